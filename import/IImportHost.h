@@ -1,0 +1,26 @@
+#pragma once
+#include <cstdint>
+#include <string>
+
+namespace clb {
+
+/// The main window, as the import sees it.
+class IImportHost {
+public:
+    virtual ~IImportHost() = default;
+    /// Asks for a statement file; empty when the user cancels. flags and filter as the file dialog
+    /// takes them.
+    virtual std::string AskForFile(std::int32_t flags, const std::string& filter) = 0;
+    /// First panel of the status bar.
+    virtual std::string StatusText() const = 0;
+    virtual void StatusText(const std::string& text) = 0;
+    /// Draws at once what has changed.
+    virtual void Repaint() = 0;
+    virtual void WindowEnabled(bool enabled) = 0;
+    virtual void Pointer(std::int32_t code) = 0;
+    /// Whether the rows may go into the account. An unknown or empty identifier is asked for; an
+    /// empty one comes back as the chosen account's. False when the user cancels.
+    virtual bool CheckImportAccount(std::string& accountID) = 0;
+};
+
+}  // namespace clb

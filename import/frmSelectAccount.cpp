@@ -1,0 +1,184 @@
+#include "import/frmSelectAccount.h"
+
+#include "controls/Tree.h"
+#include "data/clsDatabase.h"
+#include "import/Messages.h"
+#include "views/clsView.h"
+
+namespace clb {
+
+frmSelectAccount::frmSelectAccount(clsDatabase& database, clsView& view, Tree& tree,
+                                   IModalHost& host, IMessageBox& messages)
+    : database_(database),
+      view_(view),
+      tree_(tree),
+      host_(host),
+      messages_(messages),
+      form_("frmSelectAccount", "Select Account"),
+      Label1("Label1",
+             "The account that you are importing information for, cannot be determined. What would "
+             "you like to do?"),
+      optCreate_("optAccount(0)", "Create a new account"),
+      Label4("Label4", "Description:"),
+      txtDescription("txtDescription"),
+      Label2("Label2", "Account type:"),
+      cmbAccountType("cmbAccountType"),
+      optMap_("optAccount(1)", "Map to an existing account"),
+      Label3("Label3", "Select which account:"),
+      cmbAccountID("cmbAccountID"),
+      btnOK("btnOK", "OK"),
+      btnCancel("btnCancel", "Cancel")
+{
+    const std::initializer_list<Control*> controls = {
+        &Label1,  &optCreate_, &Label4,       &txtDescription, &Label2,   &cmbAccountType,
+        &optMap_, &Label3,     &cmbAccountID, &btnOK,          &btnCancel};
+    for (Control* control : controls)
+        form_.Add(*control);
+    form_.DefaultButton(btnOK);
+    form_.CancelButton(btnCancel);
+    OptionButton::Group({&optCreate_, &optMap_});
+
+    optCreate_.Click().connect([this] { EnableFields(); });
+    optMap_.Click().connect([this] { EnableFields(); });
+    btnOK.Click().connect([this] { AcceptClicked(); });
+    btnCancel.Click().connect([this] { form_.Hide(); });
+}
+
+bool frmSelectAccount::ShowDialog(std::string& accountID)
+{
+    accountID_ = accountID;
+    hasID_ = !accountID.empty();
+    result_ = false;
+    Load();
+    form_.ShowModal(host_);
+    if (result_ && !hasID_)
+        accountID = accountID_;
+    return result_;
+}
+
+void frmSelectAccount::Load()
+{
+    txtDescription.Text("");
+    cmbAccountType.Clear();
+    for (const char* type : {"Bank", "Cash", "Credit Card", "Investment"})
+        cmbAccountType.Add(type);
+    cmbAccountType.Index(0);
+    ListAccounts();
+    optCreate_.Choose();
+}
+
+void frmSelectAccount::ListAccounts()
+{
+    cmbAccountID.Clear();
+    Recordset accounts;
+    database_.Fill(accounts, "SELECT Description FROM Account", true);
+    for (; !accounts.AtEnd(); accounts.MoveNext())
+        cmbAccountID.Add(ToText(accounts.Get("Description")));
+    accounts.Close();
+
+    const bool any = !cmbAccountID.Items().empty();
+    if (any)
+        cmbAccountID.Index(0);
+    optMap_.Enabled(any);
+}
+
+void frmSelectAccount::EnableFields()
+{
+    const bool creating = optCreate_.Value();
+    txtDescription.Enabled(creating);
+    cmbAccountType.Enabled(creating);
+    cmbAccountID.Enabled(!creating);
+}
+
+void frmSelectAccount::AcceptClicked()
+{
+    if (!(optCreate_.Value() ? CreateAccount() : MapAccount()))
+        return;
+    result_ = true;
+    form_.Hide();
+}
+
+bool frmSelectAccount::CreateAccount()
+{
+    if (txtDescription.Text().empty()) {
+        messages_.Show("You must enter an account description.", box_style::Critical,
+                       kMessageTitle);
+        return false;
+    }
+    if (accountID_.empty())
+        accountID_ = NewIdentifier();
+    Recordset accounts;
+    database_.Fill(accounts, "SELECT AccountID, Description, Type FROM Account", false);
+    accounts.AddNew();
+    accounts.Set("AccountID", accountID_);
+    accounts.Set("Description", txtDescription.Text());
+    accounts.Set("Type", cmbAccountType.Text());
+    accounts.Update();
+    accounts.Close();
+    ShowInTree();
+    return true;
+}
+
+bool frmSelectAccount::MapAccount()
+{
+    if (cmbAccountID.Index() < 0)
+        return false;
+    if (hasID_)
+        MapToStatement();
+    else
+        MapToExisting();
+    return true;
+}
+
+void frmSelectAccount::MapToStatement()
+{
+    database_.Execute("UPDATE Account SET AccountID = '" + clsDatabase::ToSqlString(accountID_) +
+                      "' WHERE Description = '" + clsDatabase::ToSqlString(cmbAccountID.Text()) +
+                      "'");
+    ShowInTree();
+    FollowShownAccount();
+}
+
+void frmSelectAccount::MapToExisting()
+{
+    Recordset accounts;
+    database_.Fill(accounts,
+                   "SELECT AccountID FROM Account WHERE Description = '" +
+                       clsDatabase::ToSqlString(cmbAccountID.Text()) + "'",
+                   true);
+    accountID_ = ToText(accounts.Get("AccountID"));
+    accounts.Close();
+}
+
+std::string frmSelectAccount::NewIdentifier()
+{
+    const std::string base = "New Account";
+    std::string candidate = base;
+    for (int n = 2; database_.RowExists("Account", "AccountID = '" + candidate + "'"); ++n)
+        candidate = base + " (" + std::to_string(n) + ")";
+    return candidate;
+}
+
+void frmSelectAccount::ShowInTree()
+{
+    view_.BuildTree();
+    for (const std::int32_t view : {vwAccount, vwInvestment, vwLoan}) {
+        const std::int32_t node = view_.FindTreeNodeByTag(clsView::AccountTag(view, accountID_));
+        if (node > 0)
+            return tree_.Select(node);
+    }
+}
+
+/// The shown account had its number changed when it is gone from the new tree and the mapped one is
+/// of its kind: then the view goes on under the new number.
+void frmSelectAccount::FollowShownAccount()
+{
+    const std::int32_t view = view_.View();
+    if (view != vwAccount && view != vwInvestment && view != vwLoan)
+        return;
+    const bool gone = view_.FindTreeNodeByTag(clsView::AccountTag(view, view_.AccountID())) == 0;
+    if (gone && view_.FindTreeNodeByTag(clsView::AccountTag(view, accountID_)) != 0)
+        view_.AccountID(accountID_);
+}
+
+}  // namespace clb

@@ -1,0 +1,64 @@
+#pragma once
+#include <string>
+
+#include "controls/Form.h"
+#include "controls/Inputs.h"
+#include "ports/IMessageBox.h"
+
+namespace clb {
+
+class clsDatabase;
+class clsView;
+class Tree;
+
+/// The dialog "Select Account": into which account a statement goes when its own is not known.
+class frmSelectAccount {
+public:
+    /// All borrowed; they outlive the dialog.
+    frmSelectAccount(clsDatabase& database, clsView& view, Tree& tree, IModalHost& host,
+                     IMessageBox& messages);
+
+    /// True when an account now exists for the import. An empty accountID is then set to the chosen
+    /// or created account's; another stays.
+    bool ShowDialog(std::string& accountID);
+
+    Form& Window() { return form_; }
+
+private:
+    void Load();
+    void ListAccounts();
+    void EnableFields();
+    void AcceptClicked();
+    bool CreateAccount();
+    bool MapAccount();
+    void MapToStatement();
+    void MapToExisting();
+    std::string NewIdentifier();
+    void ShowInTree();
+    void FollowShownAccount();
+
+    clsDatabase& database_;
+    clsView& view_;
+    Tree& tree_;
+    IModalHost& host_;
+    IMessageBox& messages_;
+
+    Form form_;
+    Label Label1;
+    OptionButton optCreate_;
+    Label Label4;
+    TextBox txtDescription;
+    Label Label2;
+    ListBox cmbAccountType;
+    OptionButton optMap_;
+    Label Label3;
+    ListBox cmbAccountID;
+    Button btnOK;
+    Button btnCancel;
+
+    std::string accountID_;
+    bool hasID_ = false;
+    bool result_ = false;
+};
+
+}  // namespace clb

@@ -1,0 +1,113 @@
+#include "import/modImport.h"
+
+#include "base/Text.h"
+#include "data/clsDatabase.h"
+#include "import/FileLines.h"
+#include "import/Messages.h"
+#include "import/StatementFile.h"
+#include "views/clsView.h"
+
+namespace clb {
+namespace {
+
+constexpr std::int32_t kMarkup = 2;
+constexpr std::int32_t kQif = 3;
+constexpr std::int32_t kUnknown = 0;
+
+/// The file must exist (4096), the read-only box is hidden (4).
+constexpr std::int32_t kDialogFlags = 4096 + 4;
+constexpr const char* kDialogFilter = "All Financial Files|*.ofx;*.qfx;*.ofc;*.qif|All Files|*.*";
+
+constexpr std::int32_t kDefaultPointer = 0;
+constexpr std::int32_t kHourglass = 11;
+
+std::string_view FirstNonEmptyLine(FileLines& lines)
+{
+    std::string_view line;
+    while (line.empty() && !lines.AtEnd())
+        line = lines.ReadLine();
+    return line;
+}
+
+bool EndsWithQif(std::string_view path)
+{
+    return path.size() >= 4 && EqualsIgnoringCase(path.substr(path.size() - 4), ".QIF");
+}
+
+/// What follows the first line of the header: one item, normally the kind of data, and the version.
+bool IsKnownVersion(FileLines& lines)
+{
+    if (!lines.AtEnd())
+        lines.ReadItem();
+    return !lines.AtEnd() && lines.ReadLine() == "VERSION:102";
+}
+
+}  // namespace
+
+modImport::modImport(clsDatabase& database, clsView& view, IImportHost& host, IMessageBox& messages)
+    : database_(database), view_(view), host_(host), messages_(messages)
+{
+}
+
+void modImport::ImportFile()
+{
+    const std::string path = host_.AskForFile(kDialogFlags, kDialogFilter);
+    if (path.empty())
+        return;
+    const std::string statusBefore = host_.StatusText();
+    host_.StatusText("Importing " + path + "...");
+    host_.Repaint();
+    host_.WindowEnabled(false);
+    host_.Pointer(kHourglass);
+
+    FixLineEndings(path);
+    if (!ImportByFormat(path))
+        return;  // On purpose: status text, pointer and the disabled window stay as they are.
+    RebalanceAll();
+    view_.Refresh();
+
+    host_.Pointer(kDefaultPointer);
+    host_.StatusText(statusBefore);
+    host_.WindowEnabled(true);
+}
+
+bool modImport::ImportByFormat(const std::string& path)
+{
+    switch (DetectFileFormat(path)) {
+        case kMarkup:
+            ImportOFX(path);
+            return true;
+        case kQif:
+            ImportQIF(path);
+            return true;
+        default:
+            messages_.Show("Invalid file format.", box_style::Critical, kMessageTitle);
+            return false;
+    }
+}
+
+void modImport::RebalanceAll()
+{
+    Recordset accounts;
+    database_.Fill(accounts, "SELECT AccountID, Type FROM Account", true);
+    for (; !accounts.AtEnd(); accounts.MoveNext()) {
+        std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
+        std::string accountID = ToText(accounts.Get("AccountID"));
+        database_.UpdateBalance(view, accountID);
+    }
+    accounts.Close();
+}
+
+std::int32_t modImport::DetectFileFormat(const std::string& path)
+{
+    const std::string text = ReadStatement(path);
+    FileLines lines(text);
+    const std::string_view line = FirstNonEmptyLine(lines);
+    if (EndsWithQif(path))
+        return kQif;
+    if (line == "OFXHEADER:100")
+        return IsKnownVersion(lines) ? kMarkup : kUnknown;
+    return line.starts_with("<OFC>") ? kMarkup : kUnknown;
+}
+
+}  // namespace clb

@@ -1,0 +1,58 @@
+#pragma once
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "import/IImportHost.h"
+#include "ports/IMessageBox.h"
+
+namespace clb {
+
+class clsDatabase;
+class clsView;
+
+/// Reads statement files into accounts. All members borrowed; they outlive the import.
+class modImport {
+public:
+    modImport(clsDatabase& database, clsView& view, IImportHost& host, IMessageBox& messages);
+
+    /// The import command: asks for a file and reads it into its account, then recomputes every
+    /// account's balance and reloads the view. A file of no known kind is told, and the window
+    /// stays as it is at that moment. Throws RuntimeError when the file cannot be opened or
+    /// repaired.
+    void ImportFile();
+
+    /// Repairs a file whose first line, up to the first carriage return, holds bare line feeds:
+    /// that part is written anew with carriage return and line feed, the former file stays as
+    /// path + ".org". Throws RuntimeError when path + ".org" exists or a file cannot be written.
+    static void FixLineEndings(const std::string& path);
+    /// 2 = OFX, QFX or OFC, 3 = QIF, 0 = none of these. Throws RuntimeError when it cannot be read.
+    static std::int32_t DetectFileFormat(const std::string& path);
+    /// Reads an OFX, QFX or OFC file; tells its own errors.
+    void ImportOFX(const std::string& path);
+    /// Tells that QIF files cannot be read, and adds nothing.
+    void ImportQIF(const std::string& path);
+
+private:
+    bool ImportByFormat(const std::string& path);
+    void RebalanceAll();
+
+    clsDatabase& database_;
+    clsView& view_;
+    IImportHost& host_;
+    IMessageBox& messages_;
+};
+
+/// The texts between the tags of a statement file. Positions are 1-based and count characters.
+namespace statement_tags {
+/// Moves pos to the next occurrence at or after it; false, and pos as it was, when there is none.
+bool FindTag(std::int32_t& pos, std::string_view text, std::string_view what);
+/// Value behind the next such tag, up to the next "<" or carriage return, without outer blanks;
+/// empty when the tag is absent.
+std::string GetTagValue(std::int32_t pos, std::string_view text, std::string_view tag);
+/// What stands between <name> and </name>; pos is moved past the closing tag. Empty, and pos as it
+/// was, when either is absent.
+std::string GetTagBlock(std::int32_t& pos, std::string_view text, std::string_view name);
+}  // namespace statement_tags
+
+}  // namespace clb

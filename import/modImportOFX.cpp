@@ -1,0 +1,199 @@
+#include "base/Date.h"
+#include "base/Money.h"
+#include "base/Numeric.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "data/clsDatabase.h"
+#include "import/Messages.h"
+#include "import/StatementFile.h"
+#include "import/StatementScan.h"
+#include "import/modImport.h"
+
+namespace clb {
+namespace {
+
+namespace scan = statement_scan;
+
+/// The account is searched behind the first five characters, the length of "<OFC>".
+constexpr std::size_t kSearchStart = 5;
+constexpr std::size_t kMemoLength = 50;
+constexpr const char* kNoCategory = "(none)";
+
+/// What a statement says of one transaction.
+struct StatementTransaction {
+    std::string fitid;
+    std::string checkID;
+    Month month;
+    Date postDate;
+    Money amount;
+    std::string name;
+    std::string memo;
+};
+
+/// Characters of a text by 0-based position; fewer, or none, when the text is shorter.
+std::string Characters(std::string_view text, std::size_t first, std::size_t count)
+{
+    return Left(text.substr(ByteOffset(text, first)), count);
+}
+
+/// One run over one statement file. What it holds when an error leaves it tells the user where the
+/// reading stood.
+class OfxReader {
+public:
+    OfxReader(clsDatabase& database, IImportHost& host) : database_(database), host_(host) {}
+
+    void Read(const std::string& path);
+
+    const std::string& Text() const { return text_; }
+    /// The piece that was being converted; empty when it was none.
+    const std::string& WorkingText() const { return working_; }
+
+private:
+    void ReadTransactions(std::size_t from);
+    bool IsKnown(std::string_view fitid);
+    StatementTransaction Convert(std::string_view block);
+    void ConvertDate(std::string_view stamp, StatementTransaction& transaction);
+    Money ConvertAmount(std::string_view block);
+    std::int32_t ConvertLong(std::string piece);
+    void Add(const StatementTransaction& transaction);
+    void SetFields(const StatementTransaction& transaction);
+    void ProvideBudgetLine(Month month);
+
+    clsDatabase& database_;
+    IImportHost& host_;
+    std::string text_;
+    std::string working_;
+    std::string accountID_;
+    Recordset rows_;
+    Month last_;
+};
+
+void OfxReader::Read(const std::string& path)
+{
+    text_ = ReadStatement(path);
+    const std::size_t account = scan::Find(text_, "<ACCTID>", ByteOffset(text_, kSearchStart));
+    if (account == scan::None)
+        return;
+    accountID_ = scan::Value(text_, "<ACCTID>", account);
+    if (!host_.CheckImportAccount(accountID_))
+        return;
+    database_.Fill(rows_,
+                   "SELECT AccountID, PostDate, Amount, Description, FITID, CheckID, Period, Year, "
+                   "Category, PayeeName AS Notes, Sequence FROM Trans WHERE AccountID = '" +
+                       clsDatabase::ToSqlString(accountID_) + "'",
+                   false);
+    ReadTransactions(account);
+    rows_.Close();
+}
+
+/// Every transaction behind the first account's number goes into that account, whichever statement
+/// of the file it stands in.
+void OfxReader::ReadTransactions(std::size_t from)
+{
+    for (;;) {
+        const std::string_view block = scan::Block(text_, "STMTTRN", from);
+        if (block.empty())
+            return;
+        if (!IsKnown(scan::Value(block, "<FITID>", 0)))
+            Add(Convert(block));
+    }
+}
+
+/// On purpose the identifier is not doubled: a quote in it makes the criterion an error.
+bool OfxReader::IsKnown(std::string_view fitid)
+{
+    return clsDatabase::CanFind(rows_, "FITID = '" + std::string(fitid) + "'");
+}
+
+StatementTransaction OfxReader::Convert(std::string_view block)
+{
+    StatementTransaction transaction;
+    transaction.fitid = scan::Value(block, "<FITID>", 0);
+    if (scan::Value(block, "<TRNTYPE>", 0) == "CHECK")
+        transaction.checkID = scan::Value(block, "<CHECKNUM>", 0);
+    ConvertDate(scan::Value(block, "<DTPOSTED>", 0), transaction);
+    transaction.amount = ConvertAmount(block);
+    transaction.name = scan::Value(block, "<NAME>", 0);
+    if (transaction.name.empty())
+        transaction.name = "(blank)";
+    transaction.memo = Left(scan::Value(block, "<MEMO>", 0), kMemoLength);
+    return transaction;
+}
+
+/// yyyymmdd and what may follow; time of day and zone are ignored.
+void OfxReader::ConvertDate(std::string_view stamp, StatementTransaction& transaction)
+{
+    transaction.month.year = ConvertLong(Characters(stamp, 0, 4));
+    transaction.month.period = ConvertLong(Characters(stamp, 4, 2));
+    working_ = std::to_string(transaction.month.year) + "/" +
+               std::to_string(transaction.month.period) + "/" + Characters(stamp, 6, 2);
+    const auto date = DateText::YearMonthDay(working_);
+    if (!date)
+        throw TypeMismatch();
+    transaction.postDate = *date;
+    working_.clear();
+}
+
+Money OfxReader::ConvertAmount(std::string_view block)
+{
+    working_ = "<TRNAMT>";
+    const Money amount = Money::Parse(scan::Value(block, working_, 0));
+    working_.clear();
+    return amount;
+}
+
+std::int32_t OfxReader::ConvertLong(std::string piece)
+{
+    working_ = std::move(piece);
+    const std::int32_t number = ParseLong(working_);
+    working_.clear();
+    return number;
+}
+
+void OfxReader::Add(const StatementTransaction& transaction)
+{
+    rows_.AddNew();
+    SetFields(transaction);
+    ProvideBudgetLine(transaction.month);
+    rows_.Update();
+}
+
+void OfxReader::SetFields(const StatementTransaction& transaction)
+{
+    rows_.Set("AccountID", accountID_);
+    rows_.Set("FITID", transaction.fitid);
+    rows_.Set("CheckID", transaction.checkID);
+    rows_.Set("Year", transaction.month.year);
+    rows_.Set("Period", transaction.month.period);
+    rows_.Set("PostDate", transaction.postDate);
+    rows_.Set("Amount", transaction.amount);
+    rows_.Set("Description", transaction.name);
+    rows_.Set("Notes", transaction.memo);
+    rows_.Set("Category", kNoCategory);
+    rows_.Set("Sequence", database_.GetNextSequence());
+}
+
+/// Asked for at each change of month only: a statement's rows are mostly in order of date.
+void OfxReader::ProvideBudgetLine(Month month)
+{
+    if (month == last_)
+        return;
+    last_ = month;
+    database_.CreateBudgetEntry(kNoCategory, month.year, month.period, kNoCategory, Money());
+}
+
+}  // namespace
+
+void modImport::ImportOFX(const std::string& path)
+{
+    OfxReader reader(database_, host_);
+    try {
+        reader.Read(path);
+    } catch (const RuntimeError&) {
+        messages_.Show("Invalid data was found while importing:\n" + reader.WorkingText() + "\n" +
+                           reader.Text(),
+                       box_style::Exclamation, kMessageTitle);
+    }
+}
+
+}  // namespace clb
