@@ -1,0 +1,35 @@
+# shellcheck shell=bash
+# The Debian packages that building, running and testing need, and a function that installs those that
+# are missing. Sourced by ./run and ./test.
+
+clb_packages=(
+    # building
+    g++ cmake ninja-build pkg-config
+    libsqlite3-dev libutf8proc-dev libsigc++-3.0-dev nlohmann-json3-dev libcli11-dev
+    qt6-base-dev libqt6svg6-dev libgl1-mesa-dev
+    # running
+    libqt6svg6 qt6-qpa-plugins fonts-dejavu-core
+    # testing
+    libgtest-dev libgmock-dev libbenchmark-dev sqlite3 xvfb xdotool x11-apps imagemagick
+)
+
+clb_install_missing() {
+    local missing=() package
+    for package in "${clb_packages[@]}"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "Installing: ${missing[*]}" >&2
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || {
+            echo "These packages are missing and sudo is not there to install them: ${missing[*]}" >&2
+            return 1
+        }
+        as_root=(sudo)
+    fi
+    "${as_root[@]}" apt-get update -qq >&2 &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+}

@@ -1,0 +1,121 @@
+// The folders of the program form a ladder: a folder includes only folders above it.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kSource = CLB_SOURCE;
+
+/// What each folder may include besides itself.
+const std::map<std::string, std::set<std::string>> kLadder = {
+    {"base", {}},
+    {"ports", {"base"}},
+    {"engine", {"base"}},
+    {"controls", {"base", "ports", "engine"}},
+    {"data", {"base", "engine"}},
+    {"grid", {"base", "ports", "engine", "controls", "data"}},
+    {"views", {"base", "ports", "engine", "controls", "data", "grid"}},
+    {"import", {"base", "ports", "engine", "controls", "data", "grid", "views"}},
+    {"export", {"base", "ports", "engine", "controls", "data", "grid", "views"}},
+    {"quotes", {"base", "ports", "engine", "controls", "data", "grid", "views"}},
+    {"app",
+     {"base", "ports", "engine", "controls", "data", "grid", "views", "import", "export", "quotes"}},
+    {"platform", {"base", "ports"}},
+    {"automation",
+     {"base", "ports", "engine", "controls", "data", "grid", "views", "import", "export", "quotes",
+      "app", "platform"}},
+    {"cli",
+     {"base", "ports", "engine", "controls", "data", "grid", "views", "import", "export", "quotes",
+      "app", "platform", "automation"}},
+    {"desktop",
+     {"base", "ports", "engine", "controls", "data", "grid", "views", "import", "export", "quotes",
+      "app", "platform", "automation"}},
+};
+
+bool IsSource(const fs::path& path)
+{
+    return path.extension() == ".h" || path.extension() == ".cpp";
+}
+
+/// The names between quotes or angle brackets of all include lines of a file.
+std::vector<std::string> IncludesOf(const fs::path& path)
+{
+    static const std::regex include(R"(^\s*#\s*include\s*["<]([^">]+)[">])");
+    std::vector<std::string> names;
+    std::ifstream in(path);
+    std::smatch match;
+    for (std::string line; std::getline(in, line);)
+        if (std::regex_search(line, match, include))
+            names.push_back(match[1]);
+    return names;
+}
+
+std::vector<fs::path> SourcesOf(const std::string& folder)
+{
+    std::vector<fs::path> sources;
+    if (fs::exists(kSource / folder))
+        for (const auto& entry : fs::recursive_directory_iterator(kSource / folder))
+            if (entry.is_regular_file() && IsSource(entry.path()))
+                sources.push_back(entry.path());
+    return sources;
+}
+
+TEST(LadderTest, EveryFolderIncludesOnlyFoldersAboveIt)
+{
+    std::size_t seen = 0;
+    for (const auto& [folder, above] : kLadder) {
+        for (const fs::path& source : SourcesOf(folder)) {
+            for (const std::string& name : IncludesOf(source)) {
+                const std::string target = name.substr(0, name.find('/'));
+                if (name.find('/') == std::string::npos || !kLadder.contains(target))
+                    continue;
+                ++seen;
+                EXPECT_TRUE(target == folder || above.contains(target))
+                    << folder << "/ includes " << target << "/: not on the ladder (" << source.string()
+                    << ")";
+            }
+        }
+    }
+    EXPECT_GT(seen, 100U);
+}
+
+TEST(LadderTest, OnlyTheEngineSeesTheStorage)
+{
+    for (const auto& [folder, above] : kLadder)
+        for (const fs::path& source : SourcesOf(folder))
+            for (const std::string& name : IncludesOf(source))
+                EXPECT_FALSE(name == "sqlite3.h" && folder != "engine") << source.string();
+}
+
+TEST(LadderTest, OnlyTheWindowSeesItsToolkit)
+{
+    for (const auto& [folder, above] : kLadder)
+        for (const fs::path& source : SourcesOf(folder))
+            for (const std::string& name : IncludesOf(source))
+                EXPECT_FALSE(name.starts_with('Q') && folder != "desktop")
+                    << source.string() << " includes " << name;
+}
+
+TEST(LadderTest, EverySourceFolderStandsOnTheLadder)
+{
+    const std::set<std::string> beside = {"tests", "bench", "packaging", "docs", "cmake", "build"};
+    for (const auto& entry : fs::directory_iterator(kSource)) {
+        const std::string name = entry.path().filename().string();
+        if (!entry.is_directory() || name.starts_with('.') || beside.contains(name))
+            continue;
+        if (!SourcesOf(name).empty())
+            EXPECT_TRUE(kLadder.contains(name)) << name << "/ is not on the ladder";
+    }
+}
+
+}  // namespace
