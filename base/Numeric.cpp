@@ -1,0 +1,260 @@
+#include "base/Numeric.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "base/RuntimeError.h"
+
+namespace clb {
+namespace {
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// Reads a numeric text from left to right; each member consumes what it names.
+class Scanner {
+public:
+    explicit Scanner(std::string_view text) : rest_(text) {}
+
+    bool AtEnd() const { return rest_.empty(); }
+    char Peek() const { return rest_.empty() ? '\0' : rest_.front(); }
+    bool Take(char c)
+    {
+        if (Peek() != c || rest_.empty())
+            return false;
+        rest_.remove_prefix(1);
+        return true;
+    }
+    void SkipBlanks()
+    {
+        while (Peek() == ' ' || Peek() == '\t')
+            rest_.remove_prefix(1);
+    }
+    std::string_view Digits()
+    {
+        std::size_t n = 0;
+        while (n < rest_.size() && IsDigit(rest_[n]))
+            ++n;
+        const auto digits = rest_.substr(0, n);
+        rest_.remove_prefix(n);
+        return digits;
+    }
+
+private:
+    std::string_view rest_;
+};
+
+/// The digits before the period. False when a comma stands elsewhere than between thousands.
+bool TakeWhole(Scanner& in, std::string& digits)
+{
+    const auto first = in.Digits();
+    digits = first;
+    if (in.Peek() != ',')
+        return true;
+    if (first.empty() || first.size() > 3)
+        return false;
+    while (in.Take(',')) {
+        const auto group = in.Digits();
+        if (group.size() != 3)
+            return false;
+        digits += group;
+    }
+    return true;
+}
+
+bool TakeExponent(Scanner& in, std::int64_t& exponent)
+{
+    if (!in.Take('e') && !in.Take('E'))
+        return true;
+    const bool negative = in.Take('-');
+    if (!negative)
+        in.Take('+');
+    const auto digits = in.Digits();
+    if (digits.empty())
+        return false;
+    // Beyond this every value is out of any range or zero; the bound keeps the sum in 64 bits.
+    constexpr std::int64_t kBound = 1'000'000'000;
+    for (const char c : digits)
+        exponent = std::min(kBound, exponent * 10 + (c - '0'));
+    if (negative)
+        exponent = -exponent;
+    return true;
+}
+
+/// Signs, currency mark and parenthesis in front, in any order, each at most once.
+struct Front {
+    bool sign = false;
+    bool negative = false;
+    bool dollar = false;
+    bool parenthesis = false;
+
+    void Take(Scanner& in)
+    {
+        for (;;) {
+            in.SkipBlanks();
+            if (!sign && !parenthesis && (in.Peek() == '-' || in.Peek() == '+')) {
+                sign = true;
+                negative = in.Peek() == '-';
+                in.Take(in.Peek());
+            } else if (!dollar && in.Take('$')) {
+                dollar = true;
+            } else if (!parenthesis && !sign && in.Take('(')) {
+                parenthesis = true;
+            } else {
+                return;
+            }
+        }
+    }
+    /// What may stand behind the number; false when a parenthesis stays open.
+    bool TakeBehind(Scanner& in)
+    {
+        bool closed = false;
+        for (;;) {
+            in.SkipBlanks();
+            if (!sign && !parenthesis && (in.Peek() == '-' || in.Peek() == '+')) {
+                sign = true;
+                negative = in.Peek() == '-';
+                in.Take(in.Peek());
+            } else if (!dollar && in.Take('$')) {
+                dollar = true;
+            } else if (parenthesis && !closed && in.Take(')')) {
+                closed = true;
+            } else {
+                return closed == parenthesis;
+            }
+        }
+    }
+};
+
+}  // namespace
+
+std::optional<Numeric> Numeric::Read(std::string_view text)
+{
+    Scanner in(text);
+    Front front;
+    front.Take(in);
+
+    std::string whole;
+    if (!TakeWhole(in, whole))
+        return std::nullopt;
+    std::string_view fraction;
+    if (in.Take('.'))
+        fraction = in.Digits();
+    if (whole.empty() && fraction.empty())
+        return std::nullopt;
+    std::int64_t exponent = 0;
+    if (!TakeExponent(in, exponent) || !front.TakeBehind(in) || !in.AtEnd())
+        return std::nullopt;
+
+    Numeric number;
+    number.negative_ = front.negative || front.parenthesis;
+    number.digits_ = whole;
+    number.digits_ += fraction;
+    number.exponent_ = exponent + static_cast<std::int64_t>(whole.size());
+    const std::size_t zeros = std::min(number.digits_.find_first_not_of('0'), number.digits_.size());
+    number.digits_.erase(0, zeros);
+    number.exponent_ -= static_cast<std::int64_t>(zeros);
+    return number;
+}
+
+std::int64_t Numeric::Scaled(int decimals) const
+{
+    if (digits_.empty())
+        return 0;
+    const std::int64_t places = exponent_ + decimals;  // digits kept before rounding
+    if (places > 19)
+        throw Overflow();
+    if (places < 0)
+        return 0;
+    const auto kept = static_cast<std::size_t>(places);
+    std::uint64_t value = 0;
+    for (std::size_t i = 0; i < kept; ++i) {
+        const auto digit = static_cast<std::uint64_t>(i < digits_.size() ? digits_[i] - '0' : 0);
+        if (__builtin_mul_overflow(value, std::uint64_t{10}, &value) ||
+            __builtin_add_overflow(value, digit, &value))
+            throw Overflow();
+    }
+    if (kept < digits_.size()) {
+        const bool above = digits_[kept] > '5' ||
+                           (digits_[kept] == '5' &&
+                            digits_.find_first_not_of('0', kept + 1) != std::string::npos);
+        if (above || (digits_[kept] == '5' && value % 2 == 1))
+            ++value;
+    }
+    const std::uint64_t limit =
+        static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + (negative_ ? 1 : 0);
+    if (value > limit)
+        throw Overflow();
+    return static_cast<std::int64_t>(negative_ ? ~value + 1 : value);
+}
+
+double Numeric::ToDouble() const
+{
+    if (digits_.empty())
+        return 0;
+    const std::string plain =
+        (negative_ ? "-0." : "0.") + digits_ + "e" + std::to_string(exponent_);
+    double value = 0;
+    const auto read = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+    if (read.ec == std::errc::result_out_of_range) {
+        if (exponent_ < 0)
+            return 0;
+        throw Overflow();
+    }
+    return value;
+}
+
+std::string Numeric::GroupDigits(std::string digits)
+{
+    for (std::size_t at = digits.size(); at > 3;) {
+        at -= 3;
+        digits.insert(at, ",");
+    }
+    return digits;
+}
+
+bool IsNumeric(std::string_view text) { return Numeric::Read(text).has_value(); }
+
+std::int32_t ParseLong(std::string_view text)
+{
+    const auto number = Numeric::Read(text);
+    if (!number)
+        throw TypeMismatch();
+    const std::int64_t value = number->Scaled(0);
+    if (value < std::numeric_limits<std::int32_t>::min() ||
+        value > std::numeric_limits<std::int32_t>::max())
+        throw Overflow();
+    return static_cast<std::int32_t>(value);
+}
+
+double ParseDouble(std::string_view text)
+{
+    const auto number = Numeric::Read(text);
+    if (!number)
+        throw TypeMismatch();
+    return number->ToDouble();
+}
+
+namespace {
+
+template <typename Real>
+std::string Shortest(Real value)
+{
+    if (value == 0)
+        return "0";
+    char buffer[64];
+    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
+    std::string text(buffer, end);
+    for (char& c : text)
+        if (c == 'e')
+            c = 'E';
+    return text;
+}
+
+}  // namespace
+
+std::string ToText(double value) { return Shortest(value); }
+std::string ToText(float value) { return Shortest(value); }
+
+}  // namespace clb

@@ -1,0 +1,43 @@
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace clb {
+
+/// A number as a text writes it, kept as decimal digits so that nothing is lost before rounding.
+///
+/// Numeric texts, whatever the machine's locale: blanks around; one sign in front or behind, or
+/// parentheses for negative; one "$"; a period as decimal separator; "," only as proper thousands
+/// grouping (one to three digits, then groups of exactly three); an exponent.
+class Numeric {
+public:
+    /// Nothing when the text is not numeric.
+    static std::optional<Numeric> Read(std::string_view text);
+
+    /// The value times 10^decimals, half to even. Throws Overflow() beyond 64 bits.
+    std::int64_t Scaled(int decimals) const;
+    double ToDouble() const;
+
+    /// "1234567" becomes "1,234,567"; takes digits only.
+    static std::string GroupDigits(std::string digits);
+
+private:
+    bool negative_ = false;
+    std::string digits_;    // significant digits without leading zeros; empty for zero
+    std::int64_t exponent_ = 0;  // value = 0.digits * 10^exponent
+};
+
+/// Whether the text is numeric.
+bool IsNumeric(std::string_view text);
+/// Whole number, half to even. Throws TypeMismatch() for other texts, Overflow() beyond 32 bits.
+std::int32_t ParseLong(std::string_view text);
+/// Throws TypeMismatch() for other texts and Overflow() for what no double holds.
+double ParseDouble(std::string_view text);
+/// The shortest decimal text that reads back as the same number ("0.1", "1E+20").
+std::string ToText(double value);
+/// As above in single precision.
+std::string ToText(float value);
+
+}  // namespace clb

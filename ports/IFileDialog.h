@@ -1,0 +1,44 @@
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace clb {
+
+/// Flags of a file dialog that the program uses.
+namespace file_flags {
+inline constexpr std::int32_t OverwritePrompt = 2;
+inline constexpr std::int32_t HideReadOnly = 4;
+inline constexpr std::int32_t PathMustExist = 2048;
+inline constexpr std::int32_t FileMustExist = 4096;
+}  // namespace file_flags
+
+/// How a file dialog opens.
+struct FileQuestion {
+    bool save = false;
+    std::string filter;  ///< pairs of description and pattern, divided and ended by "|"
+    std::int32_t filterIndex = 1;  ///< 1-based pair
+    std::int32_t flags = 0;        ///< sum of file_flags
+    std::string title;             ///< empty: the dialog's own
+    std::string folder;            ///< empty: the last one used
+    std::string name;              ///< file name it opens with
+    std::string defaultExtension;  ///< added to a name typed without one; empty: none
+};
+
+/// What the user chose.
+struct FileChoice {
+    std::string path;
+    std::string folder;
+    std::int32_t filterIndex = 1;
+    std::int32_t flags = 0;
+};
+
+/// The system's dialogs for choosing a file.
+class IFileDialog {
+public:
+    virtual ~IFileDialog() = default;
+    /// Nothing when the user cancels.
+    virtual std::optional<FileChoice> Ask(const FileQuestion& question) = 0;
+};
+
+}  // namespace clb

@@ -1,0 +1,34 @@
+#pragma once
+#include <cstdint>
+#include <string>
+
+namespace clb {
+
+/// Which button closed a message box.
+enum class BoxAnswer { OK, Cancel, Yes, No };
+
+/// What a message box looks like: one icon plus one set of buttons.
+namespace box_style {
+inline constexpr std::int32_t OkOnly = 0;
+inline constexpr std::int32_t YesNo = 4;
+inline constexpr std::int32_t Critical = 16;
+inline constexpr std::int32_t Question = 32;
+inline constexpr std::int32_t Exclamation = 48;
+inline constexpr std::int32_t Information = 64;
+
+/// The part of a style that names the buttons.
+constexpr std::int32_t Buttons(std::int32_t style) { return style & 7; }
+/// The part of a style that names the icon.
+constexpr std::int32_t Icon(std::int32_t style) { return style & 0x70; }
+}  // namespace box_style
+
+/// Tells the user something and waits for a button.
+class IMessageBox {
+public:
+    virtual ~IMessageBox() = default;
+    /// style: icon + buttons of box_style. A text may be as long as a whole file.
+    virtual BoxAnswer Show(const std::string& text, std::int32_t style,
+                           const std::string& title) = 0;
+};
+
+}  // namespace clb

@@ -1,0 +1,20 @@
+#pragma once
+#include <cstdint>
+
+namespace clb {
+
+/// Codes of the mouse pointer.
+namespace pointer {
+inline constexpr std::int32_t Default = 0;
+inline constexpr std::int32_t Hourglass = 11;
+}  // namespace pointer
+
+/// The mouse pointer over the whole screen.
+class IPointer {
+public:
+    virtual ~IPointer() = default;
+    virtual std::int32_t Pointer() const = 0;
+    virtual void Pointer(std::int32_t code) = 0;
+};
+
+}  // namespace clb
