@@ -1,0 +1,77 @@
+#pragma once
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "controls/Control.h"
+
+namespace clb {
+
+/// One line of a menu: a command or a separator. In captions "&" stands before the access key.
+class MenuItem : public Control {
+public:
+    /// A command; a caption "-" makes a separator.
+    MenuItem(std::string name, std::string caption);
+    const std::string& Caption() const { return caption_; }
+    bool Separator() const { return caption_ == "-"; }
+    /// Runs the command; a disabled one does nothing.
+    void Press();
+    sigc::signal<void()>& Click() { return click_; }
+
+private:
+    std::string caption_;
+    sigc::signal<void()> click_;
+};
+
+/// One menu of the menu bar with its lines in order.
+class Menu : public Control {
+public:
+    Menu(std::string name, std::string caption);
+    const std::string& Caption() const { return caption_; }
+    MenuItem& Add(const std::string& name, const std::string& caption);
+    const std::deque<MenuItem>& Items() const { return items_; }
+    std::deque<MenuItem>& Items() { return items_; }
+
+private:
+    std::string caption_;
+    std::deque<MenuItem> items_;
+};
+
+/// The menus side by side.
+class MenuBar : public Control {
+public:
+    using Control::Control;
+    Menu& Add(const std::string& name, const std::string& caption);
+    std::deque<Menu>& Menus() { return menus_; }
+    /// nullptr when no menu has such an item.
+    MenuItem* Find(const std::string& item);
+
+private:
+    std::deque<Menu> menus_;
+};
+
+/// A row of buttons known by their keys.
+class Toolbar : public Control {
+public:
+    using Control::Control;
+    struct Button {
+        std::string key;
+        std::string tip;
+        bool enabled = true;
+    };
+    void Add(const std::string& key, const std::string& tip);
+    const std::vector<Button>& Buttons() const { return buttons_; }
+    /// nullptr when there is no such button.
+    const Button* Find(const std::string& key) const;
+    /// Throws RuntimeError (ElementNotFound) for an unknown key.
+    void ButtonEnabled(const std::string& key, bool enabled);
+    /// Presses a button; a disabled one does nothing.
+    void Press(const std::string& key);
+    sigc::signal<void(const std::string&)>& ButtonClick() { return buttonClick_; }
+
+private:
+    std::vector<Button> buttons_;
+    sigc::signal<void(const std::string&)> buttonClick_;
+};
+
+}  // namespace clb

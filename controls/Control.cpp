@@ -1,0 +1,21 @@
+#include "controls/Control.h"
+
+namespace clb {
+
+void Control::Enabled(bool enabled)
+{
+    if (enabled_ == enabled)
+        return;
+    enabled_ = enabled;
+    NotifyChanged();
+}
+
+void Control::Place(const Bounds& place)
+{
+    if (place_ == place)
+        return;
+    place_ = place;
+    NotifyChanged();
+}
+
+}  // namespace clb

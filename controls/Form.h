@@ -1,0 +1,82 @@
+#pragma once
+#include <string>
+#include <vector>
+
+#include "controls/Control.h"
+#include "controls/Inputs.h"
+
+namespace clb {
+
+class Form;
+
+/// Shows a form and lets the user work in it until it hides itself.
+class IModalHost {
+public:
+    virtual ~IModalHost() = default;
+    /// Returns once the form is hidden.
+    virtual void Run(Form& form) = 0;
+};
+
+/// A window: a caption, named controls in tab order, and the control that has the focus.
+/// The controls are borrowed; they outlive the form or go together with it.
+class Form {
+public:
+    Form(std::string name, std::string caption);
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    const std::string& Name() const { return name_; }
+    const std::string& Caption() const { return caption_; }
+    void Caption(const std::string& caption);
+    bool Enabled() const { return enabled_; }
+    /// A disabled window takes no input of the user.
+    void Enabled(bool enabled);
+
+    void Add(Control& control) { controls_.push_back(&control); }
+    const std::vector<Control*>& Controls() const { return controls_; }
+    /// nullptr when there is none of that name.
+    Control* Find(const std::string& name) const;
+
+    /// Control with the focus; nullptr when none has it.
+    Control* Focus() const { return focus_; }
+    /// Moves the focus. The control that has it is asked first (Validate); when it refuses, the focus
+    /// stays and the result is false. A control that has the focus keeps it and is not asked.
+    bool Focus(Control& control);
+
+    /// The button that Enter presses, and the one that Escape and closing the window press.
+    Button* DefaultButton() const { return defaultButton_; }
+    void DefaultButton(Button& button) { defaultButton_ = &button; }
+    Button* CancelButton() const { return cancelButton_; }
+    void CancelButton(Button& button) { cancelButton_ = &button; }
+
+    /// Shows the form and waits until it is hidden.
+    void ShowModal(IModalHost& host);
+    void Hide();
+    bool Visible() const { return visible_; }
+
+    /// Draws at once what has changed so far.
+    void Refresh() { repaint_.emit(); }
+
+    sigc::signal<void()>& Changed() { return changed_; }
+    sigc::signal<void()>& EnabledChanged() { return enabledChanged_; }
+    sigc::signal<void()>& FocusChanged() { return focusChanged_; }
+    sigc::signal<void()>& Hidden() { return hidden_; }
+    sigc::signal<void()>& Repaint() { return repaint_; }
+
+private:
+    std::string name_;
+    std::string caption_;
+    bool enabled_ = true;
+    bool visible_ = false;
+    std::vector<Control*> controls_;
+    Control* focus_ = nullptr;
+    Button* defaultButton_ = nullptr;
+    Button* cancelButton_ = nullptr;
+    sigc::signal<void()> changed_;
+    sigc::signal<void()> enabledChanged_;
+    sigc::signal<void()> focusChanged_;
+    sigc::signal<void()> hidden_;
+    sigc::signal<void()> repaint_;
+};
+
+}  // namespace clb

@@ -1,0 +1,258 @@
+#include "controls/GridComponent.h"
+
+#include <algorithm>
+
+#include "base/Numeric.h"
+#include "base/RuntimeError.h"
+#include "engine/Recordset.h"
+
+namespace clb {
+namespace {
+
+std::string Grouped(double amount) { return Money::FromDouble(amount).Grouped(); }
+
+}  // namespace
+
+GridComponent::GridComponent(std::string name, const IDateForm& dates)
+    : Control(std::move(name)), dates_(dates)
+{
+}
+
+void GridComponent::Touch()
+{
+    if (redraw_)
+        NotifyChanged();
+}
+
+void GridComponent::DataSource(Recordset* records)
+{
+    records_ = records;
+    columns_.Clear();
+    groups_.clear();
+    editing_ = false;
+    dirty_ = false;
+    if (records_) {
+        for (const Field& field : records_->Fields()) {
+            GridColumn column;
+            column.key = column.caption = column.dbField = field.name;
+            column.dataType = field.type;
+            column.textWidth = field.width;
+            column.updatable = field.updatable && !field.counter;
+            if (field.type == FieldType::Money)
+                column.alignment = column.headingAlignment = grid_align::Right;
+            columns_.Add(std::move(column));
+        }
+    }
+    rows_.Bind(records_, columns_, groups_);
+    StandOnFirst();
+}
+
+void GridComponent::Regroup()
+{
+    rows_.Rebuild();
+    StandOnFirst();
+}
+
+void GridComponent::StandOnFirst()
+{
+    const std::size_t first = rows_.FirstData();
+    StandOn(first != 0 ? first : rows_.NewRow(), 1);
+}
+
+void GridComponent::RefetchRows()
+{
+    if (!records_)
+        return;
+    records_->Requery();
+    rows_.Rebuild();
+    StandOnFirst();
+}
+
+void GridComponent::Redraw(bool on)
+{
+    redraw_ = on;
+    redrawChanged_.emit(on);
+    Touch();
+}
+
+void GridComponent::StandOn(std::size_t row, std::int32_t column)
+{
+    row_ = std::min(row, rows_.Count());
+    col_ = column;
+    LoadRow();
+    Touch();
+}
+
+void GridComponent::LoadRow()
+{
+    cells_.assign(static_cast<std::size_t>(columns_.Count()), Null{});
+    changed_.assign(cells_.size(), false);
+    dirty_ = false;
+    key_ = Null{};
+    identity_ = 0;
+    if (row_ == 0 || rows_.Kind(row_) != GridRowKind::Data)
+        return;
+    key_ = rows_.Key(row_);
+    identity_ = rows_.Identity(row_);
+    for (std::int32_t column = 1; column <= columns_.Count(); ++column)
+        cells_[static_cast<std::size_t>(column - 1)] = rows_.Stored(row_, column);
+}
+
+void GridComponent::Col(std::int32_t column)
+{
+    columns_.Item(column);
+    if (column != col_)
+        MoveTo(row_, column);
+}
+
+bool GridComponent::MoveTo(std::size_t row, std::int32_t column)
+{
+    Freshen();
+    columns_.Item(column);
+    rows_.Kind(row);
+    if (editing_ && !EndEdit())
+        return false;
+    if (row != row_) {
+        if (!Update())
+            return false;
+        // Saving may have moved the rows.
+        row = std::min(row, rows_.Count());
+        StandOn(row, column);
+    } else {
+        col_ = column;
+        Touch();
+    }
+    rowColChange_.emit(static_cast<std::int32_t>(row_), col_);
+    return true;
+}
+
+void GridComponent::MoveToRowKey(const Value& key)
+{
+    const std::size_t row = IsNull(key) ? rows_.NewRow() : rows_.OfKey(key);
+    if (row == 0)
+        throw RuntimeError(errors::ElementNotFound, "No row has the key " + ToText(key));
+    MoveTo(row, col_);
+}
+
+GridComponent::Spot GridComponent::CurrentSpot() const
+{
+    Spot spot;
+    spot.key = key_;
+    spot.row = row_;
+    spot.identity = identity_;
+    spot.column = col_;
+    spot.newRow = row_ != 0 && rows_.Kind(row_) == GridRowKind::NewRow;
+    return spot;
+}
+
+std::size_t GridComponent::Find(const Spot& spot) const
+{
+    std::size_t row = spot.newRow ? rows_.NewRow() : 0;
+    if (row == 0 && spot.identity != 0)
+        row = rows_.OfIdentity(spot.identity);
+    if (row == 0 && !IsNull(spot.key))
+        row = rows_.OfKey(spot.key);
+    return row != 0 ? row : std::min(std::max<std::size_t>(spot.row, 1), rows_.Count());
+}
+
+void GridComponent::ReturnTo(const Spot& spot)
+{
+    const std::int32_t column = std::clamp(spot.column, 1, std::max(columns_.Count(), 1));
+    if (const std::size_t row = Find(spot); row != 0)
+        MoveTo(row, column);
+}
+
+void GridComponent::Freshen()
+{
+    if (!rows_.Stale())
+        return;
+    const Spot spot = CurrentSpot();
+    editing_ = false;
+    rows_.Rebuild();
+    row_ = Find(spot);
+    LoadRow();
+}
+
+std::int32_t GridComponent::Position() const { return row_ == 0 ? 1 : rows_.Position(row_); }
+
+Value GridComponent::ColumnValue(std::int32_t column)
+{
+    if (columns_.Item(column).Calculated())
+        return row_ == 0 ? Value{} : Fetch(row_, column);
+    return cells_[static_cast<std::size_t>(column - 1)];
+}
+
+void GridComponent::ColumnValue(std::int32_t column, const Value& value)
+{
+    const GridColumn& target = columns_.Item(column);
+    if (row_ == 0 || target.Calculated())
+        return;
+    const auto at = static_cast<std::size_t>(column - 1);
+    cells_[at] = Convert(value, target.dataType);
+    changed_[at] = true;
+    dirty_ = true;
+    Touch();
+}
+
+Value GridComponent::CellValue(std::size_t row, std::int32_t column)
+{
+    Freshen();
+    if (row == row_)
+        return ColumnValue(column);
+    return columns_.Item(column).Calculated() ? Fetch(row, column) : rows_.Stored(row, column);
+}
+
+Value GridComponent::Fetch(std::size_t row, std::int32_t column)
+{
+    if (rows_.Kind(row) != GridRowKind::Data)
+        return Null{};
+    Value value;
+    fetchColumnData_.emit(static_cast<std::int32_t>(row), column, Null{}, value);
+    if (IsEmpty(value))
+        return value;
+    return Convert(value, columns_.Item(column).dataType);
+}
+
+std::string GridComponent::ShownText(const Value& value, std::int32_t column) const
+{
+    if (IsEmpty(value))
+        return {};
+    if (const auto* money = std::get_if<Money>(&value))
+        return money->Grouped();
+    if (const auto* date = std::get_if<Date>(&value))
+        return dates_.Format(*date);
+    if (const auto* number = std::get_if<double>(&value))
+        if (columns_.Item(column).Calculated())
+            return Grouped(*number);
+    for (const GridValueItem& item : columns_.Item(column).valueItems)
+        if (item.value == value)
+            return item.text;
+    return ToText(value);
+}
+
+std::string GridComponent::CellText(std::size_t row, std::int32_t column)
+{
+    return ShownText(CellValue(row, column), column);
+}
+
+std::string GridComponent::FooterText(std::size_t row)
+{
+    std::string text;
+    if (rows_.Kind(row) == GridRowKind::GroupFooter)
+        fetchGroupFooterText_.emit(1, static_cast<std::int32_t>(row), text);
+    return text;
+}
+
+std::optional<std::string> GridComponent::CellTip(std::size_t row, std::int32_t column)
+{
+    if (cellTips_ == 0 || rows_.Kind(row) != GridRowKind::Data)
+        return std::nullopt;
+    columns_.Item(column);
+    std::string text;
+    fetchCellTip_.emit(static_cast<std::int32_t>(row), column, 0, text);
+    if (text.empty())
+        return std::nullopt;
+    return text;
+}
+
+}  // namespace clb

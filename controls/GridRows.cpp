@@ -1,0 +1,220 @@
+#include "controls/GridRows.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "engine/Recordset.h"
+
+namespace clb {
+namespace {
+
+constexpr const char* kKeyField = "Sequence";
+
+/// Evaluates a heading's expression: names and quoted texts joined by "&".
+std::string Evaluate(const std::string& expression, const std::string& value, std::size_t children)
+{
+    std::string text;
+    std::size_t at = 0;
+    while (at < expression.size()) {
+        if (expression[at] == '\'') {
+            const std::size_t end = std::min(expression.find('\'', at + 1), expression.size());
+            text += expression.substr(at + 1, end - at - 1);
+            at = end + 1;
+        } else if (expression[at] == '&' || expression[at] == ' ') {
+            ++at;
+        } else {
+            const std::size_t end = std::min(expression.find_first_of(" &'", at), expression.size());
+            const std::string name = expression.substr(at, end - at);
+            text += name == "GroupingValue"     ? value
+                    : name == "TotalChildCount" ? std::to_string(children)
+                                                : std::string();
+            at = end;
+        }
+    }
+    return text;
+}
+
+const std::string kNoGroup;
+
+}  // namespace
+
+void GridRows::Bind(Recordset* records, const GridColumns& columns, const GridGroups& groups)
+{
+    records_ = records;
+    columns_ = &columns;
+    groupings_ = &groups;
+    groups_.clear();
+    Rebuild();
+}
+
+void GridRows::Rebuild()
+{
+    if (!records_ || !records_->IsOpen()) {
+        groups_.clear();
+        rows_.clear();
+        return;
+    }
+    generation_ = records_->Generation();
+    CollectGroups();
+    Display();
+}
+
+void GridRows::CollectGroups()
+{
+    const auto count = static_cast<std::size_t>(records_->RecordCount());
+    if (groupings_->empty()) {
+        groups_.clear();
+        return;
+    }
+    std::set<std::string> folded;
+    for (const Group& group : groups_)
+        if (group.folded)
+            folded.insert(group.value);
+    groups_.clear();
+    std::map<std::string, std::size_t> known;
+    const auto field = static_cast<std::size_t>(groupings_->front().column - 1);
+    for (std::size_t record = 0; record < count; ++record) {
+        const std::string value = ToText(records_->At(record, field));
+        const auto [found, added] = known.try_emplace(value, groups_.size());
+        if (added)
+            groups_.push_back({value, {}, folded.contains(value)});
+        groups_[found->second].records.push_back(record);
+    }
+}
+
+void GridRows::Display()
+{
+    rows_.clear();
+    if (groupings_->empty()) {
+        const auto count = static_cast<std::size_t>(records_->RecordCount());
+        rows_.reserve(count + 1);
+        for (std::size_t record = 0; record < count; ++record)
+            rows_.push_back({GridRowKind::Data, record, 0});
+    }
+    for (std::size_t group = 0; group < groups_.size(); ++group) {
+        rows_.push_back({GridRowKind::GroupHeading, 0, group});
+        if (groups_[group].folded)
+            continue;
+        for (const std::size_t record : groups_[group].records)
+            rows_.push_back({GridRowKind::Data, record, group});
+        rows_.push_back({GridRowKind::GroupFooter, 0, group});
+    }
+    rows_.push_back({GridRowKind::NewRow, 0, 0});
+}
+
+const GridRows::Row& GridRows::At(std::size_t row) const
+{
+    if (row < 1 || row > rows_.size())
+        throw RuntimeError(errors::SubscriptOutOfRange, "Subscript out of range");
+    return rows_[row - 1];
+}
+
+GridRowKind GridRows::Kind(std::size_t row) const { return At(row).kind; }
+
+std::int32_t GridRows::Position(std::size_t row) const
+{
+    return At(row).kind == GridRowKind::NewRow ? 1 : 0;
+}
+
+std::size_t GridRows::Record(std::size_t row) const { return At(row).record; }
+
+Value GridRows::Key(std::size_t row) const
+{
+    const Row& shown = At(row);
+    if (shown.kind != GridRowKind::Data || columns_->Find(kKeyField) == 0)
+        return Null{};
+    return records_->At(shown.record, records_->FieldIndex(kKeyField));
+}
+
+Value GridRows::Stored(std::size_t row, std::int32_t column) const
+{
+    const Row& shown = At(row);
+    if (shown.kind != GridRowKind::Data || columns_->Item(column).Calculated())
+        return Null{};
+    return records_->At(shown.record, static_cast<std::size_t>(column - 1));
+}
+
+const std::string& GridRows::GroupValue(std::size_t row) const
+{
+    const Row& shown = At(row);
+    if (groups_.empty() || shown.kind == GridRowKind::NewRow)
+        return kNoGroup;
+    return groups_[shown.group].value;
+}
+
+std::string GridRows::HeadingText(std::size_t row) const
+{
+    const Row& shown = At(row);
+    if (shown.kind != GridRowKind::GroupHeading)
+        return {};
+    const Group& group = groups_[shown.group];
+    return Evaluate(groupings_->front().headerText, group.value, group.records.size());
+}
+
+bool GridRows::Folded(std::size_t row) const
+{
+    const Row& shown = At(row);
+    return shown.kind == GridRowKind::GroupHeading && groups_[shown.group].folded;
+}
+
+void GridRows::Fold(std::size_t row, bool folded)
+{
+    const Row& shown = At(row);
+    if (shown.kind != GridRowKind::GroupHeading || groups_[shown.group].folded == folded)
+        return;
+    groups_[shown.group].folded = folded;
+    Display();
+}
+
+std::size_t GridRows::NewRow() const { return rows_.size(); }
+
+std::size_t GridRows::FirstData() const
+{
+    const auto found = std::find_if(rows_.begin(), rows_.end(), [](const Row& row) {
+        return row.kind == GridRowKind::Data;
+    });
+    return found == rows_.end() ? 0 : static_cast<std::size_t>(found - rows_.begin()) + 1;
+}
+
+std::size_t GridRows::OfRecord(std::size_t record) const
+{
+    const auto found = std::find_if(rows_.begin(), rows_.end(), [record](const Row& row) {
+        return row.kind == GridRowKind::Data && row.record == record;
+    });
+    return found == rows_.end() ? 0 : static_cast<std::size_t>(found - rows_.begin()) + 1;
+}
+
+std::size_t GridRows::OfKey(const Value& key) const
+{
+    if (rows_.empty() || columns_->Find(kKeyField) == 0)
+        return 0;
+    const std::size_t field = records_->FieldIndex(kKeyField);
+    for (std::size_t row = 1; row <= rows_.size(); ++row)
+        if (At(row).kind == GridRowKind::Data && records_->At(At(row).record, field) == key)
+            return row;
+    return 0;
+}
+
+std::size_t GridRows::Identity(std::size_t row) const
+{
+    const Row& shown = At(row);
+    return shown.kind == GridRowKind::Data ? records_->Identity(shown.record) : 0;
+}
+
+std::size_t GridRows::OfIdentity(std::size_t identity) const
+{
+    for (std::size_t row = 1; row <= rows_.size(); ++row)
+        if (At(row).kind == GridRowKind::Data && records_->Identity(At(row).record) == identity)
+            return row;
+    return 0;
+}
+
+bool GridRows::Stale() const
+{
+    return records_ && (!records_->IsOpen() || records_->Generation() != generation_);
+}
+
+}  // namespace clb

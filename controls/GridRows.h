@@ -1,0 +1,80 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/Value.h"
+#include "controls/GridColumn.h"
+
+namespace clb {
+
+class Recordset;
+
+/// What a row of the grid is.
+enum class GridRowKind { Data = 0, GroupHeading = 1, GroupFooter = 2, NewRow = 3 };
+
+/// The rows as displayed, numbered from 1: data rows with the headings and footers of their groups,
+/// and the new-row line at the end.
+class GridRows {
+public:
+    /// Data rows of the result set, grouped; all groups open. nullptr: no rows at all.
+    void Bind(Recordset* records, const GridColumns& columns, const GridGroups& groups);
+    /// Takes the rows anew; groups that were folded stay folded.
+    void Rebuild();
+
+    std::size_t Count() const { return rows_.size(); }
+    /// Throws RuntimeError (SubscriptOutOfRange) when there is no such row.
+    GridRowKind Kind(std::size_t row) const;
+    /// 1 for the new-row line, else 0.
+    std::int32_t Position(std::size_t row) const;
+    /// Number of the result set's row, from 0, of a data row.
+    std::size_t Record(std::size_t row) const;
+    /// Value of the row key's field; null on other rows than data, the new-row line included.
+    Value Key(std::size_t row) const;
+    /// Stored value of a bound column in a data row; null elsewhere.
+    Value Stored(std::size_t row, std::int32_t column) const;
+    /// Text of the group that the row belongs to; empty when rows are not grouped.
+    const std::string& GroupValue(std::size_t row) const;
+    /// Heading text of a heading row.
+    std::string HeadingText(std::size_t row) const;
+    bool Folded(std::size_t row) const;
+    void Fold(std::size_t row, bool folded);
+
+    /// Displayed number of the new-row line, of the first data row, of a row of the result set, and
+    /// of the first data row with the key; 0 when there is none (or it is folded away).
+    std::size_t NewRow() const;
+    std::size_t FirstData() const;
+    std::size_t OfRecord(std::size_t record) const;
+    std::size_t OfKey(const Value& key) const;
+    /// Unseen identity of a data row's stored row, which survives reading the rows again; 0 for none.
+    std::size_t Identity(std::size_t row) const;
+    std::size_t OfIdentity(std::size_t identity) const;
+
+    /// Whether the result set's rows were replaced since the rows were taken.
+    bool Stale() const;
+
+private:
+    struct Row {
+        GridRowKind kind = GridRowKind::Data;
+        std::size_t record = 0;
+        std::size_t group = 0;
+    };
+    struct Group {
+        std::string value;
+        std::vector<std::size_t> records;
+        bool folded = false;
+    };
+    const Row& At(std::size_t row) const;
+    void CollectGroups();
+    void Display();
+
+    Recordset* records_ = nullptr;
+    const GridColumns* columns_ = nullptr;
+    const GridGroups* groupings_ = nullptr;
+    std::uint64_t generation_ = 0;
+    std::vector<Group> groups_;
+    std::vector<Row> rows_;
+};
+
+}  // namespace clb

@@ -1,0 +1,114 @@
+#include "controls/Tree.h"
+
+#include <algorithm>
+
+#include "base/RuntimeError.h"
+
+namespace clb {
+
+void Tree::Touch()
+{
+    if (updates_ == 0)
+        NotifyChanged();
+}
+
+Tree::Batch::~Batch()
+{
+    --tree_.updates_;
+    tree_.Touch();
+}
+
+void Tree::Clear()
+{
+    nodes_.clear();
+    selected_ = 0;
+    Touch();
+}
+
+std::int32_t Tree::Add(std::int32_t parent, const std::string& key, const std::string& text,
+                       std::int32_t image, std::int32_t selectedImage)
+{
+    if (parent != 0)
+        Node(parent);
+    const auto taken = [&key](const TreeNode& node) { return node.key == key; };
+    if (!key.empty() && std::any_of(nodes_.begin(), nodes_.end(), taken))
+        throw RuntimeError(errors::KeyNotUnique, "Key is not unique in collection");
+    nodes_.push_back({parent, key, text, "", image, selectedImage, false});
+    if (selected_ == 0)
+        selected_ = 1;
+    Touch();
+    return Count();
+}
+
+const TreeNode& Tree::Node(std::int32_t index) const
+{
+    if (index < 1 || index > Count())
+        throw RuntimeError(errors::ElementNotFound, "Element not found");
+    return nodes_[static_cast<std::size_t>(index - 1)];
+}
+
+void Tree::Tag(std::int32_t index, const std::string& tag)
+{
+    Node(index);
+    nodes_[static_cast<std::size_t>(index - 1)].tag = tag;
+    Touch();
+}
+
+void Tree::Expand(std::int32_t index, bool expanded)
+{
+    Node(index);
+    TreeNode& node = nodes_[static_cast<std::size_t>(index - 1)];
+    if (node.expanded == expanded)
+        return;
+    node.expanded = expanded;
+    Touch();
+}
+
+std::int32_t Tree::Children(std::int32_t index) const
+{
+    return static_cast<std::int32_t>(
+        std::count_if(nodes_.begin(), nodes_.end(),
+                      [index](const TreeNode& node) { return node.parent == index; }));
+}
+
+void Tree::Remove(std::int32_t index)
+{
+    Node(index);
+    // A child always stands behind its parent, so one pass from the front finds all below.
+    std::vector<bool> gone(nodes_.size() + 1, false);
+    gone[static_cast<std::size_t>(index)] = true;
+    std::vector<std::int32_t> moved(nodes_.size() + 1, 0);
+    std::vector<TreeNode> kept;
+    for (std::size_t at = 1; at <= nodes_.size(); ++at) {
+        TreeNode& node = nodes_[at - 1];
+        if (gone[at] || gone[static_cast<std::size_t>(node.parent)]) {
+            gone[at] = true;
+            continue;
+        }
+        node.parent = moved[static_cast<std::size_t>(node.parent)];
+        kept.push_back(std::move(node));
+        moved[at] = static_cast<std::int32_t>(kept.size());
+    }
+    nodes_ = std::move(kept);
+    selected_ = moved[static_cast<std::size_t>(selected_)];
+    if (selected_ == 0 && !nodes_.empty())
+        selected_ = 1;
+    Touch();
+}
+
+void Tree::Select(std::int32_t index)
+{
+    Node(index);
+    if (selected_ == index)
+        return;
+    selected_ = index;
+    Touch();
+}
+
+void Tree::ClickNode(std::int32_t index)
+{
+    Select(index);
+    nodeClick_.emit(index);
+}
+
+}  // namespace clb
