@@ -1,0 +1,10 @@
+#pragma once
+#include <string_view>
+
+namespace clb {
+
+/// The bytes of the database file that a new program folder starts with. Made at build time from
+/// schema.sql.
+std::string_view EmptyDatabase();
+
+}  // namespace clb

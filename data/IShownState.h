@@ -1,0 +1,38 @@
+#pragma once
+#include <cstdint>
+#include <string>
+
+#include "base/Value.h"
+
+namespace clb {
+
+/// View identifiers; 0 means no view.
+inline constexpr std::int32_t vwNetWorth = 1;
+inline constexpr std::int32_t vwBudget = 2;
+inline constexpr std::int32_t vwAccountType = 3;
+inline constexpr std::int32_t vwAccount = 4;
+inline constexpr std::int32_t vwInvestment = 5;
+inline constexpr std::int32_t vwLoan = 6;
+
+/// What the window shows, as the data store sees it.
+class IShownState {
+public:
+    virtual ~IShownState() = default;
+    virtual std::int32_t View() const = 0;
+    /// Month shown: 1 = January to 12, and the year.
+    virtual std::int32_t Period() const = 0;
+    virtual std::int32_t Year() const = 0;
+    virtual const std::string& AccountType() const = 0;
+    virtual const std::string& AccountID() const = 0;
+};
+
+/// The grid's current row, as the data store sees it.
+class ICurrentRow {
+public:
+    virtual ~ICurrentRow() = default;
+    /// Cell of a column, numbered from 1 in the order of the view's rows. Null: never set.
+    virtual Value ColumnValue(std::int32_t column) = 0;
+    virtual void ColumnValue(std::int32_t column, const Value& value) = 0;
+};
+
+}  // namespace clb

@@ -1,0 +1,139 @@
+#include "data/clsDatabase.h"
+
+#include "base/Numeric.h"
+#include "base/Text.h"
+#include "engine/EngineError.h"
+
+namespace clb {
+
+clsDatabase::clsDatabase(const std::string& folder, const IShownState& shown, ICurrentRow& row)
+    : shown_(shown), row_(row)
+{
+    connection_.Open("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + folder +
+                     "\\db\\clb.mdb;Persist Security Info=False");
+    UpgradeSchema();
+    connection_.Settle();
+}
+
+std::int16_t clsDatabase::ReadSchemaVersion()
+{
+    try {
+        Recordset records = connection_.Execute("SELECT * FROM _SchemaVersion");
+        if (records.Fields().empty())
+            throw EngineError(engine_errors::ItemNotFound,
+                              "The table _SchemaVersion has no column that names the version.");
+        return static_cast<std::int16_t>(ParseLong(records.Fields().front().name));
+    } catch (const EngineError& error) {
+        if (error.Number() != engine_errors::NoSuchTable)
+            throw;
+    }
+    connection_.Execute("CREATE TABLE _SchemaVersion (0 LONG)");
+    return 0;
+}
+
+void clsDatabase::UpgradeSchema()
+{
+    const std::int16_t version = ReadSchemaVersion();
+    if (version == 0)
+        connection_.Execute("ALTER TABLE Loan ALTER COLUMN InterestRate Single");
+    if (version == 0 || version == 1) {
+        connection_.Execute(
+            "ALTER TABLE Account ADD COLUMN BudgetInclude YESNO NOT NULL DEFAULT YES");
+        connection_.Execute("UPDATE Account SET BudgetInclude = YES");
+        connection_.Execute("ALTER TABLE _SchemaVersion DROP COLUMN " + std::to_string(version));
+        // The new version is fixed, whatever the old one was.
+        connection_.Execute("ALTER TABLE _SchemaVersion ADD  COLUMN 2 LONG");
+    }
+}
+
+void clsDatabase::Execute(const std::string& sql) { connection_.Execute(sql); }
+
+std::string clsDatabase::ToSqlString(std::string_view text) { return Replace(text, "'", "''"); }
+
+std::string clsDatabase::TruncateString(std::string_view text, std::int32_t length)
+{
+    const auto kept = static_cast<std::size_t>(length < 0 ? 0 : length);
+    return std::string(TrimRight(Left(TrimLeft(text), kept)));
+}
+
+std::int32_t clsDatabase::GetNextSequence()
+{
+    Recordset records;
+    Fill(records, "SELECT MAX( Sequence ) AS NextSequence FROM Trans", true);
+    const Value& largest = records.Get(0);
+    return IsNull(largest) ? 1 : ToLong(largest) + 1;
+}
+
+void clsDatabase::Fill(Recordset& records, const std::string& sql, bool readOnly)
+{
+    if (readOnly)
+        records.Open(sql, connection_, CursorKind::ForwardOnly, LockKind::ReadOnly);
+    else
+        records.Open(sql, connection_, CursorKind::Keyset, LockKind::Optimistic);
+}
+
+bool clsDatabase::CanFind(Recordset& records, const std::string& criterion)
+{
+    if (records.Empty())
+        return false;
+    records.MoveFirst();
+    records.Find(criterion);
+    return !records.AtEnd();
+}
+
+bool clsDatabase::RowExists(const std::string& table, const std::string& condition)
+{
+    Recordset records;
+    Fill(records, "SELECT COUNT( 1 ) AS [Count] FROM " + table + " WHERE " + condition, true);
+    return ToLong(records.Get("Count")) > 0;
+}
+
+std::string clsDatabase::ShownAccount() const { return ToSqlString(shown_.AccountID()); }
+
+std::string clsDatabase::RowsStatement() const
+{
+    switch (shown_.View()) {
+        case vwNetWorth:
+            return "SELECT Description, Type, AccountID, OpeningBalance, (OpeningBalance + "
+                   "CurrentBalance) as TotBalance, Sequence FROM Account ORDER BY Type, Description";
+        case vwBudget:
+            return "SELECT Budget.Category, Budget.Amount, Budget.Sequence, Budget.Year, "
+                   "Budget.Period, Budget.CategoryGroup FROM Budget WHERE Budget.Year = " +
+                   std::to_string(shown_.Year()) +
+                   " AND Budget.Period = " + std::to_string(shown_.Period()) +
+                   " ORDER BY Budget.CategoryGroup, Budget.Category";
+        case vwAccountType:
+            return "SELECT Description, AccountID, OpeningBalance, (OpeningBalance + "
+                   "CurrentBalance) as TotBalance, Sequence, Type FROM Account WHERE Type = '" +
+                   shown_.AccountType() + "' ORDER BY Description";
+        case vwAccount:
+            return "SELECT PostDate, Description, Amount, CheckID, Category, PayeeName AS Notes, "
+                   "AccountID, Year, Period, FITID, Sequence, SubSequence FROM Trans WHERE "
+                   "AccountID = '" +
+                   ShownAccount() + "' AND Period = " + std::to_string(shown_.Period()) +
+                   " AND Year = " + std::to_string(shown_.Year()) +
+                   " ORDER BY PostDate DESC, Sequence DESC, SubSequence";
+        case vwInvestment:
+            return "SELECT StockSymbol, StockName, PurchaseDate, Quantity, PurchasePrice, "
+                   "LastPrice, Total, AccountID, Sequence FROM Investment WHERE AccountID = '" +
+                   ShownAccount() + "' ORDER BY PurchaseDate";
+        case vwLoan:
+            return "SELECT Description, OriginalAmount, PaidAmount, InterestRate, AccountID, "
+                   "Sequence FROM Loan WHERE AccountID = '" +
+                   ShownAccount() + "' ORDER BY Description";
+        default:
+            // No view: sent as it stands, for the engine to refuse.
+            return "SELECT  FROM  ORDER BY ";
+    }
+}
+
+Recordset& clsDatabase::GetRows()
+{
+    const std::string sql = RowsStatement();
+    if (rows_.IsOpen())
+        rows_.Close();
+    rows_.Open(sql, connection_, CursorKind::Keyset, LockKind::Pessimistic);
+    return rows_;
+}
+
+}  // namespace clb

@@ -1,0 +1,99 @@
+#pragma once
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "base/Date.h"
+#include "base/Money.h"
+#include "data/IShownState.h"
+#include "engine/Connection.h"
+#include "engine/Recordset.h"
+
+namespace clb {
+
+/// The data store: every query and update the program runs. Owns the only connection, opened for the
+/// whole run, and the one result set that the grid shows.
+///
+/// Nothing is trapped here: an EngineError reaches the caller with the engine's number and message.
+/// What a row lacks is no error: ValidRow answers it.
+class clsDatabase {
+public:
+    /// Opens folder/db/clb.mdb and brings an older schema up to date. shown and row are borrowed and
+    /// outlive the store; they are not called during construction. Throws EngineError.
+    clsDatabase(const std::string& folder, const IShownState& shown, ICurrentRow& row);
+
+    /// Runs one statement.
+    void Execute(const std::string& sql);
+    /// Follow-up of a deletion, before the row goes. gridRow true: the grid's current row is being
+    /// deleted; in the budget view the month's transactions of its category become "(none)".
+    /// gridRow false: in views 4 to 6 the shown account's row is deleted, its other rows stay.
+    /// Always true.
+    bool DeleteRow(bool gridRow);
+    /// Checks the grid's current row and completes it: account, month, number, category. False when
+    /// it may not be saved, with the offending column (from 1) and what to tell the user.
+    bool ValidRow(std::int32_t& errorColumn, std::string& errorMessage);
+
+    /// Makes the target month hold the source month's categories, groups and amounts, and "(none)".
+    /// Transactions of categories that go become "(none)". An empty source month changes nothing.
+    void CopyBudget(std::int32_t sourceYear, std::int32_t sourcePeriod, std::int32_t targetYear,
+                    std::int32_t targetPeriod);
+    /// Books one piece of a transaction to the next month (direction 1) or the one before (any other
+    /// direction), with a budget line there for the category of the grid's current row, and reads the
+    /// grid's rows again. Throws EngineError when there is no such piece.
+    void MoveMonth(std::int32_t sequence, std::int32_t subSequence, std::int32_t direction);
+    /// Makes sure that the category has a budget line in the month; an existing line stays as it is.
+    void CreateBudgetEntry(const std::string& category, std::int32_t year, std::int32_t period,
+                           const std::string& categoryGroup, Money amount);
+
+    /// The rows of the shown view, in the one shared result set: an earlier result is closed.
+    Recordset& GetRows();
+    /// The shown view's totals; one that the view does not use stays as passed.
+    void CalcTotals(Money& first, Money& second);
+    /// Stores the sum of one account's activity in Account.CurrentBalance; no activity stores 0, the
+    /// opening balance is not in it. view -1 and an empty accountID mean the ones shown now; both are
+    /// written back. Views 1 to 3 do nothing. Throws EngineError when no account has this number.
+    void UpdateBalance(std::int32_t& view, std::string& accountID);
+
+    /// The text with every single quote doubled.
+    static std::string ToSqlString(std::string_view text);
+    /// Without blanks in front, at most length characters, without blanks behind.
+    static std::string TruncateString(std::string_view text, std::int32_t length);
+    /// Largest transaction number plus one; 1 when there are no transactions.
+    std::int32_t GetNextSequence();
+    /// Opens a closed result set on the SELECT.
+    void Fill(Recordset& records, const std::string& sql, bool readOnly);
+    /// Stands on the first row that meets the criterion; false when none does.
+    static bool CanFind(Recordset& records, const std::string& criterion);
+    /// Whether a row of the table meets the condition.
+    bool RowExists(const std::string& table, const std::string& condition);
+
+    /// The connection: for settling, tracing, and statements from outside.
+    Connection& Database() { return connection_; }
+
+private:
+    std::int16_t ReadSchemaVersion();
+    void UpgradeSchema();
+
+    std::string ShownAccount() const;
+    bool ValidNetWorthRow(std::int32_t& errorColumn, std::string& errorMessage);
+    bool ValidAccountRow(std::int32_t& errorColumn, std::string& errorMessage);
+    bool ValidBudgetRow(std::int32_t& errorColumn, std::string& errorMessage);
+    void CompleteTransaction();
+    bool ValidAccountCells(std::int32_t accountColumn, std::int32_t sequenceColumn,
+                           std::int32_t& errorColumn, std::string& errorMessage);
+    bool AccountTaken(std::int32_t accountColumn, std::int32_t sequenceColumn);
+    std::string RowsStatement() const;
+    Money Sum(const std::string& sql);
+    Money RegisterBalance();
+    void AccountTotals(const std::string& condition, Money& first, Money& second);
+    void CopyLines(Recordset& source, Recordset& target, Month to);
+    void DropLines(Recordset& source, Recordset& target, Month to);
+
+    const IShownState& shown_;
+    ICurrentRow& row_;
+    Connection connection_;
+    Recordset rows_;
+};
+
+}  // namespace clb
