@@ -1,0 +1,26 @@
+#pragma once
+#include <string>
+
+#include "controls/Form.h"
+#include "ports/IClock.h"
+#include "ports/IDateForm.h"
+#include "ports/IFileDialog.h"
+#include "ports/IMessageBox.h"
+#include "ports/IPointer.h"
+#include "ports/IShell.h"
+
+namespace clb {
+
+/// Everything that the program needs from outside. All borrowed; they outlive the main window.
+struct Ports {
+    std::string folder;  ///< the program folder: holds db/clb.mdb, cvlb.ini and Help/
+    IClock& clock;
+    IMessageBox& messages;
+    IFileDialog& files;
+    IShell& shell;
+    IPointer& pointer;
+    IDateForm& dates;
+    IModalHost& modal;
+};
+
+}  // namespace clb

@@ -1,0 +1,215 @@
+#include "app/frmController.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "app/clsOpenSave.h"
+#include "base/Numeric.h"
+#include "import/frmSelectAccount.h"
+
+namespace clb {
+namespace {
+
+constexpr const char* kMonths[] = {"January", "February", "March",     "April",   "May",      "June",
+                                   "July",    "August",   "September", "October", "November", "December"};
+
+/// The number that a year's text stands for; 0 when it is none.
+std::int32_t YearNumber(const std::string& text) { return IsNumeric(text) ? ParseLong(text) : 0; }
+
+}  // namespace
+
+frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
+    : window("frmController", std::string("Net Worth - ") + Title),
+      menus("menus"),
+      toolbar("Toolbar"),
+      cmbPeriod("cmbPeriod"),
+      txtYear("txtYear", "1900"),
+      UpDown("UpDown"),
+      TreeView("TreeView"),
+      Grid(ports.dates),
+      lblTotal("lblTotal", "Totals:"),
+      txtTotal("txtTotal", "0.00"),
+      txtTotal2("txtTotal2", "0.00"),
+      statusBar("StatusBar", 2),
+      ports_(ports),
+      metrics_(metrics)
+{
+    for (Control* control :
+         std::initializer_list<Control*>{&TreeView, &Grid.Component(), &cmbPeriod, &txtYear, &UpDown,
+                                         &txtTotal, &txtTotal2, &lblTotal, &toolbar, &statusBar})
+        window.Add(*control);
+    for (std::int32_t month = 0; month < 12; ++month)
+        cmbPeriod.Add(kMonths[month], month + 1);
+    UpDown.Attach(txtYear);
+    txtTotal.Locked(true);
+    txtTotal2.Locked(true);
+    BuildMenus();
+    BuildToolbar();
+    Resize(900, 600);
+}
+
+frmController::~frmController() = default;
+
+void frmController::OpenGlobals()
+{
+    globals_.view = std::make_unique<clsView>(
+        ViewTargets{window, Grid, TreeView, lblTotal, txtTotal, txtTotal2, cmbPeriod, txtYear,
+                    menus, toolbar, statusBar, ports_.messages, Title});
+    globals_.database = std::make_unique<clsDatabase>(ports_.folder, *globals_.view, Grid);
+    globals_.view->Use(*globals_.database);
+    import_ = std::make_unique<modImport>(Data(), View(), *this, ports_.messages);
+}
+
+void frmController::ShowPresentMonth()
+{
+    const Date now = ports_.clock.Now();
+    cmbPeriod.Index(now.Month() - 1);
+    txtYear.Text(std::to_string(now.Year()));
+}
+
+void frmController::Load()
+{
+    OpenGlobals();
+    Wire();
+    opened_.emit();
+    View().HoldRefresh(true);
+    ShowPresentMonth();
+    View().BuildTree();
+    window.Focus(TreeView);
+    View().View(vwNetWorth);
+    loaded_ = true;
+    View().HoldRefresh(false);
+    Data().Database().Settle();
+}
+
+void frmController::Unload()
+{
+    if (!loaded_)
+        return;
+    loaded_ = false;
+    unloading_.emit();
+    Data().Database().Settle();
+    import_.reset();
+    globals_.Release();
+}
+
+bool frmController::Close()
+{
+    bool cancel = false;
+    Grid.Component().Validate().emit(cancel);
+    if (!cancel)
+        Unload();
+    return !cancel;
+}
+
+void frmController::Wire()
+{
+    cmbPeriod.Click().connect([this] { View().Period(cmbPeriod.ItemData()); });
+    txtYear.TextChanged().connect([this] {
+        View().Year(ParseLong(txtYear.Text()));
+        View().EnableDisable();
+    });
+    TreeView.NodeClick().connect([this](std::int32_t node) { NodeClicked(node); });
+    toolbar.ButtonClick().connect([this](const std::string& key) { ToolbarPressed(key); });
+    Grid.OnRefetch([this] { View().EnableDisable(); });
+    WireGrid();
+    WireMenus();
+}
+
+void frmController::NodeClicked(std::int32_t node)
+{
+    const std::string text = TreeView.Node(node).text;
+    window.Caption(text + " - " + Title);
+    const std::string kind = View().GetTreeNodeAccountInfo(0);
+    if (kind == "3")
+        View().AccountType(text);
+    else if (kind == "4" || kind == "5" || kind == "6")
+        View().AccountID(View().GetTreeNodeAccountInfo(1));
+    View().View(ParseLong(kind));
+}
+
+bool frmController::PressNode(std::int32_t node)
+{
+    TreeView.Node(node);
+    if (!window.Focus(TreeView))
+        return false;
+    TreeView.ClickNode(node);
+    return true;
+}
+
+void frmController::StepMonth(std::int32_t direction)
+{
+    constexpr std::int32_t december = 11;
+    View().HoldRefresh(true);
+    const std::int32_t index = cmbPeriod.Index();
+    if (direction > 0 && index == december) {
+        cmbPeriod.Index(0);
+        txtYear.Text(std::to_string(YearNumber(txtYear.Text()) + 1));
+    } else if (direction <= 0 && index == 0) {
+        cmbPeriod.Index(december);
+        txtYear.Text(std::to_string(YearNumber(txtYear.Text()) - 1));
+    } else {
+        cmbPeriod.Index(index + (direction > 0 ? 1 : -1));
+    }
+    View().HoldRefresh(false);
+}
+
+void frmController::Resize(std::int32_t width, std::int32_t height)
+{
+    constexpr std::int32_t pixel = 1;
+    const auto atLeastZero = [](std::int32_t size) { return std::max(0, size); };
+    const std::int32_t top = metrics_.toolbarHeight;
+    toolbar.Place({0, 0, atLeastZero(width), metrics_.toolbarHeight});
+    statusBar.Place({0, height - metrics_.statusBarHeight, atLeastZero(width),
+                     metrics_.statusBarHeight});
+
+    const std::int32_t treeHeight =
+        atLeastZero(height - metrics_.statusBarHeight - metrics_.toolbarHeight - pixel);
+    TreeView.Place({0, top, metrics_.treeWidth, treeHeight});
+    const std::int32_t gridHeight = atLeastZero(treeHeight - metrics_.totalsHeight);
+    const std::int32_t gridWidth = atLeastZero(width - metrics_.treeWidth - 4 * pixel);
+    const std::int32_t gridLeft = metrics_.treeWidth + 2 * pixel;
+    Grid.Component().Place({gridLeft, top, gridWidth, gridHeight});
+    for (Control* control : std::initializer_list<Control*>{&lblTotal, &txtTotal, &txtTotal2}) {
+        Bounds place = control->Place();
+        place.top = top + gridHeight;
+        place.height = metrics_.totalsHeight;
+        control->Place(place);
+    }
+    if (globals_.view)
+        View().SetColWidths();
+}
+
+std::string frmController::AskForFile(std::int32_t flags, const std::string& filter)
+{
+    clsOpenSave dialog(ports_.files);
+    dialog.Flags = flags;
+    dialog.Filter(filter);
+    return dialog.GetFileName() ? dialog.FileName : std::string();
+}
+
+std::string frmController::StatusText() const { return statusBar.Panel(1); }
+void frmController::StatusText(const std::string& text) { statusBar.Panel(1, text); }
+void frmController::Repaint() { window.Refresh(); }
+void frmController::WindowEnabled(bool enabled) { window.Enabled(enabled); }
+void frmController::Pointer(std::int32_t code) { ports_.pointer.Pointer(code); }
+
+bool frmController::CheckImportAccount(std::string& accountID)
+{
+    const std::string criteria = "AccountID = '" + clsDatabase::ToSqlString(accountID) + "'";
+    const bool exists = Data().RowExists("Account", criteria);
+    if (!accountID.empty() && exists)
+        return true;
+    const std::string remembered = StatusText();
+    StatusText("Ready");
+    Repaint();
+    Pointer(pointer::Default);
+    frmSelectAccount dialog(Data(), View(), TreeView, ports_.modal, ports_.messages);
+    const bool chosen = dialog.ShowDialog(accountID);
+    Pointer(pointer::Hourglass);
+    StatusText(remembered);
+    Repaint();
+    return chosen;
+}
+
+}  // namespace clb

@@ -1,0 +1,131 @@
+#pragma once
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "app/modGlobals.h"
+#include "app/Ports.h"
+#include "controls/Commands.h"
+#include "controls/Form.h"
+#include "controls/Inputs.h"
+#include "controls/Tree.h"
+#include "grid/CVGrid.h"
+#include "import/IImportHost.h"
+#include "import/modImport.h"
+
+namespace clb {
+
+/// Heights and widths in pixels that the window's layout starts from. A window with real controls
+/// sets them from their fonts before it is loaded; resizing keeps them.
+struct WindowMetrics {
+    std::int32_t toolbarHeight = 36;
+    std::int32_t statusBarHeight = 24;
+    std::int32_t treeWidth = 200;
+    std::int32_t totalsHeight = 26;
+};
+
+/// The main window: the program runs for as long as it is loaded. Holds every control and wires the
+/// parts of the program once. Errors of handlers are not caught here; the front end reports them.
+class frmController : public IImportHost {
+public:
+    /// What the program calls itself in captions and message boxes.
+    static constexpr const char* Title = "Corvane Ledgerbook";
+
+    frmController(const Ports& ports, const WindowMetrics& metrics);
+    ~frmController() override;
+
+    /// Opens the data, shows the net worth of the present month. Throws EngineError.
+    void Load();
+    /// Releases the view and the data store; the program ends. The window cannot be loaded again.
+    void Unload();
+    bool Loaded() const { return loaded_; }
+
+    /// Lays the controls out for the inner size in pixels.
+    void Resize(std::int32_t width, std::int32_t height);
+    /// Shows the next month (+1) or the one before (-1).
+    void StepMonth(std::int32_t direction);
+    /// Month list: chooses a month, 0 = January to 11.
+    void ChooseMonth(std::int32_t index) { cmbPeriod.Index(index); }
+    /// Hands the year box's text on. Throws TypeMismatch() when it is no whole number.
+    void EnterYear(const std::string& text) { txtYear.Text(text); }
+    /// A press of the mouse on a node, as the tree control reports it: the first shows the node's
+    /// view, one on the selected node shows it again. The tree gets the focus; false when the control
+    /// that had it kept it.
+    bool PressNode(std::int32_t node);
+    /// Runs the grid's check and, when it agrees, unloads.
+    bool Close();
+
+    clsView& View() { return *globals_.view; }
+    clsDatabase& Data() { return *globals_.database; }
+    modImport& Import() { return *import_; }
+    const Ports& Outside() const { return ports_; }
+
+    // IImportHost
+    std::string AskForFile(std::int32_t flags, const std::string& filter) override;
+    std::string StatusText() const override;
+    void StatusText(const std::string& text) override;
+    void Repaint() override;
+    void WindowEnabled(bool enabled) override;
+    void Pointer(std::int32_t code) override;
+    bool CheckImportAccount(std::string& accountID) override;
+
+    /// Raised while loading, once view and data store exist and before anything is shown.
+    sigc::signal<void()>& Opened() { return opened_; }
+    /// Raised when the window is being unloaded.
+    sigc::signal<void()>& Unloading() { return unloading_; }
+
+    // The controls, under their own names.
+    Form window;
+    MenuBar menus;
+    Toolbar toolbar;
+    ListBox cmbPeriod;
+    TextBox txtYear;
+    Spinner UpDown;
+    Tree TreeView;
+    CVGrid Grid;
+    Label lblTotal;
+    TextBox txtTotal;
+    TextBox txtTotal2;
+    StatusBar statusBar;
+
+private:
+    void BuildMenus();
+    void BuildToolbar();
+    void Wire();
+    void WireMenus();
+    void WireGrid();
+    void NodeClicked(std::int32_t node);
+    void ShowImportedAccount();
+    void OpenGlobals();
+    void ShowPresentMonth();
+    void CheckRow(bool& cancel);
+    void OfferCategory(const Value& category);
+    void RowSaved();
+    void CheckDeletion(bool& cancel);
+    void RowDeleted();
+    void FetchComputed(std::int32_t row, std::int32_t column, Value& value);
+    void FetchTip(std::int32_t row, std::string& tip);
+    void FetchFooter(std::int32_t row, std::string& text);
+    void UpdateShownBalance();
+    bool ListsAccounts() const;
+    std::string ShownMonthOf(const std::string& prefix) const;
+    Money SumOf(const std::string& sql, const char* field);
+    void ToolbarPressed(const std::string& key);
+    void ImportCommand();
+    void NewRecord();
+    void CopyBudgetCommand();
+    void MoveTransaction(std::int32_t direction);
+
+    Ports ports_;
+    WindowMetrics metrics_;
+    bool loaded_ = false;
+    modGlobals globals_;
+    std::unique_ptr<modImport> import_;
+    sigc::signal<void()> opened_;
+    sigc::signal<void()> unloading_;
+    double lastActual_ = 0;              // for the difference column of the same row
+    std::int32_t pendingTreeNode_ = 0;   // node of the account being deleted
+    std::int32_t refusedColumn_ = 1;     // cell to correct in a refused row
+};
+
+}  // namespace clb

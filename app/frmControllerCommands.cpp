@@ -1,0 +1,123 @@
+// The menus and the toolbar: what stands in them and what each command does.
+
+#include "app/frmController.h"
+#include "base/Numeric.h"
+
+namespace clb {
+
+void frmController::BuildMenus()
+{
+    constexpr const char* line = "-";
+    Menu& file = menus.Add("mnuFile", "&File");
+    file.Add("mnuF_Import", "&Import...");
+    file.Add("mnuF_Export", "&Export...");
+    file.Add("mnuF_Rule", line);
+    file.Add("mnuF_Print", "&Print...");
+    file.Add("mnuF_Rule2", line);
+    file.Add("mnuF_Exit", "E&xit");
+
+    Menu& edit = menus.Add("mnuEdit", "&Edit");
+    edit.Add("mnuE_New", "&New Record");
+    edit.Add("mnuE_Delete", "&Delete Record");
+    edit.Add("mnuE_Separator1", line);
+    edit.Add("mnuE_Copy", "&Copy Budget From Previous Month");
+    edit.Add("mnuE_Separator2", line);
+    edit.Add("mnuE_MovePrev", "Move To &Previous Month");
+    edit.Add("mnuE_MoveNext", "Move To N&ext Month");
+    edit.Add("mnuE_Split", "&Split Transaction");
+
+    Menu& tools = menus.Add("mnuTools", "&Tools");
+    tools.Add("mnuT_UpdateQuotes", "&Update Quotes");
+    tools.Add("mnuT_Rule", line);
+    tools.Add("mnuT_Options", "&Options...");
+
+    Menu& help = menus.Add("mnuHelp", "&Help");
+    help.Add("mnuH_HelpTopics", "&Help Topics");
+    help.Add("mnuH_Rule", line);
+    help.Add("mnuH_OnTheWeb", "Corvane on the &Web");
+    help.Add("mnuH_OnlineTutorial", "&Online Tutorial");
+    help.Add("mnuH_Rule2", line);
+    help.Add("mnuH_About", "&About Corvane Ledgerbook");
+}
+
+void frmController::BuildToolbar()
+{
+    toolbar.Add("New", "New record");
+    toolbar.Add("Delete", "Delete record");
+    toolbar.Add("Link", "Bank web site");
+    toolbar.Add("Back", "Previous month");
+    toolbar.Add("Forward", "Next month");
+}
+
+void frmController::WireMenus()
+{
+    const auto command = [this](const char* item, auto handler) {
+        menus.Find(item)->Click().connect(handler);
+    };
+    command("mnuF_Import", [this] { ImportCommand(); });
+    command("mnuF_Exit", [this] { Unload(); });
+    command("mnuE_New", [this] { NewRecord(); });
+    command("mnuE_Delete", [this] { Grid.Delete(); });
+    command("mnuE_Copy", [this] { CopyBudgetCommand(); });
+    command("mnuE_MovePrev", [this] { MoveTransaction(-1); });
+    command("mnuE_MoveNext", [this] { MoveTransaction(1); });
+}
+
+void frmController::ToolbarPressed(const std::string& key)
+{
+    bool cancel = false;
+    Grid.Component().Validate().emit(cancel);
+    if (cancel)
+        return;
+    if (key == "New")
+        NewRecord();
+    else if (key == "Delete")
+        Grid.Delete();
+    else if (key == "Back")
+        StepMonth(-1);
+    else if (key == "Forward")
+        StepMonth(1);
+}
+
+void frmController::ImportCommand()
+{
+    import_->ImportFile();
+    ShowImportedAccount();
+}
+
+void frmController::ShowImportedAccount()
+{
+    // A new or mapped account's node is selected by the import while a register still shows another
+    // account: show the selected one, so that no new row goes into the wrong account.
+    const std::int32_t shown = View().View();
+    if (shown != vwAccount && shown != vwInvestment && shown != vwLoan)
+        return;
+    const std::string& tag = TreeView.Node(TreeView.Selected()).tag;
+    const bool isAccount = tag.find('\x01') != std::string::npos;
+    if (isAccount && tag != clsView::AccountTag(shown, View().AccountID()))
+        NodeClicked(TreeView.Selected());
+}
+
+void frmController::NewRecord()
+{
+    Grid.MoveToRowKey(Null{});
+    Grid.Col(1);
+    Grid.Editing(true);
+}
+
+void frmController::CopyBudgetCommand()
+{
+    const Month shown{ParseLong(txtYear.Text()), cmbPeriod.ItemData()};
+    const Month source = shown.Previous();
+    Data().CopyBudget(source.year, source.period, shown.year, shown.period);
+    View().HoldRefresh(false);
+}
+
+void frmController::MoveTransaction(std::int32_t direction)
+{
+    Data().MoveMonth(ToLong(Grid.ColumnValue(11)), ToLong(Grid.ColumnValue(12)), direction);
+    Grid.Refetch();
+    View().RefreshTotals();
+}
+
+}  // namespace clb

@@ -1,0 +1,207 @@
+// The answers to the grid's events: rows are checked and saved, and balances, totals, the tree and
+// the enabled commands follow. In the budget view the figures that no table holds come from here.
+
+#include "app/frmController.h"
+
+namespace clb {
+namespace {
+
+// Columns by their position in the rows of a view.
+constexpr std::int32_t kCategory = 1;
+constexpr std::int32_t kBudgeted = 2;
+constexpr std::int32_t kActual = 7;
+constexpr std::int32_t kDifference = 8;
+constexpr std::int32_t kOriginalAmount = 2;
+constexpr std::int32_t kPaidAmount = 3;
+constexpr std::int32_t kLoanBalance = 7;
+constexpr std::int32_t kTransactionCategory = 5;
+
+constexpr const char* kLineBreak = "\r\n";
+
+}  // namespace
+
+void frmController::WireGrid()
+{
+    Control& grid = Grid.Component();
+    Grid.Component().FocusWanted().connect([this] { window.Focus(Grid.Component()); });
+    grid.GotFocus().connect([this] {
+        if (Grid.Component().Row() != 0)
+            Grid.RowColChange().emit(static_cast<std::int32_t>(Grid.Component().Row()),
+                                     Grid.Component().Col());
+    });
+    grid.LostFocus().connect([this] { View().EnableDisable(); });
+    grid.Validate().connect([this](bool& cancel) { cancel = !Grid.Update(); });
+
+    Grid.BeforeEdit().connect(
+        [this](std::int32_t, std::int32_t, std::int16_t, bool&) { View().EnableDisable(); });
+    Grid.AfterEdit().connect([this](std::int32_t, std::int32_t) { View().EnableDisable(); });
+    Grid.RowColChange().connect([this](std::int32_t, std::int32_t) { View().EnableDisable(); });
+    Grid.BeforeUpdate().connect([this](bool& cancel) { CheckRow(cancel); });
+    Grid.AfterUpdate().connect([this] { RowSaved(); });
+    Grid.BeforeDelete().connect([this](bool& cancel) { CheckDeletion(cancel); });
+    Grid.AfterDelete().connect([this] { RowDeleted(); });
+    Grid.FetchColumnData().connect(
+        [this](std::int32_t row, std::int32_t column, const Value&, Value& value) {
+            FetchComputed(row, column, value);
+        });
+    Grid.FetchCellTip().connect(
+        [this](std::int32_t row, std::int32_t, std::int32_t, std::string& tip) {
+            FetchTip(row, tip);
+        });
+    Grid.FetchGroupFooterText().connect(
+        [this](std::int16_t, std::int32_t row, std::string& text) { FetchFooter(row, text); });
+    Grid.Component().UpdateRefused().connect([this] {
+        // Ignored while the row was being saved; now the cell to correct becomes current.
+        Grid.Col(refusedColumn_);
+        Grid.Editing(true);
+    });
+}
+
+void frmController::CheckRow(bool& cancel)
+{
+    std::string message;
+    if (!Data().ValidRow(refusedColumn_, message)) {
+        ports_.messages.Show(message, box_style::Critical, Title);
+        Grid.Col(refusedColumn_);
+        cancel = true;
+        return;
+    }
+    if (View().View() == vwAccount)
+        OfferCategory(Grid.ColumnValue(kTransactionCategory));
+}
+
+void frmController::OfferCategory(const Value& category)
+{
+    if (IsEmpty(category))
+        return;
+    auto& items = Grid.Columns().Item(kTransactionCategory).valueItems;
+    for (const GridValueItem& item : items)
+        if (item.value == category)
+            return;
+    items.push_back({category, ToText(category)});
+}
+
+void frmController::UpdateShownBalance()
+{
+    std::int32_t view = -1;
+    std::string account;
+    Data().UpdateBalance(view, account);
+}
+
+bool frmController::ListsAccounts() const
+{
+    const std::int32_t view = globals_.view->View();
+    return view == vwNetWorth || view == vwAccountType;
+}
+
+void frmController::RowSaved()
+{
+    UpdateShownBalance();
+    View().RefreshTotals();
+    if (!ListsAccounts())
+        return;
+    const std::int32_t selected = TreeView.Selected();
+    View().BuildTree();
+    if (selected <= TreeView.Count())
+        TreeView.Select(selected);
+}
+
+void frmController::CheckDeletion(bool& cancel)
+{
+    cancel = !View().DeleteRow();
+    pendingTreeNode_ = 0;
+    if (ListsAccounts())
+        pendingTreeNode_ = View().FindTreeNodeByTag(clsView::AccountTag(
+            clsView::ViewFromAccountType(View().AccountType()), View().AccountID()));
+}
+
+void frmController::RowDeleted()
+{
+    UpdateShownBalance();
+    View().RefreshTotals();
+    if (pendingTreeNode_ <= 0)
+        return;
+    const std::int32_t parent = TreeView.Node(pendingTreeNode_).parent;
+    TreeView.Remove(TreeView.Children(parent) == 1 ? parent : pendingTreeNode_);
+    pendingTreeNode_ = 0;
+    NodeClicked(TreeView.Selected());
+}
+
+std::string frmController::ShownMonthOf(const std::string& prefix) const
+{
+    return prefix + "Year = " + std::to_string(globals_.view->Year()) + " AND " + prefix +
+           "Period = " + std::to_string(globals_.view->Period());
+}
+
+Money frmController::SumOf(const std::string& sql, const char* field)
+{
+    Recordset records;
+    Data().Fill(records, sql, true);
+    return ToMoney(records.Get(field));
+}
+
+void frmController::FetchComputed(std::int32_t row, std::int32_t column, Value& value)
+{
+    const auto cell = [this, row](std::int32_t index) {
+        return Grid.Component().CellValue(static_cast<std::size_t>(row), index);
+    };
+    const std::int32_t view = View().View();
+    if (view == vwBudget && column == kActual) {
+        const std::string category = ToText(cell(kCategory));
+        const Money actual = SumOf(
+            "SELECT SUM( Amount ) AS TotActual FROM Account INNER JOIN Trans ON "
+            "Account.AccountID = Trans.AccountID WHERE Account.BudgetInclude = TRUE AND " +
+                ShownMonthOf("") + " AND Category = '" + clsDatabase::ToSqlString(category) + "'",
+            "TotActual");
+        lastActual_ = actual.ToDouble();
+        value = actual;
+    } else if (view == vwBudget && column == kDifference) {
+        // Spent beyond the budget shows as the excess of actual over budgeted.
+        value = Money::FromDouble(lastActual_) - ToMoney(cell(kBudgeted));
+    } else if (view == vwLoan && column == kLoanBalance) {
+        value = ToMoney(cell(kOriginalAmount)) - ToMoney(cell(kPaidAmount));
+    }
+}
+
+void frmController::FetchTip(std::int32_t row, std::string& tip)
+{
+    const auto at = static_cast<std::size_t>(row);
+    if (View().View() != vwBudget || Grid.Rows().Kind(at) == GridRowKind::GroupHeading)
+        return;
+    const std::string category = ToText(Grid.Component().CellValue(at, kCategory));
+    Recordset records;
+    Data().Fill(records,
+                "SELECT PostDate, Trans.Description, Amount FROM Account INNER JOIN Trans ON "
+                "Account.AccountID = Trans.AccountID WHERE Account.BudgetInclude = TRUE AND " +
+                    ShownMonthOf("") + " AND Trans.Category = '" +
+                    clsDatabase::ToSqlString(category) + "'",
+                true);
+    tip = "Number of transactions: " + std::to_string(records.RecordCount());
+    for (; !records.AtEnd(); records.MoveNext()) {
+        tip += std::string(kLineBreak) + kLineBreak + "Date: " + ToText(records.Get(0)) +
+               kLineBreak + "Description: " + ToText(records.Get(1)) + kLineBreak +
+               "Amount: " + ToMoney(records.Get(2)).Dollars();
+    }
+}
+
+void frmController::FetchFooter(std::int32_t row, std::string& text)
+{
+    if (View().View() != vwBudget)
+        return;
+    const std::string inGroup =
+        " AND CategoryGroup = '" +
+        clsDatabase::ToSqlString(Grid.Rows().GroupValue(static_cast<std::size_t>(row))) + "'";
+    const Money budgeted = SumOf(
+        "SELECT SUM( Amount ) AS TotAmount FROM Budget WHERE " + ShownMonthOf("") + inGroup,
+        "TotAmount");
+    const Money actual = SumOf(
+        "SELECT SUM( Trans.Amount ) AS TotAmount FROM Account INNER JOIN (Budget INNER JOIN Trans "
+        "ON Budget.Category = Trans.Category AND Budget.Year = Trans.Year AND Budget.Period = "
+        "Trans.Period) ON Account.AccountID = Trans.AccountID WHERE Account.BudgetInclude = TRUE "
+        "AND " +
+            ShownMonthOf("Trans.") + inGroup,
+        "TotAmount");
+    text = "Total (budgeted/actual): " + budgeted.Dollars() + " / " + actual.Dollars();
+}
+
+}  // namespace clb

@@ -1,0 +1,120 @@
+#pragma once
+#include <sigc++/sigc++.h>
+
+#include <cstdint>
+#include <string>
+
+#include "controls/Commands.h"
+#include "controls/Form.h"
+#include "controls/Inputs.h"
+#include "controls/Tree.h"
+#include "data/IShownState.h"
+#include "grid/CVGrid.h"
+#include "ports/IMessageBox.h"
+
+namespace clb {
+
+class clsDatabase;
+
+/// The controls of the main window that the view sets. All borrowed; they outlive the view.
+struct ViewTargets {
+    Form& window;
+    CVGrid& grid;
+    Tree& tree;
+    Label& lblTotal;
+    TextBox& txtTotal;
+    TextBox& txtTotal2;
+    ListBox& cmbPeriod;
+    TextBox& txtYear;
+    MenuBar& menus;
+    Toolbar& toolbar;
+    StatusBar& statusBar;
+    IMessageBox& messages;
+    std::string title;  ///< of message boxes
+};
+
+/// What the window shows: view, month, account type and account. Fills the tree and the grid, the
+/// totals line and the enabled commands accordingly. Errors of the data store reach the caller.
+class clsView : public IShownState {
+public:
+    explicit clsView(const ViewTargets& targets);
+    /// The store whose rows are shown; set once, before anything is shown. Borrowed.
+    void Use(clsDatabase& database) { database_ = &database; }
+
+    std::int32_t View() const override { return view_; }
+    /// Writing reloads the grid, even with the same value; so do Period and Year.
+    void View(std::int32_t view);
+    std::int32_t Period() const override { return period_; }
+    void Period(std::int32_t month);
+    std::int32_t Year() const override { return year_; }
+    void Year(std::int32_t year);
+    /// Writing these two does not reload.
+    const std::string& AccountType() const override { return accountType_; }
+    void AccountType(const std::string& type) { accountType_ = type; }
+    const std::string& AccountID() const override { return accountID_; }
+    void AccountID(const std::string& id) { accountID_ = id; }
+    /// While true nothing reloads; writing false reloads once.
+    void HoldRefresh(bool hold);
+
+    /// Loads the grid, totals, layout and commands for what is to be shown.
+    void Refresh();
+    /// Fills the tree from the accounts; the root is then selected.
+    void BuildTree();
+    /// 4, 5 or 6 for the five account types, compared exactly; 0 for any other text.
+    static std::int32_t ViewFromAccountType(const std::string& type);
+    /// Number of the first node with the tag; 0 when there is none.
+    std::int32_t FindTreeNodeByTag(const std::string& tag) const;
+    /// Tag of the node of an account.
+    static std::string AccountTag(std::int32_t view, const std::string& accountID);
+    /// Piece of the selected node's tag: 0 the view identifier, 1 the account. Throws RuntimeError
+    /// (SubscriptOutOfRange) for a piece that the tag does not have.
+    std::string GetTreeNodeAccountInfo(std::int32_t index) const;
+
+    /// Column widths as the view's fractions of the grid's width, the totals line below the columns.
+    void SetColWidths();
+    /// Writes the shown view's totals into the totals line.
+    void RefreshTotals();
+    /// Enables what makes sense for the current row and focus, and tells it in the status bar.
+    void EnableDisable();
+    /// Asks whether the record may be deleted and lets the data store follow it up; false when the
+    /// user declines.
+    bool DeleteRow();
+    bool ExportAllowed() const { return exportAllowed_; }
+
+    /// Raised after a reload, and after the tree was rebuilt.
+    sigc::signal<void()>& Refreshed() { return refreshed_; }
+    sigc::signal<void()>& TreeBuilt() { return treeBuilt_; }
+
+private:
+    void LayOut();
+    void LayOutAccount();
+    void LayOutLoan();
+    void LayOutInvestment();
+    void LayOutAccountType();
+    void LayOutBudget();
+    void LayOutNetWorth();
+    std::int32_t AddCalculatedColumn();
+    void Caption(std::int32_t column, const char* caption);
+    void Hide(std::int32_t first, std::int32_t last);
+    void PlaceTotals(std::int32_t first, std::int32_t second);
+    std::int32_t AddNode(std::int32_t parent, const std::string& key, const std::string& text,
+                         const std::string& tag);
+    void DecideExport();
+    bool OnStoredRow();
+    bool GridHasFocus() const;
+    void EnableItem(const char* item, bool enabled);
+
+    ViewTargets targets_;
+    clsDatabase* database_ = nullptr;
+    std::int32_t view_ = 0;
+    std::int32_t period_ = 0;
+    std::int32_t year_ = 0;
+    std::string accountType_;
+    std::string accountID_;
+    bool hold_ = false;
+    bool exportAllowed_ = false;
+    sigc::signal<void()> refreshed_;
+    sigc::signal<void()> treeBuilt_;
+};
+
+}  // namespace clb
