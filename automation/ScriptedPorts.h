@@ -1,0 +1,88 @@
+#pragma once
+#include "automation/AnswerQueue.h"
+#include "automation/EventLog.h"
+#include "ports/IFileDialog.h"
+#include "ports/IMessageBox.h"
+#include "ports/IPointer.h"
+#include "ports/IShell.h"
+
+#include <string>
+#include <vector>
+
+namespace clb
+{
+
+class IPresenter;
+
+// The outside world of a driven program: questions are answered from the queue, everything asked or
+// handed out is logged, and nothing reaches the desktop. Queue, log and presenter are borrowed. A
+// question without a fitting answer is cancelled and logged as unanswered.
+
+class ScriptedMessageBox : public IMessageBox
+{
+public:
+    ScriptedMessageBox(AnswerQueue& answers, EventLog& log) : answers_(answers), log_(log) {}
+    BoxAnswer Show(const std::string& text, std::int32_t style, const std::string& title) override;
+
+private:
+    AnswerQueue& answers_;
+    EventLog& log_;
+};
+
+class ScriptedFileDialog : public IFileDialog
+{
+public:
+    ScriptedFileDialog(AnswerQueue& answers, EventLog& log) : answers_(answers), log_(log) {}
+    std::optional<FileChoice> Ask(const FileQuestion& question) override;
+
+private:
+    AnswerQueue& answers_;
+    EventLog& log_;
+};
+
+/// Works a form step by step until it closes; a form left open by its steps is cancelled.
+class ScriptedModalHost : public IModalHost
+{
+public:
+    /// presenter: nullptr without a window.
+    ScriptedModalHost(AnswerQueue& answers, EventLog& log, IPresenter* presenter)
+        : answers_(answers), log_(log), presenter_(presenter)
+    {
+    }
+    void Run(Form& form) override;
+
+private:
+    void Work(Form& form, const std::vector<FormStep>& steps);
+    void Perform(Form& form, const FormStep& step);
+    void Log(const Form& form, const char* moment, bool unanswered);
+
+    AnswerQueue& answers_;
+    EventLog& log_;
+    IPresenter* presenter_;
+};
+
+class ScriptedShell : public IShell
+{
+public:
+    explicit ScriptedShell(EventLog& log) : log_(log) {}
+    void Open(const std::string& address) override;
+    void Help(const std::string& file) override;
+
+private:
+    EventLog& log_;
+};
+
+/// Logs the pointer when it becomes another one.
+class ScriptedPointer : public IPointer
+{
+public:
+    explicit ScriptedPointer(EventLog& log) : log_(log) {}
+    std::int32_t Pointer() const override { return code_; }
+    void Pointer(std::int32_t code) override;
+
+private:
+    EventLog& log_;
+    std::int32_t code_ = pointer::Default;
+};
+
+}  // namespace clb

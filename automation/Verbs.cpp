@@ -1,0 +1,28 @@
+#include "automation/VerbTable.h"
+
+namespace clb
+{
+namespace
+{
+
+const Verb& FindVerb(const std::string& name)
+{
+    for (const VerbTable* table : {&WindowVerbs(), &GridVerbs(), &SessionVerbs()}) {
+        const auto found = table->find(name);
+        if (found != table->end())
+            return found->second;
+    }
+    throw RequestError("Unknown verb: " + name);
+}
+
+}  // namespace
+
+Json PerformVerb(Session& session, const Request& request)
+{
+    const Verb& verb = FindVerb(request.Text("do"));
+    if (verb.users && !session.controller.window.Enabled())
+        throw RequestError("The main window is disabled");
+    return verb.perform(session, request);
+}
+
+}  // namespace clb

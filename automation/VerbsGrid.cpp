@@ -1,0 +1,117 @@
+#include "automation/StateReport.h"
+#include "automation/VerbTable.h"
+
+namespace clb
+{
+namespace
+{
+
+struct Cell {
+    std::size_t row = 0;
+    std::int32_t column = 0;
+};
+
+std::size_t ReadRow(const GridRows& rows, const Request& request)
+{
+    const Json& row = request.At("row");
+    if (row == "new") {
+        if (rows.NewRow() == 0)
+            throw RequestError("There is no line for a new row");
+        return rows.NewRow();
+    }
+    const std::int32_t number = request.Long("row");
+    if (number < 1 || static_cast<std::size_t>(number) > rows.Count())
+        throw RequestError("No such row: " + std::to_string(number));
+    return static_cast<std::size_t>(number);
+}
+
+Cell ReadCell(CVGrid& grid, const Request& request)
+{
+    const Cell cell{ReadRow(grid.Rows(), request), request.Long("col")};
+    if (cell.column < 1 || cell.column > grid.Columns().Count())
+        throw RequestError("No such column: " + std::to_string(cell.column));
+    return cell;
+}
+
+/// As a click into the cell; false when the row or the control that is left keeps the user.
+bool GoTo(frmController& controller, const Cell& cell)
+{
+    GridComponent& grid = controller.Grid.Component();
+    return controller.window.Focus(grid) && grid.MoveTo(cell.row, cell.column);
+}
+
+Json Move(Session& session, const Request& request)
+{
+    const Cell cell = ReadCell(session.controller.Grid, request);
+    return {{"moved", GoTo(session.controller, cell)}};
+}
+
+/// Types the text into the cell in edit. A text that the column does not take is given up again, so
+/// that no edit stays open.
+bool Type(GridComponent& grid, const std::string& text)
+{
+    grid.EditText(text);
+    if (grid.EndEdit())
+        return true;
+    grid.CancelEdit();
+    return false;
+}
+
+Json Edit(Session& session, const Request& request)
+{
+    GridComponent& grid = session.controller.Grid.Component();
+    const Cell cell = ReadCell(session.controller.Grid, request);
+    const std::string text = request.Text("text");
+    const bool edited = GoTo(session.controller, cell) && grid.BeginEdit(0) && Type(grid, text);
+    return {{"edited", edited}};
+}
+
+Json Begin(Session& session, const Request& request)
+{
+    const Cell cell = ReadCell(session.controller.Grid, request);
+    const bool begun =
+        GoTo(session.controller, cell) && session.controller.Grid.Component().BeginEdit(0);
+    return {{"begun", begun}};
+}
+
+Json End(Session& session, const Request&)
+{
+    return {{"ended", session.controller.Grid.Component().EndEdit()}};
+}
+
+Json Save(Session& session, const Request&)
+{
+    return {{"saved", session.controller.Grid.Update()}};
+}
+
+Json Escape(Session& session, const Request&)
+{
+    session.controller.Grid.Component().Escape();
+    return Json::object();
+}
+
+Json Tip(Session& session, const Request& request)
+{
+    const Cell cell = ReadCell(session.controller.Grid, request);
+    const auto text = session.controller.Grid.Component().CellTip(cell.row, cell.column);
+    return {{"text", text ? Json(*text) : Json()}};
+}
+
+Json State(Session& session, const Request&)
+{
+    return DescribeGrid(session.controller.Grid);
+}
+
+}  // namespace
+
+const VerbTable& GridVerbs()
+{
+    static const VerbTable verbs = {
+        {"grid", {State, false}},   {"move", {Move, true}}, {"edit", {Edit, true}},
+        {"begin", {Begin, true}},   {"end", {End, true}},   {"save", {Save, true}},
+        {"escape", {Escape, true}}, {"tip", {Tip, false}},
+    };
+    return verbs;
+}
+
+}  // namespace clb

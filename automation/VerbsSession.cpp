@@ -1,0 +1,93 @@
+#include "automation/CallOperations.h"
+#include "automation/StateReport.h"
+#include "automation/Statements.h"
+#include "automation/VerbTable.h"
+
+namespace clb
+{
+namespace
+{
+
+Json Window(Session& session, const Request&)
+{
+    return DescribeWindow(session.controller);
+}
+
+Json TreeNodes(Session& session, const Request&)
+{
+    return DescribeTree(session.controller.TreeView);
+}
+
+AnswerQueue::Answer ReadAnswer(const Request& request, bool screenshots)
+{
+    if (request.Has("box")) {
+        const auto button = ButtonOf(request.Text("box"));
+        if (!button)
+            throw RequestError("No such button: " + request.Text("box"));
+        return BoxReply{*button};
+    }
+    if (request.Has("file"))
+        return FileReply{request.Text("file")};
+    return FormReply{request.Text("form"), ReadSteps(request.Array("steps"), screenshots)};
+}
+
+Json Answer(Session& session, const Request& request)
+{
+    session.answers.Add(ReadAnswer(request, session.presenter != nullptr));
+    return Json::object();
+}
+
+Json Log(Session& session, const Request&)
+{
+    return {{"events", session.log.Take()}};
+}
+
+Json Sql(Session& session, const Request& request)
+{
+    return RunStatement(session.controller.Data().Database(), request.Text("text"));
+}
+
+Json Call(Session& session, const Request& request)
+{
+    const Json none = Json::array();
+    const Json& arguments = request.Has("args") ? request.Array("args") : none;
+    return CallOperation(session.controller, request.Text("op"), arguments);
+}
+
+Json Trace(Session& session, const Request& request)
+{
+    Connection& connection = session.controller.Data().Database();
+    if (!request.Flag("statements")) {
+        connection.Trace({});
+        return Json::object();
+    }
+    connection.Trace([&log = session.log](std::string_view text) {
+        log.Add({{"event", "execute"}, {"text", text}});
+    });
+    return Json::object();
+}
+
+Json Screenshot(Session& session, const Request& request)
+{
+    if (!session.presenter)
+        throw RequestError("Unknown verb: screenshot");
+    const std::string file = request.Text("file");
+    if (!session.presenter->Screenshot(file))
+        throw RequestError("Cannot write the picture: " + file);
+    return Json::object();
+}
+
+}  // namespace
+
+const VerbTable& SessionVerbs()
+{
+    static const VerbTable verbs = {
+        {"window", {Window, false}}, {"tree", {TreeNodes, false}},
+        {"answer", {Answer, false}}, {"log", {Log, false}},
+        {"sql", {Sql, false}},       {"call", {Call, false}},
+        {"trace", {Trace, false}},   {"screenshot", {Screenshot, false}},
+    };
+    return verbs;
+}
+
+}  // namespace clb
