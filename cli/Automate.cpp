@@ -1,0 +1,53 @@
+#include "automation/Automation.h"
+#include "cli/Commands.h"
+#include "cli/Options.h"
+#include "platform/SystemClock.h"
+
+#include <iostream>
+#include <memory>
+
+namespace clb
+{
+namespace
+{
+
+struct AutomateOptions : FolderOptions {
+    std::optional<std::string> now;
+    std::string quoteService;
+};
+
+int Automate(const AutomateOptions& options)
+{
+    std::unique_ptr<IClock> clock = std::make_unique<SystemClock>();
+    if (options.now)
+        clock = std::make_unique<FixedClock>(Date::FromIso(*options.now).value_or(Date()));
+    std::ios::sync_with_stdio(false);
+    return RunAutomation(std::cin, std::cout,
+                         {OpenFolder(options.home), *clock, options.quoteService}, nullptr);
+}
+
+std::string CheckMoment(const std::string& text)
+{
+    constexpr std::size_t length = std::char_traits<char>::length("YYYY-MM-DDThh:mm:ss");
+    const bool good = text.size() == length && text[10] == 'T' && Date::FromIso(text);
+    return good ? "" : "\"" + text + "\" is no moment YYYY-MM-DDThh:mm:ss";
+}
+
+}  // namespace
+
+void AddAutomate(CLI::App& app, int& exitCode)
+{
+    auto options = std::make_shared<AutomateOptions>();
+    CLI::App* command = app.add_subcommand(
+        "automate", "Run the program without a window, driven by JSON requests on standard input");
+    AddHome(*command, *options);
+    command->add_option("--now", options->now, "Local time at which the clock stands still")
+        ->check(CLI::Validator(CheckMoment, "YYYY-MM-DDThh:mm:ss"));
+    command
+        ->add_option("--quote-service", options->quoteService,
+                     "Scheme, host and port of the quote service (default: the settings file's)")
+        ->type_name("URL");
+    command->callback([options, &exitCode] { exitCode = Automate(*options); });
+}
+
+}  // namespace clb

@@ -1,0 +1,58 @@
+#pragma once
+#include "ports/IFileDialog.h"
+#include "ports/IMessageBox.h"
+#include "ports/IPointer.h"
+#include "ports/IShell.h"
+
+#include <iosfwd>
+#include <string>
+
+namespace clb
+{
+
+/// Writes what the program tells to a stream, at most its first two lines (a text may hold a whole
+/// file). Questions are answered with No.
+class ConsoleMessages : public IMessageBox
+{
+public:
+    /// The stream is borrowed.
+    explicit ConsoleMessages(std::ostream& out) : out_(out) {}
+    BoxAnswer Show(const std::string& text, std::int32_t style, const std::string& title) override;
+    /// Whether a refusal or a warning was told.
+    bool Refused() const { return refused_; }
+
+private:
+    std::ostream& out_;
+    bool refused_ = false;
+};
+
+/// Chooses the same file each time; cancels while none is set.
+class ConsoleFileDialog : public IFileDialog
+{
+public:
+    void Choose(const std::string& path) { path_ = path; }
+    std::optional<FileChoice> Ask(const FileQuestion& question) override;
+
+private:
+    std::string path_;
+};
+
+/// No desktop.
+class ConsoleShell : public IShell
+{
+public:
+    void Open(const std::string&) override {}
+    void Help(const std::string&) override {}
+};
+
+class ConsolePointer : public IPointer
+{
+public:
+    std::int32_t Pointer() const override { return code_; }
+    void Pointer(std::int32_t code) override { code_ = code; }
+
+private:
+    std::int32_t code_ = pointer::Default;
+};
+
+}  // namespace clb

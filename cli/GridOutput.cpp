@@ -1,0 +1,78 @@
+#include "cli/GridOutput.h"
+
+namespace clb
+{
+namespace
+{
+
+std::vector<std::int32_t> VisibleColumns(const GridColumns& columns)
+{
+    std::vector<std::int32_t> visible;
+    for (const std::int32_t index : columns.Displayed())
+        if (!columns.Item(index).hidden)
+            visible.push_back(index);
+    return visible;
+}
+
+bool IsFigure(FieldType type)
+{
+    return type == FieldType::Long || type == FieldType::Money || type == FieldType::Double ||
+           type == FieldType::Single;
+}
+
+std::vector<std::string> CellTexts(CVGrid& grid, std::size_t row)
+{
+    std::vector<std::string> texts;
+    for (const std::int32_t column : VisibleColumns(grid.Columns()))
+        texts.push_back(grid.Component().CellText(row, column));
+    return texts;
+}
+
+Json RowJson(CVGrid& grid, std::size_t row)
+{
+    Json values = Json::object();
+    for (const std::int32_t index : VisibleColumns(grid.Columns())) {
+        const GridColumn& column = grid.Columns().Item(index);
+        values[column.Calculated() ? column.caption : column.dbField] =
+            ToJson(grid.Component().CellValue(row, index));
+    }
+    return values;
+}
+
+}  // namespace
+
+Table GridTable(CVGrid& grid)
+{
+    Table table;
+    for (const std::int32_t index : VisibleColumns(grid.Columns())) {
+        const GridColumn& column = grid.Columns().Item(index);
+        table.AddColumn(column.caption, IsFigure(column.dataType));
+    }
+    for (std::size_t row = 1; row <= grid.Rows().Count(); ++row) {
+        switch (grid.Rows().Kind(row)) {
+            case GridRowKind::Data:
+                table.AddRow(CellTexts(grid, row));
+                break;
+            case GridRowKind::GroupHeading:
+                table.AddLine(grid.Rows().HeadingText(row));
+                break;
+            case GridRowKind::GroupFooter:
+                table.AddLine(grid.Component().FooterText(row));
+                break;
+            case GridRowKind::NewRow:
+                break;
+        }
+    }
+    return table;
+}
+
+Json GridJson(CVGrid& grid)
+{
+    Json rows = Json::array();
+    for (std::size_t row = 1; row <= grid.Rows().Count(); ++row)
+        if (grid.Rows().Kind(row) == GridRowKind::Data)
+            rows.push_back(RowJson(grid, row));
+    return rows;
+}
+
+}  // namespace clb

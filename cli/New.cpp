@@ -1,0 +1,44 @@
+#include "automation/ValueJson.h"
+#include "cli/Commands.h"
+#include "cli/Options.h"
+#include "data/EmptyDatabase.h"
+#include "platform/ProgramFolder.h"
+
+#include <iostream>
+#include <memory>
+
+namespace clb
+{
+namespace
+{
+
+struct NewOptions : FolderOptions {
+    std::string folder;
+};
+
+void MakeFolder(const NewOptions& options)
+{
+    DeliverFolder(options.folder, EmptyDatabase());
+    if (options.json)
+        std::cout << ToLine({{"folder", options.folder}}) << '\n';
+    else
+        std::cout << "Made " << DatabasePath(options.folder) << '\n';
+}
+
+}  // namespace
+
+void AddNew(CLI::App& app, int&)
+{
+    auto options = std::make_shared<NewOptions>();
+    CLI::App* command =
+        app.add_subcommand("new", "Make a program folder with an empty database in it");
+    command->add_option("DIR", options->folder, "Folder to make; it may exist")
+        ->required()
+        ->check([](const std::string& text) {
+            return text.empty() ? std::string("the folder's name is empty") : std::string();
+        });
+    AddJson(*command, *options);
+    command->callback([options] { MakeFolder(*options); });
+}
+
+}  // namespace clb

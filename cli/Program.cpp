@@ -1,0 +1,72 @@
+#include "cli/Program.h"
+
+#include "base/RuntimeError.h"
+
+#include <iostream>
+
+namespace clb
+{
+
+Program::Program(const std::string& folder, IModalHost& forms)
+    : messages_(std::cerr),
+      controller_({folder, clock_, messages_, files_, shell_, pointer_, dates_, forms},
+                  WindowMetrics())
+{
+    controller_.Load();
+}
+
+Program::~Program()
+{
+    try {
+        controller_.Unload();
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+    }
+}
+
+Month Program::PresentMonth() const
+{
+    const Date now = clock_.Now();
+    return {now.Year(), now.Month()};
+}
+
+void Program::ChooseMonth(Month month)
+{
+    controller_.View().HoldRefresh(true);
+    controller_.ChooseMonth(month.period - 1);
+    controller_.EnterYear(std::to_string(month.year));
+}
+
+void Program::PressNode(const std::string& tag)
+{
+    const std::int32_t node = controller_.View().FindTreeNodeByTag(tag);
+    if (node == 0)
+        throw RuntimeError(errors::ElementNotFound, "There is nothing to show");
+    controller_.View().HoldRefresh(true);
+    controller_.PressNode(node);
+    controller_.View().HoldRefresh(false);
+}
+
+void NoForms::Run(Form& form)
+{
+    if (form.CancelButton())
+        form.CancelButton()->Press();
+}
+
+FoundAccount FindAccount(clsDatabase& data, const std::string& account)
+{
+    const std::string text = "'" + clsDatabase::ToSqlString(account) + "'";
+    for (const char* column : {"AccountID", "Description"}) {
+        Recordset found;
+        data.Fill(found,
+                  std::string("SELECT AccountID, Description, Type FROM Account WHERE ") + column +
+                      " = " + text,
+                  true);
+        if (!found.Empty())
+            return {ToText(found.Get("AccountID")), ToText(found.Get("Description")),
+                    ToText(found.Get("Type"))};
+    }
+    throw RuntimeError(errors::ElementNotFound, "No such account: " + account);
+}
+
+}  // namespace clb

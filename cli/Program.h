@@ -1,0 +1,65 @@
+#pragma once
+#include "app/frmController.h"
+#include "cli/ConsolePorts.h"
+#include "platform/SystemClock.h"
+
+#include <optional>
+#include <string>
+
+namespace clb
+{
+
+/// The whole program without a window, loaded for one command: the command works its controls as a
+/// user would. Messages go to standard error.
+class Program
+{
+public:
+    /// Loads the program on the folder; forms are shown to the host, which is borrowed and outlives
+    /// it. Throws EngineError.
+    Program(const std::string& folder, IModalHost& forms);
+    /// Unloads it, when Finish did not.
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    frmController& Window() { return controller_; }
+    ConsoleMessages& Messages() { return messages_; }
+    ConsoleFileDialog& Files() { return files_; }
+    Month PresentMonth() const;
+
+    /// Makes durable what was written and unloads it. Throws EngineError when that fails; the
+    /// destructor could only tell it.
+    void Finish() { controller_.Unload(); }
+
+    /// Chooses the month to show, without showing it yet.
+    void ChooseMonth(Month month);
+    /// Presses the tree's node with the tag. Throws RuntimeError when there is none.
+    void PressNode(const std::string& tag);
+
+private:
+    SystemClock clock_;
+    ConsoleMessages messages_;
+    ConsoleFileDialog files_;
+    ConsoleShell shell_;
+    ConsolePointer pointer_;
+    IsoDateForm dates_;
+    frmController controller_;
+};
+
+/// Closes every form as by its Cancel button.
+class NoForms : public IModalHost
+{
+public:
+    void Run(Form& form) override;
+};
+
+/// An account found by its number or, failing that, by its description.
+struct FoundAccount {
+    std::string id;
+    std::string description;
+    std::string type;
+};
+/// Throws RuntimeError (ElementNotFound) when there is none.
+FoundAccount FindAccount(clsDatabase& data, const std::string& account);
+
+}  // namespace clb

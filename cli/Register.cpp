@@ -1,0 +1,65 @@
+#include "cli/Commands.h"
+#include "cli/GridOutput.h"
+#include "cli/Options.h"
+#include "cli/Program.h"
+
+#include <iostream>
+#include <memory>
+
+namespace clb
+{
+namespace
+{
+
+struct RegisterOptions : FolderOptions {
+    std::string account;
+    std::optional<std::string> month;
+};
+
+Json RegisterJson(frmController& window, const FoundAccount& account)
+{
+    Money total;
+    Money unused;
+    window.Data().CalcTotals(total, unused);
+    return {
+        {"account",
+         {{"AccountID", account.id}, {"Description", account.description}, {"Type", account.type}}},
+        {"year", window.View().Year()},
+        {"period", window.View().Period()},
+        {"rows", GridJson(window.Grid)},
+        {"total", total.ToText()}};
+}
+
+void PrintRegister(const RegisterOptions& options)
+{
+    NoForms forms;
+    Program program(OpenFolder(options.home), forms);
+    frmController& window = program.Window();
+    const FoundAccount account = FindAccount(window.Data(), options.account);
+    if (options.month)
+        program.ChooseMonth(ReadMonth(*options.month).value_or(Month{}));
+    program.PressNode(clsView::AccountTag(clsView::ViewFromAccountType(account.type), account.id));
+    if (options.json) {
+        std::cout << ToLine(RegisterJson(window, account)) << '\n';
+        return;
+    }
+    GridTable(window.Grid).Print(std::cout);
+    std::cout << window.lblTotal.Caption() << ' ' << window.txtTotal.Text() << '\n';
+}
+
+}  // namespace
+
+void AddRegister(CLI::App& app, int&)
+{
+    auto options = std::make_shared<RegisterOptions>();
+    CLI::App* command = app.add_subcommand(
+        "register", "Print an account's transactions of a month, or its holdings or loans");
+    command->add_option("ACCOUNT", options->account, "Account number or description")->required();
+    command->add_option("--month", options->month, "Month (default: the present one)")
+        ->check(IsMonth());
+    AddHome(*command, *options);
+    AddJson(*command, *options);
+    command->callback([options] { PrintRegister(*options); });
+}
+
+}  // namespace clb

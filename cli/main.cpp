@@ -1,0 +1,40 @@
+#include "cli/Commands.h"
+
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <iostream>
+
+namespace
+{
+
+constexpr int refused = 1;
+constexpr int wrongUsage = 2;
+
+int Run(int argc, char** argv)
+{
+    CLI::App app("Corvane Ledgerbook, the personal-finance program, on the command line", "clb");
+    app.require_subcommand(1);
+    app.failure_message(CLI::FailureMessage::simple);
+    int exitCode = 0;
+    for (const auto add : {clb::AddNew, clb::AddAccounts, clb::AddNetWorth, clb::AddRegister,
+                           clb::AddBudget, clb::AddImport, clb::AddSql, clb::AddAutomate})
+        add(app, exitCode);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : wrongUsage;
+    }
+    return exitCode;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& error) {
+        std::cerr << "clb: " << error.what() << '\n';
+        return refused;
+    }
+}
