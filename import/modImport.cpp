@@ -5,6 +5,8 @@
 #include "import/FileLines.h"
 #include "import/Messages.h"
 #include "import/StatementFile.h"
+#include "ports/IFileDialog.h"
+#include "ports/IPointer.h"
 #include "views/clsView.h"
 
 namespace clb {
@@ -14,12 +16,8 @@ constexpr std::int32_t kMarkup = 2;
 constexpr std::int32_t kQif = 3;
 constexpr std::int32_t kUnknown = 0;
 
-/// The file must exist (4096), the read-only box is hidden (4).
-constexpr std::int32_t kDialogFlags = 4096 + 4;
+constexpr std::int32_t kDialogFlags = file_flags::FileMustExist | file_flags::HideReadOnly;
 constexpr const char* kDialogFilter = "All Financial Files|*.ofx;*.qfx;*.ofc;*.qif|All Files|*.*";
-
-constexpr std::int32_t kDefaultPointer = 0;
-constexpr std::int32_t kHourglass = 11;
 
 std::string_view FirstNonEmptyLine(FileLines& lines)
 {
@@ -58,7 +56,7 @@ void modImport::ImportFile()
     host_.StatusText("Importing " + path + "...");
     host_.Repaint();
     host_.WindowEnabled(false);
-    host_.Pointer(kHourglass);
+    host_.Pointer(pointer::Hourglass);
 
     FixLineEndings(path);
     if (!ImportByFormat(path))
@@ -66,7 +64,7 @@ void modImport::ImportFile()
     RebalanceAll();
     view_.Refresh();
 
-    host_.Pointer(kDefaultPointer);
+    host_.Pointer(pointer::Default);
     host_.StatusText(statusBefore);
     host_.WindowEnabled(true);
 }

@@ -1,0 +1,201 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "base/Money.h"
+#include "import/StatementFile.h"
+#include "tests/support/Books.h"
+
+// Imports every statement of the folder named by CLB_STATEMENTS into fresh books, with a new
+// account for each, and compares what is there afterwards with the folder's expected.json.
+
+namespace clb {
+
+using nlohmann::json;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path& Folder()
+{
+    static const fs::path folder = [] {
+        const char* name = std::getenv("CLB_STATEMENTS");
+        return fs::path(name ? name : "");
+    }();
+    return folder;
+}
+
+const json& Expected()
+{
+    static const json expected = [] {
+        std::ifstream file(Folder() / "expected.json");
+        return json::parse(file, nullptr, false);
+    }();
+    return expected;
+}
+
+/// The files that hold markup; QIF files have their own reader.
+std::vector<std::string> MarkupFiles()
+{
+    std::vector<std::string> names;
+    if (!Expected().is_object())
+        return names;
+    for (const auto& [name, entry] : Expected().items())
+        if (entry.at("kind") != "QIF")
+            names.push_back(name);
+    return names;
+}
+
+class StatementFolderTest : public ::testing::TestWithParam<std::string> {
+protected:
+    StatementFolderTest()
+    {
+        fs::copy_file(Folder() / GetParam(), path_);
+        fs::permissions(path_, fs::perms::owner_all);
+        books_.files.answers.push_back(path_);
+        books_.modal.steps.push_back([](Form& form) {
+            dynamic_cast<TextBox&>(*form.Find("txtDescription")).Text("Imported");
+            form.DefaultButton()->Press();
+        });
+        books_.window.menus.Find("mnuF_Import")->Press();
+    }
+
+    /// One text of the result; null for none.
+    json Text(const std::string& select)
+    {
+        const std::vector<std::string> rows = books_.Rows(select);
+        return rows.empty() || rows.front().empty() ? json() : json(rows.front());
+    }
+    json Number(const std::string& select) { return json(std::stoi(books_.One(select))); }
+
+    /// The first or last row by the order given, in the fields of the file's description.
+    json Row(const std::string& order)
+    {
+        Recordset row;
+        books_.window.Data().Fill(
+            row,
+            "SELECT TOP 1 Amount, Category, CheckID, Description, FITID, "
+            "PayeeName AS Notes, Period, PostDate, Year FROM Trans ORDER BY " +
+                order,
+            true);
+        if (row.AtEnd())
+            return json();
+        json fields;
+        for (std::size_t at = 0; at < row.Fields().size(); ++at) {
+            const Field& field = row.Fields()[at];
+            if (field.type == FieldType::Long)
+                fields[field.name] = ToLong(row.Get(at));
+            else
+                fields[field.name] = ToText(row.Get(at));
+        }
+        fields["Amount"] = Cents(ToMoney(row.Get("Amount")));
+        return fields;
+    }
+
+    /// As the descriptions write amounts: at least two decimals.
+    static std::string Cents(Money amount)
+    {
+        std::string text = amount.ToText();
+        const std::size_t point = text.find('.');
+        if (point == std::string::npos)
+            return text + ".00";
+        return text.size() - point == 2 ? text + "0" : text;
+    }
+
+    /// The message that the description stands for, as a list of the boxes shown.
+    std::vector<FakeMessageBox::Box> ExpectedBoxes()
+    {
+        const json& expected = Expected().at(GetParam());
+        if (!expected.at("accepted"))
+            return {{"Invalid file format.", 16, "Corvane Ledgerbook"}};
+        if (expected.at("error").is_null())
+            return {};
+        const std::string working = expected["error"].at("working_text");
+        return {
+            {"Invalid data was found while importing:\n" + working + "\n" + ReadStatement(path_),
+             48, "Corvane Ledgerbook"}};
+    }
+
+    /// Number of the transactions that the reader takes from the file, duplicates included.
+    std::int32_t Blocks()
+    {
+        const std::string text = ReadStatement(path_);
+        std::int32_t pos = 6;
+        std::int32_t blocks = 0;
+        statement_tags::FindTag(pos, text, "<ACCTID>");
+        while (!statement_tags::GetTagBlock(pos, text, "STMTTRN").empty())
+            ++blocks;
+        return blocks;
+    }
+
+    Books books_;
+    const std::string path_ = books_.folder.Path(GetParam());
+};
+
+TEST_P(StatementFolderTest, YieldsWhatItsDescriptionSays)
+{
+    const json& expected = Expected().at(GetParam());
+    const bool accepted = expected.at("accepted");
+
+    EXPECT_EQ(books_.messages.boxes, ExpectedBoxes());
+    EXPECT_EQ(books_.window.window.Enabled(), accepted);
+    EXPECT_EQ(modImport::DetectFileFormat(path_), expected.at("kind") == "OFX" ? 2 : 0);
+
+    const bool repaired = fs::exists(path_ + ".org");
+    EXPECT_EQ(repaired, expected.at("line_endings_fixed"));
+    EXPECT_EQ(fs::file_size(repaired ? path_ + ".org" : path_), expected.at("bytes"));
+
+    EXPECT_EQ(Number("SELECT COUNT(1) AS [Count] FROM Trans"), expected.at("rows"));
+    EXPECT_EQ(books_.Rows("SELECT DISTINCT FITID FROM Trans").size(), expected.at("fitids"));
+    EXPECT_EQ(Number("SELECT COUNT(1) AS [Count] FROM Budget"), expected.at("budget_lines"));
+    EXPECT_EQ(Text("SELECT MIN(PostDate) AS Day FROM Trans"), expected.at("min_date"));
+    EXPECT_EQ(Text("SELECT MAX(PostDate) AS Day FROM Trans"), expected.at("max_date"));
+    EXPECT_EQ(Row("Sequence"), expected.at("first_row"));
+    EXPECT_EQ(Row("Sequence DESC"), expected.at("last_row"));
+
+    Money sum;
+    for (const std::string& amount : books_.Rows("SELECT Amount FROM Trans"))
+        sum += Money::Parse(amount);
+    EXPECT_EQ(Cents(sum), expected.at("sum"));
+}
+
+TEST_P(StatementFolderTest, GoesIntoTheAccountThatItNames)
+{
+    const json& expected = Expected().at(GetParam());
+
+    EXPECT_EQ(Text("SELECT AccountID FROM Account"), expected.value("account_id", json()));
+    if (expected.at("rows") == 0)
+        return;
+    EXPECT_EQ(Text("SELECT DISTINCT AccountID FROM Trans"), expected.at("account_id"));
+    EXPECT_EQ(Cents(Money::Parse(books_.One("SELECT CurrentBalance FROM Account"))),
+              expected.at("sum"));
+}
+
+TEST_P(StatementFolderTest, SkipsItsDuplicatesOnly)
+{
+    const json& expected = Expected().at(GetParam());
+    if (!expected.at("accepted"))
+        GTEST_SKIP() << "not read";
+
+    EXPECT_EQ(Blocks(), expected.at("blocks"));
+    if (expected.at("error").is_null()) {
+        EXPECT_EQ(Blocks() - expected.at("rows").get<std::int32_t>(),
+                  expected.at("duplicates_skipped"));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, StatementFolderTest, ::testing::ValuesIn(MarkupFiles()),
+                         [](const auto& info) {
+                             std::string name = info.param;
+                             for (char& c : name)
+                                 if (!std::isalnum(static_cast<unsigned char>(c)))
+                                     c = '_';
+                             return name;
+                         });
+
+}  // namespace
+}  // namespace clb

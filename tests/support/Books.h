@@ -1,0 +1,66 @@
+#pragma once
+#include <string>
+#include <vector>
+
+#include "app/frmController.h"
+#include "data/EmptyDatabase.h"
+#include "tests/support/FakePorts.h"
+#include "tests/support/TempFolder.h"
+
+namespace clb {
+
+/// The whole program over a fresh folder with the delivered database, and fakes for what is
+/// outside. It shows the net worth in March 2006.
+class Books {
+public:
+    Books() : window(MakePorts(), WindowMetrics()) { window.Load(); }
+
+    /// Fields of the rows of a SELECT, as text with "|" between them.
+    std::vector<std::string> Rows(const std::string& select)
+    {
+        std::vector<std::string> lines;
+        Recordset records;
+        window.Data().Fill(records, select, true);
+        for (; !records.AtEnd(); records.MoveNext())
+            lines.push_back(Line(records));
+        return lines;
+    }
+    std::string One(const std::string& select) { return Rows(select).at(0); }
+    void Execute(const std::string& statement) { window.Data().Execute(statement); }
+
+    void AddAccount(const std::string& id, const std::string& type, const std::string& description)
+    {
+        const auto quoted = [](const std::string& text) {
+            return "'" + clsDatabase::ToSqlString(text) + "'";
+        };
+        Execute("INSERT INTO Account (AccountID, Type, Description) VALUES (" + quoted(id) + ", " +
+                quoted(type) + ", " + quoted(description) + ")");
+    }
+
+    TempFolder folder;
+    FakeClock clock;
+    FakeMessageBox messages;
+    FakeFileDialog files;
+    FakeShell shell;
+    FakePointer pointer;
+    IsoDateForm dates;
+    FakeModalHost modal;
+    frmController window;
+
+private:
+    static std::string Line(const Recordset& records)
+    {
+        std::string line;
+        for (std::size_t field = 0; field < records.Fields().size(); ++field)
+            line += (field > 0 ? "|" : "") + ToText(records.Get(field));
+        return line;
+    }
+
+    Ports MakePorts()
+    {
+        folder.Write("db/clb.mdb", EmptyDatabase());
+        return {folder.Path(), clock, messages, files, shell, pointer, dates, modal};
+    }
+};
+
+}  // namespace clb

@@ -1,0 +1,44 @@
+#pragma once
+#include <string>
+#include <vector>
+
+#include "import/IImportHost.h"
+
+namespace clb {
+
+/// The main window as a list of what the import did to it.
+class FakeImportHost : public IImportHost {
+public:
+    std::string AskForFile(std::int32_t flags, const std::string& filter) override
+    {
+        events.push_back("ask " + std::to_string(flags) + " " + filter);
+        return file;
+    }
+    std::string StatusText() const override { return status; }
+    void StatusText(const std::string& text) override
+    {
+        events.push_back("status " + text);
+        status = text;
+    }
+    void Repaint() override { events.push_back("repaint"); }
+    void WindowEnabled(bool enabled) override
+    {
+        events.push_back(enabled ? "enabled" : "disabled");
+    }
+    void Pointer(std::int32_t code) override
+    {
+        events.push_back("pointer " + std::to_string(code));
+    }
+    bool CheckImportAccount(std::string& accountID) override
+    {
+        events.push_back("account " + accountID);
+        return accepts;
+    }
+
+    std::string file;  ///< the user's choice; empty: cancelled
+    std::string status = "Ready";
+    bool accepts = true;  ///< whether the account check agrees
+    std::vector<std::string> events;
+};
+
+}  // namespace clb

@@ -1,0 +1,106 @@
+#pragma once
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "controls/Form.h"
+#include "ports/IClock.h"
+#include "ports/IFileDialog.h"
+#include "ports/IMessageBox.h"
+#include "ports/IPointer.h"
+#include "ports/IShell.h"
+
+namespace clb {
+
+/// Remembers what was told; answers in the order given, then OK.
+class FakeMessageBox : public IMessageBox {
+public:
+    struct Box {
+        std::string text;
+        std::int32_t style = 0;
+        std::string title;
+        bool operator==(const Box&) const = default;
+    };
+    BoxAnswer Show(const std::string& text, std::int32_t style, const std::string& title) override
+    {
+        boxes.push_back({text, style, title});
+        if (answers.empty())
+            return BoxAnswer::OK;
+        const BoxAnswer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+
+    std::vector<Box> boxes;
+    std::deque<BoxAnswer> answers;
+};
+
+/// Works each form as told, in order; a form that no one works, or that stays open, is cancelled.
+class FakeModalHost : public IModalHost {
+public:
+    void Run(Form& form) override
+    {
+        ++shown;
+        if (!steps.empty()) {
+            const auto work = steps.front();
+            steps.pop_front();
+            work(form);
+        }
+        if (form.Visible())
+            form.CancelButton()->Press();
+    }
+
+    std::deque<std::function<void(Form&)>> steps;
+    int shown = 0;
+};
+
+/// Chooses the paths given, in order, then cancels.
+class FakeFileDialog : public IFileDialog {
+public:
+    std::optional<FileChoice> Ask(const FileQuestion& question) override
+    {
+        questions.push_back(question);
+        if (answers.empty())
+            return std::nullopt;
+        FileChoice choice;
+        choice.path = answers.front();
+        answers.pop_front();
+        return choice;
+    }
+
+    std::vector<FileQuestion> questions;
+    std::deque<std::string> answers;
+};
+
+class FakeShell : public IShell {
+public:
+    void Open(const std::string& address) override { opened.push_back(address); }
+    void Help(const std::string& file) override { helped.push_back(file); }
+
+    std::vector<std::string> opened;
+    std::vector<std::string> helped;
+};
+
+class FakePointer : public IPointer {
+public:
+    std::int32_t Pointer() const override { return code; }
+    void Pointer(std::int32_t to) override { code = to; }
+
+    std::int32_t code = pointer::Default;
+};
+
+/// Stands still in the middle of March 2006, at Greenwich.
+class FakeClock : public IClock {
+public:
+    Date Now() const override { return now; }
+    std::uint32_t TickCount() const override { return ticks; }
+    modCommon::ZoneInformation Zone() const override { return zone; }
+
+    Date now = *Date::Of(2006, 3, 15, 12);
+    std::uint32_t ticks = 1000;
+    modCommon::ZoneInformation zone;
+};
+
+}  // namespace clb

@@ -1,0 +1,52 @@
+#pragma once
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace clb {
+
+/// A folder of its own for one test, gone with everything in it afterwards.
+class TempFolder {
+public:
+    TempFolder()
+    {
+        std::string name = (std::filesystem::temp_directory_path() / "clb-test-XXXXXX").string();
+        if (!mkdtemp(name.data()))
+            throw std::runtime_error("no temporary folder");
+        path_ = name;
+    }
+    ~TempFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    std::string Path() const { return path_.string(); }
+    /// Path of a file or folder in it.
+    std::string Path(const std::string& name) const { return (path_ / name).string(); }
+    bool Holds(const std::string& name) const { return std::filesystem::exists(path_ / name); }
+
+    /// Writes a file, folders on the way included; returns its path.
+    std::string Write(const std::string& name, std::string_view bytes) const
+    {
+        std::filesystem::create_directories((path_ / name).parent_path());
+        std::ofstream(path_ / name, std::ios::binary)
+            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return Path(name);
+    }
+    std::string Read(const std::string& name) const
+    {
+        std::ifstream file(path_ / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+private:
+    std::filesystem::path path_;
+};
+
+}  // namespace clb
