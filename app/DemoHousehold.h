@@ -1,0 +1,12 @@
+#pragma once
+#include <string>
+
+#include "base/Date.h"
+
+namespace clb {
+
+/// Fills the fresh program folder with a small household: accounts of all five types, two years of
+/// transactions up to today, and a budget for every month. The same day gives the same household.
+void MakeDemoHousehold(const std::string& folder, const Date& today);
+
+}  // namespace clb

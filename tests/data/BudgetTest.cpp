@@ -1,0 +1,144 @@
+#include "engine/EngineError.h"
+#include "tests/data/StoreFixture.h"
+
+namespace clb {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class BudgetTest : public StoreTest {
+protected:
+    Lines BudgetOf(std::int32_t year, std::int32_t period)
+    {
+        return Rows("SELECT Category, CategoryGroup, Amount FROM Budget WHERE Year = " +
+                    std::to_string(year) + " AND Period = " + std::to_string(period) +
+                    " ORDER BY Category");
+    }
+    std::string MonthOf(std::int32_t sequence, std::int32_t piece)
+    {
+        return Rows("SELECT Year, Period FROM Trans WHERE Sequence = " + std::to_string(sequence) +
+                    " AND SubSequence = " + std::to_string(piece))
+            .at(0);
+    }
+    void ShowRegister()
+    {
+        shown_.view = vwAccount;
+        shown_.account = "10";
+        Store().GetRows();
+    }
+};
+
+TEST_F(BudgetTest, AnExistingLineIsNeverOverwritten)
+{
+    Store().CreateBudgetEntry("Kid's", 2006, 3, "Family", Money::Parse("50"));
+    Store().CreateBudgetEntry("Kid's", 2006, 3, "Other", Money::Parse("70"));
+    Store().CreateBudgetEntry("Kid's", 2006, 4, "Family", Money::Parse("60"));
+
+    EXPECT_EQ(BudgetOf(2006, 3), (Lines{"Kid's|Family|50"}));
+    EXPECT_EQ(BudgetOf(2006, 4), (Lines{"Kid's|Family|60"}));
+}
+
+TEST_F(BudgetTest, CopyingGivesTheSourcesCategoriesGroupsAndAmounts)
+{
+    AddBudget("Food", "Living", "200", 2006, 2);
+    AddBudget("Rent", "Home", "700", 2006, 2);
+    AddBudget("Food", "Old", "1", 2006, 3);
+    AddBudget("Fuel", "Car", "90", 2006, 3);
+    AddTransaction(1, "10", "-5", 2006, 3, "Fuel");
+    AddTransaction(2, "10", "-5", 2006, 4, "Fuel");
+
+    Store().CopyBudget(2006, 2, 2006, 3);
+
+    EXPECT_EQ(BudgetOf(2006, 3),
+              (Lines{"(none)|(none)|0", "Food|Living|200", "Rent|Home|700"}));
+    EXPECT_EQ(Rows("SELECT Sequence, Category FROM Trans ORDER BY Sequence"),
+              (Lines{"1|(none)", "2|Fuel"}));
+    EXPECT_EQ(BudgetOf(2006, 2), (Lines{"Food|Living|200", "Rent|Home|700"}));
+}
+
+TEST_F(BudgetTest, AnEmptySourceMonthChangesNothing)
+{
+    AddBudget("Fuel", "Car", "90", 2006, 3);
+    AddBudget("(none)", "(none)", "0", 2006, 3);
+
+    Store().CopyBudget(2006, 2, 2006, 3);
+
+    EXPECT_EQ(BudgetOf(2006, 3), (Lines{"(none)|(none)|0", "Fuel|Car|90"}));
+}
+
+TEST_F(BudgetTest, CopyingIntoAnEmptyMonthAddsTheSetAsideLine)
+{
+    AddBudget("Food", "Living", "200", 2005, 12);
+
+    Store().CopyBudget(2005, 12, 2006, 1);
+
+    EXPECT_EQ(BudgetOf(2006, 1), (Lines{"(none)|(none)|0", "Food|Living|200"}));
+}
+
+TEST_F(BudgetTest, TheTargetsOwnSetAsideLineStays)
+{
+    AddBudget("Food", "Living", "200", 2006, 2);
+    AddBudget("(none)", "Mine", "5", 2006, 3);
+
+    Store().CopyBudget(2006, 2, 2006, 3);
+
+    EXPECT_EQ(BudgetOf(2006, 3), (Lines{"(none)|Mine|5", "Food|Living|200"}));
+}
+
+TEST_F(BudgetTest, AGoneCategoryWithAQuoteIsTheEnginesError)
+{
+    AddBudget("Food", "Living", "200", 2006, 2);
+    AddBudget("Kid''s", "Family", "5", 2006, 3);
+
+    EXPECT_THROW(Store().CopyBudget(2006, 2, 2006, 3), EngineError);
+}
+
+TEST_F(BudgetTest, ATransactionMovesAcrossYearEnds)
+{
+    AddTransaction(1, "10", "5", 2006, 1);
+    ShowRegister();
+    row_.cells[5] = std::string("Food");
+
+    Store().MoveMonth(1, 0, -1);
+    EXPECT_EQ(MonthOf(1, 0), "2005|12");
+    EXPECT_EQ(BudgetOf(2005, 12), (Lines{"Food|(none)|0"}));
+    Store().MoveMonth(1, 0, 1);
+    EXPECT_EQ(MonthOf(1, 0), "2006|1");
+}
+
+TEST_F(BudgetTest, OnlyTheNamedPieceMoves)
+{
+    AddTransaction(1, "10", "5", 2006, 3);
+    Execute("INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period) "
+            "VALUES (1, 1, '10', #2006-03-05#, 2, 2006, 3)");
+    ShowRegister();
+
+    Store().MoveMonth(1, 1, 1);
+
+    EXPECT_EQ(MonthOf(1, 0), "2006|3");
+    EXPECT_EQ(MonthOf(1, 1), "2006|4");
+    EXPECT_EQ(Rows("SELECT PostDate FROM Trans WHERE SubSequence = 1"), (Lines{"2006-03-05"}));
+}
+
+TEST_F(BudgetTest, TheGridsRowsAreReadAgain)
+{
+    AddTransaction(1, "10", "5", 2006, 3);
+    ShowRegister();
+    Recordset& rows = Store().GetRows();
+    ASSERT_EQ(rows.RecordCount(), 1);
+
+    Store().MoveMonth(1, 0, 1);
+
+    EXPECT_EQ(rows.RecordCount(), 0);
+}
+
+TEST_F(BudgetTest, AMissingPieceIsTheEnginesError)
+{
+    ShowRegister();
+
+    EXPECT_THROW(Store().MoveMonth(9, 0, 1), EngineError);
+    EXPECT_TRUE(Rows("SELECT Category FROM Budget").empty());
+}
+
+}  // namespace
+}  // namespace clb
