@@ -4,6 +4,7 @@
 #include "import/modImport.h"
 #include "tests/support/Books.h"
 #include "tests/support/FakeImportHost.h"
+#include "tests/support/TestNames.h"
 
 namespace clb {
 namespace {
@@ -314,7 +315,7 @@ INSTANTIATE_TEST_SUITE_P(
                       BadPiece{"DecimalComma", "20060302", "-530,86", "<TRNAMT>"},
                       BadPiece{"AmountTooLarge", "20060302", "999999999999999", "<TRNAMT>"},
                       BadPiece{"DateBeforeAmount", "20061301", "two", "2006/13/01"}),
-    [](const auto& info) { return info.param.name; });
+    [](const auto& test) { return TestName(test.param.name); });
 
 TEST_F(ImportOfxTest, ARowThatFailsHasNoBudgetLineBefore)
 {

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "tests/support/Books.h"
+#include "tests/support/TestNames.h"
 
 namespace clb {
 namespace {
@@ -285,11 +286,7 @@ INSTANTIATE_TEST_SUITE_P(Files, BadStatementsTest,
                                            BadStatement{"month-in-letters.ofx", "MA"},
                                            BadStatement{"short-date.ofx", "2006/3/"},
                                            BadStatement{"missing-date.ofx", ""}),
-                         [](const auto& info) {
-                             std::string name = info.param.file;
-                             std::replace(name.begin(), name.end(), '-', '_');
-                             return name.substr(0, name.find('.'));
-                         });
+                         [](const auto& test) { return TestName(test.param.file); });
 
 }  // namespace
 }  // namespace clb

@@ -6,6 +6,7 @@
 
 #include "tests/support/Books.h"
 #include "tests/support/FakeImportHost.h"
+#include "tests/support/TestNames.h"
 
 namespace clb {
 namespace {
@@ -54,11 +55,7 @@ TEST_P(TruncatedStatementsTest, AddOnlyWholeTransactionsWhereverTheyAreCut)
 
 INSTANTIATE_TEST_SUITE_P(Files, TruncatedStatementsTest,
                          ::testing::Values("bank-crlf.ofx", "end-tags.qfx", "utf-8.ofx"),
-                         [](const auto& info) {
-                             std::string name = info.param;
-                             std::replace(name.begin(), name.end(), '-', '_');
-                             return name.substr(0, name.find('.'));
-                         });
+                         [](const auto& test) { return TestName(test.param); });
 
 }  // namespace
 }  // namespace clb

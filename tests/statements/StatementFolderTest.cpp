@@ -8,6 +8,7 @@
 #include "base/Money.h"
 #include "import/StatementFile.h"
 #include "tests/support/Books.h"
+#include "tests/support/TestNames.h"
 
 // Imports every statement of the folder named by CLB_STATEMENTS into fresh books, with a new
 // account for each, and compares what is there afterwards with the folder's expected.json.
@@ -189,13 +190,7 @@ TEST_P(StatementFolderTest, SkipsItsDuplicatesOnly)
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, StatementFolderTest, ::testing::ValuesIn(MarkupFiles()),
-                         [](const auto& info) {
-                             std::string name = info.param;
-                             for (char& c : name)
-                                 if (!std::isalnum(static_cast<unsigned char>(c)))
-                                     c = '_';
-                             return name;
-                         });
+                         [](const auto& test) { return TestName(test.param); });
 
 }  // namespace
 }  // namespace clb
