@@ -1,0 +1,13 @@
+#pragma once
+#include "engine/Plan.h"
+
+#include <memory>
+
+namespace clb
+{
+
+/// Parses, checks, writes and prepares one statement. Throws EngineError; nothing has run then.
+std::unique_ptr<Plan> Compile(const LexedStatement& lexed, Catalogue& catalogue,
+                              Database& database);
+
+}  // namespace clb

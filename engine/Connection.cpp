@@ -1,0 +1,112 @@
+#include "engine/Connection.h"
+
+#include "engine/ConnectionString.h"
+#include "engine/Errors.h"
+#include "engine/Schema.h"
+#include "engine/Session.h"
+
+#include <filesystem>
+#include <utility>
+
+namespace clb
+{
+namespace
+{
+
+void RunWrite(Connection::State& state, const StatementCache::Entry& entry)
+{
+    state.BeginWrite();
+    Statement& statement = entry.plan->statement;
+    for (std::size_t i = 0; i < entry.values->size(); ++i)
+        statement.Bind(static_cast<int>(i) + 1, (*entry.values)[i]);
+    state.database.Step(statement);
+}
+
+void RunDdl(Connection::State& state, const DdlStatement& ddl)
+{
+    state.BeginWrite();
+    try {
+        ApplyDdl(ddl, state.catalogue, state.database);
+    } catch (...) {
+        state.ForgetSchema();
+        throw;
+    }
+    state.ForgetSchema();
+}
+
+}  // namespace
+
+Connection::Connection() : state_(std::make_unique<State>()) {}
+Connection::~Connection() = default;
+Connection::Connection(Connection&&) noexcept = default;
+Connection& Connection::operator=(Connection&&) noexcept = default;
+
+void Connection::Open(std::string_view connectionString)
+{
+    if (IsOpen())
+        throw refuse::AlreadyOpen();
+    state_->database.OpenExisting(DataSourceOf(connectionString));
+}
+
+bool Connection::IsOpen() const
+{
+    return state_ && state_->database.IsOpen();
+}
+
+Recordset Connection::Execute(std::string_view sql)
+{
+    Recordset result;
+    State& state = *state_;
+    state.RequireOpen();
+    if (state.trace)
+        state.trace(sql);
+    const auto entry = state.Prepare(sql);
+    if (entry.plan->kind == Plan::Kind::Ddl)
+        RunDdl(state, *entry.plan->ddl);
+    else if (entry.plan->kind == Plan::Kind::Write)
+        RunWrite(state, entry);
+    else
+        result.OpenUntraced(sql, *this, LockKind::ReadOnly);
+    return result;
+}
+
+void Connection::Settle()
+{
+    state_->Settle();
+}
+
+void Connection::Trace(std::function<void(std::string_view)> sink)
+{
+    state_->trace = std::move(sink);
+}
+
+void Connection::CreateFile(const std::string& path, const std::string& script)
+{
+    // The file appears under its name only when it is complete.
+    const std::string unfinished = path + ".new";
+    if (std::filesystem::exists(path))
+        throw EngineError(engine_errors::Unavailable,
+                          "The database file '" + path + "' exists already.");
+    std::error_code ignored;
+    std::filesystem::remove(unfinished, ignored);
+    try {
+        Database database;
+        database.Create(unfinished);
+        database.Run(script);
+        database.Close();
+        FlushToDisk(unfinished);
+        std::filesystem::rename(unfinished, path);
+    } catch (const std::filesystem::filesystem_error& error) {
+        throw EngineError(engine_errors::Unavailable, error.what());
+    } catch (...) {
+        std::filesystem::remove(unfinished, ignored);
+        throw;
+    }
+}
+
+Connection::State& Connection::Internals() const
+{
+    return *state_;
+}
+
+}  // namespace clb

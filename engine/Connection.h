@@ -1,0 +1,55 @@
+#pragma once
+#include "engine/Recordset.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace clb
+{
+
+/// The connection to one database file. One user, one thread.
+///
+/// Every statement takes effect by itself. What was written is kept in one pending group until
+/// Settle(), which makes it durable; a program that is killed before leaves the file as it was at
+/// the last Settle().
+class Connection
+{
+public:
+    Connection();
+    ~Connection();
+    Connection(Connection&&) noexcept;
+    Connection& operator=(Connection&&) noexcept;
+
+    /// Opens the existing file named by "Data Source=" in a connection string such as
+    /// "Provider=...;Data Source=/home/me/books\db\clb.mdb;Persist Security Info=False". Both kinds
+    /// of slashes divide folders. Throws EngineError, also when the file is missing, locked or
+    /// damaged.
+    void Open(std::string_view connectionString);
+    bool IsOpen() const;
+
+    /// Runs one statement of the dialect. The result holds the rows of a SELECT, read-only; it is
+    /// closed for other statements. Throws EngineError, with nothing changed.
+    Recordset Execute(std::string_view sql);
+
+    /// Makes everything written so far durable. Throws EngineError when that fails (disk full, file
+    /// locked); what was pending is then lost and the file as before.
+    void Settle();
+
+    /// From now on each statement text sent (Execute, Open and Requery of result sets) is handed on
+    /// before it runs; an empty function ends it.
+    void Trace(std::function<void(std::string_view)> sink);
+
+    /// Creates a new database file by a script of the storage's own SQL. Throws EngineError, also
+    /// when the file exists.
+    static void CreateFile(const std::string& path, const std::string& script);
+
+    struct State;
+    State& Internals() const;  ///< For the engine's own result sets.
+
+private:
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace clb

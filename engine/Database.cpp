@@ -1,0 +1,302 @@
+#include "engine/Database.h"
+
+#include "engine/Errors.h"
+#include "engine/Functions.h"
+
+#include <filesystem>
+#include <limits>
+#include <sqlite3.h>
+
+namespace clb
+{
+namespace
+{
+
+constexpr int kBusyMilliseconds = 2000;
+
+EngineError Unavailable(const std::string& path, const std::string& what)
+{
+    return {engine_errors::Unavailable, "The database file '" + path + "' " + what};
+}
+
+/// What follows the last colon and blank: "NOT NULL constraint failed: Account.Type" names the
+/// field.
+std::string Subject(const std::string& message)
+{
+    const std::size_t colon = message.rfind(": ");
+    return colon == std::string::npos ? message : message.substr(colon + 2);
+}
+
+EngineError ConstraintError(int extended, const std::string& message)
+{
+    if (extended == SQLITE_CONSTRAINT_NOTNULL)
+        return {engine_errors::Constraint,
+                "You must enter a value in the '" + Subject(message) + "' field."};
+    if (extended == SQLITE_CONSTRAINT_UNIQUE || extended == SQLITE_CONSTRAINT_PRIMARYKEY ||
+        extended == SQLITE_CONSTRAINT_ROWID)
+        return {engine_errors::Constraint,
+                "The changes were not made because they would create duplicate values in '" +
+                    Subject(message) + "'."};
+    return {engine_errors::Constraint, message};
+}
+
+EngineError ErrorOf(int code, int extended, const std::string& message, const std::string& path)
+{
+    switch (code) {
+        case SQLITE_CONSTRAINT:
+            return ConstraintError(extended, message);
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return Unavailable(path, "is locked by another program.");
+        case SQLITE_READONLY:
+            return Unavailable(path, "is read-only.");
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            return Unavailable(path, "is damaged or is no database.");
+        case SQLITE_FULL:
+            return Unavailable(path, "cannot grow: the disk is full.");
+        case SQLITE_IOERR:
+            return Unavailable(path, "cannot be read or written.");
+        case SQLITE_CANTOPEN:
+            return Unavailable(path, "cannot be opened.");
+        case SQLITE_AUTH:
+            return refuse::Statement("The statement is not allowed.");
+        case SQLITE_TOOBIG:
+            return refuse::Statement("The statement or one of its values is too big.");
+        default:
+            break;
+    }
+    if (message == "integer overflow")
+        return refuse::Overflow();
+    return refuse::Statement(message);
+}
+
+std::string_view ColumnText(sqlite3_stmt* statement, int column)
+{
+    const auto* text = sqlite3_column_text(statement, column);
+    if (!text)
+        return {};
+    return {reinterpret_cast<const char*>(text),
+            static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+}
+
+}  // namespace
+
+void Statement::Finalize::operator()(sqlite3_stmt* raw) const
+{
+    sqlite3_finalize(raw);
+}
+
+void Statement::Bind(int parameter, const Value& value)
+{
+    sqlite3_stmt* const raw = raw_.get();
+    switch (value.index()) {
+        case 0:
+            sqlite3_bind_null(raw, parameter);
+            break;
+        case 1: {
+            const auto& text = std::get<std::string>(value);
+            sqlite3_bind_text64(raw, parameter, text.data(), text.size(), SQLITE_STATIC,
+                                SQLITE_UTF8);
+            break;
+        }
+        case 2:
+            sqlite3_bind_int(raw, parameter, std::get<std::int32_t>(value));
+            break;
+        case 3:
+            sqlite3_bind_int64(raw, parameter, std::get<Money>(value).Scaled());
+            break;
+        case 4:
+            sqlite3_bind_double(raw, parameter, std::get<double>(value));
+            break;
+        case 5:
+            sqlite3_bind_double(raw, parameter, static_cast<double>(std::get<float>(value)));
+            break;
+        case 6: {
+            const std::string iso = std::get<Date>(value).ToIso();
+            sqlite3_bind_text64(raw, parameter, iso.data(), iso.size(), SQLITE_TRANSIENT,
+                                SQLITE_UTF8);
+            break;
+        }
+        default:
+            sqlite3_bind_int(raw, parameter, std::get<bool>(value) ? 1 : 0);
+            break;
+    }
+}
+
+void Statement::BindText(int parameter, std::string_view text)
+{
+    sqlite3_bind_text64(raw_.get(), parameter, text.data(), text.size(), SQLITE_TRANSIENT,
+                        SQLITE_UTF8);
+}
+
+void Statement::BindInteger(int parameter, std::int64_t value)
+{
+    sqlite3_bind_int64(raw_.get(), parameter, value);
+}
+
+int Statement::ParameterCount() const
+{
+    return sqlite3_bind_parameter_count(raw_.get());
+}
+
+Value Statement::Get(int column, FieldType type) const
+{
+    sqlite3_stmt* const raw = raw_.get();
+    if (sqlite3_column_type(raw, column) == SQLITE_NULL)
+        return Null();
+    switch (type) {
+        case FieldType::Text:
+            return std::string(ColumnText(raw, column));
+        case FieldType::Long: {
+            const std::int64_t number = sqlite3_column_int64(raw, column);
+            if (number < std::numeric_limits<std::int32_t>::min() ||
+                number > std::numeric_limits<std::int32_t>::max())
+                throw refuse::Overflow();
+            return static_cast<std::int32_t>(number);
+        }
+        case FieldType::Money:
+            return Money::FromScaled(sqlite3_column_int64(raw, column));
+        case FieldType::Double:
+            return sqlite3_column_double(raw, column);
+        case FieldType::Single:
+            return static_cast<float>(sqlite3_column_double(raw, column));
+        case FieldType::Date:
+            if (const auto date = Date::FromIso(ColumnText(raw, column)))
+                return *date;
+            throw refuse::TypeMismatch();
+        case FieldType::Boolean:
+            return sqlite3_column_int(raw, column) != 0;
+    }
+    return Null();
+}
+
+std::string Statement::Text(int column) const
+{
+    return std::string(ColumnText(raw_.get(), column));
+}
+
+std::int64_t Statement::Integer(int column) const
+{
+    return sqlite3_column_int64(raw_.get(), column);
+}
+
+void Statement::Reset()
+{
+    sqlite3_reset(raw_.get());
+}
+
+Database::~Database()
+{
+    Close();
+}
+
+void Database::Close()
+{
+    // Statements that outlive the database keep it half alive; the last one ends it.
+    sqlite3_close_v2(raw_);
+    raw_ = nullptr;
+}
+
+void Database::OpenExisting(const std::string& path)
+{
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(path, ignored))
+        throw Unavailable(path, "does not exist.");
+    Connect(path, SQLITE_OPEN_READWRITE);
+    try {
+        Harden();
+        Run("PRAGMA schema_version");  // reads the file for the first time
+    } catch (...) {
+        Close();
+        throw;
+    }
+}
+
+void Database::Create(const std::string& path)
+{
+    Connect(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    Run("PRAGMA synchronous = OFF");
+}
+
+void Database::Connect(const std::string& path, int flags)
+{
+    path_ = path;
+    const int code = sqlite3_open_v2(path.c_str(), &raw_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    if (code != SQLITE_OK) {
+        Close();
+        throw ErrorOf(code & 0xFF, code, sqlite3_errstr(code), path);
+    }
+    sqlite3_extended_result_codes(raw_, 1);
+    sqlite3_busy_timeout(raw_, kBusyMilliseconds);
+}
+
+void Database::Harden()
+{
+    sqlite3_db_config(raw_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(raw_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(raw_, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
+    // A name that is no column is an error, never a text.
+    sqlite3_db_config(raw_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(raw_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_limit(raw_, SQLITE_LIMIT_ATTACHED, 0);
+    RegisterFunctions(*this);
+    Run("PRAGMA synchronous = FULL; PRAGMA cache_size = -16384; PRAGMA mmap_size = 0");
+    Run("PRAGMA journal_mode = DELETE");
+}
+
+Statement Database::Prepare(std::string_view sql, bool lasting)
+{
+    sqlite3_stmt* raw = nullptr;
+    const int code = sqlite3_prepare_v3(raw_, sql.data(), static_cast<int>(sql.size()),
+                                        lasting ? SQLITE_PREPARE_PERSISTENT : 0U, &raw, nullptr);
+    if (code != SQLITE_OK)
+        Throw(code);
+    return Statement(raw);
+}
+
+bool Database::Step(Statement& statement)
+{
+    const int code = sqlite3_step(statement.Raw());
+    if (code == SQLITE_ROW)
+        return true;
+    if (code == SQLITE_DONE) {
+        statement.Reset();
+        return false;
+    }
+    const std::string message = sqlite3_errmsg(raw_);
+    statement.Reset();
+    if (failure_) {
+        const EngineError failure = *failure_;
+        failure_.reset();
+        throw failure;
+    }
+    throw ErrorOf(code & 0xFF, code, message, path_);
+}
+
+void Database::Run(const std::string& script)
+{
+    const int code = sqlite3_exec(raw_, script.c_str(), nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK)
+        Throw(code);
+}
+
+void Database::Throw(int code)
+{
+    throw ErrorOf(code & 0xFF, code, sqlite3_errmsg(raw_), path_);
+}
+
+std::int64_t Database::LastRowId() const
+{
+    return sqlite3_last_insert_rowid(raw_);
+}
+std::int64_t Database::ChangedRows() const
+{
+    return sqlite3_changes64(raw_);
+}
+bool Database::InTransaction() const
+{
+    return sqlite3_get_autocommit(raw_) == 0;
+}
+
+}  // namespace clb

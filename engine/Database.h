@@ -1,0 +1,104 @@
+#pragma once
+#include "base/Value.h"
+#include "engine/EngineError.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace clb
+{
+
+/// One prepared statement of the storage. May outlive its Database, but not run then.
+class Statement
+{
+public:
+    Statement() = default;
+    explicit Statement(sqlite3_stmt* raw) : raw_(raw) {}
+
+    explicit operator bool() const { return raw_ != nullptr; }
+    sqlite3_stmt* Raw() const { return raw_.get(); }
+
+    /// 1-based parameter. The value is not copied: it must live until the statement has been reset.
+    /// Money is bound scaled, dates as ISO text, booleans as 0 or 1.
+    void Bind(int parameter, const Value& value);
+    void Bind(int parameter, const Value&& value) = delete;
+    void BindText(int parameter, std::string_view text);  ///< copied
+    void BindInteger(int parameter, std::int64_t value);
+    int ParameterCount() const;
+
+    /// 0-based column of the row that Step gave.
+    Value Get(int column, FieldType type) const;
+    std::string Text(int column) const;
+    std::int64_t Integer(int column) const;
+    void Reset();
+
+private:
+    struct Finalize {
+        void operator()(sqlite3_stmt* raw) const;
+    };
+    std::unique_ptr<sqlite3_stmt, Finalize> raw_;
+};
+
+/// Resets a statement when the block is left, so that none stays open.
+class ResetAtExit
+{
+public:
+    explicit ResetAtExit(Statement& statement) : statement_(&statement) {}
+    ~ResetAtExit() { statement_->Reset(); }
+    ResetAtExit(const ResetAtExit&) = delete;
+    ResetAtExit& operator=(const ResetAtExit&) = delete;
+
+private:
+    Statement* statement_;
+};
+
+/// The storage's file. Its errors leave as EngineError, with the file's name where the file is the
+/// matter.
+class Database
+{
+public:
+    Database() = default;
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    /// Opens an existing file for reading and writing; never creates one.
+    void OpenExisting(const std::string& path);
+    /// Creates a file and keeps writes to it unsynchronised: for filling it.
+    void Create(const std::string& path);
+    void Close();
+    bool IsOpen() const { return raw_ != nullptr; }
+
+    /// One statement of the storage's own SQL. lasting: it will be run many times.
+    Statement Prepare(std::string_view sql, bool lasting = false);
+    /// True with a row, false at the end; the statement is reset at the end and before throwing.
+    bool Step(Statement& statement);
+    /// Runs all statements of a script, without results.
+    void Run(const std::string& script);
+
+    std::int64_t LastRowId() const;
+    std::int64_t ChangedRows() const;
+    bool InTransaction() const;
+
+    /// An error that a function of ours raises inside a running statement; Step throws it.
+    void Fail(const EngineError& error) { failure_ = error; }
+
+    sqlite3* Raw() const { return raw_; }
+
+private:
+    void Connect(const std::string& path, int flags);
+    void Harden();
+    [[noreturn]] void Throw(int code);
+
+    sqlite3* raw_ = nullptr;
+    std::string path_;
+    std::optional<EngineError> failure_;
+};
+
+}  // namespace clb

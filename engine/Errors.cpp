@@ -1,0 +1,134 @@
+#include "engine/Errors.h"
+
+namespace clb::refuse
+{
+namespace
+{
+
+std::string Quoted(std::string_view name)
+{
+    return "'" + std::string(name) + "'";
+}
+
+}  // namespace
+
+EngineError Syntax(std::string_view near)
+{
+    if (near.empty())
+        return Statement("Syntax error: the statement ends too early.");
+    return Statement("Syntax error near " + Quoted(near) + " in the statement.");
+}
+
+EngineError Statement(const std::string& message)
+{
+    return {engine_errors::Syntax, message};
+}
+
+EngineError NoSuchTable(std::string_view table)
+{
+    return {engine_errors::NoSuchTable,
+            "The database engine cannot find the input table or query " + Quoted(table) +
+                ". Make sure it exists and that its name is spelled correctly."};
+}
+
+EngineError TableExists(std::string_view table)
+{
+    return Statement("Table " + Quoted(table) + " already exists.");
+}
+
+EngineError NoSuchColumn(std::string_view column)
+{
+    return {engine_errors::NoSuchColumn, "There is no column " + Quoted(column) + "."};
+}
+
+EngineError AmbiguousColumn(std::string_view column)
+{
+    return Statement("The specified field " + Quoted(column) +
+                     " could refer to more than one table listed in the FROM clause.");
+}
+
+EngineError NoSuchFunction(std::string_view function)
+{
+    return Statement("Undefined function " + Quoted(function) +
+                     " in expression, or a wrong number of arguments.");
+}
+
+EngineError TypeMismatch()
+{
+    return {engine_errors::TypeMismatch, "Data type mismatch in criteria expression."};
+}
+
+EngineError Overflow()
+{
+    return {engine_errors::Overflow, "Overflow"};
+}
+
+EngineError DivisionByZero()
+{
+    return {engine_errors::Overflow, "Division by zero"};
+}
+
+EngineError TextTooLong(std::string_view column, std::size_t width)
+{
+    return {engine_errors::TextTooLong,
+            "The field is too small to accept the amount of data you attempted to add. The field " +
+                Quoted(column) + " takes " + std::to_string(width) + " characters."};
+}
+
+EngineError NotGrouped(std::string_view expression)
+{
+    return Statement("The expression " + Quoted(expression) +
+                     " is neither part of an aggregate function nor of GROUP BY.");
+}
+
+EngineError NoCurrentRow()
+{
+    return {
+        engine_errors::NoCurrentRow,
+        "Either BOF or EOF is True, or the current record has been deleted. Requested operation "
+        "requires a current record."};
+}
+
+EngineError NoSuchField()
+{
+    return {
+        engine_errors::ItemNotFound,
+        "Item cannot be found in the collection corresponding to the requested name or ordinal."};
+}
+
+EngineError FieldNotUpdatable(std::string_view field)
+{
+    return {engine_errors::NotUpdatable,
+            "Cannot update " + Quoted(field) + "; field not updatable."};
+}
+
+EngineError SetNotUpdatable()
+{
+    return {engine_errors::NotUpdatable,
+            "Current Recordset does not support updating. This may be a limitation of the selected "
+            "lock kind or of the statement."};
+}
+
+EngineError Criterion(std::string_view criterion)
+{
+    return {engine_errors::WrongArguments, "The criterion " + Quoted(criterion) +
+                                               " is not of the form: field, operator, literal."};
+}
+
+EngineError Closed()
+{
+    return {engine_errors::Closed, "Operation is not allowed when the object is closed."};
+}
+
+EngineError AlreadyOpen()
+{
+    return {engine_errors::AlreadyOpen, "Operation is not allowed when the object is open."};
+}
+
+EngineError RowVanished()
+{
+    return {engine_errors::RowVanished,
+            "The row no longer exists: another statement has deleted it since the rows were read."};
+}
+
+}  // namespace clb::refuse

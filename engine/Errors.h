@@ -1,0 +1,38 @@
+#pragma once
+#include "engine/EngineError.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace clb
+{
+
+/// The engine's own refusals, one function a message. Private to the engine.
+namespace refuse
+{
+
+/// near is the text where the parser stopped; empty at the statement's end.
+EngineError Syntax(std::string_view near);
+EngineError Statement(const std::string& message);
+EngineError NoSuchTable(std::string_view table);
+EngineError TableExists(std::string_view table);
+EngineError NoSuchColumn(std::string_view column);
+EngineError AmbiguousColumn(std::string_view column);
+EngineError NoSuchFunction(std::string_view function);
+EngineError TypeMismatch();
+EngineError Overflow();
+EngineError DivisionByZero();
+EngineError TextTooLong(std::string_view column, std::size_t width);
+EngineError NotGrouped(std::string_view expression);
+EngineError NoCurrentRow();
+EngineError NoSuchField();
+EngineError FieldNotUpdatable(std::string_view field);
+EngineError SetNotUpdatable();
+EngineError Criterion(std::string_view criterion);
+EngineError Closed();
+EngineError AlreadyOpen();
+EngineError RowVanished();
+
+}  // namespace refuse
+}  // namespace clb

@@ -1,0 +1,52 @@
+#pragma once
+#include "engine/Ast.h"
+#include "engine/Catalogue.h"
+#include "engine/Database.h"
+#include "engine/Recordset.h"
+#include "engine/Writer.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace clb
+{
+
+/// Values for a statement's parameters, in order.
+using BoundValues = std::vector<Value>;
+
+/// A compiled statement: checked, written in the storage's SQL and prepared. All statements of one
+/// shape share one plan; only their bound values differ.
+struct Plan {
+    enum class Kind { Select, Write, Ddl };
+
+    Kind kind = Kind::Write;
+    Statement statement;
+    std::vector<Parameter> parameters;
+
+    // Of a SELECT.
+    std::vector<Field> fields;
+    std::vector<Field> readOnlyFields;  ///< the same, none of them updatable
+    /// Per field its column in the one table; its name is empty for an expression.
+    std::vector<ColumnInfo> columns;
+    bool plain = false;         ///< no field is an expression
+    bool carriesRowId = false;  ///< one table: behind the fields stands the row's identity
+    bool updatable = false;
+    std::string table;
+    bool triggers = false;
+    std::string readerSql;  ///< reads one row by its identity
+    int readerRowParameter = 0;
+
+    // Of CREATE, DROP and ALTER, which run only once.
+    std::unique_ptr<DdlStatement> ddl;
+
+    // Prepared when first needed; the set of fields written is a bit for each.
+    Statement reader;
+    std::map<std::vector<bool>, Statement> inserts;
+    std::map<std::vector<bool>, Statement> updates;
+    Statement remove;
+};
+
+}  // namespace clb

@@ -1,0 +1,18 @@
+#pragma once
+#include "engine/Ast.h"
+#include "engine/Catalogue.h"
+#include "engine/Database.h"
+
+namespace clb
+{
+
+/// A value as a literal of the storage's SQL, in the form in which a column of the type holds it.
+/// Throws EngineError when the column does not take it.
+std::string StoredLiteral(const Value& value, const ColumnType& type, std::string_view column);
+
+/// Gives one column another type, converting every row's value; rows keep their identity and order,
+/// the table its indices, triggers, defaults, keys and the counter's state. Throws EngineError when
+/// a value does not fit; the caller restores what was.
+void RebuildWithColumn(const TableInfo& table, const ColumnInfo& column, Database& database);
+
+}  // namespace clb

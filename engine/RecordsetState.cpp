@@ -1,0 +1,196 @@
+#include "engine/RecordsetState.h"
+
+#include "engine/Errors.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace clb
+{
+
+void Recordset::State::RequireOpen() const
+{
+    if (!session)
+        throw refuse::Closed();
+}
+
+void Recordset::State::RequireWritable() const
+{
+    RequireOpen();
+    if (readOnly || !plan->updatable)
+        throw refuse::SetNotUpdatable();
+}
+
+void Recordset::State::RequireRow() const
+{
+    if (!live.IsLive(slot))
+        throw refuse::NoCurrentRow();
+}
+
+const std::vector<Field>& Recordset::State::Fields() const
+{
+    RequireOpen();
+    return readOnly ? plan->readOnlyFields : plan->fields;
+}
+
+void Recordset::State::Run()
+{
+    auto entry = session->Prepare(sql);
+    if (entry.plan->kind != Plan::Kind::Select)
+        throw refuse::Statement("Only a SELECT can be opened as a result set.");
+    plan = std::move(entry.plan);
+    values = std::move(entry.values);
+    edit = Edit::None;
+    indices.clear();
+    live.Clear();
+    rows.Start(plan->fields.size(), plan->carriesRowId ? Fetcher() : nullptr);
+    slot = 0;
+    ++generation;
+    Load();
+}
+
+RowStore::Fetch Recordset::State::Fetcher() const
+{
+    return [writer = RowWriter(*session, *plan), bound = values.get()](
+               std::int64_t rowId, Value* fields) mutable { writer.Read(rowId, *bound, fields); };
+}
+
+void Recordset::State::Load()
+{
+    Statement& statement = plan->statement;
+    const ResetAtExit reset(statement);
+    for (std::size_t i = 0; i < values->size(); ++i)
+        statement.Bind(static_cast<int>(i) + 1, (*values)[i]);
+    const int identity = static_cast<int>(plan->fields.size());
+    while (session->database.Step(statement)) {
+        const std::int64_t rowId = plan->carriesRowId ? statement.Integer(identity) : 0;
+        if (rows.KeepsMore())
+            ReadRow(rows.AppendFilled(rowId));
+        else
+            rows.Append(rowId);
+        live.Append();
+    }
+}
+
+void Recordset::State::ReadRow(Value* fields) const
+{
+    for (std::size_t i = 0; i < plan->fields.size(); ++i)
+        fields[i] = plan->statement.Get(static_cast<int>(i), plan->fields[i].type);
+}
+
+void Recordset::State::Close()
+{
+    if (!session)
+        return;
+    session = nullptr;
+    edit = Edit::None;
+    indices.clear();
+    live.Clear();
+    rows.Start(0, nullptr);
+    plan.reset();
+    values.reset();
+    slot = 0;
+    ++generation;
+}
+
+void Recordset::State::BeginChange()
+{
+    if (edit != Edit::None)
+        return;
+    RequireRow();
+    change.Clear(plan->fields.size());
+    edit = Edit::Changing;
+}
+
+void Recordset::State::SaveEdit()
+{
+    if (edit == Edit::Adding)
+        SaveNew();
+    else if (edit == Edit::Changing)
+        SaveChanged();
+    edit = Edit::None;
+}
+
+void Recordset::State::SaveNew()
+{
+    RowWriter writer(*session, *plan);
+    const std::int64_t rowId = writer.Insert(change);
+    edit = Edit::None;
+    slot = live.Slots();
+    live.Append();
+    // What was set in every field, is what a table without triggers holds.
+    if (plan->plain && change.All() && !plan->triggers)
+        std::move(change.values.begin(), change.values.end(), rows.AppendFilled(rowId));
+    else
+        rows.Append(rowId);
+    AddToIndices(slot);
+}
+
+void Recordset::State::SaveChanged()
+{
+    RowWriter writer(*session, *plan);
+    if (change.Any())
+        writer.Update(rows.RowId(slot), change);
+    edit = Edit::None;
+    RemoveFromIndices(slot);
+    rows.Refresh(slot);
+    AddToIndices(slot);
+}
+
+void Recordset::State::DeleteRow()
+{
+    RowWriter(*session, *plan).Delete(rows.RowId(slot));
+    RemoveFromIndices(slot);
+    live.Remove(slot);
+}
+
+std::size_t Recordset::State::FindFrom(std::size_t from, const Criterion& criterion,
+                                       std::size_t field)
+{
+    const FieldType type = plan->fields[field].type;
+    criterion.RequireType(type);
+    if (!criterion.like && criterion.operation == Operator::Equal) {
+        const auto sought = criterion.Sought(type);
+        return sought ? FindEqual(from, *sought, field) : live.Slots();
+    }
+    for (std::size_t at = live.NextLive(from); at < live.Slots(); at = live.NextLive(at + 1))
+        if (criterion.Matches(rows.Values(at)[field]))
+            return at;
+    return live.Slots();
+}
+
+std::size_t Recordset::State::FindEqual(std::size_t from, const Value& sought, std::size_t field)
+{
+    const std::size_t found = IndexOf(field).Find(
+        HashOf(sought), from, [&](std::size_t at) { return rows.Values(at)[field] == sought; });
+    return found == FindIndex::npos ? live.Slots() : found;
+}
+
+FindIndex& Recordset::State::IndexOf(std::size_t field)
+{
+    indices.resize(plan->fields.size());
+    auto& index = indices[field];
+    if (!index) {
+        auto made = std::make_unique<FindIndex>();
+        for (std::size_t at = live.NextLive(0); at < live.Slots(); at = live.NextLive(at + 1))
+            made->Add(HashOf(rows.Values(at)[field]), at);
+        index = std::move(made);
+    }
+    return *index;
+}
+
+void Recordset::State::AddToIndices(std::size_t at)
+{
+    for (std::size_t field = 0; field < indices.size(); ++field)
+        if (indices[field])
+            indices[field]->Add(HashOf(rows.Values(at)[field]), at);
+}
+
+void Recordset::State::RemoveFromIndices(std::size_t at)
+{
+    for (std::size_t field = 0; field < indices.size(); ++field)
+        if (indices[field])
+            indices[field]->Remove(HashOf(rows.Values(at)[field]), at);
+}
+
+}  // namespace clb

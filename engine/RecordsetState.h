@@ -1,0 +1,61 @@
+#pragma once
+#include "engine/Criterion.h"
+#include "engine/FindIndex.h"
+#include "engine/LiveRows.h"
+#include "engine/Recordset.h"
+#include "engine/RowStore.h"
+#include "engine/RowWriter.h"
+#include "engine/Session.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace clb
+{
+
+/// What an open result set is made of.
+struct Recordset::State {
+    enum class Edit { None, Changing, Adding };
+
+    Connection::State* session = nullptr;  // null: closed
+    std::string sql;
+    bool readOnly = true;
+    std::shared_ptr<Plan> plan;
+    std::shared_ptr<const BoundValues> values;
+    LiveRows live;
+    RowStore rows;
+    std::size_t slot = 0;  // current row; live.Slots() is the place past the end
+    Edit edit = Edit::None;
+    RowChange change;
+    std::vector<std::unique_ptr<FindIndex>> indices;  // per field, made when first searched
+    std::uint64_t generation = 0;
+
+    void RequireOpen() const;
+    void RequireWritable() const;
+    /// The current row is there and is no deleted one.
+    void RequireRow() const;
+    const std::vector<Field>& Fields() const;
+
+    void Run();
+    void Close();
+    void DropEdit() { edit = Edit::None; }
+    void BeginChange();
+    void SaveEdit();
+    void SaveNew();
+    void SaveChanged();
+    void DeleteRow();
+
+    std::size_t FindFrom(std::size_t from, const Criterion& criterion, std::size_t field);
+
+private:
+    void Load();
+    void ReadRow(Value* fields) const;
+    std::size_t FindEqual(std::size_t from, const Value& sought, std::size_t field);
+    FindIndex& IndexOf(std::size_t field);
+    void AddToIndices(std::size_t at);
+    void RemoveFromIndices(std::size_t at);
+    RowStore::Fetch Fetcher() const;
+};
+
+}  // namespace clb

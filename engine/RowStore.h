@@ -1,0 +1,63 @@
+#pragma once
+#include "base/Value.h"
+
+#include <bitset>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace clb
+{
+
+/// The values of a result set's rows, by slot. Where rows carry their identity only some blocks of
+/// values are held; the others are fetched again when asked for, so that a walk over a million rows
+/// stays small.
+class RowStore
+{
+public:
+    /// Fills the values of the row with this identity.
+    using Fetch = std::function<void(std::int64_t rowId, Value* values)>;
+
+    /// Forgets all rows. Without a fetch every row's values are kept.
+    void Start(std::size_t fields, Fetch fetch);
+    /// Adds a row and gives the place for its values, for the caller to fill.
+    Value* AppendFilled(std::int64_t rowId);
+    /// Adds a row whose values are fetched when asked for.
+    void Append(std::int64_t rowId);
+
+    std::size_t Slots() const { return rowIds_.size(); }
+    std::int64_t RowId(std::size_t slot) const { return rowIds_[slot]; }
+    /// The row's values; they stay in place until another row is asked for, added or read again.
+    const Value* Values(std::size_t slot);
+    /// Reads the row again.
+    const Value* Refresh(std::size_t slot);
+    /// Whether a row added at opening still gets its values kept.
+    bool KeepsMore() const { return !fetch_ || Slots() < kKeptAtOpening; }
+
+private:
+    static constexpr std::size_t kBlockRows = 256;
+    static constexpr std::size_t kKeptAtOpening = 16 * kBlockRows;
+    static constexpr std::size_t kMostBlocks = 32;
+
+    struct Block {
+        std::vector<Value> values;
+        std::bitset<kBlockRows> loaded;
+        std::uint64_t used = 0;
+    };
+
+    Block& BlockOf(std::size_t slot);
+    Value* Place(Block& block, std::size_t slot);
+    void Load(Block& block, std::size_t slot);
+    void Evict();
+
+    std::size_t fields_ = 0;
+    Fetch fetch_;
+    std::vector<std::int64_t> rowIds_;
+    std::vector<std::unique_ptr<Block>> blocks_;
+    std::vector<std::size_t> resident_;  // blocks held, kept only where rows can be fetched
+    std::uint64_t clock_ = 0;
+};
+
+}  // namespace clb

@@ -1,0 +1,117 @@
+#include "engine/RowWriter.h"
+
+#include "engine/Errors.h"
+
+#include <algorithm>
+#include <string>
+
+namespace clb
+{
+
+void RowChange::Clear(std::size_t fields)
+{
+    values.assign(fields, Value());
+    set.assign(fields, false);
+}
+
+bool RowChange::Any() const
+{
+    return std::find(set.begin(), set.end(), true) != set.end();
+}
+bool RowChange::All() const
+{
+    return std::find(set.begin(), set.end(), false) == set.end();
+}
+
+std::int64_t RowWriter::Insert(const RowChange& change)
+{
+    session_->BeginWrite();
+    Statement& statement = InsertFor(change.set);
+    BindChange(statement, change);
+    session_->database.Step(statement);
+    return session_->database.LastRowId();
+}
+
+void RowWriter::Update(std::int64_t rowId, const RowChange& change)
+{
+    session_->BeginWrite();
+    Statement& statement = UpdateFor(change.set);
+    const int last = BindChange(statement, change);
+    statement.BindInteger(last + 1, rowId);
+    session_->database.Step(statement);
+    if (session_->database.ChangedRows() == 0)
+        throw refuse::RowVanished();
+}
+
+void RowWriter::Delete(std::int64_t rowId)
+{
+    session_->BeginWrite();
+    if (!plan_->remove)
+        plan_->remove = session_->database.Prepare(
+            "DELETE FROM " + QuoteName(plan_->table) + " WHERE rowid = ?1", true);
+    plan_->remove.BindInteger(1, rowId);
+    session_->database.Step(plan_->remove);
+    if (session_->database.ChangedRows() == 0)
+        throw refuse::RowVanished();
+}
+
+void RowWriter::Read(std::int64_t rowId, const BoundValues& values, Value* fields)
+{
+    if (!plan_->reader)
+        plan_->reader = session_->database.Prepare(plan_->readerSql, true);
+    Statement& reader = plan_->reader;
+    const ResetAtExit reset(reader);
+    for (int i = 1; i < plan_->readerRowParameter; ++i)
+        reader.Bind(i, values[static_cast<std::size_t>(i) - 1]);
+    reader.BindInteger(plan_->readerRowParameter, rowId);
+    if (!session_->database.Step(reader))
+        throw refuse::RowVanished();
+    for (std::size_t i = 0; i < plan_->fields.size(); ++i)
+        fields[i] = reader.Get(static_cast<int>(i), plan_->fields[i].type);
+}
+
+Statement& RowWriter::InsertFor(const std::vector<bool>& set)
+{
+    Statement& statement = plan_->inserts[set];
+    if (statement)
+        return statement;
+    std::string columns;
+    std::string places;
+    for (std::size_t i = 0; i < set.size(); ++i)
+        if (set[i]) {
+            columns += (columns.empty() ? "" : ", ") + QuoteName(plan_->columns[i].name);
+            places += places.empty() ? "?" : ", ?";
+        }
+    const std::string table = QuoteName(plan_->table);
+    statement = session_->database.Prepare(
+        columns.empty() ? "INSERT INTO " + table + " DEFAULT VALUES"
+                        : "INSERT INTO " + table + " (" + columns + ") VALUES (" + places + ")",
+        true);
+    return statement;
+}
+
+Statement& RowWriter::UpdateFor(const std::vector<bool>& set)
+{
+    Statement& statement = plan_->updates[set];
+    if (statement)
+        return statement;
+    std::string assignments;
+    for (std::size_t i = 0; i < set.size(); ++i)
+        if (set[i])
+            assignments +=
+                (assignments.empty() ? "" : ", ") + QuoteName(plan_->columns[i].name) + " = ?";
+    statement = session_->database.Prepare(
+        "UPDATE " + QuoteName(plan_->table) + " SET " + assignments + " WHERE rowid = ?", true);
+    return statement;
+}
+
+int RowWriter::BindChange(Statement& statement, const RowChange& change)
+{
+    int parameter = 0;
+    for (std::size_t i = 0; i < change.set.size(); ++i)
+        if (change.set[i])
+            statement.Bind(++parameter, change.values[i]);
+    return parameter;
+}
+
+}  // namespace clb

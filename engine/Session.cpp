@@ -1,0 +1,87 @@
+#include "engine/Session.h"
+
+#include "engine/Compiler.h"
+#include "engine/Errors.h"
+
+namespace clb
+{
+
+void Connection::State::RequireOpen() const
+{
+    if (!database.IsOpen())
+        throw refuse::Closed();
+}
+
+StatementCache::Entry Connection::State::Prepare(std::string_view sql)
+{
+    RequireOpen();
+    NoticeForeignSchema();
+    if (const auto* known = cache.FindText(sql))
+        return *known;
+
+    const LexedStatement lexed = Lex(sql);
+    std::string shape = ShapeOf(lexed);
+    StatementCache::Entry entry;
+    entry.plan = cache.FindShape(shape);
+    if (!entry.plan) {
+        entry.plan = Compile(lexed, catalogue, database);
+        if (entry.plan->kind == Plan::Kind::Ddl)
+            return entry;
+        cache.AddShape(std::move(shape), entry.plan);
+    }
+    BoundValues values;
+    values.reserve(entry.plan->parameters.size());
+    for (const Parameter& parameter : entry.plan->parameters)
+        values.push_back(ParameterValue(parameter, lexed.literals[parameter.literal]));
+    entry.values = std::make_shared<const BoundValues>(std::move(values));
+    cache.AddText(sql, entry);
+    return entry;
+}
+
+void Connection::State::NoticeForeignSchema()
+{
+    if (database.InTransaction())
+        return;  // nobody else can write now
+    if (!readSchemaVersion)
+        readSchemaVersion = database.Prepare("PRAGMA schema_version", true);
+    const ResetAtExit reset(readSchemaVersion);
+    database.Step(readSchemaVersion);
+    const std::int64_t version = readSchemaVersion.Integer(0);
+    if (version != schemaVersion)
+        ForgetSchema();
+    schemaVersion = version;
+}
+
+void Connection::State::ForgetSchema()
+{
+    cache.Clear();
+    catalogue.Forget();
+    schemaVersion = -1;
+}
+
+void Connection::State::BeginWrite()
+{
+    if (database.InTransaction())
+        return;
+    if (!begin)
+        begin = database.Prepare("BEGIN IMMEDIATE", true);
+    database.Step(begin);
+}
+
+void Connection::State::Settle()
+{
+    if (!database.IsOpen() || !database.InTransaction())
+        return;
+    if (!commit)
+        commit = database.Prepare("COMMIT", true);
+    try {
+        database.Step(commit);
+    } catch (const EngineError&) {
+        if (database.InTransaction())
+            database.Run("ROLLBACK");
+        ForgetSchema();
+        throw;
+    }
+}
+
+}  // namespace clb

@@ -1,0 +1,44 @@
+#pragma once
+#include "engine/Catalogue.h"
+#include "engine/Connection.h"
+#include "engine/Database.h"
+#include "engine/Plan.h"
+#include "engine/StatementCache.h"
+
+#include <functional>
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace clb
+{
+
+/// What a connection is made of; result sets work on it.
+struct Connection::State {
+    Database database;
+    Catalogue catalogue{database};
+    StatementCache cache;
+    std::function<void(std::string_view)> trace;
+    std::int64_t schemaVersion = -1;
+    Statement readSchemaVersion;
+    Statement begin;
+    Statement commit;
+
+    /// The compiled statement and its values. Notices first when another program has changed the
+    /// schema. Throws EngineError.
+    StatementCache::Entry Prepare(std::string_view sql);
+    /// Opens the pending group unless it is open.
+    void BeginWrite();
+    void Settle();
+    /// To be called after each change of the schema.
+    void ForgetSchema();
+    void RequireOpen() const;
+
+private:
+    void NoticeForeignSchema();
+};
+
+}  // namespace clb
