@@ -4,11 +4,11 @@
 namespace clb {
 namespace {
 
-using Lines = std::vector<std::string>;
+using Texts = std::vector<std::string>;
 
 class BudgetTest : public StoreTest {
 protected:
-    Lines BudgetOf(std::int32_t year, std::int32_t period)
+    Texts BudgetOf(std::int32_t year, std::int32_t period)
     {
         return Rows("SELECT Category, CategoryGroup, Amount FROM Budget WHERE Year = " +
                     std::to_string(year) + " AND Period = " + std::to_string(period) +
@@ -34,8 +34,8 @@ TEST_F(BudgetTest, AnExistingLineIsNeverOverwritten)
     Store().CreateBudgetEntry("Kid's", 2006, 3, "Other", Money::Parse("70"));
     Store().CreateBudgetEntry("Kid's", 2006, 4, "Family", Money::Parse("60"));
 
-    EXPECT_EQ(BudgetOf(2006, 3), (Lines{"Kid's|Family|50"}));
-    EXPECT_EQ(BudgetOf(2006, 4), (Lines{"Kid's|Family|60"}));
+    EXPECT_EQ(BudgetOf(2006, 3), (Texts{"Kid's|Family|50"}));
+    EXPECT_EQ(BudgetOf(2006, 4), (Texts{"Kid's|Family|60"}));
 }
 
 TEST_F(BudgetTest, CopyingGivesTheSourcesCategoriesGroupsAndAmounts)
@@ -50,10 +50,10 @@ TEST_F(BudgetTest, CopyingGivesTheSourcesCategoriesGroupsAndAmounts)
     Store().CopyBudget(2006, 2, 2006, 3);
 
     EXPECT_EQ(BudgetOf(2006, 3),
-              (Lines{"(none)|(none)|0", "Food|Living|200", "Rent|Home|700"}));
+              (Texts{"(none)|(none)|0", "Food|Living|200", "Rent|Home|700"}));
     EXPECT_EQ(Rows("SELECT Sequence, Category FROM Trans ORDER BY Sequence"),
-              (Lines{"1|(none)", "2|Fuel"}));
-    EXPECT_EQ(BudgetOf(2006, 2), (Lines{"Food|Living|200", "Rent|Home|700"}));
+              (Texts{"1|(none)", "2|Fuel"}));
+    EXPECT_EQ(BudgetOf(2006, 2), (Texts{"Food|Living|200", "Rent|Home|700"}));
 }
 
 TEST_F(BudgetTest, AnEmptySourceMonthChangesNothing)
@@ -63,7 +63,7 @@ TEST_F(BudgetTest, AnEmptySourceMonthChangesNothing)
 
     Store().CopyBudget(2006, 2, 2006, 3);
 
-    EXPECT_EQ(BudgetOf(2006, 3), (Lines{"(none)|(none)|0", "Fuel|Car|90"}));
+    EXPECT_EQ(BudgetOf(2006, 3), (Texts{"(none)|(none)|0", "Fuel|Car|90"}));
 }
 
 TEST_F(BudgetTest, CopyingIntoAnEmptyMonthAddsTheSetAsideLine)
@@ -72,7 +72,7 @@ TEST_F(BudgetTest, CopyingIntoAnEmptyMonthAddsTheSetAsideLine)
 
     Store().CopyBudget(2005, 12, 2006, 1);
 
-    EXPECT_EQ(BudgetOf(2006, 1), (Lines{"(none)|(none)|0", "Food|Living|200"}));
+    EXPECT_EQ(BudgetOf(2006, 1), (Texts{"(none)|(none)|0", "Food|Living|200"}));
 }
 
 TEST_F(BudgetTest, TheTargetsOwnSetAsideLineStays)
@@ -82,7 +82,7 @@ TEST_F(BudgetTest, TheTargetsOwnSetAsideLineStays)
 
     Store().CopyBudget(2006, 2, 2006, 3);
 
-    EXPECT_EQ(BudgetOf(2006, 3), (Lines{"(none)|Mine|5", "Food|Living|200"}));
+    EXPECT_EQ(BudgetOf(2006, 3), (Texts{"(none)|Mine|5", "Food|Living|200"}));
 }
 
 TEST_F(BudgetTest, AGoneCategoryWithAQuoteIsTheEnginesError)
@@ -101,7 +101,7 @@ TEST_F(BudgetTest, ATransactionMovesAcrossYearEnds)
 
     Store().MoveMonth(1, 0, -1);
     EXPECT_EQ(MonthOf(1, 0), "2005|12");
-    EXPECT_EQ(BudgetOf(2005, 12), (Lines{"Food|(none)|0"}));
+    EXPECT_EQ(BudgetOf(2005, 12), (Texts{"Food|(none)|0"}));
     Store().MoveMonth(1, 0, 1);
     EXPECT_EQ(MonthOf(1, 0), "2006|1");
 }
@@ -117,7 +117,7 @@ TEST_F(BudgetTest, OnlyTheNamedPieceMoves)
 
     EXPECT_EQ(MonthOf(1, 0), "2006|3");
     EXPECT_EQ(MonthOf(1, 1), "2006|4");
-    EXPECT_EQ(Rows("SELECT PostDate FROM Trans WHERE SubSequence = 1"), (Lines{"2006-03-05"}));
+    EXPECT_EQ(Rows("SELECT PostDate FROM Trans WHERE SubSequence = 1"), (Texts{"2006-03-05"}));
 }
 
 TEST_F(BudgetTest, TheGridsRowsAreReadAgain)

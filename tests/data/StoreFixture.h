@@ -71,7 +71,8 @@ protected:
                     const std::string& current = "0")
     {
         Execute("INSERT INTO Account (AccountID, Description, Type, OpeningBalance, CurrentBalance) "
-                "VALUES ('" + id + "', '" + id + "', '" + type + "', " + opening + ", " + current +
+                "VALUES ('" + clsDatabase::ToSqlString(id) + "', '" + clsDatabase::ToSqlString(id) +
+                "', '" + type + "', " + opening + ", " + current +
                 ")");
     }
     void AddTransaction(std::int32_t sequence, const std::string& account, const std::string& amount,
