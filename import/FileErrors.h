@@ -5,7 +5,10 @@
 
 namespace clb {
 
-inline RuntimeError FileNotFound() { return {errors::FileNotFound, "File not found"}; }
+inline RuntimeError FileNotFound()
+{
+    return {errors::FileNotFound, "File not found"};
+}
 
 inline RuntimeError FileAlreadyExists()
 {

@@ -37,6 +37,9 @@ std::string ReadBytes(const std::string& path)
     return bytes;
 }
 
-std::string ReadStatement(const std::string& path) { return DecodeFile(ReadBytes(path)); }
+std::string ReadStatement(const std::string& path)
+{
+    return DecodeFile(ReadBytes(path));
+}
 
 }  // namespace clb

@@ -72,12 +72,8 @@ void modImport::ImportFile()
 bool modImport::ImportByFormat(const std::string& path)
 {
     switch (DetectFileFormat(path)) {
-        case kMarkup:
-            ImportOFX(path);
-            return true;
-        case kQif:
-            ImportQIF(path);
-            return true;
+        case kMarkup: ImportOFX(path); return true;
+        case kQif: ImportQIF(path); return true;
         default:
             messages_.Show("Invalid file format.", box_style::Critical, kMessageTitle);
             return false;

@@ -46,7 +46,10 @@ TEST(FileLinesTest, NoLineFollowsTheLastLineEnd)
     EXPECT_EQ(lines.ReadLine(), "");
 }
 
-TEST(FileLinesTest, AnEmptyTextIsAtItsEnd) { EXPECT_TRUE(FileLines("").AtEnd()); }
+TEST(FileLinesTest, AnEmptyTextIsAtItsEnd)
+{
+    EXPECT_TRUE(FileLines("").AtEnd());
+}
 
 TEST(FileLinesTest, ZeroBytesAreOrdinaryCharacters)
 {

@@ -241,17 +241,35 @@ TEST_F(StatementsTest, TheRepairLosesWhatFollowsTheFirstCarriageReturn)
     EXPECT_THAT(Rows(), ElementsAre("2006-03-01|-1|M1||Before the first carriage return|"));
 }
 
-TEST_F(StatementsTest, AnotherVersionIsRefused) { ExpectRefused("version-103.ofx"); }
+TEST_F(StatementsTest, AnotherVersionIsRefused)
+{
+    ExpectRefused("version-103.ofx");
+}
 
 TEST_F(StatementsTest, AVersionInAnotherLineIsRefused)
 {
     ExpectRefused("version-line-not-third.ofx");
 }
-TEST_F(StatementsTest, XmlIsRefused) { ExpectRefused("xml.ofx"); }
-TEST_F(StatementsTest, AHeaderInOneLineIsRefused) { ExpectRefused("all-in-one-line.ofx"); }
-TEST_F(StatementsTest, OfcInSmallLettersIsRefused) { ExpectRefused("old-bank-lower-case.ofc"); }
-TEST_F(StatementsTest, QifTextUnderAnotherNameIsRefused) { ExpectRefused("qif-text.ofx"); }
-TEST_F(StatementsTest, AnEmptyFileIsRefused) { ExpectRefused("empty.ofx"); }
+TEST_F(StatementsTest, XmlIsRefused)
+{
+    ExpectRefused("xml.ofx");
+}
+TEST_F(StatementsTest, AHeaderInOneLineIsRefused)
+{
+    ExpectRefused("all-in-one-line.ofx");
+}
+TEST_F(StatementsTest, OfcInSmallLettersIsRefused)
+{
+    ExpectRefused("old-bank-lower-case.ofc");
+}
+TEST_F(StatementsTest, QifTextUnderAnotherNameIsRefused)
+{
+    ExpectRefused("qif-text.ofx");
+}
+TEST_F(StatementsTest, AnEmptyFileIsRefused)
+{
+    ExpectRefused("empty.ofx");
+}
 
 struct BadStatement {
     std::string file;
