@@ -13,6 +13,7 @@ namespace clb
 // bad input; it outlives the parsing. Results go to standard output, messages to standard error.
 
 void AddNew(CLI::App& app, int& exitCode);
+void AddDemo(CLI::App& app, int& exitCode);
 void AddSql(CLI::App& app, int& exitCode);
 void AddAutomate(CLI::App& app, int& exitCode);
 void AddAccounts(CLI::App& app, int& exitCode);

@@ -34,9 +34,7 @@ void AddNew(CLI::App& app, int&)
         app.add_subcommand("new", "Make a program folder with an empty database in it");
     command->add_option("DIR", options->folder, "Folder to make; it may exist")
         ->required()
-        ->check([](const std::string& text) {
-            return text.empty() ? std::string("the folder's name is empty") : std::string();
-        });
+        ->check(IsFolderName());
     AddJson(*command, *options);
     command->callback([options] { MakeFolder(*options); });
 }

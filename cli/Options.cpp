@@ -13,9 +13,7 @@ void AddHome(CLI::App& command, FolderOptions& options)
                     "Program folder, which holds db/clb.mdb (default: the program's own folder if "
                     "it does, else the user's data folder)")
         ->type_name("DIR")
-        ->check([](const std::string& text) {
-            return text.empty() ? std::string("the folder's name is empty") : std::string();
-        });
+        ->check(IsFolderName());
 }
 
 void AddJson(CLI::App& command, FolderOptions& options)
@@ -31,6 +29,15 @@ std::optional<Month> ReadMonth(const std::string& text)
     if (!first)
         return std::nullopt;
     return Month{first->Year(), first->Month()};
+}
+
+CLI::Validator IsFolderName()
+{
+    return CLI::Validator(
+        [](const std::string& text) {
+            return text.empty() ? std::string("the folder's name is empty") : std::string();
+        },
+        "");
 }
 
 CLI::Validator IsMonth()

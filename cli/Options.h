@@ -18,6 +18,8 @@ struct FolderOptions {
 void AddHome(CLI::App& command, FolderOptions& options);
 void AddJson(CLI::App& command, FolderOptions& options);
 
+/// Takes any text but the empty one.
+CLI::Validator IsFolderName();
 /// Takes YYYY-MM only; checked while the command line is parsed.
 CLI::Validator IsMonth();
 /// The month named so; nothing for other texts.

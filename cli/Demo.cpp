@@ -1,0 +1,45 @@
+#include "app/DemoHousehold.h"
+#include "automation/ValueJson.h"
+#include "cli/Commands.h"
+#include "cli/Options.h"
+#include "data/EmptyDatabase.h"
+#include "platform/ProgramFolder.h"
+#include "platform/SystemClock.h"
+
+#include <iostream>
+#include <memory>
+
+namespace clb
+{
+namespace
+{
+
+struct DemoOptions : FolderOptions {
+    std::string folder;
+};
+
+void MakeDemo(const DemoOptions& options)
+{
+    DeliverFolder(options.folder, EmptyDatabase());
+    MakeDemoHousehold(options.folder, Date::FromDays(SystemClock().Now().Days()));
+    if (options.json)
+        std::cout << ToLine({{"folder", options.folder}}) << '\n';
+    else
+        std::cout << "Made a household to try things on: " << DatabasePath(options.folder) << '\n';
+}
+
+}  // namespace
+
+void AddDemo(CLI::App& app, int&)
+{
+    auto options = std::make_shared<DemoOptions>();
+    CLI::App* command =
+        app.add_subcommand("demo", "Make a program folder with a small household's books in it");
+    command->add_option("DIR", options->folder, "Folder to make; it may exist")
+        ->required()
+        ->check(IsFolderName());
+    AddJson(*command, *options);
+    command->callback([options] { MakeDemo(*options); });
+}
+
+}  // namespace clb

@@ -1,0 +1,56 @@
+#include "cli/Table.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace clb
+{
+namespace
+{
+
+std::string Printed(const Table& table)
+{
+    std::ostringstream out;
+    table.Print(out);
+    return out.str();
+}
+
+TEST(TableTest, FiguresStandAtTheRightEdgeOfTheirColumn)
+{
+    Table table;
+    table.AddColumn("Description", false);
+    table.AddColumn("Amount", true);
+
+    table.AddRow({"Rent", "-1,200.00"});
+    table.AddRow({"Caf\xC3\xA9", "4.50"});
+
+    EXPECT_EQ(Printed(table),
+              "Description     Amount\n"
+              "-----------  ---------\n"
+              "Rent         -1,200.00\n"
+              "Caf\xC3\xA9              4.50\n");
+}
+
+TEST(TableTest, ALineGoesAcrossTheColumns)
+{
+    Table table;
+    table.AddColumn("A", false);
+
+    table.AddLine("Household (2 items)");
+    table.AddRow({"x"});
+
+    EXPECT_EQ(Printed(table), "A\n-\nHousehold (2 items)\nx\n");
+}
+
+TEST(TableTest, AStatementCannotSendCommandsToTheTerminal)
+{
+    Table table;
+    table.AddColumn("A", false);
+
+    table.AddRow({"red \x1B[31m\n alarm\x7F!"});
+
+    EXPECT_EQ(Printed(table), "A\n------------------\nred  [31m  alarm !\n");
+}
+
+}  // namespace
+}  // namespace clb
