@@ -55,6 +55,12 @@ public:
     /// written back. Views 1 to 3 do nothing. Throws EngineError when no account has this number.
     void UpdateBalance(std::int32_t& view, std::string& accountID);
 
+    /// Turns one piece of a transaction into two: the piece keeps the first amount, a copy with the next
+    /// piece number gets the second amount and a numbered description. Reads the grid's rows again.
+    /// Throws EngineError when there is no such piece; what ran before an error stays.
+    void SplitTransaction(std::int32_t sequence, std::int32_t subSequence, Money firstAmount,
+                          Money secondAmount);
+
     /// The text with every single quote doubled.
     static std::string ToSqlString(std::string_view text);
     /// Without blanks in front, at most length characters, without blanks behind.

@@ -1,0 +1,175 @@
+#include "app/clsIni.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <vector>
+
+#include "base/Text.h"
+
+namespace clb {
+namespace {
+
+constexpr std::size_t kMostCharacters = 99;
+
+/// Without blanks and tabs around it.
+std::string_view Stripped(std::string_view text)
+{
+    const auto from = text.find_first_not_of(" \t");
+    if (from == std::string_view::npos)
+        return {};
+    return text.substr(from, text.find_last_not_of(" \t") - from + 1);
+}
+
+/// The file's lines and how they end.
+struct IniText {
+    std::vector<std::string> lines;
+
+    static IniText Read(const std::string& path)
+    {
+        std::ifstream in(path, std::ios::binary);
+        const std::string text{std::istreambuf_iterator<char>(in), {}};
+        IniText ini;
+        for (std::size_t at = 0; at < text.size();) {
+            const std::size_t end = std::min(text.find('\n', at), text.size());
+            std::string line = text.substr(at, end - at);
+            if (line.ends_with('\r'))
+                line.pop_back();
+            ini.lines.push_back(std::move(line));
+            at = end + 1;
+        }
+        return ini;
+    }
+    /// Written beside the file first, so that a failure leaves the former file whole.
+    void Write(const std::string& path) const
+    {
+        const std::string fresh = path + ".new";
+        std::ofstream out(fresh, std::ios::binary | std::ios::trunc);
+        for (const std::string& line : lines)
+            out << line << "\r\n";
+        out.close();
+        std::error_code ignored;
+        if (out)
+            std::filesystem::rename(fresh, path, ignored);
+        else
+            std::filesystem::remove(fresh, ignored);
+    }
+};
+
+std::optional<std::string_view> SectionName(std::string_view line)
+{
+    line = Stripped(line);
+    const auto end = line.find(']');
+    if (!line.starts_with('[') || end == std::string_view::npos)
+        return std::nullopt;
+    return Stripped(line.substr(1, end - 1));
+}
+
+bool IsKey(std::string_view line, std::string_view key)
+{
+    const auto equals = line.find('=');
+    if (equals == std::string_view::npos || Stripped(line).starts_with(';'))
+        return false;
+    return EqualsIgnoringCase(Stripped(line.substr(0, equals)), Stripped(key));
+}
+
+/// Where a section's lines begin and end, and where its key stands.
+struct Place {
+    bool section = false;
+    std::size_t end = 0;  ///< behind the last line of the section that holds anything
+    std::optional<std::size_t> key;
+};
+
+Place Find(const std::vector<std::string>& lines, std::string_view section, std::string_view key)
+{
+    Place place;
+    for (std::size_t at = 0; at < lines.size(); ++at) {
+        if (const auto name = SectionName(lines[at])) {
+            if (place.section)
+                break;
+            place.section = EqualsIgnoringCase(*name, Stripped(section));
+            place.end = at + 1;
+        } else if (place.section) {
+            if (!Stripped(lines[at]).empty())
+                place.end = at + 1;
+            if (IsKey(lines[at], key)) {
+                place.key = at;
+                break;
+            }
+        }
+    }
+    return place;
+}
+
+std::string_view Unquoted(std::string_view value)
+{
+    const bool quoted = value.size() >= 2 && value.front() == value.back() &&
+                        (value.front() == '"' || value.front() == '\'');
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+std::optional<std::string> ValueOf(const std::string& file, const std::string& section,
+                                   const std::string& key)
+{
+    const IniText ini = IniText::Read(file);
+    const Place place = Find(ini.lines, section, key);
+    if (!place.key)
+        return std::nullopt;
+    const std::string& line = ini.lines[*place.key];
+    return std::string(Unquoted(Stripped(std::string_view(line).substr(line.find('=') + 1))));
+}
+
+/// A value is one line.
+std::string OneLine(std::string value)
+{
+    value.erase(std::min(value.find_first_of("\r\n"), value.size()));
+    return value;
+}
+
+}  // namespace
+
+void clsIni::WriteString(const std::string& section, const std::string& key,
+                         const std::string& value)
+{
+    IniText ini = IniText::Read(file_);
+    const Place place = Find(ini.lines, section, key);
+    const std::string line = key + "=" + OneLine(value);
+    if (place.key) {
+        ini.lines[*place.key] = line;
+    } else if (place.section) {
+        ini.lines.insert(ini.lines.begin() + static_cast<std::ptrdiff_t>(place.end), line);
+    } else {
+        ini.lines.push_back("[" + section + "]");
+        ini.lines.push_back(line);
+    }
+    ini.Write(file_);
+}
+
+void clsIni::WriteLong(const std::string& section, const std::string& key, std::int32_t value)
+{
+    WriteString(section, key, std::to_string(value));
+}
+
+std::string clsIni::GetString(const std::string& section, const std::string& key,
+                              const std::string& fallback) const
+{
+    return Left(ValueOf(file_, section, key).value_or(fallback), kMostCharacters);
+}
+
+std::int32_t clsIni::GetLong(const std::string& section, const std::string& key,
+                             std::int32_t fallback) const
+{
+    const auto value = ValueOf(file_, section, key);
+    if (!value)
+        return fallback;
+    // Digits as far as they go; what does not fit wraps, as it always did.
+    std::uint32_t number = 0;
+    std::size_t at = value->starts_with('-') || value->starts_with('+') ? 1 : 0;
+    for (; at < value->size() && (*value)[at] >= '0' && (*value)[at] <= '9'; ++at)
+        number = number * 10 + static_cast<std::uint32_t>((*value)[at] - '0');
+    return static_cast<std::int32_t>(value->starts_with('-') ? 0U - number : number);
+}
+
+}  // namespace clb

@@ -1,0 +1,41 @@
+#include "app/frmAbout.h"
+
+#include "app/Product.h"
+#include "ports/IShell.h"
+
+namespace clb {
+namespace {
+
+std::string NameAndVersion()
+{
+    return std::string(product::Title) + " " + std::to_string(product::Major) + "." +
+           std::to_string(product::Minor) + "." + std::to_string(product::Revision);
+}
+
+}  // namespace
+
+frmAbout::frmAbout(IModalHost& host, IShell& shell)
+    : host_(host),
+      form_("frmAbout", std::string("About ") + product::Title),
+      picAppIcon("picAppIcon"),
+      lblAppName("lblAppName", NameAndVersion()),
+      lblLegal("lblLegal", product::LegalNotice),
+      lblWebSite("lblWebSite", product::HomePage),
+      cmdOK("cmdOK", "OK")
+{
+    for (Control* control : std::initializer_list<Control*>{&picAppIcon, &lblAppName, &lblLegal,
+                                                            &lblWebSite, &cmdOK})
+        form_.Add(*control);
+    form_.DefaultButton(cmdOK);
+    form_.CancelButton(cmdOK);
+    cmdOK.Click().connect([this] { form_.Hide(); });
+    lblWebSite.Click().connect([&shell] { shell.Open(product::HomePage); });
+}
+
+void frmAbout::ShowDialog()
+{
+    form_.Focus(cmdOK);
+    form_.ShowModal(host_);
+}
+
+}  // namespace clb

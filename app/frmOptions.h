@@ -1,0 +1,37 @@
+#pragma once
+#include <string>
+
+#include "controls/CheckList.h"
+#include "controls/Form.h"
+#include "controls/Inputs.h"
+
+namespace clb {
+
+class clsDatabase;
+
+/// The dialog "Options": the address of the bank's web site, and which accounts count in the budget.
+class frmOptions {
+public:
+    /// settings: path of the settings file. Store and host are borrowed; they outlive the dialog.
+    frmOptions(clsDatabase& database, IModalHost& host, std::string settings);
+
+    /// Shows the dialog; OK stores what was set.
+    void ShowDialog();
+
+private:
+    void Load();
+    void Store();
+
+    clsDatabase& database_;
+    IModalHost& host_;
+    std::string settings_;
+    Form form_;
+    Label lblBankUrl;
+    TextBox txtBankUrl;
+    Label lblAccounts;
+    CheckList grdAccounts;
+    Button btnOK;
+    Button btnCancel;
+};
+
+}  // namespace clb

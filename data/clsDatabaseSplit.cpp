@@ -1,0 +1,51 @@
+// Splitting a transaction into pieces.
+
+#include "base/Text.h"
+#include "data/clsDatabase.h"
+
+namespace clb {
+namespace {
+
+constexpr std::size_t kDescriptionLength = 50;
+
+/// The number is appended before the cut, so a long description loses the end of it.
+std::string PieceDescription(const std::string& description, std::int32_t piece)
+{
+    return Left(Left(description, kDescriptionLength) + " (split #" + std::to_string(piece) + ")",
+                kDescriptionLength);
+}
+
+}  // namespace
+
+void clsDatabase::SplitTransaction(std::int32_t sequence, std::int32_t subSequence,
+                                   Money firstAmount, Money secondAmount)
+{
+    Recordset next;
+    Fill(next,
+         "SELECT MAX( SubSequence ) + 1 AS NextSubSequence FROM Trans WHERE Trans.Sequence = " +
+             ToText(row_.ColumnValue(11)),
+         true);
+    const std::int32_t piece = ToLong(next.Get("NextSubSequence"));
+    next.Close();
+
+    Recordset split;
+    split.Open("SELECT * FROM Trans WHERE Trans.Sequence = " + std::to_string(sequence) +
+                   " AND Trans.SubSequence = " + std::to_string(subSequence),
+               connection_, CursorKind::Keyset, LockKind::Pessimistic);
+    split.Set("Amount", firstAmount);
+    split.Update();
+
+    Recordset added;
+    added.Open("SELECT * FROM Trans WHERE false", connection_, CursorKind::Keyset,
+               LockKind::Pessimistic);
+    added.AddNew();
+    for (std::size_t field = 0; field < split.Fields().size(); ++field)
+        added.Set(field, split.Get(field));
+    added.Set("Amount", secondAmount);
+    added.Set("SubSequence", piece);
+    added.Set("Description", PieceDescription(ToText(split.Get("Description")), piece));
+    added.Update();
+    rows_.Requery();
+}
+
+}  // namespace clb

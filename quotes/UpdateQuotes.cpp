@@ -1,0 +1,45 @@
+#include "quotes/UpdateQuotes.h"
+
+#include "base/Numeric.h"
+#include "base/RuntimeError.h"
+#include "data/clsDatabase.h"
+#include "ports/IPointer.h"
+#include "quotes/clsStockQuote.h"
+
+namespace clb {
+namespace {
+
+void StoreLastPrices(clsDatabase& database, IHttpClient& http, const std::string& service)
+{
+    Recordset holdings;
+    database.Fill(holdings, "SELECT StockSymbol, LastPrice FROM Investment", false);
+    clsStockQuote quote(http, service);
+    // Leaving a changed row saves it.
+    for (; !holdings.AtEnd(); holdings.MoveNext()) {
+        quote.Symbol(ToText(holdings.Get("StockSymbol")));
+        if (quote.Change() != "N/A" && IsNumeric(quote.Quote()))
+            holdings.Set("LastPrice", quote.Quote());
+    }
+}
+
+}  // namespace
+
+void UpdateQuotes(clsDatabase& database, IQuoteHost& host, IMessageBox& messages, IHttpClient& http,
+                  const std::string& service, const std::string& title)
+{
+    const std::string remembered = host.StatusText();
+    host.StatusText("Updating quotes...");
+    host.Pointer(pointer::Hourglass);
+    bool failed = false;
+    try {
+        StoreLastPrices(database, http, service);
+    } catch (const RuntimeError&) {
+        failed = true;
+    }
+    host.Pointer(pointer::Default);
+    host.StatusText(remembered);
+    if (failed)
+        messages.Show("Unable to update quotes.", box_style::Exclamation, title);
+}
+
+}  // namespace clb

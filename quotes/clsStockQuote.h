@@ -1,0 +1,56 @@
+#pragma once
+#include <string>
+#include <vector>
+
+namespace clb {
+
+class IHttpClient;
+
+/// One stock's quote, as texts of the quote service. Writing the symbol fetches it; a fetch without a
+/// proper answer leaves the cleared state: Quote "0.00", everything else "N/A".
+class clsStockQuote {
+public:
+    /// service: scheme, host and port, e.g. "http://127.0.0.1:8271". The client is borrowed.
+    clsStockQuote(IHttpClient& http, std::string service);
+
+    const std::string& Symbol() const { return symbol_; }
+    /// Stores the symbol and fetches its quote. Throws PortError when the request cannot be made.
+    void Symbol(const std::string& symbol);
+
+    const std::string& Quote() const { return quote_; }
+    const std::string& LastTradeDate() const { return lastTradeDate_; }
+    const std::string& LastTradeTime() const { return lastTradeTime_; }
+    const std::string& Change() const { return change_; }
+    const std::string& Opening() const { return opening_; }
+    const std::string& DayHigh() const { return dayHigh_; }
+    const std::string& DayLow() const { return dayLow_; }
+    const std::string& Bid() const { return bid_; }
+    const std::string& Ask() const { return ask_; }
+    /// With digit grouping when it is a number.
+    const std::string& Volume() const { return volume_; }
+    const std::string& PercentageChange() const { return percentageChange_; }
+
+private:
+    std::string FetchUrl(const std::string& url);
+    static std::vector<std::string> SplitFields(const std::string& text, char delimiter,
+                                                std::size_t& last);
+    static std::string StripQuotes(const std::string& field);
+    void ClearQuote();
+
+    IHttpClient& http_;
+    std::string service_;
+    std::string symbol_;
+    std::string quote_;
+    std::string lastTradeDate_;
+    std::string lastTradeTime_;
+    std::string change_;
+    std::string percentageChange_;
+    std::string opening_;
+    std::string dayHigh_;
+    std::string dayLow_;
+    std::string bid_;
+    std::string ask_;
+    std::string volume_;
+};
+
+}  // namespace clb
