@@ -203,6 +203,15 @@ const Value& Recordset::At(std::size_t row, std::size_t field) const
     return state.rows.Values(state.live.SlotOf(row))[field];
 }
 
+std::size_t Recordset::Identity(std::size_t row) const
+{
+    state_->RequireOpen();
+    if (row >= state_->live.Count())
+        throw refuse::NoCurrentRow();
+    const std::int64_t rowId = state_->rows.RowId(state_->live.SlotOf(row));
+    return state_->plan->updatable ? static_cast<std::size_t>(rowId) : 0;
+}
+
 void Recordset::MoveTo(std::size_t row)
 {
     state_->RequireOpen();
