@@ -1,0 +1,23 @@
+#pragma once
+#include <QLocale>
+#include <QString>
+
+#include "ports/IDateForm.h"
+
+namespace clb {
+
+/// Dates in the short form of a locale, always with four digits for the year; yyyy-mm-dd is taken
+/// in any locale.
+class DateFormPort : public IDateForm {
+public:
+    explicit DateFormPort(const QLocale& locale = QLocale::system());
+
+    std::string Format(const Date& date) const override;
+    std::optional<Date> Read(std::string_view text) const override;
+
+private:
+    QLocale locale_;
+    QString form_;
+};
+
+}  // namespace clb

@@ -1,0 +1,128 @@
+#include "desktop/Desktop.h"
+
+#include <QApplication>
+#include <iostream>
+#include <memory>
+
+#include "data/EmptyDatabase.h"
+#include "desktop/DateFormPort.h"
+#include "desktop/FileDialogPort.h"
+#include "desktop/Icons.h"
+#include "desktop/MainWindow.h"
+#include "desktop/MessageBoxPort.h"
+#include "desktop/PointerPort.h"
+#include "desktop/QtModalHost.h"
+#include "desktop/ShellPort.h"
+#include "desktop/UserEvents.h"
+#include "desktop/WindowPresenter.h"
+#include "platform/ProgramFolder.h"
+#include "platform/SystemClock.h"
+
+namespace clb {
+
+namespace {
+
+std::string OpenFolder(const std::optional<std::string>& home)
+{
+    const std::string folder = ProgramFolder(PlacesOf(home));
+    if (!home && !HoldsDatabase(folder))
+        DeliverFolder(folder, EmptyDatabase());
+    return folder;
+}
+
+std::unique_ptr<IClock> MakeClock(const StartOptions& options)
+{
+    if (options.now)
+        return std::make_unique<FixedClock>(*options.now);
+    return std::make_unique<SystemClock>();
+}
+
+/// A program of one user: its ports made real, the controller, the window.
+class Program {
+public:
+    Program(const std::string& folder, IClock& clock)
+        : controller_({folder, clock, boxes_, files_, shell_, pointer_, dates_, forms_},
+                      MainWindow::Metrics()),
+          window_(controller_, events_)
+    {
+        events_.Attach(
+            [this] {
+                if (controller_.Loaded())
+                    controller_.Data().Database().Settle();
+            },
+            [this] { window_.Sync(); });
+    }
+    void Load() { controller_.Load(); }
+    MainWindow& Window() { return window_; }
+
+private:
+    MessageBoxPort boxes_;
+    FileDialogPort files_;
+    ShellPort shell_;
+    PointerPort pointer_;
+    DateFormPort dates_;
+    UserEvents events_{boxes_};
+    QtModalHost forms_{events_};
+    frmController controller_;
+    MainWindow window_;
+};
+
+bool ShowsWindow(const StartOptions& options)
+{
+    return !options.automate && options.picture.empty();
+}
+
+int Automate(const StartOptions& options, IClock& clock)
+{
+    WindowPresenter presenter;
+    std::ios::sync_with_stdio(false);
+    return RunAutomation(std::cin, std::cout,
+                         {OpenFolder(options.home), clock, options.quoteService}, &presenter);
+}
+
+int Picture(MainWindow& window, const std::string& file)
+{
+    window.show();
+    QCoreApplication::processEvents();
+    if (WritePicture(window, file))
+        return 0;
+    std::cerr << "Cannot write " << file << '\n';
+    return 1;
+}
+
+int Run(const StartOptions& options, IClock& clock)
+{
+    Program program(OpenFolder(options.home), clock);
+    program.Load();
+    if (!options.picture.empty())
+        return Picture(program.Window(), options.picture);
+    program.Window().show();
+    return QApplication::exec();
+}
+
+int ReportFailure(const StartOptions& options, const std::exception& error)
+{
+    if (ShowsWindow(options))
+        MessageBoxPort().Show(error.what(), box_style::Critical, frmController::Title);
+    else
+        std::cerr << error.what() << '\n';
+    return 1;
+}
+
+}  // namespace
+
+int RunDesktop(int argc, char** argv, const StartOptions& options)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("ledgerbook"));
+    QApplication::setApplicationDisplayName(QString());
+    QApplication::setWindowIcon(icons::Application());
+    const std::unique_ptr<IClock> clock = MakeClock(options);
+    try {
+        return options.automate ? Automate(options, *clock) : Run(options, *clock);
+    } catch (const std::exception& error) {
+        return ReportFailure(options, error);
+    }
+}
+
+}  // namespace clb

@@ -1,0 +1,140 @@
+#include "desktop/FormDialog.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "desktop/FormLayouts.h"
+#include "desktop/ListBinder.h"
+#include "desktop/TextConvert.h"
+#include "desktop/UserEvents.h"
+
+namespace clb {
+
+FormDialog::FormDialog(Form& form, UserEvents& events, QWidget* parent)
+    : QDialog(parent),
+      form_(form),
+      events_(events),
+      focus_(std::make_unique<FocusBinder>(form, events))
+{
+    setWindowTitle(ToQString(form_.Caption()));
+    BuildWidgets();
+    ArrangeForm(*this);
+    form_.Hidden().connect(sigc::track_obj([this] { done(QDialog::Accepted); }, *this));
+    form_.Changed().connect(
+        sigc::track_obj([this] { setWindowTitle(ToQString(form_.Caption())); }, *this));
+}
+
+FormDialog::~FormDialog() = default;
+
+QWidget* FormDialog::WidgetOf(const std::string& control) const
+{
+    const auto found = widgets_.find(control);
+    return found == widgets_.end() ? nullptr : found->second;
+}
+
+void FormDialog::BuildWidgets()
+{
+    for (Control* control : form_.Controls()) {
+        QWidget* widget = Draw(*control);
+        if (!widget)
+            continue;
+        widget->setObjectName(ToQString(control->Name()));
+        widgets_[control->Name()] = widget;
+        focus_->Add(*control, *widget);
+    }
+}
+
+QWidget* FormDialog::Draw(Control& control)
+{
+    if (auto* label = dynamic_cast<Label*>(&control))
+        return DrawLabel(*label);
+    if (auto* box = dynamic_cast<TextBox*>(&control))
+        return DrawText(*box);
+    if (auto* list = dynamic_cast<ListBox*>(&control))
+        return new ListBinder(*list, events_, this);
+    if (auto* button = dynamic_cast<Button*>(&control))
+        return DrawButton(*button);
+    if (auto* option = dynamic_cast<OptionButton*>(&control))
+        return DrawOption(*option);
+    return nullptr;
+}
+
+void FormDialog::Follow(Control& control, std::function<void()> sync)
+{
+    sync();
+    control.Changed().connect(sigc::track_obj(std::move(sync), *this));
+}
+
+QWidget* FormDialog::DrawLabel(Label& label)
+{
+    auto* drawn = new QLabel(this);
+    drawn->setTextFormat(Qt::PlainText);
+    Follow(label, [drawn, &label] {
+        drawn->setText(ToQString(label.Caption()));
+        drawn->setEnabled(label.Enabled());
+    });
+    return drawn;
+}
+
+QWidget* FormDialog::DrawText(TextBox& box)
+{
+    auto* drawn = new QLineEdit(this);
+    connect(drawn, &QLineEdit::textEdited, this,
+            [this, &box](const QString& text) { events_.Run([&] { box.Text(ToUtf8(text)); }); });
+    Follow(box, [drawn, &box] {
+        const QString text = ToQString(box.Text());
+        if (drawn->text() != text)
+            drawn->setText(text);
+        drawn->setReadOnly(box.Locked());
+        drawn->setEnabled(box.Enabled());
+        if (box.SelectionLength() != 0)
+            drawn->setSelection(static_cast<int>(box.SelectionStart()),
+                                static_cast<int>(box.SelectionLength()));
+    });
+    return drawn;
+}
+
+QWidget* FormDialog::DrawButton(Button& button)
+{
+    auto* drawn = new QPushButton(ToQString(button.Caption()), this);
+    drawn->setDefault(form_.DefaultButton() == &button);
+    drawn->setAutoDefault(form_.DefaultButton() == &button);
+    connect(drawn, &QPushButton::clicked, this,
+            [this, &button] { events_.Run([&] { button.Press(); }); });
+    Follow(button, [drawn, &button] { drawn->setEnabled(button.Enabled()); });
+    return drawn;
+}
+
+QWidget* FormDialog::DrawOption(OptionButton& option)
+{
+    auto* drawn = new QRadioButton(ToQString(option.Caption()), this);
+    connect(drawn, &QRadioButton::clicked, this,
+            [this, &option] { events_.Run([&] { option.Choose(); }); });
+    Follow(option, [drawn, &option] {
+        // The toolkit keeps one of its group chosen; what is dropped follows from what is chosen.
+        if (option.Value())
+            drawn->setChecked(true);
+        drawn->setEnabled(option.Enabled());
+    });
+    return drawn;
+}
+
+void FormDialog::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    focus_->Sync();
+}
+
+void FormDialog::reject()
+{
+    if (Button* cancel = form_.CancelButton())
+        events_.Run([cancel] { cancel->Press(); });
+    else
+        form_.Hide();
+    if (!form_.Visible())
+        QDialog::reject();
+}
+
+}  // namespace clb

@@ -1,0 +1,78 @@
+#pragma once
+#include <sigc++/trackable.h>
+
+#include <QAbstractScrollArea>
+#include <QBasicTimer>
+#include <QPoint>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+
+#include "controls/GridComponent.h"
+#include "desktop/GridLayout.h"
+
+namespace clb {
+
+class GridHeader;
+class UserEvents;
+
+/// Draws a grid component and hands the user's keys and clicks on to it. Only the rows in sight are
+/// read and drawn, so a hundred thousand rows scroll as quickly as ten.
+///
+/// Arrows, Tab, Home, End, Page up and down move the current cell, with Control to the ends of the
+/// grid; on a group heading Left and Right fold and open it.
+class GridView : public QAbstractScrollArea, public sigc::trackable {
+public:
+    /// takeFocus asks for the focus when the user clicks; false refuses the click. grid and events
+    /// are borrowed and outlive the view.
+    GridView(GridComponent& grid, UserEvents& events, std::function<bool()> takeFocus,
+             QWidget* parent = nullptr);
+
+    /// Draws the component's present state.
+    void Sync();
+    const GridLayout& Layout() const { return layout_; }
+    /// Scrolls until the current cell is in sight.
+    void ShowCurrentCell();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+
+private:
+    void MeasureFonts();
+    void UpdateScrollBars();
+    void RedrawChanged(bool on);
+    bool MoveTo(std::size_t row, std::int32_t column);
+    bool MoveRows(int rows);
+    bool MoveColumns(int steps);
+    bool MoveCell(int steps);
+    bool Navigate(int key, bool toEnds);
+    std::size_t RowFromCurrent(int rows) const;
+    bool FoldByKey(int key);
+    void ToggleFold(std::size_t row);
+    int RowsPerPage() const;
+    void ShowTip();
+
+    GridComponent& grid_;
+    UserEvents& events_;
+    std::function<bool()> takeFocus_;
+    GridLayout layout_;
+    GridHeader* header_;
+    std::size_t shownRow_ = 0;
+    std::int32_t shownColumn_ = 0;
+    bool changed_ = false;
+    QBasicTimer tipTimer_;
+    QPoint tipPlace_;
+};
+
+}  // namespace clb

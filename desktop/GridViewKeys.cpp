@@ -1,0 +1,104 @@
+// Moving the current cell by keys.
+#include <QKeyEvent>
+#include <algorithm>
+
+#include "desktop/GridView.h"
+#include "desktop/UserEvents.h"
+
+namespace clb {
+
+namespace {
+
+constexpr int Everything = 1 << 30;
+
+}  // namespace
+
+void GridView::keyPressEvent(QKeyEvent* event)
+{
+    const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
+    if (held != Qt::NoModifier && held != Qt::ControlModifier)
+        return event->ignore();
+    if (held == Qt::NoModifier && FoldByKey(event->key()))
+        return;
+    if (!Navigate(event->key(), held == Qt::ControlModifier))
+        QAbstractScrollArea::keyPressEvent(event);
+}
+
+bool GridView::Navigate(int key, bool toEnds)
+{
+    switch (key) {
+        case Qt::Key_Up: return MoveRows(toEnds ? -Everything : -1);
+        case Qt::Key_Down: return MoveRows(toEnds ? Everything : 1);
+        case Qt::Key_PageUp: return MoveRows(-RowsPerPage());
+        case Qt::Key_PageDown: return MoveRows(RowsPerPage());
+        case Qt::Key_Left:
+            return toEnds ? MoveTo(grid_.Row(), layout_.FirstColumn()) : MoveColumns(-1);
+        case Qt::Key_Right:
+            return toEnds ? MoveTo(grid_.Row(), layout_.LastColumn()) : MoveColumns(1);
+        case Qt::Key_Home: return MoveTo(toEnds ? 1 : grid_.Row(), layout_.FirstColumn());
+        case Qt::Key_End:
+            return MoveTo(toEnds ? layout_.RowCount() : grid_.Row(), layout_.LastColumn());
+        default: return false;
+    }
+}
+
+bool GridView::MoveTo(std::size_t row, std::int32_t column)
+{
+    if (row == 0 || column == 0)
+        return true;
+    events_.Run([&] { grid_.MoveTo(row, column); });
+    return true;
+}
+
+std::size_t GridView::RowFromCurrent(int rows) const
+{
+    const auto wanted = static_cast<std::ptrdiff_t>(grid_.Row()) + rows;
+    const auto last = static_cast<std::ptrdiff_t>(layout_.RowCount());
+    return static_cast<std::size_t>(
+        std::clamp<std::ptrdiff_t>(wanted, std::min<std::ptrdiff_t>(1, last), last));
+}
+
+bool GridView::MoveRows(int rows)
+{
+    return MoveTo(RowFromCurrent(rows), grid_.Col());
+}
+
+bool GridView::MoveColumns(int steps)
+{
+    return MoveTo(grid_.Row(), layout_.Neighbour(grid_.Col(), steps));
+}
+
+bool GridView::MoveCell(int steps)
+{
+    if (const std::int32_t column = layout_.Neighbour(grid_.Col(), steps))
+        return MoveTo(grid_.Row(), column);
+    const std::size_t row = RowFromCurrent(steps);
+    if (row == grid_.Row() || row == 0)
+        return false;
+    return MoveTo(row, steps > 0 ? layout_.FirstColumn() : layout_.LastColumn());
+}
+
+bool GridView::focusNextPrevChild(bool next)
+{
+    // Tab walks the cells; beyond the first and the last one it leaves the grid.
+    return MoveCell(next ? 1 : -1) || QAbstractScrollArea::focusNextPrevChild(next);
+}
+
+bool GridView::FoldByKey(int key)
+{
+    const std::size_t row = grid_.Row();
+    if (row == 0 || grid_.Rows().Kind(row) != GridRowKind::GroupHeading)
+        return false;
+    const bool folded = grid_.Rows().Folded(row);
+    if ((key != Qt::Key_Left || folded) && (key != Qt::Key_Right || !folded))
+        return false;
+    events_.Run([&] { ToggleFold(row); });
+    return true;
+}
+
+int GridView::RowsPerPage() const
+{
+    return std::max(1, viewport()->height() / layout_.RowHeight() - 1);
+}
+
+}  // namespace clb

@@ -1,0 +1,20 @@
+#pragma once
+#include <QIcon>
+#include <cstdint>
+#include <string>
+
+namespace clb {
+
+/// The program's pictures, drawn from vectors so that they stay crisp at any scale.
+namespace icons {
+/// The program itself.
+QIcon Application();
+/// A toolbar button by its key ("New", "Delete", "Link", "Back", "Forward"); empty for others.
+QIcon Toolbar(const std::string& key);
+/// An image of the tree's list: 6 a closed book, 7 an open one; empty for others.
+QIcon TreeImage(std::int32_t image);
+/// A message box's icon by its style, the desktop's own where it has one; empty for styles without.
+QIcon Message(std::int32_t style);
+}  // namespace icons
+
+}  // namespace clb

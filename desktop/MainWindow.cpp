@@ -1,0 +1,205 @@
+#include "desktop/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QWindow>
+
+#include "desktop/GridView.h"
+#include "desktop/Icons.h"
+#include "desktop/InputEvents.h"
+#include "desktop/ListBinder.h"
+#include "desktop/TextConvert.h"
+#include "desktop/ToolbarBinder.h"
+#include "desktop/TreeBinder.h"
+#include "desktop/UserEvents.h"
+#include "desktop/YearBox.h"
+
+namespace clb {
+
+namespace {
+
+constexpr int FirstWidth = 1000;
+constexpr int FirstHeight = 640;
+
+}  // namespace
+
+WindowMetrics MainWindow::Metrics()
+{
+    const QLineEdit line;
+    const QComboBox list;
+    const QFontMetrics font = line.fontMetrics();
+    WindowMetrics metrics;
+    metrics.toolbarHeight = std::max(font.height() + 22, list.sizeHint().height() + 10);
+    metrics.statusBarHeight = font.height() + 10;
+    metrics.treeWidth = font.averageCharWidth() * 32;
+    metrics.totalsHeight = line.sizeHint().height();
+    return metrics;
+}
+
+MainWindow::MainWindow(frmController& controller, UserEvents& events)
+    : controller_(controller), events_(events), inner_(new QWidget(this))
+{
+    setWindowIcon(icons::Application());
+    setCentralWidget(inner_);
+    BuildParts();
+    BuildToolbarSide();
+    BuildStatusBar();
+    menus_ = std::make_unique<MenuBinder>(controller_.menus, *menuBar(), events_,
+                                          [this](MenuItem& item) {
+                                              // The window's own way out asks the grid first.
+                                              if (item.Name() == "mnuF_Exit")
+                                                  controller_.Close();
+                                              else
+                                                  item.Press();
+                                          });
+    auto* refresh = new QShortcut(QKeySequence(Qt::Key_F5), this);
+    connect(refresh, &QShortcut::activated, this, [this] { Refresh(); });
+    BindFocus();
+    FollowModels();
+    inner_->installEventFilter(this);
+    InnerSize(FirstWidth, FirstHeight);
+    Sync();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::BuildParts()
+{
+    toolbar_ = new ToolbarBinder(controller_.toolbar, events_, inner_);
+    tree_ = new TreeBinder(
+        controller_.TreeView, events_, [this](std::int32_t node) { controller_.PressNode(node); },
+        inner_);
+    grid_ = new GridView(
+        controller_.Grid.Component(), events_,
+        [this] { return controller_.window.Focus(controller_.Grid.Component()); }, inner_);
+    totals_ = std::make_unique<TotalsLine>(controller_.lblTotal, controller_.txtTotal,
+                                           controller_.txtTotal2, inner_);
+}
+
+void MainWindow::BuildToolbarSide()
+{
+    month_ = new ListBinder(controller_.cmbPeriod, events_);
+    month_->setMaxVisibleItems(12);
+    month_->setToolTip(QStringLiteral("Month shown"));
+    month_->installEventFilter(this);
+    year_ = new YearBox(controller_.txtYear, controller_.UpDown, events_);
+    year_->setToolTip(QStringLiteral("Year shown"));
+    year_->installEventFilter(this);
+    toolbar_->AddAtRight(month_);
+    toolbar_->AddAtRight(year_);
+}
+
+void MainWindow::BuildStatusBar()
+{
+    status_ = new QStatusBar(inner_);
+    statusText_ = new QLabel(status_);
+    statusText_->setTextFormat(Qt::PlainText);
+    statusText_->setContentsMargins(4, 0, 0, 0);
+    status_->addWidget(statusText_, 1);
+}
+
+void MainWindow::BindFocus()
+{
+    focus_ = std::make_unique<FocusBinder>(controller_.window, events_);
+    focus_->Add(controller_.TreeView, *tree_);
+    focus_->Add(controller_.Grid.Component(), *grid_);
+    focus_->Add(controller_.txtTotal, *totals_->First());
+    focus_->Add(controller_.txtTotal2, *totals_->Second());
+    focus_->Add(controller_.cmbPeriod, *month_);
+    focus_->Add(controller_.txtYear, *year_, {year_->Line()});
+}
+
+void MainWindow::FollowModels()
+{
+    const auto follow = [this](sigc::signal<void()>& signal, void (MainWindow::*handler)()) {
+        signal.connect(sigc::track_obj([this, handler] { (this->*handler)(); }, *this));
+    };
+    follow(controller_.window.Changed(), &MainWindow::Sync);
+    follow(controller_.statusBar.Changed(), &MainWindow::Sync);
+    follow(controller_.window.Repaint(), &MainWindow::RepaintNow);
+    controller_.Unloading().connect(sigc::track_obj([this] { hide(); }, *this));
+}
+
+void MainWindow::Sync()
+{
+    setWindowTitle(ToQString(controller_.window.Caption()));
+    statusText_->setText(ToQString(controller_.statusBar.Panel(1)));
+}
+
+void MainWindow::RepaintNow()
+{
+    Sync();
+    tree_->Sync();
+    repaint();
+}
+
+void MainWindow::InnerSize(int width, int height)
+{
+    resize(width, height + menuBar()->heightForWidth(width));
+    layout()->activate();
+    // Where the style puts more around the inner area, that is made up for.
+    resize(size() + QSize(width, height) - inner_->size());
+    layout()->activate();
+    InnerResized();
+}
+
+void MainWindow::InnerResized()
+{
+    events_.Run([this] { controller_.Resize(inner_->width(), inner_->height()); });
+    PlaceParts();
+}
+
+void MainWindow::PlaceParts()
+{
+    ApplyPlace(controller_.toolbar, *toolbar_);
+    ApplyPlace(controller_.statusBar, *status_);
+    ApplyPlace(controller_.TreeView, *tree_);
+    ApplyPlace(controller_.Grid.Component(), *grid_);
+}
+
+void MainWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (event->spontaneous())
+        return;
+    windowHandle()->installEventFilter(this);
+    focus_->Sync();
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == inner_ && event->type() == QEvent::Resize)
+        InnerResized();
+    // A disabled window takes no input, but it does not fade.
+    if (watched == windowHandle() && IsInput(*event))
+        return !controller_.window.Enabled();
+    // Turning the wheel over the month or year changes them without taking the focus.
+    if ((watched == month_ || watched == year_) && event->type() == QEvent::Wheel)
+        return !GridAgrees();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+bool MainWindow::GridAgrees()
+{
+    bool cancel = false;
+    const bool asked = events_.Run([&] { controller_.Grid.Component().Validate().emit(cancel); });
+    return asked && !cancel;
+}
+
+void MainWindow::Refresh()
+{
+    if (GridAgrees())
+        events_.Run([this] { controller_.View().Refresh(); });
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (controller_.Loaded())
+        events_.Run([this] { controller_.Close(); });
+    event->setAccepted(!controller_.Loaded());
+}
+
+}  // namespace clb

@@ -1,0 +1,79 @@
+#pragma once
+#include <sigc++/trackable.h>
+
+#include <QMainWindow>
+#include <memory>
+
+#include "app/frmController.h"
+#include "desktop/FocusBinder.h"
+#include "desktop/MenuBinder.h"
+#include "desktop/TotalsLine.h"
+
+class QLabel;
+class QStatusBar;
+
+namespace clb {
+
+class GridView;
+class ListBinder;
+class ToolbarBinder;
+class TreeBinder;
+class UserEvents;
+class YearBox;
+
+/// The window around the controller: draws each control and hands the user's actions on. The model
+/// decides everything, the place of each control included.
+class MainWindow : public QMainWindow, public sigc::trackable {
+public:
+    /// Sizes that follow from the fonts and the toolkit's style.
+    static WindowMetrics Metrics();
+
+    /// Both borrowed; they outlive the window. The controller need not be loaded yet.
+    MainWindow(frmController& controller, UserEvents& events);
+    ~MainWindow() override;
+
+    /// Gives the inner area, below the menus, the size in pixels.
+    void InnerSize(int width, int height);
+    /// Draws the models' present state.
+    void Sync();
+
+    TreeBinder& TreeWidget() { return *tree_; }
+    GridView& GridWidget() { return *grid_; }
+    ListBinder& MonthWidget() { return *month_; }
+    YearBox& YearWidget() { return *year_; }
+    ToolbarBinder& ToolbarWidget() { return *toolbar_; }
+    TotalsLine& Totals() { return *totals_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void BuildParts();
+    void BuildToolbarSide();
+    void BuildStatusBar();
+    void BindFocus();
+    void FollowModels();
+    void PlaceParts();
+    void InnerResized();
+    void RepaintNow();
+    bool GridAgrees();
+    void Refresh();
+
+    frmController& controller_;
+    UserEvents& events_;
+    QWidget* inner_ = nullptr;
+    TreeBinder* tree_ = nullptr;
+    GridView* grid_ = nullptr;
+    ListBinder* month_ = nullptr;
+    YearBox* year_ = nullptr;
+    ToolbarBinder* toolbar_ = nullptr;
+    QStatusBar* status_ = nullptr;
+    QLabel* statusText_ = nullptr;
+    std::unique_ptr<TotalsLine> totals_;
+    std::unique_ptr<MenuBinder> menus_;
+    std::unique_ptr<FocusBinder> focus_;
+};
+
+}  // namespace clb

@@ -1,0 +1,29 @@
+#include "desktop/MenuBinder.h"
+
+#include "desktop/TextConvert.h"
+#include "desktop/UserEvents.h"
+
+namespace clb {
+
+MenuBinder::MenuBinder(MenuBar& menus, QMenuBar& bar, UserEvents& events, const Command& press)
+{
+    for (Menu& menu : menus.Menus()) {
+        QMenu* drawn = bar.addMenu(ToQString(menu.Caption()));
+        drawn->setObjectName(ToQString(menu.Name()));
+        for (MenuItem& item : menu.Items()) {
+            if (item.Separator()) {
+                drawn->addSeparator();
+                continue;
+            }
+            QAction* action = drawn->addAction(ToQString(item.Caption()));
+            action->setObjectName(ToQString(item.Name()));
+            action->setEnabled(item.Enabled());
+            QObject::connect(action, &QAction::triggered, &bar,
+                             [&item, &events, press] { events.Run([&] { press(item); }); });
+            item.Changed().connect(
+                sigc::track_obj([action, &item] { action->setEnabled(item.Enabled()); }, *this));
+        }
+    }
+}
+
+}  // namespace clb

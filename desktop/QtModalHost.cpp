@@ -1,0 +1,17 @@
+#include "desktop/QtModalHost.h"
+
+#include "desktop/DialogParent.h"
+#include "desktop/FormDialog.h"
+#include "desktop/PointerPort.h"
+
+namespace clb {
+
+void QtModalHost::Run(Form& form)
+{
+    const PlainPointer pointer;
+    FormDialog dialog(form, events_, DialogParent());
+    while (form.Visible())
+        dialog.exec();
+}
+
+}  // namespace clb

@@ -1,0 +1,13 @@
+#pragma once
+#include "ports/IShell.h"
+
+namespace clb {
+
+/// The desktop's default browser and viewers.
+class ShellPort : public IShell {
+public:
+    void Open(const std::string& address) override;
+    void Help(const std::string& file) override;
+};
+
+}  // namespace clb

@@ -1,0 +1,49 @@
+#include "desktop/StartOptions.h"
+
+#include <CLI/CLI.hpp>
+
+namespace clb {
+
+namespace {
+
+std::string CheckMoment(const std::string& text)
+{
+    constexpr std::size_t length = std::char_traits<char>::length("YYYY-MM-DDThh:mm:ss");
+    const bool good = text.size() == length && text[10] == 'T' && Date::FromIso(text);
+    return good ? std::string() : "\"" + text + "\" is no moment YYYY-MM-DDThh:mm:ss";
+}
+
+}  // namespace
+
+StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCode)
+{
+    StartOptions options;
+    std::string now;
+    CLI::App app("Corvane Ledgerbook, personal finances in one window", "ledgerbook");
+    app.set_version_flag("--version", "Corvane Ledgerbook " CLB_VERSION);
+    app.add_option("--home", options.home,
+                   "Program folder, which holds db/clb.mdb (default: the program's own folder if "
+                   "it does, else the user's data folder)")
+        ->type_name("DIR");
+    app.add_flag("--automate", options.automate,
+                 "Driven by requests: one JSON object a line on standard input");
+    app.add_option("--now", now, "The clock stands at this local time")
+        ->type_name("YYYY-MM-DDThh:mm:ss")
+        ->check(CheckMoment);
+    app.add_option("--quote-service", options.quoteService,
+                   "Scheme, host and port of the quote service")
+        ->type_name("URL");
+    app.add_option("--picture", options.picture,
+                   "Write a picture of the window to the file, then exit")
+        ->type_name("FILE");
+    try {
+        app.parse(argc, argv);
+        if (!now.empty())
+            options.now = Date::FromIso(now);
+    } catch (const CLI::ParseError& error) {
+        exitCode = app.exit(error);
+    }
+    return options;
+}
+
+}  // namespace clb

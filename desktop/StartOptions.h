@@ -1,0 +1,22 @@
+#pragma once
+#include <optional>
+#include <string>
+
+#include "base/Date.h"
+
+namespace clb {
+
+/// What the command line asks for.
+struct StartOptions {
+    std::optional<std::string> home;  ///< program folder
+    std::optional<Date> now;          ///< the clock stands at this local time
+    std::string quoteService;         ///< scheme, host and port; empty: the settings file's
+    std::string picture;              ///< file for a picture of the window; empty: none
+    bool automate = false;
+};
+
+/// Reads the command line. Answers --help, --version and mistakes itself: `exitCode` is then set
+/// and the program ends with it.
+StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCode);
+
+}  // namespace clb

@@ -1,0 +1,74 @@
+#include "desktop/ToolbarBinder.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QToolBar>
+
+#include "desktop/Icons.h"
+#include "desktop/TextConvert.h"
+#include "desktop/UserEvents.h"
+
+namespace clb {
+
+namespace {
+
+QKeySequence ShortcutOf(const std::string& key)
+{
+    if (key == "Back")
+        return Qt::ALT | Qt::Key_Left;
+    if (key == "Forward")
+        return Qt::ALT | Qt::Key_Right;
+    return {};
+}
+
+}  // namespace
+
+ToolbarBinder::ToolbarBinder(Toolbar& toolbar, UserEvents& events, QWidget* parent)
+    : QWidget(parent),
+      toolbar_(toolbar),
+      events_(events),
+      bar_(new QToolBar(this)),
+      row_(new QHBoxLayout(this))
+{
+    row_->setContentsMargins(4, 2, 6, 2);
+    row_->addWidget(bar_, 1);
+    const int icon = fontMetrics().height() + 6;
+    bar_->setIconSize(QSize(icon, icon));
+    bar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    for (const Toolbar::Button& button : toolbar_.Buttons())
+        AddButton(button);
+    toolbar_.Changed().connect(sigc::track_obj([this] { Sync(); }, *this));
+}
+
+void ToolbarBinder::AddButton(const Toolbar::Button& button)
+{
+    if (button.key == "Link" || button.key == "Back")
+        bar_->addSeparator();
+    QAction* action = bar_->addAction(icons::Toolbar(button.key), ToQString(button.key));
+    action->setObjectName(ToQString(button.key));
+    action->setEnabled(button.enabled);
+    QString tip = ToQString(button.tip);
+    const QKeySequence shortcut = ShortcutOf(button.key);
+    if (!shortcut.isEmpty()) {
+        action->setShortcut(shortcut);
+        tip += QStringLiteral(" (%1)").arg(shortcut.toString(QKeySequence::NativeText));
+    }
+    action->setToolTip(tip);
+    const std::string key = button.key;
+    connect(action, &QAction::triggered, this,
+            [this, key] { events_.Run([&] { toolbar_.Press(key); }); });
+    actions_[key] = action;
+}
+
+void ToolbarBinder::AddAtRight(QWidget* widget)
+{
+    row_->addWidget(widget);
+}
+
+void ToolbarBinder::Sync()
+{
+    for (const Toolbar::Button& button : toolbar_.Buttons())
+        actions_.at(button.key)->setEnabled(button.enabled);
+}
+
+}  // namespace clb

@@ -1,0 +1,38 @@
+#pragma once
+#include <sigc++/trackable.h>
+
+#include <QWidget>
+#include <map>
+#include <string>
+
+#include "controls/Commands.h"
+
+class QAction;
+class QHBoxLayout;
+class QToolBar;
+
+namespace clb {
+
+class UserEvents;
+
+/// Draws the toolbar: its buttons on the left, whatever is added on the right.
+class ToolbarBinder : public QWidget, public sigc::trackable {
+public:
+    /// toolbar and events are borrowed and outlive the binder.
+    ToolbarBinder(Toolbar& toolbar, UserEvents& events, QWidget* parent = nullptr);
+
+    void AddAtRight(QWidget* widget);
+    QAction* Action(const std::string& key) const { return actions_.at(key); }
+
+private:
+    void AddButton(const Toolbar::Button& button);
+    void Sync();
+
+    Toolbar& toolbar_;
+    UserEvents& events_;
+    QToolBar* bar_;
+    QHBoxLayout* row_;
+    std::map<std::string, QAction*> actions_;
+};
+
+}  // namespace clb

@@ -1,0 +1,54 @@
+#include "desktop/TotalsLine.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+#include "desktop/TextConvert.h"
+
+namespace clb {
+
+void ApplyPlace(const Control& control, QWidget& widget)
+{
+    const Bounds& place = control.Place();
+    widget.setVisible(place.width > 0 && place.height > 0);
+    widget.setGeometry(place.left, place.top, place.width, place.height);
+}
+
+TotalsLine::TotalsLine(Label& label, TextBox& first, TextBox& second, QWidget* parent)
+    : label_(new QLabel(parent)), first_(new QLineEdit(parent)), second_(new QLineEdit(parent))
+{
+    label_->setTextFormat(Qt::PlainText);
+    label_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QFont bold = label_->font();
+    bold.setWeight(QFont::DemiBold);
+    for (QLineEdit* box : {first_, second_}) {
+        box->setReadOnly(true);
+        box->setAlignment(Qt::AlignRight);
+        box->setFont(bold);
+    }
+    Follow(label);
+    Follow(first, first_);
+    Follow(second, second_);
+}
+
+void TotalsLine::Follow(Label& box)
+{
+    const auto sync = [this, &box] {
+        label_->setText(ToQString(box.Caption()));
+        ApplyPlace(box, *label_);
+    };
+    box.Changed().connect(sigc::track_obj(sync, *this));
+    sync();
+}
+
+void TotalsLine::Follow(TextBox& box, QLineEdit* drawn)
+{
+    const auto sync = [&box, drawn] {
+        drawn->setText(ToQString(box.Text()));
+        ApplyPlace(box, *drawn);
+    };
+    box.Changed().connect(sigc::track_obj(sync, *this));
+    sync();
+}
+
+}  // namespace clb

@@ -1,0 +1,34 @@
+#pragma once
+#include <sigc++/trackable.h>
+
+#include "controls/Inputs.h"
+
+class QLabel;
+class QLineEdit;
+class QWidget;
+
+namespace clb {
+
+/// Draws the line below the grid: a label and the amounts, each where its control stands.
+class TotalsLine : public sigc::trackable {
+public:
+    /// The widgets become children of parent.
+    TotalsLine(Label& label, TextBox& first, TextBox& second, QWidget* parent);
+
+    QLineEdit* First() const { return first_; }
+    QLineEdit* Second() const { return second_; }
+    QLabel* Caption() const { return label_; }
+
+private:
+    void Follow(TextBox& box, QLineEdit* drawn);
+    void Follow(Label& box);
+
+    QLabel* label_;
+    QLineEdit* first_;
+    QLineEdit* second_;
+};
+
+/// Puts the widget where its control stands; without a width it is not shown.
+void ApplyPlace(const Control& control, QWidget& widget);
+
+}  // namespace clb

@@ -1,0 +1,147 @@
+#include "desktop/TreeBinder.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <algorithm>
+
+#include "desktop/Icons.h"
+#include "desktop/TextConvert.h"
+#include "desktop/UserEvents.h"
+
+namespace clb {
+
+TreeBinder::TreeBinder(Tree& tree, UserEvents& events, PressNode press, QWidget* parent)
+    : QTreeWidget(parent), tree_(tree), events_(events), press_(std::move(press))
+{
+    setHeaderHidden(true);
+    setFrameShape(QFrame::NoFrame);
+    setUniformRowHeights(true);
+    setAnimated(false);
+    setIndentation(fontMetrics().height() + 2);
+    setIconSize(QSize(fontMetrics().height() + 2, fontMetrics().height() + 2));
+    setFocusPolicy(Qt::TabFocus);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setStretchLastSection(false);
+    connect(this, &QTreeWidget::itemExpanded, this,
+            [this](QTreeWidgetItem* item) { UserExpanded(item, true); });
+    connect(this, &QTreeWidget::itemCollapsed, this,
+            [this](QTreeWidgetItem* item) { UserExpanded(item, false); });
+    tree_.Changed().connect(sigc::track_obj([this] { SyncLater(); }, *this));
+    Sync();
+}
+
+void TreeBinder::SyncLater()
+{
+    if (std::exchange(syncPending_, true))
+        return;
+    // A node may change while the toolkit still works on its line, and many change in a row.
+    QMetaObject::invokeMethod(
+        this, [this] { Sync(); }, Qt::QueuedConnection);
+}
+
+void TreeBinder::Sync()
+{
+    syncPending_ = false;
+    const QScopedValueRollback guard(syncing_, true);
+    if (!SameNodes())
+        Rebuild();
+    for (std::int32_t node = 1; node <= tree_.Count(); ++node)
+        if (ItemOf(node)->isExpanded() != tree_.Node(node).expanded)
+            ItemOf(node)->setExpanded(tree_.Node(node).expanded);
+    FollowSelection();
+}
+
+bool TreeBinder::SameNodes() const
+{
+    if (static_cast<std::int32_t>(items_.size()) != tree_.Count())
+        return false;
+    for (std::int32_t node = 1; node <= tree_.Count(); ++node)
+        if (parents_[static_cast<std::size_t>(node - 1)] != tree_.Node(node).parent ||
+            ItemOf(node)->text(0) != ToQString(tree_.Node(node).text))
+            return false;
+    return true;
+}
+
+void TreeBinder::Rebuild()
+{
+    clear();
+    items_.clear();
+    parents_.clear();
+    for (std::int32_t node = 1; node <= tree_.Count(); ++node) {
+        const TreeNode& model = tree_.Node(node);
+        auto* item = model.parent == 0 ? new QTreeWidgetItem(this)
+                                       : new QTreeWidgetItem(ItemOf(model.parent));
+        item->setText(0, ToQString(model.text));
+        item->setIcon(0, icons::TreeImage(model.image));
+        items_.push_back(item);
+        parents_.push_back(model.parent);
+    }
+}
+
+void TreeBinder::FollowSelection()
+{
+    const std::int32_t selected = tree_.Selected();
+    for (std::int32_t node = 1; node <= tree_.Count(); ++node) {
+        const TreeNode& model = tree_.Node(node);
+        ItemOf(node)->setIcon(
+            0, icons::TreeImage(node == selected ? model.selectedImage : model.image));
+    }
+    setCurrentItem(selected == 0 ? nullptr : ItemOf(selected));
+}
+
+std::int32_t TreeBinder::NodeOf(const QTreeWidgetItem* item) const
+{
+    const auto found = std::find(items_.begin(), items_.end(), item);
+    return found == items_.end() ? 0 : static_cast<std::int32_t>(found - items_.begin()) + 1;
+}
+
+void TreeBinder::Press(std::int32_t node)
+{
+    if (node != 0)
+        events_.Run([&] { press_(node); });
+    SyncLater();
+}
+
+void TreeBinder::mousePressEvent(QMouseEvent* event)
+{
+    const QTreeWidgetItem* item = itemAt(event->position().toPoint());
+    const bool onText = item && visualItemRect(item).contains(event->position().toPoint());
+    if (event->button() != Qt::LeftButton || !onText)
+        return QTreeWidget::mousePressEvent(event);
+    Press(NodeOf(item));
+}
+
+void TreeBinder::mouseMoveEvent(QMouseEvent* event)
+{
+    // Dragging selects nothing.
+    event->accept();
+}
+
+void TreeBinder::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QTreeWidgetItem* item = itemAt(event->position().toPoint());
+    if (item && event->button() == Qt::LeftButton)
+        item->setExpanded(!item->isExpanded());
+}
+
+void TreeBinder::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTreeWidget::currentChanged(current, previous);
+    if (syncing_ || !current.isValid())
+        return;
+    // The toolkit is still in the middle of the key that moved the selection.
+    const std::int32_t node = NodeOf(itemFromIndex(current));
+    QMetaObject::invokeMethod(
+        this, [this, node] { Press(node); }, Qt::QueuedConnection);
+}
+
+void TreeBinder::UserExpanded(QTreeWidgetItem* item, bool expanded)
+{
+    if (syncing_)
+        return;
+    if (const std::int32_t node = NodeOf(item))
+        events_.Run([&] { tree_.Expand(node, expanded); });
+}
+
+}  // namespace clb

@@ -1,0 +1,52 @@
+#pragma once
+#include <sigc++/trackable.h>
+
+#include <QTreeWidget>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "controls/Tree.h"
+
+namespace clb {
+
+class UserEvents;
+
+/// Draws the navigation tree. A press of the mouse, or a key that moves the selection, is handed on
+/// as a press of that node; what is selected afterwards is the model's answer.
+class TreeBinder : public QTreeWidget, public sigc::trackable {
+public:
+    using PressNode = std::function<void(std::int32_t node)>;
+    /// tree and events are borrowed and outlive the binder.
+    TreeBinder(Tree& tree, UserEvents& events, PressNode press, QWidget* parent = nullptr);
+
+    /// Draws the model's present state.
+    void Sync();
+    /// The line of a node, numbered as in the model.
+    QTreeWidgetItem* ItemOf(std::int32_t node) const { return items_.at(std::size_t(node - 1)); }
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+private:
+    void SyncLater();
+    bool SameNodes() const;
+    void Rebuild();
+    void FollowSelection();
+    std::int32_t NodeOf(const QTreeWidgetItem* item) const;
+    void Press(std::int32_t node);
+    void UserExpanded(QTreeWidgetItem* item, bool expanded);
+
+    Tree& tree_;
+    UserEvents& events_;
+    PressNode press_;
+    std::vector<QTreeWidgetItem*> items_;
+    std::vector<std::int32_t> parents_;
+    bool syncing_ = false;
+    bool syncPending_ = false;
+};
+
+}  // namespace clb

@@ -1,0 +1,37 @@
+#include "desktop/UserEvents.h"
+
+#include <exception>
+
+#include "app/frmController.h"
+
+namespace clb {
+
+void UserEvents::Attach(std::function<void()> settle, std::function<void()> redraw)
+{
+    settle_ = std::move(settle);
+    redraw_ = std::move(redraw);
+}
+
+bool UserEvents::Run(const std::function<void()>& action)
+{
+    bool done = Report(action);
+    if (settle_)
+        done = Report(settle_) && done;
+    if (redraw_)
+        redraw_();
+    return done;
+}
+
+bool UserEvents::Report(const std::function<void()>& action)
+{
+    // The toolkit's event loop must not be left by an exception, so this is the last stop of all.
+    try {
+        action();
+        return true;
+    } catch (const std::exception& error) {
+        messages_.Show(error.what(), box_style::Critical, frmController::Title);
+        return false;
+    }
+}
+
+}  // namespace clb

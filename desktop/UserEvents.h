@@ -1,0 +1,29 @@
+#pragma once
+#include <functional>
+
+#include "ports/IMessageBox.h"
+
+namespace clb {
+
+/// Runs what an action of the user starts. An error that no handler caught is told in a message
+/// box, then the program goes on. Whatever was written is made durable before the window is drawn
+/// again.
+class UserEvents {
+public:
+    /// messages is borrowed and outlives this.
+    explicit UserEvents(IMessageBox& messages) : messages_(messages) {}
+
+    /// What makes the changes durable, and what brings the window up to date afterwards.
+    void Attach(std::function<void()> settle, std::function<void()> redraw);
+    /// False when the action ended with an error. Actions may start others, as a dialog does.
+    bool Run(const std::function<void()>& action);
+
+private:
+    bool Report(const std::function<void()>& action);
+
+    IMessageBox& messages_;
+    std::function<void()> settle_;
+    std::function<void()> redraw_;
+};
+
+}  // namespace clb

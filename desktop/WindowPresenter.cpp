@@ -1,0 +1,88 @@
+#include "desktop/WindowPresenter.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPixmap>
+#include <QWindow>
+#include <algorithm>
+
+#include "desktop/FormDialog.h"
+#include "desktop/InputEvents.h"
+#include "desktop/MainWindow.h"
+#include "desktop/TextConvert.h"
+
+namespace clb {
+
+bool InputShield::eventFilter(QObject* /*watched*/, QEvent* event)
+{
+    return IsInput(*event);
+}
+
+WindowPresenter::WindowPresenter() = default;
+
+WindowPresenter::~WindowPresenter() = default;
+
+BoxAnswer WindowPresenter::NoBoxes::Show(const std::string& /*text*/, std::int32_t /*style*/,
+                                         const std::string& /*title*/)
+{
+    return BoxAnswer::OK;
+}
+
+WindowMetrics WindowPresenter::Metrics()
+{
+    return MainWindow::Metrics();
+}
+
+void WindowPresenter::Attach(frmController& controller)
+{
+    window_ = std::make_unique<MainWindow>(controller, events_);
+    window_->show();
+    window_->windowHandle()->installEventFilter(&shield_);
+}
+
+void WindowPresenter::Detach()
+{
+    forms_.clear();
+    window_.reset();
+}
+
+void WindowPresenter::Resize(std::int32_t width, std::int32_t height)
+{
+    window_->InnerSize(width, height);
+}
+
+void WindowPresenter::ShowForm(Form& form)
+{
+    auto dialog = std::make_unique<FormDialog>(form, events_, window_.get());
+    dialog->show();
+    dialog->windowHandle()->installEventFilter(&shield_);
+    forms_.push_back(std::move(dialog));
+    ProcessEvents();
+}
+
+void WindowPresenter::HideForm(Form& form)
+{
+    std::erase_if(forms_, [&form](const auto& dialog) { return &dialog->Model() == &form; });
+}
+
+void WindowPresenter::ProcessEvents()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+bool WindowPresenter::Screenshot(const std::string& file)
+{
+    ProcessEvents();
+    QWidget* foremost = window_.get();
+    if (!forms_.empty())
+        foremost = forms_.back().get();
+    return foremost && WritePicture(*foremost, file);
+}
+
+bool WritePicture(QWidget& window, const std::string& file)
+{
+    return window.grab().save(ToQString(file));
+}
+
+}  // namespace clb

@@ -1,0 +1,38 @@
+#pragma once
+#include <sigc++/trackable.h>
+
+#include <QAbstractSpinBox>
+#include <QLineEdit>
+
+#include "controls/Inputs.h"
+
+namespace clb {
+
+class UserEvents;
+
+/// Draws the year box with its spinner. What is typed is handed on when it is four digits, on
+/// Enter, or when the box is left.
+class YearBox : public QAbstractSpinBox, public sigc::trackable {
+public:
+    /// All borrowed; they outlive the box.
+    YearBox(TextBox& year, Spinner& spinner, UserEvents& events, QWidget* parent = nullptr);
+
+    QLineEdit* Line() const { return lineEdit(); }
+    QSize sizeHint() const override;
+    void stepBy(int steps) override;
+
+protected:
+    StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    void Sync();
+    void HandOn();
+
+    TextBox& year_;
+    Spinner& spinner_;
+    UserEvents& events_;
+};
+
+}  // namespace clb

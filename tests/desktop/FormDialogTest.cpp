@@ -1,0 +1,144 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+
+#include "desktop/FormDialog.h"
+#include "desktop/QtModalHost.h"
+#include "desktop/UserEvents.h"
+#include "import/frmSelectAccount.h"
+#include "tests/support/Books.h"
+
+namespace clb {
+namespace {
+
+/// The account dialog as the window shows it, worked while it is open.
+class FormDialogTest : public testing::Test {
+protected:
+    FormDialogTest() : events_(books_.messages), host_(events_) {}
+
+    bool ShowDialog(std::function<void(FormDialog&)> work, std::string accountID = "")
+    {
+        frmSelectAccount form(books_.window.Data(), books_.window.View(), books_.window.TreeView,
+                              host_, books_.messages);
+        QTimer::singleShot(
+            0, [&] { work(*dynamic_cast<FormDialog*>(QApplication::activeModalWidget())); });
+        const bool chosen = form.ShowDialog(accountID);
+        account_ = accountID;
+        return chosen;
+    }
+    static void Press(FormDialog& dialog, const char* button)
+    {
+        QTest::mouseClick(dialog.WidgetOf(button), Qt::LeftButton);
+    }
+    static void Choose(FormDialog& dialog, const char* option)
+    {
+        QWidget* drawn = dialog.WidgetOf(option);
+        QTest::mouseClick(drawn, Qt::LeftButton, Qt::NoModifier, QPoint(8, drawn->height() / 2));
+    }
+
+    Books books_;
+    UserEvents events_;
+    QtModalHost host_;
+    std::string account_;
+};
+
+TEST_F(FormDialogTest, ADescriptionTypedAndOkMakeAnAccount)
+{
+    const bool chosen = ShowDialog([](FormDialog& dialog) {
+        QTest::keyClicks(dialog.WidgetOf("txtDescription"), "Visa");
+        QTest::keyClick(dialog.WidgetOf("cmbAccountType"), Qt::Key_Down);
+        QTest::keyClick(dialog.WidgetOf("cmbAccountType"), Qt::Key_Down);
+        Press(dialog, "btnOK");
+    });
+
+    EXPECT_TRUE(chosen);
+    EXPECT_EQ(account_, "New Account");
+    EXPECT_EQ(books_.One("SELECT Type FROM Account WHERE Description = 'Visa'"), "Credit Card");
+}
+
+TEST_F(FormDialogTest, EnterPressesOk)
+{
+    const bool chosen = ShowDialog([](FormDialog& dialog) {
+        QTest::keyClicks(dialog.WidgetOf("txtDescription"), "Purse");
+        QTest::keyClick(dialog.WidgetOf("txtDescription"), Qt::Key_Return);
+    });
+
+    EXPECT_TRUE(chosen);
+}
+
+TEST_F(FormDialogTest, AnEmptyDescriptionIsToldAndTheDialogStaysOpen)
+{
+    bool open = false;
+    const bool chosen = ShowDialog([&open](FormDialog& dialog) {
+        Press(dialog, "btnOK");
+        open = dialog.isVisible();
+        Press(dialog, "btnCancel");
+    });
+
+    EXPECT_FALSE(chosen);
+    EXPECT_TRUE(open);
+    ASSERT_EQ(books_.messages.boxes.size(), 1u);
+    EXPECT_EQ(books_.messages.boxes[0].text, "You must enter an account description.");
+}
+
+TEST_F(FormDialogTest, EscapeCancels)
+{
+    EXPECT_FALSE(ShowDialog([](FormDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }));
+}
+
+TEST_F(FormDialogTest, ChoosingAnOptionEnablesWhatBelongsToIt)
+{
+    books_.AddAccount("C1", "Bank", "Checking");
+
+    const bool chosen = ShowDialog(
+        [](FormDialog& dialog) {
+            EXPECT_FALSE(dialog.WidgetOf("cmbAccountID")->isEnabled());
+            Choose(dialog, "optAccount(1)");
+            EXPECT_TRUE(dialog.WidgetOf("cmbAccountID")->isEnabled());
+            EXPECT_FALSE(dialog.WidgetOf("txtDescription")->isEnabled());
+            EXPECT_FALSE(
+                qobject_cast<QRadioButton*>(dialog.WidgetOf("optAccount(0)"))->isChecked());
+            Press(dialog, "btnOK");
+        },
+        "777");
+
+    EXPECT_TRUE(chosen);
+    EXPECT_EQ(books_.One("SELECT AccountID FROM Account"), "777");
+}
+
+TEST_F(FormDialogTest, WithoutAccountsOnlyANewOneCanBeChosen)
+{
+    ShowDialog([](FormDialog& dialog) {
+        EXPECT_FALSE(dialog.WidgetOf("optAccount(1)")->isEnabled());
+        Press(dialog, "btnCancel");
+    });
+}
+
+TEST(OtherFormTest, AFormWithoutAnArrangementOfItsOwnShowsAllItsControls)
+{
+    FakeMessageBox messages;
+    UserEvents events(messages);
+    Form form("frmOther", "Other");
+    Label caption("lblName", "Name:");
+    TextBox name("txtName", "Ada");
+    Button ok("btnOK", "OK");
+    for (Control* control : std::initializer_list<Control*>{&caption, &name, &ok})
+        form.Add(*control);
+
+    FormDialog dialog(form, events, nullptr);
+    dialog.show();
+
+    EXPECT_EQ(dialog.windowTitle(), "Other");
+    EXPECT_TRUE(dialog.WidgetOf("lblName")->isVisible());
+    EXPECT_EQ(qobject_cast<QLineEdit*>(dialog.WidgetOf("txtName"))->text(), "Ada");
+    EXPECT_LT(dialog.WidgetOf("lblName")->x(), dialog.WidgetOf("txtName")->x());
+    EXPECT_GT(dialog.WidgetOf("btnOK")->y(), dialog.WidgetOf("txtName")->y());
+}
+
+}  // namespace
+}  // namespace clb

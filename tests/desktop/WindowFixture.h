@@ -1,0 +1,91 @@
+#pragma once
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QMenuBar>
+#include <QTest>
+#include <string>
+
+#include "desktop/GridView.h"
+#include "desktop/ListBinder.h"
+#include "desktop/MainWindow.h"
+#include "desktop/TextConvert.h"
+#include "desktop/ToolbarBinder.h"
+#include "desktop/TreeBinder.h"
+#include "desktop/UserEvents.h"
+#include "desktop/YearBox.h"
+#include "tests/support/Books.h"
+
+namespace clb {
+
+/// The window over a small household: the accounts Checking (bank), Purse (cash) and Car (loan),
+/// four transactions in Checking in March 2006, the net worth shown.
+class WindowTest : public testing::Test {
+protected:
+    WindowTest() : events_(books_.messages), window_(Fill(books_), events_)
+    {
+        events_.Attach([this] { Settle(); }, [this] { window_.Sync(); });
+        window_.show();
+        QTest::qWait(1);
+    }
+
+    frmController& Model() { return books_.window; }
+    GridComponent& Grid() { return books_.window.Grid.Component(); }
+
+    /// Presses the left button on the text of a node.
+    void ClickNode(const std::string& text)
+    {
+        for (std::int32_t node = 1; node <= Model().TreeView.Count(); ++node)
+            if (Model().TreeView.Node(node).text == text)
+                ClickAt(*window_.TreeWidget().viewport(),
+                        window_.TreeWidget().visualItemRect(window_.TreeWidget().ItemOf(node)));
+    }
+    void ClickCell(std::size_t row, std::int32_t column)
+    {
+        ClickAt(*window_.GridWidget().viewport(),
+                window_.GridWidget().Layout().CellRect(row, column));
+    }
+    void ClickAt(QWidget& widget, const QRect& place)
+    {
+        QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, place.center());
+        QTest::qWait(1);
+    }
+    void Key(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
+    {
+        QTest::keyClick(&widget, key, held);
+        QTest::qWait(1);
+    }
+    QAction* MenuAction(const std::string& item)
+    {
+        return window_.menuBar()->findChild<QAction*>(ToQString(item)) != nullptr
+                   ? window_.menuBar()->findChild<QAction*>(ToQString(item))
+                   : window_.findChild<QAction*>(ToQString(item));
+    }
+
+    Books books_;
+    UserEvents events_;
+    MainWindow window_;
+
+private:
+    static frmController& Fill(Books& books)
+    {
+        books.AddAccount("C1", "Bank", "Checking");
+        books.AddAccount("P1", "Cash", "Purse");
+        books.AddAccount("L1", "Loan", "Car");
+        for (const char* day : {"01", "02", "03", "04"})
+            books.Execute(
+                std::string("INSERT INTO Trans (AccountID, PostDate, PayeeName, Amount, "
+                            "[Year], Period, Category, [Sequence]) VALUES ('C1', #2006-03-") +
+                day + "#, 'Baker " + day + "', -4.5, 2006, 3, '(none)', " + (day + 1) + ")");
+        books.window.View().BuildTree();
+        books.window.View().Refresh();
+        return books.window;
+    }
+    void Settle()
+    {
+        if (Model().Loaded())
+            Model().Data().Database().Settle();
+    }
+};
+
+}  // namespace clb
