@@ -190,8 +190,8 @@ private:
             AddTransaction(month, habit.day, habit.account, habit.payee, habit.category,
                            Cents(habit.cents + Spread(habit.spread)));
         // The card is paid from the checking account, and some of the rest is put aside.
-        AddTransaction(month, 26, kChecking, "Harbour Visa payment", "(none)", Cents(-98000));
-        AddTransaction(month, 26, kCard, "Payment received, thank you", "(none)", Cents(98000));
+        AddTransaction(month, 26, kChecking, "Harbour Visa payment", "(none)", Cents(-66000));
+        AddTransaction(month, 26, kCard, "Payment received, thank you", "(none)", Cents(66000));
         AddTransaction(month, 29, kChecking, "To savings", "(none)", Cents(-45000));
         AddTransaction(month, 29, kSavings, "From checking", "(none)", Cents(45000));
         AddTransaction(month, 5, kChecking, "Cash withdrawal", "(none)", Cents(-6000));

@@ -58,6 +58,7 @@ void frmController::OpenGlobals()
     globals_.database = std::make_unique<clsDatabase>(ports_.folder, *globals_.view, Grid);
     globals_.view->Use(*globals_.database);
     import_ = std::make_unique<modImport>(Data(), View(), *this, ports_.messages);
+    export_ = std::make_unique<modExport>(Data(), View(), *this, ports_.clock);
 }
 
 void frmController::ShowPresentMonth()
@@ -89,6 +90,7 @@ void frmController::Unload()
     loaded_ = false;
     unloading_.emit();
     Data().Database().Settle();
+    export_.reset();
     import_.reset();
     globals_.Release();
 }
@@ -186,6 +188,16 @@ std::string frmController::AskForFile(std::int32_t flags, const std::string& fil
     dialog.Flags = flags;
     dialog.Filter(filter);
     return dialog.GetFileName() ? dialog.FileName : std::string();
+}
+
+std::string frmController::AskForSaveFile(std::int32_t flags, const std::string& filter,
+                                          const std::string& title)
+{
+    clsOpenSave dialog(ports_.files);
+    dialog.Flags = flags;
+    dialog.Filter(filter);
+    dialog.DialogTitle = title;
+    return dialog.ShowSave() ? dialog.FileName : std::string();
 }
 
 std::string frmController::StatusText() const { return statusBar.Panel(1); }

@@ -5,11 +5,14 @@
 
 #include "app/modGlobals.h"
 #include "app/Ports.h"
+#include "app/Product.h"
 #include "controls/Commands.h"
 #include "controls/Form.h"
 #include "controls/Inputs.h"
 #include "controls/Tree.h"
 #include "grid/CVGrid.h"
+#include "export/IExportHost.h"
+#include "export/modExport.h"
 #include "import/IImportHost.h"
 #include "import/modImport.h"
 
@@ -26,10 +29,10 @@ struct WindowMetrics {
 
 /// The main window: the program runs for as long as it is loaded. Holds every control and wires the
 /// parts of the program once. Errors of handlers are not caught here; the front end reports them.
-class frmController : public IImportHost {
+class frmController : public IImportHost, public IExportHost {
 public:
     /// What the program calls itself in captions and message boxes.
-    static constexpr const char* Title = "Corvane Ledgerbook";
+    static constexpr const char* Title = product::Title;
 
     frmController(const Ports& ports, const WindowMetrics& metrics);
     ~frmController() override;
@@ -58,6 +61,9 @@ public:
     clsView& View() { return *globals_.view; }
     clsDatabase& Data() { return *globals_.database; }
     modImport& Import() { return *import_; }
+    modExport& Export() { return *export_; }
+    /// Path of the settings file.
+    std::string SettingsFile() const { return ports_.folder + "/cvlb.ini"; }
     const Ports& Outside() const { return ports_; }
 
     // IImportHost
@@ -71,6 +77,10 @@ public:
 
     /// Raised while loading, once view and data store exist and before anything is shown.
     sigc::signal<void()>& Opened() { return opened_; }
+    // IExportHost
+    std::string AskForSaveFile(std::int32_t flags, const std::string& filter,
+                               const std::string& title) override;
+
     /// Raised when the window is being unloaded.
     sigc::signal<void()>& Unloading() { return unloading_; }
 
@@ -115,12 +125,17 @@ private:
     void NewRecord();
     void CopyBudgetCommand();
     void MoveTransaction(std::int32_t direction);
+    void SplitCommand();
+    void OptionsCommand();
+    void AboutCommand();
+    void OpenBankLink();
 
     Ports ports_;
     WindowMetrics metrics_;
     bool loaded_ = false;
     modGlobals globals_;
     std::unique_ptr<modImport> import_;
+    std::unique_ptr<modExport> export_;
     sigc::signal<void()> opened_;
     sigc::signal<void()> unloading_;
     double lastActual_ = 0;              // for the difference column of the same row

@@ -1,6 +1,10 @@
 // The menus and the toolbar: what stands in them and what each command does.
 
+#include "app/clsIni.h"
+#include "app/frmAbout.h"
 #include "app/frmController.h"
+#include "app/frmOptions.h"
+#include "app/frmSplit.h"
 #include "base/Numeric.h"
 
 namespace clb {
@@ -55,12 +59,19 @@ void frmController::WireMenus()
         menus.Find(item)->Click().connect(handler);
     };
     command("mnuF_Import", [this] { ImportCommand(); });
+    command("mnuF_Export", [this] { export_->ExportOFX(); });
     command("mnuF_Exit", [this] { Unload(); });
     command("mnuE_New", [this] { NewRecord(); });
     command("mnuE_Delete", [this] { Grid.Delete(); });
     command("mnuE_Copy", [this] { CopyBudgetCommand(); });
     command("mnuE_MovePrev", [this] { MoveTransaction(-1); });
     command("mnuE_MoveNext", [this] { MoveTransaction(1); });
+    command("mnuE_Split", [this] { SplitCommand(); });
+    command("mnuT_Options", [this] { OptionsCommand(); });
+    command("mnuH_HelpTopics", [this] { ports_.shell.Help(ports_.folder + "/Help/clb.chm"); });
+    command("mnuH_OnTheWeb", [this] { ports_.shell.Open(product::HomePage); });
+    command("mnuH_OnlineTutorial", [this] { ports_.shell.Open(product::TutorialPage); });
+    command("mnuH_About", [this] { AboutCommand(); });
 }
 
 void frmController::ToolbarPressed(const std::string& key)
@@ -73,6 +84,8 @@ void frmController::ToolbarPressed(const std::string& key)
         NewRecord();
     else if (key == "Delete")
         Grid.Delete();
+    else if (key == "Link")
+        OpenBankLink();
     else if (key == "Back")
         StepMonth(-1);
     else if (key == "Forward")
@@ -111,6 +124,42 @@ void frmController::CopyBudgetCommand()
     const Month source = shown.Previous();
     Data().CopyBudget(source.year, source.period, shown.year, shown.period);
     View().HoldRefresh(false);
+}
+
+void frmController::SplitCommand()
+{
+    frmSplit dialog(ports_.modal);
+    Money first;
+    Money second;
+    if (!dialog.Split(ToMoney(Grid.ColumnValue(3)), ToText(Grid.ColumnValue(2)), first, second))
+        return;
+    // A row that is refused stays in edit and is not split.
+    if (!Grid.Update())
+        return;
+    Data().SplitTransaction(ToLong(Grid.ColumnValue(11)), ToLong(Grid.ColumnValue(12)), first,
+                            second);
+    Grid.Refetch();
+}
+
+void frmController::OptionsCommand()
+{
+    frmOptions(Data(), ports_.modal, SettingsFile()).ShowDialog();
+    View().Refresh();
+}
+
+void frmController::AboutCommand() { frmAbout(ports_.modal, ports_.shell).ShowDialog(); }
+
+void frmController::OpenBankLink()
+{
+    clsIni ini;
+    ini.INIFile(SettingsFile());
+    const std::string address = ini.GetString("Settings", "BankUrl");
+    if (!address.empty())
+        ports_.shell.Open(address);
+    else
+        ports_.messages.Show("You have not yet set your bank's URL, please do so from "
+                             "Tools|Options...",
+                             box_style::Exclamation, Title);
 }
 
 void frmController::MoveTransaction(std::int32_t direction)
