@@ -10,8 +10,7 @@
 #include <variant>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 enum class Operator {
     Add,

@@ -7,10 +7,8 @@
 #include <algorithm>
 #include <charconv>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 struct TypeWord {
     std::string_view word;
@@ -68,18 +66,12 @@ std::string DeclaredType(const ColumnType& type)
     switch (type.type) {
         case FieldType::Text:
             return type.width == 0 ? "TEXT" : "TEXT(" + std::to_string(type.width) + ")";
-        case FieldType::Long:
-            return type.counter ? "INTEGER" : "LONG";
-        case FieldType::Money:
-            return "MONEY";
-        case FieldType::Double:
-            return "DOUBLE";
-        case FieldType::Single:
-            return "SINGLE";
-        case FieldType::Date:
-            return "DATETIME";
-        case FieldType::Boolean:
-            return "YESNO";
+        case FieldType::Long: return type.counter ? "INTEGER" : "LONG";
+        case FieldType::Money: return "MONEY";
+        case FieldType::Double: return "DOUBLE";
+        case FieldType::Single: return "SINGLE";
+        case FieldType::Date: return "DATETIME";
+        case FieldType::Boolean: return "YESNO";
     }
     return "TEXT";
 }

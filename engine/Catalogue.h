@@ -9,8 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 class Database;
 
@@ -49,8 +48,7 @@ struct TableInfo {
 inline constexpr std::string_view kPlaceholder = "clb_placeholder";
 
 /// The tables of the database as its own schema declares them, read when first asked for.
-class Catalogue
-{
+class Catalogue {
 public:
     explicit Catalogue(Database& database) : database_(&database) {}
 

@@ -4,23 +4,17 @@
 #include "engine/Errors.h"
 #include "engine/Typing.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 FieldType LiteralType(LiteralKind kind)
 {
     switch (kind) {
-        case LiteralKind::Text:
-            return FieldType::Text;
-        case LiteralKind::Whole:
-            return FieldType::Long;
+        case LiteralKind::Text: return FieldType::Text;
+        case LiteralKind::Whole: return FieldType::Long;
         case LiteralKind::Exact:
-        case LiteralKind::Fine:
-            return FieldType::Double;
-        case LiteralKind::Date:
-            return FieldType::Date;
+        case LiteralKind::Fine: return FieldType::Double;
+        case LiteralKind::Date: return FieldType::Date;
     }
     return FieldType::Text;
 }
@@ -59,21 +53,11 @@ void Checker::Check(Expression& e, bool aggregatesAllowed)
         e.aggregates = e.aggregates || operand->aggregates;
     }
     switch (e.kind) {
-        case ExpressionKind::Literal:
-            e.type = LiteralType(e.literalKind);
-            break;
-        case ExpressionKind::NullValue:
-            e.type = FieldType::Text;
-            break;
-        case ExpressionKind::Column:
-            CheckColumn(e);
-            break;
-        case ExpressionKind::Negate:
-            e.type = NegatedType(*e.operands[0]);
-            break;
-        case ExpressionKind::Binary:
-            CheckBinary(e);
-            break;
+        case ExpressionKind::Literal: e.type = LiteralType(e.literalKind); break;
+        case ExpressionKind::NullValue: e.type = FieldType::Text; break;
+        case ExpressionKind::Column: CheckColumn(e); break;
+        case ExpressionKind::Negate: e.type = NegatedType(*e.operands[0]); break;
+        case ExpressionKind::Binary: CheckBinary(e); break;
         case ExpressionKind::Not:
             RequireCondition(*e.operands[0]);
             e.type = FieldType::Boolean;
@@ -84,20 +68,18 @@ void Checker::Check(Expression& e, bool aggregatesAllowed)
                 CommonType(*e.operands[0], *e.operands[i]);
             e.type = FieldType::Boolean;
             break;
-        case ExpressionKind::Like:
-            RequireText(*e.operands[1]);
-            [[fallthrough]];
+        case ExpressionKind::Like: RequireText(*e.operands[1]); [[fallthrough]];
         case ExpressionKind::Truth:
         case ExpressionKind::NullTest:
-        case ExpressionKind::Call:
-            e.type = FieldType::Boolean;
-            break;
+        case ExpressionKind::Call: e.type = FieldType::Boolean; break;
     }
 }
 
 void Checker::CheckColumn(Expression& e) const
 {
-    for (const std::size_t source : SourcesNamed(e.qualifier)) {
+    for (std::size_t source = 0; source < sources_.size(); ++source) {
+        if (!e.qualifier.empty() && !EqualsIgnoringCase(sources_[source].alias, e.qualifier))
+            continue;
         const ColumnInfo* column = sources_[source].table->Find(e.name);
         if (!column)
             continue;
@@ -130,12 +112,8 @@ void Checker::CheckBinary(Expression& e)
         case Operator::Add:
         case Operator::Subtract:
         case Operator::Multiply:
-        case Operator::Divide:
-            e.type = ArithmeticType(e.operation, left, right);
-            break;
-        case Operator::Concatenate:
-            e.type = FieldType::Text;
-            break;
+        case Operator::Divide: e.type = ArithmeticType(e.operation, left, right); break;
+        case Operator::Concatenate: e.type = FieldType::Text; break;
         case Operator::And:
         case Operator::Or:
             RequireCondition(left);
@@ -194,9 +172,7 @@ void Checker::CheckScalar(Expression& e)
             RequireDate(argument(0));
             e.type = FieldType::Long;
             break;
-        case Function::Len:
-            e.type = FieldType::Long;
-            break;
+        case Function::Len: e.type = FieldType::Long; break;
         case Function::Left:
         case Function::Right:
         case Function::Mid:
@@ -204,9 +180,7 @@ void Checker::CheckScalar(Expression& e)
                 RequireNumber(argument(i));
             e.type = FieldType::Text;
             break;
-        case Function::Abs:
-            e.type = NegatedType(argument(0));
-            break;
+        case Function::Abs: e.type = NegatedType(argument(0)); break;
         case Function::Round:
             RequireNumber(argument(0));
             if (e.operands.size() > 1)
@@ -221,21 +195,11 @@ void Checker::CheckScalar(Expression& e)
             e.type =
                 e.operands.size() > 1 ? CommonType(argument(0), argument(1)) : argument(0).type;
             break;
-        case Function::IsNull:
-            e.type = FieldType::Boolean;
-            break;
-        case Function::CLng:
-            e.type = FieldType::Long;
-            break;
-        case Function::CCur:
-            e.type = FieldType::Money;
-            break;
-        case Function::CDbl:
-            e.type = FieldType::Double;
-            break;
-        default:
-            e.type = FieldType::Text;
-            break;
+        case Function::IsNull: e.type = FieldType::Boolean; break;
+        case Function::CLng: e.type = FieldType::Long; break;
+        case Function::CCur: e.type = FieldType::Money; break;
+        case Function::CDbl: e.type = FieldType::Double; break;
+        default: e.type = FieldType::Text; break;
     }
 }
 

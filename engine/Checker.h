@@ -5,8 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// A table of the statement under the name by which its columns may be called.
 struct Source {
@@ -17,8 +16,7 @@ struct Source {
 /// Resolves a statement's names against the catalogue and gives every expression its type. All
 /// refusals (unknown or ambiguous name, types that do not go together, misplaced aggregate) are
 /// thrown as EngineError before anything runs.
-class Checker
-{
+class Checker {
 public:
     explicit Checker(std::vector<Source> sources) : sources_(std::move(sources)) {}
 

@@ -6,13 +6,10 @@
 #include "engine/Errors.h"
 #include "engine/Parser.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
-class StatementCompiler
-{
+class StatementCompiler {
 public:
     StatementCompiler(Catalogue& catalogue, Database& database)
         : catalogue_(catalogue), database_(database)

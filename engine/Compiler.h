@@ -3,8 +3,7 @@
 
 #include <memory>
 
-namespace clb
-{
+namespace clb {
 
 /// Parses, checks, writes and prepares one statement. Throws EngineError; nothing has run then.
 std::unique_ptr<Plan> Compile(const LexedStatement& lexed, Catalogue& catalogue,

@@ -8,10 +8,8 @@
 
 #include <algorithm>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// One field of the result.
 struct Output {
@@ -48,8 +46,7 @@ std::vector<Source> SourcesOf(const TableExpression& from, Catalogue& catalogue)
     return sources;
 }
 
-class SelectCompiler
-{
+class SelectCompiler {
 public:
     SelectCompiler(SelectStatement& select, Catalogue& catalogue)
         : select_(select), checker_(SourcesOf(*select.from, catalogue))
@@ -65,6 +62,7 @@ public:
             checker_.CheckCondition(*select_.having, true);
         for (OrderItem& item : select_.orderBy)
             ResolveOrder(item);
+        CheckDistinct();
         CheckGrouping();
     }
 
@@ -179,10 +177,10 @@ private:
 
     void ResolveOrder(OrderItem& item)
     {
-        if (item.position != 0) {
-            if (item.position > outputs_.size())
-                throw refuse::Statement("The ORDER BY position " + std::to_string(item.position) +
-                                        " is beyond the fields.");
+        if (!item.expression) {
+            if (item.position == 0 || item.position > outputs_.size())
+                throw refuse::Statement("There is no field number " +
+                                        std::to_string(item.position) + " to order by.");
             order_.push_back(outputs_[item.position - 1].expression);
             return;
         }
@@ -201,6 +199,17 @@ private:
     {
         return std::any_of(checker_.Sources().begin(), checker_.Sources().end(),
                            [&](const Source& source) { return source.table->Find(name); });
+    }
+
+    void CheckDistinct() const
+    {
+        if (!select_.distinct)
+            return;
+        for (const Expression* key : order_)
+            if (std::none_of(outputs_.begin(), outputs_.end(), [&](const Output& output) {
+                    return output.expression == key || SameExpression(*output.expression, *key);
+                }))
+                throw refuse::Statement("ORDER BY conflicts with DISTINCT: it names no field.");
     }
 
     void CheckGrouping()

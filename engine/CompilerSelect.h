@@ -7,8 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// A checked SELECT and its text, not yet prepared.
 struct CompiledSelect {

@@ -8,10 +8,8 @@
 #include <filesystem>
 #include <utility>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 void RunWrite(Connection::State& state, const StatementCache::Entry& entry)
 {

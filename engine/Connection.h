@@ -6,16 +6,14 @@
 #include <string>
 #include <string_view>
 
-namespace clb
-{
+namespace clb {
 
 /// The connection to one database file. One user, one thread.
 ///
 /// Every statement takes effect by itself. What was written is kept in one pending group until
 /// Settle(), which makes it durable; a program that is killed before leaves the file as it was at
 /// the last Settle().
-class Connection
-{
+class Connection {
 public:
     Connection();
     ~Connection();

@@ -3,17 +3,15 @@
 #include "base/Text.h"
 #include "engine/EngineError.h"
 
+#include <fcntl.h>
+#include <unistd.h>
 #include <algorithm>
 #include <cctype>
-#include <fcntl.h>
 #include <filesystem>
-#include <unistd.h>
 #include <utility>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 bool IsKey(std::string_view text)
 {

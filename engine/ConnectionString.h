@@ -2,8 +2,7 @@
 #include <string>
 #include <string_view>
 
-namespace clb
-{
+namespace clb {
 
 /// The path that "Data Source=" gives in a connection string, with "/" between the folders
 /// whichever slash is written. It ends before the next ";key=", so a folder's name may hold a

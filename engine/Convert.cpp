@@ -3,28 +3,19 @@
 #include "base/Text.h"
 #include "engine/Errors.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 bool HasType(const Value& value, FieldType type)
 {
     switch (type) {
-        case FieldType::Text:
-            return std::holds_alternative<std::string>(value);
-        case FieldType::Long:
-            return std::holds_alternative<std::int32_t>(value);
-        case FieldType::Money:
-            return std::holds_alternative<Money>(value);
-        case FieldType::Double:
-            return std::holds_alternative<double>(value);
-        case FieldType::Single:
-            return std::holds_alternative<float>(value);
-        case FieldType::Date:
-            return std::holds_alternative<Date>(value);
-        case FieldType::Boolean:
-            return std::holds_alternative<bool>(value);
+        case FieldType::Text: return std::holds_alternative<std::string>(value);
+        case FieldType::Long: return std::holds_alternative<std::int32_t>(value);
+        case FieldType::Money: return std::holds_alternative<Money>(value);
+        case FieldType::Double: return std::holds_alternative<double>(value);
+        case FieldType::Single: return std::holds_alternative<float>(value);
+        case FieldType::Date: return std::holds_alternative<Date>(value);
+        case FieldType::Boolean: return std::holds_alternative<bool>(value);
     }
     return false;
 }

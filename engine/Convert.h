@@ -4,8 +4,7 @@
 
 #include <string_view>
 
-namespace clb
-{
+namespace clb {
 
 /// The value as a column of the type stores it. Throws EngineError for a value of another kind, out
 /// of range, or a text longer than the column, whose name goes into the message.

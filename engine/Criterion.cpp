@@ -3,13 +3,11 @@
 #include "engine/Errors.h"
 #include "engine/Typing.h"
 
-#include <cmath>
 #include <sqlite3.h>
+#include <cmath>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 std::optional<Operator> ComparisonOf(const Token& token)
 {
@@ -45,8 +43,7 @@ int CompareMoney(Money money, const Literal& literal, bool negated)
     return negated ? 1 : -1;  // what was cut off lies beyond
 }
 
-class CriterionParser
-{
+class CriterionParser {
 public:
     explicit CriterionParser(const LexedStatement& lexed) : tokens_(lexed.tokens), lexed_(lexed) {}
 
@@ -138,19 +135,15 @@ std::optional<Value> Criterion::Sought(FieldType type) const
         return literal.date;
     const double number = truth ? (*truth ? -1 : 0) : negated ? -literal.number : literal.number;
     switch (type) {
-        case FieldType::Boolean:
-            return number != 0;
-        case FieldType::Double:
-            return number;
-        case FieldType::Single:
-            return static_cast<float>(number);
+        case FieldType::Boolean: return number != 0;
+        case FieldType::Double: return number;
+        case FieldType::Single: return static_cast<float>(number);
         case FieldType::Long:
             if (number != std::trunc(number) || std::abs(number) > 2147483648.0 ||
                 number == 2147483648.0)
                 return std::nullopt;
             return static_cast<std::int32_t>(number);
-        default:
-            break;
+        default: break;
     }
     if (truth)
         return Money::FromUnits(*truth ? -1 : 0);
@@ -167,18 +160,12 @@ bool Criterion::Matches(const Value& value) const
         return sqlite3_strlike(literal.text.c_str(), ToText(value).c_str(), 0) == 0;
     const int order = Compare(value);
     switch (operation) {
-        case Operator::Equal:
-            return order == 0;
-        case Operator::NotEqual:
-            return order != 0;
-        case Operator::Less:
-            return order < 0;
-        case Operator::LessEqual:
-            return order <= 0;
-        case Operator::Greater:
-            return order > 0;
-        default:
-            return order >= 0;
+        case Operator::Equal: return order == 0;
+        case Operator::NotEqual: return order != 0;
+        case Operator::Less: return order < 0;
+        case Operator::LessEqual: return order <= 0;
+        case Operator::Greater: return order > 0;
+        default: return order >= 0;
     }
 }
 

@@ -7,8 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace clb
-{
+namespace clb {
 
 /// What Find searches for: "Field operator literal".
 struct Criterion {

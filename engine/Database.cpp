@@ -3,14 +3,12 @@
 #include "engine/Errors.h"
 #include "engine/Functions.h"
 
+#include <sqlite3.h>
 #include <filesystem>
 #include <limits>
-#include <sqlite3.h>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 constexpr int kBusyMilliseconds = 2000;
 
@@ -43,28 +41,19 @@ EngineError ConstraintError(int extended, const std::string& message)
 EngineError ErrorOf(int code, int extended, const std::string& message, const std::string& path)
 {
     switch (code) {
-        case SQLITE_CONSTRAINT:
-            return ConstraintError(extended, message);
+        case SQLITE_CONSTRAINT: return ConstraintError(extended, message);
         case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-            return Unavailable(path, "is locked by another program.");
-        case SQLITE_READONLY:
-            return Unavailable(path, "is read-only.");
+        case SQLITE_LOCKED: return Unavailable(path, "is locked by another program.");
+        case SQLITE_READONLY: return Unavailable(path, "is read-only.");
         case SQLITE_CORRUPT:
-        case SQLITE_NOTADB:
-            return Unavailable(path, "is damaged or is no database.");
-        case SQLITE_FULL:
-            return Unavailable(path, "cannot grow: the disk is full.");
-        case SQLITE_IOERR:
-            return Unavailable(path, "cannot be read or written.");
-        case SQLITE_CANTOPEN:
-            return Unavailable(path, "cannot be opened.");
-        case SQLITE_AUTH:
-            return refuse::Statement("The statement is not allowed.");
+        case SQLITE_NOTADB: return Unavailable(path, "is damaged or is no database.");
+        case SQLITE_FULL: return Unavailable(path, "cannot grow: the disk is full.");
+        case SQLITE_IOERR: return Unavailable(path, "cannot be read or written.");
+        case SQLITE_CANTOPEN: return Unavailable(path, "cannot be opened.");
+        case SQLITE_AUTH: return refuse::Statement("The statement is not allowed.");
         case SQLITE_TOOBIG:
             return refuse::Statement("The statement or one of its values is too big.");
-        default:
-            break;
+        default: break;
     }
     if (message == "integer overflow")
         return refuse::Overflow();
@@ -91,24 +80,16 @@ void Statement::Bind(int parameter, const Value& value)
 {
     sqlite3_stmt* const raw = raw_.get();
     switch (value.index()) {
-        case 0:
-            sqlite3_bind_null(raw, parameter);
-            break;
+        case 0: sqlite3_bind_null(raw, parameter); break;
         case 1: {
             const auto& text = std::get<std::string>(value);
             sqlite3_bind_text64(raw, parameter, text.data(), text.size(), SQLITE_STATIC,
                                 SQLITE_UTF8);
             break;
         }
-        case 2:
-            sqlite3_bind_int(raw, parameter, std::get<std::int32_t>(value));
-            break;
-        case 3:
-            sqlite3_bind_int64(raw, parameter, std::get<Money>(value).Scaled());
-            break;
-        case 4:
-            sqlite3_bind_double(raw, parameter, std::get<double>(value));
-            break;
+        case 2: sqlite3_bind_int(raw, parameter, std::get<std::int32_t>(value)); break;
+        case 3: sqlite3_bind_int64(raw, parameter, std::get<Money>(value).Scaled()); break;
+        case 4: sqlite3_bind_double(raw, parameter, std::get<double>(value)); break;
         case 5:
             sqlite3_bind_double(raw, parameter, static_cast<double>(std::get<float>(value)));
             break;
@@ -118,9 +99,7 @@ void Statement::Bind(int parameter, const Value& value)
                                 SQLITE_UTF8);
             break;
         }
-        default:
-            sqlite3_bind_int(raw, parameter, std::get<bool>(value) ? 1 : 0);
-            break;
+        default: sqlite3_bind_int(raw, parameter, std::get<bool>(value) ? 1 : 0); break;
     }
 }
 
@@ -146,8 +125,7 @@ Value Statement::Get(int column, FieldType type) const
     if (sqlite3_column_type(raw, column) == SQLITE_NULL)
         return Null();
     switch (type) {
-        case FieldType::Text:
-            return std::string(ColumnText(raw, column));
+        case FieldType::Text: return std::string(ColumnText(raw, column));
         case FieldType::Long: {
             const std::int64_t number = sqlite3_column_int64(raw, column);
             if (number < std::numeric_limits<std::int32_t>::min() ||
@@ -155,18 +133,14 @@ Value Statement::Get(int column, FieldType type) const
                 throw refuse::Overflow();
             return static_cast<std::int32_t>(number);
         }
-        case FieldType::Money:
-            return Money::FromScaled(sqlite3_column_int64(raw, column));
-        case FieldType::Double:
-            return sqlite3_column_double(raw, column);
-        case FieldType::Single:
-            return static_cast<float>(sqlite3_column_double(raw, column));
+        case FieldType::Money: return Money::FromScaled(sqlite3_column_int64(raw, column));
+        case FieldType::Double: return sqlite3_column_double(raw, column);
+        case FieldType::Single: return static_cast<float>(sqlite3_column_double(raw, column));
         case FieldType::Date:
             if (const auto date = Date::FromIso(ColumnText(raw, column)))
                 return *date;
             throw refuse::TypeMismatch();
-        case FieldType::Boolean:
-            return sqlite3_column_int(raw, column) != 0;
+        case FieldType::Boolean: return sqlite3_column_int(raw, column) != 0;
     }
     return Null();
 }
@@ -193,6 +167,8 @@ Database::~Database()
 
 void Database::Close()
 {
+    if (raw_ && InTransaction())
+        sqlite3_exec(raw_, "ROLLBACK", nullptr, nullptr, nullptr);
     // Statements that outlive the database keep it half alive; the last one ends it.
     sqlite3_close_v2(raw_);
     raw_ = nullptr;

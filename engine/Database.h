@@ -11,12 +11,10 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-namespace clb
-{
+namespace clb {
 
 /// One prepared statement of the storage. May outlive its Database, but not run then.
-class Statement
-{
+class Statement {
 public:
     Statement() = default;
     explicit Statement(sqlite3_stmt* raw) : raw_(raw) {}
@@ -46,8 +44,7 @@ private:
 };
 
 /// Resets a statement when the block is left, so that none stays open.
-class ResetAtExit
-{
+class ResetAtExit {
 public:
     explicit ResetAtExit(Statement& statement) : statement_(&statement) {}
     ~ResetAtExit() { statement_->Reset(); }
@@ -60,8 +57,7 @@ private:
 
 /// The storage's file. Its errors leave as EngineError, with the file's name where the file is the
 /// matter.
-class Database
-{
+class Database {
 public:
     Database() = default;
     ~Database();

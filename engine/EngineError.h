@@ -1,20 +1,17 @@
 #pragma once
 #include "base/RuntimeError.h"
 
-namespace clb
-{
+namespace clb {
 
 /// A statement or result-set operation that the engine refused; number and message as shown to the
 /// user. Nothing was changed by the refused statement.
-class EngineError : public RuntimeError
-{
+class EngineError : public RuntimeError {
 public:
     using RuntimeError::RuntimeError;
 };
 
 /// Numbers of engine errors, as signed 32-bit values.
-namespace engine_errors
-{
+namespace engine_errors {
 inline constexpr std::int32_t Syntax = static_cast<std::int32_t>(0x80040E14);
 inline constexpr std::int32_t NoSuchTable = static_cast<std::int32_t>(0x80040E37);
 inline constexpr std::int32_t NoSuchColumn = static_cast<std::int32_t>(0x80040E10);

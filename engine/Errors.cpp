@@ -1,9 +1,7 @@
 #include "engine/Errors.h"
 
-namespace clb::refuse
-{
-namespace
-{
+namespace clb::refuse {
+namespace {
 
 std::string Quoted(std::string_view name)
 {

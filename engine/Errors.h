@@ -5,12 +5,10 @@
 #include <string>
 #include <string_view>
 
-namespace clb
-{
+namespace clb {
 
 /// The engine's own refusals, one function a message. Private to the engine.
-namespace refuse
-{
+namespace refuse {
 
 /// near is the text where the parser stopped; empty at the statement's end.
 EngineError Syntax(std::string_view near);

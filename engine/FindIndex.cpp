@@ -4,10 +4,8 @@
 #include <bit>
 #include <string_view>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// Spreads neighbouring numbers over the whole table.
 std::uint64_t Mixed(std::uint64_t x)

@@ -6,16 +6,14 @@
 #include <functional>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// Hash of a value; equal values of one type have equal hashes.
 std::uint64_t HashOf(const Value& value);
 
 /// Where the values of one field stand: hash -> slots in ascending order. What it finds may be
 /// another value of the same hash, so candidates are to be compared.
-class FindIndex
-{
+class FindIndex {
 public:
     void Add(std::uint64_t hash, std::size_t slot);
     void Remove(std::uint64_t hash, std::size_t slot);

@@ -6,23 +6,20 @@
 #include "engine/Database.h"
 #include "engine/Errors.h"
 
+#include <sqlite3.h>
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
 #include <limits>
-#include <sqlite3.h>
 #include <string>
 #include <string_view>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// The arguments of one call and its answer.
-class Call
-{
+class Call {
 public:
     Call(sqlite3_context* context, sqlite3_value** arguments)
         : context_(context), arguments_(arguments)
@@ -127,18 +124,12 @@ void Divide(Call& call)
 Value Argument(const Call& call, FieldType type)
 {
     switch (type) {
-        case FieldType::Text:
-            return std::string(call.Text(0));
-        case FieldType::Long:
-            return static_cast<std::int32_t>(call.Integer(0));
-        case FieldType::Money:
-            return Money::FromScaled(call.Integer(0));
-        case FieldType::Double:
-            return call.Real(0);
-        case FieldType::Single:
-            return static_cast<float>(call.Real(0));
-        case FieldType::Boolean:
-            return call.Integer(0) != 0;
+        case FieldType::Text: return std::string(call.Text(0));
+        case FieldType::Long: return static_cast<std::int32_t>(call.Integer(0));
+        case FieldType::Money: return Money::FromScaled(call.Integer(0));
+        case FieldType::Double: return call.Real(0);
+        case FieldType::Single: return static_cast<float>(call.Real(0));
+        case FieldType::Boolean: return call.Integer(0) != 0;
         case FieldType::Date:
             if (const auto date = Date::FromIso(call.Text(0)))
                 return *date;

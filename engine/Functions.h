@@ -1,7 +1,6 @@
 #pragma once
 
-namespace clb
-{
+namespace clb {
 
 class Database;
 

@@ -1,16 +1,12 @@
 #include "engine/Grouping.h"
 
-#include "engine/Errors.h"
-
 #include <algorithm>
 
-namespace clb
-{
-namespace
-{
+#include "engine/Errors.h"
 
-/// The same expression; literals never count as the same, since they are no part of a plan.
-bool Same(const Expression& a, const Expression& b)
+namespace clb {
+
+bool SameExpression(const Expression& a, const Expression& b)
 {
     if (a.kind != b.kind || a.kind == ExpressionKind::Literal || a.negated != b.negated ||
         a.operands.size() != b.operands.size())
@@ -23,20 +19,17 @@ bool Same(const Expression& a, const Expression& b)
         return false;
     if (a.kind == ExpressionKind::Truth && a.truth != b.truth)
         return false;
-    for (std::size_t i = 0; i < a.operands.size(); ++i)
-        if (!Same(*a.operands[i], *b.operands[i]))
-            return false;
-    return true;
+    return std::equal(
+        a.operands.begin(), a.operands.end(), b.operands.begin(),
+        [](const ExpressionPtr& x, const ExpressionPtr& y) { return SameExpression(*x, *y); });
 }
-
-}  // namespace
 
 void RequireGrouped(const Expression& e, const std::vector<ExpressionPtr>& groupBy)
 {
     if (e.kind == ExpressionKind::Call && IsAggregate(e.function))
         return;
     if (std::any_of(groupBy.begin(), groupBy.end(),
-                    [&](const ExpressionPtr& key) { return Same(*key, e); }))
+                    [&](const ExpressionPtr& key) { return SameExpression(*key, e); }))
         return;
     if (e.kind == ExpressionKind::Column)
         throw refuse::NotGrouped(e.column->name);

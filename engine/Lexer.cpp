@@ -7,10 +7,8 @@
 #include <algorithm>
 #include <charconv>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 bool IsBlank(char c)
 {
@@ -26,8 +24,7 @@ bool IsNameStart(char c)
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-class Scanner
-{
+class Scanner {
 public:
     explicit Scanner(std::string_view sql) : sql_(sql) {}
 
@@ -223,16 +220,11 @@ bool IsInteger32(std::string_view text)
 char KindLetter(LiteralKind kind)
 {
     switch (kind) {
-        case LiteralKind::Text:
-            return 't';
-        case LiteralKind::Whole:
-            return 'w';
-        case LiteralKind::Exact:
-            return 'e';
-        case LiteralKind::Fine:
-            return 'f';
-        case LiteralKind::Date:
-            return 'd';
+        case LiteralKind::Text: return 't';
+        case LiteralKind::Whole: return 'w';
+        case LiteralKind::Exact: return 'e';
+        case LiteralKind::Fine: return 'f';
+        case LiteralKind::Date: return 'd';
     }
     return '?';
 }

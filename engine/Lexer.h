@@ -7,8 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// What a literal is. A number's kind decides its type, so the kind is part of a statement's shape.
 enum class LiteralKind : std::uint8_t {

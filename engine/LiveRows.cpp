@@ -2,10 +2,8 @@
 
 #include <bit>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 std::size_t LowestBit(std::size_t i)
 {

@@ -2,14 +2,12 @@
 #include <cstddef>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// Which rows of a result set are still there. A row keeps its slot, its place in the order of
 /// opening and adding, for good; its number counts only the rows that are left. Every operation is
 /// at most logarithmic; nothing is stored until a row is removed.
-class LiveRows
-{
+class LiveRows {
 public:
     void Clear();
     void Append();

@@ -2,10 +2,8 @@
 #include "engine/Errors.h"
 #include "engine/Writer.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// Far beyond every amount, and exact as a double.
 constexpr double kBeyondMoney = 1e19;

@@ -6,10 +6,8 @@
 #include <algorithm>
 #include <array>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// Words that name nothing unless they stand in brackets.
 constexpr std::array<std::string_view, 44> kReserved = {

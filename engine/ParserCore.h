@@ -6,12 +6,10 @@
 #include <string>
 #include <string_view>
 
-namespace clb
-{
+namespace clb {
 
 /// Moves along the tokens; the parsers of the parts of a statement share one.
-class TokenReader
-{
+class TokenReader {
 public:
     explicit TokenReader(const LexedStatement& lexed) : lexed_(&lexed) {}
 

@@ -3,10 +3,8 @@
 
 #include <utility>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// A column's name; a whole number is one too.
 std::string ExpectColumnName(TokenReader& in)

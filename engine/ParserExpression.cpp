@@ -5,10 +5,8 @@
 #include <optional>
 #include <utility>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// Deeper expressions are refused, so that no statement can exhaust the stack.
 constexpr int kDeepest = 400;
@@ -70,8 +68,7 @@ constexpr OperatorSymbol kComparisons[] = {
     {"<=", Operator::LessEqual}, {">", Operator::Greater},   {">=", Operator::GreaterEqual},
 };
 
-class ExpressionParser
-{
+class ExpressionParser {
 public:
     explicit ExpressionParser(TokenReader& in) : in_(in) {}
 
@@ -86,8 +83,7 @@ public:
 
 private:
     /// Counts how deep the parser calls itself.
-    class Nesting
-    {
+    class Nesting {
     public:
         explicit Nesting(ExpressionParser& parser) : parser_(parser)
         {

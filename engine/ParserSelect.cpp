@@ -2,10 +2,8 @@
 
 #include <utility>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// FROM may nest brackets this deep.
 constexpr int kDeepestJoin = 32;

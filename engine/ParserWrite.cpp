@@ -2,8 +2,7 @@
 
 #include <utility>
 
-namespace clb
-{
+namespace clb {
 
 InsertStatement ParseInsert(TokenReader& in)
 {

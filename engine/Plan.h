@@ -11,8 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// Values for a statement's parameters, in order.
 using BoundValues = std::vector<Value>;

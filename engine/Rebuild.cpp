@@ -5,19 +5,16 @@
 #include "engine/Errors.h"
 #include "engine/Writer.h"
 
-#include <algorithm>
 #include <sqlite3.h>
+#include <algorithm>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 constexpr std::string_view kNewTable = "clb_rebuilt";
 
 /// While it lives, renaming a table leaves what other tables' triggers say about it alone.
-class PlainRenaming
-{
+class PlainRenaming {
 public:
     explicit PlainRenaming(Database& database) : raw_(database.Raw())
     {
@@ -31,8 +28,7 @@ private:
     sqlite3* raw_;
 };
 
-class TableRebuild
-{
+class TableRebuild {
 public:
     TableRebuild(const TableInfo& table, const ColumnInfo& column, Database& database)
         : table_(table), changed_(column), database_(database)
@@ -203,6 +199,15 @@ std::string StoredLiteral(const Value& value, const ColumnType& type, std::strin
     const std::string text = ToText(stored);
     const bool quoted = type.type == FieldType::Text || type.type == FieldType::Date;
     return quoted ? QuoteText(text) : text;
+}
+
+std::string ConvertedDefault(const ColumnInfo& column, const ColumnType& type, Database& database)
+{
+    if (column.defaultSql.empty())
+        return {};
+    Statement read = database.Prepare("SELECT " + column.defaultSql);
+    database.Step(read);
+    return StoredLiteral(read.Get(0, column.type.type), type, column.name);
 }
 
 void RebuildWithColumn(const TableInfo& table, const ColumnInfo& column, Database& database)

@@ -8,8 +8,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace clb
-{
+namespace clb {
 
 Recordset::Recordset() : state_(std::make_unique<State>()) {}
 Recordset::~Recordset() = default;

@@ -8,8 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 class Connection;
 
@@ -36,8 +35,7 @@ struct Field {
 /// The connection must outlive an open result set. No statement of the database stays open between
 /// two calls. Operations on a closed set, on no current row, or with an unknown field throw
 /// EngineError; so does every refusal of the database.
-class Recordset
-{
+class Recordset {
 public:
     Recordset();
     ~Recordset();

@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace clb
-{
+namespace clb {
 
 void Recordset::State::RequireOpen() const
 {
@@ -140,7 +139,6 @@ void Recordset::State::SaveChanged()
 void Recordset::State::DeleteRow()
 {
     RowWriter(*session, *plan).Delete(rows.RowId(slot));
-    RemoveFromIndices(slot);
     live.Remove(slot);
 }
 
@@ -154,16 +152,29 @@ std::size_t Recordset::State::FindFrom(std::size_t from, const Criterion& criter
         return sought ? FindEqual(from, *sought, field) : live.Slots();
     }
     for (std::size_t at = live.NextLive(from); at < live.Slots(); at = live.NextLive(at + 1))
-        if (criterion.Matches(rows.Values(at)[field]))
+        if (const Value* row = ValuesIfThere(at); row && criterion.Matches(row[field]))
             return at;
     return live.Slots();
 }
 
 std::size_t Recordset::State::FindEqual(std::size_t from, const Value& sought, std::size_t field)
 {
-    const std::size_t found = IndexOf(field).Find(
-        HashOf(sought), from, [&](std::size_t at) { return rows.Values(at)[field] == sought; });
+    const std::size_t found = IndexOf(field).Find(HashOf(sought), from, [&](std::size_t at) {
+        const Value* row = live.IsLive(at) ? ValuesIfThere(at) : nullptr;
+        return row && row[field] == sought;
+    });
     return found == FindIndex::npos ? live.Slots() : found;
+}
+
+const Value* Recordset::State::ValuesIfThere(std::size_t at)
+{
+    try {
+        return rows.Values(at);
+    } catch (const EngineError& error) {
+        if (error.Number() != engine_errors::RowVanished)
+            throw;
+        return nullptr;
+    }
 }
 
 FindIndex& Recordset::State::IndexOf(std::size_t field)
@@ -173,7 +184,8 @@ FindIndex& Recordset::State::IndexOf(std::size_t field)
     if (!index) {
         auto made = std::make_unique<FindIndex>();
         for (std::size_t at = live.NextLive(0); at < live.Slots(); at = live.NextLive(at + 1))
-            made->Add(HashOf(rows.Values(at)[field]), at);
+            if (const Value* row = ValuesIfThere(at))
+                made->Add(HashOf(row[field]), at);
         index = std::move(made);
     }
     return *index;

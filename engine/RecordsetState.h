@@ -11,8 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// What an open result set is made of.
 struct Recordset::State {
@@ -28,7 +27,8 @@ struct Recordset::State {
     std::size_t slot = 0;  // current row; live.Slots() is the place past the end
     Edit edit = Edit::None;
     RowChange change;
-    std::vector<std::unique_ptr<FindIndex>> indices;  // per field, made when first searched
+    // Per field, made when first searched; deleted rows stay in them.
+    std::vector<std::unique_ptr<FindIndex>> indices;
     std::uint64_t generation = 0;
 
     void RequireOpen() const;
@@ -52,6 +52,8 @@ private:
     void Load();
     void ReadRow(Value* fields) const;
     std::size_t FindEqual(std::size_t from, const Value& sought, std::size_t field);
+    /// Null for a row that another statement has deleted.
+    const Value* ValuesIfThere(std::size_t at);
     FindIndex& IndexOf(std::size_t field);
     void AddToIndices(std::size_t at);
     void RemoveFromIndices(std::size_t at);

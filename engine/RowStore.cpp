@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace clb
-{
+namespace clb {
 
 void RowStore::Start(std::size_t fields, Fetch fetch)
 {

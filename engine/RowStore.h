@@ -8,14 +8,12 @@
 #include <memory>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// The values of a result set's rows, by slot. Where rows carry their identity only some blocks of
 /// values are held; the others are fetched again when asked for, so that a walk over a million rows
 /// stays small.
-class RowStore
-{
+class RowStore {
 public:
     /// Fills the values of the row with this identity.
     using Fetch = std::function<void(std::int64_t rowId, Value* values)>;

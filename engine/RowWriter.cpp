@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <string>
 
-namespace clb
-{
+namespace clb {
 
 void RowChange::Clear(std::size_t fields)
 {

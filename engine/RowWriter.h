@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// The values of a row's fields, and which of them were set.
 struct RowChange {
@@ -19,8 +18,7 @@ struct RowChange {
 
 /// Saves and reads single rows of a result set's one table. The statements are kept in the plan,
 /// one for each set of fields that was written.
-class RowWriter
-{
+class RowWriter {
 public:
     RowWriter(Connection::State& session, Plan& plan) : session_(&session), plan_(&plan) {}
 

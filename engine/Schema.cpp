@@ -6,10 +6,8 @@
 
 #include <algorithm>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 std::string NameList(const std::vector<std::string>& names)
 {
@@ -35,8 +33,7 @@ std::string Definition(const ColumnDefinition& column)
     return text;
 }
 
-class SchemaChange
-{
+class SchemaChange {
 public:
     SchemaChange(Catalogue& catalogue, Database& database)
         : catalogue_(catalogue), database_(database)
@@ -111,10 +108,12 @@ public:
         ColumnInfo column = RequireColumn(table, alter.column.name);
         if (column.type.counter || alter.column.type.counter)
             throw refuse::Statement("The type of a counter cannot be changed.");
+        column.defaultSql =
+            alter.column.defaultValue
+                ? StoredLiteral(*alter.column.defaultValue, alter.column.type, column.name)
+                : ConvertedDefault(column, alter.column.type, database_);
         column.type = alter.column.type;
         column.notNull = column.notNull || alter.column.notNull;
-        if (alter.column.defaultValue)
-            column.defaultSql = StoredLiteral(*alter.column.defaultValue, column.type, column.name);
         RebuildWithColumn(table, column, database_);
     }
 

@@ -3,8 +3,7 @@
 #include "engine/Catalogue.h"
 #include "engine/Database.h"
 
-namespace clb
-{
+namespace clb {
 
 /// Changes the schema: the new one or, when it throws EngineError, the old one, never a part. Must
 /// run inside the pending group; the catalogue is out of date afterwards.

@@ -3,8 +3,7 @@
 #include "engine/Compiler.h"
 #include "engine/Errors.h"
 
-namespace clb
-{
+namespace clb {
 
 void Connection::State::RequireOpen() const
 {

@@ -13,8 +13,7 @@
 #include <string_view>
 #include <unordered_map>
 
-namespace clb
-{
+namespace clb {
 
 /// What a connection is made of; result sets work on it.
 struct Connection::State {

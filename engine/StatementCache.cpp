@@ -1,7 +1,6 @@
 #include "engine/StatementCache.h"
 
-namespace clb
-{
+namespace clb {
 
 template <typename T>
 T* StatementCache::Recent<T>::Find(std::string_view key)

@@ -7,13 +7,11 @@
 #include <string_view>
 #include <unordered_map>
 
-namespace clb
-{
+namespace clb {
 
 /// Compiled statements, found by their exact text and else by their shape, so that texts that
 /// differ in literals only are compiled once. Both stores are bounded; the longest unused go first.
-class StatementCache
-{
+class StatementCache {
 public:
     struct Entry {
         std::shared_ptr<Plan> plan;
@@ -31,8 +29,7 @@ public:
 private:
     /// Least recently used last.
     template <typename T>
-    class Recent
-    {
+    class Recent {
     public:
         explicit Recent(std::size_t limit) : limit_(limit) {}
         T* Find(std::string_view key);

@@ -1,11 +1,11 @@
 #include "engine/Typing.h"
 
+#include <algorithm>
+
 #include "engine/Errors.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// The type in which a number literal meets a value of the type.
 FieldType TypeForLiteral(const Expression& literal, FieldType other)
@@ -37,17 +37,29 @@ void RequireNumbers(const Expression& a, const Expression& b)
         throw refuse::TypeMismatch();
 }
 
-/// The type that an operand brings into arithmetic; an exact literal goes with money.
+/// The type that an operand brings into arithmetic; an exact constant goes with money.
 FieldType OperandType(const Expression& e, const Expression& other)
 {
     if (IsNullLiteral(e))
         return IsNullLiteral(other) ? FieldType::Double : WithoutBoolean(other.type);
-    if (IsKind(e, LiteralKind::Exact) && other.type == FieldType::Money)
+    if (other.type == FieldType::Money && IsExactConstant(e))
         return FieldType::Money;
     return WithoutBoolean(e.type);
 }
 
 }  // namespace
+
+bool IsExactConstant(const Expression& e)
+{
+    if (e.kind == ExpressionKind::Literal)
+        return e.literalKind == LiteralKind::Exact || e.literalKind == LiteralKind::Whole;
+    const bool sum = e.kind == ExpressionKind::Binary &&
+                     (e.operation == Operator::Add || e.operation == Operator::Subtract);
+    if (!sum && e.kind != ExpressionKind::Negate)
+        return false;
+    return std::all_of(e.operands.begin(), e.operands.end(),
+                       [](const ExpressionPtr& operand) { return IsExactConstant(*operand); });
+}
 
 FieldType CommonType(const Expression& a, const Expression& b)
 {
@@ -66,6 +78,9 @@ FieldType CommonType(const Expression& a, const Expression& b)
         return TypeForLiteral(b, a.type);
     if (a.type == FieldType::Boolean && b.type == FieldType::Boolean)
         return FieldType::Boolean;
+    if ((a.type == FieldType::Money && IsExactConstant(b)) ||
+        (b.type == FieldType::Money && IsExactConstant(a)))
+        return FieldType::Money;
     return CommonNumber(a.type, b.type);
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 #include "engine/Ast.h"
 
-namespace clb
-{
+namespace clb {
 
 /// Rules of the dialect's types; the expressions given have been checked.
 
@@ -23,6 +22,9 @@ inline bool IsKind(const Expression& e, LiteralKind kind)
 {
     return e.kind == ExpressionKind::Literal && e.literalKind == kind;
 }
+/// Whether it is made of literals that money holds exactly, added and subtracted: beside money it
+/// is money, to the last decimal.
+bool IsExactConstant(const Expression& e);
 /// Long, Money, Double, Single and Boolean, which counts as -1 and 0.
 inline bool IsNumber(FieldType type)
 {

@@ -5,41 +5,27 @@
 #include "engine/Typing.h"
 
 #include <algorithm>
+#include <optional>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 std::string_view Symbol(Operator operation)
 {
     switch (operation) {
-        case Operator::Add:
-            return " + ";
-        case Operator::Subtract:
-            return " - ";
-        case Operator::Multiply:
-            return " * ";
-        case Operator::Divide:
-            return " / ";
-        case Operator::Concatenate:
-            return " || ";
-        case Operator::Equal:
-            return " = ";
-        case Operator::NotEqual:
-            return " <> ";
-        case Operator::Less:
-            return " < ";
-        case Operator::LessEqual:
-            return " <= ";
-        case Operator::Greater:
-            return " > ";
-        case Operator::GreaterEqual:
-            return " >= ";
-        case Operator::And:
-            return " AND ";
-        case Operator::Or:
-            return " OR ";
+        case Operator::Add: return " + ";
+        case Operator::Subtract: return " - ";
+        case Operator::Multiply: return " * ";
+        case Operator::Divide: return " / ";
+        case Operator::Concatenate: return " || ";
+        case Operator::Equal: return " = ";
+        case Operator::NotEqual: return " <> ";
+        case Operator::Less: return " < ";
+        case Operator::LessEqual: return " <= ";
+        case Operator::Greater: return " > ";
+        case Operator::GreaterEqual: return " >= ";
+        case Operator::And: return " AND ";
+        case Operator::Or: return " OR ";
     }
     return " ";
 }
@@ -47,22 +33,31 @@ std::string_view Symbol(Operator operation)
 Operator Mirrored(Operator operation)
 {
     switch (operation) {
-        case Operator::Less:
-            return Operator::Greater;
-        case Operator::LessEqual:
-            return Operator::GreaterEqual;
-        case Operator::Greater:
-            return Operator::Less;
-        case Operator::GreaterEqual:
-            return Operator::LessEqual;
-        default:
-            return operation;
+        case Operator::Less: return Operator::Greater;
+        case Operator::LessEqual: return Operator::GreaterEqual;
+        case Operator::Greater: return Operator::Less;
+        case Operator::GreaterEqual: return Operator::LessEqual;
+        default: return operation;
     }
 }
 
 bool IsFineBeside(const Expression& literal, const Expression& other)
 {
     return IsKind(literal, LiteralKind::Fine) && other.type == FieldType::Money;
+}
+
+/// The type in which IN compares all its values; nothing when they differ.
+std::optional<FieldType> OneTypeOf(const Expression& in)
+{
+    const Expression& value = *in.operands[0];
+    const FieldType type = CommonType(value, *in.operands[1]);
+    for (std::size_t i = 1; i < in.operands.size(); ++i) {
+        const Expression& other = *in.operands[i];
+        if (CommonType(value, other) != type || IsFineBeside(other, value) ||
+            IsFineBeside(value, other))
+            return std::nullopt;
+    }
+    return type;
 }
 
 }  // namespace
@@ -86,15 +81,9 @@ Writer& Writer::Name(std::string_view name)
 void Writer::Write(const Expression& e)
 {
     switch (e.kind) {
-        case ExpressionKind::Literal:
-            WriteLiteral(e, {e.type, 0, false});
-            break;
-        case ExpressionKind::Truth:
-            WriteTruth(e, FieldType::Boolean);
-            break;
-        case ExpressionKind::NullValue:
-            Text("NULL");
-            break;
+        case ExpressionKind::Literal: WriteLiteral(e, {e.type, 0, false}); break;
+        case ExpressionKind::Truth: WriteTruth(e, FieldType::Boolean); break;
+        case ExpressionKind::NullValue: Text("NULL"); break;
         case ExpressionKind::Column:
             Text("t" + std::to_string(e.source) + ".").Name(e.column->name);
             break;
@@ -110,26 +99,16 @@ void Writer::Write(const Expression& e)
             WriteCondition(*e.operands[0]);
             Text(")");
             break;
-        case ExpressionKind::Binary:
-            WriteBinary(e);
-            break;
+        case ExpressionKind::Binary: WriteBinary(e); break;
         case ExpressionKind::NullTest:
             Text("(");
             Write(*e.operands[0]);
             Text(e.negated ? " IS NOT NULL)" : " IS NULL)");
             break;
-        case ExpressionKind::In:
-            WriteIn(e);
-            break;
-        case ExpressionKind::Between:
-            WriteBetween(e);
-            break;
-        case ExpressionKind::Like:
-            WriteLike(e);
-            break;
-        case ExpressionKind::Call:
-            WriteCall(e);
-            break;
+        case ExpressionKind::In: WriteIn(e); break;
+        case ExpressionKind::Between: WriteBetween(e); break;
+        case ExpressionKind::Like: WriteLike(e); break;
+        case ExpressionKind::Call: WriteCall(e); break;
     }
 }
 
@@ -142,6 +121,8 @@ void Writer::WriteAs(const Expression& e, FieldType type)
         WriteTruth(e, type);
     } else if (e.kind == ExpressionKind::NullValue || e.type == type) {
         Write(e);
+    } else if (type == FieldType::Money && e.type == FieldType::Double && IsExactConstant(e)) {
+        WriteConstantAsMoney(e);
     } else if (e.type == FieldType::Boolean && (type == FieldType::Long || real)) {
         Text("(-");
         Write(e);
@@ -159,6 +140,18 @@ void Writer::WriteAs(const Expression& e, FieldType type)
     } else {
         WriteConversion(e, {type, 0, false}, {});
     }
+}
+
+void Writer::WriteConstantAsMoney(const Expression& e)
+{
+    if (e.kind == ExpressionKind::Negate) {
+        Text("clb_negate(");
+        WriteAs(*e.operands[0], FieldType::Money);
+        Text(")");
+        return;
+    }
+    WriteFunction(e.operation == Operator::Add ? "clb_add" : "clb_subtract", *e.operands[0],
+                  FieldType::Money, *e.operands[1], FieldType::Money);
 }
 
 void Writer::WriteForColumn(const Expression& e, const ColumnInfo& column)
@@ -196,20 +189,11 @@ void Writer::WriteLiteral(const Expression& e, const ColumnType& type, std::stri
 void Writer::WriteTruth(const Expression& e, FieldType type)
 {
     switch (type) {
-        case FieldType::Boolean:
-            Text(e.truth ? "1" : "0");
-            break;
-        case FieldType::Money:
-            Text(e.truth ? "-10000" : "0");
-            break;
-        case FieldType::Text:
-            Text(e.truth ? "'True'" : "'False'");
-            break;
-        case FieldType::Date:
-            throw refuse::TypeMismatch();
-        default:
-            Text(e.truth ? "-1" : "0");
-            break;
+        case FieldType::Boolean: Text(e.truth ? "1" : "0"); break;
+        case FieldType::Money: Text(e.truth ? "-10000" : "0"); break;
+        case FieldType::Text: Text(e.truth ? "'True'" : "'False'"); break;
+        case FieldType::Date: throw refuse::TypeMismatch();
+        default: Text(e.truth ? "-1" : "0"); break;
     }
 }
 
@@ -245,9 +229,7 @@ void Writer::WriteBinary(const Expression& e)
         case Operator::Add:
         case Operator::Subtract:
         case Operator::Multiply:
-        case Operator::Divide:
-            WriteArithmetic(e);
-            break;
+        case Operator::Divide: WriteArithmetic(e); break;
         case Operator::Concatenate:
             Text("(coalesce(");
             WriteAs(left, FieldType::Text);
@@ -263,9 +245,7 @@ void Writer::WriteBinary(const Expression& e)
             WriteCondition(right);
             Text(")");
             break;
-        default:
-            WriteComparison(e.operation, left, right);
-            break;
+        default: WriteComparison(e.operation, left, right); break;
     }
 }
 
@@ -292,7 +272,7 @@ void Writer::WriteArithmetic(const Expression& e)
 void Writer::WriteMoneyProduct(const Expression& a, const Expression& b)
 {
     const auto amount = [](const Expression& e) {
-        return e.type == FieldType::Money || IsKind(e, LiteralKind::Exact);
+        return e.type == FieldType::Money || (e.type == FieldType::Double && IsExactConstant(e));
     };
     if (amount(a) && amount(b))
         return WriteFunction("clb_multiply", a, FieldType::Money, b, FieldType::Money);
@@ -347,12 +327,8 @@ void Writer::WriteFineComparison(Operator operation, const Expression& money,
             compare(" > ");
             break;
         case Operator::Less:
-        case Operator::LessEqual:
-            compare(" <= ");
-            break;
-        default:
-            compare(" > ");
-            break;
+        case Operator::LessEqual: compare(" <= "); break;
+        default: compare(" > "); break;
     }
     Text(")");
 }
@@ -360,6 +336,16 @@ void Writer::WriteFineComparison(Operator operation, const Expression& money,
 void Writer::WriteIn(const Expression& e)
 {
     const Expression& value = *e.operands[0];
+    if (const auto type = OneTypeOf(e)) {
+        Text("(");
+        WriteAs(value, *type);
+        for (std::size_t i = 1; i < e.operands.size(); ++i) {
+            Text(i > 1 ? ", " : e.negated ? " NOT IN (" : " IN (");
+            WriteAs(*e.operands[i], *type);
+        }
+        Text("))");
+        return;
+    }
     Text(e.negated ? "(NOT (" : "((");
     for (std::size_t i = 1; i < e.operands.size(); ++i) {
         if (i > 1)

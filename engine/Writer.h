@@ -6,8 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// How one literal of the statement reaches the storage.
 struct Parameter {
@@ -23,8 +22,7 @@ Value ParameterValue(const Parameter& parameter, const Literal& literal);
 
 /// Writes checked expressions in the storage's SQL; literals become numbered parameters. Table
 /// number n of the statement is called tn.
-class Writer
-{
+class Writer {
 public:
     const std::string& Sql() const { return sql_; }
     const std::vector<Parameter>& Parameters() const { return parameters_; }
@@ -48,6 +46,7 @@ private:
     void WriteBinary(const Expression& e);
     void WriteArithmetic(const Expression& e);
     void WriteMoneyProduct(const Expression& a, const Expression& b);
+    void WriteConstantAsMoney(const Expression& e);
     void WriteComparison(Operator operation, const Expression& a, const Expression& b);
     void WriteFineComparison(Operator operation, const Expression& money,
                              const Expression& literal);

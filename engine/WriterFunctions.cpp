@@ -1,42 +1,26 @@
 #include "engine/Typing.h"
 #include "engine/Writer.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 std::string_view StorageName(Function function)
 {
     switch (function) {
-        case Function::Sum:
-            return "sum";
-        case Function::Count:
-            return "count";
-        case Function::Min:
-            return "min";
-        case Function::Max:
-            return "max";
-        case Function::Avg:
-            return "avg";
-        case Function::Len:
-            return "length";
-        case Function::UCase:
-            return "upper";
-        case Function::LCase:
-            return "lower";
-        case Function::Trim:
-            return "trim";
-        case Function::LTrim:
-            return "ltrim";
-        case Function::RTrim:
-            return "rtrim";
-        case Function::Left:
-            return "clb_left";
-        case Function::Right:
-            return "clb_right";
-        default:
-            return "";
+        case Function::Sum: return "sum";
+        case Function::Count: return "count";
+        case Function::Min: return "min";
+        case Function::Max: return "max";
+        case Function::Avg: return "avg";
+        case Function::Len: return "length";
+        case Function::UCase: return "upper";
+        case Function::LCase: return "lower";
+        case Function::Trim: return "trim";
+        case Function::LTrim: return "ltrim";
+        case Function::RTrim: return "rtrim";
+        case Function::Left: return "clb_left";
+        case Function::Right: return "clb_right";
+        default: return "";
     }
 }
 
@@ -44,12 +28,9 @@ std::string_view StorageName(Function function)
 std::string_view DatePart(Function function)
 {
     switch (function) {
-        case Function::Year:
-            return ", 1, 4)";
-        case Function::Month:
-            return ", 6, 2)";
-        default:
-            return ", 9, 2)";
+        case Function::Year: return ", 1, 4)";
+        case Function::Month: return ", 6, 2)";
+        default: return ", 9, 2)";
     }
 }
 
@@ -103,9 +84,7 @@ void Writer::WriteScalar(const Expression& e)
             WriteFunction(StorageName(e.function), first, FieldType::Text, *e.operands[1],
                           FieldType::Long);
             break;
-        case Function::Mid:
-            WriteMid(e);
-            break;
+        case Function::Mid: WriteMid(e); break;
         case Function::Abs:
             Text(e.type == FieldType::Long ? "clb_long(abs(" : "(abs(");
             WriteAs(first, e.type);
@@ -150,9 +129,7 @@ void Writer::WriteScalar(const Expression& e)
         case Function::CStr:
         case Function::CLng:
         case Function::CCur:
-        case Function::CDbl:
-            WriteAs(first, e.type);
-            break;
+        case Function::CDbl: WriteAs(first, e.type); break;
         default:
             Text(StorageName(e.function)).Text("(");
             WriteAs(first, FieldType::Text);

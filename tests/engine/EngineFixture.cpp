@@ -1,10 +1,9 @@
 #include "EngineFixture.h"
 
-#include <filesystem>
 #include <stdlib.h>
+#include <filesystem>
 
-namespace clb
-{
+namespace clb {
 
 const char* const kTestSchema = R"(
 CREATE TABLE Account (

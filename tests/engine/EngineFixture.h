@@ -7,15 +7,13 @@
 #include <string_view>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// The tables of a delivered database, as the storage declares them.
 extern const char* const kTestSchema;
 
 /// A fresh database file in a folder of its own, opened as the program opens it.
-class EngineTest : public ::testing::Test
-{
+class EngineTest : public ::testing::Test {
 protected:
     EngineTest();
     ~EngineTest() override;

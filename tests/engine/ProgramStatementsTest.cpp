@@ -1,15 +1,12 @@
 // Every statement that the program sends, word for word, with sample values in it.
 #include "EngineFixture.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 using Lines = std::vector<std::string>;
 
-class ProgramStatementsTest : public EngineTest
-{
+class ProgramStatementsTest : public EngineTest {
 protected:
     ProgramStatementsTest()
     {
