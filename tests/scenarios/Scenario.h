@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Text.h"
 #include "data/EmptyDatabase.h"
 #include "tests/support/AutomationClient.h"
 #include "tests/support/TempFolder.h"
@@ -53,8 +54,9 @@ protected:
     /// Rows of a SELECT as one text: values in JSON, rows divided by blanks.
     std::string Rows(const std::string& select)
     {
+        const Json reply = Do({{"do", "sql"}, {"text", select}});
         std::string text;
-        for (const Json& row : Do({{"do", "sql"}, {"text", select}})["rows"])
+        for (const Json& row : reply["rows"])
             text += (text.empty() ? "" : " ") + ToLine(row);
         return text;
     }
@@ -80,8 +82,8 @@ protected:
     void AddAccount(const std::string& id, const std::string& type, const std::string& description,
                     const std::string& opening = "0")
     {
-        Sql("INSERT INTO Account (AccountID, Description, Type, OpeningBalance) VALUES ('" + id +
-            "', '" + description + "', '" + type + "', " + opening + ")");
+        Sql("INSERT INTO Account (AccountID, Description, Type, OpeningBalance) VALUES (" +
+            Quoted(id) + ", " + Quoted(description) + ", " + Quoted(type) + ", " + opening + ")");
     }
     void AddTransaction(const std::string& account, const std::string& month,
                         const std::string& amount, const std::string& category = "(none)")
@@ -89,16 +91,16 @@ protected:
         Sql("INSERT INTO Trans (Sequence, AccountID, PostDate, Description, Amount, Category, "
             "Year, "
             "Period) VALUES (" +
-            std::to_string(++lastTransaction_) + ", '" + account + "', #" + month +
-            "-15#, 'Shop', " + amount + ", '" + category + "', " + month.substr(0, 4) + ", " +
+            std::to_string(++lastTransaction_) + ", " + Quoted(account) + ", #" + DayIn(month) +
+            "#, 'Shop', " + amount + ", " + Quoted(category) + ", " + month.substr(0, 4) + ", " +
             month.substr(5) + ")");
     }
     void AddBudget(const std::string& month, const std::string& category, const std::string& amount,
                    const std::string& group = "(none)")
     {
         Sql("INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES (" +
-            month.substr(0, 4) + ", " + month.substr(5) + ", '" + category + "', '" + group +
-            "', " + amount + ")");
+            month.substr(0, 4) + ", " + month.substr(5) + ", " + Quoted(category) + ", " +
+            Quoted(group) + ", " + amount + ")");
     }
     /// Shows what statements changed behind the window's back.
     void ShowAll()
@@ -111,6 +113,16 @@ protected:
     std::string now = "2006-03-05T10:00:00";
 
 private:
+    static std::string Quoted(const std::string& text)
+    {
+        return "'" + Replace(text, "'", "''") + "'";
+    }
+    /// A day in the month, as SQL writes it.
+    static std::string DayIn(const std::string& month)
+    {
+        return month.substr(0, 5) + (month.size() < 7 ? "0" : "") + month.substr(5) + "-15";
+    }
+
     std::unique_ptr<AutomationClient> client_;
     int lastTransaction_ = 0;
 };
