@@ -1,0 +1,241 @@
+// The reference of the import: the same file, the same fields and the same rows, without the
+// program.
+//
+//   clb_bench_bare_import FILE DATABASE NAME
+//
+// DATABASE is the delivered empty database; the new account gets the description NAME.
+
+#include "bench/Bare.h"
+
+#include <array>
+#include <deque>
+#include <exception>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <unordered_set>
+
+namespace clb {
+namespace {
+
+constexpr std::size_t kMemoLength = 50;
+constexpr std::string_view kNone = "(none)";
+
+std::string ReadFile(const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary | std::ios::ate);
+    std::string bytes(in ? static_cast<std::size_t>(in.tellg()) : 0, '\0');
+    in.seekg(0);
+    if (!in.read(bytes.data(), static_cast<std::streamsize>(bytes.size())))
+        throw std::runtime_error("cannot read " + path);
+    return bytes;
+}
+
+/// What follows the tag, up to "<" or a carriage return, without outer blanks.
+std::string_view ValueOf(std::string_view text, std::string_view tag)
+{
+    const std::size_t found = text.find(tag);
+    if (found == std::string_view::npos)
+        return {};
+    std::string_view value = text.substr(found + tag.size());
+    value = value.substr(0, value.find_first_of("<\r"));
+    const std::size_t first = value.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return value.substr(first, value.find_last_not_of(' ') - first + 1);
+}
+
+/// The first characters of a UTF-8 text.
+std::string_view Cut(std::string_view text, std::size_t characters)
+{
+    if (text.size() <= characters)
+        return text;
+    std::size_t end = 0;
+    for (; end < text.size(); ++end)
+        if ((static_cast<unsigned char>(text[end]) & 0xC0) != 0x80 && characters-- == 0)
+            break;
+    return text.substr(0, end);
+}
+
+std::int64_t Digits(std::string_view text)
+{
+    std::int64_t number = 0;
+    for (const char digit : text) {
+        if (digit < '0' || digit > '9')
+            throw std::runtime_error("no number: " + std::string(text));
+        number = number * 10 + (digit - '0');
+    }
+    return number;
+}
+
+/// 1/10000 units.
+std::int64_t Amount(std::string_view text)
+{
+    const bool negative = !text.empty() && text.front() == '-';
+    if (negative)
+        text.remove_prefix(1);
+    const std::size_t point = text.find('.');
+    std::int64_t amount = Digits(text.substr(0, point)) * 10000;
+    if (point != std::string_view::npos) {
+        const std::string_view decimals = text.substr(point + 1, 4);
+        std::int64_t part = Digits(decimals);
+        for (std::size_t n = decimals.size(); n < 4; ++n)
+            part *= 10;
+        amount += part;
+    }
+    return negative ? -amount : amount;
+}
+
+class BareImport {
+public:
+    BareImport(BareDatabase& database, std::string_view text, std::string_view name)
+        : database_(database), text_(text), name_(name), account_(ValueOf(text, "<ACCTID>"))
+    {
+    }
+
+    void Run()
+    {
+        database_.Run("BEGIN IMMEDIATE");
+        AddAccount();
+        ReadIdentifiers();
+        for (std::string_view block = Next(); !block.empty(); block = Next())
+            if (known_.insert(ValueOf(block, "<FITID>")).second)
+                Add(block);
+        Rebalance();
+        database_.Run("COMMIT");
+    }
+
+private:
+    void AddAccount()
+    {
+        BareStatement has = database_.Prepare("SELECT COUNT(*) FROM Account WHERE AccountID = ?");
+        has.Bind(1, account_);
+        if (has.One() > 0)
+            return;
+        BareStatement add = database_.Prepare(
+            "INSERT INTO Account (AccountID, Description, Type) VALUES (?, ?, 'Bank')");
+        add.Bind(1, account_);
+        add.Bind(2, name_);
+        add.Step();
+    }
+
+    void ReadIdentifiers()
+    {
+        BareStatement read = database_.Prepare("SELECT FITID FROM Trans WHERE AccountID = ?");
+        read.Bind(1, account_);
+        while (read.Step())
+            known_.insert(stored_.emplace_back(read.Text(0)));
+    }
+
+    std::string_view Next()
+    {
+        constexpr std::string_view open = "<STMTTRN>";
+        constexpr std::string_view close = "</STMTTRN>";
+        const std::size_t found = text_.find(open, at_);
+        if (found == std::string_view::npos)
+            return {};
+        const std::size_t start = found + open.size();
+        const std::size_t end = text_.find(close, start);
+        if (end == std::string_view::npos)
+            return {};
+        at_ = end + close.size();
+        return text_.substr(start, end - start);
+    }
+
+    void Add(std::string_view block)
+    {
+        const std::string_view stamp = ValueOf(block, "<DTPOSTED>");
+        if (stamp.size() < 8)
+            throw std::runtime_error("no date");
+        const std::int64_t year = Digits(stamp.substr(0, 4));
+        const std::int64_t period = Digits(stamp.substr(4, 2));
+        const std::array<char, 10> date = {stamp[0], stamp[1], stamp[2], stamp[3], '-',
+                                           stamp[4], stamp[5], '-',      stamp[6], stamp[7]};
+        const bool check = ValueOf(block, "<TRNTYPE>") == "CHECK";
+        const std::string_view name = ValueOf(block, "<NAME>");
+        const std::int64_t sequence = largest_.One() + 1;
+        ProvideBudgetLine(year, period);
+
+        insert_.Bind(1, account_);
+        insert_.Bind(2, Present(ValueOf(block, "<FITID>")));
+        insert_.Bind(3, check ? Present(ValueOf(block, "<CHECKNUM>")) : "");
+        insert_.Bind(4, year);
+        insert_.Bind(5, period);
+        insert_.Bind(6, std::string_view(date.data(), date.size()));
+        insert_.Bind(7, Amount(ValueOf(block, "<TRNAMT>")));
+        insert_.Bind(8, name.empty() ? std::string_view("(blank)") : name);
+        insert_.Bind(9, Present(Cut(ValueOf(block, "<MEMO>"), kMemoLength)));
+        insert_.Bind(10, kNone);
+        insert_.Bind(11, sequence);
+        insert_.Step();
+    }
+
+    /// An empty text, not null.
+    static std::string_view Present(std::string_view text)
+    {
+        return text.empty() ? std::string_view("") : text;
+    }
+
+    void ProvideBudgetLine(std::int64_t year, std::int64_t period)
+    {
+        if (year == lastYear_ && period == lastPeriod_)
+            return;
+        lastYear_ = year;
+        lastPeriod_ = period;
+        for (BareStatement* statement : {&hasLine_, &addLine_}) {
+            statement->Bind(1, year);
+            statement->Bind(2, period);
+            statement->Bind(3, kNone);
+        }
+        if (hasLine_.One() == 0)
+            addLine_.Step();
+    }
+
+    void Rebalance()
+    {
+        database_
+            .Prepare(
+                "UPDATE Account SET CurrentBalance = (SELECT COALESCE(SUM(Amount), 0) FROM "
+                "Trans WHERE Trans.AccountID = Account.AccountID)")
+            .Step();
+    }
+
+    BareDatabase& database_;
+    std::string_view text_;
+    std::string_view name_;
+    std::string_view account_;
+    std::size_t at_ = 0;
+    std::deque<std::string> stored_;
+    std::unordered_set<std::string_view> known_;
+    std::int64_t lastYear_ = 0;
+    std::int64_t lastPeriod_ = 0;
+    BareStatement largest_ = database_.Prepare("SELECT MAX(Sequence) FROM Trans");
+    BareStatement insert_ = database_.Prepare(
+        "INSERT INTO Trans (AccountID, FITID, CheckID, Year, Period, PostDate, Amount, "
+        "Description, PayeeName, Category, Sequence) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+    BareStatement hasLine_ = database_.Prepare(
+        "SELECT COUNT(*) FROM Budget WHERE Year = ? AND Period = ? AND Category = ?");
+    BareStatement addLine_ = database_.Prepare(
+        "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES (?1, ?2, ?3, "
+        "?3, 0)");
+};
+
+}  // namespace
+}  // namespace clb
+
+int main(int argc, char** argv)
+{
+    if (argc != 4) {
+        std::cerr << "usage: clb_bench_bare_import FILE DATABASE NAME\n";
+        return 2;
+    }
+    try {
+        const std::string text = clb::ReadFile(argv[1]);
+        clb::BareDatabase database(argv[2]);
+        clb::BareImport(database, text, argv[3]).Run();
+        return 0;
+    } catch (const std::exception& error) {
+        std::cerr << "clb_bench_bare_import: " << error.what() << '\n';
+        return 1;
+    }
+}

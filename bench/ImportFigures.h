@@ -1,0 +1,16 @@
+#pragma once
+#include "bench/Figure.h"
+#include "bench/WorkFolder.h"
+
+#include <vector>
+
+namespace clb {
+
+/// "import", "memory" and "again": 100,000 transactions into a fresh folder, whole processes, ours
+/// and the reference in turn; then the same file once more.
+std::vector<Figure> MeasureImport(const WorkFolder& work, int rounds);
+
+/// "scaling": what a row takes in a statement of 200,000 and in one of 20,000.
+std::vector<Figure> MeasureScaling(const WorkFolder& work, int rounds);
+
+}  // namespace clb

@@ -1,0 +1,151 @@
+#include "bench/Ledger.h"
+
+#include "bench/Bare.h"
+
+#include <array>
+#include <cstdio>
+#include <random>
+#include <vector>
+
+namespace clb {
+namespace {
+
+constexpr std::int32_t kRowsAMonth = 208;
+constexpr std::int32_t kDaysUsed = 28;
+constexpr std::array<std::string_view, 8> kCategories = {
+    "(none)", "Groceries", "Rent", "Electricity", "Car", "Books", "Eating out", "Health"};
+constexpr std::array<std::string_view, 6> kShops = {"Corner Grocery",    "Riverside Pharmacy",
+                                                    "City Water Works",  "Harbour Books",
+                                                    "Green Lane Garage", "Station Cafe"};
+
+/// The indices of Trans, dropped while rows are added and made anew at the end: much faster.
+class TransIndices {
+public:
+    explicit TransIndices(BareDatabase& database) : database_(database)
+    {
+        std::vector<std::string> names;
+        BareStatement list = database_.Prepare(
+            "SELECT name, sql FROM sqlite_master WHERE type = 'index' AND tbl_name = 'Trans'");
+        while (list.Step()) {
+            names.emplace_back(list.Text(0));
+            statements_.emplace_back(list.Text(1));
+        }
+        for (const std::string& name : names)
+            database_.Run("DROP INDEX " + name);
+    }
+    void MakeAnew()
+    {
+        for (const std::string& statement : statements_)
+            database_.Run(statement);
+    }
+
+private:
+    BareDatabase& database_;
+    std::vector<std::string> statements_;
+};
+
+class LedgerFiller {
+public:
+    LedgerFiller(BareDatabase& database, LedgerSize size) : database_(database), size_(size)
+    {
+        for (std::int32_t account = 0; account < size_.accounts; ++account)
+            accounts_.push_back(LedgerAccount(account));
+    }
+
+    void Fill()
+    {
+        for (const std::string& account : accounts_)
+            AddAccount(account);
+        Month month = FirstLedgerMonth();
+        for (std::int32_t number = 0; number < 12 * size_.years; ++number) {
+            AddMonth(month, kRowsAMonth + (number % 3 == 0 ? 1 : 0));
+            month = month.Next();
+        }
+        database_.Run(
+            "UPDATE Account SET OpeningBalance = 5000000, CurrentBalance = (SELECT "
+            "SUM(Amount) FROM Trans WHERE Trans.AccountID = Account.AccountID)");
+    }
+
+private:
+    void AddAccount(const std::string& account)
+    {
+        addAccount_.Bind(1, account);
+        addAccount_.Step();
+    }
+
+    void AddMonth(Month month, std::int32_t rows)
+    {
+        for (const std::string_view category : kCategories)
+            AddBudgetLine(month, category);
+        for (std::int32_t row = 0; row < rows; ++row)
+            for (const std::string& account : accounts_)
+                AddTransaction(account, month, 1 + row * kDaysUsed / rows);
+    }
+
+    void AddBudgetLine(Month month, std::string_view category)
+    {
+        addLine_.Bind(1, std::int64_t{month.year});
+        addLine_.Bind(2, std::int64_t{month.period});
+        addLine_.Bind(3, category);
+        addLine_.Step();
+    }
+
+    void AddTransaction(const std::string& account, Month month, std::int32_t day)
+    {
+        std::array<char, 48> date{};
+        const int length = std::snprintf(date.data(), date.size(), "%04d-%02d-%02d", month.year,
+                                         month.period, day);
+        const std::string identifier = "LN" + std::to_string(10'000'000 + sequence_);
+        const auto chance = static_cast<std::uint32_t>(random_());
+        addRow_.Bind(1, ++sequence_);
+        addRow_.Bind(2, account);
+        addRow_.Bind(3, std::string_view(date.data(), static_cast<std::size_t>(length)));
+        addRow_.Bind(4, kShops[chance % kShops.size()]);
+        addRow_.Bind(5, std::int64_t{chance % 30'000} * -100);
+        addRow_.Bind(6, kCategories[chance / 16 % kCategories.size()]);
+        addRow_.Bind(7, std::int64_t{month.year});
+        addRow_.Bind(8, std::int64_t{month.period});
+        addRow_.Bind(9, identifier);
+        addRow_.Step();
+    }
+
+    BareDatabase& database_;
+    LedgerSize size_;
+    std::vector<std::string> accounts_;
+    std::int64_t sequence_ = 0;
+    std::mt19937 random_{19990117};
+    BareStatement addAccount_ = database_.Prepare(
+        "INSERT INTO Account (AccountID, Description, Type) VALUES (?1, 'Account ' || ?1, 'Bank')");
+    BareStatement addLine_ = database_.Prepare(
+        "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES (?, ?, ?, "
+        "'Living', 1000000)");
+    BareStatement addRow_ = database_.Prepare(
+        "INSERT INTO Trans (Sequence, AccountID, PostDate, Description, Amount, CheckID, Category, "
+        "PayeeName, Year, Period, FITID) VALUES (?1, ?2, ?3, ?4, ?5, '', ?6, 'card purchase', ?7, "
+        "?8, ?9)");
+};
+
+}  // namespace
+
+std::string LedgerAccount(std::int32_t account)
+{
+    return std::to_string(4417'0000 + account);
+}
+
+Month FirstLedgerMonth()
+{
+    return {1990, 1};
+}
+
+void FillLedger(const std::string& databasePath, LedgerSize size)
+{
+    BareDatabase database(databasePath);
+    database.Run("PRAGMA synchronous = OFF; PRAGMA journal_mode = MEMORY");
+    database.Run("BEGIN IMMEDIATE");
+    TransIndices indices(database);
+    LedgerFiller(database, size).Fill();
+    indices.MakeAnew();
+    database.Run("COMMIT");
+}
+
+}  // namespace clb

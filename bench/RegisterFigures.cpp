@@ -1,0 +1,192 @@
+#include "bench/RegisterFigures.h"
+
+#include "bench/BareRegister.h"
+#include "bench/Ledger.h"
+#include "cli/Program.h"
+#include "data/clsDatabase.h"
+#include "platform/ProgramFolder.h"
+#include "views/clsView.h"
+
+#include <stdexcept>
+#include <utility>
+
+namespace clb {
+namespace {
+
+constexpr LedgerSize kLarge{20, 20};
+constexpr LedgerSize kSmall{2, 2};
+/// Months shown one after the other in a round: those of one year, again and again.
+constexpr std::int32_t kReloads = 60;
+constexpr std::int32_t kReadings = 240;
+
+/// Months of one year in turn. Both books hold as many rows in each of them.
+Month MonthOf(std::int32_t year, std::int32_t turn)
+{
+    return {year, 1 + turn % 12};
+}
+
+std::int32_t LastYear(LedgerSize size)
+{
+    return FirstLedgerMonth().year + size.years - 1;
+}
+
+Cost& operator+=(Cost& sum, const Cost& cost)
+{
+    sum.wall += cost.wall;
+    sum.processor += cost.processor;
+    return sum;
+}
+
+/// The program's window on the books, showing an account's register.
+class ShownRegister {
+public:
+    explicit ShownRegister(const std::string& folder) : program_(folder, forms_)
+    {
+        clsView& view = program_.Window().View();
+        view.HoldRefresh(true);
+        view.View(vwAccount);
+        view.AccountID(LedgerAccount(1));
+        view.Year(LastYear(kLarge));
+        view.HoldRefresh(false);
+    }
+
+    Cost Show(Month month)
+    {
+        const Stopwatch watch;
+        program_.Window().View().Period(month.period);
+        return watch.Elapsed();
+    }
+
+    void Require(const BareRegister::Result& expected)
+    {
+        Money balance;
+        Money unused;
+        clsDatabase& data = program_.Window().Data();
+        data.CalcTotals(balance, unused);
+        const std::int32_t rows = data.GetRows().RecordCount();
+        if (rows != expected.rows || balance.Scaled() != expected.balance)
+            throw std::runtime_error("the register and its reference differ");
+    }
+
+private:
+    NoForms forms_;
+    Program program_;
+};
+
+Rounds MeasureReloads(const std::string& folder, int rounds)
+{
+    ShownRegister shown(folder);
+    BareDatabase database(DatabasePath(folder));
+    BareRegister reference(database);
+    const std::string account = LedgerAccount(1);
+    const auto readBare = [&](Month month) {
+        const Stopwatch watch;
+        const auto result = reference.Read(account, month);
+        return std::pair(watch.Elapsed(), result);
+    };
+    Rounds result;
+    for (int round = 0; round < rounds; ++round) {
+        Cost ours;
+        Cost bare;
+        for (std::int32_t turn = 0; turn < kReloads; ++turn) {
+            const Month month = MonthOf(LastYear(kLarge), turn);
+            ours += shown.Show(month);
+            const auto [cost, read] = readBare(month);
+            bare += cost;
+            shown.Require(read);
+        }
+        result.ours.push_back(ours);
+        result.reference.push_back(bare);
+    }
+    return result;
+}
+
+/// A data store that reads months of registers; nothing is edited.
+class RowReader : private IShownState, private ICurrentRow {
+public:
+    RowReader(const std::string& folder, LedgerSize size)
+        : year_(LastYear(size)), account_(LedgerAccount(1)), data_(folder, *this, *this)
+    {
+    }
+
+    /// Reads every value of as many months; adds up the rows.
+    Cost Read(std::int64_t& rows)
+    {
+        const Stopwatch watch;
+        for (std::int32_t turn = 0; turn < kReadings; ++turn) {
+            period_ = MonthOf(year_, turn).period;
+            rows += ReadMonth();
+        }
+        return watch.Elapsed();
+    }
+
+private:
+    std::int64_t ReadMonth()
+    {
+        Recordset& records = data_.GetRows();
+        const std::size_t fields = records.Fields().size();
+        std::int64_t rows = 0;
+        for (; !records.AtEnd(); records.MoveNext(), ++rows)
+            for (std::size_t field = 0; field < fields; ++field)
+                if (IsNull(records.Get(field)))
+                    throw std::runtime_error("a value is missing");
+        return rows;
+    }
+
+    std::int32_t View() const override { return vwAccount; }
+    std::int32_t Period() const override { return period_; }
+    std::int32_t Year() const override { return year_; }
+    const std::string& AccountType() const override { return type_; }
+    const std::string& AccountID() const override { return account_; }
+    Value ColumnValue(std::int32_t) override { return Null(); }
+    void ColumnValue(std::int32_t, const Value&) override {}
+
+    std::int32_t year_;
+    std::int32_t period_ = 1;
+    std::string type_ = "Bank";
+    std::string account_;
+    clsDatabase data_;
+};
+
+Rounds MeasureRows(const std::string& largeFolder, const std::string& smallFolder, int rounds)
+{
+    RowReader large(largeFolder, kLarge);
+    RowReader small(smallFolder, kSmall);
+    Rounds result;
+    for (int round = 0; round < rounds; ++round) {
+        std::int64_t largeRows = 0;
+        std::int64_t smallRows = 0;
+        result.ours.push_back(large.Read(largeRows));
+        result.reference.push_back(small.Read(smallRows));
+        if (largeRows != smallRows || largeRows == 0)
+            throw std::runtime_error("the months of both books differ");
+    }
+    return result;
+}
+
+}  // namespace
+
+std::vector<Figure> MeasureRegister(const WorkFolder& work, int rounds)
+{
+    const std::string large = work.Deliver("large");
+    const std::string small = work.Deliver("small");
+    FillLedger(DatabasePath(large), kLarge);
+    FillLedger(DatabasePath(small), kSmall);
+    work.Flush();
+
+    Figure shown{.name = "register",
+                 .title = "a month's register among 1,000,000 / bare storage",
+                 .unit = "us",
+                 .wallRatio = {},
+                 .limit = 3};
+    CompareTimes(shown, MeasureReloads(large, rounds), {kReloads, kReloads, 1e-6});
+    Figure rows{.name = "rows",
+                .title = "a month's rows among 1,000,000 / among 10,000",
+                .unit = "us",
+                .wallRatio = {},
+                .limit = 3};
+    CompareTimes(rows, MeasureRows(large, small, rounds), {kReadings, kReadings, 1e-6});
+    return {shown, rows};
+}
+
+}  // namespace clb
