@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 #include <filesystem>
 #include <limits>
+#include <utility>
 
 namespace clb {
 namespace {
@@ -227,7 +228,7 @@ Statement Database::Prepare(std::string_view sql, bool lasting)
     const int code = sqlite3_prepare_v3(raw_, sql.data(), static_cast<int>(sql.size()),
                                         lasting ? SQLITE_PREPARE_PERSISTENT : 0U, &raw, nullptr);
     if (code != SQLITE_OK)
-        Throw(code);
+        Throw(code, sqlite3_errmsg(raw_));
     return Statement(raw);
 }
 
@@ -242,24 +243,21 @@ bool Database::Step(Statement& statement)
     }
     const std::string message = sqlite3_errmsg(raw_);
     statement.Reset();
-    if (failure_) {
-        const EngineError failure = *failure_;
-        failure_.reset();
-        throw failure;
-    }
-    throw ErrorOf(code & 0xFF, code, message, path_);
+    Throw(code, message);
 }
 
 void Database::Run(const std::string& script)
 {
     const int code = sqlite3_exec(raw_, script.c_str(), nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
-        Throw(code);
+        Throw(code, sqlite3_errmsg(raw_));
 }
 
-void Database::Throw(int code)
+void Database::Throw(int code, const std::string& message)
 {
-    throw ErrorOf(code & 0xFF, code, sqlite3_errmsg(raw_), path_);
+    if (failure_)
+        throw EngineError(*std::exchange(failure_, std::nullopt));
+    throw ErrorOf(code & 0xFF, code, message, path_);
 }
 
 std::int64_t Database::LastRowId() const

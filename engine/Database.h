@@ -82,7 +82,7 @@ public:
     std::int64_t ChangedRows() const;
     bool InTransaction() const;
 
-    /// An error that a function of ours raises inside a running statement; Step throws it.
+    /// An error that a function of ours raises inside a running statement; Step and Run throw it.
     void Fail(const EngineError& error) { failure_ = error; }
 
     sqlite3* Raw() const { return raw_; }
@@ -90,7 +90,7 @@ public:
 private:
     void Connect(const std::string& path, int flags);
     void Harden();
-    [[noreturn]] void Throw(int code);
+    [[noreturn]] void Throw(int code, const std::string& message);
 
     sqlite3* raw_ = nullptr;
     std::string path_;
