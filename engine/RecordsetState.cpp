@@ -34,6 +34,7 @@ const std::vector<Field>& Recordset::State::Fields() const
 
 void Recordset::State::Run()
 {
+    const ReadGroup group(*session);
     auto entry = session->Prepare(sql);
     if (entry.plan->kind != Plan::Kind::Select)
         throw refuse::Statement("Only a SELECT can be opened as a result set.");
@@ -51,7 +52,9 @@ void Recordset::State::Run()
 RowStore::Fetch Recordset::State::Fetcher() const
 {
     return [writer = RowWriter(*session, *plan), bound = values.get()](
-               std::int64_t rowId, Value* fields) mutable { writer.Read(rowId, *bound, fields); };
+               std::span<const std::int64_t> rowIds, Value* fields) mutable {
+        return writer.Read(rowIds, *bound, fields);
+    };
 }
 
 void Recordset::State::Load()

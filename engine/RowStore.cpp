@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "engine/Errors.h"
+
 namespace clb {
 
 void RowStore::Start(std::size_t fields, Fetch fetch)
@@ -32,14 +34,14 @@ const Value* RowStore::Values(std::size_t slot)
 {
     Block& block = BlockOf(slot);
     if (!block.loaded.test(slot % kBlockRows))
-        Load(block, slot);
+        Load(block, slot, RowsToLoad(block, slot));
     return Place(block, slot);
 }
 
 const Value* RowStore::Refresh(std::size_t slot)
 {
     Block& block = BlockOf(slot);
-    Load(block, slot);
+    Load(block, slot, 1);
     return Place(block, slot);
 }
 
@@ -67,10 +69,27 @@ Value* RowStore::Place(Block& block, std::size_t slot)
     return block.values.data() + at;
 }
 
-void RowStore::Load(Block& block, std::size_t slot)
+/// A row behind its neighbour, or the first of a block, begins a walk: the block's other rows are
+/// read with it.
+std::size_t RowStore::RowsToLoad(const Block& block, std::size_t slot) const
 {
-    fetch_(rowIds_[slot], Place(block, slot));
-    block.loaded.set(slot % kBlockRows);
+    const std::size_t first = slot % kBlockRows;
+    if (first != 0 && !block.loaded.test(first - 1))
+        return 1;
+    const std::size_t most = std::min(kBlockRows - first, Slots() - slot);
+    std::size_t count = 1;
+    while (count < most && !block.loaded.test(first + count))
+        ++count;
+    return count;
+}
+
+void RowStore::Load(Block& block, std::size_t slot, std::size_t count)
+{
+    Place(block, slot + count - 1);
+    const Rows found = fetch_(std::span(rowIds_).subspan(slot, count), Place(block, slot));
+    block.loaded |= found << slot % kBlockRows;
+    if (!found.test(0))
+        throw refuse::RowVanished();
 }
 
 void RowStore::Evict()

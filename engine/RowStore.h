@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace clb {
@@ -15,8 +16,13 @@ namespace clb {
 /// stays small.
 class RowStore {
 public:
-    /// Fills the values of the row with this identity.
-    using Fetch = std::function<void(std::int64_t rowId, Value* values)>;
+    static constexpr std::size_t kBlockRows = 256;
+
+    /// Which rows of a block, or of those asked for, are there.
+    using Rows = std::bitset<kBlockRows>;
+    /// Fills the values of the rows with these identities, at most a block of them, one row behind
+    /// the other; a row that is gone is left out.
+    using Fetch = std::function<Rows(std::span<const std::int64_t> rowIds, Value* values)>;
 
     /// Forgets all rows. Without a fetch every row's values are kept.
     void Start(std::size_t fields, Fetch fetch);
@@ -28,26 +34,27 @@ public:
     std::size_t Slots() const { return rowIds_.size(); }
     std::int64_t RowId(std::size_t slot) const { return rowIds_[slot]; }
     /// The row's values; they stay in place until another row is asked for, added or read again.
+    /// Throws EngineError when the row is gone.
     const Value* Values(std::size_t slot);
-    /// Reads the row again.
+    /// Reads the row again. Throws EngineError when it is gone.
     const Value* Refresh(std::size_t slot);
     /// Whether a row added at opening still gets its values kept.
     bool KeepsMore() const { return !fetch_ || Slots() < kKeptAtOpening; }
 
 private:
-    static constexpr std::size_t kBlockRows = 256;
     static constexpr std::size_t kKeptAtOpening = 16 * kBlockRows;
     static constexpr std::size_t kMostBlocks = 32;
 
     struct Block {
         std::vector<Value> values;
-        std::bitset<kBlockRows> loaded;
+        Rows loaded;
         std::uint64_t used = 0;
     };
 
     Block& BlockOf(std::size_t slot);
     Value* Place(Block& block, std::size_t slot);
-    void Load(Block& block, std::size_t slot);
+    void Load(Block& block, std::size_t slot, std::size_t count);
+    std::size_t RowsToLoad(const Block& block, std::size_t slot) const;
     void Evict();
 
     std::size_t fields_ = 0;

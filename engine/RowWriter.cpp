@@ -54,19 +54,30 @@ void RowWriter::Delete(std::int64_t rowId)
         throw refuse::RowVanished();
 }
 
-void RowWriter::Read(std::int64_t rowId, const BoundValues& values, Value* fields)
+RowStore::Rows RowWriter::Read(std::span<const std::int64_t> rowIds, const BoundValues& values,
+                               Value* fields)
 {
+    const ReadGroup group(*session_);
     if (!plan_->reader)
         plan_->reader = session_->database.Prepare(plan_->readerSql, true);
+    for (int i = 1; i < plan_->readerRowParameter; ++i)
+        plan_->reader.Bind(i, values[static_cast<std::size_t>(i) - 1]);
+    RowStore::Rows found;
+    for (std::size_t row = 0; row < rowIds.size(); ++row)
+        found.set(row, ReadRow(rowIds[row], fields + row * plan_->fields.size()));
+    return found;
+}
+
+bool RowWriter::ReadRow(std::int64_t rowId, Value* fields)
+{
     Statement& reader = plan_->reader;
     const ResetAtExit reset(reader);
-    for (int i = 1; i < plan_->readerRowParameter; ++i)
-        reader.Bind(i, values[static_cast<std::size_t>(i) - 1]);
     reader.BindInteger(plan_->readerRowParameter, rowId);
     if (!session_->database.Step(reader))
-        throw refuse::RowVanished();
+        return false;
     for (std::size_t i = 0; i < plan_->fields.size(); ++i)
         fields[i] = reader.Get(static_cast<int>(i), plan_->fields[i].type);
+    return true;
 }
 
 Statement& RowWriter::InsertFor(const std::vector<bool>& set)

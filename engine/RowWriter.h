@@ -1,7 +1,9 @@
 #pragma once
+#include "engine/RowStore.h"
 #include "engine/Session.h"
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace clb {
@@ -27,12 +29,14 @@ public:
     /// Throws EngineError when the row is gone.
     void Update(std::int64_t rowId, const RowChange& change);
     void Delete(std::int64_t rowId);
-    /// Fills the fields of the row. Throws EngineError when it is gone.
-    void Read(std::int64_t rowId, const BoundValues& values, Value* fields);
+    /// Fills the fields of the rows, one row behind the other, those that are gone left out.
+    RowStore::Rows Read(std::span<const std::int64_t> rowIds, const BoundValues& values,
+                        Value* fields);
 
 private:
     Statement& InsertFor(const std::vector<bool>& set);
     Statement& UpdateFor(const std::vector<bool>& set);
+    bool ReadRow(std::int64_t rowId, Value* fields);
     int BindChange(Statement& statement, const RowChange& change);
 
     Connection::State* session_;

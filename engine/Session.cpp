@@ -39,7 +39,7 @@ StatementCache::Entry Connection::State::Prepare(std::string_view sql)
 
 void Connection::State::NoticeForeignSchema()
 {
-    if (database.InTransaction())
+    if (database.InTransaction() && !reading)
         return;  // nobody else can write now
     if (!readSchemaVersion)
         readSchemaVersion = database.Prepare("PRAGMA schema_version", true);
@@ -67,19 +67,47 @@ void Connection::State::BeginWrite()
     database.Step(begin);
 }
 
+void Connection::State::Commit()
+{
+    if (!commit)
+        commit = database.Prepare("COMMIT", true);
+    database.Step(commit);
+}
+
 void Connection::State::Settle()
 {
     if (!database.IsOpen() || !database.InTransaction())
         return;
-    if (!commit)
-        commit = database.Prepare("COMMIT", true);
     try {
-        database.Step(commit);
+        Commit();
     } catch (const EngineError&) {
         if (database.InTransaction())
             database.Run("ROLLBACK");
         ForgetSchema();
         throw;
+    }
+}
+
+ReadGroup::ReadGroup(Connection::State& session)
+{
+    if (session.database.InTransaction())
+        return;
+    if (!session.beginReading)
+        session.beginReading = session.database.Prepare("BEGIN DEFERRED", true);
+    session.database.Step(session.beginReading);
+    session.reading = true;
+    session_ = &session;
+}
+
+ReadGroup::~ReadGroup()
+{
+    if (!session_)
+        return;
+    session_->reading = false;
+    try {
+        session_->Commit();
+    } catch (const EngineError&) {
+        // Nothing was written. A group that the storage has given up already is over as well.
     }
 }
 

@@ -32,12 +32,29 @@ struct Connection::State {
     /// Opens the pending group unless it is open.
     void BeginWrite();
     void Settle();
+    void Commit();
     /// To be called after each change of the schema.
     void ForgetSchema();
     void RequireOpen() const;
 
+    bool reading = false;  ///< a ReadGroup lives
+    Statement beginReading;
+
 private:
     void NoticeForeignSchema();
+};
+
+/// Several reads in one block see one state of the file and lock it once. Does nothing inside the
+/// pending group. Nothing may be written while it lives.
+class ReadGroup {
+public:
+    explicit ReadGroup(Connection::State& session);
+    ~ReadGroup();
+    ReadGroup(const ReadGroup&) = delete;
+    ReadGroup& operator=(const ReadGroup&) = delete;
+
+private:
+    Connection::State* session_ = nullptr;  // null: somebody else's group goes on
 };
 
 }  // namespace clb
