@@ -44,7 +44,7 @@ private:
     bool Ask(bool save);
 
     IFileDialog& dialogs_;
-    std::string filter_{"All Files (*.*)\0*.*\0", 20};  // each divider a NUL
+    std::string filter_{"All Files (*.*)\0*.*", 19};  // each divider a NUL
 };
 
 }  // namespace clb

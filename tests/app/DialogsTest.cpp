@@ -1,0 +1,202 @@
+// The dialogs for splitting a transaction, options, about and files.
+
+#include <gtest/gtest.h>
+
+#include "app/clsOpenSave.h"
+#include "app/frmAbout.h"
+#include "app/frmSplit.h"
+#include "controls/CheckList.h"
+#include "tests/support/Books.h"
+
+namespace clb {
+namespace {
+
+template <typename Kind>
+Kind& In(Form& form, const char* name)
+{
+    return dynamic_cast<Kind&>(*form.Find(name));
+}
+
+class SplitDialogTest : public testing::Test {
+protected:
+    bool Split(const std::string& amount, std::function<void(Form&)> work)
+    {
+        host_.steps.push_back(std::move(work));
+        return frmSplit(host_).Split(Money::Parse(amount), "Dinner", first_, second_);
+    }
+    static std::string Amounts(Form& form)
+    {
+        return In<TextBox>(form, "txtOriginal").Text() + " + " + In<TextBox>(form, "txtNew").Text() +
+               " = " + In<TextBox>(form, "txtTotal").Text();
+    }
+
+    FakeModalHost host_;
+    Money first_;
+    Money second_;
+};
+
+TEST_F(SplitDialogTest, ProposesHalfAndSelectsIt)
+{
+    std::string amounts;
+    std::string selected;
+    const bool accepted = Split("100.00", [&](Form& form) {
+        amounts = Amounts(form);
+        selected = In<TextBox>(form, "txtNew").SelectedText();
+        EXPECT_EQ(form.Caption(), "Split Transaction");
+        EXPECT_EQ(In<TextBox>(form, "txtDescription").Text(), "Dinner");
+    });
+
+    EXPECT_FALSE(accepted);
+    EXPECT_EQ(amounts, "50 + 50 = 100");
+    EXPECT_EQ(selected, "50");
+}
+
+TEST_F(SplitDialogTest, TheFirstAmountIsWhatRemains)
+{
+    const bool accepted = Split("100", [&](Form& form) {
+        In<TextBox>(form, "txtNew").Text("30");
+        EXPECT_EQ(Amounts(form), "70 + 30 = 100");
+        In<Button>(form, "btnOK").Press();
+    });
+
+    EXPECT_TRUE(accepted);
+    EXPECT_EQ(first_, Money::Parse("70"));
+    EXPECT_EQ(second_, Money::Parse("30"));
+}
+
+TEST_F(SplitDialogTest, ATextThatIsNoNumberCannotBeAccepted)
+{
+    Split("100", [&](Form& form) {
+        In<TextBox>(form, "txtNew").Text("abc");
+        EXPECT_FALSE(In<Button>(form, "btnOK").Enabled());
+        EXPECT_EQ(Amounts(form), "50 + abc = 100");
+        In<TextBox>(form, "txtNew").Text("120");
+        EXPECT_TRUE(In<Button>(form, "btnOK").Enabled());
+        EXPECT_EQ(Amounts(form), "-20 + 120 = 100");
+    });
+}
+
+TEST_F(SplitDialogTest, TheSpinnerStepsTheSecondAmount)
+{
+    Split("100", [&](Form& form) {
+        In<Spinner>(form, "upDown").Step(1);
+        EXPECT_EQ(Amounts(form), "49 + 51 = 100");
+    });
+}
+
+TEST_F(SplitDialogTest, HalfACentGoesToTheEvenCent)
+{
+    Split("0.05", [&](Form& form) { EXPECT_EQ(Amounts(form), "0.03 + 0.02 = 0.05"); });
+}
+
+TEST(OptionsTest, ListsTheAccountsThatMayCountAndStoresWhatChanged)
+{
+    Books books;
+    books.AddAccount("10", "Bank", "Checking");
+    books.AddAccount("50", "Investment", "Fund");
+    books.AddAccount("30", "Credit Card", "Visa");
+    books.modal.steps.push_back([](Form& form) {
+        auto& list = In<CheckList>(form, "grdAccounts");
+        EXPECT_EQ(list.Columns().at(0), "Include");
+        ASSERT_EQ(list.Rows().size(), 2U);
+        EXPECT_EQ(ToText(list.Rows()[1][1]), "Visa");
+        list.Check(2, false);
+        In<TextBox>(form, "txtBankUrl").Text("https://bank.example/");
+        In<Button>(form, "btnOK").Press();
+    });
+
+    books.window.menus.Find("mnuT_Options")->Press();
+
+    EXPECT_EQ(books.Rows("SELECT AccountID, BudgetInclude FROM Account"),
+              (std::vector<std::string>{"10|True", "50|True", "30|False"}));
+    books.window.toolbar.Press("Link");
+    EXPECT_EQ(books.shell.opened, (std::vector<std::string>{"https://bank.example/"}));
+}
+
+TEST(OptionsTest, CancelWritesNothing)
+{
+    Books books;
+    books.AddAccount("10", "Bank", "Checking");
+    books.modal.steps.push_back([](Form& form) {
+        In<CheckList>(form, "grdAccounts").Check(1, false);
+        In<TextBox>(form, "txtBankUrl").Text("https://bank.example/");
+    });
+
+    books.window.menus.Find("mnuT_Options")->Press();
+
+    EXPECT_EQ(books.One("SELECT BudgetInclude FROM Account"), "True");
+    EXPECT_FALSE(books.folder.Holds("cvlb.ini"));
+}
+
+TEST(BankLinkTest, WithoutAnAddressItSaysWhereToSetIt)
+{
+    Books books;
+
+    books.window.toolbar.Press("Link");
+
+    EXPECT_TRUE(books.shell.opened.empty());
+    EXPECT_EQ(books.messages.boxes,
+              (std::vector<FakeMessageBox::Box>{
+                  {"You have not yet set your bank's URL, please do so from Tools|Options...", 48,
+                   "Corvane Ledgerbook"}}));
+}
+
+TEST(AboutTest, ShowsNameVersionAndLicence)
+{
+    FakeModalHost host;
+    FakeShell shell;
+    host.steps.push_back([](Form& form) {
+        EXPECT_EQ(form.Caption(), "About Corvane Ledgerbook");
+        EXPECT_EQ(In<Label>(form, "lblAppName").Caption(), "Corvane Ledgerbook 1.0.0");
+        EXPECT_TRUE(In<Label>(form, "lblLegal").Caption().starts_with("MIT License"));
+        In<Label>(form, "lblWebSite").PressClick();
+        In<Button>(form, "cmdOK").Press();
+    });
+
+    frmAbout(host, shell).ShowDialog();
+
+    EXPECT_EQ(shell.opened, (std::vector<std::string>{"https://corvane.example/"}));
+}
+
+TEST(clsOpenSaveTest, AFilterEndsWithADividerWhetherGivenOrNot)
+{
+    FakeFileDialog dialogs;
+    clsOpenSave dialog(dialogs);
+    EXPECT_EQ(dialog.Filter(), "All Files (*.*)|*.*");
+
+    dialog.Filter("Text|*.txt");
+    EXPECT_EQ(dialog.Filter(), "Text|*.txt|");
+    dialog.Filter("Text|*.txt|");
+    EXPECT_EQ(dialog.Filter(), "Text|*.txt|");
+}
+
+TEST(clsOpenSaveTest, CancellingKeepsTheProperties)
+{
+    FakeFileDialog dialogs;
+    clsOpenSave dialog(dialogs);
+    dialog.FileName = "before.ofx";
+    dialog.Flags = 4100;
+
+    EXPECT_FALSE(dialog.GetFileName());
+
+    EXPECT_EQ(dialog.FileName, "before.ofx");
+    EXPECT_EQ(dialog.Flags, 4100);
+    EXPECT_EQ(dialog.FileTitle, "");
+}
+
+TEST(clsOpenSaveTest, AChoiceSetsNameTitleAndExtension)
+{
+    FakeFileDialog dialogs;
+    dialogs.answers = {"/home/me/My statement.OFX"};
+    clsOpenSave dialog(dialogs);
+
+    EXPECT_TRUE(dialog.ShowSave());
+
+    EXPECT_TRUE(dialogs.questions.at(0).save);
+    EXPECT_EQ(dialog.FileName, "/home/me/My statement.OFX");
+    EXPECT_EQ(dialog.FileTitle, "My statement.OFX");
+    EXPECT_EQ(dialog.FileExt, "OFX");
+}
+
+}  // namespace
+}  // namespace clb

@@ -1,0 +1,87 @@
+#include "app/clsIni.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/TempFolder.h"
+
+namespace clb {
+namespace {
+
+class clsIniTest : public testing::Test {
+protected:
+    clsIniTest() { ini_.INIFile(folder_.Path("cvlb.ini")); }
+
+    TempFolder folder_;
+    clsIni ini_;
+};
+
+TEST_F(clsIniTest, AMissingFileReadsAsTheDefault)
+{
+    EXPECT_EQ(ini_.GetString("Settings", "BankUrl"), "");
+    EXPECT_EQ(ini_.GetString("Settings", "BankUrl", "none"), "none");
+    EXPECT_EQ(ini_.GetLong("Settings", "Port", 8271), 8271);
+}
+
+TEST_F(clsIniTest, WhatIsWrittenIsReadBack)
+{
+    ini_.WriteString("Settings", "BankUrl", "https://bank.example/?a=b;c");
+    ini_.WriteLong("Settings", "Port", -42);
+
+    EXPECT_EQ(ini_.GetString("Settings", "BankUrl"), "https://bank.example/?a=b;c");
+    EXPECT_EQ(ini_.GetLong("Settings", "Port", 0), -42);
+    EXPECT_EQ(folder_.Read("cvlb.ini"),
+              "[Settings]\r\nBankUrl=https://bank.example/?a=b;c\r\nPort=-42\r\n");
+}
+
+TEST_F(clsIniTest, NamesAreComparedWithoutRegardToCase)
+{
+    folder_.Write("cvlb.ini", "[SETTINGS]\nbankurl = x \n");
+
+    EXPECT_EQ(ini_.GetString("Settings", "BankUrl"), "x");
+    ini_.WriteString("settings", "BankURL", "y");
+    EXPECT_EQ(folder_.Read("cvlb.ini"), "[SETTINGS]\r\nBankURL=y\r\n");
+}
+
+TEST_F(clsIniTest, OtherLinesKeepTheirPlace)
+{
+    folder_.Write("cvlb.ini", "; mine\r\n[Other]\r\na=1\r\n\r\n[Settings]\r\n;x\r\n\r\n[Last]\r\nb=2\r\n");
+
+    ini_.WriteString("Settings", "BankUrl", "u");
+
+    EXPECT_EQ(folder_.Read("cvlb.ini"),
+              "; mine\r\n[Other]\r\na=1\r\n\r\n[Settings]\r\n;x\r\nBankUrl=u\r\n\r\n[Last]\r\nb=2\r\n");
+}
+
+TEST_F(clsIniTest, AnEmptyValueIsWrittenAndRead)
+{
+    ini_.WriteString("Settings", "BankUrl", "x");
+    ini_.WriteString("Settings", "BankUrl", "");
+
+    EXPECT_EQ(ini_.GetString("Settings", "BankUrl", "default"), "");
+    EXPECT_EQ(folder_.Read("cvlb.ini"), "[Settings]\r\nBankUrl=\r\n");
+}
+
+TEST_F(clsIniTest, AValueIsCutAtNinetyNineCharacters)
+{
+    ini_.WriteString("Settings", "BankUrl", std::string(120, 'x'));
+
+    EXPECT_EQ(ini_.GetString("Settings", "BankUrl"), std::string(99, 'x'));
+}
+
+TEST_F(clsIniTest, AQuotedValueLosesItsQuotes)
+{
+    folder_.Write("cvlb.ini", "[Settings]\nBankUrl=\" x \"\n");
+
+    EXPECT_EQ(ini_.GetString("Settings", "BankUrl"), " x ");
+}
+
+TEST_F(clsIniTest, ANumberIsReadAsFarAsItGoes)
+{
+    folder_.Write("cvlb.ini", "[Settings]\na=12abc\nb=abc\n");
+
+    EXPECT_EQ(ini_.GetLong("Settings", "a", 7), 12);
+    EXPECT_EQ(ini_.GetLong("Settings", "b", 7), 0);
+}
+
+}  // namespace
+}  // namespace clb
