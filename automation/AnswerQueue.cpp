@@ -2,10 +2,8 @@
 
 #include <array>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 constexpr std::array buttons = {BoxAnswer::OK, BoxAnswer::Cancel, BoxAnswer::Yes, BoxAnswer::No};
 
@@ -45,14 +43,10 @@ std::optional<FormReply> AnswerQueue::TakeForForm(const std::string& name)
 const char* NameOf(BoxAnswer button)
 {
     switch (button) {
-        case BoxAnswer::OK:
-            return "OK";
-        case BoxAnswer::Cancel:
-            return "Cancel";
-        case BoxAnswer::Yes:
-            return "Yes";
-        case BoxAnswer::No:
-            break;
+        case BoxAnswer::OK: return "OK";
+        case BoxAnswer::Cancel: return "Cancel";
+        case BoxAnswer::Yes: return "Yes";
+        case BoxAnswer::No: break;
     }
     return "No";
 }

@@ -8,8 +8,7 @@
 #include <variant>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// An answer to a message box, to a file dialog (empty: cancel), to a form.
 struct BoxReply {
@@ -26,8 +25,7 @@ struct FormReply {
 /// Answers for what the program will ask, in order. Each question takes the head when it fits: same
 /// kind of question, a button that the box has, the form of that name. A head that does not fit
 /// stays.
-class AnswerQueue
-{
+class AnswerQueue {
 public:
     using Answer = std::variant<BoxReply, FileReply, FormReply>;
     void Add(Answer answer) { answers_.push_back(std::move(answer)); }

@@ -10,14 +10,11 @@
 #include <optional>
 #include <ostream>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// One run of the program with everything that surrounds it.
-class Driver
-{
+class Driver {
 public:
     Driver(const AutomationOptions& options, IPresenter* presenter)
         : presenter_(presenter),

@@ -6,8 +6,7 @@
 #include <iosfwd>
 #include <string>
 
-namespace clb
-{
+namespace clb {
 
 /// What a driven program runs on.
 struct AutomationOptions {
@@ -18,8 +17,7 @@ struct AutomationOptions {
 
 /// A real window around the driven program. It draws the controls and follows them; what the driver
 /// does goes to the controls, never to the window.
-class IPresenter
-{
+class IPresenter {
 public:
     virtual ~IPresenter() = default;
     /// Sizes that the window's layout starts from; asked before the main window is made.

@@ -3,10 +3,8 @@
 #include "automation/Request.h"
 #include "base/RuntimeError.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 RequestError Wrong(std::size_t at, const char* kind)
 {
@@ -28,6 +26,10 @@ Money ReadMoney(const Json& json, std::size_t at)
 Value ReadArgument(const Json& json, char kind, std::size_t at)
 {
     switch (kind) {
+        case 'o':
+            if (!json.is_object())
+                throw Wrong(at, "an object");
+            return Null();
         case 't':
             if (!json.is_string())
                 throw Wrong(at, "a text");
@@ -36,8 +38,7 @@ Value ReadArgument(const Json& json, char kind, std::size_t at)
             if (!IsLong(json))
                 throw Wrong(at, "a whole number");
             break;
-        case 'm':
-            return ReadMoney(json, at);
+        case 'm': return ReadMoney(json, at);
         case 'b':
             if (!json.is_boolean())
                 throw Wrong(at, "true or false");
@@ -52,18 +53,15 @@ Value ReadArgument(const Json& json, char kind, std::size_t at)
 Value Unset(char kind)
 {
     switch (kind) {
-        case 'l':
-            return std::int32_t{0};
-        case 'm':
-            return Money();
-        default:
-            return std::string();
+        case 'l': return std::int32_t{0};
+        case 'm': return Money();
+        default: return std::string();
     }
 }
 
 }  // namespace
 
-CallArguments::CallArguments(const Json& given, const char* kinds)
+CallArguments::CallArguments(const Json& given, const char* kinds) : given_(given)
 {
     bool optional = false;
     std::size_t at = 0;
@@ -104,8 +102,10 @@ bool CallArguments::Flag(std::size_t at) const
 Json CallArguments::ToJson() const
 {
     Json json = Json::array();
-    for (const Value& value : values_)
-        json.push_back(clb::ToJson(value));
+    for (std::size_t at = 0; at < values_.size(); ++at) {
+        const bool object = at < given_.size() && given_[at].is_object();
+        json.push_back(object ? given_[at] : clb::ToJson(values_[at]));
+    }
     return json;
 }
 

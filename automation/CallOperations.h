@@ -4,8 +4,7 @@
 
 #include <string>
 
-namespace clb
-{
+namespace clb {
 
 /// Calls a public operation of the program by name, arguments in the order of its definition.
 /// Returns "result" and "args", the arguments as they stand after the call. Throws RequestError,

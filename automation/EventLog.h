@@ -1,12 +1,10 @@
 #pragma once
 #include "automation/ValueJson.h"
 
-namespace clb
-{
+namespace clb {
 
 /// What happened since it was last asked for, in order.
-class EventLog
-{
+class EventLog {
 public:
     /// An event is an object whose "event" names its kind.
     void Add(Json event) { events_.push_back(std::move(event)); }

@@ -1,15 +1,22 @@
 #include "automation/FormSteps.h"
 
 #include "automation/Request.h"
+#include "controls/CheckList.h"
 
 #include <cstdlib>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 using Kind = FormStep::Kind;
+
+FormStep ReadCheck(const Request& step, const Json& json)
+{
+    const Json& place = step.At("check");
+    if (!place.is_object())
+        throw RequestError("Wrong argument: \"check\" must be an object");
+    return {Kind::Check, "", "", 0, json, Request(place).Long("row"), step.Flag("to")};
+}
 
 FormStep ReadStep(const Json& json, bool screenshots)
 {
@@ -22,6 +29,8 @@ FormStep ReadStep(const Json& json, bool screenshots)
         return {Kind::Choose, step.Text("choose"), step.Text("to"), 0, json};
     if (step.Has("option"))
         return {Kind::Option, step.Text("option"), "", 0, json};
+    if (step.Has("check"))
+        return ReadCheck(step, json);
     if (step.Has("step"))
         return {Kind::Spin, step.Text("step"), "", step.Long("by"), json};
     if (step.Has("click"))
@@ -71,6 +80,22 @@ bool ChooseOption(Form& form, OptionButton* option)
     return true;
 }
 
+/// Ticks a row of the form's only list of checks.
+bool TickRow(Form& form, std::int32_t row, bool ticked)
+{
+    for (Control* control : form.Controls()) {
+        auto* list = dynamic_cast<CheckList*>(control);
+        if (!list)
+            continue;
+        const auto rows = static_cast<std::int32_t>(list->Rows().size());
+        if (!list->Enabled() || row < 1 || row > rows || !form.Focus(*list))
+            return false;
+        list->Check(static_cast<std::size_t>(row), ticked);
+        return true;
+    }
+    return false;
+}
+
 /// A spinner takes no focus; it steps once for each press of an arrow.
 bool Spin(Spinner* spinner, std::int32_t by)
 {
@@ -97,8 +122,22 @@ bool PressButton(Form& form, Button* button)
     return true;
 }
 
+Json Describe(const CheckList& list)
+{
+    Json rows = Json::array();
+    for (const std::vector<Value>& row : list.Rows()) {
+        Json values = Json::array();
+        for (const Value& value : row)
+            values.push_back(ToJson(value));
+        rows.push_back(std::move(values));
+    }
+    return {{"columns", list.Columns()}, {"rows", std::move(rows)}};
+}
+
 Json Describe(const Control& control)
 {
+    if (const auto* list = dynamic_cast<const CheckList*>(&control))
+        return Describe(*list);
     if (const auto* box = dynamic_cast<const TextBox*>(&control))
         return {
             {"text", box->Text()}, {"enabled", box->Enabled()}, {"selected", box->SelectedText()}};
@@ -134,25 +173,21 @@ std::vector<FormStep> ReadSteps(const Json& steps, bool screenshots)
 
 bool PerformStep(Form& form, const FormStep& step)
 {
+    if (step.kind == Kind::Check)
+        return TickRow(form, step.row, step.ticked);
     Control* const control = form.Find(step.control);
     if (!control || !control->Enabled())
         return false;
     switch (step.kind) {
-        case Kind::Set:
-            return SetText(form, dynamic_cast<TextBox*>(control), step.to);
-        case Kind::Choose:
-            return ChooseItem(form, dynamic_cast<ListBox*>(control), step.to);
-        case Kind::Option:
-            return ChooseOption(form, dynamic_cast<OptionButton*>(control));
-        case Kind::Spin:
-            return Spin(dynamic_cast<Spinner*>(control), step.by);
-        case Kind::Click:
-            return ClickLabel(dynamic_cast<Label*>(control));
-        case Kind::Press:
-            return PressButton(form, dynamic_cast<Button*>(control));
+        case Kind::Set: return SetText(form, dynamic_cast<TextBox*>(control), step.to);
+        case Kind::Choose: return ChooseItem(form, dynamic_cast<ListBox*>(control), step.to);
+        case Kind::Option: return ChooseOption(form, dynamic_cast<OptionButton*>(control));
+        case Kind::Spin: return Spin(dynamic_cast<Spinner*>(control), step.by);
+        case Kind::Click: return ClickLabel(dynamic_cast<Label*>(control));
+        case Kind::Press: return PressButton(form, dynamic_cast<Button*>(control));
+        case Kind::Check:
         case Kind::Read:
-        case Kind::Screenshot:
-            break;
+        case Kind::Screenshot: break;
     }
     return false;
 }

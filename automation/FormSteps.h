@@ -6,17 +6,18 @@
 #include <string>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// One thing that a user does in a form.
 struct FormStep {
-    enum class Kind { Set, Choose, Option, Spin, Click, Press, Read, Screenshot };
+    enum class Kind { Set, Choose, Option, Check, Spin, Click, Press, Read, Screenshot };
     Kind kind = Kind::Read;
-    std::string control;  ///< its name; the picture's file for Screenshot
-    std::string to;       ///< new text of a text box, or text of the list's item to choose
-    std::int32_t by = 0;  ///< how far a spinner is stepped
-    Json written;         ///< the step as it was given
+    std::string control;   ///< its name (none for Check); the picture's file for Screenshot
+    std::string to;        ///< new text of a text box, or text of the list's item to choose
+    std::int32_t by = 0;   ///< how far a spinner is stepped
+    Json written;          ///< the step as it was given
+    std::int32_t row = 0;  ///< row of the form's list of checks, from 1
+    bool ticked = false;   ///< its new state
 };
 
 /// Reads the steps of an answer. screenshots: whether there is a window to take pictures of. Throws

@@ -1,7 +1,6 @@
 #include "automation/Recorder.h"
 
-namespace clb
-{
+namespace clb {
 
 Recorder::Recorder(frmController& controller, EventLog& log) : log_(log)
 {

@@ -4,15 +4,13 @@
 
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// Logs what the main window's controls and its view tell: status texts, reloads, rebuilt trees,
 /// the grid's painting and its ten events. Made before the window is loaded, so that each event is
 /// logged as it was raised, ahead of what the program does about it. Controller and log are
 /// borrowed and outlive the recorder.
-class Recorder
-{
+class Recorder {
 public:
     Recorder(frmController& controller, EventLog& log);
     ~Recorder();

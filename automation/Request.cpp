@@ -1,9 +1,7 @@
 #include "automation/Request.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 RequestError Wrong(const char* name, const char* kind)
 {

@@ -5,21 +5,18 @@
 #include <stdexcept>
 #include <string>
 
-namespace clb
-{
+namespace clb {
 
 /// A request that cannot be carried out as it stands: no JSON object, an unknown verb or control, a
 /// wrong argument. Nothing was changed.
-class RequestError : public std::runtime_error
-{
+class RequestError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
 /// One request: an object with the verb and its arguments by name. A missing argument or one of
 /// another type throws RequestError.
-class Request
-{
+class Request {
 public:
     /// json must be an object and outlive the request.
     explicit Request(const Json& json) : json_(json) {}

@@ -4,10 +4,8 @@
 
 #include <filesystem>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// The button that a question gets when nobody answers.
 BoxAnswer Refusal(std::int32_t style)
@@ -19,8 +17,7 @@ BoxAnswer Refusal(std::int32_t style)
 }
 
 /// Shows a form in the window for as long as it is worked, if there is a window.
-class Shown
-{
+class Shown {
 public:
     Shown(IPresenter* presenter, Form& form) : presenter_(presenter), form_(form)
     {

@@ -9,8 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 class IPresenter;
 
@@ -18,8 +17,7 @@ class IPresenter;
 // handed out is logged, and nothing reaches the desktop. Queue, log and presenter are borrowed. A
 // question without a fitting answer is cancelled and logged as unanswered.
 
-class ScriptedMessageBox : public IMessageBox
-{
+class ScriptedMessageBox : public IMessageBox {
 public:
     ScriptedMessageBox(AnswerQueue& answers, EventLog& log) : answers_(answers), log_(log) {}
     BoxAnswer Show(const std::string& text, std::int32_t style, const std::string& title) override;
@@ -29,8 +27,7 @@ private:
     EventLog& log_;
 };
 
-class ScriptedFileDialog : public IFileDialog
-{
+class ScriptedFileDialog : public IFileDialog {
 public:
     ScriptedFileDialog(AnswerQueue& answers, EventLog& log) : answers_(answers), log_(log) {}
     std::optional<FileChoice> Ask(const FileQuestion& question) override;
@@ -41,8 +38,7 @@ private:
 };
 
 /// Works a form step by step until it closes; a form left open by its steps is cancelled.
-class ScriptedModalHost : public IModalHost
-{
+class ScriptedModalHost : public IModalHost {
 public:
     /// presenter: nullptr without a window.
     ScriptedModalHost(AnswerQueue& answers, EventLog& log, IPresenter* presenter)
@@ -61,8 +57,7 @@ private:
     IPresenter* presenter_;
 };
 
-class ScriptedShell : public IShell
-{
+class ScriptedShell : public IShell {
 public:
     explicit ScriptedShell(EventLog& log) : log_(log) {}
     void Open(const std::string& address) override;
@@ -73,8 +68,7 @@ private:
 };
 
 /// Logs the pointer when it becomes another one.
-class ScriptedPointer : public IPointer
-{
+class ScriptedPointer : public IPointer {
 public:
     explicit ScriptedPointer(EventLog& log) : log_(log) {}
     std::int32_t Pointer() const override { return code_; }

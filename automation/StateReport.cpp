@@ -1,9 +1,7 @@
 #include "automation/StateReport.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 Json DescribeMenus(MenuBar& menus)
 {

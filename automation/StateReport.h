@@ -2,8 +2,7 @@
 #include "app/frmController.h"
 #include "automation/ValueJson.h"
 
-namespace clb
-{
+namespace clb {
 
 // What the controls show at this moment, as the bodies of replies.
 

@@ -1,9 +1,7 @@
 #include "automation/Statements.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 Json Fields(const Recordset& records)
 {

@@ -4,8 +4,7 @@
 
 #include <string>
 
-namespace clb
-{
+namespace clb {
 
 /// Runs one statement. Gives "fields" (name and type of each) and "rows" (arrays of values); both
 /// are empty for a statement without rows. Throws EngineError.

@@ -5,10 +5,8 @@
 #include <cstdint>
 #include <limits>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 struct Writer {
     Json operator()(Null) const { return nullptr; }

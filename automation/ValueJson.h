@@ -4,8 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-namespace clb
-{
+namespace clb {
 
 /// JSON whose objects keep the order in which they were filled, so that replies read the same way
 /// each time.

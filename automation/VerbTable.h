@@ -4,8 +4,7 @@
 #include <map>
 #include <string_view>
 
-namespace clb
-{
+namespace clb {
 
 /// A verb of the interface. A user's verb is what a person does with mouse and keys: the disabled
 /// main window refuses it.

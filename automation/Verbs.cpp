@@ -1,9 +1,7 @@
 #include "automation/VerbTable.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 const Verb& FindVerb(const std::string& name)
 {

@@ -7,8 +7,7 @@
 
 #include <string>
 
-namespace clb
-{
+namespace clb {
 
 /// What a verb works on. All borrowed.
 struct Session {

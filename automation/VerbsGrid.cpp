@@ -1,10 +1,8 @@
 #include "automation/StateReport.h"
 #include "automation/VerbTable.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 struct Cell {
     std::size_t row = 0;

@@ -3,10 +3,8 @@
 #include "automation/Statements.h"
 #include "automation/VerbTable.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 Json Window(Session& session, const Request&)
 {

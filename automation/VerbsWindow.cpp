@@ -1,10 +1,8 @@
 #include "automation/StateReport.h"
 #include "automation/VerbTable.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 std::int32_t NodeWithText(const Tree& tree, const std::string& text)
 {

@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 std::string Printed(const Table& table)
 {

@@ -1,0 +1,222 @@
+// The program clb as a user calls it.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "automation/ValueJson.h"
+#include "tests/support/TempFolder.h"
+
+namespace clb {
+namespace {
+
+class CommandsTest : public testing::Test {
+protected:
+    /// Runs clb with words for the shell; returns the exit code.
+    int Run(const std::string& words)
+    {
+        const std::string command = "'" CLB_PROGRAM "' " + words + " >'" + folder.Path("out") +
+                                    "' 2>'" + folder.Path("err") + "'";
+        const int status = std::system(command.c_str());
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    std::string Out() { return folder.Read("out"); }
+    std::string Err() { return folder.Read("err"); }
+    std::string Books() { return "'" + folder.Path("books") + "'"; }
+    std::string Home() { return " --home " + Books(); }
+    /// One statement on the books; its rows.
+    std::string Sql(const std::string& statement)
+    {
+        EXPECT_EQ(Run("sql " + Books() + " \"" + statement + "\""), 0) << Out();
+        return ToLine(Json::parse(Out())["rows"]);
+    }
+    std::string Statement(const std::string& account, const std::string& amount)
+    {
+        return "'" +
+               folder.Write("march.ofx",
+                            "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n<OFX>\r\n"
+                            "<ACCTID>" +
+                                account + "\r\n<STMTTRN><DTPOSTED>20060305<TRNAMT>" + amount +
+                                "<FITID>1<NAME>Shop</STMTTRN>\r\n") +
+               "'";
+    }
+
+    TempFolder folder;
+};
+
+TEST_F(CommandsTest, NewMakesAFolderOnce)
+{
+    EXPECT_EQ(Run("new " + Books()), 0);
+    EXPECT_EQ(Out(), "Made " + folder.Path("books/db/clb.mdb") + "\n");
+
+    EXPECT_EQ(Run("new " + Books()), 1);
+    EXPECT_EQ(Out(), "");
+    EXPECT_EQ(Err(), "clb: File already exists: " + folder.Path("books/db/clb.mdb") + "\n");
+}
+
+TEST_F(CommandsTest, SqlPrintsOneObject)
+{
+    Run("new " + Books());
+
+    EXPECT_EQ(Run("sql " + Books() + " 'SELECT Sequence FROM Loan'"), 0);
+    EXPECT_EQ(Out(), R"({"ok":true,"fields":[{"name":"Sequence","type":"long"}],"rows":[]})"
+                     "\n");
+
+    EXPECT_EQ(Run("sql " + Books() + " 'SELECT * FROM Nowhere'"), 1);
+    EXPECT_EQ(Json::parse(Out())["error"]["number"], static_cast<std::int32_t>(0x80040E37));
+    EXPECT_EQ(Run("sql '" + folder.Path("none") + "' 'SELECT * FROM Loan'"), 1);
+    EXPECT_EQ(Json::parse(Out())["ok"], false);
+}
+
+TEST_F(CommandsTest, WrongUsageHasItsOwnExitCode)
+{
+    EXPECT_EQ(Run(""), 2);
+    EXPECT_EQ(Run("dance"), 2);
+    EXPECT_EQ(Run("register x --month 2006-13"), 2);
+    EXPECT_EQ(Run("automate --now yesterday"), 2);
+    EXPECT_EQ(Run("new ''"), 2);
+    EXPECT_EQ(Run("import x --type Bank"), 2);
+    EXPECT_EQ(Out(), "");
+    EXPECT_NE(Err(), "");
+    EXPECT_EQ(Run("--help"), 0);
+    EXPECT_NE(Out().find("import"), std::string::npos);
+}
+
+TEST_F(CommandsTest, ImportIntoAnUnknownAccountNamesTheOptions)
+{
+    Run("new " + Books());
+
+    EXPECT_EQ(Run("import " + Statement("12-34", "-45.50") + Home()), 1);
+
+    EXPECT_EQ(Out(), "");
+    EXPECT_NE(Err().find("--create NAME --type TYPE"), std::string::npos);
+    EXPECT_NE(Err().find("--map ACCOUNT"), std::string::npos);
+    EXPECT_EQ(Sql("SELECT * FROM Account"), "[]");
+}
+
+TEST_F(CommandsTest, ImportMakesTheAccountAndAddsATransactionOnce)
+{
+    Run("new " + Books());
+
+    EXPECT_EQ(Run("import " + Statement("12-34", "-45.50") + " --create Visa --type 'Credit Card'" +
+                  Home()),
+              0);
+    EXPECT_EQ(Out(), "Imported 1 transaction\n");
+    EXPECT_EQ(Sql("SELECT AccountID, Description, Type, CurrentBalance FROM Account"),
+              R"([["12-34","Visa","Credit Card","-45.5"]])");
+
+    EXPECT_EQ(Run("import " + Statement("12-34", "-45.50") + " --json" + Home()), 0);
+    EXPECT_EQ(Json::parse(Out())["imported"], 0);
+}
+
+TEST_F(CommandsTest, ImportMapsToAnAccountByNumberOrDescription)
+{
+    Run("new " + Books());
+    Sql("INSERT INTO Account (AccountID, Description, Type) VALUES ('B-1', 'Checking', 'Bank')");
+
+    EXPECT_EQ(Run("import " + Statement("12-34", "-1") + " --map B-1" + Home()), 0);
+    EXPECT_EQ(Sql("SELECT AccountID FROM Account"), R"([["12-34"]])");
+    EXPECT_EQ(Run("import " + Statement("56-78", "-1") + " --map Checking" + Home()), 0);
+    EXPECT_EQ(Sql("SELECT AccountID FROM Account"), R"([["56-78"]])");
+
+    EXPECT_EQ(Run("import " + Statement("90", "-1") + " --map Nobody" + Home()), 1);
+    EXPECT_EQ(Err(), "clb: No such account: Nobody\n");
+}
+
+TEST_F(CommandsTest, BadFilesAreRefusedWithTheProgramsMessage)
+{
+    Run("new " + Books());
+
+    EXPECT_EQ(Run("import '" + folder.Write("x.ofx", "no statement\r\n") + "'" + Home()), 1);
+    EXPECT_EQ(Err(), "Invalid file format.\n");
+
+    EXPECT_EQ(Run("import " + Statement("12-34", "much") + " --create Visa" + Home()), 1);
+    EXPECT_EQ(Err(), "Invalid data was found while importing:\n<TRNAMT>\n");
+
+    EXPECT_EQ(Run("import '" + folder.Path("none.ofx") + "'" + Home()), 1);
+    EXPECT_NE(Err(), "");
+}
+
+TEST_F(CommandsTest, AccountsAndNetWorthAreTables)
+{
+    Run("new " + Books());
+    Sql("INSERT INTO Account (AccountID, Description, Type, OpeningBalance) VALUES "
+        "('B-1', 'Checking', 'Bank', 1234.5)");
+
+    EXPECT_EQ(Run("accounts" + Home()), 0);
+    EXPECT_EQ(Out(),
+              "Description  Type  Account #  Opening Balance  Current Balance\n"
+              "-----------  ----  ---------  ---------------  ---------------\n"
+              "Checking     Bank  B-1               1,234.50         1,234.50\n");
+    EXPECT_EQ(Run("networth --json" + Home()), 0);
+    EXPECT_EQ(Out(), R"({"accounts":[{"Description":"Checking","Type":"Bank","AccountID":"B-1",)"
+                     R"("OpeningBalance":"1234.5","TotBalance":"1234.5"}],)"
+                     R"("opening":"1234.5","current":"1234.5"})"
+                     "\n");
+    EXPECT_EQ(Run("networth" + Home()), 0);
+    EXPECT_NE(Out().find("Total Net Worth:"), std::string::npos);
+}
+
+TEST_F(CommandsTest, ARegisterShowsTheMonthAskedFor)
+{
+    Run("new " + Books());
+    Run("import " + Statement("12-34", "-45.50") + " --create Visa" + Home());
+
+    EXPECT_EQ(Run("register Visa --month 2006-03" + Home()), 0);
+    EXPECT_EQ(Out(),
+              "Date        Description  Amount  Check #  Category  Notes\n"
+              "----------  -----------  ------  -------  --------  -----\n"
+              "2006-03-05  Shop         -45.50           (none)\n"
+              "Balance: -45.50\n");
+    EXPECT_EQ(Run("register 12-34 --month 2006-02 --json" + Home()), 0);
+    const Json february = Json::parse(Out());
+    EXPECT_EQ(february["account"]["Description"], "Visa");
+    EXPECT_EQ(february["period"], 2);
+    EXPECT_TRUE(february["rows"].empty());
+    EXPECT_EQ(february["total"], "0");
+    EXPECT_EQ(Run("register Nobody" + Home()), 1);
+    EXPECT_EQ(Err(), "clb: No such account: Nobody\n");
+}
+
+TEST_F(CommandsTest, ABudgetShowsItsGroupsAndWhatWasSpent)
+{
+    Run("new " + Books());
+    Sql("INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES "
+        "(2006, 3, 'Food', 'Household', 300)");
+
+    EXPECT_EQ(Run("budget --month 2006-03" + Home()), 0);
+    EXPECT_NE(Out().find("Household (1 items)\n"), std::string::npos) << Out();
+    EXPECT_NE(Out().find("Month to date: 300.00 / 0.00\n"), std::string::npos) << Out();
+    EXPECT_EQ(Run("budget --month 2006-03 --json" + Home()), 0);
+    const Json budget = Json::parse(Out());
+    EXPECT_EQ(budget["rows"][0]["Category"], "Food");
+    EXPECT_EQ(budget["budgeted"], "300");
+}
+
+TEST_F(CommandsTest, TheDemoIsAHouseholdOfAllAccountTypes)
+{
+    EXPECT_EQ(Run("demo " + Books()), 0);
+
+    for (const char* type : {"Bank", "Cash", "Credit Card", "Investment", "Loan"})
+        EXPECT_NE(Sql(std::string("SELECT AccountID FROM Account WHERE Type = '") + type + "'"),
+                  "[]")
+            << type;
+    EXPECT_EQ(Run("networth" + Home()), 0);
+    EXPECT_EQ(Run("demo " + Books()), 1);
+}
+
+TEST_F(CommandsTest, TheUsersDataFolderIsFilledOnFirstUse)
+{
+    EXPECT_EQ(setenv("XDG_DATA_HOME", folder.Path("data").c_str(), 1), 0);
+
+    EXPECT_EQ(Run("accounts --json"), 0);
+
+    unsetenv("XDG_DATA_HOME");
+    EXPECT_EQ(Out(), "{\"accounts\":[]}\n");
+    EXPECT_TRUE(folder.Holds("data/corvane-ledgerbook/db/clb.mdb"));
+}
+
+}  // namespace
+}  // namespace clb
