@@ -164,42 +164,46 @@ void Checker::CheckAggregate(Expression& e)
 
 void Checker::CheckScalar(Expression& e)
 {
-    const auto argument = [&](std::size_t i) -> const Expression& { return *e.operands[i]; };
+    const Expression& first = *e.operands[0];
     switch (e.function) {
         case Function::Year:
         case Function::Month:
-        case Function::Day:
-            RequireDate(argument(0));
-            e.type = FieldType::Long;
-            break;
-        case Function::Len: e.type = FieldType::Long; break;
+        case Function::Day: RequireDate(first); break;
         case Function::Left:
         case Function::Right:
         case Function::Mid:
             for (std::size_t i = 1; i < e.operands.size(); ++i)
-                RequireNumber(argument(i));
-            e.type = FieldType::Text;
+                RequireNumber(*e.operands[i]);
             break;
-        case Function::Abs: e.type = NegatedType(argument(0)); break;
         case Function::Round:
-            RequireNumber(argument(0));
-            if (e.operands.size() > 1)
-                RequireNumber(argument(1));
-            e.type = argument(0).type == FieldType::Money ? FieldType::Money : FieldType::Double;
+            for (const ExpressionPtr& operand : e.operands)
+                RequireNumber(*operand);
             break;
-        case Function::IIf:
-            RequireCondition(argument(0));
-            e.type = CommonType(argument(1), argument(2));
-            break;
+        case Function::IIf: RequireCondition(first); break;
+        default: break;
+    }
+    e.type = ScalarType(e);
+}
+
+FieldType Checker::ScalarType(const Expression& e)
+{
+    const FieldType first = e.operands[0]->type;
+    switch (e.function) {
+        case Function::Year:
+        case Function::Month:
+        case Function::Day:
+        case Function::Len:
+        case Function::CLng: return FieldType::Long;
+        case Function::Abs: return NegatedType(*e.operands[0]);
+        case Function::Round:
+            return first == FieldType::Money ? FieldType::Money : FieldType::Double;
+        case Function::IIf: return CommonType(*e.operands[1], *e.operands[2]);
         case Function::Nz:
-            e.type =
-                e.operands.size() > 1 ? CommonType(argument(0), argument(1)) : argument(0).type;
-            break;
-        case Function::IsNull: e.type = FieldType::Boolean; break;
-        case Function::CLng: e.type = FieldType::Long; break;
-        case Function::CCur: e.type = FieldType::Money; break;
-        case Function::CDbl: e.type = FieldType::Double; break;
-        default: e.type = FieldType::Text; break;
+            return e.operands.size() > 1 ? CommonType(*e.operands[0], *e.operands[1]) : first;
+        case Function::IsNull: return FieldType::Boolean;
+        case Function::CCur: return FieldType::Money;
+        case Function::CDbl: return FieldType::Double;
+        default: return FieldType::Text;
     }
 }
 

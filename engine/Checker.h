@@ -34,6 +34,7 @@ private:
     void CheckCall(Expression& e);
     void CheckAggregate(Expression& e);
     void CheckScalar(Expression& e);
+    static FieldType ScalarType(const Expression& e);
     static void RequireText(const Expression& e);
     static void RequireNumber(const Expression& e);
     static void RequireDate(const Expression& e);

@@ -87,22 +87,14 @@ void Writer::Write(const Expression& e)
         case ExpressionKind::Column:
             Text("t" + std::to_string(e.source) + ".").Name(e.column->name);
             break;
-        case ExpressionKind::Negate:
-            Text(e.type == FieldType::Money  ? "clb_negate("
-                 : e.type == FieldType::Long ? "clb_long(-"
-                                             : "(-");
-            WriteAs(*e.operands[0], e.type);
-            Text(")");
-            break;
+        case ExpressionKind::Negate: WriteNegated(e); break;
         case ExpressionKind::Not:
-            Text("(NOT ");
-            WriteCondition(*e.operands[0]);
+            Text("(NOT ").WriteCondition(*e.operands[0]);
             Text(")");
             break;
         case ExpressionKind::Binary: WriteBinary(e); break;
         case ExpressionKind::NullTest:
-            Text("(");
-            Write(*e.operands[0]);
+            Text("(").Write(*e.operands[0]);
             Text(e.negated ? " IS NOT NULL)" : " IS NULL)");
             break;
         case ExpressionKind::In: WriteIn(e); break;
@@ -110,6 +102,16 @@ void Writer::Write(const Expression& e)
         case ExpressionKind::Like: WriteLike(e); break;
         case ExpressionKind::Call: WriteCall(e); break;
     }
+}
+
+void Writer::WriteNegated(const Expression& e)
+{
+    if (e.type == FieldType::Money)
+        Text("clb_negate(");
+    else
+        Text(e.type == FieldType::Long ? "clb_long(-" : "(-");
+    WriteAs(*e.operands[0], e.type);
+    Text(")");
 }
 
 void Writer::WriteAs(const Expression& e, FieldType type)
@@ -189,11 +191,12 @@ void Writer::WriteLiteral(const Expression& e, const ColumnType& type, std::stri
 void Writer::WriteTruth(const Expression& e, FieldType type)
 {
     switch (type) {
-        case FieldType::Boolean: Text(e.truth ? "1" : "0"); break;
-        case FieldType::Money: Text(e.truth ? "-10000" : "0"); break;
+        // Spelled out, since a bare 1 would be a position in ORDER BY.
+        case FieldType::Boolean: Text(e.truth ? "TRUE" : "FALSE"); break;
+        case FieldType::Money: Text(e.truth ? "(-10000)" : "(0)"); break;
         case FieldType::Text: Text(e.truth ? "'True'" : "'False'"); break;
         case FieldType::Date: throw refuse::TypeMismatch();
-        default: Text(e.truth ? "-1" : "0"); break;
+        default: Text(e.truth ? "(-1)" : "(0)"); break;
     }
 }
 

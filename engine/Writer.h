@@ -43,6 +43,7 @@ public:
 
 private:
     void WriteLiteral(const Expression& e, const ColumnType& type, std::string_view column = {});
+    void WriteNegated(const Expression& e);
     void WriteBinary(const Expression& e);
     void WriteArithmetic(const Expression& e);
     void WriteMoneyProduct(const Expression& a, const Expression& b);
@@ -56,7 +57,11 @@ private:
     void WriteCall(const Expression& e);
     void WriteAggregate(const Expression& e);
     void WriteScalar(const Expression& e);
+    void WriteDatePart(const Expression& e);
     void WriteMid(const Expression& e);
+    void WriteRound(const Expression& e);
+    void WriteIIf(const Expression& e);
+    void WriteNz(const Expression& e);
     void WriteConversion(const Expression& e, const ColumnType& type, std::string_view column);
     void WriteFunction(std::string_view name, const Expression& a, FieldType typeA,
                        const Expression& b, FieldType typeB);

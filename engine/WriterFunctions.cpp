@@ -34,6 +34,16 @@ std::string_view DatePart(Function function)
     }
 }
 
+/// What stands for null where nothing else is said.
+std::string_view EmptyValue(FieldType type)
+{
+    switch (type) {
+        case FieldType::Text: return "''";
+        case FieldType::Date: return "'1899-12-30'";
+        default: return "0";
+    }
+}
+
 }  // namespace
 
 void Writer::WriteCall(const Expression& e)
@@ -74,11 +84,7 @@ void Writer::WriteScalar(const Expression& e)
     switch (e.function) {
         case Function::Year:
         case Function::Month:
-        case Function::Day:
-            Text("CAST(substr(");
-            Write(first);
-            Text(DatePart(e.function)).Text(" AS INTEGER)");
-            break;
+        case Function::Day: WriteDatePart(e); break;
         case Function::Left:
         case Function::Right:
             WriteFunction(StorageName(e.function), first, FieldType::Text, *e.operands[1],
@@ -86,56 +92,61 @@ void Writer::WriteScalar(const Expression& e)
             break;
         case Function::Mid: WriteMid(e); break;
         case Function::Abs:
-            Text(e.type == FieldType::Long ? "clb_long(abs(" : "(abs(");
-            WriteAs(first, e.type);
+            Text(e.type == FieldType::Long ? "clb_long(abs(" : "(abs(").WriteAs(first, e.type);
             Text("))");
             break;
-        case Function::Round:
-            Text("clb_round(");
-            WriteAs(first, e.type);
-            Text(", ");
-            if (e.operands.size() > 1)
-                WriteAs(*e.operands[1], FieldType::Long);
-            else
-                Text("0");
-            Text(", " + std::to_string(static_cast<int>(e.type)) + ")");
-            break;
-        case Function::IIf:
-            Text("CASE WHEN ");
-            WriteCondition(first);
-            Text(" THEN ");
-            WriteAs(*e.operands[1], e.type);
-            Text(" ELSE ");
-            WriteAs(*e.operands[2], e.type);
-            Text(" END");
-            break;
+        case Function::Round: WriteRound(e); break;
+        case Function::IIf: WriteIIf(e); break;
         case Function::IsNull:
-            Text("(");
-            Write(first);
+            Text("(").Write(first);
             Text(" IS NULL)");
             break;
-        case Function::Nz:
-            Text("coalesce(");
-            WriteAs(first, e.type);
-            Text(", ");
-            if (e.operands.size() > 1)
-                WriteAs(*e.operands[1], e.type);
-            else
-                Text(e.type == FieldType::Text   ? "''"
-                     : e.type == FieldType::Date ? "'1899-12-30'"
-                                                 : "0");
-            Text(")");
-            break;
+        case Function::Nz: WriteNz(e); break;
         case Function::CStr:
         case Function::CLng:
         case Function::CCur:
         case Function::CDbl: WriteAs(first, e.type); break;
         default:
-            Text(StorageName(e.function)).Text("(");
-            WriteAs(first, FieldType::Text);
+            Text(StorageName(e.function)).Text("(").WriteAs(first, FieldType::Text);
             Text(")");
             break;
     }
+}
+
+void Writer::WriteDatePart(const Expression& e)
+{
+    Text("CAST(substr(").Write(*e.operands[0]);
+    Text(DatePart(e.function)).Text(" AS INTEGER)");
+}
+
+void Writer::WriteRound(const Expression& e)
+{
+    Text("clb_round(").WriteAs(*e.operands[0], e.type);
+    Text(", ");
+    if (e.operands.size() > 1)
+        WriteAs(*e.operands[1], FieldType::Long);
+    else
+        Text("0");
+    Text(", " + std::to_string(static_cast<int>(e.type)) + ")");
+}
+
+void Writer::WriteIIf(const Expression& e)
+{
+    Text("CASE WHEN ").WriteCondition(*e.operands[0]);
+    Text(" THEN ").WriteAs(*e.operands[1], e.type);
+    Text(" ELSE ").WriteAs(*e.operands[2], e.type);
+    Text(" END");
+}
+
+void Writer::WriteNz(const Expression& e)
+{
+    Text("coalesce(").WriteAs(*e.operands[0], e.type);
+    Text(", ");
+    if (e.operands.size() > 1)
+        WriteAs(*e.operands[1], e.type);
+    else
+        Text(EmptyValue(e.type));
+    Text(")");
 }
 
 void Writer::WriteMid(const Expression& e)

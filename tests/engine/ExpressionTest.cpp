@@ -40,6 +40,8 @@ TEST_F(ExpressionTest, ConditionsKeepTheirPrecedence)
     EXPECT_EQ(Ids("n = 2 * 2 + 1"), "14");
     EXPECT_EQ(Ids("id & n = '15'"), "1");
     EXPECT_EQ(Ids("n = - -5"), "14");
+    EXPECT_EQ(Ids("id = - TRUE"), "1");
+    EXPECT_EQ(Ids("id = -(-n) - 4"), "13");
     EXPECT_EQ(Ids("false"), "");
     EXPECT_EQ(Ids("true"), "1234");
     EXPECT_EQ(Ids("1"), "1234");

@@ -73,6 +73,15 @@ TEST_F(QueryTest, AnOrderMayNameAnAliasAnExpressionOrAPosition)
     EXPECT_EQ(Rows("SELECT Category, Amount FROM Trans ORDER BY 2"), (Lines{"x|-5", "x|1", "x|3"}));
 }
 
+TEST_F(QueryTest, ATruthValueIsNoPosition)
+{
+    AddTrans("1", "b", "1");
+    AddTrans("1", "a", "2");
+
+    EXPECT_EQ(Rows("SELECT Category FROM Trans ORDER BY TRUE"), (Lines{"b", "a"}));
+    EXPECT_EQ(Rows("SELECT SUM(Amount) FROM Trans GROUP BY TRUE"), Lines{"3"});
+}
+
 TEST_F(QueryTest, AnInnerJoinGivesTheRowsOfTheLastTableAsTheyWereAdded)
 {
     RunAll({"INSERT INTO Account (AccountID, Description) VALUES ('2', 'two')",
