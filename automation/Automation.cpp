@@ -122,8 +122,9 @@ int RunAutomation(std::istream& requests, std::ostream& replies, const Automatio
                   IPresenter* presenter)
 {
     Driver driver(options, presenter);
-    replies << ToLine(driver.Load()) << std::endl;
-    if (!driver.Running())
+    const Json loaded = driver.Load();
+    replies << ToLine(loaded) << std::endl;
+    if (loaded["ok"] == false)
         return 1;
     std::string line;
     while (driver.Running() && std::getline(requests, line))

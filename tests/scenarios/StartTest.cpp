@@ -72,6 +72,18 @@ TEST_F(StartTest, WithoutADatabaseLoadingFailsAndTheExitCodeIs1)
     EXPECT_FALSE(folder.Holds("nowhere/db/clb.mdb"));
 }
 
+TEST_F(StartTest, AFailureOfTheFirstReloadIsAFailureOfLoading)
+{
+    // Symptom: the first line told the error, but the process stayed and waited for requests.
+    Sql("DROP TABLE Account");
+    Sql("CREATE TABLE Account (AccountID TEXT, Description TEXT, Type TEXT, BudgetInclude YESNO)");
+
+    AutomationClient client({"--home", folder.Path()});
+
+    EXPECT_EQ(client.FirstLine()["ok"], false);
+    EXPECT_EQ(client.ExitCode(), 1);
+}
+
 TEST_F(StartTest, QuitIsTheLastReply)
 {
     EXPECT_EQ(ToLine(Do({{"do", "quit"}})), R"json({"ok":true})json");
