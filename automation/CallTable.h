@@ -21,7 +21,7 @@ const OperationTable& ViewOperations();
 const OperationTable& GridOperations();
 /// Statement files in and out.
 const OperationTable& StatementOperations();
-/// Settings, file dialogs, small helpers.
+/// Settings, file dialogs, small routines.
 const OperationTable& CommonOperations();
 
 }  // namespace clb

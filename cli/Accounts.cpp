@@ -6,10 +6,8 @@
 #include <iostream>
 #include <memory>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// The program starts with all accounts and their sum on the screen; this prints them.
 void PrintAccounts(const FolderOptions& options, bool totals)

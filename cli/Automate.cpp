@@ -6,10 +6,8 @@
 #include <iostream>
 #include <memory>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 struct AutomateOptions : FolderOptions {
     std::optional<std::string> now;

@@ -6,10 +6,8 @@
 #include <iostream>
 #include <memory>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 struct BudgetOptions : FolderOptions {
     std::optional<std::string> month;

@@ -1,12 +1,10 @@
 #pragma once
 
-namespace CLI
-{
+namespace CLI {
 class App;
 }
 
-namespace clb
-{
+namespace clb {
 
 // The commands of the program clb, one file each. Each adds its subcommand; when that is the one
 // called, it runs while the command line is parsed. exitCode is written then: 0 done, 1 refused or

@@ -5,10 +5,8 @@
 #include <filesystem>
 #include <ostream>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 std::string FirstLines(const std::string& text, int count)
 {

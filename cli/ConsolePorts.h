@@ -7,13 +7,11 @@
 #include <iosfwd>
 #include <string>
 
-namespace clb
-{
+namespace clb {
 
 /// Writes what the program tells to a stream, at most its first two lines (a text may hold a whole
 /// file). Questions are answered with No.
-class ConsoleMessages : public IMessageBox
-{
+class ConsoleMessages : public IMessageBox {
 public:
     /// The stream is borrowed.
     explicit ConsoleMessages(std::ostream& out) : out_(out) {}
@@ -27,8 +25,7 @@ private:
 };
 
 /// Chooses the same file each time; cancels while none is set.
-class ConsoleFileDialog : public IFileDialog
-{
+class ConsoleFileDialog : public IFileDialog {
 public:
     void Choose(const std::string& path) { path_ = path; }
     std::optional<FileChoice> Ask(const FileQuestion& question) override;
@@ -38,15 +35,13 @@ private:
 };
 
 /// No desktop.
-class ConsoleShell : public IShell
-{
+class ConsoleShell : public IShell {
 public:
     void Open(const std::string&) override {}
     void Help(const std::string&) override {}
 };
 
-class ConsolePointer : public IPointer
-{
+class ConsolePointer : public IPointer {
 public:
     std::int32_t Pointer() const override { return code_; }
     void Pointer(std::int32_t code) override { code_ = code; }

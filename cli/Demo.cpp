@@ -9,10 +9,8 @@
 #include <iostream>
 #include <memory>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 struct DemoOptions : FolderOptions {
     std::string folder;

@@ -1,9 +1,7 @@
 #include "cli/GridOutput.h"
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 std::vector<std::int32_t> VisibleColumns(const GridColumns& columns)
 {
@@ -50,17 +48,10 @@ Table GridTable(CVGrid& grid)
     }
     for (std::size_t row = 1; row <= grid.Rows().Count(); ++row) {
         switch (grid.Rows().Kind(row)) {
-            case GridRowKind::Data:
-                table.AddRow(CellTexts(grid, row));
-                break;
-            case GridRowKind::GroupHeading:
-                table.AddLine(grid.Rows().HeadingText(row));
-                break;
-            case GridRowKind::GroupFooter:
-                table.AddLine(grid.Component().FooterText(row));
-                break;
-            case GridRowKind::NewRow:
-                break;
+            case GridRowKind::Data: table.AddRow(CellTexts(grid, row)); break;
+            case GridRowKind::GroupHeading: table.AddLine(grid.Rows().HeadingText(row)); break;
+            case GridRowKind::GroupFooter: table.AddLine(grid.Component().FooterText(row)); break;
+            case GridRowKind::NewRow: break;
         }
     }
     return table;

@@ -5,8 +5,7 @@
 
 #include <string>
 
-namespace clb
-{
+namespace clb {
 
 /// The grid's rows as shown: visible columns in their order on the screen, headings and footers of
 /// groups as lines.

@@ -6,10 +6,8 @@
 #include <iostream>
 #include <memory>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 struct ImportOptions : FolderOptions {
     std::string file;
@@ -20,8 +18,7 @@ struct ImportOptions : FolderOptions {
 
 /// Works the dialog that asks for the account of a statement as the options say; without them, or
 /// when they do not fit, the dialog is cancelled.
-class AccountChoice : public IModalHost
-{
+class AccountChoice : public IModalHost {
 public:
     explicit AccountChoice(const ImportOptions& options) : options_(options) {}
     /// Description of the account to map to.

@@ -3,8 +3,7 @@
 #include "data/EmptyDatabase.h"
 #include "platform/ProgramFolder.h"
 
-namespace clb
-{
+namespace clb {
 
 void AddHome(CLI::App& command, FolderOptions& options)
 {

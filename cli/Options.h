@@ -5,8 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace clb
-{
+namespace clb {
 
 /// Options that several commands share.
 struct FolderOptions {

@@ -4,8 +4,7 @@
 
 #include <iostream>
 
-namespace clb
-{
+namespace clb {
 
 Program::Program(const std::string& folder, IModalHost& forms)
     : messages_(std::cerr),

@@ -6,13 +6,11 @@
 #include <optional>
 #include <string>
 
-namespace clb
-{
+namespace clb {
 
 /// The whole program without a window, loaded for one command: the command works its controls as a
 /// user would. Messages go to standard error.
-class Program
-{
+class Program {
 public:
     /// Loads the program on the folder; forms are shown to the host, which is borrowed and outlives
     /// it. Throws EngineError.
@@ -47,8 +45,7 @@ private:
 };
 
 /// Closes every form as by its Cancel button.
-class NoForms : public IModalHost
-{
+class NoForms : public IModalHost {
 public:
     void Run(Form& form) override;
 };

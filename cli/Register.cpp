@@ -6,10 +6,8 @@
 #include <iostream>
 #include <memory>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 struct RegisterOptions : FolderOptions {
     std::string account;

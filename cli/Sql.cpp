@@ -7,10 +7,8 @@
 #include <iostream>
 #include <memory>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 struct SqlOptions {
     std::string folder;

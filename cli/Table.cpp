@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <ostream>
 
-namespace clb
-{
+namespace clb {
 
 std::string Printable(std::string text)
 {

@@ -3,12 +3,10 @@
 #include <string>
 #include <vector>
 
-namespace clb
-{
+namespace clb {
 
 /// Text in columns, each as wide as its widest cell.
-class Table
-{
+class Table {
 public:
     /// right: figures, which stand at the column's right edge.
     void AddColumn(const std::string& caption, bool right);

@@ -4,8 +4,7 @@
 #include <exception>
 #include <iostream>
 
-namespace
-{
+namespace {
 
 constexpr int refused = 1;
 constexpr int wrongUsage = 2;

@@ -2,21 +2,19 @@
 
 #include "base/RuntimeError.h"
 
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
-#include <pwd.h>
-#include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
 
-namespace clb
-{
+namespace clb {
 namespace fs = std::filesystem;
-namespace
-{
+namespace {
 
 std::string Environment(const char* name)
 {
@@ -48,8 +46,7 @@ void MakeFolders(const fs::path& folder)
 }
 
 /// A file being written; what is left unfinished is removed.
-class NewFile
-{
+class NewFile {
 public:
     explicit NewFile(std::string path)
         : path_(std::move(path)),

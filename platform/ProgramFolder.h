@@ -3,8 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace clb
-{
+namespace clb {
 
 /// Where the program folder may be; paths without a trailing slash, empty when unknown.
 struct FolderPlaces {

@@ -3,10 +3,8 @@
 #include <chrono>
 #include <optional>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 std::tm LocalTime(std::time_t moment)
 {

@@ -4,12 +4,10 @@
 #include <cstdint>
 #include <ctime>
 
-namespace clb
-{
+namespace clb {
 
 /// The machine's own clock, in the time zone of TZ or of the system.
-class SystemClock : public IClock
-{
+class SystemClock : public IClock {
 public:
     Date Now() const override;
     std::uint32_t TickCount() const override;
@@ -18,8 +16,7 @@ public:
 
 /// A clock that stands at one local date and time. The tick count runs on, and the zone is what the
 /// machine's zone was or will be at that moment.
-class FixedClock : public IClock
-{
+class FixedClock : public IClock {
 public:
     explicit FixedClock(const Date& now) : now_(now) {}
     Date Now() const override { return now_; }

@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 constexpr std::int32_t yesNo = box_style::YesNo + box_style::Question;
 

@@ -3,10 +3,8 @@
 
 #include <gtest/gtest.h>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 TEST(CallArgumentsTest, ArgumentsAreReadByTheirKinds)
 {

@@ -3,14 +3,11 @@
 
 #include <gtest/gtest.h>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// A form with one control of each kind.
-class FormStepsTest : public testing::Test
-{
+class FormStepsTest : public testing::Test {
 protected:
     FormStepsTest()
     {

@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 TEST(ValueJsonTest, MoneyIsAPlainDecimalText)
 {

@@ -5,15 +5,12 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 mode_t ModeOf(const std::string& path)
 {
-    struct stat status {
-    };
+    struct stat status {};
     stat(path.c_str(), &status);
     return status.st_mode & 0777;
 }

@@ -1,18 +1,15 @@
 #include "platform/SystemClock.h"
 
+#include <gtest/gtest.h>
 #include <cstdlib>
 #include <ctime>
-#include <gtest/gtest.h>
 #include <string>
 
-namespace clb
-{
-namespace
-{
+namespace clb {
+namespace {
 
 /// Puts the process into a time zone for one test.
-class Zone
-{
+class Zone {
 public:
     explicit Zone(const char* name)
     {

@@ -151,7 +151,7 @@ TEST_F(RowsTest, TransactionNumbersStartAt1AndFollowTheLargest)
     EXPECT_EQ(Call("GetNextSequence"), 42);
 }
 
-TEST_F(RowsTest, TextHelpersKeepTheirRules)
+TEST_F(RowsTest, TextRoutinesKeepTheirRules)
 {
     EXPECT_EQ(Call("ToSqlString", {"O'Neil's"}), "O''Neil''s");
     EXPECT_EQ(Call("ToSqlString", {""}), "");
