@@ -121,6 +121,9 @@ private:
 
     void ReadIdentifiers()
     {
+        constexpr std::size_t bytesARecord =
+            128;  // a guess that makes room for all of them at once
+        known_.reserve(text_.size() / bytesARecord);
         BareStatement read = database_.Prepare("SELECT FITID FROM Trans WHERE AccountID = ?");
         read.Bind(1, account_);
         while (read.Step())

@@ -8,11 +8,13 @@ constexpr int kNumbers[] = {2, 7, 8, 10, 11};
 
 }  // namespace
 
+// The plus keeps the order of the rows from choosing the index: the month is looked up first,
+// whatever indices there are.
 BareRegister::BareRegister(BareDatabase& database)
     : rows_(database.Prepare(
           "SELECT PostDate, Description, Amount, CheckID, Category, PayeeName, AccountID, Year, "
           "Period, FITID, Sequence, SubSequence FROM Trans WHERE AccountID = ?1 AND Period = ?3 "
-          "AND Year = ?2 ORDER BY PostDate DESC, Sequence DESC, SubSequence")),
+          "AND Year = ?2 ORDER BY +PostDate DESC, Sequence DESC, SubSequence")),
       opening_(database.Prepare("SELECT OpeningBalance FROM Account WHERE AccountID = ?1")),
       past_(database.Prepare("SELECT SUM(Amount) FROM Trans WHERE AccountID = ?1 AND (Year < ?2 OR "
                              "(Year = ?2 AND Period <= ?3))"))

@@ -7,6 +7,7 @@
 #include <stdlib.h>
 #include <sys/vfs.h>
 #include <unistd.h>
+#include <cstdint>
 #include <stdexcept>
 #include <system_error>
 
