@@ -60,8 +60,9 @@ CREATE TABLE Loan (
 CREATE TABLE _SchemaVersion ("2" LONG);
 
 CREATE INDEX AccountByID ON Account (AccountID);
--- Registers by month, and the sums up to a month without touching the table.
-CREATE INDEX TransByAccountMonth ON Trans (AccountID, Year, Period, Amount);
+-- Registers by month in the order they are shown, and the sums up to a month without touching the
+-- table. Without the date the planner would walk the whole account in order of date.
+CREATE INDEX TransByAccountMonth ON Trans (AccountID, Year, Period, PostDate, Amount);
 -- Pieces of a transaction, and the largest number.
 CREATE INDEX TransBySequence ON Trans (Sequence, SubSequence);
 -- What was spent on a category in a month, without touching the table.

@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "base/RuntimeError.h"
 #include "import/modImport.h"
@@ -192,14 +194,38 @@ TEST_F(FixLineEndingsTest, ANameTooLongForTheFirstVersionChangesNothing)
     EXPECT_EQ(Files(), 1U);
 }
 
+/// The superuser writes everywhere: while one lives, the test is nobody, who owns the folder.
+class AsOrdinaryUser {
+public:
+    explicit AsOrdinaryUser(const std::vector<std::string>& paths)
+    {
+        if (!superuser_)
+            return;
+        for (const std::string& path : paths)
+            EXPECT_EQ(chown(path.c_str(), kNobody, kNobody), 0);
+        EXPECT_EQ(seteuid(kNobody), 0);
+    }
+    ~AsOrdinaryUser()
+    {
+        EXPECT_TRUE(!superuser_ || seteuid(0) == 0);
+    }
+    AsOrdinaryUser(const AsOrdinaryUser&) = delete;
+    AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
+
+private:
+    static constexpr uid_t kNobody = 65534;
+    const bool superuser_ = geteuid() == 0;
+};
+
 TEST_F(FixLineEndingsTest, AFolderThatTakesNoFilesChangesNothing)
 {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "the superuser writes everywhere";
     const std::string path = folder_.Write("s.ofx", "one\ntwo\n");
     fs::permissions(folder_.Path(), fs::perms::owner_read | fs::perms::owner_exec);
 
-    EXPECT_EQ(ErrorOf(path), 75);
+    {
+        const AsOrdinaryUser nobody({folder_.Path(), path});
+        EXPECT_EQ(ErrorOf(path), 75);
+    }
 
     fs::permissions(folder_.Path(), fs::perms::owner_all);
     EXPECT_EQ(Repaired(), "one\ntwo\n");
