@@ -1,14 +1,14 @@
 #pragma once
-#include "base/Value.h"
-#include "engine/Catalogue.h"
-#include "engine/Lexer.h"
-
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
 #include <variant>
 #include <vector>
+
+#include "base/Value.h"
+#include "engine/Catalogue.h"
+#include "engine/Lexer.h"
 
 namespace clb {
 

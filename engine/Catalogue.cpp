@@ -1,11 +1,11 @@
 #include "engine/Catalogue.h"
 
+#include <algorithm>
+#include <charconv>
+
 #include "base/Text.h"
 #include "engine/Database.h"
 #include "engine/Errors.h"
-
-#include <algorithm>
-#include <charconv>
 
 namespace clb {
 namespace {

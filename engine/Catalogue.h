@@ -1,6 +1,4 @@
 #pragma once
-#include "base/Value.h"
-
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -8,6 +6,8 @@
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include "base/Value.h"
 
 namespace clb {
 

@@ -1,9 +1,9 @@
 #pragma once
-#include "engine/Ast.h"
-#include "engine/Catalogue.h"
-
 #include <string_view>
 #include <vector>
+
+#include "engine/Ast.h"
+#include "engine/Catalogue.h"
 
 namespace clb {
 

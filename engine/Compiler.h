@@ -1,7 +1,7 @@
 #pragma once
-#include "engine/Plan.h"
-
 #include <memory>
+
+#include "engine/Plan.h"
 
 namespace clb {
 

@@ -1,12 +1,12 @@
 #include "engine/CompilerSelect.h"
 
+#include <algorithm>
+
 #include "base/Text.h"
 #include "engine/Checker.h"
 #include "engine/Errors.h"
 #include "engine/Grouping.h"
 #include "engine/Typing.h"
-
-#include <algorithm>
 
 namespace clb {
 namespace {

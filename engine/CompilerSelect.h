@@ -1,11 +1,11 @@
 #pragma once
-#include "engine/Ast.h"
-#include "engine/Plan.h"
-#include "engine/Writer.h"
-
 #include <memory>
 #include <string>
 #include <vector>
+
+#include "engine/Ast.h"
+#include "engine/Plan.h"
+#include "engine/Writer.h"
 
 namespace clb {
 

@@ -1,12 +1,12 @@
 #include "engine/Connection.h"
 
+#include <filesystem>
+#include <utility>
+
 #include "engine/ConnectionString.h"
 #include "engine/Errors.h"
 #include "engine/Schema.h"
 #include "engine/Session.h"
-
-#include <filesystem>
-#include <utility>
 
 namespace clb {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
-#include "engine/Recordset.h"
-
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+
+#include "engine/Recordset.h"
 
 namespace clb {
 

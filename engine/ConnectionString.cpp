@@ -1,14 +1,15 @@
 #include "engine/ConnectionString.h"
 
-#include "base/Text.h"
-#include "engine/EngineError.h"
-
 #include <fcntl.h>
 #include <unistd.h>
+
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
 #include <utility>
+
+#include "base/Text.h"
+#include "engine/EngineError.h"
 
 namespace clb {
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
+#include <string_view>
+
 #include "base/Value.h"
 #include "engine/Catalogue.h"
-
-#include <string_view>
 
 namespace clb {
 

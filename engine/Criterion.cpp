@@ -1,10 +1,11 @@
 #include "engine/Criterion.h"
 
+#include <sqlite3.h>
+
+#include <cmath>
+
 #include "engine/Errors.h"
 #include "engine/Typing.h"
-
-#include <sqlite3.h>
-#include <cmath>
 
 namespace clb {
 namespace {

@@ -1,11 +1,11 @@
 #pragma once
-#include "base/Value.h"
-#include "engine/Ast.h"
-#include "engine/Lexer.h"
-
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "base/Value.h"
+#include "engine/Ast.h"
+#include "engine/Lexer.h"
 
 namespace clb {
 

@@ -1,12 +1,13 @@
 #include "engine/Database.h"
 
-#include "engine/Errors.h"
-#include "engine/Functions.h"
-
 #include <sqlite3.h>
+
 #include <filesystem>
 #include <limits>
 #include <utility>
+
+#include "engine/Errors.h"
+#include "engine/Functions.h"
 
 namespace clb {
 namespace {

@@ -1,12 +1,12 @@
 #pragma once
-#include "base/Value.h"
-#include "engine/EngineError.h"
-
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "base/Value.h"
+#include "engine/EngineError.h"
 
 struct sqlite3;
 struct sqlite3_stmt;

@@ -1,9 +1,9 @@
 #pragma once
-#include "engine/EngineError.h"
-
 #include <cstddef>
 #include <string>
 #include <string_view>
+
+#include "engine/EngineError.h"
 
 namespace clb {
 

@@ -1,10 +1,10 @@
 #pragma once
-#include "base/Value.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <vector>
+
+#include "base/Value.h"
 
 namespace clb {
 

@@ -1,12 +1,7 @@
 #include "engine/Functions.h"
 
-#include "base/Text.h"
-#include "base/Value.h"
-#include "engine/Convert.h"
-#include "engine/Database.h"
-#include "engine/Errors.h"
-
 #include <sqlite3.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -14,6 +9,12 @@
 #include <limits>
 #include <string>
 #include <string_view>
+
+#include "base/Text.h"
+#include "base/Value.h"
+#include "engine/Convert.h"
+#include "engine/Database.h"
+#include "engine/Errors.h"
 
 namespace clb {
 namespace {

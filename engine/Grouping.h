@@ -1,7 +1,7 @@
 #pragma once
-#include "engine/Ast.h"
-
 #include <vector>
+
+#include "engine/Ast.h"
 
 namespace clb {
 

@@ -1,11 +1,11 @@
 #include "engine/Lexer.h"
 
+#include <algorithm>
+#include <charconv>
+
 #include "base/Numeric.h"
 #include "base/Text.h"
 #include "engine/Errors.h"
-
-#include <algorithm>
-#include <charconv>
 
 namespace clb {
 namespace {

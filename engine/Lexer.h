@@ -1,11 +1,11 @@
 #pragma once
-#include "base/Date.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "base/Date.h"
 
 namespace clb {
 

@@ -1,10 +1,10 @@
 #include "engine/Parser.h"
 
-#include "base/Text.h"
-#include "engine/ParserCore.h"
-
 #include <algorithm>
 #include <array>
+
+#include "base/Text.h"
+#include "engine/ParserCore.h"
 
 namespace clb {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
+#include <string>
+#include <string_view>
+
 #include "engine/Ast.h"
 #include "engine/Errors.h"
 #include "engine/Lexer.h"
-
-#include <string>
-#include <string_view>
 
 namespace clb {
 

@@ -1,7 +1,7 @@
+#include <utility>
+
 #include "base/Numeric.h"
 #include "engine/ParserCore.h"
-
-#include <utility>
 
 namespace clb {
 namespace {

@@ -1,9 +1,9 @@
-#include "base/Text.h"
-#include "engine/ParserCore.h"
-
 #include <algorithm>
 #include <optional>
 #include <utility>
+
+#include "base/Text.h"
+#include "engine/ParserCore.h"
 
 namespace clb {
 namespace {

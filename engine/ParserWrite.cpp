@@ -1,6 +1,6 @@
-#include "engine/ParserCore.h"
-
 #include <utility>
+
+#include "engine/ParserCore.h"
 
 namespace clb {
 

@@ -1,15 +1,15 @@
 #pragma once
-#include "engine/Ast.h"
-#include "engine/Catalogue.h"
-#include "engine/Database.h"
-#include "engine/Recordset.h"
-#include "engine/Writer.h"
-
 #include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include "engine/Ast.h"
+#include "engine/Catalogue.h"
+#include "engine/Database.h"
+#include "engine/Recordset.h"
+#include "engine/Writer.h"
 
 namespace clb {
 

@@ -1,12 +1,13 @@
 #include "engine/Rebuild.h"
 
+#include <sqlite3.h>
+
+#include <algorithm>
+
 #include "base/Text.h"
 #include "engine/Convert.h"
 #include "engine/Errors.h"
 #include "engine/Writer.h"
-
-#include <sqlite3.h>
-#include <algorithm>
 
 namespace clb {
 namespace {

@@ -1,12 +1,12 @@
 #include "engine/Recordset.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "base/Text.h"
 #include "engine/Convert.h"
 #include "engine/Errors.h"
 #include "engine/RecordsetState.h"
-
-#include <algorithm>
-#include <utility>
 
 namespace clb {
 

@@ -1,12 +1,12 @@
 #pragma once
-#include "base/Value.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "base/Value.h"
 
 namespace clb {
 

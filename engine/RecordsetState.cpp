@@ -1,9 +1,9 @@
 #include "engine/RecordsetState.h"
 
-#include "engine/Errors.h"
-
 #include <algorithm>
 #include <utility>
+
+#include "engine/Errors.h"
 
 namespace clb {
 

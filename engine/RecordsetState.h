@@ -1,4 +1,8 @@
 #pragma once
+#include <memory>
+#include <string>
+#include <vector>
+
 #include "engine/Criterion.h"
 #include "engine/FindIndex.h"
 #include "engine/LiveRows.h"
@@ -6,10 +10,6 @@
 #include "engine/RowStore.h"
 #include "engine/RowWriter.h"
 #include "engine/Session.h"
-
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace clb {
 

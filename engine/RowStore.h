@@ -1,6 +1,4 @@
 #pragma once
-#include "base/Value.h"
-
 #include <bitset>
 #include <cstddef>
 #include <cstdint>
@@ -8,6 +6,8 @@
 #include <memory>
 #include <span>
 #include <vector>
+
+#include "base/Value.h"
 
 namespace clb {
 

@@ -1,9 +1,9 @@
 #include "engine/RowWriter.h"
 
-#include "engine/Errors.h"
-
 #include <algorithm>
 #include <string>
+
+#include "engine/Errors.h"
 
 namespace clb {
 

@@ -1,10 +1,10 @@
 #pragma once
-#include "engine/RowStore.h"
-#include "engine/Session.h"
-
 #include <cstdint>
 #include <span>
 #include <vector>
+
+#include "engine/RowStore.h"
+#include "engine/Session.h"
 
 namespace clb {
 

@@ -1,10 +1,10 @@
 #include "engine/Schema.h"
 
+#include <algorithm>
+
 #include "base/Text.h"
 #include "engine/Errors.h"
 #include "engine/Rebuild.h"
-
-#include <algorithm>
 
 namespace clb {
 namespace {

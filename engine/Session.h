@@ -1,17 +1,14 @@
 #pragma once
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
 #include "engine/Catalogue.h"
 #include "engine/Connection.h"
 #include "engine/Database.h"
 #include "engine/Plan.h"
 #include "engine/StatementCache.h"
-
-#include <functional>
-#include <list>
-#include <memory>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <unordered_map>
 
 namespace clb {
 
@@ -21,9 +18,11 @@ struct Connection::State {
     Catalogue catalogue{database};
     StatementCache cache;
     std::function<void(std::string_view)> trace;
-    std::int64_t schemaVersion = -1;
+    std::int64_t schemaVersion = -1;  ///< of the catalogue and the cache; -1: not known
+    bool reading = false;             ///< a ReadGroup lives
     Statement readSchemaVersion;
     Statement begin;
+    Statement beginReading;
     Statement commit;
 
     /// The compiled statement and its values. Notices first when another program has changed the
@@ -36,9 +35,6 @@ struct Connection::State {
     /// To be called after each change of the schema.
     void ForgetSchema();
     void RequireOpen() const;
-
-    bool reading = false;  ///< a ReadGroup lives
-    Statement beginReading;
 
 private:
     void NoticeForeignSchema();

@@ -1,11 +1,11 @@
 #pragma once
-#include "engine/Plan.h"
-
 #include <list>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+
+#include "engine/Plan.h"
 
 namespace clb {
 

@@ -1,11 +1,11 @@
 #include "engine/Writer.h"
 
+#include <algorithm>
+#include <optional>
+
 #include "base/Text.h"
 #include "engine/Errors.h"
 #include "engine/Typing.h"
-
-#include <algorithm>
-#include <optional>
 
 namespace clb {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
-#include "engine/Ast.h"
-#include "engine/Catalogue.h"
-
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "engine/Ast.h"
+#include "engine/Catalogue.h"
 
 namespace clb {
 

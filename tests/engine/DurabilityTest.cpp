@@ -1,8 +1,8 @@
 // What is kept when, and files that cannot be used.
-#include "EngineFixture.h"
-
 #include <filesystem>
 #include <fstream>
+
+#include "EngineFixture.h"
 
 namespace clb {
 namespace {

@@ -1,6 +1,7 @@
 #include "EngineFixture.h"
 
 #include <stdlib.h>
+
 #include <filesystem>
 
 namespace clb {

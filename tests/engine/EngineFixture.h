@@ -1,11 +1,11 @@
 #pragma once
-#include "engine/Connection.h"
-#include "engine/EngineError.h"
-
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "engine/Connection.h"
+#include "engine/EngineError.h"
 
 namespace clb {
 
