@@ -65,7 +65,8 @@ FoundAccount FindAccount(clsDatabase& data, const std::string& account)
             return {ToText(found.Get("AccountID")), ToText(found.Get("Description")),
                     ToText(found.Get("Type"))};
     }
-    throw RuntimeError(errors::ElementNotFound, "No such account: " + account);
+    throw RuntimeError(errors::ElementNotFound, account.empty() ? "There is no account yet."
+                                                                : "No such account: " + account);
 }
 
 }  // namespace clb

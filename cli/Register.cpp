@@ -28,12 +28,24 @@ Json RegisterJson(frmController& window, const FoundAccount& account)
         {"total", total.ToText()}};
 }
 
+/// Number of the first account that has a register; empty when there is none.
+std::string FirstRegister(clsDatabase& data)
+{
+    Recordset accounts;
+    data.Fill(accounts,
+              "SELECT AccountID FROM Account WHERE Type IN ('Bank', 'Cash', 'Credit Card') "
+              "ORDER BY Type, Description",
+              true);
+    return accounts.Empty() ? std::string() : ToText(accounts.Get("AccountID"));
+}
+
 void PrintRegister(const RegisterOptions& options)
 {
     NoForms forms;
     Program program(OpenFolder(options.home), forms);
     frmController& window = program.Window();
-    const FoundAccount account = FindAccount(window.Data(), options.account);
+    const FoundAccount account = FindAccount(
+        window.Data(), options.account.empty() ? FirstRegister(window.Data()) : options.account);
     if (options.month)
         program.ChooseMonth(ReadMonth(*options.month).value_or(Month{}));
     program.PressNode(clsView::AccountTag(clsView::ViewFromAccountType(account.type), account.id));
@@ -41,6 +53,8 @@ void PrintRegister(const RegisterOptions& options)
         std::cout << ToLine(RegisterJson(window, account)) << '\n';
         return;
     }
+    std::cout << account.description << ", " << window.cmbPeriod.Text() << ' '
+              << window.txtYear.Text() << '\n';
     GridTable(window.Grid).Print(std::cout);
     std::cout << window.lblTotal.Caption() << ' ' << window.txtTotal.Text() << '\n';
 }
@@ -52,7 +66,9 @@ void AddRegister(CLI::App& app, int&)
     auto options = std::make_shared<RegisterOptions>();
     CLI::App* command = app.add_subcommand(
         "register", "Print an account's transactions of a month, or its holdings or loans");
-    command->add_option("ACCOUNT", options->account, "Account number or description")->required();
+    command->add_option("ACCOUNT", options->account,
+                        "Account number or description (default: the first bank, cash or "
+                        "credit-card account)");
     command->add_option("--month", options->month, "Month (default: the present one)")
         ->check(IsMonth());
     AddHome(*command, *options);

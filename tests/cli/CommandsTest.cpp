@@ -166,6 +166,7 @@ TEST_F(CommandsTest, ARegisterShowsTheMonthAskedFor)
 
     EXPECT_EQ(Run("register Visa --month 2006-03" + Home()), 0);
     EXPECT_EQ(Out(),
+              "Visa, March 2006\n"
               "Date        Description  Amount  Check #  Category  Notes\n"
               "----------  -----------  ------  -------  --------  -----\n"
               "2006-03-05  Shop         -45.50           (none)\n"
@@ -176,6 +177,8 @@ TEST_F(CommandsTest, ARegisterShowsTheMonthAskedFor)
     EXPECT_EQ(february["period"], 2);
     EXPECT_TRUE(february["rows"].empty());
     EXPECT_EQ(february["total"], "0");
+    EXPECT_EQ(Run("register --month 2006-03" + Home()), 0);
+    EXPECT_TRUE(Out().starts_with("Visa, March 2006\n"));
     EXPECT_EQ(Run("register Nobody" + Home()), 1);
     EXPECT_EQ(Err(), "clb: No such account: Nobody\n");
 }
