@@ -51,6 +51,8 @@ public:
                     controller_.Data().Database().Settle();
             },
             [this] { window_.Sync(); });
+        // Hiding the last window does not end the toolkit's loop; unloading it ends the program.
+        controller_.Unloading().connect([] { QCoreApplication::quit(); });
     }
     void Load() { controller_.Load(); }
     MainWindow& Window() { return window_; }

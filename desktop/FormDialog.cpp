@@ -5,8 +5,11 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "desktop/CheckListView.h"
 #include "desktop/FormLayouts.h"
+#include "desktop/Icons.h"
 #include "desktop/ListBinder.h"
+#include "desktop/StepArrows.h"
 #include "desktop/TextConvert.h"
 #include "desktop/UserEvents.h"
 
@@ -58,7 +61,11 @@ QWidget* FormDialog::Draw(Control& control)
         return DrawButton(*button);
     if (auto* option = dynamic_cast<OptionButton*>(&control))
         return DrawOption(*option);
-    return nullptr;
+    if (auto* spinner = dynamic_cast<Spinner*>(&control))
+        return new StepArrows(*spinner, events_, this);
+    if (auto* list = dynamic_cast<CheckList*>(&control))
+        return new CheckListView(*list, events_, this);
+    return control.Name() == "picAppIcon" ? DrawPicture() : nullptr;
 }
 
 void FormDialog::Follow(Control& control, std::function<void()> sync)
@@ -71,10 +78,32 @@ QWidget* FormDialog::DrawLabel(Label& label)
 {
     auto* drawn = new QLabel(this);
     drawn->setTextFormat(Qt::PlainText);
+    if (!label.Click().empty())
+        return DrawLink(label, drawn);
     Follow(label, [drawn, &label] {
         drawn->setText(ToQString(label.Caption()));
         drawn->setEnabled(label.Enabled());
     });
+    return drawn;
+}
+
+QWidget* FormDialog::DrawLink(Label& label, QLabel* drawn)
+{
+    drawn->setTextFormat(Qt::RichText);
+    drawn->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    connect(drawn, &QLabel::linkActivated, this,
+            [this, &label] { events_.Run([&] { label.PressClick(); }); });
+    Follow(label, [drawn, &label] {
+        drawn->setText(
+            QStringLiteral("<a href=\"#\">%1</a>").arg(ToQString(label.Caption()).toHtmlEscaped()));
+    });
+    return drawn;
+}
+
+QWidget* FormDialog::DrawPicture()
+{
+    auto* drawn = new QLabel(this);
+    drawn->setPixmap(icons::Application().pixmap(QSize(72, 72), devicePixelRatioF()));
     return drawn;
 }
 

@@ -2,6 +2,7 @@
 #include <sigc++/trackable.h>
 
 #include <QDialog>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -9,6 +10,8 @@
 #include "controls/Form.h"
 #include "controls/Inputs.h"
 #include "desktop/FocusBinder.h"
+
+class QLabel;
 
 namespace clb {
 
@@ -36,6 +39,8 @@ private:
     void BuildWidgets();
     QWidget* Draw(Control& control);
     QWidget* DrawLabel(Label& label);
+    QWidget* DrawLink(Label& label, QLabel* drawn);
+    QWidget* DrawPicture();
     QWidget* DrawText(TextBox& box);
     QWidget* DrawButton(Button& button);
     QWidget* DrawOption(OptionButton& option);

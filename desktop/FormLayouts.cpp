@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <map>
@@ -34,6 +35,21 @@ QLayout* ButtonRow(FormDialog& dialog)
     return row;
 }
 
+QVBoxLayout* Frame(FormDialog& dialog)
+{
+    auto* all = new QVBoxLayout(&dialog);
+    all->setContentsMargins(18, 16, 18, 14);
+    all->setSpacing(14);
+    return all;
+}
+
+/// Buttons at the foot, whatever room is left above them.
+void Finish(FormDialog& dialog, QVBoxLayout& all)
+{
+    all.addStretch(0);
+    all.addLayout(ButtonRow(dialog));
+}
+
 void AddPair(QGridLayout& grid, int row, FormDialog& dialog, const char* label, const char* field)
 {
     auto* caption = qobject_cast<QLabel*>(dialog.WidgetOf(label));
@@ -59,13 +75,69 @@ void ArrangeSelectAccount(FormDialog& dialog)
     grid->setRowMinimumHeight(3, 6);
     grid->addWidget(dialog.WidgetOf("optAccount(1)"), 4, 0, 1, 3);
     AddPair(*grid, 5, dialog, "Label3", "cmbAccountID");
-    auto* all = new QVBoxLayout(&dialog);
-    all->setContentsMargins(18, 16, 18, 14);
-    all->setSpacing(14);
+    QVBoxLayout* all = Frame(dialog);
     all->addWidget(question);
     all->addLayout(grid);
-    all->addStretch(1);
-    all->addLayout(ButtonRow(dialog));
+    Finish(dialog, *all);
+}
+
+void ArrangeSplit(FormDialog& dialog)
+{
+    QWidget* description = dialog.WidgetOf("txtDescription");
+    description->setMinimumWidth(Characters(dialog, 44));
+    auto* grid = new QGridLayout;
+    grid->setColumnStretch(2, 1);
+    grid->setHorizontalSpacing(10);
+    grid->setVerticalSpacing(8);
+    AddPair(*grid, 0, dialog, "Label2", "txtOriginal");
+    AddPair(*grid, 1, dialog, "Label4", "txtNew");
+    grid->addWidget(dialog.WidgetOf("upDown"), 1, 3);
+    AddPair(*grid, 2, dialog, "Label8", "txtTotal");
+    for (const char* amount : {"txtOriginal", "txtNew", "txtTotal"})
+        if (auto* box = qobject_cast<QLineEdit*>(dialog.WidgetOf(amount)))
+            box->setAlignment(Qt::AlignRight);
+    QVBoxLayout* all = Frame(dialog);
+    all->addWidget(description);
+    all->addLayout(grid);
+    Finish(dialog, *all);
+}
+
+void ArrangeOptions(FormDialog& dialog)
+{
+    QWidget* accounts = dialog.WidgetOf("grdAccounts");
+    accounts->setMinimumSize(Characters(dialog, 62), Characters(dialog, 26));
+    QVBoxLayout* all = Frame(dialog);
+    all->setSpacing(8);
+    all->addWidget(dialog.WidgetOf("lblBankUrl"));
+    all->addWidget(dialog.WidgetOf("txtBankUrl"));
+    all->addSpacing(8);
+    all->addWidget(dialog.WidgetOf("lblAccounts"));
+    all->addWidget(accounts, 1);
+    Finish(dialog, *all);
+}
+
+void ArrangeAbout(FormDialog& dialog)
+{
+    auto* name = qobject_cast<QLabel*>(dialog.WidgetOf("lblAppName"));
+    QFont large = name->font();
+    large.setPointSizeF(large.pointSizeF() * 1.5);
+    large.setWeight(QFont::DemiBold);
+    name->setFont(large);
+    auto* legal = qobject_cast<QLabel*>(dialog.WidgetOf("lblLegal"));
+    legal->setWordWrap(true);
+    legal->setMinimumWidth(Characters(dialog, 60));
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(12);
+    for (const char* text : {"lblAppName", "lblLegal", "lblWebSite"})
+        texts->addWidget(dialog.WidgetOf(text));
+    texts->addStretch(1);
+    auto* content = new QHBoxLayout;
+    content->setSpacing(18);
+    content->addWidget(dialog.WidgetOf("picAppIcon"), 0, Qt::AlignTop);
+    content->addLayout(texts, 1);
+    QVBoxLayout* all = Frame(dialog);
+    all->addLayout(content);
+    Finish(dialog, *all);
 }
 
 void ArrangeInLines(FormDialog& dialog)
@@ -83,12 +155,9 @@ void ArrangeInLines(FormDialog& dialog)
         grid->addWidget(widget, line, label ? 0 : 1);
         behindLabel = label;
     }
-    auto* all = new QVBoxLayout(&dialog);
-    all->setContentsMargins(18, 16, 18, 14);
-    all->setSpacing(14);
+    QVBoxLayout* all = Frame(dialog);
     all->addLayout(grid);
-    all->addStretch(1);
-    all->addLayout(ButtonRow(dialog));
+    Finish(dialog, *all);
 }
 
 }  // namespace
@@ -96,7 +165,10 @@ void ArrangeInLines(FormDialog& dialog)
 void ArrangeForm(FormDialog& dialog)
 {
     static const std::map<std::string, void (*)(FormDialog&)> known = {
-        {"frmSelectAccount", ArrangeSelectAccount}};
+        {"frmSelectAccount", ArrangeSelectAccount},
+        {"frmSplit", ArrangeSplit},
+        {"frmOptions", ArrangeOptions},
+        {"frmAbout", ArrangeAbout}};
     const auto found = known.find(dialog.Model().Name());
     if (found != known.end())
         found->second(dialog);

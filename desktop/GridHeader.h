@@ -6,7 +6,8 @@
 
 namespace clb {
 
-/// The captions above the grid's columns; they move sideways with the cells.
+/// The captions above the grid's columns; they move sideways with the cells. One that is too long
+/// for its column makes all of the header two lines high.
 class GridHeader : public QWidget {
 public:
     /// Both borrowed; they outlive the header.
@@ -18,6 +19,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QFont CaptionFont() const;
+    bool NeedsTwoLines() const;
+    void DrawCaption(QPainter& painter, const GridLayout::Span& span) const;
+    void DrawCorner(QPainter& painter) const;
+
     const GridComponent& grid_;
     const GridLayout& layout_;
 };

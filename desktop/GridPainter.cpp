@@ -12,12 +12,6 @@ namespace clb {
 
 namespace {
 
-bool IsNumber(FieldType type)
-{
-    return type == FieldType::Long || type == FieldType::Money || type == FieldType::Double ||
-           type == FieldType::Single;
-}
-
 // Painting must go on whatever the data store says: a cell that cannot be read stays blank.
 template <typename Read>
 auto Readable(const Read& read) -> decltype(read())
@@ -30,6 +24,12 @@ auto Readable(const Read& read) -> decltype(read())
 }
 
 }  // namespace
+
+bool StandsRight(FieldType type)
+{
+    return type == FieldType::Long || type == FieldType::Money || type == FieldType::Double ||
+           type == FieldType::Single;
+}
 
 int CellAlignment(bool right)
 {
@@ -107,7 +107,7 @@ void GridPainter::DrawCell(std::size_t row, const GridLayout::Span& span)
         painter_.fillRect(cell, colors_.currentCell);
     const GridColumn& column = grid_.Columns().Item(span.column);
     const QString text = ToQString(Readable([&] { return grid_.CellText(row, span.column); }));
-    const bool number = IsNumber(column.dataType);
+    const bool number = StandsRight(column.dataType);
     const bool negative = number && text.startsWith(u'-');
     DrawCellText(cell, text, number || column.alignment == grid_align::Right, negative);
     painter_.setPen(colors_.line);
@@ -173,19 +173,21 @@ void GridPainter::DrawSelector(std::size_t row)
     painter_.drawLine(place.topRight(), place.bottomRight());
     painter_.setPen(colors_.line);
     painter_.drawLine(place.bottomLeft(), place.bottomRight());
-    if (row == grid_.Row())
-        DrawFoldArrow(painter_, place, true, focused_ ? colors_.accent : colors_.dimText);
-    else if (grid_.Rows().Kind(row) == GridRowKind::NewRow)
-        DrawStar(place);
+    const bool current = row == grid_.Row();
+    const QColor color = current && focused_ ? colors_.accent : colors_.dimText;
+    if (grid_.Rows().Kind(row) == GridRowKind::NewRow)
+        DrawStar(place, color);
+    else if (current)
+        DrawFoldArrow(painter_, place, true, color);
 }
 
-void GridPainter::DrawStar(const QRect& place)
+void GridPainter::DrawStar(const QRect& place, const QColor& color)
 {
     const QPointF middle = QRectF(place).center();
     const double reach = std::min(place.width(), place.height()) * 0.2;
     painter_.save();
     painter_.setRenderHint(QPainter::Antialiasing);
-    painter_.setPen(QPen(colors_.dimText, 1.5, Qt::SolidLine, Qt::RoundCap));
+    painter_.setPen(QPen(color, 1.5, Qt::SolidLine, Qt::RoundCap));
     for (int spoke = 0; spoke < 3; ++spoke) {
         painter_.translate(middle);
         painter_.drawLine(QPointF(0, -reach), QPointF(0, reach));

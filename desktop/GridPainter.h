@@ -3,6 +3,7 @@
 #include <QRect>
 #include <cstddef>
 
+#include "base/Value.h"
 #include "desktop/GridColors.h"
 #include "desktop/GridLayout.h"
 
@@ -31,7 +32,7 @@ private:
     void DrawHeading(std::size_t row);
     void DrawFooter(std::size_t row);
     void DrawSelector(std::size_t row);
-    void DrawStar(const QRect& place);
+    void DrawStar(const QRect& place, const QColor& color);
     void DrawCurrentFrame();
     QColor RowColor(std::size_t row) const;
     QFont Bold() const;
@@ -43,6 +44,8 @@ private:
     bool focused_;
 };
 
+/// Whether the values of a type are figures, which stand on the right.
+bool StandsRight(FieldType type);
 /// Text flags of cells and captions: in the middle of the line, at one of its sides.
 int CellAlignment(bool right);
 /// The arrow of a group heading, to the right when folded, else downwards.

@@ -38,7 +38,6 @@ void GridView::MeasureFonts()
 {
     layout_.RowHeight(fontMetrics().height() + 8);
     layout_.SelectorWidth(grid_metrics::Selector);
-    setViewportMargins(0, header_->sizeHint().height(), 0, 0);
     verticalScrollBar()->setSingleStep(layout_.RowHeight());
     horizontalScrollBar()->setSingleStep(layout_.RowHeight());
 }
@@ -56,6 +55,7 @@ void GridView::Sync()
     if (!grid_.Redraw())
         return;
     layout_.Take(grid_);
+    PlaceHeader();
     UpdateScrollBars();
     if (shownRow_ != grid_.Row() || shownColumn_ != grid_.Col()) {
         shownRow_ = grid_.Row();
@@ -107,10 +107,15 @@ void GridView::scrollContentsBy(int /*dx*/, int /*dy*/)
 void GridView::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
-    const QRect inner = viewport()->geometry();
-    const int height = header_->sizeHint().height();
-    header_->setGeometry(inner.left(), inner.top() - height, inner.width(), height);
+    PlaceHeader();
     UpdateScrollBars();
+}
+
+void GridView::PlaceHeader()
+{
+    const int height = header_->sizeHint().height();
+    setViewportMargins(0, height, 0, 0);
+    header_->setGeometry(0, 0, width(), height);
 }
 
 void GridView::paintEvent(QPaintEvent* event)

@@ -50,6 +50,7 @@ protected:
 
 private:
     void MeasureFonts();
+    void PlaceHeader();
     void UpdateScrollBars();
     void RedrawChanged(bool on);
     bool MoveTo(std::size_t row, std::int32_t column);

@@ -22,7 +22,12 @@ QIcon Load(const QString& name)
         return true;
     }();
     const QString path = QStringLiteral(":/icons/%1.svg").arg(name);
-    return ready && QFile::exists(path) ? QIcon(path) : QIcon();
+    if (!ready || !QFile::exists(path))
+        return {};
+    QIcon icon(path);
+    // A selected line shows the picture as it is; the toolkit would tint it.
+    icon.addFile(path, QSize(), QIcon::Selected);
+    return icon;
 }
 
 }  // namespace

@@ -21,8 +21,8 @@ namespace clb {
 
 namespace {
 
-constexpr int FirstWidth = 1000;
-constexpr int FirstHeight = 640;
+constexpr int FirstWidth = 1160;
+constexpr int FirstHeight = 700;
 
 }  // namespace
 
@@ -34,7 +34,7 @@ WindowMetrics MainWindow::Metrics()
     WindowMetrics metrics;
     metrics.toolbarHeight = std::max(font.height() + 22, list.sizeHint().height() + 10);
     metrics.statusBarHeight = font.height() + 10;
-    metrics.treeWidth = font.averageCharWidth() * 32;
+    metrics.treeWidth = font.averageCharWidth() * 36;
     metrics.totalsHeight = line.sizeHint().height();
     return metrics;
 }

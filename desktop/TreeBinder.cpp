@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 #include "desktop/Icons.h"
@@ -11,6 +12,21 @@
 
 namespace clb {
 
+namespace {
+
+/// Lines with some air above and below the text.
+class AiryLines : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index)
+            .expandedTo(QSize(0, option.fontMetrics.height() + 8));
+    }
+};
+
+}  // namespace
+
 TreeBinder::TreeBinder(Tree& tree, UserEvents& events, PressNode press, QWidget* parent)
     : QTreeWidget(parent), tree_(tree), events_(events), press_(std::move(press))
 {
@@ -18,6 +34,7 @@ TreeBinder::TreeBinder(Tree& tree, UserEvents& events, PressNode press, QWidget*
     setFrameShape(QFrame::NoFrame);
     setUniformRowHeights(true);
     setAnimated(false);
+    setItemDelegate(new AiryLines(this));
     setIndentation(fontMetrics().height() + 2);
     setIconSize(QSize(fontMetrics().height() + 2, fontMetrics().height() + 2));
     setFocusPolicy(Qt::TabFocus);
@@ -101,6 +118,13 @@ void TreeBinder::Press(std::int32_t node)
     if (node != 0)
         events_.Run([&] { press_(node); });
     SyncLater();
+}
+
+void TreeBinder::resizeEvent(QResizeEvent* event)
+{
+    QTreeWidget::resizeEvent(event);
+    // As wide as the longest name needs, but never narrower than the tree.
+    header()->setMinimumSectionSize(viewport()->width());
 }
 
 void TreeBinder::mousePressEvent(QMouseEvent* event)

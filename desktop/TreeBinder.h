@@ -26,6 +26,7 @@ public:
     QTreeWidgetItem* ItemOf(std::int32_t node) const { return items_.at(std::size_t(node - 1)); }
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;

@@ -1,12 +1,17 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 
+#include "app/frmAbout.h"
+#include "app/frmSplit.h"
+#include "desktop/CheckListView.h"
 #include "desktop/FormDialog.h"
 #include "desktop/QtModalHost.h"
 #include "desktop/UserEvents.h"
@@ -117,6 +122,55 @@ TEST_F(FormDialogTest, WithoutAccountsOnlyANewOneCanBeChosen)
         EXPECT_FALSE(dialog.WidgetOf("optAccount(1)")->isEnabled());
         Press(dialog, "btnCancel");
     });
+}
+
+TEST(OtherFormTest, TickingABoxOfACheckListIsToldToTheModel)
+{
+    FakeMessageBox messages;
+    UserEvents events(messages);
+    CheckList list("grdAccounts", {"Include", "Description"});
+    list.Add({true, std::string("Checking")});
+    list.Add({false, std::string("Purse")});
+
+    CheckListView view(list, events);
+    EXPECT_EQ(view.topLevelItem(1)->text(1), "Purse");
+    EXPECT_EQ(view.topLevelItem(0)->checkState(0), Qt::Checked);
+    view.topLevelItem(1)->setCheckState(0, Qt::Checked);
+
+    EXPECT_EQ(list.Rows()[1][0], Value(true));
+}
+
+TEST_F(FormDialogTest, TheSplitDialogsArrowsStepTheSecondAmount)
+{
+    frmSplit form(host_);
+    QTimer::singleShot(0, [] {
+        auto& dialog = *dynamic_cast<FormDialog*>(QApplication::activeModalWidget());
+        QTest::mouseClick(dialog.WidgetOf("upDown")->findChildren<QToolButton*>().first(),
+                          Qt::LeftButton);
+        EXPECT_EQ(qobject_cast<QLineEdit*>(dialog.WidgetOf("txtOriginal"))->text(), "49");
+        EXPECT_TRUE(qobject_cast<QLineEdit*>(dialog.WidgetOf("txtOriginal"))->isReadOnly());
+        Press(dialog, "btnOK");
+    });
+    Money first;
+    Money second;
+
+    EXPECT_TRUE(form.Split(Money::Parse("100"), "Groceries", first, second));
+    EXPECT_EQ(second, Money::Parse("51"));
+}
+
+TEST_F(FormDialogTest, TheWebSiteInTheAboutBoxIsALink)
+{
+    frmAbout form(host_, books_.shell);
+    QTimer::singleShot(0, [] {
+        auto& dialog = *dynamic_cast<FormDialog*>(QApplication::activeModalWidget());
+        auto* site = qobject_cast<QLabel*>(dialog.WidgetOf("lblWebSite"));
+        QTest::mouseClick(site, Qt::LeftButton, Qt::NoModifier, QPoint(20, site->height() / 2));
+        Press(dialog, "cmdOK");
+    });
+
+    form.ShowDialog();
+
+    EXPECT_EQ(books_.shell.opened, (std::vector<std::string>{"https://corvane.example/"}));
 }
 
 TEST(OtherFormTest, AFormWithoutAnArrangementOfItsOwnShowsAllItsControls)

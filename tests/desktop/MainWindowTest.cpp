@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMenu>
+#include <QStatusBar>
 #include <QWheelEvent>
 
 #include "tests/desktop/WindowFixture.h"
@@ -182,7 +184,7 @@ TEST_F(WindowTest, AMenuLineRunsItsCommand)
 
     MenuAction("mnuE_MoveNext")->trigger();
 
-    EXPECT_EQ(books_.One("SELECT Period FROM Trans WHERE PayeeName = 'Baker 02'"), "4");
+    EXPECT_EQ(books_.One("SELECT Period FROM Trans WHERE PayeeName = 'Baker 03'"), "4");
 }
 
 TEST_F(WindowTest, TheStatusBarShowsItsFirstPanel)

@@ -16,7 +16,11 @@ cleanup() {
     rm -rf "$work"
 }
 trap cleanup EXIT
-fail() { echo "FAILED: $*" >&2; exit 1; }
+fail() {
+    echo "FAILED: $*" >&2
+    [ -z "${DISPLAY:-}" ] || import -window root "$picture" 2>/dev/null || true
+    exit 1
+}
 
 # The X server chooses a free number itself and tells it.
 Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$work/display" 2>"$work/xvfb.log" &
@@ -48,7 +52,7 @@ window() {
 }
 
 "$clb" new "$work/books" >/dev/null
-"$ledgerbook" --home "$work/books" 2>"$work/program.log" &
+"$ledgerbook" --home "$work/books" --now 2006-03-15T12:00:00 2>"$work/program.log" &
 program=$!
 
 window '^Net Worth - Corvane Ledgerbook$' >/dev/null
@@ -64,10 +68,18 @@ xdotool type --delay 20 'Household'
 xdotool key Return
 
 # The tree now has the account below its type: root, Budget, Bank, Household.
-main=$(window 'Corvane Ledgerbook$')
+main=$(window '^Net Worth - Corvane Ledgerbook$')
 sleep 0.5
-xdotool key Home Down Down Down
-main=$(window '^Household - Corvane Ledgerbook$')
+xdotool key Home Down
+window '^Budget - Corvane Ledgerbook$' >/dev/null
+# The first line of the tree, below the menus and the toolbar.
+xdotool mousemove --window "$main" 70 68 click 1
+window '^Net Worth - Corvane Ledgerbook$' >/dev/null
+xdotool key Down Down Down
+window '^Household - Corvane Ledgerbook$' >/dev/null
+# A cell of the grid.
+xdotool mousemove --window "$main" 420 112 click 1
+sleep 0.5
 import -window root "$picture"
 colours=$(identify -format '%k' "$picture")
 [ "$colours" -gt 50 ] || fail "the screen shows only $colours colours"

@@ -1,0 +1,17 @@
+#pragma once
+#include <QWidget>
+
+#include "controls/Inputs.h"
+
+namespace clb {
+
+class UserEvents;
+
+/// Draws a spinner that stands beside its text box: an arrow up and an arrow down.
+class StepArrows : public QWidget {
+public:
+    /// Both borrowed; they outlive the arrows.
+    StepArrows(Spinner& spinner, UserEvents& events, QWidget* parent = nullptr);
+};
+
+}  // namespace clb
