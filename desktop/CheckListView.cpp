@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QScopedValueRollback>
 
+#include "desktop/AiryLines.h"
 #include "desktop/TextConvert.h"
 #include "desktop/UserEvents.h"
 
@@ -14,6 +15,7 @@ CheckListView::CheckListView(CheckList& list, UserEvents& events, QWidget* paren
     setRootIsDecorated(false);
     setAlternatingRowColors(true);
     setUniformRowHeights(true);
+    setItemDelegate(new AiryLines(this));
     QStringList captions;
     for (const std::string& caption : list_.Columns())
         captions << ToQString(caption);

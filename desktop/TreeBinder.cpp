@@ -3,29 +3,14 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "desktop/AiryLines.h"
 #include "desktop/Icons.h"
 #include "desktop/TextConvert.h"
 #include "desktop/UserEvents.h"
 
 namespace clb {
-
-namespace {
-
-/// Lines with some air above and below the text.
-class AiryLines : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        return QStyledItemDelegate::sizeHint(option, index)
-            .expandedTo(QSize(0, option.fontMetrics.height() + 8));
-    }
-};
-
-}  // namespace
 
 TreeBinder::TreeBinder(Tree& tree, UserEvents& events, PressNode press, QWidget* parent)
     : QTreeWidget(parent), tree_(tree), events_(events), press_(std::move(press))

@@ -1,0 +1,17 @@
+#pragma once
+#include <QStyledItemDelegate>
+
+namespace clb {
+
+/// Lines of a list or tree with some air above and below the text.
+class AiryLines : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index)
+            .expandedTo(QSize(0, option.fontMetrics.height() + 8));
+    }
+};
+
+}  // namespace clb
