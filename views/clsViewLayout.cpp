@@ -15,6 +15,8 @@ constexpr std::int32_t kPopupWidth = 2000;
 constexpr std::int32_t kPopupRows = 5;
 /// Three pixels between the totals line's parts.
 constexpr std::int32_t kMargin = 3;
+/// Room for a balance of nine digits.
+constexpr std::int32_t kLeastTotal = 120;
 
 struct Fraction {
     std::int32_t column;
@@ -215,13 +217,22 @@ void clsView::PlaceTotals(std::int32_t first, std::int32_t second)
 {
     const GridColumns& columns = targets_.grid.Columns();
     const std::int32_t origin = targets_.grid.Left() + grid_metrics::Selector;
-    const std::int32_t left = origin + columns.Left(first);
-    SetLeftAndWidth(targets_.txtTotal, left, columns.Item(first).width - kMargin);
+    // A box ends where its column ends; alone below a narrow column it begins further left.
+    const std::int32_t least = second == 0 ? kLeastTotal : 0;
+    const auto placeBelow = [&](TextBox& box, std::int32_t column) {
+        const std::int32_t width = std::max(columns.Item(column).width - kMargin, least);
+        const std::int32_t right =
+            origin + columns.Left(column) + columns.Item(column).width - kMargin;
+        SetLeftAndWidth(box, std::max(targets_.grid.Left(), right - width), width);
+    };
+    placeBelow(targets_.txtTotal, first);
     // Without a second amount its box has no width and so is not seen.
-    SetLeftAndWidth(targets_.txtTotal2, second == 0 ? left : origin + columns.Left(second),
-                    second == 0 ? 0 : columns.Item(second).width - kMargin);
+    if (second == 0)
+        SetLeftAndWidth(targets_.txtTotal2, targets_.txtTotal.Place().left, 0);
+    else
+        placeBelow(targets_.txtTotal2, second);
     SetLeftAndWidth(targets_.lblTotal, targets_.grid.Left() + kMargin,
-                    left - targets_.grid.Left() - 2 * kMargin);
+                    targets_.txtTotal.Place().left - targets_.grid.Left() - 2 * kMargin);
 }
 
 }  // namespace clb
