@@ -203,7 +203,8 @@ private:
     void AddTransaction(Month month, std::int32_t day, const std::string& account,
                         const std::string& payee, const std::string& category, Money amount)
     {
-        const auto date = Date::Of(month.year, month.period, month.period == 2 && day > 28 ? 28 : day);
+        const auto date =
+            Date::Of(month.year, month.period, month.period == 2 && day > 28 ? 28 : day);
         if (!date || *date > today_)
             return;
         data_.CreateBudgetEntry(category, month.year, month.period, "(none)", Money());

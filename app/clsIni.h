@@ -23,7 +23,8 @@ public:
     /// The default when file, section or key are missing.
     std::string GetString(const std::string& section, const std::string& key,
                           const std::string& fallback = "") const;
-    /// The number that the value begins with, 0 for another text; the default when the key is missing.
+    /// The number that the value begins with, 0 for another text; the default when the key is
+    /// missing.
     std::int32_t GetLong(const std::string& section, const std::string& key,
                          std::int32_t fallback) const;
 

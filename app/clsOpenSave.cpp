@@ -21,8 +21,14 @@ void clsOpenSave::Filter(const std::string& pairs)
     std::replace(filter_.begin(), filter_.end(), '|', '\0');
 }
 
-bool clsOpenSave::GetFileName() { return Ask(false); }
-bool clsOpenSave::ShowSave() { return Ask(true); }
+bool clsOpenSave::GetFileName()
+{
+    return Ask(false);
+}
+bool clsOpenSave::ShowSave()
+{
+    return Ask(true);
+}
 
 bool clsOpenSave::Ask(bool save)
 {

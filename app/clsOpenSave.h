@@ -36,7 +36,8 @@ public:
     std::string Filter() const;
     void Filter(const std::string& pairs);
 
-    /// Asks for a file to open, or to save to. False when the user cancels; nothing has changed then.
+    /// Asks for a file to open, or to save to. False when the user cancels; nothing has changed
+    /// then.
     bool GetFileName();
     bool ShowSave();
 

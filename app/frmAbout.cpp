@@ -23,8 +23,8 @@ frmAbout::frmAbout(IModalHost& host, IShell& shell)
       lblWebSite("lblWebSite", product::HomePage),
       cmdOK("cmdOK", "OK")
 {
-    for (Control* control : std::initializer_list<Control*>{&picAppIcon, &lblAppName, &lblLegal,
-                                                            &lblWebSite, &cmdOK})
+    for (Control* control :
+         std::initializer_list<Control*>{&picAppIcon, &lblAppName, &lblLegal, &lblWebSite, &cmdOK})
         form_.Add(*control);
     form_.DefaultButton(cmdOK);
     form_.CancelButton(cmdOK);

@@ -10,11 +10,15 @@
 namespace clb {
 namespace {
 
-constexpr const char* kMonths[] = {"January", "February", "March",     "April",   "May",      "June",
-                                   "July",    "August",   "September", "October", "November", "December"};
+constexpr const char* kMonths[] = {"January",   "February", "March",    "April",
+                                   "May",       "June",     "July",     "August",
+                                   "September", "October",  "November", "December"};
 
 /// The number that a year's text stands for; 0 when it is none.
-std::int32_t YearNumber(const std::string& text) { return IsNumeric(text) ? ParseLong(text) : 0; }
+std::int32_t YearNumber(const std::string& text)
+{
+    return IsNumeric(text) ? ParseLong(text) : 0;
+}
 
 }  // namespace
 
@@ -34,9 +38,9 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
       ports_(ports),
       metrics_(metrics)
 {
-    for (Control* control :
-         std::initializer_list<Control*>{&TreeView, &Grid.Component(), &cmbPeriod, &txtYear, &UpDown,
-                                         &txtTotal, &txtTotal2, &lblTotal, &toolbar, &statusBar})
+    for (Control* control : std::initializer_list<Control*>{
+             &TreeView, &Grid.Component(), &cmbPeriod, &txtYear, &UpDown, &txtTotal, &txtTotal2,
+             &lblTotal, &toolbar, &statusBar})
         window.Add(*control);
     for (std::int32_t month = 0; month < 12; ++month)
         cmbPeriod.Add(kMonths[month], month + 1);
@@ -162,8 +166,8 @@ void frmController::Resize(std::int32_t width, std::int32_t height)
     const auto atLeastZero = [](std::int32_t size) { return std::max(0, size); };
     const std::int32_t top = metrics_.toolbarHeight;
     toolbar.Place({0, 0, atLeastZero(width), metrics_.toolbarHeight});
-    statusBar.Place({0, height - metrics_.statusBarHeight, atLeastZero(width),
-                     metrics_.statusBarHeight});
+    statusBar.Place(
+        {0, height - metrics_.statusBarHeight, atLeastZero(width), metrics_.statusBarHeight});
 
     const std::int32_t treeHeight =
         atLeastZero(height - metrics_.statusBarHeight - metrics_.toolbarHeight - pixel);
@@ -200,11 +204,26 @@ std::string frmController::AskForSaveFile(std::int32_t flags, const std::string&
     return dialog.ShowSave() ? dialog.FileName : std::string();
 }
 
-std::string frmController::StatusText() const { return statusBar.Panel(1); }
-void frmController::StatusText(const std::string& text) { statusBar.Panel(1, text); }
-void frmController::Repaint() { window.Refresh(); }
-void frmController::WindowEnabled(bool enabled) { window.Enabled(enabled); }
-void frmController::Pointer(std::int32_t code) { ports_.pointer.Pointer(code); }
+std::string frmController::StatusText() const
+{
+    return statusBar.Panel(1);
+}
+void frmController::StatusText(const std::string& text)
+{
+    statusBar.Panel(1, text);
+}
+void frmController::Repaint()
+{
+    window.Refresh();
+}
+void frmController::WindowEnabled(bool enabled)
+{
+    window.Enabled(enabled);
+}
+void frmController::Pointer(std::int32_t code)
+{
+    ports_.pointer.Pointer(code);
+}
 
 bool frmController::CheckImportAccount(std::string& accountID)
 {

@@ -3,16 +3,16 @@
 #include <memory>
 #include <string>
 
-#include "app/modGlobals.h"
 #include "app/Ports.h"
 #include "app/Product.h"
+#include "app/modGlobals.h"
 #include "controls/Commands.h"
 #include "controls/Form.h"
 #include "controls/Inputs.h"
 #include "controls/Tree.h"
-#include "grid/CVGrid.h"
 #include "export/IExportHost.h"
 #include "export/modExport.h"
+#include "grid/CVGrid.h"
 #include "import/IImportHost.h"
 #include "import/modImport.h"
 
@@ -52,8 +52,8 @@ public:
     /// Hands the year box's text on. Throws TypeMismatch() when it is no whole number.
     void EnterYear(const std::string& text) { txtYear.Text(text); }
     /// A press of the mouse on a node, as the tree control reports it: the first shows the node's
-    /// view, one on the selected node shows it again. The tree gets the focus; false when the control
-    /// that had it kept it.
+    /// view, one on the selected node shows it again. The tree gets the focus; false when the
+    /// control that had it kept it.
     bool PressNode(std::int32_t node);
     /// Runs the grid's check and, when it agrees, unloads.
     bool Close();
@@ -138,9 +138,9 @@ private:
     std::unique_ptr<modExport> export_;
     sigc::signal<void()> opened_;
     sigc::signal<void()> unloading_;
-    double lastActual_ = 0;              // for the difference column of the same row
-    std::int32_t pendingTreeNode_ = 0;   // node of the account being deleted
-    std::int32_t refusedColumn_ = 1;     // cell to correct in a refused row
+    double lastActual_ = 0;             // for the difference column of the same row
+    std::int32_t pendingTreeNode_ = 0;  // node of the account being deleted
+    std::int32_t refusedColumn_ = 1;    // cell to correct in a refused row
 };
 
 }  // namespace clb

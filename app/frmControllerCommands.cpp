@@ -147,7 +147,10 @@ void frmController::OptionsCommand()
     View().Refresh();
 }
 
-void frmController::AboutCommand() { frmAbout(ports_.modal, ports_.shell).ShowDialog(); }
+void frmController::AboutCommand()
+{
+    frmAbout(ports_.modal, ports_.shell).ShowDialog();
+}
 
 void frmController::OpenBankLink()
 {
@@ -157,9 +160,10 @@ void frmController::OpenBankLink()
     if (!address.empty())
         ports_.shell.Open(address);
     else
-        ports_.messages.Show("You have not yet set your bank's URL, please do so from "
-                             "Tools|Options...",
-                             box_style::Exclamation, Title);
+        ports_.messages.Show(
+            "You have not yet set your bank's URL, please do so from "
+            "Tools|Options...",
+            box_style::Exclamation, Title);
 }
 
 void frmController::MoveTransaction(std::int32_t direction)

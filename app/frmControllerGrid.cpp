@@ -40,14 +40,10 @@ void frmController::WireGrid()
     Grid.AfterUpdate().connect([this] { RowSaved(); });
     Grid.BeforeDelete().connect([this](bool& cancel) { CheckDeletion(cancel); });
     Grid.AfterDelete().connect([this] { RowDeleted(); });
-    Grid.FetchColumnData().connect(
-        [this](std::int32_t row, std::int32_t column, const Value&, Value& value) {
-            FetchComputed(row, column, value);
-        });
-    Grid.FetchCellTip().connect(
-        [this](std::int32_t row, std::int32_t, std::int32_t, std::string& tip) {
-            FetchTip(row, tip);
-        });
+    Grid.FetchColumnData().connect([this](std::int32_t row, std::int32_t column, const Value&,
+                                          Value& value) { FetchComputed(row, column, value); });
+    Grid.FetchCellTip().connect([this](std::int32_t row, std::int32_t, std::int32_t,
+                                       std::string& tip) { FetchTip(row, tip); });
     Grid.FetchGroupFooterText().connect(
         [this](std::int16_t, std::int32_t row, std::string& text) { FetchFooter(row, text); });
     Grid.Component().UpdateRefused().connect([this] {
@@ -191,9 +187,9 @@ void frmController::FetchFooter(std::int32_t row, std::string& text)
     const std::string inGroup =
         " AND CategoryGroup = '" +
         clsDatabase::ToSqlString(Grid.Rows().GroupValue(static_cast<std::size_t>(row))) + "'";
-    const Money budgeted = SumOf(
-        "SELECT SUM( Amount ) AS TotAmount FROM Budget WHERE " + ShownMonthOf("") + inGroup,
-        "TotAmount");
+    const Money budgeted =
+        SumOf("SELECT SUM( Amount ) AS TotAmount FROM Budget WHERE " + ShownMonthOf("") + inGroup,
+              "TotAmount");
     const Money actual = SumOf(
         "SELECT SUM( Trans.Amount ) AS TotAmount FROM Account INNER JOIN (Budget INNER JOIN Trans "
         "ON Budget.Category = Trans.Category AND Budget.Year = Trans.Year AND Budget.Period = "

@@ -65,8 +65,8 @@ void frmOptions::Store()
     for (const auto& row : grdAccounts.Rows()) {
         const std::string include = row[0] == Value{true} ? "TRUE" : "FALSE";
         // Only rows whose flag really changes are touched.
-        database_.Execute("UPDATE Account SET BudgetInclude = " + include +
-                          " WHERE AccountID = '" + clsDatabase::ToSqlString(ToText(row[2])) +
+        database_.Execute("UPDATE Account SET BudgetInclude = " + include + " WHERE AccountID = '" +
+                          clsDatabase::ToSqlString(ToText(row[2])) +
                           "' AND NOT BudgetInclude = " + include);
     }
 }

@@ -9,7 +9,8 @@ namespace clb {
 
 class clsDatabase;
 
-/// The dialog "Options": the address of the bank's web site, and which accounts count in the budget.
+/// The dialog "Options": the address of the bank's web site, and which accounts count in the
+/// budget.
 class frmOptions {
 public:
     /// settings: path of the settings file. Store and host are borrowed; they outlive the dialog.

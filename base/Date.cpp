@@ -13,7 +13,10 @@ using std::chrono::year_month_day;
 
 constexpr sys_days kZero{std::chrono::year{1899} / 12 / 30};
 
-year_month_day Calendar(std::int32_t days) { return kZero + std::chrono::days{days}; }
+year_month_day Calendar(std::int32_t days)
+{
+    return kZero + std::chrono::days{days};
+}
 
 /// One number with blanks around it; its digits as written, or nothing.
 std::optional<std::string_view> Number(std::string_view piece)
@@ -108,18 +111,26 @@ std::optional<Date> Date::FromIso(std::string_view text)
     return Of(year, month, day, hour, minute, second);
 }
 
-int Date::Year() const { return static_cast<int>(Calendar(days_).year()); }
-int Date::Month() const { return static_cast<int>(static_cast<unsigned>(Calendar(days_).month())); }
-int Date::Day() const { return static_cast<int>(static_cast<unsigned>(Calendar(days_).day())); }
+int Date::Year() const
+{
+    return static_cast<int>(Calendar(days_).year());
+}
+int Date::Month() const
+{
+    return static_cast<int>(static_cast<unsigned>(Calendar(days_).month()));
+}
+int Date::Day() const
+{
+    return static_cast<int>(static_cast<unsigned>(Calendar(days_).day()));
+}
 
 std::string Date::ToIso() const
 {
     char buffer[64];
     const auto calendar = Calendar(days_);
-    int length = std::snprintf(buffer, sizeof buffer, "%04d-%02u-%02u",
-                               static_cast<int>(calendar.year()),
-                               static_cast<unsigned>(calendar.month()),
-                               static_cast<unsigned>(calendar.day()));
+    int length = std::snprintf(
+        buffer, sizeof buffer, "%04d-%02u-%02u", static_cast<int>(calendar.year()),
+        static_cast<unsigned>(calendar.month()), static_cast<unsigned>(calendar.day()));
     if (seconds_ != 0)
         length += std::snprintf(buffer + length, sizeof buffer - static_cast<std::size_t>(length),
                                 " %02d:%02d:%02d", Hour(), Minute(), Second());

@@ -16,7 +16,10 @@ std::uint64_t Magnitude(std::int64_t value)
 }
 
 /// The amount in cents, half away from zero, without its sign.
-std::uint64_t CentsAwayFromZero(std::int64_t scaled) { return (Magnitude(scaled) + 50) / 100; }
+std::uint64_t CentsAwayFromZero(std::int64_t scaled)
+{
+    return (Magnitude(scaled) + 50) / 100;
+}
 
 std::string TwoDigits(std::uint64_t value)
 {

@@ -10,7 +10,10 @@
 namespace clb {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
 
 /// Reads a numeric text from left to right; each member consumes what it names.
 class Scanner {
@@ -152,7 +155,8 @@ std::optional<Numeric> Numeric::Read(std::string_view text)
     number.digits_ = whole;
     number.digits_ += fraction;
     number.exponent_ = exponent + static_cast<std::int64_t>(whole.size());
-    const std::size_t zeros = std::min(number.digits_.find_first_not_of('0'), number.digits_.size());
+    const std::size_t zeros =
+        std::min(number.digits_.find_first_not_of('0'), number.digits_.size());
     number.digits_.erase(0, zeros);
     number.exponent_ -= static_cast<std::int64_t>(zeros);
     return number;
@@ -176,9 +180,9 @@ std::int64_t Numeric::Scaled(int decimals) const
             throw Overflow();
     }
     if (kept < digits_.size()) {
-        const bool above = digits_[kept] > '5' ||
-                           (digits_[kept] == '5' &&
-                            digits_.find_first_not_of('0', kept + 1) != std::string::npos);
+        const bool above =
+            digits_[kept] > '5' ||
+            (digits_[kept] == '5' && digits_.find_first_not_of('0', kept + 1) != std::string::npos);
         if (above || (digits_[kept] == '5' && value % 2 == 1))
             ++value;
     }
@@ -214,7 +218,10 @@ std::string Numeric::GroupDigits(std::string digits)
     return digits;
 }
 
-bool IsNumeric(std::string_view text) { return Numeric::Read(text).has_value(); }
+bool IsNumeric(std::string_view text)
+{
+    return Numeric::Read(text).has_value();
+}
 
 std::int32_t ParseLong(std::string_view text)
 {
@@ -254,7 +261,13 @@ std::string Shortest(Real value)
 
 }  // namespace
 
-std::string ToText(double value) { return Shortest(value); }
-std::string ToText(float value) { return Shortest(value); }
+std::string ToText(double value)
+{
+    return Shortest(value);
+}
+std::string ToText(float value)
+{
+    return Shortest(value);
+}
 
 }  // namespace clb

@@ -25,7 +25,7 @@ public:
 
 private:
     bool negative_ = false;
-    std::string digits_;    // significant digits without leading zeros; empty for zero
+    std::string digits_;         // significant digits without leading zeros; empty for zero
     std::int64_t exponent_ = 0;  // value = 0.digits * 10^exponent
 };
 

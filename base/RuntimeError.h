@@ -40,8 +40,14 @@ inline constexpr std::int32_t KeyNotUnique = 35602;
 }  // namespace errors
 
 /// The error that a conversion raises for a text or value of another kind.
-inline RuntimeError TypeMismatch() { return {errors::TypeMismatch, "Type mismatch"}; }
+inline RuntimeError TypeMismatch()
+{
+    return {errors::TypeMismatch, "Type mismatch"};
+}
 /// The error that arithmetic and conversions raise for a result out of range.
-inline RuntimeError Overflow() { return {errors::Overflow, "Overflow"}; }
+inline RuntimeError Overflow()
+{
+    return {errors::Overflow, "Overflow"};
+}
 
 }  // namespace clb

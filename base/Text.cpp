@@ -54,17 +54,20 @@ char ToCode(std::int32_t character)
     return static_cast<char>(0x80 + (found - kUpperHalf.begin()));
 }
 
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+char LowerAscii(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
 
 /// The text without case and accents, for comparing.
 std::string FoldedForSorting(std::string_view text)
 {
     utf8proc_uint8_t* folded = nullptr;
-    const auto length = utf8proc_map(
-        reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-        static_cast<utf8proc_ssize_t>(text.size()), &folded,
-        static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_DECOMPOSE | UTF8PROC_CASEFOLD |
-                                       UTF8PROC_STRIPMARK));
+    const auto length =
+        utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                     static_cast<utf8proc_ssize_t>(text.size()), &folded,
+                     static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_DECOMPOSE |
+                                                    UTF8PROC_CASEFOLD | UTF8PROC_STRIPMARK));
     if (length < 0)
         return std::string(text);
     std::string result(reinterpret_cast<const char*>(folded), static_cast<std::size_t>(length));
@@ -125,7 +128,10 @@ std::string_view TrimRight(std::string_view text)
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-std::string_view Trim(std::string_view text) { return TrimLeft(TrimRight(text)); }
+std::string_view Trim(std::string_view text)
+{
+    return TrimLeft(TrimRight(text));
+}
 
 std::string Replace(std::string_view text, std::string_view what, std::string_view by)
 {

@@ -119,18 +119,17 @@ Money ToMoney(const Value& value)
 
 std::int32_t ToLong(const Value& value)
 {
-    return std::visit(
-        Overloaded{
-            [](Null) { return std::int32_t{0}; },
-            [](const std::string& text) { return ParseLong(text); },
-            [](std::int32_t number) { return number; },
-            [](Money money) { return RoundToLong(money.ToDouble()); },
-            [](double number) { return RoundToLong(number); },
-            [](float number) { return RoundToLong(static_cast<double>(number)); },
-            [](const Date&) -> std::int32_t { throw TypeMismatch(); },
-            [](bool yes) { return std::int32_t{yes ? -1 : 0}; },
-        },
-        value);
+    return std::visit(Overloaded{
+                          [](Null) { return std::int32_t{0}; },
+                          [](const std::string& text) { return ParseLong(text); },
+                          [](std::int32_t number) { return number; },
+                          [](Money money) { return RoundToLong(money.ToDouble()); },
+                          [](double number) { return RoundToLong(number); },
+                          [](float number) { return RoundToLong(static_cast<double>(number)); },
+                          [](const Date&) -> std::int32_t { throw TypeMismatch(); },
+                          [](bool yes) { return std::int32_t{yes ? -1 : 0}; },
+                      },
+                      value);
 }
 
 double ToDouble(const Value& value)

@@ -19,7 +19,10 @@ const char* TypeName(FieldType type);
 using Null = std::monostate;
 using Value = std::variant<Null, std::string, std::int32_t, Money, double, float, Date, bool>;
 
-inline bool IsNull(const Value& value) { return std::holds_alternative<Null>(value); }
+inline bool IsNull(const Value& value)
+{
+    return std::holds_alternative<Null>(value);
+}
 /// Never set, null, or the empty text.
 bool IsEmpty(const Value& value);
 

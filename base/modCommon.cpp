@@ -5,8 +5,14 @@
 
 namespace clb::modCommon {
 
-std::int32_t Max(std::int32_t a, std::int32_t b) { return std::max(a, b); }
-std::int32_t Min(std::int32_t a, std::int32_t b) { return std::min(a, b); }
+std::int32_t Max(std::int32_t a, std::int32_t b)
+{
+    return std::max(a, b);
+}
+std::int32_t Min(std::int32_t a, std::int32_t b)
+{
+    return std::min(a, b);
+}
 
 std::int32_t TimeZoneOffset(const ZoneInformation& zone)
 {

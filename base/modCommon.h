@@ -10,8 +10,8 @@ std::int32_t Min(std::int32_t a, std::int32_t b);
 /// Which time is in force where the program runs.
 enum class ZoneState { Unknown, Standard, Daylight };
 
-/// What the system says of its time zone. All in minutes; local time = UTC - (bias + the bias of the
-/// time in force).
+/// What the system says of its time zone. All in minutes; local time = UTC - (bias + the bias of
+/// the time in force).
 struct ZoneInformation {
     std::int32_t bias = 0;
     std::int32_t standardBias = 0;

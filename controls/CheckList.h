@@ -17,7 +17,8 @@ public:
     const std::vector<std::vector<Value>>& Rows() const { return rows_; }
     /// Adds a row; the first value is the check.
     void Add(std::vector<Value> row);
-    /// Ticks or unticks a row, numbered from 1. Throws RuntimeError (SubscriptOutOfRange) for others.
+    /// Ticks or unticks a row, numbered from 1. Throws RuntimeError (SubscriptOutOfRange) for
+    /// others.
     void Check(std::size_t row, bool ticked);
 
 private:

@@ -39,8 +39,8 @@ public:
 
     /// Control with the focus; nullptr when none has it.
     Control* Focus() const { return focus_; }
-    /// Moves the focus. The control that has it is asked first (Validate); when it refuses, the focus
-    /// stays and the result is false. A control that has the focus keeps it and is not asked.
+    /// Moves the focus. The control that has it is asked first (Validate); when it refuses, the
+    /// focus stays and the result is false. A control that has the focus keeps it and is not asked.
     bool Focus(Control& control);
 
     /// The button that Enter presses, and the one that Escape and closing the window press.

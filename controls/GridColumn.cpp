@@ -51,8 +51,7 @@ std::int32_t GridColumns::Find(const std::string& key) const
 {
     const auto found = std::find_if(columns_.begin(), columns_.end(),
                                     [&key](const GridColumn& column) { return column.key == key; });
-    return found == columns_.end() ? 0
-                                   : static_cast<std::int32_t>(found - columns_.begin()) + 1;
+    return found == columns_.end() ? 0 : static_cast<std::int32_t>(found - columns_.begin()) + 1;
 }
 
 std::int32_t GridColumns::Left(std::int32_t index) const

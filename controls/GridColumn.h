@@ -38,22 +38,22 @@ struct GridValueItem {
 /// The drop-down of a column's cells.
 struct GridPopup {
     std::int32_t type = cell_control::ComboBox;
-    std::int32_t rows = 5;       ///< entries shown at once
-    std::int32_t width = 0;      ///< in twentieths of a point; 0: as wide as the column
+    std::int32_t rows = 5;   ///< entries shown at once
+    std::int32_t width = 0;  ///< in twentieths of a point; 0: as wide as the column
 };
 
 /// One column of the grid.
 struct GridColumn {
-    std::string key;       ///< name of the bound field; empty for a calculated column
+    std::string key;  ///< name of the bound field; empty for a calculated column
     std::string caption;
-    std::string dbField;   ///< field whose values are shown; empty: calculated
+    std::string dbField;  ///< field whose values are shown; empty: calculated
     FieldType dataType = FieldType::Text;
     std::size_t textWidth = 0;  ///< most characters a text may have; 0: no limit
     bool hidden = false;
     bool readOnly = false;
-    bool updatable = false;     ///< its field takes values
+    bool updatable = false;  ///< its field takes values
     bool fetchCellStyle = false;
-    std::int32_t width = 100;   ///< in pixels
+    std::int32_t width = 100;  ///< in pixels
     std::int32_t alignment = grid_align::General;
     std::int32_t headingAlignment = grid_align::General;
     std::optional<GridPopup> popup;
@@ -92,8 +92,8 @@ private:
 /// Rows that share a column's value stand together below a heading and above a footer.
 struct GridGroup {
     std::int32_t column = 0;
-    /// Text of the heading: GroupingValue and TotalChildCount and texts between single quotes, joined
-    /// by "&".
+    /// Text of the heading: GroupingValue and TotalChildCount and texts between single quotes,
+    /// joined by "&".
     std::string headerText = "GroupingValue";
     std::int32_t headingKind = 0;  ///< 4: heading and footer
     std::int32_t footerKind = 0;   ///< 3: footer text comes from the container

@@ -9,7 +9,10 @@
 namespace clb {
 namespace {
 
-std::string Grouped(double amount) { return Money::FromDouble(amount).Grouped(); }
+std::string Grouped(double amount)
+{
+    return Money::FromDouble(amount).Grouped();
+}
 
 }  // namespace
 
@@ -173,7 +176,10 @@ void GridComponent::Freshen()
     LoadRow();
 }
 
-std::int32_t GridComponent::Position() const { return row_ == 0 ? 1 : rows_.Position(row_); }
+std::int32_t GridComponent::Position() const
+{
+    return row_ == 0 ? 1 : rows_.Position(row_);
+}
 
 Value GridComponent::ColumnValue(std::int32_t column)
 {

@@ -65,14 +65,14 @@ public:
     /// Makes a cell current. Leaving a changed row saves it first; false when that, or ending the
     /// cell's edit, was refused.
     bool MoveTo(std::size_t row, std::int32_t column);
-    /// Makes the first row with the key current; null stands for the new-row line. Throws RuntimeError
-    /// (ElementNotFound) when no row has it.
+    /// Makes the first row with the key current; null stands for the new-row line. Throws
+    /// RuntimeError (ElementNotFound) when no row has it.
     void MoveToRowKey(const Value& key);
     /// Where the current cell stands, to come back to after the rows were read again.
     struct Spot {
-        Value key;                ///< row key; null on other rows than data
+        Value key;  ///< row key; null on other rows than data
         std::size_t row = 0;
-        std::size_t identity = 0; ///< unseen identity of the stored row; 0 for none
+        std::size_t identity = 0;  ///< unseen identity of the stored row; 0 for none
         std::int32_t column = 1;
         bool newRow = false;
     };
@@ -84,14 +84,16 @@ public:
     std::int32_t Position() const;
 
     /// Value of a column in the current row, unsaved changes included; a calculated column is
-    /// fetched. Null where there is no row. Throws RuntimeError (SubscriptOutOfRange) for no column.
+    /// fetched. Null where there is no row. Throws RuntimeError (SubscriptOutOfRange) for no
+    /// column.
     Value ColumnValue(std::int32_t column);
     /// Writes it; the row has then unsaved changes. Throws TypeMismatch() or Overflow() when the
     /// column's type does not hold it.
     void ColumnValue(std::int32_t column, const Value& value);
     /// Value of a cell of any displayed row.
     Value CellValue(std::size_t row, std::int32_t column);
-    /// The cell as shown: amounts with two decimals and grouping, dates in the form of the date port.
+    /// The cell as shown: amounts with two decimals and grouping, dates in the form of the date
+    /// port.
     std::string CellText(std::size_t row, std::int32_t column);
     std::string ShownText(const Value& value, std::int32_t column) const;
     /// Text of a group's footer row.
@@ -109,8 +111,8 @@ public:
     /// The text being typed into the cell in edit.
     const std::string& EditText() const { return editText_; }
     void EditText(const std::string& text);
-    /// Takes the typed text into the row. False when the column's type does not hold it: Refusal then
-    /// says why and the cell stays in edit.
+    /// Takes the typed text into the row. False when the column's type does not hold it: Refusal
+    /// then says why and the cell stays in edit.
     bool EndEdit();
     const std::string& Refusal() const { return refusal_; }
     /// Forgets the typed text and ends the cell's edit.
@@ -186,8 +188,8 @@ private:
     std::int32_t tipDelay_ = 0;
     std::size_t row_ = 0;
     std::int32_t col_ = 1;
-    std::vector<Value> cells_;    // the current row as it would be saved
-    std::vector<bool> changed_;   // which of its cells differ from what is stored
+    std::vector<Value> cells_;   // the current row as it would be saved
+    std::vector<bool> changed_;  // which of its cells differ from what is stored
     std::string editText_;
     bool editTouched_ = false;
     std::string refusal_;

@@ -26,7 +26,8 @@ std::string Evaluate(const std::string& expression, const std::string& value, st
         } else if (expression[at] == '&' || expression[at] == ' ') {
             ++at;
         } else {
-            const std::size_t end = std::min(expression.find_first_of(" &'", at), expression.size());
+            const std::size_t end =
+                std::min(expression.find_first_of(" &'", at), expression.size());
             const std::string name = expression.substr(at, end - at);
             text += name == "GroupingValue"     ? value
                     : name == "TotalChildCount" ? std::to_string(children)
@@ -112,14 +113,20 @@ const GridRows::Row& GridRows::At(std::size_t row) const
     return rows_[row - 1];
 }
 
-GridRowKind GridRows::Kind(std::size_t row) const { return At(row).kind; }
+GridRowKind GridRows::Kind(std::size_t row) const
+{
+    return At(row).kind;
+}
 
 std::int32_t GridRows::Position(std::size_t row) const
 {
     return At(row).kind == GridRowKind::NewRow ? 1 : 0;
 }
 
-std::size_t GridRows::Record(std::size_t row) const { return At(row).record; }
+std::size_t GridRows::Record(std::size_t row) const
+{
+    return At(row).record;
+}
 
 Value GridRows::Key(std::size_t row) const
 {
@@ -169,13 +176,15 @@ void GridRows::Fold(std::size_t row, bool folded)
     Display();
 }
 
-std::size_t GridRows::NewRow() const { return rows_.size(); }
+std::size_t GridRows::NewRow() const
+{
+    return rows_.size();
+}
 
 std::size_t GridRows::FirstData() const
 {
-    const auto found = std::find_if(rows_.begin(), rows_.end(), [](const Row& row) {
-        return row.kind == GridRowKind::Data;
-    });
+    const auto found = std::find_if(rows_.begin(), rows_.end(),
+                                    [](const Row& row) { return row.kind == GridRowKind::Data; });
     return found == rows_.end() ? 0 : static_cast<std::size_t>(found - rows_.begin()) + 1;
 }
 

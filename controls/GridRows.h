@@ -47,7 +47,8 @@ public:
     std::size_t FirstData() const;
     std::size_t OfRecord(std::size_t record) const;
     std::size_t OfKey(const Value& key) const;
-    /// Unseen identity of a data row's stored row, which survives reading the rows again; 0 for none.
+    /// Unseen identity of a data row's stored row, which survives reading the rows again; 0 for
+    /// none.
     std::size_t Identity(std::size_t row) const;
     std::size_t OfIdentity(std::size_t identity) const;
 

@@ -46,9 +46,15 @@ void clsDatabase::UpgradeSchema()
     }
 }
 
-void clsDatabase::Execute(const std::string& sql) { connection_.Execute(sql); }
+void clsDatabase::Execute(const std::string& sql)
+{
+    connection_.Execute(sql);
+}
 
-std::string clsDatabase::ToSqlString(std::string_view text) { return Replace(text, "'", "''"); }
+std::string clsDatabase::ToSqlString(std::string_view text)
+{
+    return Replace(text, "'", "''");
+}
 
 std::string clsDatabase::TruncateString(std::string_view text, std::int32_t length)
 {
@@ -88,14 +94,18 @@ bool clsDatabase::RowExists(const std::string& table, const std::string& conditi
     return ToLong(records.Get("Count")) > 0;
 }
 
-std::string clsDatabase::ShownAccount() const { return ToSqlString(shown_.AccountID()); }
+std::string clsDatabase::ShownAccount() const
+{
+    return ToSqlString(shown_.AccountID());
+}
 
 std::string clsDatabase::RowsStatement() const
 {
     switch (shown_.View()) {
         case vwNetWorth:
             return "SELECT Description, Type, AccountID, OpeningBalance, (OpeningBalance + "
-                   "CurrentBalance) as TotBalance, Sequence FROM Account ORDER BY Type, Description";
+                   "CurrentBalance) as TotBalance, Sequence FROM Account ORDER BY Type, "
+                   "Description";
         case vwBudget:
             return "SELECT Budget.Category, Budget.Amount, Budget.Sequence, Budget.Year, "
                    "Budget.Period, Budget.CategoryGroup FROM Budget WHERE Budget.Year = " +

@@ -12,15 +12,15 @@
 
 namespace clb {
 
-/// The data store: every query and update the program runs. Owns the only connection, opened for the
-/// whole run, and the one result set that the grid shows.
+/// The data store: every query and update the program runs. Owns the only connection, opened for
+/// the whole run, and the one result set that the grid shows.
 ///
 /// Nothing is trapped here: an EngineError reaches the caller with the engine's number and message.
 /// What a row lacks is no error: ValidRow answers it.
 class clsDatabase {
 public:
-    /// Opens folder/db/clb.mdb and brings an older schema up to date. shown and row are borrowed and
-    /// outlive the store; they are not called during construction. Throws EngineError.
+    /// Opens folder/db/clb.mdb and brings an older schema up to date. shown and row are borrowed
+    /// and outlive the store; they are not called during construction. Throws EngineError.
     clsDatabase(const std::string& folder, const IShownState& shown, ICurrentRow& row);
 
     /// Runs one statement.
@@ -38,11 +38,12 @@ public:
     /// Transactions of categories that go become "(none)". An empty source month changes nothing.
     void CopyBudget(std::int32_t sourceYear, std::int32_t sourcePeriod, std::int32_t targetYear,
                     std::int32_t targetPeriod);
-    /// Books one piece of a transaction to the next month (direction 1) or the one before (any other
-    /// direction), with a budget line there for the category of the grid's current row, and reads the
-    /// grid's rows again. Throws EngineError when there is no such piece.
+    /// Books one piece of a transaction to the next month (direction 1) or the one before (any
+    /// other direction), with a budget line there for the category of the grid's current row, and
+    /// reads the grid's rows again. Throws EngineError when there is no such piece.
     void MoveMonth(std::int32_t sequence, std::int32_t subSequence, std::int32_t direction);
-    /// Makes sure that the category has a budget line in the month; an existing line stays as it is.
+    /// Makes sure that the category has a budget line in the month; an existing line stays as it
+    /// is.
     void CreateBudgetEntry(const std::string& category, std::int32_t year, std::int32_t period,
                            const std::string& categoryGroup, Money amount);
 
@@ -50,14 +51,15 @@ public:
     Recordset& GetRows();
     /// The shown view's totals; one that the view does not use stays as passed.
     void CalcTotals(Money& first, Money& second);
-    /// Stores the sum of one account's activity in Account.CurrentBalance; no activity stores 0, the
-    /// opening balance is not in it. view -1 and an empty accountID mean the ones shown now; both are
-    /// written back. Views 1 to 3 do nothing. Throws EngineError when no account has this number.
+    /// Stores the sum of one account's activity in Account.CurrentBalance; no activity stores 0,
+    /// the opening balance is not in it. view -1 and an empty accountID mean the ones shown now;
+    /// both are written back. Views 1 to 3 do nothing. Throws EngineError when no account has this
+    /// number.
     void UpdateBalance(std::int32_t& view, std::string& accountID);
 
-    /// Turns one piece of a transaction into two: the piece keeps the first amount, a copy with the next
-    /// piece number gets the second amount and a numbered description. Reads the grid's rows again.
-    /// Throws EngineError when there is no such piece; what ran before an error stays.
+    /// Turns one piece of a transaction into two: the piece keeps the first amount, a copy with the
+    /// next piece number gets the second amount and a numbered description. Reads the grid's rows
+    /// again. Throws EngineError when there is no such piece; what ran before an error stays.
     void SplitTransaction(std::int32_t sequence, std::int32_t subSequence, Money firstAmount,
                           Money secondAmount);
 

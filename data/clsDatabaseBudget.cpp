@@ -83,8 +83,8 @@ void clsDatabase::DropLines(Recordset& source, Recordset& target, Month to)
         Recordset transactions;
         // The category stands in this statement as it is, quotes included; settled.
         transactions.Open("SELECT Category FROM Trans WHERE Year = " + std::to_string(to.year) +
-                              " AND Period = " + std::to_string(to.period) +
-                              " AND Category = '" + category + "'",
+                              " AND Period = " + std::to_string(to.period) + " AND Category = '" +
+                              category + "'",
                           connection_, CursorKind::Keyset, LockKind::Pessimistic);
         for (; !transactions.AtEnd(); transactions.MoveNext()) {
             transactions.Set("Category", std::string("(none)"));
@@ -94,12 +94,10 @@ void clsDatabase::DropLines(Recordset& source, Recordset& target, Month to)
     }
 }
 
-void clsDatabase::MoveMonth(std::int32_t sequence, std::int32_t subSequence,
-                            std::int32_t direction)
+void clsDatabase::MoveMonth(std::int32_t sequence, std::int32_t subSequence, std::int32_t direction)
 {
     Recordset piece;
-    piece.Open("SELECT Year, Period FROM Trans WHERE Trans.Sequence = " +
-                   std::to_string(sequence) +
+    piece.Open("SELECT Year, Period FROM Trans WHERE Trans.Sequence = " + std::to_string(sequence) +
                    " AND Trans.SubSequence = " + std::to_string(subSequence),
                connection_, CursorKind::Keyset, LockKind::Pessimistic);
     const Month from{ToLong(piece.Get("Year")), ToLong(piece.Get("Period"))};

@@ -22,16 +22,15 @@ void clsDatabase::AccountTotals(const std::string& condition, Money& first, Mone
     const Value& opening = records.Get("TotOpn");
     const Value& current = records.Get("TotCur");
     first = ToMoney(opening);
-    second =
-        IsNull(opening) || IsNull(current) ? Money() : ToMoney(opening) + ToMoney(current);
+    second = IsNull(opening) || IsNull(current) ? Money() : ToMoney(opening) + ToMoney(current);
 }
 
 Money clsDatabase::RegisterBalance()
 {
     const std::string year = std::to_string(shown_.Year());
     Recordset account;
-    Fill(account,
-         "SELECT OpeningBalance FROM Account WHERE AccountID = '" + ShownAccount() + "'", true);
+    Fill(account, "SELECT OpeningBalance FROM Account WHERE AccountID = '" + ShownAccount() + "'",
+         true);
     Recordset past;
     Fill(past,
          "SELECT SUM( Amount ) AS TotAmount FROM Trans WHERE AccountID = '" + ShownAccount() +
@@ -59,10 +58,10 @@ void clsDatabase::CalcTotals(Money& first, Money& second)
             break;
         case vwBudget:
             first = Sum("SELECT SUM( Amount ) AS TotAmount FROM Budget WHERE" + month);
-            second = Sum(
-                "SELECT SUM( Amount ) AS TotAmount FROM Account INNER JOIN Trans ON "
-                "Account.AccountID = Trans.AccountID WHERE Account.BudgetInclude = TRUE AND" +
-                month);
+            second =
+                Sum("SELECT SUM( Amount ) AS TotAmount FROM Account INNER JOIN Trans ON "
+                    "Account.AccountID = Trans.AccountID WHERE Account.BudgetInclude = TRUE AND" +
+                    month);
             break;
         case vwAccount: first = RegisterBalance(); break;
         case vwInvestment:

@@ -15,18 +15,17 @@ namespace clb {
 namespace {
 
 constexpr const char* kLineEnd = "\r\n";
-constexpr const char* kHeader[] = {"OFXHEADER:100",    "DATA:OFXSGML",    "VERSION:102",
-                                   "SECURITY:NONE",    "ENCODING:USASCII", "CHARSET:1252",
-                                   "COMPRESSION:NONE", "OLDFILEUID:NONE", "NEWFILEUID:NONE",
-                                   ""};
+constexpr const char* kHeader[] = {
+    "OFXHEADER:100", "DATA:OFXSGML",     "VERSION:102",     "SECURITY:NONE",   "ENCODING:USASCII",
+    "CHARSET:1252",  "COMPRESSION:NONE", "OLDFILEUID:NONE", "NEWFILEUID:NONE", ""};
 
 /// "YYYYMMDDhhmmss".
 std::string Stamp(const Date& date)
 {
     char buffer[48];
-    const int length = std::snprintf(buffer, sizeof buffer, "%04d%02d%02d%02d%02d%02d", date.Year(),
-                                     date.Month(), date.Day(), date.Hour(), date.Minute(),
-                                     date.Second());
+    const int length =
+        std::snprintf(buffer, sizeof buffer, "%04d%02d%02d%02d%02d%02d", date.Year(), date.Month(),
+                      date.Day(), date.Hour(), date.Minute(), date.Second());
     return {buffer, static_cast<std::size_t>(length)};
 }
 
@@ -110,8 +109,7 @@ void modExport::ExportOFX()
 {
     constexpr std::int32_t flags =
         file_flags::OverwritePrompt + file_flags::HideReadOnly + file_flags::PathMustExist;
-    const std::string path =
-        host_.AskForSaveFile(flags, "Open Financial Exchange|*.ofx", "Export");
+    const std::string path = host_.AskForSaveFile(flags, "Open Financial Exchange|*.ofx", "Export");
     if (!path.empty())
         WriteOFX(path);
 }
@@ -120,10 +118,9 @@ void modExport::WriteOFX(const std::string& path)
 {
     const std::string account = view_.AccountID();
     Recordset rows;
-    database_.Fill(rows,
-                   "select * from Trans where AccountID = '" + clsDatabase::ToSqlString(account) +
-                       "'",
-                   true);
+    database_.Fill(
+        rows, "select * from Trans where AccountID = '" + clsDatabase::ToSqlString(account) + "'",
+        true);
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     for (const char* line : kHeader)
         file << line << kLineEnd;

@@ -17,9 +17,9 @@ public:
 
     /// The export command: asks for a file and writes it. Cancelling writes nothing.
     void ExportOFX();
-    /// Writes the shown account's transactions, replacing an existing file. The file is Windows-1252;
-    /// a character that it lacks becomes "?". Throws RuntimeError when it cannot be written; what was
-    /// written so far stays.
+    /// Writes the shown account's transactions, replacing an existing file. The file is
+    /// Windows-1252; a character that it lacks becomes "?". Throws RuntimeError when it cannot be
+    /// written; what was written so far stays.
     void WriteOFX(const std::string& path);
 
 private:

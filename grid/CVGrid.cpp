@@ -25,14 +25,20 @@ CVGrid::CVGrid(const IDateForm& dates) : inner_("Grid", dates)
         });
 }
 
-Value CVGrid::ColumnValue(std::int32_t column) { return inner_.ColumnValue(column); }
+Value CVGrid::ColumnValue(std::int32_t column)
+{
+    return inner_.ColumnValue(column);
+}
 
 void CVGrid::ColumnValue(std::int32_t column, const Value& value)
 {
     inner_.ColumnValue(column, value);
 }
 
-void CVGrid::ShowToolTips(bool show) { inner_.CellTips(show ? kTipsFetched : kTipsOff); }
+void CVGrid::ShowToolTips(bool show)
+{
+    inner_.CellTips(show ? kTipsFetched : kTipsOff);
+}
 
 void CVGrid::Refetch()
 {
@@ -46,11 +52,20 @@ void CVGrid::Refetch()
     RedrawEnabled(true);
 }
 
-void CVGrid::RedrawEnabled(bool enabled) { inner_.Redraw(enabled); }
+void CVGrid::RedrawEnabled(bool enabled)
+{
+    inner_.Redraw(enabled);
+}
 
-void CVGrid::CancelEdit() { inner_.CancelEdit(); }
+void CVGrid::CancelEdit()
+{
+    inner_.CancelEdit();
+}
 
-void CVGrid::DataSource(Recordset& records) { inner_.DataSource(&records); }
+void CVGrid::DataSource(Recordset& records)
+{
+    inner_.DataSource(&records);
+}
 
 void CVGrid::Col(std::int32_t column)
 {
@@ -59,7 +74,10 @@ void CVGrid::Col(std::int32_t column)
         inner_.Col(column);
 }
 
-void CVGrid::MoveToRowKey(const Value& key) { inner_.MoveToRowKey(key); }
+void CVGrid::MoveToRowKey(const Value& key)
+{
+    inner_.MoveToRowKey(key);
+}
 
 void CVGrid::HandleBeforeUpdate(bool& cancel)
 {

@@ -21,8 +21,8 @@ public:
     /// Whether cells show a tip (fetched through FetchCellTip).
     void ShowToolTips(bool show);
     bool ShowToolTips() const { return inner_.CellTips() != 0; }
-    /// Reads the rows again from the data source, back to the same row (else its key, else its place)
-    /// and column (else the nearest that exists).
+    /// Reads the rows again from the data source, back to the same row (else its key, else its
+    /// place) and column (else the nearest that exists).
     void Refetch();
     /// Saves the row being edited. True when there is nothing left to save.
     bool Update() { return inner_.Update(); }
@@ -74,7 +74,10 @@ public:
     }
 
     /// What Refetch calls so that the commands follow the new rows.
-    void OnRefetch(std::function<void()> enableDisable) { enableDisable_ = std::move(enableDisable); }
+    void OnRefetch(std::function<void()> enableDisable)
+    {
+        enableDisable_ = std::move(enableDisable);
+    }
 
     GridComponent& Component() { return inner_; }
     const GridComponent& Component() const { return inner_; }

@@ -16,7 +16,7 @@ inline constexpr std::int32_t FileMustExist = 4096;
 /// How a file dialog opens.
 struct FileQuestion {
     bool save = false;
-    std::string filter;  ///< pairs of description and pattern, divided and ended by "|"
+    std::string filter;            ///< pairs of description and pattern, divided and ended by "|"
     std::int32_t filterIndex = 1;  ///< 1-based pair
     std::int32_t flags = 0;        ///< sum of file_flags
     std::string title;             ///< empty: the dialog's own

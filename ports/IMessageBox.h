@@ -17,9 +17,15 @@ inline constexpr std::int32_t Exclamation = 48;
 inline constexpr std::int32_t Information = 64;
 
 /// The part of a style that names the buttons.
-constexpr std::int32_t Buttons(std::int32_t style) { return style & 7; }
+constexpr std::int32_t Buttons(std::int32_t style)
+{
+    return style & 7;
+}
 /// The part of a style that names the icon.
-constexpr std::int32_t Icon(std::int32_t style) { return style & 0x70; }
+constexpr std::int32_t Icon(std::int32_t style)
+{
+    return style & 0x70;
+}
 }  // namespace box_style
 
 /// Tells the user something and waits for a button.

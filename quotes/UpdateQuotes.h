@@ -19,9 +19,9 @@ public:
     virtual void Pointer(std::int32_t code) = 0;
 };
 
-/// The command Update Quotes: fetches one quote for each holding and stores its last price. A holding
-/// without a proper quote keeps its price. A failure is told to the user and ends the command; prices
-/// stored before stay, status text and pointer are put back.
+/// The command Update Quotes: fetches one quote for each holding and stores its last price. A
+/// holding without a proper quote keeps its price. A failure is told to the user and ends the
+/// command; prices stored before stay, status text and pointer are put back.
 void UpdateQuotes(clsDatabase& database, IQuoteHost& host, IMessageBox& messages, IHttpClient& http,
                   const std::string& service, const std::string& title);
 

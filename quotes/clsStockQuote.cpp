@@ -38,9 +38,9 @@ void clsStockQuote::Symbol(const std::string& symbol)
         ClearQuote();
         return;
     }
-    std::string* const properties[] = {&symbol_,  &quote_,           &lastTradeDate_, &lastTradeTime_,
-                                       &change_,  &percentageChange_, &opening_,      &dayHigh_,
-                                       &dayLow_,  &bid_,              &ask_,          &volume_};
+    std::string* const properties[] = {
+        &symbol_,  &quote_,   &lastTradeDate_, &lastTradeTime_, &change_, &percentageChange_,
+        &opening_, &dayHigh_, &dayLow_,        &bid_,           &ask_,    &volume_};
     for (std::size_t i = 0; i < std::size(properties); ++i)
         *properties[i] = StripQuotes(fields[i]);
     volume_ = GroupedVolume(volume_);

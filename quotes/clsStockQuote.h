@@ -6,8 +6,8 @@ namespace clb {
 
 class IHttpClient;
 
-/// One stock's quote, as texts of the quote service. Writing the symbol fetches it; a fetch without a
-/// proper answer leaves the cleared state: Quote "0.00", everything else "N/A".
+/// One stock's quote, as texts of the quote service. Writing the symbol fetches it; a fetch without
+/// a proper answer leaves the cleared state: Quote "0.00", everything else "N/A".
 class clsStockQuote {
 public:
     /// service: scheme, host and port, e.g. "http://127.0.0.1:8271". The client is borrowed.

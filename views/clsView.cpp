@@ -128,7 +128,10 @@ void clsView::RefreshTotals()
     targets_.txtTotal2.Text(second.Grouped());
 }
 
-bool clsView::OnStoredRow() { return targets_.grid.Component().Position() != 1; }
+bool clsView::OnStoredRow()
+{
+    return targets_.grid.Component().Position() != 1;
+}
 
 void clsView::DecideExport()
 {

@@ -70,7 +70,8 @@ public:
     /// (SubscriptOutOfRange) for a piece that the tag does not have.
     std::string GetTreeNodeAccountInfo(std::int32_t index) const;
 
-    /// Column widths as the view's fractions of the grid's width, the totals line below the columns.
+    /// Column widths as the view's fractions of the grid's width, the totals line below the
+    /// columns.
     void SetColWidths();
     /// Writes the shown view's totals into the totals line.
     void RefreshTotals();

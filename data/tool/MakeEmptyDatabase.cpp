@@ -1,4 +1,5 @@
-// Build tool: runs the creation script into a database file and writes the file's bytes as C++ source.
+// Build tool: runs the creation script into a database file and writes the file's bytes as C++
+// source.
 //
 //   clb_make_empty_database SCRIPT DATABASE SOURCE
 
@@ -25,9 +26,11 @@ void WriteSource(const std::string& path, const std::string& bytes)
     out << "#include \"data/EmptyDatabase.h\"\n\nnamespace clb {\nnamespace {\n\n"
         << "constexpr unsigned char kBytes[] = {";
     for (std::size_t i = 0; i < bytes.size(); ++i)
-        out << (i % 32 == 0 ? "\n    " : "") << static_cast<unsigned>(static_cast<unsigned char>(bytes[i])) << ',';
+        out << (i % 32 == 0 ? "\n    " : "")
+            << static_cast<unsigned>(static_cast<unsigned char>(bytes[i])) << ',';
     out << "};\n\n}  // namespace\n\nstd::string_view EmptyDatabase()\n{\n"
-        << "    return {reinterpret_cast<const char*>(kBytes), sizeof kBytes};\n}\n\n}  // namespace clb\n";
+        << "    return {reinterpret_cast<const char*>(kBytes), sizeof kBytes};\n}\n\n}  // "
+           "namespace clb\n";
 }
 
 }  // namespace

@@ -26,8 +26,8 @@ protected:
     }
     static std::string Amounts(Form& form)
     {
-        return In<TextBox>(form, "txtOriginal").Text() + " + " + In<TextBox>(form, "txtNew").Text() +
-               " = " + In<TextBox>(form, "txtTotal").Text();
+        return In<TextBox>(form, "txtOriginal").Text() + " + " +
+               In<TextBox>(form, "txtNew").Text() + " = " + In<TextBox>(form, "txtTotal").Text();
     }
 
     FakeModalHost host_;

@@ -44,12 +44,14 @@ TEST_F(clsIniTest, NamesAreComparedWithoutRegardToCase)
 
 TEST_F(clsIniTest, OtherLinesKeepTheirPlace)
 {
-    folder_.Write("cvlb.ini", "; mine\r\n[Other]\r\na=1\r\n\r\n[Settings]\r\n;x\r\n\r\n[Last]\r\nb=2\r\n");
+    folder_.Write("cvlb.ini",
+                  "; mine\r\n[Other]\r\na=1\r\n\r\n[Settings]\r\n;x\r\n\r\n[Last]\r\nb=2\r\n");
 
     ini_.WriteString("Settings", "BankUrl", "u");
 
-    EXPECT_EQ(folder_.Read("cvlb.ini"),
-              "; mine\r\n[Other]\r\na=1\r\n\r\n[Settings]\r\n;x\r\nBankUrl=u\r\n\r\n[Last]\r\nb=2\r\n");
+    EXPECT_EQ(
+        folder_.Read("cvlb.ini"),
+        "; mine\r\n[Other]\r\na=1\r\n\r\n[Settings]\r\n;x\r\nBankUrl=u\r\n\r\n[Last]\r\nb=2\r\n");
 }
 
 TEST_F(clsIniTest, AnEmptyValueIsWrittenAndRead)

@@ -29,7 +29,8 @@ const std::map<std::string, std::set<std::string>> kLadder = {
     {"export", {"base", "ports", "engine", "controls", "data", "grid", "views"}},
     {"quotes", {"base", "ports", "engine", "controls", "data", "grid", "views"}},
     {"app",
-     {"base", "ports", "engine", "controls", "data", "grid", "views", "import", "export", "quotes"}},
+     {"base", "ports", "engine", "controls", "data", "grid", "views", "import", "export",
+      "quotes"}},
     {"platform", {"base", "ports"}},
     {"automation",
      {"base", "ports", "engine", "controls", "data", "grid", "views", "import", "export", "quotes",
@@ -81,8 +82,8 @@ TEST(LadderTest, EveryFolderIncludesOnlyFoldersAboveIt)
                     continue;
                 ++seen;
                 EXPECT_TRUE(target == folder || above.contains(target))
-                    << folder << "/ includes " << target << "/: not on the ladder (" << source.string()
-                    << ")";
+                    << folder << "/ includes " << target << "/: not on the ladder ("
+                    << source.string() << ")";
             }
         }
     }

@@ -11,7 +11,9 @@ TEST(TextTest, LengthsAndCutsCountCharacters)
     EXPECT_EQ(Left("Käse€", 2), "Kä");
     EXPECT_EQ(Left("Käse€", 9), "Käse€");
     EXPECT_EQ(ByteOffset("Käse", 2), 3U);
-    EXPECT_EQ(Length("a\xFF" "b"), 3U);
+    EXPECT_EQ(Length("a\xFF"
+                     "b"),
+              3U);
 }
 
 TEST(TextTest, TrimsSpacesOnly)

@@ -134,19 +134,20 @@ TEST(MenuItemTest, SeparatorsAndDisabledItemsDoNothing)
     MenuItem& import = file.Add("mnuF_Import", "&Import...");
     MenuItem& rule = file.Add("mnuF_Rule", "-");
     int clicks = 0;
-    import.Click().connect([&clicks] { ++clicks; });
-    rule.Click().connect([&clicks] { ++clicks; });
+    import.Click().connect([&clicks] { ++clicks;
+});
+rule.Click().connect([&clicks] { ++clicks; });
 
-    rule.Press();
-    import.Enabled(false);
-    import.Press();
-    EXPECT_EQ(clicks, 0);
-    import.Enabled(true);
-    bar.Find("mnuF_Import")->Press();
+rule.Press();
+import.Enabled(false);
+import.Press();
+EXPECT_EQ(clicks, 0);
+import.Enabled(true);
+bar.Find("mnuF_Import")->Press();
 
-    EXPECT_EQ(clicks, 1);
-    EXPECT_EQ(bar.Find("mnuX"), nullptr);
-}
+EXPECT_EQ(clicks, 1);
+EXPECT_EQ(bar.Find("mnuX"), nullptr);
+}  // namespace
 
 TEST(FormTest, TheControlThatHasTheFocusIsAskedBeforeItLosesIt)
 {
@@ -176,5 +177,5 @@ TEST(FormTest, HasItsControlsByName)
     EXPECT_EQ(form.Find("txtOld"), nullptr);
 }
 
-}  // namespace
+}  // namespace clb
 }  // namespace clb

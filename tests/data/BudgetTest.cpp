@@ -49,8 +49,7 @@ TEST_F(BudgetTest, CopyingGivesTheSourcesCategoriesGroupsAndAmounts)
 
     Store().CopyBudget(2006, 2, 2006, 3);
 
-    EXPECT_EQ(BudgetOf(2006, 3),
-              (Texts{"(none)|(none)|0", "Food|Living|200", "Rent|Home|700"}));
+    EXPECT_EQ(BudgetOf(2006, 3), (Texts{"(none)|(none)|0", "Food|Living|200", "Rent|Home|700"}));
     EXPECT_EQ(Rows("SELECT Sequence, Category FROM Trans ORDER BY Sequence"),
               (Texts{"1|(none)", "2|Fuel"}));
     EXPECT_EQ(BudgetOf(2006, 2), (Texts{"Food|Living|200", "Rent|Home|700"}));
@@ -109,8 +108,9 @@ TEST_F(BudgetTest, ATransactionMovesAcrossYearEnds)
 TEST_F(BudgetTest, OnlyTheNamedPieceMoves)
 {
     AddTransaction(1, "10", "5", 2006, 3);
-    Execute("INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period) "
-            "VALUES (1, 1, '10', #2006-03-05#, 2, 2006, 3)");
+    Execute(
+        "INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period) "
+        "VALUES (1, 1, '10', #2006-03-05#, 2, 2006, 3)");
     ShowRegister();
 
     Store().MoveMonth(1, 1, 1);

@@ -54,23 +54,27 @@ TEST_F(RowsTest, NetWorthListsAccountsByTypeAndDescriptionWithTheirBalance)
     AddAccount("checking", "Bank", "100", "25");
     shown_.view = vwNetWorth;
 
-    EXPECT_EQ(Lines(Store().GetRows()),
-              (std::vector<std::string>{"checking|Bank|checking|100|125|3",
-                                        "wallet|Cash|wallet|10|7.5|1",
-                                        "Visa|Credit Card|Visa|0|0|2"}));
+    EXPECT_EQ(
+        Lines(Store().GetRows()),
+        (std::vector<std::string>{"checking|Bank|checking|100|125|3", "wallet|Cash|wallet|10|7.5|1",
+                                  "Visa|Credit Card|Visa|0|0|2"}));
 }
 
 TEST_F(RowsTest, TheRegisterShowsTheBookedMonthNewestFirst)
 {
     AddAccount("O'Neil", "Bank");
-    Execute("INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period) "
-            "VALUES (1, 0, 'O''Neil', #2006-03-05#, 1, 2006, 3)");
-    Execute("INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period) "
-            "VALUES (2, 1, 'O''Neil', #2006-03-09#, 2, 2006, 3)");
-    Execute("INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period) "
-            "VALUES (2, 0, 'O''Neil', #2006-03-09#, 3, 2006, 3)");
-    Execute("INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period) "
-            "VALUES (3, 0, 'O''Neil', #2006-03-09#, 4, 2006, 4)");
+    Execute(
+        "INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period) "
+        "VALUES (1, 0, 'O''Neil', #2006-03-05#, 1, 2006, 3)");
+    Execute(
+        "INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period) "
+        "VALUES (2, 1, 'O''Neil', #2006-03-09#, 2, 2006, 3)");
+    Execute(
+        "INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period) "
+        "VALUES (2, 0, 'O''Neil', #2006-03-09#, 3, 2006, 3)");
+    Execute(
+        "INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period) "
+        "VALUES (3, 0, 'O''Neil', #2006-03-09#, 4, 2006, 4)");
     shown_.view = vwAccount;
     shown_.account = "O'Neil";
 
@@ -218,8 +222,11 @@ TEST_F(RowsTest, AnExistingTransactionKeepsItsAccountAndMonth)
 {
     shown_.view = vwAccount;
     shown_.account = "10";
-    row_.cells = {{5, std::string("Food")}, {7, std::string("20")}, {8, std::int32_t{2005}},
-                  {9, std::int32_t{1}},     {11, std::int32_t{4}}};
+    row_.cells = {{5, std::string("Food")},
+                  {7, std::string("20")},
+                  {8, std::int32_t{2005}},
+                  {9, std::int32_t{1}},
+                  {11, std::int32_t{4}}};
 
     EXPECT_EQ(Check(), "valid");
 

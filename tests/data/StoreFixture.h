@@ -67,23 +67,25 @@ protected:
         return lines;
     }
 
-    void AddAccount(const std::string& id, const std::string& type, const std::string& opening = "0",
-                    const std::string& current = "0")
+    void AddAccount(const std::string& id, const std::string& type,
+                    const std::string& opening = "0", const std::string& current = "0")
     {
-        Execute("INSERT INTO Account (AccountID, Description, Type, OpeningBalance, CurrentBalance) "
-                "VALUES ('" + clsDatabase::ToSqlString(id) + "', '" + clsDatabase::ToSqlString(id) +
-                "', '" + type + "', " + opening + ", " + current +
-                ")");
+        Execute(
+            "INSERT INTO Account (AccountID, Description, Type, OpeningBalance, CurrentBalance) "
+            "VALUES ('" +
+            clsDatabase::ToSqlString(id) + "', '" + clsDatabase::ToSqlString(id) + "', '" + type +
+            "', " + opening + ", " + current + ")");
     }
-    void AddTransaction(std::int32_t sequence, const std::string& account, const std::string& amount,
-                        std::int32_t year, std::int32_t period,
+    void AddTransaction(std::int32_t sequence, const std::string& account,
+                        const std::string& amount, std::int32_t year, std::int32_t period,
                         const std::string& category = "(none)",
                         const std::string& date = "2006-03-05")
     {
-        Execute("INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period, "
-                "Category) VALUES (" + std::to_string(sequence) + ", 0, '" + account + "', #" + date +
-                "#, " + amount + ", " + std::to_string(year) + ", " + std::to_string(period) + ", '" +
-                category + "')");
+        Execute(
+            "INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Year, Period, "
+            "Category) VALUES (" +
+            std::to_string(sequence) + ", 0, '" + account + "', #" + date + "#, " + amount + ", " +
+            std::to_string(year) + ", " + std::to_string(period) + ", '" + category + "')");
     }
     void AddBudget(const std::string& category, const std::string& group, const std::string& amount,
                    std::int32_t year, std::int32_t period)

@@ -17,10 +17,7 @@ protected:
     {
         return Rows("SELECT CurrentBalance FROM Account WHERE AccountID = '" + account + "'").at(0);
     }
-    void Update(std::int32_t view, std::string account)
-    {
-        Store().UpdateBalance(view, account);
-    }
+    void Update(std::int32_t view, std::string account) { Store().UpdateBalance(view, account); }
 };
 
 TEST_F(TotalsTest, NetWorthSumsEveryAccount)

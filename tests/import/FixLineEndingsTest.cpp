@@ -205,10 +205,7 @@ public:
             EXPECT_EQ(chown(path.c_str(), kNobody, kNobody), 0);
         EXPECT_EQ(seteuid(kNobody), 0);
     }
-    ~AsOrdinaryUser()
-    {
-        EXPECT_TRUE(!superuser_ || seteuid(0) == 0);
-    }
+    ~AsOrdinaryUser() { EXPECT_TRUE(!superuser_ || seteuid(0) == 0); }
     AsOrdinaryUser(const AsOrdinaryUser&) = delete;
     AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
 

@@ -7,7 +7,10 @@
 namespace clb {
 namespace {
 
-std::int32_t Right(const Control& control) { return control.Place().left + control.Place().width; }
+std::int32_t Right(const Control& control)
+{
+    return control.Place().left + control.Place().width;
+}
 
 /// Right edge of a column in the window.
 std::int32_t RightOf(frmController& window, std::int32_t column)
