@@ -1,0 +1,128 @@
+#include "quotes/UpdateQuotes.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "base/RuntimeError.h"
+#include "ports/IHttpClient.h"
+#include "quotes/clsStockQuote.h"
+#include "tests/support/Books.h"
+
+namespace clb {
+namespace {
+
+constexpr const char* kAcme =
+    "\"ACME\",12.50,\"3/3/"
+    "2006\",\"4:00pm\",+0.25,\"+2.04%\",12.30,12.60,12.20,12.49,12.51,1234567\r\n";
+
+class FakeHttp : public IHttpClient {
+public:
+    std::optional<std::string> Get(const std::string& url) override
+    {
+        urls.push_back(url);
+        if (fails)
+            throw PortError(errors::NetworkFailure, "no network");
+        return answer;
+    }
+
+    std::vector<std::string> urls;
+    std::optional<std::string> answer;
+    bool fails = false;
+};
+
+class FakeQuoteHost : public IQuoteHost {
+public:
+    std::string StatusText() const override { return texts.back(); }
+    void StatusText(const std::string& text) override { texts.push_back(text); }
+    void Pointer(std::int32_t code) override { pointers.push_back(code); }
+
+    std::vector<std::string> texts{"Ready"};
+    std::vector<std::int32_t> pointers;
+};
+
+class UpdateQuotesTest : public testing::Test {
+protected:
+    /// LastPrice of a holding at 7.25 after the command.
+    std::string PriceAfter(std::optional<std::string> answer)
+    {
+        books_.Execute("INSERT INTO Investment (StockSymbol, LastPrice) VALUES ('ACME', 7.25)");
+        http_.answer = std::move(answer);
+        Update();
+        return books_.One("SELECT LastPrice FROM Investment");
+    }
+    void Update()
+    {
+        UpdateQuotes(books_.window.Data(), host_, books_.messages, http_, "http://q", "Title");
+    }
+
+    Books books_;
+    FakeHttp http_;
+    FakeQuoteHost host_;
+};
+
+TEST_F(UpdateQuotesTest, AProperAnswerSetsTheLastPrice)
+{
+    EXPECT_EQ(PriceAfter(kAcme), "12.5");
+    EXPECT_EQ(
+        http_.urls,
+        (std::vector<std::string>{"http://q/d/quotes.csv?s=ACME&f=sl1d1t1c1p2ohgbav&e=.csv"}));
+    EXPECT_EQ(host_.texts, (std::vector<std::string>{"Ready", "Updating quotes...", "Ready"}));
+    EXPECT_EQ(host_.pointers, (std::vector<std::int32_t>{11, 0}));
+}
+
+TEST_F(UpdateQuotesTest, AnUnknownSymbolKeepsItsPrice)
+{
+    EXPECT_EQ(PriceAfter("ACME,0.00,N/A,N/A,N/A,N/A,N/A,N/A,N/A,N/A,N/A,N/A"), "7.25");
+}
+
+TEST_F(UpdateQuotesTest, ElevenFieldsKeepThePrice)
+{
+    EXPECT_EQ(PriceAfter("ACME,1,2,3,4,5,6,7,8,9,10"), "7.25");
+}
+
+TEST_F(UpdateQuotesTest, APriceThatIsNoNumberKeepsThePrice)
+{
+    EXPECT_EQ(PriceAfter("ACME,soon,2,3,4,5,6,7,8,9,10,11"), "7.25");
+}
+
+TEST_F(UpdateQuotesTest, ASymbolWithoutLegalAddressKeepsThePrice)
+{
+    EXPECT_EQ(PriceAfter(std::nullopt), "7.25");
+    EXPECT_TRUE(books_.messages.boxes.empty());
+}
+
+TEST_F(UpdateQuotesTest, AFailedRequestIsToldAndTextAndPointerAreBack)
+{
+    http_.fails = true;
+
+    EXPECT_EQ(PriceAfter(std::nullopt), "7.25");
+
+    EXPECT_EQ(books_.messages.boxes,
+              (std::vector<FakeMessageBox::Box>{{"Unable to update quotes.", 48, "Title"}}));
+    EXPECT_EQ(host_.texts.back(), "Ready");
+    EXPECT_EQ(host_.pointers.back(), 0);
+}
+
+TEST_F(UpdateQuotesTest, WithoutHoldingsNothingIsAsked)
+{
+    Update();
+
+    EXPECT_TRUE(http_.urls.empty());
+}
+
+TEST(clsStockQuoteTest, FieldsLoseTheirQuotesAndTheVolumeIsGrouped)
+{
+    FakeHttp http;
+    http.answer = kAcme;
+    clsStockQuote quote(http, "http://q");
+
+    quote.Symbol("acme");
+
+    EXPECT_EQ(quote.Symbol(), "ACME");
+    EXPECT_EQ(quote.PercentageChange(), "+2.04%");
+    EXPECT_EQ(quote.Volume(), "1,234,567");
+}
+
+}  // namespace
+}  // namespace clb
