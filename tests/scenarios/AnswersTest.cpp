@@ -18,7 +18,6 @@ protected:
                                 "<TRNAMT>-45.50<FITID>1<NAME>Shop</STMTTRN>\r\n</OFX>\r\n");
     }
     void AnswerFile(const std::string& path) { Do({{"do", "answer"}, {"file", path}}); }
-    void AnswerBox(const std::string& button) { Do({{"do", "answer"}, {"box", button}}); }
     void AnswerForm(const Json& steps)
     {
         Do({{"do", "answer"}, {"form", "frmSelectAccount"}, {"steps", steps}});

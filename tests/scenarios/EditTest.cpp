@@ -14,12 +14,6 @@ protected:
         ShowAll();
     }
 
-    bool Edit(const Json& row, int column, const std::string& text)
-    {
-        const Json reply = Do({{"do", "edit"}, {"row", row}, {"col", column}, {"text", text}});
-        return reply["edited"] == true;
-    }
-    bool Save() { return Do({{"do", "save"}})["saved"] == true; }
     std::string Accounts()
     {
         return Rows("SELECT Description, OpeningBalance FROM Account ORDER BY Sequence");

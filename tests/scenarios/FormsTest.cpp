@@ -11,7 +11,6 @@ protected:
     {
         Do({{"do", "answer"}, {"form", form}, {"steps", Json::parse(steps)}});
     }
-    void Menu(const std::string& item) { Do({{"do", "menu"}, {"item", item}}); }
     /// Shows a register with one transaction of 100 and stands on it.
     void ShowTransaction()
     {

@@ -14,7 +14,6 @@ protected:
         return ToLine(Json::array({window["period"], window["year"], Call("ViewGet", {"Period"}),
                                    Call("ViewGet", {"Year"})}));
     }
-    void Press(const std::string& button) { Do({{"do", "toolbar"}, {"button", button}}); }
     std::size_t Refreshes() { return EventsOf("refresh").size(); }
 };
 

@@ -62,6 +62,7 @@ protected:
     }
     Json Window() { return Do({{"do", "window"}}); }
     Json Grid() { return Do({{"do", "grid"}}); }
+    Json Columns() { return Grid()["columns"]; }
     Json Tree() { return Do({{"do", "tree"}})["nodes"]; }
     Json Events() { return Do({{"do", "log"}})["events"]; }
     /// Those of one kind; the others are forgotten too.
@@ -73,7 +74,72 @@ protected:
                 found.push_back(event);
         return found;
     }
+    /// What happened since the last look, in order and in short: "BeforeEdit(1,2,0,false)",
+    /// "box(the text)", "redraw(false)", "tree".
+    std::vector<std::string> Story()
+    {
+        std::vector<std::string> story;
+        for (const Json& event : Events())
+            story.push_back(InShort(event));
+        return story;
+    }
     void Click(const std::string& node) { Do({{"do", "click"}, {"text", node}}); }
+    /// Moves the focus; the name of the control that has it then.
+    std::string Focus(const std::string& control)
+    {
+        return Do({{"do", "focus"}, {"control", control}})["focus"];
+    }
+    void Menu(const std::string& item) { Do({{"do", "menu"}, {"item", item}}); }
+    void Press(const std::string& button) { Do({{"do", "toolbar"}, {"button", button}}); }
+    void AnswerBox(const std::string& button) { Do({{"do", "answer"}, {"box", button}}); }
+
+    // As by hand in the grid; a row is its number or "new".
+    bool Move(const Json& row, int column)
+    {
+        return Do({{"do", "move"}, {"row", row}, {"col", column}})["moved"] == true;
+    }
+    bool Edit(const Json& row, int column, const std::string& text)
+    {
+        const Json reply = Do({{"do", "edit"}, {"row", row}, {"col", column}, {"text", text}});
+        return reply["edited"] == true;
+    }
+    void Begin(const Json& row, int column)
+    {
+        Do({{"do", "begin"}, {"row", row}, {"col", column}});
+    }
+    bool Save() { return Do({{"do", "save"}})["saved"] == true; }
+    void Escape() { Do({{"do", "escape"}}); }
+    Json Tip(const Json& row, int column)
+    {
+        return Do({{"do", "tip"}, {"row", row}, {"col", column}})["text"];
+    }
+    /// The rows of one kind, in order.
+    std::vector<Json> RowsOf(const std::string& kind)
+    {
+        const Json rows = Grid()["rows"];
+        std::vector<Json> found;
+        for (const Json& row : rows)
+            if (row["kind"] == kind)
+                found.push_back(row);
+        return found;
+    }
+    /// Values of a column in the stored rows.
+    std::string Column(int column)
+    {
+        std::string text;
+        for (const Json& row : RowsOf("data"))
+            text += (text.empty() ? "" : " ") +
+                    ToLine(row["values"][static_cast<std::size_t>(column - 1)]);
+        return text;
+    }
+    /// Row and column of the current cell, and whether it is in edit.
+    std::string Current()
+    {
+        const Json grid = Grid();
+        return grid["current"]["row"].dump() + "/" + grid["current"]["col"].dump() +
+               (grid["editing"] == true ? " editing" : "") +
+               (grid["dirty"] == true ? " dirty" : "");
+    }
     void SetView(const std::string& property, const Json& value)
     {
         Call("ViewSet", Json::array({property, value}));
@@ -102,6 +168,18 @@ protected:
             month.substr(0, 4) + ", " + month.substr(5) + ", " + Quoted(category) + ", " +
             Quoted(group) + ", " + amount + ")");
     }
+    void AddHolding(const std::string& account, const std::string& symbol, const std::string& total)
+    {
+        Sql("INSERT INTO Investment (StockSymbol, StockName, PurchaseDate, Total, AccountID) "
+            "VALUES (" +
+            Quoted(symbol) + ", 'Shares', #2006-01-31#, " + total + ", " + Quoted(account) + ")");
+    }
+    void AddLoan(const std::string& account, const std::string& description,
+                 const std::string& original, const std::string& paid)
+    {
+        Sql("INSERT INTO Loan (Description, OriginalAmount, PaidAmount, AccountID) VALUES (" +
+            Quoted(description) + ", " + original + ", " + paid + ", " + Quoted(account) + ")");
+    }
     /// Shows what statements changed behind the window's back.
     void ShowAll()
     {
@@ -113,6 +191,22 @@ protected:
     std::string now = "2006-03-05T10:00:00";
 
 private:
+    static std::string InShort(const Json& event)
+    {
+        const std::string kind = event["event"];
+        if (kind == "grid") {
+            const std::string arguments = event["args"].dump();
+            return event["name"].get<std::string>() + "(" +
+                   arguments.substr(1, arguments.size() - 2) + ")";
+        }
+        for (const char* detail : {"text", "value"})
+            if (event.contains(detail))
+                return kind + "(" +
+                       (event[detail].is_string() ? event[detail].get<std::string>()
+                                                  : event[detail].dump()) +
+                       ")";
+        return kind;
+    }
     static std::string Quoted(const std::string& text)
     {
         return "'" + Replace(text, "'", "''") + "'";

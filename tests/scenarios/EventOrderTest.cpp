@@ -1,0 +1,333 @@
+// What the grid raises and what the window does about it, in order.
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "tests/scenarios/Scenario.h"
+
+namespace clb {
+namespace {
+
+using testing::ElementsAre;
+
+class EventOrderTest : public Scenario {
+protected:
+    EventOrderTest()
+    {
+        AddAccount("B-1", "Bank", "Checking", "100");
+        AddAccount("B-2", "Bank", "Savings");
+        AddTransaction("B-1", "2006-3", "-9", "Food");
+        AddTransaction("B-1", "2006-3", "-1", "Food");
+        AddBudget("2006-3", "Food", "300", "Household");
+        ShowAll();
+    }
+
+    /// The story without the fetching of figures and footers, which follows every look at the rows.
+    std::vector<std::string> Deeds()
+    {
+        std::vector<std::string> deeds;
+        for (const std::string& event : Story())
+            if (event.rfind("Fetch", 0) != 0)
+                deeds.push_back(event);
+        return deeds;
+    }
+    static std::size_t Count(const std::vector<std::string>& story, const std::string& event)
+    {
+        return static_cast<std::size_t>(std::count(story.begin(), story.end(), event));
+    }
+    /// Place of the first such event; behind the end when there is none.
+    static std::size_t Place(const std::vector<std::string>& story, const std::string& event)
+    {
+        return static_cast<std::size_t>(std::find(story.begin(), story.end(), event) -
+                                        story.begin());
+    }
+};
+
+TEST_F(EventOrderTest, AnEditIsRaisedBeforeAndAfterWithItsCell)
+{
+    Move(2, 1);
+    Events();
+
+    Begin(2, 3);
+    EXPECT_THAT(Story(), ElementsAre("RowColChange(2,3)", "BeforeEdit(2,3,0,false)"));
+    Do({{"do", "end"}});
+    EXPECT_THAT(Story(), ElementsAre("AfterEdit(2,3)"));
+}
+
+TEST_F(EventOrderTest, ASavedAccountIsFollowedByTheTree)
+{
+    Edit(1, 1, "Current");
+    Events();
+
+    EXPECT_TRUE(Save());
+
+    EXPECT_THAT(Story(), ElementsAre("BeforeUpdate(false)", "AfterUpdate()", "tree"));
+}
+
+TEST_F(EventOrderTest, ASavedTransactionLeavesTheTree)
+{
+    Click("Checking");
+    Edit(1, 2, "Baker");
+    Events();
+
+    EXPECT_TRUE(Save());
+
+    EXPECT_THAT(Story(), ElementsAre("BeforeUpdate(false)", "AfterUpdate()"));
+}
+
+TEST_F(EventOrderTest, ARowWithoutChangesIsNotUpdated)
+{
+    Move(1, 1);
+    Events();
+
+    EXPECT_TRUE(Save());
+
+    EXPECT_THAT(Story(), ElementsAre());
+}
+
+TEST_F(EventOrderTest, ARefusedRowIsReportedOnceAndThenItsCellIsInEdit)
+{
+    Edit(1, 3, "");
+    Move(1, 1);
+    Events();
+
+    EXPECT_FALSE(Save());
+
+    const std::vector<std::string> story = Story();
+    ASSERT_GE(story.size(), 3u);
+    EXPECT_EQ(story[0], "BeforeUpdate(false)");
+    EXPECT_EQ(story[1], "box(Please enter an account #.)");
+    EXPECT_EQ(story.back(), "BeforeEdit(1,3,0,false)");
+    EXPECT_EQ(Count(story, "box(Please enter an account #.)"), 1u);
+    EXPECT_EQ(Count(story, "BeforeUpdate(false)"), 1u);
+    EXPECT_EQ(Count(story, "AfterUpdate()"), 0u);
+    EXPECT_EQ(Count(story, "tree"), 0u);
+    EXPECT_EQ(Current(), "1/3 editing dirty");
+}
+
+TEST_F(EventOrderTest, InsideTheCheckTheColumnStaysWhereTheUserWas)
+{
+    Edit(1, 3, "");
+    Move(1, 1);
+    Events();
+
+    Save();
+
+    // The refused row goes back into edit where the user was; only then its cell becomes current.
+    const std::vector<std::string> story = Story();
+    const std::size_t box = Place(story, "box(Please enter an account #.)");
+    const std::size_t edit = Place(story, "BeforeEdit(1,1,0,false)");
+    const std::size_t moved = Place(story, "RowColChange(1,3)");
+    EXPECT_LT(box, edit);
+    EXPECT_LT(edit, moved);
+    EXPECT_LT(moved, story.size());
+}
+
+TEST_F(EventOrderTest, MovingAwayFromAChangedRowSavesItFirst)
+{
+    Edit(1, 1, "Current");
+    Events();
+
+    EXPECT_TRUE(Move(2, 1));
+
+    EXPECT_THAT(Story(),
+                ElementsAre("BeforeUpdate(false)", "AfterUpdate()", "tree", "RowColChange(2,1)"));
+}
+
+TEST_F(EventOrderTest, MovingWithinARowSavesNothing)
+{
+    Edit(1, 1, "Current");
+    Events();
+
+    EXPECT_TRUE(Move(1, 4));
+
+    EXPECT_THAT(Story(), ElementsAre("RowColChange(1,4)"));
+    EXPECT_EQ(Current(), "1/4 dirty");
+}
+
+TEST_F(EventOrderTest, LeavingTheGridSavesTheRowAndThenTellsTheNewPlace)
+{
+    Edit(1, 1, "Current");
+    Events();
+
+    EXPECT_EQ(Focus("TreeView"), "TreeView");
+
+    EXPECT_THAT(Story(), ElementsAre("BeforeUpdate(false)", "AfterUpdate()", "tree",
+                                     "status(Select an item to work with.)"));
+}
+
+TEST_F(EventOrderTest, TheGridTellsItsCellWhenItGetsTheFocus)
+{
+    Events();
+
+    EXPECT_EQ(Focus("Grid"), "Grid");
+
+    EXPECT_THAT(Story(),
+                testing::UnorderedElementsAre(
+                    "RowColChange(1,1)", "status(Double click or press F2 to edit cell content.)"));
+}
+
+TEST_F(EventOrderTest, AConfirmedDeletionAsksThenDeletesThenShowsTheNode)
+{
+    Move(2, 1);
+    AnswerBox("Yes");
+    Events();
+
+    Menu("mnuE_Delete");
+
+    const std::vector<std::string> story = Deeds();
+    ASSERT_GE(story.size(), 3u);
+    EXPECT_EQ(story[0], "BeforeDelete(false)");
+    EXPECT_EQ(story[1], "box(Are you sure you want to delete this record?)");
+    EXPECT_EQ(story[2], "AfterDelete()");
+    EXPECT_EQ(Count(story, "refresh"), 1u);
+    EXPECT_LT(Place(story, "AfterDelete()"), Place(story, "redraw(false)"));
+    EXPECT_LT(Place(story, "redraw(false)"), Place(story, "redraw(true)"));
+}
+
+TEST_F(EventOrderTest, ADeclinedDeletionEndsWithTheQuestion)
+{
+    Move(2, 1);
+    AnswerBox("No");
+    Events();
+
+    Menu("mnuE_Delete");
+
+    EXPECT_THAT(Story(), ElementsAre("BeforeDelete(false)",
+                                     "box(Are you sure you want to delete this record?)"));
+    EXPECT_EQ(Rows("SELECT AccountID FROM Account ORDER BY Sequence"), R"(["B-1"] ["B-2"])");
+    EXPECT_EQ(Current(), "2/1");
+}
+
+TEST_F(EventOrderTest, ADeletedTransactionReloadsNothing)
+{
+    Click("Checking");
+    Move(1, 1);
+    AnswerBox("Yes");
+    Events();
+
+    Press("Delete");
+
+    const std::vector<std::string> story = Story();
+    EXPECT_EQ(Count(story, "AfterDelete()"), 1u);
+    EXPECT_EQ(Count(story, "refresh"), 0u);
+    EXPECT_EQ(Count(story, "tree"), 0u);
+}
+
+TEST_F(EventOrderTest, ARefetchStopsPaintingAndComesBackToItsCell)
+{
+    Click("Checking");
+    Move(2, 3);
+    Events();
+
+    Call("Refetch");
+
+    const std::vector<std::string> story = Story();
+    ASSERT_GE(story.size(), 2u);
+    EXPECT_EQ(story.front(), "redraw(false)");
+    EXPECT_EQ(story.back(), "redraw(true)");
+    EXPECT_EQ(Count(story, "refresh"), 0u);
+    EXPECT_EQ(Current(), "2/3");
+}
+
+TEST_F(EventOrderTest, ARefetchGivesTheOpenEditUp)
+{
+    Click("Checking");
+    Begin(2, 2);
+
+    Call("Refetch");
+
+    EXPECT_EQ(Current(), "2/2");
+    EXPECT_EQ(Window()["menus"]["mnuE_Delete"]["enabled"], true);
+}
+
+TEST_F(EventOrderTest, ARefetchFindsItsRowWhereverItStandsThen)
+{
+    Click("Checking");
+    Move(1, 2);
+    const Json key = Grid()["rows"][0]["key"];
+    Sql("UPDATE Trans SET PostDate = #2001-01-01# WHERE Sequence = " + key.dump());
+
+    Call("Refetch");
+
+    EXPECT_EQ(Grid()["rows"][1]["key"], key);
+    EXPECT_EQ(Current(), "2/2");
+}
+
+TEST_F(EventOrderTest, ARefetchOfAVanishedRowStaysAtItsPlace)
+{
+    AddTransaction("B-1", "2006-3", "-3");
+    Click("Checking");
+    Move(2, 2);
+    Sql("DELETE FROM Trans WHERE Sequence = " + Grid()["rows"][1]["key"].dump());
+
+    Call("Refetch");
+
+    EXPECT_EQ(RowsOf("data").size(), 2u);
+    EXPECT_EQ(Current(), "2/2");
+}
+
+TEST_F(EventOrderTest, ARefreshStopsPaintingReloadsAndPaintsAgain)
+{
+    Click("Checking");
+    Begin(1, 2);
+    Events();
+
+    Call("Refresh");
+
+    const std::vector<std::string> story = Deeds();
+    ASSERT_GE(story.size(), 3u);
+    EXPECT_EQ(story.front(), "redraw(false)");
+    EXPECT_EQ(Count(story, "redraw(true)"), 1u);
+    EXPECT_EQ(Count(story, "refresh"), 1u);
+    EXPECT_EQ(story[1], "AfterEdit(1,2)");
+    EXPECT_EQ(Current(), "1/1");
+}
+
+TEST_F(EventOrderTest, EveryRowsActualIsFetchedJustBeforeItsDifference)
+{
+    AddBudget("2006-3", "Rent", "900", "Household");
+    Click("Budget");
+    Events();
+
+    Grid();
+
+    std::vector<std::string> fetched;
+    for (const Json& event : EventsOf("grid"))
+        if (event["name"] == "FetchColumnData")
+            fetched.push_back(event["args"][0].dump() + "/" + event["args"][1].dump());
+    EXPECT_THAT(fetched, ElementsAre("2/7", "2/8", "3/7", "3/8"));
+}
+
+TEST_F(EventOrderTest, EscapeCancelsTheCellAndAgainTheRow)
+{
+    Edit(1, 1, "Current");
+    Begin(1, 3);
+    Events();
+
+    Escape();
+    EXPECT_THAT(Story(), ElementsAre("AfterEdit(1,3)"));
+    EXPECT_EQ(Current(), "1/3 dirty");
+    EXPECT_EQ(Grid()["rows"][0]["values"][0], "Current");
+
+    Escape();
+    EXPECT_EQ(Current(), "1/3");
+    EXPECT_EQ(Grid()["rows"][0]["values"][0], "Checking");
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(Rows("SELECT Description FROM Account WHERE AccountID = 'B-1'"), R"(["Checking"])");
+}
+
+TEST_F(EventOrderTest, EscapeOnARowAtRestDoesNothing)
+{
+    Move(1, 2);
+    Events();
+
+    Escape();
+
+    EXPECT_THAT(Story(), ElementsAre());
+    EXPECT_EQ(Current(), "1/2");
+}
+
+}  // namespace
+}  // namespace clb
