@@ -1,0 +1,240 @@
+// Rows that may not be saved: what the user is told and where the cursor is left.
+
+#include "tests/scenarios/Scenario.h"
+
+namespace clb {
+namespace {
+
+class RefusedRowsTest : public Scenario {
+protected:
+    RefusedRowsTest()
+    {
+        AddAccount("B-1", "Bank", "Checking", "100");
+        AddAccount("B-2", "Bank", "Savings");
+        AddBudget("2006-3", "Food", "300");
+        ShowAll();
+        stored_ = Stored();
+    }
+
+    /// Everything that a refused row could have changed.
+    std::string Stored()
+    {
+        return Rows(
+                   "SELECT AccountID, Description, Type, OpeningBalance FROM Account ORDER BY "
+                   "Sequence") +
+               Rows("SELECT Category, Amount FROM Budget ORDER BY Sequence");
+    }
+    Json NewRow() { return RowsOf("new").at(0)["row"]; }
+    /// Saves, expecting to be refused with the message, the cursor then in the column of the row.
+    void ExpectRefused(const Json& row, int column, const std::string& message)
+    {
+        SCOPED_TRACE(message);
+        Events();
+        EXPECT_FALSE(Save());
+        const std::vector<Json> boxes = EventsOf("box");
+        ASSERT_EQ(boxes.size(), 1u);
+        EXPECT_EQ(boxes[0]["text"], message);
+        EXPECT_EQ(boxes[0]["style"], 16);
+        EXPECT_EQ(boxes[0]["title"], "Corvane Ledgerbook");
+        EXPECT_EQ(boxes[0]["answer"], "OK");
+        EXPECT_EQ(Current(), row.dump() + "/" + std::to_string(column) + " editing dirty");
+        EXPECT_EQ(Stored(), stored_);
+        EXPECT_EQ(Window()["focus"], "Grid");
+    }
+
+    std::string stored_;
+};
+
+TEST_F(RefusedRowsTest, ANewAccountIsAskedForItsCellsOneByOne)
+{
+    const Json row = NewRow();
+    Edit("new", 4, "5");
+
+    ExpectRefused(row, 1, "Please enter an account description.");
+    Edit("new", 1, "Wallet");
+    ExpectRefused(row, 3, "Please enter an account #.");
+    Edit("new", 3, "B-2");
+    ExpectRefused(row, 3, "That account already exists.");
+    Edit("new", 3, "C-1");
+    ExpectRefused(row, 2, "Please enter an account type.");
+
+    Edit("new", 2, "Cash");
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(Rows("SELECT Description, Type, AccountID, OpeningBalance FROM Account WHERE "
+                   "AccountID = 'C-1'"),
+              R"(["Wallet","Cash","C-1","5"])");
+}
+
+TEST_F(RefusedRowsTest, AStoredAccountMayNotLoseAnyOfItsCells)
+{
+    const struct {
+        int column;
+        const char* text;
+        const char* message;
+    } cases[] = {{1, "", "Please enter an account description."},
+                 {3, "", "Please enter an account #."},
+                 {3, "B-1", "That account already exists."},
+                 {2, "", "Please enter an account type."}};
+    for (const auto& one : cases) {
+        Edit(2, one.column, one.text);
+        Move(2, 4);
+        ExpectRefused(2, one.column, one.message);
+        Escape();
+        Escape();
+        EXPECT_EQ(Current(), "2/" + std::to_string(one.column));
+    }
+}
+
+TEST_F(RefusedRowsTest, AnEmptyDescriptionIsReportedBeforeAnEmptyNumber)
+{
+    Edit(1, 3, "");
+    Edit(1, 1, "");
+
+    ExpectRefused(1, 1, "Please enter an account description.");
+}
+
+TEST_F(RefusedRowsTest, AnAccountKeepsItsOwnNumber)
+{
+    Edit(1, 3, "B-1");
+    Edit(1, 1, "Current");
+
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(Rows("SELECT Description FROM Account WHERE AccountID = 'B-1'"), R"(["Current"])");
+}
+
+TEST_F(RefusedRowsTest, ANumberWithAnApostropheIsComparedAsItStands)
+{
+    Edit("new", 1, "Son's");
+    Edit("new", 2, "Cash");
+    Edit("new", 3, "O'Neil's");
+    EXPECT_TRUE(Save());
+    stored_ = Stored();
+
+    const Json row = NewRow();
+    Edit("new", 1, "Again");
+    Edit("new", 3, "O'Neil's");
+    ExpectRefused(row, 3, "That account already exists.");
+}
+
+TEST_F(RefusedRowsTest, AmongAccountsOfOneTypeTheNumberStandsInColumn2)
+{
+    Click("Bank");
+    const Json row = NewRow();
+    Edit("new", 3, "5");
+
+    ExpectRefused(row, 1, "Please enter an account description.");
+    Edit("new", 1, "Giro");
+    ExpectRefused(row, 2, "Please enter an account #.");
+    Edit("new", 2, "B-1");
+    ExpectRefused(row, 2, "That account already exists.");
+
+    Edit("new", 2, "B-3");
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(Rows("SELECT Type FROM Account WHERE AccountID = 'B-3'"), R"(["Bank"])");
+}
+
+TEST_F(RefusedRowsTest, ANumberOfAnotherTypesAccountIsTakenToo)
+{
+    AddAccount("C-1", "Cash", "Wallet");
+    stored_ = Stored();
+    Click("Bank");
+
+    Edit(1, 2, "C-1");
+    ExpectRefused(1, 2, "That account already exists.");
+}
+
+TEST_F(RefusedRowsTest, ABudgetLineNeedsACategory)
+{
+    Click("Budget");
+    const Json row = NewRow();
+    Edit("new", 2, "50");
+
+    ExpectRefused(row, 1, "Please enter a category.");
+
+    Edit("new", 1, "Rent");
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(Rows("SELECT Category, Amount FROM Budget ORDER BY Sequence"),
+              R"(["Food","300"] ["Rent","50"])");
+}
+
+TEST_F(RefusedRowsTest, AStoredBudgetLineMayNotLoseItsCategory)
+{
+    Click("Budget");
+    Edit(2, 1, "");
+    Move(2, 2);
+
+    ExpectRefused(2, 1, "Please enter a category.");
+}
+
+TEST_F(RefusedRowsTest, TransactionsHoldingsAndLoansAreNeverRefused)
+{
+    AddAccount("I-1", "Investment", "Broker");
+    AddAccount("L-1", "Loan", "House");
+    Call("BuildTree");
+    const struct {
+        const char* node;
+        int column;
+    } cases[] = {{"Checking", 3}, {"Broker", 7}, {"House", 2}};
+    Events();
+    for (const auto& one : cases) {
+        Click(one.node);
+        EXPECT_TRUE(Edit("new", one.column, "5")) << one.node;
+        EXPECT_TRUE(Save()) << one.node;
+    }
+    EXPECT_EQ(EventsOf("box").size(), 0u);
+}
+
+TEST_F(RefusedRowsTest, EveryAttemptToLeaveReportsOnceMore)
+{
+    Edit(1, 1, "");
+    Events();
+
+    EXPECT_FALSE(Move(2, 1));
+    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(Focus("TreeView"), "Grid");
+    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(Do({{"do", "click"}, {"text", "Budget"}})["clicked"], false);
+    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(Current(), "1/1 editing dirty");
+}
+
+TEST_F(RefusedRowsTest, AToolbarButtonRunsNoCommandOnARefusedRow)
+{
+    Edit(1, 1, "");
+    Events();
+
+    for (const char* button : {"Back", "Forward", "Link", "New"}) {
+        Press(button);
+        const std::vector<Json> boxes = EventsOf("box");
+        ASSERT_EQ(boxes.size(), 1u) << button;
+        EXPECT_EQ(boxes[0]["text"], "Please enter an account description.") << button;
+    }
+
+    EXPECT_EQ(Window()["period"], 3);
+    EXPECT_EQ(Current(), "1/1 editing dirty");
+}
+
+TEST_F(RefusedRowsTest, AGivenUpNewRowIsEmptyAgain)
+{
+    Edit("new", 1, "Wallet");
+    EXPECT_FALSE(Save());
+
+    Escape();
+    Escape();
+
+    EXPECT_EQ(ToLine(RowsOf("new").at(0)["values"]), "[null,null,null,null,null,null]");
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(Stored(), stored_);
+}
+
+TEST_F(RefusedRowsTest, ARefusedRowGetsNoDefaults)
+{
+    Edit("new", 1, "Wallet");
+
+    EXPECT_FALSE(Save());
+
+    EXPECT_EQ(ToLine(RowsOf("new").at(0)["values"]), R"(["Wallet",null,null,null,null,null])");
+}
+
+}  // namespace
+}  // namespace clb
