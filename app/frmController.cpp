@@ -136,11 +136,26 @@ void frmController::NodeClicked(std::int32_t node)
 
 bool frmController::PressNode(std::int32_t node)
 {
-    TreeView.Node(node);
+    const TreeNode pressed = TreeView.Node(node);
     if (!window.Focus(TreeView))
         return false;
-    TreeView.ClickNode(node);
+    // Leaving the grid may have saved an account: the tree is new then and its nodes have moved.
+    TreeView.ClickNode(NodeLike(pressed, node));
     return true;
+}
+
+std::int32_t frmController::NodeLike(const TreeNode& sought, std::int32_t place) const
+{
+    const auto alike = [&](std::int32_t node) {
+        return TreeView.Node(node).tag == sought.tag && TreeView.Node(node).key == sought.key;
+    };
+    const std::int32_t near = std::min(place, TreeView.Count());
+    if (alike(near))
+        return near;
+    for (std::int32_t node = 1; node <= TreeView.Count(); ++node)
+        if (alike(node))
+            return node;
+    return near;
 }
 
 void frmController::StepMonth(std::int32_t direction)

@@ -105,6 +105,9 @@ private:
     void WireMenus();
     void WireGrid();
     void NodeClicked(std::int32_t node);
+    /// The node with the tag and key of one that was there before; without one the node that now
+    /// stands in its place.
+    std::int32_t NodeLike(const TreeNode& sought, std::int32_t place) const;
     void ShowImportedAccount();
     void OpenGlobals();
     void ShowPresentMonth();
@@ -112,6 +115,8 @@ private:
     void OfferCategory(const Value& category);
     void RowSaved();
     void CheckDeletion(bool& cancel);
+    /// Tag of the account in the grid's current row as it is stored, whatever was typed over it.
+    std::string StoredAccountTag();
     void RowDeleted();
     void FetchComputed(std::int32_t row, std::int32_t column, Value& value);
     void FetchTip(std::int32_t row, std::string& tip);

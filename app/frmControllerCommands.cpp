@@ -114,6 +114,9 @@ void frmController::ShowImportedAccount()
 void frmController::NewRecord()
 {
     Grid.MoveToRowKey(Null{});
+    // A row that was refused keeps its cell to correct.
+    if (Grid.Component().Position() != 1)
+        return;
     Grid.Col(1);
     Grid.Editing(true);
 }

@@ -105,10 +105,18 @@ void frmController::RowSaved()
 void frmController::CheckDeletion(bool& cancel)
 {
     cancel = !View().DeleteRow();
-    pendingTreeNode_ = 0;
-    if (ListsAccounts())
-        pendingTreeNode_ = View().FindTreeNodeByTag(clsView::AccountTag(
-            clsView::ViewFromAccountType(View().AccountType()), View().AccountID()));
+    pendingTreeNode_ = ListsAccounts() ? View().FindTreeNodeByTag(StoredAccountTag()) : 0;
+}
+
+std::string frmController::StoredAccountTag()
+{
+    // Not the view's account: that follows what is typed, and the typed may never have been saved.
+    const bool netWorth = View().View() == vwNetWorth;
+    const auto stored = [this](std::int32_t column) {
+        return ToText(Grid.Rows().Stored(Grid.Component().Row(), column));
+    };
+    return clsView::AccountTag(clsView::ViewFromAccountType(stored(netWorth ? 2 : 6)),
+                               stored(netWorth ? 3 : 2));
 }
 
 void frmController::RowDeleted()
