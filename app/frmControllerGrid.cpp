@@ -94,6 +94,8 @@ void frmController::RowSaved()
 {
     UpdateShownBalance();
     View().RefreshTotals();
+    // A new row is a stored one now.
+    View().EnableDisable();
     if (!ListsAccounts())
         return;
     const std::int32_t selected = TreeView.Selected();

@@ -1,4 +1,4 @@
-// What a saved row holds, and what the window brings up to date after it.
+// What the window brings up to date after a row was saved.
 
 #include "tests/scenarios/Scenario.h"
 
@@ -37,84 +37,6 @@ protected:
     }
 };
 
-TEST_F(SavedRowsTest, UntouchedCellsOfANewAccountGet0)
-{
-    Edit("new", 1, "Wallet");
-    Edit("new", 2, "Cash");
-    Edit("new", 3, "C-1");
-    EXPECT_TRUE(Save());
-
-    EXPECT_EQ(Rows("SELECT OpeningBalance, CurrentBalance, BudgetInclude, Sequence FROM Account "
-                   "WHERE AccountID = 'C-1'"),
-              R"(["0","0",true,4])");
-}
-
-TEST_F(SavedRowsTest, UntouchedCellsOfANewBudgetLineGet0AndTheMonth)
-{
-    Click("Budget");
-    Edit("new", 1, "Food");
-    EXPECT_TRUE(Save());
-
-    EXPECT_EQ(Rows("SELECT Category, CategoryGroup, Amount, Year, Period, Sequence FROM Budget"),
-              R"json(["Food","(none)","0",2006,3,1])json");
-}
-
-TEST_F(SavedRowsTest, UntouchedCellsOfANewTransactionGet0AndNoTextButNoDate)
-{
-    Click("Checking");
-    Edit("new", 3, "-5");
-    EXPECT_TRUE(Save());
-
-    EXPECT_EQ(Rows("SELECT PostDate, Description, Amount, CheckID, Category, PayeeName, AccountID, "
-                   "Year, Period, FITID, Sequence, SubSequence FROM Trans"),
-              R"json([null,"","-5","","(none)","","B-1",2006,3,"",1,0])json");
-}
-
-TEST_F(SavedRowsTest, UntouchedCellsOfANewHoldingStayEmptyWhereTheyAreDateOrQuantity)
-{
-    Click("Broker");
-    Edit("new", 1, "ACME");
-    EXPECT_TRUE(Save());
-
-    EXPECT_EQ(Rows("SELECT StockSymbol, StockName, PurchaseDate, Quantity, PurchasePrice, "
-                   "LastPrice, Total, AccountID, Sequence FROM Investment"),
-              R"json(["ACME","",null,null,"0","0","0","I-1",1])json");
-}
-
-TEST_F(SavedRowsTest, UntouchedCellsOfANewLoanStayEmptyWhereTheyAreTheRate)
-{
-    Click("House");
-    Edit("new", 2, "1000");
-    EXPECT_TRUE(Save());
-
-    EXPECT_EQ(Rows("SELECT Description, OriginalAmount, PaidAmount, InterestRate, AccountID, "
-                   "Sequence FROM Loan"),
-              R"json(["","1000","0",null,"L-1",1])json");
-}
-
-TEST_F(SavedRowsTest, AStoredRowsEmptyCellsAreFilledWhenItIsSaved)
-{
-    Sql("INSERT INTO Trans (Sequence, AccountID, Year, Period, Amount, Description, PostDate) "
-        "VALUES (7, 'B-1', 2006, 3, NULL, NULL, NULL)");
-    Click("Checking");
-    Edit(1, 4, "1001");
-    EXPECT_TRUE(Save());
-
-    EXPECT_EQ(Rows("SELECT PostDate, Description, Amount, CheckID, Category, PayeeName, FITID, "
-                   "Sequence, SubSequence FROM Trans"),
-              R"json([null,"","0","1001","(none)","","",7,0])json");
-}
-
-TEST_F(SavedRowsTest, ANewTransactionIsNumberedAfterTheLargestOfAllAccounts)
-{
-    Sql("INSERT INTO Trans (Sequence, AccountID, Year, Period) VALUES (41, 'B-2', 1999, 1)");
-    Click("Checking");
-    Edit("new", 3, "1");
-    EXPECT_TRUE(Save());
-
-    EXPECT_EQ(Rows("SELECT Sequence FROM Trans WHERE AccountID = 'B-1'"), "[42]");
-}
-
 TEST_F(SavedRowsTest, ASavedNewRowIsCurrentAndTheLineBelowIsEmptyAgain)
 {
     Click("Checking");
@@ -126,6 +48,32 @@ TEST_F(SavedRowsTest, ASavedNewRowIsCurrentAndTheLineBelowIsEmptyAgain)
     const Json line = RowsOf("new").at(0);
     EXPECT_EQ(line["row"], 2);
     EXPECT_EQ(ToLine(line["values"][2]), "null");
+}
+
+// Delete stayed disabled, as on the line for a new row, until the user moved.
+TEST_F(SavedRowsTest, CommandsFitASavedNewRowAtOnce)
+{
+    Click("Checking");
+    Edit("new", 3, "-5");
+    EXPECT_TRUE(Save());
+
+    const Json menus = Window()["menus"];
+    for (const char* item : {"mnuE_New", "mnuE_Delete", "mnuE_MovePrev", "mnuE_Split"})
+        EXPECT_EQ(menus[item]["enabled"], true) << item;
+    EXPECT_EQ(Window()["toolbar"]["Delete"], true);
+}
+
+TEST_F(SavedRowsTest, ASavedNewAccountIsTheViewsAccountAtOnce)
+{
+    Edit("new", 1, "Wallet");
+    Edit("new", 2, "Cash");
+    Edit("new", 3, "C-1");
+    EXPECT_TRUE(Save());
+
+    const Json window = Window();
+    EXPECT_EQ(window["accountID"], "C-1");
+    EXPECT_EQ(window["accountType"], "Cash");
+    EXPECT_EQ(window["menus"]["mnuF_Export"]["enabled"], true);
 }
 
 TEST_F(SavedRowsTest, ARegistersBalanceAndTotalFollow)
