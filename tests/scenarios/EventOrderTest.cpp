@@ -1,4 +1,4 @@
-// What the grid raises and what the window does about it, in order.
+// What the grid raises while rows are edited and deleted, and what the window does about it.
 
 #include <gmock/gmock.h>
 
@@ -213,91 +213,6 @@ TEST_F(EventOrderTest, ADeletedTransactionReloadsNothing)
     EXPECT_EQ(Count(story, "AfterDelete()"), 1u);
     EXPECT_EQ(Count(story, "refresh"), 0u);
     EXPECT_EQ(Count(story, "tree"), 0u);
-}
-
-TEST_F(EventOrderTest, ARefetchStopsPaintingAndComesBackToItsCell)
-{
-    Click("Checking");
-    Move(2, 3);
-    Events();
-
-    Call("Refetch");
-
-    const std::vector<std::string> story = Story();
-    ASSERT_GE(story.size(), 2u);
-    EXPECT_EQ(story.front(), "redraw(false)");
-    EXPECT_EQ(story.back(), "redraw(true)");
-    EXPECT_EQ(Count(story, "refresh"), 0u);
-    EXPECT_EQ(Current(), "2/3");
-}
-
-TEST_F(EventOrderTest, ARefetchGivesTheOpenEditUp)
-{
-    Click("Checking");
-    Begin(2, 2);
-
-    Call("Refetch");
-
-    EXPECT_EQ(Current(), "2/2");
-    EXPECT_EQ(Window()["menus"]["mnuE_Delete"]["enabled"], true);
-}
-
-TEST_F(EventOrderTest, ARefetchFindsItsRowWhereverItStandsThen)
-{
-    Click("Checking");
-    Move(1, 2);
-    const Json key = Grid()["rows"][0]["key"];
-    Sql("UPDATE Trans SET PostDate = #2001-01-01# WHERE Sequence = " + key.dump());
-
-    Call("Refetch");
-
-    EXPECT_EQ(Grid()["rows"][1]["key"], key);
-    EXPECT_EQ(Current(), "2/2");
-}
-
-TEST_F(EventOrderTest, ARefetchOfAVanishedRowStaysAtItsPlace)
-{
-    AddTransaction("B-1", "2006-3", "-3");
-    Click("Checking");
-    Move(2, 2);
-    Sql("DELETE FROM Trans WHERE Sequence = " + Grid()["rows"][1]["key"].dump());
-
-    Call("Refetch");
-
-    EXPECT_EQ(RowsOf("data").size(), 2u);
-    EXPECT_EQ(Current(), "2/2");
-}
-
-TEST_F(EventOrderTest, ARefreshStopsPaintingReloadsAndPaintsAgain)
-{
-    Click("Checking");
-    Begin(1, 2);
-    Events();
-
-    Call("Refresh");
-
-    const std::vector<std::string> story = Deeds();
-    ASSERT_GE(story.size(), 3u);
-    EXPECT_EQ(story.front(), "redraw(false)");
-    EXPECT_EQ(Count(story, "redraw(true)"), 1u);
-    EXPECT_EQ(Count(story, "refresh"), 1u);
-    EXPECT_EQ(story[1], "AfterEdit(1,2)");
-    EXPECT_EQ(Current(), "1/1");
-}
-
-TEST_F(EventOrderTest, EveryRowsActualIsFetchedJustBeforeItsDifference)
-{
-    AddBudget("2006-3", "Rent", "900", "Household");
-    Click("Budget");
-    Events();
-
-    Grid();
-
-    std::vector<std::string> fetched;
-    for (const Json& event : EventsOf("grid"))
-        if (event["name"] == "FetchColumnData")
-            fetched.push_back(event["args"][0].dump() + "/" + event["args"][1].dump());
-    EXPECT_THAT(fetched, ElementsAre("2/7", "2/8", "3/7", "3/8"));
 }
 
 TEST_F(EventOrderTest, EscapeCancelsTheCellAndAgainTheRow)

@@ -1,0 +1,127 @@
+// Reading the rows again: by the grid alone, by the view, and figure by figure.
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "tests/scenarios/Scenario.h"
+
+namespace clb {
+namespace {
+
+using testing::ElementsAre;
+
+class RefetchTest : public Scenario {
+protected:
+    RefetchTest()
+    {
+        AddAccount("B-1", "Bank", "Checking", "100");
+        AddAccount("B-2", "Bank", "Savings");
+        AddTransaction("B-1", "2006-3", "-9", "Food");
+        AddTransaction("B-1", "2006-3", "-1", "Food");
+        AddBudget("2006-3", "Food", "300", "Household");
+        ShowAll();
+    }
+
+    /// The story without the fetching of figures and footers, which follows every look at the rows.
+    std::vector<std::string> Deeds()
+    {
+        std::vector<std::string> deeds;
+        for (const std::string& event : Story())
+            if (event.rfind("Fetch", 0) != 0)
+                deeds.push_back(event);
+        return deeds;
+    }
+    static std::size_t Count(const std::vector<std::string>& story, const std::string& event)
+    {
+        return static_cast<std::size_t>(std::count(story.begin(), story.end(), event));
+    }
+};
+
+TEST_F(RefetchTest, ARefetchStopsPaintingAndComesBackToItsCell)
+{
+    Click("Checking");
+    Move(2, 3);
+    Events();
+
+    Call("Refetch");
+
+    const std::vector<std::string> story = Story();
+    ASSERT_GE(story.size(), 2u);
+    EXPECT_EQ(story.front(), "redraw(false)");
+    EXPECT_EQ(story.back(), "redraw(true)");
+    EXPECT_EQ(Count(story, "refresh"), 0u);
+    EXPECT_EQ(Current(), "2/3");
+}
+
+TEST_F(RefetchTest, ARefetchGivesTheOpenEditUp)
+{
+    Click("Checking");
+    Begin(2, 2);
+
+    Call("Refetch");
+
+    EXPECT_EQ(Current(), "2/2");
+    EXPECT_EQ(Window()["menus"]["mnuE_Delete"]["enabled"], true);
+}
+
+TEST_F(RefetchTest, ARefetchFindsItsRowWhereverItStandsThen)
+{
+    Click("Checking");
+    Move(1, 2);
+    const Json key = Grid()["rows"][0]["key"];
+    Sql("UPDATE Trans SET PostDate = #2001-01-01# WHERE Sequence = " + key.dump());
+
+    Call("Refetch");
+
+    EXPECT_EQ(Grid()["rows"][1]["key"], key);
+    EXPECT_EQ(Current(), "2/2");
+}
+
+TEST_F(RefetchTest, ARefetchOfAVanishedRowStaysAtItsPlace)
+{
+    AddTransaction("B-1", "2006-3", "-3");
+    Click("Checking");
+    Move(2, 2);
+    Sql("DELETE FROM Trans WHERE Sequence = " + Grid()["rows"][1]["key"].dump());
+
+    Call("Refetch");
+
+    EXPECT_EQ(RowsOf("data").size(), 2u);
+    EXPECT_EQ(Current(), "2/2");
+}
+
+TEST_F(RefetchTest, ARefreshStopsPaintingReloadsAndPaintsAgain)
+{
+    Click("Checking");
+    Begin(1, 2);
+    Events();
+
+    Call("Refresh");
+
+    const std::vector<std::string> story = Deeds();
+    ASSERT_GE(story.size(), 3u);
+    EXPECT_EQ(story.front(), "redraw(false)");
+    EXPECT_EQ(Count(story, "redraw(true)"), 1u);
+    EXPECT_EQ(Count(story, "refresh"), 1u);
+    EXPECT_EQ(story[1], "AfterEdit(1,2)");
+    EXPECT_EQ(Current(), "1/1");
+}
+
+TEST_F(RefetchTest, EveryRowsActualIsFetchedJustBeforeItsDifference)
+{
+    AddBudget("2006-3", "Rent", "900", "Household");
+    Click("Budget");
+    Events();
+
+    Grid();
+
+    std::vector<std::string> fetched;
+    for (const Json& event : EventsOf("grid"))
+        if (event["name"] == "FetchColumnData")
+            fetched.push_back(event["args"][0].dump() + "/" + event["args"][1].dump());
+    EXPECT_THAT(fetched, ElementsAre("2/7", "2/8", "3/7", "3/8"));
+}
+
+}  // namespace
+}  // namespace clb

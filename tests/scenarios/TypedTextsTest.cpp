@@ -1,0 +1,127 @@
+// Which texts a cell takes, by the type of its column, and what they become.
+
+#include "tests/scenarios/Scenario.h"
+
+namespace clb {
+namespace {
+
+struct Typed {
+    const char* text;
+    const char* stored;  ///< in JSON; "": the text is refused
+};
+
+class TypedTextsTest : public Scenario {
+protected:
+    TypedTextsTest()
+    {
+        AddAccount("B-1", "Bank", "Checking");
+        AddAccount("I-1", "Investment", "Broker");
+        AddAccount("L-1", "Loan", "House");
+        ShowAll();
+    }
+
+    /// Types each text into the new row's cell; one that is refused leaves what was there.
+    void ExpectTyped(int column, const std::vector<Typed>& texts)
+    {
+        std::string before = "null";
+        for (const Typed& typed : texts) {
+            SCOPED_TRACE(typed.text);
+            const bool taken = *typed.stored != 0;
+            EXPECT_EQ(Edit("new", column, typed.text), taken);
+            before = taken ? typed.stored : before;
+            const Json line = RowsOf("new").at(0)["values"];
+            EXPECT_EQ(ToLine(line[static_cast<std::size_t>(column - 1)]), before);
+            EXPECT_EQ(Grid()["editing"], false);
+        }
+    }
+};
+
+TEST_F(TypedTextsTest, Amounts)
+{
+    Click("Checking");
+
+    ExpectTyped(3, {{"45.5", R"("45.5")"},
+                    {"1,234.50", R"("1234.5")"},
+                    {"1234,567.00", ""},
+                    {"-530,86", ""},
+                    {"(5)", R"("-5")"},
+                    {"5-", R"("-5")"},
+                    {"$7", R"("7")"},
+                    {" 8 ", R"("8")"},
+                    {"1e3", R"("1000")"},
+                    {"1.00005", R"("1")"},
+                    {"1.00015", R"("1.0002")"},
+                    {"922337203685477.5807", R"("922337203685477.5807")"},
+                    {"922337203685477.5808", ""},
+                    {"1e30", ""},
+                    {"much", ""},
+                    {"-", ""},
+                    {"1 2", ""},
+                    {"", "null"}});
+}
+
+TEST_F(TypedTextsTest, Dates)
+{
+    Click("Checking");
+
+    ExpectTyped(1, {{"2006-03-05", R"("2006-03-05")"},
+                    {"2006-02-29", ""},
+                    {"2004-02-29", R"("2004-02-29")"},
+                    {"03/05/2006", ""},
+                    {"2006-13-01", ""},
+                    {"5 March", ""},
+                    {"", "null"}});
+}
+
+TEST_F(TypedTextsTest, Quantities)
+{
+    Click("Broker");
+
+    ExpectTyped(
+        4, {{"0.125", "0.125"}, {"-3", "-3.0"}, {"1,000.5", "1000.5"}, {"some", ""}, {"", "null"}});
+}
+
+TEST_F(TypedTextsTest, Rates)
+{
+    Click("House");
+
+    ExpectTyped(4, {{"4.1", "4.1"}, {"0.1", "0.1"}, {"1e60", ""}, {"low", ""}, {"", "null"}});
+    Edit("new", 4, "4.1");
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(Rows("SELECT InterestRate FROM Loan"), "[4.1]");
+}
+
+TEST_F(TypedTextsTest, TextsKeepTheirBlanksAndLineBreaks)
+{
+    Click("Checking");
+
+    ExpectTyped(2, {{"  a  b  ", R"("  a  b  ")"}, {"one\ntwo", R"("one\ntwo")"}, {"", R"("")"}});
+}
+
+TEST_F(TypedTextsTest, ARefusedTextLeavesARowAtRestAtRest)
+{
+    AddTransaction("B-1", "2006-3", "-9");
+    Click("Checking");
+    Events();
+
+    EXPECT_FALSE(Edit(1, 3, "much"));
+
+    EXPECT_EQ(Current(), "1/3");
+    EXPECT_EQ(Column(3), R"("-9")");
+    EXPECT_EQ(EventsOf("box").size(), 0u);
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(Rows("SELECT Amount FROM Trans"), R"(["-9"])");
+}
+
+TEST_F(TypedTextsTest, AnEditOfACellThatIsNotThereIsAnError)
+{
+    EXPECT_EQ(ErrorOf({{"do", "edit"}, {"row", 99}, {"col", 1}, {"text", "x"}}), 0);
+    EXPECT_EQ(ErrorOf({{"do", "edit"}, {"row", 1}, {"col", 99}, {"text", "x"}}), 0);
+    EXPECT_EQ(ErrorOf({{"do", "edit"}, {"row", 1}, {"col", 0}, {"text", "x"}}), 0);
+    EXPECT_EQ(ErrorOf({{"do", "edit"}, {"row", "last"}, {"col", 1}, {"text", "x"}}), 0);
+    EXPECT_EQ(ErrorOf({{"do", "edit"}, {"row", 1}, {"col", 1}}), 0);
+    EXPECT_EQ(Grid()["dirty"], false);
+}
+
+}  // namespace
+}  // namespace clb
