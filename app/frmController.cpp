@@ -20,6 +20,13 @@ std::int32_t YearNumber(const std::string& text)
     return IsNumeric(text) ? ParseLong(text) : 0;
 }
 
+/// The account number in a node's tag; empty for nodes that are no account.
+std::string AccountNumber(const std::string& tag)
+{
+    const std::size_t divider = tag.find('\x01');
+    return divider == std::string::npos ? std::string() : tag.substr(divider + 1);
+}
+
 }  // namespace
 
 frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
@@ -140,22 +147,36 @@ bool frmController::PressNode(std::int32_t node)
     if (!window.Focus(TreeView))
         return false;
     // Leaving the grid may have saved an account: the tree is new then and its nodes have moved.
-    TreeView.ClickNode(NodeLike(pressed, node));
-    return true;
+    const std::int32_t now = NodeLike(pressed, node);
+    if (now != 0)
+        TreeView.ClickNode(now);
+    return now != 0;
 }
 
 std::int32_t frmController::NodeLike(const TreeNode& sought, std::int32_t place) const
 {
-    const auto alike = [&](std::int32_t node) {
-        return TreeView.Node(node).tag == sought.tag && TreeView.Node(node).key == sought.key;
+    const auto find = [this](const auto& fits) {
+        for (std::int32_t node = 1; node <= TreeView.Count(); ++node)
+            if (fits(TreeView.Node(node)))
+                return node;
+        return 0;
     };
-    const std::int32_t near = std::min(place, TreeView.Count());
-    if (alike(near))
-        return near;
-    for (std::int32_t node = 1; node <= TreeView.Count(); ++node)
-        if (alike(node))
-            return node;
-    return near;
+    const auto same = [&](const TreeNode& node) {
+        return node.tag == sought.tag && node.key == sought.key;
+    };
+    if (place <= TreeView.Count() && same(TreeView.Node(place)))
+        return place;
+    if (const std::int32_t node = find(same); node != 0)
+        return node;
+    // An account's own type or number may be what was saved.
+    const std::string number = AccountNumber(sought.tag);
+    if (number.empty())
+        return 0;
+    const std::int32_t moved =
+        find([&](const TreeNode& node) { return AccountNumber(node.tag) == number; });
+    return moved != 0 ? moved : find([&](const TreeNode& node) {
+        return node.text == sought.text && !AccountNumber(node.tag).empty();
+    });
 }
 
 void frmController::StepMonth(std::int32_t direction)

@@ -53,7 +53,7 @@ public:
     void EnterYear(const std::string& text) { txtYear.Text(text); }
     /// A press of the mouse on a node, as the tree control reports it: the first shows the node's
     /// view, one on the selected node shows it again. The tree gets the focus; false when the
-    /// control that had it kept it.
+    /// control that had it kept it, and when saving the grid's row took the node away.
     bool PressNode(std::int32_t node);
     /// Runs the grid's check and, when it agrees, unloads.
     bool Close();
@@ -105,8 +105,8 @@ private:
     void WireMenus();
     void WireGrid();
     void NodeClicked(std::int32_t node);
-    /// The node with the tag and key of one that was there before; without one the node that now
-    /// stands in its place.
+    /// The node that stands for what one of an earlier tree stood for, at its place before; 0 when
+    /// it is gone.
     std::int32_t NodeLike(const TreeNode& sought, std::int32_t place) const;
     void ShowImportedAccount();
     void OpenGlobals();

@@ -59,6 +59,28 @@ TEST_F(UnsavedRowsTest, AClickOnTheAccountWhoseNumberWasChangedShowsIt)
     EXPECT_EQ(Window()["accountID"], "B-9");
 }
 
+TEST_F(UnsavedRowsTest, AClickOnTheAccountWhoseTypeWasChangedShowsIt)
+{
+    Edit(1, 2, "Loan");
+
+    Click("Checking");
+
+    EXPECT_EQ(Caption(), "Checking - Corvane Ledgerbook");
+    EXPECT_EQ(Window()["accountID"], "B-1");
+    EXPECT_EQ(Window()["view"], 6);
+}
+
+TEST_F(UnsavedRowsTest, AClickOnATypeThatGoesWithItsLastAccountShowsNothingElse)
+{
+    Edit(3, 2, "Bank");
+
+    EXPECT_EQ(Do({{"do", "click"}, {"text", "Loan"}})["clicked"], false);
+
+    EXPECT_EQ(Window()["focus"], "TreeView");
+    EXPECT_EQ(Window()["view"], 1);
+    EXPECT_EQ(Caption(), "Net Worth - Corvane Ledgerbook");
+}
+
 TEST_F(UnsavedRowsTest, ANewRecordSavesTheRowFirst)
 {
     Edit(1, 1, "Current");
