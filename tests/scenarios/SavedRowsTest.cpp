@@ -228,5 +228,20 @@ TEST_F(SavedRowsTest, OfPiecesThatShareANumberOnlyTheCurrentOneIsChanged)
     EXPECT_EQ(Current(), "2/3");
 }
 
+TEST_F(SavedRowsTest, OfPiecesThatShareANumberOnlyTheCurrentOneIsMoved)
+{
+    AddTransaction("B-1", "2006-3", "-100", "Food");
+    Sql("INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Amount, Category, Year, "
+        "Period) VALUES (1, 1, 'B-1', #2006-03-15#, -30, 'Rent', 2006, 3)");
+    Click("Checking");
+    Move(2, 1);
+
+    Menu("mnuE_MovePrev");
+
+    EXPECT_EQ(Rows("SELECT SubSequence, Period FROM Trans ORDER BY SubSequence"), "[0,3] [1,2]");
+    EXPECT_EQ(Column(12), "0");
+    EXPECT_EQ(Rows("SELECT Category, Period FROM Budget"), R"(["Rent",2])");
+}
+
 }  // namespace
 }  // namespace clb
