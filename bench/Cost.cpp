@@ -41,6 +41,13 @@ double ProcessorSeconds()
 
 }  // namespace
 
+Cost& Cost::operator+=(const Cost& more)
+{
+    wall += more.wall;
+    processor += more.processor;
+    return *this;
+}
+
 Cost RunProgram(const std::vector<std::string>& command)
 {
     const auto start = std::chrono::steady_clock::now();

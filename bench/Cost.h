@@ -11,6 +11,9 @@ struct Cost {
     double wall = 0;             ///< seconds by the clock
     double processor = 0;        ///< seconds of the processor, user and system
     std::int64_t peakBytes = 0;  ///< largest resident memory; 0 where it was not measured
+
+    /// Adds the times of another piece of work; the peak stays.
+    Cost& operator+=(const Cost& more);
 };
 
 /// Runs a program to its end, its standard output thrown away, and tells what the whole process

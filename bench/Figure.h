@@ -18,8 +18,10 @@ struct Figure {
     double ratio = 0;                 ///< of processor times, or of sizes
     std::optional<double> wallRatio;  ///< told for information
     double limit = 0;
+    /// Ours up to here is good enough whatever the ratio, in units; 0: the ratio alone counts.
+    double enough = 0;
 
-    bool Over() const { return ratio > limit; }
+    bool Over() const { return ratio > limit && (enough == 0 || ours > enough); }
 };
 
 /// Costs measured alternately: ours and the reference of one round belong together.

@@ -1,8 +1,10 @@
 // The figures of the program, as ratios, in one run. Exit code: 0 all within their limits, 1 one is
 // over it, 2 nothing was measured.
 
+#include "bench/BudgetFigures.h"
 #include "bench/ImportFigures.h"
 #include "bench/RegisterFigures.h"
+#include "bench/SavingFigures.h"
 
 #include <CLI/CLI.hpp>
 #include <exception>
@@ -17,14 +19,17 @@ struct Options {
     bool json = false;
 };
 
-/// Figures that come out of one measurement. Whole processes are measured before this one grows.
+/// Figures that come out of one measurement. Whole processes are measured before this one grows;
+/// the books are changed last.
 struct Measurement {
     std::vector<std::string> names;
     std::vector<clb::Figure> (*run)(const clb::WorkFolder& work, int rounds);
 };
 const Measurement kMeasurements[] = {{{"import", "memory", "again"}, clb::MeasureImport},
                                      {{"scaling"}, clb::MeasureScaling},
-                                     {{"register", "rows"}, clb::MeasureRegister}};
+                                     {{"register", "rows"}, clb::MeasureRegister},
+                                     {{"budget"}, clb::MeasureBudget},
+                                     {{"saving", "others"}, clb::MeasureSaving}};
 
 std::vector<std::string> Names()
 {

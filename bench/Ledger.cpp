@@ -1,6 +1,8 @@
 #include "bench/Ledger.h"
 
 #include "bench/Bare.h"
+#include "bench/WorkFolder.h"
+#include "platform/ProgramFolder.h"
 
 #include <array>
 #include <cstdio>
@@ -12,8 +14,15 @@ namespace {
 
 constexpr std::int32_t kRowsAMonth = 208;
 constexpr std::int32_t kDaysUsed = 28;
-constexpr std::array<std::string_view, 8> kCategories = {
-    "(none)", "Groceries", "Rent", "Electricity", "Car", "Books", "Eating out", "Health"};
+constexpr std::int32_t kPurseYears = 2;
+constexpr std::int32_t kOutOfBudget = 5;  ///< each of so many accounts
+constexpr std::array<std::string_view, 20> kGroups = {
+    "Living", "House",   "Garden", "Car",       "Travel",  "Health", "Children",
+    "School", "Clothes", "Sport",  "Hobbies",   "Books",   "Music",  "Pets",
+    "Gifts",  "Church",  "Work",   "Insurance", "Savings", "Taxes"};
+constexpr std::array<std::string_view, 10> kKinds = {"basics", "extras",  "repairs", "fees",
+                                                     "tools",  "outings", "events",  "services",
+                                                     "rent",   "other"};
 constexpr std::array<std::string_view, 6> kShops = {"Corner Grocery",    "Riverside Pharmacy",
                                                     "City Water Works",  "Harbour Books",
                                                     "Green Lane Garage", "Station Cafe"};
@@ -50,43 +59,56 @@ public:
     {
         for (std::int32_t account = 0; account < size_.accounts; ++account)
             accounts_.push_back(LedgerAccount(account));
+        accounts_.push_back(LedgerPurse());
+        for (const std::string_view group : kGroups)
+            for (const std::string_view kind : kKinds)
+                categories_.push_back(std::string(group) + ' ' + std::string(kind));
+        categories_.front() = "(none)";
     }
 
     void Fill()
     {
-        for (const std::string& account : accounts_)
-            AddAccount(account);
+        for (std::size_t account = 0; account < accounts_.size(); ++account)
+            AddAccount(accounts_[account], account % kOutOfBudget != kOutOfBudget - 1);
         Month month = FirstLedgerMonth();
         for (std::int32_t number = 0; number < 12 * size_.years; ++number) {
+            if (number == 12 * kPurseYears)
+                accounts_.pop_back();
             AddMonth(month, kRowsAMonth + (number % 3 == 0 ? 1 : 0));
             month = month.Next();
         }
+    }
+
+    void SumUp()
+    {
         database_.Run(
             "UPDATE Account SET OpeningBalance = 5000000, CurrentBalance = (SELECT "
             "SUM(Amount) FROM Trans WHERE Trans.AccountID = Account.AccountID)");
     }
 
 private:
-    void AddAccount(const std::string& account)
+    void AddAccount(const std::string& account, bool inBudget)
     {
         addAccount_.Bind(1, account);
+        addAccount_.Bind(2, std::int64_t{inBudget});
         addAccount_.Step();
     }
 
     void AddMonth(Month month, std::int32_t rows)
     {
-        for (const std::string_view category : kCategories)
-            AddBudgetLine(month, category);
+        for (std::size_t category = 0; category < categories_.size(); ++category)
+            AddBudgetLine(month, categories_[category], kGroups[category / kKinds.size()]);
         for (std::int32_t row = 0; row < rows; ++row)
             for (const std::string& account : accounts_)
                 AddTransaction(account, month, 1 + row * kDaysUsed / rows);
     }
 
-    void AddBudgetLine(Month month, std::string_view category)
+    void AddBudgetLine(Month month, std::string_view category, std::string_view group)
     {
         addLine_.Bind(1, std::int64_t{month.year});
         addLine_.Bind(2, std::int64_t{month.period});
         addLine_.Bind(3, category);
+        addLine_.Bind(4, group);
         addLine_.Step();
     }
 
@@ -102,7 +124,7 @@ private:
         addRow_.Bind(3, std::string_view(date.data(), static_cast<std::size_t>(length)));
         addRow_.Bind(4, kShops[chance % kShops.size()]);
         addRow_.Bind(5, std::int64_t{chance % 30'000} * -100);
-        addRow_.Bind(6, kCategories[chance / 16 % kCategories.size()]);
+        addRow_.Bind(6, categories_[chance / 16 % categories_.size()]);
         addRow_.Bind(7, std::int64_t{month.year});
         addRow_.Bind(8, std::int64_t{month.period});
         addRow_.Bind(9, identifier);
@@ -111,19 +133,34 @@ private:
 
     BareDatabase& database_;
     LedgerSize size_;
-    std::vector<std::string> accounts_;
+    std::vector<std::string> accounts_;  // the purse last, while it is used
+    std::vector<std::string> categories_;
     std::int64_t sequence_ = 0;
     std::mt19937 random_{19990117};
     BareStatement addAccount_ = database_.Prepare(
-        "INSERT INTO Account (AccountID, Description, Type) VALUES (?1, 'Account ' || ?1, 'Bank')");
+        "INSERT INTO Account (AccountID, Description, Type, BudgetInclude) VALUES (?1, 'Account ' "
+        "|| ?1, 'Bank', ?2)");
     BareStatement addLine_ = database_.Prepare(
-        "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES (?, ?, ?, "
-        "'Living', 1000000)");
+        "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES (?, ?, ?, ?, "
+        "1000000)");
     BareStatement addRow_ = database_.Prepare(
         "INSERT INTO Trans (Sequence, AccountID, PostDate, Description, Amount, CheckID, Category, "
         "PayeeName, Year, Period, FITID) VALUES (?1, ?2, ?3, ?4, ?5, '', ?6, 'card purchase', ?7, "
         "?8, ?9)");
 };
+
+void FillLedger(const std::string& databasePath, LedgerSize size)
+{
+    BareDatabase database(databasePath);
+    database.Run("PRAGMA synchronous = OFF; PRAGMA journal_mode = MEMORY");
+    database.Run("BEGIN IMMEDIATE");
+    TransIndices indices(database);
+    LedgerFiller filler(database, size);
+    filler.Fill();
+    indices.MakeAnew();
+    filler.SumUp();
+    database.Run("COMMIT");
+}
 
 }  // namespace
 
@@ -132,20 +169,31 @@ std::string LedgerAccount(std::int32_t account)
     return std::to_string(4417'0000 + account);
 }
 
+std::string LedgerPurse()
+{
+    return "PURSE";
+}
+
 Month FirstLedgerMonth()
 {
     return {1990, 1};
 }
 
-void FillLedger(const std::string& databasePath, LedgerSize size)
+std::int32_t LastLedgerYear(LedgerSize size)
 {
-    BareDatabase database(databasePath);
-    database.Run("PRAGMA synchronous = OFF; PRAGMA journal_mode = MEMORY");
-    database.Run("BEGIN IMMEDIATE");
-    TransIndices indices(database);
-    LedgerFiller(database, size).Fill();
-    indices.MakeAnew();
-    database.Run("COMMIT");
+    return FirstLedgerMonth().year + size.years - 1;
+}
+
+std::string DeliverLedger(const WorkFolder& work, LedgerSize size)
+{
+    const std::string name =
+        "books-" + std::to_string(size.accounts) + '-' + std::to_string(size.years);
+    if (HoldsDatabase(work.Path(name)))
+        return work.Path(name);
+    const std::string folder = work.Deliver(name);
+    FillLedger(DatabasePath(folder), size);
+    work.Flush();
+    return folder;
 }
 
 }  // namespace clb

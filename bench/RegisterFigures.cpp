@@ -13,8 +13,6 @@
 namespace clb {
 namespace {
 
-constexpr LedgerSize kLarge{20, 20};
-constexpr LedgerSize kSmall{2, 2};
 /// Months shown one after the other in a round: those of one year, again and again.
 constexpr std::int32_t kReloads = 60;
 constexpr std::int32_t kReadings = 240;
@@ -23,18 +21,6 @@ constexpr std::int32_t kReadings = 240;
 Month MonthOf(std::int32_t year, std::int32_t turn)
 {
     return {year, 1 + turn % 12};
-}
-
-std::int32_t LastYear(LedgerSize size)
-{
-    return FirstLedgerMonth().year + size.years - 1;
-}
-
-Cost& operator+=(Cost& sum, const Cost& cost)
-{
-    sum.wall += cost.wall;
-    sum.processor += cost.processor;
-    return sum;
 }
 
 /// The program's window on the books, showing an account's register.
@@ -46,7 +32,7 @@ public:
         view.HoldRefresh(true);
         view.View(vwAccount);
         view.AccountID(LedgerAccount(1));
-        view.Year(LastYear(kLarge));
+        view.Year(LastLedgerYear(kLargeLedger));
         view.HoldRefresh(false);
     }
 
@@ -89,7 +75,7 @@ Rounds MeasureReloads(const std::string& folder, int rounds)
         Cost ours;
         Cost bare;
         for (std::int32_t turn = 0; turn < kReloads; ++turn) {
-            const Month month = MonthOf(LastYear(kLarge), turn);
+            const Month month = MonthOf(LastLedgerYear(kLargeLedger), turn);
             ours += shown.Show(month);
             const auto [cost, read] = readBare(month);
             bare += cost;
@@ -105,7 +91,7 @@ Rounds MeasureReloads(const std::string& folder, int rounds)
 class RowReader : private IShownState, private ICurrentRow {
 public:
     RowReader(const std::string& folder, LedgerSize size)
-        : year_(LastYear(size)), account_(LedgerAccount(1)), data_(folder, *this, *this)
+        : year_(LastLedgerYear(size)), account_(LedgerAccount(1)), data_(folder, *this, *this)
     {
     }
 
@@ -150,8 +136,8 @@ private:
 
 Rounds MeasureRows(const std::string& largeFolder, const std::string& smallFolder, int rounds)
 {
-    RowReader large(largeFolder, kLarge);
-    RowReader small(smallFolder, kSmall);
+    RowReader large(largeFolder, kLargeLedger);
+    RowReader small(smallFolder, kSmallLedger);
     Rounds result;
     for (int round = 0; round < rounds; ++round) {
         std::int64_t largeRows = 0;
@@ -168,11 +154,8 @@ Rounds MeasureRows(const std::string& largeFolder, const std::string& smallFolde
 
 std::vector<Figure> MeasureRegister(const WorkFolder& work, int rounds)
 {
-    const std::string large = work.Deliver("large");
-    const std::string small = work.Deliver("small");
-    FillLedger(DatabasePath(large), kLarge);
-    FillLedger(DatabasePath(small), kSmall);
-    work.Flush();
+    const std::string large = DeliverLedger(work, kLargeLedger);
+    const std::string small = DeliverLedger(work, kSmallLedger);
 
     Figure shown{.name = "register",
                  .title = "a month's register among 1,000,000 / bare storage",

@@ -1,0 +1,36 @@
+#pragma once
+#include "base/Date.h"
+#include "bench/Bare.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace clb {
+
+/// The reference of saving an edited row: the statements, prepared once, in one transaction of the
+/// storage.
+class BareSaving {
+public:
+    /// Borrows the database. The register is that of one account's month.
+    BareSaving(BareDatabase& database, std::string account, Month month);
+
+    std::size_t Rows() const { return rows_.size(); }
+    /// Gives a row, from 0 in the register's order, another amount and makes that durable: the
+    /// account's balance and the balance at the month's end follow. Returns the latter; amounts in
+    /// 1/10000 units.
+    std::int64_t Save(std::size_t row, std::int64_t amount);
+
+private:
+    std::string account_;
+    std::vector<std::int64_t> rows_;  // identities
+    BareStatement begin_;
+    BareStatement update_;
+    BareStatement sum_;
+    BareStatement store_;
+    BareStatement opening_;
+    BareStatement past_;
+    BareStatement commit_;
+};
+
+}  // namespace clb

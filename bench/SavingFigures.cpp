@@ -1,0 +1,153 @@
+#include "bench/SavingFigures.h"
+
+#include "bench/BareSaving.h"
+#include "bench/Ledger.h"
+#include "bench/SameLedger.h"
+#include "cli/Program.h"
+#include "platform/ProgramFolder.h"
+
+#include <filesystem>
+#include <stdexcept>
+
+namespace clb {
+namespace {
+
+/// Rows saved one after the other in a round.
+constexpr std::int32_t kSavings = 100;
+
+/// The last month of an account that is there as long as the books.
+Month LastMonth(LedgerSize size)
+{
+    return {LastLedgerYear(size), 12};
+}
+
+/// Another amount each time.
+Money AmountOf(std::int32_t turn)
+{
+    return Money::FromScaled(-(std::int64_t{turn} % 30'000 + 1) * 100);
+}
+
+/// The program's window on the books, showing the register of one account's month.
+class ShownRegister {
+public:
+    ShownRegister(const std::string& folder, const std::string& account, Month month)
+        : program_(folder, forms_)
+    {
+        program_.ChooseMonth(month);
+        program_.PressNode(clsView::AccountTag(vwAccount, account));
+    }
+
+    std::size_t Rows() { return Grid().Rows().NewRow() - 1; }
+
+    /// Types another amount into a row, from 0, leaves the row and waits until it is durable.
+    Cost Save(std::size_t row, Money amount)
+    {
+        constexpr std::int32_t amountColumn = 3;
+        const std::string text = amount.Grouped();
+        const Stopwatch watch;
+        GridComponent& grid = Grid();
+        grid.MoveTo(row + 1, amountColumn);
+        grid.Editing(true);
+        grid.EditText(text);
+        if (!grid.Update())
+            throw std::runtime_error("the row was refused");
+        program_.Window().Data().Database().Settle();
+        return watch.Elapsed();
+    }
+
+    const std::string& Balance() { return program_.Window().txtTotal.Text(); }
+
+private:
+    GridComponent& Grid() { return program_.Window().Grid.Component(); }
+
+    NoForms forms_;
+    Program program_;
+};
+
+/// The same books once more, for the reference to change.
+std::string Copy(const WorkFolder& work, const std::string& folder)
+{
+    const std::string copy = work.Deliver("copy");
+    std::filesystem::copy_file(DatabasePath(folder), DatabasePath(copy),
+                               std::filesystem::copy_options::overwrite_existing);
+    work.Flush();
+    return copy;
+}
+
+Rounds MeasureAgainstBare(const std::string& folder, const std::string& copy, int rounds)
+{
+    const std::string account = LedgerAccount(1);
+    ShownRegister shown(folder, account, LastMonth(kLargeLedger));
+    BareDatabase database(DatabasePath(copy));
+    BareSaving reference(database, account, LastMonth(kLargeLedger));
+    if (shown.Rows() != reference.Rows())
+        throw std::runtime_error("the register and its reference differ");
+    Rounds result;
+    std::int32_t saved = 0;
+    for (int round = 0; round < rounds; ++round) {
+        Cost ours;
+        Cost bare;
+        for (std::int32_t turn = 0; turn < kSavings; ++turn, ++saved) {
+            const std::size_t row = static_cast<std::size_t>(saved) % reference.Rows();
+            const Money amount = AmountOf(saved);
+            ours += shown.Save(row, amount);
+            const Stopwatch watch;
+            const std::int64_t balance = reference.Save(row, amount.Scaled());
+            bare += watch.Elapsed();
+            if (shown.Balance() != Money::FromScaled(balance).Grouped())
+                throw std::runtime_error("the balance and its reference differ");
+        }
+        result.ours.push_back(ours);
+        result.reference.push_back(bare);
+    }
+    return result;
+}
+
+Rounds MeasureAmongOthers(const std::string& largeFolder, const std::string& smallFolder,
+                          int rounds)
+{
+    ShownRegister large(largeFolder, LedgerPurse(), LastMonth(kSmallLedger));
+    ShownRegister small(smallFolder, LedgerPurse(), LastMonth(kSmallLedger));
+    if (large.Rows() != small.Rows())
+        throw std::runtime_error("the months of both books differ");
+    Rounds result;
+    std::int32_t saved = 0;
+    for (int round = 0; round < rounds; ++round) {
+        Cost amongMany;
+        Cost amongFew;
+        for (std::int32_t turn = 0; turn < kSavings; ++turn, ++saved) {
+            const std::size_t row = static_cast<std::size_t>(saved) % small.Rows();
+            amongMany += large.Save(row, AmountOf(saved));
+            amongFew += small.Save(row, AmountOf(saved));
+        }
+        result.ours.push_back(amongMany);
+        result.reference.push_back(amongFew);
+    }
+    return result;
+}
+
+}  // namespace
+
+std::vector<Figure> MeasureSaving(const WorkFolder& work, int rounds)
+{
+    const std::string large = DeliverLedger(work, kLargeLedger);
+    const std::string small = DeliverLedger(work, kSmallLedger);
+    const std::string copy = Copy(work, large);
+
+    Figure saving{.name = "saving",
+                  .title = "saving an edited row among 1,000,000 / bare storage",
+                  .unit = "us",
+                  .wallRatio = {},
+                  .limit = 3};
+    CompareTimes(saving, MeasureAgainstBare(large, copy, rounds), {kSavings, kSavings, 1e-6});
+    RequireSameLedger(DatabasePath(large), DatabasePath(copy));
+    Figure others{.name = "others",
+                  .title = "saving it, others' 1,000,000 / others' 10,000",
+                  .unit = "us",
+                  .wallRatio = {},
+                  .limit = 1.3};
+    CompareTimes(others, MeasureAmongOthers(large, small, rounds), {kSavings, kSavings, 1e-6});
+    return {saving, others};
+}
+
+}  // namespace clb
