@@ -70,6 +70,9 @@ CREATE INDEX TransByMonthCategory ON Trans (Year, Period, Category, AccountID, A
 -- Whether a record of a statement is already there.
 CREATE INDEX TransByAccountDate ON Trans (AccountID, PostDate, Amount);
 CREATE INDEX BudgetByMonth ON Budget (Year, Period, Category);
+-- The lines of a group in a month, and what was budgeted. With the category in it the planner would
+-- begin a group's sum with all transactions of the month.
+CREATE INDEX BudgetByMonthGroup ON Budget (Year, Period, CategoryGroup, Amount);
 CREATE INDEX InvestmentByAccount ON Investment (AccountID);
 CREATE INDEX LoanByAccount ON Loan (AccountID);
 
