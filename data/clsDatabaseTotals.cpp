@@ -31,6 +31,9 @@ Money clsDatabase::RegisterBalance()
     Recordset account;
     Fill(account, "SELECT OpeningBalance FROM Account WHERE AccountID = '" + ShownAccount() + "'",
          true);
+    // Missing, it is an error even where it would not count.
+    if (!account.Empty() && IsNull(account.Get("OpeningBalance")))
+        throw RuntimeError(errors::InvalidNull, "Invalid use of Null");
     Recordset past;
     Fill(past,
          "SELECT SUM( Amount ) AS TotAmount FROM Trans WHERE AccountID = '" + ShownAccount() +
@@ -41,10 +44,7 @@ Money clsDatabase::RegisterBalance()
     // Before the first transaction the balance is 0, not the opening balance; settled.
     if (IsNull(amount))
         return {};
-    const Value& opening = account.Get("OpeningBalance");
-    if (IsNull(opening))
-        throw RuntimeError(errors::InvalidNull, "Invalid use of Null");
-    return ToMoney(amount) + ToMoney(opening);
+    return ToMoney(amount) + ToMoney(account.Get("OpeningBalance"));
 }
 
 void clsDatabase::CalcTotals(Money& first, Money& second)

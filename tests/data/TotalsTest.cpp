@@ -102,6 +102,16 @@ TEST_F(TotalsTest, AMissingOpeningBalanceIsAnError)
     EXPECT_THROW(Totals(), RuntimeError);
 }
 
+TEST_F(TotalsTest, AMissingOpeningBalanceIsAnErrorBeforeTheFirstTransactionToo)
+{
+    // It used to show 0.00 until the account had its first transaction.
+    AddAccount("10", "Bank", "NULL");
+    shown_.view = vwAccount;
+    shown_.account = "10";
+
+    EXPECT_THROW(Totals(), RuntimeError);
+}
+
 TEST_F(TotalsTest, HoldingsAreSummedPerAccountAndLoansOverAll)
 {
     Execute("INSERT INTO Investment (AccountID, Total) VALUES ('50', 10.5)");
