@@ -4,7 +4,6 @@
 
 #include "base/Numeric.h"
 #include "base/RuntimeError.h"
-#include "engine/Recordset.h"
 
 namespace clb {
 namespace {
@@ -29,13 +28,21 @@ void GridComponent::Touch()
 
 void GridComponent::DataSource(Recordset* records)
 {
-    records_ = records;
+    records_.reset();
+    if (records)
+        records_.emplace(*records);
+    Bind(records_ ? &*records_ : nullptr);
+}
+
+void GridComponent::Bind(IGridSource* source)
+{
+    source_ = source;
     columns_.Clear();
     groups_.clear();
     editing_ = false;
     dirty_ = false;
-    if (records_) {
-        for (const Field& field : records_->Fields()) {
+    if (source_) {
+        for (const Field& field : source_->Fields()) {
             GridColumn column;
             column.key = column.caption = column.dbField = field.name;
             column.dataType = field.type;
@@ -46,7 +53,7 @@ void GridComponent::DataSource(Recordset* records)
             columns_.Add(std::move(column));
         }
     }
-    rows_.Bind(records_, columns_, groups_);
+    rows_.Bind(source_, columns_, groups_);
     StandOnFirst();
 }
 
@@ -64,11 +71,43 @@ void GridComponent::StandOnFirst()
 
 void GridComponent::RefetchRows()
 {
-    if (!records_)
+    if (!source_)
         return;
-    records_->Requery();
+    source_->Requery();
     rows_.Rebuild();
     StandOnFirst();
+}
+
+bool GridComponent::Fold(std::size_t row, bool folded)
+{
+    if (rows_.Folded(row) == folded || rows_.Kind(row) != GridRowKind::GroupHeading)
+        return true;
+    if (!Update())
+        return false;
+    const std::size_t before = rows_.Count();
+    rows_.Fold(row, folded);
+    const bool above = row_ <= row;
+    if (folded && !above) {
+        const std::size_t hidden = before - rows_.Count();
+        const bool inside = row_ <= row + hidden;
+        row_ = inside ? row : row_ - hidden;
+        if (inside) {
+            LoadRow();
+            rowColChange_.emit(static_cast<std::int32_t>(row_), col_);
+        }
+    } else if (!above) {
+        row_ += rows_.Count() - before;
+    }
+    Touch();
+    return true;
+}
+
+void GridComponent::ResizeColumn(std::int32_t column, std::int32_t pixels)
+{
+    GridColumn& target = columns_.Item(column);
+    target.width = std::max(pixels, LeastWidth);
+    columnResized_.emit(column, target.width);
+    Touch();
 }
 
 void GridComponent::Redraw(bool on)

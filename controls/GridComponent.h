@@ -7,20 +7,19 @@
 #include "controls/Control.h"
 #include "controls/GridColumn.h"
 #include "controls/GridRows.h"
+#include "controls/GridSource.h"
 #include "ports/IDateForm.h"
 
 namespace clb {
 
-class Recordset;
-
-/// A data grid: columns bound to the fields of a result set or calculated, rows with groups and a
-/// line for a new row, one current cell, one row in edit at a time.
+/// A data grid: columns bound to the fields of a result set or of an array, or calculated; rows
+/// with groups and a line for a new row; one current cell, one row in edit at a time.
 ///
 ///   row at rest --begin--> cell in edit --end--> row changed --Update--> row at rest
 ///                            |  Escape: the cell        |  Escape: the row
 ///
-/// Rows and columns are numbered from 1. The row in edit is a copy: the result set is written only
-/// by Update, and only the fields that changed.
+/// Rows and columns are numbered from 1. The row in edit is a copy: the source is written only by
+/// Update, and only the fields that changed.
 class GridComponent : public Control {
 public:
     GridComponent(std::string name, const IDateForm& dates);
@@ -39,13 +38,20 @@ public:
     /// Binds the rows of an open result set: one column for each field, captioned with its name; no
     /// groups; the first data row and column 1 current. nullptr leaves the grid empty.
     void DataSource(Recordset* records);
-    Recordset* DataSource() const { return records_; }
+    /// Rows in memory to show instead of a result set.
+    GridArray& Array() { return array_; }
     /// Takes groups that were added after binding into the displayed rows.
     void Regroup();
     /// Tells whoever draws the grid that columns, widths or styles were set from outside.
     void LayoutChanged() { Touch(); }
-    /// Reads the result set again (Requery) and stands on the first row.
+    /// Reads the source again (Requery) and stands on the first row.
     void RefetchRows();
+    /// Folds the group of a heading row, or opens it. A changed row is saved first; false when that
+    /// was refused. A current row that is folded away gives its place to the heading.
+    bool Fold(std::size_t row, bool folded);
+    /// Sets a column's width as the user does by hand. No less than LeastWidth.
+    void ResizeColumn(std::int32_t column, std::int32_t pixels);
+    static constexpr std::int32_t LeastWidth = 24;
 
     bool Redraw() const { return redraw_; }
     void Redraw(bool on);
@@ -111,10 +117,15 @@ public:
     /// The text being typed into the cell in edit.
     const std::string& EditText() const { return editText_; }
     void EditText(const std::string& text);
+    /// The typed text as a date; nothing when it is none.
+    std::optional<Date> TypedDate() const { return dates_.Read(editText_); }
     /// Takes the typed text into the row. False when the column's type does not hold it: Refusal
     /// then says why and the cell stays in edit.
     bool EndEdit();
     const std::string& Refusal() const { return refusal_; }
+    /// The cell in edit is the one to correct: its text or its row was refused and it has not been
+    /// typed into since.
+    bool Marked() const { return editing_ && marked_; }
     /// Forgets the typed text and ends the cell's edit.
     void CancelEdit();
     /// As the Escape key: the cell's edit, and again the row's changes.
@@ -155,11 +166,10 @@ public:
     }
     /// A handler of BeforeUpdate refused the row and the update has ended.
     sigc::signal<void()>& UpdateRefused() { return updateRefused_; }
+    /// The user gave a column a width, with the column and the pixels.
+    sigc::signal<void(std::int32_t, std::int32_t)>& ColumnResized() { return columnResized_; }
     /// Painting was switched off or on.
     sigc::signal<void(bool)>& RedrawChanged() { return redrawChanged_; }
-    /// A cell went into edit; a typed text was refused, with the reason.
-    sigc::signal<void()>& AfterBegin() { return afterBegin_; }
-    sigc::signal<void(const std::string&)>& Refused() { return refused_; }
     /// The grid asks for the focus.
     sigc::signal<void()>& FocusWanted() { return focusWanted_; }
 
@@ -171,14 +181,19 @@ private:
     void StandOnFirst();
     void FinishEdit();
     void SaveRow();
+    std::string TextToEdit() const;
     bool ReadText(const std::string& text, std::int32_t column, Value& value,
                   std::string& why) const;
     void StandOn(std::size_t row, std::int32_t column);
     Value Fetch(std::size_t row, std::int32_t column);
     void Touch();
 
+    void Bind(IGridSource* source);
+
     const IDateForm& dates_;
-    Recordset* records_ = nullptr;
+    std::optional<RecordsetSource> records_;
+    GridArray array_{[this] { Bind(&array_); }};
+    IGridSource* source_ = nullptr;
     GridColumns columns_;
     GridGroups groups_;
     GridStyles styles_;
@@ -192,6 +207,7 @@ private:
     std::vector<bool> changed_;  // which of its cells differ from what is stored
     std::string editText_;
     bool editTouched_ = false;
+    bool marked_ = false;
     std::string refusal_;
     Value key_;
     std::size_t identity_ = 0;
@@ -209,10 +225,9 @@ private:
     sigc::signal<void(std::int32_t, std::int32_t, std::int32_t, std::string&)> fetchCellTip_;
     sigc::signal<void(std::int16_t, std::int32_t, std::string&)> fetchGroupFooterText_;
     sigc::signal<void()> updateRefused_;
+    sigc::signal<void(std::int32_t, std::int32_t)> columnResized_;
     sigc::signal<void(bool)> redrawChanged_;
     sigc::signal<void()> focusWanted_;
-    sigc::signal<void()> afterBegin_;
-    sigc::signal<void(const std::string&)> refused_;
 };
 
 }  // namespace clb

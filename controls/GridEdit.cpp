@@ -5,7 +5,6 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "controls/GridComponent.h"
-#include "engine/Recordset.h"
 
 namespace clb {
 
@@ -35,8 +34,9 @@ bool GridComponent::BeginEdit(std::int16_t key)
         return false;
     // Handlers see the cell in edit already, so that they can enable commands accordingly.
     editing_ = true;
-    editText_ = CellText(row_, col_);
+    editText_ = TextToEdit();
     editTouched_ = false;
+    marked_ = false;
     refusal_.clear();
     bool cancel = false;
     beforeEdit_.emit(static_cast<std::int32_t>(row_), col_, key, cancel);
@@ -44,16 +44,28 @@ bool GridComponent::BeginEdit(std::int16_t key)
         editing_ = false;
         return false;
     }
-    afterBegin_.emit();
     Touch();
     return true;
+}
+
+std::string GridComponent::TextToEdit() const
+{
+    const Value& value = cells_[static_cast<std::size_t>(col_ - 1)];
+    const std::string shown = ShownText(value, col_);
+    // An amount with fractions of a cent is typed on as it is, not as rounded for the eye.
+    const auto* amount = std::get_if<Money>(&value);
+    return amount && ToMoney(shown) != *amount ? ToText(value) : shown;
 }
 
 void GridComponent::EditText(const std::string& text)
 {
     editText_ = text;
     editTouched_ = true;
+    if (!marked_)
+        return;
+    marked_ = false;
     refusal_.clear();
+    Touch();
 }
 
 bool GridComponent::EndEdit()
@@ -63,7 +75,7 @@ bool GridComponent::EndEdit()
     if (editTouched_) {
         Value value;
         if (!ReadText(editText_, col_, value, refusal_)) {
-            refused_.emit(refusal_);
+            marked_ = true;
             Touch();
             return false;
         }
@@ -103,11 +115,16 @@ bool GridComponent::ReadText(const std::string& text, std::int32_t column, Value
                              std::string& why) const
 {
     const GridColumn& target = columns_.Item(column);
+    const bool listOnly = target.popup && target.popup->type == cell_control::DropDown;
     for (const GridValueItem& item : target.valueItems) {
-        if (item.text == text) {
+        if (item.text == text || (listOnly && CompareAlphabetical(item.text, Trim(text)) == 0)) {
             value = item.value;
             return true;
         }
+    }
+    if (listOnly && !Trim(text).empty()) {
+        why = "Please choose an entry of the list.";
+        return false;
     }
     if (target.dataType == FieldType::Text) {
         if (target.textWidth != 0 && Length(text) > target.textWidth) {
@@ -132,8 +149,8 @@ bool GridComponent::ReadText(const std::string& text, std::int32_t column, Value
         value = Convert(text, target.dataType);
         return true;
     } catch (const RuntimeError& error) {
-        why = error.Number() == errors::Overflow ? "This number is too large."
-                                                 : "Please enter a number.";
+        why = error.Number() == errors::Overflow ? "This number is too large for the column."
+                                                 : "Please enter a number, for example 1,234.50.";
         return false;
     }
 }
@@ -148,6 +165,8 @@ bool GridComponent::Update()
     beforeUpdate_.emit(cancel);
     if (cancel) {
         updateRefused_.emit();
+        marked_ = true;
+        Touch();
         return false;
     }
     SaveRow();
@@ -158,23 +177,14 @@ bool GridComponent::Update()
 void GridComponent::SaveRow()
 {
     const bool added = rows_.Kind(row_) == GridRowKind::NewRow;
-    if (added)
-        records_->AddNew();
-    else
-        records_->MoveTo(rows_.Record(row_));
-    try {
-        for (std::size_t at = 0; at < cells_.size(); ++at)
-            if (changed_[at] && columns_.Item(static_cast<std::int32_t>(at + 1)).updatable)
-                records_->Set(at, cells_[at]);
-        records_->Update();
-    } catch (...) {
-        records_->CancelUpdate();
-        throw;
-    }
-    const std::size_t record = records_->Position();
+    std::vector<IGridSource::Change> changes;
+    for (std::size_t at = 0; at < cells_.size(); ++at)
+        if (changed_[at] && columns_.Item(static_cast<std::int32_t>(at + 1)).updatable)
+            changes.emplace_back(at, cells_[at]);
+    const std::size_t record =
+        source_->Save(added ? source_->Count() : rows_.Record(row_), changes);
     rows_.Rebuild();
-    if (const std::size_t row = rows_.OfRecord(record); row != 0)
-        row_ = row;
+    row_ = rows_.Reveal(record);
     LoadRow();
     Touch();
 }
@@ -188,10 +198,9 @@ bool GridComponent::Delete()
     beforeDelete_.emit(cancel);
     if (cancel)
         return false;
-    records_->MoveTo(rows_.Record(row_));
-    records_->Delete();
+    source_->Delete(rows_.Record(row_));
     rows_.Rebuild();
-    std::size_t row = std::min(row_, rows_.Count());
+    const std::size_t row = std::min(row_, rows_.Count());
     StandOn(row, col_);
     afterDelete_.emit();
     if (row_ != 0)

@@ -6,7 +6,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "engine/Recordset.h"
+#include "controls/GridSource.h"
 
 namespace clb {
 namespace {
@@ -42,9 +42,9 @@ const std::string kNoGroup;
 
 }  // namespace
 
-void GridRows::Bind(Recordset* records, const GridColumns& columns, const GridGroups& groups)
+void GridRows::Bind(IGridSource* source, const GridColumns& columns, const GridGroups& groups)
 {
-    records_ = records;
+    source_ = source;
     columns_ = &columns;
     groupings_ = &groups;
     groups_.clear();
@@ -53,19 +53,19 @@ void GridRows::Bind(Recordset* records, const GridColumns& columns, const GridGr
 
 void GridRows::Rebuild()
 {
-    if (!records_ || !records_->IsOpen()) {
+    if (!source_ || !source_->IsOpen()) {
         groups_.clear();
         rows_.clear();
         return;
     }
-    generation_ = records_->Generation();
+    generation_ = source_->Generation();
     CollectGroups();
     Display();
 }
 
 void GridRows::CollectGroups()
 {
-    const auto count = static_cast<std::size_t>(records_->RecordCount());
+    const auto count = source_->Count();
     if (groupings_->empty()) {
         groups_.clear();
         return;
@@ -78,7 +78,7 @@ void GridRows::CollectGroups()
     std::map<std::string, std::size_t> known;
     const auto field = static_cast<std::size_t>(groupings_->front().column - 1);
     for (std::size_t record = 0; record < count; ++record) {
-        const std::string value = ToText(records_->At(record, field));
+        const std::string value = ToText(source_->At(record, field));
         const auto [found, added] = known.try_emplace(value, groups_.size());
         if (added)
             groups_.push_back({value, {}, folded.contains(value)});
@@ -90,7 +90,7 @@ void GridRows::Display()
 {
     rows_.clear();
     if (groupings_->empty()) {
-        const auto count = static_cast<std::size_t>(records_->RecordCount());
+        const auto count = source_->Count();
         rows_.reserve(count + 1);
         for (std::size_t record = 0; record < count; ++record)
             rows_.push_back({GridRowKind::Data, record, 0});
@@ -131,9 +131,10 @@ std::size_t GridRows::Record(std::size_t row) const
 Value GridRows::Key(std::size_t row) const
 {
     const Row& shown = At(row);
-    if (shown.kind != GridRowKind::Data || columns_->Find(kKeyField) == 0)
+    const std::int32_t column = columns_->Find(kKeyField);
+    if (shown.kind != GridRowKind::Data || column == 0)
         return Null{};
-    return records_->At(shown.record, records_->FieldIndex(kKeyField));
+    return source_->At(shown.record, static_cast<std::size_t>(column - 1));
 }
 
 Value GridRows::Stored(std::size_t row, std::int32_t column) const
@@ -141,7 +142,7 @@ Value GridRows::Stored(std::size_t row, std::int32_t column) const
     const Row& shown = At(row);
     if (shown.kind != GridRowKind::Data || columns_->Item(column).Calculated())
         return Null{};
-    return records_->At(shown.record, static_cast<std::size_t>(column - 1));
+    return source_->At(shown.record, static_cast<std::size_t>(column - 1));
 }
 
 const std::string& GridRows::GroupValue(std::size_t row) const
@@ -196,13 +197,25 @@ std::size_t GridRows::OfRecord(std::size_t record) const
     return found == rows_.end() ? 0 : static_cast<std::size_t>(found - rows_.begin()) + 1;
 }
 
+std::size_t GridRows::Reveal(std::size_t record)
+{
+    for (Group& group : groups_)
+        if (group.folded &&
+            std::find(group.records.begin(), group.records.end(), record) != group.records.end()) {
+            group.folded = false;
+            Display();
+        }
+    return OfRecord(record);
+}
+
 std::size_t GridRows::OfKey(const Value& key) const
 {
-    if (rows_.empty() || columns_->Find(kKeyField) == 0)
+    const std::int32_t column = columns_->Find(kKeyField);
+    if (column == 0)
         return 0;
-    const std::size_t field = records_->FieldIndex(kKeyField);
+    const auto field = static_cast<std::size_t>(column - 1);
     for (std::size_t row = 1; row <= rows_.size(); ++row)
-        if (At(row).kind == GridRowKind::Data && records_->At(At(row).record, field) == key)
+        if (At(row).kind == GridRowKind::Data && source_->At(At(row).record, field) == key)
             return row;
     return 0;
 }
@@ -210,20 +223,20 @@ std::size_t GridRows::OfKey(const Value& key) const
 std::size_t GridRows::Identity(std::size_t row) const
 {
     const Row& shown = At(row);
-    return shown.kind == GridRowKind::Data ? records_->Identity(shown.record) : 0;
+    return shown.kind == GridRowKind::Data ? source_->Identity(shown.record) : 0;
 }
 
 std::size_t GridRows::OfIdentity(std::size_t identity) const
 {
     for (std::size_t row = 1; row <= rows_.size(); ++row)
-        if (At(row).kind == GridRowKind::Data && records_->Identity(At(row).record) == identity)
+        if (At(row).kind == GridRowKind::Data && source_->Identity(At(row).record) == identity)
             return row;
     return 0;
 }
 
 bool GridRows::Stale() const
 {
-    return records_ && (!records_->IsOpen() || records_->Generation() != generation_);
+    return source_ && (!source_->IsOpen() || source_->Generation() != generation_);
 }
 
 }  // namespace clb

@@ -9,7 +9,7 @@
 
 namespace clb {
 
-class Recordset;
+class IGridSource;
 
 /// What a row of the grid is.
 enum class GridRowKind { Data = 0, GroupHeading = 1, GroupFooter = 2, NewRow = 3 };
@@ -18,8 +18,8 @@ enum class GridRowKind { Data = 0, GroupHeading = 1, GroupFooter = 2, NewRow = 3
 /// and the new-row line at the end.
 class GridRows {
 public:
-    /// Data rows of the result set, grouped; all groups open. nullptr: no rows at all.
-    void Bind(Recordset* records, const GridColumns& columns, const GridGroups& groups);
+    /// Data rows of the source, grouped; all groups open. nullptr: no rows at all.
+    void Bind(IGridSource* source, const GridColumns& columns, const GridGroups& groups);
     /// Takes the rows anew; groups that were folded stay folded.
     void Rebuild();
 
@@ -28,7 +28,7 @@ public:
     GridRowKind Kind(std::size_t row) const;
     /// 1 for the new-row line, else 0.
     std::int32_t Position(std::size_t row) const;
-    /// Number of the result set's row, from 0, of a data row.
+    /// Number of the source's row, from 0, of a data row.
     std::size_t Record(std::size_t row) const;
     /// Value of the row key's field; null on other rows than data, the new-row line included.
     Value Key(std::size_t row) const;
@@ -41,18 +41,20 @@ public:
     bool Folded(std::size_t row) const;
     void Fold(std::size_t row, bool folded);
 
-    /// Displayed number of the new-row line, of the first data row, of a row of the result set, and
+    /// Displayed number of the new-row line, of the first data row, of a row of the source, and
     /// of the first data row with the key; 0 when there is none (or it is folded away).
     std::size_t NewRow() const;
     std::size_t FirstData() const;
     std::size_t OfRecord(std::size_t record) const;
+    /// Displayed number of a row of the source; its group is opened when it was folded.
+    std::size_t Reveal(std::size_t record);
     std::size_t OfKey(const Value& key) const;
     /// Unseen identity of a data row's stored row, which survives reading the rows again; 0 for
     /// none.
     std::size_t Identity(std::size_t row) const;
     std::size_t OfIdentity(std::size_t identity) const;
 
-    /// Whether the result set's rows were replaced since the rows were taken.
+    /// Whether the source's rows were replaced since the rows were taken.
     bool Stale() const;
 
 private:
@@ -70,7 +72,7 @@ private:
     void CollectGroups();
     void Display();
 
-    Recordset* records_ = nullptr;
+    IGridSource* source_ = nullptr;
     const GridColumns* columns_ = nullptr;
     const GridGroups* groupings_ = nullptr;
     std::uint64_t generation_ = 0;

@@ -40,6 +40,8 @@ public:
     void Editing(bool edit) { inner_.Editing(edit); }
     /// Makes a column current; ignored while a row is being saved.
     void Col(std::int32_t column);
+    /// Rows in memory, to be shown instead of a recordset's.
+    GridArray& DBArray() { return inner_.Array(); }
     /// Deletes the current row.
     void Delete() { inner_.Delete(); }
     /// Makes the first row with the key current; null is the new-row line. Throws RuntimeError when

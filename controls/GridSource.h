@@ -1,0 +1,102 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "base/Value.h"
+#include "engine/Recordset.h"
+
+namespace clb {
+
+/// Where a grid's data rows come from: rows of fields, both numbered from 0, read by number and
+/// written one row at a time.
+class IGridSource {
+public:
+    /// A field's number and what is written into it.
+    using Change = std::pair<std::size_t, Value>;
+
+    virtual ~IGridSource() = default;
+    virtual bool IsOpen() const = 0;
+    virtual const std::vector<Field>& Fields() const = 0;
+    virtual std::size_t Count() const = 0;
+    /// Good until the next call that changes or reads another row.
+    virtual const Value& At(std::size_t row, std::size_t field) const = 0;
+    /// Identity of a row that survives reading the rows again; 0 for none.
+    virtual std::size_t Identity(std::size_t row) const = 0;
+    /// Grows whenever the rows were replaced as a whole.
+    virtual std::uint64_t Generation() const = 0;
+    /// Reads the rows again.
+    virtual void Requery() = 0;
+    /// Writes the changed fields of a row; Count() for the row adds one. Returns the row's number.
+    /// After an error nothing of it is written.
+    virtual std::size_t Save(std::size_t row, const std::vector<Change>& changes) = 0;
+    virtual void Delete(std::size_t row) = 0;
+};
+
+/// The rows of an open result set, which is borrowed.
+class RecordsetSource : public IGridSource {
+public:
+    explicit RecordsetSource(Recordset& records) : records_(records) {}
+
+    bool IsOpen() const override { return records_.IsOpen(); }
+    const std::vector<Field>& Fields() const override { return records_.Fields(); }
+    std::size_t Count() const override { return static_cast<std::size_t>(records_.RecordCount()); }
+    const Value& At(std::size_t row, std::size_t field) const override
+    {
+        return records_.At(row, field);
+    }
+    std::size_t Identity(std::size_t row) const override { return records_.Identity(row); }
+    std::uint64_t Generation() const override { return records_.Generation(); }
+    void Requery() override { records_.Requery(); }
+    std::size_t Save(std::size_t row, const std::vector<Change>& changes) override;
+    void Delete(std::size_t row) override;
+
+private:
+    Recordset& records_;
+};
+
+/// Rows held in memory: what a grid shows when there is no table behind it. Fill it, then Show it.
+class GridArray : public IGridSource {
+public:
+    /// show binds the grid that the array belongs to.
+    explicit GridArray(std::function<void()> show) : show_(std::move(show)) {}
+
+    /// Replaces the fields; all rows go.
+    void Fields(std::vector<Field> fields);
+    /// Appends a row. Missing values at its end are null. Throws TypeMismatch() or Overflow() when
+    /// a field's type does not hold its value, and RuntimeError (SubscriptOutOfRange) when there
+    /// are more values than fields.
+    void Add(const std::vector<Value>& values);
+    void Clear();
+    /// Binds the grid to these rows in place of what it showed before.
+    void Show() { show_(); }
+
+    bool IsOpen() const override { return true; }
+    const std::vector<Field>& Fields() const override { return fields_; }
+    std::size_t Count() const override { return rows_.size(); }
+    const Value& At(std::size_t row, std::size_t field) const override;
+    std::size_t Identity(std::size_t row) const override;
+    std::uint64_t Generation() const override { return generation_; }
+    void Requery() override {}
+    std::size_t Save(std::size_t row, const std::vector<Change>& changes) override;
+    void Delete(std::size_t row) override;
+
+private:
+    struct Row {
+        std::size_t identity = 0;
+        std::vector<Value> values;
+    };
+    Row NewRow();
+    const Row& RowAt(std::size_t row) const;
+    void Write(Row& row, std::size_t field, const Value& value) const;
+
+    std::function<void()> show_;
+    std::vector<Field> fields_;
+    std::vector<Row> rows_;
+    std::size_t lastIdentity_ = 0;
+    std::uint64_t generation_ = 0;
+};
+
+}  // namespace clb

@@ -1,0 +1,353 @@
+// Editing: a cell, then its row, then the source.
+
+#include "controls/GridComponent.h"
+#include "tests/support/GridFixture.h"
+
+namespace clb {
+namespace {
+
+class GridEditTest : public testing::Test {
+protected:
+    GridEditTest() : grid_("Grid", dates_)
+    {
+        FillShop(grid_.Array());
+        NoteEvents();
+    }
+    void NoteEvents()
+    {
+        const auto cell = [](std::int32_t row, std::int32_t column) {
+            return " " + std::to_string(row) + " " + std::to_string(column);
+        };
+        grid_.BeforeEdit().connect(
+            [=, this](std::int32_t row, std::int32_t column, std::int16_t key, bool& cancel) {
+                events_.Note("BeforeEdit" + cell(row, column) + " " + std::to_string(key));
+                cancel = cancelEdit_;
+            });
+        grid_.AfterEdit().connect([=, this](std::int32_t row, std::int32_t column) {
+            events_.Note("AfterEdit" + cell(row, column));
+        });
+        grid_.RowColChange().connect([=, this](std::int32_t row, std::int32_t column) {
+            events_.Note("RowColChange" + cell(row, column));
+        });
+        grid_.BeforeUpdate().connect([this](bool& cancel) {
+            events_.Note("BeforeUpdate");
+            cancel = cancelUpdate_;
+        });
+        grid_.AfterUpdate().connect([this] { events_.Note("AfterUpdate"); });
+        grid_.BeforeDelete().connect([this](bool& cancel) {
+            events_.Note("BeforeDelete");
+            cancel = cancelDelete_;
+        });
+        grid_.AfterDelete().connect([this] { events_.Note("AfterDelete"); });
+        grid_.UpdateRefused().connect([this] { events_.Note("UpdateRefused"); });
+    }
+    /// Types a text into a cell of the current row and ends its edit.
+    bool Type(std::int32_t column, const std::string& text)
+    {
+        grid_.Col(column);
+        if (!grid_.Editing(true))
+            return false;
+        grid_.EditText(text);
+        return grid_.EndEdit();
+    }
+    std::string Stored(std::size_t record, std::int32_t column)
+    {
+        return ToText(grid_.Array().At(record, static_cast<std::size_t>(column - 1)));
+    }
+    using Lines = std::vector<std::string>;
+
+    IsoDateForm dates_;
+    GridComponent grid_;
+    GridEvents events_;
+    bool cancelEdit_ = false;
+    bool cancelUpdate_ = false;
+    bool cancelDelete_ = false;
+};
+
+TEST_F(GridEditTest, ARowIsWrittenOnlyWhenItIsSaved)
+{
+    EXPECT_TRUE(Type(shop::Name, "Pears"));
+    EXPECT_TRUE(grid_.Dirty());
+    EXPECT_EQ(Stored(0, shop::Name), "Apples");
+
+    EXPECT_TRUE(grid_.Update());
+    EXPECT_FALSE(grid_.Dirty());
+    EXPECT_EQ(Stored(0, shop::Name), "Pears");
+}
+
+TEST_F(GridEditTest, TheEventsOfAnEditAndASaveComeInOrder)
+{
+    Type(shop::Price, "4");
+    EXPECT_EQ(events_.Take(), (Lines{"RowColChange 1 3", "BeforeEdit 1 3 0", "AfterEdit 1 3"}));
+
+    grid_.MoveTo(2, shop::Price);
+    EXPECT_EQ(events_.Take(), (Lines{"BeforeUpdate", "AfterUpdate", "RowColChange 2 3"}));
+}
+
+TEST_F(GridEditTest, TheKeyThatBeganTheEditIsTold)
+{
+    grid_.MoveTo(1, shop::Name);
+    events_.Take();
+
+    grid_.BeginEdit('a');
+
+    EXPECT_EQ(events_.Take(), Lines{"BeforeEdit 1 2 97"});
+}
+
+TEST_F(GridEditTest, AHandlerCanForbidTheEdit)
+{
+    cancelEdit_ = true;
+
+    EXPECT_FALSE(Type(shop::Name, "Pears"));
+
+    EXPECT_FALSE(grid_.Editing());
+    EXPECT_FALSE(grid_.Dirty());
+}
+
+TEST_F(GridEditTest, ReadOnlyHiddenAndCounterCellsCannotBeEdited)
+{
+    grid_.Columns().Item(shop::Price).readOnly = true;
+    grid_.Columns().Item(shop::Count).hidden = true;
+
+    EXPECT_FALSE(Type(shop::Price, "1"));
+    EXPECT_FALSE(Type(shop::Count, "1"));
+    EXPECT_FALSE(Type(shop::Key, "1"));
+}
+
+TEST_F(GridEditTest, MovingAwayEndsTheEditAndSavesTheRow)
+{
+    grid_.Col(shop::Name);
+    grid_.BeginEdit(0);
+    grid_.EditText("Pears");
+
+    EXPECT_TRUE(grid_.MoveTo(3, shop::Name));
+
+    EXPECT_FALSE(grid_.Editing());
+    EXPECT_EQ(Stored(0, shop::Name), "Pears");
+}
+
+TEST_F(GridEditTest, MovingWithinTheRowSavesNothing)
+{
+    Type(shop::Name, "Pears");
+
+    EXPECT_TRUE(grid_.MoveTo(1, shop::Price));
+
+    EXPECT_TRUE(grid_.Dirty());
+    EXPECT_EQ(Stored(0, shop::Name), "Apples");
+}
+
+TEST_F(GridEditTest, EscapeGivesUpTheCellAndAgainTheRow)
+{
+    Type(shop::Price, "4");
+    grid_.Col(shop::Name);
+    grid_.BeginEdit(0);
+    grid_.EditText("Pears");
+
+    grid_.Escape();
+    EXPECT_FALSE(grid_.Editing());
+    EXPECT_TRUE(grid_.Dirty());
+    EXPECT_EQ(grid_.CellText(1, shop::Name), "Apples");
+    EXPECT_EQ(grid_.CellText(1, shop::Price), "4.00");
+
+    grid_.Escape();
+    EXPECT_FALSE(grid_.Dirty());
+    EXPECT_EQ(grid_.CellText(1, shop::Price), "2.00");
+}
+
+TEST_F(GridEditTest, AnEditWithoutTypingChangesNothing)
+{
+    grid_.Array().Save(0, {{2, Money::FromScaled(12345)}});
+    grid_.RefetchRows();
+    grid_.Col(shop::Price);
+    grid_.BeginEdit(0);
+    EXPECT_EQ(grid_.EditText(), "1.2345") << "not the rounded amount of the cell";
+
+    EXPECT_TRUE(grid_.EndEdit());
+
+    EXPECT_FALSE(grid_.Dirty());
+}
+
+struct Refused {
+    std::int32_t column;
+    const char* text;
+    const char* why;
+};
+
+class RefusedTextTest : public GridEditTest, public testing::WithParamInterface<Refused> {};
+
+TEST_P(RefusedTextTest, StaysInItsCellWithAWord)
+{
+    EXPECT_FALSE(Type(GetParam().column, GetParam().text));
+
+    EXPECT_TRUE(grid_.Editing());
+    EXPECT_TRUE(grid_.Marked());
+    EXPECT_EQ(grid_.EditText(), GetParam().text);
+    EXPECT_EQ(grid_.Refusal(), GetParam().why);
+    EXPECT_FALSE(grid_.Dirty());
+    EXPECT_FALSE(grid_.MoveTo(2, 1)) << "the cell keeps the user";
+    EXPECT_FALSE(grid_.Update());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ByType, RefusedTextTest,
+    testing::Values(
+        Refused{shop::Price, "cheap", "Please enter a number, for example 1,234.50."},
+        Refused{shop::Price, "12,5", "Please enter a number, for example 1,234.50."},
+        Refused{shop::Price, "99999999999999999999", "This number is too large for the column."},
+        Refused{shop::Count, "4000000000", "This number is too large for the column."},
+        Refused{shop::Weight, "light", "Please enter a number, for example 1,234.50."},
+        Refused{shop::Day, "2006-02-30", "Please enter a date, for example 2025-12-09."},
+        Refused{shop::Name, "elevenchars", "Please enter at most 10 characters."}));
+
+TEST_F(GridEditTest, TypingOnTakesTheMarkAway)
+{
+    Type(shop::Price, "cheap");
+
+    grid_.EditText("5");
+
+    EXPECT_FALSE(grid_.Marked());
+    EXPECT_EQ(grid_.Refusal(), "");
+    EXPECT_TRUE(grid_.EndEdit());
+    EXPECT_EQ(grid_.CellText(1, shop::Price), "5.00");
+}
+
+TEST_F(GridEditTest, ATextMayFillItsColumnWithAnyCharacters)
+{
+    const std::string ten =
+        "\xF0\x9F\x8D\x8E\xCE\xA9\xC3\xA9\xE8\xB4\xA6"
+        "e\xCC\x81"
+        "1234";
+
+    EXPECT_TRUE(Type(shop::Name, ten));
+
+    EXPECT_TRUE(grid_.Update());
+    EXPECT_EQ(Stored(0, shop::Name), ten);
+}
+
+TEST_F(GridEditTest, AnEmptyTextEmptiesTheCell)
+{
+    Type(shop::Price, "  ");
+    Type(shop::Day, "");
+    grid_.Update();
+
+    EXPECT_TRUE(IsNull(grid_.Array().At(0, 2)));
+    EXPECT_TRUE(IsNull(grid_.Array().At(0, 4)));
+}
+
+TEST_F(GridEditTest, AChoiceTakesOnlyEntriesOfItsList)
+{
+    GridColumn& name = grid_.Columns().Item(shop::Name);
+    name.popup = GridPopup{cell_control::DropDown, 5, 0};
+    name.valueItems = {{std::string("Bank"), "Bank"}, {std::string("Cash"), "Cash"}};
+
+    EXPECT_TRUE(Type(shop::Name, "cash"));
+    EXPECT_EQ(grid_.CellText(1, shop::Name), "Cash");
+
+    EXPECT_FALSE(Type(shop::Name, "Gold"));
+    EXPECT_EQ(grid_.Refusal(), "Please choose an entry of the list.");
+    grid_.CancelEdit();
+
+    EXPECT_TRUE(Type(shop::Name, ""));
+    EXPECT_EQ(grid_.CellText(1, shop::Name), "");
+}
+
+TEST_F(GridEditTest, ACompletingListTakesNewTexts)
+{
+    GridColumn& name = grid_.Columns().Item(shop::Name);
+    name.popup = GridPopup{cell_control::ComboBox, 5, 0};
+    name.valueItems = {{std::string("Bank"), "Bank"}};
+
+    EXPECT_TRUE(Type(shop::Name, "bank"));
+
+    EXPECT_EQ(grid_.CellText(1, shop::Name), "bank");
+}
+
+TEST_F(GridEditTest, ANewRowJoinsAndTheNewRowsLineMovesOn)
+{
+    grid_.MoveTo(4, shop::Name);
+    Type(shop::Name, "Dates");
+
+    EXPECT_TRUE(grid_.Update());
+
+    EXPECT_EQ(grid_.Rows().Count(), 5u);
+    EXPECT_EQ(grid_.Row(), 4u);
+    EXPECT_EQ(Stored(3, shop::Name), "Dates");
+    EXPECT_EQ(grid_.Position(), 0);
+}
+
+TEST_F(GridEditTest, ANewRowInAFoldedGroupOpensIt)
+{
+    grid_.Groups().push_back({shop::Count});
+    grid_.Regroup();
+    grid_.Fold(1, true);
+    grid_.MoveTo(grid_.Rows().NewRow(), shop::Name);
+    Type(shop::Name, "Dates");
+    Type(shop::Count, "5");
+
+    EXPECT_TRUE(grid_.Update());
+
+    EXPECT_FALSE(grid_.Rows().Folded(1));
+    EXPECT_EQ(grid_.CellText(grid_.Row(), shop::Name), "Dates");
+}
+
+TEST_F(GridEditTest, ARefusedRowKeepsItsChangesAndThePlace)
+{
+    cancelUpdate_ = true;
+    Type(shop::Name, "Pears");
+    events_.Take();
+
+    EXPECT_FALSE(grid_.MoveTo(2, shop::Name));
+
+    EXPECT_EQ(events_.Take(), (Lines{"BeforeUpdate", "UpdateRefused"}));
+    EXPECT_EQ(grid_.Row(), 1u);
+    EXPECT_TRUE(grid_.Dirty());
+    EXPECT_EQ(Stored(0, shop::Name), "Apples");
+}
+
+TEST_F(GridEditTest, FoldingSavesTheChangedRowFirst)
+{
+    grid_.Groups().push_back({shop::Count});
+    grid_.Regroup();
+    Type(shop::Name, "Pears");
+    cancelUpdate_ = true;
+
+    EXPECT_FALSE(grid_.Fold(1, true));
+    EXPECT_FALSE(grid_.Rows().Folded(1));
+
+    cancelUpdate_ = false;
+    EXPECT_TRUE(grid_.Fold(1, true));
+    EXPECT_EQ(Stored(0, shop::Name), "Pears");
+}
+
+TEST_F(GridEditTest, DeletingMakesTheNextRowCurrent)
+{
+    grid_.MoveTo(2, shop::Name);
+    events_.Take();
+
+    EXPECT_TRUE(grid_.Delete());
+
+    EXPECT_EQ(events_.Take(), (Lines{"BeforeDelete", "AfterDelete", "RowColChange 2 2"}));
+    EXPECT_EQ(grid_.CellText(2, shop::Name), "Cheese");
+}
+
+TEST_F(GridEditTest, AHandlerCanForbidTheDeletion)
+{
+    cancelDelete_ = true;
+
+    EXPECT_FALSE(grid_.Delete());
+
+    EXPECT_EQ(grid_.Array().Count(), 3u);
+}
+
+TEST_F(GridEditTest, TheNewRowCannotBeDeleted)
+{
+    grid_.MoveTo(4, 1);
+    events_.Take();
+
+    EXPECT_FALSE(grid_.Delete());
+
+    EXPECT_TRUE(events_.Take().empty());
+}
+
+}  // namespace
+}  // namespace clb

@@ -1,0 +1,61 @@
+#pragma once
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/RuntimeError.h"
+#include "controls/GridComponent.h"
+
+namespace clb {
+
+/// Rows of a small shop in memory: Sequence (key), Name (at most 10 characters), Price, Count, Day,
+/// Open, Weight.
+inline void FillShop(GridArray& array)
+{
+    array.Fields({{"Sequence", FieldType::Long, 0, false, true},
+                  {"Name", FieldType::Text, 10, true, false},
+                  {"Price", FieldType::Money, 0, true, false},
+                  {"Count", FieldType::Long, 0, true, false},
+                  {"Day", FieldType::Date, 0, true, false},
+                  {"Open", FieldType::Boolean, 0, true, false},
+                  {"Weight", FieldType::Double, 0, true, false}});
+    array.Add({11, std::string("Apples"), Money::FromUnits(2), 5});
+    array.Add({12, std::string("Bread"), Money::FromUnits(3), 1});
+    array.Add({13, std::string("Cheese"), Money::FromUnits(7), 2});
+    array.Show();
+}
+
+namespace shop {
+constexpr std::int32_t Key = 1, Name = 2, Price = 3, Count = 4, Day = 5, Open = 6, Weight = 7;
+}
+
+/// Text of what was raised, in order: "BeforeEdit 1 2 0", ...
+class GridEvents {
+public:
+    void Note(const std::string& line) { lines_.push_back(line); }
+    /// Those since the last call.
+    std::vector<std::string> Take()
+    {
+        std::vector<std::string> taken;
+        taken.swap(lines_);
+        return taken;
+    }
+
+private:
+    std::vector<std::string> lines_;
+};
+
+/// Number of the runtime error that the action must raise; 0 when it raises none.
+inline std::int64_t RuntimeErrorOf(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const RuntimeError& error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+}  // namespace clb
