@@ -14,7 +14,11 @@ constexpr std::int32_t kSelectedImage = 7;
 
 }  // namespace
 
-clsView::clsView(const ViewTargets& targets) : targets_(targets) {}
+clsView::clsView(const ViewTargets& targets) : targets_(targets)
+{
+    targets_.grid.Component().ColumnResized().connect(sigc::track_obj(
+        [this](std::int32_t column, std::int32_t pixels) { KeepWidth(column, pixels); }, *this));
+}
 
 void clsView::View(std::int32_t view)
 {

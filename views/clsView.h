@@ -2,6 +2,7 @@
 #include <sigc++/sigc++.h>
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 #include "controls/Commands.h"
@@ -35,7 +36,7 @@ struct ViewTargets {
 
 /// What the window shows: view, month, account type and account. Fills the tree and the grid, the
 /// totals line and the enabled commands accordingly. Errors of the data store reach the caller.
-class clsView : public IShownState {
+class clsView : public IShownState, public sigc::trackable {
 public:
     explicit clsView(const ViewTargets& targets);
     /// The store whose rows are shown; set once, before anything is shown. Borrowed.
@@ -71,7 +72,7 @@ public:
     std::string GetTreeNodeAccountInfo(std::int32_t index) const;
 
     /// Column widths as the view's fractions of the grid's width, the totals line below the
-    /// columns.
+    /// columns. A width that the user gave a column by hand replaces its fraction in that view.
     void SetColWidths();
     /// Writes the shown view's totals into the totals line.
     void RefreshTotals();
@@ -98,6 +99,7 @@ private:
     void Caption(std::int32_t column, const char* caption);
     void Hide(std::int32_t first, std::int32_t last);
     void PlaceTotals(std::int32_t first, std::int32_t second);
+    void KeepWidth(std::int32_t column, std::int32_t pixels);
     std::int32_t AddNode(std::int32_t parent, const std::string& key, const std::string& text,
                          const std::string& tag);
     void DecideExport();
@@ -114,6 +116,8 @@ private:
     std::string accountID_;
     bool hold_ = false;
     bool exportAllowed_ = false;
+    // Pixels that the user gave a column, by view and column.
+    std::map<std::int32_t, std::map<std::int32_t, std::int32_t>> handWidths_;
     sigc::signal<void()> refreshed_;
     sigc::signal<void()> treeBuilt_;
 };

@@ -17,6 +17,8 @@ constexpr std::int32_t kPopupRows = 5;
 constexpr std::int32_t kMargin = 3;
 /// Room for a balance of nine digits.
 constexpr std::int32_t kLeastTotal = 120;
+/// What columns made wider by hand leave of the one that takes the rest.
+constexpr std::int32_t kLeastRest = 60;
 
 struct Fraction {
     std::int32_t column;
@@ -193,6 +195,12 @@ void clsView::LayOutNetWorth()
     targets_.lblTotal.Caption("Total Net Worth:");
 }
 
+void clsView::KeepWidth(std::int32_t column, std::int32_t pixels)
+{
+    handWidths_[view_][column] = pixels;
+    SetColWidths();
+}
+
 void clsView::SetColWidths()
 {
     const Widths widths = WidthsOf(view_);
@@ -201,14 +209,19 @@ void clsView::SetColWidths()
         return;
     const std::int32_t usable =
         std::max(0, targets_.grid.Width() - grid_metrics::Selector - grid_metrics::ScrollBar);
-    std::int32_t rest = usable;
-    for (const Fraction& fraction : widths.fractions) {
-        const auto width = static_cast<std::int32_t>(std::lround(fraction.part * usable));
-        columns.Item(fraction.column).width = width;
-        rest -= width;
+    for (const Fraction& fraction : widths.fractions)
+        columns.Item(fraction.column).width =
+            static_cast<std::int32_t>(std::lround(fraction.part * usable));
+    const auto& byHand = handWidths_[view_];
+    for (const auto& [column, pixels] : byHand)
+        columns.Item(column).width = pixels;
+    if (widths.rest != 0 && !byHand.contains(widths.rest)) {
+        std::int32_t taken = 0;
+        for (const Fraction& fraction : widths.fractions)
+            taken += columns.Item(fraction.column).width;
+        const std::int32_t least = byHand.empty() ? 0 : kLeastRest;
+        columns.Item(widths.rest).width = std::max(least, usable - taken);
     }
-    if (widths.rest != 0)
-        columns.Item(widths.rest).width = std::max(0, rest);
     PlaceTotals(widths.firstTotal, widths.secondTotal);
     targets_.grid.Component().LayoutChanged();
 }
@@ -221,8 +234,10 @@ void clsView::PlaceTotals(std::int32_t first, std::int32_t second)
     const std::int32_t least = second == 0 ? kLeastTotal : 0;
     const auto placeBelow = [&](TextBox& box, std::int32_t column) {
         const std::int32_t width = std::max(columns.Item(column).width - kMargin, least);
+        const std::int32_t end = origin + columns.Left(column) + columns.Item(column).width;
+        // Columns made wider by hand may reach beyond the grid's edge.
         const std::int32_t right =
-            origin + columns.Left(column) + columns.Item(column).width - kMargin;
+            std::min(end, targets_.grid.Left() + targets_.grid.Width()) - kMargin;
         SetLeftAndWidth(box, std::max(targets_.grid.Left(), right - width), width);
     };
     placeBelow(targets_.txtTotal, first);
