@@ -1,5 +1,6 @@
 #include "desktop/GridHeader.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -22,10 +23,47 @@ int InnerWidth(const GridLayout::Span& span)
 
 }  // namespace
 
-GridHeader::GridHeader(const GridComponent& grid, const GridLayout& layout, QWidget* parent)
-    : QWidget(parent), grid_(grid), layout_(layout)
+GridHeader::GridHeader(const GridComponent& grid, const GridLayout& layout, Actions actions,
+                       QWidget* parent)
+    : QWidget(parent), grid_(grid), layout_(layout), actions_(std::move(actions))
 {
     setFocusPolicy(Qt::NoFocus);
+    setMouseTracking(true);
+}
+
+void GridHeader::mousePressEvent(QMouseEvent* event)
+{
+    const int place = event->position().toPoint().x();
+    dragged_ = event->button() == Qt::LeftButton ? layout_.LineAt(place) : 0;
+    if (dragged_ != 0)
+        dragOffset_ = place - layout_.CellRect(1, dragged_).width();
+}
+
+void GridHeader::mouseMoveEvent(QMouseEvent* event)
+{
+    const int place = event->position().toPoint().x();
+    if (dragged_ != 0 && (event->buttons() & Qt::LeftButton) != 0)
+        actions_.resize(dragged_, place - dragOffset_);
+    else
+        setCursor(layout_.LineAt(place) != 0 ? Qt::SplitHCursor : Qt::ArrowCursor);
+}
+
+void GridHeader::mouseReleaseEvent(QMouseEvent* /*event*/)
+{
+    dragged_ = 0;
+}
+
+void GridHeader::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const std::int32_t column = layout_.LineAt(event->position().toPoint().x());
+    if (event->button() == Qt::LeftButton && column != 0)
+        actions_.fit(column);
+}
+
+int GridHeader::CaptionWidth(std::int32_t column) const
+{
+    const QString caption = ToQString(grid_.Columns().Item(column).caption);
+    return QFontMetrics(CaptionFont()).horizontalAdvance(caption) + 2 * GridPainter::Padding + 1;
 }
 
 QFont GridHeader::CaptionFont() const

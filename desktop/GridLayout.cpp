@@ -1,6 +1,7 @@
 #include "desktop/GridLayout.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "controls/GridComponent.h"
 
@@ -44,6 +45,19 @@ std::int32_t GridLayout::ColumnAt(int x) const
         return inside >= span.left && inside < span.left + span.width;
     });
     return found == spans_.end() ? 0 : found->column;
+}
+
+std::int32_t GridLayout::LineAt(int x) const
+{
+    constexpr int reach = 4;
+    if (x < selectorWidth_)
+        return 0;
+    const int inside = x - selectorWidth_ + scrollLeft_;
+    // From the right, so that a column made very narrow can be made wider again.
+    const auto found = std::find_if(spans_.rbegin(), spans_.rend(), [inside](const Span& span) {
+        return std::abs(inside - (span.left + span.width)) <= reach;
+    });
+    return found == spans_.rend() ? 0 : found->column;
 }
 
 int GridLayout::RowTop(std::size_t row) const

@@ -43,6 +43,8 @@ public:
     std::size_t RowAt(int y) const;
     /// Column at a place of the viewport; 0 on the selector and beside the columns.
     std::int32_t ColumnAt(int x) const;
+    /// Column whose right line is within a few pixels of a place of the viewport; 0 for none.
+    std::int32_t LineAt(int x) const;
     int RowTop(std::size_t row) const;
     QRect CellRect(std::size_t row, const Span& span) const;
     /// Empty for a column that is not shown.

@@ -175,10 +175,31 @@ void GridPainter::DrawSelector(std::size_t row)
     painter_.drawLine(place.bottomLeft(), place.bottomRight());
     const bool current = row == grid_.Row();
     const QColor color = current && focused_ ? colors_.accent : colors_.dimText;
-    if (grid_.Rows().Kind(row) == GridRowKind::NewRow)
+    if (current && (grid_.Dirty() || grid_.Editing()))
+        DrawPencil(place, grid_.Marked() ? colors_.negative : color);
+    else if (grid_.Rows().Kind(row) == GridRowKind::NewRow)
         DrawStar(place, color);
     else if (current)
         DrawFoldArrow(painter_, place, true, color);
+}
+
+void GridPainter::DrawPencil(const QRect& place, const QColor& color)
+{
+    const QPointF middle = QRectF(place).center();
+    const double size = std::min(place.width(), place.height()) * 0.28;
+    QPainterPath path;
+    path.moveTo(middle + QPointF(-size, size));
+    path.lineTo(middle + QPointF(-size * 0.7, size * 0.1));
+    path.lineTo(middle + QPointF(size * 0.4, -size));
+    path.lineTo(middle + QPointF(size, -size * 0.4));
+    path.lineTo(middle + QPointF(-size * 0.1, size * 0.7));
+    path.closeSubpath();
+    painter_.save();
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setPen(QPen(color, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawPath(path);
+    painter_.restore();
 }
 
 void GridPainter::DrawStar(const QRect& place, const QColor& color)

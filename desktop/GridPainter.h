@@ -32,6 +32,7 @@ private:
     void DrawHeading(std::size_t row);
     void DrawFooter(std::size_t row);
     void DrawSelector(std::size_t row);
+    void DrawPencil(const QRect& place, const QColor& color);
     void DrawStar(const QRect& place, const QColor& color);
     void DrawCurrentFrame();
     QColor RowColor(std::size_t row) const;

@@ -7,6 +7,7 @@
 #include <QTimerEvent>
 #include <algorithm>
 
+#include "desktop/CellEditor.h"
 #include "desktop/CellTip.h"
 #include "desktop/GridHeader.h"
 #include "desktop/GridPainter.h"
@@ -21,10 +22,17 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
       grid_(grid),
       events_(events),
       takeFocus_(std::move(takeFocus)),
-      header_(new GridHeader(grid, layout_, this))
+      header_(new GridHeader(grid, layout_,
+                             {[this](std::int32_t column, int width) {
+                                  events_.Run([&] { grid_.ResizeColumn(column, width); });
+                              },
+                              [this](std::int32_t column) { FitColumn(column); }},
+                             this)),
+      editor_(new CellEditor(grid, viewport(), [this](QKeyEvent& key) { return LeaveEdit(key); }))
 {
     // The mouse gives the focus by way of the model, which may refuse it.
     setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_InputMethodEnabled);
     viewport()->setMouseTracking(true);
     setFrameShape(QFrame::NoFrame);
     verticalScrollBar()->setFixedWidth(grid_metrics::ScrollBar);
@@ -62,8 +70,17 @@ void GridView::Sync()
         shownColumn_ = grid_.Col();
         ShowCurrentCell();
     }
+    FollowEdit();
     header_->update();
     viewport()->update();
+}
+
+void GridView::FollowEdit()
+{
+    const bool opens = grid_.Editing() && !editor_->IsOpen();
+    if (opens)
+        ShowCurrentCell();
+    editor_->Follow(grid_.Editing() ? layout_.CellRect(grid_.Row(), grid_.Col()) : QRect());
 }
 
 void GridView::UpdateScrollBars()
@@ -100,6 +117,7 @@ void GridView::ShowCurrentCell()
 void GridView::scrollContentsBy(int /*dx*/, int /*dy*/)
 {
     layout_.Scroll(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    FollowEdit();
     header_->update();
     viewport()->update();
 }
@@ -109,6 +127,7 @@ void GridView::resizeEvent(QResizeEvent* event)
     QAbstractScrollArea::resizeEvent(event);
     PlaceHeader();
     UpdateScrollBars();
+    FollowEdit();
 }
 
 void GridView::PlaceHeader()
@@ -157,7 +176,6 @@ void GridView::mousePressEvent(QMouseEvent* event)
     const QPoint place = event->position().toPoint();
     const std::size_t row = layout_.RowAt(place.y());
     std::int32_t column = layout_.ColumnAt(place.x());
-    bool arrow = false;
     events_.Run([&] {
         if (!takeFocus_() || row == 0)
             return;
@@ -166,11 +184,31 @@ void GridView::mousePressEvent(QMouseEvent* event)
         if (!grid_.MoveTo(row, column))
             return;
         const QRect line = layout_.RowRect(row);
-        arrow = grid_.Rows().Kind(row) == GridRowKind::GroupHeading && place.x() >= line.left() &&
-                place.x() < line.left() + line.height();
-        if (arrow)
+        const bool arrow = place.x() >= line.left() && place.x() < line.left() + line.height();
+        if (arrow && OnHeading(row))
             ToggleFold(row);
     });
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QPoint place = event->position().toPoint();
+    const std::size_t row = layout_.RowAt(place.y());
+    const std::int32_t column = layout_.ColumnAt(place.x());
+    if (event->button() != Qt::LeftButton || row == 0 || column == 0)
+        return;
+    // The first click made the cell current, unless a refused row kept the user where he was.
+    if (grid_.Row() != row)
+        return;
+    if (OnHeading(row))
+        events_.Run([&] { ToggleFold(row); });
+    else if (grid_.Col() == column)
+        BeginEdit();
+}
+
+bool GridView::OnHeading(std::size_t row)
+{
+    return row != 0 && grid_.Rows().Kind(row) == GridRowKind::GroupHeading;
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event)
@@ -203,14 +241,44 @@ void GridView::ShowTip()
     if (row == 0 || column == 0 || !grid_.Redraw())
         return;
     events_.Run([&] {
-        if (const auto text = grid_.CellTip(row, column))
-            cell_tip::Show(*viewport(), tipPlace_, layout_.CellRect(row, column), *text);
+        if (const std::string text = TipOf(row, column); !text.empty())
+            cell_tip::Show(*viewport(), tipPlace_, layout_.CellRect(row, column), text);
+    });
+}
+
+std::string GridView::TipOf(std::size_t row, std::int32_t column)
+{
+    if (const auto text = grid_.CellTip(row, column))
+        return *text;
+    if (grid_.Rows().Kind(row) != GridRowKind::Data)
+        return {};
+    // What the cell has no room for.
+    const std::string text = grid_.CellText(row, column);
+    const int room = layout_.CellRect(row, column).width() - 2 * GridPainter::Padding;
+    return fontMetrics().horizontalAdvance(ToQString(text)) > room ? text : std::string();
+}
+
+void GridView::FitColumn(std::int32_t column)
+{
+    events_.Run([&] {
+        int width = header_->CaptionWidth(column);
+        // Only what is in sight: fitting reads no rows that are not drawn anyway.
+        std::size_t row = layout_.RowAt(0);
+        for (; row != 0 && row <= layout_.RowCount() && layout_.RowTop(row) < viewport()->height();
+             ++row) {
+            if (grid_.Rows().Kind(row) != GridRowKind::Data)
+                continue;
+            const QString text = ToQString(grid_.CellText(row, column));
+            width = std::max(width,
+                             fontMetrics().horizontalAdvance(text) + 2 * GridPainter::Padding + 2);
+        }
+        grid_.ResizeColumn(column, width);
     });
 }
 
 void GridView::ToggleFold(std::size_t row)
 {
-    grid_.Rows().Fold(row, !grid_.Rows().Folded(row));
+    grid_.Fold(row, !grid_.Rows().Folded(row));
     Sync();
 }
 

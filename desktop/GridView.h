@@ -13,6 +13,7 @@
 
 namespace clb {
 
+class CellEditor;
 class GridHeader;
 class UserEvents;
 
@@ -20,7 +21,9 @@ class UserEvents;
 /// read and drawn, so a hundred thousand rows scroll as quickly as ten.
 ///
 /// Arrows, Tab, Home, End, Page up and down move the current cell, with Control to the ends of the
-/// grid; on a group heading Left and Right fold and open it.
+/// grid; on a group heading Left, Right, + and - fold and open it, Space, Enter and a double click
+/// do either. A double click, F2, F4 or typing edits a cell; Enter keeps the row and goes to the
+/// next, on the new row's line to a new one again; Escape gives up the cell, then the row.
 class GridView : public QAbstractScrollArea, public sigc::trackable {
 public:
     /// takeFocus asks for the focus when the user clicks; false refuses the click. grid and events
@@ -31,6 +34,8 @@ public:
     /// Draws the component's present state.
     void Sync();
     const GridLayout& Layout() const { return layout_; }
+    CellEditor& Editor() { return *editor_; }
+    GridHeader& Header() { return *header_; }
     /// Scrolls until the current cell is in sight.
     void ShowCurrentCell();
 
@@ -40,7 +45,10 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     bool focusNextPrevChild(bool next) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -61,14 +69,27 @@ private:
     std::size_t RowFromCurrent(int rows) const;
     bool FoldByKey(int key);
     void ToggleFold(std::size_t row);
+    bool OnHeading(std::size_t row);
     int RowsPerPage() const;
+    void FitColumn(std::int32_t column);
     void ShowTip();
+    std::string TipOf(std::size_t row, std::int32_t column);
+    void FollowEdit();
+    bool BeginEdit(char32_t key = 0);
+    bool EndEdit();
+    void KeepRow();
+    bool Edit(const QKeyEvent& event);
+    bool EditByTyping(QKeyEvent& event);
+    bool LeaveEdit(QKeyEvent& event);
+    bool CopyOrPaste(const QKeyEvent& event);
+    void Paste();
 
     GridComponent& grid_;
     UserEvents& events_;
     std::function<bool()> takeFocus_;
     GridLayout layout_;
     GridHeader* header_;
+    CellEditor* editor_;
     std::size_t shownRow_ = 0;
     std::int32_t shownColumn_ = 0;
     bool changed_ = false;

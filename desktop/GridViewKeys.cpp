@@ -16,12 +16,13 @@ constexpr int Everything = 1 << 30;
 void GridView::keyPressEvent(QKeyEvent* event)
 {
     const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
-    if (held != Qt::NoModifier && held != Qt::ControlModifier)
-        return event->ignore();
     if (held == Qt::NoModifier && FoldByKey(event->key()))
         return;
-    if (!Navigate(event->key(), held == Qt::ControlModifier))
-        QAbstractScrollArea::keyPressEvent(event);
+    if (Edit(*event) || EditByTyping(*event))
+        return;
+    const bool moves = held == Qt::NoModifier || held == Qt::ControlModifier;
+    if (!moves || !Navigate(event->key(), held == Qt::ControlModifier))
+        event->ignore();
 }
 
 bool GridView::Navigate(int key, bool toEnds)
@@ -81,17 +82,38 @@ bool GridView::MoveCell(int steps)
 bool GridView::focusNextPrevChild(bool next)
 {
     // Tab walks the cells; beyond the first and the last one it leaves the grid.
-    return MoveCell(next ? 1 : -1) || QAbstractScrollArea::focusNextPrevChild(next);
+    if (!EndEdit() || MoveCell(next ? 1 : -1))
+        return true;
+    if (next && grid_.Dirty()) {
+        // The new row is complete: on to the next one.
+        KeepRow();
+        return true;
+    }
+    return QAbstractScrollArea::focusNextPrevChild(next);
 }
 
 bool GridView::FoldByKey(int key)
 {
     const std::size_t row = grid_.Row();
-    if (row == 0 || grid_.Rows().Kind(row) != GridRowKind::GroupHeading)
+    if (!OnHeading(row))
         return false;
     const bool folded = grid_.Rows().Folded(row);
-    if ((key != Qt::Key_Left || folded) && (key != Qt::Key_Right || !folded))
-        return false;
+    switch (key) {
+        case Qt::Key_Left:
+        case Qt::Key_Minus:
+            if (folded)
+                return key == Qt::Key_Minus;
+            break;
+        case Qt::Key_Right:
+        case Qt::Key_Plus:
+            if (!folded)
+                return key == Qt::Key_Plus;
+            break;
+        case Qt::Key_Space:
+        case Qt::Key_Return:
+        case Qt::Key_Enter: break;
+        default: return false;
+    }
     events_.Run([&] { ToggleFold(row); });
     return true;
 }

@@ -51,6 +51,16 @@ QIcon TreeImage(std::int32_t image)
     }
 }
 
+QIcon Calendar()
+{
+    return Load(QStringLiteral("calendar"));
+}
+
+QIcon DropDown()
+{
+    return Load(QStringLiteral("drop-down"));
+}
+
 QIcon Message(std::int32_t style)
 {
     const auto icon = [](const char* desktop, const char* own) {

@@ -13,6 +13,9 @@ QIcon Application();
 QIcon Toolbar(const std::string& key);
 /// An image of the tree's list: 6 a closed book, 7 an open one; empty for others.
 QIcon TreeImage(std::int32_t image);
+/// The buttons of a cell in edit.
+QIcon Calendar();
+QIcon DropDown();
 /// A message box's icon by its style, the desktop's own where it has one; empty for styles without.
 QIcon Message(std::int32_t style);
 }  // namespace icons
