@@ -110,8 +110,10 @@ bool GridView::EditByTyping(QKeyEvent& event)
 {
     if (!Writes(event))
         return false;
-    if (BeginEdit(FirstCharacter(event.text()))) {
-        editor_->Line().selectAll();
+    const bool open = editor_->IsOpen();
+    if (open || BeginEdit(FirstCharacter(event.text()))) {
+        if (!open)
+            editor_->Line().selectAll();
         QCoreApplication::sendEvent(&editor_->Line(), &event);
     }
     return true;
