@@ -3,57 +3,13 @@
 # and mouse, looks at the screen, ends the program, and finds the rows in the database.
 #   import-by-hand.sh LEDGERBOOK CLB [PICTURE]     PICTURE keeps what the screen showed
 set -euo pipefail
-ledgerbook=$1
-clb=$2
-statement="$(cd "$(dirname "$0")/../../fixtures/statements" && pwd)/bank-crlf.ofx"
-work=$(mktemp -d)
-picture=${3:-$work/screen.png}
-server=
-program=
-cleanup() {
-    [ -z "$program" ] || kill "$program" 2>/dev/null || true
-    [ -z "$server" ] || kill "$server" 2>/dev/null || true
-    rm -rf "$work"
-}
-trap cleanup EXIT
-fail() {
-    echo "FAILED: $*" >&2
-    [ -z "${DISPLAY:-}" ] || import -window root "$picture" 2>/dev/null || true
-    exit 1
-}
-
-# The X server chooses a free number itself and tells it.
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$work/display" 2>"$work/xvfb.log" &
-server=$!
-for _ in $(seq 100); do [ -s "$work/display" ] && break; sleep 0.1; done
-[ -s "$work/display" ] || fail "no X server: $(cat "$work/xvfb.log")"
-DISPLAY=:$(tr -d '[:space:]' <"$work/display")
-export DISPLAY
-# No desktop's own dialogs, no input method: keys go to the program alone.
-unset XDG_CURRENT_DESKTOP WAYLAND_DISPLAY QT_QPA_PLATFORMTHEME
-export QT_QPA_PLATFORM=xcb QT_IM_MODULE=compose HOME=$work LC_ALL=C.UTF-8
-
-# Without a window manager nobody gives a new window the keyboard. An error dialog on the way would
-# never take another's name, so a missing window ends the test with what is on the screen.
-window() {
-    local id
-    for _ in $(seq 150); do
-        id=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -n 1 || true)
-        if [ -n "$id" ]; then
-            xdotool windowfocus --sync "$id" 2>/dev/null || true
-            sleep 0.3
-            echo "$id"
-            return
-        fi
-        sleep 0.1
-    done
-    xdotool search --onlyvisible --name . 2>/dev/null | xargs -r -n 1 xdotool getwindowname >&2 || true
-    fail "no window \"$1\""
-}
+here=$(cd "$(dirname "$0")" && pwd)
+statement="$(cd "$here/../../fixtures/statements" && pwd)/bank-crlf.ofx"
+# shellcheck source=tests/desktop/xvfb/screen.sh
+. "$here/screen.sh"
 
 "$clb" new "$work/books" >/dev/null
-"$ledgerbook" --home "$work/books" --now 2006-03-15T12:00:00 2>"$work/program.log" &
-program=$!
+start
 
 window '^Net Worth - Corvane Ledgerbook$' >/dev/null
 xdotool key --delay 100 alt+f
@@ -79,16 +35,7 @@ xdotool key Down Down Down
 window '^Household - Corvane Ledgerbook$' >/dev/null
 # A cell of the grid.
 xdotool mousemove --window "$main" 420 112 click 1
-sleep 0.5
-import -window root "$picture"
-colours=$(identify -format '%k' "$picture")
-[ "$colours" -gt 50 ] || fail "the screen shows only $colours colours"
-
-xdotool key --delay 100 alt+f
-sleep 0.3
-xdotool key x
-wait "$program" || fail "exit code $?: $(cat "$work/program.log")"
-program=
+finish
 
 account=$("$clb" sql "$work/books" "SELECT AccountID, Description, Type FROM Account")
 grep -q 'Household' <<<"$account" || fail "no account: $account"
