@@ -7,6 +7,7 @@
 #include "ports/IFileDialog.h"
 #include "ports/IMessageBox.h"
 #include "ports/IPointer.h"
+#include "ports/IPrintJob.h"
 #include "ports/IShell.h"
 
 namespace clb {
@@ -21,6 +22,7 @@ struct Ports {
     IPointer& pointer;
     IDateForm& dates;
     IModalHost& modal;
+    IPrintJob& printing;
 };
 
 }  // namespace clb

@@ -37,7 +37,7 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
       txtYear("txtYear", "1900"),
       UpDown("UpDown"),
       TreeView("TreeView"),
-      Grid(ports.dates),
+      Grid(ports.dates, ports.printing, ports.folder),
       lblTotal("lblTotal", "Totals:"),
       txtTotal("txtTotal", "0.00"),
       txtTotal2("txtTotal2", "0.00"),
@@ -125,6 +125,7 @@ void frmController::Wire()
     TreeView.NodeClick().connect([this](std::int32_t node) { NodeClicked(node); });
     toolbar.ButtonClick().connect([this](const std::string& key) { ToolbarPressed(key); });
     Grid.OnRefetch([this] { View().EnableDisable(); });
+    Grid.OnPrint([this] { return PrintedPage(); });
     WireGrid();
     WireMenus();
 }

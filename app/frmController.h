@@ -134,6 +134,7 @@ private:
     void OptionsCommand();
     void AboutCommand();
     void OpenBankLink();
+    GridPage PrintedPage();
 
     Ports ports_;
     WindowMetrics metrics_;

@@ -60,6 +60,7 @@ void frmController::WireMenus()
     };
     command("mnuF_Import", [this] { ImportCommand(); });
     command("mnuF_Export", [this] { export_->ExportOFX(); });
+    command("mnuF_Print", [this] { Grid.PrintMe(); });
     command("mnuF_Exit", [this] { Unload(); });
     command("mnuE_New", [this] { NewRecord(); });
     command("mnuE_Delete", [this] { Grid.Delete(); });
@@ -167,6 +168,23 @@ void frmController::OpenBankLink()
             "You have not yet set your bank's URL, please do so from "
             "Tools|Options...",
             box_style::Exclamation, Title);
+}
+
+GridPage frmController::PrintedPage()
+{
+    GridPage page;
+    // The caption begins with the name of what is shown.
+    page.title = window.Caption().substr(0, window.Caption().rfind(std::string(" - ") + Title));
+    const std::int32_t view = View().View();
+    if (view == vwBudget || view == vwAccount)
+        page.subtitle = cmbPeriod.Text() + " " + txtYear.Text();
+    page.totalLabel = lblTotal.Caption();
+    const auto [first, second] = View().TotalColumns();
+    if (first != 0)
+        page.totals.push_back({first, txtTotal.Text()});
+    if (second != 0)
+        page.totals.push_back({second, txtTotal2.Text()});
+    return page;
 }
 
 void frmController::MoveTransaction(std::int32_t direction)

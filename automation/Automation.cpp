@@ -22,10 +22,11 @@ public:
           files_(answers_, log_),
           forms_(answers_, log_, presenter),
           shell_(log_),
+          printing_(log_),
           pointer_(log_),
-          controller_(
-              {options.folder, options.clock, messages_, files_, shell_, pointer_, dates_, forms_},
-              presenter ? presenter->Metrics() : WindowMetrics()),
+          controller_({options.folder, options.clock, messages_, files_, shell_, pointer_, dates_,
+                       forms_, printing_},
+                      presenter ? presenter->Metrics() : WindowMetrics()),
           recorder_(controller_, log_)
     {
         if (presenter_)
@@ -57,6 +58,7 @@ private:
     ScriptedFileDialog files_;
     ScriptedModalHost forms_;
     ScriptedShell shell_;
+    ScriptedPrintJob printing_;
     ScriptedPointer pointer_;
     IsoDateForm dates_;
     frmController controller_;

@@ -3,6 +3,8 @@
 #include "automation/Automation.h"
 
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 
 namespace clb {
 namespace {
@@ -135,6 +137,14 @@ void ScriptedShell::Open(const std::string& address)
 void ScriptedShell::Help(const std::string& file)
 {
     log_.Add({{"event", "help"}, {"file", file}});
+}
+
+void ScriptedPrintJob::Print(const std::string& file)
+{
+    std::ifstream in(file, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    log_.Add({{"event", "print"}, {"file", file}, {"html", text.str()}});
 }
 
 void ScriptedPointer::Pointer(std::int32_t code)

@@ -4,6 +4,7 @@
 #include "ports/IFileDialog.h"
 #include "ports/IMessageBox.h"
 #include "ports/IPointer.h"
+#include "ports/IPrintJob.h"
 #include "ports/IShell.h"
 
 #include <string>
@@ -62,6 +63,16 @@ public:
     explicit ScriptedShell(EventLog& log) : log_(log) {}
     void Open(const std::string& address) override;
     void Help(const std::string& file) override;
+
+private:
+    EventLog& log_;
+};
+
+/// Logs the document's text as it stands when printing begins.
+class ScriptedPrintJob : public IPrintJob {
+public:
+    explicit ScriptedPrintJob(EventLog& log) : log_(log) {}
+    void Print(const std::string& file) override;
 
 private:
     EventLog& log_;

@@ -2,6 +2,7 @@
 #include "ports/IFileDialog.h"
 #include "ports/IMessageBox.h"
 #include "ports/IPointer.h"
+#include "ports/IPrintJob.h"
 #include "ports/IShell.h"
 
 #include <iosfwd>
@@ -39,6 +40,12 @@ class ConsoleShell : public IShell {
 public:
     void Open(const std::string&) override {}
     void Help(const std::string&) override {}
+};
+
+/// No printer.
+class ConsolePrintJob : public IPrintJob {
+public:
+    void Print(const std::string&) override {}
 };
 
 class ConsolePointer : public IPointer {

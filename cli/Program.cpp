@@ -8,7 +8,7 @@ namespace clb {
 
 Program::Program(const std::string& folder, IModalHost& forms)
     : messages_(std::cerr),
-      controller_({folder, clock_, messages_, files_, shell_, pointer_, dates_, forms},
+      controller_({folder, clock_, messages_, files_, shell_, pointer_, dates_, forms, printing_},
                   WindowMetrics())
 {
     controller_.Load();

@@ -39,6 +39,7 @@ private:
     ConsoleMessages messages_;
     ConsoleFileDialog files_;
     ConsoleShell shell_;
+    ConsolePrintJob printing_;
     ConsolePointer pointer_;
     IsoDateForm dates_;
     frmController controller_;

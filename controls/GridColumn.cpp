@@ -5,6 +5,25 @@
 #include "base/RuntimeError.h"
 
 namespace clb {
+namespace {
+
+bool IsFigure(FieldType type)
+{
+    return type == FieldType::Long || type == FieldType::Money || type == FieldType::Double ||
+           type == FieldType::Single;
+}
+
+}  // namespace
+
+bool GridColumn::StandsRight() const
+{
+    return alignment == grid_align::Right || IsFigure(dataType);
+}
+
+bool GridColumn::HeadingStandsRight() const
+{
+    return headingAlignment == grid_align::Right || IsFigure(dataType);
+}
 
 const GridColumn& GridColumns::Item(std::int32_t index) const
 {

@@ -60,6 +60,9 @@ struct GridColumn {
     std::vector<GridValueItem> valueItems;
 
     bool Calculated() const { return dbField.empty(); }
+    /// Whether the cells' texts and the caption stand on the right: figures do.
+    bool StandsRight() const;
+    bool HeadingStandsRight() const;
 };
 
 /// The columns of a grid, numbered from 1, and the order in which they are shown.

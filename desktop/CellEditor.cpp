@@ -95,7 +95,7 @@ void CellEditor::Open()
     open_ = true;
     row_ = grid_.Row();
     column_ = grid_.Col();
-    const bool right = StandsRight(Column().dataType);
+    const bool right = Column().StandsRight();
     line_->setAlignment(right ? Qt::AlignRight : Qt::AlignLeft);
     line_->setAccessibleName(ToQString(Column().caption));
     line_->setText(ToQString(grid_.EditText()));

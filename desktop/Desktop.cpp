@@ -11,6 +11,8 @@
 #include "desktop/MainWindow.h"
 #include "desktop/MessageBoxPort.h"
 #include "desktop/PointerPort.h"
+#include "desktop/PrintJobPort.h"
+#include "desktop/PrintWindow.h"
 #include "desktop/QtModalHost.h"
 #include "desktop/ShellPort.h"
 #include "desktop/UserEvents.h"
@@ -41,7 +43,7 @@ std::unique_ptr<IClock> MakeClock(const StartOptions& options)
 class Program {
 public:
     Program(const std::string& folder, IClock& clock)
-        : controller_({folder, clock, boxes_, files_, shell_, pointer_, dates_, forms_},
+        : controller_({folder, clock, boxes_, files_, shell_, pointer_, dates_, forms_, printing_},
                       MainWindow::Metrics()),
           window_(controller_, events_)
     {
@@ -61,6 +63,7 @@ private:
     MessageBoxPort boxes_;
     FileDialogPort files_;
     ShellPort shell_;
+    PrintJobPort printing_;
     PointerPort pointer_;
     DateFormPort dates_;
     UserEvents events_{boxes_};
@@ -120,6 +123,8 @@ int RunDesktop(int argc, char** argv, const StartOptions& options)
     QApplication::setApplicationDisplayName(QString());
     QApplication::setWindowIcon(icons::Application());
     const std::unique_ptr<IClock> clock = MakeClock(options);
+    if (!options.print.empty())
+        return PrintDocument(options.print, options.pdf);
     try {
         return options.automate ? Automate(options, *clock) : Run(options, *clock);
     } catch (const std::exception& error) {

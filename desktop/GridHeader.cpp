@@ -11,11 +11,6 @@ namespace clb {
 
 namespace {
 
-bool AlignsRight(const GridColumn& column)
-{
-    return column.headingAlignment == grid_align::Right || StandsRight(column.dataType);
-}
-
 int InnerWidth(const GridLayout::Span& span)
 {
     return span.width - 2 * GridPainter::Padding;
@@ -116,7 +111,8 @@ void GridHeader::DrawCaption(QPainter& painter, const GridLayout::Span& span) co
     painter.setPen(colors.text);
     painter.drawText(
         inner,
-        CellAlignment(AlignsRight(column)) | int(wraps ? Qt::TextWordWrap : Qt::TextSingleLine),
+        CellAlignment(column.HeadingStandsRight()) |
+            int(wraps ? Qt::TextWordWrap : Qt::TextSingleLine),
         wraps ? caption : painter.fontMetrics().elidedText(caption, Qt::ElideRight, inner.width()));
 }
 

@@ -25,12 +25,6 @@ auto Readable(const Read& read) -> decltype(read())
 
 }  // namespace
 
-bool StandsRight(FieldType type)
-{
-    return type == FieldType::Long || type == FieldType::Money || type == FieldType::Double ||
-           type == FieldType::Single;
-}
-
 int CellAlignment(bool right)
 {
     return int(Qt::AlignVCenter) | int(right ? Qt::AlignRight : Qt::AlignLeft);
@@ -107,9 +101,8 @@ void GridPainter::DrawCell(std::size_t row, const GridLayout::Span& span)
         painter_.fillRect(cell, colors_.currentCell);
     const GridColumn& column = grid_.Columns().Item(span.column);
     const QString text = ToQString(Readable([&] { return grid_.CellText(row, span.column); }));
-    const bool number = StandsRight(column.dataType);
-    const bool negative = number && text.startsWith(u'-');
-    DrawCellText(cell, text, number || column.alignment == grid_align::Right, negative);
+    const bool right = column.StandsRight();
+    DrawCellText(cell, text, right, right && text.startsWith(u'-'));
     painter_.setPen(colors_.line);
     painter_.drawLine(cell.topRight(), cell.bottomRight());
 }

@@ -3,7 +3,6 @@
 #include <QRect>
 #include <cstddef>
 
-#include "base/Value.h"
 #include "desktop/GridColors.h"
 #include "desktop/GridLayout.h"
 
@@ -45,8 +44,6 @@ private:
     bool focused_;
 };
 
-/// Whether the values of a type are figures, which stand on the right.
-bool StandsRight(FieldType type);
 /// Text flags of cells and captions: in the middle of the line, at one of its sides.
 int CellAlignment(bool right);
 /// The arrow of a group heading, to the right when folded, else downwards.

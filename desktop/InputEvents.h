@@ -1,5 +1,7 @@
 #pragma once
+#include <QCoreApplication>
 #include <QEvent>
+#include <QObject>
 
 namespace clb {
 
@@ -18,5 +20,12 @@ inline bool IsInput(const QEvent& event)
         default: return false;
     }
 }
+
+/// As long as it lives the program takes no input; it goes on painting.
+class InputBlock : public QObject {
+public:
+    InputBlock() { QCoreApplication::instance()->installEventFilter(this); }
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override { return IsInput(*event); }
+};
 
 }  // namespace clb

@@ -36,6 +36,12 @@ StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCod
     app.add_option("--picture", options.picture,
                    "Write a picture of the window to the file, then exit")
         ->type_name("FILE");
+    auto* print =
+        app.add_option("--print", options.print, "Preview an HTML file and print it, then exit")
+            ->type_name("FILE");
+    app.add_option("--pdf", options.pdf, "With --print: write a PDF file instead of asking")
+        ->type_name("FILE")
+        ->needs(print);
     try {
         app.parse(argc, argv);
         if (!now.empty())

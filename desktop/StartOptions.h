@@ -12,6 +12,8 @@ struct StartOptions {
     std::optional<Date> now;          ///< the clock stands at this local time
     std::string quoteService;         ///< scheme, host and port; empty: the settings file's
     std::string picture;              ///< file for a picture of the window; empty: none
+    std::string print;                ///< HTML file to print, and nothing else; empty: none
+    std::string pdf;                  ///< with print: the file to print to without asking
     bool automate = false;
 };
 

@@ -13,7 +13,8 @@ constexpr std::int32_t kTipDelay = 500;
 
 }  // namespace
 
-CVGrid::CVGrid(const IDateForm& dates) : inner_("Grid", dates)
+CVGrid::CVGrid(const IDateForm& dates, IPrintJob& printing, std::string folder)
+    : inner_("Grid", dates), printing_(printing), folder_(std::move(folder))
 {
     inner_.TipDelay(kTipDelay);
     inner_.BeforeUpdate().connect([this](bool& cancel) { HandleBeforeUpdate(cancel); });

@@ -5,6 +5,8 @@
 
 #include "controls/GridComponent.h"
 #include "data/IShownState.h"
+#include "grid/GridHtml.h"
+#include "ports/IPrintJob.h"
 
 namespace clb {
 
@@ -13,7 +15,9 @@ namespace clb {
 /// about to be saved.
 class CVGrid : public ICurrentRow {
 public:
-    explicit CVGrid(const IDateForm& dates);
+    /// printing and dates are borrowed and outlive the grid; folder is the program's, where the
+    /// printed file lies while it is printed.
+    CVGrid(const IDateForm& dates, IPrintJob& printing, std::string folder);
 
     /// Cell of the current row.
     Value ColumnValue(std::int32_t column) override;
@@ -47,6 +51,11 @@ public:
     /// Makes the first row with the key current; null is the new-row line. Throws RuntimeError when
     /// no row has it.
     void MoveToRowKey(const Value& key);
+    /// Prints what the grid shows, by way of the file print.html in the program's folder, and
+    /// returns when printing has ended; every file print.* there is then removed. A row in edit is
+    /// printed as it shows. Throws RuntimeError when the file cannot be written or printing cannot
+    /// be started; the file is left.
+    void PrintMe();
 
     // The events, in their order. Arguments by reference are read back.
     sigc::signal<void()>& AfterDelete() { return inner_.AfterDelete(); }
@@ -81,6 +90,9 @@ public:
         enableDisable_ = std::move(enableDisable);
     }
 
+    /// Where PrintMe gets the title and the totals around the rows from.
+    void OnPrint(std::function<GridPage()> page) { page_ = std::move(page); }
+
     GridComponent& Component() { return inner_; }
     const GridComponent& Component() const { return inner_; }
 
@@ -93,6 +105,9 @@ private:
     sigc::signal<void(std::int32_t, std::int32_t, const Value&, Value&)> fetchColumnData_;
     bool updating_ = false;
     std::function<void()> enableDisable_;
+    std::function<GridPage()> page_;
+    IPrintJob& printing_;
+    std::string folder_;
 };
 
 }  // namespace clb

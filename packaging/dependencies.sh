@@ -10,7 +10,7 @@ clb_packages=(
     # running
     libqt6svg6 qt6-qpa-plugins fonts-dejavu-core
     # testing
-    libgtest-dev libgmock-dev libbenchmark-dev sqlite3 xvfb xdotool x11-apps imagemagick
+    libgtest-dev libgmock-dev libbenchmark-dev sqlite3 xvfb xdotool x11-apps imagemagick poppler-utils
 )
 
 clb_install_missing() {

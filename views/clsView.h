@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 
 #include "controls/Commands.h"
 #include "controls/Form.h"
@@ -74,6 +75,8 @@ public:
     /// Column widths as the view's fractions of the grid's width, the totals line below the
     /// columns. A width that the user gave a column by hand replaces its fraction in that view.
     void SetColWidths();
+    /// Columns below which the two totals stand; 0 for a total that the view does not have.
+    std::pair<std::int32_t, std::int32_t> TotalColumns() const;
     /// Writes the shown view's totals into the totals line.
     void RefreshTotals();
     /// Enables what makes sense for the current row and focus, and tells it in the status bar.

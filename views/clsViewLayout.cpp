@@ -226,6 +226,12 @@ void clsView::SetColWidths()
     targets_.grid.Component().LayoutChanged();
 }
 
+std::pair<std::int32_t, std::int32_t> clsView::TotalColumns() const
+{
+    const Widths widths = WidthsOf(view_);
+    return {widths.firstTotal, widths.secondTotal};
+}
+
 void clsView::PlaceTotals(std::int32_t first, std::int32_t second)
 {
     const GridColumns& columns = targets_.grid.Columns();

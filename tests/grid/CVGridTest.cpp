@@ -3,20 +3,24 @@
 
 #include "grid/CVGrid.h"
 
+#include "tests/support/FakePorts.h"
 #include "tests/support/GridFixture.h"
+#include "tests/support/TempFolder.h"
 
 namespace clb {
 namespace {
 
 class CVGridTest : public testing::Test {
 protected:
-    CVGridTest() : grid_(dates_) { FillShop(grid_.DBArray()); }
+    CVGridTest() : grid_(dates_, printing_, folder_.Path()) { FillShop(grid_.DBArray()); }
     const Value& Stored(std::size_t record, std::int32_t column)
     {
         return grid_.DBArray().At(record, static_cast<std::size_t>(column - 1));
     }
 
     IsoDateForm dates_;
+    FakePrintJob printing_;
+    TempFolder folder_;
     CVGrid grid_;
 };
 

@@ -42,6 +42,7 @@ public:
     FakeMessageBox messages;
     FakeFileDialog files;
     FakeShell shell;
+    FakePrintJob printing;
     FakePointer pointer;
     IsoDateForm dates;
     FakeModalHost modal;
@@ -59,7 +60,7 @@ private:
     Ports MakePorts()
     {
         folder.Write("db/clb.mdb", EmptyDatabase());
-        return {folder.Path(), clock, messages, files, shell, pointer, dates, modal};
+        return {folder.Path(), clock, messages, files, shell, pointer, dates, modal, printing};
     }
 };
 

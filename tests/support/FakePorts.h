@@ -1,15 +1,19 @@
 #pragma once
 #include <cstdint>
 #include <deque>
+#include <fstream>
 #include <functional>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "controls/Form.h"
 #include "ports/IClock.h"
 #include "ports/IFileDialog.h"
 #include "ports/IMessageBox.h"
 #include "ports/IPointer.h"
+#include "ports/IPrintJob.h"
 #include "ports/IShell.h"
 
 namespace clb {
@@ -81,6 +85,25 @@ public:
 
     std::vector<std::string> opened;
     std::vector<std::string> helped;
+};
+
+/// Keeps what was printed, as it stood then; throws when told to.
+class FakePrintJob : public IPrintJob {
+public:
+    void Print(const std::string& file) override
+    {
+        std::ifstream in(file, std::ios::binary);
+        std::ostringstream text;
+        text << in.rdbuf();
+        files.push_back(file);
+        documents.push_back(text.str());
+        if (fails)
+            throw PortError(errors::FileNotFound, "no printer");
+    }
+
+    std::vector<std::string> files;
+    std::vector<std::string> documents;
+    bool fails = false;
 };
 
 class FakePointer : public IPointer {
