@@ -46,6 +46,7 @@ void frmController::WireGrid()
                                        std::string& tip) { FetchTip(row, tip); });
     Grid.FetchGroupFooterText().connect(
         [this](std::int16_t, std::int32_t row, std::string& text) { FetchFooter(row, text); });
+    Grid.Component().RowRestored().connect([this] { View().EnableDisable(); });
     Grid.Component().UpdateRefused().connect([this] {
         // Ignored while the row was being saved; now the cell to correct becomes current.
         Grid.Col(refusedColumn_);

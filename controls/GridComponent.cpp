@@ -155,14 +155,18 @@ bool GridComponent::MoveTo(std::size_t row, std::int32_t column)
     if (editing_ && !EndEdit())
         return false;
     if (row != row_) {
+        // Saving the row that is left may move the others, so the one that is meant is found again.
+        std::optional<Spot> meant;
+        if (dirty_)
+            meant = SpotOf(row, column);
         if (!Update())
             return false;
-        // Saving may have moved the rows.
-        row = std::min(row, rows_.Count());
-        StandOn(row, column);
-    } else {
+        StandOn(meant ? Find(*meant) : row, column);
+    } else if (column != col_) {
         col_ = column;
         Touch();
+    } else {
+        return true;
     }
     rowColChange_.emit(static_cast<std::int32_t>(row_), col_);
     return true;
@@ -176,20 +180,29 @@ void GridComponent::MoveToRowKey(const Value& key)
     MoveTo(row, col_);
 }
 
-GridComponent::Spot GridComponent::CurrentSpot() const
+GridComponent::Spot GridComponent::SpotOf(std::size_t row, std::int32_t column) const
 {
     Spot spot;
-    spot.key = key_;
-    spot.row = row_;
-    spot.identity = identity_;
-    spot.column = col_;
-    spot.newRow = row_ != 0 && rows_.Kind(row_) == GridRowKind::NewRow;
+    spot.row = row;
+    spot.column = column;
+    if (row == 0)
+        return spot;
+    // The current row is known as it was when it became current: its rows may be replaced by now.
+    spot.kind = rows_.Kind(row);
+    spot.key = row == row_ ? key_ : rows_.Key(row);
+    spot.identity = row == row_ ? identity_ : rows_.Identity(row);
+    if (spot.kind == GridRowKind::GroupHeading || spot.kind == GridRowKind::GroupFooter)
+        spot.group = rows_.GroupValue(row);
     return spot;
 }
 
 std::size_t GridComponent::Find(const Spot& spot) const
 {
-    std::size_t row = spot.newRow ? rows_.NewRow() : 0;
+    std::size_t row = 0;
+    if (spot.kind == GridRowKind::NewRow)
+        row = rows_.NewRow();
+    else if (spot.kind != GridRowKind::Data)
+        row = rows_.OfGroup(spot.kind, spot.group);
     if (row == 0 && spot.identity != 0)
         row = rows_.OfIdentity(spot.identity);
     if (row == 0 && !IsNull(spot.key))

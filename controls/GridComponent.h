@@ -80,9 +80,10 @@ public:
         std::size_t row = 0;
         std::size_t identity = 0;  ///< unseen identity of the stored row; 0 for none
         std::int32_t column = 1;
-        bool newRow = false;
+        GridRowKind kind = GridRowKind::Data;
+        std::string group;  ///< of a group's heading or footer
     };
-    Spot CurrentSpot() const;
+    Spot CurrentSpot() const { return SpotOf(row_, col_); }
     /// To the same row, else the first with its key, else the row that now stands in its place; the
     /// column, else the nearest that exists.
     void ReturnTo(const Spot& spot);
@@ -128,7 +129,7 @@ public:
     bool Marked() const { return editing_ && marked_; }
     /// Forgets the typed text and ends the cell's edit.
     void CancelEdit();
-    /// As the Escape key: the cell's edit, and again the row's changes.
+    /// As the Escape key: the cell's edit, and again the row's changes; RowRestored is raised then.
     void Escape();
     /// Whether the column's cell can be opened in the current row.
     bool Editable(std::int32_t column) const;
@@ -164,6 +165,8 @@ public:
     {
         return fetchGroupFooterText_;
     }
+    /// The row's unsaved changes were given up.
+    sigc::signal<void()>& RowRestored() { return rowRestored_; }
     /// A handler of BeforeUpdate refused the row and the update has ended.
     sigc::signal<void()>& UpdateRefused() { return updateRefused_; }
     /// The user gave a column a width, with the column and the pixels.
@@ -177,6 +180,7 @@ private:
     void LoadRow();
     /// Takes the rows anew when the result set was read again behind the grid's back.
     void Freshen();
+    Spot SpotOf(std::size_t row, std::int32_t column) const;
     std::size_t Find(const Spot& spot) const;
     void StandOnFirst();
     void FinishEdit();
@@ -224,6 +228,7 @@ private:
     sigc::signal<void(std::int32_t, std::int32_t)> rowColChange_;
     sigc::signal<void(std::int32_t, std::int32_t, std::int32_t, std::string&)> fetchCellTip_;
     sigc::signal<void(std::int16_t, std::int32_t, std::string&)> fetchGroupFooterText_;
+    sigc::signal<void()> rowRestored_;
     sigc::signal<void()> updateRefused_;
     sigc::signal<void(std::int32_t, std::int32_t)> columnResized_;
     sigc::signal<void(bool)> redrawChanged_;

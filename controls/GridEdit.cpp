@@ -108,6 +108,7 @@ void GridComponent::Escape()
     } else if (dirty_) {
         LoadRow();
         Touch();
+        rowRestored_.emit();
     }
 }
 

@@ -153,6 +153,14 @@ const std::string& GridRows::GroupValue(std::size_t row) const
     return groups_[shown.group].value;
 }
 
+std::size_t GridRows::OfGroup(GridRowKind kind, const std::string& value) const
+{
+    for (std::size_t row = 1; row <= rows_.size(); ++row)
+        if (At(row).kind == kind && groups_[At(row).group].value == value)
+            return row;
+    return 0;
+}
+
 std::string GridRows::HeadingText(std::size_t row) const
 {
     const Row& shown = At(row);

@@ -36,6 +36,8 @@ public:
     Value Stored(std::size_t row, std::int32_t column) const;
     /// Text of the group that the row belongs to; empty when rows are not grouped.
     const std::string& GroupValue(std::size_t row) const;
+    /// Displayed number of a group's heading or footer; 0 when there is none.
+    std::size_t OfGroup(GridRowKind kind, const std::string& value) const;
     /// Heading text of a heading row.
     std::string HeadingText(std::size_t row) const;
     bool Folded(std::size_t row) const;

@@ -171,7 +171,9 @@ void GridView::changeEvent(QEvent* event)
 
 void GridView::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton)
+    // The right button's menu is about the row below the pointer.
+    const bool left = event->button() == Qt::LeftButton;
+    if (!left && event->button() != Qt::RightButton)
         return;
     const QPoint place = event->position().toPoint();
     const std::size_t row = layout_.RowAt(place.y());
@@ -185,8 +187,8 @@ void GridView::mousePressEvent(QMouseEvent* event)
             return;
         const QRect line = layout_.RowRect(row);
         const bool arrow = place.x() >= line.left() && place.x() < line.left() + line.height();
-        if (arrow && OnHeading(row))
-            ToggleFold(row);
+        if (left && arrow && OnHeading(grid_.Row()))
+            ToggleFold(grid_.Row());
     });
 }
 

@@ -3,6 +3,8 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QMenu>
+#include <QMenuBar>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QWindow>
@@ -55,8 +57,7 @@ MainWindow::MainWindow(frmController& controller, UserEvents& events)
                                               else
                                                   item.Press();
                                           });
-    auto* refresh = new QShortcut(QKeySequence(Qt::Key_F5), this);
-    connect(refresh, &QShortcut::activated, this, [this] { Refresh(); });
+    BindKeys();
     BindFocus();
     FollowModels();
     inner_->installEventFilter(this);
@@ -99,6 +100,26 @@ void MainWindow::BuildStatusBar()
     statusText_->setTextFormat(Qt::PlainText);
     statusText_->setContentsMargins(4, 0, 0, 0);
     status_->addWidget(statusText_, 1);
+}
+
+void MainWindow::BindKeys()
+{
+    // What these keys show or change follows the row in edit, so that is saved first.
+    const auto bind = [this](const QKeySequence& key, std::function<void()> action) {
+        auto* shortcut = new QShortcut(key, this);
+        connect(shortcut, &QShortcut::activated, this, [this, action = std::move(action)] {
+            if (GridAgrees())
+                events_.Run(action);
+        });
+    };
+    bind(Qt::CTRL | Qt::Key_R, [this] { controller_.View().Refresh(); });
+    bind(Qt::Key_F5, [this] { controller_.menus.Find("mnuT_UpdateQuotes")->Press(); });
+    QAction* quotes = menuBar()->findChild<QAction*>(QStringLiteral("mnuT_UpdateQuotes"));
+    quotes->setText(quotes->text() + QStringLiteral("\tF5"));
+    grid_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(grid_, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
+        menuBar()->findChild<QMenu*>(QStringLiteral("mnuEdit"))->popup(grid_->mapToGlobal(place));
+    });
 }
 
 void MainWindow::BindFocus()
@@ -187,12 +208,6 @@ bool MainWindow::GridAgrees()
     bool cancel = false;
     const bool asked = events_.Run([&] { controller_.Grid.Component().Validate().emit(cancel); });
     return asked && !cancel;
-}
-
-void MainWindow::Refresh()
-{
-    if (GridAgrees())
-        events_.Run([this] { controller_.View().Refresh(); });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -54,12 +54,12 @@ private:
     void BuildToolbarSide();
     void BuildStatusBar();
     void BindFocus();
+    void BindKeys();
     void FollowModels();
     void PlaceParts();
     void InnerResized();
     void RepaintNow();
     bool GridAgrees();
-    void Refresh();
 
     frmController& controller_;
     UserEvents& events_;

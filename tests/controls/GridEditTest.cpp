@@ -349,5 +349,40 @@ TEST_F(GridEditTest, TheNewRowCannotBeDeleted)
     EXPECT_TRUE(events_.Take().empty());
 }
 
+TEST_F(GridEditTest, TheRowThatIsMeantIsReachedThoughSavingMovedIt)
+{
+    // A row that was typed into another group moved the others, and the next one was hit.
+    grid_.Groups().push_back({shop::Count});
+    grid_.Regroup();
+    Type(shop::Count, "2");
+    const std::size_t bread = 5;
+    ASSERT_EQ(grid_.CellText(bread, shop::Name), "Bread");
+
+    EXPECT_TRUE(grid_.MoveTo(bread, shop::Name));
+
+    EXPECT_EQ(ToText(grid_.ColumnValue(shop::Name)), "Bread");
+}
+
+TEST_F(GridEditTest, TheNewRowsLineIsReachedThoughSavingMovedIt)
+{
+    grid_.Groups().push_back({shop::Count});
+    grid_.Regroup();
+    Type(shop::Count, "2");
+
+    grid_.MoveToRowKey(Null{});
+
+    EXPECT_EQ(grid_.Position(), 1);
+}
+
+TEST_F(GridEditTest, StandingStillRaisesNothing)
+{
+    grid_.MoveTo(2, shop::Name);
+    events_.Take();
+
+    EXPECT_TRUE(grid_.MoveTo(2, shop::Name));
+
+    EXPECT_TRUE(events_.Take().empty());
+}
+
 }  // namespace
 }  // namespace clb

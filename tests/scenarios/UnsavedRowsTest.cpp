@@ -159,5 +159,58 @@ TEST_F(UnsavedRowsTest, TheOtherMonthsButtonSavesTheRowFirst)
     EXPECT_EQ(Window()["period"], 4);
 }
 
+// A stored line was overwritten by what was typed for a new one.
+TEST_F(UnsavedRowsTest, TheNewRowLineIsMeantThoughTheSavedLineChangedItsGroup)
+{
+    AddBudget("2006-3", "Bus", "1", "A");
+    AddBudget("2006-3", "Food", "1", "A");
+    AddBudget("2006-3", "Rent", "1", "B");
+    Click("Budget");
+    Edit(2, 6, "C");
+
+    Edit("new", 1, "Water");
+    EXPECT_TRUE(Save());
+
+    EXPECT_EQ(Rows("SELECT Category FROM Budget ORDER BY Sequence"),
+              R"(["Bus"] ["Food"] ["Rent"] ["Water"])");
+}
+
+TEST_F(UnsavedRowsTest, TheClickedLineIsMeantThoughTheSavedOneMovedTheLines)
+{
+    AddBudget("2006-3", "Food", "1", "A");
+    AddBudget("2006-3", "Rent", "1", "B");
+    Click("Budget");
+    Edit("new", 1, "Bus");
+    Edit("new", 6, "A");
+
+    EXPECT_TRUE(Move(5, 2));
+
+    EXPECT_EQ(Call("ColumnValue", {1}), "Rent");
+    EXPECT_EQ(Current(), "6/2");
+}
+
+TEST_F(UnsavedRowsTest, ANewRecordOpensTheNewRowLineThoughTheSavedLineMovedIt)
+{
+    AddBudget("2006-3", "Bus", "1", "A");
+    AddBudget("2006-3", "Food", "1", "A");
+    Click("Budget");
+    Edit(2, 6, "C");
+
+    Menu("mnuE_New");
+
+    EXPECT_EQ(Current(), RowsOf("new").at(0)["row"].dump() + "/1 editing");
+}
+
+TEST_F(UnsavedRowsTest, ARowGivenUpIsTheViewsAccountAsItIsStored)
+{
+    Edit(1, 3, "B-9");
+    Edit(1, 2, "Loan");
+
+    Escape();
+
+    EXPECT_EQ(Window()["accountID"], "B-1");
+    EXPECT_EQ(Window()["menus"]["mnuF_Export"]["enabled"], true);
+}
+
 }  // namespace
 }  // namespace clb

@@ -47,6 +47,7 @@ public:
     void Run(Form& form) override
     {
         ++shown;
+        names.push_back(form.Name());
         if (!steps.empty()) {
             const auto work = steps.front();
             steps.pop_front();
@@ -58,6 +59,7 @@ public:
 
     std::deque<std::function<void(Form&)>> steps;
     int shown = 0;
+    std::vector<std::string> names;
 };
 
 /// Chooses the paths given, in order, then cancels.
