@@ -81,6 +81,8 @@ void CellEditor::Follow(const QRect& cell)
         Close();
     if (!grid_.Editing())
         return;
+    row_ = grid_.Row();
+    column_ = grid_.Col();
     Place(cell);
     if (!open_)
         Open();
@@ -93,8 +95,6 @@ void CellEditor::Follow(const QRect& cell)
 void CellEditor::Open()
 {
     open_ = true;
-    row_ = grid_.Row();
-    column_ = grid_.Col();
     const bool right = Column().StandsRight();
     line_->setAlignment(right ? Qt::AlignRight : Qt::AlignLeft);
     line_->setAccessibleName(ToQString(Column().caption));
@@ -131,7 +131,9 @@ void CellEditor::Place(const QRect& cell)
 {
     // Over the cell's frame lines, and never so narrow that nothing can be typed.
     QRect place = cell.adjusted(-1, -1, 0, 0);
-    const int least = fontMetrics().averageCharWidth() * 8;
+    const bool drops = HasList() || HasCalendar();
+    const int least = fontMetrics().horizontalAdvance(QStringLiteral("0000-00-00")) +
+                      2 * GridPainter::Padding + 2 * Border + (drops ? place.height() : 0);
     if (place.width() < least)
         place.setWidth(least);
     const int beyond = place.right() - parentWidget()->width() + 1;
