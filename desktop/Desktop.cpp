@@ -17,6 +17,7 @@
 #include "desktop/ShellPort.h"
 #include "desktop/UserEvents.h"
 #include "desktop/WindowPresenter.h"
+#include "platform/HelpFolder.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
 
@@ -97,10 +98,12 @@ int Picture(MainWindow& window, const std::string& file)
 
 int Run(const StartOptions& options, IClock& clock)
 {
-    Program program(OpenFolder(options.home), clock);
+    const std::string folder = OpenFolder(options.home);
+    Program program(folder, clock);
     program.Load();
     if (!options.picture.empty())
         return Picture(program.Window(), options.picture);
+    DeliverHelp(folder);
     program.Window().show();
     return QApplication::exec();
 }

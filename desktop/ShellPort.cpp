@@ -1,6 +1,8 @@
 #include "desktop/ShellPort.h"
 
 #include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
 #include <QUrl>
 
 #include "desktop/TextConvert.h"
@@ -15,8 +17,11 @@ void ShellPort::Open(const std::string& address)
 
 void ShellPort::Help(const std::string& file)
 {
-    QString path = ToQString(file);
-    QDesktopServices::openUrl(QUrl::fromLocalFile(path.replace(u'\\', u'/')));
+    QFileInfo named(ToQString(file).replace(u'\\', u'/'));
+    // The manual is pages for the browser; a book of the named kind goes before them.
+    if (!named.exists())
+        named.setFile(named.dir(), QStringLiteral("index.html"));
+    QDesktopServices::openUrl(QUrl::fromLocalFile(named.absoluteFilePath()));
 }
 
 }  // namespace clb

@@ -7,6 +7,7 @@ namespace clb {
 class ShellPort : public IShell {
 public:
     void Open(const std::string& address) override;
+    /// Opens the file; when there is none of that name, index.html beside it.
     void Help(const std::string& file) override;
 };
 

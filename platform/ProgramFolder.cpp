@@ -1,14 +1,14 @@
 #include "platform/ProgramFolder.h"
 
 #include "base/RuntimeError.h"
+#include "platform/HelpFolder.h"
+#include "platform/NewFile.h"
 
-#include <fcntl.h>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <system_error>
 
@@ -31,11 +31,6 @@ std::string UserHome()
     return user && user->pw_dir ? user->pw_dir : "/";
 }
 
-PortError CannotWrite(const std::string& path, int error)
-{
-    return {errors::PathAccess, "Cannot write " + path + ": " + std::strerror(error)};
-}
-
 void MakeFolders(const fs::path& folder)
 {
     if (folder.empty() || fs::is_directory(folder))
@@ -44,53 +39,6 @@ void MakeFolders(const fs::path& folder)
     if (mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST)
         throw CannotWrite(folder.string(), errno);
 }
-
-/// A file being written; what is left unfinished is removed.
-class NewFile {
-public:
-    explicit NewFile(std::string path)
-        : path_(std::move(path)),
-          handle_(open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600))
-    {
-        if (handle_ >= 0)
-            return;
-        if (errno == EEXIST)
-            throw PortError(errors::FileAlreadyExists, "File already exists: " + path_);
-        throw CannotWrite(path_, errno);
-    }
-    ~NewFile()
-    {
-        if (handle_ < 0)
-            return;
-        close(handle_);
-        unlink(path_.c_str());
-    }
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
-
-    void Write(std::string_view bytes)
-    {
-        while (!bytes.empty()) {
-            const ssize_t written = write(handle_, bytes.data(), bytes.size());
-            if (written < 0 && errno == EINTR)
-                continue;
-            if (written < 0)
-                throw CannotWrite(path_, errno);
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        }
-    }
-    void Finish()
-    {
-        if (fsync(handle_) != 0)
-            throw CannotWrite(path_, errno);
-        close(handle_);
-        handle_ = -1;
-    }
-
-private:
-    std::string path_;
-    int handle_;
-};
 
 }  // namespace
 
@@ -130,7 +78,8 @@ void DeliverFolder(const std::string& folder, std::string_view database)
     MakeFolders(target / "db");
     NewFile file(DatabasePath(target.string()));
     file.Write(database);
-    file.Finish();
+    file.KeepForGood();
+    DeliverHelp(target.string());
 }
 
 }  // namespace clb

@@ -26,10 +26,10 @@ bool HoldsDatabase(const std::string& folder);
 /// Path of the folder's database.
 std::string DatabasePath(const std::string& folder);
 
-/// Makes a program folder with the delivered database; folders that are missing are made for the
-/// user alone, and so is the file. Throws PortError: FileAlreadyExists when the folder holds a
-/// database already (it is left as it is), PathAccess when something cannot be written (nothing
-/// half written stays).
+/// Makes a program folder with the delivered database and the manual; folders that are missing are
+/// made for the user alone, and so is the file. Throws PortError: FileAlreadyExists when the folder
+/// holds a database already (it is left as it is), PathAccess when something cannot be written
+/// (nothing half written stays).
 void DeliverFolder(const std::string& folder, std::string_view database);
 
 }  // namespace clb

@@ -56,6 +56,17 @@ TEST_F(CommandsTest, NewMakesAFolderOnce)
     EXPECT_EQ(Err(), "clb: File already exists: " + folder.Path("books/db/clb.mdb") + "\n");
 }
 
+TEST_F(CommandsTest, AFolderThatIsMadeHoldsTheManual)
+{
+    Run("new " + Books());
+    Run("demo '" + folder.Path("household") + "'");
+
+    for (const char* made : {"books", "household"}) {
+        const std::string page = folder.Read(std::string(made) + "/Help/index.html");
+        EXPECT_NE(page.find("<title>Corvane Ledgerbook"), std::string::npos) << made;
+    }
+}
+
 TEST_F(CommandsTest, SqlPrintsOneObject)
 {
     Run("new " + Books());
