@@ -89,7 +89,7 @@ aside
 keep register-edit
 keys Escape Escape Escape
 
-# The menu's Split Transaction on the shopping of the 11th.
+# The row under the cursor is split.
 keys alt+e s
 dialog=$(window '^Split Transaction$')
 keep split "$dialog"
