@@ -68,7 +68,7 @@ void frmController::OpenGlobals()
                     menus, toolbar, statusBar, ports_.messages, Title});
     globals_.database = std::make_unique<clsDatabase>(ports_.folder, *globals_.view, Grid);
     globals_.view->Use(*globals_.database);
-    import_ = std::make_unique<modImport>(Data(), View(), *this, ports_.messages);
+    import_ = std::make_unique<modImport>(Data(), View(), *this, ports_.messages, ports_.clock);
     export_ = std::make_unique<modExport>(Data(), View(), *this, ports_.clock);
 }
 

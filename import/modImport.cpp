@@ -42,8 +42,9 @@ bool IsKnownVersion(FileLines& lines)
 
 }  // namespace
 
-modImport::modImport(clsDatabase& database, clsView& view, IImportHost& host, IMessageBox& messages)
-    : database_(database), view_(view), host_(host), messages_(messages)
+modImport::modImport(clsDatabase& database, clsView& view, IImportHost& host, IMessageBox& messages,
+                     const IClock& clock)
+    : database_(database), view_(view), host_(host), messages_(messages), clock_(clock)
 {
 }
 

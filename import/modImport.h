@@ -10,11 +10,13 @@ namespace clb {
 
 class clsDatabase;
 class clsView;
+class IClock;
 
 /// Reads statement files into accounts. All members borrowed; they outlive the import.
 class modImport {
 public:
-    modImport(clsDatabase& database, clsView& view, IImportHost& host, IMessageBox& messages);
+    modImport(clsDatabase& database, clsView& view, IImportHost& host, IMessageBox& messages,
+              const IClock& clock);
 
     /// The import command: asks for a file and reads it into its account, then recomputes every
     /// account's balance and reloads the view. A file of no known kind is told, and the window
@@ -30,7 +32,8 @@ public:
     static std::int32_t DetectFileFormat(const std::string& path);
     /// Reads an OFX, QFX or OFC file; tells its own errors.
     void ImportOFX(const std::string& path);
-    /// Tells that QIF files cannot be read, and adds nothing.
+    /// Reads a QIF file into the account that the user picks; ends by telling the lines that could
+    /// not be used. Throws RuntimeError when the file cannot be read.
     void ImportQIF(const std::string& path);
 
 private:
@@ -41,6 +44,7 @@ private:
     clsView& view_;
     IImportHost& host_;
     IMessageBox& messages_;
+    const IClock& clock_;
 };
 
 /// The texts between the tags of a statement file. Positions are 1-based and count characters.

@@ -1,11 +1,231 @@
+// Reading QIF files:
+//
+//   "!Type:Bank" ... -> transactions: D T N M P L, "^" adds the row unless the account holds it
+//   any other "!"    -> categories:   N B, "^" makes a budget line of the month shown
+
+#include <cmath>
+
+#include "base/Date.h"
+#include "base/Money.h"
+#include "base/Numeric.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "data/clsDatabase.h"
+#include "import/FileLines.h"
 #include "import/Messages.h"
+#include "import/StatementFile.h"
 #include "import/modImport.h"
+#include "ports/IClock.h"
+#include "views/clsView.h"
 
 namespace clb {
+namespace {
 
-void modImport::ImportQIF(const std::string& /*path*/)
+constexpr std::int32_t kTextLength = 50;
+constexpr const char* kNoCategory = "(none)";
+
+enum class Section { Ignored, Transactions, Categories };
+
+/// Compared with the whole line: a header with anything behind it is one of another kind.
+Section SectionOf(std::string_view header)
 {
-    messages_.Show("QIF files cannot be imported yet.", box_style::Exclamation, kMessageTitle);
+    for (const char* known : {"!Type:Bank", "!Type:Cash", "!Type:CCard", "!Type:Oth L",
+                              "!Type:Oth A", "!Type:Memorized", "!Type:Invst"})
+        if (header == known)
+            return Section::Transactions;
+    return Section::Categories;
+}
+
+struct QifRecord {
+    Money amount;
+    std::string checkID;
+    std::string memo;
+    std::string payee;
+    std::string category = kNoCategory;
+    std::string group;
+};
+
+/// One run over one QIF file.
+class QifReader {
+public:
+    QifReader(clsDatabase& database, const clsView& view, std::string accountID, std::string run)
+        : database_(database), view_(view), accountID_(std::move(accountID)), run_(std::move(run))
+    {
+    }
+
+    void Read(std::string_view text);
+    /// The lines that could not be used, each behind a line feed.
+    const std::string& Skipped() const { return skipped_; }
+
+private:
+    void HandleLine(std::string_view line);
+    void HandleField(char letter, std::string_view value);
+    void HandleCategoryField(char letter, std::string_view value);
+    void EndRecord();
+    void EndTransaction();
+    void EndCategory();
+    std::string DuplicateQuery() const;
+    void AddRow(Recordset& rows, Month month);
+
+    clsDatabase& database_;
+    const clsView& view_;
+    std::string accountID_;
+    std::string run_;
+    Section section_ = Section::Ignored;
+    QifRecord record_;
+    Date postDate_;  // kept from record to record
+    std::string skipped_;
+};
+
+void QifReader::Read(std::string_view text)
+{
+    FileLines lines(text);
+    bool ended = true;
+    while (!lines.AtEnd()) {
+        if (ended)
+            record_ = QifRecord();
+        const std::string_view line = lines.ReadLine();
+        ended = line.starts_with('^');
+        try {
+            HandleLine(line);
+        } catch (const RuntimeError&) {
+            skipped_ += "\n" + std::string(line);
+        }
+    }
+}
+
+void QifReader::HandleLine(std::string_view line)
+{
+    if (line.empty())
+        return;
+    const char letter = line.front();
+    const std::string_view value = line.substr(1);
+    if (letter == '!')
+        section_ = SectionOf(line);
+    else if (letter == '^')
+        EndRecord();
+    else if (section_ == Section::Transactions)
+        HandleField(letter, value);
+    else if (section_ == Section::Categories)
+        HandleCategoryField(letter, value);
+}
+
+void QifReader::HandleField(char letter, std::string_view value)
+{
+    switch (letter) {
+        case 'D': {
+            const auto date = DateText::MonthDayYear(Replace(value, "'", "/"));
+            if (!date)
+                throw TypeMismatch();
+            postDate_ = *date;
+            break;
+        }
+        case 'T':
+            if (IsNumeric(value))
+                record_.amount = Money::Parse(value);
+            break;
+        case 'N': {
+            const bool zero = IsNumeric(value) && std::nearbyint(ParseDouble(value)) == 0;
+            record_.checkID = zero ? std::string() : std::string(value);
+            break;
+        }
+        case 'M': record_.memo = clsDatabase::TruncateString(value, kTextLength); break;
+        case 'P': record_.payee = clsDatabase::TruncateString(value, kTextLength); break;
+        case 'L': record_.category = value; break;
+        default: break;
+    }
+}
+
+void QifReader::HandleCategoryField(char letter, std::string_view value)
+{
+    if (letter == 'N') {
+        const auto pieces = Split(value, ':');
+        if (pieces.size() < 2)
+            return;
+        record_.group = clsDatabase::TruncateString(pieces[0], kTextLength);
+        record_.category = clsDatabase::TruncateString(pieces[1], kTextLength);
+    } else if (letter == 'B' && IsNumeric(value)) {
+        record_.amount = record_.amount + Money::Parse(value);
+    }
+}
+
+void QifReader::EndRecord()
+{
+    if (section_ == Section::Transactions)
+        EndTransaction();
+    else if (section_ == Section::Categories)
+        EndCategory();
+}
+
+/// The account's rows that are this record, but for those of this run: one file may hold two equal
+/// records.
+std::string QifReader::DuplicateQuery() const
+{
+    const auto quoted = [](const std::string& text) {
+        return "'" + clsDatabase::ToSqlString(text) + "'";
+    };
+    const std::string check =
+        record_.checkID.empty() ? "" : " AND CheckID = '" + record_.checkID + "'";
+    return "SELECT AccountID, FITID, PostDate, Amount, Description, CheckID, Period, Year, "
+           "Category, PayeeName AS Notes, Sequence FROM Trans WHERE AccountID = " +
+           quoted(accountID_) + " AND PostDate = #" + postDate_.ToIso() +
+           "# AND Amount = " + record_.amount.ToText() + check +
+           " AND PayeeName = " + quoted(record_.memo) + " AND FITID <> '" + run_ + "'";
+}
+
+void QifReader::EndTransaction()
+{
+    Recordset rows;
+    database_.Fill(rows, DuplicateQuery(), false);
+    if (!rows.Empty())
+        return;
+    const Month month{postDate_.Year(), postDate_.Month()};
+    database_.CreateBudgetEntry(record_.category, month.year, month.period, kNoCategory, Money());
+    AddRow(rows, month);
+}
+
+void QifReader::AddRow(Recordset& rows, Month month)
+{
+    rows.AddNew();
+    rows.Set("AccountID", accountID_);
+    rows.Set("FITID", run_);
+    rows.Set("Year", month.year);
+    rows.Set("Period", month.period);
+    rows.Set("PostDate", postDate_);
+    rows.Set("Amount", record_.amount);
+    rows.Set("Description", record_.payee.empty() ? std::string("(Blank)") : record_.payee);
+    rows.Set("Notes", record_.memo);
+    rows.Set("CheckID", record_.checkID);
+    rows.Set("Category", record_.category);
+    rows.Set("Sequence", database_.GetNextSequence());
+    rows.Update();
+}
+
+/// Always into the month that is shown, whatever the file says.
+void QifReader::EndCategory()
+{
+    if (record_.category == kNoCategory && record_.amount == Money())
+        return;
+    database_.CreateBudgetEntry(record_.category, view_.Year(), view_.Period(), record_.group,
+                                record_.amount);
+}
+
+}  // namespace
+
+void modImport::ImportQIF(const std::string& path)
+{
+    std::string accountID;
+    if (!host_.CheckImportAccount(accountID))
+        return;
+    // Tells the rows of this run from those that were there before.
+    const std::string run = clock_.Now().ToIso() + " " + std::to_string(clock_.TickCount());
+    QifReader reader(database_, view_, accountID, run);
+    const std::string text = ReadStatement(path);
+    reader.Read(text);
+    if (!reader.Skipped().empty())
+        messages_.Show("Invalid data was found while importing. The following lines were skipped:" +
+                           reader.Skipped(),
+                       box_style::Exclamation, kMessageTitle);
 }
 
 }  // namespace clb

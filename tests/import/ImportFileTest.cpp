@@ -32,7 +32,7 @@ protected:
 
     Books books_;
     FakeImportHost host_;
-    modImport import_{books_.window.Data(), books_.window.View(), host_, books_.messages};
+    modImport import_{books_.window.Data(), books_.window.View(), host_, books_.messages, books_.clock};
 };
 
 TEST_F(ImportFileTest, ACancelledDialogDoesNothing)
@@ -168,15 +168,15 @@ TEST_F(ImportFileTest, AMissingFileEndsTheCommandAsItStands)
     EXPECT_EQ(host_.events.back(), "pointer 11");
 }
 
-TEST_F(ImportFileTest, AQifFileIsToldAndAddsNothing)
+TEST_F(ImportFileTest, AQifFileIsReadForItsNameAlone)
 {
+    host_.fallback = "1";
     Choose("bank.QIF", "!Type:Bank\r\nD3/5'06\r\nT-45.00\r\n^\r\n");
 
     import_.ImportFile();
 
-    const FakeMessageBox::Box box = {"QIF files cannot be imported yet.", 48, "Corvane Ledgerbook"};
-    EXPECT_THAT(books_.messages.boxes, ElementsAre(box));
-    EXPECT_EQ(books_.One("SELECT COUNT(1) AS [Count] FROM Trans"), "0");
+    EXPECT_EQ(books_.Rows("SELECT AccountID, PostDate, Amount FROM Trans"),
+              std::vector<std::string>{"1|2006-03-05|-45"});
     EXPECT_EQ(host_.events.back(), "enabled");
 }
 

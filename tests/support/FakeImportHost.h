@@ -32,12 +32,15 @@ public:
     bool CheckImportAccount(std::string& accountID) override
     {
         events.push_back("account " + accountID);
+        if (accountID.empty())
+            accountID = fallback;
         return accepts;
     }
 
     std::string file;  ///< the user's choice; empty: cancelled
     std::string status = "Ready";
-    bool accepts = true;  ///< whether the account check agrees
+    std::string fallback;  ///< account that the user picks where the file names none
+    bool accepts = true;   ///< whether the account check agrees
     std::vector<std::string> events;
 };
 

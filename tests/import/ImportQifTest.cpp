@@ -1,0 +1,237 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "base/Text.h"
+#include "import/modImport.h"
+#include "tests/support/Books.h"
+#include "tests/support/FakeImportHost.h"
+#include "tests/support/TestNames.h"
+
+namespace clb {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// QIF files are read into account 1, which the user picks.
+class ImportQifTest : public ::testing::Test {
+protected:
+    ImportQifTest()
+    {
+        books_.AddAccount("1", "Bank", "Checking");
+        host_.fallback = "1";
+    }
+    void Import(const std::string& lines)
+    {
+        ++books_.clock.ticks;
+        import_.ImportQIF(books_.folder.Write("bank.qif", Replace(lines, "\n", "\r\n")));
+    }
+    std::vector<std::string> Column(const std::string& name)
+    {
+        return books_.Rows("SELECT " + name + " FROM Trans ORDER BY Sequence");
+    }
+    std::vector<std::string> BudgetLines()
+    {
+        return books_.Rows(
+            "SELECT Year, Period, CategoryGroup, Category, Amount FROM Budget ORDER BY Sequence");
+    }
+    void ExpectSkipped(const std::string& lines)
+    {
+        const FakeMessageBox::Box box = {
+            "Invalid data was found while importing. The following lines were skipped:" + lines, 48,
+            "Corvane Ledgerbook"};
+        EXPECT_THAT(books_.messages.boxes, ElementsAre(box));
+    }
+
+    Books books_;
+    FakeImportHost host_;
+    modImport import_{books_.window.Data(), books_.window.View(), host_, books_.messages,
+                      books_.clock};
+};
+
+TEST_F(ImportQifTest, ARecordBecomesARowInTheMonthOfItsDate)
+{
+    Import("!Type:Bank\nD1/15'06\nT-45.00\nPGrocer\nMmilk\nN1042\nLFood\n^\n");
+
+    EXPECT_THAT(books_.Rows("SELECT AccountID, PostDate, Amount, Description, PayeeName, CheckID, "
+                            "Category, Year, Period, Sequence, SubSequence FROM Trans"),
+                ElementsAre("1|2006-01-15|-45|Grocer|milk|1042|Food|2006|1|1|0"));
+    EXPECT_THAT(BudgetLines(), ElementsAre("2006|1|(none)|Food|0"));
+    EXPECT_THAT(books_.messages.boxes, IsEmpty());
+}
+
+TEST_F(ImportQifTest, WithoutPayeeTheDescriptionIsBlankWithACapital)
+{
+    Import("!Type:Cash\nD1/15/2006\nT1\n^\n");
+
+    EXPECT_THAT(Column("Description"), ElementsAre("(Blank)"));
+    EXPECT_THAT(Column("Category"), ElementsAre("(none)"));
+    EXPECT_THAT(Column("PayeeName"), ElementsAre(""));
+}
+
+TEST_F(ImportQifTest, ACheckNumberOfZeroIsNone)
+{
+    Import(
+        "!Type:Bank\nD1/1/06\nT1\nN0\n^\nT2\nN 0.4\n^\nT3\nNATM\n^\nT4\nN0017\n^\nT5\n"
+        "N98765432109876\n^\n");
+
+    EXPECT_THAT(Column("CheckID"), ElementsAre("", "", "ATM", "0017", "98765432109876"));
+}
+
+TEST_F(ImportQifTest, TextsAreCutAtFiftyCharactersWithoutOuterBlanks)
+{
+    const std::string wide(49, 'w');
+    Import("!Type:Bank\nD1/1/06\nT1\nP  " + wide + "\xCE\xA9\xCE\xA9\nM " + wide + " x\n^\n");
+
+    EXPECT_THAT(Column("Description"), ElementsAre(wide + "\xCE\xA9"));
+    EXPECT_THAT(Column("PayeeName"), ElementsAre(wide));
+}
+
+TEST_F(ImportQifTest, AnAmountThatIsNoNumberIsIgnoredSilently)
+{
+    Import("!Type:Bank\nD1/1/06\nT-530,86\n^\nT1,234.50\nTcheap\n^\nT5\nT6\n^\n");
+
+    EXPECT_THAT(Column("Amount"), ElementsAre("0", "1234.5", "6"));
+    EXPECT_THAT(books_.messages.boxes, IsEmpty());
+}
+
+TEST_F(ImportQifTest, ARecordWithoutADateTakesTheOneBefore)
+{
+    Import("!Type:Bank\nT1\n^\nD2/3/06\nT2\n^\nT3\n^\n");
+
+    EXPECT_THAT(Column("PostDate"), ElementsAre("1899-12-30", "2006-02-03", "2006-02-03"));
+    EXPECT_THAT(Column("Year"), ElementsAre("1899", "2006", "2006"));
+    EXPECT_THAT(Column("Period"), ElementsAre("12", "2", "2"));
+}
+
+TEST_F(ImportQifTest, ADateThatIsNoneIsListedAndTheRecordTakesTheOneBefore)
+{
+    Import("!Type:Bank\nD2/3/06\nT1\n^\nD23/10/2013\nT2\n^\nDsoon\nT3\n^\n");
+
+    EXPECT_THAT(Column("PostDate"), ElementsAre("2006-02-03", "2006-02-03", "2006-02-03"));
+    ExpectSkipped("\nD23/10/2013\nDsoon");
+}
+
+TEST_F(ImportQifTest, TheSameFileAddsItsRowsOnce)
+{
+    const std::string file = "!Type:Bank\nD1/1/06\nT-1\nMa'b\n^\nD1/2/06\nT-2\nN7\n^\n";
+    Import(file);
+
+    Import(file);
+
+    EXPECT_THAT(Column("Amount"), ElementsAre("-1", "-2"));
+}
+
+TEST_F(ImportQifTest, TwoEqualRecordsOfOneFileAreBothAddedAndNeitherAgain)
+{
+    const std::string file = "!Type:Bank\nD1/1/06\nT-1\nMfare\n^\nT-1\nMfare\n^\n";
+    Import(file);
+    EXPECT_THAT(Column("Amount"), ElementsAre("-1", "-1"));
+
+    Import(file);
+    EXPECT_THAT(Column("Amount"), ElementsAre("-1", "-1"));
+}
+
+TEST_F(ImportQifTest, ARowDiffersByDayAmountMemoOrCheckNumber)
+{
+    Import("!Type:Bank\nD1/1/06\nT-1\nMfare\nN5\n^\n");
+
+    Import("!Type:Bank\nD1/2/06\nT-1\nMfare\nN5\n^\nD1/1/06\nT-2\nMfare\nN5\n^\n");
+    Import("!Type:Bank\nD1/1/06\nT-1\nMfares\nN5\n^\nT-1\nMfare\nN6\n^\n");
+    // The payee does not tell rows apart, and without a check number any will do.
+    Import("!Type:Bank\nD1/1/06\nT-1\nMfare\nN5\nPOther\n^\nT-1\nMfare\n^\n");
+
+    EXPECT_THAT(Column("Amount"), ElementsAre("-1", "-1", "-2", "-1", "-1"));
+}
+
+TEST_F(ImportQifTest, RowsOfOneRunShareAnIdentifierOfTheirOwn)
+{
+    Import("!Type:Bank\nD1/1/06\nT-1\n^\nT-2\n^\n");
+    Import("!Type:Bank\nD1/1/06\nT-3\n^\n");
+
+    const auto runs = Column("FITID");
+    ASSERT_EQ(runs.size(), 3u);
+    EXPECT_EQ(runs[0], runs[1]);
+    EXPECT_NE(runs[0], runs[2]);
+    EXPECT_NE(runs[0], "");
+}
+
+struct Header {
+    const char* line;
+    bool transactions;
+};
+
+class HeaderTest : public ImportQifTest, public ::testing::WithParamInterface<Header> {};
+
+TEST_P(HeaderTest, DecidesWhatItsRecordsAre)
+{
+    Import(std::string(GetParam().line) + "\nD1/1/06\nT-1\nNHome:Rent\nB5\n^\n");
+
+    EXPECT_EQ(Column("Amount").size(), GetParam().transactions ? 1u : 0u);
+    EXPECT_EQ(BudgetLines().back(),
+              GetParam().transactions ? "2006|1|(none)|(none)|0" : "2006|3|Home|Rent|5");
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, HeaderTest,
+                         ::testing::Values(Header{"!Type:Bank", true}, Header{"!Type:Cash", true},
+                                           Header{"!Type:CCard", true}, Header{"!Type:Oth L", true},
+                                           Header{"!Type:Oth A", true},
+                                           Header{"!Type:Memorized", true},
+                                           Header{"!Type:Invst", true}, Header{"!Type:Cat", false},
+                                           Header{"!Type:Bank ", false},
+                                           Header{"!type:bank", false}, Header{"!Account", false},
+                                           Header{"!", false}),
+                         [](const auto& test) { return "Line" + std::to_string(test.index); });
+
+TEST_F(ImportQifTest, LinesBeforeAnyHeaderAreIgnored)
+{
+    Import("D1/1/06\nT-1\n^\n\n");
+
+    EXPECT_THAT(Column("Amount"), IsEmpty());
+    EXPECT_THAT(BudgetLines(), IsEmpty());
+}
+
+TEST_F(ImportQifTest, ACategoryBecomesALineOfTheMonthShown)
+{
+    Import("!Type:Cat\nNFood:Groceries\nD1/1/99\nB200\nB50\n^\n");
+
+    EXPECT_THAT(BudgetLines(), ElementsAre("2006|3|Food|Groceries|250"));
+}
+
+TEST_F(ImportQifTest, ACategoryNeedsAGroupOrAnAmount)
+{
+    Import("!Type:Cat\nNSalary\n^\nNSalary\nB9\n^\nBmuch\n^\nNA:B:C\n^\n");
+
+    EXPECT_THAT(BudgetLines(), ElementsAre("2006|3||(none)|9", "2006|3|A|B|0"));
+    EXPECT_THAT(books_.messages.boxes, IsEmpty());
+}
+
+TEST_F(ImportQifTest, ALineThatTheStoreRefusesIsListedAndTheReadingGoesOn)
+{
+    const std::string tooLong(51, 'c');
+    Import("!Type:Bank\nD1/1/06\nT-1\nL" + tooLong + "\n^\nT-2\nNit's\n^\nT-3\n^\n");
+
+    EXPECT_THAT(Column("Amount"), ElementsAre("-3"));
+    ExpectSkipped("\n^\n^");
+}
+
+TEST_F(ImportQifTest, ACancelledAccountDialogAddsNothingAndTellsNothing)
+{
+    host_.accepts = false;
+
+    Import("!Type:Bank\nD1/1/06\nT-1\n^\n");
+
+    EXPECT_THAT(Column("Amount"), IsEmpty());
+    EXPECT_THAT(books_.messages.boxes, IsEmpty());
+    EXPECT_THAT(host_.events, ElementsAre("account "));
+}
+
+TEST_F(ImportQifTest, AFileWithoutItsLastEndAddsWhatWasEnded)
+{
+    Import("!Type:Bank\nD1/1/06\nT-1\n^\nD1/2/06\nT-2");
+
+    EXPECT_THAT(Column("Amount"), ElementsAre("-1"));
+}
+
+}  // namespace
+}  // namespace clb
