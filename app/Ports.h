@@ -5,6 +5,7 @@
 #include "ports/IClock.h"
 #include "ports/IDateForm.h"
 #include "ports/IFileDialog.h"
+#include "ports/IHttpClient.h"
 #include "ports/IMessageBox.h"
 #include "ports/IPointer.h"
 #include "ports/IPrintJob.h"
@@ -23,6 +24,8 @@ struct Ports {
     IDateForm& dates;
     IModalHost& modal;
     IPrintJob& printing;
+    IHttpClient& http;
+    std::string quoteService;  ///< scheme, host and port; empty: the settings file's
 };
 
 }  // namespace clb

@@ -13,6 +13,9 @@ inline constexpr std::int32_t Revision = CLB_VERSION_REVISION;
 inline constexpr const char* HomePage = "https://corvane.example/";
 inline constexpr const char* TutorialPage = "https://corvane.example/ledgerbook/tutorial";
 
+/// Where quotes are asked for when nothing else is set: the local service of "clb quote-server".
+inline constexpr const char* QuoteService = "http://127.0.0.1:8271";
+
 /// The first lines of the licence.
 inline constexpr const char* LegalNotice =
     "MIT License\n\nCopyright (c) 2026 Corvane\n\nPermission is hereby granted, free of charge, to "

@@ -15,6 +15,7 @@
 #include "grid/CVGrid.h"
 #include "import/IImportHost.h"
 #include "import/modImport.h"
+#include "quotes/UpdateQuotes.h"
 
 namespace clb {
 
@@ -29,7 +30,7 @@ struct WindowMetrics {
 
 /// The main window: the program runs for as long as it is loaded. Holds every control and wires the
 /// parts of the program once. Errors of handlers are not caught here; the front end reports them.
-class frmController : public IImportHost, public IExportHost {
+class frmController : public IImportHost, public IExportHost, public IQuoteHost {
 public:
     /// What the program calls itself in captions and message boxes.
     static constexpr const char* Title = product::Title;
@@ -64,9 +65,12 @@ public:
     modExport& Export() { return *export_; }
     /// Path of the settings file.
     std::string SettingsFile() const { return ports_.folder + "/cvlb.ini"; }
+    /// Scheme, host and port of the quote service: the one given with the ports, else the settings
+    /// file's "QuoteService", else the local one of "clb quote-server".
+    std::string QuoteService() const;
     const Ports& Outside() const { return ports_; }
 
-    // IImportHost
+    // IImportHost; some of them serve the quotes as well
     std::string AskForFile(std::int32_t flags, const std::string& filter) override;
     std::string StatusText() const override;
     void StatusText(const std::string& text) override;

@@ -68,6 +68,9 @@ void frmController::WireMenus()
     command("mnuE_MovePrev", [this] { MoveTransaction(-1); });
     command("mnuE_MoveNext", [this] { MoveTransaction(1); });
     command("mnuE_Split", [this] { SplitCommand(); });
+    command("mnuT_UpdateQuotes", [this] {
+        UpdateQuotes(Data(), *this, ports_.messages, ports_.http, QuoteService(), Title);
+    });
     command("mnuT_Options", [this] { OptionsCommand(); });
     command("mnuH_HelpTopics", [this] { ports_.shell.Help(ports_.folder + "/Help/clb.chm"); });
     command("mnuH_OnTheWeb", [this] { ports_.shell.Open(product::HomePage); });
@@ -154,6 +157,19 @@ void frmController::OptionsCommand()
 void frmController::AboutCommand()
 {
     frmAbout(ports_.modal, ports_.shell).ShowDialog();
+}
+
+std::string frmController::QuoteService() const
+{
+    std::string service = ports_.quoteService;
+    if (service.empty()) {
+        clsIni ini;
+        ini.INIFile(SettingsFile());
+        service = ini.GetString("Settings", "QuoteService");
+    }
+    // The path that is put behind it begins with a slash.
+    service.erase(service.find_last_not_of('/') + 1);
+    return service.empty() ? product::QuoteService : service;
 }
 
 void frmController::OpenBankLink()

@@ -5,6 +5,7 @@
 #include "automation/Statements.h"
 #include "automation/Verbs.h"
 #include "base/RuntimeError.h"
+#include "platform/CurlHttpClient.h"
 
 #include <istream>
 #include <optional>
@@ -24,8 +25,14 @@ public:
           shell_(log_),
           printing_(log_),
           pointer_(log_),
+          http_({product::Title,
+                 !options.quoteService.empty(),
+                 {},
+                 [this](const std::string& url) {
+                     log_.Add({{"event", "request"}, {"url", url}});
+                 }}),
           controller_({options.folder, options.clock, messages_, files_, shell_, pointer_, dates_,
-                       forms_, printing_},
+                       forms_, printing_, http_, options.quoteService},
                       presenter ? presenter->Metrics() : WindowMetrics()),
           recorder_(controller_, log_)
     {
@@ -61,6 +68,7 @@ private:
     ScriptedPrintJob printing_;
     ScriptedPointer pointer_;
     IsoDateForm dates_;
+    CurlHttpClient http_;
     frmController controller_;
     Recorder recorder_;
 };

@@ -10,9 +10,11 @@ namespace clb {
 
 /// What a driven program runs on.
 struct AutomationOptions {
-    std::string folder;        ///< the program folder
-    IClock& clock;             ///< borrowed; outlives the run
-    std::string quoteService;  ///< scheme, host and port; empty: the settings file's
+    std::string folder;  ///< the program folder
+    IClock& clock;       ///< borrowed; outlives the run
+    /// Scheme, host and port, reached directly; empty: the settings file's, by way of the system's
+    /// proxy.
+    std::string quoteService;
 };
 
 /// A real window around the driven program. It draws the controls and follows them; what the driver

@@ -8,8 +8,9 @@ namespace {
 
 const Operation& FindOperation(const std::string& name)
 {
-    for (const OperationTable* group : {&StoreOperations(), &ViewOperations(), &GridOperations(),
-                                        &StatementOperations(), &CommonOperations()}) {
+    for (const OperationTable* group :
+         {&StoreOperations(), &ViewOperations(), &GridOperations(), &StatementOperations(),
+          &QuoteOperations(), &CommonOperations()}) {
         const auto found = group->find(name);
         if (found != group->end())
             return found->second;

@@ -21,6 +21,8 @@ const OperationTable& ViewOperations();
 const OperationTable& GridOperations();
 /// Statement files in and out.
 const OperationTable& StatementOperations();
+/// One stock's quote.
+const OperationTable& QuoteOperations();
 /// Settings, file dialogs, small routines.
 const OperationTable& CommonOperations();
 

@@ -8,7 +8,9 @@ namespace clb {
 
 Program::Program(const std::string& folder, IModalHost& forms)
     : messages_(std::cerr),
-      controller_({folder, clock_, messages_, files_, shell_, pointer_, dates_, forms, printing_},
+      http_({product::Title, false, {}, {}}),
+      controller_({folder, clock_, messages_, files_, shell_, pointer_, dates_, forms, printing_,
+                   http_, ""},
                   WindowMetrics())
 {
     controller_.Load();

@@ -1,6 +1,7 @@
 #pragma once
 #include "app/frmController.h"
 #include "cli/ConsolePorts.h"
+#include "platform/CurlHttpClient.h"
 #include "platform/SystemClock.h"
 
 #include <optional>
@@ -42,6 +43,7 @@ private:
     ConsolePrintJob printing_;
     ConsolePointer pointer_;
     IsoDateForm dates_;
+    CurlHttpClient http_;
     frmController controller_;
 };
 

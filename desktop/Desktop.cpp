@@ -17,6 +17,7 @@
 #include "desktop/ShellPort.h"
 #include "desktop/UserEvents.h"
 #include "desktop/WindowPresenter.h"
+#include "platform/CurlHttpClient.h"
 #include "platform/HelpFolder.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
@@ -44,7 +45,8 @@ std::unique_ptr<IClock> MakeClock(const StartOptions& options)
 class Program {
 public:
     Program(const std::string& folder, IClock& clock)
-        : controller_({folder, clock, boxes_, files_, shell_, pointer_, dates_, forms_, printing_},
+        : controller_({folder, clock, boxes_, files_, shell_, pointer_, dates_, forms_, printing_,
+                       http_, ""},
                       MainWindow::Metrics()),
           window_(controller_, events_)
     {
@@ -69,6 +71,7 @@ private:
     DateFormPort dates_;
     UserEvents events_{boxes_};
     QtModalHost forms_{events_};
+    CurlHttpClient http_{{product::Title, false, {}, {}}};
     frmController controller_;
     MainWindow window_;
 };

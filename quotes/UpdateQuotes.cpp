@@ -29,6 +29,7 @@ void UpdateQuotes(clsDatabase& database, IQuoteHost& host, IMessageBox& messages
 {
     const std::string remembered = host.StatusText();
     host.StatusText("Updating quotes...");
+    host.Repaint();
     host.Pointer(pointer::Hourglass);
     bool failed = false;
     try {

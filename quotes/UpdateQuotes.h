@@ -16,6 +16,8 @@ public:
     /// First panel of the status bar.
     virtual std::string StatusText() const = 0;
     virtual void StatusText(const std::string& text) = 0;
+    /// Draws at once what has changed: the requests leave no time for it.
+    virtual void Repaint() = 0;
     virtual void Pointer(std::int32_t code) = 0;
 };
 

@@ -16,29 +16,16 @@ constexpr const char* kAcme =
     "\"ACME\",12.50,\"3/3/"
     "2006\",\"4:00pm\",+0.25,\"+2.04%\",12.30,12.60,12.20,12.49,12.51,1234567\r\n";
 
-class FakeHttp : public IHttpClient {
-public:
-    std::optional<std::string> Get(const std::string& url) override
-    {
-        urls.push_back(url);
-        if (fails)
-            throw PortError(errors::NetworkFailure, "no network");
-        return answer;
-    }
-
-    std::vector<std::string> urls;
-    std::optional<std::string> answer;
-    bool fails = false;
-};
-
 class FakeQuoteHost : public IQuoteHost {
 public:
     std::string StatusText() const override { return texts.back(); }
     void StatusText(const std::string& text) override { texts.push_back(text); }
+    void Repaint() override { drawn.push_back(texts.back()); }
     void Pointer(std::int32_t code) override { pointers.push_back(code); }
 
     std::vector<std::string> texts{"Ready"};
     std::vector<std::int32_t> pointers;
+    std::vector<std::string> drawn;
 };
 
 class UpdateQuotesTest : public testing::Test {
@@ -68,6 +55,7 @@ TEST_F(UpdateQuotesTest, AProperAnswerSetsTheLastPrice)
         http_.urls,
         (std::vector<std::string>{"http://q/d/quotes.csv?s=ACME&f=sl1d1t1c1p2ohgbav&e=.csv"}));
     EXPECT_EQ(host_.texts, (std::vector<std::string>{"Ready", "Updating quotes...", "Ready"}));
+    EXPECT_EQ(host_.drawn, std::vector<std::string>{"Updating quotes..."});
     EXPECT_EQ(host_.pointers, (std::vector<std::int32_t>{11, 0}));
 }
 

@@ -20,9 +20,11 @@ protected:
 
     AutomationClient& Program()
     {
-        if (!client_)
-            client_ = std::make_unique<AutomationClient>(
-                std::vector<std::string>{"--home", folder.Path(), "--now", now});
+        if (!client_) {
+            std::vector<std::string> arguments{"--home", folder.Path(), "--now", now};
+            arguments.insert(arguments.end(), options.begin(), options.end());
+            client_ = std::make_unique<AutomationClient>(arguments);
+        }
         return *client_;
     }
 
@@ -189,6 +191,7 @@ protected:
 
     TempFolder folder;
     std::string now = "2006-03-05T10:00:00";
+    std::vector<std::string> options;  ///< further ones of the program
 
 private:
     static std::string InShort(const Json& event)

@@ -46,6 +46,7 @@ public:
     FakePointer pointer;
     IsoDateForm dates;
     FakeModalHost modal;
+    FakeHttp http;
     frmController window;
 
 private:
@@ -60,7 +61,8 @@ private:
     Ports MakePorts()
     {
         folder.Write("db/clb.mdb", EmptyDatabase());
-        return {folder.Path(), clock, messages, files, shell, pointer, dates, modal, printing};
+        return {folder.Path(), clock, messages, files, shell, pointer,
+                dates,         modal, printing, http,  ""};
     }
 };
 

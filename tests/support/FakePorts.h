@@ -3,6 +3,7 @@
 #include <deque>
 #include <fstream>
 #include <functional>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "controls/Form.h"
 #include "ports/IClock.h"
 #include "ports/IFileDialog.h"
+#include "ports/IHttpClient.h"
 #include "ports/IMessageBox.h"
 #include "ports/IPointer.h"
 #include "ports/IPrintJob.h"
@@ -114,6 +116,22 @@ public:
     void Pointer(std::int32_t to) override { code = to; }
 
     std::int32_t code = pointer::Default;
+};
+
+/// Gives the same answer to every request, or fails.
+class FakeHttp : public IHttpClient {
+public:
+    std::optional<std::string> Get(const std::string& url) override
+    {
+        urls.push_back(url);
+        if (fails)
+            throw PortError(errors::NetworkFailure, "no network");
+        return answer;
+    }
+
+    std::vector<std::string> urls;
+    std::optional<std::string> answer;
+    bool fails = false;
 };
 
 /// Stands still in the middle of March 2006, at Greenwich.

@@ -1,0 +1,196 @@
+#include "platform/CurlHttpClient.h"
+
+#include <curl/curl.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <memory>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace clb {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+constexpr std::size_t kLongest = 1024 * 1024;     // bytes of a body
+constexpr std::size_t kLongestHead = 256 * 1024;  // less than what libcurl gives up at
+constexpr int kMostRedirects = 10;
+
+struct Release {
+    void operator()(CURL* request) const { curl_easy_cleanup(request); }
+    void operator()(CURLU* address) const { curl_url_cleanup(address); }
+    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+    void operator()(char* text) const { curl_free(text); }
+};
+template <class Thing>
+using Owned = std::unique_ptr<Thing, Release>;
+
+PortError Failure(const std::string& url, const std::string& reason)
+{
+    return {errors::NetworkFailure, "Cannot reach " + url + ": " + reason};
+}
+
+/// The address up to its path: scheme, host and port.
+std::string BeforePath(const std::string& url)
+{
+    const auto scheme = url.find("://");
+    const auto host = scheme == std::string::npos ? 0 : scheme + 3;
+    return url.substr(0, url.find_first_of("/?#", host));
+}
+
+std::string SchemeOf(const std::string& url)
+{
+    return ToUpperAscii(url.substr(0, url.find("://")));
+}
+
+/// The host that the address names. Throws PortError when scheme, host or port cannot be asked.
+std::string HostOf(const std::string& url)
+{
+    const std::string place = BeforePath(url);
+    const Owned<CURLU> parsed(curl_url());
+    CURLUcode failed = curl_url_set(parsed.get(), CURLUPART_URL, place.c_str(), 0);
+    char* host = nullptr;
+    if (failed == CURLUE_OK)
+        failed = curl_url_get(parsed.get(), CURLUPART_HOST, &host, 0);
+    const Owned<char> owned(host);
+    const std::string scheme = SchemeOf(url);
+    if (failed == CURLUE_OK && scheme != "HTTP" && scheme != "HTTPS")
+        failed = CURLUE_UNSUPPORTED_SCHEME;
+    if (failed != CURLUE_OK)
+        throw Failure(place, curl_url_strerror(failed));
+    return host;
+}
+
+bool IsThisMachine(const std::string& host)
+{
+    return host.starts_with("127.") || host == "[::1]" || EqualsIgnoringCase(host, "localhost");
+}
+
+/// Blanks and control characters would end the request's line or begin another.
+bool FitsRequestLine(const std::string& url)
+{
+    return std::none_of(url.begin(), url.end(), [](char character) {
+        const auto code = static_cast<unsigned char>(character);
+        return code <= 0x20 || code == 0x7F;
+    });
+}
+
+}  // namespace
+
+/// What one request brought.
+struct CurlHttpClient::Answer {
+    std::string body;
+    std::size_t headSize = 0;
+    bool tooLong = false;
+    std::string elsewhere;  ///< where it redirects to; empty when it does not
+
+    std::size_t TakeBody(const char* bytes, std::size_t count)
+    {
+        tooLong = body.size() + count > kLongest;
+        if (tooLong)
+            return 0;
+        body.append(bytes, count);
+        return count;
+    }
+    std::size_t TakeHead(std::size_t count)
+    {
+        headSize += count;
+        tooLong = headSize > kLongestHead;
+        return tooLong ? 0 : count;
+    }
+};
+
+namespace {
+
+template <class Answer>
+std::size_t TakeBody(char* bytes, std::size_t, std::size_t count, void* answer)
+{
+    return static_cast<Answer*>(answer)->TakeBody(bytes, count);
+}
+
+template <class Answer>
+std::size_t TakeHead(char*, std::size_t, std::size_t count, void* answer)
+{
+    return static_cast<Answer*>(answer)->TakeHead(count);
+}
+
+}  // namespace
+
+CurlHttpClient::CurlHttpClient(HttpSettings settings) : settings_(std::move(settings))
+{
+    [[maybe_unused]] static const CURLcode once = curl_global_init(CURL_GLOBAL_DEFAULT);
+}
+
+std::optional<std::string> CurlHttpClient::Get(const std::string& url)
+{
+    HostOf(url);
+    if (!FitsRequestLine(url))
+        return std::nullopt;
+    if (settings_.sending)
+        settings_.sending(url);
+    return Follow(url);
+}
+
+std::optional<std::string> CurlHttpClient::Follow(const std::string& url) const
+{
+    const Clock::time_point end = Clock::now() + settings_.limits.whole;
+    std::string at = url;
+    for (int redirects = 0;; ++redirects) {
+        Answer answer = Ask(at, std::chrono::ceil<milliseconds>(end - Clock::now()));
+        if (answer.tooLong)
+            return std::nullopt;
+        const bool follows = !answer.elsewhere.empty() && redirects < kMostRedirects &&
+                             SchemeOf(answer.elsewhere) == SchemeOf(url);
+        if (!follows)
+            return std::move(answer.body);
+        at = answer.elsewhere;
+    }
+}
+
+CurlHttpClient::Answer CurlHttpClient::Ask(const std::string& url, milliseconds left) const
+{
+    // A limit of 0 would be none.
+    left = std::max(left, milliseconds(1));
+    const Owned<CURL> request(curl_easy_init());
+    const Owned<curl_slist> fresh(curl_slist_append(
+        curl_slist_append(nullptr, "Cache-Control: no-cache"), "Pragma: no-cache"));
+    if (!request || !fresh)
+        throw Failure(url, curl_easy_strerror(CURLE_OUT_OF_MEMORY));
+    Answer answer;
+    std::array<char, CURL_ERROR_SIZE> reason{};
+    CURL* const r = request.get();
+    curl_easy_setopt(r, CURLOPT_ERRORBUFFER, reason.data());
+    curl_easy_setopt(r, CURLOPT_URL, url.c_str());
+    curl_easy_setopt(r, CURLOPT_PATH_AS_IS, 1L);
+    curl_easy_setopt(r, CURLOPT_PROTOCOLS_STR, "http,https");
+    curl_easy_setopt(r, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
+    curl_easy_setopt(r, CURLOPT_USERAGENT, settings_.agent.c_str());
+    curl_easy_setopt(r, CURLOPT_HTTPHEADER, fresh.get());
+    if (settings_.direct || IsThisMachine(HostOf(url)))
+        curl_easy_setopt(r, CURLOPT_PROXY, "");
+    curl_easy_setopt(r, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(r, CURLOPT_CONNECTTIMEOUT_MS,
+                     static_cast<long>(std::min(settings_.limits.connect, left).count()));
+    curl_easy_setopt(r, CURLOPT_TIMEOUT_MS, static_cast<long>(left.count()));
+    curl_easy_setopt(r, CURLOPT_WRITEFUNCTION, &TakeBody<Answer>);
+    curl_easy_setopt(r, CURLOPT_WRITEDATA, &answer);
+    curl_easy_setopt(r, CURLOPT_HEADERFUNCTION, &TakeHead<Answer>);
+    curl_easy_setopt(r, CURLOPT_HEADERDATA, &answer);
+
+    const CURLcode result = curl_easy_perform(r);
+    // The connection of an answer may end before the answer does.
+    const bool cutOff =
+        result == CURLE_PARTIAL_FILE || (result == CURLE_RECV_ERROR && !answer.body.empty());
+    if (result != CURLE_OK && !answer.tooLong && !cutOff)
+        throw Failure(url, reason[0] ? reason.data() : curl_easy_strerror(result));
+    char* elsewhere = nullptr;
+    if (curl_easy_getinfo(r, CURLINFO_REDIRECT_URL, &elsewhere) == CURLE_OK && elsewhere)
+        answer.elsewhere = elsewhere;
+    return answer;
+}
+
+}  // namespace clb
