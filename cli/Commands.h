@@ -19,5 +19,7 @@ void AddNetWorth(CLI::App& app, int& exitCode);
 void AddRegister(CLI::App& app, int& exitCode);
 void AddBudget(CLI::App& app, int& exitCode);
 void AddImport(CLI::App& app, int& exitCode);
+void AddQuotes(CLI::App& app, int& exitCode);
+void AddQuoteServer(CLI::App& app, int& exitCode);
 
 }  // namespace clb

@@ -15,9 +15,9 @@ int Run(int argc, char** argv)
     app.require_subcommand(1);
     app.failure_message(CLI::FailureMessage::simple);
     int exitCode = 0;
-    for (const auto add :
-         {clb::AddNew, clb::AddDemo, clb::AddAccounts, clb::AddNetWorth, clb::AddRegister,
-          clb::AddBudget, clb::AddImport, clb::AddSql, clb::AddAutomate})
+    for (const auto add : {clb::AddNew, clb::AddDemo, clb::AddAccounts, clb::AddNetWorth,
+                           clb::AddRegister, clb::AddBudget, clb::AddImport, clb::AddQuotes,
+                           clb::AddQuoteServer, clb::AddSql, clb::AddAutomate})
         add(app, exitCode);
     try {
         app.parse(argc, argv);

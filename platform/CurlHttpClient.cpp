@@ -120,13 +120,12 @@ std::size_t TakeHead(char*, std::size_t, std::size_t count, void* answer)
 
 }  // namespace
 
-CurlHttpClient::CurlHttpClient(HttpSettings settings) : settings_(std::move(settings))
-{
-    [[maybe_unused]] static const CURLcode once = curl_global_init(CURL_GLOBAL_DEFAULT);
-}
+CurlHttpClient::CurlHttpClient(HttpSettings settings) : settings_(std::move(settings)) {}
 
 std::optional<std::string> CurlHttpClient::Get(const std::string& url)
 {
+    // Not at construction: most runs of the program never ask anything.
+    [[maybe_unused]] static const CURLcode once = curl_global_init(CURL_GLOBAL_DEFAULT);
     HostOf(url);
     if (!FitsRequestLine(url))
         return std::nullopt;

@@ -1,0 +1,136 @@
+#include <httplib.h>
+#include <pthread.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <csignal>
+#include <iostream>
+#include <memory>
+#include <string_view>
+#include <thread>
+
+#include "base/RuntimeError.h"
+#include "cli/Commands.h"
+#include "cli/Options.h"
+#include "cli/PriceFile.h"
+
+namespace clb {
+namespace {
+
+constexpr const char* kHost = "127.0.0.1";
+
+struct ServerOptions {
+    std::string prices;
+    int port = 8271;
+};
+
+/// The symbol of a request for a quote, as it stands in the address; nothing for other requests.
+std::optional<std::string> SymbolOf(std::string_view target)
+{
+    constexpr std::string_view before = "/d/quotes.csv?s=";
+    constexpr std::string_view behind = "&f=sl1d1t1c1p2ohgbav&e=.csv";
+    if (target.size() < before.size() + behind.size() || !target.starts_with(before) ||
+        !target.ends_with(behind))
+        return std::nullopt;
+    target.remove_prefix(before.size());
+    target.remove_suffix(behind.size());
+    return std::string(target);
+}
+
+void Answer(PriceFile& prices, const httplib::Request& request, httplib::Response& response)
+{
+    const auto symbol = SymbolOf(request.target);
+    if (!symbol) {
+        // No other stock's price for a symbol that the address cuts short.
+        response.status = 400;
+        response.set_content("This is no request for a quote.\r\n", "text/plain");
+        return;
+    }
+    response.set_content(QuoteLine(*symbol, prices.Find(*symbol)), "text/csv");
+}
+
+/// Lets a port be used again soon, but never by two programs at once.
+void ReuseAddress(socket_t socket)
+{
+    const int yes = 1;
+    setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+}
+
+/// The port that is listened on. Throws RuntimeError when it cannot be.
+int Bind(httplib::Server& server, int port)
+{
+    const int bound =
+        port == 0 ? server.bind_to_any_port(kHost) : (server.bind_to_port(kHost, port) ? port : -1);
+    if (bound < 0)
+        throw RuntimeError(errors::NetworkFailure,
+                           "Port " + std::to_string(port) +
+                               " is in use by another program or may not be used; choose another "
+                               "one with --port");
+    return bound;
+}
+
+sigset_t EndingSignals()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGINT);
+    sigaddset(&signals, SIGTERM);
+    return signals;
+}
+
+/// Serves until the program is told to end.
+void ServeUntilSignalled(httplib::Server& server, const sigset_t& signals)
+{
+    std::atomic<bool> ended = false;
+    std::thread serving([&] {
+        server.listen_after_bind();
+        ended = true;
+        kill(getpid(), SIGTERM);
+    });
+    // A server that does not listen yet cannot be stopped.
+    while (!server.is_running() && !ended)
+        std::this_thread::yield();
+    int signal = 0;
+    sigwait(&signals, &signal);
+    server.stop();
+    serving.join();
+}
+
+void Serve(const ServerOptions& options)
+{
+    PriceFile prices(options.prices, std::cerr);
+    httplib::Server server;
+    server.set_socket_options(ReuseAddress);
+    server.Get("/d/quotes.csv",
+               [&prices](const httplib::Request& request, httplib::Response& response) {
+                   Answer(prices, request, response);
+               });
+    const int port = Bind(server, options.port);
+    const sigset_t signals = EndingSignals();
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    std::cout << "Quotes of " << options.prices << " at http://" << kHost << ":" << port
+              << " until Ctrl+C" << std::endl;
+    ServeUntilSignalled(server, signals);
+}
+
+}  // namespace
+
+void AddQuoteServer(CLI::App& app, int&)
+{
+    auto options = std::make_shared<ServerOptions>();
+    CLI::App* command =
+        app.add_subcommand("quote-server", "Serve stock quotes to this machine from a price file");
+    command
+        ->add_option("--prices", options->prices,
+                     "Price file: symbol, price, previous close, date (yyyy-mm-dd) on each line; "
+                     "read again when it changes")
+        ->required()
+        ->type_name("FILE.csv");
+    command->add_option("--port", options->port, "Port to listen on; 0: any that is free")
+        ->capture_default_str()
+        ->check(CLI::Range(0, 65535));
+    command->callback([options] { Serve(*options); });
+}
+
+}  // namespace clb

@@ -1,0 +1,88 @@
+#include "automation/ValueJson.h"
+#include "cli/Commands.h"
+#include "cli/Options.h"
+#include "cli/Program.h"
+#include "cli/Table.h"
+
+#include <iostream>
+#include <memory>
+
+namespace clb {
+namespace {
+
+struct Holding {
+    std::string symbol;
+    std::string name;
+    Money lastPrice;
+};
+
+/// In the order in which the update asks for them.
+std::vector<Holding> Holdings(clsDatabase& data)
+{
+    std::vector<Holding> holdings;
+    Recordset rows;
+    data.Fill(rows, "SELECT StockSymbol, StockName, LastPrice FROM Investment", true);
+    for (; !rows.AtEnd(); rows.MoveNext())
+        holdings.push_back({ToText(rows.Get("StockSymbol")), ToText(rows.Get("StockName")),
+                            ToMoney(rows.Get("LastPrice"))});
+    return holdings;
+}
+
+void PrintJson(const std::vector<Holding>& before, const std::vector<Holding>& after)
+{
+    Json rows = Json::array();
+    for (std::size_t at = 0; at < after.size(); ++at)
+        rows.push_back({{"StockSymbol", after[at].symbol},
+                        {"StockName", after[at].name},
+                        {"before", before[at].lastPrice.ToText()},
+                        {"LastPrice", after[at].lastPrice.ToText()}});
+    std::cout << ToLine({{"holdings", rows}}) << '\n';
+}
+
+void PrintTable(const std::vector<Holding>& before, const std::vector<Holding>& after)
+{
+    Table table;
+    table.AddColumn("Symbol", false);
+    table.AddColumn("Name", false);
+    table.AddColumn("Before", true);
+    table.AddColumn("Last Price", true);
+    table.AddColumn("Change", true);
+    for (std::size_t at = 0; at < after.size(); ++at) {
+        const Money change = after[at].lastPrice - before[at].lastPrice;
+        table.AddRow({after[at].symbol, after[at].name, before[at].lastPrice.Grouped(),
+                      after[at].lastPrice.Grouped(), change.IsZero() ? "" : change.Grouped()});
+    }
+    table.Print(std::cout);
+}
+
+int Update(const FolderOptions& options)
+{
+    NoForms forms;
+    Program program(OpenFolder(options.home), forms);
+    clsDatabase& data = program.Window().Data();
+    const std::vector<Holding> before = Holdings(data);
+    program.Window().menus.Find("mnuT_UpdateQuotes")->Press();
+    const std::vector<Holding> after = Holdings(data);
+    program.Finish();
+    if (options.json)
+        PrintJson(before, after);
+    else
+        PrintTable(before, after);
+    return program.Messages().Refused() ? 1 : 0;
+}
+
+}  // namespace
+
+void AddQuotes(CLI::App& app, int& exitCode)
+{
+    auto options = std::make_shared<FolderOptions>();
+    CLI::App* command = app.add_subcommand(
+        "quotes",
+        "Fetch the holdings' last prices and print what changed; the service is the "
+        "settings file's QuoteService, else http://127.0.0.1:8271");
+    AddHome(*command, *options);
+    AddJson(*command, *options);
+    command->callback([options, &exitCode] { exitCode = Update(*options); });
+}
+
+}  // namespace clb
