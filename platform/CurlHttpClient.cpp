@@ -79,43 +79,90 @@ bool FitsRequestLine(const std::string& url)
     });
 }
 
-}  // namespace
-
 /// What one request brought.
-struct CurlHttpClient::Answer {
+struct Answer {
     std::string body;
     std::size_t headSize = 0;
     bool tooLong = false;
     std::string elsewhere;  ///< where it redirects to; empty when it does not
-
-    std::size_t TakeBody(const char* bytes, std::size_t count)
-    {
-        tooLong = body.size() + count > kLongest;
-        if (tooLong)
-            return 0;
-        body.append(bytes, count);
-        return count;
-    }
-    std::size_t TakeHead(std::size_t count)
-    {
-        headSize += count;
-        tooLong = headSize > kLongestHead;
-        return tooLong ? 0 : count;
-    }
 };
 
-namespace {
+// Called with each piece; taking less than there is ends the request.
 
-template <class Answer>
-std::size_t TakeBody(char* bytes, std::size_t, std::size_t count, void* answer)
+std::size_t TakeBody(char* bytes, std::size_t, std::size_t count, void* taken)
 {
-    return static_cast<Answer*>(answer)->TakeBody(bytes, count);
+    Answer& answer = *static_cast<Answer*>(taken);
+    answer.tooLong = answer.body.size() + count > kLongest;
+    if (answer.tooLong)
+        return 0;
+    answer.body.append(bytes, count);
+    return count;
 }
 
-template <class Answer>
-std::size_t TakeHead(char*, std::size_t, std::size_t count, void* answer)
+std::size_t TakeHead(char*, std::size_t, std::size_t count, void* taken)
 {
-    return static_cast<Answer*>(answer)->TakeHead(count);
+    Answer& answer = *static_cast<Answer*>(taken);
+    answer.headSize += count;
+    answer.tooLong = answer.headSize > kLongestHead;
+    return answer.tooLong ? 0 : count;
+}
+
+void Limit(CURL* request, const HttpLimits& limits, milliseconds left)
+{
+    // A limit of 0 would be none.
+    left = std::max(left, milliseconds(1));
+    curl_easy_setopt(request, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(request, CURLOPT_CONNECTTIMEOUT_MS,
+                     static_cast<long>(std::min(limits.connect, left).count()));
+    curl_easy_setopt(request, CURLOPT_TIMEOUT_MS, static_cast<long>(left.count()));
+}
+
+void Take(CURL* request, Answer& answer)
+{
+    curl_easy_setopt(request, CURLOPT_WRITEFUNCTION, &TakeBody);
+    curl_easy_setopt(request, CURLOPT_WRITEDATA, &answer);
+    curl_easy_setopt(request, CURLOPT_HEADERFUNCTION, &TakeHead);
+    curl_easy_setopt(request, CURLOPT_HEADERDATA, &answer);
+}
+
+/// Makes the request. Throws PortError when there is no answer, not even a part of one.
+void Perform(CURL* request, const std::string& url, Answer& answer)
+{
+    std::array<char, CURL_ERROR_SIZE> reason{};
+    curl_easy_setopt(request, CURLOPT_ERRORBUFFER, reason.data());
+    const CURLcode result = curl_easy_perform(request);
+    curl_easy_setopt(request, CURLOPT_ERRORBUFFER, nullptr);
+    // The connection of an answer may end before the answer does.
+    const bool cutOff =
+        result == CURLE_PARTIAL_FILE || (result == CURLE_RECV_ERROR && !answer.body.empty());
+    if (result != CURLE_OK && !answer.tooLong && !cutOff)
+        throw Failure(url, reason[0] ? reason.data() : curl_easy_strerror(result));
+    char* elsewhere = nullptr;
+    if (curl_easy_getinfo(request, CURLINFO_REDIRECT_URL, &elsewhere) == CURLE_OK && elsewhere)
+        answer.elsewhere = elsewhere;
+}
+
+Answer Ask(const HttpSettings& settings, const std::string& url, milliseconds left)
+{
+    const Owned<CURL> request(curl_easy_init());
+    const Owned<curl_slist> fresh(curl_slist_append(
+        curl_slist_append(nullptr, "Cache-Control: no-cache"), "Pragma: no-cache"));
+    if (!request || !fresh)
+        throw Failure(url, curl_easy_strerror(CURLE_OUT_OF_MEMORY));
+    CURL* const r = request.get();
+    curl_easy_setopt(r, CURLOPT_URL, url.c_str());
+    curl_easy_setopt(r, CURLOPT_PATH_AS_IS, 1L);
+    curl_easy_setopt(r, CURLOPT_PROTOCOLS_STR, "http,https");
+    curl_easy_setopt(r, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
+    curl_easy_setopt(r, CURLOPT_USERAGENT, settings.agent.c_str());
+    curl_easy_setopt(r, CURLOPT_HTTPHEADER, fresh.get());
+    if (settings.direct || IsThisMachine(HostOf(url)))
+        curl_easy_setopt(r, CURLOPT_PROXY, "");
+    Limit(r, settings.limits, left);
+    Answer answer;
+    Take(r, answer);
+    Perform(r, url, answer);
+    return answer;
 }
 
 }  // namespace
@@ -131,15 +178,10 @@ std::optional<std::string> CurlHttpClient::Get(const std::string& url)
         return std::nullopt;
     if (settings_.sending)
         settings_.sending(url);
-    return Follow(url);
-}
-
-std::optional<std::string> CurlHttpClient::Follow(const std::string& url) const
-{
     const Clock::time_point end = Clock::now() + settings_.limits.whole;
     std::string at = url;
     for (int redirects = 0;; ++redirects) {
-        Answer answer = Ask(at, std::chrono::ceil<milliseconds>(end - Clock::now()));
+        Answer answer = Ask(settings_, at, std::chrono::ceil<milliseconds>(end - Clock::now()));
         if (answer.tooLong)
             return std::nullopt;
         const bool follows = !answer.elsewhere.empty() && redirects < kMostRedirects &&
@@ -148,48 +190,6 @@ std::optional<std::string> CurlHttpClient::Follow(const std::string& url) const
             return std::move(answer.body);
         at = answer.elsewhere;
     }
-}
-
-CurlHttpClient::Answer CurlHttpClient::Ask(const std::string& url, milliseconds left) const
-{
-    // A limit of 0 would be none.
-    left = std::max(left, milliseconds(1));
-    const Owned<CURL> request(curl_easy_init());
-    const Owned<curl_slist> fresh(curl_slist_append(
-        curl_slist_append(nullptr, "Cache-Control: no-cache"), "Pragma: no-cache"));
-    if (!request || !fresh)
-        throw Failure(url, curl_easy_strerror(CURLE_OUT_OF_MEMORY));
-    Answer answer;
-    std::array<char, CURL_ERROR_SIZE> reason{};
-    CURL* const r = request.get();
-    curl_easy_setopt(r, CURLOPT_ERRORBUFFER, reason.data());
-    curl_easy_setopt(r, CURLOPT_URL, url.c_str());
-    curl_easy_setopt(r, CURLOPT_PATH_AS_IS, 1L);
-    curl_easy_setopt(r, CURLOPT_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(r, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
-    curl_easy_setopt(r, CURLOPT_USERAGENT, settings_.agent.c_str());
-    curl_easy_setopt(r, CURLOPT_HTTPHEADER, fresh.get());
-    if (settings_.direct || IsThisMachine(HostOf(url)))
-        curl_easy_setopt(r, CURLOPT_PROXY, "");
-    curl_easy_setopt(r, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(r, CURLOPT_CONNECTTIMEOUT_MS,
-                     static_cast<long>(std::min(settings_.limits.connect, left).count()));
-    curl_easy_setopt(r, CURLOPT_TIMEOUT_MS, static_cast<long>(left.count()));
-    curl_easy_setopt(r, CURLOPT_WRITEFUNCTION, &TakeBody<Answer>);
-    curl_easy_setopt(r, CURLOPT_WRITEDATA, &answer);
-    curl_easy_setopt(r, CURLOPT_HEADERFUNCTION, &TakeHead<Answer>);
-    curl_easy_setopt(r, CURLOPT_HEADERDATA, &answer);
-
-    const CURLcode result = curl_easy_perform(r);
-    // The connection of an answer may end before the answer does.
-    const bool cutOff =
-        result == CURLE_PARTIAL_FILE || (result == CURLE_RECV_ERROR && !answer.body.empty());
-    if (result != CURLE_OK && !answer.tooLong && !cutOff)
-        throw Failure(url, reason[0] ? reason.data() : curl_easy_strerror(result));
-    char* elsewhere = nullptr;
-    if (curl_easy_getinfo(r, CURLINFO_REDIRECT_URL, &elsewhere) == CURLE_OK && elsewhere)
-        answer.elsewhere = elsewhere;
-    return answer;
 }
 
 }  // namespace clb

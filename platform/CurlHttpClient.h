@@ -37,10 +37,6 @@ public:
     std::optional<std::string> Get(const std::string& url) override;
 
 private:
-    struct Answer;
-    Answer Ask(const std::string& url, std::chrono::milliseconds left) const;
-    std::optional<std::string> Follow(const std::string& url) const;
-
     HttpSettings settings_;
 };
 
