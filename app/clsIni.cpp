@@ -23,15 +23,34 @@ std::string_view Stripped(std::string_view text)
     return text.substr(from, text.find_last_not_of(" \t") - from + 1);
 }
 
-/// The file's lines and how they end.
+namespace files = std::filesystem;
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// The file itself where the path is a link to it.
+files::path Target(const std::string& path)
+{
+    std::error_code failed;
+    files::path target = files::weakly_canonical(path, failed);
+    return failed ? files::path(path) : target;
+}
+
+/// The file's lines, without their ends, and whether a byte-order mark stands ahead of them.
 struct IniText {
     std::vector<std::string> lines;
+    bool marked = false;
 
+    /// What is no file, or cannot be read, has no lines. A file that is no UTF-8 is Windows-1252.
     static IniText Read(const std::string& path)
     {
-        std::ifstream in(path, std::ios::binary);
-        const std::string text{std::istreambuf_iterator<char>(in), {}};
         IniText ini;
+        std::error_code ignored;
+        if (!files::is_regular_file(path, ignored))
+            return ini;
+        std::ifstream in(path, std::ios::binary);
+        std::string bytes{std::istreambuf_iterator<char>(in), {}};
+        ini.marked = bytes.starts_with(kByteOrderMark);
+        const std::string text = DecodeFile(std::move(bytes));
         for (std::size_t at = 0; at < text.size();) {
             const std::size_t end = std::min(text.find('\n', at), text.size());
             std::string line = text.substr(at, end - at);
@@ -42,19 +61,28 @@ struct IniText {
         }
         return ini;
     }
-    /// Written beside the file first, so that a failure leaves the former file whole.
+    /// Written beside the file first, so that a failure leaves the former file whole. A file that
+    /// may not be written is left, and so are its access rights.
     void Write(const std::string& path) const
     {
-        const std::string fresh = path + ".new";
+        const files::path target = Target(path);
+        const files::path fresh = target.string() + ".new";
+        std::error_code failed;
+        const bool replaces = files::exists(target, failed);
+        if (path.empty() || (replaces && !std::fstream(target)))
+            return;
         std::ofstream out(fresh, std::ios::binary | std::ios::trunc);
+        out << (marked ? kByteOrderMark : std::string_view());
         for (const std::string& line : lines)
             out << line << "\r\n";
         out.close();
-        std::error_code ignored;
+        if (replaces)
+            files::permissions(fresh, files::status(target, failed).permissions(), failed);
+        failed.clear();
         if (out)
-            std::filesystem::rename(fresh, path, ignored);
-        else
-            std::filesystem::remove(fresh, ignored);
+            files::rename(fresh, target, failed);
+        if (!out || failed)
+            files::remove(fresh, failed);
     }
 };
 

@@ -17,7 +17,6 @@ protected:
                                 "\r\n<STMTTRN><TRNTYPE>DEBIT<DTPOSTED>20060305"
                                 "<TRNAMT>-45.50<FITID>1<NAME>Shop</STMTTRN>\r\n</OFX>\r\n");
     }
-    void AnswerFile(const std::string& path) { Do({{"do", "answer"}, {"file", path}}); }
     void AnswerForm(const Json& steps)
     {
         Do({{"do", "answer"}, {"form", "frmSelectAccount"}, {"steps", steps}});

@@ -7,10 +7,6 @@ namespace {
 
 class FormsTest : public Scenario {
 protected:
-    void AnswerForm(const std::string& form, const std::string& steps)
-    {
-        Do({{"do", "answer"}, {"form", form}, {"steps", Json::parse(steps)}});
-    }
     /// Shows a register with one transaction of 100 and stands on it.
     void ShowTransaction()
     {

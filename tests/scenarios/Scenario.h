@@ -67,6 +67,20 @@ protected:
     Json Columns() { return Grid()["columns"]; }
     Json Tree() { return Do({{"do", "tree"}})["nodes"]; }
     Json Events() { return Do({{"do", "log"}})["events"]; }
+    /// Logs the statements that follow; what was logged before is forgotten.
+    void Trace()
+    {
+        Do({{"do", "trace"}, {"statements", true}});
+        Events();
+    }
+    /// Texts of the statements sent since the last look, one a line.
+    std::string Statements()
+    {
+        std::string text;
+        for (const Json& event : EventsOf("execute"))
+            text += event["text"].get<std::string>() + "\n";
+        return text;
+    }
     /// Those of one kind; the others are forgotten too.
     std::vector<Json> EventsOf(const std::string& kind)
     {
@@ -94,6 +108,12 @@ protected:
     void Menu(const std::string& item) { Do({{"do", "menu"}, {"item", item}}); }
     void Press(const std::string& button) { Do({{"do", "toolbar"}, {"button", button}}); }
     void AnswerBox(const std::string& button) { Do({{"do", "answer"}, {"box", button}}); }
+    void AnswerFile(const std::string& path) { Do({{"do", "answer"}, {"file", path}}); }
+    /// steps: a JSON array.
+    void AnswerForm(const std::string& form, const std::string& steps)
+    {
+        Do({{"do", "answer"}, {"form", form}, {"steps", Json::parse(steps)}});
+    }
 
     // As by hand in the grid; a row is its number or "new".
     bool Move(const Json& row, int column)

@@ -22,7 +22,6 @@ protected:
         ShowAll();
     }
 
-    void Trace() { Do({{"do", "trace"}, {"statements", true}}); }
     std::vector<std::string> Sent()
     {
         std::vector<std::string> texts;
