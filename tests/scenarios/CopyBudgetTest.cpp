@@ -1,0 +1,215 @@
+// Copying the budget of the month before into the month shown.
+
+#include "tests/scenarios/Scenario.h"
+
+namespace clb {
+namespace {
+
+class CopyBudgetTest : public Scenario {
+protected:
+    std::string Budget(const std::string& month)
+    {
+        return Rows("SELECT Category, CategoryGroup, Amount FROM Budget WHERE Year = " +
+                    month.substr(0, 4) + " AND Period = " + month.substr(5) + " ORDER BY Category");
+    }
+    void Copy() { Menu("mnuE_Copy"); }
+};
+
+TEST_F(CopyBudgetTest, TheMonthBeforeIsCopiedWithItsGroupsAndAmounts)
+{
+    AddBudget("2006-2", "Food", "300", "Household");
+    AddBudget("2006-2", "Wages", "-2000.1234", "Income");
+    AddBudget("2006-1", "Travel", "7");
+    Click("Budget");
+
+    Copy();
+
+    EXPECT_EQ(Budget("2006-3"), R"json(["(none)","(none)","0"] ["Food","Household","300"] )json"
+                                R"json(["Wages","Income","-2000.1234"])json");
+    EXPECT_EQ(Budget("2006-2"),
+              R"json(["Food","Household","300"] ["Wages","Income","-2000.1234"])json");
+    EXPECT_EQ(RowsOf("data").size(), 3u);
+}
+
+TEST_F(CopyBudgetTest, ALineThatIsThereTakesTheCopiedGroupAndAmount)
+{
+    AddBudget("2006-2", "Food", "0", "(none)");
+    AddBudget("2006-3", "Food", "300", "Household");
+
+    Copy();
+
+    EXPECT_EQ(Budget("2006-3"), R"json(["(none)","(none)","0"] ["Food","(none)","0"])json");
+}
+
+TEST_F(CopyBudgetTest, TheLineOfNoCategoryIsNeverRemoved)
+{
+    AddBudget("2006-2", "Food", "300");
+    AddBudget("2006-3", "(none)", "12", "Rest");
+
+    Copy();
+
+    EXPECT_EQ(Budget("2006-3"), R"json(["(none)","Rest","12"] ["Food","(none)","300"])json");
+}
+
+TEST_F(CopyBudgetTest, TheLineOfNoCategoryIsCopiedToo)
+{
+    AddBudget("2006-2", "(none)", "5", "Rest");
+    AddBudget("2006-3", "(none)", "12");
+
+    Copy();
+
+    EXPECT_EQ(Budget("2006-3"), R"json(["(none)","Rest","5"])json");
+}
+
+TEST_F(CopyBudgetTest, CopyingOnceMoreChangesNothing)
+{
+    AddBudget("2006-2", "Food", "300", "Household");
+    AddBudget("2006-2", "Kids' toys", "20", "Kids'");
+    Copy();
+    const std::string copied = Rows("SELECT * FROM Budget");
+
+    Copy();
+
+    EXPECT_EQ(Rows("SELECT * FROM Budget"), copied);
+}
+
+TEST_F(CopyBudgetTest, ACategoryListedTwiceBecomesOneLineWithTheLastAmount)
+{
+    AddBudget("2006-2", "Food", "1");
+    AddBudget("2006-2", "Food", "2");
+
+    Copy();
+
+    EXPECT_EQ(Budget("2006-3"), R"json(["(none)","(none)","0"] ["Food","(none)","2"])json");
+}
+
+TEST_F(CopyBudgetTest, CategoriesThatDifferInCaseAreTwo)
+{
+    AddBudget("2006-2", "Food", "1");
+    AddBudget("2006-3", "food", "2");
+
+    Copy();
+
+    EXPECT_EQ(Budget("2006-3"), R"json(["(none)","(none)","0"] ["Food","(none)","1"])json");
+}
+
+TEST_F(CopyBudgetTest, TransactionsOfACategoryThatGoesAreBookedToNoneInThatMonthOnly)
+{
+    AddAccount("B-1", "Bank", "Checking");
+    AddAccount("V-1", "Credit Card", "Visa");
+    Sql("UPDATE Account SET BudgetInclude = FALSE WHERE AccountID = 'V-1'");
+    AddBudget("2006-2", "Food", "300");
+    AddBudget("2006-3", "Travel", "50");
+    AddTransaction("B-1", "2006-2", "-1", "Travel");
+    AddTransaction("B-1", "2006-3", "-2", "Travel");
+    AddTransaction("V-1", "2006-3", "-3", "Travel");
+    AddTransaction("B-1", "2006-3", "-4", "Food");
+    AddTransaction("B-1", "2005-3", "-5", "Travel");
+
+    Copy();
+
+    EXPECT_EQ(Rows("SELECT Amount, Category FROM Trans ORDER BY Sequence"),
+              R"json(["-1","Travel"] ["-2","(none)"] ["-3","(none)"] ["-4","Food"] )json"
+              R"json(["-5","Travel"])json");
+}
+
+TEST_F(CopyBudgetTest, ACategoryWithAnApostropheThatGoesFailsAfterTheCopy)
+{
+    AddAccount("B-1", "Bank", "Checking");
+    AddBudget("2006-2", "Food", "300");
+    AddBudget("2006-3", "Kids' toys", "50");
+    AddTransaction("B-1", "2006-3", "-2", "Kids' toys");
+
+    EXPECT_LT(ErrorOf({{"do", "menu"}, {"item", "mnuE_Copy"}}), 0);
+
+    EXPECT_EQ(Budget("2006-3"), R"json(["(none)","(none)","0"] ["Food","(none)","300"] )json"
+                                R"json(["Kids' toys","(none)","50"])json");
+    EXPECT_EQ(Rows("SELECT Category FROM Trans"), R"(["Kids' toys"])");
+    Click("Budget");
+    EXPECT_EQ(RowsOf("data").size(), 3u);
+}
+
+TEST_F(CopyBudgetTest, TheMonthOfTheControlsCounts)
+{
+    AddBudget("2005-12", "Food", "300");
+    Do({{"do", "set"}, {"control", "txtYear"}, {"to", "2006"}});
+    Do({{"do", "set"}, {"control", "cmbPeriod"}, {"to", 1}});
+
+    Copy();
+
+    EXPECT_EQ(Rows("SELECT Year, Period, Category FROM Budget ORDER BY Sequence"),
+              R"json([2005,12,"Food"] [2006,1,"Food"] [2006,1,"(none)"])json");
+}
+
+TEST_F(CopyBudgetTest, AYearThatIsNoNumberFailsAndCopiesNothing)
+{
+    AddBudget("2006-2", "Food", "300");
+    ErrorOf({{"do", "set"}, {"control", "txtYear"}, {"to", "soon"}});
+
+    EXPECT_EQ(ErrorOf({{"do", "menu"}, {"item", "mnuE_Copy"}}), 13);
+
+    EXPECT_EQ(Budget("2006-3"), "");
+}
+
+TEST_F(CopyBudgetTest, ARegisterShowsTheNewBookingsAndOffersTheCopiedCategories)
+{
+    AddAccount("B-1", "Bank", "Checking");
+    AddBudget("2006-2", "Food", "300");
+    AddBudget("2006-3", "Travel", "50");
+    AddTransaction("B-1", "2006-3", "-2", "Travel");
+    ShowAll();
+    Click("Checking");
+    Events();
+
+    Copy();
+
+    EXPECT_EQ(EventsOf("refresh").size(), 1u);
+    EXPECT_EQ(Column(5), R"json("(none)")json");
+    EXPECT_EQ(ToLine(Columns()[4]["values"]), R"json(["Food","(none)"])json");
+}
+
+TEST_F(CopyBudgetTest, AnUnsavedRowIsGivenUp)
+{
+    AddBudget("2006-2", "Food", "300");
+    AddBudget("2006-3", "Food", "1");
+    Click("Budget");
+    Edit(2, 2, "77");
+
+    Copy();
+
+    EXPECT_EQ(Budget("2006-3"), R"json(["(none)","(none)","0"] ["Food","(none)","300"])json");
+    EXPECT_EQ(Grid()["dirty"], false);
+}
+
+TEST_F(CopyBudgetTest, HeldRefreshesAreReleased)
+{
+    SetView("HoldRefresh", true);
+    SetView("View", 2);
+    Events();
+
+    Copy();
+    EXPECT_EQ(EventsOf("refresh").size(), 1u);
+
+    SetView("Period", 4);
+    EXPECT_EQ(EventsOf("refresh").size(), 1u);
+}
+
+TEST_F(CopyBudgetTest, ItsStatementsNameTheMonthsAndTheCategoryAsItStands)
+{
+    AddBudget("2006-2", "Food", "300");
+    AddBudget("2006-3", "Travel", "50");
+    Trace();
+
+    Call("CopyBudget", {2006, 2, 2006, 3});
+
+    EXPECT_EQ(Statements(),
+              "SELECT * FROM Budget WHERE Year = 2006 AND Period = 2\n"
+              "SELECT * FROM Budget WHERE Year = 2006 AND Period = 3\n"
+              "SELECT Year, Period, Category, CategoryGroup, Amount FROM Budget WHERE "
+              "Budget.Year = 2006 AND Budget.Period = 3 AND Budget.Category = '(none)'\n"
+              "SELECT Category FROM Trans WHERE Year = 2006 AND Period = 3 AND Category = "
+              "'Travel'\n");
+}
+
+}  // namespace
+}  // namespace clb
