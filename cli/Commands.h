@@ -18,7 +18,12 @@ void AddAccounts(CLI::App& app, int& exitCode);
 void AddNetWorth(CLI::App& app, int& exitCode);
 void AddRegister(CLI::App& app, int& exitCode);
 void AddBudget(CLI::App& app, int& exitCode);
+void AddCopyBudget(CLI::App& app, int& exitCode);
 void AddImport(CLI::App& app, int& exitCode);
+void AddExport(CLI::App& app, int& exitCode);
+void AddSplit(CLI::App& app, int& exitCode);
+void AddMove(CLI::App& app, int& exitCode);
+void AddOptions(CLI::App& app, int& exitCode);
 void AddQuotes(CLI::App& app, int& exitCode);
 void AddQuoteServer(CLI::App& app, int& exitCode);
 

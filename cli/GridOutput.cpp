@@ -3,12 +3,15 @@
 namespace clb {
 namespace {
 
-std::vector<std::int32_t> VisibleColumns(const GridColumns& columns)
+using Indexes = std::vector<std::int32_t>;
+
+Indexes ShownColumns(const GridColumns& columns, const Indexes& also)
 {
-    std::vector<std::int32_t> visible;
+    Indexes visible;
     for (const std::int32_t index : columns.Displayed())
         if (!columns.Item(index).hidden)
             visible.push_back(index);
+    visible.insert(visible.end(), also.begin(), also.end());
     return visible;
 }
 
@@ -18,18 +21,18 @@ bool IsFigure(FieldType type)
            type == FieldType::Single;
 }
 
-std::vector<std::string> CellTexts(CVGrid& grid, std::size_t row)
+std::vector<std::string> CellTexts(CVGrid& grid, std::size_t row, const Indexes& columns)
 {
     std::vector<std::string> texts;
-    for (const std::int32_t column : VisibleColumns(grid.Columns()))
+    for (const std::int32_t column : columns)
         texts.push_back(grid.Component().CellText(row, column));
     return texts;
 }
 
-Json RowJson(CVGrid& grid, std::size_t row)
+Json RowJson(CVGrid& grid, std::size_t row, const Indexes& columns)
 {
     Json values = Json::object();
-    for (const std::int32_t index : VisibleColumns(grid.Columns())) {
+    for (const std::int32_t index : columns) {
         const GridColumn& column = grid.Columns().Item(index);
         values[column.Calculated() ? column.caption : column.dbField] =
             ToJson(grid.Component().CellValue(row, index));
@@ -39,16 +42,17 @@ Json RowJson(CVGrid& grid, std::size_t row)
 
 }  // namespace
 
-Table GridTable(CVGrid& grid)
+Table GridTable(CVGrid& grid, const Indexes& also)
 {
     Table table;
-    for (const std::int32_t index : VisibleColumns(grid.Columns())) {
+    const Indexes columns = ShownColumns(grid.Columns(), also);
+    for (const std::int32_t index : columns) {
         const GridColumn& column = grid.Columns().Item(index);
         table.AddColumn(column.caption, IsFigure(column.dataType));
     }
     for (std::size_t row = 1; row <= grid.Rows().Count(); ++row) {
         switch (grid.Rows().Kind(row)) {
-            case GridRowKind::Data: table.AddRow(CellTexts(grid, row)); break;
+            case GridRowKind::Data: table.AddRow(CellTexts(grid, row, columns)); break;
             case GridRowKind::GroupHeading: table.AddLine(grid.Rows().HeadingText(row)); break;
             case GridRowKind::GroupFooter: table.AddLine(grid.Component().FooterText(row)); break;
             case GridRowKind::NewRow: break;
@@ -57,12 +61,13 @@ Table GridTable(CVGrid& grid)
     return table;
 }
 
-Json GridJson(CVGrid& grid)
+Json GridJson(CVGrid& grid, const Indexes& also)
 {
     Json rows = Json::array();
+    const Indexes columns = ShownColumns(grid.Columns(), also);
     for (std::size_t row = 1; row <= grid.Rows().Count(); ++row)
         if (grid.Rows().Kind(row) == GridRowKind::Data)
-            rows.push_back(RowJson(grid, row));
+            rows.push_back(RowJson(grid, row, columns));
     return rows;
 }
 

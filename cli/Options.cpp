@@ -20,6 +20,11 @@ void AddJson(CLI::App& command, FolderOptions& options)
     command.add_flag("--json", options.json, "Print one JSON object instead of text");
 }
 
+std::string MonthText(Month month)
+{
+    return Date::Of(month.year, month.period, 1).value_or(Date()).ToIso().substr(0, 7);
+}
+
 std::optional<Month> ReadMonth(const std::string& text)
 {
     if (text.size() != 7)
@@ -35,6 +40,15 @@ CLI::Validator IsFolderName()
     return CLI::Validator(
         [](const std::string& text) {
             return text.empty() ? std::string("the folder's name is empty") : std::string();
+        },
+        "");
+}
+
+CLI::Validator IsFileName()
+{
+    return CLI::Validator(
+        [](const std::string& text) {
+            return text.empty() ? std::string("the file's name is empty") : std::string();
         },
         "");
 }

@@ -19,8 +19,11 @@ void AddJson(CLI::App& command, FolderOptions& options);
 
 /// Takes any text but the empty one.
 CLI::Validator IsFolderName();
+CLI::Validator IsFileName();
 /// Takes YYYY-MM only; checked while the command line is parsed.
 CLI::Validator IsMonth();
+/// "YYYY-MM".
+std::string MonthText(Month month);
 /// The month named so; nothing for other texts.
 std::optional<Month> ReadMonth(const std::string& text);
 

@@ -48,6 +48,19 @@ void Program::PressNode(const std::string& tag)
     controller_.View().HoldRefresh(false);
 }
 
+void Program::PressAccount(const FoundAccount& account)
+{
+    PressNode(clsView::AccountTag(clsView::ViewFromAccountType(account.type), account.id));
+}
+
+void Program::Press(const std::string& item)
+{
+    MenuItem* const command = controller_.menus.Find(item);
+    if (!command || !command->Enabled())
+        throw RuntimeError(errors::InvalidCall, "The command is disabled: " + item);
+    command->Press();
+}
+
 void NoForms::Run(Form& form)
 {
     if (form.CancelButton())

@@ -9,6 +9,13 @@
 
 namespace clb {
 
+/// An account as a command's words named it.
+struct FoundAccount {
+    std::string id;
+    std::string description;
+    std::string type;
+};
+
 /// The whole program without a window, loaded for one command: the command works its controls as a
 /// user would. Messages go to standard error.
 class Program {
@@ -34,6 +41,10 @@ public:
     void ChooseMonth(Month month);
     /// Presses the tree's node with the tag. Throws RuntimeError when there is none.
     void PressNode(const std::string& tag);
+    /// Shows the account's register, holdings or loans.
+    void PressAccount(const FoundAccount& account);
+    /// Runs a menu's command. Throws RuntimeError (InvalidCall) when it is disabled.
+    void Press(const std::string& item);
 
 private:
     SystemClock clock_;
@@ -53,13 +64,8 @@ public:
     void Run(Form& form) override;
 };
 
-/// An account found by its number or, failing that, by its description.
-struct FoundAccount {
-    std::string id;
-    std::string description;
-    std::string type;
-};
-/// Throws RuntimeError (ElementNotFound) when there is none.
+/// By number or, failing that, by description. Throws RuntimeError (ElementNotFound) when there is
+/// none.
 FoundAccount FindAccount(clsDatabase& data, const std::string& account);
 
 }  // namespace clb

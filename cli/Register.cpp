@@ -1,6 +1,7 @@
 #include "cli/Commands.h"
 #include "cli/GridOutput.h"
 #include "cli/Options.h"
+#include "cli/Piece.h"
 #include "cli/Program.h"
 
 #include <iostream>
@@ -12,9 +13,19 @@ namespace {
 struct RegisterOptions : FolderOptions {
     std::string account;
     std::optional<std::string> month;
+    bool numbers = false;
 };
 
-Json RegisterJson(frmController& window, const FoundAccount& account)
+/// The columns that name a transaction and its piece, when they are asked for and there are any.
+std::vector<std::int32_t> Numbers(frmController& window, bool asked)
+{
+    if (!asked || window.View().View() != vwAccount)
+        return {};
+    return {kSequenceColumn, kPieceColumn};
+}
+
+Json RegisterJson(frmController& window, const FoundAccount& account,
+                  const std::vector<std::int32_t>& numbers)
 {
     Money total;
     Money unused;
@@ -24,7 +35,7 @@ Json RegisterJson(frmController& window, const FoundAccount& account)
          {{"AccountID", account.id}, {"Description", account.description}, {"Type", account.type}}},
         {"year", window.View().Year()},
         {"period", window.View().Period()},
-        {"rows", GridJson(window.Grid)},
+        {"rows", GridJson(window.Grid, numbers)},
         {"total", total.ToText()}};
 }
 
@@ -48,14 +59,15 @@ void PrintRegister(const RegisterOptions& options)
         window.Data(), options.account.empty() ? FirstRegister(window.Data()) : options.account);
     if (options.month)
         program.ChooseMonth(ReadMonth(*options.month).value_or(Month{}));
-    program.PressNode(clsView::AccountTag(clsView::ViewFromAccountType(account.type), account.id));
+    program.PressAccount(account);
+    const std::vector<std::int32_t> numbers = Numbers(window, options.numbers);
     if (options.json) {
-        std::cout << ToLine(RegisterJson(window, account)) << '\n';
+        std::cout << ToLine(RegisterJson(window, account, numbers)) << '\n';
         return;
     }
     std::cout << account.description << ", " << window.cmbPeriod.Text() << ' '
               << window.txtYear.Text() << '\n';
-    GridTable(window.Grid).Print(std::cout);
+    GridTable(window.Grid, numbers).Print(std::cout);
     std::cout << window.lblTotal.Caption() << ' ' << window.txtTotal.Text() << '\n';
 }
 
@@ -71,6 +83,9 @@ void AddRegister(CLI::App& app, int&)
                         "credit-card account)");
     command->add_option("--month", options->month, "Month (default: the present one)")
         ->check(IsMonth());
+    command->add_flag("--numbers", options->numbers,
+                      "Print the numbers of transactions and pieces too, as split and move take "
+                      "them");
     AddHome(*command, *options);
     AddJson(*command, *options);
     command->callback([options] { PrintRegister(*options); });

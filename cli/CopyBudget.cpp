@@ -1,0 +1,68 @@
+#include "automation/ValueJson.h"
+#include "base/RuntimeError.h"
+#include "cli/Commands.h"
+#include "cli/Options.h"
+#include "cli/Program.h"
+
+#include <iostream>
+#include <memory>
+
+namespace clb {
+namespace {
+
+struct CopyBudgetOptions : FolderOptions {
+    std::string month;
+};
+
+std::int32_t CountLines(clsDatabase& data, Month month)
+{
+    Recordset rows;
+    data.Fill(rows,
+              "SELECT COUNT( 1 ) AS [Count] FROM Budget WHERE Year = " +
+                  std::to_string(month.year) + " AND Period = " + std::to_string(month.period),
+              true);
+    return ToLong(rows.Get("Count"));
+}
+
+void CopyBudget(const CopyBudgetOptions& options)
+{
+    NoForms forms;
+    Program program(OpenFolder(options.home), forms);
+    clsDatabase& data = program.Window().Data();
+    const Month target = ReadMonth(options.month).value_or(Month{});
+    const Month source = target.Previous();
+    const std::int32_t lines = CountLines(data, source);
+    if (lines == 0)
+        throw RuntimeError(errors::ElementNotFound,
+                           "There is no budget to copy in " + MonthText(source) + ".");
+    program.ChooseMonth(target);
+    program.PressNode(std::to_string(vwBudget));
+    program.Press("mnuE_Copy");
+    program.Finish();
+
+    if (options.json)
+        std::cout << ToLine({{"from", MonthText(source)},
+                             {"to", MonthText(target)},
+                             {"copied", lines}})
+                  << '\n';
+    else
+        std::cout << "Copied " << lines << (lines == 1 ? " budget line" : " budget lines")
+                  << " from " << MonthText(source) << " to " << MonthText(target) << '\n';
+}
+
+}  // namespace
+
+void AddCopyBudget(CLI::App& app, int&)
+{
+    auto options = std::make_shared<CopyBudgetOptions>();
+    CLI::App* command = app.add_subcommand(
+        "copy-budget", "Make a month's budget the same as that of the month before");
+    command->add_option("MONTH", options->month, "Month to copy into")
+        ->required()
+        ->check(IsMonth());
+    AddHome(*command, *options);
+    AddJson(*command, *options);
+    command->callback([options] { CopyBudget(*options); });
+}
+
+}  // namespace clb

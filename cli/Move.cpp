@@ -1,0 +1,54 @@
+#include "automation/ValueJson.h"
+#include "cli/Commands.h"
+#include "cli/Options.h"
+#include "cli/Piece.h"
+#include "cli/Program.h"
+
+#include <iostream>
+#include <memory>
+
+namespace clb {
+namespace {
+
+struct MoveOptions : FolderOptions, PieceOptions {
+    std::string by;
+};
+
+void MoveTransaction(const MoveOptions& options)
+{
+    NoForms forms;
+    Program program(OpenFolder(options.home), forms);
+    const bool back = options.by == "-1";
+    const Piece piece = ShowPiece(program, options);
+    program.Press(back ? "mnuE_MovePrev" : "mnuE_MoveNext");
+    program.Finish();
+
+    const Month month = back ? piece.month.Previous() : piece.month.Next();
+    if (options.json)
+        std::cout << ToLine({{"number", piece.number},
+                             {"piece", piece.piece},
+                             {"year", month.year},
+                             {"period", month.period}})
+                  << '\n';
+    else
+        std::cout << "Moved transaction " << piece.number << " to " << MonthText(month) << '\n';
+}
+
+}  // namespace
+
+void AddMove(CLI::App& app, int&)
+{
+    auto options = std::make_shared<MoveOptions>();
+    CLI::App* command =
+        app.add_subcommand("move", "Book a transaction to the month before or after");
+    AddPiece(*command, *options);
+    command->add_option("--by", options->by, "Months: -1 back, +1 forward")
+        ->type_name("-1|+1")
+        ->required()
+        ->check(CLI::IsMember({"-1", "+1", "1"}));
+    AddHome(*command, *options);
+    AddJson(*command, *options);
+    command->callback([options] { MoveTransaction(*options); });
+}
+
+}  // namespace clb

@@ -1,0 +1,76 @@
+#include "cli/Piece.h"
+
+#include "base/RuntimeError.h"
+#include "cli/Program.h"
+
+namespace clb {
+namespace {
+
+RuntimeError NotFound(const std::string& text)
+{
+    return {errors::ElementNotFound, text};
+}
+
+std::string NameOf(const PieceOptions& options)
+{
+    const std::string name = "transaction " + std::to_string(options.number);
+    return options.piece ? name + ", piece " + std::to_string(*options.piece) : name;
+}
+
+/// The piece's row; the first piece when none is named.
+Recordset Find(clsDatabase& data, const PieceOptions& options)
+{
+    Recordset found;
+    data.Fill(found,
+              "SELECT SubSequence, AccountID, Year, Period FROM Trans WHERE Sequence = " +
+                  std::to_string(options.number) +
+                  (options.piece ? " AND SubSequence = " + std::to_string(*options.piece) : "") +
+                  " ORDER BY SubSequence",
+              true);
+    if (found.Empty())
+        throw NotFound("There is no " + NameOf(options) + ".");
+    return found;
+}
+
+/// Displayed row of the register; 0 when it is not there.
+std::size_t RowOf(CVGrid& grid, const Piece& piece)
+{
+    for (std::size_t row = 1; row <= grid.Rows().Count(); ++row)
+        if (grid.Rows().Kind(row) == GridRowKind::Data &&
+            ToLong(grid.Rows().Stored(row, kSequenceColumn)) == piece.number &&
+            ToLong(grid.Rows().Stored(row, kPieceColumn)) == piece.piece)
+            return row;
+    return 0;
+}
+
+}  // namespace
+
+void AddPiece(CLI::App& command, PieceOptions& options)
+{
+    command
+        .add_option("NUMBER", options.number,
+                    "Number of the transaction, as register --numbers prints it")
+        ->required();
+    command.add_option("--piece", options.piece,
+                       "Piece of a transaction that was split (default: the first)");
+}
+
+Piece ShowPiece(Program& program, const PieceOptions& options)
+{
+    frmController& window = program.Window();
+    const Recordset found = Find(window.Data(), options);
+    const Piece piece{options.number,
+                      ToLong(found.Get("SubSequence")),
+                      {ToLong(found.Get("Year")), ToLong(found.Get("Period"))}};
+    const FoundAccount account = FindAccount(window.Data(), ToText(found.Get("AccountID")));
+    program.ChooseMonth(piece.month);
+    program.PressAccount(account);
+    const std::size_t row = window.View().View() == vwAccount ? RowOf(window.Grid, piece) : 0;
+    if (row == 0)
+        throw NotFound("The account " + account.description + " has no register.");
+    window.window.Focus(window.Grid.Component());
+    window.Grid.Component().MoveTo(row, 1);
+    return piece;
+}
+
+}  // namespace clb

@@ -1,0 +1,37 @@
+#pragma once
+#include "base/Date.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdint>
+#include <optional>
+
+namespace clb {
+
+class Program;
+
+/// Columns of a register's rows that name a transaction and its piece.
+inline constexpr std::int32_t kSequenceColumn = 11;
+inline constexpr std::int32_t kPieceColumn = 12;
+
+/// A transaction by its number, and one of its pieces; nothing means the first there is.
+struct PieceOptions {
+    std::int32_t number = 0;
+    std::optional<std::int32_t> piece;
+};
+
+/// NUMBER and --piece.
+void AddPiece(CLI::App& command, PieceOptions& options);
+
+/// A piece that was found.
+struct Piece {
+    std::int32_t number = 0;
+    std::int32_t piece = 0;
+    Month month;
+};
+
+/// Shows the piece in its account's register of its month, makes it the current row and gives the
+/// grid the focus. Throws RuntimeError (ElementNotFound) when there is no such piece or its account
+/// has no register.
+Piece ShowPiece(Program& program, const PieceOptions& options);
+
+}  // namespace clb

@@ -1,0 +1,167 @@
+#include "automation/FormSteps.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "cli/Commands.h"
+#include "cli/Options.h"
+#include "cli/Program.h"
+#include "cli/Table.h"
+#include "controls/CheckList.h"
+
+#include <algorithm>
+#include <iostream>
+#include <memory>
+
+namespace clb {
+namespace {
+
+constexpr std::size_t kLongestAddress = 99;
+
+struct SetOptions : FolderOptions {
+    std::optional<std::string> bankUrl;
+    std::vector<std::string> count;
+    std::vector<std::string> noCount;
+
+    bool Change() const { return bankUrl || !count.empty() || !noCount.empty(); }
+};
+
+/// An account of the dialog's list, and whether it counts in the budget.
+struct ListedAccount {
+    std::string id;
+    std::string description;
+    bool counts = false;
+};
+
+/// Works the options dialog: sets what is asked for and remembers what it shows.
+class OptionsDialog : public IModalHost {
+public:
+    std::optional<std::string> address;  ///< to be set
+    std::vector<std::string> count;      ///< numbers of accounts to tick
+    std::vector<std::string> noCount;    ///< and to untick
+    bool accept = false;                 ///< OK instead of Cancel
+
+    std::string shownAddress;
+    std::vector<ListedAccount> accounts;
+
+    void Run(Form& form) override
+    {
+        using Kind = FormStep::Kind;
+        if (address)
+            PerformStep(form, {Kind::Set, "txtBankUrl", *address, 0, {}});
+        const auto& list = dynamic_cast<const CheckList&>(*form.Find("grdAccounts"));
+        for (std::size_t at = 0; at < list.Rows().size(); ++at)
+            Tick(form, static_cast<std::int32_t>(at) + 1, ToText(list.Rows()[at][2]));
+        shownAddress = dynamic_cast<const TextBox&>(*form.Find("txtBankUrl")).Text();
+        for (const auto& row : list.Rows())
+            accounts.push_back({ToText(row[2]), ToText(row[1]), row[0] == Value{true}});
+        PerformStep(form, {Kind::Press, accept ? "btnOK" : "btnCancel", "", 0, {}});
+    }
+
+private:
+    static bool Names(const std::vector<std::string>& numbers, const std::string& account)
+    {
+        return std::find(numbers.begin(), numbers.end(), account) != numbers.end();
+    }
+    void Tick(Form& form, std::int32_t row, const std::string& account)
+    {
+        for (const bool ticked : {true, false})
+            if (Names(ticked ? count : noCount, account))
+                PerformStep(form, {FormStep::Kind::Check, "", "", 0, {}, row, ticked});
+    }
+};
+
+/// Numbers of the accounts that are named. Throws RuntimeError for one that never counts.
+std::vector<std::string> Numbers(clsDatabase& data, const std::vector<std::string>& names)
+{
+    std::vector<std::string> numbers;
+    for (const std::string& name : names) {
+        const FoundAccount account = FindAccount(data, name);
+        if (clsView::ViewFromAccountType(account.type) != vwAccount)
+            throw RuntimeError(errors::InvalidCall,
+                               account.description +
+                                   " never counts in the budget: only accounts of the types Bank, "
+                                   "Cash and Credit Card do.");
+        numbers.push_back(account.id);
+    }
+    return numbers;
+}
+
+void Prepare(OptionsDialog& dialog, clsDatabase& data, const SetOptions& options)
+{
+    if (options.bankUrl && Length(*options.bankUrl) > kLongestAddress)
+        throw RuntimeError(errors::InvalidCall, "The address has more than 99 characters.");
+    dialog.address = options.bankUrl;
+    dialog.count = Numbers(data, options.count);
+    dialog.noCount = Numbers(data, options.noCount);
+    for (const std::string& account : dialog.count)
+        if (std::find(dialog.noCount.begin(), dialog.noCount.end(), account) !=
+            dialog.noCount.end())
+            throw RuntimeError(errors::InvalidCall,
+                               "The account " + account + " can only count or not count.");
+    dialog.accept = options.Change();
+}
+
+void PrintJson(const OptionsDialog& dialog)
+{
+    Json accounts = Json::array();
+    for (const ListedAccount& account : dialog.accounts)
+        accounts.push_back({{"AccountID", account.id},
+                            {"Description", account.description},
+                            {"BudgetInclude", account.counts}});
+    std::cout << ToLine({{"bankUrl", dialog.shownAddress}, {"accounts", accounts}}) << '\n';
+}
+
+void Print(const OptionsDialog& dialog)
+{
+    std::cout << "Bank web site: "
+              << (dialog.shownAddress.empty() ? "(none)" : Printable(dialog.shownAddress))
+              << "\n\n";
+    Table table;
+    table.AddColumn("Account #", false);
+    table.AddColumn("Description", false);
+    table.AddColumn("In the budget", false);
+    for (const ListedAccount& account : dialog.accounts)
+        table.AddRow({account.id, account.description, account.counts ? "yes" : "no"});
+    table.Print(std::cout);
+}
+
+void ShowOptions(const SetOptions& options)
+{
+    OptionsDialog dialog;
+    Program program(OpenFolder(options.home), dialog);
+    Prepare(dialog, program.Window().Data(), options);
+    program.Press("mnuT_Options");
+    program.Finish();
+    if (options.json)
+        PrintJson(dialog);
+    else
+        Print(dialog);
+}
+
+}  // namespace
+
+void AddOptions(CLI::App& app, int&)
+{
+    auto options = std::make_shared<SetOptions>();
+    CLI::App* command =
+        app.add_subcommand("options", "Print the options; with options to set, set them first");
+    command->add_option("--bank-url", options->bankUrl, "Address of the bank's web site")
+        ->type_name("URL");
+    command
+        ->add_option("--count", options->count,
+                     "Account, by number or description, that counts in the budget; may be "
+                     "repeated")
+        ->type_name("ACCOUNT")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    command
+        ->add_option("--no-count", options->noCount,
+                     "Account that does not count in the budget; may be repeated")
+        ->type_name("ACCOUNT")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    AddHome(*command, *options);
+    AddJson(*command, *options);
+    command->callback([options] { ShowOptions(*options); });
+}
+
+}  // namespace clb

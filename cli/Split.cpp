@@ -1,0 +1,100 @@
+#include "automation/FormSteps.h"
+#include "base/RuntimeError.h"
+#include "cli/Commands.h"
+#include "cli/Options.h"
+#include "cli/Piece.h"
+#include "cli/Program.h"
+
+#include <iostream>
+#include <memory>
+
+namespace clb {
+namespace {
+
+struct SplitOptions : FolderOptions, PieceOptions {
+    std::optional<std::string> amount;
+};
+
+/// Types the second amount, where one is given, and accepts; cancels what is not accepted.
+class AmountChoice : public IModalHost {
+public:
+    explicit AmountChoice(const std::optional<std::string>& amount) : amount_(amount) {}
+    /// The amount was taken.
+    bool Accepted() const { return accepted_; }
+
+    void Run(Form& form) override
+    {
+        using Kind = FormStep::Kind;
+        if (amount_)
+            PerformStep(form, {Kind::Set, "txtNew", *amount_, 0, {}});
+        accepted_ = PerformStep(form, {Kind::Press, "btnOK", "", 0, {}});
+        if (!accepted_)
+            form.CancelButton()->Press();
+    }
+
+private:
+    const std::optional<std::string>& amount_;
+    bool accepted_ = false;
+};
+
+Json PieceJson(clsDatabase& data, std::int32_t number, std::int32_t piece)
+{
+    Recordset row;
+    data.Fill(row,
+              "SELECT SubSequence, Description, Amount FROM Trans WHERE Sequence = " +
+                  std::to_string(number) + " AND SubSequence = " + std::to_string(piece),
+              true);
+    return {{"piece", piece},
+            {"Description", ToJson(row.Get("Description"))},
+            {"Amount", ToJson(row.Get("Amount"))}};
+}
+
+std::int32_t LastPiece(clsDatabase& data, std::int32_t number)
+{
+    Recordset last;
+    data.Fill(last,
+              "SELECT MAX( SubSequence ) AS LastPiece FROM Trans WHERE Sequence = " +
+                  std::to_string(number),
+              true);
+    return ToLong(last.Get("LastPiece"));
+}
+
+void SplitTransaction(const SplitOptions& options)
+{
+    AmountChoice choice(options.amount);
+    Program program(OpenFolder(options.home), choice);
+    const Piece piece = ShowPiece(program, options);
+    program.Press("mnuE_Split");
+    if (!choice.Accepted())
+        throw RuntimeError(errors::TypeMismatch,
+                           "This is no amount: " + options.amount.value_or(""));
+    clsDatabase& data = program.Window().Data();
+    const Json first = PieceJson(data, piece.number, piece.piece);
+    const Json second = PieceJson(data, piece.number, LastPiece(data, piece.number));
+    program.Finish();
+
+    if (options.json)
+        std::cout << ToLine({{"number", piece.number}, {"pieces", Json::array({first, second})}})
+                  << '\n';
+    else
+        std::cout << "Split transaction " << piece.number << ": "
+                  << first["Amount"].get<std::string>() << " stays in piece " << first["piece"]
+                  << ", " << second["Amount"].get<std::string>() << " goes to piece "
+                  << second["piece"] << '\n';
+}
+
+}  // namespace
+
+void AddSplit(CLI::App& app, int&)
+{
+    auto options = std::make_shared<SplitOptions>();
+    CLI::App* command = app.add_subcommand("split", "Split a transaction into two pieces");
+    AddPiece(*command, *options);
+    command->add_option("AMOUNT", options->amount,
+                        "What goes to the new piece (default: half, in whole cents)");
+    AddHome(*command, *options);
+    AddJson(*command, *options);
+    command->callback([options] { SplitTransaction(*options); });
+}
+
+}  // namespace clb
