@@ -14,8 +14,9 @@ constexpr const char* kMonths[] = {"January",   "February", "March",    "April",
                                    "May",       "June",     "July",     "August",
                                    "September", "October",  "November", "December"};
 
-/// The number that a year's text stands for; 0 when it is none.
-std::int32_t YearNumber(const std::string& text)
+/// The number that a year's text stands for; 0 when it is none. Wide, so that the year box refuses
+/// the one behind the last as any text that is no year.
+std::int64_t YearNumber(const std::string& text)
 {
     return IsNumeric(text) ? ParseLong(text) : 0;
 }

@@ -91,6 +91,28 @@ TEST_F(MonthTest, AYearThatIsNoNumberIsARuntimeErrorAndTheTextStays)
     EXPECT_EQ(Shown(), R"json([3,"2007",3,2007])json");
 }
 
+TEST_F(MonthTest, BehindTheLastYearThereIsNone)
+{
+    Do({{"do", "set"}, {"control", "cmbPeriod"}, {"to", 12}});
+    Do({{"do", "set"}, {"control", "txtYear"}, {"to", "2147483647"}});
+
+    // It once showed January of the first year of all.
+    EXPECT_EQ(ErrorOf({{"do", "toolbar"}, {"button", "Forward"}}), 6);
+
+    EXPECT_EQ(Window()["period"], 1);
+    EXPECT_EQ(Call("ViewGet", {"Year"}), 2147483647);
+}
+
+TEST_F(MonthTest, AYearThatIsNoNumberCountsAsNoneWhenItIsStepped)
+{
+    Do({{"do", "set"}, {"control", "cmbPeriod"}, {"to", 12}});
+    ErrorOf({{"do", "set"}, {"control", "txtYear"}, {"to", "next"}});
+
+    Press("Forward");
+
+    EXPECT_EQ(Shown(), R"json([1,"1",1,1])json");
+}
+
 TEST_F(MonthTest, WhileRefreshesAreHeldNothingReloads)
 {
     Events();
