@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tests/support/TempFolder.h"
 
 namespace clb {
@@ -20,6 +22,19 @@ TEST_F(clsIniTest, AMissingFileReadsAsTheDefault)
     EXPECT_EQ(ini_.GetString("Settings", "BankUrl"), "");
     EXPECT_EQ(ini_.GetString("Settings", "BankUrl", "none"), "none");
     EXPECT_EQ(ini_.GetLong("Settings", "Port", 8271), 8271);
+}
+
+TEST_F(clsIniTest, WithoutAFileSetNothingIsWritten)
+{
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder_.Path());
+    clsIni unset;
+
+    unset.WriteString("Settings", "BankUrl", "x");
+    EXPECT_EQ(unset.GetString("Settings", "BankUrl", "none"), "none");
+
+    EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
+    std::filesystem::current_path(before);
 }
 
 TEST_F(clsIniTest, WhatIsWrittenIsReadBack)
