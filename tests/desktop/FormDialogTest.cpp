@@ -9,7 +9,9 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include "app/clsIni.h"
 #include "app/frmAbout.h"
+#include "app/frmOptions.h"
 #include "app/frmSplit.h"
 #include "desktop/CheckListView.h"
 #include "desktop/FormDialog.h"
@@ -171,6 +173,87 @@ TEST_F(FormDialogTest, TheWebSiteInTheAboutBoxIsALink)
     form.ShowDialog();
 
     EXPECT_EQ(books_.shell.opened, (std::vector<std::string>{"https://corvane.example/"}));
+}
+
+TEST_F(FormDialogTest, TheSplitDialogTakesNoTextThatIsNoAmountAndCancels)
+{
+    frmSplit form(host_);
+    QTimer::singleShot(0, [] {
+        auto& dialog = *dynamic_cast<FormDialog*>(QApplication::activeModalWidget());
+        QWidget* second = dialog.WidgetOf("txtNew");
+        // The proposal is selected, so typing replaces it.
+        QTest::keyClicks(second, "thirty");
+        EXPECT_FALSE(dialog.WidgetOf("btnOK")->isEnabled());
+        qobject_cast<QLineEdit*>(second)->selectAll();
+        QTest::keyClicks(second, "30");
+        EXPECT_TRUE(dialog.WidgetOf("btnOK")->isEnabled());
+        EXPECT_EQ(qobject_cast<QLineEdit*>(dialog.WidgetOf("txtOriginal"))->text(), "70");
+        EXPECT_EQ(qobject_cast<QLineEdit*>(dialog.WidgetOf("txtTotal"))->text(), "100");
+        Press(dialog, "btnCancel");
+    });
+    Money first;
+    Money second;
+
+    EXPECT_FALSE(form.Split(Money::Parse("100"), "Groceries", first, second));
+    EXPECT_EQ(second, Money());
+}
+
+class OptionsDialogTest : public FormDialogTest {
+protected:
+    OptionsDialogTest()
+    {
+        books_.AddAccount("1", "Bank", "Checking");
+        books_.AddAccount("2", "Loan", "Car");
+    }
+    void Show(const std::function<void(FormDialog&)>& work)
+    {
+        frmOptions form(books_.window.Data(), host_, Settings());
+        QTimer::singleShot(
+            0, [&work] { work(*dynamic_cast<FormDialog*>(QApplication::activeModalWidget())); });
+        form.ShowDialog();
+    }
+    std::string Settings() { return books_.window.SettingsFile(); }
+    std::string Counted() { return books_.One("SELECT BudgetInclude FROM Account"); }
+    static void ChangeEverything(FormDialog& dialog)
+    {
+        QTest::keyClicks(dialog.WidgetOf("txtBankUrl"), "https://bank.example");
+        auto* accounts = dynamic_cast<CheckListView*>(dialog.WidgetOf("grdAccounts"));
+        ASSERT_TRUE(accounts);
+        EXPECT_EQ(accounts->topLevelItemCount(), 1) << "a loan never counts in the budget";
+        const QRect line = accounts->visualItemRect(accounts->topLevelItem(0));
+        QTest::mouseClick(accounts->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          QPoint(line.left() + 12, line.center().y()));
+    }
+};
+
+TEST_F(OptionsDialogTest, OkKeepsTheAddressAndTheTicks)
+{
+    const std::string before = Counted();
+
+    Show([](FormDialog& dialog) {
+        ChangeEverything(dialog);
+        Press(dialog, "btnOK");
+    });
+
+    clsIni ini;
+    ini.INIFile(Settings());
+    EXPECT_EQ(ini.GetString("Settings", "BankUrl"), "https://bank.example");
+    EXPECT_NE(Counted(), before);
+}
+
+TEST_F(OptionsDialogTest, CancelKeepsNothing)
+{
+    const std::string before = Counted();
+
+    Show([](FormDialog& dialog) {
+        ChangeEverything(dialog);
+        Press(dialog, "btnCancel");
+    });
+
+    clsIni ini;
+    ini.INIFile(Settings());
+    EXPECT_EQ(ini.GetString("Settings", "BankUrl"), "");
+    EXPECT_EQ(Counted(), before);
 }
 
 TEST(OtherFormTest, AFormWithoutAnArrangementOfItsOwnShowsAllItsControls)
