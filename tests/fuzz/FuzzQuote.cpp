@@ -1,0 +1,33 @@
+// Any bytes as the quote service's answer: the quote holds texts, none of them empty by accident.
+
+#include <optional>
+
+#include "ports/IHttpClient.h"
+#include "quotes/clsStockQuote.h"
+#include "tests/fuzz/Fuzz.h"
+
+namespace {
+
+class OneAnswer : public clb::IHttpClient {
+public:
+    explicit OneAnswer(std::string_view answer) : answer_(answer) {}
+    std::optional<std::string> Get(const std::string& /*url*/) override { return answer_; }
+
+private:
+    std::string answer_;
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    using namespace clb;
+    OneAnswer http(TextOf(data, size));
+    clsStockQuote quote(http, "http://127.0.0.1:8271");
+    quote.Symbol("ACME");
+    // Without a proper answer the cleared state stands, whole.
+    if (quote.Quote() == "0.00" && quote.Change() == "N/A" && quote.Bid() == "N/A")
+        Require(quote.Symbol() == "ACME");
+    Require(quote.Volume().size() <= 2 * size + 3);
+    return 0;
+}

@@ -1,0 +1,49 @@
+#pragma once
+#include <memory>
+
+#include "engine/Connection.h"
+#include "engine/EngineError.h"
+#include "tests/fuzz/Fuzz.h"
+
+namespace clb {
+
+/// A small database that statements may do anything to; made anew every thousand uses.
+class FuzzStore {
+public:
+    Connection& Open()
+    {
+        if (uses_++ % 1000 == 0)
+            Renew();
+        return *connection_;
+    }
+
+private:
+    void Renew()
+    {
+        connection_.reset();
+        const std::string folder = folder_.Path("books");
+        std::filesystem::remove_all(folder);
+        std::filesystem::create_directories(folder);
+        Connection::CreateFile(folder + "/clb.mdb",
+                               "CREATE TABLE Trans (Sequence INTEGER PRIMARY KEY AUTOINCREMENT, "
+                               "AccountID TEXT, Amount MONEY DEFAULT 0, PostDate DATETIME, Year "
+                               "LONG, Cleared YESNO, Rate DOUBLE, "
+                               "Category TEXT(50));"
+                               "CREATE TABLE Account (AccountID TEXT, Balance MONEY DEFAULT 0);");
+        connection_ = std::make_unique<Connection>();
+        connection_->Open("Data Source=" + folder + "/clb.mdb");
+        for (const char* statement :
+             {"INSERT INTO Account (AccountID, Balance) VALUES ('1', 10)",
+              "INSERT INTO Trans (AccountID, Amount, PostDate, Year, Cleared, Rate, Category) "
+              "VALUES "
+              "('1', -4.5, #2006-03-05#, 2006, TRUE, 0.5, 'Food')",
+              "INSERT INTO Trans (AccountID, Amount, Category) VALUES ('2', 7, 'It''s')"})
+            connection_->Execute(statement);
+    }
+
+    FuzzFolder folder_;
+    std::unique_ptr<Connection> connection_;
+    unsigned uses_ = 0;
+};
+
+}  // namespace clb
