@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "base/RuntimeError.h"
 #include "import/modImport.h"
+#include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/TempFolder.h"
 
 namespace clb {
@@ -193,26 +192,6 @@ TEST_F(FixLineEndingsTest, ANameTooLongForTheFirstVersionChangesNothing)
     EXPECT_EQ(folder_.Read(std::string(250, 'n')), "one\ntwo\n");
     EXPECT_EQ(Files(), 1U);
 }
-
-/// The superuser writes everywhere: while one lives, the test is nobody, who owns the folder.
-class AsOrdinaryUser {
-public:
-    explicit AsOrdinaryUser(const std::vector<std::string>& paths)
-    {
-        if (!superuser_)
-            return;
-        for (const std::string& path : paths)
-            EXPECT_EQ(chown(path.c_str(), kNobody, kNobody), 0);
-        EXPECT_EQ(seteuid(kNobody), 0);
-    }
-    ~AsOrdinaryUser() { EXPECT_TRUE(!superuser_ || seteuid(0) == 0); }
-    AsOrdinaryUser(const AsOrdinaryUser&) = delete;
-    AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
-
-private:
-    static constexpr uid_t kNobody = 65534;
-    const bool superuser_ = geteuid() == 0;
-};
 
 TEST_F(FixLineEndingsTest, AFolderThatTakesNoFilesChangesNothing)
 {

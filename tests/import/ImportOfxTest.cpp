@@ -46,7 +46,8 @@ protected:
 
     Books books_;
     FakeImportHost host_;
-    modImport import_{books_.window.Data(), books_.window.View(), host_, books_.messages, books_.clock};
+    modImport import_{books_.window.Data(), books_.window.View(), host_, books_.messages,
+                      books_.clock};
 };
 
 TEST_F(ImportOfxTest, EveryFieldIsFilledFromTheStatement)

@@ -1,61 +1,43 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <fstream>
 #include <iterator>
 
-#include "tests/support/Books.h"
-#include "tests/support/FakeImportHost.h"
+#include "tests/support/CutStatement.h"
 #include "tests/support/TestNames.h"
 
 namespace clb {
 namespace {
 
-/// A statement cut off after each of its bytes, imported one after the other into the same account.
-class TruncatedStatementsTest : public ::testing::TestWithParam<const char*> {
-protected:
-    static std::string Fixture(const std::string& name)
-    {
-        std::ifstream file(CLB_TEST_FIXTURES "/statements/" + name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    void Import(std::string_view text)
-    {
-        std::filesystem::remove(books_.folder.Path("s.ofx.org"));
-        host_.file = books_.folder.Write("s.ofx", text);
-        import_.ImportFile();
-    }
-    std::vector<std::string> Rows()
-    {
-        return books_.Rows(
-            "SELECT AccountID, FITID, PostDate, Amount, Description, PayeeName "
-            "FROM Trans ORDER BY Sequence");
-    }
+std::string Fixture(const std::string& name)
+{
+    std::ifstream file(CLB_TEST_FIXTURES "/statements/" + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
 
-    Books books_;
-    FakeImportHost host_;
-    modImport import_{books_.window.Data(), books_.window.View(), host_, books_.messages, books_.clock};
-};
+class TruncatedStatementsTest : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(TruncatedStatementsTest, AddOnlyWholeTransactionsWhereverTheyAreCut)
 {
-    const std::string statement = Fixture(GetParam());
-    ASSERT_FALSE(statement.empty());
+    CutStatement statement(GetParam(), Fixture(GetParam()));
 
-    for (std::size_t length = 0; length < statement.size(); ++length)
-        Import(statement.substr(0, length));
-    const std::vector<std::string> rowsOfPieces = Rows();
-    Import(statement);
-
-    EXPECT_FALSE(rowsOfPieces.empty());
-    EXPECT_EQ(Rows(), rowsOfPieces);
-    for (const FakeMessageBox::Box& box : books_.messages.boxes)
-        EXPECT_EQ(box.text, "Invalid file format.");
+    for (std::size_t length = 0; length < statement.Size(); ++length)
+        statement.ExpectWholeTransactionsOnly(length);
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, TruncatedStatementsTest,
-                         ::testing::Values("bank-crlf.ofx", "end-tags.qfx"),
+                         ::testing::Values("bank-crlf.ofx", "end-tags.qfx", "old-bank.ofc",
+                                           "credit-card-lf.ofx", "windows-1252.ofx", "utf-8.ofx",
+                                           "carriage-returns-only.ofx", "bank.QIF"),
                          [](const auto& test) { return TestName(test.param); });
+
+TEST(TruncatedQifTest, AddsOnlyWholeRecordsWhereverItIsCut)
+{
+    CutStatement statement("two.qif",
+                           "!Type:Bank\r\nD3/5'06\r\nT-45.00\r\nPGrocer\r\nMmilk\r\nN17\r\n^\r\n"
+                           "D12/31/2006\r\nT1,200.50\r\nLSalary\r\n^\r\n");
+
+    for (std::size_t length = 0; length < statement.Size(); ++length)
+        statement.ExpectWholeTransactionsOnly(length);
+}
 
 }  // namespace
 }  // namespace clb

@@ -1,4 +1,5 @@
 #pragma once
+#include <unistd.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -11,9 +12,10 @@ namespace clb {
 /// A folder of its own for one test, gone with everything in it afterwards.
 class TempFolder {
 public:
-    TempFolder()
+    explicit TempFolder(
+        const std::filesystem::path& parent = std::filesystem::temp_directory_path())
     {
-        std::string name = (std::filesystem::temp_directory_path() / "clb-test-XXXXXX").string();
+        std::string name = (parent / "clb-test-XXXXXX").string();
         if (!mkdtemp(name.data()))
             throw std::runtime_error("no temporary folder");
         path_ = name;
@@ -22,6 +24,12 @@ public:
     {
         std::error_code ignored;
         std::filesystem::remove_all(path_, ignored);
+    }
+    /// In memory where the system offers that, for files that are written thousands of times.
+    static std::filesystem::path Memory()
+    {
+        const char* memory = "/dev/shm";
+        return access(memory, W_OK) == 0 ? memory : std::filesystem::temp_directory_path();
     }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
