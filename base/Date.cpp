@@ -159,6 +159,19 @@ std::optional<Date> MonthDayYear(std::string_view text)
     return Date::Of(FullYear(third), Value(first), Value(second));
 }
 
+std::optional<Date> InOrder(std::string_view text, Order order)
+{
+    if (order == Order::MonthDayYear)
+        return MonthDayYear(text);
+    const auto numbers = ThreeNumbers(text);
+    if (!numbers)
+        return std::nullopt;
+    const auto& [first, second, third] = *numbers;
+    if (order == Order::DayMonthYear)
+        return Date::Of(FullYear(third), Value(second), Value(first));
+    return Date::Of(FullYear(first), Value(second), Value(third));
+}
+
 }  // namespace DateText
 
 }  // namespace clb

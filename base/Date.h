@@ -53,6 +53,11 @@ std::optional<Date> YearMonthDay(std::string_view text);
 /// month/day/year; a first number of three or four digits means year/month/day. Years written with
 /// one or two digits: 0 to 29 are 20xx, 30 to 99 are 19xx.
 std::optional<Date> MonthDayYear(std::string_view text);
+/// The order of the three numbers, where a file's writer is known.
+enum class Order { MonthDayYear, DayMonthYear, YearMonthDay };
+/// By the rule above for month/day/year; the other two take no other order than their own, years of
+/// one or two digits as above.
+std::optional<Date> InOrder(std::string_view text, Order order);
 }  // namespace DateText
 
 /// A budget month: calendar year and period, 1 = January to 12 = December.

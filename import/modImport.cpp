@@ -59,6 +59,7 @@ void modImport::ImportFile()
     host_.WindowEnabled(false);
     host_.Pointer(pointer::Hourglass);
 
+    counts_ = {};
     FixLineEndings(path);
     if (!ImportByFormat(path))
         return;  // On purpose: status text, pointer and the disabled window stay as they are.

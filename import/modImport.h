@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/Date.h"
 #include "import/IImportHost.h"
 #include "ports/IMessageBox.h"
 
@@ -11,6 +12,12 @@ namespace clb {
 class clsDatabase;
 class clsView;
 class IClock;
+
+/// What became of the transactions of one file.
+struct ImportCounts {
+    std::int32_t added = 0;
+    std::int32_t duplicates = 0;  ///< left out: the account holds them
+};
 
 /// Reads statement files into accounts. All members borrowed; they outlive the import.
 class modImport {
@@ -36,8 +43,15 @@ public:
     /// not be used. Throws RuntimeError when the file cannot be read.
     void ImportQIF(const std::string& path);
 
+    /// How the next QIF files order the numbers of their dates: month/day/year unless it is set.
+    /// The window never sets it.
+    void QifDateOrder(DateText::Order order) { dateOrder_ = order; }
+    /// Of the last file, as far as it was read.
+    const ImportCounts& Counts() const { return counts_; }
+
 private:
     bool ImportByFormat(const std::string& path);
+    std::string NewRun();
     void RebalanceAll();
 
     clsDatabase& database_;
@@ -45,6 +59,10 @@ private:
     IImportHost& host_;
     IMessageBox& messages_;
     const IClock& clock_;
+    DateText::Order dateOrder_ = DateText::Order::MonthDayYear;
+    ImportCounts counts_;
+    std::string lastTick_;
+    std::int32_t runsInTick_ = 0;
 };
 
 /// The texts between the tags of a statement file. Positions are 1-based and count characters.

@@ -40,7 +40,10 @@ std::string Characters(std::string_view text, std::size_t first, std::size_t cou
 /// reading stood.
 class OfxReader {
 public:
-    OfxReader(clsDatabase& database, IImportHost& host) : database_(database), host_(host) {}
+    OfxReader(clsDatabase& database, IImportHost& host, ImportCounts& counts)
+        : database_(database), host_(host), counts_(counts)
+    {
+    }
 
     void Read(const std::string& path);
 
@@ -61,6 +64,7 @@ private:
 
     clsDatabase& database_;
     IImportHost& host_;
+    ImportCounts& counts_;
     std::string text_;
     std::string working_;
     std::string accountID_;
@@ -94,7 +98,9 @@ void OfxReader::ReadTransactions(std::size_t from)
         const std::string_view block = scan::Block(text_, "STMTTRN", from);
         if (block.empty())
             return;
-        if (!IsKnown(scan::Value(block, "<FITID>", 0)))
+        if (IsKnown(scan::Value(block, "<FITID>", 0)))
+            ++counts_.duplicates;
+        else
             Add(Convert(block));
     }
 }
@@ -156,6 +162,7 @@ void OfxReader::Add(const StatementTransaction& transaction)
     SetFields(transaction);
     ProvideBudgetLine(transaction.month);
     rows_.Update();
+    ++counts_.added;
 }
 
 void OfxReader::SetFields(const StatementTransaction& transaction)
@@ -186,7 +193,8 @@ void OfxReader::ProvideBudgetLine(Month month)
 
 void modImport::ImportOFX(const std::string& path)
 {
-    OfxReader reader(database_, host_);
+    counts_ = {};
+    OfxReader reader(database_, host_, counts_);
     try {
         reader.Read(path);
     } catch (const RuntimeError&) {

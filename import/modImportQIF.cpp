@@ -45,11 +45,18 @@ struct QifRecord {
     std::string group;
 };
 
+/// Where the rows of a run go and how its dates are read.
+struct QifRun {
+    std::string accountID;
+    std::string identifier;  ///< tells its rows from those that were there before
+    DateText::Order dateOrder = DateText::Order::MonthDayYear;
+};
+
 /// One run over one QIF file.
 class QifReader {
 public:
-    QifReader(clsDatabase& database, const clsView& view, std::string accountID, std::string run)
-        : database_(database), view_(view), accountID_(std::move(accountID)), run_(std::move(run))
+    QifReader(clsDatabase& database, const clsView& view, QifRun run, ImportCounts& counts)
+        : database_(database), view_(view), run_(std::move(run)), counts_(counts)
     {
     }
 
@@ -69,8 +76,8 @@ private:
 
     clsDatabase& database_;
     const clsView& view_;
-    std::string accountID_;
-    std::string run_;
+    QifRun run_;
+    ImportCounts& counts_;
     Section section_ = Section::Ignored;
     QifRecord record_;
     Date postDate_;  // kept from record to record
@@ -114,7 +121,7 @@ void QifReader::HandleField(char letter, std::string_view value)
 {
     switch (letter) {
         case 'D': {
-            const auto date = DateText::MonthDayYear(Replace(value, "'", "/"));
+            const auto date = DateText::InOrder(Replace(value, "'", "/"), run_.dateOrder);
             if (!date)
                 throw TypeMismatch();
             postDate_ = *date;
@@ -168,27 +175,30 @@ std::string QifReader::DuplicateQuery() const
         record_.checkID.empty() ? "" : " AND CheckID = '" + record_.checkID + "'";
     return "SELECT AccountID, FITID, PostDate, Amount, Description, CheckID, Period, Year, "
            "Category, PayeeName AS Notes, Sequence FROM Trans WHERE AccountID = " +
-           quoted(accountID_) + " AND PostDate = #" + postDate_.ToIso() +
+           quoted(run_.accountID) + " AND PostDate = #" + postDate_.ToIso() +
            "# AND Amount = " + record_.amount.ToText() + check +
-           " AND PayeeName = " + quoted(record_.memo) + " AND FITID <> '" + run_ + "'";
+           " AND PayeeName = " + quoted(record_.memo) + " AND FITID <> '" + run_.identifier + "'";
 }
 
 void QifReader::EndTransaction()
 {
     Recordset rows;
     database_.Fill(rows, DuplicateQuery(), false);
-    if (!rows.Empty())
+    if (!rows.Empty()) {
+        ++counts_.duplicates;
         return;
+    }
     const Month month{postDate_.Year(), postDate_.Month()};
     database_.CreateBudgetEntry(record_.category, month.year, month.period, kNoCategory, Money());
     AddRow(rows, month);
+    ++counts_.added;
 }
 
 void QifReader::AddRow(Recordset& rows, Month month)
 {
     rows.AddNew();
-    rows.Set("AccountID", accountID_);
-    rows.Set("FITID", run_);
+    rows.Set("AccountID", run_.accountID);
+    rows.Set("FITID", run_.identifier);
     rows.Set("Year", month.year);
     rows.Set("Period", month.period);
     rows.Set("PostDate", postDate_);
@@ -212,14 +222,22 @@ void QifReader::EndCategory()
 
 }  // namespace
 
+/// Date, time and tick count; numbered where it is the last one's tick: small files take less.
+std::string modImport::NewRun()
+{
+    std::string run = clock_.Now().ToIso() + " " + std::to_string(clock_.TickCount());
+    runsInTick_ = run == lastTick_ ? runsInTick_ + 1 : 1;
+    lastTick_ = run;
+    return runsInTick_ == 1 ? run : run + " (" + std::to_string(runsInTick_) + ")";
+}
+
 void modImport::ImportQIF(const std::string& path)
 {
+    counts_ = {};
     std::string accountID;
     if (!host_.CheckImportAccount(accountID))
         return;
-    // Tells the rows of this run from those that were there before.
-    const std::string run = clock_.Now().ToIso() + " " + std::to_string(clock_.TickCount());
-    QifReader reader(database_, view_, accountID, run);
+    QifReader reader(database_, view_, {accountID, NewRun(), dateOrder_}, counts_);
     const std::string text = ReadStatement(path);
     reader.Read(text);
     if (!reader.Skipped().empty())

@@ -38,6 +38,24 @@ TEST(DateTest, StatementDatesAreYearMonthDay)
     EXPECT_FALSE(DateText::YearMonthDay("2006/3").has_value());
 }
 
+TEST(DateTest, RecordDatesOfAKnownOrderAreReadInNoOther)
+{
+    using DateText::InOrder;
+    using DateText::Order;
+    EXPECT_EQ(InOrder("1/15/06", Order::MonthDayYear), Date::Of(2006, 1, 15));
+    EXPECT_EQ(InOrder("2006-01-15", Order::MonthDayYear), Date::Of(2006, 1, 15));
+    EXPECT_EQ(InOrder("15/1/06", Order::DayMonthYear), Date::Of(2006, 1, 15));
+    EXPECT_EQ(InOrder(" 1-2 -1930", Order::DayMonthYear), Date::Of(1930, 2, 1));
+    EXPECT_FALSE(InOrder("1/15/06", Order::DayMonthYear));
+    EXPECT_FALSE(InOrder("2006/1/15", Order::DayMonthYear));
+    EXPECT_FALSE(InOrder("15/1", Order::DayMonthYear));
+    EXPECT_EQ(InOrder("2006/1/15", Order::YearMonthDay), Date::Of(2006, 1, 15));
+    EXPECT_EQ(InOrder("30-12-31", Order::YearMonthDay), Date::Of(1930, 12, 31));
+    EXPECT_FALSE(InOrder("2006/15/1", Order::YearMonthDay));
+    EXPECT_FALSE(InOrder("15/1/2006", Order::YearMonthDay));
+    EXPECT_FALSE(InOrder("soon", Order::YearMonthDay));
+}
+
 TEST(DateTest, RecordDatesAreMonthDayYear)
 {
     EXPECT_EQ(DateText::MonthDayYear("1/15/06"), Date::Of(2006, 1, 15));

@@ -126,6 +126,18 @@ TEST_F(ImportOfxTest, ATransactionThatTheAccountHoldsIsSkippedInSilence)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
+TEST_F(ImportOfxTest, TellsHowManyTransactionsWereAddedAndHowManyWereThere)
+{
+    Import(Statement(Transaction("F1", "20060305", "1") + Transaction("F1", "20060305", "1") +
+                     Transaction("F2", "20060305", "1") + Transaction("F3", "20061305", "1")));
+    EXPECT_EQ(import_.Counts().added, 2);
+    EXPECT_EQ(import_.Counts().duplicates, 1);
+
+    Import(Statement(Transaction("F2", "20060305", "1")));
+    EXPECT_EQ(import_.Counts().added, 0);
+    EXPECT_EQ(import_.Counts().duplicates, 1);
+}
+
 TEST_F(ImportOfxTest, AnotherAccountsTransactionIsNoDuplicate)
 {
     books_.Execute("INSERT INTO Trans (Sequence, AccountID, FITID) VALUES (1, '2', 'F1')");

@@ -24,6 +24,10 @@ protected:
     void Import(const std::string& lines)
     {
         ++books_.clock.ticks;
+        ImportInTheSameTick(lines);
+    }
+    void ImportInTheSameTick(const std::string& lines)
+    {
         import_.ImportQIF(books_.folder.Write("bank.qif", Replace(lines, "\n", "\r\n")));
     }
     std::vector<std::string> Column(const std::string& name)
@@ -154,6 +158,42 @@ TEST_F(ImportQifTest, RowsOfOneRunShareAnIdentifierOfTheirOwn)
     EXPECT_EQ(runs[0], runs[1]);
     EXPECT_NE(runs[0], runs[2]);
     EXPECT_NE(runs[0], "");
+}
+
+/// Two files read within one tick gave their rows one identifier, and the second file's records
+/// were no duplicates of the first one's.
+TEST_F(ImportQifTest, RunsWithinOneTickAreDifferentRuns)
+{
+    const std::string file = "!Type:Bank\nD1/1/06\nT-1\n^\n";
+    for (int time = 0; time < 3; ++time)
+        ImportInTheSameTick(file);
+    EXPECT_THAT(Column("Amount"), ElementsAre("-1"));
+
+    for (int time = 0; time < 2; ++time)
+        ImportInTheSameTick("!Type:Bank\nD1/1/06\nT-2\n^\n");
+    EXPECT_THAT(Column("Amount"), ElementsAre("-1", "-2"));
+}
+
+TEST_F(ImportQifTest, TheOrderOfItsDatesMayBeGiven)
+{
+    import_.QifDateOrder(DateText::Order::DayMonthYear);
+    Import("!Type:Bank\nD23/10'06\nT1\n^\nD10/23/06\nT2\n^\n");
+    ExpectSkipped("\nD10/23/06");
+    import_.QifDateOrder(DateText::Order::YearMonthDay);
+    Import("!Type:Bank\nD2006-10-24\nT3\n^\n");
+
+    EXPECT_THAT(Column("PostDate"), ElementsAre("2006-10-23", "2006-10-23", "2006-10-24"));
+}
+
+TEST_F(ImportQifTest, TellsHowManyRecordsWereAddedAndHowManyWereThere)
+{
+    Import("!Type:Bank\nD1/1/06\nT-1\n^\nT-2\n^\nT-3\nNit's\n^\n");
+    EXPECT_EQ(import_.Counts().added, 2);
+    EXPECT_EQ(import_.Counts().duplicates, 0);
+
+    Import("!Type:Bank\nD1/1/06\nT-1\n^\nT-2\n^\nT-4\n^\n");
+    EXPECT_EQ(import_.Counts().added, 1);
+    EXPECT_EQ(import_.Counts().duplicates, 2);
 }
 
 struct Header {

@@ -1,0 +1,112 @@
+#include "import/LeftOut.h"
+
+#include <algorithm>
+#include <set>
+
+#include "base/Text.h"
+#include "import/StatementScan.h"
+
+namespace clb {
+namespace {
+
+namespace scan = statement_scan;
+
+constexpr std::string_view kAccount = "<ACCTID>";
+constexpr std::string_view kOpen = "<STMTTRN>";
+constexpr std::string_view kClose = "</STMTTRN>";
+constexpr std::size_t kSearchStart = 5;  // in characters, as the reader begins
+
+/// Lines with something in them, whatever they end in.
+std::size_t FilledLines(std::string_view text)
+{
+    std::size_t count = 0;
+    bool filled = false;
+    for (const char c : text) {
+        const bool end = c == '\r' || c == '\n';
+        if (!end && !filled)
+            ++count;
+        filled = !end;
+    }
+    return count;
+}
+
+/// A value before the repair: it ends at a bare line feed too, which gets its carriage return.
+std::string_view Value(std::string_view text, std::string_view tag, std::size_t from)
+{
+    std::string_view value = scan::Value(text, tag, from);
+    return TrimRight(value.substr(0, value.find('\n')));
+}
+
+/// Walks over the transactions as the reader does, and on behind the place where it stops.
+class Walk {
+public:
+    explicit Walk(std::string_view text) : text_(text) {}
+
+    void Count(LeftOut& result)
+    {
+        at_ = scan::Find(text_, kAccount, ByteOffset(text_, kSearchStart));
+        if (at_ == scan::None)
+            return;
+        const std::string_view first = Value(text_, kAccount, at_);
+        std::string_view account = first;
+        std::set<std::string_view> others;
+        bool stopped = false;
+        for (std::size_t open = Next(); open != scan::None; open = Next()) {
+            account = LastAccount(account, open);
+            const std::string_view block = Take(open);
+            if (stopped && !block.empty())
+                ++result.behindEmptyTransaction;
+            stopped = stopped || block.empty();
+            if (stopped)
+                continue;
+            if (account != first)
+                others.insert(account);
+            if (Value(block, "<FITID>", 0).empty())
+                ++result.withoutIdentifier;
+        }
+        result.furtherAccounts = others.size();
+    }
+
+private:
+    /// Where the next whole transaction opens.
+    std::size_t Next() const
+    {
+        const std::size_t open = scan::Find(text_, kOpen, at_);
+        return open == scan::None || scan::Find(text_, kClose, open) == scan::None ? scan::None
+                                                                                   : open;
+    }
+    /// The account named last between the place reached and the transaction.
+    std::string_view LastAccount(std::string_view account, std::size_t open) const
+    {
+        const std::size_t tag = text_.substr(at_, open - at_).rfind(kAccount);
+        return tag == std::string_view::npos ? account : Value(text_, kAccount, at_ + tag);
+    }
+    std::string_view Take(std::size_t open)
+    {
+        const std::size_t start = open + kOpen.size();
+        const std::size_t close = scan::Find(text_, kClose, start);
+        at_ = close + kClose.size();
+        return text_.substr(start, close - start);
+    }
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+};
+
+}  // namespace
+
+LeftOut CountLeftOut(std::string_view text, bool markup)
+{
+    LeftOut result;
+    const std::size_t end = std::min(text.find('\r'), text.size());
+    const std::string_view firstLine = text.substr(0, end);
+    if (firstLine.find('\n') != std::string_view::npos) {
+        result.linesBehindRepair = FilledLines(text.substr(end));
+        text = firstLine;
+    }
+    if (markup)
+        Walk(text).Count(result);
+    return result;
+}
+
+}  // namespace clb

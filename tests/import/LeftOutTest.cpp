@@ -1,0 +1,92 @@
+#include "import/LeftOut.h"
+
+#include <gtest/gtest.h>
+
+#include "base/Text.h"
+
+namespace clb {
+namespace {
+
+std::string Transaction(const std::string& fitid)
+{
+    return "<STMTTRN>\r\n<FITID>" + fitid + "\r\n<TRNAMT>1\r\n</STMTTRN>\r\n";
+}
+
+TEST(LeftOutTest, AnOrdinaryStatementLosesNothing)
+{
+    const std::string text =
+        "<OFC>\r\n<ACCTID>1\r\n" + Transaction("F1") + Transaction("F2") + "</OFC>\r\n";
+
+    EXPECT_TRUE(CountLeftOut(text, true).Nothing());
+    EXPECT_TRUE(CountLeftOut(Replace(text, "\r\n", "\n"), true).Nothing());
+    EXPECT_TRUE(CountLeftOut(Replace(text, "\r\n", "\r"), true).Nothing());
+    EXPECT_TRUE(CountLeftOut("", true).Nothing());
+    EXPECT_TRUE(CountLeftOut("!Type:Bank\nD1/1/06\n^\n", false).Nothing());
+}
+
+TEST(LeftOutTest, LinesBehindTheFirstCarriageReturnOfAFileToRepair)
+{
+    EXPECT_EQ(CountLeftOut("!Type:Bank\nT1\n^\r\nT2\r\n^\r\n\r\n", false),
+              LeftOut{.linesBehindRepair = 2});
+    EXPECT_EQ(CountLeftOut("!Type:Bank\nT1\n^\r\n\r\n\n", false), LeftOut());
+    // The first line says it: here it has its carriage return.
+    EXPECT_EQ(CountLeftOut("!Type:Bank\r\nT1\n^\nT2\r\n", false), LeftOut());
+}
+
+TEST(LeftOutTest, WhatTheRepairDropsCountsAsLinesOnly)
+{
+    const std::string text = "<OFC>\n<ACCTID>1\n" + Replace(Transaction("F1"), "\r", "") + "\r\n" +
+                             Transaction("") + Transaction("");
+
+    EXPECT_EQ(CountLeftOut(text, true), LeftOut{.linesBehindRepair = 8});
+}
+
+TEST(LeftOutTest, TransactionsBehindAnEmptyOne)
+{
+    EXPECT_EQ(CountLeftOut("<OFC>\r\n<ACCTID>1\r\n" + Transaction("F1") + "<STMTTRN></STMTTRN>" +
+                               Transaction("F2") + "<STMTTRN></STMTTRN>" + Transaction(""),
+                           true),
+              LeftOut{.behindEmptyTransaction = 2});
+    EXPECT_EQ(CountLeftOut("<OFC>\r\n<ACCTID>1\r\n<STMTTRN></STMTTRN>", true), LeftOut());
+}
+
+TEST(LeftOutTest, FurtherAccountsThatHaveTransactions)
+{
+    const auto account = [](const std::string& id) { return "<ACCTID>" + id + "\r\n"; };
+    EXPECT_EQ(CountLeftOut("<OFC>" + account("1") + Transaction("F1") + account("2") +
+                               Transaction("F2") + Transaction("F3") + account("3") +
+                               Transaction("F4") + account("2") + Transaction("F5"),
+                           true),
+              LeftOut{.furtherAccounts = 2});
+    EXPECT_EQ(CountLeftOut("<OFC>" + account("1") + Transaction("F1") + account("1") +
+                               Transaction("F2") + account("2"),
+                           true),
+              LeftOut());
+}
+
+TEST(LeftOutTest, AnAccountWithinATransactionIsTheOtherSideOfATransfer)
+{
+    const std::string text =
+        "<OFC>\n<ACCTID>1\n<STMTTRN><FITID>F1<ACCTID>2</STMTTRN>" + Transaction("F2");
+
+    EXPECT_EQ(CountLeftOut(Replace(text, "\r", ""), true), LeftOut());
+}
+
+TEST(LeftOutTest, TransactionsWithoutAnIdentifier)
+{
+    EXPECT_EQ(CountLeftOut("<OFC><ACCTID>1" + Transaction("") + Transaction("F1") +
+                               "<STMTTRN><TRNAMT>1</STMTTRN>" + Transaction("  "),
+                           true),
+              LeftOut{.withoutIdentifier = 3});
+    EXPECT_EQ(CountLeftOut(Replace("<OFC><ACCTID>1" + Transaction(""), "\r\n", "\n"), true),
+              LeftOut{.withoutIdentifier = 1});
+}
+
+TEST(LeftOutTest, WhatStandsBeforeTheAccountOrIsNotClosedIsNotRead)
+{
+    EXPECT_EQ(CountLeftOut(Transaction("") + "<ACCTID>1" + "<STMTTRN><TRNAMT>1", true), LeftOut());
+    EXPECT_EQ(CountLeftOut("<ACCTID>1" + Transaction(""), true), LeftOut());
+}
+
+}  // namespace
+}  // namespace clb
