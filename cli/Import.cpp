@@ -1,34 +1,53 @@
 #include "automation/FormSteps.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "cli/Commands.h"
+#include "cli/ImportReport.h"
 #include "cli/Options.h"
+#include "cli/Overheard.h"
 #include "cli/Program.h"
+#include "cli/Progress.h"
+#include "cli/StatementFiles.h"
+#include "import/StatementFile.h"
 
 #include <iostream>
+#include <map>
 #include <memory>
 
 namespace clb {
 namespace {
 
 struct ImportOptions : FolderOptions {
-    std::string file;
+    std::vector<std::string> words;
     std::optional<std::string> create;
     std::string type = "Bank";
     std::optional<std::string> map;
+    std::optional<std::string> qifAccount;
+    std::string dateOrder = "mdy";
+    bool dryRun = false;
 };
 
-/// Works the dialog that asks for the account of a statement as the options say; without them, or
-/// when they do not fit, the dialog is cancelled.
+/// What to answer when the program asks for a file's account.
+struct Answer {
+    enum class Kind { None, Create, Map };
+    Kind kind = Kind::None;
+    std::string description;
+    std::string type;
+};
+
+/// Works the dialog that asks for the account of a statement; without an answer, or when it does
+/// not fit, the dialog is cancelled.
 class AccountChoice : public IModalHost {
 public:
-    explicit AccountChoice(const ImportOptions& options) : options_(options) {}
-    /// Description of the account to map to.
-    void MapTo(const std::string& description) { description_ = description; }
+    void Give(Answer answer) { answer_ = std::move(answer); }
+    const Answer& Given() const { return answer_; }
+    bool Asked() const { return asked_; }
     /// The account was asked for and none was given.
     bool Missing() const { return missing_; }
 
     void Run(Form& form) override
     {
-        missing_ = true;
+        asked_ = true;
         for (const FormStep& step : Steps())
             if (!PerformStep(form, step))
                 break;
@@ -45,59 +64,181 @@ private:
     std::vector<FormStep> Steps() const
     {
         using Kind = FormStep::Kind;
-        if (options_.create)
-            return {Step(Kind::Option, "optAccount(0)"),
-                    Step(Kind::Set, "txtDescription", *options_.create),
-                    Step(Kind::Choose, "cmbAccountType", options_.type),
-                    Step(Kind::Press, "btnOK")};
-        if (options_.map)
-            return {Step(Kind::Option, "optAccount(1)"),
-                    Step(Kind::Choose, "cmbAccountID", description_), Step(Kind::Press, "btnOK")};
-        return {};
+        switch (answer_.kind) {
+            case Answer::Kind::Create:
+                return {Step(Kind::Option, "optAccount(0)"),
+                        Step(Kind::Set, "txtDescription", answer_.description),
+                        Step(Kind::Choose, "cmbAccountType", answer_.type),
+                        Step(Kind::Press, "btnOK")};
+            case Answer::Kind::Map:
+                return {Step(Kind::Option, "optAccount(1)"),
+                        Step(Kind::Choose, "cmbAccountID", answer_.description),
+                        Step(Kind::Press, "btnOK")};
+            default: return {};
+        }
     }
 
-    const ImportOptions& options_;
-    std::string description_;
+    Answer answer_;
+    bool asked_ = false;
     bool missing_ = false;
 };
 
-std::int32_t CountTransactions(clsDatabase& data)
-{
-    Recordset rows;
-    data.Fill(rows, "SELECT COUNT( 1 ) AS [Count] FROM Trans", true);
-    return ToLong(rows.Get("Count"));
-}
-
-void PrintResult(const ImportOptions& options, std::int32_t imported)
-{
-    if (options.json)
-        std::cout << ToLine({{"file", options.file}, {"imported", imported}}) << '\n';
-    else
-        std::cout << "Imported " << imported
-                  << (imported == 1 ? " transaction\n" : " transactions\n");
-}
-
-int ImportFile(const ImportOptions& options)
-{
-    AccountChoice choice(options);
-    Program program(OpenFolder(options.home), choice);
-    clsDatabase& data = program.Window().Data();
-    if (options.map)
-        choice.MapTo(FindAccount(data, *options.map).description);
-    const std::int32_t before = CountTransactions(data);
-    program.Files().Choose(options.file);
-    program.Window().menus.Find("mnuF_Import")->Press();
-    const std::int32_t imported = CountTransactions(data) - before;
-    program.Finish();
-
-    if (choice.Missing()) {
-        std::cerr << "The file's account is not known. Say which it is:\n"
-                     "  --create NAME --type TYPE   makes a new account\n"
-                     "  --map ACCOUNT               takes an existing one\n";
-        return 1;
+/// One run of the command over all of its files. Each file has the program loaded for itself, so
+/// what went before is safe on the disk and no file meets the state that another one left.
+class ImportRun {
+public:
+    explicit ImportRun(const ImportOptions& options) : options_(options)
+    {
+        if (options.dryRun)
+            trial_.emplace(options.home);
+        folder_ = trial_ ? trial_->Path() : OpenFolder(options.home);
+        FindAccounts();
     }
-    PrintResult(options, imported);
-    return program.Messages().Refused() ? 1 : 0;
+
+    ImportedFile Import(const std::string& file);
+
+private:
+    void FindAccounts();
+    Answer AnswerFor(const std::string& file, clsDatabase& data) const;
+    void Load(const std::string& file, const std::string& path, ImportedFile& result);
+    void Remember(const std::string& file, const AccountChoice& choice);
+    static std::int32_t CountDescribedAs(clsDatabase& data, const std::string& description);
+    static std::string NewDescription(clsDatabase& data, const std::string& wanted);
+    static std::string OnlyAccountDescribedAs(clsDatabase& data, const std::string& description);
+
+    const ImportOptions& options_;
+    std::optional<TrialFolder> trial_;
+    std::string folder_;
+    std::optional<std::string>
+        mapTo_;  // descriptions: an account that is mapped changes its number
+    std::optional<std::string> qifTo_;
+};
+
+/// Accounts that are not there, or that cannot be told apart, end the command before any file.
+void ImportRun::FindAccounts()
+{
+    if (!options_.map && !options_.qifAccount)
+        return;
+    NoForms forms;
+    Program program(folder_, forms);
+    clsDatabase& data = program.Window().Data();
+    const auto find = [&](const std::string& account) {
+        return OnlyAccountDescribedAs(data, FindAccount(data, account).description);
+    };
+    if (options_.map)
+        mapTo_ = qifTo_ = find(*options_.map);
+    if (options_.qifAccount)
+        qifTo_ = find(*options_.qifAccount);
+}
+
+std::int32_t ImportRun::CountDescribedAs(clsDatabase& data, const std::string& description)
+{
+    Recordset found;
+    data.Fill(found,
+              "SELECT AccountID FROM Account WHERE Description = '" +
+                  clsDatabase::ToSqlString(description) + "'",
+              true);
+    return found.RecordCount();
+}
+
+/// The program's list names accounts by description: two of one description cannot be told apart.
+std::string ImportRun::OnlyAccountDescribedAs(clsDatabase& data, const std::string& description)
+{
+    if (CountDescribedAs(data, description) > 1)
+        throw RuntimeError(errors::InvalidCall,
+                           "More than one account is described as " + description);
+    return description;
+}
+
+/// A name that no account has: numbered from the second on.
+std::string ImportRun::NewDescription(clsDatabase& data, const std::string& wanted)
+{
+    std::string description = wanted;
+    for (int n = 2; CountDescribedAs(data, description) > 0; ++n)
+        description = wanted + " (" + std::to_string(n) + ")";
+    return description;
+}
+
+Answer ImportRun::AnswerFor(const std::string& file, clsDatabase& data) const
+{
+    const std::optional<std::string>& to = IsQif(file) ? qifTo_ : mapTo_;
+    if (to)
+        return {Answer::Kind::Map, *to, ""};
+    if (options_.create)
+        return {Answer::Kind::Create, NewDescription(data, *options_.create), options_.type};
+    return {};
+}
+
+/// QIF files that follow go into the account made for the first one. A mapped account has got the
+/// number of its file: the next unknown number is another account's, which must not take it.
+void ImportRun::Remember(const std::string& file, const AccountChoice& choice)
+{
+    if (!choice.Asked() || choice.Missing())
+        return;
+    if (!IsQif(file))
+        mapTo_.reset();
+    else if (!qifTo_)
+        qifTo_ = choice.Given().description;
+}
+
+void ImportRun::Load(const std::string& file, const std::string& path, ImportedFile& result)
+{
+    AccountChoice choice;
+    Program program(folder_, choice);
+    choice.Give(AnswerFor(file, program.Window().Data()));
+    const std::map<std::string, DateText::Order> orders = {{"mdy", DateText::Order::MonthDayYear},
+                                                           {"dmy", DateText::Order::DayMonthYear},
+                                                           {"ymd", DateText::Order::YearMonthDay}};
+    modImport& import = program.Window().Import();
+    import.QifDateOrder(orders.at(options_.dateOrder));
+    try {
+        result.leftOut = CountLeftOut(ReadStatement(path), !IsQif(file));
+        program.Files().Choose(path);
+        program.Press("mnuF_Import");
+    } catch (const RuntimeError& error) {
+        result.failed = true;
+        std::cerr << error.what() << '\n';
+    }
+    result.added = import.Counts().added;
+    result.skipped = import.Counts().duplicates;
+    result.accountMissing = choice.Missing();
+    result.refused = result.failed || choice.Missing() || program.Messages().Refused();
+    program.Finish();
+    Remember(file, choice);
+}
+
+ImportedFile ImportRun::Import(const std::string& file)
+{
+    ImportedFile result;
+    result.file = file;
+    const std::string path = trial_ ? trial_->CopyStatement(file) : file;
+    const Overheard overheard(std::cerr);
+    Load(file, path, result);
+    // A trial tells of the file, not of its copy.
+    result.told = Replace(overheard.Text(), path, file);
+    if (result.added + result.skipped == 0 && result.refused)
+        result.leftOut = {};
+    return result;
+}
+
+int Import(const ImportOptions& options)
+{
+    const std::vector<std::string> files = FindStatements(options.words);
+    const bool one = files.size() == 1 && files == options.words;
+    ImportReport report(options.dryRun);
+    ImportRun run(options);
+    {
+        Progress progress(std::cerr, files.size());
+        for (const std::string& file : files) {
+            progress.Next(file);
+            report.Add(run.Import(file));
+        }
+    }
+    if (one)
+        report.PrintOne(options.json);
+    else
+        report.PrintAll(options.json);
+    return report.AnyRefused() ? 1 : 0;
 }
 
 }  // namespace
@@ -106,12 +247,16 @@ void AddImport(CLI::App& app, int& exitCode)
 {
     auto options = std::make_shared<ImportOptions>();
     CLI::App* command = app.add_subcommand(
-        "import", "Read a statement file (OFX, QFX, OFC or QIF) into its account");
-    command->add_option("FILE", options->file, "Statement file")->required();
+        "import",
+        "Read statement files (OFX, QFX, OFC or QIF) into their accounts; a folder stands for all "
+        "statement files in it and its subfolders");
+    command->add_option("FILE", options->words, "Statement files, or folders of them")
+        ->required()
+        ->check(IsFileName());
     CLI::Option* create =
         command
             ->add_option("--create", options->create,
-                         "If the file's account is not known: make a new account of this name")
+                         "If a file's account is not known: make a new account of this name")
             ->type_name("NAME");
     command->add_option("--type", options->type, "Type of the new account")
         ->capture_default_str()
@@ -119,12 +264,24 @@ void AddImport(CLI::App& app, int& exitCode)
         ->check(CLI::IsMember({"Bank", "Cash", "Credit Card", "Investment"}));
     command
         ->add_option("--map", options->map,
-                     "If the file's account is not known: take this one, by number or description")
+                     "If a file's account is not known: take this one, by number or description")
         ->type_name("ACCOUNT")
         ->excludes(create);
+    command
+        ->add_option("--qif-account", options->qifAccount,
+                     "QIF files name no account: take this one for them, by number or description "
+                     "(default: as --map or --create says)")
+        ->type_name("ACCOUNT");
+    command
+        ->add_option("--date-order", options->dateOrder,
+                     "Order of day, month and year in QIF files")
+        ->capture_default_str()
+        ->check(CLI::IsMember({"mdy", "dmy", "ymd"}));
+    command->add_flag("--dry-run", options->dryRun,
+                      "Try it on a copy of the data and of the files; nothing is changed");
     AddHome(*command, *options);
     AddJson(*command, *options);
-    command->callback([options, &exitCode] { exitCode = ImportFile(*options); });
+    command->callback([options, &exitCode] { exitCode = Import(*options); });
 }
 
 }  // namespace clb

@@ -1,0 +1,115 @@
+#include "cli/ImportReport.h"
+
+#include "automation/ValueJson.h"
+#include "cli/Table.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace clb {
+namespace {
+
+std::string Counted(std::size_t count, const std::string& one, const std::string& many)
+{
+    return std::to_string(count) + ' ' + (count == 1 ? one : many);
+}
+
+std::vector<std::string> Warnings(const LeftOut& leftOut)
+{
+    std::vector<std::string> lines;
+    if (leftOut.linesBehindRepair > 0)
+        lines.push_back(Counted(leftOut.linesBehindRepair, "line", "lines") +
+                        " left out: mixed line ends, the repair keeps the file up to its first "
+                        "carriage return");
+    if (leftOut.behindEmptyTransaction > 0)
+        lines.push_back(Counted(leftOut.behindEmptyTransaction, "transaction", "transactions") +
+                        " left out behind an empty transaction, which ends the reading");
+    if (leftOut.furtherAccounts > 0)
+        lines.push_back(Counted(leftOut.furtherAccounts, "further account", "further accounts") +
+                        ": all transactions go into the file's first account");
+    if (leftOut.withoutIdentifier > 0)
+        lines.push_back(
+            Counted(leftOut.withoutIdentifier, "transaction", "transactions") +
+            " without an identifier: all but an account's first one count as duplicates");
+    return lines;
+}
+
+/// The message's first line.
+std::string Reason(const ImportedFile& file)
+{
+    if (file.accountMissing && file.told.empty())
+        return "The file's account is not known: --create, --map or --qif-account names one.";
+    return file.told.substr(0, file.told.find('\n'));
+}
+
+Json ToJson(const ImportedFile& file)
+{
+    Json json = {{"file", file.file}, {"imported", file.added}, {"skipped", file.skipped}};
+    json["refused"] = file.refused ? Json(Reason(file)) : Json();
+    json["leftOut"] = {{"linesBehindRepair", file.leftOut.linesBehindRepair},
+                       {"behindEmptyTransaction", file.leftOut.behindEmptyTransaction},
+                       {"furtherAccounts", file.leftOut.furtherAccounts},
+                       {"withoutIdentifier", file.leftOut.withoutIdentifier}};
+    return json;
+}
+
+}  // namespace
+
+bool ImportReport::AnyRefused() const
+{
+    return std::ranges::any_of(files_, &ImportedFile::refused);
+}
+
+void ImportReport::PrintOne(bool json) const
+{
+    const ImportedFile& file = files_.front();
+    std::cerr << (file.failed ? "clb: " : "") << file.told;
+    if (file.accountMissing)
+        std::cerr << "The file's account is not known. Say which it is:\n"
+                     "  --create NAME --type TYPE   makes a new account\n"
+                     "  --map ACCOUNT               takes an existing one\n";
+    for (const std::string& warning : Warnings(file.leftOut))
+        std::cerr << "Warning: " << warning << '\n';
+    if (json)
+        std::cout << ToLine(ToJson(file)) << '\n';
+    else if (!file.failed && !file.accountMissing)
+        std::cout << (dryRun_ ? "Would import " : "Imported ")
+                  << Counted(static_cast<std::size_t>(file.added), "transaction", "transactions")
+                  << '\n';
+}
+
+void ImportReport::PrintAll(bool json) const
+{
+    if (!json)
+        return PrintTable();
+    Json list = Json::array();
+    for (const ImportedFile& file : files_)
+        list.push_back(ToJson(file));
+    std::cout << ToLine({{"files", list}, {"dryRun", dryRun_}}) << '\n';
+}
+
+void ImportReport::PrintTable() const
+{
+    Table table;
+    table.AddColumn("File", false);
+    table.AddColumn("Added", true);
+    table.AddColumn("Skipped", true);
+    table.AddColumn("Refused", false);
+    std::int64_t added = 0;
+    std::int64_t skipped = 0;
+    for (const ImportedFile& file : files_) {
+        added += file.added;
+        skipped += file.skipped;
+        table.AddRow({file.file, std::to_string(file.added), std::to_string(file.skipped),
+                      file.refused ? Reason(file) : ""});
+        for (const std::string& warning : Warnings(file.leftOut))
+            table.AddLine("  Warning: " + warning);
+    }
+    table.Print(std::cout);
+    const auto refused = std::ranges::count_if(files_, &ImportedFile::refused);
+    std::cout << Counted(files_.size(), "file", "files") << ": " << added << " added, " << skipped
+              << " skipped, " << refused << " refused"
+              << (dryRun_ ? "; a dry run, nothing was changed" : "") << '\n';
+}
+
+}  // namespace clb

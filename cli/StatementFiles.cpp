@@ -1,0 +1,134 @@
+#include "cli/StatementFiles.h"
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "cli/Options.h"
+#include "data/EmptyDatabase.h"
+#include "platform/ProgramFolder.h"
+
+#include <stdlib.h>
+#include <algorithm>
+#include <fstream>
+
+namespace clb {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool EndsIn(const std::string& path, std::string_view extension)
+{
+    return path.size() >= extension.size() &&
+           EqualsIgnoringCase(std::string_view(path).substr(path.size() - extension.size()),
+                              extension);
+}
+
+bool IsStatement(const std::string& path)
+{
+    return std::ranges::any_of(
+        std::initializer_list<std::string_view>{".ofx", ".qfx", ".ofc", ".qif"},
+        [&](std::string_view extension) { return EndsIn(path, extension); });
+}
+
+/// Folders behind links are not entered: a link may lead back.
+std::vector<std::string> StatementsIn(const std::string& folder)
+{
+    std::vector<std::string> files;
+    std::error_code failure;
+    for (fs::recursive_directory_iterator
+             at(folder, fs::directory_options::skip_permission_denied, failure),
+         end;
+         !failure && at != end; at.increment(failure)) {
+        std::error_code unknown;
+        if (IsStatement(at->path().string()) && !at->is_directory(unknown))
+            files.push_back(at->path().string());
+    }
+    std::ranges::sort(files);
+    return files;
+}
+
+fs::path NewFolder()
+{
+    std::error_code failure;
+    std::string name = (fs::temp_directory_path(failure) / "clb-trial-XXXXXX").string();
+    if (failure || !mkdtemp(name.data()))
+        throw RuntimeError(errors::PathAccess, "Path/File access error: " + name);
+    return name;
+}
+
+}  // namespace
+
+bool IsQif(const std::string& path)
+{
+    return EndsIn(path, ".qif");
+}
+
+std::vector<std::string> FindStatements(const std::vector<std::string>& words)
+{
+    std::vector<std::string> files;
+    for (const std::string& word : words) {
+        std::error_code unknown;
+        if (fs::is_directory(word, unknown))
+            std::ranges::copy(StatementsIn(word), std::back_inserter(files));
+        else
+            files.push_back(word);
+    }
+    return files;
+}
+
+TrialFolder::TrialFolder(const std::optional<std::string>& home) : path_(NewFolder())
+{
+    try {
+        const std::string folder = ProgramFolder(PlacesOf(home));
+        if (home || HoldsDatabase(folder))
+            CopyDatabase(folder);
+        else
+            DeliverFolder(Path(), EmptyDatabase());
+    } catch (...) {
+        std::error_code ignored;
+        fs::remove_all(path_, ignored);
+        throw;
+    }
+}
+
+TrialFolder::~TrialFolder()
+{
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+}
+
+/// With the journal of a program that was killed: the database is not whole without it.
+void TrialFolder::CopyDatabase(const std::string& folder) const
+{
+    const std::string from = DatabasePath(folder);
+    const std::string to = DatabasePath(Path());
+    if (!HoldsDatabase(folder))
+        throw RuntimeError(errors::FileNotFound,
+                           "The database file '" + from + "' does not exist.");
+    try {
+        fs::create_directories(fs::path(to).parent_path());
+        fs::copy_file(from, to);
+        fs::permissions(to, fs::perms::owner_read | fs::perms::owner_write);
+        if (fs::exists(from + "-journal"))
+            fs::copy_file(from + "-journal", to + "-journal");
+    } catch (const fs::filesystem_error&) {
+        throw RuntimeError(errors::PathAccess, "Path/File access error: " + from);
+    }
+}
+
+std::string TrialFolder::CopyStatement(const std::string& path) const
+{
+    std::error_code failure;
+    const fs::path place = path_ / "statement";
+    fs::remove_all(place, failure);
+    fs::create_directory(place, failure);
+    const std::string copy = (place / fs::path(path).filename()).string();
+    if (!fs::is_regular_file(path, failure) || !fs::copy_file(path, copy, failure))
+        return path;
+    fs::permissions(copy, fs::perms::owner_read | fs::perms::owner_write, failure);
+    // A first version that is in the way of the repair is in the way of the trial too.
+    if (fs::exists(fs::symlink_status(path + ".org", failure)))
+        std::ofstream(copy + ".org");
+    return copy;
+}
+
+}  // namespace clb
