@@ -3,6 +3,8 @@
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "cli/Program.h"
+#include "cli/Table.h"
+#include "export/NotReturned.h"
 
 #include <filesystem>
 #include <iostream>
@@ -48,6 +50,8 @@ void ExportFile(const ExportOptions& options)
     program.Files().Choose(options.file);
     program.Press("mnuF_Export");
 
+    for (const std::string& line : TellNotReturned(data, account.id))
+        std::cerr << "Not coming back: " << Printable(line) << '\n';
     const std::int32_t exported = CountTransactions(data, account);
     if (options.json)
         std::cout << ToLine({{"file", options.file}, {"exported", exported}}) << '\n';

@@ -19,8 +19,8 @@ struct ImportedFile {
     LeftOut leftOut;
 };
 
-/// What an import of several files did: results on standard output, messages and warnings on
-/// standard error.
+/// What an import of files did. Results go to standard output; so do messages and warnings where
+/// they stand in a table, else they go to standard error.
 class ImportReport {
 public:
     explicit ImportReport(bool dryRun) : dryRun_(dryRun) {}

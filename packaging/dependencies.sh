@@ -12,6 +12,7 @@ clb_packages=(
     libqt6svg6 qt6-qpa-plugins fonts-dejavu-core
     # testing
     libgtest-dev libgmock-dev libbenchmark-dev sqlite3 xvfb xdotool x11-apps imagemagick poppler-utils
+    ofx
 )
 
 clb_install_missing() {

@@ -154,6 +154,10 @@ TEST_F(ChangesTest, AnExportHoldsAllTransactionsOfTheAccount)
     EXPECT_EQ(Run("export Checking " + file + Home()), 0);
 
     EXPECT_EQ(Out(), "Exported 2 transactions\n");
+    EXPECT_EQ(Err(),
+              "Not coming back: The file holds no categories: 2 transactions\n"
+              "Not coming back: Booked to another month than that of the date, which comes "
+              "back: 1 transaction\n");
     const std::string text = folder.Read("out.ofx");
     EXPECT_TRUE(text.starts_with("OFXHEADER:100\r\n"));
     EXPECT_NE(text.find("<ACCTID>B-1<"), std::string::npos);

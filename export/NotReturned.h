@@ -1,0 +1,57 @@
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "base/Date.h"
+
+namespace clb {
+
+class clsDatabase;
+
+/// One exported transaction, as far as a file can lose of it.
+struct ExportedRow {
+    std::string identifier;  ///< as written: its own, or the numbered one
+    std::optional<Date> postDate;
+    bool hasAmount = true;
+    std::string description;
+    std::string notes;
+    std::string checkID;
+    std::string category;
+    Month month;
+};
+
+/// Tells what of exported transactions does not come back when the file is imported into books
+/// without them: a statement file has no place for it, or its texts end early.
+class NotReturned {
+public:
+    explicit NotReturned(std::string accountID) : accountID_(std::move(accountID)) {}
+
+    /// The next transaction in the file's order.
+    void Add(const ExportedRow& row);
+    /// One line for each fault, in the file's order, then counts of what no file holds.
+    std::vector<std::string> Lines() const;
+    /// 1-based places in the file of the transactions that do not come back as they are.
+    const std::set<std::int32_t>& Rows() const { return rows_; }
+
+private:
+    void Check(const std::string& name, const std::string& text, const std::string& returned);
+    void Tell(const std::string& what);
+    std::string Named() const;
+
+    std::string accountID_;
+    std::int32_t count_ = 0;
+    ExportedRow row_;
+    std::vector<std::string> lines_;
+    std::set<std::int32_t> rows_;
+    std::set<std::string> identifiers_;
+    std::int32_t categories_ = 0;
+    std::int32_t moved_ = 0;
+};
+
+/// What of the account's transactions an exported file does not bring back.
+std::vector<std::string> TellNotReturned(clsDatabase& database, const std::string& accountID);
+
+}  // namespace clb

@@ -1,0 +1,282 @@
+// What is exported comes back: into the same books without a further row, into others as it was,
+// and through a reader of OFX files that others wrote.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <random>
+
+#include "base/Numeric.h"
+#include "base/Text.h"
+#include "export/NotReturned.h"
+#include "tests/support/Books.h"
+
+namespace clb {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+/// Values of a row by column; what is left out is as a new row has it.
+struct Row {
+    std::string fitid{};  ///< empty: entered by hand
+    std::string date = "2006-03-05";
+    std::string amount = "1";
+    std::string description = "Shop";
+    std::string notes{};
+    std::string checkID{};
+};
+
+class ThereAndBackTest : public testing::Test {
+protected:
+    ThereAndBackTest()
+    {
+        for (Books* books : {&books_, &others_})
+            books->AddAccount("10-1", "Bank", "Checking");
+    }
+
+    void Add(const Row& row)
+    {
+        const auto text = [](const std::string& value) {
+            return value.empty() ? "NULL" : "'" + clsDatabase::ToSqlString(value) + "'";
+        };
+        books_.Execute(
+            "INSERT INTO Trans (Sequence, AccountID, FITID, PostDate, Amount, "
+            "Description, PayeeName, CheckID, Year, Period, Category) VALUES (" +
+            std::to_string(++sequence_) + ", '10-1', " + text(row.fitid) + ", #" + row.date +
+            "#, " + row.amount + ", " + text(row.description) + ", " + text(row.notes) + ", " +
+            text(row.checkID) + ", " + row.date.substr(0, 4) + ", " +
+            std::to_string(std::stoi(row.date.substr(5, 2))) + ", '(none)')");
+    }
+    /// The program's own import command, after its own export.
+    void Return(Books& books)
+    {
+        const std::string path = books_.folder.Path("out.ofx");
+        books_.window.View().AccountID("10-1");
+        books_.window.Export().WriteOFX(path);
+        books.files.answers.push_back(path);
+        books.window.menus.Find("mnuF_Import")->Press();
+    }
+    static std::vector<std::string> Identifiers(Books& books)
+    {
+        return books.Rows("SELECT FITID FROM Trans ORDER BY Sequence");
+    }
+    static std::vector<std::string> Contents(Books& books)
+    {
+        return books.Rows(
+            "SELECT PostDate, Amount, Description, PayeeName, CheckID, Year, Period, "
+            "Category FROM Trans ORDER BY Sequence");
+    }
+    static std::string Sum(Books& books)
+    {
+        return books.One("SELECT SUM(Amount) AS Total FROM Trans");
+    }
+
+    Books books_;
+    Books others_;
+
+private:
+    int sequence_ = 0;
+};
+
+TEST_F(ThereAndBackTest, RowsWithAnIdentifierGoOutWithItAndAddNothing)
+{
+    Add({.fitid = "2006.1"});
+    Add({.fitid = "2006 2", .amount = "-45.5", .checkID = "17"});
+    const auto before = Contents(books_);
+
+    Return(books_);
+    Return(books_);
+
+    EXPECT_THAT(Identifiers(books_), ElementsAre("2006.1", "2006 2"));
+    EXPECT_EQ(Contents(books_), before);
+    EXPECT_THAT(books_.messages.boxes, IsEmpty());
+}
+
+/// In the books that wrote the file these rows have no identifier, so the file's numbered ones are
+/// new to them, once.
+TEST_F(ThereAndBackTest, RowsEnteredByHandComeInOnceUnderTheirNumbers)
+{
+    Add({.amount = "-1"});
+    Add({.fitid = "F2", .amount = "-2"});
+    Add({.amount = "-3"});
+
+    Return(books_);
+    EXPECT_THAT(Identifiers(books_), ElementsAre("", "F2", "", "CVLB1", "CVLB3"));
+
+    const std::string path = books_.folder.Path("out.ofx");
+    for (int time = 0; time < 2; ++time) {
+        books_.files.answers.push_back(path);
+        books_.window.menus.Find("mnuF_Import")->Press();
+    }
+    EXPECT_THAT(Identifiers(books_), ElementsAre("", "F2", "", "CVLB1", "CVLB3"));
+    EXPECT_EQ(Sum(books_), "-10");
+}
+
+TEST_F(ThereAndBackTest, OtherBooksGetTheSameDatesAmountsAndTexts)
+{
+    Add({.fitid = "F1", .date = "1999-12-31", .amount = "-0.0001", .notes = std::string(50, 'n')});
+    Add({.amount = "461168601842738.7904", .description = "a & b > c; \"d\" it's"});
+    Add({.fitid = "F3", .date = "2028-02-29", .amount = "-461168601842738", .checkID = "0017"});
+    Add({.date = "2006-01-01", .description = "caf\xC3\xA9 \xE2\x82\xAC 5", .notes = "one\ntwo"});
+    Add({.date = "0999-01-01", .description = "#1", .notes = "\ttab"});
+
+    Return(others_);
+    Return(others_);
+
+    EXPECT_EQ(Contents(others_), Contents(books_));
+    EXPECT_EQ(Sum(others_), Sum(books_));
+    EXPECT_THAT(Identifiers(others_), ElementsAre("F1", "CVLB2", "F3", "CVLB4", "CVLB5"));
+    EXPECT_THAT(others_.messages.boxes, IsEmpty());
+    EXPECT_THAT(TellNotReturned(books_.window.Data(), "10-1"), IsEmpty());
+}
+
+TEST_F(ThereAndBackTest, WhatDoesNotComeBackIsTold)
+{
+    Add({.fitid = "F1", .description = "a<b", .notes = std::string(51, 'n')});
+    Add({.fitid = "F2", .description = " Shop", .notes = "\xCE\xA9", .checkID = "1\r2"});
+    Add({.fitid = "F1", .description = ""});
+    books_.Execute("UPDATE Trans SET Category = 'Food', Period = 4 WHERE FITID = 'F2'");
+    books_.Execute("UPDATE Trans SET PostDate = #2006-03-05 12:30:00# WHERE FITID = 'F2'");
+
+    EXPECT_THAT(
+        TellNotReturned(books_.window.Data(), "10-1"),
+        ElementsAre(
+            "Transaction 1 (2006-03-05, a<b): \"a\" comes back for its description",
+            "Transaction 1 (2006-03-05, a<b): \"" + std::string(50, 'n') +
+                "\" comes back for its notes",
+            "Transaction 2 (2006-03-05,  Shop): its date comes back without the time of day",
+            "Transaction 2 (2006-03-05,  Shop): \"Shop\" comes back for its description",
+            "Transaction 2 (2006-03-05,  Shop): \"?\" comes back for its notes",
+            "Transaction 2 (2006-03-05,  Shop): \"1\" comes back for its check number",
+            "Transaction 3 (2006-03-05, ): left out, its identifier is an earlier one's",
+            "Transaction 3 (2006-03-05, ): \"(blank)\" comes back for its description",
+            "The file holds no categories: 1 transaction",
+            "Booked to another month than that of the date, which comes back: 1 "
+            "transaction"));
+}
+
+TEST_F(ThereAndBackTest, WhatEndsTheReadingIsTold)
+{
+    Add({.fitid = "F1"});
+    Add({.fitid = "it's"});
+    Add({.fitid = "F3"});
+    books_.Execute("UPDATE Trans SET PostDate = NULL, Amount = NULL WHERE FITID = 'F3'");
+
+    EXPECT_THAT(
+        TellNotReturned(books_.window.Data(), "10-1"),
+        ElementsAre("Transaction 2 (2006-03-05, Shop): an apostrophe in its identifier ends the "
+                    "reading there",
+                    "Transaction 3 (Shop): it has no date, and the reading ends there",
+                    "Transaction 3 (Shop): it has no amount, and the reading ends there"));
+    Return(others_);
+    EXPECT_THAT(Identifiers(others_), ElementsAre("F1"));
+    EXPECT_THAT(others_.messages.boxes, SizeIs(1));
+}
+
+/// Random texts: a row comes back as it was exactly when nothing is told of it.
+TEST_F(ThereAndBackTest, ARowOfWhichNothingIsToldComesBackAsItWas)
+{
+    std::mt19937 random(6);
+    const std::vector<std::string> pieces = {"a", "B",        " ",        "<",  "\r", "\n",
+                                             "&", "\xC3\xA9", "\xCE\xA9", "\"", "0",  "  "};
+    const auto text = [&](std::size_t most) {
+        std::string result;
+        for (std::size_t n = random() % (most + 1); n > 0; --n)
+            result += random() % 4 == 0 ? pieces[random() % pieces.size()] : "x";
+        return result;
+    };
+    NotReturned told("10-1");
+    std::vector<Row> rows;
+    for (int n = 1; n <= 400; ++n) {
+        Row row;
+        row.fitid = random() % 3 == 0 ? "" : "F" + std::to_string(random() % 600) + text(2);
+        row.amount = std::to_string(n);
+        row.description = text(6);
+        row.notes = text(53);
+        row.checkID = text(3);
+        Add(row);
+        rows.push_back(row);
+        told.Add({row.fitid.empty() ? "CVLB" + std::to_string(n) : row.fitid,
+                  Date::FromIso(row.date),
+                  true,
+                  row.description,
+                  row.notes,
+                  row.checkID,
+                  "(none)",
+                  {2006, 3}});
+    }
+
+    Return(others_);
+
+    const auto of = [](Books& books, std::int32_t amount) {
+        return books.Rows(
+            "SELECT PostDate, Description, PayeeName, CheckID, Year, Period FROM "
+            "Trans WHERE Amount = " +
+            std::to_string(amount));
+    };
+    int untold = 0;
+    for (std::int32_t n = 1; n <= 400; ++n) {
+        // The identifier of a row entered by hand is the file's.
+        const bool same =
+            of(others_, n) == of(books_, n) &&
+            others_.Rows("SELECT FITID FROM Trans WHERE Amount = " + std::to_string(n)).at(0) ==
+                (rows[static_cast<std::size_t>(n - 1)].fitid.empty()
+                     ? "CVLB" + std::to_string(n)
+                     : rows[static_cast<std::size_t>(n - 1)].fitid);
+        EXPECT_EQ(same, !told.Rows().contains(n)) << n;
+        untold += same ? 1 : 0;
+    }
+    EXPECT_GT(untold, 20);
+    EXPECT_LT(untold, 380);
+}
+
+/// The peer is a library of its own; it takes "&" and "<" as SGML does, so there are none here.
+TEST_F(ThereAndBackTest, AnotherReaderFindsTheSameCountAndSum)
+{
+    std::mt19937 random(7);
+    Money sum;
+    for (int n = 1; n <= 250; ++n) {
+        const Money amount = Money::FromUnits(static_cast<std::int32_t>(random() % 2000) - 1000) +
+                             Money::Parse("0.25");
+        sum += amount;
+        Add({.fitid = n % 3 == 0 ? "" : "2006." + std::to_string(n),
+             .date = "2006-03-" + std::to_string(10 + n % 20),
+             .amount = amount.ToText(),
+             .description = "Shop #" + std::to_string(n),
+             .notes = n % 2 == 0 ? "CARD 4417, caf\xC3\xA9" : "",
+             .checkID = n % 10 == 0 ? std::to_string(100 + n) : ""});
+    }
+    const std::string path = books_.folder.Path("out.ofx");
+    books_.window.View().AccountID("10-1");
+    books_.window.Export().WriteOFX(path);
+
+    const std::string command = "ofxdump '" + path + "' >'" + books_.folder.Path("dump") + "' 2>'" +
+                                books_.folder.Path("messages") + "'";
+    const int status = std::system(command.c_str());
+    if (WIFEXITED(status) && WEXITSTATUS(status) == 127)
+        GTEST_SKIP() << "the package ofx is not installed";
+
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(books_.folder.Read("messages").find("ERROR"), std::string::npos)
+        << books_.folder.Read("messages");
+    std::int32_t count = 0;
+    Money found;
+    for (const std::string& line : Split(books_.folder.Read("dump"), '\n')) {
+        EXPECT_EQ(line.find("ERROR"), std::string::npos) << line;
+        const std::string label = "Total money amount: ";
+        if (const std::size_t at = line.find(label); at != std::string::npos) {
+            ++count;
+            found += Money::Parse(line.substr(at + label.size()));
+        }
+    }
+    EXPECT_EQ(count, 250);
+    EXPECT_EQ(found, sum);
+}
+
+}  // namespace
+}  // namespace clb
