@@ -161,6 +161,13 @@ void CellEditor::paintEvent(QPaintEvent* /*event*/)
     painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
+void CellEditor::changeEvent(QEvent* event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && open_)
+        ShowRefusal();
+}
+
 void CellEditor::ShowRefusal()
 {
     const QString why = grid_.Marked() ? ToQString(grid_.Refusal()) : QString();

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "data/EmptyDatabase.h"
+#include "desktop/Appearance.h"
 #include "desktop/DateFormPort.h"
 #include "desktop/FileDialogPort.h"
 #include "desktop/Icons.h"
@@ -125,6 +126,7 @@ int ReportFailure(const StartOptions& options, const std::exception& error)
 int RunDesktop(int argc, char** argv, const StartOptions& options)
 {
     QApplication application(argc, argv);
+    const Appearance appearance;
     QApplication::setApplicationName(QStringLiteral("ledgerbook"));
     QApplication::setApplicationDisplayName(QString());
     QApplication::setWindowIcon(icons::Application());

@@ -1,6 +1,5 @@
 #pragma once
-#include <QColor>
-#include <QPalette>
+#include "desktop/Colors.h"
 
 namespace clb {
 
@@ -13,6 +12,7 @@ struct GridColors {
     QColor text;
     QColor dimText;
     QColor negative;
+    QColor link;
     QColor line;   ///< between cells
     QColor frame;  ///< between header, selector and cells
     QColor header;
@@ -22,8 +22,5 @@ struct GridColors {
     QColor currentRow;
     QColor currentCell;
 };
-
-/// `part` of the first colour, the rest of the second.
-QColor Mix(const QColor& first, const QColor& second, double part);
 
 }  // namespace clb

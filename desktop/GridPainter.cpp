@@ -216,10 +216,10 @@ void GridPainter::DrawCurrentFrame()
     if (grid_.Row() == 0 || grid_.Row() > layout_.RowCount())
         return;
     const GridRowKind kind = grid_.Rows().Kind(grid_.Row());
-    if (kind == GridRowKind::GroupHeading || kind == GridRowKind::GroupFooter)
-        return;
-    const QRect cell = layout_.CellRect(grid_.Row(), grid_.Col());
-    if (cell.isEmpty())
+    const bool wholeRow = kind == GridRowKind::GroupHeading || kind == GridRowKind::GroupFooter;
+    const QRect cell =
+        wholeRow ? layout_.RowRect(grid_.Row()) : layout_.CellRect(grid_.Row(), grid_.Col());
+    if (cell.isEmpty() || (wholeRow && !focused_))
         return;
     painter_.setClipRect(
         QRect(layout_.SelectorWidth(), 0, layout_.TotalWidth(), cell.bottom() + 1));

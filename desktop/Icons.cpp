@@ -1,7 +1,9 @@
 #include "desktop/Icons.h"
 
 #include <QFile>
+#include <map>
 
+#include "desktop/IconEngine.h"
 #include "desktop/TextConvert.h"
 #include "ports/IMessageBox.h"
 
@@ -21,13 +23,9 @@ QIcon Load(const QString& name)
         InitResources();
         return true;
     }();
-    const QString path = QStringLiteral(":/icons/%1.svg").arg(name);
-    if (!ready || !QFile::exists(path))
+    if (!ready || !QFile::exists(QStringLiteral(":/icons/%1.svg").arg(name)))
         return {};
-    QIcon icon(path);
-    // A selected line shows the picture as it is; the toolkit would tint it.
-    icon.addFile(path, QSize(), QIcon::Selected);
-    return icon;
+    return QIcon(new IconEngine(name));
 }
 
 }  // namespace
@@ -40,6 +38,21 @@ QIcon Application()
 QIcon Toolbar(const std::string& key)
 {
     return Load(ToQString(key).toLower());
+}
+
+QIcon MenuItem(const std::string& name)
+{
+    static const std::map<std::string, const char*> drawings = {
+        {"mnuF_Import", "import"},   {"mnuF_Export", "export"},
+        {"mnuF_Print", "print"},     {"mnuF_Exit", "exit"},
+        {"mnuE_New", "new"},         {"mnuE_Delete", "delete"},
+        {"mnuE_Copy", "copy"},       {"mnuE_MovePrev", "previous"},
+        {"mnuE_MoveNext", "next"},   {"mnuE_Split", "split"},
+        {"mnuT_Options", "options"}, {"mnuT_UpdateQuotes", "quotes"},
+        {"mnuH_HelpTopics", "help"}, {"mnuH_OnlineTutorial", "tutorial"},
+        {"mnuH_OnTheWeb", "link"},   {"mnuH_About", "about"}};
+    const auto found = drawings.find(name);
+    return found == drawings.end() ? QIcon() : Load(QLatin1String(found->second));
 }
 
 QIcon TreeImage(std::int32_t image)
@@ -63,14 +76,11 @@ QIcon DropDown()
 
 QIcon Message(std::int32_t style)
 {
-    const auto icon = [](const char* desktop, const char* own) {
-        return QIcon::fromTheme(QLatin1String(desktop), Load(QLatin1String(own)));
-    };
     switch (box_style::Icon(style)) {
-        case box_style::Critical: return icon("dialog-error", "error");
-        case box_style::Question: return icon("dialog-question", "question");
-        case box_style::Exclamation: return icon("dialog-warning", "warning");
-        case box_style::Information: return icon("dialog-information", "information");
+        case box_style::Critical: return Load(QStringLiteral("error"));
+        case box_style::Question: return Load(QStringLiteral("question"));
+        case box_style::Exclamation: return Load(QStringLiteral("warning"));
+        case box_style::Information: return Load(QStringLiteral("information"));
         default: return {};
     }
 }

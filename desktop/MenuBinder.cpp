@@ -1,5 +1,6 @@
 #include "desktop/MenuBinder.h"
 
+#include "desktop/Icons.h"
 #include "desktop/TextConvert.h"
 #include "desktop/UserEvents.h"
 
@@ -41,6 +42,7 @@ MenuBinder::MenuBinder(MenuBar& menus, QMenuBar& bar, UserEvents& events, const 
             QAction* action = drawn->addAction(ToQString(item.Caption()));
             action->setObjectName(ToQString(item.Name()));
             action->setEnabled(item.Enabled());
+            action->setIcon(icons::MenuItem(item.Name()));
             action->setShortcut(ShortcutOf(item.Name()));
             QObject::connect(action, &QAction::triggered, &bar,
                              [&item, &events, press] { events.Run([&] { press(item); }); });

@@ -6,11 +6,35 @@
 #include <algorithm>
 
 #include "desktop/AiryLines.h"
+#include "desktop/GridColors.h"
 #include "desktop/Icons.h"
 #include "desktop/TextConvert.h"
 #include "desktop/UserEvents.h"
 
 namespace clb {
+
+namespace {
+
+/// The tree's lines; a selected one shows whether the tree has the focus.
+class TreeLines : public AiryLines {
+public:
+    using AiryLines::AiryLines;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        AiryLines::initStyleOption(option, index);
+        if (!option->widget || option->widget->hasFocus())
+            return;
+        // The ground of a selected line is pale then, so that its picture stays as it is.
+        const QPixmap picture = option->icon.pixmap(
+            option->decorationSize, option->widget->devicePixelRatioF(), QIcon::Normal);
+        option->icon = QIcon(picture);
+        option->icon.addPixmap(picture, QIcon::Selected);
+    }
+};
+
+}  // namespace
 
 TreeBinder::TreeBinder(Tree& tree, UserEvents& events, PressNode press, QWidget* parent)
     : QTreeWidget(parent), tree_(tree), events_(events), press_(std::move(press))
@@ -19,9 +43,8 @@ TreeBinder::TreeBinder(Tree& tree, UserEvents& events, PressNode press, QWidget*
     setFrameShape(QFrame::NoFrame);
     setUniformRowHeights(true);
     setAnimated(false);
-    setItemDelegate(new AiryLines(this));
-    setIndentation(fontMetrics().height() + 2);
-    setIconSize(QSize(fontMetrics().height() + 2, fontMetrics().height() + 2));
+    setItemDelegate(new TreeLines(this));
+    MeasureFonts();
     setFocusPolicy(Qt::TabFocus);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     header()->setStretchLastSection(false);
@@ -31,6 +54,30 @@ TreeBinder::TreeBinder(Tree& tree, UserEvents& events, PressNode press, QWidget*
             [this](QTreeWidgetItem* item) { UserExpanded(item, false); });
     tree_.Changed().connect(sigc::track_obj([this] { SyncLater(); }, *this));
     Sync();
+}
+
+void TreeBinder::MeasureFonts()
+{
+    const int side = fontMetrics().height() + 2;
+    setIndentation(side);
+    setIconSize(QSize(side, side));
+}
+
+void TreeBinder::changeEvent(QEvent* event)
+{
+    QTreeWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        MeasureFonts();
+}
+
+void TreeBinder::initViewItemOption(QStyleOptionViewItem* option) const
+{
+    QTreeWidget::initViewItemOption(option);
+    if (hasFocus())
+        return;
+    const GridColors colors(palette());
+    option->palette.setColor(QPalette::Highlight, colors.currentCell);
+    option->palette.setColor(QPalette::HighlightedText, colors.text);
 }
 
 void TreeBinder::SyncLater()

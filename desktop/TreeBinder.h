@@ -31,8 +31,11 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void initViewItemOption(QStyleOptionViewItem* option) const override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void MeasureFonts();
     void SyncLater();
     bool SameNodes() const;
     void Rebuild();

@@ -1,0 +1,27 @@
+#pragma once
+#include <QIconEngine>
+
+namespace clb {
+
+/// Draws one of the program's pictures in the colours of the desktop: the drawings' own few colours
+/// are replaced by ones that stand out from the palette's ground, so that one drawing serves light
+/// and dark. Always from the vectors, at the device's own pixels.
+class IconEngine : public QIconEngine {
+public:
+    /// Name of a drawing below :/icons, without its extension.
+    explicit IconEngine(QString name) : name_(std::move(name)) {}
+
+    void paint(QPainter* painter, const QRect& place, QIcon::Mode mode,
+               QIcon::State state) override;
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override;
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state,
+                         qreal scale) override;
+    QIconEngine* clone() const override { return new IconEngine(name_); }
+    QString key() const override { return QStringLiteral("ledgerbook"); }
+    bool isNull() override { return false; }
+
+private:
+    QString name_;
+};
+
+}  // namespace clb
