@@ -198,8 +198,16 @@ void frmController::StepMonth(std::int32_t direction)
     View().HoldRefresh(false);
 }
 
+void frmController::TreeWidth(std::int32_t pixels)
+{
+    metrics_.treeWidth = std::max(0, pixels);
+    Resize(width_, height_);
+}
+
 void frmController::Resize(std::int32_t width, std::int32_t height)
 {
+    width_ = width;
+    height_ = height;
     constexpr std::int32_t pixel = 1;
     const auto atLeastZero = [](std::int32_t size) { return std::max(0, size); };
     const std::int32_t top = metrics_.toolbarHeight;

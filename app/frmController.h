@@ -46,6 +46,9 @@ public:
 
     /// Lays the controls out for the inner size in pixels.
     void Resize(std::int32_t width, std::int32_t height);
+    /// Width of the tree in pixels; resizing keeps it. Writing gives the grid the rest.
+    std::int32_t TreeWidth() const { return metrics_.treeWidth; }
+    void TreeWidth(std::int32_t pixels);
     /// Shows the next month (+1) or the one before (-1).
     void StepMonth(std::int32_t direction);
     /// Month list: chooses a month, 0 = January to 11.
@@ -142,6 +145,8 @@ private:
 
     Ports ports_;
     WindowMetrics metrics_;
+    std::int32_t width_ = 0;
+    std::int32_t height_ = 0;
     bool loaded_ = false;
     modGlobals globals_;
     std::unique_ptr<modImport> import_;

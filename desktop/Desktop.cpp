@@ -17,6 +17,7 @@
 #include "desktop/QtModalHost.h"
 #include "desktop/ShellPort.h"
 #include "desktop/UserEvents.h"
+#include "desktop/WindowMemory.h"
 #include "desktop/WindowPresenter.h"
 #include "platform/CurlHttpClient.h"
 #include "platform/HelpFolder.h"
@@ -62,6 +63,7 @@ public:
     }
     void Load() { controller_.Load(); }
     MainWindow& Window() { return window_; }
+    frmController& Controller() { return controller_; }
 
 private:
     MessageBoxPort boxes_;
@@ -108,6 +110,8 @@ int Run(const StartOptions& options, IClock& clock)
     if (!options.picture.empty())
         return Picture(program.Window(), options.picture);
     DeliverHelp(folder);
+    WindowMemory memory(WindowMemory::File(), program.Window(), program.Controller());
+    memory.Restore();
     program.Window().show();
     return QApplication::exec();
 }

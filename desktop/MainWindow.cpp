@@ -13,6 +13,7 @@
 #include "desktop/Icons.h"
 #include "desktop/InputEvents.h"
 #include "desktop/ListBinder.h"
+#include "desktop/SplitHandle.h"
 #include "desktop/TextConvert.h"
 #include "desktop/ToolbarBinder.h"
 #include "desktop/TreeBinder.h"
@@ -76,6 +77,9 @@ void MainWindow::BuildParts()
     grid_ = new GridView(
         controller_.Grid.Component(), events_,
         [this] { return controller_.window.Focus(controller_.Grid.Component()); }, inner_);
+    border_ = new SplitHandle(
+        {[this] { return controller_.TreeWidth(); }, [this](int place) { TreeWidth(place); }},
+        inner_);
     totals_ = std::make_unique<TotalsLine>(controller_.lblTotal, controller_.txtTotal,
                                            controller_.txtTotal2, inner_);
 }
@@ -114,6 +118,8 @@ void MainWindow::BindKeys()
     };
     bind(Qt::CTRL | Qt::Key_R, [this] { controller_.View().Refresh(); });
     bind(Qt::Key_F5, [this] { controller_.menus.Find("mnuT_UpdateQuotes")->Press(); });
+    connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, border_,
+            &SplitHandle::TakeFocus);
     QAction* quotes = menuBar()->findChild<QAction*>(QStringLiteral("mnuT_UpdateQuotes"));
     quotes->setText(quotes->text() + QStringLiteral("\tF5"));
     grid_->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -179,6 +185,16 @@ void MainWindow::PlaceParts()
     ApplyPlace(controller_.statusBar, *status_);
     ApplyPlace(controller_.TreeView, *tree_);
     ApplyPlace(controller_.Grid.Component(), *grid_);
+    border_->Place(tree_->geometry());
+}
+
+void MainWindow::TreeWidth(int pixels)
+{
+    const int character = fontMetrics().averageCharWidth();
+    const int least = character * 10;
+    const int most = std::max(least, width() - character * 40);
+    events_.Run([&] { controller_.TreeWidth(std::clamp(pixels, least, most)); });
+    PlaceParts();
 }
 
 void MainWindow::showEvent(QShowEvent* event)

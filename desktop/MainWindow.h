@@ -16,6 +16,7 @@ namespace clb {
 
 class GridView;
 class ListBinder;
+class SplitHandle;
 class ToolbarBinder;
 class TreeBinder;
 class UserEvents;
@@ -34,6 +35,8 @@ public:
 
     /// Gives the inner area, below the menus, the size in pixels.
     void InnerSize(int width, int height);
+    /// Puts the border between tree and grid so far from the left, as far as both keep some room.
+    void TreeWidth(int pixels);
     /// Draws the models' present state.
     void Sync();
 
@@ -43,6 +46,7 @@ public:
     YearBox& YearWidget() { return *year_; }
     ToolbarBinder& ToolbarWidget() { return *toolbar_; }
     TotalsLine& Totals() { return *totals_; }
+    SplitHandle& Border() { return *border_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -66,6 +70,7 @@ private:
     QWidget* inner_ = nullptr;
     TreeBinder* tree_ = nullptr;
     GridView* grid_ = nullptr;
+    SplitHandle* border_ = nullptr;
     ListBinder* month_ = nullptr;
     YearBox* year_ = nullptr;
     ToolbarBinder* toolbar_ = nullptr;

@@ -75,6 +75,12 @@ public:
     /// Column widths as the view's fractions of the grid's width, the totals line below the
     /// columns. A width that the user gave a column by hand replaces its fraction in that view.
     void SetColWidths();
+    /// Widths in pixels that the user gave columns by hand, by view and column.
+    using HandWidths = std::map<std::int32_t, std::map<std::int32_t, std::int32_t>>;
+    const HandWidths& WidthsByHand() const { return handWidths_; }
+    /// Gives them back after a new start. Columns that a view does not have are passed over, and no
+    /// width is less than the grid's least.
+    void WidthsByHand(const HandWidths& widths);
     /// Columns below which the two totals stand; 0 for a total that the view does not have.
     std::pair<std::int32_t, std::int32_t> TotalColumns() const;
     /// Writes the shown view's totals into the totals line.
@@ -119,8 +125,7 @@ private:
     std::string accountID_;
     bool hold_ = false;
     bool exportAllowed_ = false;
-    // Pixels that the user gave a column, by view and column.
-    std::map<std::int32_t, std::map<std::int32_t, std::int32_t>> handWidths_;
+    HandWidths handWidths_;
     sigc::signal<void()> refreshed_;
     sigc::signal<void()> treeBuilt_;
 };

@@ -19,6 +19,8 @@ constexpr std::int32_t kMargin = 3;
 constexpr std::int32_t kLeastTotal = 120;
 /// What columns made wider by hand leave of the one that takes the rest.
 constexpr std::int32_t kLeastRest = 60;
+/// No width kept from an earlier start is more.
+constexpr std::int32_t kMostByHand = 4000;
 
 struct Fraction {
     std::int32_t column;
@@ -201,6 +203,15 @@ void clsView::KeepWidth(std::int32_t column, std::int32_t pixels)
     SetColWidths();
 }
 
+void clsView::WidthsByHand(const HandWidths& widths)
+{
+    handWidths_ = widths;
+    for (auto& [view, columns] : handWidths_)
+        for (auto& [column, pixels] : columns)
+            pixels = std::clamp(pixels, GridComponent::LeastWidth, kMostByHand);
+    SetColWidths();
+}
+
 void clsView::SetColWidths()
 {
     const Widths widths = WidthsOf(view_);
@@ -214,7 +225,8 @@ void clsView::SetColWidths()
             static_cast<std::int32_t>(std::lround(fraction.part * usable));
     const auto& byHand = handWidths_[view_];
     for (const auto& [column, pixels] : byHand)
-        columns.Item(column).width = pixels;
+        if (column >= 1 && column <= columns.Count())
+            columns.Item(column).width = pixels;
     if (widths.rest != 0 && !byHand.contains(widths.rest)) {
         std::int32_t taken = 0;
         for (const Fraction& fraction : widths.fractions)
