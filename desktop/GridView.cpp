@@ -28,7 +28,8 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
                               },
                               [this](std::int32_t column) { FitColumn(column); }},
                              this)),
-      editor_(new CellEditor(grid, viewport(), [this](QKeyEvent& key) { return LeaveEdit(key); }))
+      editor_(new CellEditor(grid, viewport(), [this](QKeyEvent& key) { return LeaveEdit(key); })),
+      empty_(new EmptyState(viewport()))
 {
     // The mouse gives the focus by way of the model, which may refuse it.
     setFocusPolicy(Qt::TabFocus);
@@ -71,8 +72,25 @@ void GridView::Sync()
         ShowCurrentCell();
     }
     FollowEdit();
+    FollowHint();
     header_->update();
     viewport()->update();
+}
+
+void GridView::WhenEmpty(std::function<std::optional<EmptyHint>()> hint, EmptyState::Press press)
+{
+    hint_ = std::move(hint);
+    empty_->OnPress(std::move(press));
+    FollowHint();
+}
+
+void GridView::FollowHint()
+{
+    if (!hint_ || !grid_.Redraw())
+        return;
+    QRect room = viewport()->rect();
+    room.setTop(layout_.TotalHeight());
+    empty_->Follow(hint_(), room);
 }
 
 void GridView::FollowEdit()
@@ -128,6 +146,7 @@ void GridView::resizeEvent(QResizeEvent* event)
     PlaceHeader();
     UpdateScrollBars();
     FollowEdit();
+    FollowHint();
 }
 
 void GridView::PlaceHeader()

@@ -7,8 +7,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "controls/GridComponent.h"
+#include "desktop/EmptyState.h"
 #include "desktop/GridLayout.h"
 
 namespace clb {
@@ -36,6 +38,11 @@ public:
     const GridLayout& Layout() const { return layout_; }
     CellEditor& Editor() { return *editor_; }
     GridHeader& Header() { return *header_; }
+    /// What stands in the free room when there are no rows: `hint` tells it, `press` runs a way's
+    /// menu item.
+    void WhenEmpty(std::function<std::optional<EmptyHint>()> hint, EmptyState::Press press);
+    void FollowHint();
+    EmptyState& Empty() { return *empty_; }
     /// Scrolls until the current cell is in sight.
     void ShowCurrentCell();
 
@@ -90,6 +97,8 @@ private:
     GridLayout layout_;
     GridHeader* header_;
     CellEditor* editor_;
+    EmptyState* empty_;
+    std::function<std::optional<EmptyHint>()> hint_;
     std::size_t shownRow_ = 0;
     std::int32_t shownColumn_ = 0;
     bool changed_ = false;

@@ -77,6 +77,10 @@ void MainWindow::BuildParts()
     grid_ = new GridView(
         controller_.Grid.Component(), events_,
         [this] { return controller_.window.Focus(controller_.Grid.Component()); }, inner_);
+    grid_->WhenEmpty([this] { return HintFor(controller_); },
+                     [this](const std::string& item) {
+                         events_.Run([&] { controller_.menus.Find(item)->Press(); });
+                     });
     border_ = new SplitHandle(
         {[this] { return controller_.TreeWidth(); }, [this](int place) { TreeWidth(place); }},
         inner_);
@@ -154,6 +158,8 @@ void MainWindow::Sync()
 {
     setWindowTitle(ToQString(controller_.window.Caption()));
     statusText_->setText(ToQString(controller_.statusBar.Panel(1)));
+    // The commands that it leads to may have become enabled or disabled.
+    grid_->FollowHint();
 }
 
 void MainWindow::RepaintNow()
