@@ -37,6 +37,13 @@ QWidget* FormDialog::WidgetOf(const std::string& control) const
     return found == widgets_.end() ? nullptr : found->second;
 }
 
+void FormDialog::Describe(const std::string& label, const std::string& control)
+{
+    auto* caption = qobject_cast<QLabel*>(WidgetOf(label));
+    caption->setBuddy(WidgetOf(control));
+    caption->setText(keys_.Mark(label, caption->text()));
+}
+
 void FormDialog::BuildWidgets()
 {
     for (Control* control : form_.Controls()) {
@@ -80,8 +87,9 @@ QWidget* FormDialog::DrawLabel(Label& label)
     drawn->setTextFormat(Qt::PlainText);
     if (!label.Click().empty())
         return DrawLink(label, drawn);
-    Follow(label, [drawn, &label] {
-        drawn->setText(ToQString(label.Caption()));
+    Follow(label, [this, drawn, &label] {
+        const QString caption = ToQString(label.Caption());
+        drawn->setText(drawn->buddy() ? keys_.Mark(label.Name(), caption) : caption);
         drawn->setEnabled(label.Enabled());
     });
     return drawn;
@@ -127,7 +135,7 @@ QWidget* FormDialog::DrawText(TextBox& box)
 
 QWidget* FormDialog::DrawButton(Button& button)
 {
-    auto* drawn = new QPushButton(ToQString(button.Caption()), this);
+    auto* drawn = new QPushButton(keys_.Mark(button.Name(), ToQString(button.Caption())), this);
     drawn->setDefault(form_.DefaultButton() == &button);
     drawn->setAutoDefault(form_.DefaultButton() == &button);
     connect(drawn, &QPushButton::clicked, this,
@@ -138,7 +146,7 @@ QWidget* FormDialog::DrawButton(Button& button)
 
 QWidget* FormDialog::DrawOption(OptionButton& option)
 {
-    auto* drawn = new QRadioButton(ToQString(option.Caption()), this);
+    auto* drawn = new QRadioButton(keys_.Mark(option.Name(), ToQString(option.Caption())), this);
     connect(drawn, &QRadioButton::clicked, this,
             [this, &option] { events_.Run([&] { option.Choose(); }); });
     Follow(option, [drawn, &option] {

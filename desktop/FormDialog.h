@@ -9,6 +9,7 @@
 
 #include "controls/Form.h"
 #include "controls/Inputs.h"
+#include "desktop/AccessKeys.h"
 #include "desktop/FocusBinder.h"
 
 class QLabel;
@@ -29,6 +30,8 @@ public:
     /// The widget that draws a control; nullptr when the form has none of that name.
     QWidget* WidgetOf(const std::string& control) const;
     Form& Model() { return form_; }
+    /// The label of one name describes the control of the other: its letter leads there.
+    void Describe(const std::string& label, const std::string& control);
 
     void reject() override;
 
@@ -50,6 +53,7 @@ private:
     UserEvents& events_;
     std::map<std::string, QWidget*> widgets_;
     std::unique_ptr<FocusBinder> focus_;
+    AccessKeys keys_;
 };
 
 }  // namespace clb

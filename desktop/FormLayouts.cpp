@@ -10,6 +10,7 @@
 #include <string>
 
 #include "desktop/FormDialog.h"
+#include "desktop/TextConvert.h"
 
 namespace clb {
 
@@ -52,11 +53,9 @@ void Finish(FormDialog& dialog, QVBoxLayout& all)
 
 void AddPair(QGridLayout& grid, int row, FormDialog& dialog, const char* label, const char* field)
 {
-    auto* caption = qobject_cast<QLabel*>(dialog.WidgetOf(label));
-    QWidget* input = dialog.WidgetOf(field);
-    caption->setBuddy(input);
-    grid.addWidget(caption, row, 1);
-    grid.addWidget(input, row, 2);
+    dialog.Describe(label, field);
+    grid.addWidget(dialog.WidgetOf(label), row, 1);
+    grid.addWidget(dialog.WidgetOf(field), row, 2);
 }
 
 void ArrangeSelectAccount(FormDialog& dialog)
@@ -84,6 +83,7 @@ void ArrangeSelectAccount(FormDialog& dialog)
 void ArrangeSplit(FormDialog& dialog)
 {
     QWidget* description = dialog.WidgetOf("txtDescription");
+    description->setAccessibleName(QStringLiteral("Description"));
     description->setMinimumWidth(Characters(dialog, 44));
     auto* grid = new QGridLayout;
     grid->setColumnStretch(2, 1);
@@ -106,6 +106,8 @@ void ArrangeOptions(FormDialog& dialog)
 {
     QWidget* accounts = dialog.WidgetOf("grdAccounts");
     accounts->setMinimumSize(Characters(dialog, 62), Characters(dialog, 26));
+    dialog.Describe("lblBankUrl", "txtBankUrl");
+    dialog.Describe("lblAccounts", "grdAccounts");
     QVBoxLayout* all = Frame(dialog);
     all->setSpacing(8);
     all->addWidget(dialog.WidgetOf("lblBankUrl"));
@@ -144,16 +146,18 @@ void ArrangeInLines(FormDialog& dialog)
 {
     auto* grid = new QGridLayout;
     int line = 0;
-    bool behindLabel = false;
+    const QLabel* before = nullptr;
     for (Control* control : dialog.Model().Controls()) {
         QWidget* widget = dialog.WidgetOf(control->Name());
         if (!widget || qobject_cast<QPushButton*>(widget))
             continue;
-        const bool label = qobject_cast<QLabel*>(widget) != nullptr;
-        if (label || !behindLabel)
+        const auto* label = qobject_cast<QLabel*>(widget);
+        if (label || !before)
             ++line;
+        else
+            dialog.Describe(ToUtf8(before->objectName()), control->Name());
         grid->addWidget(widget, line, label ? 0 : 1);
-        behindLabel = label;
+        before = label;
     }
     QVBoxLayout* all = Frame(dialog);
     all->addLayout(grid);

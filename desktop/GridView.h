@@ -24,8 +24,10 @@ class UserEvents;
 ///
 /// Arrows, Tab, Home, End, Page up and down move the current cell, with Control to the ends of the
 /// grid; on a group heading Left, Right, + and - fold and open it, Space, Enter and a double click
-/// do either. A double click, F2, F4 or typing edits a cell; Enter keeps the row and goes to the
-/// next, on the new row's line to a new one again; Escape gives up the cell, then the row.
+/// do either. Control+Shift+Left and Right make the current column narrower and wider,
+/// Control+Shift+F fits it to what it shows; Control+F1 shows the current cell's tip. A double
+/// click, F2, F4 or typing edits a cell; Enter keeps the row and goes to the next, on the new row's
+/// line to a new one again; Escape gives up the cell, then the row.
 class GridView : public QAbstractScrollArea, public sigc::trackable {
 public:
     /// takeFocus asks for the focus when the user clicks; false refuses the click. grid and events
@@ -75,6 +77,7 @@ private:
     bool Navigate(int key, bool toEnds);
     std::size_t RowFromCurrent(int rows) const;
     bool FoldByKey(int key);
+    bool ColumnByKey(const QKeyEvent& event);
     void ToggleFold(std::size_t row);
     bool OnHeading(std::size_t row);
     int RowsPerPage() const;

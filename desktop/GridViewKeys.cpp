@@ -10,6 +10,7 @@ namespace clb {
 namespace {
 
 constexpr int Everything = 1 << 30;
+constexpr int WidthStep = 8;  // pixels that a key makes a column wider
 
 }  // namespace
 
@@ -18,11 +19,37 @@ void GridView::keyPressEvent(QKeyEvent* event)
     const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
     if (held == Qt::NoModifier && FoldByKey(event->key()))
         return;
-    if (Edit(*event) || EditByTyping(*event))
+    if (ColumnByKey(*event) || Edit(*event) || EditByTyping(*event))
         return;
     const bool moves = held == Qt::NoModifier || held == Qt::ControlModifier;
     if (!moves || !Navigate(event->key(), held == Qt::ControlModifier))
         event->ignore();
+}
+
+bool GridView::ColumnByKey(const QKeyEvent& event)
+{
+    const std::int32_t column = grid_.Col();
+    const int width = layout_.CellRect(grid_.Row(), column).width();
+    if (width == 0)
+        return false;
+    if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_F1) {
+        tipPlace_ = layout_.CellRect(grid_.Row(), column).center();
+        ShowTip();
+        return true;
+    }
+    if (event.modifiers() != (Qt::ControlModifier | Qt::ShiftModifier))
+        return false;
+    switch (event.key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+            events_.Run([&] {
+                grid_.ResizeColumn(column,
+                                   width + (event.key() == Qt::Key_Left ? -WidthStep : WidthStep));
+            });
+            return true;
+        case Qt::Key_F: FitColumn(column); return true;
+        default: return false;
+    }
 }
 
 bool GridView::Navigate(int key, bool toEnds)

@@ -3,10 +3,9 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLayout>
-#include <QMenu>
 #include <QMenuBar>
-#include <QShortcut>
 #include <QStatusBar>
+#include <QWheelEvent>
 #include <QWindow>
 
 #include "desktop/GridView.h"
@@ -97,8 +96,8 @@ void MainWindow::BuildToolbarSide()
     year_ = new YearBox(controller_.txtYear, controller_.UpDown, events_);
     year_->setToolTip(QStringLiteral("Year shown"));
     year_->installEventFilter(this);
-    toolbar_->AddAtRight(month_);
-    toolbar_->AddAtRight(year_);
+    toolbar_->AddAtRight(QStringLiteral("&Month:"), month_);
+    toolbar_->AddAtRight(QStringLiteral("&Year:"), year_);
 }
 
 void MainWindow::BuildStatusBar()
@@ -108,39 +107,6 @@ void MainWindow::BuildStatusBar()
     statusText_->setTextFormat(Qt::PlainText);
     statusText_->setContentsMargins(4, 0, 0, 0);
     status_->addWidget(statusText_, 1);
-}
-
-void MainWindow::BindKeys()
-{
-    // What these keys show or change follows the row in edit, so that is saved first.
-    const auto bind = [this](const QKeySequence& key, std::function<void()> action) {
-        auto* shortcut = new QShortcut(key, this);
-        connect(shortcut, &QShortcut::activated, this, [this, action = std::move(action)] {
-            if (GridAgrees())
-                events_.Run(action);
-        });
-    };
-    bind(Qt::CTRL | Qt::Key_R, [this] { controller_.View().Refresh(); });
-    bind(Qt::Key_F5, [this] { controller_.menus.Find("mnuT_UpdateQuotes")->Press(); });
-    connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, border_,
-            &SplitHandle::TakeFocus);
-    QAction* quotes = menuBar()->findChild<QAction*>(QStringLiteral("mnuT_UpdateQuotes"));
-    quotes->setText(quotes->text() + QStringLiteral("\tF5"));
-    grid_->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(grid_, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
-        menuBar()->findChild<QMenu*>(QStringLiteral("mnuEdit"))->popup(grid_->mapToGlobal(place));
-    });
-}
-
-void MainWindow::BindFocus()
-{
-    focus_ = std::make_unique<FocusBinder>(controller_.window, events_);
-    focus_->Add(controller_.TreeView, *tree_);
-    focus_->Add(controller_.Grid.Component(), *grid_);
-    focus_->Add(controller_.txtTotal, *totals_->First());
-    focus_->Add(controller_.txtTotal2, *totals_->Second());
-    focus_->Add(controller_.cmbPeriod, *month_);
-    focus_->Add(controller_.txtYear, *year_, {year_->Line()});
 }
 
 void MainWindow::FollowModels()
@@ -220,16 +186,11 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
     if (watched == windowHandle() && IsInput(*event))
         return !controller_.window.Enabled();
     // Turning the wheel over the month or year changes them without taking the focus.
-    if ((watched == month_ || watched == year_) && event->type() == QEvent::Wheel)
+    if (watched == month_ && event->type() == QEvent::Wheel)
+        return TurnMonth(static_cast<QWheelEvent*>(event)->angleDelta().y());
+    if (watched == year_ && event->type() == QEvent::Wheel)
         return !GridAgrees();
     return QMainWindow::eventFilter(watched, event);
-}
-
-bool MainWindow::GridAgrees()
-{
-    bool cancel = false;
-    const bool asked = events_.Run([&] { controller_.Grid.Component().Validate().emit(cancel); });
-    return asked && !cancel;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

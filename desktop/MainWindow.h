@@ -63,7 +63,9 @@ private:
     void PlaceParts();
     void InnerResized();
     void RepaintNow();
+    void OrderTabs();
     bool GridAgrees();
+    bool TurnMonth(int angle);
 
     frmController& controller_;
     UserEvents& events_;
@@ -74,6 +76,7 @@ private:
     ListBinder* month_ = nullptr;
     YearBox* year_ = nullptr;
     ToolbarBinder* toolbar_ = nullptr;
+    int turned_ = 0;  // of the wheel over the month list, not yet a step
     QStatusBar* status_ = nullptr;
     QLabel* statusText_ = nullptr;
     std::unique_ptr<TotalsLine> totals_;

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QToolBar>
 
 #include "desktop/Icons.h"
@@ -54,15 +55,24 @@ void ToolbarBinder::AddButton(const Toolbar::Button& button)
         tip += QStringLiteral(" (%1)").arg(shortcut.toString(QKeySequence::NativeText));
     }
     action->setToolTip(tip);
+    bar_->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
     const std::string key = button.key;
     connect(action, &QAction::triggered, this,
             [this, key] { events_.Run([&] { toolbar_.Press(key); }); });
     actions_[key] = action;
 }
 
-void ToolbarBinder::AddAtRight(QWidget* widget)
+void ToolbarBinder::AddAtRight(const QString& caption, QWidget* widget)
 {
+    auto* label = new QLabel(caption, this);
+    label->setBuddy(widget);
+    row_->addWidget(label);
     row_->addWidget(widget);
+}
+
+QWidget* ToolbarBinder::ButtonOf(const std::string& key) const
+{
+    return bar_->widgetForAction(Action(key));
 }
 
 void ToolbarBinder::Sync()

@@ -21,7 +21,10 @@ public:
     /// toolbar and events are borrowed and outlive the binder.
     ToolbarBinder(Toolbar& toolbar, UserEvents& events, QWidget* parent = nullptr);
 
-    void AddAtRight(QWidget* widget);
+    /// With a caption before it, whose letter leads to it.
+    void AddAtRight(const QString& caption, QWidget* widget);
+    /// The button of a key.
+    QWidget* ButtonOf(const std::string& key) const;
     QAction* Action(const std::string& key) const { return actions_.at(key); }
 
 private:
