@@ -159,6 +159,11 @@ QPushButton* EmptyState::LinkTo(const std::string& item)
     return link;
 }
 
+QString EmptyState::Words() const
+{
+    return title_->text() + QStringLiteral(". ") + text_->text();
+}
+
 void EmptyState::Hide(QWidget& part)
 {
     // What had the focus gives it back to the grid.

@@ -24,6 +24,9 @@ public:
     /// Shows the hint in the middle of the room; hides without one, and where it does not fit.
     void Follow(const std::optional<EmptyHint>& hint, const QRect& room);
 
+    /// Title and text in one.
+    QString Words() const;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;

@@ -7,6 +7,7 @@
 #include <QTimerEvent>
 #include <algorithm>
 
+#include "desktop/AccessibleGrid.h"
 #include "desktop/CellEditor.h"
 #include "desktop/CellTip.h"
 #include "desktop/GridHeader.h"
@@ -40,6 +41,9 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
     MeasureFonts();
     grid_.Changed().connect(sigc::track_obj([this] { Sync(); }, *this));
     grid_.RedrawChanged().connect(sigc::track_obj([this](bool on) { RedrawChanged(on); }, *this));
+    AccessibleGrid::Install();
+    grid_.AfterEdit().connect(sigc::track_obj(
+        [this](std::int32_t /*row*/, std::int32_t column) { TellValue(column); }, *this));
     Sync();
 }
 
@@ -55,8 +59,10 @@ void GridView::RedrawChanged(bool on)
 {
     viewport()->setUpdatesEnabled(on);
     header_->setUpdatesEnabled(on);
-    if (on)
-        Sync();
+    if (!on)
+        return;
+    Sync();
+    TellRows();
 }
 
 void GridView::Sync()
@@ -66,12 +72,20 @@ void GridView::Sync()
     layout_.Take(grid_);
     PlaceHeader();
     UpdateScrollBars();
-    if (shownRow_ != grid_.Row() || shownColumn_ != grid_.Col()) {
+    const bool moved = shownRow_ != grid_.Row() || shownColumn_ != grid_.Col();
+    if (moved) {
         shownRow_ = grid_.Row();
         shownColumn_ = grid_.Col();
         ShowCurrentCell();
     }
     FollowEdit();
+    const bool others = toldRows_ != layout_.RowCount() || toldColumns_ != layout_.Spans().size();
+    toldRows_ = layout_.RowCount();
+    toldColumns_ = layout_.Spans().size();
+    if (others)
+        TellRows();
+    else if (moved)
+        TellFocus();
     FollowHint();
     header_->update();
     viewport()->update();
@@ -171,6 +185,7 @@ void GridView::focusInEvent(QFocusEvent* event)
 {
     QAbstractScrollArea::focusInEvent(event);
     viewport()->update();
+    TellFocus();
 }
 
 void GridView::focusOutEvent(QFocusEvent* event)

@@ -38,6 +38,13 @@ public:
     /// Draws the component's present state.
     void Sync();
     const GridLayout& Layout() const { return layout_; }
+    GridComponent& Component() { return grid_; }
+    /// Place of a column among the shown ones, from 1; 0 when it is not shown.
+    std::size_t PlaceOf(std::int32_t column) const;
+    /// Takes the focus and makes the cell current, as a click does; false when that is refused.
+    bool GoTo(std::size_t row, std::int32_t column);
+    /// Edits the current cell, folds or opens the current group.
+    void Open();
     CellEditor& Editor() { return *editor_; }
     GridHeader& Header() { return *header_; }
     /// What stands in the free room when there are no rows: `hint` tells it, `press` runs a way's
@@ -85,6 +92,9 @@ private:
     void ShowTip();
     std::string TipOf(std::size_t row, std::int32_t column);
     void FollowEdit();
+    void TellRows();
+    void TellFocus();
+    void TellValue(std::int32_t column);
     bool BeginEdit(char32_t key = 0);
     bool EndEdit();
     void KeepRow();
@@ -104,7 +114,8 @@ private:
     std::function<std::optional<EmptyHint>()> hint_;
     std::size_t shownRow_ = 0;
     std::int32_t shownColumn_ = 0;
-    bool changed_ = false;
+    std::size_t toldRows_ = 0;
+    std::size_t toldColumns_ = 0;
     QBasicTimer tipTimer_;
     QPoint tipPlace_;
 };

@@ -76,6 +76,7 @@ void MainWindow::BuildParts()
     grid_ = new GridView(
         controller_.Grid.Component(), events_,
         [this] { return controller_.window.Focus(controller_.Grid.Component()); }, inner_);
+    tree_->setAccessibleName(QStringLiteral("Views and accounts"));
     grid_->WhenEmpty([this] { return HintFor(controller_); },
                      [this](const std::string& item) {
                          events_.Run([&] { controller_.menus.Find(item)->Press(); });
@@ -106,6 +107,7 @@ void MainWindow::BuildStatusBar()
     statusText_ = new QLabel(status_);
     statusText_->setTextFormat(Qt::PlainText);
     statusText_->setContentsMargins(4, 0, 0, 0);
+    status_->setAccessibleName(QStringLiteral("Status"));
     status_->addWidget(statusText_, 1);
 }
 
@@ -124,8 +126,27 @@ void MainWindow::Sync()
 {
     setWindowTitle(ToQString(controller_.window.Caption()));
     statusText_->setText(ToQString(controller_.statusBar.Panel(1)));
+    const std::int32_t shown = controller_.TreeView.Selected();
+    grid_->setAccessibleName(shown == 0 ? QString()
+                                        : ToQString(controller_.TreeView.Node(shown).text));
+    NameTotals();
     // The commands that it leads to may have become enabled or disabled.
     grid_->FollowHint();
+}
+
+void MainWindow::NameTotals()
+{
+    if (!controller_.Loaded())
+        return;
+    const auto [first, second] = controller_.View().TotalColumns();
+    const GridColumns& columns = controller_.Grid.Component().Columns();
+    const auto name = [&](std::int32_t column) {
+        const bool shown = column >= 1 && column <= columns.Count();
+        return totals_->Caption()->text() + QStringLiteral(" ") +
+               ToQString(shown ? columns.Item(column).caption : std::string());
+    };
+    totals_->First()->setAccessibleName(name(first));
+    totals_->Second()->setAccessibleName(name(second));
 }
 
 void MainWindow::RepaintNow()

@@ -62,6 +62,7 @@ private:
     void FollowModels();
     void PlaceParts();
     void InnerResized();
+    void NameTotals();
     void RepaintNow();
     void OrderTabs();
     bool GridAgrees();

@@ -1,5 +1,6 @@
 #include "desktop/YearBox.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QStyleOptionSpinBox>
 #include <algorithm>
@@ -10,6 +11,8 @@
 namespace clb {
 
 namespace {
+
+constexpr const char* ValueProperty = "value";
 
 bool IsFourDigits(const QString& text)
 {
@@ -46,6 +49,14 @@ void YearBox::Sync()
     const QString text = ToQString(year_.Text());
     if (lineEdit()->text() != text)
         lineEdit()->setText(text);
+    bool number = false;
+    const int year = text.toInt(&number);
+    if (!number || property(ValueProperty) == year)
+        return;
+    // Screen readers take a spin box's number from its property.
+    setProperty(ValueProperty, year);
+    QAccessibleValueChangeEvent value(this, year);
+    QAccessible::updateAccessibility(&value);
 }
 
 void YearBox::HandOn()

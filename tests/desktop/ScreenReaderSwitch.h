@@ -1,0 +1,22 @@
+#pragma once
+
+// The toolkit sends its events for screen readers only while one is there, and offers no public
+// switch for that. Its base class does: these are as much of two classes as calling it takes.
+class QPlatformAccessibility {
+public:
+    void setActive(bool active);
+};
+class QPlatformIntegration {
+public:
+    QPlatformAccessibility* accessibility() const;
+};
+
+namespace clb {
+
+/// Makes the toolkit believe that a screen reader listens, on the offscreen platform.
+inline void ScreenReaderListens(bool listens)
+{
+    QPlatformIntegration().accessibility()->setActive(listens);
+}
+
+}  // namespace clb
