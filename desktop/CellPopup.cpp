@@ -5,10 +5,41 @@
 #include <QListWidget>
 #include <QScreen>
 #include <QScrollBar>
+#include <QTextCharFormat>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/GridColors.h"
+#include "desktop/Icons.h"
+
 namespace clb {
+
+namespace {
+
+/// The program's own arrows, and weekends that read well on light and dark.
+void Dress(QCalendarWidget& calendar)
+{
+    const GridColors colors(calendar.palette());
+    QTextCharFormat weekend;
+    weekend.setForeground(colors.negative);
+    calendar.setWeekdayTextFormat(Qt::Saturday, weekend);
+    calendar.setWeekdayTextFormat(Qt::Sunday, weekend);
+    const auto arrow = [&calendar](const char* button, const char* key) {
+        auto* drawn = calendar.findChild<QToolButton*>(QLatin1String(button));
+        if (!drawn)
+            return;
+        // They stand on the highlighted bar.
+        const QSize size(calendar.fontMetrics().height(), calendar.fontMetrics().height());
+        drawn->setIconSize(size);
+        drawn->setIcon(
+            QIcon(icons::Toolbar(key).pixmap(size, calendar.devicePixelRatioF(), QIcon::Selected)));
+    };
+    arrow("qt_calendar_prevmonth", "Back");
+    arrow("qt_calendar_nextmonth", "Forward");
+}
+
+}  // namespace
 
 CellPopup::CellPopup(QWidget* parent) : QFrame(parent, Qt::Popup)
 {
@@ -67,6 +98,7 @@ CellPopup* CellPopup::Calendar(QWidget* parent, const QDate& day,
     auto* calendar = popup->calendar_ = new QCalendarWidget(popup);
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     calendar->setSelectedDate(day);
+    Dress(*calendar);
     popup->layout()->addWidget(calendar);
     popup->setFocusProxy(calendar);
     const auto take = [popup, pick = std::move(pick)](const QDate& chosen) {

@@ -16,6 +16,17 @@ int InnerWidth(const GridLayout::Span& span)
     return span.width - 2 * GridPainter::Padding;
 }
 
+/// Whether a caption too long for its column stands on two lines: no word may be cut.
+bool Wraps(const QString& caption, const QFontMetrics& metrics, int width)
+{
+    if (!caption.contains(u' ') || metrics.horizontalAdvance(caption) <= width)
+        return false;
+    const QStringList words = caption.split(u' ');
+    return std::all_of(words.begin(), words.end(), [&](const QString& word) {
+        return metrics.horizontalAdvance(word) <= width;
+    });
+}
+
 }  // namespace
 
 GridHeader::GridHeader(const GridComponent& grid, const GridLayout& layout, Actions actions,
@@ -73,8 +84,8 @@ bool GridHeader::NeedsTwoLines() const
     const QFontMetrics metrics(CaptionFont());
     const auto& spans = layout_.Spans();
     return std::any_of(spans.begin(), spans.end(), [&](const GridLayout::Span& span) {
-        const QString caption = ToQString(grid_.Columns().Item(span.column).caption);
-        return caption.contains(u' ') && metrics.horizontalAdvance(caption) > InnerWidth(span);
+        return Wraps(ToQString(grid_.Columns().Item(span.column).caption), metrics,
+                     InnerWidth(span));
     });
 }
 
@@ -106,8 +117,7 @@ void GridHeader::DrawCaption(QPainter& painter, const GridLayout::Span& span) co
     painter.setPen(colors.frame);
     painter.drawLine(cell.topRight(), cell.bottomRight());
     const QRect inner = cell.adjusted(GridPainter::Padding, 0, -GridPainter::Padding, 0);
-    const bool wraps =
-        caption.contains(u' ') && painter.fontMetrics().horizontalAdvance(caption) > inner.width();
+    const bool wraps = Wraps(caption, painter.fontMetrics(), inner.width());
     painter.setPen(colors.text);
     painter.drawText(
         inner,

@@ -1,6 +1,7 @@
 #include "desktop/ToolbarBinder.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolBar>
@@ -33,9 +34,6 @@ ToolbarBinder::ToolbarBinder(Toolbar& toolbar, UserEvents& events, QWidget* pare
 {
     row_->setContentsMargins(4, 2, 6, 2);
     row_->addWidget(bar_, 1);
-    const int icon = fontMetrics().height() + 6;
-    bar_->setIconSize(QSize(icon, icon));
-    bar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     for (const Toolbar::Button& button : toolbar_.Buttons())
         AddButton(button);
     toolbar_.Changed().connect(sigc::track_obj([this] { Sync(); }, *this));
@@ -68,6 +66,37 @@ void ToolbarBinder::AddAtRight(const QString& caption, QWidget* widget)
     label->setBuddy(widget);
     row_->addWidget(label);
     row_->addWidget(widget);
+    Measure();
+}
+
+void ToolbarBinder::Measure()
+{
+    const int icon = fontMetrics().height() + 6;
+    bar_->setIconSize(QSize(icon, icon));
+    bar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar_->layout()->invalidate();
+    row_->invalidate();
+    fullWidth_ = row_->sizeHint().width();
+    Fit();
+}
+
+void ToolbarBinder::Fit()
+{
+    bar_->setToolButtonStyle(width() < fullWidth_ ? Qt::ToolButtonIconOnly
+                                                  : Qt::ToolButtonTextBesideIcon);
+}
+
+void ToolbarBinder::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    Fit();
+}
+
+void ToolbarBinder::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        Measure();
 }
 
 QWidget* ToolbarBinder::ButtonOf(const std::string& key) const

@@ -15,7 +15,8 @@ namespace clb {
 
 class UserEvents;
 
-/// Draws the toolbar: its buttons on the left, whatever is added on the right.
+/// Draws the toolbar: its buttons on the left, whatever is added on the right. Where there is no
+/// room for the buttons' texts their pictures stand alone.
 class ToolbarBinder : public QWidget, public sigc::trackable {
 public:
     /// toolbar and events are borrowed and outlive the binder.
@@ -27,7 +28,13 @@ public:
     QWidget* ButtonOf(const std::string& key) const;
     QAction* Action(const std::string& key) const { return actions_.at(key); }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
 private:
+    void Measure();
+    void Fit();
     void AddButton(const Toolbar::Button& button);
     void Sync();
 
@@ -35,6 +42,7 @@ private:
     UserEvents& events_;
     QToolBar* bar_;
     QHBoxLayout* row_;
+    int fullWidth_ = 0;  // with the buttons' texts
     std::map<std::string, QAction*> actions_;
 };
 

@@ -2,10 +2,17 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <algorithm>
 
 #include "desktop/TextConvert.h"
 
 namespace clb {
+
+namespace {
+
+constexpr int Frame = 12;  // pixels that a box's frame and margins take of its width
+
+}  // namespace
 
 void ApplyPlace(const Control& control, QWidget& widget)
 {
@@ -44,8 +51,15 @@ void TotalsLine::Follow(Label& box)
 void TotalsLine::Follow(TextBox& box, QLineEdit* drawn)
 {
     const auto sync = [&box, drawn] {
-        drawn->setText(ToQString(box.Text()));
         ApplyPlace(box, *drawn);
+        const QString amount = ToQString(box.Text());
+        const int room = drawn->width() - Frame;
+        const QFontMetrics metrics = drawn->fontMetrics();
+        const bool fits = metrics.horizontalAdvance(amount) <= room;
+        // An amount without its beginning would be another amount.
+        drawn->setText(fits ? amount
+                            : QString(std::max(1, room / metrics.horizontalAdvance(u'#')), u'#'));
+        drawn->setToolTip(fits ? QString() : amount);
     };
     box.Changed().connect(sigc::track_obj(sync, *this));
     sync();

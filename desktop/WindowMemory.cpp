@@ -68,6 +68,8 @@ void WindowMemory::Restore()
     RestorePlace(settings);
     if (const int width = settings.value(QStringLiteral("Tree/width")).toInt(); width > 0)
         window_.TreeWidth(width);
+    else if (const int most = window_.width() / 3; controller_.TreeWidth() > most)
+        window_.TreeWidth(most);
     RestoreColumns(settings);
 }
 

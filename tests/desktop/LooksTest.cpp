@@ -189,6 +189,25 @@ TEST_P(LooksTest, TheTreeShowsWhetherItHasTheFocus)
     EXPECT_NE(picture(), focused);
 }
 
+TEST_P(LooksTest, AToolbarWithoutRoomForItsTextsShowsEveryPicture)
+{
+    window_.InnerSize(1000, 500);
+    QWidget* forward = window_.ToolbarWidget().ButtonOf("Forward");
+    const int full = forward->width();
+
+    window_.InnerSize(480, 400);
+    QTest::qWait(1);
+
+    for (const char* key : {"New", "Delete", "Link", "Back", "Forward"})
+        EXPECT_TRUE(window_.ToolbarWidget().ButtonOf(key)->isVisible()) << key;
+    EXPECT_LT(forward->width(), full);
+    EXPECT_GE(forward->width(), forward->sizeHint().width());
+
+    window_.InnerSize(1000, 500);
+    QTest::qWait(1);
+    EXPECT_EQ(forward->width(), full);
+}
+
 INSTANTIATE_TEST_SUITE_P(LightAndDark, LooksTest, testing::Bool(),
                          [](const auto& which) { return which.param ? "Dark" : "Light"; });
 

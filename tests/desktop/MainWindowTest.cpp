@@ -213,6 +213,18 @@ TEST_F(WindowTest, TheTotalsStandUnderTheirColumnsAndASecondOneOnlyWhereThereIsO
     EXPECT_TRUE(window_.Totals().First()->isReadOnly());
 }
 
+TEST_F(WindowTest, ATotalWithoutRoomShowsNoOtherAmount)
+{
+    books_.Execute("UPDATE Account SET OpeningBalance = 1234567.89");
+    ClickNode("Net Worth");
+    EXPECT_EQ(window_.Totals().First()->text(), "3,703,703.67");
+
+    window_.InnerSize(420, 400);
+
+    EXPECT_THAT(window_.Totals().First()->text().toStdString(), testing::MatchesRegex("#+"));
+    EXPECT_EQ(window_.Totals().First()->toolTip(), "3,703,703.67");
+}
+
 TEST_F(WindowTest, ResizingTheWindowLaysItsPartsOutAsTheModelSays)
 {
     window_.InnerSize(800, 500);
