@@ -1,8 +1,7 @@
 #include "data/clsDatabase.h"
 
-#include "base/Numeric.h"
 #include "base/Text.h"
-#include "engine/EngineError.h"
+#include "data/SchemaVersion.h"
 
 namespace clb {
 
@@ -17,16 +16,8 @@ clsDatabase::clsDatabase(const std::string& folder, const IShownState& shown, IC
 
 std::int16_t clsDatabase::ReadSchemaVersion()
 {
-    try {
-        Recordset records = connection_.Execute("SELECT * FROM _SchemaVersion");
-        if (records.Fields().empty())
-            throw EngineError(engine_errors::ItemNotFound,
-                              "The table _SchemaVersion has no column that names the version.");
-        return static_cast<std::int16_t>(ParseLong(records.Fields().front().name));
-    } catch (const EngineError& error) {
-        if (error.Number() != engine_errors::NoSuchTable)
-            throw;
-    }
+    if (const auto version = SchemaVersionOf(connection_))
+        return *version;
     connection_.Execute("CREATE TABLE _SchemaVersion (0 LONG)");
     return 0;
 }
@@ -34,6 +25,7 @@ std::int16_t clsDatabase::ReadSchemaVersion()
 void clsDatabase::UpgradeSchema()
 {
     const std::int16_t version = ReadSchemaVersion();
+    schemaVersion_ = version;
     if (version == 0)
         connection_.Execute("ALTER TABLE Loan ALTER COLUMN InterestRate Single");
     if (version == 0 || version == 1) {
@@ -43,6 +35,7 @@ void clsDatabase::UpgradeSchema()
         connection_.Execute("ALTER TABLE _SchemaVersion DROP COLUMN " + std::to_string(version));
         // The new version is fixed, whatever the old one was.
         connection_.Execute("ALTER TABLE _SchemaVersion ADD  COLUMN 2 LONG");
+        schemaVersion_ = kSchemaVersion;
     }
 }
 

@@ -76,6 +76,9 @@ public:
     /// Whether a row of the table meets the condition.
     bool RowExists(const std::string& table, const std::string& condition);
 
+    /// The file's schema version, at least 2 here; a later program's file has a later one.
+    std::int16_t SchemaVersion() const { return schemaVersion_; }
+
     /// The connection: for settling, tracing, and statements from outside.
     Connection& Database() { return connection_; }
 
@@ -101,6 +104,7 @@ private:
     const IShownState& shown_;
     ICurrentRow& row_;
     Connection connection_;
+    std::int16_t schemaVersion_ = 0;
     Recordset rows_;
 };
 

@@ -1,5 +1,6 @@
 #include "engine/Connection.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <utility>
 
@@ -83,8 +84,7 @@ void Connection::CreateFile(const std::string& path, const std::string& script)
     // The file appears under its name only when it is complete.
     const std::string unfinished = path + ".new";
     if (std::filesystem::exists(path))
-        throw EngineError(engine_errors::Unavailable,
-                          "The database file '" + path + "' exists already.");
+        throw refuse::CannotWrite(path, EEXIST);
     std::error_code ignored;
     std::filesystem::remove(unfinished, ignored);
     try {

@@ -2,6 +2,10 @@
 
 #include <sqlite3.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <filesystem>
 #include <limits>
 #include <utility>
@@ -14,10 +18,7 @@ namespace {
 
 constexpr int kBusyMilliseconds = 2000;
 
-EngineError Unavailable(const std::string& path, const std::string& what)
-{
-    return {engine_errors::Unavailable, "The database file '" + path + "' " + what};
-}
+constexpr const char* kNoDatabase = "is damaged or is no database.";
 
 /// What follows the last colon and blank: "NOT NULL constraint failed: Account.Type" names the
 /// field.
@@ -40,18 +41,29 @@ EngineError ConstraintError(int extended, const std::string& message)
     return {engine_errors::Constraint, message};
 }
 
-EngineError ErrorOf(int code, int extended, const std::string& message, const std::string& path)
+/// system: errno of the system call that failed, where one did.
+EngineError FileErrorOf(int code, int system, const std::string& path)
+{
+    switch (code) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return refuse::File(path, "is locked by another program.", FileTrouble::Locked);
+        case SQLITE_READONLY: return refuse::File(path, "is read-only.", FileTrouble::ReadOnly);
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB: return refuse::File(path, kNoDatabase, FileTrouble::Damaged);
+        case SQLITE_FULL: return refuse::CannotWrite(path, ENOSPC);
+        case SQLITE_IOERR:
+            if (system == EFBIG || system == EDQUOT)
+                return refuse::CannotWrite(path, system);
+            return refuse::File(path, "cannot be read or written.", FileTrouble::Unreadable);
+        default: return refuse::File(path, "cannot be opened.", FileTrouble::Unreadable);
+    }
+}
+
+EngineError ErrorOf(int code, int extended, const std::string& message)
 {
     switch (code) {
         case SQLITE_CONSTRAINT: return ConstraintError(extended, message);
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED: return Unavailable(path, "is locked by another program.");
-        case SQLITE_READONLY: return Unavailable(path, "is read-only.");
-        case SQLITE_CORRUPT:
-        case SQLITE_NOTADB: return Unavailable(path, "is damaged or is no database.");
-        case SQLITE_FULL: return Unavailable(path, "cannot grow: the disk is full.");
-        case SQLITE_IOERR: return Unavailable(path, "cannot be read or written.");
-        case SQLITE_CANTOPEN: return Unavailable(path, "cannot be opened.");
         case SQLITE_AUTH: return refuse::Statement("The statement is not allowed.");
         case SQLITE_TOOBIG:
             return refuse::Statement("The statement or one of its values is too big.");
@@ -60,6 +72,22 @@ EngineError ErrorOf(int code, int extended, const std::string& message, const st
     if (message == "integer overflow")
         return refuse::Overflow();
     return refuse::Statement(message);
+}
+
+/// Whether an error of this kind is about the file, not about the statement.
+bool IsAboutFile(int code)
+{
+    switch (code) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+        case SQLITE_READONLY:
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+        case SQLITE_FULL:
+        case SQLITE_IOERR:
+        case SQLITE_CANTOPEN: return true;
+        default: return false;
+    }
 }
 
 std::string_view ColumnText(sqlite3_stmt* statement, int column)
@@ -176,15 +204,58 @@ void Database::Close()
     raw_ = nullptr;
 }
 
+void Database::RequireFile(const std::string& path)
+{
+    namespace fs = std::filesystem;
+    std::error_code failure;
+    const fs::file_status status = fs::status(path, failure);
+    if (status.type() == fs::file_type::not_found)
+        throw refuse::File(path, "does not exist.", FileTrouble::Missing);
+    if (failure)
+        throw refuse::File(path, "cannot be opened.", FileTrouble::Unreadable);
+    if (fs::is_directory(status))
+        throw refuse::File(path, "is a folder.", FileTrouble::Folder);
+    if (!fs::is_regular_file(status) || fs::file_size(path, failure) == 0)
+        throw refuse::File(path, kNoDatabase, FileTrouble::Damaged);
+}
+
+void Database::RequireWritable()
+{
+    if (sqlite3_db_readonly(raw_, "main") == 1)
+        throw FileErrorOf(SQLITE_READONLY, 0, path_);
+    std::error_code ignored;
+    const auto file = std::filesystem::weakly_canonical(path_, ignored);
+    if (faccessat(AT_FDCWD, file.parent_path().c_str(), W_OK | X_OK, AT_EACCESS) != 0)
+        throw refuse::File(path_, "is in a folder that takes no new files.",
+                           FileTrouble::FolderReadOnly);
+}
+
+void Database::ReadFirst()
+{
+    Run("PRAGMA schema_version");
+}
+
 void Database::OpenExisting(const std::string& path)
 {
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(path, ignored))
-        throw Unavailable(path, "does not exist.");
+    RequireFile(path);
     Connect(path, SQLITE_OPEN_READWRITE);
     try {
+        RequireWritable();
+        ReadFirst();
         Harden();
-        Run("PRAGMA schema_version");  // reads the file for the first time
+    } catch (...) {
+        Close();
+        throw;
+    }
+}
+
+void Database::OpenToRead(const std::string& path)
+{
+    RequireFile(path);
+    Connect(path, SQLITE_OPEN_READWRITE);
+    try {
+        ReadFirst();
+        Run("PRAGMA query_only = ON");
     } catch (...) {
         Close();
         throw;
@@ -202,8 +273,9 @@ void Database::Connect(const std::string& path, int flags)
     path_ = path;
     const int code = sqlite3_open_v2(path.c_str(), &raw_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code != SQLITE_OK) {
+        const int system = raw_ ? sqlite3_system_errno(raw_) : 0;
         Close();
-        throw ErrorOf(code & 0xFF, code, sqlite3_errstr(code), path);
+        throw FileErrorOf(code & 0xFF, system, path);
     }
     sqlite3_extended_result_codes(raw_, 1);
     sqlite3_busy_timeout(raw_, kBusyMilliseconds);
@@ -258,7 +330,15 @@ void Database::Throw(int code, const std::string& message)
 {
     if (failure_)
         throw EngineError(*std::exchange(failure_, std::nullopt));
-    throw ErrorOf(code & 0xFF, code, message, path_);
+    const int kind = code & 0xFF;
+    if (IsAboutFile(kind))
+        throw FileErrorOf(kind, sqlite3_system_errno(raw_), path_);
+    throw ErrorOf(kind, code, message);
+}
+
+void Database::Refuse(int code)
+{
+    Throw(code, sqlite3_errmsg(raw_));
 }
 
 std::int64_t Database::LastRowId() const

@@ -64,8 +64,12 @@ public:
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    /// Opens an existing file for reading and writing; never creates one.
+    /// Opens an existing file for reading and writing; never creates one. Refuses a file that could
+    /// not be written.
     void OpenExisting(const std::string& path);
+    /// Opens an existing file to look at it: one that may not be written will do, and nothing is
+    /// written but what an interrupted program left undone.
+    void OpenToRead(const std::string& path);
     /// Creates a file and keeps writes to it unsynchronised: for filling it.
     void Create(const std::string& path);
     void Close();
@@ -85,11 +89,18 @@ public:
     /// An error that a function of ours raises inside a running statement; Step and Run throw it.
     void Fail(const EngineError& error) { failure_ = error; }
 
+    /// Throws the error for a code that the storage gave elsewhere.
+    [[noreturn]] void Refuse(int code);
+
     sqlite3* Raw() const { return raw_; }
 
 private:
     void Connect(const std::string& path, int flags);
+    /// Refuses what cannot be a database; an empty file would be taken for a new one.
+    static void RequireFile(const std::string& path);
+    void RequireWritable();
     void Harden();
+    void ReadFirst();
     [[noreturn]] void Throw(int code, const std::string& message);
 
     sqlite3* raw_ = nullptr;

@@ -3,11 +3,32 @@
 
 namespace clb {
 
+/// What is the matter with the database file, where that is what an error is about.
+enum class FileTrouble {
+    None,
+    Missing,
+    Folder,          ///< a folder has its name
+    Locked,          ///< another program has it
+    ReadOnly,        ///< the file may not be written
+    FolderReadOnly,  ///< its folder takes no new files, and writing needs one for a moment
+    Damaged,         ///< or no database at all
+    Full,            ///< no room on the disk
+    Unreadable
+};
+
 /// A statement or result-set operation that the engine refused; number and message as shown to the
 /// user. Nothing was changed by the refused statement.
 class EngineError : public RuntimeError {
 public:
     using RuntimeError::RuntimeError;
+    EngineError(std::int32_t number, const std::string& message, FileTrouble trouble)
+        : RuntimeError(number, message), trouble_(trouble)
+    {
+    }
+    FileTrouble Trouble() const { return trouble_; }
+
+private:
+    FileTrouble trouble_ = FileTrouble::None;
 };
 
 /// Numbers of engine errors, as signed 32-bit values.

@@ -1,5 +1,8 @@
 #include "engine/Errors.h"
 
+#include <cerrno>
+#include <cstring>
+
 namespace clb::refuse {
 namespace {
 
@@ -127,6 +130,21 @@ EngineError RowVanished()
 {
     return {engine_errors::RowVanished,
             "The row no longer exists: another statement has deleted it since the rows were read."};
+}
+
+EngineError File(const std::string& path, const std::string& what, FileTrouble trouble)
+{
+    return {engine_errors::Unavailable, "The database file " + Quoted(path) + " " + what, trouble};
+}
+
+EngineError CannotWrite(const std::string& path, int error)
+{
+    if (error == ENOSPC || error == EDQUOT || error == EFBIG)
+        return File(path, "cannot grow: the disk is full.", FileTrouble::Full);
+    if (error == EEXIST)
+        return File(path, "exists already.", FileTrouble::None);
+    return File(path, std::string("cannot be written: ") + std::strerror(error) + ".",
+                FileTrouble::ReadOnly);
 }
 
 }  // namespace clb::refuse

@@ -31,6 +31,10 @@ EngineError Criterion(std::string_view criterion);
 EngineError Closed();
 EngineError AlreadyOpen();
 EngineError RowVanished();
+/// what: "is read-only.", as it follows the file's name.
+EngineError File(const std::string& path, const std::string& what, FileTrouble trouble);
+/// For the error that errno gives for a file that is to be written.
+EngineError CannotWrite(const std::string& path, int error);
 
 }  // namespace refuse
 }  // namespace clb

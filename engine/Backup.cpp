@@ -1,0 +1,186 @@
+#include "engine/Backup.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+#include "engine/ConnectionString.h"
+#include "engine/Database.h"
+#include "engine/Errors.h"
+
+namespace clb {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A new file for the user alone, which goes again unless it is kept.
+class Unfinished {
+public:
+    explicit Unfinished(const std::string& path) : path_(path)
+    {
+        const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        if (file < 0)
+            throw refuse::CannotWrite(path, errno);
+        ::close(file);
+    }
+    ~Unfinished()
+    {
+        if (!kept_)
+            ::unlink(path_.c_str());
+    }
+    Unfinished(const Unfinished&) = delete;
+    Unfinished& operator=(const Unfinished&) = delete;
+    void Keep()
+    {
+        FlushToDisk(path_);
+        kept_ = true;
+    }
+
+private:
+    std::string path_;
+    bool kept_ = false;
+};
+
+void CopyPages(Database& source, Database& target)
+{
+    sqlite3_backup* copy = sqlite3_backup_init(target.Raw(), "main", source.Raw(), "main");
+    if (copy) {
+        sqlite3_backup_step(copy, -1);
+        sqlite3_backup_finish(copy);
+    }
+    const int code = sqlite3_errcode(target.Raw());
+    if (code == SQLITE_OK)
+        return;
+    const bool writing = (code & 0xFF) == SQLITE_FULL || (code & 0xFF) == SQLITE_IOERR;
+    (writing ? target : source).Refuse(code);
+}
+
+/// Copies what the connection sees. The copy is flushed only when the source is free again, so that
+/// a program that waits to write need not wait for the disk.
+void CopyTo(Database& source, const std::string& to)
+{
+    Unfinished file(to);
+    Database target;
+    target.Create(to);
+    CopyPages(source, target);
+    target.Close();
+    file.Keep();
+}
+
+void CopyBytes(const std::string& from, const std::string& to)
+{
+    Unfinished file(to);
+    std::error_code failure;
+    fs::copy_file(from, to, fs::copy_options::overwrite_existing, failure);
+    if (failure)
+        throw refuse::CannotWrite(to, failure.value());
+    ::chmod(to.c_str(), 0600);
+    file.Keep();
+}
+
+std::string JournalOf(const std::string& path)
+{
+    return path + "-journal";
+}
+
+/// Whether another program has the file open, where the system can tell.
+bool IsOpenElsewhere(const std::string& path)
+{
+    const int file = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
+    if (file < 0)
+        return false;
+    // A lease on the whole file is given only while nobody else has it open. Who opens it meanwhile
+    // makes the system send this signal.
+    struct sigaction ignore {};
+    struct sigaction before {};
+    ignore.sa_handler = SIG_IGN;
+    ::sigaction(SIGIO, &ignore, &before);
+    const bool open = ::fcntl(file, F_SETLEASE, F_WRLCK) != 0 && errno == EAGAIN;
+    ::close(file);
+    ::sigaction(SIGIO, &before, nullptr);
+    return open;
+}
+
+void TakePlace(const std::string& fresh, const std::string& path)
+{
+    if (::rename(fresh.c_str(), path.c_str()) != 0)
+        throw refuse::CannotWrite(path, errno);
+    FlushToDisk(path);
+}
+
+/// The journal of an interrupted program belongs to the old file and would spoil a new one.
+void PutJournalAside(const std::string& path, const std::string& kept)
+{
+    const std::string journal = JournalOf(path);
+    if (::access(journal.c_str(), F_OK) != 0)
+        return;
+    CopyBytes(journal, JournalOf(kept));
+    if (::unlink(journal.c_str()) != 0)
+        throw refuse::CannotWrite(journal, errno);
+}
+
+void ReplaceUnusable(const std::string& path, const std::string& fresh, const std::string& kept)
+{
+    if (::access(path.c_str(), F_OK) == 0)
+        CopyBytes(path, kept);
+    PutJournalAside(path, kept);
+    TakePlace(fresh, path);
+}
+
+}  // namespace
+
+void CopyDatabase(const std::string& from, const std::string& to)
+{
+    Database source;
+    source.OpenToRead(from);
+    CopyTo(source, to);
+}
+
+std::vector<std::string> FaultsOf(const std::string& path)
+{
+    Database database;
+    database.OpenToRead(path);
+    std::vector<std::string> faults;
+    try {
+        Statement check = database.Prepare("PRAGMA integrity_check");
+        while (database.Step(check))
+            faults.push_back(check.Text(0));
+    } catch (const EngineError& error) {
+        // So much is wrong that the storage gives up.
+        if (error.Trouble() != FileTrouble::Damaged)
+            throw;
+        faults.push_back("it cannot be read to its end");
+    }
+    if (faults == std::vector<std::string>{"ok"})
+        faults.clear();
+    return faults;
+}
+
+void ReplaceDatabase(const std::string& path, const std::string& fresh, const std::string& kept)
+{
+    std::error_code ignored;
+    const std::string file = fs::weakly_canonical(path, ignored).string();
+    if (IsOpenElsewhere(file))
+        throw refuse::File(path, "is in use by another program.", FileTrouble::Locked);
+    Database present;
+    try {
+        present.OpenExisting(file);
+        // Keeps the lock without a command on its way, which would keep the copy waiting.
+        present.Run("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT");
+        CopyTo(present, kept);
+    } catch (const EngineError& error) {
+        present.Close();
+        if (error.Trouble() != FileTrouble::Damaged && error.Trouble() != FileTrouble::Missing)
+            throw;
+        return ReplaceUnusable(file, fresh, kept);
+    }
+    TakePlace(fresh, file);
+}
+
+}  // namespace clb

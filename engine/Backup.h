@@ -1,0 +1,22 @@
+#pragma once
+#include <string>
+#include <vector>
+
+namespace clb {
+
+/// Copies the database to a new file, as it stands between two commands even while another program
+/// writes it. The copy is for the user alone and is on the disk when this returns. Throws
+/// EngineError, also when the new file exists; nothing half copied stays.
+void CopyDatabase(const std::string& from, const std::string& to);
+
+/// What is wrong with the inner order of a database file, in the storage's words; empty when it is
+/// sound. Throws EngineError when the file cannot be read as a database at all.
+std::vector<std::string> FaultsOf(const std::string& path);
+
+/// Puts the database file `fresh`, of the same folder, in the place of the one at path, in one
+/// step. What was at path, damaged or not, is copied to the new file `kept` before; there need not
+/// have been any. Throws EngineError when another program has the file open or locked, or something
+/// cannot be written; then path is as it was and `fresh` is still there.
+void ReplaceDatabase(const std::string& path, const std::string& fresh, const std::string& kept);
+
+}  // namespace clb
