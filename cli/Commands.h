@@ -26,5 +26,8 @@ void AddMove(CLI::App& app, int& exitCode);
 void AddOptions(CLI::App& app, int& exitCode);
 void AddQuotes(CLI::App& app, int& exitCode);
 void AddQuoteServer(CLI::App& app, int& exitCode);
+void AddBackup(CLI::App& app, int& exitCode);
+void AddRestore(CLI::App& app, int& exitCode);
+void AddCheck(CLI::App& app, int& exitCode);
 
 }  // namespace clb

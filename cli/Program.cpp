@@ -1,6 +1,7 @@
 #include "cli/Program.h"
 
 #include "base/RuntimeError.h"
+#include "data/Backups.h"
 
 #include <iostream>
 
@@ -13,6 +14,7 @@ Program::Program(const std::string& folder, IModalHost& forms)
                    http_, ""},
                   WindowMetrics())
 {
+    Backups(folder).BeforeUpgrade(clock_.Now());
     controller_.Load();
 }
 

@@ -1,4 +1,5 @@
 #include "cli/Commands.h"
+#include "data/Trouble.h"
 
 #include <CLI/CLI.hpp>
 #include <exception>
@@ -15,10 +16,11 @@ int Run(int argc, char** argv)
     app.require_subcommand(1);
     app.failure_message(CLI::FailureMessage::simple);
     int exitCode = 0;
-    for (const auto add : {clb::AddNew, clb::AddDemo, clb::AddAccounts, clb::AddNetWorth,
-                           clb::AddRegister, clb::AddBudget, clb::AddCopyBudget, clb::AddImport,
-                           clb::AddExport, clb::AddSplit, clb::AddMove, clb::AddOptions,
-                           clb::AddQuotes, clb::AddQuoteServer, clb::AddSql, clb::AddAutomate})
+    for (const auto add :
+         {clb::AddNew, clb::AddDemo, clb::AddAccounts, clb::AddNetWorth, clb::AddRegister,
+          clb::AddBudget, clb::AddCopyBudget, clb::AddImport, clb::AddExport, clb::AddSplit,
+          clb::AddMove, clb::AddOptions, clb::AddQuotes, clb::AddQuoteServer, clb::AddBackup,
+          clb::AddRestore, clb::AddCheck, clb::AddSql, clb::AddAutomate})
         add(app, exitCode);
     try {
         app.parse(argc, argv);
@@ -35,7 +37,7 @@ int main(int argc, char** argv)
     try {
         return Run(argc, argv);
     } catch (const std::exception& error) {
-        std::cerr << "clb: " << error.what() << '\n';
+        std::cerr << "clb: " << clb::TroubleText(error) << '\n';
         return refused;
     }
 }

@@ -1,0 +1,48 @@
+#include "automation/ValueJson.h"
+#include "cli/Commands.h"
+#include "cli/Options.h"
+#include "data/Backups.h"
+#include "platform/ProgramFolder.h"
+#include "platform/SystemClock.h"
+
+#include <iostream>
+#include <memory>
+
+namespace clb {
+namespace {
+
+struct BackupOptions : FolderOptions {
+    std::string file;
+};
+
+void MakeBackup(const BackupOptions& options)
+{
+    Backups backups(ProgramFolder(PlacesOf(options.home)));
+    std::string made = options.file;
+    if (made.empty())
+        made = backups.Make(SystemClock().Now());
+    else
+        backups.CopyTo(made);
+    if (options.json)
+        std::cout << ToLine({{"file", made}}) << '\n';
+    else
+        std::cout << "Made " << made << '\n';
+}
+
+}  // namespace
+
+void AddBackup(CLI::App& app, int&)
+{
+    auto options = std::make_shared<BackupOptions>();
+    CLI::App* command = app.add_subcommand("backup", "Copy the database to a safe place");
+    command
+        ->add_option("FILE", options->file,
+                     "File to write, which must not be there (default: one of today in db/backup "
+                     "of the program folder)")
+        ->check(IsFileName());
+    AddHome(*command, *options);
+    AddJson(*command, *options);
+    command->callback([options] { MakeBackup(*options); });
+}
+
+}  // namespace clb
