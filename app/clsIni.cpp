@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "data/OwnFile.h"
 
 namespace clb {
 namespace {
@@ -71,6 +72,7 @@ struct IniText {
         const bool replaces = files::exists(target, failed);
         if (path.empty() || (replaces && !std::fstream(target)))
             return;
+        MakeOwnFile(fresh.string());
         std::ofstream out(fresh, std::ios::binary | std::ios::trunc);
         out << (marked ? kByteOrderMark : std::string_view());
         for (const std::string& line : lines)

@@ -1,6 +1,7 @@
 #include "app/frmAbout.h"
 
 #include "app/Product.h"
+#include "data/SchemaVersion.h"
 #include "ports/IShell.h"
 
 namespace clb {
@@ -12,20 +13,30 @@ std::string NameAndVersion()
            std::to_string(product::Minor) + "." + std::to_string(product::Revision);
 }
 
+std::string LaterSchema(std::int16_t version)
+{
+    return "Your data file has the schema version " + std::to_string(version) +
+           " of a later program. This one knows version " + std::to_string(kSchemaVersion) +
+           " and uses the file as it is.";
+}
+
 }  // namespace
 
-frmAbout::frmAbout(IModalHost& host, IShell& shell)
+frmAbout::frmAbout(IModalHost& host, IShell& shell, std::int16_t schemaVersion)
     : host_(host),
       form_("frmAbout", std::string("About ") + product::Title),
       picAppIcon("picAppIcon"),
       lblAppName("lblAppName", NameAndVersion()),
       lblLegal("lblLegal", product::LegalNotice),
+      lblSchema("lblSchema", LaterSchema(schemaVersion)),
       lblWebSite("lblWebSite", product::HomePage),
       cmdOK("cmdOK", "OK")
 {
     for (Control* control :
          std::initializer_list<Control*>{&picAppIcon, &lblAppName, &lblLegal, &lblWebSite, &cmdOK})
         form_.Add(*control);
+    if (schemaVersion > kSchemaVersion)
+        form_.Add(lblSchema);
     form_.DefaultButton(cmdOK);
     form_.CancelButton(cmdOK);
     cmdOK.Click().connect([this] { form_.Hide(); });

@@ -1,4 +1,6 @@
 #pragma once
+#include <cstdint>
+
 #include "controls/Form.h"
 #include "controls/Inputs.h"
 
@@ -9,8 +11,9 @@ class IShell;
 /// The about box.
 class frmAbout {
 public:
-    /// Both borrowed; they outlive the box.
-    frmAbout(IModalHost& host, IShell& shell);
+    /// Both borrowed; they outlive the box. A data file of a later schema version than the
+    /// program's has a line of its own.
+    frmAbout(IModalHost& host, IShell& shell, std::int16_t schemaVersion = 0);
     void ShowDialog();
 
 private:
@@ -19,6 +22,7 @@ private:
     Control picAppIcon;
     Label lblAppName;
     Label lblLegal;
+    Label lblSchema;
     Label lblWebSite;
     Button cmdOK;
 };

@@ -156,7 +156,7 @@ void frmController::OptionsCommand()
 
 void frmController::AboutCommand()
 {
-    frmAbout(ports_.modal, ports_.shell).ShowDialog();
+    frmAbout(ports_.modal, ports_.shell, Data().SchemaVersion()).ShowDialog();
 }
 
 std::string frmController::QuoteService() const

@@ -130,8 +130,11 @@ void ArrangeAbout(FormDialog& dialog)
     legal->setMinimumWidth(Characters(dialog, 60));
     auto* texts = new QVBoxLayout;
     texts->setSpacing(12);
-    for (const char* text : {"lblAppName", "lblLegal", "lblWebSite"})
-        texts->addWidget(dialog.WidgetOf(text));
+    if (auto* schema = qobject_cast<QLabel*>(dialog.WidgetOf("lblSchema")))
+        schema->setWordWrap(true);
+    for (const char* text : {"lblAppName", "lblSchema", "lblLegal", "lblWebSite"})
+        if (QWidget* label = dialog.WidgetOf(text))
+            texts->addWidget(label);
     texts->addStretch(1);
     auto* content = new QHBoxLayout;
     content->setSpacing(18);

@@ -6,6 +6,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "data/OwnFile.h"
 #include "data/clsDatabase.h"
 #include "ports/IClock.h"
 #include "ports/IFileDialog.h"
@@ -121,6 +122,7 @@ void modExport::WriteOFX(const std::string& path)
     database_.Fill(
         rows, "select * from Trans where AccountID = '" + clsDatabase::ToSqlString(account) + "'",
         true);
+    MakeOwnFile(path);
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     for (const char* line : kHeader)
         file << line << kLineEnd;

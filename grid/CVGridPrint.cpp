@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "base/RuntimeError.h"
+#include "data/OwnFile.h"
 #include "grid/CVGrid.h"
 
 namespace clb {
@@ -13,6 +14,7 @@ namespace fs = std::filesystem;
 
 void WriteFile(const std::string& path, const std::string& text)
 {
+    MakeOwnFile(path);
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     out << text;
     out.close();

@@ -198,5 +198,26 @@ TEST(clsOpenSaveTest, AChoiceSetsNameTitleAndExtension)
     EXPECT_EQ(dialog.FileExt, "OFX");
 }
 
+TEST(AboutTest, OnlyALaterProgramsDataFileHasALineOfItsOwn)
+{
+    FakeModalHost host;
+    FakeShell shell;
+    std::vector<std::string> notes;
+    const auto look = [&](Form& form) {
+        const Control* const note = form.Find("lblSchema");
+        notes.push_back(note ? dynamic_cast<const Label&>(*note).Caption() : "");
+    };
+    host.steps = {look, look};
+
+    frmAbout(host, shell, 2).ShowDialog();
+    frmAbout(host, shell, 7).ShowDialog();
+
+    ASSERT_EQ(notes.size(), 2U);
+    EXPECT_EQ(notes[0], "");
+    EXPECT_EQ(notes[1],
+              "Your data file has the schema version 7 of a later program. This one knows version "
+              "2 and uses the file as it is.");
+}
+
 }  // namespace
 }  // namespace clb
