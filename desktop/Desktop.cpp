@@ -4,8 +4,11 @@
 #include <iostream>
 #include <memory>
 
+#include "data/Backups.h"
 #include "data/EmptyDatabase.h"
+#include "data/Trouble.h"
 #include "desktop/Appearance.h"
+#include "desktop/DailyBackup.h"
 #include "desktop/DateFormPort.h"
 #include "desktop/FileDialogPort.h"
 #include "desktop/Icons.h"
@@ -16,6 +19,7 @@
 #include "desktop/PrintWindow.h"
 #include "desktop/QtModalHost.h"
 #include "desktop/ShellPort.h"
+#include "desktop/StuckWindow.h"
 #include "desktop/UserEvents.h"
 #include "desktop/WindowMemory.h"
 #include "desktop/WindowPresenter.h"
@@ -60,10 +64,21 @@ public:
             [this] { window_.Sync(); });
         // Hiding the last window does not end the toolkit's loop; unloading it ends the program.
         controller_.Unloading().connect([] { QCoreApplication::quit(); });
+        events_.WhenIdle([this] { stuck_.Follow(); });
     }
+    ~Program()
+    {
+        events_.WhenIdle({});
+        // It is the whole application's, and another program may follow.
+        pointer_.Pointer(pointer::Default);
+    }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
     void Load() { controller_.Load(); }
     MainWindow& Window() { return window_; }
     frmController& Controller() { return controller_; }
+    /// Whether the user ended it to have a new one.
+    bool StartsAgain() const { return stuck_.StartsAgain(); }
 
 private:
     MessageBoxPort boxes_;
@@ -77,6 +92,7 @@ private:
     CurlHttpClient http_{{product::Title, false, {}, {}}};
     frmController controller_;
     MainWindow window_;
+    StuckWindow stuck_{controller_, events_, window_};
 };
 
 bool ShowsWindow(const StartOptions& options)
@@ -102,26 +118,38 @@ int Picture(MainWindow& window, const std::string& file)
     return 1;
 }
 
-int Run(const StartOptions& options, IClock& clock)
+/// Runs the program once; nothing when it is to start again.
+std::optional<int> RunOnce(const std::string& folder, const StartOptions& options, IClock& clock)
 {
-    const std::string folder = OpenFolder(options.home);
     Program program(folder, clock);
+    Backups(folder).BeforeUpgrade(clock.Now());
     program.Load();
     if (!options.picture.empty())
         return Picture(program.Window(), options.picture);
     DeliverHelp(folder);
     WindowMemory memory(WindowMemory::File(), program.Window(), program.Controller());
     memory.Restore();
+    BackUpAfterFirstPaint(program.Window(), folder, clock.Now());
     program.Window().show();
-    return QApplication::exec();
+    const int exitCode = QApplication::exec();
+    return program.StartsAgain() ? std::nullopt : std::optional(exitCode);
+}
+
+int Run(const StartOptions& options, IClock& clock)
+{
+    const std::string folder = OpenFolder(options.home);
+    std::optional<int> exitCode;
+    while (!exitCode)
+        exitCode = RunOnce(folder, options, clock);
+    return *exitCode;
 }
 
 int ReportFailure(const StartOptions& options, const std::exception& error)
 {
     if (ShowsWindow(options))
-        MessageBoxPort().Show(error.what(), box_style::Critical, frmController::Title);
+        MessageBoxPort().Show(TroubleText(error), box_style::Critical, frmController::Title);
     else
-        std::cerr << error.what() << '\n';
+        std::cerr << TroubleText(error) << '\n';
     return 1;
 }
 

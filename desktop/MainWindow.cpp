@@ -203,9 +203,11 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == inner_ && event->type() == QEvent::Resize)
         InnerResized();
-    // A disabled window takes no input, but it does not fade.
+    // A disabled window takes no input, but it does not fade. One that a command has left disabled
+    // can still be closed.
     if (watched == windowHandle() && IsInput(*event))
-        return !controller_.window.Enabled();
+        return !controller_.window.Enabled() &&
+               (events_.Running() || event->type() != QEvent::Close);
     // Turning the wheel over the month or year changes them without taking the focus.
     if (watched == month_ && event->type() == QEvent::Wheel)
         return TurnMonth(static_cast<QWheelEvent*>(event)->angleDelta().y());
@@ -217,7 +219,13 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     if (controller_.Loaded())
-        events_.Run([this] { controller_.Close(); });
+        events_.Run([this] {
+            // The grid of a disabled window cannot be asked: what it refuses could not be mended.
+            if (controller_.window.Enabled())
+                controller_.Close();
+            else
+                controller_.Unload();
+        });
     event->setAccepted(!controller_.Loaded());
 }
 

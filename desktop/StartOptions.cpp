@@ -13,12 +13,19 @@ std::string CheckMoment(const std::string& text)
     return good ? std::string() : "\"" + text + "\" is no moment YYYY-MM-DDThh:mm:ss";
 }
 
+std::string CheckDay(const std::string& text)
+{
+    const auto day = Date::FromIso(text);
+    return day && day->ToIso() == text ? std::string() : "\"" + text + "\" is no day YYYY-MM-DD";
+}
+
 }  // namespace
 
 StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCode)
 {
     StartOptions options;
     std::string now;
+    std::string day;
     CLI::App app("Corvane Ledgerbook, personal finances in one window", "ledgerbook");
     app.set_version_flag("--version", "Corvane Ledgerbook " CLB_VERSION);
     app.add_option("--home", options.home,
@@ -42,8 +49,15 @@ StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCod
     app.add_option("--pdf", options.pdf, "With --print: write a PDF file instead of asking")
         ->type_name("FILE")
         ->needs(print);
+    // For the program itself, so it is in no help.
+    app.add_option("--daily-backup", day, "Make the day's backup of the database, then exit")
+        ->type_name("YYYY-MM-DD")
+        ->check(CheckDay)
+        ->group("");
     try {
         app.parse(argc, argv);
+        if (!day.empty())
+            options.dailyBackup = Date::FromIso(day);
         if (!now.empty())
             options.now = Date::FromIso(now);
     } catch (const CLI::ParseError& error) {

@@ -14,6 +14,7 @@ struct StartOptions {
     std::string picture;              ///< file for a picture of the window; empty: none
     std::string print;                ///< HTML file to print, and nothing else; empty: none
     std::string pdf;                  ///< with print: the file to print to without asking
+    std::optional<Date> dailyBackup;  ///< make this day's backup, and nothing else
     bool automate = false;
 };
 

@@ -14,11 +14,15 @@ void UserEvents::Attach(std::function<void()> settle, std::function<void()> redr
 
 bool UserEvents::Run(const std::function<void()>& action)
 {
+    ++depth_;
     bool done = Report(action);
     if (settle_)
         done = Report(settle_) && done;
     if (redraw_)
         redraw_();
+    --depth_;
+    if (idle_ && depth_ == 0)
+        idle_();
     return done;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 #include <functional>
+#include <utility>
 
 #include "ports/IMessageBox.h"
 
@@ -15,6 +16,10 @@ public:
 
     /// What makes the changes durable, and what brings the window up to date afterwards.
     void Attach(std::function<void()> settle, std::function<void()> redraw);
+    /// What to do each time the outermost action is over.
+    void WhenIdle(std::function<void()> idle) { idle_ = std::move(idle); }
+    /// Whether an action is on its way.
+    bool Running() const { return depth_ > 0; }
     /// False when the action ended with an error. Actions may start others, as a dialog does.
     bool Run(const std::function<void()>& action);
 
@@ -24,6 +29,8 @@ private:
     IMessageBox& messages_;
     std::function<void()> settle_;
     std::function<void()> redraw_;
+    std::function<void()> idle_;
+    int depth_ = 0;
 };
 
 }  // namespace clb

@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "desktop/DailyBackup.h"
 #include "desktop/Desktop.h"
 
 namespace {
@@ -19,6 +20,8 @@ int main(int argc, char** argv)
     const clb::StartOptions options = clb::ReadStartOptions(argc, argv, exitCode);
     if (exitCode)
         return *exitCode;
+    if (options.dailyBackup)
+        return clb::MakeDailyBackup(options.home, *options.dailyBackup);
     if (!HasDisplay()) {
         if (!options.automate && options.picture.empty()) {
             std::cerr << "ledgerbook: no display (neither DISPLAY nor WAYLAND_DISPLAY is set)\n";

@@ -1,0 +1,133 @@
+// The small window beside a main window that a command has left disabled.
+#include "desktop/StuckWindow.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QWindow>
+
+#include "tests/desktop/WindowFixture.h"
+
+namespace clb {
+namespace {
+
+class StuckWindowTest : public WindowTest {
+protected:
+    StuckWindowTest()
+    {
+        events_.WhenIdle([this] { stuck_.Follow(); });
+    }
+    ~StuckWindowTest() override { events_.WhenIdle({}); }
+
+    /// The user imports a file that is no statement.
+    std::string ImportNonsense()
+    {
+        const std::string file = books_.folder.Write("letter.txt", "Dear bank\r\n");
+        books_.files.answers.push_back(file);
+        MenuAction("mnuF_Import")->trigger();
+        QTest::qWait(1);
+        return file;
+    }
+    void Press(const char* button)
+    {
+        QTest::mouseClick(stuck_.findChild<QPushButton*>(button), Qt::LeftButton);
+        QTest::qWait(1);
+    }
+    /// As the system's button in the title bar does.
+    void CloseBySystem(QWidget& window)
+    {
+        window.windowHandle()->close();
+        QTest::qWait(1);
+    }
+
+    StuckWindow stuck_{books_.window, events_, window_};
+};
+
+TEST_F(StuckWindowTest, AnImportThatGoesThroughShowsNothing)
+{
+    const std::string file = books_.folder.Write("empty.qif", "!Type:Bank\r\n^\r\n");
+    books_.files.answers.push_back(file);
+
+    MenuAction("mnuF_Import")->trigger();
+    QTest::qWait(1);
+
+    EXPECT_TRUE(Model().window.Enabled());
+    EXPECT_FALSE(stuck_.isVisible());
+}
+
+TEST_F(StuckWindowTest, AfterAnInvalidFileItSaysWhatHappened)
+{
+    const std::string file = ImportNonsense();
+
+    ASSERT_EQ(books_.messages.boxes.size(), 1U);
+    EXPECT_EQ(books_.messages.boxes[0].text, "Invalid file format.");
+    EXPECT_TRUE(stuck_.isVisible());
+    EXPECT_TRUE(stuck_.findChild<QLabel*>()->text().contains(ToQString(file)));
+    EXPECT_FALSE(Model().window.Enabled());
+    EXPECT_EQ(Model().StatusText(), "Importing " + file + "...");
+    EXPECT_EQ(books_.pointer.code, pointer::Hourglass);
+}
+
+TEST_F(StuckWindowTest, StartAgainEndsThisRunWithTheDataUntouched)
+{
+    const auto rows = books_.Rows("SELECT * FROM Trans");
+    ImportNonsense();
+
+    Press("again");
+
+    EXPECT_TRUE(stuck_.StartsAgain());
+    EXPECT_FALSE(Model().Loaded());
+    EXPECT_FALSE(stuck_.isVisible());
+    EXPECT_FALSE(window_.isVisible());
+    Connection after;
+    after.Open("Data Source=" + books_.folder.Path() + "/db/clb.mdb");
+    EXPECT_EQ(after.Execute("SELECT COUNT(*) FROM Trans").Get(0),
+              Value(static_cast<std::int32_t>(rows.size())));
+}
+
+TEST_F(StuckWindowTest, QuitEndsTheProgram)
+{
+    ImportNonsense();
+
+    Press("quit");
+
+    EXPECT_FALSE(Model().Loaded());
+    EXPECT_FALSE(stuck_.StartsAgain());
+}
+
+TEST_F(StuckWindowTest, ClosingTheSmallWindowEndsTheProgram)
+{
+    ImportNonsense();
+
+    CloseBySystem(stuck_);
+
+    EXPECT_FALSE(Model().Loaded());
+    EXPECT_FALSE(stuck_.StartsAgain());
+}
+
+TEST_F(StuckWindowTest, TheDisabledMainWindowCanBeClosedAfterTheCommand)
+{
+    // Symptom: a main window left disabled could not even be closed.
+    ImportNonsense();
+
+    CloseBySystem(window_);
+
+    EXPECT_FALSE(Model().Loaded());
+    EXPECT_FALSE(window_.isVisible());
+}
+
+TEST_F(StuckWindowTest, WhileACommandRunsTheDisabledMainWindowStaysAndNothingElseShows)
+{
+    events_.Run([this] {
+        Model().window.Enabled(false);
+        events_.Run([] {});
+        EXPECT_FALSE(stuck_.isVisible());
+        CloseBySystem(window_);
+        EXPECT_TRUE(Model().Loaded());
+        Model().window.Enabled(true);
+    });
+
+    EXPECT_FALSE(stuck_.isVisible());
+}
+
+}  // namespace
+}  // namespace clb
