@@ -65,7 +65,7 @@ CLI::Validator IsMonth()
 std::string OpenFolder(const std::optional<std::string>& home)
 {
     const std::string folder = ProgramFolder(PlacesOf(home));
-    if (!home && !HoldsDatabase(folder))
+    if (!home && IsUnused(folder))
         DeliverFolder(folder, EmptyDatabase());
     return folder;
 }

@@ -35,7 +35,7 @@ namespace {
 std::string OpenFolder(const std::optional<std::string>& home)
 {
     const std::string folder = ProgramFolder(PlacesOf(home));
-    if (!home && !HoldsDatabase(folder))
+    if (!home && IsUnused(folder))
         DeliverFolder(folder, EmptyDatabase());
     return folder;
 }

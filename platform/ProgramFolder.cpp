@@ -53,6 +53,13 @@ bool HoldsDatabase(const std::string& folder)
     return !folder.empty() && fs::is_regular_file(DatabasePath(folder), ignored);
 }
 
+bool IsUnused(const std::string& folder)
+{
+    std::error_code ignored;
+    return !folder.empty() && !fs::exists(fs::symlink_status(DatabasePath(folder), ignored)) &&
+           !fs::exists(folder + "/db/backup", ignored);
+}
+
 FolderPlaces PlacesOf(const std::optional<std::string>& home)
 {
     std::error_code failed;

@@ -23,6 +23,9 @@ FolderPlaces PlacesOf(const std::optional<std::string>& home);
 
 /// Whether the folder holds a database.
 bool HoldsDatabase(const std::string& folder);
+/// Whether the folder has never held one: nothing has its name, and there are no backups. What has
+/// gone missing is not replaced by an empty database.
+bool IsUnused(const std::string& folder);
 /// Path of the folder's database.
 std::string DatabasePath(const std::string& folder);
 

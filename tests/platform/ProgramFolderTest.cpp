@@ -96,5 +96,20 @@ TEST(ProgramFolderTest, AFileWhereAFolderShouldBeIsAPathError)
     }
 }
 
+TEST(ProgramFolderTest, OnlyAFolderThatNeverHeldADatabaseIsUnused)
+{
+    // Symptom: an empty database took the place of one that had gone missing.
+    const TempFolder lost;
+    lost.Write("db/backup/clb-2026-11-21.mdb", "x");
+    const TempFolder other;
+    std::filesystem::create_directories(other.Path("db/clb.mdb"));
+    const TempFolder fresh;
+
+    EXPECT_FALSE(IsUnused(lost.Path()));
+    EXPECT_FALSE(IsUnused(other.Path()));
+    EXPECT_TRUE(IsUnused(fresh.Path()));
+    EXPECT_TRUE(IsUnused(fresh.Path("not/made/yet")));
+}
+
 }  // namespace
 }  // namespace clb
