@@ -3,7 +3,6 @@
 #include <array>
 #include <charconv>
 #include <chrono>
-#include <cstdio>
 
 namespace clb {
 namespace {
@@ -74,6 +73,15 @@ bool Fixed(std::string_view text, std::size_t at, std::size_t count, int& value)
     return true;
 }
 
+/// At least so many digits, zeros in front.
+void AppendDigits(std::string& text, unsigned number, std::size_t count)
+{
+    const std::size_t start = text.size();
+    for (; number > 0 || text.size() < start + count; number /= 10)
+        text.insert(text.begin() + static_cast<std::ptrdiff_t>(start),
+                    static_cast<char>('0' + number % 10));
+}
+
 }  // namespace
 
 std::optional<Date> Date::Of(int year, int month, int day, int hour, int minute, int second)
@@ -126,15 +134,23 @@ int Date::Day() const
 
 std::string Date::ToIso() const
 {
-    char buffer[64];
     const auto calendar = Calendar(days_);
-    int length = std::snprintf(
-        buffer, sizeof buffer, "%04d-%02u-%02u", static_cast<int>(calendar.year()),
-        static_cast<unsigned>(calendar.month()), static_cast<unsigned>(calendar.day()));
-    if (seconds_ != 0)
-        length += std::snprintf(buffer + length, sizeof buffer - static_cast<std::size_t>(length),
-                                " %02d:%02d:%02d", Hour(), Minute(), Second());
-    return {buffer, static_cast<std::size_t>(length)};
+    std::string text;
+    text.reserve(19);
+    AppendDigits(text, static_cast<unsigned>(static_cast<int>(calendar.year())), 4);
+    text += '-';
+    AppendDigits(text, static_cast<unsigned>(calendar.month()), 2);
+    text += '-';
+    AppendDigits(text, static_cast<unsigned>(calendar.day()), 2);
+    if (seconds_ == 0)
+        return text;
+    text += ' ';
+    AppendDigits(text, static_cast<unsigned>(Hour()), 2);
+    text += ':';
+    AppendDigits(text, static_cast<unsigned>(Minute()), 2);
+    text += ':';
+    AppendDigits(text, static_cast<unsigned>(Second()), 2);
+    return text;
 }
 
 namespace DateText {

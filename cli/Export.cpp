@@ -48,9 +48,11 @@ void ExportFile(const ExportOptions& options)
         throw RuntimeError(errors::FileAlreadyExists, "File already exists: " + options.file);
     program.PressAccount(account);
     program.Files().Choose(options.file);
+    NotReturned notReturned(account.id);
+    program.Window().Export().Watch(&notReturned);
     program.Press("mnuF_Export");
 
-    for (const std::string& line : TellNotReturned(data, account.id))
+    for (const std::string& line : notReturned.Lines())
         std::cerr << "Not coming back: " << Printable(line) << '\n';
     const std::int32_t exported = CountTransactions(data, account);
     if (options.json)

@@ -359,6 +359,17 @@ private:
         reader.Text(" FROM ").Name(table.name).Text(" AS t0 WHERE t0.rowid = ?");
         reader.Text(std::to_string(plan.readerRowParameter));
         plan.readerSql = reader.TakeSql();
+        if (plan.plain && select_.orderBy.empty() && !select_.top)
+            DescribeIdentities(table.name, plan);
+    }
+
+    /// Only the condition has parameters in these statements.
+    void DescribeIdentities(const std::string& table, Plan& plan)
+    {
+        Writer identities;
+        identities.Text("SELECT t0.rowid FROM ").Name(table).Text(" AS t0");
+        WriteWhere(identities, true);
+        plan.identitiesSql = identities.Text(" ORDER BY t0.rowid").TakeSql();
     }
 
     SelectStatement& select_;

@@ -69,6 +69,12 @@ Recordset Connection::Execute(std::string_view sql)
     return result;
 }
 
+void Connection::Group()
+{
+    state_->RequireOpen();
+    state_->BeginWrite();
+}
+
 void Connection::Settle()
 {
     state_->Settle();

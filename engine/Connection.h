@@ -31,6 +31,10 @@ public:
     /// closed for other statements. Throws EngineError, with nothing changed.
     Recordset Execute(std::string_view sql);
 
+    /// Opens the pending group now instead of at the first write, for a command that reads and
+    /// writes a great many times: the file is locked once for all of it. Does nothing when the
+    /// group is open. Throws EngineError when the file is locked or read-only.
+    void Group();
     /// Makes everything written so far durable. Throws EngineError when that fails (disk full, file
     /// locked); what was pending is then lost and the file as before.
     void Settle();

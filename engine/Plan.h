@@ -37,12 +37,16 @@ struct Plan {
     bool triggers = false;
     std::string readerSql;  ///< reads one row by its identity
     int readerRowParameter = 0;
+    /// The identities of the rows alone, where no more than these need be put in order; takes the
+    /// statement's parameters. Empty otherwise.
+    std::string identitiesSql;
 
     // Of CREATE, DROP and ALTER, which run only once.
     std::unique_ptr<DdlStatement> ddl;
 
     // Prepared when first needed; the set of fields written is a bit for each.
     Statement reader;
+    Statement identities;
     std::map<std::vector<bool>, Statement> inserts;
     std::map<std::vector<bool>, Statement> updates;
     Statement remove;

@@ -57,12 +57,41 @@ RowStore::Fetch Recordset::State::Fetcher() const
     };
 }
 
-void Recordset::State::Load()
+/// Putting many whole rows in order takes longer than reading each by its identity.
+bool Recordset::State::LoadIdentities()
 {
-    Statement& statement = plan->statement;
+    if (!readOnly || plan->identitiesSql.empty())
+        return false;
+    if (!plan->identities)
+        plan->identities = session->database.Prepare(plan->identitiesSql, true);
+    Statement& statement = plan->identities;
     const ResetAtExit reset(statement);
+    Bind(statement);
+    std::vector<std::int64_t> found;
+    while (session->database.Step(statement))
+        found.push_back(statement.Integer(0));
+    if (found.size() <= RowStore::kKeptAtOpening)
+        return false;
+    for (const std::int64_t rowId : found) {
+        rows.Append(rowId);
+        live.Append();
+    }
+    return true;
+}
+
+void Recordset::State::Bind(Statement& statement) const
+{
     for (std::size_t i = 0; i < values->size(); ++i)
         statement.Bind(static_cast<int>(i) + 1, (*values)[i]);
+}
+
+void Recordset::State::Load()
+{
+    if (LoadIdentities())
+        return;
+    Statement& statement = plan->statement;
+    const ResetAtExit reset(statement);
+    Bind(statement);
     const int identity = static_cast<int>(plan->fields.size());
     while (session->database.Step(statement)) {
         const std::int64_t rowId = plan->carriesRowId ? statement.Integer(identity) : 0;

@@ -50,6 +50,9 @@ struct Recordset::State {
 
 private:
     void Load();
+    /// Whether the rows are so many that only their identities were put in order and loaded.
+    bool LoadIdentities();
+    void Bind(Statement& statement) const;
     void ReadRow(Value* fields) const;
     std::size_t FindEqual(std::size_t from, const Value& sought, std::size_t field);
     /// Null for a row that another statement has deleted.

@@ -41,8 +41,9 @@ public:
     /// Whether a row added at opening still gets its values kept.
     bool KeepsMore() const { return !fetch_ || Slots() < kKeptAtOpening; }
 
-private:
     static constexpr std::size_t kKeptAtOpening = 16 * kBlockRows;
+
+private:
     static constexpr std::size_t kMostBlocks = 32;
 
     struct Block {

@@ -1,17 +1,27 @@
 #include "export/NotReturned.h"
 
+#include <algorithm>
+
 #include "base/Text.h"
-#include "data/clsDatabase.h"
 
 namespace clb {
 namespace {
 
 constexpr std::size_t kNotesLength = 50;
 
+/// Whether a text surely comes back as it is, told without a copy.
+bool IsPlain(std::string_view text)
+{
+    return std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~' && c != '<'; }) &&
+           (text.empty() || (text.front() != ' ' && text.back() != ' '));
+}
+
 /// A text as a reader of the file finds it: up to "<" or a carriage return, without outer blanks,
 /// in the file's characters.
-std::string Returned(const std::string& text)
+std::string Returned(std::string_view text)
 {
+    if (IsPlain(text))
+        return std::string(text);
     const std::string readable = FromWindows1252(ToWindows1252(text));
     return std::string(Trim(std::string_view(readable).substr(0, readable.find_first_of("<\r"))));
 }
@@ -26,48 +36,53 @@ std::string Counted(std::int32_t count)
 void NotReturned::Add(const ExportedRow& row)
 {
     ++count_;
-    row_ = row;
     if (!row.postDate)
-        Tell("it has no date, and the reading ends there");
+        Tell(row, "it has no date, and the reading ends there");
     if (!row.hasAmount)
-        Tell("it has no amount, and the reading ends there");
-    if (row.identifier.find('\'') != std::string::npos)
-        Tell("an apostrophe in its identifier ends the reading there");
-    if (!identifiers_.insert(Returned(row.identifier)).second)
-        Tell("left out, its identifier is an earlier one's");
-    Check("identifier", row.identifier, Returned(row.identifier));
+        Tell(row, "it has no amount, and the reading ends there");
+    if (row.identifier.find('\'') != std::string_view::npos)
+        Tell(row, "an apostrophe in its identifier ends the reading there");
+    const std::string identifier = Returned(row.identifier);
+    Check(row, "identifier", row.identifier, identifier);
+    if (!identifiers_.insert(identifier).second)
+        Tell(row, "left out, its identifier is an earlier one's");
     if (row.postDate && row.postDate->Seconds() != 0)
-        Tell("its date comes back without the time of day");
-    const std::string description = Returned(row.description);
-    Check("description", row.description, description.empty() ? "(blank)" : description);
-    Check("notes", row.notes, Left(Returned(row.notes), kNotesLength));
-    Check("check number", row.checkID, Returned(row.checkID));
+        Tell(row, "its date comes back without the time of day");
+    CheckTexts(row);
     if (row.category != "(none)")
         ++categories_;
-    if (row.postDate && (row.month != Month{row.postDate->Year(), row.postDate->Month()}))
+    if (row.postDate && row.month != Month{row.postDate->Year(), row.postDate->Month()})
         ++moved_;
 }
 
-void NotReturned::Check(const std::string& name, const std::string& text,
+void NotReturned::CheckTexts(const ExportedRow& row)
+{
+    const std::string description = Returned(row.description);
+    Check(row, "description", row.description, description.empty() ? "(blank)" : description);
+    Check(row, "notes", row.notes, Left(Returned(row.notes), kNotesLength));
+    Check(row, "check number", row.checkID, Returned(row.checkID));
+}
+
+void NotReturned::Check(const ExportedRow& row, const char* name, std::string_view text,
                         const std::string& returned)
 {
     if (returned != text)
-        Tell("\"" + returned + "\" comes back for its " + name);
+        Tell(row, "\"" + returned + "\" comes back for its " + name);
 }
 
-void NotReturned::Tell(const std::string& what)
+void NotReturned::Tell(const ExportedRow& row, const std::string& what)
 {
     rows_.insert(count_);
-    lines_.push_back("Transaction " + Named() + ": " + what);
+    lines_.push_back("Transaction " + Named(row) + ": " + what);
 }
 
 /// Its place in the file, and what a user knows it by.
-std::string NotReturned::Named() const
+std::string NotReturned::Named(const ExportedRow& row) const
 {
     std::string name = std::to_string(count_) + " (";
-    if (row_.postDate)
-        name += Date::FromDays(row_.postDate->Days()).ToIso() + ", ";
-    return name + row_.description + ")";
+    if (row.postDate)
+        name += Date::FromDays(row.postDate->Days()).ToIso() + ", ";
+    return name.append(row.description) + ")";
 }
 
 std::vector<std::string> NotReturned::Lines() const
@@ -81,31 +96,6 @@ std::vector<std::string> NotReturned::Lines() const
         lines.push_back("Booked to another month than that of the date, which comes back: " +
                         Counted(moved_));
     return lines;
-}
-
-std::vector<std::string> TellNotReturned(clsDatabase& database, const std::string& accountID)
-{
-    NotReturned result(accountID);
-    Recordset rows;
-    database.Fill(
-        rows, "SELECT * FROM Trans WHERE AccountID = '" + clsDatabase::ToSqlString(accountID) + "'",
-        true);
-    for (std::int32_t number = 1; !rows.AtEnd(); rows.MoveNext(), ++number) {
-        ExportedRow row;
-        row.identifier = ToText(rows.Get("FITID"));
-        if (row.identifier.empty())
-            row.identifier = "CVLB" + std::to_string(number);
-        if (const auto* date = std::get_if<Date>(&rows.Get("PostDate")))
-            row.postDate = *date;
-        row.hasAmount = !IsNull(rows.Get("Amount"));
-        row.description = ToText(rows.Get("Description"));
-        row.notes = ToText(rows.Get("PayeeName"));
-        row.checkID = ToText(rows.Get("CheckID"));
-        row.category = ToText(rows.Get("Category"));
-        row.month = {ToLong(rows.Get("Year")), ToLong(rows.Get("Period"))};
-        result.Add(row);
-    }
-    return result.Lines();
 }
 
 }  // namespace clb

@@ -3,23 +3,23 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "base/Date.h"
 
 namespace clb {
 
-class clsDatabase;
-
-/// One exported transaction, as far as a file can lose of it.
+/// One exported transaction, as far as a file can lose of it. The texts are borrowed.
 struct ExportedRow {
-    std::string identifier;  ///< as written: its own, or the numbered one
+    std::string_view identifier;  ///< as written: its own, or the numbered one
     std::optional<Date> postDate;
     bool hasAmount = true;
-    std::string description;
-    std::string notes;
-    std::string checkID;
-    std::string category;
+    std::string_view description;
+    std::string_view notes;
+    std::string_view checkID;
+    std::string_view category;
     Month month;
 };
 
@@ -37,21 +37,19 @@ public:
     const std::set<std::int32_t>& Rows() const { return rows_; }
 
 private:
-    void Check(const std::string& name, const std::string& text, const std::string& returned);
-    void Tell(const std::string& what);
-    std::string Named() const;
+    void CheckTexts(const ExportedRow& row);
+    void Check(const ExportedRow& row, const char* name, std::string_view text,
+               const std::string& returned);
+    void Tell(const ExportedRow& row, const std::string& what);
+    std::string Named(const ExportedRow& row) const;
 
     std::string accountID_;
     std::int32_t count_ = 0;
-    ExportedRow row_;
     std::vector<std::string> lines_;
     std::set<std::int32_t> rows_;
-    std::set<std::string> identifiers_;
+    std::unordered_set<std::string> identifiers_;
     std::int32_t categories_ = 0;
     std::int32_t moved_ = 0;
 };
-
-/// What of the account's transactions an exported file does not bring back.
-std::vector<std::string> TellNotReturned(clsDatabase& database, const std::string& accountID);
 
 }  // namespace clb

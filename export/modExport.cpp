@@ -1,13 +1,17 @@
 #include "export/modExport.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <array>
 #include <fstream>
+#include <ostream>
+#include <sstream>
+#include <vector>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/OwnFile.h"
 #include "data/clsDatabase.h"
+#include "export/NotReturned.h"
 #include "ports/IClock.h"
 #include "ports/IFileDialog.h"
 #include "views/clsView.h"
@@ -23,79 +27,171 @@ constexpr const char* kHeader[] = {
 /// "YYYYMMDDhhmmss".
 std::string Stamp(const Date& date)
 {
-    char buffer[48];
-    const int length =
-        std::snprintf(buffer, sizeof buffer, "%04d%02d%02d%02d%02d%02d", date.Year(), date.Month(),
-                      date.Day(), date.Hour(), date.Minute(), date.Second());
-    return {buffer, static_cast<std::size_t>(length)};
+    std::string stamp = date.ToIso();
+    std::erase_if(stamp, [](char c) { return c < '0' || c > '9'; });
+    stamp.resize(14, '0');
+    return stamp;
 }
 
-/// The statement while its rows are read: the transactions' text and what is summed up over them.
-class Statement {
-public:
-    explicit Statement(std::string zone) : zone_(std::move(zone)) {}
+/// A text of the database, in the file's characters.
+void AppendText(std::string& to, std::string_view text)
+{
+    if (std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+        to += text;
+    else
+        to += ToWindows1252(text);
+}
 
-    void Add(const Recordset& row)
+/// What the writer needs of one row. The texts hold as long as the row is the current one.
+struct SourceRow {
+    const Value* postDate;
+    const Value* amount;
+    std::string_view identifier;
+    std::string_view checkID;
+    std::string_view description;
+    std::string_view notes;
+};
+
+/// The statement's rows, read one by one: their columns are looked up once.
+class Source {
+public:
+    explicit Source(Recordset& rows) : rows_(rows)
     {
-        ++count_;
-        const Money amount = ToMoney(row.Get("Amount"));
-        balance_ += amount;
-        const std::string checkID = ToText(row.Get("CheckID"));
-        std::string text = "<STMTTRN><TRNTYPE>";
-        text += Type(checkID, amount);
-        text += "<DTPOSTED>" + Posted(row.Get("PostDate")) + zone_;
-        text += "<TRNAMT>" + (IsNull(row.Get("Amount")) ? std::string() : amount.ToText());
-        text += "<FITID>" + Identifier(ToText(row.Get("FITID")));
-        if (!checkID.empty())
-            text += "<CHECKNUM>" + checkID;
-        text += "<NAME>" + ToText(row.Get("Description"));
-        text += "<MEMO>" + ToText(row.Get("PayeeName")) + "</STMTTRN>";
-        transactions_ += ToWindows1252(text);
+        for (std::size_t n = 0; n < kNames.size(); ++n)
+            fields_[n] = rows.FieldIndex(kNames[n]);
     }
 
-    std::string Body(const std::string& account, const Date& now) const
+    SourceRow Current() const { return {&Get(0), &Get(1), Text(2), Text(3), Text(4), Text(5)}; }
+    ExportedRow Whole(const SourceRow& row, std::string_view identifier) const
     {
-        const std::string present = Stamp(now) + zone_;
-        return "<OFX><SIGNONMSGSRSV1><SONRS><STATUS><CODE>0<SEVERITY>INFO</STATUS><DTSERVER>" +
-               present +
-               "<LANGUAGE>ENG</SONRS></SIGNONMSGSRSV1><BANKMSGSRSV1><STMTTRNRS><TRNUID>0<STATUS>"
-               "<CODE>0<SEVERITY>INFO</STATUS><STMTRS><CURDEF>USD<BANKACCTFROM><BANKID>000000000"
-               "<ACCTID>" +
-               ToWindows1252(account) + "<ACCTTYPE>CHECKING</BANKACCTFROM><BANKTRANLIST><DTSTART>" +
-               Stamp(first_) + zone_ + "<DTEND>" + Stamp(last_) + zone_ + transactions_ +
-               "</BANKTRANLIST><LEDGERBAL><BALAMT>" + balance_.ToText() + "<DTASOF>" + present +
-               "</LEDGERBAL></STMTRS></STMTTRNRS></BANKMSGSRSV1></OFX>";
+        const auto* date = std::get_if<Date>(row.postDate);
+        return {identifier,
+                date ? std::optional(*date) : std::nullopt,
+                !IsNull(*row.amount),
+                row.description,
+                row.notes,
+                row.checkID,
+                Text(6),
+                {ToLong(Get(7)), ToLong(Get(8))}};
+    }
+
+private:
+    static constexpr std::array<const char*, 9> kNames = {"PostDate", "Amount",      "FITID",
+                                                          "CheckID",  "Description", "PayeeName",
+                                                          "Category", "Year",        "Period"};
+
+    const Value& Get(std::size_t name) const { return rows_.Get(fields_[name]); }
+    std::string_view Text(std::size_t name) const
+    {
+        const auto* text = std::get_if<std::string>(&Get(name));
+        return text ? std::string_view(*text) : std::string_view();
+    }
+
+    Recordset& rows_;
+    std::array<std::size_t, kNames.size()> fields_{};
+};
+
+/// Writes the statement while its rows are read, so that no more than one of them is held. The
+/// statement's first and last day stand before the rows and are filled in behind them.
+class StatementWriter {
+public:
+    StatementWriter(std::ostream& out, const std::string& zone, const Date& now)
+        : out_(out), zone_(zone), present_(Stamp(now) + zone)
+    {
+    }
+
+    void Begin(const std::string& account)
+    {
+        for (const char* line : kHeader)
+            out_ << line << kLineEnd;
+        out_ << "<OFX><SIGNONMSGSRSV1><SONRS><STATUS><CODE>0<SEVERITY>INFO</STATUS><DTSERVER>"
+             << present_
+             << "<LANGUAGE>ENG</SONRS></SIGNONMSGSRSV1><BANKMSGSRSV1><STMTTRNRS><TRNUID>0<STATUS>"
+                "<CODE>0<SEVERITY>INFO</STATUS><STMTRS><CURDEF>USD<BANKACCTFROM><BANKID>000000000"
+                "<ACCTID>"
+             << ToWindows1252(account)
+             << "<ACCTTYPE>CHECKING</BANKACCTFROM><BANKTRANLIST><DTSTART>";
+        startAt_ = out_.tellp();
+        out_ << Stamp(Date()) << zone_ << "<DTEND>";
+        endAt_ = out_.tellp();
+        out_ << Stamp(Date()) << zone_;
+    }
+
+    /// The identifier that the row gets in the file.
+    const std::string& Add(const SourceRow& row)
+    {
+        ++count_;
+        identifier_ = row.identifier;
+        if (identifier_.empty())
+            identifier_ = "CVLB" + std::to_string(count_);
+        const Money amount = ToMoney(*row.amount);
+        balance_ += amount;
+        text_ = "<STMTTRN><TRNTYPE>";
+        text_ += Type(row.checkID, amount);
+        text_ += "<DTPOSTED>";
+        AppendPosted(*row.postDate);
+        text_.append(zone_).append("<TRNAMT>");
+        if (!IsNull(*row.amount))
+            text_ += amount.ToText();
+        text_ += "<FITID>";
+        AppendText(text_, identifier_);
+        if (!row.checkID.empty()) {
+            text_ += "<CHECKNUM>";
+            AppendText(text_, row.checkID);
+        }
+        text_ += "<NAME>";
+        AppendText(text_, row.description);
+        text_ += "<MEMO>";
+        AppendText(text_, row.notes);
+        text_ += "</STMTTRN>";
+        out_ << text_;
+        return identifier_;
+    }
+
+    void End()
+    {
+        out_ << "</BANKTRANLIST><LEDGERBAL><BALAMT>" << balance_.ToText() << "<DTASOF>" << present_
+             << "</LEDGERBAL></STMTRS></STMTTRNRS></BANKMSGSRSV1></OFX>" << kLineEnd;
+        out_.seekp(startAt_) << Stamp(first_);
+        out_.seekp(endAt_) << Stamp(last_);
     }
 
 private:
     /// Every debit without a cheque number is a fee, on purpose.
-    static const char* Type(const std::string& checkID, Money amount)
+    static const char* Type(std::string_view checkID, Money amount)
     {
         if (!checkID.empty())
             return "CHECK";
         return amount > Money() ? "CREDIT" : "FEE";
     }
-    std::string Identifier(const std::string& fitid) const
-    {
-        return fitid.empty() ? "CVLB" + std::to_string(count_) : fitid;
-    }
-    std::string Posted(const Value& value)
+    void AppendPosted(const Value& value)
     {
         const auto* date = std::get_if<Date>(&value);
         if (!date)
-            return {};
+            return;
         first_ = dated_ ? std::min(first_, *date) : *date;
         last_ = dated_ ? std::max(last_, *date) : *date;
+        // Rows of a day mostly stand together.
+        if (!dated_ || *date != posted_)
+            stamp_ = Stamp(*date);
+        posted_ = *date;
         dated_ = true;
-        return Stamp(*date);
+        text_ += stamp_;
     }
 
+    std::ostream& out_;
     std::string zone_;
-    std::string transactions_;
+    std::string present_;
+    std::ostream::pos_type startAt_;
+    std::ostream::pos_type endAt_;
+    std::string text_;
+    std::string identifier_;
     std::int32_t count_ = 0;
     Money balance_;
     Date first_;
     Date last_;
+    Date posted_;
+    std::string stamp_;
     bool dated_ = false;
 };
 
@@ -122,18 +218,36 @@ void modExport::WriteOFX(const std::string& path)
     database_.Fill(
         rows, "select * from Trans where AccountID = '" + clsDatabase::ToSqlString(account) + "'",
         true);
+    std::vector<char> buffer(std::size_t{1} << 16);
+    std::ofstream file;
+    file.rdbuf()->pubsetbuf(buffer.data(), static_cast<std::streamsize>(buffer.size()));
     MakeOwnFile(path);
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    for (const char* line : kHeader)
-        file << line << kLineEnd;
-
-    Statement statement("[" + std::to_string(modCommon::TimeZoneOffset(clock_.Zone())) + "]");
-    for (; !rows.AtEnd(); rows.MoveNext())
-        statement.Add(rows);
-    file << statement.Body(account, clock_.Now()) << kLineEnd;
+    file.open(path, std::ios::binary | std::ios::trunc);
+    if (file.tellp() >= 0) {
+        Write(file, rows, account);
+    } else {  // a pipe, which takes its text from front to back only
+        std::ostringstream text;
+        Write(text, rows, account);
+        file << text.view();
+    }
     file.close();
     if (!file)
         throw RuntimeError(errors::PathAccess, "Path/File access error: " + path);
+}
+
+void modExport::Write(std::ostream& out, Recordset& rows, const std::string& account)
+{
+    StatementWriter writer(
+        out, "[" + std::to_string(modCommon::TimeZoneOffset(clock_.Zone())) + "]", clock_.Now());
+    writer.Begin(account);
+    const Source source(rows);
+    for (; !rows.AtEnd(); rows.MoveNext()) {
+        const SourceRow row = source.Current();
+        const std::string& identifier = writer.Add(row);
+        if (watcher_)
+            watcher_->Add(source.Whole(row, identifier));
+    }
+    writer.End();
 }
 
 }  // namespace clb

@@ -1,4 +1,5 @@
 #pragma once
+#include <iosfwd>
 #include <string>
 
 #include "export/IExportHost.h"
@@ -8,6 +9,8 @@ namespace clb {
 class IClock;
 class clsDatabase;
 class clsView;
+class NotReturned;
+class Recordset;
 
 /// Writes the shown account's transactions as an OFX 1.02 statement. All members borrowed; they
 /// outlive the export.
@@ -21,12 +24,18 @@ public:
     /// Windows-1252; a character that it lacks becomes "?". Throws RuntimeError when it cannot be
     /// written; what was written so far stays.
     void WriteOFX(const std::string& path);
+    /// From now on every row written is shown to the watcher, which is borrowed; null ends it. The
+    /// window never sets one.
+    void Watch(NotReturned* watcher) { watcher_ = watcher; }
 
 private:
+    void Write(std::ostream& out, Recordset& rows, const std::string& account);
+
     clsDatabase& database_;
     clsView& view_;
     IExportHost& host_;
     const IClock& clock_;
+    NotReturned* watcher_ = nullptr;
 };
 
 }  // namespace clb

@@ -239,6 +239,8 @@ void modImport::ImportQIF(const std::string& path)
         return;
     QifReader reader(database_, view_, {accountID, NewRun(), dateOrder_}, counts_);
     const std::string text = ReadStatement(path);
+    // A file of duplicates only would lock the data for each of its records.
+    database_.Database().Group();
     reader.Read(text);
     if (!reader.Skipped().empty())
         messages_.Show("Invalid data was found while importing. The following lines were skipped:" +
