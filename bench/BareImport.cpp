@@ -6,11 +6,11 @@
 // DATABASE is the delivered empty database; the new account gets the description NAME.
 
 #include "bench/Bare.h"
+#include "bench/BareText.h"
 
 #include <array>
 #include <deque>
 #include <exception>
-#include <fstream>
 #include <iostream>
 #include <stdexcept>
 #include <unordered_set>
@@ -20,16 +20,6 @@ namespace {
 
 constexpr std::size_t kMemoLength = 50;
 constexpr std::string_view kNone = "(none)";
-
-std::string ReadFile(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary | std::ios::ate);
-    std::string bytes(in ? static_cast<std::size_t>(in.tellg()) : 0, '\0');
-    in.seekg(0);
-    if (!in.read(bytes.data(), static_cast<std::streamsize>(bytes.size())))
-        throw std::runtime_error("cannot read " + path);
-    return bytes;
-}
 
 /// What follows the tag, up to "<" or a carriage return, without outer blanks.
 std::string_view ValueOf(std::string_view text, std::string_view tag)
@@ -55,35 +45,6 @@ std::string_view Cut(std::string_view text, std::size_t characters)
         if ((static_cast<unsigned char>(text[end]) & 0xC0) != 0x80 && characters-- == 0)
             break;
     return text.substr(0, end);
-}
-
-std::int64_t Digits(std::string_view text)
-{
-    std::int64_t number = 0;
-    for (const char digit : text) {
-        if (digit < '0' || digit > '9')
-            throw std::runtime_error("no number: " + std::string(text));
-        number = number * 10 + (digit - '0');
-    }
-    return number;
-}
-
-/// 1/10000 units.
-std::int64_t Amount(std::string_view text)
-{
-    const bool negative = !text.empty() && text.front() == '-';
-    if (negative)
-        text.remove_prefix(1);
-    const std::size_t point = text.find('.');
-    std::int64_t amount = Digits(text.substr(0, point)) * 10000;
-    if (point != std::string_view::npos) {
-        const std::string_view decimals = text.substr(point + 1, 4);
-        std::int64_t part = Digits(decimals);
-        for (std::size_t n = decimals.size(); n < 4; ++n)
-            part *= 10;
-        amount += part;
-    }
-    return negative ? -amount : amount;
 }
 
 class BareImport {

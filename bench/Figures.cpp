@@ -5,6 +5,7 @@
 #include "bench/ImportFigures.h"
 #include "bench/RegisterFigures.h"
 #include "bench/SavingFigures.h"
+#include "bench/StatementFigures.h"
 
 #include <CLI/CLI.hpp>
 #include <exception>
@@ -27,6 +28,8 @@ struct Measurement {
 };
 const Measurement kMeasurements[] = {{{"import", "memory", "again"}, clb::MeasureImport},
                                      {{"scaling"}, clb::MeasureScaling},
+                                     {{"qif", "qifagain"}, clb::MeasureQif},
+                                     {{"export", "exportmemory"}, clb::MeasureExport},
                                      {{"register", "rows"}, clb::MeasureRegister},
                                      {{"budget"}, clb::MeasureBudget},
                                      {{"saving", "others"}, clb::MeasureSaving}};

@@ -100,15 +100,68 @@ private:
     std::mt19937 random_{20060305};
 };
 
+constexpr std::array kCategories = {"Groceries", "Health",  "Water",  "Household", "Car",
+                                    "Books",     "Repairs", "School", "Restaurant"};
+
+class QifWriter {
+public:
+    QifWriter(std::ostream& out, std::int32_t count) : out_(out), count_(count) {}
+
+    void Write()
+    {
+        out_ << "!Type:Bank\r\n";
+        for (std::int32_t number = 0; number < count_; ++number)
+            WriteRecord(number);
+    }
+
+private:
+    std::uint32_t Below(std::uint32_t limit)
+    {
+        return static_cast<std::uint32_t>(random_() % limit);
+    }
+
+    void WriteRecord(std::int32_t number)
+    {
+        const auto days = std::int64_t{number} * kDays / count_;
+        const Date day =
+            Date::FromDays(Date::FromIso(kFirstDay)->Days() + static_cast<std::int32_t>(days));
+        // No two of a day are equal: each has cents of its own.
+        out_ << 'D' << day.Month() << '/' << day.Day() << '/' << day.Year() << "\r\nT-"
+             << Below(300) << '.' << 1000 + number % 9000 << "\r\n";
+        if (Below(10) == 0)
+            out_ << 'N' << 100 + number % 9000 << "\r\n";
+        out_ << 'P' << kShops[Below(kShops.size())] << " #" << 100 + Below(800) << "\r\n";
+        const std::string memo = kMemos[Below(kMemos.size())];
+        if (!memo.empty())
+            out_ << 'M' << memo << "\r\n";
+        out_ << 'L' << kCategories[Below(kCategories.size())] << "\r\n^\r\n";
+    }
+
+    std::ostream& out_;
+    std::int32_t count_;
+    std::mt19937 random_{20060305};
+};
+
+template <typename Writer>
+void WriteFile(const std::string& path, std::int32_t transactions)
+{
+    std::ofstream out(path, std::ios::binary);
+    Writer(out, transactions).Write();
+    out.close();
+    if (!out)
+        throw std::runtime_error("cannot write " + path);
+}
+
 }  // namespace
 
 void WriteStatement(const std::string& path, std::int32_t transactions)
 {
-    std::ofstream out(path, std::ios::binary);
-    StatementWriter(out, transactions).Write();
-    out.close();
-    if (!out)
-        throw std::runtime_error("cannot write " + path);
+    WriteFile<StatementWriter>(path, transactions);
+}
+
+void WriteQif(const std::string& path, std::int32_t transactions)
+{
+    WriteFile<QifWriter>(path, transactions);
 }
 
 }  // namespace clb

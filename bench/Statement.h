@@ -10,4 +10,7 @@ namespace clb {
 /// Throws std::runtime_error when the file cannot be written.
 void WriteStatement(const std::string& path, std::int32_t transactions);
 
+/// Writes the same kind of transactions as a QIF file of one bank section, each with a category.
+void WriteQif(const std::string& path, std::int32_t transactions);
+
 }  // namespace clb

@@ -1,0 +1,139 @@
+#include "bench/StatementFigures.h"
+
+#include "bench/Bare.h"
+#include "bench/BareText.h"
+#include "bench/SameLedger.h"
+#include "bench/Statement.h"
+#include "bench/WorkFolder.h"
+#include "platform/ProgramFolder.h"
+
+#include <filesystem>
+#include <stdexcept>
+
+namespace clb {
+namespace {
+
+constexpr std::int32_t kRows = 100'000;
+constexpr std::int32_t kManyRows = 200'000;
+constexpr const char* kAccount = "Household";
+constexpr double kMostTimes = 2.5;
+
+Cost ImportQif(const std::string& file, const std::string& folder, const std::string& option)
+{
+    return RunProgram({CLB_PROGRAM, "import", file, option, kAccount, "--home", folder});
+}
+
+Cost ImportBare(const std::string& file, const std::string& folder, const std::string& run)
+{
+    return RunProgram({CLB_BARE_QIF, file, DatabasePath(folder), kAccount, run});
+}
+
+/// The identifier that the program gave its rows, so that the reference's are the same.
+std::string RunOf(const std::string& folder)
+{
+    BareDatabase database(DatabasePath(folder));
+    BareStatement first = database.Prepare("SELECT FITID FROM Trans LIMIT 1");
+    return first.Step() ? std::string(first.Text(0)) : std::string();
+}
+
+Figure TimesFigure(const std::string& name, const std::string& title, const Rounds& rounds)
+{
+    Figure figure{.name = name, .title = title, .unit = "ms", .wallRatio = {}, .limit = kMostTimes};
+    CompareTimes(figure, rounds, {});
+    return figure;
+}
+
+Cost Export(const std::string& folder, const std::string& file)
+{
+    return RunProgram({CLB_PROGRAM, "export", kAccount, file, "--replace", "--home", folder});
+}
+
+/// What stands behind the tag, up to the next one.
+std::string Element(const std::string& text, const std::string& tag)
+{
+    const std::size_t start = text.find(tag) + tag.size();
+    return text.substr(start, text.find('<', start) - start);
+}
+
+/// The reference writes what the program has written, to the second.
+Cost ExportBare(const std::string& folder, const std::string& ours, const std::string& reference)
+{
+    const std::string text = ReadFile(ours);
+    const Cost cost = RunProgram({CLB_BARE_EXPORT, DatabasePath(folder), Element(text, "<ACCTID>"),
+                                  reference, Element(text, "<DTSERVER>")});
+    if (ReadFile(reference) != text)
+        throw std::runtime_error("the exported files differ: " + ours + ", " + reference);
+    return cost;
+}
+
+std::string BooksOf(const WorkFolder& work, const std::string& name, std::int32_t rows)
+{
+    const std::string statement = work.Path(name + ".ofx");
+    WriteStatement(statement, rows);
+    const std::string folder = work.Deliver(name);
+    RunProgram({CLB_PROGRAM, "import", statement, "--create", kAccount, "--home", folder});
+    return folder;
+}
+
+double Bytes(const std::string& file)
+{
+    return static_cast<double>(std::filesystem::file_size(file));
+}
+
+}  // namespace
+
+std::vector<Figure> MeasureQif(const WorkFolder& work, int rounds)
+{
+    const std::string file = work.Path("records.qif");
+    WriteQif(file, kRows);
+    Rounds first;
+    Rounds again;
+    for (int round = 0; round < rounds; ++round) {
+        const std::string ours = work.Deliver("ours");
+        const std::string reference = work.Deliver("reference");
+        work.Flush();
+        first.ours.push_back(ImportQif(file, ours, "--create"));
+        work.Flush();
+        first.reference.push_back(ImportBare(file, reference, RunOf(ours)));
+        RequireSameLedger(DatabasePath(ours), DatabasePath(reference));
+        work.Flush();
+        again.ours.push_back(ImportQif(file, ours, "--map"));
+        work.Flush();
+        again.reference.push_back(ImportBare(file, reference, "again"));
+        RequireSameLedger(DatabasePath(ours), DatabasePath(reference));
+    }
+    return {TimesFigure("qif", "import of 100,000 QIF records / bare storage", first),
+            TimesFigure("qifagain", "importing them again / bare storage", again)};
+}
+
+std::vector<Figure> MeasureExport(const WorkFolder& work, int rounds)
+{
+    const std::string many = BooksOf(work, "many", kRows);
+    const std::string more = BooksOf(work, "more", kManyRows);
+    const std::string ours = work.Path("ours.ofx");
+    const std::string reference = work.Path("reference.ofx");
+    const std::string large = work.Path("large.ofx");
+    Rounds times;
+    std::vector<double> growth;
+    for (int round = 0; round < rounds; ++round) {
+        work.Flush();
+        times.ours.push_back(Export(many, ours));
+        work.Flush();
+        times.reference.push_back(ExportBare(many, ours, reference));
+        const Cost most = Export(more, large);
+        growth.push_back(static_cast<double>(most.peakBytes - times.ours.back().peakBytes));
+    }
+    constexpr double mebi = 1024.0 * 1024.0;
+    const double text = Bytes(large) - Bytes(ours);
+    const Figure memory{.name = "exportmemory",
+                        .title = "memory of exporting 100,000 rows more / their text",
+                        .unit = "MiB",
+                        .ours = Median(growth) / mebi,
+                        .reference = text / mebi,
+                        .ratio = Median(growth) / text,
+                        .wallRatio = {},
+                        .limit = 1};
+    return {TimesFigure("export", "export of 100,000 transactions / bare storage", times), memory};
+}
+
+}  // namespace clb
