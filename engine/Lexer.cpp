@@ -1,6 +1,7 @@
 #include "engine/Lexer.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 #include "base/Numeric.h"
@@ -14,15 +15,23 @@ bool IsBlank(char c)
 {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
-bool IsDigit(char c)
+constexpr bool IsDigit(char c)
 {
     return c >= '0' && c <= '9';
 }
-bool IsNameStart(char c)
+constexpr bool IsNameStart(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
            static_cast<unsigned char>(c) >= 0x80;
 }
+
+/// Most of a statement is names: one look tells whether a character goes on in one.
+constexpr auto kInName = [] {
+    std::array<bool, 256> inName{};
+    for (std::size_t c = 0; c < inName.size(); ++c)
+        inName[c] = IsNameStart(static_cast<char>(c)) || IsDigit(static_cast<char>(c));
+    return inName;
+}();
 
 class Scanner {
 public:
@@ -31,6 +40,7 @@ public:
     LexedStatement Run()
     {
         lexed_.tokens.reserve(sql_.size() / 4 + 4);
+        lexed_.literals.reserve(8);
         for (;;) {
             while (at_ < sql_.size() && IsBlank(sql_[at_]))
                 ++at_;
@@ -80,7 +90,7 @@ private:
     void TakeName()
     {
         const std::size_t from = at_;
-        while (at_ < sql_.size() && (IsNameStart(sql_[at_]) || IsDigit(sql_[at_])))
+        while (at_ < sql_.size() && kInName[static_cast<unsigned char>(sql_[at_])])
             ++at_;
         Add(TokenKind::Name, from, at_ - from);
     }
@@ -278,7 +288,7 @@ std::string ShapeOf(const LexedStatement& lexed)
         const Token& token = lexed.tokens[i];
         const bool literal = token.kind == TokenKind::Number || token.kind == TokenKind::Text ||
                              token.kind == TokenKind::Date;
-        const bool top = i > 0 && IsWord(lexed.tokens[i - 1], "TOP");
+        const bool top = literal && i > 0 && IsWord(lexed.tokens[i - 1], "TOP");
         if (literal) {
             shape.push_back('?');
             shape.push_back(KindLetter(lexed.literals[token.literal].kind));
