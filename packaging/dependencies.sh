@@ -11,7 +11,7 @@ clb_packages=(
     # running
     libqt6svg6 qt6-qpa-plugins fonts-dejavu-core
     # testing
-    libgtest-dev libgmock-dev libbenchmark-dev sqlite3 xvfb xdotool x11-apps imagemagick poppler-utils
+    clang libclang-rt-14-dev libgtest-dev libgmock-dev libbenchmark-dev sqlite3 xvfb xdotool x11-apps imagemagick poppler-utils
     ofx
 )
 

@@ -3,20 +3,28 @@
 #include <cmath>
 
 #include "base/Numeric.h"
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "ports/IHttpClient.h"
 
 namespace clb {
 namespace {
 
-/// Whole number with digit grouping; another text as it stands.
+/// Whole number with digit grouping; another text as it stands, and so a number too large to count.
 std::string GroupedVolume(const std::string& field)
 {
     const auto number = Numeric::Read(field);
-    if (!number || std::abs(number->ToDouble()) > 1e15)
+    if (!number)
         return field;
-    const auto whole = static_cast<std::int64_t>(std::round(number->ToDouble()));
-    return (whole < 0 ? "-" : "") + Numeric::GroupDigits(std::to_string(std::abs(whole)));
+    try {
+        const double volume = number->ToDouble();
+        if (std::abs(volume) > 1e15)
+            return field;
+        const auto whole = static_cast<std::int64_t>(std::round(volume));
+        return (whole < 0 ? "-" : "") + Numeric::GroupDigits(std::to_string(std::abs(whole)));
+    } catch (const RuntimeError&) {
+        return field;
+    }
 }
 
 }  // namespace

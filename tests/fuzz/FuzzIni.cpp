@@ -11,6 +11,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ini.INIFile(folder.Write("cvlb.ini", TextOf(data, size)));
     ini.GetString("Settings", "BankUrl");
     ini.GetLong("Settings", "Number", 7);
+    // Writing takes many times as long as reading.
+    if (size % 8 != 0)
+        return 0;
     ini.WriteString("Settings", "BankUrl", "https://bank.example");
     Require(ini.GetString("Settings", "BankUrl") == "https://bank.example");
     ini.WriteLong("Other", "Number", -5);

@@ -18,8 +18,7 @@ public:
         before_ = Stranger();
     }
 
-    /// Reads the file twice: the second time must add nothing that the first did not refuse, and
-    /// what was there before stays as it was.
+    /// What was there before stays as it was, whatever the file holds.
     template <typename Reader>
     void Run(const Reader& read)
     {

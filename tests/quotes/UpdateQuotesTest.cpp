@@ -112,5 +112,18 @@ TEST(clsStockQuoteTest, FieldsLoseTheirQuotesAndTheVolumeIsGrouped)
     EXPECT_EQ(quote.Volume(), "1,234,567");
 }
 
+/// It ended the whole update with an overflow.
+TEST(clsStockQuoteTest, AVolumeBeyondAllNumbersStaysAsItIsWritten)
+{
+    FakeHttp http;
+    http.answer = "ACME,45.50,6/1/2006,4:00pm,+0.91,+2.04%,44.60,45.75,44.50,45.49,45.51,1e400";
+    clsStockQuote quote(http, "http://q");
+
+    quote.Symbol("ACME");
+
+    EXPECT_EQ(quote.Volume(), "1e400");
+    EXPECT_EQ(quote.Quote(), "45.50");
+}
+
 }  // namespace
 }  // namespace clb
