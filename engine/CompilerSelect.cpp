@@ -355,10 +355,14 @@ private:
         Writer reader;
         reader.Text("SELECT ");
         WriteItems(reader, nullptr);
-        plan.readerRowParameter = static_cast<int>(reader.Parameters().size()) + 1;
-        reader.Text(" FROM ").Name(table.name).Text(" AS t0 WHERE t0.rowid = ?");
-        reader.Text(std::to_string(plan.readerRowParameter));
-        plan.readerSql = reader.TakeSql();
+        const int row = static_cast<int>(reader.Parameters().size()) + 1;
+        plan.readerRowParameter = row;
+        const std::string items = reader.TakeSql();
+        const std::string from =
+            Writer().Text(" FROM ").Name(table.name).TakeSql() + " AS t0 WHERE ";
+        plan.readerSql = items + from + "t0.rowid = ?" + std::to_string(row);
+        plan.stretchSql = items + ", t0.rowid" + from + "t0.rowid BETWEEN ?" + std::to_string(row) +
+                          " AND ?" + std::to_string(row + 1) + " ORDER BY t0.rowid";
         if (plan.plain && select_.orderBy.empty() && !select_.top)
             DescribeIdentities(table.name, plan);
     }

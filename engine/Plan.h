@@ -36,7 +36,9 @@ struct Plan {
     std::string table;
     bool triggers = false;
     std::string readerSql;  ///< reads one row by its identity
-    int readerRowParameter = 0;
+    /// Reads the rows from one identity to another in order, their identities behind the fields.
+    std::string stretchSql;
+    int readerRowParameter = 0;  ///< of both; that of the last row is the next
     /// The identities of the rows alone, where no more than these need be put in order; takes the
     /// statement's parameters. Empty otherwise.
     std::string identitiesSql;
@@ -46,6 +48,7 @@ struct Plan {
 
     // Prepared when first needed; the set of fields written is a bit for each.
     Statement reader;
+    Statement stretch;
     Statement identities;
     std::map<std::vector<bool>, Statement> inserts;
     std::map<std::vector<bool>, Statement> updates;

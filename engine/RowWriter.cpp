@@ -1,11 +1,22 @@
 #include "engine/RowWriter.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
 
 #include "engine/Errors.h"
 
 namespace clb {
+namespace {
+
+/// Whether reading from the first row to the last is less work than reading each by itself.
+bool IsStretch(std::span<const std::int64_t> rowIds)
+{
+    return rowIds.size() > 1 && std::ranges::is_sorted(rowIds, std::less_equal<>()) &&
+           rowIds.back() - rowIds.front() < 2 * static_cast<std::int64_t>(rowIds.size());
+}
+
+}  // namespace
 
 void RowChange::Clear(std::size_t fields)
 {
@@ -58,10 +69,9 @@ RowStore::Rows RowWriter::Read(std::span<const std::int64_t> rowIds, const Bound
                                Value* fields)
 {
     const ReadGroup group(*session_);
-    if (!plan_->reader)
-        plan_->reader = session_->database.Prepare(plan_->readerSql, true);
-    for (int i = 1; i < plan_->readerRowParameter; ++i)
-        plan_->reader.Bind(i, values[static_cast<std::size_t>(i) - 1]);
+    if (IsStretch(rowIds))
+        return ReadStretch(rowIds, values, fields);
+    Reader(plan_->reader, plan_->readerSql, values);
     RowStore::Rows found;
     for (std::size_t row = 0; row < rowIds.size(); ++row)
         found.set(row, ReadRow(rowIds[row], fields + row * plan_->fields.size()));
@@ -75,9 +85,44 @@ bool RowWriter::ReadRow(std::int64_t rowId, Value* fields)
     reader.BindInteger(plan_->readerRowParameter, rowId);
     if (!session_->database.Step(reader))
         return false;
+    TakeRow(reader, fields);
+    return true;
+}
+
+RowStore::Rows RowWriter::ReadStretch(std::span<const std::int64_t> rowIds,
+                                      const BoundValues& values, Value* fields)
+{
+    Statement& reader = Reader(plan_->stretch, plan_->stretchSql, values);
+    const ResetAtExit reset(reader);
+    reader.BindInteger(plan_->readerRowParameter, rowIds.front());
+    reader.BindInteger(plan_->readerRowParameter + 1, rowIds.back());
+    RowStore::Rows found;
+    std::size_t row = 0;
+    while (session_->database.Step(reader)) {
+        const std::int64_t rowId = reader.Integer(static_cast<int>(plan_->fields.size()));
+        while (rowIds[row] < rowId)
+            ++row;
+        if (rowIds[row] != rowId)
+            continue;
+        found.set(row);
+        TakeRow(reader, fields + row * plan_->fields.size());
+    }
+    return found;
+}
+
+Statement& RowWriter::Reader(Statement& reader, const std::string& sql, const BoundValues& values)
+{
+    if (!reader)
+        reader = session_->database.Prepare(sql, true);
+    for (int i = 1; i < plan_->readerRowParameter; ++i)
+        reader.Bind(i, values[static_cast<std::size_t>(i) - 1]);
+    return reader;
+}
+
+void RowWriter::TakeRow(const Statement& reader, Value* fields) const
+{
     for (std::size_t i = 0; i < plan_->fields.size(); ++i)
         fields[i] = reader.Get(static_cast<int>(i), plan_->fields[i].type);
-    return true;
 }
 
 Statement& RowWriter::InsertFor(const std::vector<bool>& set)

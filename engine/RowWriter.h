@@ -37,6 +37,10 @@ private:
     Statement& InsertFor(const std::vector<bool>& set);
     Statement& UpdateFor(const std::vector<bool>& set);
     bool ReadRow(std::int64_t rowId, Value* fields);
+    RowStore::Rows ReadStretch(std::span<const std::int64_t> rowIds, const BoundValues& values,
+                               Value* fields);
+    Statement& Reader(Statement& reader, const std::string& sql, const BoundValues& values);
+    void TakeRow(const Statement& reader, Value* fields) const;
     int BindChange(Statement& statement, const RowChange& change);
 
     Connection::State* session_;

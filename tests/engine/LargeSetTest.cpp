@@ -35,6 +35,23 @@ TEST_F(LargeSetTest, AWalkGivesEveryRowOnce)
     EXPECT_EQ(expected, 0);
 }
 
+TEST_F(LargeSetTest, AWalkOverMostRowsLeavesTheOthersOut)
+{
+    for (const char* fields : {"Sequence", "Sequence + 0 AS n, Description & '!' AS d"}) {
+        const std::string sql = std::string("SELECT ") + fields + " FROM Trans WHERE Amount < 75";
+        Recordset rows = Opened(sql);
+        ASSERT_EQ(rows.RecordCount(), kRows / 4 * 3);
+
+        for (int expected = 0; expected < kRows; ++expected) {
+            if (expected % 100 >= 75)
+                continue;
+            ASSERT_EQ(rows.Get(0), Value(std::int32_t{expected})) << sql;
+            rows.MoveNext();
+        }
+        EXPECT_TRUE(rows.AtEnd());
+    }
+}
+
 TEST_F(LargeSetTest, RowsAreReachedByNumberInAnyOrder)
 {
     const Recordset rows = Opened("SELECT Sequence FROM Trans");
