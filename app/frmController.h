@@ -10,6 +10,7 @@
 #include "controls/Form.h"
 #include "controls/Inputs.h"
 #include "controls/Tree.h"
+#include "controls/WorkProgress.h"
 #include "export/IExportHost.h"
 #include "export/modExport.h"
 #include "grid/CVGrid.h"
@@ -81,6 +82,8 @@ public:
     void WindowEnabled(bool enabled) override;
     void Pointer(std::int32_t code) override;
     bool CheckImportAccount(std::string& accountID) override;
+    void ImportProgress(std::size_t part, std::size_t whole) override;
+    void QuoteProgress(std::size_t part, std::size_t whole, const std::string& symbol) override;
 
     /// Raised while loading, once view and data store exist and before anything is shown.
     sigc::signal<void()>& Opened() { return opened_; }
@@ -104,6 +107,8 @@ public:
     TextBox txtTotal;
     TextBox txtTotal2;
     StatusBar statusBar;
+    /// What a long command has done so far.
+    WorkProgress progress;
 
 private:
     void BuildMenus();
@@ -134,6 +139,8 @@ private:
     Money SumOf(const std::string& sql, const char* field);
     void ToolbarPressed(const std::string& key);
     void ImportCommand();
+    void QuotesCommand();
+    void PrintCommand();
     void NewRecord();
     void CopyBudgetCommand();
     void MoveTransaction(std::int32_t direction);

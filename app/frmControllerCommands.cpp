@@ -60,7 +60,7 @@ void frmController::WireMenus()
     };
     command("mnuF_Import", [this] { ImportCommand(); });
     command("mnuF_Export", [this] { export_->ExportOFX(); });
-    command("mnuF_Print", [this] { Grid.PrintMe(); });
+    command("mnuF_Print", [this] { PrintCommand(); });
     command("mnuF_Exit", [this] { Unload(); });
     command("mnuE_New", [this] { NewRecord(); });
     command("mnuE_Delete", [this] { Grid.Delete(); });
@@ -68,9 +68,7 @@ void frmController::WireMenus()
     command("mnuE_MovePrev", [this] { MoveTransaction(-1); });
     command("mnuE_MoveNext", [this] { MoveTransaction(1); });
     command("mnuE_Split", [this] { SplitCommand(); });
-    command("mnuT_UpdateQuotes", [this] {
-        UpdateQuotes(Data(), *this, ports_.messages, ports_.http, QuoteService(), Title);
-    });
+    command("mnuT_UpdateQuotes", [this] { QuotesCommand(); });
     command("mnuT_Options", [this] { OptionsCommand(); });
     command("mnuH_HelpTopics", [this] { ports_.shell.Help(ports_.folder + "/Help/clb.chm"); });
     command("mnuH_OnTheWeb", [this] { ports_.shell.Open(product::HomePage); });
@@ -98,8 +96,32 @@ void frmController::ToolbarPressed(const std::string& key)
 
 void frmController::ImportCommand()
 {
+    const WorkProgress::Work work(progress);
     import_->ImportFile();
     ShowImportedAccount();
+}
+
+void frmController::ImportProgress(std::size_t part, std::size_t whole)
+{
+    progress.Step(part, whole);
+}
+
+void frmController::QuotesCommand()
+{
+    const WorkProgress::Work work(progress);
+    UpdateQuotes(Data(), *this, ports_.messages, ports_.http, QuoteService(), Title);
+}
+
+void frmController::QuoteProgress(std::size_t part, std::size_t whole, const std::string& symbol)
+{
+    progress.Step(part, whole, symbol);
+}
+
+void frmController::PrintCommand()
+{
+    const WorkProgress::Work work(progress);
+    progress.Step(0, 0, "Printing");
+    Grid.PrintMe();
 }
 
 void frmController::ShowImportedAccount()

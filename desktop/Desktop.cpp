@@ -23,6 +23,7 @@
 #include "desktop/UserEvents.h"
 #include "desktop/WindowMemory.h"
 #include "desktop/WindowPresenter.h"
+#include "desktop/WorkDisplay.h"
 #include "platform/CurlHttpClient.h"
 #include "platform/HelpFolder.h"
 #include "platform/ProgramFolder.h"
@@ -89,7 +90,7 @@ private:
     DateFormPort dates_;
     UserEvents events_{boxes_};
     QtModalHost forms_{events_};
-    CurlHttpClient http_{{product::Title, false, {}, {}}};
+    CurlHttpClient http_{{product::Title, false, {}, {}, [this] { window_.Work().KeepAlive(); }}};
     frmController controller_;
     MainWindow window_;
     StuckWindow stuck_{controller_, events_, window_};

@@ -17,6 +17,7 @@
 #include "desktop/ToolbarBinder.h"
 #include "desktop/TreeBinder.h"
 #include "desktop/UserEvents.h"
+#include "desktop/WorkDisplay.h"
 #include "desktop/YearBox.h"
 
 namespace clb {
@@ -109,6 +110,7 @@ void MainWindow::BuildStatusBar()
     statusText_->setContentsMargins(4, 0, 0, 0);
     status_->setAccessibleName(QStringLiteral("Status"));
     status_->addWidget(statusText_, 1);
+    work_ = std::make_unique<WorkDisplay>(controller_.progress, *status_);
 }
 
 void MainWindow::FollowModels()

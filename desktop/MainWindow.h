@@ -20,6 +20,7 @@ class SplitHandle;
 class ToolbarBinder;
 class TreeBinder;
 class UserEvents;
+class WorkDisplay;
 class YearBox;
 
 /// The window around the controller: draws each control and hands the user's actions on. The model
@@ -47,6 +48,7 @@ public:
     ToolbarBinder& ToolbarWidget() { return *toolbar_; }
     TotalsLine& Totals() { return *totals_; }
     SplitHandle& Border() { return *border_; }
+    WorkDisplay& Work() { return *work_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -83,6 +85,7 @@ private:
     std::unique_ptr<TotalsLine> totals_;
     std::unique_ptr<MenuBinder> menus_;
     std::unique_ptr<FocusBinder> focus_;
+    std::unique_ptr<WorkDisplay> work_;
 };
 
 }  // namespace clb

@@ -1,4 +1,5 @@
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -21,6 +22,8 @@ public:
     /// Whether the rows may go into the account. An unknown or empty identifier is asked for; an
     /// empty one comes back as the chosen account's. False when the user cancels.
     virtual bool CheckImportAccount(std::string& accountID) = 0;
+    /// So much of the whole file is read; told for every row.
+    virtual void ImportProgress(std::size_t part, std::size_t whole) = 0;
 };
 
 }  // namespace clb

@@ -98,6 +98,7 @@ void OfxReader::ReadTransactions(std::size_t from)
         const std::string_view block = scan::Block(text_, "STMTTRN", from);
         if (block.empty())
             return;
+        host_.ImportProgress(from, text_.size());
         if (IsKnown(scan::Value(block, "<FITID>", 0)))
             ++counts_.duplicates;
         else

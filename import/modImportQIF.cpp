@@ -55,8 +55,9 @@ struct QifRun {
 /// One run over one QIF file.
 class QifReader {
 public:
-    QifReader(clsDatabase& database, const clsView& view, QifRun run, ImportCounts& counts)
-        : database_(database), view_(view), run_(std::move(run)), counts_(counts)
+    QifReader(clsDatabase& database, const clsView& view, IImportHost& host, QifRun run,
+              ImportCounts& counts)
+        : database_(database), view_(view), host_(host), run_(std::move(run)), counts_(counts)
     {
     }
 
@@ -76,6 +77,7 @@ private:
 
     clsDatabase& database_;
     const clsView& view_;
+    IImportHost& host_;
     QifRun run_;
     ImportCounts& counts_;
     Section section_ = Section::Ignored;
@@ -93,6 +95,8 @@ void QifReader::Read(std::string_view text)
             record_ = QifRecord();
         const std::string_view line = lines.ReadLine();
         ended = line.starts_with('^');
+        if (ended)
+            host_.ImportProgress(lines.At(), text.size());
         try {
             HandleLine(line);
         } catch (const RuntimeError&) {
@@ -237,7 +241,7 @@ void modImport::ImportQIF(const std::string& path)
     std::string accountID;
     if (!host_.CheckImportAccount(accountID))
         return;
-    QifReader reader(database_, view_, {accountID, NewRun(), dateOrder_}, counts_);
+    QifReader reader(database_, view_, host_, {accountID, NewRun(), dateOrder_}, counts_);
     const std::string text = ReadStatement(path);
     // A file of duplicates only would lock the data for each of its records.
     database_.Database().Group();

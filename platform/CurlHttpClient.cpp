@@ -19,6 +19,7 @@ using std::chrono::milliseconds;
 constexpr std::size_t kLongest = 1024 * 1024;     // bytes of a body
 constexpr std::size_t kLongestHead = 256 * 1024;  // less than what libcurl gives up at
 constexpr int kMostRedirects = 10;
+constexpr int kStep = 100;  // milliseconds that a request goes on by itself
 
 struct Release {
     void operator()(CURL* request) const { curl_easy_cleanup(request); }
@@ -125,12 +126,33 @@ void Take(CURL* request, Answer& answer)
     curl_easy_setopt(request, CURLOPT_HEADERDATA, &answer);
 }
 
+/// The request in steps, so that between them the caller may do something else.
+CURLcode PerformWaiting(CURL* request, const std::function<void()>& waiting)
+{
+    const std::unique_ptr<CURLM, decltype(&curl_multi_cleanup)> steps(curl_multi_init(),
+                                                                      &curl_multi_cleanup);
+    if (!steps || curl_multi_add_handle(steps.get(), request) != CURLM_OK)
+        return CURLE_OUT_OF_MEMORY;
+    CURLcode result = CURLE_OK;
+    int running = 1;
+    while (running > 0 && curl_multi_perform(steps.get(), &running) == CURLM_OK && running > 0) {
+        curl_multi_poll(steps.get(), nullptr, 0, kStep, nullptr);
+        waiting();
+    }
+    int left = 0;
+    if (const CURLMsg* message = curl_multi_info_read(steps.get(), &left))
+        result = message->data.result;
+    curl_multi_remove_handle(steps.get(), request);
+    return result;
+}
+
 /// Makes the request. Throws PortError when there is no answer, not even a part of one.
-void Perform(CURL* request, const std::string& url, Answer& answer)
+void Perform(CURL* request, const std::string& url, Answer& answer,
+             const std::function<void()>& waiting)
 {
     std::array<char, CURL_ERROR_SIZE> reason{};
     curl_easy_setopt(request, CURLOPT_ERRORBUFFER, reason.data());
-    const CURLcode result = curl_easy_perform(request);
+    const CURLcode result = waiting ? PerformWaiting(request, waiting) : curl_easy_perform(request);
     curl_easy_setopt(request, CURLOPT_ERRORBUFFER, nullptr);
     // The connection of an answer may end before the answer does.
     const bool cutOff =
@@ -161,7 +183,7 @@ Answer Ask(const HttpSettings& settings, const std::string& url, milliseconds le
     Limit(r, settings.limits, left);
     Answer answer;
     Take(r, answer);
-    Perform(r, url, answer);
+    Perform(r, url, answer, settings.waiting);
     return answer;
 }
 

@@ -20,6 +20,8 @@ struct HttpSettings {
     HttpLimits limits;
     /// Told each address before its request is sent, redirects aside; may be empty.
     std::function<void(const std::string& url)> sending;
+    /// Called again and again, about ten times a second, while an answer is awaited; may be empty.
+    std::function<void()> waiting = {};
 };
 
 /// The real network. The proxy is the one that the environment names (http_proxy, https_proxy,

@@ -9,14 +9,18 @@
 namespace clb {
 namespace {
 
-void StoreLastPrices(clsDatabase& database, IHttpClient& http, const std::string& service)
+void StoreLastPrices(clsDatabase& database, IQuoteHost& host, IHttpClient& http,
+                     const std::string& service)
 {
     Recordset holdings;
     database.Fill(holdings, "SELECT StockSymbol, LastPrice FROM Investment", false);
     clsStockQuote quote(http, service);
     // Leaving a changed row saves it.
-    for (; !holdings.AtEnd(); holdings.MoveNext()) {
-        quote.Symbol(ToText(holdings.Get("StockSymbol")));
+    const auto whole = static_cast<std::size_t>(holdings.RecordCount());
+    for (std::size_t part = 0; !holdings.AtEnd(); holdings.MoveNext(), ++part) {
+        const std::string symbol = ToText(holdings.Get("StockSymbol"));
+        host.QuoteProgress(part, whole, symbol);
+        quote.Symbol(symbol);
         if (quote.Change() != "N/A" && IsNumeric(quote.Quote()))
             holdings.Set("LastPrice", quote.Quote());
     }
@@ -33,7 +37,7 @@ void UpdateQuotes(clsDatabase& database, IQuoteHost& host, IMessageBox& messages
     host.Pointer(pointer::Hourglass);
     bool failed = false;
     try {
-        StoreLastPrices(database, http, service);
+        StoreLastPrices(database, host, http, service);
     } catch (const RuntimeError&) {
         failed = true;
     }

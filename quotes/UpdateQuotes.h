@@ -1,4 +1,5 @@
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -19,6 +20,8 @@ public:
     /// Draws at once what has changed: the requests leave no time for it.
     virtual void Repaint() = 0;
     virtual void Pointer(std::int32_t code) = 0;
+    /// The symbol is asked for; so many of the whole were asked for before.
+    virtual void QuoteProgress(std::size_t part, std::size_t whole, const std::string& symbol) = 0;
 };
 
 /// The command Update Quotes: fetches one quote for each holding and stores its last price. A

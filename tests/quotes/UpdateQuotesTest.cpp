@@ -22,10 +22,15 @@ public:
     void StatusText(const std::string& text) override { texts.push_back(text); }
     void Repaint() override { drawn.push_back(texts.back()); }
     void Pointer(std::int32_t code) override { pointers.push_back(code); }
+    void QuoteProgress(std::size_t part, std::size_t whole, const std::string& symbol) override
+    {
+        asked.push_back(std::to_string(part) + "/" + std::to_string(whole) + " " + symbol);
+    }
 
     std::vector<std::string> texts{"Ready"};
     std::vector<std::int32_t> pointers;
     std::vector<std::string> drawn;
+    std::vector<std::string> asked;
 };
 
 class UpdateQuotesTest : public testing::Test {
@@ -90,6 +95,15 @@ TEST_F(UpdateQuotesTest, AFailedRequestIsToldAndTextAndPointerAreBack)
               (std::vector<FakeMessageBox::Box>{{"Unable to update quotes.", 48, "Title"}}));
     EXPECT_EQ(host_.texts.back(), "Ready");
     EXPECT_EQ(host_.pointers.back(), 0);
+}
+
+TEST_F(UpdateQuotesTest, EachHoldingIsAnnouncedBeforeItIsAskedFor)
+{
+    books_.Execute("INSERT INTO Investment (StockSymbol, LastPrice) VALUES ('BOLT', 1)");
+
+    PriceAfter(kAcme);
+
+    EXPECT_EQ(host_.asked, (std::vector<std::string>{"0/2 BOLT", "1/2 ACME"}));
 }
 
 TEST_F(UpdateQuotesTest, WithoutHoldingsNothingIsAsked)

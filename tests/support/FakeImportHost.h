@@ -1,5 +1,7 @@
 #pragma once
+#include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "import/IImportHost.h"
@@ -37,11 +39,17 @@ public:
         return accepts;
     }
 
+    void ImportProgress(std::size_t part, std::size_t whole) override
+    {
+        progress.push_back({part, whole});
+    }
+
     std::string file;  ///< the user's choice; empty: cancelled
     std::string status = "Ready";
     std::string fallback;  ///< account that the user picks where the file names none
     bool accepts = true;   ///< whether the account check agrees
     std::vector<std::string> events;
+    std::vector<std::pair<std::size_t, std::size_t>> progress;  ///< part and whole
 };
 
 }  // namespace clb
