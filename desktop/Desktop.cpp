@@ -12,12 +12,14 @@
 #include "desktop/DateFormPort.h"
 #include "desktop/FileDialogPort.h"
 #include "desktop/Icons.h"
+#include "desktop/IncomingFiles.h"
 #include "desktop/MainWindow.h"
 #include "desktop/MessageBoxPort.h"
 #include "desktop/PointerPort.h"
 #include "desktop/PrintJobPort.h"
 #include "desktop/PrintWindow.h"
 #include "desktop/QtModalHost.h"
+#include "desktop/SecondStart.h"
 #include "desktop/ShellPort.h"
 #include "desktop/StuckWindow.h"
 #include "desktop/UserEvents.h"
@@ -27,6 +29,7 @@
 #include "platform/CurlHttpClient.h"
 #include "platform/HelpFolder.h"
 #include "platform/ProgramFolder.h"
+#include "platform/RunningProgram.h"
 #include "platform/SystemClock.h"
 
 namespace clb {
@@ -80,6 +83,7 @@ public:
     frmController& Controller() { return controller_; }
     /// Whether the user ended it to have a new one.
     bool StartsAgain() const { return stuck_.StartsAgain(); }
+    IncomingFiles& Incoming() { return incoming_; }
 
 private:
     MessageBoxPort boxes_;
@@ -94,6 +98,8 @@ private:
     frmController controller_;
     MainWindow window_;
     StuckWindow stuck_{controller_, events_, window_};
+    IncomingFiles incoming_{controller_, events_, boxes_,
+                            [this](const std::string& path) { files_.AnswerNext(path); }};
 };
 
 bool ShowsWindow(const StartOptions& options)
@@ -119,19 +125,21 @@ int Picture(MainWindow& window, const std::string& file)
     return 1;
 }
 
-/// Runs the program once; nothing when it is to start again.
-std::optional<int> RunOnce(const std::string& folder, const StartOptions& options, IClock& clock)
+/// Runs the program once, with these files to import; nothing when it is to start again.
+std::optional<int> RunOnce(const std::string& folder, IClock& clock, RunningProgram& running,
+                           const QStringList& files)
 {
     Program program(folder, clock);
     Backups(folder).BeforeUpgrade(clock.Now());
     program.Load();
-    if (!options.picture.empty())
-        return Picture(program.Window(), options.picture);
     DeliverHelp(folder);
     WindowMemory memory(WindowMemory::File(), program.Window(), program.Controller());
     memory.Restore();
     BackUpAfterFirstPaint(program.Window(), folder, clock.Now());
+    program.Window().OnDrop([&](const QStringList& paths) { program.Incoming().Take(paths); });
+    const auto laterStarts = ServeLaterStarts(running, program.Window(), program.Incoming());
     program.Window().show();
+    program.Incoming().Take(files);
     const int exitCode = QApplication::exec();
     return program.StartsAgain() ? std::nullopt : std::optional(exitCode);
 }
@@ -139,10 +147,19 @@ std::optional<int> RunOnce(const std::string& folder, const StartOptions& option
 int Run(const StartOptions& options, IClock& clock)
 {
     const std::string folder = OpenFolder(options.home);
-    std::optional<int> exitCode;
-    while (!exitCode)
-        exitCode = RunOnce(folder, options, clock);
-    return *exitCode;
+    if (!options.picture.empty()) {
+        Program program(folder, clock);
+        Backups(folder).BeforeUpgrade(clock.Now());
+        program.Load();
+        return Picture(program.Window(), options.picture);
+    }
+    QStringList files = AbsolutePaths(options.files);
+    RunningProgram running(folder);
+    if (!running.BecomeFirst() && HandOver(running, files))
+        return 0;
+    for (;; files.clear())
+        if (const auto exitCode = RunOnce(folder, clock, running, files))
+            return *exitCode;
 }
 
 int ReportFailure(const StartOptions& options, const std::exception& error)

@@ -2,6 +2,7 @@
 #include <sigc++/trackable.h>
 
 #include <QMainWindow>
+#include <functional>
 #include <memory>
 
 #include "app/frmController.h"
@@ -50,10 +51,17 @@ public:
     SplitHandle& Border() { return *border_; }
     WorkDisplay& Work() { return *work_; }
 
+    /// Called with the paths of files that are dropped on the window.
+    void OnDrop(std::function<void(const QStringList&)> taken);
+    /// Shows the window above the others, out of its icon when it is one.
+    void ComeToFront();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void BuildParts();
@@ -72,6 +80,7 @@ private:
 
     frmController& controller_;
     UserEvents& events_;
+    std::function<void(const QStringList&)> dropped_;
     QWidget* inner_ = nullptr;
     TreeBinder* tree_ = nullptr;
     GridView* grid_ = nullptr;

@@ -43,6 +43,7 @@ StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCod
     app.add_option("--picture", options.picture,
                    "Write a picture of the window to the file, then exit")
         ->type_name("FILE");
+    app.add_option("files", options.files, "Statement files to import")->type_name("FILE");
     auto* print =
         app.add_option("--print", options.print, "Preview an HTML file and print it, then exit")
             ->type_name("FILE");

@@ -1,6 +1,7 @@
 #pragma once
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/Date.h"
 
@@ -16,6 +17,7 @@ struct StartOptions {
     std::string pdf;                  ///< with print: the file to print to without asking
     std::optional<Date> dailyBackup;  ///< make this day's backup, and nothing else
     bool automate = false;
+    std::vector<std::string> files;  ///< statements to import
 };
 
 /// Reads the command line. Answers --help, --version and mistakes itself: `exitCode` is then set
