@@ -14,6 +14,7 @@ int Run(int argc, char** argv)
 {
     CLI::App app("Corvane Ledgerbook, the personal-finance program, on the command line", "clb");
     app.require_subcommand(1);
+    app.set_version_flag("--version", "Corvane Ledgerbook " CLB_VERSION);
     app.failure_message(CLI::FailureMessage::simple);
     int exitCode = 0;
     for (const auto add :
