@@ -1,6 +1,7 @@
 # shellcheck shell=bash
-# The Debian packages that building, running and testing need, and a function that installs those that
-# are missing. Sourced by ./run and ./test.
+# The Debian packages that building, running and testing need, those that packing needs on top, and a
+# function that installs those that are missing. Sourced by ./run, ./test, ./package and
+# packaging/test-package.
 
 clb_packages=(
     # building
@@ -13,11 +14,17 @@ clb_packages=(
     # testing
     clang libclang-rt-14-dev libgtest-dev libgmock-dev libbenchmark-dev sqlite3 xvfb xdotool x11-apps imagemagick poppler-utils
     ofx
+    # testing the files of the package
+    desktop-file-utils appstream shared-mime-info libglib2.0-bin man-db bash-completion zsh
 )
 
+# shellcheck disable=SC2034  # for the scripts that source this
+clb_packing_packages=(dpkg-dev debhelper lintian librsvg2-bin mmdebstrap)
+
+# clb_install_missing [package ...]: those that building, running and testing need, and these.
 clb_install_missing() {
     local missing=() package
-    for package in "${clb_packages[@]}"; do
+    for package in "${clb_packages[@]}" "$@"; do
         dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
             missing+=("$package")
     done
