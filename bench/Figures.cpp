@@ -5,6 +5,7 @@
 #include "bench/ImportFigures.h"
 #include "bench/RegisterFigures.h"
 #include "bench/SavingFigures.h"
+#include "bench/StartFigures.h"
 #include "bench/StatementFigures.h"
 
 #include <CLI/CLI.hpp>
@@ -30,6 +31,7 @@ const Measurement kMeasurements[] = {{{"import", "memory", "again"}, clb::Measur
                                      {{"scaling"}, clb::MeasureScaling},
                                      {{"qif", "qifagain"}, clb::MeasureQif},
                                      {{"export", "exportmemory"}, clb::MeasureExport},
+                                     {{"start", "startmillion", "startmemory"}, clb::MeasureStart},
                                      {{"register", "rows"}, clb::MeasureRegister},
                                      {{"budget"}, clb::MeasureBudget},
                                      {{"saving", "others"}, clb::MeasureSaving}};

@@ -3,13 +3,11 @@
 #include <sys/resource.h>
 
 #include <QCoreApplication>
-#include <QEvent>
 #include <QProcess>
-#include <QTimer>
-#include <QWidget>
 #include <exception>
 
 #include "data/Backups.h"
+#include "desktop/FirstPaint.h"
 #include "desktop/TextConvert.h"
 #include "platform/ProgramFolder.h"
 
@@ -31,38 +29,14 @@ void StartHelper(const std::string& folder, const Date& day)
     helper.startDetached();
 }
 
-/// Waits for the first paint of the window that owns it.
-class FirstPaint : public QObject {
-public:
-    FirstPaint(QWidget& window, std::string folder, Date day)
-        : QObject(&window), folder_(std::move(folder)), day_(day)
-    {
-        window.installEventFilter(this);
-    }
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override
-    {
-        if (event->type() != QEvent::Paint || seen_)
-            return false;
-        seen_ = true;
-        QTimer::singleShot(0, this, [this] {
-            StartHelper(folder_, day_);
-            deleteLater();
-        });
-        return false;
-    }
-
-private:
-    std::string folder_;
-    Date day_;
-    bool seen_ = false;
-};
-
 }  // namespace
 
 void BackUpAfterFirstPaint(QWidget& window, const std::string& folder, const Date& day)
 {
-    if (!Backups(folder).HasDay(day))
-        new FirstPaint(window, folder, Date::FromDays(day.Days()));
+    if (Backups(folder).HasDay(day))
+        return;
+    AfterFirstPaint(window,
+                    [folder, day = Date::FromDays(day.Days())] { StartHelper(folder, day); });
 }
 
 int MakeDailyBackup(const std::optional<std::string>& home, const Date& day)

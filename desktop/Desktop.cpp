@@ -11,6 +11,7 @@
 #include "desktop/DailyBackup.h"
 #include "desktop/DateFormPort.h"
 #include "desktop/FileDialogPort.h"
+#include "desktop/FirstPaint.h"
 #include "desktop/Icons.h"
 #include "desktop/IncomingFiles.h"
 #include "desktop/MainWindow.h"
@@ -126,8 +127,8 @@ int Picture(MainWindow& window, const std::string& file)
 }
 
 /// Runs the program once, with these files to import; nothing when it is to start again.
-std::optional<int> RunOnce(const std::string& folder, IClock& clock, RunningProgram& running,
-                           const QStringList& files)
+std::optional<int> RunOnce(const std::string& folder, const StartOptions& options, IClock& clock,
+                           RunningProgram& running, const QStringList& files)
 {
     Program program(folder, clock);
     Backups(folder).BeforeUpgrade(clock.Now());
@@ -135,7 +136,10 @@ std::optional<int> RunOnce(const std::string& folder, IClock& clock, RunningProg
     DeliverHelp(folder);
     WindowMemory memory(WindowMemory::File(), program.Window(), program.Controller());
     memory.Restore();
-    BackUpAfterFirstPaint(program.Window(), folder, clock.Now());
+    if (options.untilPainted)
+        AfterFirstPaint(program.Window(), [] { QCoreApplication::quit(); });
+    else
+        BackUpAfterFirstPaint(program.Window(), folder, clock.Now());
     program.Window().OnDrop([&](const QStringList& paths) { program.Incoming().Take(paths); });
     const auto laterStarts = ServeLaterStarts(running, program.Window(), program.Incoming());
     program.Window().show();
@@ -158,7 +162,7 @@ int Run(const StartOptions& options, IClock& clock)
     if (!running.BecomeFirst() && HandOver(running, files))
         return 0;
     for (;; files.clear())
-        if (const auto exitCode = RunOnce(folder, clock, running, files))
+        if (const auto exitCode = RunOnce(folder, options, clock, running, files))
             return *exitCode;
 }
 

@@ -44,6 +44,7 @@ StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCod
                    "Write a picture of the window to the file, then exit")
         ->type_name("FILE");
     app.add_option("files", options.files, "Statement files to import")->type_name("FILE");
+    app.add_flag("--until-painted", options.untilPainted)->group("");
     auto* print =
         app.add_option("--print", options.print, "Preview an HTML file and print it, then exit")
             ->type_name("FILE");

@@ -17,6 +17,7 @@ struct StartOptions {
     std::string pdf;                  ///< with print: the file to print to without asking
     std::optional<Date> dailyBackup;  ///< make this day's backup, and nothing else
     bool automate = false;
+    bool untilPainted = false;       ///< end once the window is painted: what a start takes
     std::vector<std::string> files;  ///< statements to import
 };
 

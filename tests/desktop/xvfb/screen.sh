@@ -21,8 +21,9 @@ fail() {
     exit 1
 }
 
-# The X server chooses a free number itself and tells it.
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$work/display" 2>"$work/xvfb.log" &
+# The X server chooses a free number itself and tells it. It must not begin anew when a client leaves:
+# a program that connects in that moment is turned away.
+Xvfb -noreset -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$work/display" 2>"$work/xvfb.log" &
 server=$!
 for _ in $(seq 100); do [ -s "$work/display" ] && break; sleep 0.1; done
 [ -s "$work/display" ] || fail "no X server: $(cat "$work/xvfb.log")"
