@@ -31,7 +31,7 @@ const Measurement kMeasurements[] = {{{"import", "memory", "again"}, clb::Measur
                                      {{"scaling"}, clb::MeasureScaling},
                                      {{"qif", "qifagain"}, clb::MeasureQif},
                                      {{"export", "exportmemory"}, clb::MeasureExport},
-                                     {{"start", "startmillion", "startmemory"}, clb::MeasureStart},
+                                     {{"start", "startmillion", "startpeak"}, clb::MeasureStart},
                                      {{"register", "rows"}, clb::MeasureRegister},
                                      {{"budget"}, clb::MeasureBudget},
                                      {{"saving", "others"}, clb::MeasureSaving}};

@@ -75,7 +75,7 @@ std::vector<Figure> MeasureStart(const WorkFolder& work, int rounds)
     const double reference = PeakOf(large.reference);
     return {StartFigure("start", "start to the painted window / a bare window", empty),
             StartFigure("startmillion", "the same in books of 1,000,000 transactions", large),
-            {.name = "startmemory",
+            {.name = "startpeak",
              .title = "memory of that start / the bare window's",
              .unit = "MiB",
              .ours = ours,
