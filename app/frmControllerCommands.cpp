@@ -103,7 +103,8 @@ void frmController::ImportCommand()
 
 void frmController::ImportProgress(std::size_t part, std::size_t whole)
 {
-    progress.Step(part, whole);
+    static const std::string reading = "Reading transactions";
+    progress.Step(part, whole, reading);
 }
 
 void frmController::QuotesCommand()

@@ -12,7 +12,7 @@ clb_packages=(
     # running
     libqt6svg6 qt6-qpa-plugins fonts-dejavu-core
     # testing
-    clang libclang-rt-14-dev libgtest-dev libgmock-dev libbenchmark-dev sqlite3 xvfb xdotool x11-apps imagemagick poppler-utils
+    clang libclang-rt-14-dev libgtest-dev libgmock-dev libbenchmark-dev sqlite3 xvfb xdotool openbox x11-apps imagemagick poppler-utils
     ofx
     # testing the files of the package
     desktop-file-utils appstream shared-mime-info libglib2.0-bin man-db bash-completion zsh

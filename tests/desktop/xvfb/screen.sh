@@ -8,9 +8,11 @@ clb=$2
 work=$(mktemp -d)
 picture=${3:-$work/screen.png}
 server=
+manager=
 program=
 cleanup() {
     [ -z "$program" ] || kill "$program" 2>/dev/null || true
+    [ -z "$manager" ] || kill "$manager" 2>/dev/null || true
     [ -z "$server" ] || kill "$server" 2>/dev/null || true
     rm -rf "$work"
 }
@@ -33,14 +35,20 @@ export DISPLAY
 unset XDG_CURRENT_DESKTOP WAYLAND_DISPLAY QT_QPA_PLATFORMTHEME
 export QT_QPA_PLATFORM=xcb QT_IM_MODULE=compose HOME=$work LC_ALL=C.UTF-8
 
-# Without a window manager nobody gives a new window the keyboard. An error dialog on the way would
-# never take another's name, so a missing window ends the test with what is on the screen.
+# A window manager, as on every desktop; it answers questions like this one only when it is ready.
+openbox --sm-disable 2>"$work/openbox.log" &
+manager=$!
+for _ in $(seq 100); do xdotool get_num_desktops >/dev/null 2>&1 && break; sleep 0.1; done
+xdotool get_num_desktops >/dev/null 2>&1 || fail "no window manager: $(cat "$work/openbox.log")"
+
+# An error dialog on the way would never take another's name, so a missing window ends the test with
+# what is on the screen.
 window() {
     local id
     for _ in $(seq 150); do
         id=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -n 1 || true)
         if [ -n "$id" ]; then
-            xdotool windowfocus --sync "$id" 2>/dev/null || true
+            timeout 5 xdotool windowactivate --sync "$id" 2>/dev/null || true
             sleep 0.3
             echo "$id"
             return

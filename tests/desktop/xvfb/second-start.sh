@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Works the built program as a person would: while it runs, a statement is opened with it once more.
+# The second start ends at once, the first window asks for the account and imports the file.
+#   second-start.sh LEDGERBOOK CLB [PICTURE]     PICTURE keeps what the screen showed
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+# shellcheck source=tests/desktop/xvfb/screen.sh
+. "$here/screen.sh"
+
+export XDG_RUNTIME_DIR=$work/runtime
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+"$clb" demo "$work/books" >/dev/null
+printf '%s\r\n' 'OFXHEADER:100' 'DATA:OFXSGML' 'VERSION:102' '' \
+    '<OFX><ACCTID>SECOND<STMTTRN><DTPOSTED>20060315<TRNAMT>-12.50<FITID>S1<NAME>Second start</STMTTRN></OFX>' \
+    >"$work/march statement.ofx"
+start
+window '^Net Worth - Corvane Ledgerbook$' >/dev/null
+
+(cd "$work" && timeout 20 "$ledgerbook" --home "$work/books" "march statement.ofx") ||
+    fail "the second start did not end by itself"
+window '^Select Account$' >/dev/null
+import -window root "$picture"
+xdotool key alt+d
+xdotool type --delay 20 "Second account"
+xdotool key Return
+for _ in $(seq 100); do
+    found=$("$clb" sql "$work/books" "SELECT Description FROM Trans WHERE AccountID = 'SECOND'")
+    grep -q "Second start" <<<"$found" && break
+    sleep 0.1
+done
+grep -q "Second start" <<<"$found" || fail "the statement is not imported"
+window '^Net Worth - Corvane Ledgerbook$' >/dev/null
+finish
+
+[ -z "$(find "$XDG_RUNTIME_DIR" -type s)" ] || fail "the meeting place is still open"
+echo "a second start handed its statement to the first"
