@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdlib>
+#include <thread>
 
 #include "base/RuntimeError.h"
 #include "tests/support/HttpServer.h"
@@ -26,11 +28,14 @@ public:
     Proxy& operator=(const Proxy&) = delete;
 };
 
-class CurlHttpClientTest : public testing::Test {
+/// Both ways to wait for an answer: idly, and with something else to do.
+class CurlHttpClientTest : public testing::TestWithParam<bool> {
 protected:
     std::optional<std::string> Get(const std::string& url)
     {
         settings.sending = [this](const std::string& sent) { sent_.push_back(sent); };
+        if (GetParam() && !settings.waiting)
+            settings.waiting = [] {};
         return CurlHttpClient(settings).Get(url);
     }
     std::optional<std::string> GetPath(const std::string& path)
@@ -63,7 +68,7 @@ protected:
     std::vector<std::string> sent_;
 };
 
-TEST_F(CurlHttpClientTest, TheBodyComesByteForByte)
+TEST_P(CurlHttpClientTest, TheBodyComesByteForByte)
 {
     const std::string bytes("a\0b\xFF\r\n,", 7);
     server.On("/x", answers::Ok(bytes));
@@ -71,7 +76,7 @@ TEST_F(CurlHttpClientTest, TheBodyComesByteForByte)
     EXPECT_EQ(GetPath("/x"), bytes);
 }
 
-TEST_F(CurlHttpClientTest, OneGetNamesTheProgramAndTakesNothingFromACache)
+TEST_P(CurlHttpClientTest, OneGetNamesTheProgramAndTakesNothingFromACache)
 {
     server.On("/x", answers::Ok("fresh"));
 
@@ -85,7 +90,7 @@ TEST_F(CurlHttpClientTest, OneGetNamesTheProgramAndTakesNothingFromACache)
     EXPECT_EQ(sent_, std::vector<std::string>{server.Address() + "/x?s=A"});
 }
 
-TEST_F(CurlHttpClientTest, TheAddressIsSentAsItStands)
+TEST_P(CurlHttpClientTest, TheAddressIsSentAsItStands)
 {
     server.On("", answers::Ok("yes"));
 
@@ -101,7 +106,7 @@ TEST_F(CurlHttpClientTest, TheAddressIsSentAsItStands)
     EXPECT_EQ(server.FirstLines(), expected);
 }
 
-TEST_F(CurlHttpClientTest, AFragmentStaysBehind)
+TEST_P(CurlHttpClientTest, AFragmentStaysBehind)
 {
     server.On("/x", answers::Ok("yes"));
 
@@ -111,7 +116,7 @@ TEST_F(CurlHttpClientTest, AFragmentStaysBehind)
     EXPECT_EQ(sent_, std::vector<std::string>{server.Address() + "/x?s=a#b"});
 }
 
-TEST_F(CurlHttpClientTest, NothingThatBreaksTheRequestsLineIsSent)
+TEST_P(CurlHttpClientTest, NothingThatBreaksTheRequestsLineIsSent)
 {
     server.On("", answers::Ok("yes"));
 
@@ -124,7 +129,7 @@ TEST_F(CurlHttpClientTest, NothingThatBreaksTheRequestsLineIsSent)
     EXPECT_TRUE(sent_.empty());
 }
 
-TEST_F(CurlHttpClientTest, AnAnswerOfAnyStatusIsAnAnswer)
+TEST_P(CurlHttpClientTest, AnAnswerOfAnyStatusIsAnAnswer)
 {
     server.On("/gone", answers::Status("404 Not Found", "what is left"));
     server.On("/broken", answers::Status("500 Internal Server Error", "a,b"));
@@ -135,7 +140,7 @@ TEST_F(CurlHttpClientTest, AnAnswerOfAnyStatusIsAnAnswer)
     EXPECT_EQ(GetPath("/empty"), "");
 }
 
-TEST_F(CurlHttpClientTest, AnAnswerOfOneMebibyteIsTheLongest)
+TEST_P(CurlHttpClientTest, AnAnswerOfOneMebibyteIsTheLongest)
 {
     const std::string whole(1024 * 1024, 'x');
     server.On("/most", answers::Ok(whole));
@@ -145,7 +150,7 @@ TEST_F(CurlHttpClientTest, AnAnswerOfOneMebibyteIsTheLongest)
     EXPECT_EQ(GetPath("/more"), std::nullopt);
 }
 
-TEST_F(CurlHttpClientTest, AnAnswerWithoutAnEndIsCutOff)
+TEST_P(CurlHttpClientTest, AnAnswerWithoutAnEndIsCutOff)
 {
     server.On("/body", answers::Endless());
     server.On("/head", answers::EndlessHead());
@@ -154,7 +159,7 @@ TEST_F(CurlHttpClientTest, AnAnswerWithoutAnEndIsCutOff)
     EXPECT_EQ(GetPath("/head"), std::nullopt);
 }
 
-TEST_F(CurlHttpClientTest, AnAnswerCutShortIsWhatHasCome)
+TEST_P(CurlHttpClientTest, AnAnswerCutShortIsWhatHasCome)
 {
     server.On("/length", answers::Bytes("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\na,b"));
     server.On("/chunks",
@@ -164,7 +169,7 @@ TEST_F(CurlHttpClientTest, AnAnswerCutShortIsWhatHasCome)
     EXPECT_EQ(GetPath("/chunks"), "a,b");
 }
 
-TEST_F(CurlHttpClientTest, WithoutAnHttpAnswerTheRequestHasFailed)
+TEST_P(CurlHttpClientTest, WithoutAnHttpAnswerTheRequestHasFailed)
 {
     server.On("/nothing", answers::Bytes(""));
     server.On("/noise", answers::Bytes("ACME,1,2,3,4,5,6,7,8,9,10,11\r\n"));
@@ -173,14 +178,14 @@ TEST_F(CurlHttpClientTest, WithoutAnHttpAnswerTheRequestHasFailed)
     EXPECT_NE(FailureOf(server.Address() + "/noise"), "");
 }
 
-TEST_F(CurlHttpClientTest, WhereNobodyListensTheRequestFails)
+TEST_P(CurlHttpClientTest, WhereNobodyListensTheRequestFails)
 {
     const std::string url = "http://127.0.0.1:" + std::to_string(HttpServer::FreePort()) + "/x";
 
     EXPECT_TRUE(FailureOf(url).starts_with("Cannot reach " + url + ": ")) << FailureOf(url);
 }
 
-TEST_F(CurlHttpClientTest, TheTimeOfARequestIsLimited)
+TEST_P(CurlHttpClientTest, TheTimeOfARequestIsLimited)
 {
     server.On("/silent", answers::Silence());
     server.On("/slow", answers::Trickle());
@@ -190,7 +195,7 @@ TEST_F(CurlHttpClientTest, TheTimeOfARequestIsLimited)
     EXPECT_NE(FailureOf(server.Address() + "/slow"), "");
 }
 
-TEST_F(CurlHttpClientTest, TheLimitHoldsForAllRedirectsTogether)
+TEST_P(CurlHttpClientTest, TheLimitHoldsForAllRedirectsTogether)
 {
     server.On("/round", [](const HttpServer::Connection& connection) {
         std::this_thread::sleep_for(60ms);
@@ -203,7 +208,7 @@ TEST_F(CurlHttpClientTest, TheLimitHoldsForAllRedirectsTogether)
     EXPECT_LE(server.Heads().size(), 4u);
 }
 
-TEST_F(CurlHttpClientTest, OnlyAWebAddressIsAsked)
+TEST_P(CurlHttpClientTest, OnlyAWebAddressIsAsked)
 {
     for (const char* url :
          {"file:///etc/passwd", "ftp://127.0.0.1/x", "gopher://127.0.0.1/x", "127.0.0.1/x", "",
@@ -212,7 +217,7 @@ TEST_F(CurlHttpClientTest, OnlyAWebAddressIsAsked)
     EXPECT_TRUE(sent_.empty());
 }
 
-TEST_F(CurlHttpClientTest, ARedirectWithinTheSchemeIsFollowed)
+TEST_P(CurlHttpClientTest, ARedirectWithinTheSchemeIsFollowed)
 {
     HttpServer other;
     other.On("/there", answers::Ok("there"));
@@ -226,7 +231,7 @@ TEST_F(CurlHttpClientTest, ARedirectWithinTheSchemeIsFollowed)
               (std::vector<std::string>{server.Address() + "/near", server.Address() + "/far"}));
 }
 
-TEST_F(CurlHttpClientTest, ARedirectToAnotherSchemeIsAnAnswerLikeOthers)
+TEST_P(CurlHttpClientTest, ARedirectToAnotherSchemeIsAnAnswerLikeOthers)
 {
     server.On("/file", answers::Redirect("file:///etc/passwd", "moved"));
     server.On("/tls", answers::Redirect("https://127.0.0.1/x", "moved"));
@@ -235,7 +240,7 @@ TEST_F(CurlHttpClientTest, ARedirectToAnotherSchemeIsAnAnswerLikeOthers)
     EXPECT_EQ(GetPath("/tls"), "moved");
 }
 
-TEST_F(CurlHttpClientTest, RedirectsInACircleEnd)
+TEST_P(CurlHttpClientTest, RedirectsInACircleEnd)
 {
     server.On("/round", answers::Redirect("/round", "again"));
 
@@ -244,7 +249,7 @@ TEST_F(CurlHttpClientTest, RedirectsInACircleEnd)
     EXPECT_EQ(server.Heads().size(), 11u);
 }
 
-TEST_F(CurlHttpClientTest, TheSystemsProxyIsUsedUnlessToldOtherwise)
+TEST_P(CurlHttpClientTest, TheSystemsProxyIsUsedUnlessToldOtherwise)
 {
     HttpServer proxy;
     proxy.On("http://0.0.0.0:", answers::Ok("by the proxy"));
@@ -258,13 +263,28 @@ TEST_F(CurlHttpClientTest, TheSystemsProxyIsUsedUnlessToldOtherwise)
     EXPECT_EQ(Get(url), "directly");
 }
 
-TEST_F(CurlHttpClientTest, ThisMachineNeedsNoProxy)
+TEST_P(CurlHttpClientTest, ThisMachineNeedsNoProxy)
 {
     const Proxy named(HttpServer::FreePort());
     server.On("/x", answers::Ok("directly"));
 
     EXPECT_EQ(GetPath("/x"), "directly");
     EXPECT_EQ(Get("http://localhost:" + std::to_string(server.Port()) + "/x"), "directly");
+}
+
+INSTANTIATE_TEST_SUITE_P(Waiting, CurlHttpClientTest, testing::Bool());
+
+TEST_P(CurlHttpClientTest, WhileAnAnswerIsAwaitedTheCallerHasItsTurnAgainAndAgain)
+{
+    std::atomic<int> turns = 0;
+    settings.waiting = [&turns] { ++turns; };
+    server.On("/slow", [&turns](const HttpServer::Connection& connection) {
+        while (turns < 3)
+            std::this_thread::yield();
+        answers::Ok("at last")(connection);
+    });
+
+    EXPECT_EQ(GetPath("/slow"), "at last");
 }
 
 }  // namespace
