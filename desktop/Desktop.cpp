@@ -99,7 +99,7 @@ private:
     frmController controller_;
     MainWindow window_;
     StuckWindow stuck_{controller_, events_, window_};
-    IncomingFiles incoming_{controller_, events_, boxes_,
+    IncomingFiles incoming_{controller_, window_, events_, boxes_,
                             [this](const std::string& path) { files_.AnswerNext(path); }};
 };
 

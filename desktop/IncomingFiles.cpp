@@ -4,6 +4,7 @@
 
 #include "app/frmController.h"
 #include "base/RuntimeError.h"
+#include "desktop/MainWindow.h"
 #include "desktop/TextConvert.h"
 #include "desktop/UserEvents.h"
 #include "import/StatementKind.h"
@@ -16,9 +17,13 @@ constexpr int LookAgain = 100;  // milliseconds
 
 }  // namespace
 
-IncomingFiles::IncomingFiles(frmController& controller, UserEvents& events, IMessageBox& messages,
-                             Answer answer)
-    : controller_(controller), events_(events), messages_(messages), answer_(std::move(answer))
+IncomingFiles::IncomingFiles(frmController& controller, MainWindow& window, UserEvents& events,
+                             IMessageBox& messages, Answer answer)
+    : controller_(controller),
+      window_(window),
+      events_(events),
+      messages_(messages),
+      answer_(std::move(answer))
 {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &IncomingFiles::Next);
@@ -38,7 +43,7 @@ void IncomingFiles::Next()
     if (CanBegin()) {
         importing_ = true;
         const std::string path = ToUtf8(waiting_.takeFirst());
-        if (!GridAgrees()) {
+        if (!window_.GridAgrees()) {
             waiting_.clear();
         } else if (IsStatement(path)) {
             answer_(path);
@@ -54,12 +59,6 @@ bool IncomingFiles::CanBegin() const
 {
     return !importing_ && !events_.Running() && controller_.window.Enabled() &&
            !QApplication::activeModalWidget() && !QApplication::activePopupWidget();
-}
-
-bool IncomingFiles::GridAgrees()
-{
-    bool cancel = false;
-    return events_.Run([&] { controller_.Grid.Component().Validate().emit(cancel); }) && !cancel;
 }
 
 bool IncomingFiles::IsStatement(const std::string& path)

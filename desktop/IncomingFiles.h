@@ -9,6 +9,7 @@ namespace clb {
 
 class frmController;
 class IMessageBox;
+class MainWindow;
 class UserEvents;
 
 /// Statement files that come without the import command being chosen: dropped on the window, named
@@ -20,8 +21,8 @@ public:
 
     /// All borrowed; they outlive this. The answer makes the next question for a file have this one
     /// for its answer.
-    IncomingFiles(frmController& controller, UserEvents& events, IMessageBox& messages,
-                  Answer answer);
+    IncomingFiles(frmController& controller, MainWindow& window, UserEvents& events,
+                  IMessageBox& messages, Answer answer);
 
     /// Paths; each is looked at when its turn comes. One that is no statement is told and passed
     /// over; when the row in edit cannot be saved, the rest is given up.
@@ -30,10 +31,10 @@ public:
 private:
     void Next();
     bool CanBegin() const;
-    bool GridAgrees();
     bool IsStatement(const std::string& path);
 
     frmController& controller_;
+    MainWindow& window_;
     UserEvents& events_;
     IMessageBox& messages_;
     Answer answer_;

@@ -51,6 +51,8 @@ public:
     SplitHandle& Border() { return *border_; }
     WorkDisplay& Work() { return *work_; }
 
+    /// Saves the grid's row in edit, as leaving it does. False when that is refused, which is told.
+    bool GridAgrees();
     /// Called with the paths of files that are dropped on the window.
     void OnDrop(std::function<void(const QStringList&)> taken);
     /// Shows the window above the others, out of its icon when it is one.
@@ -75,7 +77,6 @@ private:
     void NameTotals();
     void RepaintNow();
     void OrderTabs();
-    bool GridAgrees();
     bool TurnMonth(int angle);
 
     frmController& controller_;

@@ -51,9 +51,9 @@ protected:
         return books_.Rows("SELECT FITID FROM Trans WHERE FITID <> '' ORDER BY [Sequence]");
     }
 
-    IncomingFiles incoming_{Model(), events_, books_.messages, [this](const std::string& path) {
-                                books_.files.answers.push_back(path);
-                            }};
+    IncomingFiles incoming_{
+        Model(), window_, events_, books_.messages,
+        [this](const std::string& path) { books_.files.answers.push_back(path); }};
 };
 
 TEST_F(IncomingFilesTest, DroppedStatementsAreImportedOneAfterTheOther)
