@@ -1,6 +1,7 @@
 # shellcheck shell=bash
 # A screen of its own for a script that works the built program as a person would. Sourced with
-# LEDGERBOOK CLB [PICTURE] as arguments; PICTURE keeps what the screen showed at the end or at a
+# LEDGERBOOK CLB [PICTURE] as arguments; $SCREEN_DARK gives the desktop dark colours, $QT_SCALE_FACTOR
+# more pixels; PICTURE keeps what the screen showed at the end or at a
 # failure. Gives $ledgerbook, $clb, $work (a folder that goes away), $picture, fail, window, start
 # and finish.
 ledgerbook=$1
@@ -23,9 +24,11 @@ fail() {
     exit 1
 }
 
+screen=1280x800x24
+[ "${QT_SCALE_FACTOR:-1}" = 1 ] || screen=2560x1600x24
 # The X server chooses a free number itself and tells it. It must not begin anew when a client leaves:
 # a program that connects in that moment is turned away.
-Xvfb -noreset -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$work/display" 2>"$work/xvfb.log" &
+Xvfb -noreset -displayfd 3 -screen 0 "$screen" -nolisten tcp 3>"$work/display" 2>"$work/xvfb.log" &
 server=$!
 for _ in $(seq 100); do [ -s "$work/display" ] && break; sleep 0.1; done
 [ -s "$work/display" ] || fail "no X server: $(cat "$work/xvfb.log")"
@@ -34,6 +37,15 @@ export DISPLAY
 # No desktop's own dialogs, no input method: keys go to the program alone.
 unset XDG_CURRENT_DESKTOP WAYLAND_DISPLAY QT_QPA_PLATFORMTHEME
 export QT_QPA_PLATFORM=xcb QT_IM_MODULE=compose HOME=$work LC_ALL=C.UTF-8
+
+# The colours of a desktop that keeps them where the toolkit looks by itself.
+if [ -n "${SCREEN_DARK:-}" ]; then
+    mkdir -p "$HOME/.config"
+    for part in View Window Button Tooltip; do
+        printf '[Colors:%s]\nBackgroundNormal=35,38,41\nForegroundNormal=239,240,241\n' "$part"
+    done >"$HOME/.config/kdeglobals"
+    export XDG_CURRENT_DESKTOP=KDE KDE_SESSION_VERSION=5
+fi
 
 # A window manager, as on every desktop; it answers questions like this one only when it is ready.
 openbox --sm-disable 2>"$work/openbox.log" &
@@ -70,6 +82,14 @@ finish() {
     import -window root "$picture"
     colours=$(identify -format '%k' "$picture")
     [ "$colours" -gt 50 ] || fail "the screen shows only $colours colours"
+    # How bright the window is, black 0 to white 100.
+    import -window "$(xdotool getactivewindow)" "$work/window.png"
+    bright=$(convert "$work/window.png" -colorspace gray -format '%[fx:round(100*mean)]' info:)
+    if [ -n "${SCREEN_DARK:-}" ]; then
+        [ "$bright" -lt 40 ] || fail "the window is not dark: $bright"
+    else
+        [ "$bright" -gt 60 ] || fail "the window is not light: $bright"
+    fi
     xdotool key --delay 100 alt+f
     sleep 0.3
     xdotool key x
