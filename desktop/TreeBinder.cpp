@@ -136,7 +136,9 @@ void TreeBinder::FollowSelection()
         ItemOf(node)->setIcon(
             0, icons::TreeImage(node == selected ? model.selectedImage : model.image));
     }
-    setCurrentItem(selected == 0 ? nullptr : ItemOf(selected));
+    // A key that waits to be told has moved on already; the model's answer to it comes afterwards.
+    if (pressesPending_ == 0)
+        setCurrentItem(selected == 0 ? nullptr : ItemOf(selected));
 }
 
 std::int32_t TreeBinder::NodeOf(const QTreeWidgetItem* item) const
@@ -150,6 +152,18 @@ void TreeBinder::Press(std::int32_t node)
     if (node != 0)
         events_.Run([&] { press_(node); });
     SyncLater();
+}
+
+void TreeBinder::PressLater(std::int32_t node)
+{
+    ++pressesPending_;
+    QMetaObject::invokeMethod(
+        this,
+        [this, node] {
+            --pressesPending_;
+            Press(node);
+        },
+        Qt::QueuedConnection);
 }
 
 void TreeBinder::resizeEvent(QResizeEvent* event)
@@ -187,9 +201,7 @@ void TreeBinder::currentChanged(const QModelIndex& current, const QModelIndex& p
     if (syncing_ || !current.isValid())
         return;
     // The toolkit is still in the middle of the key that moved the selection.
-    const std::int32_t node = NodeOf(itemFromIndex(current));
-    QMetaObject::invokeMethod(
-        this, [this, node] { Press(node); }, Qt::QueuedConnection);
+    PressLater(NodeOf(itemFromIndex(current)));
 }
 
 void TreeBinder::UserExpanded(QTreeWidgetItem* item, bool expanded)

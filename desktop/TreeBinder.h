@@ -42,6 +42,7 @@ private:
     void FollowSelection();
     std::int32_t NodeOf(const QTreeWidgetItem* item) const;
     void Press(std::int32_t node);
+    void PressLater(std::int32_t node);
     void UserExpanded(QTreeWidgetItem* item, bool expanded);
 
     Tree& tree_;
@@ -51,6 +52,7 @@ private:
     std::vector<std::int32_t> parents_;
     bool syncing_ = false;
     bool syncPending_ = false;
+    int pressesPending_ = 0;
 };
 
 }  // namespace clb

@@ -57,6 +57,20 @@ TEST_F(HandsTest, TheMonthsKeysRollTheYearAcrossDecember)
     EXPECT_EQ(Month(), "December 2006");
 }
 
+TEST_F(HandsTest, AKeyThatComesBeforeTheTreeWasDrawnAgainStepsOnFromTheOneBefore)
+{
+    TreeBinder& tree = window_.TreeWidget();
+    ClickNode("Bank");
+    QTest::keyClick(&tree, Qt::Key_Down);
+    // The press of the first step is done, the drawing after it still waits.
+    QCoreApplication::sendPostedEvents();
+    QTest::keyClick(&tree, Qt::Key_Down);
+    QTest::qWait(1);
+
+    EXPECT_EQ(Model().TreeView.Node(Model().TreeView.Selected()).text, "Cash");
+    EXPECT_EQ(ToUtf8(tree.currentItem()->text(0)), "Cash");
+}
+
 TEST_F(HandsTest, TheWheelOverTheMonthRollsTheYearToo)
 {
     for (int month = 3; month > 0; --month)
