@@ -4,6 +4,7 @@
 #include "data/clsDatabase.h"
 #include "engine/Backup.h"
 #include "engine/EngineError.h"
+#include "views/Balances.h"
 #include "views/clsView.h"
 
 namespace clb {
@@ -170,6 +171,16 @@ struct NothingShown : IShownState, ICurrentRow {
     std::string none;
 };
 
+std::vector<Value> StoredBalances(clsDatabase& data)
+{
+    Recordset accounts;
+    data.Fill(accounts, "SELECT CurrentBalance FROM Account ORDER BY [Sequence]", true);
+    std::vector<Value> balances;
+    for (; !accounts.AtEnd(); accounts.MoveNext())
+        balances.push_back(accounts.Get(0));
+    return balances;
+}
+
 }  // namespace
 
 DatabaseReport CheckDatabase(const std::string& folder)
@@ -179,31 +190,16 @@ DatabaseReport CheckDatabase(const std::string& folder)
 
 std::int32_t RepairBalances(const std::string& folder)
 {
-    const auto wrong = [&folder] {
-        std::int32_t count = 0;
-        for (const Finding& finding : CheckDatabase(folder).findings)
-            count += finding.kind == "balance" ? 1 : 0;
-        return count;
-    };
-    const std::int32_t before = wrong();
-    if (before == 0)
-        return 0;
-    {
-        NothingShown shown;
-        clsDatabase data(folder, shown, shown);
-        Recordset accounts;
-        data.Fill(accounts, "SELECT AccountID, Type FROM Account", true);
-        for (; !accounts.AtEnd(); accounts.MoveNext()) {
-            std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
-            std::string account = ToText(accounts.Get("AccountID"));
-            // An empty number would mean the account shown.
-            if (view != 0 && !account.empty())
-                data.UpdateBalance(view, account);
-        }
-        accounts.Close();
-        data.Database().Settle();
-    }
-    return before - wrong();
+    NothingShown shown;
+    clsDatabase data(folder, shown, shown);
+    const std::vector<Value> before = StoredBalances(data);
+    UpdateBalances(data);
+    const std::vector<Value> after = StoredBalances(data);
+    std::int32_t changed = 0;
+    for (std::size_t n = 0; n < after.size(); ++n)
+        changed += before[n] == after[n] ? 0 : 1;
+    data.Database().Settle();
+    return changed;
 }
 
 }  // namespace clb

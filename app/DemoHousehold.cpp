@@ -4,7 +4,7 @@
 #include <random>
 
 #include "data/clsDatabase.h"
-#include "views/clsView.h"
+#include "views/Balances.h"
 
 namespace clb {
 namespace {
@@ -114,11 +114,7 @@ public:
         Month month{today_.Year() - 2, today_.Month()};
         for (int i = 0; i <= 24; ++i, month = month.Next())
             AddMonth(month);
-        for (const DemoAccount& account : kAccounts) {
-            std::int32_t view = clsView::ViewFromAccountType(account.type);
-            std::string id = account.id;
-            data_.UpdateBalance(view, id);
-        }
+        UpdateBalances(data_);
         data_.Database().Settle();
     }
 

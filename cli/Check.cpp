@@ -48,16 +48,16 @@ void PrintJson(const DatabaseReport& report, const CheckOptions& options, std::i
     std::cout << ToLine(printed) << '\n';
 }
 
-bool IsDamaged(const DatabaseReport& report)
+bool Has(const DatabaseReport& report, const char* kind)
 {
     return std::any_of(report.findings.begin(), report.findings.end(),
-                       [](const Finding& finding) { return finding.kind == "damage"; });
+                       [kind](const Finding& finding) { return finding.kind == kind; });
 }
 
 void Print(const DatabaseReport& report, const CheckOptions& options, std::int32_t repaired)
 {
     std::cout << report.file << '\n';
-    if (!IsDamaged(report))
+    if (!Has(report, "damage"))
         std::cout << VersionText(report.schemaVersion) << '\n';
     if (options.repair)
         std::cout << "Balances stored anew: " << repaired << '\n';
@@ -73,7 +73,7 @@ int RunCheck(const CheckOptions& options)
     const std::string folder = OpenFolder(options.home);
     DatabaseReport report = CheckDatabase(folder);
     std::int32_t repaired = 0;
-    if (options.repair && !IsDamaged(report)) {
+    if (options.repair && Has(report, "balance")) {
         Backups(folder).BeforeUpgrade(SystemClock().Now());
         repaired = RepairBalances(folder);
         report = CheckDatabase(folder);

@@ -7,6 +7,7 @@
 #include "import/StatementFile.h"
 #include "ports/IFileDialog.h"
 #include "ports/IPointer.h"
+#include "views/Balances.h"
 #include "views/clsView.h"
 
 namespace clb {
@@ -63,7 +64,7 @@ void modImport::ImportFile()
     FixLineEndings(path);
     if (!ImportByFormat(path))
         return;  // On purpose: status text, pointer and the disabled window stay as they are.
-    RebalanceAll();
+    UpdateBalances(database_);
     view_.Refresh();
 
     host_.Pointer(pointer::Default);
@@ -80,18 +81,6 @@ bool modImport::ImportByFormat(const std::string& path)
             messages_.Show("Invalid file format.", box_style::Critical, kMessageTitle);
             return false;
     }
-}
-
-void modImport::RebalanceAll()
-{
-    Recordset accounts;
-    database_.Fill(accounts, "SELECT AccountID, Type FROM Account", true);
-    for (; !accounts.AtEnd(); accounts.MoveNext()) {
-        std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
-        std::string accountID = ToText(accounts.Get("AccountID"));
-        database_.UpdateBalance(view, accountID);
-    }
-    accounts.Close();
 }
 
 std::int32_t modImport::DetectFileFormat(const std::string& path)

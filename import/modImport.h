@@ -52,7 +52,6 @@ public:
 private:
     bool ImportByFormat(const std::string& path);
     std::string NewRun();
-    void RebalanceAll();
 
     clsDatabase& database_;
     clsView& view_;
