@@ -12,6 +12,7 @@
 #include "base/Text.h"
 #include "data/clsDatabase.h"
 #include "import/FileLines.h"
+#include "import/HeldRecords.h"
 #include "import/Messages.h"
 #include "import/StatementFile.h"
 #include "import/modImport.h"
@@ -22,6 +23,8 @@ namespace clb {
 namespace {
 
 constexpr std::int32_t kTextLength = 50;
+/// From so many on, a file is taken for one that repeats much of its account.
+constexpr std::int32_t kManyDuplicates = 200;
 constexpr const char* kNoCategory = "(none)";
 
 enum class Section { Ignored, Transactions, Categories };
@@ -57,7 +60,12 @@ class QifReader {
 public:
     QifReader(clsDatabase& database, const clsView& view, IImportHost& host, QifRun run,
               ImportCounts& counts)
-        : database_(database), view_(view), host_(host), run_(std::move(run)), counts_(counts)
+        : database_(database),
+          view_(view),
+          host_(host),
+          run_(std::move(run)),
+          counts_(counts),
+          held_(database, run_.accountID, run_.identifier)
     {
     }
 
@@ -72,6 +80,7 @@ private:
     void EndRecord();
     void EndTransaction();
     void EndCategory();
+    bool IsHeld();
     std::string DuplicateQuery() const;
     void AddRow(Recordset& rows, Month month);
 
@@ -80,6 +89,7 @@ private:
     IImportHost& host_;
     QifRun run_;
     ImportCounts& counts_;
+    HeldRecords held_;
     Section section_ = Section::Ignored;
     QifRecord record_;
     Date postDate_;  // kept from record to record
@@ -168,6 +178,15 @@ void QifReader::EndRecord()
         EndCategory();
 }
 
+/// Sure of what is there only. On purpose a check number stands undoubled in the query: a quote in
+/// it is left to that.
+bool QifReader::IsHeld()
+{
+    return counts_.duplicates >= kManyDuplicates &&
+           record_.checkID.find('\'') == std::string::npos &&
+           held_.Hold({postDate_, record_.amount, record_.memo, record_.checkID});
+}
+
 /// The account's rows that are this record, but for those of this run: one file may hold two equal
 /// records.
 std::string QifReader::DuplicateQuery() const
@@ -187,8 +206,12 @@ std::string QifReader::DuplicateQuery() const
 void QifReader::EndTransaction()
 {
     Recordset rows;
-    database_.Fill(rows, DuplicateQuery(), false);
-    if (!rows.Empty()) {
+    bool held = IsHeld();
+    if (!held) {
+        database_.Fill(rows, DuplicateQuery(), false);
+        held = !rows.Empty();
+    }
+    if (held) {
         ++counts_.duplicates;
         return;
     }

@@ -148,6 +148,88 @@ TEST_F(ImportQifTest, ARowDiffersByDayAmountMemoOrCheckNumber)
     EXPECT_THAT(Column("Amount"), ElementsAre("-1", "-1", "-2", "-1", "-1"));
 }
 
+/// A long file, most of which the account holds already.
+class RepeatedQifTest : public ImportQifTest {
+protected:
+    RepeatedQifTest() { Import(Known()); }
+
+    /// 1,000 records on 250 days of 2006, some with a memo, some with a check number, each of them
+    /// another one.
+    static std::string Known()
+    {
+        std::string file = "!Type:Bank\n";
+        for (int n = 0; n < 1000; ++n) {
+            const int day = n / 4;
+            file += "D" + std::to_string(day / 25 + 1) + "/" + std::to_string(day % 25 + 1) +
+                    "/2006\nT-" + std::to_string(n / 2) + ".25\n" +
+                    (n % 2 == 0 ? "" : "Mmemo 'x'\n") +
+                    (n % 3 == 0 ? "N" + std::to_string(n + 1) + "\n" : "") + "^\n";
+        }
+        return file;
+    }
+    std::size_t Rows() { return Column("Amount").size(); }
+};
+
+TEST_F(RepeatedQifTest, AddsNothing)
+{
+    const auto before = Column("AccountID, PostDate, Amount, PayeeName, CheckID, FITID");
+
+    Import(Known());
+
+    EXPECT_EQ(Column("AccountID, PostDate, Amount, PayeeName, CheckID, FITID"), before);
+    EXPECT_EQ(before.size(), 1000u);
+    EXPECT_EQ(import_.Counts().duplicates, 1000);
+}
+
+TEST_F(RepeatedQifTest, AddsWhatDiffersByDayAmountMemoOrCheckNumber)
+{
+    // The last record is of October 25, -499.25, with a memo and the check number 1000.
+    Import(Known() +
+           "D10/24/2006\nT-499.25\nMmemo 'x'\nN1000\n^\n"
+           "D10/25/2006\nT-499.26\nMmemo 'x'\nN1000\n^\n"
+           "T-499.25\nMmemo 'X'\nN1000\n^\n"
+           "T-499.25\nMmemo 'x'\nN999\n^\n"
+           "T-499.25\nMmemo 'x'\nN1000\n^\n"
+           "T-499.25\nMmemo 'x'\n^\n"
+           "T-499.25\n^\n"
+           "T-499.25\nN1000\n^\n");
+
+    EXPECT_EQ(Rows(), 1005u);
+    EXPECT_EQ(import_.Counts().duplicates, 1003);
+}
+
+TEST_F(RepeatedQifTest, AddsBothOfTwoEqualRecords)
+{
+    Import(Known() + "D1/1/2006\nT-1000\n^\nT-1000\n^\n");
+    EXPECT_EQ(Rows(), 1002u);
+
+    Import(Known() + "D1/1/2006\nT-1000\n^\nT-1000\n^\n");
+    EXPECT_EQ(Rows(), 1002u);
+}
+
+TEST_F(RepeatedQifTest, SeesRowsThatWereEnteredByHand)
+{
+    books_.Execute(
+        "INSERT INTO Trans (AccountID, FITID, PostDate, Amount, PayeeName, [Year], Period, "
+        "[Sequence]) VALUES ('1', '', #2006-01-01#, -2000, '', 2006, 1, 5000)");
+    // Without an identifier a row is like no other.
+    books_.Execute(
+        "INSERT INTO Trans (AccountID, PostDate, Amount, PayeeName, [Year], Period, [Sequence]) "
+        "VALUES ('1', #2006-01-01#, -3000, '', 2006, 1, 5001)");
+
+    Import(Known() + "D1/1/2006\nT-2000\n^\nT-3000\n^\n");
+
+    EXPECT_EQ(Rows(), 1003u);
+}
+
+TEST_F(RepeatedQifTest, ListsACheckNumberWithAQuote)
+{
+    Import(Known() + "D1/1/2006\nT-0.25\nN1'\n^\n");
+
+    EXPECT_EQ(Rows(), 1000u);
+    ExpectSkipped("\n^");
+}
+
 TEST_F(ImportQifTest, RowsOfOneRunShareAnIdentifierOfTheirOwn)
 {
     Import("!Type:Bank\nD1/1/06\nT-1\n^\nT-2\n^\n");
