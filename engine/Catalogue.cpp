@@ -108,10 +108,11 @@ const TableInfo* Catalogue::Find(std::string_view name)
 
 std::unique_ptr<TableInfo> Catalogue::Load(std::string_view name)
 {
+    // A table that a module of the storage makes up has no page of its own.
     Statement find = database_->Prepare(
         "SELECT m.name, EXISTS(SELECT 1 FROM sqlite_master t WHERE t.type = 'trigger' AND "
         "t.tbl_name = m.name COLLATE NOCASE) FROM sqlite_master m WHERE m.type = 'table' AND "
-        "m.name = ?1 COLLATE NOCASE");
+        "m.rootpage > 0 AND m.name = ?1 COLLATE NOCASE");
     find.BindText(1, name);
     if (!database_->Step(find))
         return nullptr;

@@ -90,6 +90,24 @@ bool IsAboutFile(int code)
     }
 }
 
+/// Asked about everything that a statement is going to do, the triggers of the file included.
+int Authorize(void*, int action, const char*, const char* second, const char*, const char*)
+{
+    switch (action) {
+        case SQLITE_ATTACH:
+        case SQLITE_DETACH:
+        case SQLITE_CREATE_VTABLE:
+        case SQLITE_DROP_VTABLE:
+        case SQLITE_RECURSIVE: return SQLITE_DENY;
+        case SQLITE_FUNCTION:
+            for (const char* closed : {"load_extension", "fts3_tokenizer"})
+                if (sqlite3_stricmp(second, closed) == 0)
+                    return SQLITE_DENY;
+            return SQLITE_OK;
+        default: return SQLITE_OK;
+    }
+}
+
 std::string_view ColumnText(sqlite3_stmt* statement, int column)
 {
     const auto* text = sqlite3_column_text(statement, column);
@@ -240,9 +258,10 @@ void Database::OpenExisting(const std::string& path)
     RequireFile(path);
     Connect(path, SQLITE_OPEN_READWRITE);
     try {
+        Distrust();
         RequireWritable();
         ReadFirst();
-        Harden();
+        Configure();
     } catch (...) {
         Close();
         throw;
@@ -254,8 +273,9 @@ void Database::OpenToRead(const std::string& path)
     RequireFile(path);
     Connect(path, SQLITE_OPEN_READWRITE);
     try {
+        Distrust();
         ReadFirst();
-        Run("PRAGMA query_only = ON");
+        Run("PRAGMA query_only = ON; PRAGMA cell_size_check = ON");
     } catch (...) {
         Close();
         throw;
@@ -281,17 +301,24 @@ void Database::Connect(const std::string& path, int flags)
     sqlite3_busy_timeout(raw_, kBusyMilliseconds);
 }
 
-void Database::Harden()
+void Database::Distrust()
 {
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
+    sqlite3_db_config(raw_, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     // A name that is no column is an error, never a text.
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_limit(raw_, SQLITE_LIMIT_ATTACHED, 0);
+    sqlite3_set_authorizer(raw_, &Authorize, nullptr);
+}
+
+void Database::Configure()
+{
     RegisterFunctions(*this);
     Run("PRAGMA synchronous = FULL; PRAGMA cache_size = -16384; PRAGMA mmap_size = 0");
+    Run("PRAGMA cell_size_check = ON");
     Run("PRAGMA journal_mode = DELETE");
 }
 

@@ -99,7 +99,9 @@ private:
     /// Refuses what cannot be a database; an empty file would be taken for a new one.
     static void RequireFile(const std::string& path);
     void RequireWritable();
-    void Harden();
+    /// Closes what a file of somebody else's making could use against the user.
+    void Distrust();
+    void Configure();
     void ReadFirst();
     [[noreturn]] void Throw(int code, const std::string& message);
 
