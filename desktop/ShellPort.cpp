@@ -11,8 +11,11 @@ namespace clb {
 
 void ShellPort::Open(const std::string& address)
 {
-    // An address typed without "https://" in front is one all the same.
-    QDesktopServices::openUrl(QUrl::fromUserInput(ToQString(address)));
+    // An address typed without "https://" in front is one all the same. What else the desktop opens
+    // may be a program, and the settings that name it may be somebody else's.
+    const QUrl url = QUrl::fromUserInput(ToQString(address));
+    if (url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http"))
+        QDesktopServices::openUrl(url);
 }
 
 void ShellPort::Help(const std::string& file)
