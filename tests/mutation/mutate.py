@@ -1,0 +1,229 @@
+#!/usr/bin/env python3
+"""Changes the program in small ways, one at a time, and sees whether the tests notice.
+
+    tests/mutation/mutate.py [--count 400] [--seed 1] [--only FOLDER ...] [--fresh]
+    tests/mutation/mutate.py --report            what the run so far has found
+
+A mutant is one changed place: an operator turned, a statement dropped, a constant shifted. The sample is
+random but the same for the same seed and source. Each mutant is built and tested in a clone of its own in
+build/mutation, never in the working tree; a run that was stopped goes on where it was. What does not
+compile is no mutant and another one is drawn.
+"""
+import argparse
+import json
+import random
+import re
+import subprocess
+import sys
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+WORK = ROOT / "build" / "mutation"
+TREE = WORK / "tree"
+BUILD = TREE / "build" / "mutation"
+RESULTS = WORK / "results.jsonl"
+FOLDERS = ["data", "import", "export", "views", "engine"]
+
+# Nearest first: a mutant is dead at the first failure.
+TESTS = {
+    "engine": ["engine", "data", "app", "import", "cli", "scenarios"],
+    "data": ["data", "app", "import", "cli", "scenarios"],
+    "import": ["import", "statements", "app", "cli", "scenarios"],
+    "export": ["export", "app", "cli", "scenarios"],
+    "views": ["views", "app", "scenarios", "cli"],
+}
+TURNED = {
+    " == ": " != ", " != ": " == ", " < ": " <= ", " > ": " >= ", " <= ": " < ", " >= ": " > ",
+    " && ": " || ", " || ": " && ", " + ": " - ", " - ": " + ", " += ": " -= ", " * ": " / ", "++": "--",
+}
+NO_STATEMENT = re.compile(
+    r"\s*(return|throw|break|continue|case|default|using|const|constexpr|static|auto|else|if|for|while|"
+    r"std::\S+ \w+|[A-Z]\w*(::\w+)*[&*]? \w+|bool|int|template|friend|namespace|public|private|class|"
+    r"struct|enum|explicit|virtual|\}|#|//)\b")
+STATEMENT = re.compile(r"\s+[A-Za-z_][\w.>\[\]()-]*(::\w+)*(\(.*\)|\s*[-+|]?=\s.*|\+\+);$|\s+(\+\+|--)\w.*;$")
+NUMBER = re.compile(r"(?<![\w.\"'])(\d+)(?![\w.\"'xX])")
+TRUTH = re.compile(r"\b(true|false)\b")
+
+
+def masked(line):
+    """The line with texts and what follows // blanked out, as long as before."""
+    out, quote, skip = [], "", False
+    for at, character in enumerate(line):
+        if quote:
+            out.append(" ")
+            if skip:
+                skip = False
+            elif character == "\\":
+                skip = True
+            elif character == quote:
+                quote = ""
+        elif character in "\"'" and not (character == "'" and at and line[at - 1].isdigit()):
+            quote = character
+            out.append(" ")
+        elif line.startswith("//", at):
+            out.append(" " * (len(line) - at))
+            break
+        else:
+            out.append(character)
+    return "".join(out)
+
+
+def places(path):
+    """(line number, column, length, new text, kind) of each change that the file allows."""
+    found = []
+    raw = False
+    for number, line in enumerate(path.read_text().split("\n"), 1):
+        if 'R"' in line:
+            raw = True
+        if raw:
+            raw = ')"' not in line
+            continue
+        code = masked(line)
+        if code.lstrip().startswith(("#", "template", "static_assert", "using ")):
+            continue
+        for old, new in TURNED.items():
+            for match in re.finditer(re.escape(old), code):
+                joins_texts = "+" in old and '"' in line
+                if "operator" not in code and not joins_texts:
+                    found.append((number, match.start(), len(old), new, "operator"))
+        if STATEMENT.fullmatch(line.rstrip()) and not NO_STATEMENT.match(code):
+            indent = len(line) - len(line.lstrip())
+            found.append((number, indent, len(line) - indent, ";", "statement"))
+        for match in NUMBER.finditer(code):
+            found.append((number, match.start(), len(match[1]), str(int(match[1]) + 1), "constant"))
+        for match in TRUTH.finditer(code):
+            found.append((number, match.start(), len(match[1]), {"true": "false", "false": "true"}[match[1]],
+                          "constant"))
+    return found
+
+
+def all_mutants(folders):
+    mutants = []
+    for folder in folders:
+        for path in sorted((TREE / folder).glob("*.cpp")):
+            for number, column, length, new, kind in places(path):
+                mutants.append({"file": f"{folder}/{path.name}", "line": number, "column": column,
+                                "length": length, "new": new, "kind": kind})
+    return mutants
+
+
+def changed(text, mutant):
+    lines = text.split("\n")
+    line = lines[mutant["line"] - 1]
+    end = mutant["column"] + mutant["length"]
+    lines[mutant["line"] - 1] = line[:mutant["column"]] + mutant["new"] + line[end:]
+    return "\n".join(lines)
+
+
+def run(command, limit, **more):
+    try:
+        return subprocess.run(command, timeout=limit, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                              text=True, errors="replace", **more)
+    except subprocess.TimeoutExpired:
+        return None
+
+
+def build():
+    return subprocess.run(["cmake", "--build", str(BUILD)], stdout=subprocess.PIPE,
+                          stderr=subprocess.STDOUT, text=True)
+
+
+def prepare():
+    """The committed source in a clone, built with one shared library a folder, so that a mutant costs one
+    object and one link."""
+    head = subprocess.check_output(["git", "-C", str(ROOT), "rev-parse", "HEAD"], text=True).strip()
+    if not TREE.exists():
+        WORK.mkdir(parents=True, exist_ok=True)
+        subprocess.run(["git", "clone", "-q", str(ROOT), str(TREE)], check=True)
+    subprocess.run(["git", "-C", str(TREE), "fetch", "-q"], check=True)
+    subprocess.run(["git", "-C", str(TREE), "checkout", "-q", "-f", head], check=True)
+    subprocess.run(["cmake", "-S", str(TREE), "--preset", "mutation"], cwd=TREE, check=True,
+                   stdout=subprocess.DEVNULL)
+    first = build()
+    if first.returncode != 0:
+        sys.exit(first.stdout[-3000:])
+    return head
+
+
+def verdict(mutant):
+    """killed by a test, survived, or no mutant."""
+    path = TREE / mutant["file"]
+    text = path.read_text()
+    path.write_text(changed(text, mutant))
+    try:
+        if build().returncode != 0:
+            return {"verdict": "invalid"}
+        for name in TESTS[mutant["file"].split("/")[0]]:
+            program = BUILD / "tests" / f"clb_test_{name}"
+            if not program.exists():
+                continue
+            done = run([str(program), "--gtest_fail_fast", "--gtest_brief=1"], 300, cwd=BUILD / "tests")
+            if done is None:
+                return {"verdict": "killed", "by": f"{name}: no end"}
+            if done.returncode != 0:
+                failed = re.findall(r"\[  FAILED  \] (\S+)", done.stdout)
+                return {"verdict": "killed", "by": f"{name}: {failed[0] if failed else 'crash'}"}
+        return {"verdict": "survived"}
+    finally:
+        path.write_text(text)
+
+
+def key(mutant):
+    return f"{mutant['file']}:{mutant['line']}:{mutant['column']}:{mutant['new']}"
+
+
+def results():
+    if not RESULTS.exists():
+        return []
+    return [json.loads(line) for line in RESULTS.read_text().splitlines()]
+
+
+def report():
+    done = [result for result in results() if result["verdict"] != "invalid"]
+    for folder in FOLDERS:
+        of = [result for result in done if result["file"].startswith(folder + "/")]
+        killed = sum(result["verdict"] == "killed" for result in of)
+        print(f"{folder:8} {len(of):4} mutants, {killed:4} killed")
+    killed = sum(result["verdict"] == "killed" for result in done)
+    print(f"{'all':8} {len(done):4} mutants, {killed:4} killed, {100 * killed / max(1, len(done)):.1f} %")
+    for result in done:
+        if result["verdict"] == "survived":
+            print(f"survived {result['file']}:{result['line']} {result['kind']}: "
+                  f"{result['old'].strip()}  ->  {result['now'].strip()}")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--count", type=int, default=400)
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--only", nargs="*", default=FOLDERS, metavar="FOLDER")
+    parser.add_argument("--fresh", action="store_true", help="forget an earlier run")
+    parser.add_argument("--report", action="store_true")
+    options = parser.parse_args()
+    if options.report:
+        return report()
+    if options.fresh:
+        RESULTS.unlink(missing_ok=True)
+    prepare()
+    mutants = all_mutants(options.only)
+    random.Random(options.seed).shuffle(mutants)
+    known = {key(result): result for result in results()}
+    valid = 0
+    for mutant in mutants:
+        if valid == options.count:
+            break
+        result = known.get(key(mutant))
+        if not result:
+            text = (TREE / mutant["file"]).read_text()
+            old = text.split("\n")[mutant["line"] - 1]
+            now = changed(text, mutant).split("\n")[mutant["line"] - 1]
+            result = {**mutant, "old": old, "now": now, **verdict(mutant)}
+            with RESULTS.open("a") as out:
+                out.write(json.dumps(result) + "\n")
+            print(f"{result['verdict']:8} {key(mutant)} {result.get('by', '')}", flush=True)
+        valid += result["verdict"] != "invalid"
+    report()
+
+
+if __name__ == "__main__":
+    main()
