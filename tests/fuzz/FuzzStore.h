@@ -7,17 +7,29 @@
 
 namespace clb {
 
-/// A small database that statements may do anything to; made anew every thousand uses.
+/// A small database that statements may do anything to; made anew every thousand uses, and before
+/// it has grown so much that a product of its tables takes long.
 class FuzzStore {
 public:
     Connection& Open()
     {
-        if (uses_++ % 1000 == 0)
+        if (uses_ % 1000 == 0 || (uses_ % 16 == 0 && HasGrown()))
             Renew();
+        ++uses_;
         return *connection_;
     }
 
 private:
+    bool HasGrown()
+    {
+        constexpr std::int32_t many = 16;
+        try {
+            return connection_->Execute("SELECT Sequence FROM Trans").RecordCount() > many ||
+                   connection_->Execute("SELECT AccountID FROM Account").RecordCount() > many;
+        } catch (const EngineError&) {
+            return true;
+        }
+    }
     void Renew()
     {
         connection_.reset();
