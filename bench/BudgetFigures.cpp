@@ -10,8 +10,6 @@
 namespace clb {
 namespace {
 
-/// Months shown one after the other in a round: those of one year, twice.
-constexpr std::int32_t kReloads = 24;
 /// What sixty pictures a second leave for one, in milliseconds.
 constexpr double kOnePicture = 16.7;
 
@@ -21,12 +19,12 @@ using Texts = std::vector<std::string>;
 /// The program's window on the books, showing the budget.
 class ShownBudget {
 public:
-    explicit ShownBudget(const std::string& folder) : program_(folder, forms_)
+    ShownBudget(const std::string& folder, LedgerSize size) : program_(folder, forms_)
     {
         clsView& view = program_.Window().View();
         view.HoldRefresh(true);
         view.View(vwBudget);
-        view.Year(LastLedgerYear(kLargeLedger));
+        view.Year(LateLedgerMonth(size, 0).year);
         view.HoldRefresh(false);
     }
 
@@ -120,17 +118,19 @@ void RequireSame(const Texts& shown, const Texts& expected)
     }
 }
 
-Rounds MeasureReloads(const std::string& folder, int rounds)
+}  // namespace
+
+Rounds MeasureBudgetReloads(const std::string& folder, LedgerSize size, int rounds)
 {
-    ShownBudget shown(folder);
+    ShownBudget shown(folder, size);
     BareDatabase database(DatabasePath(folder));
     BareBudget reference(database);
     Rounds result;
     for (int round = 0; round < rounds; ++round) {
         Cost ours;
         Cost bare;
-        for (std::int32_t turn = 0; turn < kReloads; ++turn) {
-            const Month month{LastLedgerYear(kLargeLedger), 1 + turn % 12};
+        for (std::int32_t turn = 0; turn < kBudgetReloads; ++turn) {
+            const Month month = LateLedgerMonth(size, turn);
             const Stopwatch watch;
             const Texts texts = shown.Show(month);
             ours += watch.Elapsed();
@@ -145,8 +145,6 @@ Rounds MeasureReloads(const std::string& folder, int rounds)
     return result;
 }
 
-}  // namespace
-
 std::vector<Figure> MeasureBudget(const WorkFolder& work, int rounds)
 {
     const std::string large = DeliverLedger(work, kLargeLedger);
@@ -156,7 +154,8 @@ std::vector<Figure> MeasureBudget(const WorkFolder& work, int rounds)
                   .wallRatio = {},
                   .limit = 3,
                   .enough = kOnePicture};
-    CompareTimes(budget, MeasureReloads(large, rounds), {kReloads, kReloads});
+    CompareTimes(budget, MeasureBudgetReloads(large, kLargeLedger, rounds),
+                 {kBudgetReloads, kBudgetReloads});
     return {budget};
 }
 

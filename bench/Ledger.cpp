@@ -4,6 +4,7 @@
 #include "bench/WorkFolder.h"
 #include "platform/ProgramFolder.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <random>
@@ -14,7 +15,7 @@ namespace {
 
 constexpr std::int32_t kRowsAMonth = 208;
 constexpr std::int32_t kDaysUsed = 28;
-constexpr std::int32_t kPurseYears = 2;
+constexpr std::int32_t kPurseMonths = 24;
 constexpr std::int32_t kOutOfBudget = 5;  ///< each of so many accounts
 constexpr std::array<std::string_view, 20> kGroups = {
     "Living", "House",   "Garden", "Car",       "Travel",  "Health", "Children",
@@ -26,6 +27,12 @@ constexpr std::array<std::string_view, 10> kKinds = {"basics", "extras",  "repai
 constexpr std::array<std::string_view, 6> kShops = {"Corner Grocery",    "Riverside Pharmacy",
                                                     "City Water Works",  "Harbour Books",
                                                     "Green Lane Garage", "Station Cafe"};
+
+/// From January 1990 on.
+Month LedgerMonth(std::int32_t number)
+{
+    return {1990 + number / 12, 1 + number % 12};
+}
 
 /// The indices of Trans, dropped while rows are added and made anew at the end: much faster.
 class TransIndices {
@@ -70,12 +77,10 @@ public:
     {
         for (std::size_t account = 0; account < accounts_.size(); ++account)
             AddAccount(accounts_[account], account % kOutOfBudget != kOutOfBudget - 1);
-        Month month = FirstLedgerMonth();
-        for (std::int32_t number = 0; number < 12 * size_.years; ++number) {
-            if (number == 12 * kPurseYears)
+        for (std::int32_t number = 0; number < size_.months; ++number) {
+            if (number == kPurseMonths)
                 accounts_.pop_back();
-            AddMonth(month, kRowsAMonth + (number % 3 == 0 ? 1 : 0));
-            month = month.Next();
+            AddMonth(LedgerMonth(number), kRowsAMonth + (number % 3 == 0 ? 1 : 0));
         }
     }
 
@@ -174,20 +179,21 @@ std::string LedgerPurse()
     return "PURSE";
 }
 
-Month FirstLedgerMonth()
+Month LateLedgerMonth(LedgerSize size, std::int32_t turn)
 {
-    return {1990, 1};
+    const std::int32_t late = std::min(size.months, 12);
+    return LedgerMonth(size.months - late + turn % late);
 }
 
-std::int32_t LastLedgerYear(LedgerSize size)
+Month LastPurseMonth(LedgerSize size)
 {
-    return FirstLedgerMonth().year + size.years - 1;
+    return LedgerMonth(std::min(size.months, kPurseMonths) - 1);
 }
 
 std::string DeliverLedger(const WorkFolder& work, LedgerSize size)
 {
     const std::string name =
-        "books-" + std::to_string(size.accounts) + '-' + std::to_string(size.years);
+        "books-" + std::to_string(size.accounts) + '-' + std::to_string(size.months);
     if (HoldsDatabase(work.Path(name)))
         return work.Path(name);
     const std::string folder = work.Deliver(name);

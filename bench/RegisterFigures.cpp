@@ -13,26 +13,18 @@
 namespace clb {
 namespace {
 
-/// Months shown one after the other in a round: those of one year, again and again.
-constexpr std::int32_t kReloads = 60;
 constexpr std::int32_t kReadings = 240;
-
-/// Months of one year in turn. Both books hold as many rows in each of them.
-Month MonthOf(std::int32_t year, std::int32_t turn)
-{
-    return {year, 1 + turn % 12};
-}
 
 /// The program's window on the books, showing an account's register.
 class ShownRegister {
 public:
-    explicit ShownRegister(const std::string& folder) : program_(folder, forms_)
+    ShownRegister(const std::string& folder, LedgerSize size) : program_(folder, forms_)
     {
         clsView& view = program_.Window().View();
         view.HoldRefresh(true);
         view.View(vwAccount);
         view.AccountID(LedgerAccount(1));
-        view.Year(LastLedgerYear(kLargeLedger));
+        view.Year(LateLedgerMonth(size, 0).year);
         view.HoldRefresh(false);
     }
 
@@ -59,9 +51,11 @@ private:
     Program program_;
 };
 
-Rounds MeasureReloads(const std::string& folder, int rounds)
+}  // namespace
+
+Rounds MeasureRegisterReloads(const std::string& folder, LedgerSize size, int rounds)
 {
-    ShownRegister shown(folder);
+    ShownRegister shown(folder, size);
     BareDatabase database(DatabasePath(folder));
     BareRegister reference(database);
     const std::string account = LedgerAccount(1);
@@ -74,8 +68,8 @@ Rounds MeasureReloads(const std::string& folder, int rounds)
     for (int round = 0; round < rounds; ++round) {
         Cost ours;
         Cost bare;
-        for (std::int32_t turn = 0; turn < kReloads; ++turn) {
-            const Month month = MonthOf(LastLedgerYear(kLargeLedger), turn);
+        for (std::int32_t turn = 0; turn < kRegisterReloads; ++turn) {
+            const Month month = LateLedgerMonth(size, turn);
             ours += shown.Show(month);
             const auto [cost, read] = readBare(month);
             bare += cost;
@@ -87,11 +81,13 @@ Rounds MeasureReloads(const std::string& folder, int rounds)
     return result;
 }
 
+namespace {
+
 /// A data store that reads months of registers; nothing is edited.
 class RowReader : private IShownState, private ICurrentRow {
 public:
     RowReader(const std::string& folder, LedgerSize size)
-        : year_(LastLedgerYear(size)), account_(LedgerAccount(1)), data_(folder, *this, *this)
+        : size_(size), account_(LedgerAccount(1)), data_(folder, *this, *this)
     {
     }
 
@@ -100,7 +96,7 @@ public:
     {
         const Stopwatch watch;
         for (std::int32_t turn = 0; turn < kReadings; ++turn) {
-            period_ = MonthOf(year_, turn).period;
+            month_ = LateLedgerMonth(size_, turn);
             rows += ReadMonth();
         }
         return watch.Elapsed();
@@ -120,15 +116,15 @@ private:
     }
 
     std::int32_t View() const override { return vwAccount; }
-    std::int32_t Period() const override { return period_; }
-    std::int32_t Year() const override { return year_; }
+    std::int32_t Period() const override { return month_.period; }
+    std::int32_t Year() const override { return month_.year; }
     const std::string& AccountType() const override { return type_; }
     const std::string& AccountID() const override { return account_; }
     Value ColumnValue(std::int32_t) override { return Null(); }
     void ColumnValue(std::int32_t, const Value&) override {}
 
-    std::int32_t year_;
-    std::int32_t period_ = 1;
+    LedgerSize size_;
+    Month month_;
     std::string type_ = "Bank";
     std::string account_;
     clsDatabase data_;
@@ -162,7 +158,8 @@ std::vector<Figure> MeasureRegister(const WorkFolder& work, int rounds)
                  .unit = "us",
                  .wallRatio = {},
                  .limit = 3};
-    CompareTimes(shown, MeasureReloads(large, rounds), {kReloads, kReloads, 1e-6});
+    CompareTimes(shown, MeasureRegisterReloads(large, kLargeLedger, rounds),
+                 {kRegisterReloads, kRegisterReloads, 1e-6});
     Figure rows{.name = "rows",
                 .title = "a month's rows among 1,000,000 / among 10,000",
                 .unit = "us",

@@ -12,28 +12,19 @@
 namespace clb {
 namespace {
 
-/// Rows saved one after the other in a round.
-constexpr std::int32_t kSavings = 100;
-
-/// A month with transactions of the purse. An account with more of them would only add to the sums,
-/// which both sides make alike.
-Month ShownMonth()
-{
-    return {LastLedgerYear(kSmallLedger), 12};
-}
-
 /// Another amount each time.
 Money AmountOf(std::int32_t turn)
 {
     return Money::FromScaled(-(std::int64_t{turn} % 30'000 + 1) * 100);
 }
 
-/// The program's window on the books, showing the purse's register.
+/// The program's window on the books, showing the purse's register. An account with more
+/// transactions would only add to the sums, which both sides make alike.
 class ShownPurse {
 public:
-    explicit ShownPurse(const std::string& folder) : program_(folder, forms_)
+    ShownPurse(const std::string& folder, LedgerSize size) : program_(folder, forms_)
     {
-        program_.ChooseMonth(ShownMonth());
+        program_.ChooseMonth(LastPurseMonth(size));
         program_.PressNode(clsView::AccountTag(vwAccount, LedgerPurse()));
     }
 
@@ -64,8 +55,9 @@ private:
     Program program_;
 };
 
-/// The same books once more, for the reference to change.
-std::string Copy(const WorkFolder& work, const std::string& folder)
+}  // namespace
+
+std::string CopyBooks(const WorkFolder& work, const std::string& folder)
 {
     const std::string copy = work.Deliver("copy");
     std::filesystem::copy_file(DatabasePath(folder), DatabasePath(copy),
@@ -74,11 +66,12 @@ std::string Copy(const WorkFolder& work, const std::string& folder)
     return copy;
 }
 
-Rounds MeasureAgainstBare(const std::string& folder, const std::string& copy, int rounds)
+Rounds MeasureSavings(const std::string& folder, const std::string& copy, LedgerSize size,
+                      int rounds)
 {
-    ShownPurse shown(folder);
+    ShownPurse shown(folder, size);
     BareDatabase database(DatabasePath(copy));
-    BareSaving reference(database, LedgerPurse(), ShownMonth());
+    BareSaving reference(database, LedgerPurse(), LastPurseMonth(size));
     if (shown.Rows() != reference.Rows())
         throw std::runtime_error("the register and its reference differ");
     Rounds result;
@@ -102,11 +95,13 @@ Rounds MeasureAgainstBare(const std::string& folder, const std::string& copy, in
     return result;
 }
 
+namespace {
+
 Rounds MeasureAmongOthers(const std::string& largeFolder, const std::string& smallFolder,
                           int rounds)
 {
-    ShownPurse large(largeFolder);
-    ShownPurse small(smallFolder);
+    ShownPurse large(largeFolder, kLargeLedger);
+    ShownPurse small(smallFolder, kSmallLedger);
     if (large.Rows() != small.Rows())
         throw std::runtime_error("the months of both books differ");
     Rounds result;
@@ -131,14 +126,15 @@ std::vector<Figure> MeasureSaving(const WorkFolder& work, int rounds)
 {
     const std::string large = DeliverLedger(work, kLargeLedger);
     const std::string small = DeliverLedger(work, kSmallLedger);
-    const std::string copy = Copy(work, large);
+    const std::string copy = CopyBooks(work, large);
 
     Figure saving{.name = "saving",
                   .title = "saving an edited row among 1,000,000 / bare storage",
                   .unit = "us",
                   .wallRatio = {},
                   .limit = 3};
-    CompareTimes(saving, MeasureAgainstBare(large, copy, rounds), {kSavings, kSavings, 1e-6});
+    CompareTimes(saving, MeasureSavings(large, copy, kLargeLedger, rounds),
+                 {kSavings, kSavings, 1e-6});
     RequireSameLedger(DatabasePath(large), DatabasePath(copy));
     Figure others{.name = "others",
                   .title = "saving it, others' 1,000,000 / others' 10,000",

@@ -28,8 +28,9 @@ constexpr const char* kHeader =
     "<OFX>\r\n<SIGNONMSGSRSV1><SONRS>\r\n<STATUS><CODE>0<SEVERITY>INFO</STATUS>\r\n"
     "<DTSERVER>20100101120000\r\n<LANGUAGE>ENG\r\n</SONRS></SIGNONMSGSRSV1>\r\n"
     "<BANKMSGSRSV1><STMTTRNRS>\r\n<TRNUID>1\r\n<STATUS><CODE>0<SEVERITY>INFO</STATUS>\r\n"
-    "<STMTRS>\r\n<CURDEF>USD\r\n<BANKACCTFROM>\r\n<BANKID>021000\r\n<ACCTID>4417-0092-331\r\n"
-    "<ACCTTYPE>CHECKING\r\n</BANKACCTFROM>\r\n"
+    "<STMTRS>\r\n<CURDEF>USD\r\n<BANKACCTFROM>\r\n<BANKID>021000\r\n<ACCTID>";
+constexpr const char* kBehindAccount =
+    "\r\n<ACCTTYPE>CHECKING\r\n</BANKACCTFROM>\r\n"
     "<BANKTRANLIST>\r\n<DTSTART>20000101\r\n<DTEND>20091231\r\n";
 constexpr const char* kFooter =
     "</BANKTRANLIST>\r\n<LEDGERBAL>\r\n<BALAMT>0.00\r\n<DTASOF>20091231\r\n</LEDGERBAL>\r\n"
@@ -37,11 +38,14 @@ constexpr const char* kFooter =
 
 class StatementWriter {
 public:
-    StatementWriter(std::ostream& out, std::int32_t count) : out_(out), count_(count) {}
+    StatementWriter(std::ostream& out, std::int32_t count, const std::string& account)
+        : out_(out), count_(count), account_(account)
+    {
+    }
 
     void Write()
     {
-        out_ << kHeader;
+        out_ << kHeader << account_ << kBehindAccount;
         for (std::int32_t number = 0; number < count_; ++number)
             WriteTransaction(number);
         out_ << kFooter;
@@ -97,6 +101,7 @@ private:
 
     std::ostream& out_;
     std::int32_t count_;
+    std::string account_;
     std::mt19937 random_{20060305};
 };
 
@@ -142,11 +147,11 @@ private:
     std::mt19937 random_{20060305};
 };
 
-template <typename Writer>
-void WriteFile(const std::string& path, std::int32_t transactions)
+template <typename Writer, typename... More>
+void WriteFile(const std::string& path, std::int32_t transactions, const More&... more)
 {
     std::ofstream out(path, std::ios::binary);
-    Writer(out, transactions).Write();
+    Writer(out, transactions, more...).Write();
     out.close();
     if (!out)
         throw std::runtime_error("cannot write " + path);
@@ -154,9 +159,9 @@ void WriteFile(const std::string& path, std::int32_t transactions)
 
 }  // namespace
 
-void WriteStatement(const std::string& path, std::int32_t transactions)
+void WriteStatement(const std::string& path, std::int32_t transactions, const std::string& account)
 {
-    WriteFile<StatementWriter>(path, transactions);
+    WriteFile<StatementWriter>(path, transactions, account);
 }
 
 void WriteQif(const std::string& path, std::int32_t transactions)

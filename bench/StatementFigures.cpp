@@ -43,9 +43,9 @@ Figure TimesFigure(const std::string& name, const std::string& title, const Roun
     return figure;
 }
 
-Cost Export(const std::string& folder, const std::string& file)
+Cost Export(const std::string& folder, const std::string& account, const std::string& file)
 {
-    return RunProgram({CLB_PROGRAM, "export", kAccount, file, "--replace", "--home", folder});
+    return RunProgram({CLB_PROGRAM, "export", account, file, "--replace", "--home", folder});
 }
 
 /// What stands behind the tag, up to the next one.
@@ -106,6 +106,14 @@ std::vector<Figure> MeasureQif(const WorkFolder& work, int rounds)
             TimesFigure("qifagain", "importing them again / bare storage", again)};
 }
 
+Exports MeasureExports(const WorkFolder& work, const std::string& folder,
+                       const std::string& account)
+{
+    const std::string ours = work.Path("ours.ofx");
+    const Cost cost = Export(folder, account, ours);
+    return {cost, ExportBare(folder, ours, work.Path("reference.ofx"))};
+}
+
 std::vector<Figure> MeasureExport(const WorkFolder& work, int rounds)
 {
     const std::string many = BooksOf(work, "many", kRows);
@@ -117,10 +125,10 @@ std::vector<Figure> MeasureExport(const WorkFolder& work, int rounds)
     std::vector<double> growth;
     for (int round = 0; round < rounds; ++round) {
         work.Flush();
-        times.ours.push_back(Export(many, ours));
+        times.ours.push_back(Export(many, kAccount, ours));
         work.Flush();
         times.reference.push_back(ExportBare(many, ours, reference));
-        const Cost most = Export(more, large);
+        const Cost most = Export(more, kAccount, large);
         growth.push_back(static_cast<double>(most.peakBytes - times.ours.back().peakBytes));
     }
     constexpr double mebi = 1024.0 * 1024.0;

@@ -1,6 +1,7 @@
 #pragma once
 #include "bench/Figure.h"
 
+#include <string>
 #include <vector>
 
 namespace clb {
@@ -11,5 +12,14 @@ class WorkFolder;
 /// export takes of memory.
 std::vector<Figure> MeasureQif(const WorkFolder& work, int rounds);
 std::vector<Figure> MeasureExport(const WorkFolder& work, int rounds);
+
+/// One account exported by the program and by the bare storage, as whole processes. Throws
+/// std::runtime_error where the files differ.
+struct Exports {
+    Cost ours;
+    Cost reference;
+};
+Exports MeasureExports(const WorkFolder& work, const std::string& folder,
+                       const std::string& account);
 
 }  // namespace clb
