@@ -25,7 +25,7 @@ namespace fs = std::filesystem;
 class FirstLine {
 public:
     explicit FirstLine(const std::string& path)
-        : path_(path), file_(path, std::ios::binary), buffer_(std::size_t{1} << 16)
+        : path_(path), file_(path, std::ios::binary), buffer_(std::size_t{1} << 13)
     {
         if (!file_)
             throw PathAccessError(path_);
