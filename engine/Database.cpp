@@ -331,8 +331,10 @@ void Database::Throw(int code, const std::string& message)
     if (failure_)
         throw EngineError(*std::exchange(failure_, std::nullopt));
     const int kind = code & 0xFF;
-    if (IsAboutFile(kind))
-        throw FileErrorOf(kind, sqlite3_system_errno(raw_), path_);
+    if (IsAboutFile(kind)) {
+        fileError_ = FileErrorOf(kind, sqlite3_system_errno(raw_), path_);
+        throw EngineError(fileError_);
+    }
     throw ErrorOf(kind, code, message);
 }
 
