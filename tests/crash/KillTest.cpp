@@ -153,7 +153,7 @@ protected:
     }
 
     std::uint32_t seed_ = static_cast<std::uint32_t>(Runs("CLB_CRASH_SEED", 1));
-    int wanted_ = Runs("CLB_CRASH_RUNS", 60);
+    int wanted_ = Runs("CLB_CRASH_RUNS", 40);
     std::mt19937 random_{seed_};
     SessionScript script_{seed_};
     OnePrice quotes_;
@@ -174,7 +174,7 @@ TEST_F(KillTest, WhatWasReportedSavedSurvivesAndWhatWasUnderWayIsWholeOrNotThere
 TEST_F(KillTest, AnUpgradeLeavesTheOldSchemaOrTheNewOne)
 {
     for (const int version : {0, 1})
-        KillInUpgrades(version, std::max(8, wanted_ / 10));
+        KillInUpgrades(version, std::max(6, wanted_ / 10));
 }
 
 }  // namespace
