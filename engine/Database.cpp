@@ -291,7 +291,9 @@ void Database::Harden()
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_limit(raw_, SQLITE_LIMIT_ATTACHED, 0);
     RegisterFunctions(*this);
-    Run("PRAGMA synchronous = FULL; PRAGMA cache_size = -16384; PRAGMA mmap_size = 0");
+    // EXTRA: removing the journal is what saves, so the folder is brought to the disk after it.
+    // With FULL a power loss soon after could bring the journal back, and with it the state before.
+    Run("PRAGMA synchronous = EXTRA; PRAGMA cache_size = -16384; PRAGMA mmap_size = 0");
     Run("PRAGMA journal_mode = DELETE");
 }
 
