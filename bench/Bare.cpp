@@ -26,7 +26,7 @@ BareDatabase::BareDatabase(const std::string& path)
     raw_.reset(raw);
     if (code != SQLITE_OK)
         throw std::runtime_error("cannot open " + path + ": " + sqlite3_errstr(code));
-    Run("PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL; PRAGMA cache_size = -16384");
+    Run("PRAGMA journal_mode = DELETE; PRAGMA synchronous = EXTRA; PRAGMA cache_size = -16384");
 }
 
 void BareDatabase::Run(const std::string& script)

@@ -64,7 +64,7 @@ private:
 };
 
 /// The storage without the program: an existing file, opened with the program's own settings
-/// (rollback journal, full synchronous, 16 MiB of cache). Errors throw std::runtime_error.
+/// (rollback journal, extra synchronous, 16 MiB of cache). Errors throw std::runtime_error.
 class BareDatabase {
 public:
     explicit BareDatabase(const std::string& path);

@@ -12,7 +12,8 @@ namespace clb {
 ///
 /// Every statement takes effect by itself. What was written is kept in one pending group until
 /// Settle(), which makes it durable; a program that is killed before leaves the file as it was at
-/// the last Settle().
+/// the last Settle(). An error in writing the file loses the whole group; until the next Settle()
+/// nothing more is written then, every attempt throws that error again.
 class Connection {
 public:
     Connection();

@@ -317,7 +317,9 @@ void Database::Distrust()
 void Database::Configure()
 {
     RegisterFunctions(*this);
-    Run("PRAGMA synchronous = FULL; PRAGMA cache_size = -16384; PRAGMA mmap_size = 0");
+    // EXTRA: removing the journal is what saves, so the folder is brought to the disk after it.
+    // With FULL a power loss soon after could bring the journal back, and with it the state before.
+    Run("PRAGMA synchronous = EXTRA; PRAGMA cache_size = -16384; PRAGMA mmap_size = 0");
     Run("PRAGMA cell_size_check = ON");
     Run("PRAGMA journal_mode = DELETE");
 }
@@ -358,8 +360,10 @@ void Database::Throw(int code, const std::string& message)
     if (failure_)
         throw EngineError(*std::exchange(failure_, std::nullopt));
     const int kind = code & 0xFF;
-    if (IsAboutFile(kind))
-        throw FileErrorOf(kind, sqlite3_system_errno(raw_), path_);
+    if (IsAboutFile(kind)) {
+        fileError_ = FileErrorOf(kind, sqlite3_system_errno(raw_), path_);
+        throw EngineError(fileError_);
+    }
     throw ErrorOf(kind, code, message);
 }
 

@@ -92,6 +92,9 @@ public:
     /// Throws the error for a code that the storage gave elsewhere.
     [[noreturn]] void Refuse(int code);
 
+    /// The latest error that was about the file.
+    const EngineError& LastFileError() const { return fileError_; }
+
     sqlite3* Raw() const { return raw_; }
 
 private:
@@ -108,6 +111,7 @@ private:
     sqlite3* raw_ = nullptr;
     std::string path_;
     std::optional<EngineError> failure_;
+    EngineError fileError_{engine_errors::Unavailable, ""};
 };
 
 }  // namespace clb

@@ -62,9 +62,13 @@ void Connection::State::BeginWrite()
 {
     if (database.InTransaction())
         return;
+    // What the command wrote before is gone: the rest of it must not stand alone.
+    if (LostGroup())
+        throw EngineError(database.LastFileError());
     if (!begin)
         begin = database.Prepare("BEGIN IMMEDIATE", true);
     database.Step(begin);
+    pending = true;
 }
 
 void Connection::State::Commit()
@@ -76,6 +80,7 @@ void Connection::State::Commit()
 
 void Connection::State::Settle()
 {
+    pending = false;
     if (!database.IsOpen() || !database.InTransaction())
         return;
     try {

@@ -20,6 +20,7 @@ struct Connection::State {
     std::function<void(std::string_view)> trace;
     std::int64_t schemaVersion = -1;  ///< of the catalogue and the cache; -1: not known
     bool reading = false;             ///< a ReadGroup lives
+    bool pending = false;             ///< the pending group was opened and not settled
     Statement readSchemaVersion;
     Statement begin;
     Statement beginReading;
@@ -28,8 +29,11 @@ struct Connection::State {
     /// The compiled statement and its values. Notices first when another program has changed the
     /// schema. Throws EngineError.
     StatementCache::Entry Prepare(std::string_view sql);
-    /// Opens the pending group unless it is open.
+    /// Opens the pending group unless it is open. Throws the error that made the storage give up
+    /// the group, where it did.
     void BeginWrite();
+    /// Whether the storage has given up the pending group with all that was in it.
+    bool LostGroup() const { return pending && !database.InTransaction(); }
     void Settle();
     void Commit();
     /// To be called after each change of the schema.

@@ -1,0 +1,224 @@
+// Writing fails below the storage: the program says so and goes on, the file keeps what was
+// reported saved, and when the fault is gone all works again.
+//
+// CLB_CRASH_RUNS=1000 runs each kind of fault so often, CLB_CRASH_SEED=7 makes up other sessions.
+
+#include "tests/crash/FaultSessions.h"
+
+namespace clb {
+namespace {
+
+class FaultTest : public FaultSessions {
+protected:
+    void Run(Fault fault, const std::string& title)
+    {
+        Figures figures(title);
+        figures_ = &figures;
+        const int wanted = Runs("CLB_CRASH_RUNS", 30);
+        const int each = wanted > 60 ? 20 : 6;
+        for (run_ = 0; run_ < wanted && !HasFailure();) {
+            const CountedSitting sitting = NextSitting();
+            for (int n = 0; n < each && run_ < wanted; ++n, ++run_)
+                RunOnce(sitting, PlanFor(fault, sitting));
+        }
+    }
+    FaultPlan PlanFor(Fault fault, const CountedSitting& sitting)
+    {
+        FaultPlan plan{fault, SomeOperation(sitting), random_() % 2 == 0};
+        if (fault == Fault::Full) {
+            plan.once = false;
+            plan.room = random_() % 2 == 0 ? 0 : static_cast<std::int64_t>(random_() % 6000);
+        }
+        return plan;
+    }
+    void RunOnce(const CountedSitting& sitting, const FaultPlan& plan)
+    {
+        const TempFolder folder(parent_);
+        Unpack(*sitting.record.before, sitting.record.sitting, folder.Path());
+        files_.Begin(plan);
+        try {
+            Disturb(sitting, folder);
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << error.what() << Where("");
+        }
+        files_.Begin({});
+    }
+    void Disturb(const CountedSitting& sitting, const TempFolder& folder)
+    {
+        const RecordedSitting& record = sitting.record;
+        InProcessProgram program(folder.Path(), quotes_.Address());
+        if (program.FirstLine()["ok"] == false) {
+            EXPECT_GT(files_.Failures(), 0) << ToLine(program.FirstLine());
+            program.End();
+            files_.Lift();
+            Inspect(sitting.startKind, folder, {record.before, record.started}, "start refused");
+            return;
+        }
+        if (files_.Failures() > 0)
+            Inspect(sitting.startKind, folder, {record.started, record.started}, "no effect");
+        const std::size_t failed = RunUntilFailure(program, record, folder);
+        if (failed == record.requests.size() && files_.Failures() == 0)
+            figures_->Count(sitting.startKind, "not reached");
+        else
+            GoOn(program, record, failed, folder);
+    }
+    /// The request in which it failed; what follows is as in the undisturbed run until then.
+    std::size_t RunUntilFailure(InProcessProgram& program, const RecordedSitting& record,
+                                const TempFolder& folder)
+    {
+        MomentPtr last = record.started;
+        for (std::size_t at = 0; at < record.requests.size(); ++at) {
+            const RecordedRequest& request = record.requests[at];
+            const auto failures = files_.Failures();
+            const Json reply = AskIn(program, request, folder.Path());
+            if (files_.Failures() != failures) {
+                CheckFailed(program, request, last, reply, folder);
+                return at;
+            }
+            EXPECT_EQ(reply["ok"] == true, request.good) << ToLine(reply) << Where(request.kind);
+            last = request.after;
+        }
+        return record.requests.size();
+    }
+    /// What the user is told agrees with what is in the file.
+    void CheckFailed(InProcessProgram& program, const RecordedRequest& request,
+                     const MomentPtr& last, const Json& reply, const TempFolder& folder)
+    {
+        const bool told = reply["ok"] == false || BoxIn(program.Ask({{"do", "log"}}));
+        figures_->Count(request.kind, "+ " + files_.FirstFailure());
+        Allowed allowed{told ? last : request.after, request.after};
+        // The file is looked at on a copy: here it would be mended ahead of the program.
+        const TempFolder copy(parent_);
+        std::filesystem::copy(folder.Path("db"), copy.Path("db"));
+        std::string outcome = "wrong";
+        const std::string wrong = InOrder([&] {
+            return WhatIsWrong(copy.Path(), allowed, static_cast<FirstOpener>(random_() % 3),
+                               start_, outcome);
+        });
+        EXPECT_EQ(wrong, "") << ToLine(reply) << Where(request.kind) << ToLine(request.request);
+        figures_->Count(request.kind, told ? "told, " + outcome : "no effect, " + outcome);
+    }
+    /// With nothing failing meanwhile.
+    template <class Work>
+    std::string InOrder(Work work)
+    {
+        files_.Pause();
+        std::string result = work();
+        files_.Resume();
+        return result;
+    }
+    static bool BoxIn(const Json& log)
+    {
+        for (const Json& event : log["events"])
+            if (event["event"] == "box" && (event["text"] == "Unable to update quotes." ||
+                                            event["text"].get<std::string>().starts_with(
+                                                "Invalid data was found while importing")))
+                return true;
+        return false;
+    }
+    /// The fault stays for a while and goes; then all must work.
+    void GoOn(InProcessProgram& program, const RecordedSitting& record, std::size_t failed,
+              const TempFolder& folder)
+    {
+        std::size_t lift = failed + random_() % 6;
+        for (std::size_t at = failed + 1; at < record.requests.size(); ++at) {
+            if (at > lift)
+                files_.Lift();
+            AskIn(program, record.requests[at], folder.Path());
+        }
+        files_.Lift();
+        if (!IsEnabled(program)) {
+            // A failed import leaves the window locked; the user is offered a new start.
+            EXPECT_EQ(program.End(), "");
+            figures_->Count("afterwards", "+ locked by a failed import");
+        } else {
+            WorksAgain(program, folder);
+        }
+        SoundNow(folder);
+    }
+    static bool AddsRow(DrivenProgram& program)
+    {
+        const auto good = [&program](const Json& request) {
+            return program.Ask(request)["ok"] == true;
+        };
+        for (int twice = 0; twice < 2; ++twice)
+            program.Ask({{"do", "escape"}});
+        return good({{"do", "set"}, {"control", "txtYear"}, {"to", "2006"}}) &&
+               good({{"do", "set"}, {"control", "cmbPeriod"}, {"to", 3}}) &&
+               good({{"do", "click"}, {"text", "Wallet"}}) &&
+               good({{"do", "edit"}, {"row", "new"}, {"col", 3}, {"text", "-1.2345"}}) &&
+               good({{"do", "edit"}, {"row", "new"}, {"col", 2}, {"text", "after the fault"}}) &&
+               program.Ask({{"do", "save"}})["saved"] == true;
+    }
+    /// The same row is added by the program that met the fault and by a fresh one.
+    void WorksAgain(InProcessProgram& program, const TempFolder& folder)
+    {
+        const TempFolder copy(parent_);
+        std::filesystem::copy(folder.Path("db"), copy.Path("db"));
+        EXPECT_TRUE(AddsRow(program)) << Where("afterwards");
+        // What could not be saved may stand in the tree until it is built again.
+        program.Ask({{"do", "call"}, {"op", "BuildTree"}});
+        const std::string shown = PortraitOf(program);
+        const TableDump stored = DumpOf(folder.Path("db/clb.mdb"));
+        EXPECT_EQ(program.End(), "") << Where("afterwards");
+        EXPECT_EQ(Difference(stored, DumpOf(folder.Path("db/clb.mdb"))), "") << Where("ending");
+        {
+            InProcessProgram fresh(copy.Path(), quotes_.Address());
+            EXPECT_TRUE(AddsRow(fresh));
+        }
+        EXPECT_EQ(Difference(DumpOf(copy.Path("db/clb.mdb")), stored), "") << Where("afterwards");
+        const MomentPtr now = Look(folder.Path(), nullptr);
+        EXPECT_EQ(shown, PortraitOf(*now)) << Where("afterwards");
+    }
+    void SoundNow(const TempFolder& folder)
+    {
+        const std::string findings = FindingsIn(folder.Path());
+        EXPECT_EQ(findings.find("damage: "), std::string::npos) << findings << Where("afterwards");
+        EXPECT_EQ(findings.find("balance: "), std::string::npos) << findings << Where("afterwards");
+    }
+    void Inspect(const std::string& kind, const TempFolder& folder, const Allowed& allowed,
+                 const std::string& told)
+    {
+        // What follows is done with nothing failing; the program itself goes on afterwards.
+        files_.Pause();
+        const TempFolder copy(parent_);
+        std::filesystem::copy(folder.Path("db"), copy.Path("db"));
+        const TableDump found = DumpOf(copy.Path("db/clb.mdb"));
+        EXPECT_TRUE(found == allowed.before->dump || found == allowed.after->dump)
+            << Difference(allowed.before->dump, found) << Where(kind);
+        figures_->Count(kind, told + (found == allowed.before->dump ? ", before" : ", after"));
+        figures_->Count(kind, "+ " + files_.FirstFailure());
+        EXPECT_TRUE(start_(copy.Path())->FirstLine()["ok"] == true) << Where(kind);
+        std::string outcome;
+        EXPECT_EQ(WhatIsWrong(copy.Path(), {allowed.after, allowed.after}, FirstOpener::Program,
+                              start_, outcome),
+                  "");
+        files_.Resume();
+    }
+    std::string Where(const std::string& kind) const
+    {
+        return "\n" + kind + ": " + files_.FirstFailure() + ", run " + std::to_string(run_) +
+               ", seed " + std::to_string(seed_) + "\n";
+    }
+
+    Figures* figures_ = nullptr;
+    int run_ = 0;
+};
+
+TEST_F(FaultTest, AnErrorIsToldAndWhatWasSavedStays)
+{
+    Run(Fault::Error, "Error");
+}
+
+TEST_F(FaultTest, AWriteThatEndsHalfWayIsToldAndWhatWasSavedStays)
+{
+    Run(Fault::ShortWrite, "Short write");
+}
+
+TEST_F(FaultTest, AFullDiskIsToldAndWhatWasSavedStays)
+{
+    Run(Fault::Full, "Full disk");
+}
+
+}  // namespace
+}  // namespace clb

@@ -1,0 +1,72 @@
+#pragma once
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace clb {
+
+class DiskModel;
+
+/// What goes wrong below the storage.
+enum class Fault { None, Error, ShortWrite, Full, PowerLoss };
+
+/// When it goes wrong. Operations that change a file are counted from 1: creating, writing,
+/// synchronising, truncating and deleting.
+struct FaultPlan {
+    Fault fault = Fault::None;
+    std::int64_t at = 0;      ///< the first operation that fails; 0: none
+    bool once = false;        ///< only that one
+    std::int64_t room = 0;    ///< Full: bytes that files may still grow by, from that operation on
+    bool dropsSyncs = false;  ///< synchronising does nothing and says that all is well
+};
+
+/// A file system between the storage and the system's own, the default one while it is in use. It
+/// passes everything on and counts, until the plan says that something fails. One user at a time.
+class FaultyFiles {
+public:
+    FaultyFiles();
+    ~FaultyFiles();
+    FaultyFiles(const FaultyFiles&) = delete;
+    FaultyFiles& operator=(const FaultyFiles&) = delete;
+
+    /// Counts from 1 again. model: where to keep what is on the disk and what is not yet; may be
+    /// null; must outlive its use.
+    void Begin(const FaultPlan& plan, DiskModel* model = nullptr);
+    /// Nothing fails any more.
+    void Lift() { plan_.fault = Fault::None; }
+    /// Nothing fails and nothing is counted until Resume.
+    void Pause() { paused_ = true; }
+    void Resume() { paused_ = false; }
+    std::int64_t Operations() const { return operations_; }
+    /// How often something has failed.
+    std::int64_t Failures() const { return failures_; }
+    /// What kind of operation failed first: "write journal", "sync database".
+    const std::string& FirstFailure() const { return firstFailure_; }
+    /// The power is gone: every operation fails, reading too.
+    bool Dark() const { return !paused_ && plan_.fault == Fault::PowerLoss && failures_ > 0; }
+
+private:
+    struct File;
+    struct Calls;
+
+    /// The code with which this operation fails; SQLITE_OK when it is to be done.
+    int Fails(const char* what, const std::string& path, int code);
+    int WriteFails(File& file, const void* bytes, int count, sqlite3_int64 offset);
+    int Grows(File& file, const void* bytes, int count, sqlite3_int64 offset);
+    bool IsTime();
+    void Note(const char* what, const std::string& path);
+
+    sqlite3_vfs vfs_{};
+    sqlite3_vfs* real_ = nullptr;
+    FaultPlan plan_;
+    DiskModel* model_ = nullptr;
+    bool paused_ = false;
+    std::int64_t operations_ = 0;
+    std::int64_t failures_ = 0;
+    std::string firstFailure_;
+};
+
+}  // namespace clb

@@ -1,0 +1,10 @@
+#pragma once
+
+namespace clb {
+
+/// The local time at which the clock of every run stands: as the program takes it, and as it stands
+/// in rows.
+inline constexpr const char* kMoment = "2006-03-05T10:00:00";
+inline constexpr const char* kMomentInRows = "2006-03-05 10:00:00";
+
+}  // namespace clb

@@ -1,0 +1,115 @@
+// What the connection does when an error of the file takes the whole pending group with it.
+
+#include <gtest/gtest.h>
+
+#include "data/EmptyDatabase.h"
+#include "engine/Connection.h"
+#include "engine/EngineError.h"
+#include "tests/crash/FaultyFiles.h"
+#include "tests/support/TempFolder.h"
+
+namespace clb {
+namespace {
+
+class LostGroupTest : public testing::Test {
+protected:
+    LostGroupTest()
+    {
+        folder_.Write("db/clb.mdb", EmptyDatabase());
+        connection_.Open("Data Source=" + folder_.Path("db/clb.mdb"));
+    }
+
+    void Add(const std::string& account)
+    {
+        connection_.Execute("INSERT INTO Account (AccountID) VALUES ('" + account + "')");
+    }
+    /// The error of the statement whose first change of the file fails.
+    EngineError FailingOnce(const std::string& statement)
+    {
+        FaultPlan plan;
+        plan.fault = Fault::Error;
+        plan.at = 1;
+        plan.once = true;
+        files_.Begin(plan);
+        return ErrorOf(statement);
+    }
+    EngineError ErrorOf(const std::string& statement)
+    {
+        try {
+            connection_.Execute(statement);
+        } catch (const EngineError& error) {
+            return error;
+        }
+        ADD_FAILURE() << "no error: " << statement;
+        return {0, ""};
+    }
+    std::string Accounts()
+    {
+        std::string text;
+        for (Recordset rows = connection_.Execute("SELECT AccountID FROM Account"); !rows.AtEnd();
+             rows.MoveNext())
+            text += ToText(rows.Get(0)) + " ";
+        return text;
+    }
+
+    FaultyFiles files_;
+    TempFolder folder_;
+    Connection connection_;
+};
+
+// An import that passed over the failing record stored the records behind it, and those before it
+// were gone.
+TEST_F(LostGroupTest, TheRestOfACommandDoesNotStandWithoutWhatCameBefore)
+{
+    Add("1");
+    const EngineError failure = FailingOnce("INSERT INTO Budget (Category) VALUES ('Food')");
+    const EngineError refusal = ErrorOf("INSERT INTO Account (AccountID) VALUES ('2')");
+    Recordset rows;
+    rows.Open("SELECT AccountID FROM Account", connection_, CursorKind::Keyset,
+              LockKind::Optimistic);
+    rows.AddNew();
+    rows.Set(0, std::string("3"));
+    EXPECT_THROW(rows.Update(), EngineError);
+    rows.CancelUpdate();
+    EXPECT_THROW(connection_.Group(), EngineError);
+    connection_.Settle();
+
+    EXPECT_EQ(Accounts(), "");
+    EXPECT_EQ(refusal.Number(), failure.Number());
+    EXPECT_EQ(std::string(refusal.what()), failure.what());
+}
+
+TEST_F(LostGroupTest, TheNextCommandWorks)
+{
+    Add("1");
+    FailingOnce("INSERT INTO Budget (Category) VALUES ('Food')");
+    connection_.Settle();
+
+    Add("2");
+    connection_.Settle();
+
+    EXPECT_EQ(Accounts(), "2 ");
+}
+
+TEST_F(LostGroupTest, AChangedSchemaIsTheFormerOneAgain)
+{
+    connection_.Execute("ALTER TABLE Loan ADD COLUMN Note TEXT");
+    FailingOnce("INSERT INTO Budget (Category) VALUES ('Food')");
+
+    EXPECT_EQ(ErrorOf("SELECT Note FROM Loan").Number(), engine_errors::NoSuchColumn);
+    connection_.Settle();
+    EXPECT_EQ(ErrorOf("SELECT Note FROM Loan").Number(), engine_errors::NoSuchColumn);
+}
+
+TEST_F(LostGroupTest, AStatementThatIsRefusedForItselfLosesNothing)
+{
+    Add("1");
+    ErrorOf("INSERT INTO Trans (Sequence) VALUES ('x')");
+    Add("2");
+    connection_.Settle();
+
+    EXPECT_EQ(Accounts(), "1 2 ");
+}
+
+}  // namespace
+}  // namespace clb

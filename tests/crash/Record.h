@@ -1,0 +1,62 @@
+#pragma once
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/crash/DrivenProgram.h"
+#include "tests/crash/SessionScript.h"
+#include "tests/crash/TableDump.h"
+
+namespace clb {
+
+/// A program folder between two requests of an undisturbed run.
+struct Moment {
+    std::string database;  ///< bytes of the file
+    std::string settings;  ///< bytes of cvlb.ini
+    TableDump dump;
+    // What the ordinary program finds and shows in it; made when first asked for.
+    mutable std::string findings;
+    mutable std::string portrait;
+};
+using MomentPtr = std::shared_ptr<const Moment>;
+
+/// One request of an undisturbed sitting, and what was stored behind it.
+struct RecordedRequest {
+    Json request;
+    std::string kind;   ///< of its action
+    std::string price;  ///< of its action
+    bool good = false;  ///< it was answered with "ok"
+    double seconds = 0;
+    MomentPtr after;
+    bool writes = false;
+};
+
+/// An undisturbed sitting.
+struct RecordedSitting {
+    Sitting sitting;
+    MomentPtr before;
+    MomentPtr started;  ///< behind the start: an older schema is a new one then
+    double startSeconds = 0;
+    std::vector<RecordedRequest> requests;
+
+    MomentPtr Last() const { return requests.empty() ? started : requests.back().after; }
+};
+
+/// A request with the folder in the place of "%HOME%".
+Json InFolder(const Json& request, const std::string& folder);
+/// Puts database, settings and the statement files into an empty folder.
+void Unpack(const Moment& moment, const Sitting& sitting, const std::string& folder);
+/// What is in the folder now; the same moment when nothing has changed.
+MomentPtr Look(const std::string& folder, const MomentPtr& last);
+
+/// The database that sessions begin with: the rows of SessionScript::FirstStatements with their
+/// balances, in schema version 0, 1 or 2.
+MomentPtr FirstMoment(int schemaVersion);
+
+/// "damage: ..." and so on, a line each, as the program's own check tells them.
+std::string FindingsIn(const std::string& folder);
+/// Made with the ordinary program, once for each moment.
+const std::string& FindingsOf(const Moment& moment);
+const std::string& PortraitOf(const Moment& moment);
+
+}  // namespace clb

@@ -1,0 +1,71 @@
+#pragma once
+#include <cstdint>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "automation/ValueJson.h"
+
+namespace clb {
+
+/// One thing that a user does: the requests for it, of which mostly one writes.
+struct Action {
+    std::string kind;  ///< "add", "edit", "delete", "split", "import", ...
+    std::vector<Json> requests;
+    std::string price;  ///< what the quote service answers meanwhile
+};
+
+/// Actions between a start of the program and its end.
+struct Sitting {
+    std::vector<Action> actions;
+    /// Statement files that it imports: name in the program folder and bytes.
+    std::vector<std::pair<std::string, std::string>> files;
+};
+
+/// Makes up sessions over the accounts of FirstStatements. The same seed gives the same session.
+/// "%HOME%" in a request stands for the program folder. Each action shows the view that it needs
+/// first, so that sittings do not depend on what was shown before.
+class SessionScript {
+public:
+    explicit SessionScript(std::uint32_t seed) : random_(seed) {}
+
+    /// With up to three actions.
+    Sitting NextSitting();
+
+    /// Statements that fill the delivered database with five accounts and their rows.
+    static std::vector<std::string> FirstStatements();
+    /// Statements that take a file of schema version 2 back to version 0 or 1.
+    static std::vector<std::string> StatementsBackTo(int version);
+
+private:
+    Action NextAction(Sitting& sitting);
+    Action AddTransaction();
+    Action EditTransaction();
+    Action OnTransaction(const std::string& kind);
+    Action Split();
+    Action BudgetLine();
+    Action CopyBudget();
+    Action Holding();
+    Action Loan();
+    Action Account();
+    Action EditAccount();
+    Action ImportOfx(Sitting& sitting);
+    Action ImportQif(Sitting& sitting);
+    Action Quotes();
+    Action Export();
+    Action Options();
+    Action LeaveRow();
+
+    int Number(int from, int to);
+    std::string Money();
+    std::string Text();
+    std::string Register();
+    std::string Category();
+    Json Month();
+
+    std::mt19937 random_;
+    int made_ = 0;
+};
+
+}  // namespace clb

@@ -1,0 +1,13 @@
+#pragma once
+#include <random>
+#include <string>
+
+namespace clb {
+
+/// An OFX statement of an account with so many transactions, in no order of date.
+std::string OfxText(const std::string& account, std::mt19937& random, int transactions);
+
+/// A QIF file with so many transactions and a list of categories.
+std::string QifText(std::mt19937& random, int transactions);
+
+}  // namespace clb

@@ -1,0 +1,28 @@
+#pragma once
+#include <mutex>
+#include <string>
+
+#include "tests/crash/Leftovers.h"
+#include "tests/support/HttpServer.h"
+
+namespace clb {
+
+/// A quote service that answers every symbol with the price that is set.
+class OnePrice {
+public:
+    OnePrice();
+    std::string Address() const { return server_.Address(); }
+    void Price(const std::string& price);
+
+private:
+    std::mutex mutex_;
+    std::string price_ = "1";
+    HttpServer server_;
+};
+
+/// Runs the sitting from the moment on to its end, and keeps what was stored behind each request.
+RecordedSitting RecordUndisturbed(const Sitting& sitting, const MomentPtr& before,
+                                  const Starter& start, OnePrice& quotes,
+                                  const std::string& parentFolder);
+
+}  // namespace clb
