@@ -1,0 +1,123 @@
+#include "tests/model/Replay.h"
+
+#include <algorithm>
+
+#include "tests/model/ModelWindow.h"
+#include "tests/model/Program.h"
+#include "tests/model/Shrink.h"
+
+namespace clb::model {
+namespace {
+
+/// Lines that only one side has, in order; the place where both part when none is.
+std::string Compare(const std::vector<std::string>& program, const std::vector<std::string>& model)
+{
+    if (program == model)
+        return "";
+    std::string lines;
+    const auto only = [&lines](const char* who, std::vector<std::string> mine,
+                               const std::vector<std::string>& other) {
+        for (const std::string& line : other)
+            if (const auto found = std::find(mine.begin(), mine.end(), line); found != mine.end())
+                mine.erase(found);
+        for (const std::string& line : mine)
+            lines += std::string(who) + line + "\n";
+    };
+    only("  program: ", program, model);
+    only("  model:   ", model, program);
+    if (lines.empty()) {
+        const auto parted = std::mismatch(program.begin(), program.end(), model.begin());
+        lines = "  in another order, from\n  program: " + *parted.first +
+                "\n  model:   " + *parted.second + "\n";
+    }
+    return lines;
+}
+
+class Comparison {
+public:
+    Comparison(Flaw flaw, Tally* tally) : model_(flaw), tally_(tally) {}
+
+    std::string Do(const Action& action)
+    {
+        if (tally_)
+            ++tally_->deeds.at(static_cast<std::size_t>(action.deed));
+        return action.deed == Deed::Look ? Look() : Step(action) + CompareStored();
+    }
+
+private:
+    std::string Step(const Action& action)
+    {
+        program_.Do(action);
+        model_.Do(action);
+        if (tally_)
+            ++tally_->comparisons;
+        return Compare(program_.Shown(), model_.Shown());
+    }
+
+    std::string CompareStored() { return Compare(program_.Stored(), model_.Stored()); }
+
+    std::string Look()
+    {
+        std::string lines;
+        for (const Deed deed : {Deed::Save, Deed::Escape, Deed::Escape})
+            if (lines = Step({deed, 0, 0, 0}); !lines.empty())
+                return lines;
+        const int back = model_.SelectedNode() - 1;
+        for (std::size_t node = 0; node < model_.Nodes(); ++node)
+            if (lines = Step({Deed::Press, static_cast<int>(node), 0, 0}); !lines.empty())
+                return lines;
+        lines = Step({Deed::Press, back, 0, 0});
+        return lines + CompareStored();
+    }
+
+    Program program_;
+    ModelWindow model_;
+    Tally* tally_;
+};
+
+std::string InWords(const std::vector<Action>& actions, Flaw flaw)
+{
+    ModelWindow model(flaw);
+    std::string text;
+    for (const Action& action : actions) {
+        text += "  " + model.Describe(action) + "\n";
+        if (action.deed != Deed::Look)
+            model.Do(action);
+        else
+            for (const Deed deed : {Deed::Save, Deed::Escape, Deed::Escape})
+                model.Do({deed, 0, 0, 0});
+    }
+    return text;
+}
+
+}  // namespace
+
+std::optional<Difference> Replay(const std::vector<Action>& actions, Flaw flaw, Tally* tally)
+{
+    Comparison comparison(flaw, tally);
+    std::size_t done = 0;
+    for (; done < actions.size(); ++done)
+        if (const std::string lines = comparison.Do(actions[done]); !lines.empty())
+            return Difference{done, lines};
+    if (const std::string lines = comparison.Do({Deed::Look, 0, 0, 0}); !lines.empty())
+        return Difference{done, lines};
+    return std::nullopt;
+}
+
+std::optional<std::string> RunSeed(std::uint64_t seed, std::size_t count, Flaw flaw, Tally* tally)
+{
+    std::vector<Action> actions = RandomActions(seed, count);
+    const auto difference = Replay(actions, flaw, tally);
+    if (!difference)
+        return std::nullopt;
+    actions.resize(std::min(difference->action + 1, actions.size()));
+    const auto fails = [flaw](const std::vector<Action>& some) {
+        return Replay(some, flaw).has_value();
+    };
+    const std::vector<Action> shortest = Shrink(actions, fails);
+    return "seed " + std::to_string(seed) + ", action " + std::to_string(difference->action + 1) +
+           ", shrunk to " + std::to_string(shortest.size()) + ":\n" + InWords(shortest, flaw) +
+           Replay(shortest, flaw)->lines;
+}
+
+}  // namespace clb::model
