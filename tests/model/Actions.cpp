@@ -17,14 +17,14 @@ Typed Refused(const std::string& text)
 }
 
 const std::vector<Typed> kDescriptions = {
-    Is("Savings"), Is("checking"), Is("O'Neil's"),  Is("Visa"),
-    Is(""),        Is("Abroad"),   Is("Old house"), Is(std::string(60, 'd'))};
+    Is("Savings"),   Is("checking"), Is("O'Neil's"),          Is("Visa"), Is(""), Is("Abroad"),
+    Is("Old house"), Is(" spaced"),  Is(std::string(60, 'd'))};
 const std::vector<Typed> kTypes = {Is("Bank"),        Is("Cash"), Is("Credit Card"),
                                    Is("Investment"),  Is("Loan"), {"bank", true, "Bank"},
                                    Refused("Stocks"), Is("")};
 const std::vector<Typed> kNumbers = {Is("1001"), Is("2002"), Is("C-1"), Is("O'Hara 7"),
                                      Is(""),     Is("900"),  Is("D-2"), Is("New Account"),
-                                     Is("L-9")};
+                                     Is("L-9"),  Is("9#9")};
 const std::vector<Typed> kAmounts = {{"12.50", true, "12.5"},
                                      {"-1,234.56", true, "-1234.56"},
                                      {"(45)", true, "-45"},
@@ -39,10 +39,13 @@ const std::vector<Typed> kAmounts = {{"12.50", true, "12.5"},
                                      {"-17.255", true, "-17.255"},
                                      {"250", true, "250"},
                                      {"-80", true, "-80"},
+                                     {" 1E3 ", true, "1000"},
+                                     {"-0.004", true, "-0.004"},
+                                     {"1234567.8949", true, "1234567.8949"},
                                      Refused("922337203685478")};
 const std::vector<Typed> kDates = {Is("2006-03-05"), Is("2006-03-31"), Is("2006-02-28"),
                                    Is("2005-12-31"), Is(""),           Refused("2006-02-30"),
-                                   Refused("soon"),  Is("2006-03-05")};
+                                   Refused("soon"),  Is("2006-03-05"), Is("2006-03-05 12:30:00")};
 const std::vector<Typed> kCategories = {Is("Food"),
                                         Is("food"),
                                         Is("Kid's"),
@@ -51,9 +54,16 @@ const std::vector<Typed> kCategories = {Is("Food"),
                                         Is("Home"),
                                         Is("Travel"),
                                         Refused(std::string(51, 'x')),
-                                        Is(std::string(50, 'x'))};
-const std::vector<Typed> kGroups = {Is("Living"), Is("Fun"),    Is("Kids'"),
-                                    Is(""),       Is("(none)"), Refused(std::string(51, 'g'))};
+                                        Is(std::string(50, 'x')),
+                                        Is("A#1*[b]"),
+                                        Is("Food")};
+const std::vector<Typed> kGroups = {Is("Living"),
+                                    Is("Fun"),
+                                    Is("Kids'"),
+                                    Is(""),
+                                    Is("(none)"),
+                                    Is("living"),
+                                    Refused(std::string(51, 'g'))};
 const std::vector<Typed> kNotes = {Is(""), Is("card 7"), Is("it's due"),
                                    Is("gr\xC3\xBC\xC3\x9F"
                                       "e")};
@@ -161,6 +171,7 @@ const char* NameOf(Deed deed)
         "month forward",
         "click a cell",
         "type into a cell",
+        "begin to type",
         "save the row",
         "escape",
         "new record (menu)",
@@ -212,15 +223,15 @@ private:
     Action One()
     {
         static const std::vector<std::pair<Deed, int>> odds = {
-            {Deed::Press, 14},       {Deed::Month, 3},          {Deed::Year, 1},
-            {Deed::Spin, 1},         {Deed::Back, 3},           {Deed::Forward, 3},
-            {Deed::Click, 6},        {Deed::Type, 24},          {Deed::Save, 8},
-            {Deed::Escape, 3},       {Deed::NewByMenu, 3},      {Deed::NewByButton, 3},
-            {Deed::DeleteByMenu, 3}, {Deed::DeleteByButton, 2}, {Deed::MoveBack, 2},
-            {Deed::MoveForward, 2},  {Deed::Split, 3},          {Deed::CopyBudget, 2},
-            {Deed::Options, 2},      {Deed::ImportMarkup, 3},   {Deed::ImportRecords, 3},
-            {Deed::Quotes, 2},       {Deed::Export, 1},         {Deed::Reopen, 1},
-            {Deed::Look, 4}};
+            {Deed::Press, 14},        {Deed::Month, 3},        {Deed::Year, 1},
+            {Deed::Spin, 1},          {Deed::Back, 3},         {Deed::Forward, 3},
+            {Deed::Click, 6},         {Deed::Type, 24},        {Deed::Begin, 6},
+            {Deed::Save, 8},          {Deed::Escape, 3},       {Deed::NewByMenu, 3},
+            {Deed::NewByButton, 3},   {Deed::DeleteByMenu, 3}, {Deed::DeleteByButton, 2},
+            {Deed::MoveBack, 2},      {Deed::MoveForward, 2},  {Deed::Split, 3},
+            {Deed::CopyBudget, 2},    {Deed::Options, 2},      {Deed::ImportMarkup, 3},
+            {Deed::ImportRecords, 3}, {Deed::Quotes, 2},       {Deed::Export, 1},
+            {Deed::Reopen, 1},        {Deed::Look, 4}};
         int total = 0;
         for (const auto& one : odds)
             total += one.second;
@@ -233,7 +244,7 @@ private:
 
     Action Of(Deed deed)
     {
-        if (deed == Deed::Click || deed == Deed::Type)
+        if (deed == Deed::Click || deed == Deed::Type || deed == Deed::Begin)
             return {deed, Row(), Any(), Any()};
         if (deed == Deed::Options || deed == Deed::DeleteByMenu || deed == Deed::DeleteByButton)
             return {deed, deed == Deed::Options ? Any() : Below(4), Below(2), Below(4)};
@@ -241,6 +252,9 @@ private:
             return {deed, Any(), Below(5), 0};
         if (deed == Deed::Quotes)
             return {deed, Any(), Below(4) == 0 ? 1 + Below(2) : 0, 0};
+        // Mostly the month in which most is.
+        if (deed == Deed::Month && Below(2) == 0)
+            return {deed, 2, 0, 0};
         return {deed, Any(), Any(), Any()};
     }
 
@@ -248,8 +262,8 @@ private:
     {
         for (int column = 0; column < columns; ++column)
             if (Below(5) != 0)
-                actions.push_back(
-                    {Deed::Type, column == 0 ? kLastRow : kCurrentRow, column, Any()});
+                actions.push_back({Below(6) == 0 ? Deed::Begin : Deed::Type,
+                                   column == 0 ? kLastRow : kCurrentRow, column, Any()});
         if (Below(5) != 0)
             actions.push_back({Deed::Save, 0, 0, 0});
     }

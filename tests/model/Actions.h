@@ -17,6 +17,7 @@ enum class Deed {
     Forward,
     Click,  ///< first: row, second: column
     Type,   ///< first: row, second: column, third: the text
+    Begin,  ///< the same, but the cell stays in edit
     Save,
     Escape,
     NewByMenu,

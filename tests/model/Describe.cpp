@@ -32,7 +32,8 @@ std::string ModelWindow::Describe(const Action& action) const
         case Deed::Month: return name + " " + Number(Around(action.first, 12) + 1);
         case Deed::Year: return name + " " + Years()[Around(action.first, Years().size())];
         case Deed::Click: return name + cell();
-        case Deed::Type: {
+        case Deed::Type:
+        case Deed::Begin: {
             const auto* texts =
                 ColumnsOf(view_)[Around(action.second, ColumnsOf(view_).size())].texts;
             return name + cell() +

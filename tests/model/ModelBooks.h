@@ -129,6 +129,8 @@ struct Books {
     void UpdateBalance(int view, const std::string& id);
     void UpdateBalances();
 
+    /// How many times an account's transactions count: once for each account with the number.
+    int Counts(const std::string& account) const;
     /// What the accounts that count spent in a month: on one category, and on all.
     Amount Spent(BudgetMonth month, const std::string* category) const;
     Amount SpentOnGroup(BudgetMonth month, const std::string& group) const;
@@ -136,10 +138,6 @@ struct Books {
 
     /// Every row of every table as a line.
     std::vector<std::string> Lines() const;
-
-private:
-    /// How many times an account's transactions count: once for each account with the number.
-    int Counts(const std::string& account) const;
 };
 
 }  // namespace clb::model

@@ -51,7 +51,11 @@ void ModelWindow::Do(const Action& action)
             MoveTo(row, static_cast<int>(Around(action.second, ColumnsOf(view_).size())) + 1);
             return;
         }
-        case Deed::Type: return Type(action);
+        case Deed::Type:
+            if (Begin(action) && !EndEdit())
+                CancelEdit();
+            return;
+        case Deed::Begin: Begin(action); return;
         case Deed::Save: Save(); return;
         case Deed::Escape: return Escape();
         case Deed::NewByMenu:
@@ -105,7 +109,9 @@ void ModelWindow::StepMonth(int direction)
 
 void ModelWindow::NewRecord()
 {
-    if (!MoveTo(Lines().size(), column_))
+    MoveTo(Lines().size(), column_);
+    // A row or a text that was refused keeps its cell to correct.
+    if (HasRow() || !EndEdit())
         return;
     column_ = 1;
     editing_ = inGrid_ = true;
@@ -122,7 +128,7 @@ void ModelWindow::Move(int direction)
                      [&](const Transaction& row) { return row.row == spot.line.row; });
     found->month = direction > 0 ? found->month.Next() : found->month.Previous();
     books_.EnsureLine(category, found->month, "(none)", 0);
-    editing_ = false;
+    CancelEdit();
     typed_.clear();
     rows_ = Query();
     row_ = Find(spot);
@@ -139,7 +145,8 @@ void ModelWindow::Split(const Action& action)
     if (action.second == 0 || !second.taken)
         return;
     const Amount amount = which == 0 ? HalfToCents(whole) : ParseAmount(second.value);
-    Save();
+    if (!Save())
+        return;
     const Spot spot = SpotOf(row_);
     long last = 0;
     for (const Transaction& row : books_.transactions)

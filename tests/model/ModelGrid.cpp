@@ -61,9 +61,41 @@ std::size_t ModelWindow::Find(const Spot& spot) const
     return std::min(std::max<std::size_t>(spot.place, 1), lines.size());
 }
 
+bool ModelWindow::EndEdit()
+{
+    if (editing_ && text_ && !text_->taken) {
+        marked_ = true;
+        return false;
+    }
+    if (editing_ && text_)
+        typed_[column_] = text_->value;
+    CancelEdit();
+    return true;
+}
+
+void ModelWindow::CancelEdit()
+{
+    editing_ = marked_ = false;
+    text_.reset();
+}
+
+/// What stands in the cell in edit: as shown, but an amount with fractions of a cent as it is.
+std::string ModelWindow::EditText() const
+{
+    if (text_)
+        return text_->text;
+    const Value value = Cell(column_);
+    const bool isAmount =
+        ColumnsOf(view_)[static_cast<std::size_t>(column_ - 1)].content == Content::Amount;
+    if (!isAmount || value.empty())
+        return value;
+    return ParseAmount(value) % 100 == 0 ? Grouped(ParseAmount(value)) : value;
+}
+
 bool ModelWindow::MoveTo(std::size_t row, int column)
 {
-    editing_ = false;
+    if (!EndEdit())
+        return false;
     if (row != row_) {
         const Spot meant = SpotOf(row);
         if (!Save())
@@ -74,20 +106,21 @@ bool ModelWindow::MoveTo(std::size_t row, int column)
     return true;
 }
 
-void ModelWindow::Type(const Action& action)
+/// Opens a cell and types; false when it takes nothing or the one in edit is kept.
+bool ModelWindow::Begin(const Action& action)
 {
     const std::vector<Column>& columns = ColumnsOf(view_);
     const std::size_t at = Around(action.second, columns.size());
     const std::size_t row = RowOf(action.first);
     inGrid_ = true;
     if (!MoveTo(row, static_cast<int>(at) + 1))
-        return;
+        return false;
     const Kind kind = Current().kind;
     if (!columns[at].typed || (kind != Kind::Data && kind != Kind::New))
-        return;
-    const Typed& typed = (*columns[at].texts)[Around(action.third, columns[at].texts->size())];
-    if (typed.taken)
-        typed_[column_] = typed.value;
+        return false;
+    editing_ = true;
+    text_ = (*columns[at].texts)[Around(action.third, columns[at].texts->size())];
+    return true;
 }
 
 bool ModelWindow::Leave()
@@ -100,14 +133,15 @@ bool ModelWindow::Leave()
 
 bool ModelWindow::Save()
 {
-    editing_ = false;
+    if (!EndEdit())
+        return false;
     if (!Dirty())
         return true;
     int column = 0;
     if (const std::string message = Refusal(column); !message.empty()) {
         boxes_.push_back(message);
         column_ = column;
-        editing_ = inGrid_ = true;
+        editing_ = marked_ = inGrid_ = true;
         return false;
     }
     const long row = StoreRow();
@@ -289,7 +323,7 @@ long ModelWindow::StoreLoan()
 void ModelWindow::Escape()
 {
     if (editing_)
-        editing_ = false;
+        CancelEdit();
     else
         typed_.clear();
 }
@@ -299,7 +333,7 @@ void ModelWindow::Delete(bool yes)
     const Line line = Current();
     if (line.kind != Kind::Data)
         return;
-    editing_ = false;
+    CancelEdit();
     boxes_.push_back("Are you sure you want to delete this record?");
     if (!yes)
         return;

@@ -1,7 +1,7 @@
 // Random sequences of user actions on the whole program without its window, held against a simple
-// model in memory. After each action everything that is shown and every row of every table is
-// compared; every few actions and at the end of each run all nodes of the tree are shown in turn
-// (see Replay.h why not after each).
+// model in memory. After each action the shown view and every row of every table are compared;
+// every ten actions and at the end of each run all views of the month are (see Replay.h why not
+// after each).
 //
 // For long:  CLB_MODEL_ACTIONS=200000 CLB_MODEL_SEED=1 clb_test_model
 
@@ -28,17 +28,20 @@ std::uint64_t Setting(const char* name, std::uint64_t otherwise)
 std::size_t Actions(const Tally& tally)
 {
     std::size_t all = 0;
-    for (const std::size_t count : tally.deeds)
-        all += count;
+    for (const Tally::Deeds& deeds : tally.deeds)
+        all += deeds.done;
     return all;
 }
 
 void Print(const Tally& tally, std::uint64_t firstSeed, std::uint64_t seeds, double seconds)
 {
-    std::cout << Actions(tally) << " actions, " << tally.comparisons << " comparisons, seeds "
-              << firstSeed << " to " << firstSeed + seeds - 1 << ", " << seconds << " s\n";
+    std::cout << Actions(tally) << " actions, after each the shown view and all tables compared; "
+              << tally.walks << " walks through all views; " << tally.comparisons
+              << " views compared; seeds " << firstSeed << " to " << firstSeed + seeds - 1 << "; "
+              << seconds << " s\n";
     for (std::size_t deed = 0; deed < tally.deeds.size(); ++deed)
-        std::cout << "  " << NameOf(static_cast<Deed>(deed)) << ": " << tally.deeds[deed] << "\n";
+        std::cout << "  " << NameOf(static_cast<Deed>(deed)) << ": " << tally.deeds[deed].done
+                  << ", with an effect " << tally.deeds[deed].telling << "\n";
 }
 
 TEST(ModelTest, TheProgramShowsAndStoresWhatTheModelDoes)
@@ -79,7 +82,7 @@ TEST_P(FlawTest, AWrongModelIsNoticedAndTheSequenceShrunk)
 {
     const std::string report = ReportOf(GetParam());
 
-    EXPECT_GT(LengthOf(report), 0u);
+    EXPECT_GT(LengthOf(report), 0u) << report;
     EXPECT_LE(LengthOf(report), 6u) << report;
 }
 

@@ -72,9 +72,16 @@ void ModelWindow::Open()
     Refresh();
 }
 
+void ModelWindow::OpenAt(BudgetMonth month)
+{
+    Open();
+    month_ = month;
+    Refresh();
+}
+
 void ModelWindow::Refresh()
 {
-    editing_ = false;
+    CancelEdit();
     typed_.clear();
     oldPrices_.clear();
     rows_ = Query();
@@ -308,6 +315,29 @@ std::string ModelWindow::Totals() const
     return two("Total Loans:", first, 0);
 }
 
+std::string ModelWindow::Position() const
+{
+    return "current|" + Number(static_cast<long>(row_)) + "|" + Number(column_) +
+           (Dirty() ? "|unsaved" : "") + (editing_ ? "|editing " + EditText() : "") +
+           (marked_ ? "|marked" : "") + (inGrid_ ? "|in the grid" : "");
+}
+
+/// What was spent on a budget line, transaction by transaction.
+std::string ModelWindow::Tip(const Line& line, bool current) const
+{
+    const std::string category = current ? Cell(1) : Stored(line.row)[0];
+    std::string list;
+    int count = 0;
+    for (const Transaction& row : books_.transactions)
+        for (int times = books_.Counts(row.account); times > 0; --times)
+            if (row.month == month_ && row.category == category) {
+                ++count;
+                list += "\r\n\r\nDate: " + row.date + "\r\nDescription: " + row.description +
+                        "\r\nAmount: " + Dollars(row.amount);
+            }
+    return "tip|Number of transactions: " + Number(count) + list;
+}
+
 std::vector<std::string> ModelWindow::Shown()
 {
     std::vector<std::string> all;
@@ -326,10 +356,11 @@ std::vector<std::string> ModelWindow::Shown()
     const std::vector<Line> lines = Lines();
     for (std::size_t row = 1; row <= lines.size(); ++row)
         all.push_back(TextOf(lines[row - 1], row == row_));
+    for (std::size_t row = 1; view_ == 2 && row <= lines.size(); ++row)
+        if (lines[row - 1].kind == Kind::Data)
+            all.push_back(Tip(lines[row - 1], row == row_));
     all.push_back("totals|" + Totals());
-    all.push_back("current|" + Number(static_cast<long>(row_)) + "|" + Number(column_) +
-                  (Dirty() ? "|unsaved" : "") + (editing_ ? "|editing" : "") +
-                  (inGrid_ ? "|in the grid" : ""));
+    all.push_back(Position());
     all.push_back(std::string("commands") + (CanNew() ? "|New" : "") +
                   (CanDelete() ? "|Delete" : "") + (OnTransaction() ? "|Transaction" : ""));
     all.push_back("offered" + Joined(offered_));

@@ -17,6 +17,9 @@ class ModelWindow {
 public:
     explicit ModelWindow(Flaw flaw = Flaw::None);
 
+    /// Closes the window, whatever is unsaved, starts the program again and shows the month.
+    void OpenAt(BudgetMonth month);
+    BudgetMonth Month() const { return month_; }
     /// Does anything but a Look.
     void Do(const Action& action);
     /// Everything that is shown, line by line; the message boxes since the last time included.
@@ -57,6 +60,8 @@ private:
     void Calculate(const std::vector<Value>& values, std::vector<std::string>& texts) const;
     std::string TextOf(const Line& line, bool current) const;
     std::string Totals() const;
+    std::string Position() const;
+    std::string Tip(const Line& line, bool current) const;
     Account* AccountOf(long row);
 
     // The tree
@@ -78,7 +83,10 @@ private:
     Spot SpotOf(std::size_t row) const;
     std::size_t Find(const Spot& spot) const;
     bool MoveTo(std::size_t row, int column);
-    void Type(const Action& action);
+    bool Begin(const Action& action);
+    bool EndEdit();
+    void CancelEdit();
+    std::string EditText() const;
     bool Save();
     bool Leave();  ///< the grid for another control
     std::string Refusal(int& column) const;
@@ -135,6 +143,8 @@ private:
     std::size_t row_ = 1;
     int column_ = 1;
     bool editing_ = false;
+    std::optional<Typed> text_;  ///< typed into the cell in edit and not taken yet
+    bool marked_ = false;        ///< the cell in edit is the one to correct
     std::map<int, Value> typed_;
     std::vector<std::string> boxes_;
 };

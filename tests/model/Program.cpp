@@ -60,6 +60,14 @@ Program::Program()
     Open();
 }
 
+Program::Program(Program& original)
+{
+    folder_.Write("db/clb.mdb", original.folder_.Read("db/clb.mdb"));
+    Open();
+    window_->ChooseMonth(original.window_->cmbPeriod.Index());
+    window_->EnterYear(original.window_->txtYear.Text());
+}
+
 void Program::Open()
 {
     const Ports ports{folder_.Path(), clock_, messages_, files_, shell_, pointer_,
@@ -112,7 +120,8 @@ void Program::Perform(const Action& action)
         case Deed::Back: return window.toolbar.Press("Back");
         case Deed::Forward: return window.toolbar.Press("Forward");
         case Deed::Click: GoTo(action); return;
-        case Deed::Type: return Type(action);
+        case Deed::Type: return Type(action, true);
+        case Deed::Begin: return Type(action, false);
         case Deed::Save: window.Grid.Update(); return;
         case Deed::Escape: return Grid().Escape();
         case Deed::NewByMenu: return Menu("mnuE_New");
@@ -154,7 +163,7 @@ bool Program::GoTo(const Action& action)
            Grid().MoveTo(row, static_cast<std::int32_t>(Around(action.second, columns)) + 1);
 }
 
-void Program::Type(const Action& action)
+void Program::Type(const Action& action, bool end)
 {
     if (!GoTo(action) || !Grid().BeginEdit(0))
         return;
@@ -162,7 +171,7 @@ void Program::Type(const Action& action)
     const std::vector<Typed>* texts = ColumnsOf(window_->View().View()).at(column).texts;
     // Where nothing should be taken, something is tried.
     Grid().EditText(texts ? (*texts)[Around(action.third, texts->size())].text : "7");
-    if (!Grid().EndEdit())
+    if (end && !Grid().EndEdit())
         Grid().CancelEdit();
 }
 
@@ -263,12 +272,12 @@ std::vector<std::string> Program::Shown()
     }
     for (std::size_t row = 1; row <= Grid().Rows().Count(); ++row)
         all.push_back(RowText(row));
+    for (std::size_t row = 1; row <= Grid().Rows().Count(); ++row)
+        if (const auto tip = Grid().CellTip(row, 1))
+            all.push_back("tip|" + *tip);
     all.push_back("totals|" + window.lblTotal.Caption() + "|" + window.txtTotal.Text() + "|" +
                   window.txtTotal2.Text());
-    const bool inGrid = window.window.Focus() == &Grid();
-    all.push_back("current|" + std::to_string(Grid().Row()) + "|" + std::to_string(Grid().Col()) +
-                  (Grid().Dirty() ? "|unsaved" : "") + (Grid().Editing() ? "|editing" : "") +
-                  (inGrid ? "|in the grid" : ""));
+    all.push_back(Position());
     all.push_back(Commands());
     std::string offered = "offered";
     if (window.View().View() == kRegister)
@@ -276,6 +285,15 @@ std::vector<std::string> Program::Shown()
             offered += "|" + item.text;
     all.push_back(offered);
     return all;
+}
+
+std::string Program::Position()
+{
+    const bool inGrid = window_->window.Focus() == &Grid();
+    return "current|" + std::to_string(Grid().Row()) + "|" + std::to_string(Grid().Col()) +
+           (Grid().Dirty() ? "|unsaved" : "") +
+           (Grid().Editing() ? "|editing " + Grid().EditText() : "") +
+           (Grid().Marked() ? "|marked" : "") + (inGrid ? "|in the grid" : "");
 }
 
 std::string Program::RowText(std::size_t row)

@@ -27,6 +27,8 @@ public:
 class Program {
 public:
     Program();
+    /// A second program on a copy of what another has stored, in the month that it shows.
+    explicit Program(Program& original);
 
     /// Does anything but a Look, as a user would; what a front end does after each command is done.
     void Do(const Action& action);
@@ -43,7 +45,8 @@ private:
     GridComponent& Grid() { return window_->Grid.Component(); }
     std::size_t RowOf(int number);
     bool GoTo(const Action& action);
-    void Type(const Action& action);
+    void Type(const Action& action, bool end);
+    std::string Position();
     void Menu(const char* item) { window_->menus.Find(item)->Press(); }
     void Split(const Action& action);
     void Options(const Action& action);

@@ -9,6 +9,8 @@
 namespace clb::model {
 namespace {
 
+constexpr std::size_t kActionsOfAWalk = 10;
+
 /// Lines that only one side has, in order; the place where both part when none is.
 std::string Compare(const std::vector<std::string>& program, const std::vector<std::string>& model)
 {
@@ -39,37 +41,63 @@ public:
 
     std::string Do(const Action& action)
     {
+        const std::string lines =
+            action.deed == Deed::Look ? Look() : Step(program_, model_, action);
+        std::vector<std::string> stored = model_.Stored();
+        std::vector<std::string> shown = model_.Shown();
+        if (tally_) {
+            Tally::Deeds& deeds = tally_->deeds.at(static_cast<std::size_t>(action.deed));
+            ++deeds.done;
+            if (stored != stored_ || shown != shown_)
+                ++deeds.telling;
+        }
+        shown_ = std::move(shown);
+        stored_ = std::move(stored);
+        return lines.empty() ? Compare(program_.Stored(), stored_) : lines;
+    }
+
+    /// All views, seen by a second program in a copy of the file.
+    std::string Walk()
+    {
         if (tally_)
-            ++tally_->deeds.at(static_cast<std::size_t>(action.deed));
-        return action.deed == Deed::Look ? Look() : Step(action) + CompareStored();
+            ++tally_->walks;
+        Program program(program_);
+        ModelWindow model = model_;
+        model.OpenAt(model_.Month());
+        return PressAll(program, model);
     }
 
 private:
-    std::string Step(const Action& action)
+    std::string Step(Program& program, ModelWindow& model, const Action& action)
     {
-        program_.Do(action);
-        model_.Do(action);
+        program.Do(action);
+        model.Do(action);
         if (tally_)
             ++tally_->comparisons;
-        return Compare(program_.Shown(), model_.Shown());
+        return Compare(program.Shown(), model.Shown());
     }
 
-    std::string CompareStored() { return Compare(program_.Stored(), model_.Stored()); }
+    std::string PressAll(Program& program, ModelWindow& model)
+    {
+        std::string lines;
+        for (std::size_t node = 0; node < model.Nodes() && lines.empty(); ++node)
+            lines = Step(program, model, {Deed::Press, static_cast<int>(node), 0, 0});
+        return lines;
+    }
 
     std::string Look()
     {
         std::string lines;
         for (const Deed deed : {Deed::Save, Deed::Escape, Deed::Escape})
-            if (lines = Step({deed, 0, 0, 0}); !lines.empty())
+            if (lines = Step(program_, model_, {deed, 0, 0, 0}); !lines.empty())
                 return lines;
         const int back = model_.SelectedNode() - 1;
-        for (std::size_t node = 0; node < model_.Nodes(); ++node)
-            if (lines = Step({Deed::Press, static_cast<int>(node), 0, 0}); !lines.empty())
-                return lines;
-        lines = Step({Deed::Press, back, 0, 0});
-        return lines + CompareStored();
+        lines = PressAll(program_, model_);
+        return lines.empty() ? Step(program_, model_, {Deed::Press, back, 0, 0}) : lines;
     }
 
+    std::vector<std::string> stored_;
+    std::vector<std::string> shown_;
     Program program_;
     ModelWindow model_;
     Tally* tally_;
@@ -95,12 +123,14 @@ std::string InWords(const std::vector<Action>& actions, Flaw flaw)
 std::optional<Difference> Replay(const std::vector<Action>& actions, Flaw flaw, Tally* tally)
 {
     Comparison comparison(flaw, tally);
-    std::size_t done = 0;
-    for (; done < actions.size(); ++done)
-        if (const std::string lines = comparison.Do(actions[done]); !lines.empty())
-            return Difference{done, lines};
-    if (const std::string lines = comparison.Do({Deed::Look, 0, 0, 0}); !lines.empty())
-        return Difference{done, lines};
+    for (std::size_t at = 0; at < actions.size(); ++at) {
+        std::string lines = comparison.Do(actions[at]);
+        const bool walks = (at + 1) % kActionsOfAWalk == 0 || at + 1 == actions.size();
+        if (lines.empty() && walks)
+            lines = comparison.Walk();
+        if (!lines.empty())
+            return Difference{at, lines};
+    }
     return std::nullopt;
 }
 

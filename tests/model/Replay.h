@@ -17,15 +17,20 @@ struct Difference {
 
 /// What was done so far, over all runs.
 struct Tally {
-    std::array<std::size_t, static_cast<std::size_t>(Deed::Count)> deeds = {};
+    struct Deeds {
+        std::size_t done = 0;
+        std::size_t telling = 0;  ///< changed something that is shown or stored
+    };
+    std::array<Deeds, static_cast<std::size_t>(Deed::Count)> deeds = {};
     std::size_t comparisons = 0;
+    std::size_t walks = 0;  ///< through all views
 };
 
 /// Does the actions in the program and in the model, both from the start, and compares after each
-/// everything that is shown and every row of every table. A Look shows every node of the tree in
-/// turn and compares each; the other actions leave the view alone, because walking through the
-/// views would end the unsaved row, the place in the grid and the rows as they were read, which is
-/// where differences hide. One more Look ends each run.
+/// the shown view and every row of every table. Walking through all views would end the unsaved
+/// row, the place in the grid and the rows as they were read, which is where differences hide; so
+/// that is done every few actions, and at the end, by a second program on a copy of the file. A
+/// Look does it in the program itself.
 std::optional<Difference> Replay(const std::vector<Action>& actions, Flaw flaw = Flaw::None,
                                  Tally* tally = nullptr);
 
