@@ -194,6 +194,9 @@ const char* NameOf(Deed deed)
 
 namespace {
 
+constexpr int kMarch = 2;
+constexpr int kFirstAccount = 3;  // node
+
 /// Deeds and how often they come, and runs of deeds that belong together.
 class Generator {
 public:
@@ -201,11 +204,19 @@ public:
 
     void AddTo(std::vector<Action>& actions)
     {
-        switch (Below(20)) {
-            case 0: return NewAccount(actions);
-            case 1: return NewTransaction(actions);
-            case 2: return NewRow(actions);
-            case 3: return OnTransaction(actions);
+        switch (Below(40)) {
+            case 0:
+            case 1: return NewAccount(actions);
+            case 2:
+            case 3:
+            case 4: return NewTransaction(actions);
+            case 5:
+            case 6: return NewRow(actions);
+            case 7:
+            case 8:
+            case 9:
+            case 10: return OnTransaction(actions);
+            case 11: return Deletion(actions);
             default: actions.push_back(One());
         }
     }
@@ -226,7 +237,7 @@ private:
             {Deed::Press, 14},        {Deed::Month, 3},        {Deed::Year, 1},
             {Deed::Spin, 1},          {Deed::Back, 3},         {Deed::Forward, 3},
             {Deed::Click, 6},         {Deed::Type, 24},        {Deed::Begin, 6},
-            {Deed::Save, 8},          {Deed::Escape, 3},       {Deed::NewByMenu, 3},
+            {Deed::Save, 8},          {Deed::Escape, 6},       {Deed::NewByMenu, 3},
             {Deed::NewByButton, 3},   {Deed::DeleteByMenu, 3}, {Deed::DeleteByButton, 2},
             {Deed::MoveBack, 2},      {Deed::MoveForward, 2},  {Deed::Split, 3},
             {Deed::CopyBudget, 2},    {Deed::Options, 2},      {Deed::ImportMarkup, 3},
@@ -254,7 +265,7 @@ private:
             return {deed, Any(), Below(4) == 0 ? 1 + Below(2) : 0, 0};
         // Mostly the month in which most is.
         if (deed == Deed::Month && Below(2) == 0)
-            return {deed, 2, 0, 0};
+            return {deed, kMarch, 0, 0};
         return {deed, Any(), Any(), Any()};
     }
 
@@ -268,9 +279,24 @@ private:
             actions.push_back({Deed::Save, 0, 0, 0});
     }
 
+    /// Gives up what is unsaved, mostly: a refused row would keep everything else from being done.
+    void Begin(std::vector<Action>& actions)
+    {
+        for (int count = Below(4) == 0 ? 0 : 2; count > 0; --count)
+            actions.push_back({Deed::Escape, 0, 0, 0});
+    }
+
+    void Show(std::vector<Action>& actions, int node)
+    {
+        if (Below(2) == 0)
+            actions.push_back({Deed::Month, kMarch, 0, 0});
+        actions.push_back({Deed::Press, node, 0, 0});
+    }
+
     void NewAccount(std::vector<Action>& actions)
     {
-        actions.push_back({Deed::Press, 0, 0, 0});
+        Begin(actions);
+        Show(actions, 0);
         if (Below(2) == 0)
             actions.push_back({Deed::NewByMenu, 0, 0, 0});
         Fill(actions, 4);
@@ -278,7 +304,8 @@ private:
 
     void NewTransaction(std::vector<Action>& actions)
     {
-        actions.push_back({Deed::Press, 3, 0, 0});
+        Begin(actions);
+        Show(actions, kFirstAccount);
         if (Below(2) == 0)
             actions.push_back({Deed::NewByButton, 0, 0, 0});
         Fill(actions, 6);
@@ -286,18 +313,30 @@ private:
 
     void NewRow(std::vector<Action>& actions)
     {
-        actions.push_back({Deed::Press, Any(), 0, 0});
+        Begin(actions);
+        Show(actions, Any());
         Fill(actions, 7);
     }
 
     void OnTransaction(std::vector<Action>& actions)
     {
-        static const std::vector<Deed> deeds = {Deed::MoveBack, Deed::MoveForward, Deed::Split,
-                                                Deed::DeleteByMenu, Deed::Type};
-        actions.push_back({Deed::Press, Any(), 0, 0});
-        actions.push_back({Deed::Click, Any(), Any(), 0});
+        static const std::vector<Deed> deeds = {Deed::MoveBack, Deed::MoveForward,  Deed::Split,
+                                                Deed::Split,    Deed::DeleteByMenu, Deed::Type};
+        Begin(actions);
+        Show(actions, Below(2) == 0 ? kFirstAccount : Any());
+        actions.push_back({Deed::Click, Below(2), Any(), 0});
         for (int count = 1 + Below(3); count > 0; --count)
-            actions.push_back(Of(deeds[static_cast<std::size_t>(Below(5))]));
+            actions.push_back(Of(deeds[static_cast<std::size_t>(Below(6))]));
+    }
+
+    void Deletion(std::vector<Action>& actions)
+    {
+        Begin(actions);
+        Show(actions, Any());
+        actions.push_back({Deed::Click, Any(), Any(), 0});
+        if (Below(4) == 0)
+            actions.push_back(Of(Deed::Type));
+        actions.push_back(Of(Below(2) == 0 ? Deed::DeleteByMenu : Deed::DeleteByButton));
     }
 
     std::mt19937_64 engine_;

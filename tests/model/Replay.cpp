@@ -37,7 +37,10 @@ std::string Compare(const std::vector<std::string>& program, const std::vector<s
 
 class Comparison {
 public:
-    Comparison(Flaw flaw, Tally* tally) : model_(flaw), tally_(tally) {}
+    Comparison(Flaw flaw, Tally* tally)
+        : model_(flaw), tally_(tally), stored_(model_.Stored()), shown_(model_.Shown())
+    {
+    }
 
     std::string Do(const Action& action)
     {
@@ -96,11 +99,11 @@ private:
         return lines.empty() ? Step(program_, model_, {Deed::Press, back, 0, 0}) : lines;
     }
 
-    std::vector<std::string> stored_;
-    std::vector<std::string> shown_;
     Program program_;
     ModelWindow model_;
     Tally* tally_;
+    std::vector<std::string> stored_;
+    std::vector<std::string> shown_;
 };
 
 std::string InWords(const std::vector<Action>& actions, Flaw flaw)
