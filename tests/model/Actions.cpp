@@ -19,9 +19,9 @@ Typed Refused(const std::string& text)
 const std::vector<Typed> kDescriptions = {
     Is("Savings"),   Is("checking"), Is("O'Neil's"),          Is("Visa"), Is(""), Is("Abroad"),
     Is("Old house"), Is(" spaced"),  Is(std::string(60, 'd'))};
-const std::vector<Typed> kTypes = {Is("Bank"),        Is("Cash"), Is("Credit Card"),
-                                   Is("Investment"),  Is("Loan"), {"bank", true, "Bank"},
-                                   Refused("Stocks"), Is("")};
+const std::vector<Typed> kTypes = {Is("Bank"),        Is("Cash"),       Is("Credit Card"),
+                                   Is("Investment"),  Is("Loan"),       {"bank", true, "Bank"},
+                                   Refused("Stocks"), {"  ", true, ""}, Is("")};
 const std::vector<Typed> kNumbers = {Is("1001"), Is("2002"), Is("C-1"), Is("O'Hara 7"),
                                      Is(""),     Is("900"),  Is("D-2"), Is("New Account"),
                                      Is("L-9"),  Is("9#9")};
