@@ -172,6 +172,7 @@ const char* NameOf(Deed deed)
         "click a cell",
         "type into a cell",
         "begin to type",
+        "fold or open a group",
         "save the row",
         "escape",
         "new record (menu)",
@@ -195,6 +196,7 @@ const char* NameOf(Deed deed)
 namespace {
 
 constexpr int kMarch = 2;
+constexpr int kBudget = 1;        // node
 constexpr int kFirstAccount = 3;  // node
 
 /// Deeds and how often they come, and runs of deeds that belong together.
@@ -217,6 +219,8 @@ public:
             case 9:
             case 10: return OnTransaction(actions);
             case 11: return Deletion(actions);
+            case 12: return ImportTwice(actions);
+            case 13: return InBudget(actions);
             default: actions.push_back(One());
         }
     }
@@ -240,9 +244,9 @@ private:
             {Deed::Save, 8},          {Deed::Escape, 6},       {Deed::NewByMenu, 3},
             {Deed::NewByButton, 3},   {Deed::DeleteByMenu, 3}, {Deed::DeleteByButton, 2},
             {Deed::MoveBack, 2},      {Deed::MoveForward, 2},  {Deed::Split, 3},
-            {Deed::CopyBudget, 2},    {Deed::Options, 2},      {Deed::ImportMarkup, 3},
-            {Deed::ImportRecords, 3}, {Deed::Quotes, 2},       {Deed::Export, 1},
-            {Deed::Reopen, 1},        {Deed::Look, 4}};
+            {Deed::CopyBudget, 4},    {Deed::Options, 4},      {Deed::ImportMarkup, 4},
+            {Deed::ImportRecords, 4}, {Deed::Quotes, 4},       {Deed::Export, 1},
+            {Deed::Reopen, 1},        {Deed::Look, 4},         {Deed::Fold, 3}};
         int total = 0;
         for (const auto& one : odds)
             total += one.second;
@@ -255,7 +259,7 @@ private:
 
     Action Of(Deed deed)
     {
-        if (deed == Deed::Click || deed == Deed::Type || deed == Deed::Begin)
+        if (deed == Deed::Click || deed == Deed::Type || deed == Deed::Begin || deed == Deed::Fold)
             return {deed, Row(), Any(), Any()};
         if (deed == Deed::Options || deed == Deed::DeleteByMenu || deed == Deed::DeleteByButton)
             return {deed, deed == Deed::Options ? Any() : Below(4), Below(2), Below(4)};
@@ -337,6 +341,26 @@ private:
         if (Below(4) == 0)
             actions.push_back(Of(Deed::Type));
         actions.push_back(Of(Below(2) == 0 ? Deed::DeleteByMenu : Deed::DeleteByButton));
+    }
+
+    /// The same file again later, so that it holds what the account holds.
+    void ImportTwice(std::vector<Action>& actions)
+    {
+        Begin(actions);
+        Action import = Of(Below(2) == 0 ? Deed::ImportMarkup : Deed::ImportRecords);
+        actions.push_back(import);
+        for (int count = Below(3); count > 0; --count)
+            actions.push_back(One());
+        import.second = 2;  // mapped
+        actions.push_back(import);
+    }
+
+    void InBudget(std::vector<Action>& actions)
+    {
+        Begin(actions);
+        Show(actions, kBudget);
+        for (int count = 1 + Below(4); count > 0; --count)
+            actions.push_back(Of(Below(3) == 0 ? Deed::Fold : Deed::Type));
     }
 
     std::mt19937_64 engine_;

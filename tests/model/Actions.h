@@ -18,6 +18,7 @@ enum class Deed {
     Click,  ///< first: row, second: column
     Type,   ///< first: row, second: column, third: the text
     Begin,  ///< the same, but the cell stays in edit
+    Fold,   ///< first: row; a heading's group is folded or opened
     Save,
     Escape,
     NewByMenu,

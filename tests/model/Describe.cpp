@@ -32,6 +32,7 @@ std::string ModelWindow::Describe(const Action& action) const
         case Deed::Month: return name + " " + Number(Around(action.first, 12) + 1);
         case Deed::Year: return name + " " + Years()[Around(action.first, Years().size())];
         case Deed::Click: return name + cell();
+        case Deed::Fold: return name + " (row " + Number(RowOf(action.first)) + ")";
         case Deed::Type:
         case Deed::Begin: {
             const auto* texts =

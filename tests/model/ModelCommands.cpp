@@ -56,6 +56,7 @@ void ModelWindow::Do(const Action& action)
                 CancelEdit();
             return;
         case Deed::Begin: Begin(action); return;
+        case Deed::Fold: return Fold(action.first);
         case Deed::Save: Save(); return;
         case Deed::Escape: return Escape();
         case Deed::NewByMenu:

@@ -123,6 +123,28 @@ bool ModelWindow::Begin(const Action& action)
     return true;
 }
 
+/// A click on the arrow of a group's heading.
+void ModelWindow::Fold(int number)
+{
+    const std::size_t row = RowOf(number);
+    inGrid_ = true;
+    if (!MoveTo(row, column_) || Current().kind != Kind::Heading)
+        return;
+    const std::string group = Current().group;
+    if (folded_.erase(group) == 0)
+        folded_.insert(group);
+}
+
+/// A group that is gone is open when it comes back.
+void ModelWindow::ForgetFolded()
+{
+    std::set<std::string> left;
+    for (const Line& line : Lines())
+        if (line.kind == Kind::Heading && folded_.count(line.group) != 0)
+            left.insert(line.group);
+    folded_ = left;
+}
+
 bool ModelWindow::Leave()
 {
     if (inGrid_ && !Save())
@@ -149,6 +171,9 @@ bool ModelWindow::Save()
     oldPrices_.erase(row);
     if (std::find(rows_.begin(), rows_.end(), row) == rows_.end())
         rows_.push_back(row);
+    ForgetFolded();
+    if (view_ == 2)
+        folded_.erase(Stored(row)[5]);
     const std::vector<Line> lines = Lines();
     for (std::size_t at = 0; at < lines.size(); ++at)
         if (lines[at].kind == Kind::Data && lines[at].row == row)
@@ -355,6 +380,7 @@ void ModelWindow::Delete(bool yes)
     RemoveRow(line.row);
     rows_.erase(std::find(rows_.begin(), rows_.end(), line.row));
     typed_.clear();
+    ForgetFolded();
     row_ = std::min(row_, Lines().size());
     Balance();
     if (node == 0)

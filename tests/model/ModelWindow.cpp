@@ -84,6 +84,7 @@ void ModelWindow::Refresh()
     CancelEdit();
     typed_.clear();
     oldPrices_.clear();
+    folded_.clear();
     rows_ = Query();
     offered_.clear();
     if (view_ == 4)
@@ -154,6 +155,8 @@ std::vector<ModelWindow::Line> ModelWindow::Lines() const
                 groups.push_back(groupOf(row));
         for (const std::string& group : groups) {
             lines.push_back({Kind::Heading, 0, group});
+            if (folded_.count(group) != 0)
+                continue;
             for (const long row : rows_)
                 if (groupOf(row) == group)
                     lines.push_back({Kind::Data, row, group});

@@ -2,6 +2,7 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -85,6 +86,8 @@ private:
     bool MoveTo(std::size_t row, int column);
     bool Begin(const Action& action);
     bool EndEdit();
+    void Fold(int row);
+    void ForgetFolded();
     void CancelEdit();
     std::string EditText() const;
     bool Save();
@@ -138,6 +141,7 @@ private:
     std::string account_, type_;
     std::vector<long> rows_;            ///< data rows in the order in which they were read or added
     std::vector<std::string> offered_;  ///< categories to choose from in a register
+    std::set<std::string> folded_;      ///< groups
     std::map<long, Amount> oldPrices_;  ///< of rows that were read before the prices changed
     bool inGrid_ = false;
     std::size_t row_ = 1;

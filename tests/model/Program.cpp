@@ -122,6 +122,7 @@ void Program::Perform(const Action& action)
         case Deed::Click: GoTo(action); return;
         case Deed::Type: return Type(action, true);
         case Deed::Begin: return Type(action, false);
+        case Deed::Fold: return Fold(action.first);
         case Deed::Save: window.Grid.Update(); return;
         case Deed::Escape: return Grid().Escape();
         case Deed::NewByMenu: return Menu("mnuE_New");
@@ -173,6 +174,16 @@ void Program::Type(const Action& action, bool end)
     Grid().EditText(texts ? (*texts)[Around(action.third, texts->size())].text : "7");
     if (end && !Grid().EndEdit())
         Grid().CancelEdit();
+}
+
+/// As a click on the arrow of a heading.
+void Program::Fold(int number)
+{
+    const std::size_t row = RowOf(number);
+    if (!window_->window.Focus(Grid()) || !Grid().MoveTo(row, Grid().Col()))
+        return;
+    if (Grid().Rows().Kind(Grid().Row()) == GridRowKind::GroupHeading)
+        Grid().Fold(Grid().Row(), !Grid().Rows().Folded(Grid().Row()));
 }
 
 void Program::Split(const Action& action)

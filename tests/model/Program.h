@@ -46,6 +46,7 @@ private:
     std::size_t RowOf(int number);
     bool GoTo(const Action& action);
     void Type(const Action& action, bool end);
+    void Fold(int row);
     std::string Position();
     void Menu(const char* item) { window_->menus.Find(item)->Press(); }
     void Split(const Action& action);
