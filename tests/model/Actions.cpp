@@ -245,7 +245,7 @@ private:
             {Deed::NewByButton, 3},   {Deed::DeleteByMenu, 3}, {Deed::DeleteByButton, 2},
             {Deed::MoveBack, 2},      {Deed::MoveForward, 2},  {Deed::Split, 3},
             {Deed::CopyBudget, 4},    {Deed::Options, 4},      {Deed::ImportMarkup, 4},
-            {Deed::ImportRecords, 4}, {Deed::Quotes, 4},       {Deed::Export, 1},
+            {Deed::ImportRecords, 4}, {Deed::Quotes, 4},       {Deed::Export, 5},
             {Deed::Reopen, 1},        {Deed::Look, 4},         {Deed::Fold, 3}};
         int total = 0;
         for (const auto& one : odds)
@@ -330,7 +330,8 @@ private:
         Show(actions, Below(2) == 0 ? kFirstAccount : Any());
         actions.push_back({Deed::Click, Below(2), Any(), 0});
         for (int count = 1 + Below(3); count > 0; --count)
-            actions.push_back(Of(deeds[static_cast<std::size_t>(Below(6))]));
+            actions.push_back(
+                Of(deeds[static_cast<std::size_t>(Below(static_cast<int>(deeds.size())))]));
     }
 
     void Deletion(std::vector<Action>& actions)

@@ -76,7 +76,7 @@ std::string Dollars(Amount amount)
 
 std::string RunNames::Of(const std::string& fitid)
 {
-    if (fitid.empty() || fitid[0] == 'F')
+    if (fitid.empty() || fitid[0] == 'F' || fitid.rfind("CVLB", 0) == 0)
         return fitid;
     return "run " + std::to_string(known_.try_emplace(fitid, known_.size() + 1).first->second);
 }
@@ -95,6 +95,11 @@ std::string First(const std::string& text, std::size_t characters)
         if ((text[at] & 0xC0) != 0x80 && characters-- == 0)
             break;
     return text.substr(0, at);
+}
+
+bool BeforeInList(const Account& a, const Account& b)
+{
+    return a.type != b.type ? Before(a.type, b.type) : Before(a.description, b.description);
 }
 
 int ViewOfType(const std::string& type)

@@ -89,6 +89,8 @@ struct Loan {
     std::string rate, account;
 };
 
+/// The order of accounts in lists: by type, then by description.
+bool BeforeInList(const Account& a, const Account& b);
 /// 4, 5 or 6: the view that shows an account of the type.
 int ViewOfType(const std::string& type);
 

@@ -1,4 +1,4 @@
-// The commands of the model: months, transactions, the budget, options, statements and quotes.
+// The commands of the model: months, transactions, the budget, options and quotes.
 
 #include <algorithm>
 
@@ -8,12 +8,6 @@ namespace clb::model {
 namespace {
 
 constexpr std::size_t kTextWidth = 50;
-const char* const kZeroDate = "1899-12-30";
-
-BudgetMonth MonthOf(const std::string& date)
-{
-    return {std::stoi(date.substr(0, 4)), std::stoi(date.substr(5, 2))};
-}
 
 /// Half of the amount in whole cents, half to even.
 Amount HalfToCents(Amount amount)
@@ -83,7 +77,10 @@ void ModelWindow::Do(const Action& action)
         case Deed::ImportMarkup: return Import(Statement::Markup(action.first), action);
         case Deed::ImportRecords: return Import(Statement::Records(action.first), action);
         case Deed::Quotes: return Quotes(action);
-        case Deed::Export: return;
+        case Deed::Export:
+            if (CanExport())
+                boxes_.push_back("exported " + Exported());
+            return;
         case Deed::Reopen:
             if (Save())
                 Open();
@@ -202,194 +199,6 @@ void ModelWindow::Options(const Action& action)
                 if (account.id == id)
                     account.include = include;
     Refresh();
-}
-
-void ModelWindow::Import(const Statement& statement, const Action& action)
-{
-    std::string id = statement.account;
-    if (FindAccount(id, action)) {
-        if (statement.records)
-            ReadRecords(statement, id);
-        else
-            ReadMarkup(statement, id);
-    }
-    books_.UpdateBalances();
-    Refresh();
-    ShowImportedAccount();
-}
-
-bool ModelWindow::FindAccount(std::string& id, const Action& action)
-{
-    static const char* const descriptions[] = {"Visa", "Imported", "O'Neil's"};
-    static const char* const types[] = {"Bank", "Cash", "Credit Card", "Investment"};
-    if (!id.empty() && books_.HasAccount(id))
-        return true;
-    switch (Around(action.second, 5)) {
-        case 0:
-        case 1: break;
-        case 2:
-        case 3: return MapAccount(id, action.third);
-        default:
-            // Nothing is entered, then the dialog is cancelled.
-            if (action.third % 2 == 0)
-                boxes_.push_back("You must enter an account description.");
-            return false;
-    }
-    if (id.empty()) {
-        id = "New Account";
-        for (int n = 2; books_.HasAccount(id); ++n)
-            id = "New Account (" + std::to_string(n) + ")";
-    }
-    Account account;
-    account.id = id;
-    account.description = descriptions[Around(action.third, 3)];
-    account.type = types[Around(action.third, 4)];
-    books_.Add(account);
-    ShowInTree(id);
-    return true;
-}
-
-bool ModelWindow::MapAccount(std::string& id, int which)
-{
-    if (books_.accounts.empty())
-        return false;
-    const std::string description =
-        books_.accounts[Around(which, books_.accounts.size())].description;
-    if (id.empty()) {
-        id = books_.FirstWithDescription(description)->id;
-        return true;
-    }
-    for (Account& account : books_.accounts)
-        if (account.description == description)
-            books_.Renumber(account, id);
-    ShowInTree(id);
-    // The shown account may be the one whose number changed.
-    const std::string kind = std::to_string(view_) + '\x01';
-    if (view_ > 3 && FindTag(kind + account_) == 0 && FindTag(kind + id) != 0)
-        account_ = id;
-    return true;
-}
-
-void ModelWindow::ShowInTree(const std::string& id)
-{
-    BuildTree();
-    for (const char* kind : {"4\x01", "5\x01", "6\x01"})
-        if (const std::size_t node = FindTag(kind + id); node != 0) {
-            selected_ = static_cast<int>(node);
-            return;
-        }
-}
-
-void ModelWindow::ShowImportedAccount()
-{
-    const std::string& tag = tree_[static_cast<std::size_t>(selected_ - 1)].tag;
-    if (view_ > 3 && tag.size() > 1 && tag != std::to_string(view_) + '\x01' + account_)
-        ClickNode(static_cast<std::size_t>(selected_));
-}
-
-void ModelWindow::ReadMarkup(const Statement& statement, const std::string& id)
-{
-    for (const StatementRecord& entry : statement.entries) {
-        bool searched = false;
-        bool known = false;
-        for (const Transaction& row : books_.transactions) {
-            searched = searched || row.account == id;
-            known = known || (row.account == id && row.fitid == entry.fitid);
-        }
-        // Settled: the identifier stands in the criterion as it is. Among no rows nothing is
-        // looked for.
-        const bool readable = !searched || entry.fitid.find('\'') == std::string::npos;
-        if (readable && known)
-            continue;
-        if (!readable || entry.date.second.empty() || entry.amount.second.empty()) {
-            boxes_.push_back("Invalid data was found while importing:");
-            return;
-        }
-        Transaction row;
-        row.account = id;
-        row.fitid = entry.fitid;
-        row.check = entry.check;
-        row.date = entry.date.second;
-        row.month = MonthOf(row.date);
-        row.amount = ParseAmount(entry.amount.second);
-        row.description = entry.name.empty() ? "(blank)" : entry.name;
-        row.notes = First(entry.memo, kTextWidth);
-        row.category = "(none)";
-        row.sequence = books_.NextSequence();
-        books_.EnsureLine("(none)", row.month, "(none)", 0);
-        books_.Add(row);
-    }
-}
-
-void ModelWindow::ReadCategories(const Statement& statement)
-{
-    for (const StatementCategory& line : statement.categories) {
-        Amount sum = 0;
-        for (const std::string& amount : line.amounts)
-            sum += ParseAmount(amount);
-        books_.EnsureLine(line.category, month_, line.group, sum);
-    }
-}
-
-void ModelWindow::ReadRecords(const Statement& statement, const std::string& id)
-{
-    const std::string run = "run " + std::to_string(++books_.runs);
-    ReadCategories(statement);
-    std::string date = kZeroDate;
-    std::string skipped;
-    for (const StatementRecord& entry : statement.entries) {
-        if (entry.hasDate && entry.date.second.empty())
-            skipped += "\nD" + entry.date.first;
-        else if (entry.hasDate)
-            date = entry.date.second;
-        ReadEntry(entry, date, id, run, skipped);
-    }
-    if (!skipped.empty())
-        boxes_.push_back(
-            "Invalid data was found while importing. The following lines were skipped:" + skipped);
-}
-
-void ModelWindow::ReadEntry(const StatementRecord& entry, const std::string& date,
-                            const std::string& id, const std::string& run, std::string& skipped)
-{
-    const std::string check = entry.check == "0" ? "" : entry.check;
-    const Amount amount = entry.amount.second.empty() ? 0 : ParseAmount(entry.amount.second);
-    // Settled: the check number stands in the query as it is.
-    if (check.find('\'') != std::string::npos) {
-        skipped += "\n^";
-        return;
-    }
-    if (HasRecord(entry, date, amount, check, id, run))
-        return;
-    if (entry.category.size() > kTextWidth) {
-        skipped += "\n^";
-        return;
-    }
-    Transaction row;
-    row.account = id;
-    row.fitid = run;
-    row.month = MonthOf(date);
-    row.date = date;
-    row.amount = amount;
-    row.description = entry.name.empty() ? "(Blank)" : entry.name;
-    row.notes = First(entry.memo, kTextWidth);
-    row.check = check;
-    row.category = entry.category;
-    row.sequence = books_.NextSequence();
-    books_.EnsureLine(row.category, row.month, "(none)", 0);
-    books_.Add(row);
-}
-
-bool ModelWindow::HasRecord(const StatementRecord& entry, const std::string& date, Amount amount,
-                            const std::string& check, const std::string& id,
-                            const std::string& run) const
-{
-    return std::any_of(books_.transactions.begin(), books_.transactions.end(),
-                       [&](const Transaction& row) {
-                           return row.account == id && row.date == date && row.amount == amount &&
-                                  row.notes == First(entry.memo, kTextWidth) && row.fitid != run &&
-                                  (check.empty() || row.check == check);
-                       });
 }
 
 void ModelWindow::Quotes(const Action& action)

@@ -70,6 +70,7 @@ bool ModelWindow::EndEdit()
     if (editing_ && text_)
         typed_[column_] = text_->value;
     CancelEdit();
+    Choose();
     return true;
 }
 
@@ -103,6 +104,7 @@ bool ModelWindow::MoveTo(std::size_t row, int column)
         row_ = Find(meant);
     }
     column_ = column;
+    Choose();
     return true;
 }
 
@@ -179,6 +181,7 @@ bool ModelWindow::Save()
         if (lines[at].kind == Kind::Data && lines[at].row == row)
             row_ = at + 1;
     Balance();
+    Choose();
     if (ListsAccounts()) {
         // The node at the same place is selected again, whichever that is now.
         const int selected = selected_;
@@ -351,6 +354,7 @@ void ModelWindow::Escape()
         CancelEdit();
     else
         typed_.clear();
+    Choose();
 }
 
 void ModelWindow::Delete(bool yes)
@@ -383,6 +387,7 @@ void ModelWindow::Delete(bool yes)
     ForgetFolded();
     row_ = std::min(row_, Lines().size());
     Balance();
+    Choose();
     if (node == 0)
         return;
     RemoveNode(node);

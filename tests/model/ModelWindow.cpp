@@ -5,17 +5,11 @@
 namespace clb::model {
 namespace {
 
-constexpr char kDivider = '\x01';
 constexpr BudgetMonth kPresent = {2006, 3};
 
 std::string Number(long number)
 {
     return std::to_string(number);
-}
-
-std::string Tag(const Account& account)
-{
-    return Number(ViewOfType(account.type)) + kDivider + account.id;
 }
 
 /// Rows of a table that belong to the view, sorted; rows that are alike stay in the order in which
@@ -40,11 +34,6 @@ const Row& At(const std::vector<Row>& table, long Row::*identity, long row)
                          [&](const Row& one) { return one.*identity == row; });
 }
 
-bool BeforeInTree(const Account& a, const Account& b)
-{
-    return a.type != b.type ? Before(a.type, b.type) : Before(a.description, b.description);
-}
-
 std::string Joined(const std::vector<std::string>& texts)
 {
     std::string line;
@@ -67,6 +56,7 @@ void ModelWindow::Open()
     month_ = kPresent;
     view_ = 1;
     account_.clear();
+    type_.clear();
     inGrid_ = false;
     BuildTree();
     Refresh();
@@ -96,6 +86,7 @@ void ModelWindow::Refresh()
     while (row_ < lines.size() && lines[row_ - 1].kind != Kind::Data)
         ++row_;
     column_ = 1;
+    Choose();
 }
 
 std::vector<long> ModelWindow::Query() const
@@ -103,7 +94,7 @@ std::vector<long> ModelWindow::Query() const
     const auto all = [](const auto&) { return true; };
     const auto mine = [this](const auto& row) { return row.account == account_; };
     switch (view_) {
-        case 1: return Sorted(books_.accounts, all, BeforeInTree, &Account::sequence);
+        case 1: return Sorted(books_.accounts, all, BeforeInList, &Account::sequence);
         case 2:
             return Sorted(
                 books_.lines, [this](const BudgetLine& line) { return line.month == month_; },
@@ -115,7 +106,7 @@ std::vector<long> ModelWindow::Query() const
         case 3:
             return Sorted(
                 books_.accounts, [this](const Account& one) { return one.type == type_; },
-                BeforeInTree, &Account::sequence);
+                BeforeInList, &Account::sequence);
         case 4:
             return Sorted(
                 books_.transactions,
@@ -341,6 +332,22 @@ std::string ModelWindow::Tip(const Line& line, bool current) const
     return "tip|Number of transactions: " + Number(count) + list;
 }
 
+void ModelWindow::Choose()
+{
+    if (ListsAccounts() && HasRow()) {
+        account_ = Cell(view_ == 1 ? 3 : 2);
+        type_ = Cell(view_ == 1 ? 2 : 6);
+    } else if (view_ > 4) {
+        type_ = view_ == 5 ? "Investment" : "Loan";
+    }
+}
+
+bool ModelWindow::CanExport() const
+{
+    const bool one = ListsAccounts() ? HasRow() : view_ > 3;
+    return one && !editing_ && (type_ == "Bank" || type_ == "Cash" || type_ == "Credit Card");
+}
+
 std::vector<std::string> ModelWindow::Shown()
 {
     std::vector<std::string> all;
@@ -365,100 +372,11 @@ std::vector<std::string> ModelWindow::Shown()
     all.push_back("totals|" + Totals());
     all.push_back(Position());
     all.push_back(std::string("commands") + (CanNew() ? "|New" : "") +
-                  (CanDelete() ? "|Delete" : "") + (OnTransaction() ? "|Transaction" : ""));
+                  (CanDelete() ? "|Delete" : "") + (OnTransaction() ? "|Transaction" : "") +
+                  (CanExport() ? "|Export" : ""));
+    all.push_back("account|" + account_ + "|" + type_);
     all.push_back("offered" + Joined(offered_));
     return all;
-}
-
-void ModelWindow::BuildTree()
-{
-    tree_ = {{0, "Net Worth", "", "1"}, {1, "Budget", "", "2"}};
-    std::vector<Account> accounts = books_.accounts;
-    std::stable_sort(accounts.begin(), accounts.end(), BeforeInTree);
-    std::string type;
-    std::size_t parent = 0;
-    for (const Account& account : accounts) {
-        if (account.type != type) {
-            type = account.type;
-            tree_.push_back({1, type, type, "3"});
-            parent = tree_.size();
-        }
-        tree_.push_back({parent, account.description, "", Tag(account)});
-    }
-    selected_ = 1;
-}
-
-void ModelWindow::ClickNode(std::size_t node)
-{
-    selected_ = static_cast<int>(node);
-    const Node& one = tree_[node - 1];
-    caption_ = one.text + " - Corvane Ledgerbook";
-    view_ = one.tag[0] - '0';
-    if (view_ == 3)
-        type_ = one.text;
-    else if (view_ > 3)
-        account_ = one.tag.substr(2);
-    Refresh();
-}
-
-void ModelWindow::PressNode(std::size_t node)
-{
-    const Node pressed = tree_[node - 1];
-    if (!Leave())
-        return;
-    // Leaving the grid may have saved an account and moved the nodes.
-    if (const std::size_t now = NodeLike(pressed, node); now != 0)
-        ClickNode(now);
-}
-
-std::size_t ModelWindow::NodeLike(const Node& sought, std::size_t place) const
-{
-    const auto find = [this](const auto& fits) {
-        const auto found = std::find_if(tree_.begin(), tree_.end(), fits);
-        return found == tree_.end() ? 0 : static_cast<std::size_t>(found - tree_.begin()) + 1;
-    };
-    const auto same = [&](const Node& node) {
-        return node.tag == sought.tag && node.key == sought.key;
-    };
-    if (place <= tree_.size() && same(tree_[place - 1]))
-        return place;
-    if (const std::size_t node = find(same))
-        return node;
-    if (sought.tag.size() < 2)
-        return 0;
-    const auto number = [](const Node& node) {
-        return node.tag.size() < 2 ? std::string() : node.tag.substr(2);
-    };
-    if (const std::size_t node =
-            find([&](const Node& one) { return number(one) == number(sought); }))
-        return node;
-    return find([&](const Node& node) { return node.text == sought.text && node.tag.size() > 1; });
-}
-
-std::size_t ModelWindow::FindTag(const std::string& tag) const
-{
-    const auto found = std::find_if(tree_.begin(), tree_.end(),
-                                    [&tag](const Node& node) { return node.tag == tag; });
-    return found == tree_.end() ? 0 : static_cast<std::size_t>(found - tree_.begin()) + 1;
-}
-
-void ModelWindow::RemoveNode(std::size_t node)
-{
-    const std::size_t parent = tree_[node - 1].parent;
-    const auto children = std::count_if(tree_.begin(), tree_.end(),
-                                        [parent](const Node& one) { return one.parent == parent; });
-    const std::size_t first = children == 1 ? parent : node;
-    const std::size_t count = node - first + 1;
-    const auto selected = static_cast<std::size_t>(selected_);
-    if (selected >= first && selected <= node)
-        selected_ = 1;
-    else if (selected > node)
-        selected_ -= static_cast<int>(count);
-    tree_.erase(tree_.begin() + static_cast<std::ptrdiff_t>(first - 1),
-                tree_.begin() + static_cast<std::ptrdiff_t>(node));
-    for (Node& one : tree_)
-        if (one.parent > node)
-            one.parent -= count;
 }
 
 }  // namespace clb::model

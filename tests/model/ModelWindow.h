@@ -79,6 +79,10 @@ private:
     bool HasRow() const { return Current().kind != Kind::New; }
     bool CanNew() const { return !inGrid_ || HasRow(); }
     bool CanDelete() const { return inGrid_ && HasRow() && !editing_; }
+    bool CanExport() const;
+    /// What the window takes for the chosen account follows the current row where accounts are
+    /// listed.
+    void Choose();
     bool OnTransaction() const { return inGrid_ && HasRow() && view_ == 4; }
     std::size_t RowOf(int number) const;
     Spot SpotOf(std::size_t row) const;
@@ -130,6 +134,7 @@ private:
     void ShowInTree(const std::string& id);
     void ShowImportedAccount();
     void Quotes(const Action& action);
+    std::string Exported() const;
     void Recover();
 
     Books books_;

@@ -140,9 +140,7 @@ void Program::Perform(const Action& action)
         case Deed::ImportMarkup: return Import(Statement::Markup(action.first), action);
         case Deed::ImportRecords: return Import(Statement::Records(action.first), action);
         case Deed::Quotes: return Quotes(action);
-        case Deed::Export:
-            files_.answers = {folder_.Path("export.ofx")};
-            return Menu("mnuF_Export");
+        case Deed::Export: return Export();
         case Deed::Reopen: return Reopen();
         default: return;
     }
@@ -256,6 +254,35 @@ void Program::Quotes(const Action& action)
     Menu("mnuT_UpdateQuotes");
 }
 
+/// Notes what the file says of the account, its transactions and the balance.
+void Program::Export()
+{
+    const std::string name = "export" + std::to_string(++statements_) + ".ofx";
+    files_.answers = {folder_.Path(name)};
+    Menu("mnuF_Export");
+    if (!folder_.Holds(name))
+        return;
+    const std::string file = folder_.Read(name);
+    const auto between = [&file](const std::string& before, const std::string& behind) {
+        const std::size_t from = file.find(before) + before.size();
+        return file.substr(from, file.find(behind, from) - from);
+    };
+    std::string text = between("<ACCTID>", "<ACCTTYPE>") + " ";
+    const std::size_t first = std::min(file.find("<STMTTRN>"), file.find("</BANKTRANLIST>"));
+    for (std::size_t at = first; at < file.find("<DTASOF>");) {
+        const std::string mark = "<FITID>";
+        const std::size_t from = std::min(file.find(mark, at), file.find("<DTASOF>"));
+        text += file.substr(at, from - at);
+        at = from;
+        if (file.compare(at, mark.size(), mark) != 0)
+            break;
+        const std::size_t value = at + mark.size();
+        at = file.find('<', value);
+        text += mark + RunNames().Of(file.substr(value, at - value));
+    }
+    messages_.Show("exported " + text, 0, "");
+}
+
 void Program::Reopen()
 {
     if (window_->Close())
@@ -290,6 +317,7 @@ std::vector<std::string> Program::Shown()
                   window.txtTotal2.Text());
     all.push_back(Position());
     all.push_back(Commands());
+    all.push_back("account|" + window.View().AccountID() + "|" + window.View().AccountType());
     std::string offered = "offered";
     if (window.View().View() == kRegister)
         for (const GridValueItem& item : Grid().Columns().Item(5).valueItems)
@@ -337,7 +365,7 @@ std::string Program::Commands()
     const bool transaction = enabled("mnuE_MovePrev");
     if (enabled("mnuE_MoveNext") != transaction || enabled("mnuE_Split") != transaction)
         text += "|some of";
-    return text + (transaction ? "|Transaction" : "");
+    return text + (transaction ? "|Transaction" : "") + (enabled("mnuF_Export") ? "|Export" : "");
 }
 
 void Program::AddRows(std::vector<std::string>& all, const std::string& name,

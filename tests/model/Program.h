@@ -54,6 +54,7 @@ private:
     void Import(const Statement& statement, const Action& action);
     void AnswerAccountQuestion(Form& form, const Action& action);
     void Quotes(const Action& action);
+    void Export();
     void Reopen();
     std::string RowText(std::size_t row);
     std::string Commands();
