@@ -82,8 +82,13 @@ bool GridComponent::Fold(std::size_t row, bool folded)
 {
     if (rows_.Folded(row) == folded || rows_.Kind(row) != GridRowKind::GroupHeading)
         return true;
+    const std::string group = rows_.GroupValue(row);
     if (!Update())
         return false;
+    // Saving may have moved the headings, or left the group without rows.
+    row = rows_.OfGroup(GridRowKind::GroupHeading, group);
+    if (row == 0)
+        return true;
     const std::size_t before = rows_.Count();
     rows_.Fold(row, folded);
     const bool above = row_ <= row;

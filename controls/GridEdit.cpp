@@ -132,7 +132,7 @@ bool GridComponent::ReadText(const std::string& text, std::int32_t column, Value
             why = "Please enter at most " + std::to_string(target.textWidth) + " characters.";
             return false;
         }
-        value = text;
+        value = listOnly ? std::string() : text;
         return true;
     }
     if (Trim(text).empty()) {

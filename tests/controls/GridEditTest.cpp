@@ -251,6 +251,18 @@ TEST_F(GridEditTest, AChoiceTakesOnlyEntriesOfItsList)
     EXPECT_EQ(grid_.CellText(1, shop::Name), "");
 }
 
+// An account was given a type of blanks, which has no view.
+TEST_F(GridEditTest, BlanksInAChoiceEmptyTheCell)
+{
+    GridColumn& name = grid_.Columns().Item(shop::Name);
+    name.popup = GridPopup{cell_control::DropDown, 5, 0};
+    name.valueItems = {{std::string("Bank"), "Bank"}};
+
+    EXPECT_TRUE(Type(shop::Name, "  "));
+
+    EXPECT_TRUE(IsEmpty(grid_.ColumnValue(shop::Name)));
+}
+
 TEST_F(GridEditTest, ACompletingListTakesNewTexts)
 {
     GridColumn& name = grid_.Columns().Item(shop::Name);
@@ -317,6 +329,30 @@ TEST_F(GridEditTest, FoldingSavesTheChangedRowFirst)
     cancelUpdate_ = false;
     EXPECT_TRUE(grid_.Fold(1, true));
     EXPECT_EQ(Stored(0, shop::Name), "Pears");
+}
+
+// The heading that stood at the old place was folded.
+TEST_F(GridEditTest, TheHeadingIsMeantThoughTheSavedRowMovedIt)
+{
+    grid_.Groups().push_back({shop::Count});
+    grid_.Regroup();
+    Type(shop::Count, "2");
+
+    EXPECT_TRUE(grid_.Fold(4, true));
+
+    EXPECT_TRUE(grid_.Rows().Folded(grid_.Rows().OfGroup(GridRowKind::GroupHeading, "1")));
+    EXPECT_FALSE(grid_.Rows().Folded(grid_.Rows().OfGroup(GridRowKind::GroupHeading, "2")));
+}
+
+TEST_F(GridEditTest, AGroupThatGoesWithTheSavedRowFoldsNoOther)
+{
+    grid_.Groups().push_back({shop::Count});
+    grid_.Regroup();
+    Type(shop::Count, "1");
+
+    EXPECT_TRUE(grid_.Fold(1, true));
+
+    EXPECT_FALSE(grid_.Rows().Folded(grid_.Rows().OfGroup(GridRowKind::GroupHeading, "1")));
 }
 
 TEST_F(GridEditTest, DeletingMakesTheNextRowCurrent)

@@ -1,0 +1,86 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace clb::model {
+
+/// What a user does. Numbers say what it is done to, always by counting on from the front and
+/// around again, so that an action can be done whatever came before it.
+enum class Deed {
+    Press,  ///< first: the tree's node
+    Month,  ///< first: 0 = January
+    Year,   ///< first: one of a few texts
+    Spin,   ///< first: 1 up, 0 down
+    Back,
+    Forward,
+    Click,  ///< first: row, second: column
+    Type,   ///< first: row, second: column, third: the text
+    Begin,  ///< the same, but the cell stays in edit
+    Fold,   ///< first: row; a heading's group is folded or opened
+    Save,
+    Escape,
+    NewByMenu,
+    NewByButton,
+    DeleteByMenu,  ///< first: 0 = No
+    DeleteByButton,
+    MoveBack,
+    MoveForward,
+    Split,  ///< first: the second amount (0 leaves the one proposed), second: 0 = Cancel
+    CopyBudget,
+    Options,       ///< first: row, second: ticked, third: 0 = Cancel
+    ImportMarkup,  ///< first: the file, second: what is answered about the account, third: which
+    ImportRecords,
+    Quotes,  ///< first: the prices of the day, second: request that fails, 0 = none
+    Export,
+    Reopen,  ///< closes the window and starts the program again
+    Look,    ///< gives up or saves the row in edit and walks through all nodes of the tree
+    Count
+};
+
+/// Rows of Click and Type that are not counted.
+constexpr int kLastRow = -1;  ///< the line for a new row
+constexpr int kCurrentRow = -2;
+
+struct Action {
+    Deed deed = Deed::Save;
+    int first = 0;
+    int second = 0;
+    int third = 0;
+};
+
+const char* NameOf(Deed deed);
+
+/// A text to type and what it means in its column: whether it is taken, and the value, amounts and
+/// numbers in plain decimal. An empty value of an amount, a number or a date is null.
+struct Typed {
+    std::string text;
+    bool taken = true;
+    std::string value;
+};
+
+/// What stands in a column.
+enum class Content { Text, Type, Amount, Number, Date };
+
+/// One column of a view's rows.
+struct Column {
+    Content content = Content::Text;
+    bool typed = false;  ///< takes what is typed
+    bool calculated = false;
+    const std::vector<Typed>* texts = nullptr;  ///< to type into it
+};
+
+/// The columns of a view, 1 to 6, in order.
+const std::vector<Column>& ColumnsOf(int view);
+/// Second amounts of a split; the first stands for the proposed one.
+const std::vector<Typed>& SplitAmounts();
+const std::vector<std::string>& Years();
+
+/// Counts around: -1 is the last.
+std::size_t Around(int number, std::size_t count);
+
+/// About so many actions; the same ones for the same seed.
+std::vector<Action> RandomActions(std::uint64_t seed, std::size_t count);
+
+}  // namespace clb::model

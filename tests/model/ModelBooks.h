@@ -1,0 +1,145 @@
+#pragma once
+#include <cstdint>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace clb::model {
+
+// What the books hold, in plain structs and without any of the program's own code: the yardstick
+// that the program is held against.
+
+/// Money in 1/10000 units.
+using Amount = std::int64_t;
+/// "-1234.5" and the like: no grouping, at most four decimals.
+Amount ParseAmount(const std::string& plain);
+std::string Plain(Amount amount);    ///< "-1234.5"
+std::string Grouped(Amount amount);  ///< "-1,234.50", half away from zero
+std::string Dollars(Amount amount);  ///< "-$1234.50", half away from zero
+
+/// Alphabetical whatever the case, else exact; plain ASCII only.
+bool Before(const std::string& a, const std::string& b);
+/// The first characters of a UTF-8 text.
+std::string First(const std::string& text, std::size_t characters);
+
+/// Imports of record files mark their rows with a text of their own making, unlike the statements'
+/// identifiers, which begin with F here. The names stand for them, by first appearance.
+class RunNames {
+public:
+    std::string Of(const std::string& fitid);
+
+private:
+    std::map<std::string, std::size_t> known_;
+};
+
+/// A command that ends in the runtime's report.
+struct Failure : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// Deliberate mistakes, to see that they are noticed.
+enum class Flaw { None, ForgetsBudgetLine, RowsStayWithOldNumber, SplitKeepsWholeAmount };
+
+struct BudgetMonth {
+    int year = 0;
+    int period = 0;
+    BudgetMonth Previous() const;
+    BudgetMonth Next() const;
+    bool operator==(const BudgetMonth&) const = default;
+};
+
+// Dates are ISO texts and numbers with fractions plain decimal texts; empty is null.
+
+struct Account {
+    long sequence = 0;
+    std::string id, description, type;
+    Amount opening = 0, current = 0;
+    bool include = true;
+};
+
+struct Transaction {
+    long row = 0;  ///< its own for good, unlike the sequence, which pieces share
+    long sequence = 0, piece = 0;
+    std::string account, date, description;
+    Amount amount = 0;
+    std::string check, category, notes;
+    BudgetMonth month;
+    std::string fitid;
+};
+
+struct BudgetLine {
+    long sequence = 0;
+    BudgetMonth month;
+    std::string group, category;
+    Amount amount = 0;
+};
+
+struct Holding {
+    long sequence = 0;
+    std::string symbol, name, date, quantity;
+    Amount purchase = 0, last = 0, total = 0;
+    std::string account;
+};
+
+struct Loan {
+    long sequence = 0;
+    std::string description;
+    Amount original = 0, paid = 0;
+    std::string rate, account;
+};
+
+/// The order of accounts in lists: by type, then by description.
+bool BeforeInList(const Account& a, const Account& b);
+/// 4, 5 or 6: the view that shows an account of the type.
+int ViewOfType(const std::string& type);
+
+/// The tables, rows in the order in which they were added, and what is done to them as a whole.
+struct Books {
+    std::vector<Account> accounts;
+    std::vector<Transaction> transactions;
+    std::vector<BudgetLine> lines;
+    std::vector<Holding> holdings;
+    std::vector<Loan> loans;
+    long lastAccount = 0, lastRow = 0, lastLine = 0, lastHolding = 0, lastLoan = 0;
+    int runs = 0;  ///< imports of record files so far
+    Flaw flaw = Flaw::None;
+
+    /// The small books that every run begins with.
+    static Books AtStart();
+    /// The same as SQL.
+    static std::vector<std::string> StartStatements();
+
+    Account& Add(Account account);
+    Transaction& Add(Transaction transaction);
+    BudgetLine& Add(BudgetLine line);
+    Holding& Add(Holding holding);
+    Loan& Add(Loan loan);
+
+    long NextSequence() const;
+    bool HasAccount(const std::string& id) const;
+    const Account* FirstWithDescription(const std::string& description) const;
+    /// The account's rows follow, unless another account still has the old number.
+    void Renumber(Account& account, const std::string& id);
+
+    void EnsureLine(const std::string& category, BudgetMonth month, const std::string& group,
+                    Amount amount);
+    void CopyBudget(BudgetMonth from, BudgetMonth to);
+    void DropCategory(const std::string& category, BudgetMonth month);
+
+    /// Stores the account's balance as a view computes it.
+    void UpdateBalance(int view, const std::string& id);
+    void UpdateBalances();
+
+    /// How many times an account's transactions count: once for each account with the number.
+    int Counts(const std::string& account) const;
+    /// What the accounts that count spent in a month: on one category, and on all.
+    Amount Spent(BudgetMonth month, const std::string* category) const;
+    Amount SpentOnGroup(BudgetMonth month, const std::string& group) const;
+    Amount Budgeted(BudgetMonth month, const std::string* group) const;
+
+    /// Every row of every table as a line.
+    std::vector<std::string> Lines() const;
+};
+
+}  // namespace clb::model

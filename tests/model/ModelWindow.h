@@ -1,0 +1,165 @@
+#pragma once
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "tests/model/Actions.h"
+#include "tests/model/ModelBooks.h"
+#include "tests/model/Statements.h"
+
+namespace clb::model {
+
+/// The main window as its user knows it, over the books: what is shown, the row in edit, and what
+/// each deed does.
+class ModelWindow {
+public:
+    explicit ModelWindow(Flaw flaw = Flaw::None);
+
+    /// Closes the window, whatever is unsaved, starts the program again and shows the month.
+    void OpenAt(BudgetMonth month);
+    BudgetMonth Month() const { return month_; }
+    /// Does anything but a Look.
+    void Do(const Action& action);
+    /// Everything that is shown, line by line; the message boxes since the last time included.
+    std::vector<std::string> Shown();
+    std::vector<std::string> Stored() const { return books_.Lines(); }
+    std::size_t Nodes() const { return tree_.size(); }
+    int SelectedNode() const { return selected_; }
+    /// The deed in words, with the texts that it means now.
+    std::string Describe(const Action& action) const;
+
+private:
+    struct Node {
+        std::size_t parent = 0;  ///< from 1; 0 for none
+        std::string text, key, tag;
+    };
+    enum class Kind { Data, Heading, Footer, New };
+    struct Line {
+        Kind kind = Kind::Data;
+        long row = 0;  ///< of a data row
+        std::string group;
+    };
+    /// A row to come back to: its place is what is left when it is gone.
+    struct Spot {
+        std::size_t place = 0;
+        Line line;
+        long sequence = 0;
+    };
+    using Value = std::string;  ///< empty for null and the empty text alike
+
+    // What is shown
+    void Open();
+    void Refresh();
+    std::vector<long> Query() const;
+    std::vector<Line> Lines() const;
+    Line Current() const { return Lines().at(row_ - 1); }
+    std::vector<Value> Stored(long row) const;
+    std::vector<std::string> Texts(const Line& line, bool current) const;
+    void Calculate(const std::vector<Value>& values, std::vector<std::string>& texts) const;
+    std::string TextOf(const Line& line, bool current) const;
+    std::string Totals() const;
+    std::string Position() const;
+    std::string Tip(const Line& line, bool current) const;
+    Account* AccountOf(long row);
+
+    // The tree
+    void BuildTree();
+    void PressNode(std::size_t node);
+    void ClickNode(std::size_t node);
+    std::size_t NodeLike(const Node& sought, std::size_t place) const;
+    std::size_t FindTag(const std::string& tag) const;
+    void RemoveNode(std::size_t node);
+
+    // The grid
+    bool ListsAccounts() const { return view_ == 1 || view_ == 3; }
+    bool Dirty() const { return !typed_.empty(); }
+    bool HasRow() const { return Current().kind != Kind::New; }
+    bool CanNew() const { return !inGrid_ || HasRow(); }
+    bool CanDelete() const { return inGrid_ && HasRow() && !editing_; }
+    bool CanExport() const;
+    /// What the window takes for the chosen account follows the current row where accounts are
+    /// listed.
+    void Choose();
+    bool OnTransaction() const { return inGrid_ && HasRow() && view_ == 4; }
+    std::size_t RowOf(int number) const;
+    Spot SpotOf(std::size_t row) const;
+    std::size_t Find(const Spot& spot) const;
+    bool MoveTo(std::size_t row, int column);
+    bool Begin(const Action& action);
+    bool EndEdit();
+    void Fold(int row);
+    void ForgetFolded();
+    void CancelEdit();
+    std::string EditText() const;
+    bool Save();
+    bool Leave();  ///< the grid for another control
+    std::string Refusal(int& column) const;
+    bool NumberTaken(const std::string& id) const;
+    long StoreRow();
+    long StoreAccount();
+    long StoreLine();
+    long StoreTransaction();
+    long StoreHolding();
+    long StoreLoan();
+    void Escape();
+    void Delete(bool yes);
+    void RemoveRow(long row);
+    /// Value of a cell of the current row, what was typed into it included.
+    Value Cell(int column) const;
+    void Take(int column, std::string& text) const;
+    void Take(int column, Amount& amount) const;
+    void Balance() { books_.UpdateBalance(view_, account_); }
+
+    // Commands
+    void StepMonth(int direction);
+    void ShowMonth(BudgetMonth month);
+    void NewRecord();
+    void Move(int direction);
+    void Split(const Action& action);
+    void CopyBudget();
+    void Options(const Action& action);
+    void Import(const Statement& statement, const Action& action);
+    bool FindAccount(std::string& id, const Action& action);
+    bool MapAccount(std::string& id, int which);
+    void ReadMarkup(const Statement& statement, const std::string& id);
+    void ReadRecords(const Statement& statement, const std::string& id);
+    void ReadCategories(const Statement& statement);
+    void ReadEntry(const StatementRecord& entry, const std::string& date, const std::string& id,
+                   const std::string& run, std::string& skipped);
+    bool HasRecord(const StatementRecord& entry, const std::string& date, Amount amount,
+                   const std::string& check, const std::string& id, const std::string& run) const;
+    void ShowInTree(const std::string& id);
+    void ShowImportedAccount();
+    void Quotes(const Action& action);
+    std::string Exported() const;
+    void Recover();
+
+    Books books_;
+    std::vector<Node> tree_;
+    int selected_ = 1;
+    std::string caption_;
+    int view_ = 1;
+    BudgetMonth month_;
+    std::string account_, type_;
+    std::vector<long> rows_;            ///< data rows in the order in which they were read or added
+    std::vector<std::string> offered_;  ///< categories to choose from in a register
+    std::set<std::string> folded_;      ///< groups
+    std::map<long, Amount> oldPrices_;  ///< of rows that were read before the prices changed
+    bool inGrid_ = false;
+    std::size_t row_ = 1;
+    int column_ = 1;
+    bool editing_ = false;
+    std::optional<Typed> text_;  ///< typed into the cell in edit and not taken yet
+    bool marked_ = false;        ///< the cell in edit is the one to correct
+    std::map<int, Value> typed_;
+    std::vector<std::string> boxes_;
+};
+
+/// What the quote service answers on a day, as a line; and the price that it means, empty for none.
+std::string QuoteLine(const std::string& symbol, int day);
+std::string QuotedPrice(const std::string& symbol, int day);
+
+}  // namespace clb::model

@@ -1,0 +1,77 @@
+#pragma once
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/frmController.h"
+#include "tests/model/Actions.h"
+#include "tests/model/Statements.h"
+#include "tests/support/FakePorts.h"
+#include "tests/support/TempFolder.h"
+
+namespace clb::model {
+
+/// Answers each symbol with the line of the day; the request with the given number fails, 0 for
+/// none.
+class QuoteScript : public IHttpClient {
+public:
+    std::optional<std::string> Get(const std::string& url) override;
+
+    int day = 0;
+    int fails = 0;
+    int requests = 0;
+};
+
+/// The whole program without its window, in a folder of its own with the small books that every run
+/// begins with, and a user who does what the actions say.
+class Program {
+public:
+    Program();
+    /// A second program on a copy of what another has stored, in the month that it shows.
+    explicit Program(Program& original);
+
+    /// Does anything but a Look, as a user would; what a front end does after each command is done.
+    void Do(const Action& action);
+    /// Everything that is shown, line by line; the message boxes since the last time included.
+    std::vector<std::string> Shown();
+    /// Every row of every table as a line.
+    std::vector<std::string> Stored();
+    std::size_t Nodes() const { return static_cast<std::size_t>(window_->TreeView.Count()); }
+
+private:
+    void Open();
+    void Perform(const Action& action);
+    void Recover();
+    GridComponent& Grid() { return window_->Grid.Component(); }
+    std::size_t RowOf(int number);
+    bool GoTo(const Action& action);
+    void Type(const Action& action, bool end);
+    void Fold(int row);
+    std::string Position();
+    void Menu(const char* item) { window_->menus.Find(item)->Press(); }
+    void Split(const Action& action);
+    void Options(const Action& action);
+    void Import(const Statement& statement, const Action& action);
+    void AnswerAccountQuestion(Form& form, const Action& action);
+    void Quotes(const Action& action);
+    void Export();
+    void Reopen();
+    std::string RowText(std::size_t row);
+    std::string Commands();
+    void AddRows(std::vector<std::string>& all, const std::string& name, const std::string& select);
+
+    TempFolder folder_{TempFolder::Memory()};
+    FakeClock clock_;
+    FakeMessageBox messages_;
+    FakeFileDialog files_;
+    FakeShell shell_;
+    FakePrintJob printing_;
+    FakePointer pointer_;
+    IsoDateForm dates_;
+    FakeModalHost modal_;
+    QuoteScript http_;
+    std::unique_ptr<frmController> window_;
+    int statements_ = 0;
+};
+
+}  // namespace clb::model

@@ -1,0 +1,156 @@
+#include "tests/model/Replay.h"
+
+#include <algorithm>
+
+#include "tests/model/ModelWindow.h"
+#include "tests/model/Program.h"
+#include "tests/model/Shrink.h"
+
+namespace clb::model {
+namespace {
+
+constexpr std::size_t kActionsOfAWalk = 10;
+
+/// Lines that only one side has, in order; the place where both part when none is.
+std::string Compare(const std::vector<std::string>& program, const std::vector<std::string>& model)
+{
+    if (program == model)
+        return "";
+    std::string lines;
+    const auto only = [&lines](const char* who, std::vector<std::string> mine,
+                               const std::vector<std::string>& other) {
+        for (const std::string& line : other)
+            if (const auto found = std::find(mine.begin(), mine.end(), line); found != mine.end())
+                mine.erase(found);
+        for (const std::string& line : mine)
+            lines += std::string(who) + line + "\n";
+    };
+    only("  program: ", program, model);
+    only("  model:   ", model, program);
+    if (lines.empty()) {
+        const auto parted = std::mismatch(program.begin(), program.end(), model.begin());
+        lines = "  in another order, from\n  program: " + *parted.first +
+                "\n  model:   " + *parted.second + "\n";
+    }
+    return lines;
+}
+
+class Comparison {
+public:
+    Comparison(Flaw flaw, Tally* tally)
+        : model_(flaw), tally_(tally), stored_(model_.Stored()), shown_(model_.Shown())
+    {
+    }
+
+    std::string Do(const Action& action)
+    {
+        const std::string lines =
+            action.deed == Deed::Look ? Look() : Step(program_, model_, action);
+        std::vector<std::string> stored = model_.Stored();
+        std::vector<std::string> shown = model_.Shown();
+        if (tally_) {
+            Tally::Deeds& deeds = tally_->deeds.at(static_cast<std::size_t>(action.deed));
+            ++deeds.done;
+            if (stored != stored_ || shown != shown_)
+                ++deeds.telling;
+        }
+        shown_ = std::move(shown);
+        stored_ = std::move(stored);
+        return lines.empty() ? Compare(program_.Stored(), stored_) : lines;
+    }
+
+    /// All views, seen by a second program in a copy of the file.
+    std::string Walk()
+    {
+        if (tally_)
+            ++tally_->walks;
+        Program program(program_);
+        ModelWindow model = model_;
+        model.OpenAt(model_.Month());
+        return PressAll(program, model);
+    }
+
+private:
+    std::string Step(Program& program, ModelWindow& model, const Action& action)
+    {
+        program.Do(action);
+        model.Do(action);
+        if (tally_)
+            ++tally_->comparisons;
+        return Compare(program.Shown(), model.Shown());
+    }
+
+    std::string PressAll(Program& program, ModelWindow& model)
+    {
+        std::string lines;
+        for (std::size_t node = 0; node < model.Nodes() && lines.empty(); ++node)
+            lines = Step(program, model, {Deed::Press, static_cast<int>(node), 0, 0});
+        return lines;
+    }
+
+    std::string Look()
+    {
+        std::string lines;
+        for (const Deed deed : {Deed::Save, Deed::Escape, Deed::Escape})
+            if (lines = Step(program_, model_, {deed, 0, 0, 0}); !lines.empty())
+                return lines;
+        const int back = model_.SelectedNode() - 1;
+        lines = PressAll(program_, model_);
+        return lines.empty() ? Step(program_, model_, {Deed::Press, back, 0, 0}) : lines;
+    }
+
+    Program program_;
+    ModelWindow model_;
+    Tally* tally_;
+    std::vector<std::string> stored_;
+    std::vector<std::string> shown_;
+};
+
+std::string InWords(const std::vector<Action>& actions, Flaw flaw)
+{
+    ModelWindow model(flaw);
+    std::string text;
+    for (const Action& action : actions) {
+        text += "  " + model.Describe(action) + "\n";
+        if (action.deed != Deed::Look)
+            model.Do(action);
+        else
+            for (const Deed deed : {Deed::Save, Deed::Escape, Deed::Escape})
+                model.Do({deed, 0, 0, 0});
+    }
+    return text;
+}
+
+}  // namespace
+
+std::optional<Difference> Replay(const std::vector<Action>& actions, Flaw flaw, Tally* tally)
+{
+    Comparison comparison(flaw, tally);
+    for (std::size_t at = 0; at < actions.size(); ++at) {
+        std::string lines = comparison.Do(actions[at]);
+        const bool walks = (at + 1) % kActionsOfAWalk == 0 || at + 1 == actions.size();
+        if (lines.empty() && walks)
+            lines = comparison.Walk();
+        if (!lines.empty())
+            return Difference{at, lines};
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> RunSeed(std::uint64_t seed, std::size_t count, Flaw flaw, Tally* tally)
+{
+    std::vector<Action> actions = RandomActions(seed, count);
+    const auto difference = Replay(actions, flaw, tally);
+    if (!difference)
+        return std::nullopt;
+    actions.resize(std::min(difference->action + 1, actions.size()));
+    const auto fails = [flaw](const std::vector<Action>& some) {
+        return Replay(some, flaw).has_value();
+    };
+    const std::vector<Action> shortest = Shrink(actions, fails);
+    return "seed " + std::to_string(seed) + ", action " + std::to_string(difference->action + 1) +
+           ", shrunk to " + std::to_string(shortest.size()) + ":\n" + InWords(shortest, flaw) +
+           Replay(shortest, flaw)->lines;
+}
+
+}  // namespace clb::model

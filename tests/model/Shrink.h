@@ -1,0 +1,37 @@
+#pragma once
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+namespace clb::model {
+
+/// The shortest list found by leaving out items, halves first and single ones last, that still
+/// fails. The whole list must fail.
+template <class Item, class Fails>
+std::vector<Item> Shrink(std::vector<Item> items, const Fails& fails)
+{
+    for (std::size_t size = std::max<std::size_t>(items.size() / 2, 1); size > 0;) {
+        bool shorter = false;
+        for (std::size_t from = 0; from < items.size();) {
+            std::vector<Item> rest(items.begin(),
+                                   items.begin() + static_cast<std::ptrdiff_t>(from));
+            const std::size_t behind = std::min(from + size, items.size());
+            rest.insert(rest.end(), items.begin() + static_cast<std::ptrdiff_t>(behind),
+                        items.end());
+            if (fails(rest)) {
+                items = rest;
+                shorter = true;
+            } else {
+                from += size;
+            }
+        }
+        // Single items are tried until none can go; larger pieces once.
+        if (size > 1)
+            size /= 2;
+        else if (!shorter)
+            break;
+    }
+    return items;
+}
+
+}  // namespace clb::model
