@@ -35,10 +35,10 @@ void PrintAccounts(const FolderOptions& options, bool totals)
 void AddCommand(CLI::App& app, const char* name, const char* description, bool totals)
 {
     auto options = std::make_shared<FolderOptions>();
-    CLI::App* command = app.add_subcommand(name, description);
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options, totals] { PrintAccounts(*options, totals); });
+    Command command(app, name, description);
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options, totals] { PrintAccounts(*options, totals); });
 }
 
 }  // namespace

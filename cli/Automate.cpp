@@ -36,16 +36,16 @@ std::string CheckMoment(const std::string& text)
 void AddAutomate(CLI::App& app, int& exitCode)
 {
     auto options = std::make_shared<AutomateOptions>();
-    CLI::App* command = app.add_subcommand(
-        "automate", "Run the program without a window, driven by JSON requests on standard input");
-    AddHome(*command, *options);
-    command->add_option("--now", options->now, "Local time at which the clock stands still")
-        ->check(CLI::Validator(CheckMoment, "YYYY-MM-DDThh:mm:ss"));
+    Command command(app, "automate",
+                    "Run the program without a window, driven by JSON requests on standard input");
+    AddHome(command, *options);
+    command.Take("--now", options->now, "Local time at which the clock stands still")
+        .Check({CheckMoment, "YYYY-MM-DDThh:mm:ss"});
     command
-        ->add_option("--quote-service", options->quoteService,
-                     "Scheme, host and port of the quote service (default: the settings file's)")
-        ->type_name("URL");
-    command->callback([options, &exitCode] { exitCode = Automate(*options); });
+        .Take("--quote-service", options->quoteService,
+              "Scheme, host and port of the quote service (default: the settings file's)")
+        .Placeholder("URL");
+    command.Run([options, &exitCode] { exitCode = Automate(*options); });
 }
 
 }  // namespace clb

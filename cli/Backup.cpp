@@ -34,15 +34,15 @@ void MakeBackup(const BackupOptions& options)
 void AddBackup(CLI::App& app, int&)
 {
     auto options = std::make_shared<BackupOptions>();
-    CLI::App* command = app.add_subcommand("backup", "Copy the database to a safe place");
+    Command command(app, "backup", "Copy the database to a safe place");
     command
-        ->add_option("FILE", options->file,
-                     "File to write, which must not be there (default: one of today in db/backup "
-                     "of the program folder)")
-        ->check(IsFileName());
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options] { MakeBackup(*options); });
+        .Take("FILE", options->file,
+              "File to write, which must not be there (default: one of today in db/backup of the "
+              "program folder)")
+        .Check(IsFileName());
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options] { MakeBackup(*options); });
 }
 
 }  // namespace clb

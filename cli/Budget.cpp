@@ -47,13 +47,11 @@ void PrintBudget(const BudgetOptions& options)
 void AddBudget(CLI::App& app, int&)
 {
     auto options = std::make_shared<BudgetOptions>();
-    CLI::App* command =
-        app.add_subcommand("budget", "Print a month's budget and what was really spent");
-    command->add_option("--month", options->month, "Month (default: the present one)")
-        ->check(IsMonth());
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options] { PrintBudget(*options); });
+    Command command(app, "budget", "Print a month's budget and what was really spent");
+    command.Take("--month", options->month, "Month (default: the present one)").Check(IsMonth());
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options] { PrintBudget(*options); });
 }
 
 }  // namespace clb

@@ -90,13 +90,13 @@ int RunCheck(const CheckOptions& options)
 void AddCheck(CLI::App& app, int& exitCode)
 {
     auto options = std::make_shared<CheckOptions>();
-    CLI::App* command = app.add_subcommand(
-        "check", "Look whether the database is in order; the exit code is 2 when it is not");
-    command->add_flag("--repair", options->repair,
-                      "Store balances anew that differ from the sums of their rows");
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options, &exitCode] { exitCode = RunCheck(*options); });
+    Command command(app, "check",
+                    "Look whether the database is in order; the exit code is 2 when it is not");
+    command.Flag("--repair", options->repair,
+                 "Store balances anew that differ from the sums of their rows");
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options, &exitCode] { exitCode = RunCheck(*options); });
 }
 
 }  // namespace clb

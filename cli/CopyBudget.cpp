@@ -55,14 +55,12 @@ void CopyBudget(const CopyBudgetOptions& options)
 void AddCopyBudget(CLI::App& app, int&)
 {
     auto options = std::make_shared<CopyBudgetOptions>();
-    CLI::App* command = app.add_subcommand(
-        "copy-budget", "Make a month's budget the same as that of the month before");
-    command->add_option("MONTH", options->month, "Month to copy into")
-        ->required()
-        ->check(IsMonth());
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options] { CopyBudget(*options); });
+    Command command(app, "copy-budget",
+                    "Make a month's budget the same as that of the month before");
+    command.Take("MONTH", options->month, "Month to copy into").Required().Check(IsMonth());
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options] { CopyBudget(*options); });
 }
 
 }  // namespace clb

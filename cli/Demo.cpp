@@ -31,13 +31,12 @@ void MakeDemo(const DemoOptions& options)
 void AddDemo(CLI::App& app, int&)
 {
     auto options = std::make_shared<DemoOptions>();
-    CLI::App* command =
-        app.add_subcommand("demo", "Make a program folder with a small household's books in it");
-    command->add_option("DIR", options->folder, "Folder to make; it may exist")
-        ->required()
-        ->check(IsFolderName());
-    AddJson(*command, *options);
-    command->callback([options] { MakeDemo(*options); });
+    Command command(app, "demo", "Make a program folder with a small household's books in it");
+    command.Take("DIR", options->folder, "Folder to make; it may exist")
+        .Required()
+        .Check(IsFolderName());
+    AddJson(command, *options);
+    command.Run([options] { MakeDemo(*options); });
 }
 
 }  // namespace clb

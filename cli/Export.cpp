@@ -67,16 +67,16 @@ void ExportFile(const ExportOptions& options)
 void AddExport(CLI::App& app, int&)
 {
     auto options = std::make_shared<ExportOptions>();
-    CLI::App* command = app.add_subcommand(
-        "export", "Write all transactions of an account as an OFX 1.02 statement file");
-    command->add_option("ACCOUNT", options->account, "Account number or description")->required();
-    command->add_option("FILE", options->file, "File to write; no extension is added")
-        ->required()
-        ->check(IsFileName());
-    command->add_flag("--replace", options->replace, "Replace the file if it is there already");
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options] { ExportFile(*options); });
+    Command command(app, "export",
+                    "Write all transactions of an account as an OFX 1.02 statement file");
+    command.Take("ACCOUNT", options->account, "Account number or description").Required();
+    command.Take("FILE", options->file, "File to write; no extension is added")
+        .Required()
+        .Check(IsFileName());
+    command.Flag("--replace", options->replace, "Replace the file if it is there already");
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options] { ExportFile(*options); });
 }
 
 }  // namespace clb

@@ -246,42 +246,40 @@ int Import(const ImportOptions& options)
 void AddImport(CLI::App& app, int& exitCode)
 {
     auto options = std::make_shared<ImportOptions>();
-    CLI::App* command = app.add_subcommand(
-        "import",
+    Command command(
+        app, "import",
         "Read statement files (OFX, QFX, OFC or QIF) into their accounts; a folder stands for all "
         "statement files in it and its subfolders");
-    command->add_option("FILE", options->words, "Statement files, or folders of them")
-        ->required()
-        ->check(IsFileName());
-    CLI::Option* create =
+    command.Take("FILE", options->words, "Statement files, or folders of them")
+        .Required()
+        .Check(IsFileName());
+    const Argument create =
         command
-            ->add_option("--create", options->create,
-                         "If a file's account is not known: make a new account of this name")
-            ->type_name("NAME");
-    command->add_option("--type", options->type, "Type of the new account")
-        ->capture_default_str()
-        ->needs(create)
-        ->check(CLI::IsMember({"Bank", "Cash", "Credit Card", "Investment"}));
+            .Take("--create", options->create,
+                  "If a file's account is not known: make a new account of this name")
+            .Placeholder("NAME");
+    command.Take("--type", options->type, "Type of the new account")
+        .ShowDefault()
+        .Needs(create)
+        .OneOf({"Bank", "Cash", "Credit Card", "Investment"});
     command
-        ->add_option("--map", options->map,
-                     "If a file's account is not known: take this one, by number or description")
-        ->type_name("ACCOUNT")
-        ->excludes(create);
+        .Take("--map", options->map,
+              "If a file's account is not known: take this one, by number or description")
+        .Placeholder("ACCOUNT")
+        .Excludes(create);
     command
-        ->add_option("--qif-account", options->qifAccount,
-                     "QIF files name no account: take this one for them, by number or description "
-                     "(default: as --map or --create says)")
-        ->type_name("ACCOUNT");
-    command
-        ->add_option("--date-order", options->dateOrder,
-                     "Order of day, month and year in QIF files")
-        ->capture_default_str()
-        ->check(CLI::IsMember({"mdy", "dmy", "ymd"}));
-    command->add_flag("--dry-run", options->dryRun,
-                      "Try it on a copy of the data and of the files; nothing is changed");
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options, &exitCode] { exitCode = Import(*options); });
+        .Take("--qif-account", options->qifAccount,
+              "QIF files name no account: take this one for them, by number or description "
+              "(default: as --map or --create says)")
+        .Placeholder("ACCOUNT");
+    command.Take("--date-order", options->dateOrder, "Order of day, month and year in QIF files")
+        .ShowDefault()
+        .OneOf({"mdy", "dmy", "ymd"});
+    command.Flag("--dry-run", options->dryRun,
+                 "Try it on a copy of the data and of the files; nothing is changed");
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options, &exitCode] { exitCode = Import(*options); });
 }
 
 }  // namespace clb

@@ -39,16 +39,15 @@ void MoveTransaction(const MoveOptions& options)
 void AddMove(CLI::App& app, int&)
 {
     auto options = std::make_shared<MoveOptions>();
-    CLI::App* command =
-        app.add_subcommand("move", "Book a transaction to the month before or after");
-    AddPiece(*command, *options);
-    command->add_option("--by", options->by, "Months: -1 back, +1 forward")
-        ->type_name("-1|+1")
-        ->required()
-        ->check(CLI::IsMember({"-1", "+1", "1"}));
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options] { MoveTransaction(*options); });
+    Command command(app, "move", "Book a transaction to the month before or after");
+    AddPiece(command, *options);
+    command.Take("--by", options->by, "Months: -1 back, +1 forward")
+        .Placeholder("-1|+1")
+        .Required()
+        .OneOf({"-1", "+1", "1"});
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options] { MoveTransaction(*options); });
 }
 
 }  // namespace clb

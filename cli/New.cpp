@@ -28,13 +28,12 @@ void MakeFolder(const NewOptions& options)
 void AddNew(CLI::App& app, int&)
 {
     auto options = std::make_shared<NewOptions>();
-    CLI::App* command =
-        app.add_subcommand("new", "Make a program folder with an empty database in it");
-    command->add_option("DIR", options->folder, "Folder to make; it may exist")
-        ->required()
-        ->check(IsFolderName());
-    AddJson(*command, *options);
-    command->callback([options] { MakeFolder(*options); });
+    Command command(app, "new", "Make a program folder with an empty database in it");
+    command.Take("DIR", options->folder, "Folder to make; it may exist")
+        .Required()
+        .Check(IsFolderName());
+    AddJson(command, *options);
+    command.Run([options] { MakeFolder(*options); });
 }
 
 }  // namespace clb

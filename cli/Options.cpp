@@ -5,19 +5,19 @@
 
 namespace clb {
 
-void AddHome(CLI::App& command, FolderOptions& options)
+void AddHome(Command& command, FolderOptions& options)
 {
     command
-        .add_option("--home", options.home,
-                    "Program folder, which holds db/clb.mdb (default: the program's own folder if "
-                    "it does, else the user's data folder)")
-        ->type_name("DIR")
-        ->check(IsFolderName());
+        .Take("--home", options.home,
+              "Program folder, which holds db/clb.mdb (default: the program's own folder if it "
+              "does, else the user's data folder)")
+        .Placeholder("DIR")
+        .Check(IsFolderName());
 }
 
-void AddJson(CLI::App& command, FolderOptions& options)
+void AddJson(Command& command, FolderOptions& options)
 {
-    command.add_flag("--json", options.json, "Print one JSON object instead of text");
+    command.Flag("--json", options.json, "Print one JSON object instead of text");
 }
 
 std::string MonthText(Month month)
@@ -35,31 +35,28 @@ std::optional<Month> ReadMonth(const std::string& text)
     return Month{first->Year(), first->Month()};
 }
 
-CLI::Validator IsFolderName()
+TextCheck IsFolderName()
 {
-    return CLI::Validator(
-        [](const std::string& text) {
-            return text.empty() ? std::string("the folder's name is empty") : std::string();
-        },
-        "");
+    return {[](const std::string& text) {
+                return text.empty() ? std::string("the folder's name is empty") : std::string();
+            },
+            ""};
 }
 
-CLI::Validator IsFileName()
+TextCheck IsFileName()
 {
-    return CLI::Validator(
-        [](const std::string& text) {
-            return text.empty() ? std::string("the file's name is empty") : std::string();
-        },
-        "");
+    return {[](const std::string& text) {
+                return text.empty() ? std::string("the file's name is empty") : std::string();
+            },
+            ""};
 }
 
-CLI::Validator IsMonth()
+TextCheck IsMonth()
 {
-    return CLI::Validator(
-        [](const std::string& text) {
-            return ReadMonth(text) ? std::string() : "\"" + text + "\" is no month YYYY-MM";
-        },
-        "YYYY-MM");
+    return {[](const std::string& text) {
+                return ReadMonth(text) ? std::string() : "\"" + text + "\" is no month YYYY-MM";
+            },
+            "YYYY-MM"};
 }
 
 std::string OpenFolder(const std::optional<std::string>& home)

@@ -1,7 +1,7 @@
 #pragma once
 #include "base/Date.h"
+#include "cli/CommandLine.h"
 
-#include <CLI/CLI.hpp>
 #include <optional>
 #include <string>
 
@@ -14,14 +14,14 @@ struct FolderOptions {
 };
 
 /// --home, and --json where the command prints a result.
-void AddHome(CLI::App& command, FolderOptions& options);
-void AddJson(CLI::App& command, FolderOptions& options);
+void AddHome(Command& command, FolderOptions& options);
+void AddJson(Command& command, FolderOptions& options);
 
 /// Takes any text but the empty one.
-CLI::Validator IsFolderName();
-CLI::Validator IsFileName();
+TextCheck IsFolderName();
+TextCheck IsFileName();
 /// Takes YYYY-MM only; checked while the command line is parsed.
-CLI::Validator IsMonth();
+TextCheck IsMonth();
 /// "YYYY-MM".
 std::string MonthText(Month month);
 /// The month named so; nothing for other texts.

@@ -45,14 +45,14 @@ std::size_t RowOf(CVGrid& grid, const Piece& piece)
 
 }  // namespace
 
-void AddPiece(CLI::App& command, PieceOptions& options)
+void AddPiece(Command& command, PieceOptions& options)
 {
     command
-        .add_option("NUMBER", options.number,
-                    "Number of the transaction, as register --numbers prints it")
-        ->required();
-    command.add_option("--piece", options.piece,
-                       "Piece of a transaction that was split (default: the first)");
+        .Take("NUMBER", options.number,
+              "Number of the transaction, as register --numbers prints it")
+        .Required();
+    command.Take("--piece", options.piece,
+                 "Piece of a transaction that was split (default: the first)");
 }
 
 Piece ShowPiece(Program& program, const PieceOptions& options)

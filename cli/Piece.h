@@ -1,7 +1,7 @@
 #pragma once
 #include "base/Date.h"
+#include "cli/CommandLine.h"
 
-#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <optional>
 
@@ -20,7 +20,7 @@ struct PieceOptions {
 };
 
 /// NUMBER and --piece.
-void AddPiece(CLI::App& command, PieceOptions& options);
+void AddPiece(Command& command, PieceOptions& options);
 
 /// A piece that was found.
 struct Piece {

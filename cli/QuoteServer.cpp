@@ -119,18 +119,17 @@ void Serve(const ServerOptions& options)
 void AddQuoteServer(CLI::App& app, int&)
 {
     auto options = std::make_shared<ServerOptions>();
-    CLI::App* command =
-        app.add_subcommand("quote-server", "Serve stock quotes to this machine from a price file");
+    Command command(app, "quote-server", "Serve stock quotes to this machine from a price file");
     command
-        ->add_option("--prices", options->prices,
-                     "Price file: symbol, price, previous close, date (yyyy-mm-dd) on each line; "
-                     "read again when it changes")
-        ->required()
-        ->type_name("FILE.csv");
-    command->add_option("--port", options->port, "Port to listen on; 0: any that is free")
-        ->capture_default_str()
-        ->check(CLI::Range(0, 65535));
-    command->callback([options] { Serve(*options); });
+        .Take("--prices", options->prices,
+              "Price file: symbol, price, previous close, date (yyyy-mm-dd) on each line; "
+              "read again when it changes")
+        .Required()
+        .Placeholder("FILE.csv");
+    command.Take("--port", options->port, "Port to listen on; 0: any that is free")
+        .ShowDefault()
+        .Between(0, 65535);
+    command.Run([options] { Serve(*options); });
 }
 
 }  // namespace clb

@@ -76,13 +76,12 @@ int Update(const FolderOptions& options)
 void AddQuotes(CLI::App& app, int& exitCode)
 {
     auto options = std::make_shared<FolderOptions>();
-    CLI::App* command = app.add_subcommand(
-        "quotes",
-        "Fetch the holdings' last prices and print what changed; the service is the "
-        "settings file's QuoteService, else http://127.0.0.1:8271");
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options, &exitCode] { exitCode = Update(*options); });
+    Command command(app, "quotes",
+                    "Fetch the holdings' last prices and print what changed; the service is the "
+                    "settings file's QuoteService, else http://127.0.0.1:8271");
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options, &exitCode] { exitCode = Update(*options); });
 }
 
 }  // namespace clb

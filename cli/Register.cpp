@@ -76,19 +76,17 @@ void PrintRegister(const RegisterOptions& options)
 void AddRegister(CLI::App& app, int&)
 {
     auto options = std::make_shared<RegisterOptions>();
-    CLI::App* command = app.add_subcommand(
-        "register", "Print an account's transactions of a month, or its holdings or loans");
-    command->add_option("ACCOUNT", options->account,
-                        "Account number or description (default: the first bank, cash or "
-                        "credit-card account)");
-    command->add_option("--month", options->month, "Month (default: the present one)")
-        ->check(IsMonth());
-    command->add_flag("--numbers", options->numbers,
-                      "Print the numbers of transactions and pieces too, as split and move take "
-                      "them");
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options] { PrintRegister(*options); });
+    Command command(app, "register",
+                    "Print an account's transactions of a month, or its holdings or loans");
+    command.Take(
+        "ACCOUNT", options->account,
+        "Account number or description (default: the first bank, cash or credit-card account)");
+    command.Take("--month", options->month, "Month (default: the present one)").Check(IsMonth());
+    command.Flag("--numbers", options->numbers,
+                 "Print the numbers of transactions and pieces too, as split and move take them");
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options] { PrintRegister(*options); });
 }
 
 }  // namespace clb

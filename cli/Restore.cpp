@@ -56,16 +56,15 @@ void RestoreBackup(const RestoreOptions& options)
 void AddRestore(CLI::App& app, int&)
 {
     auto options = std::make_shared<RestoreOptions>();
-    CLI::App* command =
-        app.add_subcommand("restore", "Put a backup in the place of the database, which is kept");
+    Command command(app, "restore", "Put a backup in the place of the database, which is kept");
     command
-        ->add_option("BACKUP", options->backup,
-                     "File, or the day of a backup in db/backup of the program folder")
-        ->required()
-        ->check(IsFileName());
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options] { RestoreBackup(*options); });
+        .Take("BACKUP", options->backup,
+              "File, or the day of a backup in db/backup of the program folder")
+        .Required()
+        .Check(IsFileName());
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options] { RestoreBackup(*options); });
 }
 
 }  // namespace clb

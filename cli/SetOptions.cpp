@@ -142,26 +142,22 @@ void ShowOptions(const SetOptions& options)
 void AddOptions(CLI::App& app, int&)
 {
     auto options = std::make_shared<SetOptions>();
-    CLI::App* command =
-        app.add_subcommand("options", "Print the options; with options to set, set them first");
-    command->add_option("--bank-url", options->bankUrl, "Address of the bank's web site")
-        ->type_name("URL");
+    Command command(app, "options", "Print the options; with options to set, set them first");
+    command.Take("--bank-url", options->bankUrl, "Address of the bank's web site")
+        .Placeholder("URL");
     command
-        ->add_option("--count", options->count,
-                     "Account, by number or description, that counts in the budget; may be "
-                     "repeated")
-        ->type_name("ACCOUNT")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        .Take("--count", options->count,
+              "Account, by number or description, that counts in the budget; may be repeated")
+        .Placeholder("ACCOUNT")
+        .Repeatable();
     command
-        ->add_option("--no-count", options->noCount,
-                     "Account that does not count in the budget; may be repeated")
-        ->type_name("ACCOUNT")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options] { ShowOptions(*options); });
+        .Take("--no-count", options->noCount,
+              "Account that does not count in the budget; may be repeated")
+        .Placeholder("ACCOUNT")
+        .Repeatable();
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options] { ShowOptions(*options); });
 }
 
 }  // namespace clb

@@ -88,13 +88,13 @@ void SplitTransaction(const SplitOptions& options)
 void AddSplit(CLI::App& app, int&)
 {
     auto options = std::make_shared<SplitOptions>();
-    CLI::App* command = app.add_subcommand("split", "Split a transaction into two pieces");
-    AddPiece(*command, *options);
-    command->add_option("AMOUNT", options->amount,
-                        "What goes to the new piece (default: half, in whole cents)");
-    AddHome(*command, *options);
-    AddJson(*command, *options);
-    command->callback([options] { SplitTransaction(*options); });
+    Command command(app, "split", "Split a transaction into two pieces");
+    AddPiece(command, *options);
+    command.Take("AMOUNT", options->amount,
+                 "What goes to the new piece (default: half, in whole cents)");
+    AddHome(command, *options);
+    AddJson(command, *options);
+    command.Run([options] { SplitTransaction(*options); });
 }
 
 }  // namespace clb

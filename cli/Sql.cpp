@@ -33,13 +33,12 @@ Json Reply(const SqlOptions& options)
 void AddSql(CLI::App& app, int& exitCode)
 {
     auto options = std::make_shared<SqlOptions>();
-    CLI::App* command = app.add_subcommand(
-        "sql", "Run one SQL statement on a database and print its rows as one JSON object");
-    command->add_option("DIR", options->folder, "Program folder, which holds db/clb.mdb")
-        ->required();
-    command->add_option("STATEMENT", options->statement, "Statement of the program's SQL dialect")
-        ->required();
-    command->callback([options, &exitCode] {
+    Command command(app, "sql",
+                    "Run one SQL statement on a database and print its rows as one JSON object");
+    command.Take("DIR", options->folder, "Program folder, which holds db/clb.mdb").Required();
+    command.Take("STATEMENT", options->statement, "Statement of the program's SQL dialect")
+        .Required();
+    command.Run([options, &exitCode] {
         const Json reply = Reply(*options);
         std::cout << ToLine(reply) << '\n';
         exitCode = reply["ok"].get<bool>() ? 0 : 1;

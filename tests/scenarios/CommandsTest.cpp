@@ -1,5 +1,6 @@
 // The menus and the toolbar: captions, disabled commands, help, the web and the about box.
 
+#include "base/Text.h"
 #include "tests/scenarios/Scenario.h"
 
 namespace clb {

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "base/Text.h"
 #include "tests/scenarios/Scenario.h"
 
 namespace clb {

@@ -1,0 +1,105 @@
+#include "cli/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <utility>
+
+namespace clb {
+
+Argument& Argument::Required()
+{
+    option_->required();
+    return *this;
+}
+
+Argument& Argument::Placeholder(const std::string& name)
+{
+    option_->type_name(name);
+    return *this;
+}
+
+Argument& Argument::ShowDefault()
+{
+    option_->capture_default_str();
+    return *this;
+}
+
+Argument& Argument::Repeatable()
+{
+    option_->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    return *this;
+}
+
+Argument& Argument::Check(const TextCheck& check)
+{
+    option_->check(check.fault, check.form);
+    return *this;
+}
+
+Argument& Argument::OneOf(const std::vector<std::string>& texts)
+{
+    option_->check(CLI::IsMember(texts));
+    return *this;
+}
+
+Argument& Argument::Between(std::int32_t least, std::int32_t most)
+{
+    option_->check(CLI::Range(least, most));
+    return *this;
+}
+
+Argument& Argument::Needs(const Argument& other)
+{
+    option_->needs(other.option_);
+    return *this;
+}
+
+Argument& Argument::Excludes(const Argument& other)
+{
+    option_->excludes(other.option_);
+    return *this;
+}
+
+Command::Command(CLI::App& app, const std::string& name, const std::string& description)
+    : command_(app.add_subcommand(name, description))
+{
+}
+
+Argument Command::Take(const std::string& name, std::string& value, const std::string& help)
+{
+    return Argument(*command_->add_option(name, value, help));
+}
+
+Argument Command::Take(const std::string& name, std::optional<std::string>& value,
+                       const std::string& help)
+{
+    return Argument(*command_->add_option(name, value, help));
+}
+
+Argument Command::Take(const std::string& name, std::int32_t& value, const std::string& help)
+{
+    return Argument(*command_->add_option(name, value, help));
+}
+
+Argument Command::Take(const std::string& name, std::optional<std::int32_t>& value,
+                       const std::string& help)
+{
+    return Argument(*command_->add_option(name, value, help));
+}
+
+Argument Command::Take(const std::string& name, std::vector<std::string>& values,
+                       const std::string& help)
+{
+    return Argument(*command_->add_option(name, values, help));
+}
+
+void Command::Flag(const std::string& name, bool& value, const std::string& help)
+{
+    command_->add_flag(name, value, help);
+}
+
+void Command::Run(std::function<void()> action)
+{
+    command_->callback(std::move(action));
+}
+
+}  // namespace clb
