@@ -12,7 +12,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 reports these inside its own library at -O2 and -O3 without cause.
   target_compile_options(clb_options INTERFACE
     -Wno-null-dereference -Wno-restrict -Wno-maybe-uninitialized -Wno-stringop-overflow
-    -Wno-array-bounds)
+    -Wno-stringop-overread -Wno-array-bounds)
 endif()
 if(CLB_SANITIZE)
   target_compile_options(clb_options INTERFACE
