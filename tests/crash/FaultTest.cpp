@@ -91,7 +91,7 @@ protected:
         const TempFolder copy(parent_);
         std::filesystem::copy(folder.Path("db"), copy.Path("db"));
         std::string outcome = "wrong";
-        const std::string wrong = InOrder([&] {
+        const std::string wrong = WithNothingFailing([&] {
             return WhatIsWrong(copy.Path(), allowed, static_cast<FirstOpener>(random_() % 3),
                                start_, outcome);
         });
@@ -100,7 +100,7 @@ protected:
     }
     /// With nothing failing meanwhile.
     template <class Work>
-    std::string InOrder(Work work)
+    std::string WithNothingFailing(Work work)
     {
         files_.Pause();
         std::string result = work();
