@@ -2,9 +2,7 @@
 #include <sqlite3.h>
 
 #include <cstdint>
-#include <map>
 #include <string>
-#include <vector>
 
 namespace clb {
 

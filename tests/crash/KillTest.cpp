@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <thread>
-
 #include "tests/crash/Figures.h"
 #include "tests/crash/KilledProgram.h"
 #include "tests/crash/Undisturbed.h"
