@@ -51,7 +51,8 @@ private:
     using Value = std::string;  ///< empty for null and the empty text alike
 
     // What is shown
-    void Open();
+    /// On one of the days on which the program is started.
+    void Open(int day);
     void Refresh();
     std::vector<long> Query() const;
     std::vector<Line> Lines() const;
