@@ -304,7 +304,8 @@ std::string ModelWindow::Totals() const
     }
     // Settled: the loans of every account.
     for (const Loan& row : books_.loans)
-        first += row.original - row.paid;
+        if (books_.flaw != Flaw::OnlyShownLoans || row.account == account_)
+            first += row.original - row.paid;
     return two("Total Loans:", first, 0);
 }
 

@@ -64,7 +64,6 @@ private:
     std::string Totals() const;
     std::string Position() const;
     std::string Tip(const Line& line, bool current) const;
-    Account* AccountOf(long row);
 
     // The tree
     void BuildTree();
@@ -91,10 +90,10 @@ private:
     bool MoveTo(std::size_t row, int column);
     bool Begin(const Action& action);
     bool EndEdit();
-    void Fold(int row);
-    void ForgetFolded();
     void CancelEdit();
     std::string EditText() const;
+    void Fold(int row);
+    void ForgetFolded();
     bool Save();
     bool Leave();  ///< the grid for another control
     std::string Refusal(int& column) const;
