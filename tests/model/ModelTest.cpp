@@ -4,6 +4,7 @@
 // after each).
 //
 // For long:  CLB_MODEL_ACTIONS=200000 CLB_MODEL_SEED=1 clb_test_model
+// CLB_MODEL_RUN is the number of actions from one start to the next.
 
 #include <gtest/gtest.h>
 
@@ -51,10 +52,11 @@ TEST(ModelTest, TheProgramShowsAndStoresWhatTheModelDoes)
     const auto begin = std::chrono::steady_clock::now();
     const std::uint64_t firstSeed = Setting("CLB_MODEL_SEED", 1);
     const std::uint64_t wanted = Setting("CLB_MODEL_ACTIONS", 3000);
+    const std::uint64_t each = Setting("CLB_MODEL_RUN", kActionsOfARun);
     Tally tally;
     std::uint64_t seeds = 0;
     for (; Actions(tally) < wanted; ++seeds) {
-        const auto found = RunSeed(firstSeed + seeds, kActionsOfARun, Flaw::None, &tally);
+        const auto found = RunSeed(firstSeed + seeds, each, Flaw::None, &tally);
         ASSERT_FALSE(found.has_value()) << *found;
     }
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
