@@ -148,6 +148,13 @@ const std::vector<Typed>& SplitAmounts()
     return amounts;
 }
 
+const std::vector<std::string>& PresentDays()
+{
+    static const std::vector<std::string> days = {"2006-03-15 12:00:00", "2006-12-31 23:59:59",
+                                                  "2006-01-01", "2006-03-31"};
+    return days;
+}
+
 const std::vector<std::string>& Years()
 {
     static const std::vector<std::string> years = {"2006", "2005", "2006", "2007"};
@@ -188,6 +195,7 @@ const char* NameOf(Deed deed)
         "import records",
         "update quotes",
         "export",
+        "import another file",
         "close and open again",
         "look at everything"};
     return names.at(static_cast<std::size_t>(deed));
@@ -246,7 +254,8 @@ private:
             {Deed::MoveBack, 2},      {Deed::MoveForward, 2},  {Deed::Split, 3},
             {Deed::CopyBudget, 4},    {Deed::Options, 4},      {Deed::ImportMarkup, 4},
             {Deed::ImportRecords, 4}, {Deed::Quotes, 4},       {Deed::Export, 5},
-            {Deed::Reopen, 1},        {Deed::Look, 4},         {Deed::Fold, 3}};
+            {Deed::Reopen, 1},        {Deed::ImportOther, 1},  {Deed::Look, 4},
+            {Deed::Fold, 3}};
         int total = 0;
         for (const auto& one : odds)
             total += one.second;

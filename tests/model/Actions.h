@@ -34,8 +34,10 @@ enum class Deed {
     ImportRecords,
     Quotes,  ///< first: the prices of the day, second: request that fails, 0 = none
     Export,
-    Reopen,  ///< closes the window and starts the program again
-    Look,    ///< gives up or saves the row in edit and walks through all nodes of the tree
+    ImportOther,  ///< a file that is no statement; the window stays disabled, so the program is
+                  ///< ended and started again
+    Reopen,       ///< closes the window and starts the program again; first: in which month
+    Look,         ///< gives up or saves the row in edit and walks through all nodes of the tree
     Count
 };
 
@@ -76,6 +78,8 @@ const std::vector<Column>& ColumnsOf(int view);
 /// Second amounts of a split; the first stands for the proposed one.
 const std::vector<Typed>& SplitAmounts();
 const std::vector<std::string>& Years();
+/// Days on which the program is started.
+const std::vector<std::string>& PresentDays();
 
 /// Counts around: -1 is the last.
 std::size_t Around(int number, std::size_t count);

@@ -64,6 +64,8 @@ std::string ModelWindow::Describe(const Action& action) const
             return name + " of day " + std::to_string(action.first) +
                    (action.second != 0 ? ", request " + std::to_string(action.second) + " fails"
                                        : std::string());
+        case Deed::Reopen:
+            return name + " on " + PresentDays()[Around(action.first, PresentDays().size())];
         case Deed::Spin: return name + (action.first % 2 == 1 ? " up" : " down");
         default: return name;
     }

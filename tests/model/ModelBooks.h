@@ -39,7 +39,13 @@ struct Failure : std::runtime_error {
 };
 
 /// Deliberate mistakes, to see that they are noticed.
-enum class Flaw { None, ForgetsBudgetLine, RowsStayWithOldNumber, SplitKeepsWholeAmount };
+enum class Flaw {
+    None,
+    ForgetsBudgetLine,
+    RowsStayWithOldNumber,
+    SplitKeepsWholeAmount,
+    OnlyShownLoans
+};
 
 struct BudgetMonth {
     int year = 0;

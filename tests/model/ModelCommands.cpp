@@ -83,8 +83,9 @@ void ModelWindow::Do(const Action& action)
             return;
         case Deed::Reopen:
             if (Save())
-                Open();
+                Open(action.first);
             return;
+        case Deed::ImportOther: boxes_.push_back("Invalid file format."); return Open(0);
         default: return;
     }
 }

@@ -387,9 +387,8 @@ void ModelWindow::Delete(bool yes)
     ForgetFolded();
     row_ = std::min(row_, Lines().size());
     Balance();
-    Choose();
     if (node == 0)
-        return;
+        return Choose();
     RemoveNode(node);
     ClickNode(static_cast<std::size_t>(selected_));
 }

@@ -5,8 +5,6 @@
 namespace clb::model {
 namespace {
 
-constexpr BudgetMonth kPresent = {2006, 3};
-
 std::string Number(long number)
 {
     return std::to_string(number);
@@ -47,13 +45,14 @@ std::string Joined(const std::vector<std::string>& texts)
 ModelWindow::ModelWindow(Flaw flaw) : books_(Books::AtStart())
 {
     books_.flaw = flaw;
-    Open();
+    Open(0);
 }
 
-void ModelWindow::Open()
+void ModelWindow::Open(int day)
 {
+    const std::string present = PresentDays()[Around(day, PresentDays().size())];
     caption_ = "Net Worth - Corvane Ledgerbook";
-    month_ = kPresent;
+    month_ = {std::stoi(present.substr(0, 4)), std::stoi(present.substr(5, 2))};
     view_ = 1;
     account_.clear();
     type_.clear();
@@ -64,7 +63,7 @@ void ModelWindow::Open()
 
 void ModelWindow::OpenAt(BudgetMonth month)
 {
-    Open();
+    Open(0);
     month_ = month;
     Refresh();
 }
@@ -305,7 +304,8 @@ std::string ModelWindow::Totals() const
     }
     // Settled: the loans of every account.
     for (const Loan& row : books_.loans)
-        first += row.original - row.paid;
+        if (books_.flaw != Flaw::OnlyShownLoans || row.account == account_)
+            first += row.original - row.paid;
     return two("Total Loans:", first, 0);
 }
 

@@ -51,7 +51,8 @@ private:
     using Value = std::string;  ///< empty for null and the empty text alike
 
     // What is shown
-    void Open();
+    /// On one of the days on which the program is started.
+    void Open(int day);
     void Refresh();
     std::vector<long> Query() const;
     std::vector<Line> Lines() const;
@@ -63,7 +64,6 @@ private:
     std::string Totals() const;
     std::string Position() const;
     std::string Tip(const Line& line, bool current) const;
-    Account* AccountOf(long row);
 
     // The tree
     void BuildTree();
@@ -90,10 +90,10 @@ private:
     bool MoveTo(std::size_t row, int column);
     bool Begin(const Action& action);
     bool EndEdit();
-    void Fold(int row);
-    void ForgetFolded();
     void CancelEdit();
     std::string EditText() const;
+    void Fold(int row);
+    void ForgetFolded();
     bool Save();
     bool Leave();  ///< the grid for another control
     std::string Refusal(int& column) const;

@@ -57,19 +57,20 @@ std::optional<std::string> QuoteScript::Get(const std::string& url)
 Program::Program()
 {
     folder_.Write("db/clb.mdb", StartDatabase());
-    Open();
+    Open(0);
 }
 
 Program::Program(Program& original)
 {
     folder_.Write("db/clb.mdb", original.folder_.Read("db/clb.mdb"));
-    Open();
+    Open(0);
     window_->ChooseMonth(original.window_->cmbPeriod.Index());
     window_->EnterYear(original.window_->txtYear.Text());
 }
 
-void Program::Open()
+void Program::Open(int day)
 {
+    clock_.now = *Date::FromIso(PresentDays()[Around(day, PresentDays().size())]);
     const Ports ports{folder_.Path(), clock_, messages_, files_, shell_, pointer_,
                       dates_,         modal_, printing_, http_,  ""};
     window_ = std::make_unique<frmController>(ports, WindowMetrics());
@@ -141,7 +142,8 @@ void Program::Perform(const Action& action)
         case Deed::ImportRecords: return Import(Statement::Records(action.first), action);
         case Deed::Quotes: return Quotes(action);
         case Deed::Export: return Export();
-        case Deed::Reopen: return Reopen();
+        case Deed::ImportOther: return ImportOther();
+        case Deed::Reopen: return Reopen(action);
         default: return;
     }
 }
@@ -219,6 +221,16 @@ void Program::Import(const Statement& statement, const Action& action)
     Menu("mnuF_Import");
 }
 
+void Program::ImportOther()
+{
+    files_.answers = {folder_.Write("letter.ofx", "Dear Sir,\r\n")};
+    Menu("mnuF_Import");
+    if (window_->window.Enabled())
+        messages_.Show("the window is enabled", 0, "");
+    window_->Unload();
+    Open(0);
+}
+
 void Program::AnswerAccountQuestion(Form& form, const Action& action)
 {
     static const char* const descriptions[] = {"Visa", "Imported", "O'Neil's"};
@@ -283,10 +295,10 @@ void Program::Export()
     messages_.Show("exported " + text, 0, "");
 }
 
-void Program::Reopen()
+void Program::Reopen(const Action& action)
 {
     if (window_->Close())
-        Open();
+        Open(action.first);
 }
 
 std::vector<std::string> Program::Shown()

@@ -39,7 +39,7 @@ public:
     std::size_t Nodes() const { return static_cast<std::size_t>(window_->TreeView.Count()); }
 
 private:
-    void Open();
+    void Open(int day);
     void Perform(const Action& action);
     void Recover();
     GridComponent& Grid() { return window_->Grid.Component(); }
@@ -55,7 +55,8 @@ private:
     void AnswerAccountQuestion(Form& form, const Action& action);
     void Quotes(const Action& action);
     void Export();
-    void Reopen();
+    void ImportOther();
+    void Reopen(const Action& action);
     std::string RowText(std::size_t row);
     std::string Commands();
     void AddRows(std::vector<std::string>& all, const std::string& name, const std::string& select);

@@ -1,6 +1,7 @@
 #include "tests/model/Replay.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "tests/model/ModelWindow.h"
 #include "tests/model/Program.h"
@@ -42,6 +43,7 @@ public:
     {
     }
 
+    /// What differs after it; empty when all is alike.
     std::string Do(const Action& action)
     {
         const std::string lines =
@@ -106,6 +108,17 @@ private:
     std::vector<std::string> shown_;
 };
 
+/// As the comparison looks, without a program.
+void Look(ModelWindow& model)
+{
+    for (const Deed deed : {Deed::Save, Deed::Escape, Deed::Escape})
+        model.Do({deed, 0, 0, 0});
+    const int back = model.SelectedNode() - 1;
+    for (std::size_t node = 0; node < model.Nodes(); ++node)
+        model.Do({Deed::Press, static_cast<int>(node), 0, 0});
+    model.Do({Deed::Press, back, 0, 0});
+}
+
 std::string InWords(const std::vector<Action>& actions, Flaw flaw)
 {
     ModelWindow model(flaw);
@@ -115,8 +128,7 @@ std::string InWords(const std::vector<Action>& actions, Flaw flaw)
         if (action.deed != Deed::Look)
             model.Do(action);
         else
-            for (const Deed deed : {Deed::Save, Deed::Escape, Deed::Escape})
-                model.Do({deed, 0, 0, 0});
+            Look(model);
     }
     return text;
 }
@@ -127,10 +139,15 @@ std::optional<Difference> Replay(const std::vector<Action>& actions, Flaw flaw, 
 {
     Comparison comparison(flaw, tally);
     for (std::size_t at = 0; at < actions.size(); ++at) {
-        std::string lines = comparison.Do(actions[at]);
         const bool walks = (at + 1) % kActionsOfAWalk == 0 || at + 1 == actions.size();
-        if (lines.empty() && walks)
-            lines = comparison.Walk();
+        std::string lines;
+        try {
+            lines = comparison.Do(actions[at]);
+            if (lines.empty() && walks)
+                lines = comparison.Walk();
+        } catch (const std::exception& error) {
+            lines = std::string("  threw: ") + error.what() + "\n";
+        }
         if (!lines.empty())
             return Difference{at, lines};
     }

@@ -22,9 +22,14 @@ private:
 
 using Meant = std::pair<std::string, std::string>;
 
-const std::vector<std::string> kNames = {"Grocer", "O'Neil's", "", "Rent",
-                                         "B\xC3\xA4"
-                                         "cker"};
+const std::vector<std::string> kNames = {
+    "Grocer",
+    "O'Neil's",
+    "",
+    "Rent",
+    std::string(20, 'n') + "\xC3\xA4\xC3\xB6\xC3\xBC of the long names",
+    "B\xC3\xA4"
+    "cker"};
 const std::vector<std::string> kMemos = {
     "", "card 7", "it's due", "a memo that is longer than the fifty characters of it", "cash"};
 const std::vector<std::string> kCategories = {
@@ -49,6 +54,7 @@ Statement Statement::Markup(int seed)
     Dice dice(seed);
     Statement statement;
     statement.account = dice.Of(accounts);
+    statement.bareLines = dice.Below(5) == 0;
     for (int count = dice.Below(5); count > 0; --count) {
         StatementRecord entry;
         entry.fitid = dice.Of(ids);
@@ -76,6 +82,7 @@ Statement Statement::Records(int seed)
     Dice dice(seed);
     Statement statement;
     statement.records = true;
+    statement.bareLines = dice.Below(5) == 0;
     for (int count = dice.Below(3); count > 0; --count) {
         StatementCategory line{dice.Of(std::vector<std::string>{"Living", "Kids'", "Fun"}),
                                dice.Of(std::vector<std::string>{"Food", "Kid's", "Cinema"}),
@@ -103,7 +110,8 @@ Statement Statement::Records(int seed)
 std::string Statement::Text() const
 {
     std::string text;
-    const auto line = [&text](const std::string& one) { text += one + "\r\n"; };
+    const std::string end = bareLines ? "\n" : "\r\n";
+    const auto line = [&text, &end](const std::string& one) { text += one + end; };
     if (!records) {
         line("OFXHEADER:100");
         line("DATA:OFXSGML");

@@ -22,7 +22,8 @@ struct StatementCategory {
 
 /// A small statement file: markup with an account number, or records of one letter a line.
 struct Statement {
-    bool records = false;  ///< the second form
+    bool records = false;    ///< the second form
+    bool bareLines = false;  ///< ended by a line feed alone
     std::string account;
     std::vector<StatementRecord> entries;
     std::vector<StatementCategory> categories;
