@@ -5,6 +5,7 @@
 
 #include "app/clsOpenSave.h"
 #include "base/Numeric.h"
+#include "engine/EngineError.h"
 #include "import/frmSelectAccount.h"
 
 namespace clb {
@@ -92,7 +93,44 @@ void frmController::Load()
     View().View(vwNetWorth);
     loaded_ = true;
     View().HoldRefresh(false);
-    Data().Database().Settle();
+    Settle();
+}
+
+void frmController::Settle()
+{
+    if (!loaded_)
+        return;
+    stale_ = stale_ || Data().Database().LostGroup();
+    try {
+        Data().Database().Settle();
+    } catch (const EngineError&) {
+        stale_ = true;
+        ShowStored();
+        throw;
+    }
+    ShowStored();
+}
+
+/// What could not be saved is neither in the file nor any longer in the window.
+void frmController::ShowStored()
+{
+    if (!stale_)
+        return;
+    try {
+        Grid.Component().CancelEdit();
+        const std::int32_t selected = TreeView.Selected();
+        const TreeNode shown = TreeView.Node(selected);
+        View().BuildTree();
+        const std::int32_t node = NodeLike(shown, selected);
+        TreeView.Select(node != 0 ? node : TreeView.Selected());
+        if (node != 0)
+            View().Refresh();
+        else
+            NodeClicked(TreeView.Selected());
+        stale_ = false;
+    } catch (const RuntimeError&) {
+        // The file cannot be read either, which the next command tells.
+    }
 }
 
 void frmController::Unload()

@@ -44,6 +44,9 @@ public:
     /// Releases the view and the data store; the program ends. The window cannot be loaded again.
     void Unload();
     bool Loaded() const { return loaded_; }
+    /// Makes durable what was written, if it is loaded; front ends call it after each command.
+    /// Where writing failed the window shows what the file holds again. Throws EngineError.
+    void Settle();
 
     /// Lays the controls out for the inner size in pixels.
     void Resize(std::int32_t width, std::int32_t height);
@@ -117,6 +120,7 @@ private:
     void WireMenus();
     void WireGrid();
     void NodeClicked(std::int32_t node);
+    void ShowStored();
     /// The node that stands for what one of an earlier tree stood for, at its place before; 0 when
     /// it is gone.
     std::int32_t NodeLike(const TreeNode& sought, std::int32_t place) const;
@@ -155,6 +159,7 @@ private:
     std::int32_t width_ = 0;
     std::int32_t height_ = 0;
     bool loaded_ = false;
+    bool stale_ = false;  ///< the window shows what an error in writing took back
     modGlobals globals_;
     std::unique_ptr<modImport> import_;
     std::unique_ptr<modExport> export_;

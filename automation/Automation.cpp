@@ -91,8 +91,7 @@ Json Driver::Reporting(Work work)
 /// What the program wrote is on the disk and in the window before the reply goes out.
 void Driver::Settle()
 {
-    if (Running())
-        controller_.Data().Database().Settle();
+    controller_.Settle();
     if (presenter_)
         presenter_->ProcessEvents();
 }

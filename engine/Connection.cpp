@@ -80,6 +80,11 @@ void Connection::Settle()
     state_->Settle();
 }
 
+bool Connection::LostGroup() const
+{
+    return state_->LostGroup();
+}
+
 void Connection::Trace(std::function<void(std::string_view)> sink)
 {
     state_->trace = std::move(sink);

@@ -39,6 +39,8 @@ public:
     /// Makes everything written so far durable. Throws EngineError when that fails (disk full, file
     /// locked); what was pending is then lost and the file as before.
     void Settle();
+    /// Whether an error in writing has lost what was pending, and Settle() was not called since.
+    bool LostGroup() const;
 
     /// From now on each statement text sent (Execute, Open and Requery of result sets) is handed on
     /// before it runs; an empty function ends it.

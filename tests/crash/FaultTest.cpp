@@ -157,8 +157,6 @@ protected:
         const TempFolder copy(parent_);
         std::filesystem::copy(folder.Path("db"), copy.Path("db"));
         EXPECT_TRUE(AddsRow(program)) << Where("afterwards");
-        // What could not be saved may stand in the tree until it is built again.
-        program.Ask({{"do", "call"}, {"op", "BuildTree"}});
         const std::string shown = PortraitOf(program);
         const TableDump stored = DumpOf(folder.Path("db/clb.mdb"));
         EXPECT_EQ(program.End(), "") << Where("afterwards");
