@@ -1,11 +1,10 @@
 #pragma once
-#include <sys/types.h>
-
 #include <chrono>
 #include <string>
 #include <vector>
 
 #include "tests/crash/DrivenProgram.h"
+#include "tests/support/LinePipes.h"
 
 namespace clb {
 
@@ -17,11 +16,6 @@ public:
 
     /// Starts it and waits for nothing.
     KilledProgram(const std::string& folder, const std::string& quoteService);
-    /// Ends the input and waits, unless it was killed.
-    ~KilledProgram() override;
-    KilledProgram(const KilledProgram&) = delete;
-    KilledProgram& operator=(const KilledProgram&) = delete;
-
     Json FirstLine() override;
     Json Ask(const Json& request) override;
     /// Sends a request and waits for nothing.
@@ -34,15 +28,7 @@ public:
     std::vector<Json> Kill();
 
 private:
-    Json ReadReply();
-    bool Receive();
-    bool HasLine() const { return received_.find('\n') != std::string::npos; }
-    Json TakeLine();
-
-    pid_t process_ = -1;
-    int requests_ = -1;
-    int replies_ = -1;
-    std::string received_;
+    LinePipes program_;
 };
 
 }  // namespace clb
