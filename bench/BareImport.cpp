@@ -6,6 +6,7 @@
 // DATABASE is the delivered empty database; the new account gets the description NAME.
 
 #include "bench/Bare.h"
+#include "bench/BareRows.h"
 #include "bench/BareText.h"
 
 #include <array>
@@ -62,7 +63,7 @@ public:
         for (std::string_view block = Next(); !block.empty(); block = Next())
             if (known_.insert(ValueOf(block, "<FITID>")).second)
                 Add(block);
-        Rebalance();
+        rows_.Rebalance();
         database_.Run("COMMIT");
     }
 
@@ -117,21 +118,13 @@ private:
                                            stamp[4], stamp[5], '-',      stamp[6], stamp[7]};
         const bool check = ValueOf(block, "<TRNTYPE>") == "CHECK";
         const std::string_view name = ValueOf(block, "<NAME>");
-        const std::int64_t sequence = largest_.One() + 1;
         ProvideBudgetLine(year, period);
 
-        insert_.Bind(1, account_);
-        insert_.Bind(2, Present(ValueOf(block, "<FITID>")));
-        insert_.Bind(3, check ? Present(ValueOf(block, "<CHECKNUM>")) : "");
-        insert_.Bind(4, year);
-        insert_.Bind(5, period);
-        insert_.Bind(6, std::string_view(date.data(), date.size()));
-        insert_.Bind(7, Amount(ValueOf(block, "<TRNAMT>")));
-        insert_.Bind(8, name.empty() ? std::string_view("(blank)") : name);
-        insert_.Bind(9, Present(Cut(ValueOf(block, "<MEMO>"), kMemoLength)));
-        insert_.Bind(10, kNone);
-        insert_.Bind(11, sequence);
-        insert_.Step();
+        rows_.Add({account_, Present(ValueOf(block, "<FITID>")),
+                   check ? Present(ValueOf(block, "<CHECKNUM>")) : "", year, period,
+                   std::string_view(date.data(), date.size()), Amount(ValueOf(block, "<TRNAMT>")),
+                   name.empty() ? std::string_view("(blank)") : name,
+                   Present(Cut(ValueOf(block, "<MEMO>"), kMemoLength)), kNone});
     }
 
     /// An empty text, not null.
@@ -146,22 +139,7 @@ private:
             return;
         lastYear_ = year;
         lastPeriod_ = period;
-        for (BareStatement* statement : {&hasLine_, &addLine_}) {
-            statement->Bind(1, year);
-            statement->Bind(2, period);
-            statement->Bind(3, kNone);
-        }
-        if (hasLine_.One() == 0)
-            addLine_.Step();
-    }
-
-    void Rebalance()
-    {
-        database_
-            .Prepare(
-                "UPDATE Account SET CurrentBalance = (SELECT COALESCE(SUM(Amount), 0) FROM "
-                "Trans WHERE Trans.AccountID = Account.AccountID)")
-            .Step();
+        rows_.ProvideBudgetLine(year, period, kNone, kNone);
     }
 
     BareDatabase& database_;
@@ -173,15 +151,7 @@ private:
     std::unordered_set<std::string_view> known_;
     std::int64_t lastYear_ = 0;
     std::int64_t lastPeriod_ = 0;
-    BareStatement largest_ = database_.Prepare("SELECT MAX(Sequence) FROM Trans");
-    BareStatement insert_ = database_.Prepare(
-        "INSERT INTO Trans (AccountID, FITID, CheckID, Year, Period, PostDate, Amount, "
-        "Description, PayeeName, Category, Sequence) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-    BareStatement hasLine_ = database_.Prepare(
-        "SELECT COUNT(*) FROM Budget WHERE Year = ? AND Period = ? AND Category = ?");
-    BareStatement addLine_ = database_.Prepare(
-        "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES (?1, ?2, ?3, "
-        "?3, 0)");
+    BareRows rows_{database_};
 };
 
 }  // namespace

@@ -7,6 +7,7 @@
 // identifier that they all get.
 
 #include "bench/Bare.h"
+#include "bench/BareRows.h"
 #include "bench/BareText.h"
 
 #include <array>
@@ -43,7 +44,7 @@ public:
         FindAccount();
         while (at_ < text_.size())
             Handle(Line());
-        Rebalance();
+        rows_.Rebalance();
         database_.Run("COMMIT");
     }
 
@@ -126,35 +127,10 @@ private:
     {
         if (Known())
             return;
-        for (BareStatement* statement : {&hasLine_, &addLine_}) {
-            statement->Bind(1, year_);
-            statement->Bind(2, period_);
-            statement->Bind(3, record_.category);
-        }
-        if (hasLine_.One() == 0)
-            addLine_.Step();
-        const std::int64_t sequence = largest_.One() + 1;
-        insert_.Bind(1, account_);
-        insert_.Bind(2, run_);
-        insert_.Bind(3, record_.check);
-        insert_.Bind(4, year_);
-        insert_.Bind(5, period_);
-        insert_.Bind(6, Date());
-        insert_.Bind(7, record_.amount);
-        insert_.Bind(8, record_.payee.empty() ? std::string_view("(Blank)") : record_.payee);
-        insert_.Bind(9, record_.memo);
-        insert_.Bind(10, record_.category);
-        insert_.Bind(11, sequence);
-        insert_.Step();
-    }
-
-    void Rebalance()
-    {
-        database_
-            .Prepare(
-                "UPDATE Account SET CurrentBalance = (SELECT COALESCE(SUM(Amount), 0) FROM "
-                "Trans WHERE Trans.AccountID = Account.AccountID)")
-            .Step();
+        rows_.ProvideBudgetLine(year_, period_, record_.category, kNone);
+        rows_.Add({account_, run_, record_.check, year_, period_, Date(), record_.amount,
+                   record_.payee.empty() ? std::string_view("(Blank)") : record_.payee,
+                   record_.memo, record_.category});
     }
 
     static constexpr const char* kKnown =
@@ -173,15 +149,7 @@ private:
     std::array<char, 32> date_{};
     BareStatement known_ = database_.Prepare(kKnown);
     BareStatement knownCheck_ = database_.Prepare(std::string(kKnown) + " AND CheckID = ?6");
-    BareStatement largest_ = database_.Prepare("SELECT MAX(Sequence) FROM Trans");
-    BareStatement insert_ = database_.Prepare(
-        "INSERT INTO Trans (AccountID, FITID, CheckID, Year, Period, PostDate, Amount, "
-        "Description, PayeeName, Category, Sequence) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-    BareStatement hasLine_ = database_.Prepare(
-        "SELECT COUNT(*) FROM Budget WHERE Year = ? AND Period = ? AND Category = ?");
-    BareStatement addLine_ = database_.Prepare(
-        "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES (?1, ?2, ?3, "
-        "'(none)', 0)");
+    BareRows rows_{database_};
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "bench/Bare.h"
+#include "bench/BareRows.h"
 #include "bench/BudgetFigures.h"
 #include "bench/GrowthSteps.h"
 #include "bench/RegisterFigures.h"
@@ -97,9 +97,7 @@ GrowthCell MeasureBalances(const std::string& folder, const std::string& copy, i
         program.Window().Data().Database().Settle();
         costs.ours.push_back(watch.Elapsed());
         const Stopwatch bareWatch;
-        database.Run(
-            "UPDATE Account SET CurrentBalance = (SELECT COALESCE(SUM(Amount), 0) FROM Trans WHERE "
-            "Trans.AccountID = Account.AccountID)");
+        BareRows(database).Rebalance();
         costs.reference.push_back(bareWatch.Elapsed());
     }
     Figure figure;
