@@ -2,6 +2,7 @@
 """Changes the program in small ways, one at a time, and sees whether the tests notice.
 
     tests/mutation/mutate.py [--count 400] [--seed 1] [--only FOLDER ...] [--fresh]
+    tests/mutation/mutate.py --again             the survivors once more, after tests were added
     tests/mutation/mutate.py --report            what the run so far has found
 
 A mutant is one changed place: an operator turned, a statement dropped, a constant shifted. The sample is
@@ -178,6 +179,26 @@ def results():
     return [json.loads(line) for line in RESULTS.read_text().splitlines()]
 
 
+def judged(mutant):
+    text = (TREE / mutant["file"]).read_text()
+    old = text.split("\n")[mutant["line"] - 1]
+    now = changed(text, mutant).split("\n")[mutant["line"] - 1]
+    result = {**mutant, "old": old, "now": now, **verdict(mutant)}
+    print(f"{result['verdict']:8} {key(mutant)} {result.get('by', '')}", flush=True)
+    return result
+
+
+def try_survivors():
+    """A survivor whose line was changed since is left as it was."""
+    kept = results()
+    for at, result in enumerate(kept):
+        lines = (TREE / result["file"]).read_text().split("\n")
+        same = len(lines) >= result["line"] and lines[result["line"] - 1] == result["old"]
+        if result["verdict"] == "survived" and same:
+            kept[at] = judged({name: result[name] for name in ("file", "line", "column", "length", "new", "kind")})
+            RESULTS.write_text("".join(json.dumps(one) + "\n" for one in kept))
+
+
 def report():
     done = [result for result in results() if result["verdict"] != "invalid"]
     for folder in FOLDERS:
@@ -198,6 +219,7 @@ def main():
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--only", nargs="*", default=FOLDERS, metavar="FOLDER")
     parser.add_argument("--fresh", action="store_true", help="forget an earlier run")
+    parser.add_argument("--again", action="store_true")
     parser.add_argument("--report", action="store_true")
     options = parser.parse_args()
     if options.report:
@@ -205,6 +227,9 @@ def main():
     if options.fresh:
         RESULTS.unlink(missing_ok=True)
     prepare()
+    if options.again:
+        try_survivors()
+        return report()
     mutants = all_mutants(options.only)
     random.Random(options.seed).shuffle(mutants)
     known = {key(result): result for result in results()}
@@ -214,13 +239,9 @@ def main():
             break
         result = known.get(key(mutant))
         if not result:
-            text = (TREE / mutant["file"]).read_text()
-            old = text.split("\n")[mutant["line"] - 1]
-            now = changed(text, mutant).split("\n")[mutant["line"] - 1]
-            result = {**mutant, "old": old, "now": now, **verdict(mutant)}
+            result = judged(mutant)
             with RESULTS.open("a") as out:
                 out.write(json.dumps(result) + "\n")
-            print(f"{result['verdict']:8} {key(mutant)} {result.get('by', '')}", flush=True)
         valid += result["verdict"] != "invalid"
     report()
 
