@@ -6,6 +6,22 @@
 #include "engine/Errors.h"
 
 namespace clb {
+namespace {
+
+/// What it reads; null when the row is gone.
+template <typename Read>
+const Value* IfThere(const Read& read)
+{
+    try {
+        return read();
+    } catch (const EngineError& error) {
+        if (error.Number() != engine_errors::RowVanished)
+            throw;
+        return nullptr;
+    }
+}
+
+}  // namespace
 
 void Recordset::State::RequireOpen() const
 {
@@ -41,26 +57,29 @@ void Recordset::State::Run()
     plan = std::move(entry.plan);
     values = std::move(entry.values);
     edit = Edit::None;
-    indices.clear();
+    searched.clear();
     live.Clear();
-    rows.Start(plan->fields.size(), plan->carriesRowId ? Fetcher() : nullptr);
+    rows.Start(plan->fields.size(), Fetcher({0, plan->fields.size()}));
     slot = 0;
     ++generation;
     Load();
 }
 
-RowStore::Fetch Recordset::State::Fetcher() const
+/// None where rows carry no identity to be read again by.
+RowStore::Fetch Recordset::State::Fetcher(FieldRange range) const
 {
-    return [writer = RowWriter(*session, *plan), bound = values.get()](
+    if (!plan->carriesRowId)
+        return nullptr;
+    return [writer = RowWriter(*session, *plan), bound = values.get(), range](
                std::span<const std::int64_t> rowIds, Value* fields) mutable {
-        return writer.Read(rowIds, *bound, fields);
+        return writer.Read(rowIds, *bound, range, fields);
     };
 }
 
 /// Putting many whole rows in order takes longer than reading each by its identity.
 bool Recordset::State::LoadIdentities()
 {
-    if (!readOnly || plan->identitiesSql.empty())
+    if (plan->identitiesSql.empty())
         return false;
     if (!plan->identities)
         plan->identities = session->database.Prepare(plan->identitiesSql, true);
@@ -115,7 +134,7 @@ void Recordset::State::Close()
         return;
     session = nullptr;
     edit = Edit::None;
-    indices.clear();
+    searched.clear();
     live.Clear();
     rows.Start(0, nullptr);
     plan.reset();
@@ -154,7 +173,7 @@ void Recordset::State::SaveNew()
         std::move(change.values.begin(), change.values.end(), rows.AppendFilled(rowId));
     else
         rows.Append(rowId);
-    AddToIndices(slot);
+    AddToSearched(slot);
 }
 
 void Recordset::State::SaveChanged()
@@ -163,9 +182,9 @@ void Recordset::State::SaveChanged()
     if (change.Any())
         writer.Update(rows.RowId(slot), change);
     edit = Edit::None;
-    RemoveFromIndices(slot);
+    RemoveFromSearched(slot);
     rows.Refresh(slot);
-    AddToIndices(slot);
+    AddToSearched(slot);
 }
 
 void Recordset::State::DeleteRow()
@@ -191,50 +210,62 @@ std::size_t Recordset::State::FindFrom(std::size_t from, const Criterion& criter
 
 std::size_t Recordset::State::FindEqual(std::size_t from, const Value& sought, std::size_t field)
 {
-    const std::size_t found = IndexOf(field).Find(HashOf(sought), from, [&](std::size_t at) {
-        const Value* row = live.IsLive(at) ? ValuesIfThere(at) : nullptr;
-        return row && row[field] == sought;
+    Searched& in = SearchedField(field);
+    const std::size_t found = in.index.Find(HashOf(sought), from, [&](std::size_t at) {
+        const Value* value = live.IsLive(at) ? ValueIfThere(at, in) : nullptr;
+        return value && *value == sought;
     });
     return found == FindIndex::npos ? live.Slots() : found;
 }
 
 const Value* Recordset::State::ValuesIfThere(std::size_t at)
 {
-    try {
-        return rows.Values(at);
-    } catch (const EngineError& error) {
-        if (error.Number() != engine_errors::RowVanished)
-            throw;
-        return nullptr;
+    return IfThere([&] { return rows.Values(at); });
+}
+
+const Value* Recordset::State::ValueIfThere(std::size_t at, Searched& in)
+{
+    return IfThere([&] {
+        const bool whole = !plan->carriesRowId || rows.Holds(at);
+        return whole ? rows.Values(at) + in.field : in.column.Values(at);
+    });
+}
+
+Recordset::State::Searched& Recordset::State::SearchedField(std::size_t field)
+{
+    searched.resize(plan->fields.size());
+    if (searched[field])
+        return *searched[field];
+    auto made = std::make_unique<Searched>();
+    made->field = field;
+    made->column.Start(1, Fetcher({field, 1}));
+    for (std::size_t at = 0; at < rows.Slots(); ++at)
+        made->column.Append(rows.RowId(at));
+    for (std::size_t at = live.NextLive(0); at < live.Slots(); at = live.NextLive(at + 1))
+        if (const Value* value = ValueIfThere(at, *made))
+            made->index.Add(HashOf(*value), at);
+    searched[field] = std::move(made);
+    return *searched[field];
+}
+
+void Recordset::State::AddToSearched(std::size_t at)
+{
+    for (const auto& in : searched) {
+        if (!in)
+            continue;
+        if (at == in->column.Slots())
+            in->column.Append(rows.RowId(at));
+        else if (in->column.Holds(at))
+            in->column.Refresh(at);
+        in->index.Add(HashOf(rows.Values(at)[in->field]), at);
     }
 }
 
-FindIndex& Recordset::State::IndexOf(std::size_t field)
+void Recordset::State::RemoveFromSearched(std::size_t at)
 {
-    indices.resize(plan->fields.size());
-    auto& index = indices[field];
-    if (!index) {
-        auto made = std::make_unique<FindIndex>();
-        for (std::size_t at = live.NextLive(0); at < live.Slots(); at = live.NextLive(at + 1))
-            if (const Value* row = ValuesIfThere(at))
-                made->Add(HashOf(row[field]), at);
-        index = std::move(made);
-    }
-    return *index;
-}
-
-void Recordset::State::AddToIndices(std::size_t at)
-{
-    for (std::size_t field = 0; field < indices.size(); ++field)
-        if (indices[field])
-            indices[field]->Add(HashOf(rows.Values(at)[field]), at);
-}
-
-void Recordset::State::RemoveFromIndices(std::size_t at)
-{
-    for (std::size_t field = 0; field < indices.size(); ++field)
-        if (indices[field])
-            indices[field]->Remove(HashOf(rows.Values(at)[field]), at);
+    for (const auto& in : searched)
+        if (in)
+            in->index.Remove(HashOf(rows.Values(at)[in->field]), at);
 }
 
 }  // namespace clb

@@ -27,8 +27,14 @@ struct Recordset::State {
     std::size_t slot = 0;  // current row; live.Slots() is the place past the end
     Edit edit = Edit::None;
     RowChange change;
-    // Per field, made when first searched; deleted rows stay in them.
-    std::vector<std::unique_ptr<FindIndex>> indices;
+    /// A field that was searched: where its values stand, and the values alone, so that a search
+    /// need not read the rows whole. Deleted rows stay in both.
+    struct Searched {
+        std::size_t field = 0;
+        FindIndex index;
+        RowStore column;
+    };
+    std::vector<std::unique_ptr<Searched>> searched;  // per field, made when first searched
     std::uint64_t generation = 0;
 
     void RequireOpen() const;
@@ -57,10 +63,12 @@ private:
     std::size_t FindEqual(std::size_t from, const Value& sought, std::size_t field);
     /// Null for a row that another statement has deleted.
     const Value* ValuesIfThere(std::size_t at);
-    FindIndex& IndexOf(std::size_t field);
-    void AddToIndices(std::size_t at);
-    void RemoveFromIndices(std::size_t at);
-    RowStore::Fetch Fetcher() const;
+    /// The row's value of a searched field; null for a row that another statement has deleted.
+    const Value* ValueIfThere(std::size_t at, Searched& in);
+    Searched& SearchedField(std::size_t field);
+    void AddToSearched(std::size_t at);
+    void RemoveFromSearched(std::size_t at);
+    RowStore::Fetch Fetcher(FieldRange range) const;
 };
 
 }  // namespace clb

@@ -30,6 +30,13 @@ void RowStore::Append(std::int64_t rowId)
     rowIds_.push_back(rowId);
 }
 
+bool RowStore::Holds(std::size_t slot) const
+{
+    const std::size_t number = slot / kBlockRows;
+    return number < blocks_.size() && blocks_[number] &&
+           blocks_[number]->loaded.test(slot % kBlockRows);
+}
+
 const Value* RowStore::Values(std::size_t slot)
 {
     Block& block = BlockOf(slot);

@@ -31,6 +31,9 @@ public:
     /// Adds a row whose values are fetched when asked for.
     void Append(std::int64_t rowId);
 
+    /// Whether the row's values are held, so that asking for them reads nothing.
+    bool Holds(std::size_t slot) const;
+
     std::size_t Slots() const { return rowIds_.size(); }
     std::int64_t RowId(std::size_t slot) const { return rowIds_[slot]; }
     /// The row's values; they stay in place until another row is asked for, added or read again.

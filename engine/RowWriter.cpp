@@ -66,31 +66,31 @@ void RowWriter::Delete(std::int64_t rowId)
 }
 
 RowStore::Rows RowWriter::Read(std::span<const std::int64_t> rowIds, const BoundValues& values,
-                               Value* fields)
+                               FieldRange range, Value* fields)
 {
     const ReadGroup group(*session_);
     if (IsStretch(rowIds))
-        return ReadStretch(rowIds, values, fields);
+        return ReadStretch(rowIds, values, range, fields);
     Reader(plan_->reader, plan_->readerSql, values);
     RowStore::Rows found;
     for (std::size_t row = 0; row < rowIds.size(); ++row)
-        found.set(row, ReadRow(rowIds[row], fields + row * plan_->fields.size()));
+        found.set(row, ReadRow(rowIds[row], range, fields + row * range.count));
     return found;
 }
 
-bool RowWriter::ReadRow(std::int64_t rowId, Value* fields)
+bool RowWriter::ReadRow(std::int64_t rowId, FieldRange range, Value* fields)
 {
     Statement& reader = plan_->reader;
     const ResetAtExit reset(reader);
     reader.BindInteger(plan_->readerRowParameter, rowId);
     if (!session_->database.Step(reader))
         return false;
-    TakeRow(reader, fields);
+    TakeRow(reader, range, fields);
     return true;
 }
 
 RowStore::Rows RowWriter::ReadStretch(std::span<const std::int64_t> rowIds,
-                                      const BoundValues& values, Value* fields)
+                                      const BoundValues& values, FieldRange range, Value* fields)
 {
     Statement& reader = Reader(plan_->stretch, plan_->stretchSql, values);
     const ResetAtExit reset(reader);
@@ -105,7 +105,7 @@ RowStore::Rows RowWriter::ReadStretch(std::span<const std::int64_t> rowIds,
         if (rowIds[row] != rowId)
             continue;
         found.set(row);
-        TakeRow(reader, fields + row * plan_->fields.size());
+        TakeRow(reader, range, fields + row * range.count);
     }
     return found;
 }
@@ -119,10 +119,12 @@ Statement& RowWriter::Reader(Statement& reader, const std::string& sql, const Bo
     return reader;
 }
 
-void RowWriter::TakeRow(const Statement& reader, Value* fields) const
+void RowWriter::TakeRow(const Statement& reader, FieldRange range, Value* fields) const
 {
-    for (std::size_t i = 0; i < plan_->fields.size(); ++i)
-        fields[i] = reader.Get(static_cast<int>(i), plan_->fields[i].type);
+    for (std::size_t i = 0; i < range.count; ++i) {
+        const std::size_t field = range.first + i;
+        fields[i] = reader.Get(static_cast<int>(field), plan_->fields[field].type);
+    }
 }
 
 Statement& RowWriter::InsertFor(const std::vector<bool>& set)

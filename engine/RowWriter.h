@@ -18,6 +18,12 @@ struct RowChange {
     bool All() const;
 };
 
+/// Neighbouring fields of a result set.
+struct FieldRange {
+    std::size_t first = 0;
+    std::size_t count = 0;
+};
+
 /// Saves and reads single rows of a result set's one table. The statements are kept in the plan,
 /// one for each set of fields that was written.
 class RowWriter {
@@ -29,18 +35,18 @@ public:
     /// Throws EngineError when the row is gone.
     void Update(std::int64_t rowId, const RowChange& change);
     void Delete(std::int64_t rowId);
-    /// Fills the fields of the rows, one row behind the other, those that are gone left out.
+    /// Fills these fields of the rows, one row behind the other, those that are gone left out.
     RowStore::Rows Read(std::span<const std::int64_t> rowIds, const BoundValues& values,
-                        Value* fields);
+                        FieldRange range, Value* fields);
 
 private:
     Statement& InsertFor(const std::vector<bool>& set);
     Statement& UpdateFor(const std::vector<bool>& set);
-    bool ReadRow(std::int64_t rowId, Value* fields);
+    bool ReadRow(std::int64_t rowId, FieldRange range, Value* fields);
     RowStore::Rows ReadStretch(std::span<const std::int64_t> rowIds, const BoundValues& values,
-                               Value* fields);
+                               FieldRange range, Value* fields);
     Statement& Reader(Statement& reader, const std::string& sql, const BoundValues& values);
-    void TakeRow(const Statement& reader, Value* fields) const;
+    void TakeRow(const Statement& reader, FieldRange range, Value* fields) const;
     int BindChange(Statement& statement, const RowChange& change);
 
     Connection::State* session_;

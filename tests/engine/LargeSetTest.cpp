@@ -79,6 +79,24 @@ TEST_F(LargeSetTest, ChangesFarBehindAreSavedFoundAndDeleted)
     EXPECT_EQ(Single("SELECT COUNT(*) FROM Trans"), Value(std::int32_t{kRows - 1}));
 }
 
+TEST_F(LargeSetTest, AChangedRowIsFoundByItsNewValueAfterALongWalk)
+{
+    Recordset rows = Opened("SELECT Sequence, Description FROM Trans");
+
+    rows.Find("Description = 'row 15000'");
+    rows.Set("Description", std::string("changed"));
+    rows.Update();
+    for (rows.MoveFirst(); !rows.AtEnd(); rows.MoveNext())
+        rows.Get(0);
+
+    rows.MoveFirst();
+    rows.Find("Description = 'row 15000'");
+    EXPECT_TRUE(rows.AtEnd());
+    rows.MoveFirst();
+    rows.Find("Description = 'changed'");
+    EXPECT_EQ(rows.Get(0), Value(std::int32_t{15000}));
+}
+
 TEST_F(LargeSetTest, EveryOtherRowCanBeDeleted)
 {
     Recordset rows = Opened("SELECT Sequence FROM Trans");
