@@ -83,18 +83,18 @@ TEST_F(LargeSetTest, AChangedRowIsFoundByItsNewValueAfterALongWalk)
 {
     Recordset rows = Opened("SELECT Sequence, Description FROM Trans");
 
-    rows.Find("Description = 'row 15000'");
+    rows.Find("Description = 'row 100'");
     rows.Set("Description", std::string("changed"));
     rows.Update();
     for (rows.MoveFirst(); !rows.AtEnd(); rows.MoveNext())
         rows.Get(0);
 
     rows.MoveFirst();
-    rows.Find("Description = 'row 15000'");
+    rows.Find("Description = 'row 100'");
     EXPECT_TRUE(rows.AtEnd());
     rows.MoveFirst();
     rows.Find("Description = 'changed'");
-    EXPECT_EQ(rows.Get(0), Value(std::int32_t{15000}));
+    EXPECT_EQ(rows.Get(0), Value(std::int32_t{100}));
 }
 
 TEST_F(LargeSetTest, EveryOtherRowCanBeDeleted)
