@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "base/Text.h"
+#include "engine/Criterion.h"
+#include "engine/EngineError.h"
 
 namespace clb {
 namespace {
@@ -33,6 +35,11 @@ std::string Counted(std::int32_t count)
 
 }  // namespace
 
+NotReturned::NotReturned(std::string accountID) : accountID_(std::move(accountID))
+{
+    TakeCharacters(accountID_);
+}
+
 void NotReturned::Add(const ExportedRow& row)
 {
     ++count_;
@@ -40,19 +47,72 @@ void NotReturned::Add(const ExportedRow& row)
         Tell(row, "it has no date, and the reading ends there");
     if (!row.hasAmount)
         Tell(row, "it has no amount, and the reading ends there");
-    if (row.identifier.find('\'') != std::string_view::npos)
-        Tell(row, "an apostrophe in its identifier ends the reading there");
-    const std::string identifier = Returned(row.identifier);
-    Check(row, "identifier", row.identifier, identifier);
-    if (!identifiers_.insert(identifier).second)
-        Tell(row, "left out, its identifier is an earlier one's");
+    CheckIdentifier(row);
     if (row.postDate && row.postDate->Seconds() != 0)
         Tell(row, "its date comes back without the time of day");
     CheckTexts(row);
+    CheckCharacters(row);
     if (row.category != "(none)")
         ++categories_;
     if (row.postDate && row.month != Month{row.postDate->Year(), row.postDate->Month()})
         ++moved_;
+}
+
+/// A reader asks its account for the identifier, whose apostrophes it does not double.
+void NotReturned::CheckIdentifier(const ExportedRow& row)
+{
+    const std::string identifier = Returned(row.identifier);
+    Check(row, "identifier", row.identifier, identifier);
+    if (!identifiers_.insert(identifier).second)
+        Tell(row, "left out, its identifier is an earlier one's");
+    if (identifier.find('\'') == std::string::npos)
+        return;
+    try {
+        Criterion::Parse("FITID = '" + identifier + "'");
+        Tell(row, "an apostrophe in its identifier adds it again with each import");
+    } catch (const EngineError&) {
+        Tell(row, count_ == 1
+                      ? "an apostrophe in its identifier ends the reading there, unless the "
+                        "account is empty"
+                      : "an apostrophe in its identifier ends the reading there");
+    }
+}
+
+/// A reader takes a file whose characters all could be UTF-8 for UTF-8.
+void NotReturned::CheckCharacters(const ExportedRow& row)
+{
+    bool beyondAscii = false;
+    for (const std::string_view text : {row.identifier, row.checkID, row.description, row.notes})
+        beyondAscii = TakeCharacters(text) || beyondAscii;
+    if (beyondAscii && Misread())
+        misread_.push_back(count_);
+    else if (!Misread())
+        misread_.clear();
+}
+
+bool NotReturned::TakeCharacters(std::string_view text)
+{
+    if (IsPlain(text))
+        return false;
+    const std::string bytes = ToWindows1252(text);
+    if (std::ranges::all_of(bytes, [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+        return false;
+    if (characters_ != Characters::Windows1252)
+        characters_ = IsValidUtf8(bytes) ? Characters::LookLikeUtf8 : Characters::Windows1252;
+    return true;
+}
+
+/// Tags of the file that stand behind a text; the first one of a name counts.
+void NotReturned::CheckTags(const ExportedRow& row)
+{
+    const auto holdsTag = [](std::string_view text) {
+        for (const char* tag : {"<CHECKNUM>", "<NAME>", "<MEMO>", "</STMTTRN>"})
+            if (text.find(tag) != std::string_view::npos)
+                return true;
+        return false;
+    };
+    if (holdsTag(row.identifier) || holdsTag(row.checkID) || holdsTag(row.description))
+        Tell(row, "a tag within its texts is read as the file's own");
 }
 
 void NotReturned::CheckTexts(const ExportedRow& row)
@@ -61,6 +121,7 @@ void NotReturned::CheckTexts(const ExportedRow& row)
     Check(row, "description", row.description, description.empty() ? "(blank)" : description);
     Check(row, "notes", row.notes, Left(Returned(row.notes), kNotesLength));
     Check(row, "check number", row.checkID, Returned(row.checkID));
+    CheckTags(row);
 }
 
 void NotReturned::Check(const ExportedRow& row, const char* name, std::string_view text,
@@ -85,9 +146,21 @@ std::string NotReturned::Named(const ExportedRow& row) const
     return name.append(row.description) + ")";
 }
 
+std::set<std::int32_t> NotReturned::Rows() const
+{
+    std::set<std::int32_t> rows = rows_;
+    if (Misread())
+        rows.insert(misread_.begin(), misread_.end());
+    return rows;
+}
+
 std::vector<std::string> NotReturned::Lines() const
 {
     std::vector<std::string> lines = lines_;
+    if (Misread())
+        lines.push_back(
+            "All characters of the file could be UTF-8 and are read as such, which changes them: " +
+            Counted(static_cast<std::int32_t>(misread_.size())));
     if (const std::string account = Returned(accountID_); account != accountID_)
         lines.push_back("The account's number comes back as \"" + account + "\"");
     if (categories_ > 0)

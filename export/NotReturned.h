@@ -27,27 +27,38 @@ struct ExportedRow {
 /// without them: a statement file has no place for it, or its texts end early.
 class NotReturned {
 public:
-    explicit NotReturned(std::string accountID) : accountID_(std::move(accountID)) {}
+    explicit NotReturned(std::string accountID);
 
     /// The next transaction in the file's order.
     void Add(const ExportedRow& row);
     /// One line for each fault, in the file's order, then counts of what no file holds.
     std::vector<std::string> Lines() const;
     /// 1-based places in the file of the transactions that do not come back as they are.
-    const std::set<std::int32_t>& Rows() const { return rows_; }
+    std::set<std::int32_t> Rows() const;
 
 private:
+    /// What the file's characters so far are for a reader that does not know.
+    enum class Characters { Ascii, LookLikeUtf8, Windows1252 };
+
+    void CheckIdentifier(const ExportedRow& row);
     void CheckTexts(const ExportedRow& row);
+    void CheckCharacters(const ExportedRow& row);
+    void CheckTags(const ExportedRow& row);
     void Check(const ExportedRow& row, const char* name, std::string_view text,
                const std::string& returned);
     void Tell(const ExportedRow& row, const std::string& what);
     std::string Named(const ExportedRow& row) const;
+    bool Misread() const { return characters_ == Characters::LookLikeUtf8; }
+    /// Whether the text has characters beyond ASCII.
+    bool TakeCharacters(std::string_view text);
 
     std::string accountID_;
     std::int32_t count_ = 0;
     std::vector<std::string> lines_;
     std::set<std::int32_t> rows_;
     std::unordered_set<std::string> identifiers_;
+    Characters characters_ = Characters::Ascii;
+    std::vector<std::int32_t> misread_;  // rows that are, while all characters look like UTF-8
     std::int32_t categories_ = 0;
     std::int32_t moved_ = 0;
 };

@@ -188,6 +188,61 @@ TEST_F(ThereAndBackTest, WhatEndsTheReadingIsTold)
     EXPECT_THAT(others_.messages.boxes, SizeIs(1));
 }
 
+TEST_F(ThereAndBackTest, AnApostropheThatIsNotReadAloneIsToldAsWhatItDoes)
+{
+    Add({.fitid = "it's", .amount = "7"});
+    Add({.fitid = "a''b"});
+
+    EXPECT_THAT(
+        Told(),
+        ElementsAre("Transaction 1 (2006-03-05, Shop): an apostrophe in its identifier ends "
+                    "the reading there, unless the account is empty",
+                    "Transaction 2 (2006-03-05, Shop): an apostrophe in its identifier adds "
+                    "it again with each import"));
+    Return(others_);
+    EXPECT_THAT(Identifiers(others_), ElementsAre("it's", "a''b"));
+    others_.Execute("DELETE FROM Trans WHERE Amount = 7");
+    books_.Execute("DELETE FROM Trans WHERE Amount = 7");
+    Return(others_);
+    EXPECT_THAT(Identifiers(others_), ElementsAre("a''b", "a''b"));
+}
+
+TEST_F(ThereAndBackTest, ATagWithinATextIsTold)
+{
+    Add({.description = "a<MEMO>b", .notes = "c"});
+
+    EXPECT_THAT(Told(),
+                ElementsAre("Transaction 1 (2006-03-05, a<MEMO>b): \"a\" comes back for its "
+                            "description",
+                            "Transaction 1 (2006-03-05, a<MEMO>b): a tag within its texts "
+                            "is read as the file's own"));
+    Return(others_);
+    EXPECT_THAT(others_.Rows("SELECT PayeeName FROM Trans"), ElementsAre("b"));
+}
+
+/// "CafÃ©", which is "Café" in UTF-8: a reader cannot know better, unless the file holds other
+/// characters too.
+TEST_F(ThereAndBackTest, TextsThatLookLikeUtf8AreTold)
+{
+    const std::string garbled = "Caf\xC3\x83\xC2\xA9";
+    Add({.fitid = "F1", .description = garbled});
+    Add({.fitid = "F2"});
+
+    EXPECT_THAT(Told(),
+                ElementsAre("All characters of the file could be UTF-8 and are read as such, "
+                            "which changes them: 1 transaction"));
+    Return(others_);
+    EXPECT_THAT(others_.Rows("SELECT Description FROM Trans ORDER BY Sequence"),
+                ElementsAre("Caf\xC3\xA9", "Shop"));
+
+    Add({.fitid = "F3", .description = "\xC3\xA9"});
+    EXPECT_THAT(Told(), IsEmpty());
+    others_.Execute("DELETE FROM Trans");
+    Return(others_);
+    EXPECT_THAT(others_.Rows("SELECT Description FROM Trans ORDER BY Sequence"),
+                ElementsAre(garbled, "Shop", "\xC3\xA9"));
+}
+
 /// Random texts: a row comes back as it was exactly when nothing is told of it.
 TEST_F(ThereAndBackTest, ARowOfWhichNothingIsToldComesBackAsItWas)
 {
