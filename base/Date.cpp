@@ -38,11 +38,12 @@ int Value(std::string_view digits)
 }
 
 /// The three numbers of a date text, or nothing when it is not made of three.
-std::optional<std::array<std::string_view, 3>> ThreeNumbers(std::string_view text)
+std::optional<std::array<std::string_view, 3>> ThreeNumbers(std::string_view text,
+                                                            const char* dividers = "/-")
 {
     std::array<std::string_view, 3> numbers;
     for (std::size_t i = 0; i < 3; ++i) {
-        const std::size_t divider = text.find_first_of("/-");
+        const std::size_t divider = text.find_first_of(dividers);
         if ((divider == std::string_view::npos) != (i == 2))
             return std::nullopt;
         const auto number = Number(text.substr(0, divider));
@@ -179,7 +180,7 @@ std::optional<Date> InOrder(std::string_view text, Order order)
 {
     if (order == Order::MonthDayYear)
         return MonthDayYear(text);
-    const auto numbers = ThreeNumbers(text);
+    const auto numbers = ThreeNumbers(text, "/-.");
     if (!numbers)
         return std::nullopt;
     const auto& [first, second, third] = *numbers;

@@ -56,7 +56,7 @@ std::optional<Date> MonthDayYear(std::string_view text);
 /// The order of the three numbers, where a file's writer is known.
 enum class Order { MonthDayYear, DayMonthYear, YearMonthDay };
 /// By the rule above for month/day/year; the other two take no other order than their own, years of
-/// one or two digits as above.
+/// one or two digits as above, and dots between the numbers too.
 std::optional<Date> InOrder(std::string_view text, Order order);
 }  // namespace DateText
 

@@ -46,6 +46,9 @@ TEST(DateTest, RecordDatesOfAKnownOrderAreReadInNoOther)
     EXPECT_EQ(InOrder("2006-01-15", Order::MonthDayYear), Date::Of(2006, 1, 15));
     EXPECT_EQ(InOrder("15/1/06", Order::DayMonthYear), Date::Of(2006, 1, 15));
     EXPECT_EQ(InOrder(" 1-2 -1930", Order::DayMonthYear), Date::Of(1930, 2, 1));
+    EXPECT_EQ(InOrder("15.1.2006", Order::DayMonthYear), Date::Of(2006, 1, 15));
+    EXPECT_EQ(InOrder("2006.01.15", Order::YearMonthDay), Date::Of(2006, 1, 15));
+    EXPECT_FALSE(InOrder("1.15.2006", Order::MonthDayYear));
     EXPECT_FALSE(InOrder("1/15/06", Order::DayMonthYear));
     EXPECT_FALSE(InOrder("2006/1/15", Order::DayMonthYear));
     EXPECT_FALSE(InOrder("15/1", Order::DayMonthYear));
