@@ -64,7 +64,8 @@ bool HoldsLineFeed(const std::string& path)
 /// A new file beside another one; gone again unless it has taken a place.
 class FileBeside {
 public:
-    explicit FileBeside(const std::string& path) : name_(path + ".XXXXXX")
+    explicit FileBeside(const std::string& path)
+        : name_((fs::path(path).parent_path() / ".clb-XXXXXX").string())
     {
         const int handle = mkstemp(name_.data());
         if (handle < 0)

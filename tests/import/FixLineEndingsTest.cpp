@@ -44,6 +44,17 @@ protected:
     std::string message_;
 };
 
+/// A name may have 255 bytes: that of the kept file is the longest one.
+TEST_F(FixLineEndingsTest, ALongNameIsRepairedAsLongAsTheKeptFilesNameFits)
+{
+    const std::string name = std::string(247, 'n') + ".ofx";
+
+    EXPECT_EQ(ErrorOf(folder_.Write(name, "one\ntwo\n")), 0);
+
+    EXPECT_EQ(folder_.Read(name), "one\r\ntwo\r\n\r\n");
+    EXPECT_EQ(folder_.Read(name + ".org"), "one\ntwo\n");
+}
+
 TEST_F(FixLineEndingsTest, BareLineFeedsGetACarriageReturn)
 {
     Repair("one\ntwo\n");
@@ -185,11 +196,11 @@ TEST_F(FixLineEndingsTest, ThePermissionsStay)
 
 TEST_F(FixLineEndingsTest, ANameTooLongForTheFirstVersionChangesNothing)
 {
-    const std::string path = folder_.Write(std::string(250, 'n'), "one\ntwo\n");
+    const std::string path = folder_.Write(std::string(252, 'n'), "one\ntwo\n");
 
     EXPECT_EQ(ErrorOf(path), 75);
 
-    EXPECT_EQ(folder_.Read(std::string(250, 'n')), "one\ntwo\n");
+    EXPECT_EQ(folder_.Read(std::string(252, 'n')), "one\ntwo\n");
     EXPECT_EQ(Files(), 1U);
 }
 
