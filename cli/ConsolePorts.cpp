@@ -1,6 +1,8 @@
 #include "cli/ConsolePorts.h"
 
+#include "base/Text.h"
 #include "cli/Table.h"
+#include "import/Messages.h"
 
 #include <filesystem>
 #include <ostream>
@@ -16,13 +18,28 @@ std::string FirstLines(const std::string& text, int count)
     return text.substr(0, end);
 }
 
+/// Behind the second line of a message stands the text of a file, but for the list of lines that
+/// were skipped, which is told whole; a line can be as long as a file.
+std::string Told(const std::string& text)
+{
+    constexpr std::size_t longest = 200;
+    if (!text.starts_with(kLinesSkipped))
+        return FirstLines(text, 2);
+    std::string told;
+    for (const std::string& line : Split(text, '\n')) {
+        const std::string start = Left(line, longest);
+        told += (told.empty() ? "" : "\n") + start + (start.size() < line.size() ? "..." : "");
+    }
+    return told;
+}
+
 }  // namespace
 
 BoxAnswer ConsoleMessages::Show(const std::string& text, std::int32_t style, const std::string&)
 {
     const std::int32_t icon = box_style::Icon(style);
     refused_ = refused_ || icon == box_style::Critical || icon == box_style::Exclamation;
-    out_ << Printable(FirstLines(text, 2)) << '\n';
+    out_ << Printable(Told(text)) << '\n';
     return box_style::Buttons(style) == box_style::YesNo ? BoxAnswer::No : BoxAnswer::OK;
 }
 

@@ -10,12 +10,15 @@
 #include "cli/StatementFiles.h"
 #include "import/StatementFile.h"
 
+#include <filesystem>
 #include <iostream>
 #include <map>
 #include <memory>
 
 namespace clb {
 namespace {
+
+namespace fs = std::filesystem;
 
 struct ImportOptions : FolderOptions {
     std::vector<std::string> words;
@@ -34,6 +37,12 @@ struct Answer {
     std::string description;
     std::string type;
 };
+
+/// Where the repair of line ends keeps the former file.
+std::string OriginalOf(const std::string& path)
+{
+    return path + ".org";
+}
 
 /// Works the dialog that asks for the account of a statement; without an answer, or when it does
 /// not fit, the dialog is cancelled.
@@ -101,6 +110,7 @@ private:
     void FindAccounts();
     Answer AnswerFor(const std::string& file, clsDatabase& data) const;
     void Load(const std::string& file, const std::string& path, ImportedFile& result);
+    static void CountLeft(const std::string& path, ImportedFile& result);
     void Remember(const std::string& file, const AccountChoice& choice);
     static std::int32_t CountDescribedAs(clsDatabase& data, const std::string& description);
     static std::string NewDescription(clsDatabase& data, const std::string& wanted);
@@ -181,6 +191,21 @@ void ImportRun::Remember(const std::string& file, const AccountChoice& choice)
         qifTo_ = choice.Given().description;
 }
 
+/// Told from the file as it stands. The lines that an earlier run's repair dropped are left out
+/// still.
+void ImportRun::CountLeft(const std::string& path, ImportedFile& result)
+{
+    const std::string text = ReadStatement(path);
+    result.leftOut = CountLeftOut(text, !IsQif(result.file));
+    const std::string original = OriginalOf(result.file);
+    std::error_code ignored;
+    if (result.leftOut.linesBehindRepair > 0 || !fs::is_regular_file(original, ignored))
+        return;
+    result.leftOut.linesBehindRepair = LinesRepairedAway(text, ReadStatement(original));
+    if (result.leftOut.linesBehindRepair > 0)
+        result.whole = original;
+}
+
 void ImportRun::Load(const std::string& file, const std::string& path, ImportedFile& result)
 {
     AccountChoice choice;
@@ -192,7 +217,7 @@ void ImportRun::Load(const std::string& file, const std::string& path, ImportedF
     modImport& import = program.Window().Import();
     import.QifDateOrder(orders.at(options_.dateOrder));
     try {
-        result.leftOut = CountLeftOut(ReadStatement(path), !IsQif(file));
+        CountLeft(path, result);
         program.Files().Choose(path);
         program.Press("mnuF_Import");
     } catch (const RuntimeError& error) {
@@ -212,12 +237,20 @@ ImportedFile ImportRun::Import(const std::string& file)
     ImportedFile result;
     result.file = file;
     const std::string path = trial_ ? trial_->CopyStatement(file) : file;
+    std::error_code ignored;
+    const bool kept = fs::exists(OriginalOf(path), ignored);
     const Overheard overheard(std::cerr);
     Load(file, path, result);
     // A trial tells of the file, not of its copy.
     result.told = Replace(overheard.Text(), path, file);
+    const bool repaired = !kept && fs::exists(OriginalOf(path), ignored);
+    if (repaired && !trial_)
+        result.whole = OriginalOf(path);
+    // Of a file that was not read nothing is left out but what its repair has dropped.
     if (result.added + result.skipped == 0 && result.refused)
-        result.leftOut = {};
+        result.leftOut = {.linesBehindRepair = repaired || !result.whole.empty()
+                                                   ? result.leftOut.linesBehindRepair
+                                                   : 0};
     return result;
 }
 

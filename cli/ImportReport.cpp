@@ -1,6 +1,7 @@
 #include "cli/ImportReport.h"
 
 #include "automation/ValueJson.h"
+#include "base/Text.h"
 #include "cli/Table.h"
 
 #include <algorithm>
@@ -14,16 +15,24 @@ std::string Counted(std::size_t count, const std::string& one, const std::string
     return std::to_string(count) + ' ' + (count == 1 ? one : many);
 }
 
-std::vector<std::string> Warnings(const LeftOut& leftOut)
+std::vector<std::string> Warnings(const ImportedFile& file)
 {
+    const LeftOut& leftOut = file.leftOut;
     std::vector<std::string> lines;
     if (leftOut.linesBehindRepair > 0)
         lines.push_back(Counted(leftOut.linesBehindRepair, "line", "lines") +
                         " left out: mixed line ends, the repair keeps the file up to its first "
-                        "carriage return");
+                        "carriage return" +
+                        (file.whole.empty() ? "" : "; all of it is in " + file.whole));
     if (leftOut.behindEmptyTransaction > 0)
         lines.push_back(Counted(leftOut.behindEmptyTransaction, "transaction", "transactions") +
                         " left out behind an empty transaction, which ends the reading");
+    if (leftOut.beforeAccount > 0)
+        lines.push_back(Counted(leftOut.beforeAccount, "transaction", "transactions") +
+                        " left out in front of the file's first account number");
+    if (leftOut.notClosed > 0)
+        lines.push_back(Counted(leftOut.notClosed, "transaction", "transactions") +
+                        " left out: not closed, or inside one that is not");
     if (leftOut.furtherAccounts > 0)
         lines.push_back(Counted(leftOut.furtherAccounts, "further account", "further accounts") +
                         ": all transactions go into the file's first account");
@@ -34,20 +43,33 @@ std::vector<std::string> Warnings(const LeftOut& leftOut)
     return lines;
 }
 
-/// The message's first line.
-std::string Reason(const ImportedFile& file)
+/// What the program said, line by line.
+std::vector<std::string> Reason(const ImportedFile& file)
 {
     if (file.accountMissing && file.told.empty())
-        return "The file's account is not known: --create, --map or --qif-account names one.";
-    return file.told.substr(0, file.told.find('\n'));
+        return {"The file's account is not known: --create, --map or --qif-account names one."};
+    std::vector<std::string> lines = Split(file.told, '\n');
+    if (lines.size() > 1 && lines.back().empty())
+        lines.pop_back();
+    return lines;
+}
+
+std::string Joined(const std::vector<std::string>& lines)
+{
+    std::string text = lines.front();
+    for (std::size_t n = 1; n < lines.size(); ++n)
+        text += '\n' + lines[n];
+    return text;
 }
 
 Json ToJson(const ImportedFile& file)
 {
     Json json = {{"file", file.file}, {"imported", file.added}, {"skipped", file.skipped}};
-    json["refused"] = file.refused ? Json(Reason(file)) : Json();
+    json["refused"] = file.refused ? Json(Joined(Reason(file))) : Json();
     json["leftOut"] = {{"linesBehindRepair", file.leftOut.linesBehindRepair},
                        {"behindEmptyTransaction", file.leftOut.behindEmptyTransaction},
+                       {"beforeAccount", file.leftOut.beforeAccount},
+                       {"notClosed", file.leftOut.notClosed},
                        {"furtherAccounts", file.leftOut.furtherAccounts},
                        {"withoutIdentifier", file.leftOut.withoutIdentifier}};
     return json;
@@ -68,7 +90,7 @@ void ImportReport::PrintOne(bool json) const
         std::cerr << "The file's account is not known. Say which it is:\n"
                      "  --create NAME --type TYPE   makes a new account\n"
                      "  --map ACCOUNT               takes an existing one\n";
-    for (const std::string& warning : Warnings(file.leftOut))
+    for (const std::string& warning : Warnings(file))
         std::cerr << "Warning: " << warning << '\n';
     if (json)
         std::cout << ToLine(ToJson(file)) << '\n';
@@ -100,9 +122,13 @@ void ImportReport::PrintTable() const
     for (const ImportedFile& file : files_) {
         added += file.added;
         skipped += file.skipped;
-        table.AddRow({file.file, std::to_string(file.added), std::to_string(file.skipped),
-                      file.refused ? Reason(file) : ""});
-        for (const std::string& warning : Warnings(file.leftOut))
+        const std::vector<std::string> reason =
+            file.refused ? Reason(file) : std::vector<std::string>{""};
+        table.AddRow(
+            {file.file, std::to_string(file.added), std::to_string(file.skipped), reason.front()});
+        for (std::size_t n = 1; n < reason.size(); ++n)
+            table.AddLine("  " + reason[n]);
+        for (const std::string& warning : Warnings(file))
             table.AddLine("  Warning: " + warning);
     }
     table.Print(std::cout);

@@ -30,11 +30,27 @@ std::size_t FilledLines(std::string_view text)
     return count;
 }
 
+/// What the repair keeps: all up to the first carriage return, where that holds a line feed.
+std::string_view KeptByRepair(std::string_view text)
+{
+    const std::string_view firstLine = text.substr(0, text.find('\r'));
+    return firstLine.find('\n') == std::string_view::npos ? text : firstLine;
+}
+
 /// A value before the repair: it ends at a bare line feed too, which gets its carriage return.
 std::string_view Value(std::string_view text, std::string_view tag, std::size_t from)
 {
     std::string_view value = scan::Value(text, tag, from);
     return TrimRight(value.substr(0, value.find('\n')));
+}
+
+std::size_t Openings(std::string_view text)
+{
+    std::size_t count = 0;
+    for (std::size_t at = scan::Find(text, kOpen, 0); at != scan::None;
+         at = scan::Find(text, kOpen, at + kOpen.size()))
+        ++count;
+    return count;
 }
 
 /// Walks over the transactions as the reader does, and on behind the place where it stops.
@@ -45,8 +61,10 @@ public:
     void Count(LeftOut& result)
     {
         at_ = scan::Find(text_, kAccount, ByteOffset(text_, kSearchStart));
+        result.beforeAccount = Openings(text_.substr(0, at_));
         if (at_ == scan::None)
             return;
+        result.notClosed = Openings(text_.substr(at_));
         const std::string_view first = Value(text_, kAccount, at_);
         std::string_view account = first;
         std::set<std::string_view> others;
@@ -54,6 +72,7 @@ public:
         for (std::size_t open = Next(); open != scan::None; open = Next()) {
             account = LastAccount(account, open);
             const std::string_view block = Take(open);
+            --result.notClosed;
             if (stopped && !block.empty())
                 ++result.behindEmptyTransaction;
             stopped = stopped || block.empty();
@@ -98,15 +117,18 @@ private:
 LeftOut CountLeftOut(std::string_view text, bool markup)
 {
     LeftOut result;
-    const std::size_t end = std::min(text.find('\r'), text.size());
-    const std::string_view firstLine = text.substr(0, end);
-    if (firstLine.find('\n') != std::string_view::npos) {
-        result.linesBehindRepair = FilledLines(text.substr(end));
-        text = firstLine;
-    }
+    const std::string_view kept = KeptByRepair(text);
+    result.linesBehindRepair = FilledLines(text.substr(kept.size()));
     if (markup)
-        Walk(text).Count(result);
+        Walk(kept).Count(result);
     return result;
+}
+
+std::size_t LinesRepairedAway(std::string_view text, std::string_view original)
+{
+    const std::string_view kept = KeptByRepair(original);
+    const bool made = Replace(text, "\r\n", "\n") == std::string(kept) + "\n";
+    return made ? FilledLines(original.substr(kept.size())) : 0;
 }
 
 }  // namespace clb

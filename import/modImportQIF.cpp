@@ -270,9 +270,7 @@ void modImport::ImportQIF(const std::string& path)
     database_.Database().Group();
     reader.Read(text);
     if (!reader.Skipped().empty())
-        messages_.Show("Invalid data was found while importing. The following lines were skipped:" +
-                           reader.Skipped(),
-                       box_style::Exclamation, kMessageTitle);
+        messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, kMessageTitle);
 }
 
 }  // namespace clb

@@ -94,11 +94,11 @@ TEST_F(ImportFilesTest, AFileThatFailsDoesNotStopTheOthers)
 
     const Json files = Json::parse(Out())["files"];
     ASSERT_EQ(files.size(), 5U);
-    EXPECT_EQ(files[0]["refused"], "Invalid data was found while importing:");
+    EXPECT_EQ(files[0]["refused"], "Invalid data was found while importing:\n<TRNAMT>");
     EXPECT_EQ(files[0]["imported"], 1);
     EXPECT_NE(files[1]["refused"], nullptr);
     EXPECT_EQ(files[2]["refused"],
-              "Invalid data was found while importing. The following lines were skipped:");
+              "Invalid data was found while importing. The following lines were skipped:\nDsoon");
     EXPECT_EQ(files[2]["imported"], 1);
     EXPECT_EQ(files[3]["refused"], nullptr);
     EXPECT_EQ(files[4]["refused"], "File not found");
@@ -183,6 +183,41 @@ TEST_F(ImportFilesTest, WhatTheRulesLeaveOutIsToldWithItsNumbers)
           "2 lines left out: mixed line ends"})
         EXPECT_THAT(Out(), HasSubstr(std::string("  Warning: ") + warning));
     EXPECT_EQ(Sql("SELECT COUNT(1) AS N FROM Trans"), "[[5]]");
+}
+
+TEST_F(ImportFilesTest, EverySkippedLineIsListed)
+{
+    const std::string text = "!Type:Bank\r\nDsoon\r\nDlater\r\nDnever\r\n^\r\n";
+    folder.Write("in/a.qif", text);
+    folder.Write("b.qif", text);
+
+    EXPECT_EQ(Run("import" + File("in") + " --qif-account B-1" + Home()), 1);
+    EXPECT_THAT(Out(), HasSubstr("lines were skipped:\n  Dsoon\n  Dlater\n  Dnever\n"));
+
+    EXPECT_EQ(Run("import" + File("b.qif") + " --qif-account B-1" + Home()), 1);
+    EXPECT_THAT(Err(), HasSubstr("lines were skipped:\nDsoon\nDlater\nDnever\n"));
+}
+
+/// The repair has cut the file by the time the account turns out to be missing.
+TEST_F(ImportFilesTest, LinesThatTheRepairDropsAreToldUntilTheFileIsReadWhole)
+{
+    const std::string file = File("a.ofx");
+    folder.Write("a.ofx", "OFXHEADER:100\nDATA:OFXSGML\nVERSION:102\n<OFX>\n<ACCTID>new\n" +
+                              Transaction("F1") + "\r\n" + Transaction("F2") + "\r\n</OFX>\r\n");
+    const std::string warning =
+        "Warning: 2 lines left out: mixed line ends, the repair keeps the "
+        "file up to its first carriage return; all of it is in " +
+        folder.Path("a.ofx.org") + "\n";
+
+    EXPECT_EQ(Run("import" + file + Home()), 1);
+    EXPECT_THAT(Err(), HasSubstr(warning));
+    EXPECT_EQ(Run("import" + file + " --create New" + Home()), 0);
+    EXPECT_EQ(Err(), warning);
+    EXPECT_EQ(Out(), "Imported 1 transaction\n");
+
+    folder.Write("a.ofx", Ofx("new", Transaction("F1") + Transaction("F2")));
+    EXPECT_EQ(Run("import" + file + Home()), 0);
+    EXPECT_EQ(Err(), "");
 }
 
 TEST_F(ImportFilesTest, OneFilesWarningsGoToStandardError)

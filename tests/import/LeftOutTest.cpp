@@ -41,6 +41,15 @@ TEST(LeftOutTest, WhatTheRepairDropsCountsAsLinesOnly)
     EXPECT_EQ(CountLeftOut(text, true), LeftOut{.linesBehindRepair = 8});
 }
 
+TEST(LeftOutTest, LinesOfTheOriginalThatARepairedFileLacks)
+{
+    const std::string original = "!Type:Bank\nT1\n^\r\nT2\r\n^\r\n\r\n";
+    EXPECT_EQ(LinesRepairedAway("!Type:Bank\r\nT1\r\n^\r\n", original), 2U);
+    EXPECT_EQ(LinesRepairedAway("!Type:Bank\r\nT3\r\n^\r\n", original), 0U);
+    EXPECT_EQ(LinesRepairedAway("!Type:Bank\r\nT1\r\n^\r\n", "!Type:Bank\nT1\n^"), 0U);
+    EXPECT_EQ(LinesRepairedAway(original, original), 0U);
+}
+
 TEST(LeftOutTest, TransactionsBehindAnEmptyOne)
 {
     EXPECT_EQ(CountLeftOut("<OFC>\r\n<ACCTID>1\r\n" + Transaction("F1") + "<STMTTRN></STMTTRN>" +
@@ -48,6 +57,26 @@ TEST(LeftOutTest, TransactionsBehindAnEmptyOne)
                            true),
               LeftOut{.behindEmptyTransaction = 2});
     EXPECT_EQ(CountLeftOut("<OFC>\r\n<ACCTID>1\r\n<STMTTRN></STMTTRN>", true), LeftOut());
+}
+
+TEST(LeftOutTest, TransactionsInFrontOfTheFirstAccount)
+{
+    EXPECT_EQ(
+        CountLeftOut("<OFC>\r\n" + Transaction("F1") + "<ACCTID>1\r\n" + Transaction("F2"), true),
+        LeftOut{.beforeAccount = 1});
+    EXPECT_EQ(CountLeftOut("<OFC>\r\n" + Transaction("F1") + Transaction("F2"), true),
+              LeftOut{.beforeAccount = 2});
+}
+
+TEST(LeftOutTest, TransactionsThatAreNotClosed)
+{
+    const std::string open = "<STMTTRN>\r\n<FITID>F9\r\n";
+    const std::string account = "<OFC>\r\n<ACCTID>1\r\n";
+    EXPECT_EQ(CountLeftOut(account + Transaction("F1") + open, true), LeftOut{.notClosed = 1});
+    // The open one takes the next one's end, and that one with it.
+    EXPECT_EQ(CountLeftOut(account + open + Transaction("F1") + Transaction("F2"), true),
+              LeftOut{.notClosed = 1});
+    EXPECT_EQ(CountLeftOut(account + open + open, true), LeftOut{.notClosed = 2});
 }
 
 TEST(LeftOutTest, FurtherAccountsThatHaveTransactions)
@@ -84,8 +113,9 @@ TEST(LeftOutTest, TransactionsWithoutAnIdentifier)
 
 TEST(LeftOutTest, WhatStandsBeforeTheAccountOrIsNotClosedIsNotRead)
 {
-    EXPECT_EQ(CountLeftOut(Transaction("") + "<ACCTID>1" + "<STMTTRN><TRNAMT>1", true), LeftOut());
-    EXPECT_EQ(CountLeftOut("<ACCTID>1" + Transaction(""), true), LeftOut());
+    EXPECT_EQ(CountLeftOut(Transaction("") + "<ACCTID>1" + "<STMTTRN><TRNAMT>1", true),
+              (LeftOut{.beforeAccount = 1, .notClosed = 1}));
+    EXPECT_EQ(CountLeftOut("<ACCTID>1" + Transaction(""), true), LeftOut{.beforeAccount = 1});
 }
 
 }  // namespace
