@@ -43,7 +43,6 @@ public:
         writer.Text("VALUES (");
         for (std::size_t i = 0; i < columns.size(); ++i) {
             checker.Check(*insert.values[i], false);
-            RequireStorable(*insert.values[i], *columns[i]);
             writer.Text(i ? ", " : "").WriteForColumn(*insert.values[i], *columns[i]);
         }
         writer.Text(")");

@@ -125,6 +125,21 @@ TEST_F(BackupTest, ADatabaseIsReplacedAndKept)
     EXPECT_FALSE(std::filesystem::exists(Sibling("fresh.mdb")));
 }
 
+/// The journal of a killed program would be played back into the new file.
+TEST_F(BackupTest, AJournalOfAnUnusableDatabaseIsKeptWithIt)
+{
+    CopyDatabase(path_, Sibling("fresh.mdb"));
+    connection_ = Connection();
+    Write(path_, "");
+    Write(path_ + "-journal", "journal");
+
+    ReplaceDatabase(path_, Sibling("fresh.mdb"), Sibling("kept.mdb"));
+
+    EXPECT_FALSE(std::filesystem::exists(path_ + "-journal"));
+    EXPECT_EQ(Bytes(Sibling("kept.mdb-journal")), "journal");
+    EXPECT_EQ(RowsIn(path_, "SELECT COUNT(*) FROM Trans"), Lines{"0"});
+}
+
 TEST_F(BackupTest, ADatabaseInUseIsNotReplaced)
 {
     CopyDatabase(path_, Sibling("fresh.mdb"));

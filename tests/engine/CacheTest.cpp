@@ -1,6 +1,7 @@
 // Statements built anew by concatenation share their plan; nothing else of them may be shared.
 #include "EngineFixture.h"
 #include "engine/Lexer.h"
+#include "engine/StatementCache.h"
 
 namespace clb {
 namespace {
@@ -29,6 +30,22 @@ TEST_F(CacheTest, StatementsThatDifferInLiteralsOfOneKindHaveOneShape)
     EXPECT_FALSE(SameShape("SELECT TOP 1 a", "SELECT TOP 2 a"));
     EXPECT_FALSE(SameShape("ORDER BY 1", "ORDER BY 2"));
     EXPECT_FALSE(SameShape("[a b]", "[a] b"));
+}
+
+TEST(StatementCacheTest, TheLongestUnusedGoesFirst)
+{
+    StatementCache cache;
+    for (int i = 0; i < 256; ++i)
+        cache.AddText(std::to_string(i), {});
+    EXPECT_NE(cache.FindText("0"), nullptr);
+
+    cache.AddText("256", {});
+
+    EXPECT_EQ(cache.FindText("1"), nullptr);
+    for (const char* kept : {"0", "2", "255", "256"})
+        EXPECT_NE(cache.FindText(kept), nullptr) << kept;
+    cache.Clear();
+    EXPECT_EQ(cache.FindText("0"), nullptr);
 }
 
 TEST_F(CacheTest, EveryStatementHasItsOwnValues)

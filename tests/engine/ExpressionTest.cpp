@@ -48,6 +48,12 @@ TEST_F(ExpressionTest, ConditionsKeepTheirPrecedence)
     EXPECT_EQ(Ids("NULL"), "");
 }
 
+TEST_F(ExpressionTest, ANumberTooLargeToBeScaledIsRoundedToItself)
+{
+    EXPECT_EQ(Of("Round(1E308, 15)"), "1E+308");
+    EXPECT_EQ(Of("Round(-1E308, 1)"), "-1E+308");
+}
+
 TEST_F(ExpressionTest, NullIsNeitherEqualNorUnequal)
 {
     EXPECT_EQ(Ids("n <> 5"), "3");

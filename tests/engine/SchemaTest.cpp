@@ -1,5 +1,6 @@
 // CREATE, ALTER and DROP.
 #include "EngineFixture.h"
+#include "engine/Database.h"
 
 namespace clb {
 namespace {
@@ -117,6 +118,47 @@ TEST_F(SchemaTest, AnAlteredTableKeepsOrderCounterDefaultsIndicesAndTriggers)
               engine_errors::Constraint);
     Run("DROP INDEX LoanName ON Loan");
     Run("INSERT INTO Loan (Description) VALUES ('a')");
+}
+
+TEST_F(SchemaTest, AnAlteredTableKeepsItsPrimaryKeyAndItsOtherKeys)
+{
+    Run("CREATE TABLE T (a LONG, b LONG, c TEXT, CONSTRAINT u UNIQUE (c), CONSTRAINT p PRIMARY KEY "
+        "(a, b))");
+    Run("ALTER TABLE T ALTER COLUMN c TEXT(9)");
+    connection_.Settle();
+
+    Database stored;
+    stored.OpenToRead(path_);
+    Statement keys = stored.Prepare(
+        "SELECT group_concat(origin), (SELECT group_concat(name) FROM pragma_table_info('T') WHERE "
+        "pk > 0) FROM (SELECT origin FROM pragma_index_list('T') ORDER BY origin)");
+    ASSERT_TRUE(stored.Step(keys));
+    EXPECT_EQ(keys.Text(0), "pk,u");
+    EXPECT_EQ(keys.Text(1), "a,b");
+}
+
+TEST_F(SchemaTest, ATableWithClausesThatWouldBeLostIsNotAltered)
+{
+    for (const std::string clause : {"CHECK (a > 0)", "REFERENCES O(b)", "COLLATE NOCASE"}) {
+        const std::string path = path_ + std::to_string(clause.size());
+        Connection::CreateFile(
+            path, "CREATE TABLE O (b LONG); CREATE TABLE T (a LONG " + clause + ", t TEXT)");
+        Connection other;
+        other.Open("Data Source=" + path);
+
+        const auto error = ErrorOf([&] { other.Execute("ALTER TABLE T ALTER COLUMN t TEXT(9)"); });
+
+        EXPECT_EQ(error.what(), "The table 'T' has a " + clause.substr(0, clause.find(' ')) +
+                                    " clause; its columns keep their types.");
+    }
+}
+
+TEST_F(SchemaTest, ACounterStaysOneAndNoColumnBecomesOne)
+{
+    for (const char* column : {"Sequence LONG", "Description COUNTER"})
+        EXPECT_STREQ(
+            ErrorOf([&] { Run("ALTER TABLE Loan ALTER COLUMN " + std::string(column)); }).what(),
+            "The type of a counter cannot be changed.");
 }
 
 TEST_F(SchemaTest, AnIndexIsCreatedAndDropped)

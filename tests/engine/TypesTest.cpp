@@ -68,6 +68,15 @@ TEST_F(TypesTest, TextsAreReadAsTheColumnsTypeWhenStored)
     EXPECT_EQ(Rows("SELECT * FROM T"), Lines{"12|1234.56|1000|2006-01-31|12.50"});
 }
 
+TEST_F(TypesTest, AmountsTakeExponents)
+{
+    RunAll({"CREATE TABLE T (m MONEY)", "INSERT INTO T VALUES (12.5E1)",
+            "INSERT INTO T VALUES (125e-1)", "INSERT INTO T VALUES (0.00125E+3)",
+            "INSERT INTO T VALUES (12E12)"});
+
+    EXPECT_EQ(Rows("SELECT m FROM T"), (Lines{"125", "12.5", "1.25", "12000000000000"}));
+}
+
 TEST_F(TypesTest, NumbersAreRoundedHalfToEvenWhenStored)
 {
     RunAll({"CREATE TABLE T (l LONG, m MONEY)", "INSERT INTO T VALUES (2.5, 0.00005)",
