@@ -6,14 +6,14 @@
     tests/mutation/mutate.py --report            what the run so far has found
 
 A mutant is one changed place: an operator turned, a statement dropped, a constant shifted. The sample is
-random but the same for the same seed and source. Each mutant is built and tested in a clone of its own in
+random but the same for the same seed and source; a change elsewhere hardly changes it. Each mutant is built and tested in a clone of its own in
 build/mutation, never in the working tree; a run that was stopped goes on where it was. What does not
 compile is no mutant and another one is drawn.
 """
 import argparse
+import hashlib
 import json
 import os
-import random
 import re
 import subprocess
 import sys
@@ -36,6 +36,9 @@ TESTS = {
     "export": ["export", "app", "cli", "scenarios"],
     "views": ["views", "app", "scenarios", "cli"],
 }
+# They wait for a lock, or read 100 MB, and would double the time.
+SLOW = ["EndlessLineTest.*", "TroubleTest.*AnotherProgramHolds*", "DurabilityTest.*AnotherProgramWrites*",
+        "CrashTest.AGroupThatCannotBeSettled*"]
 TURNED = {
     " == ": " != ", " != ": " == ", " < ": " <= ", " > ": " >= ", " <= ": " < ", " >= ": " > ",
     " && ": " || ", " || ": " && ", " + ": " - ", " - ": " + ", " += ": " -= ", " * ": " / ", "++": "--",
@@ -105,9 +108,10 @@ def all_mutants(folders):
     mutants = []
     for folder in folders:
         for path in sorted((TREE / folder).glob("*.cpp")):
+            lines = path.read_text().split("\n")
             for number, column, length, new, kind in places(path):
                 mutants.append({"file": f"{folder}/{path.name}", "line": number, "column": column,
-                                "length": length, "new": new, "kind": kind})
+                                "length": length, "new": new, "kind": kind, "old": lines[number - 1]})
     return mutants
 
 
@@ -165,8 +169,8 @@ def verdict(mutant):
             return {"verdict": "invalid"}
         for name in filter(usable, TESTS[mutant["file"].split("/")[0]]):
             program = BUILD / "tests" / f"clb_test_{name}"
-            done = run([str(program), "--gtest_fail_fast", "--gtest_brief=1"], 300, cwd=BUILD / "tests",
-                       env=ENVIRONMENT)
+            done = run([str(program), "--gtest_fail_fast", "--gtest_brief=1", "--gtest_filter=-" + ":".join(SLOW)],
+                       300, cwd=BUILD / "tests", env=ENVIRONMENT)
             if done is None:
                 return {"verdict": "killed", "by": f"{name}: no end"}
             if done.returncode != 0:
@@ -178,7 +182,11 @@ def verdict(mutant):
 
 
 def key(mutant):
-    return f"{mutant['file']}:{mutant['line']}:{mutant['column']}:{mutant['new']}"
+    return f"{mutant['file']}:{mutant['column']}:{mutant['new']}:{mutant['old']}"
+
+
+def place(mutant):
+    return f"{mutant['file']}:{mutant['line']}:{mutant['column']} {mutant['new']}"
 
 
 def results():
@@ -188,22 +196,19 @@ def results():
 
 
 def judged(mutant):
-    text = (TREE / mutant["file"]).read_text()
-    old = text.split("\n")[mutant["line"] - 1]
-    now = changed(text, mutant).split("\n")[mutant["line"] - 1]
-    result = {**mutant, "old": old, "now": now, **verdict(mutant)}
-    print(f"{result['verdict']:8} {key(mutant)} {result.get('by', '')}", flush=True)
+    now = changed((TREE / mutant["file"]).read_text(), mutant).split("\n")[mutant["line"] - 1]
+    result = {**mutant, "now": now, **verdict(mutant)}
+    print(f"{result['verdict']:8} {place(mutant)} {result.get('by', '')}", flush=True)
     return result
 
 
-def try_survivors():
-    """A survivor whose line was changed since is left as it was."""
-    kept = results()
+def try_survivors(mutants):
+    """A survivor whose line is gone is forgotten."""
+    present = {key(mutant): mutant for mutant in mutants}
+    kept = [result for result in results() if result["verdict"] != "survived" or key(result) in present]
     for at, result in enumerate(kept):
-        lines = (TREE / result["file"]).read_text().split("\n")
-        same = len(lines) >= result["line"] and lines[result["line"] - 1] == result["old"]
-        if result["verdict"] == "survived" and same:
-            kept[at] = judged({name: result[name] for name in ("file", "line", "column", "length", "new", "kind")})
+        if result["verdict"] == "survived":
+            kept[at] = judged(present[key(result)])
             RESULTS.write_text("".join(json.dumps(one) + "\n" for one in kept))
 
 
@@ -235,12 +240,13 @@ def main():
     if options.fresh:
         RESULTS.unlink(missing_ok=True)
     prepare()
-    if options.again:
-        try_survivors()
-        return report()
     mutants = all_mutants(options.only)
-    random.Random(options.seed).shuffle(mutants)
+    if options.again:
+        try_survivors(mutants)
+        return report()
     known = {key(result): result for result in results()}
+    mutants.sort(key=lambda mutant: (key(mutant) not in known,
+                                     hashlib.sha256(f"{options.seed}:{key(mutant)}".encode()).digest()))
     valid = 0
     for mutant in mutants:
         if valid == options.count:
