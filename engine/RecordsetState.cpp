@@ -133,13 +133,11 @@ void Recordset::State::Close()
     if (!session)
         return;
     session = nullptr;
-    edit = Edit::None;
     searched.clear();
     live.Clear();
     rows.Start(0, nullptr);
     plan.reset();
     values.reset();
-    slot = 0;
     ++generation;
 }
 
@@ -158,7 +156,6 @@ void Recordset::State::SaveEdit()
         SaveNew();
     else if (edit == Edit::Changing)
         SaveChanged();
-    edit = Edit::None;
 }
 
 void Recordset::State::SaveNew()

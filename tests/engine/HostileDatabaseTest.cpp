@@ -5,6 +5,7 @@
 #include <random>
 
 #include "EngineFixture.h"
+#include "engine/Database.h"
 
 namespace clb {
 namespace {
@@ -29,6 +30,16 @@ protected:
 
     Connection hostile_;
 };
+
+/// Else a misspelt column of the file's own schema, or of a statement, would be a text.
+TEST_F(HostileDatabaseTest, ANameInQuotesThatIsNoColumnIsNoText)
+{
+    Database storage;
+    storage.OpenExisting(path_);
+
+    EXPECT_THROW(storage.Run("CREATE INDEX i ON Trans (\"no column\")"), EngineError);
+    EXPECT_THROW(storage.Run("DELETE FROM Trans WHERE \"no column\" = 1"), EngineError);
+}
 
 TEST_F(HostileDatabaseTest, AViewIsNoTable)
 {

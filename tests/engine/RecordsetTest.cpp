@@ -336,6 +336,19 @@ TEST_F(RecordsetTest, MembershipIsFixedAtOpening)
     EXPECT_EQ(rows.RecordCount(), 3);
 }
 
+TEST_F(RecordsetTest, RequeryGivesAnUnsavedChangeUp)
+{
+    AddBudgets({"a", "b"});
+    Recordset rows = Opened("SELECT Category FROM Budget");
+    rows.Set(0, std::string("x"));
+
+    rows.Requery();
+
+    EXPECT_EQ(ToText(rows.Get(0)), "a");
+    rows.MoveNext();
+    EXPECT_EQ(Rows("SELECT Category FROM Budget"), (Lines{"a", "b"}));
+}
+
 TEST_F(RecordsetTest, ARowDeletedMeanwhileIsAnError)
 {
     AddBudgets({"a", "b"});

@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <filesystem>
@@ -202,6 +204,28 @@ TEST_F(FixLineEndingsTest, ANameTooLongForTheFirstVersionChangesNothing)
 
     EXPECT_EQ(folder_.Read(std::string(252, 'n')), "one\ntwo\n");
     EXPECT_EQ(Files(), 1U);
+}
+
+/// A limit to the size of files stands for the full disk.
+TEST_F(FixLineEndingsTest, AFullDiskChangesNothing)
+{
+    for (const std::size_t size : {200U, 100000U}) {
+        const std::string text(size, '\n');
+        const std::string path = folder_.Write("s.ofx", text);
+        rlimit before{};
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit small{100, before.rlim_max};
+        const auto handler = signal(SIGXFSZ, SIG_IGN);
+        setrlimit(RLIMIT_FSIZE, &small);
+
+        const std::int32_t error = ErrorOf(path);
+
+        setrlimit(RLIMIT_FSIZE, &before);
+        signal(SIGXFSZ, handler);
+        EXPECT_EQ(error, 75) << size;
+        EXPECT_EQ(folder_.Read("s.ofx"), text);
+        EXPECT_EQ(Files(), 1U);
+    }
 }
 
 TEST_F(FixLineEndingsTest, AFolderThatTakesNoFilesChangesNothing)

@@ -15,6 +15,7 @@ import hashlib
 import json
 import os
 import re
+import resource
 import subprocess
 import sys
 from pathlib import Path
@@ -123,6 +124,11 @@ def changed(text, mutant):
     return "\n".join(lines)
 
 
+def small():
+    """A mutant may ask for memory without end."""
+    resource.setrlimit(resource.RLIMIT_AS, (3 << 30, 3 << 30))
+
+
 def run(command, limit, **more):
     try:
         return subprocess.run(command, timeout=limit, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
@@ -170,7 +176,7 @@ def verdict(mutant):
         for name in filter(usable, TESTS[mutant["file"].split("/")[0]]):
             program = BUILD / "tests" / f"clb_test_{name}"
             done = run([str(program), "--gtest_fail_fast", "--gtest_brief=1", "--gtest_filter=-" + ":".join(SLOW)],
-                       300, cwd=BUILD / "tests", env=ENVIRONMENT)
+                       60, cwd=BUILD / "tests", env=ENVIRONMENT, preexec_fn=small)
             if done is None:
                 return {"verdict": "killed", "by": f"{name}: no end"}
             if done.returncode != 0:
