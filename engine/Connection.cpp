@@ -18,7 +18,7 @@ void RunWrite(Connection::State& state, const StatementCache::Entry& entry)
     Statement& statement = entry.plan->statement;
     for (std::size_t i = 0; i < entry.values->size(); ++i)
         statement.Bind(static_cast<int>(i) + 1, (*entry.values)[i]);
-    state.database.Step(statement);
+    state.StepWrite(statement);
 }
 
 void RunDdl(Connection::State& state, const DdlStatement& ddl)
@@ -73,6 +73,7 @@ void Connection::Group()
 {
     state_->RequireOpen();
     state_->BeginWrite();
+    state_->whole = true;
 }
 
 void Connection::Settle()

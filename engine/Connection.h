@@ -33,8 +33,9 @@ public:
     Recordset Execute(std::string_view sql);
 
     /// Opens the pending group now instead of at the first write, for a command that reads and
-    /// writes a great many times: the file is locked once for all of it. Does nothing when the
-    /// group is open. Throws EngineError when the file is locked or read-only.
+    /// writes a great many times: the file is locked once for all of it. It is kept whole or not at
+    /// all: trouble with the file loses it. Throws EngineError when the file is locked or
+    /// read-only.
     void Group();
     /// Makes everything written so far durable. Throws EngineError when that fails (disk full, file
     /// locked); what was pending is then lost and the file as before.

@@ -38,7 +38,7 @@ std::int64_t RowWriter::Insert(const RowChange& change)
     session_->BeginWrite();
     Statement& statement = InsertFor(change.set);
     BindChange(statement, change);
-    session_->database.Step(statement);
+    session_->StepWrite(statement);
     return session_->database.LastRowId();
 }
 
@@ -48,7 +48,7 @@ void RowWriter::Update(std::int64_t rowId, const RowChange& change)
     Statement& statement = UpdateFor(change.set);
     const int last = BindChange(statement, change);
     statement.BindInteger(last + 1, rowId);
-    session_->database.Step(statement);
+    session_->StepWrite(statement);
     if (session_->database.ChangedRows() == 0)
         throw refuse::RowVanished();
 }
@@ -60,7 +60,7 @@ void RowWriter::Delete(std::int64_t rowId)
         plan_->remove = session_->database.Prepare(
             "DELETE FROM " + QuoteName(plan_->table) + " WHERE rowid = ?1", true);
     plan_->remove.BindInteger(1, rowId);
-    session_->database.Step(plan_->remove);
+    session_->StepWrite(plan_->remove);
     if (session_->database.ChangedRows() == 0)
         throw refuse::RowVanished();
 }

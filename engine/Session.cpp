@@ -71,6 +71,17 @@ void Connection::State::BeginWrite()
     pending = true;
 }
 
+void Connection::State::StepWrite(Statement& statement)
+{
+    try {
+        database.Step(statement);
+    } catch (const EngineError& error) {
+        if (whole && error.Trouble() != FileTrouble::None && database.InTransaction())
+            database.Run("ROLLBACK");
+        throw;
+    }
+}
+
 void Connection::State::Commit()
 {
     if (!commit)
@@ -81,6 +92,7 @@ void Connection::State::Commit()
 void Connection::State::Settle()
 {
     pending = false;
+    whole = false;
     if (!database.IsOpen() || !database.InTransaction())
         return;
     try {

@@ -21,6 +21,7 @@ struct Connection::State {
     std::int64_t schemaVersion = -1;  ///< of the catalogue and the cache; -1: not known
     bool reading = false;             ///< a ReadGroup lives
     bool pending = false;             ///< the pending group was opened and not settled
+    bool whole = false;               ///< it was opened ahead: it is kept whole or not at all
     Statement readSchemaVersion;
     Statement begin;
     Statement beginReading;
@@ -32,7 +33,10 @@ struct Connection::State {
     /// Opens the pending group unless it is open. Throws the error that made the storage give up
     /// the group, where it did.
     void BeginWrite();
-    /// Whether the storage has given up the pending group with all that was in it.
+    /// Runs a statement that writes, behind BeginWrite. Trouble with the file gives up a group that
+    /// is kept whole or not at all. Throws EngineError.
+    void StepWrite(Statement& statement);
+    /// Whether the pending group was given up with all that was in it.
     bool LostGroup() const { return pending && !database.InTransaction(); }
     void Settle();
     void Commit();

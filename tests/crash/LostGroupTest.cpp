@@ -79,6 +79,32 @@ TEST_F(LostGroupTest, TheRestOfACommandDoesNotStandWithoutWhatCameBefore)
     EXPECT_EQ(std::string(refusal.what()), failure.what());
 }
 
+// An import whose first write alone failed stored all but its first record.
+TEST_F(LostGroupTest, AGroupThatWasOpenedAheadIsKeptWholeOrNotAtAll)
+{
+    connection_.Group();
+    const EngineError failure = FailingOnce("INSERT INTO Budget (Category) VALUES ('Food')");
+
+    EXPECT_TRUE(connection_.LostGroup());
+    EXPECT_EQ(ErrorOf("INSERT INTO Account (AccountID) VALUES ('2')").Number(), failure.Number());
+    connection_.Settle();
+    EXPECT_EQ(Accounts(), "");
+
+    Add("3");
+    connection_.Settle();
+    EXPECT_EQ(Accounts(), "3 ");
+}
+
+TEST_F(LostGroupTest, AWriteThatFailsByItselfLosesNothingElse)
+{
+    FailingOnce("INSERT INTO Budget (Category) VALUES ('Food')");
+
+    EXPECT_FALSE(connection_.LostGroup());
+    Add("2");
+    connection_.Settle();
+    EXPECT_EQ(Accounts(), "2 ");
+}
+
 TEST_F(LostGroupTest, TheNextCommandWorks)
 {
     Add("1");
