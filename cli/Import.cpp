@@ -201,7 +201,11 @@ void ImportRun::CountLeft(const std::string& path, ImportedFile& result)
     std::error_code ignored;
     if (result.leftOut.linesBehindRepair > 0 || !fs::is_regular_file(original, ignored))
         return;
-    result.leftOut.linesBehindRepair = LinesRepairedAway(text, ReadStatement(original));
+    try {
+        result.leftOut.linesBehindRepair = LinesRepairedAway(text, ReadStatement(original));
+    } catch (const RuntimeError&) {
+        return;  // a kept file that cannot be read hinders no import
+    }
     if (result.leftOut.linesBehindRepair > 0)
         result.whole = original;
 }

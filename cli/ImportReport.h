@@ -17,7 +17,8 @@ struct ImportedFile {
     bool accountMissing = false;  ///< its account is not known and the user's words name none
     std::string told;             ///< what the program said, in lines
     LeftOut leftOut;
-    std::string whole;  ///< where the lines that the repair of line ends dropped still are, if known
+    std::string
+        whole;  ///< where the lines that the repair of line ends dropped still are, if known
 };
 
 /// What an import of files did. Results go to standard output; so do messages and warnings where

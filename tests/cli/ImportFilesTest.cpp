@@ -218,6 +218,9 @@ TEST_F(ImportFilesTest, LinesThatTheRepairDropsAreToldUntilTheFileIsReadWhole)
     folder.Write("a.ofx", Ofx("new", Transaction("F1") + Transaction("F2")));
     EXPECT_EQ(Run("import" + file + Home()), 0);
     EXPECT_EQ(Err(), "");
+    fs::permissions(folder.Path("a.ofx.org"), fs::perms::none);
+    EXPECT_EQ(Run("import" + file + Home()), 0);
+    EXPECT_EQ(Err(), "");
 }
 
 TEST_F(ImportFilesTest, OneFilesWarningsGoToStandardError)
