@@ -50,8 +50,14 @@ void NotReturned::Add(const ExportedRow& row)
     CheckIdentifier(row);
     if (row.postDate && row.postDate->Seconds() != 0)
         Tell(row, "its date comes back without the time of day");
-    CheckTexts(row);
-    CheckCharacters(row);
+    const bool plain = IsPlain(row.identifier) && IsPlain(row.checkID) &&
+                       IsPlain(row.description) && IsPlain(row.notes);
+    if (!plain || row.description.empty() || row.notes.size() > kNotesLength)
+        CheckTexts(row);
+    if (!plain) {
+        CheckTags(row);
+        CheckCharacters(row);
+    }
     if (row.category != "(none)")
         ++categories_;
     if (row.postDate && row.month != Month{row.postDate->Year(), row.postDate->Month()})
@@ -121,7 +127,6 @@ void NotReturned::CheckTexts(const ExportedRow& row)
     Check(row, "description", row.description, description.empty() ? "(blank)" : description);
     Check(row, "notes", row.notes, Left(Returned(row.notes), kNotesLength));
     Check(row, "check number", row.checkID, Returned(row.checkID));
-    CheckTags(row);
 }
 
 void NotReturned::Check(const ExportedRow& row, const char* name, std::string_view text,
