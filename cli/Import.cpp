@@ -38,12 +38,6 @@ struct Answer {
     std::string type;
 };
 
-/// Where the repair of line ends keeps the former file.
-std::string OriginalOf(const std::string& path)
-{
-    return path + ".org";
-}
-
 /// Works the dialog that asks for the account of a statement; without an answer, or when it does
 /// not fit, the dialog is cancelled.
 class AccountChoice : public IModalHost {
@@ -197,7 +191,7 @@ void ImportRun::CountLeft(const std::string& path, ImportedFile& result)
 {
     const std::string text = ReadStatement(path);
     result.leftOut = CountLeftOut(text, !IsQif(result.file));
-    const std::string original = OriginalOf(result.file);
+    const std::string original = KeptStatement(result.file);
     std::error_code ignored;
     if (result.leftOut.linesBehindRepair > 0 || !fs::is_regular_file(original, ignored))
         return;
@@ -242,14 +236,14 @@ ImportedFile ImportRun::Import(const std::string& file)
     result.file = file;
     const std::string path = trial_ ? trial_->CopyStatement(file) : file;
     std::error_code ignored;
-    const bool kept = fs::exists(OriginalOf(path), ignored);
+    const bool kept = fs::exists(KeptStatement(path), ignored);
     const Overheard overheard(std::cerr);
     Load(file, path, result);
     // A trial tells of the file, not of its copy.
     result.told = Replace(overheard.Text(), path, file);
-    const bool repaired = !kept && fs::exists(OriginalOf(path), ignored);
+    const bool repaired = !kept && fs::exists(KeptStatement(path), ignored);
     if (repaired && !trial_)
-        result.whole = OriginalOf(path);
+        result.whole = KeptStatement(path);
     // Of a file that was not read nothing is left out but what its repair has dropped.
     if (result.added + result.skipped == 0 && result.refused)
         result.leftOut = {.linesBehindRepair = repaired || !result.whole.empty()

@@ -43,29 +43,18 @@ std::vector<std::string> Warnings(const ImportedFile& file)
     return lines;
 }
 
-/// What the program said, line by line.
-std::vector<std::string> Reason(const ImportedFile& file)
+/// What the program said, in lines.
+std::string Reason(const ImportedFile& file)
 {
     if (file.accountMissing && file.told.empty())
-        return {"The file's account is not known: --create, --map or --qif-account names one."};
-    std::vector<std::string> lines = Split(file.told, '\n');
-    if (lines.size() > 1 && lines.back().empty())
-        lines.pop_back();
-    return lines;
-}
-
-std::string Joined(const std::vector<std::string>& lines)
-{
-    std::string text = lines.front();
-    for (std::size_t n = 1; n < lines.size(); ++n)
-        text += '\n' + lines[n];
-    return text;
+        return "The file's account is not known: --create, --map or --qif-account names one.";
+    return file.told.substr(0, file.told.find_last_not_of('\n') + 1);
 }
 
 Json ToJson(const ImportedFile& file)
 {
     Json json = {{"file", file.file}, {"imported", file.added}, {"skipped", file.skipped}};
-    json["refused"] = file.refused ? Json(Joined(Reason(file))) : Json();
+    json["refused"] = file.refused ? Json(Reason(file)) : Json();
     json["leftOut"] = {{"linesBehindRepair", file.leftOut.linesBehindRepair},
                        {"behindEmptyTransaction", file.leftOut.behindEmptyTransaction},
                        {"beforeAccount", file.leftOut.beforeAccount},
@@ -122,8 +111,7 @@ void ImportReport::PrintTable() const
     for (const ImportedFile& file : files_) {
         added += file.added;
         skipped += file.skipped;
-        const std::vector<std::string> reason =
-            file.refused ? Reason(file) : std::vector<std::string>{""};
+        const std::vector<std::string> reason = Split(file.refused ? Reason(file) : "", '\n');
         table.AddRow(
             {file.file, std::to_string(file.added), std::to_string(file.skipped), reason.front()});
         for (std::size_t n = 1; n < reason.size(); ++n)

@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "cli/Options.h"
 #include "data/EmptyDatabase.h"
+#include "import/StatementFile.h"
 #include "platform/ProgramFolder.h"
 
 #include <stdlib.h>
@@ -126,8 +127,8 @@ std::string TrialFolder::CopyStatement(const std::string& path) const
         return path;
     fs::permissions(copy, fs::perms::owner_read | fs::perms::owner_write, failure);
     // A first version that is in the way of the repair is in the way of the trial too.
-    if (fs::exists(fs::symlink_status(path + ".org", failure)))
-        std::ofstream(copy + ".org");
+    if (fs::exists(fs::symlink_status(KeptStatement(path), failure)))
+        std::ofstream(KeptStatement(copy));
     return copy;
 }
 

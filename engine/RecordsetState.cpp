@@ -89,7 +89,7 @@ bool Recordset::State::LoadIdentities()
     std::vector<std::int64_t> found;
     while (session->database.Step(statement))
         found.push_back(statement.Integer(0));
-    if (found.size() <= RowStore::kKeptAtOpening)
+    if (!found.empty() && found.size() <= RowStore::kKeptAtOpening)
         return false;
     for (const std::int64_t rowId : found) {
         rows.Append(rowId);

@@ -56,7 +56,7 @@ struct Recordset::State {
 
 private:
     void Load();
-    /// Whether the rows are so many that only their identities were put in order and loaded.
+    /// Whether there are none, or so many that only their identities were put in order and loaded.
     bool LoadIdentities();
     void Bind(Statement& statement) const;
     void ReadRow(Value* fields) const;

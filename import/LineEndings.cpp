@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "import/FileErrors.h"
+#include "import/StatementFile.h"
 #include "import/modImport.h"
 
 // The repair never leaves the path without a file for longer than between two renames: the new
@@ -133,7 +134,7 @@ void PutInPlace(FileBeside& repaired, const std::string& path, const std::string
 
 void RewriteFirstLine(const std::string& path)
 {
-    const std::string kept = path + ".org";
+    const std::string kept = KeptStatement(path);
     std::error_code failure;
     if (fs::exists(fs::symlink_status(kept, failure)))
         throw FileAlreadyExists();

@@ -42,4 +42,9 @@ std::string ReadStatement(const std::string& path)
     return DecodeFile(ReadBytes(path));
 }
 
+std::string KeptStatement(const std::string& path)
+{
+    return path + ".org";
+}
+
 }  // namespace clb

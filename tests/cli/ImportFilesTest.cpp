@@ -196,6 +196,10 @@ TEST_F(ImportFilesTest, EverySkippedLineIsListed)
 
     EXPECT_EQ(Run("import" + File("b.qif") + " --qif-account B-1" + Home()), 1);
     EXPECT_THAT(Err(), HasSubstr("lines were skipped:\nDsoon\nDlater\nDnever\n"));
+
+    folder.Write("c.qif", "!Type:Bank\r\nD" + std::string(300, 'x') + "\r\n^\r\n");
+    EXPECT_EQ(Run("import" + File("c.qif") + " --qif-account B-1" + Home()), 1);
+    EXPECT_THAT(Err(), EndsWith("skipped:\nD" + std::string(199, 'x') + "...\n"));
 }
 
 /// The repair has cut the file by the time the account turns out to be missing.
@@ -209,6 +213,9 @@ TEST_F(ImportFilesTest, LinesThatTheRepairDropsAreToldUntilTheFileIsReadWhole)
         "file up to its first carriage return; all of it is in " +
         folder.Path("a.ofx.org") + "\n";
 
+    EXPECT_EQ(Run("import" + file + " --dry-run" + Home()), 1);
+    EXPECT_THAT(Err(), HasSubstr("keeps the file up to its first carriage return\n"));
+    EXPECT_FALSE(folder.Holds("a.ofx.org"));
     EXPECT_EQ(Run("import" + file + Home()), 1);
     EXPECT_THAT(Err(), HasSubstr(warning));
     EXPECT_EQ(Run("import" + file + " --create New" + Home()), 0);

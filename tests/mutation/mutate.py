@@ -6,9 +6,9 @@
     tests/mutation/mutate.py --report            what the run so far has found
 
 A mutant is one changed place: an operator turned, a statement dropped, a constant shifted. The sample is
-random but the same for the same seed and source; a change elsewhere hardly changes it. Each mutant is built and tested in a clone of its own in
-build/mutation, never in the working tree; a run that was stopped goes on where it was. What does not
-compile is no mutant and another one is drawn.
+random but the same for the same seed and source; a change elsewhere hardly changes it. Each mutant is
+built and tested in a clone of its own in build/mutation, never in the working tree; a run that was stopped
+goes on where it was. What does not compile is no mutant and another one is drawn.
 """
 import argparse
 import hashlib
