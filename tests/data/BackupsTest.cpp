@@ -108,11 +108,11 @@ TEST_F(BackupsTest, ACopyOfADamagedDatabaseIsNoBackupAndRemovesNone)
 TEST_F(BackupsTest, ASecondCopyOfTheDayHasItsTime)
 {
     backups_.Make(Day("2026-11-21 08:00:00"));
-    backups_.Make(Day("2026-11-21 15:30:12"));
-    backups_.Make(Day("2026-11-21 15:30:12"));
+    for (int copy = 1; copy <= 3; ++copy)
+        backups_.Make(Day("2026-11-21 15:30:12"));
 
-    EXPECT_THAT(backups_.Names(),
-                ElementsAre("2026-11-21", "2026-11-21-153012", "2026-11-21-153012-2"));
+    EXPECT_THAT(backups_.Names(), ElementsAre("2026-11-21", "2026-11-21-153012",
+                                              "2026-11-21-153012-2", "2026-11-21-153012-3"));
 }
 
 TEST_F(BackupsTest, AnUpgradeIsPrecededByACopyOfTheOldSchema)

@@ -173,6 +173,20 @@ TEST_F(DurabilityTest, AConnectionIsOpenedOnce)
     Connection closed;
     EXPECT_EQ(ErrorOf([&] { closed.Execute("SELECT * FROM Trans"); }).Number(),
               engine_errors::Closed);
+    EXPECT_EQ(ErrorOf([&] { closed.Group(); }).Number(), engine_errors::Closed);
+}
+
+TEST_F(DurabilityTest, ARefusedRowLosesNothingOfAGroupThatWasOpenedAhead)
+{
+    Run("CREATE TABLE Once (a LONG, PRIMARY KEY (a))");
+    connection_.Group();
+    Run("INSERT INTO Once VALUES (1)");
+
+    EXPECT_EQ(ErrorOf([&] { Run("INSERT INTO Once VALUES (1)"); }).Number(),
+              engine_errors::Constraint);
+    EXPECT_FALSE(connection_.LostGroup());
+    connection_.Settle();
+    EXPECT_EQ(Rows("SELECT a FROM Once"), Lines{"1"});
 }
 
 TEST_F(DurabilityTest, ANewFileIsMadeWholeOrNotAtAll)

@@ -48,6 +48,8 @@ TEST_F(FindTest, EqualValuesAreFoundOfEveryType)
     EXPECT_EQ(Found("m = 1.500000"), "13");
     EXPECT_EQ(Found("m = 1.500001"), "");
     EXPECT_EQ(Found("m = -2"), "2");
+    EXPECT_EQ(Found("m = 15e-1"), "13");
+    EXPECT_EQ(Found("m = -0.2E+1"), "2");
     EXPECT_EQ(Found("d = 0.1"), "1");
     EXPECT_EQ(Found("s = 0.1"), "1");
     EXPECT_EQ(Found("t = #2006-01-31#"), "1");

@@ -41,6 +41,17 @@ TEST_F(HostileDatabaseTest, ANameInQuotesThatIsNoColumnIsNoText)
     EXPECT_THROW(storage.Run("DELETE FROM Trans WHERE \"no column\" = 1"), EngineError);
 }
 
+/// A copy that is only looked at may have come from anywhere, too.
+TEST_F(HostileDatabaseTest, AFileOpenedToBeReadIsTrustedAsLittle)
+{
+    Database storage;
+    storage.OpenToRead(path_);
+
+    EXPECT_THROW(storage.Run("SELECT \"no column\" FROM Trans"), EngineError);
+    EXPECT_THROW(storage.Run("ATTACH DATABASE ':memory:' AS other"), EngineError);
+    EXPECT_THROW(storage.Run("SELECT load_extension('/tmp/x.so')"), EngineError);
+}
+
 TEST_F(HostileDatabaseTest, AViewIsNoTable)
 {
     Hostile("CREATE VIEW Account AS SELECT load_extension('/tmp/x.so') AS AccountID;");

@@ -79,6 +79,23 @@ TEST_F(LargeSetTest, ChangesFarBehindAreSavedFoundAndDeleted)
     EXPECT_EQ(Single("SELECT COUNT(*) FROM Trans"), Value(std::int32_t{kRows - 1}));
 }
 
+TEST_F(LargeSetTest, ARowAddedAfterASearchIsFound)
+{
+    Recordset rows = Opened("SELECT Sequence, Description FROM Trans");
+    rows.Find("Description = 'row 19500'");
+
+    rows.AddNew();
+    rows.Set("Sequence", std::int32_t{kRows});
+    rows.Set("Description", std::string("added"));
+    rows.Update();
+    for (rows.MoveFirst(); !rows.AtEnd(); rows.MoveNext())
+        rows.Get(0);
+
+    rows.MoveFirst();
+    rows.Find("Description = 'added'");
+    EXPECT_EQ(rows.Get(0), Value(std::int32_t{kRows}));
+}
+
 TEST_F(LargeSetTest, AChangedRowIsFoundByItsNewValueAfterALongWalk)
 {
     Recordset rows = Opened("SELECT Sequence, Description FROM Trans");

@@ -26,6 +26,19 @@ TEST_F(SchemaTest, ATableIsCreatedUsedAndDropped)
     EXPECT_EQ(ErrorOf([&] { Run("SELECT * FROM T"); }).Number(), engine_errors::NoSuchTable);
 }
 
+TEST_F(SchemaTest, AKeyNeedsNoName)
+{
+    for (const char* key : {"PRIMARY KEY (a, b)", "UNIQUE (a, b)"}) {
+        SCOPED_TRACE(key);
+        RunAll({"CREATE TABLE T (a LONG, b LONG, " + std::string(key) + ")",
+                "INSERT INTO T VALUES (1, 1)", "INSERT INTO T VALUES (1, 2)"});
+
+        EXPECT_EQ(ErrorOf([&] { Run("INSERT INTO T VALUES (1, 1)"); }).Number(),
+                  engine_errors::Constraint);
+        Run("DROP TABLE T");
+    }
+}
+
 TEST_F(SchemaTest, ATableThatExistsIsNotCreatedAgain)
 {
     const auto error = ErrorOf([&] { Run("CREATE TABLE trans (a LONG)"); });

@@ -134,6 +134,18 @@ TEST_F(ImportFileTest, ImportingTwiceAddsOnce)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
+TEST_F(ImportFileTest, ARefusedFileCountsNothing)
+{
+    Choose("s.ofx", kStatement);
+    import_.ImportFile();
+    EXPECT_EQ(import_.Counts().added, 1);
+    Choose("s.txt", "no statement\r\n");
+
+    import_.ImportFile();
+
+    EXPECT_EQ(import_.Counts().added, 0);
+}
+
 TEST_F(ImportFileTest, BareLineFeedsAreRepairedBeforeTheKindIsTold)
 {
     const std::string bare =

@@ -107,6 +107,7 @@ TEST_F(TreeTest, NodesAreFoundByTheirTag)
     AddAccount("B-1", "Bank", "Checking");
     Call("BuildTree");
 
+    EXPECT_EQ(Call("FindTreeNodeByTag", {"1"}), 1);
     EXPECT_EQ(Call("FindTreeNodeByTag", {"2"}), 2);
     EXPECT_EQ(Call("FindTreeNodeByTag", {"4\x01"
                                          "B-1"}),
