@@ -1,6 +1,8 @@
 // What is kept when, and files that cannot be used.
 #include <filesystem>
 #include <fstream>
+#include <future>
+#include <thread>
 
 #include "EngineFixture.h"
 
@@ -84,6 +86,23 @@ TEST_F(DurabilityTest, AFileThatAnotherProgramWritesToIsLocked)
               "The database file '" + path_ + "' is locked by another program.");
     other.Settle();
     Run("INSERT INTO Trans (Sequence) VALUES (2)");
+    EXPECT_EQ(Rows("SELECT Sequence FROM Trans"), (Lines{"1", "2"}));
+}
+
+TEST_F(DurabilityTest, AWriteWaitsForAProgramThatIsSoonDone)
+{
+    std::promise<void> written;
+    std::thread another([&] {
+        Connection other = Another();
+        other.Execute("INSERT INTO Trans (Sequence) VALUES (1)");
+        written.set_value();
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        other.Settle();
+    });
+    written.get_future().wait();
+
+    EXPECT_NO_THROW(Run("INSERT INTO Trans (Sequence) VALUES (2)"));
+    another.join();
     EXPECT_EQ(Rows("SELECT Sequence FROM Trans"), (Lines{"1", "2"}));
 }
 
