@@ -79,6 +79,8 @@ void frmController::ShowPresentMonth()
     const Date now = ports_.clock.Now();
     cmbPeriod.Index(now.Month() - 1);
     txtYear.Text(std::to_string(now.Year()));
+    // The box tells of no change when it shows this year already.
+    View().Year(now.Year());
 }
 
 void frmController::Load()

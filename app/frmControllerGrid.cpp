@@ -1,6 +1,8 @@
 // The answers to the grid's events: rows are checked and saved, and balances, totals, the tree and
 // the enabled commands follow. In the budget view the figures that no table holds come from here.
 
+#include <cmath>
+
 #include "app/frmController.h"
 
 namespace clb {
@@ -17,6 +19,12 @@ constexpr std::int32_t kLoanBalance = 7;
 constexpr std::int32_t kTransactionCategory = 5;
 
 constexpr const char* kLineBreak = "\r\n";
+
+/// A difference of amounts without what binary fractions add, where an amount holds it.
+double WithoutNoise(double difference)
+{
+    return std::abs(difference) < 9e14 ? Money::FromDouble(difference).ToDouble() : difference;
+}
 
 }  // namespace
 
@@ -164,7 +172,7 @@ void frmController::FetchComputed(std::int32_t row, std::int32_t column, Value& 
         value = actual;
     } else if (view == vwBudget && column == kDifference) {
         // Spent beyond the budget shows as the excess of actual over budgeted.
-        value = Money::FromDouble(lastActual_) - ToMoney(cell(kBudgeted));
+        value = WithoutNoise(lastActual_ - ToMoney(cell(kBudgeted)).ToDouble());
     } else if (view == vwLoan && column == kLoanBalance) {
         value = ToMoney(cell(kOriginalAmount)) - ToMoney(cell(kPaidAmount));
     }

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <chrono>
 
+#include "base/Numeric.h"
+
 namespace clb {
 namespace {
 
@@ -190,5 +192,17 @@ std::optional<Date> InOrder(std::string_view text, Order order)
 }
 
 }  // namespace DateText
+
+Month Month::Previous() const
+{
+    return period == 1 ? Month{NarrowTo<std::int32_t>(std::int64_t{year} - 1), 12}
+                       : Month{year, period - 1};
+}
+
+Month Month::Next() const
+{
+    return period == 12 ? Month{NarrowTo<std::int32_t>(std::int64_t{year} + 1), 1}
+                        : Month{year, period + 1};
+}
 
 }  // namespace clb

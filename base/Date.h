@@ -65,10 +65,11 @@ struct Month {
     std::int32_t year = 0;
     std::int32_t period = 0;
 
-    /// The month before; before January comes December of the year before.
-    Month Previous() const { return period == 1 ? Month{year - 1, 12} : Month{year, period - 1}; }
-    /// The month after; after December comes January of the next year.
-    Month Next() const { return period == 12 ? Month{year + 1, 1} : Month{year, period + 1}; }
+    /// The month before; before January comes December of the year before. Throws Overflow() where
+    /// there is no such year.
+    Month Previous() const;
+    /// The month after; after December comes January of the next year. Throws as Previous.
+    Month Next() const;
     friend constexpr auto operator<=>(const Month&, const Month&) = default;
 };
 

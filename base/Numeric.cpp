@@ -1,11 +1,10 @@
 #include "base/Numeric.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
-
-#include "base/RuntimeError.h"
 
 namespace clb {
 namespace {
@@ -218,6 +217,16 @@ std::string Numeric::GroupDigits(std::string digits)
     return digits;
 }
 
+std::string Numeric::Grouped(double number, int decimals)
+{
+    std::array<char, 400> text;  // the longest double has 309 digits before the period
+    char* const end = std::to_chars(text.data(), text.data() + text.size(), std::abs(number),
+                                    std::chars_format::fixed, decimals)
+                          .ptr;
+    char* const period = std::find(text.data(), end, '.');
+    return (number < 0 ? "-" : "") + GroupDigits({text.data(), period}) + std::string(period, end);
+}
+
 bool IsNumeric(std::string_view text)
 {
     return Numeric::Read(text).has_value();
@@ -228,11 +237,7 @@ std::int32_t ParseLong(std::string_view text)
     const auto number = Numeric::Read(text);
     if (!number)
         throw TypeMismatch();
-    const std::int64_t value = number->Scaled(0);
-    if (value < std::numeric_limits<std::int32_t>::min() ||
-        value > std::numeric_limits<std::int32_t>::max())
-        throw Overflow();
-    return static_cast<std::int32_t>(value);
+    return NarrowTo<std::int32_t>(number->Scaled(0));
 }
 
 double ParseDouble(std::string_view text)

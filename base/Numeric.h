@@ -1,8 +1,12 @@
 #pragma once
+#include <concepts>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+
+#include "base/RuntimeError.h"
 
 namespace clb {
 
@@ -22,12 +26,23 @@ public:
 
     /// "1234567" becomes "1,234,567"; takes digits only.
     static std::string GroupDigits(std::string digits);
+    /// 1234567.5 with two decimals is "1,234,567.50"; takes finite numbers of every size.
+    static std::string Grouped(double number, int decimals);
 
 private:
     bool negative_ = false;
     std::string digits_;         // significant digits without leading zeros; empty for zero
     std::int64_t exponent_ = 0;  // value = 0.digits * 10^exponent
 };
+
+/// The same number in fewer bits. Throws Overflow() where they do not hold it.
+template <std::signed_integral Whole>
+Whole NarrowTo(std::int64_t number)
+{
+    if (!std::in_range<Whole>(number))
+        throw Overflow();
+    return static_cast<Whole>(number);
+}
 
 /// Whether the text is numeric.
 bool IsNumeric(std::string_view text);

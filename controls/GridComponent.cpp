@@ -1,6 +1,7 @@
 #include "controls/GridComponent.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/Numeric.h"
 #include "base/RuntimeError.h"
@@ -8,9 +9,13 @@
 namespace clb {
 namespace {
 
+/// What an amount certainly holds.
+constexpr double kMostAmount = 9e14;
+
 std::string Grouped(double amount)
 {
-    return Money::FromDouble(amount).Grouped();
+    return std::abs(amount) > kMostAmount ? Numeric::Grouped(amount, 2)
+                                          : Money::FromDouble(amount).Grouped();
 }
 
 }  // namespace
@@ -233,13 +238,15 @@ void GridComponent::Freshen()
     LoadRow();
 }
 
-std::int32_t GridComponent::Position() const
+std::int32_t GridComponent::Position()
 {
+    Freshen();
     return row_ == 0 ? 1 : rows_.Position(row_);
 }
 
 Value GridComponent::ColumnValue(std::int32_t column)
 {
+    Freshen();
     if (columns_.Item(column).Calculated())
         return row_ == 0 ? Value{} : Fetch(row_, column);
     return cells_[static_cast<std::size_t>(column - 1)];
@@ -247,6 +254,7 @@ Value GridComponent::ColumnValue(std::int32_t column)
 
 void GridComponent::ColumnValue(std::int32_t column, const Value& value)
 {
+    Freshen();
     const GridColumn& target = columns_.Item(column);
     if (row_ == 0 || target.Calculated())
         return;

@@ -88,7 +88,7 @@ public:
     /// column, else the nearest that exists.
     void ReturnTo(const Spot& spot);
     /// 1 on the new-row line, else 0.
-    std::int32_t Position() const;
+    std::int32_t Position();
 
     /// Value of a column in the current row, unsaved changes included; a calculated column is
     /// fetched. Null where there is no row. Throws RuntimeError (SubscriptOutOfRange) for no

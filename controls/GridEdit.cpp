@@ -28,6 +28,7 @@ bool GridComponent::Editing(bool edit)
 bool GridComponent::BeginEdit(std::int16_t key)
 {
     focusWanted_.emit();
+    Freshen();
     if (editing_)
         return true;
     if (!Editable(col_))
@@ -158,6 +159,7 @@ bool GridComponent::ReadText(const std::string& text, std::int32_t column, Value
 
 bool GridComponent::Update()
 {
+    Freshen();
     if (editing_ && !EndEdit())
         return false;
     if (!dirty_)
@@ -192,6 +194,7 @@ void GridComponent::SaveRow()
 
 bool GridComponent::Delete()
 {
+    Freshen();
     if (row_ == 0 || rows_.Kind(row_) != GridRowKind::Data)
         return false;
     CancelEdit();

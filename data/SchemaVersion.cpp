@@ -13,7 +13,7 @@ std::optional<std::int16_t> SchemaVersionOf(Connection& connection)
         if (records.Fields().empty())
             throw EngineError(engine_errors::ItemNotFound,
                               "The table _SchemaVersion has no column that names the version.");
-        return static_cast<std::int16_t>(ParseLong(records.Fields().front().name));
+        return NarrowTo<std::int16_t>(ParseLong(records.Fields().front().name));
     } catch (const EngineError& error) {
         if (error.Number() != engine_errors::NoSuchTable)
             throw;

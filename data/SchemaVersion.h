@@ -10,7 +10,7 @@ class Connection;
 inline constexpr std::int16_t kSchemaVersion = 2;
 
 /// The version that a database file has; nothing when it has never had one. Throws RuntimeError for
-/// a version that is no number.
+/// a version that is no number of 16 bits.
 std::optional<std::int16_t> SchemaVersionOf(Connection& connection);
 
 }  // namespace clb

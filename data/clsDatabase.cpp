@@ -1,7 +1,9 @@
 #include "data/clsDatabase.h"
 
+#include "base/Numeric.h"
 #include "base/Text.h"
 #include "data/SchemaVersion.h"
+#include "engine/EngineError.h"
 
 namespace clb {
 
@@ -10,7 +12,14 @@ clsDatabase::clsDatabase(const std::string& folder, const IShownState& shown, IC
 {
     connection_.Open("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + folder +
                      "\\db\\clb.mdb;Persist Security Info=False");
-    UpgradeSchema();
+    try {
+        UpgradeSchema();
+    } catch (const EngineError& error) {
+        // Each step stands by itself: those before the one that is refused stay.
+        if (error.Trouble() == FileTrouble::None)
+            connection_.Settle();
+        throw;
+    }
     connection_.Settle();
 }
 
@@ -60,7 +69,7 @@ std::int32_t clsDatabase::GetNextSequence()
     Recordset records;
     Fill(records, "SELECT MAX( Sequence ) AS NextSequence FROM Trans", true);
     const Value& largest = records.Get(0);
-    return IsNull(largest) ? 1 : ToLong(largest) + 1;
+    return IsNull(largest) ? 1 : NarrowTo<std::int32_t>(std::int64_t{ToLong(largest)} + 1);
 }
 
 void clsDatabase::Fill(Recordset& records, const std::string& sql, bool readOnly)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <ostream>
 #include <sstream>
@@ -23,6 +24,15 @@ constexpr const char* kLineEnd = "\r\n";
 constexpr const char* kHeader[] = {
     "OFXHEADER:100", "DATA:OFXSGML",     "VERSION:102",     "SECURITY:NONE",   "ENCODING:USASCII",
     "CHARSET:1252",  "COMPRESSION:NONE", "OLDFILEUID:NONE", "NEWFILEUID:NONE", ""};
+
+/// Bytes of the header lines.
+std::uintmax_t HeaderSize()
+{
+    std::uintmax_t size = 0;
+    for (const std::string_view line : kHeader)
+        size += line.size() + std::string_view(kLineEnd).size();
+    return size;
+}
 
 /// "YYYYMMDDhhmmss".
 std::string Stamp(const Date& date)
@@ -224,7 +234,15 @@ void modExport::WriteOFX(const std::string& path)
     MakeOwnFile(path);
     file.open(path, std::ios::binary | std::ios::trunc);
     if (file.tellp() >= 0) {
-        Write(file, rows, account);
+        try {
+            Write(file, rows, account);
+        } catch (const std::exception&) {
+            // A statement that cannot be ended is not begun.
+            file.close();
+            std::error_code ignored;
+            std::filesystem::resize_file(path, HeaderSize(), ignored);
+            throw;
+        }
     } else {  // a pipe, which takes its text from front to back only
         std::ostringstream text;
         Write(text, rows, account);

@@ -17,11 +17,7 @@ std::string GroupedVolume(const std::string& field)
     if (!number)
         return field;
     try {
-        const double volume = number->ToDouble();
-        if (std::abs(volume) > 1e15)
-            return field;
-        const auto whole = static_cast<std::int64_t>(std::round(volume));
-        return (whole < 0 ? "-" : "") + Numeric::GroupDigits(std::to_string(std::abs(whole)));
+        return Numeric::Grouped(std::round(number->ToDouble()), 0);
     } catch (const RuntimeError&) {
         return field;
     }

@@ -1,3 +1,4 @@
+#include "base/RuntimeError.h"
 #include "engine/EngineError.h"
 #include "tests/data/StoreFixture.h"
 
@@ -103,6 +104,19 @@ TEST_F(BudgetTest, ATransactionMovesAcrossYearEnds)
     EXPECT_EQ(BudgetOf(2005, 12), (Texts{"Food|(none)|0"}));
     Store().MoveMonth(1, 0, 1);
     EXPECT_EQ(MonthOf(1, 0), "2006|1");
+}
+
+TEST_F(BudgetTest, NoTransactionMovesOutOfTheLastYear)
+{
+    AddTransaction(1, "10", "5", 2147483647, 12);
+    Execute("INSERT INTO Trans (Sequence, Year, Period) VALUES (2, -2147483647 - 1, 1)");
+    ShowRegister();
+
+    EXPECT_THROW(Store().MoveMonth(1, 0, 1), RuntimeError);
+    EXPECT_THROW(Store().MoveMonth(2, 0, -1), RuntimeError);
+
+    EXPECT_EQ(MonthOf(1, 0), "2147483647|12");
+    EXPECT_EQ(Rows("SELECT Category FROM Budget"), Texts{});
 }
 
 TEST_F(BudgetTest, OnlyTheNamedPieceMoves)

@@ -1,5 +1,6 @@
 // Reading the rows of each view, checking and completing a row, and what follows a deletion.
 
+#include "base/RuntimeError.h"
 #include "engine/EngineError.h"
 #include "tests/data/StoreFixture.h"
 
@@ -105,6 +106,8 @@ TEST_F(RowsTest, NextNumberIsOneMoreThanTheLargest)
     EXPECT_EQ(Store().GetNextSequence(), 8);
     Execute("DELETE FROM Trans WHERE Sequence = 7");
     EXPECT_EQ(Store().GetNextSequence(), 1);
+    AddTransaction(2147483647, "10", "1", 2006, 3);
+    EXPECT_THROW(Store().GetNextSequence(), RuntimeError);
 }
 
 TEST_F(RowsTest, QuotesAreDoubled)

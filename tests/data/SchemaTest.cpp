@@ -1,3 +1,4 @@
+#include "base/RuntimeError.h"
 #include "engine/EngineError.h"
 #include "tests/data/StoreFixture.h"
 
@@ -94,6 +95,41 @@ TEST_F(SchemaTest, AHalfUpgradedFileFailsWithTheEnginesMessageAndKeepsItsVersion
     Connection after;
     after.Open("Data Source=" + folder_.Path() + "/db/clb.mdb");
     EXPECT_EQ(after.Execute("SELECT * FROM _SchemaVersion").Fields().at(0).name, "1");
+}
+
+TEST_F(SchemaTest, WhatRanBeforeAFailingStepStays)
+{
+    Prepare({"DROP TABLE _SchemaVersion", "ALTER TABLE Loan ALTER COLUMN InterestRate DOUBLE"});
+
+    for (int start = 0; start < 2; ++start) {
+        EXPECT_THROW(Store(), EngineError);
+
+        Connection after;
+        after.Open("Data Source=" + folder_.Path() + "/db/clb.mdb");
+        EXPECT_EQ(after.Execute("SELECT * FROM _SchemaVersion").Fields().at(0).name, "0");
+        EXPECT_EQ(after.Execute("SELECT InterestRate FROM Loan").Fields().at(0).type,
+                  FieldType::Single);
+    }
+}
+
+TEST_F(SchemaTest, AVersionBeyondSixteenBitsIsAnErrorAndChangesNothing)
+{
+    for (const char* version : {"65536", "65537", "40000"}) {
+        SCOPED_TRACE(version);
+        Prepare({"DROP TABLE _SchemaVersion",
+                 "CREATE TABLE _SchemaVersion (" + std::string(version) + " LONG)"});
+
+        try {
+            Store();
+            ADD_FAILURE() << "no error";
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number(), errors::Overflow);
+        }
+
+        Connection after;
+        after.Open("Data Source=" + folder_.Path() + "/db/clb.mdb");
+        EXPECT_EQ(after.Execute("SELECT * FROM _SchemaVersion").Fields().at(0).name, version);
+    }
 }
 
 TEST_F(SchemaTest, AMissingFileIsAnErrorAndNotCreated)

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/RuntimeError.h"
 #include "tests/support/Books.h"
 
 namespace clb {
@@ -35,6 +36,20 @@ TEST_F(modExportTest, AnAccountWithoutTransactionsGivesTheZeroDate)
     EXPECT_TRUE(Holds(text, "<DTEND>18991230000000["));
     EXPECT_TRUE(Holds(text, "<BALAMT>0<DTASOF>"));
     EXPECT_TRUE(text.ends_with("</OFX>\r\n"));
+}
+
+TEST_F(modExportTest, OfAStatementThatCannotBeEndedOnlyTheHeaderStays)
+{
+    for (int row = 0; row < 2; ++row)
+        books_.Execute(
+            "INSERT INTO Trans (AccountID, PostDate, Amount) VALUES ('10', #2006-03-05#, "
+            "922337203685477.5807)");
+
+    EXPECT_THROW(Written("10"), RuntimeError);
+
+    const std::string text = books_.folder.Read("out.ofx");
+    EXPECT_TRUE(text.starts_with("OFXHEADER:100\r\n"));
+    EXPECT_TRUE(text.ends_with("\r\nNEWFILEUID:NONE\r\n\r\n"));
 }
 
 TEST_F(modExportTest, TypesIdentifiersAndAmountsFollowTheRow)

@@ -126,6 +126,17 @@ TEST(clsStockQuoteTest, FieldsLoseTheirQuotesAndTheVolumeIsGrouped)
     EXPECT_EQ(quote.Volume(), "1,234,567");
 }
 
+TEST(clsStockQuoteTest, AnEnormousVolumeIsGroupedToo)
+{
+    FakeHttp http;
+    http.answer = "ACME,45.50,6/1/2006,4:00pm,+0.91,+2.04%,44.60,45.75,44.50,45.49,45.51,-2e18";
+    clsStockQuote quote(http, "http://q");
+
+    quote.Symbol("ACME");
+
+    EXPECT_EQ(quote.Volume(), "-2,000,000,000,000,000,000");
+}
+
 /// It ended the whole update with an overflow.
 TEST(clsStockQuoteTest, AVolumeBeyondAllNumbersStaysAsItIsWritten)
 {

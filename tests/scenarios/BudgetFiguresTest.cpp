@@ -54,6 +54,18 @@ TEST_F(BudgetFiguresTest, ACategoryWithoutTransactionsIsShortByItsBudget)
     EXPECT_EQ(Texts("footer"), "Total (budgeted/actual): $300.00 / $0.00");
 }
 
+TEST_F(BudgetFiguresTest, ADifferenceMayBeBeyondTheRangeOfAmounts)
+{
+    AddBudget("2006-3", "Food", "-900000000000000");
+    AddTransaction("B-1", "2006-3", "900000000000000", "Food");
+    Click("Budget");
+
+    EXPECT_EQ(Lines(), "Food -900000000000000 900000000000000 1.8e+15");
+    Menu("mnuF_Print");
+    EXPECT_NE(EventsOf("print").at(0)["html"].get<std::string>().find("1,800,000,000,000,000.00"),
+              std::string::npos);
+}
+
 TEST_F(BudgetFiguresTest, ActualsAreSummedOverTheAccountsOfTheBudget)
 {
     AddBudget("2006-3", "Food", "300");

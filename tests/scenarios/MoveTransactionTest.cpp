@@ -154,6 +154,58 @@ TEST_F(MoveTransactionTest, TheTransactionThatIsNamedMovesWithTheCurrentRowsCate
     EXPECT_EQ(Budget(), R"json([2006,4,"Food","(none)","0"])json");
 }
 
+TEST_F(MoveTransactionTest, AfterAnotherRowMovedNoOtherRowIsWritten)
+{
+    AddAccount("B-1", "Bank", "Checking");
+    int last = 0;
+    for (const Json& row : {Json(2), Json(3), Json("new")}) {
+        for (const std::string leave : {"save", "click"}) {
+            SCOPED_TRACE(row.dump() + " " + leave);
+            for (const char* amount : {"-1", "-2", "-3"})
+                AddTransaction("B-1", "2006-3", amount);
+            last += 3;
+            const std::string rows = "SELECT Sequence, Amount, Description FROM Trans";
+            const std::string before = Rows(rows);
+            ShowAll();
+            Click("Checking");
+            Edit(row, 2, "changed");
+
+            Call("MoveMonth", {last, 0, 1});
+            if (leave == "save")
+                EXPECT_TRUE(Save());
+            else
+                Click("Net Worth");
+
+            EXPECT_EQ(Rows(rows), before);
+        }
+    }
+}
+
+TEST_F(MoveTransactionTest, AfterAnotherRowMovedTheShownRowIsReadAndDeleted)
+{
+    for (const char* amount : {"-1", "-2", "-3"})
+        AddTransaction("B-1", "2006-3", amount);
+    ShowRegister(2);
+
+    Call("MoveMonth", {3, 0, 1});
+    EXPECT_EQ(Call("ColumnValue", {3}), "-2");
+    AnswerBox("Yes");
+    Menu("mnuE_Delete");
+
+    EXPECT_EQ(Rows("SELECT Amount FROM Trans ORDER BY Sequence"), R"(["-1"] ["-3"])");
+}
+
+TEST_F(MoveTransactionTest, TheCommandsOfARowThatHasMovedAreThoseOfTheRowInItsPlace)
+{
+    for (const char* amount : {"-1", "-2", "-3"})
+        AddTransaction("B-1", "2006-3", amount);
+    ShowRegister(1);
+
+    Call("MoveMonth", {3, 0, 1});
+
+    EXPECT_EQ(Call("ColumnValue", {3}), "-2");
+}
+
 TEST_F(MoveTransactionTest, AnUnknownPieceFailsAndBudgetsNothing)
 {
     AddTransaction("B-1", "2006-3", "-1", "Food");

@@ -31,6 +31,14 @@ TEST_F(StartTest, TheWindowShowsTheNetWorthOfThePresentMonth)
     EXPECT_EQ(window["months"][11], "December");
 }
 
+TEST_F(StartTest, AYearThatTheBoxAlreadyShowsIsTheViewsToo)
+{
+    now = "1900-03-05T10:00:00";
+
+    EXPECT_EQ(Window()["year"], "1900");
+    EXPECT_EQ(Call("ViewGet", {"Year"}), 1900);
+}
+
 TEST_F(StartTest, LoadingReloadsTheGridOnceAndBuildsTheTreeOnce)
 {
     int refreshes = 0;
