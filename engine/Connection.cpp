@@ -56,7 +56,6 @@ Recordset Connection::Execute(std::string_view sql)
 {
     Recordset result;
     State& state = *state_;
-    state.RequireOpen();
     if (state.trace)
         state.trace(sql);
     const auto entry = state.Prepare(sql);

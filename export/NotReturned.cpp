@@ -92,8 +92,6 @@ void NotReturned::CheckCharacters(const ExportedRow& row)
         beyondAscii = TakeCharacters(text) || beyondAscii;
     if (beyondAscii && Misread())
         misread_.push_back(count_);
-    else if (!Misread())
-        misread_.clear();
 }
 
 bool NotReturned::TakeCharacters(std::string_view text)

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "engine/EngineError.h"
 #include "tests/data/StoreFixture.h"
@@ -85,6 +86,20 @@ TEST_F(BackupsTest, CopiesMadeOnPurposeAndOtherFilesStay)
     EXPECT_TRUE(folder_.Holds("db/backup/clb-2020-01-03-101500.mdb"));
     EXPECT_TRUE(folder_.Holds("db/backup/clb-mine.mdb"));
     EXPECT_FALSE(folder_.Holds("db/backup/clb-2026-10-11.mdb"));
+}
+
+TEST_F(BackupsTest, WhatAProgramThatIsGoneLeftUnfinishedIsRemoved)
+{
+    const std::string front = "db/backup/clb-2026-11-20.mdb.new-";
+    const std::string gone = front + "4194305";  // no process has so large a number
+    const std::string atWork = front + std::to_string(getpid());
+    folder_.Write(gone, "half");
+    folder_.Write(atWork, "half");
+
+    backups_.Daily(Day("2026-11-21"));
+
+    EXPECT_FALSE(folder_.Holds(gone));
+    EXPECT_TRUE(folder_.Holds(atWork));
 }
 
 TEST_F(BackupsTest, ACopyOfADamagedDatabaseIsNoBackupAndRemovesNone)
@@ -184,7 +199,13 @@ TEST_F(BackupsTest, WhatIsNoBackupOfThisProgramIsRefused)
     Connection::CreateFile(folder_.Path("other.mdb"), "CREATE TABLE Recipe (Name TEXT);");
     const std::string before = folder_.Read("db/clb.mdb");
 
-    EXPECT_THROW(backups_.Restore(folder_.Path("other.mdb"), Day("2026-11-21")), EngineError);
+    try {
+        backups_.Restore(folder_.Path("other.mdb"), Day("2026-11-21"));
+        ADD_FAILURE() << "no error";
+    } catch (const EngineError& error) {
+        EXPECT_EQ(std::string(error.what()), "The file '" + folder_.Path("other.mdb") +
+                                                 "' is no copy of this program's database.");
+    }
 
     EXPECT_TRUE(folder_.Read("db/clb.mdb") == before);
 }

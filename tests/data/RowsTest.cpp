@@ -110,6 +110,14 @@ TEST_F(RowsTest, NextNumberIsOneMoreThanTheLargest)
     EXPECT_THROW(Store().GetNextSequence(), RuntimeError);
 }
 
+TEST_F(RowsTest, ARowOfNoViewIsValidAsItIs)
+{
+    for (shown_.view = 0; shown_.view <= 99; shown_.view += 99)
+        EXPECT_EQ(Check(), "valid") << shown_.view;
+
+    EXPECT_TRUE(row_.cells.empty());
+}
+
 TEST_F(RowsTest, QuotesAreDoubled)
 {
     EXPECT_EQ(clsDatabase::ToSqlString("O'Neil's"), "O''Neil''s");

@@ -59,6 +59,7 @@ TEST_F(SchemaTest, AFileWithoutVersionGetsBothSteps)
              "INSERT INTO Loan (Description, InterestRate, AccountID) VALUES ('Car', 4.75, '20')"});
 
     EXPECT_EQ(VersionColumns(), "2;");
+    EXPECT_EQ(Store().SchemaVersion(), 2);
     EXPECT_EQ(TypeOf("Loan", "InterestRate"), FieldType::Single);
     EXPECT_EQ(Rows("SELECT AccountID, BudgetInclude FROM Account"),
               (std::vector<std::string>{"10|True"}));
@@ -83,6 +84,7 @@ TEST_F(SchemaTest, ALaterVersionIsLeftAsItIs)
              "ALTER TABLE Account DROP COLUMN BudgetInclude"});
 
     EXPECT_EQ(VersionColumns(), "7;");
+    EXPECT_EQ(Store().SchemaVersion(), 7);
     EXPECT_THROW(Rows("SELECT BudgetInclude FROM Account"), EngineError);
 }
 

@@ -73,7 +73,11 @@ TEST_F(FindTest, TheOtherOperatorsWalk)
     EXPECT_EQ(Found("m > 1e30"), "");
     EXPECT_EQ(Found("d > -5"), "12");
     EXPECT_EQ(Found("t < #2006-02-28#"), "14");
+    EXPECT_EQ(Found("t <= #1999-12-31#"), "4");
+    EXPECT_EQ(Found("t >= #2006-02-28 10:00:00#"), "2");
     EXPECT_EQ(Found("y <> TRUE"), "24");
+    EXPECT_EQ(Found("y > TRUE"), "24");
+    EXPECT_EQ(Found("y <= FALSE"), "1234");
 }
 
 TEST_F(FindTest, TheSearchBeginsAtTheCurrentRow)

@@ -193,6 +193,7 @@ TEST_F(TypesTest, AWholeNumberSumBeyondItsRangeIsAnError)
     RunAll({"CREATE TABLE T (l LONG)", "INSERT INTO T VALUES (2147483647)",
             "INSERT INTO T VALUES (1)"});
 
+    EXPECT_EQ(Rows("SELECT l + 0, -l - 1 FROM T WHERE l > 1"), Lines{"2147483647|-2147483648"});
     EXPECT_EQ(ErrorOf([&] { Rows("SELECT SUM(l) FROM T"); }).Number(), engine_errors::Overflow);
     EXPECT_EQ(ErrorOf([&] { Rows("SELECT MAX(l) + 1 FROM T"); }).Number(), engine_errors::Overflow);
     EXPECT_EQ(ErrorOf([&] { Rows("SELECT l * 2 FROM T"); }).Number(), engine_errors::Overflow);

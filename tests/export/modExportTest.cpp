@@ -38,6 +38,19 @@ TEST_F(modExportTest, AnAccountWithoutTransactionsGivesTheZeroDate)
     EXPECT_TRUE(text.ends_with("</OFX>\r\n"));
 }
 
+TEST_F(modExportTest, EveryRowHasItsOwnDay)
+{
+    for (const char* day : {"2006-03-05", "1899-12-30", "2006-03-05"})
+        books_.Execute("INSERT INTO Trans (AccountID, PostDate, Amount) VALUES ('10', #" +
+                       std::string(day) + "#, 1)");
+
+    const std::string text = Written("10");
+
+    EXPECT_TRUE(Holds(text, "<DTPOSTED>18991230000000["));
+    EXPECT_TRUE(Holds(text, "<DTSTART>18991230000000["));
+    EXPECT_TRUE(Holds(text, "<DTEND>20060305000000["));
+}
+
 TEST_F(modExportTest, OfAStatementThatCannotBeEndedOnlyTheHeaderStays)
 {
     for (int row = 0; row < 2; ++row)

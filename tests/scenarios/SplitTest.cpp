@@ -293,6 +293,15 @@ TEST_F(SplitTest, APieceWithoutDescriptionHasItsNumberOnly)
     EXPECT_EQ(Pieces(), R"json([0,"-50",null] [1,"-50"," (split #1)"])json");
 }
 
+TEST_F(SplitTest, TheRegisterShowsThePieceAtOnce)
+{
+    ShowTransaction("-100");
+
+    Call("SplitTransaction", {1, 0, "-70", "-30"});
+
+    EXPECT_EQ(Column(3), R"("-70" "-30")");
+}
+
 TEST_F(SplitTest, ItsStatementsCountThePiecesAndOpenTheTransaction)
 {
     ShowTransaction("-100");

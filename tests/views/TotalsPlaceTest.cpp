@@ -42,6 +42,16 @@ TEST(TotalsPlaceTest, ALoneAmountHasRoomBelowANarrowColumn)
     EXPECT_LE(Right(books.window.lblTotal), books.window.txtTotal.Place().left);
 }
 
+TEST(TotalsPlaceTest, WidthsOfAnEarlierStartStayWithinReason)
+{
+    Books books;
+
+    books.window.View().WidthsByHand({{vwNetWorth, {{1, 2000000000}, {2, -7}}}});
+
+    EXPECT_EQ(books.window.Grid.Columns().Item(1).width, 4000);
+    EXPECT_EQ(books.window.Grid.Columns().Item(2).width, GridComponent::LeastWidth);
+}
+
 TEST(TotalsPlaceTest, TheColumnsFollowTheGridsWidthInTheirFractions)
 {
     Books books;
