@@ -88,7 +88,8 @@ TEST_F(LargeSetTest, ARowAddedAfterASearchIsFound)
     rows.Set("Sequence", std::int32_t{kRows});
     rows.Set("Description", std::string("added"));
     rows.Update();
-    for (rows.MoveFirst(); !rows.AtEnd(); rows.MoveNext())
+    rows.MoveFirst();
+    for (int i = 0; i < kRows / 2; ++i, rows.MoveNext())  // far enough for the row to be let go
         rows.Get(0);
 
     rows.MoveFirst();
