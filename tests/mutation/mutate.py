@@ -173,7 +173,7 @@ def verdict(mutant):
         for name in TESTS[mutant["file"].split("/")[0]]:
             program = BUILD / "tests" / f"clb_test_{name}"
             tests = ONLY.get(name, "-" + ":".join(SLOW))
-            done = run([str(program), "--gtest_fail_fast", "--gtest_brief=1", "--gtest_filter=" + tests], 60,
+            done = run([str(program), "--gtest_fail_fast", "--gtest_brief=1", "--gtest_filter=" + tests], 150,
                        cwd=BUILD / "tests", env=ENVIRONMENT, preexec_fn=small)
             if done is None:
                 return {"verdict": "killed", "by": f"{name}: no end"}
