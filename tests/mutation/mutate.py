@@ -249,6 +249,7 @@ def main():
         try_survivors(mutants)
         return report()
     known = {key(result): result for result in results()}
+    mutants = list({key(mutant): mutant for mutant in reversed(mutants)}.values())  # of equal lines the first
     mutants.sort(key=lambda mutant: (key(mutant) not in known,
                                      hashlib.sha256(f"{options.seed}:{key(mutant)}".encode()).digest()))
     valid = 0
