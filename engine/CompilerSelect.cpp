@@ -412,9 +412,8 @@ void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectStateme
 
 void RequireStorable(const Expression& value, const ColumnInfo& column)
 {
-    // A text is converted when it runs.
-    if (IsNullLiteral(value) || value.type == FieldType::Text ||
-        column.type.type == FieldType::Text)
+    // A text is converted when it runs, and so is NULL.
+    if (value.type == FieldType::Text || column.type.type == FieldType::Text)
         return;
     if ((value.type == FieldType::Date) != (column.type.type == FieldType::Date))
         throw refuse::TypeMismatch();

@@ -20,7 +20,6 @@ void Recordset::Open(std::string_view sql, Connection& connection, CursorKind, L
     if (IsOpen())
         throw refuse::AlreadyOpen();
     Connection::State& session = connection.Internals();
-    session.RequireOpen();
     if (session.trace)
         session.trace(sql);
     OpenUntraced(sql, connection, lock);

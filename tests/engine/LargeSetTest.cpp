@@ -115,6 +115,21 @@ TEST_F(LargeSetTest, AChangedRowIsFoundByItsNewValueAfterALongWalk)
     EXPECT_EQ(rows.Get(0), Value(std::int32_t{100}));
 }
 
+TEST_F(LargeSetTest, ASetReadAgainMayHaveBecomeSmaller)
+{
+    Recordset rows = Opened("SELECT Sequence FROM Trans");
+    for (; !rows.AtEnd(); rows.MoveNext())
+        rows.Get(0);
+    Run("DELETE FROM Trans WHERE Sequence >= 10000");
+
+    rows.Requery();
+
+    std::int32_t expected = 0;
+    for (; !rows.AtEnd(); rows.MoveNext())
+        ASSERT_EQ(rows.Get(0), Value(expected++));
+    EXPECT_EQ(expected, 10000);
+}
+
 TEST_F(LargeSetTest, EveryOtherRowCanBeDeleted)
 {
     Recordset rows = Opened("SELECT Sequence FROM Trans");

@@ -157,9 +157,10 @@ TEST_F(QueryTest, GroupsHaveTheirSums)
 
 TEST_F(QueryTest, AColumnOutsideTheGroupsIsRefused)
 {
-    for (const char* sql : {"SELECT Year, SUM(Amount) FROM Trans",
-                            "SELECT Category, Year FROM Trans GROUP BY Category",
-                            "SELECT SUM(Amount) FROM Trans ORDER BY Year"}) {
+    for (const char* sql :
+         {"SELECT Year, SUM(Amount) FROM Trans", "SELECT Year, SUM(Amount) + 1 FROM Trans",
+          "SELECT Category, Year FROM Trans GROUP BY Category",
+          "SELECT SUM(Amount) FROM Trans ORDER BY Year"}) {
         SCOPED_TRACE(sql);
         EXPECT_STREQ(ErrorOf([&] { Run(sql); }).what(),
                      "The expression 'Year' is neither part of an aggregate function nor of GROUP "

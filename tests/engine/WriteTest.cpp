@@ -49,6 +49,9 @@ TEST_F(WriteTest, RowsOfAQueryCanBeInserted)
     EXPECT_EQ(
         ErrorOf([&] { Run("INSERT INTO Trans (PostDate) SELECT Year FROM Budget"); }).Number(),
         engine_errors::TypeMismatch);
+    Run("INSERT INTO Trans (PostDate) SELECT '2006-01-3' & '1' FROM Budget WHERE Sequence = 1");
+    Run("INSERT INTO Trans (PostDate) SELECT NULL FROM Budget WHERE Sequence = 1");
+    EXPECT_EQ(Rows("SELECT PostDate FROM Trans"), (Lines{"2006-01-31", "-"}));
 }
 
 TEST_F(WriteTest, AnUpdateMayComputeFromTheRow)

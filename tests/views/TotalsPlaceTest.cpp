@@ -26,6 +26,7 @@ TEST(TotalsPlaceTest, BothAmountsEndBelowTheirColumns)
 
     EXPECT_EQ(Right(books.window.txtTotal), RightOf(books.window, 4) - 3);
     EXPECT_EQ(Right(books.window.txtTotal2), RightOf(books.window, 5) - 3);
+    EXPECT_EQ(books.window.txtTotal2.Place().left - Right(books.window.txtTotal), 3);
 }
 
 TEST(TotalsPlaceTest, ALoneAmountHasRoomBelowANarrowColumn)
