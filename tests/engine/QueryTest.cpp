@@ -159,6 +159,7 @@ TEST_F(QueryTest, AColumnOutsideTheGroupsIsRefused)
 {
     for (const char* sql :
          {"SELECT Year, SUM(Amount) FROM Trans", "SELECT Year, SUM(Amount) + 1 FROM Trans",
+          "SELECT Year, Nz(SUM(Amount)) FROM Trans",
           "SELECT Category, Year FROM Trans GROUP BY Category",
           "SELECT SUM(Amount) FROM Trans ORDER BY Year"}) {
         SCOPED_TRACE(sql);
