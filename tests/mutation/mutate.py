@@ -189,6 +189,11 @@ def key(mutant):
     return f"{mutant['file']}:{mutant['column']}:{mutant['new']}:{mutant['old']}"
 
 
+def first_of_equal(mutants):
+    """Of changes in equal lines of a file the first."""
+    return list({key(mutant): mutant for mutant in reversed(mutants)}.values())
+
+
 def place(mutant):
     return f"{mutant['file']}:{mutant['line']}:{mutant['column']} {mutant['new']}"
 
@@ -208,7 +213,7 @@ def judged(mutant):
 
 def try_survivors(mutants):
     """A survivor whose line is gone is forgotten."""
-    present = {key(mutant): mutant for mutant in mutants}
+    present = {key(mutant): mutant for mutant in first_of_equal(mutants)}
     kept = [result for result in results() if result["verdict"] != "survived" or key(result) in present]
     for at, result in enumerate(kept):
         if result["verdict"] == "survived":
@@ -249,7 +254,7 @@ def main():
         try_survivors(mutants)
         return report()
     known = {key(result): result for result in results()}
-    mutants = list({key(mutant): mutant for mutant in reversed(mutants)}.values())  # of equal lines the first
+    mutants = first_of_equal(mutants)
     mutants.sort(key=lambda mutant: (key(mutant) not in known,
                                      hashlib.sha256(f"{options.seed}:{key(mutant)}".encode()).digest()))
     valid = 0
