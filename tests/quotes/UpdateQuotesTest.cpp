@@ -126,28 +126,21 @@ TEST(clsStockQuoteTest, FieldsLoseTheirQuotesAndTheVolumeIsGrouped)
     EXPECT_EQ(quote.Volume(), "1,234,567");
 }
 
-TEST(clsStockQuoteTest, AnEnormousVolumeIsGroupedToo)
+/// A volume beyond all numbers ended the whole update with an overflow.
+TEST(clsStockQuoteTest, AVolumeIsGroupedAsLongAsItIsANumber)
 {
-    FakeHttp http;
-    http.answer = "ACME,45.50,6/1/2006,4:00pm,+0.91,+2.04%,44.60,45.75,44.50,45.49,45.51,-2e18";
-    clsStockQuote quote(http, "http://q");
+    for (const auto& [field, volume] :
+         {std::pair("-2e18", "-2,000,000,000,000,000,000"), std::pair("1e400", "1e400")}) {
+        FakeHttp http;
+        http.answer = "ACME,45.50,6/1/2006,4:00pm,+0.91,+2.04%,44.60,45.75,44.50,45.49,45.51," +
+                      std::string(field);
+        clsStockQuote quote(http, "http://q");
 
-    quote.Symbol("ACME");
+        quote.Symbol("ACME");
 
-    EXPECT_EQ(quote.Volume(), "-2,000,000,000,000,000,000");
-}
-
-/// It ended the whole update with an overflow.
-TEST(clsStockQuoteTest, AVolumeBeyondAllNumbersStaysAsItIsWritten)
-{
-    FakeHttp http;
-    http.answer = "ACME,45.50,6/1/2006,4:00pm,+0.91,+2.04%,44.60,45.75,44.50,45.49,45.51,1e400";
-    clsStockQuote quote(http, "http://q");
-
-    quote.Symbol("ACME");
-
-    EXPECT_EQ(quote.Volume(), "1e400");
-    EXPECT_EQ(quote.Quote(), "45.50");
+        EXPECT_EQ(quote.Volume(), volume);
+        EXPECT_EQ(quote.Quote(), "45.50");
+    }
 }
 
 }  // namespace
