@@ -45,6 +45,7 @@ void Connection::Open(std::string_view connectionString)
     if (IsOpen())
         throw refuse::AlreadyOpen();
     state_->database.OpenExisting(DataSourceOf(connectionString));
+    state_->ChangedElsewhere();
 }
 
 bool Connection::IsOpen() const
@@ -75,6 +76,27 @@ void Connection::Group()
     state_->whole = true;
 }
 
+void Connection::Lock()
+{
+    state_->RequireOpen();
+    state_->BeginWrite();
+}
+
+bool Connection::Locked() const
+{
+    return state_->database.IsOpen() && state_->database.InTransaction();
+}
+
+void Connection::Abandon() noexcept
+{
+    state_->Abandon();
+}
+
+bool Connection::ChangedElsewhere()
+{
+    return state_->ChangedElsewhere();
+}
+
 void Connection::Settle()
 {
     state_->Settle();
@@ -88,6 +110,16 @@ bool Connection::LostGroup() const
 void Connection::Trace(std::function<void(std::string_view)> sink)
 {
     state_->trace = std::move(sink);
+}
+
+Connection::Untraced::Untraced(Connection& connection)
+    : connection_(connection), sink_(std::exchange(connection.state_->trace, nullptr))
+{
+}
+
+Connection::Untraced::~Untraced()
+{
+    connection_.state_->trace = std::move(sink_);
 }
 
 void Connection::CreateFile(const std::string& path, const std::string& script)

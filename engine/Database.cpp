@@ -16,7 +16,8 @@
 namespace clb {
 namespace {
 
-constexpr int kBusyMilliseconds = 2000;
+/// How long to wait for another program: an import of some hundred thousand rows is done by then.
+constexpr int kBusyMilliseconds = 10000;
 
 constexpr const char* kNoDatabase = "is damaged or is no database.";
 
@@ -322,6 +323,16 @@ void Database::Configure()
     Run("PRAGMA synchronous = EXTRA; PRAGMA cache_size = -16384; PRAGMA mmap_size = 0");
     Run("PRAGMA cell_size_check = ON");
     Run("PRAGMA journal_mode = DELETE");
+}
+
+Database::Impatient::Impatient(Database& database) : database_(database)
+{
+    sqlite3_busy_timeout(database_.raw_, 0);
+}
+
+Database::Impatient::~Impatient()
+{
+    sqlite3_busy_timeout(database_.raw_, kBusyMilliseconds);
 }
 
 Statement Database::Prepare(std::string_view sql, bool lasting)

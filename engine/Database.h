@@ -86,6 +86,18 @@ public:
     std::int64_t ChangedRows() const;
     bool InTransaction() const;
 
+    /// While it lives, a statement that meets another program's lock fails at once.
+    class Impatient {
+    public:
+        explicit Impatient(Database& database);
+        ~Impatient();
+        Impatient(const Impatient&) = delete;
+        Impatient& operator=(const Impatient&) = delete;
+
+    private:
+        Database& database_;
+    };
+
     /// An error that a function of ours raises inside a running statement; Step and Run throw it.
     void Fail(const EngineError& error) { failure_ = error; }
 

@@ -105,6 +105,41 @@ void Connection::State::Settle()
     }
 }
 
+void Connection::State::Abandon() noexcept
+{
+    pending = false;
+    whole = false;
+    if (!database.IsOpen() || !database.InTransaction())
+        return;
+    try {
+        database.Run("ROLLBACK");
+        ForgetSchema();
+    } catch (const EngineError&) {
+        // A group that cannot be taken back is never committed: it ends with the connection.
+    }
+}
+
+bool Connection::State::ChangedElsewhere()
+{
+    if (!database.IsOpen() || database.InTransaction())
+        return false;
+    const Database::Impatient now(database);
+    try {
+        if (!readDataVersion)
+            readDataVersion = database.Prepare("PRAGMA data_version", true);
+        const ResetAtExit reset(readDataVersion);
+        database.Step(readDataVersion);
+        const std::int64_t version = readDataVersion.Integer(0);
+        const bool changed = version != dataVersion;
+        dataVersion = version;
+        return changed;
+    } catch (const EngineError& error) {
+        if (error.Trouble() == FileTrouble::Locked)
+            return false;
+        throw;
+    }
+}
+
 ReadGroup::ReadGroup(Connection::State& session)
 {
     if (session.database.InTransaction())

@@ -26,6 +26,8 @@ struct Connection::State {
     Statement begin;
     Statement beginReading;
     Statement commit;
+    Statement readDataVersion;
+    std::int64_t dataVersion = -1;  ///< of the storage when it was last asked; -1: not known
 
     /// The compiled statement and its values. Notices first when another program has changed the
     /// schema. Throws EngineError.
@@ -39,6 +41,8 @@ struct Connection::State {
     /// Whether the pending group was given up with all that was in it.
     bool LostGroup() const { return pending && !database.InTransaction(); }
     void Settle();
+    void Abandon() noexcept;
+    bool ChangedElsewhere();
     void Commit();
     /// To be called after each change of the schema.
     void ForgetSchema();
