@@ -8,7 +8,8 @@
 
 namespace clb {
 
-/// The connection to one database file. One thread; other programs may read and write the same file.
+/// The connection to one database file. One thread; other programs may read and write the same
+/// file.
 ///
 /// Every statement takes effect by itself. What was written is kept in one pending group until
 /// Settle(), which makes it durable; a program that is killed before leaves the file as it was at
@@ -37,8 +38,8 @@ public:
     /// all: trouble with the file loses it. Throws EngineError when the file is locked or
     /// read-only.
     void Group();
-    /// Takes the write lock before the first read of a command that will write by what it reads, and
-    /// keeps it until Settle() or Abandon(): nobody else writes in between. Waits for a program
+    /// Takes the write lock before the first read of a command that will write by what it reads,
+    /// and keeps it until Settle() or Abandon(): nobody else writes in between. Waits for a program
     /// that is soon done. Does nothing while the pending group is open. Throws EngineError
     /// (FileTrouble::Locked) when the other program is not done in time.
     void Lock();
