@@ -1,0 +1,33 @@
+#include "files/TemporaryFolder.h"
+
+#include <stdlib.h>
+
+#include <cerrno>
+#include <filesystem>
+
+#include "files/FileError.h"
+#include "files/Leftovers.h"
+
+namespace clb {
+
+namespace fs = std::filesystem;
+
+TemporaryFolder::TemporaryFolder()
+{
+    std::error_code failure;
+    const fs::path parent = fs::temp_directory_path(failure);
+    if (failure)
+        throw CannotWrite("the folder for temporary files", failure.value());
+    RemoveTemporaryLeftovers();
+    path_ = (parent / (TemporaryFront() + "XXXXXX")).string();
+    if (!::mkdtemp(path_.data()))
+        throw CannotWrite(parent.string(), errno);
+}
+
+TemporaryFolder::~TemporaryFolder()
+{
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+}
+
+}  // namespace clb
