@@ -40,6 +40,7 @@ namespace {
 std::string OpenFolder(const std::optional<std::string>& home)
 {
     const std::string folder = ProgramFolder(PlacesOf(home));
+    RemoveProgramLeftovers(folder);
     if (!home && IsUnused(folder))
         DeliverFolder(folder, EmptyDatabase());
     return folder;

@@ -10,13 +10,17 @@
 namespace clb {
 
 /// What to do with a file that has the name already.
-enum class Existing { Replace, Refuse };
+enum class Existing {
+    Replace,      ///< the new file takes over its rights; of a link, the file that it leads to
+    ReplaceName,  ///< the new file has a new file's rights; of a link, the link itself
+    Refuse
+};
 
 /// A file that is written beside its name and gets the name only when it is whole and on the disk.
 /// Whatever fails before leaves the former file as it was and nothing else behind.
 ///
-/// A new file is for the user alone (mode 0600); one that replaces another takes over its rights,
-/// and a link keeps leading to it. A pipe or device that has the name is written as it is.
+/// A new file is for the user alone (mode 0600). A pipe or device that is to be replaced is written
+/// as it is.
 /// All members throw FileError when the system refuses.
 class WholeFile {
 public:
