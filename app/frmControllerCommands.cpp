@@ -5,6 +5,7 @@
 #include "app/frmController.h"
 #include "app/frmOptions.h"
 #include "app/frmSplit.h"
+#include "base/Interruption.h"
 #include "base/Numeric.h"
 
 namespace clb {
@@ -105,6 +106,7 @@ void frmController::ImportProgress(std::size_t part, std::size_t whole)
 {
     static const std::string reading = "Reading transactions";
     progress.Step(part, whole, reading);
+    Interruption::Check();
 }
 
 void frmController::QuotesCommand()
@@ -116,6 +118,7 @@ void frmController::QuotesCommand()
 void frmController::QuoteProgress(std::size_t part, std::size_t whole, const std::string& symbol)
 {
     progress.Step(part, whole, symbol);
+    Interruption::Check();
 }
 
 void frmController::PrintCommand()

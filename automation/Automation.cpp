@@ -4,6 +4,7 @@
 #include "automation/ScriptedPorts.h"
 #include "automation/Statements.h"
 #include "automation/Verbs.h"
+#include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "platform/CurlHttpClient.h"
 
@@ -79,6 +80,8 @@ Json Driver::Reporting(Work work)
 {
     try {
         return work();
+    } catch (const Interrupted&) {
+        throw;  // no reply: what the command wrote goes with the connection
     } catch (const RequestError& error) {
         return ErrorReply(0, error.what());
     } catch (const RuntimeError& error) {
@@ -117,6 +120,7 @@ Json Driver::Perform(const std::string& line)
 Json Driver::Answer(const std::string& line)
 {
     const Json reply = Reporting([&] { return Perform(line); });
+    Interruption::Check();
     // A failed command has its effects too, up to the failure.
     const Json settled = Reporting([&] {
         Settle();
@@ -136,11 +140,12 @@ int RunAutomation(std::istream& requests, std::ostream& replies, const Automatio
     if (loaded["ok"] == false)
         return 1;
     std::string line;
-    while (driver.Running() && std::getline(requests, line))
+    while (replies && driver.Running() && std::getline(requests, line))
         replies << ToLine(driver.Answer(line)) << std::endl;
+    Interruption::Check();
     if (driver.Running())
         driver.Unload();
-    return 0;
+    return replies ? 0 : 1;
 }
 
 }  // namespace clb

@@ -6,6 +6,7 @@ namespace clb {
 namespace {
 
 std::atomic<int> asked = 0;
+std::atomic<BreakOff> used = BreakOff::Anywhere;
 static_assert(std::atomic<int>::is_always_lock_free, "a signal handler writes it");
 
 }  // namespace
@@ -23,6 +24,28 @@ int Interruption::Signal() noexcept
 void Interruption::Forget() noexcept
 {
     asked = 0;
+}
+
+void Interruption::Use(BreakOff where) noexcept
+{
+    used = where;
+}
+
+void Interruption::Check()
+{
+    if (Asked())
+        throw Interrupted();
+}
+
+bool Interruption::BreaksStatements() noexcept
+{
+    return Asked() && used == BreakOff::Anywhere;
+}
+
+void Interruption::CheckAnywhere()
+{
+    if (BreaksStatements())
+        throw Interrupted();
 }
 
 }  // namespace clb

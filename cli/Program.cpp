@@ -1,5 +1,6 @@
 #include "cli/Program.h"
 
+#include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "data/Backups.h"
 
@@ -20,11 +21,22 @@ Program::Program(const std::string& folder, IModalHost& forms)
 
 Program::~Program()
 {
+    if (Interruption::Asked()) {
+        if (controller_.Loaded())
+            controller_.Data().Database().Abandon();
+        return;
+    }
     try {
         controller_.Unload();
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
     }
+}
+
+void Program::Finish()
+{
+    Interruption::Check();
+    controller_.Unload();
 }
 
 Month Program::PresentMonth() const

@@ -34,8 +34,9 @@ public:
     Month PresentMonth() const;
 
     /// Makes durable what was written and unloads it. Throws EngineError when that fails; the
-    /// destructor could only tell it.
-    void Finish() { controller_.Unload(); }
+    /// destructor could only tell it. Throws Interrupted when the program was told to end; then
+    /// nothing is kept.
+    void Finish();
 
     /// Chooses the month to show, without showing it yet.
     void ChooseMonth(Month month);

@@ -1,4 +1,5 @@
 #include "automation/Statements.h"
+#include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
@@ -21,6 +22,7 @@ Json Reply(const SqlOptions& options)
         Connection connection;
         connection.Open("Data Source=" + options.folder + "/db/clb.mdb");
         const Json reply = GoodReply(RunStatement(connection, options.statement));
+        Interruption::Check();
         connection.Settle();
         return reply;
     } catch (const RuntimeError& error) {

@@ -10,14 +10,13 @@
 #include <limits>
 #include <utility>
 
+#include "base/Interruption.h"
 #include "engine/Errors.h"
 #include "engine/Functions.h"
+#include "engine/Waiting.h"
 
 namespace clb {
 namespace {
-
-/// How long to wait for another program: an import of some hundred thousand rows is done by then.
-constexpr int kBusyMilliseconds = 10000;
 
 constexpr const char* kNoDatabase = "is damaged or is no database.";
 
@@ -299,7 +298,8 @@ void Database::Connect(const std::string& path, int flags)
         throw FileErrorOf(code & 0xFF, system, path);
     }
     sqlite3_extended_result_codes(raw_, 1);
-    sqlite3_busy_timeout(raw_, kBusyMilliseconds);
+    WaitForOthers(raw_);
+    WatchInterruption(raw_);
 }
 
 void Database::Distrust()
@@ -332,7 +332,7 @@ Database::Impatient::Impatient(Database& database) : database_(database)
 
 Database::Impatient::~Impatient()
 {
-    sqlite3_busy_timeout(database_.raw_, kBusyMilliseconds);
+    WaitForOthers(database_.raw_);
 }
 
 Statement Database::Prepare(std::string_view sql, bool lasting)
@@ -371,6 +371,8 @@ void Database::Throw(int code, const std::string& message)
     if (failure_)
         throw EngineError(*std::exchange(failure_, std::nullopt));
     const int kind = code & 0xFF;
+    if (kind == SQLITE_INTERRUPT || kind == SQLITE_BUSY)
+        Interruption::CheckAnywhere();
     if (IsAboutFile(kind)) {
         fileError_ = FileErrorOf(kind, sqlite3_system_errno(raw_), path_);
         throw EngineError(fileError_);

@@ -1,5 +1,6 @@
 #include "engine/Session.h"
 
+#include "base/Interruption.h"
 #include "engine/Compiler.h"
 #include "engine/Errors.h"
 
@@ -13,6 +14,7 @@ void Connection::State::RequireOpen() const
 
 StatementCache::Entry Connection::State::Prepare(std::string_view sql)
 {
+    Interruption::CheckAnywhere();
     RequireOpen();
     NoticeForeignSchema();
     if (const auto* known = cache.FindText(sql))
@@ -60,6 +62,7 @@ void Connection::State::ForgetSchema()
 
 void Connection::State::BeginWrite()
 {
+    Interruption::CheckAnywhere();
     if (database.InTransaction())
         return;
     // What the command wrote before is gone: the rest of it must not stand alone.
@@ -158,7 +161,7 @@ ReadGroup::~ReadGroup()
     session_->reading = false;
     try {
         session_->Commit();
-    } catch (const EngineError&) {
+    } catch (...) {
         // Nothing was written. A group that the storage has given up already is over as well.
     }
 }

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <new>
 
 #include "files/FileError.h"
 #include "files/Leftovers.h"
@@ -26,8 +27,12 @@ TemporaryFolder::TemporaryFolder()
 
 TemporaryFolder::~TemporaryFolder()
 {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
+    try {
+        std::error_code ignored;
+        fs::remove_all(path_, ignored);
+    } catch (const std::bad_alloc&) {
+        return;  // a later start removes it
+    }
 }
 
 }  // namespace clb
