@@ -1,9 +1,11 @@
 #include "desktop/Desktop.h"
 
 #include <QApplication>
+#include <QSocketNotifier>
 #include <iostream>
 #include <memory>
 
+#include "base/Interruption.h"
 #include "data/Backups.h"
 #include "data/EmptyDatabase.h"
 #include "data/Trouble.h"
@@ -31,6 +33,8 @@
 #include "platform/HelpFolder.h"
 #include "platform/ProgramFolder.h"
 #include "platform/RunningProgram.h"
+#include "platform/Signals.h"
+#include "platform/StandardStreams.h"
 #include "platform/SystemClock.h"
 
 namespace clb {
@@ -80,6 +84,16 @@ public:
     frmController& Controller() { return controller_; }
     /// Whether the user ended it to have a new one.
     bool StartsAgain() const { return stuck_.StartsAgain(); }
+    /// Closes it because a signal has come. A row that is being typed is not saved.
+    void Close()
+    {
+        Interruption::Forget();
+        if (!controller_.Loaded())
+            return;
+        controller_.Data().Database().Abandon();
+        controller_.Grid.Component().CancelEdit();
+        controller_.Unload();
+    }
     IncomingFiles& Incoming() { return incoming_; }
 
 private:
@@ -107,8 +121,11 @@ bool ShowsWindow(const StartOptions& options)
 int Automate(const StartOptions& options, IClock& clock)
 {
     WindowPresenter presenter;
+    const EndingSignals signals(BreakOff::AtMarks);
     std::ios::sync_with_stdio(false);
-    return RunAutomation(std::cin, std::cout,
+    StandardInput input(EndingSignals::Descriptor());
+    std::istream requests(&input);
+    return RunAutomation(requests, std::cout,
                          {OpenFolder(options.home), clock, options.quoteService}, &presenter);
 }
 
@@ -126,6 +143,7 @@ int Picture(MainWindow& window, const std::string& file)
 std::optional<int> RunOnce(const std::string& folder, const StartOptions& options, IClock& clock,
                            RunningProgram& running, const QStringList& files)
 {
+    const EndingSignals signals(BreakOff::AtMarks);
     Program program(folder, clock);
     Backups(folder).BeforeUpgrade(clock.Now());
     program.Load();
@@ -140,7 +158,12 @@ std::optional<int> RunOnce(const std::string& folder, const StartOptions& option
     const auto laterStarts = ServeLaterStarts(running, program.Window(), program.Incoming());
     program.Window().show();
     program.Incoming().Take(files);
+    const QSocketNotifier told(EndingSignals::Descriptor(), QSocketNotifier::Read);
+    // Also leaves the loops of dialogs, which then count as cancelled.
+    QObject::connect(&told, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
     const int exitCode = QApplication::exec();
+    if (Interruption::Asked())
+        program.Close();
     return program.StartsAgain() ? std::nullopt : std::optional(exitCode);
 }
 
@@ -185,6 +208,8 @@ int RunDesktop(int argc, char** argv, const StartOptions& options)
         return PrintDocument(options.print, options.pdf);
     try {
         return options.automate ? Automate(options, *clock) : Run(options, *clock);
+    } catch (const Interrupted&) {
+        return 1;  // main ends by the signal
     } catch (const std::exception& error) {
         return ReportFailure(options, error);
     }

@@ -1,5 +1,6 @@
 #include "desktop/QtModalHost.h"
 
+#include "base/Interruption.h"
 #include "desktop/DialogParent.h"
 #include "desktop/FormDialog.h"
 #include "desktop/PointerPort.h"
@@ -10,8 +11,10 @@ void QtModalHost::Run(Form& form)
 {
     const PlainPointer pointer;
     FormDialog dialog(form, events_, DialogParent());
-    while (form.Visible())
+    while (form.Visible()) {
         dialog.exec();
+        Interruption::Check();
+    }
 }
 
 }  // namespace clb

@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "app/frmController.h"
+#include "base/Interruption.h"
 
 namespace clb {
 
@@ -16,7 +17,8 @@ bool UserEvents::Run(const std::function<void()>& action)
 {
     ++depth_;
     bool done = Report(action);
-    if (settle_)
+    // What a command wrote that was broken off is not kept.
+    if (settle_ && !Interruption::Asked())
         done = Report(settle_) && done;
     if (redraw_)
         redraw_();
@@ -32,6 +34,8 @@ bool UserEvents::Report(const std::function<void()>& action)
     try {
         action();
         return true;
+    } catch (const Interrupted&) {
+        return false;  // the program ends as soon as its loop goes on
     } catch (const std::exception& error) {
         messages_.Show(error.what(), box_style::Critical, frmController::Title);
         return false;

@@ -30,8 +30,11 @@ std::size_t SizeOf(const Descriptor& file)
 std::string ReadFile(const std::string& path)
 {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!file.IsOpen())
-        throw CannotRead(path, errno);
+    if (!file.IsOpen()) {
+        const int reason = errno;
+        Interruption::Check();
+        throw CannotRead(path, reason);
+    }
     // One byte more than there is, so that the end is found without growing.
     std::string bytes(std::max(SizeOf(file) + 1, kPiece), '\0');
     std::size_t filled = 0;

@@ -11,6 +11,18 @@
 #include "base/Interruption.h"
 
 namespace clb {
+namespace {
+
+/// What went wrong while the command still ran. Something was lost then, so one line end more does
+/// no harm.
+int ReasonOfLostOutput()
+{
+    std::clearerr(stdout);
+    errno = 0;
+    return std::fputc('\n', stdout) == EOF || std::fflush(stdout) != 0 ? errno : 0;
+}
+
+}  // namespace
 
 /// False when the program is told to end.
 bool StandardInput::WaitForInput() const
@@ -47,9 +59,10 @@ std::string FinishOutput()
     const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
     if (std::cout && written)
         return "";
+    const int reason = errno != 0 ? errno : ReasonOfLostOutput();
     std::string told = "Standard output cannot be written";
-    if (errno != 0)
-        told.append(": ").append(std::strerror(errno));
+    if (reason != 0)
+        told.append(": ").append(std::strerror(reason));
     return told + ".";
 }
 
