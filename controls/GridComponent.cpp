@@ -138,6 +138,7 @@ void GridComponent::StandOn(std::size_t row, std::int32_t column)
 void GridComponent::LoadRow()
 {
     cells_.assign(static_cast<std::size_t>(columns_.Count()), Null{});
+    stored_ = cells_;
     changed_.assign(cells_.size(), false);
     dirty_ = false;
     key_ = Null{};
@@ -148,6 +149,7 @@ void GridComponent::LoadRow()
     identity_ = rows_.Identity(row_);
     for (std::int32_t column = 1; column <= columns_.Count(); ++column)
         cells_[static_cast<std::size_t>(column - 1)] = rows_.Stored(row_, column);
+    stored_ = cells_;
 }
 
 void GridComponent::Col(std::int32_t column)

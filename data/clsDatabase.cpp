@@ -1,6 +1,7 @@
 #include "data/clsDatabase.h"
 
 #include "base/Numeric.h"
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/SchemaVersion.h"
 #include "engine/EngineError.h"
@@ -33,7 +34,12 @@ std::int16_t clsDatabase::ReadSchemaVersion()
 
 void clsDatabase::UpgradeSchema()
 {
-    const std::int16_t version = ReadSchemaVersion();
+    std::int16_t version = SchemaVersionOf(connection_).value_or(0);
+    if (version == 0 || version == 1) {
+        // Another program may be bringing the same file up to date.
+        connection_.Lock();
+        version = ReadSchemaVersion();
+    }
     schemaVersion_ = version;
     if (version == 0)
         connection_.Execute("ALTER TABLE Loan ALTER COLUMN InterestRate Single");
@@ -51,6 +57,36 @@ void clsDatabase::UpgradeSchema()
 void clsDatabase::Execute(const std::string& sql)
 {
     connection_.Execute(sql);
+}
+
+void clsDatabase::Lock()
+{
+    if (connection_.Locked())
+        return;
+    connection_.Lock();
+    // Now that nobody else can write, what was written before is known for certain.
+    WritesElsewhere();
+}
+
+std::uint64_t clsDatabase::WritesElsewhere()
+{
+    if (connection_.ChangedElsewhere())
+        ++writesElsewhere_;
+    return writesElsewhere_;
+}
+
+void clsDatabase::RequireShownRow()
+{
+    if (RowsOutdated() && !row_.IsAsStored())
+        throw RuntimeError(errors::InvalidCall,
+                           "Another program has changed or deleted this record meanwhile. Nothing "
+                           "was done. Please look at it again and repeat the command.");
+}
+
+void clsDatabase::RequeryRows()
+{
+    rows_.Requery();
+    RowsRead();
 }
 
 std::string clsDatabase::ToSqlString(std::string_view text)
@@ -144,6 +180,7 @@ Recordset& clsDatabase::GetRows()
     const std::string sql = RowsStatement();
     if (rows_.IsOpen())
         rows_.Close();
+    RowsRead();
     rows_.Open(sql, connection_, CursorKind::Keyset, LockKind::Pessimistic);
     return rows_;
 }

@@ -22,6 +22,7 @@ void clsDatabase::CreateBudgetEntry(const std::string& category, std::int32_t ye
                                     std::int32_t period, const std::string& categoryGroup,
                                     Money amount)
 {
+    Lock();
     Recordset records;
     Fill(records,
          "SELECT Year, Period, Category, CategoryGroup, Amount FROM Budget WHERE Budget.Year = " +
@@ -42,6 +43,7 @@ void clsDatabase::CreateBudgetEntry(const std::string& category, std::int32_t ye
 void clsDatabase::CopyBudget(std::int32_t sourceYear, std::int32_t sourcePeriod,
                              std::int32_t targetYear, std::int32_t targetPeriod)
 {
+    Lock();
     const Month to{targetYear, targetPeriod};
     Recordset source;
     source.Open(BudgetOf({sourceYear, sourcePeriod}), connection_, CursorKind::Keyset,
@@ -96,10 +98,13 @@ void clsDatabase::DropLines(Recordset& source, Recordset& target, Month to)
 
 void clsDatabase::MoveMonth(std::int32_t sequence, std::int32_t subSequence, std::int32_t direction)
 {
+    Lock();
+    RequireShownRow();
     Recordset piece;
     piece.Open("SELECT Year, Period FROM Trans WHERE Trans.Sequence = " + std::to_string(sequence) +
                    " AND Trans.SubSequence = " + std::to_string(subSequence),
                connection_, CursorKind::Keyset, LockKind::Pessimistic);
+    RequireOnePiece(piece, sequence);
     const Month from{ToLong(piece.Get("Year")), ToLong(piece.Get("Period"))};
     const Month to = direction == 1 ? from.Next() : from.Previous();
     CreateBudgetEntry(ToText(row_.ColumnValue(5)), to.year, to.period, "(none)", Money());
@@ -107,7 +112,7 @@ void clsDatabase::MoveMonth(std::int32_t sequence, std::int32_t subSequence, std
     piece.Set("Period", to.period);
     piece.Update();
     piece.Close();
-    rows_.Requery();
+    RequeryRows();
 }
 
 }  // namespace clb

@@ -6,12 +6,14 @@ namespace clb {
 
 bool clsDatabase::DeleteRow(bool gridRow)
 {
+    Lock();
     const std::int32_t view = shown_.View();
     if (!gridRow) {
         if (view == vwAccount || view == vwInvestment || view == vwLoan)
             Execute("DELETE FROM Account WHERE AccountID = '" + ShownAccount() + "'");
         return true;
     }
+    RequireShownRow();
     if (view != vwBudget)
         return true;
     const std::string condition = "Trans.Category = '" + ToSqlString(ToText(row_.ColumnValue(1))) +
@@ -26,6 +28,7 @@ bool clsDatabase::DeleteRow(bool gridRow)
 
 bool clsDatabase::ValidRow(std::int32_t& errorColumn, std::string& errorMessage)
 {
+    Lock();
     switch (shown_.View()) {
         case vwNetWorth: return ValidNetWorthRow(errorColumn, errorMessage);
         case vwBudget: return ValidBudgetRow(errorColumn, errorMessage);

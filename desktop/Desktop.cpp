@@ -1,9 +1,11 @@
 #include "desktop/Desktop.h"
 
 #include <QApplication>
+#include <QTimer>
 #include <iostream>
 #include <memory>
 
+#include "app/OtherPrograms.h"
 #include "data/Backups.h"
 #include "data/EmptyDatabase.h"
 #include "data/Trouble.h"
@@ -37,6 +39,8 @@ namespace clb {
 
 namespace {
 
+constexpr int kWatchMilliseconds = 1000;
+
 std::string OpenFolder(const std::optional<std::string>& home)
 {
     const std::string folder = ProgramFolder(PlacesOf(home));
@@ -62,6 +66,9 @@ public:
           window_(controller_, events_)
     {
         events_.Attach([this] { controller_.Settle(); }, [this] { window_.Sync(); });
+        events_.Before([this] { return !controller_.Loaded() || controller_.Others().Follow(); });
+        watch_.start(kWatchMilliseconds);
+        QObject::connect(&watch_, &QTimer::timeout, [this] { FollowOthers(); });
         // Hiding the last window does not end the toolkit's loop; unloading it ends the program.
         controller_.Unloading().connect([] { QCoreApplication::quit(); });
         events_.WhenIdle([this] { stuck_.Follow(); });
@@ -82,6 +89,14 @@ public:
     IncomingFiles& Incoming() { return incoming_; }
 
 private:
+    /// What another program writes shows by itself while the user only looks.
+    void FollowOthers()
+    {
+        if (!events_.Running() && controller_.window.Enabled() &&
+            controller_.Others().HaveWritten())
+            events_.Run([] {});
+    }
+
     MessageBoxPort boxes_;
     FileDialogPort files_;
     ShellPort shell_;
@@ -93,6 +108,7 @@ private:
     CurlHttpClient http_{{product::Title, false, {}, {}, [this] { window_.Work().KeepAlive(); }}};
     frmController controller_;
     MainWindow window_;
+    QTimer watch_;
     StuckWindow stuck_{controller_, events_, window_};
     IncomingFiles incoming_{controller_, window_, events_, boxes_,
                             [this](const std::string& path) { files_.AnswerNext(path); }};

@@ -8,6 +8,7 @@
 #include <QWheelEvent>
 #include <QWindow>
 
+#include "app/OtherPrograms.h"
 #include "desktop/GridView.h"
 #include "desktop/Icons.h"
 #include "desktop/InputEvents.h"
@@ -72,7 +73,11 @@ void MainWindow::BuildParts()
 {
     toolbar_ = new ToolbarBinder(controller_.toolbar, events_, inner_);
     tree_ = new TreeBinder(
-        controller_.TreeView, events_, [this](std::int32_t node) { controller_.PressNode(node); },
+        controller_.TreeView, events_,
+        [this](std::int32_t shown) {
+            if (const std::int32_t node = controller_.Others().NodeNow(shown); node != 0)
+                controller_.PressNode(node);
+        },
         inner_);
     grid_ = new GridView(
         controller_.Grid.Component(), events_,

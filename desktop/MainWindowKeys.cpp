@@ -22,7 +22,7 @@ void MainWindow::BindKeys()
         auto* shortcut = new QShortcut(key, this);
         connect(shortcut, &QShortcut::activated, this, [this, action = std::move(action)] {
             if (GridAgrees())
-                events_.Run(action);
+                events_.RunOnRow(action);
         });
     };
     bind(Qt::CTRL | Qt::Key_R, [this] { controller_.View().Refresh(); });

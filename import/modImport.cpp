@@ -1,5 +1,6 @@
 #include "import/modImport.h"
 
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
 #include "import/FileLines.h"
@@ -70,6 +71,16 @@ void modImport::ImportFile()
     host_.Pointer(pointer::Default);
     host_.StatusText(statusBefore);
     host_.WindowEnabled(true);
+}
+
+void modImport::StoreBalances()
+{
+    const Connection::Untraced untraced(database_.Database());
+    try {
+        UpdateBalances(database_);
+    } catch (const RuntimeError&) {
+        // The import's own update of the balances reports it.
+    }
 }
 
 bool modImport::ImportByFormat(const std::string& path)

@@ -266,11 +266,13 @@ void modImport::ImportQIF(const std::string& path)
         return;
     QifReader reader(database_, view_, host_, {accountID, NewRun(), dateOrder_}, counts_);
     const std::string text = ReadStatement(path);
-    // A file of duplicates only would lock the data for each of its records.
+    // The file is kept whole or not at all.
     database_.Database().Group();
     reader.Read(text);
-    if (!reader.Skipped().empty())
-        messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, kMessageTitle);
+    if (reader.Skipped().empty())
+        return;
+    StoreBalances();
+    messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, kMessageTitle);
 }
 
 }  // namespace clb
