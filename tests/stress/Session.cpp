@@ -1,6 +1,7 @@
 #include "tests/stress/Session.h"
 
 #include "base/Money.h"
+#include "ports/IMessageBox.h"
 
 #include <stdexcept>
 
@@ -8,6 +9,7 @@ namespace clb {
 namespace {
 
 constexpr const char* kProgram = "session";
+constexpr std::int32_t kQuestion = box_style::YesNo + box_style::Question;
 constexpr std::int32_t kDate = 1;
 constexpr std::int32_t kDescription = 2;
 constexpr std::int32_t kAmount = 3;
@@ -140,7 +142,7 @@ void Session::Edit(std::int32_t number, std::int32_t piece, Cell cell, const std
     const Json reply = Ask({{"do", "save"}});
     std::optional<bool> mine;
     for (const Json& event : Log())
-        if (event["event"] == "box")
+        if (event["event"] == "box" && event["style"] == kQuestion)
             mine = event["answer"] == "Yes";
     if (reply["ok"] != true || (reply["saved"] != true && !mine)) {
         RecordMissing(number, piece);
