@@ -50,7 +50,7 @@ TEST_F(QuotesMeanwhileTest, AnotherProgramWritesAtOnceDuringEachRequest)
 TEST_F(QuotesMeanwhileTest, AHoldingThatWasDeletedMeanwhileIsLeftAlone)
 {
     Hold("GONE", "DELETE FROM Investment WHERE StockSymbol = 'GONE'");
-    Hold("NEXT", "SELECT 1");
+    Hold("NEXT", "SELECT Type FROM Account");
     Events();
 
     Menu("mnuT_UpdateQuotes");
@@ -73,7 +73,7 @@ TEST_F(QuotesMeanwhileTest, AHoldingThatTookThePlaceOfADeletedOneKeepsItsPrice)
 TEST_F(QuotesMeanwhileTest, AHoldingWithAnotherSymbolMeanwhileKeepsItsPrice)
 {
     Hold("OLD", "UPDATE Investment SET StockSymbol = 'RENAMED' WHERE StockSymbol = 'OLD'");
-    Hold("WAS", "SELECT 1");
+    Hold("WAS", "SELECT Type FROM Account");
     Events();
 
     Menu("mnuT_UpdateQuotes");

@@ -5,6 +5,16 @@
 #include "tests/stress/StressRound.h"
 
 namespace clb {
+namespace {
+
+/// Whether a command says that the transaction is not there, or not any more.
+bool SaysMissing(const std::string& told)
+{
+    return told.find("There is no transaction") != std::string::npos ||
+           told.find("deleted") != std::string::npos;
+}
+
+}  // namespace
 
 void StressRound::Compare()
 {
@@ -62,8 +72,7 @@ void StressRound::ReadReport(const Command& command)
     } else if (command.process->Wait() == 0 && report.is_object()) {
         step.kind = Step::Kind::Move;
         step.reportedMonth = Month{report["year"], report["period"]};
-    } else if (command.process->Err().find("There is no transaction") == std::string::npos &&
-               command.process->Err().find("The row no longer exists") == std::string::npos) {
+    } else if (!SaysMissing(command.process->Err())) {
         Fault("a command failed without a reason: " + command.process->Story());
     }
     steps_[command.number].push_back(step);

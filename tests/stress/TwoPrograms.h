@@ -24,6 +24,7 @@ protected:
         for (const char* amount : {"-10", "-20", "-30"})
             AddTransaction("B-1", "2006-3", amount, "Food");
         AddBudget("2006-3", "Food", "100");
+        Sql("UPDATE Account SET CurrentBalance = -60 WHERE AccountID = 'B-1'");
         ShowAll();
         Click("Checking");
         Events();
@@ -65,7 +66,7 @@ protected:
     {
         std::string text;
         for (const std::string& row : RawBook(folder.Path())
-                                          .Rows("SELECT Sequence || ':' || Amount / 10000 FROM "
+                                          .Rows("SELECT Sequence || ':' || (Amount / 10000) FROM "
                                                 "Trans ORDER BY Sequence, SubSequence"))
             text += (text.empty() ? "" : " ") + row;
         return text;
