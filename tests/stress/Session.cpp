@@ -45,10 +45,17 @@ Json Session::Ask(const Json& request)
 {
     const std::string line = ToLine(request);
     Json reply = program_.AskLine(line);
-    std::string told = ToLine(reply);
-    locked_ = locked_ || (reply["ok"] == false && told.find("is locked by") != std::string::npos);
+    const std::string told = ToLine(reply);
+    if (reply["ok"] == false)
+        Hear(told);
     story_ += line + " -> " + told.substr(0, 300) + "\n";
     return reply;
+}
+
+void Session::Hear(const std::string& text)
+{
+    said_ = text;
+    locked_ = locked_ || text.find("is locked by") != std::string::npos;
 }
 
 Json Session::Log()
@@ -57,9 +64,8 @@ Json Session::Log()
     for (const Json& event : events) {
         if (event["event"] != "box")
             continue;
-        const std::string text = event["text"];
         story_ += ToLine(event) + "\n";
-        locked_ = locked_ || text.find("is locked by") != std::string::npos;
+        Hear(event["text"]);
         yesWaits_ = yesWaits_ && event["answer"] != "Yes";
     }
     return events;
@@ -109,9 +115,10 @@ Step& Session::Record(std::int32_t number, std::int32_t piece, Step::Kind kind)
     return steps_[number].emplace_back(Step{.kind = kind, .program = kProgram, .piece = piece});
 }
 
-void Session::RecordMissing(std::int32_t number, std::int32_t piece)
+void Session::RecordRefusal(std::int32_t number, std::int32_t piece)
 {
-    Record(number, piece, Step::Kind::Missing).shown = shown_;
+    const bool changed = said_.find("has changed") != std::string::npos;
+    Record(number, piece, changed ? Step::Kind::Refused : Step::Kind::Missing).shown = shown_;
 }
 
 void Session::Escape()
@@ -128,13 +135,14 @@ bool Session::Type(const Json& row, std::int32_t column, const std::string& text
 
 void Session::Edit(std::int32_t number, std::int32_t piece, Cell cell, const std::string& text)
 {
+    said_.clear();
     const std::int32_t row = RowOf(number, piece);
     if (row == 0)
         return;
     pause_();
     const bool amount = cell == Cell::Amount;
     if (!Type(row, ColumnOf(cell), amount ? AmountText(std::stoll(text)) : text)) {
-        RecordMissing(number, piece);
+        RecordRefusal(number, piece);
         return Escape();
     }
     Record(number, piece, Step::Kind::Type).cell = cell;
@@ -145,7 +153,7 @@ void Session::Edit(std::int32_t number, std::int32_t piece, Cell cell, const std
         if (event["event"] == "box" && event["style"] == kQuestion)
             mine = event["answer"] == "Yes";
     if (reply["ok"] != true || (reply["saved"] != true && !mine)) {
-        RecordMissing(number, piece);
+        RecordRefusal(number, piece);
         return Escape();
     }
     Step& step = Record(number, piece, Step::Kind::Save);
@@ -158,6 +166,7 @@ void Session::Edit(std::int32_t number, std::int32_t piece, Cell cell, const std
 
 void Session::Move(std::int32_t number, std::int32_t piece, std::int32_t direction)
 {
+    said_.clear();
     const std::int32_t row = RowOf(number, piece);
     if (row == 0)
         return;
@@ -171,11 +180,12 @@ void Session::Move(std::int32_t number, std::int32_t piece, std::int32_t directi
     if (done)
         Record(number, piece, Step::Kind::Move).direction = direction;
     else
-        RecordMissing(number, piece);
+        RecordRefusal(number, piece);
 }
 
 void Session::Split(std::int32_t number, std::int32_t piece, std::int64_t amount)
 {
+    said_.clear();
     const std::int32_t row = RowOf(number, piece);
     if (row == 0 || yesWaits_)
         return;
@@ -199,11 +209,12 @@ void Session::Split(std::int32_t number, std::int32_t piece, std::int64_t amount
     if (done && asked)
         Record(number, piece, Step::Kind::Split).amount = amount;
     else
-        RecordMissing(number, piece);
+        RecordRefusal(number, piece);
 }
 
 void Session::Delete(std::int32_t number, std::int32_t piece)
 {
+    said_.clear();
     const std::int32_t row = RowOf(number, piece);
     if (row == 0 || splitWaits_)
         return;
@@ -220,7 +231,7 @@ void Session::Delete(std::int32_t number, std::int32_t piece)
     if (done && boxes == 1)
         Record(number, piece, Step::Kind::Delete);
     else
-        RecordMissing(number, piece);
+        RecordRefusal(number, piece);
 }
 
 void Session::Add(const std::string& description, std::int64_t amount)

@@ -45,14 +45,16 @@ public:
 
 private:
     Json Ask(const Json& request);
+    /// Takes note of an error or the text of a box.
+    void Hear(const std::string& text);
     /// The events since the last call.
     Json Log();
     /// The number under which the grid shows the piece; 0 if it does not.
     std::int32_t RowOf(std::int32_t number, std::int32_t piece);
     bool GoTo(std::int32_t row);
     Step& Record(std::int32_t number, std::int32_t piece, Step::Kind kind);
-    /// Records that the program did not find the piece.
-    void RecordMissing(std::int32_t number, std::int32_t piece);
+    /// Records that the program did nothing, and why.
+    void RecordRefusal(std::int32_t number, std::int32_t piece);
     /// Drops what was typed and not stored.
     void Escape();
     /// Enters a text into a cell and stores nothing yet; false if the program refused.
@@ -64,6 +66,7 @@ private:
     std::map<std::int32_t, std::vector<Step>> steps_;
     std::map<std::string, std::int64_t> added_;
     std::string story_;
+    std::string said_;  ///< the last error or box
     std::string trouble_;
     bool locked_ = false;
     // An answer that was queued for a question which was not asked.

@@ -14,6 +14,12 @@ bool SaysMissing(const std::string& told)
            told.find("deleted") != std::string::npos;
 }
 
+/// Whether a command says that another program has changed the transaction meanwhile.
+bool SaysChanged(const std::string& told)
+{
+    return told.find("has changed") != std::string::npos;
+}
+
 }  // namespace
 
 void StressRound::Compare()
@@ -72,6 +78,8 @@ void StressRound::ReadReport(const Command& command)
     } else if (command.process->Wait() == 0 && report.is_object()) {
         step.kind = Step::Kind::Move;
         step.reportedMonth = Month{report["year"], report["period"]};
+    } else if (SaysChanged(command.process->Err())) {
+        step.kind = Step::Kind::Refused;
     } else if (!SaysMissing(command.process->Err())) {
         Fault("a command failed without a reason: " + command.process->Story());
     }

@@ -70,8 +70,8 @@ bool Perform(const Step& step, Trial& trial)
     const bool there = found != trial.transaction.end();
     if (step.kind == Step::Kind::Missing)
         return !there || (step.shown && *step.shown != found->second.month);
-    if (!there)
-        return false;
+    if (step.kind == Step::Kind::Refused || !there)
+        return step.kind == Step::Kind::Refused;
     switch (step.kind) {
         case Step::Kind::Split: return Split(step, trial);
         case Step::Kind::Move: return Move(step, found->second);
@@ -111,7 +111,8 @@ std::string NameOf(Step::Kind kind)
         case Step::Kind::Type: return "typed into";
         case Step::Kind::Save: return "saved";
         case Step::Kind::Delete: return "deleted";
-        default: return "did not find";
+        case Step::Kind::Missing: return "did not find";
+        default: return "refused to change";
     }
 }
 

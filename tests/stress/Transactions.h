@@ -40,6 +40,7 @@ struct Step {
         Save,     ///< stored what was typed
         Delete,   ///< deleted the piece
         Missing,  ///< reported that there is no such piece
+        Refused,  ///< did nothing because another program has changed the piece
     };
     Kind kind = Kind::Missing;
     std::string program;  ///< its own steps happened in the order of the list
