@@ -19,6 +19,10 @@ constexpr const char* kGone =
     "Another program has deleted this record. What you typed is not saved. Press Escape to give it "
     "up, or note it down and enter it as a new record.";
 
+constexpr const char* kAccountGone =
+    "Another program has deleted this account or given it another number. What you typed is not "
+    "saved. Press Escape to give it up, then open the account again.";
+
 /// Sets a flag while it lives.
 class Raised {
 public:
@@ -47,25 +51,25 @@ bool OtherPrograms::HaveWritten()
 
 bool OtherPrograms::Follow()
 {
-    CommandEnded();
     const GridComponent& grid = window_.Grid.Component();
     if (!HaveWritten() || grid.Dirty() || grid.Editing())
         return true;
     const bool inGrid = window_.window.Focus() == &grid;
-    const std::size_t current = grid.Row();
+    const GridComponent::Spot current = grid.CurrentSpot();
     const std::uint64_t written = window_.Data().WritesElsewhere();
     const Connection::Untraced untraced(window_.Data().Database());
     const Raised following(following_);
     FollowTree();
     window_.View().ReadAnew();
     followed_ = written;
-    return !inGrid || current == 0 || RowNow(current) != 0;
+    const GridComponent::Spot now = grid.CurrentSpot();
+    return !inGrid || current.identity == 0 ||
+           (now.identity == current.identity && now.key == current.key);
 }
 
-void OtherPrograms::CommandEnded()
+void OtherPrograms::RowNumbersTold()
 {
-    window_.Grid.Component().ForgetPlaces();
-    nodes_.clear();
+    window_.Grid.Component().NumbersTold();
 }
 
 void OtherPrograms::FollowTree()
@@ -75,14 +79,16 @@ void OtherPrograms::FollowTree()
         return;
     Tree& tree = window_.TreeView;
     const std::int32_t selected = tree.Selected();
-    for (std::int32_t node = 1; node <= tree.Count(); ++node)
-        nodes_.push_back(tree.Node(node));
+    const TreeNode before = tree.Node(selected);
+    if (nodes_.empty())
+        for (std::int32_t node = 1; node <= tree.Count(); ++node)
+            nodes_.push_back(tree.Node(node));
     view.BuildTree();
-    const std::int32_t now = NodeNow(selected);
+    const std::int32_t now = NodeLike(tree, before, selected);
     if (now != 0)
         tree.Select(now);
     // The shown account is gone, or has another number now.
-    if (now == 0 || tree.Node(now).tag != nodes_[static_cast<std::size_t>(selected - 1)].tag)
+    if (now == 0 || tree.Node(now).tag != before.tag)
         window_.ShowSelected();
 }
 
@@ -105,11 +111,11 @@ bool OtherPrograms::AgreeOnRow()
         window_.Data().Lock();
         if (!window_.Data().RowsOutdated())
             return true;
+        if (!HasShownAccount())
+            return Refuse(kAccountGone);
         const GridComponent::Meanwhile found = grid.RereadRow();
-        if (found.gone || IsAnotherRow(found.columns)) {
-            messages_.Show(kGone, box_style::Exclamation, frmController::Title);
-            return false;
-        }
+        if (found.gone || IsAnotherRow(found.columns))
+            return Refuse(kGone);
         const std::vector<std::int32_t> disputed = Disputed(found.columns);
         if (disputed.empty())
             return true;
@@ -120,6 +126,23 @@ bool OtherPrograms::AgreeOnRow()
                 grid.TakeStored(column);
         // The lock was given up for the question, so the row is compared once more.
     }
+}
+
+bool OtherPrograms::Refuse(const char* why)
+{
+    messages_.Show(why, box_style::Exclamation, frmController::Title);
+    return false;
+}
+
+/// True in the views that show no single account.
+bool OtherPrograms::HasShownAccount() const
+{
+    const std::int32_t view = window_.View().View();
+    if (view != vwAccount && view != vwInvestment && view != vwLoan)
+        return true;
+    const Connection::Untraced untraced(window_.Data().Database());
+    return window_.Data().RowExists(
+        "Account", "AccountID = '" + clsDatabase::ToSqlString(window_.View().AccountID()) + "'");
 }
 
 std::vector<std::int32_t> OtherPrograms::Disputed(const std::vector<std::int32_t>& columns) const

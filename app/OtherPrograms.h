@@ -28,14 +28,15 @@ public:
     /// Returns false if the grid had the focus and its current row is gone: a command that was
     /// meant for this row must not reach the one that took its place. Throws EngineError.
     bool Follow();
-    /// To be called when the command is over: numbers of rows and nodes are from now on those that
-    /// are shown.
-    void CommandEnded();
+    /// Says that whoever names rows or nodes by number knows the present numbers: they were drawn,
+    /// or listed.
+    void RowNumbersTold();
+    void NodeNumbersTold() { nodes_.clear(); }
     /// Follow is at work: what is raised meanwhile was not done by the user.
     bool Following() const { return following_; }
 
-    /// The number that a displayed row or a node of the tree has now, if it had this number before
-    /// Follow in this command. 0 if it is gone.
+    /// The number that a displayed row or a node of the tree has now, if it had this number when
+    /// the numbers were last told. 0 if it is gone.
     std::size_t RowNow(std::size_t row) const;
     std::int32_t NodeNow(std::int32_t node) const;
 
@@ -46,6 +47,8 @@ public:
 
 private:
     void FollowTree();
+    bool HasShownAccount() const;
+    bool Refuse(const char* why);
     std::vector<std::int32_t> Disputed(const std::vector<std::int32_t>& columns) const;
     bool IsAnotherRow(const std::vector<std::int32_t>& columns) const;
     std::string Question(const std::vector<std::int32_t>& columns) const;
@@ -54,7 +57,7 @@ private:
     IMessageBox& messages_;
     std::uint64_t followed_ = 0;
     bool following_ = false;
-    std::vector<TreeNode> nodes_;  ///< of the tree before it was rebuilt in this command
+    std::vector<TreeNode> nodes_;  ///< of the tree when its numbers were told; empty: as now
 };
 
 }  // namespace clb

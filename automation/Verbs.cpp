@@ -25,9 +25,7 @@ Json PerformVerb(Session& session, const Request& request)
     // What the window shows is read again before a person's next command.
     if (verb.users && !others.Follow() && verb.onCurrentRow)
         throw RequestError("Another program has deleted the current row");
-    const Json reply = verb.perform(session, request);
-    others.CommandEnded();
-    return reply;
+    return verb.perform(session, request);
 }
 
 }  // namespace clb

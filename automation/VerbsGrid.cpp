@@ -1,3 +1,4 @@
+#include "app/OtherPrograms.h"
 #include "automation/StateReport.h"
 #include "automation/VerbTable.h"
 
@@ -102,6 +103,7 @@ Json Tip(Session& session, const Request& request)
 
 Json State(Session& session, const Request&)
 {
+    session.controller.Others().RowNumbersTold();
     return DescribeGrid(session.controller.Grid);
 }
 

@@ -50,10 +50,11 @@ public:
     /// row, folded groups stay folded, and no event is raised. Does nothing while the current row
     /// has unsaved changes or a cell is in edit: Dirty and Editing then still answer so.
     void ReadRowsAnew();
-    /// The number that a row has now, if it had this number before the last ReadRowsAnew since
-    /// ForgetPlaces; the number itself if there was none. 0 if the row is gone.
+    /// The number that a row has now, if it had this number when the numbers were last told:
+    /// ReadRowsAnew may have moved it since. 0 if the row is gone.
     std::size_t RowNow(std::size_t row) const;
-    void ForgetPlaces() { places_.clear(); }
+    /// Says that whoever names rows by number knows the present numbers.
+    void NumbersTold() { places_.clear(); }
 
     /// What another program has done to the current row since it became current or was last reread.
     struct Meanwhile {
@@ -236,7 +237,7 @@ private:
     std::vector<Value> cells_;   // the current row as it would be saved
     std::vector<bool> changed_;  // which of its cells differ from what is stored
     std::vector<Value> stored_;  // the current row as it was read
-    std::vector<Spot> places_;   // the rows before the last ReadRowsAnew
+    std::vector<Spot> places_;   // the rows when their numbers were told; empty: as now
     std::string editText_;
     bool editTouched_ = false;
     bool marked_ = false;

@@ -1,6 +1,7 @@
 // What another program has written to the rows meanwhile: read again without moving the user.
 
 #include <algorithm>
+#include <utility>
 
 #include "controls/GridComponent.h"
 
@@ -10,11 +11,14 @@ void GridComponent::ReadRowsAnew()
 {
     if (!source_ || editing_ || dirty_)
         return;
-    places_.clear();
-    for (std::size_t row = 1; row <= rows_.Count(); ++row)
-        places_.push_back(SpotOf(row, col_));
+    // Taken away first: rows that are read again for another reason have their numbers told anew.
+    std::vector<Spot> places = std::exchange(places_, {});
+    if (places.empty())
+        for (std::size_t row = 1; row <= rows_.Count(); ++row)
+            places.push_back(SpotOf(row, col_));
     source_->Requery();
     Freshen();
+    places_ = std::move(places);
     Touch();
 }
 

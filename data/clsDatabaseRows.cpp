@@ -110,8 +110,11 @@ void clsDatabase::CompleteTransaction()
     }
     if (IsEmpty(row_.ColumnValue(5)))
         row_.ColumnValue(5, std::string("(none)"));
-    CreateBudgetEntry(ToText(row_.ColumnValue(5)), shown_.Year(), shown_.Period(), "(none)",
-                      Money());
+    Month month{shown_.Year(), shown_.Period()};
+    // Another program may have moved the row to another month while it was typed into.
+    if (RowsOutdated())
+        month = {ToLong(row_.ColumnValue(8)), ToLong(row_.ColumnValue(9))};
+    CreateBudgetEntry(ToText(row_.ColumnValue(5)), month.year, month.period, "(none)", Money());
 }
 
 }  // namespace clb

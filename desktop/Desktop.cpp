@@ -66,9 +66,9 @@ public:
           window_(controller_, events_)
     {
         events_.Attach([this] { controller_.Settle(); }, [this] { window_.Sync(); });
-        events_.Before([this] { return !controller_.Loaded() || controller_.Others().Follow(); });
+        events_.Before([this] { return FollowOthers(); });
         watch_.start(kWatchMilliseconds);
-        QObject::connect(&watch_, &QTimer::timeout, [this] { FollowOthers(); });
+        QObject::connect(&watch_, &QTimer::timeout, [this] { LookForOthers(); });
         // Hiding the last window does not end the toolkit's loop; unloading it ends the program.
         controller_.Unloading().connect([] { QCoreApplication::quit(); });
         events_.WhenIdle([this] { stuck_.Follow(); });
@@ -89,8 +89,17 @@ public:
     IncomingFiles& Incoming() { return incoming_; }
 
 private:
+    /// Before each action; the numbers of rows and nodes are those that were drawn last.
+    bool FollowOthers()
+    {
+        if (!controller_.Loaded())
+            return true;
+        controller_.Others().RowNumbersTold();
+        controller_.Others().NodeNumbersTold();
+        return controller_.Others().Follow();
+    }
     /// What another program writes shows by itself while the user only looks.
-    void FollowOthers()
+    void LookForOthers()
     {
         if (!events_.Running() && controller_.window.Enabled() &&
             controller_.Others().HaveWritten())

@@ -121,7 +121,7 @@ void Connection::State::Abandon() noexcept
 
 bool Connection::State::ChangedElsewhere()
 {
-    if (!database.IsOpen() || database.InTransaction())
+    if (!database.IsOpen())
         return false;
     const Database::Impatient now(database);
     try {

@@ -55,6 +55,8 @@ void modImport::ImportFile()
     const std::string path = host_.AskForFile(kDialogFlags, kDialogFilter);
     if (path.empty())
         return;
+    // A book that another program holds refuses the import before the window is disabled for it.
+    database_.Lock();
     const std::string statusBefore = host_.StatusText();
     host_.StatusText("Importing " + path + "...");
     host_.Repaint();
