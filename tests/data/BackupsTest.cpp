@@ -1,11 +1,18 @@
 #include "data/Backups.h"
 
 #include <gmock/gmock.h>
+#include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <future>
+
+#include "data/Trouble.h"
 #include "engine/EngineError.h"
 #include "tests/data/StoreFixture.h"
+#include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/SmallDisk.h"
 
 namespace clb {
 namespace {
@@ -16,11 +23,29 @@ using testing::IsEmpty;
 class BackupsTest : public StoreTest {
 protected:
     static Date Day(const std::string& iso) { return Date::FromIso(iso).value_or(Date()); }
-    /// Empty files stand for copies of other days.
     void AddCopies(const std::vector<std::string>& names) const
     {
         for (const std::string& name : names)
-            folder_.Write("db/backup/clb-" + name + ".mdb", "");
+            folder_.Write("db/backup/clb-" + name + ".mdb", EmptyDatabase());
+    }
+    /// A database with a page that holds nothing readable, of the right size.
+    static std::string Damaged()
+    {
+        std::string bytes(EmptyDatabase());
+        return bytes.replace(bytes.size() - 4096, 4096, std::string(4096, '\x55'));
+    }
+    std::string RefusalOf(const std::string& file)
+    {
+        const std::string before = folder_.Read("db/clb.mdb");
+        std::string refusal = "nothing was refused";
+        try {
+            backups_.Restore(file, Day("2026-11-21"));
+        } catch (const EngineError& error) {
+            refusal = TroubleText(error);
+        }
+        EXPECT_TRUE(folder_.Read("db/clb.mdb") == before);
+        EXPECT_THAT(backups_.Names(), IsEmpty());
+        return refusal;
     }
     mode_t ModeOf(const std::string& name) const
     {
@@ -37,7 +62,7 @@ protected:
     }
     void CloseStore()
     {
-        store_->Database().Settle();
+        Store().Database().Settle();
         store_.reset();
     }
 
@@ -74,6 +99,213 @@ TEST_F(BackupsTest, TenDaysStayAndTheFirstOfEachMonth)
                             "2026-11-19", "2026-11-20", "2026-11-21"));
 }
 
+TEST_F(BackupsTest, AClockThatWasOnceAheadCostsNoCopy)
+{
+    // Symptom: the copies of 2030 stayed the newest for ever, and each new one was removed at once.
+    for (int day = 10; day < 22; ++day)
+        backups_.Daily(Day("2030-01-" + std::to_string(day)));
+    for (int day = 10; day < 22; ++day) {
+        EXPECT_EQ(backups_.Daily(Day("2026-11-" + std::to_string(day))), std::nullopt);
+        EXPECT_EQ(backups_.Names().back(), "2026-11-" + std::to_string(day));
+    }
+
+    EXPECT_THAT(backups_.Names(),
+                ElementsAre("2030-01-10", "2026-11-10", "2026-11-12", "2026-11-13", "2026-11-14",
+                            "2026-11-15", "2026-11-16", "2026-11-17", "2026-11-18", "2026-11-19",
+                            "2026-11-20", "2026-11-21"));
+}
+
+TEST_F(BackupsTest, TheOrderOutlivesACopyOfTheFolder)
+{
+    for (const char* day : {"2030-01-10", "2026-11-20", "2026-11-21"})
+        backups_.Daily(Day(day));
+    // All times are the same then.
+    for (const std::string& name : backups_.Names())
+        std::filesystem::last_write_time(backups_.PathOf(name),
+                                         std::filesystem::file_time_type::clock::now());
+
+    EXPECT_THAT(backups_.Names(), ElementsAre("2030-01-10", "2026-11-20", "2026-11-21"));
+    EXPECT_EQ(backups_.LastGood(), "2026-11-21");
+}
+
+TEST_F(BackupsTest, WithoutTheListTheTimesOfTheFilesTellTheOrder)
+{
+    using std::chrono::hours;
+    const auto now = std::filesystem::file_time_type::clock::now();
+    AddCopies({"2026-11-20", "2026-11-21", "2027-01-01", "2030-01-10"});
+    std::filesystem::last_write_time(backups_.PathOf("2030-01-10"), now + hours(20000));
+    std::filesystem::last_write_time(backups_.PathOf("2027-01-01"), now - hours(30));
+    std::filesystem::last_write_time(backups_.PathOf("2026-11-20"), now - hours(20));
+    std::filesystem::last_write_time(backups_.PathOf("2026-11-21"), now - hours(10));
+    folder_.Write("db/backup/order", "\x01\xff no list\n\n2026-11-99\t1 2\n");
+
+    EXPECT_THAT(backups_.Names(),
+                ElementsAre("2030-01-10", "2027-01-01", "2026-11-20", "2026-11-21"));
+}
+
+TEST_F(BackupsTest, AnEmptyFileOfTodaysNameIsReplaced)
+{
+    // Symptom: an empty file of today's name kept the day's backup from being made.
+    folder_.Write("db/backup/clb-2026-11-21.mdb", "");
+    EXPECT_FALSE(backups_.HasDay(Day("2026-11-21")));
+
+    EXPECT_EQ(backups_.Daily(Day("2026-11-21")), std::nullopt);
+
+    EXPECT_TRUE(backups_.HasDay(Day("2026-11-21")));
+    EXPECT_EQ(backups_.LastGood(), "2026-11-21");
+}
+
+TEST_F(BackupsTest, ABrokenFileOfTodaysNameIsPutAside)
+{
+    for (const std::string& broken : {Damaged(), Damaged().substr(0, 5000), std::string("text")}) {
+        folder_.Write("db/backup/clb-2026-11-21.mdb", broken);
+        std::filesystem::remove(folder_.Path("db/backup/clb-2026-11-21.mdb.damaged"));
+        EXPECT_FALSE(backups_.HasDay(Day("2026-11-21")));
+
+        EXPECT_EQ(backups_.Daily(Day("2026-11-21")), std::nullopt);
+
+        EXPECT_EQ(backups_.LastGood(), "2026-11-21");
+        EXPECT_TRUE(folder_.Read("db/backup/clb-2026-11-21.mdb.damaged") == broken);
+    }
+}
+
+TEST_F(BackupsTest, ASoundCopyOfTodayThatAnotherVersionMadeStays)
+{
+    AddCopies({"2026-11-21"});
+    AddAccount("1", "Bank");
+    Store().Database().Settle();
+    EXPECT_FALSE(backups_.HasDay(Day("2026-11-21")));
+
+    EXPECT_EQ(backups_.Daily(Day("2026-11-21")), std::nullopt);
+
+    EXPECT_TRUE(backups_.HasDay(Day("2026-11-21")));
+    EXPECT_THAT(AccountsIn(backups_.PathOf("2026-11-21")), IsEmpty());
+    EXPECT_FALSE(folder_.Holds("db/backup/clb-2026-11-21.mdb.damaged"));
+}
+
+TEST_F(BackupsTest, ABrokenCopyTakesNoPlaceOfASoundOne)
+{
+    for (int day = 10; day < 20; ++day)
+        AddCopies({"2026-10-" + std::to_string(day)});
+    for (int day = 10; day < 20; ++day)
+        folder_.Write("db/backup/clb-2026-11-" + std::to_string(day) + ".mdb", "");
+
+    backups_.Daily(Day("2026-11-21"));
+
+    for (int day = 10; day < 20; ++day)
+        EXPECT_TRUE(folder_.Holds("db/backup/clb-2026-10-" + std::to_string(day) + ".mdb")) << day;
+}
+
+TEST_F(BackupsTest, AFailureIsKeptUntilACopyIsMade)
+{
+    backups_.Daily(Day("2026-11-20"));
+    CloseStore();
+    const std::string sound = folder_.Read("db/clb.mdb");
+    folder_.Write("db/clb.mdb", "no database");
+    const auto failure = backups_.Daily(Day("2026-11-21"));
+
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_EQ(Backups(folder_.Path()).KeptFailure(), failure);
+    EXPECT_EQ(failure->Text(),
+              "The daily backup failed; the last good one is of 2026-11-20. The database file '" +
+                  folder_.Path("db/clb.mdb") + "' is damaged or is no database.");
+    folder_.Write("db/clb.mdb", sound);
+    backups_.Make(Day("2026-11-21"));
+
+    EXPECT_EQ(backups_.Failure(), std::nullopt);
+}
+
+TEST_F(BackupsTest, AFileInPlaceOfTheFolderIsReported)
+{
+    folder_.Write("db/backup", "");
+
+    const auto failure = backups_.Daily(Day("2026-11-21"));
+
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_FALSE(failure->damaged);
+    EXPECT_EQ(failure->Text(), "The daily backup failed; there is no good one. The file '" +
+                                   folder_.Path("db/backup") + "' is not a folder.");
+    EXPECT_EQ(backups_.Failure(), failure);
+}
+
+TEST_F(BackupsTest, AFolderThatMayNotBeWrittenIsReported)
+{
+    CloseStore();
+    backups_.Daily(Day("2026-11-20"));
+    chmod(folder_.Path("db/backup").c_str(), 0500);
+    const AsOrdinaryUser user({folder_.Path(), folder_.Path("db"), folder_.Path("db/clb.mdb"),
+                               folder_.Path("db/backup"), backups_.PathOf("2026-11-20")});
+
+    const auto failure = backups_.Daily(Day("2026-11-21"));
+
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_THAT(failure->Text(), testing::StartsWith("The daily backup failed; the last good one "
+                                                     "is of 2026-11-20. "));
+    EXPECT_EQ(backups_.Failure()->reason,
+              "The file '" + folder_.Path("db/backup") + "' cannot be written: Permission denied.");
+    chmod(folder_.Path("db/backup").c_str(), 0700);
+}
+
+TEST_F(BackupsTest, AFullDiskIsReportedAndLeavesNothingHalf)
+{
+    const SmallDisk disk;
+    if (!disk.Mounted())
+        GTEST_SKIP() << "this machine lets a test mount nothing";
+    std::filesystem::create_directory(disk.Path("db"));
+    std::ofstream(disk.Path("db/clb.mdb"), std::ios::binary) << EmptyDatabase();
+    Backups backups(disk.Path());
+    ASSERT_EQ(backups.Daily(Day("2026-11-20")), std::nullopt);
+    disk.Fill();
+
+    const auto failure = backups.Daily(Day("2026-11-21"));
+
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_EQ(failure->Text(),
+              "The daily backup failed; the last good one is of 2026-11-20. The "
+              "database file '" +
+                  disk.Path("db/backup/clb-2026-11-21.mdb") + "' cannot grow: the disk is full.");
+    EXPECT_THAT(backups.Names(), ElementsAre("2026-11-20"));
+    // Not even the failure could be written.
+    EXPECT_EQ(backups.KeptFailure(), std::nullopt);
+    ASSERT_TRUE(backups.Failure().has_value());
+    EXPECT_EQ(backups.Failure()->reason, "The disk of '" + disk.Path("db/backup") +
+                                             "' has no room for a copy of the database.");
+    std::filesystem::remove(disk.Path("filler"));
+    EXPECT_EQ(backups.Daily(Day("2026-11-21")), std::nullopt);
+    EXPECT_EQ(backups.Failure(), std::nullopt);
+}
+
+TEST_F(BackupsTest, ManyAtOnceMakeOne)
+{
+    std::vector<std::future<std::optional<BackupFailure>>> all;
+    for (int program = 0; program < 8; ++program)
+        all.push_back(std::async(std::launch::async,
+                                 [&] { return Backups(folder_.Path()).Daily(Day("2026-11-21")); }));
+
+    for (auto& one : all)
+        EXPECT_EQ(one.get(), std::nullopt);
+    EXPECT_THAT(backups_.Names(), ElementsAre("2026-11-21"));
+    EXPECT_EQ(backups_.LastGood(), "2026-11-21");
+    std::size_t files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_.Path("db/backup")))
+        files += entry.is_regular_file() ? 1U : 0U;
+    EXPECT_EQ(files, 2U) << "the copy and the list";
+}
+
+TEST_F(BackupsTest, BeforeSomethingRiskyEachCopyHasANameOfItsOwn)
+{
+    EXPECT_EQ(backups_.Before("repair", Day("2026-11-22 10:00:00")),
+              backups_.PathOf("2026-11-22-before-repair"));
+    EXPECT_EQ(backups_.Before("repair", Day("2026-11-22 10:00:00")),
+              backups_.PathOf("2026-11-22-before-repair-2"));
+    folder_.Write("db/clb.mdb", Damaged());
+
+    EXPECT_THROW(backups_.Before("import", Day("2026-11-22")), EngineError);
+
+    EXPECT_THAT(backups_.Names(),
+                ElementsAre("2026-11-22-before-repair", "2026-11-22-before-repair-2"));
+}
+
 TEST_F(BackupsTest, CopiesMadeOnPurposeAndOtherFilesStay)
 {
     AddCopies({"2020-01-02-before-upgrade", "2020-01-03-101500", "mine"});
@@ -108,14 +340,20 @@ TEST_F(BackupsTest, ACopyOfADamagedDatabaseIsNoBackupAndRemovesNone)
     for (int day = 10; day < 25; ++day)
         names.push_back("2026-10-" + std::to_string(day));
     AddCopies(names);
-    std::string bytes(EmptyDatabase());
-    bytes.replace(bytes.size() - 4096, 4096, std::string(4096, '\x55'));
-    folder_.Write("db/clb.mdb", bytes);
+    folder_.Write("db/clb.mdb", Damaged());
 
-    EXPECT_THROW(backups_.Daily(Day("2026-11-21")), EngineError);
+    const auto failure = backups_.Daily(Day("2026-11-21"));
 
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_TRUE(failure->damaged);
+    EXPECT_EQ(failure->lastGood, "2026-10-24");
+    EXPECT_THAT(failure->Text(),
+                testing::StartsWith("The daily backup failed; the last good one "
+                                    "is of 2026-10-24. The file '" +
+                                    folder_.Path("db/clb.mdb") + "' is damaged: "));
+    EXPECT_EQ(backups_.KeptFailure(), failure);
     EXPECT_EQ(backups_.Names(), names);
-    EXPECT_TRUE(folder_.Read("db/clb.mdb") == bytes);
+    EXPECT_TRUE(folder_.Read("db/clb.mdb") == Damaged());
     for (const auto& entry : std::filesystem::directory_iterator(folder_.Path("db")))
         EXPECT_EQ(entry.path().string().find(".new"), std::string::npos) << entry.path();
 }
@@ -144,6 +382,19 @@ TEST_F(BackupsTest, AnUpgradeIsPrecededByACopyOfTheOldSchema)
     Connection before;
     before.Open("Data Source=" + backups_.PathOf("2026-11-21-before-upgrade"));
     EXPECT_EQ(before.Execute("SELECT * FROM _SchemaVersion").Fields().front().name, "1");
+}
+
+TEST_F(BackupsTest, AnUpgradeWithoutACopyIsReportedAndDone)
+{
+    Execute("ALTER TABLE _SchemaVersion DROP COLUMN 2");
+    Execute("ALTER TABLE _SchemaVersion ADD COLUMN 1 LONG");
+    Execute("ALTER TABLE Account DROP COLUMN BudgetInclude");
+    CloseStore();
+    folder_.Write("db/backup", "");
+
+    EXPECT_EQ(backups_.BeforeUpgrade(Day("2026-11-21")),
+              "No backup was made before the data was brought up to date. The file '" +
+                  folder_.Path("db/backup") + "' is not a folder.");
 }
 
 TEST_F(BackupsTest, WithoutAnUpgradeThereIsNoCopy)
@@ -178,36 +429,73 @@ TEST_F(BackupsTest, ARestoredBackupTakesThePlaceOfTheDatabaseWhichIsKept)
 
 TEST_F(BackupsTest, ADamagedBackupIsRefusedAndTheDatabaseStays)
 {
-    std::string bytes(EmptyDatabase());
-    bytes.replace(bytes.size() - 4096, 4096, std::string(4096, '\x55'));
-    const std::string damaged = folder_.Write("stick/damaged.mdb", bytes);
-    const std::string before = folder_.Read("db/clb.mdb");
+    const std::string damaged = folder_.Write("stick/damaged.mdb", Damaged());
 
-    try {
-        backups_.Restore(damaged, Day("2026-11-21"));
-        FAIL() << "nothing was refused";
-    } catch (const EngineError& error) {
-        EXPECT_THAT(error.what(), testing::StartsWith("The file '" + damaged + "' is damaged: "));
-    }
-
-    EXPECT_TRUE(folder_.Read("db/clb.mdb") == before);
-    EXPECT_THAT(backups_.Names(), IsEmpty());
+    EXPECT_THAT(RefusalOf(damaged), testing::StartsWith("The file '" + damaged + "' is damaged: "));
 }
 
 TEST_F(BackupsTest, WhatIsNoBackupOfThisProgramIsRefused)
 {
-    Connection::CreateFile(folder_.Path("other.mdb"), "CREATE TABLE Recipe (Name TEXT);");
-    const std::string before = folder_.Read("db/clb.mdb");
+    const std::string other = folder_.Path("other.mdb");
+    Connection::CreateFile(other, "CREATE TABLE Recipe (Name TEXT);");
 
-    try {
-        backups_.Restore(folder_.Path("other.mdb"), Day("2026-11-21"));
-        ADD_FAILURE() << "no error";
-    } catch (const EngineError& error) {
-        EXPECT_EQ(std::string(error.what()), "The file '" + folder_.Path("other.mdb") +
-                                                 "' is no copy of this program's database.");
+    EXPECT_EQ(RefusalOf(other),
+              "The file '" + other +
+                  "' is not a backup of this program: the tables Account, Trans, Budget, "
+                  "Investment and Loan are missing.");
+}
+
+TEST_F(BackupsTest, ABookThatLacksATableOrAColumnIsRefused)
+{
+    // Symptom: a file without the table Budget took the place of a whole book.
+    const auto book = [&](const std::string& name, const std::string& statement) {
+        const std::string path = folder_.Write(name, EmptyDatabase());
+        Connection connection;
+        connection.Open("Data Source=" + path);
+        connection.Execute(statement);
+        connection.Settle();
+        return path;
+    };
+    const std::string table = book("table.mdb", "DROP TABLE Budget");
+    const std::string column = book("column.mdb", "ALTER TABLE Loan DROP COLUMN PaidAmount");
+    const std::string include = book("new.mdb", "ALTER TABLE Account DROP COLUMN BudgetInclude");
+
+    const std::string refused = "' is not a backup of this program: the ";
+    EXPECT_EQ(RefusalOf(table), "The file '" + table + refused + "table Budget is missing.");
+    EXPECT_EQ(RefusalOf(column),
+              "The file '" + column + refused + "column Loan.PaidAmount is missing.");
+    EXPECT_EQ(RefusalOf(include),
+              "The file '" + include + refused + "column Account.BudgetInclude is missing.");
+}
+
+TEST_F(BackupsTest, AnOlderBookAndALaterOneAreRestored)
+{
+    CloseStore();
+    for (const char* change :
+         {"ALTER TABLE Account DROP COLUMN BudgetInclude; ALTER TABLE _SchemaVersion RENAME "
+          "COLUMN \"2\" TO \"1\";",
+          "ALTER TABLE _SchemaVersion RENAME COLUMN \"2\" TO \"7\"; CREATE TABLE CvStep (At TEXT);",
+          "DROP TABLE _SchemaVersion; ALTER TABLE Account DROP COLUMN BudgetInclude;"}) {
+        const std::string file = folder_.Write("other.mdb", EmptyDatabase());
+        sqlite3* raw = nullptr;
+        ASSERT_EQ(sqlite3_open(file.c_str(), &raw), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(raw, change, nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3_close(raw);
+
+        EXPECT_NO_THROW(backups_.Restore(file, Day("2026-11-21"))) << change;
     }
+}
 
-    EXPECT_TRUE(folder_.Read("db/clb.mdb") == before);
+TEST_F(BackupsTest, WhatIsNotADatabaseIsRefusedInItsOwnWords)
+{
+    const std::string empty = folder_.Write("empty.mdb", "");
+    const std::string letter = folder_.Write("letter.txt", "Dear bank");
+
+    EXPECT_EQ(RefusalOf(empty), "The file '" + empty + "' is empty: it is not a backup.");
+    EXPECT_EQ(RefusalOf(letter),
+              "The file '" + letter + "' is not a backup: it is not a database.");
+    EXPECT_EQ(RefusalOf(folder_.Path()),
+              "The file '" + folder_.Path() + "' is a folder, not a backup.");
 }
 
 TEST_F(BackupsTest, ADatabaseThatIsGoneIsRestoredToItsPlace)
