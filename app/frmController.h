@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "app/Notices.h"
 #include "app/Ports.h"
 #include "app/Product.h"
 #include "app/UnlockedPorts.h"
@@ -123,6 +124,8 @@ public:
     StatusBar statusBar;
     /// What a long command has done so far.
     WorkProgress progress;
+    /// What the status bar's second panel shows while no long command runs.
+    Notices notices;
 
 private:
     void BuildMenus();

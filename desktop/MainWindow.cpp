@@ -13,6 +13,7 @@
 #include "desktop/Icons.h"
 #include "desktop/InputEvents.h"
 #include "desktop/ListBinder.h"
+#include "desktop/NoticeLabel.h"
 #include "desktop/SplitHandle.h"
 #include "desktop/TextConvert.h"
 #include "desktop/ToolbarBinder.h"
@@ -115,6 +116,8 @@ void MainWindow::BuildStatusBar()
     statusText_->setContentsMargins(4, 0, 0, 0);
     status_->setAccessibleName(QStringLiteral("Status"));
     status_->addWidget(statusText_, 1);
+    status_->addPermanentWidget(
+        new NoticeLabel(controller_.notices, controller_.progress, status_));
     work_ = std::make_unique<WorkDisplay>(controller_.progress, *status_);
 }
 
