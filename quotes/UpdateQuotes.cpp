@@ -1,6 +1,5 @@
 #include "quotes/UpdateQuotes.h"
 
-#include "base/Numeric.h"
 #include "base/RuntimeError.h"
 #include "data/clsDatabase.h"
 #include "ports/IPointer.h"
@@ -15,13 +14,14 @@ void StoreLastPrices(clsDatabase& database, IQuoteHost& host, IHttpClient& http,
     Recordset holdings;
     database.Fill(holdings, "SELECT StockSymbol, LastPrice FROM Investment", false);
     clsStockQuote quote(http, service);
-    // Leaving a changed row saves it.
+    // Leaving a changed row saves it. A price that is not a number is the database's to refuse: it
+    // ends the command, and the rows before it stay saved.
     const auto whole = static_cast<std::size_t>(holdings.RecordCount());
     for (std::size_t part = 0; !holdings.AtEnd(); holdings.MoveNext(), ++part) {
         const std::string symbol = ToText(holdings.Get("StockSymbol"));
         host.QuoteProgress(part, whole, symbol);
         quote.Symbol(symbol);
-        if (quote.Change() != "N/A" && IsNumeric(quote.Quote()))
+        if (quote.Change() != "N/A")
             holdings.Set("LastPrice", quote.Quote());
     }
 }
