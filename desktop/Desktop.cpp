@@ -20,6 +20,7 @@
 #include "desktop/PrintJobPort.h"
 #include "desktop/PrintWindow.h"
 #include "desktop/QtModalHost.h"
+#include "desktop/RunningProgram.h"
 #include "desktop/SecondStart.h"
 #include "desktop/ShellPort.h"
 #include "desktop/StuckWindow.h"
@@ -30,7 +31,6 @@
 #include "platform/CurlHttpClient.h"
 #include "platform/HelpFolder.h"
 #include "platform/ProgramFolder.h"
-#include "platform/RunningProgram.h"
 #include "platform/SystemClock.h"
 
 namespace clb {
@@ -136,10 +136,13 @@ std::optional<int> RunOnce(const std::string& folder, const StartOptions& option
     else
         BackUpAfterFirstPaint(program.Window(), folder, clock.Now());
     program.Window().OnDrop([&](const QStringList& paths) { program.Incoming().Take(paths); });
-    const auto laterStarts = ServeLaterStarts(running, program.Window(), program.Incoming());
     program.Window().show();
     program.Incoming().Take(files);
+    running.Serve([&](const StartRequest& request) {
+        Follow(request, program.Window(), program.Incoming());
+    });
     const int exitCode = QApplication::exec();
+    running.Serve({});
     return program.StartsAgain() ? std::nullopt : std::optional(exitCode);
 }
 
@@ -152,12 +155,12 @@ int Run(const StartOptions& options, IClock& clock)
         program.Load();
         return Picture(program.Window(), options.picture);
     }
-    QStringList files = AbsolutePaths(options.files);
+    StartRequest request = RequestFor(options.files);
     RunningProgram running(folder);
-    if (!running.BecomeFirst() && HandOver(running, files))
+    if (!running.BecomeFirst(request))
         return 0;
-    for (;; files.clear())
-        if (const auto exitCode = RunOnce(folder, options, clock, running, files))
+    for (;; request.files.clear())
+        if (const auto exitCode = RunOnce(folder, options, clock, running, request.files))
             return *exitCode;
 }
 
