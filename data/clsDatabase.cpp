@@ -1,6 +1,7 @@
 #include "data/clsDatabase.h"
 
-#include "base/Numeric.h"
+#include <limits>
+
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/SchemaVersion.h"
@@ -105,7 +106,12 @@ std::int32_t clsDatabase::GetNextSequence()
     Recordset records;
     Fill(records, "SELECT MAX( Sequence ) AS NextSequence FROM Trans", true);
     const Value& largest = records.Get(0);
-    return IsNull(largest) ? 1 : NarrowTo<std::int32_t>(std::int64_t{ToLong(largest)} + 1);
+    if (IsNull(largest))
+        return 1;
+    if (ToLong(largest) == std::numeric_limits<std::int32_t>::max())
+        throw RuntimeError(errors::Overflow,
+                           "No number is left for a new transaction: one has the largest already.");
+    return ToLong(largest) + 1;
 }
 
 void clsDatabase::Fill(Recordset& records, const std::string& sql, bool readOnly)

@@ -39,6 +39,7 @@ public:
 
     /// Makes the target month hold the source month's categories, groups and amounts, and "(none)".
     /// Transactions of categories that go become "(none)". An empty source month changes nothing.
+    /// Throws EngineError, with nothing changed, if a category that goes has a single quote in it.
     void CopyBudget(std::int32_t sourceYear, std::int32_t sourcePeriod, std::int32_t targetYear,
                     std::int32_t targetPeriod);
     /// Books one piece of a transaction to the next month (direction 1) or the one before (any
@@ -70,7 +71,8 @@ public:
     static std::string ToSqlString(std::string_view text);
     /// Without blanks in front, at most length characters, without blanks behind.
     static std::string TruncateString(std::string_view text, std::int32_t length);
-    /// Largest transaction number plus one; 1 when there are no transactions.
+    /// Largest transaction number plus one; 1 when there are no transactions. Throws RuntimeError
+    /// (Overflow) when no larger number is left.
     std::int32_t GetNextSequence();
     /// Opens a closed result set on the SELECT.
     void Fill(Recordset& records, const std::string& sql, bool readOnly);
@@ -119,6 +121,7 @@ private:
     Money Sum(const std::string& sql);
     Money RegisterBalance();
     void AccountTotals(const std::string& condition, Money& first, Money& second);
+    static void RefuseQuotes(Recordset& source, Recordset& target);
     void CopyLines(Recordset& source, Recordset& target, Month to);
     void DropLines(Recordset& source, Recordset& target, Month to);
 

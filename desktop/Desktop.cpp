@@ -23,6 +23,7 @@
 #include "desktop/PrintWindow.h"
 #include "desktop/QtModalHost.h"
 #include "desktop/RestoreOffer.h"
+#include "desktop/RunningProgram.h"
 #include "desktop/SecondStart.h"
 #include "desktop/ShellPort.h"
 #include "desktop/StuckWindow.h"
@@ -34,7 +35,6 @@
 #include "platform/CurlHttpClient.h"
 #include "platform/HelpFolder.h"
 #include "platform/ProgramFolder.h"
-#include "platform/RunningProgram.h"
 #include "platform/SystemClock.h"
 
 namespace clb {
@@ -188,10 +188,13 @@ Ending RunOnce(const std::string& folder, const StartOptions& options, IClock& c
     memory.Restore();
     const auto backup = BeginBackup(program, folder, options, clock);
     program.Window().OnDrop([&](const QStringList& paths) { program.Incoming().Take(paths); });
-    const auto laterStarts = ServeLaterStarts(running, program.Window(), program.Incoming());
     program.Window().show();
     program.Incoming().Take(files);
+    running.Serve([&](const StartRequest& request) {
+        Follow(request, program.Window(), program.Incoming());
+    });
     const int exitCode = QApplication::exec();
+    running.Serve({});
     if (program.StartsAgain())
         return {std::nullopt, program.Restores(), true};
     return {exitCode, "", true};
@@ -220,16 +223,16 @@ int Run(const StartOptions& options, IClock& clock)
         program.Load();
         return Picture(program.Window(), options.picture);
     }
-    QStringList files = AbsolutePaths(options.files);
+    StartRequest request = RequestFor(options.files);
     RunningProgram running(folder);
-    if (!running.BecomeFirst() && HandOver(running, files))
+    if (!running.BecomeFirst(request))
         return 0;
     for (;;) {
-        const Ending ending = RunOrRestore(folder, options, clock, running, files);
+        const Ending ending = RunOrRestore(folder, options, clock, running, request.files);
         if (ending.exitCode)
             return *ending.exitCode;
         if (ending.opened)
-            files.clear();
+            request.files.clear();
         if (ending.restores.empty())
             continue;
         Backups backups(folder);

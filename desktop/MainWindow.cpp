@@ -53,13 +53,7 @@ MainWindow::MainWindow(frmController& controller, UserEvents& events)
     BuildToolbarSide();
     BuildStatusBar();
     menus_ = std::make_unique<MenuBinder>(controller_.menus, *menuBar(), events_,
-                                          [this](MenuItem& item) {
-                                              // The window's own way out asks the grid first.
-                                              if (item.Name() == "mnuF_Exit")
-                                                  controller_.Close();
-                                              else
-                                                  item.Press();
-                                          });
+                                          [this](MenuItem& item) { Choose(item); });
     BindKeys();
     BindFocus();
     FollowModels();
@@ -86,7 +80,7 @@ void MainWindow::BuildParts()
     tree_->setAccessibleName(QStringLiteral("Views and accounts"));
     grid_->WhenEmpty([this] { return HintFor(controller_); },
                      [this](const std::string& item) {
-                         events_.Run([&] { controller_.menus.Find(item)->Press(); });
+                         events_.Run([&] { Choose(*controller_.menus.Find(item)); });
                      });
     border_ = new SplitHandle(
         {[this] { return controller_.TreeWidth(); }, [this](int place) { TreeWidth(place); }},

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "base/Date.h"
-#include "base/Money.h"
+#include "base/MoneySum.h"
 #include "base/Numeric.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -40,7 +40,8 @@ Section SectionOf(std::string_view header)
 }
 
 struct QifRecord {
-    Money amount;
+    MoneySum sum;  ///< of the amounts so far
+    Money amount;  ///< the sum, once the record has ended
     std::string checkID;
     std::string memo;
     std::string payee;
@@ -143,7 +144,7 @@ void QifReader::HandleField(char letter, std::string_view value)
         }
         case 'T':
             if (IsNumeric(value))
-                record_.amount = Money::Parse(value);
+                record_.sum = MoneySum(Money::Parse(value));
             break;
         case 'N': {
             const bool zero = IsNumeric(value) && std::nearbyint(ParseDouble(value)) == 0;
@@ -166,12 +167,13 @@ void QifReader::HandleCategoryField(char letter, std::string_view value)
         record_.group = clsDatabase::TruncateString(pieces[0], kTextLength);
         record_.category = clsDatabase::TruncateString(pieces[1], kTextLength);
     } else if (letter == 'B' && IsNumeric(value)) {
-        record_.amount = record_.amount + Money::Parse(value);
+        record_.sum += Money::Parse(value);
     }
 }
 
 void QifReader::EndRecord()
 {
+    record_.amount = record_.sum.Total();
     if (section_ == Section::Transactions)
         EndTransaction();
     else if (section_ == Section::Categories)

@@ -2,7 +2,6 @@
 
 #include <vector>
 
-#include "base/Numeric.h"
 #include "base/RuntimeError.h"
 #include "data/clsDatabase.h"
 #include "engine/EngineError.h"
@@ -58,8 +57,9 @@ private:
         const std::string symbol = ToText(holdings_.At(row, kSymbol));
         host_.QuoteProgress(row, whole, symbol);
         quote_.Symbol(symbol);
-        if (quote_.Change() != "N/A" && IsNumeric(quote_.Quote()))
-            cameIn_.push_back({row, symbol, Money::Parse(quote_.Quote())});
+        // A price that is not a number ends the command.
+        if (quote_.Change() != "N/A")
+            cameIn_.push_back({row, symbol, ToMoney(quote_.Quote())});
     }
     bool IsStillThere(const CameIn& answer)
     {
