@@ -10,6 +10,7 @@
 #include <limits>
 #include <utility>
 
+#include "base/Text.h"
 #include "engine/Errors.h"
 #include "engine/Functions.h"
 
@@ -118,6 +119,24 @@ std::string_view ColumnText(sqlite3_stmt* statement, int column)
             static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
 }
 
+/// What a cell holds, for a message; the beginning of a long text.
+std::string Described(sqlite3_stmt* statement, int column)
+{
+    constexpr std::size_t kMostShown = 40;
+    switch (sqlite3_column_type(statement, column)) {
+        case SQLITE_INTEGER: return "the number " + std::string(ColumnText(statement, column));
+        case SQLITE_FLOAT:
+            return "the binary fraction " + std::string(ColumnText(statement, column));
+        case SQLITE_BLOB:
+            return std::to_string(sqlite3_column_bytes(statement, column)) + " raw bytes";
+        default: {
+            const std::string_view text = ColumnText(statement, column);
+            return "the text '" + std::string(Left(text, kMostShown)) +
+                   (Length(text) > kMostShown ? "...'" : "'");
+        }
+    }
+}
+
 }  // namespace
 
 void Statement::Finalize::operator()(sqlite3_stmt* raw) const
@@ -171,10 +190,22 @@ int Statement::ParameterCount() const
 Value Statement::Get(int column, FieldType type) const
 {
     sqlite3_stmt* const raw = raw_.get();
-    if (sqlite3_column_type(raw, column) == SQLITE_NULL)
+    const int stored = sqlite3_column_type(raw, column);
+    if (stored == SQLITE_NULL)
         return Null();
+    if (type == FieldType::Text)
+        return std::string(ColumnText(raw, column));
+    if (type == FieldType::Date) {
+        if (stored == SQLITE_TEXT)
+            if (const auto date = Date::FromIso(ColumnText(raw, column)))
+                return *date;
+        throw refuse::WrongCell(Described(raw, column), type);
+    }
+    const bool real = type == FieldType::Double || type == FieldType::Single;
+    // The storage would make some number of anything.
+    if (stored != SQLITE_INTEGER && !(real && stored == SQLITE_FLOAT))
+        throw refuse::WrongCell(Described(raw, column), type);
     switch (type) {
-        case FieldType::Text: return std::string(ColumnText(raw, column));
         case FieldType::Long: {
             const std::int64_t number = sqlite3_column_int64(raw, column);
             if (number < std::numeric_limits<std::int32_t>::min() ||
@@ -185,13 +216,8 @@ Value Statement::Get(int column, FieldType type) const
         case FieldType::Money: return Money::FromScaled(sqlite3_column_int64(raw, column));
         case FieldType::Double: return sqlite3_column_double(raw, column);
         case FieldType::Single: return static_cast<float>(sqlite3_column_double(raw, column));
-        case FieldType::Date:
-            if (const auto date = Date::FromIso(ColumnText(raw, column)))
-                return *date;
-            throw refuse::TypeMismatch();
-        case FieldType::Boolean: return sqlite3_column_int(raw, column) != 0;
+        default: return sqlite3_column_int64(raw, column) != 0;
     }
-    return Null();
 }
 
 std::string Statement::Text(int column) const

@@ -30,7 +30,9 @@ public:
     void BindInteger(int parameter, std::int64_t value);
     int ParameterCount() const;
 
-    /// 0-based column of the row that Step gave.
+    /// 0-based column of the row that Step gave. Throws EngineError (TypeMismatch) when the cell
+    /// holds something else than the type's values: other programs can put anything into any
+    /// column, and an amount is never made of a text or a binary fraction.
     Value Get(int column, FieldType type) const;
     std::string Text(int column) const;
     std::int64_t Integer(int column) const;
