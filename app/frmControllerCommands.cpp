@@ -6,6 +6,7 @@
 #include "app/frmOptions.h"
 #include "app/frmSplit.h"
 #include "base/Numeric.h"
+#include "data/Backups.h"
 
 namespace clb {
 
@@ -99,6 +100,25 @@ void frmController::ImportCommand()
     const WorkProgress::Work work(progress);
     import_->ImportFile();
     ShowImportedAccount();
+    if (ports_.keepsCopies)
+        statusBar.Panel(2, BalanceNotice());
+}
+
+std::string frmController::BalanceNotice() const
+{
+    const std::size_t odd = import_->FormerBalances().size();
+    if (odd == 0 || !ports_.keepsCopies)
+        return {};
+    return (odd == 1 ? "A balance did not fit its rows and was worked out again"
+                     : std::to_string(odd) +
+                           " balances did not fit their rows and were worked out again") +
+           std::string(": see clb check");
+}
+
+std::string frmController::KeepFormerFile()
+{
+    return ports_.keepsCopies ? Backups(ports_.folder).Before("import", ports_.clock.Now())
+                              : std::string();
 }
 
 void frmController::ImportProgress(std::size_t part, std::size_t whole)

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "app/frmController.h"
+#include "data/NoticedBalances.h"
 
 namespace clb {
 namespace {
@@ -71,6 +72,7 @@ void frmController::CheckRow(bool& cancel)
         cancel = true;
         return;
     }
+    formerNumber_ = ListsAccounts() ? StoredAccountNumber() : std::string();
     if (View().View() == vwAccount)
         OfferCategory(Grid.ColumnValue(kTransactionCategory));
 }
@@ -99,8 +101,18 @@ bool frmController::ListsAccounts() const
     return view == vwNetWorth || view == vwAccountType;
 }
 
+void frmController::RenameNoticedBalances()
+{
+    if (formerNumber_.empty())
+        return;
+    const std::int32_t column = View().View() == vwNetWorth ? 3 : 2;
+    noticed_balances::FollowAccount(Data().Database(), formerNumber_,
+                                    ToText(Grid.ColumnValue(column)));
+}
+
 void frmController::RowSaved()
 {
+    RenameNoticedBalances();
     UpdateShownBalance();
     View().RefreshTotals();
     // A new row is a stored one now.
@@ -127,7 +139,13 @@ std::string frmController::StoredAccountTag()
         return ToText(Grid.Rows().Stored(Grid.Component().Row(), column));
     };
     return clsView::AccountTag(clsView::ViewFromAccountType(stored(netWorth ? 2 : 6)),
-                               stored(netWorth ? 3 : 2));
+                               StoredAccountNumber());
+}
+
+std::string frmController::StoredAccountNumber()
+{
+    const std::int32_t column = View().View() == vwNetWorth ? 3 : 2;
+    return ToText(Grid.Rows().Stored(Grid.Component().Row(), column));
 }
 
 void frmController::RowDeleted()

@@ -207,7 +207,7 @@ void ImportRun::CountLeft(const std::string& path, ImportedFile& result)
 void ImportRun::Load(const std::string& file, const std::string& path, ImportedFile& result)
 {
     AccountChoice choice;
-    Program program(folder_, choice);
+    Program program(folder_, choice, trial_.has_value());
     choice.Give(AnswerFor(file, program.Window().Data()));
     const std::map<std::string, DateText::Order> orders = {{"mdy", DateText::Order::MonthDayYear},
                                                            {"dmy", DateText::Order::DayMonthYear},

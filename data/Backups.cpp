@@ -192,6 +192,14 @@ void Backups::BeforeUpgrade(const Date& now) noexcept
     }
 }
 
+std::string Backups::Before(const std::string& what, const Date& now)
+{
+    MakeFolder();
+    const std::string path = PathOf(FreeName(DayOf(now) + "-before-" + what));
+    UnfinishedCopy(database_, path).Rename(path);
+    return path;
+}
+
 void Backups::CopyTo(const std::string& file) const
 {
     if (fs::exists(fs::symlink_status(file)))

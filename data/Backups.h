@@ -28,6 +28,9 @@ public:
     /// Makes a copy when the next opening of the database will change its schema; at most one a
     /// day. Never fails: no copy is no reason not to open it.
     void BeforeUpgrade(const Date& now) noexcept;
+    /// Makes a copy before something is done that cannot be taken back, and returns its path:
+    /// "clb-2026-11-21-before-WHAT.mdb", numbered when that is taken.
+    std::string Before(const std::string& what, const Date& now);
     /// Copies the database to a file outside, which must not be there yet.
     void CopyTo(const std::string& file) const;
 

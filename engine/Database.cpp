@@ -5,9 +5,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <limits>
+#include <new>
 #include <utility>
 
 #include "base/Text.h"
@@ -119,24 +121,6 @@ std::string_view ColumnText(sqlite3_stmt* statement, int column)
             static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
 }
 
-/// What a cell holds, for a message; the beginning of a long text.
-std::string Described(sqlite3_stmt* statement, int column)
-{
-    constexpr std::size_t kMostShown = 40;
-    switch (sqlite3_column_type(statement, column)) {
-        case SQLITE_INTEGER: return "the number " + std::string(ColumnText(statement, column));
-        case SQLITE_FLOAT:
-            return "the binary fraction " + std::string(ColumnText(statement, column));
-        case SQLITE_BLOB:
-            return std::to_string(sqlite3_column_bytes(statement, column)) + " raw bytes";
-        default: {
-            const std::string_view text = ColumnText(statement, column);
-            return "the text '" + std::string(Left(text, kMostShown)) +
-                   (Length(text) > kMostShown ? "...'" : "'");
-        }
-    }
-}
-
 }  // namespace
 
 void Statement::Finalize::operator()(sqlite3_stmt* raw) const
@@ -199,12 +183,12 @@ Value Statement::Get(int column, FieldType type) const
         if (stored == SQLITE_TEXT)
             if (const auto date = Date::FromIso(ColumnText(raw, column)))
                 return *date;
-        throw refuse::WrongCell(Described(raw, column), type);
+        throw refuse::WrongCell(Describe(column), type);
     }
     const bool real = type == FieldType::Double || type == FieldType::Single;
     // The storage would make some number of anything.
     if (stored != SQLITE_INTEGER && !(real && stored == SQLITE_FLOAT))
-        throw refuse::WrongCell(Described(raw, column), type);
+        throw refuse::WrongCell(Describe(column), type);
     switch (type) {
         case FieldType::Long: {
             const std::int64_t number = sqlite3_column_int64(raw, column);
@@ -218,6 +202,24 @@ Value Statement::Get(int column, FieldType type) const
         case FieldType::Single: return static_cast<float>(sqlite3_column_double(raw, column));
         default: return sqlite3_column_int64(raw, column) != 0;
     }
+}
+
+std::string Statement::Describe(int column) const
+{
+    constexpr std::size_t kMostShown = 40;
+    sqlite3_stmt* const raw = raw_.get();
+    switch (sqlite3_column_type(raw, column)) {
+        case SQLITE_NULL: return "nothing";
+        case SQLITE_INTEGER: return "the number " + Text(column);
+        case SQLITE_FLOAT: return "the binary fraction " + Text(column);
+        case SQLITE_BLOB: return std::to_string(sqlite3_column_bytes(raw, column)) + " raw bytes";
+        default: break;
+    }
+    const std::string_view text = ColumnText(raw, column);
+    if (!IsValidUtf8(text))
+        return "a text that is not valid UTF-8";
+    const std::string_view shown = text.substr(0, ByteOffset(text, kMostShown));
+    return "the text '" + std::string(shown) + (shown.size() < text.size() ? "...'" : "'");
 }
 
 std::string Statement::Text(int column) const
@@ -307,6 +309,21 @@ void Database::OpenToRead(const std::string& path)
         Close();
         throw;
     }
+}
+
+void Database::OpenImage(std::string_view bytes)
+{
+    Connect(":memory:", SQLITE_OPEN_READWRITE);
+    const auto size = static_cast<sqlite3_int64>(bytes.size());
+    auto* const copy = static_cast<unsigned char*>(sqlite3_malloc64(bytes.size()));
+    if (!copy)
+        throw std::bad_alloc();
+    std::copy(bytes.begin(), bytes.end(), copy);
+    const int code =
+        sqlite3_deserialize(raw_, "main", copy, size, size,
+                            SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_READONLY);
+    if (code != SQLITE_OK)
+        Refuse(code);
 }
 
 void Database::Create(const std::string& path)

@@ -261,6 +261,7 @@ std::string modImport::NewRun()
 void modImport::ImportQIF(const std::string& path)
 {
     counts_ = {};
+    KeepFormerFile();
     std::string accountID;
     if (!host_.CheckImportAccount(accountID))
         return;
@@ -268,6 +269,7 @@ void modImport::ImportQIF(const std::string& path)
     const std::string text = ReadStatement(path);
     // A file of duplicates only would lock the data for each of its records.
     database_.Database().Group();
+    NoteFormerBalances();
     reader.Read(text);
     if (!reader.Skipped().empty())
         messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, kMessageTitle);
