@@ -154,10 +154,11 @@ void DatabaseCheck::FindOrphans(const std::string& table)
     std::set<std::string_view> known;
     for (const Account& account : accounts_)
         known.insert(account.number);
+    const auto read = rows_.find(table);
     // With an unreadable list of accounts every row would seem to be one.
-    if (!rows_.contains("Account"))
+    if (read == rows_.end() || !rows_.contains("Account"))
         return;
-    for (const auto& [number, rows] : rows_[table])
+    for (const auto& [number, rows] : read->second)
         if (!number || !known.contains(*number))
             findings_.Add({.kind = "orphan",
                            .table = table,
@@ -299,7 +300,8 @@ DatabaseReport CheckDatabase(const std::string& folder)
             for (Finding& finding : report.findings)
                 finding.repairable = false;
     } catch (const EngineError& error) {
-        if (error.Trouble() != FileTrouble::Damaged)
+        // A file of a later storage's format is none of the storage's troubles with files.
+        if (error.Trouble() != FileTrouble::Damaged && error.Trouble() != FileTrouble::None)
             throw;
         findings.Add(Damage("The file is damaged: it is no database, or cannot be read at all."));
         report.findings = findings.Take();

@@ -224,6 +224,8 @@ void ImportRun::Load(const std::string& file, const std::string& path, ImportedF
     }
     result.added = import.Counts().added;
     result.skipped = import.Counts().duplicates;
+    result.balances = import.FormerBalances();
+    result.backup = import.FormerFile();
     result.accountMissing = choice.Missing();
     result.refused = result.failed || choice.Missing() || program.Messages().Refused();
     program.Finish();
