@@ -6,6 +6,7 @@
 #include "import/FileLines.h"
 #include "import/Messages.h"
 #include "import/StatementFile.h"
+#include "ports/IClock.h"
 #include "ports/IFileDialog.h"
 #include "ports/IPointer.h"
 #include "views/Balances.h"
@@ -64,9 +65,13 @@ void modImport::ImportFile()
     host_.Pointer(pointer::Hourglass);
 
     counts_ = {};
+    ForgetBalances();
     FixLineEndings(path);
     if (!ImportByFormat(path))
         return;  // On purpose: status text, pointer and the disabled window stay as they are.
+    // A file that added no row did not come so far.
+    if (!balancesNoted_)
+        NoteFormerBalances();
     UpdateBalances(database_);
     view_.Refresh();
 
@@ -83,6 +88,27 @@ void modImport::StoreBalances()
     } catch (const RuntimeError&) {
         // The import's own update of the balances reports it.
     }
+}
+
+void modImport::ForgetBalances()
+{
+    formerBalances_.clear();
+    formerFile_.clear();
+    balancesNoted_ = false;
+}
+
+/// Before anything is written: a copy that is made later might have to wait for our own lock.
+void modImport::KeepFormerFile()
+{
+    ForgetBalances();
+    if (!OddBalances(database_).empty())
+        formerFile_ = host_.KeepFormerFile();
+}
+
+void modImport::NoteFormerBalances()
+{
+    formerBalances_ = NoteBalances(database_, "import", clock_.Now());
+    balancesNoted_ = true;
 }
 
 bool modImport::ImportByFormat(const std::string& path)
