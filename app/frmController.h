@@ -3,8 +3,10 @@
 #include <memory>
 #include <string>
 
+#include "app/Notices.h"
 #include "app/Ports.h"
 #include "app/Product.h"
+#include "app/UnlockedPorts.h"
 #include "app/modGlobals.h"
 #include "controls/Commands.h"
 #include "controls/Form.h"
@@ -19,6 +21,8 @@
 #include "quotes/UpdateQuotes.h"
 
 namespace clb {
+
+class OtherPrograms;
 
 /// Heights and widths in pixels that the window's layout starts from. A window with real controls
 /// sets them from their fonts before it is loaded; resizing keeps them.
@@ -63,6 +67,10 @@ public:
     /// view, one on the selected node shows it again. The tree gets the focus; false when the
     /// control that had it kept it, and when saving the grid's row took the node away.
     bool PressNode(std::int32_t node);
+    /// Runs the node-click steps for the tree's selected node: its view is shown.
+    void ShowSelected();
+    /// What other programs write to the same book, shown and agreed on.
+    OtherPrograms& Others() { return *others_; }
     /// Runs the grid's check and, when it agrees, unloads.
     bool Close();
 
@@ -70,6 +78,9 @@ public:
     clsDatabase& Data() { return *globals_.database; }
     modImport& Import() { return *import_; }
     modExport& Export() { return *export_; }
+    /// What is to be said of the balances that the last import found not to fit their rows; empty
+    /// when all fitted, and under automation.
+    std::string BalanceNotice() const;
     /// Path of the settings file.
     std::string SettingsFile() const { return ports_.folder + "/cvlb.ini"; }
     /// Scheme, host and port of the quote service: the one given with the ports, else the settings
@@ -85,6 +96,7 @@ public:
     void WindowEnabled(bool enabled) override;
     void Pointer(std::int32_t code) override;
     bool CheckImportAccount(std::string& accountID) override;
+    std::string KeepFormerFile() override;
     void ImportProgress(std::size_t part, std::size_t whole) override;
     void QuoteProgress(std::size_t part, std::size_t whole, const std::string& symbol) override;
 
@@ -97,6 +109,10 @@ public:
     /// Raised when the window is being unloaded.
     sigc::signal<void()>& Unloading() { return unloading_; }
 
+private:
+    UnlockedPorts unlocked_;
+
+public:
     // The controls, under their own names.
     Form window;
     MenuBar menus;
@@ -112,6 +128,8 @@ public:
     StatusBar statusBar;
     /// What a long command has done so far.
     WorkProgress progress;
+    /// What the status bar's second panel shows while no long command runs.
+    Notices notices;
 
 private:
     void BuildMenus();
@@ -121,15 +139,16 @@ private:
     void WireGrid();
     void NodeClicked(std::int32_t node);
     void ShowStored();
-    /// The node that stands for what one of an earlier tree stood for, at its place before; 0 when
-    /// it is gone.
-    std::int32_t NodeLike(const TreeNode& sought, std::int32_t place) const;
+    void ReleaseLock();
+    bool KeepsAccount(const std::string& accountID);
     void ShowImportedAccount();
     void OpenGlobals();
     void ShowPresentMonth();
     void CheckRow(bool& cancel);
     void OfferCategory(const Value& category);
     void RowSaved();
+    std::string StoredAccountNumber();
+    void RenameNoticedBalances();
     void CheckDeletion(bool& cancel);
     /// Tag of the account in the grid's current row as it is stored, whatever was typed over it.
     std::string StoredAccountTag();
@@ -154,17 +173,19 @@ private:
     void OpenBankLink();
     GridPage PrintedPage();
 
-    Ports ports_;
+    Ports ports_;  ///< those of unlocked_
     WindowMetrics metrics_;
     std::int32_t width_ = 0;
     std::int32_t height_ = 0;
     bool loaded_ = false;
     bool stale_ = false;  ///< the window shows what an error in writing took back
     modGlobals globals_;
+    std::unique_ptr<OtherPrograms> others_;
     std::unique_ptr<modImport> import_;
     std::unique_ptr<modExport> export_;
     sigc::signal<void()> opened_;
     sigc::signal<void()> unloading_;
+    std::string formerNumber_;          // of the account being saved; empty for a new one
     double lastActual_ = 0;             // for the difference column of the same row
     std::int32_t pendingTreeNode_ = 0;  // node of the account being deleted
     std::int32_t refusedColumn_ = 1;    // cell to correct in a refused row

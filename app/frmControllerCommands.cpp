@@ -7,6 +7,8 @@
 #include "app/frmSplit.h"
 #include "base/Interruption.h"
 #include "base/Numeric.h"
+#include "base/RuntimeError.h"
+#include "data/Backups.h"
 
 namespace clb {
 
@@ -100,6 +102,24 @@ void frmController::ImportCommand()
     const WorkProgress::Work work(progress);
     import_->ImportFile();
     ShowImportedAccount();
+    notices.Set("balances", BalanceNotice());
+}
+
+std::string frmController::BalanceNotice() const
+{
+    const std::size_t odd = import_->FormerBalances().size();
+    if (odd == 0 || !ports_.keepsCopies)
+        return {};
+    return (odd == 1 ? "A balance did not fit its rows and was worked out again"
+                     : std::to_string(odd) +
+                           " balances did not fit their rows and were worked out again") +
+           std::string(": see clb check");
+}
+
+std::string frmController::KeepFormerFile()
+{
+    return ports_.keepsCopies ? Backups(ports_.folder).Before("import", ports_.clock.Now())
+                              : std::string();
 }
 
 void frmController::ImportProgress(std::size_t part, std::size_t whole)
@@ -169,6 +189,11 @@ void frmController::SplitCommand()
     // A row that is refused stays in edit and is not split.
     if (!Grid.Update())
         return;
+    Data().Lock();
+    if (ToMoney(Grid.ColumnValue(3)) != first + second)
+        throw RuntimeError(errors::InvalidCall,
+                           "Another program has changed the amount of this transaction meanwhile. "
+                           "Nothing was split. Please repeat the command.");
     Data().SplitTransaction(ToLong(Grid.ColumnValue(11)), ToLong(Grid.ColumnValue(12)), first,
                             second);
     Grid.Refetch();

@@ -3,7 +3,9 @@
 
 #include <cmath>
 
+#include "app/OtherPrograms.h"
 #include "app/frmController.h"
+#include "data/NoticedBalances.h"
 
 namespace clb {
 namespace {
@@ -64,6 +66,11 @@ void frmController::WireGrid()
 
 void frmController::CheckRow(bool& cancel)
 {
+    if (!others_->AgreeOnRow()) {
+        refusedColumn_ = Grid.Component().Col();
+        cancel = true;
+        return;
+    }
     std::string message;
     if (!Data().ValidRow(refusedColumn_, message)) {
         ports_.messages.Show(message, box_style::Critical, Title);
@@ -71,6 +78,7 @@ void frmController::CheckRow(bool& cancel)
         cancel = true;
         return;
     }
+    formerNumber_ = ListsAccounts() ? StoredAccountNumber() : std::string();
     if (View().View() == vwAccount)
         OfferCategory(Grid.ColumnValue(kTransactionCategory));
 }
@@ -99,8 +107,18 @@ bool frmController::ListsAccounts() const
     return view == vwNetWorth || view == vwAccountType;
 }
 
+void frmController::RenameNoticedBalances()
+{
+    if (formerNumber_.empty())
+        return;
+    const std::int32_t column = View().View() == vwNetWorth ? 3 : 2;
+    noticed_balances::FollowAccount(Data().Database(), formerNumber_,
+                                    ToText(Grid.ColumnValue(column)));
+}
+
 void frmController::RowSaved()
 {
+    RenameNoticedBalances();
     UpdateShownBalance();
     View().RefreshTotals();
     // A new row is a stored one now.
@@ -127,7 +145,13 @@ std::string frmController::StoredAccountTag()
         return ToText(Grid.Rows().Stored(Grid.Component().Row(), column));
     };
     return clsView::AccountTag(clsView::ViewFromAccountType(stored(netWorth ? 2 : 6)),
-                               stored(netWorth ? 3 : 2));
+                               StoredAccountNumber());
+}
+
+std::string frmController::StoredAccountNumber()
+{
+    const std::int32_t column = View().View() == vwNetWorth ? 3 : 2;
+    return ToText(Grid.Rows().Stored(Grid.Component().Row(), column));
 }
 
 void frmController::RowDeleted()

@@ -11,6 +11,7 @@
 #include "import/StatementFile.h"
 
 #include <filesystem>
+#include <functional>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -42,7 +43,9 @@ struct Answer {
 /// not fit, the dialog is cancelled.
 class AccountChoice : public IModalHost {
 public:
-    void Give(Answer answer) { answer_ = std::move(answer); }
+    /// answer is asked when the dialog opens, with the book locked: what it finds in the book
+    /// stays.
+    void Give(std::function<Answer()> answer) { ask_ = std::move(answer); }
     const Answer& Given() const { return answer_; }
     bool Asked() const { return asked_; }
     /// The account was asked for and none was given.
@@ -51,6 +54,7 @@ public:
     void Run(Form& form) override
     {
         asked_ = true;
+        answer_ = ask_();
         for (const FormStep& step : Steps())
             if (!PerformStep(form, step))
                 break;
@@ -81,6 +85,7 @@ private:
         }
     }
 
+    std::function<Answer()> ask_;
     Answer answer_;
     bool asked_ = false;
     bool missing_ = false;
@@ -207,8 +212,11 @@ void ImportRun::CountLeft(const std::string& path, ImportedFile& result)
 void ImportRun::Load(const std::string& file, const std::string& path, ImportedFile& result)
 {
     AccountChoice choice;
-    Program program(folder_, choice);
-    choice.Give(AnswerFor(file, program.Window().Data()));
+    Program program(folder_, choice, trial_.has_value());
+    choice.Give([&] {
+        program.Window().Data().Lock();
+        return AnswerFor(file, program.Window().Data());
+    });
     const std::map<std::string, DateText::Order> orders = {{"mdy", DateText::Order::MonthDayYear},
                                                            {"dmy", DateText::Order::DayMonthYear},
                                                            {"ymd", DateText::Order::YearMonthDay}};
@@ -224,6 +232,8 @@ void ImportRun::Load(const std::string& file, const std::string& path, ImportedF
     }
     result.added = import.Counts().added;
     result.skipped = import.Counts().duplicates;
+    result.balances = import.FormerBalances();
+    result.backup = import.FormerFile();
     result.accountMissing = choice.Missing();
     result.refused = result.failed || choice.Missing() || program.Messages().Refused();
     program.Finish();

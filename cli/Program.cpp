@@ -8,14 +8,15 @@
 
 namespace clb {
 
-Program::Program(const std::string& folder, IModalHost& forms)
+Program::Program(const std::string& folder, IModalHost& forms, bool trial)
     : messages_(std::cerr),
       http_({product::Title, false, {}, {}}),
       controller_({folder, clock_, messages_, files_, shell_, pointer_, dates_, forms, printing_,
-                   http_, ""},
+                   http_, "", !trial},
                   WindowMetrics())
 {
-    Backups(folder).BeforeUpgrade(clock_.Now());
+    if (const auto failure = Backups(folder).BeforeUpgrade(clock_.Now()))
+        std::cerr << *failure << '\n';
     controller_.Load();
 }
 

@@ -42,6 +42,7 @@ void GridComponent::DataSource(Recordset* records)
 void GridComponent::Bind(IGridSource* source)
 {
     source_ = source;
+    NumbersTold();
     columns_.Clear();
     groups_.clear();
     editing_ = false;
@@ -79,6 +80,7 @@ void GridComponent::RefetchRows()
     if (!source_)
         return;
     source_->Requery();
+    NumbersTold();
     rows_.Rebuild();
     StandOnFirst();
 }
@@ -95,6 +97,7 @@ bool GridComponent::Fold(std::size_t row, bool folded)
     if (row == 0)
         return true;
     const std::size_t before = rows_.Count();
+    NumbersTold();
     rows_.Fold(row, folded);
     const bool above = row_ <= row;
     if (folded && !above) {
@@ -138,6 +141,7 @@ void GridComponent::StandOn(std::size_t row, std::int32_t column)
 void GridComponent::LoadRow()
 {
     cells_.assign(static_cast<std::size_t>(columns_.Count()), Null{});
+    stored_ = cells_;
     changed_.assign(cells_.size(), false);
     dirty_ = false;
     key_ = Null{};
@@ -148,6 +152,7 @@ void GridComponent::LoadRow()
     identity_ = rows_.Identity(row_);
     for (std::int32_t column = 1; column <= columns_.Count(); ++column)
         cells_[static_cast<std::size_t>(column - 1)] = rows_.Stored(row_, column);
+    stored_ = cells_;
 }
 
 void GridComponent::Col(std::int32_t column)
@@ -233,6 +238,7 @@ void GridComponent::Freshen()
         return;
     const Spot spot = CurrentSpot();
     editing_ = false;
+    NumbersTold();
     rows_.Rebuild();
     row_ = Find(spot);
     LoadRow();

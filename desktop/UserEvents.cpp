@@ -15,8 +15,20 @@ void UserEvents::Attach(std::function<void()> settle, std::function<void()> redr
 
 bool UserEvents::Run(const std::function<void()>& action)
 {
-    ++depth_;
-    bool done = Report(action);
+    return Perform(action, false);
+}
+
+bool UserEvents::RunOnRow(const std::function<void()>& action)
+{
+    return Perform(action, true);
+}
+
+bool UserEvents::Perform(const std::function<void()>& action, bool onRow)
+{
+    bool rowThere = true;
+    if (++depth_ == 1 && prepare_)
+        Report([&] { rowThere = prepare_(); });
+    bool done = (rowThere || !onRow) && Report(action);
     // What a command wrote that was broken off is not kept.
     if (settle_ && !Interruption::Asked())
         done = Report(settle_) && done;

@@ -16,20 +16,27 @@ public:
 
     /// What makes the changes durable, and what brings the window up to date afterwards.
     void Attach(std::function<void()> settle, std::function<void()> redraw);
+    /// What to do before each outermost action. False: the grid's current row is gone, so an action
+    /// on it is left out.
+    void Before(std::function<bool()> prepare) { prepare_ = std::move(prepare); }
     /// What to do each time the outermost action is over.
     void WhenIdle(std::function<void()> idle) { idle_ = std::move(idle); }
     /// Whether an action is on its way.
     bool Running() const { return depth_ > 0; }
     /// False when the action ended with an error. Actions may start others, as a dialog does.
     bool Run(const std::function<void()>& action);
+    /// The same for an action that works on the grid's current row.
+    bool RunOnRow(const std::function<void()>& action);
 
 private:
+    bool Perform(const std::function<void()>& action, bool onRow);
     bool Report(const std::function<void()>& action);
 
     IMessageBox& messages_;
     std::function<void()> settle_;
     std::function<void()> redraw_;
     std::function<void()> idle_;
+    std::function<bool()> prepare_;
     int depth_ = 0;
 };
 

@@ -5,12 +5,16 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <limits>
+#include <new>
+#include <optional>
 #include <utility>
 
 #include "base/Interruption.h"
+#include "base/Text.h"
 #include "engine/Errors.h"
 #include "engine/Functions.h"
 #include "engine/Waiting.h"
@@ -41,22 +45,76 @@ EngineError ConstraintError(int extended, const std::string& message)
     return {engine_errors::Constraint, message};
 }
 
-/// system: errno of the system call that failed, where one did.
-EngineError FileErrorOf(int code, int system, const std::string& path)
+EngineError JournalError(const std::string& path)
 {
-    switch (code) {
+    return refuse::File(path,
+                        "cannot be written: its journal '" + path + "-journal' cannot be opened.",
+                        FileTrouble::Unreadable);
+}
+
+/// What the system call that failed says itself; nothing where it leaves that open.
+std::optional<EngineError> SystemErrorOf(int system, const std::string& path)
+{
+    switch (system) {
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG: return refuse::CannotWrite(path, system);
+        case EROFS: return refuse::File(path, "is read-only.", FileTrouble::ReadOnly);
+        case EMFILE:
+        case ENFILE:
+            return refuse::File(path, "cannot be opened: too many files are open.",
+                                FileTrouble::Unreadable);
+        case ENOLCK:
+            return refuse::File(path, "cannot be locked on its disk.", FileTrouble::Unreadable);
+        case EISDIR: return JournalError(path);  // the database itself is a file
+        default: return std::nullopt;
+    }
+}
+
+EngineError FolderTakesNoFiles(const std::string& path)
+{
+    return refuse::File(path, "is in a folder that takes no new files.",
+                        FileTrouble::FolderReadOnly);
+}
+
+EngineError ReadOnlyErrorOf(int extended, const std::string& path)
+{
+    switch (extended) {
+        case SQLITE_READONLY_DBMOVED:
+            return refuse::File(path, "was replaced or removed by another program.",
+                                FileTrouble::Replaced);
+        case SQLITE_READONLY_DIRECTORY: return FolderTakesNoFiles(path);
+        default: return refuse::File(path, "is read-only.", FileTrouble::ReadOnly);
+    }
+}
+
+/// The file is open, so it is the journal beside it that cannot be opened.
+EngineError JournalErrorOf(int system, const std::string& path)
+{
+    if (system == ENOENT)
+        return ReadOnlyErrorOf(SQLITE_READONLY_DBMOVED, path);
+    return SystemErrorOf(system, path).value_or(JournalError(path));
+}
+
+/// system: errno of the system call that failed, where one did.
+EngineError FileErrorOf(int extended, int system, const std::string& path)
+{
+    switch (extended & 0xFF) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
             return refuse::File(path, "is locked by another program.", FileTrouble::Locked);
-        case SQLITE_READONLY: return refuse::File(path, "is read-only.", FileTrouble::ReadOnly);
+        case SQLITE_READONLY: return ReadOnlyErrorOf(extended, path);
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB: return refuse::File(path, kNoDatabase, FileTrouble::Damaged);
         case SQLITE_FULL: return refuse::CannotWrite(path, ENOSPC);
-        case SQLITE_IOERR:
-            if (system == EFBIG || system == EDQUOT)
-                return refuse::CannotWrite(path, system);
-            return refuse::File(path, "cannot be read or written.", FileTrouble::Unreadable);
-        default: return refuse::File(path, "cannot be opened.", FileTrouble::Unreadable);
+        case SQLITE_PERM:
+            return refuse::File(path, "cannot be locked: the system does not permit it.",
+                                FileTrouble::Unreadable);
+        case SQLITE_CANTOPEN: return JournalErrorOf(system, path);
+        default:
+            return SystemErrorOf(system, path)
+                .value_or(
+                    refuse::File(path, "cannot be read or written.", FileTrouble::Unreadable));
     }
 }
 
@@ -85,6 +143,7 @@ bool IsAboutFile(int code)
         case SQLITE_NOTADB:
         case SQLITE_FULL:
         case SQLITE_IOERR:
+        case SQLITE_PERM:
         case SQLITE_CANTOPEN: return true;
         default: return false;
     }
@@ -170,10 +229,22 @@ int Statement::ParameterCount() const
 Value Statement::Get(int column, FieldType type) const
 {
     sqlite3_stmt* const raw = raw_.get();
-    if (sqlite3_column_type(raw, column) == SQLITE_NULL)
+    const int stored = sqlite3_column_type(raw, column);
+    if (stored == SQLITE_NULL)
         return Null();
+    if (type == FieldType::Text)
+        return std::string(ColumnText(raw, column));
+    if (type == FieldType::Date) {
+        if (stored == SQLITE_TEXT)
+            if (const auto date = Date::FromIso(ColumnText(raw, column)))
+                return *date;
+        throw refuse::WrongCell(Describe(column), type);
+    }
+    const bool real = type == FieldType::Double || type == FieldType::Single;
+    // The storage would make some number of anything.
+    if (stored != SQLITE_INTEGER && !(real && stored == SQLITE_FLOAT))
+        throw refuse::WrongCell(Describe(column), type);
     switch (type) {
-        case FieldType::Text: return std::string(ColumnText(raw, column));
         case FieldType::Long: {
             const std::int64_t number = sqlite3_column_int64(raw, column);
             if (number < std::numeric_limits<std::int32_t>::min() ||
@@ -184,13 +255,26 @@ Value Statement::Get(int column, FieldType type) const
         case FieldType::Money: return Money::FromScaled(sqlite3_column_int64(raw, column));
         case FieldType::Double: return sqlite3_column_double(raw, column);
         case FieldType::Single: return static_cast<float>(sqlite3_column_double(raw, column));
-        case FieldType::Date:
-            if (const auto date = Date::FromIso(ColumnText(raw, column)))
-                return *date;
-            throw refuse::TypeMismatch();
-        case FieldType::Boolean: return sqlite3_column_int(raw, column) != 0;
+        default: return sqlite3_column_int64(raw, column) != 0;
     }
-    return Null();
+}
+
+std::string Statement::Describe(int column) const
+{
+    constexpr std::size_t kMostShown = 40;
+    sqlite3_stmt* const raw = raw_.get();
+    switch (sqlite3_column_type(raw, column)) {
+        case SQLITE_NULL: return "nothing";
+        case SQLITE_INTEGER: return "the number " + Text(column);
+        case SQLITE_FLOAT: return "the binary fraction " + Text(column);
+        case SQLITE_BLOB: return std::to_string(sqlite3_column_bytes(raw, column)) + " raw bytes";
+        default: break;
+    }
+    const std::string_view text = ColumnText(raw, column);
+    if (!IsValidUtf8(text))
+        return "a text that is not valid UTF-8";
+    const std::string_view shown = text.substr(0, ByteOffset(text, kMostShown));
+    return "the text '" + std::string(shown) + (shown.size() < text.size() ? "...'" : "'");
 }
 
 std::string Statement::Text(int column) const
@@ -244,8 +328,7 @@ void Database::RequireWritable()
     std::error_code ignored;
     const auto file = std::filesystem::weakly_canonical(path_, ignored);
     if (faccessat(AT_FDCWD, file.parent_path().c_str(), W_OK | X_OK, AT_EACCESS) != 0)
-        throw refuse::File(path_, "is in a folder that takes no new files.",
-                           FileTrouble::FolderReadOnly);
+        throw FolderTakesNoFiles(path_);
 }
 
 void Database::ReadFirst()
@@ -282,6 +365,21 @@ void Database::OpenToRead(const std::string& path)
     }
 }
 
+void Database::OpenImage(std::string_view bytes)
+{
+    Connect(":memory:", SQLITE_OPEN_READWRITE);
+    const auto size = static_cast<sqlite3_int64>(bytes.size());
+    auto* const copy = static_cast<unsigned char*>(sqlite3_malloc64(bytes.size()));
+    if (!copy)
+        throw std::bad_alloc();
+    std::copy(bytes.begin(), bytes.end(), copy);
+    const int code =
+        sqlite3_deserialize(raw_, "main", copy, size, size,
+                            SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_READONLY);
+    if (code != SQLITE_OK)
+        Refuse(code);
+}
+
 void Database::Create(const std::string& path)
 {
     Connect(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
@@ -295,7 +393,10 @@ void Database::Connect(const std::string& path, int flags)
     if (code != SQLITE_OK) {
         const int system = raw_ ? sqlite3_system_errno(raw_) : 0;
         Close();
-        throw FileErrorOf(code & 0xFF, system, path);
+        throw(code & 0xFF) == SQLITE_CANTOPEN
+            ? SystemErrorOf(system, path)
+                  .value_or(refuse::File(path, "cannot be opened.", FileTrouble::Unreadable))
+            : FileErrorOf(code, system, path);
     }
     sqlite3_extended_result_codes(raw_, 1);
     WaitForOthers(raw_);
@@ -374,7 +475,7 @@ void Database::Throw(int code, const std::string& message)
     if (kind == SQLITE_INTERRUPT || kind == SQLITE_BUSY)
         Interruption::CheckAnywhere();
     if (IsAboutFile(kind)) {
-        fileError_ = FileErrorOf(kind, sqlite3_system_errno(raw_), path_);
+        fileError_ = FileErrorOf(code, sqlite3_system_errno(raw_), path_);
         throw EngineError(fileError_);
     }
     throw ErrorOf(kind, code, message);

@@ -36,6 +36,14 @@ void CVGrid::ColumnValue(std::int32_t column, const Value& value)
     inner_.ColumnValue(column, value);
 }
 
+StoredRow CVGrid::Reread()
+{
+    const GridComponent::Meanwhile found = inner_.RereadRow();
+    if (found.gone)
+        return StoredRow::Gone;
+    return found.columns.empty() ? StoredRow::Same : StoredRow::Changed;
+}
+
 void CVGrid::ShowToolTips(bool show)
 {
     inner_.CellTips(show ? kTipsFetched : kTipsOff);

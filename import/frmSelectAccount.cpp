@@ -1,6 +1,7 @@
 #include "import/frmSelectAccount.h"
 
 #include "controls/Tree.h"
+#include "data/NoticedBalances.h"
 #include "data/clsDatabase.h"
 #include "import/Messages.h"
 #include "views/clsView.h"
@@ -105,6 +106,11 @@ bool frmSelectAccount::CreateAccount()
                        kMessageTitle);
         return false;
     }
+    database_.Lock();
+    if (hasID_ && NumberTaken()) {
+        ShowInTree();
+        return true;
+    }
     if (accountID_.empty())
         accountID_ = NewIdentifier();
     Recordset accounts;
@@ -123,6 +129,13 @@ bool frmSelectAccount::MapAccount()
 {
     if (cmbAccountID.Index() < 0)
         return false;
+    database_.Lock();
+    if (hasID_ && NumberTaken())
+        return Refuse("Another program has meanwhile added an account with the number " +
+                      accountID_ + ". Please cancel and import the file again.");
+    if (!ListedAccountIsThere())
+        return Refuse("Another program has meanwhile deleted the account " + cmbAccountID.Text() +
+                      ". Please choose another one.");
     if (hasID_)
         MapToStatement();
     else
@@ -130,11 +143,48 @@ bool frmSelectAccount::MapAccount()
     return true;
 }
 
+bool frmSelectAccount::Refuse(const std::string& why)
+{
+    messages_.Show(why, box_style::Exclamation, kMessageTitle);
+    return false;
+}
+
+/// Whether an account has the statement's number after all.
+bool frmSelectAccount::NumberTaken()
+{
+    const Connection::Untraced untraced(database_.Database());
+    return database_.RowExists("Account",
+                               "AccountID = '" + clsDatabase::ToSqlString(accountID_) + "'");
+}
+
+bool frmSelectAccount::ListedAccountIsThere()
+{
+    const Connection::Untraced untraced(database_.Database());
+    return database_.RowExists(
+        "Account", "Description = '" + clsDatabase::ToSqlString(cmbAccountID.Text()) + "'");
+}
+
+/// The numbers that the mapping changes.
+std::vector<std::string> frmSelectAccount::FormerNumbers()
+{
+    Connection& connection = database_.Database();
+    const Connection::Untraced untraced(connection);
+    std::vector<std::string> numbers;
+    Recordset accounts = connection.Execute("SELECT AccountID FROM Account WHERE Description = '" +
+                                            clsDatabase::ToSqlString(cmbAccountID.Text()) + "'");
+    for (; !accounts.AtEnd(); accounts.MoveNext())
+        numbers.push_back(ToText(accounts.Get("AccountID")));
+    return numbers;
+}
+
 void frmSelectAccount::MapToStatement()
 {
+    const std::vector<std::string> former = FormerNumbers();
     database_.Execute("UPDATE Account SET AccountID = '" + clsDatabase::ToSqlString(accountID_) +
                       "' WHERE Description = '" + clsDatabase::ToSqlString(cmbAccountID.Text()) +
                       "'");
+    for (const std::string& number : former)
+        noticed_balances::FollowAccount(database_.Database(), number, accountID_);
     ShowInTree();
     FollowShownAccount();
 }

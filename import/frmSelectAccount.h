@@ -1,5 +1,6 @@
 #pragma once
 #include <string>
+#include <vector>
 
 #include "controls/Form.h"
 #include "controls/Inputs.h"
@@ -31,8 +32,12 @@ private:
     void AcceptClicked();
     bool CreateAccount();
     bool MapAccount();
+    std::vector<std::string> FormerNumbers();
     void MapToStatement();
     void MapToExisting();
+    bool Refuse(const std::string& why);
+    bool NumberTaken();
+    bool ListedAccountIsThere();
     std::string NewIdentifier();
     void ShowInTree();
     void FollowShownAccount();

@@ -1,10 +1,12 @@
 #include "import/modImport.h"
 
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
 #include "import/FileLines.h"
 #include "import/Messages.h"
 #include "import/StatementFile.h"
+#include "ports/IClock.h"
 #include "ports/IFileDialog.h"
 #include "ports/IPointer.h"
 #include "views/Balances.h"
@@ -54,6 +56,8 @@ void modImport::ImportFile()
     const std::string path = host_.AskForFile(kDialogFlags, kDialogFilter);
     if (path.empty())
         return;
+    // A book that another program holds refuses the import before the window is disabled for it.
+    database_.Lock();
     const std::string statusBefore = host_.StatusText();
     host_.StatusText("Importing " + path + "...");
     host_.Repaint();
@@ -61,15 +65,50 @@ void modImport::ImportFile()
     host_.Pointer(pointer::Hourglass);
 
     counts_ = {};
+    ForgetBalances();
     FixLineEndings(path);
     if (!ImportByFormat(path))
         return;  // On purpose: status text, pointer and the disabled window stay as they are.
+    // A file that added no row did not come so far.
+    if (!balancesNoted_)
+        NoteFormerBalances();
     UpdateBalances(database_);
     view_.Refresh();
 
     host_.Pointer(pointer::Default);
     host_.StatusText(statusBefore);
     host_.WindowEnabled(true);
+}
+
+void modImport::StoreBalances()
+{
+    const Connection::Untraced untraced(database_.Database());
+    try {
+        UpdateBalances(database_);
+    } catch (const RuntimeError&) {
+        // The import's own update of the balances reports it.
+    }
+}
+
+void modImport::ForgetBalances()
+{
+    formerBalances_.clear();
+    formerFile_.clear();
+    balancesNoted_ = false;
+}
+
+/// Before anything is written: a copy that is made later might have to wait for our own lock.
+void modImport::KeepFormerFile()
+{
+    ForgetBalances();
+    if (!OddBalances(database_).empty())
+        formerFile_ = host_.KeepFormerFile();
+}
+
+void modImport::NoteFormerBalances()
+{
+    formerBalances_ = NoteBalances(database_, "import", clock_.Now());
+    balancesNoted_ = true;
 }
 
 bool modImport::ImportByFormat(const std::string& path)
