@@ -123,11 +123,4 @@ std::vector<OddBalance> OddBalances(clsDatabase& database)
     return odd;
 }
 
-std::vector<OddBalance> NoteBalances(clsDatabase& database, const std::string& by, const Date& now)
-{
-    std::vector<OddBalance> odd = OddBalances(database);
-    noticed_balances::Note(database.Database(), odd, by, now);
-    return odd;
-}
-
 }  // namespace clb
