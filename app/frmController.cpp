@@ -22,6 +22,17 @@ std::int64_t YearNumber(const std::string& text)
     return IsNumeric(text) ? ParseLong(text) : 0;
 }
 
+/// Does it as far as there is memory for it.
+template <class Work>
+void Quietly(const Work& work) noexcept
+{
+    try {
+        work();
+    } catch (...) {
+        return;
+    }
+}
+
 /// The account number in a node's tag; empty for nodes that are no account.
 std::string AccountNumber(const std::string& tag)
 {
@@ -105,7 +116,7 @@ void frmController::Settle()
     stale_ = stale_ || Data().Database().LostGroup();
     try {
         Data().Database().Settle();
-    } catch (const EngineError&) {
+    } catch (...) {
         stale_ = true;
         ShowStored();
         throw;
@@ -113,26 +124,48 @@ void frmController::Settle()
     ShowStored();
 }
 
+void frmController::Abandon() noexcept
+{
+    if (!globals_.database)
+        return;
+    Data().Database().Abandon();
+    if (!loaded_)
+        return;
+    stale_ = true;
+    pendingTreeNode_ = 0;
+    // What the command had locked, it cannot unlock any more.
+    Quietly([this] { window.Enabled(true); });
+    Quietly([this] { Pointer(pointer::Default); });
+    if (View().HoldRefresh())
+        Quietly([this] { View().HoldRefresh(false); });
+    ShowStored();
+}
+
 /// What could not be saved is neither in the file nor any longer in the window.
-void frmController::ShowStored()
+void frmController::ShowStored() noexcept
 {
     if (!stale_)
         return;
     try {
-        Grid.Component().CancelEdit();
-        const std::int32_t selected = TreeView.Selected();
-        const TreeNode shown = TreeView.Node(selected);
-        View().BuildTree();
-        const std::int32_t node = NodeLike(shown, selected);
-        TreeView.Select(node != 0 ? node : TreeView.Selected());
-        if (node != 0)
-            View().Refresh();
-        else
-            NodeClicked(TreeView.Selected());
+        ReloadWindow();
         stale_ = false;
-    } catch (const RuntimeError&) {
-        // The file cannot be read either, which the next command tells.
+    } catch (...) {
+        // The file cannot be read either, or there is no memory: the next command tries again.
     }
+}
+
+void frmController::ReloadWindow()
+{
+    Grid.Component().CancelEdit();
+    const std::int32_t selected = TreeView.Selected();
+    const TreeNode shown = View().TreeIsWhole() ? TreeView.Node(selected) : View().ShownNode();
+    View().BuildTree();
+    const std::int32_t node = NodeLike(shown, selected);
+    TreeView.Select(node != 0 ? node : TreeView.Selected());
+    if (node != 0)
+        View().Refresh();
+    else
+        NodeClicked(TreeView.Selected());
 }
 
 void frmController::Unload()

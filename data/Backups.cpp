@@ -9,6 +9,7 @@
 #include <charconv>
 #include <cstring>
 #include <filesystem>
+#include <new>
 #include <set>
 
 #include "data/SchemaVersion.h"
@@ -174,7 +175,7 @@ std::string Backups::Make(const Date& now)
     return path;
 }
 
-void Backups::BeforeUpgrade(const Date& now) noexcept
+void Backups::BeforeUpgrade(const Date& now)
 {
     try {
         const std::string path = PathOf(DayOf(now) + "-before-upgrade");
@@ -187,6 +188,8 @@ void Backups::BeforeUpgrade(const Date& now) noexcept
         connection = Connection();
         MakeFolder();
         UnfinishedCopy(database_, path).Rename(path);
+    } catch (const std::bad_alloc&) {
+        throw;  // another try may well make it
     } catch (const std::exception&) {
         // Opening the database itself tells what is the matter with it.
     }
@@ -212,9 +215,11 @@ std::optional<std::string> Backups::Restore(const std::string& file, const Date&
     }
     const bool replaces = fs::exists(database_);
     MakeFolder();
-    const std::string kept = PathOf(FreeName(DayOf(now) + "-before-restore"));
-    ReplaceDatabase(database_, fresh.Path(), kept);
-    return replaces ? std::optional(kept) : std::nullopt;
+    std::optional kept = PathOf(FreeName(DayOf(now) + "-before-restore"));
+    ReplaceDatabase(database_, fresh.Path(), *kept);
+    if (!replaces)
+        kept.reset();
+    return kept;
 }
 
 void Backups::DropOld() const

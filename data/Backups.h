@@ -27,7 +27,7 @@ public:
     std::string Make(const Date& now);
     /// Makes a copy when the next opening of the database will change its schema; at most one a
     /// day. Never fails: no copy is no reason not to open it.
-    void BeforeUpgrade(const Date& now) noexcept;
+    void BeforeUpgrade(const Date& now);
     /// Copies the database to a file outside, which must not be there yet.
     void CopyTo(const std::string& file) const;
 

@@ -61,7 +61,8 @@ public:
                       MainWindow::Metrics()),
           window_(controller_, events_)
     {
-        events_.Attach([this] { controller_.Settle(); }, [this] { window_.Sync(); });
+        events_.Attach([this] { controller_.Settle(); }, [this] { window_.Sync(); },
+                       [this] { controller_.Abandon(); });
         // Hiding the last window does not end the toolkit's loop; unloading it ends the program.
         controller_.Unloading().connect([] { QCoreApplication::quit(); });
         events_.WhenIdle([this] { stuck_.Follow(); });

@@ -57,11 +57,16 @@ public:
     void AccountID(const std::string& id) { accountID_ = id; }
     /// While true nothing reloads; writing false reloads once.
     void HoldRefresh(bool hold);
+    bool HoldRefresh() const { return hold_; }
 
     /// Loads the grid, totals, layout and commands for what is to be shown.
     void Refresh();
     /// Fills the tree from the accounts; the root is then selected.
     void BuildTree();
+    /// False when the last BuildTree was broken off by an error.
+    bool TreeIsWhole() const { return treeIsWhole_; }
+    /// The tree's node of what is shown, made up from the view's own state: tag, text and key.
+    TreeNode ShownNode() const;
     /// 4, 5 or 6 for the five account types, compared exactly; 0 for any other text.
     static std::int32_t ViewFromAccountType(const std::string& type);
     /// Number of the first node with the tag; 0 when there is none.
@@ -124,6 +129,7 @@ private:
     std::string accountType_;
     std::string accountID_;
     bool hold_ = false;
+    bool treeIsWhole_ = false;
     bool exportAllowed_ = false;
     HandWidths handWidths_;
     sigc::signal<void()> refreshed_;
