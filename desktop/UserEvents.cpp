@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/frmController.h"
+#include "base/RuntimeError.h"
 #include "data/Trouble.h"
 
 namespace clb {

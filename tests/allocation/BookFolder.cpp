@@ -14,6 +14,16 @@ namespace fs = std::filesystem;
 
 constexpr const char* kDatabase = "db/clb.mdb";
 
+/// In one piece: files are read thousands of times.
+std::string BytesOf(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    std::string bytes(file ? static_cast<std::size_t>(file.tellg()) : 0, '\0');
+    file.seekg(0);
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return bytes;
+}
+
 /// The storage's own judgement: "ok" for a sound file.
 std::string IntegrityOf(const std::string& path)
 {
@@ -55,11 +65,11 @@ void BookFolder::Keep()
 
 void BookFolder::PutBack() const
 {
-    for (const auto& [name, bytes] : Files())
+    for (const std::string& name : FileNames())
         if (!kept_.contains(name))
             fs::remove(Path(name));
     for (const auto& [name, bytes] : kept_) {
-        if (folder_.Read(name) == bytes)
+        if (BytesOf(Path(name)) == bytes)
             continue;
         std::fstream file(Path(name), std::ios::binary | std::ios::in | std::ios::out);
         if (!file)
@@ -70,14 +80,20 @@ void BookFolder::PutBack() const
     }
 }
 
+std::vector<std::string> BookFolder::FileNames() const
+{
+    std::vector<std::string> names;
+    for (const auto& entry : fs::recursive_directory_iterator(Path()))
+        if (entry.is_regular_file())
+            names.push_back(entry.path().string().substr(Path().size() + 1));
+    return names;
+}
+
 std::map<std::string, std::string> BookFolder::Files() const
 {
     std::map<std::string, std::string> files;
-    for (const auto& entry : fs::recursive_directory_iterator(Path()))
-        if (entry.is_regular_file()) {
-            const std::string name = fs::relative(entry.path(), Path()).string();
-            files[name] = folder_.Read(name);
-        }
+    for (const std::string& name : FileNames())
+        files[name] = BytesOf(Path(name));
     return files;
 }
 
@@ -89,10 +105,16 @@ TableDump BookFolder::Tables() const
     return DumpOf(Path(kDatabase));
 }
 
+bool BookFolder::Holds(const std::string& text) const
+{
+    return !folder_.Holds(std::string(kDatabase) + "-journal") &&
+           BytesOf(Path(kDatabase)).find(text) != std::string::npos;
+}
+
 bool BookFolder::Untouched() const
 {
     return !folder_.Holds(std::string(kDatabase) + "-journal") &&
-           folder_.Read(kDatabase) == kept_.at(kDatabase);
+           BytesOf(Path(kDatabase)) == kept_.at(kDatabase);
 }
 
 }  // namespace clb

@@ -25,10 +25,13 @@ public:
 
     /// Names of all files below the folder, with their bytes.
     std::map<std::string, std::string> Files() const;
+    std::vector<std::string> FileNames() const;
     /// What the tables hold. Throws std::runtime_error when the file is damaged.
     TableDump Tables() const;
     /// Whether the database file is byte by byte as it was kept, and no journal beside it.
     bool Untouched() const;
+    /// Whether the database file and no journal beside it holds the text.
+    bool Holds(const std::string& text) const;
     const TableDump& KeptTables() const { return tables_; }
     bool WasKept(const std::string& name) const { return kept_.contains(name); }
 

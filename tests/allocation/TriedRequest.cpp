@@ -78,11 +78,11 @@ TriedRequest::TriedRequest(BookFolder& books, std::vector<Json> shown, std::vect
 {
 }
 
-std::vector<std::string> TriedRequest::Run(Refusal refusal)
+std::vector<std::string> TriedRequest::Run()
 {
     step_ = Step::Show;
     at_ = 0;
-    Tries tries(books_, refusal);
+    Tries tries(books_, Refusal::One, Counted::Storage);
     tries_ = &tries;
     try {
         Input input(*this);

@@ -7,8 +7,8 @@
 
 namespace clb {
 
-/// A request to the driven program in whose handling allocations fail. After each failure the
-/// program must go on: show what the file holds, and do another command.
+/// A request to the driven program in whose handling allocations of the storage fail. After each
+/// failure the program must go on: show what the file holds, and do another command.
 class TriedRequest {
 public:
     /// shown: requests that bring up the view. made: what is done in it before the request, such as
@@ -16,7 +16,7 @@ public:
     TriedRequest(BookFolder& books, std::vector<Json> shown, std::vector<Json> made, Json request);
 
     /// Tries all allocations. Returns what was wrong.
-    std::vector<std::string> Run(Refusal refusal);
+    std::vector<std::string> Run();
 
 private:
     class Input;
