@@ -7,9 +7,9 @@ namespace clb {
 
 /// One thing that is wrong in a database, or several rows with the same.
 struct Finding {
-    /// "damage", "orphan", "balance", "category" or "month".
+    /// "damage", "orphan", "balance", "category" or "month"; "clb check" adds "backup".
     std::string kind;
-    std::string table;  ///< empty for damage
+    std::string table;  ///< empty for damage and backup
     std::string text;   ///< what and where, a sentence
     std::int32_t rows = 0;
 };

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/OtherPrograms.h"
+#include "app/TreePlaces.h"
 #include "app/clsOpenSave.h"
 #include "base/Numeric.h"
 #include "engine/EngineError.h"
@@ -33,30 +35,25 @@ void Quietly(const Work& work) noexcept
     }
 }
 
-/// The account number in a node's tag; empty for nodes that are no account.
-std::string AccountNumber(const std::string& tag)
-{
-    const std::size_t divider = tag.find('\x01');
-    return divider == std::string::npos ? std::string() : tag.substr(divider + 1);
-}
-
 }  // namespace
 
 frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
-    : window("frmController", std::string("Net Worth - ") + Title),
+    : unlocked_(ports, [this] { ReleaseLock(); }),
+      window("frmController", std::string("Net Worth - ") + Title),
       menus("menus"),
       toolbar("Toolbar"),
       cmbPeriod("cmbPeriod"),
       txtYear("txtYear", "1900"),
       UpDown("UpDown"),
       TreeView("TreeView"),
-      Grid(ports.dates, ports.printing, ports.folder),
+      Grid(ports.dates, unlocked_.Around(ports).printing, ports.folder),
       lblTotal("lblTotal", "Totals:"),
       txtTotal("txtTotal", "0.00"),
       txtTotal2("txtTotal2", "0.00"),
       statusBar("StatusBar", 2),
-      ports_(ports),
-      metrics_(metrics)
+      ports_(unlocked_.Around(ports)),
+      metrics_(metrics),
+      others_(std::make_unique<OtherPrograms>(*this, ports_.messages))
 {
     for (Control* control : std::initializer_list<Control*>{
              &TreeView, &Grid.Component(), &cmbPeriod, &txtYear, &UpDown, &txtTotal, &txtTotal2,
@@ -141,6 +138,19 @@ void frmController::Abandon() noexcept
     ShowStored();
 }
 
+/// A person or a server may take their time: nobody else waits for that.
+void frmController::ReleaseLock()
+{
+    if (!globals_.database || !Data().Database().Locked())
+        return;
+    try {
+        Data().Database().Settle();
+    } catch (...) {
+        stale_ = true;
+        throw;
+    }
+}
+
 /// What could not be saved is neither in the file nor any longer in the window.
 void frmController::ShowStored() noexcept
 {
@@ -160,7 +170,7 @@ void frmController::ReloadWindow()
     const std::int32_t selected = TreeView.Selected();
     const TreeNode shown = View().TreeIsWhole() ? TreeView.Node(selected) : View().ShownNode();
     View().BuildTree();
-    const std::int32_t node = NodeLike(shown, selected);
+    const std::int32_t node = NodeLike(TreeView, shown, selected);
     TreeView.Select(node != 0 ? node : TreeView.Selected());
     if (node != 0)
         View().Refresh();
@@ -204,6 +214,11 @@ void frmController::Wire()
     WireMenus();
 }
 
+void frmController::ShowSelected()
+{
+    NodeClicked(TreeView.Selected());
+}
+
 void frmController::NodeClicked(std::int32_t node)
 {
     const std::string text = TreeView.Node(node).text;
@@ -222,36 +237,10 @@ bool frmController::PressNode(std::int32_t node)
     if (!window.Focus(TreeView))
         return false;
     // Leaving the grid may have saved an account: the tree is new then and its nodes have moved.
-    const std::int32_t now = NodeLike(pressed, node);
+    const std::int32_t now = NodeLike(TreeView, pressed, node);
     if (now != 0)
         TreeView.ClickNode(now);
     return now != 0;
-}
-
-std::int32_t frmController::NodeLike(const TreeNode& sought, std::int32_t place) const
-{
-    const auto find = [this](const auto& fits) {
-        for (std::int32_t node = 1; node <= TreeView.Count(); ++node)
-            if (fits(TreeView.Node(node)))
-                return node;
-        return 0;
-    };
-    const auto same = [&](const TreeNode& node) {
-        return node.tag == sought.tag && node.key == sought.key;
-    };
-    if (place <= TreeView.Count() && same(TreeView.Node(place)))
-        return place;
-    if (const std::int32_t node = find(same); node != 0)
-        return node;
-    // An account's own type or number may be what was saved.
-    const std::string number = AccountNumber(sought.tag);
-    if (number.empty())
-        return 0;
-    const std::int32_t moved =
-        find([&](const TreeNode& node) { return AccountNumber(node.tag) == number; });
-    return moved != 0 ? moved : find([&](const TreeNode& node) {
-        return node.text == sought.text && !AccountNumber(node.tag).empty();
-    });
 }
 
 void frmController::StepMonth(std::int32_t direction)
@@ -344,8 +333,22 @@ void frmController::Pointer(std::int32_t code)
     ports_.pointer.Pointer(code);
 }
 
+/// Other programs could write while the account was asked for.
+bool frmController::KeepsAccount(const std::string& accountID)
+{
+    Data().Lock();
+    const Connection::Untraced untraced(Data().Database());
+    if (Data().RowExists("Account", "AccountID = '" + clsDatabase::ToSqlString(accountID) + "'"))
+        return true;
+    ports_.messages.Show(
+        "Another program has deleted the chosen account meanwhile. Nothing was imported.",
+        box_style::Exclamation, Title);
+    return false;
+}
+
 bool frmController::CheckImportAccount(std::string& accountID)
 {
+    Data().Lock();
     const std::string criteria = "AccountID = '" + clsDatabase::ToSqlString(accountID) + "'";
     const bool exists = Data().RowExists("Account", criteria);
     if (!accountID.empty() && exists)
@@ -355,7 +358,7 @@ bool frmController::CheckImportAccount(std::string& accountID)
     Repaint();
     Pointer(pointer::Default);
     frmSelectAccount dialog(Data(), View(), TreeView, ports_.modal, ports_.messages);
-    const bool chosen = dialog.ShowDialog(accountID);
+    const bool chosen = dialog.ShowDialog(accountID) && KeepsAccount(accountID);
     Pointer(pointer::Hourglass);
     StatusText(remembered);
     Repaint();

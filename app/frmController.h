@@ -3,8 +3,10 @@
 #include <memory>
 #include <string>
 
+#include "app/Notices.h"
 #include "app/Ports.h"
 #include "app/Product.h"
+#include "app/UnlockedPorts.h"
 #include "app/modGlobals.h"
 #include "controls/Commands.h"
 #include "controls/Form.h"
@@ -19,6 +21,8 @@
 #include "quotes/UpdateQuotes.h"
 
 namespace clb {
+
+class OtherPrograms;
 
 /// Heights and widths in pixels that the window's layout starts from. A window with real controls
 /// sets them from their fonts before it is loaded; resizing keeps them.
@@ -67,6 +71,10 @@ public:
     /// view, one on the selected node shows it again. The tree gets the focus; false when the
     /// control that had it kept it, and when saving the grid's row took the node away.
     bool PressNode(std::int32_t node);
+    /// Runs the node-click steps for the tree's selected node: its view is shown.
+    void ShowSelected();
+    /// What other programs write to the same book, shown and agreed on.
+    OtherPrograms& Others() { return *others_; }
     /// Runs the grid's check and, when it agrees, unloads.
     bool Close();
 
@@ -101,6 +109,10 @@ public:
     /// Raised when the window is being unloaded.
     sigc::signal<void()>& Unloading() { return unloading_; }
 
+private:
+    UnlockedPorts unlocked_;
+
+public:
     // The controls, under their own names.
     Form window;
     MenuBar menus;
@@ -116,6 +128,8 @@ public:
     StatusBar statusBar;
     /// What a long command has done so far.
     WorkProgress progress;
+    /// What the status bar's second panel shows while no long command runs.
+    Notices notices;
 
 private:
     void BuildMenus();
@@ -126,9 +140,8 @@ private:
     void NodeClicked(std::int32_t node);
     void ShowStored() noexcept;
     void ReloadWindow();
-    /// The node that stands for what one of an earlier tree stood for, at its place before; 0 when
-    /// it is gone.
-    std::int32_t NodeLike(const TreeNode& sought, std::int32_t place) const;
+    void ReleaseLock();
+    bool KeepsAccount(const std::string& accountID);
     void ShowImportedAccount();
     void OpenGlobals();
     void ShowPresentMonth();
@@ -159,13 +172,14 @@ private:
     void OpenBankLink();
     GridPage PrintedPage();
 
-    Ports ports_;
+    Ports ports_;  ///< those of unlocked_
     WindowMetrics metrics_;
     std::int32_t width_ = 0;
     std::int32_t height_ = 0;
     bool loaded_ = false;
     bool stale_ = false;  ///< the window shows what an error in writing took back
     modGlobals globals_;
+    std::unique_ptr<OtherPrograms> others_;
     std::unique_ptr<modImport> import_;
     std::unique_ptr<modExport> export_;
     sigc::signal<void()> opened_;

@@ -6,6 +6,7 @@
 #include "app/frmOptions.h"
 #include "app/frmSplit.h"
 #include "base/Numeric.h"
+#include "base/RuntimeError.h"
 
 namespace clb {
 
@@ -166,6 +167,11 @@ void frmController::SplitCommand()
     // A row that is refused stays in edit and is not split.
     if (!Grid.Update())
         return;
+    Data().Lock();
+    if (ToMoney(Grid.ColumnValue(3)) != first + second)
+        throw RuntimeError(errors::InvalidCall,
+                           "Another program has changed the amount of this transaction meanwhile. "
+                           "Nothing was split. Please repeat the command.");
     Data().SplitTransaction(ToLong(Grid.ColumnValue(11)), ToLong(Grid.ColumnValue(12)), first,
                             second);
     Grid.Refetch();

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "app/OtherPrograms.h"
 #include "app/frmController.h"
 
 namespace clb {
@@ -64,6 +65,11 @@ void frmController::WireGrid()
 
 void frmController::CheckRow(bool& cancel)
 {
+    if (!others_->AgreeOnRow()) {
+        refusedColumn_ = Grid.Component().Col();
+        cancel = true;
+        return;
+    }
     std::string message;
     if (!Data().ValidRow(refusedColumn_, message)) {
         ports_.messages.Show(message, box_style::Critical, Title);

@@ -46,7 +46,8 @@ void frmOptions::Load()
 {
     clsIni ini;
     ini.INIFile(settings_);
-    txtBankUrl.Text(ini.GetString(kSection, kBankUrl));
+    loadedUrl_ = ini.GetString(kSection, kBankUrl);
+    txtBankUrl.Text(loadedUrl_);
     // Investments and loans never take part in the budget.
     Recordset accounts;
     database_.Fill(accounts,
@@ -55,20 +56,47 @@ void frmOptions::Load()
                    true);
     for (; !accounts.AtEnd(); accounts.MoveNext())
         grdAccounts.Add({accounts.Get(0), accounts.Get(1), accounts.Get(2)});
+    for (const auto& row : grdAccounts.Rows())
+        loaded_.push_back(row[0]);
 }
 
 void frmOptions::Store()
 {
-    clsIni ini;
-    ini.INIFile(settings_);
-    ini.WriteString(kSection, kBankUrl, txtBankUrl.Text());
-    for (const auto& row : grdAccounts.Rows()) {
-        const std::string include = row[0] == Value{true} ? "TRUE" : "FALSE";
+    StoreBankUrl();
+    database_.Lock();
+    for (std::size_t at = 0; at < grdAccounts.Rows().size(); ++at) {
+        const auto& row = grdAccounts.Rows()[at];
+        const std::string include = Include(at) ? "TRUE" : "FALSE";
         // Only rows whose flag really changes are touched.
         database_.Execute("UPDATE Account SET BudgetInclude = " + include + " WHERE AccountID = '" +
                           clsDatabase::ToSqlString(ToText(row[2])) +
                           "' AND NOT BudgetInclude = " + include);
     }
+}
+
+/// What the user left alone stays as another program may have set it meanwhile.
+void frmOptions::StoreBankUrl()
+{
+    clsIni ini;
+    ini.INIFile(settings_);
+    const bool typed = txtBankUrl.Text() != loadedUrl_;
+    ini.WriteString(kSection, kBankUrl,
+                    typed ? txtBankUrl.Text() : ini.GetString(kSection, kBankUrl));
+}
+
+/// The flag that the row's account is to have.
+bool frmOptions::Include(std::size_t row)
+{
+    const Value& wanted = grdAccounts.Rows()[row][0];
+    if (wanted != loaded_[row])
+        return wanted == Value{true};
+    const Connection::Untraced untraced(database_.Database());
+    Recordset stored;
+    database_.Fill(stored,
+                   "SELECT BudgetInclude FROM Account WHERE AccountID = '" +
+                       clsDatabase::ToSqlString(ToText(grdAccounts.Rows()[row][2])) + "'",
+                   true);
+    return (stored.Empty() ? wanted : stored.Get(0)) == Value{true};
 }
 
 }  // namespace clb

@@ -1,5 +1,7 @@
 #pragma once
+#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "controls/CheckList.h"
 #include "controls/Form.h"
@@ -22,10 +24,14 @@ public:
 private:
     void Load();
     void Store();
+    void StoreBankUrl();
+    bool Include(std::size_t row);
 
     clsDatabase& database_;
     IModalHost& host_;
     std::string settings_;
+    std::string loadedUrl_;
+    std::vector<Value> loaded_;  ///< the flags as they were listed
     Form form_;
     Label lblBankUrl;
     TextBox txtBankUrl;

@@ -1,8 +1,10 @@
 #include "automation/Recorder.h"
 
+#include "app/OtherPrograms.h"
+
 namespace clb {
 
-Recorder::Recorder(frmController& controller, EventLog& log) : log_(log)
+Recorder::Recorder(frmController& controller, EventLog& log) : controller_(controller), log_(log)
 {
     FollowWindow(controller);
     FollowEdits(controller.Grid);
@@ -22,21 +24,21 @@ void Recorder::FollowWindow(frmController& controller)
     connections_.push_back(
         controller.statusBar.PanelChanged().connect([this, &controller](std::size_t panel) {
             if (panel == 1)
-                log_.Add({{"event", "status"}, {"text", controller.statusBar.Panel(1)}});
+                Log({{"event", "status"}, {"text", controller.statusBar.Panel(1)}});
         }));
     connections_.push_back(controller.window.EnabledChanged().connect([this, &controller] {
-        log_.Add({{"event", "enabled"}, {"value", controller.window.Enabled()}});
+        Log({{"event", "enabled"}, {"value", controller.window.Enabled()}});
     }));
     connections_.push_back(
         controller.Grid.Component().RedrawChanged().connect([this](bool painting) {
-            log_.Add({{"event", "redraw"}, {"value", painting}});
+            Log({{"event", "redraw"}, {"value", painting}});
         }));
 }
 
 void Recorder::FollowView(clsView& view)
 {
-    connections_.push_back(view.Refreshed().connect([this] { log_.Add({{"event", "refresh"}}); }));
-    connections_.push_back(view.TreeBuilt().connect([this] { log_.Add({{"event", "tree"}}); }));
+    connections_.push_back(view.Refreshed().connect([this] { Log({{"event", "refresh"}}); }));
+    connections_.push_back(view.TreeBuilt().connect([this] { Log({{"event", "tree"}}); }));
 }
 
 void Recorder::FollowEdits(CVGrid& grid)
@@ -79,9 +81,15 @@ void Recorder::FollowFetches(CVGrid& grid)
         }));
 }
 
+void Recorder::Log(Json event)
+{
+    if (!controller_.Others().Following())
+        log_.Add(std::move(event));
+}
+
 void Recorder::LogGrid(const char* name, Json arguments)
 {
-    log_.Add({{"event", "grid"}, {"name", name}, {"args", std::move(arguments)}});
+    Log({{"event", "grid"}, {"name", name}, {"args", std::move(arguments)}});
 }
 
 }  // namespace clb

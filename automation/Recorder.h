@@ -22,8 +22,11 @@ private:
     void FollowView(clsView& view);
     void FollowEdits(CVGrid& grid);
     void FollowFetches(CVGrid& grid);
+    /// Logs the event unless it comes from showing what another program has written.
+    void Log(Json event);
     void LogGrid(const char* name, Json arguments);
 
+    frmController& controller_;
     EventLog& log_;
     std::vector<sigc::connection> connections_;
 };

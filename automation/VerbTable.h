@@ -11,6 +11,7 @@ namespace clb {
 struct Verb {
     Json (*perform)(Session&, const Request&);
     bool users = false;
+    bool onCurrentRow = false;  ///< a user's verb that works on the grid's current row
 };
 using VerbTable = std::map<std::string_view, Verb>;
 

@@ -1,3 +1,4 @@
+#include "app/OtherPrograms.h"
 #include "automation/VerbTable.h"
 
 namespace clb {
@@ -20,6 +21,10 @@ Json PerformVerb(Session& session, const Request& request)
     const Verb& verb = FindVerb(request.Text("do"));
     if (verb.users && !session.controller.window.Enabled())
         throw RequestError("The main window is disabled");
+    OtherPrograms& others = session.controller.Others();
+    // What the window shows is read again before a person's next command.
+    if (verb.users && !others.Follow() && verb.onCurrentRow)
+        throw RequestError("Another program has deleted the current row");
     return verb.perform(session, request);
 }
 

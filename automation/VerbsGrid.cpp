@@ -1,3 +1,4 @@
+#include "app/OtherPrograms.h"
 #include "automation/StateReport.h"
 #include "automation/VerbTable.h"
 
@@ -9,8 +10,9 @@ struct Cell {
     std::int32_t column = 0;
 };
 
-std::size_t ReadRow(const GridRows& rows, const Request& request)
+std::size_t ReadRow(CVGrid& grid, const Request& request)
 {
+    const GridRows& rows = grid.Rows();
     const Json& row = request.At("row");
     if (row == "new") {
         if (rows.NewRow() == 0)
@@ -18,14 +20,18 @@ std::size_t ReadRow(const GridRows& rows, const Request& request)
         return rows.NewRow();
     }
     const std::int32_t number = request.Long("row");
-    if (number < 1 || static_cast<std::size_t>(number) > rows.Count())
+    const std::size_t now =
+        number < 1 ? 0 : grid.Component().RowNow(static_cast<std::size_t>(number));
+    if (number >= 1 && now == 0)
+        throw RequestError("Another program has deleted row " + std::to_string(number));
+    if (now == 0 || now > rows.Count())
         throw RequestError("No such row: " + std::to_string(number));
-    return static_cast<std::size_t>(number);
+    return now;
 }
 
 Cell ReadCell(CVGrid& grid, const Request& request)
 {
-    const Cell cell{ReadRow(grid.Rows(), request), request.Long("col")};
+    const Cell cell{ReadRow(grid, request), request.Long("col")};
     if (cell.column < 1 || cell.column > grid.Columns().Count())
         throw RequestError("No such column: " + std::to_string(cell.column));
     return cell;
@@ -97,6 +103,7 @@ Json Tip(Session& session, const Request& request)
 
 Json State(Session& session, const Request&)
 {
+    session.controller.Others().RowNumbersTold();
     return DescribeGrid(session.controller.Grid);
 }
 

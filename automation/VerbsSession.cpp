@@ -1,3 +1,4 @@
+#include "app/OtherPrograms.h"
 #include "automation/CallOperations.h"
 #include "automation/StateReport.h"
 #include "automation/Statements.h"
@@ -13,6 +14,7 @@ Json Window(Session& session, const Request&)
 
 Json TreeNodes(Session& session, const Request&)
 {
+    session.controller.Others().NodeNumbersTold();
     return DescribeTree(session.controller.TreeView);
 }
 

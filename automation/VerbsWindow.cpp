@@ -1,3 +1,4 @@
+#include "app/OtherPrograms.h"
 #include "automation/StateReport.h"
 #include "automation/VerbTable.h"
 
@@ -15,8 +16,9 @@ std::int32_t NodeWithText(const Tree& tree, const std::string& text)
 Json Click(Session& session, const Request& request)
 {
     const Tree& tree = session.controller.TreeView;
-    const std::int32_t node =
-        request.Has("index") ? request.Long("index") : NodeWithText(tree, request.Text("text"));
+    const std::int32_t node = request.Has("index")
+                                  ? session.controller.Others().NodeNow(request.Long("index"))
+                                  : NodeWithText(tree, request.Text("text"));
     if (node < 1 || node > tree.Count())
         throw RequestError("No such node: " + std::to_string(node));
     return {{"clicked", session.controller.PressNode(node)}};
@@ -132,8 +134,12 @@ Json Quit(Session& session, const Request&)
 const VerbTable& WindowVerbs()
 {
     static const VerbTable verbs = {
-        {"click", {Click, true}},    {"focus", {Focus, true}},          {"set", {Set, true}},
-        {"menu", {PressMenu, true}}, {"toolbar", {PressToolbar, true}}, {"resize", {Resize, false}},
+        {"click", {Click, true}},
+        {"focus", {Focus, true}},
+        {"set", {Set, true}},
+        {"menu", {PressMenu, true, true}},
+        {"toolbar", {PressToolbar, true, true}},
+        {"resize", {Resize, false}},
         {"quit", {Quit, false}},
     };
     return verbs;

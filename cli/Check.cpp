@@ -68,6 +68,13 @@ void Print(const DatabaseReport& report, const CheckOptions& options, std::int32
         std::cout << "Everything is in order\n";
 }
 
+/// A daily backup that fails is made by a window that nobody may have open now.
+void FindBackup(DatabaseReport& report, const std::string& folder)
+{
+    if (const auto failure = Backups(folder).Failure())
+        report.findings.push_back({"backup", "", failure->Text(), 0});
+}
+
 int RunCheck(const CheckOptions& options)
 {
     const std::string folder = OpenFolder(options.home);
@@ -78,6 +85,7 @@ int RunCheck(const CheckOptions& options)
         repaired = RepairBalances(folder);
         report = CheckDatabase(folder);
     }
+    FindBackup(report, folder);
     if (options.json)
         PrintJson(report, options, repaired);
     else

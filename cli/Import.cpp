@@ -12,6 +12,7 @@
 #include "import/StatementFile.h"
 
 #include <filesystem>
+#include <functional>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -44,7 +45,9 @@ struct Answer {
 /// not fit, the dialog is cancelled.
 class AccountChoice : public IModalHost {
 public:
-    void Give(Answer answer) { answer_ = std::move(answer); }
+    /// answer is asked when the dialog opens, with the book locked: what it finds in the book
+    /// stays.
+    void Give(std::function<Answer()> answer) { ask_ = std::move(answer); }
     const Answer& Given() const { return answer_; }
     bool Asked() const { return asked_; }
     /// The account was asked for and none was given.
@@ -53,6 +56,7 @@ public:
     void Run(Form& form) override
     {
         asked_ = true;
+        answer_ = ask_();
         for (const FormStep& step : Steps())
             if (!PerformStep(form, step))
                 break;
@@ -83,6 +87,7 @@ private:
         }
     }
 
+    std::function<Answer()> ask_;
     Answer answer_;
     bool asked_ = false;
     bool missing_ = false;
@@ -210,7 +215,10 @@ void ImportRun::Load(const std::string& file, const std::string& path, ImportedF
 {
     AccountChoice choice;
     Program program(folder_, choice);
-    choice.Give(AnswerFor(file, program.Window().Data()));
+    choice.Give([&] {
+        program.Window().Data().Lock();
+        return AnswerFor(file, program.Window().Data());
+    });
     const std::map<std::string, DateText::Order> orders = {{"mdy", DateText::Order::MonthDayYear},
                                                            {"dmy", DateText::Order::DayMonthYear},
                                                            {"ymd", DateText::Order::YearMonthDay}};

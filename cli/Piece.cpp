@@ -58,6 +58,7 @@ void AddPiece(Command& command, PieceOptions& options)
 Piece ShowPiece(Program& program, const PieceOptions& options)
 {
     frmController& window = program.Window();
+    window.Data().Lock();
     const Recordset found = Find(window.Data(), options);
     const Piece piece{options.number,
                       ToLong(found.Get("SubSequence")),

@@ -14,7 +14,8 @@ Program::Program(const std::string& folder, IModalHost& forms)
                    http_, ""},
                   WindowMetrics())
 {
-    Backups(folder).BeforeUpgrade(clock_.Now());
+    if (const auto failure = Backups(folder).BeforeUpgrade(clock_.Now()))
+        std::cerr << *failure << '\n';
     controller_.Load();
 }
 

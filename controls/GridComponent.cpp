@@ -42,11 +42,13 @@ void GridComponent::DataSource(Recordset* records)
 void GridComponent::Bind(IGridSource* source)
 {
     source_ = source;
+    NumbersTold();
     columns_.Clear();
     groups_.clear();
     // No current row until its cells are those of the new columns.
     row_ = 0;
     cells_.clear();
+    stored_.clear();
     changed_.clear();
     editing_ = false;
     dirty_ = false;
@@ -83,6 +85,7 @@ void GridComponent::RefetchRows()
     if (!source_)
         return;
     source_->Requery();
+    NumbersTold();
     rows_.Rebuild();
     StandOnFirst();
 }
@@ -99,6 +102,7 @@ bool GridComponent::Fold(std::size_t row, bool folded)
     if (row == 0)
         return true;
     const std::size_t before = rows_.Count();
+    NumbersTold();
     rows_.Fold(row, folded);
     const bool above = row_ <= row;
     if (folded && !above) {
@@ -144,6 +148,7 @@ void GridComponent::LoadRow()
     const auto count = static_cast<std::size_t>(columns_.Count());
     changed_.assign(count, false);
     dirty_ = false;
+    stored_.assign(count, Null{});
     cells_.assign(count, Null{});
     key_ = Null{};
     identity_ = 0;
@@ -153,6 +158,7 @@ void GridComponent::LoadRow()
     identity_ = rows_.Identity(row_);
     for (std::int32_t column = 1; column <= columns_.Count(); ++column)
         cells_[static_cast<std::size_t>(column - 1)] = rows_.Stored(row_, column);
+    stored_ = cells_;
 }
 
 void GridComponent::Col(std::int32_t column)
@@ -238,6 +244,7 @@ void GridComponent::Freshen()
         return;
     const Spot spot = CurrentSpot();
     editing_ = false;
+    NumbersTold();
     rows_.Rebuild();
     row_ = Find(spot);
     LoadRow();

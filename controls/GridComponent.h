@@ -46,6 +46,32 @@ public:
     void LayoutChanged() { Touch(); }
     /// Reads the source again (Requery) and stands on the first row.
     void RefetchRows();
+    /// Reads the rows again because another program has written them. The current cell stays on its
+    /// row, folded groups stay folded, and no event is raised. Does nothing while the current row
+    /// has unsaved changes or a cell is in edit: Dirty and Editing then still answer so.
+    void ReadRowsAnew();
+    /// The number that a row has now, if it had this number when the numbers were last told:
+    /// ReadRowsAnew may have moved it since. 0 if the row is gone.
+    std::size_t RowNow(std::size_t row) const;
+    /// Says that whoever names rows by number knows the present numbers.
+    void NumbersTold() { places_.clear(); }
+
+    /// What another program has done to the current row since it became current or was last reread.
+    struct Meanwhile {
+        bool gone = false;
+        std::vector<std::int32_t>
+            columns;  ///< updatable columns whose stored value is another one now
+    };
+    /// Reads the stored values of the current row again. Cells that were not typed into follow
+    /// them; the others keep what was typed. Other rows than data are never changed.
+    Meanwhile RereadRow();
+    /// Whether the cell of the current row holds a value that is not saved yet.
+    bool Typed(std::int32_t column) const { return changed_.at(Index(column)); }
+    /// What is stored in the cell of the current row, as far as it was read.
+    const Value& StoredValue(std::int32_t column) const { return stored_.at(Index(column)); }
+    /// Gives up what was typed into the cell: it holds the stored value again.
+    void TakeStored(std::int32_t column);
+
     /// Folds the group of a heading row, or opens it. A changed row is saved first; false when that
     /// was refused. A current row that is folded away gives its place to the heading.
     bool Fold(std::size_t row, bool folded);
@@ -178,6 +204,7 @@ public:
 
 private:
     void LoadRow();
+    static std::size_t Index(std::int32_t column) { return static_cast<std::size_t>(column - 1); }
     /// Takes the rows anew when the result set was read again behind the grid's back.
     void Freshen();
     Spot SpotOf(std::size_t row, std::int32_t column) const;
@@ -209,6 +236,8 @@ private:
     std::int32_t col_ = 1;
     std::vector<Value> cells_;   // the current row as it would be saved
     std::vector<bool> changed_;  // which of its cells differ from what is stored
+    std::vector<Value> stored_;  // the current row as it was read
+    std::vector<Spot> places_;   // the rows when their numbers were told; empty: as now
     std::string editText_;
     bool editTouched_ = false;
     bool marked_ = false;

@@ -186,6 +186,8 @@ void GridComponent::SaveRow()
             changes.emplace_back(at, cells_[at]);
     const std::size_t record =
         source_->Save(added ? source_->Count() : rows_.Record(row_), changes);
+    if (added || !groups_.empty())
+        NumbersTold();
     rows_.Rebuild();
     row_ = rows_.Reveal(record);
     LoadRow();
@@ -203,6 +205,7 @@ bool GridComponent::Delete()
     if (cancel)
         return false;
     source_->Delete(rows_.Record(row_));
+    NumbersTold();
     rows_.Rebuild();
     const std::size_t row = std::min(row_, rows_.Count());
     StandOn(row, col_);

@@ -1,6 +1,7 @@
 #include "controls/GridSource.h"
 
 #include "base/RuntimeError.h"
+#include "engine/EngineError.h"
 
 namespace clb {
 
@@ -20,6 +21,18 @@ std::size_t RecordsetSource::Save(std::size_t row, const std::vector<Change>& ch
         throw;
     }
     return records_.Position();
+}
+
+bool RecordsetSource::Reread(std::size_t row)
+{
+    try {
+        records_.Reread(row);
+        return true;
+    } catch (const EngineError& error) {
+        if (error.Number() != engine_errors::RowVanished)
+            throw;
+        return false;
+    }
 }
 
 void RecordsetSource::Delete(std::size_t row)

@@ -29,6 +29,8 @@ public:
     virtual std::uint64_t Generation() const = 0;
     /// Reads the rows again.
     virtual void Requery() = 0;
+    /// Reads the stored values of a row again. False when the row is gone.
+    virtual bool Reread(std::size_t row) = 0;
     /// Writes the changed fields of a row; Count() for the row adds one. Returns the row's number.
     /// After an error nothing of it is written.
     virtual std::size_t Save(std::size_t row, const std::vector<Change>& changes) = 0;
@@ -50,6 +52,7 @@ public:
     std::size_t Identity(std::size_t row) const override { return records_.Identity(row); }
     std::uint64_t Generation() const override { return records_.Generation(); }
     void Requery() override { records_.Requery(); }
+    bool Reread(std::size_t row) override;
     std::size_t Save(std::size_t row, const std::vector<Change>& changes) override;
     void Delete(std::size_t row) override;
 
@@ -80,6 +83,7 @@ public:
     std::size_t Identity(std::size_t row) const override;
     std::uint64_t Generation() const override { return generation_; }
     void Requery() override {}
+    bool Reread(std::size_t row) override { return row < rows_.size(); }
     std::size_t Save(std::size_t row, const std::vector<Change>& changes) override;
     void Delete(std::size_t row) override;
 

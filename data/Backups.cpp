@@ -1,20 +1,19 @@
 #include "data/Backups.h"
 
-#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
-#include <charconv>
 #include <cstring>
 #include <filesystem>
 #include <new>
-#include <set>
 
+#include "base/Text.h"
 #include "data/SchemaVersion.h"
+#include "data/WholeBook.h"
 #include "engine/Backup.h"
 #include "engine/Connection.h"
+#include "engine/ConnectionString.h"
 #include "engine/EngineError.h"
 
 namespace clb {
@@ -22,11 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kDaysKept = 10;
-constexpr std::size_t kDayLength = std::char_traits<char>::length("2026-11-21");
-constexpr std::string_view kFront = "clb-";
-constexpr std::string_view kBehind = ".mdb";
-constexpr std::string_view kUnfinished = ".new-";  // and the number of the process
+constexpr const char* kBeforeRestore = "-before-restore";
 
 std::string DayOf(const Date& moment)
 {
@@ -41,11 +36,6 @@ std::string TimeOf(const Date& moment)
     return time;
 }
 
-bool IsDay(const std::string& name)
-{
-    return name.size() == kDayLength && Date::FromIso(name);
-}
-
 EngineError NoCopy(const std::string& path, const std::string& what, FileTrouble trouble)
 {
     return {engine_errors::Unavailable, "The file '" + path + "' " + what, trouble};
@@ -54,57 +44,83 @@ EngineError NoCopy(const std::string& path, const std::string& what, FileTrouble
 /// For the user alone, unless it is there.
 void MakeOwnFolder(const std::string& folder)
 {
-    if (mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST)
+    if (mkdir(folder.c_str(), 0700) == 0)
+        FlushToDisk(folder);
+    else if (errno != EEXIST)
         throw NoCopy(folder, std::string("cannot be made: ") + std::strerror(errno) + ".",
                      FileTrouble::FolderReadOnly);
+}
+
+/// The first fault without the storage's heading; the first row may hold many lines.
+std::string FirstOf(const std::vector<std::string>& faults)
+{
+    std::vector<std::string> lines = Split(faults.front(), '\n');
+    std::erase_if(lines, [](const std::string& line) { return line.starts_with("***"); });
+    return lines.empty() ? faults.front() : lines.front();
 }
 
 /// A copy under another name, which goes again unless it gets its own.
 class UnfinishedCopy {
 public:
-    /// Throws when the source is damaged, too.
+    /// Throws when the source is damaged, too; FileTrouble::Damaged is about the source alone.
     UnfinishedCopy(const std::string& from, const std::string& to)
-        : UnfinishedCopy(to + std::string(kUnfinished) + std::to_string(getpid()))
+        : UnfinishedCopy(BackupFolder::UnfinishedName(to))
     {
-        CopyDatabase(from, path_);
-        const auto faults = FaultsOf(path_);
-        if (!faults.empty())
-            throw NoCopy(from, "is damaged: " + faults.front() + ".", FileTrouble::Damaged);
+        Copy(from, to);
+        if (FaultsOf(path_).empty())
+            return;
+        const auto faults = FaultsOf(from);
+        if (faults.empty())
+            throw NoCopy(to, "cannot be written: the disk keeps other data than it is given.",
+                         FileTrouble::Unreadable);
+        throw NoCopy(from, "is damaged: " + FirstOf(faults) + ".", FileTrouble::Damaged);
     }
     ~UnfinishedCopy() { unlink(path_.c_str()); }
     UnfinishedCopy(const UnfinishedCopy&) = delete;
     UnfinishedCopy& operator=(const UnfinishedCopy&) = delete;
 
     const std::string& Path() const { return path_; }
-    void Rename(const std::string& to) const
-    {
-        if (rename(path_.c_str(), to.c_str()) != 0)
-            throw NoCopy(to, std::string("cannot be written: ") + std::strerror(errno) + ".",
-                         FileTrouble::ReadOnly);
-    }
+    void Name(const std::string& to) const { NameFinished(path_, to); }
 
 private:
     // From here on the destructor runs whatever the copying throws.
     explicit UnfinishedCopy(std::string path) : path_(std::move(path)) { unlink(path_.c_str()); }
 
+    /// The user knows the file by its own name only.
+    void Copy(const std::string& from, const std::string& to) const
+    {
+        try {
+            CopyDatabase(from, path_);
+        } catch (const EngineError& error) {
+            throw EngineError(error.Number(), Replace(error.what(), path_, to), error.Trouble());
+        }
+    }
+
     std::string path_;
 };
 
-bool HasTable(Connection& connection, const std::string& table)
+/// Refuses early what the storage would only call damaged.
+void RequireDatabase(const std::string& file)
 {
-    try {
-        connection.Execute("SELECT * FROM " + table + " WHERE false");
-        return true;
-    } catch (const EngineError& error) {
-        if (error.Number() == engine_errors::NoSuchTable)
-            return false;
-        throw;
-    }
+    std::error_code none;
+    const char* what = nullptr;
+    if (fs::is_directory(file, none))
+        what = "is a folder, not a backup.";
+    else if (fs::is_regular_file(file, none) && fs::file_size(file, none) == 0)
+        what = "is empty: it is not a backup.";
+    else if (fs::is_regular_file(file, none) && !HasDatabaseHeader(file))
+        what = "is not a backup: it is not a database.";
+    if (what)
+        throw NoCopy(file, what, FileTrouble::None);
 }
 
-bool HasOurTables(Connection& connection)
+void RequireBook(const std::string& file, const std::string& name)
 {
-    return HasTable(connection, "Account") && HasTable(connection, "Loan");
+    Connection connection;
+    connection.Open("Data Source=" + file);
+    const std::string missing = MissingFrom(connection);
+    if (!missing.empty())
+        throw NoCopy(name, "is not a backup of this program: " + missing + ".", FileTrouble::None);
 }
 
 }  // namespace
@@ -114,84 +130,106 @@ Backups::Backups(const std::string& programFolder)
 {
 }
 
-std::string Backups::PathOf(const std::string& name) const
-{
-    return folder_ + "/" + std::string(kFront) + name + std::string(kBehind);
-}
-
 bool Backups::HasDay(const Date& day) const
 {
-    return fs::exists(PathOf(DayOf(day)));
+    return folder_.IsConfirmed(DayOf(day));
 }
 
-void Backups::MakeFolder() const
+bool Backups::IsSound(const std::string& name) const
 {
-    MakeOwnFolder(folder_);
-}
-
-std::vector<std::string> Backups::Names() const
-{
-    std::vector<std::string> names;
-    std::error_code none;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder_, none)) {
-        const std::string file = entry.path().filename().string();
-        if (file.size() < kFront.size() + kDayLength + kBehind.size() ||
-            !file.starts_with(kFront) || !file.ends_with(kBehind))
-            continue;
-        const std::string name =
-            file.substr(kFront.size(), file.size() - kFront.size() - kBehind.size());
-        if (IsDay(name.substr(0, kDayLength)))
-            names.push_back(name);
+    try {
+        return LooksWhole(PathOf(name)) && FaultsOf(PathOf(name)).empty();
+    } catch (const EngineError&) {
+        return false;
     }
-    std::sort(names.begin(), names.end());
-    return names;
 }
 
-std::string Backups::FreeName(const std::string& name) const
+void Backups::Take(const std::string& name) const
 {
-    std::string free = name;
-    for (int number = 2; fs::exists(PathOf(free)); ++number)
-        free = name + "-" + std::to_string(number);
-    return free;
+    UnfinishedCopy(database_, PathOf(name)).Name(PathOf(name));
+    folder_.Add(name);
+    folder_.Failure(std::nullopt);
 }
 
-void Backups::Daily(const Date& now)
+std::optional<BackupFailure> Backups::Daily(const Date& now)
 {
+    std::optional<BackupFailure> failure;
+    try {
+        MakeDaily(now);
+    } catch (const EngineError& error) {
+        failure = {error.Trouble() == FileTrouble::Damaged, LastGood(), error.what()};
+    } catch (const std::exception& error) {
+        failure = {false, LastGood(), error.what()};
+    }
+    folder_.Failure(failure);
+    return failure;
+}
+
+void Backups::MakeDaily(const Date& now)
+{
+    const std::string name = DayOf(now);
+    folder_.Make();
+    const BackupFolder::Turn turn(folder_);
     if (HasDay(now))
         return;
-    MakeFolder();
-    DropUnfinished();
-    const std::string path = PathOf(DayOf(now));
-    UnfinishedCopy(database_, path).Rename(path);
-    DropOld();
+    folder_.DropUnfinished();
+    if (IsSound(name))
+        return folder_.Confirm(name);
+    folder_.PutAside(name);
+    try {
+        Take(name);
+    } catch (const EngineError&) {
+        // Where programs cannot wait for each other, another one may have been quicker.
+        if (!IsSound(name))
+            throw;
+    }
+    folder_.DropOld();
 }
 
 std::string Backups::Make(const Date& now)
 {
-    MakeFolder();
-    const std::string day = DayOf(now);
-    const std::string path = PathOf(HasDay(now) ? FreeName(day + "-" + TimeOf(now)) : day);
-    UnfinishedCopy(database_, path).Rename(path);
-    return path;
+    std::string name = DayOf(now);
+    folder_.Make();
+    const BackupFolder::Turn turn(folder_);
+    if (HasDay(now) || IsSound(name))
+        name = folder_.FreeName(name + "-" + TimeOf(now));
+    folder_.PutAside(name);
+    Take(name);
+    return PathOf(name);
 }
 
-void Backups::BeforeUpgrade(const Date& now)
+std::string Backups::Before(const std::string& what, const Date& now)
+{
+    folder_.Make();
+    const BackupFolder::Turn turn(folder_);
+    const std::string name = folder_.FreeName(DayOf(now) + "-before-" + what);
+    Take(name);
+    return PathOf(name);
+}
+
+std::optional<std::string> Backups::BeforeUpgrade(const Date& now)
 {
     try {
-        const std::string path = PathOf(DayOf(now) + "-before-upgrade");
         Connection connection;
         connection.Open("Data Source=" + database_);
         const std::int16_t version = SchemaVersionOf(connection).value_or(0);
-        if (version < 0 || version >= kSchemaVersion || !HasOurTables(connection) ||
-            fs::exists(path))
-            return;
-        connection = Connection();
-        MakeFolder();
-        UnfinishedCopy(database_, path).Rename(path);
+        if (version < 0 || version >= kSchemaVersion ||
+            fs::exists(PathOf(DayOf(now) + "-before-upgrade")))
+            return std::nullopt;
     } catch (const std::bad_alloc&) {
-        throw;  // another try may well make it
+        throw;
     } catch (const std::exception&) {
-        // Opening the database itself tells what is the matter with it.
+        // Opening the database itself reports what is the matter with it.
+        return std::nullopt;
+    }
+    try {
+        Before("upgrade", now);
+        return std::nullopt;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& error) {
+        return "No backup was made before the data was brought up to date. " +
+               std::string(error.what());
     }
 }
 
@@ -199,59 +237,48 @@ void Backups::CopyTo(const std::string& file) const
 {
     if (fs::exists(fs::symlink_status(file)))
         throw EngineError(errors::FileAlreadyExists, "File already exists: " + file);
-    UnfinishedCopy(database_, file).Rename(file);
+    UnfinishedCopy(database_, file).Name(file);
+}
+
+std::optional<BackupFailure> Backups::Failure() const
+{
+    if (auto kept = KeptFailure())
+        return kept;
+    std::error_code none;
+    const std::uintmax_t size = fs::file_size(database_, none);
+    const std::string obstacle = folder_.Obstacle(none ? 0 : size);
+    if (obstacle.empty())
+        return std::nullopt;
+    return BackupFailure{false, LastGood(), obstacle};
+}
+
+std::string Backups::LastGood() const
+{
+    const std::vector<std::string> names = Names();
+    for (auto name = names.rbegin(); name != names.rend(); ++name)
+        if (name->find(kBeforeRestore) == std::string::npos && IsSound(*name))
+            return *name;
+    return {};
 }
 
 std::optional<std::string> Backups::Restore(const std::string& file, const Date& now)
 {
+    RequireDatabase(file);
     MakeOwnFolder(fs::path(database_).parent_path().parent_path().string());
     MakeOwnFolder(fs::path(database_).parent_path().string());
     const UnfinishedCopy fresh(file, database_);
-    {
-        Connection connection;
-        connection.Open("Data Source=" + fresh.Path());
-        if (!HasOurTables(connection))
-            throw NoCopy(file, "is no copy of this program's database.", FileTrouble::None);
-    }
+    RequireBook(fresh.Path(), file);
     const bool replaces = fs::exists(database_);
-    MakeFolder();
-    std::optional kept = PathOf(FreeName(DayOf(now) + "-before-restore"));
-    ReplaceDatabase(database_, fresh.Path(), *kept);
+    folder_.Make();
+    const BackupFolder::Turn turn(folder_);
+    const std::string kept = folder_.FreeName(DayOf(now) + kBeforeRestore);
+    std::optional path = PathOf(kept);
+    ReplaceDatabase(database_, fresh.Path(), *path);
+    folder_.Failure(std::nullopt);
     if (!replaces)
-        kept.reset();
-    return kept;
-}
-
-void Backups::DropOld() const
-{
-    std::vector<std::string> days = Names();
-    std::erase_if(days, [](const std::string& name) { return !IsDay(name); });
-    std::set<std::string> months;
-    for (std::size_t at = 0; at < days.size(); ++at) {
-        const bool firstOfMonth = months.insert(days[at].substr(0, 7)).second;
-        if (!firstOfMonth && at + kDaysKept < days.size())
-            unlink(PathOf(days[at]).c_str());
-    }
-}
-
-/// What programs that were ended in the middle have left.
-void Backups::DropUnfinished() const
-{
-    std::error_code none;
-    std::vector<fs::path> left;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder_, none)) {
-        const std::string file = entry.path().filename().string();
-        const std::size_t at = file.find(kUnfinished);
-        if (!file.starts_with(kFront) || at == std::string::npos)
-            continue;
-        const char* const number = file.c_str() + at + kUnfinished.size();
-        int process = 0;
-        const auto read = std::from_chars(number, file.c_str() + file.size(), process);
-        if (read.ec == std::errc() && process > 0 && kill(process, 0) != 0 && errno == ESRCH)
-            left.push_back(entry.path());
-    }
-    for (const fs::path& path : left)
-        fs::remove(path, none);
+        return std::nullopt;
+    folder_.Add(kept);
+    return path;
 }
 
 }  // namespace clb

@@ -33,6 +33,9 @@ public:
     /// Cell of a column, numbered from 1 in the order of the view's rows. Null: never set.
     virtual Value ColumnValue(std::int32_t column) = 0;
     virtual void ColumnValue(std::int32_t column, const Value& value) = 0;
+    /// Reads the row's stored values again. False when it is gone or another program has changed it
+    /// since it was last read; what was not typed then holds the stored values.
+    virtual bool IsAsStored() { return true; }
 };
 
 }  // namespace clb

@@ -28,6 +28,9 @@ const char* AdviceOn(FileTrouble trouble)
             return "It was left as it is. Keep it, and bring a backup back with \"clb restore\".";
         case FileTrouble::Full:
             return "The file is as it was before. Make room on its disk, then try again.";
+        case FileTrouble::Replaced:
+            return "Nothing more is written to the file that was open. End the program and start "
+                   "it again.";
         case FileTrouble::Unreadable:
             return "See whether you may read the file and whether its disk is in order, then try "
                    "again.";

@@ -1,6 +1,8 @@
 #include "data/clsDatabase.h"
 
-#include "base/Numeric.h"
+#include <limits>
+
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/SchemaVersion.h"
 #include "engine/EngineError.h"
@@ -33,7 +35,12 @@ std::int16_t clsDatabase::ReadSchemaVersion()
 
 void clsDatabase::UpgradeSchema()
 {
-    const std::int16_t version = ReadSchemaVersion();
+    std::int16_t version = SchemaVersionOf(connection_).value_or(0);
+    if (version == 0 || version == 1) {
+        // Another program may be bringing the same file up to date.
+        connection_.Lock();
+        version = ReadSchemaVersion();
+    }
     schemaVersion_ = version;
     if (version == 0)
         connection_.Execute("ALTER TABLE Loan ALTER COLUMN InterestRate Single");
@@ -53,6 +60,36 @@ void clsDatabase::Execute(const std::string& sql)
     connection_.Execute(sql);
 }
 
+void clsDatabase::Lock()
+{
+    if (connection_.Locked())
+        return;
+    connection_.Lock();
+    // Now that nobody else can write, what was written before is known for certain.
+    WritesElsewhere();
+}
+
+std::uint64_t clsDatabase::WritesElsewhere()
+{
+    if (connection_.ChangedElsewhere())
+        ++writesElsewhere_;
+    return writesElsewhere_;
+}
+
+void clsDatabase::RequireShownRow()
+{
+    if (RowsOutdated() && !row_.IsAsStored())
+        throw RuntimeError(errors::InvalidCall,
+                           "Another program has changed or deleted this record meanwhile. Nothing "
+                           "was done. Please look at it again and repeat the command.");
+}
+
+void clsDatabase::RequeryRows()
+{
+    rows_.Requery();
+    RowsRead();
+}
+
 std::string clsDatabase::ToSqlString(std::string_view text)
 {
     return Replace(text, "'", "''");
@@ -69,7 +106,12 @@ std::int32_t clsDatabase::GetNextSequence()
     Recordset records;
     Fill(records, "SELECT MAX( Sequence ) AS NextSequence FROM Trans", true);
     const Value& largest = records.Get(0);
-    return IsNull(largest) ? 1 : NarrowTo<std::int32_t>(std::int64_t{ToLong(largest)} + 1);
+    if (IsNull(largest))
+        return 1;
+    if (ToLong(largest) == std::numeric_limits<std::int32_t>::max())
+        throw RuntimeError(errors::Overflow,
+                           "No number is left for a new transaction: one has the largest already.");
+    return ToLong(largest) + 1;
 }
 
 void clsDatabase::Fill(Recordset& records, const std::string& sql, bool readOnly)
@@ -144,6 +186,7 @@ Recordset& clsDatabase::GetRows()
     const std::string sql = RowsStatement();
     if (rows_.IsOpen())
         rows_.Close();
+    RowsRead();
     rows_.Open(sql, connection_, CursorKind::Keyset, LockKind::Pessimistic);
     return rows_;
 }

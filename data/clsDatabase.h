@@ -15,6 +15,9 @@ namespace clb {
 /// The data store: every query and update the program runs. Owns the only connection, opened for
 /// the whole run, and the one result set that the grid shows.
 ///
+/// Other programs may write to the same file. An operation that writes by what it reads takes the
+/// write lock before its first read; the lock is given up when the connection settles.
+///
 /// Nothing is trapped here: an EngineError reaches the caller with the engine's number and message.
 /// What a row lacks is no error: ValidRow answers it.
 class clsDatabase {
@@ -36,6 +39,7 @@ public:
 
     /// Makes the target month hold the source month's categories, groups and amounts, and "(none)".
     /// Transactions of categories that go become "(none)". An empty source month changes nothing.
+    /// Throws EngineError, with nothing changed, if a category that goes has a single quote in it.
     void CopyBudget(std::int32_t sourceYear, std::int32_t sourcePeriod, std::int32_t targetYear,
                     std::int32_t targetPeriod);
     /// Books one piece of a transaction to the next month (direction 1) or the one before (any
@@ -67,7 +71,8 @@ public:
     static std::string ToSqlString(std::string_view text);
     /// Without blanks in front, at most length characters, without blanks behind.
     static std::string TruncateString(std::string_view text, std::int32_t length);
-    /// Largest transaction number plus one; 1 when there are no transactions.
+    /// Largest transaction number plus one; 1 when there are no transactions. Throws RuntimeError
+    /// (Overflow) when no larger number is left.
     std::int32_t GetNextSequence();
     /// Opens a closed result set on the SELECT.
     void Fill(Recordset& records, const std::string& sql, bool readOnly);
@@ -76,6 +81,18 @@ public:
     /// Whether a row of the table meets the condition.
     bool RowExists(const std::string& table, const std::string& condition);
 
+    /// Takes the write lock for a command that will write, before what it reads; it is kept until
+    /// the connection settles. Waits for another program that is soon done. Throws EngineError when
+    /// that one is not.
+    void Lock();
+    /// A number that grows when another program has written to the file. Never waits for one that
+    /// is writing at the moment.
+    std::uint64_t WritesElsewhere();
+    /// Whether another program has written since the rows of the shown view were read.
+    bool RowsOutdated() { return WritesElsewhere() != rowsReadAt_; }
+    /// Says that the rows of the shown view have just been read again.
+    void RowsRead() { rowsReadAt_ = WritesElsewhere(); }
+
     /// The file's schema version, at least 2 here; a later program's file has a later one.
     std::int16_t SchemaVersion() const { return schemaVersion_; }
 
@@ -83,6 +100,12 @@ public:
     Connection& Database() { return connection_; }
 
 private:
+    /// Throws RuntimeError when another program has changed or deleted the grid's current row since
+    /// it was shown: what the user decided was about another row.
+    void RequireShownRow();
+    /// Throws RuntimeError when older programs have given the number to two transactions.
+    static void RequireOnePiece(const Recordset& pieces, std::int32_t sequence);
+    void RequeryRows();
     std::int16_t ReadSchemaVersion();
     void UpgradeSchema();
 
@@ -98,6 +121,7 @@ private:
     Money Sum(const std::string& sql);
     Money RegisterBalance();
     void AccountTotals(const std::string& condition, Money& first, Money& second);
+    static void RefuseQuotes(Recordset& source, Recordset& target);
     void CopyLines(Recordset& source, Recordset& target, Month to);
     void DropLines(Recordset& source, Recordset& target, Month to);
 
@@ -106,6 +130,8 @@ private:
     Connection connection_;
     std::int16_t schemaVersion_ = 0;
     Recordset rows_;
+    std::uint64_t writesElsewhere_ = 0;
+    std::uint64_t rowsReadAt_ = 0;  ///< WritesElsewhere when the rows of the view were read
 };
 
 }  // namespace clb

@@ -1,6 +1,7 @@
 // The monthly budget, and the month to which a transaction is booked.
 
 #include "data/clsDatabase.h"
+#include "engine/EngineError.h"
 
 namespace clb {
 namespace {
@@ -22,6 +23,7 @@ void clsDatabase::CreateBudgetEntry(const std::string& category, std::int32_t ye
                                     std::int32_t period, const std::string& categoryGroup,
                                     Money amount)
 {
+    Lock();
     Recordset records;
     Fill(records,
          "SELECT Year, Period, Category, CategoryGroup, Amount FROM Budget WHERE Budget.Year = " +
@@ -42,6 +44,7 @@ void clsDatabase::CreateBudgetEntry(const std::string& category, std::int32_t ye
 void clsDatabase::CopyBudget(std::int32_t sourceYear, std::int32_t sourcePeriod,
                              std::int32_t targetYear, std::int32_t targetPeriod)
 {
+    Lock();
     const Month to{targetYear, targetPeriod};
     Recordset source;
     source.Open(BudgetOf({sourceYear, sourcePeriod}), connection_, CursorKind::Keyset,
@@ -50,12 +53,25 @@ void clsDatabase::CopyBudget(std::int32_t sourceYear, std::int32_t sourcePeriod,
     target.Open(BudgetOf(to), connection_, CursorKind::Keyset, LockKind::Pessimistic);
     if (source.Empty())
         return;
+    RefuseQuotes(source, target);
     CopyLines(source, target, to);
     if (!target.AtEnd()) {
         CreateBudgetEntry("(none)", to.year, to.period, "(none)", Money());
         target.MoveFirst();
     }
     DropLines(source, target, to);
+}
+
+/// A category that goes stands in a statement as it is (see DropLines), so a quote in its name is a
+/// syntax error there, or another statement. It is refused before anything is written.
+void clsDatabase::RefuseQuotes(Recordset& source, Recordset& target)
+{
+    for (; !target.AtEnd(); target.MoveNext()) {
+        const std::string category = ToText(target.Get("Category"));
+        if (category.find('\'') != std::string::npos && !CanFind(source, CategoryIs(category)))
+            throw EngineError(engine_errors::Syntax, "Syntax error near ''' in the statement.");
+    }
+    source.MoveFirst();
 }
 
 void clsDatabase::CopyLines(Recordset& source, Recordset& target, Month to)
@@ -81,7 +97,7 @@ void clsDatabase::DropLines(Recordset& source, Recordset& target, Month to)
         if (category == "(none)" || CanFind(source, CategoryIs(category)))
             continue;
         Recordset transactions;
-        // The category stands in this statement as it is, quotes included; settled.
+        // On purpose the category stands in this statement as it is; one with a quote was refused.
         transactions.Open("SELECT Category FROM Trans WHERE Year = " + std::to_string(to.year) +
                               " AND Period = " + std::to_string(to.period) + " AND Category = '" +
                               category + "'",
@@ -96,10 +112,13 @@ void clsDatabase::DropLines(Recordset& source, Recordset& target, Month to)
 
 void clsDatabase::MoveMonth(std::int32_t sequence, std::int32_t subSequence, std::int32_t direction)
 {
+    Lock();
+    RequireShownRow();
     Recordset piece;
     piece.Open("SELECT Year, Period FROM Trans WHERE Trans.Sequence = " + std::to_string(sequence) +
                    " AND Trans.SubSequence = " + std::to_string(subSequence),
                connection_, CursorKind::Keyset, LockKind::Pessimistic);
+    RequireOnePiece(piece, sequence);
     const Month from{ToLong(piece.Get("Year")), ToLong(piece.Get("Period"))};
     const Month to = direction == 1 ? from.Next() : from.Previous();
     CreateBudgetEntry(ToText(row_.ColumnValue(5)), to.year, to.period, "(none)", Money());
@@ -107,7 +126,7 @@ void clsDatabase::MoveMonth(std::int32_t sequence, std::int32_t subSequence, std
     piece.Set("Period", to.period);
     piece.Update();
     piece.Close();
-    rows_.Requery();
+    RequeryRows();
 }
 
 }  // namespace clb

@@ -6,12 +6,14 @@ namespace clb {
 
 bool clsDatabase::DeleteRow(bool gridRow)
 {
+    Lock();
     const std::int32_t view = shown_.View();
     if (!gridRow) {
         if (view == vwAccount || view == vwInvestment || view == vwLoan)
             Execute("DELETE FROM Account WHERE AccountID = '" + ShownAccount() + "'");
         return true;
     }
+    RequireShownRow();
     if (view != vwBudget)
         return true;
     const std::string condition = "Trans.Category = '" + ToSqlString(ToText(row_.ColumnValue(1))) +
@@ -26,6 +28,7 @@ bool clsDatabase::DeleteRow(bool gridRow)
 
 bool clsDatabase::ValidRow(std::int32_t& errorColumn, std::string& errorMessage)
 {
+    Lock();
     switch (shown_.View()) {
         case vwNetWorth: return ValidNetWorthRow(errorColumn, errorMessage);
         case vwBudget: return ValidBudgetRow(errorColumn, errorMessage);
@@ -107,8 +110,11 @@ void clsDatabase::CompleteTransaction()
     }
     if (IsEmpty(row_.ColumnValue(5)))
         row_.ColumnValue(5, std::string("(none)"));
-    CreateBudgetEntry(ToText(row_.ColumnValue(5)), shown_.Year(), shown_.Period(), "(none)",
-                      Money());
+    Month month{shown_.Year(), shown_.Period()};
+    // Another program may have moved the row to another month while it was typed into.
+    if (RowsOutdated())
+        month = {ToLong(row_.ColumnValue(8)), ToLong(row_.ColumnValue(9))};
+    CreateBudgetEntry(ToText(row_.ColumnValue(5)), month.year, month.period, "(none)", Money());
 }
 
 }  // namespace clb

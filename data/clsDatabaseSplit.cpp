@@ -1,5 +1,6 @@
 // Splitting a transaction into pieces.
 
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
 
@@ -17,9 +18,20 @@ std::string PieceDescription(const std::string& description, std::int32_t piece)
 
 }  // namespace
 
+void clsDatabase::RequireOnePiece(const Recordset& pieces, std::int32_t sequence)
+{
+    if (pieces.RecordCount() > 1)
+        throw RuntimeError(errors::InvalidCall,
+                           "Two transactions have the number " + std::to_string(sequence) +
+                               ", so it is not clear which one is meant. \"clb check --repair\" "
+                               "gives the later one a number of its own.");
+}
+
 void clsDatabase::SplitTransaction(std::int32_t sequence, std::int32_t subSequence,
                                    Money firstAmount, Money secondAmount)
 {
+    Lock();
+    RequireShownRow();
     Recordset next;
     Fill(next,
          "SELECT MAX( SubSequence ) + 1 AS NextSubSequence FROM Trans WHERE Trans.Sequence = " +
@@ -32,6 +44,7 @@ void clsDatabase::SplitTransaction(std::int32_t sequence, std::int32_t subSequen
     split.Open("SELECT * FROM Trans WHERE Trans.Sequence = " + std::to_string(sequence) +
                    " AND Trans.SubSequence = " + std::to_string(subSequence),
                connection_, CursorKind::Keyset, LockKind::Pessimistic);
+    RequireOnePiece(split, sequence);
     split.Set("Amount", firstAmount);
     split.Update();
 
@@ -45,7 +58,7 @@ void clsDatabase::SplitTransaction(std::int32_t sequence, std::int32_t subSequen
     added.Set("SubSequence", piece);
     added.Set("Description", PieceDescription(ToText(split.Get("Description")), piece));
     added.Update();
-    rows_.Requery();
+    RequeryRows();
 }
 
 }  // namespace clb

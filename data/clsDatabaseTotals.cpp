@@ -92,6 +92,7 @@ void clsDatabase::UpdateBalance(std::int32_t& view, std::string& accountID)
             break;
         default: return;
     }
+    Lock();
     const std::string account = ToSqlString(accountID);
     const Money activity = Sum(sql + " WHERE AccountID = '" + account + "'");
 

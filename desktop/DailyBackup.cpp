@@ -1,53 +1,124 @@
 #include "desktop/DailyBackup.h"
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
+#include <QPointer>
 #include <QProcess>
-#include <exception>
+#include <iostream>
+#include <utility>
 
-#include "data/Backups.h"
 #include "desktop/FirstPaint.h"
 #include "desktop/TextConvert.h"
 #include "platform/ProgramFolder.h"
+#include "ports/IClock.h"
 
 namespace clb {
 
 namespace {
 
 constexpr int LowPriority = 15;
+constexpr int LookEvery = 10 * 60 * 1000;  // milliseconds
 
-void StartHelper(const std::string& folder, const Date& day)
+std::unique_ptr<QProcess> HelperFor(const QString& program, const std::string& folder,
+                                    const Date& day)
 {
-    QProcess helper;
-    helper.setProgram(QCoreApplication::applicationFilePath());
-    helper.setArguments({QStringLiteral("--daily-backup"), ToQString(day.ToIso()),
-                         QStringLiteral("--home"), ToQString(folder)});
-    helper.setStandardInputFile(QProcess::nullDevice());
-    helper.setStandardOutputFile(QProcess::nullDevice());
-    helper.setStandardErrorFile(QProcess::nullDevice());
-    helper.startDetached();
+    auto helper = std::make_unique<QProcess>();
+    helper->setProgram(program.isEmpty() ? QCoreApplication::applicationFilePath() : program);
+    helper->setArguments({QStringLiteral("--daily-backup"), ToQString(day.ToIso()),
+                          QStringLiteral("--home"), ToQString(folder)});
+    helper->setStandardInputFile(QProcess::nullDevice());
+    helper->setStandardErrorFile(QProcess::nullDevice());
+    // What ends the window's session does not end the backup.
+    helper->setChildProcessModifier([] { setsid(); });
+    return helper;
 }
 
 }  // namespace
 
-void BackUpAfterFirstPaint(QWidget& window, const std::string& folder, const Date& day)
+DailyBackup::DailyBackup(QWidget& window, std::string folder, IClock& clock, Report report,
+                         QString helper)
+    : folder_(std::move(folder)),
+      clock_(clock),
+      report_(std::move(report)),
+      program_(std::move(helper))
 {
-    if (Backups(folder).HasDay(day))
+    connect(&again_, &QTimer::timeout, this, [this] { Look(); });
+    AfterFirstPaint(window, [self = QPointer<DailyBackup>(this)] {
+        if (!self)
+            return;
+        self->again_.start(LookEvery);
+        self->Look();
+    });
+    if (const auto failure = Backups(folder_).KeptFailure(); failure && !failure->damaged)
+        report_(failure);
+}
+
+DailyBackup::~DailyBackup()
+{
+    if (!helper_)
         return;
-    AfterFirstPaint(window,
-                    [folder, day = Date::FromDays(day.Days())] { StartHelper(folder, day); });
+    helper_->disconnect(this);
+    // Its destructor would end the process.
+    static_cast<void>(helper_.release());
+}
+
+void DailyBackup::Look()
+{
+    const Date now = clock_.Now();
+    if (helper_)
+        return;
+    if (Backups(folder_).HasDay(now))
+        report_(std::nullopt);
+    else
+        StartHelper();
+}
+
+void DailyBackup::StartHelper()
+{
+    helper_ = HelperFor(program_, folder_, Date::FromDays(clock_.Now().Days()));
+    connect(helper_.get(), &QProcess::finished, this,
+            [this](int exitCode, QProcess::ExitStatus status) {
+                Ended(exitCode == 0 && status == QProcess::NormalExit);
+            });
+    connect(helper_.get(), &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            Ended(false);
+    });
+    helper_->start();
+}
+
+void DailyBackup::Ended(bool made)
+{
+    const std::string lines = helper_->readAllStandardOutput().toStdString();
+    helper_.release()->deleteLater();
+    if (made)
+        return Tell(std::nullopt);
+    if (const auto failure = BackupFailure::FromLines(lines))
+        return Tell(failure);
+    const Backups backups(folder_);
+    const BackupFailure broken{false, backups.LastGood(),
+                               "The program that makes it was stopped, or could not start."};
+    backups.Keep(broken);
+    Tell(broken);
+}
+
+void DailyBackup::Tell(const std::optional<BackupFailure>& failure)
+{
+    // A damaged file does not mend itself; reading all of it again would only wear it.
+    if (failure && failure->damaged)
+        again_.stop();
+    report_(failure);
 }
 
 int MakeDailyBackup(const std::optional<std::string>& home, const Date& day)
 {
     setpriority(PRIO_PROCESS, 0, LowPriority);
-    try {
-        Backups(ProgramFolder(PlacesOf(home))).Daily(day);
-        return 0;
-    } catch (const std::exception&) {
-        return 1;
-    }
+    const auto failure = Backups(ProgramFolder(PlacesOf(home))).Daily(day);
+    if (failure)
+        std::cout << failure->Lines();
+    return failure ? 1 : 0;
 }
 
 }  // namespace clb

@@ -1,9 +1,11 @@
 #include "desktop/Desktop.h"
 
 #include <QApplication>
+#include <QTimer>
 #include <iostream>
 #include <memory>
 
+#include "app/OtherPrograms.h"
 #include "data/Backups.h"
 #include "data/EmptyDatabase.h"
 #include "data/Trouble.h"
@@ -20,6 +22,8 @@
 #include "desktop/PrintJobPort.h"
 #include "desktop/PrintWindow.h"
 #include "desktop/QtModalHost.h"
+#include "desktop/RestoreOffer.h"
+#include "desktop/RunningProgram.h"
 #include "desktop/SecondStart.h"
 #include "desktop/ShellPort.h"
 #include "desktop/StuckWindow.h"
@@ -27,15 +31,17 @@
 #include "desktop/WindowMemory.h"
 #include "desktop/WindowPresenter.h"
 #include "desktop/WorkDisplay.h"
+#include "engine/EngineError.h"
 #include "platform/CurlHttpClient.h"
 #include "platform/HelpFolder.h"
 #include "platform/ProgramFolder.h"
-#include "platform/RunningProgram.h"
 #include "platform/SystemClock.h"
 
 namespace clb {
 
 namespace {
+
+constexpr int kWatchMilliseconds = 1000;
 
 std::string OpenFolder(const std::optional<std::string>& home)
 {
@@ -63,6 +69,9 @@ public:
     {
         events_.Attach([this] { controller_.Settle(); }, [this] { window_.Sync(); },
                        [this] { controller_.Abandon(); });
+        events_.Before([this] { return FollowOthers(); });
+        watch_.start(kWatchMilliseconds);
+        QObject::connect(&watch_, &QTimer::timeout, [this] { LookForOthers(); });
         // Hiding the last window does not end the toolkit's loop; unloading it ends the program.
         controller_.Unloading().connect([] { QCoreApplication::quit(); });
         events_.WhenIdle([this] { stuck_.Follow(); });
@@ -80,9 +89,34 @@ public:
     frmController& Controller() { return controller_; }
     /// Whether the user ended it to have a new one.
     bool StartsAgain() const { return stuck_.StartsAgain(); }
+    /// Name of the backup to restore before the new one; empty: none.
+    const std::string& Restores() const { return stuck_.Restores(); }
+    void Report(const std::optional<BackupFailure>& failure)
+    {
+        controller_.notices.Set("backup", failure ? failure->Text() : "");
+        if (failure && failure->damaged)
+            stuck_.Damaged(*failure);
+    }
     IncomingFiles& Incoming() { return incoming_; }
 
 private:
+    /// Before each action; the numbers of rows and nodes are those that were drawn last.
+    bool FollowOthers()
+    {
+        if (!controller_.Loaded())
+            return true;
+        controller_.Others().RowNumbersTold();
+        controller_.Others().NodeNumbersTold();
+        return controller_.Others().Follow();
+    }
+    /// What another program writes shows by itself while the user only looks.
+    void LookForOthers()
+    {
+        if (!events_.Running() && controller_.window.Enabled() &&
+            controller_.Others().HaveWritten())
+            events_.Run([] {});
+    }
+
     MessageBoxPort boxes_;
     FileDialogPort files_;
     ShellPort shell_;
@@ -94,6 +128,7 @@ private:
     CurlHttpClient http_{{product::Title, false, {}, {}, [this] { window_.Work().KeepAlive(); }}};
     frmController controller_;
     MainWindow window_;
+    QTimer watch_;
     StuckWindow stuck_{controller_, events_, window_};
     IncomingFiles incoming_{controller_, window_, events_, boxes_,
                             [this](const std::string& path) { files_.AnswerNext(path); }};
@@ -122,26 +157,62 @@ int Picture(MainWindow& window, const std::string& file)
     return 1;
 }
 
-/// Runs the program once, with these files to import; nothing when it is to start again.
-std::optional<int> RunOnce(const std::string& folder, const StartOptions& options, IClock& clock,
-                           RunningProgram& running, const QStringList& files)
+/// How a run of the program ended.
+struct Ending {
+    std::optional<int> exitCode;  ///< nothing: it is to start again
+    std::string restores;         ///< name of the backup to restore before; empty: none
+    bool opened = true;           ///< and the files were taken
+};
+
+/// The day's backup, where this start is to make one.
+std::unique_ptr<DailyBackup> BeginBackup(Program& program, const std::string& folder,
+                                         const StartOptions& options, IClock& clock)
+{
+    if (!options.untilPainted)
+        return std::make_unique<DailyBackup>(
+            program.Window(), folder, clock,
+            [&program](const auto& failure) { program.Report(failure); });
+    AfterFirstPaint(program.Window(), [] { QCoreApplication::quit(); });
+    return nullptr;
+}
+
+/// Runs the program once, with these files to import.
+Ending RunOnce(const std::string& folder, const StartOptions& options, IClock& clock,
+               RunningProgram& running, const QStringList& files)
 {
     Program program(folder, clock);
-    Backups(folder).BeforeUpgrade(clock.Now());
+    const auto noBackup = Backups(folder).BeforeUpgrade(clock.Now());
     program.Load();
+    program.Controller().notices.Set("upgrade", noBackup.value_or(""));
     DeliverHelp(folder);
     WindowMemory memory(WindowMemory::File(), program.Window(), program.Controller());
     memory.Restore();
-    if (options.untilPainted)
-        AfterFirstPaint(program.Window(), [] { QCoreApplication::quit(); });
-    else
-        BackUpAfterFirstPaint(program.Window(), folder, clock.Now());
+    const auto backup = BeginBackup(program, folder, options, clock);
     program.Window().OnDrop([&](const QStringList& paths) { program.Incoming().Take(paths); });
-    const auto laterStarts = ServeLaterStarts(running, program.Window(), program.Incoming());
     program.Window().show();
     program.Incoming().Take(files);
+    running.Serve([&](const StartRequest& request) {
+        Follow(request, program.Window(), program.Incoming());
+    });
     const int exitCode = QApplication::exec();
-    return program.StartsAgain() ? std::nullopt : std::optional(exitCode);
+    running.Serve({});
+    if (program.StartsAgain())
+        return {std::nullopt, program.Restores(), true};
+    return {exitCode, "", true};
+}
+
+/// The same; data that cannot be opened is offered to be restored.
+Ending RunOrRestore(const std::string& folder, const StartOptions& options, IClock& clock,
+                    RunningProgram& running, const QStringList& files)
+{
+    try {
+        return RunOnce(folder, options, clock, running, files);
+    } catch (const EngineError& error) {
+        const auto restores = OfferRestore(Backups(folder), error);
+        if (!restores)
+            throw;
+        return {restores->empty() ? std::optional(1) : std::nullopt, *restores, false};
+    }
 }
 
 int Run(const StartOptions& options, IClock& clock)
@@ -153,13 +224,21 @@ int Run(const StartOptions& options, IClock& clock)
         program.Load();
         return Picture(program.Window(), options.picture);
     }
-    QStringList files = AbsolutePaths(options.files);
+    StartRequest request = RequestFor(options.files);
     RunningProgram running(folder);
-    if (!running.BecomeFirst() && HandOver(running, files))
+    if (!running.BecomeFirst(request))
         return 0;
-    for (;; files.clear())
-        if (const auto exitCode = RunOnce(folder, options, clock, running, files))
-            return *exitCode;
+    for (;;) {
+        const Ending ending = RunOrRestore(folder, options, clock, running, request.files);
+        if (ending.exitCode)
+            return *ending.exitCode;
+        if (ending.opened)
+            request.files.clear();
+        if (ending.restores.empty())
+            continue;
+        Backups backups(folder);
+        RestoreBackup(backups, ending.restores, clock.Now());
+    }
 }
 
 int ReportFailure(const StartOptions& options, const std::exception& error)

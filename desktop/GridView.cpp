@@ -215,7 +215,7 @@ void GridView::mousePressEvent(QMouseEvent* event)
             return;
         if (column == 0)
             column = std::max(grid_.Col(), 1);
-        if (!grid_.MoveTo(row, column))
+        if (!MoveToShown(row, column))
             return;
         const QRect line = layout_.RowRect(row);
         const bool arrow = place.x() >= line.left() && place.x() < line.left() + line.height();
@@ -235,7 +235,7 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event)
     if (grid_.Row() != row)
         return;
     if (OnHeading(row))
-        events_.Run([&] { ToggleFold(row); });
+        events_.Run([&] { ToggleFold(grid_.RowNow(row)); });
     else if (grid_.Col() == column)
         BeginEdit();
 }
@@ -265,6 +265,8 @@ void GridView::FitColumn(std::int32_t column)
 
 void GridView::ToggleFold(std::size_t row)
 {
+    if (row == 0)
+        return;
     grid_.Fold(row, !grid_.Rows().Folded(row));
     Sync();
 }

@@ -78,6 +78,8 @@ private:
     void UpdateScrollBars();
     void RedrawChanged(bool on);
     bool MoveTo(std::size_t row, std::int32_t column);
+    /// To a row by the number that it was drawn with.
+    bool MoveToShown(std::size_t row, std::int32_t column);
     bool MoveRows(int rows);
     bool MoveColumns(int steps);
     bool MoveCell(int steps);

@@ -42,7 +42,7 @@ bool GridView::BeginEdit(char32_t key)
     // What does not fit the event's 16 bits counts as no key.
     const bool fits = key <= static_cast<char32_t>(std::numeric_limits<std::int16_t>::max());
     bool begun = false;
-    events_.Run([&] { begun = grid_.BeginEdit(fits ? static_cast<std::int16_t>(key) : 0); });
+    events_.RunOnRow([&] { begun = grid_.BeginEdit(fits ? static_cast<std::int16_t>(key) : 0); });
     return begun && editor_->IsOpen();
 }
 
@@ -56,7 +56,7 @@ bool GridView::EndEdit()
 
 void GridView::KeepRow()
 {
-    events_.Run([&] {
+    events_.RunOnRow([&] {
         const std::size_t row = grid_.Row();
         if (row == 0)
             return;

@@ -74,8 +74,14 @@ bool GridView::MoveTo(std::size_t row, std::int32_t column)
 {
     if (row == 0 || column == 0)
         return true;
-    events_.Run([&] { grid_.MoveTo(row, column); });
+    events_.Run([&] { MoveToShown(row, column); });
     return true;
+}
+
+bool GridView::MoveToShown(std::size_t row, std::int32_t column)
+{
+    const std::size_t now = grid_.RowNow(row);
+    return now != 0 && grid_.MoveTo(now, column);
 }
 
 std::size_t GridView::RowFromCurrent(int rows) const
@@ -141,7 +147,7 @@ bool GridView::FoldByKey(int key)
         case Qt::Key_Enter: break;
         default: return false;
     }
-    events_.Run([&] { ToggleFold(row); });
+    events_.Run([&] { ToggleFold(grid_.RowNow(row)); });
     return true;
 }
 

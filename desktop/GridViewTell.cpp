@@ -21,7 +21,7 @@ std::size_t GridView::PlaceOf(std::int32_t column) const
 bool GridView::GoTo(std::size_t row, std::int32_t column)
 {
     bool there = false;
-    events_.Run([&] { there = takeFocus_() && grid_.MoveTo(row, column); });
+    events_.Run([&] { there = takeFocus_() && MoveToShown(row, column); });
     return there;
 }
 

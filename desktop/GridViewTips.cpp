@@ -40,8 +40,11 @@ void GridView::ShowTip()
     if (row == 0 || column == 0 || !grid_.Redraw())
         return;
     events_.Run([&] {
-        if (const std::string text = TipOf(row, column); !text.empty())
-            cell_tip::Show(*viewport(), tipPlace_, layout_.CellRect(row, column), text);
+        const std::size_t now = grid_.RowNow(row);
+        if (now == 0)
+            return;
+        if (const std::string text = TipOf(now, column); !text.empty())
+            cell_tip::Show(*viewport(), tipPlace_, layout_.CellRect(now, column), text);
     });
 }
 

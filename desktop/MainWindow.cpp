@@ -8,10 +8,12 @@
 #include <QWheelEvent>
 #include <QWindow>
 
+#include "app/OtherPrograms.h"
 #include "desktop/GridView.h"
 #include "desktop/Icons.h"
 #include "desktop/InputEvents.h"
 #include "desktop/ListBinder.h"
+#include "desktop/NoticeLabel.h"
 #include "desktop/SplitHandle.h"
 #include "desktop/TextConvert.h"
 #include "desktop/ToolbarBinder.h"
@@ -51,13 +53,7 @@ MainWindow::MainWindow(frmController& controller, UserEvents& events)
     BuildToolbarSide();
     BuildStatusBar();
     menus_ = std::make_unique<MenuBinder>(controller_.menus, *menuBar(), events_,
-                                          [this](MenuItem& item) {
-                                              // The window's own way out asks the grid first.
-                                              if (item.Name() == "mnuF_Exit")
-                                                  controller_.Close();
-                                              else
-                                                  item.Press();
-                                          });
+                                          [this](MenuItem& item) { Choose(item); });
     BindKeys();
     BindFocus();
     FollowModels();
@@ -72,7 +68,11 @@ void MainWindow::BuildParts()
 {
     toolbar_ = new ToolbarBinder(controller_.toolbar, events_, inner_);
     tree_ = new TreeBinder(
-        controller_.TreeView, events_, [this](std::int32_t node) { controller_.PressNode(node); },
+        controller_.TreeView, events_,
+        [this](std::int32_t shown) {
+            if (const std::int32_t node = controller_.Others().NodeNow(shown); node != 0)
+                controller_.PressNode(node);
+        },
         inner_);
     grid_ = new GridView(
         controller_.Grid.Component(), events_,
@@ -80,7 +80,7 @@ void MainWindow::BuildParts()
     tree_->setAccessibleName(QStringLiteral("Views and accounts"));
     grid_->WhenEmpty([this] { return HintFor(controller_); },
                      [this](const std::string& item) {
-                         events_.Run([&] { controller_.menus.Find(item)->Press(); });
+                         events_.Run([&] { Choose(*controller_.menus.Find(item)); });
                      });
     border_ = new SplitHandle(
         {[this] { return controller_.TreeWidth(); }, [this](int place) { TreeWidth(place); }},
@@ -110,6 +110,8 @@ void MainWindow::BuildStatusBar()
     statusText_->setContentsMargins(4, 0, 0, 0);
     status_->setAccessibleName(QStringLiteral("Status"));
     status_->addWidget(statusText_, 1);
+    status_->addPermanentWidget(
+        new NoticeLabel(controller_.notices, controller_.progress, status_));
     work_ = std::make_unique<WorkDisplay>(controller_.progress, *status_);
 }
 

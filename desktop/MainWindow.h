@@ -53,6 +53,9 @@ public:
 
     /// Saves the grid's row in edit, as leaving it does. False when that is refused, which is told.
     bool GridAgrees();
+    /// Runs a menu's command. One that reads the rows or reads them anew first saves the row in
+    /// edit, and does not run when that is refused.
+    void Choose(MenuItem& item);
     /// Called with the paths of files that are dropped on the window.
     void OnDrop(std::function<void(const QStringList&)> taken);
     /// Shows the window above the others, out of its icon when it is one.

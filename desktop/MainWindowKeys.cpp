@@ -15,6 +15,17 @@
 
 namespace clb {
 
+namespace {
+
+/// Whether a command needs the row in edit to be saved. New Record leaves the row, which saves it;
+/// Delete Record may take a row that cannot be saved; the help needs no rows.
+bool NeedsSavedRow(const std::string& item)
+{
+    return item != "mnuE_New" && item != "mnuE_Delete" && !item.starts_with("mnuH_");
+}
+
+}  // namespace
+
 void MainWindow::BindKeys()
 {
     // What these keys show or change follows the row in edit, so that is saved first.
@@ -22,11 +33,11 @@ void MainWindow::BindKeys()
         auto* shortcut = new QShortcut(key, this);
         connect(shortcut, &QShortcut::activated, this, [this, action = std::move(action)] {
             if (GridAgrees())
-                events_.Run(action);
+                events_.RunOnRow(action);
         });
     };
     bind(Qt::CTRL | Qt::Key_R, [this] { controller_.View().Refresh(); });
-    bind(Qt::Key_F5, [this] { controller_.menus.Find("mnuT_UpdateQuotes")->Press(); });
+    bind(Qt::Key_F5, [this] { Choose(*controller_.menus.Find("mnuT_UpdateQuotes")); });
     bind(Qt::CTRL | Qt::Key_PageUp, [this] { controller_.StepMonth(-1); });
     bind(Qt::CTRL | Qt::Key_PageDown, [this] { controller_.StepMonth(1); });
     connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, border_,
@@ -67,6 +78,14 @@ bool MainWindow::GridAgrees()
     bool cancel = false;
     const bool asked = events_.Run([&] { controller_.Grid.Component().Validate().emit(cancel); });
     return asked && !cancel;
+}
+
+void MainWindow::Choose(MenuItem& item)
+{
+    if (item.Name() == "mnuF_Exit")
+        controller_.Close();  // asks the grid itself
+    else if (!NeedsSavedRow(item.Name()) || GridAgrees())
+        item.Press();
 }
 
 bool MainWindow::TurnMonth(int angle)

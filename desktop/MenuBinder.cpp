@@ -45,7 +45,7 @@ MenuBinder::MenuBinder(MenuBar& menus, QMenuBar& bar, UserEvents& events, const 
             action->setIcon(icons::MenuItem(item.Name()));
             action->setShortcut(ShortcutOf(item.Name()));
             QObject::connect(action, &QAction::triggered, &bar,
-                             [&item, &events, press] { events.Run([&] { press(item); }); });
+                             [&item, &events, press] { events.RunOnRow([&] { press(item); }); });
             item.Changed().connect(
                 sigc::track_obj([action, &item] { action->setEnabled(item.Enabled()); }, *this));
         }

@@ -1,25 +1,21 @@
 #pragma once
-#include <QSocketNotifier>
+// What a start asks of a window that is open already, and how that window follows it.
 #include <QStringList>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "platform/RunningProgram.h"
+#include "desktop/RunningProgram.h"
 
 namespace clb {
 
 class IncomingFiles;
 class MainWindow;
 
-/// The files as another process finds them.
-QStringList AbsolutePaths(const std::vector<std::string>& files);
+/// The request of this start: its files as another process finds them, and the desktop's leave to
+/// bring a window to the front.
+StartRequest RequestFor(const std::vector<std::string>& files);
 
-/// Asks the first start to come to the front and import the files. False when it does not answer.
-bool HandOver(const RunningProgram& first, const QStringList& files);
-
-/// Does what later starts ask for, for as long as the result lives; all are borrowed.
-std::unique_ptr<QSocketNotifier> ServeLaterStarts(RunningProgram& first, MainWindow& window,
-                                                  IncomingFiles& incoming);
+/// Brings the window to the front and imports the files.
+void Follow(const StartRequest& request, MainWindow& window, IncomingFiles& incoming);
 
 }  // namespace clb

@@ -8,6 +8,7 @@
 
 #include "app/frmController.h"
 #include "desktop/PointerPort.h"
+#include "desktop/RestoreOffer.h"
 #include "desktop/TextConvert.h"
 #include "desktop/UserEvents.h"
 
@@ -28,42 +29,101 @@ QString WhatHappened(const std::string& status)
 }  // namespace
 
 StuckWindow::StuckWindow(frmController& controller, UserEvents& events, QWidget& above)
-    : QDialog(&above), controller_(controller), events_(events), text_(new QLabel(this))
+    : QDialog(&above),
+      controller_(controller),
+      events_(events),
+      text_(new QLabel(this)),
+      buttons_(new QDialogButtonBox(this))
 {
     setWindowTitle(ToQString(frmController::Title));
     text_->setTextFormat(Qt::PlainText);
     text_->setWordWrap(true);
     text_->setMinimumWidth(fontMetrics().averageCharWidth() * 60);
-    auto* buttons = new QDialogButtonBox(this);
-    QPushButton* again =
-        buttons->addButton(QStringLiteral("&Start again"), QDialogButtonBox::AcceptRole);
-    QPushButton* quit = buttons->addButton(QStringLiteral("&Quit"), QDialogButtonBox::RejectRole);
-    again->setObjectName(QStringLiteral("again"));
-    quit->setObjectName(QStringLiteral("quit"));
-    again->setDefault(true);
-    connect(again, &QPushButton::clicked, this, [this] {
-        startsAgain_ = true;
-        Unload();
-    });
-    connect(quit, &QPushButton::clicked, this, &StuckWindow::reject);
+    again_ = AddButton("again", QStringLiteral("&Start again"), QDialogButtonBox::AcceptRole);
+    restore_ = AddButton("restore", QString(), QDialogButtonBox::AcceptRole);
+    goOn_ = AddButton("goOn", QStringLiteral("&Go on with the damaged file"),
+                      QDialogButtonBox::DestructiveRole);
+    quit_ = AddButton("quit", QStringLiteral("&Quit"), QDialogButtonBox::RejectRole);
     auto* all = new QVBoxLayout(this);
     all->setSpacing(14);
     all->addWidget(text_);
-    all->addWidget(buttons);
+    all->addWidget(buttons_);
+    connect(buttons_, &QDialogButtonBox::clicked, this,
+            [this](QAbstractButton* button) { Pressed(button); });
 }
 
 StuckWindow::~StuckWindow() = default;
 
+QPushButton* StuckWindow::AddButton(const char* name, const QString& caption, int role)
+{
+    QPushButton* button =
+        buttons_->addButton(caption, static_cast<QDialogButtonBox::ButtonRole>(role));
+    button->setObjectName(QString::fromLatin1(name));
+    return button;
+}
+
+void StuckWindow::Pressed(const QAbstractButton* button)
+{
+    if (button == goOn_)
+        return GoOn();
+    startsAgain_ = button == again_ || button == restore_;
+    if (button == restore_)
+        restores_ = damage_->lastGood;
+    Unload();
+}
+
+void StuckWindow::GoOn()
+{
+    damage_.reset();
+    wentOn_ = true;
+    events_.Run([this] { controller_.window.Enabled(true); });
+}
+
+void StuckWindow::Damaged(const BackupFailure& failure)
+{
+    if (wentOn_)
+        return;
+    damage_ = failure;
+    // What runs now ends first; a dialog of its own may be open.
+    events_.Run([] {});
+}
+
 void StuckWindow::Follow()
 {
+    const bool damaged = damage_.has_value() && controller_.Loaded();
+    if (damaged)
+        controller_.window.Enabled(false);
     const bool stuck = controller_.Loaded() && !controller_.window.Enabled();
-    if (stuck == isVisible())
+    if (stuck == isVisible() && damaged == tellsDamage_)
         return;
+    tellsDamage_ = damaged;
+    damaged ? TellDamaged() : TellStuck();
+    setVisible(stuck);
+}
+
+void StuckWindow::TellStuck()
+{
     text_->setText(WhatHappened(controller_.StatusText()) +
                    QStringLiteral("\n\nThe main window takes no more input. What you saved is "
                                   "kept. \"Start again\" opens a new main window with your "
                                   "data."));
-    setVisible(stuck);
+    restore_->hide();
+    goOn_->hide();
+    again_->show();
+    again_->setDefault(true);
+}
+
+void StuckWindow::TellDamaged()
+{
+    const bool restores = !damage_->lastGood.empty();
+    text_->setText(DamageText(*damage_) +
+                   QStringLiteral("\n\nGoing on with the damaged file may lose more of it. It is "
+                                  "good for looking something up, and for exporting it."));
+    restore_->setText(RestoreCaption(*damage_));
+    again_->hide();
+    restore_->setVisible(restores);
+    goOn_->show();
+    (restores ? restore_ : quit_)->setDefault(true);
 }
 
 void StuckWindow::reject()

@@ -1,8 +1,15 @@
 #pragma once
 #include <QDialog>
 #include <memory>
+#include <optional>
+#include <string>
 
+#include "data/BackupFailure.h"
+
+class QAbstractButton;
+class QDialogButtonBox;
 class QLabel;
+class QPushButton;
 
 namespace clb {
 
@@ -12,6 +19,9 @@ class UserEvents;
 
 /// A command that stops in the middle may leave the main window disabled. This small window then
 /// says what happened and offers to start again or to quit; closing it quits.
+///
+/// It also comes when the data file is found damaged while the window is open: it disables the main
+/// window, says what is wrong, and offers to restore the last good backup, to go on, or to quit.
 class StuckWindow : public QDialog {
 public:
     /// All borrowed; they outlive it.
@@ -24,6 +34,12 @@ public:
     /// Whether the program was ended to be started again.
     bool StartsAgain() const { return startsAgain_; }
 
+    /// Shows that the data file is damaged, as soon as no command runs. Once the user has gone on
+    /// nevertheless, it is not shown again.
+    void Damaged(const BackupFailure& failure);
+    /// Name of the backup to restore before starting again; empty: none.
+    const std::string& Restores() const { return restores_; }
+
     void reject() override;
 
 protected:
@@ -31,10 +47,24 @@ protected:
 
 private:
     void Unload();
+    QPushButton* AddButton(const char* name, const QString& caption, int role);
+    void Pressed(const QAbstractButton* button);
+    void GoOn();
+    void TellStuck();
+    void TellDamaged();
 
     frmController& controller_;
     UserEvents& events_;
     QLabel* text_;
+    QDialogButtonBox* buttons_;
+    QPushButton* again_;
+    QPushButton* restore_;
+    QPushButton* goOn_;
+    QPushButton* quit_;
+    std::optional<BackupFailure> damage_;
+    bool tellsDamage_ = false;
+    bool wentOn_ = false;
+    std::string restores_;
     std::unique_ptr<PlainPointer> pointer_;  ///< over this window only
     bool startsAgain_ = false;
 };

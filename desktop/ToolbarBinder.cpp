@@ -56,7 +56,7 @@ void ToolbarBinder::AddButton(const Toolbar::Button& button)
     bar_->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
     const std::string key = button.key;
     connect(action, &QAction::triggered, this,
-            [this, key] { events_.Run([&] { toolbar_.Press(key); }); });
+            [this, key] { events_.RunOnRow([&] { toolbar_.Press(key); }); });
     actions_[key] = action;
 }
 

@@ -24,8 +24,20 @@ std::function<void()> UserEvents::WhenBroken(std::function<void()> close)
 
 bool UserEvents::Run(const std::function<void()>& action)
 {
-    ++depth_;
-    bool done = Report(action);
+    return Perform(action, false);
+}
+
+bool UserEvents::RunOnRow(const std::function<void()>& action)
+{
+    return Perform(action, true);
+}
+
+bool UserEvents::Perform(const std::function<void()>& action, bool onRow)
+{
+    bool rowThere = true;
+    if (++depth_ == 1 && prepare_)
+        Report([&] { rowThere = prepare_(); });
+    bool done = !BrokenOff() && (rowThere || !onRow) && Report(action);
     if (settle_ && !BrokenOff())
         done = Report(settle_) && done;
     if (redraw_)

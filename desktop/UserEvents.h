@@ -20,12 +20,17 @@ public:
     /// back a command that was broken off.
     void Attach(std::function<void()> settle, std::function<void()> redraw,
                 std::function<void()> abandon = {});
+    /// What to do before each outermost action. False: the grid's current row is gone, so an action
+    /// on it is left out.
+    void Before(std::function<bool()> prepare) { prepare_ = std::move(prepare); }
     /// What to do each time the outermost action is over.
     void WhenIdle(std::function<void()> idle) { idle_ = std::move(idle); }
     /// Whether an action is on its way.
     bool Running() const { return depth_ > 0; }
     /// False when the action ended with an error. Actions may start others, as a dialog does.
     bool Run(const std::function<void()>& action);
+    /// The same for an action that works on the grid's current row.
+    bool RunOnRow(const std::function<void()>& action);
     /// Whether the command was broken off by an action within it.
     bool BrokenOff() const { return broken_ != nullptr; }
     /// Ends the outer action as well, for a dialog whose action broke the command off. Does nothing
@@ -35,6 +40,7 @@ public:
     std::function<void()> WhenBroken(std::function<void()> close);
 
 private:
+    bool Perform(const std::function<void()>& action, bool onRow);
     bool Report(const std::function<void()>& action);
     void Draw();
     void BreakOff() noexcept;
@@ -48,6 +54,7 @@ private:
     std::function<void()> abandon_;
     std::function<void()> whenBroken_;
     std::exception_ptr broken_;  // what broke the running command off
+    std::function<bool()> prepare_;
     int depth_ = 0;
 };
 

@@ -6,9 +6,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
+#include <optional>
 
 #include "engine/ConnectionString.h"
 #include "engine/Database.h"
@@ -133,7 +138,78 @@ void ReplaceUnusable(const std::string& path, const std::string& fresh, const st
     TakePlace(fresh, path);
 }
 
+using Header = std::array<unsigned char, 100>;
+
+/// A number of the header, whose first byte is the highest.
+std::uint64_t NumberAt(const Header& header, std::size_t at, std::size_t bytes)
+{
+    std::uint64_t number = 0;
+    for (std::size_t byte = 0; byte < bytes; ++byte)
+        number = number << 8 | header[at + byte];
+    return number;
+}
+
+std::optional<Header> HeaderOf(const std::string& path)
+{
+    constexpr char kMark[] = "SQLite format 3";
+    Header header{};
+    std::ifstream file(path, std::ios::binary);
+    file.read(reinterpret_cast<char*>(header.data()), header.size());
+    if (!file || std::memcmp(header.data(), kMark, sizeof kMark) != 0)
+        return std::nullopt;
+    return header;
+}
+
+/// Whether a file of this size can hold what the header says.
+bool FitsHeader(const Header& header, std::uint64_t size)
+{
+    const std::uint64_t named = NumberAt(header, 16, 2);
+    const std::uint64_t page = named == 1 ? 65536 : named;
+    if (page < 512 || (page & (page - 1)) != 0 || size % page != 0)
+        return false;
+    // Old programs did not keep the number of pages; then the two counters differ.
+    const std::uint64_t pages = NumberAt(header, 28, 4);
+    const bool kept = NumberAt(header, 24, 4) == NumberAt(header, 92, 4) && pages != 0;
+    return !kept || pages * page == size;
+}
+
+/// Renames without replacing. Systems that cannot do that in one step look first.
+int RenameToFree(const std::string& from, const std::string& to)
+{
+    const int done = ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
+    if (done == 0 || (errno != EINVAL && errno != ENOSYS))
+        return done;
+    struct stat status {};
+    if (::lstat(to.c_str(), &status) == 0) {
+        errno = EEXIST;
+        return -1;
+    }
+    return ::rename(from.c_str(), to.c_str());
+}
+
 }  // namespace
+
+bool LooksWhole(const std::string& path)
+{
+    std::error_code failure;
+    if (!fs::is_regular_file(path, failure))
+        return false;
+    const std::uintmax_t size = fs::file_size(path, failure);
+    const auto header = HeaderOf(path);
+    return !failure && header && FitsHeader(*header, size);
+}
+
+bool HasDatabaseHeader(const std::string& path)
+{
+    return HeaderOf(path).has_value();
+}
+
+void NameFinished(const std::string& from, const std::string& to)
+{
+    if (RenameToFree(from, to) != 0)
+        throw refuse::CannotWrite(to, errno);
+    FlushToDisk(to);
+}
 
 void CopyDatabase(const std::string& from, const std::string& to)
 {

@@ -13,6 +13,17 @@ void CopyDatabase(const std::string& from, const std::string& to);
 /// sound. Throws EngineError when the file cannot be read as a database at all.
 std::vector<std::string> FaultsOf(const std::string& path);
 
+/// Whether a file has the header of a database and the size that its header names. Reads 100 bytes:
+/// finds empty files, files cut short and files of other programs, but no damaged pages. False for
+/// what cannot be read.
+bool LooksWhole(const std::string& path);
+/// Whether a file begins as every database does. False for what cannot be read.
+bool HasDatabaseHeader(const std::string& path);
+
+/// Gives a finished file another name in its folder, which is durable when this returns. Replaces
+/// nothing: throws EngineError when the name is taken, or cannot be written.
+void NameFinished(const std::string& from, const std::string& to);
+
 /// Puts the database file `fresh`, of the same folder, in the place of the one at path, in one
 /// step. What was at path, damaged or not, is copied to the new file `kept` before; there need not
 /// have been any. Throws EngineError when another program has the file open or locked, or something

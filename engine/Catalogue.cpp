@@ -76,6 +76,11 @@ std::string DeclaredType(const ColumnType& type)
     return "TEXT";
 }
 
+bool TableInfo::HasCounter() const
+{
+    return std::ranges::any_of(columns, [](const ColumnInfo& c) { return c.type.counter; });
+}
+
 const ColumnInfo* TableInfo::Find(std::string_view column) const
 {
     const auto found = std::find_if(columns.begin(), columns.end(), [&](const ColumnInfo& info) {

@@ -41,6 +41,7 @@ struct TableInfo {
 
     /// Null when there is none of that name (without regard to case).
     const ColumnInfo* Find(std::string_view column) const;
+    bool HasCounter() const;
 };
 
 /// A table without columns keeps this one in the storage, which does not do without; the catalogue

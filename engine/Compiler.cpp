@@ -1,5 +1,7 @@
 #include "engine/Compiler.h"
 
+#include <algorithm>
+
 #include "base/Text.h"
 #include "engine/Checker.h"
 #include "engine/CompilerSelect.h"
@@ -32,21 +34,14 @@ public:
         for (std::size_t i = 0; i < columns.size(); ++i)
             writer.Text(i ? ", " : "").Name(columns[i]->name);
         writer.Text(") ");
-        if (insert.select) {
+        const bool numbered = table.HasCounter() && std::ranges::none_of(columns, IsCounter);
+        if (insert.select)
             WriteSelectFor(columns, *insert.select, catalogue_, writer);
-            return Finish(writer);
-        }
-        if (insert.values.size() != columns.size())
-            throw refuse::Statement(
-                "Number of query values and destination fields are not the same.");
-        Checker checker({});
-        writer.Text("VALUES (");
-        for (std::size_t i = 0; i < columns.size(); ++i) {
-            checker.Check(*insert.values[i], false);
-            writer.Text(i ? ", " : "").WriteForColumn(*insert.values[i], *columns[i]);
-        }
-        writer.Text(")");
-        return Finish(writer);
+        else
+            WriteValues(insert, columns, writer);
+        auto plan = Finish(writer);
+        plan->numberedTable = numbered ? table.name : std::string();
+        return plan;
     }
 
     std::unique_ptr<Plan> operator()(UpdateStatement& update)
@@ -112,6 +107,23 @@ private:
                     throw refuse::Statement("Duplicate output destination '" + columns[i]->name +
                                             "'.");
         return columns;
+    }
+
+    static bool IsCounter(const ColumnInfo* column) { return column->type.counter; }
+
+    static void WriteValues(InsertStatement& insert, const std::vector<const ColumnInfo*>& columns,
+                            Writer& writer)
+    {
+        if (insert.values.size() != columns.size())
+            throw refuse::Statement(
+                "Number of query values and destination fields are not the same.");
+        Checker checker({});
+        writer.Text("VALUES (");
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            checker.Check(*insert.values[i], false);
+            writer.Text(i ? ", " : "").WriteForColumn(*insert.values[i], *columns[i]);
+        }
+        writer.Text(")");
     }
 
     static void WriteWhere(Writer& writer, Checker& checker, Expression* where)

@@ -351,6 +351,7 @@ private:
     {
         const TableInfo& table = *checker_.Sources()[0].table;
         plan.table = table.name;
+        plan.numberedTable = table.HasCounter() ? table.name : std::string();
         plan.triggers = table.triggers;
         Writer reader;
         reader.Text("SELECT ");

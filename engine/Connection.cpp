@@ -18,7 +18,10 @@ void RunWrite(Connection::State& state, const StatementCache::Entry& entry)
     Statement& statement = entry.plan->statement;
     for (std::size_t i = 0; i < entry.values->size(); ++i)
         statement.Bind(static_cast<int>(i) + 1, (*entry.values)[i]);
-    state.StepWrite(statement);
+    if (entry.plan->numberedTable.empty())
+        state.StepWrite(statement);
+    else
+        state.StepInsert(statement, entry.plan->numberedTable);
 }
 
 void RunDdl(Connection::State& state, const DdlStatement& ddl)

@@ -53,7 +53,7 @@ public:
     void Abandon() noexcept;
     /// Whether another program has written to the file since the last call, or since opening. Never
     /// waits: while another program is writing the answer is false, and the next call reports it.
-    /// False while the pending group is open.
+    /// Right after Lock() it knows of everything that was written before.
     bool ChangedElsewhere();
     /// Whether an error in writing has lost what was pending, and Settle() was not called since.
     bool LostGroup() const;

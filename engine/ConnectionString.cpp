@@ -5,11 +5,13 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <filesystem>
 #include <utility>
 
 #include "base/Text.h"
 #include "engine/EngineError.h"
+#include "engine/Errors.h"
 
 namespace clb {
 namespace {
@@ -38,13 +40,18 @@ std::string_view TakeSetting(std::string_view& rest)
     return std::exchange(rest, {});
 }
 
+/// Throws when the disk refuses. A folder that may not be read, and a kind of disk that cannot do
+/// it, are left to the system.
 void Flush(const std::string& path, int flags)
 {
     const int file = ::open(path.c_str(), flags | O_CLOEXEC);
-    if (file < 0)
+    const int failure = file < 0 || ::fsync(file) != 0 ? errno : 0;
+    if (file >= 0)
+        ::close(file);
+    const bool cannot = failure == EINVAL || failure == ENOTSUP || failure == EROFS;
+    if (failure == 0 || cannot || (file < 0 && (flags & O_DIRECTORY) != 0))
         return;
-    ::fsync(file);
-    ::close(file);
+    throw refuse::CannotWrite(path, failure);
 }
 
 }  // namespace

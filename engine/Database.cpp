@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <limits>
 #include <new>
+#include <optional>
 #include <utility>
 
 #include "engine/Errors.h"
@@ -43,22 +44,76 @@ EngineError ConstraintError(int extended, const std::string& message)
     return {engine_errors::Constraint, message};
 }
 
-/// system: errno of the system call that failed, where one did.
-EngineError FileErrorOf(int code, int system, const std::string& path)
+EngineError JournalError(const std::string& path)
 {
-    switch (code) {
+    return refuse::File(path,
+                        "cannot be written: its journal '" + path + "-journal' cannot be opened.",
+                        FileTrouble::Unreadable);
+}
+
+/// What the system call that failed says itself; nothing where it leaves that open.
+std::optional<EngineError> SystemErrorOf(int system, const std::string& path)
+{
+    switch (system) {
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG: return refuse::CannotWrite(path, system);
+        case EROFS: return refuse::File(path, "is read-only.", FileTrouble::ReadOnly);
+        case EMFILE:
+        case ENFILE:
+            return refuse::File(path, "cannot be opened: too many files are open.",
+                                FileTrouble::Unreadable);
+        case ENOLCK:
+            return refuse::File(path, "cannot be locked on its disk.", FileTrouble::Unreadable);
+        case EISDIR: return JournalError(path);  // the database itself is a file
+        default: return std::nullopt;
+    }
+}
+
+EngineError FolderTakesNoFiles(const std::string& path)
+{
+    return refuse::File(path, "is in a folder that takes no new files.",
+                        FileTrouble::FolderReadOnly);
+}
+
+EngineError ReadOnlyErrorOf(int extended, const std::string& path)
+{
+    switch (extended) {
+        case SQLITE_READONLY_DBMOVED:
+            return refuse::File(path, "was replaced or removed by another program.",
+                                FileTrouble::Replaced);
+        case SQLITE_READONLY_DIRECTORY: return FolderTakesNoFiles(path);
+        default: return refuse::File(path, "is read-only.", FileTrouble::ReadOnly);
+    }
+}
+
+/// The file is open, so it is the journal beside it that cannot be opened.
+EngineError JournalErrorOf(int system, const std::string& path)
+{
+    if (system == ENOENT)
+        return ReadOnlyErrorOf(SQLITE_READONLY_DBMOVED, path);
+    return SystemErrorOf(system, path).value_or(JournalError(path));
+}
+
+/// system: errno of the system call that failed, where one did.
+EngineError FileErrorOf(int extended, int system, const std::string& path)
+{
+    switch (extended & 0xFF) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
             return refuse::File(path, "is locked by another program.", FileTrouble::Locked);
-        case SQLITE_READONLY: return refuse::File(path, "is read-only.", FileTrouble::ReadOnly);
+        case SQLITE_READONLY: return ReadOnlyErrorOf(extended, path);
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB: return refuse::File(path, kNoDatabase, FileTrouble::Damaged);
         case SQLITE_FULL: return refuse::CannotWrite(path, ENOSPC);
-        case SQLITE_IOERR:
-            if (system == EFBIG || system == EDQUOT)
-                return refuse::CannotWrite(path, system);
-            return refuse::File(path, "cannot be read or written.", FileTrouble::Unreadable);
-        default: return refuse::File(path, "cannot be opened.", FileTrouble::Unreadable);
+        case SQLITE_PERM:
+            return refuse::File(path, "cannot be locked: the system does not permit it.",
+                                FileTrouble::Unreadable);
+        case SQLITE_CANTOPEN: return JournalErrorOf(system, path);
+        default:
+            return SystemErrorOf(system, path)
+                .value_or(
+                    refuse::File(path, "cannot be read or written.", FileTrouble::Unreadable));
     }
 }
 
@@ -91,6 +146,7 @@ bool IsAboutFile(int code)
         case SQLITE_NOTADB:
         case SQLITE_FULL:
         case SQLITE_IOERR:
+        case SQLITE_PERM:
         case SQLITE_CANTOPEN: return true;
         default: return false;
     }
@@ -270,8 +326,7 @@ void Database::RequireWritable()
     std::error_code ignored;
     const auto file = std::filesystem::weakly_canonical(path_, ignored);
     if (faccessat(AT_FDCWD, file.parent_path().c_str(), W_OK | X_OK, AT_EACCESS) != 0)
-        throw refuse::File(path_, "is in a folder that takes no new files.",
-                           FileTrouble::FolderReadOnly);
+        throw FolderTakesNoFiles(path_);
 }
 
 void Database::ReadFirst()
@@ -323,7 +378,10 @@ void Database::Connect(const std::string& path, int flags)
         Close();
         if (IsOutOfMemory(code))
             throw std::bad_alloc();
-        throw FileErrorOf(code & 0xFF, system, path);
+        throw(code & 0xFF) == SQLITE_CANTOPEN
+            ? SystemErrorOf(system, path)
+                  .value_or(refuse::File(path, "cannot be opened.", FileTrouble::Unreadable))
+            : FileErrorOf(code, system, path);
     }
     sqlite3_extended_result_codes(raw_, 1);
     sqlite3_busy_timeout(raw_, kBusyMilliseconds);
@@ -404,7 +462,7 @@ void Database::Throw(int code, const char* message)
     const int kind = code & 0xFF;
     if (IsAboutFile(kind)) {
         troubleIsMemory_ = true;  // until the error is made
-        fileError_ = FileErrorOf(kind, sqlite3_system_errno(raw_), path_);
+        fileError_ = FileErrorOf(code, sqlite3_system_errno(raw_), path_);
         troubleIsMemory_ = false;
         ThrowLastTrouble();
     }

@@ -13,6 +13,7 @@ enum class FileTrouble {
     FolderReadOnly,  ///< its folder takes no new files, and writing needs one for a moment
     Damaged,         ///< or no database at all
     Full,            ///< no room on the disk
+    Replaced,        ///< another file has its name now, or none
     Unreadable
 };
 

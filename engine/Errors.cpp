@@ -132,6 +132,12 @@ EngineError RowVanished()
             "The row no longer exists: another statement has deleted it since the rows were read."};
 }
 
+EngineError NoNumberLeft(std::string_view table)
+{
+    return {engine_errors::Overflow,
+            "No number is left for a new row of the table " + Quoted(table) + "."};
+}
+
 EngineError File(const std::string& path, const std::string& what, FileTrouble trouble)
 {
     return {engine_errors::Unavailable, "The database file " + Quoted(path) + " " + what, trouble};

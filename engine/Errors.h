@@ -31,6 +31,8 @@ EngineError Criterion(std::string_view criterion);
 EngineError Closed();
 EngineError AlreadyOpen();
 EngineError RowVanished();
+/// The table's counter is used up.
+EngineError NoNumberLeft(std::string_view table);
 /// what: "is read-only.", as it follows the file's name.
 EngineError File(const std::string& path, const std::string& what, FileTrouble trouble);
 /// For the error that errno gives for a file that is to be written.

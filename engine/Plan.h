@@ -25,6 +25,10 @@ struct Plan {
     Statement statement;
     std::vector<Parameter> parameters;
 
+    /// The table whose counter numbers the rows that an INSERT, or this result set, adds; empty
+    /// where there is no counter, or the INSERT gives the number.
+    std::string numberedTable;
+
     // Of a SELECT.
     std::vector<Field> fields;
     std::vector<Field> readOnlyFields;  ///< the same, none of them updatable

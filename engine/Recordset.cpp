@@ -219,6 +219,14 @@ void Recordset::MoveTo(std::size_t row)
     state_->slot = state_->live.SlotOf(row);
 }
 
+void Recordset::Reread(std::size_t row)
+{
+    state_->RequireOpen();
+    if (row >= state_->live.Count())
+        throw refuse::NoCurrentRow();
+    state_->RefreshRow(state_->live.SlotOf(row));
+}
+
 std::size_t Recordset::Position() const
 {
     state_->RequireOpen();

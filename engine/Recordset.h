@@ -101,6 +101,9 @@ public:
     /// good as long as Get's. MoveTo takes RecordCount for the place past the end.
     const Value& At(std::size_t row, std::size_t field) const;
     void MoveTo(std::size_t row);
+    /// Reads what is stored of a row now, for At: another program may have changed it. Throws
+    /// EngineError (RowVanished) when the row is gone.
+    void Reread(std::size_t row);
     /// Unseen identity of a row of an updatable set: the same for the same stored row in every set
     /// over its table. 0 in other sets.
     std::size_t Identity(std::size_t row) const;

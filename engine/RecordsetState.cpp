@@ -184,9 +184,14 @@ void Recordset::State::SaveChanged()
     if (change.Any())
         writer.Update(rows.RowId(slot), change);
     edit = Edit::None;
-    RemoveFromSearched(slot);
-    rows.Refresh(slot);
-    AddToSearched(slot);
+    RefreshRow(slot);
+}
+
+void Recordset::State::RefreshRow(std::size_t at)
+{
+    RemoveFromSearched(at);
+    rows.Refresh(at);
+    AddToSearched(at);
 }
 
 void Recordset::State::DeleteRow()

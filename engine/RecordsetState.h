@@ -51,6 +51,8 @@ struct Recordset::State {
     void SaveNew();
     void SaveChanged();
     void DeleteRow();
+    /// Reads the stored values of the row at this slot again.
+    void RefreshRow(std::size_t at);
 
     std::size_t FindFrom(std::size_t from, const Criterion& criterion, std::size_t field);
 

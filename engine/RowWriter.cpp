@@ -38,8 +38,19 @@ std::int64_t RowWriter::Insert(const RowChange& change)
     session_->BeginWrite();
     Statement& statement = InsertFor(change.set);
     BindChange(statement, change);
-    session_->StepWrite(statement);
+    if (IsNumbered(change))
+        session_->StepInsert(statement, plan_->table);
+    else
+        session_->StepWrite(statement);
     return session_->database.LastRowId();
+}
+
+bool RowWriter::IsNumbered(const RowChange& change) const
+{
+    for (std::size_t i = 0; i < change.set.size(); ++i)
+        if (change.set[i] && plan_->columns[i].type.counter && !IsNull(change.values[i]))
+            return false;
+    return !plan_->numberedTable.empty();
 }
 
 void RowWriter::Update(std::int64_t rowId, const RowChange& change)

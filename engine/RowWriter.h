@@ -40,6 +40,8 @@ public:
                         FieldRange range, Value* fields);
 
 private:
+    /// Whether the database's counter numbers the new row.
+    bool IsNumbered(const RowChange& change) const;
     Statement& InsertFor(const std::vector<bool>& set);
     Statement& UpdateFor(const std::vector<bool>& set);
     bool ReadRow(std::int64_t rowId, FieldRange range, Value* fields);

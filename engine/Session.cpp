@@ -1,11 +1,19 @@
 #include "engine/Session.h"
 
+#include <limits>
 #include <new>
 
 #include "engine/Compiler.h"
 #include "engine/Errors.h"
+#include "engine/Writer.h"
 
 namespace clb {
+namespace {
+
+/// Counters are numbers of 32 bits; the storage would go on to 64, and no program could read them.
+constexpr std::int64_t kLargestNumber = std::numeric_limits<std::int32_t>::max();
+
+}  // namespace
 
 void Connection::State::Open(const std::string& path)
 {
@@ -72,6 +80,7 @@ void Connection::State::ForgetSchema()
 {
     cache.Clear();
     catalogue.Forget();
+    lastNumbers_.clear();
     schemaVersion = -1;
 }
 
@@ -96,6 +105,38 @@ void Connection::State::StepWrite(Statement& statement)
             TakeBack();
         throw;
     }
+}
+
+void Connection::State::StepInsert(Statement& statement, const std::string& table)
+{
+    const std::int64_t left = kLargestNumber - LastNumber(table);
+    if (left <= 0)
+        throw refuse::NoNumberLeft(table);
+    StepWrite(statement);
+    if (database.ChangedRows() <= left)
+        return;
+    database.Run("DELETE FROM " + QuoteName(table) + " WHERE rowid > " +
+                 std::to_string(kLargestNumber - left));
+    throw refuse::NoNumberLeft(table);
+}
+
+/// The largest number that the table's counter has given, 0 before the first.
+std::int64_t Connection::State::LastNumber(const std::string& table)
+{
+    Statement& find = lastNumbers_[table];
+    if (!find) {
+        std::string sql = "SELECT ifnull(max(rowid), 0) AS n FROM " + QuoteName(table);
+        Statement keeps =
+            database.Prepare("SELECT 1 FROM sqlite_master WHERE name = 'sqlite_sequence'");
+        const ResetAtExit reset(keeps);
+        // It also keeps numbers whose rows are gone.
+        if (database.Step(keeps))
+            sql += " UNION ALL SELECT ifnull(max(seq), 0) FROM sqlite_sequence WHERE name = " +
+                   QuoteText(table) + " COLLATE NOCASE";
+        find = database.Prepare("SELECT max(n) FROM (" + sql + ")", true);
+    }
+    const ResetAtExit reset(find);
+    return database.Step(find) ? find.Integer(0) : 0;
 }
 
 void Connection::State::Settle()
@@ -151,7 +192,7 @@ void Connection::State::EndReading() noexcept
 
 bool Connection::State::ChangedElsewhere()
 {
-    if (!database.IsOpen() || database.InTransaction())
+    if (!database.IsOpen())
         return false;
     const Database::Impatient now(database);
     try {

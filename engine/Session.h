@@ -1,6 +1,7 @@
 #pragma once
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -43,6 +44,9 @@ struct Connection::State {
     /// Runs a statement that writes, behind BeginWrite. Trouble with the file gives up a group that
     /// is kept whole or not at all. Throws EngineError.
     void StepWrite(Statement& statement);
+    /// Runs an INSERT into a table whose counter numbers the new rows. Throws EngineError, with
+    /// nothing changed, when the counter has too few numbers left.
+    void StepInsert(Statement& statement, const std::string& table);
     /// Whether the pending group was given up with all that was in it.
     bool LostGroup() const { return pending && !database.InTransaction(); }
     void Settle();
@@ -61,6 +65,9 @@ private:
     void TakeBack() noexcept;
     /// Tries again to take an abandoned group back. Throws std::bad_alloc when it stays.
     void RequireTakenBack();
+    std::int64_t LastNumber(const std::string& table);
+
+    std::map<std::string, Statement> lastNumbers_;  ///< by table
 };
 
 /// Several reads in one block see one state of the file and lock it once. Does nothing inside the

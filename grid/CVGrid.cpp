@@ -36,6 +36,12 @@ void CVGrid::ColumnValue(std::int32_t column, const Value& value)
     inner_.ColumnValue(column, value);
 }
 
+bool CVGrid::IsAsStored()
+{
+    const GridComponent::Meanwhile found = inner_.RereadRow();
+    return !found.gone && found.columns.empty();
+}
+
 void CVGrid::ShowToolTips(bool show)
 {
     inner_.CellTips(show ? kTipsFetched : kTipsOff);

@@ -20,7 +20,8 @@ public:
     virtual void WindowEnabled(bool enabled) = 0;
     virtual void Pointer(std::int32_t code) = 0;
     /// Whether the rows may go into the account. An unknown or empty identifier is asked for; an
-    /// empty one comes back as the chosen account's. False when the user cancels.
+    /// empty one comes back as the chosen account's. False when the user cancels. The book is
+    /// locked when it returns true, so that the account stays what it was found to be.
     virtual bool CheckImportAccount(std::string& accountID) = 0;
     /// So much of the whole file is read; told for every row.
     virtual void ImportProgress(std::size_t part, std::size_t whole) = 0;

@@ -105,6 +105,11 @@ bool frmSelectAccount::CreateAccount()
                        kMessageTitle);
         return false;
     }
+    database_.Lock();
+    if (hasID_ && NumberTaken()) {
+        ShowInTree();
+        return true;
+    }
     if (accountID_.empty())
         accountID_ = NewIdentifier();
     Recordset accounts;
@@ -123,11 +128,39 @@ bool frmSelectAccount::MapAccount()
 {
     if (cmbAccountID.Index() < 0)
         return false;
+    database_.Lock();
+    if (hasID_ && NumberTaken())
+        return Refuse("Another program has meanwhile added an account with the number " +
+                      accountID_ + ". Please cancel and import the file again.");
+    if (!ListedAccountIsThere())
+        return Refuse("Another program has meanwhile deleted the account " + cmbAccountID.Text() +
+                      ". Please choose another one.");
     if (hasID_)
         MapToStatement();
     else
         MapToExisting();
     return true;
+}
+
+bool frmSelectAccount::Refuse(const std::string& why)
+{
+    messages_.Show(why, box_style::Exclamation, kMessageTitle);
+    return false;
+}
+
+/// Whether an account has the statement's number after all.
+bool frmSelectAccount::NumberTaken()
+{
+    const Connection::Untraced untraced(database_.Database());
+    return database_.RowExists("Account",
+                               "AccountID = '" + clsDatabase::ToSqlString(accountID_) + "'");
+}
+
+bool frmSelectAccount::ListedAccountIsThere()
+{
+    const Connection::Untraced untraced(database_.Database());
+    return database_.RowExists(
+        "Account", "Description = '" + clsDatabase::ToSqlString(cmbAccountID.Text()) + "'");
 }
 
 void frmSelectAccount::MapToStatement()

@@ -33,6 +33,9 @@ private:
     bool MapAccount();
     void MapToStatement();
     void MapToExisting();
+    bool Refuse(const std::string& why);
+    bool NumberTaken();
+    bool ListedAccountIsThere();
     std::string NewIdentifier();
     void ShowInTree();
     void FollowShownAccount();

@@ -1,5 +1,6 @@
 #include "import/modImport.h"
 
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
 #include "import/FileLines.h"
@@ -54,6 +55,8 @@ void modImport::ImportFile()
     const std::string path = host_.AskForFile(kDialogFlags, kDialogFilter);
     if (path.empty())
         return;
+    // A book that another program holds refuses the import before the window is disabled for it.
+    database_.Lock();
     const std::string statusBefore = host_.StatusText();
     host_.StatusText("Importing " + path + "...");
     host_.Repaint();
@@ -70,6 +73,16 @@ void modImport::ImportFile()
     host_.Pointer(pointer::Default);
     host_.StatusText(statusBefore);
     host_.WindowEnabled(true);
+}
+
+void modImport::StoreBalances()
+{
+    const Connection::Untraced untraced(database_.Database());
+    try {
+        UpdateBalances(database_);
+    } catch (const RuntimeError&) {
+        // The import's own update of the balances reports it.
+    }
 }
 
 bool modImport::ImportByFormat(const std::string& path)

@@ -50,6 +50,9 @@ public:
     const ImportCounts& Counts() const { return counts_; }
 
 private:
+    /// To be called before a message of an import that has stored rows: the message may wait long,
+    /// and the rows are made durable before it.
+    void StoreBalances();
     bool ImportByFormat(const std::string& path);
     std::string NewRun();
 

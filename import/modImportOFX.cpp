@@ -81,6 +81,7 @@ void OfxReader::Read(const std::string& path)
     accountID_ = scan::Value(text_, "<ACCTID>", account);
     if (!host_.CheckImportAccount(accountID_))
         return;
+    database_.Lock();
     database_.Fill(rows_,
                    "SELECT AccountID, PostDate, Amount, Description, FITID, CheckID, Period, Year, "
                    "Category, PayeeName AS Notes, Sequence FROM Trans WHERE AccountID = '" +
@@ -199,6 +200,7 @@ void modImport::ImportOFX(const std::string& path)
     try {
         reader.Read(path);
     } catch (const RuntimeError&) {
+        StoreBalances();
         messages_.Show("Invalid data was found while importing:\n" + reader.WorkingText() + "\n" +
                            reader.Text(),
                        box_style::Exclamation, kMessageTitle);

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "base/Date.h"
-#include "base/Money.h"
+#include "base/MoneySum.h"
 #include "base/Numeric.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -40,7 +40,8 @@ Section SectionOf(std::string_view header)
 }
 
 struct QifRecord {
-    Money amount;
+    MoneySum sum;  ///< of the amounts so far
+    Money amount;  ///< the sum, once the record has ended
     std::string checkID;
     std::string memo;
     std::string payee;
@@ -143,7 +144,7 @@ void QifReader::HandleField(char letter, std::string_view value)
         }
         case 'T':
             if (IsNumeric(value))
-                record_.amount = Money::Parse(value);
+                record_.sum = MoneySum(Money::Parse(value));
             break;
         case 'N': {
             const bool zero = IsNumeric(value) && std::nearbyint(ParseDouble(value)) == 0;
@@ -166,12 +167,13 @@ void QifReader::HandleCategoryField(char letter, std::string_view value)
         record_.group = clsDatabase::TruncateString(pieces[0], kTextLength);
         record_.category = clsDatabase::TruncateString(pieces[1], kTextLength);
     } else if (letter == 'B' && IsNumeric(value)) {
-        record_.amount = record_.amount + Money::Parse(value);
+        record_.sum += Money::Parse(value);
     }
 }
 
 void QifReader::EndRecord()
 {
+    record_.amount = record_.sum.Total();
     if (section_ == Section::Transactions)
         EndTransaction();
     else if (section_ == Section::Categories)
@@ -266,11 +268,13 @@ void modImport::ImportQIF(const std::string& path)
         return;
     QifReader reader(database_, view_, host_, {accountID, NewRun(), dateOrder_}, counts_);
     const std::string text = ReadStatement(path);
-    // A file of duplicates only would lock the data for each of its records.
+    // The file is kept whole or not at all.
     database_.Database().Group();
     reader.Read(text);
-    if (!reader.Skipped().empty())
-        messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, kMessageTitle);
+    if (reader.Skipped().empty())
+        return;
+    StoreBalances();
+    messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, kMessageTitle);
 }
 
 }  // namespace clb

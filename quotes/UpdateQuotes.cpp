@@ -1,29 +1,104 @@
 #include "quotes/UpdateQuotes.h"
 
-#include "base/Numeric.h"
+#include <vector>
+
 #include "base/RuntimeError.h"
 #include "data/clsDatabase.h"
+#include "engine/EngineError.h"
 #include "ports/IPointer.h"
 #include "quotes/clsStockQuote.h"
 
 namespace clb {
 namespace {
 
-void StoreLastPrices(clsDatabase& database, IQuoteHost& host, IHttpClient& http,
+/// A price that came for a row of the holdings.
+struct CameIn {
+    std::size_t row = 0;
+    std::string symbol;
+    Money price;
+};
+
+/// The command Update Quotes, from the first request to the last stored price. The requests may
+/// take long, so the book is locked only when the last answer is there.
+class Update {
+public:
+    Update(clsDatabase& database, IQuoteHost& host, IHttpClient& http, const std::string& service)
+        : database_(database), host_(host), quote_(http, service)
+    {
+        database_.Fill(holdings_, "SELECT StockSymbol, LastPrice FROM Investment", false);
+    }
+
+    /// Asks for every holding. Throws RuntimeError for the first one that fails; the answers before
+    /// it are kept.
+    void Ask()
+    {
+        const auto whole = static_cast<std::size_t>(holdings_.RecordCount());
+        for (std::size_t row = 0; row < whole; ++row)
+            AskFor(row, whole);
+    }
+    /// Stores what came. A holding that another program has deleted meanwhile, or given another
+    /// symbol, is left alone.
+    void Store()
+    {
+        if (cameIn_.empty())
+            return;
+        database_.Lock();
+        for (const CameIn& answer : cameIn_)
+            if (IsStillThere(answer)) {
+                holdings_.MoveTo(answer.row);
+                holdings_.Set("LastPrice", answer.price);
+                holdings_.Update();
+            }
+    }
+
+private:
+    void AskFor(std::size_t row, std::size_t whole)
+    {
+        const std::string symbol = ToText(holdings_.At(row, kSymbol));
+        host_.QuoteProgress(row, whole, symbol);
+        quote_.Symbol(symbol);
+        // A price that is not a number ends the command.
+        if (quote_.Change() != "N/A")
+            cameIn_.push_back({row, symbol, ToMoney(quote_.Quote())});
+    }
+    bool IsStillThere(const CameIn& answer)
+    {
+        try {
+            holdings_.Reread(answer.row);
+            return ToText(holdings_.At(answer.row, kSymbol)) == answer.symbol;
+        } catch (const EngineError& error) {
+            if (error.Number() != engine_errors::RowVanished)
+                throw;
+            return false;
+        }
+    }
+
+    static constexpr std::size_t kSymbol = 0;
+
+    clsDatabase& database_;
+    IQuoteHost& host_;
+    clsStockQuote quote_;
+    Recordset holdings_;
+    std::vector<CameIn> cameIn_;
+};
+
+/// Whether all of it went well. Prices that came before a failure are stored.
+bool StoreLastPrices(clsDatabase& database, IQuoteHost& host, IHttpClient& http,
                      const std::string& service)
 {
-    Recordset holdings;
-    database.Fill(holdings, "SELECT StockSymbol, LastPrice FROM Investment", false);
-    clsStockQuote quote(http, service);
-    // Leaving a changed row saves it.
-    const auto whole = static_cast<std::size_t>(holdings.RecordCount());
-    for (std::size_t part = 0; !holdings.AtEnd(); holdings.MoveNext(), ++part) {
-        const std::string symbol = ToText(holdings.Get("StockSymbol"));
-        host.QuoteProgress(part, whole, symbol);
-        quote.Symbol(symbol);
-        if (quote.Change() != "N/A" && IsNumeric(quote.Quote()))
-            holdings.Set("LastPrice", quote.Quote());
+    bool answered = true;
+    try {
+        Update update(database, host, http, service);
+        try {
+            update.Ask();
+        } catch (const RuntimeError&) {
+            answered = false;
+        }
+        update.Store();
+    } catch (const RuntimeError&) {
+        return false;
     }
+    return answered;
 }
 
 }  // namespace
@@ -35,15 +110,10 @@ void UpdateQuotes(clsDatabase& database, IQuoteHost& host, IMessageBox& messages
     host.StatusText("Updating quotes...");
     host.Repaint();
     host.Pointer(pointer::Hourglass);
-    bool failed = false;
-    try {
-        StoreLastPrices(database, host, http, service);
-    } catch (const RuntimeError&) {
-        failed = true;
-    }
+    const bool done = StoreLastPrices(database, host, http, service);
     host.Pointer(pointer::Default);
     host.StatusText(remembered);
-    if (failed)
+    if (!done)
         messages.Show("Unable to update quotes.", box_style::Exclamation, title);
 }
 

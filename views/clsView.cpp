@@ -91,19 +91,15 @@ void clsView::BuildTree()
     tree.Expand(root, true);
     AddNode(root, "", "Budget", std::to_string(vwBudget));
 
-    Recordset accounts;
-    database_->Fill(accounts, "SELECT * FROM Account ORDER BY Type, Description", true);
     std::string previousType;
     std::int32_t typeNode = root;
-    for (; !accounts.AtEnd(); accounts.MoveNext()) {
-        const std::string type = ToText(accounts.Get("Type"));
-        if (type != previousType) {
-            previousType = type;
-            typeNode = AddNode(root, type, type, std::to_string(vwAccountType));
+    for (const TreeLine& line : TreeLines()) {
+        if (line.type != previousType) {
+            previousType = line.type;
+            typeNode = AddNode(root, line.type, line.type, std::to_string(vwAccountType));
             tree.Expand(typeNode, true);
         }
-        AddNode(typeNode, "", ToText(accounts.Get("Description")),
-                AccountTag(ViewFromAccountType(type), ToText(accounts.Get("AccountID"))));
+        AddNode(typeNode, "", line.text, line.tag);
     }
     treeIsWhole_ = true;
     treeBuilt_.emit();
@@ -117,6 +113,43 @@ TreeNode clsView::ShownNode() const
     if (view_ == vwAccountType)
         node.key = node.text = accountType_;
     return node;
+}
+
+std::vector<clsView::TreeLine> clsView::TreeLines()
+{
+    Recordset accounts;
+    database_->Fill(accounts, "SELECT * FROM Account ORDER BY Type, Description", true);
+    std::vector<TreeLine> lines;
+    for (; !accounts.AtEnd(); accounts.MoveNext()) {
+        const std::string type = ToText(accounts.Get("Type"));
+        lines.push_back({type, ToText(accounts.Get("Description")),
+                         AccountTag(ViewFromAccountType(type), ToText(accounts.Get("AccountID")))});
+    }
+    return lines;
+}
+
+bool clsView::TreeIsCurrent()
+{
+    const Tree& tree = targets_.tree;
+    std::vector<TreeLine> shown;
+    for (std::int32_t node = 1; node <= tree.Count(); ++node)
+        if (const TreeNode& line = tree.Node(node); line.tag.find(kTagDivider) != line.tag.npos)
+            shown.push_back({line.parent > 1 ? tree.Node(line.parent).text : std::string(),
+                             line.text, line.tag});
+    return shown == TreeLines();
+}
+
+void clsView::ReadAnew()
+{
+    GridComponent& grid = targets_.grid.Component();
+    if (grid.Dirty() || grid.Editing())
+        return;
+    database_->RowsRead();
+    grid.ReadRowsAnew();
+    RefreshTotals();
+    if (view_ == vwAccount)
+        ListCategories();
+    EnableDisable();
 }
 
 std::int32_t clsView::FindTreeNodeByTag(const std::string& tag) const

@@ -67,6 +67,12 @@ public:
     bool TreeIsWhole() const { return treeIsWhole_; }
     /// The tree's node of what is shown, made up from the view's own state: tag, text and key.
     TreeNode ShownNode() const;
+    /// Whether the tree lists the accounts as they are stored now.
+    bool TreeIsCurrent();
+    /// Reads what is shown again because another program has written it: rows, totals, lists,
+    /// enabled commands. The user's place and the layout stay; nothing is raised. Does nothing for
+    /// the rows while one has unsaved changes.
+    void ReadAnew();
     /// 4, 5 or 6 for the five account types, compared exactly; 0 for any other text.
     static std::int32_t ViewFromAccountType(const std::string& type);
     /// Number of the first node with the tag; 0 when there is none.
@@ -104,6 +110,7 @@ public:
 private:
     void LayOut();
     void LayOutAccount();
+    void ListCategories();
     void LayOutLoan();
     void LayOutInvestment();
     void LayOutAccountType();
@@ -114,6 +121,14 @@ private:
     void Hide(std::int32_t first, std::int32_t last);
     void PlaceTotals(std::int32_t first, std::int32_t second);
     void KeepWidth(std::int32_t column, std::int32_t pixels);
+    /// An account's line in the tree.
+    struct TreeLine {
+        std::string type;
+        std::string text;
+        std::string tag;
+        bool operator==(const TreeLine&) const = default;
+    };
+    std::vector<TreeLine> TreeLines();
     std::int32_t AddNode(std::int32_t parent, const std::string& key, const std::string& text,
                          const std::string& tag);
     void DecideExport();

@@ -109,8 +109,16 @@ void clsView::LayOutAccount()
     Caption(4, "Check #");
     Caption(5, "Category");
     Hide(7, 12);
-    GridColumn& category = targets_.grid.Columns().Item(5);
-    category.popup = GridPopup{cell_control::ComboBox, kPopupRows, kPopupWidth};
+    targets_.grid.Columns().Item(5).popup =
+        GridPopup{cell_control::ComboBox, kPopupRows, kPopupWidth};
+    ListCategories();
+    targets_.lblTotal.Caption("Balance:");
+}
+
+void clsView::ListCategories()
+{
+    auto& listed = targets_.grid.Columns().Item(5).valueItems;
+    listed.clear();
     // The month is taken from the two controls, not from the view's own; settled.
     Recordset categories;
     database_->Fill(categories,
@@ -119,9 +127,8 @@ void clsView::LayOutAccount()
                     true);
     for (; !categories.AtEnd(); categories.MoveNext()) {
         const Value& name = categories.Get("Category");
-        category.valueItems.push_back({name, ToText(name)});
+        listed.push_back({name, ToText(name)});
     }
-    targets_.lblTotal.Caption("Balance:");
 }
 
 void clsView::LayOutLoan()

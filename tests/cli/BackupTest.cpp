@@ -3,6 +3,11 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include <future>
+#include <set>
+
+#include "data/Backups.h"
+#include "engine/Backup.h"
 #include "engine/Connection.h"
 
 namespace clb {
@@ -86,6 +91,82 @@ TEST_F(BackupTest, ADatabaseInUseIsNotReplaced)
 
     EXPECT_THAT(Err(), HasSubstr("is in use by another program. Close the other program"));
     EXPECT_TRUE(folder.Read("books/db/clb.mdb") == before);
+}
+
+TEST_F(BackupTest, WhatIsNotAWholeBookIsNotRestored)
+{
+    const std::string letter = folder.Write("letter.txt", "Dear bank");
+    const std::string before = folder.Read("books/db/clb.mdb");
+
+    EXPECT_EQ(Run("restore '" + letter + "'" + Home()), 1);
+    EXPECT_EQ(Err(), "clb: The file '" + letter + "' is not a backup: it is not a database.\n");
+    EXPECT_EQ(Run("restore '" + folder.Path("books") + "'" + Home()), 1);
+    EXPECT_EQ(Err(), "clb: The file '" + folder.Path("books") + "' is a folder, not a backup.\n");
+
+    EXPECT_TRUE(folder.Read("books/db/clb.mdb") == before);
+}
+
+TEST_F(BackupTest, AFileInPlaceOfTheFolderIsFoundByCheck)
+{
+    folder.Write("books/db/backup", "");
+
+    EXPECT_EQ(Run("check --json" + Home()), 2);
+
+    const Json findings = Json::parse(Out())["findings"];
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings[0]["kind"], "backup");
+    EXPECT_EQ(findings[0]["text"], "The daily backup failed; there is no good one. The file '" +
+                                       folder.Path("books/db/backup") + "' is not a folder.");
+}
+
+TEST_F(BackupTest, AFailedDailyBackupIsFoundByCheckUntilOneIsMade)
+{
+    // Symptom: nobody was told that the daily backup failed.
+    ASSERT_EQ(Run("backup" + Home()), 0) << Err();
+    EXPECT_EQ(Run("check" + Home()), 0) << Out();
+    Backups backups(folder.Path("books"));
+    backups.Keep({false, "2026-11-20", "The disk is full."});
+
+    EXPECT_EQ(Run("check" + Home()), 2);
+    EXPECT_THAT(Out(), HasSubstr("1. The daily backup failed; the last good one is of 2026-11-20. "
+                                 "The disk is full.\n"));
+    ASSERT_EQ(Run("backup" + Home()), 0) << Err();
+    EXPECT_EQ(Run("check" + Home()), 0) << Out();
+}
+
+TEST_F(BackupTest, SeveralAtOnceMakeSoundCopiesOfTheirOwn)
+{
+    std::vector<std::future<std::string>> all;
+    for (int program = 0; program < 4; ++program)
+        all.push_back(std::async(std::launch::async, [&, program] {
+            const std::string out = folder.Path("out" + std::to_string(program));
+            const std::string command =
+                "'" CLB_PROGRAM "' backup" + Home() + " >'" + out + "' 2>&1";
+            EXPECT_EQ(std::system(command.c_str()), 0);
+            return folder.Read("out" + std::to_string(program));
+        }));
+    std::set<std::string> made;
+    for (auto& one : all)
+        made.insert(one.get());
+
+    EXPECT_EQ(made.size(), 4U);
+    const Backups backups(folder.Path("books"));
+    EXPECT_EQ(backups.Names().size(), 4U);
+    for (const std::string& name : backups.Names())
+        EXPECT_EQ(FaultsOf(backups.PathOf(name)), std::vector<std::string>()) << name;
+}
+
+TEST_F(BackupTest, AnUpdateWithoutABackupIsTold)
+{
+    Sql("ALTER TABLE _SchemaVersion DROP COLUMN 2");
+    Sql("ALTER TABLE _SchemaVersion ADD COLUMN 1 LONG");
+    Sql("ALTER TABLE Account DROP COLUMN BudgetInclude");
+    folder.Write("books/db/backup", "");
+
+    EXPECT_EQ(Run("accounts" + Home()), 0);
+
+    EXPECT_EQ(Err(), "No backup was made before the data was brought up to date. The file '" +
+                         folder.Path("books/db/backup") + "' is not a folder.\n");
 }
 
 TEST_F(BackupTest, TheProgramsFilesAreForTheUserAlone)

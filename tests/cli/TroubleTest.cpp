@@ -113,7 +113,8 @@ TEST_F(TroubleTest, AFullDiskChangesNothing)
     EXPECT_TRUE(disk.Read("books/db/clb.mdb") == before);
     std::size_t backups = 0;
     for (const auto& entry : std::filesystem::directory_iterator(disk.Path("books/db/backup")))
-        backups += entry.file_size() == before.size() ? 1U : 100U;
+        if (entry.path().filename() != "order")
+            backups += entry.file_size() == before.size() ? 1U : 100U;
     EXPECT_EQ(backups, 1U);
 }
 

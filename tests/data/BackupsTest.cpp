@@ -1,48 +1,19 @@
 #include "data/Backups.h"
 
-#include <gmock/gmock.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include "engine/EngineError.h"
-#include "tests/data/StoreFixture.h"
+#include <chrono>
+#include <future>
+
+#include "tests/data/BackupsFixture.h"
+#include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/SmallDisk.h"
 
 namespace clb {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-class BackupsTest : public StoreTest {
-protected:
-    static Date Day(const std::string& iso) { return Date::FromIso(iso).value_or(Date()); }
-    /// Empty files stand for copies of other days.
-    void AddCopies(const std::vector<std::string>& names) const
-    {
-        for (const std::string& name : names)
-            folder_.Write("db/backup/clb-" + name + ".mdb", "");
-    }
-    mode_t ModeOf(const std::string& name) const
-    {
-        struct stat status {};
-        stat(folder_.Path(name).c_str(), &status);
-        return status.st_mode & 0777;
-    }
-    std::vector<std::string> AccountsIn(const std::string& path)
-    {
-        Connection connection;
-        connection.Open("Data Source=" + path);
-        Recordset rows = connection.Execute("SELECT AccountID FROM Account");
-        return Lines(rows);
-    }
-    void CloseStore()
-    {
-        store_->Database().Settle();
-        store_.reset();
-    }
-
-    Backups backups_{folder_.Path()};
-};
 
 TEST_F(BackupsTest, ADayGetsOneCopyForTheUserAlone)
 {
@@ -72,6 +43,213 @@ TEST_F(BackupsTest, TenDaysStayAndTheFirstOfEachMonth)
                 ElementsAre("2026-09-29", "2026-10-07", "2026-11-02", "2026-11-12", "2026-11-13",
                             "2026-11-14", "2026-11-15", "2026-11-16", "2026-11-17", "2026-11-18",
                             "2026-11-19", "2026-11-20", "2026-11-21"));
+}
+
+TEST_F(BackupsTest, AClockThatWasOnceAheadCostsNoCopy)
+{
+    // Symptom: the copies of 2030 stayed the newest for ever, and each new one was removed at once.
+    for (int day = 10; day < 22; ++day)
+        backups_.Daily(Day("2030-01-" + std::to_string(day)));
+    for (int day = 10; day < 22; ++day) {
+        EXPECT_EQ(backups_.Daily(Day("2026-11-" + std::to_string(day))), std::nullopt);
+        EXPECT_EQ(backups_.Names().back(), "2026-11-" + std::to_string(day));
+    }
+
+    EXPECT_THAT(backups_.Names(),
+                ElementsAre("2030-01-10", "2026-11-10", "2026-11-12", "2026-11-13", "2026-11-14",
+                            "2026-11-15", "2026-11-16", "2026-11-17", "2026-11-18", "2026-11-19",
+                            "2026-11-20", "2026-11-21"));
+}
+
+TEST_F(BackupsTest, TheOrderOutlivesACopyOfTheFolder)
+{
+    for (const char* day : {"2030-01-10", "2026-11-20", "2026-11-21"})
+        backups_.Daily(Day(day));
+    // All times are the same then.
+    for (const std::string& name : backups_.Names())
+        std::filesystem::last_write_time(backups_.PathOf(name),
+                                         std::filesystem::file_time_type::clock::now());
+
+    EXPECT_THAT(backups_.Names(), ElementsAre("2030-01-10", "2026-11-20", "2026-11-21"));
+    EXPECT_EQ(backups_.LastGood(), "2026-11-21");
+}
+
+TEST_F(BackupsTest, WithoutTheListTheTimesOfTheFilesTellTheOrder)
+{
+    using std::chrono::hours;
+    const auto now = std::filesystem::file_time_type::clock::now();
+    AddCopies({"2026-11-20", "2026-11-21", "2027-01-01", "2030-01-10"});
+    std::filesystem::last_write_time(backups_.PathOf("2030-01-10"), now + hours(20000));
+    std::filesystem::last_write_time(backups_.PathOf("2027-01-01"), now - hours(30));
+    std::filesystem::last_write_time(backups_.PathOf("2026-11-20"), now - hours(20));
+    std::filesystem::last_write_time(backups_.PathOf("2026-11-21"), now - hours(10));
+    folder_.Write("db/backup/order", "\x01\xff no list\n\n2026-11-99\t1 2\n");
+
+    EXPECT_THAT(backups_.Names(),
+                ElementsAre("2030-01-10", "2027-01-01", "2026-11-20", "2026-11-21"));
+}
+
+TEST_F(BackupsTest, AnEmptyFileOfTodaysNameIsReplaced)
+{
+    // Symptom: an empty file of today's name kept the day's backup from being made.
+    folder_.Write("db/backup/clb-2026-11-21.mdb", "");
+    EXPECT_FALSE(backups_.HasDay(Day("2026-11-21")));
+
+    EXPECT_EQ(backups_.Daily(Day("2026-11-21")), std::nullopt);
+
+    EXPECT_TRUE(backups_.HasDay(Day("2026-11-21")));
+    EXPECT_EQ(backups_.LastGood(), "2026-11-21");
+}
+
+TEST_F(BackupsTest, ABrokenFileOfTodaysNameIsPutAside)
+{
+    for (const std::string& broken : {Damaged(), Damaged().substr(0, 5000), std::string("text")}) {
+        folder_.Write("db/backup/clb-2026-11-21.mdb", broken);
+        std::filesystem::remove(folder_.Path("db/backup/clb-2026-11-21.mdb.damaged"));
+        EXPECT_FALSE(backups_.HasDay(Day("2026-11-21")));
+
+        EXPECT_EQ(backups_.Daily(Day("2026-11-21")), std::nullopt);
+
+        EXPECT_EQ(backups_.LastGood(), "2026-11-21");
+        EXPECT_TRUE(folder_.Read("db/backup/clb-2026-11-21.mdb.damaged") == broken);
+    }
+}
+
+TEST_F(BackupsTest, ASoundCopyOfTodayThatAnotherVersionMadeStays)
+{
+    AddCopies({"2026-11-21"});
+    AddAccount("1", "Bank");
+    Store().Database().Settle();
+    EXPECT_FALSE(backups_.HasDay(Day("2026-11-21")));
+
+    EXPECT_EQ(backups_.Daily(Day("2026-11-21")), std::nullopt);
+
+    EXPECT_TRUE(backups_.HasDay(Day("2026-11-21")));
+    EXPECT_THAT(AccountsIn(backups_.PathOf("2026-11-21")), IsEmpty());
+    EXPECT_FALSE(folder_.Holds("db/backup/clb-2026-11-21.mdb.damaged"));
+}
+
+TEST_F(BackupsTest, ABrokenCopyTakesNoPlaceOfASoundOne)
+{
+    for (int day = 10; day < 20; ++day)
+        AddCopies({"2026-10-" + std::to_string(day)});
+    for (int day = 10; day < 20; ++day)
+        folder_.Write("db/backup/clb-2026-11-" + std::to_string(day) + ".mdb", "");
+
+    backups_.Daily(Day("2026-11-21"));
+
+    for (int day = 10; day < 20; ++day)
+        EXPECT_TRUE(folder_.Holds("db/backup/clb-2026-10-" + std::to_string(day) + ".mdb")) << day;
+}
+
+TEST_F(BackupsTest, AFailureIsKeptUntilACopyIsMade)
+{
+    backups_.Daily(Day("2026-11-20"));
+    CloseStore();
+    const std::string sound = folder_.Read("db/clb.mdb");
+    folder_.Write("db/clb.mdb", "no database");
+    const auto failure = backups_.Daily(Day("2026-11-21"));
+
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_EQ(Backups(folder_.Path()).KeptFailure(), failure);
+    EXPECT_EQ(failure->Text(),
+              "The daily backup failed; the last good one is of 2026-11-20. The database file '" +
+                  folder_.Path("db/clb.mdb") + "' is damaged or is no database.");
+    folder_.Write("db/clb.mdb", sound);
+    backups_.Make(Day("2026-11-21"));
+
+    EXPECT_EQ(backups_.Failure(), std::nullopt);
+}
+
+TEST_F(BackupsTest, AFileInPlaceOfTheFolderIsReported)
+{
+    folder_.Write("db/backup", "");
+
+    const auto failure = backups_.Daily(Day("2026-11-21"));
+
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_FALSE(failure->damaged);
+    EXPECT_EQ(failure->Text(), "The daily backup failed; there is no good one. The file '" +
+                                   folder_.Path("db/backup") + "' is not a folder.");
+    EXPECT_EQ(backups_.Failure(), failure);
+}
+
+TEST_F(BackupsTest, AFolderThatMayNotBeWrittenIsReported)
+{
+    CloseStore();
+    backups_.Daily(Day("2026-11-20"));
+    chmod(folder_.Path("db/backup").c_str(), 0500);
+    const AsOrdinaryUser user({folder_.Path(), folder_.Path("db"), folder_.Path("db/clb.mdb"),
+                               folder_.Path("db/backup"), backups_.PathOf("2026-11-20")});
+
+    const auto failure = backups_.Daily(Day("2026-11-21"));
+
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_THAT(failure->Text(), testing::StartsWith("The daily backup failed; the last good one "
+                                                     "is of 2026-11-20. "));
+    EXPECT_EQ(backups_.Failure()->reason,
+              "The file '" + folder_.Path("db/backup") + "' cannot be written: Permission denied.");
+    chmod(folder_.Path("db/backup").c_str(), 0700);
+}
+
+TEST_F(BackupsTest, AFullDiskIsReportedAndLeavesNothingHalf)
+{
+    const SmallDisk disk;
+    if (!disk.Mounted())
+        GTEST_SKIP() << "this machine lets a test mount nothing";
+    std::filesystem::create_directory(disk.Path("db"));
+    std::ofstream(disk.Path("db/clb.mdb"), std::ios::binary) << EmptyDatabase();
+    Backups backups(disk.Path());
+    ASSERT_EQ(backups.Daily(Day("2026-11-20")), std::nullopt);
+    disk.Fill();
+
+    const auto failure = backups.Daily(Day("2026-11-21"));
+
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_EQ(failure->Text(),
+              "The daily backup failed; the last good one is of 2026-11-20. The "
+              "database file '" +
+                  disk.Path("db/backup/clb-2026-11-21.mdb") + "' cannot grow: the disk is full.");
+    EXPECT_THAT(backups.Names(), ElementsAre("2026-11-20"));
+    // Not even the failure could be written.
+    EXPECT_EQ(backups.KeptFailure(), std::nullopt);
+    ASSERT_TRUE(backups.Failure().has_value());
+    EXPECT_EQ(backups.Failure()->reason, "The disk of '" + disk.Path("db/backup") +
+                                             "' has no room for a copy of the database.");
+    std::filesystem::remove(disk.Path("filler"));
+    EXPECT_EQ(backups.Daily(Day("2026-11-21")), std::nullopt);
+    EXPECT_EQ(backups.Failure(), std::nullopt);
+}
+
+TEST_F(BackupsTest, ManyAtOnceMakeOne)
+{
+    std::vector<std::future<std::optional<BackupFailure>>> all;
+    for (int program = 0; program < 8; ++program)
+        all.push_back(std::async(std::launch::async,
+                                 [&] { return Backups(folder_.Path()).Daily(Day("2026-11-21")); }));
+
+    for (auto& one : all)
+        EXPECT_EQ(one.get(), std::nullopt);
+    EXPECT_THAT(backups_.Names(), ElementsAre("2026-11-21"));
+    EXPECT_EQ(backups_.LastGood(), "2026-11-21");
+    std::size_t files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_.Path("db/backup")))
+        files += entry.is_regular_file() ? 1U : 0U;
+    EXPECT_EQ(files, 2U) << "the copy and the list";
+}
+
+TEST_F(BackupsTest, BeforeSomethingRiskyEachCopyHasANameOfItsOwn)
+{
+    EXPECT_EQ(backups_.Before("repair", Day("2026-11-22 10:00:00")),
+              backups_.PathOf("2026-11-22-before-repair"));
+    EXPECT_EQ(backups_.Before("repair", Day("2026-11-22 10:00:00")),
+              backups_.PathOf("2026-11-22-before-repair-2"));
+    folder_.Write("db/clb.mdb", Damaged());
+
+    EXPECT_THROW(backups_.Before("import", Day("2026-11-22")), EngineError);
+
+    EXPECT_THAT(backups_.Names(),
+                ElementsAre("2026-11-22-before-repair", "2026-11-22-before-repair-2"));
 }
 
 TEST_F(BackupsTest, CopiesMadeOnPurposeAndOtherFilesStay)
@@ -108,14 +286,20 @@ TEST_F(BackupsTest, ACopyOfADamagedDatabaseIsNoBackupAndRemovesNone)
     for (int day = 10; day < 25; ++day)
         names.push_back("2026-10-" + std::to_string(day));
     AddCopies(names);
-    std::string bytes(EmptyDatabase());
-    bytes.replace(bytes.size() - 4096, 4096, std::string(4096, '\x55'));
-    folder_.Write("db/clb.mdb", bytes);
+    folder_.Write("db/clb.mdb", Damaged());
 
-    EXPECT_THROW(backups_.Daily(Day("2026-11-21")), EngineError);
+    const auto failure = backups_.Daily(Day("2026-11-21"));
 
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_TRUE(failure->damaged);
+    EXPECT_EQ(failure->lastGood, "2026-10-24");
+    EXPECT_THAT(failure->Text(),
+                testing::StartsWith("The daily backup failed; the last good one "
+                                    "is of 2026-10-24. The file '" +
+                                    folder_.Path("db/clb.mdb") + "' is damaged: "));
+    EXPECT_EQ(backups_.KeptFailure(), failure);
     EXPECT_EQ(backups_.Names(), names);
-    EXPECT_TRUE(folder_.Read("db/clb.mdb") == bytes);
+    EXPECT_TRUE(folder_.Read("db/clb.mdb") == Damaged());
     for (const auto& entry : std::filesystem::directory_iterator(folder_.Path("db")))
         EXPECT_EQ(entry.path().string().find(".new"), std::string::npos) << entry.path();
 }
@@ -146,6 +330,19 @@ TEST_F(BackupsTest, AnUpgradeIsPrecededByACopyOfTheOldSchema)
     EXPECT_EQ(before.Execute("SELECT * FROM _SchemaVersion").Fields().front().name, "1");
 }
 
+TEST_F(BackupsTest, AnUpgradeWithoutACopyIsReportedAndDone)
+{
+    Execute("ALTER TABLE _SchemaVersion DROP COLUMN 2");
+    Execute("ALTER TABLE _SchemaVersion ADD COLUMN 1 LONG");
+    Execute("ALTER TABLE Account DROP COLUMN BudgetInclude");
+    CloseStore();
+    folder_.Write("db/backup", "");
+
+    EXPECT_EQ(backups_.BeforeUpgrade(Day("2026-11-21")),
+              "No backup was made before the data was brought up to date. The file '" +
+                  folder_.Path("db/backup") + "' is not a folder.");
+}
+
 TEST_F(BackupsTest, WithoutAnUpgradeThereIsNoCopy)
 {
     backups_.BeforeUpgrade(Day("2026-11-21"));
@@ -156,79 +353,6 @@ TEST_F(BackupsTest, WithoutAnUpgradeThereIsNoCopy)
     folder_.Write("db/clb.mdb", "no database");
     backups_.BeforeUpgrade(Day("2026-11-21"));
 
-    EXPECT_THAT(backups_.Names(), IsEmpty());
-}
-
-TEST_F(BackupsTest, ARestoredBackupTakesThePlaceOfTheDatabaseWhichIsKept)
-{
-    AddAccount("1", "Bank");
-    Store().Database().Settle();
-    const std::string backup = backups_.Make(Day("2026-11-20"));
-    AddAccount("2", "Bank");
-    CloseStore();
-
-    const auto kept = backups_.Restore(backup, Day("2026-11-21"));
-
-    EXPECT_THAT(AccountsIn(folder_.Path("db/clb.mdb")), ElementsAre("1"));
-    ASSERT_EQ(kept, backups_.PathOf("2026-11-21-before-restore"));
-    EXPECT_THAT(AccountsIn(*kept), ElementsAre("1", "2"));
-    EXPECT_THAT(AccountsIn(backup), ElementsAre("1"));
-    EXPECT_EQ(ModeOf("db/clb.mdb"), 0600u);
-}
-
-TEST_F(BackupsTest, ADamagedBackupIsRefusedAndTheDatabaseStays)
-{
-    std::string bytes(EmptyDatabase());
-    bytes.replace(bytes.size() - 4096, 4096, std::string(4096, '\x55'));
-    const std::string damaged = folder_.Write("stick/damaged.mdb", bytes);
-    const std::string before = folder_.Read("db/clb.mdb");
-
-    try {
-        backups_.Restore(damaged, Day("2026-11-21"));
-        FAIL() << "nothing was refused";
-    } catch (const EngineError& error) {
-        EXPECT_THAT(error.what(), testing::StartsWith("The file '" + damaged + "' is damaged: "));
-    }
-
-    EXPECT_TRUE(folder_.Read("db/clb.mdb") == before);
-    EXPECT_THAT(backups_.Names(), IsEmpty());
-}
-
-TEST_F(BackupsTest, WhatIsNoBackupOfThisProgramIsRefused)
-{
-    Connection::CreateFile(folder_.Path("other.mdb"), "CREATE TABLE Recipe (Name TEXT);");
-    const std::string before = folder_.Read("db/clb.mdb");
-
-    try {
-        backups_.Restore(folder_.Path("other.mdb"), Day("2026-11-21"));
-        ADD_FAILURE() << "no error";
-    } catch (const EngineError& error) {
-        EXPECT_EQ(std::string(error.what()), "The file '" + folder_.Path("other.mdb") +
-                                                 "' is no copy of this program's database.");
-    }
-
-    EXPECT_TRUE(folder_.Read("db/clb.mdb") == before);
-}
-
-TEST_F(BackupsTest, ADatabaseThatIsGoneIsRestoredToItsPlace)
-{
-    const std::string backup = folder_.Write("stick/clb.mdb", EmptyDatabase());
-    std::filesystem::remove_all(folder_.Path("db"));
-
-    EXPECT_EQ(backups_.Restore(backup, Day("2026-11-21")), std::nullopt);
-
-    EXPECT_THAT(AccountsIn(folder_.Path("db/clb.mdb")), IsEmpty());
-}
-
-TEST_F(BackupsTest, ADatabaseInUseIsNotReplaced)
-{
-    AddAccount("1", "Bank");
-    Store().Database().Settle();
-    const std::string backup = folder_.Write("stick/clb.mdb", EmptyDatabase());
-
-    EXPECT_THROW(backups_.Restore(backup, Day("2026-11-21")), EngineError);
-
-    EXPECT_THAT(AccountsIn(folder_.Path("db/clb.mdb")), ElementsAre("1"));
     EXPECT_THAT(backups_.Names(), IsEmpty());
 }
 

@@ -85,12 +85,54 @@ TEST_F(BudgetTest, TheTargetsOwnSetAsideLineStays)
     EXPECT_EQ(BudgetOf(2006, 3), (Texts{"(none)|Mine|5", "Food|Living|200"}));
 }
 
-TEST_F(BudgetTest, AGoneCategoryWithAQuoteIsTheEnginesError)
+/// A category with two quotes once became a statement of another meaning: it booked every
+/// transaction of the month, or those of another category, to "(none)".
+TEST_F(BudgetTest, AGoneCategoryWithAQuoteIsTheEnginesErrorAndChangesNothing)
 {
-    AddBudget("Food", "Living", "200", 2006, 2);
+    for (const char* gone : {"Kid's", "Kids''", "a''b", "x' OR 'a'='a", "'"}) {
+        SCOPED_TRACE(gone);
+        Execute("DELETE FROM Budget");
+        Execute("DELETE FROM Trans");
+        AddBudget("Food", "Living", "200", 2006, 2);
+        AddBudget("Food", "Old", "1", 2006, 3);
+        AddBudget("Fuel", "Car", "90", 2006, 3);
+        AddBudget(clsDatabase::ToSqlString(gone), "Family", "5", 2006, 3);
+        AddTransaction(1, "10", "-5", 2006, 3, "Fuel");
+        AddTransaction(2, "10", "-5", 2006, 3, "a''b");
+        const Texts lines = BudgetOf(2006, 3);
+
+        try {
+            Store().CopyBudget(2006, 2, 2006, 3);
+            ADD_FAILURE() << "it was copied";
+        } catch (const EngineError& error) {
+            EXPECT_EQ(error.Number(), engine_errors::Syntax);
+            EXPECT_STREQ(error.what(), "Syntax error near ''' in the statement.");
+        }
+
+        EXPECT_EQ(BudgetOf(2006, 3), lines);
+        EXPECT_EQ(Rows("SELECT Category FROM Trans ORDER BY Sequence"), (Texts{"Fuel", "a'b"}));
+    }
+}
+
+TEST_F(BudgetTest, CategoriesWithQuotesThatStayAreCopied)
+{
+    AddBudget("Kid''s", "Family", "5", 2006, 2);
+    AddBudget("Dad''s", "Family", "7", 2006, 2);
+    AddBudget("Kid''s", "Old", "1", 2006, 3);
+    AddBudget("Fuel", "Car", "90", 2006, 3);
+
+    Store().CopyBudget(2006, 2, 2006, 3);
+
+    EXPECT_EQ(BudgetOf(2006, 3), (Texts{"(none)|(none)|0", "Dad's|Family|7", "Kid's|Family|5"}));
+}
+
+TEST_F(BudgetTest, AnEmptySourceMonthLeavesACategoryWithAQuoteAlone)
+{
     AddBudget("Kid''s", "Family", "5", 2006, 3);
 
-    EXPECT_THROW(Store().CopyBudget(2006, 2, 2006, 3), EngineError);
+    Store().CopyBudget(2006, 2, 2006, 3);
+
+    EXPECT_EQ(BudgetOf(2006, 3), Texts{"Kid's|Family|5"});
 }
 
 TEST_F(BudgetTest, ATransactionMovesAcrossYearEnds)

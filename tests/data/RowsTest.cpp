@@ -107,7 +107,14 @@ TEST_F(RowsTest, NextNumberIsOneMoreThanTheLargest)
     Execute("DELETE FROM Trans WHERE Sequence = 7");
     EXPECT_EQ(Store().GetNextSequence(), 1);
     AddTransaction(2147483647, "10", "1", 2006, 3);
-    EXPECT_THROW(Store().GetNextSequence(), RuntimeError);
+    try {
+        Store().GetNextSequence();
+        ADD_FAILURE() << "there is a number";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), errors::Overflow);
+        EXPECT_STREQ(error.what(),
+                     "No number is left for a new transaction: one has the largest already.");
+    }
 }
 
 TEST_F(RowsTest, ARowOfNoViewIsValidAsItIs)

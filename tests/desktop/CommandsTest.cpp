@@ -244,6 +244,99 @@ TEST_F(CommandsTest, ARefusedRowKeepsTheMonth)
     EXPECT_EQ(books_.messages.boxes[0].text, "Please enter a category.");
 }
 
+/// A command of the menus that reads the rows, or reads them anew.
+struct Line {
+    std::string menu;
+    std::string item;
+};
+
+class RowInEditTest : public CommandsTest, public testing::WithParamInterface<Line> {
+protected:
+    std::string Saved(const std::string& description)
+    {
+        return books_.One("SELECT COUNT(*) FROM Trans WHERE Description = '" + description + "'");
+    }
+    bool NothingRan()
+    {
+        return books_.files.questions.empty() && books_.printing.documents.empty() &&
+               books_.modal.names.empty() && books_.http.urls.empty() &&
+               books_.One("SELECT COUNT(*) FROM Trans WHERE Period = 3") == "4";
+    }
+};
+
+/// Moving, copying the budget, the options and an import once dropped what was typed.
+TEST_P(RowInEditTest, IsSavedBeforeACommandReadsTheRows)
+{
+    ClickNode("Checking");
+    ClickCell(1, 2);
+    Key(*QApplication::focusWidget(), Qt::Key_M);
+    ASSERT_EQ(Saved("m"), "0");
+
+    ClickLine(GetParam().menu, GetParam().item);
+
+    EXPECT_EQ(Saved("m"), "1");
+    EXPECT_FALSE(Grid().Editing());
+}
+
+TEST_P(RowInEditTest, StopsTheCommandWhenItIsRefused)
+{
+    ClickNode("Checking");
+    ClickCell(1, 3);
+    Key(*QApplication::focusWidget(), Qt::Key_X);
+
+    ClickLine(GetParam().menu, GetParam().item);
+
+    EXPECT_TRUE(NothingRan());
+    EXPECT_TRUE(Grid().Editing());
+    EXPECT_EQ(window_.GridWidget().Editor().Line().text(), QStringLiteral("x"));
+}
+
+// Export is disabled while a cell is in edit.
+INSTANTIATE_TEST_SUITE_P(
+    Menus, RowInEditTest,
+    testing::Values(Line{"mnuFile", "mnuF_Import"}, Line{"mnuFile", "mnuF_Print"},
+                    Line{"mnuEdit", "mnuE_Copy"}, Line{"mnuEdit", "mnuE_MovePrev"},
+                    Line{"mnuEdit", "mnuE_MoveNext"}, Line{"mnuEdit", "mnuE_Split"},
+                    Line{"mnuTools", "mnuT_UpdateQuotes"}, Line{"mnuTools", "mnuT_Options"}),
+    [](const auto& test) { return test.param.item; });
+
+class NewRowInEditTest : public RowInEditTest {};
+
+TEST_P(NewRowInEditTest, IsSavedBeforeACommandReadsTheRows)
+{
+    ClickNode("Checking");
+    ClickLine("mnuEdit", "mnuE_New");
+    ClickCell(5, 2);
+    Key(*QApplication::focusWidget(), Qt::Key_N);
+
+    ClickLine(GetParam().menu, GetParam().item);
+
+    EXPECT_EQ(Saved("n"), "1");
+    EXPECT_FALSE(Grid().Editing());
+}
+
+// A row that is not saved yet cannot be moved or split.
+INSTANTIATE_TEST_SUITE_P(Menus, NewRowInEditTest,
+                         testing::Values(Line{"mnuFile", "mnuF_Import"},
+                                         Line{"mnuFile", "mnuF_Print"},
+                                         Line{"mnuEdit", "mnuE_Copy"},
+                                         Line{"mnuTools", "mnuT_UpdateQuotes"},
+                                         Line{"mnuTools", "mnuT_Options"}),
+                         [](const auto& test) { return test.param.item; });
+
+/// The key once read the rows without the one that was being typed.
+TEST_F(CommandsTest, TheKeyOfImportSavesTheRowInEditFirst)
+{
+    ClickNode("Checking");
+    ClickCell(1, 2);
+    Key(*QApplication::focusWidget(), Qt::Key_M);
+
+    Press(Qt::Key_I, Qt::ControlModifier);
+
+    EXPECT_EQ(books_.files.questions.size(), 1u);
+    EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans WHERE Description = 'm'"), "1");
+}
+
 TEST_F(CommandsTest, TheRightButtonShowsTheEditMenuForItsRow)
 {
     ClickNode("Checking");

@@ -2,9 +2,11 @@
 #include "desktop/StuckWindow.h"
 
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QWindow>
 
+#include "desktop/RestoreOffer.h"
 #include "tests/desktop/WindowFixture.h"
 
 namespace clb {
@@ -32,6 +34,7 @@ protected:
         QTest::mouseClick(stuck_.findChild<QPushButton*>(button), Qt::LeftButton);
         QTest::qWait(1);
     }
+    QPushButton& Button(const char* name) { return *stuck_.findChild<QPushButton*>(name); }
     /// As the system's button in the title bar does.
     void CloseBySystem(QWidget& window)
     {
@@ -113,6 +116,85 @@ TEST_F(StuckWindowTest, TheDisabledMainWindowCanBeClosedAfterTheCommand)
 
     EXPECT_FALSE(Model().Loaded());
     EXPECT_FALSE(window_.isVisible());
+}
+
+TEST_F(StuckWindowTest, ADamagedFileIsToldWithTheBackupThatCanBeRestored)
+{
+    stuck_.Damaged({true, "2026-11-20-101500", "The file 'clb.mdb' is damaged: page 3."});
+
+    EXPECT_TRUE(stuck_.isVisible());
+    EXPECT_FALSE(Model().window.Enabled());
+    const QString text = stuck_.findChild<QLabel*>()->text();
+    EXPECT_TRUE(text.startsWith("The file 'clb.mdb' is damaged: page 3.")) << ToUtf8(text);
+    EXPECT_TRUE(text.contains("The last good backup is of 2026-11-20.")) << ToUtf8(text);
+    EXPECT_EQ(Button("restore").text(), "&Restore the backup of 2026-11-20");
+    EXPECT_TRUE(Button("restore").isDefault());
+    EXPECT_TRUE(Button("again").isHidden());
+
+    Press("restore");
+
+    EXPECT_TRUE(stuck_.StartsAgain());
+    EXPECT_EQ(stuck_.Restores(), "2026-11-20-101500");
+    EXPECT_FALSE(Model().Loaded());
+}
+
+TEST_F(StuckWindowTest, WithoutAGoodBackupADamagedFileLetsGoOnOrQuit)
+{
+    stuck_.Damaged({true, "", "The file is damaged."});
+    EXPECT_TRUE(Button("restore").isHidden());
+    EXPECT_TRUE(Button("quit").isDefault());
+
+    Press("goOn");
+
+    EXPECT_TRUE(Model().window.Enabled());
+    EXPECT_FALSE(stuck_.isVisible());
+    stuck_.Damaged({true, "", "The file is damaged."});
+    EXPECT_FALSE(stuck_.isVisible()) << "the user has decided";
+}
+
+TEST_F(StuckWindowTest, QuittingADamagedFileRestoresNothing)
+{
+    stuck_.Damaged({true, "2026-11-20", "The file is damaged."});
+
+    Press("quit");
+
+    EXPECT_FALSE(Model().Loaded());
+    EXPECT_FALSE(stuck_.StartsAgain());
+    EXPECT_EQ(stuck_.Restores(), "");
+}
+
+TEST_F(StuckWindowTest, DamageWaitsForTheEndOfTheCommand)
+{
+    events_.Run([this] {
+        stuck_.Damaged({true, "2026-11-20", "The file is damaged."});
+        EXPECT_FALSE(stuck_.isVisible());
+        EXPECT_TRUE(Model().window.Enabled());
+    });
+
+    EXPECT_TRUE(stuck_.isVisible());
+    EXPECT_FALSE(Model().window.Enabled());
+}
+
+TEST_F(StuckWindowTest, AfterAStoppedCommandDamageIsToldInItsPlace)
+{
+    ImportNonsense();
+
+    stuck_.Damaged({true, "2026-11-20", "The file is damaged."});
+
+    EXPECT_TRUE(stuck_.findChild<QLabel*>()->text().startsWith("The file is damaged."));
+    EXPECT_FALSE(Button("restore").isHidden());
+    EXPECT_TRUE(Button("again").isHidden());
+}
+
+TEST_F(StuckWindowTest, DataThatCannotBeOpenedIsOfferedToBeRestored)
+{
+    const auto box = BuildRestoreOffer({true, "2026-11-20", "The file is damaged."});
+
+    EXPECT_TRUE(box->text().startsWith("The file is damaged."));
+    auto* restore = box->findChild<QPushButton*>("restore");
+    EXPECT_EQ(restore->text(), "&Restore the backup of 2026-11-20");
+    EXPECT_EQ(box->defaultButton(), restore);
+    EXPECT_EQ(box->escapeButton(), box->findChild<QPushButton*>("quit"));
 }
 
 TEST_F(StuckWindowTest, WhileACommandRunsTheDisabledMainWindowStaysAndNothingElseShows)

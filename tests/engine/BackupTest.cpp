@@ -109,6 +109,36 @@ TEST_F(BackupTest, FaultsOfADamagedFileAreTold)
     EXPECT_TRUE(Bytes(Sibling("damaged.mdb")) == bytes);
 }
 
+TEST_F(BackupTest, AFileThatIsCutShortDoesNotLookWhole)
+{
+    AddMany();
+    const std::string bytes = Bytes(path_);
+    EXPECT_TRUE(LooksWhole(path_));
+
+    for (const std::string& other :
+         {std::string(), std::string("letter"), bytes.substr(0, 4096), bytes.substr(0, 99),
+          bytes.substr(0, bytes.size() - 1), bytes + std::string(4096, '\0'),
+          std::string(bytes.size(), '\0')}) {
+        Write(Sibling("other.mdb"), other);
+        EXPECT_FALSE(LooksWhole(Sibling("other.mdb"))) << other.size();
+    }
+    EXPECT_FALSE(LooksWhole(Sibling("")));
+    EXPECT_FALSE(LooksWhole(Sibling("gone.mdb")));
+}
+
+TEST_F(BackupTest, AFinishedFileReplacesNone)
+{
+    Write(Sibling("fresh"), "fresh");
+    Write(Sibling("taken"), "mine");
+
+    const auto error = ErrorOf([&] { NameFinished(Sibling("fresh"), Sibling("taken")); });
+    EXPECT_EQ(error.what(), "The database file '" + Sibling("taken") + "' exists already.");
+    EXPECT_EQ(Bytes(Sibling("taken")), "mine");
+
+    NameFinished(Sibling("fresh"), Sibling("free"));
+    EXPECT_EQ(Bytes(Sibling("free")), "fresh");
+}
+
 TEST_F(BackupTest, ADatabaseIsReplacedAndKept)
 {
     Run("INSERT INTO Trans (Sequence) VALUES (1)");

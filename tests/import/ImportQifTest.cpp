@@ -320,6 +320,25 @@ TEST_F(ImportQifTest, ACategoryBecomesALineOfTheMonthShown)
     EXPECT_THAT(BudgetLines(), ElementsAre("2006|3|Food|Groceries|250"));
 }
 
+/// The running sum once had to fit at every line, so the second line was dropped.
+TEST_F(ImportQifTest, BudgetAmountsMayPassTheRangeOnTheWayToTheirSum)
+{
+    const std::string most = "B922337203685477.5807\n";
+    Import("!Type:Cat\nNFood:Groceries\n" + most + "B50\nB-50\n^\n");
+
+    EXPECT_THAT(BudgetLines(), ElementsAre("2006|3|Food|Groceries|922337203685477.5807"));
+    EXPECT_THAT(books_.messages.boxes, IsEmpty());
+}
+
+TEST_F(ImportQifTest, BudgetAmountsWhoseSumIsTooLargeMakeNoLine)
+{
+    const std::string most = "B922337203685477.5807\n";
+    Import("!Type:Cat\nNFood:Groceries\n" + most + "B50\n^\nNFood:Bread\nB3\n^\n");
+
+    EXPECT_THAT(BudgetLines(), ElementsAre("2006|3|Food|Bread|3"));
+    ExpectSkipped("\n^");
+}
+
 TEST_F(ImportQifTest, ACategoryNeedsAGroupOrAnAmount)
 {
     Import("!Type:Cat\nNSalary\n^\nNSalary\nB9\n^\nBmuch\n^\nNA:B:C\n^\n");

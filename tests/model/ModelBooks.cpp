@@ -265,29 +265,30 @@ void Books::CopyBudget(BudgetMonth from, BudgetMonth to)
             source.push_back(line);
     if (source.empty())
         return;
-    for (const BudgetLine& wanted : source) {
-        EnsureLine(wanted.category, to, wanted.group, wanted.amount);
-        const auto found = std::find_if(lines.begin(), lines.end(), [&](const BudgetLine& line) {
-            return line.month == to && line.category == wanted.category;
-        });
-        found->group = wanted.group;
-        found->amount = wanted.amount;
-    }
-    EnsureLine("(none)", to, "(none)", 0);
     const auto wanted = [&source](const std::string& category) {
         return category == "(none)" ||
                std::any_of(source.begin(), source.end(),
                            [&](const BudgetLine& line) { return line.category == category; });
     };
+    for (const BudgetLine& line : lines)
+        if (line.month == to && line.category.find('\'') != std::string::npos &&
+            !wanted(line.category))
+            throw Failure("a lone quote in the statement");
+    for (const BudgetLine& copied : source) {
+        EnsureLine(copied.category, to, copied.group, copied.amount);
+        const auto found = std::find_if(lines.begin(), lines.end(), [&](const BudgetLine& line) {
+            return line.month == to && line.category == copied.category;
+        });
+        found->group = copied.group;
+        found->amount = copied.amount;
+    }
+    EnsureLine("(none)", to, "(none)", 0);
     for (std::size_t at = 0; at < lines.size();) {
         const BudgetLine line = lines[at];
         if (line.month != to || wanted(line.category)) {
             ++at;
             continue;
         }
-        // Settled: the category stands in a statement as it is.
-        if (line.category.find('\'') != std::string::npos)
-            throw Failure("a lone quote in the statement");
         DropCategory(line.category, to);
         lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(at));
     }

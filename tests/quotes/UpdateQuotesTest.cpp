@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <map>
 
 #include "base/RuntimeError.h"
@@ -31,6 +32,20 @@ public:
     std::vector<std::int32_t> pointers;
     std::vector<std::string> drawn;
     std::vector<std::string> asked;
+};
+
+class AnswersInTurn : public IHttpClient {
+public:
+    explicit AnswersInTurn(std::deque<std::string> answers) : answers_(std::move(answers)) {}
+    std::optional<std::string> Get(const std::string&) override
+    {
+        const std::string answer = answers_.front();
+        answers_.pop_front();
+        return answer;
+    }
+
+private:
+    std::deque<std::string> answers_;
 };
 
 class UpdateQuotesTest : public testing::Test {
@@ -74,9 +89,36 @@ TEST_F(UpdateQuotesTest, ElevenFieldsKeepThePrice)
     EXPECT_EQ(PriceAfter("ACME,1,2,3,4,5,6,7,8,9,10"), "7.25");
 }
 
-TEST_F(UpdateQuotesTest, APriceThatIsNoNumberKeepsThePrice)
+/// Such a price was once passed over without a word.
+TEST_F(UpdateQuotesTest, APriceThatIsNotANumberIsReportedAndKeepsThePrice)
 {
-    EXPECT_EQ(PriceAfter("ACME,soon,2,3,4,5,6,7,8,9,10,11"), "7.25");
+    for (const char* price : {"soon", "", "N/A"}) {
+        SCOPED_TRACE(price);
+        books_.Execute("DELETE FROM Investment");
+        books_.messages.boxes.clear();
+
+        EXPECT_EQ(PriceAfter("ACME," + std::string(price) + ",2,3,4,5,6,7,8,9,10,11"), "7.25");
+
+        EXPECT_EQ(books_.messages.boxes,
+                  (std::vector<FakeMessageBox::Box>{{"Unable to update quotes.", 48, "Title"}}));
+        EXPECT_EQ(host_.texts.back(), "Ready");
+        EXPECT_EQ(host_.pointers.back(), 0);
+    }
+}
+
+TEST_F(UpdateQuotesTest, ThePricesBeforeOneThatIsNotANumberStay)
+{
+    for (const char* symbol : {"ACME", "BOLT", "CORK"})
+        books_.Execute("INSERT INTO Investment (StockSymbol, LastPrice) VALUES ('" +
+                       std::string(symbol) + "', 1)");
+    AnswersInTurn http({kAcme, "BOLT,soon,2,3,4,5,6,7,8,9,10,11", kAcme});
+
+    UpdateQuotes(books_.window.Data(), host_, books_.messages, http, "http://q", "Title");
+
+    EXPECT_EQ(books_.messages.boxes,
+              (std::vector<FakeMessageBox::Box>{{"Unable to update quotes.", 48, "Title"}}));
+    EXPECT_EQ(books_.Rows("SELECT StockSymbol, LastPrice FROM Investment ORDER BY StockSymbol"),
+              (std::vector<std::string>{"ACME|12.5", "BOLT|1", "CORK|1"}));
 }
 
 TEST_F(UpdateQuotesTest, ASymbolWithoutLegalAddressKeepsThePrice)

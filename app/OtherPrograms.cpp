@@ -1,0 +1,181 @@
+#include "app/OtherPrograms.h"
+
+#include <algorithm>
+
+#include "app/TreePlaces.h"
+#include "app/frmController.h"
+
+namespace clb {
+namespace {
+
+// Columns of the register that tell one transaction from another that was given its number.
+constexpr std::int32_t kPostDate = 1;
+constexpr std::int32_t kDescription = 2;
+constexpr std::int32_t kAmount = 3;
+constexpr std::int32_t kAccount = 7;
+constexpr std::int32_t kIdentifier = 10;
+
+constexpr const char* kGone =
+    "Another program has deleted this record. What you typed is not saved. Press Escape to give it "
+    "up, or note it down and enter it as a new record.";
+
+constexpr const char* kAccountGone =
+    "Another program has deleted this account or given it another number. What you typed is not "
+    "saved. Press Escape to give it up, then open the account again.";
+
+/// Sets a flag while it lives.
+class Raised {
+public:
+    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Raised() { flag_ = false; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+
+private:
+    bool& flag_;
+};
+
+}  // namespace
+
+OtherPrograms::OtherPrograms(frmController& window, IMessageBox& messages)
+    : window_(window), messages_(messages)
+{
+}
+
+OtherPrograms::~OtherPrograms() = default;
+
+bool OtherPrograms::HaveWritten()
+{
+    return window_.Loaded() && window_.Data().WritesElsewhere() != followed_;
+}
+
+bool OtherPrograms::Follow()
+{
+    const GridComponent& grid = window_.Grid.Component();
+    if (!HaveWritten() || grid.Dirty() || grid.Editing())
+        return true;
+    const bool inGrid = window_.window.Focus() == &grid;
+    const GridComponent::Spot current = grid.CurrentSpot();
+    const std::uint64_t written = window_.Data().WritesElsewhere();
+    const Connection::Untraced untraced(window_.Data().Database());
+    const Raised following(following_);
+    FollowTree();
+    window_.View().ReadAnew();
+    followed_ = written;
+    const GridComponent::Spot now = grid.CurrentSpot();
+    return !inGrid || current.identity == 0 ||
+           (now.identity == current.identity && now.key == current.key);
+}
+
+void OtherPrograms::RowNumbersTold()
+{
+    window_.Grid.Component().NumbersTold();
+}
+
+void OtherPrograms::FollowTree()
+{
+    clsView& view = window_.View();
+    if (view.TreeIsCurrent())
+        return;
+    Tree& tree = window_.TreeView;
+    const std::int32_t selected = tree.Selected();
+    const TreeNode before = tree.Node(selected);
+    if (nodes_.empty())
+        for (std::int32_t node = 1; node <= tree.Count(); ++node)
+            nodes_.push_back(tree.Node(node));
+    view.BuildTree();
+    const std::int32_t now = NodeLike(tree, before, selected);
+    if (now != 0)
+        tree.Select(now);
+    // The shown account is gone, or has another number now.
+    if (now == 0 || tree.Node(now).tag != before.tag)
+        window_.ShowSelected();
+}
+
+std::size_t OtherPrograms::RowNow(std::size_t row) const
+{
+    return window_.Grid.Component().RowNow(row);
+}
+
+std::int32_t OtherPrograms::NodeNow(std::int32_t node) const
+{
+    if (node < 1 || static_cast<std::size_t>(node) > nodes_.size())
+        return node;
+    return NodeLike(window_.TreeView, nodes_[static_cast<std::size_t>(node - 1)], node);
+}
+
+bool OtherPrograms::AgreeOnRow()
+{
+    GridComponent& grid = window_.Grid.Component();
+    for (;;) {
+        window_.Data().Lock();
+        if (!window_.Data().RowsOutdated())
+            return true;
+        if (!HasShownAccount())
+            return Refuse(kAccountGone);
+        const GridComponent::Meanwhile found = grid.RereadRow();
+        if (found.gone || IsAnotherRow(found.columns))
+            return Refuse(kGone);
+        const std::vector<std::int32_t> disputed = Disputed(found.columns);
+        if (disputed.empty())
+            return true;
+        const BoxAnswer answer = messages_.Show(
+            Question(disputed), box_style::YesNo + box_style::Question, frmController::Title);
+        if (answer != BoxAnswer::Yes)
+            for (const std::int32_t column : disputed)
+                grid.TakeStored(column);
+        // The lock was given up for the question, so the row is compared once more.
+    }
+}
+
+bool OtherPrograms::Refuse(const char* why)
+{
+    messages_.Show(why, box_style::Exclamation, frmController::Title);
+    return false;
+}
+
+/// True in the views that show no single account.
+bool OtherPrograms::HasShownAccount() const
+{
+    const std::int32_t view = window_.View().View();
+    if (view != vwAccount && view != vwInvestment && view != vwLoan)
+        return true;
+    const Connection::Untraced untraced(window_.Data().Database());
+    return window_.Data().RowExists(
+        "Account", "AccountID = '" + clsDatabase::ToSqlString(window_.View().AccountID()) + "'");
+}
+
+std::vector<std::int32_t> OtherPrograms::Disputed(const std::vector<std::int32_t>& columns) const
+{
+    GridComponent& grid = window_.Grid.Component();
+    std::vector<std::int32_t> disputed;
+    for (const std::int32_t column : columns)
+        if (grid.Typed(column) && grid.ColumnValue(column) != grid.StoredValue(column))
+            disputed.push_back(column);
+    return disputed;
+}
+
+/// Numbers of deleted transactions are given again, and so are the places where they were stored.
+bool OtherPrograms::IsAnotherRow(const std::vector<std::int32_t>& columns) const
+{
+    if (window_.View().View() != vwAccount)
+        return false;
+    const auto differs = [&columns](std::int32_t column) {
+        return std::find(columns.begin(), columns.end(), column) != columns.end();
+    };
+    return differs(kAccount) || differs(kIdentifier) ||
+           (differs(kPostDate) && differs(kDescription) && differs(kAmount));
+}
+
+std::string OtherPrograms::Question(const std::vector<std::int32_t>& columns) const
+{
+    GridComponent& grid = window_.Grid.Component();
+    std::string text = "Another program has changed this record meanwhile.\n";
+    for (const std::int32_t column : columns)
+        text += "\n" + grid.Columns().Item(column).caption + ": you entered " +
+                grid.ShownText(grid.ColumnValue(column), column) + ", the other program " +
+                grid.ShownText(grid.StoredValue(column), column) + ".";
+    return text + "\n\nDo you want to keep what you entered?";
+}
+
+}  // namespace clb

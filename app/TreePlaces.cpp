@@ -1,0 +1,43 @@
+#include "app/TreePlaces.h"
+
+#include "controls/Tree.h"
+
+namespace clb {
+namespace {
+
+/// The account number in a node's tag; empty for nodes that are no account.
+std::string AccountNumber(const std::string& tag)
+{
+    const std::size_t divider = tag.find('\x01');
+    return divider == std::string::npos ? std::string() : tag.substr(divider + 1);
+}
+
+}  // namespace
+
+std::int32_t NodeLike(const Tree& tree, const TreeNode& sought, std::int32_t place)
+{
+    const auto find = [&tree](const auto& fits) {
+        for (std::int32_t node = 1; node <= tree.Count(); ++node)
+            if (fits(tree.Node(node)))
+                return node;
+        return 0;
+    };
+    const auto same = [&](const TreeNode& node) {
+        return node.tag == sought.tag && node.key == sought.key;
+    };
+    if (place <= tree.Count() && same(tree.Node(place)))
+        return place;
+    if (const std::int32_t node = find(same); node != 0)
+        return node;
+    // An account's own type or number may be what was saved.
+    const std::string number = AccountNumber(sought.tag);
+    if (number.empty())
+        return 0;
+    const std::int32_t moved =
+        find([&](const TreeNode& node) { return AccountNumber(node.tag) == number; });
+    return moved != 0 ? moved : find([&](const TreeNode& node) {
+        return node.text == sought.text && !AccountNumber(node.tag).empty();
+    });
+}
+
+}  // namespace clb

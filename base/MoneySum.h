@@ -1,0 +1,35 @@
+#pragma once
+// A running total of many amounts of money that is checked for its range only once, at the end.
+#include <limits>
+
+#include "base/Money.h"
+#include "base/RuntimeError.h"
+
+namespace clb {
+
+/// A sum of amounts whose running total may pass the range of Money, as long as the whole fits.
+class MoneySum {
+public:
+    constexpr MoneySum() = default;
+    constexpr explicit MoneySum(Money first) : scaled_(first.Scaled()) {}
+
+    constexpr MoneySum& operator+=(Money amount)
+    {
+        scaled_ += amount.Scaled();
+        return *this;
+    }
+    /// Throws Overflow() if Money cannot hold the sum.
+    Money Total() const
+    {
+        using Range = std::numeric_limits<std::int64_t>;
+        if (scaled_ < Range::min() || scaled_ > Range::max())
+            throw Overflow();
+        return Money::FromScaled(static_cast<std::int64_t>(scaled_));
+    }
+
+private:
+    __extension__ using Wide = __int128;
+    Wide scaled_ = 0;
+};
+
+}  // namespace clb

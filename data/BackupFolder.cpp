@@ -1,0 +1,334 @@
+#include "data/BackupFolder.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <chrono>
+#include <cstring>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <sstream>
+#include <thread>
+#include <tuple>
+
+#include "base/Date.h"
+#include "engine/Backup.h"
+#include "engine/ConnectionString.h"
+#include "engine/EngineError.h"
+
+namespace clb {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kDaysKept = 10;
+constexpr std::size_t kDayLength = std::char_traits<char>::length("2026-11-21");
+constexpr std::string_view kBefore = "clb-";
+constexpr std::string_view kAfter = ".mdb";
+constexpr std::string_view kUnfinished = ".new-";  // and the number of the process
+constexpr const char* kList = "order";
+constexpr const char* kFailure = "failed";
+
+bool IsDay(const std::string& name)
+{
+    return name.size() == kDayLength && Date::FromIso(name);
+}
+
+EngineError Trouble(const std::string& path, const std::string& what)
+{
+    return {engine_errors::Unavailable, "The file '" + path + "' " + what,
+            FileTrouble::FolderReadOnly};
+}
+
+bool IsFolder(const std::string& path)
+{
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool Exists(const std::string& path)
+{
+    struct stat status {};
+    return lstat(path.c_str(), &status) == 0;
+}
+
+/// What stands in the name of a copy; empty for other files.
+std::string NameIn(const std::string& file)
+{
+    if (file.size() < kBefore.size() + kDayLength + kAfter.size() || !file.starts_with(kBefore) ||
+        !file.ends_with(kAfter))
+        return {};
+    std::string name = file.substr(kBefore.size(), file.size() - kBefore.size() - kAfter.size());
+    return IsDay(name.substr(0, kDayLength)) ? name : std::string();
+}
+
+std::string BytesOf(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+bool WriteAll(int file, std::string_view text)
+{
+    while (!text.empty()) {
+        const ssize_t written = write(file, text.data(), text.size());
+        if (written <= 0)
+            return false;
+        text.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+}  // namespace
+
+std::string BackupFolder::PathOf(const std::string& name) const
+{
+    return path_ + "/" + std::string(kBefore) + name + std::string(kAfter);
+}
+
+std::string BackupFolder::FreeName(const std::string& name) const
+{
+    std::string free = name;
+    for (int number = 2; Exists(PathOf(free)); ++number)
+        free = name + "-" + std::to_string(number);
+    return free;
+}
+
+void BackupFolder::Make() const
+{
+    if (mkdir(path_.c_str(), 0700) == 0)
+        return FlushToDisk(path_);
+    const int error = errno;
+    if (error != EEXIST)
+        throw Trouble(path_, std::string("cannot be made: ") + std::strerror(error) + ".");
+    if (!IsFolder(path_))
+        throw Trouble(path_, "is not a folder.");
+}
+
+std::string BackupFolder::Obstacle(std::uintmax_t bytes) const
+{
+    if (!Exists(path_))
+        return {};
+    if (!IsFolder(path_))
+        return Trouble(path_, "is not a folder.").what();
+    if (faccessat(AT_FDCWD, path_.c_str(), W_OK | X_OK, AT_EACCESS) != 0)
+        return Trouble(path_, std::string("cannot be written: ") + std::strerror(errno) + ".")
+            .what();
+    struct statvfs disk {};
+    if (statvfs(path_.c_str(), &disk) == 0 && disk.f_bavail < bytes / disk.f_frsize)
+        return "The disk of '" + path_ + "' has no room for a copy of the database.";
+    return {};
+}
+
+std::optional<BackupFolder::Mark> BackupFolder::MarkOf(const std::string& path)
+{
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0)
+        return std::nullopt;
+    return Mark(status.st_size,
+                status.st_mtim.tv_sec * std::int64_t{1000000000} + status.st_mtim.tv_nsec);
+}
+
+std::string BackupFolder::Written(const std::optional<Mark>& mark)
+{
+    return mark ? std::to_string(mark->first) + " " + std::to_string(mark->second) : "-";
+}
+
+std::map<std::string, BackupFolder::Mark> BackupFolder::Present() const
+{
+    std::map<std::string, Mark> present;
+    std::error_code none;
+    for (fs::directory_iterator at(path_, none), end; !none && at != end; at.increment(none)) {
+        const std::string name = NameIn(at->path().filename().string());
+        if (!name.empty())
+            present.emplace(name, MarkOf(at->path().string()).value_or(Mark()));
+    }
+    return present;
+}
+
+BackupFolder::Listed BackupFolder::List() const
+{
+    std::map<std::string, Mark> unlisted = Present();
+    Listed list;
+    std::istringstream lines(BytesOf(path_ + "/" + kList));
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t end = std::min(line.find('\t'), line.size());
+        if (unlisted.erase(line.substr(0, end)) > 0)
+            list.emplace_back(line.substr(0, end), line.substr(std::min(end + 1, line.size())));
+    }
+    const std::int64_t now = std::int64_t{std::time(nullptr)} * 1000000000;
+    std::vector<std::tuple<bool, std::int64_t, std::string>> found;
+    for (const auto& [name, mark] : unlisted)
+        found.emplace_back(mark.second <= now + 1000000000, mark.second, name);
+    std::sort(found.begin(), found.end());
+    for (const auto& [past, time, name] : found)
+        list.emplace_back(name, "-");
+    return list;
+}
+
+std::vector<std::string> BackupFolder::Names() const
+{
+    std::vector<std::string> names;
+    for (const auto& [name, mark] : List())
+        names.push_back(name);
+    return names;
+}
+
+void BackupFolder::Add(const std::string& name) const noexcept
+{
+    try {
+        Listed list = List();
+        std::erase_if(list, [&](const auto& line) { return line.first == name; });
+        list.emplace_back(name, Written(MarkOf(PathOf(name))));
+        WriteList(list);
+    } catch (const std::exception&) {
+    }
+}
+
+void BackupFolder::Confirm(const std::string& name) const noexcept
+{
+    try {
+        Listed list = List();
+        for (auto& [listed, mark] : list)
+            if (listed == name)
+                mark = Written(MarkOf(PathOf(name)));
+        WriteList(list);
+    } catch (const std::exception&) {
+    }
+}
+
+bool BackupFolder::IsConfirmed(const std::string& name) const
+{
+    const auto mark = MarkOf(PathOf(name));
+    const Listed list = List();
+    return mark && LooksWhole(PathOf(name)) &&
+           std::find(list.begin(), list.end(), std::pair(name, Written(mark))) != list.end();
+}
+
+void BackupFolder::WriteList(const Listed& list) const
+{
+    std::string text;
+    for (const auto& [name, mark] : list)
+        text.append(name).append("\t").append(mark).append("\n");
+    WriteWhole(kList, text);
+}
+
+bool BackupFolder::WriteWhole(const std::string& file, const std::string& text) const
+{
+    const std::string path = path_ + "/" + file;
+    const std::string fresh = UnfinishedName(path);
+    const int out = open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    if (out < 0)
+        return false;
+    bool whole = WriteAll(out, text) && fsync(out) == 0;
+    whole = close(out) == 0 && whole && rename(fresh.c_str(), path.c_str()) == 0;
+    if (!whole)
+        unlink(fresh.c_str());
+    else
+        FlushToDisk(path);
+    return whole;
+}
+
+void BackupFolder::PutAside(const std::string& name) const
+{
+    const std::string path = PathOf(name);
+    const auto mark = MarkOf(path);
+    if (!Exists(path))
+        return;
+    if (mark && mark->first == 0 && unlink(path.c_str()) == 0)
+        return;
+    std::string kept = path + ".damaged";
+    for (int number = 2; Exists(kept); ++number)
+        kept = path + ".damaged-" + std::to_string(number);
+    if (rename(path.c_str(), kept.c_str()) != 0)
+        throw Trouble(path, std::string("cannot be renamed: ") + std::strerror(errno) + ".");
+}
+
+void BackupFolder::DropOld() const
+{
+    std::vector<std::string> days = Names();
+    std::erase_if(days, [](const std::string& name) { return !IsDay(name); });
+    std::set<std::string> stay;
+    std::set<std::string> months;
+    for (const std::string& day : days)
+        if (LooksWhole(PathOf(day)) && months.insert(day.substr(0, 7)).second)
+            stay.insert(day);
+    std::size_t whole = 0;
+    for (auto day = days.rbegin(); day != days.rend(); ++day) {
+        if (whole >= kDaysKept && !stay.contains(*day))
+            unlink(PathOf(*day).c_str());
+        whole += LooksWhole(PathOf(*day)) ? 1U : 0U;
+    }
+}
+
+std::string BackupFolder::UnfinishedName(const std::string& path)
+{
+    return path + std::string(kUnfinished) + std::to_string(getpid());
+}
+
+void BackupFolder::DropUnfinished() const
+{
+    std::error_code none;
+    std::vector<fs::path> left;
+    for (fs::directory_iterator at(path_, none), end; !none && at != end; at.increment(none)) {
+        const std::string file = at->path().filename().string();
+        const std::size_t mark = file.find(kUnfinished);
+        const std::string of = file.substr(0, mark);
+        if (mark == std::string::npos ||
+            (!of.starts_with(kBefore) && of != kList && of != kFailure))
+            continue;
+        const char* const number = file.c_str() + mark + kUnfinished.size();
+        int process = 0;
+        const auto read = std::from_chars(number, file.c_str() + file.size(), process);
+        if (read.ec == std::errc() && process > 0 && kill(process, 0) != 0 && errno == ESRCH)
+            left.push_back(at->path());
+    }
+    for (const fs::path& path : left)
+        fs::remove(path, none);
+}
+
+void BackupFolder::Failure(const std::optional<BackupFailure>& failure) const noexcept
+{
+    try {
+        if (failure)
+            WriteWhole(kFailure, failure->Lines());
+        else
+            unlink((path_ + "/" + kFailure).c_str());
+    } catch (const std::exception&) {
+    }
+}
+
+std::optional<BackupFailure> BackupFolder::Failure() const
+{
+    return BackupFailure::FromLines(BytesOf(path_ + "/" + kFailure));
+}
+
+BackupFolder::Turn::Turn(const BackupFolder& folder)
+    : file_(open(folder.path_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+{
+    constexpr int kTries = 1200;
+    constexpr std::chrono::milliseconds kPause(50);
+    for (int attempt = 0; file_ >= 0 && attempt < kTries; ++attempt) {
+        if (flock(file_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK)
+            return;
+        std::this_thread::sleep_for(kPause);
+    }
+}
+
+BackupFolder::Turn::~Turn()
+{
+    if (file_ >= 0)
+        close(file_);
+}
+
+}  // namespace clb

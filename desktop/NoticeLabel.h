@@ -1,0 +1,35 @@
+#pragma once
+#include <sigc++/trackable.h>
+
+#include <QLabel>
+
+namespace clb {
+
+class Notices;
+class WorkProgress;
+
+/// The second panel of the status bar while no long command runs: the notices in one line, cut
+/// short where there is no room. The tooltip and screen readers have the whole text.
+class NoticeLabel : public QLabel, public sigc::trackable {
+public:
+    /// The models are borrowed and outlive the label.
+    NoticeLabel(Notices& notices, WorkProgress& progress, QWidget* parent);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void Follow();
+    /// The whole text in one line.
+    QString Line() const;
+    /// Width of the picture and the space after it.
+    int PictureWidth() const;
+
+    Notices& notices_;
+    WorkProgress& progress_;
+};
+
+}  // namespace clb
