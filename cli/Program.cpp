@@ -21,11 +21,11 @@ Program::Program(const std::string& folder, IModalHost& forms, bool trial)
 
 Program::~Program()
 {
-    try {
-        controller_.Unload();
-    } catch (const std::exception& error) {
-        std::cerr << error.what() << '\n';
-    }
+    if (!controller_.Loaded())
+        return;
+    if (controller_.Data().Database().Locked())
+        std::cerr << "Nothing of this command was kept.\n";
+    controller_.Data().Database().Abandon();
 }
 
 Month Program::PresentMonth() const

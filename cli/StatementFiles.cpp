@@ -93,8 +93,12 @@ TrialFolder::TrialFolder(const std::optional<std::string>& home) : path_(NewFold
 
 TrialFolder::~TrialFolder()
 {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
+    try {
+        std::error_code ignored;
+        fs::remove_all(path_, ignored);
+    } catch (const std::bad_alloc&) {
+        return;  // what is left, the system clears from its folder for temporary files
+    }
 }
 
 /// With the journal of a program that was killed: the database is not whole without it.

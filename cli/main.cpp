@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <exception>
 #include <iostream>
+#include <new>
 
 namespace {
 
@@ -37,6 +38,9 @@ int main(int argc, char** argv)
 {
     try {
         return Run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::cerr << "clb: There is not enough memory.\n";  // a longer text may need some
+        return refused;
     } catch (const std::exception& error) {
         std::cerr << "clb: " << clb::TroubleText(error) << '\n';
         return refused;

@@ -3,6 +3,7 @@
 #include "desktop/DialogParent.h"
 #include "desktop/FormDialog.h"
 #include "desktop/PointerPort.h"
+#include "desktop/UserEvents.h"
 
 namespace clb {
 
@@ -10,8 +11,11 @@ void QtModalHost::Run(Form& form)
 {
     const PlainPointer pointer;
     FormDialog dialog(form, events_, DialogParent());
-    while (form.Visible())
+    const auto before = events_.WhenBroken([&form] { form.Hide(); });
+    while (form.Visible() && !events_.BrokenOff())
         dialog.exec();
+    events_.WhenBroken(before);
+    events_.PassOn();
 }
 
 }  // namespace clb

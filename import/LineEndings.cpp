@@ -75,9 +75,8 @@ public:
     }
     ~FileBeside()
     {
-        std::error_code ignored;
         if (!name_.empty())
-            fs::remove(name_, ignored);
+            unlink(name_.c_str());
     }
     FileBeside(const FileBeside&) = delete;
     FileBeside& operator=(const FileBeside&) = delete;

@@ -3,6 +3,7 @@
 #include <stdlib.h>
 
 #include <filesystem>
+#include <new>
 
 #include "import/FileErrors.h"
 #include "import/StatementFile.h"
@@ -23,8 +24,12 @@ public:
     }
     ~PrivateFolder()
     {
-        std::error_code ignored;
-        fs::remove_all(name_, ignored);
+        try {
+            std::error_code ignored;
+            fs::remove_all(name_, ignored);
+        } catch (const std::bad_alloc&) {
+            return;  // what is left, the system clears from its folder for temporary files
+        }
     }
     PrivateFolder(const PrivateFolder&) = delete;
     PrivateFolder& operator=(const PrivateFolder&) = delete;
