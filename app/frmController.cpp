@@ -24,6 +24,17 @@ std::int64_t YearNumber(const std::string& text)
     return IsNumeric(text) ? ParseLong(text) : 0;
 }
 
+/// Does it as far as there is memory for it.
+template <class Work>
+void Quietly(const Work& work) noexcept
+{
+    try {
+        work();
+    } catch (...) {
+        return;
+    }
+}
+
 }  // namespace
 
 frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
@@ -102,11 +113,28 @@ void frmController::Settle()
     stale_ = stale_ || Data().Database().LostGroup();
     try {
         Data().Database().Settle();
-    } catch (const EngineError&) {
+    } catch (...) {
         stale_ = true;
         ShowStored();
         throw;
     }
+    ShowStored();
+}
+
+void frmController::Abandon() noexcept
+{
+    if (!globals_.database)
+        return;
+    Data().Database().Abandon();
+    if (!loaded_)
+        return;
+    stale_ = true;
+    pendingTreeNode_ = 0;
+    // What the command had locked, it cannot unlock any more.
+    Quietly([this] { window.Enabled(true); });
+    Quietly([this] { Pointer(pointer::Default); });
+    if (View().HoldRefresh())
+        Quietly([this] { View().HoldRefresh(false); });
     ShowStored();
 }
 
@@ -117,32 +145,37 @@ void frmController::ReleaseLock()
         return;
     try {
         Data().Database().Settle();
-    } catch (const EngineError&) {
+    } catch (...) {
         stale_ = true;
         throw;
     }
 }
 
 /// What could not be saved is neither in the file nor any longer in the window.
-void frmController::ShowStored()
+void frmController::ShowStored() noexcept
 {
     if (!stale_)
         return;
     try {
-        Grid.Component().CancelEdit();
-        const std::int32_t selected = TreeView.Selected();
-        const TreeNode shown = TreeView.Node(selected);
-        View().BuildTree();
-        const std::int32_t node = NodeLike(TreeView, shown, selected);
-        TreeView.Select(node != 0 ? node : TreeView.Selected());
-        if (node != 0)
-            View().Refresh();
-        else
-            NodeClicked(TreeView.Selected());
+        ReloadWindow();
         stale_ = false;
-    } catch (const RuntimeError&) {
-        // The file cannot be read either, which the next command tells.
+    } catch (...) {
+        // The file cannot be read either, or there is no memory: the next command tries again.
     }
+}
+
+void frmController::ReloadWindow()
+{
+    Grid.Component().CancelEdit();
+    const std::int32_t selected = TreeView.Selected();
+    const TreeNode shown = View().TreeIsWhole() ? TreeView.Node(selected) : View().ShownNode();
+    View().BuildTree();
+    const std::int32_t node = NodeLike(TreeView, shown, selected);
+    TreeView.Select(node != 0 ? node : TreeView.Selected());
+    if (node != 0)
+        View().Refresh();
+    else
+        NodeClicked(TreeView.Selected());
 }
 
 void frmController::Unload()

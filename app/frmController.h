@@ -51,6 +51,10 @@ public:
     /// Makes durable what was written, if it is loaded; front ends call it after each command.
     /// Where writing failed the window shows what the file holds again. Throws EngineError.
     void Settle();
+    /// Takes back what a command wrote that was broken off by an error that no command reports,
+    /// such as too little memory. The window then takes input and shows what the file holds. Never
+    /// throws: what cannot be shown for lack of memory is shown after the next command.
+    void Abandon() noexcept;
 
     /// Lays the controls out for the inner size in pixels.
     void Resize(std::int32_t width, std::int32_t height);
@@ -138,7 +142,8 @@ private:
     void WireMenus();
     void WireGrid();
     void NodeClicked(std::int32_t node);
-    void ShowStored();
+    void ShowStored() noexcept;
+    void ReloadWindow();
     void ReleaseLock();
     bool KeepsAccount(const std::string& accountID);
     void ShowImportedAccount();

@@ -6,14 +6,18 @@
 #include "automation/Verbs.h"
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
+#include "data/Trouble.h"
 #include "platform/CurlHttpClient.h"
 
 #include <istream>
-#include <optional>
+#include <new>
 #include <ostream>
 
 namespace clb {
 namespace {
+
+/// Number of the error reply for too little memory.
+constexpr std::int32_t kOutOfMemory = 7;
 
 /// One run of the program with everything that surrounds it.
 class Driver {
@@ -50,14 +54,16 @@ public:
 
     bool Running() const { return controller_.Loaded(); }
     void Unload() { controller_.Unload(); }
-    Json Load();
-    Json Answer(const std::string& line);
+    /// Both give the reply's line. Throw std::bad_alloc when there is no memory for that; nothing
+    /// is kept then.
+    std::string Load();
+    std::string Answer(const std::string& line);
+    bool Failed() const { return failed_; }
 
 private:
     Json Perform(const std::string& line);
-    void Settle();
     template <class Work>
-    Json Reporting(Work work);
+    void Report(std::string& reply, Work work);
 
     IPresenter* presenter_;
     AnswerQueue answers_;
@@ -72,40 +78,46 @@ private:
     CurlHttpClient http_;
     frmController controller_;
     Recorder recorder_;
+    bool failed_ = false;  // the last reply is an error
 };
 
-/// Does the work and tells how it went; a failure of any kind becomes an error reply.
+/// Does the work; a failure of any kind makes an error reply. What no command reports by itself,
+/// such as too little memory, takes the whole command back.
 template <class Work>
-Json Driver::Reporting(Work work)
+void Driver::Report(std::string& reply, Work work)
 {
+    Json failure;
     try {
-        return work();
+        work();
+        return;
     } catch (const Interrupted&) {
-        throw;  // no reply: what the command wrote goes with the connection
+        controller_.Abandon();
+        throw;  // no reply
     } catch (const RequestError& error) {
-        return ErrorReply(0, error.what());
+        failure = ErrorReply(0, error.what());
     } catch (const RuntimeError& error) {
-        return ErrorReply(error.Number(), error.what());
+        failure = ErrorReply(error.Number(), error.what());
+    } catch (const std::bad_alloc&) {
+        controller_.Abandon();
+        failure = ErrorReply(kOutOfMemory, kNoMemory);
     } catch (const std::exception& error) {
-        return ErrorReply(errors::InvalidCall, error.what());
+        controller_.Abandon();
+        failure = ErrorReply(errors::InvalidCall, error.what());
     }
+    reply = ToLine(failure);
+    failed_ = true;
 }
 
-/// What the program wrote is on the disk and in the window before the reply goes out.
-void Driver::Settle()
+std::string Driver::Load()
 {
-    controller_.Settle();
-    if (presenter_)
-        presenter_->ProcessEvents();
-}
-
-Json Driver::Load()
-{
-    return Reporting([this] {
+    std::string reply = ToLine(GoodReply({{"ready", true}}));
+    Report(reply, [this] {
         controller_.Load();
-        Settle();
-        return GoodReply({{"ready", true}});
+        controller_.Settle();
     });
+    if (presenter_ && !failed_)
+        Report(reply, [this] { presenter_->ProcessEvents(); });
+    return reply;
 }
 
 Json Driver::Perform(const std::string& line)
@@ -117,16 +129,18 @@ Json Driver::Perform(const std::string& line)
     return GoodReply(PerformVerb(session, Request(json)));
 }
 
-Json Driver::Answer(const std::string& line)
+std::string Driver::Answer(const std::string& line)
 {
-    const Json reply = Reporting([&] { return Perform(line); });
+    failed_ = false;
+    std::string reply;
+    Report(reply, [&] { reply = ToLine(Perform(line)); });
     Interruption::Check();
-    // A failed command has its effects too, up to the failure.
-    const Json settled = Reporting([&] {
-        Settle();
-        return Json();
-    });
-    return settled.is_null() ? reply : settled;
+    // A failed command has its effects too, up to the failure. They are on the disk and in the
+    // window before the reply goes out.
+    Report(reply, [this] { controller_.Settle(); });
+    if (presenter_)
+        Report(reply, [this] { presenter_->ProcessEvents(); });
+    return reply;
 }
 
 }  // namespace
@@ -135,17 +149,17 @@ int RunAutomation(std::istream& requests, std::ostream& replies, const Automatio
                   IPresenter* presenter)
 {
     Driver driver(options, presenter);
-    const Json loaded = driver.Load();
-    replies << ToLine(loaded) << std::endl;
-    if (loaded["ok"] == false)
+    replies << driver.Load() << std::endl;
+    if (driver.Failed())
         return 1;
     std::string line;
     while (replies && driver.Running() && std::getline(requests, line))
-        replies << ToLine(driver.Answer(line)) << std::endl;
+        replies << driver.Answer(line) << std::endl;
     Interruption::Check();
     if (driver.Running())
         driver.Unload();
-    return replies ? 0 : 1;
+    // A request that could not be taken in, for lack of memory, has no reply.
+    return !replies || requests.bad() ? 1 : 0;
 }
 
 }  // namespace clb

@@ -24,6 +24,14 @@ std::int32_t CountLines(clsDatabase& data, Month month)
     return ToLong(rows.Get("Count"));
 }
 
+std::string Report(const CopyBudgetOptions& options, Month source, Month target, std::int32_t lines)
+{
+    if (options.json)
+        return ToLine({{"from", MonthText(source)}, {"to", MonthText(target)}, {"copied", lines}});
+    return "Copied " + std::to_string(lines) + (lines == 1 ? " budget line" : " budget lines") +
+           " from " + MonthText(source) + " to " + MonthText(target);
+}
+
 void CopyBudget(const CopyBudgetOptions& options)
 {
     NoForms forms;
@@ -38,16 +46,9 @@ void CopyBudget(const CopyBudgetOptions& options)
     program.ChooseMonth(target);
     program.PressNode(std::to_string(vwBudget));
     program.Press("mnuE_Copy");
+    const std::string report = Report(options, source, target, lines);
     program.Finish();
-
-    if (options.json)
-        std::cout << ToLine({{"from", MonthText(source)},
-                             {"to", MonthText(target)},
-                             {"copied", lines}})
-                  << '\n';
-    else
-        std::cout << "Copied " << lines << (lines == 1 ? " budget line" : " budget lines")
-                  << " from " << MonthText(source) << " to " << MonthText(target) << '\n';
+    std::cout << report << '\n';
 }
 
 }  // namespace

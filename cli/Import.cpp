@@ -8,6 +8,7 @@
 #include "cli/Program.h"
 #include "cli/Progress.h"
 #include "cli/StatementFiles.h"
+#include "data/Trouble.h"
 #include "import/StatementFile.h"
 
 #include <filesystem>
@@ -15,6 +16,7 @@
 #include <iostream>
 #include <map>
 #include <memory>
+#include <new>
 
 namespace clb {
 namespace {
@@ -248,7 +250,15 @@ ImportedFile ImportRun::Import(const std::string& file)
     std::error_code ignored;
     const bool kept = fs::exists(KeptStatement(path), ignored);
     const Overheard overheard(std::cerr);
-    Load(file, path, result);
+    try {
+        Load(file, path, result);
+    } catch (const std::bad_alloc& error) {
+        // Nothing of this file was kept; the next one may be smaller.
+        result = ImportedFile();
+        result.file = file;
+        result.failed = result.refused = true;
+        std::cerr << TroubleText(error) << '\n';
+    }
     // A trial tells of the file, not of its copy.
     result.told = Replace(overheard.Text(), path, file);
     const bool repaired = !kept && fs::exists(KeptStatement(path), ignored);

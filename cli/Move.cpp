@@ -14,6 +14,16 @@ struct MoveOptions : FolderOptions, PieceOptions {
     std::string by;
 };
 
+std::string Report(const MoveOptions& options, const Piece& piece, Month month)
+{
+    if (options.json)
+        return ToLine({{"number", piece.number},
+                       {"piece", piece.piece},
+                       {"year", month.year},
+                       {"period", month.period}});
+    return "Moved transaction " + std::to_string(piece.number) + " to " + MonthText(month);
+}
+
 void MoveTransaction(const MoveOptions& options)
 {
     NoForms forms;
@@ -21,17 +31,10 @@ void MoveTransaction(const MoveOptions& options)
     const bool back = options.by == "-1";
     const Piece piece = ShowPiece(program, options);
     program.Press(back ? "mnuE_MovePrev" : "mnuE_MoveNext");
+    const std::string report =
+        Report(options, piece, back ? piece.month.Previous() : piece.month.Next());
     program.Finish();
-
-    const Month month = back ? piece.month.Previous() : piece.month.Next();
-    if (options.json)
-        std::cout << ToLine({{"number", piece.number},
-                             {"piece", piece.piece},
-                             {"year", month.year},
-                             {"period", month.period}})
-                  << '\n';
-    else
-        std::cout << "Moved transaction " << piece.number << " to " << MonthText(month) << '\n';
+    std::cout << report << '\n';
 }
 
 }  // namespace

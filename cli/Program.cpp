@@ -22,16 +22,11 @@ Program::Program(const std::string& folder, IModalHost& forms, bool trial)
 
 Program::~Program()
 {
-    if (Interruption::Asked()) {
-        if (controller_.Loaded())
-            controller_.Data().Database().Abandon();
+    if (!controller_.Loaded())
         return;
-    }
-    try {
-        controller_.Unload();
-    } catch (const std::exception& error) {
-        std::cerr << error.what() << '\n';
-    }
+    if (controller_.Data().Database().Locked())
+        std::cerr << "Nothing of this command was kept.\n";
+    controller_.Data().Database().Abandon();
 }
 
 void Program::Finish()

@@ -24,7 +24,7 @@ public:
     /// it. trial: the folder is a copy that goes again, so nothing of it is kept. Throws
     /// EngineError.
     Program(const std::string& folder, IModalHost& forms, bool trial = false);
-    /// Unloads it, when Finish did not.
+    /// Takes back what was written, when Finish did not make it durable.
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
@@ -34,9 +34,9 @@ public:
     ConsoleFileDialog& Files() { return files_; }
     Month PresentMonth() const;
 
-    /// Makes durable what was written and unloads it. Throws EngineError when that fails; the
-    /// destructor could only tell it. Throws Interrupted when the program was told to end; then
-    /// nothing is kept.
+    /// Makes durable what was written and unloads it: each command's last step, before it says what
+    /// it did. Throws EngineError when that fails, and Interrupted when the program was told to
+    /// end; nothing is kept then.
     void Finish();
 
     /// Chooses the month to show, without showing it yet.

@@ -1,5 +1,7 @@
 #include "cli/Progress.h"
 
+#include <new>
+
 #include "cli/Table.h"
 
 namespace clb {
@@ -33,9 +35,13 @@ void Progress::Tell()
         if (number_ == told_)
             continue;
         told_ = number_;
-        out_ << Printable("Importing " + std::to_string(number_) + " of " + std::to_string(count_) +
-                          ": " + name_)
-             << std::endl;
+        try {
+            out_ << Printable("Importing " + std::to_string(number_) + " of " +
+                              std::to_string(count_) + ": " + name_)
+                 << std::endl;
+        } catch (const std::bad_alloc&) {
+            // The import itself goes on or tells it.
+        }
     }
 }
 

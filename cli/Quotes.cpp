@@ -6,6 +6,7 @@
 
 #include <iostream>
 #include <memory>
+#include <sstream>
 
 namespace clb {
 namespace {
@@ -28,7 +29,8 @@ std::vector<Holding> Holdings(clsDatabase& data)
     return holdings;
 }
 
-void PrintJson(const std::vector<Holding>& before, const std::vector<Holding>& after)
+void PrintJson(std::ostream& out, const std::vector<Holding>& before,
+               const std::vector<Holding>& after)
 {
     Json rows = Json::array();
     for (std::size_t at = 0; at < after.size(); ++at)
@@ -36,10 +38,11 @@ void PrintJson(const std::vector<Holding>& before, const std::vector<Holding>& a
                         {"StockName", after[at].name},
                         {"before", before[at].lastPrice.ToText()},
                         {"LastPrice", after[at].lastPrice.ToText()}});
-    std::cout << ToLine({{"holdings", rows}}) << '\n';
+    out << ToLine({{"holdings", rows}}) << '\n';
 }
 
-void PrintTable(const std::vector<Holding>& before, const std::vector<Holding>& after)
+void PrintTable(std::ostream& out, const std::vector<Holding>& before,
+                const std::vector<Holding>& after)
 {
     Table table;
     table.AddColumn("Symbol", false);
@@ -52,7 +55,7 @@ void PrintTable(const std::vector<Holding>& before, const std::vector<Holding>& 
         table.AddRow({after[at].symbol, after[at].name, before[at].lastPrice.Grouped(),
                       after[at].lastPrice.Grouped(), change.IsZero() ? "" : change.Grouped()});
     }
-    table.Print(std::cout);
+    table.Print(out);
 }
 
 int Update(const FolderOptions& options)
@@ -63,11 +66,14 @@ int Update(const FolderOptions& options)
     const std::vector<Holding> before = Holdings(data);
     program.Window().menus.Find("mnuT_UpdateQuotes")->Press();
     const std::vector<Holding> after = Holdings(data);
-    program.Finish();
+    std::ostringstream report;
+    report.exceptions(std::ostream::badbit);  // else it ends where memory does
     if (options.json)
-        PrintJson(before, after);
+        PrintJson(report, before, after);
     else
-        PrintTable(before, after);
+        PrintTable(report, before, after);
+    program.Finish();
+    std::cout << report.view();
     return program.Messages().Refused() ? 1 : 0;
 }
 

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <iostream>
 #include <memory>
+#include <sstream>
 
 namespace clb {
 namespace {
@@ -100,28 +101,27 @@ void Prepare(OptionsDialog& dialog, clsDatabase& data, const SetOptions& options
     dialog.accept = options.Change();
 }
 
-void PrintJson(const OptionsDialog& dialog)
+void PrintJson(std::ostream& out, const OptionsDialog& dialog)
 {
     Json accounts = Json::array();
     for (const ListedAccount& account : dialog.accounts)
         accounts.push_back({{"AccountID", account.id},
                             {"Description", account.description},
                             {"BudgetInclude", account.counts}});
-    std::cout << ToLine({{"bankUrl", dialog.shownAddress}, {"accounts", accounts}}) << '\n';
+    out << ToLine({{"bankUrl", dialog.shownAddress}, {"accounts", accounts}}) << '\n';
 }
 
-void Print(const OptionsDialog& dialog)
+void Print(std::ostream& out, const OptionsDialog& dialog)
 {
-    std::cout << "Bank web site: "
-              << (dialog.shownAddress.empty() ? "(none)" : Printable(dialog.shownAddress))
-              << "\n\n";
+    out << "Bank web site: "
+        << (dialog.shownAddress.empty() ? "(none)" : Printable(dialog.shownAddress)) << "\n\n";
     Table table;
     table.AddColumn("Account #", false);
     table.AddColumn("Description", false);
     table.AddColumn("In the budget", false);
     for (const ListedAccount& account : dialog.accounts)
         table.AddRow({account.id, account.description, account.counts ? "yes" : "no"});
-    table.Print(std::cout);
+    table.Print(out);
 }
 
 void ShowOptions(const SetOptions& options)
@@ -130,11 +130,14 @@ void ShowOptions(const SetOptions& options)
     Program program(OpenFolder(options.home), dialog);
     Prepare(dialog, program.Window().Data(), options);
     program.Press("mnuT_Options");
-    program.Finish();
+    std::ostringstream report;
+    report.exceptions(std::ostream::badbit);  // else it ends where memory does
     if (options.json)
-        PrintJson(dialog);
+        PrintJson(report, dialog);
     else
-        Print(dialog);
+        Print(report, dialog);
+    program.Finish();
+    std::cout << report.view();
 }
 
 }  // namespace

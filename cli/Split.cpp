@@ -59,6 +59,16 @@ std::int32_t LastPiece(clsDatabase& data, std::int32_t number)
     return ToLong(last.Get("LastPiece"));
 }
 
+std::string Report(const SplitOptions& options, std::int32_t number, const Json& first,
+                   const Json& second)
+{
+    if (options.json)
+        return ToLine({{"number", number}, {"pieces", Json::array({first, second})}});
+    return "Split transaction " + std::to_string(number) + ": " +
+           first["Amount"].get<std::string>() + " stays in piece " + first["piece"].dump() + ", " +
+           second["Amount"].get<std::string>() + " goes to piece " + second["piece"].dump();
+}
+
 void SplitTransaction(const SplitOptions& options)
 {
     AmountChoice choice(options.amount);
@@ -71,16 +81,9 @@ void SplitTransaction(const SplitOptions& options)
     clsDatabase& data = program.Window().Data();
     const Json first = PieceJson(data, piece.number, piece.piece);
     const Json second = PieceJson(data, piece.number, LastPiece(data, piece.number));
+    const std::string report = Report(options, piece.number, first, second);
     program.Finish();
-
-    if (options.json)
-        std::cout << ToLine({{"number", piece.number}, {"pieces", Json::array({first, second})}})
-                  << '\n';
-    else
-        std::cout << "Split transaction " << piece.number << ": "
-                  << first["Amount"].get<std::string>() << " stays in piece " << first["piece"]
-                  << ", " << second["Amount"].get<std::string>() << " goes to piece "
-                  << second["piece"] << '\n';
+    std::cout << report << '\n';
 }
 
 }  // namespace

@@ -16,17 +16,20 @@ struct SqlOptions {
     std::string statement;
 };
 
-Json Reply(const SqlOptions& options)
+/// The reply's line, complete before anything is made durable.
+std::string Reply(const SqlOptions& options, int& exitCode)
 {
     try {
         Connection connection;
         connection.Open("Data Source=" + options.folder + "/db/clb.mdb");
-        const Json reply = GoodReply(RunStatement(connection, options.statement));
+        std::string reply = ToLine(GoodReply(RunStatement(connection, options.statement)));
         Interruption::Check();
         connection.Settle();
+        exitCode = 0;
         return reply;
     } catch (const RuntimeError& error) {
-        return ErrorReply(error.Number(), error.what());
+        exitCode = 1;
+        return ToLine(ErrorReply(error.Number(), error.what()));
     }
 }
 
@@ -40,11 +43,7 @@ void AddSql(CLI::App& app, int& exitCode)
     command.Take("DIR", options->folder, "Program folder, which holds db/clb.mdb").Required();
     command.Take("STATEMENT", options->statement, "Statement of the program's SQL dialect")
         .Required();
-    command.Run([options, &exitCode] {
-        const Json reply = Reply(*options);
-        std::cout << ToLine(reply) << '\n';
-        exitCode = reply["ok"].get<bool>() ? 0 : 1;
-    });
+    command.Run([options, &exitCode] { std::cout << Reply(*options, exitCode) << '\n'; });
 }
 
 }  // namespace clb

@@ -7,6 +7,7 @@
 #include <CLI/CLI.hpp>
 #include <exception>
 #include <iostream>
+#include <new>
 
 namespace {
 
@@ -45,6 +46,9 @@ int RunReported(int argc, char** argv)
         return Run(argc, argv);
     } catch (const clb::Interrupted&) {
         clb::EndBySignal();
+    } catch (const std::bad_alloc&) {
+        std::cerr << "clb: There is not enough memory.\n";  // a longer text may need some
+        return refused;
     } catch (const std::exception& error) {
         Tell(clb::TroubleText(error));
         return refused;

@@ -39,6 +39,7 @@ GridColumn& GridColumns::Item(std::int32_t index)
 
 std::int32_t GridColumns::Add(GridColumn column)
 {
+    order_.reserve(order_.size() + 1);  // so that both grow or neither
     columns_.push_back(std::move(column));
     order_.push_back(Count());
     return Count();

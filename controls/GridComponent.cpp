@@ -45,6 +45,11 @@ void GridComponent::Bind(IGridSource* source)
     NumbersTold();
     columns_.Clear();
     groups_.clear();
+    // No current row until its cells are those of the new columns.
+    row_ = 0;
+    cells_.clear();
+    stored_.clear();
+    changed_.clear();
     editing_ = false;
     dirty_ = false;
     if (source_) {
@@ -140,10 +145,11 @@ void GridComponent::StandOn(std::size_t row, std::int32_t column)
 
 void GridComponent::LoadRow()
 {
-    cells_.assign(static_cast<std::size_t>(columns_.Count()), Null{});
-    stored_ = cells_;
-    changed_.assign(cells_.size(), false);
+    const auto count = static_cast<std::size_t>(columns_.Count());
+    changed_.assign(count, false);
     dirty_ = false;
+    stored_.assign(count, Null{});
+    cells_.assign(count, Null{});
     key_ = Null{};
     identity_ = 0;
     if (row_ == 0 || rows_.Kind(row_) != GridRowKind::Data)
@@ -255,7 +261,8 @@ Value GridComponent::ColumnValue(std::int32_t column)
     Freshen();
     if (columns_.Item(column).Calculated())
         return row_ == 0 ? Value{} : Fetch(row_, column);
-    return cells_[static_cast<std::size_t>(column - 1)];
+    const auto at = static_cast<std::size_t>(column - 1);
+    return at < cells_.size() ? cells_[at] : Value{};
 }
 
 void GridComponent::ColumnValue(std::int32_t column, const Value& value)

@@ -59,51 +59,53 @@ void GridRows::Rebuild()
         return;
     }
     generation_ = source_->Generation();
-    CollectGroups();
+    std::vector<Group> groups = CollectGroups();
+    rows_.clear();  // they name the old groups
+    groups_ = std::move(groups);
     Display();
 }
 
-void GridRows::CollectGroups()
+std::vector<GridRows::Group> GridRows::CollectGroups() const
 {
     const auto count = source_->Count();
-    if (groupings_->empty()) {
-        groups_.clear();
-        return;
-    }
+    std::vector<Group> groups;
+    if (groupings_->empty())
+        return groups;
     std::set<std::string> folded;
     for (const Group& group : groups_)
         if (group.folded)
             folded.insert(group.value);
-    groups_.clear();
     std::map<std::string, std::size_t> known;
     const auto field = static_cast<std::size_t>(groupings_->front().column - 1);
     for (std::size_t record = 0; record < count; ++record) {
         const std::string value = ToText(source_->At(record, field));
-        const auto [found, added] = known.try_emplace(value, groups_.size());
+        const auto [found, added] = known.try_emplace(value, groups.size());
         if (added)
-            groups_.push_back({value, {}, folded.contains(value)});
-        groups_[found->second].records.push_back(record);
+            groups.push_back({value, {}, folded.contains(value)});
+        groups[found->second].records.push_back(record);
     }
+    return groups;
 }
 
 void GridRows::Display()
 {
-    rows_.clear();
+    std::vector<Row> rows;
     if (groupings_->empty()) {
         const auto count = source_->Count();
-        rows_.reserve(count + 1);
+        rows.reserve(count + 1);
         for (std::size_t record = 0; record < count; ++record)
-            rows_.push_back({GridRowKind::Data, record, 0});
+            rows.push_back({GridRowKind::Data, record, 0});
     }
     for (std::size_t group = 0; group < groups_.size(); ++group) {
-        rows_.push_back({GridRowKind::GroupHeading, 0, group});
+        rows.push_back({GridRowKind::GroupHeading, 0, group});
         if (groups_[group].folded)
             continue;
         for (const std::size_t record : groups_[group].records)
-            rows_.push_back({GridRowKind::Data, record, group});
-        rows_.push_back({GridRowKind::GroupFooter, 0, group});
+            rows.push_back({GridRowKind::Data, record, group});
+        rows.push_back({GridRowKind::GroupFooter, 0, group});
     }
-    rows_.push_back({GridRowKind::NewRow, 0, 0});
+    rows.push_back({GridRowKind::NewRow, 0, 0});
+    rows_ = std::move(rows);
 }
 
 const GridRows::Row& GridRows::At(std::size_t row) const

@@ -71,7 +71,8 @@ private:
         bool folded = false;
     };
     const Row& At(std::size_t row) const;
-    void CollectGroups();
+    std::vector<Group> CollectGroups() const;
+    /// An exception leaves the displayed rows as they were.
     void Display();
 
     IGridSource* source_ = nullptr;

@@ -16,7 +16,8 @@ std::size_t RecordsetSource::Save(std::size_t row, const std::vector<Change>& ch
             records_.Set(field, value);
         records_.Update();
     } catch (...) {
-        records_.CancelUpdate();
+        if (records_.IsOpen())
+            records_.CancelUpdate();
         throw;
     }
     return records_.Position();

@@ -15,7 +15,11 @@ void Tree::Touch()
 Tree::Batch::~Batch()
 {
     --tree_.updates_;
-    tree_.Touch();
+    try {
+        tree_.Touch();
+    } catch (...) {
+        // Whoever draws the tree has no memory; the next change draws it.
+    }
 }
 
 void Tree::Clear()
@@ -79,6 +83,7 @@ void Tree::Remove(std::int32_t index)
     gone[static_cast<std::size_t>(index)] = true;
     std::vector<std::int32_t> moved(nodes_.size() + 1, 0);
     std::vector<TreeNode> kept;
+    kept.reserve(nodes_.size());
     for (std::size_t at = 1; at <= nodes_.size(); ++at) {
         TreeNode& node = nodes_[at - 1];
         if (gone[at] || gone[static_cast<std::size_t>(node.parent)]) {

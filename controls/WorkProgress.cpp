@@ -16,7 +16,11 @@ WorkProgress::Work::~Work()
     progress_.active_ = false;
     progress_.text_.clear();
     progress_.permille_.reset();
-    progress_.changed_.emit();
+    try {
+        progress_.changed_.emit();
+    } catch (...) {
+        // Whoever draws the bar has no memory; the next work draws it.
+    }
 }
 
 void WorkProgress::Step(std::size_t part, std::size_t whole, const std::string& text)

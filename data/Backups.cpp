@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <new>
 
 #include "base/Text.h"
 #include "data/SchemaVersion.h"
@@ -206,7 +207,7 @@ std::string Backups::Before(const std::string& what, const Date& now)
     return PathOf(name);
 }
 
-std::optional<std::string> Backups::BeforeUpgrade(const Date& now) noexcept
+std::optional<std::string> Backups::BeforeUpgrade(const Date& now)
 {
     try {
         Connection connection;
@@ -215,6 +216,8 @@ std::optional<std::string> Backups::BeforeUpgrade(const Date& now) noexcept
         if (version < 0 || version >= kSchemaVersion ||
             fs::exists(PathOf(DayOf(now) + "-before-upgrade")))
             return std::nullopt;
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception&) {
         // Opening the database itself reports what is the matter with it.
         return std::nullopt;
@@ -222,6 +225,8 @@ std::optional<std::string> Backups::BeforeUpgrade(const Date& now) noexcept
     try {
         Before("upgrade", now);
         return std::nullopt;
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& error) {
         return "No backup was made before the data was brought up to date. " +
                std::string(error.what());
@@ -267,12 +272,13 @@ std::optional<std::string> Backups::Restore(const std::string& file, const Date&
     folder_.Make();
     const BackupFolder::Turn turn(folder_);
     const std::string kept = folder_.FreeName(DayOf(now) + kBeforeRestore);
-    ReplaceDatabase(database_, fresh.Path(), PathOf(kept));
+    std::optional path = PathOf(kept);
+    ReplaceDatabase(database_, fresh.Path(), *path);
     folder_.Failure(std::nullopt);
     if (!replaces)
         return std::nullopt;
     folder_.Add(kept);
-    return PathOf(kept);
+    return path;
 }
 
 }  // namespace clb

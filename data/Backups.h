@@ -35,8 +35,9 @@ public:
     std::string Before(const std::string& what, const Date& now);
     /// Makes a copy when the next opening of the database will change its schema; at most one a
     /// day. A copy that fails is no reason not to open it: returns why it failed, as a sentence.
-    /// Nothing when it was made or not needed, and when the database cannot be opened.
-    std::optional<std::string> BeforeUpgrade(const Date& now) noexcept;
+    /// Nothing when it was made or not needed, and when the database cannot be opened. Throws
+    /// std::bad_alloc: another try may well make it.
+    std::optional<std::string> BeforeUpgrade(const Date& now);
     /// Copies the database to a file outside, which must not be there yet.
     void CopyTo(const std::string& file) const;
 

@@ -1,5 +1,7 @@
 #include "data/Trouble.h"
 
+#include <new>
+
 #include "engine/EngineError.h"
 
 namespace clb {
@@ -50,6 +52,8 @@ const char* AdviceOn(const std::exception& error)
 
 std::string TroubleText(const std::exception& error)
 {
+    if (dynamic_cast<const std::bad_alloc*>(&error))
+        return "There is not enough memory.";
     const char* const advice = AdviceOn(error);
     return advice ? std::string(error.what()) + " " + advice : error.what();
 }

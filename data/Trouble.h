@@ -8,4 +8,9 @@ namespace clb {
 /// program's is the matter, what to do next.
 std::string TroubleText(const std::exception& error);
 
+/// What to tell of a command that was taken back, and of one for lack of memory.
+inline constexpr const char* kNothingKept = "Nothing of the last command was kept.";
+inline constexpr const char* kNoMemory =
+    "There is not enough memory. Nothing of the last command was kept.";
+
 }  // namespace clb

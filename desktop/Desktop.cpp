@@ -72,7 +72,8 @@ public:
                       MainWindow::Metrics()),
           window_(controller_, events_)
     {
-        events_.Attach([this] { controller_.Settle(); }, [this] { window_.Sync(); });
+        events_.Attach([this] { controller_.Settle(); }, [this] { window_.Sync(); },
+                       [this] { controller_.Abandon(); });
         events_.Before([this] { return FollowOthers(); });
         watch_.start(kWatchMilliseconds);
         QObject::connect(&watch_, &QTimer::timeout, [this] { LookForOthers(); });

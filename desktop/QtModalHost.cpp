@@ -4,6 +4,7 @@
 #include "desktop/DialogParent.h"
 #include "desktop/FormDialog.h"
 #include "desktop/PointerPort.h"
+#include "desktop/UserEvents.h"
 
 namespace clb {
 
@@ -11,10 +12,12 @@ void QtModalHost::Run(Form& form)
 {
     const PlainPointer pointer;
     FormDialog dialog(form, events_, DialogParent());
-    while (form.Visible()) {
+    const auto before = events_.WhenBroken([&form] { form.Hide(); });
+    while (form.Visible() && !events_.BrokenOff() && !Interruption::Asked())
         dialog.exec();
-        Interruption::Check();
-    }
+    events_.WhenBroken(before);
+    events_.PassOn();
+    Interruption::Check();
 }
 
 }  // namespace clb

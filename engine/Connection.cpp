@@ -47,8 +47,7 @@ void Connection::Open(std::string_view connectionString)
 {
     if (IsOpen())
         throw refuse::AlreadyOpen();
-    state_->database.OpenExisting(DataSourceOf(connectionString));
-    state_->ChangedElsewhere();
+    state_->Open(DataSourceOf(connectionString));
 }
 
 bool Connection::IsOpen() const

@@ -118,13 +118,17 @@ EngineError FileErrorOf(int extended, int system, const std::string& path)
     }
 }
 
+EngineError TooBig()
+{
+    return refuse::Statement("The statement or one of its values is too big.");
+}
+
 EngineError ErrorOf(int code, int extended, const std::string& message)
 {
     switch (code) {
         case SQLITE_CONSTRAINT: return ConstraintError(extended, message);
         case SQLITE_AUTH: return refuse::Statement("The statement is not allowed.");
-        case SQLITE_TOOBIG:
-            return refuse::Statement("The statement or one of its values is too big.");
+        case SQLITE_TOOBIG: return TooBig();
         default: break;
     }
     if (message == "integer overflow")
@@ -149,6 +153,21 @@ bool IsAboutFile(int code)
     }
 }
 
+bool IsOutOfMemory(int code)
+{
+    return (code & 0xFF) == SQLITE_NOMEM || code == SQLITE_IOERR_NOMEM;
+}
+
+/// Throws when a value could not be bound: the statement would run with null in its place.
+void RequireBound(int code)
+{
+    if (code == SQLITE_OK)
+        return;
+    if (IsOutOfMemory(code))
+        throw std::bad_alloc();
+    throw code == SQLITE_TOOBIG ? TooBig() : refuse::Statement(sqlite3_errstr(code));
+}
+
 /// Asked about everything that a statement is going to do, the triggers of the file included.
 int Authorize(void*, int action, const char*, const char* second, const char*, const char*)
 {
@@ -167,9 +186,36 @@ int Authorize(void*, int action, const char*, const char* second, const char*, c
     }
 }
 
+/// Returns the storage's code.
+int BindValue(sqlite3_stmt* raw, int parameter, const Value& value)
+{
+    switch (value.index()) {
+        case 0: return sqlite3_bind_null(raw, parameter);
+        case 1: {
+            const auto& text = std::get<std::string>(value);
+            return sqlite3_bind_text64(raw, parameter, text.data(), text.size(), SQLITE_STATIC,
+                                       SQLITE_UTF8);
+        }
+        case 2: return sqlite3_bind_int(raw, parameter, std::get<std::int32_t>(value));
+        case 3: return sqlite3_bind_int64(raw, parameter, std::get<Money>(value).Scaled());
+        case 4: return sqlite3_bind_double(raw, parameter, std::get<double>(value));
+        case 5:
+            return sqlite3_bind_double(raw, parameter, static_cast<double>(std::get<float>(value)));
+        case 6: {
+            const std::string iso = std::get<Date>(value).ToIso();
+            return sqlite3_bind_text64(raw, parameter, iso.data(), iso.size(), SQLITE_TRANSIENT,
+                                       SQLITE_UTF8);
+        }
+        default: return sqlite3_bind_int(raw, parameter, std::get<bool>(value) ? 1 : 0);
+    }
+}
+
 std::string_view ColumnText(sqlite3_stmt* statement, int column)
 {
+    const bool null = sqlite3_column_type(statement, column) == SQLITE_NULL;
     const auto* text = sqlite3_column_text(statement, column);
+    if (!text && !null)
+        throw std::bad_alloc();
     if (!text)
         return {};
     return {reinterpret_cast<const char*>(text),
@@ -185,40 +231,18 @@ void Statement::Finalize::operator()(sqlite3_stmt* raw) const
 
 void Statement::Bind(int parameter, const Value& value)
 {
-    sqlite3_stmt* const raw = raw_.get();
-    switch (value.index()) {
-        case 0: sqlite3_bind_null(raw, parameter); break;
-        case 1: {
-            const auto& text = std::get<std::string>(value);
-            sqlite3_bind_text64(raw, parameter, text.data(), text.size(), SQLITE_STATIC,
-                                SQLITE_UTF8);
-            break;
-        }
-        case 2: sqlite3_bind_int(raw, parameter, std::get<std::int32_t>(value)); break;
-        case 3: sqlite3_bind_int64(raw, parameter, std::get<Money>(value).Scaled()); break;
-        case 4: sqlite3_bind_double(raw, parameter, std::get<double>(value)); break;
-        case 5:
-            sqlite3_bind_double(raw, parameter, static_cast<double>(std::get<float>(value)));
-            break;
-        case 6: {
-            const std::string iso = std::get<Date>(value).ToIso();
-            sqlite3_bind_text64(raw, parameter, iso.data(), iso.size(), SQLITE_TRANSIENT,
-                                SQLITE_UTF8);
-            break;
-        }
-        default: sqlite3_bind_int(raw, parameter, std::get<bool>(value) ? 1 : 0); break;
-    }
+    RequireBound(BindValue(raw_.get(), parameter, value));
 }
 
 void Statement::BindText(int parameter, std::string_view text)
 {
-    sqlite3_bind_text64(raw_.get(), parameter, text.data(), text.size(), SQLITE_TRANSIENT,
-                        SQLITE_UTF8);
+    RequireBound(sqlite3_bind_text64(raw_.get(), parameter, text.data(), text.size(),
+                                     SQLITE_TRANSIENT, SQLITE_UTF8));
 }
 
 void Statement::BindInteger(int parameter, std::int64_t value)
 {
-    sqlite3_bind_int64(raw_.get(), parameter, value);
+    RequireBound(sqlite3_bind_int64(raw_.get(), parameter, value));
 }
 
 int Statement::ParameterCount() const
@@ -287,7 +311,7 @@ std::int64_t Statement::Integer(int column) const
     return sqlite3_column_int64(raw_.get(), column);
 }
 
-void Statement::Reset()
+void Statement::Reset() noexcept
 {
     sqlite3_reset(raw_.get());
 }
@@ -393,6 +417,8 @@ void Database::Connect(const std::string& path, int flags)
     if (code != SQLITE_OK) {
         const int system = raw_ ? sqlite3_system_errno(raw_) : 0;
         Close();
+        if (IsOutOfMemory(code))
+            throw std::bad_alloc();
         throw(code & 0xFF) == SQLITE_CANTOPEN
             ? SystemErrorOf(system, path)
                   .value_or(refuse::File(path, "cannot be opened.", FileTrouble::Unreadable))
@@ -449,15 +475,14 @@ Statement Database::Prepare(std::string_view sql, bool lasting)
 bool Database::Step(Statement& statement)
 {
     const int code = sqlite3_step(statement.Raw());
-    if (code == SQLITE_ROW)
+    if (code == SQLITE_ROW && !noMemory_)
         return true;
-    if (code == SQLITE_DONE) {
-        statement.Reset();
+    const ResetAtExit reset(statement);
+    if (std::exchange(noMemory_, false))
+        Throw(SQLITE_NOMEM, "");
+    if (code == SQLITE_DONE)
         return false;
-    }
-    const std::string message = sqlite3_errmsg(raw_);
-    statement.Reset();
-    Throw(code, message);
+    Throw(code, sqlite3_errmsg(raw_));
 }
 
 void Database::Run(const std::string& script)
@@ -467,18 +492,32 @@ void Database::Run(const std::string& script)
         Throw(code, sqlite3_errmsg(raw_));
 }
 
-void Database::Throw(int code, const std::string& message)
+void Database::Throw(int code, const char* message)
 {
+    if (IsOutOfMemory(code)) {
+        failure_.reset();
+        troubleIsMemory_ = true;
+        throw std::bad_alloc();
+    }
     if (failure_)
         throw EngineError(*std::exchange(failure_, std::nullopt));
     const int kind = code & 0xFF;
     if (kind == SQLITE_INTERRUPT || kind == SQLITE_BUSY)
         Interruption::CheckAnywhere();
     if (IsAboutFile(kind)) {
+        troubleIsMemory_ = true;  // until the error is made
         fileError_ = FileErrorOf(code, sqlite3_system_errno(raw_), path_);
-        throw EngineError(fileError_);
+        troubleIsMemory_ = false;
+        ThrowLastTrouble();
     }
     throw ErrorOf(kind, code, message);
+}
+
+void Database::ThrowLastTrouble() const
+{
+    if (troubleIsMemory_)
+        throw std::bad_alloc();
+    throw EngineError(fileError_);
 }
 
 void Database::Refuse(int code)
@@ -497,6 +536,12 @@ std::int64_t Database::ChangedRows() const
 bool Database::InTransaction() const
 {
     return sqlite3_get_autocommit(raw_) == 0;
+}
+
+void Database::RollBack(Statement& rollback) noexcept
+{
+    sqlite3_step(rollback.Raw());
+    rollback.Reset();
 }
 
 }  // namespace clb

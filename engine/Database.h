@@ -23,7 +23,8 @@ public:
     sqlite3_stmt* Raw() const { return raw_.get(); }
 
     /// 1-based parameter. The value is not copied: it must live until the statement has been reset.
-    /// Money is bound scaled, dates as ISO text, booleans as 0 or 1.
+    /// Money is bound scaled, dates as ISO text, booleans as 0 or 1. Throws EngineError when the
+    /// value is too big; so do the next two.
     void Bind(int parameter, const Value& value);
     void Bind(int parameter, const Value&& value) = delete;
     void BindText(int parameter, std::string_view text);  ///< copied
@@ -38,7 +39,7 @@ public:
     std::string Describe(int column) const;
     std::string Text(int column) const;
     std::int64_t Integer(int column) const;
-    void Reset();
+    void Reset() noexcept;
 
 private:
     struct Finalize {
@@ -60,7 +61,7 @@ private:
 };
 
 /// The storage's file. Its errors leave as EngineError, with the file's name where the file is the
-/// matter.
+/// matter. If the storage has run out of memory, std::bad_alloc leaves instead.
 class Database {
 public:
     Database() = default;
@@ -91,6 +92,9 @@ public:
     std::int64_t LastRowId() const;
     std::int64_t ChangedRows() const;
     bool InTransaction() const;
+    /// Takes back the open transaction by a statement that was prepared for it, so that even a
+    /// program without memory can. InTransaction() says whether it worked.
+    void RollBack(Statement& rollback) noexcept;
 
     /// While it lives, a statement that meets another program's lock fails at once.
     class Impatient {
@@ -106,12 +110,15 @@ public:
 
     /// An error that a function of ours raises inside a running statement; Step and Run throw it.
     void Fail(const EngineError& error) { failure_ = error; }
+    /// A collation of ours has no memory and cannot say so to the storage; Step throws for it.
+    void FailForMemory() noexcept { noMemory_ = true; }
 
     /// Throws the error for a code that the storage gave elsewhere.
     [[noreturn]] void Refuse(int code);
 
-    /// The latest error that was about the file.
-    const EngineError& LastFileError() const { return fileError_; }
+    /// Throws the latest error that was about the file or about memory: what made the storage give
+    /// up a transaction.
+    [[noreturn]] void ThrowLastTrouble() const;
 
     sqlite3* Raw() const { return raw_; }
 
@@ -124,12 +131,14 @@ private:
     void Distrust();
     void Configure();
     void ReadFirst();
-    [[noreturn]] void Throw(int code, const std::string& message);
+    [[noreturn]] void Throw(int code, const char* message);
 
     sqlite3* raw_ = nullptr;
     std::string path_;
     std::optional<EngineError> failure_;
     EngineError fileError_{engine_errors::Unavailable, ""};
+    bool noMemory_ = false;        ///< a collation has run out of memory
+    bool troubleIsMemory_ = true;  ///< the latest trouble was memory, not fileError_
 };
 
 }  // namespace clb

@@ -55,8 +55,8 @@ std::size_t FindIndex::Locate(std::uint64_t hash) const
 
 void FindIndex::Grow()
 {
-    std::vector<Entry> old = std::move(table_);
-    table_.assign(std::max<std::size_t>(64, old.size() * 2), Entry());
+    std::vector<Entry> old(std::max<std::size_t>(64, table_.size() * 2));
+    old.swap(table_);
     for (const Entry& entry : old)
         if (entry.list != kFree)
             table_[Locate(entry.hash)] = entry;

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <new>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -46,7 +48,10 @@ public:
     }
     std::string_view Text(int i) const
     {
+        const bool null = IsNull(i);
         const auto* text = sqlite3_value_text(arguments_[i]);
+        if (!text && !null)
+            throw std::bad_alloc();
         const auto size = static_cast<std::size_t>(sqlite3_value_bytes(arguments_[i]));
         return {reinterpret_cast<const char*>(text), text ? size : 0};
     }
@@ -240,6 +245,17 @@ void RoundCall(Call& call)
     call.Answer(std::isfinite(scaled) ? std::nearbyint(scaled) / scale : call.Real(0));
 }
 
+template <void (*Body)(Call&)>
+std::optional<EngineError> ErrorOf(Call& call)
+{
+    try {
+        Body(call);
+        return std::nullopt;
+    } catch (const RuntimeError& error) {
+        return EngineError(error.Number(), error.what());
+    }
+}
+
 /// Null in, null out; an error goes to the database as it is, which throws it from Step.
 template <void (*Body)(Call&), int NullableFrom>
 void Entry(sqlite3_context* context, int count, sqlite3_value** arguments)
@@ -248,21 +264,28 @@ void Entry(sqlite3_context* context, int count, sqlite3_value** arguments)
     for (int i = 0; i < std::min(count, NullableFrom); ++i)
         if (call.IsNull(i))
             return;
+    // No exception may pass through the storage, not even one from telling the error.
     try {
-        Body(call);
-    } catch (const RuntimeError& error) {
-        static_cast<Database*>(sqlite3_user_data(context))
-            ->Fail(EngineError(error.Number(), error.what()));
-        sqlite3_result_error(context, error.what(), -1);
-    } catch (const std::bad_alloc&) {
+        if (const auto error = ErrorOf<Body>(call)) {
+            static_cast<Database*>(sqlite3_user_data(context))->Fail(*error);
+            sqlite3_result_error(context, error->what(), -1);
+        }
+    } catch (...) {
         sqlite3_result_error_nomem(context);
     }
 }
 
-int Alphabetical(void*, int sizeA, const void* a, int sizeB, const void* b)
+/// The storage takes no error from a comparison. One without memory answers anything: the
+/// statement ends with the error.
+int Alphabetical(void* database, int sizeA, const void* a, int sizeB, const void* b)
 {
-    return CompareAlphabetical({static_cast<const char*>(a), static_cast<std::size_t>(sizeA)},
-                               {static_cast<const char*>(b), static_cast<std::size_t>(sizeB)});
+    try {
+        return CompareAlphabetical({static_cast<const char*>(a), static_cast<std::size_t>(sizeA)},
+                                   {static_cast<const char*>(b), static_cast<std::size_t>(sizeB)});
+    } catch (...) {
+        static_cast<Database*>(database)->FailForMemory();
+        return 0;
+    }
 }
 
 struct FunctionEntry {
@@ -291,12 +314,16 @@ constexpr std::array<FunctionEntry, 13> kFunctions = {{
 
 void RegisterFunctions(Database& database)
 {
-    sqlite3_create_collation_v2(database.Raw(), "clb_alpha", SQLITE_UTF8, nullptr, Alphabetical,
-                                nullptr);
+    const auto require = [&](int code) {
+        if (code != SQLITE_OK)
+            database.Refuse(code);
+    };
+    require(sqlite3_create_collation_v2(database.Raw(), "clb_alpha", SQLITE_UTF8, &database,
+                                        Alphabetical, nullptr));
     for (const FunctionEntry& function : kFunctions)
-        sqlite3_create_function_v2(database.Raw(), function.name, function.arguments,
-                                   SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY,
-                                   &database, function.entry, nullptr, nullptr, nullptr);
+        require(sqlite3_create_function_v2(database.Raw(), function.name, function.arguments,
+                                           SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY,
+                                           &database, function.entry, nullptr, nullptr, nullptr));
 }
 
 }  // namespace clb

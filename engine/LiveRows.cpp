@@ -22,13 +22,29 @@ void LiveRows::Clear()
 
 void LiveRows::Append()
 {
+    // An exception leaves everything as it was.
+    if (!tree_.empty()) {
+        const std::size_t from = slots_ + 1 - LowestBit(slots_ + 1);
+        tree_.push_back(1 + NumberOf(slots_) - NumberOf(from));
+        try {
+            live_.push_back(true);
+        } catch (...) {
+            tree_.pop_back();
+            throw;
+        }
+    }
     ++slots_;
     ++count_;
-    if (tree_.empty())
-        return;
-    live_.push_back(true);
-    const std::size_t from = slots_ - LowestBit(slots_);
-    tree_.push_back(1 + NumberOf(slots_ - 1) - NumberOf(from));
+}
+
+void LiveRows::DropLast()
+{
+    if (!tree_.empty()) {
+        tree_.pop_back();
+        live_.pop_back();
+    }
+    --slots_;
+    --count_;
 }
 
 void LiveRows::Build()

@@ -11,6 +11,8 @@ class LiveRows {
 public:
     void Clear();
     void Append();
+    /// Takes the last Append back.
+    void DropLast();
     void Remove(std::size_t slot);
 
     std::size_t Slots() const { return slots_; }

@@ -157,13 +157,18 @@ void Recordset::State::SaveNew()
     RowWriter writer(*session, *plan);
     const std::int64_t rowId = writer.Insert(change);
     edit = Edit::None;
-    slot = live.Slots();
     live.Append();
-    // What was set in every field, is what a table without triggers holds.
-    if (plan->plain && change.All() && !plan->triggers)
-        std::move(change.values.begin(), change.values.end(), rows.AppendFilled(rowId));
-    else
-        rows.Append(rowId);
+    try {
+        // What was set in every field, is what a table without triggers holds.
+        if (plan->plain && change.All() && !plan->triggers)
+            std::move(change.values.begin(), change.values.end(), rows.AppendFilled(rowId));
+        else
+            rows.Append(rowId);
+    } catch (...) {
+        live.DropLast();
+        throw;
+    }
+    slot = live.Slots() - 1;
     AddToSearched(slot);
 }
 
@@ -246,15 +251,25 @@ Recordset::State::Searched& Recordset::State::SearchedField(std::size_t field)
 
 void Recordset::State::AddToSearched(std::size_t at)
 {
-    for (const auto& in : searched) {
-        if (!in)
-            continue;
-        if (at == in->column.Slots())
-            in->column.Append(rows.RowId(at));
-        else if (in->column.Holds(at))
-            in->column.Refresh(at);
-        in->index.Add(HashOf(rows.Values(at)[in->field]), at);
+    try {
+        for (const auto& in : searched)
+            if (in)
+                AddTo(*in, at);
+    } catch (const EngineError&) {
+        throw;
+    } catch (...) {
+        searched.clear();  // made anew by the next search
+        throw;
     }
+}
+
+void Recordset::State::AddTo(Searched& in, std::size_t at)
+{
+    if (at == in.column.Slots())
+        in.column.Append(rows.RowId(at));
+    else if (in.column.Holds(at))
+        in.column.Refresh(at);
+    in.index.Add(HashOf(rows.Values(at)[in.field]), at);
 }
 
 void Recordset::State::RemoveFromSearched(std::size_t at)

@@ -68,6 +68,7 @@ private:
     const Value* ValueIfThere(std::size_t at, Searched& in);
     Searched& SearchedField(std::size_t field);
     void AddToSearched(std::size_t at);
+    void AddTo(Searched& in, std::size_t at);
     void RemoveFromSearched(std::size_t at);
     RowStore::Fetch Fetcher(FieldRange range) const;
 };

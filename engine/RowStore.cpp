@@ -18,11 +18,13 @@ void RowStore::Start(std::size_t fields, Fetch fetch)
 
 Value* RowStore::AppendFilled(std::int64_t rowId)
 {
+    // An exception adds no row.
     const std::size_t slot = Slots();
-    rowIds_.push_back(rowId);
     Block& block = BlockOf(slot);
+    Value* const place = Place(block, slot);
+    rowIds_.push_back(rowId);
     block.loaded.set(slot % kBlockRows);
-    return Place(block, slot);
+    return place;
 }
 
 void RowStore::Append(std::int64_t rowId)
@@ -93,8 +95,11 @@ std::size_t RowStore::RowsToLoad(const Block& block, std::size_t slot) const
 void RowStore::Load(Block& block, std::size_t slot, std::size_t count)
 {
     Place(block, slot + count - 1);
+    const Rows asked = ~Rows() >> (kBlockRows - count) << slot % kBlockRows;
+    const Rows before = block.loaded;
+    block.loaded &= ~asked;  // an exception may leave a row half read
     const Rows found = fetch_(std::span(rowIds_).subspan(slot, count), Place(block, slot));
-    block.loaded |= found << slot % kBlockRows;
+    block.loaded = before | found << slot % kBlockRows;
     if (!found.test(0))
         throw refuse::RowVanished();
 }

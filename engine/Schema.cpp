@@ -153,8 +153,9 @@ void ApplyDdl(const DdlStatement& ddl, Catalogue& catalogue, Database& database)
     try {
         std::visit(SchemaChange(catalogue, database), ddl);
         database.Run("RELEASE clb_schema");
-    } catch (...) {
-        // After a failure of the disk the storage may have undone everything by itself.
+    } catch (const RuntimeError&) {
+        // After a failure of the disk the storage may have undone everything by itself. After any
+        // other exception the whole command is taken back.
         if (database.InTransaction())
             database.Run("ROLLBACK TO clb_schema; RELEASE clb_schema");
         throw;

@@ -1,6 +1,7 @@
 #include "engine/Session.h"
 
 #include <limits>
+#include <new>
 
 #include "base/Interruption.h"
 #include "engine/Compiler.h"
@@ -14,6 +15,21 @@ namespace {
 constexpr std::int64_t kLargestNumber = std::numeric_limits<std::int32_t>::max();
 
 }  // namespace
+
+void Connection::State::Open(const std::string& path)
+{
+    database.OpenExisting(path);
+    try {
+        begin = database.Prepare("BEGIN IMMEDIATE", true);
+        beginReading = database.Prepare("BEGIN DEFERRED", true);
+        commit = database.Prepare("COMMIT", true);
+        rollback = database.Prepare("ROLLBACK", true);
+        ChangedElsewhere();
+    } catch (...) {
+        database.Close();
+        throw;
+    }
+}
 
 void Connection::State::RequireOpen() const
 {
@@ -73,13 +89,12 @@ void Connection::State::ForgetSchema()
 void Connection::State::BeginWrite()
 {
     Interruption::CheckAnywhere();
+    RequireTakenBack();
     if (database.InTransaction())
         return;
     // What the command wrote before is gone: the rest of it must not stand alone.
     if (LostGroup())
-        throw EngineError(database.LastFileError());
-    if (!begin)
-        begin = database.Prepare("BEGIN IMMEDIATE", true);
+        database.ThrowLastTrouble();
     database.Step(begin);
     pending = true;
 }
@@ -90,7 +105,7 @@ void Connection::State::StepWrite(Statement& statement)
         database.Step(statement);
     } catch (const EngineError& error) {
         if (whole && error.Trouble() != FileTrouble::None && database.InTransaction())
-            database.Run("ROLLBACK");
+            TakeBack();
         throw;
     }
 }
@@ -127,25 +142,19 @@ std::int64_t Connection::State::LastNumber(const std::string& table)
     return database.Step(find) ? find.Integer(0) : 0;
 }
 
-void Connection::State::Commit()
-{
-    if (!commit)
-        commit = database.Prepare("COMMIT", true);
-    database.Step(commit);
-}
-
 void Connection::State::Settle()
 {
     pending = false;
     whole = false;
-    if (!database.IsOpen() || !database.InTransaction())
+    if (!database.IsOpen())
+        return;
+    RequireTakenBack();
+    if (!database.InTransaction())
         return;
     try {
         Commit();
-    } catch (const EngineError&) {
-        if (database.InTransaction())
-            database.Run("ROLLBACK");
-        ForgetSchema();
+    } catch (...) {
+        TakeBack();
         throw;
     }
 }
@@ -154,13 +163,33 @@ void Connection::State::Abandon() noexcept
 {
     pending = false;
     whole = false;
-    if (!database.IsOpen() || !database.InTransaction())
-        return;
+    if (database.IsOpen())
+        TakeBack();
+}
+
+void Connection::State::TakeBack() noexcept
+{
+    if (database.InTransaction())
+        database.RollBack(rollback);
+    abandoned = database.InTransaction();
+    ForgetSchema();
+}
+
+void Connection::State::RequireTakenBack()
+{
+    if (abandoned)
+        TakeBack();
+    if (abandoned)
+        throw std::bad_alloc();
+}
+
+void Connection::State::EndReading() noexcept
+{
+    reading = false;
     try {
-        database.Run("ROLLBACK");
-        ForgetSchema();
-    } catch (const EngineError&) {
-        // A group that cannot be taken back is never committed: it ends with the connection.
+        Commit();
+    } catch (...) {
+        TakeBack();
     }
 }
 
@@ -189,8 +218,6 @@ ReadGroup::ReadGroup(Connection::State& session)
 {
     if (session.database.InTransaction())
         return;
-    if (!session.beginReading)
-        session.beginReading = session.database.Prepare("BEGIN DEFERRED", true);
     session.database.Step(session.beginReading);
     session.reading = true;
     session_ = &session;
@@ -198,14 +225,8 @@ ReadGroup::ReadGroup(Connection::State& session)
 
 ReadGroup::~ReadGroup()
 {
-    if (!session_)
-        return;
-    session_->reading = false;
-    try {
-        session_->Commit();
-    } catch (...) {
-        // Nothing was written. A group that the storage has given up already is over as well.
-    }
+    if (session_)
+        session_->EndReading();
 }
 
 }  // namespace clb

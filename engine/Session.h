@@ -24,12 +24,17 @@ struct Connection::State {
     bool pending = false;             ///< the pending group was opened and not settled
     bool whole = false;               ///< it was opened ahead: it is kept whole or not at all
     Statement readSchemaVersion;
+    // Prepared by Open, so that a group can be ended when there is no memory for it.
     Statement begin;
     Statement beginReading;
     Statement commit;
+    Statement rollback;
+    bool abandoned = false;  ///< the open group could not be taken back: it is never committed
     Statement readDataVersion;
     std::int64_t dataVersion = -1;  ///< of the storage when it was last asked; -1: not known
 
+    /// Opens the file and prepares what begins and ends groups. Throws EngineError.
+    void Open(const std::string& path);
     /// The compiled statement and its values. Notices first when another program has changed the
     /// schema. Throws EngineError.
     StatementCache::Entry Prepare(std::string_view sql);
@@ -47,13 +52,19 @@ struct Connection::State {
     void Settle();
     void Abandon() noexcept;
     bool ChangedElsewhere();
-    void Commit();
+    void Commit() { database.Step(commit); }
+    /// Ends the transaction of a ReadGroup, in which nothing was written.
+    void EndReading() noexcept;
     /// To be called after each change of the schema.
     void ForgetSchema();
     void RequireOpen() const;
 
 private:
     void NoticeForeignSchema();
+    /// Takes the open group back; a group that cannot be taken back is marked as abandoned.
+    void TakeBack() noexcept;
+    /// Tries again to take an abandoned group back. Throws std::bad_alloc when it stays.
+    void RequireTakenBack();
     std::int64_t LastNumber(const std::string& table);
 
     std::map<std::string, Statement> lastNumbers_;  ///< by table

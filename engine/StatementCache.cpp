@@ -20,7 +20,12 @@ void StatementCache::Recent<T>::Add(std::string key, T value)
         nodes_.pop_back();
     }
     nodes_.push_front({std::move(key), std::move(value)});
-    index_.insert_or_assign(nodes_.front().key, nodes_.begin());
+    try {
+        index_.insert_or_assign(nodes_.front().key, nodes_.begin());
+    } catch (...) {
+        nodes_.pop_front();
+        throw;
+    }
 }
 
 template <typename T>

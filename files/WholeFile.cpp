@@ -165,9 +165,10 @@ void WholeFile::TakePlace()
 
 void WholeFile::Keep()
 {
+    const std::string folder = FolderOf(target_);
     TakePlace();
     if (!special_)
-        SyncFolder(FolderOf(target_));
+        SyncFolder(folder);
 }
 
 void ReplaceFile(const std::string& path, std::string_view bytes)

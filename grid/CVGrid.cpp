@@ -93,14 +93,14 @@ void CVGrid::HandleBeforeUpdate(bool& cancel)
     updating_ = true;
     try {
         beforeUpdate_.emit(cancel);
+        if (cancel)
+            inner_.Editing(true);
+        else
+            FillEmptyCells();
     } catch (...) {
         updating_ = false;
         throw;
     }
-    if (cancel)
-        inner_.Editing(true);
-    else
-        FillEmptyCells();
     updating_ = false;
 }
 

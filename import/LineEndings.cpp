@@ -1,7 +1,9 @@
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <string_view>
@@ -9,6 +11,7 @@
 #include <vector>
 
 #include "files/FileError.h"
+#include "files/Folders.h"
 #include "files/WholeFile.h"
 #include "import/FileErrors.h"
 #include "import/StatementFile.h"
@@ -97,13 +100,13 @@ void KeepAs(const std::string& path, const std::string& kept)
 }
 
 /// Takes KeepAs back.
-void Restore(const std::string& kept, const std::string& path)
+void Restore(const std::string& kept, const std::string& path) noexcept
 {
-    std::error_code ignored;
-    if (fs::exists(fs::symlink_status(path, ignored)))
-        fs::remove(kept, ignored);
+    const bool hasBothNames = ::faccessat(AT_FDCWD, path.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
+    if (hasBothNames)
+        ::unlink(kept.c_str());
     else
-        fs::rename(kept, path, ignored);
+        ::rename(kept.c_str(), path.c_str());
 }
 
 void RewriteFirstLine(const std::string& path)
@@ -116,11 +119,12 @@ void RewriteFirstLine(const std::string& path)
     WriteRepairedCopy(path, repaired);
     KeepAs(path, kept);
     try {
-        repaired.Keep();
-    } catch (const FileError&) {
+        repaired.TakePlace();
+    } catch (...) {
         Restore(kept, path);
         throw;
     }
+    SyncFolder(FolderOf(path));
 }
 
 }  // namespace

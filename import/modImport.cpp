@@ -97,18 +97,29 @@ void modImport::ForgetBalances()
     balancesNoted_ = false;
 }
 
-/// Before anything is written: a copy that is made later might have to wait for our own lock.
-void modImport::KeepFormerFile()
+/// Mapping gives an account's rows another number. So many of them may be written that a copy made
+/// after it would wait for our own lock.
+void modImport::KeepFileBeforeMapping(const std::string& accountID)
 {
-    ForgetBalances();
-    if (!OddBalances(database_).empty())
+    Connection& connection = database_.Database();
+    const Connection::Untraced untraced(connection);
+    const bool known = !connection
+                            .Execute("SELECT Sequence FROM Account WHERE AccountID = '" +
+                                     clsDatabase::ToSqlString(accountID) + "'")
+                            .Empty();
+    if (!known && !OddBalances(database_).empty())
         formerFile_ = host_.KeepFormerFile();
 }
 
 void modImport::NoteFormerBalances()
 {
-    formerBalances_ = NoteBalances(database_, "import", clock_.Now());
+    formerBalances_ = OddBalances(database_);
     balancesNoted_ = true;
+    if (formerBalances_.empty())
+        return;
+    if (formerFile_.empty())
+        formerFile_ = host_.KeepFormerFile();
+    noticed_balances::Note(database_.Database(), formerBalances_, "import", clock_.Now());
 }
 
 bool modImport::ImportByFormat(const std::string& path)

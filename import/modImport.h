@@ -63,7 +63,8 @@ private:
     bool ImportByFormat(const std::string& path);
     std::string NewRun();
     void ForgetBalances();
-    void KeepFormerFile();
+    void KeepFileBeforeMapping(const std::string& accountID);
+    /// To be called inside the write lock, before the first new row.
     void NoteFormerBalances();
 
     clsDatabase& database_;

@@ -45,8 +45,11 @@ public:
     {
     }
 
-    /// Reads the file up to its account. False when it names none or the user cancels.
-    bool Begin(const std::string& path);
+    /// Reads the file up to its account. False when it names none.
+    bool FindAccount(const std::string& path);
+    const std::string& AccountID() const { return accountID_; }
+    /// False when the user cancels.
+    bool CheckAccount() { return host_.CheckImportAccount(accountID_); }
     void ReadRows();
 
     const std::string& Text() const { return text_; }
@@ -75,16 +78,13 @@ private:
     Month last_;
 };
 
-bool OfxReader::Begin(const std::string& path)
+bool OfxReader::FindAccount(const std::string& path)
 {
     text_ = ReadStatement(path);
     account_ = scan::Find(text_, "<ACCTID>", ByteOffset(text_, kSearchStart));
     if (account_ == scan::None)
         return false;
     accountID_ = scan::Value(text_, "<ACCTID>", account_);
-    if (!host_.CheckImportAccount(accountID_))
-        return false;
-    database_.Lock();
     return true;
 }
 
@@ -205,7 +205,7 @@ void OfxReader::ProvideBudgetLine(Month month)
 void modImport::ImportOFX(const std::string& path)
 {
     counts_ = {};
-    KeepFormerFile();
+    ForgetBalances();
     OfxReader reader(database_, host_, counts_);
     const auto told = [&](const auto& read) {
         try {
@@ -218,9 +218,13 @@ void modImport::ImportOFX(const std::string& path)
             return false;
         }
     };
-    if (!told([&] { return reader.Begin(path); }))
+    // What is not told so is not about the statement's data: it ends the command.
+    if (!told([&] { return reader.FindAccount(path); }))
         return;
-    // Its errors are not about the file's data: they end the command.
+    KeepFileBeforeMapping(reader.AccountID());
+    if (!told([&] { return reader.CheckAccount(); }))
+        return;
+    database_.Lock();
     NoteFormerBalances();
     told([&] {
         reader.ReadRows();

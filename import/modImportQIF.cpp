@@ -263,7 +263,7 @@ std::string modImport::NewRun()
 void modImport::ImportQIF(const std::string& path)
 {
     counts_ = {};
-    KeepFormerFile();
+    ForgetBalances();
     std::string accountID;
     if (!host_.CheckImportAccount(accountID))
         return;

@@ -15,9 +15,4 @@ void UpdateBalances(clsDatabase& database);
 /// Throws EngineError, also for a cell that is not an amount.
 std::vector<OddBalance> OddBalances(clsDatabase& database);
 
-/// To be called inside the write lock, before a command's first new row, when the command will
-/// store all balances anew: puts those that do not fit their rows on the list, in the same commit.
-/// by: "import" or "repair". Throws EngineError.
-std::vector<OddBalance> NoteBalances(clsDatabase& database, const std::string& by, const Date& now);
-
 }  // namespace clb

@@ -85,6 +85,7 @@ void clsView::BuildTree()
 {
     Tree& tree = targets_.tree;
     const Tree::Batch batch(tree);
+    treeIsWhole_ = false;
     tree.Clear();
     const std::int32_t root = AddNode(0, "", "Net Worth", std::to_string(vwNetWorth));
     tree.Expand(root, true);
@@ -100,7 +101,18 @@ void clsView::BuildTree()
         }
         AddNode(typeNode, "", line.text, line.tag);
     }
+    treeIsWhole_ = true;
     treeBuilt_.emit();
+}
+
+TreeNode clsView::ShownNode() const
+{
+    TreeNode node;
+    const bool account = view_ == vwAccount || view_ == vwInvestment || view_ == vwLoan;
+    node.tag = account ? AccountTag(view_, accountID_) : std::to_string(view_);
+    if (view_ == vwAccountType)
+        node.key = node.text = accountType_;
+    return node;
 }
 
 std::vector<clsView::TreeLine> clsView::TreeLines()

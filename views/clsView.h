@@ -57,11 +57,16 @@ public:
     void AccountID(const std::string& id) { accountID_ = id; }
     /// While true nothing reloads; writing false reloads once.
     void HoldRefresh(bool hold);
+    bool HoldRefresh() const { return hold_; }
 
     /// Loads the grid, totals, layout and commands for what is to be shown.
     void Refresh();
     /// Fills the tree from the accounts; the root is then selected.
     void BuildTree();
+    /// False when the last BuildTree was broken off by an error.
+    bool TreeIsWhole() const { return treeIsWhole_; }
+    /// The tree's node of what is shown, made up from the view's own state: tag, text and key.
+    TreeNode ShownNode() const;
     /// Whether the tree lists the accounts as they are stored now.
     bool TreeIsCurrent();
     /// Reads what is shown again because another program has written it: rows, totals, lists,
@@ -139,6 +144,7 @@ private:
     std::string accountType_;
     std::string accountID_;
     bool hold_ = false;
+    bool treeIsWhole_ = false;
     bool exportAllowed_ = false;
     HandWidths handWidths_;
     sigc::signal<void()> refreshed_;

@@ -112,6 +112,22 @@ TEST_F(NoticedBalancesTest, TheListFollowsANumberThatIsTypedIntoTheGrid)
     EXPECT_THAT(books_->Rows(kList), ElementsAre("N9|7|5|import|"));
 }
 
+/// So many that their sums are read together.
+TEST_F(NoticedBalancesTest, OfManyAccountsThoseThatDoNotFitAreFound)
+{
+    Begin(false);
+    for (int number = 3; number < 80; ++number)
+        books_->AddAccount("C" + std::to_string(number), number % 2 == 0 ? "Loan" : "Bank", "x");
+    books_->Execute(
+        "INSERT INTO Loan (AccountID, OriginalAmount, PaidAmount) VALUES ('C60', 9, 2)");
+    books_->Execute("INSERT INTO Trans (AccountID, Amount, Sequence) VALUES ('C61', 4, 2)");
+
+    Import();
+
+    EXPECT_THAT(books_->Rows(kList),
+                ElementsAre("C1|7|5|import|", "C60|0|7|import|", "C61|0|4|import|"));
+}
+
 /// Else the rows would be there, and the balances not.
 TEST_F(NoticedBalancesTest, ACellThatIsNoAmountEndsTheImportBeforeItsFirstRow)
 {

@@ -1,0 +1,44 @@
+#pragma once
+#include <map>
+#include <string>
+
+#include "tests/crash/TableDump.h"
+#include "tests/support/TempFolder.h"
+
+namespace clb {
+
+/// A small book in memory, which can be put back as it was after each try, and what is found in it.
+class BookFolder {
+public:
+    /// A book with the delivered tables and these statements run on it.
+    explicit BookFolder(const std::vector<std::string>& statements);
+
+    std::string Path() const { return folder_.Path(); }
+    std::string Path(const std::string& name) const { return folder_.Path(name); }
+    /// Adds a file to what is put back.
+    std::string Write(const std::string& name, const std::string& bytes);
+
+    /// Takes what stands there now as the state to put back.
+    void Keep();
+    /// Puts everything back; files are written in place, for a program that has them open.
+    void PutBack() const;
+
+    /// Names of all files below the folder, with their bytes.
+    std::map<std::string, std::string> Files() const;
+    std::vector<std::string> FileNames() const;
+    /// What the tables hold. Throws std::runtime_error when the file is damaged.
+    TableDump Tables() const;
+    /// Whether the database file is byte by byte as it was kept, and no journal beside it.
+    bool Untouched() const;
+    /// Whether the database file and no journal beside it holds the text.
+    bool Holds(const std::string& text) const;
+    const TableDump& KeptTables() const { return tables_; }
+    bool WasKept(const std::string& name) const { return kept_.contains(name); }
+
+private:
+    TempFolder folder_{TempFolder::Memory()};
+    std::map<std::string, std::string> kept_;
+    TableDump tables_;
+};
+
+}  // namespace clb

@@ -1,0 +1,141 @@
+// Memory runs out in the middle of a command of clb, its start included.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <CLI/CLI.hpp>
+#include <fstream>
+
+#include "cli/Commands.h"
+#include "tests/allocation/Tries.h"
+
+namespace clb {
+namespace {
+
+using testing::IsEmpty;
+
+/// As the program clb runs it; gives its exit code.
+int RunCommand(const std::vector<std::string>& words)
+{
+    int exitCode = 0;
+    CLI::App app("clb", "clb");
+    for (const auto add : {AddAccounts, AddImport, AddExport, AddMove, AddBackup, AddRestore,
+                           AddCheck, AddSql, AddCopyBudget})
+        add(app, exitCode);
+    std::vector<std::string> reversed(words.rbegin(), words.rend());
+    app.parse(reversed);
+    return exitCode;
+}
+
+class CommandAllocationTest : public testing::TestWithParam<Refusal> {
+protected:
+    CommandAllocationTest()
+        : books_({"INSERT INTO Account (AccountID, Description, Type) VALUES ('C-1', 'Checking', "
+                  "'Bank')",
+                  "INSERT INTO Trans (Sequence, AccountID, PostDate, Description, Amount, CheckID, "
+                  "Category, PayeeName, Year, Period, FITID) VALUES (1, 'C-1', #2006-03-04#, "
+                  "'Deli', -12.5, '', 'Food', '', 2006, 3, 'a')",
+                  "UPDATE Account SET CurrentBalance = -12.5",
+                  "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES "
+                  "(2006, 3, 'Food', 'Living', -90)"})
+    {
+        ::setenv("TMPDIR", books_.Path().c_str(), 1);
+    }
+    ~CommandAllocationTest() override { ::unsetenv("TMPDIR"); }
+
+    std::vector<std::string> Try(std::vector<std::string> words)
+    {
+        words.insert(words.end(), {"--home", books_.Path()});
+        return TryWords(words);
+    }
+    std::vector<std::string> TryWords(const std::vector<std::string>& words)
+    {
+        books_.Keep();
+        Tries tries(books_, GetParam());
+        if (tries.Next()) {
+            const int exitCode = ExitCode(tries, words);
+            FailingAllocations::End();
+            const bool wrongStart = tries.Undisturbed() && exitCode != 0;
+            tries.End(wrongStart            ? "exit code " + std::to_string(exitCode)
+                      : tries.Undisturbed() ? ""
+                                            : tries.WrongInBook(exitCode == 0));
+        }
+        std::vector<std::string> problems = tries.Problems();
+        if (tries.Failed() < 10)
+            problems.push_back("next to nothing was tried");
+        return problems;
+    }
+    static int ExitCode(const Tries& tries, const std::vector<std::string>& words)
+    {
+        tries.Begin();
+        try {
+            return RunCommand(words);
+        } catch (const std::exception&) {
+            return 1;
+        }
+    }
+
+    BookFolder books_;
+};
+
+TEST_P(CommandAllocationTest, InAStart)
+{
+    EXPECT_THAT(Try({"accounts"}), IsEmpty());
+}
+
+TEST_P(CommandAllocationTest, InAnUpgrade)
+{
+    for (const char* statement :
+         {"DROP TABLE _SchemaVersion", "CREATE TABLE _SchemaVersion (1 LONG)",
+          "ALTER TABLE Account DROP COLUMN BudgetInclude"})
+        RunCommand({"sql", books_.Path(), statement});
+    EXPECT_THAT(Try({"accounts"}), IsEmpty());
+}
+
+TEST_P(CommandAllocationTest, InAnImport)
+{
+    const std::string file =
+        books_.Write("march.ofx",
+                     "OFXHEADER:100\nDATA:OFXSGML\nVERSION:102\n<OFX>\n<ACCTID>N-1\n"
+                     "<STMTTRN><DTPOSTED>20060305<TRNAMT>-7<FITID>1<NAME>Shop</STMTTRN>\n");
+    EXPECT_THAT(Try({"import", file, "--create", "New one"}), IsEmpty());
+}
+
+TEST_P(CommandAllocationTest, InAnExport)
+{
+    EXPECT_THAT(Try({"export", "Checking", books_.Path("out.ofx")}), IsEmpty());
+}
+
+TEST_P(CommandAllocationTest, InAMove)
+{
+    EXPECT_THAT(Try({"move", "1", "--by", "-1"}), IsEmpty());
+}
+
+TEST_P(CommandAllocationTest, InABackup)
+{
+    EXPECT_THAT(Try({"backup"}), IsEmpty());
+}
+
+TEST_P(CommandAllocationTest, InARestore)
+{
+    const std::string copy = books_.Write("copy.mdb", books_.Files().at("db/clb.mdb"));
+    RunCommand({"sql", books_.Path(), "UPDATE Account SET Description = 'Changed since'"});
+    EXPECT_THAT(Try({"restore", copy}), IsEmpty());
+}
+
+TEST_P(CommandAllocationTest, InACheckThatRepairs)
+{
+    RunCommand({"sql", books_.Path(), "UPDATE Account SET CurrentBalance = 1"});
+    EXPECT_THAT(Try({"check", "--repair"}), IsEmpty());
+}
+
+TEST_P(CommandAllocationTest, InAStatement)
+{
+    EXPECT_THAT(TryWords({"sql", books_.Path(), "UPDATE Trans SET Category = 'Fun'"}), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Once, CommandAllocationTest, testing::Values(Refusal::One));
+INSTANTIATE_TEST_SUITE_P(ForGood, CommandAllocationTest, testing::Values(Refusal::All));
+
+}  // namespace
+}  // namespace clb
