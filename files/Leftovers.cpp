@@ -10,6 +10,7 @@
 #include <charconv>
 #include <exception>
 #include <filesystem>
+#include <new>
 #include <vector>
 
 namespace clb {
@@ -88,10 +89,14 @@ void RemoveLeftovers(const std::string& folder) noexcept
 
 void RemoveTemporaryLeftovers() noexcept
 {
-    std::error_code failure;
-    const fs::path folder = fs::temp_directory_path(failure);
-    if (!failure)
-        RemoveLeftovers(folder.string());
+    try {
+        std::error_code failure;
+        const fs::path folder = fs::temp_directory_path(failure);
+        if (!failure)
+            RemoveLeftovers(folder.string());
+    } catch (const std::bad_alloc&) {
+        return;  // the next start tries again
+    }
 }
 
 }  // namespace clb

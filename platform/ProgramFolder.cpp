@@ -9,6 +9,7 @@
 #include <unistd.h>
 #include <cstdlib>
 #include <filesystem>
+#include <new>
 #include <system_error>
 
 namespace clb {
@@ -80,8 +81,12 @@ void DeliverFolder(const std::string& folder, std::string_view database)
 void RemoveProgramLeftovers(const std::string& folder) noexcept
 {
     RemoveTemporaryLeftovers();
-    for (const char* place : {"", "/db", "/Help"})
-        RemoveLeftovers(folder + place);
+    try {
+        for (const char* place : {"", "/db", "/Help"})
+            RemoveLeftovers(folder + place);
+    } catch (const std::bad_alloc&) {
+        return;  // the next start tries again
+    }
 }
 
 }  // namespace clb
