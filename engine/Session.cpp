@@ -93,6 +93,7 @@ void Connection::State::BeginWrite()
     if (LostGroup())
         database.ThrowLastTrouble();
     database.Step(begin);
+    changesBefore = database.TotalChanges();
     pending = true;
 }
 
