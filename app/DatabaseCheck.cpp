@@ -1,205 +1,312 @@
 #include "app/DatabaseCheck.h"
 
-#include "data/SchemaVersion.h"
-#include "data/clsDatabase.h"
-#include "engine/Backup.h"
+#include <set>
+
+#include "app/CheckSchema.h"
+#include "base/Text.h"
 #include "engine/EngineError.h"
-#include "views/Balances.h"
+#include "engine/RawSql.h"
 #include "views/clsView.h"
 
 namespace clb {
 namespace {
 
-std::string Quoted(const std::string& text)
+std::string Quoted(std::string_view text)
 {
-    return "'" + text + "'";
+    return "'" + std::string(text) + "'";
 }
 
-std::string Counted(std::int32_t rows)
+std::int32_t Count(std::int64_t rows)
 {
-    return std::to_string(rows) + (rows == 1 ? " row" : " rows");
+    return static_cast<std::int32_t>(rows);
 }
 
-/// "number 5" or "numbers 5 to 17", of a group that selects its First and Last number.
-std::string Numbers(const Recordset& group)
+/// The table with the rows of an account that has this view.
+const char* TableOf(std::int32_t view)
 {
-    const std::string first = ToText(group.Get("First"));
-    const std::string last = ToText(group.Get("Last"));
-    return first == last ? "number " + first : "numbers " + first + " to " + last;
+    return view == vwAccount ? "Trans" : view == vwInvestment ? "Investment" : "Loan";
 }
 
-/// "2006-03", and "2006-13" for a month that is none.
-std::string MonthOf(const Recordset& row)
+/// Whether a budget line can be made of it just as saving a row makes one.
+bool CanHaveLine(const BudgetPlace& place)
 {
-    const std::string period = ToText(row.Get("Period"));
-    return ToText(row.Get("Year")) + "-" + (period.size() == 1 ? "0" : "") + period;
+    constexpr std::size_t kWidth = 50;
+    const auto& category = std::get<2>(place);
+    return IsMonth(place) && category && !category->empty() && IsValidUtf8(*category) &&
+           Length(*category) <= kWidth;
 }
 
-/// The numbers of the grouped rows, for Numbers.
-std::string CountsOf(const std::string& table)
+Finding Damage(const std::string& text)
 {
-    return "COUNT(*) AS Found, MIN(" + table + ".Sequence) AS First, MAX(" + table +
-           ".Sequence) AS Last";
+    return {.kind = "damage", .text = text};
 }
 
-class Check {
-public:
-    explicit Check(const std::string& file) { report_.file = file; }
-
-    DatabaseReport Run()
-    {
-        connection_.Open("Data Source=" + report_.file);
-        for (const std::string& fault : FaultsOf(report_.file))
-            Add("damage", "", "The file is damaged: " + fault + ".", 0);
-        if (!report_.findings.empty())
-            return report_;
-        report_.schemaVersion = SchemaVersionOf(connection_).value_or(0);
-        for (const char* table : {"Trans", "Investment", "Loan"})
-            FindOrphans(table);
-        FindBalances();
-        FindCategories();
-        for (const char* table : {"Trans", "Budget"})
-            FindMonths(table);
-        return report_;
-    }
-
-private:
-    void Add(const char* kind, const std::string& table, const std::string& text, std::int32_t rows)
-    {
-        report_.findings.push_back({kind, table, text, rows});
-    }
-    Recordset Select(const std::string& sql) { return connection_.Execute(sql); }
-
-    void FindOrphans(const std::string& table)
-    {
-        Recordset groups =
-            Select("SELECT " + table + ".AccountID, " + CountsOf(table) + " FROM " + table +
-                   " LEFT JOIN Account ON " + table +
-                   ".AccountID = Account.AccountID WHERE Account.Sequence IS NULL GROUP BY " +
-                   table + ".AccountID");
-        for (; !groups.AtEnd(); groups.MoveNext()) {
-            const std::int32_t rows = ToLong(groups.Get("Found"));
-            Add("orphan", table,
-                table + ": " + Counted(rows) + " (" + Numbers(groups) + ") of the account " +
-                    Quoted(ToText(groups.Get("AccountID"))) + ", which does not exist.",
-                rows);
-        }
-    }
-    Value SumOf(const std::string& account, std::int32_t view)
-    {
-        const std::string condition =
-            " WHERE AccountID = '" + clsDatabase::ToSqlString(account) + "'";
-        if (view == vwAccount)
-            return Select("SELECT SUM(Amount) AS Total FROM Trans" + condition).Get(0);
-        if (view == vwInvestment)
-            return Select("SELECT SUM(Total) AS Total FROM Investment" + condition).Get(0);
-        return Select("SELECT SUM(OriginalAmount - PaidAmount) AS Total FROM Loan" + condition)
-            .Get(0);
-    }
-    void FindBalances()
-    {
-        Recordset accounts =
-            Select("SELECT AccountID, Description, Type, CurrentBalance FROM Account");
-        for (; !accounts.AtEnd(); accounts.MoveNext()) {
-            const std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
-            if (view != 0)
-                CompareBalance(accounts, view);
-        }
-    }
-    void CompareBalance(const Recordset& account, std::int32_t view)
-    {
-        const std::string number = ToText(account.Get("AccountID"));
-        const std::string name = "Account " + Quoted(number) + " (" +
-                                 ToText(account.Get("Description")) + "): the stored balance is ";
-        const Value& stored = account.Get("CurrentBalance");
-        const std::string balance = IsNull(stored) ? "missing" : ToMoney(stored).ToText();
-        try {
-            const Money sum = ToMoney(SumOf(number, view));
-            if (IsNull(stored) || ToMoney(stored) != sum)
-                Add("balance", "Account",
-                    name + balance + ", its rows add up to " + sum.ToText() + ".", 1);
-        } catch (const EngineError& error) {
-            if (error.Number() != engine_errors::Overflow)
-                throw;
-            Add("balance", "Account", name + balance + ", its rows add up to too much.", 1);
-        }
-    }
-    void FindCategories()
-    {
-        Recordset groups =
-            Select("SELECT Trans.Year, Trans.Period, Trans.Category, " + CountsOf("Trans") +
-                   " FROM Trans LEFT JOIN Budget ON Trans.Year = Budget.Year AND Trans.Period = "
-                   "Budget.Period AND Trans.Category = Budget.Category WHERE Budget.Sequence IS "
-                   "NULL GROUP BY Trans.Year, Trans.Period, Trans.Category ORDER BY Trans.Year, "
-                   "Trans.Period, Trans.Category");
-        for (; !groups.AtEnd(); groups.MoveNext()) {
-            const std::int32_t rows = ToLong(groups.Get("Found"));
-            Add("category", "Trans",
-                "Trans: " + Counted(rows) + " (" + Numbers(groups) + ") with the category " +
-                    Quoted(ToText(groups.Get("Category"))) + ", which has no budget line in " +
-                    MonthOf(groups) + ".",
-                rows);
-        }
-    }
-    void FindMonths(const std::string& table)
-    {
-        Recordset rows =
-            Select("SELECT Sequence, Year, Period FROM " + table +
-                   " WHERE Period < 1 OR Period > 12 OR Period IS NULL OR Year < 1000 OR Year > "
-                   "9999 OR Year IS NULL ORDER BY Sequence");
-        for (; !rows.AtEnd(); rows.MoveNext())
-            Add("month", table,
-                table + ": number " + ToText(rows.Get("Sequence")) + " is booked to " +
-                    MonthOf(rows) + ", which is no month.",
-                1);
-    }
-
-    DatabaseReport report_;
-    Connection connection_;
-};
-
-/// Nothing is shown: every balance is asked for by its account.
-struct NothingShown : IShownState, ICurrentRow {
-    std::int32_t View() const override { return 0; }
-    std::int32_t Period() const override { return 1; }
-    std::int32_t Year() const override { return 2000; }
-    const std::string& AccountType() const override { return none; }
-    const std::string& AccountID() const override { return none; }
-    Value ColumnValue(std::int32_t) override { return Null(); }
-    void ColumnValue(std::int32_t, const Value&) override {}
-
-    std::string none;
-};
-
-std::vector<Value> StoredBalances(clsDatabase& data)
+void FindDamage(RawSql& raw, FindingList& findings)
 {
-    Recordset accounts;
-    data.Fill(accounts, "SELECT CurrentBalance FROM Account ORDER BY [Sequence]", true);
-    std::vector<Value> balances;
-    for (; !accounts.AtEnd(); accounts.MoveNext())
-        balances.push_back(accounts.Get(0));
-    return balances;
+    std::vector<std::string> faults;
+    try {
+        raw.Select("PRAGMA integrity_check",
+                   [&](const RawSql::Row& row) { faults.emplace_back(row.Text(0)); });
+    } catch (const EngineError& error) {
+        if (error.Trouble() == FileTrouble::Locked)
+            throw;
+        // So much is wrong that the storage gives up.
+        faults.emplace_back("it cannot be read to its end");
+    }
+    if (faults == std::vector<std::string>{"ok"})
+        return;
+    for (const std::string& fault : faults)
+        findings.Add(Damage("The file is damaged: " + fault + "."));
 }
 
 }  // namespace
 
-DatabaseReport CheckDatabase(const std::string& folder)
+/// One step that cannot be done must not keep the others from being done.
+template <typename Step>
+void DatabaseCheck::Try(const std::string& table, Step step)
 {
-    return Check(folder + "/db/clb.mdb").Run();
+    try {
+        step();
+    } catch (const EngineError& error) {
+        if (error.Trouble() == FileTrouble::Locked)
+            throw;
+        // A missing column is told already.
+        if (error.Trouble() != FileTrouble::None || !findings_.Has("column", table))
+            findings_.Add(Damage(table + " cannot be read to its end: " + error.what()));
+    }
 }
 
-std::int32_t RepairBalances(const std::string& folder)
+DatabaseCheck::DatabaseCheck(RawSql& raw) : raw_(raw)
 {
-    NothingShown shown;
-    clsDatabase data(folder, shown, shown);
-    const std::vector<Value> before = StoredBalances(data);
-    UpdateBalances(data);
-    const std::vector<Value> after = StoredBalances(data);
-    std::int32_t changed = 0;
-    for (std::size_t n = 0; n < after.size(); ++n)
-        changed += before[n] == after[n] ? 0 : 1;
-    data.Database().Settle();
-    return changed;
+    CheckSchema schema(raw);
+    Try("The schema", [&] { version_ = schema.Version(findings_); });
+    Try("The schema", [&] { schema.FindColumns(version_, findings_); });
+    for (const std::string& table : OwnTables())
+        Try(table, [&] { Scan(table, *schema.Expected(table)); });
+    if (places_.contains("Trans"))
+        Try("Trans", [&] { plan_.numbers = CheckNumbers(raw_, findings_).NewNumbers(); });
+    Try("Account", [&] { ReadAccounts(); });
+    for (const char* table : {"Trans", "Investment", "Loan"})
+        FindOrphans(table);
+    FindBalances();
+    Try("CvBalance", [&] { FindNoticed(); });
+    FindCategories();
+    findings_.Append(months_);
+    Try("The schema", [&] { schema.FindHelpers(findings_); });
+    plan_.schema = schema.Missing();
+}
+
+void DatabaseCheck::Scan(const std::string& table, const TableInfo& expected)
+{
+    CheckRows rows(raw_, expected, findings_);
+    try {
+        rows.Run();
+    } catch (...) {
+        months_.Append(rows.Months());
+        throw;
+    }
+    months_.Append(rows.Months());
+    if (!raw_.Find(table))
+        return;
+    rows_[table] = rows.ByAccount();
+    places_[table] = rows.ByPlace();
+}
+
+void DatabaseCheck::ReadAccounts()
+{
+    if (!raw_.Find("Account"))
+        return;
+    std::map<std::string, std::int64_t> first;
+    raw_.Select(
+        "SELECT rowid, AccountID, Description, Type, CurrentBalance FROM Account ORDER BY rowid",
+        [&](const RawSql::Row& row) {
+            Account account{row.Integer(0),
+                            std::string(row.Text(1)),
+                            std::string(row.Text(2)),
+                            clsView::ViewFromAccountType(std::string(row.Text(3))),
+                            !row.IsNull(4),
+                            row.KindOf(4) == RawSql::Kind::Integer,
+                            row.Integer(4)};
+            const auto [same, fresh] = first.emplace(account.number, account.row);
+            const auto add = [&](const std::string& text) {
+                findings_.Add({.kind = "account",
+                               .table = "Account",
+                               .text = text,
+                               .rows = 1,
+                               .row = account.row,
+                               .sequence = account.row,
+                               .column = "AccountID"});
+            };
+            if (account.number.empty())
+                add("Account: number " + std::to_string(account.row) + " (" + account.description +
+                    ") has no account number.");
+            else if (!fresh)
+                add("Account: the numbers " + std::to_string(same->second) + " and " +
+                    std::to_string(account.row) + " have the same account number " +
+                    Quoted(account.number) + ".");
+            if (!row.IsNull(1))
+                accounts_.push_back(std::move(account));
+        });
+}
+
+void DatabaseCheck::FindOrphans(const std::string& table)
+{
+    std::set<std::string_view> known;
+    for (const Account& account : accounts_)
+        known.insert(account.number);
+    const auto read = rows_.find(table);
+    // With an unreadable list of accounts every row would seem to be one.
+    if (read == rows_.end() || !rows_.contains("Account"))
+        return;
+    for (const auto& [number, rows] : read->second)
+        if (!number || !known.contains(*number))
+            findings_.Add({.kind = "orphan",
+                           .table = table,
+                           .text = table + ": " + CountedRows(rows.count) + " (" + rows.Numbers() +
+                                   ") of the account " + Quoted(number.value_or("")) +
+                                   ", which does not exist.",
+                           .rows = Count(rows.count),
+                           .row = rows.row,
+                           .sequence = rows.first});
+}
+
+void DatabaseCheck::FindBalances()
+{
+    std::set<std::string_view> seen;
+    for (const Account& account : accounts_)
+        // Of two accounts with one number the first one's balance is kept.
+        if (account.view != 0 && seen.insert(account.number).second)
+            CompareBalance(account);
+}
+
+void DatabaseCheck::CompareBalance(const Account& account)
+{
+    const auto table = rows_.find(TableOf(account.view));
+    if (table == rows_.end())
+        return;
+    const auto rows = table->second.find(account.number);
+    const RowSum sum = rows == table->second.end() ? RowSum() : rows->second.sum;
+    if (sum.Spoilt())
+        return;  // told as cells
+    const auto stored = account.stored && account.readable
+                            ? std::optional(Money::FromScaled(account.balance))
+                            : std::nullopt;
+    const auto total = sum.Total();
+    if (total && stored == total)
+        return;
+    const std::string balance = stored           ? stored->ToText()
+                                : account.stored ? "not an amount"
+                                                 : "missing";
+    findings_.Add({.kind = "balance",
+                   .table = "Account",
+                   .text = "Account " + Quoted(account.number) + " (" + account.description +
+                           "): the stored balance is " + balance + ", its rows add up to " +
+                           (total ? total->ToText() : "too much") + ".",
+                   .rows = 1,
+                   .row = account.row,
+                   .sequence = account.row,
+                   .column = "CurrentBalance",
+                   .repairable = total.has_value()});
+    if (total)
+        plan_.balances.push_back(
+            {account.row, {account.number, account.description, stored, total}});
+}
+
+std::string DatabaseCheck::DescriptionOf(const std::string& number) const
+{
+    for (const Account& account : accounts_)
+        if (account.number == number)
+            return account.description;
+    return "which does not exist";
+}
+
+void DatabaseCheck::FindNoticed()
+{
+    if (!raw_.Find("CvBalance"))
+        return;
+    raw_.Select(
+        "SELECT rowid, At, AccountID, Stored, Total, NoticedBy FROM CvBalance WHERE TakenNoteOf IS "
+        "NULL ORDER BY rowid",
+        [this](const RawSql::Row& row) {
+            const auto amount = [&](int at, const char* none) {
+                return row.KindOf(at) == RawSql::Kind::Integer
+                           ? Money::FromScaled(row.Integer(at)).ToText()
+                           : std::string(none);
+            };
+            const std::string number(row.Text(2));
+            findings_.Add({.kind = "noticed",
+                           .table = "CvBalance",
+                           .text = "Account " + Quoted(number) + " (" + DescriptionOf(number) +
+                                   "): when " +
+                                   (row.Text(5) == "repair" ? "a repair" : "an import") +
+                                   " worked the balances out again on " +
+                                   std::string(row.Text(1).substr(0, 10)) +
+                                   ", the stored balance was " + amount(3, "missing") +
+                                   " and its rows added up to " + amount(4, "too much") + ".",
+                           .rows = 1,
+                           .row = row.Integer(0)});
+        });
+}
+
+void DatabaseCheck::FindCategories()
+{
+    const auto used = places_.find("Trans");
+    const auto lines = places_.find("Budget");
+    if (used == places_.end() || lines == places_.end())
+        return;
+    for (const auto& [place, rows] : used->second) {
+        const auto& [year, period, category] = place;
+        // An empty cell equals nothing, not even another one.
+        const bool comparable = year && period && category;
+        if (!comparable || !lines->second.contains(place))
+            AddCategory(place, rows);
+    }
+}
+
+void DatabaseCheck::AddCategory(const BudgetPlace& place, const RowGroup& rows)
+{
+    const bool repairable = CanHaveLine(place);
+    const std::string category = std::get<2>(place).value_or("");
+    findings_.Add({.kind = "category",
+                   .table = "Trans",
+                   .text = "Trans: " + CountedRows(rows.count) + " (" + rows.Numbers() +
+                           ") with the category " + Quoted(category) +
+                           ", which has no budget line in " + MonthText(place) + ".",
+                   .rows = Count(rows.count),
+                   .row = rows.row,
+                   .sequence = rows.first,
+                   .column = "Category",
+                   .repairable = repairable});
+    if (repairable)
+        plan_.budgetLines.push_back({static_cast<std::int32_t>(*std::get<0>(place)),
+                                     static_cast<std::int32_t>(*std::get<1>(place)), category});
+}
+
+DatabaseReport CheckDatabase(const std::string& folder)
+{
+    DatabaseReport report;
+    report.file = folder + "/db/clb.mdb";
+    FindingList findings;
+    try {
+        RawSql raw(report.file);
+        FindDamage(raw, findings);
+        raw.Hold();
+        DatabaseCheck check(raw);
+        report.schemaVersion = check.SchemaVersion();
+        findings.Append(check.Findings());
+        const bool damaged = findings.Has("damage", "");
+        report.findings = findings.Take();
+        if (damaged)
+            for (Finding& finding : report.findings)
+                finding.repairable = false;
+    } catch (const EngineError& error) {
+        // A file of a later storage's format is none of the storage's troubles with files.
+        if (error.Trouble() != FileTrouble::Damaged && error.Trouble() != FileTrouble::None)
+            throw;
+        findings.Add(Damage("The file is damaged: it is no database, or cannot be read at all."));
+        report.findings = findings.Take();
+    }
+    return report;
 }
 
 }  // namespace clb

@@ -26,6 +26,9 @@ struct Ports {
     IPrintJob& printing;
     IHttpClient& http;
     std::string quoteService;  ///< scheme, host and port; empty: the settings file's
+    /// Whether the data is a person's own: a command that puts something right keeps a copy of the
+    /// file first, and the window says so. Never under automation or in a trial.
+    bool keepsCopies = false;
 };
 
 }  // namespace clb

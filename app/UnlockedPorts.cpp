@@ -16,8 +16,8 @@ UnlockedPorts::UnlockedPorts(const Ports& ports, std::function<void()> release)
 
 Ports UnlockedPorts::Around(const Ports& ports)
 {
-    return {ports.folder, ports.clock, messages_, files_,   ports.shell,       ports.pointer,
-            ports.dates,  forms_,      printing_, network_, ports.quoteService};
+    return {ports.folder, ports.clock, messages_, files_,   ports.shell,        ports.pointer,
+            ports.dates,  forms_,      printing_, network_, ports.quoteService, ports.keepsCopies};
 }
 
 BoxAnswer UnlockedPorts::Messages::Show(const std::string& text, std::int32_t style,

@@ -82,6 +82,9 @@ public:
     clsDatabase& Data() { return *globals_.database; }
     modImport& Import() { return *import_; }
     modExport& Export() { return *export_; }
+    /// What is to be said of the balances that the last import found not to fit their rows; empty
+    /// when all fitted, and under automation.
+    std::string BalanceNotice() const;
     /// Path of the settings file.
     std::string SettingsFile() const { return ports_.folder + "/cvlb.ini"; }
     /// Scheme, host and port of the quote service: the one given with the ports, else the settings
@@ -97,6 +100,7 @@ public:
     void WindowEnabled(bool enabled) override;
     void Pointer(std::int32_t code) override;
     bool CheckImportAccount(std::string& accountID) override;
+    std::string KeepFormerFile() override;
     void ImportProgress(std::size_t part, std::size_t whole) override;
     void QuoteProgress(std::size_t part, std::size_t whole, const std::string& symbol) override;
 
@@ -148,6 +152,8 @@ private:
     void CheckRow(bool& cancel);
     void OfferCategory(const Value& category);
     void RowSaved();
+    std::string StoredAccountNumber();
+    void RenameNoticedBalances();
     void CheckDeletion(bool& cancel);
     /// Tag of the account in the grid's current row as it is stored, whatever was typed over it.
     std::string StoredAccountTag();
@@ -184,6 +190,7 @@ private:
     std::unique_ptr<modExport> export_;
     sigc::signal<void()> opened_;
     sigc::signal<void()> unloading_;
+    std::string formerNumber_;          // of the account being saved; empty for a new one
     double lastActual_ = 0;             // for the difference column of the same row
     std::int32_t pendingTreeNode_ = 0;  // node of the account being deleted
     std::int32_t refusedColumn_ = 1;    // cell to correct in a refused row

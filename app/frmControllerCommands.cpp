@@ -7,6 +7,7 @@
 #include "app/frmSplit.h"
 #include "base/Numeric.h"
 #include "base/RuntimeError.h"
+#include "data/Backups.h"
 
 namespace clb {
 
@@ -100,6 +101,24 @@ void frmController::ImportCommand()
     const WorkProgress::Work work(progress);
     import_->ImportFile();
     ShowImportedAccount();
+    notices.Set("balances", BalanceNotice());
+}
+
+std::string frmController::BalanceNotice() const
+{
+    const std::size_t odd = import_->FormerBalances().size();
+    if (odd == 0 || !ports_.keepsCopies)
+        return {};
+    return (odd == 1 ? "A balance did not fit its rows and was worked out again"
+                     : std::to_string(odd) +
+                           " balances did not fit their rows and were worked out again") +
+           std::string(": see clb check");
+}
+
+std::string frmController::KeepFormerFile()
+{
+    return ports_.keepsCopies ? Backups(ports_.folder).Before("import", ports_.clock.Now())
+                              : std::string();
 }
 
 void frmController::ImportProgress(std::size_t part, std::size_t whole)

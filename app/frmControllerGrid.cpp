@@ -5,6 +5,7 @@
 
 #include "app/OtherPrograms.h"
 #include "app/frmController.h"
+#include "data/NoticedBalances.h"
 
 namespace clb {
 namespace {
@@ -77,6 +78,7 @@ void frmController::CheckRow(bool& cancel)
         cancel = true;
         return;
     }
+    formerNumber_ = ListsAccounts() ? StoredAccountNumber() : std::string();
     if (View().View() == vwAccount)
         OfferCategory(Grid.ColumnValue(kTransactionCategory));
 }
@@ -105,8 +107,18 @@ bool frmController::ListsAccounts() const
     return view == vwNetWorth || view == vwAccountType;
 }
 
+void frmController::RenameNoticedBalances()
+{
+    if (formerNumber_.empty())
+        return;
+    const std::int32_t column = View().View() == vwNetWorth ? 3 : 2;
+    noticed_balances::FollowAccount(Data().Database(), formerNumber_,
+                                    ToText(Grid.ColumnValue(column)));
+}
+
 void frmController::RowSaved()
 {
+    RenameNoticedBalances();
     UpdateShownBalance();
     View().RefreshTotals();
     // A new row is a stored one now.
@@ -133,7 +145,13 @@ std::string frmController::StoredAccountTag()
         return ToText(Grid.Rows().Stored(Grid.Component().Row(), column));
     };
     return clsView::AccountTag(clsView::ViewFromAccountType(stored(netWorth ? 2 : 6)),
-                               stored(netWorth ? 3 : 2));
+                               StoredAccountNumber());
+}
+
+std::string frmController::StoredAccountNumber()
+{
+    const std::int32_t column = View().View() == vwNetWorth ? 3 : 2;
+    return ToText(Grid.Rows().Stored(Grid.Component().Row(), column));
 }
 
 void frmController::RowDeleted()

@@ -1,4 +1,5 @@
 #include "app/DatabaseCheck.h"
+#include "app/DatabaseRepair.h"
 #include "automation/ValueJson.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
@@ -18,6 +19,13 @@ constexpr int kFound = 2;
 
 struct CheckOptions : FolderOptions {
     bool repair = false;
+    bool accept = false;
+};
+
+/// What the command has changed.
+struct Changes {
+    RepairReport repair;
+    std::int32_t accepted = 0;
 };
 
 std::string VersionText(std::int16_t version)
@@ -31,20 +39,48 @@ std::string VersionText(std::int16_t version)
     return text;
 }
 
-void PrintJson(const DatabaseReport& report, const CheckOptions& options, std::int32_t repaired)
+Json NumberOrNull(const std::optional<std::int64_t>& number)
+{
+    return number ? Json(*number) : Json();
+}
+
+Json ToJson(const Finding& finding)
+{
+    return {{"kind", finding.kind},
+            {"table", finding.table},
+            {"rows", finding.rows},
+            {"text", finding.text},
+            {"row", NumberOrNull(finding.row)},
+            {"sequence", NumberOrNull(finding.sequence)},
+            {"column", finding.column},
+            {"meaning", finding.meaning},
+            {"repairable", finding.repairable}};
+}
+
+Json ToJson(const RepairReport& repair)
+{
+    return {{"balances", repair.balances},
+            {"numbers", repair.numbers},
+            {"schema", repair.schema},
+            {"budgetLines", repair.budgetLines}};
+}
+
+void PrintJson(const DatabaseReport& report, const CheckOptions& options, const Changes& changes)
 {
     Json findings = Json::array();
     for (const Finding& finding : report.findings)
-        findings.push_back({{"kind", finding.kind},
-                            {"table", finding.table},
-                            {"rows", finding.rows},
-                            {"text", finding.text}});
+        findings.push_back(ToJson(finding));
     Json printed{{"file", report.file},
                  {"schemaVersion", report.schemaVersion},
                  {"programVersion", kSchemaVersion},
                  {"findings", findings}};
-    if (options.repair)
-        printed["repaired"] = repaired;
+    if (options.repair) {
+        printed["repaired"] = changes.repair.balances;
+        printed["repairs"] = ToJson(changes.repair);
+        printed["backup"] = changes.repair.backup.empty() ? Json() : Json(changes.repair.backup);
+    }
+    if (options.accept)
+        printed["accepted"] = changes.accepted;
     std::cout << ToLine(printed) << '\n';
 }
 
@@ -54,16 +90,37 @@ bool Has(const DatabaseReport& report, const char* kind)
                        [kind](const Finding& finding) { return finding.kind == kind; });
 }
 
-void Print(const DatabaseReport& report, const CheckOptions& options, std::int32_t repaired)
+void PrintRepair(const RepairReport& repair)
+{
+    if (!repair.backup.empty())
+        std::cout << "The file before is kept as " << repair.backup << '\n';
+    std::cout << "Balances stored anew: " << repair.balances << '\n';
+    if (repair.numbers > 0)
+        std::cout << "Rows with a new number: " << repair.numbers << '\n';
+    if (repair.budgetLines > 0)
+        std::cout << "Budget lines made: " << repair.budgetLines << '\n';
+    if (repair.schema > 0)
+        std::cout << "Indexes and triggers made: " << repair.schema << '\n';
+}
+
+void Print(const DatabaseReport& report, const CheckOptions& options, const Changes& changes)
 {
     std::cout << report.file << '\n';
     if (!Has(report, "damage"))
         std::cout << VersionText(report.schemaVersion) << '\n';
     if (options.repair)
-        std::cout << "Balances stored anew: " << repaired << '\n';
+        PrintRepair(changes.repair);
+    if (options.accept)
+        std::cout << "Noticed balances taken note of: " << changes.accepted << '\n';
     std::size_t number = 0;
-    for (const Finding& finding : report.findings)
-        std::cout << ++number << ". " << Printable(finding.text) << '\n';
+    for (const Finding& finding : report.findings) {
+        std::cout << ++number << ". " << Printable(finding.text) << '\n'
+                  << "   " << finding.meaning << '\n';
+        if (finding.repairable)
+            std::cout << "   --repair mends it.\n";
+        else if (options.repair)
+            std::cout << "   --repair leaves it.\n";
+    }
     if (number == 0)
         std::cout << "Everything is in order\n";
 }
@@ -72,24 +129,28 @@ void Print(const DatabaseReport& report, const CheckOptions& options, std::int32
 void FindBackup(DatabaseReport& report, const std::string& folder)
 {
     if (const auto failure = Backups(folder).Failure())
-        report.findings.push_back({"backup", "", failure->Text(), 0});
+        report.findings.push_back(
+            {.kind = "backup",
+             .text = failure->Text(),
+             .meaning =
+                 "If the data is lost now, what was entered since the last backup is gone."});
 }
 
 int RunCheck(const CheckOptions& options)
 {
     const std::string folder = OpenFolder(options.home);
+    const Date now = SystemClock().Now();
+    Changes changes;
+    if (options.repair)
+        changes.repair = RepairDatabase(folder, now);
+    if (options.accept)
+        changes.accepted = AcceptBalances(folder, now);
     DatabaseReport report = CheckDatabase(folder);
-    std::int32_t repaired = 0;
-    if (options.repair && Has(report, "balance")) {
-        Backups(folder).BeforeUpgrade(SystemClock().Now());
-        repaired = RepairBalances(folder);
-        report = CheckDatabase(folder);
-    }
     FindBackup(report, folder);
     if (options.json)
-        PrintJson(report, options, repaired);
+        PrintJson(report, options, changes);
     else
-        Print(report, options, repaired);
+        Print(report, options, changes);
     return report.findings.empty() ? 0 : kFound;
 }
 
@@ -101,7 +162,13 @@ void AddCheck(CLI::App& app, int& exitCode)
     Command command(app, "check",
                     "Look whether the database is in order; the exit code is 2 when it is not");
     command.Flag("--repair", options->repair,
-                 "Store balances anew that differ from the sums of their rows");
+                 "Mend what can be mended exactly, after a backup: balances that differ from the "
+                 "sums of their rows, transaction numbers that stand twice, missing indexes and "
+                 "budget lines");
+    command.Flag(
+        "--accept", options->accept,
+        "Take note of the balances that did not fit their rows when they were stored anew; "
+        "they are not listed any more");
     AddHome(command, *options);
     AddJson(command, *options);
     command.Run([options, &exitCode] { exitCode = RunCheck(*options); });

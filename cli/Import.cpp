@@ -214,7 +214,7 @@ void ImportRun::CountLeft(const std::string& path, ImportedFile& result)
 void ImportRun::Load(const std::string& file, const std::string& path, ImportedFile& result)
 {
     AccountChoice choice;
-    Program program(folder_, choice);
+    Program program(folder_, choice, trial_.has_value());
     choice.Give([&] {
         program.Window().Data().Lock();
         return AnswerFor(file, program.Window().Data());
@@ -234,6 +234,8 @@ void ImportRun::Load(const std::string& file, const std::string& path, ImportedF
     }
     result.added = import.Counts().added;
     result.skipped = import.Counts().duplicates;
+    result.balances = import.FormerBalances();
+    result.backup = import.FormerFile();
     result.accountMissing = choice.Missing();
     result.refused = result.failed || choice.Missing() || program.Messages().Refused();
     program.Finish();

@@ -15,10 +15,27 @@ std::string Counted(std::size_t count, const std::string& one, const std::string
     return std::to_string(count) + ' ' + (count == 1 ? one : many);
 }
 
+std::string TextOf(const std::optional<Money>& amount, const char* none)
+{
+    return amount ? amount->ToText() : none;
+}
+
+void WarnOfBalances(const ImportedFile& file, std::vector<std::string>& lines)
+{
+    for (const OddBalance& odd : file.balances)
+        lines.push_back("account '" + odd.accountID + "' (" + odd.description +
+                        "): the stored balance was " + TextOf(odd.stored, "missing") +
+                        ", its rows added up to " + TextOf(odd.sum, "too much") +
+                        "; \"clb check\" keeps it listed");
+    if (!file.backup.empty())
+        lines.push_back("the database as it was before is kept as " + file.backup);
+}
+
 std::vector<std::string> Warnings(const ImportedFile& file)
 {
     const LeftOut& leftOut = file.leftOut;
     std::vector<std::string> lines;
+    WarnOfBalances(file, lines);
     if (leftOut.linesBehindRepair > 0)
         lines.push_back(Counted(leftOut.linesBehindRepair, "line", "lines") +
                         " left out: mixed line ends, the repair keeps the file up to its first "
@@ -51,6 +68,22 @@ std::string Reason(const ImportedFile& file)
     return file.told.substr(0, file.told.find_last_not_of('\n') + 1);
 }
 
+Json AmountOrNull(const std::optional<Money>& amount)
+{
+    return amount ? Json(amount->ToText()) : Json();
+}
+
+Json BalancesOf(const ImportedFile& file)
+{
+    Json balances = Json::array();
+    for (const OddBalance& odd : file.balances)
+        balances.push_back({{"account", odd.accountID},
+                            {"name", odd.description},
+                            {"stored", AmountOrNull(odd.stored)},
+                            {"sum", AmountOrNull(odd.sum)}});
+    return balances;
+}
+
 Json ToJson(const ImportedFile& file)
 {
     Json json = {{"file", file.file}, {"imported", file.added}, {"skipped", file.skipped}};
@@ -61,6 +94,8 @@ Json ToJson(const ImportedFile& file)
                        {"notClosed", file.leftOut.notClosed},
                        {"furtherAccounts", file.leftOut.furtherAccounts},
                        {"withoutIdentifier", file.leftOut.withoutIdentifier}};
+    json["balances"] = BalancesOf(file);
+    json["backup"] = file.backup.empty() ? Json() : Json(file.backup);
     return json;
 }
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "data/NoticedBalances.h"
 #include "import/LeftOut.h"
 
 #include <cstdint>
@@ -16,6 +17,9 @@ struct ImportedFile {
     bool failed = false;          ///< an error ended the command
     bool accountMissing = false;  ///< its account is not known and the user's words name none
     std::string told;             ///< what the program said, in lines
+    /// Balances that did not fit their rows before the import, which stored them anew.
+    std::vector<OddBalance> balances;
+    std::string backup;  ///< the copy of the database that was made because of them
     LeftOut leftOut;
     std::string
         whole;  ///< where the lines that the repair of line ends dropped still are, if known

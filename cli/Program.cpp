@@ -7,11 +7,11 @@
 
 namespace clb {
 
-Program::Program(const std::string& folder, IModalHost& forms)
+Program::Program(const std::string& folder, IModalHost& forms, bool trial)
     : messages_(std::cerr),
       http_({product::Title, false, {}, {}}),
       controller_({folder, clock_, messages_, files_, shell_, pointer_, dates_, forms, printing_,
-                   http_, ""},
+                   http_, "", !trial},
                   WindowMetrics())
 {
     if (const auto failure = Backups(folder).BeforeUpgrade(clock_.Now()))

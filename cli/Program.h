@@ -21,8 +21,9 @@ struct FoundAccount {
 class Program {
 public:
     /// Loads the program on the folder; forms are shown to the host, which is borrowed and outlives
-    /// it. Throws EngineError.
-    Program(const std::string& folder, IModalHost& forms);
+    /// it. trial: the folder is a copy that goes again, so nothing of it is kept. Throws
+    /// EngineError.
+    Program(const std::string& folder, IModalHost& forms, bool trial = false);
     /// Takes back what was written, when Finish did not make it durable.
     ~Program();
     Program(const Program&) = delete;

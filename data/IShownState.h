@@ -26,6 +26,9 @@ public:
     virtual const std::string& AccountID() const = 0;
 };
 
+/// What another program has done to a row.
+enum class StoredRow { Same, Changed, Gone };
+
 /// The grid's current row, as the data store sees it.
 class ICurrentRow {
 public:
@@ -33,9 +36,9 @@ public:
     /// Cell of a column, numbered from 1 in the order of the view's rows. Null: never set.
     virtual Value ColumnValue(std::int32_t column) = 0;
     virtual void ColumnValue(std::int32_t column, const Value& value) = 0;
-    /// Reads the row's stored values again. False when it is gone or another program has changed it
-    /// since it was last read; what was not typed then holds the stored values.
-    virtual bool IsAsStored() { return true; }
+    /// Reads the row's stored values again; cells that were not typed into then hold them. Says
+    /// what has become of the row since it was last read.
+    virtual StoredRow Reread() { return StoredRow::Same; }
 };
 
 }  // namespace clb

@@ -78,10 +78,14 @@ std::uint64_t clsDatabase::WritesElsewhere()
 
 void clsDatabase::RequireShownRow()
 {
-    if (RowsOutdated() && !row_.IsAsStored())
+    const StoredRow row = RowsOutdated() ? row_.Reread() : StoredRow::Same;
+    if (row == StoredRow::Gone)
         throw RuntimeError(errors::InvalidCall,
-                           "Another program has changed or deleted this record meanwhile. Nothing "
-                           "was done. Please look at it again and repeat the command.");
+                           "Another program has deleted this record meanwhile. Nothing was done.");
+    if (row == StoredRow::Changed)
+        throw RuntimeError(errors::InvalidCall,
+                           "Another program has changed this record meanwhile. Nothing was done. "
+                           "Please look at it again and repeat the command.");
 }
 
 void clsDatabase::RequeryRows()

@@ -63,7 +63,7 @@ class Program {
 public:
     Program(const std::string& folder, IClock& clock)
         : controller_({folder, clock, boxes_, files_, shell_, pointer_, dates_, forms_, printing_,
-                       http_, ""},
+                       http_, "", true},
                       MainWindow::Metrics()),
           window_(controller_, events_)
     {

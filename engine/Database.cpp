@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <limits>
@@ -12,6 +13,7 @@
 #include <optional>
 #include <utility>
 
+#include "base/Text.h"
 #include "engine/Errors.h"
 #include "engine/Functions.h"
 
@@ -252,10 +254,22 @@ int Statement::ParameterCount() const
 Value Statement::Get(int column, FieldType type) const
 {
     sqlite3_stmt* const raw = raw_.get();
-    if (sqlite3_column_type(raw, column) == SQLITE_NULL)
+    const int stored = sqlite3_column_type(raw, column);
+    if (stored == SQLITE_NULL)
         return Null();
+    if (type == FieldType::Text)
+        return std::string(ColumnText(raw, column));
+    if (type == FieldType::Date) {
+        if (stored == SQLITE_TEXT)
+            if (const auto date = Date::FromIso(ColumnText(raw, column)))
+                return *date;
+        throw refuse::WrongCell(Describe(column), type);
+    }
+    const bool real = type == FieldType::Double || type == FieldType::Single;
+    // The storage would make some number of anything.
+    if (stored != SQLITE_INTEGER && !(real && stored == SQLITE_FLOAT))
+        throw refuse::WrongCell(Describe(column), type);
     switch (type) {
-        case FieldType::Text: return std::string(ColumnText(raw, column));
         case FieldType::Long: {
             const std::int64_t number = sqlite3_column_int64(raw, column);
             if (number < std::numeric_limits<std::int32_t>::min() ||
@@ -266,13 +280,26 @@ Value Statement::Get(int column, FieldType type) const
         case FieldType::Money: return Money::FromScaled(sqlite3_column_int64(raw, column));
         case FieldType::Double: return sqlite3_column_double(raw, column);
         case FieldType::Single: return static_cast<float>(sqlite3_column_double(raw, column));
-        case FieldType::Date:
-            if (const auto date = Date::FromIso(ColumnText(raw, column)))
-                return *date;
-            throw refuse::TypeMismatch();
-        case FieldType::Boolean: return sqlite3_column_int(raw, column) != 0;
+        default: return sqlite3_column_int64(raw, column) != 0;
     }
-    return Null();
+}
+
+std::string Statement::Describe(int column) const
+{
+    constexpr std::size_t kMostShown = 40;
+    sqlite3_stmt* const raw = raw_.get();
+    switch (sqlite3_column_type(raw, column)) {
+        case SQLITE_NULL: return "nothing";
+        case SQLITE_INTEGER: return "the number " + Text(column);
+        case SQLITE_FLOAT: return "the binary fraction " + Text(column);
+        case SQLITE_BLOB: return std::to_string(sqlite3_column_bytes(raw, column)) + " raw bytes";
+        default: break;
+    }
+    const std::string_view text = ColumnText(raw, column);
+    if (!IsValidUtf8(text))
+        return "a text that is not valid UTF-8";
+    const std::string_view shown = text.substr(0, ByteOffset(text, kMostShown));
+    return "the text '" + std::string(shown) + (shown.size() < text.size() ? "...'" : "'");
 }
 
 std::string Statement::Text(int column) const
@@ -361,6 +388,21 @@ void Database::OpenToRead(const std::string& path)
         Close();
         throw;
     }
+}
+
+void Database::OpenImage(std::string_view bytes)
+{
+    Connect(":memory:", SQLITE_OPEN_READWRITE);
+    const auto size = static_cast<sqlite3_int64>(bytes.size());
+    auto* const copy = static_cast<unsigned char*>(sqlite3_malloc64(bytes.size()));
+    if (!copy)
+        throw std::bad_alloc();
+    std::copy(bytes.begin(), bytes.end(), copy);
+    const int code =
+        sqlite3_deserialize(raw_, "main", copy, size, size,
+                            SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_READONLY);
+    if (code != SQLITE_OK)
+        Refuse(code);
 }
 
 void Database::Create(const std::string& path)

@@ -31,8 +31,12 @@ public:
     void BindInteger(int parameter, std::int64_t value);
     int ParameterCount() const;
 
-    /// 0-based column of the row that Step gave.
+    /// 0-based column of the row that Step gave. Throws EngineError (TypeMismatch) when the cell
+    /// holds something else than the type's values: other programs can put anything into any
+    /// column, and an amount is never made of a text or a binary fraction.
     Value Get(int column, FieldType type) const;
+    /// What the cell holds in words, such as "the text '12,50'"; the beginning of a long text.
+    std::string Describe(int column) const;
     std::string Text(int column) const;
     std::int64_t Integer(int column) const;
     void Reset() noexcept;
@@ -71,6 +75,8 @@ public:
     /// Opens an existing file to look at it: one that may not be written will do, and nothing is
     /// written but what an interrupted program left undone.
     void OpenToRead(const std::string& path);
+    /// Opens the bytes of a database file, in memory and to be read only.
+    void OpenImage(std::string_view bytes);
     /// Creates a file and keeps writes to it unsynchronised: for filling it.
     void Create(const std::string& path);
     void Close();

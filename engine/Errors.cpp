@@ -11,6 +11,19 @@ std::string Quoted(std::string_view name)
     return "'" + std::string(name) + "'";
 }
 
+/// What a cell of the type holds, as the end of a sentence.
+const char* Expected(FieldType type)
+{
+    switch (type) {
+        case FieldType::Text: return "a text";
+        case FieldType::Long: return "a whole number";
+        case FieldType::Money: return "an amount";
+        case FieldType::Date: return "a date";
+        case FieldType::Boolean: return "yes or no";
+        default: return "a number";
+    }
+}
+
 }  // namespace
 
 EngineError Syntax(std::string_view near)
@@ -57,6 +70,24 @@ EngineError NoSuchFunction(std::string_view function)
 EngineError TypeMismatch()
 {
     return {engine_errors::TypeMismatch, "Data type mismatch in criteria expression."};
+}
+
+EngineError WrongCell(const std::string& holds, FieldType type)
+{
+    return {engine_errors::TypeMismatch,
+            "The cell holds " + holds + ", which is not " + Expected(type) + "."};
+}
+
+EngineError WrongCellAt(const std::string& place, const EngineError& error)
+{
+    return {error.Number(), place + ": " + error.what()};
+}
+
+EngineError WrongOperand()
+{
+    return {engine_errors::TypeMismatch,
+            "A cell that is calculated with holds something other than the number its column is "
+            "for."};
 }
 
 EngineError Overflow()

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/Value.h"
 #include "engine/EngineError.h"
 
 namespace clb {
@@ -19,6 +20,13 @@ EngineError NoSuchColumn(std::string_view column);
 EngineError AmbiguousColumn(std::string_view column);
 EngineError NoSuchFunction(std::string_view function);
 EngineError TypeMismatch();
+/// For a cell that does not hold what its column's type says. holds: what it holds instead, such as
+/// "the text 'abc'".
+EngineError WrongCell(const std::string& holds, FieldType type);
+/// The same error with the place in front: "Trans.Amount in row 17", or the field's name alone.
+EngineError WrongCellAt(const std::string& place, const EngineError& error);
+/// For a value in a calculation that is not the number that its type says.
+EngineError WrongOperand();
 EngineError Overflow();
 EngineError DivisionByZero();
 EngineError TextTooLong(std::string_view column, std::size_t width);

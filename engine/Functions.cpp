@@ -31,8 +31,21 @@ public:
 
     bool IsNull(int i) const { return sqlite3_value_type(arguments_[i]) == SQLITE_NULL; }
     bool IsWhole(int i) const { return sqlite3_value_type(arguments_[i]) == SQLITE_INTEGER; }
-    std::int64_t Integer(int i) const { return sqlite3_value_int64(arguments_[i]); }
-    double Real(int i) const { return sqlite3_value_double(arguments_[i]); }
+    bool IsReal(int i) const { return sqlite3_value_type(arguments_[i]) == SQLITE_FLOAT; }
+    /// A whole number or an amount. Throws when it is anything else: the storage would make some
+    /// number of a text.
+    std::int64_t Integer(int i) const
+    {
+        if (!IsWhole(i))
+            throw refuse::WrongOperand();
+        return sqlite3_value_int64(arguments_[i]);
+    }
+    double Real(int i) const
+    {
+        if (!IsWhole(i) && !IsReal(i))
+            throw refuse::WrongOperand();
+        return sqlite3_value_double(arguments_[i]);
+    }
     std::string_view Text(int i) const
     {
         const bool null = IsNull(i);
@@ -113,11 +126,19 @@ void Times(Call& call)
 
 void Long(Call& call)
 {
+    // What is beyond 64 bits the storage has made a binary fraction of.
+    if (call.IsReal(0))
+        throw refuse::Overflow();
     const std::int64_t value = call.Integer(0);
-    if (!call.IsWhole(0) || value < std::numeric_limits<std::int32_t>::min() ||
+    if (value < std::numeric_limits<std::int32_t>::min() ||
         value > std::numeric_limits<std::int32_t>::max())
         throw refuse::Overflow();
     call.Answer(value);
+}
+
+void Exact(Call& call)
+{
+    call.Answer(call.Integer(0));
 }
 
 void Divide(Call& call)
@@ -131,7 +152,13 @@ Value Argument(const Call& call, FieldType type)
 {
     switch (type) {
         case FieldType::Text: return std::string(call.Text(0));
-        case FieldType::Long: return static_cast<std::int32_t>(call.Integer(0));
+        case FieldType::Long: {
+            const std::int64_t number = call.Integer(0);
+            if (number < std::numeric_limits<std::int32_t>::min() ||
+                number > std::numeric_limits<std::int32_t>::max())
+                throw refuse::Overflow();
+            return static_cast<std::int32_t>(number);
+        }
         case FieldType::Money: return Money::FromScaled(call.Integer(0));
         case FieldType::Double: return call.Real(0);
         case FieldType::Single: return static_cast<float>(call.Real(0));
@@ -267,12 +294,13 @@ struct FunctionEntry {
     void (*entry)(sqlite3_context*, int, sqlite3_value**);
 };
 
-constexpr std::array<FunctionEntry, 12> kFunctions = {{
+constexpr std::array<FunctionEntry, 13> kFunctions = {{
     {"clb_add", 2, Entry<Add, 2>},
     {"clb_subtract", 2, Entry<Subtract, 2>},
     {"clb_negate", 1, Entry<Negate, 1>},
     {"clb_multiply", 2, Entry<Multiply, 2>},
     {"clb_times", 2, Entry<Times, 2>},
+    {"clb_exact", 1, Entry<Exact, 1>},
     {"clb_long", 1, Entry<Long, 1>},
     {"clb_divide", 2, Entry<Divide, 2>},
     {"clb_convert", 5, Entry<ConvertCall, 1>},

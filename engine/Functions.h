@@ -12,6 +12,7 @@ class Database;
 ///   clb_add(a, b) clb_subtract(a, b) clb_negate(a)   scaled money; overflow is an error
 ///   clb_multiply(a, b)              two scaled amounts, half to even at the fourth decimal
 ///   clb_times(a, n)                 scaled money times a number
+///   clb_exact(n)                    n, an error unless it is stored as a whole number
 ///   clb_long(n)                     n, an error beyond 32 bits
 ///   clb_divide(a, b)                double; division by zero is an error
 ///   clb_convert(x, from, to, width, column)   between column types, given as numbers of FieldType

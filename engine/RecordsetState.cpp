@@ -115,17 +115,11 @@ void Recordset::State::Load()
     while (session->database.Step(statement)) {
         const std::int64_t rowId = plan->carriesRowId ? statement.Integer(identity) : 0;
         if (rows.KeepsMore())
-            ReadRow(rows.AppendFilled(rowId));
+            TakeFields(*plan, statement, {0, plan->fields.size()}, rowId, rows.AppendFilled(rowId));
         else
             rows.Append(rowId);
         live.Append();
     }
-}
-
-void Recordset::State::ReadRow(Value* fields) const
-{
-    for (std::size_t i = 0; i < plan->fields.size(); ++i)
-        fields[i] = plan->statement.Get(static_cast<int>(i), plan->fields[i].type);
 }
 
 void Recordset::State::Close()

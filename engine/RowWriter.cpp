@@ -16,6 +16,14 @@ bool IsStretch(std::span<const std::int64_t> rowIds)
            rowIds.back() - rowIds.front() < 2 * static_cast<std::int64_t>(rowIds.size());
 }
 
+/// "Trans.Amount in row 17"; the field's name alone where the rows are not one table's.
+std::string PlaceOf(const Plan& plan, std::size_t field, std::int64_t rowId)
+{
+    if (!plan.carriesRowId || plan.columns[field].name.empty())
+        return plan.fields[field].name;
+    return plan.table + "." + plan.columns[field].name + " in row " + std::to_string(rowId);
+}
+
 }  // namespace
 
 void RowChange::Clear(std::size_t fields)
@@ -96,7 +104,7 @@ bool RowWriter::ReadRow(std::int64_t rowId, FieldRange range, Value* fields)
     reader.BindInteger(plan_->readerRowParameter, rowId);
     if (!session_->database.Step(reader))
         return false;
-    TakeRow(reader, range, fields);
+    TakeFields(*plan_, reader, range, rowId, fields);
     return true;
 }
 
@@ -116,7 +124,7 @@ RowStore::Rows RowWriter::ReadStretch(std::span<const std::int64_t> rowIds,
         if (rowIds[row] != rowId)
             continue;
         found.set(row);
-        TakeRow(reader, range, fields + row * range.count);
+        TakeFields(*plan_, reader, range, rowId, fields + row * range.count);
     }
     return found;
 }
@@ -130,11 +138,15 @@ Statement& RowWriter::Reader(Statement& reader, const std::string& sql, const Bo
     return reader;
 }
 
-void RowWriter::TakeRow(const Statement& reader, FieldRange range, Value* fields) const
+void TakeFields(const Plan& plan, const Statement& row, FieldRange range, std::int64_t rowId,
+                Value* fields)
 {
-    for (std::size_t i = 0; i < range.count; ++i) {
-        const std::size_t field = range.first + i;
-        fields[i] = reader.Get(static_cast<int>(field), plan_->fields[field].type);
+    std::size_t field = range.first;
+    try {
+        for (; field < range.first + range.count; ++field)
+            fields[field - range.first] = row.Get(static_cast<int>(field), plan.fields[field].type);
+    } catch (const EngineError& error) {
+        throw refuse::WrongCellAt(PlaceOf(plan, field, rowId), error);
     }
 }
 

@@ -24,6 +24,11 @@ struct FieldRange {
     std::size_t count = 0;
 };
 
+/// The fields of the row that the statement gave. Throws EngineError, with the cell's place, for a
+/// cell that does not hold what its type says. rowId is asked for where the rows are one table's.
+void TakeFields(const Plan& plan, const Statement& row, FieldRange range, std::int64_t rowId,
+                Value* fields);
+
 /// Saves and reads single rows of a result set's one table. The statements are kept in the plan,
 /// one for each set of fields that was written.
 class RowWriter {
@@ -48,7 +53,6 @@ private:
     RowStore::Rows ReadStretch(std::span<const std::int64_t> rowIds, const BoundValues& values,
                                FieldRange range, Value* fields);
     Statement& Reader(Statement& reader, const std::string& sql, const BoundValues& values);
-    void TakeRow(const Statement& reader, FieldRange range, Value* fields) const;
     int BindChange(Statement& statement, const RowChange& change);
 
     Connection::State* session_;

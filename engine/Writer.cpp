@@ -104,6 +104,15 @@ void Writer::Write(const Expression& e)
     }
 }
 
+/// Calculations check what they make themselves; only a column's cell may hold anything.
+void Writer::WriteExact(const Expression& e)
+{
+    const bool column = e.kind == ExpressionKind::Column;
+    Text(column ? "clb_exact(" : "");
+    Write(e);
+    Text(column ? ")" : "");
+}
+
 void Writer::WriteNegated(const Expression& e)
 {
     if (e.type == FieldType::Money)
@@ -131,11 +140,11 @@ void Writer::WriteAs(const Expression& e, FieldType type)
         Text(")");
     } else if (e.type == FieldType::Long && type == FieldType::Money) {
         Text("(");
-        Write(e);
+        WriteExact(e);
         Text(" * 10000)");
     } else if (e.type == FieldType::Money && real) {
         Text("(");
-        Write(e);
+        WriteExact(e);
         Text(" / 10000.0)");
     } else if (IsNumber(e.type) && e.type != FieldType::Boolean && real) {
         Write(e);  // whole and single numbers meet double ones by value
@@ -265,11 +274,19 @@ void Writer::WriteArithmetic(const Expression& e)
                       FieldType::Money, right, FieldType::Money);
     } else {
         Text(e.type == FieldType::Long ? "clb_long(" : "(");
-        WriteAs(left, e.type);
+        WriteOperand(left, e.type);
         Text(e.type == FieldType::Text ? " || " : Symbol(e.operation));
-        WriteAs(right, e.type);
+        WriteOperand(right, e.type);
         Text(")");
     }
+}
+
+void Writer::WriteOperand(const Expression& e, FieldType type)
+{
+    if (type == FieldType::Long && e.type == FieldType::Long)
+        WriteExact(e);
+    else
+        WriteAs(e, type);
 }
 
 void Writer::WriteMoneyProduct(const Expression& a, const Expression& b)

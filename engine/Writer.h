@@ -43,9 +43,12 @@ public:
 
 private:
     void WriteLiteral(const Expression& e, const ColumnType& type, std::string_view column = {});
+    /// A value of a column; one that is not stored as a whole number is an error when it runs.
+    void WriteExact(const Expression& e);
     void WriteNegated(const Expression& e);
     void WriteBinary(const Expression& e);
     void WriteArithmetic(const Expression& e);
+    void WriteOperand(const Expression& e, FieldType type);
     void WriteMoneyProduct(const Expression& a, const Expression& b);
     void WriteConstantAsMoney(const Expression& e);
     void WriteComparison(Operator operation, const Expression& a, const Expression& b);

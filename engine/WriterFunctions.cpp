@@ -62,17 +62,25 @@ void Writer::WriteAggregate(const Expression& e)
     }
     const Expression& operand = *e.operands[0];
     const bool sums = e.function == Function::Sum || e.function == Function::Avg;
-    const bool whole = e.function == Function::Sum && e.type == FieldType::Long;
+    const bool exact = operand.type == FieldType::Money || operand.type == FieldType::Long;
+    const bool total = e.function == Function::Sum && exact;
+    const bool whole = total && e.type == FieldType::Long;
     Text(whole ? "clb_long(" : "(");
+    // The storage's sum is a whole number only when every single cell was one: asked once a group,
+    // this costs the rows nothing.
+    if (total)
+        Text("clb_exact(");
     Text(StorageName(e.function)).Text("(");
     if (sums && operand.type == FieldType::Boolean)
         WriteAs(operand, FieldType::Long);
+    else if (e.function == Function::Avg && exact)
+        WriteExact(operand);
     else
         Write(operand);
     // Single numbers may be stored as whole ones; their sum is a double all the same.
     if (sums && operand.type == FieldType::Single)
         Text(" * 1.0");
-    Text(")");
+    Text(total ? "))" : ")");
     if (e.function == Function::Avg && operand.type == FieldType::Money)
         Text(" / 10000.0");
     Text(")");

@@ -36,10 +36,12 @@ void CVGrid::ColumnValue(std::int32_t column, const Value& value)
     inner_.ColumnValue(column, value);
 }
 
-bool CVGrid::IsAsStored()
+StoredRow CVGrid::Reread()
 {
     const GridComponent::Meanwhile found = inner_.RereadRow();
-    return !found.gone && found.columns.empty();
+    if (found.gone)
+        return StoredRow::Gone;
+    return found.columns.empty() ? StoredRow::Same : StoredRow::Changed;
 }
 
 void CVGrid::ShowToolTips(bool show)

@@ -22,7 +22,7 @@ public:
     /// Cell of the current row.
     Value ColumnValue(std::int32_t column) override;
     void ColumnValue(std::int32_t column, const Value& value) override;
-    bool IsAsStored() override;
+    StoredRow Reread() override;
     /// Whether cells show a tip (fetched through FetchCellTip).
     void ShowToolTips(bool show);
     bool ShowToolTips() const { return inner_.CellTips() != 0; }

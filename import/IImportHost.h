@@ -23,6 +23,9 @@ public:
     /// empty one comes back as the chosen account's. False when the user cancels. The book is
     /// locked when it returns true, so that the account stays what it was found to be.
     virtual bool CheckImportAccount(std::string& accountID) = 0;
+    /// Balances do not fit their rows and will be stored anew: the last moment to keep the file as
+    /// it is. Returns the path of the copy, or empty when none is to be made. Throws EngineError.
+    virtual std::string KeepFormerFile() { return {}; }
     /// So much of the whole file is read; told for every row.
     virtual void ImportProgress(std::size_t part, std::size_t whole) = 0;
 };

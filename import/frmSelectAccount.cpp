@@ -1,6 +1,7 @@
 #include "import/frmSelectAccount.h"
 
 #include "controls/Tree.h"
+#include "data/NoticedBalances.h"
 #include "data/clsDatabase.h"
 #include "import/Messages.h"
 #include "views/clsView.h"
@@ -163,11 +164,27 @@ bool frmSelectAccount::ListedAccountIsThere()
         "Account", "Description = '" + clsDatabase::ToSqlString(cmbAccountID.Text()) + "'");
 }
 
+/// The numbers that the mapping changes.
+std::vector<std::string> frmSelectAccount::FormerNumbers()
+{
+    Connection& connection = database_.Database();
+    const Connection::Untraced untraced(connection);
+    std::vector<std::string> numbers;
+    Recordset accounts = connection.Execute("SELECT AccountID FROM Account WHERE Description = '" +
+                                            clsDatabase::ToSqlString(cmbAccountID.Text()) + "'");
+    for (; !accounts.AtEnd(); accounts.MoveNext())
+        numbers.push_back(ToText(accounts.Get("AccountID")));
+    return numbers;
+}
+
 void frmSelectAccount::MapToStatement()
 {
+    const std::vector<std::string> former = FormerNumbers();
     database_.Execute("UPDATE Account SET AccountID = '" + clsDatabase::ToSqlString(accountID_) +
                       "' WHERE Description = '" + clsDatabase::ToSqlString(cmbAccountID.Text()) +
                       "'");
+    for (const std::string& number : former)
+        noticed_balances::FollowAccount(database_.Database(), number, accountID_);
     ShowInTree();
     FollowShownAccount();
 }

@@ -1,5 +1,6 @@
 #pragma once
 #include <string>
+#include <vector>
 
 #include "controls/Form.h"
 #include "controls/Inputs.h"
@@ -31,6 +32,7 @@ private:
     void AcceptClicked();
     bool CreateAccount();
     bool MapAccount();
+    std::vector<std::string> FormerNumbers();
     void MapToStatement();
     void MapToExisting();
     bool Refuse(const std::string& why);

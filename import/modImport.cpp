@@ -6,6 +6,7 @@
 #include "import/FileLines.h"
 #include "import/Messages.h"
 #include "import/StatementFile.h"
+#include "ports/IClock.h"
 #include "ports/IFileDialog.h"
 #include "ports/IPointer.h"
 #include "views/Balances.h"
@@ -64,9 +65,13 @@ void modImport::ImportFile()
     host_.Pointer(pointer::Hourglass);
 
     counts_ = {};
+    ForgetBalances();
     FixLineEndings(path);
     if (!ImportByFormat(path))
         return;  // On purpose: status text, pointer and the disabled window stay as they are.
+    // A file that added no row did not come so far.
+    if (!balancesNoted_)
+        NoteFormerBalances();
     UpdateBalances(database_);
     view_.Refresh();
 
@@ -83,6 +88,38 @@ void modImport::StoreBalances()
     } catch (const RuntimeError&) {
         // The import's own update of the balances reports it.
     }
+}
+
+void modImport::ForgetBalances()
+{
+    formerBalances_.clear();
+    formerFile_.clear();
+    balancesNoted_ = false;
+}
+
+/// Mapping gives an account's rows another number. So many of them may be written that a copy made
+/// after it would wait for our own lock.
+void modImport::KeepFileBeforeMapping(const std::string& accountID)
+{
+    Connection& connection = database_.Database();
+    const Connection::Untraced untraced(connection);
+    const bool known = !connection
+                            .Execute("SELECT Sequence FROM Account WHERE AccountID = '" +
+                                     clsDatabase::ToSqlString(accountID) + "'")
+                            .Empty();
+    if (!known && !OddBalances(database_).empty())
+        formerFile_ = host_.KeepFormerFile();
+}
+
+void modImport::NoteFormerBalances()
+{
+    formerBalances_ = OddBalances(database_);
+    balancesNoted_ = true;
+    if (formerBalances_.empty())
+        return;
+    if (formerFile_.empty())
+        formerFile_ = host_.KeepFormerFile();
+    noticed_balances::Note(database_.Database(), formerBalances_, "import", clock_.Now());
 }
 
 bool modImport::ImportByFormat(const std::string& path)

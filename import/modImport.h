@@ -2,8 +2,10 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/Date.h"
+#include "data/NoticedBalances.h"
 #include "import/IImportHost.h"
 #include "ports/IMessageBox.h"
 
@@ -48,6 +50,11 @@ public:
     void QifDateOrder(DateText::Order order) { dateOrder_ = order; }
     /// Of the last file, as far as it was read.
     const ImportCounts& Counts() const { return counts_; }
+    /// The balances that did not fit their rows before the last file was read. They are on the list
+    /// of noticed balances; the import command has stored them anew.
+    const std::vector<OddBalance>& FormerBalances() const { return formerBalances_; }
+    /// The copy of the file that was made before they were stored anew; empty when none was.
+    const std::string& FormerFile() const { return formerFile_; }
 
 private:
     /// To be called before a message of an import that has stored rows: the message may wait long,
@@ -55,6 +62,10 @@ private:
     void StoreBalances();
     bool ImportByFormat(const std::string& path);
     std::string NewRun();
+    void ForgetBalances();
+    void KeepFileBeforeMapping(const std::string& accountID);
+    /// To be called inside the write lock, before the first new row.
+    void NoteFormerBalances();
 
     clsDatabase& database_;
     clsView& view_;
@@ -63,6 +74,9 @@ private:
     const IClock& clock_;
     DateText::Order dateOrder_ = DateText::Order::MonthDayYear;
     ImportCounts counts_;
+    std::vector<OddBalance> formerBalances_;
+    std::string formerFile_;
+    bool balancesNoted_ = false;
     std::string lastTick_;
     std::int32_t runsInTick_ = 0;
 };

@@ -45,14 +45,19 @@ public:
     {
     }
 
-    void Read(const std::string& path);
+    /// Reads the file up to its account. False when it names none.
+    bool FindAccount(const std::string& path);
+    const std::string& AccountID() const { return accountID_; }
+    /// False when the user cancels.
+    bool CheckAccount() { return host_.CheckImportAccount(accountID_); }
+    void ReadRows();
 
     const std::string& Text() const { return text_; }
     /// The piece that was being converted; empty when it was none.
     const std::string& WorkingText() const { return working_; }
 
 private:
-    void ReadTransactions(std::size_t from);
+    void ReadTransactions();
     bool IsKnown(std::string_view fitid);
     StatementTransaction Convert(std::string_view block);
     void ConvertDate(std::string_view stamp, StatementTransaction& transaction);
@@ -67,34 +72,38 @@ private:
     ImportCounts& counts_;
     std::string text_;
     std::string working_;
+    std::size_t account_ = scan::None;  ///< where the file names it
     std::string accountID_;
     Recordset rows_;
     Month last_;
 };
 
-void OfxReader::Read(const std::string& path)
+bool OfxReader::FindAccount(const std::string& path)
 {
     text_ = ReadStatement(path);
-    const std::size_t account = scan::Find(text_, "<ACCTID>", ByteOffset(text_, kSearchStart));
-    if (account == scan::None)
-        return;
-    accountID_ = scan::Value(text_, "<ACCTID>", account);
-    if (!host_.CheckImportAccount(accountID_))
-        return;
-    database_.Lock();
+    account_ = scan::Find(text_, "<ACCTID>", ByteOffset(text_, kSearchStart));
+    if (account_ == scan::None)
+        return false;
+    accountID_ = scan::Value(text_, "<ACCTID>", account_);
+    return true;
+}
+
+void OfxReader::ReadRows()
+{
     database_.Fill(rows_,
                    "SELECT AccountID, PostDate, Amount, Description, FITID, CheckID, Period, Year, "
                    "Category, PayeeName AS Notes, Sequence FROM Trans WHERE AccountID = '" +
                        clsDatabase::ToSqlString(accountID_) + "'",
                    false);
-    ReadTransactions(account);
+    ReadTransactions();
     rows_.Close();
 }
 
 /// Every transaction behind the first account's number goes into that account, whichever statement
 /// of the file it stands in.
-void OfxReader::ReadTransactions(std::size_t from)
+void OfxReader::ReadTransactions()
 {
+    std::size_t from = account_;
     for (;;) {
         const std::string_view block = scan::Block(text_, "STMTTRN", from);
         if (block.empty())
@@ -196,15 +205,31 @@ void OfxReader::ProvideBudgetLine(Month month)
 void modImport::ImportOFX(const std::string& path)
 {
     counts_ = {};
+    ForgetBalances();
     OfxReader reader(database_, host_, counts_);
-    try {
-        reader.Read(path);
-    } catch (const RuntimeError&) {
-        StoreBalances();
-        messages_.Show("Invalid data was found while importing:\n" + reader.WorkingText() + "\n" +
-                           reader.Text(),
-                       box_style::Exclamation, kMessageTitle);
-    }
+    const auto told = [&](const auto& read) {
+        try {
+            return read();
+        } catch (const RuntimeError&) {
+            StoreBalances();
+            messages_.Show("Invalid data was found while importing:\n" + reader.WorkingText() +
+                               "\n" + reader.Text(),
+                           box_style::Exclamation, kMessageTitle);
+            return false;
+        }
+    };
+    // What is not told so is not about the statement's data: it ends the command.
+    if (!told([&] { return reader.FindAccount(path); }))
+        return;
+    KeepFileBeforeMapping(reader.AccountID());
+    if (!told([&] { return reader.CheckAccount(); }))
+        return;
+    database_.Lock();
+    NoteFormerBalances();
+    told([&] {
+        reader.ReadRows();
+        return true;
+    });
 }
 
 }  // namespace clb

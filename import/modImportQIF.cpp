@@ -263,6 +263,7 @@ std::string modImport::NewRun()
 void modImport::ImportQIF(const std::string& path)
 {
     counts_ = {};
+    ForgetBalances();
     std::string accountID;
     if (!host_.CheckImportAccount(accountID))
         return;
@@ -270,6 +271,7 @@ void modImport::ImportQIF(const std::string& path)
     const std::string text = ReadStatement(path);
     // The file is kept whole or not at all.
     database_.Database().Group();
+    NoteFormerBalances();
     reader.Read(text);
     if (reader.Skipped().empty())
         return;

@@ -1,9 +1,92 @@
 #include "views/Balances.h"
 
+#include <map>
+#include <set>
+
 #include "data/clsDatabase.h"
+#include "engine/EngineError.h"
 #include "views/clsView.h"
 
 namespace clb {
+namespace {
+
+constexpr std::int32_t kFewAccounts = 50;
+
+using Sums = std::map<std::string, Money>;
+
+/// Where the rows of one kind of account are, and what of them makes the balance.
+struct RowTable {
+    std::int32_t view;
+    const char* table;
+    const char* amount;
+};
+
+constexpr RowTable kTables[] = {{vwAccount, "Trans", "Amount"},
+                                {vwInvestment, "Investment", "Total"},
+                                {vwLoan, "Loan", "OriginalAmount - PaidAmount"}};
+
+std::string SumOf(const RowTable& rows)
+{
+    return "SELECT AccountID, SUM( " + std::string(rows.amount) + " ) AS Total FROM " + rows.table;
+}
+
+/// Nothing when the account's own rows add up to too much.
+std::optional<Money> SumOfOne(Connection& connection, const RowTable& rows,
+                              const std::string& account)
+{
+    try {
+        Recordset sum =
+            connection.Execute(SumOf(rows) + " WHERE AccountID = '" +
+                               clsDatabase::ToSqlString(account) + "' GROUP BY AccountID");
+        return sum.Empty() ? Money() : ToMoney(sum.Get("Total"));
+    } catch (const EngineError& error) {
+        if (error.Number() != engine_errors::Overflow)
+            throw;
+        return std::nullopt;
+    }
+}
+
+/// The sums of a table by account; nothing when some account's rows add up to too much.
+std::optional<Sums> AllSums(Connection& connection, const RowTable& rows)
+{
+    try {
+        Sums sums;
+        Recordset groups = connection.Execute(SumOf(rows) + " GROUP BY AccountID");
+        for (; !groups.AtEnd(); groups.MoveNext())
+            if (!IsNull(groups.Get("AccountID")))
+                sums[ToText(groups.Get("AccountID"))] = ToMoney(groups.Get("Total"));
+        return sums;
+    } catch (const EngineError& error) {
+        if (error.Number() != engine_errors::Overflow)
+            throw;
+        return std::nullopt;
+    }
+}
+
+/// The sums of one table. Those of a few accounts are asked for one by one, which is a fifth
+/// cheaper than a grouped sum; those of many are read together when the first is asked for.
+class TableSums {
+public:
+    explicit TableSums(bool together) : together_(together) {}
+
+    std::optional<Money> Of(Connection& connection, const RowTable& rows,
+                            const std::string& account)
+    {
+        if (together_)
+            sums_ = AllSums(connection, rows);
+        together_ = false;
+        if (!sums_)
+            return SumOfOne(connection, rows, account);
+        const auto found = sums_->find(account);
+        return found == sums_->end() ? Money() : found->second;
+    }
+
+private:
+    bool together_;
+    std::optional<Sums> sums_;
+};
+
+}  // namespace
 
 void UpdateBalances(clsDatabase& database)
 {
@@ -17,6 +100,34 @@ void UpdateBalances(clsDatabase& database)
         std::string account = ToText(number);
         database.UpdateBalance(view, account);
     }
+}
+
+std::vector<OddBalance> OddBalances(clsDatabase& database)
+{
+    Connection& connection = database.Database();
+    const Connection::Untraced untraced(connection);
+    std::vector<OddBalance> odd;
+    std::set<std::string> seen;
+    Recordset accounts =
+        connection.Execute("SELECT AccountID, Description, Type, CurrentBalance FROM Account");
+    const TableSums none(accounts.RecordCount() > kFewAccounts);
+    std::map<std::int32_t, TableSums> tables = {
+        {vwAccount, none}, {vwInvestment, none}, {vwLoan, none}};
+    for (; !accounts.AtEnd(); accounts.MoveNext()) {
+        const std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
+        const Value& number = accounts.Get("AccountID");
+        for (const RowTable& rows : kTables) {
+            // Of two accounts with one number only the first is stored anew.
+            if (rows.view != view || IsNull(number) || !seen.insert(ToText(number)).second)
+                continue;
+            const Value& balance = accounts.Get("CurrentBalance");
+            const auto stored = IsNull(balance) ? std::nullopt : std::optional(ToMoney(balance));
+            const auto sum = tables.at(view).Of(connection, rows, ToText(number));
+            if (!stored || stored != sum)
+                odd.push_back({ToText(number), ToText(accounts.Get("Description")), stored, sum});
+        }
+    }
+    return odd;
 }
 
 }  // namespace clb

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "app/DatabaseCheck.h"
+#include "app/DatabaseRepair.h"
 #include "base/Text.h"
 #include "data/EmptyDatabase.h"
 #include "engine/Connection.h"
@@ -65,7 +66,7 @@ MomentPtr FirstMoment(int schemaVersion)
         connection.Settle();
     };
     run(SessionScript::FirstStatements());
-    RepairBalances(folder.Path());
+    RepairDatabase(folder.Path(), Date::FromDays(46000));
     if (schemaVersion < 2)
         run(SessionScript::StatementsBackTo(schemaVersion));
     return Look(folder.Path(), nullptr);

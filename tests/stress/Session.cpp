@@ -54,7 +54,7 @@ Json Session::Ask(const Json& request)
 
 void Session::Hear(const std::string& text)
 {
-    said_ = text;
+    said_ += text + "\n";
     locked_ = locked_ || text.find("is locked by") != std::string::npos;
 }
 

@@ -13,7 +13,11 @@ namespace clb {
 /// outside. It shows the net worth in March 2006.
 class Books {
 public:
-    Books() : window(MakePorts(), WindowMetrics()) { window.Load(); }
+    /// keepsCopies: as a person's own books, not as under automation.
+    explicit Books(bool keepsCopies = false) : window(MakePorts(keepsCopies), WindowMetrics())
+    {
+        window.Load();
+    }
 
     /// Fields of the rows of a SELECT, as text with "|" between them.
     std::vector<std::string> Rows(const std::string& select)
@@ -58,11 +62,11 @@ private:
         return line;
     }
 
-    Ports MakePorts()
+    Ports MakePorts(bool keepsCopies)
     {
         folder.Write("db/clb.mdb", EmptyDatabase());
         return {folder.Path(), clock, messages, files, shell, pointer,
-                dates,         modal, printing, http,  ""};
+                dates,         modal, printing, http,  "",    keepsCopies};
     }
 };
 

@@ -1,0 +1,101 @@
+#include "data/NoticedBalances.h"
+
+#include "data/clsDatabase.h"
+#include "engine/EngineError.h"
+
+namespace clb::noticed_balances {
+namespace {
+
+std::string Quoted(const std::string& text)
+{
+    return "'" + clsDatabase::ToSqlString(text) + "'";
+}
+
+std::string Amount(const std::optional<Money>& amount)
+{
+    return amount ? amount->ToText() : "NULL";
+}
+
+std::string Equals(const std::string& column, const std::optional<Money>& amount)
+{
+    return column + (amount ? " = " + amount->ToText() : " IS NULL");
+}
+
+std::string Literal(const Date& date)
+{
+    return "#" + date.ToIso() + "#";
+}
+
+bool HasList(Connection& connection)
+{
+    try {
+        connection.Execute("SELECT At FROM CvBalance WHERE false");
+        return true;
+    } catch (const EngineError& error) {
+        if (error.Number() == engine_errors::NoSuchTable)
+            return false;
+        throw;
+    }
+}
+
+void MakeList(Connection& connection)
+{
+    connection.Execute(
+        "CREATE TABLE CvBalance (At DATETIME, AccountID TEXT, Stored MONEY, Total MONEY, "
+        "NoticedBy TEXT, TakenNoteOf DATETIME)");
+}
+
+bool IsListed(Connection& connection, const OddBalance& odd)
+{
+    return !connection
+                .Execute("SELECT At FROM CvBalance WHERE TakenNoteOf IS NULL AND AccountID = " +
+                         Quoted(odd.accountID) + " AND " + Equals("Stored", odd.stored) + " AND " +
+                         Equals("Total", odd.sum))
+                .Empty();
+}
+
+}  // namespace
+
+void Note(Connection& connection, const std::vector<OddBalance>& odd, const std::string& by,
+          const Date& now)
+{
+    if (odd.empty())
+        return;
+    const Connection::Untraced untraced(connection);
+    if (!HasList(connection))
+        MakeList(connection);
+    for (const OddBalance& balance : odd)
+        if (!IsListed(connection, balance))
+            connection.Execute(
+                "INSERT INTO CvBalance (At, AccountID, Stored, Total, NoticedBy) VALUES (" +
+                Literal(now) + ", " + Quoted(balance.accountID) + ", " + Amount(balance.stored) +
+                ", " + Amount(balance.sum) + ", " + Quoted(by) + ")");
+}
+
+std::int32_t TakeNote(Connection& connection, const Date& now)
+{
+    const Connection::Untraced untraced(connection);
+    if (!HasList(connection))
+        return 0;
+    const std::int32_t open = ToLong(
+        connection.Execute("SELECT COUNT(*) AS Found FROM CvBalance WHERE TakenNoteOf IS NULL")
+            .Get(0));
+    if (open > 0)
+        connection.Execute("UPDATE CvBalance SET TakenNoteOf = " + Literal(now) +
+                           " WHERE TakenNoteOf IS NULL");
+    return open;
+}
+
+void FollowAccount(Connection& connection, const std::string& from, const std::string& to)
+{
+    const Connection::Untraced untraced(connection);
+    if (from == to || !HasList(connection))
+        return;
+    const std::string here = " WHERE AccountID = " + Quoted(from);
+    if (!connection.Execute("SELECT Sequence FROM Account" + here).Empty())
+        return;
+    if (!connection.Execute("SELECT At FROM CvBalance" + here).Empty())
+        connection.Execute("UPDATE CvBalance SET AccountID = " + Quoted(to) + here);
+}
+
+}  // namespace clb::noticed_balances

@@ -1,0 +1,147 @@
+// Balances that did not fit their rows when an import stored them anew: what the window says, and
+// what stays in the file.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <optional>
+
+#include "engine/Database.h"
+#include "engine/EngineError.h"
+#include "tests/support/Books.h"
+
+namespace clb {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+const std::string kList = "SELECT AccountID, Stored, Total, NoticedBy, TakenNoteOf FROM CvBalance";
+
+class NoticedBalancesTest : public ::testing::Test {
+protected:
+    void Begin(bool keepsCopies)
+    {
+        books_.emplace(keepsCopies);
+        books_->AddAccount("C1", "Bank", "Checking");
+        books_->AddAccount("C2", "Bank", "Savings");
+        books_->Execute("INSERT INTO Trans (AccountID, Amount, Sequence) VALUES ('C1', 5, 1)");
+        books_->Execute("UPDATE Account SET CurrentBalance = 7 WHERE AccountID = 'C1'");
+        books_->window.Settle();
+    }
+    void Import(const std::string& amount = "-2")
+    {
+        books_->files.answers = {books_->folder.Write(
+            "march.ofx",
+            "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n<OFX>\r\n<ACCTID>C1\r\n<STMTTRN>"
+            "<DTPOSTED>20060305<TRNAMT>" +
+                amount + "<FITID>1<NAME>Shop</STMTTRN>\r\n")};
+        books_->window.Import().ImportFile();
+        books_->window.Settle();
+    }
+    std::vector<std::string> Copies()
+    {
+        std::vector<std::string> names;
+        std::error_code none;
+        for (const auto& entry :
+             std::filesystem::directory_iterator(books_->folder.Path("db/backup"), none))
+            names.push_back(entry.path().filename().string());
+        return names;
+    }
+
+    std::optional<Books> books_;
+};
+
+TEST_F(NoticedBalancesTest, AnImportListsThemAndTheWindowSaysSo)
+{
+    Begin(true);
+
+    Import();
+
+    EXPECT_THAT(books_->Rows(kList), ElementsAre("C1|7|5|import|"));
+    EXPECT_EQ(books_->window.BalanceNotice(),
+              "A balance did not fit its rows and was worked out again: see clb check");
+    EXPECT_THAT(Copies(), ElementsAre(HasSubstr("-before-import.mdb")));
+    EXPECT_THAT(books_->messages.boxes, IsEmpty());
+}
+
+TEST_F(NoticedBalancesTest, WhenAllFitNothingIsListedOrSaid)
+{
+    Begin(true);
+    books_->Execute("UPDATE Account SET CurrentBalance = 5 WHERE AccountID = 'C1'");
+
+    Import();
+
+    EXPECT_EQ(books_->window.BalanceNotice(), "");
+    EXPECT_THAT(Copies(), IsEmpty());
+    EXPECT_THROW(books_->Rows(kList), EngineError);
+}
+
+/// A driver sees the window and the statements as ever; only the list is kept.
+TEST_F(NoticedBalancesTest, UnderAutomationNothingIsSaidTracedOrCopied)
+{
+    Begin(false);
+    std::vector<std::string> traced;
+    books_->window.Data().Database().Trace(
+        [&traced](std::string_view sql) { traced.emplace_back(sql); });
+
+    Import();
+
+    books_->window.Data().Database().Trace({});
+    EXPECT_THAT(traced, Not(::testing::Contains(HasSubstr("CvBalance"))));
+    EXPECT_THAT(traced, Not(::testing::Contains(HasSubstr("GROUP BY AccountID"))));
+    EXPECT_EQ(books_->window.BalanceNotice(), "");
+    EXPECT_EQ(books_->window.statusBar.Panel(2), "");
+    EXPECT_THAT(Copies(), IsEmpty());
+    EXPECT_THAT(books_->Rows(kList), ElementsAre("C1|7|5|import|"));
+}
+
+TEST_F(NoticedBalancesTest, TheListFollowsANumberThatIsTypedIntoTheGrid)
+{
+    Begin(false);
+    Import();
+    books_->window.View().Refresh();
+
+    books_->window.Grid.MoveToRowKey(std::int32_t{1});
+    books_->window.Grid.ColumnValue(3, std::string("N9"));
+    ASSERT_TRUE(books_->window.Grid.Update());
+
+    EXPECT_EQ(books_->One("SELECT AccountID FROM Account WHERE Sequence = 1"), "N9");
+    EXPECT_THAT(books_->Rows(kList), ElementsAre("N9|7|5|import|"));
+}
+
+/// So many that their sums are read together.
+TEST_F(NoticedBalancesTest, OfManyAccountsThoseThatDoNotFitAreFound)
+{
+    Begin(false);
+    for (int number = 3; number < 80; ++number)
+        books_->AddAccount("C" + std::to_string(number), number % 2 == 0 ? "Loan" : "Bank", "x");
+    books_->Execute(
+        "INSERT INTO Loan (AccountID, OriginalAmount, PaidAmount) VALUES ('C60', 9, 2)");
+    books_->Execute("INSERT INTO Trans (AccountID, Amount, Sequence) VALUES ('C61', 4, 2)");
+
+    Import();
+
+    EXPECT_THAT(books_->Rows(kList),
+                ElementsAre("C1|7|5|import|", "C60|0|7|import|", "C61|0|4|import|"));
+}
+
+/// Else the rows would be there, and the balances not.
+TEST_F(NoticedBalancesTest, ACellThatIsNoAmountEndsTheImportBeforeItsFirstRow)
+{
+    Begin(false);
+    {
+        Database storage;
+        storage.OpenExisting(books_->folder.Path("db/clb.mdb"));
+        storage.Run("UPDATE Trans SET Amount = '12,50 EUR'");
+    }
+
+    EXPECT_THROW(Import(), EngineError);
+
+    EXPECT_EQ(books_->One("SELECT COUNT(*) AS N FROM Trans"), "1");
+}
+
+}  // namespace
+}  // namespace clb
