@@ -24,7 +24,7 @@ Program::~Program()
 {
     if (!controller_.Loaded())
         return;
-    if (controller_.Data().Database().Locked())
+    if (controller_.Data().Database().HasWritten())
         std::cerr << "Nothing of this command was kept.\n";
     controller_.Data().Database().Abandon();
 }

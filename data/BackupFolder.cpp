@@ -1,5 +1,6 @@
 #include "data/BackupFolder.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/file.h>
@@ -13,9 +14,10 @@
 #include <chrono>
 #include <cstring>
 #include <ctime>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
+#include <new>
 #include <set>
 #include <sstream>
 #include <thread>
@@ -28,8 +30,6 @@
 
 namespace clb {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::size_t kDaysKept = 10;
 constexpr std::size_t kDayLength = std::char_traits<char>::length("2026-11-21");
@@ -60,6 +60,21 @@ bool Exists(const std::string& path)
 {
     struct stat status {};
     return lstat(path.c_str(), &status) == 0;
+}
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { closedir(folder); }
+};
+
+/// Names of the files in a folder; none where it cannot be read. The standard library's iterator
+/// ends the program when there is no memory for it.
+std::vector<std::string> FilesIn(const std::string& path)
+{
+    std::vector<std::string> names;
+    const std::unique_ptr<DIR, CloseFolder> folder(opendir(path.c_str()));
+    while (const dirent* const entry = folder ? readdir(folder.get()) : nullptr)
+        names.emplace_back(entry->d_name);
+    return names;
 }
 
 /// What stands in the name of a copy; empty for other files.
@@ -147,11 +162,10 @@ std::string BackupFolder::Written(const std::optional<Mark>& mark)
 std::map<std::string, BackupFolder::Mark> BackupFolder::Present() const
 {
     std::map<std::string, Mark> present;
-    std::error_code none;
-    for (fs::directory_iterator at(path_, none), end; !none && at != end; at.increment(none)) {
-        const std::string name = NameIn(at->path().filename().string());
+    for (const std::string& file : FilesIn(path_)) {
+        const std::string name = NameIn(file);
         if (!name.empty())
-            present.emplace(name, MarkOf(at->path().string()).value_or(Mark()));
+            present.emplace(name, MarkOf(path_ + "/" + file).value_or(Mark()));
     }
     return present;
 }
@@ -166,6 +180,8 @@ BackupFolder::Listed BackupFolder::List() const
         if (unlisted.erase(line.substr(0, end)) > 0)
             list.emplace_back(line.substr(0, end), line.substr(std::min(end + 1, line.size())));
     }
+    if (lines.bad())
+        throw std::bad_alloc();
     const std::int64_t now = std::int64_t{std::time(nullptr)} * 1000000000;
     std::vector<std::tuple<bool, std::int64_t, std::string>> found;
     for (const auto& [name, mark] : unlisted)
@@ -278,10 +294,7 @@ std::string BackupFolder::UnfinishedName(const std::string& path)
 
 void BackupFolder::DropUnfinished() const
 {
-    std::error_code none;
-    std::vector<fs::path> left;
-    for (fs::directory_iterator at(path_, none), end; !none && at != end; at.increment(none)) {
-        const std::string file = at->path().filename().string();
+    for (const std::string& file : FilesIn(path_)) {
         const std::size_t mark = file.find(kUnfinished);
         const std::string of = file.substr(0, mark);
         if (mark == std::string::npos ||
@@ -291,10 +304,8 @@ void BackupFolder::DropUnfinished() const
         int process = 0;
         const auto read = std::from_chars(number, file.c_str() + file.size(), process);
         if (read.ec == std::errc() && process > 0 && kill(process, 0) != 0 && errno == ESRCH)
-            left.push_back(at->path());
+            unlink((path_ + "/" + file).c_str());
     }
-    for (const fs::path& path : left)
-        fs::remove(path, none);
 }
 
 void BackupFolder::Failure(const std::optional<BackupFailure>& failure) const noexcept

@@ -533,6 +533,10 @@ std::int64_t Database::ChangedRows() const
 {
     return sqlite3_changes64(raw_);
 }
+std::int64_t Database::TotalChanges() const
+{
+    return sqlite3_total_changes64(raw_);
+}
 bool Database::InTransaction() const
 {
     return sqlite3_get_autocommit(raw_) == 0;

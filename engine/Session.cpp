@@ -96,6 +96,7 @@ void Connection::State::BeginWrite()
     if (LostGroup())
         database.ThrowLastTrouble();
     database.Step(begin);
+    changesBefore = database.TotalChanges();
     pending = true;
 }
 

@@ -14,14 +14,17 @@ namespace {
 
 using testing::IsEmpty;
 
-/// As the program clb runs it; gives its exit code.
-int RunCommand(const std::vector<std::string>& words)
+/// As the program clb runs it; gives its exit code. begin: run once the words are parsed, which is
+/// a library's work.
+int RunCommand(
+    const std::vector<std::string>& words, const std::function<void()>& begin = [] {})
 {
     int exitCode = 0;
     CLI::App app("clb", "clb");
     for (const auto add : {AddAccounts, AddImport, AddExport, AddMove, AddBackup, AddRestore,
                            AddCheck, AddSql, AddCopyBudget})
         add(app, exitCode);
+    app.parse_complete_callback(begin);
     std::vector<std::string> reversed(words.rbegin(), words.rend());
     app.parse(reversed);
     return exitCode;
@@ -43,22 +46,27 @@ protected:
     }
     ~CommandAllocationTest() override { ::unsetenv("TMPDIR"); }
 
-    std::vector<std::string> Try(std::vector<std::string> words)
+    std::vector<std::string> Try(const std::string& command, std::vector<std::string> words = {},
+                                 bool mayBeDone = false)
     {
+        words.insert(words.begin(), command);
         words.insert(words.end(), {"--home", books_.Path()});
-        return TryWords(words);
+        return TryWords(words, mayBeDone);
     }
-    std::vector<std::string> TryWords(const std::vector<std::string>& words)
+    /// mayBeDone: it is also right to report a failure when all was done but could not be told,
+    /// because doing it once more changes nothing.
+    std::vector<std::string> TryWords(const std::vector<std::string>& words, bool mayBeDone,
+                                      Counted counted = Counted::All)
     {
         books_.Keep();
-        Tries tries(books_, GetParam());
+        // A start takes many allocations, and each command begins with one.
+        Tries tries(books_, GetParam(), GetParam() == Refusal::One ? 17 : 53, counted);
         if (tries.Next()) {
             const int exitCode = ExitCode(tries, words);
             FailingAllocations::End();
-            const bool wrongStart = tries.Undisturbed() && exitCode != 0;
-            tries.End(wrongStart            ? "exit code " + std::to_string(exitCode)
-                      : tries.Undisturbed() ? ""
-                                            : tries.WrongInBook(exitCode == 0));
+            if (tries.Undisturbed())
+                tries.End(exitCode == 0 ? "" : "exit code " + std::to_string(exitCode));
+            tries.End(tries.WrongInBook(exitCode == 0 || (mayBeDone && !tries.IsAsBefore())));
         }
         std::vector<std::string> problems = tries.Problems();
         if (tries.Failed() < 10)
@@ -67,9 +75,8 @@ protected:
     }
     static int ExitCode(const Tries& tries, const std::vector<std::string>& words)
     {
-        tries.Begin();
         try {
-            return RunCommand(words);
+            return RunCommand(words, [&] { tries.Begin(); });
         } catch (const std::exception&) {
             return 1;
         }
@@ -80,7 +87,7 @@ protected:
 
 TEST_P(CommandAllocationTest, InAStart)
 {
-    EXPECT_THAT(Try({"accounts"}), IsEmpty());
+    EXPECT_THAT(Try("accounts"), IsEmpty());
 }
 
 TEST_P(CommandAllocationTest, InAnUpgrade)
@@ -89,7 +96,7 @@ TEST_P(CommandAllocationTest, InAnUpgrade)
          {"DROP TABLE _SchemaVersion", "CREATE TABLE _SchemaVersion (1 LONG)",
           "ALTER TABLE Account DROP COLUMN BudgetInclude"})
         RunCommand({"sql", books_.Path(), statement});
-    EXPECT_THAT(Try({"accounts"}), IsEmpty());
+    EXPECT_THAT(Try("accounts", {}, true), IsEmpty());
 }
 
 TEST_P(CommandAllocationTest, InAnImport)
@@ -98,40 +105,43 @@ TEST_P(CommandAllocationTest, InAnImport)
         books_.Write("march.ofx",
                      "OFXHEADER:100\nDATA:OFXSGML\nVERSION:102\n<OFX>\n<ACCTID>N-1\n"
                      "<STMTTRN><DTPOSTED>20060305<TRNAMT>-7<FITID>1<NAME>Shop</STMTTRN>\n");
-    EXPECT_THAT(Try({"import", file, "--create", "New one"}), IsEmpty());
+    EXPECT_THAT(Try("import", {file, "--create", "New one"}, true), IsEmpty());
 }
 
 TEST_P(CommandAllocationTest, InAnExport)
 {
-    EXPECT_THAT(Try({"export", "Checking", books_.Path("out.ofx")}), IsEmpty());
+    EXPECT_THAT(Try("export", {"Checking", books_.Path("out.ofx")}), IsEmpty());
 }
 
 TEST_P(CommandAllocationTest, InAMove)
 {
-    EXPECT_THAT(Try({"move", "1", "--by", "-1"}), IsEmpty());
+    EXPECT_THAT(Try("move", {"1", "--by", "-1"}), IsEmpty());
 }
 
 TEST_P(CommandAllocationTest, InABackup)
 {
-    EXPECT_THAT(Try({"backup"}), IsEmpty());
+    EXPECT_THAT(Try("backup"), IsEmpty());
 }
 
 TEST_P(CommandAllocationTest, InARestore)
 {
     const std::string copy = books_.Write("copy.mdb", books_.Files().at("db/clb.mdb"));
     RunCommand({"sql", books_.Path(), "UPDATE Account SET Description = 'Changed since'"});
-    EXPECT_THAT(Try({"restore", copy}), IsEmpty());
+    EXPECT_THAT(Try("restore", {copy}, true), IsEmpty());
 }
 
 TEST_P(CommandAllocationTest, InACheckThatRepairs)
 {
     RunCommand({"sql", books_.Path(), "UPDATE Account SET CurrentBalance = 1"});
-    EXPECT_THAT(Try({"check", "--repair"}), IsEmpty());
+    EXPECT_THAT(Try("check", {"--repair"}, true), IsEmpty());
 }
 
+/// Its reply is JSON, which takes memory in destructors.
 TEST_P(CommandAllocationTest, InAStatement)
 {
-    EXPECT_THAT(TryWords({"sql", books_.Path(), "UPDATE Trans SET Category = 'Fun'"}), IsEmpty());
+    EXPECT_THAT(TryWords({"sql", books_.Path(), "UPDATE Trans SET Category = 'Fun'"}, false,
+                         Counted::Storage),
+                IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Once, CommandAllocationTest, testing::Values(Refusal::One));

@@ -17,8 +17,6 @@ constexpr int kFailed = 0;      // an allocation failed, and all is well
 constexpr int kRanThrough = 3;  // none failed
 constexpr int kWrong = 1;
 constexpr unsigned kSeconds = 30;
-/// Where all memory is gone from the n-th allocation on, places near one another end alike.
-constexpr std::int64_t kStride = 7;
 
 bool Thorough()
 {
@@ -40,8 +38,8 @@ struct Tries::Told {
     std::array<char, 4096> text;
 };
 
-Tries::Tries(BookFolder& books, Refusal refusal, Counted counted)
-    : books_(books), refusal_(refusal), counted_(counted)
+Tries::Tries(BookFolder& books, Refusal refusal, std::int64_t stride, Counted counted)
+    : books_(books), refusal_(refusal), stride_(Thorough() ? 1 : stride), counted_(counted)
 {
     void* const shared =
         ::mmap(nullptr, sizeof(Told), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
@@ -61,7 +59,7 @@ bool Tries::Next()
         return true;
     }
     for (bool more = true; more;) {
-        n_ += refusal_ == Refusal::One || n_ < 1 || Thorough() ? 1 : kStride;
+        n_ += n_ < 1 ? 1 : stride_;
         told_->text[0] = '\0';
         const pid_t process = ::fork();
         if (process == 0) {
@@ -103,7 +101,7 @@ void Tries::End(const std::string& wrong) const
 
 bool Tries::LooksFurther() const
 {
-    return n_ % 8 == 0 || Thorough();
+    return n_ % 8 == 1 || Thorough();
 }
 
 bool Tries::IsAsBefore() const

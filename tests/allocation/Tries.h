@@ -9,11 +9,11 @@
 namespace clb {
 
 /// Does an action again and again, each time in a process of its own, and lets a later allocation
-/// fail each time until none fails any more. Before that it is done once undisturbed. Where all
-/// memory is gone at once, only some places are tried; with CLB_ALLOCATION_ALL set, all of them.
+/// fail each time until none fails any more. Before that it is done once undisturbed.
 class Tries {
 public:
-    Tries(BookFolder& books, Refusal refusal, Counted counted = Counted::All);
+    /// stride: every so many places are tried; all of them with CLB_ALLOCATION_ALL set.
+    Tries(BookFolder& books, Refusal refusal, std::int64_t stride, Counted counted = Counted::All);
     ~Tries();
     Tries(const Tries&) = delete;
     Tries& operator=(const Tries&) = delete;
@@ -50,6 +50,7 @@ private:
     struct Told;
     BookFolder& books_;
     Refusal refusal_;
+    std::int64_t stride_;
     Counted counted_;
     std::int64_t n_ = -1;
     TableDump after_;

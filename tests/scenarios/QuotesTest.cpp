@@ -46,6 +46,20 @@ protected:
         EXPECT_EQ(Rows("SELECT LastPrice FROM Investment WHERE StockSymbol = 'NEXT'"), R"(["99"])");
         return Rows("SELECT LastPrice FROM Investment WHERE StockSymbol = 'ACME'");
     }
+    /// The answer ends the update, after the holding before it has got its price.
+    void ExpectRefused(const HttpServer::Answer& answer)
+    {
+        Hold("FIRST");
+        Hold("ACME");
+        Hold("NEXT");
+        Answer("FIRST", answers::Ok(Line("FIRST", "99")));
+        Answer("ACME", answer);
+        Answer("NEXT", answers::Ok(Line("NEXT", "99")));
+        Events();
+        Update();
+        ExpectFailure();
+        EXPECT_EQ(Prices(), R"(["99"] ["7.25"] ["7.25"])");
+    }
     std::string Url(const std::string& symbol)
     {
         return server.Address() + "/d/quotes.csv?s=" + symbol + "&f=sl1d1t1c1p2ohgbav&e=.csv";
@@ -165,14 +179,14 @@ TEST_F(QuotesTest, AQuotedChangeThatIsNotAvailableKeepsThePrice)
     EXPECT_EQ(PriceAfter(answers::Ok(Line("ACME", "0.00", "\"N/A\""))), R"(["7.25"])");
 }
 
-TEST_F(QuotesTest, APriceThatIsNoNumberKeepsThePrice)
+TEST_F(QuotesTest, APriceThatIsNotANumberFails)
 {
-    EXPECT_EQ(PriceAfter(answers::Ok(Line("ACME", "N/A"))), R"(["7.25"])");
+    ExpectRefused(answers::Ok(Line("ACME", "N/A")));
 }
 
-TEST_F(QuotesTest, AnEmptyPriceKeepsThePrice)
+TEST_F(QuotesTest, AnEmptyPriceFails)
 {
-    EXPECT_EQ(PriceAfter(answers::Ok(Line("ACME", ""))), R"(["7.25"])");
+    ExpectRefused(answers::Ok(Line("ACME", "")));
 }
 
 TEST_F(QuotesTest, QuotesAroundFieldsDoNotCount)
@@ -183,7 +197,7 @@ TEST_F(QuotesTest, QuotesAroundFieldsDoNotCount)
 TEST_F(QuotesTest, QuotesDoNotProtectCommas)
 {
     // The price is the field behind the first comma.
-    EXPECT_EQ(PriceAfter(answers::Ok("\"ACME, Inc.\"," + Line("ACME", "12.50"))), R"(["7.25"])");
+    ExpectRefused(answers::Ok("\"ACME, Inc.\"," + Line("ACME", "12.50")));
 }
 
 TEST_F(QuotesTest, MoreThanTwelveFieldsAreAQuote)
