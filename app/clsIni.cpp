@@ -1,5 +1,7 @@
 #include "app/clsIni.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -35,6 +37,12 @@ files::path Target(const std::string& path)
     files::path target = files::weakly_canonical(path, failed);
     return failed ? files::path(path) : target;
 }
+
+/// Removes a file under its first name, which is gone once the file has got another.
+struct RemovedUnlessRenamed {
+    const files::path& file;
+    ~RemovedUnlessRenamed() { unlink(file.c_str()); }
+};
 
 /// The file's lines, without their ends, and whether a byte-order mark stands ahead of them.
 struct IniText {
@@ -72,6 +80,7 @@ struct IniText {
         const bool replaces = files::exists(target, failed);
         if (path.empty() || (replaces && !std::fstream(target)))
             return;
+        const RemovedUnlessRenamed removed{fresh};
         MakeOwnFile(fresh.string());
         std::ofstream out(fresh, std::ios::binary | std::ios::trunc);
         out << (marked ? kByteOrderMark : std::string_view());
@@ -83,8 +92,6 @@ struct IniText {
         failed.clear();
         if (out)
             files::rename(fresh, target, failed);
-        if (!out || failed)
-            files::remove(fresh, failed);
     }
 };
 
