@@ -4,6 +4,7 @@
 
 #include "app/CheckSchema.h"
 #include "base/Text.h"
+#include "engine/Backup.h"
 #include "engine/EngineError.h"
 #include "engine/RawSql.h"
 #include "views/clsView.h"
@@ -46,7 +47,7 @@ void FindDamage(RawSql& raw, FindingList& findings)
     std::vector<std::string> faults;
     try {
         raw.Select("PRAGMA integrity_check",
-                   [&](const RawSql::Row& row) { faults.emplace_back(row.Text(0)); });
+                   [&](const RawSql::Row& row) { faults.push_back(FaultIn(row.Text(0))); });
     } catch (const EngineError& error) {
         if (error.Trouble() == FileTrouble::Locked)
             throw;

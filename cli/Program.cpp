@@ -22,11 +22,8 @@ Program::Program(const std::string& folder, IModalHost& forms, bool trial)
 
 Program::~Program()
 {
-    if (!controller_.Loaded())
-        return;
-    if (controller_.Data().Database().HasWritten())
-        std::cerr << "Nothing of this command was kept.\n";
-    controller_.Data().Database().Abandon();
+    if (controller_.Loaded())
+        controller_.Data().Database().Abandon();
 }
 
 void Program::Finish()

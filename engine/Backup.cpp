@@ -13,6 +13,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <new>
 #include <optional>
 
 #include "engine/ConnectionString.h"
@@ -218,6 +219,14 @@ void CopyDatabase(const std::string& from, const std::string& to)
     CopyTo(source, to);
 }
 
+std::string FaultIn(std::string_view line)
+{
+    for (const int code : {SQLITE_NOMEM, SQLITE_IOERR_NOMEM})
+        if (line.ends_with("unable to get the page. error code=" + std::to_string(code)))
+            throw std::bad_alloc();
+    return std::string(line);
+}
+
 std::vector<std::string> FaultsOf(const std::string& path)
 {
     Database database;
@@ -226,7 +235,7 @@ std::vector<std::string> FaultsOf(const std::string& path)
     try {
         Statement check = database.Prepare("PRAGMA integrity_check");
         while (database.Step(check))
-            faults.push_back(check.Text(0));
+            faults.push_back(FaultIn(check.Text(0)));
     } catch (const EngineError& error) {
         // So much is wrong that the storage gives up.
         if (error.Trouble() != FileTrouble::Damaged)

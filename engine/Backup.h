@@ -1,5 +1,6 @@
 #pragma once
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace clb {
@@ -8,6 +9,10 @@ namespace clb {
 /// writes it. The copy is for the user alone and is on the disk when this returns. Throws
 /// EngineError, also when the new file exists; nothing half copied stays.
 void CopyDatabase(const std::string& from, const std::string& to);
+
+/// A line of the storage's own check of a file. Throws std::bad_alloc when the line tells only that
+/// there was no memory to load a page, which is no fault of the file.
+std::string FaultIn(std::string_view line);
 
 /// What is wrong with the inner order of a database file, in the storage's words; empty when it is
 /// sound. Throws EngineError when the file cannot be read as a database at all.

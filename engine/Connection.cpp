@@ -89,11 +89,6 @@ bool Connection::Locked() const
     return state_->database.IsOpen() && state_->database.InTransaction();
 }
 
-bool Connection::HasWritten() const
-{
-    return Locked() && state_->database.TotalChanges() != state_->changesBefore;
-}
-
 void Connection::Abandon() noexcept
 {
     state_->Abandon();

@@ -45,8 +45,6 @@ public:
     void Lock();
     /// Whether the pending group is open: nobody else can write now.
     bool Locked() const;
-    /// Whether rows were written since the last Settle() and can still be taken back.
-    bool HasWritten() const;
     /// Makes everything written so far durable. Throws EngineError when that fails (disk full, file
     /// locked); what was pending is then lost and the file as before.
     void Settle();

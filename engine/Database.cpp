@@ -212,9 +212,8 @@ int BindValue(sqlite3_stmt* raw, int parameter, const Value& value)
 
 std::string_view ColumnText(sqlite3_stmt* statement, int column)
 {
-    const bool null = sqlite3_column_type(statement, column) == SQLITE_NULL;
     const auto* text = sqlite3_column_text(statement, column);
-    if (!text && !null)
+    if (!text && sqlite3_errcode(sqlite3_db_handle(statement)) == SQLITE_NOMEM)
         throw std::bad_alloc();
     if (!text)
         return {};
@@ -494,7 +493,8 @@ void Database::Run(const std::string& script)
 
 void Database::Throw(int code, const char* message)
 {
-    if (IsOutOfMemory(code)) {
+    // Some of the storage's calls give a general code for it.
+    if (IsOutOfMemory(code) || IsOutOfMemory(sqlite3_errcode(raw_))) {
         failure_.reset();
         troubleIsMemory_ = true;
         throw std::bad_alloc();
@@ -532,10 +532,6 @@ std::int64_t Database::LastRowId() const
 std::int64_t Database::ChangedRows() const
 {
     return sqlite3_changes64(raw_);
-}
-std::int64_t Database::TotalChanges() const
-{
-    return sqlite3_total_changes64(raw_);
 }
 bool Database::InTransaction() const
 {

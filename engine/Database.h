@@ -91,8 +91,6 @@ public:
 
     std::int64_t LastRowId() const;
     std::int64_t ChangedRows() const;
-    /// Rows changed since opening, taken back or not.
-    std::int64_t TotalChanges() const;
     bool InTransaction() const;
     /// Takes back the open transaction by a statement that was prepared for it, so that even a
     /// program without memory can. InTransaction() says whether it worked.

@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <new>
+
 #include "engine/Errors.h"
 #include "engine/Session.h"
 
@@ -44,6 +46,8 @@ double RawSql::Row::Real(int column) const
 std::string_view RawSql::Row::Text(int column) const
 {
     const auto* text = sqlite3_column_text(statement_->Raw(), column);
+    if (!text && sqlite3_errcode(sqlite3_db_handle(statement_->Raw())) == SQLITE_NOMEM)
+        throw std::bad_alloc();
     const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_->Raw(), column));
     return {reinterpret_cast<const char*>(text), text ? size : 0};
 }

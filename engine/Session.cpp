@@ -96,7 +96,6 @@ void Connection::State::BeginWrite()
     if (LostGroup())
         database.ThrowLastTrouble();
     database.Step(begin);
-    changesBefore = database.TotalChanges();
     pending = true;
 }
 

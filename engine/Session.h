@@ -23,7 +23,6 @@ struct Connection::State {
     bool reading = false;             ///< a ReadGroup lives
     bool pending = false;             ///< the pending group was opened and not settled
     bool whole = false;               ///< it was opened ahead: it is kept whole or not at all
-    std::int64_t changesBefore = 0;   ///< Database::TotalChanges when the group was opened
     Statement readSchemaVersion;
     // Prepared by Open, so that a group can be ended when there is no memory for it.
     Statement begin;

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <cstring>
 #include <fstream>
 
 #include "data/EmptyDatabase.h"
@@ -22,6 +23,14 @@ std::string BytesOf(const std::string& path)
     file.seekg(0);
     file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return bytes;
+}
+
+/// The list of balances tells when each was noticed, by the system's clock.
+std::string WithoutTime(std::string line)
+{
+    const std::size_t time = line.find("|t19:");
+    return time == std::string::npos ? line
+                                     : line.erase(time, std::strlen("|t19:2026-11-22 11:04:31"));
 }
 
 /// The storage's own judgement: "ok" for a sound file.
@@ -60,7 +69,7 @@ std::string BookFolder::Write(const std::string& name, const std::string& bytes)
 void BookFolder::Keep()
 {
     kept_ = Files();
-    tables_ = DumpOf(Path(kDatabase));
+    tables_ = Tables();
 }
 
 void BookFolder::PutBack() const
@@ -102,7 +111,11 @@ TableDump BookFolder::Tables() const
     const std::string integrity = IntegrityOf(Path(kDatabase));
     if (integrity != "ok")
         throw std::runtime_error("damaged: " + integrity);
-    return DumpOf(Path(kDatabase));
+    TableDump dump = DumpOf(Path(kDatabase));
+    for (std::string& line : dump.lines)
+        if (line.starts_with("CvBalance|"))
+            line = WithoutTime(std::move(line));
+    return dump;
 }
 
 bool BookFolder::Holds(const std::string& text) const

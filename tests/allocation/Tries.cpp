@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
+#include <iostream>
 
 namespace clb {
 namespace {
@@ -96,6 +97,7 @@ void Tries::End(const std::string& wrong) const
 {
     std::strncpy(told_->text.data(), wrong.c_str(), told_->text.size() - 1);
     const int fine = FailingAllocations::Reached() ? kFailed : kRanThrough;
+    std::cout << wrong << std::endl;  // for who looks at a single try
     ::_exit(wrong.empty() ? fine : kWrong);
 }
 
