@@ -1,5 +1,6 @@
 #include "files/Leftovers.h"
 
+#include <dirent.h>
 #include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -10,6 +11,7 @@
 #include <charconv>
 #include <exception>
 #include <filesystem>
+#include <memory>
 #include <new>
 #include <vector>
 
@@ -42,21 +44,31 @@ bool HasEnded(pid_t process)
     return process > 0 && ::kill(process, 0) != 0 && errno == ESRCH;
 }
 
-bool IsLeftover(const fs::path& path)
+bool IsLeftover(const std::string& folder, const std::string& name)
 {
     struct stat status {};
-    if (::lstat(path.c_str(), &status) != 0 || status.st_uid != ::geteuid())
+    if (::lstat((folder + "/" + name).c_str(), &status) != 0 || status.st_uid != ::geteuid())
         return false;
-    const std::string name = path.filename().string();
     if (S_ISDIR(status.st_mode))
         return HasEnded(ProcessOf(name, kTemporary));
     return S_ISREG(status.st_mode) && HasEnded(ProcessOf(name, kUnfinished));
 }
 
-/// Cheap, before the file itself is asked.
-bool MayBeOurs(const std::string& name)
+/// Names in the folder that may be ours, before the files themselves are asked. Read by hand: the
+/// library's iterator ends the program when there is no memory for a name.
+std::vector<std::string> NamesLikeOurs(const std::string& folder)
 {
-    return name.starts_with(kTemporary) || name.starts_with(kUnfinished);
+    std::vector<std::string> names;
+    const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(folder.c_str()), &::closedir);
+    while (open) {
+        const dirent* const entry = ::readdir(open.get());
+        if (!entry)
+            break;
+        const std::string_view name = entry->d_name;
+        if (name.starts_with(kTemporary) || name.starts_with(kUnfinished))
+            names.emplace_back(name);
+    }
+    return names;
 }
 
 }  // namespace
@@ -74,14 +86,10 @@ std::string TemporaryFront()
 void RemoveLeftovers(const std::string& folder) noexcept
 {
     try {
-        std::vector<fs::path> left;
-        std::error_code failure;
-        for (fs::directory_iterator at(folder, failure), end; !failure && at != end;
-             at.increment(failure))
-            if (MayBeOurs(at->path().filename().string()) && IsLeftover(at->path()))
-                left.push_back(at->path());
-        for (const fs::path& path : left)
-            fs::remove_all(path, failure);
+        std::error_code ignored;
+        for (const std::string& name : NamesLikeOurs(folder))
+            if (IsLeftover(folder, name))
+                fs::remove_all(fs::path(folder) / name, ignored);
     } catch (const std::exception&) {
         // The next start tries again.
     }
