@@ -1,16 +1,15 @@
 #include "app/clsIni.h"
 
-#include <unistd.h>
-
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <optional>
 #include <vector>
 
 #include "base/Text.h"
-#include "data/OwnFile.h"
+#include "files/FileError.h"
+#include "files/ReadFile.h"
+#include "files/WholeFile.h"
 
 namespace clb {
 namespace {
@@ -26,38 +25,30 @@ std::string_view Stripped(std::string_view text)
     return text.substr(from, text.find_last_not_of(" \t") - from + 1);
 }
 
-namespace files = std::filesystem;
-
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// The file itself where the path is a link to it.
-files::path Target(const std::string& path)
+/// The file's bytes; empty when there is none. Throws FileError when it cannot be read.
+std::string BytesOf(const std::string& path)
 {
-    std::error_code failed;
-    files::path target = files::weakly_canonical(path, failed);
-    return failed ? files::path(path) : target;
+    std::error_code unknown;
+    const auto status = std::filesystem::status(path, unknown);
+    if (status.type() == std::filesystem::file_type::not_found)
+        return "";
+    if (!std::filesystem::is_regular_file(status))
+        throw CannotRead(path, EISDIR);
+    return ReadFile(path);
 }
 
-/// Removes a file under its first name, which is gone once the file has got another.
-struct RemovedUnlessRenamed {
-    const files::path& file;
-    ~RemovedUnlessRenamed() { unlink(file.c_str()); }
-};
-
-/// The file's lines, without their ends, and whether a byte-order mark stands ahead of them.
+/// The file's lines, without their ends, and whether a byte-order mark stands before them.
 struct IniText {
     std::vector<std::string> lines;
     bool marked = false;
 
-    /// What is no file, or cannot be read, has no lines. A file that is no UTF-8 is Windows-1252.
+    /// A file that is not UTF-8 is Windows-1252. Throws FileError.
     static IniText Read(const std::string& path)
     {
         IniText ini;
-        std::error_code ignored;
-        if (!files::is_regular_file(path, ignored))
-            return ini;
-        std::ifstream in(path, std::ios::binary);
-        std::string bytes{std::istreambuf_iterator<char>(in), {}};
+        std::string bytes = BytesOf(path);
         ini.marked = bytes.starts_with(kByteOrderMark);
         const std::string text = DecodeFile(std::move(bytes));
         for (std::size_t at = 0; at < text.size();) {
@@ -70,28 +61,12 @@ struct IniText {
         }
         return ini;
     }
-    /// Written beside the file first, so that a failure leaves the former file whole. A file that
-    /// may not be written is left, and so are its access rights.
-    void Write(const std::string& path) const
+    std::string Bytes() const
     {
-        const files::path target = Target(path);
-        const files::path fresh = target.string() + ".new";
-        std::error_code failed;
-        const bool replaces = files::exists(target, failed);
-        if (path.empty() || (replaces && !std::fstream(target)))
-            return;
-        const RemovedUnlessRenamed removed{fresh};
-        MakeOwnFile(fresh.string());
-        std::ofstream out(fresh, std::ios::binary | std::ios::trunc);
-        out << (marked ? kByteOrderMark : std::string_view());
+        std::string bytes(marked ? kByteOrderMark : std::string_view());
         for (const std::string& line : lines)
-            out << line << "\r\n";
-        out.close();
-        if (replaces)
-            files::permissions(fresh, files::status(target, failed).permissions(), failed);
-        failed.clear();
-        if (out)
-            files::rename(fresh, target, failed);
+            bytes.append(line).append("\r\n");
+        return bytes;
     }
 };
 
@@ -150,12 +125,30 @@ std::string_view Unquoted(std::string_view value)
 std::optional<std::string> ValueOf(const std::string& file, const std::string& section,
                                    const std::string& key)
 {
-    const IniText ini = IniText::Read(file);
+    try {
+        const IniText ini = IniText::Read(file);
+        const Place place = Find(ini.lines, section, key);
+        if (!place.key)
+            return std::nullopt;
+        const std::string& line = ini.lines[*place.key];
+        return std::string(Unquoted(Stripped(std::string_view(line).substr(line.find('=') + 1))));
+    } catch (const FileError&) {
+        return std::nullopt;  // A file that cannot be read counts as empty.
+    }
+}
+
+void SetLine(IniText& ini, const std::string& section, const std::string& key,
+             const std::string& line)
+{
     const Place place = Find(ini.lines, section, key);
-    if (!place.key)
-        return std::nullopt;
-    const std::string& line = ini.lines[*place.key];
-    return std::string(Unquoted(Stripped(std::string_view(line).substr(line.find('=') + 1))));
+    if (place.key) {
+        ini.lines[*place.key] = line;
+    } else if (place.section) {
+        ini.lines.insert(ini.lines.begin() + static_cast<std::ptrdiff_t>(place.end), line);
+    } else {
+        ini.lines.push_back("[" + section + "]");
+        ini.lines.push_back(line);
+    }
 }
 
 /// A value is one line.
@@ -170,18 +163,15 @@ std::string OneLine(std::string value)
 void clsIni::WriteString(const std::string& section, const std::string& key,
                          const std::string& value)
 {
-    IniText ini = IniText::Read(file_);
-    const Place place = Find(ini.lines, section, key);
-    const std::string line = key + "=" + OneLine(value);
-    if (place.key) {
-        ini.lines[*place.key] = line;
-    } else if (place.section) {
-        ini.lines.insert(ini.lines.begin() + static_cast<std::ptrdiff_t>(place.end), line);
-    } else {
-        ini.lines.push_back("[" + section + "]");
-        ini.lines.push_back(line);
+    if (file_.empty())
+        return;
+    try {
+        IniText ini = IniText::Read(file_);
+        SetLine(ini, section, key, key + "=" + OneLine(value));
+        ReplaceFile(file_, ini.Bytes());
+    } catch (const FileError&) {
+        // Not reported, on purpose. The former file is whole, also one that could not be read.
     }
-    ini.Write(file_);
 }
 
 void clsIni::WriteLong(const std::string& section, const std::string& key, std::int32_t value)

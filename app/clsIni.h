@@ -12,7 +12,7 @@ namespace clb {
 /// Section and key names are compared without regard to case. Writing keeps every other line,
 /// comments, blank lines and their order. A value is returned without blanks around it and without
 /// one pair of quotes around it, cut to 99 characters. A file that cannot be read is as a missing
-/// one; failures to write are not reported.
+/// one; failures to write are not reported, and leave the former file whole.
 class clsIni {
 public:
     /// Full path of the file that all operations work on; empty until set.

@@ -5,6 +5,7 @@
 #include "app/frmController.h"
 #include "app/frmOptions.h"
 #include "app/frmSplit.h"
+#include "base/Interruption.h"
 #include "base/Numeric.h"
 #include "base/RuntimeError.h"
 #include "data/Backups.h"
@@ -125,6 +126,7 @@ void frmController::ImportProgress(std::size_t part, std::size_t whole)
 {
     static const std::string reading = "Reading transactions";
     progress.Step(part, whole, reading);
+    Interruption::Check();
 }
 
 void frmController::QuotesCommand()
@@ -136,6 +138,7 @@ void frmController::QuotesCommand()
 void frmController::QuoteProgress(std::size_t part, std::size_t whole, const std::string& symbol)
 {
     progress.Step(part, whole, symbol);
+    Interruption::Check();
 }
 
 void frmController::PrintCommand()

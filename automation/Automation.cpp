@@ -4,6 +4,7 @@
 #include "automation/ScriptedPorts.h"
 #include "automation/Statements.h"
 #include "automation/Verbs.h"
+#include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "data/Trouble.h"
 #include "platform/CurlHttpClient.h"
@@ -89,6 +90,9 @@ void Driver::Report(std::string& reply, Work work)
     try {
         work();
         return;
+    } catch (const Interrupted&) {
+        controller_.Abandon();
+        throw;  // no reply
     } catch (const RequestError& error) {
         failure = ErrorReply(0, error.what());
     } catch (const RuntimeError& error) {
@@ -130,6 +134,7 @@ std::string Driver::Answer(const std::string& line)
     failed_ = false;
     std::string reply;
     Report(reply, [&] { reply = ToLine(Perform(line)); });
+    Interruption::Check();
     // A failed command has its effects too, up to the failure. They are on the disk and in the
     // window before the reply goes out.
     Report(reply, [this] { controller_.Settle(); });
@@ -148,12 +153,13 @@ int RunAutomation(std::istream& requests, std::ostream& replies, const Automatio
     if (driver.Failed())
         return 1;
     std::string line;
-    while (driver.Running() && std::getline(requests, line))
+    while (replies && driver.Running() && std::getline(requests, line))
         replies << driver.Answer(line) << std::endl;
+    Interruption::Check();
     if (driver.Running())
         driver.Unload();
     // A request that could not be taken in, for lack of memory, has no reply.
-    return requests.bad() ? 1 : 0;
+    return !replies || requests.bad() ? 1 : 0;
 }
 
 }  // namespace clb

@@ -43,7 +43,9 @@ public:
 /// Runs the program from loading to unloading, driven by requests: one JSON object a line in, one
 /// reply object a line out, each written out at once. presenter: nullptr without a window.
 /// Returns the process's exit code: 0 after quit or the end of input, 1 when loading failed or a
-/// request could not be read. Throws std::bad_alloc when there is no memory for a reply.
+/// request could not be read or a reply not written. Throws std::bad_alloc when there is no memory
+/// for a reply, and Interrupted when the program is told to end; the command on its way is taken
+/// back.
 int RunAutomation(std::istream& requests, std::ostream& replies, const AutomationOptions& options,
                   IPresenter* presenter);
 

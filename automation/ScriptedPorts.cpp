@@ -1,10 +1,9 @@
 #include "automation/ScriptedPorts.h"
 
 #include "automation/Automation.h"
+#include "files/ReadFile.h"
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 namespace clb {
 namespace {
@@ -141,10 +140,7 @@ void ScriptedShell::Help(const std::string& file)
 
 void ScriptedPrintJob::Print(const std::string& file)
 {
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    log_.Add({{"event", "print"}, {"file", file}, {"html", text.str()}});
+    log_.Add({{"event", "print"}, {"file", file}, {"html", ReadFile(file)}});
 }
 
 void ScriptedPointer::Pointer(std::int32_t code)

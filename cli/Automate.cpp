@@ -1,6 +1,8 @@
 #include "automation/Automation.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
+#include "platform/Signals.h"
+#include "platform/StandardStreams.h"
 #include "platform/SystemClock.h"
 
 #include <iostream>
@@ -20,7 +22,9 @@ int Automate(const AutomateOptions& options)
     if (options.now)
         clock = std::make_unique<FixedClock>(Date::FromIso(*options.now).value_or(Date()));
     std::ios::sync_with_stdio(false);
-    return RunAutomation(std::cin, std::cout,
+    StandardInput input(EndingSignals::Descriptor());
+    std::istream requests(&input);
+    return RunAutomation(requests, std::cout,
                          {OpenFolder(options.home), *clock, options.quoteService}, nullptr);
 }
 

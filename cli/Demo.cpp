@@ -3,6 +3,10 @@
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "data/EmptyDatabase.h"
+#include "files/Folders.h"
+#include "files/ReadFile.h"
+#include "files/TemporaryFolder.h"
+#include "files/WholeFile.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
 
@@ -16,10 +20,19 @@ struct DemoOptions : FolderOptions {
     std::string folder;
 };
 
+/// The household's database. It is made elsewhere, so that a folder gets all of it or nothing.
+std::string HouseholdDatabase()
+{
+    const TemporaryFolder place;
+    MakePrivateFolder(place.Path("db"));
+    CreateFile(DatabasePath(place.Path()), EmptyDatabase());
+    MakeDemoHousehold(place.Path(), Date::FromDays(SystemClock().Now().Days()));
+    return ReadFile(DatabasePath(place.Path()));
+}
+
 void MakeDemo(const DemoOptions& options)
 {
-    DeliverFolder(options.folder, EmptyDatabase());
-    MakeDemoHousehold(options.folder, Date::FromDays(SystemClock().Now().Days()));
+    DeliverFolder(options.folder, HouseholdDatabase());
     if (options.json)
         std::cout << ToLine({{"folder", options.folder}}) << '\n';
     else

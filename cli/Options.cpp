@@ -62,6 +62,7 @@ TextCheck IsMonth()
 std::string OpenFolder(const std::optional<std::string>& home)
 {
     const std::string folder = ProgramFolder(PlacesOf(home));
+    RemoveProgramLeftovers(folder);
     if (!home && IsUnused(folder))
         DeliverFolder(folder, EmptyDatabase());
     return folder;

@@ -2,11 +2,12 @@
 
 #include <array>
 #include <cstdio>
-#include <fstream>
-#include <sstream>
+#include <ostream>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "files/FileError.h"
+#include "files/ReadFile.h"
 
 namespace clb {
 namespace {
@@ -135,11 +136,11 @@ PriceFile::PriceFile(std::string path, std::ostream& complaints)
 
 std::optional<std::string> PriceFile::Load() const
 {
-    std::ifstream in(path_, std::ios::binary);
-    std::ostringstream text;
-    if (in.peek() != std::ifstream::traits_type::eof())
-        text << in.rdbuf();
-    return in.is_open() && !in.bad() && text ? std::optional(text.str()) : std::nullopt;
+    try {
+        return ReadFile(path_);
+    } catch (const FileError&) {
+        return std::nullopt;
+    }
 }
 
 std::string PriceFile::Told(const std::vector<std::string>& mistakes) const

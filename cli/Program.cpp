@@ -1,5 +1,6 @@
 #include "cli/Program.h"
 
+#include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "data/Backups.h"
 
@@ -23,6 +24,12 @@ Program::~Program()
 {
     if (controller_.Loaded())
         controller_.Data().Database().Abandon();
+}
+
+void Program::Finish()
+{
+    Interruption::Check();
+    controller_.Unload();
 }
 
 Month Program::PresentMonth() const

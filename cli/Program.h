@@ -35,8 +35,9 @@ public:
     Month PresentMonth() const;
 
     /// Makes durable what was written and unloads it: each command's last step, before it says what
-    /// it did. Throws EngineError when that fails; nothing is kept then.
-    void Finish() { controller_.Unload(); }
+    /// it did. Throws EngineError when that fails, and Interrupted when the program was told to
+    /// end; nothing is kept then.
+    void Finish();
 
     /// Chooses the month to show, without showing it yet.
     void ChooseMonth(Month month);

@@ -10,10 +10,12 @@
 #include <string_view>
 #include <thread>
 
+#include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "cli/PriceFile.h"
+#include "platform/Signals.h"
 
 namespace clb {
 namespace {
@@ -70,15 +72,6 @@ int Bind(httplib::Server& server, int port)
     return bound;
 }
 
-sigset_t EndingSignals()
-{
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGINT);
-    sigaddset(&signals, SIGTERM);
-    return signals;
-}
-
 /// Serves until the program is told to end.
 void ServeUntilSignalled(httplib::Server& server, const sigset_t& signals)
 {
@@ -107,8 +100,10 @@ void Serve(const ServerOptions& options)
                    Answer(prices, request, response);
                });
     const int port = Bind(server, options.port);
-    const sigset_t signals = EndingSignals();
+    sigset_t signals = EndingSignals::Set();
+    sigaddset(&signals, SIGTERM);  // which also tells that the server ended by itself
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    Interruption::Check();
     std::cout << "Quotes of " << options.prices << " at http://" << kHost << ":" << port
               << " until Ctrl+C" << std::endl;
     ServeUntilSignalled(server, signals);

@@ -1,4 +1,5 @@
 #include "automation/Statements.h"
+#include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
@@ -22,6 +23,7 @@ std::string Reply(const SqlOptions& options, int& exitCode)
         Connection connection;
         connection.Open("Data Source=" + options.folder + "/db/clb.mdb");
         std::string reply = ToLine(GoodReply(RunStatement(connection, options.statement)));
+        Interruption::Check();
         connection.Settle();
         exitCode = 0;
         return reply;

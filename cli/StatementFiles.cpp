@@ -4,12 +4,12 @@
 #include "base/Text.h"
 #include "cli/Options.h"
 #include "data/EmptyDatabase.h"
+#include "files/WholeFile.h"
 #include "import/StatementFile.h"
 #include "platform/ProgramFolder.h"
 
-#include <stdlib.h>
 #include <algorithm>
-#include <fstream>
+#include <filesystem>
 
 namespace clb {
 namespace {
@@ -47,15 +47,6 @@ std::vector<std::string> StatementsIn(const std::string& folder)
     return files;
 }
 
-fs::path NewFolder()
-{
-    std::error_code failure;
-    std::string name = (fs::temp_directory_path(failure) / "clb-trial-XXXXXX").string();
-    if (failure || !mkdtemp(name.data()))
-        throw RuntimeError(errors::PathAccess, "Path/File access error: " + name);
-    return name;
-}
-
 }  // namespace
 
 bool IsQif(const std::string& path)
@@ -76,29 +67,13 @@ std::vector<std::string> FindStatements(const std::vector<std::string>& words)
     return files;
 }
 
-TrialFolder::TrialFolder(const std::optional<std::string>& home) : path_(NewFolder())
+TrialFolder::TrialFolder(const std::optional<std::string>& home)
 {
-    try {
-        const std::string folder = ProgramFolder(PlacesOf(home));
-        if (home || HoldsDatabase(folder))
-            CopyDatabase(folder);
-        else
-            DeliverFolder(Path(), EmptyDatabase());
-    } catch (...) {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-        throw;
-    }
-}
-
-TrialFolder::~TrialFolder()
-{
-    try {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    } catch (const std::bad_alloc&) {
-        return;  // what is left, the system clears from its folder for temporary files
-    }
+    const std::string folder = ProgramFolder(PlacesOf(home));
+    if (home || HoldsDatabase(folder))
+        CopyDatabase(folder);
+    else
+        DeliverFolder(Path(), EmptyDatabase());
 }
 
 /// With the journal of a program that was killed: the database is not whole without it.
@@ -123,7 +98,7 @@ void TrialFolder::CopyDatabase(const std::string& folder) const
 std::string TrialFolder::CopyStatement(const std::string& path) const
 {
     std::error_code failure;
-    const fs::path place = path_ / "statement";
+    const fs::path place = folder_.Path("statement");
     fs::remove_all(place, failure);
     fs::create_directory(place, failure);
     const std::string copy = (place / fs::path(path).filename()).string();
@@ -132,7 +107,7 @@ std::string TrialFolder::CopyStatement(const std::string& path) const
     fs::permissions(copy, fs::perms::owner_read | fs::perms::owner_write, failure);
     // A first version that is in the way of the repair is in the way of the trial too.
     if (fs::exists(fs::symlink_status(KeptStatement(path), failure)))
-        std::ofstream(KeptStatement(copy));
+        CreateFile(KeptStatement(copy), "");
     return copy;
 }
 

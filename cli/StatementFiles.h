@@ -1,8 +1,9 @@
 #pragma once
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "files/TemporaryFolder.h"
 
 namespace clb {
 
@@ -21,11 +22,8 @@ public:
     /// home as OpenFolder takes it; where the user has no data yet, the copy is the delivered
     /// database. Throws RuntimeError when it cannot be made.
     explicit TrialFolder(const std::optional<std::string>& home);
-    ~TrialFolder();
-    TrialFolder(const TrialFolder&) = delete;
-    TrialFolder& operator=(const TrialFolder&) = delete;
 
-    std::string Path() const { return path_.string(); }
+    const std::string& Path() const { return folder_.Path(); }
     /// Path of a copy of the file, in place of the one before. What cannot be copied stands for
     /// itself: it cannot be imported either.
     std::string CopyStatement(const std::string& path) const;
@@ -33,7 +31,7 @@ public:
 private:
     void CopyDatabase(const std::string& folder) const;
 
-    std::filesystem::path path_;
+    TemporaryFolder folder_;
 };
 
 }  // namespace clb

@@ -1,5 +1,8 @@
+#include "base/Interruption.h"
 #include "cli/Commands.h"
 #include "data/Trouble.h"
+#include "platform/Signals.h"
+#include "platform/StandardStreams.h"
 
 #include <CLI/CLI.hpp>
 #include <exception>
@@ -32,17 +35,38 @@ int Run(int argc, char** argv)
     return exitCode;
 }
 
-}  // namespace
+void Tell(const std::string& sentence)
+{
+    std::cerr << "clb: " << sentence << '\n';
+}
 
-int main(int argc, char** argv)
+int RunReported(int argc, char** argv)
 {
     try {
         return Run(argc, argv);
+    } catch (const clb::Interrupted&) {
+        clb::EndBySignal();
     } catch (const std::bad_alloc&) {
         std::cerr << "clb: There is not enough memory.\n";  // a longer text may need some
         return refused;
     } catch (const std::exception& error) {
-        std::cerr << "clb: " << clb::TroubleText(error) << '\n';
+        Tell(clb::TroubleText(error));
         return refused;
     }
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    clb::PrepareProcess();
+    const clb::EndingSignals signals(clb::BreakOff::Anywhere);
+    const int exitCode = RunReported(argc, argv);
+    // What the command did stays done, whoever reads of it.
+    const std::string unwritten = clb::FinishOutput();
+    if (!unwritten.empty())
+        Tell(unwritten);
+    if (clb::Interruption::Asked())
+        clb::EndBySignal();
+    return exitCode == 0 && !unwritten.empty() ? refused : exitCode;
 }

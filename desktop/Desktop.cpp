@@ -1,11 +1,13 @@
 #include "desktop/Desktop.h"
 
 #include <QApplication>
+#include <QSocketNotifier>
 #include <QTimer>
 #include <iostream>
 #include <memory>
 
 #include "app/OtherPrograms.h"
+#include "base/Interruption.h"
 #include "data/Backups.h"
 #include "data/EmptyDatabase.h"
 #include "data/Trouble.h"
@@ -35,6 +37,8 @@
 #include "platform/CurlHttpClient.h"
 #include "platform/HelpFolder.h"
 #include "platform/ProgramFolder.h"
+#include "platform/Signals.h"
+#include "platform/StandardStreams.h"
 #include "platform/SystemClock.h"
 
 namespace clb {
@@ -46,6 +50,7 @@ constexpr int kWatchMilliseconds = 1000;
 std::string OpenFolder(const std::optional<std::string>& home)
 {
     const std::string folder = ProgramFolder(PlacesOf(home));
+    RemoveProgramLeftovers(folder);
     if (!home && IsUnused(folder))
         DeliverFolder(folder, EmptyDatabase());
     return folder;
@@ -89,6 +94,16 @@ public:
     frmController& Controller() { return controller_; }
     /// Whether the user ended it to have a new one.
     bool StartsAgain() const { return stuck_.StartsAgain(); }
+    /// Closes it because a signal has come. A row that is being typed is not saved.
+    void Close()
+    {
+        Interruption::Forget();
+        if (!controller_.Loaded())
+            return;
+        controller_.Data().Database().Abandon();
+        controller_.Grid.Component().CancelEdit();
+        controller_.Unload();
+    }
     /// Name of the backup to restore before the new one; empty: none.
     const std::string& Restores() const { return stuck_.Restores(); }
     void Report(const std::optional<BackupFailure>& failure)
@@ -142,8 +157,11 @@ bool ShowsWindow(const StartOptions& options)
 int Automate(const StartOptions& options, IClock& clock)
 {
     WindowPresenter presenter;
+    const EndingSignals signals(BreakOff::AtMarks);
     std::ios::sync_with_stdio(false);
-    return RunAutomation(std::cin, std::cout,
+    StandardInput input(EndingSignals::Descriptor());
+    std::istream requests(&input);
+    return RunAutomation(requests, std::cout,
                          {OpenFolder(options.home), clock, options.quoteService}, &presenter);
 }
 
@@ -180,6 +198,7 @@ std::unique_ptr<DailyBackup> BeginBackup(Program& program, const std::string& fo
 Ending RunOnce(const std::string& folder, const StartOptions& options, IClock& clock,
                RunningProgram& running, const QStringList& files)
 {
+    const EndingSignals signals(BreakOff::AtMarks);
     Program program(folder, clock);
     const auto noBackup = Backups(folder).BeforeUpgrade(clock.Now());
     program.Load();
@@ -194,8 +213,13 @@ Ending RunOnce(const std::string& folder, const StartOptions& options, IClock& c
     running.Serve([&](const StartRequest& request) {
         Follow(request, program.Window(), program.Incoming());
     });
+    const QSocketNotifier told(EndingSignals::Descriptor(), QSocketNotifier::Read);
+    // Also leaves the loops of dialogs, which then count as cancelled.
+    QObject::connect(&told, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
     const int exitCode = QApplication::exec();
     running.Serve({});
+    if (Interruption::Asked())
+        program.Close();
     if (program.StartsAgain())
         return {std::nullopt, program.Restores(), true};
     return {exitCode, "", true};
@@ -264,6 +288,8 @@ int RunDesktop(int argc, char** argv, const StartOptions& options)
         return PrintDocument(options.print, options.pdf);
     try {
         return options.automate ? Automate(options, *clock) : Run(options, *clock);
+    } catch (const Interrupted&) {
+        return 1;  // main ends by the signal
     } catch (const std::exception& error) {
         return ReportFailure(options, error);
     }

@@ -11,6 +11,8 @@
 #include "app/frmController.h"
 #include "desktop/MessageBoxPort.h"
 #include "desktop/TextConvert.h"
+#include "files/FileError.h"
+#include "files/WholeFile.h"
 
 namespace clb {
 
@@ -58,6 +60,24 @@ int Preview(const QTextDocument& document)
     return 0;
 }
 
+bool WritePdf(const QTextDocument& document, const std::string& pdf)
+{
+    try {
+        WholeFile file(pdf);
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(ToQString(file.Path()));
+        Prepare(printer, document);
+        document.print(&printer);
+        if (printer.printerState() == QPrinter::Error)
+            return false;
+        file.Keep();
+        return true;
+    } catch (const FileError&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 int PrintDocument(const std::string& file, const std::string& pdf)
@@ -68,14 +88,7 @@ int PrintDocument(const std::string& file, const std::string& pdf)
         return Fail("Cannot read " + file, asks);
     if (asks)
         return Preview(document);
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(ToQString(pdf));
-    Prepare(printer, document);
-    document.print(&printer);
-    if (printer.printerState() == QPrinter::Error || !QFile::exists(ToQString(pdf)))
-        return Fail("Cannot write " + pdf, asks);
-    return 0;
+    return WritePdf(document, pdf) ? 0 : Fail("Cannot write " + pdf, asks);
 }
 
 }  // namespace clb

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/frmController.h"
+#include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "data/Trouble.h"
 
@@ -38,7 +39,8 @@ bool UserEvents::Perform(const std::function<void()>& action, bool onRow)
     if (++depth_ == 1 && prepare_)
         Report([&] { rowThere = prepare_(); });
     bool done = !BrokenOff() && (rowThere || !onRow) && Report(action);
-    if (settle_ && !BrokenOff())
+    // A command that a signal came across is not kept.
+    if (settle_ && !BrokenOff() && !Interruption::Asked())
         done = Report(settle_) && done;
     if (redraw_)
         Draw();
@@ -99,6 +101,8 @@ void UserEvents::TellBroken()
 {
     try {
         std::rethrow_exception(std::exchange(broken_, nullptr));
+    } catch (const Interrupted&) {
+        return;  // the program ends as soon as its loop goes on
     } catch (const std::bad_alloc&) {
         Tell(kNoMemory);
     } catch (const std::exception& error) {

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QFileInfo>
 #include <QPixmap>
 #include <QWindow>
 #include <algorithm>
@@ -10,6 +11,8 @@
 #include "desktop/InputEvents.h"
 #include "desktop/MainWindow.h"
 #include "desktop/TextConvert.h"
+#include "files/FileError.h"
+#include "files/WholeFile.h"
 
 namespace clb {
 
@@ -82,7 +85,16 @@ bool WindowPresenter::Screenshot(const std::string& file)
 
 bool WritePicture(QWidget& window, const std::string& file)
 {
-    return window.grab().save(ToQString(file));
+    try {
+        WholeFile picture(file);
+        const QByteArray format = QFileInfo(ToQString(file)).suffix().toLatin1();
+        if (!window.grab().save(ToQString(picture.Path()), format.constData()))
+            return false;
+        picture.Keep();
+        return true;
+    } catch (const FileError&) {
+        return false;
+    }
 }
 
 }  // namespace clb

@@ -1,8 +1,11 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "base/Interruption.h"
 #include "desktop/DailyBackup.h"
 #include "desktop/Desktop.h"
+#include "platform/Signals.h"
+#include "platform/StandardStreams.h"
 
 namespace {
 
@@ -12,9 +15,7 @@ bool HasDisplay()
            std::getenv("QT_QPA_PLATFORM");
 }
 
-}  // namespace
-
-int main(int argc, char** argv)
+int Start(int argc, char** argv)
 {
     std::optional<int> exitCode;
     const clb::StartOptions options = clb::ReadStartOptions(argc, argv, exitCode);
@@ -30,4 +31,18 @@ int main(int argc, char** argv)
         setenv("QT_QPA_PLATFORM", "offscreen", 0);
     }
     return clb::RunDesktop(argc, argv, options);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    clb::PrepareProcess();
+    const int exitCode = Start(argc, argv);
+    const std::string unwritten = clb::FinishOutput();
+    if (!unwritten.empty())
+        std::cerr << "ledgerbook: " << unwritten << '\n';
+    if (clb::Interruption::Asked())
+        clb::EndBySignal();
+    return exitCode == 0 && !unwritten.empty() ? 1 : exitCode;
 }

@@ -13,15 +13,14 @@
 #include <optional>
 #include <utility>
 
+#include "base/Interruption.h"
 #include "base/Text.h"
 #include "engine/Errors.h"
 #include "engine/Functions.h"
+#include "engine/Waiting.h"
 
 namespace clb {
 namespace {
-
-/// How long to wait for another program: an import of some hundred thousand rows is done by then.
-constexpr int kBusyMilliseconds = 10000;
 
 constexpr const char* kNoDatabase = "is damaged or is no database.";
 
@@ -425,7 +424,8 @@ void Database::Connect(const std::string& path, int flags)
             : FileErrorOf(code, system, path);
     }
     sqlite3_extended_result_codes(raw_, 1);
-    sqlite3_busy_timeout(raw_, kBusyMilliseconds);
+    WaitForOthers(raw_);
+    WatchInterruption(raw_);
 }
 
 void Database::Distrust()
@@ -458,7 +458,7 @@ Database::Impatient::Impatient(Database& database) : database_(database)
 
 Database::Impatient::~Impatient()
 {
-    sqlite3_busy_timeout(database_.raw_, kBusyMilliseconds);
+    WaitForOthers(database_.raw_);
 }
 
 Statement Database::Prepare(std::string_view sql, bool lasting)
@@ -502,6 +502,8 @@ void Database::Throw(int code, const char* message)
     if (failure_)
         throw EngineError(*std::exchange(failure_, std::nullopt));
     const int kind = code & 0xFF;
+    if (kind == SQLITE_INTERRUPT || kind == SQLITE_BUSY)
+        Interruption::CheckAnywhere();
     if (IsAboutFile(kind)) {
         troubleIsMemory_ = true;  // until the error is made
         fileError_ = FileErrorOf(code, sqlite3_system_errno(raw_), path_);

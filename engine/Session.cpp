@@ -3,6 +3,7 @@
 #include <limits>
 #include <new>
 
+#include "base/Interruption.h"
 #include "engine/Compiler.h"
 #include "engine/Errors.h"
 #include "engine/Writer.h"
@@ -38,6 +39,7 @@ void Connection::State::RequireOpen() const
 
 StatementCache::Entry Connection::State::Prepare(std::string_view sql)
 {
+    Interruption::CheckAnywhere();
     RequireOpen();
     NoticeForeignSchema();
     if (const auto* known = cache.FindText(sql))
@@ -86,6 +88,7 @@ void Connection::State::ForgetSchema()
 
 void Connection::State::BeginWrite()
 {
+    Interruption::CheckAnywhere();
     RequireTakenBack();
     if (database.InTransaction())
         return;

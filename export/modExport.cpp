@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
+#include <cerrno>
 #include <fstream>
 #include <ostream>
 #include <sstream>
@@ -10,9 +10,10 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "data/OwnFile.h"
 #include "data/clsDatabase.h"
 #include "export/NotReturned.h"
+#include "files/FileError.h"
+#include "files/WholeFile.h"
 #include "ports/IClock.h"
 #include "ports/IFileDialog.h"
 #include "views/clsView.h"
@@ -25,13 +26,28 @@ constexpr const char* kHeader[] = {
     "OFXHEADER:100", "DATA:OFXSGML",     "VERSION:102",     "SECURITY:NONE",   "ENCODING:USASCII",
     "CHARSET:1252",  "COMPRESSION:NONE", "OLDFILEUID:NONE", "NEWFILEUID:NONE", ""};
 
-/// Bytes of the header lines.
-std::uintmax_t HeaderSize()
+/// The header lines with their ends.
+std::string Header()
 {
-    std::uintmax_t size = 0;
-    for (const std::string_view line : kHeader)
-        size += line.size() + std::string_view(kLineEnd).size();
-    return size;
+    std::string header;
+    for (const char* line : kHeader)
+        header.append(line).append(kLineEnd);
+    return header;
+}
+
+RuntimeError CannotExport(const std::string& path)
+{
+    return {errors::PathAccess, "Path/File access error: " + path};
+}
+
+/// What is left of a statement whose rows cannot be read: its header, unless there is a file.
+void LeaveHeader(const std::string& path)
+{
+    try {
+        CreateFile(path, Header());
+    } catch (const FileError&) {
+        // The rows' own error is the one to report.
+    }
 }
 
 /// "YYYYMMDDhhmmss".
@@ -112,9 +128,8 @@ public:
 
     void Begin(const std::string& account)
     {
-        for (const char* line : kHeader)
-            out_ << line << kLineEnd;
-        out_ << "<OFX><SIGNONMSGSRSV1><SONRS><STATUS><CODE>0<SEVERITY>INFO</STATUS><DTSERVER>"
+        out_ << Header()
+             << "<OFX><SIGNONMSGSRSV1><SONRS><STATUS><CODE>0<SEVERITY>INFO</STATUS><DTSERVER>"
              << present_
              << "<LANGUAGE>ENG</SONRS></SIGNONMSGSRSV1><BANKMSGSRSV1><STMTTRNRS><TRNUID>0<STATUS>"
                 "<CODE>0<SEVERITY>INFO</STATUS><STMTRS><CURDEF>USD<BANKACCTFROM><BANKID>000000000"
@@ -228,21 +243,26 @@ void modExport::WriteOFX(const std::string& path)
     database_.Fill(
         rows, "select * from Trans where AccountID = '" + clsDatabase::ToSqlString(account) + "'",
         true);
+    try {
+        WholeFile whole(path);
+        WriteTo(whole.Path(), rows, account);
+        whole.Keep();
+    } catch (const FileError&) {
+        throw CannotExport(path);
+    } catch (const RuntimeError&) {
+        LeaveHeader(path);
+        throw;
+    }
+}
+
+void modExport::WriteTo(const std::string& path, Recordset& rows, const std::string& account)
+{
     std::vector<char> buffer(std::size_t{1} << 16);
     std::ofstream file;
     file.rdbuf()->pubsetbuf(buffer.data(), static_cast<std::streamsize>(buffer.size()));
-    MakeOwnFile(path);
     file.open(path, std::ios::binary | std::ios::trunc);
     if (file.tellp() >= 0) {
-        try {
-            Write(file, rows, account);
-        } catch (const std::exception&) {
-            // A statement that cannot be ended is not begun.
-            file.close();
-            std::error_code ignored;
-            std::filesystem::resize_file(path, HeaderSize(), ignored);
-            throw;
-        }
+        Write(file, rows, account);
     } else {  // a pipe, which takes its text from front to back only
         std::ostringstream text;
         Write(text, rows, account);
@@ -250,7 +270,7 @@ void modExport::WriteOFX(const std::string& path)
     }
     file.close();
     if (!file)
-        throw RuntimeError(errors::PathAccess, "Path/File access error: " + path);
+        throw CannotWrite(path, errno);
 }
 
 void modExport::Write(std::ostream& out, Recordset& rows, const std::string& account)

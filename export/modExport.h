@@ -22,13 +22,15 @@ public:
     void ExportOFX();
     /// Writes the shown account's transactions, replacing an existing file. The file is
     /// Windows-1252; a character that it lacks becomes "?". Throws RuntimeError when it cannot be
-    /// written; what was written so far stays.
+    /// written; a former file then stays whole. If a row cannot be read and there was no file, one
+    /// with the header alone is left.
     void WriteOFX(const std::string& path);
     /// From now on every row written is shown to the watcher, which is borrowed; null ends it. The
     /// window never sets one.
     void Watch(NotReturned* watcher) { watcher_ = watcher; }
 
 private:
+    void WriteTo(const std::string& path, Recordset& rows, const std::string& account);
     void Write(std::ostream& out, Recordset& rows, const std::string& account);
 
     clsDatabase& database_;

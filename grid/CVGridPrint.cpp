@@ -1,10 +1,8 @@
 // Printing: the grid is written to a file, the system prints it, the file goes again.
 
 #include <filesystem>
-#include <fstream>
 
-#include "base/RuntimeError.h"
-#include "data/OwnFile.h"
+#include "files/WholeFile.h"
 #include "grid/CVGrid.h"
 
 namespace clb {
@@ -12,17 +10,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// What is printed is for the user alone, whatever an earlier run has left under the name.
 void WriteFile(const std::string& path, const std::string& text)
 {
-    MakeOwnFile(path);
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << text;
-    out.close();
-    if (!out)
-        throw RuntimeError(errors::PathAccess, "Cannot write " + path);
-    // What is printed is for the user alone.
-    std::error_code ignored;
-    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write, ignored);
+    WholeFile file(path, Existing::ReplaceName);
+    file.Write(text);
+    file.Keep();
 }
 
 /// Removes whatever is called print.*, on purpose also what printing did not make.

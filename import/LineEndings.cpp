@@ -1,21 +1,24 @@
-#include <stdlib.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdint>
+#include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <string_view>
 #include <system_error>
 #include <vector>
 
+#include "files/FileError.h"
+#include "files/Folders.h"
+#include "files/WholeFile.h"
 #include "import/FileErrors.h"
 #include "import/StatementFile.h"
 #include "import/modImport.h"
 
-// The repair never leaves the path without a file for longer than between two renames: the new
-// content is written beside it first, and the former file is put back when it cannot take its
-// place.
+// The path always has a file, the former or the repaired one. Only where a file cannot have two
+// names is it without one for a moment, between two renames.
 
 namespace clb {
 namespace {
@@ -62,73 +65,48 @@ bool HoldsLineFeed(const std::string& path)
     return false;
 }
 
-/// A new file beside another one; gone again unless it has taken a place.
-class FileBeside {
-public:
-    explicit FileBeside(const std::string& path)
-        : name_((fs::path(path).parent_path() / ".clb-XXXXXX").string())
-    {
-        const int handle = mkstemp(name_.data());
-        if (handle < 0)
-            throw PathAccessError(path);
-        close(handle);
-    }
-    ~FileBeside()
-    {
-        if (!name_.empty())
-            unlink(name_.c_str());
-    }
-    FileBeside(const FileBeside&) = delete;
-    FileBeside& operator=(const FileBeside&) = delete;
-
-    const std::string& Name() const { return name_; }
-
-    void TakePlaceOf(const std::string& path)
-    {
-        fs::rename(name_, path);
-        name_.clear();
-    }
-
-private:
-    std::string name_;
-};
-
 /// The piece with a carriage return before every line feed.
-void WriteRepaired(std::ofstream& file, std::string_view piece)
+std::string Repaired(std::string_view piece)
 {
+    std::string repaired;
     for (std::size_t from = 0; from < piece.size();) {
         const std::size_t feed = std::min(piece.find('\n', from), piece.size());
-        file.write(piece.data() + from, static_cast<std::streamsize>(feed - from));
+        repaired.append(piece.substr(from, feed - from));
         if (feed < piece.size())
-            file.write("\r\n", 2);
+            repaired.append("\r\n");
         from = feed + 1;
     }
+    return repaired;
 }
 
-void WriteRepairedCopy(const std::string& path, const std::string& copy)
+void WriteRepairedCopy(const std::string& path, WholeFile& copy)
 {
-    std::ofstream file(copy, std::ios::binary | std::ios::trunc);
     FirstLine line(path);
     for (std::string_view piece = line.Next(); !piece.empty(); piece = line.Next())
-        WriteRepaired(file, piece);
-    file.write("\r\n", 2);
-    file.close();
-    if (!file)
-        throw PathAccessError(path);
+        copy.Write(Repaired(piece));
+    copy.Write("\r\n");
     std::error_code ignored;  // With other permissions the file is still the user's own.
-    fs::permissions(copy, fs::status(path, ignored).permissions(), ignored);
+    fs::permissions(copy.Path(), fs::status(path, ignored).permissions(), ignored);
 }
 
-void PutInPlace(FileBeside& repaired, const std::string& path, const std::string& kept)
+/// Gives the file a second name where the file system can do that, else another one.
+void KeepAs(const std::string& path, const std::string& kept)
 {
+    if (::link(path.c_str(), kept.c_str()) == 0)
+        return;
+    if (errno == EEXIST)
+        throw FileAlreadyExists();
     fs::rename(path, kept);
-    try {
-        repaired.TakePlaceOf(path);
-    } catch (const fs::filesystem_error&) {
-        std::error_code ignored;
-        fs::rename(kept, path, ignored);
-        throw;
-    }
+}
+
+/// Takes KeepAs back.
+void Restore(const std::string& kept, const std::string& path) noexcept
+{
+    const bool hasBothNames = ::faccessat(AT_FDCWD, path.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
+    if (hasBothNames)
+        ::unlink(kept.c_str());
+    else
+        ::rename(kept.c_str(), path.c_str());
 }
 
 void RewriteFirstLine(const std::string& path)
@@ -137,13 +115,16 @@ void RewriteFirstLine(const std::string& path)
     std::error_code failure;
     if (fs::exists(fs::symlink_status(kept, failure)))
         throw FileAlreadyExists();
-    FileBeside repaired(path);
-    WriteRepairedCopy(path, repaired.Name());
+    WholeFile repaired(path, Existing::ReplaceName);
+    WriteRepairedCopy(path, repaired);
+    KeepAs(path, kept);
     try {
-        PutInPlace(repaired, path, kept);
-    } catch (const fs::filesystem_error&) {
-        throw PathAccessError(path);
+        repaired.TakePlace();
+    } catch (...) {
+        Restore(kept, path);
+        throw;
     }
+    SyncFolder(FolderOf(path));
 }
 
 }  // namespace
@@ -151,8 +132,15 @@ void RewriteFirstLine(const std::string& path)
 void modImport::FixLineEndings(const std::string& path)
 {
     RequireRegularFile(path);
-    if (HoldsLineFeed(path))
+    if (!HoldsLineFeed(path))
+        return;
+    try {
         RewriteFirstLine(path);
+    } catch (const FileError&) {
+        throw PathAccessError(path);
+    } catch (const fs::filesystem_error&) {
+        throw PathAccessError(path);
+    }
 }
 
 }  // namespace clb

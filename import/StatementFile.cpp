@@ -1,10 +1,11 @@
 #include "import/StatementFile.h"
 
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 
 #include "base/Text.h"
+#include "files/FileError.h"
+#include "files/ReadFile.h"
 #include "import/FileErrors.h"
 
 namespace clb {
@@ -24,17 +25,11 @@ void RequireRegularFile(const std::string& path)
 std::string ReadBytes(const std::string& path)
 {
     RequireRegularFile(path);
-    std::error_code failure;
-    const auto size = fs::file_size(path, failure);
-    std::ifstream file(path, std::ios::binary);
-    if (failure || !file)
+    try {
+        return ReadFile(path);
+    } catch (const FileError&) {
         throw PathAccessError(path);
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (file.bad())
-        throw PathAccessError(path);
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    return bytes;
+    }
 }
 
 std::string ReadStatement(const std::string& path)

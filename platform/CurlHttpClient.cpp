@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <memory>
 
+#include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 
@@ -126,24 +127,66 @@ void Take(CURL* request, Answer& answer)
     curl_easy_setopt(request, CURLOPT_HEADERDATA, &answer);
 }
 
+/// Takes a request step by step.
+class Steps {
+public:
+    explicit Steps(CURL* request) : request_(request), all_(curl_multi_init())
+    {
+        good_ = all_ && curl_multi_add_handle(all_, request_) == CURLM_OK;
+    }
+    ~Steps()
+    {
+        if (good_)
+            curl_multi_remove_handle(all_, request_);
+        curl_multi_cleanup(all_);
+    }
+    Steps(const Steps&) = delete;
+    Steps& operator=(const Steps&) = delete;
+
+    bool Good() const { return good_; }
+    /// Waits for the next step. False when the request is over.
+    bool Next() const
+    {
+        int running = 0;
+        if (curl_multi_perform(all_, &running) != CURLM_OK || running == 0)
+            return false;
+        curl_multi_poll(all_, nullptr, 0, kStep, nullptr);
+        return true;
+    }
+    CURLcode Result() const
+    {
+        int left = 0;
+        const CURLMsg* message = curl_multi_info_read(all_, &left);
+        return message ? message->data.result : CURLE_OK;
+    }
+
+private:
+    CURL* request_;
+    CURLM* all_;
+    bool good_ = false;
+};
+
+/// Ends the command when the program is told to end.
+void CheckInterruption(CURL* request)
+{
+    // Looking up a name cannot be broken off, and is not waited for then.
+    if (Interruption::Asked())
+        curl_easy_setopt(request, CURLOPT_QUICK_EXIT, 1L);
+    Interruption::Check();
+}
+
 /// The request in steps, so that between them the caller may do something else.
 CURLcode PerformWaiting(CURL* request, const std::function<void()>& waiting)
 {
-    const std::unique_ptr<CURLM, decltype(&curl_multi_cleanup)> steps(curl_multi_init(),
-                                                                      &curl_multi_cleanup);
-    if (!steps || curl_multi_add_handle(steps.get(), request) != CURLM_OK)
+    const Steps steps(request);
+    if (!steps.Good())
         return CURLE_OUT_OF_MEMORY;
-    CURLcode result = CURLE_OK;
-    int running = 1;
-    while (running > 0 && curl_multi_perform(steps.get(), &running) == CURLM_OK && running > 0) {
-        curl_multi_poll(steps.get(), nullptr, 0, kStep, nullptr);
-        waiting();
+    while (steps.Next()) {
+        CheckInterruption(request);
+        if (waiting)
+            waiting();
     }
-    int left = 0;
-    if (const CURLMsg* message = curl_multi_info_read(steps.get(), &left))
-        result = message->data.result;
-    curl_multi_remove_handle(steps.get(), request);
-    return result;
+    return steps.Result();
 }
 
 /// Makes the request. Throws PortError when there is no answer, not even a part of one.
@@ -152,7 +195,7 @@ void Perform(CURL* request, const std::string& url, Answer& answer,
 {
     std::array<char, CURL_ERROR_SIZE> reason{};
     curl_easy_setopt(request, CURLOPT_ERRORBUFFER, reason.data());
-    const CURLcode result = waiting ? PerformWaiting(request, waiting) : curl_easy_perform(request);
+    const CURLcode result = PerformWaiting(request, waiting);
     curl_easy_setopt(request, CURLOPT_ERRORBUFFER, nullptr);
     // The connection of an answer may end before the answer does.
     const bool cutOff =

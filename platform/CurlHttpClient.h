@@ -35,7 +35,7 @@ public:
     /// The address stands in the request as it is, but for a fragment ("#..."), which no request
     /// carries. An answer whose connection ends early is what has come of it. Throws PortError
     /// (NetworkFailure) when the part of the address before the path is no place to ask, nobody is
-    /// there or answers, or the time is over.
+    /// there or answers, or the time is over; Interrupted when the program is told to end.
     std::optional<std::string> Get(const std::string& url) override;
 
 private:

@@ -1,17 +1,17 @@
 #include "platform/HelpFolder.h"
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <exception>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
+#include "files/FileError.h"
+#include "files/Folders.h"
+#include "files/ReadFile.h"
+#include "files/WholeFile.h"
 #include "platform/HelpFiles.h"
-#include "platform/NewFile.h"
 
 namespace clb {
 namespace {
@@ -23,12 +23,20 @@ std::string VersionFile(const std::string& help)
     return help + "/version";
 }
 
+/// Empty where there is no manual that was written to its end.
+std::string VersionOf(const std::string& help)
+{
+    try {
+        return ReadFile(VersionFile(help));
+    } catch (const FileError&) {
+        return "";
+    }
+}
+
 bool IsWhole(const std::string& help)
 {
-    std::ifstream in(VersionFile(help), std::ios::binary);
-    const std::string version{std::istreambuf_iterator<char>(in), {}};
     const auto files = HelpFiles();
-    return version == HelpVersion() &&
+    return VersionOf(help) == HelpVersion() &&
            std::all_of(files.begin(), files.end(), [&](const HelpFile& file) {
                std::error_code missing;
                const auto size =
@@ -39,10 +47,9 @@ bool IsWhole(const std::string& help)
 
 void Replace(const std::string& path, std::string_view bytes)
 {
-    unlink(path.c_str());
-    NewFile file(path);
+    WholeFile file(path, Existing::ReplaceName);
     file.Write(bytes);
-    file.Keep();
+    file.TakePlace();
 }
 
 }  // namespace
@@ -58,11 +65,13 @@ bool DeliverHelp(const std::string& folder) noexcept
         const std::string help = HelpFolder(folder);
         if (IsWhole(help))
             return true;
-        mkdir(help.c_str(), 0700);
+        MakePrivateFolder(help);
         unlink(VersionFile(help).c_str());
         for (const HelpFile& file : HelpFiles())
             Replace(help + "/" + std::string(file.name), file.bytes);
+        SyncFolder(help);
         Replace(VersionFile(help), HelpVersion());
+        SyncFolder(help);
         return true;
     } catch (const std::exception&) {
         return false;

@@ -1,15 +1,15 @@
 #include "platform/ProgramFolder.h"
 
-#include "base/RuntimeError.h"
+#include "files/Folders.h"
+#include "files/Leftovers.h"
+#include "files/WholeFile.h"
 #include "platform/HelpFolder.h"
-#include "platform/NewFile.h"
 
 #include <pwd.h>
-#include <sys/stat.h>
 #include <unistd.h>
-#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
+#include <new>
 #include <system_error>
 
 namespace clb {
@@ -29,15 +29,6 @@ std::string UserHome()
         return home;
     const passwd* user = getpwuid(getuid());
     return user && user->pw_dir ? user->pw_dir : "/";
-}
-
-void MakeFolders(const fs::path& folder)
-{
-    if (folder.empty() || fs::is_directory(folder))
-        return;
-    MakeFolders(folder.parent_path());
-    if (mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST)
-        throw CannotWrite(folder.string(), errno);
 }
 
 }  // namespace
@@ -82,11 +73,20 @@ std::string ProgramFolder(const FolderPlaces& places)
 void DeliverFolder(const std::string& folder, std::string_view database)
 {
     const fs::path target = fs::absolute(folder).lexically_normal();
-    MakeFolders(target / "db");
-    NewFile file(DatabasePath(target.string()));
-    file.Write(database);
-    file.KeepForGood();
+    MakePrivateFolders((target / "db").string());
+    CreateFile(DatabasePath(target.string()), database);
     DeliverHelp(target.string());
+}
+
+void RemoveProgramLeftovers(const std::string& folder) noexcept
+{
+    RemoveTemporaryLeftovers();
+    try {
+        for (const char* place : {"", "/db", "/Help"})
+            RemoveLeftovers(folder + place);
+    } catch (const std::bad_alloc&) {
+        return;  // the next start tries again
+    }
 }
 
 }  // namespace clb

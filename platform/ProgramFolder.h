@@ -35,4 +35,8 @@ std::string DatabasePath(const std::string& folder);
 /// (nothing half written stays).
 void DeliverFolder(const std::string& folder, std::string_view database);
 
+/// Removes the unfinished files and temporary folders that ended programs have left, in the program
+/// folder and where the system keeps temporary files. For the start of a program.
+void RemoveProgramLeftovers(const std::string& folder) noexcept;
+
 }  // namespace clb

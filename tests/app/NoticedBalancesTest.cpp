@@ -47,7 +47,8 @@ protected:
         std::error_code none;
         for (const auto& entry :
              std::filesystem::directory_iterator(books_->folder.Path("db/backup"), none))
-            names.push_back(entry.path().filename().string());
+            if (entry.path().extension() == ".mdb")
+                names.push_back(entry.path().filename().string());
         return names;
     }
 

@@ -4,7 +4,8 @@
 
 #include <filesystem>
 
-#include "tests/support/TempFolder.h"
+#include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/SmallDisk.h"
 
 namespace clb {
 namespace {
@@ -67,6 +68,34 @@ TEST_F(clsIniTest, OtherLinesKeepTheirPlace)
     EXPECT_EQ(
         folder_.Read("cvlb.ini"),
         "; mine\r\n[Other]\r\na=1\r\n\r\n[Settings]\r\n;x\r\nBankUrl=u\r\n\r\n[Last]\r\nb=2\r\n");
+}
+
+TEST_F(clsIniTest, OnAFullDiskTheFormerFileStays)
+{
+    const SmallDisk disk;
+    if (!disk.Mounted())
+        GTEST_SKIP() << "no disk of its own";
+    ini_.INIFile(disk.Path("cvlb.ini"));
+    ini_.WriteString("Settings", "BankUrl", "https://bank.example/");
+    disk.Fill();
+
+    ini_.WriteString("Settings", "BankUrl", std::string(20000, 'x'));
+
+    EXPECT_EQ(disk.Read("cvlb.ini"), "[Settings]\r\nBankUrl=https://bank.example/\r\n");
+}
+
+TEST_F(clsIniTest, AFileThatCannotBeReadIsNotReplaced)
+{
+    // Symptom: the file was replaced by one that held nothing but the new key.
+    const std::string path = folder_.Write("cvlb.ini", "[S]\r\nkept=1\r\n");
+    std::filesystem::permissions(path, std::filesystem::perms(0200));
+    {
+        const AsOrdinaryUser nobody({folder_.Path(), path});
+        EXPECT_EQ(ini_.GetString("S", "kept", "none"), "none");
+        ini_.WriteString("S", "new", "2");
+    }
+
+    EXPECT_EQ(folder_.Read("cvlb.ini"), "[S]\r\nkept=1\r\n");
 }
 
 TEST_F(clsIniTest, AnEmptyValueIsWrittenAndRead)

@@ -118,6 +118,25 @@ TEST_F(TroubleTest, AFullDiskChangesNothing)
     EXPECT_EQ(backups, 1U);
 }
 
+TEST_F(TroubleTest, AnExportToAFullDiskLeavesTheFormerFile)
+{
+    const SmallDisk disk;
+    if (!disk.Mounted())
+        GTEST_SKIP() << "no file system of its own may be mounted here";
+    ASSERT_EQ(Run("demo '" + folder.Path("demo") + "'"), 0) << Err();
+    const std::string words = "export Wallet '" + disk.Path("wallet.ofx") + "' --replace --home '" +
+                              folder.Path("demo") + "'";
+    ASSERT_EQ(Run(words), 0) << Err();
+    const std::string former = disk.Read("wallet.ofx");
+    disk.Fill();
+
+    EXPECT_EQ(Run(words), 1);
+
+    EXPECT_THAT(Err(), HasSubstr("Path/File access error: " + disk.Path("wallet.ofx")));
+    EXPECT_TRUE(disk.Read("wallet.ofx") == former);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(disk.Path()), {}), 2);
+}
+
 TEST_F(TroubleTest, AFileThatMayNotGrowIsAFullDisk)
 {
     ASSERT_EQ(Run("sql " + Books() + " \"" + kWrongBalance + "\""), 0);

@@ -65,6 +65,19 @@ TEST_F(modExportTest, OfAStatementThatCannotBeEndedOnlyTheHeaderStays)
     EXPECT_TRUE(text.ends_with("\r\nNEWFILEUID:NONE\r\n\r\n"));
 }
 
+TEST_F(modExportTest, AStatementThatCannotBeEndedLeavesTheFormerFile)
+{
+    const std::string former = Written("10");
+    for (int row = 0; row < 2; ++row)
+        books_.Execute(
+            "INSERT INTO Trans (AccountID, PostDate, Amount) VALUES ('10', #2006-03-05#, "
+            "922337203685477.5807)");
+
+    EXPECT_THROW(Written("10"), RuntimeError);
+
+    EXPECT_EQ(books_.folder.Read("out.ofx"), former);
+}
+
 TEST_F(modExportTest, TypesIdentifiersAndAmountsFollowTheRow)
 {
     const auto add = [this](const std::string& values) {

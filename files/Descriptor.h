@@ -1,0 +1,32 @@
+#pragma once
+#include <unistd.h>
+
+#include <utility>
+
+namespace clb {
+
+/// An open file descriptor. Closes it on destruction; -1 is none.
+class Descriptor {
+public:
+    explicit Descriptor(int number = -1) : number_(number) {}
+    ~Descriptor() { Close(); }
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        std::swap(number_, other.number_);
+        return *this;
+    }
+
+    int Number() const { return number_; }
+    bool IsOpen() const { return number_ >= 0; }
+    /// False when the system reports an error that it had not told before. Errno says which.
+    bool Close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
+
+private:
+    int number_;
+};
+
+/// fsync(). File systems that cannot do it count as done. Errno says what went wrong.
+bool Sync(const Descriptor& file);
+
+}  // namespace clb

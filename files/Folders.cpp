@@ -1,0 +1,50 @@
+#include "files/Folders.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <filesystem>
+
+#include "files/Descriptor.h"
+#include "files/FileError.h"
+
+namespace clb {
+
+namespace fs = std::filesystem;
+
+void MakePrivateFolder(const std::string& path)
+{
+    if (::mkdir(path.c_str(), 0700) != 0 && errno != EEXIST)
+        throw CannotWrite(path, errno);
+}
+
+void MakePrivateFolders(const std::string& path)
+{
+    std::error_code unknown;
+    if (path.empty() || fs::is_directory(path, unknown))
+        return;
+    MakePrivateFolders(fs::path(path).parent_path().string());
+    MakePrivateFolder(path);
+}
+
+std::string FolderOf(const std::string& path)
+{
+    const std::string folder = fs::path(path).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+bool Sync(const Descriptor& file)
+{
+    return ::fsync(file.Number()) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
+}
+
+void SyncFolder(const std::string& folder)
+{
+    const Descriptor open(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    // A folder that may be written but not read cannot be opened; the system writes it in time.
+    if (open.IsOpen() && !Sync(open))
+        throw CannotWrite(folder, errno);
+}
+
+}  // namespace clb

@@ -1,0 +1,104 @@
+#include "platform/Signals.h"
+
+#include <fcntl.h>
+#include <pthread.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <utility>
+
+namespace clb {
+namespace {
+
+constexpr int kEnding[] = {SIGTERM, SIGINT, SIGHUP};
+
+std::atomic<int> wake = -1;  // the pipe's end that the handler writes to
+int woken = -1;              // its other end
+pthread_t mainThread;
+sigset_t remembered;
+
+/// Only the main thread waits for anything, so the others hand the signal on to it.
+void Remember(int signal)
+{
+    const int before = errno;
+    if (!pthread_equal(pthread_self(), mainThread)) {
+        pthread_kill(mainThread, signal);
+    } else if (!Interruption::Asked()) {
+        Interruption::Ask(signal);
+        [[maybe_unused]] const ssize_t written = ::write(wake, "", 1);
+    } else if (signal != SIGHUP) {  // a closing terminal sends that one twice
+        ::signal(signal, SIG_DFL);
+        ::raise(signal);
+    }
+    errno = before;
+}
+
+bool IsIgnored(int signal)
+{
+    struct sigaction present {};
+    return ::sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN;
+}
+
+}  // namespace
+
+void PrepareProcess()
+{
+    ::signal(SIGPIPE, SIG_IGN);
+    ::signal(SIGXFSZ, SIG_IGN);
+    // Opened the wrong way round, so that using one is the error that it would have been.
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(stream, F_GETFD) < 0)
+            ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+}
+
+EndingSignals::EndingSignals(BreakOff where)
+{
+    Interruption::Use(where);
+    mainThread = pthread_self();
+    int ends[2] = {-1, -1};
+    if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) == 0) {
+        woken = ends[0];
+        wake = ends[1];
+    }
+    sigemptyset(&remembered);
+    struct sigaction action {};
+    action.sa_handler = &Remember;  // without SA_RESTART: what waits, wakes up
+    for (const int signal : kEnding) {
+        if (IsIgnored(signal))
+            continue;
+        sigaddset(&remembered, signal);
+        ::sigaction(signal, &action, nullptr);
+    }
+}
+
+EndingSignals::~EndingSignals()
+{
+    for (const int signal : kEnding)
+        if (sigismember(&remembered, signal) == 1)
+            ::signal(signal, SIG_DFL);
+    sigemptyset(&remembered);
+    ::close(wake.exchange(-1));
+    ::close(std::exchange(woken, -1));
+}
+
+int EndingSignals::Descriptor()
+{
+    return woken;
+}
+
+sigset_t EndingSignals::Set()
+{
+    return remembered;
+}
+
+void EndBySignal()
+{
+    const int signal = Interruption::Signal();
+    ::signal(signal, SIG_DFL);
+    ::raise(signal);
+    // Not reached unless the signal is blocked.
+    ::_exit(128 + signal);
+}
+
+}  // namespace clb

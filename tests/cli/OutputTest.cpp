@@ -1,0 +1,81 @@
+// Output that cannot be written: every command says so and ends with exit code 1.
+
+#include <gmock/gmock.h>
+
+#include "tests/cli/CommandFixture.h"
+
+namespace clb {
+namespace {
+
+using testing::HasSubstr;
+
+class OutputTest : public CommandFixture {
+protected:
+    void SetUp() override { ASSERT_EQ(Run("demo " + Books()), 0) << Err(); }
+
+    /// Runs clb with its output going where the shell is told; returns the exit code.
+    int RunInto(const std::string& words, const std::string& where)
+    {
+        const std::string command =
+            "'" CLB_PROGRAM "' " + words + " 2>'" + folder.Path("err") + "' " + where;
+        const std::string script = "bash -c \"" + command + "\"";
+        const int status = std::system(script.c_str());
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    void ExpectRefused(const std::string& words)
+    {
+        EXPECT_EQ(RunInto(words, ">/dev/full"), 1) << words;
+        EXPECT_THAT(Err(), HasSubstr("clb: Standard output cannot be written: No space left on "
+                                     "device."))
+            << words;
+        EXPECT_EQ(RunInto(words, "| true; exit \\${PIPESTATUS[0]}"), 1) << words;
+        EXPECT_THAT(Err(), HasSubstr("clb: Standard output cannot be written: Broken pipe."));
+        EXPECT_EQ(RunInto(words, ">&-"), 1) << words;
+        EXPECT_THAT(Err(), HasSubstr("clb: Standard output cannot be written"));
+    }
+};
+
+TEST_F(OutputTest, ACommandWhoseOutputIsLostSaysSo)
+{
+    for (const char* words : {"accounts", "networth", "budget", "register Wallet"})
+        for (const char* json : {"", " --json"})
+            ExpectRefused(words + Home() + json);
+    ExpectRefused("check" + Home());
+    ExpectRefused("sql " + Books() + " 'SELECT * FROM Trans'");
+    ExpectRefused("--help");
+    ExpectRefused("--version");
+}
+
+TEST_F(OutputTest, WhatTheCommandDidStaysDone)
+{
+    const std::string insert =
+        "sql " + Books() +
+        " \\\"INSERT INTO Account (AccountID, Description, Type) VALUES ('9', 'Nine', 'Bank')\\\"";
+
+    EXPECT_EQ(RunInto(insert, ">/dev/full"), 1);
+
+    EXPECT_EQ(Sql("SELECT Description FROM Account WHERE AccountID = '9'"), "[[\"Nine\"]]");
+}
+
+TEST_F(OutputTest, ADrivenSessionEndsWhenItsRepliesAreLost)
+{
+    const std::string requests = folder.Write("requests", "{\"do\":\"tree\"}\n{\"do\":\"tree\"}\n");
+
+    EXPECT_EQ(RunInto("automate" + Home() + " <'" + requests + "'", ">/dev/full"), 1);
+
+    EXPECT_THAT(Err(), HasSubstr("clb: Standard output cannot be written"));
+}
+
+TEST_F(OutputTest, AClosedOutputIsNoPlaceForAFile)
+{
+    // Symptom: the first file that was opened got the number of the closed output, and the
+    // command's text was written into it.
+    const std::string file = folder.Path("out.ofx");
+
+    EXPECT_EQ(RunInto("export Wallet '" + file + "'" + Home(), ">&-"), 1);
+
+    EXPECT_TRUE(folder.Read("out.ofx").ends_with("</OFX>\r\n"));
+}
+
+}  // namespace
+}  // namespace clb
