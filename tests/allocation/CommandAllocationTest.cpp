@@ -60,7 +60,7 @@ protected:
     {
         books_.Keep();
         // A start takes many allocations, and each command begins with one.
-        Tries tries(books_, GetParam(), GetParam() == Refusal::One ? 17 : 53, counted);
+        Tries tries(books_, GetParam(), GetParam() == Refusal::One ? 29 : 97, counted);
         if (tries.Next()) {
             const int exitCode = ExitCode(tries, words);
             FailingAllocations::End();

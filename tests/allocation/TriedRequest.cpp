@@ -82,7 +82,7 @@ std::vector<std::string> TriedRequest::Run()
 {
     step_ = Step::Show;
     at_ = 0;
-    Tries tries(books_, Refusal::One, 3, Counted::Storage);
+    Tries tries(books_, Refusal::One, 7, Counted::Storage);
     tries_ = &tries;
     try {
         Input input(*this);
