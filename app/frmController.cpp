@@ -103,6 +103,7 @@ void frmController::Load()
     View().View(vwNetWorth);
     loaded_ = true;
     View().HoldRefresh(false);
+    notices.Set("balances", BalanceNotice());
     Settle();
 }
 

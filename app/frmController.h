@@ -82,9 +82,9 @@ public:
     clsDatabase& Data() { return *globals_.database; }
     modImport& Import() { return *import_; }
     modExport& Export() { return *export_; }
-    /// What is to be said of the balances that the last import found not to fit their rows; empty
-    /// when all fitted, and under automation.
-    std::string BalanceNotice() const;
+    /// What the window says of balances that did not fit their rows until a person has taken note
+    /// of them. Empty when there are none, and under automation.
+    std::string BalanceNotice();
     /// Path of the settings file.
     std::string SettingsFile() const { return ports_.folder + "/cvlb.ini"; }
     /// Scheme, host and port of the quote service: the one given with the ports, else the settings

@@ -9,6 +9,7 @@
 #include "base/Numeric.h"
 #include "base/RuntimeError.h"
 #include "data/Backups.h"
+#include "data/NoticedBalances.h"
 
 namespace clb {
 
@@ -105,10 +106,11 @@ void frmController::ImportCommand()
     notices.Set("balances", BalanceNotice());
 }
 
-std::string frmController::BalanceNotice() const
+std::string frmController::BalanceNotice()
 {
-    const std::size_t odd = import_->FormerBalances().size();
-    if (odd == 0 || !ports_.keepsCopies)
+    const std::int32_t odd =
+        ports_.keepsCopies ? noticed_balances::CountOpen(Data().Database()) : 0;
+    if (odd == 0)
         return {};
     return (odd == 1 ? "A balance did not fit its rows and was worked out again"
                      : std::to_string(odd) +

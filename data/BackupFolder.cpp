@@ -27,6 +27,8 @@
 #include "engine/Backup.h"
 #include "engine/ConnectionString.h"
 #include "engine/EngineError.h"
+#include "files/FileError.h"
+#include "files/WholeFile.h"
 
 namespace clb {
 namespace {
@@ -91,17 +93,6 @@ std::string BytesOf(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
-}
-
-bool WriteAll(int file, std::string_view text)
-{
-    while (!text.empty()) {
-        const ssize_t written = write(file, text.data(), text.size());
-        if (written <= 0)
-            return false;
-        text.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
 }
 
 }  // namespace
@@ -241,18 +232,12 @@ void BackupFolder::WriteList(const Listed& list) const
 
 bool BackupFolder::WriteWhole(const std::string& file, const std::string& text) const
 {
-    const std::string path = path_ + "/" + file;
-    const std::string fresh = UnfinishedName(path);
-    const int out = open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    if (out < 0)
+    try {
+        ReplaceFile(path_ + "/" + file, text);
+        return true;
+    } catch (const FileError&) {
         return false;
-    bool whole = WriteAll(out, text) && fsync(out) == 0;
-    whole = close(out) == 0 && whole && rename(fresh.c_str(), path.c_str()) == 0;
-    if (!whole)
-        unlink(fresh.c_str());
-    else
-        FlushToDisk(path);
-    return whole;
+    }
 }
 
 void BackupFolder::PutAside(const std::string& name) const

@@ -72,14 +72,20 @@ void Note(Connection& connection, const std::vector<OddBalance>& odd, const std:
                 ", " + Amount(balance.sum) + ", " + Quoted(by) + ")");
 }
 
-std::int32_t TakeNote(Connection& connection, const Date& now)
+std::int32_t CountOpen(Connection& connection)
 {
     const Connection::Untraced untraced(connection);
     if (!HasList(connection))
         return 0;
-    const std::int32_t open = ToLong(
+    return ToLong(
         connection.Execute("SELECT COUNT(*) AS Found FROM CvBalance WHERE TakenNoteOf IS NULL")
             .Get(0));
+}
+
+std::int32_t TakeNote(Connection& connection, const Date& now)
+{
+    const Connection::Untraced untraced(connection);
+    const std::int32_t open = CountOpen(connection);
     if (open > 0)
         connection.Execute("UPDATE CvBalance SET TakenNoteOf = " + Literal(now) +
                            " WHERE TakenNoteOf IS NULL");

@@ -33,6 +33,9 @@ namespace noticed_balances {
 void Note(Connection& connection, const std::vector<OddBalance>& odd, const std::string& by,
           const Date& now);
 
+/// How many entries nobody has taken note of.
+std::int32_t CountOpen(Connection& connection);
+
 /// Marks every entry as taken note of, in the pending group; returns how many there were.
 std::int32_t TakeNote(Connection& connection, const Date& now);
 

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "data/NoticedBalances.h"
 #include "engine/Database.h"
 #include "engine/EngineError.h"
 #include "tests/support/Books.h"
@@ -66,6 +67,20 @@ TEST_F(NoticedBalancesTest, AnImportListsThemAndTheWindowSaysSo)
               "A balance did not fit its rows and was worked out again: see clb check");
     EXPECT_THAT(Copies(), ElementsAre(HasSubstr("-before-import.mdb")));
     EXPECT_THAT(books_->messages.boxes, IsEmpty());
+}
+
+TEST_F(NoticedBalancesTest, TheWindowSaysSoUntilAPersonHasTakenNote)
+{
+    Begin(true);
+    Import();
+    const auto press = [this] { books_->window.menus.Find("mnuF_Import")->Press(); };
+    press();
+    EXPECT_THAT(books_->window.notices.Text(), HasSubstr("did not fit its rows"));
+
+    noticed_balances::TakeNote(books_->window.Data().Database(), books_->clock.Now());
+    press();
+
+    EXPECT_EQ(books_->window.notices.Text(), "");
 }
 
 TEST_F(NoticedBalancesTest, WhenAllFitNothingIsListedOrSaid)
