@@ -11,7 +11,8 @@
 #include <exception>
 #include <filesystem>
 #include <new>
-#include <vector>
+
+#include "files/Folders.h"
 
 namespace clb {
 namespace {
@@ -74,14 +75,10 @@ std::string TemporaryFront()
 void RemoveLeftovers(const std::string& folder) noexcept
 {
     try {
-        std::vector<fs::path> left;
         std::error_code failure;
-        for (fs::directory_iterator at(folder, failure), end; !failure && at != end;
-             at.increment(failure))
-            if (MayBeOurs(at->path().filename().string()) && IsLeftover(at->path()))
-                left.push_back(at->path());
-        for (const fs::path& path : left)
-            fs::remove_all(path, failure);
+        for (const std::string& name : NamesIn(folder))
+            if (MayBeOurs(name) && IsLeftover(fs::path(folder) / name))
+                fs::remove_all(fs::path(folder) / name, failure);
     } catch (const std::exception&) {
         // The next start tries again.
     }

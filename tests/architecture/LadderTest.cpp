@@ -23,7 +23,7 @@ const std::map<std::string, std::set<std::string>> kLadder = {
     {"ports", {"base"}},
     {"engine", {"base"}},
     {"controls", {"base", "ports", "engine"}},
-    {"data", {"base", "engine"}},
+    {"data", {"base", "files", "engine"}},
     {"grid", {"base", "files", "ports", "engine", "controls", "data"}},
     {"views", {"base", "ports", "engine", "controls", "data", "grid"}},
     {"import", {"base", "files", "ports", "engine", "controls", "data", "grid", "views"}},
