@@ -34,14 +34,17 @@ bool IsStatement(const std::string& path)
 std::vector<std::string> StatementsIn(const std::string& folder)
 {
     std::vector<std::string> files;
-    std::error_code failure;
-    for (fs::recursive_directory_iterator
-             at(folder, fs::directory_options::skip_permission_denied, failure),
-         end;
-         !failure && at != end; at.increment(failure)) {
-        std::error_code unknown;
-        if (IsStatement(at->path().string()) && !at->is_directory(unknown))
-            files.push_back(at->path().string());
+    // With an error code in place of exceptions the iterator would end the program when there is no
+    // memory for it.
+    try {
+        for (const fs::directory_entry& entry : fs::recursive_directory_iterator(
+                 folder, fs::directory_options::skip_permission_denied)) {
+            std::error_code unknown;
+            if (IsStatement(entry.path().string()) && !entry.is_directory(unknown))
+                files.push_back(entry.path().string());
+        }
+    } catch (const fs::filesystem_error&) {
+        // What cannot be read ends the list.
     }
     std::ranges::sort(files);
     return files;

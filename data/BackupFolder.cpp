@@ -1,6 +1,5 @@
 #include "data/BackupFolder.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/file.h>
@@ -16,7 +15,6 @@
 #include <ctime>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <new>
 #include <set>
 #include <sstream>
@@ -28,6 +26,7 @@
 #include "engine/ConnectionString.h"
 #include "engine/EngineError.h"
 #include "files/FileError.h"
+#include "files/Folders.h"
 #include "files/WholeFile.h"
 
 namespace clb {
@@ -62,21 +61,6 @@ bool Exists(const std::string& path)
 {
     struct stat status {};
     return lstat(path.c_str(), &status) == 0;
-}
-
-struct CloseFolder {
-    void operator()(DIR* folder) const { closedir(folder); }
-};
-
-/// Names of the files in a folder; none where it cannot be read. The standard library's iterator
-/// ends the program when there is no memory for it.
-std::vector<std::string> FilesIn(const std::string& path)
-{
-    std::vector<std::string> names;
-    const std::unique_ptr<DIR, CloseFolder> folder(opendir(path.c_str()));
-    while (const dirent* const entry = folder ? readdir(folder.get()) : nullptr)
-        names.emplace_back(entry->d_name);
-    return names;
 }
 
 /// What stands in the name of a copy; empty for other files.
@@ -153,7 +137,7 @@ std::string BackupFolder::Written(const std::optional<Mark>& mark)
 std::map<std::string, BackupFolder::Mark> BackupFolder::Present() const
 {
     std::map<std::string, Mark> present;
-    for (const std::string& file : FilesIn(path_)) {
+    for (const std::string& file : NamesIn(path_)) {
         const std::string name = NameIn(file);
         if (!name.empty())
             present.emplace(name, MarkOf(path_ + "/" + file).value_or(Mark()));
@@ -279,7 +263,7 @@ std::string BackupFolder::UnfinishedName(const std::string& path)
 
 void BackupFolder::DropUnfinished() const
 {
-    for (const std::string& file : FilesIn(path_)) {
+    for (const std::string& file : NamesIn(path_)) {
         const std::size_t mark = file.find(kUnfinished);
         const std::string of = file.substr(0, mark);
         if (mark == std::string::npos ||

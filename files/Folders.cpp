@@ -1,15 +1,24 @@
 #include "files/Folders.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cerrno>
 #include <filesystem>
+#include <memory>
 
 #include "files/Descriptor.h"
 #include "files/FileError.h"
 
 namespace clb {
+namespace {
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+}  // namespace
 
 namespace fs = std::filesystem;
 
@@ -32,6 +41,15 @@ std::string FolderOf(const std::string& path)
 {
     const std::string folder = fs::path(path).parent_path().string();
     return folder.empty() ? "." : folder;
+}
+
+std::vector<std::string> NamesIn(const std::string& folder)
+{
+    std::vector<std::string> names;
+    const std::unique_ptr<DIR, CloseFolder> open(::opendir(folder.c_str()));
+    while (const dirent* const entry = open ? ::readdir(open.get()) : nullptr)
+        names.emplace_back(entry->d_name);
+    return names;
 }
 
 bool Sync(const Descriptor& file)

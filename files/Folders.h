@@ -1,5 +1,6 @@
 #pragma once
 #include <string>
+#include <vector>
 
 namespace clb {
 
@@ -11,6 +12,9 @@ void MakePrivateFolders(const std::string& path);
 
 /// The folder that holds the file; "." for a name without one.
 std::string FolderOf(const std::string& path);
+/// The names of what is in a folder, "." and ".." too; none when it cannot be read. The standard
+/// library's iterator ends the program when it has no memory and an error code is asked for.
+std::vector<std::string> NamesIn(const std::string& folder);
 /// Makes the names in a folder durable: call it after a file has been made, renamed or removed.
 /// Throws FileError when the disk reports an error.
 void SyncFolder(const std::string& folder);

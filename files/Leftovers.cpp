@@ -1,6 +1,5 @@
 #include "files/Leftovers.h"
 
-#include <dirent.h>
 #include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,9 +10,9 @@
 #include <charconv>
 #include <exception>
 #include <filesystem>
-#include <memory>
 #include <new>
-#include <vector>
+
+#include "files/Folders.h"
 
 namespace clb {
 namespace {
@@ -54,21 +53,10 @@ bool IsLeftover(const std::string& folder, const std::string& name)
     return S_ISREG(status.st_mode) && HasEnded(ProcessOf(name, kUnfinished));
 }
 
-/// Names in the folder that may be ours, before the files themselves are asked. Read by hand: the
-/// library's iterator ends the program when there is no memory for a name.
-std::vector<std::string> NamesLikeOurs(const std::string& folder)
+/// Looks at the name alone, before the file itself is asked.
+bool MayBeOurs(std::string_view name)
 {
-    std::vector<std::string> names;
-    const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(folder.c_str()), &::closedir);
-    while (open) {
-        const dirent* const entry = ::readdir(open.get());
-        if (!entry)
-            break;
-        const std::string_view name = entry->d_name;
-        if (name.starts_with(kTemporary) || name.starts_with(kUnfinished))
-            names.emplace_back(name);
-    }
-    return names;
+    return name.starts_with(kTemporary) || name.starts_with(kUnfinished);
 }
 
 }  // namespace
@@ -87,8 +75,8 @@ void RemoveLeftovers(const std::string& folder) noexcept
 {
     try {
         std::error_code ignored;
-        for (const std::string& name : NamesLikeOurs(folder))
-            if (IsLeftover(folder, name))
+        for (const std::string& name : NamesIn(folder))
+            if (MayBeOurs(name) && IsLeftover(folder, name))
                 fs::remove_all(fs::path(folder) / name, ignored);
     } catch (const std::exception&) {
         // The next start tries again.
