@@ -53,9 +53,9 @@ TEST_F(LongWorkTest, TheBarMovesWhileAStatementIsRead)
 {
     BarWatcher watcher(Bar());
 
-    Import(20000);
+    Import(60000);
 
-    EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans"), "20004");
+    EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans"), "60004");
     EXPECT_GT(watcher.values.size(), 3U);
     EXPECT_TRUE(Bar().isHidden());
 }
@@ -72,7 +72,7 @@ TEST_F(LongWorkTest, WhatTheUserDoesMeanwhileIsDropped)
         QCoreApplication::postEvent(&window_, new QCloseEvent);
     };
 
-    Import(20000);
+    Import(60000);
     watcher.whilePainted = nullptr;
     QTest::qWait(1);
 
