@@ -145,6 +145,19 @@ void DatabaseCheck::ReadAccounts()
                 add("Account: the numbers " + std::to_string(same->second) + " and " +
                     std::to_string(account.row) + " have the same account number " +
                     Quoted(account.number) + ".");
+            if (account.view == 0)
+                findings_.Add(
+                    {.kind = "account",
+                     .table = "Account",
+                     .text = "Account: number " + std::to_string(account.row) + " (" +
+                             account.description + ") has the type " +
+                             Quoted(std::string(row.Text(3))) + ", which is none of the program's.",
+                     .rows = 1,
+                     .row = account.row,
+                     .sequence = account.row,
+                     .column = "Type",
+                     .meaning = "The account cannot be shown and its balance is not kept. "
+                                "Choose its type anew in the view Net Worth."});
             if (!row.IsNull(1))
                 accounts_.push_back(std::move(account));
         });

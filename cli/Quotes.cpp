@@ -12,6 +12,7 @@ namespace clb {
 namespace {
 
 struct Holding {
+    std::int32_t number = 0;
     std::string symbol;
     std::string name;
     Money lastPrice;
@@ -22,11 +23,23 @@ std::vector<Holding> Holdings(clsDatabase& data)
 {
     std::vector<Holding> holdings;
     Recordset rows;
-    data.Fill(rows, "SELECT StockSymbol, StockName, LastPrice FROM Investment", true);
+    data.Fill(rows, "SELECT Sequence, StockSymbol, StockName, LastPrice FROM Investment", true);
     for (; !rows.AtEnd(); rows.MoveNext())
-        holdings.push_back({ToText(rows.Get("StockSymbol")), ToText(rows.Get("StockName")),
-                            ToMoney(rows.Get("LastPrice"))});
+        holdings.push_back({ToLong(rows.Get("Sequence")), ToText(rows.Get("StockSymbol")),
+                            ToText(rows.Get("StockName")), ToMoney(rows.Get("LastPrice"))});
     return holdings;
+}
+
+/// The holdings of the second list as they stood in the first. Another program may have deleted
+/// some meanwhile; one that it has added stands as it is.
+std::vector<Holding> AsBefore(const std::vector<Holding>& before, const std::vector<Holding>& after)
+{
+    std::vector<Holding> matched = after;
+    for (Holding& holding : matched)
+        for (const Holding& former : before)
+            if (former.number == holding.number)
+                holding = former;
+    return matched;
 }
 
 void PrintJson(std::ostream& out, const std::vector<Holding>& before,
@@ -63,9 +76,10 @@ int Update(const FolderOptions& options)
     NoForms forms;
     Program program(OpenFolder(options.home), forms);
     clsDatabase& data = program.Window().Data();
-    const std::vector<Holding> before = Holdings(data);
+    const std::vector<Holding> first = Holdings(data);
     program.Window().menus.Find("mnuT_UpdateQuotes")->Press();
     const std::vector<Holding> after = Holdings(data);
+    const std::vector<Holding> before = AsBefore(first, after);
     std::ostringstream report;
     report.exceptions(std::ostream::badbit);  // else it ends where memory does
     if (options.json)

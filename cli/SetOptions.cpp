@@ -1,3 +1,4 @@
+#include "app/clsIni.h"
 #include "automation/FormSteps.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -124,6 +125,17 @@ void Print(std::ostream& out, const OptionsDialog& dialog)
     table.Print(out);
 }
 
+/// The settings are written without a report.
+void RequireStored(const frmController& window, const SetOptions& options)
+{
+    clsIni ini;
+    ini.INIFile(window.SettingsFile());
+    if (options.bankUrl && ini.GetString("Settings", "BankUrl") != *options.bankUrl)
+        throw RuntimeError(errors::PathAccess,
+                           "The address was not stored. Look whether it is one line and whether " +
+                               window.SettingsFile() + " can be written.");
+}
+
 void ShowOptions(const SetOptions& options)
 {
     OptionsDialog dialog;
@@ -137,6 +149,7 @@ void ShowOptions(const SetOptions& options)
     else
         Print(report, dialog);
     program.Finish();
+    RequireStored(program.Window(), options);
     std::cout << report.view();
 }
 

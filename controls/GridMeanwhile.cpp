@@ -41,7 +41,9 @@ GridComponent::Meanwhile GridComponent::RereadRow()
     if (row_ == 0 || rows_.Kind(row_) != GridRowKind::Data)
         return found;
     found.gone = !source_->Reread(rows_.Record(row_));
-    for (std::int32_t column = 1; !found.gone && column <= columns_.Count(); ++column) {
+    // Columns that are calculated were added after the row was read.
+    const auto bound = static_cast<std::int32_t>(stored_.size());
+    for (std::int32_t column = 1; !found.gone && column <= bound; ++column) {
         const Value now = rows_.Stored(row_, column);
         if (now == stored_[Index(column)])
             continue;

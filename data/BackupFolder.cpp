@@ -79,6 +79,14 @@ std::string BytesOf(const std::string& path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+/// Whether the text begins with the number of a process that has ended.
+bool HasEnded(std::string_view text)
+{
+    int process = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), process);
+    return read.ec == std::errc() && process > 0 && kill(process, 0) != 0 && errno == ESRCH;
+}
+
 }  // namespace
 
 std::string BackupFolder::PathOf(const std::string& name) const
@@ -261,6 +269,15 @@ std::string BackupFolder::UnfinishedName(const std::string& path)
     return path + std::string(kUnfinished) + std::to_string(getpid());
 }
 
+void BackupFolder::DropUnfinishedOf(const std::string& path)
+{
+    const std::string folder = FolderOf(path);
+    const std::string front = path.substr(path.rfind('/') + 1) + std::string(kUnfinished);
+    for (const std::string& file : NamesIn(folder))
+        if (file.starts_with(front) && HasEnded(file.substr(front.size())))
+            unlink((folder + "/" + file).c_str());
+}
+
 void BackupFolder::DropUnfinished() const
 {
     for (const std::string& file : NamesIn(path_)) {
@@ -269,10 +286,7 @@ void BackupFolder::DropUnfinished() const
         if (mark == std::string::npos ||
             (!of.starts_with(kBefore) && of != kList && of != kFailure))
             continue;
-        const char* const number = file.c_str() + mark + kUnfinished.size();
-        int process = 0;
-        const auto read = std::from_chars(number, file.c_str() + file.size(), process);
-        if (read.ec == std::errc() && process > 0 && kill(process, 0) != 0 && errno == ESRCH)
+        if (HasEnded(file.substr(mark + kUnfinished.size())))
             unlink((path_ + "/" + file).c_str());
     }
 }

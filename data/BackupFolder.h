@@ -54,6 +54,8 @@ public:
     void DropOld() const;
     /// Removes what programs that were ended in the middle have left.
     void DropUnfinished() const;
+    /// The same beside a file that has this path, in any folder.
+    static void DropUnfinishedOf(const std::string& path);
     /// The name under which this process writes a file before it is finished.
     static std::string UnfinishedName(const std::string& path);
 

@@ -66,6 +66,7 @@ public:
     UnfinishedCopy(const std::string& from, const std::string& to)
         : UnfinishedCopy(BackupFolder::UnfinishedName(to))
     {
+        BackupFolder::DropUnfinishedOf(to);
         Copy(from, to);
         if (FaultsOf(path_).empty())
             return;
@@ -218,8 +219,13 @@ std::optional<std::string> Backups::BeforeUpgrade(const Date& now)
             return std::nullopt;
     } catch (const std::bad_alloc&) {
         throw;
+    } catch (const EngineError& error) {
+        // Opening the database itself reports what is the matter with it; it would only wait for
+        // another program once more.
+        if (error.Trouble() == FileTrouble::Locked)
+            throw;
+        return std::nullopt;
     } catch (const std::exception&) {
-        // Opening the database itself reports what is the matter with it.
         return std::nullopt;
     }
     try {

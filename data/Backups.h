@@ -36,6 +36,7 @@ public:
     /// Makes a copy when the next opening of the database will change its schema; at most one a
     /// day. A copy that fails is no reason not to open it: returns why it failed, as a sentence.
     /// Nothing when it was made or not needed, and when the database cannot be opened. Throws
+    /// EngineError (Locked) when another program holds the database for too long, and
     /// std::bad_alloc: another try may well make it.
     std::optional<std::string> BeforeUpgrade(const Date& now);
     /// Copies the database to a file outside, which must not be there yet.

@@ -1,5 +1,6 @@
 #include "views/Balances.h"
 
+#include <exception>
 #include <map>
 #include <set>
 
@@ -92,14 +93,23 @@ void UpdateBalances(clsDatabase& database)
 {
     Recordset accounts;
     database.Fill(accounts, "SELECT AccountID, Type FROM Account", true);
+    std::exception_ptr overflow;
     for (; !accounts.AtEnd(); accounts.MoveNext()) {
         const Value& number = accounts.Get("AccountID");
         if (IsNull(number))
             continue;
         std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
         std::string account = ToText(number);
-        database.UpdateBalance(view, account);
+        try {
+            database.UpdateBalance(view, account);
+        } catch (const EngineError& error) {
+            if (error.Number() != engine_errors::Overflow)
+                throw;
+            overflow = std::current_exception();
+        }
     }
+    if (overflow)
+        std::rethrow_exception(overflow);
 }
 
 std::vector<OddBalance> OddBalances(clsDatabase& database)

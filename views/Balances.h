@@ -7,7 +7,9 @@ namespace clb {
 
 class clsDatabase;
 
-/// Stores the balance of every account anew, each from its own rows. Throws EngineError.
+/// Stores the balance of every account anew, each from its own rows. An account whose rows add up
+/// to more than an amount can be keeps its balance; the others are stored, then its error is
+/// thrown. Throws EngineError.
 void UpdateBalances(clsDatabase& database);
 
 /// The accounts whose stored balance is not the sum of their rows: what UpdateBalances would

@@ -237,6 +237,15 @@ TEST_F(ChangesTest, OptionsThatCannotBeSetAreRefusedAndNothingIsSet)
     EXPECT_FALSE(folder.Holds("books/cvlb.ini"));
 }
 
+TEST_F(ChangesTest, AnAddressThatCouldNotBeStoredIsReported)
+{
+    std::filesystem::create_directory(folder.Path("books/cvlb.ini"));
+
+    EXPECT_EQ(Run("options --bank-url https://bank.example/" + Home()), 1);
+    EXPECT_TRUE(Err().starts_with("clb: The address was not stored.")) << Err();
+    EXPECT_EQ(Out(), "");
+}
+
 TEST_F(ChangesTest, TheHelpListsEveryCommand)
 {
     EXPECT_EQ(Run("--help"), 0);

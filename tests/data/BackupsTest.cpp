@@ -1,5 +1,6 @@
 #include "data/Backups.h"
 
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -29,6 +30,22 @@ TEST_F(BackupsTest, ADayGetsOneCopyForTheUserAlone)
     EXPECT_THAT(AccountsIn(folder_.Path("db/backup/clb-2026-11-21.mdb")), ElementsAre("1"));
     EXPECT_EQ(ModeOf("db/backup/clb-2026-11-21.mdb"), 0600u);
     EXPECT_EQ(ModeOf("db/backup"), 0700u);
+}
+
+TEST_F(BackupsTest, WhatAKilledProgramLeftBesideAFileGoesWithTheNextCopy)
+{
+    const pid_t gone = fork();
+    if (gone == 0)
+        _exit(0);
+    waitpid(gone, nullptr, 0);
+    AddAccount("1", "Bank");
+    CloseStore();
+    folder_.Write("out.mdb.new-" + std::to_string(gone), "half");
+
+    backups_.CopyTo(folder_.Path("out.mdb"));
+
+    EXPECT_FALSE(folder_.Holds("out.mdb.new-" + std::to_string(gone)));
+    EXPECT_THAT(AccountsIn(folder_.Path("out.mdb")), ElementsAre("1"));
 }
 
 TEST_F(BackupsTest, TenDaysStayAndTheFirstOfEachMonth)

@@ -27,6 +27,7 @@ protected:
                       answers::Ok(line)(connection);
                   });
     }
+    std::string ServiceAddress() const { return server.Address(); }
     std::string Prices()
     {
         return Rows("SELECT StockSymbol, LastPrice FROM Investment ORDER BY StockSymbol");
@@ -98,6 +99,23 @@ TEST_F(QuotesMeanwhileTest, AHoldingThatWasAddedMeanwhileWaitsForTheNextUpdate)
     Menu("mnuT_UpdateQuotes");
 
     EXPECT_EQ(Prices(), R"(["ACME","12"] ["NEW","7"])");
+}
+
+// Rows were matched by their place: a price of another holding, or none at all, stood as the one
+// before.
+TEST_F(QuotesMeanwhileTest, TheCommandLineMatchesHoldingsThatCameAndWentMeanwhile)
+{
+    folder.Write("cvlb.ini", "[Settings]\r\nQuoteService=" + ServiceAddress() + "\r\n");
+    Hold("GONE", "DELETE FROM Investment WHERE StockSymbol = 'GONE'");
+    Hold("NEXT", "INSERT INTO Investment (StockSymbol, LastPrice) VALUES ('NEW', 5)");
+
+    const Json report = Json::parse(Other({"quotes", "--json"}));
+
+    ASSERT_EQ(report["holdings"].size(), 2u);
+    EXPECT_EQ(report["holdings"][0]["before"], "7");
+    EXPECT_EQ(report["holdings"][0]["LastPrice"], "12");
+    EXPECT_EQ(report["holdings"][1]["StockSymbol"], "NEW");
+    EXPECT_EQ(report["holdings"][1]["before"], "5");
 }
 
 }  // namespace

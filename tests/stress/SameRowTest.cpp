@@ -223,5 +223,23 @@ TEST_F(SameRowTest, ABudgetedAmountOfTwoProgramsIsAskedAbout)
     EXPECT_EQ(Rows("SELECT Amount FROM Budget WHERE Category = 'Food'"), R"(["120"])");
 }
 
+// The view has a column that is calculated; comparing the row read past its stored fields.
+TEST_F(SameRowTest, ALoanIsAskedAboutAsWell)
+{
+    OtherSql("INSERT INTO Account (AccountID, Type, Description) VALUES ('L-1', 'Loan', 'House')");
+    OtherSql(
+        "INSERT INTO Loan (Description, OriginalAmount, PaidAmount, AccountID) VALUES "
+        "('Mortgage', 100, 10, 'L-1')");
+    Click("House");
+    Type(3, "12");
+    OtherSql("UPDATE Loan SET PaidAmount = 77");
+    AnswerBox("Yes");
+
+    EXPECT_TRUE(Save());
+
+    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(Rows("SELECT PaidAmount FROM Loan"), R"(["12"])");
+}
+
 }  // namespace
 }  // namespace clb
