@@ -64,9 +64,13 @@ void frmOptions::Store()
 {
     StoreBankUrl();
     database_.Lock();
+    // All of them are decided by what is stored before the first one is written.
+    std::vector<bool> includes;
+    for (std::size_t at = 0; at < grdAccounts.Rows().size(); ++at)
+        includes.push_back(Include(at));
     for (std::size_t at = 0; at < grdAccounts.Rows().size(); ++at) {
         const auto& row = grdAccounts.Rows()[at];
-        const std::string include = Include(at) ? "TRUE" : "FALSE";
+        const std::string include = includes[at] ? "TRUE" : "FALSE";
         // Only rows whose flag really changes are touched.
         database_.Execute("UPDATE Account SET BudgetInclude = " + include + " WHERE AccountID = '" +
                           clsDatabase::ToSqlString(ToText(row[2])) +

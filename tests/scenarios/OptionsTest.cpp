@@ -95,6 +95,16 @@ TEST_F(OptionsTest, OkRunsOneUpdateAnAccountThoughNothingChanged)
     EXPECT_EQ(Rows("SELECT * FROM Account"), before);
 }
 
+// The tick of the second account was once taken from what the first one's had just stored.
+TEST_F(OptionsTest, OfTwoAccountsWithOneNumberTheLastTickCounts)
+{
+    Sql("UPDATE Account SET AccountID = 'V-1' WHERE AccountID = 'C-1'");
+
+    Options(R"([{"check":{"row":1},"to":false},{"press":"btnOK"}])");
+
+    EXPECT_EQ(Rows("SELECT BudgetInclude FROM Account WHERE AccountID = 'V-1'"), "[true] [true]");
+}
+
 TEST_F(OptionsTest, CancelWritesNothing)
 {
     const std::string before = Included();
