@@ -46,11 +46,27 @@ const std::vector<std::string>& OwnTables()
 
 CheckSchema::CheckSchema(RawSql& raw) : raw_(raw), delivered_(RawSql::OfImage(EmptyDatabase())) {}
 
+/// Data that was never versioned lacks what an upgrade adds.
+void CheckSchema::FindLostVersion(FindingList& findings)
+{
+    const TableInfo* accounts = raw_.Find("Account");
+    const auto upgraded = [](const ColumnInfo& column) { return column.name == "BudgetInclude"; };
+    if (accounts && std::any_of(accounts->columns.begin(), accounts->columns.end(), upgraded))
+        findings.Add({.kind = "table",
+                      .table = "_SchemaVersion",
+                      .text = "The table _SchemaVersion is missing, which holds the version of the "
+                              "data.",
+                      .meaning = "The program takes the data for older than it is and cannot open "
+                                 "it. Restore a backup."});
+}
+
 std::int16_t CheckSchema::Version(FindingList& findings)
 {
     const TableInfo* table = raw_.Find("_SchemaVersion");
-    if (!table)
+    if (!table) {
+        FindLostVersion(findings);
         return 0;
+    }
     try {
         if (!table->columns.empty())
             return NarrowTo<std::int16_t>(ParseLong(table->columns.front().name));

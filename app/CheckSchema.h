@@ -40,6 +40,7 @@ private:
     static std::string ColumnsOf(RawSql& database, const std::string& index);
     bool IsIndexed(const std::string& table, const std::string& columns);
     bool IsTaken(const std::string& name);
+    void FindLostVersion(FindingList& findings);
     void FindIndexes(FindingList& findings);
     void FindTriggers(FindingList& findings);
     void FindViews(FindingList& findings);

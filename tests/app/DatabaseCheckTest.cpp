@@ -224,6 +224,22 @@ TEST_F(DatabaseCheckTest, WhatTheFileDoesNotDeclareIsTold)
                             "view: The view Sums is not this program's."));
 }
 
+// Everything was called in order, and then no start could open the data.
+TEST_F(DatabaseCheckTest, ALostVersionIsTold)
+{
+    Foreign("DROP TABLE _SchemaVersion");
+
+    EXPECT_THAT(Texts(), ElementsAre("table: The table _SchemaVersion is missing, which holds the "
+                                     "version of the data."));
+}
+
+TEST_F(DatabaseCheckTest, AnAccountOfAnUnknownTypeIsTold)
+{
+    Foreign("UPDATE Account SET Type = 'bank' WHERE AccountID = 'C1'");
+
+    EXPECT_THAT(Texts(), testing::Contains(testing::HasSubstr("has the type 'bank'")));
+}
+
 TEST_F(DatabaseCheckTest, MissingIndexesAndTriggersAreMadeAgain)
 {
     Foreign("DROP INDEX TransBySequence; DROP TRIGGER RowsFollowAccount;");
