@@ -192,7 +192,7 @@ void frmController::SplitCommand()
     if (!Grid.Update())
         return;
     Data().Lock();
-    if (ToMoney(Grid.ColumnValue(3)) != first + second)
+    if (Data().RowsOutdated() && ToMoney(Grid.ColumnValue(3)) != first + second)
         throw RuntimeError(errors::InvalidCall,
                            "Another program has changed the amount of this transaction meanwhile. "
                            "Nothing was split. Please repeat the command.");

@@ -1,0 +1,38 @@
+// The command that splits the register's current row.
+
+#include <gtest/gtest.h>
+
+#include "tests/support/Books.h"
+
+namespace clb {
+namespace {
+
+// The dialog shows the amount before the one that is being typed; its two amounts are stored.
+TEST(SplitCommandTest, AnAmountInEditIsSavedAndReplacedByTheSplit)
+{
+    Books books;
+    books.AddAccount("B-1", "Bank", "Checking");
+    books.Execute(
+        "INSERT INTO Trans (Sequence, AccountID, PostDate, Description, Amount, Category, Year, "
+        "Period) VALUES (1, 'B-1', #2006-03-05#, 'Shop', 100, '(none)', 2006, 3)");
+    books.window.View().BuildTree();
+    books.window.PressNode(
+        books.window.View().FindTreeNodeByTag(clsView::AccountTag(vwAccount, "B-1")));
+    GridComponent& grid = books.window.Grid.Component();
+    books.window.window.Focus(grid);
+    grid.MoveTo(1, 3);
+    grid.BeginEdit(0);
+    grid.EditText("80");
+    books.modal.steps.push_back([](Form& form) {
+        dynamic_cast<TextBox&>(*form.Find("txtNew")).Text("30");
+        form.DefaultButton()->Press();
+    });
+
+    books.window.menus.Find("mnuE_Split")->Press();
+
+    EXPECT_EQ(books.Rows("SELECT Amount FROM Trans ORDER BY SubSequence"),
+              (std::vector<std::string>{"70", "30"}));
+}
+
+}  // namespace
+}  // namespace clb
