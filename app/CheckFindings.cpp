@@ -83,11 +83,12 @@ bool FindingList::Has(const std::string& kind, const std::string& table) const
 
 std::vector<Finding> FindingList::Take()
 {
-    for (const auto& [key, count] : counts_) {
+    for (const auto& counted : counts_) {
+        const std::int32_t count = counted.second;
         if (count <= kMostOfAKind)
             continue;
         const auto last = std::find_if(findings_.rbegin(), findings_.rend(), [&](const Finding& f) {
-            return Key{f.kind, f.table, f.column} == key;
+            return Key{f.kind, f.table, f.column} == counted.first;
         });
         Finding more = *last;
         more.row.reset();

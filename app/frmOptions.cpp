@@ -49,6 +49,7 @@ void frmOptions::Load()
     loadedUrl_ = ini.GetString(kSection, kBankUrl);
     txtBankUrl.Text(loadedUrl_);
     // Investments and loans never take part in the budget.
+    loadedAt_ = database_.WritesElsewhere();
     Recordset accounts;
     database_.Fill(accounts,
                    "select BudgetInclude, Description, AccountID from Account where Type in "
@@ -92,7 +93,7 @@ void frmOptions::StoreBankUrl()
 bool frmOptions::Include(std::size_t row)
 {
     const Value& wanted = grdAccounts.Rows()[row][0];
-    if (wanted != loaded_[row])
+    if (wanted != loaded_[row] || database_.WritesElsewhere() == loadedAt_)
         return wanted == Value{true};
     const Connection::Untraced untraced(database_.Database());
     Recordset stored;

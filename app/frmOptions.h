@@ -1,5 +1,6 @@
 #pragma once
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -31,7 +32,8 @@ private:
     IModalHost& host_;
     std::string settings_;
     std::string loadedUrl_;
-    std::vector<Value> loaded_;  ///< the flags as they were listed
+    std::vector<Value> loaded_;   ///< the flags as they were listed
+    std::uint64_t loadedAt_ = 0;  ///< clsDatabase::WritesElsewhere at that time
     Form form_;
     Label lblBankUrl;
     TextBox txtBankUrl;
