@@ -171,7 +171,6 @@ void PriceFile::ReadAgain()
 
 std::optional<StockPrice> PriceFile::Find(const std::string& symbol)
 {
-    const std::lock_guard lock(mutex_);
     ReadAgain();
     const auto found = prices_.find(ToUpperAscii(symbol));
     return found == prices_.end() ? std::nullopt : std::optional(found->second);

@@ -1,7 +1,6 @@
 #pragma once
 #include <iosfwd>
 #include <map>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,7 +27,7 @@ using StockPrices = std::map<std::string, StockPrice>;
 /// this is told in mistakes, with its number.
 StockPrices ReadPrices(const std::string& text, std::vector<std::string>& mistakes);
 
-/// A price file that may be changed while it is in use. Several threads may ask.
+/// A price file that may be changed while it is in use.
 class PriceFile {
 public:
     /// Reads the file. Throws RuntimeError when it cannot be read or has mistakes. complaints is
@@ -47,7 +46,6 @@ private:
 
     std::string path_;
     std::ostream& complaints_;
-    std::mutex mutex_;
     std::optional<std::string> text_;  // as last read, good or not
     StockPrices prices_;
 };

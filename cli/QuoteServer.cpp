@@ -1,14 +1,14 @@
-#include <httplib.h>
-#include <pthread.h>
+#include <arpa/inet.h>
+#include <event2/buffer.h>
+#include <event2/event.h>
+#include <event2/http.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
-#include <atomic>
-#include <csignal>
+#include <exception>
 #include <iostream>
 #include <memory>
+#include <new>
 #include <string_view>
-#include <thread>
 
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
@@ -40,73 +40,94 @@ std::optional<std::string> SymbolOf(std::string_view target)
     return std::string(target);
 }
 
-void Answer(PriceFile& prices, const httplib::Request& request, httplib::Response& response)
+struct Release {
+    void operator()(event_base* loop) const { event_base_free(loop); }
+    void operator()(evhttp* server) const { evhttp_free(server); }
+    void operator()(event* waiting) const { event_free(waiting); }
+};
+template <class Thing>
+using Owned = std::unique_ptr<Thing, Release>;
+
+/// Throws std::bad_alloc when the library had no memory for the thing.
+template <class Thing>
+Owned<Thing> Own(Thing* made)
 {
-    const auto symbol = SymbolOf(request.target);
-    if (!symbol) {
-        // No other stock's price for a symbol that the address cuts short.
-        response.status = 400;
-        response.set_content("This is no request for a quote.\r\n", "text/plain");
-        return;
-    }
-    response.set_content(QuoteLine(*symbol, prices.Find(*symbol)), "text/csv");
+    if (!made)
+        throw std::bad_alloc();
+    return Owned<Thing>(made);
 }
 
-/// Lets a port be used again soon, but never by two programs at once.
-void ReuseAddress(socket_t socket)
+void Send(evhttp_request* request, int status, const char* type, const std::string& text)
 {
-    const int yes = 1;
-    setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+    evhttp_add_header(evhttp_request_get_output_headers(request), "Content-Type", type);
+    evbuffer_add(evhttp_request_get_output_buffer(request), text.data(), text.size());
+    evhttp_send_reply(request, status, nullptr, nullptr);
+}
+
+void Answer(PriceFile& prices, evhttp_request* request)
+{
+    const auto symbol = SymbolOf(evhttp_request_get_uri(request));
+    if (symbol)
+        Send(request, HTTP_OK, "text/csv", QuoteLine(*symbol, prices.Find(*symbol)));
+    else  // No other stock's price for a symbol that the address cuts short.
+        Send(request, HTTP_BADREQUEST, "text/plain", "This is no request for a quote.\r\n");
+}
+
+/// Called with each request for the path of quotes. No exception may pass the library.
+void AnswerQuote(evhttp_request* request, void* prices)
+{
+    try {
+        Answer(*static_cast<PriceFile*>(prices), request);
+    } catch (const std::exception&) {
+        evhttp_send_error(request, HTTP_INTERNAL, nullptr);
+    }
+}
+
+void AnswerUnknown(evhttp_request* request, void*)
+{
+    evhttp_send_reply(request, HTTP_NOTFOUND, nullptr, nullptr);
 }
 
 /// The port that is listened on. Throws RuntimeError when it cannot be.
-int Bind(httplib::Server& server, int port)
+int Listen(evhttp& server, int port)
 {
-    const int bound =
-        port == 0 ? server.bind_to_any_port(kHost) : (server.bind_to_port(kHost, port) ? port : -1);
-    if (bound < 0)
+    evhttp_bound_socket* const bound =
+        evhttp_bind_socket_with_handle(&server, kHost, static_cast<ev_uint16_t>(port));
+    sockaddr_in address{};
+    socklen_t size = sizeof address;
+    if (!bound || getsockname(evhttp_bound_socket_get_fd(bound),
+                              reinterpret_cast<sockaddr*>(&address), &size) != 0)
         throw RuntimeError(errors::NetworkFailure,
                            "Port " + std::to_string(port) +
                                " is in use by another program or may not be used; choose another "
                                "one with --port");
-    return bound;
+    return ntohs(address.sin_port);
+}
+
+void EndLoop(evutil_socket_t, short, void* loop)
+{
+    event_base_loopbreak(static_cast<event_base*>(loop));
 }
 
 /// Serves until the program is told to end.
-void ServeUntilSignalled(httplib::Server& server, const sigset_t& signals)
-{
-    std::atomic<bool> ended = false;
-    std::thread serving([&] {
-        server.listen_after_bind();
-        ended = true;
-        kill(getpid(), SIGTERM);
-    });
-    // A server that does not listen yet cannot be stopped.
-    while (!server.is_running() && !ended)
-        std::this_thread::yield();
-    int signal = 0;
-    sigwait(&signals, &signal);
-    server.stop();
-    serving.join();
-}
-
 void Serve(const ServerOptions& options)
 {
     PriceFile prices(options.prices, std::cerr);
-    httplib::Server server;
-    server.set_socket_options(ReuseAddress);
-    server.Get("/d/quotes.csv",
-               [&prices](const httplib::Request& request, httplib::Response& response) {
-                   Answer(prices, request, response);
-               });
-    const int port = Bind(server, options.port);
-    sigset_t signals = EndingSignals::Set();
-    sigaddset(&signals, SIGTERM);  // which also tells that the server ended by itself
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    const auto loop = Own(event_base_new());
+    const auto server = Own(evhttp_new(loop.get()));
+    evhttp_set_allowed_methods(server.get(), EVHTTP_REQ_GET);
+    evhttp_set_cb(server.get(), "/d/quotes.csv", AnswerQuote, &prices);
+    evhttp_set_gencb(server.get(), AnswerUnknown, nullptr);
+    const int port = Listen(*server, options.port);
+    const auto signal = Own(
+        event_new(loop.get(), EndingSignals::Descriptor(), EV_READ, EndLoop, loop.get()));
+    event_add(signal.get(), nullptr);
     Interruption::Check();
     std::cout << "Quotes of " << options.prices << " at http://" << kHost << ":" << port
               << " until Ctrl+C" << std::endl;
-    ServeUntilSignalled(server, signals);
+    event_base_dispatch(loop.get());
+    // Ending it is how it is used.
+    Interruption::Forget();
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "platform/CurlHttpClient.h"
 
-#include <curl/curl.h>
-
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -10,6 +8,7 @@
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "platform/CurlLibrary.h"
 
 namespace clb {
 namespace {
@@ -23,10 +22,10 @@ constexpr int kMostRedirects = 10;
 constexpr int kStep = 100;  // milliseconds that a request goes on by itself
 
 struct Release {
-    void operator()(CURL* request) const { curl_easy_cleanup(request); }
-    void operator()(CURLU* address) const { curl_url_cleanup(address); }
-    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
-    void operator()(char* text) const { curl_free(text); }
+    void operator()(CURL* request) const { Curl().easy_cleanup(request); }
+    void operator()(CURLU* address) const { Curl().url_cleanup(address); }
+    void operator()(curl_slist* list) const { Curl().slist_free_all(list); }
+    void operator()(char* text) const { Curl().free(text); }
 };
 template <class Thing>
 using Owned = std::unique_ptr<Thing, Release>;
@@ -53,17 +52,17 @@ std::string SchemeOf(const std::string& url)
 std::string HostOf(const std::string& url)
 {
     const std::string place = BeforePath(url);
-    const Owned<CURLU> parsed(curl_url());
-    CURLUcode failed = curl_url_set(parsed.get(), CURLUPART_URL, place.c_str(), 0);
+    const Owned<CURLU> parsed(Curl().url());
+    CURLUcode failed = Curl().url_set(parsed.get(), CURLUPART_URL, place.c_str(), 0);
     char* host = nullptr;
     if (failed == CURLUE_OK)
-        failed = curl_url_get(parsed.get(), CURLUPART_HOST, &host, 0);
+        failed = Curl().url_get(parsed.get(), CURLUPART_HOST, &host, 0);
     const Owned<char> owned(host);
     const std::string scheme = SchemeOf(url);
     if (failed == CURLUE_OK && scheme != "HTTP" && scheme != "HTTPS")
         failed = CURLUE_UNSUPPORTED_SCHEME;
     if (failed != CURLUE_OK)
-        throw Failure(place, curl_url_strerror(failed));
+        throw Failure(place, Curl().url_strerror(failed));
     return host;
 }
 
@@ -113,32 +112,32 @@ void Limit(CURL* request, const HttpLimits& limits, milliseconds left)
 {
     // A limit of 0 would be none.
     left = std::max(left, milliseconds(1));
-    curl_easy_setopt(request, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(request, CURLOPT_CONNECTTIMEOUT_MS,
+    Curl().easy_setopt(request, CURLOPT_NOSIGNAL, 1L);
+    Curl().easy_setopt(request, CURLOPT_CONNECTTIMEOUT_MS,
                      static_cast<long>(std::min(limits.connect, left).count()));
-    curl_easy_setopt(request, CURLOPT_TIMEOUT_MS, static_cast<long>(left.count()));
+    Curl().easy_setopt(request, CURLOPT_TIMEOUT_MS, static_cast<long>(left.count()));
 }
 
 void Take(CURL* request, Answer& answer)
 {
-    curl_easy_setopt(request, CURLOPT_WRITEFUNCTION, &TakeBody);
-    curl_easy_setopt(request, CURLOPT_WRITEDATA, &answer);
-    curl_easy_setopt(request, CURLOPT_HEADERFUNCTION, &TakeHead);
-    curl_easy_setopt(request, CURLOPT_HEADERDATA, &answer);
+    Curl().easy_setopt(request, CURLOPT_WRITEFUNCTION, &TakeBody);
+    Curl().easy_setopt(request, CURLOPT_WRITEDATA, &answer);
+    Curl().easy_setopt(request, CURLOPT_HEADERFUNCTION, &TakeHead);
+    Curl().easy_setopt(request, CURLOPT_HEADERDATA, &answer);
 }
 
 /// Takes a request step by step.
 class Steps {
 public:
-    explicit Steps(CURL* request) : request_(request), all_(curl_multi_init())
+    explicit Steps(CURL* request) : request_(request), all_(Curl().multi_init())
     {
-        good_ = all_ && curl_multi_add_handle(all_, request_) == CURLM_OK;
+        good_ = all_ && Curl().multi_add_handle(all_, request_) == CURLM_OK;
     }
     ~Steps()
     {
         if (good_)
-            curl_multi_remove_handle(all_, request_);
-        curl_multi_cleanup(all_);
+            Curl().multi_remove_handle(all_, request_);
+        Curl().multi_cleanup(all_);
     }
     Steps(const Steps&) = delete;
     Steps& operator=(const Steps&) = delete;
@@ -148,15 +147,15 @@ public:
     bool Next() const
     {
         int running = 0;
-        if (curl_multi_perform(all_, &running) != CURLM_OK || running == 0)
+        if (Curl().multi_perform(all_, &running) != CURLM_OK || running == 0)
             return false;
-        curl_multi_poll(all_, nullptr, 0, kStep, nullptr);
+        Curl().multi_poll(all_, nullptr, 0, kStep, nullptr);
         return true;
     }
     CURLcode Result() const
     {
         int left = 0;
-        const CURLMsg* message = curl_multi_info_read(all_, &left);
+        const CURLMsg* message = Curl().multi_info_read(all_, &left);
         return message ? message->data.result : CURLE_OK;
     }
 
@@ -171,7 +170,7 @@ void CheckInterruption(CURL* request)
 {
     // Looking up a name cannot be broken off, and is not waited for then.
     if (Interruption::Asked())
-        curl_easy_setopt(request, CURLOPT_QUICK_EXIT, 1L);
+        Curl().easy_setopt(request, CURLOPT_QUICK_EXIT, 1L);
     Interruption::Check();
 }
 
@@ -194,35 +193,35 @@ void Perform(CURL* request, const std::string& url, Answer& answer,
              const std::function<void()>& waiting)
 {
     std::array<char, CURL_ERROR_SIZE> reason{};
-    curl_easy_setopt(request, CURLOPT_ERRORBUFFER, reason.data());
+    Curl().easy_setopt(request, CURLOPT_ERRORBUFFER, reason.data());
     const CURLcode result = PerformWaiting(request, waiting);
-    curl_easy_setopt(request, CURLOPT_ERRORBUFFER, nullptr);
+    Curl().easy_setopt(request, CURLOPT_ERRORBUFFER, nullptr);
     // The connection of an answer may end before the answer does.
     const bool cutOff =
         result == CURLE_PARTIAL_FILE || (result == CURLE_RECV_ERROR && !answer.body.empty());
     if (result != CURLE_OK && !answer.tooLong && !cutOff)
-        throw Failure(url, reason[0] ? reason.data() : curl_easy_strerror(result));
+        throw Failure(url, reason[0] ? reason.data() : Curl().easy_strerror(result));
     char* elsewhere = nullptr;
-    if (curl_easy_getinfo(request, CURLINFO_REDIRECT_URL, &elsewhere) == CURLE_OK && elsewhere)
+    if (Curl().easy_getinfo(request, CURLINFO_REDIRECT_URL, &elsewhere) == CURLE_OK && elsewhere)
         answer.elsewhere = elsewhere;
 }
 
 Answer Ask(const HttpSettings& settings, const std::string& url, milliseconds left)
 {
-    const Owned<CURL> request(curl_easy_init());
-    const Owned<curl_slist> fresh(curl_slist_append(
-        curl_slist_append(nullptr, "Cache-Control: no-cache"), "Pragma: no-cache"));
+    const Owned<CURL> request(Curl().easy_init());
+    const Owned<curl_slist> fresh(Curl().slist_append(
+        Curl().slist_append(nullptr, "Cache-Control: no-cache"), "Pragma: no-cache"));
     if (!request || !fresh)
-        throw Failure(url, curl_easy_strerror(CURLE_OUT_OF_MEMORY));
+        throw Failure(url, Curl().easy_strerror(CURLE_OUT_OF_MEMORY));
     CURL* const r = request.get();
-    curl_easy_setopt(r, CURLOPT_URL, url.c_str());
-    curl_easy_setopt(r, CURLOPT_PATH_AS_IS, 1L);
-    curl_easy_setopt(r, CURLOPT_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(r, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
-    curl_easy_setopt(r, CURLOPT_USERAGENT, settings.agent.c_str());
-    curl_easy_setopt(r, CURLOPT_HTTPHEADER, fresh.get());
+    Curl().easy_setopt(r, CURLOPT_URL, url.c_str());
+    Curl().easy_setopt(r, CURLOPT_PATH_AS_IS, 1L);
+    Curl().easy_setopt(r, CURLOPT_PROTOCOLS_STR, "http,https");
+    Curl().easy_setopt(r, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
+    Curl().easy_setopt(r, CURLOPT_USERAGENT, settings.agent.c_str());
+    Curl().easy_setopt(r, CURLOPT_HTTPHEADER, fresh.get());
     if (settings.direct || IsThisMachine(HostOf(url)))
-        curl_easy_setopt(r, CURLOPT_PROXY, "");
+        Curl().easy_setopt(r, CURLOPT_PROXY, "");
     Limit(r, settings.limits, left);
     Answer answer;
     Take(r, answer);
@@ -236,8 +235,6 @@ CurlHttpClient::CurlHttpClient(HttpSettings settings) : settings_(std::move(sett
 
 std::optional<std::string> CurlHttpClient::Get(const std::string& url)
 {
-    // Not at construction: most runs of the program never ask anything.
-    [[maybe_unused]] static const CURLcode once = curl_global_init(CURL_GLOBAL_DEFAULT);
     HostOf(url);
     if (!FitsRequestLine(url))
         return std::nullopt;

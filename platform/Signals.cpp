@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <pthread.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -85,11 +86,6 @@ EndingSignals::~EndingSignals()
 int EndingSignals::Descriptor()
 {
     return woken;
-}
-
-sigset_t EndingSignals::Set()
-{
-    return remembered;
 }
 
 void EndBySignal()

@@ -1,6 +1,4 @@
 #pragma once
-#include <signal.h>
-
 #include "base/Interruption.h"
 
 namespace clb {
@@ -22,8 +20,6 @@ public:
 
     /// Becomes readable when a signal has come; -1 when none is remembered.
     static int Descriptor();
-    /// The signals that are remembered.
-    static sigset_t Set();
 };
 
 /// Ends the process by the signal that has been remembered, so that its exit status tells.
