@@ -1,7 +1,6 @@
 #include "data/BackupFolder.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
@@ -9,7 +8,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <charconv>
 #include <chrono>
 #include <cstring>
 #include <ctime>
@@ -27,6 +25,7 @@
 #include "engine/EngineError.h"
 #include "files/FileError.h"
 #include "files/Folders.h"
+#include "files/Leftovers.h"
 #include "files/WholeFile.h"
 
 namespace clb {
@@ -36,7 +35,6 @@ constexpr std::size_t kDaysKept = 10;
 constexpr std::size_t kDayLength = std::char_traits<char>::length("2026-11-21");
 constexpr std::string_view kBefore = "clb-";
 constexpr std::string_view kAfter = ".mdb";
-constexpr std::string_view kUnfinished = ".new-";  // and the number of the process
 constexpr const char* kList = "order";
 constexpr const char* kFailure = "failed";
 
@@ -77,14 +75,6 @@ std::string BytesOf(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
-}
-
-/// Whether the text begins with the number of a process that has ended.
-bool HasEnded(std::string_view text)
-{
-    int process = 0;
-    const auto read = std::from_chars(text.data(), text.data() + text.size(), process);
-    return read.ec == std::errc() && process > 0 && kill(process, 0) != 0 && errno == ESRCH;
 }
 
 }  // namespace
@@ -264,31 +254,11 @@ void BackupFolder::DropOld() const
     }
 }
 
-std::string BackupFolder::UnfinishedName(const std::string& path)
-{
-    return path + std::string(kUnfinished) + std::to_string(getpid());
-}
-
-void BackupFolder::DropUnfinishedOf(const std::string& path)
-{
-    const std::string folder = FolderOf(path);
-    const std::string front = path.substr(path.rfind('/') + 1) + std::string(kUnfinished);
-    for (const std::string& file : NamesIn(folder))
-        if (file.starts_with(front) && HasEnded(file.substr(front.size())))
-            unlink((folder + "/" + file).c_str());
-}
-
 void BackupFolder::DropUnfinished() const
 {
-    for (const std::string& file : NamesIn(path_)) {
-        const std::size_t mark = file.find(kUnfinished);
-        const std::string of = file.substr(0, mark);
-        if (mark == std::string::npos ||
-            (!of.starts_with(kBefore) && of != kList && of != kFailure))
-            continue;
-        if (HasEnded(file.substr(mark + kUnfinished.size())))
-            unlink((path_ + "/" + file).c_str());
-    }
+    RemoveUnfinishedIn(path_, [](std::string_view file) {
+        return file.starts_with(kBefore) || file == kList || file == kFailure;
+    });
 }
 
 void BackupFolder::Failure(const std::optional<BackupFailure>& failure) const noexcept
