@@ -21,7 +21,6 @@
 
 #include "base/Date.h"
 #include "engine/Backup.h"
-#include "engine/ConnectionString.h"
 #include "engine/EngineError.h"
 #include "files/FileError.h"
 #include "files/Folders.h"
@@ -55,12 +54,6 @@ bool IsFolder(const std::string& path)
     return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-bool Exists(const std::string& path)
-{
-    struct stat status {};
-    return lstat(path.c_str(), &status) == 0;
-}
-
 /// What stands in the name of a copy; empty for other files.
 std::string NameIn(const std::string& file)
 {
@@ -87,7 +80,7 @@ std::string BackupFolder::PathOf(const std::string& name) const
 std::string BackupFolder::FreeName(const std::string& name) const
 {
     std::string free = name;
-    for (int number = 2; Exists(PathOf(free)); ++number)
+    for (int number = 2; IsThere(PathOf(free)); ++number)
         free = name + "-" + std::to_string(number);
     return free;
 }
@@ -105,7 +98,7 @@ void BackupFolder::Make() const
 
 std::string BackupFolder::Obstacle(std::uintmax_t bytes) const
 {
-    if (!Exists(path_))
+    if (!IsThere(path_))
         return {};
     if (!IsFolder(path_))
         return Trouble(path_, "is not a folder.").what();
@@ -226,12 +219,12 @@ void BackupFolder::PutAside(const std::string& name) const
 {
     const std::string path = PathOf(name);
     const auto mark = MarkOf(path);
-    if (!Exists(path))
+    if (!IsThere(path))
         return;
     if (mark && mark->first == 0 && unlink(path.c_str()) == 0)
         return;
     std::string kept = path + ".damaged";
-    for (int number = 2; Exists(kept); ++number)
+    for (int number = 2; IsThere(kept); ++number)
         kept = path + ".damaged-" + std::to_string(number);
     if (rename(path.c_str(), kept.c_str()) != 0)
         throw Trouble(path, std::string("cannot be renamed: ") + std::strerror(errno) + ".");

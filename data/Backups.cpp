@@ -13,7 +13,6 @@
 #include "data/WholeBook.h"
 #include "engine/Backup.h"
 #include "engine/Connection.h"
-#include "engine/ConnectionString.h"
 #include "engine/EngineError.h"
 #include "files/Leftovers.h"
 
