@@ -1,7 +1,6 @@
 #include "data/BackupFolder.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
@@ -9,7 +8,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <charconv>
 #include <chrono>
 #include <cstring>
 #include <ctime>
@@ -23,10 +21,10 @@
 
 #include "base/Date.h"
 #include "engine/Backup.h"
-#include "engine/ConnectionString.h"
 #include "engine/EngineError.h"
 #include "files/FileError.h"
 #include "files/Folders.h"
+#include "files/Leftovers.h"
 #include "files/WholeFile.h"
 
 namespace clb {
@@ -36,7 +34,6 @@ constexpr std::size_t kDaysKept = 10;
 constexpr std::size_t kDayLength = std::char_traits<char>::length("2026-11-21");
 constexpr std::string_view kBefore = "clb-";
 constexpr std::string_view kAfter = ".mdb";
-constexpr std::string_view kUnfinished = ".new-";  // and the number of the process
 constexpr const char* kList = "order";
 constexpr const char* kFailure = "failed";
 
@@ -57,12 +54,6 @@ bool IsFolder(const std::string& path)
     return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-bool Exists(const std::string& path)
-{
-    struct stat status {};
-    return lstat(path.c_str(), &status) == 0;
-}
-
 /// What stands in the name of a copy; empty for other files.
 std::string NameIn(const std::string& file)
 {
@@ -79,14 +70,6 @@ std::string BytesOf(const std::string& path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Whether the text begins with the number of a process that has ended.
-bool HasEnded(std::string_view text)
-{
-    int process = 0;
-    const auto read = std::from_chars(text.data(), text.data() + text.size(), process);
-    return read.ec == std::errc() && process > 0 && kill(process, 0) != 0 && errno == ESRCH;
-}
-
 }  // namespace
 
 std::string BackupFolder::PathOf(const std::string& name) const
@@ -97,7 +80,7 @@ std::string BackupFolder::PathOf(const std::string& name) const
 std::string BackupFolder::FreeName(const std::string& name) const
 {
     std::string free = name;
-    for (int number = 2; Exists(PathOf(free)); ++number)
+    for (int number = 2; IsThere(PathOf(free)); ++number)
         free = name + "-" + std::to_string(number);
     return free;
 }
@@ -115,7 +98,7 @@ void BackupFolder::Make() const
 
 std::string BackupFolder::Obstacle(std::uintmax_t bytes) const
 {
-    if (!Exists(path_))
+    if (!IsThere(path_))
         return {};
     if (!IsFolder(path_))
         return Trouble(path_, "is not a folder.").what();
@@ -236,12 +219,12 @@ void BackupFolder::PutAside(const std::string& name) const
 {
     const std::string path = PathOf(name);
     const auto mark = MarkOf(path);
-    if (!Exists(path))
+    if (!IsThere(path))
         return;
     if (mark && mark->first == 0 && unlink(path.c_str()) == 0)
         return;
     std::string kept = path + ".damaged";
-    for (int number = 2; Exists(kept); ++number)
+    for (int number = 2; IsThere(kept); ++number)
         kept = path + ".damaged-" + std::to_string(number);
     if (rename(path.c_str(), kept.c_str()) != 0)
         throw Trouble(path, std::string("cannot be renamed: ") + std::strerror(errno) + ".");
@@ -264,31 +247,11 @@ void BackupFolder::DropOld() const
     }
 }
 
-std::string BackupFolder::UnfinishedName(const std::string& path)
-{
-    return path + std::string(kUnfinished) + std::to_string(getpid());
-}
-
-void BackupFolder::DropUnfinishedOf(const std::string& path)
-{
-    const std::string folder = FolderOf(path);
-    const std::string front = path.substr(path.rfind('/') + 1) + std::string(kUnfinished);
-    for (const std::string& file : NamesIn(folder))
-        if (file.starts_with(front) && HasEnded(file.substr(front.size())))
-            unlink((folder + "/" + file).c_str());
-}
-
 void BackupFolder::DropUnfinished() const
 {
-    for (const std::string& file : NamesIn(path_)) {
-        const std::size_t mark = file.find(kUnfinished);
-        const std::string of = file.substr(0, mark);
-        if (mark == std::string::npos ||
-            (!of.starts_with(kBefore) && of != kList && of != kFailure))
-            continue;
-        if (HasEnded(file.substr(mark + kUnfinished.size())))
-            unlink((path_ + "/" + file).c_str());
-    }
+    RemoveUnfinishedIn(path_, [](std::string_view file) {
+        return file.starts_with(kBefore) || file == kList || file == kFailure;
+    });
 }
 
 void BackupFolder::Failure(const std::optional<BackupFailure>& failure) const noexcept

@@ -54,10 +54,6 @@ public:
     void DropOld() const;
     /// Removes what programs that were ended in the middle have left.
     void DropUnfinished() const;
-    /// The same beside a file that has this path, in any folder.
-    static void DropUnfinishedOf(const std::string& path);
-    /// The name under which this process writes a file before it is finished.
-    static std::string UnfinishedName(const std::string& path);
 
     /// Keeps why the last daily backup was not made; nothing: it was. Does nothing where the folder
     /// cannot be written.

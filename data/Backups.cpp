@@ -13,8 +13,8 @@
 #include "data/WholeBook.h"
 #include "engine/Backup.h"
 #include "engine/Connection.h"
-#include "engine/ConnectionString.h"
 #include "engine/EngineError.h"
+#include "files/Leftovers.h"
 
 namespace clb {
 namespace {
@@ -64,9 +64,9 @@ class UnfinishedCopy {
 public:
     /// Throws when the source is damaged, too; FileTrouble::Damaged is about the source alone.
     UnfinishedCopy(const std::string& from, const std::string& to)
-        : UnfinishedCopy(BackupFolder::UnfinishedName(to))
+        : UnfinishedCopy(UnfinishedName(to))
     {
-        BackupFolder::DropUnfinishedOf(to);
+        RemoveUnfinishedOf(to);
         Copy(from, to);
         if (FaultsOf(path_).empty())
             return;

@@ -9,16 +9,16 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <new>
 #include <optional>
 
-#include "engine/ConnectionString.h"
 #include "engine/Database.h"
 #include "engine/Errors.h"
+#include "files/FileError.h"
+#include "files/Folders.h"
 
 namespace clb {
 namespace {
@@ -174,18 +174,15 @@ bool FitsHeader(const Header& header, std::uint64_t size)
     return !kept || pages * page == size;
 }
 
-/// Renames without replacing. Systems that cannot do that in one step look first.
-int RenameToFree(const std::string& from, const std::string& to)
+/// Runs one of the functions that synchronise a path. A read-only disk has nothing to synchronise.
+void Synchronise(const std::string& path, void (*sync)(const std::string&))
 {
-    const int done = ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
-    if (done == 0 || (errno != EINVAL && errno != ENOSYS))
-        return done;
-    struct stat status {};
-    if (::lstat(to.c_str(), &status) == 0) {
-        errno = EEXIST;
-        return -1;
+    try {
+        sync(path);
+    } catch (const FileError& error) {
+        if (error.Reason() != EROFS)
+            throw refuse::CannotWrite(path, error.Reason());
     }
-    return ::rename(from.c_str(), to.c_str());
 }
 
 }  // namespace
@@ -205,10 +202,19 @@ bool HasDatabaseHeader(const std::string& path)
     return HeaderOf(path).has_value();
 }
 
+void FlushToDisk(const std::string& path)
+{
+    Synchronise(path, SyncFile);
+    Synchronise(FolderOf(path), SyncFolder);
+}
+
 void NameFinished(const std::string& from, const std::string& to)
 {
-    if (RenameToFree(from, to) != 0)
-        throw refuse::CannotWrite(to, errno);
+    try {
+        RenameToNew(from, to);
+    } catch (const FileError& error) {
+        throw refuse::CannotWrite(to, error.Reason());
+    }
     FlushToDisk(to);
 }
 

@@ -25,6 +25,9 @@ bool LooksWhole(const std::string& path);
 /// Whether a file begins as every database does. False for what cannot be read.
 bool HasDatabaseHeader(const std::string& path);
 
+/// Makes the content of a file or folder, and its name, durable. A disk that cannot do so counts as
+/// done. Throws EngineError when the disk refuses.
+void FlushToDisk(const std::string& path);
 /// Gives a finished file another name in its folder, which is durable when this returns. Replaces
 /// nothing: throws EngineError when the name is taken, or cannot be written.
 void NameFinished(const std::string& from, const std::string& to);

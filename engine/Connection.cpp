@@ -1,13 +1,13 @@
 #include "engine/Connection.h"
 
-#include <cerrno>
-#include <filesystem>
 #include <utility>
 
 #include "engine/ConnectionString.h"
 #include "engine/Errors.h"
 #include "engine/Schema.h"
 #include "engine/Session.h"
+#include "files/FileError.h"
+#include "files/WholeFile.h"
 
 namespace clb {
 namespace {
@@ -126,24 +126,15 @@ Connection::Untraced::~Untraced()
 
 void Connection::CreateFile(const std::string& path, const std::string& script)
 {
-    // The file appears under its name only when it is complete.
-    const std::string unfinished = path + ".new";
-    if (std::filesystem::exists(path))
-        throw refuse::CannotWrite(path, EEXIST);
-    std::error_code ignored;
-    std::filesystem::remove(unfinished, ignored);
     try {
+        WholeFile file(path, Existing::Refuse);
         Database database;
-        database.Create(unfinished);
+        database.Create(file.Path());
         database.Run(script);
         database.Close();
-        FlushToDisk(unfinished);
-        std::filesystem::rename(unfinished, path);
-    } catch (const std::filesystem::filesystem_error& error) {
-        throw EngineError(engine_errors::Unavailable, error.what());
-    } catch (...) {
-        std::filesystem::remove(unfinished, ignored);
-        throw;
+        file.Keep();
+    } catch (const FileError& error) {
+        throw refuse::CannotWrite(path, error.Reason());
     }
 }
 

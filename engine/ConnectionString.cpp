@@ -1,17 +1,11 @@
 #include "engine/ConnectionString.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
-#include <filesystem>
 #include <utility>
 
 #include "base/Text.h"
 #include "engine/EngineError.h"
-#include "engine/Errors.h"
 
 namespace clb {
 namespace {
@@ -40,20 +34,6 @@ std::string_view TakeSetting(std::string_view& rest)
     return std::exchange(rest, {});
 }
 
-/// Throws when the disk refuses. A folder that may not be read, and a kind of disk that cannot do
-/// it, are left to the system.
-void Flush(const std::string& path, int flags)
-{
-    const int file = ::open(path.c_str(), flags | O_CLOEXEC);
-    const int failure = file < 0 || ::fsync(file) != 0 ? errno : 0;
-    if (file >= 0)
-        ::close(file);
-    const bool cannot = failure == EINVAL || failure == ENOTSUP || failure == EROFS;
-    if (failure == 0 || cannot || (file < 0 && (flags & O_DIRECTORY) != 0))
-        return;
-    throw refuse::CannotWrite(path, failure);
-}
-
 }  // namespace
 
 std::string DataSourceOf(std::string_view connectionString)
@@ -67,13 +47,6 @@ std::string DataSourceOf(std::string_view connectionString)
         return Replace(Trim(setting.substr(sign + 1)), "\\", "/");
     }
     throw EngineError(engine_errors::Unavailable, "The connection string names no data source.");
-}
-
-void FlushToDisk(const std::string& path)
-{
-    Flush(path, O_RDONLY);
-    const auto folder = std::filesystem::path(path).parent_path().string();
-    Flush(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
 }
 
 }  // namespace clb

@@ -9,7 +9,4 @@ namespace clb {
 /// semicolon. Throws EngineError when there is none.
 std::string DataSourceOf(std::string_view connectionString);
 
-/// Makes the file's content and its name durable. Throws EngineError when the disk refuses.
-void FlushToDisk(const std::string& path);
-
 }  // namespace clb

@@ -2,7 +2,9 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <stdio.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
@@ -17,6 +19,19 @@ namespace {
 struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
 };
+
+/// For file systems that cannot refuse a taken name while renaming; not every one can link either.
+/// Returns 0 or what errno said.
+int LinkOrRename(const std::string& from, const std::string& to)
+{
+    if (::link(from.c_str(), to.c_str()) == 0) {
+        ::unlink(from.c_str());
+        return 0;
+    }
+    if (errno == EEXIST || IsThere(to))
+        return EEXIST;
+    return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+}
 
 }  // namespace
 
@@ -63,6 +78,32 @@ void SyncFolder(const std::string& folder)
     // A folder that may be written but not read cannot be opened; the system writes it in time.
     if (open.IsOpen() && !Sync(open))
         throw CannotWrite(folder, errno);
+}
+
+bool IsThere(const std::string& path)
+{
+    struct stat status {};
+    return ::lstat(path.c_str(), &status) == 0;
+}
+
+void SyncFile(const std::string& path)
+{
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file.IsOpen() || !Sync(file))
+        throw CannotWrite(path, errno);
+}
+
+void RenameToNew(const std::string& from, const std::string& to)
+{
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
+        return;
+    int reason = errno;
+    if (reason == EINVAL || reason == ENOSYS)
+        reason = LinkOrRename(from, to);
+    if (reason == EEXIST)
+        throw AlreadyThere(to);
+    if (reason != 0)
+        throw CannotWrite(to, reason);
 }
 
 }  // namespace clb

@@ -18,5 +18,13 @@ std::vector<std::string> NamesIn(const std::string& folder);
 /// Makes the names in a folder durable: call it after a file has been made, renamed or removed.
 /// Throws FileError when the disk reports an error.
 void SyncFolder(const std::string& folder);
+/// Whether something has the name. A link counts, wherever it leads.
+bool IsThere(const std::string& path);
+/// Makes the bytes of a file, or the names in a folder, durable. Throws FileError when it cannot be
+/// opened or the disk reports an error.
+void SyncFile(const std::string& path);
+/// Gives a file another name in its folder. Replaces nothing: throws FileError (FileAlreadyExists)
+/// when something has the name.
+void RenameToNew(const std::string& from, const std::string& to);
 
 }  // namespace clb

@@ -21,7 +21,17 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kUnfinished = ".clb-";
 constexpr std::string_view kTemporary = "clb-";
+constexpr std::string_view kUnchecked = ".new-";  // the number of the process follows
 constexpr std::size_t kRandom = std::char_traits<char>::length("XXXXXX");
+
+/// Parses the process number at the front of the text and removes it. Returns 0 if there is none.
+pid_t TakeProcess(std::string_view& text)
+{
+    pid_t process = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), process);
+    text.remove_prefix(static_cast<std::size_t>(read.ptr - text.data()));
+    return read.ec == std::errc() ? process : 0;
+}
 
 /// Parses the process number out of a name of ours. Returns 0 if it is not one.
 pid_t ProcessOf(std::string_view name, std::string_view front)
@@ -29,11 +39,9 @@ pid_t ProcessOf(std::string_view name, std::string_view front)
     if (!name.starts_with(front))
         return 0;
     name.remove_prefix(front.size());
-    pid_t process = 0;
-    const auto read = std::from_chars(name.data(), name.data() + name.size(), process);
-    const auto rest = name.substr(static_cast<std::size_t>(read.ptr - name.data()));
-    const bool ours = read.ec == std::errc() && rest.size() == kRandom + 1 && rest[0] == '-' &&
-                      std::all_of(rest.begin() + 1, rest.end(),
+    const pid_t process = TakeProcess(name);
+    const bool ours = name.size() == kRandom + 1 && name[0] == '-' &&
+                      std::all_of(name.begin() + 1, name.end(),
                                   [](unsigned char c) { return std::isalnum(c) != 0; });
     return ours ? process : 0;
 }
@@ -51,6 +59,18 @@ bool IsLeftover(const std::string& folder, const std::string& name)
     if (S_ISDIR(status.st_mode))
         return HasEnded(ProcessOf(name, kTemporary));
     return S_ISREG(status.st_mode) && HasEnded(ProcessOf(name, kUnfinished));
+}
+
+/// Removes the files of ended processes from a folder. number: returns a file name from the process
+/// number on; empty for a name that is not ours.
+void RemoveEnded(const std::string& folder,
+                 const std::function<std::string_view(std::string_view)>& number)
+{
+    for (const std::string& name : NamesIn(folder)) {
+        std::string_view rest = number(name);
+        if (HasEnded(TakeProcess(rest)))
+            ::unlink((folder + "/" + name).c_str());
+    }
 }
 
 /// Looks at the name alone, before the file itself is asked.
@@ -93,6 +113,30 @@ void RemoveTemporaryLeftovers() noexcept
     } catch (const std::bad_alloc&) {
         return;  // the next start tries again
     }
+}
+
+std::string UnfinishedName(const std::string& path)
+{
+    return path + std::string(kUnchecked) + std::to_string(::getpid());
+}
+
+void RemoveUnfinishedOf(const std::string& path)
+{
+    const std::string front = path.substr(path.rfind('/') + 1) + std::string(kUnchecked);
+    RemoveEnded(FolderOf(path), [&](std::string_view name) {
+        return name.starts_with(front) ? name.substr(front.size()) : std::string_view();
+    });
+}
+
+void RemoveUnfinishedIn(const std::string& folder,
+                        const std::function<bool(std::string_view)>& ours)
+{
+    RemoveEnded(folder, [&](std::string_view name) {
+        const std::size_t mark = name.find(kUnchecked);
+        return mark != std::string_view::npos && ours(name.substr(0, mark))
+                   ? name.substr(mark + kUnchecked.size())
+                   : std::string_view();
+    });
 }
 
 }  // namespace clb

@@ -1,5 +1,7 @@
 #pragma once
+#include <functional>
 #include <string>
+#include <string_view>
 
 namespace clb {
 
@@ -17,5 +19,13 @@ std::string TemporaryFront();
 void RemoveLeftovers(const std::string& folder) noexcept;
 /// The same for the system's folder for temporary files.
 void RemoveTemporaryLeftovers() noexcept;
+
+/// The name that a copy has in this process until it is checked: "PATH.new-1234".
+std::string UnfinishedName(const std::string& path);
+/// Removes the unfinished copies for this path that ended programs have left, and their journals.
+void RemoveUnfinishedOf(const std::string& path);
+/// Removes the same from a folder, for all paths in it whose file names `ours` accepts.
+void RemoveUnfinishedIn(const std::string& folder,
+                        const std::function<bool(std::string_view)>& ours);
 
 }  // namespace clb

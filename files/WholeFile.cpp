@@ -50,12 +50,6 @@ void RequireWritable(const std::string& path)
         throw CannotWrite(path, errno);
 }
 
-bool IsThere(const std::string& path)
-{
-    struct stat status {};
-    return ::lstat(path.c_str(), &status) == 0;
-}
-
 }  // namespace
 
 WholeFile::WholeFile(const std::string& path, Existing existing)
@@ -126,25 +120,6 @@ void WholeFile::TakeOverRights() const
         throw CannotWrite(target_, errno);
 }
 
-/// Gives the file its name unless something has got it meanwhile. Not every file system can do so
-/// by renaming, and not every one by linking.
-void WholeFile::RenameToNew() const
-{
-    if (::renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, target_.c_str(), RENAME_NOREPLACE) == 0)
-        return;
-    if (errno == EINVAL || errno == ENOSYS) {
-        if (::link(path_.c_str(), target_.c_str()) == 0) {
-            ::unlink(path_.c_str());
-            return;
-        }
-        if (errno != EEXIST && !IsThere(target_) && ::rename(path_.c_str(), target_.c_str()) == 0)
-            return;
-    }
-    if (errno == EEXIST || IsThere(target_))
-        throw AlreadyThere(target_);
-    throw CannotWrite(target_, errno);
-}
-
 void WholeFile::TakePlace()
 {
     if (special_) {
@@ -157,7 +132,7 @@ void WholeFile::TakePlace()
     if (!Sync(file_) || !file_.Close())
         throw CannotWrite(target_, errno);
     if (existing_ == Existing::Refuse)
-        RenameToNew();
+        RenameToNew(path_, target_);
     else if (::rename(path_.c_str(), target_.c_str()) != 0)
         throw CannotWrite(target_, errno);
     path_.clear();

@@ -46,7 +46,6 @@ public:
 private:
     void Open();
     void TakeOverRights() const;
-    void RenameToNew() const;
 
     std::string target_;  ///< the name, links resolved
     std::string path_;

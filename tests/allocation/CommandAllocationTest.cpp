@@ -8,6 +8,7 @@
 
 #include "cli/Commands.h"
 #include "tests/allocation/Tries.h"
+#include "tests/support/CheckingBook.h"
 
 namespace clb {
 namespace {
@@ -33,14 +34,10 @@ int RunCommand(
 class CommandAllocationTest : public testing::TestWithParam<Refusal> {
 protected:
     CommandAllocationTest()
-        : books_({"INSERT INTO Account (AccountID, Description, Type) VALUES ('C-1', 'Checking', "
-                  "'Bank')",
-                  "INSERT INTO Trans (Sequence, AccountID, PostDate, Description, Amount, CheckID, "
-                  "Category, PayeeName, Year, Period, FITID) VALUES (1, 'C-1', #2006-03-04#, "
-                  "'Deli', -12.5, '', 'Food', '', 2006, 3, 'a')",
-                  "UPDATE Account SET CurrentBalance = -12.5",
-                  "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES "
-                  "(2006, 3, 'Food', 'Living', -90)"})
+        : books_(CheckingBook(
+              {"UPDATE Account SET CurrentBalance = -12.5",
+               "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES "
+               "(2006, 3, 'Food', 'Living', -90)"}))
     {
         ::setenv("TMPDIR", books_.Path().c_str(), 1);
     }

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/allocation/TriedRequest.h"
+#include "tests/support/CheckingBook.h"
 
 namespace clb {
 namespace {
@@ -20,11 +21,7 @@ protected:
         return TriedRequest(books_, shown, std::move(made), std::move(request)).Run();
     }
 
-    BookFolder books_{
-        {"INSERT INTO Account (AccountID, Description, Type) VALUES ('C-1', 'Checking', 'Bank')",
-         "INSERT INTO Trans (Sequence, AccountID, PostDate, Description, Amount, CheckID, "
-         "Category, PayeeName, Year, Period, FITID) VALUES (1, 'C-1', #2006-03-04#, 'Deli', -12.5, "
-         "'', 'Food', '', 2006, 3, 'a')"}};
+    BookFolder books_{CheckingBook()};
 };
 
 // It was taken for "Invalid data" in the statement, and the rows before it were kept.

@@ -1,18 +1,13 @@
 #include "tests/allocation/TriedRequest.h"
 
 #include <algorithm>
-#include <istream>
-#include <ostream>
-#include <streambuf>
 
-#include "automation/Automation.h"
 #include "platform/SystemClock.h"
 #include "tests/crash/FixedMoment.h"
+#include "tests/support/RunOnLines.h"
 
 namespace clb {
 namespace {
-
-constexpr std::size_t kLongestLine = 1 << 20;
 
 /// The data rows of a grid's reply.
 Json DataRows(const Json& grid)
@@ -25,52 +20,6 @@ Json DataRows(const Json& grid)
 }
 
 }  // namespace
-
-/// Neither of the two takes memory while it is used.
-class TriedRequest::Input : public std::streambuf {
-public:
-    explicit Input(TriedRequest& sitting) : sitting_(sitting) { line_.reserve(kLongestLine); }
-
-protected:
-    int_type underflow() override
-    {
-        if (!sitting_.Give(line_))
-            return traits_type::eof();
-        setg(line_.data(), line_.data(), line_.data() + line_.size());
-        return traits_type::to_int_type(line_.front());
-    }
-
-private:
-    TriedRequest& sitting_;
-    std::string line_;
-};
-
-class TriedRequest::Output : public std::streambuf {
-public:
-    explicit Output(TriedRequest& sitting) : sitting_(sitting) { line_.reserve(kLongestLine); }
-
-protected:
-    int_type overflow(int_type letter) override
-    {
-        line_ += traits_type::to_char_type(letter);
-        return letter;
-    }
-    std::streamsize xsputn(const char* bytes, std::streamsize count) override
-    {
-        line_.append(bytes, static_cast<std::size_t>(count));
-        return count;
-    }
-    int sync() override
-    {
-        sitting_.Take(line_);
-        line_.clear();
-        return 0;
-    }
-
-private:
-    TriedRequest& sitting_;
-    std::string line_;
-};
 
 TriedRequest::TriedRequest(BookFolder& books, std::vector<Json> shown, std::vector<Json> made,
                            Json request)
@@ -85,12 +34,10 @@ std::vector<std::string> TriedRequest::Run()
     Tries tries(books_, Refusal::One, 7, Counted::Storage);
     tries_ = &tries;
     try {
-        Input input(*this);
-        Output output(*this);
-        std::istream requests(&input);
-        std::ostream replies(&output);
         FixedClock clock(Date::FromIso(kMoment).value());
-        RunAutomation(requests, replies, {books_.Path(), clock, ""}, nullptr);
+        RunOnLines(
+            {books_.Path(), clock, ""}, [this](std::string& line) { return Give(line); },
+            [this](const std::string& reply) { Take(reply); });
     } catch (const std::exception&) {
         FailingAllocations::End();
         if (!trying_)

@@ -19,9 +19,6 @@ public:
     std::vector<std::string> Run();
 
 private:
-    class Input;
-    class Output;
-
     /// The next line for the program; nothing at the end.
     bool Give(std::string& line);
     void Take(const std::string& reply);

@@ -11,7 +11,8 @@
 #include "automation/FormSteps.h"
 #include "desktop/UserEvents.h"
 #include "tests/allocation/Tries.h"
-#include "tests/support/FakePorts.h"
+#include "tests/support/CheckingBook.h"
+#include "tests/support/FakeOutside.h"
 
 namespace clb {
 namespace {
@@ -19,26 +20,14 @@ namespace {
 using testing::IsEmpty;
 
 /// The program over a book, with fakes for what is outside.
-struct Window {
+struct Window : FakeOutside {
     explicit Window(const std::string& folder)
-        : controller(
-              {folder, clock, messages, files, shell, pointer, dates, modal, printing, http, ""},
-              WindowMetrics()),
-          events(messages)
+        : controller(PortsOver(folder), WindowMetrics()), events(messages)
     {
         controller.Load();
         events.Attach([this] { controller.Settle(); }, [] {}, [this] { controller.Abandon(); });
     }
 
-    FakeClock clock;
-    FakeMessageBox messages;
-    FakeFileDialog files;
-    FakeShell shell;
-    FakePrintJob printing;
-    FakePointer pointer;
-    IsoDateForm dates;
-    FakeModalHost modal;
-    FakeHttp http;
     frmController controller;
     UserEvents events;
 };
@@ -46,16 +35,12 @@ struct Window {
 class WindowAllocationTest : public testing::TestWithParam<Refusal> {
 protected:
     WindowAllocationTest()
-        : books_({"INSERT INTO Account (AccountID, Description, Type) VALUES ('C-1', 'Checking', "
-                  "'Bank')",
-                  "INSERT INTO Trans (Sequence, AccountID, PostDate, Description, Amount, CheckID, "
-                  "Category, PayeeName, Year, Period, FITID) VALUES (1, 'C-1', #2006-03-04#, "
-                  "'Deli', -12.5, '', 'Food', '', 2006, 3, 'a')",
-                  "UPDATE Account SET CurrentBalance = -12.5",
-                  "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES "
-                  "(2006, 2, 'Food', 'Living', -100)",
-                  "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES "
-                  "(2006, 3, 'Rent', 'Home', -90)"})
+        : books_(CheckingBook(
+              {"UPDATE Account SET CurrentBalance = -12.5",
+               "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES "
+               "(2006, 2, 'Food', 'Living', -100)",
+               "INSERT INTO Budget (Year, Period, Category, CategoryGroup, Amount) VALUES "
+               "(2006, 3, 'Rent', 'Home', -90)"}))
     {
     }
 

@@ -21,7 +21,7 @@ const std::map<std::string, std::set<std::string>> kLadder = {
     {"base", {}},
     {"files", {"base"}},
     {"ports", {"base"}},
-    {"engine", {"base"}},
+    {"engine", {"base", "files"}},
     {"controls", {"base", "ports", "engine"}},
     {"data", {"base", "files", "engine"}},
     {"grid", {"base", "files", "ports", "engine", "controls", "data"}},

@@ -27,9 +27,10 @@ public:
     std::string End();
 
 private:
-    class Input;
-    class Output;
     void Run(const std::string& folder, const std::string& quoteService);
+    /// Waits for the next request. Returns false at the end of the input.
+    bool Give(std::string& line);
+    void Take(const std::string& line);
     Json Await();
 
     std::mutex mutex_;

@@ -80,6 +80,41 @@ TEST_F(LeftoversTest, NamesThatAreNotOursStay)
     EXPECT_TRUE(folder.Holds(".clb-" + ended + "-aB3xyZ/a folder"));
 }
 
+TEST_F(LeftoversTest, UnfinishedCopiesOfAPathGoOnceTheirProgramHasEnded)
+{
+    const std::string living = std::to_string(getppid());
+    const std::string own = UnfinishedName(folder.Path("out.mdb"));
+    folder.Write("out.mdb.new-" + ended, "half");
+    folder.Write("out.mdb.new-" + ended + "-journal", "half");
+    const std::string stay[] = {"out.mdb", "out.mdb.new-" + living, "out.mdb.new-", "out.mdb.new-x",
+                                "my-out.mdb.new-" + ended};
+    for (const std::string& name : stay)
+        folder.Write(name, "mine");
+    folder.Write(fs::path(own).filename().string(), "at work");
+
+    RemoveUnfinishedOf(folder.Path("out.mdb"));
+
+    EXPECT_EQ(own, folder.Path("out.mdb.new-" + std::to_string(getpid())));
+    EXPECT_TRUE(fs::exists(own));
+    EXPECT_FALSE(folder.Holds("out.mdb.new-" + ended));
+    EXPECT_FALSE(folder.Holds("out.mdb.new-" + ended + "-journal"));
+    for (const std::string& name : stay)
+        EXPECT_TRUE(folder.Holds(name)) << name;
+}
+
+TEST_F(LeftoversTest, UnfinishedCopiesInAFolderGoForTheNamesThatAreOurs)
+{
+    folder.Write("order.new-" + ended, "half");
+    folder.Write("letter.new-" + ended, "mine");
+    folder.Write("order", "mine");
+
+    RemoveUnfinishedIn(folder.Path(), [](std::string_view name) { return name == "order"; });
+
+    EXPECT_FALSE(folder.Holds("order.new-" + ended));
+    EXPECT_TRUE(folder.Holds("letter.new-" + ended));
+    EXPECT_TRUE(folder.Holds("order"));
+}
+
 TEST_F(LeftoversTest, WritingBesideALeftoverRemovesIt)
 {
     folder.Write(".clb-" + ended + "-aB3xyZ", "half a file");

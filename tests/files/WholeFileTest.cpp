@@ -117,6 +117,24 @@ TEST_F(WholeFileTest, InAFolderThatTakesNoFilesTheFormerFileStays)
     EXPECT_EQ(CountOf(folder.Path("closed")), 1U);
 }
 
+// Symptom: "No such file or directory" was reported instead of the reason.
+TEST_F(WholeFileTest, AFolderThatTakesNoMoreFilesIsTheReasonForARefusedName)
+{
+    const std::string path = folder.Path("closing/fresh");
+    folder.Write("closing/other", "");
+    const AsOrdinaryUser nobody({folder.Path(), folder.Path("closing")});
+    std::string told;
+    {
+        WholeFile file(path, Existing::Refuse);
+        fs::permissions(folder.Path("closing"), fs::perms(0500));
+        told = ErrorOf([&] { file.Keep(); }, 75);
+        fs::permissions(folder.Path("closing"), fs::perms(0700));
+    }
+
+    EXPECT_EQ(told, "Cannot write " + path + ": Permission denied");
+    EXPECT_EQ(CountOf(folder.Path("closing")), 1U);
+}
+
 TEST_F(WholeFileTest, AFileThatMayNotBeWrittenIsNotReplaced)
 {
     const std::string path = folder.Write("kept", "former");

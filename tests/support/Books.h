@@ -4,14 +4,14 @@
 
 #include "app/frmController.h"
 #include "data/EmptyDatabase.h"
-#include "tests/support/FakePorts.h"
+#include "tests/support/FakeOutside.h"
 #include "tests/support/TempFolder.h"
 
 namespace clb {
 
 /// The whole program over a fresh folder with the delivered database, and fakes for what is
 /// outside. It shows the net worth in March 2006.
-class Books {
+class Books : public FakeOutside {
 public:
     /// keepsCopies: as a person's own books, not as under automation.
     explicit Books(bool keepsCopies = false) : window(MakePorts(keepsCopies), WindowMetrics())
@@ -42,15 +42,6 @@ public:
     }
 
     TempFolder folder;
-    FakeClock clock;
-    FakeMessageBox messages;
-    FakeFileDialog files;
-    FakeShell shell;
-    FakePrintJob printing;
-    FakePointer pointer;
-    IsoDateForm dates;
-    FakeModalHost modal;
-    FakeHttp http;
     frmController window;
 
 private:
@@ -65,8 +56,7 @@ private:
     Ports MakePorts(bool keepsCopies)
     {
         folder.Write("db/clb.mdb", EmptyDatabase());
-        return {folder.Path(), clock, messages, files, shell, pointer,
-                dates,         modal, printing, http,  "",    keepsCopies};
+        return PortsOver(folder.Path(), keepsCopies);
     }
 };
 

@@ -1,0 +1,30 @@
+#pragma once
+#include <string>
+
+#include "app/Ports.h"
+#include "tests/support/FakePorts.h"
+
+namespace clb {
+
+/// A fake for everything that the program needs from outside.
+struct FakeOutside {
+    /// The ports of a program over this folder. They borrow the fakes. keepsCopies: as a person's
+    /// own books, not as under automation.
+    Ports PortsOver(const std::string& folder, bool keepsCopies = false)
+    {
+        return {folder, clock, messages, files, shell, pointer,
+                dates,  modal, printing, http,  "",    keepsCopies};
+    }
+
+    FakeClock clock;
+    FakeMessageBox messages;
+    FakeFileDialog files;
+    FakeShell shell;
+    FakePrintJob printing;
+    FakePointer pointer;
+    IsoDateForm dates;
+    FakeModalHost modal;
+    FakeHttp http;
+};
+
+}  // namespace clb
