@@ -189,19 +189,54 @@ TEST_F(DatabaseCheckTest, AccountsThatShareANumberAreTold)
                             "account: Account: number 3 (Nameless) has no account number."));
 }
 
-TEST_F(DatabaseCheckTest, ABalanceThatIsNoAmountIsStoredAnew)
+/// Symptom: such a balance was listed as "missing".
+TEST_F(DatabaseCheckTest, ABalanceThatIsNoAmountIsStoredAnewAndListedAsItWas)
+{
+    const std::vector<std::pair<std::string, std::string>> balances = {
+        {"12.5", "the binary fraction 12.5"},
+        {"x'0102'", "2 raw bytes"},
+        {"'it''s 3'", "the text 'it's 3'"},
+        {"NULL", "missing"}};
+    for (const auto& [stored, listed] : balances) {
+        Foreign("UPDATE Account SET CurrentBalance = " + stored);
+
+        EXPECT_EQ(RepairDatabase(folder_.Path(), kNow).balances, 1);
+
+        EXPECT_THAT(
+            Texts(),
+            ElementsAre("noticed: Account 'C1' (Checking): when a repair worked the balances out "
+                        "again on 2026-03-05, the stored balance was " +
+                        listed + " and its rows added up to -3."));
+        EXPECT_EQ(AcceptBalances(folder_.Path(), kNow), 1);
+        EXPECT_THAT(Texts(), IsEmpty());
+    }
+}
+
+TEST_F(DatabaseCheckTest, ABalanceWithATextThatEndsEarlyIsStoredAnew)
 {
     Foreign("UPDATE Account SET CurrentBalance = '3'|| x'00'");
 
     EXPECT_EQ(RepairDatabase(folder_.Path(), kNow).balances, 1);
-
-    EXPECT_THAT(
-        Texts(),
-        ElementsAre("noticed: Account 'C1' (Checking): when a repair worked the balances out "
-                    "again on 2026-03-05, the stored balance was missing and its rows "
-                    "added up to -3."));
     EXPECT_EQ(AcceptBalances(folder_.Path(), kNow), 1);
+
     EXPECT_THAT(Texts(), IsEmpty());
+}
+
+/// Lists that were begun before had no place for it.
+TEST_F(DatabaseCheckTest, AnOlderListOfBalancesIsReadAndGoneOnWith)
+{
+    Foreign(
+        "CREATE TABLE CvBalance (At DATETIME, AccountID TEXT, Stored MONEY, Total MONEY, "
+        "NoticedBy TEXT, TakenNoteOf DATETIME);"
+        "INSERT INTO CvBalance (At, AccountID, Stored, Total, NoticedBy) VALUES ('2026-03-01', "
+        "'C1', 50000, 70000, 'import');");
+    EXPECT_THAT(Texts(), ElementsAre(HasSubstr("the stored balance was 5 and")));
+    Foreign("UPDATE Account SET CurrentBalance = 12.5");
+
+    EXPECT_EQ(RepairDatabase(folder_.Path(), kNow).balances, 1);
+
+    EXPECT_THAT(Texts(), ElementsAre(HasSubstr("the stored balance was 5 and"),
+                                     HasSubstr("the stored balance was the binary fraction 12.5")));
 }
 
 TEST_F(DatabaseCheckTest, WhatTheFileDoesNotDeclareIsTold)
