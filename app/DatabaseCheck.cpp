@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "app/CheckCounters.h"
 #include "app/CheckSchema.h"
 #include "base/Text.h"
 #include "engine/Backup.h"
@@ -86,6 +87,8 @@ DatabaseCheck::DatabaseCheck(RawSql& raw) : raw_(raw)
         Try(table, [&] { Scan(table, *schema.Expected(table)); });
     if (places_.contains("Trans"))
         Try("Trans", [&] { plan_.numbers = CheckNumbers(raw_, findings_).NewNumbers(); });
+    for (const std::string& table : OwnTables())
+        Try(table, [&] { FindUsedUpNumbers(raw_, table, findings_); });
     Try("Account", [&] { ReadAccounts(); });
     for (const char* table : {"Trans", "Investment", "Loan"})
         FindOrphans(table);
