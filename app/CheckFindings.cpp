@@ -27,6 +27,9 @@ constexpr Meaning kMeanings[] = {
     {"number",
      "Transactions with one number are taken for pieces of one: splitting or moving one may change "
      "the other. The later ones can have numbers of their own."},
+    {"counter",
+     "Every new row of this table is refused. A backup from before that number was given has "
+     "numbers left."},
     {"account",
      "The rows of one show in the other as well, and only the first one's balance is kept."},
     {"orphan",

@@ -10,8 +10,9 @@ namespace clb {
 
 /// One thing that is wrong in a database, or several rows with the same.
 struct Finding {
-    /// "damage", "table", "column", "cell", "text", "number", "account", "orphan", "balance",
-    /// "noticed", "category", "month", "index", "trigger" or "view"; "clb check" adds "backup".
+    /// "damage", "table", "column", "cell", "text", "number", "counter", "account", "orphan",
+    /// "balance", "noticed", "category", "month", "index", "trigger" or "view"; "clb check" adds
+    /// "backup".
     std::string kind{};
     std::string table{};  ///< empty for damage and backup
     std::string text{};   ///< what and where, a sentence

@@ -131,6 +131,8 @@ std::vector<CheckSchema::Helper> CheckSchema::Helpers(RawSql& database,
 void CheckSchema::FindHelpers(FindingList& findings)
 {
     FindIndexes(findings);
+    for (const std::string& table : OwnTables())
+        FindUniqueIndexes(table, findings);
     FindTriggers(findings);
     FindViews(findings);
 }
@@ -140,7 +142,8 @@ std::string CheckSchema::ColumnsOf(RawSql& database, const std::string& index)
     std::string columns;
     database.Select("SELECT name FROM pragma_index_info(" + QuoteText(index) + ") ORDER BY seqno",
                     [&](const RawSql::Row& row) {
-                        columns += (columns.empty() ? "" : ", ") + std::string(row.Text(0));
+                        columns += (columns.empty() ? "" : ", ") +
+                                   std::string(row.IsNull(0) ? "an expression" : row.Text(0));
                     });
     return columns;
 }
@@ -179,6 +182,33 @@ void CheckSchema::FindIndexes(FindingList& findings)
                       .text = "The index " + index.name + " on " + index.table + " (" + columns +
                               ") is missing.",
                       .repairable = repairable});
+    }
+}
+
+/// None of the delivered indexes is unique.
+void CheckSchema::FindUniqueIndexes(const std::string& table, FindingList& findings)
+{
+    struct Unique {
+        std::string name;
+        bool declared;  ///< with the table itself
+    };
+    std::vector<Unique> indexes;
+    raw_.Select("SELECT name, origin FROM pragma_index_list(" + QuoteText(table) +
+                    ") WHERE \"unique\" = 1 ORDER BY seq DESC",
+                [&](const RawSql::Row& row) {
+                    indexes.push_back({std::string(row.Text(0)), row.Text(1) != "c"});
+                });
+    for (const Unique& index : indexes) {
+        const std::string columns = ColumnsOf(raw_, index.name);
+        findings.Add(
+            {.kind = "index",
+             .table = table,
+             .text = index.declared ? "The table " + table + ", which takes no values of " +
+                                          columns + " twice, is not declared so by this program."
+                                    : "The index " + index.name + " on " + table + " (" + columns +
+                                          "), which takes no values twice, is not this program's.",
+             .meaning = "A new row with values that are there already is refused, also by an "
+                        "import. Another program made it."});
     }
 }
 

@@ -21,7 +21,7 @@ public:
     /// Missing tables and columns, and columns of another type. An older version's file lacks what
     /// its upgrade adds, which is not a finding.
     void FindColumns(std::int16_t version, FindingList& findings);
-    /// Missing indexes and triggers, and triggers and views of somebody else.
+    /// Missing indexes and triggers, and unique indexes, triggers and views of somebody else.
     void FindHelpers(FindingList& findings);
 
     /// The delivered declaration of a table; null when the program has no such table.
@@ -42,6 +42,7 @@ private:
     bool IsTaken(const std::string& name);
     void FindLostVersion(FindingList& findings);
     void FindIndexes(FindingList& findings);
+    void FindUniqueIndexes(const std::string& table, FindingList& findings);
     void FindTriggers(FindingList& findings);
     void FindViews(FindingList& findings);
     void CompareTable(const TableInfo& expected, std::int16_t version, FindingList& findings);

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "app/CheckCounters.h"
 #include "app/CheckSchema.h"
 #include "base/Text.h"
 #include "engine/Backup.h"
@@ -86,6 +87,8 @@ DatabaseCheck::DatabaseCheck(RawSql& raw) : raw_(raw)
         Try(table, [&] { Scan(table, *schema.Expected(table)); });
     if (places_.contains("Trans"))
         Try("Trans", [&] { plan_.numbers = CheckNumbers(raw_, findings_).NewNumbers(); });
+    for (const std::string& table : OwnTables())
+        Try(table, [&] { FindUsedUpNumbers(raw_, table, findings_); });
     Try("Account", [&] { ReadAccounts(); });
     for (const char* table : {"Trans", "Investment", "Loan"})
         FindOrphans(table);
@@ -121,13 +124,14 @@ void DatabaseCheck::ReadAccounts()
     raw_.Select(
         "SELECT rowid, AccountID, Description, Type, CurrentBalance FROM Account ORDER BY rowid",
         [&](const RawSql::Row& row) {
+            const bool stored = row.KindOf(4) == RawSql::Kind::Integer;
             Account account{row.Integer(0),
                             std::string(row.Text(1)),
                             std::string(row.Text(2)),
                             clsView::ViewFromAccountType(std::string(row.Text(3))),
-                            !row.IsNull(4),
-                            row.KindOf(4) == RawSql::Kind::Integer,
-                            row.Integer(4)};
+                            stored,
+                            row.Integer(4),
+                            stored || row.IsNull(4) ? std::string() : row.Describe(4)};
             const auto [same, fresh] = first.emplace(account.number, account.row);
             const auto add = [&](const std::string& text) {
                 findings_.Add({.kind = "account",
@@ -202,15 +206,14 @@ void DatabaseCheck::CompareBalance(const Account& account)
     const RowSum sum = rows == table->second.end() ? RowSum() : rows->second.sum;
     if (sum.Spoilt())
         return;  // told as cells
-    const auto stored = account.stored && account.readable
-                            ? std::optional(Money::FromScaled(account.balance))
-                            : std::nullopt;
+    const auto stored =
+        account.stored ? std::optional(Money::FromScaled(account.balance)) : std::nullopt;
     const auto total = sum.Total();
     if (total && stored == total)
         return;
-    const std::string balance = stored           ? stored->ToText()
-                                : account.stored ? "not an amount"
-                                                 : "missing";
+    const std::string balance = stored                    ? stored->ToText()
+                                : account.instead.empty() ? "missing"
+                                                          : "not an amount";
     findings_.Add({.kind = "balance",
                    .table = "Account",
                    .text = "Account " + Quoted(account.number) + " (" + account.description +
@@ -223,7 +226,7 @@ void DatabaseCheck::CompareBalance(const Account& account)
                    .repairable = total.has_value()});
     if (total)
         plan_.balances.push_back(
-            {account.row, {account.number, account.description, stored, total}});
+            {account.row, {account.number, account.description, stored, total, account.instead}});
 }
 
 std::string DatabaseCheck::DescriptionOf(const std::string& number) const
@@ -236,11 +239,13 @@ std::string DatabaseCheck::DescriptionOf(const std::string& number) const
 
 void DatabaseCheck::FindNoticed()
 {
-    if (!raw_.Find("CvBalance"))
+    const TableInfo* const list = raw_.Find("CvBalance");
+    if (!list)
         return;
     raw_.Select(
-        "SELECT rowid, At, AccountID, Stored, Total, NoticedBy FROM CvBalance WHERE TakenNoteOf IS "
-        "NULL ORDER BY rowid",
+        std::string("SELECT rowid, At, AccountID, Stored, Total, NoticedBy, ") +
+            (list->Find("StoredInstead") ? "StoredInstead" : "NULL") +
+            " FROM CvBalance WHERE TakenNoteOf IS NULL ORDER BY rowid",
         [this](const RawSql::Row& row) {
             const auto amount = [&](int at, const char* none) {
                 return row.KindOf(at) == RawSql::Kind::Integer
@@ -248,17 +253,17 @@ void DatabaseCheck::FindNoticed()
                            : std::string(none);
             };
             const std::string number(row.Text(2));
-            findings_.Add({.kind = "noticed",
-                           .table = "CvBalance",
-                           .text = "Account " + Quoted(number) + " (" + DescriptionOf(number) +
-                                   "): when " +
-                                   (row.Text(5) == "repair" ? "a repair" : "an import") +
-                                   " worked the balances out again on " +
-                                   std::string(row.Text(1).substr(0, 10)) +
-                                   ", the stored balance was " + amount(3, "missing") +
-                                   " and its rows added up to " + amount(4, "too much") + ".",
-                           .rows = 1,
-                           .row = row.Integer(0)});
+            findings_.Add(
+                {.kind = "noticed",
+                 .table = "CvBalance",
+                 .text = "Account " + Quoted(number) + " (" + DescriptionOf(number) + "): when " +
+                         (row.Text(5) == "repair" ? "a repair" : "an import") +
+                         " worked the balances out again on " +
+                         std::string(row.Text(1).substr(0, 10)) + ", the stored balance was " +
+                         (row.IsNull(6) ? amount(3, "missing") : std::string(row.Text(6))) +
+                         " and its rows added up to " + amount(4, "too much") + ".",
+                 .rows = 1,
+                 .row = row.Integer(0)});
         });
 }
 

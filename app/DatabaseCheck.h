@@ -58,9 +58,9 @@ private:
         std::string number;
         std::string description;
         std::int32_t view = 0;
-        bool stored = false;   ///< has a balance, or something in its place
-        bool readable = true;  ///< which is an amount
+        bool stored = false;  ///< has a balance
         std::int64_t balance = 0;
+        std::string instead{};  ///< what it has in a balance's place, in words
     };
     using Rows = std::map<std::optional<std::string>, AccountRows>;
 

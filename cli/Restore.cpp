@@ -3,12 +3,14 @@
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "data/Backups.h"
+#include "engine/EngineError.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
 
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <optional>
 
 namespace clb {
 namespace {
@@ -17,12 +19,30 @@ struct RestoreOptions : FolderOptions {
     std::string backup;
 };
 
+RuntimeError NoFile(const std::string& path, const std::string& what)
+{
+    return {errors::FileNotFound, "The file '" + path + "' " + what};
+}
+
+/// Throws RuntimeError if the path cannot be followed.
+bool Exists(const std::string& path)
+{
+    std::error_code error;
+    const std::filesystem::file_type type = std::filesystem::status(path, error).type();
+    if (type == std::filesystem::file_type::none)
+        throw NoFile(path, "cannot be read: " + error.message() + ".");
+    return type != std::filesystem::file_type::not_found;
+}
+
 /// A file as it is named, else the folder's backup of that name.
 std::string FindBackup(const Backups& backups, const std::string& word)
 {
-    if (std::filesystem::exists(word))
+    if (Exists(word))
         return word;
-    if (std::filesystem::exists(backups.PathOf(word)))
+    // No backup of the folder has a name with a folder in it.
+    if (word.find('/') != std::string::npos)
+        throw NoFile(word, "does not exist.");
+    if (Exists(backups.PathOf(word)))
         return backups.PathOf(word);
     std::string known;
     for (const std::string& name : backups.Names())
@@ -34,12 +54,26 @@ std::string FindBackup(const Backups& backups, const std::string& word)
                            ".");
 }
 
+/// The general advice on a damaged file is to restore a backup, which this one is.
+std::optional<std::string> Restore(Backups& backups, const std::string& file)
+{
+    try {
+        return backups.Restore(file, SystemClock().Now());
+    } catch (const EngineError& error) {
+        const std::string what = error.what();
+        if (error.Trouble() != FileTrouble::Damaged || what.find(file) == std::string::npos)
+            throw;
+        throw EngineError(error.Number(),
+                          what + " The database is as it was. Restore another backup.");
+    }
+}
+
 void RestoreBackup(const RestoreOptions& options)
 {
     const std::string folder = ProgramFolder(PlacesOf(options.home));
     Backups backups(folder);
     const std::string file = FindBackup(backups, options.backup);
-    const auto kept = backups.Restore(file, SystemClock().Now());
+    const auto kept = Restore(backups, file);
     if (options.json) {
         const Json before = kept ? Json(*kept) : Json();
         std::cout << ToLine({{"file", DatabasePath(folder)}, {"from", file}, {"kept", before}})

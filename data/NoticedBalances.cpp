@@ -16,6 +16,11 @@ std::string Amount(const std::optional<Money>& amount)
     return amount ? amount->ToText() : "NULL";
 }
 
+std::string TextOrNull(const std::string& text)
+{
+    return text.empty() ? "NULL" : Quoted(text);
+}
+
 std::string Equals(const std::string& column, const std::optional<Money>& amount)
 {
     return column + (amount ? " = " + amount->ToText() : " IS NULL");
@@ -26,23 +31,29 @@ std::string Literal(const Date& date)
     return "#" + date.ToIso() + "#";
 }
 
-bool HasList(Connection& connection)
+bool HasColumn(Connection& connection, const std::string& column)
 {
     try {
-        connection.Execute("SELECT At FROM CvBalance WHERE false");
+        connection.Execute("SELECT " + column + " FROM CvBalance WHERE false");
         return true;
     } catch (const EngineError& error) {
-        if (error.Number() == engine_errors::NoSuchTable)
+        if (error.Number() == engine_errors::NoSuchTable ||
+            error.Number() == engine_errors::NoSuchColumn)
             return false;
         throw;
     }
+}
+
+bool HasList(Connection& connection)
+{
+    return HasColumn(connection, "At");
 }
 
 void MakeList(Connection& connection)
 {
     connection.Execute(
         "CREATE TABLE CvBalance (At DATETIME, AccountID TEXT, Stored MONEY, Total MONEY, "
-        "NoticedBy TEXT, TakenNoteOf DATETIME)");
+        "NoticedBy TEXT, TakenNoteOf DATETIME, StoredInstead TEXT)");
 }
 
 bool IsListed(Connection& connection, const OddBalance& odd)
@@ -50,7 +61,8 @@ bool IsListed(Connection& connection, const OddBalance& odd)
     return !connection
                 .Execute("SELECT At FROM CvBalance WHERE TakenNoteOf IS NULL AND AccountID = " +
                          Quoted(odd.accountID) + " AND " + Equals("Stored", odd.stored) + " AND " +
-                         Equals("Total", odd.sum))
+                         Equals("Total", odd.sum) + " AND StoredInstead " +
+                         (odd.instead.empty() ? "IS NULL" : "= " + Quoted(odd.instead)))
                 .Empty();
 }
 
@@ -64,12 +76,16 @@ void Note(Connection& connection, const std::vector<OddBalance>& odd, const std:
     const Connection::Untraced untraced(connection);
     if (!HasList(connection))
         MakeList(connection);
+    else if (!HasColumn(connection, "StoredInstead"))
+        connection.Execute("ALTER TABLE CvBalance ADD COLUMN StoredInstead TEXT");
     for (const OddBalance& balance : odd)
         if (!IsListed(connection, balance))
             connection.Execute(
-                "INSERT INTO CvBalance (At, AccountID, Stored, Total, NoticedBy) VALUES (" +
+                "INSERT INTO CvBalance (At, AccountID, Stored, Total, NoticedBy, StoredInstead) "
+                "VALUES (" +
                 Literal(now) + ", " + Quoted(balance.accountID) + ", " + Amount(balance.stored) +
-                ", " + Amount(balance.sum) + ", " + Quoted(by) + ")");
+                ", " + Amount(balance.sum) + ", " + Quoted(by) + ", " +
+                TextOrNull(balance.instead) + ")");
 }
 
 std::int32_t CountOpen(Connection& connection)

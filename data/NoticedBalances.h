@@ -17,6 +17,8 @@ struct OddBalance {
     std::string description;
     std::optional<Money> stored;  ///< nothing: the account has none
     std::optional<Money> sum;     ///< nothing: its rows add up to more than an amount can be
+    /// What was stored if it was not an amount, in words: "2 raw bytes"; empty otherwise.
+    std::string instead{};
 };
 
 /// The list of balances that did not fit their rows when something stored them anew. It says that
@@ -24,8 +26,8 @@ struct OddBalance {
 /// person has taken note.
 ///
 /// The table CvBalance is made with the first entry: At, AccountID, Stored, Total (both amounts may
-/// be missing), NoticedBy ("import" or "repair"), TakenNoteOf (empty until then). No statement is
-/// traced. All throw EngineError.
+/// be missing), NoticedBy ("import" or "repair"), TakenNoteOf (empty until then), StoredInstead
+/// (added to an older list that lacks it). No statement is traced. All throw EngineError.
 namespace noticed_balances {
 
 /// Adds the balances to the list, in the pending group. What stands there already with the same

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/SchemaVersion.h"
 #include "engine/Connection.h"
@@ -70,13 +71,28 @@ std::string Sentence(const std::string& what, const Names& names)
            (names.size() == 1 ? " is missing" : " are missing");
 }
 
+/// Nothing if the table of the version does not name a number.
+std::optional<std::int16_t> VersionOf(Connection& book)
+{
+    try {
+        return SchemaVersionOf(book).value_or(0);
+    } catch (const EngineError& error) {
+        if (error.Number() != engine_errors::ItemNotFound)
+            throw;
+    } catch (const RuntimeError&) {
+        // The name is not a number, or too large a one.
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::string MissingFrom(Connection& book)
 {
     Names tables;
     Names columns;
-    for (const Table& table : TablesOf(SchemaVersionOf(book).value_or(0))) {
+    const auto version = VersionOf(book);
+    for (const Table& table : TablesOf(version.value_or(0))) {
         const auto missing = MissingColumns(book, table);
         if (!missing)
             tables.emplace_back(table.name);
@@ -85,7 +101,9 @@ std::string MissingFrom(Connection& book)
     }
     if (!tables.empty())
         return Sentence("table", tables);
-    return columns.empty() ? std::string() : Sentence("column", columns);
+    if (!columns.empty())
+        return Sentence("column", columns);
+    return version ? std::string() : "the table _SchemaVersion names no version";
 }
 
 }  // namespace clb

@@ -12,6 +12,8 @@
 
 namespace clb {
 
+struct SummedAmounts;
+
 /// The data store: every query and update the program runs. Owns the only connection, opened for
 /// the whole run, and the one result set that the grid shows.
 ///
@@ -118,7 +120,10 @@ private:
                            std::int32_t& errorColumn, std::string& errorMessage);
     bool AccountTaken(std::int32_t accountColumn, std::int32_t sequenceColumn);
     std::string RowsStatement() const;
-    Money Sum(const std::string& sql);
+    /// The value of TotAmount. Throws EngineError, which names the cell if one of the amounts is
+    /// something else.
+    Value Total(const std::string& sql, const SummedAmounts& amounts);
+    Money Sum(const std::string& sql, const SummedAmounts& amounts);
     Money RegisterBalance();
     void AccountTotals(const std::string& condition, Money& first, Money& second);
     static void RefuseQuotes(Recordset& source, Recordset& target);

@@ -1,15 +1,26 @@
 // Balances and totals. Every sum is made by the database and is exact.
 
 #include "base/RuntimeError.h"
+#include "data/WrongAmount.h"
 #include "data/clsDatabase.h"
+#include "engine/EngineError.h"
 
 namespace clb {
 
-Money clsDatabase::Sum(const std::string& sql)
+Value clsDatabase::Total(const std::string& sql, const SummedAmounts& amounts)
 {
-    Recordset records;
-    Fill(records, sql, true);
-    return ToMoney(records.Get("TotAmount"));
+    try {
+        Recordset records;
+        Fill(records, sql, true);
+        return records.Get("TotAmount");
+    } catch (const EngineError& error) {
+        ThrowWithPlace(connection_, amounts, error);
+    }
+}
+
+Money clsDatabase::Sum(const std::string& sql, const SummedAmounts& amounts)
+{
+    return ToMoney(Total(sql, amounts));
 }
 
 void clsDatabase::AccountTotals(const std::string& condition, Money& first, Money& second)
@@ -34,13 +45,11 @@ Money clsDatabase::RegisterBalance()
     // Missing, it is an error even where it would not count.
     if (!account.Empty() && IsNull(account.Get("OpeningBalance")))
         throw RuntimeError(errors::InvalidNull, "Invalid use of Null");
-    Recordset past;
-    Fill(past,
-         "SELECT SUM( Amount ) AS TotAmount FROM Trans WHERE AccountID = '" + ShownAccount() +
-             "' AND ( Year < " + year + " OR ( Year = " + year +
-             " AND Period <= " + std::to_string(shown_.Period()) + ") )",
-         true);
-    const Value& amount = past.Get("TotAmount");
+    const std::string past = "AccountID = '" + ShownAccount() + "' AND ( Year < " + year +
+                             " OR ( Year = " + year +
+                             " AND Period <= " + std::to_string(shown_.Period()) + ") )";
+    const Value amount = Total("SELECT SUM( Amount ) AS TotAmount FROM Trans WHERE " + past,
+                               {"Trans", {"Amount"}, past});
     // Before the first transaction the balance is 0, not the opening balance; settled.
     if (IsNull(amount))
         return {};
@@ -57,20 +66,24 @@ void clsDatabase::CalcTotals(Money& first, Money& second)
             AccountTotals(" WHERE Type = '" + shown_.AccountType() + "'", first, second);
             break;
         case vwBudget:
-            first = Sum("SELECT SUM( Amount ) AS TotAmount FROM Budget WHERE" + month);
+            first = Sum("SELECT SUM( Amount ) AS TotAmount FROM Budget WHERE" + month,
+                        {"Budget", {"Amount"}, month});
             second =
                 Sum("SELECT SUM( Amount ) AS TotAmount FROM Account INNER JOIN Trans ON "
                     "Account.AccountID = Trans.AccountID WHERE Account.BudgetInclude = TRUE AND" +
-                    month);
+                        month,
+                    {"Trans", {"Amount"}, month});
             break;
         case vwAccount: first = RegisterBalance(); break;
         case vwInvestment:
             first = Sum("SELECT sum( Total ) AS TotAmount FROM Investment WHERE AccountID = '" +
-                        ShownAccount() + "'");
+                            ShownAccount() + "'",
+                        {"Investment", {"Total"}, "AccountID = '" + ShownAccount() + "'"});
             break;
         case vwLoan:
             // On purpose over the loans of every loan account, not only the shown one.
-            first = Sum("SELECT SUM( OriginalAmount - PaidAmount ) AS TotAmount FROM Loan");
+            first = Sum("SELECT SUM( OriginalAmount - PaidAmount ) AS TotAmount FROM Loan",
+                        {"Loan", {"OriginalAmount", "PaidAmount"}, {}});
             break;
         default: break;
     }
@@ -84,17 +97,26 @@ void clsDatabase::UpdateBalance(std::int32_t& view, std::string& accountID)
         accountID = shown_.AccountID();
 
     std::string sql;
+    SummedAmounts amounts;
     switch (view) {
-        case vwAccount: sql = "SELECT SUM( Amount ) AS TotAmount FROM Trans"; break;
-        case vwInvestment: sql = "SELECT sum( Total ) AS TotAmount FROM Investment"; break;
+        case vwAccount:
+            sql = "SELECT SUM( Amount ) AS TotAmount FROM Trans";
+            amounts = {"Trans", {"Amount"}, {}};
+            break;
+        case vwInvestment:
+            sql = "SELECT sum( Total ) AS TotAmount FROM Investment";
+            amounts = {"Investment", {"Total"}, {}};
+            break;
         case vwLoan:
             sql = "SELECT sum( OriginalAmount - PaidAmount ) AS TotAmount FROM Loan";
+            amounts = {"Loan", {"OriginalAmount", "PaidAmount"}, {}};
             break;
         default: return;
     }
     Lock();
     const std::string account = ToSqlString(accountID);
-    const Money activity = Sum(sql + " WHERE AccountID = '" + account + "'");
+    amounts.condition = "AccountID = '" + account + "'";
+    const Money activity = Sum(sql + " WHERE " + amounts.condition, amounts);
 
     Recordset balance;
     balance.Open("SELECT CurrentBalance FROM Account WHERE AccountID = '" + account + "'",

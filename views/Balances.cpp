@@ -3,7 +3,9 @@
 #include <exception>
 #include <map>
 #include <set>
+#include <vector>
 
+#include "data/WrongAmount.h"
 #include "data/clsDatabase.h"
 #include "engine/EngineError.h"
 #include "views/clsView.h"
@@ -20,11 +22,17 @@ struct RowTable {
     std::int32_t view;
     const char* table;
     const char* amount;
+    std::vector<std::string> columns;
 };
 
-constexpr RowTable kTables[] = {{vwAccount, "Trans", "Amount"},
-                                {vwInvestment, "Investment", "Total"},
-                                {vwLoan, "Loan", "OriginalAmount - PaidAmount"}};
+const std::vector<RowTable>& Tables()
+{
+    static const std::vector<RowTable> tables = {
+        {vwAccount, "Trans", "Amount", {"Amount"}},
+        {vwInvestment, "Investment", "Total", {"Total"}},
+        {vwLoan, "Loan", "OriginalAmount - PaidAmount", {"OriginalAmount", "PaidAmount"}}};
+    return tables;
+}
 
 std::string SumOf(const RowTable& rows)
 {
@@ -35,13 +43,13 @@ std::string SumOf(const RowTable& rows)
 std::optional<Money> SumOfOne(Connection& connection, const RowTable& rows,
                               const std::string& account)
 {
+    const std::string condition = "AccountID = '" + clsDatabase::ToSqlString(account) + "'";
     try {
-        Recordset sum = connection.Execute("SELECT " + SumOf(rows) + " WHERE AccountID = '" +
-                                           clsDatabase::ToSqlString(account) + "'");
+        Recordset sum = connection.Execute("SELECT " + SumOf(rows) + " WHERE " + condition);
         return IsNull(sum.Get("Total")) ? Money() : ToMoney(sum.Get("Total"));
     } catch (const EngineError& error) {
         if (error.Number() != engine_errors::Overflow)
-            throw;
+            ThrowWithPlace(connection, {rows.table, rows.columns, condition}, error);
         return std::nullopt;
     }
 }
@@ -58,7 +66,7 @@ std::optional<Sums> AllSums(Connection& connection, const RowTable& rows)
         return sums;
     } catch (const EngineError& error) {
         if (error.Number() != engine_errors::Overflow)
-            throw;
+            ThrowWithPlace(connection, {rows.table, rows.columns, {}}, error);
         return std::nullopt;
     }
 }
@@ -125,7 +133,7 @@ std::vector<OddBalance> OddBalances(clsDatabase& database)
     for (; !accounts.AtEnd(); accounts.MoveNext()) {
         const std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
         const Value& number = accounts.Get("AccountID");
-        for (const RowTable& rows : kTables) {
+        for (const RowTable& rows : Tables()) {
             // Of two accounts with one number only the first is stored anew.
             if (rows.view != view || IsNull(number) || !seen.insert(ToText(number)).second)
                 continue;

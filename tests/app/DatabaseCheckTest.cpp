@@ -189,19 +189,54 @@ TEST_F(DatabaseCheckTest, AccountsThatShareANumberAreTold)
                             "account: Account: number 3 (Nameless) has no account number."));
 }
 
-TEST_F(DatabaseCheckTest, ABalanceThatIsNoAmountIsStoredAnew)
+/// Symptom: such a balance was listed as "missing".
+TEST_F(DatabaseCheckTest, ABalanceThatIsNoAmountIsStoredAnewAndListedAsItWas)
+{
+    const std::vector<std::pair<std::string, std::string>> balances = {
+        {"12.5", "the binary fraction 12.5"},
+        {"x'0102'", "2 raw bytes"},
+        {"'it''s 3'", "the text 'it's 3'"},
+        {"NULL", "missing"}};
+    for (const auto& [stored, listed] : balances) {
+        Foreign("UPDATE Account SET CurrentBalance = " + stored);
+
+        EXPECT_EQ(RepairDatabase(folder_.Path(), kNow).balances, 1);
+
+        EXPECT_THAT(
+            Texts(),
+            ElementsAre("noticed: Account 'C1' (Checking): when a repair worked the balances out "
+                        "again on 2026-03-05, the stored balance was " +
+                        listed + " and its rows added up to -3."));
+        EXPECT_EQ(AcceptBalances(folder_.Path(), kNow), 1);
+        EXPECT_THAT(Texts(), IsEmpty());
+    }
+}
+
+TEST_F(DatabaseCheckTest, ABalanceWithATextThatEndsEarlyIsStoredAnew)
 {
     Foreign("UPDATE Account SET CurrentBalance = '3'|| x'00'");
 
     EXPECT_EQ(RepairDatabase(folder_.Path(), kNow).balances, 1);
-
-    EXPECT_THAT(
-        Texts(),
-        ElementsAre("noticed: Account 'C1' (Checking): when a repair worked the balances out "
-                    "again on 2026-03-05, the stored balance was missing and its rows "
-                    "added up to -3."));
     EXPECT_EQ(AcceptBalances(folder_.Path(), kNow), 1);
+
     EXPECT_THAT(Texts(), IsEmpty());
+}
+
+/// Lists that were begun before had no place for it.
+TEST_F(DatabaseCheckTest, AnOlderListOfBalancesIsReadAndGoneOnWith)
+{
+    Foreign(
+        "CREATE TABLE CvBalance (At DATETIME, AccountID TEXT, Stored MONEY, Total MONEY, "
+        "NoticedBy TEXT, TakenNoteOf DATETIME);"
+        "INSERT INTO CvBalance (At, AccountID, Stored, Total, NoticedBy) VALUES ('2026-03-01', "
+        "'C1', 50000, 70000, 'import');");
+    EXPECT_THAT(Texts(), ElementsAre(HasSubstr("the stored balance was 5 and")));
+    Foreign("UPDATE Account SET CurrentBalance = 12.5");
+
+    EXPECT_EQ(RepairDatabase(folder_.Path(), kNow).balances, 1);
+
+    EXPECT_THAT(Texts(), ElementsAre(HasSubstr("the stored balance was 5 and"),
+                                     HasSubstr("the stored balance was the binary fraction 12.5")));
 }
 
 TEST_F(DatabaseCheckTest, WhatTheFileDoesNotDeclareIsTold)
@@ -303,9 +338,86 @@ TEST_F(DatabaseCheckTest, WithoutNumbersLeftNothingIsRenumbered)
     AddRow(2147483647, 0, "C1", "2006-03-05", "Last", 0);
     AddRow(2147483647, 0, "C1", "2006-03-06", "Last too", 0);
 
-    ASSERT_EQ(Found().size(), 1U);
-    EXPECT_FALSE(Found()[0].repairable);
+    EXPECT_THAT(Texts(), ElementsAre("number: Trans: number 2147483647 stands for 2 transactions "
+                                     "(2 rows).",
+                                     HasSubstr("counter: Trans: number 2147483647")));
+    for (const Finding& finding : Found())
+        EXPECT_FALSE(finding.repairable);
     EXPECT_EQ(RepairDatabase(folder_.Path(), kNow).numbers, 0);
+}
+
+/// Such a file was called in order, and then no new row could be stored.
+TEST_F(DatabaseCheckTest, UsedUpNumbersAreTold)
+{
+    AddRow(2147483647, 0, "C1", "2006-03-05", "Last", 0);
+    Foreign(
+        "INSERT INTO Budget (Sequence, Year, Period, Category, CategoryGroup) VALUES (2147483647, "
+        "2006, 4, 'Food', '(none)');"
+        "INSERT INTO Loan (Sequence, AccountID) VALUES (2147483647, 'C1');"
+        "DELETE FROM Loan;");
+
+    EXPECT_THAT(
+        Texts(),
+        ElementsAre(
+            "counter: Trans: number 2147483647 (row 3) is the largest that there can be. No "
+            "number is left for a new row.",
+            "counter: Budget: number 2147483647 is the largest that there can be. No number "
+            "is left for a new row.",
+            "counter: Loan: number 2147483647, whose row is gone, is the largest that there "
+            "can be. No number is left for a new row."));
+    const std::vector<Finding> found = Found();
+    EXPECT_EQ(found[0].table, "Trans");
+    EXPECT_EQ(found[0].row, 3);
+    EXPECT_EQ(found[0].sequence, 2147483647);
+    EXPECT_EQ(found[2].row, std::nullopt);
+    EXPECT_EQ(found[0].column, "Sequence");
+    for (const Finding& finding : found) {
+        EXPECT_FALSE(finding.repairable);
+        EXPECT_THAT(finding.meaning, HasSubstr("refused"));
+    }
+}
+
+TEST_F(DatabaseCheckTest, TheLastNumberButOneIsInOrder)
+{
+    AddRow(2147483646, 0, "C1", "2006-03-05", "Last but one", 0);
+
+    EXPECT_THAT(Texts(), IsEmpty());
+}
+
+/// They make the storage refuse rows, and were called in order.
+TEST_F(DatabaseCheckTest, UniqueIndexesOfAnotherProgramAreToldAndLeft)
+{
+    Foreign(
+        "CREATE UNIQUE INDEX OneADay ON Trans (AccountID, PostDate);"
+        "CREATE UNIQUE INDEX OneName ON Budget (lower(Category)) WHERE Amount > 0;"
+        "CREATE INDEX Harmless ON Trans (Description);");
+
+    EXPECT_THAT(Texts(),
+                ElementsAre("index: The index OneADay on Trans (AccountID, PostDate), which takes "
+                            "no values twice, is not this program's.",
+                            "index: The index OneName on Budget (an expression), which takes no "
+                            "values twice, is not this program's."));
+    for (const Finding& finding : Found()) {
+        EXPECT_FALSE(finding.repairable);
+        EXPECT_THAT(finding.meaning, HasSubstr("refused"));
+    }
+    RepairDatabase(folder_.Path(), kNow);
+    EXPECT_EQ(Texts().size(), 2U);
+}
+
+TEST_F(DatabaseCheckTest, ATableThatTakesNoValuesTwiceIsTold)
+{
+    Foreign(
+        "CREATE TABLE Copy (Sequence INTEGER PRIMARY KEY AUTOINCREMENT, Year LONG DEFAULT 0, "
+        "Period LONG DEFAULT 0, CategoryGroup TEXT(50), Category TEXT(50) UNIQUE, Amount MONEY "
+        "DEFAULT 0);"
+        "INSERT INTO Copy SELECT * FROM Budget; DROP TABLE Budget;"
+        "ALTER TABLE Copy RENAME TO Budget;"
+        "CREATE INDEX BudgetByMonth ON Budget (Year, Period, Category);"
+        "CREATE INDEX BudgetByMonthGroup ON Budget (Year, Period, CategoryGroup, Amount);");
+
+    EXPECT_THAT(Texts(), ElementsAre("index: The table Budget, which takes no values of Category "
+                                     "twice, is not declared so by this program."));
 }
 
 /// All rows with one number would take years if every piece looked at every transaction.

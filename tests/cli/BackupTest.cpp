@@ -106,6 +106,46 @@ TEST_F(BackupTest, WhatIsNotAWholeBookIsNotRestored)
     EXPECT_TRUE(folder.Read("books/db/clb.mdb") == before);
 }
 
+/// Symptoms: a folder that does not exist was named below the folder of backups, and a link to
+/// itself was reported as "filesystem error: status".
+TEST_F(BackupTest, WhyAFileCannotBeRestoredIsToldInASentence)
+{
+    const std::string before = folder.Read("books/db/clb.mdb");
+    const auto refusal = [&](const std::string& path) {
+        EXPECT_EQ(Run("restore '" + path + "'" + Home()), 1);
+        return Err();
+    };
+    const std::string missing = folder.Path("nowhere/stick.mdb");
+    EXPECT_EQ(refusal(missing), "clb: The file '" + missing + "' does not exist.\n");
+
+    const std::string loop = folder.Path("loop.mdb");
+    std::filesystem::create_symlink(loop, loop);
+    EXPECT_EQ(refusal(loop),
+              "clb: The file '" + loop + "' cannot be read: Too many levels of symbolic links.\n");
+
+    const std::string longName(300, 'x');
+    EXPECT_EQ(refusal(longName),
+              "clb: The file '" + longName + "' cannot be read: File name too long.\n");
+
+    EXPECT_TRUE(folder.Read("books/db/clb.mdb") == before);
+}
+
+/// Symptom: the advice was to keep the file and to bring a backup back.
+TEST_F(BackupTest, OfADamagedBackupAnotherOneIsAdvised)
+{
+    const std::string whole = folder.Read("books/db/clb.mdb");
+    const std::string half = folder.Write("half.mdb", whole.substr(0, whole.size() / 2));
+    const std::string torn =
+        folder.Write("torn.mdb", std::string(whole).replace(8192, 4096, std::string(4096, 'U')));
+    for (const std::string& file : {half, torn}) {
+        EXPECT_EQ(Run("restore '" + file + "'" + Home()), 1);
+
+        EXPECT_THAT(Err(), HasSubstr("file '" + file + "' is damaged"));
+        EXPECT_THAT(Err(), HasSubstr("The database is as it was. Restore another backup.\n"));
+    }
+    EXPECT_TRUE(folder.Read("books/db/clb.mdb") == whole);
+}
+
 TEST_F(BackupTest, AFileInPlaceOfTheFolderIsFoundByCheck)
 {
     folder.Write("books/db/backup", "");

@@ -69,6 +69,40 @@ TEST_F(RestoreTest, ABookThatLacksATableOrAColumnIsRefused)
               "The file '" + include + refused + "column Account.BudgetInclude is missing.");
 }
 
+/// Symptom: "Type mismatch".
+TEST_F(RestoreTest, ABookWithoutAVersionIsRefusedForWhatItLacks)
+{
+    const std::string tables =
+        "CREATE TABLE Account (AccountID TEXT, Description TEXT, Type TEXT, OpeningBalance MONEY, "
+        "CurrentBalance MONEY, Sequence LONG);"
+        "CREATE TABLE Trans (Sequence LONG, SubSequence LONG, AccountID TEXT, PostDate DATETIME, "
+        "Description TEXT, Amount MONEY, CheckID TEXT, Category TEXT, PayeeName TEXT, Year LONG, "
+        "Period LONG, FITID TEXT);"
+        "CREATE TABLE Budget (Sequence LONG, Year LONG, Period LONG, CategoryGroup TEXT, Category "
+        "TEXT, Amount MONEY);"
+        "CREATE TABLE Investment (StockSymbol TEXT, StockName TEXT, PurchaseDate DATETIME, "
+        "Quantity DOUBLE, PurchasePrice MONEY, LastPrice MONEY, Total MONEY, AccountID TEXT, "
+        "Sequence LONG);"
+        "CREATE TABLE _SchemaVersion (Latest LONG);";
+    const std::string columns = folder_.Path("columns.mdb");
+    Connection::CreateFile(columns, tables +
+                                        "CREATE TABLE Loan (Description TEXT, Amount MONEY, "
+                                        "InterestRate SINGLE, Sequence LONG);");
+    const std::string version = folder_.Path("version.mdb");
+    Connection::CreateFile(
+        version, tables +
+                     "CREATE TABLE Loan (Description TEXT, OriginalAmount MONEY, PaidAmount "
+                     "MONEY, InterestRate SINGLE, AccountID TEXT, Sequence LONG);");
+
+    EXPECT_EQ(RefusalOf(columns),
+              "The file '" + columns +
+                  "' is not a backup of this program: the columns Loan.OriginalAmount, "
+                  "Loan.PaidAmount and Loan.AccountID are missing.");
+    EXPECT_EQ(RefusalOf(version),
+              "The file '" + version +
+                  "' is not a backup of this program: the table _SchemaVersion names no version.");
+}
+
 TEST_F(RestoreTest, AnOlderBookAndALaterOneAreRestored)
 {
     CloseStore();

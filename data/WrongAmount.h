@@ -1,0 +1,23 @@
+#pragma once
+#include <string>
+#include <vector>
+
+namespace clb {
+
+class Connection;
+class EngineError;
+
+/// The amounts that a sum is made of.
+struct SummedAmounts {
+    std::string table;
+    std::vector<std::string> columns;
+    std::string condition;  ///< of the rows, as after WHERE; empty: all rows
+};
+
+/// Throws the error that a sum ended with. If that is because a cell holds something that is not an
+/// amount, the error's text names the first such cell: table, column, number, piece and account.
+/// Reads the table only then.
+[[noreturn]] void ThrowWithPlace(Connection& connection, const SummedAmounts& amounts,
+                                 const EngineError& error);
+
+}  // namespace clb
