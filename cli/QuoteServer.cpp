@@ -5,9 +5,11 @@
 
 #include <atomic>
 #include <csignal>
+#include <exception>
 #include <iostream>
 #include <memory>
 #include <string_view>
+#include <system_error>
 #include <thread>
 
 #include "base/Interruption.h"
@@ -15,6 +17,7 @@
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "cli/PriceFile.h"
+#include "cli/Thread.h"
 #include "platform/Signals.h"
 
 namespace clb {
@@ -72,12 +75,19 @@ int Bind(httplib::Server& server, int port)
     return bound;
 }
 
-/// Serves until the program is told to end.
+/// Serves until the program is told to end. Throws what the server ended with.
 void ServeUntilSignalled(httplib::Server& server, const sigset_t& signals)
 {
     std::atomic<bool> ended = false;
-    std::thread serving([&] {
-        server.listen_after_bind();
+    std::exception_ptr failure;
+    std::thread serving = StartThread([&] {
+        try {
+            server.listen_after_bind();
+        } catch (const std::system_error&) {
+            failure = std::make_exception_ptr(NoThread());
+        } catch (...) {
+            failure = std::current_exception();
+        }
         ended = true;
         kill(getpid(), SIGTERM);
     });
@@ -88,6 +98,8 @@ void ServeUntilSignalled(httplib::Server& server, const sigset_t& signals)
     sigwait(&signals, &signal);
     server.stop();
     serving.join();
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 void Serve(const ServerOptions& options)
