@@ -101,8 +101,8 @@ TEST_F(MemoryTest, WithHardlyMoreThanTheLoaderTakesItSaysSoAndStoresNothing)
     const std::string before = folder.Read("books/db/clb.mdb");
     const int least = LeastForLoading();
     for (int more = -32; more < 1024; more += 16) {
-        const std::string words = more % 64 == 0 ? "import " + statement_ : std::string("check");
-        const int code = RunWithin(least + more, words + Home());
+        // A command without the main window: libsigc++ ends the program when it cannot connect.
+        const int code = RunWithin(least + more, "check --repair" + Home());
 
         ASSERT_NE(code, kAborted) << least << " + " << more << ": " << Err();
         if (code == 1) {
