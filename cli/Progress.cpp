@@ -3,11 +3,12 @@
 #include <new>
 
 #include "cli/Table.h"
+#include "cli/Thread.h"
 
 namespace clb {
 
 Progress::Progress(std::ostream& stream, std::size_t count, std::chrono::milliseconds pause)
-    : out_(stream.rdbuf()), count_(count), pause_(pause), teller_([this] { Tell(); })
+    : out_(stream.rdbuf()), count_(count), pause_(pause), teller_(StartThread([this] { Tell(); }))
 {
 }
 

@@ -13,6 +13,7 @@ namespace clb {
 /// once a pause, and only what is new. Writes to the stream as it was in the beginning.
 class Progress {
 public:
+    /// Throws RuntimeError (OutOfMemory) if the thread that tells it cannot be started.
     Progress(std::ostream& stream, std::size_t count,
              std::chrono::milliseconds pause = std::chrono::seconds(1));
     ~Progress();

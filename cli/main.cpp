@@ -4,6 +4,8 @@
 #include "platform/Signals.h"
 #include "platform/StandardStreams.h"
 
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <exception>
 #include <iostream>
@@ -35,6 +37,21 @@ int Run(int argc, char** argv)
     return exitCode;
 }
 
+constexpr char noMemory[] = "clb: There is not enough memory.\n";
+
+[[noreturn]] void EndForMemory()
+{
+    [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, noMemory, sizeof noMemory - 1);
+    ::_exit(refused);
+}
+
+/// Before main nobody catches what a global object's constructor throws, and without memory not
+/// even the exception can be made: the program would be aborted. Runs ahead of those constructors.
+[[gnu::constructor(101)]] void EndForMemoryUntilMain()
+{
+    std::set_new_handler(&EndForMemory);
+}
+
 void Tell(const std::string& sentence)
 {
     std::cerr << "clb: " << sentence << '\n';
@@ -47,7 +64,7 @@ int RunReported(int argc, char** argv)
     } catch (const clb::Interrupted&) {
         clb::EndBySignal();
     } catch (const std::bad_alloc&) {
-        std::cerr << "clb: There is not enough memory.\n";  // a longer text may need some
+        std::cerr << noMemory;  // a longer text may need some
         return refused;
     } catch (const std::exception& error) {
         Tell(clb::TroubleText(error));
@@ -59,6 +76,7 @@ int RunReported(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    std::set_new_handler(nullptr);
     clb::PrepareProcess();
     const clb::EndingSignals signals(clb::BreakOff::Anywhere);
     const int exitCode = RunReported(argc, argv);

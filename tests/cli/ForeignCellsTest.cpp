@@ -92,5 +92,21 @@ TEST_F(ForeignCellsTest, AmongManyAccountsTheCellIsNamedToo)
               "which is not an amount.\n");
 }
 
+/// One such account must not leave all balances as they were.
+TEST_F(ForeignCellsTest, AnAccountWhoseRowsAddUpToTooMuchKeepsItsBalanceAndTheOthersAreStored)
+{
+    Foreign(
+        "UPDATE Trans SET Amount = 9000000000000000000;"
+        "UPDATE Account SET CurrentBalance = 70000 WHERE AccountID = 'S''1';"
+        "UPDATE Account SET CurrentBalance = 50000 WHERE AccountID IN ('I1', 'L1');"
+        "UPDATE Investment SET Total = 120000;");
+
+    EXPECT_EQ(Run("import " + Statement("C1", "-2") + Home()), 1);
+
+    EXPECT_NE(Err().find("Overflow"), std::string::npos) << Err();
+    EXPECT_EQ(Sql("SELECT AccountID, CurrentBalance FROM Account"),
+              R"([["C1","-2"],["S'1","7"],["I1","12"],["L1","0"]])");
+}
+
 }  // namespace
 }  // namespace clb
