@@ -69,20 +69,25 @@ int FullYear(std::string_view digits)
 /// Digits only, exactly as many as asked for.
 bool Fixed(std::string_view text, std::size_t at, std::size_t count, int& value)
 {
-    const auto digits = text.substr(at, count);
-    if (digits.size() != count || digits.find_first_not_of("0123456789") != std::string_view::npos)
+    if (text.size() < at + count)
         return false;
-    value = Value(digits);
+    value = 0;
+    for (const char digit : text.substr(at, count)) {
+        if (digit < '0' || digit > '9')
+            return false;
+        value = value * 10 + (digit - '0');
+    }
     return true;
 }
 
 /// At least so many digits, zeros in front.
 void AppendDigits(std::string& text, unsigned number, std::size_t count)
 {
-    const std::size_t start = text.size();
-    for (; number > 0 || text.size() < start + count; number /= 10)
-        text.insert(text.begin() + static_cast<std::ptrdiff_t>(start),
-                    static_cast<char>('0' + number % 10));
+    std::array<char, 10> digits{};
+    std::size_t first = digits.size();
+    for (; number > 0 || digits.size() - first < count; number /= 10)
+        digits[--first] = static_cast<char>('0' + number % 10);
+    text.append(digits.data() + first, digits.size() - first);
 }
 
 }  // namespace

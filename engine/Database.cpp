@@ -233,6 +233,12 @@ void Statement::Bind(int parameter, const Value& value)
     RequireBound(BindValue(raw_.get(), parameter, value));
 }
 
+void Statement::BindAll(std::span<const Value> values)
+{
+    for (std::size_t i = 0; i < values.size(); ++i)
+        Bind(static_cast<int>(i) + 1, values[i]);
+}
+
 void Statement::BindText(int parameter, std::string_view text)
 {
     RequireBound(sqlite3_bind_text64(raw_.get(), parameter, text.data(), text.size(),
@@ -302,7 +308,12 @@ std::string Statement::Describe(int column) const
 
 std::string Statement::Text(int column) const
 {
-    return std::string(ColumnText(raw_.get(), column));
+    return std::string(TextView(column));
+}
+
+std::string_view Statement::TextView(int column) const
+{
+    return ColumnText(raw_.get(), column);
 }
 
 std::int64_t Statement::Integer(int column) const

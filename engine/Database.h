@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,8 @@ public:
     /// value is too big; so do the next two.
     void Bind(int parameter, const Value& value);
     void Bind(int parameter, const Value&& value) = delete;
+    /// Binds the values from the first parameter on; they must live as long.
+    void BindAll(std::span<const Value> values);
     void BindText(int parameter, std::string_view text);  ///< copied
     void BindInteger(int parameter, std::int64_t value);
     int ParameterCount() const;
@@ -38,6 +41,8 @@ public:
     /// What the cell holds in words, such as "the text '12,50'"; the beginning of a long text.
     std::string Describe(int column) const;
     std::string Text(int column) const;
+    /// The same without a copy: good until the statement moves on or is reset.
+    std::string_view TextView(int column) const;
     std::int64_t Integer(int column) const;
     void Reset() noexcept;
 

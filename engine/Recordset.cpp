@@ -73,7 +73,11 @@ const std::vector<Field>& Recordset::Fields() const
 
 std::size_t Recordset::FieldIndex(std::string_view name) const
 {
-    const std::vector<Field>& fields = state_->Fields();
+    return IndexOfField(state_->Fields(), name);
+}
+
+std::size_t IndexOfField(const std::vector<Field>& fields, std::string_view name)
+{
     for (std::size_t i = 0; i < fields.size(); ++i)
         if (fields[i].name == name)
             return i;

@@ -27,6 +27,10 @@ struct Field {
     bool counter = false;    ///< numbered by the database when a row is added
 };
 
+/// 0-based position of the field of this name, without regard to case. Throws EngineError when there
+/// is none.
+std::size_t IndexOfField(const std::vector<Field>& fields, std::string_view name);
+
 /// The rows of one SELECT, with a current row. Which rows belong is fixed at opening; a row added
 /// through the set joins at its end, whatever the condition says. A SELECT of columns from one
 /// table is updatable: it carries each row's identity unseen. Fields are addressed by name (without

@@ -51,9 +51,7 @@ const std::vector<Field>& Recordset::State::Fields() const
 void Recordset::State::Run()
 {
     const ReadGroup group(*session);
-    auto entry = session->Prepare(sql);
-    if (entry.plan->kind != Plan::Kind::Select)
-        throw refuse::Statement("Only a SELECT can be opened as a result set.");
+    auto entry = session->PrepareSelect(sql);
     plan = std::move(entry.plan);
     values = std::move(entry.values);
     edit = Edit::None;
@@ -81,14 +79,7 @@ bool Recordset::State::LoadIdentities()
 {
     if (plan->identitiesSql.empty())
         return false;
-    if (!plan->identities)
-        plan->identities = session->database.Prepare(plan->identitiesSql, true);
-    Statement& statement = plan->identities;
-    const ResetAtExit reset(statement);
-    Bind(statement);
-    std::vector<std::int64_t> found;
-    while (session->database.Step(statement))
-        found.push_back(statement.Integer(0));
+    const std::vector<std::int64_t> found = RowWriter(*session, *plan).Identities(*values);
     if (!found.empty() && found.size() <= RowStore::kKeptAtOpening)
         return false;
     for (const std::int64_t rowId : found) {
@@ -98,19 +89,13 @@ bool Recordset::State::LoadIdentities()
     return true;
 }
 
-void Recordset::State::Bind(Statement& statement) const
-{
-    for (std::size_t i = 0; i < values->size(); ++i)
-        statement.Bind(static_cast<int>(i) + 1, (*values)[i]);
-}
-
 void Recordset::State::Load()
 {
     if (LoadIdentities())
         return;
     Statement& statement = plan->statement;
     const ResetAtExit reset(statement);
-    Bind(statement);
+    statement.BindAll(*values);
     const int identity = static_cast<int>(plan->fields.size());
     while (session->database.Step(statement)) {
         const std::int64_t rowId = plan->carriesRowId ? statement.Integer(identity) : 0;

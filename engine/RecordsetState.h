@@ -60,7 +60,6 @@ private:
     void Load();
     /// Whether there are none, or so many that only their identities were put in order and loaded.
     bool LoadIdentities();
-    void Bind(Statement& statement) const;
     std::size_t FindEqual(std::size_t from, const Value& sought, std::size_t field);
     /// Null for a row that another statement has deleted.
     const Value* ValuesIfThere(std::size_t at);

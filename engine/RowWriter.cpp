@@ -84,49 +84,60 @@ void RowWriter::Delete(std::int64_t rowId)
         throw refuse::RowVanished();
 }
 
-RowStore::Rows RowWriter::Read(std::span<const std::int64_t> rowIds, const BoundValues& values,
-                               FieldRange range, Value* fields)
+std::vector<std::int64_t> RowWriter::Identities(const BoundValues& values)
 {
-    const ReadGroup group(*session_);
-    if (IsStretch(rowIds))
-        return ReadStretch(rowIds, values, range, fields);
-    Reader(plan_->reader, plan_->readerSql, values);
-    RowStore::Rows found;
-    for (std::size_t row = 0; row < rowIds.size(); ++row)
-        found.set(row, ReadRow(rowIds[row], range, fields + row * range.count));
+    if (!plan_->identities)
+        plan_->identities = session_->database.Prepare(plan_->identitiesSql, true);
+    Statement& statement = plan_->identities;
+    const ResetAtExit reset(statement);
+    statement.BindAll(values);
+    std::vector<std::int64_t> found;
+    while (session_->database.Step(statement))
+        found.push_back(statement.Integer(0));
     return found;
 }
 
-bool RowWriter::ReadRow(std::int64_t rowId, FieldRange range, Value* fields)
+RowStore::Rows RowWriter::Read(std::span<const std::int64_t> rowIds, const BoundValues& values,
+                               FieldRange range, Value* fields)
 {
-    Statement& reader = plan_->reader;
-    const ResetAtExit reset(reader);
-    reader.BindInteger(plan_->readerRowParameter, rowId);
-    if (!session_->database.Step(reader))
-        return false;
-    TakeFields(*plan_, reader, range, rowId, fields);
-    return true;
+    RowStore::Rows found;
+    Visit(rowIds, values, [&](std::size_t row, const Statement& statement) {
+        found.set(row);
+        TakeFields(*plan_, statement, range, rowIds[row], fields + row * range.count);
+    });
+    return found;
 }
 
-RowStore::Rows RowWriter::ReadStretch(std::span<const std::int64_t> rowIds,
-                                      const BoundValues& values, FieldRange range, Value* fields)
+void RowWriter::Visit(std::span<const std::int64_t> rowIds, const BoundValues& values,
+                      const Visitor& visit)
+{
+    const ReadGroup group(*session_);
+    if (IsStretch(rowIds))
+        return VisitStretch(rowIds, values, visit);
+    Statement& reader = Reader(plan_->reader, plan_->readerSql, values);
+    for (std::size_t row = 0; row < rowIds.size(); ++row) {
+        const ResetAtExit reset(reader);
+        reader.BindInteger(plan_->readerRowParameter, rowIds[row]);
+        if (session_->database.Step(reader))
+            visit(row, reader);
+    }
+}
+
+void RowWriter::VisitStretch(std::span<const std::int64_t> rowIds, const BoundValues& values,
+                             const Visitor& visit)
 {
     Statement& reader = Reader(plan_->stretch, plan_->stretchSql, values);
     const ResetAtExit reset(reader);
     reader.BindInteger(plan_->readerRowParameter, rowIds.front());
     reader.BindInteger(plan_->readerRowParameter + 1, rowIds.back());
-    RowStore::Rows found;
     std::size_t row = 0;
     while (session_->database.Step(reader)) {
         const std::int64_t rowId = reader.Integer(static_cast<int>(plan_->fields.size()));
         while (rowIds[row] < rowId)
             ++row;
-        if (rowIds[row] != rowId)
-            continue;
-        found.set(row);
-        TakeFields(*plan_, reader, range, rowId, fields + row * range.count);
+        if (rowIds[row] == rowId)
+            visit(row, reader);
     }
-    return found;
 }
 
 Statement& RowWriter::Reader(Statement& reader, const std::string& sql, const BoundValues& values)

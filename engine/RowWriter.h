@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -44,14 +45,21 @@ public:
     RowStore::Rows Read(std::span<const std::int64_t> rowIds, const BoundValues& values,
                         FieldRange range, Value* fields);
 
+    /// The identities of the result set's rows in order, where the plan can ask for them alone.
+    std::vector<std::int64_t> Identities(const BoundValues& values);
+    /// Hands each of the rows that is there to visit, with its place among the identities and the
+    /// statement that stands on it.
+    using Visitor = std::function<void(std::size_t row, const Statement& statement)>;
+    void Visit(std::span<const std::int64_t> rowIds, const BoundValues& values,
+               const Visitor& visit);
+
 private:
     /// Whether the database's counter numbers the new row.
     bool IsNumbered(const RowChange& change) const;
     Statement& InsertFor(const std::vector<bool>& set);
     Statement& UpdateFor(const std::vector<bool>& set);
-    bool ReadRow(std::int64_t rowId, FieldRange range, Value* fields);
-    RowStore::Rows ReadStretch(std::span<const std::int64_t> rowIds, const BoundValues& values,
-                               FieldRange range, Value* fields);
+    void VisitStretch(std::span<const std::int64_t> rowIds, const BoundValues& values,
+                      const Visitor& visit);
     Statement& Reader(Statement& reader, const std::string& sql, const BoundValues& values);
     int BindChange(Statement& statement, const RowChange& change);
 

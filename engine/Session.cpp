@@ -64,6 +64,14 @@ StatementCache::Entry Connection::State::Prepare(std::string_view sql)
     return entry;
 }
 
+StatementCache::Entry Connection::State::PrepareSelect(std::string_view sql)
+{
+    StatementCache::Entry entry = Prepare(sql);
+    if (entry.plan->kind != Plan::Kind::Select)
+        throw refuse::Statement("Only a SELECT can be opened as a result set.");
+    return entry;
+}
+
 void Connection::State::NoticeForeignSchema()
 {
     if (database.InTransaction() && !reading)

@@ -38,6 +38,8 @@ struct Connection::State {
     /// The compiled statement and its values. Notices first when another program has changed the
     /// schema. Throws EngineError.
     StatementCache::Entry Prepare(std::string_view sql);
+    /// The same for a statement whose rows are to be read. Throws EngineError for any but a SELECT.
+    StatementCache::Entry PrepareSelect(std::string_view sql);
     /// Opens the pending group unless it is open. Throws the error that made the storage give up
     /// the group, where it did.
     void BeginWrite();

@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <fstream>
+#include <optional>
 #include <ostream>
 #include <sstream>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
+#include "engine/RowWalk.h"
 #include "export/NotReturned.h"
 #include "files/FileError.h"
 #include "files/WholeFile.h"
@@ -68,37 +70,52 @@ void AppendText(std::string& to, std::string_view text)
         to += ToWindows1252(text);
 }
 
-/// What the writer needs of one row. The texts hold as long as the row is the current one.
+/// What the writer needs of one row. The texts are the database's own, good until the next row.
 struct SourceRow {
-    const Value* postDate;
-    const Value* amount;
+    std::optional<Date> postDate;
+    std::optional<Money> amount;
     std::string_view identifier;
     std::string_view checkID;
     std::string_view description;
     std::string_view notes;
 };
 
-/// The statement's rows, read one by one: their columns are looked up once.
+template <class Type>
+std::optional<Type> IfThere(const Value& value)
+{
+    const auto* held = std::get_if<Type>(&value);
+    return held ? std::optional(*held) : std::nullopt;
+}
+
+/// Where the fields of a transaction stand among those of the rows.
 class Source {
 public:
-    explicit Source(Recordset& rows) : rows_(rows)
+    explicit Source(const WalkedRow& any)
     {
         for (std::size_t n = 0; n < kNames.size(); ++n)
-            fields_[n] = rows.FieldIndex(kNames[n]);
+            fields_[n] = any.FieldIndex(kNames[n]);
     }
 
-    SourceRow Current() const { return {&Get(0), &Get(1), Text(2), Text(3), Text(4), Text(5)}; }
-    ExportedRow Whole(const SourceRow& row, std::string_view identifier) const
+    SourceRow Read(const WalkedRow& row) const
     {
-        const auto* date = std::get_if<Date>(row.postDate);
+        return {IfThere<Date>(row.Get(fields_[0])),
+                IfThere<Money>(row.Get(fields_[1])),
+                Text(row, 2),
+                Text(row, 3),
+                Text(row, 4),
+                Text(row, 5)};
+    }
+    ExportedRow Whole(const WalkedRow& from, const SourceRow& row,
+                      std::string_view identifier) const
+    {
         return {identifier,
-                date ? std::optional(*date) : std::nullopt,
-                !IsNull(*row.amount),
+                row.postDate,
+                row.amount.has_value(),
                 row.description,
                 row.notes,
                 row.checkID,
-                Text(6),
-                {ToLong(Get(7)), ToLong(Get(8))}};
+                Text(from, 6),
+                {ToLong(from.Get(fields_[7])), ToLong(from.Get(fields_[8]))}};
     }
 
 private:
@@ -106,14 +123,11 @@ private:
                                                           "CheckID",  "Description", "PayeeName",
                                                           "Category", "Year",        "Period"};
 
-    const Value& Get(std::size_t name) const { return rows_.Get(fields_[name]); }
-    std::string_view Text(std::size_t name) const
+    std::string_view Text(const WalkedRow& row, std::size_t name) const
     {
-        const auto* text = std::get_if<std::string>(&Get(name));
-        return text ? std::string_view(*text) : std::string_view();
+        return row.Text(fields_[name]);
     }
 
-    Recordset& rows_;
     std::array<std::size_t, kNames.size()> fields_{};
 };
 
@@ -149,14 +163,15 @@ public:
         identifier_ = row.identifier;
         if (identifier_.empty())
             identifier_ = "CVLB" + std::to_string(count_);
-        const Money amount = ToMoney(*row.amount);
+        const Money amount = row.amount.value_or(Money());
         balance_ += amount;
         text_ = "<STMTTRN><TRNTYPE>";
         text_ += Type(row.checkID, amount);
         text_ += "<DTPOSTED>";
-        AppendPosted(*row.postDate);
+        if (row.postDate)
+            AppendPosted(*row.postDate);
         text_.append(zone_).append("<TRNAMT>");
-        if (!IsNull(*row.amount))
+        if (row.amount)
             text_ += amount.ToText();
         text_ += "<FITID>";
         AppendText(text_, identifier_);
@@ -189,17 +204,14 @@ private:
             return "CHECK";
         return amount > Money() ? "CREDIT" : "FEE";
     }
-    void AppendPosted(const Value& value)
+    void AppendPosted(const Date& date)
     {
-        const auto* date = std::get_if<Date>(&value);
-        if (!date)
-            return;
-        first_ = dated_ ? std::min(first_, *date) : *date;
-        last_ = dated_ ? std::max(last_, *date) : *date;
-        // Rows of a day mostly stand together.
-        if (!dated_ || *date != posted_)
-            stamp_ = Stamp(*date);
-        posted_ = *date;
+        first_ = dated_ ? std::min(first_, date) : date;
+        last_ = dated_ ? std::max(last_, date) : date;
+        // Rows of a day are mostly together.
+        if (!dated_ || date != posted_)
+            stamp_ = Stamp(date);
+        posted_ = date;
         dated_ = true;
         text_ += stamp_;
     }
@@ -239,33 +251,31 @@ void modExport::ExportOFX()
 void modExport::WriteOFX(const std::string& path)
 {
     const std::string account = view_.AccountID();
-    Recordset rows;
-    database_.Fill(
-        rows, "select * from Trans where AccountID = '" + clsDatabase::ToSqlString(account) + "'",
-        true);
+    rowsBegun_ = false;
     try {
         WholeFile whole(path);
-        WriteTo(whole.Path(), rows, account);
+        WriteTo(whole.Path(), account);
         whole.Keep();
     } catch (const FileError&) {
         throw CannotExport(path);
     } catch (const RuntimeError&) {
-        LeaveHeader(path);
+        if (rowsBegun_)
+            LeaveHeader(path);
         throw;
     }
 }
 
-void modExport::WriteTo(const std::string& path, Recordset& rows, const std::string& account)
+void modExport::WriteTo(const std::string& path, const std::string& account)
 {
     std::vector<char> buffer(std::size_t{1} << 16);
     std::ofstream file;
     file.rdbuf()->pubsetbuf(buffer.data(), static_cast<std::streamsize>(buffer.size()));
     file.open(path, std::ios::binary | std::ios::trunc);
     if (file.tellp() >= 0) {
-        Write(file, rows, account);
+        Write(file, account);
     } else {  // a pipe, which takes its text from front to back only
         std::ostringstream text;
-        Write(text, rows, account);
+        Write(text, account);
         file << text.view();
     }
     file.close();
@@ -273,18 +283,23 @@ void modExport::WriteTo(const std::string& path, Recordset& rows, const std::str
         throw CannotWrite(path, errno);
 }
 
-void modExport::Write(std::ostream& out, Recordset& rows, const std::string& account)
+void modExport::Write(std::ostream& out, const std::string& account)
 {
     StatementWriter writer(
         out, "[" + std::to_string(modCommon::TimeZoneOffset(clock_.Zone())) + "]", clock_.Now());
     writer.Begin(account);
-    const Source source(rows);
-    for (; !rows.AtEnd(); rows.MoveNext()) {
-        const SourceRow row = source.Current();
+    std::optional<Source> source;
+    const std::string sql =
+        "select * from Trans where AccountID = '" + clsDatabase::ToSqlString(account) + "'";
+    WalkRows(database_.Database(), sql, [&](const WalkedRow& from) {
+        rowsBegun_ = true;
+        if (!source)
+            source.emplace(from);
+        const SourceRow row = source->Read(from);
         const std::string& identifier = writer.Add(row);
         if (watcher_)
-            watcher_->Add(source.Whole(row, identifier));
-    }
+            watcher_->Add(source->Whole(from, row, identifier));
+    });
     writer.End();
 }
 

@@ -10,7 +10,6 @@ class IClock;
 class clsDatabase;
 class clsView;
 class NotReturned;
-class Recordset;
 
 /// Writes the shown account's transactions as an OFX 1.02 statement. All members borrowed; they
 /// outlive the export.
@@ -30,14 +29,15 @@ public:
     void Watch(NotReturned* watcher) { watcher_ = watcher; }
 
 private:
-    void WriteTo(const std::string& path, Recordset& rows, const std::string& account);
-    void Write(std::ostream& out, Recordset& rows, const std::string& account);
+    void WriteTo(const std::string& path, const std::string& account);
+    void Write(std::ostream& out, const std::string& account);
 
     clsDatabase& database_;
     clsView& view_;
     IExportHost& host_;
     const IClock& clock_;
     NotReturned* watcher_ = nullptr;
+    bool rowsBegun_ = false;  ///< the statement being written has come to its rows
 };
 
 }  // namespace clb
