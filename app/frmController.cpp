@@ -7,6 +7,7 @@
 #include "app/TreePlaces.h"
 #include "app/clsOpenSave.h"
 #include "base/Numeric.h"
+#include "base/Quietly.h"
 #include "engine/EngineError.h"
 #include "import/frmSelectAccount.h"
 
@@ -22,17 +23,6 @@ constexpr const char* kMonths[] = {"January",   "February", "March",    "April",
 std::int64_t YearNumber(const std::string& text)
 {
     return IsNumeric(text) ? ParseLong(text) : 0;
-}
-
-/// Does it as far as there is memory for it.
-template <class Work>
-void Quietly(const Work& work) noexcept
-{
-    try {
-        work();
-    } catch (...) {
-        return;
-    }
 }
 
 }  // namespace
@@ -111,6 +101,7 @@ void frmController::Settle()
 {
     if (!loaded_)
         return;
+    View().DropClosedRows();
     stale_ = stale_ || Data().Database().LostGroup();
     try {
         Data().Database().Settle();

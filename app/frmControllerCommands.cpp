@@ -165,6 +165,8 @@ void frmController::ShowImportedAccount()
 
 void frmController::NewRecord()
 {
+    if (!Grid.Component().Bound())
+        View().Refresh();
     Grid.MoveToRowKey(Null{});
     // A row that was refused keeps its cell to correct.
     if (Grid.Component().Position() != 1)
