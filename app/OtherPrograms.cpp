@@ -85,6 +85,7 @@ bool OtherPrograms::Follow()
     const Raised following(following_);
     treeBehind_ = !Succeeds([this] { FollowTree(); });
     Succeeds([this] { window_.View().ReadAnew(); });
+    Succeeds([this] { window_.ShowBalanceNotice(); });
     followed_ = written;
     return !inGrid || KeepsRow(current);
 }

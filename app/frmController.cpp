@@ -93,7 +93,7 @@ void frmController::Load()
     View().View(vwNetWorth);
     loaded_ = true;
     View().HoldRefresh(false);
-    notices.Set("balances", BalanceNotice());
+    ShowBalanceNotice();
     Settle();
 }
 
@@ -148,6 +148,7 @@ void frmController::ShowStored() noexcept
 {
     if (!stale_)
         return;
+    balances_.Forget();
     try {
         ReloadWindow();
         stale_ = false;
