@@ -257,8 +257,7 @@ void DatabaseCheck::FindNoticed()
                 {.kind = "noticed",
                  .table = "CvBalance",
                  .text = "Account " + Quoted(number) + " (" + DescriptionOf(number) + "): when " +
-                         (row.Text(5) == "repair" ? "a repair" : "an import") +
-                         " worked the balances out again on " +
+                         noticed_balances::OccasionOf(row.Text(5)) + " on " +
                          std::string(row.Text(1).substr(0, 10)) + ", the stored balance was " +
                          (row.IsNull(6) ? amount(3, "missing") : std::string(row.Text(6))) +
                          " and its rows added up to " + amount(4, "too much") + ".",

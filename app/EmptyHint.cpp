@@ -15,6 +15,8 @@ EmptyHint::Way New(const char* caption)
 
 std::optional<EmptyHint> HintOfView(frmController& window)
 {
+    if (const std::string& why = window.View().WhyEmpty(); !why.empty())
+        return EmptyHint{"This view could not be read", why + " Choose it again to read it.", {}};
     const std::string month = window.cmbPeriod.Text() + " " + window.txtYear.Text();
     switch (window.View().View()) {
         case vwNetWorth:

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "app/RowFate.h"
 #include "app/TreePlaces.h"
 #include "app/frmController.h"
+#include "base/RuntimeError.h"
 
 namespace clb {
 namespace {
@@ -18,6 +20,16 @@ constexpr std::int32_t kIdentifier = 10;
 constexpr const char* kGone =
     "Another program has deleted this record. What you typed is not saved. Press Escape to give it "
     "up, or note it down and enter it as a new record.";
+
+constexpr const char* kMoved =
+    "Another program has moved this record to another account. What you typed is not saved. Press "
+    "Escape to give it up, then look for it there.";
+
+constexpr const char* kReplaced =
+    "Another program has deleted this record, or made another one of it. What you typed is not "
+    "saved. Press Escape to give it up, or note it down and enter it as a new record.";
+
+const std::string kAnother = "Another program has ";
 
 constexpr const char* kAccountGone =
     "Another program has deleted this account or given it another number. What you typed is not "
@@ -34,6 +46,18 @@ public:
 private:
     bool& flag_;
 };
+
+/// False if it ends with an error that a command would report.
+template <class Work>
+bool Succeeds(const Work& work)
+{
+    try {
+        work();
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
 
 }  // namespace
 
@@ -52,19 +76,37 @@ bool OtherPrograms::HaveWritten()
 bool OtherPrograms::Follow()
 {
     const GridComponent& grid = window_.Grid.Component();
-    if (!HaveWritten() || grid.Dirty() || grid.Editing())
+    if ((!HaveWritten() && !treeBehind_) || grid.Dirty() || grid.Editing())
         return true;
     const bool inGrid = window_.window.Focus() == &grid;
     const GridComponent::Spot current = grid.CurrentSpot();
     const std::uint64_t written = window_.Data().WritesElsewhere();
     const Connection::Untraced untraced(window_.Data().Database());
     const Raised following(following_);
-    FollowTree();
-    window_.View().ReadAnew();
+    treeBehind_ = !Succeeds([this] { FollowTree(); });
+    Succeeds([this] { window_.View().ReadAnew(); });
+    Succeeds([this] { window_.ShowBalanceNotice(); });
     followed_ = written;
-    const GridComponent::Spot now = grid.CurrentSpot();
-    return !inGrid || current.identity == 0 ||
-           (now.identity == current.identity && now.key == current.key);
+    return !inGrid || KeepsRow(current);
+}
+
+bool OtherPrograms::KeepsRow(const GridComponent::Spot& before)
+{
+    if (!window_.View().WhyEmpty().empty()) {
+        whyRowGone_ = window_.View().WhyEmpty();
+        return false;
+    }
+    const GridComponent::Spot now = window_.Grid.Component().CurrentSpot();
+    if (before.identity == 0 || (now.identity == before.identity && now.key == before.key))
+        return true;
+    whyRowGone_ = kAnother + FateOf(before, "the current row", window_.Data(), window_.View());
+    return false;
+}
+
+std::string OtherPrograms::WhyRowGone(std::size_t row) const
+{
+    return kAnother + FateOf(window_.Grid.Component().ToldSpot(row), "row " + std::to_string(row),
+                             window_.Data(), window_.View());
 }
 
 void OtherPrograms::RowNumbersTold()
@@ -114,8 +156,10 @@ bool OtherPrograms::AgreeOnRow()
         if (!HasShownAccount())
             return Refuse(kAccountGone);
         const GridComponent::Meanwhile found = grid.RereadRow();
-        if (found.gone || IsAnotherRow(found.columns))
+        if (found.gone)
             return Refuse(kGone);
+        if (const char* const why = WhyAnotherRow(found.columns))
+            return Refuse(why);
         const std::vector<std::int32_t> disputed = Disputed(found.columns);
         if (disputed.empty())
             return true;
@@ -156,15 +200,17 @@ std::vector<std::int32_t> OtherPrograms::Disputed(const std::vector<std::int32_t
 }
 
 /// Numbers of deleted transactions are given again, and so are the places where they were stored.
-bool OtherPrograms::IsAnotherRow(const std::vector<std::int32_t>& columns) const
+/// Null if it is the same row, changed or not.
+const char* OtherPrograms::WhyAnotherRow(const std::vector<std::int32_t>& columns) const
 {
     if (window_.View().View() != vwAccount)
-        return false;
+        return nullptr;
     const auto differs = [&columns](std::int32_t column) {
         return std::find(columns.begin(), columns.end(), column) != columns.end();
     };
-    return differs(kAccount) || differs(kIdentifier) ||
-           (differs(kPostDate) && differs(kDescription) && differs(kAmount));
+    if (differs(kIdentifier) || (differs(kPostDate) && differs(kDescription) && differs(kAmount)))
+        return kReplaced;
+    return differs(kAccount) ? kMoved : nullptr;
 }
 
 std::string OtherPrograms::Question(const std::vector<std::int32_t>& columns) const

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/GridComponent.h"
 #include "controls/Tree.h"
 #include "ports/IMessageBox.h"
 
@@ -24,10 +25,16 @@ public:
     bool HaveWritten();
     /// Shows what other programs have written. To be called before each command of the user. A row
     /// with unsaved changes keeps everything as it is until it is saved or given up. The user's
-    /// place stays; an account that is gone gives its place to the first view.
+    /// place stays; an account that is gone gives its place to the first view. A view that cannot
+    /// be read becomes empty, a tree that cannot be read stays as it is; neither is an error here.
     /// Returns false if the grid had the focus and its current row is gone: a command that was
-    /// meant for this row must not reach the one that took its place. Throws EngineError.
+    /// meant for this row must not reach the one that took its place. Throws EngineError if the
+    /// file cannot be asked whether others have written.
     bool Follow();
+    /// Why Follow last returned false, as a sentence.
+    const std::string& WhyRowGone() const { return whyRowGone_; }
+    /// The same of a displayed row for which RowNow returns 0. Throws EngineError.
+    std::string WhyRowGone(std::size_t row) const;
     /// Says that whoever names rows or nodes by number knows the present numbers: they were drawn,
     /// or listed.
     void RowNumbersTold();
@@ -47,15 +54,18 @@ public:
 
 private:
     void FollowTree();
+    bool KeepsRow(const GridComponent::Spot& before);
     bool HasShownAccount() const;
     bool Refuse(const char* why);
     std::vector<std::int32_t> Disputed(const std::vector<std::int32_t>& columns) const;
-    bool IsAnotherRow(const std::vector<std::int32_t>& columns) const;
+    const char* WhyAnotherRow(const std::vector<std::int32_t>& columns) const;
     std::string Question(const std::vector<std::int32_t>& columns) const;
 
     frmController& window_;
     IMessageBox& messages_;
     std::uint64_t followed_ = 0;
+    bool treeBehind_ = false;  ///< the tree could not be read when it was last to be
+    std::string whyRowGone_;
     bool following_ = false;
     std::vector<TreeNode> nodes_;  ///< of the tree when its numbers were told; empty: as now
 };

@@ -7,6 +7,7 @@
 #include "app/TreePlaces.h"
 #include "app/clsOpenSave.h"
 #include "base/Numeric.h"
+#include "base/Quietly.h"
 #include "engine/EngineError.h"
 #include "import/frmSelectAccount.h"
 
@@ -22,17 +23,6 @@ constexpr const char* kMonths[] = {"January",   "February", "March",    "April",
 std::int64_t YearNumber(const std::string& text)
 {
     return IsNumeric(text) ? ParseLong(text) : 0;
-}
-
-/// Does it as far as there is memory for it.
-template <class Work>
-void Quietly(const Work& work) noexcept
-{
-    try {
-        work();
-    } catch (...) {
-        return;
-    }
 }
 
 }  // namespace
@@ -103,7 +93,7 @@ void frmController::Load()
     View().View(vwNetWorth);
     loaded_ = true;
     View().HoldRefresh(false);
-    notices.Set("balances", BalanceNotice());
+    ShowBalanceNotice();
     Settle();
 }
 
@@ -111,6 +101,7 @@ void frmController::Settle()
 {
     if (!loaded_)
         return;
+    View().DropClosedRows();
     stale_ = stale_ || Data().Database().LostGroup();
     try {
         Data().Database().Settle();
@@ -157,6 +148,7 @@ void frmController::ShowStored() noexcept
 {
     if (!stale_)
         return;
+    balances_.Forget();
     try {
         ReloadWindow();
         stale_ = false;

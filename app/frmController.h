@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "app/BalanceWatch.h"
 #include "app/Notices.h"
 #include "app/Ports.h"
 #include "app/Product.h"
@@ -85,6 +86,8 @@ public:
     /// What the window says of balances that did not fit their rows until a person has taken note
     /// of them. Empty when there are none, and under automation.
     std::string BalanceNotice();
+    /// Shows that in the notices.
+    void ShowBalanceNotice() { notices.Set("balances", BalanceNotice()); }
     /// Path of the settings file.
     std::string SettingsFile() const { return ports_.folder + "/cvlb.ini"; }
     /// Scheme, host and port of the quote service: the one given with the ports, else the settings
@@ -162,6 +165,7 @@ private:
     void FetchTip(std::int32_t row, std::string& tip);
     void FetchFooter(std::int32_t row, std::string& text);
     void UpdateShownBalance();
+    void WatchShownBalance();
     bool ListsAccounts() const;
     std::string ShownMonthOf(const std::string& prefix) const;
     Money SumOf(const std::string& sql, const char* field);
@@ -186,6 +190,7 @@ private:
     bool stale_ = false;  ///< the window shows what an error in writing took back
     modGlobals globals_;
     std::unique_ptr<OtherPrograms> others_;
+    BalanceWatch balances_;
     std::unique_ptr<modImport> import_;
     std::unique_ptr<modExport> export_;
     sigc::signal<void()> opened_;

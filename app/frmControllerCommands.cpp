@@ -103,7 +103,7 @@ void frmController::ImportCommand()
     const WorkProgress::Work work(progress);
     import_->ImportFile();
     ShowImportedAccount();
-    notices.Set("balances", BalanceNotice());
+    ShowBalanceNotice();
 }
 
 std::string frmController::BalanceNotice()
@@ -112,9 +112,8 @@ std::string frmController::BalanceNotice()
         ports_.keepsCopies ? noticed_balances::CountOpen(Data().Database()) : 0;
     if (odd == 0)
         return {};
-    return (odd == 1 ? "A balance did not fit its rows and was worked out again"
-                     : std::to_string(odd) +
-                           " balances did not fit their rows and were worked out again") +
+    return (odd == 1 ? "A balance did not fit its rows"
+                     : std::to_string(odd) + " balances did not fit their rows") +
            std::string(": see clb check");
 }
 
@@ -165,6 +164,8 @@ void frmController::ShowImportedAccount()
 
 void frmController::NewRecord()
 {
+    if (!Grid.Component().Bound())
+        View().Refresh();
     Grid.MoveToRowKey(Null{});
     // A row that was refused keeps its cell to correct.
     if (Grid.Component().Position() != 1)

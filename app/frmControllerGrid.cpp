@@ -78,6 +78,7 @@ void frmController::CheckRow(bool& cancel)
         cancel = true;
         return;
     }
+    WatchShownBalance();
     formerNumber_ = ListsAccounts() ? StoredAccountNumber() : std::string();
     if (View().View() == vwAccount)
         OfferCategory(Grid.ColumnValue(kTransactionCategory));
@@ -99,6 +100,14 @@ void frmController::UpdateShownBalance()
     std::int32_t view = -1;
     std::string account;
     Data().UpdateBalance(view, account);
+}
+
+void frmController::WatchShownBalance()
+{
+    const std::int32_t view = View().View();
+    const bool ofAccount = view == vwAccount || view == vwInvestment || view == vwLoan;
+    if (ofAccount && balances_.Look(Data(), View().AccountID(), ports_.clock.Now()))
+        ShowBalanceNotice();
 }
 
 bool frmController::ListsAccounts() const
@@ -134,6 +143,8 @@ void frmController::RowSaved()
 void frmController::CheckDeletion(bool& cancel)
 {
     cancel = !View().DeleteRow();
+    if (!cancel)
+        WatchShownBalance();
     pendingTreeNode_ = ListsAccounts() ? View().FindTreeNodeByTag(StoredAccountTag()) : 0;
 }
 

@@ -24,7 +24,7 @@ Json PerformVerb(Session& session, const Request& request)
     OtherPrograms& others = session.controller.Others();
     // What the window shows is read again before a person's next command.
     if (verb.users && !others.Follow() && verb.onCurrentRow)
-        throw RequestError("Another program has deleted the current row");
+        throw RequestError(others.WhyRowGone());
     return verb.perform(session, request);
 }
 

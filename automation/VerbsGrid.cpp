@@ -10,8 +10,9 @@ struct Cell {
     std::int32_t column = 0;
 };
 
-std::size_t ReadRow(CVGrid& grid, const Request& request)
+std::size_t ReadRow(frmController& controller, const Request& request)
 {
+    CVGrid& grid = controller.Grid;
     const GridRows& rows = grid.Rows();
     const Json& row = request.At("row");
     if (row == "new") {
@@ -23,16 +24,16 @@ std::size_t ReadRow(CVGrid& grid, const Request& request)
     const std::size_t now =
         number < 1 ? 0 : grid.Component().RowNow(static_cast<std::size_t>(number));
     if (number >= 1 && now == 0)
-        throw RequestError("Another program has deleted row " + std::to_string(number));
+        throw RequestError(controller.Others().WhyRowGone(static_cast<std::size_t>(number)));
     if (now == 0 || now > rows.Count())
         throw RequestError("No such row: " + std::to_string(number));
     return now;
 }
 
-Cell ReadCell(CVGrid& grid, const Request& request)
+Cell ReadCell(frmController& controller, const Request& request)
 {
-    const Cell cell{ReadRow(grid, request), request.Long("col")};
-    if (cell.column < 1 || cell.column > grid.Columns().Count())
+    const Cell cell{ReadRow(controller, request), request.Long("col")};
+    if (cell.column < 1 || cell.column > controller.Grid.Columns().Count())
         throw RequestError("No such column: " + std::to_string(cell.column));
     return cell;
 }
@@ -46,7 +47,7 @@ bool GoTo(frmController& controller, const Cell& cell)
 
 Json Move(Session& session, const Request& request)
 {
-    const Cell cell = ReadCell(session.controller.Grid, request);
+    const Cell cell = ReadCell(session.controller, request);
     return {{"moved", GoTo(session.controller, cell)}};
 }
 
@@ -64,7 +65,7 @@ bool Type(GridComponent& grid, const std::string& text)
 Json Edit(Session& session, const Request& request)
 {
     GridComponent& grid = session.controller.Grid.Component();
-    const Cell cell = ReadCell(session.controller.Grid, request);
+    const Cell cell = ReadCell(session.controller, request);
     const std::string text = request.Text("text");
     const bool edited = GoTo(session.controller, cell) && grid.BeginEdit(0) && Type(grid, text);
     return {{"edited", edited}};
@@ -72,7 +73,7 @@ Json Edit(Session& session, const Request& request)
 
 Json Begin(Session& session, const Request& request)
 {
-    const Cell cell = ReadCell(session.controller.Grid, request);
+    const Cell cell = ReadCell(session.controller, request);
     const bool begun =
         GoTo(session.controller, cell) && session.controller.Grid.Component().BeginEdit(0);
     return {{"begun", begun}};
@@ -96,7 +97,7 @@ Json Escape(Session& session, const Request&)
 
 Json Tip(Session& session, const Request& request)
 {
-    const Cell cell = ReadCell(session.controller.Grid, request);
+    const Cell cell = ReadCell(session.controller, request);
     const auto text = session.controller.Grid.Component().CellTip(cell.row, cell.column);
     return {{"text", text ? Json(*text) : Json()}};
 }

@@ -84,10 +84,25 @@ void GridComponent::RefetchRows()
 {
     if (!source_)
         return;
-    source_->Requery();
+    RequeryOrUnbind();
     NumbersTold();
     rows_.Rebuild();
     StandOnFirst();
+}
+
+void GridComponent::RequeryOrUnbind()
+{
+    try {
+        source_->Requery();
+    } catch (...) {
+        Bind(nullptr);
+        throw;
+    }
+}
+
+bool GridComponent::Bound() const
+{
+    return source_ && source_->IsOpen();
 }
 
 bool GridComponent::Fold(std::size_t row, bool folded)

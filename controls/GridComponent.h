@@ -38,18 +38,25 @@ public:
     /// Binds the rows of an open result set: one column for each field, captioned with its name; no
     /// groups; the first data row and column 1 current. nullptr leaves the grid empty.
     void DataSource(Recordset* records);
+    /// Whether it is bound to rows that can be read.
+    bool Bound() const;
     /// Rows in memory to show instead of a result set.
     GridArray& Array() { return array_; }
     /// Takes groups that were added after binding into the displayed rows.
     void Regroup();
     /// Tells whoever draws the grid that columns, widths or styles were set from outside.
     void LayoutChanged() { Touch(); }
-    /// Reads the source again (Requery) and stands on the first row.
+    /// Reads the source again (Requery) and stands on the first row. A source that cannot be read
+    /// leaves the grid empty and unbound; its error is thrown.
     void RefetchRows();
     /// Reads the rows again because another program has written them. The current cell stays on its
     /// row, folded groups stay folded, and no event is raised. Does nothing while the current row
-    /// has unsaved changes or a cell is in edit: Dirty and Editing then still answer so.
+    /// has unsaved changes or a cell is in edit: Dirty and Editing then still answer so. A source
+    /// that cannot be read leaves the grid as RefetchRows does.
     void ReadRowsAnew();
+    struct Spot;
+    /// Where a row was that had this number when the numbers were last told and is gone now.
+    const Spot& ToldSpot(std::size_t row) const { return places_.at(row - 1); }
     /// The number that a row has now, if it had this number when the numbers were last told:
     /// ReadRowsAnew may have moved it since. 0 if the row is gone.
     std::size_t RowNow(std::size_t row) const;
@@ -207,6 +214,7 @@ private:
     static std::size_t Index(std::int32_t column) { return static_cast<std::size_t>(column - 1); }
     /// Takes the rows anew when the result set was read again behind the grid's back.
     void Freshen();
+    void RequeryOrUnbind();
     Spot SpotOf(std::size_t row, std::int32_t column) const;
     std::size_t Find(const Spot& spot) const;
     void StandOnFirst();

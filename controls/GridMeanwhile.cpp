@@ -16,7 +16,7 @@ void GridComponent::ReadRowsAnew()
     if (places.empty())
         for (std::size_t row = 1; row <= rows_.Count(); ++row)
             places.push_back(SpotOf(row, col_));
-    source_->Requery();
+    RequeryOrUnbind();
     Freshen();
     places_ = std::move(places);
     Touch();

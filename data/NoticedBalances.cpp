@@ -68,6 +68,16 @@ bool IsListed(Connection& connection, const OddBalance& odd)
 
 }  // namespace
 
+std::string OccasionOf(std::string_view by)
+{
+    if (by == "window")
+        return "a change of its rows worked the balance out again";
+    if (by == "start")
+        return "the program was started";
+    return std::string(by == "repair" ? "a repair" : "an import") +
+           " worked the balances out again";
+}
+
 void Note(Connection& connection, const std::vector<OddBalance>& odd, const std::string& by,
           const Date& now)
 {

@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/Date.h"
@@ -21,14 +22,19 @@ struct OddBalance {
     std::string instead{};
 };
 
-/// The list of balances that did not fit their rows when something stored them anew. It says that
-/// rows were changed or deleted behind the program's back, and is kept in the user's file until a
-/// person has taken note.
+/// The list of balances that did not fit their rows when something stored them anew, or when the
+/// program was started. It says that rows were changed or deleted behind the program's back, and is
+/// kept in the user's file until a person has taken note.
 ///
 /// The table CvBalance is made with the first entry: At, AccountID, Stored, Total (both amounts may
-/// be missing), NoticedBy ("import" or "repair"), TakenNoteOf (empty until then), StoredInstead
-/// (added to an older list that lacks it). No statement is traced. All throw EngineError.
+/// be missing), NoticedBy ("import", "repair", "window" or "start"), TakenNoteOf (empty until
+/// then), StoredInstead (added to an older list that lacks it). No statement is traced. All throw
+/// EngineError.
 namespace noticed_balances {
+
+/// What was done when somebody noticed a balance, by what NoticedBy holds: "a repair worked the
+/// balances out again".
+std::string OccasionOf(std::string_view by);
 
 /// Adds the balances to the list, in the pending group. What stands there already with the same
 /// account and figures, and nobody has taken note of, is not added again.

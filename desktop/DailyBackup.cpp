@@ -9,6 +9,8 @@
 #include <iostream>
 #include <utility>
 
+#include "app/BalanceWatch.h"
+#include "base/RuntimeError.h"
 #include "desktop/FirstPaint.h"
 #include "desktop/TextConvert.h"
 #include "platform/ProgramFolder.h"
@@ -69,9 +71,12 @@ void DailyBackup::Look()
     const Date now = clock_.Now();
     if (helper_)
         return;
-    if (Backups(folder_).HasDay(now))
+    const bool made = Backups(folder_).HasDay(now);
+    if (made)
         report_(std::nullopt);
-    else
+    const bool first = !std::exchange(looked_, true);
+    // The first time also for the balances.
+    if (!made || first)
         StartHelper();
 }
 
@@ -93,7 +98,7 @@ void DailyBackup::Ended(bool made)
 {
     const std::string lines = helper_->readAllStandardOutput().toStdString();
     helper_.release()->deleteLater();
-    if (made)
+    if (made || Backups(folder_).HasDay(clock_.Now()))
         return Tell(std::nullopt);
     if (const auto failure = BackupFailure::FromLines(lines))
         return Tell(failure);
@@ -115,9 +120,15 @@ void DailyBackup::Tell(const std::optional<BackupFailure>& failure)
 int MakeDailyBackup(const std::optional<std::string>& home, const Date& day)
 {
     setpriority(PRIO_PROCESS, 0, LowPriority);
-    const auto failure = Backups(ProgramFolder(PlacesOf(home))).Daily(day);
+    const std::string folder = ProgramFolder(PlacesOf(home));
+    const auto failure = Backups(folder).Daily(day);
     if (failure)
         std::cout << failure->Lines();
+    try {
+        NoteOddBalances(folder, day);
+    } catch (const RuntimeError&) {
+        // The next start looks again; what cannot be read "clb check" reports.
+    }
     return failure ? 1 : 0;
 }
 

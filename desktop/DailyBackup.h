@@ -16,7 +16,7 @@ namespace clb {
 class IClock;
 
 /// Has the day's backup of a program folder's database made by a process of its own, and reports
-/// how that ended.
+/// how that ended. The process also looks at the balances, once in each run of the program.
 class DailyBackup : public QObject {
 public:
     /// Called with what failed, or with nothing once the day has its backup.
@@ -43,10 +43,13 @@ private:
     QString program_;
     QTimer again_;
     std::unique_ptr<QProcess> helper_;
+    bool looked_ = false;  ///< the helper was started once
 };
 
-/// What that process does. It leaves the machine to others. Returns its exit code: 1 when there is
-/// no backup, and prints why in the lines of BackupFailure.
+/// What that process does: the backup, and a look whether the balances fit their rows. Those that
+/// do not are added to the list of noticed ones, where the window sees them. It leaves the machine
+/// to others. Returns its exit code: 1 when there is no backup, and prints why in the lines of
+/// BackupFailure.
 int MakeDailyBackup(const std::optional<std::string>& home, const Date& day);
 
 }  // namespace clb

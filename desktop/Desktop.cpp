@@ -127,9 +127,17 @@ private:
     /// What another program writes shows by itself while the user only looks.
     void LookForOthers()
     {
-        if (!events_.Running() && controller_.window.Enabled() &&
-            controller_.Others().HaveWritten())
+        if (!events_.Running() && controller_.window.Enabled() && OthersHaveWritten())
             events_.Run([] {});
+    }
+    /// A file that cannot be asked is reported to the user's next action, not once a second.
+    bool OthersHaveWritten()
+    {
+        try {
+            return controller_.Others().HaveWritten();
+        } catch (const RuntimeError&) {
+            return false;
+        }
     }
 
     MessageBoxPort boxes_;

@@ -2,6 +2,7 @@
 #include <QMouseEvent>
 #include <QTimerEvent>
 
+#include "base/RuntimeError.h"
 #include "desktop/CellTip.h"
 #include "desktop/GridPainter.h"
 #include "desktop/GridView.h"
@@ -43,8 +44,13 @@ void GridView::ShowTip()
         const std::size_t now = grid_.RowNow(row);
         if (now == 0)
             return;
-        if (const std::string text = TipOf(now, column); !text.empty())
-            cell_tip::Show(*viewport(), tipPlace_, layout_.CellRect(now, column), text);
+        // A pointer that rests is no command: what cannot be read has no tip, and no box either.
+        try {
+            if (const std::string text = TipOf(now, column); !text.empty())
+                cell_tip::Show(*viewport(), tipPlace_, layout_.CellRect(now, column), text);
+        } catch (const RuntimeError&) {
+            return;
+        }
     });
 }
 

@@ -11,7 +11,9 @@
 #include "desktop/MessageBoxPort.h"
 #include "desktop/PointerPort.h"
 #include "desktop/TextConvert.h"
+#include "engine/Connection.h"
 #include "engine/EngineError.h"
+#include "engine/Recordset.h"
 
 namespace clb {
 
@@ -30,7 +32,41 @@ QPushButton* AddButton(QMessageBox& box, const char* name, const QString& captio
     return button;
 }
 
+/// Part of the names of copies that were replaced by others.
+constexpr const char* kBeforeRestore = "-before-restore";
+
+/// Whether all accounts can be read, without which no window opens. The restore itself reads the
+/// whole copy.
+bool HasAccounts(const std::string& copy)
+{
+    try {
+        Connection book;
+        book.Open("Data Source=" + copy);
+        Recordset accounts = book.Execute("SELECT * FROM Account");
+        for (; !accounts.AtEnd(); accounts.MoveNext())
+            accounts.Get(0);
+        return true;
+    } catch (const EngineError&) {
+        return false;
+    }
+}
+
 }  // namespace
+
+std::string BackupAgainst(const Backups& backups, const EngineError& error)
+{
+    const FileTrouble trouble = error.Trouble();
+    if (trouble == FileTrouble::Damaged || trouble == FileTrouble::Missing)
+        return backups.LastGood();
+    if (error.Number() != engine_errors::TypeMismatch)
+        return {};
+    // A copy may have been made with the wrong cell in it already.
+    const std::vector<std::string> names = backups.Names();
+    for (auto name = names.rbegin(); name != names.rend(); ++name)
+        if (name->find(kBeforeRestore) == std::string::npos && HasAccounts(backups.PathOf(*name)))
+            return *name;
+    return {};
+}
 
 QString DamageText(const BackupFailure& failure)
 {
@@ -68,10 +104,7 @@ std::unique_ptr<QMessageBox> BuildRestoreOffer(const BackupFailure& failure)
 
 std::optional<std::string> OfferRestore(const Backups& backups, const EngineError& error)
 {
-    const FileTrouble trouble = error.Trouble();
-    BackupFailure failure{true, "", error.what()};
-    if (trouble == FileTrouble::Damaged || trouble == FileTrouble::Missing)
-        failure.lastGood = backups.LastGood();
+    const BackupFailure failure{true, BackupAgainst(backups, error), error.what()};
     if (failure.lastGood.empty())
         return std::nullopt;
     const PlainPointer pointer;

@@ -20,7 +20,11 @@ QString RestoreCaption(const BackupFailure& failure);
 /// The box that says that the data cannot be opened and offers to restore the last good backup
 /// (button "restore") or to quit (button "quit", also by closing it).
 std::unique_ptr<QMessageBox> BuildRestoreOffer(const BackupFailure& failure);
-/// Shows that box when the error is about a damaged or missing file. Returns the name of the backup
+/// Name of the backup that helps when the data cannot be opened for this error: of a damaged or
+/// missing file the last good one, of a cell that its column is not for the newest one in which all
+/// accounts can be read. Empty if there is none, and for other errors.
+std::string BackupAgainst(const Backups& backups, const EngineError& error);
+/// Shows that box if there is such a backup. Returns the name of the backup
 /// to restore; empty: the user quits. Nothing when there is nothing to offer.
 std::optional<std::string> OfferRestore(const Backups& backups, const EngineError& error);
 /// Restores the backup of that name and shows a box that says so, or what kept it from being

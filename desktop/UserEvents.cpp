@@ -37,7 +37,7 @@ bool UserEvents::Perform(const std::function<void()>& action, bool onRow)
 {
     bool rowThere = true;
     if (++depth_ == 1 && prepare_)
-        Report([&] { rowThere = prepare_(); });
+        rowThere = Report([&] { rowThere = prepare_(); }) && rowThere;
     bool done = !BrokenOff() && (rowThere || !onRow) && Report(action);
     // A command that a signal came across is not kept.
     if (settle_ && !BrokenOff() && !Interruption::Asked())

@@ -54,7 +54,12 @@ void CVGrid::Refetch()
     RedrawEnabled(false);
     CancelEdit();
     const GridComponent::Spot spot = inner_.CurrentSpot();
-    inner_.RefetchRows();
+    try {
+        inner_.RefetchRows();
+    } catch (...) {
+        RedrawEnabled(true);
+        throw;
+    }
     if (enableDisable_)
         enableDisable_();
     inner_.ReturnTo(spot);

@@ -107,13 +107,13 @@ void modImport::KeepFileBeforeMapping(const std::string& accountID)
                             .Execute("SELECT Sequence FROM Account WHERE AccountID = '" +
                                      clsDatabase::ToSqlString(accountID) + "'")
                             .Empty();
-    if (!known && !OddBalances(database_).empty())
+    if (!known && !OddBalances(database_.Database()).empty())
         formerFile_ = host_.KeepFormerFile();
 }
 
 void modImport::NoteFormerBalances()
 {
-    formerBalances_ = OddBalances(database_);
+    formerBalances_ = OddBalances(database_.Database());
     balancesNoted_ = true;
     if (formerBalances_.empty())
         return;

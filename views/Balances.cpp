@@ -59,7 +59,8 @@ std::optional<Sums> AllSums(Connection& connection, const RowTable& rows)
 {
     try {
         Sums sums;
-        Recordset groups = connection.Execute("SELECT AccountID, " + SumOf(rows) + " GROUP BY AccountID");
+        Recordset groups =
+            connection.Execute("SELECT AccountID, " + SumOf(rows) + " GROUP BY AccountID");
         for (; !groups.AtEnd(); groups.MoveNext())
             if (!IsNull(groups.Get("AccountID")))
                 sums[ToText(groups.Get("AccountID"))] = ToMoney(groups.Get("Total"));
@@ -94,6 +95,30 @@ private:
     std::optional<Sums> sums_;
 };
 
+constexpr const char* kAccounts =
+    "SELECT AccountID, Description, Type, CurrentBalance FROM Account";
+
+/// Where the rows of the current account are; null if its type has none.
+const RowTable* TableOf(const Recordset& accounts)
+{
+    const std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
+    for (const RowTable& rows : Tables())
+        if (rows.view == view)
+            return &rows;
+    return nullptr;
+}
+
+/// The current account, unless the sum of its rows is its balance.
+std::optional<OddBalance> IfOdd(const Recordset& accounts, const std::optional<Money>& sum)
+{
+    const Value& balance = accounts.Get("CurrentBalance");
+    const auto stored = IsNull(balance) ? std::nullopt : std::optional(ToMoney(balance));
+    if (stored && stored == sum)
+        return std::nullopt;
+    return OddBalance{ToText(accounts.Get("AccountID")), ToText(accounts.Get("Description")),
+                      stored, sum};
+}
+
 }  // namespace
 
 void UpdateBalances(clsDatabase& database)
@@ -119,32 +144,35 @@ void UpdateBalances(clsDatabase& database)
         std::rethrow_exception(overflow);
 }
 
-std::vector<OddBalance> OddBalances(clsDatabase& database)
+std::vector<OddBalance> OddBalances(Connection& connection)
 {
-    Connection& connection = database.Database();
     const Connection::Untraced untraced(connection);
     std::vector<OddBalance> odd;
     std::set<std::string> seen;
-    Recordset accounts =
-        connection.Execute("SELECT AccountID, Description, Type, CurrentBalance FROM Account");
+    Recordset accounts = connection.Execute(kAccounts);
     const TableSums none(accounts.RecordCount() > kFewAccounts);
     std::map<std::int32_t, TableSums> tables = {
         {vwAccount, none}, {vwInvestment, none}, {vwLoan, none}};
     for (; !accounts.AtEnd(); accounts.MoveNext()) {
-        const std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
         const Value& number = accounts.Get("AccountID");
-        for (const RowTable& rows : Tables()) {
-            // Of two accounts with one number only the first is stored anew.
-            if (rows.view != view || IsNull(number) || !seen.insert(ToText(number)).second)
-                continue;
-            const Value& balance = accounts.Get("CurrentBalance");
-            const auto stored = IsNull(balance) ? std::nullopt : std::optional(ToMoney(balance));
-            const auto sum = tables.at(view).Of(connection, rows, ToText(number));
-            if (!stored || stored != sum)
-                odd.push_back({ToText(number), ToText(accounts.Get("Description")), stored, sum});
-        }
+        const RowTable* const rows = TableOf(accounts);
+        // Of two accounts with one number only the first is stored anew.
+        if (!rows || IsNull(number) || !seen.insert(ToText(number)).second)
+            continue;
+        const auto sum = tables.at(rows->view).Of(connection, *rows, ToText(number));
+        if (auto balance = IfOdd(accounts, sum))
+            odd.push_back(std::move(*balance));
     }
     return odd;
+}
+
+std::optional<OddBalance> OddBalanceOf(Connection& connection, const std::string& accountID)
+{
+    const Connection::Untraced untraced(connection);
+    Recordset account = connection.Execute(std::string(kAccounts) + " WHERE AccountID = '" +
+                                           clsDatabase::ToSqlString(accountID) + "'");
+    const RowTable* const rows = account.Empty() ? nullptr : TableOf(account);
+    return rows ? IfOdd(account, SumOfOne(connection, *rows, accountID)) : std::nullopt;
 }
 
 }  // namespace clb

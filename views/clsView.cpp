@@ -1,6 +1,7 @@
 #include "views/clsView.h"
 
 #include "base/Numeric.h"
+#include "base/Quietly.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
@@ -11,6 +12,7 @@ namespace {
 constexpr char kTagDivider = '\x01';
 constexpr std::int32_t kImage = 6;
 constexpr std::int32_t kSelectedImage = 7;
+constexpr const char* kUnread = "The rows could not be read.";
 
 }  // namespace
 
@@ -50,13 +52,50 @@ void clsView::Refresh()
     if (hold_)
         return;
     targets_.grid.RedrawEnabled(false);
-    targets_.grid.CancelEdit();
-    targets_.grid.DataSource(database_->GetRows());
-    RefreshTotals();
-    LayOut();
-    EnableDisable();
+    OrShowNothing([this] {
+        targets_.grid.CancelEdit();
+        targets_.grid.DataSource(database_->GetRows());
+        RefreshTotals();
+        LayOut();
+        EnableDisable();
+        whyEmpty_.clear();
+    });
     targets_.grid.RedrawEnabled(true);
     refreshed_.emit();
+}
+
+template <class Work>
+void clsView::OrShowNothing(const Work& work)
+{
+    try {
+        work();
+    } catch (const RuntimeError& error) {
+        ShowNothing(error.what());
+        throw;
+    } catch (...) {
+        ShowNothing(kUnread);
+        throw;
+    }
+}
+
+void clsView::ShowNothing(const char* why) noexcept
+{
+    Quietly([this] {
+        if (targets_.grid.Component().Redraw())
+            targets_.grid.RedrawEnabled(false);
+    });
+    Quietly([this] { targets_.grid.Component().DataSource(nullptr); });
+    Quietly([&] { whyEmpty_ = why; });
+    Quietly([this] { targets_.txtTotal.Text(""); });
+    Quietly([this] { targets_.txtTotal2.Text(""); });
+    Quietly([this] { EnableDisable(); });
+    Quietly([this] { targets_.grid.RedrawEnabled(true); });
+}
+
+void clsView::DropClosedRows() noexcept
+{
+    if (!targets_.grid.Component().Bound() && whyEmpty_.empty())
+        ShowNothing(kUnread);
 }
 
 std::int32_t clsView::ViewFromAccountType(const std::string& type)
@@ -83,6 +122,8 @@ std::int32_t clsView::AddNode(std::int32_t parent, const std::string& key, const
 
 void clsView::BuildTree()
 {
+    // Read first: an error leaves the tree as it was.
+    const std::vector<TreeLine> lines = TreeLines();
     Tree& tree = targets_.tree;
     const Tree::Batch batch(tree);
     treeIsWhole_ = false;
@@ -93,7 +134,7 @@ void clsView::BuildTree()
 
     std::string previousType;
     std::int32_t typeNode = root;
-    for (const TreeLine& line : TreeLines()) {
+    for (const TreeLine& line : lines) {
         if (line.type != previousType) {
             previousType = line.type;
             typeNode = AddNode(root, line.type, line.type, std::to_string(vwAccountType));
@@ -144,12 +185,16 @@ void clsView::ReadAnew()
     GridComponent& grid = targets_.grid.Component();
     if (grid.Dirty() || grid.Editing())
         return;
-    database_->RowsRead();
-    grid.ReadRowsAnew();
-    RefreshTotals();
-    if (view_ == vwAccount)
-        ListCategories();
-    EnableDisable();
+    if (!grid.Bound())
+        return Refresh();
+    OrShowNothing([&] {
+        database_->RowsRead();
+        grid.ReadRowsAnew();
+        RefreshTotals();
+        if (view_ == vwAccount)
+            ListCategories();
+        EnableDisable();
+    });
 }
 
 std::int32_t clsView::FindTreeNodeByTag(const std::string& tag) const

@@ -59,11 +59,17 @@ public:
     void HoldRefresh(bool hold);
     bool HoldRefresh() const { return hold_; }
 
-    /// Loads the grid, totals, layout and commands for what is to be shown.
+    /// Loads the grid, totals, layout and commands for what is to be shown. If that fails the grid
+    /// is empty, without columns, until the view is shown again.
     void Refresh();
-    /// Fills the tree from the accounts; the root is then selected.
+    /// Why the grid is empty: the error that the view could not be read for. Empty if it was read.
+    const std::string& WhyEmpty() const { return whyEmpty_; }
+    /// Empties the grid if its rows were to be read again and could not. Called after each command.
+    void DropClosedRows() noexcept;
+    /// Fills the tree from the accounts; the root is then selected. If they cannot be read the tree
+    /// stays as it was.
     void BuildTree();
-    /// False when the last BuildTree was broken off by an error.
+    /// False if the last BuildTree was broken off in the middle, for lack of memory.
     bool TreeIsWhole() const { return treeIsWhole_; }
     /// The tree's node of what is shown, made up from the view's own state: tag, text and key.
     TreeNode ShownNode() const;
@@ -71,7 +77,8 @@ public:
     bool TreeIsCurrent();
     /// Reads what is shown again because another program has written it: rows, totals, lists,
     /// enabled commands. The user's place and the layout stay; nothing is raised. Does nothing for
-    /// the rows while one has unsaved changes.
+    /// the rows while one has unsaved changes. A view that could not be read is loaded as by
+    /// Refresh.
     void ReadAnew();
     /// 4, 5 or 6 for the five account types, compared exactly; 0 for any other text.
     static std::int32_t ViewFromAccountType(const std::string& type);
@@ -108,6 +115,9 @@ public:
     sigc::signal<void()>& TreeBuilt() { return treeBuilt_; }
 
 private:
+    template <class Work>
+    void OrShowNothing(const Work& work);
+    void ShowNothing(const char* why) noexcept;
     void LayOut();
     void LayOutAccount();
     void ListCategories();
@@ -145,6 +155,7 @@ private:
     std::string accountID_;
     bool hold_ = false;
     bool treeIsWhole_ = false;
+    std::string whyEmpty_;
     bool exportAllowed_ = false;
     HandWidths handWidths_;
     sigc::signal<void()> refreshed_;

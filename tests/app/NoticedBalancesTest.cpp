@@ -3,9 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
 
+#include "app/BalanceWatch.h"
+#include "app/OtherPrograms.h"
 #include "data/NoticedBalances.h"
 #include "engine/Database.h"
 #include "engine/EngineError.h"
@@ -63,8 +66,7 @@ TEST_F(NoticedBalancesTest, AnImportListsThemAndTheWindowSaysSo)
     Import();
 
     EXPECT_THAT(books_->Rows(kList), ElementsAre("C1|7|5|import|"));
-    EXPECT_EQ(books_->window.BalanceNotice(),
-              "A balance did not fit its rows and was worked out again: see clb check");
+    EXPECT_EQ(books_->window.BalanceNotice(), "A balance did not fit its rows: see clb check");
     EXPECT_THAT(Copies(), ElementsAre(HasSubstr("-before-import.mdb")));
     EXPECT_THAT(books_->messages.boxes, IsEmpty());
 }
@@ -126,6 +128,162 @@ TEST_F(NoticedBalancesTest, TheListFollowsANumberThatIsTypedIntoTheGrid)
 
     EXPECT_EQ(books_->One("SELECT AccountID FROM Account WHERE Sequence = 1"), "N9");
     EXPECT_THAT(books_->Rows(kList), ElementsAre("N9|7|5|import|"));
+}
+
+class ChangedRowsTest : public NoticedBalancesTest {
+protected:
+    /// Shows the register of Checking, whose balance of 7 does not fit its one row of 5.
+    void Show(bool keepsCopies)
+    {
+        Begin(keepsCopies);
+        books_->Execute("UPDATE Trans SET Year = 2006, Period = 3, PostDate = #2006-03-01#");
+        books_->window.View().BuildTree();
+        books_->window.View().AccountID("C1");
+        books_->window.View().View(vwAccount);
+    }
+    CVGrid& Grid() { return books_->window.Grid; }
+    std::string Balance()
+    {
+        return books_->One("SELECT CurrentBalance FROM Account WHERE AccountID = 'C1'");
+    }
+};
+
+/// Symptom: the balance was stored from the rows, and the trace of the lost ones with it.
+TEST_F(ChangedRowsTest, AChangedRowListsTheBalanceAndTheWindowSaysSo)
+{
+    Show(true);
+
+    Grid().ColumnValue(4, std::string("12"));
+    ASSERT_TRUE(Grid().Update());
+    books_->window.Settle();
+
+    EXPECT_EQ(Balance(), "5");
+    EXPECT_THAT(books_->Rows(kList), ElementsAre("C1|7|5|window|"));
+    EXPECT_EQ(books_->window.notices.Text(), "A balance did not fit its rows: see clb check");
+}
+
+TEST_F(ChangedRowsTest, ANewRowListsTheBalance)
+{
+    Show(false);
+
+    Grid().MoveToRowKey(Null{});
+    Grid().ColumnValue(3, Money::Parse("-2"));
+    ASSERT_TRUE(Grid().Update());
+
+    EXPECT_EQ(Balance(), "3");
+    EXPECT_THAT(books_->Rows(kList), ElementsAre("C1|7|5|window|"));
+    EXPECT_EQ(books_->window.notices.Text(), "");
+}
+
+TEST_F(ChangedRowsTest, ADeletedRowListsTheBalance)
+{
+    Show(true);
+    books_->window.window.Focus(Grid().Component());
+    books_->messages.answers = {BoxAnswer::Yes};
+
+    Grid().Delete();
+
+    EXPECT_EQ(Balance(), "0");
+    EXPECT_THAT(books_->Rows(kList), ElementsAre("C1|7|5|window|"));
+}
+
+TEST_F(ChangedRowsTest, ALookIsNotTraced)
+{
+    Show(false);
+    std::vector<std::string> traced;
+    books_->window.Data().Database().Trace(
+        [&traced](std::string_view sql) { traced.emplace_back(sql); });
+
+    Grid().ColumnValue(4, std::string("12"));
+    ASSERT_TRUE(Grid().Update());
+
+    books_->window.Data().Database().Trace({});
+    EXPECT_THAT(traced, Not(::testing::Contains(HasSubstr("CvBalance"))));
+    EXPECT_EQ(std::count_if(traced.begin(), traced.end(),
+                            [](const std::string& sql) {
+                                return sql.find("AS TotAmount FROM Trans WHERE AccountID = 'C1'") !=
+                                       std::string::npos;
+                            }),
+              2);  // the balance, and the total below the rows
+}
+
+/// What the program stored itself fits until another program has written.
+TEST_F(ChangedRowsTest, WhatOthersDeleteMeanwhileIsNoticedAtTheNextChange)
+{
+    Show(false);
+    books_->Execute("INSERT INTO Trans (AccountID, Amount, Sequence) VALUES ('C1', 2, 2)");
+    Grid().ColumnValue(4, std::string("12"));
+    ASSERT_TRUE(Grid().Update());
+    books_->window.Settle();
+    ASSERT_THROW(books_->Rows(kList), EngineError);
+    {
+        Database storage;
+        storage.OpenExisting(books_->folder.Path("db/clb.mdb"));
+        storage.Run("DELETE FROM Trans WHERE Sequence = 2");
+    }
+
+    Grid().ColumnValue(4, std::string("13"));
+    ASSERT_TRUE(Grid().Update());
+
+    EXPECT_THAT(books_->Rows(kList), ElementsAre("C1|7|5|window|"));
+}
+
+/// As when another program changes a holding's total or a loan's payment.
+TEST_F(ChangedRowsTest, HoldingsAndLoansCountAsWell)
+{
+    Begin(false);
+    books_->AddAccount("H1", "Investment", "Fund");
+    books_->Execute("INSERT INTO Investment (AccountID, Total) VALUES ('H1', 30)");
+    books_->window.View().AccountID("H1");
+    books_->window.View().View(vwInvestment);
+
+    Grid().ColumnValue(7, Money::Parse("40"));
+    ASSERT_TRUE(Grid().Update());
+
+    EXPECT_THAT(books_->Rows(kList), ElementsAre("H1|0|30|window|"));
+}
+
+/// What a person has settled with another program goes from the panel by itself.
+TEST_F(ChangedRowsTest, ThePanelFollowsWhatOtherProgramsSettle)
+{
+    Show(true);
+    Grid().ColumnValue(4, std::string("12"));
+    ASSERT_TRUE(Grid().Update());
+    books_->window.Settle();
+    ASSERT_NE(books_->window.notices.Text(), "");
+    {
+        Database storage;
+        storage.OpenExisting(books_->folder.Path("db/clb.mdb"));
+        storage.Run("UPDATE CvBalance SET TakenNoteOf = '2006-03-05 10:00:00'");
+    }
+
+    books_->window.Others().Follow();
+
+    EXPECT_EQ(books_->window.notices.Text(), "");
+}
+
+TEST_F(NoticedBalancesTest, AStartListsThemOnceUntilAPersonHasTakenNote)
+{
+    Begin(true);
+
+    NoteOddBalances(books_->folder.Path(), books_->clock.Now());
+    NoteOddBalances(books_->folder.Path(), books_->clock.Now());
+
+    EXPECT_THAT(books_->Rows(kList), ElementsAre("C1|7|5|start|"));
+    EXPECT_EQ(books_->One("SELECT CurrentBalance FROM Account WHERE AccountID = 'C1'"), "7");
+    books_->window.Others().Follow();
+    EXPECT_EQ(books_->window.notices.Text(), "A balance did not fit its rows: see clb check");
+}
+
+TEST_F(NoticedBalancesTest, AStartWritesNothingWhenAllFit)
+{
+    Begin(true);
+    books_->Execute("UPDATE Account SET CurrentBalance = 5 WHERE AccountID = 'C1'");
+    books_->window.Settle();
+
+    NoteOddBalances(books_->folder.Path(), books_->clock.Now());
+
+    EXPECT_THROW(books_->Rows(kList), EngineError);
 }
 
 /// So many that their sums are read together.

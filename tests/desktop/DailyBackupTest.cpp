@@ -89,12 +89,27 @@ TEST_F(DailyBackupTest, ADayWithItsBackupSettlesTheNotice)
     ASSERT_EQ(Backups(Folder()).Daily(books_.clock.Now()), std::nullopt);
     std::vector<std::optional<BackupFailure>> told;
 
-    const DailyBackup backup(window_, Folder(), books_.clock,
-                             [&](const auto& failure) { told.push_back(failure); });
+    const DailyBackup backup(
+        window_, Folder(), books_.clock, [&](const auto& failure) { told.push_back(failure); },
+        QStringLiteral("/bin/false"));
     window_.repaint();
-    QTRY_COMPARE(told.size(), 1U);
+    // Once at once, and again after the helper has looked at the balances.
+    QTRY_COMPARE(told.size(), 2U);
 
     EXPECT_EQ(told[0], std::nullopt);
+    EXPECT_EQ(told[1], std::nullopt);
+}
+
+/// Symptom: a start said nothing of a balance that did not fit its rows.
+TEST_F(DailyBackupTest, TheHelperListsBalancesThatDoNotFitTheirRows)
+{
+    Model().Data().Execute("UPDATE Account SET CurrentBalance = 3 WHERE AccountID = 'P1'");
+    Model().Settle();
+
+    EXPECT_EQ(MakeDailyBackup(Folder(), *Date::FromIso("2026-11-21")), 0);
+
+    EXPECT_EQ(books_.Rows("SELECT AccountID, Stored, Total, NoticedBy FROM CvBalance"),
+              (std::vector<std::string>{"C1|0|-18|start", "P1|3|0|start"}));
 }
 
 /// The test program is the helper here, and knows nothing of backups.

@@ -6,6 +6,7 @@
 #include <QStatusBar>
 #include <QWheelEvent>
 
+#include "engine/Database.h"
 #include "tests/desktop/WindowFixture.h"
 
 namespace clb {
@@ -279,6 +280,36 @@ TEST_F(WindowTest, ClosingTheWindowUnloadsTheProgramUnlessTheGridRefuses)
     refusal.disconnect();
     EXPECT_TRUE(window_.close());
     EXPECT_FALSE(Model().Loaded());
+}
+
+/// Symptom: a box opened although nothing was pressed.
+TEST_F(WindowTest, ATipThatCannotBeReadIsNoError)
+{
+    Model().Data().Execute(
+        "INSERT INTO Budget ([Year], Period, Category, CategoryGroup) VALUES (2006, 3, '(none)', "
+        "'(none)')");
+    Model().Settle();
+    ClickNode("Budget");
+    {
+        Database storage;
+        storage.OpenExisting(books_.folder.Path("db/clb.mdb"));
+        storage.Run("UPDATE Trans SET PostDate = 'x'");
+    }
+    bool asked = false;
+    Model().Data().Database().Trace([&asked](std::string_view sql) {
+        asked = asked || sql.starts_with("SELECT PostDate, Trans.Description");
+    });
+    const QRect cell = window_.GridWidget().Layout().CellRect(2, 1);
+
+    QMouseEvent rests(QEvent::MouseMove, cell.center(),
+                      window_.GridWidget().mapToGlobal(cell.center()), Qt::NoButton, Qt::NoButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(window_.GridWidget().viewport(), &rests);
+    QTest::qWait(Grid().TipDelay() + 200);
+
+    Model().Data().Database().Trace({});
+    EXPECT_TRUE(asked);
+    EXPECT_TRUE(books_.messages.boxes.empty());
 }
 
 TEST_F(WindowTest, ExitUnloadsTheProgram)

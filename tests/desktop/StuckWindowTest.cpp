@@ -7,6 +7,8 @@
 #include <QWindow>
 
 #include "desktop/RestoreOffer.h"
+#include "engine/Database.h"
+#include "engine/EngineError.h"
 #include "tests/desktop/WindowFixture.h"
 
 namespace clb {
@@ -195,6 +197,28 @@ TEST_F(StuckWindowTest, DataThatCannotBeOpenedIsOfferedToBeRestored)
     EXPECT_EQ(restore->text(), "&Restore the backup of 2026-11-20");
     EXPECT_EQ(box->defaultButton(), restore);
     EXPECT_EQ(box->escapeButton(), box->findChild<QPushButton*>("quit"));
+}
+
+/// Symptom: the window showed the error and ended; no start could do better.
+TEST_F(StuckWindowTest, ABookWithAWrongCellIsOfferedTheNewestBackupWithoutIt)
+{
+    Backups backups(books_.folder.Path());
+    books_.window.Settle();
+    backups.Daily(*Date::FromIso("2026-11-20"));
+    {
+        Database storage;
+        storage.OpenExisting(books_.folder.Path("db/clb.mdb"));
+        storage.Run("UPDATE Account SET OpeningBalance = '1,5' WHERE AccountID = 'C1'");
+    }
+    backups.Daily(*Date::FromIso("2026-11-21"));
+    ASSERT_EQ(backups.Names().size(), 2U);
+
+    try {
+        Model().View().BuildTree();
+        ADD_FAILURE() << "the accounts were read";
+    } catch (const EngineError& error) {
+        EXPECT_EQ(BackupAgainst(backups, error), "2026-11-20");
+    }
 }
 
 TEST_F(StuckWindowTest, WhileACommandRunsTheDisabledMainWindowStaysAndNothingElseShows)

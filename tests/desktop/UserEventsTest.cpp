@@ -47,6 +47,19 @@ TEST_F(UserEventsTest, ACommandWithoutMemoryIsTakenBackAndSaysSo)
     EXPECT_TRUE(books_.window.window.Enabled());
 }
 
+/// The row that it was meant for may not be the current one any more.
+TEST_F(UserEventsTest, IfTheLookBeforehandFailsAnActionOnTheRowIsLeftOut)
+{
+    events_.Before([]() -> bool { throw RuntimeError(errors::InvalidCall, "No"); });
+    bool onRow = false;
+
+    EXPECT_FALSE(events_.RunOnRow([&onRow] { onRow = true; }));
+
+    EXPECT_FALSE(onRow);
+    EXPECT_EQ(Told(), "No");
+    EXPECT_TRUE(events_.Run([] {}));
+}
+
 TEST_F(UserEventsTest, ACommandThatFailsByARuntimeErrorKeepsWhatRanBeforeIt)
 {
     events_.Run([this] {
