@@ -18,6 +18,10 @@ std::string Quoted(std::string_view text)
     return "'" + std::string(text) + "'";
 }
 
+constexpr const char* kTooMuch =
+    "The sum is more than an amount can be, so the balance is not stored anew. Put in the right "
+    "amounts.";
+
 std::int32_t Count(std::int64_t rows)
 {
     return static_cast<std::int32_t>(rows);
@@ -223,6 +227,7 @@ void DatabaseCheck::CompareBalance(const Account& account)
                    .row = account.row,
                    .sequence = account.row,
                    .column = "CurrentBalance",
+                   .meaning = total ? "" : kTooMuch,
                    .repairable = total.has_value()});
     if (total)
         plan_.balances.push_back(
