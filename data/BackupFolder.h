@@ -21,7 +21,8 @@ namespace clb {
 /// that is still to come are first, because their clock was wrong.
 ///
 /// The file "failed" says why the last daily backup was not made. Both files may be lost without
-/// harm, and what is broken in them is skipped.
+/// harm, and what is broken in them is skipped. A folder, pipe or link of their name gives way to
+/// the file when it is written next; a folder is kept with ".damaged" after its name.
 class BackupFolder {
 public:
     explicit BackupFolder(std::string path) : path_(std::move(path)) {}

@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <filesystem>
+#include <functional>
 #include <future>
 
 #include "tests/data/BackupsFixture.h"
@@ -104,6 +106,35 @@ TEST_F(BackupsTest, WithoutTheListTheTimesOfTheFilesTellTheOrder)
 
     EXPECT_THAT(backups_.Names(),
                 ElementsAre("2030-01-10", "2027-01-01", "2026-11-20", "2026-11-21"));
+}
+
+// A folder in the list's place ended the window, and a pipe let the backup wait for ever.
+TEST_F(BackupsTest, WhatIsInTheListsPlaceIsTakenForNoList)
+{
+    namespace fs = std::filesystem;
+    const std::string list = folder_.Path("db/backup/order");
+    const std::vector<std::function<void()>> obstacles = {
+        [&] { folder_.Write("db/backup/order/kept", "a file"); },
+        [&] { mkfifo(list.c_str(), 0600); }, [&] { symlink("order", list.c_str()); },
+        [&] { symlink("/", list.c_str()); }};
+    for (const auto& make : obstacles) {
+        fs::remove_all(folder_.Path("db/backup"));
+        AddCopies({"2026-11-20"});
+        make();
+        EXPECT_FALSE(backups_.HasDay(Day("2026-11-21")));
+        EXPECT_EQ(backups_.LastGood(), "2026-11-20");
+
+        EXPECT_EQ(backups_.Daily(Day("2026-11-21")), std::nullopt);
+
+        EXPECT_TRUE(backups_.HasDay(Day("2026-11-21")));
+        EXPECT_THAT(backups_.Names(), ElementsAre("2026-11-20", "2026-11-21"));
+    }
+    folder_.Write("db/backup/failed/kept", "a file");
+    EXPECT_EQ(backups_.KeptFailure(), std::nullopt);
+    const BackupFailure failure{false, "2026-11-21", "No room."};
+    backups_.Keep(failure);
+    EXPECT_EQ(backups_.KeptFailure(), failure);
+    EXPECT_TRUE(folder_.Holds("db/backup/failed.damaged/kept"));
 }
 
 TEST_F(BackupsTest, AnEmptyFileOfTodaysNameIsReplaced)
