@@ -286,6 +286,15 @@ TEST_F(DatabaseCheckTest, MissingIndexesAndTriggersAreMadeAgain)
     EXPECT_THAT(Texts(), IsEmpty());
 }
 
+// Symptom: the file was called in order, and the next start failed for ever.
+TEST_F(DatabaseCheckTest, AVersionThatIsOlderThanTheTablesIsTold)
+{
+    Foreign("ALTER TABLE _SchemaVersion RENAME COLUMN \"2\" TO \"1\"");
+
+    EXPECT_THAT(Texts(), ElementsAre("table: The table _SchemaVersion names version 1, but the "
+                                     "table Account is of version 2."));
+}
+
 /// Older versions gave a number twice when two programs wrote at the same time.
 TEST_F(DatabaseCheckTest, ANumberThatStandsTwiceIsToldAndTheLaterOneRenumbered)
 {

@@ -9,6 +9,7 @@
 #include "data/Backups.h"
 #include "engine/Backup.h"
 #include "engine/Connection.h"
+#include "engine/Database.h"
 
 namespace clb {
 namespace {
@@ -51,6 +52,25 @@ TEST_F(BackupTest, ABackupOfTodayIsRestoredByItsDay)
     EXPECT_EQ(Accounts(), R"([["1"]])");
     ASSERT_EQ(Run("restore '" + printed["kept"].get<std::string>() + "'" + Home()), 0) << Err();
     EXPECT_EQ(Accounts(), R"([["1"],["2"]])");
+}
+
+TEST_F(BackupTest, WhatACheckFindsInARestoredBookIsTold)
+{
+    Run("backup '" + folder.Path("stick.mdb") + "'" + Home());
+    {
+        Database storage;
+        storage.OpenExisting(folder.Path("stick.mdb"));
+        storage.Run(
+            "CREATE TRIGGER Eater AFTER INSERT ON Trans BEGIN DELETE FROM Trans WHERE rowid < "
+            "NEW.rowid; END");
+    }
+
+    ASSERT_EQ(Run("restore '" + folder.Path("stick.mdb") + "'" + Home()), 0) << Err();
+    EXPECT_THAT(Out(), HasSubstr("It is not in order; \"clb check\" tells what that means:\n   The "
+                                 "trigger Eater on Trans is not this program's.\n"));
+    ASSERT_EQ(Run("restore --json '" + folder.Path("stick.mdb") + "'" + Home()), 0) << Err();
+    EXPECT_EQ(Json::parse(Out())["findings"],
+              Json::array({"The trigger Eater on Trans is not this program's."}));
 }
 
 TEST_F(BackupTest, ABackupGoesToAFileThatIsNotThereYet)
