@@ -98,14 +98,17 @@ void PrintFaults(const std::vector<std::string>& faults)
 
 void RestoreBackup(const RestoreOptions& options)
 {
-    const std::string folder = ProgramFolder(PlacesOf(options.home));
+    const std::string folder = HomeFolder(options.home);
     Backups backups(folder);
     const std::string file = FindBackup(backups, options.backup);
     const auto kept = Restore(backups, file);
     const std::vector<std::string> faults = FaultsIn(folder);
     if (options.json) {
         const Json before = kept ? Json(*kept) : Json();
-        std::cout << ToLine({{"file", DatabasePath(folder)}, {"from", file}, {"kept", before}, {"findings", faults}})
+        std::cout << ToLine({{"file", DatabasePath(folder)},
+                             {"from", file},
+                             {"kept", before},
+                             {"findings", faults}})
                   << '\n';
         return;
     }

@@ -23,7 +23,6 @@
 #include "engine/EngineError.h"
 #include "files/FileError.h"
 #include "files/Folders.h"
-#include "files/Leftovers.h"
 #include "files/ReadFile.h"
 #include "files/WholeFile.h"
 
@@ -267,13 +266,6 @@ void BackupFolder::DropOld() const
             unlink(PathOf(*day).c_str());
         whole += LooksWhole(PathOf(*day)) ? 1U : 0U;
     }
-}
-
-void BackupFolder::DropUnfinished() const
-{
-    RemoveUnfinishedIn(path_, [](std::string_view file) {
-        return file.starts_with(kBefore) || file == kList || file == kFailure;
-    });
 }
 
 void BackupFolder::Failure(const std::optional<BackupFailure>& failure) const noexcept

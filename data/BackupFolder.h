@@ -53,8 +53,6 @@ public:
     /// Removes daily copies: the ten newest that look whole stay, the first of each month, and what
     /// is newer than the oldest of the ten. Copies made on purpose are not touched.
     void DropOld() const;
-    /// Removes what programs that were ended in the middle have left.
-    void DropUnfinished() const;
 
     /// Keeps why the last daily backup was not made; nothing: it was. Does nothing where the folder
     /// cannot be written.

@@ -14,6 +14,7 @@
 #include "engine/Backup.h"
 #include "engine/Connection.h"
 #include "engine/EngineError.h"
+#include "files/Folders.h"
 #include "files/Leftovers.h"
 
 namespace clb {
@@ -67,6 +68,7 @@ public:
         : UnfinishedCopy(UnfinishedName(to))
     {
         RemoveUnfinishedOf(to);
+        RemoveUnfinishedIn(FolderOf(to));
         Copy(from, to);
         if (FaultsOf(path_).empty())
             return;
@@ -173,7 +175,6 @@ void Backups::MakeDaily(const Date& now)
     const BackupFolder::Turn turn(folder_);
     if (HasDay(now))
         return;
-    folder_.DropUnfinished();
     if (IsSound(name))
         return folder_.Confirm(name);
     folder_.PutAside(name);

@@ -73,6 +73,29 @@ TEST_F(BackupTest, WhatACheckFindsInARestoredBookIsTold)
               Json::array({"The trigger Eater on Trans is not this program's."}));
 }
 
+// Half a book, as large as the book, stayed until somebody restored a backup again.
+TEST_F(BackupTest, WhatKilledProgramsLeftBesideTheBookGoesWithTheNextCommand)
+{
+    const std::string ended = "4194305";  // no process has so large a number
+    const std::string names[] = {"books/db/clb.mdb.new-" + ended,
+                                 "books/db/backup/clb-2026-11-21.mdb.new-" + ended + "-journal"};
+    const std::string commands[] = {"accounts" + Home(), "check" + Home(), "backup" + Home(),
+                                    "sql " + Books() + " 'SELECT AccountID FROM Account'",
+                                    "import --dry-run " + Statement("1", "2") + Home()};
+    for (const std::string& command : commands) {
+        for (const std::string& name : names)
+            folder.Write(name, "half");
+
+        EXPECT_EQ(Run(command), 0) << command << Err();
+
+        for (const std::string& name : names)
+            EXPECT_FALSE(folder.Holds(name)) << command;
+    }
+    folder.Write("stick/old.mdb.new-" + ended, "half");
+    EXPECT_EQ(Run("backup '" + folder.Path("stick/new.mdb") + "'" + Home()), 0) << Err();
+    EXPECT_FALSE(folder.Holds("stick/old.mdb.new-" + ended));
+}
+
 TEST_F(BackupTest, ABackupGoesToAFileThatIsNotThereYet)
 {
     const std::string file = "'" + folder.Path("stick.mdb") + "'";
