@@ -217,7 +217,7 @@ TEST_F(BackupTest, AFailedDailyBackupIsFoundByCheckUntilOneIsMade)
     EXPECT_EQ(Run("check" + Home()), 0) << Out();
 }
 
-TEST_F(BackupTest, SeveralAtOnceMakeSoundCopiesOfTheirOwn)
+TEST_F(BackupTest, SeveralAtOnceMakeOrShareSoundCopies)
 {
     std::vector<std::future<std::string>> all;
     for (int program = 0; program < 4; ++program)
@@ -232,9 +232,9 @@ TEST_F(BackupTest, SeveralAtOnceMakeSoundCopiesOfTheirOwn)
     for (auto& one : all)
         made.insert(one.get());
 
-    EXPECT_EQ(made.size(), 4U);
+    // How many wait for each other depends on the machine.
     const Backups backups(folder.Path("books"));
-    EXPECT_EQ(backups.Names().size(), 4U);
+    EXPECT_EQ(backups.Names().size(), made.size());
     for (const std::string& name : backups.Names())
         EXPECT_EQ(FaultsOf(backups.PathOf(name)), std::vector<std::string>()) << name;
 }

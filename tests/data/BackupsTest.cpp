@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <functional>
 #include <future>
+#include <thread>
 
 #include "tests/data/BackupsFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
@@ -135,6 +136,35 @@ TEST_F(BackupsTest, WhatIsInTheListsPlaceIsTakenForNoList)
     backups_.Keep(failure);
     EXPECT_EQ(backups_.KeptFailure(), failure);
     EXPECT_TRUE(folder_.Holds("db/backup/failed.damaged/kept"));
+}
+
+// Symptom: two at once made two copies of the same.
+TEST_F(BackupsTest, BackupsMadeAtTheSameTimeAreOne)
+{
+    AddAccount("1", "Bank");
+    CloseStore();
+    const auto old = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+    std::filesystem::last_write_time(folder_.Path("db/clb.mdb"), old);
+    folder_.Write("db/backup/keep", "");
+    std::future<std::string> other;
+    std::string first;
+    {
+        const BackupFolder folder(folder_.Path("db/backup"));
+        const BackupFolder::Turn turn(folder);
+        other = std::async(std::launch::async, [this] {
+            return Backups(folder_.Path()).Make(Day("2026-11-21 10:00:01"));
+        });
+        // Until it waits for its turn.
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        AddCopies({"2026-11-21"});
+        folder.Add("2026-11-21");
+        first = backups_.PathOf("2026-11-21");
+    }
+
+    EXPECT_EQ(other.get(), first);
+
+    EXPECT_THAT(backups_.Names(), ElementsAre("2026-11-21"));
+    EXPECT_NE(backups_.Make(Day("2026-11-21 10:00:02")), first);
 }
 
 TEST_F(BackupsTest, AnEmptyFileOfTodaysNameIsReplaced)
