@@ -21,8 +21,7 @@ constexpr Meaning kMeanings[] = {
     {"table", "What belongs there cannot be shown or kept. A backup may have it."},
     {"column", "What belongs there cannot be kept, or is read as something else."},
     {"cell",
-     "The program refuses this row, and every sum over it, rather than take another value for it. "
-     "Put in the right value."},
+     "The program refuses this row, and every sum over it, rather than take another value for it."},
     {"text", "It can be shown, but not kept again as it is. Type it anew."},
     {"number",
      "Transactions with one number are taken for pieces of one: splitting or moving one may change "
@@ -96,6 +95,7 @@ std::vector<Finding> FindingList::Take()
         Finding more = *last;
         more.row.reset();
         more.sequence.reset();
+        more.statement.clear();
         more.rows = count - kMostOfAKind;
         const std::string place =
             more.table.empty() || more.column.empty() ? more.table : more.table + "." + more.column;

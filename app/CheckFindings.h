@@ -20,7 +20,10 @@ struct Finding {
     std::optional<std::int64_t> row{};       ///< the storage's number of the (first) row
     std::optional<std::int64_t> sequence{};  ///< its field Sequence
     std::string column{};
-    std::string meaning{};    ///< what that does to the user; filled in when it is empty
+    std::string meaning{};  ///< what that does to the user; filled in when it is empty
+    /// A statement of the program's SQL that puts another value in; empty: none. CheckDatabase adds
+    /// it to the meaning, as a command.
+    std::string statement{};
     bool repairable = false;  ///< whether a repair mends it
 };
 

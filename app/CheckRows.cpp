@@ -54,9 +54,23 @@ std::string Fault(const RawSql::Row& row, int at, const ColumnType& type)
                        ? ""
                        : NotA(row, at, "yes (1) or no (0)");
         default:
-            if (kind == Kind::Integer || (kind == Kind::Real && std::isfinite(row.Real(at))))
-                return {};
-            return NotA(row, at, "a number");
+            if (kind != Kind::Integer && (kind != Kind::Real || !std::isfinite(row.Real(at))))
+                return NotA(row, at, "a number");
+            return type.type == FieldType::Single &&
+                           std::abs(row.Real(at)) > double{std::numeric_limits<float>::max()}
+                       ? row.Describe(at) + ", which is too large"
+                       : "";
+    }
+}
+
+/// A value of the type, in the program's SQL.
+const char* ExampleOf(FieldType type)
+{
+    switch (type) {
+        case FieldType::Text: return "'text'";
+        case FieldType::Date: return "#2026-01-31#";
+        case FieldType::Boolean: return "YES";
+        default: return "0";
     }
 }
 
@@ -98,7 +112,11 @@ std::optional<Money> RowSum::Total() const
 
 std::string MonthText(const BudgetPlace& place)
 {
-    const std::string period = TextOf(std::get<1>(place));
+    const auto& [year, month, category] = place;
+    if (!year || !month || *year < 1000 || *year > 9999 || *month < 0)
+        return (month ? "month " + TextOf(month) : std::string("an empty month")) +
+               (year ? " of the year " + TextOf(year) : std::string(" of an empty year"));
+    const std::string period = TextOf(month);
     return TextOf(std::get<0>(place)) + "-" + (period.size() == 1 ? "0" : "") + period;
 }
 
@@ -116,6 +134,7 @@ CheckRows::CheckRows(RawSql& raw, const TableInfo& expected, FindingList& findin
         if (actual && actual->Find(column.name))
             columns_.push_back(&column);
     sequence_ = Place("Sequence");
+    piece_ = Place("SubSequence");
     // An account's own number is not a reference to it.
     account_ = expected.name == "Account" ? 0 : Place("AccountID");
     year_ = Place("Year");
@@ -153,6 +172,7 @@ void CheckRows::TakeRow(const RawSql::Row& row)
     int at = 0;
     for (const ColumnInfo* column : columns_)
         CheckCell(row, ++at, *column);
+    CheckNumber(row);
     if (account_ != 0)
         AddToAccount(row);
     if (year_ != 0 && period_ != 0 && category_ != 0)
@@ -192,7 +212,54 @@ void CheckRows::CheckCell(const RawSql::Row& row, int at, const ColumnInfo& colu
          .rows = 1,
          .row = row.Integer(0),
          .sequence = Sequence(row),
-         .column = column.name});
+         .column = column.name,
+         .statement = text ? std::string() : StatementFor(row, at)});
+}
+
+/// Every row has a number from 1 on, every piece one from 0 on. A transaction without a number is
+/// found with those that share one.
+void CheckRows::CheckNumber(const RawSql::Row& row)
+{
+    const auto add = [&](int at, const std::string& what) {
+        findings_.Add({.kind = "number",
+                       .table = expected_.name,
+                       .text = expected_.name + "." + Column(at).name + " of " + Name(row) +
+                               " holds " + what + ".",
+                       .rows = 1,
+                       .row = row.Integer(0),
+                       .sequence = Sequence(row),
+                       .column = Column(at).name,
+                       .meaning = "The program never gives such a number. Commands on this row may "
+                                  "fail or change another one.",
+                       .statement = StatementFor(row, at)});
+    };
+    if (sequence_ != 0 && row.KindOf(sequence_) == Kind::Integer && row.Integer(sequence_) < 1)
+        add(sequence_, row.Describe(sequence_) + ", where numbers begin at 1");
+    if (piece_ != 0 && row.IsNull(piece_))
+        add(piece_, "nothing, where a number must be");
+    else if (piece_ != 0 && row.KindOf(piece_) == Kind::Integer && row.Integer(piece_) < 0)
+        add(piece_, row.Describe(piece_) + ", where numbers begin at 0");
+}
+
+/// What puts another value into the cell; empty if the row cannot be named by its number.
+std::string CheckRows::StatementFor(const RawSql::Row& row, int at) const
+{
+    const auto number = Sequence(row);
+    // A balance is worked out again by a repair.
+    if (!number || at == sequence_ || Column(at).name == "CurrentBalance")
+        return {};
+    std::string piece;
+    if (piece_ != 0 && row.IsNull(piece_))
+        piece = " AND SubSequence IS NULL";
+    else if (piece_ != 0 && row.KindOf(piece_) == Kind::Integer)
+        piece = " AND SubSequence = " + std::to_string(row.Integer(piece_));
+    return "UPDATE " + expected_.name + " SET " + Column(at).name + " = " +
+           ExampleOf(Column(at).type.type) + " WHERE Sequence = " + std::to_string(*number) + piece;
+}
+
+const ColumnInfo& CheckRows::Column(int at) const
+{
+    return *columns_[static_cast<std::size_t>(at) - 1];
 }
 
 void CheckRows::AddToAccount(const RawSql::Row& row)

@@ -74,6 +74,9 @@ private:
     std::string Sql() const;
     void TakeRow(const RawSql::Row& row);
     void CheckCell(const RawSql::Row& row, int at, const ColumnInfo& column);
+    void CheckNumber(const RawSql::Row& row);
+    std::string StatementFor(const RawSql::Row& row, int at) const;
+    const ColumnInfo& Column(int at) const;
     void AddToAccount(const RawSql::Row& row);
     void AddAmount(const RawSql::Row& row, RowSum& sum) const;
     void AddToPlace(const RawSql::Row& row);
@@ -86,6 +89,7 @@ private:
     FindingList months_;
     std::vector<const ColumnInfo*> columns_;  ///< column n of the rows read is number n - 1 here
     int sequence_;                            ///< places in the rows read; 0: none
+    int piece_;
     int account_;
     int year_;
     int period_;
@@ -98,7 +102,8 @@ private:
     std::map<BudgetPlace, RowGroup> places_;
 };
 
-/// "2006-03", and "2006-13" for a month that does not exist.
+/// "2006-03", and "2006-13" for a month that does not exist; "month 3 of an empty year" and the
+/// like for what cannot be written so.
 std::string MonthText(const BudgetPlace& place);
 
 /// Whether the month is one that the program can show.

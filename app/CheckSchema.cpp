@@ -46,16 +46,14 @@ const std::vector<std::string>& OwnTables()
 
 CheckSchema::CheckSchema(RawSql& raw) : raw_(raw), delivered_(RawSql::OfImage(EmptyDatabase())) {}
 
-/// Data that was never versioned lacks what an upgrade adds.
-void CheckSchema::FindLostVersion(FindingList& findings)
+/// Data of an older version, or that was never versioned, lacks what an upgrade adds.
+void CheckSchema::FindLostVersion(const std::string& text, FindingList& findings)
 {
     const TableInfo* accounts = raw_.Find("Account");
-    const auto upgraded = [](const ColumnInfo& column) { return column.name == "BudgetInclude"; };
-    if (accounts && std::any_of(accounts->columns.begin(), accounts->columns.end(), upgraded))
+    if (accounts && accounts->Find("BudgetInclude"))
         findings.Add({.kind = "table",
                       .table = "_SchemaVersion",
-                      .text = "The table _SchemaVersion is missing, which holds the version of the "
-                              "data.",
+                      .text = text,
                       .meaning = "The program takes the data for older than it is and cannot open "
                                  "it. Restore a backup."});
 }
@@ -64,12 +62,20 @@ std::int16_t CheckSchema::Version(FindingList& findings)
 {
     const TableInfo* table = raw_.Find("_SchemaVersion");
     if (!table) {
-        FindLostVersion(findings);
+        FindLostVersion(
+            "The table _SchemaVersion is missing, which holds the version of the data.", findings);
         return 0;
     }
     try {
-        if (!table->columns.empty())
-            return NarrowTo<std::int16_t>(ParseLong(table->columns.front().name));
+        if (!table->columns.empty()) {
+            const auto version = NarrowTo<std::int16_t>(ParseLong(table->columns.front().name));
+            if (version >= 0 && version < kSchemaVersion)
+                FindLostVersion("The table _SchemaVersion names version " +
+                                    std::to_string(version) + ", but the table Account is of "
+                                    "version " + std::to_string(kSchemaVersion) + ".",
+                                findings);
+            return version;
+        }
     } catch (const RuntimeError&) {
         // Told below.
     }

@@ -16,7 +16,7 @@ public:
     explicit CheckSchema(RawSql& raw);
 
     /// The schema version that the file names; 0: none. Adds a finding for one that is not a
-    /// number.
+    /// number, or that is older than the tables.
     std::int16_t Version(FindingList& findings);
     /// Missing tables and columns, and columns of another type. An older version's file lacks what
     /// its upgrade adds, which is not a finding.
@@ -40,7 +40,7 @@ private:
     static std::string ColumnsOf(RawSql& database, const std::string& index);
     bool IsIndexed(const std::string& table, const std::string& columns);
     bool IsTaken(const std::string& name);
-    void FindLostVersion(FindingList& findings);
+    void FindLostVersion(const std::string& text, FindingList& findings);
     void FindIndexes(FindingList& findings);
     void FindUniqueIndexes(const std::string& table, FindingList& findings);
     void FindTriggers(FindingList& findings);

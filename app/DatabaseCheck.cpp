@@ -18,6 +18,10 @@ std::string Quoted(std::string_view text)
     return "'" + std::string(text) + "'";
 }
 
+constexpr const char* kTooMuch =
+    "The sum is more than an amount can be, so the balance is not stored anew. Put in the right "
+    "amounts.";
+
 std::int32_t Count(std::int64_t rows)
 {
     return static_cast<std::int32_t>(rows);
@@ -36,6 +40,29 @@ bool CanHaveLine(const BudgetPlace& place)
     const auto& category = std::get<2>(place);
     return IsMonth(place) && category && !category->empty() && IsValidUtf8(*category) &&
            Length(*category) <= kWidth;
+}
+
+/// The list of the balances that did not fit their rows, as the program makes it.
+const TableInfo& NoticedList()
+{
+    static const TableInfo list = [] {
+        TableInfo made;
+        made.name = "CvBalance";
+        for (const auto& [name, type] : std::initializer_list<std::pair<const char*, FieldType>>{
+                 {"At", FieldType::Date},
+                 {"AccountID", FieldType::Text},
+                 {"Stored", FieldType::Money},
+                 {"Total", FieldType::Money},
+                 {"NoticedBy", FieldType::Text},
+                 {"TakenNoteOf", FieldType::Date},
+                 {"StoredInstead", FieldType::Text}}) {
+            made.columns.emplace_back();
+            made.columns.back().name = name;
+            made.columns.back().type.type = type;
+        }
+        return made;
+    }();
+    return list;
 }
 
 Finding Damage(const std::string& text)
@@ -73,8 +100,10 @@ void DatabaseCheck::Try(const std::string& table, Step step)
         if (error.Trouble() == FileTrouble::Locked)
             throw;
         // A missing column is told already.
-        if (error.Trouble() != FileTrouble::None || !findings_.Has("column", table))
-            findings_.Add(Damage(table + " cannot be read to its end: " + error.what()));
+        const std::string text = table + " cannot be read to its end: " + error.what();
+        if ((error.Trouble() != FileTrouble::None || !findings_.Has("column", table)) &&
+            told_.insert(text).second)
+            findings_.Add(Damage(text));
     }
 }
 
@@ -133,18 +162,21 @@ void DatabaseCheck::ReadAccounts()
                             row.Integer(4),
                             stored || row.IsNull(4) ? std::string() : row.Describe(4)};
             const auto [same, fresh] = first.emplace(account.number, account.row);
-            const auto add = [&](const std::string& text) {
+            const auto add = [&](const std::string& text, const char* meaning = "") {
                 findings_.Add({.kind = "account",
                                .table = "Account",
                                .text = text,
                                .rows = 1,
                                .row = account.row,
                                .sequence = account.row,
-                               .column = "AccountID"});
+                               .column = "AccountID",
+                               .meaning = meaning});
             };
             if (account.number.empty())
                 add("Account: number " + std::to_string(account.row) + " (" + account.description +
-                    ") has no account number.");
+                        ") has no account number.",
+                    "It can have no rows, and its balance is not kept. Give it a number in the "
+                    "view Net Worth.");
             else if (!fresh)
                 add("Account: the numbers " + std::to_string(same->second) + " and " +
                     std::to_string(account.row) + " have the same account number " +
@@ -223,10 +255,29 @@ void DatabaseCheck::CompareBalance(const Account& account)
                    .row = account.row,
                    .sequence = account.row,
                    .column = "CurrentBalance",
+                   .meaning = total ? "" : kTooMuch,
                    .repairable = total.has_value()});
     if (total)
         plan_.balances.push_back(
             {account.row, {account.number, account.description, stored, total, account.instead}});
+}
+
+/// Adds a finding for what the list lacks.
+bool DatabaseCheck::IsNoticedList(const TableInfo& list)
+{
+    for (const ColumnInfo& column : NoticedList().columns) {
+        // It was added later.
+        if (column.name == "StoredInstead" || list.Find(column.name))
+            continue;
+        findings_.Add({.kind = "column",
+                       .table = list.name,
+                       .text = "The column " + list.name + "." + column.name + " is missing.",
+                       .column = column.name,
+                       .meaning = "Balances that do not fit their rows cannot be listed. Another "
+                                  "program has made or changed this table."});
+        return false;
+    }
+    return true;
 }
 
 std::string DatabaseCheck::DescriptionOf(const std::string& number) const
@@ -240,8 +291,9 @@ std::string DatabaseCheck::DescriptionOf(const std::string& number) const
 void DatabaseCheck::FindNoticed()
 {
     const TableInfo* const list = raw_.Find("CvBalance");
-    if (!list)
+    if (!list || !IsNoticedList(*list))
         return;
+    CheckRows(raw_, NoticedList(), findings_).Run();
     raw_.Select(
         std::string("SELECT rowid, At, AccountID, Stored, Total, NoticedBy, ") +
             (list->Find("StoredInstead") ? "StoredInstead" : "NULL") +
@@ -250,15 +302,18 @@ void DatabaseCheck::FindNoticed()
             const auto amount = [&](int at, const char* none) {
                 return row.KindOf(at) == RawSql::Kind::Integer
                            ? Money::FromScaled(row.Integer(at)).ToText()
-                           : std::string(none);
+                       : row.IsNull(at) ? std::string(none)
+                                        : "not an amount";
             };
+            const std::string day(row.Text(1).substr(0, 10));
+            const std::string when = Date::FromIso(day) ? "on " + day : "on an unknown day";
             const std::string number(row.Text(2));
             findings_.Add(
                 {.kind = "noticed",
                  .table = "CvBalance",
                  .text = "Account " + Quoted(number) + " (" + DescriptionOf(number) + "): when " +
-                         noticed_balances::OccasionOf(row.Text(5)) + " on " +
-                         std::string(row.Text(1).substr(0, 10)) + ", the stored balance was " +
+                         noticed_balances::OccasionOf(row.Text(5)) + " " + when +
+                         ", the stored balance was " +
                          (row.IsNull(6) ? amount(3, "missing") : std::string(row.Text(6))) +
                          " and its rows added up to " + amount(4, "too much") + ".",
                  .rows = 1,
@@ -300,6 +355,24 @@ void DatabaseCheck::AddCategory(const BudgetPlace& place, const RowGroup& rows)
                                      static_cast<std::int32_t>(*std::get<1>(place)), category});
 }
 
+namespace {
+
+/// For a shell.
+std::string ShellWord(const std::string& text)
+{
+    return "'" + Replace(text, "'", "'\\''") + "'";
+}
+
+void AddAdvice(std::vector<Finding>& findings, const std::string& folder)
+{
+    for (Finding& finding : findings)
+        if (!finding.statement.empty())
+            finding.meaning += " Put in the right value: clb sql " + ShellWord(folder) + " \"" +
+                               finding.statement + "\"";
+}
+
+}  // namespace
+
 DatabaseReport CheckDatabase(const std::string& folder)
 {
     DatabaseReport report;
@@ -314,6 +387,7 @@ DatabaseReport CheckDatabase(const std::string& folder)
         findings.Append(check.Findings());
         const bool damaged = findings.Has("damage", "");
         report.findings = findings.Take();
+        AddAdvice(report.findings, folder);
         if (damaged)
             for (Finding& finding : report.findings)
                 finding.repairable = false;

@@ -1,5 +1,7 @@
 #pragma once
 #include <cstdint>
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -72,6 +74,7 @@ private:
     void FindBalances();
     void CompareBalance(const Account& account);
     void FindNoticed();
+    bool IsNoticedList(const TableInfo& list);
     void FindCategories();
     void AddCategory(const BudgetPlace& place, const RowGroup& rows);
     std::string DescriptionOf(const std::string& number) const;
@@ -79,6 +82,7 @@ private:
     RawSql& raw_;
     std::int16_t version_ = 0;
     FindingList findings_;
+    std::set<std::string> told_;  ///< what cannot be read, each once
     FindingList months_;
     RepairPlan plan_;
     std::vector<Account> accounts_;

@@ -17,7 +17,7 @@ struct BackupOptions : FolderOptions {
 
 void MakeBackup(const BackupOptions& options)
 {
-    Backups backups(ProgramFolder(PlacesOf(options.home)));
+    Backups backups(HomeFolder(options.home));
     std::string made = options.file;
     if (made.empty())
         made = backups.Make(SystemClock().Now());

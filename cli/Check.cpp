@@ -28,13 +28,28 @@ struct Changes {
     std::int32_t accepted = 0;
 };
 
-std::string VersionText(std::int16_t version)
+bool Has(const DatabaseReport& report, const char* kind)
 {
+    return std::any_of(report.findings.begin(), report.findings.end(),
+                       [kind](const Finding& finding) { return finding.kind == kind; });
+}
+
+/// Whether the next start can bring the data up to date, as far as the version tells.
+bool HasTrueVersion(const DatabaseReport& report)
+{
+    return std::none_of(report.findings.begin(), report.findings.end(), [](const Finding& finding) {
+        return finding.table == "_SchemaVersion";
+    });
+}
+
+std::string VersionText(const DatabaseReport& report)
+{
+    const std::int16_t version = report.schemaVersion;
     const std::string text = "Schema version " + std::to_string(version);
     if (version > kSchemaVersion)
         return text + ": a later program's; this one knows version " +
                std::to_string(kSchemaVersion) + " and takes the file as it is";
-    if (version < kSchemaVersion)
+    if (version < kSchemaVersion && HasTrueVersion(report))
         return text + ": the next start brings it to version " + std::to_string(kSchemaVersion);
     return text;
 }
@@ -84,12 +99,6 @@ void PrintJson(const DatabaseReport& report, const CheckOptions& options, const 
     std::cout << ToLine(printed) << '\n';
 }
 
-bool Has(const DatabaseReport& report, const char* kind)
-{
-    return std::any_of(report.findings.begin(), report.findings.end(),
-                       [kind](const Finding& finding) { return finding.kind == kind; });
-}
-
 void PrintRepair(const RepairReport& repair)
 {
     if (!repair.backup.empty())
@@ -107,7 +116,7 @@ void Print(const DatabaseReport& report, const CheckOptions& options, const Chan
 {
     std::cout << report.file << '\n';
     if (!Has(report, "damage"))
-        std::cout << VersionText(report.schemaVersion) << '\n';
+        std::cout << VersionText(report) << '\n';
     if (options.repair)
         PrintRepair(changes.repair);
     if (options.accept)

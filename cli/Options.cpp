@@ -59,10 +59,16 @@ TextCheck IsMonth()
             "YYYY-MM"};
 }
 
+std::string HomeFolder(const std::optional<std::string>& home)
+{
+    std::string folder = ProgramFolder(PlacesOf(home));
+    RemoveProgramLeftovers(folder);
+    return folder;
+}
+
 std::string OpenFolder(const std::optional<std::string>& home)
 {
-    const std::string folder = ProgramFolder(PlacesOf(home));
-    RemoveProgramLeftovers(folder);
+    std::string folder = HomeFolder(home);
     if (!home && IsUnused(folder))
         DeliverFolder(folder, EmptyDatabase());
     return folder;

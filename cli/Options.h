@@ -27,8 +27,11 @@ std::string MonthText(Month month);
 /// The month named so; nothing for other texts.
 std::optional<Month> ReadMonth(const std::string& text);
 
-/// The program folder to work on. One in the user's data folder gets the delivered database on
-/// first use; others are left as they are.
+/// The program folder to work on, without what ended programs have left in it. No database need be
+/// there.
+std::string HomeFolder(const std::optional<std::string>& home);
+/// The same for a command that needs a database. One in the user's data folder gets the delivered
+/// database on first use; others are left as they are.
 std::string OpenFolder(const std::optional<std::string>& home);
 
 }  // namespace clb

@@ -1,12 +1,15 @@
+#include "app/DatabaseCheck.h"
 #include "automation/ValueJson.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
+#include "cli/Table.h"
 #include "data/Backups.h"
 #include "engine/EngineError.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -68,21 +71,51 @@ std::optional<std::string> Restore(Backups& backups, const std::string& file)
     }
 }
 
+/// What the check finds in the restored database: it may be a file of somebody else's.
+std::vector<std::string> FaultsIn(const std::string& folder)
+{
+    std::vector<std::string> faults;
+    try {
+        for (const Finding& finding : CheckDatabase(folder).findings)
+            faults.push_back(Printable(finding.text));
+    } catch (const EngineError&) {
+        // Another program has taken the restored database already.
+    }
+    return faults;
+}
+
+void PrintFaults(const std::vector<std::string>& faults)
+{
+    constexpr std::size_t kMostShown = 5;
+    if (faults.empty())
+        return;
+    std::cout << "It is not in order; \"clb check\" tells what that means:\n";
+    for (std::size_t at = 0; at < std::min(faults.size(), kMostShown); ++at)
+        std::cout << "   " << faults[at] << '\n';
+    if (faults.size() > kMostShown)
+        std::cout << "   " << faults.size() - kMostShown << " more\n";
+}
+
 void RestoreBackup(const RestoreOptions& options)
 {
-    const std::string folder = ProgramFolder(PlacesOf(options.home));
+    const std::string folder = HomeFolder(options.home);
     Backups backups(folder);
     const std::string file = FindBackup(backups, options.backup);
     const auto kept = Restore(backups, file);
+    const std::vector<std::string> faults = FaultsIn(folder);
     if (options.json) {
         const Json before = kept ? Json(*kept) : Json();
-        std::cout << ToLine({{"file", DatabasePath(folder)}, {"from", file}, {"kept", before}})
+        std::cout << ToLine({{"file", DatabasePath(folder)},
+                             {"from", file},
+                             {"kept", before},
+                             {"findings", faults}})
                   << '\n';
         return;
     }
     std::cout << "Restored " << DatabasePath(folder) << " from " << file << '\n';
     if (kept)
         std::cout << "The database before is " << *kept << '\n';
+    PrintFaults(faults);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "engine/Connection.h"
+#include "platform/ProgramFolder.h"
 
 #include <iostream>
 #include <memory>
@@ -19,6 +20,7 @@ struct SqlOptions {
 /// The reply's line, complete before anything is made durable.
 std::string Reply(const SqlOptions& options, int& exitCode)
 {
+    RemoveProgramLeftovers(options.folder);
     try {
         Connection connection;
         connection.Open("Data Source=" + options.folder + "/db/clb.mdb");

@@ -72,7 +72,7 @@ std::vector<std::string> FindStatements(const std::vector<std::string>& words)
 
 TrialFolder::TrialFolder(const std::optional<std::string>& home)
 {
-    const std::string folder = ProgramFolder(PlacesOf(home));
+    const std::string folder = HomeFolder(home);
     if (home || HoldsDatabase(folder))
         CopyDatabase(folder);
     else

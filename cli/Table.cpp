@@ -4,11 +4,39 @@
 
 #include <algorithm>
 #include <ostream>
+#include <string_view>
 
 namespace clb {
 
+namespace {
+
+/// With a question mark in place of each byte that is not UTF-8.
+std::string ValidText(std::string_view text)
+{
+    constexpr std::size_t kLongest = 4;
+    std::string valid;
+    while (!text.empty()) {
+        std::size_t size = 1;
+        while (size < kLongest && !IsValidUtf8(text.substr(0, size)))
+            ++size;
+        const bool character = IsValidUtf8(text.substr(0, size));
+        valid += character ? text.substr(0, size) : std::string_view("?");
+        text.remove_prefix(character ? std::min(size, text.size()) : 1);
+    }
+    return valid;
+}
+
+}  // namespace
+
 std::string Printable(std::string text)
 {
+    if (!IsValidUtf8(text))
+        text = ValidText(text);
+    // Two bytes each, U+0080 to U+009F.
+    for (std::size_t at = text.find('\xC2'); at != std::string::npos;
+         at = text.find('\xC2', at + 1))
+        if (static_cast<unsigned char>(text[at + 1]) < 0xA0)
+            text.replace(at, 2, " ");
     for (char& character : text) {
         const auto code = static_cast<unsigned char>(character);
         if ((code < 0x20 && character != '\n') || code == 0x7F)

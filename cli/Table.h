@@ -34,7 +34,7 @@ private:
 };
 
 /// The text without control characters, which a terminal would obey; each becomes a blank, but line
-/// feeds stay.
+/// feeds stay. A byte that is not UTF-8 becomes a question mark.
 std::string Printable(std::string text);
 
 }  // namespace clb

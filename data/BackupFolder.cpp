@@ -11,8 +11,7 @@
 #include <chrono>
 #include <cstring>
 #include <ctime>
-#include <fstream>
-#include <iterator>
+#include <filesystem>
 #include <new>
 #include <set>
 #include <sstream>
@@ -24,11 +23,13 @@
 #include "engine/EngineError.h"
 #include "files/FileError.h"
 #include "files/Folders.h"
-#include "files/Leftovers.h"
+#include "files/ReadFile.h"
 #include "files/WholeFile.h"
 
 namespace clb {
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr std::size_t kDaysKept = 10;
 constexpr std::size_t kDayLength = std::char_traits<char>::length("2026-11-21");
@@ -64,10 +65,27 @@ std::string NameIn(const std::string& file)
     return IsDay(name.substr(0, kDayLength)) ? name : std::string();
 }
 
+/// What one of the folder's own files holds. One that is missing, is not a file or cannot be read
+/// counts as empty. A pipe of its name would let the program wait for ever.
 std::string BytesOf(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::error_code unknown;
+    if (!fs::is_regular_file(path, unknown))
+        return {};
+    try {
+        return ReadFile(path);
+    } catch (const FileError&) {
+        return {};
+    }
+}
+
+/// A name that is free, for what has the path's name but is not what it should be.
+std::string NameAside(const std::string& path)
+{
+    std::string kept = path + ".damaged";
+    for (int number = 2; IsThere(kept); ++number)
+        kept = path + ".damaged-" + std::to_string(number);
+    return kept;
 }
 
 }  // namespace
@@ -207,8 +225,14 @@ void BackupFolder::WriteList(const Listed& list) const
 
 bool BackupFolder::WriteWhole(const std::string& file, const std::string& text) const
 {
+    const std::string path = path_ + "/" + file;
+    // A pipe or a link gives way to the file, a folder does not.
+    if (IsFolder(path))
+        ::rename(path.c_str(), NameAside(path).c_str());
     try {
-        ReplaceFile(path_ + "/" + file, text);
+        WholeFile whole(path, Existing::ReplaceName);
+        whole.Write(text);
+        whole.Keep();
         return true;
     } catch (const FileError&) {
         return false;
@@ -223,10 +247,7 @@ void BackupFolder::PutAside(const std::string& name) const
         return;
     if (mark && mark->first == 0 && unlink(path.c_str()) == 0)
         return;
-    std::string kept = path + ".damaged";
-    for (int number = 2; IsThere(kept); ++number)
-        kept = path + ".damaged-" + std::to_string(number);
-    if (rename(path.c_str(), kept.c_str()) != 0)
+    if (rename(path.c_str(), NameAside(path).c_str()) != 0)
         throw Trouble(path, std::string("cannot be renamed: ") + std::strerror(errno) + ".");
 }
 
@@ -245,13 +266,6 @@ void BackupFolder::DropOld() const
             unlink(PathOf(*day).c_str());
         whole += LooksWhole(PathOf(*day)) ? 1U : 0U;
     }
-}
-
-void BackupFolder::DropUnfinished() const
-{
-    RemoveUnfinishedIn(path_, [](std::string_view file) {
-        return file.starts_with(kBefore) || file == kList || file == kFailure;
-    });
 }
 
 void BackupFolder::Failure(const std::optional<BackupFailure>& failure) const noexcept

@@ -21,7 +21,8 @@ namespace clb {
 /// that is still to come are first, because their clock was wrong.
 ///
 /// The file "failed" says why the last daily backup was not made. Both files may be lost without
-/// harm, and what is broken in them is skipped.
+/// harm, and what is broken in them is skipped. A folder, pipe or link of their name gives way to
+/// the file when it is written next; a folder is kept with ".damaged" after its name.
 class BackupFolder {
 public:
     explicit BackupFolder(std::string path) : path_(std::move(path)) {}
@@ -52,8 +53,6 @@ public:
     /// Removes daily copies: the ten newest that look whole stay, the first of each month, and what
     /// is newer than the oldest of the ten. Copies made on purpose are not touched.
     void DropOld() const;
-    /// Removes what programs that were ended in the middle have left.
-    void DropUnfinished() const;
 
     /// Keeps why the last daily backup was not made; nothing: it was. Does nothing where the folder
     /// cannot be written.

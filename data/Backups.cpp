@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -14,6 +15,7 @@
 #include "engine/Backup.h"
 #include "engine/Connection.h"
 #include "engine/EngineError.h"
+#include "files/Folders.h"
 #include "files/Leftovers.h"
 
 namespace clb {
@@ -21,6 +23,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* kBeforeAnything = "-before-";
 constexpr const char* kBeforeRestore = "-before-restore";
 
 std::string DayOf(const Date& moment)
@@ -67,6 +70,7 @@ public:
         : UnfinishedCopy(UnfinishedName(to))
     {
         RemoveUnfinishedOf(to);
+        RemoveUnfinishedIn(FolderOf(to));
         Copy(from, to);
         if (FaultsOf(path_).empty())
             return;
@@ -173,7 +177,6 @@ void Backups::MakeDaily(const Date& now)
     const BackupFolder::Turn turn(folder_);
     if (HasDay(now))
         return;
-    folder_.DropUnfinished();
     if (IsSound(name))
         return folder_.Confirm(name);
     folder_.PutAside(name);
@@ -187,11 +190,30 @@ void Backups::MakeDaily(const Date& now)
     folder_.DropOld();
 }
 
+/// The copy that another program has made while this one waited for its turn, if nothing was
+/// written to the database after it.
+std::optional<std::string> Backups::MadeMeanwhile(const std::vector<std::string>& before) const
+{
+    const std::vector<std::string> names = Names();
+    if (names.empty() || names.back().find(kBeforeAnything) != std::string::npos ||
+        std::find(before.begin(), before.end(), names.back()) != before.end())
+        return std::nullopt;
+    // The copy's last write is made while the database is still locked for reading.
+    std::error_code unknown;
+    const auto written = fs::last_write_time(database_, unknown);
+    if (unknown || written >= fs::last_write_time(PathOf(names.back()), unknown) || unknown)
+        return std::nullopt;
+    return names.back();
+}
+
 std::string Backups::Make(const Date& now)
 {
     std::string name = DayOf(now);
     folder_.Make();
+    const std::vector<std::string> before = Names();
     const BackupFolder::Turn turn(folder_);
+    if (const auto meanwhile = MadeMeanwhile(before))
+        return PathOf(*meanwhile);
     if (HasDay(now) || IsSound(name))
         name = folder_.FreeName(name + "-" + TimeOf(now));
     folder_.PutAside(name);

@@ -27,7 +27,8 @@ public:
     /// it failed, which is also kept for KeptFailure() where the folder can be written.
     std::optional<BackupFailure> Daily(const Date& now);
     /// Makes a copy on purpose and returns its path: the day's, or one with the time when the day
-    /// has its own.
+    /// has its own. If another program makes one at the same time, and the database has not changed
+    /// since, it is that one.
     std::string Make(const Date& now);
     /// Makes a copy before something that may spoil the database, and returns its path:
     /// Before("repair", now) makes "clb-2026-11-22-before-repair.mdb", numbered when that name is
@@ -64,6 +65,7 @@ public:
 
 private:
     bool IsSound(const std::string& name) const;
+    std::optional<std::string> MadeMeanwhile(const std::vector<std::string>& before) const;
     void MakeDaily(const Date& now);
     void Take(const std::string& name) const;
 

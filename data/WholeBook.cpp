@@ -71,11 +71,18 @@ std::string Sentence(const std::string& what, const Names& names)
            (names.size() == 1 ? " is missing" : " are missing");
 }
 
+/// The version that a book is brought up to date from.
+struct Version {
+    std::int16_t number = 0;
+    bool named = false;  ///< by the table of the version
+};
+
 /// Nothing if the table of the version does not name a number.
-std::optional<std::int16_t> VersionOf(Connection& book)
+std::optional<Version> VersionOf(Connection& book)
 {
     try {
-        return SchemaVersionOf(book).value_or(0);
+        const auto named = SchemaVersionOf(book);
+        return Version{named.value_or(0), named.has_value()};
     } catch (const EngineError& error) {
         if (error.Number() != engine_errors::ItemNotFound)
             throw;
@@ -85,6 +92,20 @@ std::optional<std::int16_t> VersionOf(Connection& book)
     return std::nullopt;
 }
 
+/// What makes the update of the schema fail, as it adds a column that is there; empty if nothing
+/// does.
+std::string HalfUpdate(Connection& book, const Version& version)
+{
+    if (version.number < 0 || version.number >= kSchemaVersion)
+        return {};
+    if (MissingColumns(book, {"Account", {"BudgetInclude"}}) != Names())
+        return {};
+    if (!version.named)
+        return "the table _SchemaVersion is missing";
+    return "the table _SchemaVersion names version " + std::to_string(version.number) +
+           ", but the table Account is of version " + std::to_string(kSchemaVersion);
+}
+
 }  // namespace
 
 std::string MissingFrom(Connection& book)
@@ -92,7 +113,7 @@ std::string MissingFrom(Connection& book)
     Names tables;
     Names columns;
     const auto version = VersionOf(book);
-    for (const Table& table : TablesOf(version.value_or(0))) {
+    for (const Table& table : TablesOf(version.value_or(Version()).number)) {
         const auto missing = MissingColumns(book, table);
         if (!missing)
             tables.emplace_back(table.name);
@@ -103,7 +124,7 @@ std::string MissingFrom(Connection& book)
         return Sentence("table", tables);
     if (!columns.empty())
         return Sentence("column", columns);
-    return version ? std::string() : "the table _SchemaVersion names no version";
+    return version ? HalfUpdate(book, *version) : "the table _SchemaVersion names no version";
 }
 
 }  // namespace clb

@@ -113,8 +113,8 @@ std::int32_t clsDatabase::GetNextSequence()
     if (IsNull(largest))
         return 1;
     if (ToLong(largest) == std::numeric_limits<std::int32_t>::max())
-        throw RuntimeError(errors::Overflow,
-                           "No number is left for a new transaction: one has the largest already.");
+        throw NumbersUsedUp(
+            "No number is left for a new transaction: one has the largest already.");
     return ToLong(largest) + 1;
 }
 

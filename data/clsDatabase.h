@@ -6,6 +6,7 @@
 
 #include "base/Date.h"
 #include "base/Money.h"
+#include "base/RuntimeError.h"
 #include "data/IShownState.h"
 #include "engine/Connection.h"
 #include "engine/Recordset.h"
@@ -13,6 +14,13 @@
 namespace clb {
 
 struct SummedAmounts;
+
+/// A transaction or a piece of one has the largest number already, so that no more can be made
+/// (errors::Overflow).
+class NumbersUsedUp : public RuntimeError {
+public:
+    explicit NumbersUsedUp(const std::string& message) : RuntimeError(errors::Overflow, message) {}
+};
 
 /// The data store: every query and update the program runs. Owns the only connection, opened for
 /// the whole run, and the one result set that the grid shows.
@@ -65,7 +73,8 @@ public:
 
     /// Turns one piece of a transaction into two: the piece keeps the first amount, a copy with the
     /// next piece number gets the second amount and a numbered description. Reads the grid's rows
-    /// again. Throws EngineError when there is no such piece; what ran before an error stays.
+    /// again. Throws EngineError when there is no such piece, and NumbersUsedUp; what ran before an error
+    /// stays.
     void SplitTransaction(std::int32_t sequence, std::int32_t subSequence, Money firstAmount,
                           Money secondAmount);
 
@@ -73,8 +82,8 @@ public:
     static std::string ToSqlString(std::string_view text);
     /// Without blanks in front, at most length characters, without blanks behind.
     static std::string TruncateString(std::string_view text, std::int32_t length);
-    /// Largest transaction number plus one; 1 when there are no transactions. Throws RuntimeError
-    /// (Overflow) when no larger number is left.
+    /// Largest transaction number plus one; 1 when there are no transactions. Throws
+    /// NumbersUsedUp.
     std::int32_t GetNextSequence();
     /// Opens a closed result set on the SELECT.
     void Fill(Recordset& records, const std::string& sql, bool readOnly);
@@ -107,6 +116,7 @@ private:
     void RequireShownRow();
     /// Throws RuntimeError when older programs have given the number to two transactions.
     static void RequireOnePiece(const Recordset& pieces, std::int32_t sequence);
+    std::int32_t NextPiece(const std::string& sequence);
     void RequeryRows();
     std::int16_t ReadSchemaVersion();
     void UpgradeSchema();

@@ -3,6 +3,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
+#include "engine/EngineError.h"
 
 namespace clb {
 namespace {
@@ -27,18 +28,29 @@ void clsDatabase::RequireOnePiece(const Recordset& pieces, std::int32_t sequence
                                "gives the later one a number of its own.");
 }
 
+std::int32_t clsDatabase::NextPiece(const std::string& sequence)
+{
+    try {
+        Recordset next;
+        Fill(next,
+             "SELECT MAX( SubSequence ) + 1 AS NextSubSequence FROM Trans WHERE Trans.Sequence = " +
+                 sequence,
+             true);
+        return ToLong(next.Get("NextSubSequence"));
+    } catch (const EngineError& error) {
+        if (error.Number() != engine_errors::Overflow)
+            throw;
+        throw NumbersUsedUp("No number is left for a new piece of transaction " + sequence +
+                            ": one of its pieces has the largest already.");
+    }
+}
+
 void clsDatabase::SplitTransaction(std::int32_t sequence, std::int32_t subSequence,
                                    Money firstAmount, Money secondAmount)
 {
     Lock();
     RequireShownRow();
-    Recordset next;
-    Fill(next,
-         "SELECT MAX( SubSequence ) + 1 AS NextSubSequence FROM Trans WHERE Trans.Sequence = " +
-             ToText(row_.ColumnValue(11)),
-         true);
-    const std::int32_t piece = ToLong(next.Get("NextSubSequence"));
-    next.Close();
+    const std::int32_t piece = NextPiece(ToText(row_.ColumnValue(11)));
 
     Recordset split;
     split.Open("SELECT * FROM Trans WHERE Trans.Sequence = " + std::to_string(sequence) +

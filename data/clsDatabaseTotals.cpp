@@ -49,7 +49,7 @@ Money clsDatabase::RegisterBalance()
                              " OR ( Year = " + year +
                              " AND Period <= " + std::to_string(shown_.Period()) + ") )";
     const Value amount = Total("SELECT SUM( Amount ) AS TotAmount FROM Trans WHERE " + past,
-                               {"Trans", {"Amount"}, past});
+                               {"Trans", {"Amount"}, past, shown_.AccountID()});
     // Before the first transaction the balance is 0, not the opening balance; settled.
     if (IsNull(amount))
         return {};
@@ -78,7 +78,10 @@ void clsDatabase::CalcTotals(Money& first, Money& second)
         case vwInvestment:
             first = Sum("SELECT sum( Total ) AS TotAmount FROM Investment WHERE AccountID = '" +
                             ShownAccount() + "'",
-                        {"Investment", {"Total"}, "AccountID = '" + ShownAccount() + "'"});
+                        {"Investment",
+                         {"Total"},
+                         "AccountID = '" + ShownAccount() + "'",
+                         shown_.AccountID()});
             break;
         case vwLoan:
             // On purpose over the loans of every loan account, not only the shown one.
@@ -116,6 +119,7 @@ void clsDatabase::UpdateBalance(std::int32_t& view, std::string& accountID)
     Lock();
     const std::string account = ToSqlString(accountID);
     amounts.condition = "AccountID = '" + account + "'";
+    amounts.account = accountID;
     const Money activity = Sum(sql + " WHERE " + amounts.condition, amounts);
 
     Recordset balance;

@@ -131,7 +131,7 @@ EngineError ErrorOf(int code, int extended, const std::string& message)
         case SQLITE_TOOBIG: return TooBig();
         default: break;
     }
-    if (message == "integer overflow")
+    if (message == kIntegerOverflow)
         return refuse::Overflow();
     return refuse::Statement(message);
 }

@@ -288,6 +288,48 @@ int Alphabetical(void* database, int sizeA, const void* a, int sizeB, const void
     }
 }
 
+/// A sum modulo 2^64 and how often it has passed the range, so that only the whole must fit.
+struct ExactTotal {
+    std::int64_t sum;
+    std::int64_t passes;
+};
+
+/// The storage hands out zeroed memory. Null cells do not count.
+void AddToSum(sqlite3_context* context, int, sqlite3_value** arguments)
+{
+    const int kind = sqlite3_value_type(arguments[0]);
+    if (kind == SQLITE_NULL)
+        return;
+    try {
+        auto* const total =
+            static_cast<ExactTotal*>(sqlite3_aggregate_context(context, sizeof(ExactTotal)));
+        if (!total)
+            return sqlite3_result_error_nomem(context);
+        if (kind != SQLITE_INTEGER) {
+            const EngineError error = refuse::WrongOperand();
+            static_cast<Database*>(sqlite3_user_data(context))->Fail(error);
+            return sqlite3_result_error(context, error.what(), -1);
+        }
+        const std::int64_t value = sqlite3_value_int64(arguments[0]);
+        if (__builtin_add_overflow(total->sum, value, &total->sum))
+            total->passes += value > 0 ? 1 : -1;
+    } catch (...) {
+        sqlite3_result_error_nomem(context);
+    }
+}
+
+/// Also called for a sum that was given up, so its error must not go to the database by itself.
+void AnswerSum(sqlite3_context* context)
+{
+    const auto* const total = static_cast<ExactTotal*>(sqlite3_aggregate_context(context, 0));
+    if (!total)
+        return;  // no row with a value: null
+    if (total->passes != 0)
+        sqlite3_result_error(context, kIntegerOverflow, -1);
+    else
+        sqlite3_result_int64(context, total->sum);
+}
+
 struct FunctionEntry {
     const char* name;
     int arguments;
@@ -320,10 +362,13 @@ void RegisterFunctions(Database& database)
     };
     require(sqlite3_create_collation_v2(database.Raw(), "clb_alpha", SQLITE_UTF8, &database,
                                         Alphabetical, nullptr));
+    constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
     for (const FunctionEntry& function : kFunctions)
         require(sqlite3_create_function_v2(database.Raw(), function.name, function.arguments,
-                                           SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY,
-                                           &database, function.entry, nullptr, nullptr, nullptr));
+                                           kFlags, &database, function.entry, nullptr, nullptr,
+                                           nullptr));
+    require(sqlite3_create_function_v2(database.Raw(), "clb_sum", 1, kFlags, &database, nullptr,
+                                       AddToSum, AnswerSum, nullptr));
 }
 
 }  // namespace clb

@@ -66,11 +66,7 @@ void Writer::WriteAggregate(const Expression& e)
     const bool total = e.function == Function::Sum && exact;
     const bool whole = total && e.type == FieldType::Long;
     Text(whole ? "clb_long(" : "(");
-    // The storage's sum is a whole number only when every single cell was one: asked once a group,
-    // this costs the rows nothing.
-    if (total)
-        Text("clb_exact(");
-    Text(StorageName(e.function)).Text("(");
+    Text(total ? "clb_sum" : StorageName(e.function)).Text("(");
     if (sums && operand.type == FieldType::Boolean)
         WriteAs(operand, FieldType::Long);
     else if (e.function == Function::Avg && exact)
@@ -80,7 +76,7 @@ void Writer::WriteAggregate(const Expression& e)
     // Single numbers may be stored as whole ones; their sum is a double all the same.
     if (sums && operand.type == FieldType::Single)
         Text(" * 1.0");
-    Text(total ? "))" : ")");
+    Text(")");
     if (e.function == Function::Avg && operand.type == FieldType::Money)
         Text(" / 10000.0");
     Text(")");

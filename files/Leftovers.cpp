@@ -10,6 +10,7 @@
 #include <charconv>
 #include <exception>
 #include <filesystem>
+#include <functional>
 #include <new>
 
 #include "files/Folders.h"
@@ -22,6 +23,8 @@ namespace fs = std::filesystem;
 constexpr std::string_view kUnfinished = ".clb-";
 constexpr std::string_view kTemporary = "clb-";
 constexpr std::string_view kUnchecked = ".new-";  // the number of the process follows
+constexpr std::string_view kDatabase = ".mdb";
+constexpr std::string_view kJournal = "-journal";
 constexpr std::size_t kRandom = std::char_traits<char>::length("XXXXXX");
 
 /// Parses the process number at the front of the text and removes it. Returns 0 if there is none.
@@ -61,15 +64,26 @@ bool IsLeftover(const std::string& folder, const std::string& name)
     return S_ISREG(status.st_mode) && HasEnded(ProcessOf(name, kUnfinished));
 }
 
-/// Removes the files of ended processes from a folder. number: returns a file name from the process
-/// number on; empty for a name that is not ours.
-void RemoveEnded(const std::string& folder,
-                 const std::function<std::string_view(std::string_view)>& number)
+bool IsOwnFile(const std::string& path)
+{
+    struct stat status {};
+    return ::lstat(path.c_str(), &status) == 0 && status.st_uid == ::geteuid() &&
+           S_ISREG(status.st_mode);
+}
+
+/// Removes the unfinished copies of ended processes, and their journals, from a folder. ours: takes
+/// the file name that the copy was for.
+void RemoveEnded(const std::string& folder, const std::function<bool(std::string_view)>& ours)
 {
     for (const std::string& name : NamesIn(folder)) {
-        std::string_view rest = number(name);
-        if (HasEnded(TakeProcess(rest)))
-            ::unlink((folder + "/" + name).c_str());
+        const std::size_t mark = name.rfind(kUnchecked);
+        if (mark == std::string::npos || !ours(std::string_view(name).substr(0, mark)))
+            continue;
+        std::string_view rest = std::string_view(name).substr(mark + kUnchecked.size());
+        const pid_t process = TakeProcess(rest);
+        const std::string path = folder + "/" + name;
+        if ((rest.empty() || rest == kJournal) && HasEnded(process) && IsOwnFile(path))
+            ::unlink(path.c_str());
     }
 }
 
@@ -122,21 +136,13 @@ std::string UnfinishedName(const std::string& path)
 
 void RemoveUnfinishedOf(const std::string& path)
 {
-    const std::string front = path.substr(path.rfind('/') + 1) + std::string(kUnchecked);
-    RemoveEnded(FolderOf(path), [&](std::string_view name) {
-        return name.starts_with(front) ? name.substr(front.size()) : std::string_view();
-    });
+    const std::string file = path.substr(path.rfind('/') + 1);
+    RemoveEnded(FolderOf(path), [&](std::string_view name) { return name == file; });
 }
 
-void RemoveUnfinishedIn(const std::string& folder,
-                        const std::function<bool(std::string_view)>& ours)
+void RemoveUnfinishedIn(const std::string& folder)
 {
-    RemoveEnded(folder, [&](std::string_view name) {
-        const std::size_t mark = name.find(kUnchecked);
-        return mark != std::string_view::npos && ours(name.substr(0, mark))
-                   ? name.substr(mark + kUnchecked.size())
-                   : std::string_view();
-    });
+    RemoveEnded(folder, [](std::string_view name) { return name.ends_with(kDatabase); });
 }
 
 }  // namespace clb

@@ -1,7 +1,5 @@
 #pragma once
-#include <functional>
 #include <string>
-#include <string_view>
 
 namespace clb {
 
@@ -23,9 +21,9 @@ void RemoveTemporaryLeftovers() noexcept;
 /// The name that a copy has in this process until it is checked: "PATH.new-1234".
 std::string UnfinishedName(const std::string& path);
 /// Removes the unfinished copies for this path that ended programs have left, and their journals.
+/// Leaves what belongs to other users.
 void RemoveUnfinishedOf(const std::string& path);
-/// Removes the same from a folder, for all paths in it whose file names `ours` accepts.
-void RemoveUnfinishedIn(const std::string& folder,
-                        const std::function<bool(std::string_view)>& ours);
+/// Removes the same from a folder for all databases in it: files whose names end in ".mdb".
+void RemoveUnfinishedIn(const std::string& folder);
 
 }  // namespace clb

@@ -4,6 +4,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
+#include "engine/EngineError.h"
 #include "import/Messages.h"
 #include "import/StatementFile.h"
 #include "import/StatementScan.h"
@@ -200,6 +201,16 @@ void OfxReader::ProvideBudgetLine(Month month)
     database_.CreateBudgetEntry(kNoCategory, month.year, month.period, kNoCategory, Money());
 }
 
+/// The piece that was being converted. If the book takes no more rows, the reason: it is not in the
+/// file.
+std::string WorkingText(const OfxReader& reader, const RuntimeError& error)
+{
+    const auto* const engine = dynamic_cast<const EngineError*>(&error);
+    const bool refused = dynamic_cast<const NumbersUsedUp*>(&error) ||
+                         (engine && engine->Number() == engine_errors::Constraint);
+    return refused ? error.what() : reader.WorkingText();
+}
+
 }  // namespace
 
 void modImport::ImportOFX(const std::string& path)
@@ -210,9 +221,10 @@ void modImport::ImportOFX(const std::string& path)
     const auto told = [&](const auto& read) {
         try {
             return read();
-        } catch (const RuntimeError&) {
+        } catch (const RuntimeError& error) {
             StoreBalances();
-            messages_.Show("Invalid data was found while importing:\n" + reader.WorkingText() +
+            messages_.Show("Invalid data was found while importing:\n" +
+                               WorkingText(reader, error) +
                                "\n" + reader.Text(),
                            box_style::Exclamation, kMessageTitle);
             return false;

@@ -71,8 +71,10 @@ public:
     }
 
     void Read(std::string_view text);
-    /// The lines that could not be used, each behind a line feed.
+    /// The lines that could not be used, each after a line feed.
     const std::string& Skipped() const { return skipped_; }
+    /// Why the book took no more rows; empty if it took all.
+    const std::string& UsedUp() const { return usedUp_; }
 
 private:
     void HandleLine(std::string_view line);
@@ -95,6 +97,7 @@ private:
     QifRecord record_;
     Date postDate_;  // kept from record to record
     std::string skipped_;
+    std::string usedUp_;
 };
 
 void QifReader::Read(std::string_view text)
@@ -110,6 +113,9 @@ void QifReader::Read(std::string_view text)
             host_.ImportProgress(lines.At(), text.size());
         try {
             HandleLine(line);
+        } catch (const NumbersUsedUp& error) {
+            skipped_ += "\n" + std::string(line);
+            usedUp_ = error.what();
         } catch (const RuntimeError&) {
             skipped_ += "\n" + std::string(line);
         }
@@ -277,6 +283,9 @@ void modImport::ImportQIF(const std::string& path)
         return;
     StoreBalances();
     messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, kMessageTitle);
+    // The lines alone do not say that nothing is wrong with them.
+    if (!reader.UsedUp().empty())
+        messages_.Show(reader.UsedUp(), box_style::Exclamation, kMessageTitle);
 }
 
 }  // namespace clb

@@ -82,8 +82,10 @@ void RemoveProgramLeftovers(const std::string& folder) noexcept
 {
     RemoveTemporaryLeftovers();
     try {
-        for (const char* place : {"", "/db", "/Help"})
+        for (const char* place : {"", "/db", "/Help", "/db/backup"})
             RemoveLeftovers(folder + place);
+        for (const char* place : {"/db", "/db/backup"})
+            RemoveUnfinishedIn(folder + place);
     } catch (const std::bad_alloc&) {
         return;  // the next start tries again
     }

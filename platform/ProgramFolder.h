@@ -35,8 +35,9 @@ std::string DatabasePath(const std::string& folder);
 /// (nothing half written stays).
 void DeliverFolder(const std::string& folder, std::string_view database);
 
-/// Removes the unfinished files and temporary folders that ended programs have left, in the program
-/// folder and where the system keeps temporary files. For the start of a program.
+/// Removes the unfinished files, copies of the database and temporary folders that ended programs
+/// have left, in the program folder and where the system keeps temporary files. For the start of a
+/// program that opens the folder's book.
 void RemoveProgramLeftovers(const std::string& folder) noexcept;
 
 }  // namespace clb

@@ -8,6 +8,7 @@
 
 #include "app/DatabaseRepair.h"
 #include "data/EmptyDatabase.h"
+#include "engine/Connection.h"
 #include "engine/Database.h"
 #include "engine/EngineError.h"
 #include "tests/support/TempFolder.h"
@@ -151,6 +152,84 @@ TEST_F(DatabaseCheckTest, TheRowOfACellIsNamed)
     EXPECT_EQ(found[0].sequence, 17);
 }
 
+// Symptom: "Put in the right value", and no command that could.
+TEST_F(DatabaseCheckTest, ACellIsToldWithTheCommandThatMendsIt)
+{
+    Foreign("UPDATE Account SET OpeningBalance = '12,50 EUR'");
+
+    const std::vector<Finding> found = Found();
+
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_THAT(
+        found[0].meaning,
+        testing::EndsWith(" Put in the right value: clb sql '" + folder_.Path() +
+                          "' \"UPDATE Account SET OpeningBalance = 0 WHERE Sequence = 1\""));
+    Connection connection;
+    connection.Open("Data Source=" + folder_.Path("db/clb.mdb"));
+    connection.Execute(found[0].statement);
+    connection.Settle();
+    EXPECT_THAT(Texts(), IsEmpty());
+}
+
+TEST_F(DatabaseCheckTest, NumbersThatTheProgramNeverGivesAreTold)
+{
+    AddRow(8, 0, "C1", "2006-03-01", "x", 0);
+    AddRow(9, -1, "C1", "2006-03-01", "x", 0);
+    AddRow(0, 0, "C1", "2006-03-01", "x", 0);
+    Foreign(
+        "UPDATE Trans SET SubSequence = NULL WHERE Sequence = 8;"
+        "INSERT INTO Loan (Sequence, AccountID, InterestRate) VALUES (1, 'C1', 1e300)");
+
+    EXPECT_THAT(
+        Texts(),
+        testing::IsSupersetOf(
+            {"number: Trans.SubSequence of row 3 (number 8) holds nothing, where a number "
+             "must be.",
+             "number: Trans.SubSequence of row 4 (number 9) holds the number -1, where "
+             "numbers begin at 0.",
+             "number: Trans.Sequence of row 5 (number 0) holds the number 0, where numbers "
+             "begin at 1.",
+             "cell: Loan.InterestRate of number 1 holds the binary fraction 1.0e+300, which "
+             "is too large."}));
+}
+
+TEST_F(DatabaseCheckTest, TheListOfNoticedBalancesIsLookedAtToo)
+{
+    Foreign("UPDATE Account SET CurrentBalance = 5");
+    RepairDatabase(folder_.Path(), kNow);
+    Foreign("UPDATE CvBalance SET At = 'garbage', Stored = 'abc', Total = x'00'");
+
+    EXPECT_THAT(
+        Texts(),
+        testing::IsSupersetOf(
+            {"cell: CvBalance.At of row 1 holds the text 'garbage', which is not a date.",
+             "cell: CvBalance.Stored of row 1 holds the text 'abc', which is not an amount.",
+             "noticed: Account 'C1' (Checking): when a repair worked the balances out again "
+             "on an unknown day, the stored balance was not an amount and its rows added "
+             "up to not an amount."}));
+    Foreign("UPDATE CvBalance SET TakenNoteOf = 'nonsense'");
+    EXPECT_THAT(Texts(),
+                testing::Contains("cell: CvBalance.TakenNoteOf of row 1 holds the text 'nonsense', "
+                                  "which is not a date."));
+    Foreign("DROP TABLE CvBalance; CREATE TABLE CvBalance (x)");
+    EXPECT_THAT(Texts(), ElementsAre("column: The column CvBalance.At is missing."));
+}
+
+TEST_F(DatabaseCheckTest, AMonthThatCannotBeWrittenIsToldInWords)
+{
+    Foreign(
+        "UPDATE Trans SET Period = NULL WHERE Sequence = 1;"
+        "UPDATE Trans SET Year = 99999999999 WHERE Sequence = 2;"
+        "INSERT INTO Budget (Period) VALUES (12)");
+
+    EXPECT_THAT(Texts(),
+                testing::IsSupersetOf(
+                    {"month: Trans: number 1 is booked to an empty month of the year 2006, which "
+                     "is no month.",
+                     "month: Budget: number 2 is booked to month 12 of the year 0, which is "
+                     "no month."}));
+}
+
 TEST_F(DatabaseCheckTest, ManyFindingsOfAKindAreCounted)
 {
     for (int number = 3; number < 120; ++number)
@@ -284,6 +363,15 @@ TEST_F(DatabaseCheckTest, MissingIndexesAndTriggersAreMadeAgain)
     EXPECT_THAT(Texts(), IsEmpty());
     Foreign("UPDATE Account SET AccountID = 'C2'");
     EXPECT_THAT(Texts(), IsEmpty());
+}
+
+// Symptom: the file was called in order, and the next start failed for ever.
+TEST_F(DatabaseCheckTest, AVersionThatIsOlderThanTheTablesIsTold)
+{
+    Foreign("ALTER TABLE _SchemaVersion RENAME COLUMN \"2\" TO \"1\"");
+
+    EXPECT_THAT(Texts(), ElementsAre("table: The table _SchemaVersion names version 1, but the "
+                                     "table Account is of version 2."));
 }
 
 /// Older versions gave a number twice when two programs wrote at the same time.

@@ -34,5 +34,34 @@ TEST(SplitCommandTest, AnAmountInEditIsSavedAndReplacedByTheSplit)
               (std::vector<std::string>{"70", "30"}));
 }
 
+// Symptom: "Overflow".
+TEST(SplitCommandTest, APieceWithTheLargestNumberCannotBeSplit)
+{
+    Books books;
+    books.AddAccount("B-1", "Bank", "Checking");
+    books.Execute(
+        "INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Description, Amount, "
+        "Category, Year, Period) VALUES (7, 2147483647, 'B-1', #2006-03-05#, 'Shop', 100, "
+        "'(none)', 2006, 3)");
+    books.window.View().BuildTree();
+    books.window.PressNode(
+        books.window.View().FindTreeNodeByTag(clsView::AccountTag(vwAccount, "B-1")));
+    books.window.window.Focus(books.window.Grid.Component());
+    books.window.Grid.Component().MoveTo(1, 1);
+    books.modal.steps.push_back([](Form& form) { form.DefaultButton()->Press(); });
+
+    std::string told;
+    try {
+        books.window.menus.Find("mnuE_Split")->Press();
+    } catch (const RuntimeError& error) {
+        told = error.what();
+    }
+
+    EXPECT_EQ(told,
+              "No number is left for a new piece of transaction 7: one of its pieces has the "
+              "largest already.");
+    EXPECT_EQ(books.Rows("SELECT Amount FROM Trans"), std::vector<std::string>{"100"});
+}
+
 }  // namespace
 }  // namespace clb

@@ -9,6 +9,7 @@
 #include "data/Backups.h"
 #include "engine/Backup.h"
 #include "engine/Connection.h"
+#include "engine/Database.h"
 
 namespace clb {
 namespace {
@@ -51,6 +52,48 @@ TEST_F(BackupTest, ABackupOfTodayIsRestoredByItsDay)
     EXPECT_EQ(Accounts(), R"([["1"]])");
     ASSERT_EQ(Run("restore '" + printed["kept"].get<std::string>() + "'" + Home()), 0) << Err();
     EXPECT_EQ(Accounts(), R"([["1"],["2"]])");
+}
+
+TEST_F(BackupTest, WhatACheckFindsInARestoredBookIsTold)
+{
+    Run("backup '" + folder.Path("stick.mdb") + "'" + Home());
+    {
+        Database storage;
+        storage.OpenExisting(folder.Path("stick.mdb"));
+        storage.Run(
+            "CREATE TRIGGER Eater AFTER INSERT ON Trans BEGIN DELETE FROM Trans WHERE rowid < "
+            "NEW.rowid; END");
+    }
+
+    ASSERT_EQ(Run("restore '" + folder.Path("stick.mdb") + "'" + Home()), 0) << Err();
+    EXPECT_THAT(Out(), HasSubstr("It is not in order; \"clb check\" tells what that means:\n   The "
+                                 "trigger Eater on Trans is not this program's.\n"));
+    ASSERT_EQ(Run("restore --json '" + folder.Path("stick.mdb") + "'" + Home()), 0) << Err();
+    EXPECT_EQ(Json::parse(Out())["findings"],
+              Json::array({"The trigger Eater on Trans is not this program's."}));
+}
+
+// Half a book, as large as the book, stayed until somebody restored a backup again.
+TEST_F(BackupTest, WhatKilledProgramsLeftBesideTheBookGoesWithTheNextCommand)
+{
+    const std::string ended = "4194305";  // no process has so large a number
+    const std::string names[] = {"books/db/clb.mdb.new-" + ended,
+                                 "books/db/backup/clb-2026-11-21.mdb.new-" + ended + "-journal"};
+    const std::string commands[] = {"accounts" + Home(), "check" + Home(), "backup" + Home(),
+                                    "sql " + Books() + " 'SELECT AccountID FROM Account'",
+                                    "import --dry-run " + Statement("1", "2") + Home()};
+    for (const std::string& command : commands) {
+        for (const std::string& name : names)
+            folder.Write(name, "half");
+
+        EXPECT_EQ(Run(command), 0) << command << Err();
+
+        for (const std::string& name : names)
+            EXPECT_FALSE(folder.Holds(name)) << command;
+    }
+    folder.Write("stick/old.mdb.new-" + ended, "half");
+    EXPECT_EQ(Run("backup '" + folder.Path("stick/new.mdb") + "'" + Home()), 0) << Err();
+    EXPECT_FALSE(folder.Holds("stick/old.mdb.new-" + ended));
 }
 
 TEST_F(BackupTest, ABackupGoesToAFileThatIsNotThereYet)
@@ -174,7 +217,7 @@ TEST_F(BackupTest, AFailedDailyBackupIsFoundByCheckUntilOneIsMade)
     EXPECT_EQ(Run("check" + Home()), 0) << Out();
 }
 
-TEST_F(BackupTest, SeveralAtOnceMakeSoundCopiesOfTheirOwn)
+TEST_F(BackupTest, SeveralAtOnceMakeOrShareSoundCopies)
 {
     std::vector<std::future<std::string>> all;
     for (int program = 0; program < 4; ++program)
@@ -189,9 +232,9 @@ TEST_F(BackupTest, SeveralAtOnceMakeSoundCopiesOfTheirOwn)
     for (auto& one : all)
         made.insert(one.get());
 
-    EXPECT_EQ(made.size(), 4U);
+    // How many wait for each other depends on the machine.
     const Backups backups(folder.Path("books"));
-    EXPECT_EQ(backups.Names().size(), 4U);
+    EXPECT_EQ(backups.Names().size(), made.size());
     for (const std::string& name : backups.Names())
         EXPECT_EQ(FaultsOf(backups.PathOf(name)), std::vector<std::string>()) << name;
 }

@@ -50,5 +50,14 @@ TEST(TableTest, AStatementCannotSendCommandsToTheTerminal)
     EXPECT_EQ(Printed(table), "A\n------------------\nred  [31m  alarm !\n");
 }
 
+// A terminal obeys what is in a book of somebody else's.
+TEST(TableTest, WhatATerminalWouldObeyIsNotPrinted)
+{
+    EXPECT_EQ(Printable("a\x1b[2Jb\xC2\x9B"
+                        "c\nd"),
+              "a [2Jb c\nd");
+    EXPECT_EQ(Printable("caf\xE9 \xC3\xA9\xF0\x9F"), "caf? \xC3\xA9??");
+}
+
 }  // namespace
 }  // namespace clb

@@ -4,7 +4,10 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <filesystem>
+#include <functional>
 #include <future>
+#include <thread>
 
 #include "tests/data/BackupsFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
@@ -104,6 +107,64 @@ TEST_F(BackupsTest, WithoutTheListTheTimesOfTheFilesTellTheOrder)
 
     EXPECT_THAT(backups_.Names(),
                 ElementsAre("2030-01-10", "2027-01-01", "2026-11-20", "2026-11-21"));
+}
+
+// A folder in the list's place ended the window, and a pipe let the backup wait for ever.
+TEST_F(BackupsTest, WhatIsInTheListsPlaceIsTakenForNoList)
+{
+    namespace fs = std::filesystem;
+    const std::string list = folder_.Path("db/backup/order");
+    const std::vector<std::function<void()>> obstacles = {
+        [&] { folder_.Write("db/backup/order/kept", "a file"); },
+        [&] { mkfifo(list.c_str(), 0600); }, [&] { symlink("order", list.c_str()); },
+        [&] { symlink("/", list.c_str()); }};
+    for (const auto& make : obstacles) {
+        fs::remove_all(folder_.Path("db/backup"));
+        AddCopies({"2026-11-20"});
+        make();
+        EXPECT_FALSE(backups_.HasDay(Day("2026-11-21")));
+        EXPECT_EQ(backups_.LastGood(), "2026-11-20");
+
+        EXPECT_EQ(backups_.Daily(Day("2026-11-21")), std::nullopt);
+
+        EXPECT_TRUE(backups_.HasDay(Day("2026-11-21")));
+        EXPECT_THAT(backups_.Names(), ElementsAre("2026-11-20", "2026-11-21"));
+    }
+    folder_.Write("db/backup/failed/kept", "a file");
+    EXPECT_EQ(backups_.KeptFailure(), std::nullopt);
+    const BackupFailure failure{false, "2026-11-21", "No room."};
+    backups_.Keep(failure);
+    EXPECT_EQ(backups_.KeptFailure(), failure);
+    EXPECT_TRUE(folder_.Holds("db/backup/failed.damaged/kept"));
+}
+
+// Symptom: two at once made two copies of the same.
+TEST_F(BackupsTest, BackupsMadeAtTheSameTimeAreOne)
+{
+    AddAccount("1", "Bank");
+    CloseStore();
+    const auto old = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+    std::filesystem::last_write_time(folder_.Path("db/clb.mdb"), old);
+    folder_.Write("db/backup/keep", "");
+    std::future<std::string> other;
+    std::string first;
+    {
+        const BackupFolder folder(folder_.Path("db/backup"));
+        const BackupFolder::Turn turn(folder);
+        other = std::async(std::launch::async, [this] {
+            return Backups(folder_.Path()).Make(Day("2026-11-21 10:00:01"));
+        });
+        // Until it waits for its turn.
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        AddCopies({"2026-11-21"});
+        folder.Add("2026-11-21");
+        first = backups_.PathOf("2026-11-21");
+    }
+
+    EXPECT_EQ(other.get(), first);
+
+    EXPECT_THAT(backups_.Names(), ElementsAre("2026-11-21"));
+    EXPECT_NE(backups_.Make(Day("2026-11-21 10:00:02")), first);
 }
 
 TEST_F(BackupsTest, AnEmptyFileOfTodaysNameIsReplaced)

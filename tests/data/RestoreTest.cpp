@@ -103,6 +103,27 @@ TEST_F(RestoreTest, ABookWithoutAVersionIsRefusedForWhatItLacks)
                   "' is not a backup of this program: the table _SchemaVersion names no version.");
 }
 
+// Symptom: the book was restored, and no program could open it.
+TEST_F(RestoreTest, ABookThatCannotBeBroughtUpToDateIsRefused)
+{
+    const auto book = [&](const std::string& name, const std::string& change) {
+        const std::string path = folder_.Write(name, EmptyDatabase());
+        sqlite3* raw = nullptr;
+        EXPECT_EQ(sqlite3_open(path.c_str(), &raw), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(raw, change.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3_close(raw);
+        return path;
+    };
+    const std::string none = book("none.mdb", "DROP TABLE _SchemaVersion");
+    const std::string old =
+        book("old.mdb", "ALTER TABLE _SchemaVersion RENAME COLUMN \"2\" TO \"1\"");
+
+    const std::string refused = "' is not a backup of this program: the table _SchemaVersion ";
+    EXPECT_EQ(RefusalOf(none), "The file '" + none + refused + "is missing.");
+    EXPECT_EQ(RefusalOf(old), "The file '" + old + refused +
+                                  "names version 1, but the table Account is of version 2.");
+}
+
 TEST_F(RestoreTest, AnOlderBookAndALaterOneAreRestored)
 {
     CloseStore();

@@ -196,5 +196,41 @@ TEST_F(TotalsTest, AnAccountThatIsNotThereIsTheEnginesError)
     EXPECT_NO_THROW(Update(vwNetWorth, "nobody"));
 }
 
+// Three deposits of which the last takes the first back were stored without their balance.
+TEST_F(TotalsTest, ABalanceIsExactHoweverFarItsRowsGoBetween)
+{
+    AddAccount("10", "Bank");
+    AddTransaction(1, "10", "900000000000000", 2006, 3);
+    AddTransaction(2, "10", "900000000000000", 2006, 3);
+    AddTransaction(3, "10", "-900000000000000", 2006, 3);
+
+    Update(vwAccount, "10");
+
+    EXPECT_EQ(BalanceOf("10"), "900000000000000");
+}
+
+TEST_F(TotalsTest, ASumThatDoesNotFitNamesItsAccount)
+{
+    AddAccount("10", "Bank", "0", "7");
+    AddTransaction(1, "10", "900000000000000", 2006, 3);
+    AddTransaction(2, "10", "900000000000000", 2006, 3);
+    shown_.view = vwAccount;
+    shown_.account = "10";
+
+    const std::string told = "The rows of the account '10' add up to more than an amount can be.";
+    const auto textOf = [](auto failing) -> std::string {
+        try {
+            failing();
+        } catch (const EngineError& error) {
+            EXPECT_EQ(error.Number(), engine_errors::Overflow);
+            return error.what();
+        }
+        return "no error";
+    };
+    EXPECT_EQ(textOf([&] { Update(vwAccount, "10"); }), told);
+    EXPECT_EQ(textOf([&] { Totals(); }), told);
+    EXPECT_EQ(BalanceOf("10"), "7");
+}
+
 }  // namespace
 }  // namespace clb

@@ -117,6 +117,26 @@ TEST_F(MoneyTest, AnOverflowIsAnErrorAndNeverAWrongSum)
               engine_errors::Overflow);
 }
 
+// A sum was refused when the total of the rows before had passed the range, whatever came after.
+TEST_F(MoneyTest, OnlyTheWholeOfASumMustFit)
+{
+    for (const char* amount : {kLargest, kLargest, kLargest, "-922337203685477.5807",
+                               "-922337203685477.5807", "-922337203685477.5807", "0.0001"})
+        Add(amount);
+    Run("UPDATE M SET n = 2147483647");
+
+    EXPECT_EQ(Rows("SELECT SUM(a), SUM(-a) FROM M"), Lines{"0.0001|-0.0001"});
+    EXPECT_EQ(Rows("SELECT a, SUM(a) FROM M WHERE a < 1 AND a > -1 GROUP BY a"),
+              Lines{"0.0001|0.0001"});
+    EXPECT_EQ(Rows("SELECT SUM(a), SUM(b) FROM M WHERE false"), Lines{"-|-"});
+    EXPECT_EQ(Rows("SELECT SUM(b) FROM M"), Lines{"-"});
+    EXPECT_EQ(ErrorOf([&] { Run("SELECT SUM(a) FROM M WHERE a > 0"); }).Number(),
+              engine_errors::Overflow);
+    EXPECT_EQ(ErrorOf([&] { Run("SELECT SUM(n) FROM M"); }).Number(), engine_errors::Overflow);
+    // A sum that was refused leaves nothing behind that a later error could be taken for.
+    EXPECT_EQ(ErrorOf([&] { Run("SELECT a FROM Missing"); }).Number(), engine_errors::NoSuchTable);
+}
+
 TEST_F(MoneyTest, ProductsAreExactOrRoundedHalfToEven)
 {
     Run("INSERT INTO M (a, n, d) VALUES (0.0001, 3, 2.5)");

@@ -102,17 +102,23 @@ TEST_F(LeftoversTest, UnfinishedCopiesOfAPathGoOnceTheirProgramHasEnded)
         EXPECT_TRUE(folder.Holds(name)) << name;
 }
 
-TEST_F(LeftoversTest, UnfinishedCopiesInAFolderGoForTheNamesThatAreOurs)
+TEST_F(LeftoversTest, UnfinishedCopiesOfAllDatabasesInAFolderGo)
 {
-    folder.Write("order.new-" + ended, "half");
-    folder.Write("letter.new-" + ended, "mine");
-    folder.Write("order", "mine");
+    const std::string go[] = {"clb.mdb.new-" + ended, "clb.mdb.new-" + ended + "-journal",
+                              "stick.mdb.new-" + ended};
+    const std::string stay[] = {"clb.mdb", "letter.new-" + ended, "clb.mdb.new-" + ended + "er",
+                                "clb.mdb.new-" + std::to_string(getppid())};
+    for (const std::string& name : go)
+        folder.Write(name, "half");
+    for (const std::string& name : stay)
+        folder.Write(name, "mine");
 
-    RemoveUnfinishedIn(folder.Path(), [](std::string_view name) { return name == "order"; });
+    RemoveUnfinishedIn(folder.Path());
 
-    EXPECT_FALSE(folder.Holds("order.new-" + ended));
-    EXPECT_TRUE(folder.Holds("letter.new-" + ended));
-    EXPECT_TRUE(folder.Holds("order"));
+    for (const std::string& name : go)
+        EXPECT_FALSE(folder.Holds(name)) << name;
+    for (const std::string& name : stay)
+        EXPECT_TRUE(folder.Holds(name)) << name;
 }
 
 TEST_F(LeftoversTest, WritingBesideALeftoverRemovesIt)

@@ -71,6 +71,18 @@ TEST_F(ImportOfxTest, SequencesGoOnFromTheLargest)
     EXPECT_THAT(Column("Sequence"), ElementsAre("41", "42", "43"));
 }
 
+// Symptom: a message without a reason.
+TEST_F(ImportOfxTest, ABookThatTakesNoMoreRowsSaysWhy)
+{
+    books_.Execute("INSERT INTO Trans (Sequence, AccountID) VALUES (2147483647, 'other')");
+    const std::string file = Statement(Transaction("F1", "20060301", "-1"));
+
+    Import(file);
+
+    ExpectError("No number is left for a new transaction: one has the largest already.", file);
+    EXPECT_THAT(Column("Sequence"), ElementsAre("2147483647"));
+}
+
 TEST_F(ImportOfxTest, OnlyAChequeHasACheckNumber)
 {
     Import(Statement(Transaction("F1", "20060301", "-1", "<TRNTYPE>DEBIT\r\n<CHECKNUM>77\r\n") +

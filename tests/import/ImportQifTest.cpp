@@ -64,6 +64,19 @@ TEST_F(ImportQifTest, ARecordBecomesARowInTheMonthOfItsDate)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
+TEST_F(ImportQifTest, ABookThatTakesNoMoreRowsSaysWhy)
+{
+    books_.Execute("INSERT INTO Trans (Sequence, AccountID) VALUES (2147483647, 'other')");
+
+    Import("!Type:Bank\nD1/15/2006\nT1\n^\n");
+
+    ASSERT_EQ(books_.messages.boxes.size(), 2u);
+    EXPECT_EQ(books_.messages.boxes[0].text,
+              "Invalid data was found while importing. The following lines were skipped:\n^");
+    EXPECT_EQ(books_.messages.boxes[1].text,
+              "No number is left for a new transaction: one has the largest already.");
+}
+
 TEST_F(ImportQifTest, WithoutPayeeTheDescriptionIsBlankWithACapital)
 {
     Import("!Type:Cash\nD1/15/2006\nT1\n^\n");
