@@ -86,6 +86,7 @@ void clsView::ShowNothing(const char* why) noexcept
     });
     Quietly([this] { targets_.grid.Component().DataSource(nullptr); });
     Quietly([&] { whyEmpty_ = why; });
+    Quietly([this] { targets_.lblTotal.Caption(""); });
     Quietly([this] { targets_.txtTotal.Text(""); });
     Quietly([this] { targets_.txtTotal2.Text(""); });
     Quietly([this] { EnableDisable(); });

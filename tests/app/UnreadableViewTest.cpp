@@ -49,6 +49,7 @@ TEST_F(UnreadableViewTest, TheGridIsEmptyIsPaintedAndSaysWhy)
     EXPECT_EQ(Grid().Rows().Count(), 0U);
     EXPECT_EQ(Grid().Columns().Count(), 0);
     EXPECT_TRUE(Grid().Redraw());
+    EXPECT_EQ(books_.window.lblTotal.Caption(), "");
     EXPECT_EQ(books_.window.txtTotal.Text(), "");
     const auto hint = HintFor(books_.window);
     ASSERT_TRUE(hint.has_value());
