@@ -24,6 +24,7 @@
 namespace clb {
 
 class OtherPrograms;
+struct SummedAmounts;
 
 /// Heights and widths in pixels that the window's layout starts from. A window with real controls
 /// sets them from their fonts before it is loaded; resizing keeps them.
@@ -168,7 +169,7 @@ private:
     void WatchShownBalance();
     bool ListsAccounts() const;
     std::string ShownMonthOf(const std::string& prefix) const;
-    Money SumOf(const std::string& sql, const char* field);
+    Money SumOf(const std::string& sql, const char* field, const SummedAmounts& amounts);
     void ToolbarPressed(const std::string& key);
     void ImportCommand();
     void QuotesCommand();

@@ -6,6 +6,8 @@
 #include "app/OtherPrograms.h"
 #include "app/frmController.h"
 #include "data/NoticedBalances.h"
+#include "data/WrongAmount.h"
+#include "engine/EngineError.h"
 
 namespace clb {
 namespace {
@@ -183,11 +185,15 @@ std::string frmController::ShownMonthOf(const std::string& prefix) const
            "Period = " + std::to_string(globals_.view->Period());
 }
 
-Money frmController::SumOf(const std::string& sql, const char* field)
+Money frmController::SumOf(const std::string& sql, const char* field, const SummedAmounts& amounts)
 {
-    Recordset records;
-    Data().Fill(records, sql, true);
-    return ToMoney(records.Get(field));
+    try {
+        Recordset records;
+        Data().Fill(records, sql, true);
+        return ToMoney(records.Get(field));
+    } catch (const EngineError& error) {
+        ThrowWithPlace(Data().Database(), amounts, error);
+    }
 }
 
 void frmController::FetchComputed(std::int32_t row, std::int32_t column, Value& value)
@@ -202,7 +208,7 @@ void frmController::FetchComputed(std::int32_t row, std::int32_t column, Value& 
             "SELECT SUM( Amount ) AS TotActual FROM Account INNER JOIN Trans ON "
             "Account.AccountID = Trans.AccountID WHERE Account.BudgetInclude = TRUE AND " +
                 ShownMonthOf("") + " AND Category = '" + clsDatabase::ToSqlString(category) + "'",
-            "TotActual");
+            "TotActual", {"Trans", {"Amount"}, ShownMonthOf("")});
         lastActual_ = actual.ToDouble();
         value = actual;
     } else if (view == vwBudget && column == kDifference) {
@@ -243,14 +249,14 @@ void frmController::FetchFooter(std::int32_t row, std::string& text)
         clsDatabase::ToSqlString(Grid.Rows().GroupValue(static_cast<std::size_t>(row))) + "'";
     const Money budgeted =
         SumOf("SELECT SUM( Amount ) AS TotAmount FROM Budget WHERE " + ShownMonthOf("") + inGroup,
-              "TotAmount");
+              "TotAmount", {"Budget", {"Amount"}, ShownMonthOf("")});
     const Money actual = SumOf(
         "SELECT SUM( Trans.Amount ) AS TotAmount FROM Account INNER JOIN (Budget INNER JOIN Trans "
         "ON Budget.Category = Trans.Category AND Budget.Year = Trans.Year AND Budget.Period = "
         "Trans.Period) ON Account.AccountID = Trans.AccountID WHERE Account.BudgetInclude = TRUE "
         "AND " +
             ShownMonthOf("Trans.") + inGroup,
-        "TotAmount");
+        "TotAmount", {"Trans", {"Amount"}, ShownMonthOf("")});
     text = "Total (budgeted/actual): " + budgeted.Dollars() + " / " + actual.Dollars();
 }
 
