@@ -31,10 +31,21 @@ std::string Literal(const Date& date)
     return "#" + date.ToIso() + "#";
 }
 
-bool HasColumn(Connection& connection, const std::string& column)
+struct Column {
+    const char* name;
+    const char* type;
+};
+
+constexpr Column kColumns[] = {{"At", "DATETIME"},         {"AccountID", "TEXT"},
+                               {"Stored", "MONEY"},        {"Total", "MONEY"},
+                               {"NoticedBy", "TEXT"},      {"TakenNoteOf", "DATETIME"},
+                               {"StoredInstead", "TEXT"}};
+
+/// Whether the list is there and has these columns.
+bool HasList(Connection& connection, const std::string& columns)
 {
     try {
-        connection.Execute("SELECT " + column + " FROM CvBalance WHERE false");
+        connection.Execute("SELECT " + columns + " FROM CvBalance WHERE false");
         return true;
     } catch (const EngineError& error) {
         if (error.Number() == engine_errors::NoSuchTable ||
@@ -44,16 +55,25 @@ bool HasColumn(Connection& connection, const std::string& column)
     }
 }
 
+/// Whether there is a list that can be read; one without the column that came last can be.
 bool HasList(Connection& connection)
 {
-    return HasColumn(connection, "At");
+    return HasList(connection, "At, AccountID, Stored, Total, NoticedBy, TakenNoteOf");
 }
 
-void MakeList(Connection& connection)
+/// Makes the list, or the columns that it lacks because an older program made it.
+void ProvideList(Connection& connection)
 {
-    connection.Execute(
-        "CREATE TABLE CvBalance (At DATETIME, AccountID TEXT, Stored MONEY, Total MONEY, "
-        "NoticedBy TEXT, TakenNoteOf DATETIME, StoredInstead TEXT)");
+    const bool there = HasList(connection, "1");
+    std::string all;
+    for (const Column& column : kColumns) {
+        const std::string declared = std::string(column.name) + " " + column.type;
+        all += (all.empty() ? "" : ", ") + declared;
+        if (there && !HasList(connection, column.name))
+            connection.Execute("ALTER TABLE CvBalance ADD COLUMN " + declared);
+    }
+    if (!there)
+        connection.Execute("CREATE TABLE CvBalance (" + all + ")");
 }
 
 bool IsListed(Connection& connection, const OddBalance& odd)
@@ -84,10 +104,7 @@ void Note(Connection& connection, const std::vector<OddBalance>& odd, const std:
     if (odd.empty())
         return;
     const Connection::Untraced untraced(connection);
-    if (!HasList(connection))
-        MakeList(connection);
-    else if (!HasColumn(connection, "StoredInstead"))
-        connection.Execute("ALTER TABLE CvBalance ADD COLUMN StoredInstead TEXT");
+    ProvideList(connection);
     for (const OddBalance& balance : odd)
         if (!IsListed(connection, balance))
             connection.Execute(

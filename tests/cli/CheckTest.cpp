@@ -207,6 +207,19 @@ TEST_F(CheckTest, ANoticedBalanceFollowsItsAccountsNumber)
     EXPECT_EQ(Sql("SELECT AccountID FROM CvBalance"), R"([["4711"]])");
 }
 
+/// The table may be another program's, or an older one's of ours.
+TEST_F(CheckTest, AListThatLacksColumnsGetsThem)
+{
+    Sql("CREATE TABLE CvBalance (AccountID TEXT)");
+    Sql("UPDATE Account SET CurrentBalance = 7");
+
+    EXPECT_EQ(Run("check --accept" + Home()), 2) << Err();
+    EXPECT_EQ(Run("import " + Statement("C1", "-2") + Home()), 0) << Err();
+
+    EXPECT_EQ(Sql("SELECT AccountID, Stored FROM CvBalance"), R"([["C1","7"]])");
+    EXPECT_EQ(Run("check --accept" + Home()), 0) << Err();
+}
+
 TEST_F(CheckTest, DamageIsToldAndNotRepaired)
 {
     {
