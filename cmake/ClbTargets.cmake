@@ -9,7 +9,7 @@ if(CLB_WERROR)
   target_compile_options(clb_options INTERFACE -Werror)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # GCC 12 reports these inside its own library at -O2 and -O3 without cause.
+  # GCC 12 wrongly reports these inside its own library at -O2 and -O3.
   target_compile_options(clb_options INTERFACE
     -Wno-null-dereference -Wno-restrict -Wno-maybe-uninitialized -Wno-stringop-overflow
     -Wno-stringop-overread -Wno-array-bounds)
@@ -26,8 +26,7 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT CLB_SANITIZE)
 endif()
 
 if(CLB_PCH AND CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache")
-  # It keeps nothing of a compilation with precompiled headers unless it is told not to mind the macros that
-  # they may have seen.
+  # ccache caches a compilation with precompiled headers only if it may ignore the macros that those used.
   list(PREPEND CMAKE_CXX_COMPILER_LAUNCHER
     "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros)
   if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
@@ -35,23 +34,23 @@ if(CLB_PCH AND CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache")
   endif()
 endif()
 
-# clb_headers(NAME header ... [LINK library ...]): headers of other libraries, to be parsed once for all
-# targets that clb_precompile names. Never headers of ours: they change, and a source includes by itself what
-# it needs; the preset headless, which has no CLB_PCH, fails when it does not.
+# clb_headers(NAME header ... [LINK library ...]): precompiles headers of other libraries for the targets that
+# clb_precompile names. Never headers of ours: they change. A source still includes what it needs; the preset
+# headless and ./lint, which precompile nothing, fail otherwise.
 function(clb_headers name)
   if(NOT CLB_PCH)
     return()
   endif()
   cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
-  # Headers are precompiled by way of a target, and a target has a source.
+  # CMake precompiles headers for a target only, and a target needs a source.
   file(CONFIGURE OUTPUT clb_headers_${name}.cpp CONTENT "")
   add_library(clb_headers_${name} OBJECT "${CMAKE_CURRENT_BINARY_DIR}/clb_headers_${name}.cpp")
   target_link_libraries(clb_headers_${name} PRIVATE clb_options ${ARG_LINK})
   target_precompile_headers(clb_headers_${name} PRIVATE ${ARG_UNPARSED_ARGUMENTS})
 endfunction()
 
-# clb_precompile(TARGET NAME): the target's sources take the headers of clb_headers(NAME ...), which must
-# have had the target's compile options; definitions may differ where the headers do not use them.
+# clb_precompile(TARGET NAME): compiles the target's sources with the headers of clb_headers(NAME ...). Both
+# must have the same compile options. Definitions may differ if the headers do not use them.
 function(clb_precompile target name)
   if(CLB_PCH)
     target_precompile_headers(${target} REUSE_FROM clb_headers_${name})
@@ -63,8 +62,8 @@ set(CLB_STANDARD_HEADERS <algorithm> <filesystem> <fstream> <functional> <iostre
 clb_headers(standard ${CLB_STANDARD_HEADERS})
 
 # clb_library(NAME [folder ...] [HEADERS name] [LINK library ...]): one static library from the sources of
-# the current folder, named clb_NAME; the folders after the name are the rungs above that it may use. HEADERS
-# are those of clb_headers to precompile, instead of the standard library's.
+# the current folder, named clb_NAME. It may use the folders after the name. HEADERS names the clb_headers to
+# precompile, instead of those of the standard library.
 function(clb_library name)
   cmake_parse_arguments(ARG "" "HEADERS" "LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "*.cpp" "*.h")

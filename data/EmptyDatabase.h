@@ -4,7 +4,7 @@
 namespace clb {
 
 /// The bytes of the database file that a new program folder starts with. Made at build time from
-/// schema.sql.
+/// schema.sql and embedded.
 std::string_view EmptyDatabase();
 
 }  // namespace clb

@@ -132,8 +132,9 @@ void EmptyState::Take(const EmptyHint& hint)
     while (QLayoutItem* item = row_->takeAt(0))
         delete item;
     for (const auto& [item, link] : links_)
-        if (std::none_of(hint.ways.begin(), hint.ways.end(),
-                         [&](const EmptyHint::Way& way) { return way.item == item; }))
+        if (std::none_of(
+                hint.ways.begin(), hint.ways.end(),
+                [&wanted = item](const EmptyHint::Way& way) { return way.item == wanted; }))
             Hide(*link);
     row_->addStretch(1);
     // Tab reaches them behind the grid's cells.

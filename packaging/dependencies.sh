@@ -1,30 +1,42 @@
 # shellcheck shell=bash
-# The Debian packages that building, running and testing need, those that packing needs on top, and a
-# function that installs those that are missing. Sourced by ./run, ./test, ./package and
-# packaging/test-package.
+# The Debian packages of the project by what needs them, and a function that installs those that are
+# missing. Sourced by the scripts beside the README and by packaging/test-package.
+# shellcheck disable=SC2034  # the lists are for the scripts that source this
 
+# Building and running the programs. Installing these alone is enough for ./run.
 clb_packages=(
-    # building
     g++ cmake ninja-build pkg-config
     libsqlite3-dev libutf8proc-dev libsigc++-3.0-dev nlohmann-json3-dev libcli11-dev
     libcurl4-openssl-dev libevent-dev
     qt6-base-dev qt6-svg-dev libgl1-mesa-dev
-    # running
-    libqt6svg6 qt6-qpa-plugins fonts-dejavu-core
-    # testing
-    clang libclang-rt-14-dev libgtest-dev libgmock-dev libbenchmark-dev sqlite3 xvfb xdotool openbox x11-apps imagemagick poppler-utils
+)
+
+# Reading the sources: layout and static analysis.
+clb_lint_packages=(git clang-format clang-tidy libgtest-dev libgmock-dev)
+
+clb_test_packages=(
+    libgtest-dev libgmock-dev
+    # sanitizers and fuzzing
+    clang libclang-rt-14-dev
+    # the window on a screen, its pictures and printed pages
+    xvfb xdotool openbox imagemagick poppler-utils fonts-dejavu-core
+    # another reader of statement files
     ofx
-    # testing the files of the package
+    # what is installed beside the programs
     desktop-file-utils appstream shared-mime-info libglib2.0-bin man-db bash-completion zsh
 )
 
-# shellcheck disable=SC2034  # for the scripts that source this
-clb_packing_packages=(dpkg-dev debhelper lintian librsvg2-bin mmdebstrap)
+clb_coverage_packages=(gcovr)
 
-# clb_install_missing [package ...]: those that building, running and testing need, and these.
+clb_packing_packages=(dpkg-dev debhelper lintian librsvg2-bin)
+
+# Trying the package on a clean system.
+clb_trial_packages=(lintian mmdebstrap)
+
+# clb_install_missing PACKAGE ...: installs those of the packages that are not installed.
 clb_install_missing() {
     local missing=() package
-    for package in "${clb_packages[@]}" "$@"; do
+    for package in "$@"; do
         dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
             missing+=("$package")
     done

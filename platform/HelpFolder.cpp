@@ -35,9 +35,9 @@ std::string VersionOf(const std::string& help)
 
 bool IsWhole(const std::string& help)
 {
-    const auto files = HelpFiles();
-    return VersionOf(help) == HelpVersion() &&
-           std::all_of(files.begin(), files.end(), [&](const HelpFile& file) {
+    const auto [files, version] = HelpFiles();
+    return VersionOf(help) == version &&
+           std::all_of(files.begin(), files.end(), [&](const EmbeddedFile& file) {
                std::error_code missing;
                const auto size =
                    std::filesystem::file_size(help + "/" + std::string(file.name), missing);
@@ -67,10 +67,10 @@ bool DeliverHelp(const std::string& folder) noexcept
             return true;
         MakePrivateFolder(help);
         unlink(VersionFile(help).c_str());
-        for (const HelpFile& file : HelpFiles())
+        for (const EmbeddedFile& file : HelpFiles().files)
             Replace(help + "/" + std::string(file.name), file.bytes);
         SyncFolder(help);
-        Replace(VersionFile(help), HelpVersion());
+        Replace(VersionFile(help), HelpFiles().version);
         SyncFolder(help);
         return true;
     } catch (const std::exception&) {

@@ -1,13 +1,13 @@
-// Build tool: runs the creation script into a database file and writes the file's bytes as C++
-// source.
+// Build tool: makes the database file that a new program folder starts with.
 //
-//   clb_make_empty_database SCRIPT DATABASE SOURCE
+//   clb_make_empty_database SCRIPT DATABASE
 
 #include <cstdio>
 #include <exception>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 
 #include "engine/Connection.h"
@@ -17,35 +17,23 @@ namespace {
 std::string ReadFile(const std::string& path)
 {
     std::ifstream in(path, std::ios::binary);
+    if (!in)
+        throw std::runtime_error("cannot read " + path);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-void WriteSource(const std::string& path, const std::string& bytes)
-{
-    std::ofstream out(path);
-    out << "#include \"data/EmptyDatabase.h\"\n\nnamespace clb {\nnamespace {\n\n"
-        << "constexpr unsigned char kBytes[] = {";
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        out << (i % 32 == 0 ? "\n    " : "")
-            << static_cast<unsigned>(static_cast<unsigned char>(bytes[i])) << ',';
-    out << "};\n\n}  // namespace\n\nstd::string_view EmptyDatabase()\n{\n"
-        << "    return {reinterpret_cast<const char*>(kBytes), sizeof kBytes};\n}\n\n}  // "
-           "namespace clb\n";
 }
 
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc != 4) {
-        std::cerr << "usage: clb_make_empty_database SCRIPT DATABASE SOURCE\n";
+    if (argc != 3) {
+        std::cerr << "usage: clb_make_empty_database SCRIPT DATABASE\n";
         return 2;
     }
     try {
         const std::string database = argv[2];
         std::remove(database.c_str());
         clb::Connection::CreateFile(database, ReadFile(argv[1]));
-        WriteSource(argv[3], ReadFile(database));
         return 0;
     } catch (const std::exception& error) {
         std::cerr << "clb_make_empty_database: " << error.what() << '\n';

@@ -1,4 +1,4 @@
-// The folders of the program form a ladder: a folder includes only folders above it.
+// The folders of the program form a ladder: each folder includes only folders above it.
 
 #include <gtest/gtest.h>
 
@@ -49,7 +49,7 @@ bool IsSource(const fs::path& path)
     return path.extension() == ".h" || path.extension() == ".cpp";
 }
 
-/// The names between quotes or angle brackets of all include lines of a file.
+/// Returns the names in all include lines of a file.
 std::vector<std::string> IncludesOf(const fs::path& path)
 {
     static const std::regex include(R"(^\s*#\s*include\s*["<]([^">]+)[">])");
@@ -108,7 +108,7 @@ TEST(LadderTest, OnlyTheWindowSeesItsToolkit)
                     << source.string() << " includes " << name;
 }
 
-TEST(LadderTest, EverySourceFolderStandsOnTheLadder)
+TEST(LadderTest, EverySourceFolderIsOnTheLadder)
 {
     const std::set<std::string> beside = {"tests", "bench", "packaging", "docs", "cmake", "build"};
     for (const auto& entry : fs::directory_iterator(kSource)) {

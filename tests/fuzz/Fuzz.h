@@ -35,7 +35,8 @@ public:
     FuzzFolder(const FuzzFolder&) = delete;
     FuzzFolder& operator=(const FuzzFolder&) = delete;
 
-    std::string Path(const std::string& name) const { return path_ + "/" + name; }
+    [[nodiscard]] std::string Path(const std::string& name) const { return path_ + "/" + name; }
+    // NOLINTNEXTLINE(modernize-use-nodiscard): most callers need only the file
     std::string Write(const std::string& name, std::string_view bytes) const
     {
         std::ofstream out(Path(name), std::ios::binary | std::ios::trunc);

@@ -22,10 +22,10 @@ public:
 private:
     bool HasGrown()
     {
-        constexpr std::int32_t many = 16;
+        constexpr std::int32_t kMany = 16;
         try {
-            return connection_->Execute("SELECT Sequence FROM Trans").RecordCount() > many ||
-                   connection_->Execute("SELECT AccountID FROM Account").RecordCount() > many;
+            return connection_->Execute("SELECT Sequence FROM Trans").RecordCount() > kMany ||
+                   connection_->Execute("SELECT AccountID FROM Account").RecordCount() > kMany;
         } catch (const EngineError&) {
             return true;
         }

@@ -25,7 +25,7 @@ class HelpFolderTest : public testing::Test {
 protected:
     void ExpectWholeManual()
     {
-        for (const HelpFile& file : HelpFiles())
+        for (const EmbeddedFile& file : HelpFiles().files)
             EXPECT_EQ(folder.Read("Help/" + std::string(file.name)), file.bytes) << file.name;
     }
 
@@ -38,7 +38,7 @@ TEST_F(HelpFolderTest, ADeliveredFolderHoldsTheManualForTheUserAlone)
 
     EXPECT_EQ(ModeOf(folder.Path("books/Help")), 0700u);
     EXPECT_TRUE(folder.Read("books/Help/index.html").starts_with("<!DOCTYPE html>"));
-    for (const HelpFile& file : HelpFiles()) {
+    for (const EmbeddedFile& file : HelpFiles().files) {
         const std::string name = "books/Help/" + std::string(file.name);
         EXPECT_EQ(folder.Read(name), file.bytes) << name;
         EXPECT_EQ(ModeOf(folder.Path(name)), 0600u) << name;

@@ -20,7 +20,7 @@ class HelpPagesTest : public testing::Test {
 protected:
     HelpPagesTest()
     {
-        for (const HelpFile& file : HelpFiles()) {
+        for (const EmbeddedFile& file : HelpFiles().files) {
             names_.insert(std::string(file.name));
             if (file.name.ends_with(".html"))
                 pages_.emplace(std::string(file.name), HtmlPage(file.bytes));
@@ -29,7 +29,7 @@ protected:
 
     static std::string TextOf(const std::string& name)
     {
-        for (const HelpFile& file : HelpFiles())
+        for (const EmbeddedFile& file : HelpFiles().files)
             if (file.name == name)
                 return std::string(file.bytes);
         return {};

@@ -1,3 +1,4 @@
+// Tests as a user who may not do everything.
 #pragma once
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -7,8 +8,8 @@
 
 namespace clb {
 
-/// The superuser reads and writes everywhere: while one of these lives, the test is nobody, who is
-/// given the paths.
+/// Runs the test as the user "nobody" while it exists, because the superuser may read and write
+/// everything. The user gets the paths. Does nothing if the test is not run by the superuser.
 class AsOrdinaryUser {
 public:
     explicit AsOrdinaryUser(const std::vector<std::string>& paths)

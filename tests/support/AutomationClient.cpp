@@ -5,7 +5,7 @@
 namespace clb {
 namespace {
 
-/// Program and first argument, and the further ones.
+/// The program, its first argument, and then the other arguments.
 std::vector<std::string> DrivenProgram(const std::vector<std::string>& arguments)
 {
     const char* named = std::getenv("CLB_AUTOMATE");

@@ -1,3 +1,4 @@
+// Drives a real program through its automation interface.
 #pragma once
 #include <string>
 #include <vector>
@@ -7,22 +8,23 @@
 
 namespace clb {
 
-/// The driven program as a process of its own. Which program it is (with its first argument) the
-/// environment variable CLB_AUTOMATE says, else it is "clb automate" of this build.
+/// Runs the driven program as its own process. The environment variable CLB_AUTOMATE names the
+/// program and its first argument; the default is "clb automate" of this build.
 class AutomationClient {
 public:
     /// Starts it with further arguments and reads its first line.
     explicit AutomationClient(const std::vector<std::string>& arguments);
 
-    /// The line that came before any request.
-    const Json& FirstLine() const { return firstLine_; }
-    /// One request, one reply. Throws std::runtime_error when the program answers nothing.
+    /// The line that the program printed before the first request.
+    [[nodiscard]] const Json& FirstLine() const { return firstLine_; }
+    /// Sends one request and returns its reply. Throws std::runtime_error if the program does not
+    /// answer.
     Json Ask(const Json& request);
     Json AskLine(const std::string& line);
-    /// Ends the input, reads what still comes and waits for the end.
+    /// Closes the input, reads the remaining output and waits for the program to exit.
     int ExitCode() { return program_.End(); }
-    /// Whole lines that came after the last reply; valid after ExitCode.
-    const std::string& Rest() const { return program_.Rest(); }
+    /// Output after the last reply. Valid after ExitCode().
+    [[nodiscard]] const std::string& Rest() const { return program_.Rest(); }
 
 private:
     LinePipes program_;

@@ -1,3 +1,4 @@
+// The whole program without a window, for tests.
 #pragma once
 #include <string>
 #include <vector>
@@ -9,17 +10,17 @@
 
 namespace clb {
 
-/// The whole program over a fresh folder with the delivered database, and fakes for what is
-/// outside. It shows the net worth in March 2006.
+/// The whole program with a new folder, the delivered database and fake ports. It shows the net
+/// worth in March 2006.
 class Books : public FakeOutside {
 public:
-    /// keepsCopies: as a person's own books, not as under automation.
+    /// `keepsCopies`: makes backups, as for a person and not as under automation.
     explicit Books(bool keepsCopies = false) : window(MakePorts(keepsCopies), WindowMetrics())
     {
         window.Load();
     }
 
-    /// Fields of the rows of a SELECT, as text with "|" between them.
+    /// Returns the rows of a SELECT as lines of fields with "|" between them.
     std::vector<std::string> Rows(const std::string& select)
     {
         std::vector<std::string> lines;

@@ -1,3 +1,4 @@
+// Books with many rows, for tests of imports.
 #pragma once
 #include <algorithm>
 #include <iterator>
@@ -10,7 +11,7 @@
 
 namespace clb {
 
-/// Books in which every table holds rows that no import may touch, and an import command whose
+/// Books in which every table has rows that an import must not change, and an import command whose
 /// questions are answered: QIF files go into the bank account "1".
 class CrowdedBooks : public Books {
 public:
@@ -48,7 +49,7 @@ public:
         messages.boxes.clear();
         import.ImportFile();
     }
-    /// The rows that imports added, oldest first.
+    /// Returns the rows that imports added, oldest first.
     std::vector<std::string> Imported()
     {
         return Rows(
@@ -57,7 +58,8 @@ public:
     }
     void ForgetImported() { Execute("DELETE FROM Trans WHERE Sequence > 2"); }
 
-    /// Every row of every table as a line, but for the balances of accounts that may get rows.
+    /// Returns every row of every table as a line, except the balances of accounts that may get
+    /// rows.
     std::vector<std::string> Everything()
     {
         std::vector<std::string> lines;
@@ -93,7 +95,7 @@ private:
     TempFolder statements_{TempFolder::Memory()};
 };
 
-/// Lines of sorted lists that only the first one has.
+/// Returns the lines that only the first of two sorted lists has.
 inline std::vector<std::string> OnlyIn(const std::vector<std::string>& first,
                                        const std::vector<std::string>& second)
 {

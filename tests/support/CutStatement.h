@@ -1,3 +1,4 @@
+// Imports of statement files that were cut off.
 #pragma once
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,12 +8,12 @@
 
 namespace clb {
 
-/// A statement file cut off anywhere: what the import must make of the piece that is left, told
-/// from the bytes alone.
+/// Cuts a statement file off at any byte and checks what the import makes of the rest. What it
+/// expects is computed from the bytes alone.
 class CutStatement {
 public:
-    /// Wants a file whose transactions are all good and all different; in a QIF file all of them
-    /// stand in sections of transactions.
+    /// All transactions of the file must be valid and different. In a QIF file, all of them must be
+    /// in sections of transactions.
     CutStatement(std::string name, std::string bytes)
         : name_(std::move(name)), whole_(std::move(bytes))
     {
@@ -24,9 +25,9 @@ public:
         EXPECT_FALSE(rows_.empty()) << name_;
     }
 
-    std::size_t Size() const { return whole_.size(); }
+    [[nodiscard]] std::size_t Size() const { return whole_.size(); }
 
-    /// Imports the first bytes into the account without rows.
+    /// Imports the first `length` bytes into the account, which has no rows before.
     void ExpectWholeTransactionsOnly(std::size_t length)
     {
         SCOPED_TRACE(name_ + " cut after " + std::to_string(length) + " bytes");
@@ -37,7 +38,7 @@ public:
 
         const std::vector<std::string> rows = Rows();
         ASSERT_EQ(rows.size(), TransactionsIn(piece));
-        // A piece that ends within a character is no UTF-8 any more and reads otherwise.
+        // A piece that ends within a character is not valid UTF-8 and is read in another encoding.
         if (IsValidUtf8(piece) == IsValidUtf8(whole_)) {
             EXPECT_TRUE(std::equal(rows.begin(), rows.end(), rows_.begin()));
         }
@@ -46,14 +47,14 @@ public:
     }
 
 private:
-    /// A run over a QIF file gives its rows an identifier of its own.
+    /// Leaves out the identifiers of rows from a QIF file, because each import makes new ones.
     std::vector<std::string> Rows()
     {
         return books_.Rows(
             std::string("SELECT PostDate, Amount, Description, PayeeName, CheckID, ") +
             (qif_ ? "Category" : "FITID") + " FROM Trans WHERE Sequence > 2 ORDER BY Sequence");
     }
-    std::size_t TransactionsIn(const std::string& piece) const
+    [[nodiscard]] std::size_t TransactionsIn(const std::string& piece) const
     {
         const std::string end = qif_ ? "\n^" : "</STMTTRN>";
         std::size_t count = 0;
@@ -72,7 +73,7 @@ private:
         const auto boxes = known ? std::vector<FakeMessageBox::Box>() : std::vector{box};
         EXPECT_EQ(books_.messages.boxes, boxes);
     }
-    /// A piece may end within a date: only that last line can be one that is none.
+    /// A piece may end within a date, so only its last line can be an invalid date.
     void ExpectCutDateListed(const std::string& piece)
     {
         const std::size_t before = piece.find_last_of('\n');
@@ -80,7 +81,7 @@ private:
         if (!last.empty() && last.back() == '\r')
             last.pop_back();
         const bool endsInDate = last.starts_with('D');
-        // Two dividers and a digit behind them make a date, of an early year perhaps.
+        // Two separators and a digit after them make a date, although perhaps of an early year.
         const bool isDate =
             std::count_if(last.begin(), last.end(),
                           [](char c) { return c == '/' || c == '\'' || c == '-'; }) == 2 &&

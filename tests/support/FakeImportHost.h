@@ -1,3 +1,4 @@
+// A main window for tests of the import alone.
 #pragma once
 #include <cstddef>
 #include <string>
@@ -8,7 +9,7 @@
 
 namespace clb {
 
-/// The main window as a list of what the import did to it.
+/// A main window that records what the import does to it.
 class FakeImportHost : public IImportHost {
 public:
     std::string AskForFile(std::int32_t flags, const std::string& filter) override
@@ -16,7 +17,7 @@ public:
         events.push_back("ask " + std::to_string(flags) + " " + filter);
         return file;
     }
-    std::string StatusText() const override { return status; }
+    [[nodiscard]] std::string StatusText() const override { return status; }
     void StatusText(const std::string& text) override
     {
         events.push_back("status " + text);
@@ -46,7 +47,7 @@ public:
 
     std::string file;  ///< the user's choice; empty: cancelled
     std::string status = "Ready";
-    std::string fallback;  ///< account that the user picks where the file names none
+    std::string fallback;  ///< account that the user picks if the file does not name one
     bool accepts = true;   ///< whether the account check agrees
     std::vector<std::string> events;
     std::vector<std::pair<std::size_t, std::size_t>> progress;  ///< part and whole

@@ -1,3 +1,4 @@
+// Scripted replacements for everything outside the program.
 #pragma once
 #include <cstdint>
 #include <deque>
@@ -20,7 +21,7 @@
 
 namespace clb {
 
-/// Remembers what was told; answers in the order given, then OK.
+/// Records the boxes. Gives the answers in their order, then OK.
 class FakeMessageBox : public IMessageBox {
 public:
     struct Box {
@@ -43,7 +44,7 @@ public:
     std::deque<BoxAnswer> answers;
 };
 
-/// Works each form as told, in order; a form that no one works, or that stays open, is cancelled.
+/// Runs one step on each form, in order. Cancels a form that has no step or is still open after it.
 class FakeModalHost : public IModalHost {
 public:
     void Run(Form& form) override
@@ -64,7 +65,7 @@ public:
     std::vector<std::string> names;
 };
 
-/// Chooses the paths given, in order, then cancels.
+/// Chooses the answers in their order, then cancels.
 class FakeFileDialog : public IFileDialog {
 public:
     std::optional<FileChoice> Ask(const FileQuestion& question) override
@@ -91,7 +92,7 @@ public:
     std::vector<std::string> helped;
 };
 
-/// Keeps what was printed, as it stood then; throws when told to.
+/// Keeps the content of each printed file at the time of printing. Throws if `fails` is set.
 class FakePrintJob : public IPrintJob {
 public:
     void Print(const std::string& file) override
@@ -112,13 +113,13 @@ public:
 
 class FakePointer : public IPointer {
 public:
-    std::int32_t Pointer() const override { return code; }
+    [[nodiscard]] std::int32_t Pointer() const override { return code; }
     void Pointer(std::int32_t to) override { code = to; }
 
     std::int32_t code = pointer::Default;
 };
 
-/// Gives the same answer to every request, or fails.
+/// Gives the same answer to every request, or throws if `fails` is set.
 class FakeHttp : public IHttpClient {
 public:
     std::optional<std::string> Get(const std::string& url) override
@@ -134,12 +135,12 @@ public:
     bool fails = false;
 };
 
-/// Stands still in the middle of March 2006, at Greenwich.
+/// Stopped at noon of 15 March 2006, in Greenwich time.
 class FakeClock : public IClock {
 public:
-    Date Now() const override { return now; }
-    std::uint32_t TickCount() const override { return ticks; }
-    modCommon::ZoneInformation Zone() const override { return zone; }
+    [[nodiscard]] Date Now() const override { return now; }
+    [[nodiscard]] std::uint32_t TickCount() const override { return ticks; }
+    [[nodiscard]] modCommon::ZoneInformation Zone() const override { return zone; }
 
     Date now = *Date::Of(2006, 3, 15, 12);
     std::uint32_t ticks = 1000;

@@ -1,3 +1,4 @@
+// A small table and its events, for tests of the grid.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -10,8 +11,8 @@
 
 namespace clb {
 
-/// Rows of a small shop in memory: Sequence (key), Name (at most 10 characters), Price, Count, Day,
-/// Open, Weight.
+/// Fills the array with the rows of a small shop: Sequence (key), Name (at most 10 characters),
+/// Price, Count, Day, Open, Weight.
 inline void FillShop(GridArray& array)
 {
     array.Fields({{"Sequence", FieldType::Long, 0, false, true},
@@ -31,11 +32,11 @@ namespace shop {
 constexpr std::int32_t Key = 1, Name = 2, Price = 3, Count = 4, Day = 5, Open = 6, Weight = 7;
 }
 
-/// Text of what was raised, in order: "BeforeEdit 1 2 0", ...
+/// Records the events that were raised, in order, as texts like "BeforeEdit 1 2 0".
 class GridEvents {
 public:
     void Note(const std::string& line) { lines_.push_back(line); }
-    /// Those since the last call.
+    /// Returns the events since the last call.
     std::vector<std::string> Take()
     {
         std::vector<std::string> taken;
@@ -47,7 +48,7 @@ private:
     std::vector<std::string> lines_;
 };
 
-/// Number of the runtime error that the action must raise; 0 when it raises none.
+/// Returns the number of the runtime error that the action throws, or 0 if it does not throw one.
 inline std::int64_t RuntimeErrorOf(const std::function<void()>& action)
 {
     try {

@@ -1,4 +1,6 @@
+// A strict reader of HTML, for tests of the manual and of printed pages.
 #pragma once
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <map>
@@ -9,15 +11,15 @@
 
 namespace clb {
 
-/// A page of strictly written HTML: lower-case tags, quoted attributes, every element that has an
-/// end closed in order, "<" and "&" in texts only as references. What is not so is told in Faults.
+/// Parses a page of strict HTML: lower-case tags, quoted attributes, elements closed in order, "<"
+/// and "&" in texts only as references. Faults() lists the violations.
 class HtmlPage {
 public:
     struct Element {
         std::string tag;
         std::map<std::string, std::string> attributes;
 
-        std::string Get(const std::string& attribute) const
+        [[nodiscard]] std::string Get(const std::string& attribute) const
         {
             const auto found = attributes.find(attribute);
             return found == attributes.end() ? std::string() : found->second;
@@ -37,20 +39,17 @@ public:
             Fault("<" + tag + "> is never closed");
     }
 
-    const std::vector<std::string>& Faults() const { return faults_; }
-    const std::vector<Element>& Elements() const { return elements_; }
-    bool HasAnchor(const std::string& id) const { return ids_.contains(id); }
+    [[nodiscard]] const std::vector<std::string>& Faults() const { return faults_; }
+    [[nodiscard]] const std::vector<Element>& Elements() const { return elements_; }
+    [[nodiscard]] bool HasAnchor(const std::string& id) const { return ids_.contains(id); }
 
 private:
-    static constexpr std::string_view NameCharacters = "abcdefghijklmnopqrstuvwxyz0123456789-";
+    static constexpr std::string_view kNameCharacters = "abcdefghijklmnopqrstuvwxyz0123456789-";
 
     static bool IsVoid(const std::string& tag)
     {
-        constexpr std::array<std::string_view, 5> voids{"meta", "link", "img", "br", "hr"};
-        for (const std::string_view name : voids)
-            if (tag == name)
-                return true;
-        return false;
+        constexpr std::array<std::string_view, 5> kVoids{"meta", "link", "img", "br", "hr"};
+        return std::find(kVoids.begin(), kVoids.end(), tag) != kVoids.end();
     }
 
     void Fault(const std::string& what)
@@ -68,7 +67,7 @@ private:
 
     std::string TakeName()
     {
-        const std::size_t end = std::min(rest_.find_first_not_of(NameCharacters), rest_.size());
+        const std::size_t end = std::min(rest_.find_first_not_of(kNameCharacters), rest_.size());
         std::string name(rest_.substr(0, end));
         rest_.remove_prefix(end);
         return name;
@@ -104,7 +103,7 @@ private:
         while (Take(" ") || Take("\n"))
             ReadAttribute(element);
         if (!Take(">")) {
-            Fault("<" + element.tag + " is no tag");
+            Fault("<" + element.tag + " is not a tag");
             rest_.remove_prefix(std::min(rest_.find('>'), rest_.size()));
             Take(">");
         }

@@ -12,7 +12,7 @@
 namespace clb {
 namespace {
 
-/// A socket on a port of this machine that the system chose.
+/// Opens a socket on a port that the system chooses.
 struct Bound {
     int socket = -1;
     int port = 0;

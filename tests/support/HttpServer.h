@@ -1,3 +1,4 @@
+// A scripted HTTP server, for tests of the network.
 #pragma once
 #include <atomic>
 #include <functional>
@@ -9,17 +10,17 @@
 
 namespace clb {
 
-/// A server on this machine that answers as badly as it is told to. One connection carries one
-/// request; connections are served one after the other.
+/// A server on this machine that gives scripted answers, bad ones too. Each connection carries one
+/// request. Connections are served one after the other.
 class HttpServer {
 public:
-    /// What the client sees of one connection. The request has been read.
+    /// One connection, after its request has been read.
     class Connection {
     public:
         explicit Connection(int socket) : socket_(socket) {}
-        /// False when the client is gone.
+        /// Returns false if the client has disconnected.
         bool Send(std::string_view bytes) const;
-        /// Waits until the client goes.
+        /// Waits until the client disconnects.
         void WaitForTheEnd() const;
 
     private:
@@ -33,22 +34,25 @@ public:
     HttpServer& operator=(const HttpServer&) = delete;
 
     /// "http://127.0.0.1:12345".
-    std::string Address() const { return "http://127.0.0.1:" + std::to_string(port_); }
-    int Port() const { return port_; }
-    /// From now on, requests whose first line holds the text are answered so; the earliest that
-    /// fits counts. Others get status 404 and an empty body.
+    [[nodiscard]] std::string Address() const
+    {
+        return "http://127.0.0.1:" + std::to_string(port_);
+    }
+    [[nodiscard]] int Port() const { return port_; }
+    /// Sets the answer to requests whose first line contains the text. If several texts match, the
+    /// one set first is used. Other requests get status 404 and an empty body.
     void On(const std::string& text, Answer answer);
-    /// Heads of the requests so far, as received.
-    std::vector<std::string> Heads() const;
+    /// The heads of all requests so far, as received.
+    [[nodiscard]] std::vector<std::string> Heads() const;
     /// Their first lines: "GET /path HTTP/1.1".
-    std::vector<std::string> FirstLines() const;
+    [[nodiscard]] std::vector<std::string> FirstLines() const;
 
-    /// A port of this machine where nobody listens.
+    /// Returns a port of this machine on which nobody listens.
     static int FreePort();
 
 private:
     void Serve();
-    Answer FindAnswer(const std::string& head) const;
+    [[nodiscard]] Answer FindAnswer(const std::string& head) const;
 
     int listening_ = -1;
     int port_ = 0;
@@ -59,10 +63,10 @@ private:
     std::thread thread_;
 };
 
-// Answers of all kinds.
+// Ready-made answers.
 namespace answers {
 
-/// A whole answer; further header lines end with CR LF each.
+/// A complete answer. Each line of `headers` ends with CR LF.
 HttpServer::Answer Status(const std::string& status, const std::string& body,
                           const std::string& headers = "");
 inline HttpServer::Answer Ok(const std::string& body)
@@ -73,15 +77,15 @@ inline HttpServer::Answer Redirect(const std::string& location, const std::strin
 {
     return Status("302 Found", body, "Location: " + location + "\r\n");
 }
-/// These bytes and no more.
+/// Exactly these bytes.
 HttpServer::Answer Bytes(const std::string& bytes);
-/// No byte and no end: the client has to give up.
+/// Sends nothing and keeps the connection open, until the client gives up.
 HttpServer::Answer Silence();
-/// A head, then a body without an end, as fast as it is taken.
+/// A head, then an endless body, as fast as the client reads it.
 HttpServer::Answer Endless();
-/// A head, then a byte now and then, as long as the client listens.
+/// A head, then a byte now and then, for as long as the client reads.
 HttpServer::Answer Trickle();
-/// A head without an end.
+/// A head that never ends.
 HttpServer::Answer EndlessHead();
 
 }  // namespace answers

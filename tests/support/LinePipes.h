@@ -1,3 +1,4 @@
+// A child process that is talked to in lines.
 #pragma once
 #include <sys/types.h>
 
@@ -6,33 +7,33 @@
 
 namespace clb {
 
-/// A program as a process of its own: lines go down one pipe, lines come up another.
+/// Runs a program as its own process, and exchanges lines with it over two pipes.
 class LinePipes {
 public:
-    /// Starts a program with its arguments. Throws std::runtime_error when it cannot be started. A
-    /// program that ends early does not end this process with it.
+    /// Starts a program with its arguments. Throws std::runtime_error if it cannot be started. A
+    /// program that exits early does not end this process by SIGPIPE.
     explicit LinePipes(const std::vector<std::string>& words);
-    /// Ends its input and waits for its end.
+    /// Closes its input and waits for it to exit.
     ~LinePipes();
     LinePipes(const LinePipes&) = delete;
     LinePipes& operator=(const LinePipes&) = delete;
 
-    /// Throws std::runtime_error when the program takes nothing any more.
+    /// Throws std::runtime_error if the program no longer reads.
     void Send(const std::string& line);
-    /// Waits for the next line. Throws std::runtime_error when none comes any more.
+    /// Waits for the next line. Throws std::runtime_error if the program has closed its output.
     std::string Read();
 
-    bool HasLine() const { return received_.find('\n') != std::string::npos; }
-    /// Takes what has come meanwhile, without waiting; false at the end of what comes.
+    [[nodiscard]] bool HasLine() const { return received_.find('\n') != std::string::npos; }
+    /// Receives what is there, without waiting. Returns false at the end of the output.
     bool Poll();
 
-    /// Ends its input, takes what still comes and waits for its end: the exit code, or 128 and the
-    /// number of the signal that ended it.
+    /// Closes its input, receives the remaining output and waits for it to exit. Returns the exit
+    /// code, or 128 plus the number of the signal that ended it.
     int End();
-    /// Kills it, takes what has come and waits for its end.
+    /// Kills it, receives the remaining output and waits for it to exit.
     void Kill();
-    /// What came and was not read.
-    const std::string& Rest() const { return received_; }
+    /// Output that was received and not yet read.
+    [[nodiscard]] const std::string& Rest() const { return received_; }
 
 private:
     bool Receive();

@@ -1,3 +1,4 @@
+// A disk that can be filled.
 #pragma once
 #include <sys/mount.h>
 #include <sys/statvfs.h>
@@ -9,7 +10,7 @@
 
 namespace clb {
 
-/// A file system of one megabyte, where the machine lets the test have one.
+/// A file system of one megabyte, if the machine lets the test mount one.
 class SmallDisk {
 public:
     SmallDisk() { mounted_ = mount("tmpfs", Path().c_str(), "tmpfs", 0, "size=1m") == 0; }
@@ -21,11 +22,11 @@ public:
     SmallDisk(const SmallDisk&) = delete;
     SmallDisk& operator=(const SmallDisk&) = delete;
 
-    bool Mounted() const { return mounted_; }
-    std::string Path() const { return folder_.Path(); }
-    std::string Path(const std::string& name) const { return folder_.Path(name); }
-    std::string Read(const std::string& name) const { return folder_.Read(name); }
-    /// Leaves no room.
+    [[nodiscard]] bool Mounted() const { return mounted_; }
+    [[nodiscard]] std::string Path() const { return folder_.Path(); }
+    [[nodiscard]] std::string Path(const std::string& name) const { return folder_.Path(name); }
+    [[nodiscard]] std::string Read(const std::string& name) const { return folder_.Read(name); }
+    /// Writes until the disk is full.
     void Fill() const
     {
         std::ofstream filler(Path("filler"), std::ios::binary);

@@ -1,5 +1,7 @@
+// A temporary folder.
 #pragma once
 #include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -9,7 +11,7 @@
 
 namespace clb {
 
-/// A folder of its own for one test, gone with everything in it afterwards.
+/// A new folder for one test. Removes it with everything in it on destruction.
 class TempFolder {
 public:
     explicit TempFolder(
@@ -25,7 +27,8 @@ public:
         std::error_code ignored;
         std::filesystem::remove_all(path_, ignored);
     }
-    /// In memory where the system offers that, for files that are written thousands of times.
+    /// Returns a folder in memory if the system has one, for files that are written thousands of
+    /// times.
     static std::filesystem::path Memory()
     {
         const char* memory = "/dev/shm";
@@ -34,12 +37,19 @@ public:
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
-    std::string Path() const { return path_.string(); }
-    /// Path of a file or folder in it.
-    std::string Path(const std::string& name) const { return (path_ / name).string(); }
-    bool Holds(const std::string& name) const { return std::filesystem::exists(path_ / name); }
+    [[nodiscard]] std::string Path() const { return path_.string(); }
+    /// Returns the path of a file or folder in it.
+    [[nodiscard]] std::string Path(const std::string& name) const
+    {
+        return (path_ / name).string();
+    }
+    [[nodiscard]] bool Holds(const std::string& name) const
+    {
+        return std::filesystem::exists(path_ / name);
+    }
 
-    /// Writes a file, folders on the way included; returns its path.
+    /// Writes a file, creates its folders, and returns its path.
+    // NOLINTNEXTLINE(modernize-use-nodiscard): many tests need only the file
     std::string Write(const std::string& name, std::string_view bytes) const
     {
         std::filesystem::create_directories((path_ / name).parent_path());
@@ -47,7 +57,7 @@ public:
             .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         return Path(name);
     }
-    std::string Read(const std::string& name) const
+    [[nodiscard]] std::string Read(const std::string& name) const
     {
         std::ifstream file(path_ / name, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};

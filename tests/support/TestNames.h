@@ -1,9 +1,10 @@
+// Names for tests that are made from data.
 #pragma once
 #include <string>
 
 namespace clb {
 
-/// A text as the name of a test case: letters and digits as they stand, "_" for all others.
+/// Makes a text usable as the name of a test case: replaces all but letters and digits by "_".
 inline std::string TestName(std::string text)
 {
     const std::string allowed = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
