@@ -2,11 +2,11 @@
 
 #include "automation/Recorder.h"
 #include "automation/ScriptedPorts.h"
-#include "automation/Statements.h"
 #include "automation/Verbs.h"
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "data/Trouble.h"
+#include "json/Statements.h"
 #include "platform/CurlHttpClient.h"
 
 #include <istream>

@@ -1,6 +1,6 @@
 #pragma once
-#include "automation/ValueJson.h"
 #include "base/Value.h"
+#include "json/ValueJson.h"
 
 #include <cstddef>
 #include <cstdint>

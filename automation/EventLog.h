@@ -1,5 +1,5 @@
 #pragma once
-#include "automation/ValueJson.h"
+#include "json/ValueJson.h"
 
 namespace clb {
 

@@ -1,6 +1,6 @@
 #pragma once
-#include "automation/ValueJson.h"
 #include "controls/Form.h"
+#include "json/ValueJson.h"
 
 #include <cstdint>
 #include <string>

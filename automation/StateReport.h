@@ -1,6 +1,6 @@
 #pragma once
 #include "app/frmController.h"
-#include "automation/ValueJson.h"
+#include "json/ValueJson.h"
 
 namespace clb {
 

@@ -1,8 +1,8 @@
 #include "app/OtherPrograms.h"
 #include "automation/CallOperations.h"
 #include "automation/StateReport.h"
-#include "automation/Statements.h"
 #include "automation/VerbTable.h"
+#include "json/Statements.h"
 
 namespace clb {
 namespace {

@@ -1,11 +1,11 @@
 #include "app/DatabaseCheck.h"
 #include "app/DatabaseRepair.h"
-#include "automation/ValueJson.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "cli/Table.h"
 #include "data/Backups.h"
 #include "data/SchemaVersion.h"
+#include "json/ValueJson.h"
 #include "platform/SystemClock.h"
 
 #include <algorithm>

@@ -1,5 +1,4 @@
 #include "app/DemoHousehold.h"
-#include "automation/ValueJson.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "data/EmptyDatabase.h"
@@ -7,6 +6,7 @@
 #include "files/ReadFile.h"
 #include "files/TemporaryFolder.h"
 #include "files/WholeFile.h"
+#include "json/ValueJson.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
 

@@ -1,7 +1,7 @@
 #pragma once
-#include "automation/ValueJson.h"
 #include "cli/Table.h"
 #include "grid/CVGrid.h"
+#include "json/ValueJson.h"
 
 #include <vector>
 

@@ -1,8 +1,8 @@
 #include "cli/ImportReport.h"
 
-#include "automation/ValueJson.h"
 #include "base/Text.h"
 #include "cli/Table.h"
+#include "json/ValueJson.h"
 
 #include <algorithm>
 #include <iostream>

@@ -1,8 +1,8 @@
-#include "automation/ValueJson.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "data/Backups.h"
+#include "json/ValueJson.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
 

@@ -1,9 +1,9 @@
-#include "automation/Statements.h"
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "engine/Connection.h"
+#include "json/Statements.h"
 
 #include <iostream>
 #include <memory>

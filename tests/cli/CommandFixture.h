@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "automation/ValueJson.h"
+#include "json/ValueJson.h"
 #include "tests/support/TempFolder.h"
 
 namespace clb {

@@ -1,4 +1,4 @@
-#include "automation/ValueJson.h"
+#include "json/ValueJson.h"
 
 #include "base/Numeric.h"
 

@@ -1,4 +1,4 @@
-#include "automation/Statements.h"
+#include "json/Statements.h"
 
 namespace clb {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
-#include "automation/ValueJson.h"
 #include "engine/Connection.h"
+#include "json/ValueJson.h"
 
 #include <string>
 
