@@ -1,5 +1,5 @@
-#include "app/DatabaseCheck.h"
-#include "app/DatabaseRepair.h"
+#include "check/DatabaseCheck.h"
+#include "check/DatabaseRepair.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "cli/Table.h"

@@ -1,5 +1,5 @@
-#include "app/DemoHousehold.h"
 #include "cli/Commands.h"
+#include "cli/DemoHousehold.h"
 #include "cli/Options.h"
 #include "data/EmptyDatabase.h"
 #include "files/Folders.h"

@@ -33,6 +33,7 @@ const std::map<std::string, std::set<std::string>> kLadder = {
     {"app",
      {"base", "files", "ports", "engine", "controls", "data", "grid", "views", "import", "export",
       "quotes"}},
+    {"check", {"base", "files", "ports", "engine", "controls", "data", "grid", "views"}},
     {"platform", {"base", "files", "ports"}},
     {"automation",
      {"base", "files", "ports", "engine", "json", "controls", "data", "grid", "views", "import",
@@ -42,7 +43,7 @@ const std::map<std::string, std::set<std::string>> kLadder = {
       "export", "quotes", "app", "platform", "automation"}},
     {"desktop",
      {"base", "files", "ports", "engine", "controls", "data", "grid", "views", "import", "export",
-      "quotes", "app", "platform", "automation"}},
+      "quotes", "app", "check", "platform", "automation"}},
 };
 
 bool IsSource(const fs::path& path)

@@ -32,7 +32,7 @@ FOLDERS = ["data", "import", "export", "views", "engine"]
 # Nearest first: a mutant is dead at the first failure. Others would find a few more, and take long.
 TESTS = {
     "engine": ["engine", "crash", "data", "scenarios"],
-    "data": ["data", "app", "scenarios", "cli"],
+    "data": ["data", "check", "app", "scenarios", "cli"],
     "import": ["import", "app", "scenarios"],
     "export": ["export", "app", "scenarios", "cli"],
     "views": ["views", "app", "scenarios"],

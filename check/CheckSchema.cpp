@@ -1,4 +1,4 @@
-#include "app/CheckSchema.h"
+#include "check/CheckSchema.h"
 
 #include <algorithm>
 #include <cctype>

@@ -6,8 +6,8 @@
 #include <tuple>
 #include <vector>
 
-#include "app/CheckFindings.h"
 #include "base/Money.h"
+#include "check/CheckFindings.h"
 #include "engine/RawSql.h"
 
 namespace clb {

@@ -1,4 +1,4 @@
-#include "app/CheckNumbers.h"
+#include "check/CheckNumbers.h"
 
 #include <algorithm>
 #include <limits>

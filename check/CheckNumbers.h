@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "app/CheckFindings.h"
+#include "check/CheckFindings.h"
 #include "engine/RawSql.h"
 
 namespace clb {

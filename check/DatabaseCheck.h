@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "app/CheckFindings.h"
-#include "app/CheckNumbers.h"
-#include "app/CheckRows.h"
+#include "check/CheckFindings.h"
+#include "check/CheckNumbers.h"
+#include "check/CheckRows.h"
 #include "data/NoticedBalances.h"
 
 namespace clb {

@@ -1,4 +1,4 @@
-#include "app/CheckRows.h"
+#include "check/CheckRows.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "app/DemoHousehold.h"
+#include "cli/DemoHousehold.h"
 
 #include <array>
 #include <random>

@@ -1,8 +1,8 @@
-#include "app/DatabaseRepair.h"
+#include "check/DatabaseRepair.h"
 
 #include <algorithm>
 
-#include "app/DatabaseCheck.h"
+#include "check/DatabaseCheck.h"
 #include "data/Backups.h"
 #include "engine/Connection.h"
 #include "engine/EngineError.h"

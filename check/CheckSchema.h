@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "app/CheckFindings.h"
+#include "check/CheckFindings.h"
 #include "engine/RawSql.h"
 
 namespace clb {

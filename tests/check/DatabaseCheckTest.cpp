@@ -1,12 +1,12 @@
 // What the check finds in files that other programs have changed, and what a repair mends.
-#include "app/DatabaseCheck.h"
+#include "check/DatabaseCheck.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <random>
 
-#include "app/DatabaseRepair.h"
+#include "check/DatabaseRepair.h"
 #include "data/EmptyDatabase.h"
 #include "engine/Database.h"
 #include "engine/EngineError.h"

@@ -1,4 +1,4 @@
-#include "app/CheckFindings.h"
+#include "check/CheckFindings.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,9 +1,9 @@
-#include "app/DatabaseCheck.h"
+#include "check/DatabaseCheck.h"
 
 #include <set>
 
-#include "app/CheckSchema.h"
 #include "base/Text.h"
+#include "check/CheckSchema.h"
 #include "engine/Backup.h"
 #include "engine/EngineError.h"
 #include "engine/RawSql.h"
