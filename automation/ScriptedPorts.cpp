@@ -2,6 +2,7 @@
 
 #include "automation/Automation.h"
 #include "files/ReadFile.h"
+#include "user/FormUser.h"
 
 #include <filesystem>
 
@@ -98,8 +99,8 @@ void ScriptedModalHost::Run(Form& form)
     if (reply)
         Work(form, reply->steps);
     const bool leftOpen = form.Visible();
-    if (leftOpen && form.CancelButton())
-        form.CancelButton()->Press();
+    if (leftOpen)
+        FormUser(form).Cancel();
     Log(form, "close", leftOpen);
 }
 
@@ -116,13 +117,18 @@ void ScriptedModalHost::Work(Form& form, const std::vector<FormStep>& steps)
 
 void ScriptedModalHost::Perform(Form& form, const FormStep& step)
 {
-    if (step.kind == FormStep::Kind::Read) {
-        Log(form, "read", false);
-        return;
+    bool done = true;
+    switch (step.kind) {
+        case FormStep::Kind::Read: Log(form, "read", false); break;
+        case FormStep::Kind::Screenshot:
+            done = presenter_ && presenter_->Screenshot(step.file);
+            break;
+        case FormStep::Kind::Work: {
+            FormUser user(form);
+            done = step.work(user);
+            break;
+        }
     }
-    const bool done = step.kind == FormStep::Kind::Screenshot
-                          ? presenter_ && presenter_->Screenshot(step.control)
-                          : PerformStep(form, step);
     if (!done)
         log_.Add(
             {{"event", "step"}, {"name", form.Name()}, {"step", step.written}, {"refused", true}});

@@ -1,4 +1,3 @@
-#include "automation/FormSteps.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
@@ -10,6 +9,7 @@
 #include "cli/StatementFiles.h"
 #include "data/Trouble.h"
 #include "import/StatementFile.h"
+#include "user/FormUser.h"
 
 #include <filesystem>
 #include <functional>
@@ -57,34 +57,28 @@ public:
     {
         asked_ = true;
         answer_ = ask_();
-        for (const FormStep& step : Steps())
-            if (!PerformStep(form, step))
-                break;
+        FormUser user(form);
+        Fill(user);
         missing_ = form.Visible();
-        if (missing_ && form.CancelButton())
-            form.CancelButton()->Press();
+        if (missing_)
+            user.Cancel();
     }
 
 private:
-    static FormStep Step(FormStep::Kind kind, const char* control, const std::string& to = "")
+    /// Stops at the first control that refuses.
+    bool Fill(FormUser& user) const
     {
-        return {kind, control, to, 0, {}};
-    }
-    std::vector<FormStep> Steps() const
-    {
-        using Kind = FormStep::Kind;
         switch (answer_.kind) {
             case Answer::Kind::Create:
-                return {Step(Kind::Option, "optAccount(0)"),
-                        Step(Kind::Set, "txtDescription", answer_.description),
-                        Step(Kind::Choose, "cmbAccountType", answer_.type),
-                        Step(Kind::Press, "btnOK")};
+                return user.Option("optAccount(0)") &&
+                       user.Set("txtDescription", answer_.description) &&
+                       user.Choose("cmbAccountType", answer_.type) && user.Press("btnOK");
             case Answer::Kind::Map:
-                return {Step(Kind::Option, "optAccount(1)"),
-                        Step(Kind::Choose, "cmbAccountID", answer_.description),
-                        Step(Kind::Press, "btnOK")};
-            default: return {};
+                return user.Option("optAccount(1)") &&
+                       user.Choose("cmbAccountID", answer_.description) && user.Press("btnOK");
+            case Answer::Kind::None: break;
         }
+        return false;
     }
 
     std::function<Answer()> ask_;

@@ -1,5 +1,4 @@
 #include "app/clsIni.h"
-#include "automation/FormSteps.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
@@ -7,6 +6,9 @@
 #include "cli/Program.h"
 #include "cli/Table.h"
 #include "controls/CheckList.h"
+#include "controls/ControlVisitor.h"
+#include "json/ValueJson.h"
+#include "user/FormUser.h"
 
 #include <algorithm>
 #include <iostream>
@@ -46,16 +48,16 @@ public:
 
     void Run(Form& form) override
     {
-        using Kind = FormStep::Kind;
+        FormUser user(form);
         if (address)
-            PerformStep(form, {Kind::Set, "txtBankUrl", *address, 0, {}});
-        const auto& list = dynamic_cast<const CheckList&>(*form.Find("grdAccounts"));
+            user.Set("txtBankUrl", *address);
+        const CheckList& list = *As<CheckList>(form.Find("grdAccounts"));
         for (std::size_t at = 0; at < list.Rows().size(); ++at)
-            Tick(form, static_cast<std::int32_t>(at) + 1, ToText(list.Rows()[at][2]));
-        shownAddress = dynamic_cast<const TextBox&>(*form.Find("txtBankUrl")).Text();
+            Tick(user, static_cast<std::int32_t>(at) + 1, ToText(list.Rows()[at][2]));
+        shownAddress = As<TextBox>(form.Find("txtBankUrl"))->Text();
         for (const auto& row : list.Rows())
             accounts.push_back({ToText(row[2]), ToText(row[1]), row[0] == Value{true}});
-        PerformStep(form, {Kind::Press, accept ? "btnOK" : "btnCancel", "", 0, {}});
+        user.Press(accept ? "btnOK" : "btnCancel");
     }
 
 private:
@@ -63,11 +65,11 @@ private:
     {
         return std::find(numbers.begin(), numbers.end(), account) != numbers.end();
     }
-    void Tick(Form& form, std::int32_t row, const std::string& account)
+    void Tick(FormUser& user, std::int32_t row, const std::string& account)
     {
         for (const bool ticked : {true, false})
             if (Names(ticked ? count : noCount, account))
-                PerformStep(form, {FormStep::Kind::Check, "", "", 0, {}, row, ticked});
+                user.Check(row, ticked);
     }
 };
 

@@ -1,9 +1,10 @@
-#include "automation/FormSteps.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "cli/Piece.h"
 #include "cli/Program.h"
+#include "json/ValueJson.h"
+#include "user/FormUser.h"
 
 #include <iostream>
 #include <memory>
@@ -24,12 +25,12 @@ public:
 
     void Run(Form& form) override
     {
-        using Kind = FormStep::Kind;
+        FormUser user(form);
         if (amount_)
-            PerformStep(form, {Kind::Set, "txtNew", *amount_, 0, {}});
-        accepted_ = PerformStep(form, {Kind::Press, "btnOK", "", 0, {}});
+            user.Set("txtNew", *amount_);
+        accepted_ = user.Press("btnOK");
         if (!accepted_)
-            form.CancelButton()->Press();
+            user.Cancel();
     }
 
 private:

@@ -1,5 +1,6 @@
 #include "automation/FormSteps.h"
 #include "automation/Request.h"
+#include "user/FormUser.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +24,8 @@ protected:
 
     bool Do(const char* step)
     {
-        return PerformStep(form_, ReadSteps(Json::array({Json::parse(step)}), false).at(0));
+        FormUser user(form_);
+        return ReadSteps(Json::array({Json::parse(step)}), false).at(0).work(user);
     }
 
     Form form_{"frmTest", "Test"};
