@@ -5,9 +5,9 @@
 
 #include "app/Notices.h"
 #include "app/Ports.h"
-#include "app/Product.h"
 #include "app/UnlockedPorts.h"
 #include "app/modGlobals.h"
+#include "base/Product.h"
 #include "controls/Commands.h"
 #include "controls/Form.h"
 #include "controls/Inputs.h"

@@ -1,4 +1,5 @@
 #include "base/Interruption.h"
+#include "base/Product.h"
 #include "cli/Commands.h"
 #include "data/Trouble.h"
 #include "platform/Signals.h"
@@ -16,9 +17,11 @@ constexpr int wrongUsage = 2;
 
 int Run(int argc, char** argv)
 {
-    CLI::App app("Corvane Ledgerbook, the personal-finance program, on the command line", "clb");
+    CLI::App app(
+        std::string(clb::product::Title) + ", the personal-finance program, on the command line",
+        "clb");
     app.require_subcommand(1);
-    app.set_version_flag("--version", "Corvane Ledgerbook " CLB_VERSION);
+    app.set_version_flag("--version", clb::product::TitleAndVersion());
     app.failure_message(CLI::FailureMessage::simple);
     int exitCode = 0;
     for (const auto add :

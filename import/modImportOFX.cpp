@@ -1,10 +1,10 @@
 #include "base/Date.h"
 #include "base/Money.h"
 #include "base/Numeric.h"
+#include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
-#include "import/Messages.h"
 #include "import/StatementFile.h"
 #include "import/StatementScan.h"
 #include "import/modImport.h"
@@ -214,7 +214,7 @@ void modImport::ImportOFX(const std::string& path)
             StoreBalances();
             messages_.Show("Invalid data was found while importing:\n" + reader.WorkingText() +
                                "\n" + reader.Text(),
-                           box_style::Exclamation, kMessageTitle);
+                           box_style::Exclamation, product::Title);
             return false;
         }
     };

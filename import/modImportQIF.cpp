@@ -8,6 +8,7 @@
 #include "base/Date.h"
 #include "base/MoneySum.h"
 #include "base/Numeric.h"
+#include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
@@ -276,7 +277,7 @@ void modImport::ImportQIF(const std::string& path)
     if (reader.Skipped().empty())
         return;
     StoreBalances();
-    messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, kMessageTitle);
+    messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, product::Title);
 }
 
 }  // namespace clb

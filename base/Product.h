@@ -1,19 +1,19 @@
+// Names, addresses and version of the program, each once.
 #pragma once
-#include <cstdint>
+#include <string>
 
 namespace clb::product {
 
 /// The program's name in captions and messages.
 inline constexpr const char* Title = "Corvane Ledgerbook";
-inline constexpr std::int32_t Major = CLB_VERSION_MAJOR;
-inline constexpr std::int32_t Minor = CLB_VERSION_MINOR;
-inline constexpr std::int32_t Revision = CLB_VERSION_REVISION;
+/// "Corvane Ledgerbook 1.0.0".
+[[nodiscard]] std::string TitleAndVersion();
 
 /// The maker's pages.
 inline constexpr const char* HomePage = "https://corvane.example/";
 inline constexpr const char* TutorialPage = "https://corvane.example/ledgerbook/tutorial";
 
-/// Where quotes are asked for when nothing else is set: the local service of "clb quote-server".
+/// The quote service that is asked if no other is set: the local one of "clb quote-server".
 inline constexpr const char* QuoteService = "http://127.0.0.1:8271";
 
 /// The first lines of the licence.
