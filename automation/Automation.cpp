@@ -6,7 +6,7 @@
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "data/Trouble.h"
-#include "json/Statements.h"
+#include "json/Reply.h"
 #include "platform/CurlHttpClient.h"
 
 #include <istream>

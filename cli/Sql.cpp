@@ -3,7 +3,8 @@
 #include "cli/Commands.h"
 #include "cli/Options.h"
 #include "engine/Connection.h"
-#include "json/Statements.h"
+#include "json/Reply.h"
+#include "json/RunSql.h"
 
 #include <iostream>
 #include <memory>
@@ -22,7 +23,7 @@ std::string Reply(const SqlOptions& options, int& exitCode)
     try {
         Connection connection;
         connection.Open("Data Source=" + options.folder + "/db/clb.mdb");
-        std::string reply = ToLine(GoodReply(RunStatement(connection, options.statement)));
+        std::string reply = ToLine(GoodReply(RunSql(connection, options.statement)));
         Interruption::Check();
         connection.Settle();
         exitCode = 0;

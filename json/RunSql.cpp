@@ -1,4 +1,4 @@
-#include "json/Statements.h"
+#include "json/RunSql.h"
 
 namespace clb {
 namespace {
@@ -26,24 +26,12 @@ Json Rows(const Recordset& records)
 
 }  // namespace
 
-Json RunStatement(Connection& connection, const std::string& text)
+Json RunSql(Connection& connection, const std::string& sql)
 {
-    const Recordset records = connection.Execute(text);
+    const Recordset records = connection.Execute(sql);
     if (!records.IsOpen())
         return {{"fields", Json::array()}, {"rows", Json::array()}};
     return {{"fields", Fields(records)}, {"rows", Rows(records)}};
-}
-
-Json GoodReply(const Json& members)
-{
-    Json reply{{"ok", true}};
-    reply.update(members);
-    return reply;
-}
-
-Json ErrorReply(std::int32_t number, const std::string& message)
-{
-    return {{"ok", false}, {"error", {{"number", number}, {"message", message}}}};
 }
 
 }  // namespace clb
