@@ -1,3 +1,4 @@
+// The manual that is compiled into the program.
 #pragma once
 #include <span>
 #include <string_view>
@@ -6,15 +7,15 @@ namespace clb {
 
 /// One file of the manual.
 struct HelpFile {
-    std::string_view name;  ///< without a folder
+    std::string_view name;  ///< file name without a folder
     std::string_view bytes;
 };
 
-/// The manual: its pages (index.html is the first), their style and their pictures, all for one
-/// folder. Made at build time from help/.
-std::span<const HelpFile> HelpFiles();
+/// The files of the manual: pages (the first is index.html), style and pictures. All go into one
+/// folder. Made from help/ when the program is built.
+[[nodiscard]] std::span<const HelpFile> HelpFiles();
 
-/// A text that changes whenever the manual does.
-std::string_view HelpVersion();
+/// A text that changes whenever the manual changes.
+[[nodiscard]] std::string_view HelpVersion();
 
 }  // namespace clb

@@ -23,7 +23,7 @@ std::string ReadFile(const std::string& path)
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-/// FNV-1a over all names and bytes: tells one state of the manual from another.
+/// An FNV-1a hash of all names and bytes. It differs if the manual differs.
 class Version {
 public:
     void Add(std::string_view text)
