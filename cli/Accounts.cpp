@@ -1,6 +1,6 @@
 #include "cli/Commands.h"
+#include "cli/FolderOptions.h"
 #include "cli/GridOutput.h"
-#include "cli/Options.h"
 #include "cli/Program.h"
 
 #include <iostream>

@@ -1,6 +1,6 @@
 #include "automation/Automation.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "platform/Signals.h"
 #include "platform/StandardStreams.h"
 #include "platform/SystemClock.h"

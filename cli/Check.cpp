@@ -1,7 +1,7 @@
 #include "check/DatabaseCheck.h"
 #include "check/DatabaseRepair.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "cli/Table.h"
 #include "data/Backups.h"
 #include "data/SchemaVersion.h"

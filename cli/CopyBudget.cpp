@@ -1,6 +1,6 @@
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "cli/Program.h"
 #include "json/ValueJson.h"
 

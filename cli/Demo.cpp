@@ -1,6 +1,6 @@
 #include "cli/Commands.h"
 #include "cli/DemoHousehold.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "data/EmptyDatabase.h"
 #include "files/Folders.h"
 #include "files/ReadFile.h"

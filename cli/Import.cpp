@@ -1,12 +1,12 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "cli/CapturedStream.h"
 #include "cli/Commands.h"
+#include "cli/FolderOptions.h"
+#include "cli/ImportFiles.h"
 #include "cli/ImportReport.h"
-#include "cli/Options.h"
-#include "cli/Overheard.h"
 #include "cli/Program.h"
 #include "cli/Progress.h"
-#include "cli/StatementFiles.h"
 #include "data/Trouble.h"
 #include "import/StatementFile.h"
 #include "user/FormUser.h"
@@ -243,7 +243,7 @@ ImportedFile ImportRun::Import(const std::string& file)
     const std::string path = trial_ ? trial_->CopyStatement(file) : file;
     std::error_code ignored;
     const bool kept = fs::exists(KeptStatement(path), ignored);
-    const Overheard overheard(std::cerr);
+    const CapturedStream captured(std::cerr);
     try {
         Load(file, path, result);
     } catch (const std::bad_alloc& error) {
@@ -254,7 +254,7 @@ ImportedFile ImportRun::Import(const std::string& file)
         std::cerr << TroubleText(error) << '\n';
     }
     // A trial tells of the file, not of its copy.
-    result.told = Replace(overheard.Text(), path, file);
+    result.told = Replace(captured.Text(), path, file);
     const bool repaired = !kept && fs::exists(KeptStatement(path), ignored);
     if (repaired && !trial_)
         result.whole = KeptStatement(path);

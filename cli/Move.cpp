@@ -1,5 +1,5 @@
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "cli/Piece.h"
 #include "cli/Program.h"
 #include "json/ValueJson.h"

@@ -1,5 +1,5 @@
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "data/EmptyDatabase.h"
 #include "json/ValueJson.h"
 #include "platform/ProgramFolder.h"

@@ -13,7 +13,7 @@
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "cli/PriceFile.h"
 #include "platform/Signals.h"
 

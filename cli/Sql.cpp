@@ -1,7 +1,7 @@
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "engine/Connection.h"
 #include "json/Reply.h"
 #include "json/RunSql.h"

@@ -6,14 +6,15 @@
 namespace clb {
 
 /// Keeps what is written to a stream, instead of letting it through, for as long as it lives.
-class Overheard {
+class CapturedStream {
 public:
-    explicit Overheard(std::ostream& stream) : stream_(stream), before_(stream.rdbuf(text_.rdbuf()))
+    explicit CapturedStream(std::ostream& stream)
+        : stream_(stream), before_(stream.rdbuf(text_.rdbuf()))
     {
     }
-    ~Overheard() { stream_.rdbuf(before_); }
-    Overheard(const Overheard&) = delete;
-    Overheard& operator=(const Overheard&) = delete;
+    ~CapturedStream() { stream_.rdbuf(before_); }
+    CapturedStream(const CapturedStream&) = delete;
+    CapturedStream& operator=(const CapturedStream&) = delete;
 
     std::string Text() const { return text_.str(); }
 

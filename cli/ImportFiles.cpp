@@ -1,8 +1,8 @@
-#include "cli/StatementFiles.h"
+#include "cli/ImportFiles.h"
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "data/EmptyDatabase.h"
 #include "files/WholeFile.h"
 #include "import/StatementFile.h"
