@@ -23,9 +23,9 @@ struct FormStep {
 
 /// Reads the steps of an answer. screenshots: whether there is a window to take pictures of. Throws
 /// RequestError if the JSON is not a valid step.
-std::vector<FormStep> ReadSteps(const Json& steps, bool screenshots);
+[[nodiscard]] std::vector<FormStep> ReadSteps(const Json& steps, bool screenshots);
 
 /// The form's controls by name, each with its state.
-Json DescribeControls(const Form& form);
+[[nodiscard]] Json DescribeControls(const Form& form);
 
 }  // namespace clb

@@ -9,7 +9,7 @@
 namespace clb {
 namespace {
 
-/// The button that a question gets when nobody answers.
+/// The button of a question that has no answer.
 BoxAnswer Refusal(std::int32_t style)
 {
     for (const BoxAnswer button : {BoxAnswer::No, BoxAnswer::Cancel})
@@ -18,7 +18,7 @@ BoxAnswer Refusal(std::int32_t style)
     return BoxAnswer::OK;
 }
 
-/// Shows a form in the window for as long as it is worked, if there is a window.
+/// Shows a form in the window, if there is one, while the form is worked.
 class Shown {
 public:
     Shown(IPresenter* presenter, Form& form) : presenter_(presenter), form_(form)
@@ -28,7 +28,7 @@ public:
     }
     ~Shown()
     {
-        // An error that ends the command closes the form too.
+        // An error that ends the command must close the form too.
         form_.Hide();
         if (presenter_)
             presenter_->HideForm(form_);

@@ -35,8 +35,8 @@ Json Focus(Session& session, const Request& request)
     return {{"focus", window.Focus() ? Json(window.Focus()->Name()) : Json()}};
 }
 
-// A month or year is set as by hand: its control gets the focus first, and when the grid keeps the
-// focus nothing is set.
+// A month or year is set as by hand: its control gets the focus first. If the grid keeps the focus,
+// nothing is set.
 
 Json SetMonth(frmController& controller, const Request& request)
 {

@@ -14,7 +14,7 @@ struct Writer {
     Json operator()(std::int32_t number) const { return number; }
     Json operator()(Money money) const { return money.ToText(); }
     Json operator()(double number) const { return number; }
-    // By way of its text: 0.1 in single precision reads 0.1, not 0.10000000149011612.
+    // Through its text, so that 0.1 in single precision stays 0.1 and not 0.10000000149011612.
     Json operator()(float number) const { return ParseDouble(ToText(number)); }
     Json operator()(const Date& date) const { return date.ToIso(); }
     Json operator()(bool yes) const { return yes; }

@@ -1,3 +1,4 @@
+// Values of the data store as JSON.
 #pragma once
 #include "base/Value.h"
 
@@ -6,20 +7,20 @@
 
 namespace clb {
 
-/// JSON whose objects keep the order in which they were filled, so that replies read the same way
-/// each time.
+/// JSON whose objects keep the order of their members, so that the same reply always reads the
+/// same.
 using Json = nlohmann::ordered_json;
 
-/// Text, dates and money as strings (money plain decimal), numbers as numbers, yes/no as true and
-/// false, null as null.
-Json ToJson(const Value& value);
-/// The value that a scalar stands for: strings are text, whole numbers within 32 bits are such,
-/// other numbers double precision. Not for arrays and objects.
-Value FromJson(const Json& json);
-/// Whether it is no array and no object.
-bool IsScalar(const Json& json);
+/// Converts a value. Text, dates and money become strings (money a plain decimal); numbers, yes/no
+/// and null become their JSON counterparts.
+[[nodiscard]] Json ToJson(const Value& value);
+/// Converts a JSON scalar to a value. Strings become text; whole numbers that fit in 32 bits become
+/// Long, other numbers Double. Not for arrays and objects.
+[[nodiscard]] Value FromJson(const Json& json);
+/// Whether the JSON is neither an array nor an object.
+[[nodiscard]] bool IsScalar(const Json& json);
 
-/// One line of output without its end. Bytes that are no UTF-8 become U+FFFD.
-std::string ToLine(const Json& json);
+/// The JSON on one line, without the line end. Bytes that are not valid UTF-8 become U+FFFD.
+[[nodiscard]] std::string ToLine(const Json& json);
 
 }  // namespace clb

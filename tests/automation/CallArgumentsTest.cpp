@@ -8,7 +8,7 @@
 namespace clb {
 namespace {
 
-/// Stands for an operation with an argument of each kind.
+/// An operation with an argument of each kind.
 std::string Describe(const std::string& text, std::int32_t number, Money amount, bool flag)
 {
     return text + " " + std::to_string(number) + " " + amount.ToText() + (flag ? " yes" : " no");

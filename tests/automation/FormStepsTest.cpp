@@ -84,9 +84,9 @@ TEST_F(FormStepsTest, AControlOfAnotherKindOrNameRefuses)
     EXPECT_FALSE(Do(R"({"press":"btnCancel"})"));
 }
 
-TEST_F(FormStepsTest, WhatIsNoStepIsAnError)
+TEST_F(FormStepsTest, WhatIsNotAStepIsAnError)
 {
-    const auto read = [](const char* steps) { ReadSteps(Json::parse(steps), false); };
+    const auto read = [](const char* steps) { return ReadSteps(Json::parse(steps), false); };
 
     EXPECT_THROW(read(R"([{"wave":"btnOK"}])"), RequestError);
     EXPECT_THROW(read(R"([{"set":"txtName"}])"), RequestError);

@@ -18,7 +18,7 @@ TEST(ValueJsonTest, DatesCarryTheirTimeOnlyWhenItIsNotMidnight)
     EXPECT_EQ(ToLine(ToJson(Date::Of(2006, 3, 5, 12, 30).value())), R"("2006-03-05 12:30:00")");
 }
 
-TEST(ValueJsonTest, NumbersYesNoAndNullAreThemselves)
+TEST(ValueJsonTest, NumbersYesNoAndNullStayWhatTheyAre)
 {
     EXPECT_EQ(ToLine(ToJson(std::int32_t{-7})), "-7");
     EXPECT_EQ(ToLine(ToJson(2.5)), "2.5");
@@ -27,7 +27,7 @@ TEST(ValueJsonTest, NumbersYesNoAndNullAreThemselves)
     EXPECT_EQ(ToLine(ToJson(Null())), "null");
 }
 
-TEST(ValueJsonTest, BytesThatAreNoTextDoNotBreakALine)
+TEST(ValueJsonTest, BytesThatAreNotTextDoNotBreakALine)
 {
     EXPECT_EQ(ToLine(ToJson(std::string("caf\xE9"))), "\"caf\xEF\xBF\xBD\"");
 }
