@@ -1,3 +1,4 @@
+// Captures what is written to a stream.
 #pragma once
 #include <ostream>
 #include <sstream>
@@ -5,7 +6,8 @@
 
 namespace clb {
 
-/// Keeps what is written to a stream, instead of letting it through, for as long as it lives.
+/// Captures what is written to a stream, until it is destroyed. The stream itself receives nothing
+/// meanwhile.
 class CapturedStream {
 public:
     explicit CapturedStream(std::ostream& stream)
@@ -16,7 +18,7 @@ public:
     CapturedStream(const CapturedStream&) = delete;
     CapturedStream& operator=(const CapturedStream&) = delete;
 
-    std::string Text() const { return text_.str(); }
+    [[nodiscard]] std::string Text() const { return text_.str(); }
 
 private:
     std::ostringstream text_;

@@ -9,7 +9,7 @@
 namespace clb {
 namespace {
 
-/// The household is made outside any view and row.
+/// The data store needs a view and a row. The household is made without either.
 class NothingShown : public IShownState, public ICurrentRow {
 public:
     std::int32_t View() const override { return 0; }
@@ -68,7 +68,7 @@ constexpr std::array<DemoLine, 12> kBudget{{
     {"Fun", "Travel", -150},
 }};
 
-/// How often a month something is bought, where, and for about how much.
+/// A transaction of every month.
 struct DemoHabit {
     const char* account;
     const char* payee;
@@ -227,7 +227,7 @@ private:
     {
         if (cents == 0)
             return 0;
-        // The engine's own output, so that every library gives the same household.
+        // Not a distribution of the standard library: libraries implement those differently.
         const auto range = static_cast<std::uint32_t>(2 * cents + 1);
         return static_cast<std::int32_t>(random_() % range) - cents;
     }

@@ -1,3 +1,4 @@
+// The household that "clb demo" makes.
 #pragma once
 #include <string>
 
@@ -5,8 +6,9 @@
 
 namespace clb {
 
-/// Fills the fresh program folder with a small household: accounts of all five types, two years of
-/// transactions up to today, and a budget for every month. The same day gives the same household.
+/// Fills a fresh program folder with the books of a small household: accounts of all five types,
+/// two years of transactions up to today, and a budget for every month. The same day always gives
+/// the same household.
 void MakeDemoHousehold(const std::string& folder, const Date& today);
 
 }  // namespace clb

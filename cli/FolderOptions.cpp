@@ -54,7 +54,7 @@ TextCheck IsFileName()
 TextCheck IsMonth()
 {
     return {[](const std::string& text) {
-                return ReadMonth(text) ? std::string() : "\"" + text + "\" is no month YYYY-MM";
+                return ReadMonth(text) ? std::string() : "\"" + text + "\" is not a month YYYY-MM";
             },
             "YYYY-MM"};
 }

@@ -1,3 +1,4 @@
+// Options and checks that several commands share.
 #pragma once
 #include "base/Date.h"
 #include "cli/CommandLine.h"
@@ -7,28 +8,29 @@
 
 namespace clb {
 
-/// Options that several commands share.
+/// The options of most commands.
 struct FolderOptions {
-    std::optional<std::string> home;
-    bool json = false;
+    std::optional<std::string> home;  ///< the program folder, if named
+    bool json = false;                ///< print one JSON object
 };
 
-/// --home, and --json where the command prints a result.
+/// Adds --home.
 void AddHome(Command& command, FolderOptions& options);
+/// Adds --json.
 void AddJson(Command& command, FolderOptions& options);
 
-/// Takes any text but the empty one.
-TextCheck IsFolderName();
-TextCheck IsFileName();
-/// Takes YYYY-MM only; checked while the command line is parsed.
-TextCheck IsMonth();
-/// "YYYY-MM".
-std::string MonthText(Month month);
-/// The month named so; nothing for other texts.
-std::optional<Month> ReadMonth(const std::string& text);
+/// Both refuse an empty text only.
+[[nodiscard]] TextCheck IsFolderName();
+[[nodiscard]] TextCheck IsFileName();
+/// Accepts YYYY-MM only.
+[[nodiscard]] TextCheck IsMonth();
+/// The month as YYYY-MM.
+[[nodiscard]] std::string MonthText(Month month);
+/// Reads YYYY-MM. Returns nothing for any other text.
+[[nodiscard]] std::optional<Month> ReadMonth(const std::string& text);
 
-/// The program folder to work on. One in the user's data folder gets the delivered database on
-/// first use; others are left as they are.
-std::string OpenFolder(const std::optional<std::string>& home);
+/// The program folder to work on; home is the value of --home. On first use, the folder in the
+/// user's data folder gets an empty database. Other folders stay as they are.
+[[nodiscard]] std::string OpenFolder(const std::optional<std::string>& home);
 
 }  // namespace clb

@@ -30,12 +30,12 @@ bool IsStatement(const std::string& path)
         [&](std::string_view extension) { return EndsIn(path, extension); });
 }
 
-/// Folders behind links are not entered: a link may lead back.
+/// Does not follow links to folders: a link may lead back.
 std::vector<std::string> StatementsIn(const std::string& folder)
 {
     std::vector<std::string> files;
-    // With an error code in place of exceptions the iterator would end the program when there is no
-    // memory for it.
+    // With an error code instead of exceptions, the iterator would terminate the program if there
+    // is too little memory.
     try {
         for (const fs::directory_entry& entry : fs::recursive_directory_iterator(
                  folder, fs::directory_options::skip_permission_denied)) {
@@ -44,7 +44,7 @@ std::vector<std::string> StatementsIn(const std::string& folder)
                 files.push_back(entry.path().string());
         }
     } catch (const fs::filesystem_error&) {
-        // What cannot be read ends the list.
+        // The list ends at the first folder that cannot be read.
     }
     std::ranges::sort(files);
     return files;
@@ -79,7 +79,7 @@ TrialFolder::TrialFolder(const std::optional<std::string>& home)
         DeliverFolder(Path(), EmptyDatabase());
 }
 
-/// With the journal of a program that was killed: the database is not whole without it.
+/// Copies the journal of a killed program too: the database is not whole without it.
 void TrialFolder::CopyDatabase(const std::string& folder) const
 {
     const std::string from = DatabasePath(folder);
@@ -108,7 +108,7 @@ std::string TrialFolder::CopyStatement(const std::string& path) const
     if (!fs::is_regular_file(path, failure) || !fs::copy_file(path, copy, failure))
         return path;
     fs::permissions(copy, fs::perms::owner_read | fs::perms::owner_write, failure);
-    // A first version that is in the way of the repair is in the way of the trial too.
+    // A kept first version prevents the repair. It must prevent it in the trial too.
     if (fs::exists(fs::symlink_status(KeptStatement(path), failure)))
         CreateFile(KeptStatement(copy), "");
     return copy;

@@ -28,21 +28,26 @@ struct OptionsToSet : FolderOptions {
     bool Change() const { return bankUrl || !count.empty() || !noCount.empty(); }
 };
 
-/// An account of the dialog's list, and whether it counts in the budget.
+/// The columns of the dialog's list.
+enum AccountColumn : std::size_t { Counts, Description, Number };
+
+/// An account in the dialog's list.
 struct ListedAccount {
     std::string id;
     std::string description;
-    bool counts = false;
+    bool counts = false;  ///< in the budget
 };
 
-/// Works the options dialog: sets what is asked for and remembers what it shows.
+/// Works the options dialog: sets the given options and records what the dialog shows.
 class OptionsDialog : public IModalHost {
 public:
-    std::optional<std::string> address;  ///< to be set
-    std::vector<std::string> count;      ///< numbers of accounts to tick
-    std::vector<std::string> noCount;    ///< and to untick
-    bool accept = false;                 ///< OK instead of Cancel
+    // What to set.
+    std::optional<std::string> address;
+    std::vector<std::string> count;    ///< numbers of accounts to tick
+    std::vector<std::string> noCount;  ///< numbers of accounts to untick
+    bool accept = false;               ///< close with OK instead of Cancel
 
+    // What the dialog shows then.
     std::string shownAddress;
     std::vector<ListedAccount> accounts;
 
@@ -53,10 +58,11 @@ public:
             user.Set("txtBankUrl", *address);
         const CheckList& list = *As<CheckList>(form.Find("grdAccounts"));
         for (std::size_t at = 0; at < list.Rows().size(); ++at)
-            Tick(user, static_cast<std::int32_t>(at) + 1, ToText(list.Rows()[at][2]));
+            Tick(user, static_cast<std::int32_t>(at) + 1, ToText(list.Rows()[at][Number]));
         shownAddress = As<TextBox>(form.Find("txtBankUrl"))->Text();
         for (const auto& row : list.Rows())
-            accounts.push_back({ToText(row[2]), ToText(row[1]), row[0] == Value{true}});
+            accounts.push_back(
+                {ToText(row[Number]), ToText(row[Description]), row[Counts] == Value{true}});
         user.Press(accept ? "btnOK" : "btnCancel");
     }
 
@@ -73,7 +79,7 @@ private:
     }
 };
 
-/// Numbers of the accounts that are named. Throws RuntimeError for one that never counts.
+/// The numbers of the named accounts. Throws RuntimeError if one of them never counts.
 std::vector<std::string> Numbers(clsDatabase& data, const std::vector<std::string>& names)
 {
     std::vector<std::string> numbers;
@@ -127,7 +133,7 @@ void Print(std::ostream& out, const OptionsDialog& dialog)
     table.Print(out);
 }
 
-/// The settings are written without a report.
+/// Throws RuntimeError if the address was not stored: writing the settings reports no errors.
 void RequireStored(const frmController& window, const OptionsToSet& options)
 {
     clsIni ini;
@@ -145,7 +151,7 @@ void ShowOptions(const OptionsToSet& options)
     Prepare(dialog, program.Window().Data(), options);
     program.Press("mnuT_Options");
     std::ostringstream report;
-    report.exceptions(std::ostream::badbit);  // else it ends where memory does
+    report.exceptions(std::ostream::badbit);  // too little memory must not cut it short
     if (options.json)
         PrintJson(report, dialog);
     else

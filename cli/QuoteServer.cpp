@@ -27,16 +27,17 @@ struct ServerOptions {
     int port = 8271;
 };
 
-/// The symbol of a request for a quote, as it stands in the address; nothing for other requests.
+/// The symbol of a request for a quote, as the address contains it. Returns nothing for any other
+/// request.
 std::optional<std::string> SymbolOf(std::string_view target)
 {
     constexpr std::string_view before = "/d/quotes.csv?s=";
-    constexpr std::string_view behind = "&f=sl1d1t1c1p2ohgbav&e=.csv";
-    if (target.size() < before.size() + behind.size() || !target.starts_with(before) ||
-        !target.ends_with(behind))
+    constexpr std::string_view after = "&f=sl1d1t1c1p2ohgbav&e=.csv";
+    if (target.size() < before.size() + after.size() || !target.starts_with(before) ||
+        !target.ends_with(after))
         return std::nullopt;
     target.remove_prefix(before.size());
-    target.remove_suffix(behind.size());
+    target.remove_suffix(after.size());
     return std::string(target);
 }
 
@@ -44,22 +45,23 @@ void Answer(PriceFile& prices, const httplib::Request& request, httplib::Respons
 {
     const auto symbol = SymbolOf(request.target);
     if (!symbol) {
-        // No other stock's price for a symbol that the address cuts short.
+        // A "#" in a symbol cuts the address short. What is left could be another stock's symbol.
         response.status = 400;
-        response.set_content("This is no request for a quote.\r\n", "text/plain");
+        response.set_content("This is not a request for a quote.\r\n", "text/plain");
         return;
     }
     response.set_content(QuoteLine(*symbol, prices.Find(*symbol)), "text/csv");
 }
 
-/// Lets a port be used again soon, but never by two programs at once.
+/// Allows a port to be reused soon after another program closed it, but not to be shared.
 void ReuseAddress(socket_t socket)
 {
     const int yes = 1;
     setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
 }
 
-/// The port that is listened on. Throws RuntimeError when it cannot be.
+/// Binds the server to the port; 0 means any free port. Returns the port. Throws RuntimeError if
+/// that fails.
 int Bind(httplib::Server& server, int port)
 {
     const int bound =
@@ -81,7 +83,7 @@ void ServeUntilSignalled(httplib::Server& server, const sigset_t& signals)
         ended = true;
         kill(getpid(), SIGTERM);
     });
-    // A server that does not listen yet cannot be stopped.
+    // stop() has no effect before the server listens.
     while (!server.is_running() && !ended)
         std::this_thread::yield();
     int signal = 0;
@@ -101,7 +103,7 @@ void Serve(const ServerOptions& options)
                });
     const int port = Bind(server, options.port);
     sigset_t signals = EndingSignals::Set();
-    sigaddset(&signals, SIGTERM);  // which also tells that the server ended by itself
+    sigaddset(&signals, SIGTERM);  // ServeUntilSignalled sends it if the server ends by itself
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
     Interruption::Check();
     std::cout << "Quotes of " << options.prices << " at http://" << kHost << ":" << port

@@ -17,7 +17,7 @@ struct RestoreOptions : FolderOptions {
     std::string backup;
 };
 
-/// A file as it is named, else the folder's backup of that name.
+/// The file of that name or, if there is none, the folder's backup of that name.
 std::string FindBackup(const Backups& backups, const std::string& word)
 {
     if (std::filesystem::exists(word))

@@ -16,11 +16,12 @@ struct SplitOptions : FolderOptions, PieceOptions {
     std::optional<std::string> amount;
 };
 
-/// Types the second amount, where one is given, and accepts; cancels what is not accepted.
+/// Types the second amount, if one is given, and presses OK. Cancels the dialog if it does not
+/// accept the amount.
 class AmountChoice : public IModalHost {
 public:
     explicit AmountChoice(const std::optional<std::string>& amount) : amount_(amount) {}
-    /// The amount was taken.
+    /// Whether the dialog accepted the amount.
     bool Accepted() const { return accepted_; }
 
     void Run(Form& form) override
@@ -78,7 +79,7 @@ void SplitTransaction(const SplitOptions& options)
     program.Press("mnuE_Split");
     if (!choice.Accepted())
         throw RuntimeError(errors::TypeMismatch,
-                           "This is no amount: " + options.amount.value_or(""));
+                           "This is not an amount: " + options.amount.value_or(""));
     clsDatabase& data = program.Window().Data();
     const Json first = PieceJson(data, piece.number, piece.piece);
     const Json second = PieceJson(data, piece.number, LastPiece(data, piece.number));

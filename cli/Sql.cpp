@@ -17,7 +17,8 @@ struct SqlOptions {
     std::string statement;
 };
 
-/// The reply's line, complete before anything is made durable.
+/// Runs the SQL statement and returns the reply's line. The line is complete before anything is
+/// made durable, so that too little memory for it takes the statement back.
 std::string Reply(const SqlOptions& options, int& exitCode)
 {
     try {

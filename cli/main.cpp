@@ -38,7 +38,7 @@ int Run(int argc, char** argv)
     return exitCode;
 }
 
-void Tell(const std::string& sentence)
+void Report(const std::string& sentence)
 {
     std::cerr << "clb: " << sentence << '\n';
 }
@@ -50,10 +50,11 @@ int RunReported(int argc, char** argv)
     } catch (const clb::Interrupted&) {
         clb::EndBySignal();
     } catch (const std::bad_alloc&) {
-        std::cerr << "clb: There is not enough memory.\n";  // a longer text may need some
+        std::cerr
+            << "clb: There is not enough memory.\n";  // no std::string here: it may need memory
         return refused;
     } catch (const std::exception& error) {
-        Tell(clb::TroubleText(error));
+        Report(clb::TroubleText(error));
         return refused;
     }
 }
@@ -65,10 +66,10 @@ int main(int argc, char** argv)
     clb::PrepareProcess();
     const clb::EndingSignals signals(clb::BreakOff::Anywhere);
     const int exitCode = RunReported(argc, argv);
-    // What the command did stays done, whoever reads of it.
+    // The command's effects stay even if its output cannot be written.
     const std::string unwritten = clb::FinishOutput();
     if (!unwritten.empty())
-        Tell(unwritten);
+        Report(unwritten);
     if (clb::Interruption::Asked())
         clb::EndBySignal();
     return exitCode == 0 && !unwritten.empty() ? refused : exitCode;

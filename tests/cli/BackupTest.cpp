@@ -53,7 +53,7 @@ TEST_F(BackupTest, ABackupOfTodayIsRestoredByItsDay)
     EXPECT_EQ(Accounts(), R"([["1"],["2"]])");
 }
 
-TEST_F(BackupTest, ABackupGoesToAFileThatIsNotThereYet)
+TEST_F(BackupTest, ABackupNeedsAFileThatDoesNotExist)
 {
     const std::string file = "'" + folder.Path("stick.mdb") + "'";
     ASSERT_EQ(Run("backup " + file + Home()), 0) << Err();
@@ -68,7 +68,7 @@ TEST_F(BackupTest, ABackupGoesToAFileThatIsNotThereYet)
     EXPECT_FALSE(folder.Holds("books/db/backup"));
 }
 
-TEST_F(BackupTest, AnUnknownBackupIsToldWithThoseThereAre)
+TEST_F(BackupTest, AnUnknownBackupIsReportedWithTheExistingOnes)
 {
     folder.Write("books/db/backup/clb-2026-11-20.mdb", "");
     folder.Write("books/db/backup/clb-2026-11-21.mdb", "");
@@ -106,7 +106,7 @@ TEST_F(BackupTest, WhatIsNotAWholeBookIsNotRestored)
     EXPECT_TRUE(folder.Read("books/db/clb.mdb") == before);
 }
 
-TEST_F(BackupTest, AFileInPlaceOfTheFolderIsFoundByCheck)
+TEST_F(BackupTest, CheckReportsAFileInPlaceOfTheFolder)
 {
     folder.Write("books/db/backup", "");
 
@@ -119,9 +119,9 @@ TEST_F(BackupTest, AFileInPlaceOfTheFolderIsFoundByCheck)
                                        folder.Path("books/db/backup") + "' is not a folder.");
 }
 
-TEST_F(BackupTest, AFailedDailyBackupIsFoundByCheckUntilOneIsMade)
+TEST_F(BackupTest, CheckReportsAFailedDailyBackupUntilOneIsMade)
 {
-    // Symptom: nobody was told that the daily backup failed.
+    // Symptom: a failed daily backup was not reported anywhere.
     ASSERT_EQ(Run("backup" + Home()), 0) << Err();
     EXPECT_EQ(Run("check" + Home()), 0) << Out();
     Backups backups(folder.Path("books"));
@@ -156,7 +156,7 @@ TEST_F(BackupTest, SeveralAtOnceMakeSoundCopiesOfTheirOwn)
         EXPECT_EQ(FaultsOf(backups.PathOf(name)), std::vector<std::string>()) << name;
 }
 
-TEST_F(BackupTest, AnUpdateWithoutABackupIsTold)
+TEST_F(BackupTest, AnUpdateWithoutABackupIsReported)
 {
     Sql("ALTER TABLE _SchemaVersion DROP COLUMN 2");
     Sql("ALTER TABLE _SchemaVersion ADD COLUMN 1 LONG");
@@ -169,7 +169,7 @@ TEST_F(BackupTest, AnUpdateWithoutABackupIsTold)
                          folder.Path("books/db/backup") + "' is not a folder.\n");
 }
 
-TEST_F(BackupTest, TheProgramsFilesAreForTheUserAlone)
+TEST_F(BackupTest, OnlyTheUserCanReadTheProgramsFiles)
 {
     AddAccount("3");
     ASSERT_EQ(Run("export 3 '" + folder.Path("out.ofx") + "'" + Home()), 0) << Err();

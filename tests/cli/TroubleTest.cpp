@@ -1,4 +1,4 @@
-// A database file that cannot be used: clb says what, where and what to do, and leaves it alone.
+// If a database file cannot be used, clb says what is wrong, where, and what to do. The file stays.
 
 #include "CommandFixture.h"
 
@@ -22,12 +22,13 @@ protected:
     {
         return std::filesystem::is_regular_file(File()) ? folder.Read("books/db/clb.mdb") : "";
     }
-    /// Runs a command that must refuse, say the sentences and leave the file byte for byte.
+    /// Runs a command that must refuse, print the sentences and leave the file unchanged.
     void ExpectRefused(const std::string& words, const std::string& what, const std::string& advice)
     {
         ExpectRefused(words, what, advice, Bytes());
     }
-    /// The same with the bytes known: reading them would end a lock of this process.
+    /// The same, with the file's bytes given: reading the file here would release this process's
+    /// lock.
     void ExpectRefused(const std::string& words, const std::string& what, const std::string& advice,
                        const std::string& before)
     {
@@ -54,7 +55,7 @@ TEST_F(TroubleTest, AFolderInItsPlace)
     ExpectRefused("accounts" + Home(), "is a folder. ", "Move that folder away");
 }
 
-TEST_F(TroubleTest, AFileThatIsNoDatabaseAndOneThatIsCut)
+TEST_F(TroubleTest, AFileThatIsNotADatabaseOrIsCut)
 {
     const std::string whole = folder.Read("books/db/clb.mdb");
     for (const std::string& bytes :
@@ -87,7 +88,7 @@ TEST_F(TroubleTest, AFolderThatCannotBeMade)
     EXPECT_THAT(Err(), HasSubstr("where you may write"));
 }
 
-/// An account whose balance has to be written anew.
+/// An account whose balance must be rewritten.
 constexpr const char* kWrongBalance =
     "INSERT INTO Account (AccountID, Description, Type, CurrentBalance) VALUES ('1', 'Checking', "
     "'Bank', 5)";
@@ -118,7 +119,7 @@ TEST_F(TroubleTest, AFullDiskChangesNothing)
     EXPECT_EQ(backups, 1U);
 }
 
-TEST_F(TroubleTest, AnExportToAFullDiskLeavesTheFormerFile)
+TEST_F(TroubleTest, AnExportToAFullDiskLeavesTheOldFile)
 {
     const SmallDisk disk;
     if (!disk.Mounted())
