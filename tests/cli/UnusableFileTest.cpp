@@ -13,9 +13,9 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-class TroubleTest : public CommandFixture {
+class UnusableFileTest : public CommandFixture {
 protected:
-    TroubleTest() { EXPECT_EQ(Run("new " + Books()), 0); }
+    UnusableFileTest() { EXPECT_EQ(Run("new " + Books()), 0); }
 
     std::string File() const { return folder.Path("books/db/clb.mdb"); }
     std::string Bytes() const
@@ -39,7 +39,7 @@ protected:
     }
 };
 
-TEST_F(TroubleTest, AMissingFile)
+TEST_F(UnusableFileTest, AMissingFile)
 {
     std::filesystem::remove(File());
 
@@ -47,7 +47,7 @@ TEST_F(TroubleTest, AMissingFile)
     EXPECT_FALSE(folder.Holds("books/db/clb.mdb"));
 }
 
-TEST_F(TroubleTest, AFolderInItsPlace)
+TEST_F(UnusableFileTest, AFolderInItsPlace)
 {
     std::filesystem::remove(File());
     std::filesystem::create_directory(File());
@@ -55,7 +55,7 @@ TEST_F(TroubleTest, AFolderInItsPlace)
     ExpectRefused("accounts" + Home(), "is a folder. ", "Move that folder away");
 }
 
-TEST_F(TroubleTest, AFileThatIsNotADatabaseOrIsCut)
+TEST_F(UnusableFileTest, AFileThatIsNotADatabaseOrIsCut)
 {
     const std::string whole = folder.Read("books/db/clb.mdb");
     for (const std::string& bytes :
@@ -66,7 +66,7 @@ TEST_F(TroubleTest, AFileThatIsNotADatabaseOrIsCut)
     }
 }
 
-TEST_F(TroubleTest, AFileThatAnotherProgramHolds)
+TEST_F(UnusableFileTest, AFileThatAnotherProgramHolds)
 {
     Sql("INSERT INTO Budget (Year, Period, Category) VALUES (2006, 3, 'Food')");
     const std::string before = Bytes();
@@ -78,7 +78,7 @@ TEST_F(TroubleTest, AFileThatAnotherProgramHolds)
                   before);
 }
 
-TEST_F(TroubleTest, AFolderThatCannotBeMade)
+TEST_F(UnusableFileTest, AFolderThatCannotBeMade)
 {
     folder.Write("blocked", "a file");
 
@@ -93,7 +93,7 @@ constexpr const char* kWrongBalance =
     "INSERT INTO Account (AccountID, Description, Type, CurrentBalance) VALUES ('1', 'Checking', "
     "'Bank', 5)";
 
-TEST_F(TroubleTest, AFullDiskChangesNothing)
+TEST_F(UnusableFileTest, AFullDiskChangesNothing)
 {
     const SmallDisk disk;
     if (!disk.Mounted())
@@ -119,7 +119,7 @@ TEST_F(TroubleTest, AFullDiskChangesNothing)
     EXPECT_EQ(backups, 1U);
 }
 
-TEST_F(TroubleTest, AnExportToAFullDiskLeavesTheOldFile)
+TEST_F(UnusableFileTest, AnExportToAFullDiskLeavesTheOldFile)
 {
     const SmallDisk disk;
     if (!disk.Mounted())
@@ -138,7 +138,7 @@ TEST_F(TroubleTest, AnExportToAFullDiskLeavesTheOldFile)
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(disk.Path()), {}), 2);
 }
 
-TEST_F(TroubleTest, AFileThatMayNotGrowIsAFullDisk)
+TEST_F(UnusableFileTest, AFileThatMayNotGrowIsAFullDisk)
 {
     ASSERT_EQ(Run("sql " + Books() + " \"" + kWrongBalance + "\""), 0);
     const std::string before = folder.Read("books/db/clb.mdb");
