@@ -1,17 +1,11 @@
 #include "app/frmAbout.h"
 
-#include "app/Product.h"
+#include "base/Product.h"
 #include "data/SchemaVersion.h"
 #include "ports/IShell.h"
 
 namespace clb {
 namespace {
-
-std::string NameAndVersion()
-{
-    return std::string(product::Title) + " " + std::to_string(product::Major) + "." +
-           std::to_string(product::Minor) + "." + std::to_string(product::Revision);
-}
 
 std::string LaterSchema(std::int16_t version)
 {
@@ -26,7 +20,7 @@ frmAbout::frmAbout(IModalHost& host, IShell& shell, std::int16_t schemaVersion)
     : host_(host),
       form_("frmAbout", std::string("About ") + product::Title),
       picAppIcon("picAppIcon"),
-      lblAppName("lblAppName", NameAndVersion()),
+      lblAppName("lblAppName", product::TitleAndVersion()),
       lblLegal("lblLegal", product::LegalNotice),
       lblSchema("lblSchema", LaterSchema(schemaVersion)),
       lblWebSite("lblWebSite", product::HomePage),

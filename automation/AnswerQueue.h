@@ -1,3 +1,4 @@
+// The driver's answers to the program's questions.
 #pragma once
 #include "automation/FormSteps.h"
 #include "ports/IMessageBox.h"
@@ -10,40 +11,42 @@
 
 namespace clb {
 
-/// An answer to a message box, to a file dialog (empty: cancel), to a form.
+/// Presses a button of a message box.
 struct BoxReply {
     BoxAnswer button = BoxAnswer::OK;
 };
+/// Chooses a file in a file dialog.
 struct FileReply {
-    std::string path;
+    std::string path;  ///< empty: cancels the dialog
 };
+/// Works a form.
 struct FormReply {
     std::string form;
     std::vector<FormStep> steps;
 };
 
-/// Answers for what the program will ask, in order. Each question takes the head when it fits: same
-/// kind of question, a button that the box has, the form of that name. A head that does not fit
-/// stays.
+/// Answers to the program's next questions, in order. A question takes the first answer if that
+/// answer fits: it is for the same kind of question, and the box has the button or the form has the
+/// name. Otherwise the answer stays first.
 class AnswerQueue {
 public:
     using Answer = std::variant<BoxReply, FileReply, FormReply>;
     void Add(Answer answer) { answers_.push_back(std::move(answer)); }
 
-    /// style: as of the message box asked.
-    std::optional<BoxReply> TakeForBox(std::int32_t style);
-    std::optional<FileReply> TakeForFile();
-    std::optional<FormReply> TakeForForm(const std::string& name);
+    /// style: the style of the message box.
+    [[nodiscard]] std::optional<BoxReply> TakeForBox(std::int32_t style);
+    [[nodiscard]] std::optional<FileReply> TakeForFile();
+    [[nodiscard]] std::optional<FormReply> TakeForForm(const std::string& name);
 
 private:
     std::deque<Answer> answers_;
 };
 
 /// "OK", "Cancel", "Yes" or "No".
-const char* NameOf(BoxAnswer button);
-/// Nothing for other texts.
-std::optional<BoxAnswer> ButtonOf(const std::string& name);
+[[nodiscard]] const char* NameOf(BoxAnswer button);
+/// The button of that name. Returns nothing for any other text.
+[[nodiscard]] std::optional<BoxAnswer> ButtonOf(const std::string& name);
 /// Whether a message box of the style has the button.
-bool HasButton(std::int32_t style, BoxAnswer button);
+[[nodiscard]] bool HasButton(std::int32_t style, BoxAnswer button);
 
 }  // namespace clb

@@ -2,11 +2,11 @@
 
 #include "automation/Recorder.h"
 #include "automation/ScriptedPorts.h"
-#include "automation/Statements.h"
 #include "automation/Verbs.h"
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "data/Trouble.h"
+#include "json/Reply.h"
 #include "platform/CurlHttpClient.h"
 
 #include <istream>
@@ -16,10 +16,10 @@
 namespace clb {
 namespace {
 
-/// Number of the error reply for too little memory.
+/// The error number of a reply that reports too little memory.
 constexpr std::int32_t kOutOfMemory = 7;
 
-/// One run of the program with everything that surrounds it.
+/// One run of the program together with everything around it.
 class Driver {
 public:
     Driver(const AutomationOptions& options, IPresenter* presenter)
@@ -54,8 +54,8 @@ public:
 
     bool Running() const { return controller_.Loaded(); }
     void Unload() { controller_.Unload(); }
-    /// Both give the reply's line. Throw std::bad_alloc when there is no memory for that; nothing
-    /// is kept then.
+    // Both return the reply's line. They throw std::bad_alloc if there is no memory for it; nothing
+    // is kept then.
     std::string Load();
     std::string Answer(const std::string& line);
     bool Failed() const { return failed_; }
@@ -81,8 +81,8 @@ private:
     bool failed_ = false;  // the last reply is an error
 };
 
-/// Does the work; a failure of any kind makes an error reply. What no command reports by itself,
-/// such as too little memory, takes the whole command back.
+/// Does the work. If it fails in any way, the reply becomes an error reply. An error that commands
+/// do not report themselves, such as too little memory, takes the whole command back.
 template <class Work>
 void Driver::Report(std::string& reply, Work work)
 {
@@ -124,7 +124,7 @@ Json Driver::Perform(const std::string& line)
 {
     const Json json = Json::parse(line, nullptr, false);
     if (!json.is_object())
-        throw RequestError("The request is no JSON object");
+        throw RequestError("The request is not a JSON object");
     Session session{controller_, answers_, log_, presenter_};
     return GoodReply(PerformVerb(session, Request(json)));
 }
@@ -135,8 +135,8 @@ std::string Driver::Answer(const std::string& line)
     std::string reply;
     Report(reply, [&] { reply = ToLine(Perform(line)); });
     Interruption::Check();
-    // A failed command has its effects too, up to the failure. They are on the disk and in the
-    // window before the reply goes out.
+    // A failed command keeps what it did before the failure. That too is on the disk and in the
+    // window before the reply is sent.
     Report(reply, [this] { controller_.Settle(); });
     if (presenter_)
         Report(reply, [this] { presenter_->ProcessEvents(); });
@@ -158,7 +158,7 @@ int RunAutomation(std::istream& requests, std::ostream& replies, const Automatio
     Interruption::Check();
     if (driver.Running())
         driver.Unload();
-    // A request that could not be taken in, for lack of memory, has no reply.
+    // If there was no memory to read a request, it has no reply.
     return !replies || requests.bad() ? 1 : 0;
 }
 

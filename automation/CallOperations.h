@@ -1,14 +1,16 @@
+// Calls of the program's public operations by name.
 #pragma once
 #include "app/frmController.h"
-#include "automation/ValueJson.h"
+#include "json/ValueJson.h"
 
 #include <string>
 
 namespace clb {
 
-/// Calls a public operation of the program by name, arguments in the order of its definition.
-/// Returns "result" and "args", the arguments as they stand after the call. Throws RequestError,
-/// with nothing called, for an unknown operation and for missing, surplus or wrong arguments.
-Json CallOperation(frmController& controller, const std::string& name, const Json& arguments);
+/// Calls an operation by name; arguments is an array in the order of its parameters. Returns
+/// "result" and "args", the arguments after the call. Throws RequestError, and calls nothing, if
+/// there is no such operation or the arguments do not fit it.
+[[nodiscard]] Json CallOperation(frmController& controller, const std::string& name,
+                                 const Json& arguments);
 
 }  // namespace clb

@@ -1,15 +1,16 @@
+// The log of events that the driver asks for.
 #pragma once
-#include "automation/ValueJson.h"
+#include "json/ValueJson.h"
 
 namespace clb {
 
-/// What happened since it was last asked for, in order.
+/// The events since the driver last asked, in order.
 class EventLog {
 public:
-    /// An event is an object whose "event" names its kind.
+    /// event: an object whose member "event" names the kind.
     void Add(Json event) { events_.push_back(std::move(event)); }
-    /// The events as an array; they are then forgotten.
-    Json Take()
+    /// Returns the events as an array and empties the log.
+    [[nodiscard]] Json Take()
     {
         Json taken = std::move(events_);
         events_ = Json::array();

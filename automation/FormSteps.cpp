@@ -2,20 +2,63 @@
 
 #include "automation/Request.h"
 #include "controls/CheckList.h"
-
-#include <cstdlib>
+#include "controls/ControlVisitor.h"
+#include "user/FormUser.h"
 
 namespace clb {
 namespace {
 
 using Kind = FormStep::Kind;
+using Work = std::function<bool(FormUser&)>;
 
-FormStep ReadCheck(const Request& step, const Json& json)
+/// A step with two texts: which control, and what goes to it.
+Work WithText(bool (FormUser::*work)(const std::string&, const std::string&), std::string control,
+              std::string to)
+{
+    return [work, control = std::move(control), to = std::move(to)](FormUser& user) {
+        return (user.*work)(control, to);
+    };
+}
+
+/// A step that needs a control only.
+Work OnControl(bool (FormUser::*work)(const std::string&), std::string control)
+{
+    return [work, control = std::move(control)](FormUser& user) { return (user.*work)(control); };
+}
+
+Work Spin(std::string spinner, std::int32_t by)
+{
+    return [spinner = std::move(spinner), by](FormUser& user) { return user.Step(spinner, by); };
+}
+
+Work ReadCheck(const Request& step)
 {
     const Json& place = step.At("check");
     if (!place.is_object())
         throw RequestError("Wrong argument: \"check\" must be an object");
-    return {Kind::Check, "", "", 0, json, Request(place).Long("row"), step.Flag("to")};
+    const std::int32_t row = Request(place).Long("row");
+    const bool ticked = step.Flag("to");
+    return [row, ticked](FormUser& user) { return user.Check(row, ticked); };
+}
+
+/// Returns an empty function if the step is not something that a user does.
+Work ReadWork(const Request& step)
+{
+    if (step.Has("set"))
+        return WithText(&FormUser::Set, step.Text("set"), step.Text("to"));
+    if (step.Has("choose"))
+        return WithText(&FormUser::Choose, step.Text("choose"), step.Text("to"));
+    if (step.Has("option"))
+        return OnControl(&FormUser::Option, step.Text("option"));
+    if (step.Has("check"))
+        return ReadCheck(step);
+    if (step.Has("step"))
+        return Spin(step.Text("step"), step.Long("by"));
+    if (step.Has("click"))
+        return OnControl(&FormUser::Click, step.Text("click"));
+    if (step.Has("press"))
+        return OnControl(&FormUser::Press, step.Text("press"));
+    return {};
 }
 
 FormStep ReadStep(const Json& json, bool screenshots)
@@ -23,106 +66,45 @@ FormStep ReadStep(const Json& json, bool screenshots)
     if (!json.is_object())
         throw RequestError("Wrong argument: a step must be an object");
     const Request step(json);
-    if (step.Has("set"))
-        return {Kind::Set, step.Text("set"), step.Text("to"), 0, json};
-    if (step.Has("choose"))
-        return {Kind::Choose, step.Text("choose"), step.Text("to"), 0, json};
-    if (step.Has("option"))
-        return {Kind::Option, step.Text("option"), "", 0, json};
-    if (step.Has("check"))
-        return ReadCheck(step, json);
-    if (step.Has("step"))
-        return {Kind::Spin, step.Text("step"), "", step.Long("by"), json};
-    if (step.Has("click"))
-        return {Kind::Click, step.Text("click"), "", 0, json};
-    if (step.Has("press"))
-        return {Kind::Press, step.Text("press"), "", 0, json};
+    if (Work work = ReadWork(step))
+        return {Kind::Work, json, std::move(work)};
     if (step.Has("read"))
-        return {Kind::Read, "", "", 0, json};
+        return {Kind::Read, json, {}};
     if (screenshots && step.Has("screenshot"))
-        return {Kind::Screenshot, step.Text("screenshot"), "", 0, json};
+        return {Kind::Screenshot, json, {}, step.Text("screenshot")};
     throw RequestError("Unknown step: " + ToLine(json));
 }
 
-std::int32_t ItemOf(const ListBox& list, const std::string& text)
-{
-    std::int32_t index = 0;
-    for (const ListBox::Item& item : list.Items()) {
-        if (item.text == text)
-            return index;
-        ++index;
+/// Describes a control by its kind.
+class ControlDescription : public ControlVisitor {
+public:
+    using ControlVisitor::Visit;
+    void Visit(Button& button) override
+    {
+        json = {{"caption", button.Caption()}, {"enabled", button.Enabled()}};
     }
-    return -1;
-}
-
-bool SetText(Form& form, TextBox* box, const std::string& text)
-{
-    if (!box || box->Locked() || !form.Focus(*box))
-        return false;
-    box->Text(text);
-    return true;
-}
-
-bool ChooseItem(Form& form, ListBox* list, const std::string& text)
-{
-    const std::int32_t index = list ? ItemOf(*list, text) : -1;
-    if (index < 0 || !form.Focus(*list))
-        return false;
-    list->Index(index);
-    return true;
-}
-
-bool ChooseOption(Form& form, OptionButton* option)
-{
-    if (!option || !form.Focus(*option))
-        return false;
-    option->Choose();
-    return true;
-}
-
-/// Ticks a row of the form's only list of checks.
-bool TickRow(Form& form, std::int32_t row, bool ticked)
-{
-    for (Control* control : form.Controls()) {
-        auto* list = dynamic_cast<CheckList*>(control);
-        if (!list)
-            continue;
-        const auto rows = static_cast<std::int32_t>(list->Rows().size());
-        if (!list->Enabled() || row < 1 || row > rows || !form.Focus(*list))
-            return false;
-        list->Check(static_cast<std::size_t>(row), ticked);
-        return true;
+    void Visit(CheckList& list) override;
+    void Visit(Label& label) override
+    {
+        json = {{"caption", label.Caption()}, {"enabled", label.Enabled()}};
     }
-    return false;
-}
+    void Visit(ListBox& list) override;
+    void Visit(OptionButton& option) override
+    {
+        json = {{"caption", option.Caption()},
+                {"value", option.Value()},
+                {"enabled", option.Enabled()}};
+    }
+    void Visit(TextBox& box) override
+    {
+        json = {{"text", box.Text()}, {"enabled", box.Enabled()}, {"selected", box.SelectedText()}};
+    }
+    void Other(Control& control) override { json = {{"enabled", control.Enabled()}}; }
 
-/// A spinner takes no focus; it steps once for each press of an arrow.
-bool Spin(Spinner* spinner, std::int32_t by)
-{
-    if (!spinner)
-        return false;
-    for (std::int32_t press = 0; press < std::abs(by); ++press)
-        spinner->Step(by < 0 ? -1 : 1);
-    return true;
-}
+    Json json;
+};
 
-bool ClickLabel(Label* label)
-{
-    if (!label)
-        return false;
-    label->PressClick();
-    return true;
-}
-
-bool PressButton(Form& form, Button* button)
-{
-    if (!button || !form.Focus(*button))
-        return false;
-    button->Press();
-    return true;
-}
-
-Json Describe(const CheckList& list)
+void ControlDescription::Visit(CheckList& list)
 {
     Json rows = Json::array();
     for (const std::vector<Value>& row : list.Rows()) {
@@ -131,34 +113,18 @@ Json Describe(const CheckList& list)
             values.push_back(ToJson(value));
         rows.push_back(std::move(values));
     }
-    return {{"columns", list.Columns()}, {"rows", std::move(rows)}};
+    json = {{"columns", list.Columns()}, {"rows", std::move(rows)}};
 }
 
-Json Describe(const Control& control)
+void ControlDescription::Visit(ListBox& list)
 {
-    if (const auto* list = dynamic_cast<const CheckList*>(&control))
-        return Describe(*list);
-    if (const auto* box = dynamic_cast<const TextBox*>(&control))
-        return {
-            {"text", box->Text()}, {"enabled", box->Enabled()}, {"selected", box->SelectedText()}};
-    if (const auto* list = dynamic_cast<const ListBox*>(&control)) {
-        Json items = Json::array();
-        for (const ListBox::Item& item : list->Items())
-            items.push_back(item.text);
-        return {{"items", items},
-                {"index", list->Index()},
-                {"text", list->Text()},
-                {"enabled", list->Enabled()}};
-    }
-    if (const auto* option = dynamic_cast<const OptionButton*>(&control))
-        return {{"caption", option->Caption()},
-                {"value", option->Value()},
-                {"enabled", option->Enabled()}};
-    if (const auto* label = dynamic_cast<const Label*>(&control))
-        return {{"caption", label->Caption()}, {"enabled", label->Enabled()}};
-    if (const auto* button = dynamic_cast<const Button*>(&control))
-        return {{"caption", button->Caption()}, {"enabled", button->Enabled()}};
-    return {{"enabled", control.Enabled()}};
+    Json items = Json::array();
+    for (const ListBox::Item& item : list.Items())
+        items.push_back(item.text);
+    json = {{"items", items},
+            {"index", list.Index()},
+            {"text", list.Text()},
+            {"enabled", list.Enabled()}};
 }
 
 }  // namespace
@@ -171,32 +137,14 @@ std::vector<FormStep> ReadSteps(const Json& steps, bool screenshots)
     return read;
 }
 
-bool PerformStep(Form& form, const FormStep& step)
-{
-    if (step.kind == Kind::Check)
-        return TickRow(form, step.row, step.ticked);
-    Control* const control = form.Find(step.control);
-    if (!control || !control->Enabled())
-        return false;
-    switch (step.kind) {
-        case Kind::Set: return SetText(form, dynamic_cast<TextBox*>(control), step.to);
-        case Kind::Choose: return ChooseItem(form, dynamic_cast<ListBox*>(control), step.to);
-        case Kind::Option: return ChooseOption(form, dynamic_cast<OptionButton*>(control));
-        case Kind::Spin: return Spin(dynamic_cast<Spinner*>(control), step.by);
-        case Kind::Click: return ClickLabel(dynamic_cast<Label*>(control));
-        case Kind::Press: return PressButton(form, dynamic_cast<Button*>(control));
-        case Kind::Check:
-        case Kind::Read:
-        case Kind::Screenshot: break;
-    }
-    return false;
-}
-
 Json DescribeControls(const Form& form)
 {
     Json controls = Json::object();
-    for (const Control* control : form.Controls())
-        controls[control->Name()] = Describe(*control);
+    for (Control* control : form.Controls()) {
+        ControlDescription description;
+        control->Accept(description);
+        controls[control->Name()] = std::move(description.json);
+    }
     return controls;
 }
 

@@ -1,3 +1,4 @@
+// Logs what the program's controls do.
 #pragma once
 #include "app/frmController.h"
 #include "automation/EventLog.h"
@@ -6,10 +7,10 @@
 
 namespace clb {
 
-/// Logs what the main window's controls and its view tell: status texts, reloads, rebuilt trees,
-/// the grid's painting and its ten events. Made before the window is loaded, so that each event is
-/// logged as it was raised, ahead of what the program does about it. Controller and log are
-/// borrowed and outlive the recorder.
+/// Logs the events of the main window's controls and view: status texts, reloads, rebuilt trees,
+/// the grid's painting and its ten events. It must be made before the window is loaded: its
+/// handlers then run before the program's, so an event is logged before what the program does in
+/// response. Controller and log are borrowed and outlive the recorder.
 class Recorder {
 public:
     Recorder(frmController& controller, EventLog& log);
@@ -22,7 +23,7 @@ private:
     void FollowView(clsView& view);
     void FollowEdits(CVGrid& grid);
     void FollowFetches(CVGrid& grid);
-    /// Logs the event unless it comes from showing what another program has written.
+    /// Logs the event, unless it was raised only to show what another program has written.
     void Log(Json event);
     void LogGrid(const char* name, Json arguments);
 

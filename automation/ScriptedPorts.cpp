@@ -2,13 +2,14 @@
 
 #include "automation/Automation.h"
 #include "files/ReadFile.h"
+#include "user/FormUser.h"
 
 #include <filesystem>
 
 namespace clb {
 namespace {
 
-/// The button that a question gets when nobody answers.
+/// The button of a question that has no answer.
 BoxAnswer Refusal(std::int32_t style)
 {
     for (const BoxAnswer button : {BoxAnswer::No, BoxAnswer::Cancel})
@@ -17,7 +18,7 @@ BoxAnswer Refusal(std::int32_t style)
     return BoxAnswer::OK;
 }
 
-/// Shows a form in the window for as long as it is worked, if there is a window.
+/// Shows a form in the window, if there is one, while the form is worked.
 class Shown {
 public:
     Shown(IPresenter* presenter, Form& form) : presenter_(presenter), form_(form)
@@ -27,7 +28,7 @@ public:
     }
     ~Shown()
     {
-        // An error that ends the command closes the form too.
+        // An error that ends the command must close the form too.
         form_.Hide();
         if (presenter_)
             presenter_->HideForm(form_);
@@ -98,8 +99,8 @@ void ScriptedModalHost::Run(Form& form)
     if (reply)
         Work(form, reply->steps);
     const bool leftOpen = form.Visible();
-    if (leftOpen && form.CancelButton())
-        form.CancelButton()->Press();
+    if (leftOpen)
+        FormUser(form).Cancel();
     Log(form, "close", leftOpen);
 }
 
@@ -116,13 +117,18 @@ void ScriptedModalHost::Work(Form& form, const std::vector<FormStep>& steps)
 
 void ScriptedModalHost::Perform(Form& form, const FormStep& step)
 {
-    if (step.kind == FormStep::Kind::Read) {
-        Log(form, "read", false);
-        return;
+    bool done = true;
+    switch (step.kind) {
+        case FormStep::Kind::Read: Log(form, "read", false); break;
+        case FormStep::Kind::Screenshot:
+            done = presenter_ && presenter_->Screenshot(step.file);
+            break;
+        case FormStep::Kind::Work: {
+            FormUser user(form);
+            done = step.work(user);
+            break;
+        }
     }
-    const bool done = step.kind == FormStep::Kind::Screenshot
-                          ? presenter_ && presenter_->Screenshot(step.control)
-                          : PerformStep(form, step);
     if (!done)
         log_.Add(
             {{"event", "step"}, {"name", form.Name()}, {"step", step.written}, {"refused", true}});

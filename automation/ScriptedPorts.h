@@ -1,3 +1,4 @@
+// The ports of a driven program.
 #pragma once
 #include "automation/AnswerQueue.h"
 #include "automation/EventLog.h"
@@ -14,9 +15,9 @@ namespace clb {
 
 class IPresenter;
 
-// The outside world of a driven program: questions are answered from the queue, everything asked or
-// handed out is logged, and nothing reaches the desktop. Queue, log and presenter are borrowed. A
-// question without a fitting answer is cancelled and logged as unanswered.
+// Questions are answered from the queue, and every question and everything handed to the desktop is
+// logged instead. A question without a fitting answer is cancelled and logged as unanswered. Queue,
+// log and presenter are borrowed.
 
 class ScriptedMessageBox : public IMessageBox {
 public:
@@ -38,7 +39,7 @@ private:
     EventLog& log_;
 };
 
-/// Works a form step by step until it closes; a form left open by its steps is cancelled.
+/// Works a form step by step until it closes. Cancels it if the steps leave it open.
 class ScriptedModalHost : public IModalHost {
 public:
     /// presenter: nullptr without a window.
@@ -68,7 +69,7 @@ private:
     EventLog& log_;
 };
 
-/// Logs the document's text as it stands when printing begins.
+/// Logs the text of the document when printing begins.
 class ScriptedPrintJob : public IPrintJob {
 public:
     explicit ScriptedPrintJob(EventLog& log) : log_(log) {}
@@ -78,7 +79,7 @@ private:
     EventLog& log_;
 };
 
-/// Logs the pointer when it becomes another one.
+/// Logs each change of the pointer.
 class ScriptedPointer : public IPointer {
 public:
     explicit ScriptedPointer(EventLog& log) : log_(log) {}

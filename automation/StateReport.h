@@ -1,18 +1,17 @@
+// Describes what the controls show, for replies.
 #pragma once
 #include "app/frmController.h"
-#include "automation/ValueJson.h"
+#include "json/ValueJson.h"
 
 namespace clb {
 
-// What the controls show at this moment, as the bodies of replies.
-
 /// The main window: caption, menus, toolbar, totals, month, and the view's state.
-Json DescribeWindow(frmController& controller);
+[[nodiscard]] Json DescribeWindow(frmController& controller);
 /// The tree's nodes in the order of their index.
-Json DescribeTree(const Tree& tree);
-/// Columns, rows as displayed, current cell.
-Json DescribeGrid(CVGrid& grid);
-/// Places of the controls that the window's layout sets, by name.
-Json DescribeLayout(const frmController& controller);
+[[nodiscard]] Json DescribeTree(const Tree& tree);
+/// The grid's columns, its rows as displayed, and its current cell.
+[[nodiscard]] Json DescribeGrid(CVGrid& grid);
+/// The places of the controls that the window's layout sets, by name.
+[[nodiscard]] Json DescribeLayout(const frmController& controller);
 
 }  // namespace clb

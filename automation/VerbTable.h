@@ -1,3 +1,4 @@
+// The verbs of requests.
 #pragma once
 #include "automation/Verbs.h"
 
@@ -6,12 +7,12 @@
 
 namespace clb {
 
-/// A verb of the interface. A user's verb is what a person does with mouse and keys: the disabled
-/// main window refuses it.
+/// A verb of a request. A user's verb does what a person does with mouse and keys; the main window
+/// refuses it while it is disabled.
 struct Verb {
     Json (*perform)(Session&, const Request&);
     bool users = false;
-    bool onCurrentRow = false;  ///< a user's verb that works on the grid's current row
+    bool onCurrentRow = false;  ///< a user's verb that changes the grid's current row
 };
 using VerbTable = std::map<std::string_view, Verb>;
 
@@ -19,7 +20,7 @@ using VerbTable = std::map<std::string_view, Verb>;
 const VerbTable& WindowVerbs();
 /// Work in the grid.
 const VerbTable& GridVerbs();
-/// The interface's own: state, answers, log, statements, calls.
+/// What no user does: state, answers, log, SQL, calls.
 const VerbTable& SessionVerbs();
 
 }  // namespace clb

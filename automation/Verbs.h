@@ -1,3 +1,4 @@
+// Carries out requests.
 #pragma once
 #include "app/frmController.h"
 #include "automation/AnswerQueue.h"
@@ -9,7 +10,7 @@
 
 namespace clb {
 
-/// What a verb works on. All borrowed.
+/// What a verb works on. Everything is borrowed.
 struct Session {
     frmController& controller;
     AnswerQueue& answers;
@@ -17,9 +18,9 @@ struct Session {
     IPresenter* presenter;  ///< nullptr without a window
 };
 
-/// Carries out one request and returns the reply's members (an empty object when there are none but
-/// "ok"). Throws RequestError, with nothing changed, for a request that cannot be carried out as it
-/// stands, and lets the program's own errors pass.
-Json PerformVerb(Session& session, const Request& request);
+/// Carries out one request and returns the reply's members besides "ok" (an empty object if there
+/// are none). Throws RequestError, and changes nothing, if the request is not valid. Lets the
+/// program's own errors pass.
+[[nodiscard]] Json PerformVerb(Session& session, const Request& request);
 
 }  // namespace clb

@@ -38,7 +38,8 @@ Cell ReadCell(frmController& controller, const Request& request)
     return cell;
 }
 
-/// As a click into the cell; false when the row or the control that is left keeps the user.
+/// Moves as a click into the cell does. Returns false if the row or the control that the user is in
+/// does not let the user leave.
 bool GoTo(frmController& controller, const Cell& cell)
 {
     GridComponent& grid = controller.Grid.Component();
@@ -51,8 +52,8 @@ Json Move(Session& session, const Request& request)
     return {{"moved", GoTo(session.controller, cell)}};
 }
 
-/// Types the text into the cell in edit. A text that the column does not take is given up again, so
-/// that no edit stays open.
+/// Types the text into the cell in edit. If the column does not take the text, cancels the edit, so
+/// that no cell stays open. Returns whether it took it.
 bool Type(GridComponent& grid, const std::string& text)
 {
     grid.EditText(text);

@@ -1,8 +1,8 @@
 #include "app/OtherPrograms.h"
 #include "automation/CallOperations.h"
 #include "automation/StateReport.h"
-#include "automation/Statements.h"
 #include "automation/VerbTable.h"
+#include "json/RunSql.h"
 
 namespace clb {
 namespace {
@@ -44,7 +44,7 @@ Json Log(Session& session, const Request&)
 
 Json Sql(Session& session, const Request& request)
 {
-    return RunStatement(session.controller.Data().Database(), request.Text("text"));
+    return RunSql(session.controller.Data().Database(), request.Text("text"));
 }
 
 Json Call(Session& session, const Request& request)

@@ -24,27 +24,19 @@ Json Click(Session& session, const Request& request)
     return {{"clicked", session.controller.PressNode(node)}};
 }
 
-/// Labels and bars take no focus, and what is disabled does not either.
-bool TakesFocus(const Control& control)
-{
-    return control.Enabled() && !dynamic_cast<const Label*>(&control) &&
-           !dynamic_cast<const StatusBar*>(&control) && !dynamic_cast<const Toolbar*>(&control) &&
-           !dynamic_cast<const MenuBar*>(&control);
-}
-
 Json Focus(Session& session, const Request& request)
 {
     Form& window = session.controller.window;
     const std::string name = request.Text("control");
     Control* const control = window.Find(name);
-    if (!control || !TakesFocus(*control))
+    if (!control || !control->TakesFocus())
         throw RequestError("No control that takes the focus: " + name);
     window.Focus(*control);
     return {{"focus", window.Focus() ? Json(window.Focus()->Name()) : Json()}};
 }
 
-// A month or year is set as by hand: its control gets the focus first, and when the grid keeps the
-// focus nothing is set.
+// A month or year is set as by hand: its control gets the focus first. If the grid keeps the focus,
+// nothing is set.
 
 Json SetMonth(frmController& controller, const Request& request)
 {

@@ -84,7 +84,7 @@ GrowthCell MeasureNetWorth(const std::string& folder, int rounds)
     return {figure.ours, figure.reference};
 }
 
-/// All balances stored anew; the reference does it in the copy.
+/// Recomputes all balances; the reference does it in its copy.
 GrowthCell MeasureBalances(const std::string& folder, const std::string& copy, int rounds)
 {
     NoForms forms;
@@ -121,7 +121,7 @@ std::vector<GrowthLine> BooksLines()
             {"another month's register", "ms", Growth::Free, {}},
             {"another month's budget", "ms", Growth::None, {}},
             {"a row edited and saved", "ms", Growth::None, {}},
-            {"all balances stored anew", "ms", Growth::WithRows, {}}};
+            {"all balances recomputed", "ms", Growth::WithRows, {}}};
 }
 
 std::vector<GrowthCell> MeasureBooks(const WorkFolder& work, LedgerSize size, int rounds)

@@ -1,6 +1,6 @@
 #include "cli/Commands.h"
+#include "cli/FolderOptions.h"
 #include "cli/GridOutput.h"
-#include "cli/Options.h"
 #include "cli/Program.h"
 
 #include <iostream>
@@ -9,7 +9,7 @@
 namespace clb {
 namespace {
 
-/// The program starts with all accounts and their sum on the screen; this prints them.
+/// Prints what the program shows at its start: all accounts and their sum.
 void PrintAccounts(const FolderOptions& options, bool totals)
 {
     NoForms forms;
@@ -50,7 +50,7 @@ void AddAccounts(CLI::App& app, int&)
 
 void AddNetWorth(CLI::App& app, int&)
 {
-    AddCommand(app, "networth", "List the accounts and what they come to", true);
+    AddCommand(app, "networth", "List the accounts and their sum", true);
 }
 
 }  // namespace clb

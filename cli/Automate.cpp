@@ -1,6 +1,6 @@
 #include "automation/Automation.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "platform/Signals.h"
 #include "platform/StandardStreams.h"
 #include "platform/SystemClock.h"
@@ -32,7 +32,7 @@ std::string CheckMoment(const std::string& text)
 {
     constexpr std::size_t length = std::char_traits<char>::length("YYYY-MM-DDThh:mm:ss");
     const bool good = text.size() == length && text[10] == 'T' && Date::FromIso(text);
-    return good ? "" : "\"" + text + "\" is no moment YYYY-MM-DDThh:mm:ss";
+    return good ? "" : "\"" + text + "\" is not of the form YYYY-MM-DDThh:mm:ss";
 }
 
 }  // namespace
@@ -43,7 +43,7 @@ void AddAutomate(CLI::App& app, int& exitCode)
     Command command(app, "automate",
                     "Run the program without a window, driven by JSON requests on standard input");
     AddHome(command, *options);
-    command.Take("--now", options->now, "Local time at which the clock stands still")
+    command.Take("--now", options->now, "Local time at which the clock is stopped")
         .Check({CheckMoment, "YYYY-MM-DDThh:mm:ss"});
     command
         .Take("--quote-service", options->quoteService,

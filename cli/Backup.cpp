@@ -1,7 +1,7 @@
-#include "automation/ValueJson.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "data/Backups.h"
+#include "json/ValueJson.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
 

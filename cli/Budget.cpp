@@ -1,6 +1,6 @@
 #include "cli/Commands.h"
+#include "cli/FolderOptions.h"
 #include "cli/GridOutput.h"
-#include "cli/Options.h"
 #include "cli/Program.h"
 
 #include <iostream>
@@ -47,7 +47,7 @@ void PrintBudget(const BudgetOptions& options)
 void AddBudget(CLI::App& app, int&)
 {
     auto options = std::make_shared<BudgetOptions>();
-    Command command(app, "budget", "Print a month's budget and what was really spent");
+    Command command(app, "budget", "Print a month's budget and what was spent");
     command.Take("--month", options->month, "Month (default: the present one)").Check(IsMonth());
     AddHome(command, *options);
     AddJson(command, *options);

@@ -1,11 +1,11 @@
-#include "app/DatabaseCheck.h"
-#include "app/DatabaseRepair.h"
-#include "automation/ValueJson.h"
+#include "check/DatabaseCheck.h"
+#include "check/DatabaseRepair.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "cli/Table.h"
 #include "data/Backups.h"
 #include "data/SchemaVersion.h"
+#include "json/ValueJson.h"
 #include "platform/SystemClock.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ struct CheckOptions : FolderOptions {
     bool accept = false;
 };
 
-/// What the command has changed.
+/// What the command changed.
 struct Changes {
     RepairReport repair;
     std::int32_t accepted = 0;
@@ -134,7 +134,8 @@ void Print(const DatabaseReport& report, const CheckOptions& options, const Chan
         std::cout << "Everything is in order\n";
 }
 
-/// A daily backup that fails is made by a window that nobody may have open now.
+/// Adds a finding if the last daily backup failed. The window makes it, and may not be open now to
+/// report it.
 void FindBackup(DatabaseReport& report, const std::string& folder)
 {
     if (const auto failure = Backups(folder).Failure())
@@ -169,11 +170,12 @@ void AddCheck(CLI::App& app, int& exitCode)
 {
     auto options = std::make_shared<CheckOptions>();
     Command command(app, "check",
-                    "Look whether the database is in order; the exit code is 2 when it is not");
-    command.Flag("--repair", options->repair,
-                 "Mend what can be mended exactly, after a backup: balances that differ from the "
-                 "sums of their rows, transaction numbers that stand twice, missing indexes and "
-                 "budget lines");
+                    "Check whether the database is in order; the exit code is 2 if it is not");
+    command.Flag(
+        "--repair", options->repair,
+        "Repair what can be repaired exactly, after a backup: balances that differ from the "
+        "sums of their rows, transaction numbers that occur twice, missing indexes and "
+        "budget lines");
     command.Flag(
         "--accept", options->accept,
         "Take note of the balances that did not fit their rows when they were stored anew; "

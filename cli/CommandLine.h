@@ -1,3 +1,4 @@
+// Describes the program's commands and their arguments.
 #pragma once
 #include <cstdint>
 #include <functional>
@@ -12,51 +13,53 @@ class Option;
 
 namespace clb {
 
-// Describes the program's commands to the library that reads the command line. Its templates are
-// long in compiling, so only CommandLine.cpp and main.cpp see them.
+// The library that parses the command line takes long to compile. Only CommandLine.cpp and main.cpp
+// include it; the commands use these classes.
 
-/// A condition on the text of an argument, asked while the command line is parsed.
+/// A condition on the text of an argument. It is checked while the command line is parsed.
 struct TextCheck {
-    /// What is wrong with the text; empty when nothing is.
+    /// Returns what is wrong with the text, or an empty text if it is valid.
     std::function<std::string(const std::string& text)> fault;
-    std::string form;  ///< what the text looks like, for the help; may be empty
+    std::string form;  ///< what a valid text looks like, for the help; may be empty
 };
 
-/// Something that a command takes, to be described further. A handle: the argument itself is the
-/// command line's.
+/// An option or argument of a command, to be described further. It is a handle; the command line
+/// owns the argument itself.
 class Argument {
 public:
     explicit Argument(CLI::Option& option) : option_(&option) {}
 
     Argument& Required();
-    /// What stands for the text in the help; its type does otherwise.
+    /// The name of the value in the help. The default is its type.
     Argument& Placeholder(const std::string& name);
-    /// The help tells the value as it is now.
+    /// The help shows the current value as the default.
     Argument& ShowDefault();
-    /// Each time it is given it takes one text, and it may be given again.
+    /// It may be given several times, with one text each time.
     Argument& Repeatable();
 
     Argument& Check(const TextCheck& check);
     Argument& OneOf(const std::vector<std::string>& texts);
-    /// Both ends count.
+    /// Both ends are allowed.
     Argument& Between(std::int32_t least, std::int32_t most);
 
-    /// It may be given only together with the other one, or only without it.
+    /// It may be given only together with the other.
     Argument& Needs(const Argument& other);
+    /// It may be given only without the other.
     Argument& Excludes(const Argument& other);
 
 private:
     CLI::Option* option_;
 };
 
-/// One command of the program, such as "import", being added to those that the command line may
-/// name. A handle like Argument.
+/// A command of the program, such as "import". It is a handle like Argument.
 class Command {
 public:
+    /// Adds the command to the command line.
     Command(CLI::App& app, const std::string& name, const std::string& description);
 
-    /// An option ("--month") or, without dashes, a text that is told by its place. The value is
-    /// written when the argument is given and keeps what it holds else; it outlives the parsing.
+    // Each adds an option ("--month") or, if the name has no dashes, a positional argument. The
+    // value is written if the argument is given and otherwise keeps its content. It is borrowed
+    // until the command line is parsed.
     Argument Take(const std::string& name, std::string& value, const std::string& help);
     Argument Take(const std::string& name, std::optional<std::string>& value,
                   const std::string& help);
@@ -65,11 +68,11 @@ public:
                   const std::string& help);
     Argument Take(const std::string& name, std::vector<std::string>& values,
                   const std::string& help);
-    /// An option without a text: it sets the value.
+    /// Adds an option without a text, which sets the value to true.
     void Flag(const std::string& name, bool& value, const std::string& help);
 
-    /// What to do when this command was called. Runs while the command line is parsed, after all
-    /// values are written.
+    /// The action to run if this command is called. It runs while the command line is parsed, after
+    /// all values are written.
     void Run(std::function<void()> action);
 
 private:

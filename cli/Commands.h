@@ -1,3 +1,4 @@
+// The commands of the program clb, one file each.
 #pragma once
 
 namespace CLI {
@@ -6,9 +7,9 @@ class App;
 
 namespace clb {
 
-// The commands of the program clb, one file each. Each adds its subcommand; when that is the one
-// called, it runs while the command line is parsed. exitCode is written then: 0 done, 1 refused or
-// bad input; it outlives the parsing. Results go to standard output, messages to standard error.
+// Each function adds one command to the command line. If that command is called, it runs while the
+// command line is parsed, and it writes exitCode: 0 done, 1 refused or bad input. exitCode is
+// borrowed until then. Results go to standard output, messages to standard error.
 
 void AddNew(CLI::App& app, int& exitCode);
 void AddDemo(CLI::App& app, int& exitCode);

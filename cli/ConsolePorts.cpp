@@ -18,19 +18,20 @@ std::string FirstLines(const std::string& text, int count)
     return text.substr(0, end);
 }
 
-/// Behind the second line of a message stands the text of a file, but for the list of lines that
-/// were skipped, which is told whole; a line can be as long as a file.
-std::string Told(const std::string& text)
+/// Shortens a message. From its third line on a message contains the text of a file. The list of
+/// skipped lines is printed whole, but each of its lines is cut: a line can be as long as a file.
+std::string Shortened(const std::string& text)
 {
     constexpr std::size_t longest = 200;
     if (!text.starts_with(kLinesSkipped))
         return FirstLines(text, 2);
-    std::string told;
+    std::string shortened;
     for (const std::string& line : Split(text, '\n')) {
         const std::string start = Left(line, longest);
-        told += (told.empty() ? "" : "\n") + start + (start.size() < line.size() ? "..." : "");
+        shortened +=
+            (shortened.empty() ? "" : "\n") + start + (start.size() < line.size() ? "..." : "");
     }
-    return told;
+    return shortened;
 }
 
 }  // namespace
@@ -39,7 +40,7 @@ BoxAnswer ConsoleMessages::Show(const std::string& text, std::int32_t style, con
 {
     const std::int32_t icon = box_style::Icon(style);
     refused_ = refused_ || icon == box_style::Critical || icon == box_style::Exclamation;
-    out_ << Printable(Told(text)) << '\n';
+    out_ << Printable(Shortened(text)) << '\n';
     return box_style::Buttons(style) == box_style::YesNo ? BoxAnswer::No : BoxAnswer::OK;
 }
 

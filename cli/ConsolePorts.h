@@ -1,3 +1,4 @@
+// The ports of a program without a window.
 #pragma once
 #include "ports/IFileDialog.h"
 #include "ports/IMessageBox.h"
@@ -10,22 +11,22 @@
 
 namespace clb {
 
-/// Writes what the program tells to a stream, at most its first two lines (a text may hold a whole
-/// file). Questions are answered with No.
+/// Writes messages to a stream, at most the first two lines of each (a message may contain a whole
+/// file). Answers questions with No.
 class ConsoleMessages : public IMessageBox {
 public:
-    /// The stream is borrowed.
+    /// Borrows the stream.
     explicit ConsoleMessages(std::ostream& out) : out_(out) {}
     BoxAnswer Show(const std::string& text, std::int32_t style, const std::string& title) override;
-    /// Whether a refusal or a warning was told.
-    bool Refused() const { return refused_; }
+    /// Whether a refusal or warning has been reported.
+    [[nodiscard]] bool Refused() const { return refused_; }
 
 private:
     std::ostream& out_;
     bool refused_ = false;
 };
 
-/// Chooses the same file each time; cancels while none is set.
+/// Chooses the same file each time. Cancels as long as no file is set.
 class ConsoleFileDialog : public IFileDialog {
 public:
     void Choose(const std::string& path) { path_ = path; }
@@ -35,14 +36,14 @@ private:
     std::string path_;
 };
 
-/// No desktop.
+/// Opens nothing: there is no desktop.
 class ConsoleShell : public IShell {
 public:
     void Open(const std::string&) override {}
     void Help(const std::string&) override {}
 };
 
-/// No printer.
+/// Prints nothing.
 class ConsolePrintJob : public IPrintJob {
 public:
     void Print(const std::string&) override {}

@@ -1,8 +1,8 @@
-#include "automation/ValueJson.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "cli/Program.h"
+#include "json/ValueJson.h"
 
 #include <iostream>
 #include <memory>

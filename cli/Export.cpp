@@ -1,10 +1,10 @@
-#include "automation/ValueJson.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "cli/Program.h"
 #include "cli/Table.h"
 #include "export/NotReturned.h"
+#include "json/ValueJson.h"
 
 #include <filesystem>
 #include <iostream>

@@ -1,15 +1,15 @@
-#include "automation/FormSteps.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "cli/CapturedStream.h"
 #include "cli/Commands.h"
+#include "cli/FolderOptions.h"
+#include "cli/ImportFiles.h"
 #include "cli/ImportReport.h"
-#include "cli/Options.h"
-#include "cli/Overheard.h"
 #include "cli/Program.h"
 #include "cli/Progress.h"
-#include "cli/StatementFiles.h"
 #include "data/Trouble.h"
 #include "import/StatementFile.h"
+#include "user/FormUser.h"
 
 #include <filesystem>
 #include <functional>
@@ -33,7 +33,7 @@ struct ImportOptions : FolderOptions {
     bool dryRun = false;
 };
 
-/// What to answer when the program asks for a file's account.
+/// The answer to the dialog that asks for a file's account.
 struct Answer {
     enum class Kind { None, Create, Map };
     Kind kind = Kind::None;
@@ -41,50 +41,44 @@ struct Answer {
     std::string type;
 };
 
-/// Works the dialog that asks for the account of a statement; without an answer, or when it does
-/// not fit, the dialog is cancelled.
+/// Works the dialog that asks for a statement's account. Cancels it if there is no answer or the
+/// answer does not fit.
 class AccountChoice : public IModalHost {
 public:
-    /// answer is asked when the dialog opens, with the book locked: what it finds in the book
-    /// stays.
-    void Give(std::function<Answer()> answer) { ask_ = std::move(answer); }
+    /// answer is called when the dialog opens. The book is locked then, so what answer finds in the
+    /// book stays true.
+    void AnswerWith(std::function<Answer()> answer) { ask_ = std::move(answer); }
     const Answer& Given() const { return answer_; }
     bool Asked() const { return asked_; }
-    /// The account was asked for and none was given.
+    /// Whether the dialog opened and no account was given.
     bool Missing() const { return missing_; }
 
     void Run(Form& form) override
     {
         asked_ = true;
         answer_ = ask_();
-        for (const FormStep& step : Steps())
-            if (!PerformStep(form, step))
-                break;
+        FormUser user(form);
+        Fill(user);
         missing_ = form.Visible();
-        if (missing_ && form.CancelButton())
-            form.CancelButton()->Press();
+        if (missing_)
+            user.Cancel();
     }
 
 private:
-    static FormStep Step(FormStep::Kind kind, const char* control, const std::string& to = "")
+    /// Stops at the first control that refuses.
+    bool Fill(FormUser& user) const
     {
-        return {kind, control, to, 0, {}};
-    }
-    std::vector<FormStep> Steps() const
-    {
-        using Kind = FormStep::Kind;
         switch (answer_.kind) {
             case Answer::Kind::Create:
-                return {Step(Kind::Option, "optAccount(0)"),
-                        Step(Kind::Set, "txtDescription", answer_.description),
-                        Step(Kind::Choose, "cmbAccountType", answer_.type),
-                        Step(Kind::Press, "btnOK")};
+                return user.Option("optAccount(0)") &&
+                       user.Set("txtDescription", answer_.description) &&
+                       user.Choose("cmbAccountType", answer_.type) && user.Press("btnOK");
             case Answer::Kind::Map:
-                return {Step(Kind::Option, "optAccount(1)"),
-                        Step(Kind::Choose, "cmbAccountID", answer_.description),
-                        Step(Kind::Press, "btnOK")};
-            default: return {};
+                return user.Option("optAccount(1)") &&
+                       user.Choose("cmbAccountID", answer_.description) && user.Press("btnOK");
+            case Answer::Kind::None: break;
         }
+        return false;
     }
 
     std::function<Answer()> ask_;
@@ -93,8 +87,9 @@ private:
     bool missing_ = false;
 };
 
-/// One run of the command over all of its files. Each file has the program loaded for itself, so
-/// what went before is safe on the disk and no file meets the state that another one left.
+/// One run of the command over all of its files. The program is loaded anew for each file. The
+/// files before it are then safely on the disk, and no file depends on the state that another one
+/// left.
 class ImportRun {
 public:
     explicit ImportRun(const ImportOptions& options) : options_(options)
@@ -120,12 +115,12 @@ private:
     const ImportOptions& options_;
     std::optional<TrialFolder> trial_;
     std::string folder_;
-    std::optional<std::string>
-        mapTo_;  // descriptions: an account that is mapped changes its number
+    // Accounts by description: mapping changes an account's number.
+    std::optional<std::string> mapTo_;
     std::optional<std::string> qifTo_;
 };
 
-/// Accounts that are not there, or that cannot be told apart, end the command before any file.
+/// An account that does not exist or is ambiguous ends the command before the first file.
 void ImportRun::FindAccounts()
 {
     if (!options_.map && !options_.qifAccount)
@@ -152,7 +147,7 @@ std::int32_t ImportRun::CountDescribedAs(clsDatabase& data, const std::string& d
     return found.RecordCount();
 }
 
-/// The program's list names accounts by description: two of one description cannot be told apart.
+/// The dialog lists accounts by description, so two accounts of one description are ambiguous.
 std::string ImportRun::OnlyAccountDescribedAs(clsDatabase& data, const std::string& description)
 {
     if (CountDescribedAs(data, description) > 1)
@@ -161,7 +156,7 @@ std::string ImportRun::OnlyAccountDescribedAs(clsDatabase& data, const std::stri
     return description;
 }
 
-/// A name that no account has: numbered from the second on.
+/// A description that no account has. Adds a number if the wanted one is taken.
 std::string ImportRun::NewDescription(clsDatabase& data, const std::string& wanted)
 {
     std::string description = wanted;
@@ -180,8 +175,9 @@ Answer ImportRun::AnswerFor(const std::string& file, clsDatabase& data) const
     return {};
 }
 
-/// QIF files that follow go into the account made for the first one. A mapped account has got the
-/// number of its file: the next unknown number is another account's, which must not take it.
+/// Later QIF files go into the account that was made for the first one. A mapped account now has
+/// the number from its file. The next unknown number belongs to another account, so it is not
+/// mapped too.
 void ImportRun::Remember(const std::string& file, const AccountChoice& choice)
 {
     if (!choice.Asked() || choice.Missing())
@@ -192,8 +188,8 @@ void ImportRun::Remember(const std::string& file, const AccountChoice& choice)
         qifTo_ = choice.Given().description;
 }
 
-/// Told from the file as it stands. The lines that an earlier run's repair dropped are left out
-/// still.
+/// Counts what the import leaves out of the file. Lines that the repair of an earlier run dropped
+/// still count.
 void ImportRun::CountLeft(const std::string& path, ImportedFile& result)
 {
     const std::string text = ReadStatement(path);
@@ -205,17 +201,17 @@ void ImportRun::CountLeft(const std::string& path, ImportedFile& result)
     try {
         result.leftOut.linesBehindRepair = LinesRepairedAway(text, ReadStatement(original));
     } catch (const RuntimeError&) {
-        return;  // a kept file that cannot be read hinders no import
+        return;  // The import does not need the kept file.
     }
     if (result.leftOut.linesBehindRepair > 0)
-        result.whole = original;
+        result.original = original;
 }
 
 void ImportRun::Load(const std::string& file, const std::string& path, ImportedFile& result)
 {
     AccountChoice choice;
     Program program(folder_, choice, trial_.has_value());
-    choice.Give([&] {
+    choice.AnswerWith([&] {
         program.Window().Data().Lock();
         return AnswerFor(file, program.Window().Data());
     });
@@ -249,24 +245,24 @@ ImportedFile ImportRun::Import(const std::string& file)
     const std::string path = trial_ ? trial_->CopyStatement(file) : file;
     std::error_code ignored;
     const bool kept = fs::exists(KeptStatement(path), ignored);
-    const Overheard overheard(std::cerr);
+    const CapturedStream captured(std::cerr);
     try {
         Load(file, path, result);
     } catch (const std::bad_alloc& error) {
-        // Nothing of this file was kept; the next one may be smaller.
+        // Nothing of this file was kept. The next one may be smaller.
         result = ImportedFile();
         result.file = file;
         result.failed = result.refused = true;
         std::cerr << TroubleText(error) << '\n';
     }
-    // A trial tells of the file, not of its copy.
-    result.told = Replace(overheard.Text(), path, file);
+    // Messages of a trial name the file, not its copy.
+    result.messages = Replace(captured.Text(), path, file);
     const bool repaired = !kept && fs::exists(KeptStatement(path), ignored);
     if (repaired && !trial_)
-        result.whole = KeptStatement(path);
-    // Of a file that was not read nothing is left out but what its repair has dropped.
+        result.original = KeptStatement(path);
+    // If the file was not read, the only loss is what the line-ending repair dropped.
     if (result.added + result.skipped == 0 && result.refused)
-        result.leftOut = {.linesBehindRepair = repaired || !result.whole.empty()
+        result.leftOut = {.linesBehindRepair = repaired || !result.original.empty()
                                                    ? result.leftOut.linesBehindRepair
                                                    : 0};
     return result;
@@ -299,7 +295,7 @@ void AddImport(CLI::App& app, int& exitCode)
     auto options = std::make_shared<ImportOptions>();
     Command command(
         app, "import",
-        "Read statement files (OFX, QFX, OFC or QIF) into their accounts; a folder stands for all "
+        "Read statement files (OFX, QFX, OFC or QIF) into their accounts; a folder names all "
         "statement files in it and its subfolders");
     command.Take("FILE", options->words, "Statement files, or folders of them")
         .Required()

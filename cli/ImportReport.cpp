@@ -1,8 +1,8 @@
 #include "cli/ImportReport.h"
 
-#include "automation/ValueJson.h"
 #include "base/Text.h"
 #include "cli/Table.h"
+#include "json/ValueJson.h"
 
 #include <algorithm>
 #include <iostream>
@@ -40,13 +40,13 @@ std::vector<std::string> Warnings(const ImportedFile& file)
         lines.push_back(Counted(leftOut.linesBehindRepair, "line", "lines") +
                         " left out: mixed line ends, the repair keeps the file up to its first "
                         "carriage return" +
-                        (file.whole.empty() ? "" : "; all of it is in " + file.whole));
+                        (file.original.empty() ? "" : "; all of it is in " + file.original));
     if (leftOut.behindEmptyTransaction > 0)
         lines.push_back(Counted(leftOut.behindEmptyTransaction, "transaction", "transactions") +
-                        " left out behind an empty transaction, which ends the reading");
+                        " left out after an empty transaction, where reading stops");
     if (leftOut.beforeAccount > 0)
         lines.push_back(Counted(leftOut.beforeAccount, "transaction", "transactions") +
-                        " left out in front of the file's first account number");
+                        " left out before the file's first account number");
     if (leftOut.notClosed > 0)
         lines.push_back(Counted(leftOut.notClosed, "transaction", "transactions") +
                         " left out: not closed, or inside one that is not");
@@ -60,12 +60,12 @@ std::vector<std::string> Warnings(const ImportedFile& file)
     return lines;
 }
 
-/// What the program said, in lines.
+/// Why the file was refused, in lines.
 std::string Reason(const ImportedFile& file)
 {
-    if (file.accountMissing && file.told.empty())
+    if (file.accountMissing && file.messages.empty())
         return "The file's account is not known: --create, --map or --qif-account names one.";
-    return file.told.substr(0, file.told.find_last_not_of('\n') + 1);
+    return file.messages.substr(0, file.messages.find_last_not_of('\n') + 1);
 }
 
 Json AmountOrNull(const std::optional<Money>& amount)
@@ -109,7 +109,7 @@ bool ImportReport::AnyRefused() const
 void ImportReport::PrintOne(bool json) const
 {
     const ImportedFile& file = files_.front();
-    std::cerr << (file.failed ? "clb: " : "") << file.told;
+    std::cerr << (file.failed ? "clb: " : "") << file.messages;
     if (file.accountMissing)
         std::cerr << "The file's account is not known. Say which it is:\n"
                      "  --create NAME --type TYPE   makes a new account\n"

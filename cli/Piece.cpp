@@ -17,7 +17,7 @@ std::string NameOf(const PieceOptions& options)
     return options.piece ? name + ", piece " + std::to_string(*options.piece) : name;
 }
 
-/// The piece's row; the first piece when none is named.
+/// The rows of the transaction, or of its named piece. The first is the piece to show.
 Recordset Find(clsDatabase& data, const PieceOptions& options)
 {
     Recordset found;
@@ -32,7 +32,7 @@ Recordset Find(clsDatabase& data, const PieceOptions& options)
     return found;
 }
 
-/// Displayed row of the register; 0 when it is not there.
+/// The piece's row in the register as displayed. Returns 0 if it is not there.
 std::size_t RowOf(CVGrid& grid, const Piece& piece)
 {
     for (std::size_t row = 1; row <= grid.Rows().Count(); ++row)

@@ -1,3 +1,4 @@
+// Finds a piece of a transaction for "clb split" and "clb move".
 #pragma once
 #include "base/Date.h"
 #include "cli/CommandLine.h"
@@ -9,17 +10,17 @@ namespace clb {
 
 class Program;
 
-/// Columns of a register's rows that name a transaction and its piece.
+/// The columns of a register that identify a transaction and its piece.
 inline constexpr std::int32_t kSequenceColumn = 11;
 inline constexpr std::int32_t kPieceColumn = 12;
 
-/// A transaction by its number, and one of its pieces; nothing means the first there is.
+/// A transaction by its number, and one of its pieces. The default is the first piece.
 struct PieceOptions {
     std::int32_t number = 0;
     std::optional<std::int32_t> piece;
 };
 
-/// NUMBER and --piece.
+/// Adds NUMBER and --piece.
 void AddPiece(Command& command, PieceOptions& options);
 
 /// A piece that was found.
@@ -29,9 +30,9 @@ struct Piece {
     Month month;
 };
 
-/// Shows the piece in its account's register of its month, makes it the current row and gives the
-/// grid the focus. Throws RuntimeError (ElementNotFound) when there is no such piece or its account
-/// has no register.
+/// Shows the register of the piece's account and month, makes the piece the current row and gives
+/// the grid the focus. Throws RuntimeError (ElementNotFound) if there is no such piece or its
+/// account has no register.
 Piece ShowPiece(Program& program, const PieceOptions& options);
 
 }  // namespace clb

@@ -12,7 +12,7 @@
 namespace clb {
 namespace {
 
-/// The fields of a line; commas between double quotes divide nothing.
+/// The fields of a line. Commas between double quotes do not separate fields.
 std::vector<std::string> Fields(const std::string& line)
 {
     std::vector<std::string> fields(1);
@@ -30,7 +30,7 @@ std::vector<std::string> Fields(const std::string& line)
     return fields;
 }
 
-/// A symbol stands in an address and in a field of the answer.
+/// A symbol is part of an address and of a comma-separated answer.
 bool IsSymbol(const std::string& text)
 {
     for (const char character : text)
@@ -54,7 +54,7 @@ std::string Quoted(const std::string& text)
     return "\"" + text + "\"";
 }
 
-/// The line's price; the mistake when there is none.
+/// The line's price. If the line has none, returns nothing and sets mistake.
 std::optional<StockPrice> ReadLine(const std::string& line, std::string& mistake)
 {
     const std::vector<std::string> fields = Fields(line);
@@ -69,9 +69,9 @@ std::optional<StockPrice> ReadLine(const std::string& line, std::string& mistake
     if (!IsSymbol(fields[0]))
         mistake = "the symbol " + Quoted(fields[0]) + " is empty or holds a blank or a comma";
     else if (!price)
-        mistake = "the price " + Quoted(fields[1]) + " is no amount";
+        mistake = "the price " + Quoted(fields[1]) + " is not an amount";
     else if (!previous)
-        mistake = "the previous close " + Quoted(fields[2]) + " is no amount";
+        mistake = "the previous close " + Quoted(fields[2]) + " is not an amount";
     else if (!date)
         mistake = "the date " + Quoted(fields[3]) + " is not yyyy-mm-dd";
     else
@@ -94,7 +94,7 @@ std::string Percentage(const StockPrice& stock)
     return text.data();
 }
 
-/// As the service writes it: month/day/year.
+/// The date as quote services write it: month/day/year.
 std::string ServiceDate(const Date& date)
 {
     return std::to_string(date.Month()) + "/" + std::to_string(date.Day()) + "/" +
@@ -131,7 +131,7 @@ PriceFile::PriceFile(std::string path, std::ostream& complaints)
     std::vector<std::string> mistakes;
     prices_ = ReadPrices(DecodeFile(*text_), mistakes);
     if (!mistakes.empty())
-        throw RuntimeError(errors::InvalidCall, Told(mistakes));
+        throw RuntimeError(errors::InvalidCall, Report(mistakes));
 }
 
 std::optional<std::string> PriceFile::Load() const
@@ -143,17 +143,17 @@ std::optional<std::string> PriceFile::Load() const
     }
 }
 
-std::string PriceFile::Told(const std::vector<std::string>& mistakes) const
+std::string PriceFile::Report(const std::vector<std::string>& mistakes) const
 {
-    std::string told;
+    std::string report;
     for (const std::string& mistake : mistakes)
-        told += (told.empty() ? "" : "\n") + path_ + ", " + mistake;
-    return told;
+        report += (report.empty() ? "" : "\n") + path_ + ", " + mistake;
+    return report;
 }
 
 void PriceFile::ReadAgain()
 {
-    // Compared as a whole: a file's time may stand still while it is written twice.
+    // Compares the text: two quick writes can leave the file with the same time.
     auto text = Load();
     if (text == text_)
         return;
@@ -165,8 +165,8 @@ void PriceFile::ReadAgain()
     if (text_ && mistakes.empty())
         prices_ = std::move(fresh);
     else
-        complaints_ << (text_ ? Told(mistakes) : "Cannot read " + path_)
-                    << "\nThe former prices hold." << std::endl;
+        complaints_ << (text_ ? Report(mistakes) : "Cannot read " + path_)
+                    << "\nThe old prices stay in use." << std::endl;
 }
 
 std::optional<StockPrice> PriceFile::Find(const std::string& symbol)
@@ -179,7 +179,7 @@ std::optional<StockPrice> PriceFile::Find(const std::string& symbol)
 std::string QuoteLine(const std::string& symbol, const std::optional<StockPrice>& price)
 {
     if (!price) {
-        // What divides fields would make others of them.
+        // A comma or quote in the symbol would shift the fields.
         const std::string named = Replace(Replace(symbol, ",", ""), "\"", "");
         return Quoted(named) + R"(,0.00,"N/A","N/A",N/A,"N/A",N/A,N/A,N/A,N/A,N/A,N/A)" + "\r\n";
     }

@@ -3,6 +3,7 @@
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "data/Backups.h"
+#include "user/FormUser.h"
 
 #include <iostream>
 
@@ -70,8 +71,7 @@ void Program::Press(const std::string& item)
 
 void NoForms::Run(Form& form)
 {
-    if (form.CancelButton())
-        form.CancelButton()->Press();
+    FormUser(form).Cancel();
 }
 
 FoundAccount FindAccount(clsDatabase& data, const std::string& account)

@@ -1,3 +1,4 @@
+// The whole program without a window, for one command.
 #pragma once
 #include "app/frmController.h"
 #include "cli/ConsolePorts.h"
@@ -9,22 +10,22 @@
 
 namespace clb {
 
-/// An account as a command's words named it.
+/// An account that a command's argument named.
 struct FoundAccount {
     std::string id;
     std::string description;
     std::string type;
 };
 
-/// The whole program without a window, loaded for one command: the command works its controls as a
-/// user would. Messages go to standard error.
+/// The whole program without a window. A command loads it and works its controls as a user would.
+/// Messages go to standard error.
 class Program {
 public:
-    /// Loads the program on the folder; forms are shown to the host, which is borrowed and outlives
-    /// it. trial: the folder is a copy that goes again, so nothing of it is kept. Throws
-    /// EngineError.
+    /// Loads the program on the folder. The host works the program's forms; it is borrowed and must
+    /// outlive the program. trial: the folder is a temporary copy, so no copy is kept of it.
+    /// Throws EngineError.
     Program(const std::string& folder, IModalHost& forms, bool trial = false);
-    /// Takes back what was written, when Finish did not make it durable.
+    /// Takes back what was written, unless Finish made it durable.
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
@@ -32,20 +33,20 @@ public:
     frmController& Window() { return controller_; }
     ConsoleMessages& Messages() { return messages_; }
     ConsoleFileDialog& Files() { return files_; }
-    Month PresentMonth() const;
+    [[nodiscard]] Month PresentMonth() const;
 
-    /// Makes durable what was written and unloads it: each command's last step, before it says what
-    /// it did. Throws EngineError when that fails, and Interrupted when the program was told to
-    /// end; nothing is kept then.
+    /// Makes durable what was written and unloads the program. Each command does this last, before
+    /// it prints what it did. Throws EngineError if that fails, and Interrupted if the program was
+    /// told to end; nothing is kept then.
     void Finish();
 
-    /// Chooses the month to show, without showing it yet.
+    /// Chooses the month that the next PressNode or PressAccount shows.
     void ChooseMonth(Month month);
-    /// Presses the tree's node with the tag. Throws RuntimeError when there is none.
+    /// Presses the tree's node with the tag. Throws RuntimeError if there is none.
     void PressNode(const std::string& tag);
     /// Shows the account's register, holdings or loans.
     void PressAccount(const FoundAccount& account);
-    /// Runs a menu's command. Throws RuntimeError (InvalidCall) when it is disabled.
+    /// Runs the command of a menu item. Throws RuntimeError (InvalidCall) if it is disabled.
     void Press(const std::string& item);
 
 private:
@@ -60,14 +61,14 @@ private:
     frmController controller_;
 };
 
-/// Closes every form as by its Cancel button.
+/// Cancels every form.
 class NoForms : public IModalHost {
 public:
     void Run(Form& form) override;
 };
 
-/// By number or, failing that, by description. Throws RuntimeError (ElementNotFound) when there is
-/// none.
-FoundAccount FindAccount(clsDatabase& data, const std::string& account);
+/// Finds an account by its number or, if there is no such number, by its description. Throws
+/// RuntimeError (ElementNotFound) if there is none.
+[[nodiscard]] FoundAccount FindAccount(clsDatabase& data, const std::string& account);
 
 }  // namespace clb

@@ -8,7 +8,8 @@
 namespace clb {
 
 Progress::Progress(std::ostream& stream, std::size_t count, std::chrono::milliseconds pause)
-    : out_(stream.rdbuf()), count_(count), pause_(pause), teller_(StartThread([this] { Tell(); }))
+    : out_(stream.rdbuf()), count_(count), pause_(pause),
+      reporter_(StartThread([this] { Report(); }))
 {
 }
 
@@ -19,7 +20,7 @@ Progress::~Progress()
         end_ = true;
     }
     ended_.notify_one();
-    teller_.join();
+    reporter_.join();
 }
 
 void Progress::Next(const std::string& name)
@@ -29,19 +30,19 @@ void Progress::Next(const std::string& name)
     name_ = name;
 }
 
-void Progress::Tell()
+void Progress::Report()
 {
     std::unique_lock guard(lock_);
     while (!ended_.wait_for(guard, pause_, [this] { return end_; })) {
-        if (number_ == told_)
+        if (number_ == reported_)
             continue;
-        told_ = number_;
+        reported_ = number_;
         try {
             out_ << Printable("Importing " + std::to_string(number_) + " of " +
                               std::to_string(count_) + ": " + name_)
                  << std::endl;
         } catch (const std::bad_alloc&) {
-            // The import itself goes on or tells it.
+            // The import itself may still succeed. If not, it reports the lack of memory.
         }
     }
 }

@@ -1,3 +1,4 @@
+// Reports the progress of a long command.
 #pragma once
 #include <chrono>
 #include <condition_variable>
@@ -9,22 +10,23 @@
 
 namespace clb {
 
-/// Tells on a stream how far a long piece of work is: nothing within the first pause, then at most
-/// once a pause, and only what is new. Writes to the stream as it was in the beginning.
+/// Writes to a stream how far a long command is: nothing during the first pause, then at most one
+/// line per pause, and only if there is progress. Writes to the buffer that the stream has when the
+/// object is made.
 class Progress {
 public:
-    /// Throws RuntimeError (OutOfMemory) if the thread that tells it cannot be started.
+    /// Throws RuntimeError (OutOfMemory) if the thread that reports it cannot be started.
     Progress(std::ostream& stream, std::size_t count,
              std::chrono::milliseconds pause = std::chrono::seconds(1));
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    /// The next of them is begun.
+    /// Reports that work on the next item begins.
     void Next(const std::string& name);
 
 private:
-    void Tell();
+    void Report();
 
     std::ostream out_;
     std::size_t count_;
@@ -34,8 +36,8 @@ private:
     bool end_ = false;
     std::size_t number_ = 0;
     std::string name_;
-    std::size_t told_ = 0;
-    std::thread teller_;
+    std::size_t reported_ = 0;
+    std::thread reporter_;
 };
 
 }  // namespace clb

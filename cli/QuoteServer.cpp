@@ -13,7 +13,7 @@
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "cli/PriceFile.h"
 #include "platform/Signals.h"
 
@@ -27,16 +27,17 @@ struct ServerOptions {
     int port = 8271;
 };
 
-/// The symbol of a request for a quote, as it stands in the address; nothing for other requests.
+/// The symbol of a request for a quote, as the address contains it. Returns nothing for any other
+/// request.
 std::optional<std::string> SymbolOf(std::string_view target)
 {
     constexpr std::string_view before = "/d/quotes.csv?s=";
-    constexpr std::string_view behind = "&f=sl1d1t1c1p2ohgbav&e=.csv";
-    if (target.size() < before.size() + behind.size() || !target.starts_with(before) ||
-        !target.ends_with(behind))
+    constexpr std::string_view after = "&f=sl1d1t1c1p2ohgbav&e=.csv";
+    if (target.size() < before.size() + after.size() || !target.starts_with(before) ||
+        !target.ends_with(after))
         return std::nullopt;
     target.remove_prefix(before.size());
-    target.remove_suffix(behind.size());
+    target.remove_suffix(after.size());
     return std::string(target);
 }
 
@@ -48,7 +49,7 @@ struct Release {
 template <class Thing>
 using Owned = std::unique_ptr<Thing, Release>;
 
-/// Throws std::bad_alloc when the library had no memory for the thing.
+/// Throws std::bad_alloc if the library had no memory for the thing.
 template <class Thing>
 Owned<Thing> Own(Thing* made)
 {
@@ -69,11 +70,11 @@ void Answer(PriceFile& prices, evhttp_request* request)
     const auto symbol = SymbolOf(evhttp_request_get_uri(request));
     if (symbol)
         Send(request, HTTP_OK, "text/csv", QuoteLine(*symbol, prices.Find(*symbol)));
-    else  // No other stock's price for a symbol that the address cuts short.
-        Send(request, HTTP_BADREQUEST, "text/plain", "This is no request for a quote.\r\n");
+    else  // A "#" in a symbol cuts the address short. What is left could be another stock's symbol.
+        Send(request, HTTP_BADREQUEST, "text/plain", "This is not a request for a quote.\r\n");
 }
 
-/// Called with each request for the path of quotes. No exception may pass the library.
+/// Called for each request for the path of quotes. No exception may reach the library.
 void AnswerQuote(evhttp_request* request, void* prices)
 {
     try {
@@ -88,7 +89,8 @@ void AnswerUnknown(evhttp_request* request, void*)
     evhttp_send_reply(request, HTTP_NOTFOUND, nullptr, nullptr);
 }
 
-/// The port that is listened on. Throws RuntimeError when it cannot be.
+/// Binds the server to the port; 0 means any free port. Returns the port. Throws RuntimeError if
+/// that fails.
 int Listen(evhttp& server, int port)
 {
     evhttp_bound_socket* const bound =
@@ -126,7 +128,7 @@ void Serve(const ServerOptions& options)
     std::cout << "Quotes of " << options.prices << " at http://" << kHost << ":" << port
               << " until Ctrl+C" << std::endl;
     event_base_dispatch(loop.get());
-    // Ending it is how it is used.
+    // A signal is the normal end of this command.
     Interruption::Forget();
 }
 

@@ -1,8 +1,8 @@
-#include "automation/ValueJson.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "cli/Program.h"
 #include "cli/Table.h"
+#include "json/ValueJson.h"
 
 #include <iostream>
 #include <memory>
@@ -18,7 +18,7 @@ struct Holding {
     Money lastPrice;
 };
 
-/// In the order in which the update asks for them.
+/// All holdings, in the order in which the update requests their prices.
 std::vector<Holding> Holdings(clsDatabase& data)
 {
     std::vector<Holding> holdings;
@@ -30,8 +30,8 @@ std::vector<Holding> Holdings(clsDatabase& data)
     return holdings;
 }
 
-/// The holdings of the second list as they stood in the first. Another program may have deleted
-/// some meanwhile; one that it has added stands as it is.
+/// The holdings of the second list as they were in the first. Another program may have deleted
+/// holdings meanwhile. A holding that it added is returned as it is.
 std::vector<Holding> AsBefore(const std::vector<Holding>& before, const std::vector<Holding>& after)
 {
     std::vector<Holding> matched = after;
@@ -81,7 +81,7 @@ int Update(const FolderOptions& options)
     const std::vector<Holding> after = Holdings(data);
     const std::vector<Holding> before = AsBefore(first, after);
     std::ostringstream report;
-    report.exceptions(std::ostream::badbit);  // else it ends where memory does
+    report.exceptions(std::ostream::badbit);  // too little memory must not cut it short
     if (options.json)
         PrintJson(report, before, after);
     else

@@ -1,6 +1,6 @@
 #include "cli/Commands.h"
+#include "cli/FolderOptions.h"
 #include "cli/GridOutput.h"
-#include "cli/Options.h"
 #include "cli/Piece.h"
 #include "cli/Program.h"
 
@@ -16,7 +16,7 @@ struct RegisterOptions : FolderOptions {
     bool numbers = false;
 };
 
-/// The columns that name a transaction and its piece, when they are asked for and there are any.
+/// The columns that identify a transaction and its piece, if they are wanted and the view has them.
 std::vector<std::int32_t> Numbers(frmController& window, bool asked)
 {
     if (!asked || window.View().View() != vwAccount)
@@ -39,7 +39,7 @@ Json RegisterJson(frmController& window, const FoundAccount& account,
         {"total", total.ToText()}};
 }
 
-/// Number of the first account that has a register; empty when there is none.
+/// The number of the first account that has a register. Returns an empty text if there is none.
 std::string FirstRegister(clsDatabase& data)
 {
     Recordset accounts;

@@ -1,11 +1,11 @@
-#include "app/DatabaseCheck.h"
-#include "automation/ValueJson.h"
 #include "base/RuntimeError.h"
+#include "check/DatabaseCheck.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "cli/Table.h"
 #include "data/Backups.h"
 #include "engine/EngineError.h"
+#include "json/ValueJson.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
 
@@ -37,7 +37,7 @@ bool Exists(const std::string& path)
     return type != std::filesystem::file_type::not_found;
 }
 
-/// A file as it is named, else the folder's backup of that name.
+/// The file of that name or, if there is none, the folder's backup of that name.
 std::string FindBackup(const Backups& backups, const std::string& word)
 {
     if (Exists(word))

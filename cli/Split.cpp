@@ -1,9 +1,10 @@
-#include "automation/FormSteps.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "cli/Piece.h"
 #include "cli/Program.h"
+#include "json/ValueJson.h"
+#include "user/FormUser.h"
 
 #include <iostream>
 #include <memory>
@@ -15,21 +16,22 @@ struct SplitOptions : FolderOptions, PieceOptions {
     std::optional<std::string> amount;
 };
 
-/// Types the second amount, where one is given, and accepts; cancels what is not accepted.
+/// Types the second amount, if one is given, and presses OK. Cancels the dialog if it does not
+/// accept the amount.
 class AmountChoice : public IModalHost {
 public:
     explicit AmountChoice(const std::optional<std::string>& amount) : amount_(amount) {}
-    /// The amount was taken.
+    /// Whether the dialog accepted the amount.
     bool Accepted() const { return accepted_; }
 
     void Run(Form& form) override
     {
-        using Kind = FormStep::Kind;
+        FormUser user(form);
         if (amount_)
-            PerformStep(form, {Kind::Set, "txtNew", *amount_, 0, {}});
-        accepted_ = PerformStep(form, {Kind::Press, "btnOK", "", 0, {}});
+            user.Set("txtNew", *amount_);
+        accepted_ = user.Press("btnOK");
         if (!accepted_)
-            form.CancelButton()->Press();
+            user.Cancel();
     }
 
 private:
@@ -77,7 +79,7 @@ void SplitTransaction(const SplitOptions& options)
     program.Press("mnuE_Split");
     if (!choice.Accepted())
         throw RuntimeError(errors::TypeMismatch,
-                           "This is no amount: " + options.amount.value_or(""));
+                           "This is not an amount: " + options.amount.value_or(""));
     clsDatabase& data = program.Window().Data();
     const Json first = PieceJson(data, piece.number, piece.piece);
     const Json second = PieceJson(data, piece.number, LastPiece(data, piece.number));

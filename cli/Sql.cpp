@@ -1,9 +1,10 @@
-#include "automation/Statements.h"
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
-#include "cli/Options.h"
+#include "cli/FolderOptions.h"
 #include "engine/Connection.h"
+#include "json/Reply.h"
+#include "json/RunSql.h"
 #include "platform/ProgramFolder.h"
 
 #include <iostream>
@@ -17,14 +18,15 @@ struct SqlOptions {
     std::string statement;
 };
 
-/// The reply's line, complete before anything is made durable.
+/// Runs the SQL statement and returns the reply's line. The line is complete before anything is
+/// made durable, so that too little memory for it takes the statement back.
 std::string Reply(const SqlOptions& options, int& exitCode)
 {
     RemoveProgramLeftovers(options.folder);
     try {
         Connection connection;
         connection.Open("Data Source=" + options.folder + "/db/clb.mdb");
-        std::string reply = ToLine(GoodReply(RunStatement(connection, options.statement)));
+        std::string reply = ToLine(GoodReply(RunSql(connection, options.statement)));
         Interruption::Check();
         connection.Settle();
         exitCode = 0;

@@ -1,3 +1,4 @@
+// Tables of text.
 #pragma once
 #include <iosfwd>
 #include <string>
@@ -5,16 +6,16 @@
 
 namespace clb {
 
-/// Text in columns, each as wide as its widest cell.
+/// A table of text. Each column is as wide as its widest cell.
 class Table {
 public:
-    /// right: figures, which stand at the column's right edge.
+    /// right: aligns the cells right, as numbers are.
     void AddColumn(const std::string& caption, bool right);
-    /// One text for each column.
+    /// Adds a row; cells: one text for each column.
     void AddRow(std::vector<std::string> cells);
-    /// A line of its own across the columns.
+    /// Adds a line of text across all columns.
     void AddLine(const std::string& text);
-    /// Captions, a rule, the rows.
+    /// Prints the captions, a rule and the rows.
     void Print(std::ostream& out) const;
 
 private:
@@ -24,7 +25,7 @@ private:
         std::size_t width = 0;
     };
     struct Row {
-        std::vector<std::string> cells;  ///< empty for a line of its own
+        std::vector<std::string> cells;  ///< empty for a line across all columns
         std::string line;
     };
     void PrintCells(std::ostream& out, const std::vector<std::string>& cells) const;
@@ -33,8 +34,8 @@ private:
     std::vector<Row> rows_;
 };
 
-/// The text without control characters, which a terminal would obey; each becomes a blank, but line
-/// feeds stay. A byte that is not UTF-8 becomes a question mark.
-std::string Printable(std::string text);
+/// Replaces the control characters in a text by spaces, because a terminal would obey them. Keeps
+/// line feeds. Replaces a byte that is not UTF-8 by a question mark.
+[[nodiscard]] std::string Printable(std::string text);
 
 }  // namespace clb

@@ -1,4 +1,5 @@
 #include "base/Interruption.h"
+#include "base/Product.h"
 #include "cli/Commands.h"
 #include "data/Trouble.h"
 #include "platform/Signals.h"
@@ -18,9 +19,11 @@ constexpr int wrongUsage = 2;
 
 int Run(int argc, char** argv)
 {
-    CLI::App app("Corvane Ledgerbook, the personal-finance program, on the command line", "clb");
+    CLI::App app(
+        std::string(clb::product::Title) + ", the personal-finance program, on the command line",
+        "clb");
     app.require_subcommand(1);
-    app.set_version_flag("--version", "Corvane Ledgerbook " CLB_VERSION);
+    app.set_version_flag("--version", clb::product::TitleAndVersion());
     app.failure_message(CLI::FailureMessage::simple);
     int exitCode = 0;
     for (const auto add :
@@ -52,7 +55,7 @@ constexpr char noMemory[] = "clb: There is not enough memory.\n";
     std::set_new_handler(&EndForMemory);
 }
 
-void Tell(const std::string& sentence)
+void Report(const std::string& sentence)
 {
     std::cerr << "clb: " << sentence << '\n';
 }
@@ -64,10 +67,10 @@ int RunReported(int argc, char** argv)
     } catch (const clb::Interrupted&) {
         clb::EndBySignal();
     } catch (const std::bad_alloc&) {
-        std::cerr << noMemory;  // a longer text may need some
+        std::cerr << noMemory;  // no std::string here: it may need memory
         return refused;
     } catch (const std::exception& error) {
-        Tell(clb::TroubleText(error));
+        Report(clb::TroubleText(error));
         return refused;
     }
 }
@@ -80,10 +83,10 @@ int main(int argc, char** argv)
     clb::PrepareProcess();
     const clb::EndingSignals signals(clb::BreakOff::Anywhere);
     const int exitCode = RunReported(argc, argv);
-    // What the command did stays done, whoever reads of it.
+    // The command's effects stay even if its output cannot be written.
     const std::string unwritten = clb::FinishOutput();
     if (!unwritten.empty())
-        Tell(unwritten);
+        Report(unwritten);
     if (clb::Interruption::Asked())
         clb::EndBySignal();
     return exitCode == 0 && !unwritten.empty() ? refused : exitCode;

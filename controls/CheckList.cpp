@@ -1,12 +1,18 @@
 #include "controls/CheckList.h"
 
 #include "base/RuntimeError.h"
+#include "controls/ControlVisitor.h"
 
 namespace clb {
 
 CheckList::CheckList(std::string name, std::vector<std::string> columns)
     : Control(std::move(name)), columns_(std::move(columns))
 {
+}
+
+void CheckList::Accept(ControlVisitor& visitor)
+{
+    visitor.Visit(*this);
 }
 
 void CheckList::Add(std::vector<Value> row)

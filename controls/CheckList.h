@@ -12,6 +12,7 @@ namespace clb {
 class CheckList : public Control {
 public:
     CheckList(std::string name, std::vector<std::string> columns);
+    void Accept(ControlVisitor& visitor) override;
     /// Captions of the columns.
     const std::vector<std::string>& Columns() const { return columns_; }
     const std::vector<std::vector<Value>>& Rows() const { return rows_; }

@@ -41,6 +41,7 @@ private:
 class MenuBar : public Control {
 public:
     using Control::Control;
+    bool TakesFocus() const override { return false; }
     Menu& Add(const std::string& name, const std::string& caption);
     std::deque<Menu>& Menus() { return menus_; }
     /// nullptr when no menu has such an item.
@@ -54,6 +55,7 @@ private:
 class Toolbar : public Control {
 public:
     using Control::Control;
+    bool TakesFocus() const override { return false; }
     struct Button {
         std::string key;
         std::string tip;

@@ -1,6 +1,13 @@
 #include "controls/Control.h"
 
+#include "controls/ControlVisitor.h"
+
 namespace clb {
+
+void Control::Accept(ControlVisitor& visitor)
+{
+    visitor.Other(*this);
+}
 
 void Control::Enabled(bool enabled)
 {

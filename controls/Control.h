@@ -6,6 +6,8 @@
 
 namespace clb {
 
+class ControlVisitor;
+
 /// Where a control stands in its form, in pixels of the form's inner area.
 struct Bounds {
     std::int32_t left = 0;
@@ -24,10 +26,15 @@ public:
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
+    /// Hands the control to the visitor as the kind that it is.
+    virtual void Accept(ControlVisitor& visitor);
+
     const std::string& Name() const { return name_; }
 
     bool Enabled() const { return enabled_; }
     void Enabled(bool enabled);
+    /// Whether the user can give it the focus. Labels and bars never take it.
+    virtual bool TakesFocus() const { return enabled_; }
 
     const Bounds& Place() const { return place_; }
     void Place(const Bounds& place);

@@ -3,12 +3,18 @@
 #include "base/Money.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "controls/ControlVisitor.h"
 
 namespace clb {
 
 Label::Label(std::string name, std::string caption)
     : Control(std::move(name)), caption_(std::move(caption))
 {
+}
+
+void Label::Accept(ControlVisitor& visitor)
+{
+    visitor.Visit(*this);
 }
 
 void Label::Caption(const std::string& caption)
@@ -22,6 +28,11 @@ void Label::Caption(const std::string& caption)
 TextBox::TextBox(std::string name, std::string text)
     : Control(std::move(name)), text_(std::move(text))
 {
+}
+
+void TextBox::Accept(ControlVisitor& visitor)
+{
+    visitor.Visit(*this);
 }
 
 void TextBox::Text(const std::string& text)
@@ -46,6 +57,11 @@ void TextBox::SelectAll()
     selectionStart_ = 0;
     selectionLength_ = Length(text_);
     NotifyChanged();
+}
+
+void ListBox::Accept(ControlVisitor& visitor)
+{
+    visitor.Visit(*this);
 }
 
 void ListBox::Clear()
@@ -85,6 +101,11 @@ Button::Button(std::string name, std::string caption)
 {
 }
 
+void Button::Accept(ControlVisitor& visitor)
+{
+    visitor.Visit(*this);
+}
+
 void Button::Press()
 {
     if (Enabled())
@@ -94,6 +115,11 @@ void Button::Press()
 OptionButton::OptionButton(std::string name, std::string caption)
     : Control(std::move(name)), caption_(std::move(caption))
 {
+}
+
+void OptionButton::Accept(ControlVisitor& visitor)
+{
+    visitor.Visit(*this);
 }
 
 void OptionButton::Choose()
@@ -118,6 +144,11 @@ void OptionButton::Group(std::vector<OptionButton*> options)
 {
     for (OptionButton* option : options)
         option->group_ = options;
+}
+
+void Spinner::Accept(ControlVisitor& visitor)
+{
+    visitor.Visit(*this);
 }
 
 void Spinner::Step(std::int32_t by)

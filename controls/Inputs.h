@@ -11,6 +11,8 @@ namespace clb {
 class Label : public Control {
 public:
     Label(std::string name, std::string caption);
+    void Accept(ControlVisitor& visitor) override;
+    bool TakesFocus() const override { return false; }
     const std::string& Caption() const { return caption_; }
     void Caption(const std::string& caption);
     void PressClick() { click_.emit(); }
@@ -25,6 +27,7 @@ private:
 class TextBox : public Control {
 public:
     explicit TextBox(std::string name, std::string text = "");
+    void Accept(ControlVisitor& visitor) override;
     const std::string& Text() const { return text_; }
     /// A different text raises TextChanged, whoever wrote it; the selection is then dropped.
     void Text(const std::string& text);
@@ -50,6 +53,7 @@ private:
 class ListBox : public Control {
 public:
     using Control::Control;
+    void Accept(ControlVisitor& visitor) override;
     struct Item {
         std::string text;
         std::int32_t data = 0;
@@ -78,6 +82,7 @@ private:
 class Button : public Control {
 public:
     Button(std::string name, std::string caption);
+    void Accept(ControlVisitor& visitor) override;
     const std::string& Caption() const { return caption_; }
     /// Presses it; a disabled button does nothing.
     void Press();
@@ -92,6 +97,7 @@ private:
 class OptionButton : public Control {
 public:
     OptionButton(std::string name, std::string caption);
+    void Accept(ControlVisitor& visitor) override;
     const std::string& Caption() const { return caption_; }
     bool Value() const { return value_; }
     /// Choosing raises Click and drops the other options of the group.
@@ -114,6 +120,7 @@ private:
 class Spinner : public Control {
 public:
     using Control::Control;
+    void Accept(ControlVisitor& visitor) override;
     /// The text box that is stepped; it must outlive the spinner.
     void Attach(TextBox& buddy) { buddy_ = &buddy; }
     /// Adds the number to the box's value. A text that is no number stays as it is.
@@ -127,6 +134,7 @@ private:
 class StatusBar : public Control {
 public:
     StatusBar(std::string name, std::size_t panels);
+    bool TakesFocus() const override { return false; }
     /// 1-based panel.
     const std::string& Panel(std::size_t index) const { return panels_.at(index - 1); }
     void Panel(std::size_t index, const std::string& text);

@@ -4,7 +4,7 @@
 #include <QPushButton>
 #include <QStyle>
 
-#include "app/Product.h"
+#include "base/Product.h"
 #include "data/Trouble.h"
 #include "desktop/DialogParent.h"
 #include "desktop/Icons.h"

@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include "base/Product.h"
+
 namespace clb {
 
 namespace {
@@ -26,8 +28,8 @@ StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCod
     StartOptions options;
     std::string now;
     std::string day;
-    CLI::App app("Corvane Ledgerbook, personal finances in one window", "ledgerbook");
-    app.set_version_flag("--version", "Corvane Ledgerbook " CLB_VERSION);
+    CLI::App app(std::string(product::Title) + ", personal finances in one window", "ledgerbook");
+    app.set_version_flag("--version", product::TitleAndVersion());
     app.add_option("--home", options.home,
                    "Program folder, which holds db/clb.mdb (default: the program's own folder if "
                    "it does, else the user's data folder)")

@@ -2,9 +2,6 @@
 
 namespace clb {
 
-/// Title of the import's message boxes: what the program calls itself.
-inline constexpr const char* kMessageTitle = "Corvane Ledgerbook";
-
 /// How the message begins that lists the skipped lines of a QIF file; each follows on a line.
 inline constexpr const char* kLinesSkipped =
     "Invalid data was found while importing. The following lines were skipped:";

@@ -1,9 +1,9 @@
 #include "import/frmSelectAccount.h"
 
+#include "base/Product.h"
 #include "controls/Tree.h"
 #include "data/NoticedBalances.h"
 #include "data/clsDatabase.h"
-#include "import/Messages.h"
 #include "views/clsView.h"
 
 namespace clb {
@@ -103,7 +103,7 @@ bool frmSelectAccount::CreateAccount()
 {
     if (txtDescription.Text().empty()) {
         messages_.Show("You must enter an account description.", box_style::Critical,
-                       kMessageTitle);
+                       product::Title);
         return false;
     }
     database_.Lock();
@@ -145,7 +145,7 @@ bool frmSelectAccount::MapAccount()
 
 bool frmSelectAccount::Refuse(const std::string& why)
 {
-    messages_.Show(why, box_style::Exclamation, kMessageTitle);
+    messages_.Show(why, box_style::Exclamation, product::Title);
     return false;
 }
 

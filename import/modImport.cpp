@@ -1,10 +1,10 @@
 #include "import/modImport.h"
 
+#include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
 #include "import/FileLines.h"
-#include "import/Messages.h"
 #include "import/StatementFile.h"
 #include "ports/IClock.h"
 #include "ports/IFileDialog.h"
@@ -128,7 +128,7 @@ bool modImport::ImportByFormat(const std::string& path)
         case kMarkup: ImportOFX(path); return true;
         case kQif: ImportQIF(path); return true;
         default:
-            messages_.Show("Invalid file format.", box_style::Critical, kMessageTitle);
+            messages_.Show("Invalid file format.", box_style::Critical, product::Title);
             return false;
     }
 }

@@ -1,6 +1,7 @@
 #include "base/Date.h"
 #include "base/Money.h"
 #include "base/Numeric.h"
+#include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
@@ -226,7 +227,7 @@ void modImport::ImportOFX(const std::string& path)
             messages_.Show("Invalid data was found while importing:\n" +
                                WorkingText(reader, error) +
                                "\n" + reader.Text(),
-                           box_style::Exclamation, kMessageTitle);
+                           box_style::Exclamation, product::Title);
             return false;
         }
     };

@@ -8,6 +8,7 @@
 #include "base/Date.h"
 #include "base/MoneySum.h"
 #include "base/Numeric.h"
+#include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
@@ -282,10 +283,10 @@ void modImport::ImportQIF(const std::string& path)
     if (reader.Skipped().empty())
         return;
     StoreBalances();
-    messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, kMessageTitle);
+    messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, product::Title);
     // The lines alone do not say that nothing is wrong with them.
     if (!reader.UsedUp().empty())
-        messages_.Show(reader.UsedUp(), box_style::Exclamation, kMessageTitle);
+        messages_.Show(reader.UsedUp(), box_style::Exclamation, product::Title);
 }
 
 }  // namespace clb

@@ -17,9 +17,9 @@ using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
 constexpr std::size_t kLongest = 1024 * 1024;     // bytes of a body
-constexpr std::size_t kLongestHead = 256 * 1024;  // less than what libcurl gives up at
+constexpr std::size_t kLongestHead = 256 * 1024;  // libcurl itself gives up later
 constexpr int kMostRedirects = 10;
-constexpr int kStep = 100;  // milliseconds that a request goes on by itself
+constexpr int kStep = 100;  // milliseconds between two calls of the caller's function
 
 struct Release {
     void operator()(CURL* request) const { Curl().easy_cleanup(request); }
@@ -48,7 +48,7 @@ std::string SchemeOf(const std::string& url)
     return ToUpperAscii(url.substr(0, url.find("://")));
 }
 
-/// The host that the address names. Throws PortError when scheme, host or port cannot be asked.
+/// The address's host. Throws PortError if scheme, host or port are not valid.
 std::string HostOf(const std::string& url)
 {
     const std::string place = BeforePath(url);
@@ -71,7 +71,7 @@ bool IsThisMachine(const std::string& host)
     return host.starts_with("127.") || host == "[::1]" || EqualsIgnoringCase(host, "localhost");
 }
 
-/// Blanks and control characters would end the request's line or begin another.
+/// A space would end the request line's address early, and a line break would add a header.
 bool FitsRequestLine(const std::string& url)
 {
     return std::none_of(url.begin(), url.end(), [](char character) {
@@ -80,15 +80,15 @@ bool FitsRequestLine(const std::string& url)
     });
 }
 
-/// What one request brought.
+/// The result of one request.
 struct Answer {
     std::string body;
     std::size_t headSize = 0;
     bool tooLong = false;
-    std::string elsewhere;  ///< where it redirects to; empty when it does not
+    std::string elsewhere;  ///< where it redirects to; empty if it does not
 };
 
-// Called with each piece; taking less than there is ends the request.
+// libcurl calls these with each piece. Returning less than count ends the request.
 
 std::size_t TakeBody(char* bytes, std::size_t, std::size_t count, void* taken)
 {
@@ -110,7 +110,7 @@ std::size_t TakeHead(char*, std::size_t, std::size_t count, void* taken)
 
 void Limit(CURL* request, const HttpLimits& limits, milliseconds left)
 {
-    // A limit of 0 would be none.
+    // 0 would mean no limit.
     left = std::max(left, milliseconds(1));
     Curl().easy_setopt(request, CURLOPT_NOSIGNAL, 1L);
     Curl().easy_setopt(request, CURLOPT_CONNECTTIMEOUT_MS,
@@ -126,7 +126,7 @@ void Take(CURL* request, Answer& answer)
     Curl().easy_setopt(request, CURLOPT_HEADERDATA, &answer);
 }
 
-/// Takes a request step by step.
+/// Runs a request step by step.
 class Steps {
 public:
     explicit Steps(CURL* request) : request_(request), all_(Curl().multi_init())
@@ -143,7 +143,7 @@ public:
     Steps& operator=(const Steps&) = delete;
 
     bool Good() const { return good_; }
-    /// Waits for the next step. False when the request is over.
+    /// Waits for the next step. Returns false once the request is over.
     bool Next() const
     {
         int running = 0;
@@ -168,13 +168,13 @@ private:
 /// Ends the command when the program is told to end.
 void CheckInterruption(CURL* request)
 {
-    // Looking up a name cannot be broken off, and is not waited for then.
+    // A lookup of a host name cannot be cancelled. Do not wait for it.
     if (Interruption::Asked())
         Curl().easy_setopt(request, CURLOPT_QUICK_EXIT, 1L);
     Interruption::Check();
 }
 
-/// The request in steps, so that between them the caller may do something else.
+/// Runs the request in steps, so that the caller can do something else between them.
 CURLcode PerformWaiting(CURL* request, const std::function<void()>& waiting)
 {
     const Steps steps(request);
@@ -188,7 +188,7 @@ CURLcode PerformWaiting(CURL* request, const std::function<void()>& waiting)
     return steps.Result();
 }
 
-/// Makes the request. Throws PortError when there is no answer, not even a part of one.
+/// Makes the request. Throws PortError if no answer arrives, not even a part of one.
 void Perform(CURL* request, const std::string& url, Answer& answer,
              const std::function<void()>& waiting)
 {
@@ -196,7 +196,7 @@ void Perform(CURL* request, const std::string& url, Answer& answer,
     Curl().easy_setopt(request, CURLOPT_ERRORBUFFER, reason.data());
     const CURLcode result = PerformWaiting(request, waiting);
     Curl().easy_setopt(request, CURLOPT_ERRORBUFFER, nullptr);
-    // The connection of an answer may end before the answer does.
+    // The connection ended before the answer was complete.
     const bool cutOff =
         result == CURLE_PARTIAL_FILE || (result == CURLE_RECV_ERROR && !answer.body.empty());
     if (result != CURLE_OK && !answer.tooLong && !cutOff)

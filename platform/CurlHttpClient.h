@@ -1,3 +1,4 @@
+// HTTP over libcurl.
 #pragma once
 #include <chrono>
 #include <functional>
@@ -10,32 +11,31 @@ namespace clb {
 
 /// How long one request may take.
 struct HttpLimits {
-    std::chrono::milliseconds connect{10'000};  ///< until there is a connection
-    std::chrono::milliseconds whole{30'000};    ///< until the answer's end, redirects included
+    std::chrono::milliseconds connect{10'000};  ///< to connect
+    std::chrono::milliseconds whole{30'000};    ///< to the end of the answer, redirects included
 };
 
 struct HttpSettings {
-    std::string agent;    ///< what the program calls itself to the service
-    bool direct = false;  ///< never by way of the system's proxy
+    std::string agent;    ///< the User-Agent header
+    bool direct = false;  ///< never uses the system's proxy
     HttpLimits limits;
-    /// Told each address before its request is sent, redirects aside; may be empty.
+    /// Called with each address before its request is sent, but not for redirects; may be empty.
     std::function<void(const std::string& url)> sending;
-    /// Called again and again, about ten times a second, while an answer is awaited; may be empty.
+    /// Called about ten times a second while the answer is on its way; may be empty.
     std::function<void()> waiting = {};
 };
 
-/// The real network. The proxy is the one that the environment names (http_proxy, https_proxy,
-/// all_proxy, no_proxy); this machine itself is always reached without it. Redirects are followed
-/// within the scheme of the address, any other redirect is an answer like all others. Nothing of
-/// one request is kept for the next.
+/// The real network. Uses the proxy of the environment (http_proxy, https_proxy, all_proxy,
+/// no_proxy), but never for this machine itself. Follows redirects that keep the address's scheme;
+/// any other redirect is returned as the answer. Each request is independent of the others.
 class CurlHttpClient : public IHttpClient {
 public:
     explicit CurlHttpClient(HttpSettings settings);
 
-    /// The address stands in the request as it is, but for a fragment ("#..."), which no request
-    /// carries. An answer whose connection ends early is what has come of it. Throws PortError
-    /// (NetworkFailure) when the part of the address before the path is no place to ask, nobody is
-    /// there or answers, or the time is over; Interrupted when the program is told to end.
+    /// Sends the address as it is, without its fragment ("#..."). If the connection ends early,
+    /// returns what has arrived. Throws PortError (NetworkFailure) if scheme, host or port are not
+    /// valid, the host cannot be reached, or the time is up. Throws Interrupted if the program is
+    /// told to end.
     std::optional<std::string> Get(const std::string& url) override;
 
 private:

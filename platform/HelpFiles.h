@@ -1,10 +1,11 @@
+// The manual that is compiled into the program.
 #pragma once
 #include "base/EmbeddedFiles.h"
 
 namespace clb {
 
-/// The manual: its pages (index.html is the first), their style and their pictures, all for one
+/// The files of the manual: pages (the first is index.html), style and pictures. All go into one
 /// folder. Embedded from help/.
-EmbeddedFiles HelpFiles();
+[[nodiscard]] EmbeddedFiles HelpFiles();
 
 }  // namespace clb

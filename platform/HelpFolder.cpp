@@ -16,14 +16,14 @@
 namespace clb {
 namespace {
 
-/// Says which manual lies beside it. Written last and removed first, so that one left half written
-/// is never taken for whole.
+/// Holds the version of the manual in the same folder. It is written last and removed first, so
+/// that a half-written manual never counts as complete.
 std::string VersionFile(const std::string& help)
 {
     return help + "/version";
 }
 
-/// Empty where there is no manual that was written to its end.
+/// Returns an empty text if there is no complete manual.
 std::string VersionOf(const std::string& help)
 {
     try {

@@ -1,15 +1,16 @@
+// Puts the manual into the program folder.
 #pragma once
 #include <string>
 
 namespace clb {
 
-/// Folder of a program folder's manual.
-std::string HelpFolder(const std::string& folder);
+/// The folder of the manual in a program folder.
+[[nodiscard]] std::string HelpFolder(const std::string& folder);
 
-/// Brings the manual in the program folder, which must exist, to the one that this program carries,
-/// for the user alone; does nothing more than look when it is there already. Other files in its
-/// folder stay. Help is not worth refusing anything: what cannot be written is left out silently,
-/// and the next call tries again. Returns whether the manual is there now.
+/// Writes the manual that this program carries into the program folder, which must exist; only the
+/// user can read it. Does nothing if the same manual is already there. Leaves other files in the
+/// manual's folder as they are. A missing manual must not stop the program: errors are ignored, and
+/// the next call tries again. Returns whether the manual is complete now.
 bool DeliverHelp(const std::string& folder) noexcept;
 
 }  // namespace clb

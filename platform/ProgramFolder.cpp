@@ -87,7 +87,7 @@ void RemoveProgramLeftovers(const std::string& folder) noexcept
         for (const char* place : {"/db", "/db/backup"})
             RemoveUnfinishedIn(folder + place);
     } catch (const std::bad_alloc&) {
-        return;  // the next start tries again
+        return;  // The next start tries again.
     }
 }
 

@@ -1,3 +1,4 @@
+// Finds the program folder and makes new ones.
 #pragma once
 #include <optional>
 #include <string>
@@ -5,39 +6,38 @@
 
 namespace clb {
 
-/// Where the program folder may be; paths without a trailing slash, empty when unknown.
+/// Where the program folder may be. Paths have no trailing slash and are empty if unknown.
 struct FolderPlaces {
     std::optional<std::string> home;  ///< named by the user
-    std::string executableFolder;     ///< where the running program stands
+    std::string executableFolder;     ///< the folder of the running program
     std::string dataHome;             ///< the user's folder for programs' data
 };
 
-/// The program folder among the places, in this order: the one named by the user; the executable's
-/// own when it holds db/clb.mdb (a portable copy); "corvane-ledgerbook" in the user's data folder.
-std::string ProgramFolder(const FolderPlaces& places);
+/// Chooses the program folder: the one that the user named; else the executable's folder if it
+/// holds db/clb.mdb (a portable copy); else "corvane-ledgerbook" in the user's data folder.
+[[nodiscard]] std::string ProgramFolder(const FolderPlaces& places);
 
-/// The places of the running program. dataHome is $XDG_DATA_HOME when that is an absolute path,
-/// else
+/// The places of the running program. dataHome is $XDG_DATA_HOME if that is an absolute path, else
 /// ~/.local/share.
-FolderPlaces PlacesOf(const std::optional<std::string>& home);
+[[nodiscard]] FolderPlaces PlacesOf(const std::optional<std::string>& home);
 
 /// Whether the folder holds a database.
-bool HoldsDatabase(const std::string& folder);
-/// Whether the folder has never held one: nothing has its name, and there are no backups. What has
-/// gone missing is not replaced by an empty database.
-bool IsUnused(const std::string& folder);
-/// Path of the folder's database.
-std::string DatabasePath(const std::string& folder);
+[[nodiscard]] bool HoldsDatabase(const std::string& folder);
+/// Whether the folder has never held a database: there is no file of that name and no backup. A
+/// database that has gone missing must not be replaced by an empty one.
+[[nodiscard]] bool IsUnused(const std::string& folder);
+/// The path of the folder's database.
+[[nodiscard]] std::string DatabasePath(const std::string& folder);
 
-/// Makes a program folder with the delivered database and the manual; folders that are missing are
-/// made for the user alone, and so is the file. Throws PortError: FileAlreadyExists when the folder
-/// holds a database already (it is left as it is), PathAccess when something cannot be written
-/// (nothing half written stays).
+/// Makes a program folder with the given database and the manual. Makes missing folders. Only the
+/// user can read them and the database. Throws PortError: FileAlreadyExists if the folder already
+/// holds a database (which stays as it is), PathAccess if something cannot be written (no
+/// half-written file stays).
 void DeliverFolder(const std::string& folder, std::string_view database);
 
-/// Removes the unfinished files, copies of the database and temporary folders that ended programs
-/// have left, in the program folder and where the system keeps temporary files. For the start of a
-/// program that opens the folder's book.
+/// Removes unfinished files, copies of the database and temporary folders that earlier runs left in
+/// the program folder and in the system's folder for temporary files. Called when a program that
+/// opens the folder's book starts.
 void RemoveProgramLeftovers(const std::string& folder) noexcept;
 
 }  // namespace clb

@@ -14,13 +14,13 @@ namespace {
 
 constexpr int kEnding[] = {SIGTERM, SIGINT, SIGHUP};
 
-std::atomic<int> wake = -1;  // the pipe's end that the handler writes to
-int woken = -1;              // its other end
+std::atomic<int> wake = -1;  // the end of the pipe that the handler writes to
+int woken = -1;              // the end that becomes readable
 pthread_t mainThread;
-sigset_t remembered;
+sigset_t recorded;
 
-/// Only the main thread waits for anything, so the others hand the signal on to it.
-void Remember(int signal)
+/// Only the main thread waits for anything, so other threads pass the signal on to it.
+void Record(int signal)
 {
     const int before = errno;
     if (!pthread_equal(pthread_self(), mainThread)) {
@@ -28,7 +28,7 @@ void Remember(int signal)
     } else if (!Interruption::Asked()) {
         Interruption::Ask(signal);
         [[maybe_unused]] const ssize_t written = ::write(wake, "", 1);
-    } else if (signal != SIGHUP) {  // a closing terminal sends that one twice
+    } else if (signal != SIGHUP) {  // a closing terminal sends SIGHUP twice
         ::signal(signal, SIG_DFL);
         ::raise(signal);
     }
@@ -47,7 +47,7 @@ void PrepareProcess()
 {
     ::signal(SIGPIPE, SIG_IGN);
     ::signal(SIGXFSZ, SIG_IGN);
-    // Opened the wrong way round, so that using one is the error that it would have been.
+    // Opened for the wrong direction, so that using a closed stream is still an error.
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (::fcntl(stream, F_GETFD) < 0)
             ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
@@ -62,13 +62,13 @@ EndingSignals::EndingSignals(BreakOff where)
         woken = ends[0];
         wake = ends[1];
     }
-    sigemptyset(&remembered);
+    sigemptyset(&recorded);
     struct sigaction action {};
-    action.sa_handler = &Remember;  // without SA_RESTART: what waits, wakes up
+    action.sa_handler = &Record;  // without SA_RESTART: a waiting system call returns
     for (const int signal : kEnding) {
         if (IsIgnored(signal))
             continue;
-        sigaddset(&remembered, signal);
+        sigaddset(&recorded, signal);
         ::sigaction(signal, &action, nullptr);
     }
 }
@@ -76,9 +76,9 @@ EndingSignals::EndingSignals(BreakOff where)
 EndingSignals::~EndingSignals()
 {
     for (const int signal : kEnding)
-        if (sigismember(&remembered, signal) == 1)
+        if (sigismember(&recorded, signal) == 1)
             ::signal(signal, SIG_DFL);
-    sigemptyset(&remembered);
+    sigemptyset(&recorded);
     ::close(wake.exchange(-1));
     ::close(std::exchange(woken, -1));
 }

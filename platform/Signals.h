@@ -1,16 +1,17 @@
+// What the program does when a signal tells it to end.
 #pragma once
 #include "base/Interruption.h"
 
 namespace clb {
 
-/// To be called first in a program: errors in writing come as errors, not as signals that end the
-/// program, and no file that is opened takes the number of a closed standard stream.
+/// Call this first in a program. From then on a failed write is an error instead of a signal that
+/// ends the program, and no opened file gets the number of a closed standard stream.
 void PrepareProcess();
 
-/// While it lives, the signals that tell the program to end (SIGTERM, SIGINT, SIGHUP) are only
-/// remembered (base/Interruption.h), so that commands take back what they wrote and remove their
-/// temporary files. A second signal ends the program at once. Signals that the program was started
-/// to ignore, as nohup does, stay ignored. One at a time, made on the main thread.
+/// While an object exists, the signals that tell the program to end (SIGTERM, SIGINT, SIGHUP) are
+/// only recorded (base/Interruption.h), so that commands can take back what they wrote and remove
+/// their temporary files. A second signal ends the program at once. A signal that the program was
+/// started to ignore (nohup does that) stays ignored. Make one object only, on the main thread.
 class EndingSignals {
 public:
     explicit EndingSignals(BreakOff where);
@@ -18,11 +19,11 @@ public:
     EndingSignals(const EndingSignals&) = delete;
     EndingSignals& operator=(const EndingSignals&) = delete;
 
-    /// Becomes readable when a signal has come; -1 when none is remembered.
-    static int Descriptor();
+    /// A file descriptor that becomes readable when a signal arrives; -1 if no object exists.
+    [[nodiscard]] static int Descriptor();
 };
 
-/// Ends the process by the signal that has been remembered, so that its exit status tells.
+/// Ends the process by the recorded signal, so that its exit status shows the signal.
 [[noreturn]] void EndBySignal();
 
 }  // namespace clb

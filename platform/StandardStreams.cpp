@@ -13,8 +13,8 @@
 namespace clb {
 namespace {
 
-/// What went wrong while the command still ran. Something was lost then, so one line end more does
-/// no harm.
+/// Finds out why a write failed earlier, while the command still ran, by writing again. Some output
+/// is lost already, so one more line end does no harm.
 int ReasonOfLostOutput()
 {
     std::clearerr(stdout);
@@ -24,7 +24,7 @@ int ReasonOfLostOutput()
 
 }  // namespace
 
-/// False when the program is told to end.
+/// Returns false if the program is told to end.
 bool StandardInput::WaitForInput() const
 {
     pollfd waiting[] = {{STDIN_FILENO, POLLIN, 0}, {wake_, POLLIN, 0}};
@@ -33,7 +33,7 @@ bool StandardInput::WaitForInput() const
         if (ready > 0 && waiting[0].revents != 0)
             break;
         if (ready < 0 && errno != EINTR)
-            break;  // reading tells what is wrong
+            break;  // read() reports the error
     }
     return !Interruption::Asked();
 }
@@ -60,10 +60,10 @@ std::string FinishOutput()
     if (std::cout && written)
         return "";
     const int reason = errno != 0 ? errno : ReasonOfLostOutput();
-    std::string told = "Standard output cannot be written";
+    std::string message = "Standard output cannot be written";
     if (reason != 0)
-        told.append(": ").append(std::strerror(reason));
-    return told + ".";
+        message.append(": ").append(std::strerror(reason));
+    return message + ".";
 }
 
 }  // namespace clb

@@ -1,3 +1,4 @@
+// Standard input that a signal can end, and errors of standard output.
 #pragma once
 #include <array>
 #include <streambuf>
@@ -5,11 +6,10 @@
 
 namespace clb {
 
-/// Standard input for a std::istream. It ends at the end of input and when the program is told to
-/// end.
+/// Standard input for a std::istream. It ends when the input ends or the program is told to end.
 class StandardInput : public std::streambuf {
 public:
-    /// wake becomes readable when the program is told to end; -1: it never is.
+    /// wake: a descriptor that becomes readable when the program is told to end; -1 for none.
     explicit StandardInput(int wake) : wake_(wake) {}
 
 protected:
@@ -22,8 +22,8 @@ private:
     std::array<char, 1 << 16> buffer_{};
 };
 
-/// Writes out what std::cout still holds. Returns the sentence that tells that something which was
-/// printed could not be written; empty if all was.
-std::string FinishOutput();
+/// Flushes std::cout. Returns an error message if anything that was printed could not be written,
+/// else an empty text.
+[[nodiscard]] std::string FinishOutput();
 
 }  // namespace clb

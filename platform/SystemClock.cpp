@@ -31,8 +31,8 @@ std::time_t MomentOf(const Date& date)
     return std::mktime(&local);
 }
 
-/// Offset in force nearest to the moment with daylight time on or off: looks at the half year
-/// around it, month by month, since the C library names only the present offset.
+/// The offset from UTC with daylight time on or off, as in force nearest to the moment. The C
+/// library reports one moment's offset only, so this looks at six months before and after.
 std::optional<std::int32_t> OffsetNear(std::time_t moment, bool daylight)
 {
     constexpr std::time_t month = 30 * 24 * 3600;
@@ -66,7 +66,7 @@ modCommon::ZoneInformation ZoneAt(std::time_t moment)
 Date SystemClock::Now() const
 {
     const std::tm local = LocalTime(std::time(nullptr));
-    // A leap second has no place on the program's clock.
+    // Date has no leap seconds.
     const int second = local.tm_sec > 59 ? 59 : local.tm_sec;
     return Date::Of(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,
                     local.tm_min, second)

@@ -1,3 +1,4 @@
+// The machine's clock, and one that is stopped.
 #pragma once
 #include "ports/IClock.h"
 
@@ -6,7 +7,7 @@
 
 namespace clb {
 
-/// The machine's own clock, in the time zone of TZ or of the system.
+/// The machine's own clock, in the time zone of TZ or else of the system.
 class SystemClock : public IClock {
 public:
     Date Now() const override;
@@ -14,8 +15,8 @@ public:
     modCommon::ZoneInformation Zone() const override;
 };
 
-/// A clock that stands at one local date and time. The tick count runs on, and the zone is what the
-/// machine's zone was or will be at that moment.
+/// A clock that is stopped at one local date and time. The tick count runs on. The zone is the
+/// machine's zone at that date and time.
 class FixedClock : public IClock {
 public:
     explicit FixedClock(const Date& now) : now_(now) {}
@@ -28,8 +29,8 @@ private:
     SystemClock system_;
 };
 
-/// What the C library knows of the machine's time zone at a moment. A zone that has no daylight
-/// time in that year is in no known state, and both of its extra biases are 0.
-modCommon::ZoneInformation ZoneAt(std::time_t moment);
+/// The machine's time zone at a moment, from the C library. If the zone has no daylight time in
+/// that year, its state is Unknown and both extra biases are 0.
+[[nodiscard]] modCommon::ZoneInformation ZoneAt(std::time_t moment);
 
 }  // namespace clb

@@ -1,3 +1,4 @@
+// The machine's clock, as the program needs it.
 #pragma once
 #include <cstdint>
 
@@ -11,10 +12,11 @@ class IClock {
 public:
     virtual ~IClock() = default;
     /// Local date and time.
-    virtual Date Now() const = 0;
-    /// Milliseconds since some start, wrapping at 32 bits; runs on when the clock is held still.
-    virtual std::uint32_t TickCount() const = 0;
-    virtual modCommon::ZoneInformation Zone() const = 0;
+    [[nodiscard]] virtual Date Now() const = 0;
+    /// Milliseconds since an arbitrary start, wrapping at 32 bits. Runs on even if the clock is
+    /// stopped.
+    [[nodiscard]] virtual std::uint32_t TickCount() const = 0;
+    [[nodiscard]] virtual modCommon::ZoneInformation Zone() const = 0;
 };
 
 }  // namespace clb

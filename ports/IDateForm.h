@@ -1,3 +1,4 @@
+// How dates are written for the user.
 #pragma once
 #include <optional>
 #include <string>
@@ -7,13 +8,13 @@
 
 namespace clb {
 
-/// The form in which grid cells show and take dates.
+/// The format in which grid cells show and take dates.
 class IDateForm {
 public:
     virtual ~IDateForm() = default;
-    virtual std::string Format(const Date& date) const = 0;
-    /// Takes the form of Format and always yyyy-mm-dd; nothing for other texts.
-    virtual std::optional<Date> Read(std::string_view text) const = 0;
+    [[nodiscard]] virtual std::string Format(const Date& date) const = 0;
+    /// Reads a date in the format of Format or as yyyy-mm-dd. Returns nothing for any other text.
+    [[nodiscard]] virtual std::optional<Date> Read(std::string_view text) const = 0;
 };
 
 /// Dates as yyyy-mm-dd.

@@ -1,3 +1,4 @@
+// The dialogs in which the user chooses a file.
 #pragma once
 #include <cstdint>
 #include <optional>
@@ -5,7 +6,7 @@
 
 namespace clb {
 
-/// Flags of a file dialog that the program uses.
+/// The flags of a file dialog that the program uses.
 namespace file_flags {
 inline constexpr std::int32_t OverwritePrompt = 2;
 inline constexpr std::int32_t HideReadOnly = 4;
@@ -16,12 +17,12 @@ inline constexpr std::int32_t FileMustExist = 4096;
 /// How a file dialog opens.
 struct FileQuestion {
     bool save = false;
-    std::string filter;            ///< pairs of description and pattern, divided and ended by "|"
-    std::int32_t filterIndex = 1;  ///< 1-based pair
+    std::string filter;            ///< pairs of description and pattern; "|" ends each part
+    std::int32_t filterIndex = 1;  ///< the pair chosen at first, from 1
     std::int32_t flags = 0;        ///< sum of file_flags
     std::string title;             ///< empty: the dialog's own
     std::string folder;            ///< empty: the last one used
-    std::string name;              ///< file name it opens with
+    std::string name;              ///< the file name shown at first
     std::string defaultExtension;  ///< added to a name typed without one; empty: none
 };
 
@@ -37,8 +38,8 @@ struct FileChoice {
 class IFileDialog {
 public:
     virtual ~IFileDialog() = default;
-    /// Nothing when the user cancels.
-    virtual std::optional<FileChoice> Ask(const FileQuestion& question) = 0;
+    /// Returns nothing if the user cancels.
+    [[nodiscard]] virtual std::optional<FileChoice> Ask(const FileQuestion& question) = 0;
 };
 
 }  // namespace clb

@@ -1,13 +1,14 @@
+// Message boxes: their styles and answers.
 #pragma once
 #include <cstdint>
 #include <string>
 
 namespace clb {
 
-/// Which button closed a message box.
+/// The button that closed a message box.
 enum class BoxAnswer { OK, Cancel, Yes, No };
 
-/// What a message box looks like: one icon plus one set of buttons.
+/// The style of a message box: one icon plus one set of buttons.
 namespace box_style {
 inline constexpr std::int32_t OkOnly = 0;
 inline constexpr std::int32_t YesNo = 4;
@@ -28,11 +29,11 @@ constexpr std::int32_t Icon(std::int32_t style)
 }
 }  // namespace box_style
 
-/// Tells the user something and waits for a button.
+/// Shows the user a message and waits for a button.
 class IMessageBox {
 public:
     virtual ~IMessageBox() = default;
-    /// style: icon + buttons of box_style. A text may be as long as a whole file.
+    /// style: icon + buttons of box_style. The text may be as long as a whole file.
     virtual BoxAnswer Show(const std::string& text, std::int32_t style,
                            const std::string& title) = 0;
 };

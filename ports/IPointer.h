@@ -1,3 +1,4 @@
+// The mouse pointer.
 #pragma once
 #include <cstdint>
 
@@ -13,7 +14,7 @@ inline constexpr std::int32_t Hourglass = 11;
 class IPointer {
 public:
     virtual ~IPointer() = default;
-    virtual std::int32_t Pointer() const = 0;
+    [[nodiscard]] virtual std::int32_t Pointer() const = 0;
     virtual void Pointer(std::int32_t code) = 0;
 };
 

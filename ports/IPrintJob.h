@@ -1,3 +1,4 @@
+// Printing.
 #pragma once
 #include <string>
 
@@ -7,8 +8,8 @@ namespace clb {
 class IPrintJob {
 public:
     virtual ~IPrintJob() = default;
-    /// Shows the system's print dialog for an HTML file and returns when printing has ended. A job
-    /// that cannot be waited for is not. Throws PortError when it could not be started.
+    /// Shows the system's print dialog for an HTML file. Returns when printing has ended, if the
+    /// system lets a program wait for that. Throws PortError if printing could not be started.
     virtual void Print(const std::string& file) = 0;
 };
 

@@ -1,13 +1,14 @@
+// The web browser and the help viewer.
 #pragma once
 #include <string>
 
 namespace clb {
 
-/// The desktop around the program: its web browser and its help viewer.
+/// The desktop's web browser and help viewer.
 class IShell {
 public:
     virtual ~IShell() = default;
-    /// Opens a web address in the default browser; nothing else is opened. Failures are not
+    /// Opens a web address in the default browser. Ignores any other address. Failures are not
     /// reported.
     virtual void Open(const std::string& address) = 0;
     /// Opens a help file at its first page. Failures are not reported.

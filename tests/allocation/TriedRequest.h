@@ -2,7 +2,7 @@
 #include <string>
 #include <vector>
 
-#include "automation/ValueJson.h"
+#include "json/ValueJson.h"
 #include "tests/allocation/Tries.h"
 
 namespace clb {

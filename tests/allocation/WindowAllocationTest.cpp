@@ -8,11 +8,11 @@
 #include <memory>
 
 #include "app/frmController.h"
-#include "automation/FormSteps.h"
 #include "desktop/UserEvents.h"
 #include "tests/allocation/Tries.h"
 #include "tests/support/CheckingBook.h"
 #include "tests/support/FakeOutside.h"
+#include "user/FormUser.h"
 
 namespace clb {
 namespace {
@@ -173,11 +173,11 @@ TEST_P(WindowAllocationTest, InAQifImportIntoANewAccount)
     Open();
     window_->files.answers = {file};
     window_->modal.steps = {[](Form& form) {
-        using Kind = FormStep::Kind;
-        PerformStep(form, {Kind::Option, "optAccount(0)", "", 0, {}});
-        PerformStep(form, {Kind::Set, "txtDescription", "Savings", 0, {}});
-        PerformStep(form, {Kind::Choose, "cmbAccountType", "Bank", 0, {}});
-        PerformStep(form, {Kind::Press, "btnOK", "", 0, {}});
+        FormUser user(form);
+        user.Option("optAccount(0)");
+        user.Set("txtDescription", "Savings");
+        user.Choose("cmbAccountType", "Bank");
+        user.Press("btnOK");
     }};
     EXPECT_THAT(Try(Press("mnuF_Import"), true, 2), IsEmpty());
 }
@@ -222,7 +222,7 @@ TEST_P(WindowAllocationTest, InASplit)
     window_->controller.Grid.Component().BeginEdit(0);
     window_->controller.Grid.CancelEdit();
     window_->modal.steps = {[](Form& form) {
-        PerformStep(form, {FormStep::Kind::Press, "btnOK", "", 0, {}});
+        FormUser(form).Press("btnOK");
     }};
     EXPECT_THAT(Try(Press("mnuE_Split")), IsEmpty());
 }
@@ -256,8 +256,9 @@ TEST_P(WindowAllocationTest, InTheOptions)
 {
     Open();
     window_->modal.steps = {[](Form& form) {
-        PerformStep(form, {FormStep::Kind::Check, "", "", 0, {}, 1, false});
-        PerformStep(form, {FormStep::Kind::Press, "btnOK", "", 0, {}});
+        FormUser user(form);
+        user.Check(1, false);
+        user.Press("btnOK");
     }};
     EXPECT_THAT(Try(Press("mnuT_Options")), IsEmpty());
 }

@@ -1,4 +1,4 @@
-// The folders of the program form a ladder: each folder includes only folders above it.
+// The folders of the program form a ladder. A folder includes only folders above it.
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,9 @@ const std::map<std::string, std::set<std::string>> kLadder = {
     {"files", {"base"}},
     {"ports", {"base"}},
     {"engine", {"base", "files"}},
+    {"json", {"base", "engine"}},
     {"controls", {"base", "ports", "engine"}},
+    {"user", {"base", "controls"}},
     {"data", {"base", "files", "engine"}},
     {"grid", {"base", "files", "ports", "engine", "controls", "data"}},
     {"views", {"base", "ports", "engine", "controls", "data", "grid"}},
@@ -32,13 +34,14 @@ const std::map<std::string, std::set<std::string>> kLadder = {
     {"app",
      {"base", "files", "ports", "engine", "controls", "data", "grid", "views", "import", "export",
       "quotes"}},
+    {"check", {"base", "engine", "data", "views"}},
     {"platform", {"base", "files", "ports"}},
     {"automation",
-     {"base", "files", "ports", "engine", "controls", "data", "grid", "views", "import", "export",
-      "quotes", "app", "platform"}},
+     {"base", "files", "ports", "engine", "json", "controls", "user", "data", "grid", "views",
+      "import", "export", "quotes", "app", "platform"}},
     {"cli",
-     {"base", "files", "ports", "engine", "controls", "data", "grid", "views", "import", "export",
-      "quotes", "app", "platform", "automation"}},
+     {"base", "files", "ports", "engine", "json", "controls", "user", "data", "grid", "views",
+      "import", "export", "quotes", "app", "check", "platform", "automation"}},
     {"desktop",
      {"base", "files", "ports", "engine", "controls", "data", "grid", "views", "import", "export",
       "quotes", "app", "platform", "automation"}},
@@ -106,6 +109,14 @@ TEST(LadderTest, OnlyTheWindowSeesItsToolkit)
             for (const std::string& name : IncludesOf(source))
                 EXPECT_FALSE(name.starts_with('Q') && folder != "desktop")
                     << source.string() << " includes " << name;
+}
+
+TEST(LadderTest, OnlyOneCommandIncludesTheAutomation)
+{
+    for (const fs::path& source : SourcesOf("cli"))
+        for (const std::string& name : IncludesOf(source))
+            EXPECT_TRUE(!name.starts_with("automation/") || source.filename() == "Automate.cpp")
+                << source.string() << " includes " << name;
 }
 
 TEST(LadderTest, EverySourceFolderIsOnTheLadder)

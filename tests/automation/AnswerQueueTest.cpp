@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::int32_t yesNo = box_style::YesNo + box_style::Question;
 
-TEST(AnswerQueueTest, AQuestionTakesTheHeadThatFits)
+TEST(AnswerQueueTest, AQuestionTakesTheFirstAnswerIfItFits)
 {
     AnswerQueue answers;
     answers.Add(BoxReply{BoxAnswer::Yes});
@@ -18,7 +18,7 @@ TEST(AnswerQueueTest, AQuestionTakesTheHeadThatFits)
     EXPECT_FALSE(answers.TakeForBox(yesNo));
 }
 
-TEST(AnswerQueueTest, AHeadOfAnotherKindStaysAndHidesWhatIsBehindIt)
+TEST(AnswerQueueTest, AnAnswerOfAnotherKindStaysFirstAndBlocksTheOthers)
 {
     AnswerQueue answers;
     answers.Add(FileReply{"/home/me/march.ofx"});

@@ -1,5 +1,6 @@
 #include "automation/FormSteps.h"
 #include "automation/Request.h"
+#include "user/FormUser.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +24,8 @@ protected:
 
     bool Do(const char* step)
     {
-        return PerformStep(form_, ReadSteps(Json::array({Json::parse(step)}), false).at(0));
+        FormUser user(form_);
+        return ReadSteps(Json::array({Json::parse(step)}), false).at(0).work(user);
     }
 
     Form form_{"frmTest", "Test"};
@@ -82,9 +84,9 @@ TEST_F(FormStepsTest, AControlOfAnotherKindOrNameRefuses)
     EXPECT_FALSE(Do(R"({"press":"btnCancel"})"));
 }
 
-TEST_F(FormStepsTest, WhatIsNoStepIsAnError)
+TEST_F(FormStepsTest, WhatIsNotAStepIsAnError)
 {
-    const auto read = [](const char* steps) { ReadSteps(Json::parse(steps), false); };
+    const auto read = [](const char* steps) { return ReadSteps(Json::parse(steps), false); };
 
     EXPECT_THROW(read(R"([{"wave":"btnOK"}])"), RequestError);
     EXPECT_THROW(read(R"([{"set":"txtName"}])"), RequestError);

@@ -96,7 +96,7 @@ TEST_F(BackupTest, WhatKilledProgramsLeftBesideTheBookGoesWithTheNextCommand)
     EXPECT_FALSE(folder.Holds("stick/old.mdb.new-" + ended));
 }
 
-TEST_F(BackupTest, ABackupGoesToAFileThatIsNotThereYet)
+TEST_F(BackupTest, ABackupNeedsAFileThatDoesNotExist)
 {
     const std::string file = "'" + folder.Path("stick.mdb") + "'";
     ASSERT_EQ(Run("backup " + file + Home()), 0) << Err();
@@ -111,7 +111,7 @@ TEST_F(BackupTest, ABackupGoesToAFileThatIsNotThereYet)
     EXPECT_FALSE(folder.Holds("books/db/backup"));
 }
 
-TEST_F(BackupTest, AnUnknownBackupIsToldWithThoseThereAre)
+TEST_F(BackupTest, AnUnknownBackupIsReportedWithTheExistingOnes)
 {
     folder.Write("books/db/backup/clb-2026-11-20.mdb", "");
     folder.Write("books/db/backup/clb-2026-11-21.mdb", "");
@@ -189,7 +189,7 @@ TEST_F(BackupTest, OfADamagedBackupAnotherOneIsAdvised)
     EXPECT_TRUE(folder.Read("books/db/clb.mdb") == whole);
 }
 
-TEST_F(BackupTest, AFileInPlaceOfTheFolderIsFoundByCheck)
+TEST_F(BackupTest, CheckReportsAFileInPlaceOfTheFolder)
 {
     folder.Write("books/db/backup", "");
 
@@ -202,9 +202,9 @@ TEST_F(BackupTest, AFileInPlaceOfTheFolderIsFoundByCheck)
                                        folder.Path("books/db/backup") + "' is not a folder.");
 }
 
-TEST_F(BackupTest, AFailedDailyBackupIsFoundByCheckUntilOneIsMade)
+TEST_F(BackupTest, CheckReportsAFailedDailyBackupUntilOneIsMade)
 {
-    // Symptom: nobody was told that the daily backup failed.
+    // Symptom: a failed daily backup was not reported anywhere.
     ASSERT_EQ(Run("backup" + Home()), 0) << Err();
     EXPECT_EQ(Run("check" + Home()), 0) << Out();
     Backups backups(folder.Path("books"));
@@ -239,7 +239,7 @@ TEST_F(BackupTest, SeveralAtOnceMakeOrShareSoundCopies)
         EXPECT_EQ(FaultsOf(backups.PathOf(name)), std::vector<std::string>()) << name;
 }
 
-TEST_F(BackupTest, AnUpdateWithoutABackupIsTold)
+TEST_F(BackupTest, AnUpdateWithoutABackupIsReported)
 {
     Sql("ALTER TABLE _SchemaVersion DROP COLUMN 2");
     Sql("ALTER TABLE _SchemaVersion ADD COLUMN 1 LONG");
@@ -252,7 +252,7 @@ TEST_F(BackupTest, AnUpdateWithoutABackupIsTold)
                          folder.Path("books/db/backup") + "' is not a folder.\n");
 }
 
-TEST_F(BackupTest, TheProgramsFilesAreForTheUserAlone)
+TEST_F(BackupTest, OnlyTheUserCanReadTheProgramsFiles)
 {
     AddAccount("3");
     ASSERT_EQ(Run("export 3 '" + folder.Path("out.ofx") + "'" + Home()), 0) << Err();

@@ -1,4 +1,4 @@
-// The commands that change the books or write them out.
+// The commands that change the books or export them.
 
 #include "tests/cli/CommandFixture.h"
 
@@ -71,10 +71,10 @@ TEST_F(ChangesTest, ASplitTakesHalfOrTheAmountThatIsGiven)
                         R"json([2,"-15","Shop (split #1) (split #2)"]])json");
 }
 
-TEST_F(ChangesTest, ASplitThatCannotBeDoneSaysWhyAndChangesNothing)
+TEST_F(ChangesTest, ASplitThatFailsSaysWhyAndChangesNothing)
 {
     EXPECT_EQ(Run("split 7 much" + Home()), 1);
-    EXPECT_EQ(Err(), "clb: This is no amount: much\n");
+    EXPECT_EQ(Err(), "clb: This is not an amount: much\n");
     EXPECT_EQ(Run("split 9" + Home()), 1);
     EXPECT_EQ(Err(), "clb: There is no transaction 9.\n");
     EXPECT_EQ(Run("split 7 --piece 3" + Home()), 1);
@@ -101,7 +101,7 @@ TEST_F(ChangesTest, AMoveBooksToTheMonthBeforeOrAfterAcrossTheYearsEnd)
                      "\n");
 }
 
-TEST_F(ChangesTest, OnlyThePieceThatIsNamedMoves)
+TEST_F(ChangesTest, OnlyTheNamedPieceMoves)
 {
     Run("split 7 -30" + Home());
 

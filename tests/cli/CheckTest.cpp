@@ -27,7 +27,7 @@ protected:
             number + ", '" + account + "', " + amount + ", 2006, " + period + ", '" + category +
             "')");
     }
-    /// Runs a check; the findings behind the first lines, without what they mean.
+    /// Runs a check and returns its findings, without the first lines and without what they mean.
     std::string Findings(int exitCode, const std::string& words = "")
     {
         EXPECT_EQ(Run("check" + words + Home()), exitCode) << Err();
@@ -72,7 +72,7 @@ TEST_F(CheckTest, TheHouseholdOfTheDemoIsInOrder)
     EXPECT_EQ(Run("check --home '" + folder.Path("demo") + "'"), 0) << Out();
 }
 
-TEST_F(CheckTest, EachFindingIsToldWithItsNumbersAndPlace)
+TEST_F(CheckTest, EachFindingIsReportedWithItsNumbersAndPlace)
 {
     AddTransaction("5", "X9", "1", "3", "Food");
     AddTransaction("7", "X9", "1", "3", "Food");
@@ -91,7 +91,7 @@ TEST_F(CheckTest, EachFindingIsToldWithItsNumbersAndPlace)
               "6. Budget: number 2 is booked to 2006-13, which is no month.\n");
 }
 
-TEST_F(CheckTest, EachFindingSaysWhatItMeansAndWhetherARepairMendsIt)
+TEST_F(CheckTest, EachFindingSaysWhatItMeansAndWhetherARepairFixesIt)
 {
     AddTransaction("9", "C1", "-1", "13", "Food");
 
@@ -116,7 +116,7 @@ TEST_F(CheckTest, EachFindingSaysWhatItMeansAndWhetherARepairMendsIt)
     EXPECT_EQ(findings.back()["repairable"], false);
 }
 
-TEST_F(CheckTest, ARepairMakesABackupAndMendsWhatItCanExactly)
+TEST_F(CheckTest, ARepairMakesABackupAndFixesWhatItCanExactly)
 {
     AddTransaction("8", "C1", "-1", "4", "Rent");
     AddTransaction("9", "X9", "-1", "3", "Food");
@@ -146,9 +146,9 @@ TEST_F(CheckTest, WithNothingToRepairNoBackupIsMade)
     EXPECT_FALSE(folder.Holds("books/db/backup"));
 }
 
-/// Symptom: transactions that another program had deleted were found until the next import, which
-/// stored all balances anew; then everything was "in order".
-TEST_F(CheckTest, AnImportDoesNotHideThatBalancesDidNotFit)
+/// Symptom: a check reported transactions that another program had deleted only until the next
+/// import recomputed all balances. Then everything was "in order".
+TEST_F(CheckTest, AnImportDoesNotHideThatBalancesWereWrong)
 {
     AddTransaction("8", "C1", "-1", "3", "Food");
     Sql("DELETE FROM Trans WHERE Sequence = 1");
@@ -174,7 +174,7 @@ TEST_F(CheckTest, AnImportDoesNotHideThatBalancesDidNotFit)
               "Noticed balances taken note of: 0\nEverything is in order\n");
 }
 
-TEST_F(CheckTest, AnImportTellsOddBalancesAsJsonAndInItsTable)
+TEST_F(CheckTest, AnImportReportsWrongBalancesAsJsonAndInItsTable)
 {
     Sql("UPDATE Account SET CurrentBalance = 7");
     const std::string file = Statement("C1", "-2");
@@ -196,7 +196,7 @@ TEST_F(CheckTest, AnImportTellsOddBalancesAsJsonAndInItsTable)
     EXPECT_TRUE(Json::parse(Out())["backup"].is_null());
 }
 
-/// An account that is mapped to a statement gets its number.
+/// An account that is mapped to a statement takes the statement's account number.
 TEST_F(CheckTest, ANoticedBalanceFollowsItsAccountsNumber)
 {
     Sql("UPDATE Account SET CurrentBalance = 7");
@@ -220,7 +220,7 @@ TEST_F(CheckTest, AListThatLacksColumnsGetsThem)
     EXPECT_EQ(Run("check --accept" + Home()), 0) << Err();
 }
 
-TEST_F(CheckTest, DamageIsToldAndNotRepaired)
+TEST_F(CheckTest, DamageIsReportedAndNotRepaired)
 {
     {
         Connection connection;
@@ -246,7 +246,7 @@ TEST_F(CheckTest, DamageIsToldAndNotRepaired)
     EXPECT_TRUE(folder.Read("books/db/clb.mdb") == bytes);
 }
 
-TEST_F(CheckTest, ALaterProgramsFileIsToldAndIsNoFinding)
+TEST_F(CheckTest, AFileOfALaterProgramIsReportedButNotAFinding)
 {
     Sql("ALTER TABLE _SchemaVersion DROP COLUMN 2");
     Sql("ALTER TABLE _SchemaVersion ADD COLUMN 7 LONG");

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "automation/ValueJson.h"
+#include "json/ValueJson.h"
 #include "tests/support/TempFolder.h"
 
 namespace clb {
@@ -13,7 +13,7 @@ namespace clb {
 /// The program clb in a shell, with a folder for its books.
 class CommandFixture : public testing::Test {
 protected:
-    /// Runs clb with words for the shell; returns the exit code.
+    /// Runs clb in a shell with these arguments. Returns the exit code.
     int Run(const std::string& words)
     {
         const std::string command = "'" CLB_PROGRAM "' " + words + " >'" + folder.Path("out") +
@@ -25,7 +25,7 @@ protected:
     std::string Err() { return folder.Read("err"); }
     std::string Books() { return "'" + folder.Path("books") + "'"; }
     std::string Home() { return " --home " + Books(); }
-    /// One statement on the books; its rows.
+    /// Runs one SQL statement on the books and returns its rows.
     std::string Sql(const std::string& statement)
     {
         EXPECT_EQ(Run("sql " + Books() + " \"" + statement + "\""), 0) << Out();

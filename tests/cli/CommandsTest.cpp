@@ -19,7 +19,7 @@ TEST_F(CommandsTest, NewMakesAFolderOnce)
     EXPECT_EQ(Err(), "clb: File already exists: " + folder.Path("books/db/clb.mdb") + "\n");
 }
 
-TEST_F(CommandsTest, AFolderThatIsMadeHoldsTheManual)
+TEST_F(CommandsTest, ANewFolderHoldsTheManual)
 {
     Run("new " + Books());
     Run("demo '" + folder.Path("household") + "'");
@@ -133,7 +133,7 @@ TEST_F(CommandsTest, AccountsAndNetWorthAreTables)
     EXPECT_NE(Out().find("Total Net Worth:"), std::string::npos);
 }
 
-TEST_F(CommandsTest, ARegisterShowsTheMonthAskedFor)
+TEST_F(CommandsTest, ARegisterShowsTheGivenMonth)
 {
     Run("new " + Books());
     Run("import " + Statement("12-34", "-45.50") + " --create Visa" + Home());

@@ -1,4 +1,4 @@
-// clb import over many files and folders.
+// clb import of many files and folders.
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
@@ -57,7 +57,7 @@ protected:
     }
 };
 
-TEST_F(ImportFilesTest, FoldersAreReadInOrderOfNameAndAllIsToldInATable)
+TEST_F(ImportFilesTest, FoldersAreReadInOrderOfNameAndReportedInATable)
 {
     folder.Write("in/a.OFX", Ofx("B-1", Transaction("F1") + Transaction("F2")));
     folder.Write("in/b/c.qfx", Ofx("B-1", Transaction("F2") + Transaction("F3")));
@@ -105,7 +105,7 @@ TEST_F(ImportFilesTest, AFileThatFailsDoesNotStopTheOthers)
     EXPECT_EQ(Rows(), R"([["B-1","1"],["B-1","5"],["B-1","1"]])");
 }
 
-TEST_F(ImportFilesTest, NothingRefusedIsSuccessAndADuplicateIsNoRefusal)
+TEST_F(ImportFilesTest, WithoutRefusalsItSucceedsAndADuplicateIsNotARefusal)
 {
     folder.Write("in/a.ofx", Ofx("B-1", Transaction("F1")));
 
@@ -118,7 +118,7 @@ TEST_F(ImportFilesTest, NothingRefusedIsSuccessAndADuplicateIsNoRefusal)
     EXPECT_THAT(Out(), HasSubstr("0 files: 0 added, 0 skipped, 0 refused\n"));
 }
 
-TEST_F(ImportFilesTest, OneFileIsToldInASentence)
+TEST_F(ImportFilesTest, OneFileIsReportedInASentence)
 {
     folder.Write("a.qif", Qif("5"));
 
@@ -128,7 +128,7 @@ TEST_F(ImportFilesTest, OneFileIsToldInASentence)
     EXPECT_EQ(Rows(), R"([["C-1","5"]])");
 }
 
-TEST_F(ImportFilesTest, ATrialTellsTheSameAndChangesNothing)
+TEST_F(ImportFilesTest, ATrialReportsTheSameAndChangesNothing)
 {
     folder.Write("in/a.ofx",
                  Replace(Ofx("new-1", Transaction("F1") + Transaction("F2")), "\r", ""));
@@ -166,7 +166,7 @@ TEST_F(ImportFilesTest, ATrialNeedsTheFolderThatIsNamed)
     EXPECT_FALSE(folder.Holds("nowhere"));
 }
 
-TEST_F(ImportFilesTest, WhatTheRulesLeaveOutIsToldWithItsNumbers)
+TEST_F(ImportFilesTest, WhatTheRulesLeaveOutIsCounted)
 {
     folder.Write("in/a.ofx", Ofx("B-1", Transaction("F1") + "<STMTTRN></STMTTRN>" +
                                             Transaction("F2") + Transaction("F3")));
@@ -177,7 +177,7 @@ TEST_F(ImportFilesTest, WhatTheRulesLeaveOutIsToldWithItsNumbers)
     EXPECT_EQ(Run("import" + File("in") + " --map Checking" + Home()), 0);
 
     for (const char* warning :
-         {"2 transactions left out behind an empty transaction",
+         {"2 transactions left out after an empty transaction",
           "1 further account: all transactions go into the file's first account",
           "3 transactions without an identifier: all but an account's first one count as",
           "2 lines left out: mixed line ends"})
@@ -202,8 +202,8 @@ TEST_F(ImportFilesTest, EverySkippedLineIsListed)
     EXPECT_THAT(Err(), EndsWith("skipped:\nD" + std::string(199, 'x') + "...\n"));
 }
 
-/// The repair has cut the file by the time the account turns out to be missing.
-TEST_F(ImportFilesTest, LinesThatTheRepairDropsAreToldUntilTheFileIsReadWhole)
+/// The repair cuts the file before the account turns out to be missing.
+TEST_F(ImportFilesTest, LinesThatTheRepairDropsAreReportedUntilTheFileIsReadWhole)
 {
     const std::string file = File("a.ofx");
     folder.Write("a.ofx", "OFXHEADER:100\nDATA:OFXSGML\nVERSION:102\n<OFX>\n<ACCTID>new\n" +
@@ -269,7 +269,7 @@ TEST_F(ImportFilesTest, QifFilesShareTheAccountThatIsMadeForThem)
               R"([["Card","Credit Card"]])");
 }
 
-TEST_F(ImportFilesTest, AccountsThatAreMadeHaveNamesOfTheirOwn)
+TEST_F(ImportFilesTest, NewAccountsHaveDistinctNames)
 {
     folder.Write("in/a.ofx", Ofx("new-1", Transaction("F1")));
     folder.Write("in/b.ofx", Ofx("new-2", Transaction("F2")));
@@ -284,7 +284,7 @@ TEST_F(ImportFilesTest, AccountsThatAreMadeHaveNamesOfTheirOwn)
     EXPECT_EQ(Rows(), R"([["new-1","1"],["new-2","1"],["New Account","1"],["New Account","2"]])");
 }
 
-TEST_F(ImportFilesTest, AnAccountThatCannotBeFoundOrToldApartEndsTheCommand)
+TEST_F(ImportFilesTest, AnUnknownOrAmbiguousAccountEndsTheCommand)
 {
     folder.Write("a.qif", Qif("1"));
     Sql("INSERT INTO Account (AccountID, Description, Type) VALUES ('B-2', 'Purse', 'Bank')");
@@ -322,8 +322,8 @@ TEST_F(ImportFilesTest, APipeAndAFolderNamedLikeAStatementAreNotWaitedFor)
     }
 }
 
-/// The program run by nobody, with the test's folder as nobody's; where it is run by the superuser,
-/// who may read and write everything.
+/// Runs the program as the user "nobody", who owns the test's folder, if the tests run as root:
+/// root may read and write everything.
 class UnprivilegedImportTest : public ImportFilesTest {
 protected:
     int RunAsNobody(const std::string& words)
@@ -357,7 +357,7 @@ TEST_F(UnprivilegedImportTest, AFileThatMayNotBeReadIsRefused)
     EXPECT_EQ(Sql("SELECT FITID FROM Trans"), R"([["F2"]])");
 }
 
-TEST_F(UnprivilegedImportTest, AFolderThatTakesNoRepairedFileIsTold)
+TEST_F(UnprivilegedImportTest, AFolderThatCannotTakeTheRepairedFileIsReported)
 {
     const std::string text = Replace(Ofx("B-1", Transaction("F1")), "\r", "");
     const std::string path = folder.Write("in/a.ofx", text);
@@ -374,7 +374,7 @@ TEST_F(UnprivilegedImportTest, AFolderThatTakesNoRepairedFileIsTold)
 /// Files of one line of 100 MB, and the memory that the program takes for them.
 class EndlessLineTest : public ImportFilesTest {
 protected:
-    // What checks the program's memory takes memory of its own.
+    // A tool that checks the program's memory needs memory itself.
 #ifdef __SANITIZE_ADDRESS__
     static constexpr bool kChecked = true;
 #else
@@ -383,7 +383,7 @@ protected:
     static constexpr std::size_t kLine = 100'000'000;
     static constexpr std::int64_t kMebi = 1 << 20;
 
-    /// The exit code; wants at most 8 times the file's size and 64 MiB.
+    /// Returns the exit code. Expects at most 8 times the file's size plus 64 MiB.
     int ImportLine(const std::string& name, const std::string& before, const std::string& behind)
     {
         const std::string path = folder.Write(name, before + std::string(kLine, 'x') + behind);
@@ -399,7 +399,7 @@ protected:
     }
 
 private:
-    /// In a process of its own, whose children are this command only.
+    /// Runs in a separate process, whose only child is this command.
     std::int64_t PeakOf(const std::string& command)
     {
         const std::string measured =
@@ -419,7 +419,7 @@ private:
     int exitCode_ = 0;
 };
 
-TEST_F(EndlessLineTest, OfNothingIsNoStatement)
+TEST_F(EndlessLineTest, OfNothingIsNotAStatement)
 {
     EXPECT_EQ(ImportLine("a.ofx", "", ""), 1);
 

@@ -1,4 +1,4 @@
-// Output that cannot be written: every command says so and ends with exit code 1.
+// If output cannot be written, every command says so and ends with exit code 1.
 
 #include <gmock/gmock.h>
 
@@ -13,7 +13,7 @@ class OutputTest : public CommandFixture {
 protected:
     void SetUp() override { ASSERT_EQ(Run("demo " + Books()), 0) << Err(); }
 
-    /// Runs clb with its output going where the shell is told; returns the exit code.
+    /// Runs clb with its output redirected by the shell. Returns the exit code.
     int RunInto(const std::string& words, const std::string& where)
     {
         const std::string command =
@@ -46,7 +46,7 @@ TEST_F(OutputTest, ACommandWhoseOutputIsLostSaysSo)
     ExpectRefused("--version");
 }
 
-TEST_F(OutputTest, WhatTheCommandDidStaysDone)
+TEST_F(OutputTest, TheCommandsEffectsStay)
 {
     const std::string insert =
         "sql " + Books() +
@@ -66,10 +66,10 @@ TEST_F(OutputTest, ADrivenSessionEndsWhenItsRepliesAreLost)
     EXPECT_THAT(Err(), HasSubstr("clb: Standard output cannot be written"));
 }
 
-TEST_F(OutputTest, AClosedOutputIsNoPlaceForAFile)
+TEST_F(OutputTest, NoFileTakesTheNumberOfAClosedOutput)
 {
-    // Symptom: the first file that was opened got the number of the closed output, and the
-    // command's text was written into it.
+    // Symptom: the first opened file got the number of the closed output, and the command's text
+    // was written into it.
     const std::string file = folder.Path("out.ofx");
 
     EXPECT_EQ(RunInto("export Wallet '" + file + "'" + Home(), ">&-"), 1);

@@ -21,7 +21,7 @@ class PriceFileTest : public testing::Test {
 protected:
     void Write(const std::string& text) { folder_.Write("prices.csv", text); }
     std::string Path() { return folder_.Path("prices.csv"); }
-    /// What opening the file is refused with.
+    /// The error message of opening the file.
     std::string Refusal()
     {
         try {
@@ -53,30 +53,30 @@ TEST_F(PriceFileTest, AHeadingBlankLinesAndQuotesAreAllowed)
     EXPECT_EQ(Price(file, "Symbol"), "none");
 }
 
-TEST_F(PriceFileTest, EachBadLineIsToldWithItsNumber)
+TEST_F(PriceFileTest, EachBadLineIsReportedWithItsNumber)
 {
-    EXPECT_EQ(
-        MistakesIn("ACME,12.50,12.25,2006-03-03\n"
-                   "B,12.50\n"
-                   ",1,1,2006-03-03\n"
-                   "C D,1,1,2006-03-03\n"
-                   "E,soon,1,2006-03-03\n"
-                   "F,-1,1,2006-03-03\n"
-                   "G,1,,2006-03-03\n"
-                   "H,1,1,3/3/2006\n"
-                   "I,1e300,1,2006-03-03\n"
-                   "acme,1,1,2006-03-03\n"
-                   "symbol,price,previous close,date\n"),
-        (std::vector<std::string>{
-            "line 2: there must be 4 columns (symbol, price, previous close, date), not 2",
-            "line 3: the symbol \"\" is empty or holds a blank or a comma",
-            "line 4: the symbol \"C D\" is empty or holds a blank or a comma",
-            "line 5: the price \"soon\" is no amount", "line 6: the price \"-1\" is no amount",
-            "line 7: the previous close \"\" is no amount",
-            "line 8: the date \"3/3/2006\" is not yyyy-mm-dd",
-            "line 9: the price \"1e300\" is no amount",
-            "line 10: the symbol \"acme\" has a line already",
-            "line 11: the price \"price\" is no amount"}));
+    EXPECT_EQ(MistakesIn("ACME,12.50,12.25,2006-03-03\n"
+                         "B,12.50\n"
+                         ",1,1,2006-03-03\n"
+                         "C D,1,1,2006-03-03\n"
+                         "E,soon,1,2006-03-03\n"
+                         "F,-1,1,2006-03-03\n"
+                         "G,1,,2006-03-03\n"
+                         "H,1,1,3/3/2006\n"
+                         "I,1e300,1,2006-03-03\n"
+                         "acme,1,1,2006-03-03\n"
+                         "symbol,price,previous close,date\n"),
+              (std::vector<std::string>{
+                  "line 2: there must be 4 columns (symbol, price, previous close, date), not 2",
+                  "line 3: the symbol \"\" is empty or holds a blank or a comma",
+                  "line 4: the symbol \"C D\" is empty or holds a blank or a comma",
+                  "line 5: the price \"soon\" is not an amount",
+                  "line 6: the price \"-1\" is not an amount",
+                  "line 7: the previous close \"\" is not an amount",
+                  "line 8: the date \"3/3/2006\" is not yyyy-mm-dd",
+                  "line 9: the price \"1e300\" is not an amount",
+                  "line 10: the symbol \"acme\" has a line already",
+                  "line 11: the price \"price\" is not an amount"}));
 }
 
 TEST_F(PriceFileTest, AFileThatIsBadFromTheStartIsRefused)
@@ -107,7 +107,7 @@ TEST_F(PriceFileTest, AChangedFileIsReadAgain)
     EXPECT_EQ(complaints_.str(), "");
 }
 
-TEST_F(PriceFileTest, ABadChangeIsToldOnceAndTheFormerPricesHold)
+TEST_F(PriceFileTest, ABadChangeIsReportedOnceAndTheOldPricesStay)
 {
     Write("ACME,12.50,12.25,2006-03-03\n");
     PriceFile file(Path(), complaints_);
@@ -115,13 +115,14 @@ TEST_F(PriceFileTest, ABadChangeIsToldOnceAndTheFormerPricesHold)
 
     EXPECT_EQ(Price(file, "ACME"), "12.5");
     EXPECT_EQ(Price(file, "ACME"), "12.5");
-    EXPECT_EQ(complaints_.str(),
-              Path() + ", line 1: the price \"much\" is no amount\nThe former prices hold.\n");
+    EXPECT_EQ(
+        complaints_.str(),
+        Path() + ", line 1: the price \"much\" is not an amount\nThe old prices stay in use.\n");
 
     std::filesystem::remove(Path());
     EXPECT_EQ(Price(file, "ACME"), "12.5");
     EXPECT_TRUE(
-        complaints_.str().ends_with("Cannot read " + Path() + "\nThe former prices hold.\n"));
+        complaints_.str().ends_with("Cannot read " + Path() + "\nThe old prices stay in use.\n"));
 }
 
 TEST(QuoteLineTest, AKnownSymbolHasPriceDateAndChange)

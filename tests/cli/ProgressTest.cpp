@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Tells the test when the first line has been written.
+/// Signals the test when the first line is written.
 class FirstLine : public std::stringbuf {
 public:
     std::future<void> Written() { return written_.get_future(); }
@@ -29,7 +29,7 @@ private:
     bool done_ = false;
 };
 
-TEST(ProgressTest, AShortPieceOfWorkIsToldNothing)
+TEST(ProgressTest, AShortCommandReportsNothing)
 {
     std::ostringstream out;
     {
@@ -41,7 +41,7 @@ TEST(ProgressTest, AShortPieceOfWorkIsToldNothing)
     EXPECT_EQ(out.str(), "");
 }
 
-TEST(ProgressTest, ALongOneTellsHowFarItIsOnce)
+TEST(ProgressTest, ALongCommandReportsEachStepOnce)
 {
     FirstLine lines;
     std::ostream out(&lines);

@@ -1,4 +1,4 @@
-// Quotes on the command line: the command that updates them and the local service.
+// Quotes on the command line: the update command and the local service.
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -51,7 +51,7 @@ public:
     QuoteServer(const QuoteServer&) = delete;
     QuoteServer& operator=(const QuoteServer&) = delete;
 
-    /// What it tells when it listens.
+    /// What it prints once it listens.
     const std::string& Line() const { return line_; }
     std::string Address() const
     {
@@ -59,7 +59,7 @@ public:
         return line_.substr(from, line_.find(' ', from) - from);
     }
     std::string Port() const { return Address().substr(Address().rfind(':') + 1); }
-    /// The exit code; -1 when the signal killed it.
+    /// The exit code; -1 if the signal killed it.
     int EndBy(int signal)
     {
         kill(process_, signal);
@@ -113,7 +113,7 @@ protected:
     }
 };
 
-TEST_F(QuotesCommandTest, QuotesAreFetchedFromTheLocalServiceAndTold)
+TEST_F(QuotesCommandTest, QuotesAreFetchedFromTheLocalServiceAndPrinted)
 {
     QuoteServer server(WritePrices("12.50"));
     UseService(server.Address());
@@ -151,7 +151,7 @@ TEST_F(QuotesCommandTest, AFailedUpdateSaysSoAndShowsWhatWasSaved)
     EXPECT_EQ(Prices(), R"([["8"],["3"]])");
 }
 
-TEST_F(QuotesCommandTest, TheServerTellsWhereItListensAndEndsWhenTold)
+TEST_F(QuotesCommandTest, TheServerPrintsItsAddressAndEndsBySignal)
 {
     for (const int signal : {SIGINT, SIGTERM}) {
         QuoteServer server(WritePrices("12.50"));
@@ -163,7 +163,7 @@ TEST_F(QuotesCommandTest, TheServerTellsWhereItListensAndEndsWhenTold)
     }
 }
 
-TEST_F(QuotesCommandTest, TheServerAnswersEverySymbolAsItStands)
+TEST_F(QuotesCommandTest, TheServerAnswersEverySymbolUnchanged)
 {
     QuoteServer server(WritePrices("12.50"));
     const auto answer = [&server](const std::string& symbol) {
@@ -182,8 +182,8 @@ TEST_F(QuotesCommandTest, TheServerGivesNoPriceForACutRequest)
 {
     QuoteServer server(WritePrices("12.50"));
 
-    EXPECT_EQ(Get(server.Address() + Query("ACME#2")), "This is no request for a quote.\r\n");
-    EXPECT_EQ(Get(server.Address() + "/d/quotes.csv"), "This is no request for a quote.\r\n");
+    EXPECT_EQ(Get(server.Address() + Query("ACME#2")), "This is not a request for a quote.\r\n");
+    EXPECT_EQ(Get(server.Address() + "/d/quotes.csv"), "This is not a request for a quote.\r\n");
     EXPECT_EQ(Get(server.Address() + "/"), "");
 }
 
@@ -207,7 +207,7 @@ TEST_F(QuotesCommandTest, ABadPriceFileIsRefused)
 
     EXPECT_EQ(Run("quote-server --port 0 --prices '" + file + "'"), 1);
 
-    EXPECT_EQ(Err(), "clb: " + file + ", line 1: the price \"much\" is no amount\n");
+    EXPECT_EQ(Err(), "clb: " + file + ", line 1: the price \"much\" is not an amount\n");
     EXPECT_EQ(Run("quote-server"), 2);
     EXPECT_EQ(Run("quote-server --prices '" + file + "' --port 70000"), 2);
 }

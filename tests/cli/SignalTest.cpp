@@ -1,4 +1,4 @@
-// Programs that a signal ends: what the command wrote is taken back, and nothing is left behind.
+// A signal ends the program: what the command wrote is taken back, and no files remain.
 
 #include <fcntl.h>
 #include <signal.h>
@@ -45,7 +45,7 @@ protected:
         execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
         _exit(127);
     }
-    /// Sends a signal; returns the one that ended the program, or 1000 and its exit code.
+    /// Sends a signal. Returns the signal that ended the program, or 1000 plus its exit code.
     int End(int signal)
     {
         kill(process_, signal);
@@ -61,7 +61,7 @@ protected:
         EXPECT_TRUE(moment());
     }
     bool Holds(const std::string& name) { return fs::exists(folder.Path(name)); }
-    /// Names of files that are not there before a command, nor after it.
+    /// The names of files that may exist only while a command runs.
     std::string Left()
     {
         std::string names;
@@ -112,7 +112,7 @@ TEST_F(SignalTest, ATrialRemovesItsCopies)
     EXPECT_EQ(Left(), "");
 }
 
-TEST_F(SignalTest, WhatAKilledTrialLeftGoesWithTheNextStart)
+TEST_F(SignalTest, TheNextStartRemovesWhatAKilledTrialLeft)
 {
     Start("import --dry-run " + LongStatement() + " --create Bank" + Home());
     WaitFor([this] { return !fs::is_empty(folder.Path("tmp")); });
@@ -172,7 +172,7 @@ TEST_F(SignalTest, AQuoteServerThatWaitsForItsPriceFileEnds)
     EXPECT_EQ(End(SIGTERM), SIGTERM);
 }
 
-TEST_F(SignalTest, WhatItWasStartedToIgnoreDoesNotEndIt)
+TEST_F(SignalTest, ASignalThatItWasStartedToIgnoreDoesNotEndIt)
 {
     const auto before = signal(SIGHUP, SIG_IGN);
     Start("import " + LongStatement() + " --create Bank" + Home());

@@ -13,7 +13,7 @@ std::string Printed(const Table& table)
     return out.str();
 }
 
-TEST(TableTest, FiguresStandAtTheRightEdgeOfTheirColumn)
+TEST(TableTest, NumbersAreAlignedRight)
 {
     Table table;
     table.AddColumn("Description", false);
@@ -29,7 +29,7 @@ TEST(TableTest, FiguresStandAtTheRightEdgeOfTheirColumn)
               "Caf\xC3\xA9              4.50\n");
 }
 
-TEST(TableTest, ALineGoesAcrossTheColumns)
+TEST(TableTest, ALineGoesAcrossAllColumns)
 {
     Table table;
     table.AddColumn("A", false);

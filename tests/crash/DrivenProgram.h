@@ -1,7 +1,7 @@
 #pragma once
 #include <string>
 
-#include "automation/ValueJson.h"
+#include "json/ValueJson.h"
 
 namespace clb {
 

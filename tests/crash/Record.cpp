@@ -2,9 +2,9 @@
 
 #include <stdexcept>
 
-#include "app/DatabaseCheck.h"
-#include "app/DatabaseRepair.h"
 #include "base/Text.h"
+#include "check/DatabaseCheck.h"
+#include "check/DatabaseRepair.h"
 #include "data/EmptyDatabase.h"
 #include "engine/Connection.h"
 #include "tests/crash/InProcessProgram.h"

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "automation/ValueJson.h"
+#include "json/ValueJson.h"
 
 namespace clb {
 

@@ -1,4 +1,4 @@
-// The network as it is: every answer comes from a server on this machine.
+// The real network client, with servers on this machine.
 
 #include "platform/CurlHttpClient.h"
 
@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Lets the environment name a proxy for one test.
+/// Sets the proxy in the environment for one test.
 class Proxy {
 public:
     explicit Proxy(int port)
@@ -28,7 +28,7 @@ public:
     Proxy& operator=(const Proxy&) = delete;
 };
 
-/// Both ways to wait for an answer: idly, and with something else to do.
+/// Both ways to wait for an answer: without and with a function to call meanwhile.
 class CurlHttpClientTest : public testing::TestWithParam<bool> {
 protected:
     std::optional<std::string> Get(const std::string& url)
@@ -42,7 +42,7 @@ protected:
     {
         return Get(server.Address() + path);
     }
-    /// What is told about a request that cannot be made.
+    /// The error message of a request that cannot be made.
     std::string FailureOf(const std::string& url)
     {
         try {
@@ -76,7 +76,7 @@ TEST_P(CurlHttpClientTest, TheBodyComesByteForByte)
     EXPECT_EQ(GetPath("/x"), bytes);
 }
 
-TEST_P(CurlHttpClientTest, OneGetNamesTheProgramAndTakesNothingFromACache)
+TEST_P(CurlHttpClientTest, OneGetNamesTheProgramAndBypassesCaches)
 {
     server.On("/x", answers::Ok("fresh"));
 
@@ -90,7 +90,7 @@ TEST_P(CurlHttpClientTest, OneGetNamesTheProgramAndTakesNothingFromACache)
     EXPECT_EQ(sent_, std::vector<std::string>{server.Address() + "/x?s=A"});
 }
 
-TEST_P(CurlHttpClientTest, TheAddressIsSentAsItStands)
+TEST_P(CurlHttpClientTest, TheAddressIsSentUnchanged)
 {
     server.On("", answers::Ok("yes"));
 
@@ -106,7 +106,7 @@ TEST_P(CurlHttpClientTest, TheAddressIsSentAsItStands)
     EXPECT_EQ(server.FirstLines(), expected);
 }
 
-TEST_P(CurlHttpClientTest, AFragmentStaysBehind)
+TEST_P(CurlHttpClientTest, AFragmentIsNotSent)
 {
     server.On("/x", answers::Ok("yes"));
 
@@ -116,7 +116,7 @@ TEST_P(CurlHttpClientTest, AFragmentStaysBehind)
     EXPECT_EQ(sent_, std::vector<std::string>{server.Address() + "/x?s=a#b"});
 }
 
-TEST_P(CurlHttpClientTest, NothingThatBreaksTheRequestsLineIsSent)
+TEST_P(CurlHttpClientTest, NothingThatBreaksTheRequestLineIsSent)
 {
     server.On("", answers::Ok("yes"));
 
@@ -159,7 +159,7 @@ TEST_P(CurlHttpClientTest, AnAnswerWithoutAnEndIsCutOff)
     EXPECT_EQ(GetPath("/head"), std::nullopt);
 }
 
-TEST_P(CurlHttpClientTest, AnAnswerCutShortIsWhatHasCome)
+TEST_P(CurlHttpClientTest, AnAnswerCutShortIsReturnedAsFarAsItCame)
 {
     server.On("/length", answers::Bytes("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\na,b"));
     server.On("/chunks",
@@ -178,7 +178,7 @@ TEST_P(CurlHttpClientTest, WithoutAnHttpAnswerTheRequestHasFailed)
     EXPECT_NE(FailureOf(server.Address() + "/noise"), "");
 }
 
-TEST_P(CurlHttpClientTest, WhereNobodyListensTheRequestFails)
+TEST_P(CurlHttpClientTest, WithoutAServerTheRequestFails)
 {
     const std::string url = "http://127.0.0.1:" + std::to_string(HttpServer::FreePort()) + "/x";
 
@@ -231,7 +231,7 @@ TEST_P(CurlHttpClientTest, ARedirectWithinTheSchemeIsFollowed)
               (std::vector<std::string>{server.Address() + "/near", server.Address() + "/far"}));
 }
 
-TEST_P(CurlHttpClientTest, ARedirectToAnotherSchemeIsAnAnswerLikeOthers)
+TEST_P(CurlHttpClientTest, ARedirectToAnotherSchemeIsReturnedAsTheAnswer)
 {
     server.On("/file", answers::Redirect("file:///etc/passwd", "moved"));
     server.On("/tls", answers::Redirect("https://127.0.0.1/x", "moved"));
@@ -255,7 +255,7 @@ TEST_P(CurlHttpClientTest, TheSystemsProxyIsUsedUnlessToldOtherwise)
     proxy.On("http://0.0.0.0:", answers::Ok("by the proxy"));
     server.On("/x", answers::Ok("directly"));
     const Proxy named(proxy.Port());
-    // Another name of this machine, which does not say so.
+    // This address is this machine too, but does not look like it.
     const std::string url = "http://0.0.0.0:" + std::to_string(server.Port()) + "/x";
 
     EXPECT_EQ(Get(url), "by the proxy");
@@ -274,7 +274,7 @@ TEST_P(CurlHttpClientTest, ThisMachineNeedsNoProxy)
 
 INSTANTIATE_TEST_SUITE_P(Waiting, CurlHttpClientTest, testing::Bool());
 
-TEST_P(CurlHttpClientTest, WhileAnAnswerIsAwaitedTheCallerHasItsTurnAgainAndAgain)
+TEST_P(CurlHttpClientTest, TheCallersFunctionRunsRepeatedlyWhileAnAnswerIsAwaited)
 {
     std::atomic<int> turns = 0;
     settings.waiting = [&turns] { ++turns; };

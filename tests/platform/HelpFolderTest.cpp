@@ -32,7 +32,7 @@ protected:
     TempFolder folder;
 };
 
-TEST_F(HelpFolderTest, ADeliveredFolderHoldsTheManualForTheUserAlone)
+TEST_F(HelpFolderTest, ANewFolderHoldsTheManualForTheUserAlone)
 {
     DeliverFolder(folder.Path("books"), "the bytes");
 
@@ -69,7 +69,7 @@ TEST_F(HelpFolderTest, APageThatIsMissingOrCutComesBack)
     ExpectWholeManual();
 }
 
-TEST_F(HelpFolderTest, AManualThatIsThereIsNotWrittenAgain)
+TEST_F(HelpFolderTest, ACompleteManualIsNotWrittenAgain)
 {
     DeliverHelp(folder.Path());
     const std::string page = folder.Path("Help/index.html");
@@ -81,7 +81,7 @@ TEST_F(HelpFolderTest, AManualThatIsThereIsNotWrittenAgain)
     EXPECT_EQ(fs::last_write_time(page), longAgo);
 }
 
-TEST_F(HelpFolderTest, AFolderThatCannotBeWrittenIsPassedOverInSilence)
+TEST_F(HelpFolderTest, AFolderThatCannotBeWrittenIsIgnored)
 {
     folder.Write("Help", "a file where the folder should be");
 
@@ -101,9 +101,9 @@ TEST_F(HelpFolderTest, AProgramFolderIsMadeWithoutItsManualWhenThatCannotBeWritt
     EXPECT_EQ(folder.Read("db/clb.mdb"), "the bytes");
 }
 
-TEST_F(HelpFolderTest, AManualHalfReplacedIsNotTakenForWhole)
+TEST_F(HelpFolderTest, AHalfReplacedManualDoesNotCountAsComplete)
 {
-    // A folder in the way of a page: the delivery ends in the middle.
+    // A folder with the name of a page makes the delivery fail in the middle.
     DeliverHelp(folder.Path());
     fs::remove(folder.Path("Help/window.html"));
     folder.Write("Help/window.html/in the way", "");

@@ -1,4 +1,4 @@
-// The manual as it is delivered: whole, linked, and readable without a network.
+// The manual is complete, all its links work, and it needs no network.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -34,7 +34,7 @@ protected:
                 return std::string(file.bytes);
         return {};
     }
-    /// The files that a page's elements lead to, itself for an anchor alone.
+    /// The files that a page's elements link to; the page itself for a link to an anchor only.
     static std::string TargetOf(const std::string& page, const std::string& link)
     {
         const std::string file = link.substr(0, link.find('#'));

@@ -54,7 +54,7 @@ TEST(ProgramFolderTest, TheDataFolderComesFromTheEnvironmentWhenItIsAnAbsolutePa
     EXPECT_EQ(ignored, "/home/me/.local/share");
 }
 
-TEST(ProgramFolderTest, ADeliveredFolderHoldsTheDatabaseForTheUserAlone)
+TEST(ProgramFolderTest, ANewFolderHoldsTheDatabaseForTheUserAlone)
 {
     const TempFolder around;
     const std::string folder = around.Path("some/where/books");
@@ -98,7 +98,7 @@ TEST(ProgramFolderTest, AFileWhereAFolderShouldBeIsAPathError)
 
 TEST(ProgramFolderTest, OnlyAFolderThatNeverHeldADatabaseIsUnused)
 {
-    // Symptom: an empty database took the place of one that had gone missing.
+    // Symptom: an empty database replaced one that had gone missing.
     const TempFolder lost;
     lost.Write("db/backup/clb-2026-11-21.mdb", "x");
     const TempFolder other;

@@ -8,7 +8,7 @@
 namespace clb {
 namespace {
 
-/// Puts the process into a time zone for one test.
+/// Sets the process's time zone for one test.
 class Zone {
 public:
     explicit Zone(const char* name)
@@ -38,7 +38,7 @@ FixedClock ClockAt(int year, int month, int day)
     return FixedClock(Date::Of(year, month, day, 12).value());
 }
 
-TEST(SystemClockTest, AFixedClockStandsWhileItsTickCountRunsOn)
+TEST(SystemClockTest, AFixedClockIsStoppedButItsTickCountRunsOn)
 {
     const FixedClock clock(Date::Of(2006, 3, 5, 12, 30, 15).value());
 
@@ -67,7 +67,7 @@ TEST(SystemClockTest, TheSystemClockShowsTheLocalTimeOfTheZone)
     EXPECT_NEAR(static_cast<double>(seconds(atUtc) - seconds(inTheWest)), 5 * 3600, 2);
 }
 
-TEST(SystemClockTest, AZoneWithDaylightTimeTellsWhichTimeIsInForce)
+TEST(SystemClockTest, AZoneWithDaylightTimeSaysWhichTimeIsInForce)
 {
     const Zone newYork("EST5EDT,M3.2.0,M11.1.0");
 
@@ -96,7 +96,7 @@ TEST(SystemClockTest, SouthOfTheEquatorDaylightTimeIsInJanuary)
     EXPECT_EQ(modCommon::TimeZoneOffset(july), 10);
 }
 
-TEST(SystemClockTest, AZoneWithoutDaylightTimeIsInNoKnownState)
+TEST(SystemClockTest, AZoneWithoutDaylightTimeHasTheStateUnknown)
 {
     const Zone india("IST-5:30");
 

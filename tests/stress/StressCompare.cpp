@@ -1,7 +1,7 @@
 // What the programs of a round reported, held against the book.
 
-#include "automation/ValueJson.h"
 #include "base/Money.h"
+#include "json/ValueJson.h"
 #include "tests/stress/StressRound.h"
 
 namespace clb {

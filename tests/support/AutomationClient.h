@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "automation/ValueJson.h"
+#include "json/ValueJson.h"
 #include "tests/support/LinePipes.h"
 
 namespace clb {
