@@ -62,8 +62,8 @@ std::int16_t CheckSchema::Version(FindingList& findings)
 {
     const TableInfo* table = raw_.Find("_SchemaVersion");
     if (!table) {
-        FindLostVersion(
-            "The table _SchemaVersion is missing, which holds the version of the data.", findings);
+        FindLostVersion("The table _SchemaVersion is missing, which holds the version of the data.",
+                        findings);
         return 0;
     }
     try {
@@ -71,8 +71,10 @@ std::int16_t CheckSchema::Version(FindingList& findings)
             const auto version = NarrowTo<std::int16_t>(ParseLong(table->columns.front().name));
             if (version >= 0 && version < kSchemaVersion)
                 FindLostVersion("The table _SchemaVersion names version " +
-                                    std::to_string(version) + ", but the table Account is of "
-                                    "version " + std::to_string(kSchemaVersion) + ".",
+                                    std::to_string(version) +
+                                    ", but the table Account is of "
+                                    "version " +
+                                    std::to_string(kSchemaVersion) + ".",
                                 findings);
             return version;
         }

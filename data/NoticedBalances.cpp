@@ -36,9 +36,9 @@ struct Column {
     const char* type;
 };
 
-constexpr Column kColumns[] = {{"At", "DATETIME"},         {"AccountID", "TEXT"},
-                               {"Stored", "MONEY"},        {"Total", "MONEY"},
-                               {"NoticedBy", "TEXT"},      {"TakenNoteOf", "DATETIME"},
+constexpr Column kColumns[] = {{"At", "DATETIME"},       {"AccountID", "TEXT"},
+                               {"Stored", "MONEY"},      {"Total", "MONEY"},
+                               {"NoticedBy", "TEXT"},    {"TakenNoteOf", "DATETIME"},
                                {"StoredInstead", "TEXT"}};
 
 /// Whether the list is there and has these columns.

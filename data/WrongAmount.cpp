@@ -49,11 +49,11 @@ std::string FirstWrong(Connection& connection, const SummedAmounts& amounts,
 void ThrowWithPlace(Connection& connection, const SummedAmounts& amounts, const EngineError& error)
 {
     if (error.Number() == engine_errors::Overflow)
-        throw EngineError(error.Number(), "The rows of the " +
-                                              (amounts.account.empty()
-                                                   ? "table " + amounts.table
-                                                   : "account '" + amounts.account + "'") +
-                                              " add up to more than an amount can be.");
+        throw EngineError(error.Number(),
+                          "The rows of the " +
+                              (amounts.account.empty() ? "table " + amounts.table
+                                                       : "account '" + amounts.account + "'") +
+                              " add up to more than an amount can be.");
     if (error.Number() != engine_errors::TypeMismatch)
         throw error;
     for (const std::string& column : amounts.columns) {

@@ -225,8 +225,7 @@ void modImport::ImportOFX(const std::string& path)
         } catch (const RuntimeError& error) {
             StoreBalances();
             messages_.Show("Invalid data was found while importing:\n" +
-                               WorkingText(reader, error) +
-                               "\n" + reader.Text(),
+                               WorkingText(reader, error) + "\n" + reader.Text(),
                            box_style::Exclamation, product::Title);
             return false;
         }

@@ -1,9 +1,9 @@
 // The replies of "clb sql" and of the automation.
 #pragma once
-#include "json/ValueJson.h"
-
 #include <cstdint>
 #include <string>
+
+#include "json/ValueJson.h"
 
 namespace clb {
 

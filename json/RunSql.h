@@ -1,9 +1,9 @@
 // Runs SQL and returns what it yields as JSON.
 #pragma once
+#include <string>
+
 #include "engine/Connection.h"
 #include "json/ValueJson.h"
-
-#include <string>
 
 namespace clb {
 

@@ -1,9 +1,9 @@
 #include "json/ValueJson.h"
 
-#include "base/Numeric.h"
-
 #include <cstdint>
 #include <limits>
+
+#include "base/Numeric.h"
 
 namespace clb {
 namespace {

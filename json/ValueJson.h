@@ -1,9 +1,9 @@
 // Values of the data store as JSON.
 #pragma once
-#include "base/Value.h"
-
 #include <nlohmann/json.hpp>
 #include <string>
+
+#include "base/Value.h"
 
 namespace clb {
 

@@ -1,9 +1,9 @@
 #include "user/FormUser.h"
 
+#include <cstdlib>
+
 #include "controls/CheckList.h"
 #include "controls/ControlVisitor.h"
-
-#include <cstdlib>
 
 namespace clb {
 namespace {

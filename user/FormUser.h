@@ -1,9 +1,9 @@
 // Works a form from the program, as a user works it by hand.
 #pragma once
-#include "controls/Form.h"
-
 #include <cstdint>
 #include <string>
+
+#include "controls/Form.h"
 
 namespace clb {
 

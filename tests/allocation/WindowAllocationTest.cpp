@@ -221,9 +221,7 @@ TEST_P(WindowAllocationTest, InASplit)
     ClickOn("Checking");
     window_->controller.Grid.Component().BeginEdit(0);
     window_->controller.Grid.CancelEdit();
-    window_->modal.steps = {[](Form& form) {
-        FormUser(form).Press("btnOK");
-    }};
+    window_->modal.steps = {[](Form& form) { FormUser(form).Press("btnOK"); }};
     EXPECT_THAT(Try(Press("mnuE_Split")), IsEmpty());
 }
 

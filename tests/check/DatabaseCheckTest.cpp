@@ -1,11 +1,10 @@
 // What the check finds in files that other programs have changed, and what a repair mends.
-#include "check/DatabaseCheck.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <random>
 
+#include "check/DatabaseCheck.h"
 #include "check/DatabaseRepair.h"
 #include "data/EmptyDatabase.h"
 #include "engine/Connection.h"

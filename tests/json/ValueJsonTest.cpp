@@ -1,6 +1,6 @@
-#include "json/ValueJson.h"
-
 #include <gtest/gtest.h>
+
+#include "json/ValueJson.h"
 
 namespace clb {
 namespace {

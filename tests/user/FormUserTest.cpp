@@ -1,8 +1,7 @@
-#include "user/FormUser.h"
+#include <gtest/gtest.h>
 
 #include "controls/CheckList.h"
-
-#include <gtest/gtest.h>
+#include "user/FormUser.h"
 
 namespace clb {
 namespace {
