@@ -4,16 +4,10 @@
 
 #include "app/TreePlaces.h"
 #include "app/frmController.h"
+#include "data/ViewColumns.h"
 
 namespace clb {
 namespace {
-
-// Columns of the register that tell one transaction from another that was given its number.
-constexpr std::int32_t kPostDate = 1;
-constexpr std::int32_t kDescription = 2;
-constexpr std::int32_t kAmount = 3;
-constexpr std::int32_t kAccount = 7;
-constexpr std::int32_t kIdentifier = 10;
 
 constexpr const char* kGone =
     "Another program has deleted this record. What you typed is not saved. Press Escape to give it "
@@ -51,25 +45,25 @@ bool OtherPrograms::HaveWritten()
 
 bool OtherPrograms::Follow()
 {
-    const GridComponent& grid = window_.Grid.Component();
+    const GridComponent& grid = window_.Grid;
     if (!HaveWritten() || grid.Dirty() || grid.Editing())
         return true;
     const bool inGrid = window_.window.Focus() == &grid;
-    const GridComponent::Spot current = grid.CurrentSpot();
+    const GridSpot current = grid.CurrentSpot();
     const std::uint64_t written = window_.Data().WritesElsewhere();
     const Connection::Untraced untraced(window_.Data().Database());
     const Raised following(following_);
     FollowTree();
     window_.View().ReadAnew();
     followed_ = written;
-    const GridComponent::Spot now = grid.CurrentSpot();
+    const GridSpot now = grid.CurrentSpot();
     return !inGrid || current.identity == 0 ||
            (now.identity == current.identity && now.key == current.key);
 }
 
 void OtherPrograms::RowNumbersTold()
 {
-    window_.Grid.Component().NumbersTold();
+    window_.Grid.NumbersReported();
 }
 
 void OtherPrograms::FollowTree()
@@ -94,7 +88,7 @@ void OtherPrograms::FollowTree()
 
 std::size_t OtherPrograms::RowNow(std::size_t row) const
 {
-    return window_.Grid.Component().RowNow(row);
+    return window_.Grid.RowNow(row);
 }
 
 std::int32_t OtherPrograms::NodeNow(std::int32_t node) const
@@ -106,7 +100,7 @@ std::int32_t OtherPrograms::NodeNow(std::int32_t node) const
 
 bool OtherPrograms::AgreeOnRow()
 {
-    GridComponent& grid = window_.Grid.Component();
+    GridComponent& grid = window_.Grid;
     for (;;) {
         window_.Data().Lock();
         if (!window_.Data().RowsOutdated())
@@ -137,8 +131,7 @@ bool OtherPrograms::Refuse(const char* why)
 /// True in the views that show no single account.
 bool OtherPrograms::HasShownAccount() const
 {
-    const std::int32_t view = window_.View().View();
-    if (view != vwAccount && view != vwInvestment && view != vwLoan)
+    if (!window_.View().Definition().ofAccount)
         return true;
     const Connection::Untraced untraced(window_.Data().Database());
     return window_.Data().RowExists(
@@ -147,7 +140,7 @@ bool OtherPrograms::HasShownAccount() const
 
 std::vector<std::int32_t> OtherPrograms::Disputed(const std::vector<std::int32_t>& columns) const
 {
-    GridComponent& grid = window_.Grid.Component();
+    GridComponent& grid = window_.Grid;
     std::vector<std::int32_t> disputed;
     for (const std::int32_t column : columns)
         if (grid.Typed(column) && grid.ColumnValue(column) != grid.StoredValue(column))
@@ -158,18 +151,19 @@ std::vector<std::int32_t> OtherPrograms::Disputed(const std::vector<std::int32_t
 /// Numbers of deleted transactions are given again, and so are the places where they were stored.
 bool OtherPrograms::IsAnotherRow(const std::vector<std::int32_t>& columns) const
 {
-    if (window_.View().View() != vwAccount)
+    if (!window_.View().Definition().transactions)
         return false;
     const auto differs = [&columns](std::int32_t column) {
         return std::find(columns.begin(), columns.end(), column) != columns.end();
     };
-    return differs(kAccount) || differs(kIdentifier) ||
-           (differs(kPostDate) && differs(kDescription) && differs(kAmount));
+    return differs(Register::AccountID) || differs(Register::Fitid) ||
+           (differs(Register::PostDate) && differs(Register::Description) &&
+            differs(Register::Amount));
 }
 
 std::string OtherPrograms::Question(const std::vector<std::int32_t>& columns) const
 {
-    GridComponent& grid = window_.Grid.Component();
+    GridComponent& grid = window_.Grid;
     std::string text = "Another program has changed this record meanwhile.\n";
     for (const std::int32_t column : columns)
         text += "\n" + grid.Columns().Item(column).caption + ": you entered " +

@@ -16,7 +16,7 @@ public:
     bool Separator() const { return caption_ == "-"; }
     /// Runs the command; a disabled one does nothing.
     void Press();
-    sigc::signal<void()>& Click() { return click_; }
+    Event<void()> Click() { return click_; }
 
 private:
     std::string caption_;
@@ -67,7 +67,7 @@ public:
     void ButtonEnabled(const std::string& key, bool enabled);
     /// Presses a button; a disabled one does nothing.
     void Press(const std::string& key);
-    sigc::signal<void(const std::string&)>& ButtonClick() { return buttonClick_; }
+    Event<void(const std::string&)> ButtonClick() { return buttonClick_; }
 
 private:
     std::vector<Button> buttons_;

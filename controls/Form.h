@@ -57,11 +57,11 @@ public:
     /// Draws at once what has changed so far.
     void Refresh() { repaint_.emit(); }
 
-    sigc::signal<void()>& Changed() { return changed_; }
-    sigc::signal<void()>& EnabledChanged() { return enabledChanged_; }
-    sigc::signal<void()>& FocusChanged() { return focusChanged_; }
-    sigc::signal<void()>& Hidden() { return hidden_; }
-    sigc::signal<void()>& Repaint() { return repaint_; }
+    Event<void()> Changed() { return changed_; }
+    Event<void()> EnabledChanged() { return enabledChanged_; }
+    Event<void()> FocusChanged() { return focusChanged_; }
+    Event<void()> Hidden() { return hidden_; }
+    Event<void()> Repaint() { return repaint_; }
 
 private:
     std::string name_;

@@ -10,6 +10,9 @@
 
 namespace clb {
 
+/// Number of a grid's first column.
+inline constexpr std::int32_t kFirstColumn = 1;
+
 /// Where texts stand in their cells.
 namespace grid_align {
 inline constexpr std::int32_t General = 0;  ///< texts left, numbers and amounts right

@@ -14,7 +14,7 @@ public:
     const std::string& Caption() const { return caption_; }
     void Caption(const std::string& caption);
     void PressClick() { click_.emit(); }
-    sigc::signal<void()>& Click() { return click_; }
+    Event<void()> Click() { return click_; }
 
 private:
     std::string caption_;
@@ -36,7 +36,7 @@ public:
     std::size_t SelectionLength() const { return selectionLength_; }
     std::string SelectedText() const;
     void SelectAll();
-    sigc::signal<void()>& TextChanged() { return textChanged_; }
+    Event<void()> TextChanged() { return textChanged_; }
 
 private:
     std::string text_;
@@ -66,7 +66,7 @@ public:
     std::string Text() const;
     /// Number of the chosen item; 0 when nothing is chosen.
     std::int32_t ItemData() const;
-    sigc::signal<void()>& Click() { return click_; }
+    Event<void()> Click() { return click_; }
 
 private:
     std::vector<Item> items_;
@@ -81,7 +81,7 @@ public:
     const std::string& Caption() const { return caption_; }
     /// Presses it; a disabled button does nothing.
     void Press();
-    sigc::signal<void()>& Click() { return click_; }
+    Event<void()> Click() { return click_; }
 
 private:
     std::string caption_;
@@ -96,7 +96,7 @@ public:
     bool Value() const { return value_; }
     /// Choosing raises Click and drops the other options of the group.
     void Choose();
-    sigc::signal<void()>& Click() { return click_; }
+    Event<void()> Click() { return click_; }
 
     /// Makes the options one group.
     static void Group(std::vector<OptionButton*> options);
@@ -131,7 +131,7 @@ public:
     const std::string& Panel(std::size_t index) const { return panels_.at(index - 1); }
     void Panel(std::size_t index, const std::string& text);
     /// Raised after a panel's text became another one, with its number.
-    sigc::signal<void(std::size_t)>& PanelChanged() { return panelChanged_; }
+    Event<void(std::size_t)> PanelChanged() { return panelChanged_; }
 
 private:
     std::vector<std::string> panels_;

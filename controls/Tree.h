@@ -45,7 +45,7 @@ public:
     void Select(std::int32_t index);
     /// Selects the node and raises NodeClick, as the mouse does.
     void ClickNode(std::int32_t index);
-    sigc::signal<void(std::int32_t)>& NodeClick() { return nodeClick_; }
+    Event<void(std::int32_t)> NodeClick() { return nodeClick_; }
 
     /// Changes while one lives are drawn once, when it goes.
     class Batch {

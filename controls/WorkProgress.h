@@ -1,10 +1,10 @@
 #pragma once
-#include <sigc++/signal.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
+
+#include "controls/Event.h"
 
 namespace clb {
 
@@ -35,7 +35,7 @@ public:
     /// every single row. Does nothing outside of work.
     void Step(std::size_t part, std::size_t whole, const std::string& text = "");
     /// Raised at every step and when the work has ended.
-    sigc::signal<void()>& Changed() { return changed_; }
+    Event<void()> Changed() { return changed_; }
 
 private:
     int works_ = 0;

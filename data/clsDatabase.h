@@ -1,6 +1,6 @@
+// The data store: the program's one connection, and what it reads and writes through it.
 #pragma once
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -80,6 +80,8 @@ public:
     static bool CanFind(Recordset& records, const std::string& criterion);
     /// Whether a row of the table meets the condition.
     bool RowExists(const std::string& table, const std::string& condition);
+    /// The amount in a column of a SELECT's first row; 0 if it is null.
+    Money Sum(const std::string& sql, const std::string& column);
 
     /// Takes the write lock for a command that will write, before what it reads; it is kept until
     /// the connection settles. Waits for another program that is soon done. Throws EngineError when
@@ -100,30 +102,14 @@ public:
     Connection& Database() { return connection_; }
 
 private:
-    /// Throws RuntimeError when another program has changed or deleted the grid's current row since
+    /// Throws RuntimeError if another program has changed or deleted the grid's current row since
     /// it was shown: what the user decided was about another row.
     void RequireShownRow();
-    /// Throws RuntimeError when older programs have given the number to two transactions.
-    static void RequireOnePiece(const Recordset& pieces, std::int32_t sequence);
+    /// Opens one piece of a transaction for writing. Throws RuntimeError if an older program gave
+    /// the number to two transactions.
+    void OpenPiece(Recordset& piece, const std::string& columns, std::int32_t sequence,
+                   std::int32_t subSequence);
     void RequeryRows();
-    std::int16_t ReadSchemaVersion();
-    void UpgradeSchema();
-
-    std::string ShownAccount() const;
-    bool ValidNetWorthRow(std::int32_t& errorColumn, std::string& errorMessage);
-    bool ValidAccountRow(std::int32_t& errorColumn, std::string& errorMessage);
-    bool ValidBudgetRow(std::int32_t& errorColumn, std::string& errorMessage);
-    void CompleteTransaction();
-    bool ValidAccountCells(std::int32_t accountColumn, std::int32_t sequenceColumn,
-                           std::int32_t& errorColumn, std::string& errorMessage);
-    bool AccountTaken(std::int32_t accountColumn, std::int32_t sequenceColumn);
-    std::string RowsStatement() const;
-    Money Sum(const std::string& sql);
-    Money RegisterBalance();
-    void AccountTotals(const std::string& condition, Money& first, Money& second);
-    static void RefuseQuotes(Recordset& source, Recordset& target);
-    void CopyLines(Recordset& source, Recordset& target, Month to);
-    void DropLines(Recordset& source, Recordset& target, Month to);
 
     const IShownState& shown_;
     ICurrentRow& row_;

@@ -35,7 +35,7 @@ void RemovePrinted(const std::string& folder)
 void CVGrid::PrintMe()
 {
     const std::string file = folder_ + "/print.html";
-    WriteFile(file, GridHtml(inner_, page_ ? page_() : GridPage()));
+    WriteFile(file, GridHtml(*this, page_ ? page_() : GridPage()));
     printing_.Print(file);
     RemovePrinted(folder_);
 }

@@ -1,12 +1,13 @@
-#include "views/Balances.h"
+#include "data/Balances.h"
 
 #include <exception>
 #include <map>
 #include <set>
 
+#include "data/AccountKind.h"
+#include "data/StoredView.h"
 #include "data/clsDatabase.h"
 #include "engine/EngineError.h"
-#include "views/clsView.h"
 
 namespace clb {
 namespace {
@@ -15,28 +16,17 @@ constexpr std::int32_t kFewAccounts = 50;
 
 using Sums = std::map<std::string, Money>;
 
-/// Where the rows of one kind of account are, and what of them makes the balance.
-struct RowTable {
-    std::int32_t view;
-    const char* table;
-    const char* amount;
-};
-
-constexpr RowTable kTables[] = {{vwAccount, "Trans", "Amount"},
-                                {vwInvestment, "Investment", "Total"},
-                                {vwLoan, "Loan", "OriginalAmount - PaidAmount"}};
-
-std::string SumOf(const RowTable& rows)
+std::string SumOf(const Activity& activity)
 {
-    return "SUM( " + std::string(rows.amount) + " ) AS Total FROM " + rows.table;
+    return std::string(activity.sum) + " AS Total FROM " + activity.table;
 }
 
-/// Nothing when the account's own rows add up to too much.
-std::optional<Money> SumOfOne(Connection& connection, const RowTable& rows,
+/// One account's sum; nothing if an amount cannot hold it.
+std::optional<Money> SumOfOne(Connection& connection, const Activity& activity,
                               const std::string& account)
 {
     try {
-        Recordset sum = connection.Execute("SELECT " + SumOf(rows) + " WHERE AccountID = '" +
+        Recordset sum = connection.Execute("SELECT " + SumOf(activity) + " WHERE AccountID = '" +
                                            clsDatabase::ToSqlString(account) + "'");
         return IsNull(sum.Get("Total")) ? Money() : ToMoney(sum.Get("Total"));
     } catch (const EngineError& error) {
@@ -46,12 +36,13 @@ std::optional<Money> SumOfOne(Connection& connection, const RowTable& rows,
     }
 }
 
-/// The sums of a table by account; nothing when some account's rows add up to too much.
-std::optional<Sums> AllSums(Connection& connection, const RowTable& rows)
+/// The sums of a table by account; nothing if an amount cannot hold one of them.
+std::optional<Sums> AllSums(Connection& connection, const Activity& activity)
 {
     try {
         Sums sums;
-        Recordset groups = connection.Execute("SELECT AccountID, " + SumOf(rows) + " GROUP BY AccountID");
+        Recordset groups =
+            connection.Execute("SELECT AccountID, " + SumOf(activity) + " GROUP BY AccountID");
         for (; !groups.AtEnd(); groups.MoveNext())
             if (!IsNull(groups.Get("AccountID")))
                 sums[ToText(groups.Get("AccountID"))] = ToMoney(groups.Get("Total"));
@@ -63,20 +54,20 @@ std::optional<Sums> AllSums(Connection& connection, const RowTable& rows)
     }
 }
 
-/// The sums of one table. Those of a few accounts are asked for one by one, which takes two
-/// thirds of a grouped sum; those of many are read together when the first is asked for.
+/// The sums of one table. For a few accounts each sum is read on its own, which takes two thirds of
+/// the time of a grouped sum; for many accounts all are read together at the first request.
 class TableSums {
 public:
     explicit TableSums(bool together) : together_(together) {}
 
-    std::optional<Money> Of(Connection& connection, const RowTable& rows,
+    std::optional<Money> Of(Connection& connection, const Activity& activity,
                             const std::string& account)
     {
         if (together_)
-            sums_ = AllSums(connection, rows);
+            sums_ = AllSums(connection, activity);
         together_ = false;
         if (!sums_)
-            return SumOfOne(connection, rows, account);
+            return SumOfOne(connection, activity, account);
         const auto found = sums_->find(account);
         return found == sums_->end() ? Money() : found->second;
     }
@@ -97,7 +88,7 @@ void UpdateBalances(clsDatabase& database)
         const Value& number = accounts.Get("AccountID");
         if (IsNull(number))
             continue;
-        std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
+        std::int32_t view = ViewFromAccountType(ToText(accounts.Get("Type")));
         std::string account = ToText(number);
         try {
             database.UpdateBalance(view, account);
@@ -119,22 +110,20 @@ std::vector<OddBalance> OddBalances(clsDatabase& database)
     std::set<std::string> seen;
     Recordset accounts =
         connection.Execute("SELECT AccountID, Description, Type, CurrentBalance FROM Account");
-    const TableSums none(accounts.RecordCount() > kFewAccounts);
-    std::map<std::int32_t, TableSums> tables = {
-        {vwAccount, none}, {vwInvestment, none}, {vwLoan, none}};
+    std::map<const Activity*, TableSums> tables;
     for (; !accounts.AtEnd(); accounts.MoveNext()) {
-        const std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
+        const Activity* activity = ActivityOf(ViewFromAccountType(ToText(accounts.Get("Type"))));
         const Value& number = accounts.Get("AccountID");
-        for (const RowTable& rows : kTables) {
-            // Of two accounts with one number only the first is stored anew.
-            if (rows.view != view || IsNull(number) || !seen.insert(ToText(number)).second)
-                continue;
-            const Value& balance = accounts.Get("CurrentBalance");
-            const auto stored = IsNull(balance) ? std::nullopt : std::optional(ToMoney(balance));
-            const auto sum = tables.at(view).Of(connection, rows, ToText(number));
-            if (!stored || stored != sum)
-                odd.push_back({ToText(number), ToText(accounts.Get("Description")), stored, sum});
-        }
+        // Of two accounts with the same number only the first is recomputed.
+        if (!activity || IsNull(number) || !seen.insert(ToText(number)).second)
+            continue;
+        TableSums& sums =
+            tables.try_emplace(activity, accounts.RecordCount() > kFewAccounts).first->second;
+        const Value& balance = accounts.Get("CurrentBalance");
+        const auto stored = IsNull(balance) ? std::nullopt : std::optional(ToMoney(balance));
+        const auto sum = sums.Of(connection, *activity, ToText(number));
+        if (!stored || stored != sum)
+            odd.push_back({ToText(number), ToText(accounts.Get("Description")), stored, sum});
     }
     return odd;
 }
