@@ -63,7 +63,7 @@ bool Exists(const std::string& path)
     return lstat(path.c_str(), &status) == 0;
 }
 
-/// What stands in the name of a copy; empty for other files.
+/// The part of a file name that names a copy; empty for other files.
 std::string NameIn(const std::string& file)
 {
     if (file.size() < kBefore.size() + kDayLength + kAfter.size() || !file.starts_with(kBefore) ||

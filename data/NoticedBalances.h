@@ -1,3 +1,4 @@
+// The list of balances that were found to be wrong.
 #pragma once
 #include <cstdint>
 #include <optional>
@@ -15,32 +16,33 @@ class Connection;
 struct OddBalance {
     std::string accountID;
     std::string description;
-    std::optional<Money> stored;  ///< nothing: the account has none
-    std::optional<Money> sum;     ///< nothing: its rows add up to more than an amount can be
+    std::optional<Money> stored;  ///< nothing: no balance is stored
+    std::optional<Money> sum;     ///< nothing: an amount cannot hold the sum
 };
 
-/// The list of balances that did not fit their rows when something stored them anew. It says that
-/// rows were changed or deleted behind the program's back, and is kept in the user's file until a
-/// person has taken note.
+/// The list of balances that did not match their rows when they were recomputed. An entry means
+/// that rows were changed or deleted outside the program. The list is kept in the user's file until
+/// a person has taken note of it.
 ///
 /// The table CvBalance is made with the first entry: At, AccountID, Stored, Total (both amounts may
-/// be missing), NoticedBy ("import" or "repair"), TakenNoteOf (empty until then). No statement is
-/// traced. All throw EngineError.
+/// be missing), NoticedBy ("import" or "repair"), TakenNoteOf (null until then). No statement is
+/// traced. All functions throw EngineError.
 namespace noticed_balances {
 
-/// Adds the balances to the list, in the pending group. What stands there already with the same
-/// account and figures, and nobody has taken note of, is not added again.
+/// Adds the balances to the list, in the pending group. An entry with the same account and amounts
+/// that nobody has taken note of is not added again.
 void Note(Connection& connection, const std::vector<OddBalance>& odd, const std::string& by,
           const Date& now);
 
-/// How many entries nobody has taken note of.
+/// Counts the entries that nobody has taken note of.
 std::int32_t CountOpen(Connection& connection);
 
 /// Marks every entry as taken note of, in the pending group; returns how many there were.
 std::int32_t TakeNote(Connection& connection, const Date& now);
 
-/// Lets the entries of an account follow its changed number, as its rows do: not while another
-/// account still has the old one. To be called after the change, in its group.
+/// Changes the account number in an account's entries after the account's own number was changed,
+/// as its rows do; not while another account still has the old number. To be called in the same
+/// group.
 void FollowAccount(Connection& connection, const std::string& from, const std::string& to);
 
 }  // namespace noticed_balances

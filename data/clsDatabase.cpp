@@ -35,7 +35,7 @@ void clsDatabase::Lock()
     if (connection_.Locked())
         return;
     connection_.Lock();
-    // Now that nobody else can write, what was written before is known for certain.
+    // Nobody else can write from here on, so this notices all earlier writes.
     WritesElsewhere();
 }
 

@@ -15,11 +15,11 @@ namespace clb {
 /// The data store: every query and update the program runs. Owns the only connection, opened for
 /// the whole run, and the one result set that the grid shows.
 ///
-/// Other programs may write to the same file. An operation that writes by what it reads takes the
-/// write lock before its first read; the lock is given up when the connection settles.
+/// Other programs may write to the same file. An operation that bases a write on what it reads
+/// takes the write lock before its first read; the lock is released when the connection settles.
 ///
-/// Nothing is trapped here: an EngineError reaches the caller with the engine's number and message.
-/// What a row lacks is no error: ValidRow answers it.
+/// No error is caught here: an EngineError reaches the caller with the engine's number and message.
+/// An incomplete row is not an error: ValidRow returns false.
 class clsDatabase {
 public:
     /// Opens folder/db/clb.mdb and brings an older schema up to date. shown and row are borrowed
@@ -33,8 +33,8 @@ public:
     /// gridRow false: in views 4 to 6 the shown account's row is deleted, its other rows stay.
     /// Always true.
     bool DeleteRow(bool gridRow);
-    /// Checks the grid's current row and completes it: account, month, number, category. False when
-    /// it may not be saved, with the offending column (from 1) and what to tell the user.
+    /// Checks the grid's current row and completes it: account, month, number, category. False if
+    /// it may not be saved, with the offending column (from 1) and the message for the user.
     bool ValidRow(std::int32_t& errorColumn, std::string& errorMessage);
 
     /// Makes the target month hold the source month's categories, groups and amounts, and "(none)".
@@ -44,7 +44,7 @@ public:
                     std::int32_t targetPeriod);
     /// Books one piece of a transaction to the next month (direction 1) or the one before (any
     /// other direction), with a budget line there for the category of the grid's current row, and
-    /// reads the grid's rows again. Throws EngineError when there is no such piece.
+    /// reads the grid's rows again. Throws EngineError if there is no such piece.
     void MoveMonth(std::int32_t sequence, std::int32_t subSequence, std::int32_t direction);
     /// Makes sure that the category has a budget line in the month; an existing line stays as it
     /// is.
@@ -57,42 +57,43 @@ public:
     void CalcTotals(Money& first, Money& second);
     /// Stores the sum of one account's activity in Account.CurrentBalance; no activity stores 0,
     /// the opening balance is not in it. view -1 and an empty accountID mean the ones shown now;
-    /// both are written back. Views 1 to 3 do nothing. Throws EngineError when no account has this
-    /// number.
+    /// both are written back. Does nothing for views 1 to 3. Throws EngineError if no account has
+    /// this number.
     void UpdateBalance(std::int32_t& view, std::string& accountID);
 
     /// Turns one piece of a transaction into two: the piece keeps the first amount, a copy with the
     /// next piece number gets the second amount and a numbered description. Reads the grid's rows
-    /// again. Throws EngineError when there is no such piece; what ran before an error stays.
+    /// again. Throws EngineError if there is no such piece; writes before an error stay.
     void SplitTransaction(std::int32_t sequence, std::int32_t subSequence, Money firstAmount,
                           Money secondAmount);
 
     /// The text with every single quote doubled.
     static std::string ToSqlString(std::string_view text);
-    /// Without blanks in front, at most length characters, without blanks behind.
+    /// Trims spaces on the left, cuts the text to at most `length` characters, then trims spaces on
+    /// the right.
     static std::string TruncateString(std::string_view text, std::int32_t length);
-    /// Largest transaction number plus one; 1 when there are no transactions. Throws RuntimeError
-    /// (Overflow) when no larger number is left.
+    /// Largest transaction number plus one; 1 if there are no transactions. Throws RuntimeError
+    /// (Overflow) if no larger number is left.
     std::int32_t GetNextSequence();
     /// Opens a closed result set on the SELECT.
     void Fill(Recordset& records, const std::string& sql, bool readOnly);
-    /// Stands on the first row that meets the criterion; false when none does.
+    /// Moves to the first row that meets the criterion; false if none does.
     static bool CanFind(Recordset& records, const std::string& criterion);
     /// Whether a row of the table meets the condition.
     bool RowExists(const std::string& table, const std::string& condition);
     /// The amount in a column of a SELECT's first row; 0 if it is null.
     Money Sum(const std::string& sql, const std::string& column);
 
-    /// Takes the write lock for a command that will write, before what it reads; it is kept until
-    /// the connection settles. Waits for another program that is soon done. Throws EngineError when
-    /// that one is not.
+    /// Takes the write lock for a command that will write, before its first read; it is kept until
+    /// the connection settles. Waits for another program for a short time, then throws
+    /// EngineError.
     void Lock();
-    /// A number that grows when another program has written to the file. Never waits for one that
-    /// is writing at the moment.
+    /// A number that grows when another program writes to the file. Never waits for one that is
+    /// writing at the moment.
     std::uint64_t WritesElsewhere();
     /// Whether another program has written since the rows of the shown view were read.
     bool RowsOutdated() { return WritesElsewhere() != rowsReadAt_; }
-    /// Says that the rows of the shown view have just been read again.
+    /// To be called after the rows of the shown view were read again.
     void RowsRead() { rowsReadAt_ = WritesElsewhere(); }
 
     /// The file's schema version, at least 2 here; a later program's file has a later one.
