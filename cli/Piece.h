@@ -9,10 +9,6 @@ namespace clb {
 
 class Program;
 
-/// Columns of a register's rows that name a transaction and its piece.
-inline constexpr std::int32_t kSequenceColumn = 11;
-inline constexpr std::int32_t kPieceColumn = 12;
-
 /// A transaction by its number, and one of its pieces; nothing means the first there is.
 struct PieceOptions {
     std::int32_t number = 0;

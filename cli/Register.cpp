@@ -3,6 +3,7 @@
 #include "cli/Options.h"
 #include "cli/Piece.h"
 #include "cli/Program.h"
+#include "data/ViewColumns.h"
 
 #include <iostream>
 #include <memory>
@@ -19,9 +20,9 @@ struct RegisterOptions : FolderOptions {
 /// The columns that name a transaction and its piece, when they are asked for and there are any.
 std::vector<std::int32_t> Numbers(frmController& window, bool asked)
 {
-    if (!asked || window.View().View() != vwAccount)
+    if (!asked || !window.View().Definition().transactions)
         return {};
-    return {kSequenceColumn, kPieceColumn};
+    return {Register::Sequence, Register::SubSequence};
 }
 
 Json RegisterJson(frmController& window, const FoundAccount& account,

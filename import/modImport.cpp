@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "data/Balances.h"
 #include "data/clsDatabase.h"
 #include "import/FileLines.h"
 #include "import/Messages.h"
@@ -9,7 +10,6 @@
 #include "ports/IClock.h"
 #include "ports/IFileDialog.h"
 #include "ports/IPointer.h"
-#include "views/Balances.h"
 #include "views/clsView.h"
 
 namespace clb {

@@ -10,6 +10,7 @@
 #include "base/Numeric.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "data/NoCategory.h"
 #include "data/clsDatabase.h"
 #include "import/FileLines.h"
 #include "import/HeldRecords.h"
@@ -25,7 +26,6 @@ namespace {
 constexpr std::int32_t kTextLength = 50;
 /// From so many on, a file is taken for one that repeats much of its account.
 constexpr std::int32_t kManyDuplicates = 200;
-constexpr const char* kNoCategory = "(none)";
 
 enum class Section { Ignored, Transactions, Categories };
 
