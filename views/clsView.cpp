@@ -71,6 +71,9 @@ void clsView::Refresh()
 template <class Work>
 void clsView::OrShowNothing(const Work& work)
 {
+    // Without a view there is nothing to read, and what is shown stays.
+    if (view_ < vwNetWorth || view_ > vwLoan)
+        return work();
     try {
         work();
     } catch (const RuntimeError& error) {

@@ -78,21 +78,6 @@ TEST_F(MemoryTest, AnImportThatCannotStartAThreadSaysSoAndStoresNothing)
     EXPECT_TRUE(folder.Read("books/db/clb.mdb") == before);
 }
 
-TEST_F(MemoryTest, AQuoteServerThatCannotStartAThreadSaysSo)
-{
-    if (!kLimited)
-        GTEST_SKIP();
-    const std::string prices = folder.Write("prices.csv", "ACME,1,1,2006-03-01\n");
-
-    const int code = RunLimited("ulimit -s 4000000 && ulimit -v 3000000",
-                                "quote-server --port 0 --prices '" + prices + "'");
-    if (code == 77)
-        GTEST_SKIP() << "the stack may not be made so large here";
-
-    EXPECT_EQ(code, 1);
-    EXPECT_THAT(Err(), HasSubstr("There is not enough memory for another thread"));
-}
-
 // Symptom: "terminate called without an active exception", and a core file.
 TEST_F(MemoryTest, WithHardlyMoreThanTheLoaderTakesItSaysSoAndStoresNothing)
 {
