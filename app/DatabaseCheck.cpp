@@ -289,31 +289,30 @@ void DatabaseCheck::FindNoticed()
     if (!list || !IsNoticedList(*list))
         return;
     CheckRows(raw_, NoticedList(), findings_).Run();
-    raw_.Select(
-        std::string("SELECT rowid, At, AccountID, Stored, Total, NoticedBy, ") +
-            (list->Find("StoredInstead") ? "StoredInstead" : "NULL") +
-            " FROM CvBalance WHERE TakenNoteOf IS NULL ORDER BY rowid",
-        [this](const RawSql::Row& row) {
-            const auto amount = [&](int at, const char* none) {
-                return row.KindOf(at) == RawSql::Kind::Integer
-                           ? Money::FromScaled(row.Integer(at)).ToText()
-                       : row.IsNull(at) ? std::string(none)
-                                        : "not an amount";
-            };
-            const std::string day(row.Text(1).substr(0, 10));
-            const std::string when = Date::FromIso(day) ? "on " + day : "on an unknown day";
-            const std::string number(row.Text(2));
-            findings_.Add(
-                {.kind = "noticed",
-                 .table = "CvBalance",
-                 .text = "Account " + Quoted(number) + " (" + DescriptionOf(number) + "): when " +
-                         noticed_balances::OccasionOf(row.Text(5)) + " " + when +
-                         ", the stored balance was " +
-                         (row.IsNull(6) ? amount(3, "missing") : std::string(row.Text(6))) +
-                         " and its rows added up to " + amount(4, "too much") + ".",
-                 .rows = 1,
-                 .row = row.Integer(0)});
-        });
+    raw_.Select(std::string("SELECT rowid, At, AccountID, Stored, Total, NoticedBy, ") +
+                    (list->Find("StoredInstead") ? "StoredInstead" : "NULL") +
+                    " FROM CvBalance WHERE TakenNoteOf IS NULL ORDER BY rowid",
+                [this](const RawSql::Row& row) {
+                    const auto amount = [&](int at, const char* none) {
+                        return row.KindOf(at) == RawSql::Kind::Integer
+                                   ? Money::FromScaled(row.Integer(at)).ToText()
+                               : row.IsNull(at) ? std::string(none)
+                                                : "not an amount";
+                    };
+                    const std::string day(row.Text(1).substr(0, 10));
+                    const std::string when = Date::FromIso(day) ? "on " + day : "on an unknown day";
+                    const std::string number(row.Text(2));
+                    findings_.Add(
+                        {.kind = "noticed",
+                         .table = "CvBalance",
+                         .text = "Account " + Quoted(number) + " (" + DescriptionOf(number) +
+                                 "): when " + noticed_balances::OccasionOf(row.Text(5)) + " " +
+                                 when + ", the stored balance was " +
+                                 (row.IsNull(6) ? amount(3, "missing") : std::string(row.Text(6))) +
+                                 " and its rows added up to " + amount(4, "too much") + ".",
+                         .rows = 1,
+                         .row = row.Integer(0)});
+                });
 }
 
 void DatabaseCheck::FindCategories()

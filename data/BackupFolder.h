@@ -22,8 +22,8 @@ namespace clb {
 /// time in the future come first, because their clock was wrong.
 ///
 /// The file "failed" says why the last daily backup was not made. Both files may be lost without
-/// harm, and broken lines in them are skipped. A folder, pipe or link of their name gives way to the
-/// file when it is written next; a folder is kept with ".damaged" after its name.
+/// harm, and broken lines in them are skipped. A folder, pipe or link of their name gives way to
+/// the file when it is written next; a folder is kept with ".damaged" after its name.
 class BackupFolder {
 public:
     explicit BackupFolder(std::string path) : path_(std::move(path)) {}

@@ -27,8 +27,7 @@ std::optional<Money> SumOfOne(Connection& connection, const Activity& activity,
 {
     const std::string condition = "AccountID = '" + clsDatabase::ToSqlString(account) + "'";
     try {
-        Recordset sum =
-            connection.Execute("SELECT " + SumOf(activity) + " WHERE " + condition);
+        Recordset sum = connection.Execute("SELECT " + SumOf(activity) + " WHERE " + condition);
         return IsNull(sum.Get("Total")) ? Money() : ToMoney(sum.Get("Total"));
     } catch (const EngineError& error) {
         if (error.Number() != engine_errors::Overflow)

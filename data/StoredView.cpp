@@ -62,10 +62,7 @@ const Activity* ActivityOf(std::int32_t view)
 SummedAmounts AmountsOf(const Activity& activity, const std::string& condition,
                         const std::string& account)
 {
-    return {activity.table,
-            {activity.columns.begin(), activity.columns.end()},
-            condition,
-            account};
+    return {activity.table, {activity.columns.begin(), activity.columns.end()}, condition, account};
 }
 
 std::string RowsStatement(const IShownState& shown)

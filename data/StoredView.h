@@ -16,7 +16,7 @@ class ViewTotals;
 /// The rows that an account's balance is the sum of.
 struct Activity {
     const char* table;
-    const char* sum;  ///< SQL aggregate over one account's rows
+    const char* sum;                       ///< SQL aggregate over one account's rows
     std::span<const char* const> columns;  ///< the amounts that it adds up
 };
 

@@ -14,8 +14,8 @@ struct SummedAmounts;
 /// shown state are borrowed.
 ///
 /// Each operation is for one view. One that shows a single sum leaves the second as passed. Throws
-/// EngineError, also for a sum that an amount cannot hold and for a cell that is not an amount, which
-/// its text names.
+/// EngineError, also for a sum that an amount cannot hold and for a cell that is not an amount,
+/// which its text names.
 class ViewTotals {
 public:
     ViewTotals(clsDatabase& store, const IShownState& shown);

@@ -73,8 +73,8 @@ public:
 
     /// Turns one piece of a transaction into two: the piece keeps the first amount, a copy with the
     /// next piece number gets the second amount and a numbered description. Reads the grid's rows
-    /// again. Throws EngineError if there is no such piece, and NumbersUsedUp; writes before an error
-    /// stay.
+    /// again. Throws EngineError if there is no such piece, and NumbersUsedUp; writes before an
+    /// error stay.
     void SplitTransaction(std::int32_t sequence, std::int32_t subSequence, Money firstAmount,
                           Money secondAmount);
 
