@@ -71,9 +71,6 @@ void clsView::Refresh()
 template <class Work>
 void clsView::OrShowNothing(const Work& work)
 {
-    // Without a view there is nothing to read, and what is shown stays.
-    if (view_ < vwNetWorth || view_ > vwLoan)
-        return work();
     try {
         work();
     } catch (const RuntimeError& error) {
@@ -94,9 +91,12 @@ void clsView::ShowNothing(const char* why) noexcept
     });
     Quietly([&] { grid.DataSource(nullptr); });
     Quietly([&] { whyEmpty_ = why; });
-    Quietly([this] { targets_.lblTotal.Caption(""); });
-    Quietly([this] { targets_.txtTotal.Text(""); });
-    Quietly([this] { targets_.txtTotal2.Text(""); });
+    // Without a view there are no totals that could be others, and those shown stay.
+    if (view_ >= vwNetWorth && view_ <= vwLoan) {
+        Quietly([this] { targets_.lblTotal.Caption(""); });
+        Quietly([this] { targets_.txtTotal.Text(""); });
+        Quietly([this] { targets_.txtTotal2.Text(""); });
+    }
     Quietly([this] { EnableDisable(); });
     Quietly([&] { grid.RedrawEnabled(true); });
 }
