@@ -1,9 +1,9 @@
 #include "app/BalanceWatch.h"
 
+#include "data/Balances.h"
 #include "data/NoticedBalances.h"
 #include "data/clsDatabase.h"
 #include "engine/EngineError.h"
-#include "views/Balances.h"
 
 namespace clb {
 namespace {

@@ -6,16 +6,10 @@
 #include "app/TreePlaces.h"
 #include "app/frmController.h"
 #include "base/RuntimeError.h"
+#include "data/ViewColumns.h"
 
 namespace clb {
 namespace {
-
-// Columns of the register that tell one transaction from another that was given its number.
-constexpr std::int32_t kPostDate = 1;
-constexpr std::int32_t kDescription = 2;
-constexpr std::int32_t kAmount = 3;
-constexpr std::int32_t kAccount = 7;
-constexpr std::int32_t kIdentifier = 10;
 
 constexpr const char* kGone =
     "Another program has deleted this record. What you typed is not saved. Press Escape to give it "
@@ -75,11 +69,11 @@ bool OtherPrograms::HaveWritten()
 
 bool OtherPrograms::Follow()
 {
-    const GridComponent& grid = window_.Grid.Component();
+    const GridComponent& grid = window_.Grid;
     if ((!HaveWritten() && !treeBehind_) || grid.Dirty() || grid.Editing())
         return true;
     const bool inGrid = window_.window.Focus() == &grid;
-    const GridComponent::Spot current = grid.CurrentSpot();
+    const GridSpot current = grid.CurrentSpot();
     const std::uint64_t written = window_.Data().WritesElsewhere();
     const Connection::Untraced untraced(window_.Data().Database());
     const Raised following(following_);
@@ -90,13 +84,13 @@ bool OtherPrograms::Follow()
     return !inGrid || KeepsRow(current);
 }
 
-bool OtherPrograms::KeepsRow(const GridComponent::Spot& before)
+bool OtherPrograms::KeepsRow(const GridSpot& before)
 {
     if (!window_.View().WhyEmpty().empty()) {
         whyRowGone_ = window_.View().WhyEmpty();
         return false;
     }
-    const GridComponent::Spot now = window_.Grid.Component().CurrentSpot();
+    const GridSpot now = window_.Grid.CurrentSpot();
     if (before.identity == 0 || (now.identity == before.identity && now.key == before.key))
         return true;
     whyRowGone_ = kAnother + FateOf(before, "the current row", window_.Data(), window_.View());
@@ -105,13 +99,13 @@ bool OtherPrograms::KeepsRow(const GridComponent::Spot& before)
 
 std::string OtherPrograms::WhyRowGone(std::size_t row) const
 {
-    return kAnother + FateOf(window_.Grid.Component().ToldSpot(row), "row " + std::to_string(row),
+    return kAnother + FateOf(window_.Grid.ReportedSpot(row), "row " + std::to_string(row),
                              window_.Data(), window_.View());
 }
 
 void OtherPrograms::RowNumbersTold()
 {
-    window_.Grid.Component().NumbersTold();
+    window_.Grid.NumbersReported();
 }
 
 void OtherPrograms::FollowTree()
@@ -136,7 +130,7 @@ void OtherPrograms::FollowTree()
 
 std::size_t OtherPrograms::RowNow(std::size_t row) const
 {
-    return window_.Grid.Component().RowNow(row);
+    return window_.Grid.RowNow(row);
 }
 
 std::int32_t OtherPrograms::NodeNow(std::int32_t node) const
@@ -148,7 +142,7 @@ std::int32_t OtherPrograms::NodeNow(std::int32_t node) const
 
 bool OtherPrograms::AgreeOnRow()
 {
-    GridComponent& grid = window_.Grid.Component();
+    GridComponent& grid = window_.Grid;
     for (;;) {
         window_.Data().Lock();
         if (!window_.Data().RowsOutdated())
@@ -181,8 +175,7 @@ bool OtherPrograms::Refuse(const char* why)
 /// True in the views that show no single account.
 bool OtherPrograms::HasShownAccount() const
 {
-    const std::int32_t view = window_.View().View();
-    if (view != vwAccount && view != vwInvestment && view != vwLoan)
+    if (!window_.View().Definition().ofAccount)
         return true;
     const Connection::Untraced untraced(window_.Data().Database());
     return window_.Data().RowExists(
@@ -191,7 +184,7 @@ bool OtherPrograms::HasShownAccount() const
 
 std::vector<std::int32_t> OtherPrograms::Disputed(const std::vector<std::int32_t>& columns) const
 {
-    GridComponent& grid = window_.Grid.Component();
+    GridComponent& grid = window_.Grid;
     std::vector<std::int32_t> disputed;
     for (const std::int32_t column : columns)
         if (grid.Typed(column) && grid.ColumnValue(column) != grid.StoredValue(column))
@@ -203,19 +196,20 @@ std::vector<std::int32_t> OtherPrograms::Disputed(const std::vector<std::int32_t
 /// Null if it is the same row, changed or not.
 const char* OtherPrograms::WhyAnotherRow(const std::vector<std::int32_t>& columns) const
 {
-    if (window_.View().View() != vwAccount)
+    if (!window_.View().Definition().transactions)
         return nullptr;
     const auto differs = [&columns](std::int32_t column) {
         return std::find(columns.begin(), columns.end(), column) != columns.end();
     };
-    if (differs(kIdentifier) || (differs(kPostDate) && differs(kDescription) && differs(kAmount)))
+    if (differs(Register::Fitid) || (differs(Register::PostDate) &&
+                                     differs(Register::Description) && differs(Register::Amount)))
         return kReplaced;
-    return differs(kAccount) ? kMoved : nullptr;
+    return differs(Register::AccountID) ? kMoved : nullptr;
 }
 
 std::string OtherPrograms::Question(const std::vector<std::int32_t>& columns) const
 {
-    GridComponent& grid = window_.Grid.Component();
+    GridComponent& grid = window_.Grid;
     std::string text = "Another program has changed this record meanwhile.\n";
     for (const std::int32_t column : columns)
         text += "\n" + grid.Columns().Item(column).caption + ": you entered " +

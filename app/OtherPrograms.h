@@ -54,7 +54,7 @@ public:
 
 private:
     void FollowTree();
-    bool KeepsRow(const GridComponent::Spot& before);
+    bool KeepsRow(const GridSpot& before);
     bool HasShownAccount() const;
     bool Refuse(const char* why);
     std::vector<std::int32_t> Disputed(const std::vector<std::int32_t>& columns) const;

@@ -31,7 +31,7 @@ const char* PlaceOf(std::int32_t view)
 
 }  // namespace
 
-std::string FateOf(const GridComponent::Spot& spot, const std::string& row, clsDatabase& database,
+std::string FateOf(const GridSpot& spot, const std::string& row, clsDatabase& database,
                    const IShownState& shown)
 {
     const std::int32_t view = shown.View();

@@ -1,18 +1,9 @@
 #include "app/TreePlaces.h"
 
 #include "controls/Tree.h"
+#include "views/NodeTag.h"
 
 namespace clb {
-namespace {
-
-/// The account number in a node's tag; empty for nodes that are no account.
-std::string AccountNumber(const std::string& tag)
-{
-    const std::size_t divider = tag.find('\x01');
-    return divider == std::string::npos ? std::string() : tag.substr(divider + 1);
-}
-
-}  // namespace
 
 std::int32_t NodeLike(const Tree& tree, const TreeNode& sought, std::int32_t place)
 {
@@ -30,13 +21,13 @@ std::int32_t NodeLike(const Tree& tree, const TreeNode& sought, std::int32_t pla
     if (const std::int32_t node = find(same); node != 0)
         return node;
     // An account's own type or number may be what was saved.
-    const std::string number = AccountNumber(sought.tag);
+    const std::string number = node_tag::AccountID(sought.tag);
     if (number.empty())
         return 0;
     const std::int32_t moved =
-        find([&](const TreeNode& node) { return AccountNumber(node.tag) == number; });
+        find([&](const TreeNode& node) { return node_tag::AccountID(node.tag) == number; });
     return moved != 0 ? moved : find([&](const TreeNode& node) {
-        return node.text == sought.text && !AccountNumber(node.tag).empty();
+        return node.text == sought.text && !node_tag::AccountID(node.tag).empty();
     });
 }
 

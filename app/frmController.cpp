@@ -45,9 +45,9 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
       metrics_(metrics),
       others_(std::make_unique<OtherPrograms>(*this, ports_.messages))
 {
-    for (Control* control : std::initializer_list<Control*>{
-             &TreeView, &Grid.Component(), &cmbPeriod, &txtYear, &UpDown, &txtTotal, &txtTotal2,
-             &lblTotal, &toolbar, &statusBar})
+    for (Control* control :
+         std::initializer_list<Control*>{&TreeView, &Grid, &cmbPeriod, &txtYear, &UpDown, &txtTotal,
+                                         &txtTotal2, &lblTotal, &toolbar, &statusBar})
         window.Add(*control);
     for (std::int32_t month = 0; month < 12; ++month)
         cmbPeriod.Add(kMonths[month], month + 1);
@@ -159,7 +159,7 @@ void frmController::ShowStored() noexcept
 
 void frmController::ReloadWindow()
 {
-    Grid.Component().CancelEdit();
+    Grid.CancelEdit();
     const std::int32_t selected = TreeView.Selected();
     const TreeNode shown = View().TreeIsWhole() ? TreeView.Node(selected) : View().ShownNode();
     View().BuildTree();
@@ -185,11 +185,10 @@ void frmController::Unload()
 
 bool frmController::Close()
 {
-    bool cancel = false;
-    Grid.Component().Validate().emit(cancel);
-    if (!cancel)
-        Unload();
-    return !cancel;
+    if (!Grid.MayLoseFocus())
+        return false;
+    Unload();
+    return true;
 }
 
 void frmController::Wire()
@@ -217,9 +216,10 @@ void frmController::NodeClicked(std::int32_t node)
     const std::string text = TreeView.Node(node).text;
     window.Caption(text + " - " + Title);
     const std::string kind = View().GetTreeNodeAccountInfo(0);
-    if (kind == "3")
+    const ViewDefinition& definition = DefinitionOf(ParseLong(kind));
+    if (definition.ofType)
         View().AccountType(text);
-    else if (kind == "4" || kind == "5" || kind == "6")
+    else if (definition.ofAccount)
         View().AccountID(View().GetTreeNodeAccountInfo(1));
     View().View(ParseLong(kind));
 }
@@ -276,7 +276,7 @@ void frmController::Resize(std::int32_t width, std::int32_t height)
     const std::int32_t gridHeight = atLeastZero(treeHeight - metrics_.totalsHeight);
     const std::int32_t gridWidth = atLeastZero(width - metrics_.treeWidth - 4 * pixel);
     const std::int32_t gridLeft = metrics_.treeWidth + 2 * pixel;
-    Grid.Component().Place({gridLeft, top, gridWidth, gridHeight});
+    Grid.Place({gridLeft, top, gridWidth, gridHeight});
     for (Control* control : std::initializer_list<Control*>{&lblTotal, &txtTotal, &txtTotal2}) {
         Bounds place = control->Place();
         place.top = top + gridHeight;

@@ -162,14 +162,9 @@ private:
     /// Tag of the account in the grid's current row as it is stored, whatever was typed over it.
     std::string StoredAccountTag();
     void RowDeleted();
-    void FetchComputed(std::int32_t row, std::int32_t column, Value& value);
-    void FetchTip(std::int32_t row, std::string& tip);
-    void FetchFooter(std::int32_t row, std::string& text);
     void UpdateShownBalance();
     void WatchShownBalance();
     bool ListsAccounts() const;
-    std::string ShownMonthOf(const std::string& prefix) const;
-    Money SumOf(const std::string& sql, const char* field, const SummedAmounts& amounts);
     void ToolbarPressed(const std::string& key);
     void ImportCommand();
     void QuotesCommand();
@@ -197,9 +192,8 @@ private:
     sigc::signal<void()> opened_;
     sigc::signal<void()> unloading_;
     std::string formerNumber_;          // of the account being saved; empty for a new one
-    double lastActual_ = 0;             // for the difference column of the same row
     std::int32_t pendingTreeNode_ = 0;  // node of the account being deleted
-    std::int32_t refusedColumn_ = 1;    // cell to correct in a refused row
+    std::int32_t refusedColumn_ = kFirstColumn;  // cell to correct in a refused row
 };
 
 }  // namespace clb

@@ -10,6 +10,8 @@
 #include "base/RuntimeError.h"
 #include "data/Backups.h"
 #include "data/NoticedBalances.h"
+#include "data/ViewColumns.h"
+#include "views/NodeTag.h"
 
 namespace clb {
 
@@ -82,9 +84,7 @@ void frmController::WireMenus()
 
 void frmController::ToolbarPressed(const std::string& key)
 {
-    bool cancel = false;
-    Grid.Component().Validate().emit(cancel);
-    if (cancel)
+    if (!Grid.MayLoseFocus())
         return;
     if (key == "New")
         NewRecord();
@@ -153,24 +153,22 @@ void frmController::ShowImportedAccount()
 {
     // A new or mapped account's node is selected by the import while a register still shows another
     // account: show the selected one, so that no new row goes into the wrong account.
-    const std::int32_t shown = View().View();
-    if (shown != vwAccount && shown != vwInvestment && shown != vwLoan)
+    if (!View().Definition().ofAccount)
         return;
     const std::string& tag = TreeView.Node(TreeView.Selected()).tag;
-    const bool isAccount = tag.find('\x01') != std::string::npos;
-    if (isAccount && tag != clsView::AccountTag(shown, View().AccountID()))
+    if (node_tag::IsAccount(tag) && tag != node_tag::OfAccount(View().View(), View().AccountID()))
         NodeClicked(TreeView.Selected());
 }
 
 void frmController::NewRecord()
 {
-    if (!Grid.Component().Bound())
+    if (!Grid.Bound())
         View().Refresh();
     Grid.MoveToRowKey(Null{});
     // A row that was refused keeps its cell to correct.
-    if (Grid.Component().Position() != 1)
+    if (Grid.Position() != 1)
         return;
-    Grid.Col(1);
+    Grid.Col(kFirstColumn);
     Grid.Editing(true);
 }
 
@@ -187,18 +185,19 @@ void frmController::SplitCommand()
     frmSplit dialog(ports_.modal);
     Money first;
     Money second;
-    if (!dialog.Split(ToMoney(Grid.ColumnValue(3)), ToText(Grid.ColumnValue(2)), first, second))
+    if (!dialog.Split(ToMoney(Grid.ColumnValue(Register::Amount)),
+                      ToText(Grid.ColumnValue(Register::Description)), first, second))
         return;
     // A row that is refused stays in edit and is not split.
     if (!Grid.Update())
         return;
     Data().Lock();
-    if (Data().RowsOutdated() && ToMoney(Grid.ColumnValue(3)) != first + second)
+    if (Data().RowsOutdated() && ToMoney(Grid.ColumnValue(Register::Amount)) != first + second)
         throw RuntimeError(errors::InvalidCall,
                            "Another program has changed the amount of this transaction meanwhile. "
                            "Nothing was split. Please repeat the command.");
-    Data().SplitTransaction(ToLong(Grid.ColumnValue(11)), ToLong(Grid.ColumnValue(12)), first,
-                            second);
+    Data().SplitTransaction(ToLong(Grid.ColumnValue(Register::Sequence)),
+                            ToLong(Grid.ColumnValue(Register::SubSequence)), first, second);
     Grid.Refetch();
 }
 
@@ -245,21 +244,21 @@ GridPage frmController::PrintedPage()
     GridPage page;
     // The caption begins with the name of what is shown.
     page.title = window.Caption().substr(0, window.Caption().rfind(std::string(" - ") + Title));
-    const std::int32_t view = View().View();
-    if (view == vwBudget || view == vwAccount)
+    const ViewDefinition& view = View().Definition();
+    if (view.ofMonth)
         page.subtitle = cmbPeriod.Text() + " " + txtYear.Text();
     page.totalLabel = lblTotal.Caption();
-    const auto [first, second] = View().TotalColumns();
-    if (first != 0)
-        page.totals.push_back({first, txtTotal.Text()});
-    if (second != 0)
-        page.totals.push_back({second, txtTotal2.Text()});
+    if (view.firstTotal != 0)
+        page.totals.push_back({view.firstTotal, txtTotal.Text()});
+    if (view.secondTotal != 0)
+        page.totals.push_back({view.secondTotal, txtTotal2.Text()});
     return page;
 }
 
 void frmController::MoveTransaction(std::int32_t direction)
 {
-    Data().MoveMonth(ToLong(Grid.ColumnValue(11)), ToLong(Grid.ColumnValue(12)), direction);
+    Data().MoveMonth(ToLong(Grid.ColumnValue(Register::Sequence)),
+                     ToLong(Grid.ColumnValue(Register::SubSequence)), direction);
     Grid.Refetch();
     View().RefreshTotals();
 }

@@ -35,6 +35,10 @@ struct Receiver<CVGrid> {
     static CVGrid& In(frmController& controller) { return controller.Grid; }
 };
 template <>
+struct Receiver<GridComponent> {
+    static GridComponent& In(frmController& controller) { return controller.Grid; }
+};
+template <>
 struct Receiver<modImport> {
     static modImport& In(frmController& controller) { return controller.Import(); }
 };

@@ -63,7 +63,7 @@ Operations ViewOperations()
     return {
         {"BuildTree", Bind(&clsView::BuildTree)},
         {"CancelEdit", Bind(&CVGrid::CancelEdit)},
-        {"Col", Bind(&CVGrid::Col)},
+        {"Col", Bind(static_cast<void (CVGrid::*)(std::int32_t)>(&CVGrid::Col))},
         {"ColumnValue", Bind(&ColumnValue)},
         {"ColumnValueSet", Bind(&SetColumnValue)},
         {"FindTreeNodeByTag", Bind(&clsView::FindTreeNodeByTag)},

@@ -29,10 +29,9 @@ void Recorder::FollowWindow(frmController& controller)
     connections_.push_back(controller.window.EnabledChanged().connect([this, &controller] {
         Log({{"event", "enabled"}, {"value", controller.window.Enabled()}});
     }));
-    connections_.push_back(
-        controller.Grid.Component().RedrawChanged().connect([this](bool painting) {
-            Log({{"event", "redraw"}, {"value", painting}});
-        }));
+    connections_.push_back(controller.Grid.RedrawChanged().connect([this](bool painting) {
+        Log({{"event", "redraw"}, {"value", painting}});
+    }));
 }
 
 void Recorder::FollowView(clsView& view)

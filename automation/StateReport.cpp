@@ -151,7 +151,7 @@ Json DescribeTree(const Tree& tree)
 
 Json DescribeGrid(CVGrid& grid)
 {
-    GridComponent& component = grid.Component();
+    GridComponent& component = grid;
     Json columns = Json::array();
     for (std::int32_t index = 1; index <= grid.Columns().Count(); ++index)
         columns.push_back(DescribeColumn(grid.Columns(), index));
@@ -169,7 +169,7 @@ Json DescribeGrid(CVGrid& grid)
 Json DescribeLayout(const frmController& controller)
 {
     return {{"TreeView", DescribePlace(controller.TreeView)},
-            {"Grid", DescribePlace(controller.Grid.Component())},
+            {"Grid", DescribePlace(controller.Grid)},
             {"Toolbar", DescribePlace(controller.toolbar)},
             {"StatusBar", DescribePlace(controller.statusBar)},
             {"lblTotal", DescribePlace(controller.lblTotal)},

@@ -21,8 +21,7 @@ std::size_t ReadRow(frmController& controller, const Request& request)
         return rows.NewRow();
     }
     const std::int32_t number = request.Long("row");
-    const std::size_t now =
-        number < 1 ? 0 : grid.Component().RowNow(static_cast<std::size_t>(number));
+    const std::size_t now = number < 1 ? 0 : grid.RowNow(static_cast<std::size_t>(number));
     if (number >= 1 && now == 0)
         throw RequestError(controller.Others().WhyRowGone(static_cast<std::size_t>(number)));
     if (now == 0 || now > rows.Count())
@@ -42,7 +41,7 @@ Cell ReadCell(frmController& controller, const Request& request)
 /// does not let the user leave.
 bool GoTo(frmController& controller, const Cell& cell)
 {
-    GridComponent& grid = controller.Grid.Component();
+    GridComponent& grid = controller.Grid;
     return controller.window.Focus(grid) && grid.MoveTo(cell.row, cell.column);
 }
 
@@ -65,7 +64,7 @@ bool Type(GridComponent& grid, const std::string& text)
 
 Json Edit(Session& session, const Request& request)
 {
-    GridComponent& grid = session.controller.Grid.Component();
+    GridComponent& grid = session.controller.Grid;
     const Cell cell = ReadCell(session.controller, request);
     const std::string text = request.Text("text");
     const bool edited = GoTo(session.controller, cell) && grid.BeginEdit(0) && Type(grid, text);
@@ -75,14 +74,13 @@ Json Edit(Session& session, const Request& request)
 Json Begin(Session& session, const Request& request)
 {
     const Cell cell = ReadCell(session.controller, request);
-    const bool begun =
-        GoTo(session.controller, cell) && session.controller.Grid.Component().BeginEdit(0);
+    const bool begun = GoTo(session.controller, cell) && session.controller.Grid.BeginEdit(0);
     return {{"begun", begun}};
 }
 
 Json End(Session& session, const Request&)
 {
-    return {{"ended", session.controller.Grid.Component().EndEdit()}};
+    return {{"ended", session.controller.Grid.EndEdit()}};
 }
 
 Json Save(Session& session, const Request&)
@@ -92,14 +90,14 @@ Json Save(Session& session, const Request&)
 
 Json Escape(Session& session, const Request&)
 {
-    session.controller.Grid.Component().Escape();
+    session.controller.Grid.Escape();
     return Json::object();
 }
 
 Json Tip(Session& session, const Request& request)
 {
     const Cell cell = ReadCell(session.controller, request);
-    const auto text = session.controller.Grid.Component().CellTip(cell.row, cell.column);
+    const auto text = session.controller.Grid.CellTip(cell.row, cell.column);
     return {{"text", text ? Json(*text) : Json()}};
 }
 

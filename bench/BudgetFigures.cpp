@@ -44,7 +44,7 @@ public:
 private:
     void FetchRow(std::size_t row, Texts& texts)
     {
-        GridComponent& grid = program_.Window().Grid.Component();
+        GridComponent& grid = program_.Window().Grid;
         switch (grid.Rows().Kind(row)) {
             case GridRowKind::GroupHeading: texts.push_back(grid.Rows().HeadingText(row)); break;
             case GridRowKind::GroupFooter: texts.push_back(grid.FooterText(row)); break;

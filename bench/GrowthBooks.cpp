@@ -4,9 +4,9 @@
 #include "bench/RegisterFigures.h"
 #include "bench/SavingFigures.h"
 #include "cli/Program.h"
+#include "data/Balances.h"
 #include "data/clsDatabase.h"
 #include "platform/ProgramFolder.h"
-#include "views/Balances.h"
 #include "views/clsView.h"
 
 #include <filesystem>

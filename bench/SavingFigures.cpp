@@ -4,7 +4,9 @@
 #include "bench/Ledger.h"
 #include "bench/SameLedger.h"
 #include "cli/Program.h"
+#include "data/ViewColumns.h"
 #include "platform/ProgramFolder.h"
+#include "views/NodeTag.h"
 
 #include <filesystem>
 #include <stdexcept>
@@ -25,7 +27,7 @@ public:
     ShownPurse(const std::string& folder, LedgerSize size) : program_(folder, forms_)
     {
         program_.ChooseMonth(LastPurseMonth(size));
-        program_.PressNode(clsView::AccountTag(vwAccount, LedgerPurse()));
+        program_.PressNode(node_tag::OfAccount(vwAccount, LedgerPurse()));
     }
 
     std::size_t Rows() { return Grid().Rows().NewRow() - 1; }
@@ -33,11 +35,10 @@ public:
     /// Types another amount into a row, from 0, leaves the row and waits until it is durable.
     Cost Save(std::size_t row, Money amount)
     {
-        constexpr std::int32_t amountColumn = 3;
         const std::string text = amount.Grouped();
         const Stopwatch watch;
         GridComponent& grid = Grid();
-        grid.MoveTo(row + 1, amountColumn);
+        grid.MoveTo(row + 1, Register::Amount);
         grid.Editing(true);
         grid.EditText(text);
         if (!grid.Update())
@@ -49,7 +50,7 @@ public:
     const std::string& Balance() { return program_.Window().txtTotal.Text(); }
 
 private:
-    GridComponent& Grid() { return program_.Window().Grid.Component(); }
+    GridComponent& Grid() { return program_.Window().Grid; }
 
     NoForms forms_;
     Program program_;

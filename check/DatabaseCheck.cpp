@@ -5,10 +5,11 @@
 #include "base/Text.h"
 #include "check/CheckCounters.h"
 #include "check/CheckSchema.h"
+#include "data/AccountKind.h"
+#include "data/StoredView.h"
 #include "engine/Backup.h"
 #include "engine/EngineError.h"
 #include "engine/RawSql.h"
-#include "views/clsView.h"
 
 namespace clb {
 namespace {
@@ -25,12 +26,6 @@ constexpr const char* kTooMuch =
 std::int32_t Count(std::int64_t rows)
 {
     return static_cast<std::int32_t>(rows);
-}
-
-/// The table with the rows of an account that has this view.
-const char* TableOf(std::int32_t view)
-{
-    return view == vwAccount ? "Trans" : view == vwInvestment ? "Investment" : "Loan";
 }
 
 /// Whether a budget line can be made of it just as saving a row makes one.
@@ -157,7 +152,7 @@ void DatabaseCheck::ReadAccounts()
             Account account{row.Integer(0),
                             std::string(row.Text(1)),
                             std::string(row.Text(2)),
-                            clsView::ViewFromAccountType(std::string(row.Text(3))),
+                            ViewFromAccountType(row.Text(3)),
                             stored,
                             row.Integer(4),
                             stored || row.IsNull(4) ? std::string() : row.Describe(4)};
@@ -231,7 +226,7 @@ void DatabaseCheck::FindBalances()
 
 void DatabaseCheck::CompareBalance(const Account& account)
 {
-    const auto table = rows_.find(TableOf(account.view));
+    const auto table = rows_.find(ActivityOf(account.view)->table);
     if (table == rows_.end())
         return;
     const auto rows = table->second.find(account.number);

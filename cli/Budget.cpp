@@ -2,6 +2,7 @@
 #include "cli/FolderOptions.h"
 #include "cli/GridOutput.h"
 #include "cli/Program.h"
+#include "views/NodeTag.h"
 
 #include <iostream>
 #include <memory>
@@ -31,7 +32,7 @@ void PrintBudget(const BudgetOptions& options)
     Program program(OpenFolder(options.home), forms);
     if (options.month)
         program.ChooseMonth(ReadMonth(*options.month).value_or(Month{}));
-    program.PressNode(std::to_string(vwBudget));
+    program.PressNode(node_tag::OfView(vwBudget));
     frmController& window = program.Window();
     if (options.json) {
         std::cout << ToLine(BudgetJson(window)) << '\n';

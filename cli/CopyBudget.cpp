@@ -3,6 +3,7 @@
 #include "cli/FolderOptions.h"
 #include "cli/Program.h"
 #include "json/ValueJson.h"
+#include "views/NodeTag.h"
 
 #include <iostream>
 #include <memory>
@@ -44,7 +45,7 @@ void CopyBudget(const CopyBudgetOptions& options)
         throw RuntimeError(errors::ElementNotFound,
                            "There is no budget to copy in " + MonthText(source) + ".");
     program.ChooseMonth(target);
-    program.PressNode(std::to_string(vwBudget));
+    program.PressNode(node_tag::OfView(vwBudget));
     program.Press("mnuE_Copy");
     const std::string report = Report(options, source, target, lines);
     program.Finish();

@@ -3,8 +3,10 @@
 #include <array>
 #include <random>
 
+#include "data/AccountKind.h"
+#include "data/Balances.h"
+#include "data/NoCategory.h"
 #include "data/clsDatabase.h"
-#include "views/Balances.h"
 
 namespace clb {
 namespace {
@@ -39,12 +41,12 @@ constexpr const char* kFund = "INV-7781";
 constexpr const char* kCarLoan = "LN-2210";
 
 constexpr std::array<DemoAccount, 6> kAccounts{{
-    {kChecking, "Everyday Checking", "Bank", 2150},
-    {kSavings, "Rainy Day Savings", "Bank", 6400},
-    {kWallet, "Wallet", "Cash", 80},
-    {kCard, "Harbour Visa", "Credit Card", -310},
-    {kFund, "Retirement Fund", "Investment", 0},
-    {kCarLoan, "Car Loan", "Loan", 0},
+    {kChecking, "Everyday Checking", account_type::Bank, 2150},
+    {kSavings, "Rainy Day Savings", account_type::Bank, 6400},
+    {kWallet, "Wallet", account_type::Cash, 80},
+    {kCard, "Harbour Visa", account_type::CreditCard, -310},
+    {kFund, "Retirement Fund", account_type::Investment, 0},
+    {kCarLoan, "Car Loan", account_type::Loan, 0},
 }};
 
 struct DemoLine {
@@ -186,12 +188,12 @@ private:
             AddTransaction(month, habit.day, habit.account, habit.payee, habit.category,
                            Cents(habit.cents + Spread(habit.spread)));
         // The card is paid from the checking account, and some of the rest is put aside.
-        AddTransaction(month, 26, kChecking, "Harbour Visa payment", "(none)", Cents(-66000));
-        AddTransaction(month, 26, kCard, "Payment received, thank you", "(none)", Cents(66000));
-        AddTransaction(month, 29, kChecking, "To savings", "(none)", Cents(-45000));
-        AddTransaction(month, 29, kSavings, "From checking", "(none)", Cents(45000));
-        AddTransaction(month, 5, kChecking, "Cash withdrawal", "(none)", Cents(-6000));
-        AddTransaction(month, 5, kWallet, "From checking", "(none)", Cents(6000));
+        AddTransaction(month, 26, kChecking, "Harbour Visa payment", kNoCategory, Cents(-66000));
+        AddTransaction(month, 26, kCard, "Payment received, thank you", kNoCategory, Cents(66000));
+        AddTransaction(month, 29, kChecking, "To savings", kNoCategory, Cents(-45000));
+        AddTransaction(month, 29, kSavings, "From checking", kNoCategory, Cents(45000));
+        AddTransaction(month, 5, kChecking, "Cash withdrawal", kNoCategory, Cents(-6000));
+        AddTransaction(month, 5, kWallet, "From checking", kNoCategory, Cents(6000));
         if (month.period == 7)
             AddTransaction(month, 8, kCard, "Seaside Hotel", "Travel", Cents(-64200));
     }
@@ -203,7 +205,7 @@ private:
             Date::Of(month.year, month.period, month.period == 2 && day > 28 ? 28 : day);
         if (!date || *date > today_)
             return;
-        data_.CreateBudgetEntry(category, month.year, month.period, "(none)", Money());
+        data_.CreateBudgetEntry(category, month.year, month.period, kNoCategory, Money());
         Recordset rows;
         data_.Fill(rows, "SELECT * FROM Trans WHERE false", false);
         rows.AddNew();

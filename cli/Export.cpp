@@ -3,6 +3,7 @@
 #include "cli/FolderOptions.h"
 #include "cli/Program.h"
 #include "cli/Table.h"
+#include "data/AccountKind.h"
 #include "export/NotReturned.h"
 #include "json/ValueJson.h"
 
@@ -31,7 +32,7 @@ std::int32_t CountTransactions(clsDatabase& data, const FoundAccount& account)
 
 void CheckAccount(const FoundAccount& account)
 {
-    if (clsView::ViewFromAccountType(account.type) != vwAccount)
+    if (!HasTransactions(account.type))
         throw RuntimeError(errors::InvalidCall, account.description +
                                                     " is not exported: only accounts of the types "
                                                     "Bank, Cash and Credit Card are.");

@@ -25,7 +25,7 @@ std::vector<std::string> CellTexts(CVGrid& grid, std::size_t row, const Indexes&
 {
     std::vector<std::string> texts;
     for (const std::int32_t column : columns)
-        texts.push_back(grid.Component().CellText(row, column));
+        texts.push_back(grid.CellText(row, column));
     return texts;
 }
 
@@ -35,7 +35,7 @@ Json RowJson(CVGrid& grid, std::size_t row, const Indexes& columns)
     for (const std::int32_t index : columns) {
         const GridColumn& column = grid.Columns().Item(index);
         values[column.Calculated() ? column.caption : column.dbField] =
-            ToJson(grid.Component().CellValue(row, index));
+            ToJson(grid.CellValue(row, index));
     }
     return values;
 }
@@ -54,7 +54,7 @@ Table GridTable(CVGrid& grid, const Indexes& also)
         switch (grid.Rows().Kind(row)) {
             case GridRowKind::Data: table.AddRow(CellTexts(grid, row, columns)); break;
             case GridRowKind::GroupHeading: table.AddLine(grid.Rows().HeadingText(row)); break;
-            case GridRowKind::GroupFooter: table.AddLine(grid.Component().FooterText(row)); break;
+            case GridRowKind::GroupFooter: table.AddLine(grid.FooterText(row)); break;
             case GridRowKind::NewRow: break;
         }
     }

@@ -7,6 +7,7 @@
 #include "cli/ImportReport.h"
 #include "cli/Program.h"
 #include "cli/Progress.h"
+#include "data/AccountKind.h"
 #include "data/Trouble.h"
 #include "import/StatementFile.h"
 #include "user/FormUser.h"
@@ -26,7 +27,7 @@ namespace fs = std::filesystem;
 struct ImportOptions : FolderOptions {
     std::vector<std::string> words;
     std::optional<std::string> create;
-    std::string type = "Bank";
+    std::string type = account_type::Bank;
     std::optional<std::string> map;
     std::optional<std::string> qifAccount;
     std::string dateOrder = "mdy";
@@ -308,7 +309,7 @@ void AddImport(CLI::App& app, int& exitCode)
     command.Take("--type", options->type, "Type of the new account")
         .ShowDefault()
         .Needs(create)
-        .OneOf({"Bank", "Cash", "Credit Card", "Investment"});
+        .OneOf(ImportableTypes());
     command
         .Take("--map", options->map,
               "If a file's account is not known: take this one, by number or description")

@@ -7,6 +7,7 @@
 #include "cli/Table.h"
 #include "controls/CheckList.h"
 #include "controls/ControlVisitor.h"
+#include "data/AccountKind.h"
 #include "json/ValueJson.h"
 #include "user/FormUser.h"
 
@@ -85,7 +86,7 @@ std::vector<std::string> Numbers(clsDatabase& data, const std::vector<std::strin
     std::vector<std::string> numbers;
     for (const std::string& name : names) {
         const FoundAccount account = FindAccount(data, name);
-        if (clsView::ViewFromAccountType(account.type) != vwAccount)
+        if (!HasTransactions(account.type))
             throw RuntimeError(errors::InvalidCall,
                                account.description +
                                    " never counts in the budget: only accounts of the types Bank, "

@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "cli/Program.h"
+#include "data/ViewColumns.h"
 
 namespace clb {
 namespace {
@@ -37,8 +38,8 @@ std::size_t RowOf(CVGrid& grid, const Piece& piece)
 {
     for (std::size_t row = 1; row <= grid.Rows().Count(); ++row)
         if (grid.Rows().Kind(row) == GridRowKind::Data &&
-            ToLong(grid.Rows().Stored(row, kSequenceColumn)) == piece.number &&
-            ToLong(grid.Rows().Stored(row, kPieceColumn)) == piece.piece)
+            ToLong(grid.Rows().Stored(row, Register::Sequence)) == piece.number &&
+            ToLong(grid.Rows().Stored(row, Register::SubSequence)) == piece.piece)
             return row;
     return 0;
 }
@@ -66,11 +67,11 @@ Piece ShowPiece(Program& program, const PieceOptions& options)
     const FoundAccount account = FindAccount(window.Data(), ToText(found.Get("AccountID")));
     program.ChooseMonth(piece.month);
     program.PressAccount(account);
-    const std::size_t row = window.View().View() == vwAccount ? RowOf(window.Grid, piece) : 0;
+    const std::size_t row = window.View().Definition().transactions ? RowOf(window.Grid, piece) : 0;
     if (row == 0)
         throw NotFound("The account " + account.description + " has no register.");
-    window.window.Focus(window.Grid.Component());
-    window.Grid.Component().MoveTo(row, 1);
+    window.window.Focus(window.Grid);
+    window.Grid.MoveTo(row, kFirstColumn);
     return piece;
 }
 

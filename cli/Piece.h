@@ -10,10 +10,6 @@ namespace clb {
 
 class Program;
 
-/// The columns of a register that identify a transaction and its piece.
-inline constexpr std::int32_t kSequenceColumn = 11;
-inline constexpr std::int32_t kPieceColumn = 12;
-
 /// A transaction by its number, and one of its pieces. The default is the first piece.
 struct PieceOptions {
     std::int32_t number = 0;

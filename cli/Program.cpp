@@ -2,8 +2,10 @@
 
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
+#include "data/AccountKind.h"
 #include "data/Backups.h"
 #include "user/FormUser.h"
+#include "views/NodeTag.h"
 
 #include <iostream>
 
@@ -58,7 +60,7 @@ void Program::PressNode(const std::string& tag)
 
 void Program::PressAccount(const FoundAccount& account)
 {
-    PressNode(clsView::AccountTag(clsView::ViewFromAccountType(account.type), account.id));
+    PressNode(node_tag::OfAccount(ViewFromAccountType(account.type), account.id));
 }
 
 void Program::Press(const std::string& item)

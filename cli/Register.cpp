@@ -3,6 +3,7 @@
 #include "cli/GridOutput.h"
 #include "cli/Piece.h"
 #include "cli/Program.h"
+#include "data/ViewColumns.h"
 
 #include <iostream>
 #include <memory>
@@ -19,9 +20,9 @@ struct RegisterOptions : FolderOptions {
 /// The columns that identify a transaction and its piece, if they are wanted and the view has them.
 std::vector<std::int32_t> Numbers(frmController& window, bool asked)
 {
-    if (!asked || window.View().View() != vwAccount)
+    if (!asked || !window.View().Definition().transactions)
         return {};
-    return {kSequenceColumn, kPieceColumn};
+    return {Register::Sequence, Register::SubSequence};
 }
 
 Json RegisterJson(frmController& window, const FoundAccount& account,

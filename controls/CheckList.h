@@ -1,3 +1,4 @@
+// A list with check boxes, as dialogs use it.
 #pragma once
 #include <cstddef>
 #include <string>
@@ -18,8 +19,8 @@ public:
     const std::vector<std::vector<Value>>& Rows() const { return rows_; }
     /// Adds a row; the first value is the check.
     void Add(std::vector<Value> row);
-    /// Ticks or unticks a row, numbered from 1. Throws RuntimeError (SubscriptOutOfRange) for
-    /// others.
+    /// Ticks or unticks a row, numbered from 1. Throws RuntimeError (SubscriptOutOfRange) if there
+    /// is no such row.
     void Check(std::size_t row, bool ticked);
 
 private:

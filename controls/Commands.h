@@ -1,3 +1,4 @@
+// Menus and the toolbar.
 #pragma once
 #include <deque>
 #include <string>
@@ -7,16 +8,16 @@
 
 namespace clb {
 
-/// One line of a menu: a command or a separator. In captions "&" stands before the access key.
+/// One line of a menu: a command or a separator. In captions "&" precedes the access key.
 class MenuItem : public Control {
 public:
     /// A command; a caption "-" makes a separator.
     MenuItem(std::string name, std::string caption);
     const std::string& Caption() const { return caption_; }
     bool Separator() const { return caption_ == "-"; }
-    /// Runs the command; a disabled one does nothing.
+    /// Runs the command, if it is enabled.
     void Press();
-    sigc::signal<void()>& Click() { return click_; }
+    Event<void()> Click() { return click_; }
 
 private:
     std::string caption_;
@@ -37,21 +38,21 @@ private:
     std::deque<MenuItem> items_;
 };
 
-/// The menus side by side.
+/// The menus of a window, from left to right.
 class MenuBar : public Control {
 public:
     using Control::Control;
     bool TakesFocus() const override { return false; }
     Menu& Add(const std::string& name, const std::string& caption);
     std::deque<Menu>& Menus() { return menus_; }
-    /// nullptr when no menu has such an item.
+    /// nullptr if no menu has such an item.
     MenuItem* Find(const std::string& item);
 
 private:
     std::deque<Menu> menus_;
 };
 
-/// A row of buttons known by their keys.
+/// A row of buttons, each with a key of its own.
 class Toolbar : public Control {
 public:
     using Control::Control;
@@ -63,13 +64,13 @@ public:
     };
     void Add(const std::string& key, const std::string& tip);
     const std::vector<Button>& Buttons() const { return buttons_; }
-    /// nullptr when there is no such button.
+    /// nullptr if there is no such button.
     const Button* Find(const std::string& key) const;
     /// Throws RuntimeError (ElementNotFound) for an unknown key.
     void ButtonEnabled(const std::string& key, bool enabled);
-    /// Presses a button; a disabled one does nothing.
+    /// Presses a button, if it is enabled.
     void Press(const std::string& key);
-    sigc::signal<void(const std::string&)>& ButtonClick() { return buttonClick_; }
+    Event<void(const std::string&)> ButtonClick() { return buttonClick_; }
 
 private:
     std::vector<Button> buttons_;

@@ -25,4 +25,16 @@ void Control::Place(const Bounds& place)
     NotifyChanged();
 }
 
+bool Control::MayLoseFocus()
+{
+    bool cancel = false;
+    validate_.emit(cancel);
+    return !cancel;
+}
+
+void Control::ReportFocus(bool got)
+{
+    (got ? gotFocus_ : lostFocus_).emit();
+}
+
 }  // namespace clb

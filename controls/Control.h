@@ -1,14 +1,15 @@
+// What all controls have in common.
 #pragma once
-#include <sigc++/sigc++.h>
-
 #include <cstdint>
 #include <string>
+
+#include "controls/Event.h"
 
 namespace clb {
 
 class ControlVisitor;
 
-/// Where a control stands in its form, in pixels of the form's inner area.
+/// Where a control is in its form, in pixels of the form's inner area.
 struct Bounds {
     std::int32_t left = 0;
     std::int32_t top = 0;
@@ -17,8 +18,8 @@ struct Bounds {
     bool operator==(const Bounds&) const = default;
 };
 
-/// What every control has, drawn or not: a name, a place, and whether it takes input.
-/// A control is a model: whoever draws it listens to Changed and reads the state again.
+/// What every control has, drawn or not: a name, a place, and whether it takes input. A control is
+/// a model: the code that draws it connects to Changed and reads the state again.
 class Control {
 public:
     explicit Control(std::string name) : name_(std::move(name)) {}
@@ -39,13 +40,18 @@ public:
     const Bounds& Place() const { return place_; }
     void Place(const Bounds& place);
 
+    /// Asks whether the control may lose the focus (Validate): false if a handler keeps it there.
+    bool MayLoseFocus();
+    /// Raises GotFocus or LostFocus. To be called by the form that moves the focus.
+    void ReportFocus(bool got);
+
     /// Raised after any shown state changed.
-    sigc::signal<void()>& Changed() { return changed_; }
-    /// Raised when the control has got or lost the focus.
-    sigc::signal<void()>& GotFocus() { return gotFocus_; }
-    sigc::signal<void()>& LostFocus() { return lostFocus_; }
-    /// Raised before the control loses the focus; a handler that sets the flag keeps it there.
-    sigc::signal<void(bool&)>& Validate() { return validate_; }
+    Event<void()> Changed() { return changed_; }
+    /// Raised after the control got or lost the focus.
+    Event<void()> GotFocus() { return gotFocus_; }
+    Event<void()> LostFocus() { return lostFocus_; }
+    /// Raised before the control loses the focus. A handler that sets the flag keeps it there.
+    Event<void(bool&)> Validate() { return validate_; }
 
 protected:
     void NotifyChanged() { changed_.emit(); }

@@ -38,17 +38,13 @@ bool Form::Focus(Control& control)
     if (focus_ == &control)
         return true;
     Control* const before = focus_;
-    if (before) {
-        bool cancel = false;
-        before->Validate().emit(cancel);
-        if (cancel)
-            return false;
-    }
+    if (before && !before->MayLoseFocus())
+        return false;
     focus_ = &control;
     if (before)
-        before->LostFocus().emit();
+        before->ReportFocus(false);
     focusChanged_.emit();
-    control.GotFocus().emit();
+    control.ReportFocus(true);
     return true;
 }
 

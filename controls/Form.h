@@ -1,3 +1,4 @@
+// A window and its controls.
 #pragma once
 #include <string>
 #include <vector>
@@ -18,7 +19,7 @@ public:
 };
 
 /// A window: a caption, named controls in tab order, and the control that has the focus.
-/// The controls are borrowed; they outlive the form or go together with it.
+/// The controls are borrowed; they live at least as long as the form.
 class Form {
 public:
     Form(std::string name, std::string caption);
@@ -29,18 +30,18 @@ public:
     const std::string& Caption() const { return caption_; }
     void Caption(const std::string& caption);
     bool Enabled() const { return enabled_; }
-    /// A disabled window takes no input of the user.
+    /// A disabled window accepts no input from the user.
     void Enabled(bool enabled);
 
     void Add(Control& control) { controls_.push_back(&control); }
     const std::vector<Control*>& Controls() const { return controls_; }
-    /// nullptr when there is none of that name.
+    /// nullptr if there is none of that name.
     Control* Find(const std::string& name) const;
 
-    /// Control with the focus; nullptr when none has it.
+    /// Control with the focus; nullptr if none has it.
     Control* Focus() const { return focus_; }
-    /// Moves the focus. The control that has it is asked first (Validate); when it refuses, the
-    /// focus stays and the result is false. A control that has the focus keeps it and is not asked.
+    /// Moves the focus. The control that has it is asked first (Validate); if it refuses, the focus
+    /// stays and the result is false. Does nothing if the control has the focus already.
     bool Focus(Control& control);
 
     /// The button that Enter presses, and the one that Escape and closing the window press.
@@ -54,14 +55,14 @@ public:
     void Hide();
     bool Visible() const { return visible_; }
 
-    /// Draws at once what has changed so far.
+    /// Draws all changes so far at once.
     void Refresh() { repaint_.emit(); }
 
-    sigc::signal<void()>& Changed() { return changed_; }
-    sigc::signal<void()>& EnabledChanged() { return enabledChanged_; }
-    sigc::signal<void()>& FocusChanged() { return focusChanged_; }
-    sigc::signal<void()>& Hidden() { return hidden_; }
-    sigc::signal<void()>& Repaint() { return repaint_; }
+    Event<void()> Changed() { return changed_; }
+    Event<void()> EnabledChanged() { return enabledChanged_; }
+    Event<void()> FocusChanged() { return focusChanged_; }
+    Event<void()> Hidden() { return hidden_; }
+    Event<void()> Repaint() { return repaint_; }
 
 private:
     std::string name_;

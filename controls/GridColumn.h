@@ -1,3 +1,4 @@
+// The columns of a data grid.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -10,7 +11,10 @@
 
 namespace clb {
 
-/// Where texts stand in their cells.
+/// Number of a grid's first column.
+inline constexpr std::int32_t kFirstColumn = 1;
+
+/// The alignment of texts in their cells.
 namespace grid_align {
 inline constexpr std::int32_t General = 0;  ///< texts left, numbers and amounts right
 inline constexpr std::int32_t Right = 6;
@@ -60,7 +64,7 @@ struct GridColumn {
     std::vector<GridValueItem> valueItems;
 
     bool Calculated() const { return dbField.empty(); }
-    /// Whether the cells' texts and the caption stand on the right: figures do.
+    /// Whether the texts of the cells, or the caption, are on the right: those of numbers are.
     bool StandsRight() const;
     bool HeadingStandsRight() const;
 };
@@ -69,22 +73,22 @@ struct GridColumn {
 class GridColumns {
 public:
     std::int32_t Count() const { return static_cast<std::int32_t>(columns_.size()); }
-    /// Throws RuntimeError (SubscriptOutOfRange) when there is no such column.
+    /// Throws RuntimeError (SubscriptOutOfRange) if there is no such column.
     GridColumn& Item(std::int32_t index);
     const GridColumn& Item(std::int32_t index) const;
-    /// Adds a column behind the others; returns its number.
+    /// Adds a column after the others; returns its number.
     std::int32_t Add(GridColumn column);
     void Clear();
 
     /// Place of a column among all columns from the left, hidden ones included, from 1.
     std::int32_t Position(std::int32_t index) const;
-    /// Moves a column to a place; those between move by one.
+    /// Moves a column to a place; the columns between move by one.
     void Position(std::int32_t index, std::int32_t place);
     /// Numbers of all columns from the left.
     const std::vector<std::int32_t>& Displayed() const { return order_; }
-    /// Number of the column with the key; 0 when there is none.
+    /// Number of the column with the key; 0 if there is none.
     std::int32_t Find(const std::string& key) const;
-    /// Left edge of a shown column in pixels from the first column's, and 0 for a hidden one.
+    /// Left edge of a shown column in pixels from that of the first column; 0 for a hidden one.
     std::int32_t Left(std::int32_t index) const;
 
 private:
@@ -92,7 +96,7 @@ private:
     std::vector<std::int32_t> order_;
 };
 
-/// Rows that share a column's value stand together below a heading and above a footer.
+/// Rows with the same value in a column are shown together, between a heading and a footer.
 struct GridGroup {
     std::int32_t column = 0;
     /// Text of the heading: GroupingValue and TotalChildCount and texts between single quotes,

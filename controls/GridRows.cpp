@@ -60,7 +60,7 @@ void GridRows::Rebuild()
     }
     generation_ = source_->Generation();
     std::vector<Group> groups = CollectGroups();
-    rows_.clear();  // they name the old groups
+    rows_.clear();  // they refer to the old groups
     groups_ = std::move(groups);
     Display();
 }

@@ -1,3 +1,4 @@
+// The rows of a data grid as displayed.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -20,11 +21,11 @@ class GridRows {
 public:
     /// Data rows of the source, grouped; all groups open. nullptr: no rows at all.
     void Bind(IGridSource* source, const GridColumns& columns, const GridGroups& groups);
-    /// Takes the rows anew; groups that were folded stay folded.
+    /// Reads the rows from the source again; folded groups stay folded.
     void Rebuild();
 
     std::size_t Count() const { return rows_.size(); }
-    /// Throws RuntimeError (SubscriptOutOfRange) when there is no such row.
+    /// Throws RuntimeError (SubscriptOutOfRange) if there is no such row.
     GridRowKind Kind(std::size_t row) const;
     /// 1 for the new-row line, else 0.
     std::int32_t Position(std::size_t row) const;
@@ -36,7 +37,7 @@ public:
     Value Stored(std::size_t row, std::int32_t column) const;
     /// Text of the group that the row belongs to; empty when rows are not grouped.
     const std::string& GroupValue(std::size_t row) const;
-    /// Displayed number of a group's heading or footer; 0 when there is none.
+    /// Displayed number of a group's heading or footer; 0 if there is none.
     std::size_t OfGroup(GridRowKind kind, const std::string& value) const;
     /// Heading text of a heading row.
     std::string HeadingText(std::size_t row) const;
@@ -44,11 +45,11 @@ public:
     void Fold(std::size_t row, bool folded);
 
     /// Displayed number of the new-row line, of the first data row, of a row of the source, and
-    /// of the first data row with the key; 0 when there is none (or it is folded away).
+    /// of the first data row with the key; 0 if there is none (or it is folded away).
     std::size_t NewRow() const;
     std::size_t FirstData() const;
     std::size_t OfRecord(std::size_t record) const;
-    /// Displayed number of a row of the source; its group is opened when it was folded.
+    /// Displayed number of a row of the source; its group is opened if it was folded.
     std::size_t Reveal(std::size_t record);
     std::size_t OfKey(const Value& key) const;
     /// Unseen identity of a data row's stored row, which survives reading the rows again; 0 for
@@ -56,7 +57,7 @@ public:
     std::size_t Identity(std::size_t row) const;
     std::size_t OfIdentity(std::size_t identity) const;
 
-    /// Whether the source's rows were replaced since the rows were taken.
+    /// Whether the source's rows were replaced since they were last read.
     bool Stale() const;
 
 private:

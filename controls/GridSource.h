@@ -1,3 +1,4 @@
+// The sources of a grid's rows.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -10,7 +11,7 @@
 
 namespace clb {
 
-/// Where a grid's data rows come from: rows of fields, both numbered from 0, read by number and
+/// A source of data rows: rows of fields, both numbered from 0, which are read by number and
 /// written one row at a time.
 class IGridSource {
 public:
@@ -21,7 +22,7 @@ public:
     virtual bool IsOpen() const = 0;
     virtual const std::vector<Field>& Fields() const = 0;
     virtual std::size_t Count() const = 0;
-    /// Good until the next call that changes or reads another row.
+    /// Valid until the next call that changes or reads another row.
     virtual const Value& At(std::size_t row, std::size_t field) const = 0;
     /// Identity of a row that survives reading the rows again; 0 for none.
     virtual std::size_t Identity(std::size_t row) const = 0;
@@ -29,10 +30,10 @@ public:
     virtual std::uint64_t Generation() const = 0;
     /// Reads the rows again.
     virtual void Requery() = 0;
-    /// Reads the stored values of a row again. False when the row is gone.
+    /// Reads the stored values of a row again. False if the row is gone.
     virtual bool Reread(std::size_t row) = 0;
     /// Writes the changed fields of a row; Count() for the row adds one. Returns the row's number.
-    /// After an error nothing of it is written.
+    /// After an error nothing is written.
     virtual std::size_t Save(std::size_t row, const std::vector<Change>& changes) = 0;
     virtual void Delete(std::size_t row) = 0;
 };
@@ -60,7 +61,7 @@ private:
     Recordset& records_;
 };
 
-/// Rows held in memory: what a grid shows when there is no table behind it. Fill it, then Show it.
+/// Rows in memory, for a grid that shows no table. Fill it, then Show it.
 class GridArray : public IGridSource {
 public:
     /// show binds the grid that the array belongs to.
@@ -68,12 +69,12 @@ public:
 
     /// Replaces the fields; all rows go.
     void Fields(std::vector<Field> fields);
-    /// Appends a row. Missing values at its end are null. Throws TypeMismatch() or Overflow() when
-    /// a field's type does not hold its value, and RuntimeError (SubscriptOutOfRange) when there
-    /// are more values than fields.
+    /// Appends a row. Missing values at its end are null. Throws TypeMismatch() or Overflow() if a
+    /// field's type does not hold its value, and RuntimeError (SubscriptOutOfRange) if there are
+    /// more values than fields.
     void Add(const std::vector<Value>& values);
     void Clear();
-    /// Binds the grid to these rows in place of what it showed before.
+    /// Makes the grid show these rows instead of what it showed before.
     void Show() { show_(); }
 
     bool IsOpen() const override { return true; }

@@ -1,3 +1,4 @@
+// The simple controls: texts, lists, buttons and the status bar.
 #pragma once
 #include <cstddef>
 #include <optional>
@@ -7,7 +8,7 @@
 
 namespace clb {
 
-/// Fixed text; may be clicked.
+/// A fixed text that may be clicked.
 class Label : public Control {
 public:
     Label(std::string name, std::string caption);
@@ -16,7 +17,7 @@ public:
     const std::string& Caption() const { return caption_; }
     void Caption(const std::string& caption);
     void PressClick() { click_.emit(); }
-    sigc::signal<void()>& Click() { return click_; }
+    Event<void()> Click() { return click_; }
 
 private:
     std::string caption_;
@@ -29,17 +30,17 @@ public:
     explicit TextBox(std::string name, std::string text = "");
     void Accept(ControlVisitor& visitor) override;
     const std::string& Text() const { return text_; }
-    /// A different text raises TextChanged, whoever wrote it; the selection is then dropped.
+    /// A different text raises TextChanged, even if the program wrote it, and drops the selection.
     void Text(const std::string& text);
     bool Locked() const { return locked_; }
     void Locked(bool locked) { locked_ = locked; }
 
-    /// Selected characters, 0-based start and number.
+    /// Start (0-based) and number of the selected characters.
     std::size_t SelectionStart() const { return selectionStart_; }
     std::size_t SelectionLength() const { return selectionLength_; }
     std::string SelectedText() const;
     void SelectAll();
-    sigc::signal<void()>& TextChanged() { return textChanged_; }
+    Event<void()> TextChanged() { return textChanged_; }
 
 private:
     std::string text_;
@@ -49,7 +50,7 @@ private:
     sigc::signal<void()> textChanged_;
 };
 
-/// A drop-down list: texts with a number each, of which one may be chosen.
+/// A drop-down list of texts, each with a number. One of them may be chosen.
 class ListBox : public Control {
 public:
     using Control::Control;
@@ -61,16 +62,16 @@ public:
     void Clear();
     void Add(const std::string& text, std::int32_t data = 0);
     const std::vector<Item>& Items() const { return items_; }
-    /// 0-based; -1 when nothing is chosen.
+    /// 0-based; -1 if nothing is chosen.
     std::int32_t Index() const { return index_; }
-    /// Chooses an item and raises Click, also for the item already chosen. -1 chooses nothing.
-    /// Throws RuntimeError (InvalidCall) for other numbers without an item.
+    /// Chooses an item and raises Click, even if it is already chosen. -1 chooses nothing. Throws
+    /// RuntimeError (InvalidCall) if there is no such item.
     void Index(std::int32_t index);
-    /// Text of the chosen item; empty when nothing is chosen.
+    /// Text of the chosen item; empty if nothing is chosen.
     std::string Text() const;
-    /// Number of the chosen item; 0 when nothing is chosen.
+    /// Number of the chosen item; 0 if nothing is chosen.
     std::int32_t ItemData() const;
-    sigc::signal<void()>& Click() { return click_; }
+    Event<void()> Click() { return click_; }
 
 private:
     std::vector<Item> items_;
@@ -84,25 +85,25 @@ public:
     Button(std::string name, std::string caption);
     void Accept(ControlVisitor& visitor) override;
     const std::string& Caption() const { return caption_; }
-    /// Presses it; a disabled button does nothing.
+    /// Presses the button, if it is enabled.
     void Press();
-    sigc::signal<void()>& Click() { return click_; }
+    Event<void()> Click() { return click_; }
 
 private:
     std::string caption_;
     sigc::signal<void()> click_;
 };
 
-/// One of a group of options: choosing one drops the others.
+/// One of a group of options, of which one at a time is chosen.
 class OptionButton : public Control {
 public:
     OptionButton(std::string name, std::string caption);
     void Accept(ControlVisitor& visitor) override;
     const std::string& Caption() const { return caption_; }
     bool Value() const { return value_; }
-    /// Choosing raises Click and drops the other options of the group.
+    /// Raises Click and unchooses the other options of the group.
     void Choose();
-    sigc::signal<void()>& Click() { return click_; }
+    Event<void()> Click() { return click_; }
 
     /// Makes the options one group.
     static void Group(std::vector<OptionButton*> options);
@@ -121,16 +122,16 @@ class Spinner : public Control {
 public:
     using Control::Control;
     void Accept(ControlVisitor& visitor) override;
-    /// The text box that is stepped; it must outlive the spinner.
+    /// Sets the text box to step; it must outlive the spinner.
     void Attach(TextBox& buddy) { buddy_ = &buddy; }
-    /// Adds the number to the box's value. A text that is no number stays as it is.
+    /// Adds the number to the box's value. Text that is not a number stays as it is.
     void Step(std::int32_t by);
 
 private:
     TextBox* buddy_ = nullptr;
 };
 
-/// The line at the window's lower edge, divided into panels.
+/// The line at the bottom of the window, divided into panels.
 class StatusBar : public Control {
 public:
     StatusBar(std::string name, std::size_t panels);
@@ -138,8 +139,8 @@ public:
     /// 1-based panel.
     const std::string& Panel(std::size_t index) const { return panels_.at(index - 1); }
     void Panel(std::size_t index, const std::string& text);
-    /// Raised after a panel's text became another one, with its number.
-    sigc::signal<void(std::size_t)>& PanelChanged() { return panelChanged_; }
+    /// Raised after a panel's text changed, with the panel's number.
+    Event<void(std::size_t)> PanelChanged() { return panelChanged_; }
 
 private:
     std::vector<std::string> panels_;

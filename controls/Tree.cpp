@@ -18,7 +18,7 @@ Tree::Batch::~Batch()
     try {
         tree_.Touch();
     } catch (...) {
-        // Whoever draws the tree has no memory; the next change draws it.
+        // There is no memory to draw the tree; the next change draws it.
     }
 }
 
@@ -78,7 +78,7 @@ std::int32_t Tree::Children(std::int32_t index) const
 void Tree::Remove(std::int32_t index)
 {
     Node(index);
-    // A child always stands behind its parent, so one pass from the front finds all below.
+    // A child always comes after its parent, so one pass from the front finds all nodes below.
     std::vector<bool> gone(nodes_.size() + 1, false);
     gone[static_cast<std::size_t>(index)] = true;
     std::vector<std::int32_t> moved(nodes_.size() + 1, 0);

@@ -1,3 +1,4 @@
+// A tree control.
 #pragma once
 #include <string>
 #include <vector>
@@ -25,29 +26,29 @@ public:
 
     void Clear();
     /// Adds a node below the parent (0: a root); the first node added is selected, without a click.
-    /// Returns its index. Throws RuntimeError when the parent does not exist or the key is taken.
+    /// Returns its index. Throws RuntimeError if the parent does not exist or the key is taken.
     std::int32_t Add(std::int32_t parent, const std::string& key, const std::string& text,
                      std::int32_t image, std::int32_t selectedImage);
     std::int32_t Count() const { return static_cast<std::int32_t>(nodes_.size()); }
-    /// Throws RuntimeError when there is no such node.
+    /// Throws RuntimeError if there is no such node.
     const TreeNode& Node(std::int32_t index) const;
     void Tag(std::int32_t index, const std::string& tag);
     void Expand(std::int32_t index, bool expanded);
     /// Number of nodes directly below.
     std::int32_t Children(std::int32_t index) const;
-    /// Removes the node and everything below it; when the selected node goes, the first root is
+    /// Removes the node and everything below it. If the selected node goes, the first root is
     /// selected.
     void Remove(std::int32_t index);
 
-    /// Index of the selected node; 0 when there is none.
+    /// Index of the selected node; 0 if there is none.
     std::int32_t Selected() const { return selected_; }
     /// Selects without a click.
     void Select(std::int32_t index);
     /// Selects the node and raises NodeClick, as the mouse does.
     void ClickNode(std::int32_t index);
-    sigc::signal<void(std::int32_t)>& NodeClick() { return nodeClick_; }
+    Event<void(std::int32_t)> NodeClick() { return nodeClick_; }
 
-    /// Changes while one lives are drawn once, when it goes.
+    /// Changes made during its lifetime are drawn once, at its end.
     class Batch {
     public:
         explicit Batch(Tree& tree) : tree_(tree) { ++tree_.updates_; }

@@ -19,7 +19,7 @@ WorkProgress::Work::~Work()
     try {
         progress_.changed_.emit();
     } catch (...) {
-        // Whoever draws the bar has no memory; the next work draws it.
+        // There is no memory to draw the bar; the next work draws it.
     }
 }
 

@@ -1,18 +1,19 @@
+// The progress of a long piece of work.
 #pragma once
-#include <sigc++/signal.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
+
+#include "controls/Event.h"
 
 namespace clb {
 
 /// How far a long piece of work is, shown as a bar with a short text.
 class WorkProgress {
 public:
-    /// A piece of work, from its beginning to its end, however that comes. Work within work belongs
-    /// to the outer one.
+    /// A piece of work, for its own lifetime. Work that begins within another piece belongs to that
+    /// one.
     class Work {
     public:
         explicit Work(WorkProgress& progress);
@@ -24,18 +25,18 @@ public:
         WorkProgress& progress_;
     };
 
-    /// Whether there is something to show: from the first step of the work to its end.
+    /// Whether there is something to show: true from the first step of the work to its end.
     bool Active() const { return active_; }
-    /// What is being done; empty when the bar says it all.
+    /// What is being done; empty if the bar needs no text.
     const std::string& Text() const { return text_; }
-    /// How much of the work is done, 0 to 1000; nothing while that is not known.
+    /// How much of the work is done, 0 to 1000; nothing while that is unknown.
     std::optional<std::int32_t> Permille() const { return permille_; }
 
-    /// So much of the whole is done; a whole of 0 is one that nobody knows. Made to be called for
-    /// every single row. Does nothing outside of work.
+    /// Reports that `part` of `whole` is done; a whole of 0 means that it is unknown. Cheap enough
+    /// to call for every row. Does nothing outside of work.
     void Step(std::size_t part, std::size_t whole, const std::string& text = "");
     /// Raised at every step and when the work has ended.
-    sigc::signal<void()>& Changed() { return changed_; }
+    Event<void()> Changed() { return changed_; }
 
 private:
     int works_ = 0;

@@ -1,10 +1,11 @@
+// Why a daily backup failed.
 #pragma once
 #include <optional>
 #include <string>
 
 namespace clb {
 
-/// Why the last daily backup was not made, as the user is told.
+/// Why the last daily backup was not made, as it is shown to the user.
 struct BackupFailure {
     bool damaged = false;  ///< the database itself is damaged
     std::string lastGood;  ///< name of the newest copy that is sound; empty: there is none
@@ -15,7 +16,8 @@ struct BackupFailure {
     /// Two sentences: when the last good copy was made, and the reason.
     std::string Text() const;
 
-    /// As three lines, for a file or another program, and back. Nothing when they are not ours.
+    /// Converts to three lines, for a file or another program, and back. FromLines returns nothing
+    /// if Lines did not write the text.
     std::string Lines() const;
     static std::optional<BackupFailure> FromLines(const std::string& lines);
 

@@ -55,7 +55,7 @@ bool IsFolder(const std::string& path)
     return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-/// What stands in the name of a copy; empty for other files.
+/// The part of a file name that names a copy; empty for other files.
 std::string NameIn(const std::string& file)
 {
     if (file.size() < kBefore.size() + kDayLength + kAfter.size() || !file.starts_with(kBefore) ||

@@ -44,7 +44,7 @@ EngineError NoCopy(const std::string& path, const std::string& what, FileTrouble
     return {engine_errors::Unavailable, "The file '" + path + "' " + what, trouble};
 }
 
-/// For the user alone, unless it is there.
+/// Makes the folder, readable by the user only, if it does not exist.
 void MakeOwnFolder(const std::string& folder)
 {
     if (mkdir(folder.c_str(), 0700) == 0)
@@ -54,7 +54,7 @@ void MakeOwnFolder(const std::string& folder)
                      FileTrouble::FolderReadOnly);
 }
 
-/// The first fault without the storage's heading; the first row may hold many lines.
+/// The first fault, without the storage's heading. The first row may have many lines.
 std::string FirstOf(const std::vector<std::string>& faults)
 {
     std::vector<std::string> lines = Split(faults.front(), '\n');
@@ -62,10 +62,10 @@ std::string FirstOf(const std::vector<std::string>& faults)
     return lines.empty() ? faults.front() : lines.front();
 }
 
-/// A copy under another name, which goes again unless it gets its own.
+/// A copy under a temporary name, which is removed unless it gets its own name.
 class UnfinishedCopy {
 public:
-    /// Throws when the source is damaged, too; FileTrouble::Damaged is about the source alone.
+    /// Throws also if the source is damaged; FileTrouble::Damaged always means the source.
     UnfinishedCopy(const std::string& from, const std::string& to)
         : UnfinishedCopy(UnfinishedName(to))
     {
@@ -88,10 +88,10 @@ public:
     void Name(const std::string& to) const { NameFinished(path_, to); }
 
 private:
-    // From here on the destructor runs whatever the copying throws.
+    // From here on the destructor runs even if the copying throws.
     explicit UnfinishedCopy(std::string path) : path_(std::move(path)) { unlink(path_.c_str()); }
 
-    /// The user knows the file by its own name only.
+    /// Messages name the file by its own name: the user does not know the temporary one.
     void Copy(const std::string& from, const std::string& to) const
     {
         try {
@@ -104,7 +104,7 @@ private:
     std::string path_;
 };
 
-/// Refuses early what the storage would only call damaged.
+/// Gives the actual reason for files that the storage would only report as damaged.
 void RequireDatabase(const std::string& file)
 {
     std::error_code none;
@@ -183,7 +183,7 @@ void Backups::MakeDaily(const Date& now)
     try {
         Take(name);
     } catch (const EngineError&) {
-        // Where programs cannot wait for each other, another one may have been quicker.
+        // If programs cannot wait for each other, another one may have been quicker.
         if (!IsSound(name))
             throw;
     }
@@ -242,8 +242,8 @@ std::optional<std::string> Backups::BeforeUpgrade(const Date& now)
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const EngineError& error) {
-        // Opening the database itself reports what is the matter with it; it would only wait for
-        // another program once more.
+        // Opening the database reports the problem itself; here it would only wait for another
+        // program a second time.
         if (error.Trouble() == FileTrouble::Locked)
             throw;
         return std::nullopt;

@@ -1,3 +1,4 @@
+// The empty database that is delivered with the program.
 #pragma once
 #include <string_view>
 

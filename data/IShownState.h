@@ -1,3 +1,4 @@
+// What the data store needs to know about the window.
 #pragma once
 #include <cstdint>
 #include <string>
@@ -33,11 +34,11 @@ enum class StoredRow { Same, Changed, Gone };
 class ICurrentRow {
 public:
     virtual ~ICurrentRow() = default;
-    /// Cell of a column, numbered from 1 in the order of the view's rows. Null: never set.
+    /// Cell of a column of the view, numbered as in ViewColumns.h. Null: never set.
     virtual Value ColumnValue(std::int32_t column) = 0;
     virtual void ColumnValue(std::int32_t column, const Value& value) = 0;
-    /// Reads the row's stored values again; cells that were not typed into then hold them. Says
-    /// what has become of the row since it was last read.
+    /// Reads the row's stored values again; cells that were not typed into then hold them. Returns
+    /// what happened to the row since it was last read.
     virtual StoredRow Reread() { return StoredRow::Same; }
 };
 

@@ -5,6 +5,17 @@
 #include "engine/EngineError.h"
 
 namespace clb {
+namespace {
+
+std::int16_t ReadSchemaVersion(Connection& connection)
+{
+    if (const auto version = SchemaVersionOf(connection))
+        return *version;
+    connection.Execute("CREATE TABLE _SchemaVersion (0 LONG)");
+    return 0;
+}
+
+}  // namespace
 
 std::optional<std::int16_t> SchemaVersionOf(Connection& connection)
 {
@@ -19,6 +30,26 @@ std::optional<std::int16_t> SchemaVersionOf(Connection& connection)
             throw;
     }
     return std::nullopt;
+}
+
+std::int16_t UpgradeSchema(Connection& connection)
+{
+    std::int16_t version = SchemaVersionOf(connection).value_or(0);
+    if (version != 0 && version != 1)
+        return version;
+    // Another program may be upgrading the same file.
+    connection.Lock();
+    version = ReadSchemaVersion(connection);
+    if (version != 0 && version != 1)
+        return version;
+    if (version == 0)
+        connection.Execute("ALTER TABLE Loan ALTER COLUMN InterestRate Single");
+    connection.Execute("ALTER TABLE Account ADD COLUMN BudgetInclude YESNO NOT NULL DEFAULT YES");
+    connection.Execute("UPDATE Account SET BudgetInclude = YES");
+    connection.Execute("ALTER TABLE _SchemaVersion DROP COLUMN " + std::to_string(version));
+    // The new version is fixed, whatever the old one was.
+    connection.Execute("ALTER TABLE _SchemaVersion ADD  COLUMN 2 LONG");
+    return kSchemaVersion;
 }
 
 }  // namespace clb

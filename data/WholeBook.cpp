@@ -41,7 +41,7 @@ std::vector<Table> TablesOf(std::int16_t version)
     return tables;
 }
 
-/// The columns that the table lacks; nothing when there is no such table.
+/// The columns that are missing from the table; nothing if there is no such table.
 std::optional<Names> MissingColumns(Connection& book, const Table& table)
 {
     try {

@@ -1,3 +1,4 @@
+// Whether a database has all tables and columns of a book.
 #pragma once
 #include <string>
 
@@ -5,12 +6,12 @@ namespace clb {
 
 class Connection;
 
-/// Which of the five tables, or of the columns that the program needs, a database lacks, as the end
-/// of a sentence: "the tables Budget and Loan are missing", or "the table _SchemaVersion names no
-/// version". Also a version that is older than the tables: the program could not open such a book.
-/// Empty when nothing is missing. Columns that an update of the schema adds may be missing
-/// from an older book; a later program's tables and columns do not matter. Throws RuntimeError when
-/// the database cannot be read.
+/// Which of the five tables, or of the columns that the program needs, are missing from a database,
+/// as the end of a sentence: "the tables Budget and Loan are missing", or "the table _SchemaVersion
+/// names no version". Also a version that is older than the tables: the program could not open such
+/// a book. Empty if nothing is missing. An older book may lack the columns that a schema update
+/// adds. Additional tables and columns do not matter. Throws RuntimeError if the database cannot be
+/// read.
 std::string MissingFrom(Connection& book);
 
 }  // namespace clb

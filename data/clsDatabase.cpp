@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/SchemaVersion.h"
+#include "data/WrongAmount.h"
 #include "engine/EngineError.h"
 
 namespace clb {
@@ -15,44 +16,14 @@ clsDatabase::clsDatabase(const std::string& folder, const IShownState& shown, IC
     connection_.Open("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + folder +
                      "\\db\\clb.mdb;Persist Security Info=False");
     try {
-        UpgradeSchema();
+        schemaVersion_ = UpgradeSchema(connection_);
     } catch (const EngineError& error) {
-        // Each step stands by itself: those before the one that is refused stay.
+        // Each step is complete in itself: those before the refused one stay.
         if (error.Trouble() == FileTrouble::None)
             connection_.Settle();
         throw;
     }
     connection_.Settle();
-}
-
-std::int16_t clsDatabase::ReadSchemaVersion()
-{
-    if (const auto version = SchemaVersionOf(connection_))
-        return *version;
-    connection_.Execute("CREATE TABLE _SchemaVersion (0 LONG)");
-    return 0;
-}
-
-void clsDatabase::UpgradeSchema()
-{
-    std::int16_t version = SchemaVersionOf(connection_).value_or(0);
-    if (version == 0 || version == 1) {
-        // Another program may be bringing the same file up to date.
-        connection_.Lock();
-        version = ReadSchemaVersion();
-    }
-    schemaVersion_ = version;
-    if (version == 0)
-        connection_.Execute("ALTER TABLE Loan ALTER COLUMN InterestRate Single");
-    if (version == 0 || version == 1) {
-        connection_.Execute(
-            "ALTER TABLE Account ADD COLUMN BudgetInclude YESNO NOT NULL DEFAULT YES");
-        connection_.Execute("UPDATE Account SET BudgetInclude = YES");
-        connection_.Execute("ALTER TABLE _SchemaVersion DROP COLUMN " + std::to_string(version));
-        // The new version is fixed, whatever the old one was.
-        connection_.Execute("ALTER TABLE _SchemaVersion ADD  COLUMN 2 LONG");
-        schemaVersion_ = kSchemaVersion;
-    }
 }
 
 void clsDatabase::Execute(const std::string& sql)
@@ -65,7 +36,7 @@ void clsDatabase::Lock()
     if (connection_.Locked())
         return;
     connection_.Lock();
-    // Now that nobody else can write, what was written before is known for certain.
+    // Nobody else can write from here on, so this notices all earlier writes.
     WritesElsewhere();
 }
 
@@ -109,7 +80,7 @@ std::int32_t clsDatabase::GetNextSequence()
 {
     Recordset records;
     Fill(records, "SELECT MAX( Sequence ) AS NextSequence FROM Trans", true);
-    const Value& largest = records.Get(0);
+    const Value& largest = records.Get("NextSequence");
     if (IsNull(largest))
         return 1;
     if (ToLong(largest) == std::numeric_limits<std::int32_t>::max())
@@ -142,57 +113,22 @@ bool clsDatabase::RowExists(const std::string& table, const std::string& conditi
     return ToLong(records.Get("Count")) > 0;
 }
 
-std::string clsDatabase::ShownAccount() const
+Value clsDatabase::Total(const std::string& sql, const std::string& column,
+                         const SummedAmounts& amounts)
 {
-    return ToSqlString(shown_.AccountID());
-}
-
-std::string clsDatabase::RowsStatement() const
-{
-    switch (shown_.View()) {
-        case vwNetWorth:
-            return "SELECT Description, Type, AccountID, OpeningBalance, (OpeningBalance + "
-                   "CurrentBalance) as TotBalance, Sequence FROM Account ORDER BY Type, "
-                   "Description";
-        case vwBudget:
-            return "SELECT Budget.Category, Budget.Amount, Budget.Sequence, Budget.Year, "
-                   "Budget.Period, Budget.CategoryGroup FROM Budget WHERE Budget.Year = " +
-                   std::to_string(shown_.Year()) +
-                   " AND Budget.Period = " + std::to_string(shown_.Period()) +
-                   " ORDER BY Budget.CategoryGroup, Budget.Category";
-        case vwAccountType:
-            return "SELECT Description, AccountID, OpeningBalance, (OpeningBalance + "
-                   "CurrentBalance) as TotBalance, Sequence, Type FROM Account WHERE Type = '" +
-                   shown_.AccountType() + "' ORDER BY Description";
-        case vwAccount:
-            return "SELECT PostDate, Description, Amount, CheckID, Category, PayeeName AS Notes, "
-                   "AccountID, Year, Period, FITID, Sequence, SubSequence FROM Trans WHERE "
-                   "AccountID = '" +
-                   ShownAccount() + "' AND Period = " + std::to_string(shown_.Period()) +
-                   " AND Year = " + std::to_string(shown_.Year()) +
-                   " ORDER BY PostDate DESC, Sequence DESC, SubSequence";
-        case vwInvestment:
-            return "SELECT StockSymbol, StockName, PurchaseDate, Quantity, PurchasePrice, "
-                   "LastPrice, Total, AccountID, Sequence FROM Investment WHERE AccountID = '" +
-                   ShownAccount() + "' ORDER BY PurchaseDate";
-        case vwLoan:
-            return "SELECT Description, OriginalAmount, PaidAmount, InterestRate, AccountID, "
-                   "Sequence FROM Loan WHERE AccountID = '" +
-                   ShownAccount() + "' ORDER BY Description";
-        default:
-            // No view: sent as it stands, for the engine to refuse.
-            return "SELECT  FROM  ORDER BY ";
+    try {
+        Recordset records;
+        Fill(records, sql, true);
+        return records.Get(column);
+    } catch (const EngineError& error) {
+        ThrowWithPlace(connection_, amounts, error);
     }
 }
 
-Recordset& clsDatabase::GetRows()
+Money clsDatabase::Sum(const std::string& sql, const std::string& column,
+                       const SummedAmounts& amounts)
 {
-    const std::string sql = RowsStatement();
-    if (rows_.IsOpen())
-        rows_.Close();
-    RowsRead();
-    rows_.Open(sql, connection_, CursorKind::Keyset, LockKind::Pessimistic);
-    return rows_;
+    return ToMoney(Total(sql, column, amounts));
 }
 
 }  // namespace clb

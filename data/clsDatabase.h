@@ -1,6 +1,6 @@
+// The data store: the program's one connection, and what it reads and writes through it.
 #pragma once
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -25,11 +25,11 @@ public:
 /// The data store: every query and update the program runs. Owns the only connection, opened for
 /// the whole run, and the one result set that the grid shows.
 ///
-/// Other programs may write to the same file. An operation that writes by what it reads takes the
-/// write lock before its first read; the lock is given up when the connection settles.
+/// Other programs may write to the same file. An operation that bases a write on what it reads
+/// takes the write lock before its first read; the lock is released when the connection settles.
 ///
-/// Nothing is trapped here: an EngineError reaches the caller with the engine's number and message.
-/// What a row lacks is no error: ValidRow answers it.
+/// No error is caught here: an EngineError reaches the caller with the engine's number and message.
+/// An incomplete row is not an error: ValidRow returns false.
 class clsDatabase {
 public:
     /// Opens folder/db/clb.mdb and brings an older schema up to date. shown and row are borrowed
@@ -43,8 +43,8 @@ public:
     /// gridRow false: in views 4 to 6 the shown account's row is deleted, its other rows stay.
     /// Always true.
     bool DeleteRow(bool gridRow);
-    /// Checks the grid's current row and completes it: account, month, number, category. False when
-    /// it may not be saved, with the offending column (from 1) and what to tell the user.
+    /// Checks the grid's current row and completes it: account, month, number, category. False if
+    /// it may not be saved, with the offending column (from 1) and the message for the user.
     bool ValidRow(std::int32_t& errorColumn, std::string& errorMessage);
 
     /// Makes the target month hold the source month's categories, groups and amounts, and "(none)".
@@ -54,7 +54,7 @@ public:
                     std::int32_t targetPeriod);
     /// Books one piece of a transaction to the next month (direction 1) or the one before (any
     /// other direction), with a budget line there for the category of the grid's current row, and
-    /// reads the grid's rows again. Throws EngineError when there is no such piece.
+    /// reads the grid's rows again. Throws EngineError if there is no such piece.
     void MoveMonth(std::int32_t sequence, std::int32_t subSequence, std::int32_t direction);
     /// Makes sure that the category has a budget line in the month; an existing line stays as it
     /// is.
@@ -67,41 +67,46 @@ public:
     void CalcTotals(Money& first, Money& second);
     /// Stores the sum of one account's activity in Account.CurrentBalance; no activity stores 0,
     /// the opening balance is not in it. view -1 and an empty accountID mean the ones shown now;
-    /// both are written back. Views 1 to 3 do nothing. Throws EngineError when no account has this
-    /// number.
+    /// both are written back. Does nothing for views 1 to 3. Throws EngineError if no account has
+    /// this number.
     void UpdateBalance(std::int32_t& view, std::string& accountID);
 
     /// Turns one piece of a transaction into two: the piece keeps the first amount, a copy with the
     /// next piece number gets the second amount and a numbered description. Reads the grid's rows
-    /// again. Throws EngineError when there is no such piece, and NumbersUsedUp; what ran before an
-    /// error stays.
+    /// again. Throws EngineError if there is no such piece, and NumbersUsedUp; writes before an
+    /// error stay.
     void SplitTransaction(std::int32_t sequence, std::int32_t subSequence, Money firstAmount,
                           Money secondAmount);
 
     /// The text with every single quote doubled.
     static std::string ToSqlString(std::string_view text);
-    /// Without blanks in front, at most length characters, without blanks behind.
+    /// Trims spaces on the left, cuts the text to at most `length` characters, then trims spaces on
+    /// the right.
     static std::string TruncateString(std::string_view text, std::int32_t length);
-    /// Largest transaction number plus one; 1 when there are no transactions. Throws
-    /// NumbersUsedUp.
+    /// Largest transaction number plus one; 1 if there are no transactions. Throws NumbersUsedUp.
     std::int32_t GetNextSequence();
     /// Opens a closed result set on the SELECT.
     void Fill(Recordset& records, const std::string& sql, bool readOnly);
-    /// Stands on the first row that meets the criterion; false when none does.
+    /// Moves to the first row that meets the criterion; false if none does.
     static bool CanFind(Recordset& records, const std::string& criterion);
     /// Whether a row of the table meets the condition.
     bool RowExists(const std::string& table, const std::string& condition);
+    /// The sum in a column of a SELECT's first row; null if nothing was added up. Throws
+    /// EngineError, which names the cell if one of the amounts is something else.
+    Value Total(const std::string& sql, const std::string& column, const SummedAmounts& amounts);
+    /// The same as an amount; 0 if nothing was added up.
+    Money Sum(const std::string& sql, const std::string& column, const SummedAmounts& amounts);
 
-    /// Takes the write lock for a command that will write, before what it reads; it is kept until
-    /// the connection settles. Waits for another program that is soon done. Throws EngineError when
-    /// that one is not.
+    /// Takes the write lock for a command that will write, before its first read; it is kept until
+    /// the connection settles. Waits for another program for a short time, then throws
+    /// EngineError.
     void Lock();
-    /// A number that grows when another program has written to the file. Never waits for one that
-    /// is writing at the moment.
+    /// A number that grows when another program writes to the file. Never waits for one that is
+    /// writing at the moment.
     std::uint64_t WritesElsewhere();
     /// Whether another program has written since the rows of the shown view were read.
     bool RowsOutdated() { return WritesElsewhere() != rowsReadAt_; }
-    /// Says that the rows of the shown view have just been read again.
+    /// To be called after the rows of the shown view were read again.
     void RowsRead() { rowsReadAt_ = WritesElsewhere(); }
 
     /// The file's schema version, at least 2 here; a later program's file has a later one.
@@ -111,34 +116,16 @@ public:
     Connection& Database() { return connection_; }
 
 private:
-    /// Throws RuntimeError when another program has changed or deleted the grid's current row since
+    /// Throws RuntimeError if another program has changed or deleted the grid's current row since
     /// it was shown: what the user decided was about another row.
     void RequireShownRow();
-    /// Throws RuntimeError when older programs have given the number to two transactions.
-    static void RequireOnePiece(const Recordset& pieces, std::int32_t sequence);
+    /// Opens one piece of a transaction for writing. Throws RuntimeError if an older program gave
+    /// the number to two transactions.
+    void OpenPiece(Recordset& piece, const std::string& columns, std::int32_t sequence,
+                   std::int32_t subSequence);
+    /// The number for a new piece of a transaction.
     std::int32_t NextPiece(const std::string& sequence);
     void RequeryRows();
-    std::int16_t ReadSchemaVersion();
-    void UpgradeSchema();
-
-    std::string ShownAccount() const;
-    bool ValidNetWorthRow(std::int32_t& errorColumn, std::string& errorMessage);
-    bool ValidAccountRow(std::int32_t& errorColumn, std::string& errorMessage);
-    bool ValidBudgetRow(std::int32_t& errorColumn, std::string& errorMessage);
-    void CompleteTransaction();
-    bool ValidAccountCells(std::int32_t accountColumn, std::int32_t sequenceColumn,
-                           std::int32_t& errorColumn, std::string& errorMessage);
-    bool AccountTaken(std::int32_t accountColumn, std::int32_t sequenceColumn);
-    std::string RowsStatement() const;
-    /// The value of TotAmount. Throws EngineError, which names the cell if one of the amounts is
-    /// something else.
-    Value Total(const std::string& sql, const SummedAmounts& amounts);
-    Money Sum(const std::string& sql, const SummedAmounts& amounts);
-    Money RegisterBalance();
-    void AccountTotals(const std::string& condition, Money& first, Money& second);
-    static void RefuseQuotes(Recordset& source, Recordset& target);
-    void CopyLines(Recordset& source, Recordset& target, Month to);
-    void DropLines(Recordset& source, Recordset& target, Month to);
 
     const IShownState& shown_;
     ICurrentRow& row_;

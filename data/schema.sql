@@ -1,5 +1,5 @@
--- The delivered empty database, schema version 2. Column types are declared in the words of the
--- program's SQL dialect; an INTEGER PRIMARY KEY AUTOINCREMENT is its COUNTER.
+-- The delivered empty database, schema version 2. Column types are those of the program's SQL
+-- dialect; an INTEGER PRIMARY KEY AUTOINCREMENT is its COUNTER.
 
 CREATE TABLE Account (
     AccountID TEXT,

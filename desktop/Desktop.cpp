@@ -101,7 +101,7 @@ public:
         if (!controller_.Loaded())
             return;
         controller_.Data().Database().Abandon();
-        controller_.Grid.Component().CancelEdit();
+        controller_.Grid.CancelEdit();
         controller_.Unload();
     }
     /// Name of the backup to restore before the new one; empty: none.

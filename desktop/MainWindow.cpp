@@ -75,8 +75,8 @@ void MainWindow::BuildParts()
         },
         inner_);
     grid_ = new GridView(
-        controller_.Grid.Component(), events_,
-        [this] { return controller_.window.Focus(controller_.Grid.Component()); }, inner_);
+        controller_.Grid, events_, [this] { return controller_.window.Focus(controller_.Grid); },
+        inner_);
     tree_->setAccessibleName(QStringLiteral("Views and accounts"));
     grid_->WhenEmpty([this] { return HintFor(controller_); },
                      [this](const std::string& item) {
@@ -117,7 +117,7 @@ void MainWindow::BuildStatusBar()
 
 void MainWindow::FollowModels()
 {
-    const auto follow = [this](sigc::signal<void()>& signal, void (MainWindow::*handler)()) {
+    const auto follow = [this](Event<void()> signal, void (MainWindow::*handler)()) {
         signal.connect(sigc::track_obj([this, handler] { (this->*handler)(); }, *this));
     };
     follow(controller_.window.Changed(), &MainWindow::Sync);
@@ -142,15 +142,15 @@ void MainWindow::NameTotals()
 {
     if (!controller_.Loaded())
         return;
-    const auto [first, second] = controller_.View().TotalColumns();
-    const GridColumns& columns = controller_.Grid.Component().Columns();
+    const ViewDefinition& view = controller_.View().Definition();
+    const GridColumns& columns = controller_.Grid.Columns();
     const auto name = [&](std::int32_t column) {
         const bool shown = column >= 1 && column <= columns.Count();
         return totals_->Caption()->text() + QStringLiteral(" ") +
                ToQString(shown ? columns.Item(column).caption : std::string());
     };
-    totals_->First()->setAccessibleName(name(first));
-    totals_->Second()->setAccessibleName(name(second));
+    totals_->First()->setAccessibleName(name(view.firstTotal));
+    totals_->Second()->setAccessibleName(name(view.secondTotal));
 }
 
 void MainWindow::RepaintNow()
@@ -181,7 +181,7 @@ void MainWindow::PlaceParts()
     ApplyPlace(controller_.toolbar, *toolbar_);
     ApplyPlace(controller_.statusBar, *status_);
     ApplyPlace(controller_.TreeView, *tree_);
-    ApplyPlace(controller_.Grid.Component(), *grid_);
+    ApplyPlace(controller_.Grid, *grid_);
     border_->Place(tree_->geometry());
 }
 

@@ -54,7 +54,7 @@ void MainWindow::BindFocus()
 {
     focus_ = std::make_unique<FocusBinder>(controller_.window, events_);
     focus_->Add(controller_.TreeView, *tree_);
-    focus_->Add(controller_.Grid.Component(), *grid_);
+    focus_->Add(controller_.Grid, *grid_);
     focus_->Add(controller_.txtTotal, *totals_->First());
     focus_->Add(controller_.txtTotal2, *totals_->Second());
     focus_->Add(controller_.cmbPeriod, *month_);
@@ -75,9 +75,8 @@ void MainWindow::OrderTabs()
 
 bool MainWindow::GridAgrees()
 {
-    bool cancel = false;
-    const bool asked = events_.Run([&] { controller_.Grid.Component().Validate().emit(cancel); });
-    return asked && !cancel;
+    bool agrees = false;
+    return events_.Run([&] { agrees = controller_.Grid.MayLoseFocus(); }) && agrees;
 }
 
 void MainWindow::Choose(MenuItem& item)

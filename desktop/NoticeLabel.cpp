@@ -26,8 +26,8 @@ NoticeLabel::NoticeLabel(Notices& notices, WorkProgress& progress, QWidget* pare
     setObjectName(QStringLiteral("notice"));
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-    for (sigc::signal<void()>* changed : {&notices_.Changed(), &progress_.Changed()})
-        changed->connect(sigc::track_obj([this] { Follow(); }, *this));
+    for (Event<void()> changed : {Event<void()>(notices_.Changed()), progress_.Changed()})
+        changed.connect(sigc::track_obj([this] { Follow(); }, *this));
     Follow();
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Text.h"
+#include "data/NoCategory.h"
 #include "engine/Criterion.h"
 #include "engine/EngineError.h"
 
@@ -60,7 +61,7 @@ void NotReturned::Add(const ExportedRow& row)
         CheckTags(row);
         CheckCharacters(row);
     }
-    if (row.category != "(none)")
+    if (row.category != kNoCategory)
         ++categories_;
     if (row.postDate && row.month != Month{row.postDate->Year(), row.postDate->Month()})
         ++moved_;

@@ -1,9 +1,5 @@
 #include "grid/CVGrid.h"
 
-#include <algorithm>
-
-#include "base/RuntimeError.h"
-
 namespace clb {
 namespace {
 
@@ -11,34 +7,33 @@ constexpr std::int32_t kTipsOff = 0;
 constexpr std::int32_t kTipsFetched = 2;
 constexpr std::int32_t kTipDelay = 500;
 
+/// Sets a flag for its own lifetime.
+class WhileTrue {
+public:
+    explicit WhileTrue(bool& flag) : flag_(flag) { flag_ = true; }
+    ~WhileTrue() { flag_ = false; }
+    WhileTrue(const WhileTrue&) = delete;
+    WhileTrue& operator=(const WhileTrue&) = delete;
+
+private:
+    bool& flag_;
+};
+
 }  // namespace
 
 CVGrid::CVGrid(const IDateForm& dates, IPrintJob& printing, std::string folder)
-    : inner_("Grid", dates), printing_(printing), folder_(std::move(folder))
+    : GridComponent("Grid", dates), printing_(printing), folder_(std::move(folder))
 {
-    inner_.TipDelay(kTipDelay);
-    inner_.BeforeUpdate().connect([this](bool& cancel) { HandleBeforeUpdate(cancel); });
-    inner_.FetchColumnData().connect(
-        [this](std::int32_t row, std::int32_t column, const Value& given, Value& value) {
-            fetchColumnData_.emit(row, column, given, value);
-            if (IsNull(value))
-                value = std::string();
-        });
-}
-
-Value CVGrid::ColumnValue(std::int32_t column)
-{
-    return inner_.ColumnValue(column);
-}
-
-void CVGrid::ColumnValue(std::int32_t column, const Value& value)
-{
-    inner_.ColumnValue(column, value);
+    TipDelay(kTipDelay);
+    GotFocus().connect([this] {
+        if (Row() != 0)
+            ReportPlace();
+    });
 }
 
 StoredRow CVGrid::Reread()
 {
-    const GridComponent::Meanwhile found = inner_.RereadRow();
+    const Meanwhile found = RereadRow();
     if (found.gone)
         return StoredRow::Gone;
     return found.columns.empty() ? StoredRow::Same : StoredRow::Changed;
@@ -46,67 +41,48 @@ StoredRow CVGrid::Reread()
 
 void CVGrid::ShowToolTips(bool show)
 {
-    inner_.CellTips(show ? kTipsFetched : kTipsOff);
+    CellTips(show ? kTipsFetched : kTipsOff);
 }
 
 void CVGrid::Refetch()
 {
     RedrawEnabled(false);
     CancelEdit();
-    const GridComponent::Spot spot = inner_.CurrentSpot();
+    const GridSpot spot = CurrentSpot();
     try {
-        inner_.RefetchRows();
+        RefetchRows();
     } catch (...) {
         RedrawEnabled(true);
         throw;
     }
     if (enableDisable_)
         enableDisable_();
-    inner_.ReturnTo(spot);
+    ReturnTo(spot);
     RedrawEnabled(true);
-}
-
-void CVGrid::RedrawEnabled(bool enabled)
-{
-    inner_.Redraw(enabled);
-}
-
-void CVGrid::CancelEdit()
-{
-    inner_.CancelEdit();
-}
-
-void CVGrid::DataSource(Recordset& records)
-{
-    inner_.DataSource(&records);
 }
 
 void CVGrid::Col(std::int32_t column)
 {
     // A handler of BeforeUpdate cannot move the current column.
     if (!updating_)
-        inner_.Col(column);
+        GridComponent::Col(column);
 }
 
-void CVGrid::MoveToRowKey(const Value& key)
+Value CVGrid::FetchedValue(std::int32_t row, std::int32_t column)
 {
-    inner_.MoveToRowKey(key);
+    Value value = GridComponent::FetchedValue(row, column);
+    return IsNull(value) ? Value(std::string()) : value;
 }
 
-void CVGrid::HandleBeforeUpdate(bool& cancel)
+bool CVGrid::MayUpdate()
 {
-    updating_ = true;
-    try {
-        beforeUpdate_.emit(cancel);
-        if (cancel)
-            inner_.Editing(true);
-        else
-            FillEmptyCells();
-    } catch (...) {
-        updating_ = false;
-        throw;
+    const WhileTrue updating(updating_);
+    if (!GridComponent::MayUpdate()) {
+        Editing(true);
+        return false;
     }
-    updating_ = false;
+    FillEmptyCells();
+    return true;
 }
 
 void CVGrid::FillEmptyCells()

@@ -1,4 +1,4 @@
-// Printing: the grid is written to a file, the system prints it, the file goes again.
+// Printing: the grid is written to a file, the system prints the file, and the file is removed.
 
 #include <filesystem>
 
@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What is printed is for the user alone, whatever an earlier run has left under the name.
+/// Only the user can read the printed file, whatever an earlier run left under its name.
 void WriteFile(const std::string& path, const std::string& text)
 {
     WholeFile file(path, Existing::ReplaceName);
@@ -18,7 +18,7 @@ void WriteFile(const std::string& path, const std::string& text)
     file.Keep();
 }
 
-/// Removes whatever is called print.*, on purpose also what printing did not make.
+/// Removes every file print.*, on purpose also files that printing did not make.
 void RemovePrinted(const std::string& folder)
 {
     std::error_code ignored;
@@ -35,7 +35,7 @@ void RemovePrinted(const std::string& folder)
 void CVGrid::PrintMe()
 {
     const std::string file = folder_ + "/print.html";
-    WriteFile(file, GridHtml(inner_, page_ ? page_() : GridPage()));
+    WriteFile(file, GridHtml(*this, page_ ? page_() : GridPage()));
     printing_.Print(file);
     RemovePrinted(folder_);
 }

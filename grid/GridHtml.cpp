@@ -5,8 +5,8 @@
 namespace clb {
 namespace {
 
-// Understood by browsers and by simple document viewers alike, so: a table with its attributes, and
-// classes that only refine it.
+// Simple document viewers must show it as well as browsers do, so the table has its own attributes
+// and the classes only refine it.
 constexpr const char* kHead =
     "<!DOCTYPE html>\n"
     "<html lang=\"en\">\n"

@@ -1,3 +1,4 @@
+// The grid as an HTML page for printing.
 #pragma once
 #include <string>
 #include <vector>
@@ -6,7 +7,7 @@
 
 namespace clb {
 
-/// What stands around a printed grid's rows.
+/// What is printed around a grid's rows.
 struct GridPage {
     /// An amount below one of the columns.
     struct Total {
@@ -19,10 +20,10 @@ struct GridPage {
     std::vector<Total> totals;
 };
 
-/// The grid as an HTML document of its own, ready for paper: the visible columns with their
-/// captions in displayed order, all rows that are not folded away with group headings and footers,
-/// the totals below their columns. Calculated cells and footers are fetched. The line for a new row
-/// is left out.
+/// Writes the grid as an HTML document, ready to be printed: the visible columns with their
+/// captions in displayed order, all rows that are not folded away, with group headings and footers,
+/// and the totals below their columns. Calculated cells and footers are fetched. The line for a new
+/// row is not printed.
 std::string GridHtml(GridComponent& grid, const GridPage& page);
 
 }  // namespace clb

@@ -2,8 +2,10 @@
 
 #include "base/Product.h"
 #include "controls/Tree.h"
+#include "data/AccountKind.h"
 #include "data/NoticedBalances.h"
 #include "data/clsDatabase.h"
+#include "views/NodeTag.h"
 #include "views/clsView.h"
 
 namespace clb {
@@ -61,7 +63,7 @@ void frmSelectAccount::Load()
 {
     txtDescription.Text("");
     cmbAccountType.Clear();
-    for (const char* type : {"Bank", "Cash", "Credit Card", "Investment"})
+    for (const std::string& type : ImportableTypes())
         cmbAccountType.Add(type);
     cmbAccountType.Index(0);
     ListAccounts();
@@ -212,8 +214,9 @@ std::string frmSelectAccount::NewIdentifier()
 void frmSelectAccount::ShowInTree()
 {
     view_.BuildTree();
-    for (const std::int32_t view : {vwAccount, vwInvestment, vwLoan}) {
-        const std::int32_t node = view_.FindTreeNodeByTag(clsView::AccountTag(view, accountID_));
+    for (const AccountKind& kind : kAccountKinds) {
+        const std::int32_t node =
+            view_.FindTreeNodeByTag(node_tag::OfAccount(kind.view, accountID_));
         if (node > 0)
             return tree_.Select(node);
     }
@@ -223,11 +226,12 @@ void frmSelectAccount::ShowInTree()
 /// of its kind: then the view goes on under the new number.
 void frmSelectAccount::FollowShownAccount()
 {
-    const std::int32_t view = view_.View();
-    if (view != vwAccount && view != vwInvestment && view != vwLoan)
+    if (!view_.Definition().ofAccount)
         return;
-    const bool gone = view_.FindTreeNodeByTag(clsView::AccountTag(view, view_.AccountID())) == 0;
-    if (gone && view_.FindTreeNodeByTag(clsView::AccountTag(view, accountID_)) != 0)
+    const auto listed = [this](const std::string& account) {
+        return view_.FindTreeNodeByTag(node_tag::OfAccount(view_.View(), account)) != 0;
+    };
+    if (!listed(view_.AccountID()) && listed(accountID_))
         view_.AccountID(accountID_);
 }
 

@@ -3,13 +3,13 @@
 #include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "data/Balances.h"
 #include "data/clsDatabase.h"
 #include "import/FileLines.h"
 #include "import/StatementFile.h"
 #include "ports/IClock.h"
 #include "ports/IFileDialog.h"
 #include "ports/IPointer.h"
-#include "views/Balances.h"
 #include "views/clsView.h"
 
 namespace clb {

@@ -4,6 +4,7 @@
 #include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "data/NoCategory.h"
 #include "data/clsDatabase.h"
 #include "engine/EngineError.h"
 #include "import/Messages.h"
@@ -19,7 +20,6 @@ namespace scan = statement_scan;
 /// The account is searched behind the first five characters, the length of "<OFC>".
 constexpr std::size_t kSearchStart = 5;
 constexpr std::size_t kMemoLength = 50;
-constexpr const char* kNoCategory = "(none)";
 
 /// What a statement says of one transaction.
 struct StatementTransaction {

@@ -11,6 +11,7 @@
 #include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "data/NoCategory.h"
 #include "data/clsDatabase.h"
 #include "import/FileLines.h"
 #include "import/HeldRecords.h"
@@ -26,7 +27,6 @@ namespace {
 constexpr std::int32_t kTextLength = 50;
 /// From so many on, a file is taken for one that repeats much of its account.
 constexpr std::int32_t kManyDuplicates = 200;
-constexpr const char* kNoCategory = "(none)";
 
 enum class Section { Ignored, Transactions, Categories };
 

@@ -1,25 +1,29 @@
 #include "views/clsView.h"
 
-#include "base/Numeric.h"
 #include "base/Quietly.h"
 #include "base/RuntimeError.h"
-#include "base/Text.h"
+#include "data/AccountKind.h"
+#include "data/ViewColumns.h"
 #include "data/clsDatabase.h"
+#include "views/NodeTag.h"
 
 namespace clb {
+
 namespace {
 
-constexpr char kTagDivider = '\x01';
-constexpr std::int32_t kImage = 6;
-constexpr std::int32_t kSelectedImage = 7;
 constexpr const char* kUnread = "The rows could not be read.";
 
 }  // namespace
 
-clsView::clsView(const ViewTargets& targets) : targets_(targets)
+clsView::clsView(const ViewTargets& targets)
+    : targets_(targets), accountTree_(targets_.tree), layout_(targets_)
 {
-    targets_.grid.Component().ColumnResized().connect(sigc::track_obj(
-        [this](std::int32_t column, std::int32_t pixels) { KeepWidth(column, pixels); }, *this));
+    targets_.grid.ColumnResized().connect(sigc::track_obj(
+        [this](std::int32_t column, std::int32_t pixels) {
+            layout_.WidthByHand(view_, column, pixels);
+            SetColWidths();
+        },
+        *this));
 }
 
 void clsView::View(std::int32_t view)
@@ -56,7 +60,7 @@ void clsView::Refresh()
         targets_.grid.CancelEdit();
         targets_.grid.DataSource(database_->GetRows());
         RefreshTotals();
-        LayOut();
+        layout_.LayOut(Definition(), *database_);
         EnableDisable();
         whyEmpty_.clear();
     });
@@ -80,110 +84,32 @@ void clsView::OrShowNothing(const Work& work)
 
 void clsView::ShowNothing(const char* why) noexcept
 {
-    Quietly([this] {
-        if (targets_.grid.Component().Redraw())
-            targets_.grid.RedrawEnabled(false);
+    CVGrid& grid = targets_.grid;
+    Quietly([&] {
+        if (grid.Redraw())
+            grid.RedrawEnabled(false);
     });
-    Quietly([this] { targets_.grid.Component().DataSource(nullptr); });
+    Quietly([&] { grid.DataSource(nullptr); });
     Quietly([&] { whyEmpty_ = why; });
-    Quietly([this] { targets_.lblTotal.Caption(""); });
-    Quietly([this] { targets_.txtTotal.Text(""); });
-    Quietly([this] { targets_.txtTotal2.Text(""); });
+    // Without a view there are no totals that could be others, and those shown stay.
+    if (view_ >= vwNetWorth && view_ <= vwLoan) {
+        Quietly([this] { targets_.lblTotal.Caption(""); });
+        Quietly([this] { targets_.txtTotal.Text(""); });
+        Quietly([this] { targets_.txtTotal2.Text(""); });
+    }
     Quietly([this] { EnableDisable(); });
-    Quietly([this] { targets_.grid.RedrawEnabled(true); });
+    Quietly([&] { grid.RedrawEnabled(true); });
 }
 
 void clsView::DropClosedRows() noexcept
 {
-    if (!targets_.grid.Component().Bound() && whyEmpty_.empty())
+    if (!targets_.grid.Bound() && whyEmpty_.empty())
         ShowNothing(kUnread);
-}
-
-std::int32_t clsView::ViewFromAccountType(const std::string& type)
-{
-    if (type == "Bank" || type == "Cash" || type == "Credit Card")
-        return vwAccount;
-    if (type == "Investment")
-        return vwInvestment;
-    return type == "Loan" ? vwLoan : 0;
-}
-
-std::string clsView::AccountTag(std::int32_t view, const std::string& accountID)
-{
-    return std::to_string(view) + kTagDivider + accountID;
-}
-
-std::int32_t clsView::AddNode(std::int32_t parent, const std::string& key, const std::string& text,
-                              const std::string& tag)
-{
-    const std::int32_t node = targets_.tree.Add(parent, key, text, kImage, kSelectedImage);
-    targets_.tree.Tag(node, tag);
-    return node;
-}
-
-void clsView::BuildTree()
-{
-    // Read first: an error leaves the tree as it was.
-    const std::vector<TreeLine> lines = TreeLines();
-    Tree& tree = targets_.tree;
-    const Tree::Batch batch(tree);
-    treeIsWhole_ = false;
-    tree.Clear();
-    const std::int32_t root = AddNode(0, "", "Net Worth", std::to_string(vwNetWorth));
-    tree.Expand(root, true);
-    AddNode(root, "", "Budget", std::to_string(vwBudget));
-
-    std::string previousType;
-    std::int32_t typeNode = root;
-    for (const TreeLine& line : lines) {
-        if (line.type != previousType) {
-            previousType = line.type;
-            typeNode = AddNode(root, line.type, line.type, std::to_string(vwAccountType));
-            tree.Expand(typeNode, true);
-        }
-        AddNode(typeNode, "", line.text, line.tag);
-    }
-    treeIsWhole_ = true;
-    treeBuilt_.emit();
-}
-
-TreeNode clsView::ShownNode() const
-{
-    TreeNode node;
-    const bool account = view_ == vwAccount || view_ == vwInvestment || view_ == vwLoan;
-    node.tag = account ? AccountTag(view_, accountID_) : std::to_string(view_);
-    if (view_ == vwAccountType)
-        node.key = node.text = accountType_;
-    return node;
-}
-
-std::vector<clsView::TreeLine> clsView::TreeLines()
-{
-    Recordset accounts;
-    database_->Fill(accounts, "SELECT * FROM Account ORDER BY Type, Description", true);
-    std::vector<TreeLine> lines;
-    for (; !accounts.AtEnd(); accounts.MoveNext()) {
-        const std::string type = ToText(accounts.Get("Type"));
-        lines.push_back({type, ToText(accounts.Get("Description")),
-                         AccountTag(ViewFromAccountType(type), ToText(accounts.Get("AccountID")))});
-    }
-    return lines;
-}
-
-bool clsView::TreeIsCurrent()
-{
-    const Tree& tree = targets_.tree;
-    std::vector<TreeLine> shown;
-    for (std::int32_t node = 1; node <= tree.Count(); ++node)
-        if (const TreeNode& line = tree.Node(node); line.tag.find(kTagDivider) != line.tag.npos)
-            shown.push_back({line.parent > 1 ? tree.Node(line.parent).text : std::string(),
-                             line.text, line.tag});
-    return shown == TreeLines();
 }
 
 void clsView::ReadAnew()
 {
-    GridComponent& grid = targets_.grid.Component();
+    CVGrid& grid = targets_.grid;
     if (grid.Dirty() || grid.Editing())
         return;
     if (!grid.Bound())
@@ -192,26 +118,36 @@ void clsView::ReadAnew()
         database_->RowsRead();
         grid.ReadRowsAnew();
         RefreshTotals();
-        if (view_ == vwAccount)
-            ListCategories();
+        layout_.FillLists(Definition(), *database_);
         EnableDisable();
     });
 }
 
-std::int32_t clsView::FindTreeNodeByTag(const std::string& tag) const
+std::int32_t clsView::ViewFromAccountType(std::string_view type)
 {
-    for (std::int32_t node = 1; node <= targets_.tree.Count(); ++node)
-        if (targets_.tree.Node(node).tag == tag)
-            return node;
-    return 0;
+    return clb::ViewFromAccountType(type);
 }
 
-std::string clsView::GetTreeNodeAccountInfo(std::int32_t index) const
+void clsView::BuildTree()
 {
-    const auto pieces = Split(targets_.tree.Node(targets_.tree.Selected()).tag, kTagDivider);
-    if (index < 0 || index >= static_cast<std::int32_t>(pieces.size()))
-        throw RuntimeError(errors::SubscriptOutOfRange, "Subscript out of range");
-    return pieces[static_cast<std::size_t>(index)];
+    accountTree_.Build(*database_);
+    treeBuilt_.emit();
+}
+
+TreeNode clsView::ShownNode() const
+{
+    TreeNode node;
+    node.tag =
+        Definition().ofAccount ? node_tag::OfAccount(view_, accountID_) : node_tag::OfView(view_);
+    if (Definition().ofType)
+        node.key = node.text = accountType_;
+    return node;
+}
+
+void clsView::WidthsByHand(const HandWidths& widths)
+{
+    layout_.WidthsByHand(widths);
+    SetColWidths();
 }
 
 void clsView::RefreshTotals()
@@ -223,37 +159,47 @@ void clsView::RefreshTotals()
     targets_.txtTotal2.Text(second.Grouped());
 }
 
+DrawnRow clsView::Drawn(std::int32_t row)
+{
+    return {targets_.grid, *database_, *this, static_cast<std::size_t>(row), lastActual_};
+}
+
+void clsView::FetchCell(std::int32_t row, std::int32_t column, Value& value)
+{
+    if (Definition().cell)
+        Definition().cell(Drawn(row), column, value);
+}
+
+void clsView::FetchTip(std::int32_t row, std::string& tip)
+{
+    if (Definition().tip)
+        tip = Definition().tip(Drawn(row));
+}
+
+void clsView::FetchFooter(std::int32_t row, std::string& text)
+{
+    if (Definition().footer)
+        text = Definition().footer(Drawn(row));
+}
+
 bool clsView::OnStoredRow()
 {
-    return targets_.grid.Component().Position() != 1;
+    return targets_.grid.Position() != 1;
 }
 
 void clsView::DecideExport()
 {
-    switch (view_) {
-        case vwNetWorth:
-        case vwAccountType: {
-            exportAllowed_ = OnStoredRow();
-            if (!exportAllowed_)
-                break;
-            const bool netWorth = view_ == vwNetWorth;
-            accountID_ = ToText(targets_.grid.ColumnValue(netWorth ? 3 : 2));
-            accountType_ = ToText(targets_.grid.ColumnValue(netWorth ? 2 : 6));
-            break;
-        }
-        case vwBudget: exportAllowed_ = false; break;
-        case vwAccount: exportAllowed_ = true; break;
-        // Allowed for the account, but refused below for its type.
-        case vwInvestment:
-            exportAllowed_ = true;
-            accountType_ = "Investment";
-            break;
-        case vwLoan:
-            exportAllowed_ = true;
-            accountType_ = "Loan";
-            break;
-        default: break;
-    }
+    const ViewDefinition& view = Definition();
+    if (view.exports == ExportOf::Undecided)
+        return;
+    exportAllowed_ = view.exports == ExportOf::ShownAccount;
+    if (view.accountType)
+        accountType_ = view.accountType;
+    if (view.exports != ExportOf::CurrentRow || !OnStoredRow())
+        return;
+    exportAllowed_ = true;
+    accountID_ = ToText(targets_.grid.ColumnValue(view.accounts->accountID));
+    accountType_ = ToText(targets_.grid.ColumnValue(view.accounts->type));
 }
 
 void clsView::EnableItem(const char* item, bool enabled)
@@ -264,7 +210,7 @@ void clsView::EnableItem(const char* item, bool enabled)
 
 bool clsView::GridHasFocus() const
 {
-    return targets_.window.Focus() == &targets_.grid.Component();
+    return targets_.window.Focus() == &targets_.grid;
 }
 
 bool clsView::DeleteRow()
@@ -283,7 +229,7 @@ void clsView::EnableDisable()
     const bool hasRow = OnStoredRow();
     const bool canNew = !inGrid || hasRow;
     const bool canDelete = inGrid && hasRow && !editing;
-    const bool onTransaction = inGrid && hasRow && view_ == vwAccount;
+    const bool onTransaction = inGrid && hasRow && Definition().transactions;
 
     EnableItem("mnuE_New", canNew);
     EnableItem("mnuE_Delete", canDelete);
@@ -293,10 +239,7 @@ void clsView::EnableDisable()
                                        : "Select an item to work with.");
     targets_.toolbar.ButtonEnabled("New", canNew);
     targets_.toolbar.ButtonEnabled("Delete", canDelete);
-
-    const bool exportable =
-        accountType_ == "Credit Card" || accountType_ == "Cash" || accountType_ == "Bank";
-    EnableItem("mnuF_Export", exportable && exportAllowed_ && !editing);
+    EnableItem("mnuF_Export", HasTransactions(accountType_) && exportAllowed_ && !editing);
 }
 
 }  // namespace clb

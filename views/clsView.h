@@ -1,45 +1,28 @@
+// The state of the window's view, and what follows when it changes.
 #pragma once
 #include <sigc++/sigc++.h>
 
 #include <cstdint>
-#include <map>
 #include <string>
-#include <utility>
+#include <string_view>
 
-#include "controls/Commands.h"
-#include "controls/Form.h"
-#include "controls/Inputs.h"
-#include "controls/Tree.h"
 #include "data/IShownState.h"
-#include "grid/CVGrid.h"
-#include "ports/IMessageBox.h"
+#include "views/AccountTree.h"
+#include "views/ViewDefinition.h"
+#include "views/ViewLayout.h"
+#include "views/ViewTargets.h"
 
 namespace clb {
 
 class clsDatabase;
-
-/// The controls of the main window that the view sets. All borrowed; they outlive the view.
-struct ViewTargets {
-    Form& window;
-    CVGrid& grid;
-    Tree& tree;
-    Label& lblTotal;
-    TextBox& txtTotal;
-    TextBox& txtTotal2;
-    ListBox& cmbPeriod;
-    TextBox& txtYear;
-    MenuBar& menus;
-    Toolbar& toolbar;
-    StatusBar& statusBar;
-    IMessageBox& messages;
-    std::string title;  ///< of message boxes
-};
 
 /// What the window shows: view, month, account type and account. Fills the tree and the grid, the
 /// totals line and the enabled commands accordingly. Errors of the data store reach the caller.
 class clsView : public IShownState, public sigc::trackable {
 public:
     explicit clsView(const ViewTargets& targets);
+    clsView(const clsView&) = delete;
+    clsView& operator=(const clsView&) = delete;
     /// The store whose rows are shown; set once, before anything is shown. Borrowed.
     void Use(clsDatabase& database) { database_ = &database; }
 
@@ -58,6 +41,8 @@ public:
     /// While true nothing reloads; writing false reloads once.
     void HoldRefresh(bool hold);
     bool HoldRefresh() const { return hold_; }
+    /// What the shown view is like; a definition without anything if no view is shown.
+    const ViewDefinition& Definition() const { return DefinitionOf(view_); }
 
     /// Loads the grid, totals, layout and commands for what is to be shown. If that fails the grid
     /// is empty, without columns, until the view is shown again.
@@ -66,87 +51,75 @@ public:
     const std::string& WhyEmpty() const { return whyEmpty_; }
     /// Empties the grid if its rows were to be read again and could not. Called after each command.
     void DropClosedRows() noexcept;
+    /// Reads what is shown again because another program has written it: rows, totals, lists,
+    /// enabled commands. The user's place and the layout stay, and no event is raised. Does nothing
+    /// while the current row has unsaved changes or a cell is in edit. A view that could not be
+    /// read is loaded as by Refresh.
+    void ReadAnew();
+
     /// Fills the tree from the accounts; the root is then selected. If they cannot be read the tree
     /// stays as it was.
     void BuildTree();
-    /// False if the last BuildTree was broken off in the middle, for lack of memory.
-    bool TreeIsWhole() const { return treeIsWhole_; }
-    /// The tree's node of what is shown, made up from the view's own state: tag, text and key.
-    TreeNode ShownNode() const;
+    /// False if the last BuildTree was interrupted half-way, for lack of memory.
+    bool TreeIsWhole() const { return accountTree_.IsWhole(); }
     /// Whether the tree lists the accounts as they are stored now.
-    bool TreeIsCurrent();
-    /// Reads what is shown again because another program has written it: rows, totals, lists,
-    /// enabled commands. The user's place and the layout stay; nothing is raised. Does nothing for
-    /// the rows while one has unsaved changes. A view that could not be read is loaded as by
-    /// Refresh.
-    void ReadAnew();
+    bool TreeIsCurrent() { return accountTree_.IsCurrent(*database_); }
+    /// The tree's node for what is shown, made from the view's own state: tag, text and key.
+    TreeNode ShownNode() const;
     /// 4, 5 or 6 for the five account types, compared exactly; 0 for any other text.
-    static std::int32_t ViewFromAccountType(const std::string& type);
-    /// Number of the first node with the tag; 0 when there is none.
-    std::int32_t FindTreeNodeByTag(const std::string& tag) const;
-    /// Tag of the node of an account.
-    static std::string AccountTag(std::int32_t view, const std::string& accountID);
+    static std::int32_t ViewFromAccountType(std::string_view type);
+    /// Number of the first node with the tag; 0 if there is none.
+    std::int32_t FindTreeNodeByTag(const std::string& tag) const { return accountTree_.Find(tag); }
     /// Piece of the selected node's tag: 0 the view identifier, 1 the account. Throws RuntimeError
     /// (SubscriptOutOfRange) for a piece that the tag does not have.
-    std::string GetTreeNodeAccountInfo(std::int32_t index) const;
+    std::string GetTreeNodeAccountInfo(std::int32_t index) const
+    {
+        return accountTree_.SelectedTagPiece(index);
+    }
 
-    /// Column widths as the view's fractions of the grid's width, the totals line below the
-    /// columns. A width that the user gave a column by hand replaces its fraction in that view.
-    void SetColWidths();
-    /// Widths in pixels that the user gave columns by hand, by view and column.
-    using HandWidths = std::map<std::int32_t, std::map<std::int32_t, std::int32_t>>;
-    const HandWidths& WidthsByHand() const { return handWidths_; }
-    /// Gives them back after a new start. Columns that a view does not have are passed over, and no
+    /// Sets column widths as the view's fractions of the grid's width, and places the totals below
+    /// their columns. A width that the user gave a column by hand replaces its fraction.
+    void SetColWidths() { layout_.SetColWidths(Definition()); }
+    using HandWidths = ViewLayout::HandWidths;
+    const HandWidths& WidthsByHand() const { return layout_.WidthsByHand(); }
+    /// Sets them again after a new start. Columns that a view does not have are ignored, and no
     /// width is less than the grid's least.
     void WidthsByHand(const HandWidths& widths);
-    /// Columns below which the two totals stand; 0 for a total that the view does not have.
-    std::pair<std::int32_t, std::int32_t> TotalColumns() const;
     /// Writes the shown view's totals into the totals line.
     void RefreshTotals();
-    /// Enables what makes sense for the current row and focus, and tells it in the status bar.
+
+    /// What the grid asks for while it is drawn, for a displayed row: the value of a calculated
+    /// cell, the tip of the row's cells and the text of a group's footer. What the view does not
+    /// have stays as passed.
+    void FetchCell(std::int32_t row, std::int32_t column, Value& value);
+    void FetchTip(std::int32_t row, std::string& tip);
+    void FetchFooter(std::int32_t row, std::string& text);
+
+    /// Enables the commands that make sense for the current row and the focus, and shows a hint for
+    /// them in the status bar.
     void EnableDisable();
-    /// Asks whether the record may be deleted and lets the data store follow it up; false when the
-    /// user declines.
+    /// Asks whether the record may be deleted and lets the data store follow up; false if the user
+    /// declines.
     bool DeleteRow();
     bool ExportAllowed() const { return exportAllowed_; }
 
     /// Raised after a reload, and after the tree was rebuilt.
-    sigc::signal<void()>& Refreshed() { return refreshed_; }
-    sigc::signal<void()>& TreeBuilt() { return treeBuilt_; }
+    Event<void()> Refreshed() { return refreshed_; }
+    Event<void()> TreeBuilt() { return treeBuilt_; }
 
 private:
     template <class Work>
     void OrShowNothing(const Work& work);
     void ShowNothing(const char* why) noexcept;
-    void LayOut();
-    void LayOutAccount();
-    void ListCategories();
-    void LayOutLoan();
-    void LayOutInvestment();
-    void LayOutAccountType();
-    void LayOutBudget();
-    void LayOutNetWorth();
-    std::int32_t AddCalculatedColumn();
-    void Caption(std::int32_t column, const char* caption);
-    void Hide(std::int32_t first, std::int32_t last);
-    void PlaceTotals(std::int32_t first, std::int32_t second);
-    void KeepWidth(std::int32_t column, std::int32_t pixels);
-    /// An account's line in the tree.
-    struct TreeLine {
-        std::string type;
-        std::string text;
-        std::string tag;
-        bool operator==(const TreeLine&) const = default;
-    };
-    std::vector<TreeLine> TreeLines();
-    std::int32_t AddNode(std::int32_t parent, const std::string& key, const std::string& text,
-                         const std::string& tag);
+    DrawnRow Drawn(std::int32_t row);
     void DecideExport();
     bool OnStoredRow();
     bool GridHasFocus() const;
     void EnableItem(const char* item, bool enabled);
 
     ViewTargets targets_;
+    AccountTree accountTree_;
+    ViewLayout layout_;
     clsDatabase* database_ = nullptr;
     std::int32_t view_ = 0;
     std::int32_t period_ = 0;
@@ -154,10 +127,9 @@ private:
     std::string accountType_;
     std::string accountID_;
     bool hold_ = false;
-    bool treeIsWhole_ = false;
     std::string whyEmpty_;
     bool exportAllowed_ = false;
-    HandWidths handWidths_;
+    double lastActual_ = 0;
     sigc::signal<void()> refreshed_;
     sigc::signal<void()> treeBuilt_;
 };

@@ -60,7 +60,7 @@ protected:
     }
     void Type(std::size_t row, std::int32_t column, const std::string& text)
     {
-        GridComponent& grid = window_->controller.Grid.Component();
+        GridComponent& grid = window_->controller.Grid;
         grid.MoveTo(row, column);
         grid.BeginEdit(0);
         grid.EditText(text);
@@ -82,7 +82,7 @@ protected:
         std::string text = controller.txtTotal.Text() + "|" + controller.txtTotal2.Text();
         for (std::int32_t node = 1; node <= controller.TreeView.Count(); ++node)
             text += "\n" + controller.TreeView.Node(node).tag + controller.TreeView.Node(node).text;
-        GridRows& rows = controller.Grid.Component().Rows();
+        GridRows& rows = controller.Grid.Rows();
         for (std::size_t row = 1; row <= rows.Count(); ++row)
             for (std::int32_t column = 1; column <= controller.Grid.Columns().Count(); ++column)
                 text += "|" + ToText(rows.Stored(row, column));
@@ -219,7 +219,7 @@ TEST_P(WindowAllocationTest, InASplit)
 {
     Open();
     ClickOn("Checking");
-    window_->controller.Grid.Component().BeginEdit(0);
+    window_->controller.Grid.BeginEdit(0);
     window_->controller.Grid.CancelEdit();
     window_->modal.steps = {[](Form& form) { FormUser(form).Press("btnOK"); }};
     EXPECT_THAT(Try(Press("mnuE_Split")), IsEmpty());
@@ -229,7 +229,7 @@ TEST_P(WindowAllocationTest, InAMoveToTheNextMonth)
 {
     Open();
     ClickOn("Checking");
-    window_->controller.Grid.Component().BeginEdit(0);
+    window_->controller.Grid.BeginEdit(0);
     window_->controller.Grid.CancelEdit();
     EXPECT_THAT(Try(Press("mnuE_MoveNext")), IsEmpty());
 }
@@ -244,7 +244,7 @@ TEST_P(WindowAllocationTest, InCopyingTheBudget)
 TEST_P(WindowAllocationTest, InDeletingAnAccount)
 {
     Open();
-    window_->controller.Grid.Component().BeginEdit(0);
+    window_->controller.Grid.BeginEdit(0);
     window_->controller.Grid.CancelEdit();
     window_->messages.answers = {BoxAnswer::Yes};
     EXPECT_THAT(Try(Press("mnuE_Delete")), IsEmpty());

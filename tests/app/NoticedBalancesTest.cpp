@@ -178,7 +178,7 @@ TEST_F(ChangedRowsTest, ANewRowListsTheBalance)
 TEST_F(ChangedRowsTest, ADeletedRowListsTheBalance)
 {
     Show(true);
-    books_->window.window.Focus(Grid().Component());
+    books_->window.window.Focus(Grid());
     books_->messages.answers = {BoxAnswer::Yes};
 
     Grid().Delete();

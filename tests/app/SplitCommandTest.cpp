@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/Books.h"
+#include "views/NodeTag.h"
 
 namespace clb {
 namespace {
@@ -17,8 +18,8 @@ TEST(SplitCommandTest, AnAmountInEditIsSavedAndReplacedByTheSplit)
         "Period) VALUES (1, 'B-1', #2006-03-05#, 'Shop', 100, '(none)', 2006, 3)");
     books.window.View().BuildTree();
     books.window.PressNode(
-        books.window.View().FindTreeNodeByTag(clsView::AccountTag(vwAccount, "B-1")));
-    GridComponent& grid = books.window.Grid.Component();
+        books.window.View().FindTreeNodeByTag(node_tag::OfAccount(vwAccount, "B-1")));
+    GridComponent& grid = books.window.Grid;
     books.window.window.Focus(grid);
     grid.MoveTo(1, 3);
     grid.BeginEdit(0);
@@ -45,9 +46,9 @@ TEST(SplitCommandTest, APieceWithTheLargestNumberCannotBeSplit)
         "'(none)', 2006, 3)");
     books.window.View().BuildTree();
     books.window.PressNode(
-        books.window.View().FindTreeNodeByTag(clsView::AccountTag(vwAccount, "B-1")));
-    books.window.window.Focus(books.window.Grid.Component());
-    books.window.Grid.Component().MoveTo(1, 1);
+        books.window.View().FindTreeNodeByTag(node_tag::OfAccount(vwAccount, "B-1")));
+    books.window.window.Focus(books.window.Grid);
+    books.window.Grid.MoveTo(1, 1);
     books.modal.steps.push_back([](Form& form) { form.DefaultButton()->Press(); });
 
     std::string told;

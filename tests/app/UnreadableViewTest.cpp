@@ -33,7 +33,7 @@ protected:
         books_.window.View().AccountID("C1");
         books_.window.View().View(vwAccount);
     }
-    GridComponent& Grid() { return books_.window.Grid.Component(); }
+    GridComponent& Grid() { return books_.window.Grid; }
 
     Books books_;
     const std::string spoil_ = "UPDATE Trans SET Amount = 'x' WHERE Sequence = 2";

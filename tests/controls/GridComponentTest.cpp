@@ -1,4 +1,4 @@
-// The grid at rest: columns, rows, groups, and where the current cell stands.
+// The grid at rest: columns, rows, groups, and the current cell.
 
 #include "controls/GridComponent.h"
 
@@ -29,7 +29,7 @@ protected:
     GridEvents events_;
 };
 
-TEST_F(GridComponentTest, EveryFieldIsAColumnAndTheNewRowStandsLast)
+TEST_F(GridComponentTest, EveryFieldIsAColumnAndTheNewRowIsLast)
 {
     ASSERT_EQ(grid_.Columns().Count(), 7);
     EXPECT_EQ(grid_.Columns().Item(shop::Price).caption, "Price");
@@ -106,22 +106,22 @@ TEST_F(GridComponentTest, HiddenColumnsTakeNoRoom)
     EXPECT_EQ(columns.Left(shop::Price), 70);
 }
 
-TEST_F(GridComponentTest, AWidthByHandIsToldAndNeverTooNarrowToGrab)
+TEST_F(GridComponentTest, AWidthSetByHandIsReportedAndNeverTooNarrowToGrab)
 {
-    std::vector<std::int32_t> told;
+    std::vector<std::int32_t> reported;
     grid_.ColumnResized().connect([&](std::int32_t column, std::int32_t pixels) {
-        told.push_back(column);
-        told.push_back(pixels);
+        reported.push_back(column);
+        reported.push_back(pixels);
     });
 
     grid_.ResizeColumn(shop::Name, 130);
     grid_.ResizeColumn(shop::Name, -5);
 
-    EXPECT_EQ(told, (std::vector<std::int32_t>{shop::Name, 130, shop::Name, 24}));
+    EXPECT_EQ(reported, (std::vector<std::int32_t>{shop::Name, 130, shop::Name, 24}));
     EXPECT_EQ(grid_.Columns().Item(shop::Name).width, 24);
 }
 
-TEST_F(GridComponentTest, RowsOfAGroupStandTogetherBetweenHeadingAndFooter)
+TEST_F(GridComponentTest, RowsOfAGroupAreShownBetweenHeadingAndFooter)
 {
     grid_.Array().Add({14, std::string("Dill"), Money(), 5});
     GroupByCount();
@@ -194,7 +194,7 @@ TEST_F(GridComponentTest, ReadingTheRowsAgainKeepsGroupsFolded)
     EXPECT_TRUE(grid_.Rows().Folded(1));
 }
 
-TEST_F(GridComponentTest, ARememberedPlaceIsTheSameRowWhereverItStandsNow)
+TEST_F(GridComponentTest, ARememberedPlaceFollowsItsRow)
 {
     grid_.MoveTo(3, shop::Price);
     const auto spot = grid_.CurrentSpot();

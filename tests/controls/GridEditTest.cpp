@@ -84,7 +84,7 @@ TEST_F(GridEditTest, TheEventsOfAnEditAndASaveComeInOrder)
     EXPECT_EQ(events_.Take(), (Lines{"BeforeUpdate", "AfterUpdate", "RowColChange 2 3"}));
 }
 
-TEST_F(GridEditTest, TheKeyThatBeganTheEditIsTold)
+TEST_F(GridEditTest, TheKeyThatBeganTheEditIsReported)
 {
     grid_.MoveTo(1, shop::Name);
     events_.Take();
@@ -175,7 +175,7 @@ struct Refused {
 
 class RefusedTextTest : public GridEditTest, public testing::WithParamInterface<Refused> {};
 
-TEST_P(RefusedTextTest, StaysInItsCellWithAWord)
+TEST_P(RefusedTextTest, StaysInItsCellWithAReason)
 {
     EXPECT_FALSE(Type(GetParam().column, GetParam().text));
 
@@ -251,7 +251,7 @@ TEST_F(GridEditTest, AChoiceTakesOnlyEntriesOfItsList)
     EXPECT_EQ(grid_.CellText(1, shop::Name), "");
 }
 
-// An account was given a type of blanks, which has no view.
+// Symptom: an account got a type of only spaces, which has no view.
 TEST_F(GridEditTest, BlanksInAChoiceEmptyTheCell)
 {
     GridColumn& name = grid_.Columns().Item(shop::Name);
@@ -331,7 +331,7 @@ TEST_F(GridEditTest, FoldingSavesTheChangedRowFirst)
     EXPECT_EQ(Stored(0, shop::Name), "Pears");
 }
 
-// The heading that stood at the old place was folded.
+// Symptom: the heading that was now at the old place was folded.
 TEST_F(GridEditTest, TheHeadingIsMeantThoughTheSavedRowMovedIt)
 {
     grid_.Groups().push_back({shop::Count});
@@ -387,7 +387,7 @@ TEST_F(GridEditTest, TheNewRowCannotBeDeleted)
 
 TEST_F(GridEditTest, TheRowThatIsMeantIsReachedThoughSavingMovedIt)
 {
-    // A row that was typed into another group moved the others, and the next one was hit.
+    // Symptom: a row that moved to another group moved the others, and the next one was hit.
     grid_.Groups().push_back({shop::Count});
     grid_.Regroup();
     Type(shop::Count, "2");
@@ -410,7 +410,7 @@ TEST_F(GridEditTest, TheNewRowsLineIsReachedThoughSavingMovedIt)
     EXPECT_EQ(grid_.Position(), 1);
 }
 
-TEST_F(GridEditTest, StandingStillRaisesNothing)
+TEST_F(GridEditTest, MovingToTheCurrentCellRaisesNothing)
 {
     grid_.MoveTo(2, shop::Name);
     events_.Take();

@@ -47,7 +47,7 @@ TEST_F(GridArrayTest, SavingWritesTheChangedFieldsOnly)
     EXPECT_EQ(array_.At(1, 3), Value(9));
 }
 
-TEST_F(GridArrayTest, SavingBehindTheLastRowAddsOne)
+TEST_F(GridArrayTest, SavingAfterTheLastRowAddsARow)
 {
     EXPECT_EQ(array_.Save(3, {{1, std::string("Dates")}}), 3u);
 
@@ -65,7 +65,7 @@ TEST_F(GridArrayTest, ARefusedSaveWritesNothing)
     EXPECT_EQ(ToText(array_.At(0, 1)), "Apples");
 }
 
-TEST_F(GridArrayTest, ADeletedRowGoesAndTheOthersKeepTheirIdentity)
+TEST_F(GridArrayTest, DeletingARowKeepsTheIdentityOfTheOthers)
 {
     const std::size_t cheese = array_.Identity(2);
 

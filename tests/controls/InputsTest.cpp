@@ -87,7 +87,7 @@ TEST(SpinnerTest, StepsTheNumberInItsBox)
     EXPECT_EQ(year.Text(), "1999");
 }
 
-TEST(SpinnerTest, LeavesATextThatIsNoNumber)
+TEST(SpinnerTest, LeavesTextThatIsNotANumber)
 {
     TextBox year("txtYear", "soon");
     Spinner spinner("UpDown");

@@ -18,7 +18,7 @@ protected:
         for (const std::string& name : names)
             folder_.Write("db/backup/clb-" + name + ".mdb", EmptyDatabase());
     }
-    /// A database with a page that holds nothing readable, of the right size.
+    /// A database of the right size with an unreadable page.
     static std::string Damaged()
     {
         std::string bytes(EmptyDatabase());

@@ -35,7 +35,7 @@ TEST_F(BackupsTest, ADayGetsOneCopyForTheUserAlone)
     EXPECT_EQ(ModeOf("db/backup"), 0700u);
 }
 
-TEST_F(BackupsTest, WhatAKilledProgramLeftBesideAFileGoesWithTheNextCopy)
+TEST_F(BackupsTest, TheNextCopyRemovesWhatAKilledProgramLeft)
 {
     const pid_t gone = fork();
     if (gone == 0)
@@ -67,7 +67,7 @@ TEST_F(BackupsTest, TenDaysStayAndTheFirstOfEachMonth)
 
 TEST_F(BackupsTest, AClockThatWasOnceAheadCostsNoCopy)
 {
-    // Symptom: the copies of 2030 stayed the newest for ever, and each new one was removed at once.
+    // Symptom: copies of 2030 stayed the newest forever, and each new copy was removed at once.
     for (int day = 10; day < 22; ++day)
         backups_.Daily(Day("2030-01-" + std::to_string(day)));
     for (int day = 10; day < 22; ++day) {
@@ -94,7 +94,7 @@ TEST_F(BackupsTest, TheOrderOutlivesACopyOfTheFolder)
     EXPECT_EQ(backups_.LastGood(), "2026-11-21");
 }
 
-TEST_F(BackupsTest, WithoutTheListTheTimesOfTheFilesTellTheOrder)
+TEST_F(BackupsTest, WithoutTheListTheTimesOfTheFilesGiveTheOrder)
 {
     using std::chrono::hours;
     const auto now = std::filesystem::file_time_type::clock::now();
@@ -169,7 +169,7 @@ TEST_F(BackupsTest, BackupsMadeAtTheSameTimeAreOne)
 
 TEST_F(BackupsTest, AnEmptyFileOfTodaysNameIsReplaced)
 {
-    // Symptom: an empty file of today's name kept the day's backup from being made.
+    // Symptom: an empty file with today's name prevented the day's backup.
     folder_.Write("db/backup/clb-2026-11-21.mdb", "");
     EXPECT_FALSE(backups_.HasDay(Day("2026-11-21")));
 
@@ -289,7 +289,7 @@ TEST_F(BackupsTest, AFullDiskIsReportedAndLeavesNothingHalf)
               "database file '" +
                   disk.Path("db/backup/clb-2026-11-21.mdb") + "' cannot grow: the disk is full.");
     EXPECT_THAT(backups.Names(), ElementsAre("2026-11-20"));
-    // Not even the failure could be written.
+    // The failure could not be written either.
     EXPECT_EQ(backups.KeptFailure(), std::nullopt);
     ASSERT_TRUE(backups.Failure().has_value());
     EXPECT_EQ(backups.Failure()->reason, "The disk of '" + disk.Path("db/backup") +
@@ -347,7 +347,7 @@ TEST_F(BackupsTest, CopiesMadeOnPurposeAndOtherFilesStay)
 TEST_F(BackupsTest, WhatAProgramThatIsGoneLeftUnfinishedIsRemoved)
 {
     const std::string front = "db/backup/clb-2026-11-20.mdb.new-";
-    const std::string gone = front + "4194305";  // no process has so large a number
+    const std::string gone = front + "4194305";  // larger than any process number
     const std::string atWork = front + std::to_string(getpid());
     folder_.Write(gone, "half");
     folder_.Write(atWork, "half");
@@ -358,7 +358,7 @@ TEST_F(BackupsTest, WhatAProgramThatIsGoneLeftUnfinishedIsRemoved)
     EXPECT_TRUE(folder_.Holds(atWork));
 }
 
-TEST_F(BackupsTest, ACopyOfADamagedDatabaseIsNoBackupAndRemovesNone)
+TEST_F(BackupsTest, ACopyOfADamagedDatabaseIsNotABackupAndRemovesNone)
 {
     std::vector<std::string> names;
     for (int day = 10; day < 25; ++day)

@@ -1,4 +1,5 @@
 #include "base/RuntimeError.h"
+#include "data/ViewColumns.h"
 #include "engine/EngineError.h"
 #include "tests/data/StoreFixture.h"
 
@@ -85,8 +86,8 @@ TEST_F(BudgetTest, TheTargetsOwnSetAsideLineStays)
     EXPECT_EQ(BudgetOf(2006, 3), (Texts{"(none)|Mine|5", "Food|Living|200"}));
 }
 
-/// A category with two quotes once became a statement of another meaning: it booked every
-/// transaction of the month, or those of another category, to "(none)".
+/// Symptom: a category with two quotes turned the statement into another one, which booked all
+/// transactions of the month, or those of another category, to "(none)".
 TEST_F(BudgetTest, AGoneCategoryWithAQuoteIsTheEnginesErrorAndChangesNothing)
 {
     for (const char* gone : {"Kid's", "Kids''", "a''b", "x' OR 'a'='a", "'"}) {
@@ -139,7 +140,7 @@ TEST_F(BudgetTest, ATransactionMovesAcrossYearEnds)
 {
     AddTransaction(1, "10", "5", 2006, 1);
     ShowRegister();
-    row_.cells[5] = std::string("Food");
+    row_.cells[Register::Category] = std::string("Food");
 
     Store().MoveMonth(1, 0, -1);
     EXPECT_EQ(MonthOf(1, 0), "2005|12");

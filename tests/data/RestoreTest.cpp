@@ -1,4 +1,4 @@
-// Putting a backup in the place of the database, and what is refused as one.
+// Replacing the database by a backup, and files that are refused as one.
 #include <sqlite3.h>
 
 #include "tests/data/BackupsFixture.h"
@@ -35,7 +35,7 @@ TEST_F(RestoreTest, ADamagedBackupIsRefusedAndTheDatabaseStays)
     EXPECT_THAT(RefusalOf(damaged), testing::StartsWith("The file '" + damaged + "' is damaged: "));
 }
 
-TEST_F(RestoreTest, WhatIsNoBackupOfThisProgramIsRefused)
+TEST_F(RestoreTest, AFileThatIsNotABackupOfThisProgramIsRefused)
 {
     const std::string other = folder_.Path("other.mdb");
     Connection::CreateFile(other, "CREATE TABLE Recipe (Name TEXT);");

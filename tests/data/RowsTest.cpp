@@ -1,6 +1,7 @@
 // Reading the rows of each view, checking and completing a row, and what follows a deletion.
 
 #include "base/RuntimeError.h"
+#include "data/ViewColumns.h"
 #include "engine/EngineError.h"
 #include "tests/data/StoreFixture.h"
 
@@ -139,7 +140,7 @@ TEST_F(RowsTest, TextsAreTrimmedAroundTheCut)
     EXPECT_EQ(clsDatabase::TruncateString("x", 0), "");
 }
 
-TEST_F(RowsTest, FindingStandsOnTheFirstMatch)
+TEST_F(RowsTest, FindingMovesToTheFirstMatch)
 {
     AddBudget("Food", "Living", "200", 2006, 3);
     AddBudget("Fuel", "Car", "90", 2006, 3);
@@ -169,13 +170,13 @@ TEST_F(RowsTest, ANetWorthRowLacksInOrder)
     AddAccount("10", "Bank");
 
     EXPECT_EQ(Check(), "1: Please enter an account description.");
-    row_.cells[1] = std::string("Mine");
+    row_.cells[NetWorth::Description] = std::string("Mine");
     EXPECT_EQ(Check(), "3: Please enter an account #.");
-    row_.cells[3] = std::string("10");
+    row_.cells[NetWorth::AccountID] = std::string("10");
     EXPECT_EQ(Check(), "3: That account already exists.");
-    row_.cells[3] = std::string("11");
+    row_.cells[NetWorth::AccountID] = std::string("11");
     EXPECT_EQ(Check(), "2: Please enter an account type.");
-    row_.cells[2] = std::string("Bank");
+    row_.cells[NetWorth::Type] = std::string("Bank");
     EXPECT_EQ(Check(), "valid");
 }
 
@@ -188,7 +189,7 @@ TEST_F(RowsTest, AnAccountIsNotItsOwnDuplicate)
     row_.cells = {{1, std::string("Mine")}, {2, std::string("10")}, {5, std::int32_t{1}}};
 
     EXPECT_EQ(Check(), "valid");
-    row_.cells[2] = std::string("11");
+    row_.cells[AccountType::AccountID] = std::string("11");
     EXPECT_EQ(Check(), "2: That account already exists.");
 }
 
@@ -198,11 +199,11 @@ TEST_F(RowsTest, AnAccountOfOneTypeGetsThatType)
     shown_.type = "Credit Card";
 
     EXPECT_EQ(Check(), "1: Please enter an account description.");
-    row_.cells[1] = std::string("Visa");
+    row_.cells[AccountType::Description] = std::string("Visa");
     EXPECT_EQ(Check(), "2: Please enter an account #.");
-    row_.cells[2] = std::string("30");
+    row_.cells[AccountType::AccountID] = std::string("30");
     EXPECT_EQ(Check(), "valid");
-    EXPECT_EQ(row_.cells[6], Value{std::string("Credit Card")});
+    EXPECT_EQ(row_.cells[AccountType::Type], Value{std::string("Credit Card")});
 }
 
 TEST_F(RowsTest, ABudgetRowGetsGroupAndMonth)
@@ -210,11 +211,11 @@ TEST_F(RowsTest, ABudgetRowGetsGroupAndMonth)
     shown_.view = vwBudget;
 
     EXPECT_EQ(Check(), "1: Please enter a category.");
-    row_.cells[1] = std::string("Food");
+    row_.cells[Budget::Category] = std::string("Food");
     EXPECT_EQ(Check(), "valid");
-    EXPECT_EQ(row_.cells[6], Value{std::string("(none)")});
-    EXPECT_EQ(row_.cells[4], Value{std::int32_t{2006}});
-    EXPECT_EQ(row_.cells[5], Value{std::int32_t{3}});
+    EXPECT_EQ(row_.cells[Budget::CategoryGroup], Value{std::string("(none)")});
+    EXPECT_EQ(row_.cells[Budget::Year], Value{std::int32_t{2006}});
+    EXPECT_EQ(row_.cells[Budget::Period], Value{std::int32_t{3}});
 }
 
 TEST_F(RowsTest, ANewTransactionIsCompletedFromWhatIsShown)
@@ -222,15 +223,15 @@ TEST_F(RowsTest, ANewTransactionIsCompletedFromWhatIsShown)
     AddTransaction(41, "10", "1", 2006, 3);
     shown_.view = vwAccount;
     shown_.account = "10";
-    row_.cells[1] = *Date::Of(2005, 12, 31);
+    row_.cells[Register::PostDate] = *Date::Of(2005, 12, 31);
 
     EXPECT_EQ(Check(), "valid");
 
-    EXPECT_EQ(row_.cells[7], Value{std::string("10")});
-    EXPECT_EQ(row_.cells[8], Value{std::int32_t{2006}});
-    EXPECT_EQ(row_.cells[9], Value{std::int32_t{3}});
-    EXPECT_EQ(row_.cells[11], Value{std::int32_t{42}});
-    EXPECT_EQ(row_.cells[5], Value{std::string("(none)")});
+    EXPECT_EQ(row_.cells[Register::AccountID], Value{std::string("10")});
+    EXPECT_EQ(row_.cells[Register::Year], Value{std::int32_t{2006}});
+    EXPECT_EQ(row_.cells[Register::Period], Value{std::int32_t{3}});
+    EXPECT_EQ(row_.cells[Register::Sequence], Value{std::int32_t{42}});
+    EXPECT_EQ(row_.cells[Register::Category], Value{std::string("(none)")});
     EXPECT_FALSE(row_.cells.contains(12));
     EXPECT_EQ(Rows("SELECT Category, CategoryGroup, Amount, Year, Period FROM Budget"),
               (std::vector<std::string>{"(none)|(none)|0|2006|3"}));
@@ -248,8 +249,8 @@ TEST_F(RowsTest, AnExistingTransactionKeepsItsAccountAndMonth)
 
     EXPECT_EQ(Check(), "valid");
 
-    EXPECT_EQ(row_.cells[7], Value{std::string("20")});
-    EXPECT_EQ(row_.cells[8], Value{std::int32_t{2005}});
+    EXPECT_EQ(row_.cells[Register::AccountID], Value{std::string("20")});
+    EXPECT_EQ(row_.cells[Register::Year], Value{std::int32_t{2005}});
     EXPECT_EQ(Rows("SELECT Category, Year, Period FROM Budget"),
               (std::vector<std::string>{"Food|2006|3"}));
 }
@@ -259,10 +260,10 @@ TEST_F(RowsTest, HoldingsAndLoansGetTheShownAccount)
     shown_.account = "50";
     shown_.view = vwInvestment;
     EXPECT_EQ(Check(), "valid");
-    EXPECT_EQ(row_.cells[8], Value{std::string("50")});
+    EXPECT_EQ(row_.cells[Holdings::AccountID], Value{std::string("50")});
     shown_.view = vwLoan;
     EXPECT_EQ(Check(), "valid");
-    EXPECT_EQ(row_.cells[5], Value{std::string("50")});
+    EXPECT_EQ(row_.cells[Loans::AccountID], Value{std::string("50")});
 }
 
 TEST_F(RowsTest, TransactionsOfADeletedCategoryFallBackInThatMonthOnly)
@@ -270,7 +271,7 @@ TEST_F(RowsTest, TransactionsOfADeletedCategoryFallBackInThatMonthOnly)
     AddTransaction(1, "10", "1", 2006, 3, "Kid''s");
     AddTransaction(2, "10", "1", 2006, 4, "Kid''s");
     shown_.view = vwBudget;
-    row_.cells[1] = std::string("Kid's");
+    row_.cells[Budget::Category] = std::string("Kid's");
 
     EXPECT_TRUE(Store().DeleteRow(true));
 
@@ -284,7 +285,7 @@ TEST_F(RowsTest, AnUnusedCategoryIsDeletedWithoutATrace)
 {
     AddTransaction(1, "10", "1", 2006, 4, "Food");
     shown_.view = vwBudget;
-    row_.cells[1] = std::string("Food");
+    row_.cells[Budget::Category] = std::string("Food");
 
     EXPECT_TRUE(Store().DeleteRow(true));
 
@@ -311,7 +312,7 @@ TEST_F(RowsTest, NothingFollowsADeletionElsewhere)
     AddAccount("10", "Bank");
     AddTransaction(1, "10", "1", 2006, 3, "Food");
     shown_.account = "10";
-    row_.cells[1] = std::string("Food");
+    row_.cells[Register::PostDate] = std::string("Food");
 
     shown_.view = vwAccount;
     EXPECT_TRUE(Store().DeleteRow(true));

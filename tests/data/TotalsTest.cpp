@@ -104,7 +104,7 @@ TEST_F(TotalsTest, AMissingOpeningBalanceIsAnError)
 
 TEST_F(TotalsTest, AMissingOpeningBalanceIsAnErrorBeforeTheFirstTransactionToo)
 {
-    // It used to show 0.00 until the account had its first transaction.
+    // Symptom: the balance was 0.00 until the account had its first transaction.
     AddAccount("10", "Bank", "NULL");
     shown_.view = vwAccount;
     shown_.account = "10";
@@ -190,7 +190,7 @@ TEST_F(TotalsTest, WhatIsShownIsHandedBack)
     EXPECT_EQ(BalanceOf("10"), "5");
 }
 
-TEST_F(TotalsTest, AnAccountThatIsNotThereIsTheEnginesError)
+TEST_F(TotalsTest, AMissingAccountIsAnErrorOfTheEngine)
 {
     EXPECT_THROW(Update(vwAccount, "nobody"), EngineError);
     EXPECT_NO_THROW(Update(vwNetWorth, "nobody"));

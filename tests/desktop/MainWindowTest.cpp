@@ -230,7 +230,7 @@ TEST_F(WindowTest, ResizingTheWindowLaysItsPartsOutAsTheModelSays)
 {
     window_.InnerSize(800, 500);
 
-    const Bounds place = Model().Grid.Component().Place();
+    const Bounds place = Model().Grid.Place();
     EXPECT_EQ(window_.centralWidget()->size(), QSize(800, 500));
     EXPECT_EQ(window_.GridWidget().geometry(),
               QRect(place.left, place.top, place.width, place.height));

@@ -30,7 +30,7 @@ protected:
     }
 
     frmController& Model() { return books_.window; }
-    GridComponent& Grid() { return books_.window.Grid.Component(); }
+    GridComponent& Grid() { return books_.window.Grid; }
 
     /// Presses the left button on the text of a node.
     void ClickNode(const std::string& text)

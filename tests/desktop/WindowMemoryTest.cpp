@@ -28,7 +28,7 @@ struct Start {
     }
     std::int32_t Width(std::int32_t column)
     {
-        return books.window.Grid.Component().Columns().Item(column).width;
+        return books.window.Grid.Columns().Item(column).width;
     }
 
     Books books;

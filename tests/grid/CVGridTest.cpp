@@ -92,10 +92,10 @@ TEST_F(CVGridTest, TheColumnCannotBeMovedWhileARowIsBeingSaved)
     grid_.ColumnValue(shop::Price, Money::FromUnits(1));
 
     grid_.Update();
-    EXPECT_EQ(grid_.Component().Col(), shop::Price);
+    EXPECT_EQ(grid_.Col(), shop::Price);
 
     grid_.Col(shop::Weight);
-    EXPECT_EQ(grid_.Component().Col(), shop::Weight);
+    EXPECT_EQ(grid_.Col(), shop::Weight);
 }
 
 TEST_F(CVGridTest, TheColumnMovesAgainAfterASaveThatFailed)
@@ -106,7 +106,7 @@ TEST_F(CVGridTest, TheColumnMovesAgainAfterASaveThatFailed)
 
     grid_.Col(shop::Weight);
 
-    EXPECT_EQ(grid_.Component().Col(), shop::Weight);
+    EXPECT_EQ(grid_.Col(), shop::Weight);
 }
 
 TEST_F(CVGridTest, AFetchedNullBecomesTheEmptyText)
@@ -126,27 +126,24 @@ TEST_F(CVGridTest, TipsFollowTheirSwitch)
         [](std::int32_t, std::int32_t, std::int32_t, std::string& text) { text = "tip"; });
 
     grid_.ShowToolTips(true);
-    EXPECT_EQ(grid_.Component().CellTips(), 2);
-    EXPECT_EQ(grid_.Component().CellTip(1, 1), "tip");
+    EXPECT_EQ(grid_.CellTips(), 2);
+    EXPECT_EQ(grid_.CellTip(1, 1), "tip");
 
     grid_.ShowToolTips(false);
-    EXPECT_EQ(grid_.Component().CellTips(), 0);
-    EXPECT_EQ(grid_.Component().CellTip(1, 1), std::nullopt);
+    EXPECT_EQ(grid_.CellTips(), 0);
+    EXPECT_EQ(grid_.CellTip(1, 1), std::nullopt);
 }
 
 TEST_F(CVGridTest, RefetchShowsTheNewRowsAndReturnsToItsCellUnderASwitchedOffPainting)
 {
     std::vector<std::string> steps;
-    grid_.Component().RedrawChanged().connect(
-        [&](bool on) { steps.push_back(on ? "paint" : "hold"); });
-    grid_.Component().AfterEdit().connect(
-        [&](std::int32_t, std::int32_t) { steps.push_back("edit ended"); });
-    grid_.OnRefetch(
-        [&] { steps.push_back("enable on row " + std::to_string(grid_.Component().Row())); });
+    grid_.RedrawChanged().connect([&](bool on) { steps.push_back(on ? "paint" : "hold"); });
+    grid_.AfterEdit().connect([&](std::int32_t, std::int32_t) { steps.push_back("edit ended"); });
+    grid_.OnRefetch([&] { steps.push_back("enable on row " + std::to_string(grid_.Row())); });
     grid_.RowColChange().connect([&](std::int32_t row, std::int32_t column) {
         steps.push_back("cell " + std::to_string(row) + " " + std::to_string(column));
     });
-    grid_.Component().MoveTo(3, shop::Price);
+    grid_.MoveTo(3, shop::Price);
     grid_.Editing(true);
     grid_.DBArray().Add({14, std::string("Dates")});
     steps.clear();
@@ -166,7 +163,7 @@ TEST_F(CVGridTest, AnUnknownKeyIsAnErrorOfTheCaller)
 
 TEST_F(CVGridTest, TheTipWaitsHalfASecond)
 {
-    EXPECT_EQ(grid_.Component().TipDelay(), 500);
+    EXPECT_EQ(grid_.TipDelay(), 500);
 }
 
 }  // namespace

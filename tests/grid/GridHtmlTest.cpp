@@ -25,7 +25,7 @@ protected:
     GridComponent grid_;
 };
 
-TEST_F(GridHtmlTest, TheVisibleColumnsStandInDisplayedOrderUnderTheirCaptions)
+TEST_F(GridHtmlTest, TheVisibleColumnsAreInDisplayedOrderUnderTheirCaptions)
 {
     grid_.Columns().Item(shop::Price).caption = "Price & Tax";
     grid_.Columns().Position(shop::Count, 1);
@@ -91,7 +91,7 @@ TEST_F(GridHtmlTest, FoldedGroupsKeepTheirHeadingOnly)
     EXPECT_THAT(Html(), Not(HasSubstr("Apples")));
 }
 
-TEST_F(GridHtmlTest, TheTotalsStandBelowTheirColumns)
+TEST_F(GridHtmlTest, TheTotalsAreBelowTheirColumns)
 {
     EXPECT_THAT(Html({"Shop", "March 2006", "Sum:", {{shop::Price, "12.00"}, {shop::Count, "8"}}}),
                 HasSubstr("<tr><td class=\"total\" align=\"right\" colspan=\"1\">Sum:</td>"

@@ -1,4 +1,4 @@
-// Printing goes by way of a file in the program's folder.
+// The grid is printed from a file in the program's folder.
 
 #include <gmock/gmock.h>
 
@@ -25,7 +25,7 @@ protected:
     CVGrid grid_;
 };
 
-TEST_F(PrintMeTest, TheGridIsPrintedFromAFileThatGoesAgain)
+TEST_F(PrintMeTest, TheGridIsPrintedFromAFileThatIsThenRemoved)
 {
     grid_.OnPrint([] { return GridPage{"Shop", "", "", {}}; });
 

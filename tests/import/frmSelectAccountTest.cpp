@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/Books.h"
+#include "views/NodeTag.h"
 
 namespace clb {
 namespace {
@@ -160,7 +161,7 @@ TEST_F(SelectAccountTest, ANewAccountIsShownInTheTree)
     });
 
     EXPECT_EQ(SelectedNode().text, "Shares");
-    EXPECT_EQ(SelectedNode().tag, clsView::AccountTag(vwInvestment, "I-1"));
+    EXPECT_EQ(SelectedNode().tag, node_tag::OfAccount(vwInvestment, "I-1"));
     EXPECT_EQ(books_.window.View().View(), vwNetWorth);
 }
 
@@ -230,7 +231,7 @@ TEST_F(SelectAccountTest, MappingGivesTheAccountTheStatementsNumber)
     EXPECT_EQ(identifier_, "4111'2");
     EXPECT_THAT(Accounts(), ElementsAre("1|Checking|Bank", "4111'2|Joe's Visa|Credit Card"));
     EXPECT_EQ(SelectedNode().text, "Joe's Visa");
-    EXPECT_EQ(SelectedNode().tag, clsView::AccountTag(vwAccount, "4111'2"));
+    EXPECT_EQ(SelectedNode().tag, node_tag::OfAccount(vwAccount, "4111'2"));
 }
 
 TEST_F(SelectAccountTest, MappingGivesEveryAccountOfTheDescriptionTheNumber)

@@ -42,7 +42,7 @@ private:
     void Open(int day);
     void Perform(const Action& action);
     void Recover();
-    GridComponent& Grid() { return window_->Grid.Component(); }
+    GridComponent& Grid() { return window_->Grid; }
     std::size_t RowOf(int number);
     bool GoTo(const Action& action);
     void Type(const Action& action, bool end);

@@ -1,7 +1,8 @@
-// The totals line stands below the columns that it sums.
+// The totals line is below the columns that it sums.
 
 #include <gtest/gtest.h>
 
+#include "data/ViewColumns.h"
 #include "tests/support/Books.h"
 
 namespace clb {
@@ -24,8 +25,8 @@ TEST(TotalsPlaceTest, BothAmountsEndBelowTheirColumns)
     Books books;
     books.window.Resize(1000, 600);
 
-    EXPECT_EQ(Right(books.window.txtTotal), RightOf(books.window, 4) - 3);
-    EXPECT_EQ(Right(books.window.txtTotal2), RightOf(books.window, 5) - 3);
+    EXPECT_EQ(Right(books.window.txtTotal), RightOf(books.window, NetWorth::OpeningBalance) - 3);
+    EXPECT_EQ(Right(books.window.txtTotal2), RightOf(books.window, NetWorth::TotalBalance) - 3);
     EXPECT_EQ(books.window.txtTotal2.Place().left - Right(books.window.txtTotal), 3);
 }
 
@@ -38,7 +39,7 @@ TEST(TotalsPlaceTest, ALoneAmountHasRoomBelowANarrowColumn)
     books.window.Resize(700, 500);
 
     EXPECT_GE(books.window.txtTotal.Place().width, 120);
-    EXPECT_EQ(Right(books.window.txtTotal), RightOf(books.window, 3) - 3);
+    EXPECT_EQ(Right(books.window.txtTotal), RightOf(books.window, Register::Amount) - 3);
     EXPECT_EQ(books.window.txtTotal2.Place().width, 0);
     EXPECT_LE(Right(books.window.lblTotal), books.window.txtTotal.Place().left);
 }
@@ -47,10 +48,11 @@ TEST(TotalsPlaceTest, WidthsOfAnEarlierStartStayWithinReason)
 {
     Books books;
 
-    books.window.View().WidthsByHand({{vwNetWorth, {{1, 2000000000}, {2, -7}}}});
+    books.window.View().WidthsByHand(
+        {{vwNetWorth, {{NetWorth::Description, 2000000000}, {NetWorth::Type, -7}}}});
 
-    EXPECT_EQ(books.window.Grid.Columns().Item(1).width, 4000);
-    EXPECT_EQ(books.window.Grid.Columns().Item(2).width, GridComponent::LeastWidth);
+    EXPECT_EQ(books.window.Grid.Columns().Item(NetWorth::Description).width, 4000);
+    EXPECT_EQ(books.window.Grid.Columns().Item(NetWorth::Type).width, GridComponent::LeastWidth);
 }
 
 TEST(TotalsPlaceTest, TheColumnsFollowTheGridsWidthInTheirFractions)
@@ -62,11 +64,11 @@ TEST(TotalsPlaceTest, TheColumnsFollowTheGridsWidthInTheirFractions)
     const std::int32_t usable =
         books.window.Grid.Width() - grid_metrics::Selector - grid_metrics::ScrollBar;
     EXPECT_EQ(usable, 800);
-    EXPECT_EQ(columns.Item(1).width, 240);
-    EXPECT_EQ(columns.Item(2).width, 80);
-    EXPECT_EQ(columns.Item(3).width, 160);
-    EXPECT_EQ(columns.Item(4).width, 160);
-    EXPECT_EQ(columns.Item(5).width, 160);
+    EXPECT_EQ(columns.Item(NetWorth::Description).width, 240);
+    EXPECT_EQ(columns.Item(NetWorth::Type).width, 80);
+    EXPECT_EQ(columns.Item(NetWorth::AccountID).width, 160);
+    EXPECT_EQ(columns.Item(NetWorth::OpeningBalance).width, 160);
+    EXPECT_EQ(columns.Item(NetWorth::TotalBalance).width, 160);
 }
 
 }  // namespace

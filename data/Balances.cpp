@@ -1,14 +1,13 @@
-#include "views/Balances.h"
+#include "data/Balances.h"
 
 #include <exception>
 #include <map>
 #include <set>
-#include <vector>
 
-#include "data/WrongAmount.h"
+#include "data/AccountKind.h"
+#include "data/StoredView.h"
 #include "data/clsDatabase.h"
 #include "engine/EngineError.h"
-#include "views/clsView.h"
 
 namespace clb {
 namespace {
@@ -17,75 +16,58 @@ constexpr std::int32_t kFewAccounts = 50;
 
 using Sums = std::map<std::string, Money>;
 
-/// Where the rows of one kind of account are, and what of them makes the balance.
-struct RowTable {
-    std::int32_t view;
-    const char* table;
-    const char* amount;
-    std::vector<std::string> columns;
-};
-
-const std::vector<RowTable>& Tables()
+std::string SumOf(const Activity& activity)
 {
-    static const std::vector<RowTable> tables = {
-        {vwAccount, "Trans", "Amount", {"Amount"}},
-        {vwInvestment, "Investment", "Total", {"Total"}},
-        {vwLoan, "Loan", "OriginalAmount - PaidAmount", {"OriginalAmount", "PaidAmount"}}};
-    return tables;
+    return std::string(activity.sum) + " AS Total FROM " + activity.table;
 }
 
-std::string SumOf(const RowTable& rows)
-{
-    return "SUM( " + std::string(rows.amount) + " ) AS Total FROM " + rows.table;
-}
-
-/// Nothing when the account's own rows add up to too much.
-std::optional<Money> SumOfOne(Connection& connection, const RowTable& rows,
+/// One account's sum; nothing if an amount cannot hold it.
+std::optional<Money> SumOfOne(Connection& connection, const Activity& activity,
                               const std::string& account)
 {
     const std::string condition = "AccountID = '" + clsDatabase::ToSqlString(account) + "'";
     try {
-        Recordset sum = connection.Execute("SELECT " + SumOf(rows) + " WHERE " + condition);
+        Recordset sum = connection.Execute("SELECT " + SumOf(activity) + " WHERE " + condition);
         return IsNull(sum.Get("Total")) ? Money() : ToMoney(sum.Get("Total"));
     } catch (const EngineError& error) {
         if (error.Number() != engine_errors::Overflow)
-            ThrowWithPlace(connection, {rows.table, rows.columns, condition}, error);
+            ThrowWithPlace(connection, AmountsOf(activity, condition), error);
         return std::nullopt;
     }
 }
 
-/// The sums of a table by account; nothing when some account's rows add up to too much.
-std::optional<Sums> AllSums(Connection& connection, const RowTable& rows)
+/// The sums of a table by account; nothing if an amount cannot hold one of them.
+std::optional<Sums> AllSums(Connection& connection, const Activity& activity)
 {
     try {
         Sums sums;
         Recordset groups =
-            connection.Execute("SELECT AccountID, " + SumOf(rows) + " GROUP BY AccountID");
+            connection.Execute("SELECT AccountID, " + SumOf(activity) + " GROUP BY AccountID");
         for (; !groups.AtEnd(); groups.MoveNext())
             if (!IsNull(groups.Get("AccountID")))
                 sums[ToText(groups.Get("AccountID"))] = ToMoney(groups.Get("Total"));
         return sums;
     } catch (const EngineError& error) {
         if (error.Number() != engine_errors::Overflow)
-            ThrowWithPlace(connection, {rows.table, rows.columns, {}}, error);
+            ThrowWithPlace(connection, AmountsOf(activity, {}), error);
         return std::nullopt;
     }
 }
 
-/// The sums of one table. Those of a few accounts are asked for one by one, which takes two
-/// thirds of a grouped sum; those of many are read together when the first is asked for.
+/// The sums of one table. For a few accounts each sum is read on its own, which takes two thirds of
+/// the time of a grouped sum; for many accounts all are read together at the first request.
 class TableSums {
 public:
     explicit TableSums(bool together) : together_(together) {}
 
-    std::optional<Money> Of(Connection& connection, const RowTable& rows,
+    std::optional<Money> Of(Connection& connection, const Activity& activity,
                             const std::string& account)
     {
         if (together_)
-            sums_ = AllSums(connection, rows);
+            sums_ = AllSums(connection, activity);
         together_ = false;
         if (!sums_)
-            return SumOfOne(connection, rows, account);
+            return SumOfOne(connection, activity, account);
         const auto found = sums_->find(account);
         return found == sums_->end() ? Money() : found->second;
     }
@@ -98,14 +80,10 @@ private:
 constexpr const char* kAccounts =
     "SELECT AccountID, Description, Type, CurrentBalance FROM Account";
 
-/// Where the rows of the current account are; null if its type has none.
-const RowTable* TableOf(const Recordset& accounts)
+/// The rows of the current account; nullptr if its type has none.
+const Activity* CurrentActivity(const Recordset& accounts)
 {
-    const std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
-    for (const RowTable& rows : Tables())
-        if (rows.view == view)
-            return &rows;
-    return nullptr;
+    return ActivityOf(ViewFromAccountType(ToText(accounts.Get("Type"))));
 }
 
 /// The current account, unless the sum of its rows is its balance.
@@ -130,7 +108,7 @@ void UpdateBalances(clsDatabase& database)
         const Value& number = accounts.Get("AccountID");
         if (IsNull(number))
             continue;
-        std::int32_t view = clsView::ViewFromAccountType(ToText(accounts.Get("Type")));
+        std::int32_t view = ViewFromAccountType(ToText(accounts.Get("Type")));
         std::string account = ToText(number);
         try {
             database.UpdateBalance(view, account);
@@ -150,16 +128,16 @@ std::vector<OddBalance> OddBalances(Connection& connection)
     std::vector<OddBalance> odd;
     std::set<std::string> seen;
     Recordset accounts = connection.Execute(kAccounts);
-    const TableSums none(accounts.RecordCount() > kFewAccounts);
-    std::map<std::int32_t, TableSums> tables = {
-        {vwAccount, none}, {vwInvestment, none}, {vwLoan, none}};
+    std::map<const Activity*, TableSums> tables;
     for (; !accounts.AtEnd(); accounts.MoveNext()) {
+        const Activity* const activity = CurrentActivity(accounts);
         const Value& number = accounts.Get("AccountID");
-        const RowTable* const rows = TableOf(accounts);
-        // Of two accounts with one number only the first is stored anew.
-        if (!rows || IsNull(number) || !seen.insert(ToText(number)).second)
+        // Of two accounts with the same number only the first is recomputed.
+        if (!activity || IsNull(number) || !seen.insert(ToText(number)).second)
             continue;
-        const auto sum = tables.at(rows->view).Of(connection, *rows, ToText(number));
+        TableSums& sums =
+            tables.try_emplace(activity, accounts.RecordCount() > kFewAccounts).first->second;
+        const auto sum = sums.Of(connection, *activity, ToText(number));
         if (auto balance = IfOdd(accounts, sum))
             odd.push_back(std::move(*balance));
     }
@@ -171,8 +149,8 @@ std::optional<OddBalance> OddBalanceOf(Connection& connection, const std::string
     const Connection::Untraced untraced(connection);
     Recordset account = connection.Execute(std::string(kAccounts) + " WHERE AccountID = '" +
                                            clsDatabase::ToSqlString(accountID) + "'");
-    const RowTable* const rows = account.Empty() ? nullptr : TableOf(account);
-    return rows ? IfOdd(account, SumOfOne(connection, *rows, accountID)) : std::nullopt;
+    const Activity* const activity = account.Empty() ? nullptr : CurrentActivity(account);
+    return activity ? IfOdd(account, SumOfOne(connection, *activity, accountID)) : std::nullopt;
 }
 
 }  // namespace clb

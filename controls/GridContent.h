@@ -1,0 +1,129 @@
+// What a data grid shows, without a current cell: columns, rows, groups, and the texts of cells.
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "controls/Control.h"
+#include "controls/GridColumn.h"
+#include "controls/GridRows.h"
+#include "controls/GridSource.h"
+#include "controls/GridText.h"
+#include "ports/IDateForm.h"
+
+namespace clb {
+
+/// Columns bound to the fields of a result set or of an array, or calculated, and rows with groups
+/// and a line for a new row. Rows and columns are numbered from 1.
+class GridContent : public Control {
+public:
+    GridContent(std::string name, const IDateForm& dates);
+
+    GridColumns& Columns() { return columns_; }
+    const GridColumns& Columns() const { return columns_; }
+    GridGroups& Groups() { return groups_; }
+    GridStyles& Styles() { return styles_; }
+    GridRows& Rows()
+    {
+        Freshen();
+        return rows_;
+    }
+    const GridRows& Rows() const { return rows_; }
+
+    /// Binds the rows of an open result set: one column for each field, captioned with its name; no
+    /// groups; the first data row and column 1 current. nullptr leaves the grid empty.
+    void DataSource(Recordset* records);
+    /// Whether it is bound to rows that can be read.
+    bool Bound() const { return source_ && source_->IsOpen(); }
+    /// Rows in memory to show instead of a result set.
+    GridArray& Array() { return array_; }
+    /// Applies groups that were added after binding to the displayed rows.
+    void Regroup();
+    /// To be called after columns, widths or styles were changed: the grid is drawn again.
+    void LayoutChanged() { Touch(); }
+    /// Sets a column's width as the user does by hand. No less than LeastWidth.
+    void ResizeColumn(std::int32_t column, std::int32_t pixels);
+    static constexpr std::int32_t LeastWidth = 24;
+
+    bool Redraw() const { return redraw_; }
+    void Redraw(bool on);
+    /// 0: no cell tips, 2: fetched through FetchCellTip.
+    std::int32_t CellTips() const { return cellTips_; }
+    void CellTips(std::int32_t mode) { cellTips_ = mode; }
+    /// Milliseconds that the pointer rests on a cell before its tip shows.
+    std::int32_t TipDelay() const { return tipDelay_; }
+    void TipDelay(std::int32_t milliseconds) { tipDelay_ = milliseconds; }
+
+    /// Value of a cell of any displayed row, unsaved changes included; null in rows that are not
+    /// data. A calculated cell is fetched.
+    virtual Value CellValue(std::size_t row, std::int32_t column);
+    /// The cell as shown; see GridText.
+    std::string CellText(std::size_t row, std::int32_t column);
+    std::string ShownText(const Value& value, std::int32_t column) const;
+    /// Text of a group's footer row.
+    std::string FooterText(std::size_t row);
+    /// Tip of a cell; nothing if tips are off, the row is not a data row, or there is no text.
+    std::optional<std::string> CellTip(std::size_t row, std::int32_t column);
+
+    // Arguments by reference are read back.
+    Event<void(std::int32_t, std::int32_t, const Value&, Value&)> FetchColumnData()
+    {
+        return fetchColumnData_;
+    }
+    Event<void(std::int32_t, std::int32_t, std::int32_t, std::string&)> FetchCellTip()
+    {
+        return fetchCellTip_;
+    }
+    Event<void(std::int16_t, std::int32_t, std::string&)> FetchGroupFooterText()
+    {
+        return fetchGroupFooterText_;
+    }
+    /// The user gave a column a width, with the column and the pixels.
+    Event<void(std::int32_t, std::int32_t)> ColumnResized() { return columnResized_; }
+    /// Painting was switched off or on.
+    Event<void(bool)> RedrawChanged() { return redrawChanged_; }
+
+protected:
+    /// Called when other columns are about to be bound, and after the rows were bound or grouped.
+    virtual void ColumnsGo() = 0;
+    virtual void RowsBound() = 0;
+    /// Takes the rows again if the result set was read again without the grid.
+    virtual void Freshen() = 0;
+    /// Raises FetchColumnData for a cell.
+    virtual Value FetchedValue(std::int32_t row, std::int32_t column);
+
+    /// Value of a calculated cell, as the column's type.
+    Value Fetch(std::size_t row, std::int32_t column);
+    /// Draws the grid again, unless painting is off.
+    void Touch();
+    GridRows& BoundRows() { return rows_; }
+    /// nullptr if the grid is empty.
+    IGridSource* Source() { return source_; }
+    /// Reads the source again. If it cannot be read the grid is empty and unbound, and its error is
+    /// thrown.
+    void RequeryOrUnbind();
+    const GridText& Texts() const { return texts_; }
+
+private:
+    void Bind(IGridSource* source);
+
+    GridText texts_;
+    std::optional<RecordsetSource> records_;
+    GridArray array_{[this] { Bind(&array_); }};
+    IGridSource* source_ = nullptr;
+    GridColumns columns_;
+    GridGroups groups_;
+    GridStyles styles_;
+    GridRows rows_;
+    bool redraw_ = true;
+    std::int32_t cellTips_ = 0;
+    std::int32_t tipDelay_ = 0;
+
+    sigc::signal<void(std::int32_t, std::int32_t, const Value&, Value&)> fetchColumnData_;
+    sigc::signal<void(std::int32_t, std::int32_t, std::int32_t, std::string&)> fetchCellTip_;
+    sigc::signal<void(std::int16_t, std::int32_t, std::string&)> fetchGroupFooterText_;
+    sigc::signal<void(std::int32_t, std::int32_t)> columnResized_;
+    sigc::signal<void(bool)> redrawChanged_;
+};
+
+}  // namespace clb

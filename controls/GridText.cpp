@@ -1,0 +1,100 @@
+#include "controls/GridText.h"
+
+#include <cmath>
+
+#include "base/Numeric.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace clb {
+namespace {
+
+/// An amount can hold any number up to this one.
+constexpr double kMostAmount = 9e14;
+
+std::string Grouped(double amount)
+{
+    return std::abs(amount) > kMostAmount ? Numeric::Grouped(amount, 2)
+                                          : Money::FromDouble(amount).Grouped();
+}
+
+/// Whether only the entries of the column's list may be entered.
+bool ListOnly(const GridColumn& column)
+{
+    return column.popup && column.popup->type == cell_control::DropDown;
+}
+
+const GridValueItem* Listed(const std::string& text, const GridColumn& column)
+{
+    for (const GridValueItem& item : column.valueItems)
+        if (item.text == text ||
+            (ListOnly(column) && CompareAlphabetical(item.text, Trim(text)) == 0))
+            return &item;
+    return nullptr;
+}
+
+}  // namespace
+
+std::string GridText::Shown(const Value& value, const GridColumn& column) const
+{
+    if (IsEmpty(value))
+        return {};
+    if (const auto* money = std::get_if<Money>(&value))
+        return money->Grouped();
+    if (const auto* date = std::get_if<Date>(&value))
+        return dates_.Format(*date);
+    if (const auto* number = std::get_if<double>(&value); number && column.Calculated())
+        return Grouped(*number);
+    for (const GridValueItem& item : column.valueItems)
+        if (item.value == value)
+            return item.text;
+    return ToText(value);
+}
+
+std::string GridText::ToEdit(const Value& value, const GridColumn& column) const
+{
+    const std::string shown = Shown(value, column);
+    const auto* amount = std::get_if<Money>(&value);
+    return amount && ToMoney(shown) != *amount ? ToText(value) : shown;
+}
+
+GridText::Reading GridText::Read(const std::string& text, const GridColumn& column) const
+{
+    if (const GridValueItem* item = Listed(text, column))
+        return {item->value, {}};
+    const bool blank = Trim(text).empty();
+    if (ListOnly(column) && !blank)
+        return {std::nullopt, "Please choose an entry of the list."};
+    if (column.dataType == FieldType::Text)
+        return ReadText(text, column);
+    if (blank)
+        return {Null{}, {}};
+    return ReadOther(text, column.dataType);
+}
+
+GridText::Reading GridText::ReadText(const std::string& text, const GridColumn& column) const
+{
+    if (column.textWidth != 0 && Length(text) > column.textWidth)
+        return {std::nullopt,
+                "Please enter at most " + std::to_string(column.textWidth) + " characters."};
+    return {ListOnly(column) ? std::string() : text, {}};
+}
+
+GridText::Reading GridText::ReadOther(const std::string& text, FieldType type) const
+{
+    if (type == FieldType::Date) {
+        if (const auto date = dates_.Read(text))
+            return {*date, {}};
+        return {std::nullopt,
+                "Please enter a date, for example " + dates_.Format(Date::FromDays(46000)) + "."};
+    }
+    try {
+        return {Convert(text, type), {}};
+    } catch (const RuntimeError& error) {
+        return {std::nullopt, error.Number() == errors::Overflow
+                                  ? "This number is too large for the column."
+                                  : "Please enter a number, for example 1,234.50."};
+    }
+}
+
+}  // namespace clb

@@ -1,0 +1,18 @@
+#include "views/ViewDefinition.h"
+
+namespace clb {
+
+extern const ViewDefinition kNetWorthView, kBudgetView, kAccountTypeView, kRegisterView,
+    kHoldingsView, kLoansView;
+
+const ViewDefinition& DefinitionOf(std::int32_t view)
+{
+    static constexpr ViewDefinition none{.view = 0, .columns = {}};
+    for (const ViewDefinition* definition : {&kNetWorthView, &kBudgetView, &kAccountTypeView,
+                                             &kRegisterView, &kHoldingsView, &kLoansView})
+        if (definition->view == view)
+            return *definition;
+    return none;
+}
+
+}  // namespace clb
