@@ -375,7 +375,7 @@ TEST_F(UnprivilegedImportTest, AFolderThatTakesNoRepairedFileIsTold)
 class EndlessLineTest : public ImportFilesTest {
 protected:
     // What checks the program's memory takes memory of its own.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef CLB_SANITIZED
     static constexpr bool kChecked = true;
 #else
     static constexpr bool kChecked = false;
