@@ -375,7 +375,7 @@ TEST_F(UnprivilegedImportTest, AFolderThatCannotTakeTheRepairedFileIsReported)
 class EndlessLineTest : public ImportFilesTest {
 protected:
     // A tool that checks the program's memory needs memory itself.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef CLB_SANITIZED
     static constexpr bool kChecked = true;
 #else
     static constexpr bool kChecked = false;

@@ -18,8 +18,7 @@ namespace clb {
 namespace {
 
 // Columns of a bank account's register.
-constexpr std::int32_t kDate = 1, kDescription = 2, kAmount = 3, kCheck = 4, kCategory = 5,
-                       kNotes = 6;
+constexpr std::int32_t kDate = 1, kDescription = 2, kAmount = 3, kCategory = 5, kNotes = 6;
 
 class GridEditingTest : public WindowTest {
 protected:

@@ -16,7 +16,7 @@
 namespace clb {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef CLB_SANITIZED
 constexpr int kRounds = 25;
 #else
 constexpr int kRounds = 200;

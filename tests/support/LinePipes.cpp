@@ -10,8 +10,6 @@
 #include <csignal>
 #include <stdexcept>
 
-extern char** environ;
-
 namespace clb {
 
 LinePipes::LinePipes(const std::vector<std::string>& words)
@@ -26,6 +24,7 @@ LinePipes::LinePipes(const std::vector<std::string>& words)
     posix_spawn_file_actions_adddup2(&actions, down[0], STDIN_FILENO);
     posix_spawn_file_actions_adddup2(&actions, up[1], STDOUT_FILENO);
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (const std::string& word : words)
         arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
