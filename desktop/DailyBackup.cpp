@@ -97,7 +97,7 @@ void DailyBackup::StartHelper()
 void DailyBackup::Ended(bool made)
 {
     const std::string lines = helper_->readAllStandardOutput().toStdString();
-    helper_.release()->deleteLater();
+    ended_ = std::move(helper_);
     if (made || Backups(folder_).HasDay(clock_.Now()))
         return Tell(std::nullopt);
     if (const auto failure = BackupFailure::FromLines(lines))
