@@ -8,6 +8,7 @@
 #include <QProcess>
 #include <iostream>
 #include <utility>
+#include <vector>
 
 #include "app/BalanceWatch.h"
 #include "base/RuntimeError.h"
@@ -62,8 +63,9 @@ DailyBackup::~DailyBackup()
     if (!helper_)
         return;
     helper_->disconnect(this);
-    // Its destructor would end the process.
-    static_cast<void>(helper_.release());
+    // Its destructor would end the process, so it is kept until the program has ended.
+    static auto& goOn = *new std::vector<QProcess*>;
+    goOn.push_back(helper_.release());
 }
 
 void DailyBackup::Look()
@@ -97,7 +99,7 @@ void DailyBackup::StartHelper()
 void DailyBackup::Ended(bool made)
 {
     const std::string lines = helper_->readAllStandardOutput().toStdString();
-    helper_.release()->deleteLater();
+    ended_ = std::move(helper_);
     if (made || Backups(folder_).HasDay(clock_.Now()))
         return Tell(std::nullopt);
     if (const auto failure = BackupFailure::FromLines(lines))

@@ -43,6 +43,7 @@ private:
     QString program_;
     QTimer again_;
     std::unique_ptr<QProcess> helper_;
+    std::unique_ptr<QProcess> ended_;  ///< the last one: it must not be deleted in its own signal
     bool looked_ = false;  ///< the helper was started once
 };
 
