@@ -11,7 +11,7 @@ namespace {
 
 using testing::HasSubstr;
 
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef CLB_SANITIZED
 constexpr bool kLimited = false;  // the sanitizers take more address space than any limit here
 #else
 constexpr bool kLimited = true;
