@@ -48,7 +48,7 @@ public:
 /// request could not be read or a reply could not be written. Throws std::bad_alloc if there is no
 /// memory for a reply. Throws Interrupted if the program is told to end; the running command is
 /// then taken back.
-[[nodiscard]] int RunAutomation(std::istream& requests, std::ostream& replies,
-                                const AutomationOptions& options, IPresenter* presenter);
+int RunAutomation(std::istream& requests, std::ostream& replies, const AutomationOptions& options,
+                  IPresenter* presenter);
 
 }  // namespace clb
