@@ -98,8 +98,7 @@ std::int64_t RawSql::Write(const std::string& sql, const std::vector<Value>& val
         throw refuse::SetNotUpdatable();
     state_->session->BeginWrite();
     Statement statement = state_->database.Prepare(sql);
-    for (std::size_t i = 0; i < values.size(); ++i)
-        statement.Bind(static_cast<int>(i) + 1, values[i]);
+    statement.BindAll(values);
     state_->session->StepWrite(statement);
     return state_->database.ChangedRows();
 }
