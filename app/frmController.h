@@ -191,8 +191,8 @@ private:
     std::unique_ptr<modExport> export_;
     sigc::signal<void()> opened_;
     sigc::signal<void()> unloading_;
-    std::string formerNumber_;          // of the account being saved; empty for a new one
-    std::int32_t pendingTreeNode_ = 0;  // node of the account being deleted
+    std::string formerNumber_;                   // of the account being saved; empty for a new one
+    std::int32_t pendingTreeNode_ = 0;           // node of the account being deleted
     std::int32_t refusedColumn_ = kFirstColumn;  // cell to correct in a refused row
 };
 

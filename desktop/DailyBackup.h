@@ -44,7 +44,7 @@ private:
     QTimer again_;
     std::unique_ptr<QProcess> helper_;
     std::unique_ptr<QProcess> ended_;  ///< the last one: it must not be deleted in its own signal
-    bool looked_ = false;  ///< the helper was started once
+    bool looked_ = false;              ///< the helper was started once
 };
 
 /// What that process does: the backup, and a look whether the balances fit their rows. Those that
