@@ -1,13 +1,13 @@
 // The driver's answers to the program's questions.
 #pragma once
-#include "automation/FormSteps.h"
-#include "ports/IMessageBox.h"
-
 #include <deque>
 #include <optional>
 #include <string>
 #include <variant>
 #include <vector>
+
+#include "automation/FormSteps.h"
+#include "ports/IMessageBox.h"
 
 namespace clb {
 

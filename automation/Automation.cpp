@@ -1,5 +1,9 @@
 #include "automation/Automation.h"
 
+#include <istream>
+#include <new>
+#include <ostream>
+
 #include "automation/Recorder.h"
 #include "automation/ScriptedPorts.h"
 #include "automation/Verbs.h"
@@ -8,10 +12,6 @@
 #include "data/Trouble.h"
 #include "json/Reply.h"
 #include "platform/CurlHttpClient.h"
-
-#include <istream>
-#include <new>
-#include <ostream>
 
 namespace clb {
 namespace {

@@ -1,11 +1,11 @@
 // Runs the program under the control of a driver.
 #pragma once
-#include "app/frmController.h"
-#include "ports/IClock.h"
-
 #include <cstdint>
 #include <iosfwd>
 #include <string>
+
+#include "app/frmController.h"
+#include "ports/IClock.h"
 
 namespace clb {
 

@@ -1,12 +1,12 @@
 // Makes operations that can be called by name out of the program's own functions.
 #pragma once
-#include "app/clsIni.h"
-#include "app/frmController.h"
-#include "automation/CallArguments.h"
-
 #include <functional>
 #include <string_view>
 #include <type_traits>
+
+#include "app/clsIni.h"
+#include "app/frmController.h"
+#include "automation/CallArguments.h"
 
 namespace clb {
 

@@ -1,9 +1,5 @@
 // The arguments of a call by name, read by the types of the operation's parameters.
 #pragma once
-#include "automation/Request.h"
-#include "base/Value.h"
-#include "json/ValueJson.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -11,6 +7,10 @@
 #include <tuple>
 #include <type_traits>
 #include <utility>
+
+#include "automation/Request.h"
+#include "base/Value.h"
+#include "json/ValueJson.h"
 
 namespace clb {
 

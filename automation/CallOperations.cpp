@@ -1,11 +1,11 @@
 #include "automation/CallOperations.h"
 
+#include <array>
+#include <map>
+
 #include "automation/Bind.h"
 #include "automation/CallProperties.h"
 #include "base/modCommon.h"
-
-#include <array>
-#include <map>
 
 namespace clb {
 namespace {

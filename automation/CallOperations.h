@@ -1,9 +1,9 @@
 // Calls of the program's public operations by name.
 #pragma once
+#include <string>
+
 #include "app/frmController.h"
 #include "json/ValueJson.h"
-
-#include <string>
 
 namespace clb {
 

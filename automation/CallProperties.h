@@ -1,9 +1,9 @@
 // Operations that read and write properties by name.
 #pragma once
+#include <string>
+
 #include "app/frmController.h"
 #include "json/ValueJson.h"
-
-#include <string>
 
 namespace clb {
 

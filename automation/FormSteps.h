@@ -1,11 +1,11 @@
 // The steps with which a driver's answer works a form.
 #pragma once
-#include "controls/Form.h"
-#include "json/ValueJson.h"
-
 #include <functional>
 #include <string>
 #include <vector>
+
+#include "controls/Form.h"
+#include "json/ValueJson.h"
 
 namespace clb {
 

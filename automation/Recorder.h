@@ -1,9 +1,9 @@
 // Logs what the program's controls do.
 #pragma once
+#include <vector>
+
 #include "app/frmController.h"
 #include "automation/EventLog.h"
-
-#include <vector>
 
 namespace clb {
 

@@ -1,10 +1,10 @@
 // A request of the driver.
 #pragma once
-#include "json/ValueJson.h"
-
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+
+#include "json/ValueJson.h"
 
 namespace clb {
 

@@ -1,10 +1,10 @@
 #include "automation/ScriptedPorts.h"
 
+#include <filesystem>
+
 #include "automation/Automation.h"
 #include "files/ReadFile.h"
 #include "user/FormUser.h"
-
-#include <filesystem>
 
 namespace clb {
 namespace {

@@ -1,5 +1,8 @@
 // The ports of a driven program.
 #pragma once
+#include <string>
+#include <vector>
+
 #include "automation/AnswerQueue.h"
 #include "automation/EventLog.h"
 #include "ports/IFileDialog.h"
@@ -7,9 +10,6 @@
 #include "ports/IPointer.h"
 #include "ports/IPrintJob.h"
 #include "ports/IShell.h"
-
-#include <string>
-#include <vector>
 
 namespace clb {
 

@@ -1,9 +1,9 @@
 // The verbs of requests.
 #pragma once
-#include "automation/Verbs.h"
-
 #include <map>
 #include <string_view>
+
+#include "automation/Verbs.h"
 
 namespace clb {
 

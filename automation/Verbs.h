@@ -1,12 +1,12 @@
 // Carries out requests.
 #pragma once
+#include <string>
+
 #include "app/frmController.h"
 #include "automation/AnswerQueue.h"
 #include "automation/Automation.h"
 #include "automation/EventLog.h"
 #include "automation/Request.h"
-
-#include <string>
 
 namespace clb {
 

@@ -4,12 +4,12 @@
 //
 // NOW is the present date stamp with its zone: 20060305120000[0].
 
-#include "bench/Bare.h"
-
 #include <exception>
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
+
+#include "bench/Bare.h"
 
 namespace clb {
 namespace {

@@ -5,16 +5,16 @@
 //
 // DATABASE is the delivered empty database; the new account gets the description NAME.
 
-#include "bench/Bare.h"
-#include "bench/BareRows.h"
-#include "bench/BareText.h"
-
 #include <array>
 #include <deque>
 #include <exception>
 #include <iostream>
 #include <stdexcept>
 #include <unordered_set>
+
+#include "bench/Bare.h"
+#include "bench/BareRows.h"
+#include "bench/BareText.h"
 
 namespace clb {
 namespace {

@@ -6,15 +6,15 @@
 // The rows go into the account described as NAME, which is made where there is none; RUN is the
 // identifier that they all get.
 
-#include "bench/Bare.h"
-#include "bench/BareRows.h"
-#include "bench/BareText.h"
-
 #include <array>
 #include <cstdio>
 #include <exception>
 #include <iostream>
 #include <stdexcept>
+
+#include "bench/Bare.h"
+#include "bench/BareRows.h"
+#include "bench/BareText.h"
 
 namespace clb {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
-#include "base/Date.h"
-#include "bench/Bare.h"
-
 #include <cstdint>
 #include <string>
+
+#include "base/Date.h"
+#include "bench/Bare.h"
 
 namespace clb {
 

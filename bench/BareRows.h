@@ -1,8 +1,8 @@
 #pragma once
-#include "bench/Bare.h"
-
 #include <cstdint>
 #include <string_view>
+
+#include "bench/Bare.h"
 
 namespace clb {
 

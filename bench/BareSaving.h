@@ -1,10 +1,10 @@
 #pragma once
-#include "base/Date.h"
-#include "bench/Bare.h"
-
 #include <cstdint>
 #include <string>
 #include <vector>
+
+#include "base/Date.h"
+#include "bench/Bare.h"
 
 namespace clb {
 

@@ -1,11 +1,11 @@
 #include "bench/BudgetFigures.h"
 
+#include <stdexcept>
+
 #include "bench/BareBudget.h"
 #include "bench/Ledger.h"
 #include "cli/Program.h"
 #include "platform/ProgramFolder.h"
-
-#include <stdexcept>
 
 namespace clb {
 namespace {

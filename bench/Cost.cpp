@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <time.h>
 #include <unistd.h>
+
 #include <stdexcept>
 
 namespace clb {

@@ -1,10 +1,10 @@
 #pragma once
-#include "bench/Cost.h"
-
 #include <iosfwd>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "bench/Cost.h"
 
 namespace clb {
 

@@ -1,17 +1,17 @@
 // The figures of the program, as ratios, in one run. Exit code: 0 all within their limits, 1 one is
 // over it, 2 nothing was measured.
 
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <iostream>
+#include <iterator>
+
 #include "bench/BudgetFigures.h"
 #include "bench/ImportFigures.h"
 #include "bench/RegisterFigures.h"
 #include "bench/SavingFigures.h"
 #include "bench/StartFigures.h"
 #include "bench/StatementFigures.h"
-
-#include <CLI/CLI.hpp>
-#include <exception>
-#include <iostream>
-#include <iterator>
 
 namespace {
 

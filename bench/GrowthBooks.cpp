@@ -1,3 +1,7 @@
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+
 #include "bench/BareRows.h"
 #include "bench/BudgetFigures.h"
 #include "bench/GrowthSteps.h"
@@ -8,10 +12,6 @@
 #include "data/clsDatabase.h"
 #include "platform/ProgramFolder.h"
 #include "views/clsView.h"
-
-#include <filesystem>
-#include <memory>
-#include <stdexcept>
 
 namespace clb {
 namespace {

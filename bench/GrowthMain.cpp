@@ -1,11 +1,11 @@
 // What the program's steps cost in books of 10,000 to 5,000,000 transactions, beside the storage
 // used bare, as one table.
 
-#include "bench/GrowthSteps.h"
-
 #include <CLI/CLI.hpp>
 #include <exception>
 #include <iostream>
+
+#include "bench/GrowthSteps.h"
 
 namespace {
 

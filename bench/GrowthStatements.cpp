@@ -1,13 +1,13 @@
+#include <algorithm>
+#include <filesystem>
+#include <string>
+
 #include "bench/Bare.h"
 #include "bench/GrowthSteps.h"
 #include "bench/SameLedger.h"
 #include "bench/Statement.h"
 #include "bench/StatementFigures.h"
 #include "platform/ProgramFolder.h"
-
-#include <algorithm>
-#include <filesystem>
-#include <string>
 
 namespace clb {
 namespace {

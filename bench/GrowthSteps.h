@@ -1,10 +1,10 @@
 #pragma once
+#include <cstdint>
+#include <vector>
+
 #include "bench/GrowthTable.h"
 #include "bench/Ledger.h"
 #include "bench/WorkFolder.h"
-
-#include <cstdint>
-#include <vector>
 
 namespace clb {
 

@@ -1,11 +1,11 @@
 #pragma once
-#include "bench/Cost.h"
-
 #include <cstdint>
 #include <iosfwd>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "bench/Cost.h"
 
 namespace clb {
 

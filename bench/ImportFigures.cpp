@@ -1,10 +1,10 @@
 #include "bench/ImportFigures.h"
 
+#include <filesystem>
+
 #include "bench/SameLedger.h"
 #include "bench/Statement.h"
 #include "platform/ProgramFolder.h"
-
-#include <filesystem>
 
 namespace clb {
 namespace {

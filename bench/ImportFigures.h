@@ -1,8 +1,8 @@
 #pragma once
+#include <vector>
+
 #include "bench/Figure.h"
 #include "bench/WorkFolder.h"
-
-#include <vector>
 
 namespace clb {
 

@@ -1,14 +1,14 @@
 #include "bench/Ledger.h"
 
-#include "bench/Bare.h"
-#include "bench/WorkFolder.h"
-#include "platform/ProgramFolder.h"
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <random>
 #include <vector>
+
+#include "bench/Bare.h"
+#include "bench/WorkFolder.h"
+#include "platform/ProgramFolder.h"
 
 namespace clb {
 namespace {

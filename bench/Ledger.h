@@ -1,8 +1,8 @@
 #pragma once
-#include "base/Date.h"
-
 #include <cstdint>
 #include <string>
+
+#include "base/Date.h"
 
 namespace clb {
 

@@ -1,14 +1,14 @@
 #include "bench/RegisterFigures.h"
 
+#include <stdexcept>
+#include <utility>
+
 #include "bench/BareRegister.h"
 #include "bench/Ledger.h"
 #include "cli/Program.h"
 #include "data/clsDatabase.h"
 #include "platform/ProgramFolder.h"
 #include "views/clsView.h"
-
-#include <stdexcept>
-#include <utility>
 
 namespace clb {
 namespace {

@@ -1,8 +1,8 @@
 #include "bench/SameLedger.h"
 
-#include "bench/Bare.h"
-
 #include <stdexcept>
+
+#include "bench/Bare.h"
 
 namespace clb {
 namespace {

@@ -1,5 +1,8 @@
 #include "bench/SavingFigures.h"
 
+#include <filesystem>
+#include <stdexcept>
+
 #include "bench/BareSaving.h"
 #include "bench/Ledger.h"
 #include "bench/SameLedger.h"
@@ -7,9 +10,6 @@
 #include "data/ViewColumns.h"
 #include "platform/ProgramFolder.h"
 #include "views/NodeTag.h"
-
-#include <filesystem>
-#include <stdexcept>
 
 namespace clb {
 namespace {

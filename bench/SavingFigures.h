@@ -1,10 +1,10 @@
 #pragma once
+#include <string>
+#include <vector>
+
 #include "bench/Figure.h"
 #include "bench/Ledger.h"
 #include "bench/WorkFolder.h"
-
-#include <string>
-#include <vector>
 
 namespace clb {
 

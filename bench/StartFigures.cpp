@@ -1,10 +1,10 @@
 #include "bench/StartFigures.h"
 
-#include "bench/Ledger.h"
-#include "bench/WorkFolder.h"
-
 #include <cstdlib>
 #include <filesystem>
+
+#include "bench/Ledger.h"
+#include "bench/WorkFolder.h"
 
 namespace clb {
 namespace {

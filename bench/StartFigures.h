@@ -1,7 +1,7 @@
 #pragma once
-#include "bench/Figure.h"
-
 #include <vector>
+
+#include "bench/Figure.h"
 
 namespace clb {
 

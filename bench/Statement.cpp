@@ -1,12 +1,12 @@
 #include "bench/Statement.h"
 
-#include "base/Date.h"
-
 #include <array>
 #include <cstdio>
 #include <fstream>
 #include <random>
 #include <stdexcept>
+
+#include "base/Date.h"
 
 namespace clb {
 namespace {

@@ -1,14 +1,14 @@
 #include "bench/StatementFigures.h"
 
+#include <filesystem>
+#include <stdexcept>
+
 #include "bench/Bare.h"
 #include "bench/BareText.h"
 #include "bench/SameLedger.h"
 #include "bench/Statement.h"
 #include "bench/WorkFolder.h"
 #include "platform/ProgramFolder.h"
-
-#include <filesystem>
-#include <stdexcept>
 
 namespace clb {
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
-#include "bench/Figure.h"
-
 #include <string>
 #include <vector>
+
+#include "bench/Figure.h"
 
 namespace clb {
 

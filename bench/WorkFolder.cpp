@@ -1,15 +1,16 @@
 #include "bench/WorkFolder.h"
 
-#include "data/EmptyDatabase.h"
-#include "platform/ProgramFolder.h"
-
 #include <fcntl.h>
 #include <stdlib.h>
 #include <sys/vfs.h>
 #include <unistd.h>
+
 #include <cstdint>
 #include <stdexcept>
 #include <system_error>
+
+#include "data/EmptyDatabase.h"
+#include "platform/ProgramFolder.h"
 
 namespace clb {
 namespace {

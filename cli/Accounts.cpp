@@ -1,10 +1,10 @@
+#include <iostream>
+#include <memory>
+
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
 #include "cli/GridOutput.h"
 #include "cli/Program.h"
-
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {

@@ -1,12 +1,12 @@
+#include <iostream>
+#include <memory>
+
 #include "automation/Automation.h"
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
 #include "platform/Signals.h"
 #include "platform/StandardStreams.h"
 #include "platform/SystemClock.h"
-
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {

@@ -1,12 +1,12 @@
+#include <iostream>
+#include <memory>
+
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
 #include "data/Backups.h"
 #include "json/ValueJson.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
-
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {

@@ -1,11 +1,11 @@
+#include <iostream>
+#include <memory>
+
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
 #include "cli/GridOutput.h"
 #include "cli/Program.h"
 #include "views/NodeTag.h"
-
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {

@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <iostream>
+#include <memory>
+
 #include "check/DatabaseCheck.h"
 #include "check/DatabaseRepair.h"
 #include "cli/Commands.h"
@@ -7,10 +11,6 @@
 #include "data/SchemaVersion.h"
 #include "json/ValueJson.h"
 #include "platform/SystemClock.h"
-
-#include <algorithm>
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {
@@ -37,9 +37,8 @@ bool Has(const DatabaseReport& report, const char* kind)
 /// Whether the next start can bring the data up to date, as far as the version tells.
 bool HasTrueVersion(const DatabaseReport& report)
 {
-    return std::none_of(report.findings.begin(), report.findings.end(), [](const Finding& finding) {
-        return finding.table == "_SchemaVersion";
-    });
+    return std::none_of(report.findings.begin(), report.findings.end(),
+                        [](const Finding& finding) { return finding.table == "_SchemaVersion"; });
 }
 
 std::string VersionText(const DatabaseReport& report)

@@ -1,11 +1,11 @@
 #include "cli/ConsolePorts.h"
 
+#include <filesystem>
+#include <ostream>
+
 #include "base/Text.h"
 #include "cli/Table.h"
 #include "import/Messages.h"
-
-#include <filesystem>
-#include <ostream>
 
 namespace clb {
 namespace {

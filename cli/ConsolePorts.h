@@ -1,13 +1,13 @@
 // The ports of a program without a window.
 #pragma once
+#include <iosfwd>
+#include <string>
+
 #include "ports/IFileDialog.h"
 #include "ports/IMessageBox.h"
 #include "ports/IPointer.h"
 #include "ports/IPrintJob.h"
 #include "ports/IShell.h"
-
-#include <iosfwd>
-#include <string>
 
 namespace clb {
 

@@ -1,12 +1,12 @@
+#include <iostream>
+#include <memory>
+
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
 #include "cli/Program.h"
 #include "json/ValueJson.h"
 #include "views/NodeTag.h"
-
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {

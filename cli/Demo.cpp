@@ -1,3 +1,6 @@
+#include <iostream>
+#include <memory>
+
 #include "cli/Commands.h"
 #include "cli/DemoHousehold.h"
 #include "cli/FolderOptions.h"
@@ -9,9 +12,6 @@
 #include "json/ValueJson.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
-
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {

@@ -1,3 +1,7 @@
+#include <filesystem>
+#include <iostream>
+#include <memory>
+
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
@@ -6,10 +10,6 @@
 #include "data/AccountKind.h"
 #include "export/NotReturned.h"
 #include "json/ValueJson.h"
-
-#include <filesystem>
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {

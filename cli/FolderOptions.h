@@ -1,10 +1,10 @@
 // Options and checks that several commands share.
 #pragma once
-#include "base/Date.h"
-#include "cli/CommandLine.h"
-
 #include <optional>
 #include <string>
+
+#include "base/Date.h"
+#include "cli/CommandLine.h"
 
 namespace clb {
 

@@ -1,11 +1,11 @@
 // Prints the grid.
 #pragma once
+#include <cstdint>
+#include <vector>
+
 #include "cli/Table.h"
 #include "grid/CVGrid.h"
 #include "json/ValueJson.h"
-
-#include <cstdint>
-#include <vector>
 
 namespace clb {
 

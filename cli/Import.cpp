@@ -1,3 +1,10 @@
+#include <filesystem>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <memory>
+#include <new>
+
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "cli/CapturedStream.h"
@@ -11,13 +18,6 @@
 #include "data/Trouble.h"
 #include "import/StatementFile.h"
 #include "user/FormUser.h"
-
-#include <filesystem>
-#include <functional>
-#include <iostream>
-#include <map>
-#include <memory>
-#include <new>
 
 namespace clb {
 namespace {

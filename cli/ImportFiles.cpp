@@ -1,5 +1,8 @@
 #include "cli/ImportFiles.h"
 
+#include <algorithm>
+#include <filesystem>
+
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "cli/FolderOptions.h"
@@ -7,9 +10,6 @@
 #include "files/WholeFile.h"
 #include "import/StatementFile.h"
 #include "platform/ProgramFolder.h"
-
-#include <algorithm>
-#include <filesystem>
 
 namespace clb {
 namespace {

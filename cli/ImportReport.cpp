@@ -1,11 +1,11 @@
 #include "cli/ImportReport.h"
 
+#include <algorithm>
+#include <iostream>
+
 #include "base/Text.h"
 #include "cli/Table.h"
 #include "json/ValueJson.h"
-
-#include <algorithm>
-#include <iostream>
 
 namespace clb {
 namespace {

@@ -1,11 +1,11 @@
 // What an import of files did, and how it is printed.
 #pragma once
-#include "data/NoticedBalances.h"
-#include "import/LeftOut.h"
-
 #include <cstdint>
 #include <string>
 #include <vector>
+
+#include "data/NoticedBalances.h"
+#include "import/LeftOut.h"
 
 namespace clb {
 

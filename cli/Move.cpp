@@ -1,11 +1,11 @@
+#include <iostream>
+#include <memory>
+
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
 #include "cli/Piece.h"
 #include "cli/Program.h"
 #include "json/ValueJson.h"
-
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {

@@ -1,11 +1,11 @@
+#include <iostream>
+#include <memory>
+
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
 #include "data/EmptyDatabase.h"
 #include "json/ValueJson.h"
 #include "platform/ProgramFolder.h"
-
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {

@@ -1,3 +1,8 @@
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <sstream>
+
 #include "app/clsIni.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -10,11 +15,6 @@
 #include "data/AccountKind.h"
 #include "json/ValueJson.h"
 #include "user/FormUser.h"
-
-#include <algorithm>
-#include <iostream>
-#include <memory>
-#include <sstream>
 
 namespace clb {
 namespace {

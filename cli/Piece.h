@@ -1,10 +1,10 @@
 // Finds a piece of a transaction for "clb split" and "clb move".
 #pragma once
-#include "base/Date.h"
-#include "cli/CommandLine.h"
-
 #include <cstdint>
 #include <optional>
+
+#include "base/Date.h"
+#include "cli/CommandLine.h"
 
 namespace clb {
 

@@ -1,13 +1,13 @@
 #include "cli/Program.h"
 
+#include <iostream>
+
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "data/AccountKind.h"
 #include "data/Backups.h"
 #include "user/FormUser.h"
 #include "views/NodeTag.h"
-
-#include <iostream>
 
 namespace clb {
 

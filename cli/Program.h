@@ -1,12 +1,12 @@
 // The whole program without a window, for one command.
 #pragma once
+#include <optional>
+#include <string>
+
 #include "app/frmController.h"
 #include "cli/ConsolePorts.h"
 #include "platform/CurlHttpClient.h"
 #include "platform/SystemClock.h"
-
-#include <optional>
-#include <string>
 
 namespace clb {
 

@@ -8,7 +8,9 @@
 namespace clb {
 
 Progress::Progress(std::ostream& stream, std::size_t count, std::chrono::milliseconds pause)
-    : out_(stream.rdbuf()), count_(count), pause_(pause),
+    : out_(stream.rdbuf()),
+      count_(count),
+      pause_(pause),
       reporter_(StartThread([this] { Report(); }))
 {
 }

@@ -121,8 +121,8 @@ void Serve(const ServerOptions& options)
     evhttp_set_cb(server.get(), "/d/quotes.csv", AnswerQuote, &prices);
     evhttp_set_gencb(server.get(), AnswerUnknown, nullptr);
     const int port = Listen(*server, options.port);
-    const auto signal = Own(
-        event_new(loop.get(), EndingSignals::Descriptor(), EV_READ, EndLoop, loop.get()));
+    const auto signal =
+        Own(event_new(loop.get(), EndingSignals::Descriptor(), EV_READ, EndLoop, loop.get()));
     event_add(signal.get(), nullptr);
     Interruption::Check();
     std::cout << "Quotes of " << options.prices << " at http://" << kHost << ":" << port

@@ -1,12 +1,12 @@
+#include <iostream>
+#include <memory>
+#include <sstream>
+
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
 #include "cli/Program.h"
 #include "cli/Table.h"
 #include "json/ValueJson.h"
-
-#include <iostream>
-#include <memory>
-#include <sstream>
 
 namespace clb {
 namespace {

@@ -1,12 +1,12 @@
+#include <iostream>
+#include <memory>
+
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
 #include "cli/GridOutput.h"
 #include "cli/Piece.h"
 #include "cli/Program.h"
 #include "data/ViewColumns.h"
-
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {

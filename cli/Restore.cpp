@@ -1,3 +1,9 @@
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <optional>
+
 #include "base/RuntimeError.h"
 #include "check/DatabaseCheck.h"
 #include "cli/Commands.h"
@@ -8,12 +14,6 @@
 #include "json/ValueJson.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
-
-#include <algorithm>
-#include <filesystem>
-#include <iostream>
-#include <memory>
-#include <optional>
 
 namespace clb {
 namespace {

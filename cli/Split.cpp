@@ -1,3 +1,6 @@
+#include <iostream>
+#include <memory>
+
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
@@ -5,9 +8,6 @@
 #include "cli/Program.h"
 #include "json/ValueJson.h"
 #include "user/FormUser.h"
-
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {

@@ -1,3 +1,6 @@
+#include <iostream>
+#include <memory>
+
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
@@ -6,9 +9,6 @@
 #include "json/Reply.h"
 #include "json/RunSql.h"
 #include "platform/ProgramFolder.h"
-
-#include <iostream>
-#include <memory>
 
 namespace clb {
 namespace {

@@ -1,10 +1,10 @@
 #include "cli/Table.h"
 
-#include "base/Text.h"
-
 #include <algorithm>
 #include <ostream>
 #include <string_view>
+
+#include "base/Text.h"
 
 namespace clb {
 

@@ -1,16 +1,16 @@
-#include "base/Interruption.h"
-#include "base/Product.h"
-#include "cli/Commands.h"
-#include "data/Trouble.h"
-#include "platform/Signals.h"
-#include "platform/StandardStreams.h"
-
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <exception>
 #include <iostream>
 #include <new>
+
+#include "base/Interruption.h"
+#include "base/Product.h"
+#include "cli/Commands.h"
+#include "data/Trouble.h"
+#include "platform/Signals.h"
+#include "platform/StandardStreams.h"
 
 namespace {
 

@@ -1,8 +1,7 @@
 #include "engine/Database.h"
 
-#include <sqlite3.h>
-
 #include <fcntl.h>
+#include <sqlite3.h>
 #include <unistd.h>
 
 #include <algorithm>

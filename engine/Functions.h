@@ -15,7 +15,8 @@ inline constexpr const char* kIntegerOverflow = "integer overflow";
 ///   clb_add(a, b) clb_subtract(a, b) clb_negate(a)   scaled money; overflow is an error
 ///   clb_multiply(a, b)              two scaled amounts, half to even at the fourth decimal
 ///   clb_times(a, n)                 scaled money times a number
-///   clb_sum(n)                      aggregate: exact sum of whole numbers or scaled money; only the
+///   clb_sum(n)                      aggregate: exact sum of whole numbers or scaled money; only
+///   the
 ///                                   whole must fit; null without any
 ///   clb_exact(n)                    n, an error unless it is stored as a whole number
 ///   clb_long(n)                     n, an error beyond 32 bits

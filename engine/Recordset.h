@@ -27,8 +27,8 @@ struct Field {
     bool counter = false;    ///< numbered by the database when a row is added
 };
 
-/// 0-based position of the field of this name, without regard to case. Throws EngineError when there
-/// is none.
+/// 0-based position of the field of this name, without regard to case. Throws EngineError when
+/// there is none.
 std::size_t IndexOfField(const std::vector<Field>& fields, std::string_view name);
 
 /// The rows of one SELECT, with a current row. Which rows belong is fixed at opening; a row added

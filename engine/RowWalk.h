@@ -35,8 +35,9 @@ private:
 };
 
 /// Runs the SELECT and hands each of its rows to take, in order. All rows are of one state of the
-/// file. Holds the rows' identities at most, where a Recordset holds blocks of values. take must not use the
-/// connection; what it throws ends the walk. Throws EngineError as Recordset::Open and Get do.
+/// file. Holds the rows' identities at most, where a Recordset holds blocks of values. take must
+/// not use the connection; what it throws ends the walk. Throws EngineError as Recordset::Open and
+/// Get do.
 void WalkRows(Connection& connection, std::string_view sql,
               const std::function<void(const WalkedRow&)>& take);
 

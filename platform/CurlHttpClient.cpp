@@ -114,7 +114,7 @@ void Limit(CURL* request, const HttpLimits& limits, milliseconds left)
     left = std::max(left, milliseconds(1));
     Curl().easy_setopt(request, CURLOPT_NOSIGNAL, 1L);
     Curl().easy_setopt(request, CURLOPT_CONNECTTIMEOUT_MS,
-                     static_cast<long>(std::min(limits.connect, left).count()));
+                       static_cast<long>(std::min(limits.connect, left).count()));
     Curl().easy_setopt(request, CURLOPT_TIMEOUT_MS, static_cast<long>(left.count()));
 }
 

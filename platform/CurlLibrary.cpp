@@ -15,8 +15,8 @@ constexpr const char* kFile = "libcurl.so.4";
 [[noreturn]] void ThrowLoadingError()
 {
     const char* reason = dlerror();
-    throw PortError(errors::NetworkFailure, std::string("Cannot load the network library: ") +
-                                                (reason ? reason : kFile));
+    throw PortError(errors::NetworkFailure,
+                    std::string("Cannot load the network library: ") + (reason ? reason : kFile));
 }
 
 template <class Function>

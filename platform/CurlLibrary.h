@@ -1,6 +1,7 @@
 #pragma once
 // The network library, loaded when it is first used. It brings thirty libraries with it, which take
-// longer to load than the rest of the program, and most runs of the program ask nothing of the network.
+// longer to load than the rest of the program, and most runs of the program ask nothing of the
+// network.
 #include <curl/curl.h>
 
 namespace clb {

@@ -1,16 +1,17 @@
 #include "platform/ProgramFolder.h"
 
-#include "files/Folders.h"
-#include "files/Leftovers.h"
-#include "files/WholeFile.h"
-#include "platform/HelpFolder.h"
-
 #include <pwd.h>
 #include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <new>
 #include <system_error>
+
+#include "files/Folders.h"
+#include "files/Leftovers.h"
+#include "files/WholeFile.h"
+#include "platform/HelpFolder.h"
 
 namespace clb {
 namespace fs = std::filesystem;

@@ -1,9 +1,9 @@
 // The machine's clock, and one that is stopped.
 #pragma once
-#include "ports/IClock.h"
-
 #include <cstdint>
 #include <ctime>
+
+#include "ports/IClock.h"
 
 namespace clb {
 

@@ -1,6 +1,6 @@
-#include "app/Notices.h"
-
 #include <gtest/gtest.h>
+
+#include "app/Notices.h"
 
 namespace clb {
 namespace {

@@ -1,9 +1,8 @@
-#include "app/clsIni.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
+#include "app/clsIni.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/SmallDisk.h"
 

@@ -1,6 +1,6 @@
-#include "automation/AnswerQueue.h"
-
 #include <gtest/gtest.h>
+
+#include "automation/AnswerQueue.h"
 
 namespace clb {
 namespace {

@@ -1,9 +1,9 @@
 // Calls by name: arguments and results follow the types of the function that is called.
 
+#include <gtest/gtest.h>
+
 #include "automation/Bind.h"
 #include "automation/Request.h"
-
-#include <gtest/gtest.h>
 
 namespace clb {
 namespace {

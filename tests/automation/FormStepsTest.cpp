@@ -1,8 +1,8 @@
+#include <gtest/gtest.h>
+
 #include "automation/FormSteps.h"
 #include "automation/Request.h"
 #include "user/FormUser.h"
-
-#include <gtest/gtest.h>
 
 namespace clb {
 namespace {

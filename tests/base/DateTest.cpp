@@ -1,6 +1,6 @@
-#include "base/Date.h"
-
 #include <gtest/gtest.h>
+
+#include "base/Date.h"
 
 namespace clb {
 namespace {

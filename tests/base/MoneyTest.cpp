@@ -1,9 +1,8 @@
-#include "base/Money.h"
-
 #include <gtest/gtest.h>
 
 #include <limits>
 
+#include "base/Money.h"
 #include "base/RuntimeError.h"
 
 namespace clb {

@@ -1,7 +1,6 @@
-#include "base/Numeric.h"
-
 #include <gtest/gtest.h>
 
+#include "base/Numeric.h"
 #include "base/RuntimeError.h"
 
 namespace clb {

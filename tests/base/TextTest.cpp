@@ -1,6 +1,6 @@
-#include "base/Text.h"
-
 #include <gtest/gtest.h>
+
+#include "base/Text.h"
 
 namespace clb {
 namespace {

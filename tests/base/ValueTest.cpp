@@ -1,8 +1,7 @@
-#include "base/Value.h"
-
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
+#include "base/Value.h"
 
 namespace clb {
 namespace {

@@ -1,6 +1,6 @@
-#include "base/modCommon.h"
-
 #include <gtest/gtest.h>
+
+#include "base/modCommon.h"
 
 namespace clb::modCommon {
 namespace {

@@ -1,11 +1,10 @@
-#include "CommandFixture.h"
-
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
 #include <future>
 #include <set>
 
+#include "CommandFixture.h"
 #include "data/Backups.h"
 #include "engine/Backup.h"
 #include "engine/Connection.h"

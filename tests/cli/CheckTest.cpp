@@ -1,9 +1,8 @@
-#include "CommandFixture.h"
+#include <sstream>
 
+#include "CommandFixture.h"
 #include "engine/Connection.h"
 #include "platform/SystemClock.h"
-
-#include <sstream>
 
 namespace clb {
 namespace {

@@ -1,7 +1,6 @@
 // Cells that another program has filled with something that is not an amount: clb says which.
 
 #include "CommandFixture.h"
-
 #include "engine/Database.h"
 
 namespace clb {

@@ -1,7 +1,5 @@
 // Another program holds the book: a command waits for it once, not once more for each step.
 
-#include "CommandFixture.h"
-
 #include <gmock/gmock.h>
 #include <sqlite3.h>
 
@@ -9,6 +7,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "CommandFixture.h"
 #include "cli/Commands.h"
 #include "engine/Database.h"
 #include "engine/EngineError.h"

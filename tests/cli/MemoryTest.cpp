@@ -1,10 +1,10 @@
 // Too little address space for the program: it says so and stores nothing.
 
-#include "CommandFixture.h"
-
 #include <gmock/gmock.h>
 
 #include <csignal>
+
+#include "CommandFixture.h"
 
 namespace clb {
 namespace {

@@ -1,10 +1,9 @@
-#include "cli/PriceFile.h"
-
 #include <gtest/gtest.h>
 
 #include <sstream>
 
 #include "base/RuntimeError.h"
+#include "cli/PriceFile.h"
 #include "tests/support/TempFolder.h"
 
 namespace clb {

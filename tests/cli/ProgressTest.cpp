@@ -1,9 +1,9 @@
-#include "cli/Progress.h"
-
 #include <gtest/gtest.h>
 
 #include <future>
 #include <sstream>
+
+#include "cli/Progress.h"
 
 namespace clb {
 namespace {

@@ -1,7 +1,8 @@
-#include "cli/Table.h"
-
 #include <gtest/gtest.h>
+
 #include <sstream>
+
+#include "cli/Table.h"
 
 namespace clb {
 namespace {

@@ -1,9 +1,8 @@
 // If a database file cannot be used, clb says what is wrong, where, and what to do. The file stays.
 
-#include "CommandFixture.h"
-
 #include <gmock/gmock.h>
 
+#include "CommandFixture.h"
 #include "engine/Connection.h"
 #include "tests/support/SmallDisk.h"
 

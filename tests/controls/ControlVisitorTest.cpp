@@ -1,10 +1,9 @@
-#include "controls/ControlVisitor.h"
+#include <gtest/gtest.h>
 
 #include "controls/CheckList.h"
+#include "controls/ControlVisitor.h"
 #include "controls/Inputs.h"
 #include "controls/Tree.h"
-
-#include <gtest/gtest.h>
 
 namespace clb {
 namespace {

@@ -1,7 +1,6 @@
 // The grid at rest: columns, rows, groups, and the current cell.
 
 #include "controls/GridComponent.h"
-
 #include "tests/support/GridFixture.h"
 
 namespace clb {

@@ -1,5 +1,4 @@
 #include "controls/GridSource.h"
-
 #include "tests/support/GridFixture.h"
 
 namespace clb {

@@ -1,10 +1,9 @@
-#include "controls/Inputs.h"
-
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
 #include "controls/Commands.h"
 #include "controls/Form.h"
+#include "controls/Inputs.h"
 
 namespace clb {
 namespace {

@@ -1,8 +1,7 @@
-#include "controls/Tree.h"
-
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
+#include "controls/Tree.h"
 
 namespace clb {
 namespace {

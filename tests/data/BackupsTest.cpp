@@ -1,5 +1,3 @@
-#include "data/Backups.h"
-
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -9,6 +7,7 @@
 #include <future>
 #include <thread>
 
+#include "data/Backups.h"
 #include "tests/data/BackupsFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/SmallDisk.h"

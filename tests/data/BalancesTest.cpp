@@ -1,7 +1,6 @@
 // Recomputing the balances of all accounts.
 
 #include "data/Balances.h"
-
 #include "engine/EngineError.h"
 #include "tests/data/StoreFixture.h"
 

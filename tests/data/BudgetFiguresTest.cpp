@@ -1,7 +1,6 @@
 // The figures of the budget view that no table holds.
 
 #include "data/BudgetFigures.h"
-
 #include "tests/data/StoreFixture.h"
 
 namespace clb {

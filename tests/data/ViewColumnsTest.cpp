@@ -1,7 +1,6 @@
 // The names of a view's columns are in the order of its SELECT.
 
 #include "data/ViewColumns.h"
-
 #include "tests/data/StoreFixture.h"
 
 namespace clb {

@@ -1,10 +1,9 @@
 // The notice in the status bar's second panel, and the day's backup that is its first cause.
-#include "desktop/DailyBackup.h"
-
 #include <QAccessible>
 #include <QProgressBar>
 #include <QStatusBar>
 
+#include "desktop/DailyBackup.h"
 #include "desktop/NoticeLabel.h"
 #include "tests/desktop/WindowFixture.h"
 

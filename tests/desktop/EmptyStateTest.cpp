@@ -1,10 +1,9 @@
-#include "desktop/EmptyState.h"
-
 #include <gmock/gmock.h>
 
 #include <QApplication>
 #include <QPushButton>
 
+#include "desktop/EmptyState.h"
 #include "tests/desktop/WindowFixture.h"
 
 namespace clb {

@@ -1,11 +1,10 @@
 // Statements that are dropped on the window, or named at a start.
 
-#include "desktop/IncomingFiles.h"
-
 #include <QDialog>
 #include <QDropEvent>
 #include <QMimeData>
 
+#include "desktop/IncomingFiles.h"
 #include "tests/desktop/WindowFixture.h"
 
 namespace clb {

@@ -1,10 +1,9 @@
-#include "desktop/PrintWindow.h"
-
 #include <gtest/gtest.h>
 
 #include <QProcess>
 #include <QString>
 
+#include "desktop/PrintWindow.h"
 #include "grid/GridHtml.h"
 #include "tests/support/GridFixture.h"
 #include "tests/support/TempFolder.h"

@@ -1,5 +1,3 @@
-#include "desktop/RunningProgram.h"
-
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -15,6 +13,7 @@
 #include <future>
 
 #include "base/RuntimeError.h"
+#include "desktop/RunningProgram.h"
 #include "desktop/TextConvert.h"
 #include "tests/support/TempFolder.h"
 

@@ -1,11 +1,10 @@
-#include "desktop/ShellPort.h"
-
 #include <gtest/gtest.h>
 
 #include <QDesktopServices>
 #include <QTextBrowser>
 #include <array>
 
+#include "desktop/ShellPort.h"
 #include "desktop/TextConvert.h"
 #include "tests/support/TempFolder.h"
 

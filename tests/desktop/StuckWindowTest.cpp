@@ -1,12 +1,11 @@
 // The small window beside a main window that a command has left disabled.
-#include "desktop/StuckWindow.h"
-
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QWindow>
 
 #include "desktop/RestoreOffer.h"
+#include "desktop/StuckWindow.h"
 #include "engine/Database.h"
 #include "engine/EngineError.h"
 #include "tests/desktop/WindowFixture.h"

@@ -1,9 +1,8 @@
-#include "desktop/UserEvents.h"
-
 #include <gtest/gtest.h>
 
 #include <new>
 
+#include "desktop/UserEvents.h"
 #include "tests/support/Books.h"
 
 namespace clb {

@@ -1,5 +1,3 @@
-#include "desktop/WindowMemory.h"
-
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -9,6 +7,7 @@
 
 #include "desktop/GridHeader.h"
 #include "desktop/SplitHandle.h"
+#include "desktop/WindowMemory.h"
 #include "tests/desktop/WindowFixture.h"
 
 namespace clb {

@@ -1,9 +1,8 @@
-#include "engine/RowWalk.h"
-
 #include <stdexcept>
 
 #include "EngineFixture.h"
 #include "engine/Database.h"
+#include "engine/RowWalk.h"
 
 namespace clb {
 namespace {

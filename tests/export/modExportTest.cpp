@@ -1,8 +1,7 @@
-#include "export/modExport.h"
-
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
+#include "export/modExport.h"
 #include "tests/support/Books.h"
 
 namespace clb {

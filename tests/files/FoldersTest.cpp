@@ -1,10 +1,9 @@
-#include "files/Folders.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
 #include "files/FileError.h"
+#include "files/Folders.h"
 #include "files/ReadFile.h"
 #include "tests/support/TempFolder.h"
 

@@ -1,5 +1,3 @@
-#include "files/Leftovers.h"
-
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -7,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "files/Leftovers.h"
 #include "files/TemporaryFolder.h"
 #include "files/WholeFile.h"
 #include "tests/support/TempFolder.h"

@@ -1,5 +1,3 @@
-#include "files/WholeFile.h"
-
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -9,6 +7,7 @@
 
 #include "files/FileError.h"
 #include "files/ReadFile.h"
+#include "files/WholeFile.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/SmallDisk.h"
 

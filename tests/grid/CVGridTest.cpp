@@ -2,7 +2,6 @@
 // column that stays while a row is being saved.
 
 #include "grid/CVGrid.h"
-
 #include "tests/support/FakePorts.h"
 #include "tests/support/GridFixture.h"
 #include "tests/support/TempFolder.h"

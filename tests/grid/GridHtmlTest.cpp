@@ -1,7 +1,6 @@
-#include "grid/GridHtml.h"
-
 #include <gmock/gmock.h>
 
+#include "grid/GridHtml.h"
 #include "tests/support/GridFixture.h"
 
 namespace clb {

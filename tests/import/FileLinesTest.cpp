@@ -1,6 +1,6 @@
-#include "import/FileLines.h"
-
 #include <gtest/gtest.h>
+
+#include "import/FileLines.h"
 
 namespace clb {
 namespace {

@@ -1,7 +1,6 @@
-#include "import/HeldRecords.h"
-
 #include <gtest/gtest.h>
 
+#include "import/HeldRecords.h"
 #include "tests/support/Books.h"
 
 namespace clb {

@@ -1,8 +1,7 @@
-#include "import/LeftOut.h"
-
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
+#include "import/LeftOut.h"
 
 namespace clb {
 namespace {

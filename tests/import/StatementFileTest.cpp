@@ -1,9 +1,8 @@
-#include "import/StatementFile.h"
-
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
 #include "base/RuntimeError.h"
+#include "import/StatementFile.h"
 #include "tests/support/TempFolder.h"
 
 namespace clb {

@@ -1,8 +1,7 @@
-#include "import/StatementKind.h"
-
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
+#include "import/StatementKind.h"
 #include "tests/support/TempFolder.h"
 
 namespace clb {

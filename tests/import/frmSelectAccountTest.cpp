@@ -1,8 +1,7 @@
-#include "import/frmSelectAccount.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "import/frmSelectAccount.h"
 #include "tests/support/Books.h"
 #include "views/NodeTag.h"
 

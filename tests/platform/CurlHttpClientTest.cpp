@@ -1,7 +1,5 @@
 // The real network client, with servers on this machine.
 
-#include "platform/CurlHttpClient.h"
-
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -9,6 +7,7 @@
 #include <thread>
 
 #include "base/RuntimeError.h"
+#include "platform/CurlHttpClient.h"
 #include "tests/support/HttpServer.h"
 
 namespace clb {

@@ -1,11 +1,10 @@
-#include "platform/HelpFolder.h"
-
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <filesystem>
 
 #include "platform/HelpFiles.h"
+#include "platform/HelpFolder.h"
 #include "platform/ProgramFolder.h"
 #include "tests/support/TempFolder.h"
 

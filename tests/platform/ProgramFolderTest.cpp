@@ -1,9 +1,9 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
 #include "base/RuntimeError.h"
 #include "platform/ProgramFolder.h"
 #include "tests/support/TempFolder.h"
-
-#include <gtest/gtest.h>
-#include <sys/stat.h>
 
 namespace clb {
 namespace {

@@ -1,9 +1,10 @@
-#include "platform/SystemClock.h"
-
 #include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <ctime>
 #include <string>
+
+#include "platform/SystemClock.h"
 
 namespace clb {
 namespace {

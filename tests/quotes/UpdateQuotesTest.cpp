@@ -1,5 +1,3 @@
-#include "quotes/UpdateQuotes.h"
-
 #include <gtest/gtest.h>
 
 #include <deque>
@@ -7,6 +5,7 @@
 
 #include "base/RuntimeError.h"
 #include "ports/IHttpClient.h"
+#include "quotes/UpdateQuotes.h"
 #include "quotes/clsStockQuote.h"
 #include "tests/support/Books.h"
 

@@ -1,9 +1,9 @@
 // Quotes over real HTTP: holdings, the log and the message after each kind of answer.
 
+#include <cstdlib>
+
 #include "tests/scenarios/Scenario.h"
 #include "tests/support/HttpServer.h"
-
-#include <cstdlib>
 
 namespace clb {
 namespace {

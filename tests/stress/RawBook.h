@@ -1,12 +1,12 @@
 // Reads a book with the storage library alone, past the program.
 #pragma once
-#include "tests/stress/Transactions.h"
-
 #include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include "tests/stress/Transactions.h"
 
 struct sqlite3;
 

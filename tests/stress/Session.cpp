@@ -1,9 +1,9 @@
 #include "tests/stress/Session.h"
 
+#include <stdexcept>
+
 #include "base/Money.h"
 #include "ports/IMessageBox.h"
-
-#include <stdexcept>
 
 namespace clb {
 namespace {

@@ -1,14 +1,14 @@
 // The program under automation, as one of several that change a book, and what it reported.
 #pragma once
-#include "tests/stress/Transactions.h"
-#include "tests/support/AutomationClient.h"
-
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "tests/stress/Transactions.h"
+#include "tests/support/AutomationClient.h"
 
 namespace clb {
 

@@ -1,12 +1,12 @@
 // What a book holds of one transaction, and whether the reports of several programs explain it.
 #pragma once
-#include "base/Date.h"
-
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "base/Date.h"
 
 namespace clb {
 

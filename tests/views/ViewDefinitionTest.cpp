@@ -1,10 +1,9 @@
 // Every view's definition fits the rows that the data store gives it.
 
-#include "views/ViewDefinition.h"
-
 #include <gtest/gtest.h>
 
 #include "tests/support/Books.h"
+#include "views/ViewDefinition.h"
 
 namespace clb {
 namespace {
