@@ -19,7 +19,7 @@ public:
     public:
         explicit Connection(int socket) : socket_(socket) {}
         /// Returns false if the client has disconnected.
-        bool Send(std::string_view bytes) const;
+        [[nodiscard]] bool Send(std::string_view bytes) const;
         /// Waits until the client disconnects.
         void WaitForTheEnd() const;
 
