@@ -161,7 +161,9 @@ HttpServer::Answer Status(const std::string& status, const std::string& body,
 
 HttpServer::Answer Bytes(const std::string& bytes)
 {
-    return [bytes](const HttpServer::Connection& connection) { connection.Send(bytes); };
+    return [bytes](const HttpServer::Connection& connection) {
+        static_cast<void>(connection.Send(bytes));
+    };
 }
 
 HttpServer::Answer Silence()
