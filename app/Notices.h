@@ -15,7 +15,7 @@ public:
     /// is there keeps its place.
     void Set(const std::string& kind, const std::string& text);
     /// All notices, one a line, in the order in which they came; empty when there is none.
-    std::string Text() const;
+    [[nodiscard]] std::string Text() const;
     /// Raised when Text() has become another one.
     sigc::signal<void()>& Changed() { return changed_; }
 

@@ -32,20 +32,20 @@ public:
     /// file cannot be asked whether others have written.
     bool Follow();
     /// Why Follow last returned false, as a sentence.
-    const std::string& WhyRowGone() const { return whyRowGone_; }
+    [[nodiscard]] const std::string& WhyRowGone() const { return whyRowGone_; }
     /// The same of a displayed row for which RowNow returns 0. Throws EngineError.
-    std::string WhyRowGone(std::size_t row) const;
+    [[nodiscard]] std::string WhyRowGone(std::size_t row) const;
     /// Says that whoever names rows or nodes by number knows the present numbers: they were drawn,
     /// or listed.
     void RowNumbersTold();
     void NodeNumbersTold() { nodes_.clear(); }
     /// Follow is at work: what is raised meanwhile was not done by the user.
-    bool Following() const { return following_; }
+    [[nodiscard]] bool Following() const { return following_; }
 
     /// The number that a displayed row or a node of the tree has now, if it had this number when
     /// the numbers were last told. 0 if it is gone.
-    std::size_t RowNow(std::size_t row) const;
-    std::int32_t NodeNow(std::int32_t node) const;
+    [[nodiscard]] std::size_t RowNow(std::size_t row) const;
+    [[nodiscard]] std::int32_t NodeNow(std::int32_t node) const;
 
     /// Before the grid's current row is saved: takes the write lock and compares the row with what
     /// is stored. For cells that another program has changed as well, the user chooses whose stay;
@@ -55,11 +55,12 @@ public:
 private:
     void FollowTree();
     bool KeepsRow(const GridSpot& before);
-    bool HasShownAccount() const;
+    [[nodiscard]] bool HasShownAccount() const;
     bool Refuse(const char* why);
-    std::vector<std::int32_t> Disputed(const std::vector<std::int32_t>& columns) const;
-    const char* WhyAnotherRow(const std::vector<std::int32_t>& columns) const;
-    std::string Question(const std::vector<std::int32_t>& columns) const;
+    [[nodiscard]] std::vector<std::int32_t> Disputed(
+        const std::vector<std::int32_t>& columns) const;
+    [[nodiscard]] const char* WhyAnotherRow(const std::vector<std::int32_t>& columns) const;
+    [[nodiscard]] std::string Question(const std::vector<std::int32_t>& columns) const;
 
     frmController& window_;
     IMessageBox& messages_;

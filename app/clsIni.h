@@ -16,18 +16,18 @@ namespace clb {
 class clsIni {
 public:
     /// Full path of the file that all operations work on; empty until set.
-    const std::string& INIFile() const { return file_; }
+    [[nodiscard]] const std::string& INIFile() const { return file_; }
     void INIFile(const std::string& path) { file_ = path; }
 
     void WriteString(const std::string& section, const std::string& key, const std::string& value);
     void WriteLong(const std::string& section, const std::string& key, std::int32_t value);
     /// The default when file, section or key are missing.
-    std::string GetString(const std::string& section, const std::string& key,
-                          const std::string& fallback = "") const;
+    [[nodiscard]] std::string GetString(const std::string& section, const std::string& key,
+                                        const std::string& fallback = "") const;
     /// The number that the value begins with, 0 for another text; the default when the key is
     /// missing.
-    std::int32_t GetLong(const std::string& section, const std::string& key,
-                         std::int32_t fallback) const;
+    [[nodiscard]] std::int32_t GetLong(const std::string& section, const std::string& key,
+                                       std::int32_t fallback) const;
 
 private:
     std::string file_;

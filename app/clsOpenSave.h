@@ -33,7 +33,7 @@ public:
     std::string DefaultExt;
 
     /// Pairs of description and pattern, divided by "|"; an end without "|" gets one.
-    std::string Filter() const;
+    [[nodiscard]] std::string Filter() const;
     void Filter(const std::string& pairs);
 
     /// Asks for a file to open, or to save to. False when the user cancels; nothing has changed

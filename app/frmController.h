@@ -49,7 +49,7 @@ public:
     void Load();
     /// Releases the view and the data store; the program ends. The window cannot be loaded again.
     void Unload();
-    bool Loaded() const { return loaded_; }
+    [[nodiscard]] bool Loaded() const { return loaded_; }
     /// Makes durable what was written, if it is loaded; front ends call it after each command.
     /// Where writing failed the window shows what the file holds again. Throws EngineError.
     void Settle();
@@ -61,7 +61,7 @@ public:
     /// Lays the controls out for the inner size in pixels.
     void Resize(std::int32_t width, std::int32_t height);
     /// Width of the tree in pixels; resizing keeps it. Writing gives the grid the rest.
-    std::int32_t TreeWidth() const { return metrics_.treeWidth; }
+    [[nodiscard]] std::int32_t TreeWidth() const { return metrics_.treeWidth; }
     void TreeWidth(std::int32_t pixels);
     /// Shows the next month (+1) or the one before (-1).
     void StepMonth(std::int32_t direction);
@@ -90,15 +90,15 @@ public:
     /// Shows that in the notices.
     void ShowBalanceNotice() { notices.Set("balances", BalanceNotice()); }
     /// Path of the settings file.
-    std::string SettingsFile() const { return ports_.folder + "/cvlb.ini"; }
+    [[nodiscard]] std::string SettingsFile() const { return ports_.folder + "/cvlb.ini"; }
     /// Scheme, host and port of the quote service: the one given with the ports, else the settings
     /// file's "QuoteService", else the local one of "clb quote-server".
-    std::string QuoteService() const;
-    const Ports& Outside() const { return ports_; }
+    [[nodiscard]] std::string QuoteService() const;
+    [[nodiscard]] const Ports& Outside() const { return ports_; }
 
     // IImportHost; some of them serve the quotes as well
     std::string AskForFile(std::int32_t flags, const std::string& filter) override;
-    std::string StatusText() const override;
+    [[nodiscard]] std::string StatusText() const override;
     void StatusText(const std::string& text) override;
     void Repaint() override;
     void WindowEnabled(bool enabled) override;
@@ -164,7 +164,7 @@ private:
     void RowDeleted();
     void UpdateShownBalance();
     void WatchShownBalance();
-    bool ListsAccounts() const;
+    [[nodiscard]] bool ListsAccounts() const;
     void ToolbarPressed(const std::string& key);
     void ImportCommand();
     void QuotesCommand();

@@ -59,7 +59,7 @@ public:
         return std::apply(std::forward<Function>(function), values_);
     }
 
-    Json ToJson() const
+    [[nodiscard]] Json ToJson() const
     {
         Json json = Json::array();
         std::apply([&json](const auto&... values) { (json.push_back(Written(values)), ...); },

@@ -83,7 +83,7 @@ private:
 class ScriptedPointer : public IPointer {
 public:
     explicit ScriptedPointer(EventLog& log) : log_(log) {}
-    std::int32_t Pointer() const override { return code_; }
+    [[nodiscard]] std::int32_t Pointer() const override { return code_; }
     void Pointer(std::int32_t code) override;
 
 private:

@@ -26,17 +26,17 @@ public:
     /// "yyyy-mm-dd", or "yyyy-mm-dd hh:mm:ss" ("T" for the blank too); nothing for other texts.
     static std::optional<Date> FromIso(std::string_view text);
 
-    std::int32_t Days() const { return days_; }
-    std::int32_t Seconds() const { return seconds_; }
-    int Year() const;
-    int Month() const;  ///< 1 to 12
-    int Day() const;    ///< 1 to 31
-    int Hour() const { return seconds_ / 3600; }
-    int Minute() const { return seconds_ / 60 % 60; }
-    int Second() const { return seconds_ % 60; }
+    [[nodiscard]] std::int32_t Days() const { return days_; }
+    [[nodiscard]] std::int32_t Seconds() const { return seconds_; }
+    [[nodiscard]] int Year() const;
+    [[nodiscard]] int Month() const;  ///< 1 to 12
+    [[nodiscard]] int Day() const;    ///< 1 to 31
+    [[nodiscard]] int Hour() const { return seconds_ / 3600; }
+    [[nodiscard]] int Minute() const { return seconds_ / 60 % 60; }
+    [[nodiscard]] int Second() const { return seconds_ % 60; }
 
     /// "yyyy-mm-dd", with " hh:mm:ss" only when it is not midnight.
-    std::string ToIso() const;
+    [[nodiscard]] std::string ToIso() const;
 
     friend constexpr auto operator<=>(const Date&, const Date&) = default;
 
@@ -67,9 +67,9 @@ struct Month {
 
     /// The month before; before January comes December of the year before. Throws Overflow() where
     /// there is no such year.
-    Month Previous() const;
+    [[nodiscard]] Month Previous() const;
     /// The month after; after December comes January of the next year. Throws as Previous.
-    Month Next() const;
+    [[nodiscard]] Month Next() const;
     friend constexpr auto operator<=>(const Month&, const Month&) = default;
 };
 

@@ -7,7 +7,10 @@ namespace clb {
 /// takes it for a failure of its own: what it wrote is taken back on the way out.
 class Interrupted : public std::exception {
 public:
-    const char* what() const noexcept override { return "The program was told to end."; }
+    [[nodiscard]] const char* what() const noexcept override
+    {
+        return "The program was told to end.";
+    }
 };
 
 /// How soon a command is broken off. Anywhere: also in the middle of a statement. AtMarks: only

@@ -28,21 +28,21 @@ public:
     /// As Parse; nothing when the text is not numeric. Throws Overflow() beyond the range.
     static std::optional<Money> TryParse(std::string_view text);
 
-    constexpr std::int64_t Scaled() const { return scaled_; }
-    double ToDouble() const { return static_cast<double>(scaled_) / 10000.0; }
-    constexpr bool IsZero() const { return scaled_ == 0; }
-    constexpr bool IsNegative() const { return scaled_ < 0; }
+    [[nodiscard]] constexpr std::int64_t Scaled() const { return scaled_; }
+    [[nodiscard]] double ToDouble() const { return static_cast<double>(scaled_) / 10000.0; }
+    [[nodiscard]] constexpr bool IsZero() const { return scaled_ == 0; }
+    [[nodiscard]] constexpr bool IsNegative() const { return scaled_ < 0; }
 
     /// Plain decimal without grouping or trailing zeros: "-45.5", "100", "0".
-    std::string ToText() const;
+    [[nodiscard]] std::string ToText() const;
     /// Two decimals with digit grouping, half away from zero: "1,234.50", "-0.01".
     /// What rounds to nothing has no sign.
-    std::string Grouped() const;
+    [[nodiscard]] std::string Grouped() const;
     /// "$" and two decimals without grouping, half away from zero: "$45.50", "-$45.50".
-    std::string Dollars() const;
+    [[nodiscard]] std::string Dollars() const;
 
     /// Half of the amount, rounded half to even to two decimals.
-    Money HalfToCents() const;
+    [[nodiscard]] Money HalfToCents() const;
 
     friend Money operator+(Money a, Money b);
     friend Money operator-(Money a, Money b);

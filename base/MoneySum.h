@@ -19,7 +19,7 @@ public:
         return *this;
     }
     /// Throws Overflow() if Money cannot hold the sum.
-    Money Total() const
+    [[nodiscard]] Money Total() const
     {
         using Range = std::numeric_limits<std::int64_t>;
         if (scaled_ < Range::min() || scaled_ > Range::max())

@@ -21,8 +21,8 @@ public:
     static std::optional<Numeric> Read(std::string_view text);
 
     /// The value times 10^decimals, half to even. Throws Overflow() beyond 64 bits.
-    std::int64_t Scaled(int decimals) const;
-    double ToDouble() const;
+    [[nodiscard]] std::int64_t Scaled(int decimals) const;
+    [[nodiscard]] double ToDouble() const;
 
     /// "1234567" becomes "1,234,567"; takes digits only.
     static std::string GroupDigits(std::string digits);

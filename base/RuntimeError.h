@@ -12,7 +12,7 @@ public:
         : std::runtime_error(message), number_(number)
     {
     }
-    std::int32_t Number() const { return number_; }
+    [[nodiscard]] std::int32_t Number() const { return number_; }
 
 private:
     std::int32_t number_;

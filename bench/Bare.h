@@ -43,10 +43,13 @@ public:
         return value;
     }
 
-    int Columns() const { return sqlite3_column_count(raw_.get()); }
-    std::int64_t Integer(int column) const { return sqlite3_column_int64(raw_.get(), column); }
+    [[nodiscard]] int Columns() const { return sqlite3_column_count(raw_.get()); }
+    [[nodiscard]] std::int64_t Integer(int column) const
+    {
+        return sqlite3_column_int64(raw_.get(), column);
+    }
     /// Holds until the next step.
-    std::string_view Text(int column) const
+    [[nodiscard]] std::string_view Text(int column) const
     {
         const auto* text = sqlite3_column_text(raw_.get(), column);
         if (!text)

@@ -15,7 +15,7 @@ public:
     /// Borrows the database. The register is that of one account's month.
     BareSaving(BareDatabase& database, std::string account, Month month);
 
-    std::size_t Rows() const { return rows_.size(); }
+    [[nodiscard]] std::size_t Rows() const { return rows_.size(); }
     /// Gives a row, from 0 in the register's order, another amount and makes that durable: the
     /// account's balance and the balance at the month's end follow. Returns the latter; amounts in
     /// 1/10000 units.

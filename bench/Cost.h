@@ -25,7 +25,7 @@ Cost RunProgram(const std::vector<std::string>& command);
 class Stopwatch {
 public:
     Stopwatch();
-    Cost Elapsed() const;
+    [[nodiscard]] Cost Elapsed() const;
 
 private:
     std::chrono::steady_clock::time_point wall_;

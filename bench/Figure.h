@@ -21,7 +21,7 @@ struct Figure {
     /// Ours up to here is good enough whatever the ratio, in units; 0: the ratio alone counts.
     double enough = 0;
 
-    bool Over() const { return ratio > limit && (enough == 0 || ours > enough); }
+    [[nodiscard]] bool Over() const { return ratio > limit && (enough == 0 || ours > enough); }
 };
 
 /// Costs measured alternately: ours and the reference of one round belong together.

@@ -13,14 +13,17 @@ public:
     WorkFolder(const WorkFolder&) = delete;
     WorkFolder& operator=(const WorkFolder&) = delete;
 
-    std::string Path(const std::string& name) const { return (path_ / name).string(); }
+    [[nodiscard]] std::string Path(const std::string& name) const
+    {
+        return (path_ / name).string();
+    }
     /// Makes a program folder of that name with the delivered database, in place of an earlier one;
     /// returns its path.
-    std::string Deliver(const std::string& name) const;
+    [[nodiscard]] std::string Deliver(const std::string& name) const;
     /// Waits until everything written is on the disk, so that it does not weigh on what comes next.
     void Flush() const;
     /// Where it is and on what: "/var/tmp/clb-bench-Xy12 (ext4)". Memory is pointed out.
-    std::string Description() const;
+    [[nodiscard]] std::string Description() const;
 
 private:
     std::filesystem::path path_;

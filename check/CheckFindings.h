@@ -34,7 +34,7 @@ public:
     void Add(Finding finding);
     /// Adds the other list's at the end; it is empty afterwards.
     void Append(FindingList& other);
-    bool Has(const std::string& kind, const std::string& table) const;
+    [[nodiscard]] bool Has(const std::string& kind, const std::string& table) const;
     std::vector<Finding> Take();
 
 private:

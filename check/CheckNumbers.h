@@ -30,7 +30,7 @@ public:
     CheckNumbers(RawSql& raw, FindingList& findings);
 
     /// In the order of the rows. Empty also when there are not enough numbers left.
-    const std::vector<NewNumber>& NewNumbers() const { return newNumbers_; }
+    [[nodiscard]] const std::vector<NewNumber>& NewNumbers() const { return newNumbers_; }
 
 private:
     struct Group;

@@ -21,7 +21,7 @@ struct RowGroup {
 
     void Add(std::int64_t rowId, std::optional<std::int64_t> sequence);
     /// "number 5" or "numbers 5 to 17".
-    std::string Numbers() const;
+    [[nodiscard]] std::string Numbers() const;
 };
 
 /// The sum of one account's rows, without limits while it is made.
@@ -32,9 +32,9 @@ public:
     void Subtract(std::int64_t scaled) { sum_ -= scaled; }
     /// One of the rows holds something that is not an amount.
     void Spoil() { spoilt_ = true; }
-    bool Spoilt() const { return spoilt_; }
+    [[nodiscard]] bool Spoilt() const { return spoilt_; }
     /// Nothing when it is more than an amount can be.
-    std::optional<Money> Total() const;
+    [[nodiscard]] std::optional<Money> Total() const;
 
 private:
     __extension__ using Wide = __int128;
@@ -63,25 +63,28 @@ public:
     void Run();
 
     /// The rows by account number; the rows without one under nothing.
-    const std::map<std::optional<std::string>, AccountRows>& ByAccount() const { return accounts_; }
+    [[nodiscard]] const std::map<std::optional<std::string>, AccountRows>& ByAccount() const
+    {
+        return accounts_;
+    }
     /// The rows by month and category, where the table has these.
-    const std::map<BudgetPlace, RowGroup>& ByPlace() const { return places_; }
+    [[nodiscard]] const std::map<BudgetPlace, RowGroup>& ByPlace() const { return places_; }
     /// Rows booked to months that do not exist.
     FindingList& Months() { return months_; }
 
 private:
-    int Place(const char* column) const;
-    std::string Sql() const;
+    [[nodiscard]] int Place(const char* column) const;
+    [[nodiscard]] std::string Sql() const;
     void TakeRow(const RawSql::Row& row);
     void CheckCell(const RawSql::Row& row, int at, const ColumnInfo& column);
     void CheckNumber(const RawSql::Row& row);
-    std::string StatementFor(const RawSql::Row& row, int at) const;
-    const ColumnInfo& Column(int at) const;
+    [[nodiscard]] std::string StatementFor(const RawSql::Row& row, int at) const;
+    [[nodiscard]] const ColumnInfo& Column(int at) const;
     void AddToAccount(const RawSql::Row& row);
     void AddAmount(const RawSql::Row& row, RowSum& sum) const;
     void AddToPlace(const RawSql::Row& row);
-    std::string Name(const RawSql::Row& row) const;
-    std::optional<std::int64_t> Sequence(const RawSql::Row& row) const;
+    [[nodiscard]] std::string Name(const RawSql::Row& row) const;
+    [[nodiscard]] std::optional<std::int64_t> Sequence(const RawSql::Row& row) const;
 
     RawSql& raw_;
     const TableInfo& expected_;

@@ -27,7 +27,7 @@ public:
     /// The delivered declaration of a table; null when the program has no such table.
     const TableInfo* Expected(const std::string& table) { return delivered_.Find(table); }
     /// What would make the missing indexes and triggers, in the storage's SQL; after FindHelpers.
-    const std::vector<std::string>& Missing() const { return missing_; }
+    [[nodiscard]] const std::vector<std::string>& Missing() const { return missing_; }
 
 private:
     struct Helper {

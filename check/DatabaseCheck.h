@@ -35,7 +35,7 @@ struct RepairPlan {
     std::vector<std::string> schema;  ///< makes missing indexes and triggers, in the storage's SQL
     std::vector<BudgetLine> budgetLines;
 
-    bool Empty() const
+    [[nodiscard]] bool Empty() const
     {
         return balances.empty() && numbers.empty() && schema.empty() && budgetLines.empty();
     }
@@ -50,9 +50,9 @@ public:
     explicit DatabaseCheck(RawSql& raw);
 
     /// 0: the file has never had one.
-    std::int16_t SchemaVersion() const { return version_; }
+    [[nodiscard]] std::int16_t SchemaVersion() const { return version_; }
     FindingList& Findings() { return findings_; }
-    const RepairPlan& Plan() const { return plan_; }
+    [[nodiscard]] const RepairPlan& Plan() const { return plan_; }
 
 private:
     struct Account {
@@ -77,7 +77,7 @@ private:
     bool IsNoticedList(const TableInfo& list);
     void FindCategories();
     void AddCategory(const BudgetPlace& place, const RowGroup& rows);
-    std::string DescriptionOf(const std::string& number) const;
+    [[nodiscard]] std::string DescriptionOf(const std::string& number) const;
 
     RawSql& raw_;
     std::int16_t version_ = 0;

@@ -51,7 +51,7 @@ public:
 
 class ConsolePointer : public IPointer {
 public:
-    std::int32_t Pointer() const override { return code_; }
+    [[nodiscard]] std::int32_t Pointer() const override { return code_; }
     void Pointer(std::int32_t code) override { code_ = code; }
 
 private:

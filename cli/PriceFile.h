@@ -42,8 +42,8 @@ public:
 
 private:
     void ReadAgain();
-    std::optional<std::string> Load() const;
-    std::string Report(const std::vector<std::string>& mistakes) const;
+    [[nodiscard]] std::optional<std::string> Load() const;
+    [[nodiscard]] std::string Report(const std::vector<std::string>& mistakes) const;
 
     std::string path_;
     std::ostream& complaints_;

@@ -15,8 +15,8 @@ public:
     CheckList(std::string name, std::vector<std::string> columns);
     void Accept(ControlVisitor& visitor) override;
     /// Captions of the columns.
-    const std::vector<std::string>& Columns() const { return columns_; }
-    const std::vector<std::vector<Value>>& Rows() const { return rows_; }
+    [[nodiscard]] const std::vector<std::string>& Columns() const { return columns_; }
+    [[nodiscard]] const std::vector<std::vector<Value>>& Rows() const { return rows_; }
     /// Adds a row; the first value is the check.
     void Add(std::vector<Value> row);
     /// Ticks or unticks a row, numbered from 1. Throws RuntimeError (SubscriptOutOfRange) if there

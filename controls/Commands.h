@@ -13,8 +13,8 @@ class MenuItem : public Control {
 public:
     /// A command; a caption "-" makes a separator.
     MenuItem(std::string name, std::string caption);
-    const std::string& Caption() const { return caption_; }
-    bool Separator() const { return caption_ == "-"; }
+    [[nodiscard]] const std::string& Caption() const { return caption_; }
+    [[nodiscard]] bool Separator() const { return caption_ == "-"; }
     /// Runs the command, if it is enabled.
     void Press();
     Event<void()> Click() { return click_; }
@@ -28,9 +28,9 @@ private:
 class Menu : public Control {
 public:
     Menu(std::string name, std::string caption);
-    const std::string& Caption() const { return caption_; }
+    [[nodiscard]] const std::string& Caption() const { return caption_; }
     MenuItem& Add(const std::string& name, const std::string& caption);
-    const std::deque<MenuItem>& Items() const { return items_; }
+    [[nodiscard]] const std::deque<MenuItem>& Items() const { return items_; }
     std::deque<MenuItem>& Items() { return items_; }
 
 private:
@@ -42,7 +42,7 @@ private:
 class MenuBar : public Control {
 public:
     using Control::Control;
-    bool TakesFocus() const override { return false; }
+    [[nodiscard]] bool TakesFocus() const override { return false; }
     Menu& Add(const std::string& name, const std::string& caption);
     std::deque<Menu>& Menus() { return menus_; }
     /// nullptr if no menu has such an item.
@@ -56,16 +56,16 @@ private:
 class Toolbar : public Control {
 public:
     using Control::Control;
-    bool TakesFocus() const override { return false; }
+    [[nodiscard]] bool TakesFocus() const override { return false; }
     struct Button {
         std::string key;
         std::string tip;
         bool enabled = true;
     };
     void Add(const std::string& key, const std::string& tip);
-    const std::vector<Button>& Buttons() const { return buttons_; }
+    [[nodiscard]] const std::vector<Button>& Buttons() const { return buttons_; }
     /// nullptr if there is no such button.
-    const Button* Find(const std::string& key) const;
+    [[nodiscard]] const Button* Find(const std::string& key) const;
     /// Throws RuntimeError (ElementNotFound) for an unknown key.
     void ButtonEnabled(const std::string& key, bool enabled);
     /// Presses a button, if it is enabled.

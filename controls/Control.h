@@ -30,14 +30,14 @@ public:
     /// Hands the control to the visitor as the kind that it is.
     virtual void Accept(ControlVisitor& visitor);
 
-    const std::string& Name() const { return name_; }
+    [[nodiscard]] const std::string& Name() const { return name_; }
 
-    bool Enabled() const { return enabled_; }
+    [[nodiscard]] bool Enabled() const { return enabled_; }
     void Enabled(bool enabled);
     /// Whether the user can give it the focus. Labels and bars never take it.
-    virtual bool TakesFocus() const { return enabled_; }
+    [[nodiscard]] virtual bool TakesFocus() const { return enabled_; }
 
-    const Bounds& Place() const { return place_; }
+    [[nodiscard]] const Bounds& Place() const { return place_; }
     void Place(const Bounds& place);
 
     /// Asks whether the control may lose the focus (Validate): false if a handler keeps it there.

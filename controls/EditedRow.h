@@ -20,27 +20,30 @@ public:
     void Clear();
 
     /// The row has unsaved changes.
-    bool Dirty() const { return dirty_; }
+    [[nodiscard]] bool Dirty() const { return dirty_; }
     /// The value that would be saved; null if the column has no cell.
-    Value Cell(std::int32_t column) const;
+    [[nodiscard]] Value Cell(std::int32_t column) const;
     /// Changes a cell. Throws std::out_of_range if the column has none.
     void Write(std::int32_t column, Value value);
     /// Whether the cell was changed.
-    bool Typed(std::int32_t column) const { return changed_.at(Index(column)); }
+    [[nodiscard]] bool Typed(std::int32_t column) const { return changed_.at(Index(column)); }
     /// The value that is stored, as far as it was read.
-    const Value& Stored(std::int32_t column) const { return stored_.at(Index(column)); }
+    [[nodiscard]] const Value& Stored(std::int32_t column) const
+    {
+        return stored_.at(Index(column));
+    }
     /// Gives up the change of a cell.
     void TakeStored(std::int32_t column);
     /// The changes of updatable columns, for the source.
-    std::vector<IGridSource::Change> Changes(const GridColumns& columns) const;
+    [[nodiscard]] std::vector<IGridSource::Change> Changes(const GridColumns& columns) const;
     /// Takes what is stored now into the cells that were not changed. Returns the updatable columns
     /// whose stored value is another one than before.
     std::vector<std::int32_t> Follow(const GridRows& rows, std::size_t row,
                                      const GridColumns& columns);
 
     /// Row key, and unseen identity of the stored row, as they were when the row was loaded.
-    const Value& Key() const { return key_; }
-    std::size_t Identity() const { return identity_; }
+    [[nodiscard]] const Value& Key() const { return key_; }
+    [[nodiscard]] std::size_t Identity() const { return identity_; }
 
 private:
     static std::size_t Index(std::int32_t column) { return static_cast<std::size_t>(column - 1); }

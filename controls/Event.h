@@ -19,7 +19,7 @@ public:
     }
 
     /// Whether nobody is connected.
-    bool empty() const { return signal_->empty(); }
+    [[nodiscard]] bool empty() const { return signal_->empty(); }
 
 private:
     sigc::signal<Signature>* signal_;

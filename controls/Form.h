@@ -26,34 +26,34 @@ public:
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
 
-    const std::string& Name() const { return name_; }
-    const std::string& Caption() const { return caption_; }
+    [[nodiscard]] const std::string& Name() const { return name_; }
+    [[nodiscard]] const std::string& Caption() const { return caption_; }
     void Caption(const std::string& caption);
-    bool Enabled() const { return enabled_; }
+    [[nodiscard]] bool Enabled() const { return enabled_; }
     /// A disabled window accepts no input from the user.
     void Enabled(bool enabled);
 
     void Add(Control& control) { controls_.push_back(&control); }
-    const std::vector<Control*>& Controls() const { return controls_; }
+    [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }
     /// nullptr if there is none of that name.
-    Control* Find(const std::string& name) const;
+    [[nodiscard]] Control* Find(const std::string& name) const;
 
     /// Control with the focus; nullptr if none has it.
-    Control* Focus() const { return focus_; }
+    [[nodiscard]] Control* Focus() const { return focus_; }
     /// Moves the focus. The control that has it is asked first (Validate); if it refuses, the focus
     /// stays and the result is false. Does nothing if the control has the focus already.
     bool Focus(Control& control);
 
     /// The button that Enter presses, and the one that Escape and closing the window press.
-    Button* DefaultButton() const { return defaultButton_; }
+    [[nodiscard]] Button* DefaultButton() const { return defaultButton_; }
     void DefaultButton(Button& button) { defaultButton_ = &button; }
-    Button* CancelButton() const { return cancelButton_; }
+    [[nodiscard]] Button* CancelButton() const { return cancelButton_; }
     void CancelButton(Button& button) { cancelButton_ = &button; }
 
     /// Shows the form and waits until it is hidden.
     void ShowModal(IModalHost& host);
     void Hide();
-    bool Visible() const { return visible_; }
+    [[nodiscard]] bool Visible() const { return visible_; }
 
     /// Draws all changes so far at once.
     void Refresh() { repaint_.emit(); }

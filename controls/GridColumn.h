@@ -63,33 +63,33 @@ struct GridColumn {
     std::optional<GridPopup> popup;
     std::vector<GridValueItem> valueItems;
 
-    bool Calculated() const { return dbField.empty(); }
+    [[nodiscard]] bool Calculated() const { return dbField.empty(); }
     /// Whether the texts of the cells, or the caption, are on the right: those of numbers are.
-    bool StandsRight() const;
-    bool HeadingStandsRight() const;
+    [[nodiscard]] bool StandsRight() const;
+    [[nodiscard]] bool HeadingStandsRight() const;
 };
 
 /// The columns of a grid, numbered from 1, and the order in which they are shown.
 class GridColumns {
 public:
-    std::int32_t Count() const { return static_cast<std::int32_t>(columns_.size()); }
+    [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(columns_.size()); }
     /// Throws RuntimeError (SubscriptOutOfRange) if there is no such column.
     GridColumn& Item(std::int32_t index);
-    const GridColumn& Item(std::int32_t index) const;
+    [[nodiscard]] const GridColumn& Item(std::int32_t index) const;
     /// Adds a column after the others; returns its number.
     std::int32_t Add(GridColumn column);
     void Clear();
 
     /// Place of a column among all columns from the left, hidden ones included, from 1.
-    std::int32_t Position(std::int32_t index) const;
+    [[nodiscard]] std::int32_t Position(std::int32_t index) const;
     /// Moves a column to a place; the columns between move by one.
     void Position(std::int32_t index, std::int32_t place);
     /// Numbers of all columns from the left.
-    const std::vector<std::int32_t>& Displayed() const { return order_; }
+    [[nodiscard]] const std::vector<std::int32_t>& Displayed() const { return order_; }
     /// Number of the column with the key; 0 if there is none.
-    std::int32_t Find(const std::string& key) const;
+    [[nodiscard]] std::int32_t Find(const std::string& key) const;
     /// Left edge of a shown column in pixels from that of the first column; 0 for a hidden one.
-    std::int32_t Left(std::int32_t index) const;
+    [[nodiscard]] std::int32_t Left(std::int32_t index) const;
 
 private:
     std::vector<GridColumn> columns_;

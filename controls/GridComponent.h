@@ -31,10 +31,10 @@ public:
     /// that cannot be read leaves the grid as RefetchRows does.
     void ReadRowsAnew();
     /// Where the row was that was reported with this number and is gone now.
-    const GridSpot& ReportedSpot(std::size_t row) const { return reported_.At(row); }
+    [[nodiscard]] const GridSpot& ReportedSpot(std::size_t row) const { return reported_.At(row); }
     /// The number that a row has now, if it had this number when the numbers were last reported:
     /// ReadRowsAnew may have moved it since. 0 if the row is gone.
-    std::size_t RowNow(std::size_t row) const { return reported_.Now(Rows(), row); }
+    [[nodiscard]] std::size_t RowNow(std::size_t row) const { return reported_.Now(Rows(), row); }
     /// The present row numbers were reported: from now on a number means the row that has it now.
     void NumbersReported() { reported_.Forget(); }
 
@@ -48,9 +48,12 @@ public:
     /// them; the others keep what was typed. Rows that are not data are never changed.
     Meanwhile RereadRow();
     /// Whether the cell of the current row holds a value that is not saved yet.
-    bool Typed(std::int32_t column) const { return edited_.Typed(column); }
+    [[nodiscard]] bool Typed(std::int32_t column) const { return edited_.Typed(column); }
     /// What is stored in the cell of the current row, as far as it was read.
-    const Value& StoredValue(std::int32_t column) const { return edited_.Stored(column); }
+    [[nodiscard]] const Value& StoredValue(std::int32_t column) const
+    {
+        return edited_.Stored(column);
+    }
     /// Gives up what was typed into the cell: it holds the stored value again.
     void TakeStored(std::int32_t column);
 
@@ -59,8 +62,8 @@ public:
     bool Fold(std::size_t row, bool folded);
 
     /// Displayed row and column of the current cell; row 0 if there are no rows at all.
-    std::size_t Row() const { return row_; }
-    std::int32_t Col() const { return col_; }
+    [[nodiscard]] std::size_t Row() const { return row_; }
+    [[nodiscard]] std::int32_t Col() const { return col_; }
     /// Makes another column of the row current; an open cell edit ends first. Throws RuntimeError
     /// (SubscriptOutOfRange) if there is no such column.
     virtual void Col(std::int32_t column);
@@ -71,7 +74,7 @@ public:
     /// (ElementNotFound) if no row has it.
     void MoveToRowKey(const Value& key);
     /// Where the current cell is, to come back to after the rows were read again.
-    GridSpot CurrentSpot() const
+    [[nodiscard]] GridSpot CurrentSpot() const
     {
         return SpotOf(Rows(), row_, col_, edited_.Key(), edited_.Identity());
     }
@@ -90,7 +93,7 @@ public:
     void ColumnValue(std::int32_t column, const Value& value);
     Value CellValue(std::size_t row, std::int32_t column) override;
 
-    bool Editing() const { return editing_; }
+    [[nodiscard]] bool Editing() const { return editing_; }
     /// true opens the current cell for editing (false if it refuses: read-only, a heading, or a
     /// handler cancelled); false ends the edit (false if the text cannot be read as the column's
     /// type; the cell then stays in edit). Opening asks for the focus.
@@ -98,26 +101,26 @@ public:
     /// Opens the current cell; key is the character that began the edit, 0 for none.
     bool BeginEdit(std::int16_t key);
     /// The text being typed into the cell in edit.
-    const std::string& EditText() const { return editText_; }
+    [[nodiscard]] const std::string& EditText() const { return editText_; }
     void EditText(const std::string& text);
     /// The typed text as a date; nothing if it is not one.
-    std::optional<Date> TypedDate() const { return Texts().ReadDate(editText_); }
+    [[nodiscard]] std::optional<Date> TypedDate() const { return Texts().ReadDate(editText_); }
     /// Takes the typed text into the row. False if the column's type does not hold it: Refusal then
     /// says why, and the cell stays in edit.
     bool EndEdit();
-    const std::string& Refusal() const { return refusal_; }
+    [[nodiscard]] const std::string& Refusal() const { return refusal_; }
     /// Whether the cell in edit is the one to correct: its text or its row was refused, and it has
     /// not been typed into since.
-    bool Marked() const { return editing_ && marked_; }
+    [[nodiscard]] bool Marked() const { return editing_ && marked_; }
     /// Forgets the typed text and ends the cell's edit.
     void CancelEdit();
     /// As the Escape key: gives up the cell's edit, and the second time the row's changes;
     /// RowRestored is raised then.
     void Escape();
     /// Whether the column's cell can be opened in the current row.
-    bool Editable(std::int32_t column) const;
+    [[nodiscard]] bool Editable(std::int32_t column) const;
     /// The row has unsaved changes.
-    bool Dirty() const { return edited_.Dirty(); }
+    [[nodiscard]] bool Dirty() const { return edited_.Dirty(); }
     /// Saves the row's changes. True if there was nothing to save or it was saved; false if a
     /// handler of BeforeUpdate refused it. Throws EngineError; the row then keeps its changes.
     bool Update();

@@ -20,7 +20,7 @@ public:
     GridContent(std::string name, const IDateForm& dates);
 
     GridColumns& Columns() { return columns_; }
-    const GridColumns& Columns() const { return columns_; }
+    [[nodiscard]] const GridColumns& Columns() const { return columns_; }
     GridGroups& Groups() { return groups_; }
     GridStyles& Styles() { return styles_; }
     GridRows& Rows()
@@ -28,13 +28,13 @@ public:
         Freshen();
         return rows_;
     }
-    const GridRows& Rows() const { return rows_; }
+    [[nodiscard]] const GridRows& Rows() const { return rows_; }
 
     /// Binds the rows of an open result set: one column for each field, captioned with its name; no
     /// groups; the first data row and column 1 current. nullptr leaves the grid empty.
     void DataSource(Recordset* records);
     /// Whether it is bound to rows that can be read.
-    bool Bound() const { return source_ && source_->IsOpen(); }
+    [[nodiscard]] bool Bound() const { return source_ && source_->IsOpen(); }
     /// Rows in memory to show instead of a result set.
     GridArray& Array() { return array_; }
     /// Applies groups that were added after binding to the displayed rows.
@@ -45,13 +45,13 @@ public:
     void ResizeColumn(std::int32_t column, std::int32_t pixels);
     static constexpr std::int32_t LeastWidth = 24;
 
-    bool Redraw() const { return redraw_; }
+    [[nodiscard]] bool Redraw() const { return redraw_; }
     void Redraw(bool on);
     /// 0: no cell tips, 2: fetched through FetchCellTip.
-    std::int32_t CellTips() const { return cellTips_; }
+    [[nodiscard]] std::int32_t CellTips() const { return cellTips_; }
     void CellTips(std::int32_t mode) { cellTips_ = mode; }
     /// Milliseconds that the pointer rests on a cell before its tip shows.
-    std::int32_t TipDelay() const { return tipDelay_; }
+    [[nodiscard]] std::int32_t TipDelay() const { return tipDelay_; }
     void TipDelay(std::int32_t milliseconds) { tipDelay_ = milliseconds; }
 
     /// Value of a cell of any displayed row, unsaved changes included; null in rows that are not
@@ -59,7 +59,7 @@ public:
     virtual Value CellValue(std::size_t row, std::int32_t column);
     /// The cell as shown; see GridText.
     std::string CellText(std::size_t row, std::int32_t column);
-    std::string ShownText(const Value& value, std::int32_t column) const;
+    [[nodiscard]] std::string ShownText(const Value& value, std::int32_t column) const;
     /// Text of a group's footer row.
     std::string FooterText(std::size_t row);
     /// Tip of a cell; nothing if tips are off, the row is not a data row, or there is no text.
@@ -102,7 +102,7 @@ protected:
     /// Reads the source again. If it cannot be read the grid is empty and unbound, and its error is
     /// thrown.
     void RequeryOrUnbind();
-    const GridText& Texts() const { return texts_; }
+    [[nodiscard]] const GridText& Texts() const { return texts_; }
 
 private:
     void Bind(IGridSource* source);

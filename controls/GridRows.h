@@ -24,41 +24,41 @@ public:
     /// Reads the rows from the source again; folded groups stay folded.
     void Rebuild();
 
-    std::size_t Count() const { return rows_.size(); }
+    [[nodiscard]] std::size_t Count() const { return rows_.size(); }
     /// Throws RuntimeError (SubscriptOutOfRange) if there is no such row.
-    GridRowKind Kind(std::size_t row) const;
+    [[nodiscard]] GridRowKind Kind(std::size_t row) const;
     /// 1 for the new-row line, else 0.
-    std::int32_t Position(std::size_t row) const;
+    [[nodiscard]] std::int32_t Position(std::size_t row) const;
     /// Number of the source's row, from 0, of a data row.
-    std::size_t Record(std::size_t row) const;
+    [[nodiscard]] std::size_t Record(std::size_t row) const;
     /// Value of the row key's field; null on other rows than data, the new-row line included.
-    Value Key(std::size_t row) const;
+    [[nodiscard]] Value Key(std::size_t row) const;
     /// Stored value of a bound column in a data row; null elsewhere.
-    Value Stored(std::size_t row, std::int32_t column) const;
+    [[nodiscard]] Value Stored(std::size_t row, std::int32_t column) const;
     /// Text of the group that the row belongs to; empty when rows are not grouped.
-    const std::string& GroupValue(std::size_t row) const;
+    [[nodiscard]] const std::string& GroupValue(std::size_t row) const;
     /// Displayed number of a group's heading or footer; 0 if there is none.
-    std::size_t OfGroup(GridRowKind kind, const std::string& value) const;
+    [[nodiscard]] std::size_t OfGroup(GridRowKind kind, const std::string& value) const;
     /// Heading text of a heading row.
-    std::string HeadingText(std::size_t row) const;
-    bool Folded(std::size_t row) const;
+    [[nodiscard]] std::string HeadingText(std::size_t row) const;
+    [[nodiscard]] bool Folded(std::size_t row) const;
     void Fold(std::size_t row, bool folded);
 
     /// Displayed number of the new-row line, of the first data row, of a row of the source, and
     /// of the first data row with the key; 0 if there is none (or it is folded away).
-    std::size_t NewRow() const;
-    std::size_t FirstData() const;
-    std::size_t OfRecord(std::size_t record) const;
+    [[nodiscard]] std::size_t NewRow() const;
+    [[nodiscard]] std::size_t FirstData() const;
+    [[nodiscard]] std::size_t OfRecord(std::size_t record) const;
     /// Displayed number of a row of the source; its group is opened if it was folded.
     std::size_t Reveal(std::size_t record);
-    std::size_t OfKey(const Value& key) const;
+    [[nodiscard]] std::size_t OfKey(const Value& key) const;
     /// Unseen identity of a data row's stored row, which survives reading the rows again; 0 for
     /// none.
-    std::size_t Identity(std::size_t row) const;
-    std::size_t OfIdentity(std::size_t identity) const;
+    [[nodiscard]] std::size_t Identity(std::size_t row) const;
+    [[nodiscard]] std::size_t OfIdentity(std::size_t identity) const;
 
     /// Whether the source's rows were replaced since they were last read.
-    bool Stale() const;
+    [[nodiscard]] bool Stale() const;
 
 private:
     struct Row {
@@ -71,8 +71,8 @@ private:
         std::vector<std::size_t> records;
         bool folded = false;
     };
-    const Row& At(std::size_t row) const;
-    std::vector<Group> CollectGroups() const;
+    [[nodiscard]] const Row& At(std::size_t row) const;
+    [[nodiscard]] std::vector<Group> CollectGroups() const;
     /// An exception leaves the displayed rows as they were.
     void Display();
 

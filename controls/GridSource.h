@@ -19,15 +19,15 @@ public:
     using Change = std::pair<std::size_t, Value>;
 
     virtual ~IGridSource() = default;
-    virtual bool IsOpen() const = 0;
-    virtual const std::vector<Field>& Fields() const = 0;
-    virtual std::size_t Count() const = 0;
+    [[nodiscard]] virtual bool IsOpen() const = 0;
+    [[nodiscard]] virtual const std::vector<Field>& Fields() const = 0;
+    [[nodiscard]] virtual std::size_t Count() const = 0;
     /// Valid until the next call that changes or reads another row.
-    virtual const Value& At(std::size_t row, std::size_t field) const = 0;
+    [[nodiscard]] virtual const Value& At(std::size_t row, std::size_t field) const = 0;
     /// Identity of a row that survives reading the rows again; 0 for none.
-    virtual std::size_t Identity(std::size_t row) const = 0;
+    [[nodiscard]] virtual std::size_t Identity(std::size_t row) const = 0;
     /// Grows whenever the rows were replaced as a whole.
-    virtual std::uint64_t Generation() const = 0;
+    [[nodiscard]] virtual std::uint64_t Generation() const = 0;
     /// Reads the rows again.
     virtual void Requery() = 0;
     /// Reads the stored values of a row again. False if the row is gone.
@@ -43,15 +43,21 @@ class RecordsetSource : public IGridSource {
 public:
     explicit RecordsetSource(Recordset& records) : records_(records) {}
 
-    bool IsOpen() const override { return records_.IsOpen(); }
-    const std::vector<Field>& Fields() const override { return records_.Fields(); }
-    std::size_t Count() const override { return static_cast<std::size_t>(records_.RecordCount()); }
-    const Value& At(std::size_t row, std::size_t field) const override
+    [[nodiscard]] bool IsOpen() const override { return records_.IsOpen(); }
+    [[nodiscard]] const std::vector<Field>& Fields() const override { return records_.Fields(); }
+    [[nodiscard]] std::size_t Count() const override
+    {
+        return static_cast<std::size_t>(records_.RecordCount());
+    }
+    [[nodiscard]] const Value& At(std::size_t row, std::size_t field) const override
     {
         return records_.At(row, field);
     }
-    std::size_t Identity(std::size_t row) const override { return records_.Identity(row); }
-    std::uint64_t Generation() const override { return records_.Generation(); }
+    [[nodiscard]] std::size_t Identity(std::size_t row) const override
+    {
+        return records_.Identity(row);
+    }
+    [[nodiscard]] std::uint64_t Generation() const override { return records_.Generation(); }
     void Requery() override { records_.Requery(); }
     bool Reread(std::size_t row) override;
     std::size_t Save(std::size_t row, const std::vector<Change>& changes) override;
@@ -77,12 +83,12 @@ public:
     /// Makes the grid show these rows instead of what it showed before.
     void Show() { show_(); }
 
-    bool IsOpen() const override { return true; }
-    const std::vector<Field>& Fields() const override { return fields_; }
-    std::size_t Count() const override { return rows_.size(); }
-    const Value& At(std::size_t row, std::size_t field) const override;
-    std::size_t Identity(std::size_t row) const override;
-    std::uint64_t Generation() const override { return generation_; }
+    [[nodiscard]] bool IsOpen() const override { return true; }
+    [[nodiscard]] const std::vector<Field>& Fields() const override { return fields_; }
+    [[nodiscard]] std::size_t Count() const override { return rows_.size(); }
+    [[nodiscard]] const Value& At(std::size_t row, std::size_t field) const override;
+    [[nodiscard]] std::size_t Identity(std::size_t row) const override;
+    [[nodiscard]] std::uint64_t Generation() const override { return generation_; }
     void Requery() override {}
     bool Reread(std::size_t row) override { return row < rows_.size(); }
     std::size_t Save(std::size_t row, const std::vector<Change>& changes) override;
@@ -94,7 +100,7 @@ private:
         std::vector<Value> values;
     };
     Row NewRow();
-    const Row& RowAt(std::size_t row) const;
+    [[nodiscard]] const Row& RowAt(std::size_t row) const;
     void Write(Row& row, std::size_t field, const Value& value) const;
 
     std::function<void()> show_;

@@ -42,10 +42,10 @@ public:
     std::vector<GridSpot> Take(const GridRows& rows);
     void PutBack(std::vector<GridSpot> spots) { spots_ = std::move(spots); }
     /// The present number of the row that was reported with this number; 0 if the row is gone.
-    std::size_t Now(const GridRows& rows, std::size_t row) const;
+    [[nodiscard]] std::size_t Now(const GridRows& rows, std::size_t row) const;
     /// Where the row was that was reported with this number. Only for numbers for which Now
     /// returns 0.
-    const GridSpot& At(std::size_t row) const { return spots_.at(row - 1); }
+    [[nodiscard]] const GridSpot& At(std::size_t row) const { return spots_.at(row - 1); }
 
 private:
     std::vector<GridSpot> spots_;

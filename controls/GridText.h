@@ -16,22 +16,25 @@ public:
     explicit GridText(const IDateForm& dates) : dates_(dates) {}
 
     /// Amounts with two decimals and grouping; a value of the column's list as its text.
-    std::string Shown(const Value& value, const GridColumn& column) const;
+    [[nodiscard]] std::string Shown(const Value& value, const GridColumn& column) const;
     /// As shown, but an amount with fractions of a cent keeps them.
-    std::string ToEdit(const Value& value, const GridColumn& column) const;
+    [[nodiscard]] std::string ToEdit(const Value& value, const GridColumn& column) const;
 
     /// A typed text as a value, or why the column does not take it.
     struct Reading {
         std::optional<Value> value;
         std::string refusal;
     };
-    Reading Read(const std::string& text, const GridColumn& column) const;
+    [[nodiscard]] Reading Read(const std::string& text, const GridColumn& column) const;
     /// Nothing if the text is not a date.
-    std::optional<Date> ReadDate(const std::string& text) const { return dates_.Read(text); }
+    [[nodiscard]] std::optional<Date> ReadDate(const std::string& text) const
+    {
+        return dates_.Read(text);
+    }
 
 private:
-    Reading ReadText(const std::string& text, const GridColumn& column) const;
-    Reading ReadOther(const std::string& text, FieldType type) const;
+    [[nodiscard]] Reading ReadText(const std::string& text, const GridColumn& column) const;
+    [[nodiscard]] Reading ReadOther(const std::string& text, FieldType type) const;
 
     const IDateForm& dates_;
 };

@@ -13,8 +13,8 @@ class Label : public Control {
 public:
     Label(std::string name, std::string caption);
     void Accept(ControlVisitor& visitor) override;
-    bool TakesFocus() const override { return false; }
-    const std::string& Caption() const { return caption_; }
+    [[nodiscard]] bool TakesFocus() const override { return false; }
+    [[nodiscard]] const std::string& Caption() const { return caption_; }
     void Caption(const std::string& caption);
     void PressClick() { click_.emit(); }
     Event<void()> Click() { return click_; }
@@ -29,16 +29,16 @@ class TextBox : public Control {
 public:
     explicit TextBox(std::string name, std::string text = "");
     void Accept(ControlVisitor& visitor) override;
-    const std::string& Text() const { return text_; }
+    [[nodiscard]] const std::string& Text() const { return text_; }
     /// A different text raises TextChanged, even if the program wrote it, and drops the selection.
     void Text(const std::string& text);
-    bool Locked() const { return locked_; }
+    [[nodiscard]] bool Locked() const { return locked_; }
     void Locked(bool locked) { locked_ = locked; }
 
     /// Start (0-based) and number of the selected characters.
-    std::size_t SelectionStart() const { return selectionStart_; }
-    std::size_t SelectionLength() const { return selectionLength_; }
-    std::string SelectedText() const;
+    [[nodiscard]] std::size_t SelectionStart() const { return selectionStart_; }
+    [[nodiscard]] std::size_t SelectionLength() const { return selectionLength_; }
+    [[nodiscard]] std::string SelectedText() const;
     void SelectAll();
     Event<void()> TextChanged() { return textChanged_; }
 
@@ -61,16 +61,16 @@ public:
     };
     void Clear();
     void Add(const std::string& text, std::int32_t data = 0);
-    const std::vector<Item>& Items() const { return items_; }
+    [[nodiscard]] const std::vector<Item>& Items() const { return items_; }
     /// 0-based; -1 if nothing is chosen.
-    std::int32_t Index() const { return index_; }
+    [[nodiscard]] std::int32_t Index() const { return index_; }
     /// Chooses an item and raises Click, even if it is already chosen. -1 chooses nothing. Throws
     /// RuntimeError (InvalidCall) if there is no such item.
     void Index(std::int32_t index);
     /// Text of the chosen item; empty if nothing is chosen.
-    std::string Text() const;
+    [[nodiscard]] std::string Text() const;
     /// Number of the chosen item; 0 if nothing is chosen.
-    std::int32_t ItemData() const;
+    [[nodiscard]] std::int32_t ItemData() const;
     Event<void()> Click() { return click_; }
 
 private:
@@ -84,7 +84,7 @@ class Button : public Control {
 public:
     Button(std::string name, std::string caption);
     void Accept(ControlVisitor& visitor) override;
-    const std::string& Caption() const { return caption_; }
+    [[nodiscard]] const std::string& Caption() const { return caption_; }
     /// Presses the button, if it is enabled.
     void Press();
     Event<void()> Click() { return click_; }
@@ -99,8 +99,8 @@ class OptionButton : public Control {
 public:
     OptionButton(std::string name, std::string caption);
     void Accept(ControlVisitor& visitor) override;
-    const std::string& Caption() const { return caption_; }
-    bool Value() const { return value_; }
+    [[nodiscard]] const std::string& Caption() const { return caption_; }
+    [[nodiscard]] bool Value() const { return value_; }
     /// Raises Click and unchooses the other options of the group.
     void Choose();
     Event<void()> Click() { return click_; }
@@ -135,9 +135,12 @@ private:
 class StatusBar : public Control {
 public:
     StatusBar(std::string name, std::size_t panels);
-    bool TakesFocus() const override { return false; }
+    [[nodiscard]] bool TakesFocus() const override { return false; }
     /// 1-based panel.
-    const std::string& Panel(std::size_t index) const { return panels_.at(index - 1); }
+    [[nodiscard]] const std::string& Panel(std::size_t index) const
+    {
+        return panels_.at(index - 1);
+    }
     void Panel(std::size_t index, const std::string& text);
     /// Raised after a panel's text changed, with the panel's number.
     Event<void(std::size_t)> PanelChanged() { return panelChanged_; }

@@ -29,19 +29,19 @@ public:
     /// Returns its index. Throws RuntimeError if the parent does not exist or the key is taken.
     std::int32_t Add(std::int32_t parent, const std::string& key, const std::string& text,
                      std::int32_t image, std::int32_t selectedImage);
-    std::int32_t Count() const { return static_cast<std::int32_t>(nodes_.size()); }
+    [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(nodes_.size()); }
     /// Throws RuntimeError if there is no such node.
-    const TreeNode& Node(std::int32_t index) const;
+    [[nodiscard]] const TreeNode& Node(std::int32_t index) const;
     void Tag(std::int32_t index, const std::string& tag);
     void Expand(std::int32_t index, bool expanded);
     /// Number of nodes directly below.
-    std::int32_t Children(std::int32_t index) const;
+    [[nodiscard]] std::int32_t Children(std::int32_t index) const;
     /// Removes the node and everything below it. If the selected node goes, the first root is
     /// selected.
     void Remove(std::int32_t index);
 
     /// Index of the selected node; 0 if there is none.
-    std::int32_t Selected() const { return selected_; }
+    [[nodiscard]] std::int32_t Selected() const { return selected_; }
     /// Selects without a click.
     void Select(std::int32_t index);
     /// Selects the node and raises NodeClick, as the mouse does.

@@ -26,11 +26,11 @@ public:
     };
 
     /// Whether there is something to show: true from the first step of the work to its end.
-    bool Active() const { return active_; }
+    [[nodiscard]] bool Active() const { return active_; }
     /// What is being done; empty if the bar needs no text.
-    const std::string& Text() const { return text_; }
+    [[nodiscard]] const std::string& Text() const { return text_; }
     /// How much of the work is done, 0 to 1000; nothing while that is unknown.
-    std::optional<std::int32_t> Permille() const { return permille_; }
+    [[nodiscard]] std::optional<std::int32_t> Permille() const { return permille_; }
 
     /// Reports that `part` of `whole` is done; a whole of 0 means that it is unknown. Cheap enough
     /// to call for every row. Does nothing outside of work.

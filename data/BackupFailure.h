@@ -12,13 +12,13 @@ struct BackupFailure {
     std::string reason;    ///< a sentence
 
     /// The day of the last good copy, "2026-11-20"; empty: there is none.
-    std::string Day() const { return lastGood.substr(0, 10); }
+    [[nodiscard]] std::string Day() const { return lastGood.substr(0, 10); }
     /// Two sentences: when the last good copy was made, and the reason.
-    std::string Text() const;
+    [[nodiscard]] std::string Text() const;
 
     /// Converts to three lines, for a file or another program, and back. FromLines returns nothing
     /// if Lines did not write the text.
-    std::string Lines() const;
+    [[nodiscard]] std::string Lines() const;
     static std::optional<BackupFailure> FromLines(const std::string& lines);
 
     bool operator==(const BackupFailure&) const = default;

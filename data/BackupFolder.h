@@ -28,25 +28,25 @@ class BackupFolder {
 public:
     explicit BackupFolder(std::string path) : path_(std::move(path)) {}
 
-    const std::string& Path() const { return path_; }
+    [[nodiscard]] const std::string& Path() const { return path_; }
     /// The copy of that name: "2026-11-21" is clb-2026-11-21.mdb.
-    std::string PathOf(const std::string& name) const;
+    [[nodiscard]] std::string PathOf(const std::string& name) const;
     /// The name, with a number if it is taken.
-    std::string FreeName(const std::string& name) const;
+    [[nodiscard]] std::string FreeName(const std::string& name) const;
     /// Makes the folder, readable by the user only, if it does not exist. Throws EngineError.
     void Make() const;
     /// What prevents a copy of this size from being made; empty if nothing does.
-    std::string Obstacle(std::uintmax_t bytes) const;
+    [[nodiscard]] std::string Obstacle(std::uintmax_t bytes) const;
 
     /// The names of all copies, oldest first.
-    std::vector<std::string> Names() const;
+    [[nodiscard]] std::vector<std::string> Names() const;
     /// Lists a copy that has just been made as the newest. A list that cannot be written stays as
     /// it was: the copy then still counts as newer than all listed ones.
     void Add(const std::string& name) const noexcept;
     /// Lists a copy that was found to be sound, at its place.
     void Confirm(const std::string& name) const noexcept;
     /// Whether the copy was checked and has not changed since. Cheap.
-    bool IsConfirmed(const std::string& name) const;
+    [[nodiscard]] bool IsConfirmed(const std::string& name) const;
 
     /// Frees the name of a file that is not a sound copy: the file is kept with ".damaged" after
     /// its name. Does nothing if there is no such file. Throws EngineError.
@@ -58,7 +58,7 @@ public:
     /// Records why the last daily backup was not made; nothing means that it was. Does nothing if
     /// the folder is read-only.
     void Failure(const std::optional<BackupFailure>& failure) const noexcept;
-    std::optional<BackupFailure> Failure() const;
+    [[nodiscard]] std::optional<BackupFailure> Failure() const;
 
     /// Makes other programs that want to make a copy wait, up to a minute. Files are never
     /// replaced, so two programs that cannot wait for each other lose nothing.
@@ -80,10 +80,10 @@ private:
 
     static std::optional<Mark> MarkOf(const std::string& path);
     static std::string Written(const std::optional<Mark>& mark);
-    std::map<std::string, Mark> Present() const;
-    Listed List() const;
+    [[nodiscard]] std::map<std::string, Mark> Present() const;
+    [[nodiscard]] Listed List() const;
     void WriteList(const Listed& list) const;
-    bool WriteWhole(const std::string& file, const std::string& text) const;
+    [[nodiscard]] bool WriteWhole(const std::string& file, const std::string& text) const;
 
     std::string path_;
 };

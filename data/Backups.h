@@ -22,7 +22,7 @@ public:
     explicit Backups(const std::string& programFolder);
 
     /// Whether the day has its copy, and that copy was checked and has not changed since. Cheap.
-    bool HasDay(const Date& day) const;
+    [[nodiscard]] bool HasDay(const Date& day) const;
     /// Makes the day's copy unless there is a sound one, then removes old daily copies (see
     /// BackupFolder::DropOld). A damaged file with the day's name is put aside. Returns why it
     /// failed; KeptFailure() then returns the same, if the folder can be written.
@@ -45,20 +45,20 @@ public:
     void CopyTo(const std::string& file) const;
 
     /// Why the last daily copy was not made, as it was kept; nothing once a copy was made. Cheap.
-    std::optional<BackupFailure> KeptFailure() const { return folder_.Failure(); }
+    [[nodiscard]] std::optional<BackupFailure> KeptFailure() const { return folder_.Failure(); }
     /// The same, or else what prevents one from being made now. Slow: not for frequent calls.
-    std::optional<BackupFailure> Failure() const;
+    [[nodiscard]] std::optional<BackupFailure> Failure() const;
     /// Records the failure on behalf of a helper process that could not.
     void Keep(const BackupFailure& failure) const { folder_.Failure(failure); }
     /// Name of the newest copy that is sound; it reads whole files to find out. Copies of replaced
     /// databases do not count. Empty if there is none.
-    std::string LastGood() const;
+    [[nodiscard]] std::string LastGood() const;
 
     /// The names of the copies, in the order in which they were made: "2026-11-21",
     /// "2026-11-21-153012".
-    std::vector<std::string> Names() const { return folder_.Names(); }
+    [[nodiscard]] std::vector<std::string> Names() const { return folder_.Names(); }
     /// The copy of that name.
-    std::string PathOf(const std::string& name) const { return folder_.PathOf(name); }
+    [[nodiscard]] std::string PathOf(const std::string& name) const { return folder_.PathOf(name); }
     /// Checks a copy and puts it in the database's place. The replaced database is kept as one more
     /// copy, whose path is returned; nothing if there was none. Throws EngineError for a file that
     /// is not a whole book, saying what is missing, and while another program has the database
@@ -66,8 +66,9 @@ public:
     std::optional<std::string> Restore(const std::string& file, const Date& now);
 
 private:
-    bool IsSound(const std::string& name) const;
-    std::optional<std::string> MadeMeanwhile(const std::vector<std::string>& before) const;
+    [[nodiscard]] bool IsSound(const std::string& name) const;
+    [[nodiscard]] std::optional<std::string> MadeMeanwhile(
+        const std::vector<std::string>& before) const;
     void MakeDaily(const Date& now);
     void Take(const std::string& name) const;
 

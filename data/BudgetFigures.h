@@ -30,7 +30,7 @@ public:
     GroupSums SumsOf(const std::string& group);
 
 private:
-    std::string InMonth(const std::string& table) const;
+    [[nodiscard]] std::string InMonth(const std::string& table) const;
 
     clsDatabase& store_;
     const IShownState& shown_;

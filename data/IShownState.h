@@ -19,12 +19,12 @@ inline constexpr std::int32_t vwLoan = 6;
 class IShownState {
 public:
     virtual ~IShownState() = default;
-    virtual std::int32_t View() const = 0;
+    [[nodiscard]] virtual std::int32_t View() const = 0;
     /// Month shown: 1 = January to 12, and the year.
-    virtual std::int32_t Period() const = 0;
-    virtual std::int32_t Year() const = 0;
-    virtual const std::string& AccountType() const = 0;
-    virtual const std::string& AccountID() const = 0;
+    [[nodiscard]] virtual std::int32_t Period() const = 0;
+    [[nodiscard]] virtual std::int32_t Year() const = 0;
+    [[nodiscard]] virtual const std::string& AccountType() const = 0;
+    [[nodiscard]] virtual const std::string& AccountID() const = 0;
 };
 
 /// What another program has done to a row.

@@ -32,8 +32,8 @@ public:
     bool CompleteLoan();
 
     /// The column to correct, from 1, and what to show the user. Set when a check refuses the row.
-    std::int32_t Column() const { return column_; }
-    const std::string& Message() const { return message_; }
+    [[nodiscard]] std::int32_t Column() const { return column_; }
+    [[nodiscard]] const std::string& Message() const { return message_; }
 
     /// Takes the month's transactions out of a category whose budget line is being deleted.
     void ReleaseCategory();

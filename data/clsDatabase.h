@@ -110,7 +110,7 @@ public:
     void RowsRead() { rowsReadAt_ = WritesElsewhere(); }
 
     /// The file's schema version, at least 2 here; a later program's file has a later one.
-    std::int16_t SchemaVersion() const { return schemaVersion_; }
+    [[nodiscard]] std::int16_t SchemaVersion() const { return schemaVersion_; }
 
     /// The connection: for settling, tracing, and statements from outside.
     Connection& Database() { return connection_; }

@@ -15,7 +15,7 @@ public:
     QString Mark(const std::string& control, const QString& caption);
 
 private:
-    qsizetype Choose(const QString& caption) const;
+    [[nodiscard]] qsizetype Choose(const QString& caption) const;
 
     std::map<std::string, QChar> letters_;
     QSet<QChar> taken_;

@@ -18,42 +18,48 @@ public:
     {
     }
 
-    std::size_t Row() const { return row_; }
-    std::size_t Place() const { return place_; }
+    [[nodiscard]] std::size_t Row() const { return row_; }
+    [[nodiscard]] std::size_t Place() const { return place_; }
 
-    bool isValid() const override;
-    QObject* object() const override { return nullptr; }
-    QWindow* window() const override;
-    QAccessibleInterface* parent() const override;
+    [[nodiscard]] bool isValid() const override;
+    [[nodiscard]] QObject* object() const override { return nullptr; }
+    [[nodiscard]] QWindow* window() const override;
+    [[nodiscard]] QAccessibleInterface* parent() const override;
     QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
+    [[nodiscard]] int childCount() const override { return 0; }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override
+    {
+        return -1;
+    }
     QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
-    QString text(QAccessible::Text kind) const override;
+    [[nodiscard]] QString text(QAccessible::Text kind) const override;
     void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
-    QRect rect() const override;
-    QAccessible::Role role() const override;
-    QAccessible::State state() const override;
+    [[nodiscard]] QRect rect() const override;
+    [[nodiscard]] QAccessible::Role role() const override;
+    [[nodiscard]] QAccessible::State state() const override;
     void* interface_cast(QAccessible::InterfaceType type) override;
 
-    bool isSelected() const override;
-    QList<QAccessibleInterface*> columnHeaderCells() const override;
-    QList<QAccessibleInterface*> rowHeaderCells() const override;
-    int columnIndex() const override { return static_cast<int>(place_) - 1; }
-    int rowIndex() const override { return static_cast<int>(row_) - 1; }
-    int columnExtent() const override { return 1; }
-    int rowExtent() const override { return 1; }
-    QAccessibleInterface* table() const override { return parent(); }
+    [[nodiscard]] bool isSelected() const override;
+    [[nodiscard]] QList<QAccessibleInterface*> columnHeaderCells() const override;
+    [[nodiscard]] QList<QAccessibleInterface*> rowHeaderCells() const override;
+    [[nodiscard]] int columnIndex() const override { return static_cast<int>(place_) - 1; }
+    [[nodiscard]] int rowIndex() const override { return static_cast<int>(row_) - 1; }
+    [[nodiscard]] int columnExtent() const override { return 1; }
+    [[nodiscard]] int rowExtent() const override { return 1; }
+    [[nodiscard]] QAccessibleInterface* table() const override { return parent(); }
 
-    QStringList actionNames() const override;
+    [[nodiscard]] QStringList actionNames() const override;
     void doAction(const QString& name) override;
-    QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
+    [[nodiscard]] QStringList keyBindingsForAction(const QString& /*name*/) const override
+    {
+        return {};
+    }
 
 private:
-    bool IsCell() const { return row_ != 0 && place_ != 0; }
-    std::int32_t Column() const;
-    QString CellText() const;
-    QString Tip() const;
+    [[nodiscard]] bool IsCell() const { return row_ != 0 && place_ != 0; }
+    [[nodiscard]] std::int32_t Column() const;
+    [[nodiscard]] QString CellText() const;
+    [[nodiscard]] QString Tip() const;
     void AddFolding(QAccessible::State& state) const;
 
     const AccessibleGrid& grid_;

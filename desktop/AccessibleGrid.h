@@ -25,37 +25,37 @@ public:
     ~AccessibleGrid() override;
 
     void* interface_cast(QAccessible::InterfaceType type) override;
-    QString text(QAccessible::Text kind) const override;
-    int childCount() const override;
-    QAccessibleInterface* child(int index) const override;
-    int indexOfChild(const QAccessibleInterface* child) const override;
-    QAccessibleInterface* childAt(int x, int y) const override;
-    QAccessibleInterface* focusChild() const override;
+    [[nodiscard]] QString text(QAccessible::Text kind) const override;
+    [[nodiscard]] int childCount() const override;
+    [[nodiscard]] QAccessibleInterface* child(int index) const override;
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override;
+    [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override;
+    [[nodiscard]] QAccessibleInterface* focusChild() const override;
 
     // The table; its rows and columns are numbered from 0 and leave the headers out.
-    QAccessibleInterface* caption() const override { return nullptr; }
-    QAccessibleInterface* summary() const override { return nullptr; }
-    QAccessibleInterface* cellAt(int row, int column) const override;
-    int columnCount() const override;
-    int rowCount() const override;
-    QString columnDescription(int column) const override;
-    QString rowDescription(int row) const override;
-    int selectedCellCount() const override;
-    QList<QAccessibleInterface*> selectedCells() const override;
-    int selectedColumnCount() const override { return 0; }
-    int selectedRowCount() const override;
-    QList<int> selectedColumns() const override { return {}; }
-    QList<int> selectedRows() const override;
+    [[nodiscard]] QAccessibleInterface* caption() const override { return nullptr; }
+    [[nodiscard]] QAccessibleInterface* summary() const override { return nullptr; }
+    [[nodiscard]] QAccessibleInterface* cellAt(int row, int column) const override;
+    [[nodiscard]] int columnCount() const override;
+    [[nodiscard]] int rowCount() const override;
+    [[nodiscard]] QString columnDescription(int column) const override;
+    [[nodiscard]] QString rowDescription(int row) const override;
+    [[nodiscard]] int selectedCellCount() const override;
+    [[nodiscard]] QList<QAccessibleInterface*> selectedCells() const override;
+    [[nodiscard]] int selectedColumnCount() const override { return 0; }
+    [[nodiscard]] int selectedRowCount() const override;
+    [[nodiscard]] QList<int> selectedColumns() const override { return {}; }
+    [[nodiscard]] QList<int> selectedRows() const override;
     bool isColumnSelected(int /*column*/) const override { return false; }
-    bool isRowSelected(int row) const override;
+    [[nodiscard]] bool isRowSelected(int row) const override;
     bool selectRow(int row) override;
     bool selectColumn(int /*column*/) override { return false; }
     bool unselectRow(int /*row*/) override { return false; }
     bool unselectColumn(int /*column*/) override { return false; }
     void modelChange(QAccessibleTableModelChangeEvent* event) override;
 
-    QAccessibleInterface* Header(std::size_t place) const;
-    QAccessibleInterface* RowHeader(std::size_t row) const;
+    [[nodiscard]] QAccessibleInterface* Header(std::size_t place) const;
+    [[nodiscard]] QAccessibleInterface* RowHeader(std::size_t row) const;
 
 private:
     void Forget();

@@ -7,7 +7,8 @@ namespace clb {
 class AiryLines : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override
     {
         return QStyledItemDelegate::sizeHint(option, index)
             .expandedTo(QSize(0, option.fontMetrics.height() + 8));

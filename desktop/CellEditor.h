@@ -27,7 +27,7 @@ public:
 
     /// Opens, moves or closes the line as the component's state says.
     void Follow(const QRect& cell);
-    bool IsOpen() const { return open_; }
+    [[nodiscard]] bool IsOpen() const { return open_; }
     /// Where the typed text goes.
     QLineEdit& Line() { return *line_; }
     /// The word beside a refused text; hidden when nothing was refused.
@@ -54,9 +54,9 @@ private:
     void Complete(const QString& text);
     void Take(const QString& text);
     bool StepDay(const QKeyEvent& key);
-    const GridColumn& Column() const;
-    bool HasList() const { return Column().popup.has_value(); }
-    bool HasCalendar() const { return Column().dataType == FieldType::Date; }
+    [[nodiscard]] const GridColumn& Column() const;
+    [[nodiscard]] bool HasList() const { return Column().popup.has_value(); }
+    [[nodiscard]] bool HasCalendar() const { return Column().dataType == FieldType::Date; }
 
     GridComponent& grid_;
     std::function<bool(QKeyEvent&)> leave_;

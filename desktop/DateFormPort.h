@@ -12,8 +12,8 @@ class DateFormPort : public IDateForm {
 public:
     explicit DateFormPort(const QLocale& locale = QLocale::system());
 
-    std::string Format(const Date& date) const override;
-    std::optional<Date> Read(std::string_view text) const override;
+    [[nodiscard]] std::string Format(const Date& date) const override;
+    [[nodiscard]] std::optional<Date> Read(std::string_view text) const override;
 
 private:
     QLocale locale_;

@@ -25,7 +25,7 @@ public:
     void Follow(const std::optional<EmptyHint>& hint, const QRect& room);
 
     /// Title and text in one.
-    QString Words() const;
+    [[nodiscard]] QString Words() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -28,7 +28,7 @@ public:
     ~FormDialog() override;
 
     /// The widget that draws a control; nullptr when the form has none of that name.
-    QWidget* WidgetOf(const std::string& control) const;
+    [[nodiscard]] QWidget* WidgetOf(const std::string& control) const;
     Form& Model() { return form_; }
     /// The label of one name describes the control of the other: its letter leads there.
     void Describe(const std::string& label, const std::string& control);

@@ -21,9 +21,9 @@ public:
     GridHeader(const GridComponent& grid, const GridLayout& layout, Actions actions,
                QWidget* parent);
 
-    QSize sizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
     /// Width that the caption needs.
-    int CaptionWidth(std::int32_t column) const;
+    [[nodiscard]] int CaptionWidth(std::int32_t column) const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -33,8 +33,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    QFont CaptionFont() const;
-    bool NeedsTwoLines() const;
+    [[nodiscard]] QFont CaptionFont() const;
+    [[nodiscard]] bool NeedsTwoLines() const;
     void DrawCaption(QPainter& painter, const GridLayout::Span& span) const;
     void DrawCorner(QPainter& painter) const;
 

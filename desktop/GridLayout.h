@@ -27,36 +27,36 @@ public:
     /// Takes the shown columns and the number of rows anew.
     void Take(const GridComponent& grid);
     void RowHeight(int pixels) { rowHeight_ = pixels; }
-    int RowHeight() const { return rowHeight_; }
+    [[nodiscard]] int RowHeight() const { return rowHeight_; }
     void SelectorWidth(int pixels) { selectorWidth_ = pixels; }
-    int SelectorWidth() const { return selectorWidth_; }
+    [[nodiscard]] int SelectorWidth() const { return selectorWidth_; }
     /// Pixels that are scrolled out to the left and to the top.
     void Scroll(int left, int top);
 
-    const std::vector<Span>& Spans() const { return spans_; }
+    [[nodiscard]] const std::vector<Span>& Spans() const { return spans_; }
     /// Width of all columns, without the selector, and height of all rows.
-    int TotalWidth() const { return totalWidth_; }
-    int TotalHeight() const { return static_cast<int>(rowCount_) * rowHeight_; }
-    std::size_t RowCount() const { return rowCount_; }
+    [[nodiscard]] int TotalWidth() const { return totalWidth_; }
+    [[nodiscard]] int TotalHeight() const { return static_cast<int>(rowCount_) * rowHeight_; }
+    [[nodiscard]] std::size_t RowCount() const { return rowCount_; }
 
     /// Displayed row at a height of the viewport; 0 below the last.
-    std::size_t RowAt(int y) const;
+    [[nodiscard]] std::size_t RowAt(int y) const;
     /// Column at a place of the viewport; 0 on the selector and beside the columns.
-    std::int32_t ColumnAt(int x) const;
+    [[nodiscard]] std::int32_t ColumnAt(int x) const;
     /// Column whose right line is within a few pixels of a place of the viewport; 0 for none.
-    std::int32_t LineAt(int x) const;
-    int RowTop(std::size_t row) const;
-    QRect CellRect(std::size_t row, const Span& span) const;
+    [[nodiscard]] std::int32_t LineAt(int x) const;
+    [[nodiscard]] int RowTop(std::size_t row) const;
+    [[nodiscard]] QRect CellRect(std::size_t row, const Span& span) const;
     /// Empty for a column that is not shown.
-    QRect CellRect(std::size_t row, std::int32_t column) const;
+    [[nodiscard]] QRect CellRect(std::size_t row, std::int32_t column) const;
     /// The whole line but its selector.
-    QRect RowRect(std::size_t row) const;
-    QRect SelectorRect(std::size_t row) const;
+    [[nodiscard]] QRect RowRect(std::size_t row) const;
+    [[nodiscard]] QRect SelectorRect(std::size_t row) const;
     /// The shown column `steps` to the right (negative: left) of a column; 0 when there is none.
     /// A column that is not shown counts as the first.
-    std::int32_t Neighbour(std::int32_t column, int steps) const;
-    std::int32_t FirstColumn() const;
-    std::int32_t LastColumn() const;
+    [[nodiscard]] std::int32_t Neighbour(std::int32_t column, int steps) const;
+    [[nodiscard]] std::int32_t FirstColumn() const;
+    [[nodiscard]] std::int32_t LastColumn() const;
 
 private:
     std::vector<Span> spans_;

@@ -34,8 +34,8 @@ private:
     void DrawPencil(const QRect& place, const QColor& color);
     void DrawStar(const QRect& place, const QColor& color);
     void DrawCurrentFrame();
-    QColor RowColor(std::size_t row) const;
-    QFont Bold() const;
+    [[nodiscard]] QColor RowColor(std::size_t row) const;
+    [[nodiscard]] QFont Bold() const;
 
     QPainter& painter_;
     GridComponent& grid_;

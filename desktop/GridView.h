@@ -37,10 +37,10 @@ public:
 
     /// Draws the component's present state.
     void Sync();
-    const GridLayout& Layout() const { return layout_; }
+    [[nodiscard]] const GridLayout& Layout() const { return layout_; }
     GridComponent& Component() { return grid_; }
     /// Place of a column among the shown ones, from 1; 0 when it is not shown.
-    std::size_t PlaceOf(std::int32_t column) const;
+    [[nodiscard]] std::size_t PlaceOf(std::int32_t column) const;
     /// Takes the focus and makes the cell current, as a click does; false when that is refused.
     bool GoTo(std::size_t row, std::int32_t column);
     /// Edits the current cell, folds or opens the current group.
@@ -64,7 +64,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
-    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     bool focusNextPrevChild(bool next) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -84,12 +84,12 @@ private:
     bool MoveColumns(int steps);
     bool MoveCell(int steps);
     bool Navigate(int key, bool toEnds);
-    std::size_t RowFromCurrent(int rows) const;
+    [[nodiscard]] std::size_t RowFromCurrent(int rows) const;
     bool FoldByKey(int key);
     bool ColumnByKey(const QKeyEvent& event);
     void ToggleFold(std::size_t row);
     bool OnHeading(std::size_t row);
-    int RowsPerPage() const;
+    [[nodiscard]] int RowsPerPage() const;
     void FitColumn(std::int32_t column);
     void ShowTip();
     std::string TipOf(std::size_t row, std::int32_t column);

@@ -16,8 +16,8 @@ public:
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override;
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state,
                          qreal scale) override;
-    QIconEngine* clone() const override { return new IconEngine(name_); }
-    QString key() const override { return QStringLiteral("ledgerbook"); }
+    [[nodiscard]] QIconEngine* clone() const override { return new IconEngine(name_); }
+    [[nodiscard]] QString key() const override { return QStringLiteral("ledgerbook"); }
     bool isNull() override { return false; }
 
 private:

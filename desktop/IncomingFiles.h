@@ -30,7 +30,7 @@ public:
 
 private:
     void Next();
-    bool CanBegin() const;
+    [[nodiscard]] bool CanBegin() const;
     bool IsStatement(const std::string& path);
 
     frmController& controller_;

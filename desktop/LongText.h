@@ -10,15 +10,15 @@ class LongText {
 public:
     explicit LongText(QString text);
 
-    const QString& Text() const { return text_; }
+    [[nodiscard]] const QString& Text() const { return text_; }
     /// Cuts the text; a line longer than this continues on the next screen lines. Before the first
     /// call there are no screen lines.
     void Wrap(int columns);
-    qsizetype LineCount() const { return count_; }
+    [[nodiscard]] qsizetype LineCount() const { return count_; }
     /// A screen line, from 0, without its line end.
-    QStringView Line(qsizetype number) const;
+    [[nodiscard]] QStringView Line(qsizetype number) const;
     /// Whether some characters are wider than others of a fixed font.
-    bool HasWideCharacters() const { return wide_; }
+    [[nodiscard]] bool HasWideCharacters() const { return wide_; }
 
 private:
     qsizetype LineLength(qsizetype start, qsizetype& next) const;

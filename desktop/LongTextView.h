@@ -10,7 +10,7 @@ class LongTextView : public QAbstractScrollArea {
 public:
     explicit LongTextView(QString text, QWidget* parent = nullptr);
 
-    const LongText& Text() const { return text_; }
+    [[nodiscard]] const LongText& Text() const { return text_; }
     /// Puts the whole text on the clipboard.
     void Copy() const;
 
@@ -21,7 +21,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    double CharacterWidth() const;
+    [[nodiscard]] double CharacterWidth() const;
 
     LongText text_;
 };

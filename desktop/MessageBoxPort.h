@@ -26,7 +26,7 @@ class LongMessageBox : public QDialog {
 public:
     LongMessageBox(const QString& text, std::int32_t style);
 
-    const LongTextView& View() const { return *view_; }
+    [[nodiscard]] const LongTextView& View() const { return *view_; }
 
 private:
     QWidget* ButtonRow(std::int32_t style);

@@ -15,8 +15,8 @@ public:
     /// The models are borrowed and outlive the label.
     NoticeLabel(Notices& notices, WorkProgress& progress, QWidget* parent);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -24,9 +24,9 @@ protected:
 private:
     void Follow();
     /// The whole text in one line.
-    QString Line() const;
+    [[nodiscard]] QString Line() const;
     /// Width of the picture and the space after it.
-    int PictureWidth() const;
+    [[nodiscard]] int PictureWidth() const;
 
     Notices& notices_;
     WorkProgress& progress_;

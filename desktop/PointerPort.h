@@ -6,7 +6,7 @@ namespace clb {
 /// The mouse pointer over all of the program's windows.
 class PointerPort : public IPointer {
 public:
-    std::int32_t Pointer() const override { return code_; }
+    [[nodiscard]] std::int32_t Pointer() const override { return code_; }
     void Pointer(std::int32_t code) override;
 
 private:

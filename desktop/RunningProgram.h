@@ -50,9 +50,9 @@ private:
     void Read(QLocalSocket& later);
     void HandOn();
     /// False when nobody is there, or when no answer has come in time.
-    bool HandOver(const StartRequest& request, const QDeadlineTimer& late) const;
+    [[nodiscard]] bool HandOver(const StartRequest& request, const QDeadlineTimer& late) const;
     /// Who else has the book open; empty when the lock is of this user on this computer.
-    std::string HeldByOthers() const;
+    [[nodiscard]] std::string HeldByOthers() const;
     [[noreturn]] void Refuse(const std::string& why) const;
 
     QString folder_;

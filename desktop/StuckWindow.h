@@ -32,13 +32,13 @@ public:
     /// it is not.
     void Follow();
     /// Whether the program was ended to be started again.
-    bool StartsAgain() const { return startsAgain_; }
+    [[nodiscard]] bool StartsAgain() const { return startsAgain_; }
 
     /// Shows that the data file is damaged, as soon as no command runs. Once the user has gone on
     /// nevertheless, it is not shown again.
     void Damaged(const BackupFailure& failure);
     /// Name of the backup to restore before starting again; empty: none.
-    const std::string& Restores() const { return restores_; }
+    [[nodiscard]] const std::string& Restores() const { return restores_; }
 
     void reject() override;
 

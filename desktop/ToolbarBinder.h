@@ -25,8 +25,8 @@ public:
     /// With a caption before it, whose letter leads to it.
     void AddAtRight(const QString& caption, QWidget* widget);
     /// The button of a key.
-    QWidget* ButtonOf(const std::string& key) const;
-    QAction* Action(const std::string& key) const { return actions_.at(key); }
+    [[nodiscard]] QWidget* ButtonOf(const std::string& key) const;
+    [[nodiscard]] QAction* Action(const std::string& key) const { return actions_.at(key); }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -15,9 +15,9 @@ public:
     /// The widgets become children of parent.
     TotalsLine(Label& label, TextBox& first, TextBox& second, QWidget* parent);
 
-    QLineEdit* First() const { return first_; }
-    QLineEdit* Second() const { return second_; }
-    QLabel* Caption() const { return label_; }
+    [[nodiscard]] QLineEdit* First() const { return first_; }
+    [[nodiscard]] QLineEdit* Second() const { return second_; }
+    [[nodiscard]] QLabel* Caption() const { return label_; }
 
 private:
     void Follow(TextBox& box, QLineEdit* drawn);

@@ -23,7 +23,10 @@ public:
     /// Draws the model's present state.
     void Sync();
     /// The line of a node, numbered as in the model.
-    QTreeWidgetItem* ItemOf(std::int32_t node) const { return items_.at(std::size_t(node - 1)); }
+    [[nodiscard]] QTreeWidgetItem* ItemOf(std::int32_t node) const
+    {
+        return items_.at(std::size_t(node - 1));
+    }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -37,10 +40,10 @@ protected:
 private:
     void MeasureFonts();
     void SyncLater();
-    bool SameNodes() const;
+    [[nodiscard]] bool SameNodes() const;
     void Rebuild();
     void FollowSelection();
-    std::int32_t NodeOf(const QTreeWidgetItem* item) const;
+    [[nodiscard]] std::int32_t NodeOf(const QTreeWidgetItem* item) const;
     void Press(std::int32_t node);
     void PressLater(std::int32_t node);
     void UserExpanded(QTreeWidgetItem* item, bool expanded);

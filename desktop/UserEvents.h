@@ -26,13 +26,13 @@ public:
     /// What to do each time the outermost action is over.
     void WhenIdle(std::function<void()> idle) { idle_ = std::move(idle); }
     /// Whether an action is on its way.
-    bool Running() const { return depth_ > 0; }
+    [[nodiscard]] bool Running() const { return depth_ > 0; }
     /// False when the action ended with an error. Actions may start others, as a dialog does.
     bool Run(const std::function<void()>& action);
     /// The same for an action that works on the grid's current row.
     bool RunOnRow(const std::function<void()>& action);
     /// Whether the command was broken off by an action within it.
-    bool BrokenOff() const { return broken_ != nullptr; }
+    [[nodiscard]] bool BrokenOff() const { return broken_ != nullptr; }
     /// Ends the outer action as well, for a dialog whose action broke the command off. Does nothing
     /// otherwise.
     void PassOn() const;

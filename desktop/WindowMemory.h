@@ -35,7 +35,7 @@ private:
     void RestorePlace(const QSettings& settings);
     void RestoreColumns(QSettings& settings);
     void NotePlace();
-    bool MakeFile() const;
+    [[nodiscard]] bool MakeFile() const;
 
     QString file_;
     MainWindow& window_;

@@ -17,12 +17,15 @@ public:
     /// All borrowed; they outlive the box.
     YearBox(TextBox& year, Spinner& spinner, UserEvents& events, QWidget* parent = nullptr);
 
-    QLineEdit* Line() const { return lineEdit(); }
-    QSize sizeHint() const override;
+    [[nodiscard]] QLineEdit* Line() const { return lineEdit(); }
+    [[nodiscard]] QSize sizeHint() const override;
     void stepBy(int steps) override;
 
 protected:
-    StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
+    [[nodiscard]] StepEnabled stepEnabled() const override
+    {
+        return StepUpEnabled | StepDownEnabled;
+    }
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 

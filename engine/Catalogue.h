@@ -40,8 +40,8 @@ struct TableInfo {
     bool placeholder = false;  ///< has no columns of its own, only the hidden one
 
     /// Null when there is none of that name (without regard to case).
-    const ColumnInfo* Find(std::string_view column) const;
-    bool HasCounter() const;
+    [[nodiscard]] const ColumnInfo* Find(std::string_view column) const;
+    [[nodiscard]] bool HasCounter() const;
 };
 
 /// A table without columns keeps this one in the storage, which does not do without; the catalogue

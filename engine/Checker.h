@@ -24,9 +24,9 @@ public:
     void Check(Expression& expression, bool aggregatesAllowed);
     /// A condition: a truth value, or a number, of which all but 0 are true.
     void CheckCondition(Expression& expression, bool aggregatesAllowed);
-    const std::vector<Source>& Sources() const { return sources_; }
+    [[nodiscard]] const std::vector<Source>& Sources() const { return sources_; }
     /// Tables that the name stands for; all of them where it is empty. Throws when there is none.
-    std::vector<std::size_t> SourcesNamed(std::string_view qualifier) const;
+    [[nodiscard]] std::vector<std::size_t> SourcesNamed(std::string_view qualifier) const;
 
 private:
     void CheckColumn(Expression& e) const;

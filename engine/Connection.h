@@ -27,7 +27,7 @@ public:
     /// of slashes divide folders. Throws EngineError, also when the file is missing, locked or
     /// damaged.
     void Open(std::string_view connectionString);
-    bool IsOpen() const;
+    [[nodiscard]] bool IsOpen() const;
 
     /// Runs one statement of the dialect. The result holds the rows of a SELECT, read-only; it is
     /// closed for other statements. Throws EngineError, with nothing changed.
@@ -44,7 +44,7 @@ public:
     /// (FileTrouble::Locked) when the other program is not done in time.
     void Lock();
     /// Whether the pending group is open: nobody else can write now.
-    bool Locked() const;
+    [[nodiscard]] bool Locked() const;
     /// Makes everything written so far durable. Throws EngineError when that fails (disk full, file
     /// locked); what was pending is then lost and the file as before.
     void Settle();
@@ -56,7 +56,7 @@ public:
     /// Right after Lock() it knows of everything that was written before.
     bool ChangedElsewhere();
     /// Whether an error in writing has lost what was pending, and Settle() was not called since.
-    bool LostGroup() const;
+    [[nodiscard]] bool LostGroup() const;
 
     /// From now on each statement text sent (Execute, Open and Requery of result sets) is handed on
     /// before it runs; an empty function ends it.
@@ -81,7 +81,7 @@ public:
     static void CreateFile(const std::string& path, const std::string& script);
 
     struct State;
-    State& Internals() const;  ///< For the engine's own result sets.
+    [[nodiscard]] State& Internals() const;  ///< For the engine's own result sets.
 
 private:
     std::unique_ptr<State> state_;

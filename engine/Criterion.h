@@ -24,12 +24,12 @@ struct Criterion {
     /// Throws EngineError when the literal cannot be compared with a field of the type.
     void RequireType(FieldType type) const;
     /// For "=": the value of the field's type that is equal to the literal; nothing when none is.
-    std::optional<Value> Sought(FieldType type) const;
+    [[nodiscard]] std::optional<Value> Sought(FieldType type) const;
     /// Whether the value fulfils the criterion; null never does.
-    bool Matches(const Value& value) const;
+    [[nodiscard]] bool Matches(const Value& value) const;
 
 private:
-    int Compare(const Value& value) const;
+    [[nodiscard]] int Compare(const Value& value) const;
 };
 
 }  // namespace clb

@@ -21,7 +21,7 @@ public:
     explicit Statement(sqlite3_stmt* raw) : raw_(raw) {}
 
     explicit operator bool() const { return raw_ != nullptr; }
-    sqlite3_stmt* Raw() const { return raw_.get(); }
+    [[nodiscard]] sqlite3_stmt* Raw() const { return raw_.get(); }
 
     /// 1-based parameter. The value is not copied: it must live until the statement has been reset.
     /// Money is bound scaled, dates as ISO text, booleans as 0 or 1. Throws EngineError when the
@@ -32,18 +32,18 @@ public:
     void BindAll(std::span<const Value> values);
     void BindText(int parameter, std::string_view text);  ///< copied
     void BindInteger(int parameter, std::int64_t value);
-    int ParameterCount() const;
+    [[nodiscard]] int ParameterCount() const;
 
     /// 0-based column of the row that Step gave. Throws EngineError (TypeMismatch) when the cell
     /// holds something else than the type's values: other programs can put anything into any
     /// column, and an amount is never made of a text or a binary fraction.
-    Value Get(int column, FieldType type) const;
+    [[nodiscard]] Value Get(int column, FieldType type) const;
     /// What the cell holds in words, such as "the text '12,50'"; the beginning of a long text.
-    std::string Describe(int column) const;
-    std::string Text(int column) const;
+    [[nodiscard]] std::string Describe(int column) const;
+    [[nodiscard]] std::string Text(int column) const;
     /// The same without a copy: good until the statement moves on or is reset.
-    std::string_view TextView(int column) const;
-    std::int64_t Integer(int column) const;
+    [[nodiscard]] std::string_view TextView(int column) const;
+    [[nodiscard]] std::int64_t Integer(int column) const;
     void Reset() noexcept;
 
 private:
@@ -85,7 +85,7 @@ public:
     /// Creates a file and keeps writes to it unsynchronised: for filling it.
     void Create(const std::string& path);
     void Close();
-    bool IsOpen() const { return raw_ != nullptr; }
+    [[nodiscard]] bool IsOpen() const { return raw_ != nullptr; }
 
     /// One statement of the storage's own SQL. lasting: it will be run many times.
     Statement Prepare(std::string_view sql, bool lasting = false);
@@ -94,9 +94,9 @@ public:
     /// Runs all statements of a script, without results.
     void Run(const std::string& script);
 
-    std::int64_t LastRowId() const;
-    std::int64_t ChangedRows() const;
-    bool InTransaction() const;
+    [[nodiscard]] std::int64_t LastRowId() const;
+    [[nodiscard]] std::int64_t ChangedRows() const;
+    [[nodiscard]] bool InTransaction() const;
     /// Takes back the open transaction by a statement that was prepared for it, so that even a
     /// program without memory can. InTransaction() says whether it worked.
     void RollBack(Statement& rollback) noexcept;
@@ -125,7 +125,7 @@ public:
     /// up a transaction.
     [[noreturn]] void ThrowLastTrouble() const;
 
-    sqlite3* Raw() const { return raw_; }
+    [[nodiscard]] sqlite3* Raw() const { return raw_; }
 
 private:
     void Connect(const std::string& path, int flags);

@@ -26,7 +26,7 @@ public:
         : RuntimeError(number, message), trouble_(trouble)
     {
     }
-    FileTrouble Trouble() const { return trouble_; }
+    [[nodiscard]] FileTrouble Trouble() const { return trouble_; }
 
 private:
     FileTrouble trouble_ = FileTrouble::None;

@@ -18,8 +18,8 @@ public:
     void Add(std::uint64_t hash, std::size_t slot);
     void Remove(std::uint64_t hash, std::size_t slot);
     /// The first slot from here on that is accepted; npos when there is none.
-    std::size_t Find(std::uint64_t hash, std::size_t from,
-                     const std::function<bool(std::size_t)>& accept) const;
+    [[nodiscard]] std::size_t Find(std::uint64_t hash, std::size_t from,
+                                   const std::function<bool(std::size_t)>& accept) const;
     static constexpr std::size_t npos = SIZE_MAX;
 
 private:
@@ -34,7 +34,7 @@ private:
     static constexpr std::uint32_t kFree = UINT32_MAX;        ///< the entry was never used
     static constexpr std::uint32_t kSingle = UINT32_MAX - 1;  ///< no list
 
-    std::size_t Locate(std::uint64_t hash) const;
+    [[nodiscard]] std::size_t Locate(std::uint64_t hash) const;
     void Grow();
 
     std::vector<Entry> table_;  // a power of two long, at most half full

@@ -15,15 +15,15 @@ public:
     void DropLast();
     void Remove(std::size_t slot);
 
-    std::size_t Slots() const { return slots_; }
-    std::size_t Count() const { return count_; }
-    bool IsLive(std::size_t slot) const;
+    [[nodiscard]] std::size_t Slots() const { return slots_; }
+    [[nodiscard]] std::size_t Count() const { return count_; }
+    [[nodiscard]] bool IsLive(std::size_t slot) const;
     /// The slot of the row with this 0-based number; Slots() when there are fewer.
-    std::size_t SlotOf(std::size_t number) const;
+    [[nodiscard]] std::size_t SlotOf(std::size_t number) const;
     /// How many rows are left in front of the slot.
-    std::size_t NumberOf(std::size_t slot) const;
+    [[nodiscard]] std::size_t NumberOf(std::size_t slot) const;
     /// The slot itself or the next one with a row; Slots() when there is none.
-    std::size_t NextLive(std::size_t slot) const { return SlotOf(NumberOf(slot)); }
+    [[nodiscard]] std::size_t NextLive(std::size_t slot) const { return SlotOf(NumberOf(slot)); }
 
 private:
     void Build();

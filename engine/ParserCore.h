@@ -13,19 +13,22 @@ class TokenReader {
 public:
     explicit TokenReader(const LexedStatement& lexed) : lexed_(&lexed) {}
 
-    const Token& Peek(std::size_t ahead = 0) const;
+    [[nodiscard]] const Token& Peek(std::size_t ahead = 0) const;
     const Token& Next();
-    const Literal& LiteralOf(const Token& token) const { return lexed_->literals[token.literal]; }
+    [[nodiscard]] const Literal& LiteralOf(const Token& token) const
+    {
+        return lexed_->literals[token.literal];
+    }
 
     /// Without regard to case; words are given in capitals.
-    bool AtWord(std::string_view word) const { return IsWord(Peek(), word); }
-    bool AtSymbol(std::string_view symbol, std::size_t ahead = 0) const;
+    [[nodiscard]] bool AtWord(std::string_view word) const { return IsWord(Peek(), word); }
+    [[nodiscard]] bool AtSymbol(std::string_view symbol, std::size_t ahead = 0) const;
     bool TakeWord(std::string_view word);
     bool TakeSymbol(std::string_view symbol);
     void ExpectWord(std::string_view word);
     void ExpectSymbol(std::string_view symbol);
     /// A name, in brackets or not a word of the language.
-    bool AtName(std::size_t ahead = 0) const;
+    [[nodiscard]] bool AtName(std::size_t ahead = 0) const;
     std::string ExpectName();
     /// A whole number from 0.
     std::int32_t ExpectCount();

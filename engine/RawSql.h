@@ -26,14 +26,15 @@ public:
     public:
         explicit Row(const Statement& statement) : statement_(&statement) {}
 
-        Kind KindOf(int column) const;
-        bool IsNull(int column) const { return KindOf(column) == Kind::Nothing; }
-        std::int64_t Integer(int column) const;  ///< 0 for a cell that is not a number
-        double Real(int column) const;
+        [[nodiscard]] Kind KindOf(int column) const;
+        [[nodiscard]] bool IsNull(int column) const { return KindOf(column) == Kind::Nothing; }
+        [[nodiscard]] std::int64_t Integer(
+            int column) const;  ///< 0 for a cell that is not a number
+        [[nodiscard]] double Real(int column) const;
         /// Text, or a blob's bytes; a number as text. Valid until the next row.
-        std::string_view Text(int column) const;
+        [[nodiscard]] std::string_view Text(int column) const;
         /// What the cell holds in words: "the text '12,50'".
-        std::string Describe(int column) const;
+        [[nodiscard]] std::string Describe(int column) const;
 
     private:
         const Statement* statement_;

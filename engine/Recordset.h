@@ -50,23 +50,23 @@ public:
     void Open(std::string_view sql, Connection& connection, CursorKind cursor, LockKind lock);
     /// Drops a row being added and unsaved changes. Closing a closed set does nothing.
     void Close();
-    bool IsOpen() const;
+    [[nodiscard]] bool IsOpen() const;
     /// Runs the same SELECT again and stands on its first row; unsaved changes are dropped.
     void Requery();
     /// Grows with every Open, Requery and Close; tells a reader by row number that the rows were
     /// replaced.
-    std::uint64_t Generation() const;
+    [[nodiscard]] std::uint64_t Generation() const;
 
-    const std::vector<Field>& Fields() const;
+    [[nodiscard]] const std::vector<Field>& Fields() const;
     /// 0-based position of the field. Throws EngineError when there is none of that name.
-    std::size_t FieldIndex(std::string_view name) const;
+    [[nodiscard]] std::size_t FieldIndex(std::string_view name) const;
 
     /// Exact number of rows, added ones included, deleted ones not.
-    std::int32_t RecordCount() const;
+    [[nodiscard]] std::int32_t RecordCount() const;
     /// Before the first row; past the last one; both on an empty set.
-    bool AtBeginning() const;
-    bool AtEnd() const;
-    bool Empty() const { return AtBeginning() && AtEnd(); }
+    [[nodiscard]] bool AtBeginning() const;
+    [[nodiscard]] bool AtEnd() const;
+    [[nodiscard]] bool Empty() const { return AtBeginning() && AtEnd(); }
     /// Unsaved changes are saved first, as by MoveNext, Find and MoveTo. On an empty set it throws.
     void MoveFirst();
     /// Unsaved changes of the row that is left are saved first. Past the end it throws.
@@ -74,8 +74,8 @@ public:
 
     /// Value of a field in the current row, or in the row being added or changed. The reference is
     /// good until the next call that moves, changes or reads another row.
-    const Value& Get(std::size_t field) const;
-    const Value& Get(std::string_view name) const { return Get(FieldIndex(name)); }
+    [[nodiscard]] const Value& Get(std::size_t field) const;
+    [[nodiscard]] const Value& Get(std::string_view name) const { return Get(FieldIndex(name)); }
     /// Sets a field of the current row or of the row being added; saved by Update. The value is
     /// converted to the column's type. Throws EngineError for an expression, a read-only set, a
     /// value of the wrong type, a text longer than its column, and the counter of a row that is
@@ -103,17 +103,17 @@ public:
     /// Reading and standing by number, for a grid: rows as in displayed order, 0-based, deleted
     /// ones left out. At does not move the current row and gives what is saved; its reference is
     /// good as long as Get's. MoveTo takes RecordCount for the place past the end.
-    const Value& At(std::size_t row, std::size_t field) const;
+    [[nodiscard]] const Value& At(std::size_t row, std::size_t field) const;
     void MoveTo(std::size_t row);
     /// Reads what is stored of a row now, for At: another program may have changed it. Throws
     /// EngineError (RowVanished) when the row is gone.
     void Reread(std::size_t row);
     /// Unseen identity of a row of an updatable set: the same for the same stored row in every set
     /// over its table. 0 in other sets.
-    std::size_t Identity(std::size_t row) const;
+    [[nodiscard]] std::size_t Identity(std::size_t row) const;
     /// Number of the current row; the row that followed, on a deleted one; RecordCount past the
     /// end.
-    std::size_t Position() const;
+    [[nodiscard]] std::size_t Position() const;
 
 private:
     friend class Connection;

@@ -41,7 +41,7 @@ struct Recordset::State {
     void RequireWritable() const;
     /// The current row is there and is no deleted one.
     void RequireRow() const;
-    const std::vector<Field>& Fields() const;
+    [[nodiscard]] const std::vector<Field>& Fields() const;
 
     void Run();
     void Close();
@@ -69,7 +69,7 @@ private:
     void AddToSearched(std::size_t at);
     void AddTo(Searched& in, std::size_t at);
     void RemoveFromSearched(std::size_t at);
-    RowStore::Fetch Fetcher(FieldRange range) const;
+    [[nodiscard]] RowStore::Fetch Fetcher(FieldRange range) const;
 };
 
 }  // namespace clb

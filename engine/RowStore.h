@@ -32,17 +32,17 @@ public:
     void Append(std::int64_t rowId);
 
     /// Whether the row's values are held, so that asking for them reads nothing.
-    bool Holds(std::size_t slot) const;
+    [[nodiscard]] bool Holds(std::size_t slot) const;
 
-    std::size_t Slots() const { return rowIds_.size(); }
-    std::int64_t RowId(std::size_t slot) const { return rowIds_[slot]; }
+    [[nodiscard]] std::size_t Slots() const { return rowIds_.size(); }
+    [[nodiscard]] std::int64_t RowId(std::size_t slot) const { return rowIds_[slot]; }
     /// The row's values; they stay in place until another row is asked for, added or read again.
     /// Throws EngineError when the row is gone.
     const Value* Values(std::size_t slot);
     /// Reads the row again. Throws EngineError when it is gone.
     const Value* Refresh(std::size_t slot);
     /// Whether a row added at opening still gets its values kept.
-    bool KeepsMore() const { return !fetch_ || Slots() < kKeptAtOpening; }
+    [[nodiscard]] bool KeepsMore() const { return !fetch_ || Slots() < kKeptAtOpening; }
 
     static constexpr std::size_t kKeptAtOpening = 16 * kBlockRows;
 
@@ -58,7 +58,7 @@ private:
     Block& BlockOf(std::size_t slot);
     Value* Place(Block& block, std::size_t slot);
     void Load(Block& block, std::size_t slot, std::size_t count);
-    std::size_t RowsToLoad(const Block& block, std::size_t slot) const;
+    [[nodiscard]] std::size_t RowsToLoad(const Block& block, std::size_t slot) const;
     void Evict();
 
     std::size_t fields_ = 0;

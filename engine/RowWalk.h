@@ -20,14 +20,14 @@ class WalkedRow {
 public:
     WalkedRow(const Plan& plan, const Statement& statement) : plan_(plan), statement_(statement) {}
 
-    const std::vector<Field>& Fields() const;
+    [[nodiscard]] const std::vector<Field>& Fields() const;
     /// 0-based position of the field, without regard to case. Throws EngineError when there is none
     /// of that name.
-    std::size_t FieldIndex(std::string_view name) const;
+    [[nodiscard]] std::size_t FieldIndex(std::string_view name) const;
     /// What Recordset::Get gives, errors included.
-    Value Get(std::size_t field) const;
+    [[nodiscard]] Value Get(std::size_t field) const;
     /// A text field without a copy, good until the next row; empty for null and other types.
-    std::string_view Text(std::size_t field) const;
+    [[nodiscard]] std::string_view Text(std::size_t field) const;
 
 private:
     const Plan& plan_;

@@ -15,8 +15,8 @@ struct RowChange {
     std::vector<bool> set;
 
     void Clear(std::size_t fields);
-    bool Any() const;
-    bool All() const;
+    [[nodiscard]] bool Any() const;
+    [[nodiscard]] bool All() const;
 };
 
 /// Neighbouring fields of a result set.
@@ -55,7 +55,7 @@ public:
 
 private:
     /// Whether the database's counter numbers the new row.
-    bool IsNumbered(const RowChange& change) const;
+    [[nodiscard]] bool IsNumbered(const RowChange& change) const;
     Statement& InsertFor(const std::vector<bool>& set);
     Statement& UpdateFor(const std::vector<bool>& set);
     void VisitStretch(std::span<const std::int64_t> rowIds, const BoundValues& values,

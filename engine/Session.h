@@ -50,7 +50,7 @@ struct Connection::State {
     /// nothing changed, when the counter has too few numbers left.
     void StepInsert(Statement& statement, const std::string& table);
     /// Whether the pending group was given up with all that was in it.
-    bool LostGroup() const { return pending && !database.InTransaction(); }
+    [[nodiscard]] bool LostGroup() const { return pending && !database.InTransaction(); }
     void Settle();
     void Abandon() noexcept;
     bool ChangedElsewhere();

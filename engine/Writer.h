@@ -24,8 +24,8 @@ Value ParameterValue(const Parameter& parameter, const Literal& literal);
 /// number n of the statement is called tn.
 class Writer {
 public:
-    const std::string& Sql() const { return sql_; }
-    const std::vector<Parameter>& Parameters() const { return parameters_; }
+    [[nodiscard]] const std::string& Sql() const { return sql_; }
+    [[nodiscard]] const std::vector<Parameter>& Parameters() const { return parameters_; }
     std::string TakeSql() { return std::move(sql_); }
 
     Writer& Text(std::string_view text);

@@ -32,9 +32,9 @@ public:
     /// The next transaction in the file's order.
     void Add(const ExportedRow& row);
     /// One line for each fault, in the file's order, then counts of what no file holds.
-    std::vector<std::string> Lines() const;
+    [[nodiscard]] std::vector<std::string> Lines() const;
     /// 1-based places in the file of the transactions that do not come back as they are.
-    std::set<std::int32_t> Rows() const;
+    [[nodiscard]] std::set<std::int32_t> Rows() const;
 
 private:
     /// What the file's characters so far are for a reader that does not know.
@@ -47,8 +47,8 @@ private:
     void Check(const ExportedRow& row, const char* name, std::string_view text,
                const std::string& returned);
     void Tell(const ExportedRow& row, const std::string& what);
-    std::string Named(const ExportedRow& row) const;
-    bool Misread() const { return characters_ == Characters::LookLikeUtf8; }
+    [[nodiscard]] std::string Named(const ExportedRow& row) const;
+    [[nodiscard]] bool Misread() const { return characters_ == Characters::LookLikeUtf8; }
     /// Whether the text has characters beyond ASCII.
     bool TakeCharacters(std::string_view text);
 

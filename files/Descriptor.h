@@ -17,8 +17,8 @@ public:
         return *this;
     }
 
-    int Number() const { return number_; }
-    bool IsOpen() const { return number_ >= 0; }
+    [[nodiscard]] int Number() const { return number_; }
+    [[nodiscard]] bool IsOpen() const { return number_ >= 0; }
     /// False when the system reports an error that it had not told before. Errno says which.
     bool Close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
 

@@ -14,7 +14,7 @@ public:
     {
     }
     /// The errno of the system call that failed.
-    int Reason() const { return reason_; }
+    [[nodiscard]] int Reason() const { return reason_; }
 
 private:
     int reason_;

@@ -13,9 +13,9 @@ public:
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    const std::string& Path() const { return path_; }
+    [[nodiscard]] const std::string& Path() const { return path_; }
     /// Path of a file or folder in it.
-    std::string Path(const std::string& name) const { return path_ + "/" + name; }
+    [[nodiscard]] std::string Path(const std::string& name) const { return path_ + "/" + name; }
 
 private:
     std::string path_;

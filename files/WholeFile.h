@@ -33,7 +33,7 @@ public:
     WholeFile& operator=(const WholeFile&) = delete;
 
     /// Where the bytes are until the file gets its name, for those who open it themselves.
-    const std::string& Path() const { return path_; }
+    [[nodiscard]] const std::string& Path() const { return path_; }
     /// Appends to it.
     void Write(std::string_view bytes);
 

@@ -28,7 +28,7 @@ public:
     StoredRow Reread() override;
     /// Whether cells show a tip (fetched through FetchCellTip).
     void ShowToolTips(bool show);
-    bool ShowToolTips() const { return CellTips() != 0; }
+    [[nodiscard]] bool ShowToolTips() const { return CellTips() != 0; }
     /// Reads the rows again from the data source, back to the same row (else its key, else its
     /// place) and column (else the nearest that exists).
     void Refetch();
@@ -36,8 +36,8 @@ public:
     using GridComponent::DataSource;
     void DataSource(Recordset& records) { GridComponent::DataSource(&records); }
     /// Size and place in the window, in pixels.
-    std::int32_t Width() const { return Place().width; }
-    std::int32_t Left() const { return Place().left; }
+    [[nodiscard]] std::int32_t Width() const { return Place().width; }
+    [[nodiscard]] std::int32_t Left() const { return Place().left; }
     using GridComponent::Col;
     /// Makes a column current; ignored while a row is being saved.
     void Col(std::int32_t column) override;

@@ -11,9 +11,9 @@ class FileLines {
 public:
     explicit FileLines(std::string_view text) : text_(text) {}
 
-    bool AtEnd() const { return at_ >= text_.size(); }
+    [[nodiscard]] bool AtEnd() const { return at_ >= text_.size(); }
     /// Bytes read so far.
-    std::size_t At() const { return at_; }
+    [[nodiscard]] std::size_t At() const { return at_; }
     /// The next line without its end; empty at the end of the text.
     std::string_view ReadLine();
     /// The next comma-delimited item: up to the next comma or the line's end, which is consumed.

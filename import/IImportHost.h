@@ -13,7 +13,7 @@ public:
     /// takes them.
     virtual std::string AskForFile(std::int32_t flags, const std::string& filter) = 0;
     /// First panel of the status bar.
-    virtual std::string StatusText() const = 0;
+    [[nodiscard]] virtual std::string StatusText() const = 0;
     virtual void StatusText(const std::string& text) = 0;
     /// Draws at once what has changed.
     virtual void Repaint() = 0;

@@ -21,7 +21,7 @@ struct LeftOut {
     /// Transactions without an identifier: all but an account's first one count as duplicates.
     std::size_t withoutIdentifier = 0;
 
-    bool Nothing() const { return *this == LeftOut(); }
+    [[nodiscard]] bool Nothing() const { return *this == LeftOut(); }
     bool operator==(const LeftOut&) const = default;
 };
 

@@ -49,12 +49,12 @@ public:
     /// The window never sets it.
     void QifDateOrder(DateText::Order order) { dateOrder_ = order; }
     /// Of the last file, as far as it was read.
-    const ImportCounts& Counts() const { return counts_; }
+    [[nodiscard]] const ImportCounts& Counts() const { return counts_; }
     /// The balances that did not fit their rows before the last file was read. They are on the list
     /// of noticed balances; the import command has stored them anew.
-    const std::vector<OddBalance>& FormerBalances() const { return formerBalances_; }
+    [[nodiscard]] const std::vector<OddBalance>& FormerBalances() const { return formerBalances_; }
     /// The copy of the file that was made before they were stored anew; empty when none was.
-    const std::string& FormerFile() const { return formerFile_; }
+    [[nodiscard]] const std::string& FormerFile() const { return formerFile_; }
 
 private:
     /// To be called before a message of an import that has stored rows: the message may wait long,

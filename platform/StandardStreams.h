@@ -16,7 +16,7 @@ protected:
     int_type underflow() override;
 
 private:
-    bool WaitForInput() const;
+    [[nodiscard]] bool WaitForInput() const;
 
     int wake_;
     std::array<char, 1 << 16> buffer_{};

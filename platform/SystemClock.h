@@ -10,9 +10,9 @@ namespace clb {
 /// The machine's own clock, in the time zone of TZ or else of the system.
 class SystemClock : public IClock {
 public:
-    Date Now() const override;
-    std::uint32_t TickCount() const override;
-    modCommon::ZoneInformation Zone() const override;
+    [[nodiscard]] Date Now() const override;
+    [[nodiscard]] std::uint32_t TickCount() const override;
+    [[nodiscard]] modCommon::ZoneInformation Zone() const override;
 };
 
 /// A clock that is stopped at one local date and time. The tick count runs on. The zone is the
@@ -20,9 +20,9 @@ public:
 class FixedClock : public IClock {
 public:
     explicit FixedClock(const Date& now) : now_(now) {}
-    Date Now() const override { return now_; }
-    std::uint32_t TickCount() const override { return system_.TickCount(); }
-    modCommon::ZoneInformation Zone() const override;
+    [[nodiscard]] Date Now() const override { return now_; }
+    [[nodiscard]] std::uint32_t TickCount() const override { return system_.TickCount(); }
+    [[nodiscard]] modCommon::ZoneInformation Zone() const override;
 
 private:
     Date now_;

@@ -20,8 +20,11 @@ public:
 /// Dates as yyyy-mm-dd.
 class IsoDateForm : public IDateForm {
 public:
-    std::string Format(const Date& date) const override { return date.ToIso(); }
-    std::optional<Date> Read(std::string_view text) const override { return Date::FromIso(text); }
+    [[nodiscard]] std::string Format(const Date& date) const override { return date.ToIso(); }
+    [[nodiscard]] std::optional<Date> Read(std::string_view text) const override
+    {
+        return Date::FromIso(text);
+    }
 };
 
 }  // namespace clb

@@ -15,7 +15,7 @@ class IQuoteHost {
 public:
     virtual ~IQuoteHost() = default;
     /// First panel of the status bar.
-    virtual std::string StatusText() const = 0;
+    [[nodiscard]] virtual std::string StatusText() const = 0;
     virtual void StatusText(const std::string& text) = 0;
     /// Draws at once what has changed: the requests leave no time for it.
     virtual void Repaint() = 0;

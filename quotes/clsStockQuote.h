@@ -13,22 +13,22 @@ public:
     /// service: scheme, host and port, e.g. "http://127.0.0.1:8271". The client is borrowed.
     clsStockQuote(IHttpClient& http, std::string service);
 
-    const std::string& Symbol() const { return symbol_; }
+    [[nodiscard]] const std::string& Symbol() const { return symbol_; }
     /// Stores the symbol and fetches its quote. Throws PortError when the request cannot be made.
     void Symbol(const std::string& symbol);
 
-    const std::string& Quote() const { return quote_; }
-    const std::string& LastTradeDate() const { return lastTradeDate_; }
-    const std::string& LastTradeTime() const { return lastTradeTime_; }
-    const std::string& Change() const { return change_; }
-    const std::string& Opening() const { return opening_; }
-    const std::string& DayHigh() const { return dayHigh_; }
-    const std::string& DayLow() const { return dayLow_; }
-    const std::string& Bid() const { return bid_; }
-    const std::string& Ask() const { return ask_; }
+    [[nodiscard]] const std::string& Quote() const { return quote_; }
+    [[nodiscard]] const std::string& LastTradeDate() const { return lastTradeDate_; }
+    [[nodiscard]] const std::string& LastTradeTime() const { return lastTradeTime_; }
+    [[nodiscard]] const std::string& Change() const { return change_; }
+    [[nodiscard]] const std::string& Opening() const { return opening_; }
+    [[nodiscard]] const std::string& DayHigh() const { return dayHigh_; }
+    [[nodiscard]] const std::string& DayLow() const { return dayLow_; }
+    [[nodiscard]] const std::string& Bid() const { return bid_; }
+    [[nodiscard]] const std::string& Ask() const { return ask_; }
     /// With digit grouping when it is a number.
-    const std::string& Volume() const { return volume_; }
-    const std::string& PercentageChange() const { return percentageChange_; }
+    [[nodiscard]] const std::string& Volume() const { return volume_; }
+    [[nodiscard]] const std::string& PercentageChange() const { return percentageChange_; }
 
 private:
     std::string FetchUrl(const std::string& url);

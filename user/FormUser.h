@@ -32,7 +32,7 @@ public:
 
 private:
     template <class Kind>
-    Kind* Find(const std::string& name) const;
+    [[nodiscard]] Kind* Find(const std::string& name) const;
 
     Form& form_;
 };

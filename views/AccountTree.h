@@ -18,14 +18,14 @@ public:
     /// read; the tree then stays as it was.
     void Build(clsDatabase& data);
     /// False if the last Build was interrupted half-way, for lack of memory.
-    bool IsWhole() const { return whole_; }
+    [[nodiscard]] bool IsWhole() const { return whole_; }
     /// Whether the tree lists the accounts as they are stored now. Throws EngineError.
     bool IsCurrent(clsDatabase& data) const;
     /// Number of the first node with the tag; 0 if there is none.
-    std::int32_t Find(const std::string& tag) const;
+    [[nodiscard]] std::int32_t Find(const std::string& tag) const;
     /// Piece of the selected node's tag: 0 the view identifier, 1 the account. Throws RuntimeError
     /// (SubscriptOutOfRange) for a piece that the tag does not have.
-    std::string SelectedTagPiece(std::int32_t index) const;
+    [[nodiscard]] std::string SelectedTagPiece(std::int32_t index) const;
 
 private:
     /// An account's line.

@@ -24,7 +24,7 @@ public:
 
     /// Widths in pixels that the user set by hand, by view and column.
     using HandWidths = std::map<std::int32_t, std::map<std::int32_t, std::int32_t>>;
-    const HandWidths& WidthsByHand() const { return handWidths_; }
+    [[nodiscard]] const HandWidths& WidthsByHand() const { return handWidths_; }
     /// Limits each width to what a column may have.
     void WidthsByHand(const HandWidths& widths);
     void WidthByHand(std::int32_t view, std::int32_t column, std::int32_t pixels)

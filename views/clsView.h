@@ -26,29 +26,29 @@ public:
     /// The store whose rows are shown; set once, before anything is shown. Borrowed.
     void Use(clsDatabase& database) { database_ = &database; }
 
-    std::int32_t View() const override { return view_; }
+    [[nodiscard]] std::int32_t View() const override { return view_; }
     /// Writing reloads the grid, even with the same value; so do Period and Year.
     void View(std::int32_t view);
-    std::int32_t Period() const override { return period_; }
+    [[nodiscard]] std::int32_t Period() const override { return period_; }
     void Period(std::int32_t month);
-    std::int32_t Year() const override { return year_; }
+    [[nodiscard]] std::int32_t Year() const override { return year_; }
     void Year(std::int32_t year);
     /// Writing these two does not reload.
-    const std::string& AccountType() const override { return accountType_; }
+    [[nodiscard]] const std::string& AccountType() const override { return accountType_; }
     void AccountType(const std::string& type) { accountType_ = type; }
-    const std::string& AccountID() const override { return accountID_; }
+    [[nodiscard]] const std::string& AccountID() const override { return accountID_; }
     void AccountID(const std::string& id) { accountID_ = id; }
     /// While true nothing reloads; writing false reloads once.
     void HoldRefresh(bool hold);
-    bool HoldRefresh() const { return hold_; }
+    [[nodiscard]] bool HoldRefresh() const { return hold_; }
     /// What the shown view is like; a definition without anything if no view is shown.
-    const ViewDefinition& Definition() const { return DefinitionOf(view_); }
+    [[nodiscard]] const ViewDefinition& Definition() const { return DefinitionOf(view_); }
 
     /// Loads the grid, totals, layout and commands for what is to be shown. If that fails the grid
     /// is empty, without columns, until the view is shown again.
     void Refresh();
     /// Why the grid is empty: the error that the view could not be read for. Empty if it was read.
-    const std::string& WhyEmpty() const { return whyEmpty_; }
+    [[nodiscard]] const std::string& WhyEmpty() const { return whyEmpty_; }
     /// Empties the grid if its rows were to be read again and could not. Called after each command.
     void DropClosedRows() noexcept;
     /// Reads what is shown again because another program has written it: rows, totals, lists,
@@ -61,18 +61,21 @@ public:
     /// stays as it was.
     void BuildTree();
     /// False if the last BuildTree was interrupted half-way, for lack of memory.
-    bool TreeIsWhole() const { return accountTree_.IsWhole(); }
+    [[nodiscard]] bool TreeIsWhole() const { return accountTree_.IsWhole(); }
     /// Whether the tree lists the accounts as they are stored now.
     bool TreeIsCurrent() { return accountTree_.IsCurrent(*database_); }
     /// The tree's node for what is shown, made from the view's own state: tag, text and key.
-    TreeNode ShownNode() const;
+    [[nodiscard]] TreeNode ShownNode() const;
     /// 4, 5 or 6 for the five account types, compared exactly; 0 for any other text.
     static std::int32_t ViewFromAccountType(std::string_view type);
     /// Number of the first node with the tag; 0 if there is none.
-    std::int32_t FindTreeNodeByTag(const std::string& tag) const { return accountTree_.Find(tag); }
+    [[nodiscard]] std::int32_t FindTreeNodeByTag(const std::string& tag) const
+    {
+        return accountTree_.Find(tag);
+    }
     /// Piece of the selected node's tag: 0 the view identifier, 1 the account. Throws RuntimeError
     /// (SubscriptOutOfRange) for a piece that the tag does not have.
-    std::string GetTreeNodeAccountInfo(std::int32_t index) const
+    [[nodiscard]] std::string GetTreeNodeAccountInfo(std::int32_t index) const
     {
         return accountTree_.SelectedTagPiece(index);
     }
@@ -81,7 +84,7 @@ public:
     /// their columns. A width that the user gave a column by hand replaces its fraction.
     void SetColWidths() { layout_.SetColWidths(Definition()); }
     using HandWidths = ViewLayout::HandWidths;
-    const HandWidths& WidthsByHand() const { return layout_.WidthsByHand(); }
+    [[nodiscard]] const HandWidths& WidthsByHand() const { return layout_.WidthsByHand(); }
     /// Sets them again after a new start. Columns that a view does not have are ignored, and no
     /// width is less than the grid's least.
     void WidthsByHand(const HandWidths& widths);
@@ -101,7 +104,7 @@ public:
     /// Asks whether the record may be deleted and lets the data store follow up; false if the user
     /// declines.
     bool DeleteRow();
-    bool ExportAllowed() const { return exportAllowed_; }
+    [[nodiscard]] bool ExportAllowed() const { return exportAllowed_; }
 
     /// Raised after a reload, and after the tree was rebuilt.
     Event<void()> Refreshed() { return refreshed_; }
@@ -114,7 +117,7 @@ private:
     DrawnRow Drawn(std::int32_t row);
     void DecideExport();
     bool OnStoredRow();
-    bool GridHasFocus() const;
+    [[nodiscard]] bool GridHasFocus() const;
     void EnableItem(const char* item, bool enabled);
 
     ViewTargets targets_;

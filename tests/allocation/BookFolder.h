@@ -13,8 +13,8 @@ public:
     /// A book with the delivered tables and these statements run on it.
     explicit BookFolder(const std::vector<std::string>& statements);
 
-    std::string Path() const { return folder_.Path(); }
-    std::string Path(const std::string& name) const { return folder_.Path(name); }
+    [[nodiscard]] std::string Path() const { return folder_.Path(); }
+    [[nodiscard]] std::string Path(const std::string& name) const { return folder_.Path(name); }
     /// Adds a file to what is put back.
     std::string Write(const std::string& name, const std::string& bytes);
 
@@ -24,16 +24,16 @@ public:
     void PutBack() const;
 
     /// Names of all files below the folder, with their bytes.
-    std::map<std::string, std::string> Files() const;
-    std::vector<std::string> FileNames() const;
+    [[nodiscard]] std::map<std::string, std::string> Files() const;
+    [[nodiscard]] std::vector<std::string> FileNames() const;
     /// What the tables hold. Throws std::runtime_error when the file is damaged.
-    TableDump Tables() const;
+    [[nodiscard]] TableDump Tables() const;
     /// Whether the database file is byte by byte as it was kept, and no journal beside it.
-    bool Untouched() const;
+    [[nodiscard]] bool Untouched() const;
     /// Whether the database file and no journal beside it holds the text.
-    bool Holds(const std::string& text) const;
-    const TableDump& KeptTables() const { return tables_; }
-    bool WasKept(const std::string& name) const { return kept_.contains(name); }
+    [[nodiscard]] bool Holds(const std::string& text) const;
+    [[nodiscard]] const TableDump& KeptTables() const { return tables_; }
+    [[nodiscard]] bool WasKept(const std::string& name) const { return kept_.contains(name); }
 
 private:
     TempFolder folder_{TempFolder::Memory()};

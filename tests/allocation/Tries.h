@@ -26,22 +26,22 @@ public:
     /// The same: ends the try. wrong: what is wrong with its outcome; empty when nothing is.
     [[noreturn]] void End(const std::string& wrong) const;
     /// Whether this is the undisturbed try.
-    bool Undisturbed() const { return n_ == 0; }
+    [[nodiscard]] bool Undisturbed() const { return n_ == 0; }
 
     /// What is wrong with the book: it must be as before the action or as after it, with no other
     /// file left. succeeded: what the action has answered; it tells which of the two.
-    std::string WrongInBook(bool succeeded) const;
+    [[nodiscard]] std::string WrongInBook(bool succeeded) const;
     /// Whether the undisturbed action has changed the tables.
-    bool Changes() const { return !(after_ == books_.KeptTables()); }
+    [[nodiscard]] bool Changes() const { return !(after_ == books_.KeptTables()); }
     /// Whether this try is one of those that look whether the program goes on to work.
-    bool LooksFurther() const;
+    [[nodiscard]] bool LooksFurther() const;
     /// Whether the tables are as they were before the action.
-    bool IsAsBefore() const;
+    [[nodiscard]] bool IsAsBefore() const;
 
     /// What was wrong, a line a try; at most a few tries.
-    const std::vector<std::string>& Problems() const { return problems_; }
+    [[nodiscard]] const std::vector<std::string>& Problems() const { return problems_; }
     /// How many allocations failed, each in a try.
-    std::int64_t Failed() const { return n_ - 1; }
+    [[nodiscard]] std::int64_t Failed() const { return n_ - 1; }
 
 private:
     /// False when no allocation failed any more.

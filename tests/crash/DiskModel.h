@@ -15,7 +15,7 @@ class DiskModel {
 public:
     /// A file that was there before; whole on the disk.
     void Existing(const std::string& path, std::string bytes);
-    bool Knows(const std::string& path) const { return names_.contains(path); }
+    [[nodiscard]] bool Knows(const std::string& path) const { return names_.contains(path); }
 
     void Create(const std::string& path);
     void Write(const std::string& path, const void* bytes, std::size_t count, std::size_t offset);

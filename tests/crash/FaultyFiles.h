@@ -38,13 +38,16 @@ public:
     /// Nothing fails and nothing is counted until Resume.
     void Pause() { paused_ = true; }
     void Resume() { paused_ = false; }
-    std::int64_t Operations() const { return operations_; }
+    [[nodiscard]] std::int64_t Operations() const { return operations_; }
     /// How often something has failed.
-    std::int64_t Failures() const { return failures_; }
+    [[nodiscard]] std::int64_t Failures() const { return failures_; }
     /// What kind of operation failed first: "write journal", "sync database".
-    const std::string& FirstFailure() const { return firstFailure_; }
+    [[nodiscard]] const std::string& FirstFailure() const { return firstFailure_; }
     /// The power is gone: every operation fails, reading too.
-    bool Dark() const { return !paused_ && plan_.fault == Fault::PowerLoss && failures_ > 0; }
+    [[nodiscard]] bool Dark() const
+    {
+        return !paused_ && plan_.fault == Fault::PowerLoss && failures_ > 0;
+    }
 
 private:
     struct File;

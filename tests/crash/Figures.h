@@ -38,7 +38,7 @@ public:
 
     /// An outcome that begins with "+" is counted beside the others.
     void Count(const std::string& kind, const std::string& outcome) { ++kinds_[kind][outcome]; }
-    int Of(const std::string& kind, const std::string& outcome) const
+    [[nodiscard]] int Of(const std::string& kind, const std::string& outcome) const
     {
         const auto found = kinds_.find(kind);
         if (found == kinds_.end() || !found->second.contains(outcome))

@@ -39,7 +39,10 @@ struct RecordedSitting {
     double startSeconds = 0;
     std::vector<RecordedRequest> requests;
 
-    MomentPtr Last() const { return requests.empty() ? started : requests.back().after; }
+    [[nodiscard]] MomentPtr Last() const
+    {
+        return requests.empty() ? started : requests.back().after;
+    }
 };
 
 /// A request with the folder in the place of "%HOME%".

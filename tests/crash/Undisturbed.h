@@ -11,7 +11,7 @@ namespace clb {
 class OnePrice {
 public:
     OnePrice();
-    std::string Address() const { return server_.Address(); }
+    [[nodiscard]] std::string Address() const { return server_.Address(); }
     void Price(const std::string& price);
 
 private:

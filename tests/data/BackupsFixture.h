@@ -37,7 +37,7 @@ protected:
         EXPECT_THAT(backups_.Names(), testing::IsEmpty());
         return refusal;
     }
-    mode_t ModeOf(const std::string& name) const
+    [[nodiscard]] mode_t ModeOf(const std::string& name) const
     {
         struct stat status {};
         stat(folder_.Path(name).c_str(), &status);

@@ -20,11 +20,11 @@ struct Shown : IShownState {
     std::string type;
     std::string account;
 
-    std::int32_t View() const override { return view; }
-    std::int32_t Period() const override { return period; }
-    std::int32_t Year() const override { return year; }
-    const std::string& AccountType() const override { return type; }
-    const std::string& AccountID() const override { return account; }
+    [[nodiscard]] std::int32_t View() const override { return view; }
+    [[nodiscard]] std::int32_t Period() const override { return period; }
+    [[nodiscard]] std::int32_t Year() const override { return year; }
+    [[nodiscard]] const std::string& AccountType() const override { return type; }
+    [[nodiscard]] const std::string& AccountID() const override { return account; }
 };
 
 /// The grid's current row, set by the test.

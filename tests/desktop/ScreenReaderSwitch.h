@@ -8,7 +8,7 @@ public:
 };
 class QPlatformIntegration {
 public:
-    QPlatformAccessibility* accessibility() const;
+    [[nodiscard]] QPlatformAccessibility* accessibility() const;
 };
 
 namespace clb {

@@ -20,9 +20,9 @@ protected:
     ~EngineTest() override;
 
     /// "Provider=...;Data Source=..." for this file.
-    std::string ConnectionText() const;
+    [[nodiscard]] std::string ConnectionText() const;
     /// A second connection to the same file, as another program would have it.
-    Connection Another() const;
+    [[nodiscard]] Connection Another() const;
     /// Ends the connection as a killed program would, and opens the file again.
     void KillAndReopen();
 

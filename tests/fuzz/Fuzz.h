@@ -37,7 +37,7 @@ public:
 
     [[nodiscard]] std::string Path(const std::string& name) const { return path_ + "/" + name; }
     // NOLINTNEXTLINE(modernize-use-nodiscard): most callers need only the file
-    std::string Write(const std::string& name, std::string_view bytes) const
+    [[nodiscard]] std::string Write(const std::string& name, std::string_view bytes) const
     {
         std::ofstream out(Path(name), std::ios::binary | std::ios::trunc);
         out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));

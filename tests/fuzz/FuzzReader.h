@@ -32,7 +32,7 @@ public:
         host_.events.clear();
         ++books_.clock.ticks;
     }
-    const FuzzFolder& Folder() const { return folder_; }
+    [[nodiscard]] const FuzzFolder& Folder() const { return folder_; }
 
 private:
     void Clear()

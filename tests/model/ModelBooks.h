@@ -50,8 +50,8 @@ enum class Flaw {
 struct BudgetMonth {
     int year = 0;
     int period = 0;
-    BudgetMonth Previous() const;
-    BudgetMonth Next() const;
+    [[nodiscard]] BudgetMonth Previous() const;
+    [[nodiscard]] BudgetMonth Next() const;
     bool operator==(const BudgetMonth&) const = default;
 };
 
@@ -122,9 +122,9 @@ struct Books {
     Holding& Add(Holding holding);
     Loan& Add(Loan loan);
 
-    long NextSequence() const;
-    bool HasAccount(const std::string& id) const;
-    const Account* FirstWithDescription(const std::string& description) const;
+    [[nodiscard]] long NextSequence() const;
+    [[nodiscard]] bool HasAccount(const std::string& id) const;
+    [[nodiscard]] const Account* FirstWithDescription(const std::string& description) const;
     /// The account's rows follow, unless another account still has the old number.
     void Renumber(Account& account, const std::string& id);
 
@@ -138,14 +138,14 @@ struct Books {
     void UpdateBalances();
 
     /// How many times an account's transactions count: once for each account with the number.
-    int Counts(const std::string& account) const;
+    [[nodiscard]] int Counts(const std::string& account) const;
     /// What the accounts that count spent in a month: on one category, and on all.
-    Amount Spent(BudgetMonth month, const std::string* category) const;
-    Amount SpentOnGroup(BudgetMonth month, const std::string& group) const;
-    Amount Budgeted(BudgetMonth month, const std::string* group) const;
+    [[nodiscard]] Amount Spent(BudgetMonth month, const std::string* category) const;
+    [[nodiscard]] Amount SpentOnGroup(BudgetMonth month, const std::string& group) const;
+    [[nodiscard]] Amount Budgeted(BudgetMonth month, const std::string* group) const;
 
     /// Every row of every table as a line.
-    std::vector<std::string> Lines() const;
+    [[nodiscard]] std::vector<std::string> Lines() const;
 };
 
 }  // namespace clb::model

@@ -20,16 +20,16 @@ public:
 
     /// Closes the window, whatever is unsaved, starts the program again and shows the month.
     void OpenAt(BudgetMonth month);
-    BudgetMonth Month() const { return month_; }
+    [[nodiscard]] BudgetMonth Month() const { return month_; }
     /// Does anything but a Look.
     void Do(const Action& action);
     /// Everything that is shown, line by line; the message boxes since the last time included.
     std::vector<std::string> Shown();
-    std::vector<std::string> Stored() const { return books_.Lines(); }
-    std::size_t Nodes() const { return tree_.size(); }
-    int SelectedNode() const { return selected_; }
+    [[nodiscard]] std::vector<std::string> Stored() const { return books_.Lines(); }
+    [[nodiscard]] std::size_t Nodes() const { return tree_.size(); }
+    [[nodiscard]] int SelectedNode() const { return selected_; }
     /// The deed in words, with the texts that it means now.
-    std::string Describe(const Action& action) const;
+    [[nodiscard]] std::string Describe(const Action& action) const;
 
 private:
     struct Node {
@@ -54,50 +54,50 @@ private:
     /// On one of the days on which the program is started.
     void Open(int day);
     void Refresh();
-    std::vector<long> Query() const;
-    std::vector<Line> Lines() const;
-    Line Current() const { return Lines().at(row_ - 1); }
-    std::vector<Value> Stored(long row) const;
-    std::vector<std::string> Texts(const Line& line, bool current) const;
+    [[nodiscard]] std::vector<long> Query() const;
+    [[nodiscard]] std::vector<Line> Lines() const;
+    [[nodiscard]] Line Current() const { return Lines().at(row_ - 1); }
+    [[nodiscard]] std::vector<Value> Stored(long row) const;
+    [[nodiscard]] std::vector<std::string> Texts(const Line& line, bool current) const;
     void Calculate(const std::vector<Value>& values, std::vector<std::string>& texts) const;
-    std::string TextOf(const Line& line, bool current) const;
-    std::string Totals() const;
-    std::string Position() const;
-    std::string Tip(const Line& line, bool current) const;
+    [[nodiscard]] std::string TextOf(const Line& line, bool current) const;
+    [[nodiscard]] std::string Totals() const;
+    [[nodiscard]] std::string Position() const;
+    [[nodiscard]] std::string Tip(const Line& line, bool current) const;
 
     // The tree
     void BuildTree();
     void PressNode(std::size_t node);
     void ClickNode(std::size_t node);
-    std::size_t NodeLike(const Node& sought, std::size_t place) const;
-    std::size_t FindTag(const std::string& tag) const;
+    [[nodiscard]] std::size_t NodeLike(const Node& sought, std::size_t place) const;
+    [[nodiscard]] std::size_t FindTag(const std::string& tag) const;
     void RemoveNode(std::size_t node);
 
     // The grid
-    bool ListsAccounts() const { return view_ == 1 || view_ == 3; }
-    bool Dirty() const { return !typed_.empty(); }
-    bool HasRow() const { return Current().kind != Kind::New; }
-    bool CanNew() const { return !inGrid_ || HasRow(); }
-    bool CanDelete() const { return inGrid_ && HasRow() && !editing_; }
-    bool CanExport() const;
+    [[nodiscard]] bool ListsAccounts() const { return view_ == 1 || view_ == 3; }
+    [[nodiscard]] bool Dirty() const { return !typed_.empty(); }
+    [[nodiscard]] bool HasRow() const { return Current().kind != Kind::New; }
+    [[nodiscard]] bool CanNew() const { return !inGrid_ || HasRow(); }
+    [[nodiscard]] bool CanDelete() const { return inGrid_ && HasRow() && !editing_; }
+    [[nodiscard]] bool CanExport() const;
     /// What the window takes for the chosen account follows the current row where accounts are
     /// listed.
     void Choose();
-    bool OnTransaction() const { return inGrid_ && HasRow() && view_ == 4; }
-    std::size_t RowOf(int number) const;
-    Spot SpotOf(std::size_t row) const;
-    std::size_t Find(const Spot& spot) const;
+    [[nodiscard]] bool OnTransaction() const { return inGrid_ && HasRow() && view_ == 4; }
+    [[nodiscard]] std::size_t RowOf(int number) const;
+    [[nodiscard]] Spot SpotOf(std::size_t row) const;
+    [[nodiscard]] std::size_t Find(const Spot& spot) const;
     bool MoveTo(std::size_t row, int column);
     bool Begin(const Action& action);
     bool EndEdit();
     void CancelEdit();
-    std::string EditText() const;
+    [[nodiscard]] std::string EditText() const;
     void Fold(int row);
     void ForgetFolded();
     bool Save();
     bool Leave();  ///< the grid for another control
     std::string Refusal(int& column) const;
-    bool NumberTaken(const std::string& id) const;
+    [[nodiscard]] bool NumberTaken(const std::string& id) const;
     long StoreRow();
     long StoreAccount();
     long StoreLine();
@@ -108,7 +108,7 @@ private:
     void Delete(bool yes);
     void RemoveRow(long row);
     /// Value of a cell of the current row, what was typed into it included.
-    Value Cell(int column) const;
+    [[nodiscard]] Value Cell(int column) const;
     void Take(int column, std::string& text) const;
     void Take(int column, Amount& amount) const;
     void Balance() { books_.UpdateBalance(view_, account_); }
@@ -129,12 +129,13 @@ private:
     void ReadCategories(const Statement& statement);
     void ReadEntry(const StatementRecord& entry, const std::string& date, const std::string& id,
                    const std::string& run, std::string& skipped);
-    bool HasRecord(const StatementRecord& entry, const std::string& date, Amount amount,
-                   const std::string& check, const std::string& id, const std::string& run) const;
+    [[nodiscard]] bool HasRecord(const StatementRecord& entry, const std::string& date,
+                                 Amount amount, const std::string& check, const std::string& id,
+                                 const std::string& run) const;
     void ShowInTree(const std::string& id);
     void ShowImportedAccount();
     void Quotes(const Action& action);
-    std::string Exported() const;
+    [[nodiscard]] std::string Exported() const;
     void Recover();
 
     Books books_;

@@ -36,7 +36,10 @@ public:
     std::vector<std::string> Shown();
     /// Every row of every table as a line.
     std::vector<std::string> Stored();
-    std::size_t Nodes() const { return static_cast<std::size_t>(window_->TreeView.Count()); }
+    [[nodiscard]] std::size_t Nodes() const
+    {
+        return static_cast<std::size_t>(window_->TreeView.Count());
+    }
 
 private:
     void Open(int day);

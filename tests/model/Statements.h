@@ -31,7 +31,7 @@ struct Statement {
     /// The same for the same seed. The few names, identifiers and days make duplicates likely.
     static Statement Markup(int seed);
     static Statement Records(int seed);
-    std::string Text() const;
+    [[nodiscard]] std::string Text() const;
 };
 
 }  // namespace clb::model

@@ -22,12 +22,12 @@ public:
     /// it.
     int Wait();
     /// What it printed; valid after Wait.
-    const std::string& Out() const { return out_; }
-    const std::string& Err() const { return err_; }
+    [[nodiscard]] const std::string& Out() const { return out_; }
+    [[nodiscard]] const std::string& Err() const { return err_; }
     /// Time from the start to the moment when Wait returned: at least as long as the run took.
-    std::chrono::duration<double> Took() const { return took_; }
+    [[nodiscard]] std::chrono::duration<double> Took() const { return took_; }
     /// The arguments and all that it printed, for messages.
-    std::string Story() const;
+    [[nodiscard]] std::string Story() const;
 
 private:
     std::string arguments_;

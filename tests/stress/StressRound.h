@@ -26,11 +26,11 @@ public:
     void InTurn(bool inTurn) { inTurn_ = inTurn; }
     void Run();
     /// What is wrong with the book or with a report; empty if nothing is.
-    const std::string& Faults() const { return faults_; }
+    [[nodiscard]] const std::string& Faults() const { return faults_; }
     /// Whether a program waited for the file longer than programs must wait. Nothing was compared.
-    bool Overloaded() const { return overloaded_; }
+    [[nodiscard]] bool Overloaded() const { return overloaded_; }
     /// All that the programs were told and what they answered.
-    std::string Story() const;
+    [[nodiscard]] std::string Story() const;
 
 private:
     struct Import {
@@ -62,7 +62,7 @@ private:
     std::vector<StatementRow> NewRows(const std::string& file);
     void PlanImports();
     void PlanCommands();
-    std::vector<std::string> Words(const Command& command) const;
+    [[nodiscard]] std::vector<std::string> Words(const Command& command) const;
     void Start();
     void UseSession();
     void Act(Target target);
