@@ -53,7 +53,7 @@ void GridColumns::Clear()
 
 std::int32_t GridColumns::Position(std::int32_t index) const
 {
-    Item(index);
+    static_cast<void>(Item(index));
     return static_cast<std::int32_t>(std::find(order_.begin(), order_.end(), index) -
                                      order_.begin()) +
            1;

@@ -130,7 +130,7 @@ bool GridComponent::MoveTo(std::size_t row, std::int32_t column)
 {
     Freshen();
     Columns().Item(column);
-    BoundRows().Kind(row);
+    static_cast<void>(BoundRows().Kind(row));
     if (editing_ && !EndEdit())
         return false;
     if (row != row_) {

@@ -108,7 +108,7 @@ std::size_t GridArray::Save(std::size_t row, const std::vector<Change>& changes)
 
 void GridArray::Delete(std::size_t row)
 {
-    RowAt(row);
+    static_cast<void>(RowAt(row));
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
 }
 

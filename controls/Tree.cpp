@@ -33,7 +33,7 @@ std::int32_t Tree::Add(std::int32_t parent, const std::string& key, const std::s
                        std::int32_t image, std::int32_t selectedImage)
 {
     if (parent != 0)
-        Node(parent);
+        static_cast<void>(Node(parent));
     const auto taken = [&key](const TreeNode& node) { return node.key == key; };
     if (!key.empty() && std::any_of(nodes_.begin(), nodes_.end(), taken))
         throw RuntimeError(errors::KeyNotUnique, "Key is not unique in collection");
@@ -53,14 +53,14 @@ const TreeNode& Tree::Node(std::int32_t index) const
 
 void Tree::Tag(std::int32_t index, const std::string& tag)
 {
-    Node(index);
+    static_cast<void>(Node(index));
     nodes_[static_cast<std::size_t>(index - 1)].tag = tag;
     Touch();
 }
 
 void Tree::Expand(std::int32_t index, bool expanded)
 {
-    Node(index);
+    static_cast<void>(Node(index));
     TreeNode& node = nodes_[static_cast<std::size_t>(index - 1)];
     if (node.expanded == expanded)
         return;
@@ -77,7 +77,7 @@ std::int32_t Tree::Children(std::int32_t index) const
 
 void Tree::Remove(std::int32_t index)
 {
-    Node(index);
+    static_cast<void>(Node(index));
     // A child always comes after its parent, so one pass from the front finds all nodes below.
     std::vector<bool> gone(nodes_.size() + 1, false);
     gone[static_cast<std::size_t>(index)] = true;
@@ -103,7 +103,7 @@ void Tree::Remove(std::int32_t index)
 
 void Tree::Select(std::int32_t index)
 {
-    Node(index);
+    static_cast<void>(Node(index));
     if (selected_ == index)
         return;
     selected_ = index;

@@ -52,7 +52,7 @@ public:
         writer.Text("UPDATE ").Name(table.name).Text(" AS t0 SET ");
         for (std::size_t i = 0; i < update.assignments.size(); ++i) {
             auto& assignment = update.assignments[i];
-            checker.SourcesNamed(assignment.qualifier);
+            static_cast<void>(checker.SourcesNamed(assignment.qualifier));
             const ColumnInfo& column = ColumnOf(table, assignment.column);
             if (column.type.counter)
                 throw refuse::FieldNotUpdatable(column.name);

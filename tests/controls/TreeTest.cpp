@@ -72,7 +72,7 @@ TEST_F(TreeTest, ATakenKeyAndAnUnknownNodeAreErrors)
 {
     EXPECT_THROW(tree_.Add(root_, "Bank", "Again", 6, 7), RuntimeError);
     EXPECT_THROW(tree_.Add(99, "", "Lost", 6, 7), RuntimeError);
-    EXPECT_THROW(tree_.Node(0), RuntimeError);
+    EXPECT_THROW(static_cast<void>(tree_.Node(0)), RuntimeError);
     EXPECT_EQ(tree_.Count(), 5);
 }
 

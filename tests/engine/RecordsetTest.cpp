@@ -49,7 +49,7 @@ TEST_F(RecordsetTest, AnEmptySetIsAtBothEnds)
 
     EXPECT_TRUE(rows.Empty());
     EXPECT_EQ(rows.RecordCount(), 0);
-    const auto error = ErrorOf([&] { rows.Get("Category"); });
+    const auto error = ErrorOf([&] { return rows.Get("Category"); });
     EXPECT_EQ(error.Number(), engine_errors::NoCurrentRow);
     EXPECT_STREQ(error.what(),
                  "Either BOF or EOF is True, or the current record has been deleted. Requested "
@@ -67,8 +67,8 @@ TEST_F(RecordsetTest, AClosedSetRefusesEverything)
     EXPECT_FALSE(rows.IsOpen());
     rows.Close();
 
-    EXPECT_EQ(ErrorOf([&] { rows.AtEnd(); }).Number(), engine_errors::Closed);
-    EXPECT_EQ(ErrorOf([&] { rows.Get(0); }).Number(), engine_errors::Closed);
+    EXPECT_EQ(ErrorOf([&] { return rows.AtEnd(); }).Number(), engine_errors::Closed);
+    EXPECT_EQ(ErrorOf([&] { return rows.Get(0); }).Number(), engine_errors::Closed);
     EXPECT_EQ(ErrorOf([&] { rows.Requery(); }).Number(), engine_errors::Closed);
     rows.Open("SELECT Category FROM Budget", connection_, CursorKind::Keyset, LockKind::Optimistic);
     EXPECT_EQ(ErrorOf([&] {
@@ -95,12 +95,12 @@ TEST_F(RecordsetTest, FieldsAreAddressedByNameWithoutRegardToCaseOrByPosition)
 
     EXPECT_EQ(rows.Get("NAME"), rows.Get(0));
     EXPECT_EQ(rows.Get("amount"), Value(Money::Parse("2.5")));
-    const auto error = ErrorOf([&] { rows.Get("Category"); });
+    const auto error = ErrorOf([&] { return rows.Get("Category"); });
     EXPECT_EQ(error.Number(), engine_errors::ItemNotFound);
     EXPECT_STREQ(error.what(),
                  "Item cannot be found in the collection corresponding to the requested name or "
                  "ordinal.");
-    EXPECT_EQ(ErrorOf([&] { rows.Get(2); }).Number(), engine_errors::ItemNotFound);
+    EXPECT_EQ(ErrorOf([&] { return rows.Get(2); }).Number(), engine_errors::ItemNotFound);
 }
 
 TEST_F(RecordsetTest, AnAddedRowIsSavedWithItsNumberAndBecomesCurrent)
@@ -287,7 +287,7 @@ TEST_F(RecordsetTest, ADeletedRowKeepsItsPlaceAndTheNextRowFollowsIt)
 
     EXPECT_EQ(rows.RecordCount(), 2);
     EXPECT_EQ(rows.Position(), 1U);
-    EXPECT_EQ(ErrorOf([&] { rows.Get(0); }).Number(), engine_errors::NoCurrentRow);
+    EXPECT_EQ(ErrorOf([&] { return rows.Get(0); }).Number(), engine_errors::NoCurrentRow);
     rows.MoveNext();
     EXPECT_EQ(Text(rows), "c");
     EXPECT_EQ(ToText(rows.At(1, 0)), "c");
@@ -320,8 +320,8 @@ TEST_F(RecordsetTest, RowsAreReadAndStoodOnByNumber)
     rows.MoveTo(3);
     EXPECT_TRUE(rows.AtEnd());
     EXPECT_EQ(ErrorOf([&] { rows.MoveTo(4); }).Number(), engine_errors::NoCurrentRow);
-    EXPECT_EQ(ErrorOf([&] { rows.At(3, 0); }).Number(), engine_errors::NoCurrentRow);
-    EXPECT_EQ(ErrorOf([&] { rows.At(0, 1); }).Number(), engine_errors::ItemNotFound);
+    EXPECT_EQ(ErrorOf([&] { return rows.At(3, 0); }).Number(), engine_errors::NoCurrentRow);
+    EXPECT_EQ(ErrorOf([&] { return rows.At(0, 1); }).Number(), engine_errors::ItemNotFound);
 }
 
 TEST_F(RecordsetTest, MembershipIsFixedAtOpening)

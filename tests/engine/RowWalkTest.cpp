@@ -66,7 +66,7 @@ TEST_F(RowWalkTest, OnlyATextIsGivenAsOne)
                  EXPECT_EQ(row.Text(0), "");
                  EXPECT_EQ(row.Text(1), "");
                  EXPECT_TRUE(IsNull(row.Get(1)));
-                 EXPECT_EQ(ErrorOf([&] { row.FieldIndex("Category"); }).Number(),
+                 EXPECT_EQ(ErrorOf([&] { return row.FieldIndex("Category"); }).Number(),
                            engine_errors::ItemNotFound);
              });
 }

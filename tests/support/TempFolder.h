@@ -50,7 +50,7 @@ public:
 
     /// Writes a file, creates its folders, and returns its path.
     // NOLINTNEXTLINE(modernize-use-nodiscard): many tests need only the file
-    [[nodiscard]] std::string Write(const std::string& name, std::string_view bytes) const
+    std::string Write(const std::string& name, std::string_view bytes) const
     {
         std::filesystem::create_directories((path_ / name).parent_path());
         std::ofstream(path_ / name, std::ios::binary)
