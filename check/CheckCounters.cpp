@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "engine/Writer.h"
+#include "engine/sql/Writer.h"
 
 namespace clb {
 namespace {

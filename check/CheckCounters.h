@@ -2,7 +2,7 @@
 #include <string>
 
 #include "check/CheckFindings.h"
-#include "engine/RawSql.h"
+#include "engine/rows/RawSql.h"
 
 namespace clb {
 

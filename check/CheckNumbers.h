@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "check/CheckFindings.h"
-#include "engine/RawSql.h"
+#include "engine/rows/RawSql.h"
 
 namespace clb {
 

@@ -8,7 +8,7 @@
 
 #include "base/Money.h"
 #include "check/CheckFindings.h"
-#include "engine/RawSql.h"
+#include "engine/rows/RawSql.h"
 
 namespace clb {
 

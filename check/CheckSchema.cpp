@@ -8,7 +8,7 @@
 #include "base/Text.h"
 #include "data/EmptyDatabase.h"
 #include "data/SchemaVersion.h"
-#include "engine/Writer.h"
+#include "engine/sql/Writer.h"
 
 namespace clb {
 namespace {

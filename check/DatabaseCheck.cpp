@@ -7,9 +7,9 @@
 #include "check/CheckSchema.h"
 #include "data/AccountKind.h"
 #include "data/StoredView.h"
-#include "engine/Backup.h"
-#include "engine/EngineError.h"
-#include "engine/RawSql.h"
+#include "engine/rows/RawSql.h"
+#include "engine/storage/Backup.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 namespace {

@@ -4,9 +4,9 @@
 
 #include "check/DatabaseCheck.h"
 #include "data/Backups.h"
-#include "engine/Connection.h"
-#include "engine/EngineError.h"
-#include "engine/RawSql.h"
+#include "engine/rows/Connection.h"
+#include "engine/rows/RawSql.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 namespace {

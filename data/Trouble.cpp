@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 namespace {

@@ -33,7 +33,7 @@
 #include "desktop/WindowMemory.h"
 #include "desktop/WindowPresenter.h"
 #include "desktop/WorkDisplay.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 #include "platform/CurlHttpClient.h"
 #include "platform/HelpFolder.h"
 #include "platform/ProgramFolder.h"

@@ -11,9 +11,9 @@
 #include "desktop/MessageBoxPort.h"
 #include "desktop/PointerPort.h"
 #include "desktop/TextConvert.h"
-#include "engine/Connection.h"
-#include "engine/EngineError.h"
-#include "engine/Recordset.h"
+#include "engine/rows/Connection.h"
+#include "engine/rows/Recordset.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 

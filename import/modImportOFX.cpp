@@ -6,7 +6,7 @@
 #include "base/Text.h"
 #include "data/NoCategory.h"
 #include "data/clsDatabase.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 #include "import/Messages.h"
 #include "import/StatementFile.h"
 #include "import/StatementScan.h"

@@ -7,9 +7,9 @@
 #include "check/DatabaseCheck.h"
 #include "check/DatabaseRepair.h"
 #include "data/EmptyDatabase.h"
-#include "engine/Connection.h"
-#include "engine/Database.h"
-#include "engine/EngineError.h"
+#include "engine/rows/Connection.h"
+#include "engine/storage/Database.h"
+#include "engine/storage/EngineError.h"
 #include "tests/support/TempFolder.h"
 
 namespace clb {

@@ -4,7 +4,7 @@
 
 #include "data/Backups.h"
 #include "data/Trouble.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 #include "tests/data/StoreFixture.h"
 
 namespace clb {

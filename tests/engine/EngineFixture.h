@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/Connection.h"
-#include "engine/EngineError.h"
+#include "engine/rows/Connection.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 
