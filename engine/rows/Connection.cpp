@@ -24,16 +24,36 @@ void RunWrite(Connection::State& state, const StatementCache::Entry& entry)
         state.StepInsert(statement, entry.plan->numberedTable);
 }
 
+/// The table that a statement makes, changes or removes; null for an index.
+const std::string* TableOf(const DdlStatement& ddl)
+{
+    return std::visit(
+        [](const auto& statement) -> const std::string* {
+            using Kind = std::decay_t<decltype(statement)>;
+            if constexpr (std::is_same_v<Kind, CreateIndexStatement> ||
+                          std::is_same_v<Kind, DropIndexStatement>)
+                return nullptr;
+            else
+                return &statement.table;
+        },
+        ddl);
+}
+
 void RunDdl(Connection::State& state, const DdlStatement& ddl)
 {
     state.BeginWrite();
+    const std::size_t seen = state.watch != nullptr ? state.watch->Seen() : 0;
     try {
         ApplyDdl(ddl, state.catalogue, state.database);
     } catch (...) {
+        if (state.watch != nullptr)
+            state.watch->TakenBackTo(seen);
         state.ForgetSchema();
         throw;
     }
     state.ForgetSchema();
+    if (const std::string* table = TableOf(ddl); table != nullptr && state.watch != nullptr)
+        state.watch->TableChanged(*table);
 }
 
 }  // namespace
@@ -102,6 +122,12 @@ bool Connection::ChangedElsewhere()
 void Connection::Settle()
 {
     state_->Settle();
+}
+
+void Connection::Watch(IChangeWatch* watch)
+{
+    state_->database.Watch(watch);
+    state_->watch = watch;
 }
 
 bool Connection::LostGroup() const

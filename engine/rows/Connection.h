@@ -8,6 +8,8 @@
 
 namespace clb {
 
+class IChangeWatch;
+
 /// The connection to one database file. One thread; other programs may read and write the same
 /// file.
 ///
@@ -75,6 +77,11 @@ public:
         Connection& connection_;
         std::function<void(std::string_view)> sink_;
     };
+
+    /// From now on the watch sees each row that changes, and the end of each group. Borrowed; it
+    /// outlives the connection, or is ended by nullptr. The connection is open and stays where it
+    /// is.
+    void Watch(IChangeWatch* watch);
 
     /// Creates a new database file by a script of the storage's own SQL. Throws EngineError, also
     /// when the file exists.

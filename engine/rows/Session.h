@@ -9,6 +9,7 @@
 #include "engine/sql/Plan.h"
 #include "engine/sql/StatementCache.h"
 #include "engine/storage/Catalogue.h"
+#include "engine/storage/ChangeWatch.h"
 #include "engine/storage/Database.h"
 
 namespace clb {
@@ -19,6 +20,7 @@ struct Connection::State {
     Catalogue catalogue{database};
     StatementCache cache;
     std::function<void(std::string_view)> trace;
+    IChangeWatch* watch = nullptr;    ///< of the rows that change; borrowed
     std::int64_t schemaVersion = -1;  ///< of the catalogue and the cache; -1: not known
     bool reading = false;             ///< a ReadGroup lives
     bool pending = false;             ///< the pending group was opened and not settled
@@ -54,7 +56,7 @@ struct Connection::State {
     void Settle();
     void Abandon() noexcept;
     bool ChangedElsewhere();
-    void Commit() { database.Step(commit); }
+    void Commit();
     /// Ends the transaction of a ReadGroup, in which nothing was written.
     void EndReading() noexcept;
     /// To be called after each change of the schema.

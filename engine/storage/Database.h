@@ -8,11 +8,14 @@
 
 #include "base/Value.h"
 #include "engine/storage/EngineError.h"
+#include "engine/storage/PackedCells.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace clb {
+
+class IChangeWatch;
 
 /// One prepared statement of the storage. May outlive its Database, but not run then.
 class Statement {
@@ -30,8 +33,11 @@ public:
     void Bind(int parameter, const Value&& value) = delete;
     /// Binds the values from the first parameter on; they must live as long.
     void BindAll(std::span<const Value> values);
-    void BindText(int parameter, std::string_view text);  ///< copied
+    void BindText(int parameter, std::string_view text);   ///< copied
+    void BindBlob(int parameter, std::string_view bytes);  ///< not copied: as a value
     void BindInteger(int parameter, std::int64_t value);
+    /// A cell that was taken from the storage before; copied.
+    void BindCell(int parameter, const StoredCell& cell);
     [[nodiscard]] int ParameterCount() const;
 
     /// 0-based column of the row that Step gave. Throws EngineError (TypeMismatch) when the cell
@@ -44,6 +50,8 @@ public:
     /// The same without a copy: good until the statement moves on or is reset.
     [[nodiscard]] std::string_view TextView(int column) const;
     [[nodiscard]] std::int64_t Integer(int column) const;
+    /// The cell as it is, whatever its column declares.
+    [[nodiscard]] StoredCell Cell(int column) const;
     void Reset() noexcept;
 
 private:
@@ -115,7 +123,8 @@ public:
 
     /// An error that a function of ours raises inside a running statement; Step and Run throw it.
     void Fail(const EngineError& error) { failure_ = error; }
-    /// A collation of ours has no memory and cannot say so to the storage; Step throws for it.
+    /// A collation of ours or the watch has no memory and cannot say so to the storage; Step throws
+    /// for it.
     void FailForMemory() noexcept { noMemory_ = true; }
 
     /// Throws the error for a code that the storage gave elsewhere.
@@ -125,9 +134,16 @@ public:
     /// up a transaction.
     [[noreturn]] void ThrowLastTrouble() const;
 
+    /// From now on the watch sees each row that a statement changes. Borrowed; nullptr ends it.
+    void Watch(IChangeWatch* watch);
+    /// Whether triggers run when rows change; they do at first.
+    void Triggers(bool run);
+
     [[nodiscard]] sqlite3* Raw() const { return raw_; }
 
 private:
+    static void Changing(void* self, sqlite3* raw, int operation, const char* database,
+                         const char* table, std::int64_t before, std::int64_t after);
     void Connect(const std::string& path, int flags);
     /// Refuses what cannot be a database; an empty file would be taken for a new one.
     static void RequireFile(const std::string& path);
@@ -142,7 +158,8 @@ private:
     std::string path_;
     std::optional<EngineError> failure_;
     EngineError fileError_{engine_errors::Unavailable, ""};
-    bool noMemory_ = false;        ///< a collation has run out of memory
+    IChangeWatch* watch_ = nullptr;
+    bool noMemory_ = false;        ///< a collation or the watch has run out of memory
     bool troubleIsMemory_ = true;  ///< the latest trouble was memory, not fileError_
 };
 

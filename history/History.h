@@ -1,0 +1,94 @@
+// The history of an open book: what each command has changed, and how it is taken back.
+#pragma once
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Date.h"
+#include "engine/rows/Connection.h"
+#include "engine/storage/ChangeWatch.h"
+#include "history/ChangeLog.h"
+#include "history/StepApplier.h"
+#include "history/StepStore.h"
+
+namespace clb {
+
+/// What Undo or Redo has done.
+struct HistoryOutcome {
+    std::vector<Step> steps;  ///< in the order in which they were taken back or brought back
+    std::vector<TouchedRow> touched;  ///< by the last of them, some rows
+};
+
+/// Records every row that statements of a connection change, in the same commit: one step a
+/// command, however many statements and commits it takes. Steps can be undone, the newest first,
+/// and redone until a new command changes something. Programs that write to the same file have one
+/// history.
+///
+/// Rows are put back exactly, their identities included, and only if they stand as the step left
+/// them.
+class History : public IChangeWatch {
+public:
+    using Clock = std::function<Date()>;
+    /// The connection is borrowed, open, and outlives the history. program names the running
+    /// program: steps of others can be told apart by it.
+    History(Connection& connection, Clock now, std::string program);
+    ~History() override;
+    History(const History&) = delete;
+    History& operator=(const History&) = delete;
+
+    /// What is changed from now on is a step of its own with this name. Throws EngineError.
+    void Begin(const std::string& what);
+    /// The command has ended and is settled: the next change belongs to another step.
+    void End();
+
+    /// What Undo would take back and Redo bring back next; nothing if there is none. Throw
+    /// EngineError.
+    std::optional<Step> NextToUndo();
+    std::optional<Step> NextToRedo();
+    /// Takes back the newest steps in the pending group, at most so many. Throws HistoryRefusal,
+    /// with nothing changed, and EngineError.
+    HistoryOutcome Undo(std::int64_t most);
+    /// Brings back what was undone last, in the same way.
+    HistoryOutcome Redo(std::int64_t most);
+    /// Hands out the steps, the newest first, until visit returns false. Throws EngineError.
+    void Visit(const std::function<bool(const Step&)>& visit);
+    /// When a change of tables ended the history before; empty if none did. Throws EngineError.
+    std::string EndedAt();
+    [[nodiscard]] const std::string& Program() const { return program_; }
+
+    // IChangeWatch
+    void Changing(const ChangingRow& row) override;
+    [[nodiscard]] std::size_t Seen() const override { return log_.Size(); }
+    void TakenBackTo(std::size_t seen) noexcept override { log_.CutTo(seen); }
+    void TableChanged(std::string_view table) override;
+    void BeforeCommit() override;
+    void Committed() noexcept override;
+    void Lost() noexcept override;
+
+private:
+    enum class Way { Undo, Redo };
+
+    HistoryOutcome Apply(std::int64_t most, Way way);
+    void Apply(const Step& step, Way way, HistoryOutcome& outcome);
+    void Write();
+    std::string Packed(std::int64_t& rows);
+    std::int64_t OpenStep();
+
+    Connection* connection_;
+    Database* database_;
+    Clock now_;
+    std::string program_;
+    TableShapes shapes_;
+    StepStore store_;
+    ChangeLog log_;
+    bool writing_ = false;            ///< the history's own tables
+    std::string what_;                ///< name of the step at hand
+    std::int64_t step_ = 0;           ///< its number; 0: nothing of it is stored
+    std::int64_t committedStep_ = 0;  ///< step_ as of the last commit
+    std::int64_t committedNext_ = 0;  ///< and as of the one that is under way
+    std::string unfit_;               ///< table that was written and whose rows cannot be put back
+};
+
+}  // namespace clb

@@ -1,0 +1,158 @@
+#include "history/StepApplier.h"
+
+#include "engine/storage/Catalogue.h"
+#include "engine/storage/EngineError.h"
+#include "history/RowName.h"
+
+namespace clb {
+namespace {
+
+constexpr std::size_t kMostTouched = 16;
+
+/// Triggers would change rows that the step puts back by itself.
+class WithoutTriggers {
+public:
+    explicit WithoutTriggers(Database& database) : database_(&database)
+    {
+        database_->Triggers(false);
+    }
+    ~WithoutTriggers() { database_->Triggers(true); }
+    WithoutTriggers(const WithoutTriggers&) = delete;
+    WithoutTriggers& operator=(const WithoutTriggers&) = delete;
+
+private:
+    Database* database_;
+};
+
+bool IsOf(const RowChanged& row, bool was, bool is)
+{
+    return row.was == was && row.is == is;
+}
+
+}  // namespace
+
+void StepApplier::PutBack(std::string_view part)
+{
+    const WithoutTriggers off(*database_);
+    // What is removed first makes room in unique indexes for what comes back.
+    for (const Pass pass : {Pass::Remove, Pass::Write, Pass::Insert})
+        PutBack(part, pass);
+}
+
+void StepApplier::PutBack(std::string_view part, Pass pass)
+{
+    StepReader reader(part);
+    RowChanged row;
+    while (reader.NextTable()) {
+        const TableShape& shape = shapes_->Of(reader.Table());
+        Require(shape, reader);
+        while (reader.NextRow(row))
+            PutBack(shape, row, pass);
+    }
+}
+
+void StepApplier::Require(const TableShape& shape, const StepReader& reader) const
+{
+    if (shape.columns.empty())
+        throw HistoryRefusal("the table " + reader.Table() + " is no longer there");
+    if (shape.identity.empty() || shape.fingerprint != reader.Fingerprint())
+        throw HistoryRefusal("the columns of the table " + reader.Table() + " were changed since");
+}
+
+void StepApplier::PutBack(const TableShape& shape, const RowChanged& row, Pass pass)
+{
+    if (pass == Pass::Remove && IsOf(row, false, true))
+        Run(shape, row, Removal(shape));
+    else if (pass == Pass::Write && IsOf(row, true, true))
+        Run(shape, row, Writing(shape, row));
+    else if (pass == Pass::Insert && IsOf(row, true, false))
+        Run(shape, row, Insertion(shape, row));
+    else
+        return;
+    Touch(shape, row);
+}
+
+/// The row is looked at while it is changed: the log has just hashed what it held.
+void StepApplier::Run(const TableShape& shape, const RowChanged& row, Statement& statement)
+{
+    for (std::size_t i = 0; i < row.before.size(); ++i)
+        statement.BindCell(static_cast<int>(i) + 2, packed::Reader(row.before[i].second).Cell());
+    statement.BindInteger(1, row.row);
+    try {
+        database_->Step(statement);
+    } catch (const EngineError& error) {
+        if (error.Number() == engine_errors::Constraint)
+            Refuse(shape, row);
+        throw;
+    }
+    if (database_->ChangedRows() != 1 || (row.is && log_->LastBefore() != row.hash))
+        Refuse(shape, row);
+}
+
+void StepApplier::Refuse(const TableShape& shape, const RowChanged& row) const
+{
+    NamedCells cells;
+    Statement find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
+                                        shape.identity + " = ?1");
+    find.BindInteger(1, row.row);
+    const bool there = database_->Step(find);
+    for (std::size_t i = 0; there && i < shape.columns.size(); ++i)
+        cells.emplace_back(shape.columns[i], find.Cell(static_cast<int>(i)));
+    find.Reset();
+    for (const auto& [column, cell] : row.before)
+        if (!there)
+            cells.emplace_back(shape.columns[static_cast<std::size_t>(column)],
+                               packed::Reader(cell).Cell());
+    const std::string name = RowName(shape.name, row.row, cells);
+    if (row.is)
+        throw HistoryRefusal(name + (there ? " was changed since" : " was deleted since"));
+    throw HistoryRefusal("there is another row in the place of " + name);
+}
+
+Statement& StepApplier::Removal(const TableShape& shape)
+{
+    const std::string sql =
+        "DELETE FROM " + QuoteName(shape.name) + " WHERE " + shape.identity + " = ?1";
+    Statement& statement = statements_[sql];
+    if (!statement)
+        statement = database_->Prepare(sql, true);
+    return statement;
+}
+
+Statement& StepApplier::Writing(const TableShape& shape, const RowChanged& row)
+{
+    std::string sql = "UPDATE " + QuoteName(shape.name) + " SET ";
+    for (std::size_t i = 0; i < row.before.size(); ++i)
+        sql += (i == 0 ? "" : ", ") +
+               QuoteName(shape.columns[static_cast<std::size_t>(row.before[i].first)]) + " = ?" +
+               std::to_string(i + 2);
+    sql += " WHERE " + shape.identity + " = ?1";
+    Statement& statement = statements_[sql];
+    if (!statement)
+        statement = database_->Prepare(sql, true);
+    return statement;
+}
+
+Statement& StepApplier::Insertion(const TableShape& shape, const RowChanged& row)
+{
+    std::string columns = shape.identity;
+    std::string values = "?1";
+    for (std::size_t i = 0; i < row.before.size(); ++i) {
+        columns += ", " + QuoteName(shape.columns[static_cast<std::size_t>(row.before[i].first)]);
+        values += ", ?" + std::to_string(i + 2);
+    }
+    const std::string sql =
+        "INSERT INTO " + QuoteName(shape.name) + " (" + columns + ") VALUES (" + values + ")";
+    Statement& statement = statements_[sql];
+    if (!statement)
+        statement = database_->Prepare(sql, true);
+    return statement;
+}
+
+void StepApplier::Touch(const TableShape& shape, const RowChanged& row)
+{
+    if (touched_.size() < kMostTouched)
+        touched_.push_back({shape.name, row.row});
+}
+
+}  // namespace clb

@@ -1,0 +1,65 @@
+// Puts rows back to what they were before a step.
+#pragma once
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/storage/Database.h"
+#include "history/ChangeLog.h"
+#include "history/StepBytes.h"
+#include "history/TableShape.h"
+
+namespace clb {
+
+/// A step cannot be undone or redone; says why, in a sentence that names the row.
+class HistoryRefusal : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// A row that a step has touched.
+struct TouchedRow {
+    std::string table;
+    std::int64_t row = 0;
+};
+
+/// Puts back the rows of one part of a step, if each of them stands as the part left it. Runs in
+/// the pending group; triggers are off meanwhile. After an error the group must be taken back to
+/// where it was before.
+class StepApplier {
+public:
+    /// All borrowed. log is the one that notes the changes of the database.
+    StepApplier(Database& database, TableShapes& shapes, ChangeLog& log)
+        : database_(&database), shapes_(&shapes), log_(&log)
+    {
+    }
+
+    /// Throws HistoryRefusal if a row is not what the part left, EngineError, and
+    /// packed::BrokenBytes.
+    void PutBack(std::string_view part);
+    /// The rows that were put back: those that are there again or still first, at most a few.
+    [[nodiscard]] const std::vector<TouchedRow>& Touched() const { return touched_; }
+
+private:
+    enum class Pass { Remove, Write, Insert };
+
+    void PutBack(std::string_view part, Pass pass);
+    void PutBack(const TableShape& shape, const RowChanged& row, Pass pass);
+    void Require(const TableShape& shape, const StepReader& reader) const;
+    [[noreturn]] void Refuse(const TableShape& shape, const RowChanged& row) const;
+    void Run(const TableShape& shape, const RowChanged& row, Statement& statement);
+    Statement& Removal(const TableShape& shape);
+    Statement& Writing(const TableShape& shape, const RowChanged& row);
+    Statement& Insertion(const TableShape& shape, const RowChanged& row);
+    void Touch(const TableShape& shape, const RowChanged& row);
+
+    Database* database_;
+    TableShapes* shapes_;
+    ChangeLog* log_;
+    std::map<std::string, Statement> statements_;  // by their text
+    std::vector<TouchedRow> touched_;
+};
+
+}  // namespace clb
