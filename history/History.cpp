@@ -163,6 +163,21 @@ void History::Visit(const std::function<bool(const Step&)>& visit)
         store_.Visit(visit);
 }
 
+std::optional<Step> History::Find(std::int64_t number)
+{
+    return store_.Exists() ? store_.Find(number) : std::nullopt;
+}
+
+std::vector<RowStory> History::Rows(const Step& step, std::size_t most)
+{
+    shapes_.Forget();
+    try {
+        return StepStoryteller(*database_, shapes_, store_).Of(step, most);
+    } catch (const packed::BrokenBytes&) {
+        throw HistoryRefusal("The record of '" + step.what + "' in the history is damaged.");
+    }
+}
+
 std::string History::EndedAt()
 {
     return store_.Exists() ? store_.EndedAt() : std::string();

@@ -12,6 +12,7 @@
 #include "history/ChangeLog.h"
 #include "history/StepApplier.h"
 #include "history/StepStore.h"
+#include "history/StepStory.h"
 
 namespace clb {
 
@@ -54,6 +55,11 @@ public:
     HistoryOutcome Redo(std::int64_t most);
     /// Hands out the steps, the newest first, until visit returns false. Throws EngineError.
     void Visit(const std::function<bool(const Step&)>& visit);
+    /// The step with this number; nothing if there is none. Throws EngineError.
+    std::optional<Step> Find(std::int64_t number);
+    /// The first rows of a step, at most so many, before and after it. Throws EngineError, and
+    /// HistoryRefusal if the record of the step is damaged.
+    std::vector<RowStory> Rows(const Step& step, std::size_t most);
     /// When a change of tables ended the history before; empty if none did. Throws EngineError.
     std::string EndedAt();
     [[nodiscard]] const std::string& Program() const { return program_; }

@@ -202,6 +202,44 @@ TEST_F(HistoryTest, StepsOfTwoProgramsLieInOneOrder)
     EXPECT_EQ(Undo(5).steps.size(), 3U);
 }
 
+std::string Told(const std::optional<NamedCells>& cells, std::string_view column)
+{
+    if (!cells)
+        return "none";
+    for (const auto& [name, cell] : *cells)
+        if (name == column) {
+            if (const auto* text = std::get_if<std::string>(&cell))
+                return *text;
+            if (const auto* number = std::get_if<std::int64_t>(&cell))
+                return std::to_string(*number);
+            return "null";
+        }
+    return "no such column";
+}
+
+TEST_F(HistoryTest, ShowsWhatARowWasAndBecameInEachStep)
+{
+    Command("One", {kCoffee});
+    Command("Two", {"UPDATE Trans SET Description = 'Tea'"});
+    Command("Three", {"UPDATE Trans SET Description = 'Milk', Amount = 2", kChecking});
+    Command("Four", {"DELETE FROM Trans"});
+    const std::vector<std::string> expected = {"none>Coffee", "Coffee>Tea", "Tea>Milk",
+                                               "Milk>none"};
+    for (int undone = 0; undone <= 4; ++undone) {
+        std::vector<std::string> found;
+        history_->Visit([&](const Step& step) {
+            for (const RowStory& row : history_->Rows(step, 100))
+                if (row.table == "Trans")
+                    found.insert(found.begin(),
+                                 Told(row.was, "Description") + ">" + Told(row.is, "Description"));
+            return true;
+        });
+        EXPECT_EQ(found, expected) << undone << " undone";
+        Undo();
+    }
+    EXPECT_EQ(history_->Rows(*history_->Find(3), 1).size(), 1U);
+}
+
 /// Random commands of many statements, with undo and redo among them, against copies of all rows.
 TEST_F(HistoryTest, ManyRandomStepsGoBackAndForth)
 {
