@@ -99,15 +99,20 @@ void StepStoryteller::GoThrough(const std::vector<std::string>& parts)
             }
 }
 
-std::optional<NamedCells> StepStoryteller::Named(const std::string& table, const Cells& cells)
+std::optional<NamedValues> StepStoryteller::Named(const std::string& table, const Cells& cells)
 {
     if (!cells)
         return std::nullopt;
     const TableShape& shape = shapes_->Of(table);
-    NamedCells named;
-    for (std::size_t i = 0; i < cells->size(); ++i)
-        named.emplace_back(i < shape.columns.size() ? shape.columns[i] : std::to_string(i + 1),
-                           (*cells)[i]);
+    const TableInfo* const info = catalogue_.Find(table);
+    NamedValues named;
+    for (std::size_t i = 0; i < cells->size(); ++i) {
+        const std::string name =
+            i < shape.columns.size() ? shape.columns[i] : std::to_string(i + 1);
+        const ColumnInfo* const column = info != nullptr ? info->Find(name) : nullptr;
+        named.emplace_back(
+            name, ValueOf((*cells)[i], column != nullptr ? column->type.type : FieldType::Text));
+    }
     return named;
 }
 

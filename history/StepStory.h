@@ -8,19 +8,23 @@
 #include <utility>
 #include <vector>
 
+#include "engine/storage/Catalogue.h"
 #include "engine/storage/Database.h"
-#include "history/RowName.h"
+#include "history/CellValue.h"
 #include "history/StepStore.h"
 #include "history/TableShape.h"
 
 namespace clb {
 
+/// Names and contents of a row's cells.
+using NamedValues = std::vector<std::pair<std::string, Value>>;
+
 /// A row before and after a step, with all its cells.
 struct RowStory {
     std::string table;
-    std::int64_t row = 0;           ///< identity
-    std::optional<NamedCells> was;  ///< nothing: it was not there
-    std::optional<NamedCells> is;   ///< nothing: it was no longer there
+    std::int64_t row = 0;            ///< identity
+    std::optional<NamedValues> was;  ///< nothing: it was not there
+    std::optional<NamedValues> is;   ///< nothing: it was no longer there
 };
 
 /// Works out the rows of a step from what they are now and from the steps between then and now.
@@ -28,7 +32,7 @@ class StepStoryteller {
 public:
     /// All borrowed.
     StepStoryteller(Database& database, TableShapes& shapes, StepStore& store)
-        : database_(&database), shapes_(&shapes), store_(&store)
+        : database_(&database), shapes_(&shapes), store_(&store), catalogue_(database)
     {
     }
 
@@ -44,11 +48,12 @@ private:
     [[nodiscard]] std::vector<std::int64_t> StepsBetween(const Step& step) const;
     Cells Present(const Place& place);
     void GoThrough(const std::vector<std::string>& parts);
-    std::optional<NamedCells> Named(const std::string& table, const Cells& cells);
+    std::optional<NamedValues> Named(const std::string& table, const Cells& cells);
 
     Database* database_;
     TableShapes* shapes_;
     StepStore* store_;
+    Catalogue catalogue_;
     std::map<Place, Cells> rows_;
     std::vector<Place> order_;
 };

@@ -202,18 +202,13 @@ TEST_F(HistoryTest, StepsOfTwoProgramsLieInOneOrder)
     EXPECT_EQ(Undo(5).steps.size(), 3U);
 }
 
-std::string Told(const std::optional<NamedCells>& cells, std::string_view column)
+std::string CellOf(const std::optional<NamedValues>& cells, std::string_view column)
 {
     if (!cells)
         return "none";
-    for (const auto& [name, cell] : *cells)
-        if (name == column) {
-            if (const auto* text = std::get_if<std::string>(&cell))
-                return *text;
-            if (const auto* number = std::get_if<std::int64_t>(&cell))
-                return std::to_string(*number);
-            return "null";
-        }
+    for (const auto& [name, value] : *cells)
+        if (name == column)
+            return ToText(value);
     return "no such column";
 }
 
@@ -230,14 +225,15 @@ TEST_F(HistoryTest, ShowsWhatARowWasAndBecameInEachStep)
         history_->Visit([&](const Step& step) {
             for (const RowStory& row : history_->Rows(step, 100))
                 if (row.table == "Trans")
-                    found.insert(found.begin(),
-                                 Told(row.was, "Description") + ">" + Told(row.is, "Description"));
+                    found.insert(found.begin(), CellOf(row.was, "Description") + ">" +
+                                                    CellOf(row.is, "Description"));
             return true;
         });
         EXPECT_EQ(found, expected) << undone << " undone";
         Undo();
     }
     EXPECT_EQ(history_->Rows(*history_->Find(3), 1).size(), 1U);
+    EXPECT_EQ(CellOf(history_->Rows(*history_->Find(1), 1).front().is, "Amount"), "-3.5");
 }
 
 /// Random commands of many statements, with undo and redo among them, against copies of all rows.
