@@ -6,16 +6,11 @@ namespace clb {
 namespace {
 
 /// The cell as text; empty without it.
-std::string TextOf(const NamedCells& cells, std::string_view column)
+std::string TextOf(const NamedValues& cells, std::string_view column)
 {
-    for (const auto& [name, cell] : cells) {
-        if (!EqualsIgnoringCase(name, column))
-            continue;
-        if (const auto* text = std::get_if<std::string>(&cell))
-            return *text;
-        if (const auto* number = std::get_if<std::int64_t>(&cell))
-            return std::to_string(*number);
-    }
+    for (const auto& [name, value] : cells)
+        if (EqualsIgnoringCase(name, column))
+            return ToText(value);
     return {};
 }
 
@@ -26,7 +21,7 @@ std::string Quoted(const std::string& text)
 
 }  // namespace
 
-std::string RowName(const std::string& table, std::int64_t row, const NamedCells& cells)
+std::string RowName(const std::string& table, std::int64_t row, const NamedValues& cells)
 {
     const auto text = [&cells](std::string_view column) { return TextOf(cells, column); };
     if (EqualsIgnoringCase(table, "Trans") && !text("PostDate").empty())

@@ -47,7 +47,7 @@ private:
 
     void PutBack(std::string_view part, Pass pass);
     void PutBack(const TableShape& shape, const RowChanged& row, Pass pass);
-    void Require(const TableShape& shape, const StepReader& reader) const;
+    static bool IsThere(const TableShape& shape, const StepReader& reader);
     [[noreturn]] void Refuse(const TableShape& shape, const RowChanged& row) const;
     void Run(const TableShape& shape, const RowChanged& row, Statement& statement);
     Statement& Removal(const TableShape& shape);

@@ -11,13 +11,11 @@
 #include "engine/storage/Catalogue.h"
 #include "engine/storage/Database.h"
 #include "history/CellValue.h"
+#include "history/RowName.h"
 #include "history/StepStore.h"
 #include "history/TableShape.h"
 
 namespace clb {
-
-/// Names and contents of a row's cells.
-using NamedValues = std::vector<std::pair<std::string, Value>>;
 
 /// A row before and after a step, with all its cells.
 struct RowStory {
