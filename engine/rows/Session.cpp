@@ -5,7 +5,6 @@
 
 #include "base/Interruption.h"
 #include "engine/sql/Compiler.h"
-#include "engine/sql/Writer.h"
 #include "engine/storage/Errors.h"
 
 namespace clb {

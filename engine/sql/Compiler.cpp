@@ -29,7 +29,7 @@ public:
     {
         const TableInfo& table = catalogue_.Table(insert.table);
         const auto columns = InsertColumns(table, insert);
-        Writer writer;
+        ExpressionWriter writer;
         writer.Text("INSERT INTO ").Name(table.name).Text(" (");
         for (std::size_t i = 0; i < columns.size(); ++i)
             writer.Text(i ? ", " : "").Name(columns[i]->name);
@@ -48,7 +48,7 @@ public:
     {
         const TableInfo& table = catalogue_.Table(update.table);
         Checker checker({{&table, table.name}});
-        Writer writer;
+        ExpressionWriter writer;
         writer.Text("UPDATE ").Name(table.name).Text(" AS t0 SET ");
         for (std::size_t i = 0; i < update.assignments.size(); ++i) {
             auto& assignment = update.assignments[i];
@@ -69,7 +69,7 @@ public:
     {
         const TableInfo& table = catalogue_.Table(remove.table);
         Checker checker({{&table, table.name}});
-        Writer writer;
+        ExpressionWriter writer;
         writer.Text("DELETE FROM ").Name(table.name).Text(" AS t0");
         WriteWhere(writer, checker, remove.where.get());
         return Finish(writer);
@@ -112,7 +112,7 @@ private:
     static bool IsCounter(const ColumnInfo* column) { return column->type.counter; }
 
     static void WriteValues(InsertStatement& insert, const std::vector<const ColumnInfo*>& columns,
-                            Writer& writer)
+                            ExpressionWriter& writer)
     {
         if (insert.values.size() != columns.size())
             throw refuse::Statement(
@@ -126,7 +126,7 @@ private:
         writer.Text(")");
     }
 
-    static void WriteWhere(Writer& writer, Checker& checker, Expression* where)
+    static void WriteWhere(ExpressionWriter& writer, Checker& checker, Expression* where)
     {
         if (!where)
             return;
@@ -134,7 +134,7 @@ private:
         writer.Text(" WHERE ").WriteCondition(*where);
     }
 
-    std::unique_ptr<Plan> Finish(const Writer& writer)
+    std::unique_ptr<Plan> Finish(const ExpressionWriter& writer)
     {
         auto plan = std::make_unique<Plan>();
         plan->parameters = writer.Parameters();

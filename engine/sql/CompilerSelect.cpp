@@ -68,7 +68,7 @@ public:
 
     const std::vector<Output>& Outputs() const { return outputs_; }
 
-    void WriteTo(Writer& writer, const std::vector<const ColumnInfo*>* columns)
+    void WriteTo(ExpressionWriter& writer, const std::vector<const ColumnInfo*>* columns)
     {
         writer.Text(select_.distinct ? "SELECT DISTINCT " : "SELECT ");
         WriteItems(writer, columns);
@@ -234,7 +234,7 @@ private:
         return checker_.Sources().size() == 1 && !grouped_ && !select_.distinct;
     }
 
-    void WriteItems(Writer& writer, const std::vector<const ColumnInfo*>* columns)
+    void WriteItems(ExpressionWriter& writer, const std::vector<const ColumnInfo*>* columns)
     {
         for (std::size_t i = 0; i < outputs_.size(); ++i) {
             writer.Text(i ? ", " : "");
@@ -249,13 +249,13 @@ private:
             throw refuse::Statement("The tables have no columns.");
     }
 
-    void WriteTable(Writer& writer, const TableExpression& from)
+    void WriteTable(ExpressionWriter& writer, const TableExpression& from)
     {
         writer.Name(checker_.Sources()[from.source].table->name);
         writer.Text(" AS t" + std::to_string(from.source));
     }
 
-    void WriteFlat(Writer& writer, const TableExpression& from)
+    void WriteFlat(ExpressionWriter& writer, const TableExpression& from)
     {
         if (!from.left)
             return WriteTable(writer, from);
@@ -264,7 +264,7 @@ private:
         WriteFlat(writer, *from.right);
     }
 
-    void WriteNested(Writer& writer, const TableExpression& from)
+    void WriteNested(ExpressionWriter& writer, const TableExpression& from)
     {
         if (!from.left) {
             visible_.push_back(from.source);
@@ -283,7 +283,7 @@ private:
             writer.Text(" ON ").WriteCondition(*from.on);
     }
 
-    void WriteWhere(Writer& writer, bool flat)
+    void WriteWhere(ExpressionWriter& writer, bool flat)
     {
         std::vector<const Expression*> conditions;
         if (flat)
@@ -305,7 +305,7 @@ private:
             conditions.push_back(from.on.get());
     }
 
-    void WriteGroups(Writer& writer)
+    void WriteGroups(ExpressionWriter& writer)
     {
         for (std::size_t i = 0; i < select_.groupBy.size(); ++i)
             writer.Text(i ? ", " : " GROUP BY ").Write(*select_.groupBy[i]);
@@ -314,7 +314,7 @@ private:
     }
 
     /// Rows that are equal in all keys come in order of insertion, of the last table first.
-    void WriteOrder(Writer& writer, bool flat)
+    void WriteOrder(ExpressionWriter& writer, bool flat)
     {
         std::string_view divider = " ORDER BY ";
         for (std::size_t i = 0; i < order_.size(); ++i) {
@@ -353,14 +353,14 @@ private:
         plan.table = table.name;
         plan.numberedTable = table.HasCounter() ? table.name : std::string();
         plan.triggers = table.triggers;
-        Writer reader;
+        ExpressionWriter reader;
         reader.Text("SELECT ");
         WriteItems(reader, nullptr);
         const int row = static_cast<int>(reader.Parameters().size()) + 1;
         plan.readerRowParameter = row;
         const std::string items = reader.TakeSql();
         const std::string from =
-            Writer().Text(" FROM ").Name(table.name).TakeSql() + " AS t0 WHERE ";
+            ExpressionWriter().Text(" FROM ").Name(table.name).TakeSql() + " AS t0 WHERE ";
         plan.readerSql = items + from + "t0.rowid = ?" + std::to_string(row);
         plan.stretchSql = items + ", t0.rowid" + from + "t0.rowid BETWEEN ?" + std::to_string(row) +
                           " AND ?" + std::to_string(row + 1) + " ORDER BY t0.rowid";
@@ -371,7 +371,7 @@ private:
     /// Only the condition has parameters in these statements.
     void DescribeIdentities(const std::string& table, Plan& plan)
     {
-        Writer identities;
+        ExpressionWriter identities;
         identities.Text("SELECT t0.rowid FROM ").Name(table).Text(" AS t0");
         WriteWhere(identities, true);
         plan.identitiesSql = identities.Text(" ORDER BY t0.rowid").TakeSql();
@@ -390,7 +390,7 @@ private:
 CompiledSelect CompileSelect(SelectStatement& select, Catalogue& catalogue)
 {
     SelectCompiler compiler(select, catalogue);
-    Writer writer;
+    ExpressionWriter writer;
     compiler.WriteTo(writer, nullptr);
     CompiledSelect compiled;
     compiled.plan = compiler.Describe();
@@ -400,7 +400,7 @@ CompiledSelect CompileSelect(SelectStatement& select, Catalogue& catalogue)
 }
 
 void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectStatement& select,
-                    Catalogue& catalogue, Writer& writer)
+                    Catalogue& catalogue, ExpressionWriter& writer)
 {
     SelectCompiler compiler(select, catalogue);
     const auto& outputs = compiler.Outputs();

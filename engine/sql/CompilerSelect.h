@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "engine/sql/Ast.h"
+#include "engine/sql/ExpressionWriter.h"
 #include "engine/sql/Plan.h"
-#include "engine/sql/Writer.h"
 
 namespace clb {
 
@@ -20,7 +20,7 @@ CompiledSelect CompileSelect(SelectStatement& select, Catalogue& catalogue);
 /// Writes the SELECT behind what stands in the writer; its fields are converted for the columns,
 /// one each. Throws EngineError when their number differs.
 void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectStatement& select,
-                    Catalogue& catalogue, Writer& writer);
+                    Catalogue& catalogue, ExpressionWriter& writer);
 
 /// Throws EngineError when no value of this kind can be stored in the column: a date is no number.
 void RequireStorable(const Expression& value, const ColumnInfo& column);

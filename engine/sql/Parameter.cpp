@@ -1,4 +1,5 @@
-#include "engine/sql/Writer.h"
+#include "engine/sql/Parameter.h"
+
 #include "engine/storage/Convert.h"
 #include "engine/storage/Errors.h"
 

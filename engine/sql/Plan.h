@@ -7,7 +7,7 @@
 
 #include "engine/sql/Ast.h"
 #include "engine/sql/Field.h"
-#include "engine/sql/Writer.h"
+#include "engine/sql/Parameter.h"
 #include "engine/storage/Catalogue.h"
 #include "engine/storage/Database.h"
 

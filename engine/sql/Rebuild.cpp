@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "base/Text.h"
-#include "engine/sql/Writer.h"
+#include "engine/sql/ExpressionWriter.h"
 #include "engine/storage/Convert.h"
 #include "engine/storage/Errors.h"
 
@@ -158,7 +158,7 @@ private:
 
     void CopyRows()
     {
-        Writer writer;
+        ExpressionWriter writer;
         writer.Text("INSERT INTO ").Name(kNewTable).Text(" (rowid");
         std::string values = "rowid";
         for (const ColumnInfo& column : table_.columns) {

@@ -156,4 +156,9 @@ std::string QuoteName(std::string_view name)
     return "\"" + Replace(name, "\"", "\"\"") + "\"";
 }
 
+std::string QuoteText(std::string_view text)
+{
+    return "'" + Replace(text, "'", "''") + "'";
+}
+
 }  // namespace clb

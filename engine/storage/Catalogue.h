@@ -69,5 +69,7 @@ private:
 
 /// The name between double quotes, as the storage's SQL takes any name.
 std::string QuoteName(std::string_view name);
+/// The text between single quotes, as a literal of the storage's SQL.
+std::string QuoteText(std::string_view text);
 
 }  // namespace clb

@@ -1,5 +1,6 @@
-#include "engine/sql/Typing.h"
-#include "engine/sql/Writer.h"
+#include "engine/sql/CallWriter.h"
+
+#include "engine/sql/ExpressionWriter.h"
 
 namespace clb {
 namespace {
@@ -46,7 +47,7 @@ std::string_view EmptyValue(FieldType type)
 
 }  // namespace
 
-void Writer::WriteCall(const Expression& e)
+void CallWriter::Write(const Expression& e)
 {
     if (IsAggregate(e.function))
         WriteAggregate(e);
@@ -54,10 +55,10 @@ void Writer::WriteCall(const Expression& e)
         WriteScalar(e);
 }
 
-void Writer::WriteAggregate(const Expression& e)
+void CallWriter::WriteAggregate(const Expression& e)
 {
     if (e.operands.empty()) {
-        Text("count(*)");
+        out_.Text("count(*)");
         return;
     }
     const Expression& operand = *e.operands[0];
@@ -65,24 +66,24 @@ void Writer::WriteAggregate(const Expression& e)
     const bool exact = operand.type == FieldType::Money || operand.type == FieldType::Long;
     const bool total = e.function == Function::Sum && exact;
     const bool whole = total && e.type == FieldType::Long;
-    Text(whole ? "clb_long(" : "(");
-    Text(total ? "clb_sum" : StorageName(e.function)).Text("(");
+    out_.Text(whole ? "clb_long(" : "(");
+    out_.Text(total ? "clb_sum" : StorageName(e.function)).Text("(");
     if (sums && operand.type == FieldType::Boolean)
-        WriteAs(operand, FieldType::Long);
+        out_.WriteAs(operand, FieldType::Long);
     else if (e.function == Function::Avg && exact)
-        WriteExact(operand);
+        out_.WriteExact(operand);
     else
-        Write(operand);
+        out_.Write(operand);
     // Single numbers may be stored as whole ones; their sum is a double all the same.
     if (sums && operand.type == FieldType::Single)
-        Text(" * 1.0");
-    Text(")");
+        out_.Text(" * 1.0");
+    out_.Text(")");
     if (e.function == Function::Avg && operand.type == FieldType::Money)
-        Text(" / 10000.0");
-    Text(")");
+        out_.Text(" / 10000.0");
+    out_.Text(")");
 }
 
-void Writer::WriteScalar(const Expression& e)
+void CallWriter::WriteScalar(const Expression& e)
 {
     const Expression& first = *e.operands[0];
     switch (e.function) {
@@ -91,80 +92,80 @@ void Writer::WriteScalar(const Expression& e)
         case Function::Day: WriteDatePart(e); break;
         case Function::Left:
         case Function::Right:
-            WriteFunction(StorageName(e.function), first, FieldType::Text, *e.operands[1],
-                          FieldType::Long);
+            out_.WriteFunction(StorageName(e.function), first, FieldType::Text, *e.operands[1],
+                               FieldType::Long);
             break;
         case Function::Mid: WriteMid(e); break;
         case Function::Abs:
-            Text(e.type == FieldType::Long ? "clb_long(abs(" : "(abs(").WriteAs(first, e.type);
-            Text("))");
+            out_.Text(e.type == FieldType::Long ? "clb_long(abs(" : "(abs(").WriteAs(first, e.type);
+            out_.Text("))");
             break;
         case Function::Round: WriteRound(e); break;
         case Function::IIf: WriteIIf(e); break;
         case Function::IsNull:
-            Text("(").Write(first);
-            Text(" IS NULL)");
+            out_.Text("(").Write(first);
+            out_.Text(" IS NULL)");
             break;
         case Function::Nz: WriteNz(e); break;
         case Function::CStr:
         case Function::CLng:
         case Function::CCur:
-        case Function::CDbl: WriteAs(first, e.type); break;
+        case Function::CDbl: out_.WriteAs(first, e.type); break;
         default:
-            Text(StorageName(e.function)).Text("(").WriteAs(first, FieldType::Text);
-            Text(")");
+            out_.Text(StorageName(e.function)).Text("(").WriteAs(first, FieldType::Text);
+            out_.Text(")");
             break;
     }
 }
 
-void Writer::WriteDatePart(const Expression& e)
+void CallWriter::WriteDatePart(const Expression& e)
 {
-    Text("CAST(substr(").Write(*e.operands[0]);
-    Text(DatePart(e.function)).Text(" AS INTEGER)");
+    out_.Text("CAST(substr(").Write(*e.operands[0]);
+    out_.Text(DatePart(e.function)).Text(" AS INTEGER)");
 }
 
-void Writer::WriteRound(const Expression& e)
+void CallWriter::WriteRound(const Expression& e)
 {
-    Text("clb_round(").WriteAs(*e.operands[0], e.type);
-    Text(", ");
+    out_.Text("clb_round(").WriteAs(*e.operands[0], e.type);
+    out_.Text(", ");
     if (e.operands.size() > 1)
-        WriteAs(*e.operands[1], FieldType::Long);
+        out_.WriteAs(*e.operands[1], FieldType::Long);
     else
-        Text("0");
-    Text(", " + std::to_string(static_cast<int>(e.type)) + ")");
+        out_.Text("0");
+    out_.Text(", " + std::to_string(static_cast<int>(e.type)) + ")");
 }
 
-void Writer::WriteIIf(const Expression& e)
+void CallWriter::WriteIIf(const Expression& e)
 {
-    Text("CASE WHEN ").WriteCondition(*e.operands[0]);
-    Text(" THEN ").WriteAs(*e.operands[1], e.type);
-    Text(" ELSE ").WriteAs(*e.operands[2], e.type);
-    Text(" END");
+    out_.Text("CASE WHEN ").WriteCondition(*e.operands[0]);
+    out_.Text(" THEN ").WriteAs(*e.operands[1], e.type);
+    out_.Text(" ELSE ").WriteAs(*e.operands[2], e.type);
+    out_.Text(" END");
 }
 
-void Writer::WriteNz(const Expression& e)
+void CallWriter::WriteNz(const Expression& e)
 {
-    Text("coalesce(").WriteAs(*e.operands[0], e.type);
-    Text(", ");
+    out_.Text("coalesce(").WriteAs(*e.operands[0], e.type);
+    out_.Text(", ");
     if (e.operands.size() > 1)
-        WriteAs(*e.operands[1], e.type);
+        out_.WriteAs(*e.operands[1], e.type);
     else
-        Text(EmptyValue(e.type));
-    Text(")");
+        out_.Text(EmptyValue(e.type));
+    out_.Text(")");
 }
 
-void Writer::WriteMid(const Expression& e)
+void CallWriter::WriteMid(const Expression& e)
 {
-    Text("clb_mid(");
-    WriteAs(*e.operands[0], FieldType::Text);
-    Text(", ");
-    WriteAs(*e.operands[1], FieldType::Long);
-    Text(", ");
+    out_.Text("clb_mid(");
+    out_.WriteAs(*e.operands[0], FieldType::Text);
+    out_.Text(", ");
+    out_.WriteAs(*e.operands[1], FieldType::Long);
+    out_.Text(", ");
     if (e.operands.size() > 2)
-        WriteAs(*e.operands[2], FieldType::Long);
+        out_.WriteAs(*e.operands[2], FieldType::Long);
     else
-        Text("2147483647");
-    Text(")");
+        out_.Text("2147483647");
+    out_.Text(")");
 }
 
 }  // namespace clb

@@ -1,84 +1,40 @@
-#include "engine/sql/Writer.h"
+#include "engine/sql/ExpressionWriter.h"
 
-#include <algorithm>
-#include <optional>
-
-#include "base/Text.h"
+#include "engine/sql/CallWriter.h"
+#include "engine/sql/ComparisonWriter.h"
 #include "engine/sql/Typing.h"
 #include "engine/storage/Errors.h"
 
 namespace clb {
+
 namespace {
 
-std::string_view Symbol(Operator operation)
+std::string_view SymbolOf(Operator operation)
 {
     switch (operation) {
         case Operator::Add: return " + ";
         case Operator::Subtract: return " - ";
         case Operator::Multiply: return " * ";
-        case Operator::Divide: return " / ";
-        case Operator::Concatenate: return " || ";
-        case Operator::Equal: return " = ";
-        case Operator::NotEqual: return " <> ";
-        case Operator::Less: return " < ";
-        case Operator::LessEqual: return " <= ";
-        case Operator::Greater: return " > ";
-        case Operator::GreaterEqual: return " >= ";
         case Operator::And: return " AND ";
         case Operator::Or: return " OR ";
+        default: return " ";
     }
-    return " ";
-}
-
-Operator Mirrored(Operator operation)
-{
-    switch (operation) {
-        case Operator::Less: return Operator::Greater;
-        case Operator::LessEqual: return Operator::GreaterEqual;
-        case Operator::Greater: return Operator::Less;
-        case Operator::GreaterEqual: return Operator::LessEqual;
-        default: return operation;
-    }
-}
-
-bool IsFineBeside(const Expression& literal, const Expression& other)
-{
-    return IsKind(literal, LiteralKind::Fine) && other.type == FieldType::Money;
-}
-
-/// The type in which IN compares all its values; nothing when they differ.
-std::optional<FieldType> OneTypeOf(const Expression& in)
-{
-    const Expression& value = *in.operands[0];
-    const FieldType type = CommonType(value, *in.operands[1]);
-    for (std::size_t i = 1; i < in.operands.size(); ++i) {
-        const Expression& other = *in.operands[i];
-        if (CommonType(value, other) != type || IsFineBeside(other, value) ||
-            IsFineBeside(value, other))
-            return std::nullopt;
-    }
-    return type;
 }
 
 }  // namespace
 
-std::string QuoteText(std::string_view text)
-{
-    return "'" + Replace(text, "'", "''") + "'";
-}
-
-Writer& Writer::Text(std::string_view text)
+ExpressionWriter& ExpressionWriter::Text(std::string_view text)
 {
     sql_.append(text);
     return *this;
 }
 
-Writer& Writer::Name(std::string_view name)
+ExpressionWriter& ExpressionWriter::Name(std::string_view name)
 {
     return Text(QuoteName(name));
 }
 
-void Writer::Write(const Expression& e)
+void ExpressionWriter::Write(const Expression& e)
 {
     switch (e.kind) {
         case ExpressionKind::Literal: WriteLiteral(e, {e.type, 0, false}); break;
@@ -97,15 +53,15 @@ void Writer::Write(const Expression& e)
             Text("(").Write(*e.operands[0]);
             Text(e.negated ? " IS NOT NULL)" : " IS NULL)");
             break;
-        case ExpressionKind::In: WriteIn(e); break;
-        case ExpressionKind::Between: WriteBetween(e); break;
-        case ExpressionKind::Like: WriteLike(e); break;
-        case ExpressionKind::Call: WriteCall(e); break;
+        case ExpressionKind::In:
+        case ExpressionKind::Between:
+        case ExpressionKind::Like: ComparisonWriter(*this).Write(e); break;
+        case ExpressionKind::Call: CallWriter(*this).Write(e); break;
     }
 }
 
 /// Calculations check what they make themselves; only a column's cell may hold anything.
-void Writer::WriteExact(const Expression& e)
+void ExpressionWriter::WriteExact(const Expression& e)
 {
     const bool column = e.kind == ExpressionKind::Column;
     Text(column ? "clb_exact(" : "");
@@ -113,7 +69,7 @@ void Writer::WriteExact(const Expression& e)
     Text(column ? ")" : "");
 }
 
-void Writer::WriteNegated(const Expression& e)
+void ExpressionWriter::WriteNegated(const Expression& e)
 {
     if (e.type == FieldType::Money)
         Text("clb_negate(");
@@ -123,7 +79,7 @@ void Writer::WriteNegated(const Expression& e)
     Text(")");
 }
 
-void Writer::WriteAs(const Expression& e, FieldType type)
+void ExpressionWriter::WriteAs(const Expression& e, FieldType type)
 {
     const bool real = type == FieldType::Double || type == FieldType::Single;
     if (e.kind == ExpressionKind::Literal) {
@@ -153,7 +109,7 @@ void Writer::WriteAs(const Expression& e, FieldType type)
     }
 }
 
-void Writer::WriteConstantAsMoney(const Expression& e)
+void ExpressionWriter::WriteConstantAsMoney(const Expression& e)
 {
     if (e.kind == ExpressionKind::Negate) {
         Text("clb_negate(");
@@ -165,7 +121,7 @@ void Writer::WriteConstantAsMoney(const Expression& e)
                   FieldType::Money, *e.operands[1], FieldType::Money);
 }
 
-void Writer::WriteForColumn(const Expression& e, const ColumnInfo& column)
+void ExpressionWriter::WriteForColumn(const Expression& e, const ColumnInfo& column)
 {
     if (e.kind == ExpressionKind::Literal)
         WriteLiteral(e, column.type, column.name);
@@ -177,7 +133,8 @@ void Writer::WriteForColumn(const Expression& e, const ColumnInfo& column)
         WriteConversion(e, column.type, column.name);
 }
 
-void Writer::WriteConversion(const Expression& e, const ColumnType& type, std::string_view column)
+void ExpressionWriter::WriteConversion(const Expression& e, const ColumnType& type,
+                                       std::string_view column)
 {
     Text("clb_convert(");
     Write(e);
@@ -186,7 +143,8 @@ void Writer::WriteConversion(const Expression& e, const ColumnType& type, std::s
          QuoteText(column) + ")");
 }
 
-void Writer::WriteLiteral(const Expression& e, const ColumnType& type, std::string_view column)
+void ExpressionWriter::WriteLiteral(const Expression& e, const ColumnType& type,
+                                    std::string_view column)
 {
     Parameter parameter;
     parameter.literal = e.literal;
@@ -197,7 +155,13 @@ void Writer::WriteLiteral(const Expression& e, const ColumnType& type, std::stri
     Text("?" + std::to_string(parameters_.size()));
 }
 
-void Writer::WriteTruth(const Expression& e, FieldType type)
+void ExpressionWriter::WriteCutToMoney(const Expression& literal)
+{
+    WriteLiteral(literal, {FieldType::Money, 0, false});
+    parameters_.back().cutToMoney = true;
+}
+
+void ExpressionWriter::WriteTruth(const Expression& e, FieldType type)
 {
     switch (type) {
         // Spelled out, since a bare 1 would be a position in ORDER BY.
@@ -209,7 +173,7 @@ void Writer::WriteTruth(const Expression& e, FieldType type)
     }
 }
 
-void Writer::WriteCondition(const Expression& e)
+void ExpressionWriter::WriteCondition(const Expression& e)
 {
     if (e.type == FieldType::Boolean) {
         Write(e);
@@ -220,7 +184,7 @@ void Writer::WriteCondition(const Expression& e)
     Text(" <> 0)");
 }
 
-void Writer::WriteOrder(const Expression& e, bool descending)
+void ExpressionWriter::WriteOrder(const Expression& e, bool descending)
 {
     const std::string_view direction = descending ? " DESC" : "";
     if (e.type == FieldType::Text) {
@@ -233,7 +197,7 @@ void Writer::WriteOrder(const Expression& e, bool descending)
     Text(mirrored ? (descending ? "" : " DESC") : direction);
 }
 
-void Writer::WriteBinary(const Expression& e)
+void ExpressionWriter::WriteBinary(const Expression& e)
 {
     const Expression& left = *e.operands[0];
     const Expression& right = *e.operands[1];
@@ -253,15 +217,15 @@ void Writer::WriteBinary(const Expression& e)
         case Operator::Or:
             Text("(");
             WriteCondition(left);
-            Text(Symbol(e.operation));
+            Text(SymbolOf(e.operation));
             WriteCondition(right);
             Text(")");
             break;
-        default: WriteComparison(e.operation, left, right); break;
+        default: ComparisonWriter(*this).Write(e); break;
     }
 }
 
-void Writer::WriteArithmetic(const Expression& e)
+void ExpressionWriter::WriteArithmetic(const Expression& e)
 {
     const Expression& left = *e.operands[0];
     const Expression& right = *e.operands[1];
@@ -275,13 +239,13 @@ void Writer::WriteArithmetic(const Expression& e)
     } else {
         Text(e.type == FieldType::Long ? "clb_long(" : "(");
         WriteOperand(left, e.type);
-        Text(e.type == FieldType::Text ? " || " : Symbol(e.operation));
+        Text(e.type == FieldType::Text ? " || " : SymbolOf(e.operation));
         WriteOperand(right, e.type);
         Text(")");
     }
 }
 
-void Writer::WriteOperand(const Expression& e, FieldType type)
+void ExpressionWriter::WriteOperand(const Expression& e, FieldType type)
 {
     if (type == FieldType::Long && e.type == FieldType::Long)
         WriteExact(e);
@@ -289,7 +253,7 @@ void Writer::WriteOperand(const Expression& e, FieldType type)
         WriteAs(e, type);
 }
 
-void Writer::WriteMoneyProduct(const Expression& a, const Expression& b)
+void ExpressionWriter::WriteMoneyProduct(const Expression& a, const Expression& b)
 {
     const auto amount = [](const Expression& e) {
         return e.type == FieldType::Money || (e.type == FieldType::Double && IsExactConstant(e));
@@ -303,93 +267,13 @@ void Writer::WriteMoneyProduct(const Expression& a, const Expression& b)
                   whole ? FieldType::Long : FieldType::Double);
 }
 
-void Writer::WriteFunction(std::string_view name, const Expression& a, FieldType typeA,
-                           const Expression& b, FieldType typeB)
+void ExpressionWriter::WriteFunction(std::string_view name, const Expression& a, FieldType typeA,
+                                     const Expression& b, FieldType typeB)
 {
     Text(name).Text("(");
     WriteAs(a, typeA);
     Text(", ");
     WriteAs(b, typeB);
-    Text(")");
-}
-
-void Writer::WriteComparison(Operator operation, const Expression& a, const Expression& b)
-{
-    if (IsFineBeside(b, a))
-        return WriteFineComparison(operation, a, b);
-    if (IsFineBeside(a, b))
-        return WriteFineComparison(Mirrored(operation), b, a);
-    const FieldType type = CommonType(a, b);
-    Text("(");
-    WriteAs(a, type);
-    Text(Symbol(operation));
-    WriteAs(b, type);
-    Text(")");
-}
-
-/// No amount equals a literal finer than its decimals; an amount is below it exactly when it is not
-/// above the next smaller amount.
-void Writer::WriteFineComparison(Operator operation, const Expression& money,
-                                 const Expression& literal)
-{
-    const auto compare = [&](std::string_view symbol) {
-        WriteAs(money, FieldType::Money);
-        Text(symbol);
-        WriteLiteral(literal, {FieldType::Money, 0, false});
-        parameters_.back().cutToMoney = true;
-    };
-    Text("(");
-    switch (operation) {
-        case Operator::Equal:
-        case Operator::NotEqual:
-            compare(operation == Operator::Equal ? " < " : " <= ");
-            Text(operation == Operator::Equal ? " AND " : " OR ");
-            compare(" > ");
-            break;
-        case Operator::Less:
-        case Operator::LessEqual: compare(" <= "); break;
-        default: compare(" > "); break;
-    }
-    Text(")");
-}
-
-void Writer::WriteIn(const Expression& e)
-{
-    const Expression& value = *e.operands[0];
-    if (const auto type = OneTypeOf(e)) {
-        Text("(");
-        WriteAs(value, *type);
-        for (std::size_t i = 1; i < e.operands.size(); ++i) {
-            Text(i > 1 ? ", " : e.negated ? " NOT IN (" : " IN (");
-            WriteAs(*e.operands[i], *type);
-        }
-        Text("))");
-        return;
-    }
-    Text(e.negated ? "(NOT (" : "((");
-    for (std::size_t i = 1; i < e.operands.size(); ++i) {
-        if (i > 1)
-            Text(" OR ");
-        WriteComparison(Operator::Equal, value, *e.operands[i]);
-    }
-    Text("))");
-}
-
-void Writer::WriteBetween(const Expression& e)
-{
-    Text(e.negated ? "(NOT (" : "((");
-    WriteComparison(Operator::GreaterEqual, *e.operands[0], *e.operands[1]);
-    Text(" AND ");
-    WriteComparison(Operator::LessEqual, *e.operands[0], *e.operands[2]);
-    Text("))");
-}
-
-void Writer::WriteLike(const Expression& e)
-{
-    Text("(");
-    WriteAs(*e.operands[0], FieldType::Text);
-    Text(e.negated ? " NOT LIKE " : " LIKE ");
-    WriteAs(*e.operands[1], FieldType::Text);
     Text(")");
 }
 
