@@ -9,7 +9,7 @@
 #include "automation/Verbs.h"
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 #include "json/Reply.h"
 #include "platform/CurlHttpClient.h"
 

@@ -8,7 +8,7 @@
 #include "data/AccountKind.h"
 #include "data/StoredView.h"
 #include "engine/rows/RawSql.h"
-#include "engine/storage/Backup.h"
+#include "engine/storage/DatabaseCopy.h"
 #include "engine/storage/EngineError.h"
 
 namespace clb {

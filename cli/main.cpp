@@ -8,7 +8,7 @@
 #include "base/Interruption.h"
 #include "base/Product.h"
 #include "cli/Commands.h"
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 #include "platform/Signals.h"
 #include "platform/StandardStreams.h"
 
@@ -70,7 +70,7 @@ int RunReported(int argc, char** argv)
         std::cerr << noMemory;  // no std::string here: it may need memory
         return refused;
     } catch (const std::exception& error) {
-        Report(clb::TroubleText(error));
+        Report(clb::ErrorText(error));
         return refused;
     }
 }

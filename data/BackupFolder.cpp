@@ -19,7 +19,7 @@
 #include <tuple>
 
 #include "base/Date.h"
-#include "engine/storage/Backup.h"
+#include "engine/storage/DatabaseCopy.h"
 #include "engine/storage/EngineError.h"
 #include "files/FileError.h"
 #include "files/Folders.h"

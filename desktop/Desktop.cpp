@@ -10,7 +10,7 @@
 #include "base/Interruption.h"
 #include "data/Backups.h"
 #include "data/EmptyDatabase.h"
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 #include "desktop/Appearance.h"
 #include "desktop/DailyBackup.h"
 #include "desktop/DateFormPort.h"
@@ -276,9 +276,9 @@ int Run(const StartOptions& options, IClock& clock)
 int ReportFailure(const StartOptions& options, const std::exception& error)
 {
     if (ShowsWindow(options))
-        MessageBoxPort().Show(TroubleText(error), box_style::Critical, frmController::Title);
+        MessageBoxPort().Show(ErrorText(error), box_style::Critical, frmController::Title);
     else
-        std::cerr << TroubleText(error) << '\n';
+        std::cerr << ErrorText(error) << '\n';
     return 1;
 }
 

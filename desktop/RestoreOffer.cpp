@@ -5,7 +5,7 @@
 #include <QStyle>
 
 #include "base/Product.h"
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 #include "desktop/DialogParent.h"
 #include "desktop/Icons.h"
 #include "desktop/MessageBoxPort.h"
@@ -122,7 +122,7 @@ void RestoreBackup(Backups& backups, const std::string& name, const Date& now)
                 (kept ? " The file that it replaced is " + *kept + "." : ""),
             box_style::Information);
     } catch (const std::exception& error) {
-        Say(TroubleText(error), box_style::Critical);
+        Say(ErrorText(error), box_style::Critical);
     }
 }
 

@@ -5,7 +5,7 @@
 #include "engine/rows/Session.h"
 #include "engine/sql/Schema.h"
 #include "engine/storage/ConnectionString.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 #include "files/FileError.h"
 #include "files/WholeFile.h"
 

@@ -5,7 +5,7 @@
 #include <new>
 
 #include "engine/rows/Session.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 

@@ -6,7 +6,7 @@
 #include "base/Text.h"
 #include "engine/rows/RecordsetState.h"
 #include "engine/storage/Convert.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 

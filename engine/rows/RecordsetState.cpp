@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

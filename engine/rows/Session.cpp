@@ -5,7 +5,7 @@
 
 #include "base/Interruption.h"
 #include "engine/sql/Compiler.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

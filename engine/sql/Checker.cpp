@@ -2,7 +2,7 @@
 
 #include "base/Text.h"
 #include "engine/sql/Typing.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

@@ -6,7 +6,7 @@
 #include "engine/sql/Checker.h"
 #include "engine/sql/CompilerSelect.h"
 #include "engine/sql/Parser.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

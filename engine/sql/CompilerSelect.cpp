@@ -6,7 +6,7 @@
 #include "engine/sql/Checker.h"
 #include "engine/sql/Grouping.h"
 #include "engine/sql/Typing.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "engine/sql/Typing.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

@@ -3,7 +3,7 @@
 #include "engine/sql/CallWriter.h"
 #include "engine/sql/ComparisonWriter.h"
 #include "engine/sql/Typing.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 

@@ -6,7 +6,7 @@
 
 #include "base/Numeric.h"
 #include "base/Text.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

@@ -1,7 +1,7 @@
 #include "engine/sql/Parameter.h"
 
 #include "engine/storage/Convert.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

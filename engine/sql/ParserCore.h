@@ -4,7 +4,7 @@
 
 #include "engine/sql/Ast.h"
 #include "engine/sql/Lexer.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 

@@ -7,7 +7,7 @@
 #include "base/Text.h"
 #include "engine/sql/ExpressionWriter.h"
 #include "engine/storage/Convert.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

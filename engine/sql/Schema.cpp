@@ -4,7 +4,7 @@
 
 #include "base/Text.h"
 #include "engine/sql/Rebuild.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "base/Text.h"
 #include "engine/storage/Database.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

@@ -14,8 +14,8 @@
 
 #include "base/Interruption.h"
 #include "base/Text.h"
-#include "engine/storage/Errors.h"
 #include "engine/storage/Functions.h"
+#include "engine/storage/Refusals.h"
 #include "engine/storage/Waiting.h"
 
 namespace clb {

@@ -16,7 +16,7 @@
 #include "base/Value.h"
 #include "engine/storage/Convert.h"
 #include "engine/storage/Database.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

@@ -1,4 +1,4 @@
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 
 #include <new>
 
@@ -50,7 +50,7 @@ const char* AdviceOn(const std::exception& error)
 
 }  // namespace
 
-std::string TroubleText(const std::exception& error)
+std::string ErrorText(const std::exception& error)
 {
     if (dynamic_cast<const std::bad_alloc*>(&error))
         return "There is not enough memory.";

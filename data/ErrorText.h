@@ -7,7 +7,7 @@ namespace clb {
 
 /// An error as shown to the user: its own text and, if a file of the program is the problem, what
 /// to do next.
-std::string TroubleText(const std::exception& error);
+std::string ErrorText(const std::exception& error);
 
 /// Shown for a command that was rolled back, and for one that was rolled back for lack of memory.
 inline constexpr const char* kNothingKept = "Nothing of the last command was kept.";

@@ -1,4 +1,4 @@
-#include "engine/storage/Backup.h"
+#include "engine/storage/DatabaseCopy.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -16,7 +16,7 @@
 #include <optional>
 
 #include "engine/storage/Database.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 #include "files/FileError.h"
 #include "files/Folders.h"
 

@@ -1,4 +1,4 @@
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 #include <cerrno>
 #include <cstring>

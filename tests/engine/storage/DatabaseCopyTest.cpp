@@ -5,7 +5,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "engine/storage/Backup.h"
+#include "engine/storage/DatabaseCopy.h"
 #include "tests/engine/EngineFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
 
@@ -14,7 +14,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class BackupTest : public EngineTest {
+class DatabaseCopyTest : public EngineTest {
 protected:
     std::string Sibling(const std::string& name) const
     {
@@ -54,7 +54,7 @@ protected:
     }
 };
 
-TEST_F(BackupTest, ACopyHoldsWhatIsSettledAndNothingOfACommandOnItsWay)
+TEST_F(DatabaseCopyTest, ACopyHoldsWhatIsSettledAndNothingOfACommandOnItsWay)
 {
     Run("INSERT INTO Trans (Sequence) VALUES (1)");
     connection_.Settle();
@@ -68,14 +68,14 @@ TEST_F(BackupTest, ACopyHoldsWhatIsSettledAndNothingOfACommandOnItsWay)
     EXPECT_EQ(Rows("SELECT Sequence FROM Trans"), (Lines{"1", "2"}));
 }
 
-TEST_F(BackupTest, ACopyIsForTheUserAlone)
+TEST_F(DatabaseCopyTest, ACopyIsForTheUserAlone)
 {
     CopyDatabase(path_, Sibling("copy.mdb"));
 
     EXPECT_EQ(ModeOf(Sibling("copy.mdb")), 0600u);
 }
 
-TEST_F(BackupTest, ACopyReplacesNoFile)
+TEST_F(DatabaseCopyTest, ACopyReplacesNoFile)
 {
     Write(Sibling("copy.mdb"), "mine");
 
@@ -86,7 +86,7 @@ TEST_F(BackupTest, ACopyReplacesNoFile)
     EXPECT_EQ(Bytes(Sibling("copy.mdb")), "mine");
 }
 
-TEST_F(BackupTest, WhatIsNoDatabaseIsNotCopied)
+TEST_F(DatabaseCopyTest, WhatIsNoDatabaseIsNotCopied)
 {
     Write(Sibling("letter.txt"), std::string(5000, 'x'));
 
@@ -96,7 +96,7 @@ TEST_F(BackupTest, WhatIsNoDatabaseIsNotCopied)
     EXPECT_FALSE(std::filesystem::exists(Sibling("copy.mdb")));
 }
 
-TEST_F(BackupTest, FaultsOfADamagedFileAreTold)
+TEST_F(DatabaseCopyTest, FaultsOfADamagedFileAreTold)
 {
     AddMany();
     std::string bytes = Bytes(path_);
@@ -109,7 +109,7 @@ TEST_F(BackupTest, FaultsOfADamagedFileAreTold)
     EXPECT_TRUE(Bytes(Sibling("damaged.mdb")) == bytes);
 }
 
-TEST_F(BackupTest, AFileThatIsCutShortDoesNotLookWhole)
+TEST_F(DatabaseCopyTest, AFileThatIsCutShortDoesNotLookWhole)
 {
     AddMany();
     const std::string bytes = Bytes(path_);
@@ -126,7 +126,7 @@ TEST_F(BackupTest, AFileThatIsCutShortDoesNotLookWhole)
     EXPECT_FALSE(LooksWhole(Sibling("gone.mdb")));
 }
 
-TEST_F(BackupTest, AFinishedFileReplacesNone)
+TEST_F(DatabaseCopyTest, AFinishedFileReplacesNone)
 {
     Write(Sibling("fresh"), "fresh");
     Write(Sibling("taken"), "mine");
@@ -139,7 +139,7 @@ TEST_F(BackupTest, AFinishedFileReplacesNone)
     EXPECT_EQ(Bytes(Sibling("free")), "fresh");
 }
 
-TEST_F(BackupTest, ADatabaseIsReplacedAndKept)
+TEST_F(DatabaseCopyTest, ADatabaseIsReplacedAndKept)
 {
     Run("INSERT INTO Trans (Sequence) VALUES (1)");
     connection_.Settle();
@@ -156,7 +156,7 @@ TEST_F(BackupTest, ADatabaseIsReplacedAndKept)
 }
 
 /// The journal of a killed program would be played back into the new file.
-TEST_F(BackupTest, AJournalOfAnUnusableDatabaseIsKeptWithIt)
+TEST_F(DatabaseCopyTest, AJournalOfAnUnusableDatabaseIsKeptWithIt)
 {
     CopyDatabase(path_, Sibling("fresh.mdb"));
     connection_ = Connection();
@@ -170,7 +170,7 @@ TEST_F(BackupTest, AJournalOfAnUnusableDatabaseIsKeptWithIt)
     EXPECT_EQ(RowsIn(path_, "SELECT COUNT(*) FROM Trans"), Lines{"0"});
 }
 
-TEST_F(BackupTest, ADatabaseInUseIsNotReplaced)
+TEST_F(DatabaseCopyTest, ADatabaseInUseIsNotReplaced)
 {
     CopyDatabase(path_, Sibling("fresh.mdb"));
     const std::string before = Bytes(path_);
@@ -185,7 +185,7 @@ TEST_F(BackupTest, ADatabaseInUseIsNotReplaced)
     EXPECT_FALSE(std::filesystem::exists(Sibling("kept.mdb")));
 }
 
-TEST_F(BackupTest, ADamagedDatabaseIsKeptByteForByteAndItsJournalSpoilsNothing)
+TEST_F(DatabaseCopyTest, ADamagedDatabaseIsKeptByteForByteAndItsJournalSpoilsNothing)
 {
     CopyDatabase(path_, Sibling("fresh.mdb"));
     connection_ = Connection();
@@ -200,7 +200,7 @@ TEST_F(BackupTest, ADamagedDatabaseIsKeptByteForByteAndItsJournalSpoilsNothing)
 }
 
 /// A file that cannot be used, by what is wrong with it.
-class TroubleTest : public BackupTest {
+class TroubleTest : public DatabaseCopyTest {
 protected:
     /// The error of opening the file, which must not change it.
     static EngineError OpeningOf(const std::string& path)
