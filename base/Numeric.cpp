@@ -161,35 +161,57 @@ std::optional<Numeric> Numeric::Read(std::string_view text)
     return number;
 }
 
+std::optional<std::uint64_t> Numeric::Leading(std::int64_t digits) const
+{
+    if (digits > 19)
+        return std::nullopt;
+    std::uint64_t value = 0;
+    for (std::size_t i = 0; std::cmp_less(i, digits); ++i)
+        value = value * 10 + static_cast<std::uint64_t>(i < digits_.size() ? digits_[i] - '0' : 0);
+    return value;
+}
+
+std::optional<std::int64_t> Numeric::Signed(std::uint64_t magnitude) const
+{
+    const std::uint64_t limit =
+        static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + (negative_ ? 1 : 0);
+    if (magnitude > limit)
+        return std::nullopt;
+    return static_cast<std::int64_t>(negative_ ? ~magnitude + 1 : magnitude);
+}
+
 std::int64_t Numeric::Scaled(int decimals) const
 {
     if (digits_.empty())
         return 0;
     const std::int64_t places = exponent_ + decimals;  // digits kept before rounding
-    if (places > 19)
-        throw Overflow();
     if (places < 0)
         return 0;
-    const auto kept = static_cast<std::size_t>(places);
-    std::uint64_t value = 0;
-    for (std::size_t i = 0; i < kept; ++i) {
-        const auto digit = static_cast<std::uint64_t>(i < digits_.size() ? digits_[i] - '0' : 0);
-        if (__builtin_mul_overflow(value, std::uint64_t{10}, &value) ||
-            __builtin_add_overflow(value, digit, &value))
-            throw Overflow();
-    }
-    if (kept < digits_.size()) {
-        const bool above =
-            digits_[kept] > '5' ||
-            (digits_[kept] == '5' && digits_.find_first_not_of('0', kept + 1) != std::string::npos);
-        if (above || (digits_[kept] == '5' && value % 2 == 1))
-            ++value;
-    }
-    const std::uint64_t limit =
-        static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + (negative_ ? 1 : 0);
-    if (value > limit)
+    auto value = Leading(places);
+    if (!value)
         throw Overflow();
-    return static_cast<std::int64_t>(negative_ ? ~value + 1 : value);
+    const auto kept = static_cast<std::size_t>(places);
+    if (kept < digits_.size()) {
+        const bool above = digits_[kept] > '5' || (digits_[kept] == '5' && HasMore(kept + 1));
+        if (above || (digits_[kept] == '5' && *value % 2 == 1))
+            ++*value;
+    }
+    const auto scaled = Signed(*value);
+    if (!scaled)
+        throw Overflow();
+    return *scaled;
+}
+
+std::optional<Numeric::Truncated> Numeric::Truncate(int decimals) const
+{
+    if (digits_.empty())
+        return Truncated();
+    const std::int64_t places = std::max<std::int64_t>(exponent_ + decimals, 0);
+    const auto value = Leading(places);
+    const auto whole = value ? Signed(*value) : std::nullopt;
+    if (!whole)
+        return std::nullopt;
+    return Truncated{*whole, !HasMore(static_cast<std::size_t>(places))};
 }
 
 double Numeric::ToDouble() const

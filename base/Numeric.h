@@ -22,6 +22,13 @@ public:
 
     /// The value times 10^decimals, half to even. Throws Overflow() beyond 64 bits.
     [[nodiscard]] std::int64_t Scaled(int decimals) const;
+    struct Truncated {
+        std::int64_t whole = 0;
+        bool exact = true;  ///< nothing but zeros was cut off
+    };
+    /// The value times 10^decimals, cut off towards zero. Returns nothing beyond 64 bits.
+    [[nodiscard]] std::optional<Truncated> Truncate(int decimals) const;
+    /// Throws Overflow() if no double is that large.
     [[nodiscard]] double ToDouble() const;
 
     /// "1234567" becomes "1,234,567"; takes digits only.
@@ -30,6 +37,16 @@ public:
     static std::string Grouped(double number, int decimals);
 
 private:
+    /// The first digits as a number, with zeros after the last one. Nothing beyond 64 bits.
+    [[nodiscard]] std::optional<std::uint64_t> Leading(std::int64_t digits) const;
+    /// Whether there is another digit than 0 from this one on.
+    [[nodiscard]] bool HasMore(std::size_t from) const
+    {
+        return digits_.find_first_not_of('0', from) != std::string::npos;
+    }
+    /// The number with the sign. Nothing beyond 64 bits.
+    [[nodiscard]] std::optional<std::int64_t> Signed(std::uint64_t magnitude) const;
+
     bool negative_ = false;
     std::string digits_;         // significant digits without leading zeros; empty for zero
     std::int64_t exponent_ = 0;  // value = 0.digits * 10^exponent

@@ -4,18 +4,12 @@
 #include <limits>
 
 #include "base/Numeric.h"
+#include "base/Overloaded.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 
 namespace clb {
 namespace {
-
-template <class... Ts>
-struct Overloaded : Ts... {
-    using Ts::operator()...;
-};
-template <class... Ts>
-Overloaded(Ts...) -> Overloaded<Ts...>;
 
 std::int32_t RoundToLong(double number)
 {

@@ -186,40 +186,6 @@ private:
     LexedStatement lexed_;
 };
 
-/// A number's digits without zeros in front and behind, and how many stand before the period.
-struct Decimal {
-    std::string digits;
-    std::int64_t point = 0;
-};
-
-Decimal ReadDecimal(std::string_view text)
-{
-    Decimal decimal;
-    bool fraction = false;
-    std::size_t at = 0;
-    for (; at < text.size() && (IsDigit(text[at]) || text[at] == '.'); ++at) {
-        if (text[at] == '.') {
-            fraction = true;
-            continue;
-        }
-        if (!(decimal.digits.empty() && text[at] == '0'))
-            decimal.digits.push_back(text[at]);
-        if (!decimal.digits.empty() && !fraction)
-            ++decimal.point;
-        if (decimal.digits.empty() && fraction)
-            --decimal.point;
-    }
-    if (at < text.size()) {
-        std::int64_t exponent = 0;
-        for (std::size_t i = at + 1; i < text.size(); ++i)
-            if (IsDigit(text[i]))
-                exponent = std::min<std::int64_t>(100000, exponent * 10 + (text[i] - '0'));
-        decimal.point += text[at + 1] == '-' ? -exponent : exponent;
-    }
-    decimal.digits.erase(decimal.digits.find_last_not_of('0') + 1);
-    return decimal;
-}
-
 bool IsInteger32(std::string_view text)
 {
     std::int32_t value = 0;
@@ -245,32 +211,19 @@ Literal ReadNumber(std::string_view text)
 {
     Literal literal;
     literal.text = text;
-    const Decimal decimal = ReadDecimal(text);
-    const std::int64_t places = decimal.digits.empty() ? 0 : decimal.point + 4;
-    if (places > 19) {
-        literal.tooLarge = true;
-    } else {
-        std::uint64_t value = 0;
-        for (std::int64_t i = 0; i < places; ++i) {
-            const auto digit = static_cast<std::size_t>(i) < decimal.digits.size()
-                                   ? decimal.digits[static_cast<std::size_t>(i)] - '0'
-                                   : 0;
-            value = value * 10 + static_cast<std::uint64_t>(digit);
-        }
-        literal.tooLarge = value > static_cast<std::uint64_t>(INT64_MAX);
-        literal.scaled = literal.tooLarge ? 0 : static_cast<std::int64_t>(value);
-    }
+    const auto number = Numeric::Read(text);
     try {
-        literal.number = ParseDouble(text);
+        literal.number = number.value().ToDouble();
     } catch (const RuntimeError&) {
         throw refuse::Overflow();
     }
-    const bool finer =
-        static_cast<std::int64_t>(decimal.digits.size()) > std::max<std::int64_t>(places, 0);
+    const auto money = number->Truncate(4);
+    literal.tooLarge = !money;
+    literal.scaled = money ? money->whole : 0;
     if (IsInteger32(text))
         literal.kind = LiteralKind::Whole;
     else
-        literal.kind = finer || literal.tooLarge ? LiteralKind::Fine : LiteralKind::Exact;
+        literal.kind = money && money->exact ? LiteralKind::Exact : LiteralKind::Fine;
     return literal;
 }
 
@@ -286,8 +239,7 @@ std::string ShapeOf(const LexedStatement& lexed)
     bool verbatim = false;
     for (std::size_t i = 0; i < lexed.tokens.size(); ++i) {
         const Token& token = lexed.tokens[i];
-        const bool literal = token.kind == TokenKind::Number || token.kind == TokenKind::Text ||
-                             token.kind == TokenKind::Date;
+        const bool literal = IsLiteral(token);
         const bool top = literal && i > 0 && IsWord(lexed.tokens[i - 1], "TOP");
         if (literal) {
             shape.push_back('?');

@@ -52,6 +52,13 @@ LexedStatement Lex(std::string_view sql);
 /// stay in it.
 std::string ShapeOf(const LexedStatement& lexed);
 
+/// Whether the token has a literal.
+inline bool IsLiteral(const Token& token)
+{
+    return token.kind == TokenKind::Number || token.kind == TokenKind::Text ||
+           token.kind == TokenKind::Date;
+}
+
 /// Whether an unquoted name is this word (given in capitals), without regard to case.
 bool IsWord(const Token& token, std::string_view word);
 

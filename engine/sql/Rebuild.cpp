@@ -4,10 +4,12 @@
 
 #include <algorithm>
 
+#include "base/Numeric.h"
 #include "base/Text.h"
 #include "engine/sql/ExpressionWriter.h"
 #include "engine/storage/Convert.h"
 #include "engine/storage/Refusals.h"
+#include "engine/storage/StoredForm.h"
 
 namespace clb {
 namespace {
@@ -191,15 +193,13 @@ private:
 std::string StoredLiteral(const Value& value, const ColumnType& type, std::string_view column)
 {
     const Value stored = ConvertForColumn(value, type, column);
-    if (IsNull(stored))
-        return "NULL";
-    if (const auto* money = std::get_if<Money>(&stored))
-        return std::to_string(money->Scaled());
-    if (const auto* yes = std::get_if<bool>(&stored))
-        return *yes ? "1" : "0";
-    const std::string text = ToText(stored);
-    const bool quoted = type.type == FieldType::Text || type.type == FieldType::Date;
-    return quoted ? QuoteText(text) : text;
+    return WithStoredForm(stored, Overloaded{
+                                      [](Null) { return std::string("NULL"); },
+                                      [](std::int64_t number) { return std::to_string(number); },
+                                      [](double number) { return ToText(number); },
+                                      [](float number) { return ToText(number); },
+                                      [](const std::string& text) { return QuoteText(text); },
+                                  });
 }
 
 std::string ConvertedDefault(const ColumnInfo& column, const ColumnType& type, Database& database)

@@ -16,6 +16,7 @@
 #include "base/Text.h"
 #include "engine/storage/Functions.h"
 #include "engine/storage/Refusals.h"
+#include "engine/storage/StoredForm.h"
 #include "engine/storage/Waiting.h"
 
 namespace clb {
@@ -188,25 +189,18 @@ int Authorize(void*, int action, const char*, const char* second, const char*, c
 /// Returns the storage's code.
 int BindValue(sqlite3_stmt* raw, int parameter, const Value& value)
 {
-    switch (value.index()) {
-        case 0: return sqlite3_bind_null(raw, parameter);
-        case 1: {
-            const auto& text = std::get<std::string>(value);
-            return sqlite3_bind_text64(raw, parameter, text.data(), text.size(), SQLITE_STATIC,
-                                       SQLITE_UTF8);
-        }
-        case 2: return sqlite3_bind_int(raw, parameter, std::get<std::int32_t>(value));
-        case 3: return sqlite3_bind_int64(raw, parameter, std::get<Money>(value).Scaled());
-        case 4: return sqlite3_bind_double(raw, parameter, std::get<double>(value));
-        case 5:
-            return sqlite3_bind_double(raw, parameter, static_cast<double>(std::get<float>(value)));
-        case 6: {
-            const std::string iso = std::get<Date>(value).ToIso();
-            return sqlite3_bind_text64(raw, parameter, iso.data(), iso.size(), SQLITE_TRANSIENT,
-                                       SQLITE_UTF8);
-        }
-        default: return sqlite3_bind_int(raw, parameter, std::get<bool>(value) ? 1 : 0);
-    }
+    const auto text = [&](const std::string& bytes, sqlite3_destructor_type lifetime) {
+        return sqlite3_bind_text64(raw, parameter, bytes.data(), bytes.size(), lifetime,
+                                   SQLITE_UTF8);
+    };
+    return WithStoredForm(
+        value, Overloaded{
+                   [&](Null) { return sqlite3_bind_null(raw, parameter); },
+                   [&](std::int64_t number) { return sqlite3_bind_int64(raw, parameter, number); },
+                   [&](double number) { return sqlite3_bind_double(raw, parameter, number); },
+                   [&](const std::string& kept) { return text(kept, SQLITE_STATIC); },
+                   [&](std::string&& iso) { return text(iso, SQLITE_TRANSIENT); },
+               });
 }
 
 std::string_view ColumnText(sqlite3_stmt* statement, int column)

@@ -17,6 +17,7 @@
 #include "engine/storage/Convert.h"
 #include "engine/storage/Database.h"
 #include "engine/storage/Refusals.h"
+#include "engine/storage/StoredForm.h"
 
 namespace clb {
 namespace {
@@ -173,20 +174,12 @@ Value Argument(const Call& call, FieldType type)
 
 void AnswerValue(Call& call, const Value& value)
 {
-    if (const auto* text = std::get_if<std::string>(&value))
-        call.Answer(std::string_view(*text));
-    else if (const auto* number = std::get_if<std::int32_t>(&value))
-        call.Answer(std::int64_t{*number});
-    else if (const auto* money = std::get_if<Money>(&value))
-        call.Answer(money->Scaled());
-    else if (const auto* real = std::get_if<double>(&value))
-        call.Answer(*real);
-    else if (const auto* single = std::get_if<float>(&value))
-        call.Answer(static_cast<double>(*single));
-    else if (const auto* date = std::get_if<Date>(&value))
-        call.Answer(std::string_view(date->ToIso()));
-    else if (const auto* yes = std::get_if<bool>(&value))
-        call.Answer(std::int64_t{*yes ? 1 : 0});
+    WithStoredForm(value, Overloaded{
+                              [](Null) {},  // an unset answer is null
+                              [&](std::int64_t number) { call.Answer(number); },
+                              [&](double number) { call.Answer(number); },
+                              [&](const std::string& text) { call.Answer(std::string_view(text)); },
+                          });
 }
 
 void ConvertCall(Call& call)
