@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "engine/sql/Writer.h"
+#include "engine/storage/Catalogue.h"
 
 namespace clb {
 namespace {

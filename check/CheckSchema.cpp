@@ -8,7 +8,7 @@
 #include "base/Text.h"
 #include "data/EmptyDatabase.h"
 #include "data/SchemaVersion.h"
-#include "engine/sql/Writer.h"
+#include "engine/storage/Catalogue.h"
 
 namespace clb {
 namespace {
