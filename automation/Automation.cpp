@@ -30,7 +30,7 @@ public:
           shell_(log_),
           printing_(log_),
           pointer_(log_),
-          http_({product::Title,
+          http_({product::kTitle,
                  !options.quoteService.empty(),
                  {},
                  [this](const std::string& url) {

@@ -14,13 +14,13 @@ bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-/// Reads a numeric text from left to right; each member consumes what it names.
+/// Reads a numeric text from left to right. Each member consumes what it names.
 class Scanner {
 public:
     explicit Scanner(std::string_view text) : rest_(text) {}
 
-    bool AtEnd() const { return rest_.empty(); }
-    char Peek() const { return rest_.empty() ? '\0' : rest_.front(); }
+    [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
+    [[nodiscard]] char Peek() const { return rest_.empty() ? '\0' : rest_.front(); }
     bool Take(char c)
     {
         if (Peek() != c || rest_.empty())
@@ -47,7 +47,7 @@ private:
     std::string_view rest_;
 };
 
-/// The digits before the period. False when a comma stands elsewhere than between thousands.
+/// Consumes the digits before the period. Returns false if a comma is not between thousands.
 bool TakeWhole(Scanner& in, std::string& digits)
 {
     const auto first = in.Digits();
@@ -75,7 +75,7 @@ bool TakeExponent(Scanner& in, std::int64_t& exponent)
     const auto digits = in.Digits();
     if (digits.empty())
         return false;
-    // Beyond this every value is out of any range or zero; the bound keeps the sum in 64 bits.
+    // Beyond this every value is zero or out of range. The bound keeps the sum in 64 bits.
     constexpr std::int64_t kBound = 1'000'000'000;
     for (const char c : digits)
         exponent = std::min(kBound, exponent * 10 + (c - '0'));
@@ -84,14 +84,14 @@ bool TakeExponent(Scanner& in, std::int64_t& exponent)
     return true;
 }
 
-/// Signs, currency mark and parenthesis in front, in any order, each at most once.
-struct Front {
+/// Sign, currency mark and parenthesis around the number, in any order, each at most once.
+struct Affixes {
     bool sign = false;
     bool negative = false;
     bool dollar = false;
     bool parenthesis = false;
 
-    void Take(Scanner& in)
+    void TakePrefix(Scanner& in)
     {
         for (;;) {
             in.SkipBlanks();
@@ -108,8 +108,8 @@ struct Front {
             }
         }
     }
-    /// What may stand behind the number; false when a parenthesis stays open.
-    bool TakeBehind(Scanner& in)
+    /// Consumes the suffix after the number. Returns false if a parenthesis is not closed.
+    bool TakeSuffix(Scanner& in)
     {
         bool closed = false;
         for (;;) {
@@ -134,8 +134,8 @@ struct Front {
 std::optional<Numeric> Numeric::Read(std::string_view text)
 {
     Scanner in(text);
-    Front front;
-    front.Take(in);
+    Affixes affixes;
+    affixes.TakePrefix(in);
 
     std::string whole;
     if (!TakeWhole(in, whole))
@@ -146,11 +146,11 @@ std::optional<Numeric> Numeric::Read(std::string_view text)
     if (whole.empty() && fraction.empty())
         return std::nullopt;
     std::int64_t exponent = 0;
-    if (!TakeExponent(in, exponent) || !front.TakeBehind(in) || !in.AtEnd())
+    if (!TakeExponent(in, exponent) || !affixes.TakeSuffix(in) || !in.AtEnd())
         return std::nullopt;
 
     Numeric number;
-    number.negative_ = front.negative || front.parenthesis;
+    number.negative_ = affixes.negative || affixes.parenthesis;
     number.digits_ = whole;
     number.digits_ += fraction;
     number.exponent_ = exponent + static_cast<std::int64_t>(whole.size());

@@ -3,7 +3,7 @@
 
 namespace clb {
 
-/// One function object of several: std::visit(Overloaded{[](int) {...}, [](bool) {...}}, value).
+/// Combines several function objects: std::visit(Overloaded{[](int) {...}, [](bool) {...}}, value).
 template <class... Ts>
 struct Overloaded : Ts... {
     using Ts::operator()...;

@@ -77,7 +77,7 @@ const char* TypeName(FieldType type)
 bool IsEmpty(const Value& value)
 {
     const auto* text = std::get_if<std::string>(&value);
-    return IsNull(value) || (text && text->empty());
+    return IsNull(value) || (text != nullptr && text->empty());
 }
 
 std::string ToText(const Value& value)

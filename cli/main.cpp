@@ -20,7 +20,7 @@ constexpr int wrongUsage = 2;
 int Run(int argc, char** argv)
 {
     CLI::App app(
-        std::string(clb::product::Title) + ", the personal-finance program, on the command line",
+        std::string(clb::product::kTitle) + ", the personal-finance program, on the command line",
         "clb");
     app.require_subcommand(1);
     app.set_version_flag("--version", clb::product::TitleAndVersion());

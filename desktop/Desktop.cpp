@@ -148,7 +148,7 @@ private:
     DateFormPort dates_;
     UserEvents events_{boxes_};
     QtModalHost forms_{events_};
-    CurlHttpClient http_{{product::Title, false, {}, {}, [this] { window_.Work().KeepAlive(); }}};
+    CurlHttpClient http_{{product::kTitle, false, {}, {}, [this] { window_.Work().KeepAlive(); }}};
     frmController controller_;
     MainWindow window_;
     QTimer watch_;

@@ -21,7 +21,7 @@ namespace {
 
 void Say(const std::string& text, std::int32_t style)
 {
-    MessageBoxPort().Show(text, style, product::Title);
+    MessageBoxPort().Show(text, style, product::kTitle);
 }
 
 QPushButton* AddButton(QMessageBox& box, const char* name, const QString& caption,
@@ -89,7 +89,7 @@ std::unique_ptr<QMessageBox> BuildRestoreOffer(const BackupFailure& failure)
 {
     auto box = std::make_unique<QMessageBox>(DialogParent());
     const int size = box->style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
-    box->setWindowTitle(ToQString(product::Title));
+    box->setWindowTitle(ToQString(product::kTitle));
     box->setIconPixmap(
         icons::Message(box_style::Critical).pixmap(QSize(size, size), box->devicePixelRatioF()));
     box->setTextFormat(Qt::PlainText);

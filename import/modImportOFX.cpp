@@ -226,7 +226,7 @@ void modImport::ImportOFX(const std::string& path)
             StoreBalances();
             messages_.Show("Invalid data was found while importing:\n" +
                                WorkingText(reader, error) + "\n" + reader.Text(),
-                           box_style::Exclamation, product::Title);
+                           box_style::Exclamation, product::kTitle);
             return false;
         }
     };

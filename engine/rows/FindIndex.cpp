@@ -7,7 +7,7 @@
 namespace clb {
 namespace {
 
-/// Spreads neighbouring numbers over the whole table.
+/// Distributes neighbouring numbers over the whole table.
 std::uint64_t Mixed(std::uint64_t x)
 {
     x ^= x >> 32;
@@ -106,12 +106,13 @@ std::size_t FindIndex::Find(std::uint64_t hash, std::size_t from,
                             const std::function<bool(std::size_t)>& accept) const
 {
     if (table_.empty())
-        return npos;
+        return kNotFound;
     const Entry& entry = table_[Locate(hash)];
     if (entry.list == kFree)
-        return npos;
+        return kNotFound;
     if (entry.list == kSingle)
-        return entry.slot != kNone && entry.slot >= from && accept(entry.slot) ? entry.slot : npos;
+        return entry.slot != kNone && entry.slot >= from && accept(entry.slot) ? entry.slot
+                                                                               : kNotFound;
     const Slots& slots = lists_[entry.list];
     auto at = from > kNone
                   ? slots.end()
@@ -119,7 +120,7 @@ std::size_t FindIndex::Find(std::uint64_t hash, std::size_t from,
     for (; at != slots.end(); ++at)
         if (accept(*at))
             return *at;
-    return npos;
+    return kNotFound;
 }
 
 }  // namespace clb

@@ -11,7 +11,7 @@ namespace clb {
 
 struct RawSql::State {
     Database own;
-    Connection::State* session = nullptr;  ///< null: the database is our own
+    Connection::State* session = nullptr;  ///< null: this object owns the database
     Database& database;
     Catalogue catalogue;
 

@@ -45,7 +45,7 @@ void Recordset::Close()
 
 bool Recordset::IsOpen() const
 {
-    return state_ && state_->session;
+    return state_ && state_->session != nullptr;
 }
 
 void Recordset::Requery()

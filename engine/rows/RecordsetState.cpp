@@ -8,7 +8,7 @@
 namespace clb {
 namespace {
 
-/// What it reads; null when the row is gone.
+/// Runs the read. Returns null if the row no longer exists.
 template <typename Read>
 const Value* IfThere(const Read& read)
 {
@@ -63,7 +63,7 @@ void Recordset::State::Run()
     Load();
 }
 
-/// None where rows carry no identity to be read again by.
+/// Returns nothing if the rows have no identity by which they could be read again.
 RowStore::Fetch Recordset::State::Fetcher(FieldRange range) const
 {
     if (!plan->carriesRowId)
@@ -74,7 +74,7 @@ RowStore::Fetch Recordset::State::Fetcher(FieldRange range) const
     };
 }
 
-/// Putting many whole rows in order takes longer than reading each by its identity.
+/// Sorting many whole rows takes longer than reading each by its identity.
 bool Recordset::State::LoadIdentities()
 {
     if (plan->identitiesSql.empty())
@@ -144,7 +144,7 @@ void Recordset::State::SaveNew()
     edit = Edit::None;
     live.Append();
     try {
-        // What was set in every field, is what a table without triggers holds.
+        // If every field was set and there are no triggers, the table holds exactly these values.
         if (plan->plain && change.All() && !plan->triggers)
             std::move(change.values.begin(), change.values.end(), rows.AppendFilled(rowId));
         else
@@ -199,9 +199,9 @@ std::size_t Recordset::State::FindEqual(std::size_t from, const Value& sought, s
     Searched& in = SearchedField(field);
     const std::size_t found = in.index.Find(HashOf(sought), from, [&](std::size_t at) {
         const Value* value = live.IsLive(at) ? ValueIfThere(at, in) : nullptr;
-        return value && *value == sought;
+        return value != nullptr && *value == sought;
     });
-    return found == FindIndex::npos ? live.Slots() : found;
+    return found == FindIndex::kNotFound ? live.Slots() : found;
 }
 
 const Value* Recordset::State::ValuesIfThere(std::size_t at)
@@ -243,7 +243,7 @@ void Recordset::State::AddToSearched(std::size_t at)
     } catch (const EngineError&) {
         throw;
     } catch (...) {
-        searched.clear();  // made anew by the next search
+        searched.clear();  // the next search makes them again
         throw;
     }
 }

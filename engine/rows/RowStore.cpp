@@ -78,8 +78,8 @@ Value* RowStore::Place(Block& block, std::size_t slot)
     return block.values.data() + at;
 }
 
-/// A row behind its neighbour, or the first of a block, begins a walk: the block's other rows are
-/// read with it.
+/// A row after its neighbour, or the first of a block, starts a walk: the other rows of the block
+/// are read with it.
 std::size_t RowStore::RowsToLoad(const Block& block, std::size_t slot) const
 {
     const std::size_t first = slot % kBlockRows;
@@ -97,7 +97,7 @@ void RowStore::Load(Block& block, std::size_t slot, std::size_t count)
     Place(block, slot + count - 1);
     const Rows asked = ~Rows() >> (kBlockRows - count) << slot % kBlockRows;
     const Rows before = block.loaded;
-    block.loaded &= ~asked;  // an exception may leave a row half read
+    block.loaded &= ~asked;  // after an exception a row may be half read
     const Rows found = fetch_(std::span(rowIds_).subspan(slot, count), Place(block, slot));
     block.loaded = before | found << slot % kBlockRows;
     if (!found.test(0))

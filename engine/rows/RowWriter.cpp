@@ -9,14 +9,14 @@
 namespace clb {
 namespace {
 
-/// Whether reading from the first row to the last is less work than reading each by itself.
+/// Whether reading all rows from the first to the last is less work than reading each by itself.
 bool IsStretch(std::span<const std::int64_t> rowIds)
 {
     return rowIds.size() > 1 && std::ranges::is_sorted(rowIds, std::less_equal<>()) &&
            rowIds.back() - rowIds.front() < 2 * static_cast<std::int64_t>(rowIds.size());
 }
 
-/// "Trans.Amount in row 17"; the field's name alone where the rows are not one table's.
+/// "Trans.Amount in row 17", or only the field's name if the rows are not from one table.
 std::string PlaceOf(const Plan& plan, std::size_t field, std::int64_t rowId)
 {
     if (!plan.carriesRowId || plan.columns[field].name.empty())

@@ -25,7 +25,7 @@ std::string_view StorageName(Function function)
     }
 }
 
-/// Where the date's part stands in its ISO form.
+/// Where the part of a date is in its ISO form.
 std::string_view DatePart(Function function)
 {
     switch (function) {
@@ -35,7 +35,7 @@ std::string_view DatePart(Function function)
     }
 }
 
-/// What stands for null where nothing else is said.
+/// What Nz gives for null if it has no second argument.
 std::string_view EmptyValue(FieldType type)
 {
     switch (type) {
@@ -74,7 +74,7 @@ void CallWriter::WriteAggregate(const Expression& e)
         out_.WriteExact(operand);
     else
         out_.Write(operand);
-    // Single numbers may be stored as whole ones; their sum is a double all the same.
+    // Single numbers may be stored as whole ones, but their sum is a double.
     if (sums && operand.type == FieldType::Single)
         out_.Text(" * 1.0");
     out_.Text(")");

@@ -6,7 +6,7 @@ namespace clb {
 
 class ExpressionWriter;
 
-/// Writes calls of functions for an ExpressionWriter, which it borrows.
+/// Writes calls of functions into an ExpressionWriter, which it borrows.
 class CallWriter {
 public:
     explicit CallWriter(ExpressionWriter& out) : out_(out) {}

@@ -32,12 +32,12 @@ Operator Mirrored(Operator operation)
     }
 }
 
-bool IsFineBeside(const Expression& literal, const Expression& other)
+bool IsFineBeside(const Expression& literal, const Expression& amount)
 {
-    return IsKind(literal, LiteralKind::Fine) && other.type == FieldType::Money;
+    return IsKind(literal, LiteralKind::Fine) && amount.type == FieldType::Money;
 }
 
-/// The type in which IN compares all its values; nothing when they differ.
+/// Returns the type in which IN compares all its values, or nothing if they need different types.
 std::optional<FieldType> OneTypeOf(const Expression& in)
 {
     const Expression& value = *in.operands[0];
@@ -77,8 +77,8 @@ void ComparisonWriter::WritePair(Operator operation, const Expression& a, const 
     out_.Text(")");
 }
 
-/// No amount equals a literal finer than its decimals; an amount is below it exactly when it is not
-/// above the next smaller amount.
+/// The literal has more decimals than an amount, so no amount equals it. An amount is less than the
+/// literal exactly if it is not greater than the next smaller amount.
 void ComparisonWriter::WriteFine(Operator operation, const Expression& money,
                                  const Expression& literal)
 {

@@ -6,7 +6,7 @@ namespace clb {
 
 class ExpressionWriter;
 
-/// Writes comparisons for an ExpressionWriter, which it borrows.
+/// Writes comparisons into an ExpressionWriter, which it borrows.
 class ComparisonWriter {
 public:
     explicit ComparisonWriter(ExpressionWriter& out) : out_(out) {}

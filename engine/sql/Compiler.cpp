@@ -32,7 +32,7 @@ public:
         ExpressionWriter writer;
         writer.Text("INSERT INTO ").Name(table.name).Text(" (");
         for (std::size_t i = 0; i < columns.size(); ++i)
-            writer.Text(i ? ", " : "").Name(columns[i]->name);
+            writer.Text(i > 0 ? ", " : "").Name(columns[i]->name);
         writer.Text(") ");
         const bool numbered = table.HasCounter() && std::ranges::none_of(columns, IsCounter);
         if (insert.select)
@@ -58,7 +58,7 @@ public:
                 throw refuse::FieldNotUpdatable(column.name);
             checker.Check(*assignment.value, false);
             RequireStorable(*assignment.value, column);
-            writer.Text(i ? ", " : "").Name(column.name).Text(" = ");
+            writer.Text(i > 0 ? ", " : "").Name(column.name).Text(" = ");
             writer.WriteForColumn(*assignment.value, column);
         }
         WriteWhere(writer, checker, update.where.get());
@@ -121,7 +121,7 @@ private:
         writer.Text("VALUES (");
         for (std::size_t i = 0; i < columns.size(); ++i) {
             checker.Check(*insert.values[i], false);
-            writer.Text(i ? ", " : "").WriteForColumn(*insert.values[i], *columns[i]);
+            writer.Text(i > 0 ? ", " : "").WriteForColumn(*insert.values[i], *columns[i]);
         }
         writer.Text(")");
     }

@@ -14,7 +14,7 @@ namespace {
 /// One field of the result.
 struct Output {
     const Expression* expression = nullptr;
-    ExpressionPtr owned;  ///< of a column that "*" stands for
+    ExpressionPtr owned;  ///< set for a column that "*" includes
     std::string name;
     bool alias = false;
 };
@@ -66,7 +66,7 @@ public:
         CheckGrouping();
     }
 
-    const std::vector<Output>& Outputs() const { return outputs_; }
+    [[nodiscard]] const std::vector<Output>& Outputs() const { return outputs_; }
 
     void WriteTo(ExpressionWriter& writer, const std::vector<const ColumnInfo*>* columns)
     {
@@ -142,8 +142,8 @@ private:
             }
     }
 
-    /// A column keeps its name, with its table's where two tables have it; an expression without an
-    /// alias is numbered.
+    /// A column keeps its name, qualified if two tables have it. An expression without an alias
+    /// gets a number.
     void NameOutputs()
     {
         int unnamed = 1000;
@@ -164,7 +164,7 @@ private:
                 throw refuse::Statement("Duplicate output alias '" + output.name + "'.");
     }
 
-    std::string ColumnOutputName(const Expression& column) const
+    [[nodiscard]] std::string ColumnOutputName(const Expression& column) const
     {
         const bool shared = std::any_of(outputs_.begin(), outputs_.end(), [&](const Output& other) {
             const Expression& e = *other.expression;
@@ -195,7 +195,7 @@ private:
         checker_.Check(key, true);
     }
 
-    bool IsColumn(const std::string& name) const
+    [[nodiscard]] bool IsColumn(const std::string& name) const
     {
         return std::any_of(checker_.Sources().begin(), checker_.Sources().end(),
                            [&](const Source& source) { return source.table->Find(name); });
@@ -229,7 +229,7 @@ private:
             RequireGrouped(*select_.having, select_.groupBy);
     }
 
-    bool CarriesRowId() const
+    [[nodiscard]] bool CarriesRowId() const
     {
         return checker_.Sources().size() == 1 && !grouped_ && !select_.distinct;
     }
@@ -237,7 +237,7 @@ private:
     void WriteItems(ExpressionWriter& writer, const std::vector<const ColumnInfo*>* columns)
     {
         for (std::size_t i = 0; i < outputs_.size(); ++i) {
-            writer.Text(i ? ", " : "");
+            writer.Text(i > 0 ? ", " : "");
             if (columns)
                 writer.WriteForColumn(*outputs_[i].expression, *(*columns)[i]);
             else
@@ -277,7 +277,7 @@ private:
         WriteNested(writer, *from.right);
         if (from.right->left) {
             writer.Text(")");
-            visible_.resize(before);  // a row's identity is not seen through brackets
+            visible_.resize(before);  // the identities of rows are not visible outside a subquery
         }
         if (from.on)
             writer.Text(" ON ").WriteCondition(*from.on);
@@ -291,7 +291,7 @@ private:
         if (select_.where)
             conditions.push_back(select_.where.get());
         for (std::size_t i = 0; i < conditions.size(); ++i)
-            writer.Text(i ? " AND " : " WHERE ").WriteCondition(*conditions[i]);
+            writer.Text(i > 0 ? " AND " : " WHERE ").WriteCondition(*conditions[i]);
     }
 
     static void CollectConditions(const TableExpression& from,
@@ -308,12 +308,12 @@ private:
     void WriteGroups(ExpressionWriter& writer)
     {
         for (std::size_t i = 0; i < select_.groupBy.size(); ++i)
-            writer.Text(i ? ", " : " GROUP BY ").Write(*select_.groupBy[i]);
+            writer.Text(i > 0 ? ", " : " GROUP BY ").Write(*select_.groupBy[i]);
         if (select_.having)
             writer.Text(" HAVING ").WriteCondition(*select_.having);
     }
 
-    /// Rows that are equal in all keys come in order of insertion, of the last table first.
+    /// Rows with equal keys come in the order of insertion, that of the last table first.
     void WriteOrder(ExpressionWriter& writer, bool flat)
     {
         std::string_view divider = " ORDER BY ";
@@ -368,7 +368,7 @@ private:
             DescribeIdentities(table.name, plan);
     }
 
-    /// Only the condition has parameters in these statements.
+    /// In these queries only the condition has parameters.
     void DescribeIdentities(const std::string& table, Plan& plan)
     {
         ExpressionWriter identities;
@@ -380,8 +380,8 @@ private:
     SelectStatement& select_;
     Checker checker_;
     std::vector<Output> outputs_;
-    std::vector<const Expression*> order_;  // per item of ORDER BY
-    std::vector<std::size_t> visible_;      // tables whose row identity can be named
+    std::vector<const Expression*> order_;  // one per item of ORDER BY
+    std::vector<std::size_t> visible_;      // tables whose row identities can be selected
     bool grouped_ = false;
 };
 
@@ -413,7 +413,7 @@ void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectStateme
 
 void RequireStorable(const Expression& value, const ColumnInfo& column)
 {
-    // A text is converted when it runs, and so is NULL.
+    // A text is converted when the query runs, and so is NULL.
     if (value.type == FieldType::Text || column.type.type == FieldType::Text)
         return;
     if ((value.type == FieldType::Date) != (column.type.type == FieldType::Date))

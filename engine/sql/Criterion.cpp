@@ -22,7 +22,7 @@ int CompareMoney(Money money, const Literal& literal, bool negated)
     const std::int64_t scaled = negated ? -literal.scaled : literal.scaled;
     if (money.Scaled() != scaled || literal.kind != LiteralKind::Fine)
         return money.Scaled() < scaled ? -1 : money.Scaled() > scaled ? 1 : 0;
-    return negated ? 1 : -1;  // what was cut off lies beyond
+    return negated ? 1 : -1;  // the part that was cut off makes the literal larger
 }
 
 bool TakeField(TokenReader& in, Criterion& criterion)

@@ -21,6 +21,19 @@ std::string_view SymbolOf(Operator operation)
     }
 }
 
+bool IsReal(FieldType type)
+{
+    return type == FieldType::Double || type == FieldType::Single;
+}
+
+/// Whether the storage can use the value as one of the type. Whole numbers compare with binary
+/// fractions by value.
+bool NeedsNoConversion(const Expression& e, FieldType type)
+{
+    return e.kind == ExpressionKind::NullValue || e.type == type ||
+           (IsReal(type) && (e.type == FieldType::Long || IsReal(e.type)));
+}
+
 }  // namespace
 
 ExpressionWriter& ExpressionWriter::Text(std::string_view text)
@@ -60,7 +73,7 @@ void ExpressionWriter::Write(const Expression& e)
     }
 }
 
-/// Calculations check what they make themselves; only a column's cell may hold anything.
+/// Calculations check their own results. Only the cell of a column may hold anything.
 void ExpressionWriter::WriteExact(const Expression& e)
 {
     const bool column = e.kind == ExpressionKind::Column;
@@ -81,12 +94,12 @@ void ExpressionWriter::WriteNegated(const Expression& e)
 
 void ExpressionWriter::WriteAs(const Expression& e, FieldType type)
 {
-    const bool real = type == FieldType::Double || type == FieldType::Single;
+    const bool real = IsReal(type);
     if (e.kind == ExpressionKind::Literal) {
         WriteLiteral(e, {type, 0, false});
     } else if (e.kind == ExpressionKind::Truth) {
         WriteTruth(e, type);
-    } else if (e.kind == ExpressionKind::NullValue || e.type == type) {
+    } else if (NeedsNoConversion(e, type)) {
         Write(e);
     } else if (type == FieldType::Money && e.type == FieldType::Double && IsExactConstant(e)) {
         WriteConstantAsMoney(e);
@@ -102,8 +115,6 @@ void ExpressionWriter::WriteAs(const Expression& e, FieldType type)
         Text("(");
         WriteExact(e);
         Text(" / 10000.0)");
-    } else if (IsNumber(e.type) && e.type != FieldType::Boolean && real) {
-        Write(e);  // whole and single numbers meet double ones by value
     } else {
         WriteConversion(e, {type, 0, false}, {});
     }
@@ -192,7 +203,7 @@ void ExpressionWriter::WriteOrder(const Expression& e, bool descending)
         Text(" COLLATE clb_alpha").Text(direction).Text(", ");
     }
     Write(e);
-    // A boolean yes is -1 to the dialect, so it stands before no.
+    // In the dialect True is -1, so it sorts before False.
     const bool mirrored = e.type == FieldType::Boolean;
     Text(mirrored ? (descending ? "" : " DESC") : direction);
 }

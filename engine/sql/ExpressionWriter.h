@@ -1,3 +1,4 @@
+// Translates expressions into the storage's SQL.
 #pragma once
 #include <string>
 #include <string_view>
@@ -9,8 +10,8 @@
 
 namespace clb {
 
-/// Writes checked expressions in the storage's SQL; literals become numbered parameters. Table
-/// number n of the statement is called tn.
+/// Writes checked expressions in the storage's SQL. Literals become numbered parameters. Table
+/// number n of the query is named tn.
 class ExpressionWriter {
 public:
     [[nodiscard]] const std::string& Sql() const { return sql_; }
@@ -20,22 +21,22 @@ public:
     ExpressionWriter& Text(std::string_view text);
     ExpressionWriter& Name(std::string_view name);
 
-    /// The value in its own type.
+    /// Writes the value in its own type.
     void Write(const Expression& e);
-    /// The value as another type takes it.
+    /// Writes the value converted to another type.
     void WriteAs(const Expression& e, FieldType type);
-    /// As a value for a column; what does not fit is an error when it runs.
+    /// Writes a value for a column. A value that does not fit is an error when the query runs.
     void WriteForColumn(const Expression& e, const ColumnInfo& column);
-    /// The value as a truth value: a number is true unless it is 0.
+    /// Writes the value as a condition: a number is true unless it is 0.
     void WriteCondition(const Expression& e);
-    /// One key of ORDER BY: two for a text.
+    /// Writes one key of ORDER BY. A text becomes two keys.
     void WriteOrder(const Expression& e, bool descending);
-    /// The value; if it is a column's, one that is not stored as a whole number is an error when
-    /// it runs.
+    /// Writes the value. A column's value that is not stored as a whole number is an error when the
+    /// query runs.
     void WriteExact(const Expression& e);
-    /// The largest amount that is not above the literal.
+    /// Writes the largest amount that is not greater than the literal.
     void WriteCutToMoney(const Expression& literal);
-    /// A function of two values, each in the type given after it.
+    /// Writes a function of two values, each converted to the type after it.
     void WriteFunction(std::string_view name, const Expression& a, FieldType typeA,
                        const Expression& b, FieldType typeB);
 

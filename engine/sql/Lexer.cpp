@@ -25,7 +25,7 @@ constexpr bool IsNameStart(char c)
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-/// Most of a statement is names: one look tells whether a character goes on in one.
+/// Most of a query is names, so the characters of names are looked up in a table.
 constexpr auto kInName = [] {
     std::array<bool, 256> inName{};
     for (std::size_t c = 0; c < inName.size(); ++c)
@@ -53,7 +53,7 @@ public:
     }
 
 private:
-    char Peek(std::size_t ahead = 0) const
+    [[nodiscard]] char Peek(std::size_t ahead = 0) const
     {
         return at_ + ahead < sql_.size() ? sql_[at_ + ahead] : '\0';
     }
@@ -75,8 +75,8 @@ private:
             TakeSymbol();
     }
 
-    /// "Table.5" is no number behind a name.
-    bool AfterName() const
+    /// In "Table.5" the ".5" after a name is not a number.
+    [[nodiscard]] bool AfterName() const
     {
         return !lexed_.tokens.empty() && (lexed_.tokens.back().kind == TokenKind::Name ||
                                           lexed_.tokens.back().kind == TokenKind::QuotedName);

@@ -1,3 +1,4 @@
+// How literals become parameters.
 #pragma once
 #include <cstddef>
 #include <string>
@@ -8,16 +9,16 @@
 
 namespace clb {
 
-/// How one literal of the statement reaches the storage.
+/// How one literal of a query is passed to the storage.
 struct Parameter {
     std::size_t literal = 0;
     bool negated = false;
-    bool cutToMoney = false;  ///< the largest amount that is not above the literal
-    ColumnType type;          ///< to which it is converted otherwise
-    std::string column;       ///< named when the value does not fit it
+    bool cutToMoney = false;  ///< pass the largest amount that is not greater than the literal
+    ColumnType type;          ///< the type to which it is converted otherwise
+    std::string column;       ///< for the message if the value does not fit
 };
 
-/// The value to bind. Throws EngineError when the literal does not fit.
+/// Returns the value to bind. Throws EngineError if the literal does not fit.
 Value ParameterValue(const Parameter& parameter, const Literal& literal);
 
 }  // namespace clb

@@ -1,12 +1,12 @@
-// The parsers of the parts of an SQL text.
+// The parsers of the parts of a query.
 #pragma once
 #include "engine/sql/Ast.h"
 #include "engine/sql/TokenReader.h"
 
 namespace clb {
 
-/// Expressions: OR, AND, NOT, comparison, "&", plus and minus, times and divided by, sign, operand;
-/// each binds closer than the one before.
+/// Parses an expression. From the loosest to the tightest binding: OR, AND, NOT, comparison, "&",
+/// plus and minus, times and divided by, sign, operand.
 ExpressionPtr ParseExpression(TokenReader& in);
 
 SelectStatement ParseSelect(TokenReader& in);

@@ -6,7 +6,7 @@
 namespace clb {
 namespace {
 
-/// A column's name; a whole number is one too.
+/// Takes a column's name, which may be a whole number.
 std::string ExpectColumnName(TokenReader& in)
 {
     const Token& token = in.Peek();

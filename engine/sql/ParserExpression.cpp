@@ -8,7 +8,7 @@
 namespace clb {
 namespace {
 
-/// Deeper expressions are refused, so that no statement can exhaust the stack.
+/// Deeper expressions are rejected, so that no query can exhaust the stack.
 constexpr int kDeepest = 400;
 
 ExpressionPtr Make(ExpressionKind kind)
@@ -72,7 +72,7 @@ public:
     }
 
 private:
-    /// Counts how deep the parser calls itself.
+    /// Counts how deeply the parser has called itself.
     class Nesting {
     public:
         explicit Nesting(ExpressionParser& parser) : parser_(parser)
@@ -119,7 +119,7 @@ private:
         }
     }
 
-    bool AtPredicate() const
+    [[nodiscard]] bool AtPredicate() const
     {
         const Token& token = in_.Peek(in_.AtWord("NOT") ? 1 : 0);
         return in_.AtWord("IS") || IsWord(token, "IN") || IsWord(token, "LIKE") ||
@@ -224,8 +224,8 @@ private:
         return TakeWordValue();
     }
 
-    /// LEFT and RIGHT are words of the language and functions.
-    bool AtCall() const
+    /// LEFT and RIGHT are reserved words and functions.
+    [[nodiscard]] bool AtCall() const
     {
         const bool name = in_.AtName() || in_.AtWord("LEFT") || in_.AtWord("RIGHT");
         return name && in_.Peek().kind == TokenKind::Name && in_.AtSymbol("(", 1);

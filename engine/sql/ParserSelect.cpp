@@ -5,7 +5,7 @@
 namespace clb {
 namespace {
 
-/// FROM may nest brackets this deep.
+/// How deeply FROM may nest parentheses.
 constexpr int kDeepestJoin = 32;
 
 std::unique_ptr<TableExpression> ParseJoins(TokenReader& in, std::size_t& sources, int depth);
@@ -49,7 +49,7 @@ std::unique_ptr<TableExpression> ParseJoins(TokenReader& in, std::size_t& source
     return left;
 }
 
-/// Tables divided by commas are joined without a condition.
+/// Tables separated by commas are joined without a condition.
 std::unique_ptr<TableExpression> ParseFrom(TokenReader& in)
 {
     std::size_t sources = 0;

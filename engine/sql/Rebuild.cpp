@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view kNewTable = "clb_rebuilt";
 
-/// While it lives, renaming a table leaves what other tables' triggers say about it alone.
+/// While this object lives, renaming a table does not change other tables' triggers.
 class PlainRenaming {
 public:
     explicit PlainRenaming(Database& database) : raw_(database.Raw())
@@ -55,12 +55,12 @@ public:
     }
 
 private:
-    const ColumnInfo& Wanted(const ColumnInfo& column) const
+    [[nodiscard]] const ColumnInfo& Wanted(const ColumnInfo& column) const
     {
         return column.name == changed_.name ? changed_ : column;
     }
 
-    /// A rebuilt table has what the catalogue knows; other clauses would be lost.
+    /// A rebuilt table has only what the catalogue knows. Other clauses would be lost.
     void RequireKnownClauses()
     {
         Statement find =
@@ -75,7 +75,7 @@ private:
                                         " clause; its columns keep their types.");
     }
 
-    std::string Columns() const
+    [[nodiscard]] std::string Columns() const
     {
         std::string text;
         for (const ColumnInfo& old : table_.columns) {
@@ -92,8 +92,8 @@ private:
         return text;
     }
 
-    /// Keys that the storage made indices for by itself: PRIMARY KEY and UNIQUE.
-    std::string Keys() const
+    /// The keys for which the storage itself made indices: PRIMARY KEY and UNIQUE.
+    [[nodiscard]] std::string Keys() const
     {
         std::string text;
         Statement keys = database_.Prepare(
@@ -105,7 +105,7 @@ private:
         return text;
     }
 
-    std::string IndexColumns(const std::string& index) const
+    [[nodiscard]] std::string IndexColumns(const std::string& index) const
     {
         std::string text;
         Statement columns =
@@ -116,7 +116,7 @@ private:
         return text;
     }
 
-    std::vector<std::string> DependentSchema() const
+    [[nodiscard]] std::vector<std::string> DependentSchema() const
     {
         std::vector<std::string> found;
         Statement find = database_.Prepare(
@@ -128,7 +128,7 @@ private:
         return found;
     }
 
-    bool HasCounterState() const
+    [[nodiscard]] bool HasCounterState() const
     {
         Statement find = database_.Prepare(
             "SELECT instr(upper(sql), 'AUTOINCREMENT') FROM sqlite_master "
@@ -137,7 +137,7 @@ private:
         return database_.Step(find) && find.Integer(0) != 0;
     }
 
-    std::optional<std::int64_t> CounterState() const
+    [[nodiscard]] std::optional<std::int64_t> CounterState() const
     {
         if (!HasCounterState())
             return std::nullopt;
@@ -173,9 +173,9 @@ private:
         database_.Run(writer.Sql());
     }
 
-    std::string CopiedValue(const ColumnInfo& column) const
+    [[nodiscard]] std::string CopiedValue(const ColumnInfo& column) const
     {
-        const std::string name = QuoteName(column.name);
+        std::string name = QuoteName(column.name);
         if (column.name != changed_.name)
             return name;
         return "clb_convert(" + name + ", " + std::to_string(static_cast<int>(column.type.type)) +

@@ -154,8 +154,8 @@ void ApplyDdl(const DdlStatement& ddl, Catalogue& catalogue, Database& database)
         std::visit(SchemaChange(catalogue, database), ddl);
         database.Run("RELEASE clb_schema");
     } catch (const RuntimeError&) {
-        // After a failure of the disk the storage may have undone everything by itself. After any
-        // other exception the whole command is taken back.
+        // After a disk error the storage may already have rolled back. After any other exception
+        // the whole command is rolled back.
         if (database.InTransaction())
             database.Run("ROLLBACK TO clb_schema; RELEASE clb_schema");
         throw;

@@ -6,7 +6,7 @@
 namespace clb {
 namespace {
 
-/// Words that name nothing unless they stand in brackets.
+/// Words that are names only in brackets.
 constexpr std::array<std::string_view, 44> kReserved = {
     "ADD",    "ALL",    "ALTER", "AND",      "AS",     "ASC",    "BETWEEN", "BY",    "COLUMN",
     "CREATE", "DELETE", "DESC",  "DISTINCT", "DROP",   "FALSE",  "FROM",    "GROUP", "HAVING",

@@ -18,8 +18,7 @@ struct OperatorSymbol {
     Operator operation;
 };
 
-/// Moves along the tokens. The parsers of the parts of an SQL text share one; the parser of search
-/// criteria has its own.
+/// Moves along the tokens. The parsers of the parts of a query share one reader.
 class TokenReader {
 public:
     explicit TokenReader(const LexedStatement& lexed) : lexed_(&lexed) {}
@@ -31,22 +30,22 @@ public:
         return lexed_->literals[token.literal];
     }
 
-    /// Without regard to case; words are given in capitals.
+    /// Words match in any case. They are given in capitals.
     [[nodiscard]] bool AtWord(std::string_view word) const { return IsWord(Peek(), word); }
     [[nodiscard]] bool AtSymbol(std::string_view symbol, std::size_t ahead = 0) const;
     bool TakeWord(std::string_view word);
     bool TakeSymbol(std::string_view symbol);
     void ExpectWord(std::string_view word);
     void ExpectSymbol(std::string_view symbol);
-    /// A name, in brackets or not a word of the language.
+    /// Whether a name follows: in brackets, or not a reserved word.
     [[nodiscard]] bool AtName(std::size_t ahead = 0) const;
     std::string ExpectName();
-    /// "=", "<>", "<", "<=", ">" or ">="; nothing, and nothing taken, for anything else.
+    /// Takes "=", "<>", "<", "<=", ">" or ">=". Otherwise takes and returns nothing.
     std::optional<Operator> TakeComparison();
     std::optional<Operator> TakeOneOf(std::span<const OperatorSymbol> symbols);
-    /// TRUE, YES, FALSE or NO; nothing, and nothing taken, for anything else.
+    /// Takes TRUE, YES, FALSE or NO. Otherwise takes and returns nothing.
     std::optional<bool> TakeTruth();
-    /// A whole number from 0.
+    /// Takes a whole number that is not negative.
     std::int32_t ExpectCount();
     [[noreturn]] void Fail() const { throw refuse::Syntax(Peek().text); }
 

@@ -32,7 +32,8 @@ constexpr TypeWord kTypeWords[] = {
     {"MEMO", FieldType::Text},       {"LONGTEXT", FieldType::Text},
 };
 
-/// The type of a stored declaration such as "TEXT(50)"; a text for one that is not the dialect's.
+/// Returns the type of a stored declaration such as "TEXT(50)". A type that the dialect does not
+/// know counts as Text.
 ColumnType TypeOfDeclaration(std::string_view declared)
 {
     const std::size_t bracket = declared.find('(');
@@ -113,7 +114,7 @@ const TableInfo* Catalogue::Find(std::string_view name)
 
 std::unique_ptr<TableInfo> Catalogue::Load(std::string_view name)
 {
-    // A table that a module of the storage makes up has no page of its own.
+    // A virtual table has no page of its own.
     Statement find = database_->Prepare(
         "SELECT m.name, EXISTS(SELECT 1 FROM sqlite_master t WHERE t.type = 'trigger' AND "
         "t.tbl_name = m.name COLLATE NOCASE) FROM sqlite_master m WHERE m.type = 'table' AND "
@@ -135,7 +136,7 @@ std::unique_ptr<TableInfo> Catalogue::Load(std::string_view name)
         column.notNull = columns.Integer(2) != 0;
         column.defaultSql = columns.Text(3);
         column.keyPosition = static_cast<int>(columns.Integer(4));
-        // The storage numbers a column by itself when it is declared just so.
+        // The storage numbers a column by itself only if it is declared exactly like this.
         column.type.counter =
             column.keyPosition == 1 && EqualsIgnoringCase(columns.Text(1), "INTEGER");
         table->columns.push_back(std::move(column));

@@ -13,11 +13,11 @@ namespace {
 bool IsKey(std::string_view text)
 {
     return !Trim(text).empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
-        return std::isalnum(c) || c == ' ' || c == ':' || c == '_';
+        return std::isalnum(c) != 0 || c == ' ' || c == ':' || c == '_';
     });
 }
 
-/// The setting from here up to the ";" before the next one.
+/// The setting from here to the ";" before the next setting.
 std::string_view TakeSetting(std::string_view& rest)
 {
     for (std::size_t at = rest.find(';'); at != std::string_view::npos;

@@ -24,8 +24,8 @@ namespace {
 
 constexpr const char* kNoDatabase = "is damaged or is no database.";
 
-/// What follows the last colon and blank: "NOT NULL constraint failed: Account.Type" names the
-/// field.
+/// Returns the text after the last colon and space. "NOT NULL constraint failed: Account.Type" ends
+/// with the field.
 std::string Subject(const std::string& message)
 {
     const std::size_t colon = message.rfind(": ");
@@ -52,7 +52,7 @@ EngineError JournalError(const std::string& path)
                         FileTrouble::Unreadable);
 }
 
-/// What the system call that failed says itself; nothing where it leaves that open.
+/// The reason of the failed system call, or nothing if errno does not tell it.
 std::optional<EngineError> SystemErrorOf(int system, const std::string& path)
 {
     switch (system) {
@@ -88,7 +88,7 @@ EngineError ReadOnlyErrorOf(int extended, const std::string& path)
     }
 }
 
-/// The file is open, so it is the journal beside it that cannot be opened.
+/// The file itself is open, so the journal next to it is what cannot be opened.
 EngineError JournalErrorOf(int system, const std::string& path)
 {
     if (system == ENOENT)
@@ -96,7 +96,7 @@ EngineError JournalErrorOf(int system, const std::string& path)
     return SystemErrorOf(system, path).value_or(JournalError(path));
 }
 
-/// system: errno of the system call that failed, where one did.
+/// system: errno of the failed system call, or 0.
 EngineError FileErrorOf(int extended, int system, const std::string& path)
 {
     switch (extended & 0xFF) {
@@ -136,7 +136,7 @@ EngineError ErrorOf(int code, int extended, const std::string& message)
     return refuse::Statement(message);
 }
 
-/// Whether an error of this kind is about the file, not about the statement.
+/// Whether an error of this kind is about the file and not about the query.
 bool IsAboutFile(int code)
 {
     switch (code) {
@@ -158,7 +158,7 @@ bool IsOutOfMemory(int code)
     return (code & 0xFF) == SQLITE_NOMEM || code == SQLITE_IOERR_NOMEM;
 }
 
-/// Throws when a value could not be bound: the statement would run with null in its place.
+/// Throws if a value could not be bound. Otherwise the query would run with null in its place.
 void RequireBound(int code)
 {
     if (code == SQLITE_OK)
@@ -168,7 +168,8 @@ void RequireBound(int code)
     throw code == SQLITE_TOOBIG ? TooBig() : refuse::Statement(sqlite3_errstr(code));
 }
 
-/// Asked about everything that a statement is going to do, the triggers of the file included.
+/// The storage calls this for everything that a query is going to do, including the triggers of the
+/// file.
 int Authorize(void*, int action, const char*, const char* second, const char*, const char*)
 {
     switch (action) {
@@ -186,7 +187,7 @@ int Authorize(void*, int action, const char*, const char* second, const char*, c
     }
 }
 
-/// Returns the storage's code.
+/// Returns the result code of the storage.
 int BindValue(sqlite3_stmt* raw, int parameter, const Value& value)
 {
     const auto text = [&](const std::string& bytes, sqlite3_destructor_type lifetime) {
@@ -263,7 +264,7 @@ Value Statement::Get(int column, FieldType type) const
         throw refuse::WrongCell(Describe(column), type);
     }
     const bool real = type == FieldType::Double || type == FieldType::Single;
-    // The storage would make some number of anything.
+    // The storage would convert anything to some number.
     if (stored != SQLITE_INTEGER && !(real && stored == SQLITE_FLOAT))
         throw refuse::WrongCell(Describe(column), type);
     switch (type) {
@@ -328,7 +329,7 @@ void Database::Close()
 {
     if (raw_ && InTransaction())
         sqlite3_exec(raw_, "ROLLBACK", nullptr, nullptr, nullptr);
-    // Statements that outlive the database keep it half alive; the last one ends it.
+    // Queries that outlive the database keep the handle alive. The last one frees it.
     sqlite3_close_v2(raw_);
     raw_ = nullptr;
 }
@@ -438,7 +439,7 @@ void Database::Distrust()
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
-    // A name that is no column is an error, never a text.
+    // A name that is not a column is an error. It is never read as a text.
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_limit(raw_, SQLITE_LIMIT_ATTACHED, 0);
@@ -448,8 +449,8 @@ void Database::Distrust()
 void Database::Configure()
 {
     RegisterFunctions(*this);
-    // EXTRA: removing the journal is what saves, so the folder is brought to the disk after it.
-    // With FULL a power loss soon after could bring the journal back, and with it the state before.
+    // EXTRA: removing the journal is what commits, so the folder is synchronised after it. With
+    // FULL, a power loss soon after could bring back the journal and with it the old state.
     Run("PRAGMA synchronous = EXTRA; PRAGMA cache_size = -16384; PRAGMA mmap_size = 0");
     Run("PRAGMA cell_size_check = ON");
     Run("PRAGMA journal_mode = DELETE");
@@ -497,7 +498,7 @@ void Database::Run(const std::string& script)
 
 void Database::Throw(int code, const char* message)
 {
-    // Some of the storage's calls give a general code for it.
+    // Some calls of the storage return a general code for this.
     if (IsOutOfMemory(code) || IsOutOfMemory(sqlite3_errcode(raw_))) {
         failure_.reset();
         troubleIsMemory_ = true;
@@ -544,6 +545,8 @@ bool Database::InTransaction() const
 
 void Database::RollBack(Statement& rollback) noexcept
 {
+    if (!InTransaction())
+        return;
     sqlite3_step(rollback.Raw());
     rollback.Reset();
 }

@@ -25,7 +25,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A new file for the user alone, which goes again unless it is kept.
+/// A new file that only the user can read. Removed on destruction unless it is kept.
 class Unfinished {
 public:
     explicit Unfinished(const std::string& path) : path_(path)
@@ -67,8 +67,8 @@ void CopyPages(Database& source, Database& target)
     (writing ? target : source).Refuse(code);
 }
 
-/// Copies what the connection sees. The copy is flushed only when the source is free again, so that
-/// a program that waits to write need not wait for the disk.
+/// Copies what the connection sees. The copy is synchronised only after the source is unlocked, so
+/// that a program that waits to write does not wait for the disk.
 void CopyTo(Database& source, const std::string& to)
 {
     Unfinished file(to);
@@ -95,14 +95,14 @@ std::string JournalOf(const std::string& path)
     return path + "-journal";
 }
 
-/// Whether another program has the file open, where the system can tell.
+/// Whether another program has the file open, as far as the system can tell.
 bool IsOpenElsewhere(const std::string& path)
 {
     const int file = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
     if (file < 0)
         return false;
-    // A lease on the whole file is given only while nobody else has it open. Who opens it meanwhile
-    // makes the system send this signal.
+    // The system grants a lease only while nobody else has the file open. If somebody opens it
+    // meanwhile, the system sends this signal.
     struct sigaction ignore {};
     struct sigaction before {};
     ignore.sa_handler = SIG_IGN;
@@ -120,7 +120,7 @@ void TakePlace(const std::string& fresh, const std::string& path)
     FlushToDisk(path);
 }
 
-/// The journal of an interrupted program belongs to the old file and would spoil a new one.
+/// The journal of an interrupted program belongs to the old file and would corrupt a new one.
 void PutJournalAside(const std::string& path, const std::string& kept)
 {
     const std::string journal = JournalOf(path);
@@ -141,7 +141,7 @@ void ReplaceUnusable(const std::string& path, const std::string& fresh, const st
 
 using Header = std::array<unsigned char, 100>;
 
-/// A number of the header, whose first byte is the highest.
+/// Reads a big-endian number of the header.
 std::uint64_t NumberAt(const Header& header, std::size_t at, std::size_t bytes)
 {
     std::uint64_t number = 0;
@@ -161,20 +161,20 @@ std::optional<Header> HeaderOf(const std::string& path)
     return header;
 }
 
-/// Whether a file of this size can hold what the header says.
+/// Whether the size of the file agrees with the header.
 bool FitsHeader(const Header& header, std::uint64_t size)
 {
     const std::uint64_t named = NumberAt(header, 16, 2);
     const std::uint64_t page = named == 1 ? 65536 : named;
     if (page < 512 || (page & (page - 1)) != 0 || size % page != 0)
         return false;
-    // Old programs did not keep the number of pages; then the two counters differ.
+    // Old versions of the storage did not maintain the page count. The two counters differ then.
     const std::uint64_t pages = NumberAt(header, 28, 4);
     const bool kept = NumberAt(header, 24, 4) == NumberAt(header, 92, 4) && pages != 0;
     return !kept || pages * page == size;
 }
 
-/// Runs one of the functions that synchronise a path. A read-only disk has nothing to synchronise.
+/// Runs a function that synchronises a path. A read-only disk has nothing to synchronise.
 void Synchronise(const std::string& path, void (*sync)(const std::string&))
 {
     try {
@@ -243,7 +243,7 @@ std::vector<std::string> FaultsOf(const std::string& path)
         while (database.Step(check))
             faults.push_back(FaultIn(check.Text(0)));
     } catch (const EngineError& error) {
-        // So much is wrong that the storage gives up.
+        // The file is so damaged that the storage gives up.
         if (error.Trouble() != FileTrouble::Damaged)
             throw;
         faults.push_back("it cannot be read to its end");
@@ -262,7 +262,7 @@ void ReplaceDatabase(const std::string& path, const std::string& fresh, const st
     Database present;
     try {
         present.OpenExisting(file);
-        // Keeps the lock without a command on its way, which would keep the copy waiting.
+        // Keeps the lock without a running query, because the copy would wait for that.
         present.Run("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT");
         CopyTo(present, kept);
     } catch (const EngineError& error) {

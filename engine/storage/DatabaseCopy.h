@@ -1,3 +1,4 @@
+// Makes and checks copies of a database file, and puts one in its place.
 #pragma once
 #include <string>
 #include <string_view>
@@ -5,37 +6,37 @@
 
 namespace clb {
 
-/// Copies the database to a new file, as it stands between two commands even while another program
-/// writes it. The copy is for the user alone and is on the disk when this returns. Throws
-/// EngineError, also when the new file exists; nothing half copied stays.
+/// Copies a database to a new file. The copy is a consistent state, even while another program
+/// writes. Only the user can read the copy, and it is on the disk when this returns. Throws
+/// EngineError, also if the new file exists. A failed copy leaves no file.
 void CopyDatabase(const std::string& from, const std::string& to);
 
-/// A line of the storage's own check of a file. Throws std::bad_alloc when the line tells only that
-/// there was no memory to load a page, which is no fault of the file.
+/// Returns a line of the storage's own integrity check. Throws std::bad_alloc if the line only
+/// reports that there was no memory to load a page, which is not a fault of the file.
 std::string FaultIn(std::string_view line);
 
-/// What is wrong with the inner order of a database file, in the storage's words; empty when it is
-/// sound. Throws EngineError when the file cannot be read as a database at all.
+/// Runs the storage's integrity check and returns its findings. Empty if the file is sound. Throws
+/// EngineError if the file cannot be read as a database at all.
 std::vector<std::string> FaultsOf(const std::string& path);
 
-/// Whether a file has the header of a database and the size that its header names. Reads 100 bytes:
-/// finds empty files, files cut short and files of other programs, but no damaged pages. False for
-/// what cannot be read.
+/// Whether a file has the header of a database and the size that the header gives. Reads only 100
+/// bytes: it detects empty files, truncated files and files of other programs, but not damaged
+/// pages. Returns false if the file cannot be read.
 bool LooksWhole(const std::string& path);
-/// Whether a file begins as every database does. False for what cannot be read.
+/// Whether a file starts with the magic bytes of a database. Returns false if it cannot be read.
 bool HasDatabaseHeader(const std::string& path);
 
-/// Makes the content of a file or folder, and its name, durable. A disk that cannot do so counts as
-/// done. Throws EngineError when the disk refuses.
+/// Synchronises a file or folder, and its name, to the disk. Does nothing on a disk that does not
+/// support this. Throws EngineError if the disk reports an error.
 void FlushToDisk(const std::string& path);
-/// Gives a finished file another name in its folder, which is durable when this returns. Replaces
-/// nothing: throws EngineError when the name is taken, or cannot be written.
+/// Renames a finished file within its folder. The new name is on the disk when this returns. Never
+/// replaces a file: throws EngineError if the name is taken or cannot be written.
 void NameFinished(const std::string& from, const std::string& to);
 
-/// Puts the database file `fresh`, of the same folder, in the place of the one at path, in one
-/// step. What was at path, damaged or not, is copied to the new file `kept` before; there need not
-/// have been any. Throws EngineError when another program has the file open or locked, or something
-/// cannot be written; then path is as it was and `fresh` is still there.
+/// Replaces the file at `path` by the database file `fresh` of the same folder, in one step. The
+/// old file, damaged or not, is first copied to the new file `kept`; there may be no old file.
+/// Throws EngineError if another program has the file open or locked, or if something cannot be
+/// written. In that case the file at `path` is unchanged and `fresh` still exists.
 void ReplaceDatabase(const std::string& path, const std::string& fresh, const std::string& kept);
 
 }  // namespace clb

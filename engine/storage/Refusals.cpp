@@ -11,7 +11,7 @@ std::string Quoted(std::string_view name)
     return "'" + std::string(name) + "'";
 }
 
-/// What a cell of the type holds, as the end of a sentence.
+/// What a cell of the type contains, as the end of a sentence.
 const char* Expected(FieldType type)
 {
     switch (type) {

@@ -1,3 +1,4 @@
+// The errors that the engine itself raises.
 #pragma once
 #include <cstddef>
 #include <string>
@@ -8,10 +9,10 @@
 
 namespace clb {
 
-/// The engine's own refusals, one function a message. Private to the engine.
+/// The errors that the engine itself raises, one function per message. Private to the engine.
 namespace refuse {
 
-/// near is the text where the parser stopped; empty at the statement's end.
+/// near: the text where the parser stopped; empty at the end of the query.
 EngineError Syntax(std::string_view near);
 EngineError Statement(const std::string& message);
 EngineError NoSuchTable(std::string_view table);
@@ -20,12 +21,12 @@ EngineError NoSuchColumn(std::string_view column);
 EngineError AmbiguousColumn(std::string_view column);
 EngineError NoSuchFunction(std::string_view function);
 EngineError TypeMismatch();
-/// For a cell that does not hold what its column's type says. holds: what it holds instead, such as
-/// "the text 'abc'".
+/// For a cell whose contents do not match its column's type. holds: what it contains, such as "the
+/// text 'abc'".
 EngineError WrongCell(const std::string& holds, FieldType type);
-/// The same error with the place in front: "Trans.Amount in row 17", or the field's name alone.
+/// The same error, preceded by the place: "Trans.Amount in row 17", or only the field's name.
 EngineError WrongCellAt(const std::string& place, const EngineError& error);
-/// For a value in a calculation that is not the number that its type says.
+/// For a value in a calculation that is not a number of its type.
 EngineError WrongOperand();
 EngineError Overflow();
 EngineError DivisionByZero();
@@ -39,11 +40,11 @@ EngineError Criterion(std::string_view criterion);
 EngineError Closed();
 EngineError AlreadyOpen();
 EngineError RowVanished();
-/// The table's counter is used up.
+/// The table's counter has no number left.
 EngineError NoNumberLeft(std::string_view table);
-/// what: "is read-only.", as it follows the file's name.
+/// what: the rest of the sentence after the file's name, such as "is read-only.".
 EngineError File(const std::string& path, const std::string& what, FileTrouble trouble);
-/// For the error that errno gives for a file that is to be written.
+/// For a file that cannot be written. error: errno.
 EngineError CannotWrite(const std::string& path, int error);
 
 }  // namespace refuse

@@ -74,7 +74,7 @@ TEST(NumericTest, ShortestTextsReadBack)
 {
     EXPECT_EQ(ToText(0.1), "0.1");
     EXPECT_EQ(ToText(10.0), "10");
-    EXPECT_EQ(ToText(4.75f), "4.75");
+    EXPECT_EQ(ToText(4.75F), "4.75");
     EXPECT_EQ(ToText(-0.0), "0");
     EXPECT_EQ(ParseDouble(ToText(1.0 / 3.0)), 1.0 / 3.0);
 }

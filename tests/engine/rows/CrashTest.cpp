@@ -1,4 +1,4 @@
-// Programs that end in the middle, and groups that cannot be kept.
+// Programs that are killed, and groups that cannot be committed.
 #include <signal.h>
 #include <sqlite3.h>
 #include <sys/wait.h>
@@ -13,7 +13,7 @@ using Lines = std::vector<std::string>;
 
 class CrashTest : public EngineTest {
 protected:
-    /// Runs the action in a process of its own, which is killed behind it.
+    /// Runs the action in a process of its own, which is killed after it.
     template <typename Action>
     void InAKilledProcess(Action action)
     {
@@ -29,7 +29,7 @@ protected:
     }
 };
 
-/// Another program in the middle of reading, which keeps a group from being settled.
+/// Another program that is reading, so that a group cannot be settled.
 class LongReader {
 public:
     explicit LongReader(const std::string& path)

@@ -1,4 +1,4 @@
-// Sets of more rows than are kept at a time.
+// Result sets with more rows than are kept in memory.
 #include "tests/engine/EngineFixture.h"
 
 namespace clb {
@@ -89,7 +89,7 @@ TEST_F(LargeSetTest, ARowAddedAfterASearchIsFound)
     rows.Set("Description", std::string("added"));
     rows.Update();
     rows.MoveFirst();
-    for (int i = 0; i < kRows / 2; ++i, rows.MoveNext())  // far enough for the row to be let go
+    for (int i = 0; i < kRows / 2; ++i, rows.MoveNext())  // far enough for the row to leave memory
         static_cast<void>(rows.Get(0));
 
     rows.MoveFirst();

@@ -1,4 +1,4 @@
-// Statements built anew by concatenation share their plan; nothing else of them may be shared.
+// Queries that are built by concatenation share their plan, but nothing else.
 #include "engine/sql/Lexer.h"
 #include "engine/sql/StatementCache.h"
 #include "tests/engine/EngineFixture.h"

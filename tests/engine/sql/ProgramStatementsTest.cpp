@@ -1,4 +1,4 @@
-// Every statement that the program sends, word for word, with sample values in it.
+// Every query of the program, word for word, with sample values.
 #include "tests/engine/EngineFixture.h"
 
 namespace clb {

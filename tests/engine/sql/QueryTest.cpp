@@ -1,4 +1,4 @@
-// Order, joins and groups.
+// SELECT: order, joins and groups.
 #include "tests/engine/EngineFixture.h"
 
 namespace clb {
@@ -70,7 +70,7 @@ TEST_F(QueryTest, AnOrderMayNameAnAliasAnExpressionOrAPosition)
 
     EXPECT_EQ(Rows("SELECT -Amount AS Debit FROM Trans ORDER BY Debit"), (Lines{"-3", "-1", "5"}));
     EXPECT_EQ(Rows("SELECT Amount FROM Trans ORDER BY Abs(Amount) DESC"), (Lines{"-5", "3", "1"}));
-    // A column of the table comes before another field's new name.
+    // A column of the table takes precedence over an alias of another field.
     EXPECT_EQ(Rows("SELECT -Amount AS Amount FROM Trans ORDER BY Amount"),
               (Lines{"5", "-1", "-3"}));
     EXPECT_EQ(Rows("SELECT Category, Amount FROM Trans ORDER BY 2"), (Lines{"x|-5", "x|1", "x|3"}));

@@ -1,4 +1,4 @@
-// What the dialect takes and what it refuses, with the message.
+// What the dialect accepts and what it rejects, with the message.
 #include "tests/engine/EngineFixture.h"
 
 namespace clb {

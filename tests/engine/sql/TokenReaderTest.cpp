@@ -1,4 +1,4 @@
-// What all parsers of the dialect read alike.
+// The tokens that all parsers of the dialect read the same way.
 #include <gtest/gtest.h>
 
 #include "engine/sql/TokenReader.h"

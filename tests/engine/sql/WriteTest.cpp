@@ -1,4 +1,4 @@
-// INSERT, UPDATE and DELETE as statements.
+// INSERT, UPDATE and DELETE.
 #include "tests/engine/EngineFixture.h"
 
 namespace clb {

@@ -1,4 +1,4 @@
-// Copies of the database file, what is wrong with one, and putting one in the place of another.
+// Copying, checking and replacing a database file.
 #include <sys/stat.h>
 
 #include <filesystem>
@@ -96,7 +96,7 @@ TEST_F(DatabaseCopyTest, WhatIsNoDatabaseIsNotCopied)
     EXPECT_FALSE(std::filesystem::exists(Sibling("copy.mdb")));
 }
 
-TEST_F(DatabaseCopyTest, FaultsOfADamagedFileAreTold)
+TEST_F(DatabaseCopyTest, ReportsTheFaultsOfADamagedFile)
 {
     AddMany();
     std::string bytes = Bytes(path_);
@@ -155,7 +155,7 @@ TEST_F(DatabaseCopyTest, ADatabaseIsReplacedAndKept)
     EXPECT_FALSE(std::filesystem::exists(Sibling("fresh.mdb")));
 }
 
-/// The journal of a killed program would be played back into the new file.
+/// The storage would roll back the journal of a killed program into the new file.
 TEST_F(DatabaseCopyTest, AJournalOfAnUnusableDatabaseIsKeptWithIt)
 {
     CopyDatabase(path_, Sibling("fresh.mdb"));
@@ -199,10 +199,10 @@ TEST_F(DatabaseCopyTest, ADamagedDatabaseIsKeptByteForByteAndItsJournalSpoilsNot
     EXPECT_EQ(RowsIn(path_, "SELECT COUNT(*) FROM Trans"), Lines{"0"});
 }
 
-/// A file that cannot be used, by what is wrong with it.
+/// Files that cannot be used, by what is wrong with them.
 class TroubleTest : public DatabaseCopyTest {
 protected:
-    /// The error of opening the file, which must not change it.
+    /// Returns the error of opening the file, which must not change the file.
     static EngineError OpeningOf(const std::string& path)
     {
         const std::string before = Bytes(path);
@@ -232,7 +232,8 @@ TEST_F(TroubleTest, AFolderInItsPlaceIsNamed)
 
 TEST_F(TroubleTest, AnEmptyFileIsNoNewDatabase)
 {
-    // Symptom: an empty file was taken for a database without tables, and a table was missing.
+    // Symptom: an empty file was accepted as a database, and the error was that a table was
+    // missing.
     Write(Sibling("empty.mdb"), "");
 
     const auto error = OpeningOf(Sibling("empty.mdb"));
@@ -264,7 +265,7 @@ TEST_F(TroubleTest, AFileThatMayNotBeWrittenIsReadOnlyFromTheStart)
     EXPECT_EQ(error.Trouble(), FileTrouble::ReadOnly);
 }
 
-TEST_F(TroubleTest, AFolderThatTakesNoFilesIsToldBeforeTheFirstChange)
+TEST_F(TroubleTest, ReportsAReadOnlyFolderBeforeTheFirstChange)
 {
     const AsOrdinaryUser user({path_, Sibling(""), Sibling("../")});
     chmod(Sibling("").c_str(), 0500);
