@@ -3,7 +3,7 @@
 #include "data/Balances.h"
 #include "data/NoticedBalances.h"
 #include "data/clsDatabase.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 namespace {

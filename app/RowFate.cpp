@@ -1,7 +1,7 @@
 #include "app/RowFate.h"
 
 #include "data/clsDatabase.h"
-#include "engine/RawSql.h"
+#include "engine/rows/RawSql.h"
 
 namespace clb {
 namespace {

@@ -8,7 +8,7 @@
 #include "app/clsOpenSave.h"
 #include "base/Numeric.h"
 #include "base/Quietly.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 #include "import/frmSelectAccount.h"
 
 namespace clb {

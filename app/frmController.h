@@ -40,7 +40,7 @@ struct WindowMetrics {
 class frmController : public IImportHost, public IExportHost, public IQuoteHost {
 public:
     /// What the program calls itself in captions and message boxes.
-    static constexpr const char* Title = product::Title;
+    static constexpr const char* Title = product::kTitle;
 
     frmController(const Ports& ports, const WindowMetrics& metrics);
     ~frmController() override;

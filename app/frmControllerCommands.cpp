@@ -77,8 +77,8 @@ void frmController::WireMenus()
     command("mnuT_UpdateQuotes", [this] { QuotesCommand(); });
     command("mnuT_Options", [this] { OptionsCommand(); });
     command("mnuH_HelpTopics", [this] { ports_.shell.Help(ports_.folder + "/Help/clb.chm"); });
-    command("mnuH_OnTheWeb", [this] { ports_.shell.Open(product::HomePage); });
-    command("mnuH_OnlineTutorial", [this] { ports_.shell.Open(product::TutorialPage); });
+    command("mnuH_OnTheWeb", [this] { ports_.shell.Open(product::kHomePage); });
+    command("mnuH_OnlineTutorial", [this] { ports_.shell.Open(product::kTutorialPage); });
     command("mnuH_About", [this] { AboutCommand(); });
 }
 
@@ -222,7 +222,7 @@ std::string frmController::QuoteService() const
     }
     // The path that is put behind it begins with a slash.
     service.erase(service.find_last_not_of('/') + 1);
-    return service.empty() ? product::QuoteService : service;
+    return service.empty() ? product::kQuoteService : service;
 }
 
 void frmController::OpenBankLink()

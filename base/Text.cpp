@@ -10,7 +10,8 @@
 namespace clb {
 namespace {
 
-/// The next character from offset at, which is moved past it; an invalid byte stands for itself.
+/// Returns the character at offset `at` and moves `at` past it. An invalid byte is returned as it
+/// is.
 std::int32_t NextCharacter(std::string_view text, std::size_t& at)
 {
     utf8proc_int32_t character = 0;
@@ -38,7 +39,7 @@ bool IsAscii(std::string_view text)
                         [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }
 
-/// Windows-1252 from 0x80 to 0x9F; the five unused codes keep their numbers.
+/// Windows-1252 from 0x80 to 0x9F. The five unused codes keep their numbers.
 constexpr std::array<std::int32_t, 32> kUpperHalf = {
     0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -59,7 +60,7 @@ char LowerAscii(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
 }
 
-/// The text without case and accents, for comparing.
+/// Removes case and accents, for comparisons.
 std::string FoldedForSorting(std::string_view text)
 {
     utf8proc_uint8_t* folded = nullptr;

@@ -8,12 +8,12 @@
 #include "base/Text.h"
 #include "data/EmptyDatabase.h"
 #include "data/SchemaVersion.h"
-#include "engine/Writer.h"
+#include "engine/storage/Catalogue.h"
 
 namespace clb {
 namespace {
 
-/// A declaration without what does not matter: blanks, and quotes around names.
+/// Removes spaces and quotes around names from a declaration, because they do not matter.
 std::string Condensed(const std::string& sql)
 {
     std::string condensed;
@@ -23,7 +23,7 @@ std::string Condensed(const std::string& sql)
     return ToUpperAscii(condensed);
 }
 
-/// What the next start changes by itself: BudgetInclude is added, InterestRate becomes a SINGLE.
+/// What the next start changes itself: it adds BudgetInclude and makes InterestRate a SINGLE.
 bool IsUpgraded(const std::string& column, bool missing, std::int16_t version)
 {
     return missing ? column == "BudgetInclude" && version < 2
@@ -46,7 +46,7 @@ const std::vector<std::string>& OwnTables()
 
 CheckSchema::CheckSchema(RawSql& raw) : raw_(raw), delivered_(RawSql::OfImage(EmptyDatabase())) {}
 
-/// Data of an older version, or that was never versioned, lacks what an upgrade adds.
+/// Data of an older version, or without a version, does not have what an upgrade adds.
 void CheckSchema::FindLostVersion(const std::string& text, FindingList& findings)
 {
     const TableInfo* accounts = raw_.Find("Account");
@@ -79,7 +79,7 @@ std::int16_t CheckSchema::Version(FindingList& findings)
             return version;
         }
     } catch (const RuntimeError&) {
-        // Told below.
+        // Reported below.
     }
     findings.Add({.kind = "table",
                   .table = "_SchemaVersion",
@@ -178,7 +178,7 @@ void CheckSchema::FindIndexes(FindingList& findings)
         const TableInfo* table = raw_.Find(index.table);
         if (!table || IsIndexed(index.table, columns))
             continue;
-        // Somebody else's index of that name, over other columns, stays as it is.
+        // Another program's index of that name over other columns stays as it is.
         const bool repairable =
             !IsTaken(index.name) &&
             std::ranges::all_of(Split(Replace(columns, ", ", ","), ','),
@@ -198,7 +198,7 @@ void CheckSchema::FindUniqueIndexes(const std::string& table, FindingList& findi
 {
     struct Unique {
         std::string name;
-        bool declared;  ///< with the table itself
+        bool declared;  ///< in the table's own declaration
     };
     std::vector<Unique> indexes;
     raw_.Select("SELECT name, origin FROM pragma_index_list(" + QuoteText(table) +

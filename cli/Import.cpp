@@ -15,7 +15,7 @@
 #include "cli/Program.h"
 #include "cli/Progress.h"
 #include "data/AccountKind.h"
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 #include "import/StatementFile.h"
 #include "user/FormUser.h"
 
@@ -254,7 +254,7 @@ ImportedFile ImportRun::Import(const std::string& file)
         result = ImportedFile();
         result.file = file;
         result.failed = result.refused = true;
-        std::cerr << TroubleText(error) << '\n';
+        std::cerr << ErrorText(error) << '\n';
     }
     // Messages of a trial name the file, not its copy.
     result.messages = Replace(captured.Text(), path, file);

@@ -10,7 +10,7 @@
 #include "cli/FolderOptions.h"
 #include "cli/Table.h"
 #include "data/Backups.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 #include "json/ValueJson.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"

@@ -5,7 +5,7 @@
 #include "base/RuntimeError.h"
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
-#include "engine/Connection.h"
+#include "engine/rows/Connection.h"
 #include "json/Reply.h"
 #include "json/RunSql.h"
 #include "platform/ProgramFolder.h"

@@ -1,7 +1,7 @@
 #include "controls/GridSource.h"
 
 #include "base/RuntimeError.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 

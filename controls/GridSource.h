@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/Value.h"
-#include "engine/Recordset.h"
+#include "engine/rows/Recordset.h"
 
 namespace clb {
 

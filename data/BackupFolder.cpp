@@ -19,8 +19,8 @@
 #include <tuple>
 
 #include "base/Date.h"
-#include "engine/Backup.h"
-#include "engine/EngineError.h"
+#include "engine/storage/DatabaseCopy.h"
+#include "engine/storage/EngineError.h"
 #include "files/FileError.h"
 #include "files/Folders.h"
 #include "files/ReadFile.h"

@@ -12,9 +12,9 @@
 #include "base/Text.h"
 #include "data/SchemaVersion.h"
 #include "data/WholeBook.h"
-#include "engine/Backup.h"
-#include "engine/Connection.h"
-#include "engine/EngineError.h"
+#include "engine/rows/Connection.h"
+#include "engine/storage/DatabaseCopy.h"
+#include "engine/storage/EngineError.h"
 #include "files/Folders.h"
 #include "files/Leftovers.h"
 

@@ -7,7 +7,7 @@
 #include "data/AccountKind.h"
 #include "data/StoredView.h"
 #include "data/clsDatabase.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 namespace {

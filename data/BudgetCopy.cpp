@@ -2,7 +2,7 @@
 
 #include "data/NoCategory.h"
 #include "data/clsDatabase.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 namespace {

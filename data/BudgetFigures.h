@@ -4,7 +4,7 @@
 
 #include "base/Money.h"
 #include "data/IShownState.h"
-#include "engine/Recordset.h"
+#include "engine/rows/Recordset.h"
 
 namespace clb {
 

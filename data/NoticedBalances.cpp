@@ -1,7 +1,7 @@
 #include "data/NoticedBalances.h"
 
 #include "data/clsDatabase.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb::noticed_balances {
 namespace {

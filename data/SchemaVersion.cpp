@@ -1,8 +1,8 @@
 #include "data/SchemaVersion.h"
 
 #include "base/Numeric.h"
-#include "engine/Connection.h"
-#include "engine/EngineError.h"
+#include "engine/rows/Connection.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 namespace {

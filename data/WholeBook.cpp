@@ -8,8 +8,8 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/SchemaVersion.h"
-#include "engine/Connection.h"
-#include "engine/EngineError.h"
+#include "engine/rows/Connection.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 namespace {

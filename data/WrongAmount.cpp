@@ -1,8 +1,8 @@
 #include "data/WrongAmount.h"
 
-#include "engine/Connection.h"
-#include "engine/EngineError.h"
-#include "engine/RawSql.h"
+#include "engine/rows/Connection.h"
+#include "engine/rows/RawSql.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 namespace {

@@ -6,7 +6,7 @@
 #include "base/Text.h"
 #include "data/SchemaVersion.h"
 #include "data/WrongAmount.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 

@@ -8,8 +8,8 @@
 #include "base/Money.h"
 #include "base/RuntimeError.h"
 #include "data/IShownState.h"
-#include "engine/Connection.h"
-#include "engine/Recordset.h"
+#include "engine/rows/Connection.h"
+#include "engine/rows/Recordset.h"
 
 namespace clb {
 

@@ -6,7 +6,7 @@
 #include "data/NoCategory.h"
 #include "data/ViewColumns.h"
 #include "data/clsDatabase.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 namespace {

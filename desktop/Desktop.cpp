@@ -10,7 +10,7 @@
 #include "base/Interruption.h"
 #include "data/Backups.h"
 #include "data/EmptyDatabase.h"
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 #include "desktop/Appearance.h"
 #include "desktop/DailyBackup.h"
 #include "desktop/DateFormPort.h"
@@ -33,7 +33,7 @@
 #include "desktop/WindowMemory.h"
 #include "desktop/WindowPresenter.h"
 #include "desktop/WorkDisplay.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 #include "platform/CurlHttpClient.h"
 #include "platform/HelpFolder.h"
 #include "platform/ProgramFolder.h"
@@ -148,7 +148,7 @@ private:
     DateFormPort dates_;
     UserEvents events_{boxes_};
     QtModalHost forms_{events_};
-    CurlHttpClient http_{{product::Title, false, {}, {}, [this] { window_.Work().KeepAlive(); }}};
+    CurlHttpClient http_{{product::kTitle, false, {}, {}, [this] { window_.Work().KeepAlive(); }}};
     frmController controller_;
     MainWindow window_;
     QTimer watch_;
@@ -276,9 +276,9 @@ int Run(const StartOptions& options, IClock& clock)
 int ReportFailure(const StartOptions& options, const std::exception& error)
 {
     if (ShowsWindow(options))
-        MessageBoxPort().Show(TroubleText(error), box_style::Critical, frmController::Title);
+        MessageBoxPort().Show(ErrorText(error), box_style::Critical, frmController::Title);
     else
-        std::cerr << TroubleText(error) << '\n';
+        std::cerr << ErrorText(error) << '\n';
     return 1;
 }
 

@@ -5,15 +5,15 @@
 #include <QStyle>
 
 #include "base/Product.h"
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 #include "desktop/DialogParent.h"
 #include "desktop/Icons.h"
 #include "desktop/MessageBoxPort.h"
 #include "desktop/PointerPort.h"
 #include "desktop/TextConvert.h"
-#include "engine/Connection.h"
-#include "engine/EngineError.h"
-#include "engine/Recordset.h"
+#include "engine/rows/Connection.h"
+#include "engine/rows/Recordset.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 
@@ -21,7 +21,7 @@ namespace {
 
 void Say(const std::string& text, std::int32_t style)
 {
-    MessageBoxPort().Show(text, style, product::Title);
+    MessageBoxPort().Show(text, style, product::kTitle);
 }
 
 QPushButton* AddButton(QMessageBox& box, const char* name, const QString& caption,
@@ -89,7 +89,7 @@ std::unique_ptr<QMessageBox> BuildRestoreOffer(const BackupFailure& failure)
 {
     auto box = std::make_unique<QMessageBox>(DialogParent());
     const int size = box->style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
-    box->setWindowTitle(ToQString(product::Title));
+    box->setWindowTitle(ToQString(product::kTitle));
     box->setIconPixmap(
         icons::Message(box_style::Critical).pixmap(QSize(size, size), box->devicePixelRatioF()));
     box->setTextFormat(Qt::PlainText);
@@ -122,7 +122,7 @@ void RestoreBackup(Backups& backups, const std::string& name, const Date& now)
                 (kept ? " The file that it replaced is " + *kept + "." : ""),
             box_style::Information);
     } catch (const std::exception& error) {
-        Say(TroubleText(error), box_style::Critical);
+        Say(ErrorText(error), box_style::Critical);
     }
 }
 

@@ -28,7 +28,7 @@ StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCod
     StartOptions options;
     std::string now;
     std::string day;
-    CLI::App app(std::string(product::Title) + ", personal finances in one window", "ledgerbook");
+    CLI::App app(std::string(product::kTitle) + ", personal finances in one window", "ledgerbook");
     app.set_version_flag("--version", product::TitleAndVersion());
     app.add_option("--home", options.home,
                    "Program folder, which holds db/clb.mdb (default: the program's own folder if "

@@ -6,7 +6,7 @@
 #include "app/frmController.h"
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 
 namespace clb {
 

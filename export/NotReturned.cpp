@@ -4,8 +4,8 @@
 
 #include "base/Text.h"
 #include "data/NoCategory.h"
-#include "engine/Criterion.h"
-#include "engine/EngineError.h"
+#include "engine/sql/Criterion.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 namespace {

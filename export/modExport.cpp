@@ -12,7 +12,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/clsDatabase.h"
-#include "engine/RowWalk.h"
+#include "engine/rows/RowWalk.h"
 #include "export/NotReturned.h"
 #include "files/FileError.h"
 #include "files/WholeFile.h"

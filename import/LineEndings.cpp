@@ -13,7 +13,7 @@
 #include "files/FileError.h"
 #include "files/Folders.h"
 #include "files/WholeFile.h"
-#include "import/FileErrors.h"
+#include "import/PathErrors.h"
 #include "import/StatementFile.h"
 #include "import/modImport.h"
 

@@ -6,7 +6,7 @@
 #include "base/Text.h"
 #include "files/FileError.h"
 #include "files/ReadFile.h"
-#include "import/FileErrors.h"
+#include "import/PathErrors.h"
 
 namespace clb {
 

@@ -4,7 +4,7 @@
 
 #include "files/FileError.h"
 #include "files/TemporaryFolder.h"
-#include "import/FileErrors.h"
+#include "import/PathErrors.h"
 #include "import/StatementFile.h"
 #include "import/modImport.h"
 

@@ -105,7 +105,7 @@ bool frmSelectAccount::CreateAccount()
 {
     if (txtDescription.Text().empty()) {
         messages_.Show("You must enter an account description.", box_style::Critical,
-                       product::Title);
+                       product::kTitle);
         return false;
     }
     database_.Lock();
@@ -147,7 +147,7 @@ bool frmSelectAccount::MapAccount()
 
 bool frmSelectAccount::Refuse(const std::string& why)
 {
-    messages_.Show(why, box_style::Exclamation, product::Title);
+    messages_.Show(why, box_style::Exclamation, product::kTitle);
     return false;
 }
 

@@ -128,7 +128,7 @@ bool modImport::ImportByFormat(const std::string& path)
         case kMarkup: ImportOFX(path); return true;
         case kQif: ImportQIF(path); return true;
         default:
-            messages_.Show("Invalid file format.", box_style::Critical, product::Title);
+            messages_.Show("Invalid file format.", box_style::Critical, product::kTitle);
             return false;
     }
 }

@@ -6,7 +6,7 @@
 #include "base/Text.h"
 #include "data/NoCategory.h"
 #include "data/clsDatabase.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 #include "import/Messages.h"
 #include "import/StatementFile.h"
 #include "import/StatementScan.h"
@@ -226,7 +226,7 @@ void modImport::ImportOFX(const std::string& path)
             StoreBalances();
             messages_.Show("Invalid data was found while importing:\n" +
                                WorkingText(reader, error) + "\n" + reader.Text(),
-                           box_style::Exclamation, product::Title);
+                           box_style::Exclamation, product::kTitle);
             return false;
         }
     };

@@ -283,10 +283,10 @@ void modImport::ImportQIF(const std::string& path)
     if (reader.Skipped().empty())
         return;
     StoreBalances();
-    messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, product::Title);
+    messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, product::kTitle);
     // The lines alone do not say that nothing is wrong with them.
     if (!reader.UsedUp().empty())
-        messages_.Show(reader.UsedUp(), box_style::Exclamation, product::Title);
+        messages_.Show(reader.UsedUp(), box_style::Exclamation, product::kTitle);
 }
 
 }  // namespace clb

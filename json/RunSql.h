@@ -2,7 +2,7 @@
 #pragma once
 #include <string>
 
-#include "engine/Connection.h"
+#include "engine/rows/Connection.h"
 #include "json/ValueJson.h"
 
 namespace clb {

@@ -4,7 +4,7 @@
 
 #include "base/RuntimeError.h"
 #include "data/clsDatabase.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 #include "ports/IPointer.h"
 #include "quotes/clsStockQuote.h"
 

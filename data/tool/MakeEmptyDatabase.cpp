@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "engine/Connection.h"
+#include "engine/rows/Connection.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <fstream>
 
 #include "data/EmptyDatabase.h"
-#include "engine/Connection.h"
+#include "engine/rows/Connection.h"
 
 namespace clb {
 namespace {

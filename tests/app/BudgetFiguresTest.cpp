@@ -5,8 +5,8 @@
 #include <functional>
 
 #include "data/ViewColumns.h"
-#include "engine/Database.h"
-#include "engine/EngineError.h"
+#include "engine/storage/Database.h"
+#include "engine/storage/EngineError.h"
 #include "tests/support/Books.h"
 
 namespace clb {

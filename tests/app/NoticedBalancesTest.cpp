@@ -10,8 +10,8 @@
 #include "app/BalanceWatch.h"
 #include "app/OtherPrograms.h"
 #include "data/NoticedBalances.h"
-#include "engine/Database.h"
-#include "engine/EngineError.h"
+#include "engine/storage/Database.h"
+#include "engine/storage/EngineError.h"
 #include "tests/support/Books.h"
 
 namespace clb {

@@ -4,8 +4,8 @@
 
 #include "app/EmptyHint.h"
 #include "app/OtherPrograms.h"
-#include "engine/Database.h"
-#include "engine/EngineError.h"
+#include "engine/storage/Database.h"
+#include "engine/storage/EngineError.h"
 #include "tests/support/Books.h"
 
 namespace clb {

@@ -6,9 +6,9 @@
 
 #include "CommandFixture.h"
 #include "data/Backups.h"
-#include "engine/Backup.h"
-#include "engine/Connection.h"
-#include "engine/Database.h"
+#include "engine/rows/Connection.h"
+#include "engine/storage/Database.h"
+#include "engine/storage/DatabaseCopy.h"
 
 namespace clb {
 namespace {

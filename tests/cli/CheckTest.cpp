@@ -1,7 +1,7 @@
 #include <sstream>
 
 #include "CommandFixture.h"
-#include "engine/Connection.h"
+#include "engine/rows/Connection.h"
 #include "platform/SystemClock.h"
 
 namespace clb {

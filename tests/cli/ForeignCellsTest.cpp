@@ -1,7 +1,7 @@
 // Cells that another program has filled with something that is not an amount: clb says which.
 
 #include "CommandFixture.h"
-#include "engine/Database.h"
+#include "engine/storage/Database.h"
 
 namespace clb {
 namespace {

@@ -9,8 +9,8 @@
 
 #include "CommandFixture.h"
 #include "cli/Commands.h"
-#include "engine/Database.h"
-#include "engine/EngineError.h"
+#include "engine/storage/Database.h"
+#include "engine/storage/EngineError.h"
 
 namespace clb {
 namespace {

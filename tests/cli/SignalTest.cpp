@@ -10,7 +10,7 @@
 #include <functional>
 #include <thread>
 
-#include "engine/Connection.h"
+#include "engine/rows/Connection.h"
 #include "tests/cli/CommandFixture.h"
 #include "tests/support/HttpServer.h"
 

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "CommandFixture.h"
-#include "engine/Connection.h"
+#include "engine/rows/Connection.h"
 #include "tests/support/SmallDisk.h"
 
 namespace clb {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "data/EmptyDatabase.h"
-#include "engine/Connection.h"
-#include "engine/EngineError.h"
+#include "engine/rows/Connection.h"
+#include "engine/storage/EngineError.h"
 #include "tests/crash/FaultyFiles.h"
 #include "tests/support/TempFolder.h"
 

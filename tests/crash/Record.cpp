@@ -6,7 +6,7 @@
 #include "check/DatabaseCheck.h"
 #include "check/DatabaseRepair.h"
 #include "data/EmptyDatabase.h"
-#include "engine/Connection.h"
+#include "engine/rows/Connection.h"
 #include "tests/crash/InProcessProgram.h"
 #include "tests/support/TempFolder.h"
 

@@ -1,7 +1,7 @@
 // Recomputing the balances of all accounts.
 
 #include "data/Balances.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 #include "tests/data/StoreFixture.h"
 
 namespace clb {

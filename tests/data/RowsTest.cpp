@@ -2,7 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "data/ViewColumns.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 #include "tests/data/StoreFixture.h"
 
 namespace clb {

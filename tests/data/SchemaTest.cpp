@@ -1,5 +1,5 @@
 #include "base/RuntimeError.h"
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 #include "tests/data/StoreFixture.h"
 
 namespace clb {

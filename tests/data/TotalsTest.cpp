@@ -1,4 +1,4 @@
-#include "engine/EngineError.h"
+#include "engine/storage/EngineError.h"
 #include "tests/data/StoreFixture.h"
 
 namespace clb {

@@ -6,7 +6,7 @@
 #include <QStatusBar>
 #include <QWheelEvent>
 
-#include "engine/Database.h"
+#include "engine/storage/Database.h"
 #include "tests/desktop/WindowFixture.h"
 
 namespace clb {

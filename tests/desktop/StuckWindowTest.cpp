@@ -6,8 +6,8 @@
 
 #include "desktop/RestoreOffer.h"
 #include "desktop/StuckWindow.h"
-#include "engine/Database.h"
-#include "engine/EngineError.h"
+#include "engine/storage/Database.h"
+#include "engine/storage/EngineError.h"
 #include "tests/desktop/WindowFixture.h"
 
 namespace clb {

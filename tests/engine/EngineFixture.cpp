@@ -1,4 +1,4 @@
-#include "EngineFixture.h"
+#include "tests/engine/EngineFixture.h"
 
 #include <stdlib.h>
 
@@ -114,7 +114,7 @@ std::vector<std::string> RowsOf(Recordset& rows)
         std::string line;
         for (std::size_t i = 0; i < rows.Fields().size(); ++i) {
             const Value& value = rows.Get(i);
-            line += (i ? "|" : "") + (IsNull(value) ? std::string("-") : ToText(value));
+            line += (i > 0 ? "|" : "") + (IsNull(value) ? std::string("-") : ToText(value));
         }
         lines.push_back(std::move(line));
     }

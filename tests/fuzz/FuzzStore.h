@@ -1,8 +1,8 @@
 #pragma once
 #include <memory>
 
-#include "engine/Connection.h"
-#include "engine/EngineError.h"
+#include "engine/rows/Connection.h"
+#include "engine/storage/EngineError.h"
 #include "tests/fuzz/Fuzz.h"
 
 namespace clb {

@@ -4,7 +4,7 @@
 
 #include "controls/CheckList.h"
 #include "data/EmptyDatabase.h"
-#include "engine/Connection.h"
+#include "engine/rows/Connection.h"
 #include "tests/model/ModelBooks.h"
 #include "tests/model/ModelWindow.h"
 

@@ -110,10 +110,10 @@ def places(path):
 def all_mutants(folders):
     mutants = []
     for folder in folders:
-        for path in sorted((TREE / folder).glob("*.cpp")):
+        for path in sorted((TREE / folder).rglob("*.cpp")):
             lines = path.read_text().split("\n")
             for number, column, length, new, kind in places(path):
-                mutants.append({"file": f"{folder}/{path.name}", "line": number, "column": column,
+                mutants.append({"file": str(path.relative_to(TREE)), "line": number, "column": column,
                                 "length": length, "new": new, "kind": kind, "old": lines[number - 1]})
     return mutants
 

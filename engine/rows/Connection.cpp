@@ -1,0 +1,146 @@
+#include "engine/rows/Connection.h"
+
+#include <utility>
+
+#include "engine/rows/Session.h"
+#include "engine/sql/Schema.h"
+#include "engine/storage/ConnectionString.h"
+#include "engine/storage/Refusals.h"
+#include "files/FileError.h"
+#include "files/WholeFile.h"
+
+namespace clb {
+namespace {
+
+void RunWrite(Connection::State& state, const StatementCache::Entry& entry)
+{
+    state.BeginWrite();
+    Statement& statement = entry.plan->statement;
+    for (std::size_t i = 0; i < entry.values->size(); ++i)
+        statement.Bind(static_cast<int>(i) + 1, (*entry.values)[i]);
+    if (entry.plan->numberedTable.empty())
+        state.StepWrite(statement);
+    else
+        state.StepInsert(statement, entry.plan->numberedTable);
+}
+
+void RunDdl(Connection::State& state, const DdlStatement& ddl)
+{
+    state.BeginWrite();
+    try {
+        ApplyDdl(ddl, state.catalogue, state.database);
+    } catch (...) {
+        state.ForgetSchema();
+        throw;
+    }
+    state.ForgetSchema();
+}
+
+}  // namespace
+
+Connection::Connection() : state_(std::make_unique<State>()) {}
+Connection::~Connection() = default;
+Connection::Connection(Connection&&) noexcept = default;
+Connection& Connection::operator=(Connection&&) noexcept = default;
+
+void Connection::Open(std::string_view connectionString)
+{
+    if (IsOpen())
+        throw refuse::AlreadyOpen();
+    state_->Open(DataSourceOf(connectionString));
+}
+
+bool Connection::IsOpen() const
+{
+    return state_ && state_->database.IsOpen();
+}
+
+Recordset Connection::Execute(std::string_view sql)
+{
+    Recordset result;
+    State& state = *state_;
+    if (state.trace)
+        state.trace(sql);
+    const auto entry = state.Prepare(sql);
+    if (entry.plan->kind == Plan::Kind::Ddl)
+        RunDdl(state, *entry.plan->ddl);
+    else if (entry.plan->kind == Plan::Kind::Write)
+        RunWrite(state, entry);
+    else
+        result.OpenUntraced(sql, *this, LockKind::ReadOnly);
+    return result;
+}
+
+void Connection::Group()
+{
+    state_->RequireOpen();
+    state_->BeginWrite();
+    state_->whole = true;
+}
+
+void Connection::Lock()
+{
+    state_->RequireOpen();
+    state_->BeginWrite();
+}
+
+bool Connection::Locked() const
+{
+    return state_->database.IsOpen() && state_->database.InTransaction();
+}
+
+void Connection::Abandon() noexcept
+{
+    state_->Abandon();
+}
+
+bool Connection::ChangedElsewhere()
+{
+    return state_->ChangedElsewhere();
+}
+
+void Connection::Settle()
+{
+    state_->Settle();
+}
+
+bool Connection::LostGroup() const
+{
+    return state_->LostGroup();
+}
+
+void Connection::Trace(std::function<void(std::string_view)> sink)
+{
+    state_->trace = std::move(sink);
+}
+
+Connection::Untraced::Untraced(Connection& connection)
+    : connection_(connection), sink_(std::exchange(connection.state_->trace, nullptr))
+{
+}
+
+Connection::Untraced::~Untraced()
+{
+    connection_.state_->trace = std::move(sink_);
+}
+
+void Connection::CreateFile(const std::string& path, const std::string& script)
+{
+    try {
+        WholeFile file(path, Existing::Refuse);
+        Database database;
+        database.Create(file.Path());
+        database.Run(script);
+        database.Close();
+        file.Keep();
+    } catch (const FileError& error) {
+        throw refuse::CannotWrite(path, error.Reason());
+    }
+}
+
+Connection::State& Connection::Internals() const
+{
+    return *state_;
+}
+
+}  // namespace clb

@@ -1,0 +1,90 @@
+// The connection to a database file.
+#pragma once
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "engine/rows/Recordset.h"
+
+namespace clb {
+
+/// The connection to one database file. For one thread only. Other programs may read and write the
+/// same file.
+///
+/// Each query takes effect by itself. What it writes stays in one pending group until Settle()
+/// makes it durable. If the program is killed before that, the file is as it was at the last
+/// Settle(). An error in writing the file loses the whole group. After such an error every attempt
+/// to write throws the same error until the next Settle().
+class Connection {
+public:
+    Connection();
+    ~Connection();
+    Connection(Connection&&) noexcept;
+    Connection& operator=(Connection&&) noexcept;
+
+    /// Opens the existing file named by "Data Source=" in a connection string such as
+    /// "Provider=...;Data Source=/home/me/books\db\clb.mdb;Persist Security Info=False". Both kinds
+    /// of slashes separate folders. Throws EngineError, also if the file is missing, locked or
+    /// damaged.
+    void Open(std::string_view connectionString);
+    [[nodiscard]] bool IsOpen() const;
+
+    /// Runs one query of the dialect. Returns the rows of a SELECT, read-only, or a closed result
+    /// set for other queries. Throws EngineError and changes nothing then.
+    Recordset Execute(std::string_view sql);
+
+    /// Opens the pending group now instead of at the first write. For a command that reads and
+    /// writes very often: the file is locked only once. The group is kept completely or not at all;
+    /// an error of the file loses it. Throws EngineError if the file is locked or read-only.
+    void Group();
+    /// Takes the write lock until Settle() or Abandon(), so that no other program writes in
+    /// between. Call it before the first read of a command that writes depending on what it reads.
+    /// Waits for another program for some time. Does nothing while the pending group is open.
+    /// Throws EngineError (FileTrouble::Locked) if the other program takes too long.
+    void Lock();
+    /// Whether the pending group is open. No other program can write then.
+    [[nodiscard]] bool Locked() const;
+    /// Makes everything written so far durable. Throws EngineError if that fails (disk full, file
+    /// locked). The pending group is lost then, and the file is unchanged.
+    void Settle();
+    /// Rolls back what was written since the last Settle(), and releases the write lock. For a
+    /// command that was interrupted. Never throws.
+    void Abandon() noexcept;
+    /// Whether another program has written to the file since the last call, or since opening. Never
+    /// waits: returns false while another program is writing, and the next call reports it.
+    /// Directly after Lock() the result includes everything written before.
+    bool ChangedElsewhere();
+    /// Whether an error in writing has lost the pending group, and Settle() was not called since.
+    [[nodiscard]] bool LostGroup() const;
+
+    /// Passes the text of each query (Execute, and Open and Requery of result sets) to the sink
+    /// before the query runs. An empty function ends this.
+    void Trace(std::function<void(std::string_view)> sink);
+
+    /// While this object lives, queries are not passed to the sink of Trace. For reads that do not
+    /// belong to a command.
+    class Untraced {
+    public:
+        explicit Untraced(Connection& connection);
+        ~Untraced();
+        Untraced(const Untraced&) = delete;
+        Untraced& operator=(const Untraced&) = delete;
+
+    private:
+        Connection& connection_;
+        std::function<void(std::string_view)> sink_;
+    };
+
+    /// Creates a new database file with a script in the storage's own SQL. Throws EngineError, also
+    /// if the file exists.
+    static void CreateFile(const std::string& path, const std::string& script);
+
+    struct State;
+    [[nodiscard]] State& Internals() const;  ///< for the engine's own result sets
+
+private:
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace clb

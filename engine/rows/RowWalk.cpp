@@ -1,0 +1,83 @@
+#include "engine/rows/RowWalk.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <span>
+
+#include "engine/rows/RowWriter.h"
+#include "engine/rows/Session.h"
+#include "engine/sql/Plan.h"
+
+namespace clb {
+
+const std::vector<Field>& WalkedRow::Fields() const
+{
+    return plan_.readOnlyFields;
+}
+
+std::size_t WalkedRow::FieldIndex(std::string_view name) const
+{
+    return IndexOfField(Fields(), name);
+}
+
+Value WalkedRow::Get(std::size_t field) const
+{
+    Value value;
+    const std::int64_t rowId =
+        plan_.carriesRowId ? statement_.Integer(static_cast<int>(plan_.fields.size())) : 0;
+    TakeFields(plan_, statement_, {field, 1}, rowId, &value);
+    return value;
+}
+
+std::string_view WalkedRow::Text(std::size_t field) const
+{
+    if (plan_.fields[field].type != FieldType::Text)
+        return {};
+    return statement_.TextView(static_cast<int>(field));
+}
+
+namespace {
+
+/// Many whole rows take longer to put in order than to be read by their identities.
+void WalkIdentities(Connection::State& session, Plan& plan, const BoundValues& values,
+                    const std::function<void(const WalkedRow&)>& take)
+{
+    RowWriter reader(session, plan);
+    const std::vector<std::int64_t> identities = reader.Identities(values);
+    std::span<const std::int64_t> left(identities);
+    while (!left.empty()) {
+        const auto block = left.first(std::min(left.size(), RowStore::kBlockRows));
+        reader.Visit(block, values, [&](std::size_t, const Statement& statement) {
+            take(WalkedRow(plan, statement));
+        });
+        left = left.subspan(block.size());
+    }
+}
+
+void WalkStatement(Connection::State& session, Plan& plan, const BoundValues& values,
+                   const std::function<void(const WalkedRow&)>& take)
+{
+    const ResetAtExit reset(plan.statement);
+    plan.statement.BindAll(values);
+    const WalkedRow row(plan, plan.statement);
+    while (session.database.Step(plan.statement))
+        take(row);
+}
+
+}  // namespace
+
+void WalkRows(Connection& connection, std::string_view sql,
+              const std::function<void(const WalkedRow&)>& take)
+{
+    Connection::State& session = connection.Internals();
+    if (session.trace)
+        session.trace(sql);
+    const ReadGroup group(session);
+    const auto entry = session.PrepareSelect(sql);
+    if (entry.plan->identitiesSql.empty())
+        WalkStatement(session, *entry.plan, *entry.values, take);
+    else
+        WalkIdentities(session, *entry.plan, *entry.values, take);
+}
+
+}  // namespace clb

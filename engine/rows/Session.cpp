@@ -1,0 +1,239 @@
+#include "engine/rows/Session.h"
+
+#include <limits>
+#include <new>
+
+#include "base/Interruption.h"
+#include "engine/sql/Compiler.h"
+#include "engine/storage/Refusals.h"
+
+namespace clb {
+namespace {
+
+/// Counters are numbers of 32 bits; the storage would go on to 64, and no program could read them.
+constexpr std::int64_t kLargestNumber = std::numeric_limits<std::int32_t>::max();
+
+}  // namespace
+
+void Connection::State::Open(const std::string& path)
+{
+    database.OpenExisting(path);
+    try {
+        begin = database.Prepare("BEGIN IMMEDIATE", true);
+        beginReading = database.Prepare("BEGIN DEFERRED", true);
+        commit = database.Prepare("COMMIT", true);
+        rollback = database.Prepare("ROLLBACK", true);
+        ChangedElsewhere();
+    } catch (...) {
+        database.Close();
+        throw;
+    }
+}
+
+void Connection::State::RequireOpen() const
+{
+    if (!database.IsOpen())
+        throw refuse::Closed();
+}
+
+StatementCache::Entry Connection::State::Prepare(std::string_view sql)
+{
+    Interruption::CheckAnywhere();
+    RequireOpen();
+    NoticeForeignSchema();
+    if (const auto* known = cache.FindText(sql))
+        return *known;
+
+    const LexedStatement lexed = Lex(sql);
+    std::string shape = ShapeOf(lexed);
+    StatementCache::Entry entry;
+    entry.plan = cache.FindShape(shape);
+    if (!entry.plan) {
+        entry.plan = Compile(lexed, catalogue, database);
+        if (entry.plan->kind == Plan::Kind::Ddl)
+            return entry;
+        cache.AddShape(std::move(shape), entry.plan);
+    }
+    BoundValues values;
+    values.reserve(entry.plan->parameters.size());
+    for (const Parameter& parameter : entry.plan->parameters)
+        values.push_back(ParameterValue(parameter, lexed.literals[parameter.literal]));
+    entry.values = std::make_shared<const BoundValues>(std::move(values));
+    cache.AddText(sql, entry);
+    return entry;
+}
+
+StatementCache::Entry Connection::State::PrepareSelect(std::string_view sql)
+{
+    StatementCache::Entry entry = Prepare(sql);
+    if (entry.plan->kind != Plan::Kind::Select)
+        throw refuse::Statement("Only a SELECT can be opened as a result set.");
+    return entry;
+}
+
+void Connection::State::NoticeForeignSchema()
+{
+    if (database.InTransaction() && !reading)
+        return;  // nobody else can write now
+    if (!readSchemaVersion)
+        readSchemaVersion = database.Prepare("PRAGMA schema_version", true);
+    const ResetAtExit reset(readSchemaVersion);
+    database.Step(readSchemaVersion);
+    const std::int64_t version = readSchemaVersion.Integer(0);
+    if (version != schemaVersion)
+        ForgetSchema();
+    schemaVersion = version;
+}
+
+void Connection::State::ForgetSchema()
+{
+    cache.Clear();
+    catalogue.Forget();
+    lastNumbers_.clear();
+    schemaVersion = -1;
+}
+
+void Connection::State::BeginWrite()
+{
+    Interruption::CheckAnywhere();
+    RequireTakenBack();
+    if (database.InTransaction())
+        return;
+    // What the command wrote before is gone: the rest of it must not stand alone.
+    if (LostGroup())
+        database.ThrowLastTrouble();
+    database.Step(begin);
+    pending = true;
+}
+
+void Connection::State::StepWrite(Statement& statement)
+{
+    try {
+        database.Step(statement);
+    } catch (const EngineError& error) {
+        if (whole && error.Trouble() != FileTrouble::None && database.InTransaction())
+            TakeBack();
+        throw;
+    }
+}
+
+void Connection::State::StepInsert(Statement& statement, const std::string& table)
+{
+    const std::int64_t left = kLargestNumber - LastNumber(table);
+    if (left <= 0)
+        throw refuse::NoNumberLeft(table);
+    StepWrite(statement);
+    if (database.ChangedRows() <= left)
+        return;
+    database.Run("DELETE FROM " + QuoteName(table) + " WHERE rowid > " +
+                 std::to_string(kLargestNumber - left));
+    throw refuse::NoNumberLeft(table);
+}
+
+/// The largest number that the table's counter has given, 0 before the first.
+std::int64_t Connection::State::LastNumber(const std::string& table)
+{
+    Statement& find = lastNumbers_[table];
+    if (!find) {
+        std::string sql = "SELECT ifnull(max(rowid), 0) AS n FROM " + QuoteName(table);
+        Statement keeps =
+            database.Prepare("SELECT 1 FROM sqlite_master WHERE name = 'sqlite_sequence'");
+        const ResetAtExit reset(keeps);
+        // It also keeps numbers whose rows are gone.
+        if (database.Step(keeps))
+            sql += " UNION ALL SELECT ifnull(max(seq), 0) FROM sqlite_sequence WHERE name = " +
+                   QuoteText(table) + " COLLATE NOCASE";
+        find = database.Prepare("SELECT max(n) FROM (" + sql + ")", true);
+    }
+    const ResetAtExit reset(find);
+    return database.Step(find) ? find.Integer(0) : 0;
+}
+
+void Connection::State::Settle()
+{
+    pending = false;
+    whole = false;
+    if (!database.IsOpen())
+        return;
+    RequireTakenBack();
+    if (!database.InTransaction())
+        return;
+    try {
+        Commit();
+    } catch (...) {
+        TakeBack();
+        throw;
+    }
+}
+
+void Connection::State::Abandon() noexcept
+{
+    pending = false;
+    whole = false;
+    if (database.IsOpen())
+        TakeBack();
+}
+
+void Connection::State::TakeBack() noexcept
+{
+    if (database.InTransaction())
+        database.RollBack(rollback);
+    abandoned = database.InTransaction();
+    ForgetSchema();
+}
+
+void Connection::State::RequireTakenBack()
+{
+    if (abandoned)
+        TakeBack();
+    if (abandoned)
+        throw std::bad_alloc();
+}
+
+void Connection::State::EndReading() noexcept
+{
+    reading = false;
+    try {
+        Commit();
+    } catch (...) {
+        TakeBack();
+    }
+}
+
+bool Connection::State::ChangedElsewhere()
+{
+    if (!database.IsOpen())
+        return false;
+    const Database::Impatient now(database);
+    try {
+        if (!readDataVersion)
+            readDataVersion = database.Prepare("PRAGMA data_version", true);
+        const ResetAtExit reset(readDataVersion);
+        database.Step(readDataVersion);
+        const std::int64_t version = readDataVersion.Integer(0);
+        const bool changed = version != dataVersion;
+        dataVersion = version;
+        return changed;
+    } catch (const EngineError& error) {
+        if (error.Trouble() == FileTrouble::Locked)
+            return false;
+        throw;
+    }
+}
+
+ReadGroup::ReadGroup(Connection::State& session)
+{
+    if (session.database.InTransaction())
+        return;
+    session.database.Step(session.beginReading);
+    session.reading = true;
+    session_ = &session;
+}
+
+ReadGroup::~ReadGroup()
+{
+    if (session_)
+        session_->EndReading();
+}
+
+}  // namespace clb

@@ -1,0 +1,88 @@
+#pragma once
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "engine/rows/Connection.h"
+#include "engine/sql/Plan.h"
+#include "engine/sql/StatementCache.h"
+#include "engine/storage/Catalogue.h"
+#include "engine/storage/Database.h"
+
+namespace clb {
+
+/// What a connection is made of; result sets work on it.
+struct Connection::State {
+    Database database;
+    Catalogue catalogue{database};
+    StatementCache cache;
+    std::function<void(std::string_view)> trace;
+    std::int64_t schemaVersion = -1;  ///< of the catalogue and the cache; -1: not known
+    bool reading = false;             ///< a ReadGroup lives
+    bool pending = false;             ///< the pending group was opened and not settled
+    bool whole = false;               ///< it was opened ahead: it is kept whole or not at all
+    Statement readSchemaVersion;
+    // Prepared by Open, so that a group can be ended when there is no memory for it.
+    Statement begin;
+    Statement beginReading;
+    Statement commit;
+    Statement rollback;
+    bool abandoned = false;  ///< the open group could not be taken back: it is never committed
+    Statement readDataVersion;
+    std::int64_t dataVersion = -1;  ///< of the storage when it was last asked; -1: not known
+
+    /// Opens the file and prepares what begins and ends groups. Throws EngineError.
+    void Open(const std::string& path);
+    /// The compiled statement and its values. Notices first when another program has changed the
+    /// schema. Throws EngineError.
+    StatementCache::Entry Prepare(std::string_view sql);
+    /// The same for a statement whose rows are to be read. Throws EngineError for any but a SELECT.
+    StatementCache::Entry PrepareSelect(std::string_view sql);
+    /// Opens the pending group unless it is open. Throws the error that made the storage give up
+    /// the group, where it did.
+    void BeginWrite();
+    /// Runs a statement that writes, behind BeginWrite. Trouble with the file gives up a group that
+    /// is kept whole or not at all. Throws EngineError.
+    void StepWrite(Statement& statement);
+    /// Runs an INSERT into a table whose counter numbers the new rows. Throws EngineError, with
+    /// nothing changed, when the counter has too few numbers left.
+    void StepInsert(Statement& statement, const std::string& table);
+    /// Whether the pending group was given up with all that was in it.
+    [[nodiscard]] bool LostGroup() const { return pending && !database.InTransaction(); }
+    void Settle();
+    void Abandon() noexcept;
+    bool ChangedElsewhere();
+    void Commit() { database.Step(commit); }
+    /// Ends the transaction of a ReadGroup, in which nothing was written.
+    void EndReading() noexcept;
+    /// To be called after each change of the schema.
+    void ForgetSchema();
+    void RequireOpen() const;
+
+private:
+    void NoticeForeignSchema();
+    /// Takes the open group back; a group that cannot be taken back is marked as abandoned.
+    void TakeBack() noexcept;
+    /// Tries again to take an abandoned group back. Throws std::bad_alloc when it stays.
+    void RequireTakenBack();
+    std::int64_t LastNumber(const std::string& table);
+
+    std::map<std::string, Statement> lastNumbers_;  ///< by table
+};
+
+/// Several reads in one block see one state of the file and lock it once. Does nothing inside the
+/// pending group. Nothing may be written while it lives.
+class ReadGroup {
+public:
+    explicit ReadGroup(Connection::State& session);
+    ~ReadGroup();
+    ReadGroup(const ReadGroup&) = delete;
+    ReadGroup& operator=(const ReadGroup&) = delete;
+
+private:
+    Connection::State* session_ = nullptr;  // null: somebody else's group goes on
+};
+
+}  // namespace clb

@@ -1,0 +1,19 @@
+// The parsers of the parts of a query.
+#pragma once
+#include "engine/sql/Ast.h"
+#include "engine/sql/TokenReader.h"
+
+namespace clb {
+
+/// Parses an expression. From the loosest to the tightest binding: OR, AND, NOT, comparison, "&",
+/// plus and minus, times and divided by, sign, operand.
+ExpressionPtr ParseExpression(TokenReader& in);
+
+SelectStatement ParseSelect(TokenReader& in);
+InsertStatement ParseInsert(TokenReader& in);
+UpdateStatement ParseUpdate(TokenReader& in);
+DeleteStatement ParseDelete(TokenReader& in);
+/// CREATE, DROP and ALTER.
+DdlStatement ParseDdl(TokenReader& in);
+
+}  // namespace clb

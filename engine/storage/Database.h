@@ -1,0 +1,152 @@
+// One SQLite database file and its prepared queries.
+#pragma once
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "base/Value.h"
+#include "engine/storage/EngineError.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace clb {
+
+/// One prepared query of the storage. It may outlive its Database, but must not run after that.
+class Statement {
+public:
+    Statement() = default;
+    explicit Statement(sqlite3_stmt* raw) : raw_(raw) {}
+
+    explicit operator bool() const { return raw_ != nullptr; }
+    [[nodiscard]] sqlite3_stmt* Raw() const { return raw_.get(); }
+
+    /// Binds a value to a 1-based parameter. The value is not copied: it must live until the query
+    /// is reset. Money is bound scaled, dates as ISO text, booleans as 0 or 1. This and the next
+    /// two functions throw EngineError if the value is too big.
+    void Bind(int parameter, const Value& value);
+    void Bind(int parameter, const Value&& value) = delete;
+    /// Binds the values to the first parameters. They must live as long.
+    void BindAll(std::span<const Value> values);
+    void BindText(int parameter, std::string_view text);  ///< copied
+    void BindInteger(int parameter, std::int64_t value);
+    [[nodiscard]] int ParameterCount() const;
+
+    /// Returns the cell of a 0-based column in the row that Step reached. Throws EngineError
+    /// (TypeMismatch) if the cell does not hold a value of the type. Other programs can put
+    /// anything into any column, and a text or a binary fraction is never converted to an amount.
+    [[nodiscard]] Value Get(int column, FieldType type) const;
+    /// Describes the contents of the cell in words, such as "the text '12,50'". A long text is cut.
+    [[nodiscard]] std::string Describe(int column) const;
+    [[nodiscard]] std::string Text(int column) const;
+    /// The same without a copy. Valid until the query moves on or is reset.
+    [[nodiscard]] std::string_view TextView(int column) const;
+    [[nodiscard]] std::int64_t Integer(int column) const;
+    void Reset() noexcept;
+
+private:
+    struct Finalize {
+        void operator()(sqlite3_stmt* raw) const;
+    };
+    std::unique_ptr<sqlite3_stmt, Finalize> raw_;
+};
+
+/// Resets a query at the end of a block, so that it does not stay open.
+class ResetAtExit {
+public:
+    explicit ResetAtExit(Statement& statement) : statement_(&statement) {}
+    ~ResetAtExit() { statement_->Reset(); }
+    ResetAtExit(const ResetAtExit&) = delete;
+    ResetAtExit& operator=(const ResetAtExit&) = delete;
+
+private:
+    Statement* statement_;
+};
+
+/// One open SQLite file. Throws EngineError, which names the file if the problem is with the file,
+/// or std::bad_alloc if the storage is out of memory.
+class Database {
+public:
+    Database() = default;
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    /// Opens an existing file for reading and writing. Never creates one. Rejects a file that
+    /// cannot be written.
+    void OpenExisting(const std::string& path);
+    /// Opens an existing file for reading. The file may be read-only. Nothing is written, except
+    /// that the journal of an interrupted program is rolled back.
+    void OpenToRead(const std::string& path);
+    /// Opens the bytes of a database file in memory, for reading.
+    void OpenImage(std::string_view bytes);
+    /// Creates a file. Writes to it are not synchronised to the disk.
+    void Create(const std::string& path);
+    void Close();
+    [[nodiscard]] bool IsOpen() const { return raw_ != nullptr; }
+
+    /// Prepares one query in the storage's own SQL. lasting: it will run many times.
+    Statement Prepare(std::string_view sql, bool lasting = false);
+    /// Returns true if there is a row, false at the end. Resets the query at the end and before it
+    /// throws.
+    bool Step(Statement& statement);
+    /// Runs all queries of a script and drops their rows.
+    void Run(const std::string& script);
+
+    [[nodiscard]] std::int64_t LastRowId() const;
+    [[nodiscard]] std::int64_t ChangedRows() const;
+    [[nodiscard]] bool InTransaction() const;
+    /// Rolls back the open transaction, if any, with a query that was prepared earlier, so that it
+    /// works even without memory. InTransaction() shows whether it worked.
+    void RollBack(Statement& rollback) noexcept;
+
+    /// While this object lives, a query that meets another program's lock fails at once.
+    class Impatient {
+    public:
+        explicit Impatient(Database& database);
+        ~Impatient();
+        Impatient(const Impatient&) = delete;
+        Impatient& operator=(const Impatient&) = delete;
+
+    private:
+        Database& database_;
+    };
+
+    /// Records an error of one of our functions inside a running query. Step and Run throw it.
+    void Fail(const EngineError& error) { failure_ = error; }
+    /// Records that our collation ran out of memory. The storage has no way to take such an error,
+    /// so Step throws it.
+    void FailForMemory() noexcept { noMemory_ = true; }
+
+    /// Throws the error for a code that the storage returned elsewhere.
+    [[noreturn]] void Refuse(int code);
+
+    /// Throws the latest error about the file or about memory. Such an error makes the storage give
+    /// up a transaction.
+    [[noreturn]] void ThrowLastTrouble() const;
+
+    [[nodiscard]] sqlite3* Raw() const { return raw_; }
+
+private:
+    void Connect(const std::string& path, int flags);
+    /// Rejects what cannot be a database. The storage would take an empty file for a new database.
+    static void RequireFile(const std::string& path);
+    void RequireWritable();
+    /// Disables the features that a hostile file could use against the user.
+    void Distrust();
+    void Configure();
+    void ReadFirst();
+    [[noreturn]] void Throw(int code, const char* message);
+
+    sqlite3* raw_ = nullptr;
+    std::string path_;
+    std::optional<EngineError> failure_;
+    EngineError fileError_{engine_errors::Unavailable, ""};
+    bool noMemory_ = false;        ///< a collation has run out of memory
+    bool troubleIsMemory_ = true;  ///< the latest error was about memory, not fileError_
+};
+
+}  // namespace clb
