@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -45,6 +46,11 @@ const std::map<std::string, std::set<std::string>> kLadder = {
     {"desktop",
      {"base", "files", "ports", "engine", "controls", "data", "grid", "views", "import", "export",
       "quotes", "app", "platform", "automation"}},
+};
+
+/// The wings of a folder. A wing includes only itself and those named before it.
+const std::map<std::string, std::vector<std::string>> kWings = {
+    {"desktop", {"look", "input", "grid", "forms", "ports", "window", "start"}},
 };
 
 bool IsSource(const fs::path& path)
@@ -92,6 +98,25 @@ TEST(LadderTest, EveryFolderIncludesOnlyFoldersAboveIt)
         }
     }
     EXPECT_GT(seen, 100U);
+}
+
+TEST(LadderTest, EveryWingIncludesOnlyWingsBeforeIt)
+{
+    for (const auto& [folder, wings] : kWings) {
+        const auto place = [&names = wings](const fs::path& wing) {
+            return std::find(names.begin(), names.end(), wing.string()) - names.begin();
+        };
+        for (const fs::path& source : SourcesOf(folder)) {
+            const auto wing = place(source.parent_path().filename());
+            EXPECT_LT(wing, std::ssize(wings)) << source.string() << " is in no wing";
+            for (const fs::path name : IncludesOf(source)) {
+                if (name.string().starts_with(folder + "/")) {
+                    EXPECT_LE(place(name.parent_path().filename()), wing)
+                        << source.string() << " includes " << name.string();
+                }
+            }
+        }
+    }
 }
 
 TEST(LadderTest, OnlyTheEngineSeesTheStorage)

@@ -6,14 +6,14 @@
 #include <QTest>
 #include <string>
 
-#include "desktop/GridView.h"
-#include "desktop/ListBinder.h"
-#include "desktop/MainWindow.h"
-#include "desktop/TextConvert.h"
-#include "desktop/ToolbarBinder.h"
-#include "desktop/TreeBinder.h"
-#include "desktop/UserEvents.h"
-#include "desktop/YearBox.h"
+#include "desktop/forms/ListBinder.h"
+#include "desktop/grid/GridView.h"
+#include "desktop/input/UserEvents.h"
+#include "desktop/look/TextConvert.h"
+#include "desktop/window/MainWindow.h"
+#include "desktop/window/ToolbarBinder.h"
+#include "desktop/window/TreeBinder.h"
+#include "desktop/window/YearBox.h"
 #include "tests/support/Books.h"
 
 namespace clb {
