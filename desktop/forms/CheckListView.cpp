@@ -4,7 +4,7 @@
 #include <QScopedValueRollback>
 
 #include "desktop/input/UserEvents.h"
-#include "desktop/look/AiryLines.h"
+#include "desktop/look/PaddedItemDelegate.h"
 #include "desktop/look/TextConvert.h"
 
 namespace clb {
@@ -15,7 +15,7 @@ CheckListView::CheckListView(CheckList& list, UserEvents& events, QWidget* paren
     setRootIsDecorated(false);
     setAlternatingRowColors(true);
     setUniformRowHeights(true);
-    setItemDelegate(new AiryLines(this));
+    setItemDelegate(new PaddedItemDelegate(this));
     QStringList captions;
     for (const std::string& caption : list_.Columns())
         captions << ToQString(caption);

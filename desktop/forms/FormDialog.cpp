@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "controls/ControlVisitor.h"
 #include "desktop/forms/CheckListView.h"
 #include "desktop/forms/FormLayouts.h"
 #include "desktop/forms/ListBinder.h"
@@ -14,6 +15,37 @@
 #include "desktop/look/TextConvert.h"
 
 namespace clb {
+
+/// Draws one control with the widget of its kind.
+class FormDialog::Drawing : public ControlVisitor {
+public:
+    /// The dialog is borrowed; it owns the widget.
+    explicit Drawing(FormDialog& dialog) : dialog_(dialog) {}
+
+    void Visit(Button& button) override { drawn = dialog_.DrawButton(button); }
+    void Visit(CheckList& list) override
+    {
+        drawn = new CheckListView(list, dialog_.events_, &dialog_);
+    }
+    void Visit(Label& label) override { drawn = dialog_.DrawLabel(label); }
+    void Visit(ListBox& list) override { drawn = new ListBinder(list, dialog_.events_, &dialog_); }
+    void Visit(OptionButton& option) override { drawn = dialog_.DrawOption(option); }
+    void Visit(Spinner& spinner) override
+    {
+        drawn = new StepArrows(spinner, dialog_.events_, &dialog_);
+    }
+    void Visit(TextBox& box) override { drawn = dialog_.DrawText(box); }
+    void Other(Control& control) override
+    {
+        if (control.Name() == "picAppIcon")
+            drawn = dialog_.DrawPicture();
+    }
+
+    QWidget* drawn = nullptr;  ///< nullptr for a control that is not drawn
+
+private:
+    FormDialog& dialog_;
+};
 
 FormDialog::FormDialog(Form& form, UserEvents& events, QWidget* parent)
     : QDialog(parent),
@@ -47,32 +79,15 @@ void FormDialog::Describe(const std::string& label, const std::string& control)
 void FormDialog::BuildWidgets()
 {
     for (Control* control : form_.Controls()) {
-        QWidget* widget = Draw(*control);
+        Drawing drawing(*this);
+        control->Accept(drawing);
+        QWidget* widget = drawing.drawn;
         if (!widget)
             continue;
         widget->setObjectName(ToQString(control->Name()));
         widgets_[control->Name()] = widget;
         focus_->Add(*control, *widget);
     }
-}
-
-QWidget* FormDialog::Draw(Control& control)
-{
-    if (auto* label = dynamic_cast<Label*>(&control))
-        return DrawLabel(*label);
-    if (auto* box = dynamic_cast<TextBox*>(&control))
-        return DrawText(*box);
-    if (auto* list = dynamic_cast<ListBox*>(&control))
-        return new ListBinder(*list, events_, this);
-    if (auto* button = dynamic_cast<Button*>(&control))
-        return DrawButton(*button);
-    if (auto* option = dynamic_cast<OptionButton*>(&control))
-        return DrawOption(*option);
-    if (auto* spinner = dynamic_cast<Spinner*>(&control))
-        return new StepArrows(*spinner, events_, this);
-    if (auto* list = dynamic_cast<CheckList*>(&control))
-        return new CheckListView(*list, events_, this);
-    return control.Name() == "picAppIcon" ? DrawPicture() : nullptr;
 }
 
 void FormDialog::Follow(Control& control, std::function<void()> sync)

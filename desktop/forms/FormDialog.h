@@ -39,8 +39,9 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    class Drawing;
+
     void BuildWidgets();
-    QWidget* Draw(Control& control);
     QWidget* DrawLabel(Label& label);
     QWidget* DrawLink(Label& label, QLabel* drawn);
     QWidget* DrawPicture();

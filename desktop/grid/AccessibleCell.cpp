@@ -17,7 +17,7 @@ std::int32_t AccessibleCell::Column() const
 bool AccessibleCell::isValid() const
 {
     return row_ <= view_.Layout().RowCount() && place_ <= view_.Layout().Spans().size() &&
-           row_ <= view_.Component().Rows().Count();
+           row_ <= grid_.Rows().Count();
 }
 
 QWindow* AccessibleCell::window() const
@@ -36,10 +36,9 @@ QString AccessibleCell::text(QAccessible::Text kind) const
         return {};
     const bool name = kind == QAccessible::Name;
     if (row_ == 0)
-        return name && place_ != 0 ? ToQString(view_.Component().Columns().Item(Column()).caption)
-                                   : QString();
+        return name && place_ != 0 ? ToQString(grid_.Columns().Item(Column()).caption) : QString();
     if (place_ == 0)
-        return name ? grid_.rowDescription(rowIndex()) : QString();
+        return name ? table_.rowDescription(rowIndex()) : QString();
     switch (kind) {
         case QAccessible::Name:
         case QAccessible::Value: return CellText();
@@ -50,14 +49,13 @@ QString AccessibleCell::text(QAccessible::Text kind) const
 
 QString AccessibleCell::CellText() const
 {
-    GridComponent& grid = view_.Component();
     try {
-        switch (grid.Rows().Kind(row_)) {
+        switch (grid_.Rows().Kind(row_)) {
             case GridRowKind::GroupHeading:
-                return place_ == 1 ? ToQString(grid.Rows().HeadingText(row_)) : QString();
+                return place_ == 1 ? ToQString(grid_.Rows().HeadingText(row_)) : QString();
             case GridRowKind::GroupFooter:
-                return place_ == 1 ? ToQString(grid.FooterText(row_)) : QString();
-            default: return ToQString(grid.CellText(row_, Column()));
+                return place_ == 1 ? ToQString(grid_.FooterText(row_)) : QString();
+            default: return ToQString(grid_.CellText(row_, Column()));
         }
     } catch (const RuntimeError&) {
         return {};
@@ -66,12 +64,11 @@ QString AccessibleCell::CellText() const
 
 QString AccessibleCell::Tip() const
 {
-    GridComponent& grid = view_.Component();
     // Fetching it asks the data store: for the cell that the user is at, and for no other.
-    if (row_ != grid.Row() || Column() != grid.Col())
+    if (row_ != grid_.Row() || Column() != grid_.Col())
         return {};
     try {
-        return ToQString(grid.CellTip(row_, Column()).value_or(""));
+        return ToQString(grid_.CellTip(row_, Column()).value_or(""));
     } catch (const RuntimeError&) {
         return {};
     }
@@ -108,13 +105,12 @@ QAccessible::State AccessibleCell::state() const
     state.invalid = !isValid();
     if (state.invalid || !IsCell())
         return state;
-    GridComponent& grid = view_.Component();
-    const bool current = row_ == grid.Row() && Column() == grid.Col();
+    const bool current = row_ == grid_.Row() && Column() == grid_.Col();
     state.focusable = state.selectable = true;
     state.selected = isSelected();
     state.focused = state.active = current && view_.hasFocus();
-    const GridColumn& column = grid.Columns().Item(Column());
-    const GridRowKind kind = grid.Rows().Kind(row_);
+    const GridColumn& column = grid_.Columns().Item(Column());
+    const GridRowKind kind = grid_.Rows().Kind(row_);
     const bool group = kind == GridRowKind::GroupHeading || kind == GridRowKind::GroupFooter;
     state.editable = !group && !column.readOnly && !column.Calculated();
     state.readOnly = !state.editable;
@@ -126,7 +122,7 @@ QAccessible::State AccessibleCell::state() const
 
 void AccessibleCell::AddFolding(QAccessible::State& state) const
 {
-    const GridRows& rows = view_.Component().Rows();
+    const GridRows& rows = grid_.Rows();
     if (rows.Kind(row_) != GridRowKind::GroupHeading)
         return;
     state.expandable = true;
@@ -145,18 +141,17 @@ void* AccessibleCell::interface_cast(QAccessible::InterfaceType type)
 
 bool AccessibleCell::isSelected() const
 {
-    return IsCell() && isValid() && row_ == view_.Component().Row() &&
-           Column() == view_.Component().Col();
+    return IsCell() && isValid() && row_ == grid_.Row() && Column() == grid_.Col();
 }
 
 QList<QAccessibleInterface*> AccessibleCell::columnHeaderCells() const
 {
-    return {grid_.Header(place_)};
+    return {table_.Header(place_)};
 }
 
 QList<QAccessibleInterface*> AccessibleCell::rowHeaderCells() const
 {
-    return {grid_.RowHeader(row_)};
+    return {table_.RowHeader(row_)};
 }
 
 QStringList AccessibleCell::actionNames() const

@@ -5,6 +5,7 @@
 namespace clb {
 
 class AccessibleGrid;
+class GridComponent;
 class GridView;
 
 /// A cell of the grid, a header of a column (row 0) or of a line (place 0) for screen readers.
@@ -12,9 +13,10 @@ class AccessibleCell : public QAccessibleInterface,
                        public QAccessibleTableCellInterface,
                        public QAccessibleActionInterface {
 public:
-    /// row from 1; place from 1 among the shown columns. Both borrowed.
-    AccessibleCell(const AccessibleGrid& grid, GridView& view, std::size_t row, std::size_t place)
-        : grid_(grid), view_(view), row_(row), place_(place)
+    /// row from 1; place from 1 among the shown columns. All borrowed.
+    AccessibleCell(const AccessibleGrid& table, GridView& view, GridComponent& grid,
+                   std::size_t row, std::size_t place)
+        : table_(table), view_(view), grid_(grid), row_(row), place_(place)
     {
     }
 
@@ -62,8 +64,9 @@ private:
     [[nodiscard]] QString Tip() const;
     void AddFolding(QAccessible::State& state) const;
 
-    const AccessibleGrid& grid_;
+    const AccessibleGrid& table_;
     GridView& view_;
+    GridComponent& grid_;
     std::size_t row_;
     std::size_t place_;
 };

@@ -15,7 +15,7 @@ namespace {
 QAccessibleInterface* Make(const QString& /*className*/, QObject* object)
 {
     auto* view = dynamic_cast<GridView*>(object);
-    return view ? new AccessibleGrid(*view) : nullptr;
+    return view ? view->MakeAccessible() : nullptr;
 }
 
 int Across(const GridView& view)
@@ -40,8 +40,8 @@ int AccessibleGrid::ChildOf(const GridView& view, std::size_t row, std::size_t p
     return static_cast<int>(row) * Across(view) + static_cast<int>(place);
 }
 
-AccessibleGrid::AccessibleGrid(GridView& view)
-    : QAccessibleWidget(&view, QAccessible::Table), view_(view)
+AccessibleGrid::AccessibleGrid(GridView& view, GridComponent& grid)
+    : QAccessibleWidget(&view, QAccessible::Table), view_(view), grid_(grid)
 {
 }
 
@@ -85,8 +85,9 @@ QAccessibleInterface* AccessibleGrid::child(int index) const
     const auto known = cells_.find(index);
     if (known != cells_.end())
         return QAccessible::accessibleInterface(known->second);
-    auto* cell = new AccessibleCell(*this, view_, static_cast<std::size_t>(index / Across(view_)),
-                                    static_cast<std::size_t>(index % Across(view_)));
+    auto* cell =
+        new AccessibleCell(*this, view_, grid_, static_cast<std::size_t>(index / Across(view_)),
+                           static_cast<std::size_t>(index % Across(view_)));
     cells_[index] = QAccessible::registerAccessibleInterface(cell);
     return cell;
 }
@@ -107,7 +108,7 @@ QAccessibleInterface* AccessibleGrid::childAt(int x, int y) const
     const std::size_t row = place.y() < 0 ? 0 : view_.Layout().RowAt(place.y());
     if (!view_.rect().contains(view_.mapFromGlobal(QPoint(x, y))) || (place.y() >= 0 && row == 0))
         return nullptr;
-    const std::size_t at = view_.PlaceOf(column);
+    const std::size_t at = view_.Layout().PlaceOf(column);
     return child(ChildOf(view_, row, at));
 }
 
@@ -115,10 +116,9 @@ QAccessibleInterface* AccessibleGrid::focusChild() const
 {
     if (view_.Editor().IsOpen())
         return QAccessible::queryAccessibleInterface(&view_.Editor().Line());
-    const GridComponent& grid = view_.Component();
-    if (!view_.hasFocus() || grid.Row() == 0)
+    if (!view_.hasFocus() || grid_.Row() == 0)
         return nullptr;
-    return child(ChildOf(view_, grid.Row(), view_.PlaceOf(grid.Col())));
+    return child(ChildOf(view_, grid_.Row(), view_.Layout().PlaceOf(grid_.Col())));
 }
 
 QAccessibleInterface* AccessibleGrid::cellAt(int row, int column) const
@@ -144,22 +144,21 @@ QString AccessibleGrid::columnDescription(int column) const
     if (column < 0 || column >= columnCount())
         return {};
     const auto& span = view_.Layout().Spans()[static_cast<std::size_t>(column)];
-    return ToQString(view_.Component().Columns().Item(span.column).caption);
+    return ToQString(grid_.Columns().Item(span.column).caption);
 }
 
 QString AccessibleGrid::rowDescription(int row) const
 {
     if (row < 0 || row >= rowCount())
         return {};
-    GridComponent& grid = view_.Component();
     const auto at = static_cast<std::size_t>(row) + 1;
-    switch (grid.Rows().Kind(at)) {
+    switch (grid_.Rows().Kind(at)) {
         case GridRowKind::GroupHeading: return QStringLiteral("Group");
         case GridRowKind::GroupFooter: return QStringLiteral("Sum of the group");
         case GridRowKind::NewRow: return QStringLiteral("New row");
         default: break;
     }
-    const bool changed = at == grid.Row() && grid.Dirty();
+    const bool changed = at == grid_.Row() && grid_.Dirty();
     return QStringLiteral("Row %1%2")
         .arg(at)
         .arg(changed ? QStringLiteral(", changed") : QString());
@@ -167,15 +166,14 @@ QString AccessibleGrid::rowDescription(int row) const
 
 int AccessibleGrid::selectedCellCount() const
 {
-    return view_.Component().Row() == 0 ? 0 : 1;
+    return grid_.Row() == 0 ? 0 : 1;
 }
 
 QList<QAccessibleInterface*> AccessibleGrid::selectedCells() const
 {
-    const GridComponent& grid = view_.Component();
-    if (grid.Row() == 0)
+    if (grid_.Row() == 0)
         return {};
-    return {child(ChildOf(view_, grid.Row(), view_.PlaceOf(grid.Col())))};
+    return {child(ChildOf(view_, grid_.Row(), view_.Layout().PlaceOf(grid_.Col())))};
 }
 
 int AccessibleGrid::selectedRowCount() const
@@ -185,19 +183,19 @@ int AccessibleGrid::selectedRowCount() const
 
 QList<int> AccessibleGrid::selectedRows() const
 {
-    const std::size_t row = view_.Component().Row();
+    const std::size_t row = grid_.Row();
     return row == 0 ? QList<int>() : QList<int>{static_cast<int>(row) - 1};
 }
 
 bool AccessibleGrid::isRowSelected(int row) const
 {
-    return static_cast<std::size_t>(row) + 1 == view_.Component().Row();
+    return static_cast<std::size_t>(row) + 1 == grid_.Row();
 }
 
 bool AccessibleGrid::selectRow(int row)
 {
     return row >= 0 && row < rowCount() &&
-           view_.GoTo(static_cast<std::size_t>(row) + 1, view_.Component().Col());
+           view_.GoTo(static_cast<std::size_t>(row) + 1, grid_.Col());
 }
 
 void AccessibleGrid::modelChange(QAccessibleTableModelChangeEvent* /*event*/)

@@ -5,6 +5,7 @@
 
 namespace clb {
 
+class GridComponent;
 class GridView;
 
 /// The grid as a screen reader knows it: a table with a row of column headers on top and a row
@@ -21,7 +22,8 @@ public:
     /// place from 1 among the shown columns, 0 the row header.
     static int ChildOf(const GridView& view, std::size_t row, std::size_t place);
 
-    explicit AccessibleGrid(GridView& view);
+    /// Both borrowed; they outlive this.
+    AccessibleGrid(GridView& view, GridComponent& grid);
     ~AccessibleGrid() override;
 
     void* interface_cast(QAccessible::InterfaceType type) override;
@@ -61,6 +63,7 @@ private:
     void Forget();
 
     GridView& view_;
+    GridComponent& grid_;
     mutable std::map<int, QAccessible::Id> cells_;
 };
 

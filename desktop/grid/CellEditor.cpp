@@ -1,5 +1,6 @@
 #include "desktop/grid/CellEditor.h"
 
+#include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QKeyEvent>
 #include <QLabel>
@@ -38,14 +39,15 @@ bool EndsTheEdit(int key)
 
 }  // namespace
 
-CellEditor::CellEditor(GridComponent& grid, QWidget* viewport,
-                       std::function<bool(QKeyEvent&)> leave)
-    : QFrame(viewport),
+CellEditor::CellEditor(GridComponent& grid, QAbstractScrollArea& view,
+                       std::function<bool(const QKeyEvent&)> leave)
+    : QFrame(view.viewport()),
       grid_(grid),
+      view_(view),
       leave_(std::move(leave)),
       line_(new QLineEdit(this)),
       button_(new QToolButton(this)),
-      refusal_(new QLabel(viewport))
+      refusal_(new QLabel(view.viewport()))
 {
     setObjectName(QStringLiteral("CellEditor"));
     setAutoFillBackground(true);
@@ -108,8 +110,7 @@ void CellEditor::Open()
     resizeEvent(nullptr);
     show();
     raise();
-    // The view has the focus through its editor as long as that is open.
-    parentWidget()->parentWidget()->setFocusProxy(this);
+    view_.setFocusProxy(this);
     line_->setFocus(Qt::OtherFocusReason);
 }
 
@@ -118,11 +119,10 @@ void CellEditor::Close()
     open_ = false;
     if (popup_)
         popup_->close();
-    QWidget* view = parentWidget()->parentWidget();
     const bool focused = line_->hasFocus();
-    view->setFocusProxy(nullptr);
+    view_.setFocusProxy(nullptr);
     if (focused)
-        view->setFocus(Qt::OtherFocusReason);
+        view_.setFocus(Qt::OtherFocusReason);
     hide();
     refusal_->hide();
 }
@@ -190,8 +190,8 @@ void CellEditor::ShowRefusal()
     refusal_->show();
     refusal_->raise();
     if (news) {
-        QAccessibleEvent told(refusal_, QAccessible::Alert);
-        QAccessible::updateAccessibility(&told);
+        QAccessibleEvent alert(refusal_, QAccessible::Alert);
+        QAccessible::updateAccessibility(&alert);
     }
 }
 

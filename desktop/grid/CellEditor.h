@@ -6,6 +6,7 @@
 #include "controls/GridComponent.h"
 #include "desktop/grid/CellPopup.h"
 
+class QAbstractScrollArea;
 class QKeyEvent;
 class QLabel;
 class QLineEdit;
@@ -21,9 +22,11 @@ namespace clb {
 /// What is typed goes into the component at once; the component decides what becomes of it.
 class CellEditor : public QFrame {
 public:
-    /// leave takes the keys that end the edit (Enter, Tab, Escape, rows up and down) and says
-    /// whether it did. grid is borrowed and outlives the editor.
-    CellEditor(GridComponent& grid, QWidget* viewport, std::function<bool(QKeyEvent&)> leave);
+    /// leave takes the keys that end the edit (Enter, Tab, Escape, rows up and down) and returns
+    /// whether it did. grid and view are borrowed and outlive the editor, which lies in the view's
+    /// viewport. The view has its focus through the editor while that is open.
+    CellEditor(GridComponent& grid, QAbstractScrollArea& view,
+               std::function<bool(const QKeyEvent&)> leave);
 
     /// Opens, moves or closes the line as the component's state says.
     void Follow(const QRect& cell);
@@ -59,7 +62,8 @@ private:
     [[nodiscard]] bool HasCalendar() const { return Column().dataType == FieldType::Date; }
 
     GridComponent& grid_;
-    std::function<bool(QKeyEvent&)> leave_;
+    QAbstractScrollArea& view_;
+    std::function<bool(const QKeyEvent&)> leave_;
     QLineEdit* line_;
     QToolButton* button_;
     QLabel* refusal_;

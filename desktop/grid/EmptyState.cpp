@@ -1,5 +1,6 @@
 #include "desktop/grid/EmptyState.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
@@ -67,8 +68,12 @@ int PictureSide(const QWidget& widget)
 
 }  // namespace
 
-EmptyState::EmptyState(QWidget* viewport)
-    : QWidget(viewport), title_(new QLabel(this)), text_(new QLabel(this)), row_(new QHBoxLayout)
+EmptyState::EmptyState(QAbstractScrollArea& grid)
+    : QWidget(grid.viewport()),
+      grid_(grid),
+      title_(new QLabel(this)),
+      text_(new QLabel(this)),
+      row_(new QHBoxLayout)
 {
     setObjectName(QStringLiteral("EmptyState"));
     QFont large = title_->font();
@@ -138,7 +143,7 @@ void EmptyState::Take(const EmptyHint& hint)
             Hide(*link);
     row_->addStretch(1);
     // Tab reaches them behind the grid's cells.
-    QWidget* before = parentWidget()->parentWidget();
+    QWidget* before = &grid_;
     for (const EmptyHint::Way& way : hint.ways) {
         QPushButton* link = LinkTo(way.item);
         link->setText(ToQString(way.caption));
@@ -170,7 +175,7 @@ void EmptyState::Hide(QWidget& part)
     // What had the focus gives it back to the grid.
     const QWidget* focused = QApplication::focusWidget();
     if (focused && (focused == &part || part.isAncestorOf(focused)))
-        parentWidget()->parentWidget()->setFocus(Qt::OtherFocusReason);
+        grid_.setFocus(Qt::OtherFocusReason);
     part.hide();
 }
 

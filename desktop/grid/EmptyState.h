@@ -6,6 +6,7 @@
 
 #include "app/EmptyHint.h"
 
+class QAbstractScrollArea;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
@@ -18,7 +19,8 @@ class EmptyState : public QWidget {
 public:
     /// Runs the command of a menu item.
     using Press = std::function<void(const std::string& item)>;
-    explicit EmptyState(QWidget* viewport);
+    /// Lies in the viewport of the grid, which is borrowed.
+    explicit EmptyState(QAbstractScrollArea& grid);
 
     void OnPress(Press press) { press_ = std::move(press); }
     /// Shows the hint in the middle of the room; hides without one, and where it does not fit.
@@ -37,6 +39,7 @@ private:
     QPushButton* LinkTo(const std::string& item);
     void Hide(QWidget& part);
 
+    QAbstractScrollArea& grid_;
     Press press_;
     EmptyHint shown_;
     QLabel* title_;

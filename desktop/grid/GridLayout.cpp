@@ -100,6 +100,13 @@ std::int32_t GridLayout::Neighbour(std::int32_t column, int steps) const
     return spans_[static_cast<std::size_t>(place)].column;
 }
 
+std::size_t GridLayout::PlaceOf(std::int32_t column) const
+{
+    const auto found = std::find_if(spans_.begin(), spans_.end(),
+                                    [column](const auto& span) { return span.column == column; });
+    return found == spans_.end() ? 0 : static_cast<std::size_t>(found - spans_.begin()) + 1;
+}
+
 std::int32_t GridLayout::FirstColumn() const
 {
     return spans_.empty() ? 0 : spans_.front().column;

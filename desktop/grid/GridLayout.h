@@ -55,6 +55,8 @@ public:
     /// The shown column `steps` to the right (negative: left) of a column; 0 when there is none.
     /// A column that is not shown counts as the first.
     [[nodiscard]] std::int32_t Neighbour(std::int32_t column, int steps) const;
+    /// Place of a column among the shown ones, from 1; 0 if it is not shown.
+    [[nodiscard]] std::size_t PlaceOf(std::int32_t column) const;
     [[nodiscard]] std::int32_t FirstColumn() const;
     [[nodiscard]] std::int32_t LastColumn() const;
 

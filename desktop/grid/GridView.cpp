@@ -15,6 +15,12 @@
 
 namespace clb {
 
+namespace {
+
+constexpr int WidthStep = 8;  // pixels that a key makes a column wider
+
+}  // namespace
+
 GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()> takeFocus,
                    QWidget* parent)
     : QAbstractScrollArea(parent),
@@ -27,8 +33,12 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
                               },
                               [this](std::int32_t column) { FitColumn(column); }},
                              this)),
-      editor_(new CellEditor(grid, viewport(), [this](QKeyEvent& key) { return LeaveEdit(key); })),
-      empty_(new EmptyState(viewport()))
+      editor_(new CellEditor(grid, *this, [this](const QKeyEvent& key) { return LeaveEdit(key); })),
+      empty_(new EmptyState(*this)),
+      cursor_(grid, layout_, events, *viewport()),
+      editing_(grid, cursor_, *editor_, events),
+      tips_(grid, layout_, events, *viewport()),
+      announcer_(*this, grid, events)
 {
     // The mouse gives the focus by way of the model, which may refuse it.
     setFocusPolicy(Qt::TabFocus);
@@ -41,8 +51,14 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
     grid_.RedrawChanged().connect(sigc::track_obj([this](bool on) { RedrawChanged(on); }, *this));
     AccessibleGrid::Install();
     grid_.AfterEdit().connect(sigc::track_obj(
-        [this](std::int32_t /*row*/, std::int32_t column) { TellValue(column); }, *this));
+        [this](std::int32_t /*row*/, std::int32_t column) { announcer_.ValueChanged(column); },
+        *this));
     Sync();
+}
+
+QAccessibleInterface* GridView::MakeAccessible()
+{
+    return new AccessibleGrid(*this, grid_);
 }
 
 void GridView::MeasureFonts()
@@ -60,7 +76,7 @@ void GridView::RedrawChanged(bool on)
     if (!on)
         return;
     Sync();
-    TellRows();
+    announcer_.RowsChanged();
 }
 
 void GridView::Sync()
@@ -77,13 +93,7 @@ void GridView::Sync()
         ShowCurrentCell();
     }
     FollowEdit();
-    const bool others = toldRows_ != layout_.RowCount() || toldColumns_ != layout_.Spans().size();
-    toldRows_ = layout_.RowCount();
-    toldColumns_ = layout_.Spans().size();
-    if (others)
-        TellRows();
-    else if (moved)
-        TellFocus();
+    announcer_.Drawn(layout_.RowCount(), layout_.Spans().size(), moved);
     FollowHint();
     header_->update();
     viewport()->update();
@@ -183,7 +193,7 @@ void GridView::focusInEvent(QFocusEvent* event)
 {
     QAbstractScrollArea::focusInEvent(event);
     viewport()->update();
-    TellFocus();
+    announcer_.FocusMoved();
 }
 
 void GridView::focusOutEvent(QFocusEvent* event)
@@ -215,12 +225,12 @@ void GridView::mousePressEvent(QMouseEvent* event)
             return;
         if (column == 0)
             column = std::max(grid_.Col(), 1);
-        if (!MoveToShown(row, column))
+        if (!cursor_.MoveToShown(row, column))
             return;
         const QRect line = layout_.RowRect(row);
         const bool arrow = place.x() >= line.left() && place.x() < line.left() + line.height();
-        if (left && arrow && OnHeading(grid_.Row()))
-            ToggleFold(grid_.Row());
+        if (left && arrow && cursor_.OnHeading(grid_.Row()))
+            cursor_.ToggleFold(grid_.Row());
     });
 }
 
@@ -234,15 +244,10 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event)
     // The first click made the cell current, unless a refused row kept the user where he was.
     if (grid_.Row() != row)
         return;
-    if (OnHeading(row))
-        events_.Run([&] { ToggleFold(grid_.RowNow(row)); });
+    if (cursor_.OnHeading(row))
+        events_.Run([&] { cursor_.ToggleFold(grid_.RowNow(row)); });
     else if (grid_.Col() == column)
-        BeginEdit();
-}
-
-bool GridView::OnHeading(std::size_t row)
-{
-    return row != 0 && grid_.Rows().Kind(row) == GridRowKind::GroupHeading;
+        editing_.Begin();
 }
 
 void GridView::FitColumn(std::int32_t column)
@@ -263,12 +268,102 @@ void GridView::FitColumn(std::int32_t column)
     });
 }
 
-void GridView::ToggleFold(std::size_t row)
+void GridView::keyPressEvent(QKeyEvent* event)
 {
-    if (row == 0)
+    const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
+    if (held == Qt::NoModifier && cursor_.FoldByKey(event->key()))
         return;
-    grid_.Fold(row, !grid_.Rows().Folded(row));
-    Sync();
+    if (ColumnByKey(*event) || editing_.ByKey(*event) || editing_.ByTyping(*event))
+        return;
+    const bool moves = held == Qt::NoModifier || held == Qt::ControlModifier;
+    if (!moves || !cursor_.Navigate(event->key(), held == Qt::ControlModifier))
+        event->ignore();
+}
+
+bool GridView::ColumnByKey(const QKeyEvent& event)
+{
+    const std::int32_t column = grid_.Col();
+    const int width = layout_.CellRect(grid_.Row(), column).width();
+    if (width == 0)
+        return false;
+    if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_F1) {
+        tips_.ShowAt(layout_.CellRect(grid_.Row(), column).center());
+        return true;
+    }
+    if (event.modifiers() != (Qt::ControlModifier | Qt::ShiftModifier))
+        return false;
+    switch (event.key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+            events_.Run([&] {
+                grid_.ResizeColumn(column,
+                                   width + (event.key() == Qt::Key_Left ? -WidthStep : WidthStep));
+            });
+            return true;
+        case Qt::Key_F: FitColumn(column); return true;
+        default: return false;
+    }
+}
+
+bool GridView::focusNextPrevChild(bool next)
+{
+    // Tab walks the cells; beyond the first and the last one it leaves the grid.
+    if (!editing_.End() || cursor_.MoveCell(next ? 1 : -1))
+        return true;
+    if (next && grid_.Dirty()) {
+        // The new row is complete: on to the next one.
+        cursor_.KeepRow();
+        return true;
+    }
+    return QAbstractScrollArea::focusNextPrevChild(next);
+}
+
+bool GridView::LeaveEdit(const QKeyEvent& event)
+{
+    if (event.key() != Qt::Key_Tab && event.key() != Qt::Key_Backtab)
+        return editing_.Leave(event);
+    focusNextPrevChild(event.key() == Qt::Key_Tab);
+    return true;
+}
+
+void GridView::inputMethodEvent(QInputMethodEvent* event)
+{
+    editing_.ByInputMethod(*event);
+}
+
+QVariant GridView::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    if (query == Qt::ImCursorRectangle)
+        return layout_.CellRect(grid_.Row(), grid_.Col())
+            .translated(0, viewport()->mapToParent(QPoint()).y());
+    return QAbstractScrollArea::inputMethodQuery(query);
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* event)
+{
+    tips_.PointerMoved(event->position().toPoint(), event->buttons() == Qt::NoButton);
+}
+
+bool GridView::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::Leave)
+        tips_.PointerLeft();
+    return QAbstractScrollArea::viewportEvent(event);
+}
+
+bool GridView::GoTo(std::size_t row, std::int32_t column)
+{
+    bool there = false;
+    events_.Run([&] { there = takeFocus_() && cursor_.MoveToShown(row, column); });
+    return there;
+}
+
+void GridView::Open()
+{
+    if (cursor_.OnHeading(grid_.Row()))
+        events_.Run([&] { cursor_.ToggleFold(grid_.Row()); });
+    else
+        editing_.Begin();
 }
 
 }  // namespace clb

@@ -2,8 +2,6 @@
 #include <sigc++/trackable.h>
 
 #include <QAbstractScrollArea>
-#include <QBasicTimer>
-#include <QPoint>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -11,7 +9,13 @@
 
 #include "controls/GridComponent.h"
 #include "desktop/grid/EmptyState.h"
+#include "desktop/grid/GridAnnouncer.h"
+#include "desktop/grid/GridCursor.h"
+#include "desktop/grid/GridEditing.h"
 #include "desktop/grid/GridLayout.h"
+#include "desktop/grid/GridTips.h"
+
+class QAccessibleInterface;
 
 namespace clb {
 
@@ -38,9 +42,8 @@ public:
     /// Draws the component's present state.
     void Sync();
     [[nodiscard]] const GridLayout& Layout() const { return layout_; }
-    GridComponent& Component() { return grid_; }
-    /// Place of a column among the shown ones, from 1; 0 when it is not shown.
-    [[nodiscard]] std::size_t PlaceOf(std::int32_t column) const;
+    /// What screen readers know of the grid; the toolkit owns it.
+    QAccessibleInterface* MakeAccessible();
     /// Takes the focus and makes the cell current, as a click does; false when that is refused.
     bool GoTo(std::size_t row, std::int32_t column);
     /// Edits the current cell, folds or opens the current group.
@@ -69,7 +72,6 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
-    void timerEvent(QTimerEvent* event) override;
     bool viewportEvent(QEvent* event) override;
 
 private:
@@ -77,34 +79,10 @@ private:
     void PlaceHeader();
     void UpdateScrollBars();
     void RedrawChanged(bool on);
-    bool MoveTo(std::size_t row, std::int32_t column);
-    /// To a row by the number that it was drawn with.
-    bool MoveToShown(std::size_t row, std::int32_t column);
-    bool MoveRows(int rows);
-    bool MoveColumns(int steps);
-    bool MoveCell(int steps);
-    bool Navigate(int key, bool toEnds);
-    [[nodiscard]] std::size_t RowFromCurrent(int rows) const;
-    bool FoldByKey(int key);
     bool ColumnByKey(const QKeyEvent& event);
-    void ToggleFold(std::size_t row);
-    bool OnHeading(std::size_t row);
-    [[nodiscard]] int RowsPerPage() const;
     void FitColumn(std::int32_t column);
-    void ShowTip();
-    std::string TipOf(std::size_t row, std::int32_t column);
     void FollowEdit();
-    void TellRows();
-    void TellFocus();
-    void TellValue(std::int32_t column);
-    bool BeginEdit(char32_t key = 0);
-    bool EndEdit();
-    void KeepRow();
-    bool Edit(const QKeyEvent& event);
-    bool EditByTyping(QKeyEvent& event);
-    bool LeaveEdit(QKeyEvent& event);
-    bool CopyOrPaste(const QKeyEvent& event);
-    void Paste();
+    bool LeaveEdit(const QKeyEvent& event);
 
     GridComponent& grid_;
     UserEvents& events_;
@@ -116,10 +94,10 @@ private:
     std::function<std::optional<EmptyHint>()> hint_;
     std::size_t shownRow_ = 0;
     std::int32_t shownColumn_ = 0;
-    std::size_t toldRows_ = 0;
-    std::size_t toldColumns_ = 0;
-    QBasicTimer tipTimer_;
-    QPoint tipPlace_;
+    GridCursor cursor_;
+    GridEditing editing_;
+    GridTips tips_;
+    GridAnnouncer announcer_;
 };
 
 }  // namespace clb

@@ -67,6 +67,7 @@ MainWindow::~MainWindow() = default;
 void MainWindow::BuildParts()
 {
     toolbar_ = new ToolbarBinder(controller_.toolbar, events_, inner_);
+    toolbar_->setObjectName(ToQString(controller_.toolbar.Name()));
     tree_ = new TreeBinder(
         controller_.TreeView, events_,
         [this](std::int32_t shown) {
@@ -77,7 +78,9 @@ void MainWindow::BuildParts()
     grid_ = new GridView(
         controller_.Grid, events_, [this] { return controller_.window.Focus(controller_.Grid); },
         inner_);
+    tree_->setObjectName(ToQString(controller_.TreeView.Name()));
     tree_->setAccessibleName(QStringLiteral("Views and accounts"));
+    grid_->setObjectName(ToQString(controller_.Grid.Name()));
     grid_->WhenEmpty([this] { return HintFor(controller_); },
                      [this](const std::string& item) {
                          events_.Run([&] { Choose(*controller_.menus.Find(item)); });
@@ -92,10 +95,12 @@ void MainWindow::BuildParts()
 void MainWindow::BuildToolbarSide()
 {
     month_ = new ListBinder(controller_.cmbPeriod, events_);
+    month_->setObjectName(ToQString(controller_.cmbPeriod.Name()));
     month_->setMaxVisibleItems(12);
     month_->setToolTip(QStringLiteral("Month shown"));
     month_->installEventFilter(this);
     year_ = new YearBox(controller_.txtYear, controller_.UpDown, events_);
+    year_->setObjectName(ToQString(controller_.txtYear.Name()));
     year_->setToolTip(QStringLiteral("Year shown"));
     year_->installEventFilter(this);
     toolbar_->AddAtRight(QStringLiteral("&Month:"), month_);

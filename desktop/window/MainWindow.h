@@ -42,13 +42,6 @@ public:
     /// Draws the models' present state.
     void Sync();
 
-    TreeBinder& TreeWidget() { return *tree_; }
-    GridView& GridWidget() { return *grid_; }
-    ListBinder& MonthWidget() { return *month_; }
-    YearBox& YearWidget() { return *year_; }
-    ToolbarBinder& ToolbarWidget() { return *toolbar_; }
-    TotalsLine& Totals() { return *totals_; }
-    SplitHandle& Border() { return *border_; }
     WorkDisplay& Work() { return *work_; }
 
     /// Saves the grid's row in edit, as leaving it does. False when that is refused, which is told.

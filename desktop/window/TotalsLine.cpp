@@ -24,6 +24,9 @@ void ApplyPlace(const Control& control, QWidget& widget)
 TotalsLine::TotalsLine(Label& label, TextBox& first, TextBox& second, QWidget* parent)
     : label_(new QLabel(parent)), first_(new QLineEdit(parent)), second_(new QLineEdit(parent))
 {
+    label_->setObjectName(ToQString(label.Name()));
+    first_->setObjectName(ToQString(first.Name()));
+    second_->setObjectName(ToQString(second.Name()));
     label_->setTextFormat(Qt::PlainText);
     label_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QFont bold = label_->font();

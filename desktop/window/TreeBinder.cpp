@@ -6,9 +6,9 @@
 #include <algorithm>
 
 #include "desktop/input/UserEvents.h"
-#include "desktop/look/AiryLines.h"
 #include "desktop/look/GridColors.h"
 #include "desktop/look/Icons.h"
+#include "desktop/look/PaddedItemDelegate.h"
 #include "desktop/look/TextConvert.h"
 
 namespace clb {
@@ -16,14 +16,14 @@ namespace clb {
 namespace {
 
 /// The tree's lines; a selected one shows whether the tree has the focus.
-class TreeLines : public AiryLines {
+class TreeLines : public PaddedItemDelegate {
 public:
-    using AiryLines::AiryLines;
+    using PaddedItemDelegate::PaddedItemDelegate;
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
-        AiryLines::initStyleOption(option, index);
+        PaddedItemDelegate::initStyleOption(option, index);
         if (!option->widget || option->widget->hasFocus())
             return;
         // The ground of a selected line is pale then, so that its picture stays as it is.

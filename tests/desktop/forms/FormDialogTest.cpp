@@ -78,7 +78,7 @@ TEST_F(FormDialogTest, EnterPressesOk)
     EXPECT_TRUE(chosen);
 }
 
-TEST_F(FormDialogTest, AnEmptyDescriptionIsToldAndTheDialogStaysOpen)
+TEST_F(FormDialogTest, AnEmptyDescriptionIsReportedAndTheDialogStaysOpen)
 {
     bool open = false;
     const bool chosen = ShowDialog([&open](FormDialog& dialog) {
@@ -126,7 +126,7 @@ TEST_F(FormDialogTest, WithoutAccountsOnlyANewOneCanBeChosen)
     });
 }
 
-TEST(OtherFormTest, TickingABoxOfACheckListIsToldToTheModel)
+TEST(OtherFormTest, TickingABoxOfACheckListIsReportedToTheModel)
 {
     FakeMessageBox messages;
     UserEvents events(messages);

@@ -14,7 +14,7 @@ using testing::Not;
 
 class EmptyStateTest : public WindowTest {
 protected:
-    EmptyState& Hint() { return window_.GridWidget().Empty(); }
+    EmptyState& Hint() { return GridWidget(window_).Empty(); }
     std::vector<std::string> Texts()
     {
         std::vector<std::string> texts;
@@ -98,7 +98,7 @@ TEST_F(EmptyStateTest, TheBudgetOfTheMonthBeforeIsCopiedByAClick)
 
     EXPECT_EQ(books_.One("SELECT Category FROM Budget WHERE Period = 3"), "Rent");
     EXPECT_FALSE(Hint().isVisible());
-    EXPECT_TRUE(window_.TreeWidget().hasFocus());
+    EXPECT_TRUE(TreeWidget(window_).hasFocus());
 }
 
 TEST_F(EmptyStateTest, TheLinksAreReachedAndPressedByKeys)
@@ -117,15 +117,15 @@ TEST_F(EmptyStateTest, TheLinksAreReachedAndPressedByKeys)
     Key(*link, Qt::Key_Return);
 
     EXPECT_EQ(books_.One("SELECT Category FROM Budget WHERE Period = 3"), "Rent");
-    EXPECT_TRUE(window_.GridWidget().hasFocus());
+    EXPECT_TRUE(GridWidget(window_).hasFocus());
 }
 
 TEST_F(EmptyStateTest, TheHintStandsBelowTheRowsAndGoesWhereThereIsNoRoom)
 {
     ClickNode("Purse");
     ASSERT_TRUE(Hint().isVisible());
-    EXPECT_GT(Hint().y(), window_.GridWidget().Layout().RowRect(1).bottom());
-    EXPECT_TRUE(window_.GridWidget().viewport()->rect().contains(Hint().geometry()));
+    EXPECT_GT(Hint().y(), GridWidget(window_).Layout().RowRect(1).bottom());
+    EXPECT_TRUE(GridWidget(window_).viewport()->rect().contains(Hint().geometry()));
 
     window_.InnerSize(700, 200);
 

@@ -32,7 +32,7 @@ protected:
         ClickNode("Checking");
     }
 
-    CellEditor& Editor() { return window_.GridWidget().Editor(); }
+    CellEditor& Editor() { return GridWidget(window_).Editor(); }
     /// Keys go to whatever has the focus, as from a keyboard.
     QWidget& Focused()
     {
@@ -52,8 +52,8 @@ protected:
     void DoubleClickCell(std::size_t row, std::int32_t column)
     {
         ClickCell(row, column);
-        QTest::mouseDClick(window_.GridWidget().viewport(), Qt::LeftButton, Qt::NoModifier,
-                           window_.GridWidget().Layout().CellRect(row, column).center());
+        QTest::mouseDClick(GridWidget(window_).viewport(), Qt::LeftButton, Qt::NoModifier,
+                           GridWidget(window_).Layout().CellRect(row, column).center());
         QTest::qWait(1);
     }
     std::string Text(std::size_t row, std::int32_t column) { return Grid().CellText(row, column); }
@@ -71,7 +71,7 @@ TEST_F(GridEditingTest, ADoubleClickEditsTheCellWithItsTextSelected)
     EXPECT_EQ(Typed(), Text(2, kDescription));
     EXPECT_EQ(Editor().Line().selectedText(), Editor().Line().text());
     EXPECT_TRUE(Editor().geometry().contains(
-        window_.GridWidget().Layout().CellRect(2, kDescription).center()));
+        GridWidget(window_).Layout().CellRect(2, kDescription).center()));
 }
 
 TEST_F(GridEditingTest, F2EditsWithTheCaretBehindTheText)
@@ -217,7 +217,7 @@ TEST_F(GridEditingTest, EscapeGivesUpTheCellAndAgainTheRow)
     EXPECT_FALSE(Grid().Editing());
     EXPECT_EQ(Text(1, kDescription), before);
     EXPECT_EQ(Text(1, kAmount), "7.00");
-    EXPECT_TRUE(window_.GridWidget().hasFocus());
+    EXPECT_TRUE(GridWidget(window_).hasFocus());
 
     Press(Qt::Key_Escape);
     EXPECT_EQ(Text(1, kAmount), "-4.50");
@@ -309,7 +309,7 @@ TEST_F(GridEditingTest, LeavingTheGridSavesTheRow)
     EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans WHERE Description = 'Mill'"), "1");
     EXPECT_EQ(Model().View().View(), vwLoan);
     EXPECT_FALSE(Editor().IsOpen());
-    EXPECT_TRUE(window_.TreeWidget().hasFocus());
+    EXPECT_TRUE(TreeWidget(window_).hasFocus());
 }
 
 TEST_F(GridEditingTest, ACategoryCompletesAsItIsTyped)
@@ -452,7 +452,7 @@ TEST_F(GridEditingTest, WhatTheProgramFillsInCannotBeEdited)
     EXPECT_FALSE(Grid().Editing());
     Type("5");
     EXPECT_FALSE(Grid().Editing());
-    EXPECT_TRUE(window_.GridWidget().hasFocus());
+    EXPECT_TRUE(GridWidget(window_).hasFocus());
 }
 
 TEST_F(GridEditingTest, TheEditorMovesWithItsCellWhenTheGridScrolls)
@@ -466,18 +466,18 @@ TEST_F(GridEditingTest, TheEditorMovesWithItsCellWhenTheGridScrolls)
     DoubleClickCell(3, kDescription);
     const int before = Editor().y();
 
-    window_.GridWidget().verticalScrollBar()->setValue(window_.GridWidget().Layout().RowHeight());
+    GridWidget(window_).verticalScrollBar()->setValue(GridWidget(window_).Layout().RowHeight());
 
-    EXPECT_EQ(Editor().y(), before - window_.GridWidget().Layout().RowHeight());
+    EXPECT_EQ(Editor().y(), before - GridWidget(window_).Layout().RowHeight());
     EXPECT_TRUE(Grid().Editing());
 }
 
 class ColumnWidthTest : public GridEditingTest {
 protected:
-    GridHeader& Header() { return window_.GridWidget().Header(); }
+    GridHeader& Header() { return GridWidget(window_).Header(); }
     void DragLine(std::int32_t column, int by)
     {
-        const QRect cell = window_.GridWidget().Layout().CellRect(1, column);
+        const QRect cell = GridWidget(window_).Layout().CellRect(1, column);
         const QPoint line(cell.right(), Header().height() / 2);
         QTest::mousePress(&Header(), Qt::LeftButton, Qt::NoModifier, line);
         for (int step = 1; step <= 4; ++step) {
@@ -521,8 +521,8 @@ TEST_F(ColumnWidthTest, AWidthByHandHoldsInItsViewOnly)
 TEST_F(ColumnWidthTest, ADoubleClickOnTheLineFitsTheColumn)
 {
     DragLine(kDescription, -150);
-    const QFontMetrics metrics(window_.GridWidget().font());
-    const QRect cell = window_.GridWidget().Layout().CellRect(1, kDescription);
+    const QFontMetrics metrics(GridWidget(window_).font());
+    const QRect cell = GridWidget(window_).Layout().CellRect(1, kDescription);
 
     QTest::mouseDClick(&Header(), Qt::LeftButton, Qt::NoModifier, QPoint(cell.right(), 5));
 

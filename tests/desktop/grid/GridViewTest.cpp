@@ -11,7 +11,7 @@ protected:
     GridViewTest() { ClickNode("Checking"); }
     void Press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
     {
-        Key(window_.GridWidget(), key, held);
+        Key(GridWidget(window_), key, held);
     }
     std::pair<std::size_t, std::int32_t> Current() { return {Grid().Row(), Grid().Col()}; }
     using Cell = std::pair<std::size_t, std::int32_t>;
@@ -23,13 +23,13 @@ TEST_F(GridViewTest, AClickMakesTheCellCurrentAndGivesTheGridTheFocus)
 
     EXPECT_EQ(Current(), Cell(3, 2));
     EXPECT_EQ(Model().window.Focus(), &Grid());
-    EXPECT_TRUE(window_.GridWidget().hasFocus());
+    EXPECT_TRUE(GridWidget(window_).hasFocus());
 }
 
 TEST_F(GridViewTest, AClickBesideTheRowsOnlyGivesTheFocus)
 {
-    const QRect last = window_.GridWidget().Layout().CellRect(5, 1);
-    ClickAt(*window_.GridWidget().viewport(), last.translated(0, 3 * last.height()));
+    const QRect last = GridWidget(window_).Layout().CellRect(5, 1);
+    ClickAt(*GridWidget(window_).viewport(), last.translated(0, 3 * last.height()));
 
     EXPECT_EQ(Current(), Cell(1, 1));
     EXPECT_EQ(Model().window.Focus(), &Grid());
@@ -39,7 +39,7 @@ TEST_F(GridViewTest, AClickOnTheSelectorMakesTheRowCurrentInItsColumn)
 {
     ClickCell(1, 3);
 
-    ClickAt(*window_.GridWidget().viewport(), window_.GridWidget().Layout().SelectorRect(4));
+    ClickAt(*GridWidget(window_).viewport(), GridWidget(window_).Layout().SelectorRect(4));
 
     EXPECT_EQ(Current(), Cell(4, 3));
 }
@@ -92,7 +92,7 @@ TEST_F(GridViewTest, TabOnTheLastCellLeavesTheGrid)
     Press(Qt::Key_Tab);
 
     EXPECT_NE(Model().window.Focus(), &Grid());
-    EXPECT_FALSE(window_.GridWidget().hasFocus());
+    EXPECT_FALSE(GridWidget(window_).hasFocus());
 }
 
 TEST_F(GridViewTest, TheGridScrollsSoThatTheCurrentCellIsInSight)
@@ -108,8 +108,8 @@ TEST_F(GridViewTest, TheGridScrollsSoThatTheCurrentCellIsInSight)
     Press(Qt::Key_End, Qt::ControlModifier);
 
     EXPECT_EQ(Grid().Row(), 205u);
-    const GridLayout& layout = window_.GridWidget().Layout();
-    EXPECT_TRUE(window_.GridWidget().viewport()->rect().contains(layout.CellRect(205, 6)));
+    const GridLayout& layout = GridWidget(window_).Layout();
+    EXPECT_TRUE(GridWidget(window_).viewport()->rect().contains(layout.CellRect(205, 6)));
     EXPECT_LT(layout.RowTop(1), 0);
 }
 
@@ -125,9 +125,9 @@ TEST_F(GridViewTest, DrawingReadsOnlyTheRowsInSight)
     Grid().FetchColumnData().connect(
         [&reads](std::int32_t, std::int32_t, const Value&, Value&) { ++reads; });
 
-    window_.GridWidget().grab();
+    GridWidget(window_).grab();
 
-    const GridView& view = window_.GridWidget();
+    const GridView& view = GridWidget(window_);
     EXPECT_GT(reads, 5);
     EXPECT_LE(reads, view.viewport()->height() / view.Layout().RowHeight() + 2);
 }
@@ -144,11 +144,11 @@ TEST_F(GridViewTest, NothingIsDrawnWhilePaintingIsSwitchedOff)
         [&reads](std::int32_t, std::int32_t, const Value&, Value&) { ++reads; });
 
     Grid().Redraw(false);
-    window_.GridWidget().grab();
+    GridWidget(window_).grab();
     EXPECT_EQ(reads, 0);
 
     Grid().Redraw(true);
-    window_.GridWidget().grab();
+    GridWidget(window_).grab();
     EXPECT_EQ(reads, 1);
 }
 
@@ -169,14 +169,14 @@ protected:
 
 TEST_F(GroupedGridTest, AClickOnAHeadingsArrowFoldsItsGroupAndAnotherOpensIt)
 {
-    const QRect line = window_.GridWidget().Layout().RowRect(1);
+    const QRect line = GridWidget(window_).Layout().RowRect(1);
     const QRect arrow(line.left(), line.top(), line.height(), line.height());
     ASSERT_EQ(KindOf(2), GridRowKind::Data);
 
-    ClickAt(*window_.GridWidget().viewport(), arrow);
+    ClickAt(*GridWidget(window_).viewport(), arrow);
     EXPECT_EQ(KindOf(2), GridRowKind::NewRow);
 
-    ClickAt(*window_.GridWidget().viewport(), arrow);
+    ClickAt(*GridWidget(window_).viewport(), arrow);
     EXPECT_EQ(KindOf(2), GridRowKind::Data);
 }
 
@@ -184,10 +184,10 @@ TEST_F(GroupedGridTest, LeftAndRightFoldAndOpenTheHeading)
 {
     ClickCell(1, 1);
 
-    Key(window_.GridWidget(), Qt::Key_Left);
+    Key(GridWidget(window_), Qt::Key_Left);
     EXPECT_TRUE(Grid().Rows().Folded(1));
 
-    Key(window_.GridWidget(), Qt::Key_Right);
+    Key(GridWidget(window_), Qt::Key_Right);
     EXPECT_FALSE(Grid().Rows().Folded(1));
 }
 

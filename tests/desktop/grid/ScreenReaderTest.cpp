@@ -1,4 +1,4 @@
-// What a screen reader is told, through the toolkit's own interface.
+// What is announced to a screen reader, through the toolkit's own interface.
 #include <gmock/gmock.h>
 
 #include <QAccessible>
@@ -14,17 +14,17 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 
-/// What was told while a test ran: kind, and name of what it is about.
-std::vector<std::pair<QAccessible::Event, std::string>>& Told()
+/// What was announced while a test ran: kind, and name of what it is about.
+std::vector<std::pair<QAccessible::Event, std::string>>& Announced()
 {
-    static std::vector<std::pair<QAccessible::Event, std::string>> told;
-    return told;
+    static std::vector<std::pair<QAccessible::Event, std::string>> announced;
+    return announced;
 }
 
 void Take(QAccessibleEvent* event)
 {
     if (QAccessibleInterface* about = event->accessibleInterface())
-        Told().emplace_back(event->type(), ToUtf8(about->text(QAccessible::Name)));
+        Announced().emplace_back(event->type(), ToUtf8(about->text(QAccessible::Name)));
 }
 
 class ScreenReaderTest : public WindowTest {
@@ -34,7 +34,7 @@ protected:
         ScreenReaderListens(true);
         before_ = QAccessible::installUpdateHandler(Take);
         ClickNode("Checking");
-        Told().clear();
+        Announced().clear();
     }
     ~ScreenReaderTest() override
     {
@@ -50,7 +50,7 @@ protected:
     {
         return about ? ToUtf8(about->text(QAccessible::Name)) : "(nothing)";
     }
-    QAccessibleInterface* Table() { return Of(window_.GridWidget()); }
+    QAccessibleInterface* Table() { return Of(GridWidget(window_)); }
     QAccessibleInterface* Cell(int row, int column)
     {
         return Table()->tableInterface()->cellAt(row - 1, column - 1);
@@ -90,9 +90,9 @@ TEST_F(ScreenReaderTest, ACellHasItsTextItsHeadersAndItsPlaceOnTheScreen)
     EXPECT_EQ(Name(place->rowHeaderCells().first()), "Row 2");
     EXPECT_EQ(place->rowHeaderCells().first()->role(), QAccessible::RowHeader);
     EXPECT_EQ(place->table(), Table());
-    QWidget& area = *window_.GridWidget().viewport();
+    QWidget& area = *GridWidget(window_).viewport();
     EXPECT_EQ(cell->rect(),
-              window_.GridWidget().Layout().CellRect(2, 3).translated(area.mapToGlobal(QPoint())));
+              GridWidget(window_).Layout().CellRect(2, 3).translated(area.mapToGlobal(QPoint())));
     EXPECT_EQ(Table()->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
 }
 
@@ -130,21 +130,21 @@ TEST_F(ScreenReaderTest, TheLinesSayWhatTheyAre)
     EXPECT_TRUE(Cell(1, 1)->state().collapsed);
 }
 
-TEST_F(ScreenReaderTest, TheCurrentCellIsTheOneWithTheFocusAndItsMoveIsTold)
+TEST_F(ScreenReaderTest, TheCurrentCellIsTheOneWithTheFocusAndItsMoveIsReported)
 {
     ClickCell(2, 3);
-    Told().clear();
+    Announced().clear();
 
-    Key(window_.GridWidget(), Qt::Key_Down);
+    Key(GridWidget(window_), Qt::Key_Down);
 
     EXPECT_TRUE(Cell(3, 3)->state().focused);
     EXPECT_TRUE(Cell(3, 3)->state().selected);
     EXPECT_FALSE(Cell(2, 3)->state().focused);
     EXPECT_EQ(Table()->focusChild(), Cell(3, 3));
-    EXPECT_THAT(Told(), Contains(Event(QAccessible::Focus, "-4.50")));
+    EXPECT_THAT(Announced(), Contains(Event(QAccessible::Focus, "-4.50")));
 }
 
-TEST_F(ScreenReaderTest, WhichCellsCanBeEditedIsTold)
+TEST_F(ScreenReaderTest, WhichCellsCanBeEditedIsReported)
 {
     EXPECT_TRUE(Cell(1, 3)->state().editable);
     EXPECT_FALSE(Cell(1, 3)->state().readOnly);
@@ -156,16 +156,16 @@ TEST_F(ScreenReaderTest, WhichCellsCanBeEditedIsTold)
     EXPECT_TRUE(Cell(1, 4)->state().editable);
 }
 
-TEST_F(ScreenReaderTest, WhatWasTypedIsToldAsTheCellsNewValue)
+TEST_F(ScreenReaderTest, WhatWasTypedIsReportedAsTheCellsNewValue)
 {
     ClickCell(2, 3);
-    QTest::keyClicks(&window_.GridWidget(), "7");
+    QTest::keyClicks(&GridWidget(window_), "7");
     EXPECT_EQ(Name(Table()->focusChild()), "Amount");
     EXPECT_EQ(Table()->focusChild()->text(QAccessible::Value), "7");
 
-    Key(window_.GridWidget().Editor().Line(), Qt::Key_Tab);
+    Key(GridWidget(window_).Editor().Line(), Qt::Key_Tab);
 
-    EXPECT_THAT(Told(), Contains(Event(QAccessible::ValueChanged, "7.00")));
+    EXPECT_THAT(Announced(), Contains(Event(QAccessible::ValueChanged, "7.00")));
     EXPECT_EQ(Name(Cell(2, 3)), "7.00");
     EXPECT_EQ(ToUtf8(Table()->tableInterface()->rowDescription(1)), "Row 2, changed");
 }
@@ -174,11 +174,11 @@ TEST_F(ScreenReaderTest, OtherRowsAreToldAndOldCellsAreGone)
 {
     QAccessibleInterface* old = Cell(4, 3);
     const QAccessible::Id id = QAccessible::uniqueId(old);
-    Told().clear();
+    Announced().clear();
 
     ClickNode("Purse");
 
-    EXPECT_THAT(Told(), Contains(Event(QAccessible::TableModelChanged, "Purse")));
+    EXPECT_THAT(Announced(), Contains(Event(QAccessible::TableModelChanged, "Purse")));
     EXPECT_FALSE(QAccessible::accessibleInterface(id));
     EXPECT_EQ(Table()->tableInterface()->rowCount(), 1);
     EXPECT_FALSE(Cell(2, 1));
@@ -189,7 +189,7 @@ TEST_F(ScreenReaderTest, AScreenReaderMovesToACellAndOpensIt)
     Cell(3, 2)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
     EXPECT_EQ(Grid().Row(), 3u);
     EXPECT_EQ(Grid().Col(), 2);
-    EXPECT_TRUE(window_.GridWidget().hasFocus());
+    EXPECT_TRUE(GridWidget(window_).hasFocus());
 
     Cell(3, 2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_TRUE(Grid().Editing());
@@ -213,7 +213,7 @@ TEST_F(ScreenReaderTest, AnEmptyGridsHintIsItsDescriptionAndItsLinksAreButtons)
     EXPECT_TRUE(
         Table()->text(QAccessible::Description).startsWith("No transactions in March 2006. "));
     std::vector<std::string> names;
-    for (QWidget* link : window_.GridWidget().Empty().findChildren<QWidget*>())
+    for (QWidget* link : GridWidget(window_).Empty().findChildren<QWidget*>())
         if (link->isVisible() && Of(*link)->role() == QAccessible::Button)
             names.push_back(Name(Of(*link)));
     EXPECT_THAT(names, ElementsAre("New transaction", "Import a statement"));
@@ -221,33 +221,33 @@ TEST_F(ScreenReaderTest, AnEmptyGridsHintIsItsDescriptionAndItsLinksAreButtons)
 
 TEST_F(ScreenReaderTest, EveryOtherPartOfTheWindowHasANameAndAValue)
 {
-    EXPECT_EQ(Of(window_.TreeWidget())->role(), QAccessible::Tree);
-    EXPECT_EQ(Name(Of(window_.TreeWidget())), "Views and accounts");
-    const auto labels = Of(window_.MonthWidget())->relations(QAccessible::Label);
+    EXPECT_EQ(Of(TreeWidget(window_))->role(), QAccessible::Tree);
+    EXPECT_EQ(Name(Of(TreeWidget(window_))), "Views and accounts");
+    const auto labels = Of(MonthWidget(window_))->relations(QAccessible::Label);
     ASSERT_EQ(labels.size(), 1);
     EXPECT_EQ(Name(labels.first().first), "Month:");
-    EXPECT_EQ(Of(window_.MonthWidget())->text(QAccessible::Value), "March");
-    EXPECT_EQ(Name(Of(window_.YearWidget())), "Year:");
-    EXPECT_EQ(Of(window_.YearWidget())->role(), QAccessible::SpinBox);
-    EXPECT_EQ(Of(window_.YearWidget())->valueInterface()->currentValue().toInt(), 2006);
-    EXPECT_EQ(Name(Of(*window_.Totals().First())), "Balance: Amount");
-    EXPECT_EQ(Of(*window_.Totals().First())->text(QAccessible::Value), "-18.00");
-    EXPECT_TRUE(Of(*window_.Totals().First())->state().readOnly);
-    EXPECT_EQ(Name(Of(*window_.ToolbarWidget().ButtonOf("Forward"))), "Forward");
+    EXPECT_EQ(Of(MonthWidget(window_))->text(QAccessible::Value), "March");
+    EXPECT_EQ(Name(Of(YearWidget(window_))), "Year:");
+    EXPECT_EQ(Of(YearWidget(window_))->role(), QAccessible::SpinBox);
+    EXPECT_EQ(Of(YearWidget(window_))->valueInterface()->currentValue().toInt(), 2006);
+    EXPECT_EQ(Name(Of(*FirstTotal(window_))), "Balance: Amount");
+    EXPECT_EQ(Of(*FirstTotal(window_))->text(QAccessible::Value), "-18.00");
+    EXPECT_TRUE(Of(*FirstTotal(window_))->state().readOnly);
+    EXPECT_EQ(Name(Of(*ToolbarWidget(window_).ButtonOf("Forward"))), "Forward");
 
     ClickNode("Net Worth");
-    EXPECT_EQ(Name(Of(*window_.Totals().Second())), "Total Net Worth: Current Balance");
+    EXPECT_EQ(Name(Of(*SecondTotal(window_))), "Total Net Worth: Current Balance");
 }
 
-TEST_F(ScreenReaderTest, TheTreesNodesHaveTheirTextsAndTheSelectedOneIsTold)
+TEST_F(ScreenReaderTest, TheTreesNodesHaveTheirTextsAndTheSelectedOneIsReported)
 {
-    Key(window_.TreeWidget(), Qt::Key_Home);
-    Told().clear();
+    Key(TreeWidget(window_), Qt::Key_Home);
+    Announced().clear();
 
-    Key(window_.TreeWidget(), Qt::Key_Down);
+    Key(TreeWidget(window_), Qt::Key_Down);
 
-    EXPECT_THAT(Told(), Contains(Event(QAccessible::Focus, "Budget")));
-    QAccessibleInterface* tree = Of(window_.TreeWidget());
+    EXPECT_THAT(Announced(), Contains(Event(QAccessible::Focus, "Budget")));
+    QAccessibleInterface* tree = Of(TreeWidget(window_));
     std::vector<std::string> names;
     for (int index = 0; index < tree->childCount(); ++index)
         if (tree->child(index)->role() == QAccessible::TreeItem)
@@ -256,15 +256,15 @@ TEST_F(ScreenReaderTest, TheTreesNodesHaveTheirTextsAndTheSelectedOneIsTold)
                                    "Loan", "Car"));
 }
 
-TEST_F(ScreenReaderTest, AnotherYearIsTold)
+TEST_F(ScreenReaderTest, AnotherYearIsReported)
 {
     MenuAction("Back")->trigger();
-    Told().clear();
+    Announced().clear();
     for (int month = 0; month < 2; ++month)
         MenuAction("Back")->trigger();
 
-    EXPECT_EQ(Of(window_.YearWidget())->valueInterface()->currentValue().toInt(), 2005);
-    EXPECT_THAT(Told(), Contains(Event(QAccessible::ValueChanged, "Year:")));
+    EXPECT_EQ(Of(YearWidget(window_))->valueInterface()->currentValue().toInt(), 2005);
+    EXPECT_THAT(Announced(), Contains(Event(QAccessible::ValueChanged, "Year:")));
 }
 
 }  // namespace

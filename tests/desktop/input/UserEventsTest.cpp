@@ -22,7 +22,7 @@ protected:
         books_.Execute("UPDATE Account SET Description = '" + name + "'");
     }
     std::string Name() { return books_.One("SELECT Description FROM Account"); }
-    std::string Told()
+    std::string ReportedText()
     {
         return books_.messages.boxes.size() == 1 ? books_.messages.boxes.front().text
                                                  : "not one box";
@@ -42,7 +42,7 @@ TEST_F(UserEventsTest, ACommandWithoutMemoryIsTakenBackAndSaysSo)
 
     EXPECT_FALSE(done);
     EXPECT_EQ(Name(), "Checking");
-    EXPECT_EQ(Told(), "There is not enough memory. Nothing of the last command was kept.");
+    EXPECT_EQ(ReportedText(), "There is not enough memory. Nothing of the last command was kept.");
     EXPECT_TRUE(books_.window.window.Enabled());
 }
 
@@ -55,7 +55,7 @@ TEST_F(UserEventsTest, IfTheLookBeforehandFailsAnActionOnTheRowIsLeftOut)
     EXPECT_FALSE(events_.RunOnRow([&onRow] { onRow = true; }));
 
     EXPECT_FALSE(onRow);
-    EXPECT_EQ(Told(), "No");
+    EXPECT_EQ(ReportedText(), "No");
     EXPECT_TRUE(events_.Run([] {}));
 }
 
@@ -67,7 +67,7 @@ TEST_F(UserEventsTest, ACommandThatFailsByARuntimeErrorKeepsWhatRanBeforeIt)
     });
 
     EXPECT_EQ(Name(), "Before the error");
-    EXPECT_EQ(Told(), "No");
+    EXPECT_EQ(ReportedText(), "No");
 }
 
 TEST_F(UserEventsTest, AnyOtherErrorTakesTheCommandBackToo)
@@ -78,7 +78,7 @@ TEST_F(UserEventsTest, AnyOtherErrorTakesTheCommandBackToo)
     });
 
     EXPECT_EQ(Name(), "Checking");
-    EXPECT_EQ(Told(), "Too long\n\nNothing of the last command was kept.");
+    EXPECT_EQ(ReportedText(), "Too long\n\nNothing of the last command was kept.");
 }
 
 TEST_F(UserEventsTest, ADialogWithoutMemoryEndsTheCommandThatShowsIt)
@@ -94,7 +94,7 @@ TEST_F(UserEventsTest, ADialogWithoutMemoryEndsTheCommandThatShowsIt)
 
     EXPECT_TRUE(closed);
     EXPECT_EQ(Name(), "Checking");
-    EXPECT_EQ(Told(), "There is not enough memory. Nothing of the last command was kept.");
+    EXPECT_EQ(ReportedText(), "There is not enough memory. Nothing of the last command was kept.");
 }
 
 TEST_F(UserEventsTest, TheNextCommandWorks)

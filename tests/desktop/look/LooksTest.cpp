@@ -77,7 +77,7 @@ TEST_P(LooksTest, EveryCommandHasAPictureThatStandsOutFromItsGround)
         }
     EXPECT_EQ(commands, 16);
     for (const char* key : {"New", "Delete", "Link", "Back", "Forward"})
-        EXPECT_GE(BestContrast(Picture(window_.ToolbarWidget().Action(key)->icon()), Ground()), 3.0)
+        EXPECT_GE(BestContrast(Picture(ToolbarWidget(window_).Action(key)->icon()), Ground()), 3.0)
             << key;
     for (const int image : {6, 7})
         EXPECT_GE(BestContrast(Picture(icons::TreeImage(image)), Ground()), 3.0) << image;
@@ -142,7 +142,7 @@ TEST_P(LooksTest, TheGridIsPaintedAnewWhenTheDesktopChangesItsColours)
 {
     ClickNode("Checking");
     const auto corner = [this] {
-        QWidget& area = *window_.GridWidget().viewport();
+        QWidget& area = *GridWidget(window_).viewport();
         return area.grab().toImage().pixelColor(area.width() - 30, area.height() - 10);
     };
     EXPECT_EQ(corner(), QApplication::palette().color(QPalette::Base));
@@ -157,9 +157,9 @@ TEST_P(LooksTest, TheReasonOfARefusalIsReadableAfterTheDesktopChangesItsColours)
 {
     ClickNode("Checking");
     ClickCell(1, 3);
-    QTest::keyClicks(&window_.GridWidget(), "much");
-    QTest::keyClick(&window_.GridWidget().Editor().Line(), Qt::Key_Return);
-    const QLabel& reason = window_.GridWidget().Editor().Refusal();
+    QTest::keyClicks(&GridWidget(window_), "much");
+    QTest::keyClick(&GridWidget(window_).Editor().Line(), Qt::Key_Return);
+    const QLabel& reason = GridWidget(window_).Editor().Refusal();
     ASSERT_TRUE(reason.isVisible());
     const auto contrast = [&reason] {
         return Contrast(reason.palette().color(QPalette::WindowText),
@@ -178,7 +178,7 @@ TEST_P(LooksTest, TheReasonOfARefusalIsReadableAfterTheDesktopChangesItsColours)
 TEST_P(LooksTest, TheTreeShowsWhetherItHasTheFocus)
 {
     ClickNode("Purse");
-    TreeBinder& tree = window_.TreeWidget();
+    TreeBinder& tree = TreeWidget(window_);
     const auto picture = [&tree] {
         return tree.viewport()->grab(tree.visualItemRect(tree.currentItem())).toImage();
     };
@@ -192,14 +192,14 @@ TEST_P(LooksTest, TheTreeShowsWhetherItHasTheFocus)
 TEST_P(LooksTest, AToolbarWithoutRoomForItsTextsShowsEveryPicture)
 {
     window_.InnerSize(1000, 500);
-    QWidget* forward = window_.ToolbarWidget().ButtonOf("Forward");
+    QWidget* forward = ToolbarWidget(window_).ButtonOf("Forward");
     const int full = forward->width();
 
     window_.InnerSize(480, 400);
     QTest::qWait(1);
 
     for (const char* key : {"New", "Delete", "Link", "Back", "Forward"})
-        EXPECT_TRUE(window_.ToolbarWidget().ButtonOf(key)->isVisible()) << key;
+        EXPECT_TRUE(ToolbarWidget(window_).ButtonOf(key)->isVisible()) << key;
     EXPECT_LT(forward->width(), full);
     EXPECT_GE(forward->width(), forward->sizeHint().width());
 

@@ -70,33 +70,33 @@ protected:
     std::string Folder() const { return books_.folder.Path(); }
 };
 
-TEST_F(DailyBackupTest, WhatFailedAtAnEarlierStartIsToldAtOnce)
+TEST_F(DailyBackupTest, WhatFailedAtAnEarlierStartIsReportedAtOnce)
 {
     std::filesystem::create_directory(books_.folder.Path("db/backup"));
     Backups(Folder()).Keep({false, "2026-11-20", "The disk is full."});
-    std::optional<BackupFailure> told;
+    std::optional<BackupFailure> reported;
 
     const DailyBackup backup(window_, Folder(), books_.clock,
-                             [&](const auto& failure) { told = failure; });
+                             [&](const auto& failure) { reported = failure; });
 
-    ASSERT_TRUE(told.has_value());
-    EXPECT_EQ(told->reason, "The disk is full.");
+    ASSERT_TRUE(reported.has_value());
+    EXPECT_EQ(reported->reason, "The disk is full.");
 }
 
 TEST_F(DailyBackupTest, ADayWithItsBackupSettlesTheNotice)
 {
     ASSERT_EQ(Backups(Folder()).Daily(books_.clock.Now()), std::nullopt);
-    std::vector<std::optional<BackupFailure>> told;
+    std::vector<std::optional<BackupFailure>> reported;
 
     const DailyBackup backup(
-        window_, Folder(), books_.clock, [&](const auto& failure) { told.push_back(failure); },
+        window_, Folder(), books_.clock, [&](const auto& failure) { reported.push_back(failure); },
         QStringLiteral("/bin/false"));
     window_.repaint();
     // Once at once, and again after the helper has looked at the balances.
-    QTRY_COMPARE(told.size(), 2U);
+    QTRY_COMPARE(reported.size(), 2U);
 
-    EXPECT_EQ(told[0], std::nullopt);
-    EXPECT_EQ(told[1], std::nullopt);
+    EXPECT_EQ(reported[0], std::nullopt);
+    EXPECT_EQ(reported[1], std::nullopt);
 }
 
 /// Symptom: a start said nothing of a balance that did not fit its rows.
@@ -112,33 +112,33 @@ TEST_F(DailyBackupTest, TheHelperListsBalancesThatDoNotFitTheirRows)
 }
 
 /// The test program is the helper here, and knows nothing of backups.
-TEST_F(DailyBackupTest, AHelperThatMakesNoneIsToldAndKept)
+TEST_F(DailyBackupTest, AHelperThatMakesNoneIsReportedAndKept)
 {
     std::filesystem::create_directory(books_.folder.Path("db/backup"));
-    std::vector<std::optional<BackupFailure>> told;
+    std::vector<std::optional<BackupFailure>> reported;
 
     const DailyBackup backup(
-        window_, Folder(), books_.clock, [&](const auto& failure) { told.push_back(failure); },
+        window_, Folder(), books_.clock, [&](const auto& failure) { reported.push_back(failure); },
         QStringLiteral("/bin/false"));
     window_.repaint();
-    QTRY_COMPARE(told.size(), 1U);
+    QTRY_COMPARE(reported.size(), 1U);
 
-    ASSERT_TRUE(told[0].has_value());
-    EXPECT_EQ(told[0]->reason, "The program that makes it was stopped, or could not start.");
-    EXPECT_EQ(Backups(Folder()).KeptFailure(), told[0]);
+    ASSERT_TRUE(reported[0].has_value());
+    EXPECT_EQ(reported[0]->reason, "The program that makes it was stopped, or could not start.");
+    EXPECT_EQ(Backups(Folder()).KeptFailure(), reported[0]);
 }
 
-TEST_F(DailyBackupTest, AHelperThatCannotStartIsTold)
+TEST_F(DailyBackupTest, AHelperThatCannotStartIsReported)
 {
-    std::vector<std::optional<BackupFailure>> told;
+    std::vector<std::optional<BackupFailure>> reported;
 
     const DailyBackup backup(
-        window_, Folder(), books_.clock, [&](const auto& failure) { told.push_back(failure); },
+        window_, Folder(), books_.clock, [&](const auto& failure) { reported.push_back(failure); },
         QStringLiteral("/nowhere/ledgerbook"));
     window_.repaint();
-    QTRY_COMPARE(told.size(), 1U);
+    QTRY_COMPARE(reported.size(), 1U);
 
-    EXPECT_TRUE(told[0].has_value());
+    EXPECT_TRUE(reported[0].has_value());
 }
 
 TEST_F(DailyBackupTest, TheHelperMakesTheBackupOrSaysWhyNot)

@@ -119,7 +119,7 @@ TEST_F(StuckWindowTest, TheDisabledMainWindowCanBeClosedAfterTheCommand)
     EXPECT_FALSE(window_.isVisible());
 }
 
-TEST_F(StuckWindowTest, ADamagedFileIsToldWithTheBackupThatCanBeRestored)
+TEST_F(StuckWindowTest, ADamagedFileIsReportedWithTheBackupThatCanBeRestored)
 {
     stuck_.Damaged({true, "2026-11-20-101500", "The file 'clb.mdb' is damaged: page 3."});
 
@@ -176,7 +176,7 @@ TEST_F(StuckWindowTest, DamageWaitsForTheEndOfTheCommand)
     EXPECT_FALSE(Model().window.Enabled());
 }
 
-TEST_F(StuckWindowTest, AfterAStoppedCommandDamageIsToldInItsPlace)
+TEST_F(StuckWindowTest, AfterAStoppedCommandDamageIsReportedInItsPlace)
 {
     ImportNonsense();
 

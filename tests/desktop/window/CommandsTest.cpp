@@ -41,8 +41,8 @@ protected:
     }
     void ClickButton(const std::string& key)
     {
-        QAction* action = window_.ToolbarWidget().Action(key);
-        for (QToolButton* button : window_.ToolbarWidget().findChildren<QToolButton*>())
+        QAction* action = ToolbarWidget(window_).Action(key);
+        for (QToolButton* button : ToolbarWidget(window_).findChildren<QToolButton*>())
             if (button->defaultAction() == action)
                 QTest::mouseClick(button, Qt::LeftButton);
         QTest::qWait(1);
@@ -61,7 +61,7 @@ TEST_F(CommandsTest, NewRecordEditsTheFirstColumnOfANewRow)
     EXPECT_EQ(Grid().Row(), 5u);
     EXPECT_EQ(Grid().Col(), 1);
     EXPECT_TRUE(Grid().Editing());
-    EXPECT_TRUE(window_.GridWidget().Editor().Line().hasFocus());
+    EXPECT_TRUE(GridWidget(window_).Editor().Line().hasFocus());
 }
 
 TEST_F(CommandsTest, TheNewButtonAndItsKeysDoTheSame)
@@ -105,7 +105,7 @@ TEST_F(CommandsTest, TheDeleteKeyDeletesTextWhileEditing)
     Press(Qt::Key_Delete);
 
     EXPECT_EQ(Count("Trans"), "4");
-    EXPECT_EQ(window_.GridWidget().Editor().Line().text(), QStringLiteral("4.50"));
+    EXPECT_EQ(GridWidget(window_).Editor().Line().text(), QStringLiteral("4.50"));
 }
 
 TEST_F(CommandsTest, ATransactionMovesToTheNeighbouringMonths)
@@ -288,7 +288,7 @@ TEST_P(RowInEditTest, StopsTheCommandWhenItIsRefused)
 
     EXPECT_TRUE(NothingRan());
     EXPECT_TRUE(Grid().Editing());
-    EXPECT_EQ(window_.GridWidget().Editor().Line().text(), QStringLiteral("x"));
+    EXPECT_EQ(GridWidget(window_).Editor().Line().text(), QStringLiteral("x"));
 }
 
 // Export is disabled while a cell is in edit.
@@ -340,8 +340,8 @@ TEST_F(CommandsTest, TheKeyOfImportSavesTheRowInEditFirst)
 TEST_F(CommandsTest, TheRightButtonShowsTheEditMenuForItsRow)
 {
     ClickNode("Checking");
-    QWidget& view = *window_.GridWidget().viewport();
-    const QPoint place = window_.GridWidget().Layout().CellRect(3, 2).center();
+    QWidget& view = *GridWidget(window_).viewport();
+    const QPoint place = GridWidget(window_).Layout().CellRect(3, 2).center();
 
     QTest::mouseClick(&view, Qt::RightButton, Qt::NoModifier, place);
     QContextMenuEvent asked(QContextMenuEvent::Mouse, place, view.mapToGlobal(place));

@@ -19,8 +19,8 @@ class HandsTest : public WindowTest {
 protected:
     std::string Month()
     {
-        return ToUtf8(window_.MonthWidget().currentText() + " " +
-                      window_.YearWidget().Line()->text());
+        return ToUtf8(MonthWidget(window_).currentText() + " " +
+                      YearWidget(window_).Line()->text());
     }
     void Turn(QWidget& widget, int angle)
     {
@@ -59,7 +59,7 @@ TEST_F(HandsTest, TheMonthsKeysRollTheYearAcrossDecember)
 
 TEST_F(HandsTest, AKeyThatComesBeforeTheTreeWasDrawnAgainStepsOnFromTheOneBefore)
 {
-    TreeBinder& tree = window_.TreeWidget();
+    TreeBinder& tree = TreeWidget(window_);
     ClickNode("Bank");
     QTest::keyClick(&tree, Qt::Key_Down);
     // The press of the first step is done, the drawing after it still waits.
@@ -74,26 +74,26 @@ TEST_F(HandsTest, AKeyThatComesBeforeTheTreeWasDrawnAgainStepsOnFromTheOneBefore
 TEST_F(HandsTest, TheWheelOverTheMonthRollsTheYearToo)
 {
     for (int month = 3; month > 0; --month)
-        Turn(window_.MonthWidget(), 120);
+        Turn(MonthWidget(window_), 120);
     EXPECT_EQ(Month(), "December 2005");
 
-    Turn(window_.MonthWidget(), -240);
+    Turn(MonthWidget(window_), -240);
     EXPECT_EQ(Month(), "February 2006");
 }
 
 TEST_F(HandsTest, AWheelOfFineStepsStepsTheMonthAfterAWholeOne)
 {
     for (int part = 0; part < 3; ++part)
-        Turn(window_.MonthWidget(), -30);
+        Turn(MonthWidget(window_), -30);
     EXPECT_EQ(Month(), "March 2006");
 
-    Turn(window_.MonthWidget(), -30);
+    Turn(MonthWidget(window_), -30);
     EXPECT_EQ(Month(), "April 2006");
 }
 
 TEST_F(HandsTest, TheWheelOverTheYearStepsIt)
 {
-    Turn(window_.YearWidget(), 120);
+    Turn(YearWidget(window_), 120);
 
     EXPECT_EQ(Month(), "March 2007");
 }
@@ -102,13 +102,13 @@ TEST_F(HandsTest, ARefusedRowKeepsTheMonthWhateverTheHandDoes)
 {
     ClickNode("Checking");
     ClickCell(1, 3);
-    QTest::keyClicks(&window_.GridWidget(), "much");
+    QTest::keyClicks(&GridWidget(window_), "much");
 
     Press(Qt::Key_PageDown, Qt::ControlModifier);
     EXPECT_EQ(Month(), "March 2006");
-    Turn(window_.MonthWidget(), 120);
+    Turn(MonthWidget(window_), 120);
     EXPECT_EQ(Month(), "March 2006");
-    Turn(window_.YearWidget(), 120);
+    Turn(YearWidget(window_), 120);
     EXPECT_EQ(Month(), "March 2006");
 
     EXPECT_TRUE(Grid().Marked());
@@ -119,9 +119,9 @@ TEST_F(HandsTest, AChangedRowIsSavedBeforeTheMonthIsLeft)
 {
     ClickNode("Checking");
     ClickCell(4, 2);
-    QTest::keyClicks(&window_.GridWidget(), "Miller");
+    QTest::keyClicks(&GridWidget(window_), "Miller");
 
-    Turn(window_.MonthWidget(), -120);
+    Turn(MonthWidget(window_), -120);
 
     EXPECT_EQ(Month(), "April 2006");
     EXPECT_EQ(books_.Rows("SELECT Amount FROM Trans WHERE Description = 'Miller'").size() +
@@ -132,16 +132,16 @@ TEST_F(HandsTest, AChangedRowIsSavedBeforeTheMonthIsLeft)
 TEST_F(HandsTest, TabGoesThroughEveryControlOfTheWindowAndRound)
 {
     ClickNode("Car");
-    std::vector<QWidget*> missing = {&window_.MonthWidget(), &window_.GridWidget(),
-                                     window_.Totals().First(), &window_.TreeWidget()};
+    std::vector<QWidget*> missing = {&MonthWidget(window_), &GridWidget(window_),
+                                     FirstTotal(window_), &TreeWidget(window_)};
     for (const char* key : {"New", "Link", "Back", "Forward"})
-        missing.push_back(window_.ToolbarWidget().ButtonOf(key));
+        missing.push_back(ToolbarWidget(window_).ButtonOf(key));
     bool year = false;
     for (int step = 0; step < 40; ++step) {
         QWidget* focused = QApplication::focusWidget();
         ASSERT_TRUE(focused);
         std::erase(missing, focused);
-        year = year || window_.YearWidget().hasFocus();
+        year = year || YearWidget(window_).hasFocus();
         Key(*focused, Qt::Key_Tab);
     }
     EXPECT_TRUE(missing.empty()) << missing.size();
@@ -150,9 +150,9 @@ TEST_F(HandsTest, TabGoesThroughEveryControlOfTheWindowAndRound)
 
 TEST_F(HandsTest, AToolbarButtonWithTheFocusIsPressedBySpaceAndShowsTheFocus)
 {
-    QWidget* forward = window_.ToolbarWidget().ButtonOf("Forward");
+    QWidget* forward = ToolbarWidget(window_).ButtonOf("Forward");
     const QImage without = forward->grab().toImage();
-    window_.ToolbarWidget().ButtonOf("Back")->setFocus(Qt::TabFocusReason);
+    ToolbarWidget(window_).ButtonOf("Back")->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Tab, Qt::NoModifier);
     ASSERT_TRUE(forward->hasFocus());
     EXPECT_NE(forward->grab().toImage(), without);
@@ -168,7 +168,7 @@ TEST_F(HandsTest, MonthAndYearHaveLettersThatNoMenuHas)
     for (const QAction* menu : window_.menuBar()->actions())
         letters << QKeySequence::mnemonic(menu->text()).toString();
     int before = static_cast<int>(letters.size());
-    for (const QLabel* label : window_.ToolbarWidget().findChildren<QLabel*>()) {
+    for (const QLabel* label : ToolbarWidget(window_).findChildren<QLabel*>()) {
         ASSERT_TRUE(label->buddy());
         letters << QKeySequence::mnemonic(label->text()).toString();
         EXPECT_EQ(letters.size(), ++before);
@@ -176,9 +176,9 @@ TEST_F(HandsTest, MonthAndYearHaveLettersThatNoMenuHas)
     EXPECT_EQ(before, 6);
 
     Key(window_, Qt::Key_M, Qt::AltModifier);
-    EXPECT_TRUE(window_.MonthWidget().hasFocus());
+    EXPECT_TRUE(MonthWidget(window_).hasFocus());
     Key(window_, Qt::Key_Y, Qt::AltModifier);
-    EXPECT_TRUE(window_.YearWidget().hasFocus());
+    EXPECT_TRUE(YearWidget(window_).hasFocus());
 }
 
 TEST_F(HandsTest, KeysMakeTheCurrentColumnNarrowerWiderAndFit)

@@ -67,7 +67,7 @@ TEST_F(IncomingFilesTest, DroppedStatementsAreImportedOneAfterTheOther)
     EXPECT_TRUE(Model().window.Enabled());
 }
 
-TEST_F(IncomingFilesTest, WhatIsNoStatementIsToldAndTheNextOneImported)
+TEST_F(IncomingFilesTest, WhatIsNoStatementIsReportedAndTheNextOneImported)
 {
     const std::string photo = books_.folder.Write("photo.jpg", "\xff\xd8");
 
@@ -79,7 +79,7 @@ TEST_F(IncomingFilesTest, WhatIsNoStatementIsToldAndTheNextOneImported)
     EXPECT_TRUE(Model().window.Enabled());
 }
 
-TEST_F(IncomingFilesTest, AFileThatIsGoneIsTold)
+TEST_F(IncomingFilesTest, AFileThatIsGoneIsReported)
 {
     incoming_.Take({ToQString(books_.folder.Path("gone.ofx"))});
 

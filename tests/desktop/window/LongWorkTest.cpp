@@ -67,7 +67,7 @@ TEST_F(LongWorkTest, WhatTheUserDoesMeanwhileIsDropped)
     int keys = 0;
     watcher.whilePainted = [this, &keys] {
         ++keys;
-        QCoreApplication::postEvent(&window_.MonthWidget(),
+        QCoreApplication::postEvent(&MonthWidget(window_),
                                     new QKeyEvent(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier));
         QCoreApplication::postEvent(&window_, new QCloseEvent);
     };

@@ -20,8 +20,8 @@ TEST_F(WindowTest, AClickOnATreeNodeShowsItsViewAndStandsInTheCaption)
 
     EXPECT_EQ(window_.windowTitle(), "Checking - Corvane Ledgerbook");
     EXPECT_EQ(Model().View().View(), vwAccount);
-    EXPECT_EQ(window_.TreeWidget().currentItem()->text(0), "Checking");
-    EXPECT_TRUE(window_.TreeWidget().hasFocus());
+    EXPECT_EQ(TreeWidget(window_).currentItem()->text(0), "Checking");
+    EXPECT_TRUE(TreeWidget(window_).hasFocus());
 }
 
 TEST_F(WindowTest, AClickOnTheSelectedNodeShowsItOnceMore)
@@ -39,7 +39,7 @@ TEST_F(WindowTest, TheArrowKeysWalkTheTreeAndShowEachNode)
 {
     ClickNode("Net Worth");
 
-    Key(window_.TreeWidget(), Qt::Key_Down);
+    Key(TreeWidget(window_), Qt::Key_Down);
 
     EXPECT_EQ(window_.windowTitle(), "Budget - Corvane Ledgerbook");
     EXPECT_EQ(Model().View().View(), vwBudget);
@@ -51,56 +51,56 @@ TEST_F(WindowTest, TheTreeShowsAClosedBookForANodeAndAnOpenOneForTheSelected)
 
     const auto picture = [this](const char* text) {
         const auto items =
-            window_.TreeWidget().findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
+            TreeWidget(window_).findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
         return items.first()->icon(0).pixmap(16, 16).toImage();
     };
     EXPECT_NE(picture("Purse"), picture("Checking"));
     EXPECT_EQ(picture("Car"), picture("Checking"));
 }
 
-TEST_F(WindowTest, FoldingANodeIsToldToTheModel)
+TEST_F(WindowTest, FoldingANodeIsReportedToTheModel)
 {
-    window_.TreeWidget().ItemOf(1)->setExpanded(false);
+    TreeWidget(window_).ItemOf(1)->setExpanded(false);
 
     EXPECT_FALSE(Model().TreeView.Node(1).expanded);
 }
 
 TEST_F(WindowTest, ChoosingAMonthShowsIt)
 {
-    window_.MonthWidget().setFocus(Qt::TabFocusReason);
+    MonthWidget(window_).setFocus(Qt::TabFocusReason);
 
-    Key(window_.MonthWidget(), Qt::Key_Down);
+    Key(MonthWidget(window_), Qt::Key_Down);
 
-    EXPECT_EQ(window_.MonthWidget().currentText(), "April");
+    EXPECT_EQ(MonthWidget(window_).currentText(), "April");
     EXPECT_EQ(Model().View().Period(), 4);
 }
 
 TEST_F(WindowTest, FourTypedDigitsAreTheYear)
 {
-    window_.YearWidget().selectAll();
+    YearWidget(window_).selectAll();
 
-    QTest::keyClicks(window_.YearWidget().Line(), "199");
+    QTest::keyClicks(YearWidget(window_).Line(), "199");
     EXPECT_EQ(Model().View().Year(), 2006);
-    QTest::keyClicks(window_.YearWidget().Line(), "8");
+    QTest::keyClicks(YearWidget(window_).Line(), "8");
 
     EXPECT_EQ(Model().View().Year(), 1998);
 }
 
 TEST_F(WindowTest, AYearOfThreeDigitsWaitsForEnter)
 {
-    window_.YearWidget().selectAll();
-    QTest::keyClicks(window_.YearWidget().Line(), "996");
+    YearWidget(window_).selectAll();
+    QTest::keyClicks(YearWidget(window_).Line(), "996");
 
-    Key(window_.YearWidget(), Qt::Key_Return);
+    Key(YearWidget(window_), Qt::Key_Return);
 
     EXPECT_EQ(Model().View().Year(), 996);
 }
 
 TEST_F(WindowTest, LeavingTheYearBoxHandsItsTextOn)
 {
-    window_.YearWidget().setFocus(Qt::TabFocusReason);
-    window_.YearWidget().selectAll();
-    QTest::keyClicks(window_.YearWidget().Line(), "200");
+    YearWidget(window_).setFocus(Qt::TabFocusReason);
+    YearWidget(window_).selectAll();
+    QTest::keyClicks(YearWidget(window_).Line(), "200");
 
     ClickNode("Budget");
 
@@ -109,20 +109,20 @@ TEST_F(WindowTest, LeavingTheYearBoxHandsItsTextOn)
 
 TEST_F(WindowTest, TheSpinnersArrowsStepTheYear)
 {
-    Key(window_.YearWidget(), Qt::Key_Up);
+    Key(YearWidget(window_), Qt::Key_Up);
     EXPECT_EQ(Model().View().Year(), 2007);
-    EXPECT_EQ(window_.YearWidget().Line()->text(), "2007");
+    EXPECT_EQ(YearWidget(window_).Line()->text(), "2007");
 
-    Key(window_.YearWidget(), Qt::Key_Down);
+    Key(YearWidget(window_), Qt::Key_Down);
     EXPECT_EQ(Model().View().Year(), 2006);
 }
 
-TEST_F(WindowTest, AYearThatIsNoNumberIsToldAndTheProgramGoesOn)
+TEST_F(WindowTest, AYearThatIsNoNumberIsReportedAndTheProgramGoesOn)
 {
-    window_.YearWidget().selectAll();
-    QTest::keyClicks(window_.YearWidget().Line(), "soon");
+    YearWidget(window_).selectAll();
+    QTest::keyClicks(YearWidget(window_).Line(), "soon");
 
-    Key(window_.YearWidget(), Qt::Key_Return);
+    Key(YearWidget(window_), Qt::Key_Return);
 
     ASSERT_EQ(books_.messages.boxes.size(), 1u);
     EXPECT_EQ(books_.messages.boxes[0],
@@ -133,7 +133,7 @@ TEST_F(WindowTest, AYearThatIsNoNumberIsToldAndTheProgramGoesOn)
 
 TEST_F(WindowTest, BackAndForwardStepTheMonthAcrossTheYearsEnd)
 {
-    QWidget* toolbar = &window_.ToolbarWidget();
+    QWidget* toolbar = &ToolbarWidget(window_);
     const auto press = [toolbar](const char* key) {
         for (QObject* button : toolbar->findChildren<QWidget*>())
             if (button->property("text").toString() == key)
@@ -142,12 +142,12 @@ TEST_F(WindowTest, BackAndForwardStepTheMonthAcrossTheYearsEnd)
 
     for (int month = 0; month < 3; ++month)
         press("Back");
-    EXPECT_EQ(window_.MonthWidget().currentText(), "December");
-    EXPECT_EQ(window_.YearWidget().Line()->text(), "2005");
+    EXPECT_EQ(MonthWidget(window_).currentText(), "December");
+    EXPECT_EQ(YearWidget(window_).Line()->text(), "2005");
 
     press("Forward");
-    EXPECT_EQ(window_.MonthWidget().currentText(), "January");
-    EXPECT_EQ(window_.YearWidget().Line()->text(), "2006");
+    EXPECT_EQ(MonthWidget(window_).currentText(), "January");
+    EXPECT_EQ(YearWidget(window_).Line()->text(), "2006");
 }
 
 TEST_F(WindowTest, TheMenusShowWhatTheModelEnables)
@@ -158,7 +158,7 @@ TEST_F(WindowTest, TheMenusShowWhatTheModelEnables)
 
     ClickCell(1, 1);
     EXPECT_TRUE(MenuAction("mnuE_Delete")->isEnabled());
-    EXPECT_TRUE(window_.ToolbarWidget().Action("Delete")->isEnabled());
+    EXPECT_TRUE(ToolbarWidget(window_).Action("Delete")->isEnabled());
 
     ClickNode("Budget");
     EXPECT_FALSE(MenuAction("mnuE_Delete")->isEnabled());
@@ -203,27 +203,27 @@ TEST_F(WindowTest, TheStatusBarShowsItsFirstPanel)
 TEST_F(WindowTest, TheTotalsStandUnderTheirColumnsAndASecondOneOnlyWhereThereIsOne)
 {
     ClickNode("Net Worth");
-    EXPECT_TRUE(window_.Totals().Second()->isVisible());
-    const QRect opening = window_.GridWidget().Layout().CellRect(1, 4);
-    EXPECT_EQ(window_.Totals().First()->x(), window_.GridWidget().x() + opening.left());
+    EXPECT_TRUE(SecondTotal(window_)->isVisible());
+    const QRect opening = GridWidget(window_).Layout().CellRect(1, 4);
+    EXPECT_EQ(FirstTotal(window_)->x(), GridWidget(window_).x() + opening.left());
 
     ClickNode("Checking");
-    EXPECT_FALSE(window_.Totals().Second()->isVisible());
-    EXPECT_EQ(window_.Totals().First()->text(), "-18.00");
-    EXPECT_EQ(window_.Totals().Caption()->text(), "Balance:");
-    EXPECT_TRUE(window_.Totals().First()->isReadOnly());
+    EXPECT_FALSE(SecondTotal(window_)->isVisible());
+    EXPECT_EQ(FirstTotal(window_)->text(), "-18.00");
+    EXPECT_EQ(TotalsCaption(window_)->text(), "Balance:");
+    EXPECT_TRUE(FirstTotal(window_)->isReadOnly());
 }
 
 TEST_F(WindowTest, ATotalWithoutRoomShowsNoOtherAmount)
 {
     books_.Execute("UPDATE Account SET OpeningBalance = 1234567.89");
     ClickNode("Net Worth");
-    EXPECT_EQ(window_.Totals().First()->text(), "3,703,703.67");
+    EXPECT_EQ(FirstTotal(window_)->text(), "3,703,703.67");
 
     window_.InnerSize(420, 400);
 
-    EXPECT_THAT(window_.Totals().First()->text().toStdString(), testing::MatchesRegex("#+"));
-    EXPECT_EQ(window_.Totals().First()->toolTip(), "3,703,703.67");
+    EXPECT_THAT(FirstTotal(window_)->text().toStdString(), testing::MatchesRegex("#+"));
+    EXPECT_EQ(FirstTotal(window_)->toolTip(), "3,703,703.67");
 }
 
 TEST_F(WindowTest, ResizingTheWindowLaysItsPartsOutAsTheModelSays)
@@ -232,7 +232,7 @@ TEST_F(WindowTest, ResizingTheWindowLaysItsPartsOutAsTheModelSays)
 
     const Bounds place = Model().Grid.Place();
     EXPECT_EQ(window_.centralWidget()->size(), QSize(800, 500));
-    EXPECT_EQ(window_.GridWidget().geometry(),
+    EXPECT_EQ(GridWidget(window_).geometry(),
               QRect(place.left, place.top, place.width, place.height));
     EXPECT_EQ(place.left + place.width + 2, 800);
 }
@@ -245,20 +245,20 @@ TEST_F(WindowTest, AGridThatKeepsTheFocusKeepsTheTreeFromBeingClicked)
 
     ClickNode("Budget");
     EXPECT_EQ(Model().View().View(), vwAccount);
-    EXPECT_TRUE(window_.GridWidget().hasFocus());
-    EXPECT_EQ(window_.TreeWidget().currentItem()->text(0), "Checking");
+    EXPECT_TRUE(GridWidget(window_).hasFocus());
+    EXPECT_EQ(TreeWidget(window_).currentItem()->text(0), "Checking");
 
-    window_.MonthWidget().setFocus(Qt::TabFocusReason);
+    MonthWidget(window_).setFocus(Qt::TabFocusReason);
     QTest::qWait(1);
-    EXPECT_TRUE(window_.GridWidget().hasFocus());
+    EXPECT_TRUE(GridWidget(window_).hasFocus());
 }
 
 TEST_F(WindowTest, ADisabledWindowTakesNoInput)
 {
     Model().window.Enabled(false);
-    QWidget& tree = window_.TreeWidget();
-    const QRect budget = window_.TreeWidget().visualItemRect(window_.TreeWidget().ItemOf(2));
-    const QPoint place = window_.TreeWidget().viewport()->mapTo(&window_, budget.center());
+    QWidget& tree = TreeWidget(window_);
+    const QRect budget = TreeWidget(window_).visualItemRect(TreeWidget(window_).ItemOf(2));
+    const QPoint place = TreeWidget(window_).viewport()->mapTo(&window_, budget.center());
 
     QTest::mouseClick(window_.windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
     QTest::qWait(1);
@@ -299,12 +299,12 @@ TEST_F(WindowTest, ATipThatCannotBeReadIsNoError)
     Model().Data().Database().Trace([&asked](std::string_view sql) {
         asked = asked || sql.starts_with("SELECT PostDate, Trans.Description");
     });
-    const QRect cell = window_.GridWidget().Layout().CellRect(2, 1);
+    const QRect cell = GridWidget(window_).Layout().CellRect(2, 1);
 
     QMouseEvent rests(QEvent::MouseMove, cell.center(),
-                      window_.GridWidget().mapToGlobal(cell.center()), Qt::NoButton, Qt::NoButton,
+                      GridWidget(window_).mapToGlobal(cell.center()), Qt::NoButton, Qt::NoButton,
                       Qt::NoModifier);
-    QCoreApplication::sendEvent(window_.GridWidget().viewport(), &rests);
+    QCoreApplication::sendEvent(GridWidget(window_).viewport(), &rests);
     QTest::qWait(Grid().TipDelay() + 200);
 
     Model().Data().Database().Trace({});

@@ -69,9 +69,9 @@ TEST_F(WindowMemoryTest, SizePlaceBorderAndColumnsComeBackAtTheNextStart)
         first.window.resize(640, 420);
         first.window.move(70, 50);
         tree = first.books.window.TreeWidth() + 33;
-        Drag(first.window.Border(), QPoint(2, 40), 33);
-        const GridLayout& layout = first.window.GridWidget().Layout();
-        Drag(first.window.GridWidget().Header(), QPoint(layout.CellRect(1, 2).right() + 1, 5), 21);
+        Drag(BorderWidget(first.window), QPoint(2, 40), 33);
+        const GridLayout& layout = GridWidget(first.window).Layout();
+        Drag(GridWidget(first.window).Header(), QPoint(layout.CellRect(1, 2).right() + 1, 5), 21);
         column = first.Width(2);
         QTest::qWait(1);
         first.window.close();
@@ -83,7 +83,7 @@ TEST_F(WindowMemoryTest, SizePlaceBorderAndColumnsComeBackAtTheNextStart)
     EXPECT_EQ(second.window.size(), QSize(640, 420));
     EXPECT_EQ(second.window.pos(), QPoint(70, 50));
     EXPECT_EQ(second.books.window.TreeWidth(), tree);
-    EXPECT_EQ(second.window.TreeWidget().width(), tree);
+    EXPECT_EQ(TreeWidget(second.window).width(), tree);
     EXPECT_EQ(second.Width(2), column);
 }
 
@@ -176,7 +176,7 @@ TEST_F(WindowMemoryTest, ABrokenFileIsPassedOver)
 
         EXPECT_TRUE(start.books.messages.boxes.empty());
         EXPECT_FALSE(start.window.isMaximized()) << text;
-        EXPECT_GT(start.window.GridWidget().width(), 100) << text;
+        EXPECT_GT(GridWidget(start.window).width(), 100) << text;
         EXPECT_GE(start.Width(1), GridComponent::LeastWidth) << text;
     }
 }
@@ -210,18 +210,18 @@ TEST_F(BorderTest, TheArrowKeysMoveTheBorderAndEscapeGoesBack)
 {
     window_.InnerSize(900, 500);
     ClickNode("Purse");
-    const int before = window_.TreeWidget().width();
+    const int before = TreeWidget(window_).width();
 
     Key(window_, Qt::Key_F8);
-    ASSERT_TRUE(window_.Border().hasFocus());
-    Key(window_.Border(), Qt::Key_Right);
-    EXPECT_GT(window_.TreeWidget().width(), before);
-    EXPECT_EQ(window_.GridWidget().x(), window_.TreeWidget().width() + 2);
-    Key(window_.Border(), Qt::Key_Left);
-    EXPECT_EQ(window_.TreeWidget().width(), before);
+    ASSERT_TRUE(BorderWidget(window_).hasFocus());
+    Key(BorderWidget(window_), Qt::Key_Right);
+    EXPECT_GT(TreeWidget(window_).width(), before);
+    EXPECT_EQ(GridWidget(window_).x(), TreeWidget(window_).width() + 2);
+    Key(BorderWidget(window_), Qt::Key_Left);
+    EXPECT_EQ(TreeWidget(window_).width(), before);
 
-    Key(window_.Border(), Qt::Key_Escape);
-    EXPECT_TRUE(window_.TreeWidget().hasFocus());
+    Key(BorderWidget(window_), Qt::Key_Escape);
+    EXPECT_TRUE(TreeWidget(window_).hasFocus());
 }
 
 TEST_F(BorderTest, NeitherTheTreeNorTheGridCanBePushedAway)
@@ -229,11 +229,11 @@ TEST_F(BorderTest, NeitherTheTreeNorTheGridCanBePushedAway)
     window_.InnerSize(900, 500);
     Key(window_, Qt::Key_F8);
 
-    Key(window_.Border(), Qt::Key_Home);
-    EXPECT_GT(window_.TreeWidget().width(), 30);
+    Key(BorderWidget(window_), Qt::Key_Home);
+    EXPECT_GT(TreeWidget(window_).width(), 30);
 
-    Key(window_.Border(), Qt::Key_End);
-    EXPECT_GT(window_.GridWidget().width(), 100);
+    Key(BorderWidget(window_), Qt::Key_End);
+    EXPECT_GT(GridWidget(window_).width(), 100);
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
-// Moving the current cell by keys.
-#include <QKeyEvent>
+#include "desktop/grid/GridCursor.h"
+
+#include <QWidget>
 #include <algorithm>
 
-#include "desktop/grid/GridView.h"
 #include "desktop/input/UserEvents.h"
 
 namespace clb {
@@ -10,49 +10,10 @@ namespace clb {
 namespace {
 
 constexpr int Everything = 1 << 30;
-constexpr int WidthStep = 8;  // pixels that a key makes a column wider
 
 }  // namespace
 
-void GridView::keyPressEvent(QKeyEvent* event)
-{
-    const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
-    if (held == Qt::NoModifier && FoldByKey(event->key()))
-        return;
-    if (ColumnByKey(*event) || Edit(*event) || EditByTyping(*event))
-        return;
-    const bool moves = held == Qt::NoModifier || held == Qt::ControlModifier;
-    if (!moves || !Navigate(event->key(), held == Qt::ControlModifier))
-        event->ignore();
-}
-
-bool GridView::ColumnByKey(const QKeyEvent& event)
-{
-    const std::int32_t column = grid_.Col();
-    const int width = layout_.CellRect(grid_.Row(), column).width();
-    if (width == 0)
-        return false;
-    if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_F1) {
-        tipPlace_ = layout_.CellRect(grid_.Row(), column).center();
-        ShowTip();
-        return true;
-    }
-    if (event.modifiers() != (Qt::ControlModifier | Qt::ShiftModifier))
-        return false;
-    switch (event.key()) {
-        case Qt::Key_Left:
-        case Qt::Key_Right:
-            events_.Run([&] {
-                grid_.ResizeColumn(column,
-                                   width + (event.key() == Qt::Key_Left ? -WidthStep : WidthStep));
-            });
-            return true;
-        case Qt::Key_F: FitColumn(column); return true;
-        default: return false;
-    }
-}
-
-bool GridView::Navigate(int key, bool toEnds)
+bool GridCursor::Navigate(int key, bool toEnds)
 {
     switch (key) {
         case Qt::Key_Up: return MoveRows(toEnds ? -Everything : -1);
@@ -70,7 +31,7 @@ bool GridView::Navigate(int key, bool toEnds)
     }
 }
 
-bool GridView::MoveTo(std::size_t row, std::int32_t column)
+bool GridCursor::MoveTo(std::size_t row, std::int32_t column)
 {
     if (row == 0 || column == 0)
         return true;
@@ -78,13 +39,13 @@ bool GridView::MoveTo(std::size_t row, std::int32_t column)
     return true;
 }
 
-bool GridView::MoveToShown(std::size_t row, std::int32_t column)
+bool GridCursor::MoveToShown(std::size_t row, std::int32_t column)
 {
     const std::size_t now = grid_.RowNow(row);
     return now != 0 && grid_.MoveTo(now, column);
 }
 
-std::size_t GridView::RowFromCurrent(int rows) const
+std::size_t GridCursor::RowFromCurrent(int rows) const
 {
     const auto wanted = static_cast<std::ptrdiff_t>(grid_.Row()) + rows;
     const auto last = static_cast<std::ptrdiff_t>(layout_.RowCount());
@@ -92,17 +53,17 @@ std::size_t GridView::RowFromCurrent(int rows) const
         std::clamp<std::ptrdiff_t>(wanted, std::min<std::ptrdiff_t>(1, last), last));
 }
 
-bool GridView::MoveRows(int rows)
+bool GridCursor::MoveRows(int rows)
 {
     return MoveTo(RowFromCurrent(rows), grid_.Col());
 }
 
-bool GridView::MoveColumns(int steps)
+bool GridCursor::MoveColumns(int steps)
 {
     return MoveTo(grid_.Row(), layout_.Neighbour(grid_.Col(), steps));
 }
 
-bool GridView::MoveCell(int steps)
+bool GridCursor::MoveCell(int steps)
 {
     if (const std::int32_t column = layout_.Neighbour(grid_.Col(), steps))
         return MoveTo(grid_.Row(), column);
@@ -112,20 +73,28 @@ bool GridView::MoveCell(int steps)
     return MoveTo(row, steps > 0 ? layout_.FirstColumn() : layout_.LastColumn());
 }
 
-bool GridView::focusNextPrevChild(bool next)
+void GridCursor::KeepRow()
 {
-    // Tab walks the cells; beyond the first and the last one it leaves the grid.
-    if (!EndEdit() || MoveCell(next ? 1 : -1))
-        return true;
-    if (next && grid_.Dirty()) {
-        // The new row is complete: on to the next one.
-        KeepRow();
-        return true;
-    }
-    return QAbstractScrollArea::focusNextPrevChild(next);
+    events_.RunOnRow([&] {
+        const std::size_t row = grid_.Row();
+        if (row == 0)
+            return;
+        const bool fresh = grid_.Rows().Kind(row) == GridRowKind::NewRow;
+        if (!grid_.Update())
+            return;
+        if (fresh)
+            grid_.MoveTo(grid_.Rows().NewRow(), layout_.FirstColumn());
+        else
+            grid_.MoveTo(std::min(grid_.Row() + 1, grid_.Rows().Count()), grid_.Col());
+    });
 }
 
-bool GridView::FoldByKey(int key)
+bool GridCursor::OnHeading(std::size_t row) const
+{
+    return row != 0 && grid_.Rows().Kind(row) == GridRowKind::GroupHeading;
+}
+
+bool GridCursor::FoldByKey(int key)
 {
     const std::size_t row = grid_.Row();
     if (!OnHeading(row))
@@ -151,9 +120,16 @@ bool GridView::FoldByKey(int key)
     return true;
 }
 
-int GridView::RowsPerPage() const
+void GridCursor::ToggleFold(std::size_t row)
 {
-    return std::max(1, viewport()->height() / layout_.RowHeight() - 1);
+    if (row == 0)
+        return;
+    grid_.Fold(row, !grid_.Rows().Folded(row));
+}
+
+int GridCursor::RowsPerPage() const
+{
+    return std::max(1, viewport_.height() / layout_.RowHeight() - 1);
 }
 
 }  // namespace clb

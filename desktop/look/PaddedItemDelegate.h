@@ -1,10 +1,11 @@
+// Items of lists and trees.
 #pragma once
 #include <QStyledItemDelegate>
 
 namespace clb {
 
-/// Lines of a list or tree with some air above and below the text.
-class AiryLines : public QStyledItemDelegate {
+/// Draws the items of a list or tree with some room above and below the text.
+class PaddedItemDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,

@@ -1,13 +1,13 @@
-// Editing the current cell: how an edit begins, and the keys that end it.
+#include "desktop/grid/GridEditing.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <algorithm>
 #include <limits>
 
 #include "desktop/grid/CellEditor.h"
-#include "desktop/grid/GridView.h"
+#include "desktop/grid/GridCursor.h"
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/TextConvert.h"
 
@@ -37,16 +37,16 @@ char32_t FirstCharacter(const QString& text)
 
 }  // namespace
 
-bool GridView::BeginEdit(char32_t key)
+bool GridEditing::Begin(char32_t key)
 {
     // What does not fit the event's 16 bits counts as no key.
     const bool fits = key <= static_cast<char32_t>(std::numeric_limits<std::int16_t>::max());
     bool begun = false;
     events_.RunOnRow([&] { begun = grid_.BeginEdit(fits ? static_cast<std::int16_t>(key) : 0); });
-    return begun && editor_->IsOpen();
+    return begun && editor_.IsOpen();
 }
 
-bool GridView::EndEdit()
+bool GridEditing::End()
 {
     bool ended = !grid_.Editing();
     if (!ended)
@@ -54,28 +54,12 @@ bool GridView::EndEdit()
     return ended;
 }
 
-void GridView::KeepRow()
-{
-    events_.RunOnRow([&] {
-        const std::size_t row = grid_.Row();
-        if (row == 0)
-            return;
-        const bool fresh = grid_.Rows().Kind(row) == GridRowKind::NewRow;
-        if (!grid_.Update())
-            return;
-        if (fresh)
-            grid_.MoveTo(grid_.Rows().NewRow(), layout_.FirstColumn());
-        else
-            grid_.MoveTo(std::min(grid_.Row() + 1, grid_.Rows().Count()), grid_.Col());
-    });
-}
-
-bool GridView::Edit(const QKeyEvent& event)
+bool GridEditing::ByKey(const QKeyEvent& event)
 {
     const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
     if (event.key() == Qt::Key_F4 || (event.key() == Qt::Key_Down && held == Qt::AltModifier)) {
-        if (BeginEdit())
-            editor_->DropDown();
+        if (Begin())
+            editor_.DropDown();
         return true;
     }
     if (held == Qt::ControlModifier)
@@ -83,18 +67,18 @@ bool GridView::Edit(const QKeyEvent& event)
     if (held != Qt::NoModifier)
         return false;
     if (IsEnter(event.key())) {
-        KeepRow();
+        cursor_.KeepRow();
         return true;
     }
     switch (event.key()) {
         case Qt::Key_F2:
-            if (BeginEdit())
-                editor_->CaretToEnd();
+            if (Begin())
+                editor_.CaretToEnd();
             return true;
         case Qt::Key_Backspace:
-            if (BeginEdit()) {
-                editor_->Line().selectAll();
-                editor_->Line().del();
+            if (Begin()) {
+                editor_.Line().selectAll();
+                editor_.Line().del();
             }
             return true;
         case Qt::Key_Escape:
@@ -106,45 +90,32 @@ bool GridView::Edit(const QKeyEvent& event)
     }
 }
 
-bool GridView::EditByTyping(QKeyEvent& event)
+bool GridEditing::ByTyping(QKeyEvent& event)
 {
     if (!Writes(event))
         return false;
-    const bool open = editor_->IsOpen();
-    if (open || BeginEdit(FirstCharacter(event.text()))) {
+    const bool open = editor_.IsOpen();
+    if (open || Begin(FirstCharacter(event.text()))) {
         if (!open)
-            editor_->Line().selectAll();
-        QCoreApplication::sendEvent(&editor_->Line(), &event);
+            editor_.Line().selectAll();
+        QCoreApplication::sendEvent(&editor_.Line(), &event);
     }
     return true;
 }
 
-void GridView::inputMethodEvent(QInputMethodEvent* event)
+void GridEditing::ByInputMethod(QInputMethodEvent& event)
 {
-    const bool empty = event->commitString().isEmpty() && event->preeditString().isEmpty();
-    if (empty || !BeginEdit(FirstCharacter(event->commitString())))
+    const bool empty = event.commitString().isEmpty() && event.preeditString().isEmpty();
+    if (empty || !Begin(FirstCharacter(event.commitString())))
         return;
-    editor_->Line().selectAll();
-    QCoreApplication::sendEvent(&editor_->Line(), event);
+    editor_.Line().selectAll();
+    QCoreApplication::sendEvent(&editor_.Line(), &event);
 }
 
-QVariant GridView::inputMethodQuery(Qt::InputMethodQuery query) const
-{
-    if (query == Qt::ImCursorRectangle)
-        return layout_.CellRect(grid_.Row(), grid_.Col())
-            .translated(0, viewport()->mapToParent(QPoint()).y());
-    return QAbstractScrollArea::inputMethodQuery(query);
-}
-
-bool GridView::CopyOrPaste(const QKeyEvent& event)
+bool GridEditing::CopyOrPaste(const QKeyEvent& event)
 {
     if (event.matches(QKeySequence::Copy)) {
-        const bool cell = grid_.Row() != 0 && !OnHeading(grid_.Row());
-        if (cell)
-            events_.Run([&] {
-                QGuiApplication::clipboard()->setText(
-                    ToQString(grid_.CellText(grid_.Row(), grid_.Col())));
-            });
+        Copy();
         return true;
     }
     if (event.matches(QKeySequence::Paste)) {
@@ -154,29 +125,34 @@ bool GridView::CopyOrPaste(const QKeyEvent& event)
     return false;
 }
 
-void GridView::Paste()
+void GridEditing::Copy()
 {
-    if (!BeginEdit())
+    if (grid_.Row() == 0 || cursor_.OnHeading(grid_.Row()))
         return;
-    editor_->Line().selectAll();
-    editor_->Line().paste();
+    events_.Run([&] {
+        QGuiApplication::clipboard()->setText(ToQString(grid_.CellText(grid_.Row(), grid_.Col())));
+    });
 }
 
-bool GridView::LeaveEdit(QKeyEvent& event)
+void GridEditing::Paste()
+{
+    if (!Begin())
+        return;
+    editor_.Line().selectAll();
+    editor_.Line().paste();
+}
+
+bool GridEditing::Leave(const QKeyEvent& event)
 {
     const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
-    if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) {
-        focusNextPrevChild(event.key() == Qt::Key_Tab);
-        return true;
-    }
     if (held != Qt::NoModifier)
         return false;
     if (event.key() == Qt::Key_Escape)
         events_.Run([&] { grid_.Escape(); });
     else if (IsEnter(event.key()))
-        KeepRow();
+        cursor_.KeepRow();
     else
-        Navigate(event.key(), false);
+        cursor_.Navigate(event.key(), false);
     return true;
 }
 
