@@ -9,7 +9,7 @@
 #include "app/UnlockedPorts.h"
 #include "app/modGlobals.h"
 #include "base/Product.h"
-#include "controls/Commands.h"
+#include "controls/Menus.h"
 #include "controls/Form.h"
 #include "controls/Inputs.h"
 #include "controls/Tree.h"

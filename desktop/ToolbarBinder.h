@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-#include "controls/Commands.h"
+#include "controls/Menus.h"
 
 class QAction;
 class QHBoxLayout;

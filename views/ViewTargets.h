@@ -2,7 +2,7 @@
 #pragma once
 #include <string>
 
-#include "controls/Commands.h"
+#include "controls/Menus.h"
 #include "controls/Form.h"
 #include "controls/Inputs.h"
 #include "controls/Tree.h"

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
-#include "controls/Commands.h"
+#include "controls/Menus.h"
 #include "controls/Form.h"
 #include "controls/Inputs.h"
 
