@@ -44,7 +44,7 @@ bool HasAccounts(const std::string& copy)
         book.Open("Data Source=" + copy);
         Recordset accounts = book.Execute("SELECT * FROM Account");
         for (; !accounts.AtEnd(); accounts.MoveNext())
-            accounts.Get(0);
+            static_cast<void>(accounts.Get(0));
         return true;
     } catch (const EngineError&) {
         return false;
