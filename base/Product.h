@@ -9,7 +9,8 @@ inline constexpr const char* Title = "Corvane Ledgerbook";
 /// "Corvane Ledgerbook 1.0.0".
 [[nodiscard]] std::string TitleAndVersion();
 
-/// The maker's pages.
+/// The maker's name and pages.
+inline constexpr const char* Maker = "Corvane";
 inline constexpr const char* HomePage = "https://corvane.example/";
 inline constexpr const char* TutorialPage = "https://corvane.example/ledgerbook/tutorial";
 
