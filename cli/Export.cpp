@@ -8,7 +8,7 @@
 #include "cli/Program.h"
 #include "cli/Table.h"
 #include "data/AccountKind.h"
-#include "export/NotReturned.h"
+#include "export/ExportLosses.h"
 #include "json/ValueJson.h"
 #include "views/MenuNames.h"
 
