@@ -1,9 +1,9 @@
 #pragma once
-#include <sigc++/signal.h>
-
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "controls/Event.h"
 
 namespace clb {
 
@@ -17,7 +17,7 @@ public:
     /// All notices, one a line, in the order in which they came; empty when there is none.
     [[nodiscard]] std::string Text() const;
     /// Raised when Text() has become another one.
-    sigc::signal<void()>& Changed() { return changed_; }
+    Event<void()> Changed() { return changed_; }
 
 private:
     std::vector<std::pair<std::string, std::string>> notices_;

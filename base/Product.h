@@ -9,7 +9,8 @@ inline constexpr const char* kTitle = "Corvane Ledgerbook";
 /// "Corvane Ledgerbook 1.0.0".
 [[nodiscard]] std::string TitleAndVersion();
 
-/// The maker's pages.
+/// The maker's name and pages.
+inline constexpr const char* kMaker = "Corvane";
 inline constexpr const char* kHomePage = "https://corvane.example/";
 inline constexpr const char* kTutorialPage = "https://corvane.example/ledgerbook/tutorial";
 

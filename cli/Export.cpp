@@ -8,8 +8,9 @@
 #include "cli/Program.h"
 #include "cli/Table.h"
 #include "data/AccountKind.h"
-#include "export/NotReturned.h"
+#include "export/ExportLosses.h"
 #include "json/ValueJson.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 namespace {
@@ -51,7 +52,7 @@ void ExportFile(const ExportOptions& options)
     program.Files().Choose(options.file);
     NotReturned notReturned(account.id);
     program.Window().Export().Watch(&notReturned);
-    program.Press("mnuF_Export");
+    program.Press(command_name::Export);
 
     for (const std::string& line : notReturned.Lines())
         std::cerr << "Not coming back: " << Printable(line) << '\n';

@@ -18,6 +18,7 @@
 #include "data/ErrorText.h"
 #include "import/StatementFile.h"
 #include "user/FormUser.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 namespace {
@@ -224,7 +225,7 @@ void ImportRun::Load(const std::string& file, const std::string& path, ImportedF
     try {
         CountLeft(path, result);
         program.Files().Choose(path);
-        program.Press("mnuF_Import");
+        program.Press(command_name::Import);
     } catch (const RuntimeError& error) {
         result.failed = true;
         std::cerr << error.what() << '\n';

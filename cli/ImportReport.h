@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "data/NoticedBalances.h"
-#include "import/LeftOut.h"
+#include "import/Omissions.h"
 
 namespace clb {
 

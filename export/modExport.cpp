@@ -13,7 +13,7 @@
 #include "base/Text.h"
 #include "data/clsDatabase.h"
 #include "engine/rows/RowWalk.h"
-#include "export/NotReturned.h"
+#include "export/ExportLosses.h"
 #include "files/FileError.h"
 #include "files/WholeFile.h"
 #include "ports/IClock.h"

@@ -2,6 +2,7 @@
 
 #include "data/AccountKind.h"
 #include "data/ViewColumns.h"
+#include "views/MenuNames.h"
 #include "views/ViewDefinition.h"
 
 namespace clb {
@@ -29,8 +30,8 @@ constexpr ViewColumn kColumns[] = {
     {.column = NetWorth::Sequence, .hidden = true},
 };
 
-constexpr EmptyText::Way kWays[] = {{"New account", "mnuE_New"},
-                                    {"Import a statement", "mnuF_Import"}};
+constexpr EmptyText::Way kWays[] = {{"New account", command_name::New},
+                                    {"Import a statement", command_name::Import}};
 
 constexpr EmptyText kEmpty{"No accounts yet",
                            "Enter your first account in the line above, or import a statement of "

@@ -2,6 +2,7 @@
 
 #include "data/ViewColumns.h"
 #include "data/clsDatabase.h"
+#include "views/MenuNames.h"
 #include "views/ViewDefinition.h"
 
 namespace clb {
@@ -39,8 +40,8 @@ constexpr ViewColumn kColumns[] = {
     {.column = Register::SubSequence, .hidden = true},
 };
 
-constexpr EmptyText::Way kWays[] = {{"New transaction", "mnuE_New"},
-                                    {"Import a statement", "mnuF_Import"}};
+constexpr EmptyText::Way kWays[] = {{"New transaction", command_name::New},
+                                    {"Import a statement", command_name::Import}};
 
 constexpr EmptyText kEmpty{"No transactions in {month}",
                            "Enter one in the line above, import a statement, or go to another "

@@ -25,18 +25,18 @@ void Dress(QCalendarWidget& calendar)
     weekend.setForeground(colors.negative);
     calendar.setWeekdayTextFormat(Qt::Saturday, weekend);
     calendar.setWeekdayTextFormat(Qt::Sunday, weekend);
-    const auto arrow = [&calendar](const char* button, const char* key) {
+    const auto arrow = [&calendar](const char* button, const char* name) {
         auto* drawn = calendar.findChild<QToolButton*>(QLatin1String(button));
         if (!drawn)
             return;
         // They stand on the highlighted bar.
         const QSize size(calendar.fontMetrics().height(), calendar.fontMetrics().height());
         drawn->setIconSize(size);
-        drawn->setIcon(
-            QIcon(icons::Toolbar(key).pixmap(size, calendar.devicePixelRatioF(), QIcon::Selected)));
+        drawn->setIcon(QIcon(
+            icons::Command(name).pixmap(size, calendar.devicePixelRatioF(), QIcon::Selected)));
     };
-    arrow("qt_calendar_prevmonth", "Back");
-    arrow("qt_calendar_nextmonth", "Forward");
+    arrow("qt_calendar_prevmonth", "back");
+    arrow("qt_calendar_nextmonth", "forward");
 }
 
 }  // namespace

@@ -1,10 +1,8 @@
 #include "desktop/look/Icons.h"
 
 #include <QFile>
-#include <map>
 
 #include "desktop/look/IconEngine.h"
-#include "desktop/look/TextConvert.h"
 #include "ports/IMessageBox.h"
 
 // Resources of a static library are linked only when they are asked for by name.
@@ -35,24 +33,9 @@ QIcon Application()
     return Load(QStringLiteral("ledgerbook"));
 }
 
-QIcon Toolbar(const std::string& key)
+QIcon Command(const char* name)
 {
-    return Load(ToQString(key).toLower());
-}
-
-QIcon MenuItem(const std::string& name)
-{
-    static const std::map<std::string, const char*> drawings = {
-        {"mnuF_Import", "import"},   {"mnuF_Export", "export"},
-        {"mnuF_Print", "print"},     {"mnuF_Exit", "exit"},
-        {"mnuE_New", "new"},         {"mnuE_Delete", "delete"},
-        {"mnuE_Copy", "copy"},       {"mnuE_MovePrev", "previous"},
-        {"mnuE_MoveNext", "next"},   {"mnuE_Split", "split"},
-        {"mnuT_Options", "options"}, {"mnuT_UpdateQuotes", "quotes"},
-        {"mnuH_HelpTopics", "help"}, {"mnuH_OnlineTutorial", "tutorial"},
-        {"mnuH_OnTheWeb", "link"},   {"mnuH_About", "about"}};
-    const auto found = drawings.find(name);
-    return found == drawings.end() ? QIcon() : Load(QLatin1String(found->second));
+    return Load(QLatin1String(name));
 }
 
 QIcon TreeImage(std::int32_t image)

@@ -1,7 +1,6 @@
 #pragma once
 #include <QIcon>
 #include <cstdint>
-#include <string>
 
 namespace clb {
 
@@ -10,10 +9,8 @@ namespace clb {
 namespace icons {
 /// The program itself.
 QIcon Application();
-/// A toolbar button by its key ("New", "Delete", "Link", "Back", "Forward"); empty for others.
-QIcon Toolbar(const std::string& key);
-/// A menu item by its name ("mnuF_Import"); empty for names without.
-QIcon MenuItem(const std::string& name);
+/// A command's drawing by its name, such as "import"; empty if there is none of that name.
+QIcon Command(const char* name);
 /// An image of the tree's list: 6 a closed book, 7 an open one; empty for others.
 QIcon TreeImage(std::int32_t image);
 /// The buttons of a cell in edit.

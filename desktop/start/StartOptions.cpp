@@ -3,17 +3,11 @@
 #include <CLI/CLI.hpp>
 
 #include "base/Product.h"
+#include "platform/SystemClock.h"
 
 namespace clb {
 
 namespace {
-
-std::string CheckMoment(const std::string& text)
-{
-    constexpr std::size_t length = std::char_traits<char>::length("YYYY-MM-DDThh:mm:ss");
-    const bool good = text.size() == length && text[10] == 'T' && Date::FromIso(text);
-    return good ? std::string() : "\"" + text + "\" is no moment YYYY-MM-DDThh:mm:ss";
-}
 
 std::string CheckDay(const std::string& text)
 {

@@ -103,7 +103,7 @@ void StuckWindow::Follow()
 
 void StuckWindow::TellStuck()
 {
-    text_->setText(WhatHappened(controller_.StatusText()) +
+    text_->setText(WhatHappened(controller_.statusBar.Panel(1)) +
                    QStringLiteral("\n\nThe main window takes no more input. What you saved is "
                                   "kept. \"Start again\" opens a new main window with your "
                                   "data."));

@@ -8,6 +8,7 @@
 #include "desktop/look/TextConvert.h"
 #include "desktop/window/MainWindow.h"
 #include "import/StatementKind.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 
@@ -47,7 +48,7 @@ void IncomingFiles::Next()
             waiting_.clear();
         } else if (IsStatement(path)) {
             answer_(path);
-            events_.Run([this] { controller_.menus.Find("mnuF_Import")->Press(); });
+            events_.Run([this] { controller_.menus.Find(command_name::Import)->Press(); });
         }
         importing_ = false;
     }

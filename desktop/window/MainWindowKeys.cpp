@@ -4,6 +4,7 @@
 #include <QShortcut>
 #include <QWheelEvent>
 
+#include "app/WindowCommands.h"
 #include "desktop/forms/ListBinder.h"
 #include "desktop/grid/GridView.h"
 #include "desktop/input/UserEvents.h"
@@ -12,19 +13,9 @@
 #include "desktop/window/ToolbarBinder.h"
 #include "desktop/window/TreeBinder.h"
 #include "desktop/window/YearBox.h"
+#include "views/MenuNames.h"
 
 namespace clb {
-
-namespace {
-
-/// Whether a command needs the row in edit to be saved. New Record leaves the row, which saves it;
-/// Delete Record may take a row that cannot be saved; the help needs no rows.
-bool NeedsSavedRow(const std::string& item)
-{
-    return item != "mnuE_New" && item != "mnuE_Delete" && !item.starts_with("mnuH_");
-}
-
-}  // namespace
 
 void MainWindow::BindKeys()
 {
@@ -37,16 +28,15 @@ void MainWindow::BindKeys()
         });
     };
     bind(Qt::CTRL | Qt::Key_R, [this] { controller_.View().Refresh(); });
-    bind(Qt::Key_F5, [this] { Choose(*controller_.menus.Find("mnuT_UpdateQuotes")); });
     bind(Qt::CTRL | Qt::Key_PageUp, [this] { controller_.StepMonth(-1); });
     bind(Qt::CTRL | Qt::Key_PageDown, [this] { controller_.StepMonth(1); });
     connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, border_,
             &SplitHandle::TakeFocus);
-    QAction* quotes = menuBar()->findChild<QAction*>(QStringLiteral("mnuT_UpdateQuotes"));
-    quotes->setText(quotes->text() + QStringLiteral("\tF5"));
     grid_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(grid_, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
-        menuBar()->findChild<QMenu*>(QStringLiteral("mnuEdit"))->popup(grid_->mapToGlobal(place));
+        menuBar()
+            ->findChild<QMenu*>(QLatin1String(menu_name::Edit))
+            ->popup(grid_->mapToGlobal(place));
     });
 }
 
@@ -81,9 +71,10 @@ bool MainWindow::GridAgrees()
 
 void MainWindow::Choose(MenuItem& item)
 {
-    if (item.Name() == "mnuF_Exit")
+    const WindowCommand* const command = FindCommand(item.Name());
+    if (item.Name() == command_name::Exit)
         controller_.Close();  // asks the grid itself
-    else if (!NeedsSavedRow(item.Name()) || GridAgrees())
+    else if ((command && !command->savesRow) || GridAgrees())
         item.Press();
 }
 

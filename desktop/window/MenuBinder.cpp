@@ -1,5 +1,6 @@
 #include "desktop/window/MenuBinder.h"
 
+#include "app/WindowCommands.h"
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
@@ -8,23 +9,13 @@ namespace clb {
 
 namespace {
 
-QKeySequence ShortcutOf(const std::string& item)
+void Dress(QAction& action, const std::string& item)
 {
-    if (item == "mnuF_Import")
-        return Qt::CTRL | Qt::Key_I;
-    if (item == "mnuF_Export")
-        return Qt::CTRL | Qt::Key_E;
-    if (item == "mnuF_Print")
-        return QKeySequence::Print;
-    if (item == "mnuF_Exit")
-        return Qt::CTRL | Qt::Key_Q;
-    if (item == "mnuE_New")
-        return QKeySequence::New;
-    if (item == "mnuE_Delete")
-        return QKeySequence::Delete;
-    if (item == "mnuH_HelpTopics")
-        return Qt::Key_F1;
-    return {};
+    const WindowCommand* const command = FindCommand(item);
+    if (!command)
+        return;
+    action.setIcon(icons::Command(command->icon));
+    action.setShortcut(QKeySequence(QLatin1String(command->key), QKeySequence::PortableText));
 }
 
 }  // namespace
@@ -42,8 +33,7 @@ MenuBinder::MenuBinder(MenuBar& menus, QMenuBar& bar, UserEvents& events, const 
             QAction* action = drawn->addAction(ToQString(item.Caption()));
             action->setObjectName(ToQString(item.Name()));
             action->setEnabled(item.Enabled());
-            action->setIcon(icons::MenuItem(item.Name()));
-            action->setShortcut(ShortcutOf(item.Name()));
+            Dress(*action, item.Name());
             QObject::connect(action, &QAction::triggered, &bar,
                              [&item, &events, press] { events.RunOnRow([&] { press(item); }); });
             item.Changed().connect(

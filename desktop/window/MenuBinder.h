@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "controls/Commands.h"
+#include "controls/Menus.h"
 
 namespace clb {
 

@@ -6,24 +6,12 @@
 #include <QLabel>
 #include <QToolBar>
 
+#include "app/WindowCommands.h"
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
 
 namespace clb {
-
-namespace {
-
-QKeySequence ShortcutOf(const std::string& key)
-{
-    if (key == "Back")
-        return Qt::ALT | Qt::Key_Left;
-    if (key == "Forward")
-        return Qt::ALT | Qt::Key_Right;
-    return {};
-}
-
-}  // namespace
 
 ToolbarBinder::ToolbarBinder(Toolbar& toolbar, UserEvents& events, QWidget* parent)
     : QWidget(parent),
@@ -41,17 +29,17 @@ ToolbarBinder::ToolbarBinder(Toolbar& toolbar, UserEvents& events, QWidget* pare
 
 void ToolbarBinder::AddButton(const Toolbar::Button& button)
 {
-    if (button.key == "Link" || button.key == "Back")
+    const WindowButton& command = *FindButton(button.key);
+    if (command.separated)
         bar_->addSeparator();
-    QAction* action = bar_->addAction(icons::Toolbar(button.key), ToQString(button.key));
+    QAction* action = bar_->addAction(icons::Command(command.icon), ToQString(button.key));
     action->setObjectName(ToQString(button.key));
     action->setEnabled(button.enabled);
+    const QKeySequence shortcut(QLatin1String(command.shortcut), QKeySequence::PortableText);
+    action->setShortcut(shortcut);
     QString tip = ToQString(button.tip);
-    const QKeySequence shortcut = ShortcutOf(button.key);
-    if (!shortcut.isEmpty()) {
-        action->setShortcut(shortcut);
+    if (!shortcut.isEmpty())
         tip += QStringLiteral(" (%1)").arg(shortcut.toString(QKeySequence::NativeText));
-    }
     action->setToolTip(tip);
     bar_->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
     const std::string key = button.key;

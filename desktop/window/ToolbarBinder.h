@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-#include "controls/Commands.h"
+#include "controls/Menus.h"
 
 class QAction;
 class QHBoxLayout;
@@ -19,7 +19,8 @@ class UserEvents;
 /// room for the buttons' texts their pictures stand alone.
 class ToolbarBinder : public QWidget, public sigc::trackable {
 public:
-    /// toolbar and events are borrowed and outlive the binder.
+    /// Draws the buttons that WindowButtons() lists. toolbar and events are borrowed and outlive
+    /// the binder.
     ToolbarBinder(Toolbar& toolbar, UserEvents& events, QWidget* parent = nullptr);
 
     /// With a caption before it, whose letter leads to it.

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
-#include "controls/Commands.h"
 #include "controls/Form.h"
 #include "controls/Inputs.h"
+#include "controls/Menus.h"
 
 namespace clb {
 namespace {

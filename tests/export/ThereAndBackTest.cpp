@@ -10,7 +10,7 @@
 
 #include "base/Numeric.h"
 #include "base/Text.h"
-#include "export/NotReturned.h"
+#include "export/ExportLosses.h"
 #include "tests/support/Books.h"
 
 namespace clb {

@@ -84,11 +84,11 @@ TEST_F(StatementsTest, ASecondImportAsksNothingAndAddsNothing)
 
 TEST_F(StatementsTest, TheWindowIsAsBeforeAfterwards)
 {
-    const std::string status = books_.window.StatusText();
+    const std::string status = books_.window.statusBar.Panel(1);
 
     Import("bank-crlf.ofx");
 
-    EXPECT_EQ(books_.window.StatusText(), status);
+    EXPECT_EQ(books_.window.statusBar.Panel(1), status);
     EXPECT_EQ(books_.pointer.code, pointer::Default);
     EXPECT_TRUE(books_.window.window.Enabled());
 }

@@ -92,7 +92,7 @@ TEST_P(LooksTest, TheFourKindsOfMessageHaveAPictureEach)
 
 TEST_P(LooksTest, ADisabledCommandsPictureIsFaint)
 {
-    const QIcon icon = icons::Toolbar("Delete");
+    const QIcon icon = icons::Command("delete");
 
     EXPECT_LT(BestContrast(Picture(icon, QIcon::Disabled), Ground()),
               BestContrast(Picture(icon), Ground()));
@@ -100,7 +100,7 @@ TEST_P(LooksTest, ADisabledCommandsPictureIsFaint)
 
 TEST_P(LooksTest, PicturesAreDrawnInTheDevicesOwnPixels)
 {
-    const QPixmap picture = icons::Toolbar("New").pixmap(QSize(20, 20), 3.0);
+    const QPixmap picture = icons::Command("new").pixmap(QSize(20, 20), 3.0);
 
     EXPECT_EQ(picture.size(), QSize(60, 60));
     EXPECT_EQ(picture.deviceIndependentSize(), QSizeF(20, 20));

@@ -67,7 +67,7 @@ TEST_F(StuckWindowTest, AfterAnInvalidFileItSaysWhatHappened)
     EXPECT_TRUE(stuck_.isVisible());
     EXPECT_TRUE(stuck_.findChild<QLabel*>()->text().contains(ToQString(file)));
     EXPECT_FALSE(Model().window.Enabled());
-    EXPECT_EQ(Model().StatusText(), "Importing " + file + "...");
+    EXPECT_EQ(Model().statusBar.Panel(1), "Importing " + file + "...");
     EXPECT_EQ(books_.pointer.code, pointer::Hourglass);
 }
 

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QToolButton>
 
+#include "app/WindowCommands.h"
 #include "desktop/grid/CellEditor.h"
 #include "tests/desktop/WindowFixture.h"
 
@@ -335,6 +336,32 @@ TEST_F(CommandsTest, TheKeyOfImportSavesTheRowInEditFirst)
 
     EXPECT_EQ(books_.files.questions.size(), 1u);
     EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans WHERE Description = 'm'"), "1");
+}
+
+TEST_F(CommandsTest, CommandsHaveTheUsualKeys)
+{
+    EXPECT_EQ(MenuAction("mnuE_New")->shortcut(), QKeySequence(QKeySequence::New));
+    EXPECT_EQ(MenuAction("mnuE_Delete")->shortcut(), QKeySequence(QKeySequence::Delete));
+    EXPECT_EQ(MenuAction("mnuF_Print")->shortcut(), QKeySequence(QKeySequence::Print));
+    EXPECT_EQ(MenuAction("mnuH_HelpTopics")->shortcut(), QKeySequence(Qt::Key_F1));
+}
+
+/// A misspelt key or name of a drawing would leave a command without it.
+TEST_F(CommandsTest, EachCommandHasItsKeyAndPicture)
+{
+    for (const WindowMenu& menu : WindowMenus())
+        for (const WindowCommand& command : menu.commands) {
+            if (!command.run)
+                continue;
+            const QAction& action = *MenuAction(command.name);
+            EXPECT_FALSE(action.icon().isNull()) << command.name;
+            EXPECT_EQ(ToUtf8(action.shortcut().toString(QKeySequence::PortableText)), command.key);
+        }
+    for (const WindowButton& button : WindowButtons()) {
+        const QAction& action = *window_.ToolbarWidget().Action(button.key);
+        EXPECT_FALSE(action.icon().isNull()) << button.key;
+        EXPECT_EQ(ToUtf8(action.shortcut().toString(QKeySequence::PortableText)), button.shortcut);
+    }
 }
 
 TEST_F(CommandsTest, TheRightButtonShowsTheEditMenuForItsRow)

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
-#include "import/LeftOut.h"
+#include "import/Omissions.h"
 
 namespace clb {
 namespace {

@@ -1,4 +1,4 @@
-#include "import/HeldRecords.h"
+#include "import/EarlierRecords.h"
 
 #include <algorithm>
 #include <tuple>

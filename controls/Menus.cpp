@@ -1,4 +1,4 @@
-#include "controls/Commands.h"
+#include "controls/Menus.h"
 
 #include <algorithm>
 

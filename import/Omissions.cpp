@@ -1,4 +1,4 @@
-#include "import/LeftOut.h"
+#include "import/Omissions.h"
 
 #include <algorithm>
 #include <set>

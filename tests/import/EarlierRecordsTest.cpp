@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "import/HeldRecords.h"
+#include "import/EarlierRecords.h"
 #include "tests/support/Books.h"
 
 namespace clb {

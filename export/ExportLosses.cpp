@@ -1,4 +1,4 @@
-#include "export/NotReturned.h"
+#include "export/ExportLosses.h"
 
 #include <algorithm>
 
