@@ -34,7 +34,7 @@ public:
     /// Throws Interrupted if the program has been told to end. Each call is a mark.
     static void Check();
     /// Whether a running query must stop.
-    static bool BreaksStatements() noexcept;
+    static bool BreaksQueries() noexcept;
     /// The same as Check, for places that are not marks.
     static void CheckAnywhere();
 };

@@ -24,7 +24,7 @@ struct Finding {
     std::string meaning{};  ///< what it means for the user; filled in if it is empty
     /// A query of the program's dialect that stores another value; empty: none. CheckDatabase adds
     /// it to the meaning, as a command.
-    std::string statement{};
+    std::string query{};
     bool repairable = false;  ///< whether a repair can fix it
 };
 

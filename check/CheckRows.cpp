@@ -213,7 +213,7 @@ void CheckRows::CheckCell(const RawSql::Row& row, int at, const ColumnInfo& colu
          .row = row.Integer(0),
          .sequence = Sequence(row),
          .column = column.name,
-         .statement = text ? std::string() : StatementFor(row, at)});
+         .query = text ? std::string() : QueryFor(row, at)});
 }
 
 /// Numbers of rows start at 1, those of pieces at 0. A transaction without a number is found
@@ -231,7 +231,7 @@ void CheckRows::CheckNumber(const RawSql::Row& row)
                        .column = Column(at).name,
                        .meaning = "The program never gives such a number. Commands on this row may "
                                   "fail or change another one.",
-                       .statement = StatementFor(row, at)});
+                       .query = QueryFor(row, at)});
     };
     if (sequence_ != 0 && row.KindOf(sequence_) == Kind::Integer && row.Integer(sequence_) < 1)
         add(sequence_, row.Describe(sequence_) + ", where numbers begin at 1");
@@ -243,7 +243,7 @@ void CheckRows::CheckNumber(const RawSql::Row& row)
 
 /// Returns the query that stores another value in the cell. Empty if the number does not identify
 /// the row.
-std::string CheckRows::StatementFor(const RawSql::Row& row, int at) const
+std::string CheckRows::QueryFor(const RawSql::Row& row, int at) const
 {
     const auto number = Sequence(row);
     // A repair computes a balance again.

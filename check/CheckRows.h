@@ -78,7 +78,7 @@ private:
     void TakeRow(const RawSql::Row& row);
     void CheckCell(const RawSql::Row& row, int at, const ColumnInfo& column);
     void CheckNumber(const RawSql::Row& row);
-    [[nodiscard]] std::string StatementFor(const RawSql::Row& row, int at) const;
+    [[nodiscard]] std::string QueryFor(const RawSql::Row& row, int at) const;
     [[nodiscard]] const ColumnInfo& Column(int at) const;
     void AddToAccount(const RawSql::Row& row);
     void AddAmount(const RawSql::Row& row, RowSum& sum) const;

@@ -362,9 +362,9 @@ std::string ShellWord(const std::string& text)
 void AddAdvice(std::vector<Finding>& findings, const std::string& folder)
 {
     for (Finding& finding : findings)
-        if (!finding.statement.empty())
+        if (!finding.query.empty())
             finding.meaning += " Put in the right value: clb sql " + ShellWord(folder) + " \"" +
-                               finding.statement + "\"";
+                               finding.query + "\"";
 }
 
 }  // namespace

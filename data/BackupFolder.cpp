@@ -43,7 +43,7 @@ bool IsDay(const std::string& name)
     return name.size() == kDayLength && Date::FromIso(name);
 }
 
-EngineError Trouble(const std::string& path, const std::string& what)
+EngineError FolderError(const std::string& path, const std::string& what)
 {
     return {engine_errors::Unavailable, "The file '" + path + "' " + what,
             FileTrouble::FolderReadOnly};
@@ -109,9 +109,9 @@ void BackupFolder::Make() const
         return FlushToDisk(path_);
     const int error = errno;
     if (error != EEXIST)
-        throw Trouble(path_, std::string("cannot be made: ") + std::strerror(error) + ".");
+        throw FolderError(path_, std::string("cannot be made: ") + std::strerror(error) + ".");
     if (!IsFolder(path_))
-        throw Trouble(path_, "is not a folder.");
+        throw FolderError(path_, "is not a folder.");
 }
 
 std::string BackupFolder::Obstacle(std::uintmax_t bytes) const
@@ -119,9 +119,9 @@ std::string BackupFolder::Obstacle(std::uintmax_t bytes) const
     if (!IsThere(path_))
         return {};
     if (!IsFolder(path_))
-        return Trouble(path_, "is not a folder.").what();
+        return FolderError(path_, "is not a folder.").what();
     if (faccessat(AT_FDCWD, path_.c_str(), W_OK | X_OK, AT_EACCESS) != 0)
-        return Trouble(path_, std::string("cannot be written: ") + std::strerror(errno) + ".")
+        return FolderError(path_, std::string("cannot be written: ") + std::strerror(errno) + ".")
             .what();
     struct statvfs disk {};
     if (statvfs(path_.c_str(), &disk) == 0 && disk.f_bavail < bytes / disk.f_frsize)
@@ -248,7 +248,7 @@ void BackupFolder::PutAside(const std::string& name) const
     if (mark && mark->first == 0 && unlink(path.c_str()) == 0)
         return;
     if (rename(path.c_str(), NameAside(path).c_str()) != 0)
-        throw Trouble(path, std::string("cannot be renamed: ") + std::strerror(errno) + ".");
+        throw FolderError(path, std::string("cannot be renamed: ") + std::strerror(errno) + ".");
 }
 
 void BackupFolder::DropOld() const

@@ -15,16 +15,16 @@ namespace {
 void RunWrite(Connection::State& state, const StatementCache::Entry& entry)
 {
     state.BeginWrite();
-    Statement& statement = entry.plan->statement;
+    Query& query = entry.plan->query;
     for (std::size_t i = 0; i < entry.values->size(); ++i)
-        statement.Bind(static_cast<int>(i) + 1, (*entry.values)[i]);
+        query.Bind(static_cast<int>(i) + 1, (*entry.values)[i]);
     if (entry.plan->numberedTable.empty())
-        state.StepWrite(statement);
+        state.StepWrite(query);
     else
-        state.StepInsert(statement, entry.plan->numberedTable);
+        state.StepInsert(query, entry.plan->numberedTable);
 }
 
-void RunDdl(Connection::State& state, const DdlStatement& ddl)
+void RunDdl(Connection::State& state, const DdlQuery& ddl)
 {
     state.BeginWrite();
     try {

@@ -12,7 +12,7 @@
 namespace clb {
 
 class Connection;
-class Statement;
+class Query;
 
 /// Access to a database in the storage's own SQL. Cells are returned as they are stored, whatever
 /// type their columns declare. For checking and repairing files that other programs may have filled
@@ -25,7 +25,7 @@ public:
     /// The current row of a SELECT. Columns are 0-based.
     class Row {
     public:
-        explicit Row(const Statement& statement) : statement_(&statement) {}
+        explicit Row(const Query& query) : query_(&query) {}
 
         [[nodiscard]] Kind KindOf(int column) const;
         [[nodiscard]] bool IsNull(int column) const { return KindOf(column) == Kind::Nothing; }
@@ -38,7 +38,7 @@ public:
         [[nodiscard]] std::string Describe(int column) const;
 
     private:
-        const Statement* statement_;
+        const Query* query_;
     };
 
     /// Opens a file for reading. The file may be read-only. Throws EngineError.

@@ -93,14 +93,14 @@ void Recordset::State::Load()
 {
     if (LoadIdentities())
         return;
-    Statement& statement = plan->statement;
-    const ResetAtExit reset(statement);
-    statement.BindAll(*values);
+    Query& query = plan->query;
+    const ResetAtExit reset(query);
+    query.BindAll(*values);
     const int identity = static_cast<int>(plan->fields.size());
-    while (session->database.Step(statement)) {
-        const std::int64_t rowId = plan->carriesRowId ? statement.Integer(identity) : 0;
+    while (session->database.Step(query)) {
+        const std::int64_t rowId = plan->carriesRowId ? query.Integer(identity) : 0;
         if (rows.KeepsMore())
-            TakeFields(*plan, statement, {0, plan->fields.size()}, rowId, rows.AppendFilled(rowId));
+            TakeFields(*plan, query, {0, plan->fields.size()}, rowId, rows.AppendFilled(rowId));
         else
             rows.Append(rowId);
         live.Append();

@@ -47,7 +47,7 @@ void WalkIdentities(Connection::State& session, Plan& plan, const BoundValues& v
     std::span<const std::int64_t> left(identities);
     while (!left.empty()) {
         const auto block = left.first(std::min(left.size(), RowStore::kBlockRows));
-        reader.Visit(block, values, [&](std::size_t, const Statement& statement) {
+        reader.Visit(block, values, [&](std::size_t, const Query& statement) {
             take(WalkedRow(plan, statement));
         });
         left = left.subspan(block.size());
@@ -57,10 +57,10 @@ void WalkIdentities(Connection::State& session, Plan& plan, const BoundValues& v
 void WalkStatement(Connection::State& session, Plan& plan, const BoundValues& values,
                    const std::function<void(const WalkedRow&)>& take)
 {
-    const ResetAtExit reset(plan.statement);
-    plan.statement.BindAll(values);
-    const WalkedRow row(plan, plan.statement);
-    while (session.database.Step(plan.statement))
+    const ResetAtExit reset(plan.query);
+    plan.query.BindAll(values);
+    const WalkedRow row(plan, plan.query);
+    while (session.database.Step(plan.query))
         take(row);
 }
 

@@ -28,7 +28,7 @@ struct FieldRange {
 
 /// Reads the fields of the query's current row. Throws EngineError with the cell's place if a cell
 /// does not hold a value of its type. rowId is used for the place if the rows are from one table.
-void TakeFields(const Plan& plan, const Statement& row, FieldRange range, std::int64_t rowId,
+void TakeFields(const Plan& plan, const Query& row, FieldRange range, std::int64_t rowId,
                 Value* fields);
 
 /// Saves and reads single rows of a result set's only table. The queries are kept in the plan, one
@@ -50,19 +50,19 @@ public:
     std::vector<std::int64_t> Identities(const BoundValues& values);
     /// Passes each existing row to `visit`, with its index among the identities and the query that
     /// is at the row.
-    using Visitor = std::function<void(std::size_t row, const Statement& statement)>;
+    using Visitor = std::function<void(std::size_t row, const Query& query)>;
     void Visit(std::span<const std::int64_t> rowIds, const BoundValues& values,
                const Visitor& visit);
 
 private:
     /// Whether the database's counter numbers the new row.
     [[nodiscard]] bool IsNumbered(const RowChange& change) const;
-    Statement& InsertFor(const std::vector<bool>& set);
-    Statement& UpdateFor(const std::vector<bool>& set);
+    Query& InsertFor(const std::vector<bool>& set);
+    Query& UpdateFor(const std::vector<bool>& set);
     void VisitStretch(std::span<const std::int64_t> rowIds, const BoundValues& values,
                       const Visitor& visit);
-    Statement& Reader(Statement& reader, const std::string& sql, const BoundValues& values);
-    static int BindChange(Statement& statement, const RowChange& change);
+    Query& Reader(Query& reader, const std::string& sql, const BoundValues& values);
+    static int BindChange(Query& query, const RowChange& change);
 
     Connection::State* session_;
     Plan* plan_;

@@ -44,7 +44,7 @@ StatementCache::Entry Connection::State::Prepare(std::string_view sql)
     if (const auto* known = cache.FindText(sql))
         return *known;
 
-    const LexedStatement lexed = Lex(sql);
+    const LexedSql lexed = Lex(sql);
     std::string shape = ShapeOf(lexed);
     StatementCache::Entry entry;
     entry.plan = cache.FindShape(shape);
@@ -67,7 +67,7 @@ StatementCache::Entry Connection::State::PrepareSelect(std::string_view sql)
 {
     StatementCache::Entry entry = Prepare(sql);
     if (entry.plan->kind != Plan::Kind::Select)
-        throw refuse::Statement("Only a SELECT can be opened as a result set.");
+        throw refuse::WrongSql("Only a SELECT can be opened as a result set.");
     return entry;
 }
 
@@ -106,7 +106,7 @@ void Connection::State::BeginWrite()
     pending = true;
 }
 
-void Connection::State::StepWrite(Statement& statement)
+void Connection::State::StepWrite(Query& statement)
 {
     try {
         database.Step(statement);
@@ -117,7 +117,7 @@ void Connection::State::StepWrite(Statement& statement)
     }
 }
 
-void Connection::State::StepInsert(Statement& statement, const std::string& table)
+void Connection::State::StepInsert(Query& statement, const std::string& table)
 {
     const std::int64_t left = kLargestNumber - LastNumber(table);
     if (left <= 0)
@@ -133,10 +133,10 @@ void Connection::State::StepInsert(Statement& statement, const std::string& tabl
 /// The largest number that the table's counter has given, 0 before the first.
 std::int64_t Connection::State::LastNumber(const std::string& table)
 {
-    Statement& find = lastNumbers_[table];
+    Query& find = lastNumbers_[table];
     if (!find) {
         std::string sql = "SELECT ifnull(max(rowid), 0) AS n FROM " + QuoteName(table);
-        Statement keeps =
+        Query keeps =
             database.Prepare("SELECT 1 FROM sqlite_master WHERE name = 'sqlite_sequence'");
         const ResetAtExit reset(keeps);
         // It also keeps numbers whose rows are gone.

@@ -23,14 +23,14 @@ struct Connection::State {
     bool reading = false;             ///< a ReadGroup lives
     bool pending = false;             ///< the pending group was opened and not settled
     bool whole = false;               ///< it was opened ahead: it is kept whole or not at all
-    Statement readSchemaVersion;
+    Query readSchemaVersion;
     // Prepared by Open, so that a group can be ended when there is no memory for it.
-    Statement begin;
-    Statement beginReading;
-    Statement commit;
-    Statement rollback;
+    Query begin;
+    Query beginReading;
+    Query commit;
+    Query rollback;
     bool abandoned = false;  ///< the open group could not be taken back: it is never committed
-    Statement readDataVersion;
+    Query readDataVersion;
     std::int64_t dataVersion = -1;  ///< of the storage when it was last asked; -1: not known
 
     /// Opens the file and prepares what begins and ends groups. Throws EngineError.
@@ -45,10 +45,10 @@ struct Connection::State {
     void BeginWrite();
     /// Runs a statement that writes, behind BeginWrite. Trouble with the file gives up a group that
     /// is kept whole or not at all. Throws EngineError.
-    void StepWrite(Statement& statement);
+    void StepWrite(Query& statement);
     /// Runs an INSERT into a table whose counter numbers the new rows. Throws EngineError, with
     /// nothing changed, when the counter has too few numbers left.
-    void StepInsert(Statement& statement, const std::string& table);
+    void StepInsert(Query& statement, const std::string& table);
     /// Whether the pending group was given up with all that was in it.
     [[nodiscard]] bool LostGroup() const { return pending && !database.InTransaction(); }
     void Settle();
@@ -69,7 +69,7 @@ private:
     void RequireTakenBack();
     std::int64_t LastNumber(const std::string& table);
 
-    std::map<std::string, Statement> lastNumbers_;  ///< by table
+    std::map<std::string, Query> lastNumbers_;  ///< by table
 };
 
 /// Several reads in one block see one state of the file and lock it once. Does nothing inside the

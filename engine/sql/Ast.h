@@ -133,7 +133,7 @@ struct OrderItem {
     bool descending = false;
 };
 
-struct SelectStatement {
+struct SelectQuery {
     bool distinct = false;
     std::optional<std::int32_t> top;
     std::vector<SelectItem> items;
@@ -144,14 +144,14 @@ struct SelectStatement {
     std::vector<OrderItem> orderBy;
 };
 
-struct InsertStatement {
+struct InsertQuery {
     std::string table;
     std::vector<std::string> columns;  ///< empty: all, in the table's order
     std::vector<ExpressionPtr> values;
-    std::unique_ptr<SelectStatement> select;  ///< in place of the values
+    std::unique_ptr<SelectQuery> select;  ///< in place of the values
 };
 
-struct UpdateStatement {
+struct UpdateQuery {
     std::string table;
     struct Assignment {
         std::string qualifier;
@@ -162,7 +162,7 @@ struct UpdateStatement {
     ExpressionPtr where;
 };
 
-struct DeleteStatement {
+struct DeleteQuery {
     std::string table;
     ExpressionPtr where;
 };
@@ -177,7 +177,7 @@ struct ColumnDefinition {
     std::optional<Value> defaultValue;
 };
 
-struct CreateTableStatement {
+struct CreateTableQuery {
     std::string table;
     std::vector<ColumnDefinition> columns;
     struct Key {
@@ -187,7 +187,7 @@ struct CreateTableStatement {
     std::vector<Key> keys;
 };
 
-struct CreateIndexStatement {
+struct CreateIndexQuery {
     std::string index;
     std::string table;
     bool unique = false;
@@ -198,35 +198,33 @@ struct CreateIndexStatement {
     std::vector<Part> parts;
 };
 
-struct DropTableStatement {
+struct DropTableQuery {
     std::string table;
 };
 
-struct DropIndexStatement {
+struct DropIndexQuery {
     std::string index;
     std::string table;
 };
 
-struct AddColumnStatement {
+struct AddColumnQuery {
     std::string table;
     ColumnDefinition column;
 };
 
-struct AlterColumnStatement {
+struct AlterColumnQuery {
     std::string table;
     ColumnDefinition column;
 };
 
-struct DropColumnStatement {
+struct DropColumnQuery {
     std::string table;
     std::string column;
 };
 
-using DdlStatement =
-    std::variant<CreateTableStatement, CreateIndexStatement, DropTableStatement, DropIndexStatement,
-                 AddColumnStatement, AlterColumnStatement, DropColumnStatement>;
+using DdlQuery = std::variant<CreateTableQuery, CreateIndexQuery, DropTableQuery, DropIndexQuery,
+                              AddColumnQuery, AlterColumnQuery, DropColumnQuery>;
 
-using ParsedStatement =
-    std::variant<SelectStatement, InsertStatement, UpdateStatement, DeleteStatement, DdlStatement>;
+using ParsedQuery = std::variant<SelectQuery, InsertQuery, UpdateQuery, DeleteQuery, DdlQuery>;
 
 }  // namespace clb

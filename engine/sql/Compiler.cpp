@@ -11,21 +11,21 @@
 namespace clb {
 namespace {
 
-class StatementCompiler {
+class QueryCompiler {
 public:
-    StatementCompiler(Catalogue& catalogue, Database& database)
+    QueryCompiler(Catalogue& catalogue, Database& database)
         : catalogue_(catalogue), database_(database)
     {
     }
 
-    std::unique_ptr<Plan> operator()(SelectStatement& select)
+    std::unique_ptr<Plan> operator()(SelectQuery& select)
     {
         auto compiled = CompileSelect(select, catalogue_);
-        compiled.plan->statement = database_.Prepare(compiled.sql, true);
+        compiled.plan->query = database_.Prepare(compiled.sql, true);
         return std::move(compiled.plan);
     }
 
-    std::unique_ptr<Plan> operator()(InsertStatement& insert)
+    std::unique_ptr<Plan> operator()(InsertQuery& insert)
     {
         const TableInfo& table = catalogue_.Table(insert.table);
         const auto columns = InsertColumns(table, insert);
@@ -44,7 +44,7 @@ public:
         return plan;
     }
 
-    std::unique_ptr<Plan> operator()(UpdateStatement& update)
+    std::unique_ptr<Plan> operator()(UpdateQuery& update)
     {
         const TableInfo& table = catalogue_.Table(update.table);
         Checker checker({{&table, table.name}});
@@ -65,7 +65,7 @@ public:
         return Finish(writer);
     }
 
-    std::unique_ptr<Plan> operator()(DeleteStatement& remove)
+    std::unique_ptr<Plan> operator()(DeleteQuery& remove)
     {
         const TableInfo& table = catalogue_.Table(remove.table);
         Checker checker({{&table, table.name}});
@@ -75,11 +75,11 @@ public:
         return Finish(writer);
     }
 
-    std::unique_ptr<Plan> operator()(DdlStatement& ddl)
+    std::unique_ptr<Plan> operator()(DdlQuery& ddl)
     {
         auto plan = std::make_unique<Plan>();
         plan->kind = Plan::Kind::Ddl;
-        plan->ddl = std::make_unique<DdlStatement>(std::move(ddl));
+        plan->ddl = std::make_unique<DdlQuery>(std::move(ddl));
         return plan;
     }
 
@@ -93,7 +93,7 @@ private:
     }
 
     static std::vector<const ColumnInfo*> InsertColumns(const TableInfo& table,
-                                                        const InsertStatement& insert)
+                                                        const InsertQuery& insert)
     {
         std::vector<const ColumnInfo*> columns;
         for (const std::string& name : insert.columns)
@@ -104,18 +104,18 @@ private:
         for (std::size_t i = 0; i < columns.size(); ++i)
             for (std::size_t k = 0; k < i; ++k)
                 if (columns[i] == columns[k])
-                    throw refuse::Statement("Duplicate output destination '" + columns[i]->name +
-                                            "'.");
+                    throw refuse::WrongSql("Duplicate output destination '" + columns[i]->name +
+                                           "'.");
         return columns;
     }
 
     static bool IsCounter(const ColumnInfo* column) { return column->type.counter; }
 
-    static void WriteValues(InsertStatement& insert, const std::vector<const ColumnInfo*>& columns,
+    static void WriteValues(InsertQuery& insert, const std::vector<const ColumnInfo*>& columns,
                             ExpressionWriter& writer)
     {
         if (insert.values.size() != columns.size())
-            throw refuse::Statement(
+            throw refuse::WrongSql(
                 "Number of query values and destination fields are not the same.");
         Checker checker({});
         writer.Text("VALUES (");
@@ -138,7 +138,7 @@ private:
     {
         auto plan = std::make_unique<Plan>();
         plan->parameters = writer.Parameters();
-        plan->statement = database_.Prepare(writer.Sql(), true);
+        plan->query = database_.Prepare(writer.Sql(), true);
         return plan;
     }
 
@@ -148,10 +148,10 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Plan> Compile(const LexedStatement& lexed, Catalogue& catalogue, Database& database)
+std::unique_ptr<Plan> Compile(const LexedSql& lexed, Catalogue& catalogue, Database& database)
 {
-    ParsedStatement parsed = Parse(lexed);
-    return std::visit(StatementCompiler(catalogue, database), parsed);
+    ParsedQuery parsed = Parse(lexed);
+    return std::visit(QueryCompiler(catalogue, database), parsed);
 }
 
 }  // namespace clb

@@ -7,7 +7,6 @@
 namespace clb {
 
 /// Parses, checks, translates and prepares one query. Throws EngineError before anything has run.
-std::unique_ptr<Plan> Compile(const LexedStatement& lexed, Catalogue& catalogue,
-                              Database& database);
+std::unique_ptr<Plan> Compile(const LexedSql& lexed, Catalogue& catalogue, Database& database);
 
 }  // namespace clb

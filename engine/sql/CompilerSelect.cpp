@@ -28,8 +28,8 @@ void CollectSources(const TableExpression& from, Catalogue& catalogue, std::vect
     }
     for (const Source& other : sources)
         if (EqualsIgnoringCase(other.alias, from.alias))
-            throw refuse::Statement("The table name '" + from.alias +
-                                    "' stands more than once in the FROM clause.");
+            throw refuse::WrongSql("The table name '" + from.alias +
+                                   "' stands more than once in the FROM clause.");
     sources.push_back({&catalogue.Table(from.table), from.alias});
 }
 
@@ -48,7 +48,7 @@ std::vector<Source> SourcesOf(const TableExpression& from, Catalogue& catalogue)
 
 class SelectCompiler {
 public:
-    SelectCompiler(SelectStatement& select, Catalogue& catalogue)
+    SelectCompiler(SelectQuery& select, Catalogue& catalogue)
         : select_(select), checker_(SourcesOf(*select.from, catalogue))
     {
         CheckJoins(*select_.from);
@@ -161,7 +161,7 @@ private:
     {
         for (const Output& other : outputs_)
             if (&other != &output && other.alias && EqualsIgnoringCase(other.name, output.name))
-                throw refuse::Statement("Duplicate output alias '" + output.name + "'.");
+                throw refuse::WrongSql("Duplicate output alias '" + output.name + "'.");
     }
 
     [[nodiscard]] std::string ColumnOutputName(const Expression& column) const
@@ -179,8 +179,8 @@ private:
     {
         if (!item.expression) {
             if (item.position == 0 || item.position > outputs_.size())
-                throw refuse::Statement("There is no field number " +
-                                        std::to_string(item.position) + " to order by.");
+                throw refuse::WrongSql("There is no field number " + std::to_string(item.position) +
+                                       " to order by.");
             order_.push_back(outputs_[item.position - 1].expression);
             return;
         }
@@ -209,7 +209,7 @@ private:
             if (std::none_of(outputs_.begin(), outputs_.end(), [&](const Output& output) {
                     return output.expression == key || SameExpression(*output.expression, *key);
                 }))
-                throw refuse::Statement("ORDER BY conflicts with DISTINCT: it names no field.");
+                throw refuse::WrongSql("ORDER BY conflicts with DISTINCT: it names no field.");
     }
 
     void CheckGrouping()
@@ -246,7 +246,7 @@ private:
         if (CarriesRowId() && !columns)
             writer.Text(outputs_.empty() ? "t0.rowid" : ", t0.rowid");
         else if (outputs_.empty())
-            throw refuse::Statement("The tables have no columns.");
+            throw refuse::WrongSql("The tables have no columns.");
     }
 
     void WriteTable(ExpressionWriter& writer, const TableExpression& from)
@@ -377,7 +377,7 @@ private:
         plan.identitiesSql = identities.Text(" ORDER BY t0.rowid").TakeSql();
     }
 
-    SelectStatement& select_;
+    SelectQuery& select_;
     Checker checker_;
     std::vector<Output> outputs_;
     std::vector<const Expression*> order_;  // one per item of ORDER BY
@@ -387,7 +387,7 @@ private:
 
 }  // namespace
 
-CompiledSelect CompileSelect(SelectStatement& select, Catalogue& catalogue)
+CompiledSelect CompileSelect(SelectQuery& select, Catalogue& catalogue)
 {
     SelectCompiler compiler(select, catalogue);
     ExpressionWriter writer;
@@ -399,13 +399,13 @@ CompiledSelect CompileSelect(SelectStatement& select, Catalogue& catalogue)
     return compiled;
 }
 
-void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectStatement& select,
+void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectQuery& select,
                     Catalogue& catalogue, ExpressionWriter& writer)
 {
     SelectCompiler compiler(select, catalogue);
     const auto& outputs = compiler.Outputs();
     if (outputs.size() != columns.size())
-        throw refuse::Statement("Number of query values and destination fields are not the same.");
+        throw refuse::WrongSql("Number of query values and destination fields are not the same.");
     for (std::size_t i = 0; i < columns.size(); ++i)
         RequireStorable(*outputs[i].expression, *columns[i]);
     compiler.WriteTo(writer, &columns);

@@ -16,11 +16,11 @@ struct CompiledSelect {
     std::string sql;
 };
 
-CompiledSelect CompileSelect(SelectStatement& select, Catalogue& catalogue);
+CompiledSelect CompileSelect(SelectQuery& select, Catalogue& catalogue);
 
 /// Appends the SELECT to the writer. Its fields are converted for the columns, in order. Throws
 /// EngineError if their numbers differ.
-void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectStatement& select,
+void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectQuery& select,
                     Catalogue& catalogue, ExpressionWriter& writer);
 
 /// Throws EngineError if the column can store no value of this kind, such as a date in a number

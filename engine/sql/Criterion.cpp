@@ -60,7 +60,7 @@ bool TakeLiteral(TokenReader& in, Criterion& criterion)
 Criterion Criterion::Parse(std::string_view text)
 {
     Criterion criterion;
-    LexedStatement lexed;
+    LexedSql lexed;
     try {
         lexed = Lex(text);
     } catch (const EngineError&) {

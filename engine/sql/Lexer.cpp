@@ -37,7 +37,7 @@ class Scanner {
 public:
     explicit Scanner(std::string_view sql) : sql_(sql) {}
 
-    LexedStatement Run()
+    LexedSql Run()
     {
         lexed_.tokens.reserve(sql_.size() / 4 + 4);
         lexed_.literals.reserve(8);
@@ -150,7 +150,7 @@ private:
         if (!date)
             date = DateText::MonthDayYear(inner);
         if (!date)
-            throw refuse::Statement("Syntax error in date '" + std::string(text) + "'.");
+            throw refuse::WrongSql("Syntax error in date '" + std::string(text) + "'.");
         Add(TokenKind::Date, at_ + 1, text.size() - 2);
         Literal literal;
         literal.kind = LiteralKind::Date;
@@ -183,7 +183,7 @@ private:
 
     std::string_view sql_;
     std::size_t at_ = 0;
-    LexedStatement lexed_;
+    LexedSql lexed_;
 };
 
 bool IsInteger32(std::string_view text)
@@ -227,12 +227,12 @@ Literal ReadNumber(std::string_view text)
     return literal;
 }
 
-LexedStatement Lex(std::string_view sql)
+LexedSql Lex(std::string_view sql)
 {
     return Scanner(sql).Run();
 }
 
-std::string ShapeOf(const LexedStatement& lexed)
+std::string ShapeOf(const LexedSql& lexed)
 {
     std::string shape;
     shape.reserve(lexed.tokens.size() * 8);

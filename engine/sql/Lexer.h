@@ -39,18 +39,18 @@ struct Token {
 };
 
 /// The tokens of a query, with End as the last, and its literals in order.
-struct LexedStatement {
+struct LexedSql {
     std::vector<Token> tokens;
     std::vector<Literal> literals;
 };
 
 /// Throws EngineError for an unclosed quote or bracket, an invalid date between "#" marks, and
 /// characters that the dialect does not have. The tokens refer to sql, which must outlive them.
-LexedStatement Lex(std::string_view sql);
+LexedSql Lex(std::string_view sql);
 
 /// The query without its literals: equal for two queries that differ only in literals of the same
 /// kinds. Literals that decide what is done (TOP, and all after GROUP and ORDER) stay in it.
-std::string ShapeOf(const LexedStatement& lexed);
+std::string ShapeOf(const LexedSql& lexed);
 
 /// Whether the token is a literal.
 inline bool IsLiteral(const Token& token)

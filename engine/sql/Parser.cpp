@@ -5,7 +5,7 @@
 namespace clb {
 namespace {
 
-ParsedStatement ParseStatement(TokenReader& in)
+ParsedQuery ParseQuery(TokenReader& in)
 {
     if (in.AtWord("SELECT"))
         return ParseSelect(in);
@@ -20,14 +20,14 @@ ParsedStatement ParseStatement(TokenReader& in)
 
 }  // namespace
 
-ParsedStatement Parse(const LexedStatement& lexed)
+ParsedQuery Parse(const LexedSql& lexed)
 {
     TokenReader in(lexed);
-    ParsedStatement statement = ParseStatement(in);
+    ParsedQuery query = ParseQuery(in);
     in.TakeSymbol(";");
     if (in.Peek().kind != TokenKind::End)
         in.Fail();
-    return statement;
+    return query;
 }
 
 }  // namespace clb

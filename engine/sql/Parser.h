@@ -7,6 +7,6 @@ namespace clb {
 
 /// Parses one query. Throws EngineError with the text where parsing stopped, also for an empty
 /// query and for anything after the query except one ";".
-ParsedStatement Parse(const LexedStatement& lexed);
+ParsedQuery Parse(const LexedSql& lexed);
 
 }  // namespace clb

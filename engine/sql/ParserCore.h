@@ -9,11 +9,11 @@ namespace clb {
 /// plus and minus, times and divided by, sign, operand.
 ExpressionPtr ParseExpression(TokenReader& in);
 
-SelectStatement ParseSelect(TokenReader& in);
-InsertStatement ParseInsert(TokenReader& in);
-UpdateStatement ParseUpdate(TokenReader& in);
-DeleteStatement ParseDelete(TokenReader& in);
+SelectQuery ParseSelect(TokenReader& in);
+InsertQuery ParseInsert(TokenReader& in);
+UpdateQuery ParseUpdate(TokenReader& in);
+DeleteQuery ParseDelete(TokenReader& in);
 /// CREATE, DROP and ALTER.
-DdlStatement ParseDdl(TokenReader& in);
+DdlQuery ParseDdl(TokenReader& in);
 
 }  // namespace clb

@@ -22,7 +22,7 @@ void Adopt(Expression& parent, ExpressionPtr operand)
 {
     parent.depth = std::max(parent.depth, operand->depth + 1);
     if (parent.depth > kDeepest)
-        throw refuse::Statement("The expression is too complex.");
+        throw refuse::WrongSql("The expression is too complex.");
     parent.operands.push_back(std::move(operand));
 }
 
@@ -78,7 +78,7 @@ private:
         explicit Nesting(ExpressionParser& parser) : parser_(parser)
         {
             if (++parser_.nesting_ > kDeepest)
-                throw refuse::Statement("The expression is too complex.");
+                throw refuse::WrongSql("The expression is too complex.");
         }
         ~Nesting() { --parser_.nesting_; }
         Nesting(const Nesting&) = delete;

@@ -23,7 +23,7 @@ struct Plan {
     enum class Kind { Select, Write, Ddl };
 
     Kind kind = Kind::Write;
-    Statement statement;
+    Query query;
     std::vector<Parameter> parameters;
 
     /// The table whose counter numbers the rows that an INSERT, or this result set, adds. Empty if
@@ -49,15 +49,15 @@ struct Plan {
     std::string identitiesSql;
 
     // Of CREATE, DROP and ALTER, which run only once.
-    std::unique_ptr<DdlStatement> ddl;
+    std::unique_ptr<DdlQuery> ddl;
 
     // Prepared when first needed. The key has a bit for each field: whether it is written.
-    Statement reader;
-    Statement stretch;
-    Statement identities;
-    std::map<std::vector<bool>, Statement> inserts;
-    std::map<std::vector<bool>, Statement> updates;
-    Statement remove;
+    Query reader;
+    Query stretch;
+    Query identities;
+    std::map<std::vector<bool>, Query> inserts;
+    std::map<std::vector<bool>, Query> updates;
+    Query remove;
 };
 
 }  // namespace clb

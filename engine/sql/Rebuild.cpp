@@ -63,16 +63,16 @@ private:
     /// A rebuilt table has only what the catalogue knows. Other clauses would be lost.
     void RequireKnownClauses()
     {
-        Statement find =
+        Query find =
             database_.Prepare("SELECT sql FROM sqlite_master WHERE type = 'table' AND name = ?1");
         find.BindText(1, table_.name);
         database_.Step(find);
         const std::string sql = ToUpperAscii(find.Text(0));
         for (const std::string_view clause : {"CHECK", "REFERENCES", "COLLATE", "GENERATED"})
             if (sql.find(clause) != std::string::npos)
-                throw refuse::Statement("The table '" + table_.name + "' has a " +
-                                        std::string(clause) +
-                                        " clause; its columns keep their types.");
+                throw refuse::WrongSql("The table '" + table_.name + "' has a " +
+                                       std::string(clause) +
+                                       " clause; its columns keep their types.");
     }
 
     [[nodiscard]] std::string Columns() const
@@ -96,7 +96,7 @@ private:
     [[nodiscard]] std::string Keys() const
     {
         std::string text;
-        Statement keys = database_.Prepare(
+        Query keys = database_.Prepare(
             "SELECT name, origin FROM pragma_index_list(?1) WHERE origin <> 'c' ORDER BY seq DESC");
         keys.BindText(1, table_.name);
         while (database_.Step(keys))
@@ -108,8 +108,7 @@ private:
     [[nodiscard]] std::string IndexColumns(const std::string& index) const
     {
         std::string text;
-        Statement columns =
-            database_.Prepare("SELECT name FROM pragma_index_info(?1) ORDER BY seqno");
+        Query columns = database_.Prepare("SELECT name FROM pragma_index_info(?1) ORDER BY seqno");
         columns.BindText(1, index);
         while (database_.Step(columns))
             text += (text.empty() ? "" : ", ") + QuoteName(columns.Text(0));
@@ -119,7 +118,7 @@ private:
     [[nodiscard]] std::vector<std::string> DependentSchema() const
     {
         std::vector<std::string> found;
-        Statement find = database_.Prepare(
+        Query find = database_.Prepare(
             "SELECT sql FROM sqlite_master WHERE tbl_name = ?1 COLLATE NOCASE AND "
             "type IN ('index', 'trigger') AND sql IS NOT NULL ORDER BY rowid");
         find.BindText(1, table_.name);
@@ -130,7 +129,7 @@ private:
 
     [[nodiscard]] bool HasCounterState() const
     {
-        Statement find = database_.Prepare(
+        Query find = database_.Prepare(
             "SELECT instr(upper(sql), 'AUTOINCREMENT') FROM sqlite_master "
             "WHERE type = 'table' AND name = ?1");
         find.BindText(1, table_.name);
@@ -141,7 +140,7 @@ private:
     {
         if (!HasCounterState())
             return std::nullopt;
-        Statement find = database_.Prepare("SELECT seq FROM sqlite_sequence WHERE name = ?1");
+        Query find = database_.Prepare("SELECT seq FROM sqlite_sequence WHERE name = ?1");
         find.BindText(1, table_.name);
         if (!database_.Step(find))
             return std::nullopt;
@@ -206,7 +205,7 @@ std::string ConvertedDefault(const ColumnInfo& column, const ColumnType& type, D
 {
     if (column.defaultSql.empty())
         return {};
-    Statement read = database.Prepare("SELECT " + column.defaultSql);
+    Query read = database.Prepare("SELECT " + column.defaultSql);
     database.Step(read);
     return StoredLiteral(read.Get(0, column.type.type), type, column.name);
 }

@@ -8,6 +8,6 @@ namespace clb {
 
 /// Changes the schema completely or, if it throws EngineError, not at all. Must run inside the
 /// pending group. Afterwards the catalogue is out of date.
-void ApplyDdl(const DdlStatement& ddl, Catalogue& catalogue, Database& database);
+void ApplyDdl(const DdlQuery& ddl, Catalogue& catalogue, Database& database);
 
 }  // namespace clb

@@ -21,7 +21,7 @@ struct OperatorSymbol {
 /// Moves along the tokens. The parsers of the parts of a query share one reader.
 class TokenReader {
 public:
-    explicit TokenReader(const LexedStatement& lexed) : lexed_(&lexed) {}
+    explicit TokenReader(const LexedSql& lexed) : lexed_(&lexed) {}
 
     [[nodiscard]] const Token& Peek(std::size_t ahead = 0) const;
     const Token& Next();
@@ -50,7 +50,7 @@ public:
     [[noreturn]] void Fail() const { throw refuse::Syntax(Peek().text); }
 
 private:
-    const LexedStatement* lexed_;
+    const LexedSql* lexed_;
     std::size_t at_ = 0;
 };
 

@@ -115,7 +115,7 @@ const TableInfo* Catalogue::Find(std::string_view name)
 std::unique_ptr<TableInfo> Catalogue::Load(std::string_view name)
 {
     // A virtual table has no page of its own.
-    Statement find = database_->Prepare(
+    Query find = database_->Prepare(
         "SELECT m.name, EXISTS(SELECT 1 FROM sqlite_master t WHERE t.type = 'trigger' AND "
         "t.tbl_name = m.name COLLATE NOCASE) FROM sqlite_master m WHERE m.type = 'table' AND "
         "m.rootpage > 0 AND m.name = ?1 COLLATE NOCASE");
@@ -126,7 +126,7 @@ std::unique_ptr<TableInfo> Catalogue::Load(std::string_view name)
     table->name = find.Text(0);
     table->triggers = find.Integer(1) != 0;
 
-    Statement columns = database_->Prepare(
+    Query columns = database_->Prepare(
         "SELECT name, type, \"notnull\", dflt_value, pk FROM pragma_table_info(?1)");
     columns.BindText(1, table->name);
     while (database_->Step(columns)) {

@@ -120,20 +120,20 @@ EngineError FileErrorOf(int extended, int system, const std::string& path)
 
 EngineError TooBig()
 {
-    return refuse::Statement("The statement or one of its values is too big.");
+    return refuse::WrongSql("The statement or one of its values is too big.");
 }
 
 EngineError ErrorOf(int code, int extended, const std::string& message)
 {
     switch (code) {
         case SQLITE_CONSTRAINT: return ConstraintError(extended, message);
-        case SQLITE_AUTH: return refuse::Statement("The statement is not allowed.");
+        case SQLITE_AUTH: return refuse::WrongSql("The statement is not allowed.");
         case SQLITE_TOOBIG: return TooBig();
         default: break;
     }
     if (message == kIntegerOverflow)
         return refuse::Overflow();
-    return refuse::Statement(message);
+    return refuse::WrongSql(message);
 }
 
 /// Whether an error of this kind is about the file and not about the query.
@@ -165,7 +165,7 @@ void RequireBound(int code)
         return;
     if (IsOutOfMemory(code))
         throw std::bad_alloc();
-    throw code == SQLITE_TOOBIG ? TooBig() : refuse::Statement(sqlite3_errstr(code));
+    throw code == SQLITE_TOOBIG ? TooBig() : refuse::WrongSql(sqlite3_errstr(code));
 }
 
 /// The storage calls this for everything that a query is going to do, including the triggers of the
@@ -204,52 +204,52 @@ int BindValue(sqlite3_stmt* raw, int parameter, const Value& value)
                });
 }
 
-std::string_view ColumnText(sqlite3_stmt* statement, int column)
+std::string_view ColumnText(sqlite3_stmt* query, int column)
 {
-    const auto* text = sqlite3_column_text(statement, column);
-    if (!text && sqlite3_errcode(sqlite3_db_handle(statement)) == SQLITE_NOMEM)
+    const auto* text = sqlite3_column_text(query, column);
+    if (!text && sqlite3_errcode(sqlite3_db_handle(query)) == SQLITE_NOMEM)
         throw std::bad_alloc();
     if (!text)
         return {};
     return {reinterpret_cast<const char*>(text),
-            static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+            static_cast<std::size_t>(sqlite3_column_bytes(query, column))};
 }
 
 }  // namespace
 
-void Statement::Finalize::operator()(sqlite3_stmt* raw) const
+void Query::Finalize::operator()(sqlite3_stmt* raw) const
 {
     sqlite3_finalize(raw);
 }
 
-void Statement::Bind(int parameter, const Value& value)
+void Query::Bind(int parameter, const Value& value)
 {
     RequireBound(BindValue(raw_.get(), parameter, value));
 }
 
-void Statement::BindAll(std::span<const Value> values)
+void Query::BindAll(std::span<const Value> values)
 {
     for (std::size_t i = 0; i < values.size(); ++i)
         Bind(static_cast<int>(i) + 1, values[i]);
 }
 
-void Statement::BindText(int parameter, std::string_view text)
+void Query::BindText(int parameter, std::string_view text)
 {
     RequireBound(sqlite3_bind_text64(raw_.get(), parameter, text.data(), text.size(),
                                      SQLITE_TRANSIENT, SQLITE_UTF8));
 }
 
-void Statement::BindInteger(int parameter, std::int64_t value)
+void Query::BindInteger(int parameter, std::int64_t value)
 {
     RequireBound(sqlite3_bind_int64(raw_.get(), parameter, value));
 }
 
-int Statement::ParameterCount() const
+int Query::ParameterCount() const
 {
     return sqlite3_bind_parameter_count(raw_.get());
 }
 
-Value Statement::Get(int column, FieldType type) const
+Value Query::Get(int column, FieldType type) const
 {
     sqlite3_stmt* const raw = raw_.get();
     const int stored = sqlite3_column_type(raw, column);
@@ -282,7 +282,7 @@ Value Statement::Get(int column, FieldType type) const
     }
 }
 
-std::string Statement::Describe(int column) const
+std::string Query::Describe(int column) const
 {
     constexpr std::size_t kMostShown = 40;
     sqlite3_stmt* const raw = raw_.get();
@@ -300,22 +300,22 @@ std::string Statement::Describe(int column) const
     return "the text '" + std::string(shown) + (shown.size() < text.size() ? "...'" : "'");
 }
 
-std::string Statement::Text(int column) const
+std::string Query::Text(int column) const
 {
     return std::string(TextView(column));
 }
 
-std::string_view Statement::TextView(int column) const
+std::string_view Query::TextView(int column) const
 {
     return ColumnText(raw_.get(), column);
 }
 
-std::int64_t Statement::Integer(int column) const
+std::int64_t Query::Integer(int column) const
 {
     return sqlite3_column_int64(raw_.get(), column);
 }
 
-void Statement::Reset() noexcept
+void Query::Reset() noexcept
 {
     sqlite3_reset(raw_.get());
 }
@@ -466,22 +466,22 @@ Database::Impatient::~Impatient()
     WaitForOthers(database_.raw_);
 }
 
-Statement Database::Prepare(std::string_view sql, bool lasting)
+Query Database::Prepare(std::string_view sql, bool lasting)
 {
     sqlite3_stmt* raw = nullptr;
     const int code = sqlite3_prepare_v3(raw_, sql.data(), static_cast<int>(sql.size()),
                                         lasting ? SQLITE_PREPARE_PERSISTENT : 0U, &raw, nullptr);
     if (code != SQLITE_OK)
         Throw(code, sqlite3_errmsg(raw_));
-    return Statement(raw);
+    return Query(raw);
 }
 
-bool Database::Step(Statement& statement)
+bool Database::Step(Query& query)
 {
-    const int code = sqlite3_step(statement.Raw());
+    const int code = sqlite3_step(query.Raw());
     if (code == SQLITE_ROW && !noMemory_)
         return true;
-    const ResetAtExit reset(statement);
+    const ResetAtExit reset(query);
     if (std::exchange(noMemory_, false))
         Throw(SQLITE_NOMEM, "");
     if (code == SQLITE_DONE)
@@ -543,7 +543,7 @@ bool Database::InTransaction() const
     return sqlite3_get_autocommit(raw_) == 0;
 }
 
-void Database::RollBack(Statement& rollback) noexcept
+void Database::RollBack(Query& rollback) noexcept
 {
     if (!InTransaction())
         return;

@@ -16,10 +16,10 @@ struct sqlite3_stmt;
 namespace clb {
 
 /// One prepared query of the storage. It may outlive its Database, but must not run after that.
-class Statement {
+class Query {
 public:
-    Statement() = default;
-    explicit Statement(sqlite3_stmt* raw) : raw_(raw) {}
+    Query() = default;
+    explicit Query(sqlite3_stmt* raw) : raw_(raw) {}
 
     explicit operator bool() const { return raw_ != nullptr; }
     [[nodiscard]] sqlite3_stmt* Raw() const { return raw_.get(); }
@@ -57,13 +57,13 @@ private:
 /// Resets a query at the end of a block, so that it does not stay open.
 class ResetAtExit {
 public:
-    explicit ResetAtExit(Statement& statement) : statement_(&statement) {}
-    ~ResetAtExit() { statement_->Reset(); }
+    explicit ResetAtExit(Query& query) : query_(&query) {}
+    ~ResetAtExit() { query_->Reset(); }
     ResetAtExit(const ResetAtExit&) = delete;
     ResetAtExit& operator=(const ResetAtExit&) = delete;
 
 private:
-    Statement* statement_;
+    Query* query_;
 };
 
 /// One open SQLite file. Throws EngineError, which names the file if the problem is with the file,
@@ -89,10 +89,10 @@ public:
     [[nodiscard]] bool IsOpen() const { return raw_ != nullptr; }
 
     /// Prepares one query in the storage's own SQL. lasting: it will run many times.
-    Statement Prepare(std::string_view sql, bool lasting = false);
+    Query Prepare(std::string_view sql, bool lasting = false);
     /// Returns true if there is a row, false at the end. Resets the query at the end and before it
     /// throws.
-    bool Step(Statement& statement);
+    bool Step(Query& query);
     /// Runs all queries of a script and drops their rows.
     void Run(const std::string& script);
 
@@ -101,7 +101,7 @@ public:
     [[nodiscard]] bool InTransaction() const;
     /// Rolls back the open transaction, if any, with a query that was prepared earlier, so that it
     /// works even without memory. InTransaction() shows whether it worked.
-    void RollBack(Statement& rollback) noexcept;
+    void RollBack(Query& rollback) noexcept;
 
     /// While this object lives, a query that meets another program's lock fails at once.
     class Impatient {

@@ -239,7 +239,7 @@ std::vector<std::string> FaultsOf(const std::string& path)
     database.OpenToRead(path);
     std::vector<std::string> faults;
     try {
-        Statement check = database.Prepare("PRAGMA integrity_check");
+        Query check = database.Prepare("PRAGMA integrity_check");
         while (database.Step(check))
             faults.push_back(FaultIn(check.Text(0)));
     } catch (const EngineError& error) {

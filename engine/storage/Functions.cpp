@@ -203,7 +203,7 @@ std::size_t CountArgument(const Call& call, int i)
 {
     const std::int64_t count = call.Integer(i);
     if (count < 0)
-        throw refuse::Statement("Invalid procedure call: a length or position is negative.");
+        throw refuse::WrongSql("Invalid procedure call: a length or position is negative.");
     return static_cast<std::size_t>(count);
 }
 
@@ -224,7 +224,7 @@ void MidCall(Call& call)
 {
     const std::size_t from = CountArgument(call, 1);
     if (from == 0)
-        throw refuse::Statement("Invalid procedure call: positions count from 1.");
+        throw refuse::WrongSql("Invalid procedure call: positions count from 1.");
     auto text = call.Text(0);
     text.remove_prefix(ByteOffset(text, from - 1));
     call.Answer(text.substr(0, ByteOffset(text, CountArgument(call, 2))));
@@ -234,7 +234,7 @@ void RoundCall(Call& call)
 {
     const std::int64_t decimals = call.Integer(1);
     if (decimals < 0 || decimals > 15)
-        throw refuse::Statement("Invalid procedure call: Round takes 0 to 15 decimals.");
+        throw refuse::WrongSql("Invalid procedure call: Round takes 0 to 15 decimals.");
     if (static_cast<FieldType>(call.Integer(2)) == FieldType::Money) {
         Wide unit = 1;
         for (std::int64_t i = decimals; i < 4; ++i)

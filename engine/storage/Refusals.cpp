@@ -29,11 +29,11 @@ const char* Expected(FieldType type)
 EngineError Syntax(std::string_view near)
 {
     if (near.empty())
-        return Statement("Syntax error: the statement ends too early.");
-    return Statement("Syntax error near " + Quoted(near) + " in the statement.");
+        return WrongSql("Syntax error: the statement ends too early.");
+    return WrongSql("Syntax error near " + Quoted(near) + " in the statement.");
 }
 
-EngineError Statement(const std::string& message)
+EngineError WrongSql(const std::string& message)
 {
     return {engine_errors::Syntax, message};
 }
@@ -47,7 +47,7 @@ EngineError NoSuchTable(std::string_view table)
 
 EngineError TableExists(std::string_view table)
 {
-    return Statement("Table " + Quoted(table) + " already exists.");
+    return WrongSql("Table " + Quoted(table) + " already exists.");
 }
 
 EngineError NoSuchColumn(std::string_view column)
@@ -57,14 +57,14 @@ EngineError NoSuchColumn(std::string_view column)
 
 EngineError AmbiguousColumn(std::string_view column)
 {
-    return Statement("The specified field " + Quoted(column) +
-                     " could refer to more than one table listed in the FROM clause.");
+    return WrongSql("The specified field " + Quoted(column) +
+                    " could refer to more than one table listed in the FROM clause.");
 }
 
 EngineError NoSuchFunction(std::string_view function)
 {
-    return Statement("Undefined function " + Quoted(function) +
-                     " in expression, or a wrong number of arguments.");
+    return WrongSql("Undefined function " + Quoted(function) +
+                    " in expression, or a wrong number of arguments.");
 }
 
 EngineError TypeMismatch()
@@ -109,8 +109,8 @@ EngineError TextTooLong(std::string_view column, std::size_t width)
 
 EngineError NotGrouped(std::string_view expression)
 {
-    return Statement("The expression " + Quoted(expression) +
-                     " is neither part of an aggregate function nor of GROUP BY.");
+    return WrongSql("The expression " + Quoted(expression) +
+                    " is neither part of an aggregate function nor of GROUP BY.");
 }
 
 EngineError NoCurrentRow()

@@ -14,7 +14,7 @@ namespace refuse {
 
 /// near: the text where the parser stopped; empty at the end of the query.
 EngineError Syntax(std::string_view near);
-EngineError Statement(const std::string& message);
+EngineError WrongSql(const std::string& message);
 EngineError NoSuchTable(std::string_view table);
 EngineError TableExists(std::string_view table);
 EngineError NoSuchColumn(std::string_view column);

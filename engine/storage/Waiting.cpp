@@ -35,7 +35,7 @@ int Wait(void*, int count)
 
 int BreaksOff(void*)
 {
-    return Interruption::BreaksStatements() ? 1 : 0;
+    return Interruption::BreaksQueries() ? 1 : 0;
 }
 
 }  // namespace

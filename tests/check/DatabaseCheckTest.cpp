@@ -73,7 +73,7 @@ protected:
     {
         Database storage;
         storage.OpenExisting(folder_.Path("db/clb.mdb"));
-        Statement rows = storage.Prepare(
+        Query rows = storage.Prepare(
             "SELECT coalesce(Sequence, 'none') || '/' || SubSequence || ' ' || Description FROM "
             "Trans ORDER BY rowid");
         std::vector<std::string> texts;
@@ -165,7 +165,7 @@ TEST_F(DatabaseCheckTest, ReportsACellWithTheCommandThatFixesIt)
                           "' \"UPDATE Account SET OpeningBalance = 0 WHERE Sequence = 1\""));
     Connection connection;
     connection.Open("Data Source=" + folder_.Path("db/clb.mdb"));
-    connection.Execute(found[0].statement);
+    connection.Execute(found[0].query);
     connection.Settle();
     EXPECT_THAT(Texts(), IsEmpty());
 }

@@ -73,10 +73,10 @@ void EngineTest::KillAndReopen()
     connection_.Open(ConnectionText());
 }
 
-void EngineTest::RunAll(const std::vector<std::string>& statements)
+void EngineTest::RunAll(const std::vector<std::string>& queries)
 {
-    for (const std::string& statement : statements)
-        Run(statement);
+    for (const std::string& query : queries)
+        Run(query);
 }
 
 Recordset EngineTest::Opened(std::string_view sql, LockKind lock)

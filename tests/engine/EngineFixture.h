@@ -28,7 +28,7 @@ protected:
     void KillAndReopen();
 
     void Run(std::string_view sql) { connection_.Execute(sql); }
-    void RunAll(const std::vector<std::string>& statements);
+    void RunAll(const std::vector<std::string>& queries);
     Recordset Opened(std::string_view sql, LockKind lock = LockKind::Optimistic);
     /// Returns all rows as text: fields separated by "|", null as "-".
     std::vector<std::string> Rows(std::string_view sql);

@@ -35,12 +35,12 @@ public:
     explicit LongReader(const std::string& path)
     {
         sqlite3_open(path.c_str(), &database_);
-        sqlite3_prepare_v2(database_, "SELECT name FROM sqlite_master", -1, &statement_, nullptr);
-        sqlite3_step(statement_);
+        sqlite3_prepare_v2(database_, "SELECT name FROM sqlite_master", -1, &query_, nullptr);
+        sqlite3_step(query_);
     }
     ~LongReader()
     {
-        sqlite3_finalize(statement_);
+        sqlite3_finalize(query_);
         sqlite3_close(database_);
     }
     LongReader(const LongReader&) = delete;
@@ -48,7 +48,7 @@ public:
 
 private:
     sqlite3* database_ = nullptr;
-    sqlite3_stmt* statement_ = nullptr;
+    sqlite3_stmt* query_ = nullptr;
 };
 
 TEST_F(CrashTest, AKilledProgramLeavesTheFileAsItWasSettled)

@@ -60,7 +60,7 @@ TEST_F(LargeSetTest, RowsAreReachedByNumberInAnyOrder)
         ASSERT_EQ(rows.At(static_cast<std::size_t>(row), 0), Value(std::int32_t{row}));
 }
 
-TEST_F(LargeSetTest, ChangesFarBehindAreSavedFoundAndDeleted)
+TEST_F(LargeSetTest, ChangesFarFromTheStartAreSavedFoundAndDeleted)
 {
     Recordset rows = Opened("SELECT Sequence, Description FROM Trans");
 

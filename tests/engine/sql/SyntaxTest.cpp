@@ -14,7 +14,7 @@ struct Refusal {
     const char* message;
 };
 
-TEST_F(SyntaxTest, ABrokenStatementIsRefusedWhereItBreaks)
+TEST_F(SyntaxTest, ABrokenQueryIsRefusedWhereItBreaks)
 {
     const Refusal refusals[] = {
         {"", engine_errors::Syntax, "Syntax error: the statement ends too early."},

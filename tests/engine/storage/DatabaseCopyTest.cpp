@@ -16,7 +16,7 @@ using Lines = std::vector<std::string>;
 
 class DatabaseCopyTest : public EngineTest {
 protected:
-    std::string Sibling(const std::string& name) const
+    [[nodiscard]] std::string Sibling(const std::string& name) const
     {
         return (std::filesystem::path(path_).parent_path() / name).string();
     }
@@ -72,7 +72,7 @@ TEST_F(DatabaseCopyTest, ACopyIsForTheUserAlone)
 {
     CopyDatabase(path_, Sibling("copy.mdb"));
 
-    EXPECT_EQ(ModeOf(Sibling("copy.mdb")), 0600u);
+    EXPECT_EQ(ModeOf(Sibling("copy.mdb")), 0600U);
 }
 
 TEST_F(DatabaseCopyTest, ACopyReplacesNoFile)
@@ -206,7 +206,7 @@ protected:
     static EngineError OpeningOf(const std::string& path)
     {
         const std::string before = Bytes(path);
-        const auto error = ErrorOf([&] {
+        auto error = ErrorOf([&] {
             Connection connection;
             connection.Open("Data Source=" + path);
         });

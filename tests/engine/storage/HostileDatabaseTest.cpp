@@ -19,7 +19,7 @@ protected:
         hostile_.Open("Data Source=" + Beside("hostile.mdb"));
         return hostile_;
     }
-    std::string Beside(const std::string& name) const
+    [[nodiscard]] std::string Beside(const std::string& name) const
     {
         return (std::filesystem::path(path_).parent_path() / name).string();
     }

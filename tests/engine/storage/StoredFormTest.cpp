@@ -12,7 +12,7 @@ std::string StoredOf(const Value& value)
 {
     Database database;
     database.Create(":memory:");
-    Statement read = database.Prepare("SELECT typeof(?1) || ' ' || coalesce(?1, '')");
+    Query read = database.Prepare("SELECT typeof(?1) || ' ' || coalesce(?1, '')");
     read.Bind(1, value);
     database.Step(read);
     return read.Text(0);

@@ -6,48 +6,46 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class ProgramStatementsTest : public EngineTest {
+class ProgramQueriesTest : public EngineTest {
 protected:
-    ProgramStatementsTest()
+    ProgramQueriesTest()
     {
-        RunAll({
-            "INSERT INTO Account (AccountID, Description, Type, OpeningBalance, CurrentBalance) "
-            "VALUES ('100', 'Checking', 'Bank', 500.25, -45.5)",
-            "INSERT INTO Account (AccountID, Description, Type, BudgetInclude) "
-            "VALUES ('200', 'alpha', 'Bank', NO)",
-            "INSERT INTO Account (AccountID, Description, Type) VALUES ('O''Neil', 'Car', 'Loan')",
-            "INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Description, Amount, "
+        Run("INSERT INTO Account (AccountID, Description, Type, OpeningBalance, CurrentBalance) "
+            "VALUES ('100', 'Checking', 'Bank', 500.25, -45.5)");
+        Run("INSERT INTO Account (AccountID, Description, Type, BudgetInclude) "
+            "VALUES ('200', 'alpha', 'Bank', NO)");
+        Run("INSERT INTO Account (AccountID, Description, Type) VALUES ('O''Neil', 'Car', 'Loan')");
+        Run("INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Description, Amount, "
             "CheckID, Category, PayeeName, Year, Period, FITID) VALUES (1, 1, '100', #2006-01-15#, "
-            "'Grocer', -45.5, '', 'Food', 'milk', 2006, 1, 'F1')",
-            "INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Description, Amount, "
+            "'Grocer', -45.5, '', 'Food', 'milk', 2006, 1, 'F1')");
+        Run("INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Description, Amount, "
             "CheckID, Category, PayeeName, Year, Period, FITID) VALUES (2, 0, '100', #2006-02-01#, "
-            "'Baker', -4.75, '7', 'Food', 'bread', 2006, 2, 'F2')",
-            "INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Description, Amount, "
+            "'Baker', -4.75, '7', 'Food', 'bread', 2006, 2, 'F2')");
+        Run("INSERT INTO Trans (Sequence, SubSequence, AccountID, PostDate, Description, Amount, "
             "CheckID, Category, PayeeName, Year, Period, FITID) VALUES (3, 0, '200', #2006-01-20#, "
-            "'Secret', -1000, '', 'Food', '', 2006, 1, 'F3')",
-            "INSERT INTO Budget (Year, Period, CategoryGroup, Category, Amount) "
-            "VALUES (2006, 1, 'Living', 'Food', 250)",
-            "INSERT INTO Budget (Year, Period, CategoryGroup, Category, Amount) "
-            "VALUES (2006, 1, 'living', 'Clothes', 80)",
-            "INSERT INTO Investment (StockSymbol, StockName, PurchaseDate, Quantity, "
+            "'Secret', -1000, '', 'Food', '', 2006, 1, 'F3')");
+        Run("INSERT INTO Budget (Year, Period, CategoryGroup, Category, Amount) "
+            "VALUES (2006, 1, 'Living', 'Food', 250)");
+        Run("INSERT INTO Budget (Year, Period, CategoryGroup, Category, Amount) "
+            "VALUES (2006, 1, 'living', 'Clothes', 80)");
+        Run("INSERT INTO Investment (StockSymbol, StockName, PurchaseDate, Quantity, "
             "PurchasePrice, "
             "LastPrice, Total, AccountID) VALUES ('ACME', 'Acme', #2005-03-01#, 2.5, 10, 12.5, "
-            "31.25, '300')",
-            "INSERT INTO Loan (Description, OriginalAmount, PaidAmount, InterestRate, AccountID) "
-            "VALUES ('Car', 10000, 2500.5, 6.25, 'O''Neil')",
-        });
+            "31.25, '300')");
+        Run("INSERT INTO Loan (Description, OriginalAmount, PaidAmount, InterestRate, AccountID) "
+            "VALUES ('Car', 10000, 2500.5, 6.25, 'O''Neil')");
     }
 };
 
-struct Query {
+struct Example {
     const char* sql;
     const char* fields;
     Lines rows;
 };
 
-TEST_F(ProgramStatementsTest, EveryQueryGivesItsFieldsAndRows)
+TEST_F(ProgramQueriesTest, EveryQueryGivesItsFieldsAndRows)
 {
-    const Query queries[] = {
+    const Example queries[] = {
         {"SELECT * FROM _SchemaVersion", "2:long", {}},
         {"SELECT Description, Type, AccountID, OpeningBalance, (OpeningBalance + CurrentBalance) "
          "as "
@@ -219,14 +217,14 @@ TEST_F(ProgramStatementsTest, EveryQueryGivesItsFieldsAndRows)
          "StockSymbol:text,LastPrice:money",
          {"ACME|12.5"}},
     };
-    for (const Query& query : queries) {
+    for (const Example& query : queries) {
         SCOPED_TRACE(query.sql);
         EXPECT_EQ(FieldsOf(query.sql), query.fields);
         EXPECT_EQ(Rows(query.sql), query.rows);
     }
 }
 
-TEST_F(ProgramStatementsTest, TheUpdatesAndDeletionsChangeTheirRowsOnly)
+TEST_F(ProgramQueriesTest, TheUpdatesAndDeletionsChangeTheirRowsOnly)
 {
     Run("UPDATE Trans SET Category = '(none)' WHERE Trans.Category = 'Food' AND Year = 2006 AND "
         "Period = 1");
@@ -244,7 +242,7 @@ TEST_F(ProgramStatementsTest, TheUpdatesAndDeletionsChangeTheirRowsOnly)
     EXPECT_EQ(Rows("SELECT AccountID FROM Loan"), Lines{"555"});
 }
 
-TEST_F(ProgramStatementsTest, AnUnknownViewsEmptyPartsAreASyntaxError)
+TEST_F(ProgramQueriesTest, AnUnknownViewsEmptyPartsAreASyntaxError)
 {
     const auto error = ErrorOf([&] { Opened("SELECT  FROM  ORDER BY "); });
 
@@ -252,7 +250,7 @@ TEST_F(ProgramStatementsTest, AnUnknownViewsEmptyPartsAreASyntaxError)
     EXPECT_STREQ(error.what(), "Syntax error near 'FROM' in the statement.");
 }
 
-TEST_F(ProgramStatementsTest, AFileThatWasNeverVersionedIsUpgraded)
+TEST_F(ProgramQueriesTest, AFileThatWasNeverVersionedIsUpgraded)
 {
     RunAll({"DROP TABLE _SchemaVersion", "DROP TABLE Loan", "DROP TABLE Account",
             "CREATE TABLE Loan (Description TEXT, InterestRate DOUBLE, Sequence COUNTER)",
@@ -276,7 +274,7 @@ TEST_F(ProgramStatementsTest, AFileThatWasNeverVersionedIsUpgraded)
     EXPECT_EQ(Rows("SELECT * FROM Account"), Lines{"1|1|True"});
 }
 
-TEST_F(ProgramStatementsTest, AFileOfVersionOneLosesTheColumnOneAndGetsTheColumnTwo)
+TEST_F(ProgramQueriesTest, AFileOfVersionOneLosesTheColumnOneAndGetsTheColumnTwo)
 {
     RunAll({"DROP TABLE _SchemaVersion", "CREATE TABLE _SchemaVersion (1 LONG)"});
 

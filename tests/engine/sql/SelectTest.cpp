@@ -6,7 +6,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class QueryTest : public EngineTest {
+class SelectTest : public EngineTest {
 protected:
     void AddAccounts(const std::vector<std::string>& descriptions)
     {
@@ -21,7 +21,7 @@ protected:
     }
 };
 
-TEST_F(QueryTest, TextsAreOrderedAlphabeticallyWhateverTheCase)
+TEST_F(SelectTest, TextsAreOrderedAlphabeticallyWhateverTheCase)
 {
     AddAccounts({"b", "A", "a", "é", "B", "f", "Z", "a b"});
 
@@ -31,7 +31,7 @@ TEST_F(QueryTest, TextsAreOrderedAlphabeticallyWhateverTheCase)
               (Lines{"Z", "f", "é", "b", "B", "a b", "a", "A"}));
 }
 
-TEST_F(QueryTest, TiesOfOneKeyAreDecidedByItsExactTextBeforeTheNextKey)
+TEST_F(SelectTest, TiesOfOneKeyAreDecidedByItsExactTextBeforeTheNextKey)
 {
     RunAll({"INSERT INTO Budget (CategoryGroup, Category) VALUES ('living', 'a')",
             "INSERT INTO Budget (CategoryGroup, Category) VALUES ('Living', 'b')",
@@ -42,7 +42,7 @@ TEST_F(QueryTest, TiesOfOneKeyAreDecidedByItsExactTextBeforeTheNextKey)
               (Lines{"Living|A", "Living|b", "living|a", "living|B"}));
 }
 
-TEST_F(QueryTest, EqualRowsAndUnorderedOnesComeAsTheyWereAdded)
+TEST_F(SelectTest, EqualRowsAndUnorderedOnesComeAsTheyWereAdded)
 {
     for (const char* category : {"c", "a", "b", "a"})
         AddTrans("1", category, "5");
@@ -53,7 +53,7 @@ TEST_F(QueryTest, EqualRowsAndUnorderedOnesComeAsTheyWereAdded)
     EXPECT_EQ(Rows("SELECT Category FROM Trans ORDER BY Amount"), (Lines{"c", "a", "b", "a"}));
 }
 
-TEST_F(QueryTest, NullsComeFirstAndYesBeforeNo)
+TEST_F(SelectTest, NullsComeFirstAndYesBeforeNo)
 {
     RunAll({"CREATE TABLE T (n LONG, y YESNO)", "INSERT INTO T VALUES (2, NO)",
             "INSERT INTO T VALUES (NULL, YES)", "INSERT INTO T VALUES (1, YES)"});
@@ -63,7 +63,7 @@ TEST_F(QueryTest, NullsComeFirstAndYesBeforeNo)
     EXPECT_EQ(Rows("SELECT n FROM T ORDER BY y DESC, n DESC"), (Lines{"2", "1", "-"}));
 }
 
-TEST_F(QueryTest, AnOrderMayNameAnAliasAnExpressionOrAPosition)
+TEST_F(SelectTest, AnOrderMayNameAnAliasAnExpressionOrAPosition)
 {
     for (const char* amount : {"3", "-5", "1"})
         AddTrans("1", "x", amount);
@@ -76,7 +76,7 @@ TEST_F(QueryTest, AnOrderMayNameAnAliasAnExpressionOrAPosition)
     EXPECT_EQ(Rows("SELECT Category, Amount FROM Trans ORDER BY 2"), (Lines{"x|-5", "x|1", "x|3"}));
 }
 
-TEST_F(QueryTest, ATruthValueIsNoPosition)
+TEST_F(SelectTest, ATruthValueIsNoPosition)
 {
     AddTrans("1", "b", "1");
     AddTrans("1", "a", "2");
@@ -85,7 +85,7 @@ TEST_F(QueryTest, ATruthValueIsNoPosition)
     EXPECT_EQ(Rows("SELECT SUM(Amount) FROM Trans GROUP BY TRUE"), Lines{"3"});
 }
 
-TEST_F(QueryTest, AnInnerJoinGivesTheRowsOfTheLastTableAsTheyWereAdded)
+TEST_F(SelectTest, AnInnerJoinGivesTheRowsOfTheLastTableAsTheyWereAdded)
 {
     RunAll({"INSERT INTO Account (AccountID, Description) VALUES ('2', 'two')",
             "INSERT INTO Account (AccountID, Description) VALUES ('1', 'one')"});
@@ -103,7 +103,7 @@ TEST_F(QueryTest, AnInnerJoinGivesTheRowsOfTheLastTableAsTheyWereAdded)
         (Lines{"two|b", "one|c"}));
 }
 
-TEST_F(QueryTest, ALeftJoinKeepsRowsWithoutAPartner)
+TEST_F(SelectTest, ALeftJoinKeepsRowsWithoutAPartner)
 {
     RunAll({"INSERT INTO Account (AccountID) VALUES ('1')",
             "INSERT INTO Account (AccountID) VALUES ('2')",
@@ -126,7 +126,7 @@ TEST_F(QueryTest, ALeftJoinKeepsRowsWithoutAPartner)
               (Lines{"1|a", "2|-"}));
 }
 
-TEST_F(QueryTest, FieldsThatTwoTablesShareKeepTheirTablesName)
+TEST_F(SelectTest, FieldsThatTwoTablesShareKeepTheirTablesName)
 {
     EXPECT_EQ(FieldsOf("SELECT Trans.Description, Account.Description, Trans.Year FROM Account "
                        "INNER JOIN Trans ON Account.AccountID = Trans.AccountID"),
@@ -137,7 +137,7 @@ TEST_F(QueryTest, FieldsThatTwoTablesShareKeepTheirTablesName)
               "AccountID:text,Sequence:long");
 }
 
-TEST_F(QueryTest, GroupsHaveTheirSums)
+TEST_F(SelectTest, GroupsHaveTheirSums)
 {
     AddTrans("1", "a", "1.5");
     AddTrans("1", "b", "2");
@@ -155,7 +155,7 @@ TEST_F(QueryTest, GroupsHaveTheirSums)
               (Lines{"b", "a"}));
 }
 
-TEST_F(QueryTest, AColumnOutsideTheGroupsIsRefused)
+TEST_F(SelectTest, AColumnOutsideTheGroupsIsRefused)
 {
     for (const char* sql :
          {"SELECT Year, SUM(Amount) FROM Trans", "SELECT Year, SUM(Amount) + 1 FROM Trans",
