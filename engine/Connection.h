@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -55,9 +56,22 @@ public:
     /// waits: while another program is writing the answer is false, and the next call reports it.
     /// Right after Lock() it knows of everything that was written before.
     bool ChangedElsewhere();
+    /// A state of the file, for telling whether it was written since.
+    struct Contents {
+        std::int64_t elsewhere = -1;  ///< a number that another program's writing changes
+        std::uint64_t groups = 0;     ///< how many pending groups were opened here before
+        std::string header;           ///< see Database::HeaderUnlocked
+    };
+    /// The state that the file has now. Waits for another program that is writing; throws
+    /// EngineError if it is not done in time.
+    [[nodiscard]] Contents ContentsNow();
+    /// Whether nothing was written since, here or elsewhere. For use without a pending group. Much
+    /// quicker than a statement, and waits and throws where one would.
+    [[nodiscard]] bool IsUnchanged(const Contents& since);
     /// Whether an error in writing has lost what was pending, and Settle() was not called since.
     [[nodiscard]] bool LostGroup() const;
 
+    [[nodiscard]] bool Traced() const;
     /// From now on each statement text sent (Execute, Open and Requery of result sets) is handed on
     /// before it runs; an empty function ends it.
     void Trace(std::function<void(std::string_view)> sink);

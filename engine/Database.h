@@ -97,6 +97,10 @@ public:
     [[nodiscard]] std::int64_t LastRowId() const;
     [[nodiscard]] std::int64_t ChangedRows() const;
     [[nodiscard]] bool InTransaction() const;
+    /// The bytes of the file's header that every program changes when it writes, read without a
+    /// lock. Empty if another program is writing now, and for a file that is written in another
+    /// way.
+    [[nodiscard]] std::string HeaderUnlocked() const;
     /// Takes back the open transaction by a statement that was prepared for it, so that even a
     /// program without memory can. InTransaction() says whether it worked.
     void RollBack(Statement& rollback) noexcept;
