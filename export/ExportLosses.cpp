@@ -70,14 +70,19 @@ void NotReturned::Add(const ExportedRow& row)
 /// A reader asks its account for the identifier, whose apostrophes it does not double.
 void NotReturned::CheckIdentifier(const ExportedRow& row)
 {
-    const std::string identifier = Returned(row.identifier);
-    Check(row, "identifier", row.identifier, identifier);
-    if (!identifiers_.insert(identifier).second)
+    std::string changed;
+    std::string_view identifier = row.identifier;
+    if (!IsPlain(identifier)) {
+        changed = Returned(identifier);
+        identifier = changed;
+        Check(row, "identifier", row.identifier, changed);
+    }
+    if (!identifiers_.Insert(identifier))
         Tell(row, "left out, its identifier is an earlier one's");
-    if (identifier.find('\'') == std::string::npos)
+    if (identifier.find('\'') == std::string_view::npos)
         return;
     try {
-        Criterion::Parse("FITID = '" + identifier + "'");
+        Criterion::Parse("FITID = '" + std::string(identifier) + "'");
         Tell(row, "an apostrophe in its identifier adds it again with each import");
     } catch (const EngineError&) {
         Tell(row, count_ == 1

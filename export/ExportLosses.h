@@ -4,10 +4,10 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "base/Date.h"
+#include "export/TextSet.h"
 
 namespace clb {
 
@@ -56,7 +56,7 @@ private:
     std::int32_t count_ = 0;
     std::vector<std::string> lines_;
     std::set<std::int32_t> rows_;
-    std::unordered_set<std::string> identifiers_;
+    TextSet identifiers_;
     Characters characters_ = Characters::Ascii;
     std::vector<std::int32_t> misread_;  // rows that are, while all characters look like UTF-8
     std::int32_t categories_ = 0;

@@ -99,6 +99,26 @@ bool Connection::ChangedElsewhere()
     return state_->ChangedElsewhere();
 }
 
+Connection::Contents Connection::ContentsNow()
+{
+    state_->RequireOpen();
+    Contents contents;
+    contents.groups = state_->groups;
+    // First, so that what is written in between changes it.
+    contents.header = state_->database.HeaderUnlocked();
+    contents.elsewhere = state_->DataVersion();
+    return contents;
+}
+
+bool Connection::IsUnchanged(const Contents& since)
+{
+    state_->RequireOpen();
+    if (state_->groups != since.groups)
+        return false;
+    const std::string header = state_->database.HeaderUnlocked();
+    return (!header.empty() && header == since.header) || state_->DataVersion() == since.elsewhere;
+}
+
 void Connection::Settle()
 {
     state_->Settle();
@@ -107,6 +127,11 @@ void Connection::Settle()
 bool Connection::LostGroup() const
 {
     return state_->LostGroup();
+}
+
+bool Connection::Traced() const
+{
+    return static_cast<bool>(state_->trace);
 }
 
 void Connection::Trace(std::function<void(std::string_view)> sink)

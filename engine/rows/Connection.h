@@ -1,5 +1,6 @@
 // The connection to a database file.
 #pragma once
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>

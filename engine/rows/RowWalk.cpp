@@ -1,5 +1,7 @@
 #include "engine/rows/RowWalk.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <span>
@@ -34,6 +36,16 @@ std::string_view WalkedRow::Text(std::size_t field) const
     if (plan_.fields[field].type != FieldType::Text)
         return {};
     return statement_.TextView(static_cast<int>(field));
+}
+
+bool WalkedRow::IsNull(std::size_t field) const
+{
+    return sqlite3_column_type(statement_.Raw(), static_cast<int>(field)) == SQLITE_NULL;
+}
+
+bool WalkedRow::HoldsText(std::size_t field) const
+{
+    return sqlite3_column_type(statement_.Raw(), static_cast<int>(field)) == SQLITE_TEXT;
 }
 
 namespace {

@@ -28,6 +28,10 @@ public:
     [[nodiscard]] Value Get(std::size_t field) const;
     /// A text field without a copy, good until the next row; empty for null and other types.
     [[nodiscard]] std::string_view Text(std::size_t field) const;
+    [[nodiscard]] bool IsNull(std::size_t field) const;
+    /// Whether the cell holds a text. In a text field another program may have stored bytes, which
+    /// are read as a text but are equal to none.
+    [[nodiscard]] bool HoldsText(std::size_t field) const;
 
 private:
     const Plan& plan_;

@@ -103,6 +103,7 @@ void Connection::State::BeginWrite()
     if (LostGroup())
         database.ThrowLastTrouble();
     database.Step(begin);
+    ++groups;
     pending = true;
 }
 
@@ -206,11 +207,7 @@ bool Connection::State::ChangedElsewhere()
         return false;
     const Database::Impatient now(database);
     try {
-        if (!readDataVersion)
-            readDataVersion = database.Prepare("PRAGMA data_version", true);
-        const ResetAtExit reset(readDataVersion);
-        database.Step(readDataVersion);
-        const std::int64_t version = readDataVersion.Integer(0);
+        const std::int64_t version = DataVersion();
         const bool changed = version != dataVersion;
         dataVersion = version;
         return changed;
@@ -219,6 +216,15 @@ bool Connection::State::ChangedElsewhere()
             return false;
         throw;
     }
+}
+
+std::int64_t Connection::State::DataVersion()
+{
+    if (!readDataVersion)
+        readDataVersion = database.Prepare("PRAGMA data_version", true);
+    const ResetAtExit reset(readDataVersion);
+    database.Step(readDataVersion);
+    return readDataVersion.Integer(0);
 }
 
 ReadGroup::ReadGroup(Connection::State& session)

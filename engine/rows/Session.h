@@ -22,6 +22,7 @@ struct Connection::State {
     std::int64_t schemaVersion = -1;  ///< of the catalogue and the cache; -1: not known
     bool reading = false;             ///< a ReadGroup lives
     bool pending = false;             ///< the pending group was opened and not settled
+    std::uint64_t groups = 0;         ///< how many pending groups were opened so far
     bool whole = false;               ///< it was opened ahead: it is kept whole or not at all
     Query readSchemaVersion;
     // Prepared by Open, so that a group can be ended when there is no memory for it.
@@ -54,6 +55,8 @@ struct Connection::State {
     void Settle();
     void Abandon() noexcept;
     bool ChangedElsewhere();
+    /// A number that another program's writing changes. Throws EngineError.
+    std::int64_t DataVersion();
     void Commit() { database.Step(commit); }
     /// Ends the transaction of a ReadGroup, in which nothing was written.
     void EndReading() noexcept;

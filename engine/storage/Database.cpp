@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <limits>
@@ -541,6 +542,25 @@ std::int64_t Database::ChangedRows() const
 bool Database::InTransaction() const
 {
     return sqlite3_get_autocommit(raw_) == 0;
+}
+
+std::string Database::HeaderUnlocked() const
+{
+    // The file's format: how it is written, at 18, and what a writer counts up, from 24 on.
+    constexpr std::size_t kWrittenHow = 18;
+    constexpr char kByJournal = 1;
+    constexpr std::size_t kCounters = 24;
+    std::array<char, 40> header{};
+    sqlite3_file* file = nullptr;
+    int writing = 0;
+    if (sqlite3_file_control(raw_, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK ||
+        !file || !file->pMethods ||
+        file->pMethods->xCheckReservedLock(file, &writing) != SQLITE_OK || writing != 0 ||
+        file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0) !=
+            SQLITE_OK ||
+        header[kWrittenHow] != kByJournal)
+        return {};
+    return {header.data() + kCounters, header.size() - kCounters};
 }
 
 void Database::RollBack(Query& rollback) noexcept

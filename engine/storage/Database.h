@@ -97,6 +97,10 @@ public:
     void Run(const std::string& script);
 
     [[nodiscard]] std::int64_t LastRowId() const;
+    /// The bytes of the file's header that every program changes when it writes, read without a
+    /// lock. Empty if another program is writing now, and for a file that is written in another
+    /// way.
+    [[nodiscard]] std::string HeaderUnlocked() const;
     [[nodiscard]] std::int64_t ChangedRows() const;
     [[nodiscard]] bool InTransaction() const;
     /// Rolls back the open transaction, if any, with a query that was prepared earlier, so that it
