@@ -56,9 +56,22 @@ public:
     /// waits: returns false while another program is writing, and the next call reports it.
     /// Directly after Lock() the result includes everything written before.
     bool ChangedElsewhere();
+    /// A state of the file, for telling whether it was written since.
+    struct Contents {
+        std::int64_t elsewhere = -1;  ///< a number that another program's writing changes
+        std::uint64_t groups = 0;     ///< how many pending groups were opened here before
+        std::string header;           ///< see Database::HeaderUnlocked
+    };
+    /// The state that the file has now. Waits for another program that is writing; throws
+    /// EngineError if it is not done in time.
+    [[nodiscard]] Contents ContentsNow();
+    /// Whether nothing was written since, here or elsewhere. For use without a pending group. Much
+    /// quicker than a query, and waits and throws where one would.
+    [[nodiscard]] bool IsUnchanged(const Contents& since);
     /// Whether an error in writing has lost the pending group, and Settle() was not called since.
     [[nodiscard]] bool LostGroup() const;
 
+    [[nodiscard]] bool Traced() const;
     /// Passes the text of each query (Execute, and Open and Requery of result sets) to the sink
     /// before the query runs. An empty function ends this.
     void Trace(std::function<void(std::string_view)> sink);
