@@ -7,8 +7,8 @@
 namespace clb::statement_scan {
 namespace {
 
-/// A value ends before the next "<" or carriage return. The carriage return is looked for only
-/// before the "<": a file may hold none at all.
+/// A value ends before the next "<" or carriage return. The carriage return is searched only before
+/// the "<", because a file may have no carriage return at all.
 std::string_view UpToValueEnd(std::string_view rest)
 {
     rest = rest.substr(0, rest.find('<'));
