@@ -61,7 +61,7 @@ struct IniText {
         }
         return ini;
     }
-    std::string Bytes() const
+    [[nodiscard]] std::string Bytes() const
     {
         std::string bytes(marked ? kByteOrderMark : std::string_view());
         for (const std::string& line : lines)

@@ -238,14 +238,14 @@ bool frmController::PressNode(std::int32_t node)
 
 void frmController::StepMonth(std::int32_t direction)
 {
-    constexpr std::int32_t december = 11;
+    constexpr std::int32_t kDecember = 11;
     View().HoldRefresh(true);
     const std::int32_t index = cmbPeriod.Index();
-    if (direction > 0 && index == december) {
+    if (direction > 0 && index == kDecember) {
         cmbPeriod.Index(0);
         txtYear.Text(std::to_string(YearNumber(txtYear.Text()) + 1));
     } else if (direction <= 0 && index == 0) {
-        cmbPeriod.Index(december);
+        cmbPeriod.Index(kDecember);
         txtYear.Text(std::to_string(YearNumber(txtYear.Text()) - 1));
     } else {
         cmbPeriod.Index(index + (direction > 0 ? 1 : -1));

@@ -9,6 +9,14 @@ namespace {
 constexpr const char* kSection = "Settings";
 constexpr const char* kBankUrl = "BankUrl";
 
+/// The statement that sets an account's flag. It writes only a row whose flag changes.
+std::string Inclusion(const std::string& accountID, bool included)
+{
+    const std::string include = included ? "TRUE" : "FALSE";
+    return "UPDATE Account SET BudgetInclude = " + include + " WHERE AccountID = '" +
+           clsDatabase::ToSqlString(accountID) + "' AND NOT BudgetInclude = " + include;
+}
+
 }  // namespace
 
 frmOptions::frmOptions(clsDatabase& database, IModalHost& host, std::string settings)
@@ -71,11 +79,7 @@ void frmOptions::Store()
         includes.push_back(Include(at));
     for (std::size_t at = 0; at < grdAccounts.Rows().size(); ++at) {
         const auto& row = grdAccounts.Rows()[at];
-        const std::string include = includes[at] ? "TRUE" : "FALSE";
-        // Only rows whose flag changes are written.
-        database_.Execute("UPDATE Account SET BudgetInclude = " + include + " WHERE AccountID = '" +
-                          clsDatabase::ToSqlString(ToText(row[2])) +
-                          "' AND NOT BudgetInclude = " + include);
+        database_.Execute(Inclusion(ToText(row[2]), includes[at]));
     }
 }
 

@@ -52,7 +52,7 @@ void ExportFile(const ExportOptions& options)
     program.Files().Choose(options.file);
     ExportLosses losses(account.id);
     program.Window().Export().Watch(&losses);
-    program.Press(command_name::Export);
+    program.Press(command_name::kExport);
 
     for (const std::string& line : losses.Lines())
         std::cerr << "Not coming back: " << Printable(line) << '\n';

@@ -225,7 +225,7 @@ void ImportRun::Load(const std::string& file, const std::string& path, ImportedF
     try {
         CountLeft(path, result);
         program.Files().Choose(path);
-        program.Press(command_name::Import);
+        program.Press(command_name::kImport);
     } catch (const RuntimeError& error) {
         result.failed = true;
         std::cerr << error.what() << '\n';

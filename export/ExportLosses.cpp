@@ -1,6 +1,7 @@
 #include "export/ExportLosses.h"
 
 #include <algorithm>
+#include <array>
 
 #include "base/Text.h"
 #include "data/NoCategory.h"
@@ -15,10 +16,13 @@ constexpr std::size_t kNotesLength = 50;
 /// A quick check: true if the text certainly comes back unchanged.
 bool IsPlain(std::string_view text)
 {
-    bool plain = text.empty() || (text.front() != ' ' && text.back() != ' ');
+    if (text.starts_with(' ') || text.ends_with(' '))
+        return false;
+    unsigned special = 0;
     for (const char c : text)  // no early exit: the loop is faster without a branch
-        plain = plain & (c >= ' ') & (c <= '~') & (c != '<');
-    return plain;
+        special |= static_cast<unsigned>(c < ' ') | static_cast<unsigned>(c > '~') |
+                   static_cast<unsigned>(c == '<');
+    return special == 0;
 }
 
 /// The text that a reader of the file gets: in the encoding of the file, up to "<" or a carriage
@@ -112,11 +116,10 @@ bool ExportLosses::TakeCharacters(std::string_view text)
 /// If a text contains a tag that follows it in the file, the import uses the one in the text.
 void ExportLosses::CheckTags(const ExportedRow& row)
 {
-    const auto holdsTag = [](std::string_view text) {
-        for (const char* tag : {"<CHECKNUM>", "<NAME>", "<MEMO>", "</STMTTRN>"})
-            if (text.find(tag) != std::string_view::npos)
-                return true;
-        return false;
+    constexpr std::array<std::string_view, 4> kTags{"<CHECKNUM>", "<NAME>", "<MEMO>", "</STMTTRN>"};
+    const auto holdsTag = [&kTags](std::string_view text) {
+        return std::ranges::any_of(
+            kTags, [text](std::string_view tag) { return text.find(tag) != text.npos; });
     };
     if (holdsTag(row.identifier) || holdsTag(row.checkID) || holdsTag(row.description))
         Report(row, "a tag within its texts is read as the file's own");

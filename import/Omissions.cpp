@@ -48,7 +48,7 @@ std::string_view Value(std::string_view text, std::string_view tag, std::size_t 
 std::size_t Openings(std::string_view text)
 {
     std::size_t count = 0;
-    for (std::size_t at = scan::Find(text, kOpen, 0); at != scan::None;
+    for (std::size_t at = scan::Find(text, kOpen, 0); at != scan::kNone;
          at = scan::Find(text, kOpen, at + kOpen.size()))
         ++count;
     return count;
@@ -63,14 +63,14 @@ public:
     {
         at_ = scan::Find(text_, kAccount, ByteOffset(text_, kSearchStart));
         result.beforeAccount = Openings(text_.substr(0, at_));
-        if (at_ == scan::None)
+        if (at_ == scan::kNone)
             return;
         result.notClosed = Openings(text_.substr(at_));
         const std::string_view first = Value(text_, kAccount, at_);
         std::string_view account = first;
         std::set<std::string_view> others;
         bool stopped = false;
-        for (std::size_t open = Next(); open != scan::None; open = Next()) {
+        for (std::size_t open = Next(); open != scan::kNone; open = Next()) {
             account = LastAccount(account, open);
             const std::string_view block = Take(open);
             --result.notClosed;
@@ -92,8 +92,8 @@ private:
     std::size_t Next() const
     {
         const std::size_t open = scan::Find(text_, kOpen, at_);
-        return open == scan::None || scan::Find(text_, kClose, open) == scan::None ? scan::None
-                                                                                   : open;
+        return open == scan::kNone || scan::Find(text_, kClose, open) == scan::kNone ? scan::kNone
+                                                                                     : open;
     }
     /// The last account between the current place and the transaction.
     std::string_view LastAccount(std::string_view account, std::size_t open) const

@@ -9,9 +9,9 @@ namespace clb::statement_scan {
 // results refer to the text. UTF-8 text is never found inside a character, so counting bytes and
 // counting characters lead to the same places.
 
-inline constexpr std::size_t None = std::string_view::npos;
+inline constexpr std::size_t kNone = std::string_view::npos;
 
-/// Offset of the next occurrence at or after `from`; None if there is none.
+/// Offset of the next occurrence at or after `from`; kNone if there is none.
 [[nodiscard]] std::size_t Find(std::string_view text, std::string_view what, std::size_t from);
 /// The value after the next such tag at or after `from`, without spaces at its ends. Empty if the
 /// tag is absent.

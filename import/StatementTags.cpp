@@ -26,7 +26,7 @@ bool FindTag(std::int32_t& pos, std::string_view text, std::string_view what)
 {
     const std::size_t from = OffsetOf(pos, text);
     const std::size_t found = statement_scan::Find(text, what, from);
-    if (found == statement_scan::None)
+    if (found == statement_scan::kNone)
         return false;
     Advance(pos, text, from, found);
     return true;

@@ -73,7 +73,7 @@ private:
     ImportCounts& counts_;
     std::string text_;
     std::string working_;
-    std::size_t account_ = scan::None;  // offset of its number in the file
+    std::size_t account_ = scan::kNone;  // offset of its number in the file
     std::string accountID_;
     Recordset rows_;
     Month last_;
@@ -83,7 +83,7 @@ bool OfxReader::FindAccount(const std::string& path)
 {
     text_ = ReadStatement(path);
     account_ = scan::Find(text_, "<ACCTID>", ByteOffset(text_, kSearchStart));
-    if (account_ == scan::None)
+    if (account_ == scan::kNone)
         return false;
     accountID_ = scan::Value(text_, "<ACCTID>", account_);
     return true;
