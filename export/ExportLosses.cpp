@@ -118,8 +118,9 @@ void ExportLosses::CheckTags(const ExportedRow& row)
 {
     constexpr std::array<std::string_view, 4> kTags{"<CHECKNUM>", "<NAME>", "<MEMO>", "</STMTTRN>"};
     const auto holdsTag = [&kTags](std::string_view text) {
-        return std::ranges::any_of(
-            kTags, [text](std::string_view tag) { return text.find(tag) != text.npos; });
+        return std::ranges::any_of(kTags, [text](std::string_view tag) {
+            return text.find(tag) != std::string_view::npos;
+        });
     };
     if (holdsTag(row.identifier) || holdsTag(row.checkID) || holdsTag(row.description))
         Report(row, "a tag within its texts is read as the file's own");
