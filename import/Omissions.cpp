@@ -89,14 +89,14 @@ public:
 
 private:
     /// Offset of the next complete transaction.
-    std::size_t Next() const
+    [[nodiscard]] std::size_t Next() const
     {
         const std::size_t open = scan::Find(text_, kOpen, at_);
         return open == scan::kNone || scan::Find(text_, kClose, open) == scan::kNone ? scan::kNone
                                                                                      : open;
     }
     /// The last account between the current place and the transaction.
-    std::string_view LastAccount(std::string_view account, std::size_t open) const
+    [[nodiscard]] std::string_view LastAccount(std::string_view account, std::size_t open) const
     {
         const std::size_t tag = text_.substr(at_, open - at_).rfind(kAccount);
         return tag == std::string_view::npos ? account : Value(text_, kAccount, at_ + tag);

@@ -48,14 +48,14 @@ public:
 
     /// Reads the file up to its account number. Returns false if it has none.
     bool FindAccount(const std::string& path);
-    const std::string& AccountID() const { return accountID_; }
+    [[nodiscard]] const std::string& AccountID() const { return accountID_; }
     /// Returns false if the user cancels.
     bool CheckAccount() { return host_.CheckImportAccount(accountID_); }
     void ReadRows();
 
-    const std::string& Text() const { return text_; }
+    [[nodiscard]] const std::string& Text() const { return text_; }
     /// The text that was being converted when an error occurred; empty if none was.
-    const std::string& WorkingText() const { return working_; }
+    [[nodiscard]] const std::string& WorkingText() const { return working_; }
 
 private:
     void ReadTransactions();
@@ -207,8 +207,8 @@ void OfxReader::ProvideBudgetLine(Month month)
 std::string WorkingText(const OfxReader& reader, const RuntimeError& error)
 {
     const auto* const engine = dynamic_cast<const EngineError*>(&error);
-    const bool refused = dynamic_cast<const NumbersUsedUp*>(&error) ||
-                         (engine && engine->Number() == engine_errors::Constraint);
+    const bool refused = dynamic_cast<const NumbersUsedUp*>(&error) != nullptr ||
+                         (engine != nullptr && engine->Number() == engine_errors::Constraint);
     return refused ? error.what() : reader.WorkingText();
 }
 

@@ -73,9 +73,9 @@ public:
 
     void Read(std::string_view text);
     /// The lines that could not be used, each with a line feed before it.
-    const std::string& Skipped() const { return skipped_; }
+    [[nodiscard]] const std::string& Skipped() const { return skipped_; }
     /// Why the book could not take more rows; empty if it took all.
-    const std::string& UsedUp() const { return usedUp_; }
+    [[nodiscard]] const std::string& UsedUp() const { return usedUp_; }
 
 private:
     void HandleLine(std::string_view line);
@@ -85,7 +85,7 @@ private:
     void EndTransaction();
     void EndCategory();
     bool IsKnownDuplicate();
-    std::string DuplicateQuery() const;
+    [[nodiscard]] std::string DuplicateQuery() const;
     void AddRow(Recordset& rows, Month month);
 
     clsDatabase& database_;
