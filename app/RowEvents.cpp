@@ -106,7 +106,7 @@ void RowEvents::WatchShownBalance()
 {
     const clsView& view = window_.View();
     if (view.Definition().ofAccount &&
-        balances_.Look(window_.Data(), view.AccountID(), window_.GivenPorts().clock.Now()))
+        balances_.Check(window_.Data(), view.AccountID(), window_.GivenPorts().clock.Now()))
         window_.ShowBalanceNotice();
 }
 
@@ -150,7 +150,7 @@ void RowEvents::CheckDeletion(bool& cancel)
 
 std::string RowEvents::StoredAccountTag() const
 {
-    // Not the view's account: that follows what is typed, and the typed may never have been saved.
+    // The view's account follows what is typed, which may never have been saved.
     const Value type =
         window_.Grid.Rows().Stored(window_.Grid.Row(), window_.View().Definition().accounts->type);
     return node_tag::OfAccount(clsView::ViewFromAccountType(ToText(type)), StoredAccountNumber());

@@ -196,29 +196,29 @@ constexpr bool kLeavesRow = false;
 // clang-format off
 
 constexpr WindowCommand kFile[] = {
-    {command_name::Import, "&Import...", "Ctrl+I", "import", Always, kSavesRow, Import},
-    {command_name::Export, "&Export...", "Ctrl+E", "export", OnExportable, kSavesRow, Export},
+    {command_name::kImport, "&Import...", "Ctrl+I", "import", Always, kSavesRow, Import},
+    {command_name::kExport, "&Export...", "Ctrl+E", "export", OnExportable, kSavesRow, Export},
     {"mnuF_Rule"},
     {"mnuF_Print", "&Print...", "Ctrl+P", "print", Always, kSavesRow, Print},
     {"mnuF_Rule2"},
-    {command_name::Exit, "E&xit", "Ctrl+Q", "exit", Always, kSavesRow, Exit},
+    {command_name::kExit, "E&xit", "Ctrl+Q", "exit", Always, kSavesRow, Exit},
 };
 
 constexpr WindowCommand kEdit[] = {
-    {command_name::New, "&New Record", "Ctrl+N", "new", OffNewRow, kLeavesRow, NewRecord},
-    {command_name::Delete, "&Delete Record", "Del", "delete", OnStoredRow, kLeavesRow, DeleteRecord},
+    {command_name::kNew, "&New Record", "Ctrl+N", "new", OffNewRow, kLeavesRow, NewRecord},
+    {command_name::kDelete, "&Delete Record", "Del", "delete", OnStoredRow, kLeavesRow, DeleteRecord},
     {"mnuE_Separator1"},
-    {command_name::Copy, "&Copy Budget From Previous Month", "", "copy", Always, kSavesRow, CopyBudget},
+    {command_name::kCopy, "&Copy Budget From Previous Month", "", "copy", Always, kSavesRow, CopyBudget},
     {"mnuE_Separator2"},
-    {command_name::MovePrevious, "Move To &Previous Month", "", "previous", OnTransaction, kSavesRow, MoveToPreviousMonth},
-    {command_name::MoveNext, "Move To N&ext Month", "", "next", OnTransaction, kSavesRow, MoveToNextMonth},
-    {command_name::Split, "&Split Transaction", "", "split", OnTransaction, kSavesRow, SplitTransaction},
+    {command_name::kMovePrevious, "Move To &Previous Month", "", "previous", OnTransaction, kSavesRow, MoveToPreviousMonth},
+    {command_name::kMoveNext, "Move To N&ext Month", "", "next", OnTransaction, kSavesRow, MoveToNextMonth},
+    {command_name::kSplit, "&Split Transaction", "", "split", OnTransaction, kSavesRow, SplitTransaction},
 };
 
 constexpr WindowCommand kTools[] = {
-    {command_name::UpdateQuotes, "&Update Quotes", "F5", "quotes", Always, kSavesRow, UpdateAllQuotes},
+    {command_name::kUpdateQuotes, "&Update Quotes", "F5", "quotes", Always, kSavesRow, UpdateAllQuotes},
     {"mnuT_Rule"},
-    {command_name::Options, "&Options...", "", "options", Always, kSavesRow, ChangeOptions},
+    {command_name::kOptions, "&Options...", "", "options", Always, kSavesRow, ChangeOptions},
 };
 
 constexpr WindowCommand kHelp[] = {
@@ -232,7 +232,7 @@ constexpr WindowCommand kHelp[] = {
 
 constexpr WindowMenu kMenus[] = {
     {"mnuFile", "&File", kFile},
-    {menu_name::Edit, "&Edit", kEdit},
+    {menu_name::kEdit, "&Edit", kEdit},
     {"mnuTools", "&Tools", kTools},
     {"mnuHelp", "&Help", kHelp},
 };
@@ -249,8 +249,8 @@ constexpr WindowButton ButtonFor(std::string_view name, const char* key, const c
 }
 
 constexpr WindowButton kButtons[] = {
-    ButtonFor(command_name::New, "New", "New record"),
-    ButtonFor(command_name::Delete, "Delete", "Delete record"),
+    ButtonFor(command_name::kNew, "New", "New record"),
+    ButtonFor(command_name::kDelete, "Delete", "Delete record"),
     {"Link", "Bank web site", "", "link", kSeparated, Always, OpenBankSite},
     {"Back", "Previous month", "Alt+Left", "back", kSeparated, Always, ShowPreviousMonth},
     {"Forward", "Next month", "Alt+Right", "forward", false, Always, ShowNextMonth},

@@ -15,8 +15,8 @@ constexpr const char* kMonths[] = {"January",   "February", "March",    "April",
                                    "May",       "June",     "July",     "August",
                                    "September", "October",  "November", "December"};
 
-/// The number that a year's text stands for; 0 when it is none. Wide, so that the year box refuses
-/// the one behind the last as any text that is no year.
+/// Parses a year. Returns 0 if the text is not a number. 64 bits, so that the year after the last
+/// one is rejected like any other bad year instead of overflowing.
 std::int64_t YearNumber(const std::string& text)
 {
     return IsNumeric(text) ? ParseLong(text) : 0;
@@ -77,7 +77,7 @@ void frmController::ShowPresentMonth()
     const Date now = ports_.clock.Now();
     cmbPeriod.Index(now.Month() - 1);
     txtYear.Text(std::to_string(now.Year()));
-    // The box tells of no change when it shows this year already.
+    // The box does not report a change if it shows this year already.
     View().Year(now.Year());
 }
 
@@ -122,7 +122,7 @@ void frmController::Abandon() noexcept
         return;
     stale_ = true;
     rows_.BreakOff();
-    // What the command had locked, it cannot unlock any more.
+    // The command cannot enable the window itself any more.
     Quietly([this] { window.Enabled(true); });
     Quietly([this] { ports_.pointer.Pointer(pointer::Default); });
     if (View().HoldRefresh())
@@ -130,7 +130,7 @@ void frmController::Abandon() noexcept
     ShowStored();
 }
 
-/// A person or a server may take their time: nobody else waits for that.
+/// Called before waiting for a person or a server, so that other programs do not have to wait too.
 void frmController::ReleaseLock()
 {
     if (!globals_.database || !Data().Database().Locked())
@@ -143,7 +143,7 @@ void frmController::ReleaseLock()
     }
 }
 
-/// What could not be saved is neither in the file nor any longer in the window.
+/// Shows the contents of the file again after an error took back what was written.
 void frmController::ShowStored() noexcept
 {
     if (!stale_)
@@ -153,7 +153,7 @@ void frmController::ShowStored() noexcept
         ReloadWindow();
         stale_ = false;
     } catch (...) {
-        // The file cannot be read either, or there is no memory: the next command tries again.
+        // The file cannot be read, or there is too little memory. The next command tries again.
     }
 }
 
@@ -228,7 +228,8 @@ bool frmController::PressNode(std::int32_t node)
     const TreeNode pressed = TreeView.Node(node);
     if (!window.Focus(TreeView))
         return false;
-    // Leaving the grid may have saved an account: the tree is new then and its nodes have moved.
+    // Leaving the grid may have saved an account. Then the tree is rebuilt and its nodes have
+    // moved.
     const std::int32_t now = NodeLike(TreeView, pressed, node);
     if (now != 0)
         TreeView.ClickNode(now);
@@ -237,14 +238,14 @@ bool frmController::PressNode(std::int32_t node)
 
 void frmController::StepMonth(std::int32_t direction)
 {
-    constexpr std::int32_t december = 11;
+    constexpr std::int32_t kDecember = 11;
     View().HoldRefresh(true);
     const std::int32_t index = cmbPeriod.Index();
-    if (direction > 0 && index == december) {
+    if (direction > 0 && index == kDecember) {
         cmbPeriod.Index(0);
         txtYear.Text(std::to_string(YearNumber(txtYear.Text()) + 1));
     } else if (direction <= 0 && index == 0) {
-        cmbPeriod.Index(december);
+        cmbPeriod.Index(kDecember);
         txtYear.Text(std::to_string(YearNumber(txtYear.Text()) - 1));
     } else {
         cmbPeriod.Index(index + (direction > 0 ? 1 : -1));

@@ -31,7 +31,7 @@ class OtherPrograms;
 /// parts of the program. Does not catch errors of handlers; the front end reports them.
 class frmController {
 public:
-    /// What the program calls itself in captions and message boxes.
+    /// The name of the program in captions and message boxes.
     static constexpr const char* Title = product::kTitle;
 
     frmController(const Ports& ports, const WindowMetrics& metrics);
@@ -39,17 +39,19 @@ public:
     frmController(const frmController&) = delete;
     frmController& operator=(const frmController&) = delete;
 
-    /// Opens the data, shows the net worth of the present month. Throws EngineError.
+    /// Opens the database and shows the net worth in the present month. Throws EngineError.
     void Load();
-    /// Releases the view and the data store; the program ends. The window cannot be loaded again.
+    /// Releases the view and the data store, which ends the program. The window cannot be loaded
+    /// again.
     void Unload();
     [[nodiscard]] bool Loaded() const { return loaded_; }
-    /// Makes durable what was written, if it is loaded; front ends call it after each command.
-    /// Where writing failed the window shows what the file holds again. Throws EngineError.
+    /// Makes durable what was written, if the window is loaded. Front ends call it after each
+    /// command. If writing fails, the window shows the contents of the file again. Throws
+    /// EngineError.
     void Settle();
-    /// Takes back what a command wrote that was broken off by an error that no command reports,
-    /// such as too little memory. The window then takes input and shows what the file holds. Never
-    /// throws: what cannot be shown for lack of memory is shown after the next command.
+    /// Takes back what a command has written after an error that no command reports, such as too
+    /// little memory. The window then takes input and shows the contents of the file. Never throws:
+    /// if there is too little memory to show something, it is shown after the next command.
     void Abandon() noexcept;
 
     /// Places the controls for the inner size in pixels.
@@ -59,34 +61,34 @@ public:
     void TreeWidth(std::int32_t pixels);
     /// Shows the next month (+1) or the one before (-1).
     void StepMonth(std::int32_t direction);
-    /// Month list: chooses a month, 0 = January to 11.
+    /// Chooses a month in the month list, 0 = January to 11.
     void ChooseMonth(std::int32_t index) { cmbPeriod.Index(index); }
-    /// Hands the year box's text on. Throws TypeMismatch() when it is no whole number.
+    /// Enters a text into the year box. Throws TypeMismatch() if it is not a whole number.
     void EnterYear(const std::string& text) { txtYear.Text(text); }
-    /// A press of the mouse on a node, as the tree control reports it: the first shows the node's
-    /// view, one on the selected node shows it again. The tree gets the focus; false when the
-    /// control that had it kept it, and when saving the grid's row took the node away.
+    /// Reports a press of the mouse on a node of the tree: shows the node's view, also if it is
+    /// shown already, and gives the tree the focus. Returns false if another control kept the
+    /// focus, or if the node is gone because the grid's row was saved.
     bool PressNode(std::int32_t node);
-    /// Runs the node-click steps for the tree's selected node: its view is shown.
+    /// Shows the view of the tree's selected node.
     void ShowSelected();
-    /// What other programs write to the same book, shown and agreed on.
+    /// Follows what other programs write to the same book.
     OtherPrograms& Others() { return *others_; }
-    /// Runs the grid's check and, when it agrees, unloads.
+    /// Saves the grid's row in edit and unloads. Returns false if the row cannot be saved.
     bool Close();
 
     clsView& View() { return *globals_.view; }
     clsDatabase& Data() { return *globals_.database; }
     modImport& Import() { return *import_; }
     modExport& Export() { return *export_; }
-    /// What the window says of balances that did not fit their rows until a person has taken note
-    /// of them. Empty when there are none, and under automation.
+    /// The notice about balances that did not fit their rows, until a person has confirmed it.
+    /// Empty if there are none, and under automation.
     std::string BalanceNotice();
-    /// Shows that in the notices.
+    /// Updates the notices with it.
     void ShowBalanceNotice() { notices.Set("balances", BalanceNotice()); }
     /// Path of the settings file.
     [[nodiscard]] std::string SettingsFile() const { return ports_.folder + "/cvlb.ini"; }
-    /// Scheme, host and port of the quote service: the one given with the ports, else the settings
-    /// file's "QuoteService", else the local one of "clb quote-server".
+    /// Scheme, host and port of the quote service: the one of the ports, else the key QuoteService
+    /// in the settings file, else the local one of "clb quote-server".
     [[nodiscard]] std::string QuoteService() const;
     /// The ports that the window was made with. Those that wait for a person or a server give up
     /// the write lock first.
@@ -101,7 +103,7 @@ private:
     UnlockedPorts unlocked_;
 
 public:
-    // The controls, under their own names.
+    // The controls.
     Form window;
     MenuBar menus;
     Toolbar toolbar;
@@ -114,9 +116,9 @@ public:
     TextBox txtTotal;
     TextBox txtTotal2;
     StatusBar statusBar;
-    /// What a long command has done so far.
+    /// The progress of a long command.
     WorkProgress progress;
-    /// What the status bar's second panel shows while no long command runs.
+    /// The texts of the status bar's second panel while no long command runs.
     Notices notices;
 
 private:
@@ -128,14 +130,14 @@ private:
     void ReloadWindow();
     void ReleaseLock();
 
-    Ports ports_;  // those of unlocked_
+    Ports ports_;  // with those of unlocked_
     WindowLayout layout_;
     CommandBars bars_;
     RowEvents rows_;
     ImportHost importHost_;
     ExportHost exportHost_;
     bool loaded_ = false;
-    bool stale_ = false;  // the window shows what an error in writing took back
+    bool stale_ = false;  // the window shows data that an error in writing has taken back
     modGlobals globals_;
     std::unique_ptr<OtherPrograms> others_;
     std::unique_ptr<modImport> import_;

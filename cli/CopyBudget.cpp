@@ -47,7 +47,7 @@ void CopyBudget(const CopyBudgetOptions& options)
                            "There is no budget to copy in " + MonthText(source) + ".");
     program.ChooseMonth(target);
     program.PressNode(node_tag::OfView(vwBudget));
-    program.Press(command_name::Copy);
+    program.Press(command_name::kCopy);
     const std::string report = Report(options, source, target, lines);
     program.Finish();
     std::cout << report << '\n';

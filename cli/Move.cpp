@@ -31,7 +31,7 @@ void MoveTransaction(const MoveOptions& options)
     Program program(OpenFolder(options.home), forms);
     const bool back = options.by == "-1";
     const Piece piece = ShowPiece(program, options);
-    program.Press(back ? command_name::MovePrevious : command_name::MoveNext);
+    program.Press(back ? command_name::kMovePrevious : command_name::kMoveNext);
     const std::string report =
         Report(options, piece, back ? piece.month.Previous() : piece.month.Next());
     program.Finish();

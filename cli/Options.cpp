@@ -151,7 +151,7 @@ void ShowOptions(const OptionsToSet& options)
     OptionsDialog dialog;
     Program program(OpenFolder(options.home), dialog);
     Prepare(dialog, program.Window().Data(), options);
-    program.Press(command_name::Options);
+    program.Press(command_name::kOptions);
     std::ostringstream report;
     report.exceptions(std::ostream::badbit);  // too little memory must not cut it short
     if (options.json)

@@ -77,7 +77,7 @@ void SplitTransaction(const SplitOptions& options)
     AmountChoice choice(options.amount);
     Program program(OpenFolder(options.home), choice);
     const Piece piece = ShowPiece(program, options);
-    program.Press(command_name::Split);
+    program.Press(command_name::kSplit);
     if (!choice.Accepted())
         throw RuntimeError(errors::TypeMismatch,
                            "This is not an amount: " + options.amount.value_or(""));

@@ -1,6 +1,7 @@
 #include "export/ExportLosses.h"
 
 #include <algorithm>
+#include <array>
 
 #include "base/Text.h"
 #include "data/NoCategory.h"
@@ -12,17 +13,20 @@ namespace {
 
 constexpr std::size_t kNotesLength = 50;
 
-/// Whether a text surely comes back as it is, told without a copy.
+/// A quick check: true if the text certainly comes back unchanged.
 bool IsPlain(std::string_view text)
 {
-    bool plain = text.empty() || (text.front() != ' ' && text.back() != ' ');
-    for (const char c : text)  // without an early end, which keeps the loop quick
-        plain = plain & (c >= ' ') & (c <= '~') & (c != '<');
-    return plain;
+    if (text.starts_with(' ') || text.ends_with(' '))
+        return false;
+    unsigned special = 0;
+    for (const char c : text)  // no early exit: the loop is faster without a branch
+        special |= static_cast<unsigned>(c < ' ') | static_cast<unsigned>(c > '~') |
+                   static_cast<unsigned>(c == '<');
+    return special == 0;
 }
 
-/// A text as a reader of the file finds it: up to "<" or a carriage return, without outer blanks,
-/// in the file's characters.
+/// The text that a reader of the file gets: in the encoding of the file, up to "<" or a carriage
+/// return, without spaces at the ends.
 std::string Returned(std::string_view text)
 {
     if (IsPlain(text))
@@ -38,21 +42,21 @@ std::string Counted(std::int32_t count)
 
 }  // namespace
 
-NotReturned::NotReturned(std::string accountID) : accountID_(std::move(accountID))
+ExportLosses::ExportLosses(std::string accountID) : accountID_(std::move(accountID))
 {
     TakeCharacters(accountID_);
 }
 
-void NotReturned::Add(const ExportedRow& row)
+void ExportLosses::Add(const ExportedRow& row)
 {
     ++count_;
     if (!row.postDate)
-        Tell(row, "it has no date, and the reading ends there");
+        Report(row, "it has no date, and the reading ends there");
     if (!row.hasAmount)
-        Tell(row, "it has no amount, and the reading ends there");
+        Report(row, "it has no amount, and the reading ends there");
     CheckIdentifier(row);
     if (row.postDate && row.postDate->Seconds() != 0)
-        Tell(row, "its date comes back without the time of day");
+        Report(row, "its date comes back without the time of day");
     const bool plain = IsPlain(row.identifier) && IsPlain(row.checkID) &&
                        IsPlain(row.description) && IsPlain(row.notes);
     if (!plain || row.description.empty() || row.notes.size() > kNotesLength)
@@ -67,8 +71,8 @@ void NotReturned::Add(const ExportedRow& row)
         ++moved_;
 }
 
-/// A reader asks its account for the identifier, whose apostrophes it does not double.
-void NotReturned::CheckIdentifier(const ExportedRow& row)
+/// The import searches the account for the identifier and does not double its apostrophes.
+void ExportLosses::CheckIdentifier(const ExportedRow& row)
 {
     std::string changed;
     std::string_view identifier = row.identifier;
@@ -78,22 +82,22 @@ void NotReturned::CheckIdentifier(const ExportedRow& row)
         Check(row, "identifier", row.identifier, changed);
     }
     if (!identifiers_.Insert(identifier))
-        Tell(row, "left out, its identifier is an earlier one's");
+        Report(row, "left out, its identifier is an earlier one's");
     if (identifier.find('\'') == std::string_view::npos)
         return;
     try {
         Criterion::Parse("FITID = '" + std::string(identifier) + "'");
-        Tell(row, "an apostrophe in its identifier adds it again with each import");
+        Report(row, "an apostrophe in its identifier adds it again with each import");
     } catch (const EngineError&) {
-        Tell(row, count_ == 1
-                      ? "an apostrophe in its identifier ends the reading there, unless the "
-                        "account is empty"
-                      : "an apostrophe in its identifier ends the reading there");
+        Report(row, count_ == 1
+                        ? "an apostrophe in its identifier ends the reading there, unless the "
+                          "account is empty"
+                        : "an apostrophe in its identifier ends the reading there");
     }
 }
 
-/// A reader takes a file whose characters all could be UTF-8 for UTF-8.
-void NotReturned::CheckCharacters(const ExportedRow& row)
+/// The import reads a file as UTF-8 if all its characters could be UTF-8.
+void ExportLosses::CheckCharacters(const ExportedRow& row)
 {
     bool beyondAscii = false;
     for (const std::string_view text : {row.identifier, row.checkID, row.description, row.notes})
@@ -102,7 +106,7 @@ void NotReturned::CheckCharacters(const ExportedRow& row)
         misread_.push_back(count_);
 }
 
-bool NotReturned::TakeCharacters(std::string_view text)
+bool ExportLosses::TakeCharacters(std::string_view text)
 {
     if (IsPlain(text))
         return false;
@@ -114,20 +118,20 @@ bool NotReturned::TakeCharacters(std::string_view text)
     return true;
 }
 
-/// Tags of the file that stand behind a text; the first one of a name counts.
-void NotReturned::CheckTags(const ExportedRow& row)
+/// If a text contains a tag that follows it in the file, the import uses the one in the text.
+void ExportLosses::CheckTags(const ExportedRow& row)
 {
-    const auto holdsTag = [](std::string_view text) {
-        for (const char* tag : {"<CHECKNUM>", "<NAME>", "<MEMO>", "</STMTTRN>"})
-            if (text.find(tag) != std::string_view::npos)
-                return true;
-        return false;
+    constexpr std::array<std::string_view, 4> kTags{"<CHECKNUM>", "<NAME>", "<MEMO>", "</STMTTRN>"};
+    const auto holdsTag = [&kTags](std::string_view text) {
+        return std::ranges::any_of(kTags, [text](std::string_view tag) {
+            return text.find(tag) != std::string_view::npos;
+        });
     };
     if (holdsTag(row.identifier) || holdsTag(row.checkID) || holdsTag(row.description))
-        Tell(row, "a tag within its texts is read as the file's own");
+        Report(row, "a tag within its texts is read as the file's own");
 }
 
-void NotReturned::CheckTexts(const ExportedRow& row)
+void ExportLosses::CheckTexts(const ExportedRow& row)
 {
     const std::string description = Returned(row.description);
     Check(row, "description", row.description, description.empty() ? "(blank)" : description);
@@ -135,21 +139,21 @@ void NotReturned::CheckTexts(const ExportedRow& row)
     Check(row, "check number", row.checkID, Returned(row.checkID));
 }
 
-void NotReturned::Check(const ExportedRow& row, const char* name, std::string_view text,
-                        const std::string& returned)
+void ExportLosses::Check(const ExportedRow& row, const char* name, std::string_view text,
+                         const std::string& returned)
 {
     if (returned != text)
-        Tell(row, "\"" + returned + "\" comes back for its " + name);
+        Report(row, "\"" + returned + "\" comes back for its " + name);
 }
 
-void NotReturned::Tell(const ExportedRow& row, const std::string& what)
+void ExportLosses::Report(const ExportedRow& row, const std::string& what)
 {
     rows_.insert(count_);
-    lines_.push_back("Transaction " + Named(row) + ": " + what);
+    lines_.push_back("Transaction " + NameOf(row) + ": " + what);
 }
 
-/// Its place in the file, and what a user knows it by.
-std::string NotReturned::Named(const ExportedRow& row) const
+/// Its number in the file, and its date and description.
+std::string ExportLosses::NameOf(const ExportedRow& row) const
 {
     std::string name = std::to_string(count_) + " (";
     if (row.postDate)
@@ -157,7 +161,7 @@ std::string NotReturned::Named(const ExportedRow& row) const
     return name.append(row.description) + ")";
 }
 
-std::set<std::int32_t> NotReturned::Rows() const
+std::set<std::int32_t> ExportLosses::Rows() const
 {
     std::set<std::int32_t> rows = rows_;
     if (Misread())
@@ -165,7 +169,7 @@ std::set<std::int32_t> NotReturned::Rows() const
     return rows;
 }
 
-std::vector<std::string> NotReturned::Lines() const
+std::vector<std::string> ExportLosses::Lines() const
 {
     std::vector<std::string> lines = lines_;
     if (Misread())

@@ -1,3 +1,4 @@
+// What a statement file loses of the transactions that are exported to it.
 #pragma once
 #include <cstdint>
 #include <optional>
@@ -11,9 +12,9 @@
 
 namespace clb {
 
-/// One exported transaction, as far as a file can lose of it. The texts are borrowed.
+/// The parts of an exported transaction that a file can lose. The texts are borrowed.
 struct ExportedRow {
-    std::string_view identifier;  ///< as written: its own, or the numbered one
+    std::string_view identifier;  ///< as written: its own, or the one made for the file
     std::optional<Date> postDate;
     bool hasAmount = true;
     std::string_view description;
@@ -23,21 +24,21 @@ struct ExportedRow {
     Month month;
 };
 
-/// Tells what of exported transactions does not come back when the file is imported into books
-/// without them: a statement file has no place for it, or its texts end early.
-class NotReturned {
+/// Finds out which parts of exported transactions would not come back if the file were imported
+/// into books without them. A statement file has no field for some parts and cuts some texts.
+class ExportLosses {
 public:
-    explicit NotReturned(std::string accountID);
+    explicit ExportLosses(std::string accountID);
 
-    /// The next transaction in the file's order.
+    /// Takes the next transaction in the order of the file.
     void Add(const ExportedRow& row);
-    /// One line for each fault, in the file's order, then counts of what no file holds.
+    /// One line for each loss, in the order of the file, then the counts of parts that no file has.
     [[nodiscard]] std::vector<std::string> Lines() const;
-    /// 1-based places in the file of the transactions that do not come back as they are.
+    /// 1-based numbers of the transactions that would come back changed, in the order of the file.
     [[nodiscard]] std::set<std::int32_t> Rows() const;
 
 private:
-    /// What the file's characters so far are for a reader that does not know.
+    /// The encoding that a reader would guess from the characters so far.
     enum class Characters { Ascii, LookLikeUtf8, Windows1252 };
 
     void CheckIdentifier(const ExportedRow& row);
@@ -46,10 +47,10 @@ private:
     void CheckTags(const ExportedRow& row);
     void Check(const ExportedRow& row, const char* name, std::string_view text,
                const std::string& returned);
-    void Tell(const ExportedRow& row, const std::string& what);
-    [[nodiscard]] std::string Named(const ExportedRow& row) const;
+    void Report(const ExportedRow& row, const std::string& what);
+    [[nodiscard]] std::string NameOf(const ExportedRow& row) const;
     [[nodiscard]] bool Misread() const { return characters_ == Characters::LookLikeUtf8; }
-    /// Whether the text has characters beyond ASCII.
+    /// Returns whether the text has characters beyond ASCII.
     bool TakeCharacters(std::string_view text);
 
     std::string accountID_;
@@ -58,7 +59,8 @@ private:
     std::set<std::int32_t> rows_;
     TextSet identifiers_;
     Characters characters_ = Characters::Ascii;
-    std::vector<std::int32_t> misread_;  // rows that are, while all characters look like UTF-8
+    std::vector<std::int32_t>
+        misread_;  // rows that would be misread if all characters look like UTF-8
     std::int32_t categories_ = 0;
     std::int32_t moved_ = 0;
 };

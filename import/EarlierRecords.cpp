@@ -7,19 +7,19 @@
 
 namespace clb {
 
-bool HeldRecords::Hold(const HeldRecord& sought)
+bool EarlierRecords::Contains(const EarlierRecord& sought)
 {
     const Records& records = MonthOf(sought.postDate);
     const auto found = std::lower_bound(records.begin(), records.end(), sought);
     if (found == records.end())
         return false;
-    // An empty check number stands before every other.
+    // Records without a check number are sorted before the others.
     return std::tie(found->postDate, found->amount, found->memo) ==
                std::tie(sought.postDate, sought.amount, sought.memo) &&
            (sought.checkID.empty() || found->checkID == sought.checkID);
 }
 
-const HeldRecords::Records& HeldRecords::MonthOf(const Date& day)
+const EarlierRecords::Records& EarlierRecords::MonthOf(const Date& day)
 {
     const Month month{day.Year(), day.Month()};
     const auto known = months_.find(month);
@@ -27,7 +27,7 @@ const HeldRecords::Records& HeldRecords::MonthOf(const Date& day)
                                   : months_.emplace(month, Read(month)).first->second;
 }
 
-HeldRecords::Records HeldRecords::Read(Month month)
+EarlierRecords::Records EarlierRecords::Read(Month month)
 {
     const auto firstDay = [](Month of) { return Date::Of(of.year, of.period, 1); };
     std::string days = " AND PostDate >= #" + firstDay(month).value_or(Date()).ToIso() + "#";

@@ -1,3 +1,4 @@
+// The transactions that an account had before an import.
 #pragma once
 #include <cstdint>
 #include <map>
@@ -11,39 +12,39 @@ namespace clb {
 
 class clsDatabase;
 
-/// What tells one transaction of an account from another where the bank has not named it.
-struct HeldRecord {
+/// The fields that identify a transaction of an account if the bank gave it no identifier.
+struct EarlierRecord {
     Date postDate;
     Money amount;
     std::string memo;
     std::string checkID;
 
-    friend auto operator<=>(const HeldRecord&, const HeldRecord&) = default;
+    friend auto operator<=>(const EarlierRecord&, const EarlierRecord&) = default;
 };
 
-/// The transactions that an account held before a run of the import, read month by month as records
-/// of those months come.
-class HeldRecords {
+/// The transactions that an account had before an import. A month's transactions are read when the
+/// first record of the month is looked up.
+class EarlierRecords {
 public:
-    /// The database is borrowed. Rows with the run's own identifier do not count.
-    HeldRecords(clsDatabase& database, std::string accountID, std::string identifier)
+    /// Borrows the database. Rows with the identifier belong to the import and do not count.
+    EarlierRecords(clsDatabase& database, std::string accountID, std::string identifier)
         : database_(database), accountID_(std::move(accountID)), identifier_(std::move(identifier))
     {
     }
 
-    /// Whether the account held a row of this day, amount and memo, and of this check number unless
-    /// it is empty. Throws EngineError.
-    bool Hold(const HeldRecord& sought);
+    /// Returns whether the account had a row with this date, amount and memo, and with this check
+    /// number unless it is empty. Throws EngineError.
+    bool Contains(const EarlierRecord& sought);
 
 private:
-    using Records = std::vector<HeldRecord>;
+    using Records = std::vector<EarlierRecord>;
     const Records& MonthOf(const Date& day);
     Records Read(Month month);
 
     clsDatabase& database_;
     std::string accountID_;
     std::string identifier_;
-    std::map<Month, Records> months_;  // each sorted
+    std::map<Month, Records> months_;  // the records of each are sorted
 };
 
 }  // namespace clb

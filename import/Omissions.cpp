@@ -14,9 +14,9 @@ namespace scan = statement_scan;
 constexpr std::string_view kAccount = "<ACCTID>";
 constexpr std::string_view kOpen = "<STMTTRN>";
 constexpr std::string_view kClose = "</STMTTRN>";
-constexpr std::size_t kSearchStart = 5;  // in characters, as the reader begins
+constexpr std::size_t kSearchStart = 5;  // in characters, where the import begins
 
-/// Lines with something in them, whatever they end in.
+/// Counts the lines that are not empty. Any line end counts.
 std::size_t FilledLines(std::string_view text)
 {
     std::size_t count = 0;
@@ -30,14 +30,15 @@ std::size_t FilledLines(std::string_view text)
     return count;
 }
 
-/// What the repair keeps: all up to the first carriage return, where that holds a line feed.
+/// The part that the repair keeps: up to the first carriage return, if there is a line feed in it.
 std::string_view KeptByRepair(std::string_view text)
 {
     const std::string_view firstLine = text.substr(0, text.find('\r'));
     return firstLine.find('\n') == std::string_view::npos ? text : firstLine;
 }
 
-/// A value before the repair: it ends at a bare line feed too, which gets its carriage return.
+/// A value in a text that is not repaired yet. It also ends at a bare line feed, because the repair
+/// adds a carriage return there.
 std::string_view Value(std::string_view text, std::string_view tag, std::size_t from)
 {
     std::string_view value = scan::Value(text, tag, from);
@@ -47,34 +48,34 @@ std::string_view Value(std::string_view text, std::string_view tag, std::size_t 
 std::size_t Openings(std::string_view text)
 {
     std::size_t count = 0;
-    for (std::size_t at = scan::Find(text, kOpen, 0); at != scan::None;
+    for (std::size_t at = scan::Find(text, kOpen, 0); at != scan::kNone;
          at = scan::Find(text, kOpen, at + kOpen.size()))
         ++count;
     return count;
 }
 
-/// Walks over the transactions as the reader does, and on behind the place where it stops.
+/// Goes through the transactions as the import does, and continues where the import stops.
 class Walk {
 public:
     explicit Walk(std::string_view text) : text_(text) {}
 
-    void Count(LeftOut& result)
+    void Count(Omissions& result)
     {
         at_ = scan::Find(text_, kAccount, ByteOffset(text_, kSearchStart));
         result.beforeAccount = Openings(text_.substr(0, at_));
-        if (at_ == scan::None)
+        if (at_ == scan::kNone)
             return;
         result.notClosed = Openings(text_.substr(at_));
         const std::string_view first = Value(text_, kAccount, at_);
         std::string_view account = first;
         std::set<std::string_view> others;
         bool stopped = false;
-        for (std::size_t open = Next(); open != scan::None; open = Next()) {
+        for (std::size_t open = Next(); open != scan::kNone; open = Next()) {
             account = LastAccount(account, open);
             const std::string_view block = Take(open);
             --result.notClosed;
             if (stopped && !block.empty())
-                ++result.behindEmptyTransaction;
+                ++result.afterEmptyTransaction;
             stopped = stopped || block.empty();
             if (stopped)
                 continue;
@@ -87,15 +88,15 @@ public:
     }
 
 private:
-    /// Where the next whole transaction opens.
-    std::size_t Next() const
+    /// Offset of the next complete transaction.
+    [[nodiscard]] std::size_t Next() const
     {
         const std::size_t open = scan::Find(text_, kOpen, at_);
-        return open == scan::None || scan::Find(text_, kClose, open) == scan::None ? scan::None
-                                                                                   : open;
+        return open == scan::kNone || scan::Find(text_, kClose, open) == scan::kNone ? scan::kNone
+                                                                                     : open;
     }
-    /// The account named last between the place reached and the transaction.
-    std::string_view LastAccount(std::string_view account, std::size_t open) const
+    /// The last account between the current place and the transaction.
+    [[nodiscard]] std::string_view LastAccount(std::string_view account, std::size_t open) const
     {
         const std::size_t tag = text_.substr(at_, open - at_).rfind(kAccount);
         return tag == std::string_view::npos ? account : Value(text_, kAccount, at_ + tag);
@@ -114,17 +115,17 @@ private:
 
 }  // namespace
 
-LeftOut CountLeftOut(std::string_view text, bool markup)
+Omissions CountOmissions(std::string_view text, bool markup)
 {
-    LeftOut result;
+    Omissions result;
     const std::string_view kept = KeptByRepair(text);
-    result.linesBehindRepair = FilledLines(text.substr(kept.size()));
+    result.linesAfterRepair = FilledLines(text.substr(kept.size()));
     if (markup)
         Walk(kept).Count(result);
     return result;
 }
 
-std::size_t LinesRepairedAway(std::string_view text, std::string_view original)
+std::size_t LinesDroppedByRepair(std::string_view text, std::string_view original)
 {
     const std::string_view kept = KeptByRepair(original);
     const bool made = Replace(text, "\r\n", "\n") == std::string(kept) + "\n";

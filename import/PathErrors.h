@@ -1,3 +1,4 @@
+// The errors of reading and repairing a statement file.
 #pragma once
 #include <string>
 
@@ -20,7 +21,7 @@ inline RuntimeError PathAccessError(const std::string& path)
     return {errors::PathAccess, "Path/File access error: " + path};
 }
 
-/// Throws unless the path names a regular file: what is no file has no end to read to.
+/// Throws if the path is not a regular file. Reading a pipe or a device might never end.
 void RequireRegularFile(const std::string& path);
 
 }  // namespace clb

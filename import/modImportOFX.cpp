@@ -17,11 +17,11 @@ namespace {
 
 namespace scan = statement_scan;
 
-/// The account is searched behind the first five characters, the length of "<OFC>".
+/// The search for the account begins after the first five characters, the length of "<OFC>".
 constexpr std::size_t kSearchStart = 5;
 constexpr std::size_t kMemoLength = 50;
 
-/// What a statement says of one transaction.
+/// One transaction of a statement.
 struct StatementTransaction {
     std::string fitid;
     std::string checkID;
@@ -32,14 +32,13 @@ struct StatementTransaction {
     std::string memo;
 };
 
-/// Characters of a text by 0-based position; fewer, or none, when the text is shorter.
+/// Characters of a text from a 0-based position; fewer, or none, if the text is shorter.
 std::string Characters(std::string_view text, std::size_t first, std::size_t count)
 {
     return Left(text.substr(ByteOffset(text, first)), count);
 }
 
-/// One run over one statement file. What it holds when an error leaves it tells the user where the
-/// reading stood.
+/// Reads one statement file. After an error, its members say which part of the file was being read.
 class OfxReader {
 public:
     OfxReader(clsDatabase& database, IImportHost& host, ImportCounts& counts)
@@ -47,16 +46,16 @@ public:
     {
     }
 
-    /// Reads the file up to its account. False when it names none.
+    /// Reads the file up to its account number. Returns false if it has none.
     bool FindAccount(const std::string& path);
-    const std::string& AccountID() const { return accountID_; }
-    /// False when the user cancels.
+    [[nodiscard]] const std::string& AccountID() const { return accountID_; }
+    /// Returns false if the user cancels.
     bool CheckAccount() { return host_.CheckImportAccount(accountID_); }
     void ReadRows();
 
-    const std::string& Text() const { return text_; }
-    /// The piece that was being converted; empty when it was none.
-    const std::string& WorkingText() const { return working_; }
+    [[nodiscard]] const std::string& Text() const { return text_; }
+    /// The text that was being converted when an error occurred; empty if none was.
+    [[nodiscard]] const std::string& WorkingText() const { return working_; }
 
 private:
     void ReadTransactions();
@@ -74,7 +73,7 @@ private:
     ImportCounts& counts_;
     std::string text_;
     std::string working_;
-    std::size_t account_ = scan::None;  ///< where the file names it
+    std::size_t account_ = scan::kNone;  // offset of its number in the file
     std::string accountID_;
     Recordset rows_;
     Month last_;
@@ -84,7 +83,7 @@ bool OfxReader::FindAccount(const std::string& path)
 {
     text_ = ReadStatement(path);
     account_ = scan::Find(text_, "<ACCTID>", ByteOffset(text_, kSearchStart));
-    if (account_ == scan::None)
+    if (account_ == scan::kNone)
         return false;
     accountID_ = scan::Value(text_, "<ACCTID>", account_);
     return true;
@@ -101,8 +100,8 @@ void OfxReader::ReadRows()
     rows_.Close();
 }
 
-/// Every transaction behind the first account's number goes into that account, whichever statement
-/// of the file it stands in.
+/// Every transaction after the first account number goes into that account, in whichever statement
+/// of the file it is.
 void OfxReader::ReadTransactions()
 {
     std::size_t from = account_;
@@ -118,7 +117,7 @@ void OfxReader::ReadTransactions()
     }
 }
 
-/// On purpose the identifier is not doubled: a quote in it makes the criterion an error.
+/// On purpose, quotes in the identifier are not doubled: a quote makes the criterion an error.
 bool OfxReader::IsKnown(std::string_view fitid)
 {
     return clsDatabase::CanFind(rows_, "FITID = '" + std::string(fitid) + "'");
@@ -139,7 +138,7 @@ StatementTransaction OfxReader::Convert(std::string_view block)
     return transaction;
 }
 
-/// yyyymmdd and what may follow; time of day and zone are ignored.
+/// The stamp begins with yyyymmdd. Time of day and zone are ignored.
 void OfxReader::ConvertDate(std::string_view stamp, StatementTransaction& transaction)
 {
     transaction.month.year = ConvertLong(Characters(stamp, 0, 4));
@@ -193,7 +192,8 @@ void OfxReader::SetFields(const StatementTransaction& transaction)
     rows_.Set("Sequence", database_.GetNextSequence());
 }
 
-/// Asked for at each change of month only: a statement's rows are mostly in order of date.
+/// Creates a month's budget line at each change of month only, because the rows of a statement are
+/// mostly in order of date.
 void OfxReader::ProvideBudgetLine(Month month)
 {
     if (month == last_)
@@ -202,13 +202,13 @@ void OfxReader::ProvideBudgetLine(Month month)
     database_.CreateBudgetEntry(kNoCategory, month.year, month.period, kNoCategory, Money());
 }
 
-/// The piece that was being converted. If the book takes no more rows, the reason: it is not in the
-/// file.
+/// The text to show for an error: the text that was being converted or, if the book cannot take
+/// more rows, the error's own message.
 std::string WorkingText(const OfxReader& reader, const RuntimeError& error)
 {
     const auto* const engine = dynamic_cast<const EngineError*>(&error);
-    const bool refused = dynamic_cast<const NumbersUsedUp*>(&error) ||
-                         (engine && engine->Number() == engine_errors::Constraint);
+    const bool refused = dynamic_cast<const NumbersUsedUp*>(&error) != nullptr ||
+                         (engine != nullptr && engine->Number() == engine_errors::Constraint);
     return refused ? error.what() : reader.WorkingText();
 }
 
@@ -219,7 +219,7 @@ void modImport::ImportOFX(const std::string& path)
     counts_ = {};
     ForgetBalances();
     OfxReader reader(database_, host_, counts_);
-    const auto told = [&](const auto& read) {
+    const auto succeeds = [&](const auto& read) {
         try {
             return read();
         } catch (const RuntimeError& error) {
@@ -230,15 +230,15 @@ void modImport::ImportOFX(const std::string& path)
             return false;
         }
     };
-    // What is not told so is not about the statement's data: it ends the command.
-    if (!told([&] { return reader.FindAccount(path); }))
+    // Any other error is not about the data of the statement and ends the command.
+    if (!succeeds([&] { return reader.FindAccount(path); }))
         return;
     KeepFileBeforeMapping(reader.AccountID());
-    if (!told([&] { return reader.CheckAccount(); }))
+    if (!succeeds([&] { return reader.CheckAccount(); }))
         return;
     database_.Lock();
     NoteFormerBalances();
-    told([&] {
+    succeeds([&] {
         reader.ReadRows();
         return true;
     });

@@ -19,7 +19,7 @@ constexpr ViewColumn kColumns[] = {
     {.column = AccountType::Type, .hidden = true},
 };
 
-constexpr EmptyText::Way kWays[] = {{"New account", command_name::New}};
+constexpr EmptyText::Way kWays[] = {{"New account", command_name::kNew}};
 
 constexpr EmptyText kEmpty{"No accounts of this type", "Enter one in the line above.", kWays};
 

@@ -81,8 +81,8 @@ constexpr ViewColumn kColumns[] = {
 constexpr GroupDefinition kByGroup{Budget::CategoryGroup,
                                    "GroupingValue & ' (' & TotalChildCount & ' items)'"};
 
-constexpr EmptyText::Way kWays[] = {{"Copy the previous month's budget", command_name::Copy},
-                                    {"New category", command_name::New}};
+constexpr EmptyText::Way kWays[] = {{"Copy the previous month's budget", command_name::kCopy},
+                                    {"New category", command_name::kNew}};
 
 constexpr EmptyText kEmpty{"No budget for {month}",
                            "Enter a category and its amount in the line above, or start from the "

@@ -20,7 +20,7 @@ constexpr ViewColumn kColumns[] = {
     {.column = Holdings::Sequence, .hidden = true},
 };
 
-constexpr EmptyText::Way kWays[] = {{"New holding", command_name::New}};
+constexpr EmptyText::Way kWays[] = {{"New holding", command_name::kNew}};
 
 constexpr EmptyText kEmpty{"No holdings yet", "Enter one in the line above.", kWays};
 

@@ -25,7 +25,7 @@ constexpr ViewColumn kColumns[] = {
     {.column = Loans::Balance, .caption = "Balance", .fillsRest = true, .calculated = true},
 };
 
-constexpr EmptyText::Way kWays[] = {{"New loan", command_name::New}};
+constexpr EmptyText::Way kWays[] = {{"New loan", command_name::kNew}};
 
 constexpr EmptyText kEmpty{"No loans yet", "Enter one in the line above.", kWays};
 

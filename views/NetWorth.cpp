@@ -30,8 +30,8 @@ constexpr ViewColumn kColumns[] = {
     {.column = NetWorth::Sequence, .hidden = true},
 };
 
-constexpr EmptyText::Way kWays[] = {{"New account", command_name::New},
-                                    {"Import a statement", command_name::Import}};
+constexpr EmptyText::Way kWays[] = {{"New account", command_name::kNew},
+                                    {"Import a statement", command_name::kImport}};
 
 constexpr EmptyText kEmpty{"No accounts yet",
                            "Enter your first account in the line above, or import a statement of "

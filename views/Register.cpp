@@ -40,8 +40,8 @@ constexpr ViewColumn kColumns[] = {
     {.column = Register::SubSequence, .hidden = true},
 };
 
-constexpr EmptyText::Way kWays[] = {{"New transaction", command_name::New},
-                                    {"Import a statement", command_name::Import}};
+constexpr EmptyText::Way kWays[] = {{"New transaction", command_name::kNew},
+                                    {"Import a statement", command_name::kImport}};
 
 constexpr EmptyText kEmpty{"No transactions in {month}",
                            "Enter one in the line above, import a statement, or go to another "

@@ -120,8 +120,8 @@ private:
     {
         if (!controller_.Loaded())
             return true;
-        controller_.Others().RowNumbersTold();
-        controller_.Others().NodeNumbersTold();
+        controller_.Others().RowNumbersReported();
+        controller_.Others().NodeNumbersReported();
         return controller_.Others().Follow();
     }
     /// What another program writes shows by itself while the user only looks.

@@ -48,7 +48,7 @@ void IncomingFiles::Next()
             waiting_.clear();
         } else if (IsStatement(path)) {
             answer_(path);
-            events_.Run([this] { controller_.menus.Find(command_name::Import)->Press(); });
+            events_.Run([this] { controller_.menus.Find(command_name::kImport)->Press(); });
         }
         importing_ = false;
     }

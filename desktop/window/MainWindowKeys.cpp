@@ -35,7 +35,7 @@ void MainWindow::BindKeys()
     grid_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(grid_, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
         menuBar()
-            ->findChild<QMenu*>(QLatin1String(menu_name::Edit))
+            ->findChild<QMenu*>(QLatin1String(menu_name::kEdit))
             ->popup(grid_->mapToGlobal(place));
     });
 }
@@ -72,7 +72,7 @@ bool MainWindow::GridAgrees()
 void MainWindow::Choose(MenuItem& item)
 {
     const WindowCommand* const command = FindCommand(item.Name());
-    if (item.Name() == command_name::Exit)
+    if (item.Name() == command_name::kExit)
         controller_.Close();  // asks the grid itself
     else if ((command && !command->savesRow) || GridAgrees())
         item.Press();

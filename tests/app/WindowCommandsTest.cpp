@@ -70,8 +70,8 @@ TEST(WindowCommandsTest, EachLineIsACommandOrASeparator)
 
 TEST(WindowCommandsTest, TheButtonsNewAndDeleteAreTheCommandsOfTheMenu)
 {
-    EXPECT_EQ(FindButton("New")->run, FindCommand(command_name::New)->run);
-    EXPECT_EQ(FindButton("Delete")->run, FindCommand(command_name::Delete)->run);
+    EXPECT_EQ(FindButton("New")->run, FindCommand(command_name::kNew)->run);
+    EXPECT_EQ(FindButton("Delete")->run, FindCommand(command_name::kDelete)->run);
 }
 
 TEST(WindowCommandsTest, TheWindowHasALineForEachRow)
