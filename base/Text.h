@@ -34,6 +34,7 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 /// sense compare equal. Negative, 0 or positive.
 int CompareAlphabetical(std::string_view a, std::string_view b);
 
+bool IsAscii(std::string_view text);
 bool IsValidUtf8(std::string_view bytes);
 /// A statement file's bytes as text: UTF-8 when all of it is valid UTF-8 (a byte-order mark is
 /// skipped), else Windows-1252.

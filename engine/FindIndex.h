@@ -15,6 +15,8 @@ std::uint64_t HashOf(const Value& value);
 /// another value of the same hash, so candidates are to be compared.
 class FindIndex {
 public:
+    /// Makes room for so many values at once.
+    void Reserve(std::size_t count);
     void Add(std::uint64_t hash, std::size_t slot);
     void Remove(std::uint64_t hash, std::size_t slot);
     /// The first slot from here on that is accepted; npos when there is none.
@@ -35,7 +37,7 @@ private:
     static constexpr std::uint32_t kSingle = UINT32_MAX - 1;  ///< no list
 
     [[nodiscard]] std::size_t Locate(std::uint64_t hash) const;
-    void Grow();
+    void Grow(std::size_t size);
 
     std::vector<Entry> table_;  // a power of two long, at most half full
     std::size_t used_ = 0;

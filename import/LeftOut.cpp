@@ -69,9 +69,9 @@ public:
         std::string_view account = first;
         std::set<std::string_view> others;
         bool stopped = false;
-        for (std::size_t open = Next(); open != scan::None; open = Next()) {
-            account = LastAccount(account, open);
-            const std::string_view block = Take(open);
+        while (FindNext()) {
+            account = LastAccount(account);
+            const std::string_view block = Take();
             --result.notClosed;
             if (stopped && !block.empty())
                 ++result.behindEmptyTransaction;
@@ -87,29 +87,32 @@ public:
     }
 
 private:
-    /// Where the next whole transaction opens.
-    std::size_t Next() const
+    /// Finds the next whole transaction.
+    bool FindNext()
     {
-        const std::size_t open = scan::Find(text_, kOpen, at_);
-        return open == scan::None || scan::Find(text_, kClose, open) == scan::None ? scan::None
-                                                                                   : open;
+        open_ = scan::Find(text_, kOpen, at_);
+        if (open_ == scan::None)
+            return false;
+        close_ = scan::Find(text_, kClose, open_ + kOpen.size());
+        return close_ != scan::None;
     }
     /// The account named last between the place reached and the transaction.
-    std::string_view LastAccount(std::string_view account, std::size_t open) const
+    std::string_view LastAccount(std::string_view account) const
     {
-        const std::size_t tag = text_.substr(at_, open - at_).rfind(kAccount);
+        const std::size_t tag = text_.substr(at_, open_ - at_).rfind(kAccount);
         return tag == std::string_view::npos ? account : Value(text_, kAccount, at_ + tag);
     }
-    std::string_view Take(std::size_t open)
+    std::string_view Take()
     {
-        const std::size_t start = open + kOpen.size();
-        const std::size_t close = scan::Find(text_, kClose, start);
-        at_ = close + kClose.size();
-        return text_.substr(start, close - start);
+        const std::size_t start = open_ + kOpen.size();
+        at_ = close_ + kClose.size();
+        return text_.substr(start, close_ - start);
     }
 
     std::string_view text_;
     std::size_t at_ = 0;
+    std::size_t open_ = 0;  ///< of the transaction that was found
+    std::size_t close_ = 0;
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -61,6 +62,10 @@ private:
     /// and the rows are made durable before it.
     void StoreBalances();
     bool ImportByFormat(const std::string& path);
+    /// DetectFileFormat of a file whose text is known.
+    static std::int32_t FormatOf(const std::string& path, const std::string& text);
+    /// ImportOFX of the text that readText gives; tells its errors too.
+    void ImportMarkup(const std::function<std::string()>& readText);
     std::string NewRun();
     void ForgetBalances();
     void KeepFileBeforeMapping(const std::string& accountID);
