@@ -36,6 +36,7 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 /// negative number, 0 or a positive number.
 int CompareAlphabetical(std::string_view a, std::string_view b);
 
+bool IsAscii(std::string_view text);
 bool IsValidUtf8(std::string_view bytes);
 /// Decodes the bytes of a statement file: as UTF-8 if all of it is valid UTF-8 (a byte-order mark
 /// is skipped), else as Windows-1252.

@@ -64,7 +64,7 @@ std::string Stamp(const Date& date)
 /// Appends a text of the database in the encoding of the file.
 void AppendText(std::string& to, std::string_view text)
 {
-    if (std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+    if (IsAscii(text))
         to += text;
     else
         to += ToWindows1252(text);

@@ -70,9 +70,9 @@ public:
         std::string_view account = first;
         std::set<std::string_view> others;
         bool stopped = false;
-        for (std::size_t open = Next(); open != scan::kNone; open = Next()) {
-            account = LastAccount(account, open);
-            const std::string_view block = Take(open);
+        while (FindNext()) {
+            account = LastAccount(account);
+            const std::string_view block = Take();
             --result.notClosed;
             if (stopped && !block.empty())
                 ++result.afterEmptyTransaction;
@@ -88,29 +88,32 @@ public:
     }
 
 private:
-    /// Offset of the next complete transaction.
-    [[nodiscard]] std::size_t Next() const
+    /// Finds the next complete transaction.
+    bool FindNext()
     {
-        const std::size_t open = scan::Find(text_, kOpen, at_);
-        return open == scan::kNone || scan::Find(text_, kClose, open) == scan::kNone ? scan::kNone
-                                                                                     : open;
+        open_ = scan::Find(text_, kOpen, at_);
+        if (open_ == scan::kNone)
+            return false;
+        close_ = scan::Find(text_, kClose, open_ + kOpen.size());
+        return close_ != scan::kNone;
     }
     /// The last account between the current place and the transaction.
-    [[nodiscard]] std::string_view LastAccount(std::string_view account, std::size_t open) const
+    [[nodiscard]] std::string_view LastAccount(std::string_view account) const
     {
-        const std::size_t tag = text_.substr(at_, open - at_).rfind(kAccount);
+        const std::size_t tag = text_.substr(at_, open_ - at_).rfind(kAccount);
         return tag == std::string_view::npos ? account : Value(text_, kAccount, at_ + tag);
     }
-    std::string_view Take(std::size_t open)
+    std::string_view Take()
     {
-        const std::size_t start = open + kOpen.size();
-        const std::size_t close = scan::Find(text_, kClose, start);
-        at_ = close + kClose.size();
-        return text_.substr(start, close - start);
+        const std::size_t start = open_ + kOpen.size();
+        at_ = close_ + kClose.size();
+        return text_.substr(start, close_ - start);
     }
 
     std::string_view text_;
     std::size_t at_ = 0;
+    std::size_t open_ = 0;  ///< of the transaction that was found
+    std::size_t close_ = 0;
 };
 
 }  // namespace

@@ -125,9 +125,13 @@ void modImport::NoteFormerBalances()
 
 bool modImport::ImportByFormat(const std::string& path)
 {
-    switch (DetectFileFormat(path)) {
-        case kMarkup: ImportOFX(path); return true;
-        case kQif: ImportQIF(path); return true;
+    std::string text = ReadStatement(path);
+    switch (FormatOf(path, text)) {
+        case kMarkup: ImportMarkup([&] { return std::move(text); }); return true;
+        case kQif:
+            std::string().swap(text);  // it reads the lines by itself
+            ImportQIF(path);
+            return true;
         default:
             messages_.Show("Invalid file format.", box_style::Critical, product::kTitle);
             return false;
@@ -136,7 +140,11 @@ bool modImport::ImportByFormat(const std::string& path)
 
 std::int32_t modImport::DetectFileFormat(const std::string& path)
 {
-    const std::string text = ReadStatement(path);
+    return FormatOf(path, ReadStatement(path));
+}
+
+std::int32_t modImport::FormatOf(const std::string& path, const std::string& text)
+{
     FileLines lines(text);
     const std::string_view line = FirstNonEmptyLine(lines);
     if (EndsWithQif(path))

@@ -1,6 +1,7 @@
 // The import of statement files.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -63,6 +64,10 @@ private:
     /// before the message, which may stay open for long.
     void StoreBalances();
     bool ImportByFormat(const std::string& path);
+    /// DetectFileFormat of a file whose text is known.
+    static std::int32_t FormatOf(const std::string& path, const std::string& text);
+    /// ImportOFX of the text that readText gives; tells its errors too.
+    void ImportMarkup(const std::function<std::string()>& readText);
     std::string NewRun();
     void ForgetBalances();
     void KeepFileBeforeMapping(const std::string& accountID);

@@ -46,8 +46,9 @@ public:
     {
     }
 
-    /// Reads the file up to its account number. Returns false if it has none.
-    bool FindAccount(const std::string& path);
+    /// Takes the text of the file and reads it up to its account number. Returns false if it has
+    /// none.
+    bool FindAccount(std::string text);
     [[nodiscard]] const std::string& AccountID() const { return accountID_; }
     /// Returns false if the user cancels.
     bool CheckAccount() { return host_.CheckImportAccount(accountID_); }
@@ -79,15 +80,32 @@ private:
     Month last_;
 };
 
-bool OfxReader::FindAccount(const std::string& path)
+bool OfxReader::FindAccount(std::string text)
 {
-    text_ = ReadStatement(path);
+    text_ = std::move(text);
     account_ = scan::Find(text_, "<ACCTID>", ByteOffset(text_, kSearchStart));
     if (account_ == scan::kNone)
         return false;
     accountID_ = scan::Value(text_, "<ACCTID>", account_);
     return true;
 }
+
+/// The fields of the rows, in the order of the statement below.
+struct Row {
+    enum Field : std::size_t {
+        AccountID,
+        PostDate,
+        Amount,
+        Description,
+        Fitid,
+        CheckID,
+        Period,
+        Year,
+        Category,
+        Notes,
+        Sequence
+    };
+};
 
 void OfxReader::ReadRows()
 {
@@ -179,17 +197,17 @@ void OfxReader::Add(const StatementTransaction& transaction)
 
 void OfxReader::SetFields(const StatementTransaction& transaction)
 {
-    rows_.Set("AccountID", accountID_);
-    rows_.Set("FITID", transaction.fitid);
-    rows_.Set("CheckID", transaction.checkID);
-    rows_.Set("Year", transaction.month.year);
-    rows_.Set("Period", transaction.month.period);
-    rows_.Set("PostDate", transaction.postDate);
-    rows_.Set("Amount", transaction.amount);
-    rows_.Set("Description", transaction.name);
-    rows_.Set("Notes", transaction.memo);
-    rows_.Set("Category", kNoCategory);
-    rows_.Set("Sequence", database_.GetNextSequence());
+    rows_.Set(Row::AccountID, accountID_);
+    rows_.Set(Row::Fitid, transaction.fitid);
+    rows_.Set(Row::CheckID, transaction.checkID);
+    rows_.Set(Row::Year, transaction.month.year);
+    rows_.Set(Row::Period, transaction.month.period);
+    rows_.Set(Row::PostDate, transaction.postDate);
+    rows_.Set(Row::Amount, transaction.amount);
+    rows_.Set(Row::Description, transaction.name);
+    rows_.Set(Row::Notes, transaction.memo);
+    rows_.Set(Row::Category, kNoCategory);
+    rows_.Set(Row::Sequence, database_.GetNextSequence());
 }
 
 /// Creates a month's budget line at each change of month only, because the rows of a statement are
@@ -216,6 +234,11 @@ std::string WorkingText(const OfxReader& reader, const RuntimeError& error)
 
 void modImport::ImportOFX(const std::string& path)
 {
+    ImportMarkup([&] { return ReadStatement(path); });
+}
+
+void modImport::ImportMarkup(const std::function<std::string()>& readText)
+{
     counts_ = {};
     ForgetBalances();
     OfxReader reader(database_, host_, counts_);
@@ -231,7 +254,7 @@ void modImport::ImportOFX(const std::string& path)
         }
     };
     // Any other error is not about the data of the statement and ends the command.
-    if (!succeeds([&] { return reader.FindAccount(path); }))
+    if (!succeeds([&] { return reader.FindAccount(readText()); }))
         return;
     KeepFileBeforeMapping(reader.AccountID());
     if (!succeeds([&] { return reader.CheckAccount(); }))

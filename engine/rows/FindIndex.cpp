@@ -53,9 +53,15 @@ std::size_t FindIndex::Locate(std::uint64_t hash) const
     return at;
 }
 
-void FindIndex::Grow()
+void FindIndex::Reserve(std::size_t count)
 {
-    std::vector<Entry> old(std::max<std::size_t>(64, table_.size() * 2));
+    if (const std::size_t size = std::bit_ceil(2 * count); size > table_.size())
+        Grow(size);
+}
+
+void FindIndex::Grow(std::size_t size)
+{
+    std::vector<Entry> old(std::max<std::size_t>(64, size));
     old.swap(table_);
     for (const Entry& entry : old)
         if (entry.list != kFree)
@@ -65,7 +71,7 @@ void FindIndex::Grow()
 void FindIndex::Add(std::uint64_t hash, std::size_t slot)
 {
     if (2 * (used_ + 1) > table_.size())
-        Grow();
+        Grow(table_.size() * 2);
     Entry& entry = table_[Locate(hash)];
     const auto place = static_cast<std::uint32_t>(slot);
     if (entry.list == kFree) {

@@ -16,6 +16,8 @@ std::uint64_t HashOf(const Value& value);
 /// can have the same hash, so the caller must compare what it finds.
 class FindIndex {
 public:
+    /// Makes room for so many values at once.
+    void Reserve(std::size_t count);
     void Add(std::uint64_t hash, std::size_t slot);
     void Remove(std::uint64_t hash, std::size_t slot);
     /// Returns the first slot from here on that is accepted, or kNotFound.
@@ -36,7 +38,7 @@ private:
     static constexpr std::uint32_t kSingle = UINT32_MAX - 1;  ///< no list
 
     [[nodiscard]] std::size_t Locate(std::uint64_t hash) const;
-    void Grow();
+    void Grow(std::size_t size);
 
     std::vector<Entry> table_;  // its length is a power of two; at most half full
     std::size_t used_ = 0;

@@ -225,6 +225,7 @@ Recordset::State::Searched& Recordset::State::SearchedField(std::size_t field)
     auto made = std::make_unique<Searched>();
     made->field = field;
     made->column.Start(1, Fetcher({field, 1}));
+    made->index.Reserve(live.Count());
     for (std::size_t at = 0; at < rows.Slots(); ++at)
         made->column.Append(rows.RowId(at));
     for (std::size_t at = live.NextLive(0); at < live.Slots(); at = live.NextLive(at + 1))

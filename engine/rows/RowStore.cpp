@@ -10,6 +10,7 @@ namespace clb {
 void RowStore::Start(std::size_t fields, Fetch fetch)
 {
     fields_ = fields;
+    mostBlocks_ = fields == 1 ? kMostBlocksOfOneField : kMostBlocks;
     fetch_ = std::move(fetch);
     rowIds_.clear();
     blocks_.clear();
@@ -60,7 +61,7 @@ RowStore::Block& RowStore::BlockOf(std::size_t slot)
     if (number >= blocks_.size())
         blocks_.resize(number + 1);
     if (!blocks_[number]) {
-        if (fetch_ && resident_.size() == kMostBlocks)
+        if (fetch_ && resident_.size() == mostBlocks_)
             Evict();
         blocks_[number] = std::make_unique<Block>();
         if (fetch_)

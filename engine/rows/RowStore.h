@@ -48,7 +48,10 @@ public:
     static constexpr std::size_t kKeptAtOpening = 16 * kBlockRows;
 
 private:
+    /// How many blocks are held if rows can be fetched again: more of them for a single field,
+    /// whose rows are small.
     static constexpr std::size_t kMostBlocks = 32;
+    static constexpr std::size_t kMostBlocksOfOneField = 512;
 
     struct Block {
         std::vector<Value> values;
@@ -63,6 +66,7 @@ private:
     void Evict();
 
     std::size_t fields_ = 0;
+    std::size_t mostBlocks_ = kMostBlocks;
     Fetch fetch_;
     std::vector<std::int64_t> rowIds_;
     std::vector<std::unique_ptr<Block>> blocks_;
