@@ -40,8 +40,7 @@ public:
     /// "yyyy-mm-dd", followed by " hh:mm:ss" unless it is midnight.
     [[nodiscard]] std::string ToIso() const;
 
-    // NOLINTNEXTLINE(modernize-use-nullptr): reports the zero that the compiler itself compares
-    // with
+    // NOLINTNEXTLINE(modernize-use-nullptr): a wrong report for a defaulted operator
     friend constexpr auto operator<=>(const Date&, const Date&) = default;
 
 private:

@@ -18,7 +18,7 @@ std::string Condensed(const std::string& sql)
 {
     std::string condensed;
     for (const char c : sql)
-        if (!std::isspace(static_cast<unsigned char>(c)) && c != '"')
+        if (std::isspace(static_cast<unsigned char>(c)) == 0 && c != '"')
             condensed += c;
     return ToUpperAscii(condensed);
 }
@@ -105,7 +105,7 @@ void CheckSchema::CompareTable(const TableInfo& expected, std::int16_t version,
     const TableInfo& actual = *raw_.Find(expected.name);
     for (const ColumnInfo& column : expected.columns) {
         const ColumnInfo* found = actual.Find(column.name);
-        if (IsUpgraded(column.name, !found, version))
+        if (IsUpgraded(column.name, found == nullptr, version))
             continue;
         const auto add = [&](const std::string& what) {
             findings.Add({.kind = "column",
@@ -208,15 +208,27 @@ void CheckSchema::FindUniqueIndexes(const std::string& table, FindingList& findi
                 });
     for (const Unique& index : indexes) {
         const std::string columns = ColumnsOf(raw_, index.name);
-        findings.Add(
-            {.kind = "index",
-             .table = table,
-             .text = index.declared ? "The table " + table + ", which takes no values of " +
-                                          columns + " twice, is not declared so by this program."
-                                    : "The index " + index.name + " on " + table + " (" + columns +
-                                          "), which takes no values twice, is not this program's.",
-             .meaning = "A new row with values that are there already is refused, also by an "
-                        "import. Another program made it."});
+        std::string text;
+        if (index.declared)
+            text.append("The table ")
+                .append(table)
+                .append(", which takes no values of ")
+                .append(columns)
+                .append(" twice, is not declared so by this program.");
+        else
+            text.append("The index ")
+                .append(index.name)
+                .append(" on ")
+                .append(table)
+                .append(" (")
+                .append(columns)
+                .append("), which takes no values twice, is not this program's.");
+        findings.Add({.kind = "index",
+                      .table = table,
+                      .text = text,
+                      .meaning =
+                          "A new row with values that are there already is refused, also by an "
+                          "import. Another program made it."});
     }
 }
 

@@ -260,7 +260,7 @@ void DatabaseCheck::CompareBalance(const Account& account)
 /// Adds a finding for what is missing in the list.
 bool DatabaseCheck::IsNoticedList(const TableInfo& list)
 {
-    const TableInfo expected = NoticedList();
+    const TableInfo& expected = NoticedList();
     const auto missing = std::find_if(
         expected.columns.begin(), expected.columns.end(), [&](const ColumnInfo& column) {
             // StoredInstead was added later.

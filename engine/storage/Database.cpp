@@ -124,9 +124,9 @@ EngineError TooBig()
     return refuse::WrongSql("The statement or one of its values is too big.");
 }
 
-EngineError ErrorOf(int code, int extended, const std::string& message)
+EngineError ErrorOf(int kind, int extended, const std::string& message)
 {
-    switch (code) {
+    switch (kind) {
         case SQLITE_CONSTRAINT: return ConstraintError(extended, message);
         case SQLITE_AUTH: return refuse::WrongSql("The statement is not allowed.");
         case SQLITE_TOOBIG: return TooBig();
