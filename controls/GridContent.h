@@ -41,9 +41,9 @@ public:
     void Regroup();
     /// To be called after columns, widths or styles were changed: the grid is drawn again.
     void LayoutChanged() { Touch(); }
-    /// Sets a column's width as the user does by hand. No less than LeastWidth.
+    /// Sets a column's width as the user does by hand. No less than kLeastWidth.
     void ResizeColumn(std::int32_t column, std::int32_t pixels);
-    static constexpr std::int32_t LeastWidth = 24;
+    static constexpr std::int32_t kLeastWidth = 24;
 
     [[nodiscard]] bool Redraw() const { return redraw_; }
     void Redraw(bool on);

@@ -21,7 +21,7 @@ std::string Grouped(double amount)
 /// Whether only the entries of the column's list may be entered.
 bool ListOnly(const GridColumn& column)
 {
-    return column.popup && column.popup->type == cell_control::DropDown;
+    return column.popup && column.popup->type == cell_control::kDropDown;
 }
 
 const GridValueItem* Listed(const std::string& text, const GridColumn& column)

@@ -10,8 +10,8 @@ namespace {
 
 std::string CheckMoment(const std::string& text)
 {
-    constexpr std::size_t length = std::char_traits<char>::length("YYYY-MM-DDThh:mm:ss");
-    const bool good = text.size() == length && text[10] == 'T' && Date::FromIso(text);
+    constexpr std::size_t kLength = std::char_traits<char>::length("YYYY-MM-DDThh:mm:ss");
+    const bool good = text.size() == kLength && text[10] == 'T' && Date::FromIso(text);
     return good ? std::string() : "\"" + text + "\" is no moment YYYY-MM-DDThh:mm:ss";
 }
 
@@ -53,7 +53,7 @@ StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCod
     app.add_option("--pdf", options.pdf, "With --print: write a PDF file instead of asking")
         ->type_name("FILE")
         ->needs(print);
-    // For the program itself, so it is in no help.
+    // Only the program itself uses this option, so the help does not list it.
     app.add_option("--daily-backup", day, "Make the day's backup of the database, then exit")
         ->type_name("YYYY-MM-DD")
         ->check(CheckDay)

@@ -13,7 +13,7 @@ namespace clb {
 
 namespace {
 
-constexpr int LookAgain = 100;  // milliseconds
+constexpr int kLookAgain = 100;  // milliseconds
 
 }  // namespace
 
@@ -52,7 +52,7 @@ void IncomingFiles::Next()
         importing_ = false;
     }
     if (!waiting_.isEmpty())
-        timer_.start(LookAgain);
+        timer_.start(kLookAgain);
 }
 
 bool IncomingFiles::CanBegin() const

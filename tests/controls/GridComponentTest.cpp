@@ -33,7 +33,7 @@ TEST_F(GridComponentTest, EveryFieldIsAColumnAndTheNewRowIsLast)
     ASSERT_EQ(grid_.Columns().Count(), 7);
     EXPECT_EQ(grid_.Columns().Item(shop::Price).caption, "Price");
     EXPECT_EQ(grid_.Columns().Item(shop::Price).dataType, FieldType::Money);
-    EXPECT_EQ(grid_.Columns().Item(shop::Price).alignment, grid_align::Right);
+    EXPECT_EQ(grid_.Columns().Item(shop::Price).alignment, grid_align::kRight);
     ASSERT_EQ(grid_.Rows().Count(), 4u);
     EXPECT_EQ(Kind(3), GridRowKind::Data);
     EXPECT_EQ(Kind(4), GridRowKind::NewRow);
@@ -206,7 +206,7 @@ TEST_F(GridComponentTest, ARememberedPlaceFollowsItsRow)
     EXPECT_EQ(grid_.Col(), shop::Price);
 }
 
-TEST_F(GridComponentTest, ARememberedRowThatIsGoneLeavesThePlaceWhereItStood)
+TEST_F(GridComponentTest, ARememberedRowThatIsGoneLeavesItsPlace)
 {
     grid_.MoveTo(2, shop::Name);
     const auto spot = grid_.CurrentSpot();

@@ -175,7 +175,7 @@ TEST_F(FormDialogTest, TheWebSiteInTheAboutBoxIsALink)
     EXPECT_EQ(books_.shell.opened, (std::vector<std::string>{"https://corvane.example/"}));
 }
 
-TEST_F(FormDialogTest, TheSplitDialogTakesNoTextThatIsNoAmountAndCancels)
+TEST_F(FormDialogTest, TheSplitDialogRefusesTextThatIsNotAnAmountAndCancels)
 {
     frmSplit form(host_);
     QTimer::singleShot(0, [] {

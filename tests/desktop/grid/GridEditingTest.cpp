@@ -74,7 +74,7 @@ TEST_F(GridEditingTest, ADoubleClickEditsTheCellWithItsTextSelected)
         GridWidget(window_).Layout().CellRect(2, kDescription).center()));
 }
 
-TEST_F(GridEditingTest, F2EditsWithTheCaretBehindTheText)
+TEST_F(GridEditingTest, F2EditsWithTheCaretAfterTheText)
 {
     ClickCell(1, kDescription);
     const std::string before = Text(1, kDescription);
@@ -224,7 +224,7 @@ TEST_F(GridEditingTest, EscapeGivesUpTheCellAndAgainTheRow)
     EXPECT_FALSE(Grid().Dirty());
 }
 
-TEST_F(GridEditingTest, WhatIsNoNumberIsRefusedInPlaceWithAWord)
+TEST_F(GridEditingTest, TextThatIsNotANumberIsRefusedInItsCellWithAReason)
 {
     ClickCell(1, kAmount);
     Type("cheap");
@@ -248,7 +248,7 @@ TEST_F(GridEditingTest, WhatIsNoNumberIsRefusedInPlaceWithAWord)
     EXPECT_EQ(Text(1, kAmount), "8.00");
 }
 
-TEST_F(GridEditingTest, ATextBeyondItsColumnIsRefusedNotCut)
+TEST_F(GridEditingTest, ATextThatIsTooLongForItsColumnIsRefusedNotCut)
 {
     const std::string fifty(50, 'x');
     ClickCell(1, kCategory);
@@ -503,7 +503,7 @@ TEST_F(ColumnWidthTest, DraggingAHeadersLineMakesTheColumnWider)
     EXPECT_EQ(Width(kNotes), notes - 40) << "the last column takes what is left";
 }
 
-TEST_F(ColumnWidthTest, AWidthByHandHoldsInItsViewOnly)
+TEST_F(ColumnWidthTest, AWidthSetByHandAppliesToItsViewOnly)
 {
     ClickNode("Net Worth");
     const int netWorth = Width(2);

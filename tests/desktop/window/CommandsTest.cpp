@@ -14,7 +14,7 @@ namespace {
 class CommandsTest : public WindowTest {
 protected:
     CommandsTest() { Activate(); }
-    /// The offscreen platform does not give the window back what its menus took.
+    /// The offscreen platform does not give the focus back to the window after a menu.
     void Activate()
     {
         while (QWidget* popup = QApplication::activePopupWidget())
@@ -244,7 +244,7 @@ TEST_F(CommandsTest, ARefusedRowKeepsTheMonth)
     EXPECT_EQ(books_.messages.boxes[0].text, "Please enter a category.");
 }
 
-/// A command of the menus that reads the rows, or reads them anew.
+/// A menu command that reads the rows, or reads them again.
 struct Line {
     std::string menu;
     std::string item;
