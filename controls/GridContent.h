@@ -34,7 +34,7 @@ public:
     /// groups; the first data row and column 1 current. nullptr leaves the grid empty.
     void DataSource(Recordset* records);
     /// Whether it is bound to rows that can be read.
-    [[nodiscard]] bool Bound() const { return source_ && source_->IsOpen(); }
+    [[nodiscard]] bool Bound() const { return source_ != nullptr && source_->IsOpen(); }
     /// Rows in memory to show instead of a result set.
     GridArray& Array() { return array_; }
     /// Applies groups that were added after binding to the displayed rows.

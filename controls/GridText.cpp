@@ -33,6 +33,14 @@ const GridValueItem* Listed(const std::string& text, const GridColumn& column)
     return nullptr;
 }
 
+GridText::Reading ReadText(const std::string& text, const GridColumn& column)
+{
+    if (column.textWidth != 0 && Length(text) > column.textWidth)
+        return {std::nullopt,
+                "Please enter at most " + std::to_string(column.textWidth) + " characters."};
+    return {ListOnly(column) ? std::string() : text, {}};
+}
+
 }  // namespace
 
 std::string GridText::Shown(const Value& value, const GridColumn& column) const
@@ -70,14 +78,6 @@ GridText::Reading GridText::Read(const std::string& text, const GridColumn& colu
     if (blank)
         return {Null{}, {}};
     return ReadOther(text, column.dataType);
-}
-
-GridText::Reading GridText::ReadText(const std::string& text, const GridColumn& column) const
-{
-    if (column.textWidth != 0 && Length(text) > column.textWidth)
-        return {std::nullopt,
-                "Please enter at most " + std::to_string(column.textWidth) + " characters."};
-    return {ListOnly(column) ? std::string() : text, {}};
 }
 
 GridText::Reading GridText::ReadOther(const std::string& text, FieldType type) const

@@ -49,7 +49,7 @@ constexpr int kWatchMilliseconds = 1000;
 
 std::string OpenFolder(const std::optional<std::string>& home)
 {
-    const std::string folder = ProgramFolder(PlacesOf(home));
+    std::string folder = ProgramFolder(PlacesOf(home));
     RemoveProgramLeftovers(folder);
     if (!home && IsUnused(folder))
         DeliverFolder(folder, EmptyDatabase());

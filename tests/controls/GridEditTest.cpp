@@ -281,8 +281,8 @@ TEST_F(GridEditTest, ANewRowJoinsAndTheNewRowsLineMovesOn)
 
     EXPECT_TRUE(grid_.Update());
 
-    EXPECT_EQ(grid_.Rows().Count(), 5u);
-    EXPECT_EQ(grid_.Row(), 4u);
+    EXPECT_EQ(grid_.Rows().Count(), 5U);
+    EXPECT_EQ(grid_.Row(), 4U);
     EXPECT_EQ(Stored(3, shop::Name), "Dates");
     EXPECT_EQ(grid_.Position(), 0);
 }
@@ -311,7 +311,7 @@ TEST_F(GridEditTest, ARefusedRowKeepsItsChangesAndThePlace)
     EXPECT_FALSE(grid_.MoveTo(2, shop::Name));
 
     EXPECT_EQ(events_.Take(), (Lines{"BeforeUpdate", "UpdateRefused"}));
-    EXPECT_EQ(grid_.Row(), 1u);
+    EXPECT_EQ(grid_.Row(), 1U);
     EXPECT_TRUE(grid_.Dirty());
     EXPECT_EQ(Stored(0, shop::Name), "Apples");
 }
@@ -372,7 +372,7 @@ TEST_F(GridEditTest, AHandlerCanForbidTheDeletion)
 
     EXPECT_FALSE(grid_.Delete());
 
-    EXPECT_EQ(grid_.Array().Count(), 3u);
+    EXPECT_EQ(grid_.Array().Count(), 3U);
 }
 
 TEST_F(GridEditTest, TheNewRowCannotBeDeleted)

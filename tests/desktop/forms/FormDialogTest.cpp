@@ -89,7 +89,7 @@ TEST_F(FormDialogTest, AnEmptyDescriptionIsReportedAndTheDialogStaysOpen)
 
     EXPECT_FALSE(chosen);
     EXPECT_TRUE(open);
-    ASSERT_EQ(books_.messages.boxes.size(), 1u);
+    ASSERT_EQ(books_.messages.boxes.size(), 1U);
     EXPECT_EQ(books_.messages.boxes[0].text, "You must enter an account description.");
 }
 

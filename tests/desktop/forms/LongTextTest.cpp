@@ -96,7 +96,7 @@ TEST(MessageBoxTest, MarkupInATextIsShownAsText)
 
 TEST(MessageBoxTest, AWholeFileIsShownInAScrollingViewNoHigherThanTheScreen)
 {
-    const std::string file(25u << 20, 'x');
+    const std::string file(25U << 20, 'x');
 
     const auto box = MessageBoxPort::Build(file, box_style::Exclamation, "Corvane Ledgerbook");
     box->show();

@@ -141,7 +141,7 @@ TEST_F(GridEditingTest, EnterOnTheNewRowsLineIsReadyForAnother)
     EXPECT_EQ(
         books_.Rows("SELECT PostDate, Description, Amount FROM Trans WHERE Description = 'Mill'"),
         std::vector<std::string>{"2006-03-09|Mill|-12.5"});
-    EXPECT_EQ(Grid().Rows().Count(), 6u);
+    EXPECT_EQ(Grid().Rows().Count(), 6U);
     EXPECT_EQ(Current(), Cell(6, kDate));
 }
 
@@ -157,7 +157,7 @@ TEST_F(GridEditingTest, TabOnTheLastCellOfANewRowKeepsItAndBeginsAnother)
 
     Press(Qt::Key_Tab);
 
-    EXPECT_EQ(Grid().Rows().Count(), 6u);
+    EXPECT_EQ(Grid().Rows().Count(), 6U);
     EXPECT_EQ(Current(), Cell(6, kDate));
     EXPECT_EQ(Model().window.Focus(), &Grid());
 }
@@ -273,7 +273,7 @@ TEST_F(GridEditingTest, ARefusedRowBringsTheUserToTheCellToCorrect)
     Press(Qt::Key_Down, Qt::ControlModifier);
     Press(Qt::Key_Up);
 
-    ASSERT_EQ(books_.messages.boxes.size(), 1u);
+    ASSERT_EQ(books_.messages.boxes.size(), 1U);
     EXPECT_EQ(books_.messages.boxes[0].text, "Please enter an account #.");
     EXPECT_EQ(Current(), Cell(4, 3));
     EXPECT_TRUE(Grid().Editing());

@@ -107,7 +107,7 @@ TEST_F(GridViewTest, TheGridScrollsSoThatTheCurrentCellIsVisible)
 
     Press(Qt::Key_End, Qt::ControlModifier);
 
-    EXPECT_EQ(Grid().Row(), 205u);
+    EXPECT_EQ(Grid().Row(), 205U);
     const GridLayout& layout = GridWidget(window_).Layout();
     EXPECT_TRUE(GridWidget(window_).viewport()->rect().contains(layout.CellRect(205, 6)));
     EXPECT_LT(layout.RowTop(1), 0);

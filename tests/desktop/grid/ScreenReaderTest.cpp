@@ -187,7 +187,7 @@ TEST_F(ScreenReaderTest, OtherRowsAreReportedAndOldCellsAreGone)
 TEST_F(ScreenReaderTest, AScreenReaderMovesToACellAndOpensIt)
 {
     Cell(3, 2)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
-    EXPECT_EQ(Grid().Row(), 3u);
+    EXPECT_EQ(Grid().Row(), 3U);
     EXPECT_EQ(Grid().Col(), 2);
     EXPECT_TRUE(GridWidget(window_).hasFocus());
 

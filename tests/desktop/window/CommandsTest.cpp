@@ -58,7 +58,7 @@ TEST_F(CommandsTest, NewRecordEditsTheFirstColumnOfANewRow)
     ClickNode("Checking");
     ClickLine("mnuEdit", "mnuE_New");
 
-    EXPECT_EQ(Grid().Row(), 5u);
+    EXPECT_EQ(Grid().Row(), 5U);
     EXPECT_EQ(Grid().Col(), 1);
     EXPECT_TRUE(Grid().Editing());
     EXPECT_TRUE(GridWidget(window_).Editor().Line().hasFocus());
@@ -69,13 +69,13 @@ TEST_F(CommandsTest, TheNewButtonAndItsKeysDoTheSame)
     ClickNode("Checking");
     ClickButton("New");
     EXPECT_TRUE(Grid().Editing());
-    EXPECT_EQ(Grid().Row(), 5u);
+    EXPECT_EQ(Grid().Row(), 5U);
 
     ClickNode("Checking");
     ClickCell(2, 2);
     Press(Qt::Key_N, Qt::ControlModifier);
     EXPECT_TRUE(Grid().Editing());
-    EXPECT_EQ(Grid().Row(), 5u);
+    EXPECT_EQ(Grid().Row(), 5U);
 }
 
 TEST_F(CommandsTest, DeleteAsksAndTakesTheCurrentRow)
@@ -114,9 +114,9 @@ TEST_F(CommandsTest, ATransactionMovesToTheNeighbouringMonths)
     ClickCell(1, 2);
 
     ClickLine("mnuEdit", "mnuE_MoveNext");
-    EXPECT_EQ(Grid().Rows().Count(), 4u);
+    EXPECT_EQ(Grid().Rows().Count(), 4U);
     ClickLine("mnuEdit", "mnuE_MovePrev");
-    EXPECT_EQ(Grid().Rows().Count(), 3u);
+    EXPECT_EQ(Grid().Rows().Count(), 3U);
 
     EXPECT_EQ(books_.Rows("SELECT COUNT(*) FROM Trans GROUP BY Period ORDER BY Period"),
               (std::vector<std::string>{"1", "2", "1"}));
@@ -132,7 +132,7 @@ TEST_F(CommandsTest, ATransactionIsSplit)
     ClickLine("mnuEdit", "mnuE_Split");
 
     EXPECT_EQ(Count("Trans"), "5");
-    EXPECT_EQ(Grid().Rows().Count(), 6u);
+    EXPECT_EQ(Grid().Rows().Count(), 6U);
 }
 
 TEST_F(CommandsTest, TheBudgetIsCopiedFromThePreviousMonth)
@@ -154,7 +154,7 @@ TEST_F(CommandsTest, PrintingTakesThePageFromTheGrid)
     ClickLine("mnuFile", "mnuF_Print");
     Press(Qt::Key_P, Qt::ControlModifier);
 
-    ASSERT_EQ(books_.printing.documents.size(), 2u);
+    ASSERT_EQ(books_.printing.documents.size(), 2U);
     EXPECT_NE(books_.printing.documents[1].find("Checking"), std::string::npos);
 }
 
@@ -167,7 +167,7 @@ TEST_F(CommandsTest, ImportAndExportAskForAFile)
     Press(Qt::Key_I, Qt::ControlModifier);
     Press(Qt::Key_E, Qt::ControlModifier);
 
-    ASSERT_EQ(books_.files.questions.size(), 4u);
+    ASSERT_EQ(books_.files.questions.size(), 4U);
     EXPECT_FALSE(books_.files.questions[0].save);
     EXPECT_TRUE(books_.files.questions[1].save);
 }
@@ -186,7 +186,7 @@ TEST_F(CommandsTest, TheWebPagesOpen)
     ClickLine("mnuHelp", "mnuH_OnTheWeb");
     ClickLine("mnuHelp", "mnuH_OnlineTutorial");
 
-    ASSERT_EQ(books_.shell.opened.size(), 2u);
+    ASSERT_EQ(books_.shell.opened.size(), 2U);
     EXPECT_NE(books_.shell.opened[0], books_.shell.opened[1]);
 }
 
@@ -202,7 +202,7 @@ TEST_F(CommandsTest, TheBankLinkSaysWhereToSetItsAddress)
 {
     ClickButton("Link");
 
-    ASSERT_EQ(books_.messages.boxes.size(), 1u);
+    ASSERT_EQ(books_.messages.boxes.size(), 1U);
     EXPECT_EQ(books_.messages.boxes[0].text,
               "You have not yet set your bank's URL, please do so from Tools|Options...");
 }
@@ -240,7 +240,7 @@ TEST_F(CommandsTest, ARefusedRowKeepsTheMonth)
     Press(Qt::Key_Right, Qt::AltModifier);
 
     EXPECT_EQ(Model().cmbPeriod.Index(), 2);
-    ASSERT_EQ(books_.messages.boxes.size(), 1u);
+    ASSERT_EQ(books_.messages.boxes.size(), 1U);
     EXPECT_EQ(books_.messages.boxes[0].text, "Please enter a category.");
 }
 
@@ -333,7 +333,7 @@ TEST_F(CommandsTest, TheKeyOfImportSavesTheRowInEditFirst)
 
     Press(Qt::Key_I, Qt::ControlModifier);
 
-    EXPECT_EQ(books_.files.questions.size(), 1u);
+    EXPECT_EQ(books_.files.questions.size(), 1U);
     EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans WHERE Description = 'm'"), "1");
 }
 
@@ -348,7 +348,7 @@ TEST_F(CommandsTest, TheRightButtonShowsTheEditMenuForItsRow)
     QApplication::sendEvent(&view, &asked);
     QTest::qWait(1);
 
-    EXPECT_EQ(Grid().Row(), 3u);
+    EXPECT_EQ(Grid().Row(), 3U);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_TRUE(menu);
     EXPECT_EQ(menu->objectName(), QStringLiteral("mnuEdit"));

@@ -126,7 +126,7 @@ TEST_F(HandsTest, AChangedRowIsSavedBeforeTheMonthIsLeft)
     EXPECT_EQ(Month(), "April 2006");
     EXPECT_EQ(books_.Rows("SELECT Amount FROM Trans WHERE Description = 'Miller'").size() +
                   books_.Rows("SELECT Amount FROM Trans WHERE PayeeName = 'Miller'").size(),
-              1u);
+              1U);
 }
 
 TEST_F(HandsTest, TabGoesThroughEveryControlOfTheWindowAndRound)

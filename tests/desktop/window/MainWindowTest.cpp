@@ -124,7 +124,7 @@ TEST_F(WindowTest, AYearThatIsNotANumberIsReportedAndTheProgramGoesOn)
 
     Key(YearWidget(window_), Qt::Key_Return);
 
-    ASSERT_EQ(books_.messages.boxes.size(), 1u);
+    ASSERT_EQ(books_.messages.boxes.size(), 1U);
     EXPECT_EQ(books_.messages.boxes[0],
               (FakeMessageBox::Box{"Type mismatch", box_style::Critical, "Corvane Ledgerbook"}));
     ClickNode("Budget");
