@@ -16,7 +16,7 @@ std::vector<GridValueItem> AccountTypes(clsDatabase& /*data*/, const ShownMonth&
     return types;
 }
 
-constexpr ColumnList kTypes{{cell_control::DropDown, 5, 0}, AccountTypes};
+constexpr ColumnList kTypes{{cell_control::kDropDown, 5, 0}, AccountTypes};
 
 constexpr ViewColumn kColumns[] = {
     {.column = NetWorth::Description, .caption = "Description", .part = 0.3},

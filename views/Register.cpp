@@ -23,7 +23,7 @@ std::vector<GridValueItem> Categories(clsDatabase& data, const ShownMonth& month
     return categories;
 }
 
-constexpr ColumnList kCategories{{cell_control::ComboBox, 5, 2000}, Categories};
+constexpr ColumnList kCategories{{cell_control::kComboBox, 5, 2000}, Categories};
 
 constexpr ViewColumn kColumns[] = {
     {.column = Register::PostDate, .caption = "Date", .part = 0.12},

@@ -1,3 +1,4 @@
+// Draws a list with check boxes.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -9,7 +10,7 @@ namespace clb {
 
 class UserEvents;
 
-/// Draws a check list: a box in the first column of each row, the row's other values beside it.
+/// Draws a check list: each row has a check box in the first column and its other values beside it.
 class CheckListView : public QTreeWidget, public sigc::trackable {
 public:
     /// Both borrowed; they outlive the view.

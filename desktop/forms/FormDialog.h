@@ -1,3 +1,4 @@
+// Draws a form as a dialog.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -18,19 +19,19 @@ namespace clb {
 
 class UserEvents;
 
-/// Draws any form as a dialog: each control with the matching widget, placed by the form's own
-/// arrangement where there is one, else one below the other. Closes when the form hides itself;
-/// Escape and the window's own button press the form's cancel button.
+/// Draws any form as a dialog, each control with the matching widget. ArrangeForm places them. The
+/// dialog closes when the form hides itself. Escape and the window's close button press the form's
+/// cancel button.
 class FormDialog : public QDialog, public sigc::trackable {
 public:
     /// form and events are borrowed and outlive the dialog.
     FormDialog(Form& form, UserEvents& events, QWidget* parent);
     ~FormDialog() override;
 
-    /// The widget that draws a control; nullptr when the form has none of that name.
+    /// The widget that draws a control. Returns nullptr if no control of that name is drawn.
     [[nodiscard]] QWidget* WidgetOf(const std::string& control) const;
     Form& Model() { return form_; }
-    /// The label of one name describes the control of the other: its letter leads there.
+    /// Makes a label describe a control, so that the label's letter leads to the control.
     void Describe(const std::string& label, const std::string& control);
 
     void reject() override;

@@ -16,8 +16,8 @@ namespace clb {
 
 namespace {
 
-/// Width of an option's circle and gap: what belongs to the option stands below its caption.
-constexpr int OptionIndent = 24;
+/// Width of an option's circle and gap. What belongs to the option is indented to its caption.
+constexpr int kOptionIndent = 24;
 
 int Characters(const QWidget& widget, int count)
 {
@@ -44,7 +44,7 @@ QVBoxLayout* Frame(FormDialog& dialog)
     return all;
 }
 
-/// Buttons at the foot, whatever room is left above them.
+/// Adds the buttons at the bottom, with the remaining room above them.
 void Finish(FormDialog& dialog, QVBoxLayout& all)
 {
     all.addStretch(0);
@@ -64,7 +64,7 @@ void ArrangeSelectAccount(FormDialog& dialog)
     question->setWordWrap(true);
     question->setMinimumWidth(Characters(dialog, 66));
     auto* grid = new QGridLayout;
-    grid->setColumnMinimumWidth(0, OptionIndent);
+    grid->setColumnMinimumWidth(0, kOptionIndent);
     grid->setColumnStretch(2, 1);
     grid->setHorizontalSpacing(10);
     grid->setVerticalSpacing(8);

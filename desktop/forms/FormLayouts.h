@@ -1,11 +1,12 @@
+// Places the widgets of a dialog.
 #pragma once
 
 namespace clb {
 
 class FormDialog;
 
-/// Places a dialog's widgets: by the arrangement known for its form's name, else labels left of
-/// what they describe, one line below the other, buttons at the foot.
+/// Places a dialog's widgets. Some forms have an arrangement of their own. In the others the lines
+/// are one below the other, each label is left of its control, and the buttons are at the bottom.
 void ArrangeForm(FormDialog& dialog);
 
 }  // namespace clb

@@ -1,3 +1,4 @@
+// Draws a drop-down list.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -9,7 +10,7 @@ namespace clb {
 
 class UserEvents;
 
-/// Draws a drop-down list; a choice of the user is handed on.
+/// Draws a drop-down list and hands the user's choice to it.
 class ListBinder : public QComboBox, public sigc::trackable {
 public:
     /// list and events are borrowed and outlive the binder.

@@ -20,7 +20,7 @@ qsizetype LongText::LineLength(qsizetype start, qsizetype& next) const
     if (lineEnd < 0 && length < rest.size() && length > 1 && rest[length].isLowSurrogate())
         --length;
     next = start + length;
-    // A line that fills the screen line exactly takes its line end with it.
+    // If a line exactly fills a screen line, its line end belongs to the same screen line.
     if (next < text_.size() && text_[next] == u'\r')
         ++next;
     if (next < text_.size() && text_[next] == u'\n')
@@ -36,7 +36,7 @@ void LongText::Wrap(int columns)
     count_ = 0;
     qsizetype next = 0;
     for (qsizetype start = 0; start < text_.size(); start = next) {
-        if (count_ % Step == 0)
+        if (count_ % kStep == 0)
             places_.push_back(start);
         LineLength(start, next);
         ++count_;
@@ -47,10 +47,10 @@ QStringView LongText::Line(qsizetype number) const
 {
     if (number < 0 || number >= count_)
         return {};
-    qsizetype start = places_[static_cast<std::size_t>(number / Step)];
+    qsizetype start = places_[static_cast<std::size_t>(number / kStep)];
     qsizetype next = start;
     qsizetype length = LineLength(start, next);
-    for (qsizetype left = number % Step; left > 0; --left) {
+    for (qsizetype left = number % kStep; left > 0; --left) {
         start = next;
         length = LineLength(start, next);
     }

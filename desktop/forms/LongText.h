@@ -1,29 +1,30 @@
+// Cuts a text of any size into screen lines.
 #pragma once
 #include <QString>
 #include <vector>
 
 namespace clb {
 
-/// A text of any size cut into screen lines of a fixed number of characters. Nothing is laid out:
-/// only the places of some lines are remembered, the others are found from the nearest of them.
+/// A text of any size, cut into screen lines of a fixed number of characters. It remembers where
+/// every 256th line starts and finds the others from there.
 class LongText {
 public:
     explicit LongText(QString text);
 
     [[nodiscard]] const QString& Text() const { return text_; }
-    /// Cuts the text; a line longer than this continues on the next screen lines. Before the first
-    /// call there are no screen lines.
+    /// Cuts the text into lines of this many characters. A longer line continues on the next screen
+    /// line. There are no screen lines before the first call.
     void Wrap(int columns);
     [[nodiscard]] qsizetype LineCount() const { return count_; }
     /// A screen line, from 0, without its line end.
     [[nodiscard]] QStringView Line(qsizetype number) const;
-    /// Whether some characters are wider than others of a fixed font.
+    /// Whether some characters are wider than one column of a fixed font.
     [[nodiscard]] bool HasWideCharacters() const { return wide_; }
 
 private:
     qsizetype LineLength(qsizetype start, qsizetype& next) const;
 
-    static constexpr qsizetype Step = 256;  // screen lines from one remembered place to the next
+    static constexpr qsizetype kStep = 256;  // screen lines from one remembered place to the next
     QString text_;
     bool wide_ = false;
     int columns_ = 0;

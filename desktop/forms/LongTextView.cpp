@@ -12,7 +12,7 @@ namespace clb {
 
 namespace {
 
-constexpr int Margin = 6;
+constexpr int kMargin = 6;
 
 QString Printable(QStringView line)
 {
@@ -50,8 +50,9 @@ double LongTextView::CharacterWidth() const
 void LongTextView::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
-    text_.Wrap(static_cast<int>((viewport()->width() - 2 * Margin) / CharacterWidth()));
-    const int page = std::max(1, (viewport()->height() - 2 * Margin) / fontMetrics().lineSpacing());
+    text_.Wrap(static_cast<int>((viewport()->width() - 2 * kMargin) / CharacterWidth()));
+    const int page =
+        std::max(1, (viewport()->height() - 2 * kMargin) / fontMetrics().lineSpacing());
     verticalScrollBar()->setPageStep(page);
     verticalScrollBar()->setSingleStep(3);
     verticalScrollBar()->setRange(
@@ -79,10 +80,10 @@ void LongTextView::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::Text));
     const int lineHeight = fontMetrics().lineSpacing();
-    int baseline = Margin + fontMetrics().ascent();
+    int baseline = kMargin + fontMetrics().ascent();
     for (qsizetype line = verticalScrollBar()->value();
          line < text_.LineCount() && baseline - lineHeight < viewport()->height(); ++line) {
-        painter.drawText(Margin, baseline, Printable(text_.Line(line)));
+        painter.drawText(kMargin, baseline, Printable(text_.Line(line)));
         baseline += lineHeight;
     }
 }

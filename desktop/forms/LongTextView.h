@@ -1,3 +1,4 @@
+// Shows a text of any size.
 #pragma once
 #include <QAbstractScrollArea>
 
@@ -5,7 +6,8 @@
 
 namespace clb {
 
-/// A read-only view of a text of any size; opens at once, since only the lines in sight are drawn.
+/// A read-only view of a text of any size. It opens at once, because it draws only the visible
+/// lines.
 class LongTextView : public QAbstractScrollArea {
 public:
     explicit LongTextView(QString text, QWidget* parent = nullptr);

@@ -1,3 +1,4 @@
+// Draws the arrows beside a text box.
 #pragma once
 #include <QWidget>
 
@@ -7,7 +8,7 @@ namespace clb {
 
 class UserEvents;
 
-/// Draws a spinner that stands beside its text box: an arrow up and an arrow down.
+/// Draws a spinner beside its text box, as an arrow up and an arrow down.
 class StepArrows : public QWidget {
 public:
     /// Both borrowed; they outlive the arrows.

@@ -64,7 +64,7 @@ QString AccessibleCell::CellText() const
 
 QString AccessibleCell::Tip() const
 {
-    // Fetching it asks the data store: for the cell that the user is at, and for no other.
+    // Fetching a tip asks the data store, so only the current cell has one.
     if (row_ != grid_.Row() || Column() != grid_.Col())
         return {};
     try {

@@ -1,3 +1,4 @@
+// A cell of the grid for screen readers.
 #pragma once
 #include <QAccessible>
 #include <cstdint>
@@ -8,7 +9,7 @@ class AccessibleGrid;
 class GridComponent;
 class GridView;
 
-/// A cell of the grid, a header of a column (row 0) or of a line (place 0) for screen readers.
+/// A cell of the grid, the header of a column (row 0), or the header of a row (place 0).
 class AccessibleCell : public QAccessibleInterface,
                        public QAccessibleTableCellInterface,
                        public QAccessibleActionInterface {

@@ -1,3 +1,4 @@
+// The grid for screen readers.
 #pragma once
 #include <QAccessibleWidget>
 #include <cstdint>
@@ -8,18 +9,17 @@ namespace clb {
 class GridComponent;
 class GridView;
 
-/// The grid as a screen reader knows it: a table with a row of column headers on top and a row
-/// header at the left of each line. Cells come into being when they are asked for; those that were
-/// are dropped when the rows change.
+/// The grid as a screen reader sees it: a table with column headers at the top and a row header at
+/// the left of each row. Cells are made when they are asked for, and deleted when the rows change.
 ///
-/// Children in order: the lines from the header on, each from its row header on; the viewport with
-/// the cell editor and the hint of an empty grid comes last.
+/// The children are the rows, beginning with the column headers, each with its row header first.
+/// The last child is the viewport, with the cell editor and the hint of an empty grid.
 class AccessibleGrid : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
-    /// Makes the toolkit use this for every grid.
+    /// Makes the toolkit use this class for every grid.
     static void Install();
-    /// Number of the child that is a cell, for events of the grid; row from 1, 0 the headers';
-    /// place from 1 among the shown columns, 0 the row header.
+    /// The number of the child that is a cell, for events of the grid. Row 0 has the column
+    /// headers, and place 0 the row header; cells are numbered from 1, columns as they are shown.
     static int ChildOf(const GridView& view, std::size_t row, std::size_t place);
 
     /// Both borrowed; they outlive this.
@@ -34,7 +34,7 @@ public:
     [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override;
     [[nodiscard]] QAccessibleInterface* focusChild() const override;
 
-    // The table; its rows and columns are numbered from 0 and leave the headers out.
+    // The table. Its rows and columns are numbered from 0, without the headers.
     [[nodiscard]] QAccessibleInterface* caption() const override { return nullptr; }
     [[nodiscard]] QAccessibleInterface* summary() const override { return nullptr; }
     [[nodiscard]] QAccessibleInterface* cellAt(int row, int column) const override;

@@ -18,8 +18,8 @@ namespace clb {
 
 namespace {
 
-constexpr int Border = 2;
-constexpr int TwipsPerInch = 1440;
+constexpr int kBorder = 2;
+constexpr int kTwipsPerInch = 1440;
 
 bool EndsTheEdit(int key)
 {
@@ -129,11 +129,11 @@ void CellEditor::Close()
 
 void CellEditor::Place(const QRect& cell)
 {
-    // Over the cell's frame lines, and never so narrow that nothing can be typed.
+    // The line covers the cell's frame lines, and is always wide enough to type in.
     QRect place = cell.adjusted(-1, -1, 0, 0);
     const bool drops = HasList() || HasCalendar();
     const int least = fontMetrics().horizontalAdvance(QStringLiteral("0000-00-00")) +
-                      2 * GridPainter::Padding + 2 * Border + (drops ? place.height() : 0);
+                      2 * GridPainter::kPadding + 2 * kBorder + (drops ? place.height() : 0);
     if (place.width() < least)
         place.setWidth(least);
     const int beyond = place.right() - parentWidget()->width() + 1;
@@ -144,12 +144,12 @@ void CellEditor::Place(const QRect& cell)
 
 void CellEditor::resizeEvent(QResizeEvent* /*event*/)
 {
-    const QRect inner = rect().adjusted(Border, Border, -Border, -Border);
+    const QRect inner = rect().adjusted(kBorder, kBorder, -kBorder, -kBorder);
     const int side = button_->isHidden() ? 0 : std::min(inner.height(), inner.width());
     line_->setGeometry(inner.adjusted(0, 0, -side, 0));
-    // The text stands where the cell shows it.
-    line_->setTextMargins(std::max(0, GridPainter::Padding - Border - 1), 0,
-                          std::max(0, GridPainter::Padding - Border - 2), 0);
+    // The text is in the same place as in the cell.
+    line_->setTextMargins(std::max(0, GridPainter::kPadding - kBorder - 1), 0,
+                          std::max(0, GridPainter::kPadding - kBorder - 2), 0);
     button_->setGeometry(inner.right() - side + 1, inner.top(), side, inner.height());
 }
 
@@ -157,7 +157,7 @@ void CellEditor::paintEvent(QPaintEvent* /*event*/)
 {
     const GridColors colors(palette());
     QPainter painter(this);
-    painter.setPen(QPen(grid_.Marked() ? colors.negative : colors.accent, Border));
+    painter.setPen(QPen(grid_.Marked() ? colors.negative : colors.accent, kBorder));
     painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
@@ -211,7 +211,7 @@ void CellEditor::Complete(const QString& text)
         if (whole.size() <= text.size() || !whole.startsWith(text, Qt::CaseInsensitive))
             continue;
         Take(whole);
-        // What was not typed is selected, so that the next key replaces it.
+        // The part that was not typed is selected, so that the next key replaces it.
         line_->setSelection(static_cast<int>(whole.size()),
                             static_cast<int>(text.size() - whole.size()));
         return;
@@ -246,7 +246,7 @@ void CellEditor::DropDown()
         if (texts.isEmpty())
             return;
         popup_ = CellPopup::List(this, texts, line_->text(), Column().popup->rows, pick);
-        width = Column().popup->width * logicalDpiX() / TwipsPerInch;
+        width = Column().popup->width * logicalDpiX() / kTwipsPerInch;
     } else {
         const auto day = grid_.TypedDate();
         popup_ = CellPopup::Calendar(

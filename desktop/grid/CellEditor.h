@@ -1,3 +1,4 @@
+// The line in which the user edits a cell.
 #pragma once
 #include <QFrame>
 #include <QPointer>
@@ -14,12 +15,12 @@ class QToolButton;
 
 namespace clb {
 
-/// The line in which the user types while the grid has its current cell in edit: it lies over the
-/// cell. Texts of a column's list complete as they are typed; the list and a calendar drop down on
-/// the button, F4 or Alt+Down. On a date, + and - go a day on and back. A refused text stays,
-/// framed in red, with the reason beside it.
+/// The line in which the user types while the grid's current cell is in edit. It lies over the
+/// cell. Texts of a column's list are completed as they are typed. The list or a calendar drops
+/// down with the button, F4 or Alt+Down. On a date, + and - go to the next and the previous day. A
+/// refused text stays, framed in red, with the reason beside it.
 ///
-/// What is typed goes into the component at once; the component decides what becomes of it.
+/// What is typed goes into the component at once. The component decides whether to accept it.
 class CellEditor : public QFrame {
 public:
     /// leave takes the keys that end the edit (Enter, Tab, Escape, rows up and down) and returns
@@ -28,16 +29,16 @@ public:
     CellEditor(GridComponent& grid, QAbstractScrollArea& view,
                std::function<bool(const QKeyEvent&)> leave);
 
-    /// Opens, moves or closes the line as the component's state says.
+    /// Opens, moves or closes the line according to the component's state.
     void Follow(const QRect& cell);
     [[nodiscard]] bool IsOpen() const { return open_; }
-    /// Where the typed text goes.
+    /// The line edit that takes the typed text.
     QLineEdit& Line() { return *line_; }
-    /// The word beside a refused text; hidden when nothing was refused.
+    /// The reason beside a refused text. Hidden if nothing was refused.
     QLabel& Refusal() { return *refusal_; }
-    /// Caret behind the text instead of all of it selected.
+    /// Puts the caret after the text, instead of selecting all of it.
     void CaretToEnd();
-    /// Drops the list or the calendar down, where the column has one.
+    /// Drops down the list or the calendar, if the column has one.
     void DropDown();
     CellPopup* Popup() { return popup_; }
 

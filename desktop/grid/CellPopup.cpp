@@ -17,7 +17,7 @@ namespace clb {
 
 namespace {
 
-/// The program's own arrows, and weekends that read well on light and dark.
+/// Gives the calendar the program's own arrows, and weekends that are legible in light and dark.
 void Dress(QCalendarWidget& calendar)
 {
     const GridColors colors(calendar.palette());
@@ -29,7 +29,7 @@ void Dress(QCalendarWidget& calendar)
         auto* drawn = calendar.findChild<QToolButton*>(QLatin1String(button));
         if (!drawn)
             return;
-        // They stand on the highlighted bar.
+        // The arrows are on the highlighted bar.
         const QSize size(calendar.fontMetrics().height(), calendar.fontMetrics().height());
         drawn->setIconSize(size);
         drawn->setIcon(QIcon(

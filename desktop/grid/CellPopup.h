@@ -1,3 +1,4 @@
+// The list or calendar that drops down from a cell.
 #pragma once
 #include <QDate>
 #include <QFrame>
@@ -9,18 +10,18 @@ class QListWidget;
 
 namespace clb {
 
-/// What drops down from a cell: a list of texts or a month's calendar. A click or Enter picks,
-/// Escape closes it. It deletes itself when closed.
+/// A list of texts or a calendar that drops down from a cell. A click or Enter picks, Escape
+/// closes. It deletes itself when it is closed.
 class CellPopup : public QFrame {
 public:
-    /// texts in a list of at most `rows` lines, the current one marked.
+    /// Shows the texts in a list of at most `rows` visible lines, with the current one marked.
     static CellPopup* List(QWidget* parent, const QStringList& texts, const QString& current,
                            int rows, std::function<void(const QString&)> pick);
     static CellPopup* Calendar(QWidget* parent, const QDate& day,
                                std::function<void(const QDate&)> pick);
 
-    /// Below a rectangle of the screen, above it where there is no room; at least as wide as
-    /// `least`.
+    /// Shows it below a rectangle of the screen, or above if there is no room. It is at least
+    /// `least` pixels wide.
     void ShowAt(const QRect& cell, int least);
     QListWidget* ListWidget() { return list_; }
     QCalendarWidget* CalendarWidget() { return calendar_; }

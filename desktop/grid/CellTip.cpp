@@ -13,7 +13,8 @@ namespace clb::cell_tip {
 
 QString Prepare(const std::string& text, int mostLines)
 {
-    // Cut before anything is laid out: a tip may list a hundred thousand transactions.
+    // The text is cut before it is laid out, because a tip may list a hundred thousand
+    // transactions.
     std::size_t end = 0;
     int lines = 0;
     while (lines < mostLines && end != std::string::npos) {

@@ -1,3 +1,4 @@
+// Shows the tip of a cell.
 #pragma once
 #include <QPoint>
 #include <QRect>
@@ -8,13 +9,13 @@ class QWidget;
 
 namespace clb {
 
-/// The text that shows when the pointer rests on a cell.
+/// The text that is shown when the pointer rests on a cell.
 namespace cell_tip {
-/// Shows the text beside the place until the pointer leaves the cell. Lines beyond the screen's
-/// height are left out, the last one shown is then "...".
+/// Shows the text beside the place until the pointer leaves the cell. A text that is higher than
+/// the screen is cut, and its last line is then "...".
 void Show(QWidget& viewport, const QPoint& place, const QRect& cell, const std::string& text);
 void Hide();
-/// The first lines of a text, "..." for the rest; always plain text to a tool tip.
+/// The first lines of a text, with "..." for the rest. A tool tip shows the result as plain text.
 QString Prepare(const std::string& text, int mostLines);
 }  // namespace cell_tip
 

@@ -19,21 +19,21 @@ namespace clb {
 
 namespace {
 
-constexpr int Gap = 8;
-constexpr int OpenBook = 7;
+constexpr int kGap = 8;
+constexpr int kOpenBook = 7;
 
 /// A button that looks like a link.
 class LinkButton : public QPushButton {
 public:
     explicit LinkButton(QWidget* parent) : QPushButton(parent)
     {
-        // The mouse does not take the focus from where the user works.
+        // A click does not move the focus away from where the user works.
         setFocusPolicy(Qt::TabFocus);
         setCursor(Qt::PointingHandCursor);
     }
     QSize sizeHint() const override
     {
-        return {fontMetrics().horizontalAdvance(text()) + 2 * Gap, fontMetrics().height() + Gap};
+        return {fontMetrics().horizontalAdvance(text()) + 2 * kGap, fontMetrics().height() + kGap};
     }
 
 protected:
@@ -87,8 +87,8 @@ EmptyState::EmptyState(QAbstractScrollArea& grid)
         label->setAttribute(Qt::WA_TransparentForMouseEvents);
     }
     auto* all = new QVBoxLayout(this);
-    all->setSpacing(Gap);
-    all->setContentsMargins(0, PictureSide(*this) + Gap, 0, 0);
+    all->setSpacing(kGap);
+    all->setContentsMargins(0, PictureSide(*this) + kGap, 0, 0);
     all->addWidget(title_);
     all->addWidget(text_);
     all->addLayout(row_);
@@ -119,9 +119,9 @@ void EmptyState::Follow(const std::optional<EmptyHint>& hint, const QRect& room)
         return Hide(*this);
     if (*hint != shown_)
         Take(*hint);
-    const int width = std::min(room.width() - 2 * Gap, fontMetrics().averageCharWidth() * 64);
+    const int width = std::min(room.width() - 2 * kGap, fontMetrics().averageCharWidth() * 64);
     const int height = layout()->totalHeightForWidth(width);
-    if (width < layout()->totalMinimumSize().width() || height > room.height() - Gap)
+    if (width < layout()->totalMinimumSize().width() || height > room.height() - kGap)
         return Hide(*this);
     // A little above the middle, where the eye looks first.
     setGeometry(room.left() + (room.width() - width) / 2,
@@ -142,7 +142,7 @@ void EmptyState::Take(const EmptyHint& hint)
                 [&wanted = item](const EmptyHint::Way& way) { return way.item == wanted; }))
             Hide(*link);
     row_->addStretch(1);
-    // Tab reaches them behind the grid's cells.
+    // Tab reaches the links after the grid's cells.
     QWidget* before = &grid_;
     for (const EmptyHint::Way& way : hint.ways) {
         QPushButton* link = LinkTo(way.item);
@@ -172,7 +172,7 @@ QString EmptyState::Words() const
 
 void EmptyState::Hide(QWidget& part)
 {
-    // What had the focus gives it back to the grid.
+    // If the part has the focus, the grid gets it back.
     const QWidget* focused = QApplication::focusWidget();
     if (focused && (focused == &part || part.isAncestorOf(focused)))
         grid_.setFocus(Qt::OtherFocusReason);
@@ -183,8 +183,8 @@ void EmptyState::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     const int side = PictureSide(*this);
-    icons::TreeImage(OpenBook).paint(&painter, QRect((width() - side) / 2, 0, side, side),
-                                     Qt::AlignCenter, QIcon::Disabled);
+    icons::TreeImage(kOpenBook).paint(&painter, QRect((width() - side) / 2, 0, side, side),
+                                      Qt::AlignCenter, QIcon::Disabled);
 }
 
 }  // namespace clb

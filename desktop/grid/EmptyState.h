@@ -1,3 +1,4 @@
+// What an empty grid shows instead of rows.
 #pragma once
 #include <QWidget>
 #include <functional>
@@ -13,8 +14,8 @@ class QPushButton;
 
 namespace clb {
 
-/// What stands in the free room of an empty grid: why there is nothing, and links to the commands
-/// that change that.
+/// Shows in the free room of an empty grid why there are no rows, with links to the commands that
+/// change that.
 class EmptyState : public QWidget {
 public:
     /// Runs the command of a menu item.
@@ -23,10 +24,10 @@ public:
     explicit EmptyState(QAbstractScrollArea& grid);
 
     void OnPress(Press press) { press_ = std::move(press); }
-    /// Shows the hint in the middle of the room; hides without one, and where it does not fit.
+    /// Shows the hint in the middle of the room. Hides if there is no hint, or if it does not fit.
     void Follow(const std::optional<EmptyHint>& hint, const QRect& room);
 
-    /// Title and text in one.
+    /// Title and text as one text.
     [[nodiscard]] QString Words() const;
 
 protected:

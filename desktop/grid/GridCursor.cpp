@@ -9,15 +9,15 @@ namespace clb {
 
 namespace {
 
-constexpr int Everything = 1 << 30;
+constexpr int kEverything = 1 << 30;
 
 }  // namespace
 
 bool GridCursor::Navigate(int key, bool toEnds)
 {
     switch (key) {
-        case Qt::Key_Up: return MoveRows(toEnds ? -Everything : -1);
-        case Qt::Key_Down: return MoveRows(toEnds ? Everything : 1);
+        case Qt::Key_Up: return MoveRows(toEnds ? -kEverything : -1);
+        case Qt::Key_Down: return MoveRows(toEnds ? kEverything : 1);
         case Qt::Key_PageUp: return MoveRows(-RowsPerPage());
         case Qt::Key_PageDown: return MoveRows(RowsPerPage());
         case Qt::Key_Left:

@@ -20,7 +20,8 @@ bool IsEnter(int key)
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-/// Whether a key writes something. Control and Alt together are the third level of a keyboard.
+/// Whether a key writes a character. Control and Alt together are the third level of a keyboard
+/// (AltGr).
 bool Writes(const QKeyEvent& event)
 {
     const Qt::KeyboardModifiers held =
@@ -39,7 +40,7 @@ char32_t FirstCharacter(const QString& text)
 
 bool GridEditing::Begin(char32_t key)
 {
-    // What does not fit the event's 16 bits counts as no key.
+    // The event has 16 bits. A character that does not fit counts as no key.
     const bool fits = key <= static_cast<char32_t>(std::numeric_limits<std::int16_t>::max());
     bool begun = false;
     events_.RunOnRow([&] { begun = grid_.BeginEdit(fits ? static_cast<std::int16_t>(key) : 0); });

@@ -13,7 +13,7 @@ class CellEditor;
 class GridCursor;
 class UserEvents;
 
-/// Begins, fills and ends the edit of a grid's current cell as the user's keys say.
+/// Begins, fills and ends the edit of a grid's current cell by the user's keys.
 class GridEditing {
 public:
     /// All borrowed; they outlive this.

@@ -13,10 +13,10 @@ namespace {
 
 int InnerWidth(const GridLayout::Span& span)
 {
-    return span.width - 2 * GridPainter::Padding;
+    return span.width - 2 * GridPainter::kPadding;
 }
 
-/// Whether a caption too long for its column stands on two lines: no word may be cut.
+/// Whether a caption that is too long for its column fits on two lines without cutting a word.
 bool Wraps(const QString& caption, const QFontMetrics& metrics, int width)
 {
     if (!caption.contains(u' ') || metrics.horizontalAdvance(caption) <= width)
@@ -69,7 +69,7 @@ void GridHeader::mouseDoubleClickEvent(QMouseEvent* event)
 int GridHeader::CaptionWidth(std::int32_t column) const
 {
     const QString caption = ToQString(grid_.Columns().Item(column).caption);
-    return QFontMetrics(CaptionFont()).horizontalAdvance(caption) + 2 * GridPainter::Padding + 1;
+    return QFontMetrics(CaptionFont()).horizontalAdvance(caption) + 2 * GridPainter::kPadding + 1;
 }
 
 QFont GridHeader::CaptionFont() const
@@ -116,7 +116,7 @@ void GridHeader::DrawCaption(QPainter& painter, const GridLayout::Span& span) co
     cell.setBottom(height() - 1);
     painter.setPen(colors.frame);
     painter.drawLine(cell.topRight(), cell.bottomRight());
-    const QRect inner = cell.adjusted(GridPainter::Padding, 0, -GridPainter::Padding, 0);
+    const QRect inner = cell.adjusted(GridPainter::kPadding, 0, -GridPainter::kPadding, 0);
     const bool wraps = Wraps(caption, painter.fontMetrics(), inner.width());
     painter.setPen(colors.text);
     painter.drawText(

@@ -1,3 +1,4 @@
+// The captions above the grid's columns.
 #pragma once
 #include <QWidget>
 #include <functional>
@@ -7,12 +8,13 @@
 
 namespace clb {
 
-/// The captions above the grid's columns; they move sideways with the cells. One that is too long
-/// for its column makes all of the header two lines high. The line right of a caption is dragged to
-/// make its column narrower or wider; a double click fits the column to what it shows.
+/// Draws the captions above the grid's columns, which scroll sideways with the cells. If a caption
+/// is too long for its column, the whole header is two lines high. The user drags the line to the
+/// right of a caption to resize its column. A double click on that line fits the column to its
+/// contents.
 class GridHeader : public QWidget {
 public:
-    /// What dragging and double clicking a column's line do.
+    /// Called when the user drags or double clicks the line of a column.
     struct Actions {
         std::function<void(std::int32_t column, int width)> resize;
         std::function<void(std::int32_t column)> fit;
@@ -22,7 +24,7 @@ public:
                QWidget* parent);
 
     [[nodiscard]] QSize sizeHint() const override;
-    /// Width that the caption needs.
+    /// The width in pixels that the caption needs.
     [[nodiscard]] int CaptionWidth(std::int32_t column) const;
 
 protected:

@@ -49,13 +49,13 @@ std::int32_t GridLayout::ColumnAt(int x) const
 
 std::int32_t GridLayout::LineAt(int x) const
 {
-    constexpr int reach = 4;
+    constexpr int kReach = 4;
     if (x < selectorWidth_)
         return 0;
     const int inside = x - selectorWidth_ + scrollLeft_;
-    // From the right, so that a column made very narrow can be made wider again.
+    // Searched from the right, so that a very narrow column can be made wider again.
     const auto found = std::find_if(spans_.rbegin(), spans_.rend(), [inside](const Span& span) {
-        return std::abs(inside - (span.left + span.width)) <= reach;
+        return std::abs(inside - (span.left + span.width)) <= kReach;
     });
     return found == spans_.rend() ? 0 : found->column;
 }

@@ -1,3 +1,4 @@
+// Where the grid's rows and columns are in its viewport.
 #pragma once
 #include <QRect>
 #include <cstddef>
@@ -8,14 +9,14 @@ namespace clb {
 
 class GridComponent;
 
-/// Where the grid's rows and columns stand in its viewport, in pixels.
+/// Where the grid's rows and columns are in its viewport, in pixels.
 ///
 ///   +----------+----------+----------+----
 ///   |          | heading  | heading  |       header
 ///   +----------+----------+----------+----
 ///   | selector |  cell    |  cell    |       one line for each displayed row
 ///
-/// All rows are equally high, so a row is found without walking the others.
+/// All rows have the same height, so a row is found without visiting the others.
 class GridLayout {
 public:
     struct Span {
@@ -24,13 +25,13 @@ public:
         int width = 0;
     };
 
-    /// Takes the shown columns and the number of rows anew.
+    /// Reads the shown columns and the number of rows.
     void Take(const GridComponent& grid);
     void RowHeight(int pixels) { rowHeight_ = pixels; }
     [[nodiscard]] int RowHeight() const { return rowHeight_; }
     void SelectorWidth(int pixels) { selectorWidth_ = pixels; }
     [[nodiscard]] int SelectorWidth() const { return selectorWidth_; }
-    /// Pixels that are scrolled out to the left and to the top.
+    /// Sets how many pixels are scrolled out at the left and at the top.
     void Scroll(int left, int top);
 
     [[nodiscard]] const std::vector<Span>& Spans() const { return spans_; }
@@ -43,13 +44,14 @@ public:
     [[nodiscard]] std::size_t RowAt(int y) const;
     /// Column at a place of the viewport; 0 on the selector and beside the columns.
     [[nodiscard]] std::int32_t ColumnAt(int x) const;
-    /// Column whose right line is within a few pixels of a place of the viewport; 0 for none.
+    /// The column whose right line is within a few pixels of a place in the viewport. Returns 0 if
+    /// there is none.
     [[nodiscard]] std::int32_t LineAt(int x) const;
     [[nodiscard]] int RowTop(std::size_t row) const;
     [[nodiscard]] QRect CellRect(std::size_t row, const Span& span) const;
     /// Empty for a column that is not shown.
     [[nodiscard]] QRect CellRect(std::size_t row, std::int32_t column) const;
-    /// The whole line but its selector.
+    /// The whole row without its selector.
     [[nodiscard]] QRect RowRect(std::size_t row) const;
     [[nodiscard]] QRect SelectorRect(std::size_t row) const;
     /// The shown column `steps` to the right (negative: left) of a column; 0 when there is none.

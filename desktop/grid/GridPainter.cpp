@@ -12,7 +12,7 @@ namespace clb {
 
 namespace {
 
-// Painting must go on whatever the data store says: a cell that cannot be read stays blank.
+// An error in reading a cell must not stop the painting. The cell stays blank.
 template <typename Read>
 auto Readable(const Read& read) -> decltype(read())
 {
@@ -89,7 +89,8 @@ void GridPainter::DrawRow(std::size_t row)
 
 void GridPainter::DrawCells(std::size_t row)
 {
-    // Always the whole row from left to right: a calculated cell may build on the one before it.
+    // The whole row is drawn from left to right, because a calculated cell may depend on the one
+    // before it.
     for (const GridLayout::Span& span : layout_.Spans())
         DrawCell(row, span);
 }
@@ -109,14 +110,14 @@ void GridPainter::DrawCell(std::size_t row, const GridLayout::Span& span)
 
 void GridPainter::DrawCellText(const QRect& cell, const QString& text, bool right, bool negative)
 {
-    const QRect inner = cell.adjusted(Padding, 0, -Padding, -1);
+    const QRect inner = cell.adjusted(kPadding, 0, -kPadding, -1);
     if (text.isEmpty() || inner.width() <= 0)
         return;
     const QFontMetrics metrics = painter_.fontMetrics();
     QString shown = text;
     shown.replace(QLatin1Char('\r'), QLatin1Char(' ')).replace(QLatin1Char('\n'), QLatin1Char(' '));
     if (metrics.horizontalAdvance(shown) > inner.width()) {
-        // A figure without its end would be another figure.
+        // A number without its last digits would be a wrong number.
         shown = right ? QString(inner.width() / std::max(1, metrics.horizontalAdvance(u'#')), u'#')
                       : metrics.elidedText(shown, Qt::ElideRight, inner.width());
     }
@@ -140,7 +141,7 @@ void GridPainter::DrawHeading(std::size_t row)
     painter_.save();
     painter_.setFont(Bold());
     painter_.setPen(colors_.text);
-    painter_.drawText(line.adjusted(line.height(), 0, -Padding, 0), Qt::AlignVCenter,
+    painter_.drawText(line.adjusted(line.height(), 0, -kPadding, 0), Qt::AlignVCenter,
                       ToQString(grid_.Rows().HeadingText(row)));
     painter_.restore();
 }
@@ -150,11 +151,11 @@ void GridPainter::DrawFooter(std::size_t row)
     const QRect line = layout_.RowRect(row);
     const auto style = grid_.Styles().find("GroupFooter");
     QColor back = colors_.base;
-    if (style != grid_.Styles().end() && style->second.backColor == system_color::ButtonFace)
+    if (style != grid_.Styles().end() && style->second.backColor == system_color::kButtonFace)
         back = colors_.buttonFace;
     painter_.fillRect(line, row == grid_.Row() ? colors_.currentRow : back);
     painter_.setPen(colors_.text);
-    painter_.drawText(line.adjusted(line.height(), 0, -Padding, 0), Qt::AlignVCenter,
+    painter_.drawText(line.adjusted(line.height(), 0, -kPadding, 0), Qt::AlignVCenter,
                       ToQString(Readable([&] { return grid_.FooterText(row); })));
 }
 

@@ -1,3 +1,4 @@
+// Draws the rows of the grid.
 #pragma once
 #include <QFont>
 #include <QRect>
@@ -12,7 +13,7 @@ namespace clb {
 
 class GridComponent;
 
-/// Draws the lines of the grid that a rectangle of its viewport touches, and no others.
+/// Draws only the rows of the grid that intersect a rectangle of its viewport.
 class GridPainter {
 public:
     /// focused: whether the grid has the focus. All borrowed for the painting.
@@ -21,7 +22,7 @@ public:
     void Draw(const QRect& area);
 
     /// Space between a cell's edge and its text.
-    static constexpr int Padding = 6;
+    static constexpr int kPadding = 6;
 
 private:
     void DrawRow(std::size_t row);
@@ -44,9 +45,9 @@ private:
     bool focused_;
 };
 
-/// Text flags of cells and captions: in the middle of the line, at one of its sides.
+/// The text flags of cells and captions: vertically centred, at the left or the right.
 int CellAlignment(bool right);
-/// The arrow of a group heading, to the right when folded, else downwards.
+/// Draws the arrow of a group heading. It points to the right if the group is folded, else down.
 void DrawFoldArrow(QPainter& painter, const QRect& place, bool folded, const QColor& color);
 
 }  // namespace clb

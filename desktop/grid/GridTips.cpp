@@ -37,7 +37,7 @@ void GridTips::ShowAt(const QPoint& place)
         const std::size_t now = grid_.RowNow(row);
         if (now == 0)
             return;
-        // A pointer that rests is no command: what cannot be read has no tip, and no box either.
+        // Resting the pointer is not a command, so an error shows no tip and no message box either.
         try {
             if (const std::string text = TipOf(now, column); !text.empty())
                 cell_tip::Show(viewport_, place, layout_.CellRect(now, column), text);
@@ -53,9 +53,9 @@ std::string GridTips::TipOf(std::size_t row, std::int32_t column)
         return *text;
     if (grid_.Rows().Kind(row) != GridRowKind::Data)
         return {};
-    // What the cell has no room for.
+    // The cell's text, if the cell has no room for it.
     const std::string text = grid_.CellText(row, column);
-    const int room = layout_.CellRect(row, column).width() - 2 * GridPainter::Padding;
+    const int room = layout_.CellRect(row, column).width() - 2 * GridPainter::kPadding;
     return viewport_.fontMetrics().horizontalAdvance(ToQString(text)) > room ? text : std::string();
 }
 

@@ -17,7 +17,7 @@ namespace clb {
 
 namespace {
 
-constexpr int WidthStep = 8;  // pixels that a key makes a column wider
+constexpr int kWidthStep = 8;  // pixels that a key makes a column wider
 
 }  // namespace
 
@@ -40,12 +40,12 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
       tips_(grid, layout_, events, *viewport()),
       announcer_(*this, grid, events)
 {
-    // The mouse gives the focus by way of the model, which may refuse it.
+    // A click asks the model for the focus, which may refuse it.
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_InputMethodEnabled);
     viewport()->setMouseTracking(true);
     setFrameShape(QFrame::NoFrame);
-    verticalScrollBar()->setFixedWidth(grid_metrics::ScrollBar);
+    verticalScrollBar()->setFixedWidth(grid_metrics::kScrollBar);
     MeasureFonts();
     grid_.Changed().connect(sigc::track_obj([this] { Sync(); }, *this));
     grid_.RedrawChanged().connect(sigc::track_obj([this](bool on) { RedrawChanged(on); }, *this));
@@ -64,7 +64,7 @@ QAccessibleInterface* GridView::MakeAccessible()
 void GridView::MeasureFonts()
 {
     layout_.RowHeight(fontMetrics().height() + 8);
-    layout_.SelectorWidth(grid_metrics::Selector);
+    layout_.SelectorWidth(grid_metrics::kSelector);
     verticalScrollBar()->setSingleStep(layout_.RowHeight());
     horizontalScrollBar()->setSingleStep(layout_.RowHeight());
 }
@@ -254,7 +254,7 @@ void GridView::FitColumn(std::int32_t column)
 {
     events_.Run([&] {
         int width = header_->CaptionWidth(column);
-        // Only what is in sight: fitting reads no rows that are not drawn anyway.
+        // Fitting reads only the visible rows, which are drawn anyway.
         std::size_t row = layout_.RowAt(0);
         for (; row != 0 && row <= layout_.RowCount() && layout_.RowTop(row) < viewport()->height();
              ++row) {
@@ -262,7 +262,7 @@ void GridView::FitColumn(std::int32_t column)
                 continue;
             const QString text = ToQString(grid_.CellText(row, column));
             width = std::max(width,
-                             fontMetrics().horizontalAdvance(text) + 2 * GridPainter::Padding + 2);
+                             fontMetrics().horizontalAdvance(text) + 2 * GridPainter::kPadding + 2);
         }
         grid_.ResizeColumn(column, width);
     });
@@ -296,8 +296,8 @@ bool GridView::ColumnByKey(const QKeyEvent& event)
         case Qt::Key_Left:
         case Qt::Key_Right:
             events_.Run([&] {
-                grid_.ResizeColumn(column,
-                                   width + (event.key() == Qt::Key_Left ? -WidthStep : WidthStep));
+                grid_.ResizeColumn(
+                    column, width + (event.key() == Qt::Key_Left ? -kWidthStep : kWidthStep));
             });
             return true;
         case Qt::Key_F: FitColumn(column); return true;
@@ -307,11 +307,11 @@ bool GridView::ColumnByKey(const QKeyEvent& event)
 
 bool GridView::focusNextPrevChild(bool next)
 {
-    // Tab walks the cells; beyond the first and the last one it leaves the grid.
+    // Tab goes from cell to cell. Past the first and the last one it leaves the grid.
     if (!editing_.End() || cursor_.MoveCell(next ? 1 : -1))
         return true;
     if (next && grid_.Dirty()) {
-        // The new row is complete: on to the next one.
+        // The new row is complete, so the next one begins.
         cursor_.KeepRow();
         return true;
     }

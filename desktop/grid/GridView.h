@@ -1,3 +1,4 @@
+// The widget that draws a grid and takes its keys and clicks.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -23,19 +24,20 @@ class CellEditor;
 class GridHeader;
 class UserEvents;
 
-/// Draws a grid component and hands the user's keys and clicks on to it. Only the rows in sight are
+/// Draws a grid component and hands the user's keys and clicks to it. Only the visible rows are
 /// read and drawn, so a hundred thousand rows scroll as quickly as ten.
 ///
-/// Arrows, Tab, Home, End, Page up and down move the current cell, with Control to the ends of the
-/// grid; on a group heading Left, Right, + and - fold and open it, Space, Enter and a double click
-/// do either. Control+Shift+Left and Right make the current column narrower and wider,
-/// Control+Shift+F fits it to what it shows; Control+F1 shows the current cell's tip. A double
-/// click, F2, F4 or typing edits a cell; Enter keeps the row and goes to the next, on the new row's
-/// line to a new one again; Escape gives up the cell, then the row.
+/// Arrows, Tab, Home, End, Page up and Page down move the current cell; with Control they move it
+/// to the ends of the grid. On a group heading, Left, Right, + and - fold or open the group; Space,
+/// Enter and a double click toggle it. Control+Shift+Left and Control+Shift+Right make the current
+/// column narrower and wider, and Control+Shift+F fits it to its contents. Control+F1 shows the
+/// current cell's tip. A double click, F2, F4 or typing edits a cell. Enter saves the row and goes
+/// to the next one, from a new row to another new row. Escape gives up the cell's edit, then the
+/// row's changes.
 class GridView : public QAbstractScrollArea, public sigc::trackable {
 public:
-    /// takeFocus asks for the focus when the user clicks; false refuses the click. grid and events
-    /// are borrowed and outlive the view.
+    /// takeFocus asks for the focus when the user clicks. If it returns false, the click does
+    /// nothing. grid and events are borrowed and outlive the view.
     GridView(GridComponent& grid, UserEvents& events, std::function<bool()> takeFocus,
              QWidget* parent = nullptr);
 
@@ -44,18 +46,19 @@ public:
     [[nodiscard]] const GridLayout& Layout() const { return layout_; }
     /// What screen readers know of the grid; the toolkit owns it.
     QAccessibleInterface* MakeAccessible();
-    /// Takes the focus and makes the cell current, as a click does; false when that is refused.
+    /// Takes the focus and makes the cell current, as a click does. Returns false if that was
+    /// refused.
     bool GoTo(std::size_t row, std::int32_t column);
-    /// Edits the current cell, folds or opens the current group.
+    /// Edits the current cell, or folds or opens the current group.
     void Open();
     CellEditor& Editor() { return *editor_; }
     GridHeader& Header() { return *header_; }
-    /// What stands in the free room when there are no rows: `hint` tells it, `press` runs a way's
-    /// menu item.
+    /// Sets what the free room shows if there are no rows: `hint` returns it, and `press` runs the
+    /// menu item of one of its links.
     void WhenEmpty(std::function<std::optional<EmptyHint>()> hint, EmptyState::Press press);
     void FollowHint();
     EmptyState& Empty() { return *empty_; }
-    /// Scrolls until the current cell is in sight.
+    /// Scrolls until the current cell is visible.
     void ShowCurrentCell();
 
 protected:

@@ -1,3 +1,4 @@
+// The letters that reach the controls of a dialog with Alt.
 #pragma once
 #include <QSet>
 #include <QString>
@@ -6,12 +7,12 @@
 
 namespace clb {
 
-/// Gives the captions of one dialog the letters that reach them with Alt, no letter twice: the
-/// first of a word where one is free, else any.
+/// Gives each caption of a dialog a letter that reaches it with Alt. No letter is used twice. The
+/// first letters of words are preferred.
 class AccessKeys {
 public:
-    /// The caption of a control as the toolkit takes it, with "&" before its letter. A control
-    /// keeps its letter as long as its caption has it.
+    /// The control's caption with "&" before its letter, as the toolkit expects it. A control keeps
+    /// its letter for as long as its caption contains it.
     QString Mark(const std::string& control, const QString& caption);
 
 private:

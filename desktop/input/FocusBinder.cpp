@@ -13,7 +13,7 @@ FocusBinder::FocusBinder(Form& form, UserEvents& events) : form_(form), events_(
 
 void FocusBinder::Add(Control& control, QWidget& widget, const std::vector<QWidget*>& parts)
 {
-    // The toolkit gives the focus by Tab only; a click asks the form first.
+    // Only Tab moves the toolkit's focus by itself. A click asks the form first.
     if (widget.focusPolicy() != Qt::NoFocus)
         widget.setFocusPolicy(Qt::TabFocus);
     widgets_[&control] = &widget;

@@ -1,3 +1,4 @@
+// The toolkit's focus follows the focus of a form.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -13,17 +14,18 @@ namespace clb {
 
 class UserEvents;
 
-/// Keeps the toolkit's focus where the form's is. The form decides: before the user gets to another
-/// control, by mouse or by keys, the one that has the focus is asked, and when it refuses the focus
-/// goes back to it.
+/// Keeps the toolkit's focus on the control that has the form's focus. The form decides: before the
+/// focus moves, by mouse or by keys, the control that has it is asked. If it refuses, it gets the
+/// focus back.
 class FocusBinder : public QObject, public sigc::trackable {
 public:
     /// Both borrowed; they outlive the binder.
     FocusBinder(Form& form, UserEvents& events);
 
-    /// The widget that has the focus for a control, and others that belong to it.
+    /// Adds the widget that takes the focus for a control, and other widgets that belong to the
+    /// same control.
     void Add(Control& control, QWidget& widget, const std::vector<QWidget*>& parts = {});
-    /// Puts the toolkit's focus where the form's is.
+    /// Moves the toolkit's focus to the control that has the form's.
     void Sync();
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,3 +1,4 @@
+// Recognises and blocks what the user does.
 #pragma once
 #include <QCoreApplication>
 #include <QEvent>
@@ -5,7 +6,7 @@
 
 namespace clb {
 
-/// Whether an event of a window is something that the user does to it.
+/// Whether an event of a window is input of the user.
 inline bool IsInput(const QEvent& event)
 {
     switch (event.type()) {
@@ -33,7 +34,7 @@ inline bool IsInput(const QEvent& event)
     }
 }
 
-/// As long as it lives the program takes no input; it goes on painting.
+/// Blocks all input for its own lifetime. The program still paints.
 class InputBlock : public QObject {
 public:
     InputBlock() { QCoreApplication::instance()->installEventFilter(this); }

@@ -39,7 +39,7 @@ bool UserEvents::Perform(const std::function<void()>& action, bool onRow)
     if (++depth_ == 1 && prepare_)
         rowThere = Report([&] { rowThere = prepare_(); }) && rowThere;
     bool done = !BrokenOff() && (rowThere || !onRow) && Report(action);
-    // A command that a signal came across is not kept.
+    // A command that a signal interrupted is not kept.
     if (settle_ && !BrokenOff() && !Interruption::Asked())
         done = Report(settle_) && done;
     if (redraw_)
@@ -58,7 +58,7 @@ void UserEvents::PassOn() const
         std::rethrow_exception(broken_);
 }
 
-// The toolkit's event loop must not be left by an exception, so these are the last stop of all.
+// No exception may reach the toolkit's event loop, so these functions catch everything.
 
 bool UserEvents::Report(const std::function<void()>& action)
 {
@@ -80,7 +80,7 @@ void UserEvents::Draw()
     } catch (const RuntimeError& error) {
         Tell(error.what());
     } catch (...) {
-        return;  // without memory for it now; the next action draws the window
+        return;  // no memory to draw now; the next action draws the window
     }
 }
 
@@ -102,7 +102,7 @@ void UserEvents::TellBroken()
     try {
         std::rethrow_exception(std::exchange(broken_, nullptr));
     } catch (const Interrupted&) {
-        return;  // the program ends as soon as its loop goes on
+        return;  // the program ends when its loop continues
     } catch (const std::bad_alloc&) {
         Tell(kNoMemory);
     } catch (const std::exception& error) {

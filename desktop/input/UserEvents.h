@@ -1,3 +1,4 @@
+// Runs the actions of the user.
 #pragma once
 #include <exception>
 #include <functional>
@@ -7,36 +8,38 @@
 
 namespace clb {
 
-/// Runs what an action of the user starts. A RuntimeError that no handler caught is told in a
-/// message box, then the program goes on. Whatever was written is made durable before the window is
-/// drawn again. Any other exception, such as std::bad_alloc, breaks the whole command off: it is
-/// taken back, the actions within it included, and the box says so.
+/// Runs what an action of the user starts. A RuntimeError that no handler caught is shown in a
+/// message box, and the program goes on. What was written is made durable before the window is
+/// drawn again. Any other exception, such as std::bad_alloc, breaks off the whole command: it is
+/// taken back with the actions within it, and a message box says so.
 class UserEvents {
 public:
     /// messages is borrowed and outlives this.
     explicit UserEvents(IMessageBox& messages) : messages_(messages) {}
 
-    /// What makes the changes durable, what brings the window up to date afterwards, and what takes
-    /// back a command that was broken off.
+    /// Sets what makes the changes durable, what updates the window afterwards, and what takes back
+    /// a command that was broken off.
     void Attach(std::function<void()> settle, std::function<void()> redraw,
                 std::function<void()> abandon = {});
-    /// What to do before each outermost action. False: the grid's current row is gone, so an action
-    /// on it is left out.
+    /// Sets what runs before each outermost action. If it returns false, the grid's current row is
+    /// gone, and an action on that row does not run.
     void Before(std::function<bool()> prepare) { prepare_ = std::move(prepare); }
-    /// What to do each time the outermost action is over.
+    /// Sets what runs each time the outermost action has ended.
     void WhenIdle(std::function<void()> idle) { idle_ = std::move(idle); }
-    /// Whether an action is on its way.
+    /// Whether an action is running.
     [[nodiscard]] bool Running() const { return depth_ > 0; }
-    /// False when the action ended with an error. Actions may start others, as a dialog does.
+    /// Returns false if the action ended with an error. An action may start others, as a dialog
+    /// does.
     bool Run(const std::function<void()>& action);
     /// The same for an action that works on the grid's current row.
     bool RunOnRow(const std::function<void()>& action);
     /// Whether the command was broken off by an action within it.
     [[nodiscard]] bool BrokenOff() const { return broken_ != nullptr; }
-    /// Ends the outer action as well, for a dialog whose action broke the command off. Does nothing
-    /// otherwise.
+    /// Throws again what broke off the command, so that the outer action of a dialog ends too. Does
+    /// nothing if nothing was broken off.
     void PassOn() const;
-    /// What to do when an action is broken off: a dialog closes. Returns what was set before.
+    /// Sets what runs when an action is broken off, such as closing a dialog. Returns what was set
+    /// before.
     std::function<void()> WhenBroken(std::function<void()> close);
 
 private:

@@ -1,10 +1,11 @@
+// Follows the desktop when its colours change.
 #pragma once
 #include <QObject>
 
 namespace clb {
 
-/// Keeps to the desktop's colours what the toolkit would leave behind when they change: tips,
-/// links. Lives as long as the application.
+/// Updates the colours of tips and links when the desktop's colours change, which the toolkit does
+/// not do. Lives as long as the application.
 class Appearance : public QObject {
 public:
     Appearance();

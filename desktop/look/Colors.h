@@ -1,17 +1,19 @@
+// Colours that stand out from each other.
 #pragma once
 #include <QColor>
 #include <QPalette>
 
 namespace clb {
 
-/// `part` of the first colour, the rest of the second.
+/// Mixes two colours: `part` (0 to 1) of the first, the rest of the second.
 QColor Mix(const QColor& first, const QColor& second, double part);
-/// How well a colour stands out from another: 1 not at all, to 21 black from white. Texts want 4.5,
+/// The contrast of two colours, from 1 (the same colour) to 21 (black and white). Texts need 4.5,
 /// pictures and frames 3.
 double Contrast(const QColor& one, const QColor& other);
-/// The colour, made darker or lighter as far as it must be to stand out from what is behind it.
+/// Makes a colour darker or lighter until its contrast with the colour behind it is at least
+/// `least`.
 QColor Readable(const QColor& color, const QColor& behind, double least = 4.5);
-/// Whether the palette is of light texts on dark.
+/// Whether the palette has light text on a dark background.
 bool IsDark(const QPalette& palette);
 
 }  // namespace clb

@@ -1,9 +1,11 @@
+// The colours of the grid.
 #pragma once
 #include "desktop/look/Colors.h"
 
 namespace clb {
 
-/// The grid's colours, derived from the desktop's palette so that light and dark both read well.
+/// The grid's colours, derived from the desktop's palette so that they are legible in light and
+/// dark.
 struct GridColors {
     explicit GridColors(const QPalette& palette);
 

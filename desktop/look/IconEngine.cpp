@@ -14,11 +14,11 @@ namespace clb {
 namespace {
 
 // The colours that the drawings are made of. Others, as those of the program's own icon, stay.
-constexpr const char* Ink = "#404a52";
-constexpr const char* Blue = "#2b78b8";
-constexpr const char* Green = "#2c8f5c";
-constexpr const char* Red = "#c6443a";
-constexpr double LeastContrast = 4.0;
+constexpr const char* kInk = "#404a52";
+constexpr const char* kBlue = "#2b78b8";
+constexpr const char* kGreen = "#2c8f5c";
+constexpr const char* kRed = "#c6443a";
+constexpr double kLeastContrast = 4.0;
 
 QByteArray Recolored(QByteArray drawing, QIcon::Mode mode)
 {
@@ -32,9 +32,9 @@ QByteArray Recolored(QByteArray drawing, QIcon::Mode mode)
                                                        : color;
         drawing.replace(own, shown.name().toLatin1());
     };
-    put(Ink, Mix(text, ground, 0.8));
-    for (const char* own : {Blue, Green, Red})
-        put(own, Readable(QColor(own), ground, LeastContrast));
+    put(kInk, Mix(text, ground, 0.8));
+    for (const char* own : {kBlue, kGreen, kRed})
+        put(own, Readable(QColor(own), ground, kLeastContrast));
     return drawing;
 }
 

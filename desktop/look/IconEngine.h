@@ -1,11 +1,12 @@
+// Draws the program's pictures in the desktop's colours.
 #pragma once
 #include <QIconEngine>
 
 namespace clb {
 
 /// Draws one of the program's pictures in the colours of the desktop: the drawings' own few colours
-/// are replaced by ones that stand out from the palette's ground, so that one drawing serves light
-/// and dark. Always from the vectors, at the device's own pixels.
+/// are replaced by ones that stand out from the palette's background, so that one drawing serves
+/// light and dark. It always draws from the vectors, in device pixels.
 class IconEngine : public QIconEngine {
 public:
     /// Name of a drawing below :/icons, without its extension.

@@ -1,3 +1,4 @@
+// The program's pictures.
 #pragma once
 #include <QIcon>
 #include <cstdint>

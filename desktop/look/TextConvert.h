@@ -1,3 +1,4 @@
+// Converts texts between the models and the toolkit.
 #pragma once
 #include <QString>
 #include <string>
@@ -5,7 +6,7 @@
 
 namespace clb {
 
-/// Texts of the models are UTF-8, those of the toolkit UTF-16.
+/// The models use UTF-8, the toolkit UTF-16.
 inline QString ToQString(std::string_view text)
 {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));

@@ -19,7 +19,7 @@ QDate ToQDate(const Date& date)
 DateFormPort::DateFormPort(const QLocale& locale)
     : locale_(locale), form_(locale.dateFormat(QLocale::ShortFormat))
 {
-    // Two digits would not tell 1926 from 2026.
+    // With two digits, 1926 and 2026 would look the same.
     if (!form_.contains(QStringLiteral("yyyy")))
         form_.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
 }

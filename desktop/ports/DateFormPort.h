@@ -1,3 +1,4 @@
+// Dates in the locale's form.
 #pragma once
 #include <QLocale>
 #include <QString>
@@ -6,8 +7,8 @@
 
 namespace clb {
 
-/// Dates in the short form of a locale, always with four digits for the year; yyyy-mm-dd is taken
-/// in any locale.
+/// Reads and writes dates in the short form of a locale, always with a year of four digits. It
+/// reads yyyy-mm-dd in any locale.
 class DateFormPort : public IDateForm {
 public:
     explicit DateFormPort(const QLocale& locale = QLocale::system());

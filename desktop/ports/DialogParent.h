@@ -1,11 +1,12 @@
+// The window that the next dialog belongs to.
 #pragma once
 
 class QWidget;
 
 namespace clb {
 
-/// The window above which the next dialog stands: the foremost dialog, else the main window;
-/// nullptr before there is one.
+/// The window that the next dialog opens above: the topmost dialog, else the main window. Returns
+/// nullptr if there is none yet.
 QWidget* DialogParent();
 
 }  // namespace clb

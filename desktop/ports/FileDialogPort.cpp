@@ -13,7 +13,8 @@ namespace clb {
 
 namespace {
 
-// Some desktops compare the case of file names, and statements come as .ofx and as .OFX.
+// Some desktops distinguish upper and lower case in file names, and statements are named .ofx or
+// .OFX.
 QStringList BothCases(const QString& patterns)
 {
     QStringList all;
@@ -54,7 +55,7 @@ QStringList FileDialogPort::NameFilters(const std::string& filter)
     QStringList filters;
     for (qsizetype at = 0; at + 1 < parts.size(); at += 2) {
         QString label = parts[at];
-        // The toolkit writes the patterns behind the description itself.
+        // The toolkit itself adds the patterns after the description.
         label = label.left(label.indexOf(u'(')).trimmed();
         filters << QStringLiteral("%1 (%2)").arg(label, BothCases(parts[at + 1]).join(u' '));
     }

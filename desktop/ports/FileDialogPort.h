@@ -1,3 +1,4 @@
+// Asks for files with the desktop's dialogs.
 #pragma once
 #include <QString>
 #include <QStringList>
@@ -8,15 +9,17 @@
 
 namespace clb {
 
-/// The desktop's own dialogs for choosing a file.
+/// Asks for files with the desktop's own dialogs.
 class FileDialogPort : public IFileDialog {
 public:
     std::optional<FileChoice> Ask(const FileQuestion& question) override;
 
-    /// Answers the next question with this file without asking: the user has dropped it.
+    /// Makes this file the answer to the next question, which is then not asked. The user has
+    /// dropped the file.
     void AnswerNext(const std::string& path) { dropped_ = path; }
 
-    /// "Statements|*.ofx;*.qif|" becomes "Statements (*.ofx *.OFX *.qif *.QIF)", one text a pair.
+    /// Converts a filter, one text for each pair: "Statements|*.ofx;*.qif|" becomes "Statements
+    /// (*.ofx *.OFX *.qif *.QIF)".
     static QStringList NameFilters(const std::string& filter);
 
 private:

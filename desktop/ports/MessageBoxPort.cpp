@@ -20,8 +20,8 @@ namespace clb {
 
 namespace {
 
-constexpr std::size_t MostBoxCharacters = 1200;
-constexpr std::ptrdiff_t MostBoxLines = 20;
+constexpr std::size_t kMostBoxCharacters = 1200;
+constexpr std::ptrdiff_t kMostBoxLines = 20;
 
 QPixmap IconOf(std::int32_t style, const QWidget& box)
 {
@@ -49,8 +49,8 @@ BoxAnswer AnswerOf(int button)
 
 bool MessageBoxPort::FitsBox(const std::string& text)
 {
-    return text.size() <= MostBoxCharacters &&
-           std::count(text.begin(), text.end(), '\n') < MostBoxLines;
+    return text.size() <= kMostBoxCharacters &&
+           std::count(text.begin(), text.end(), '\n') < kMostBoxLines;
 }
 
 std::unique_ptr<QDialog> MessageBoxPort::Build(const std::string& text, std::int32_t style,

@@ -1,3 +1,4 @@
+// Sets the mouse pointer.
 #pragma once
 #include "ports/IPointer.h"
 
@@ -13,8 +14,7 @@ private:
     std::int32_t code_ = pointer::Default;
 };
 
-/// The normal pointer for as long as this lives, whatever the program has set: the program waits
-/// for the user now.
+/// Shows the normal pointer for its own lifetime, because the program now waits for the user.
 class PlainPointer {
 public:
     PlainPointer();

@@ -1,3 +1,4 @@
+// Runs forms as dialogs.
 #pragma once
 #include "controls/Form.h"
 
@@ -5,7 +6,7 @@ namespace clb {
 
 class UserEvents;
 
-/// Shows forms as dialogs above the window in front.
+/// Shows forms as dialogs above the topmost window.
 class QtModalHost : public IModalHost {
 public:
     /// events is borrowed and outlives the host.

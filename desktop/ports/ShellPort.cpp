@@ -11,8 +11,8 @@ namespace clb {
 
 void ShellPort::Open(const std::string& address)
 {
-    // An address typed without "https://" in front is one all the same. What else the desktop opens
-    // may be a program, and the settings that name it may be somebody else's.
+    // An address may be typed without "https://". Anything else is not opened: it could be a
+    // program, and the settings that name it could come from somebody else.
     const QUrl url = QUrl::fromUserInput(ToQString(address));
     if (url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http"))
         QDesktopServices::openUrl(url);
@@ -21,7 +21,7 @@ void ShellPort::Open(const std::string& address)
 void ShellPort::Help(const std::string& file)
 {
     QFileInfo named(ToQString(file).replace(u'\\', u'/'));
-    // The manual is pages for the browser; a book of the named kind goes before them.
+    // The manual consists of pages for the browser. A help file of the given name is preferred.
     if (!named.exists())
         named.setFile(named.dir(), QStringLiteral("index.html"));
     QDesktopServices::openUrl(QUrl::fromLocalFile(named.absoluteFilePath()));

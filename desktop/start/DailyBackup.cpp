@@ -21,8 +21,8 @@ namespace clb {
 
 namespace {
 
-constexpr int LowPriority = 15;
-constexpr int LookEvery = 10 * 60 * 1000;  // milliseconds
+constexpr int kLowPriority = 15;
+constexpr int kLookEvery = 10 * 60 * 1000;  // milliseconds
 
 std::unique_ptr<QProcess> HelperFor(const QString& program, const std::string& folder,
                                     const Date& day)
@@ -33,7 +33,7 @@ std::unique_ptr<QProcess> HelperFor(const QString& program, const std::string& f
                           QStringLiteral("--home"), ToQString(folder)});
     helper->setStandardInputFile(QProcess::nullDevice());
     helper->setStandardErrorFile(QProcess::nullDevice());
-    // What ends the window's session does not end the backup.
+    // The backup does not end with the window's session.
     helper->setChildProcessModifier([] { setsid(); });
     return helper;
 }
@@ -51,7 +51,7 @@ DailyBackup::DailyBackup(QWidget& window, std::string folder, IClock& clock, Rep
     AfterFirstPaint(window, [self = QPointer<DailyBackup>(this)] {
         if (!self)
             return;
-        self->again_.start(LookEvery);
+        self->again_.start(kLookEvery);
         self->Look();
     });
     if (const auto failure = Backups(folder_).KeptFailure(); failure && !failure->damaged)
@@ -63,7 +63,7 @@ DailyBackup::~DailyBackup()
     if (!helper_)
         return;
     helper_->disconnect(this);
-    // Its destructor would end the process, so it is kept until the program has ended.
+    // Its destructor would kill the process, so the object is kept until the program has ended.
     static auto& goOn = *new std::vector<QProcess*>;
     goOn.push_back(helper_.release());
 }
@@ -77,7 +77,7 @@ void DailyBackup::Look()
     if (made)
         report_(std::nullopt);
     const bool first = !std::exchange(looked_, true);
-    // The first time also for the balances.
+    // The first run also checks the balances.
     if (!made || first)
         StartHelper();
 }
@@ -113,7 +113,7 @@ void DailyBackup::Ended(bool made)
 
 void DailyBackup::Tell(const std::optional<BackupFailure>& failure)
 {
-    // A damaged file does not mend itself; reading all of it again would only wear it.
+    // A damaged file does not repair itself, so reading all of it again is useless.
     if (failure && failure->damaged)
         again_.stop();
     report_(failure);
@@ -121,7 +121,7 @@ void DailyBackup::Tell(const std::optional<BackupFailure>& failure)
 
 int MakeDailyBackup(const std::optional<std::string>& home, const Date& day)
 {
-    setpriority(PRIO_PROCESS, 0, LowPriority);
+    setpriority(PRIO_PROCESS, 0, kLowPriority);
     const std::string folder = ProgramFolder(PlacesOf(home));
     const auto failure = Backups(folder).Daily(day);
     if (failure)
@@ -129,7 +129,7 @@ int MakeDailyBackup(const std::optional<std::string>& home, const Date& day)
     try {
         NoteOddBalances(folder, day);
     } catch (const RuntimeError&) {
-        // The next start looks again; what cannot be read "clb check" reports.
+        // The next start checks again. "clb check" reports what cannot be read.
     }
     return failure ? 1 : 0;
 }

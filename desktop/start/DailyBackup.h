@@ -1,3 +1,4 @@
+// Makes the day's backup in a process of its own.
 #pragma once
 #include <QObject>
 #include <QTimer>
@@ -15,20 +16,20 @@ namespace clb {
 
 class IClock;
 
-/// Has the day's backup of a program folder's database made by a process of its own, and reports
-/// how that ended. The process also looks at the balances, once in each run of the program.
+/// Starts a process that makes the day's backup of a program folder's database, and reports how it
+/// ended. Once in each run of the program, the process also checks the balances.
 class DailyBackup : public QObject {
 public:
-    /// Called with what failed, or with nothing once the day has its backup.
+    /// Called with the failure, or with nothing when the day has its backup.
     using Report = std::function<void(const std::optional<BackupFailure>&)>;
 
-    /// Begins once the window has been painted for the first time. Looks again every ten minutes:
-    /// for what failed before, and for a window that is open for days. Reports the failure of an
-    /// earlier start at once. Window and clock are borrowed and outlive this. The helper is the
-    /// program to run; empty: this one.
+    /// Begins when the window has been painted for the first time. Tries again every ten minutes,
+    /// if it failed before or if the window is open for days. Reports the failure of an earlier
+    /// start at once. Window and clock are borrowed and outlive this. The helper is the program to
+    /// run; empty: this one.
     DailyBackup(QWidget& window, std::string folder, IClock& clock, Report report,
                 QString helper = {});
-    /// The process goes on by itself.
+    /// The process continues without this.
     ~DailyBackup() override;
 
 private:
@@ -47,10 +48,10 @@ private:
     bool looked_ = false;              ///< the helper was started once
 };
 
-/// What that process does: the backup, and a look whether the balances fit their rows. Those that
-/// do not are added to the list of noticed ones, where the window sees them. It leaves the machine
-/// to others. Returns its exit code: 1 when there is no backup, and prints why in the lines of
-/// BackupFailure.
+/// Does the work of that process, at low priority: makes the backup, and checks whether the
+/// balances fit their rows. Balances that do not are added to the list of noticed ones, where the
+/// window sees them. Returns the exit code: 1 if there is no backup; the reason is then printed in
+/// the lines of BackupFailure.
 int MakeDailyBackup(const std::optional<std::string>& home, const Date& day);
 
 }  // namespace clb

@@ -49,7 +49,7 @@ constexpr int kWatchMilliseconds = 1000;
 
 std::string OpenFolder(const std::optional<std::string>& home)
 {
-    const std::string folder = ProgramFolder(PlacesOf(home));
+    std::string folder = ProgramFolder(PlacesOf(home));
     RemoveProgramLeftovers(folder);
     if (!home && IsUnused(folder))
         DeliverFolder(folder, EmptyDatabase());
@@ -63,7 +63,7 @@ std::unique_ptr<IClock> MakeClock(const StartOptions& options)
     return std::make_unique<SystemClock>();
 }
 
-/// A program of one user: its ports made real, the controller, the window.
+/// The program of one user: its ports, the controller and the window.
 class Program {
 public:
     Program(const std::string& folder, IClock& clock)
@@ -77,14 +77,14 @@ public:
         events_.Before([this] { return FollowOthers(); });
         watch_.start(kWatchMilliseconds);
         QObject::connect(&watch_, &QTimer::timeout, [this] { LookForOthers(); });
-        // Hiding the last window does not end the toolkit's loop; unloading it ends the program.
+        // Hiding the last window does not end the toolkit's loop. Unloading ends the program.
         controller_.Unloading().connect([] { QCoreApplication::quit(); });
         events_.WhenIdle([this] { stuck_.Follow(); });
     }
     ~Program()
     {
         events_.WhenIdle({});
-        // It is the whole application's, and another program may follow.
+        // The pointer belongs to the whole application, and another program may follow this one.
         pointer_.Pointer(pointer::Default);
     }
     Program(const Program&) = delete;
@@ -92,9 +92,9 @@ public:
     void Load() { controller_.Load(); }
     MainWindow& Window() { return window_; }
     frmController& Controller() { return controller_; }
-    /// Whether the user ended it to have a new one.
+    /// Whether the user ended it to start again.
     bool StartsAgain() const { return stuck_.StartsAgain(); }
-    /// Closes it because a signal has come. A row that is being typed is not saved.
+    /// Closes it because of a signal. A row that is being typed is not saved.
     void Close()
     {
         Interruption::Forget();
@@ -104,7 +104,7 @@ public:
         controller_.Grid.CancelEdit();
         controller_.Unload();
     }
-    /// Name of the backup to restore before the new one; empty: none.
+    /// Name of the backup to restore before it starts again; empty: none.
     const std::string& Restores() const { return stuck_.Restores(); }
     void Report(const std::optional<BackupFailure>& failure)
     {
@@ -115,7 +115,7 @@ public:
     IncomingFiles& Incoming() { return incoming_; }
 
 private:
-    /// Before each action; the numbers of rows and nodes are those that were drawn last.
+    /// Runs before each action. The action's row and node numbers are those that were drawn last.
     bool FollowOthers()
     {
         if (!controller_.Loaded())
@@ -124,13 +124,13 @@ private:
         controller_.Others().NodeNumbersReported();
         return controller_.Others().Follow();
     }
-    /// What another program writes shows by itself while the user only looks.
+    /// Shows what another program has written while the user does nothing.
     void LookForOthers()
     {
         if (!events_.Running() && controller_.window.Enabled() && OthersHaveWritten())
             events_.Run([] {});
     }
-    /// A file that cannot be asked is reported to the user's next action, not once a second.
+    /// If the file cannot be read, the user's next action reports it, not this check once a second.
     bool OthersHaveWritten()
     {
         try {
@@ -190,7 +190,7 @@ struct Ending {
     bool opened = true;           ///< and the files were taken
 };
 
-/// The day's backup, where this start is to make one.
+/// Begins the day's backup, if this start is to make one.
 std::unique_ptr<DailyBackup> BeginBackup(Program& program, const std::string& folder,
                                          const StartOptions& options, IClock& clock)
 {
@@ -222,7 +222,7 @@ Ending RunOnce(const std::string& folder, const StartOptions& options, IClock& c
         Follow(request, program.Window(), program.Incoming());
     });
     const QSocketNotifier told(EndingSignals::Descriptor(), QSocketNotifier::Read);
-    // Also leaves the loops of dialogs, which then count as cancelled.
+    // This also ends the loops of dialogs, which then count as cancelled.
     QObject::connect(&told, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
     const int exitCode = QApplication::exec();
     running.Serve({});
@@ -233,7 +233,7 @@ Ending RunOnce(const std::string& folder, const StartOptions& options, IClock& c
     return {exitCode, "", true};
 }
 
-/// The same; data that cannot be opened is offered to be restored.
+/// Runs the program once. If the data cannot be opened, offers to restore a backup.
 Ending RunOrRestore(const std::string& folder, const StartOptions& options, IClock& clock,
                     RunningProgram& running, const QStringList& files)
 {
@@ -297,7 +297,7 @@ int RunDesktop(int argc, char** argv, const StartOptions& options)
     try {
         return options.automate ? Automate(options, *clock) : Run(options, *clock);
     } catch (const Interrupted&) {
-        return 1;  // main ends by the signal
+        return 1;  // main ends with the signal
     } catch (const std::exception& error) {
         return ReportFailure(options, error);
     }

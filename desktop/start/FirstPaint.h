@@ -1,3 +1,4 @@
+// Waits for a window's first paint.
 #pragma once
 #include <functional>
 
@@ -5,7 +6,7 @@ class QWidget;
 
 namespace clb {
 
-/// Does something once, as soon as the window has been painted for the first time.
+/// Runs the action once, after the window has been painted for the first time.
 void AfterFirstPaint(QWidget& window, std::function<void()> action);
 
 }  // namespace clb

@@ -18,8 +18,8 @@ namespace clb {
 
 namespace {
 
-// The document keeps two centimetres of its own around the text.
-constexpr qreal MarginMillimetres = 5;
+// The document has margins of two centimetres of its own.
+constexpr qreal kMarginMillimetres = 5;
 
 int Fail(const std::string& what, bool asks)
 {
@@ -43,7 +43,7 @@ void Prepare(QPrinter& printer, const QTextDocument& document)
 {
     printer.setDocName(document.metaInformation(QTextDocument::DocumentTitle));
     printer.setPageMargins(
-        QMarginsF(MarginMillimetres, MarginMillimetres, MarginMillimetres, MarginMillimetres),
+        QMarginsF(kMarginMillimetres, kMarginMillimetres, kMarginMillimetres, kMarginMillimetres),
         QPageLayout::Millimeter);
 }
 

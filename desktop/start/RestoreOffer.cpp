@@ -32,11 +32,11 @@ QPushButton* AddButton(QMessageBox& box, const char* name, const QString& captio
     return button;
 }
 
-/// Part of the names of copies that were replaced by others.
+/// Part of the names of copies that have been replaced.
 constexpr const char* kBeforeRestore = "-before-restore";
 
-/// Whether all accounts can be read, without which no window opens. The restore itself reads the
-/// whole copy.
+/// Whether all accounts can be read; the window does not open otherwise. The restore itself reads
+/// the whole copy.
 bool HasAccounts(const std::string& copy)
 {
     try {
@@ -60,7 +60,7 @@ std::string BackupAgainst(const Backups& backups, const EngineError& error)
         return backups.LastGood();
     if (error.Number() != engine_errors::TypeMismatch)
         return {};
-    // A copy may have been made with the wrong cell in it already.
+    // The wrong cell may already be in the copy.
     const std::vector<std::string> names = backups.Names();
     for (auto name = names.rbegin(); name != names.rend(); ++name)
         if (name->find(kBeforeRestore) == std::string::npos && HasAccounts(backups.PathOf(*name)))

@@ -1,3 +1,4 @@
+// Offers to restore a backup.
 #pragma once
 #include <QString>
 #include <memory>

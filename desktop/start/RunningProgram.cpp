@@ -25,11 +25,11 @@ namespace clb {
 
 namespace {
 
-constexpr const char* Done = "done\n";
-constexpr qint64 LongestRequest = 16 * 1024 * 1024;
-constexpr unsigned long BetweenTries = 50;  // milliseconds
+constexpr const char* kDone = "done\n";
+constexpr qint64 kLongestRequest = 16 * 1024 * 1024;
+constexpr unsigned long kBetweenTries = 50;  // milliseconds
 
-/// The same name for every way to name a folder, another one for each user.
+/// The name is the same for each path of a folder, and differs for each user.
 QString SocketName(const QString& folder)
 {
     const QString whole = QFileInfo(folder).canonicalFilePath();
@@ -40,7 +40,7 @@ QString SocketName(const QString& folder)
         .arg(QString::fromLatin1(hash.toHex()));
 }
 
-/// Any user's program may take or call a name of the abstract namespace.
+/// Any user's program can use a name of the abstract namespace.
 bool IsOfThisUser(const QLocalSocket& other)
 {
     ucred peer{};
@@ -57,7 +57,7 @@ QByteArray Written(const StartRequest& request)
     return QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n';
 }
 
-/// Nothing when the line is not a request.
+/// Returns nothing if the line is not a request.
 std::optional<StartRequest> ReadRequest(const QByteArray& line)
 {
     const QJsonObject read = QJsonDocument::fromJson(line).object();
@@ -79,7 +79,7 @@ RunningProgram::RunningProgram(const std::string& folder, std::chrono::milliseco
       patience_(patience),
       lock_(lockFile_)
 {
-    // A lock is out of date when its program is gone, however old it is.
+    // A lock is stale if its program is gone, never because of its age.
     lock_.setStaleLockTime(0);
     server_.setSocketOptions(QLocalServer::AbstractNamespaceOption);
     connect(&server_, &QLocalServer::newConnection, this, &RunningProgram::Greet);
@@ -103,9 +103,9 @@ bool RunningProgram::BecomeFirst(const StartRequest& request)
         }
         if (const std::string others = HeldByOthers(); !others.empty())
             Refuse(others);
-        // Of a program that is gone; one that runs does not let go of it.
+        // It belongs to a program that is gone. A running program keeps it.
         lock_.removeStaleLockFile();
-        QThread::msleep(BetweenTries);
+        QThread::msleep(kBetweenTries);
     }
 }
 
@@ -113,7 +113,7 @@ bool RunningProgram::Lock()
 {
     if (!lock_.tryLock())
         return false;
-    // After a crash another user of the book takes it away.
+    // After a crash, another user of the book can remove it.
     QFile::setPermissions(lockFile_, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup |
                                          QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther);
     Listen();
@@ -133,7 +133,7 @@ void RunningProgram::Greet()
             later->abort();
             continue;
         }
-        later->setReadBufferSize(LongestRequest);
+        later->setReadBufferSize(kLongestRequest);
         connect(later, &QLocalSocket::readyRead, this, [this, later] { Read(*later); });
         Read(*later);
     }
@@ -145,7 +145,7 @@ void RunningProgram::Read(QLocalSocket& later)
         return;
     const std::optional<StartRequest> request = ReadRequest(later.readLine());
     if (request) {
-        later.write(Done);
+        later.write(kDone);
         later.flush();
         waiting_.push_back(*request);
     }
@@ -180,7 +180,7 @@ bool RunningProgram::HandOver(const StartRequest& request, const QDeadlineTimer&
     while (!first.canReadLine())
         if (!first.waitForReadyRead(left()))
             return false;
-    return first.readLine() == Done;
+    return first.readLine() == kDone;
 }
 
 std::string RunningProgram::HeldByOthers() const

@@ -1,5 +1,5 @@
+// Keeps a book to one window; a later start hands its request to the first.
 #pragma once
-// One window for one book: the first start holds the book, a later one hands its request over.
 #include <QByteArray>
 #include <QLocalServer>
 #include <QLockFile>
@@ -26,11 +26,11 @@ struct StartRequest {
 /// crash. Starts of one user meet at a local socket that no other user can listen in on.
 class RunningProgram : public QObject {
 public:
-    static constexpr std::chrono::milliseconds Patience{5000};
+    static constexpr std::chrono::milliseconds kPatience{5000};
 
     /// folder is the program folder. Nothing happens yet.
     explicit RunningProgram(const std::string& folder,
-                            std::chrono::milliseconds patience = Patience);
+                            std::chrono::milliseconds patience = kPatience);
 
     /// True: this is the first start; it holds the book and answers later starts for as long as
     /// this lives. False: the first start has taken the request. Waits for an answer as long as

@@ -13,7 +13,7 @@ StartRequest RequestFor(const std::vector<std::string>& files)
     StartRequest request;
     for (const std::string& file : files)
         request.files << QFileInfo(ToQString(file)).absoluteFilePath();
-    // What the desktop gives a start that the user asked for.
+    // The desktop gives this token to a start that the user asked for.
     for (const char* name : {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"})
         if (request.activation.isEmpty())
             request.activation = qgetenv(name);

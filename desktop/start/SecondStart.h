@@ -1,5 +1,5 @@
 #pragma once
-// What a start asks of a window that is open already, and how that window follows it.
+// Hands the request of a second start to the window that is already open.
 #include <QStringList>
 #include <string>
 #include <vector>
@@ -11,8 +11,8 @@ namespace clb {
 class IncomingFiles;
 class MainWindow;
 
-/// The request of this start: its files as another process finds them, and the desktop's leave to
-/// bring a window to the front.
+/// The request of this start: its files as absolute paths, and the desktop's token that lets a
+/// window come to the front.
 StartRequest RequestFor(const std::vector<std::string>& files);
 
 /// Brings the window to the front and imports the files.

@@ -47,7 +47,7 @@ StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCod
     app.add_option("--pdf", options.pdf, "With --print: write a PDF file instead of asking")
         ->type_name("FILE")
         ->needs(print);
-    // For the program itself, so it is in no help.
+    // Only the program itself uses this option, so the help does not list it.
     app.add_option("--daily-backup", day, "Make the day's backup of the database, then exit")
         ->type_name("YYYY-MM-DD")
         ->check(CheckDay)

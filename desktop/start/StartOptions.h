@@ -1,3 +1,4 @@
+// The command line.
 #pragma once
 #include <optional>
 #include <string>
@@ -7,7 +8,7 @@
 
 namespace clb {
 
-/// What the command line asks for.
+/// The options of the command line.
 struct StartOptions {
     std::optional<std::string> home;  ///< program folder
     std::optional<Date> now;          ///< the clock stands at this local time
@@ -21,8 +22,8 @@ struct StartOptions {
     std::vector<std::string> files;  ///< statements to import
 };
 
-/// Reads the command line. Answers --help, --version and mistakes itself: `exitCode` is then set
-/// and the program ends with it.
+/// Reads the command line. It answers --help, --version and mistakes itself: it then sets
+/// `exitCode`, and the program ends with it.
 StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCode);
 
 }  // namespace clb

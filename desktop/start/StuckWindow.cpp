@@ -16,7 +16,7 @@ namespace clb {
 
 namespace {
 
-/// What the main window was about when it stopped, which its status text still tells.
+/// What the main window was doing when it stopped. Its status text still shows it.
 QString WhatHappened(const std::string& status)
 {
     const std::string importing = "Importing ";
@@ -84,7 +84,7 @@ void StuckWindow::Damaged(const BackupFailure& failure)
     if (wentOn_)
         return;
     damage_ = failure;
-    // What runs now ends first; a dialog of its own may be open.
+    // The running command ends first. It may have a dialog open.
     events_.Run([] {});
 }
 
@@ -133,7 +133,7 @@ void StuckWindow::reject()
 
 void StuckWindow::Unload()
 {
-    // Not by closing: the grid could refuse to, and what it wants nobody could give it.
+    // Closing is not possible: the grid could refuse, and the user could not correct the row.
     events_.Run([this] { controller_.Unload(); });
 }
 

@@ -1,3 +1,4 @@
+// The window that helps when the main window is disabled for good.
 #pragma once
 #include <QDialog>
 #include <memory>
@@ -18,24 +19,25 @@ class PlainPointer;
 class UserEvents;
 
 /// A command that stops in the middle may leave the main window disabled. This small window then
-/// says what happened and offers to start again or to quit; closing it quits.
+/// says what happened and offers to start again or to quit. Closing it quits.
 ///
-/// It also comes when the data file is found damaged while the window is open: it disables the main
-/// window, says what is wrong, and offers to restore the last good backup, to go on, or to quit.
+/// It also appears if the data file turns out to be damaged while the window is open. It then
+/// disables the main window, says what is wrong, and offers to restore the last good backup, to go
+/// on, or to quit.
 class StuckWindow : public QDialog {
 public:
     /// All borrowed; they outlive it.
     StuckWindow(frmController& controller, UserEvents& events, QWidget& above);
     ~StuckWindow() override;
 
-    /// To be called while no command runs: shows it when the main window is disabled, hides it when
-    /// it is not.
+    /// Shows this window if the main window is disabled, hides it if not. To be called while no
+    /// command runs.
     void Follow();
     /// Whether the program was ended to be started again.
     [[nodiscard]] bool StartsAgain() const { return startsAgain_; }
 
-    /// Shows that the data file is damaged, as soon as no command runs. Once the user has gone on
-    /// nevertheless, it is not shown again.
+    /// Shows that the data file is damaged, as soon as no command runs. It is not shown again after
+    /// the user has chosen to go on.
     void Damaged(const BackupFailure& failure);
     /// Name of the backup to restore before starting again; empty: none.
     [[nodiscard]] const std::string& Restores() const { return restores_; }

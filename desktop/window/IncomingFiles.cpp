@@ -14,7 +14,7 @@ namespace clb {
 
 namespace {
 
-constexpr int LookAgain = 100;  // milliseconds
+constexpr int kLookAgain = 100;  // milliseconds
 
 }  // namespace
 
@@ -53,7 +53,7 @@ void IncomingFiles::Next()
         importing_ = false;
     }
     if (!waiting_.isEmpty())
-        timer_.start(LookAgain);
+        timer_.start(kLookAgain);
 }
 
 bool IncomingFiles::CanBegin() const

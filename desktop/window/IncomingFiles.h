@@ -1,3 +1,4 @@
+// Imports statement files that are dropped or named.
 #pragma once
 #include <QObject>
 #include <QStringList>

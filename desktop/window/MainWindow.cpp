@@ -26,8 +26,8 @@ namespace clb {
 
 namespace {
 
-constexpr int FirstWidth = 1160;
-constexpr int FirstHeight = 700;
+constexpr int kFirstWidth = 1160;
+constexpr int kFirstHeight = 700;
 
 }  // namespace
 
@@ -58,7 +58,7 @@ MainWindow::MainWindow(frmController& controller, UserEvents& events)
     BindFocus();
     FollowModels();
     inner_->installEventFilter(this);
-    InnerSize(FirstWidth, FirstHeight);
+    InnerSize(kFirstWidth, kFirstHeight);
     Sync();
 }
 
@@ -139,7 +139,7 @@ void MainWindow::Sync()
     grid_->setAccessibleName(shown == 0 ? QString()
                                         : ToQString(controller_.TreeView.Node(shown).text));
     NameTotals();
-    // The commands that it leads to may have become enabled or disabled.
+    // The commands that the hint links to may have been enabled or disabled.
     grid_->FollowHint();
 }
 
@@ -169,7 +169,7 @@ void MainWindow::InnerSize(int width, int height)
 {
     resize(width, height + menuBar()->heightForWidth(width));
     layout()->activate();
-    // Where the style puts more around the inner area, that is made up for.
+    // If the style puts more around the inner area, the window grows by that much.
     resize(size() + QSize(width, height) - inner_->size());
     layout()->activate();
     InnerResized();
@@ -212,8 +212,8 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == inner_ && event->type() == QEvent::Resize)
         InnerResized();
-    // A disabled window takes no input, but it does not fade. One that a command has left disabled
-    // can still be closed.
+    // A disabled window takes no input, but does not look disabled. If a command has left it
+    // disabled, it can still be closed.
     if (watched == windowHandle() && IsInput(*event))
         return !controller_.window.Enabled() &&
                (events_.Running() || event->type() != QEvent::Close);
@@ -229,7 +229,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
 {
     if (controller_.Loaded())
         events_.Run([this] {
-            // The grid of a disabled window cannot be asked: what it refuses could not be mended.
+            // The grid of a disabled window is not asked, because the user could not correct what
+            // it refuses.
             if (controller_.window.Enabled())
                 controller_.Close();
             else

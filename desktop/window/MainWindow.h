@@ -1,3 +1,4 @@
+// The main window.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -24,34 +25,36 @@ class UserEvents;
 class WorkDisplay;
 class YearBox;
 
-/// The window around the controller: draws each control and hands the user's actions on. The model
-/// decides everything, the place of each control included.
+/// The window of the controller. It draws each control and hands the user's actions to it. The
+/// model decides everything, including the place of each control.
 class MainWindow : public QMainWindow, public sigc::trackable {
 public:
-    /// Sizes that follow from the fonts and the toolkit's style.
+    /// The sizes that depend on the fonts and the toolkit's style.
     static WindowMetrics Metrics();
 
     /// Both borrowed; they outlive the window. The controller need not be loaded yet.
     MainWindow(frmController& controller, UserEvents& events);
     ~MainWindow() override;
 
-    /// Gives the inner area, below the menus, the size in pixels.
+    /// Sets the size of the inner area, below the menus, in pixels.
     void InnerSize(int width, int height);
-    /// Puts the border between tree and grid so far from the left, as far as both keep some room.
+    /// Sets the distance of the border between tree and grid from the left, in pixels. Tree and
+    /// grid each keep some room.
     void TreeWidth(int pixels);
-    /// Draws the models' present state.
+    /// Draws the present state of the models.
     void Sync();
 
     WorkDisplay& Work() { return *work_; }
 
-    /// Saves the grid's row in edit, as leaving it does. False when that is refused, which is told.
+    /// Saves the grid's row in edit, as leaving the row does. Returns false if the row was refused;
+    /// the user has then been shown why.
     bool GridAgrees();
-    /// Runs a menu's command. One that reads the rows or reads them anew first saves the row in
-    /// edit, and does not run when that is refused.
+    /// Runs the command of a menu item. A command that needs the rows first saves the row in edit,
+    /// and does not run if that was refused.
     void Choose(MenuItem& item);
-    /// Called with the paths of files that are dropped on the window.
+    /// Sets what is called with the paths of files that are dropped on the window.
     void OnDrop(std::function<void(const QStringList&)> taken);
-    /// Shows the window above the others, out of its icon when it is one.
+    /// Shows the window above the others, also if it was minimised.
     void ComeToFront();
 
 protected:

@@ -1,4 +1,4 @@
-// What reaches the window from other windows: files that are dropped on it, and the wish to see it.
+// Files that are dropped on the window, and bringing it to the front.
 
 #include <QApplication>
 #include <QDragEnterEvent>

@@ -1,3 +1,4 @@
+// Draws the menus.
 #pragma once
 #include <sigc++/trackable.h>
 

@@ -15,8 +15,8 @@ namespace clb {
 
 namespace {
 
-constexpr int Gap = 5;
-constexpr int FewestCharacters = 12;
+constexpr int kGap = 5;
+constexpr int kFewestCharacters = 12;
 
 }  // namespace
 
@@ -55,18 +55,18 @@ QString NoticeLabel::Line() const
 
 int NoticeLabel::PictureWidth() const
 {
-    return fontMetrics().height() + Gap;
+    return fontMetrics().height() + kGap;
 }
 
 QSize NoticeLabel::sizeHint() const
 {
-    return {PictureWidth() + fontMetrics().horizontalAdvance(Line()) + 2 * Gap,
+    return {PictureWidth() + fontMetrics().horizontalAdvance(Line()) + 2 * kGap,
             fontMetrics().height()};
 }
 
 QSize NoticeLabel::minimumSizeHint() const
 {
-    return {PictureWidth() + fontMetrics().averageCharWidth() * FewestCharacters,
+    return {PictureWidth() + fontMetrics().averageCharWidth() * kFewestCharacters,
             fontMetrics().height()};
 }
 
@@ -76,7 +76,7 @@ void NoticeLabel::paintEvent(QPaintEvent* /*event*/)
     const int side = fontMetrics().height();
     icons::Message(box_style::Exclamation)
         .paint(&painter, QRect(0, (height() - side) / 2, side, side));
-    const QRect room = rect().adjusted(PictureWidth(), 0, -Gap, 0);
+    const QRect room = rect().adjusted(PictureWidth(), 0, -kGap, 0);
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
                      fontMetrics().elidedText(Line(), Qt::ElideRight, room.width()));

@@ -1,3 +1,4 @@
+// Shows the notices in the status bar.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -8,8 +9,8 @@ namespace clb {
 class Notices;
 class WorkProgress;
 
-/// The second panel of the status bar while no long command runs: the notices in one line, cut
-/// short where there is no room. The tooltip and screen readers have the whole text.
+/// The second panel of the status bar while no long command runs. It shows the notices in one line,
+/// cut if there is no room. The tooltip and screen readers have the whole text.
 class NoticeLabel : public QLabel, public sigc::trackable {
 public:
     /// The models are borrowed and outlive the label.

@@ -11,9 +11,9 @@ namespace clb {
 
 namespace {
 
-constexpr int Reach = 3;  // pixels to either side of the border that take the mouse
-constexpr int KeyStep = 16;
-constexpr int Everything = 1 << 20;
+constexpr int kReach = 3;  // pixels to either side of the border that take the mouse
+constexpr int kKeyStep = 16;
+constexpr int kEverything = 1 << 20;
 
 }  // namespace
 
@@ -27,7 +27,7 @@ SplitHandle::SplitHandle(Border border, QWidget* parent)
 
 void SplitHandle::Place(const QRect& area)
 {
-    setGeometry(border_.read() - Reach + 1, area.top(), 2 * Reach, area.height());
+    setGeometry(border_.read() - kReach + 1, area.top(), 2 * kReach, area.height());
     raise();
 }
 
@@ -52,10 +52,10 @@ void SplitHandle::mouseMoveEvent(QMouseEvent* event)
 void SplitHandle::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
-        case Qt::Key_Left: return border_.write(border_.read() - KeyStep);
-        case Qt::Key_Right: return border_.write(border_.read() + KeyStep);
+        case Qt::Key_Left: return border_.write(border_.read() - kKeyStep);
+        case Qt::Key_Right: return border_.write(border_.read() + kKeyStep);
         case Qt::Key_Home: return border_.write(0);
-        case Qt::Key_End: return border_.write(Everything);
+        case Qt::Key_End: return border_.write(kEverything);
         case Qt::Key_Return:
         case Qt::Key_Enter:
         case Qt::Key_Escape:

@@ -1,3 +1,4 @@
+// The border between tree and grid.
 #pragma once
 #include <QPointer>
 #include <QWidget>
@@ -5,20 +6,21 @@
 
 namespace clb {
 
-/// The border between tree and grid, to be dragged. With the focus on it the arrow keys move it,
-/// Home and End as far as it goes; Enter and Escape go back to where the focus was.
+/// The border between tree and grid, which the user drags. If it has the focus, the arrow keys move
+/// it, Home and End move it as far as it goes, and Enter and Escape return the focus to where it
+/// was.
 class SplitHandle : public QWidget {
 public:
-    /// What it moves: where the border is, and where it shall be, in pixels from the parent's left.
+    /// Reads and sets the place of the border, in pixels from the parent's left.
     struct Border {
         std::function<int()> read;
         std::function<void(int)> write;
     };
     SplitHandle(Border border, QWidget* parent);
 
-    /// Stands over the border, from top to bottom of the area.
+    /// Puts the handle on the border, from the top to the bottom of the area.
     void Place(const QRect& area);
-    /// Takes the focus, and remembers who had it.
+    /// Takes the focus and remembers which widget had it.
     void TakeFocus();
 
 protected:

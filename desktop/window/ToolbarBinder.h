@@ -1,3 +1,4 @@
+// Draws the toolbar.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -15,8 +16,8 @@ namespace clb {
 
 class UserEvents;
 
-/// Draws the toolbar: its buttons on the left, whatever is added on the right. Where there is no
-/// room for the buttons' texts their pictures stand alone.
+/// Draws the toolbar, with its buttons on the left and other widgets on the right. If there is no
+/// room for the buttons' texts, only their pictures are shown.
 class ToolbarBinder : public QWidget, public sigc::trackable {
 public:
     /// Draws the buttons that WindowButtons() lists. toolbar and events are borrowed and outlive

@@ -10,7 +10,7 @@ namespace clb {
 
 namespace {
 
-constexpr int Frame = 12;  // pixels that a box's frame and margins take of its width
+constexpr int kFrame = 12;  // pixels that a box's frame and margins take of its width
 
 }  // namespace
 
@@ -56,10 +56,10 @@ void TotalsLine::Follow(TextBox& box, QLineEdit* drawn)
     const auto sync = [&box, drawn] {
         ApplyPlace(box, *drawn);
         const QString amount = ToQString(box.Text());
-        const int room = drawn->width() - Frame;
+        const int room = drawn->width() - kFrame;
         const QFontMetrics metrics = drawn->fontMetrics();
         const bool fits = metrics.horizontalAdvance(amount) <= room;
-        // An amount without its beginning would be another amount.
+        // An amount without its first digits would be a wrong amount.
         drawn->setText(fits ? amount
                             : QString(std::max(1, room / metrics.horizontalAdvance(u'#')), u'#'));
         drawn->setToolTip(fits ? QString() : amount);

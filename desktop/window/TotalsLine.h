@@ -1,3 +1,4 @@
+// Draws the totals below the grid.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -9,7 +10,7 @@ class QWidget;
 
 namespace clb {
 
-/// Draws the line below the grid: a label and the amounts, each where its control stands.
+/// Draws the line below the grid: a label and the amounts, each in the place of its control.
 class TotalsLine : public sigc::trackable {
 public:
     /// The widgets become children of parent.
@@ -28,7 +29,7 @@ private:
     QLineEdit* second_;
 };
 
-/// Puts the widget where its control stands; without a width it is not shown.
+/// Puts the widget in the place of its control. A control without width or height is not shown.
 void ApplyPlace(const Control& control, QWidget& widget);
 
 }  // namespace clb

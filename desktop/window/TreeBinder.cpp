@@ -15,7 +15,7 @@ namespace clb {
 
 namespace {
 
-/// The tree's lines; a selected one shows whether the tree has the focus.
+/// Draws the tree's items. A selected one shows whether the tree has the focus.
 class TreeLines : public PaddedItemDelegate {
 public:
     using PaddedItemDelegate::PaddedItemDelegate;
@@ -26,7 +26,7 @@ protected:
         PaddedItemDelegate::initStyleOption(option, index);
         if (!option->widget || option->widget->hasFocus())
             return;
-        // The ground of a selected line is pale then, so that its picture stays as it is.
+        // The background is pale then, so the picture keeps its own colours.
         const QPixmap picture = option->icon.pixmap(
             option->decorationSize, option->widget->devicePixelRatioF(), QIcon::Normal);
         option->icon = QIcon(picture);
@@ -84,7 +84,8 @@ void TreeBinder::SyncLater()
 {
     if (std::exchange(syncPending_, true))
         return;
-    // A node may change while the toolkit still works on its line, and many change in a row.
+    // A node may change while the toolkit still uses its item, and many nodes may change one after
+    // the other.
     QMetaObject::invokeMethod(
         this, [this] { Sync(); }, Qt::QueuedConnection);
 }
@@ -136,7 +137,8 @@ void TreeBinder::FollowSelection()
         ItemOf(node)->setIcon(
             0, icons::TreeImage(node == selected ? model.selectedImage : model.image));
     }
-    // A key that waits to be told has moved on already; the model's answer to it comes afterwards.
+    // A key that is not yet handed to the model has already moved the selection. The model's answer
+    // comes later.
     if (pressesPending_ == 0)
         setCurrentItem(selected == 0 ? nullptr : ItemOf(selected));
 }
@@ -169,7 +171,7 @@ void TreeBinder::PressLater(std::int32_t node)
 void TreeBinder::resizeEvent(QResizeEvent* event)
 {
     QTreeWidget::resizeEvent(event);
-    // As wide as the longest name needs, but never narrower than the tree.
+    // The column is as wide as the longest name, but never narrower than the tree.
     header()->setMinimumSectionSize(viewport()->width());
 }
 
@@ -200,7 +202,7 @@ void TreeBinder::currentChanged(const QModelIndex& current, const QModelIndex& p
     QTreeWidget::currentChanged(current, previous);
     if (syncing_ || !current.isValid())
         return;
-    // The toolkit is still in the middle of the key that moved the selection.
+    // The toolkit is still handling the key that moved the selection.
     PressLater(NodeOf(itemFromIndex(current)));
 }
 

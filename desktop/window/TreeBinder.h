@@ -1,3 +1,4 @@
+// Draws the navigation tree.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -12,17 +13,17 @@ namespace clb {
 
 class UserEvents;
 
-/// Draws the navigation tree. A press of the mouse, or a key that moves the selection, is handed on
-/// as a press of that node; what is selected afterwards is the model's answer.
+/// Draws the navigation tree. A mouse press, or a key that moves the selection, is handed to the
+/// model as a press of that node. The model decides what is selected afterwards.
 class TreeBinder : public QTreeWidget, public sigc::trackable {
 public:
     using PressNode = std::function<void(std::int32_t node)>;
     /// tree and events are borrowed and outlive the binder.
     TreeBinder(Tree& tree, UserEvents& events, PressNode press, QWidget* parent = nullptr);
 
-    /// Draws the model's present state.
+    /// Draws the present state of the model.
     void Sync();
-    /// The line of a node, numbered as in the model.
+    /// The item of a node, numbered as in the model.
     [[nodiscard]] QTreeWidgetItem* ItemOf(std::int32_t node) const
     {
         return items_.at(std::size_t(node - 1));

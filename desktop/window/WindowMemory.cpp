@@ -20,24 +20,24 @@ namespace clb {
 
 namespace {
 
-constexpr int LeastWidth = 320;
-constexpr int LeastHeight = 200;
-constexpr double PartOfScreen = 0.92;  // that a first window takes at most
+constexpr int kLeastWidth = 320;
+constexpr int kLeastHeight = 200;
+constexpr double kPartOfScreen = 0.92;  // that a first window takes at most
 
-/// Whether so much of the title is in sight that the mouse can take it.
+/// Whether enough of the title is visible to drag the window with the mouse.
 bool TitleInSight(const QRect& place)
 {
-    constexpr int height = 24;
-    constexpr int leastWidth = 80;
-    const QRect title(place.topLeft(), QSize(place.width(), height));
+    constexpr int kHeight = 24;
+    constexpr int kLeastShown = 80;
+    const QRect title(place.topLeft(), QSize(place.width(), kHeight));
     const QList<QScreen*> screens = QGuiApplication::screens();
     return std::any_of(screens.begin(), screens.end(), [&title](const QScreen* screen) {
         const QRect shown = screen->availableGeometry() & title;
-        return shown.width() >= leastWidth && shown.height() >= height / 2;
+        return shown.width() >= kLeastShown && shown.height() >= kHeight / 2;
     });
 }
 
-/// Makes a folder for its user alone, and those above it that are missing.
+/// Makes a folder that only its user can read, and the missing folders above it.
 bool MakeFolder(const QString& folder)
 {
     if (QFileInfo(folder).isDir())
@@ -79,7 +79,7 @@ void WindowMemory::RestorePlace(const QSettings& settings)
         return settings.value(QStringLiteral("Window/") + QLatin1String(key)).toInt();
     };
     QRect place(number("left"), number("top"), number("width"), number("height"));
-    const bool known = place.width() >= LeastWidth && place.height() >= LeastHeight;
+    const bool known = place.width() >= kLeastWidth && place.height() >= kLeastHeight;
     if (!known)
         place.setSize(window_.size());
     const bool inSight = known && settings.contains(QStringLiteral("Window/left")) &&
@@ -88,7 +88,7 @@ void WindowMemory::RestorePlace(const QSettings& settings)
     if (!screen)
         screen = window_.screen();
     window_.resize(place.size().boundedTo(known ? screen->availableSize()
-                                                : screen->availableSize() * PartOfScreen));
+                                                : screen->availableSize() * kPartOfScreen));
     if (inSight)
         window_.move(place.topLeft());
     if (settings.value(QStringLiteral("Window/maximized")) == QStringLiteral("true"))

@@ -1,3 +1,4 @@
+// Remembers the window from one start to the next.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -12,20 +13,20 @@ namespace clb {
 class MainWindow;
 class frmController;
 
-/// What the window remembers from one start to the next: its size and place, whether it was
-/// maximised, the border between tree and grid, and the widths that columns were given by hand. It
-/// stands in a file of its own that only its user may read; a file that cannot be read or written
-/// is no error, the window then opens as at its first start.
+/// Remembers from one start to the next the window's size and place, whether it was maximised, the
+/// border between tree and grid, and the widths that the user gave to columns. They are kept in a
+/// file of their own that only the user can read. A file that cannot be read or written is not an
+/// error: the window then opens as at its first start.
 class WindowMemory : public QObject, public sigc::trackable {
 public:
-    /// The file below the user's folder for settings.
+    /// The path of the file, in the user's folder for settings.
     static QString File();
 
     /// window and controller are borrowed and outlive this; the controller is loaded.
     WindowMemory(QString file, MainWindow& window, frmController& controller);
 
-    /// Gives the window, not yet shown, what was remembered. A size has to fit the screen; a place
-    /// where no screen would show the title is not used.
+    /// Restores what was remembered, before the window is shown. A size must fit the screen. A
+    /// place is not used if no screen would show the title there.
     void Restore();
     void Save() const;
 

@@ -1,3 +1,4 @@
+// Shows a driven program in a real window.
 #pragma once
 #include <QObject>
 #include <memory>
@@ -11,13 +12,13 @@ namespace clb {
 class FormDialog;
 class MainWindow;
 
-/// Keeps a user's mouse and keys from windows that a driver works.
+/// Keeps the user's mouse and keys away from windows that a driver works.
 class InputShield : public QObject {
 public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
-/// The real window around a driven program. It only shows; what a person does to it has no effect.
+/// Shows a driven program in a real window. What a person does to the window has no effect.
 class WindowPresenter : public IPresenter {
 public:
     WindowPresenter();
@@ -33,7 +34,7 @@ public:
     bool Screenshot(const std::string& file) override;
 
 private:
-    /// Nobody is there to read a box: an error that a widget raises is let go.
+    /// Ignores errors that a widget raises, because nobody is there to read a message box.
     class NoBoxes : public IMessageBox {
     public:
         BoxAnswer Show(const std::string& text, std::int32_t style,
@@ -47,7 +48,8 @@ private:
     std::vector<std::unique_ptr<FormDialog>> forms_;
 };
 
-/// Writes a picture of a window; the kind follows the file's extension. False when that fails.
+/// Writes a picture of a window. The file's extension chooses the format. Returns false if that
+/// fails.
 bool WritePicture(QWidget& window, const std::string& file);
 
 }  // namespace clb

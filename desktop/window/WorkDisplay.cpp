@@ -15,8 +15,8 @@ namespace clb {
 
 namespace {
 
-constexpr qint64 PaintEvery = 40;  // milliseconds
-constexpr int Finest = 1000;
+constexpr qint64 kPaintEvery = 40;  // milliseconds
+constexpr int kFinest = 1000;
 
 }  // namespace
 
@@ -55,9 +55,9 @@ void WorkDisplay::KeepAlive()
 {
     if (!progress_.Active() || painting_)
         return;
-    if (sincePaint_.isValid() && sincePaint_.elapsed() < PaintEvery)
+    if (sincePaint_.isValid() && sincePaint_.elapsed() < kPaintEvery)
         return;
-    bar_->setRange(0, progress_.Permille() ? Finest : 0);
+    bar_->setRange(0, progress_.Permille() ? kFinest : 0);
     bar_->setValue(progress_.Permille().value_or(0));
     text_->setText(ToQString(progress_.Text()));
     Paint();

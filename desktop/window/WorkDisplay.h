@@ -1,3 +1,4 @@
+// Shows the progress of a long command.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -12,15 +13,15 @@ namespace clb {
 
 class WorkProgress;
 
-/// The second panel of the status bar: a bar and a few words while a long command runs. Until the
-/// command ends the windows are painted again and again, but take no input.
+/// Shows a bar and a short text in the second panel of the status bar while a long command runs.
+/// The windows are repainted during the command, but take no input.
 class WorkDisplay : public QObject, public sigc::trackable {
 public:
     /// The model is borrowed and outlives the display; the widgets belong to the status bar.
     WorkDisplay(WorkProgress& progress, QStatusBar& bar);
 
-    /// Paints what is to be painted, when the last time is long enough ago; drops what the user did
-    /// meanwhile. Made to be called often. Does nothing while no command runs.
+    /// Repaints the windows if they were not repainted in the last 40 ms, and drops the user's
+    /// input since then. It is cheap enough to be called often. Does nothing while no command runs.
     void KeepAlive();
 
 private:

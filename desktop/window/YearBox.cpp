@@ -12,7 +12,7 @@ namespace clb {
 
 namespace {
 
-constexpr const char* ValueProperty = "value";
+constexpr const char* kValueProperty = "value";
 
 bool IsFourDigits(const QString& text)
 {
@@ -51,10 +51,10 @@ void YearBox::Sync()
         lineEdit()->setText(text);
     bool number = false;
     const int year = text.toInt(&number);
-    if (!number || property(ValueProperty) == year)
+    if (!number || property(kValueProperty) == year)
         return;
     // Screen readers take a spin box's number from its property.
-    setProperty(ValueProperty, year);
+    setProperty(kValueProperty, year);
     QAccessibleValueChangeEvent value(this, year);
     QAccessible::updateAccessibility(&value);
 }

@@ -1,3 +1,4 @@
+// Draws the year box.
 #pragma once
 #include <sigc++/trackable.h>
 
@@ -10,8 +11,8 @@ namespace clb {
 
 class UserEvents;
 
-/// Draws the year box with its spinner. What is typed is handed on when it is four digits, on
-/// Enter, or when the box is left.
+/// Draws the year box with its spinner. A typed year is handed to the model when it has four
+/// digits, on Enter, or when the box loses the focus.
 class YearBox : public QAbstractSpinBox, public sigc::trackable {
 public:
     /// All borrowed; they outlive the box.

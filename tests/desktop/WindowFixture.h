@@ -21,7 +21,7 @@
 
 namespace clb {
 
-/// The part of a window that has an object name, as a part of its own class.
+/// Finds a part of the window by its object name.
 template <class Part>
 Part& Find(const QWidget& window, const char* name)
 {

@@ -89,7 +89,7 @@ TEST_F(FormDialogTest, AnEmptyDescriptionIsReportedAndTheDialogStaysOpen)
 
     EXPECT_FALSE(chosen);
     EXPECT_TRUE(open);
-    ASSERT_EQ(books_.messages.boxes.size(), 1u);
+    ASSERT_EQ(books_.messages.boxes.size(), 1U);
     EXPECT_EQ(books_.messages.boxes[0].text, "You must enter an account description.");
 }
 
@@ -175,7 +175,7 @@ TEST_F(FormDialogTest, TheWebSiteInTheAboutBoxIsALink)
     EXPECT_EQ(books_.shell.opened, (std::vector<std::string>{"https://corvane.example/"}));
 }
 
-TEST_F(FormDialogTest, TheSplitDialogTakesNoTextThatIsNoAmountAndCancels)
+TEST_F(FormDialogTest, TheSplitDialogRefusesTextThatIsNotAnAmountAndCancels)
 {
     frmSplit form(host_);
     QTimer::singleShot(0, [] {

@@ -29,7 +29,7 @@ TEST(LongTextTest, LinesAreCutAtTheWidthAndAtTheirEnds)
     EXPECT_EQ(text.Line(5), u"");
 }
 
-TEST(LongTextTest, ALineThatFillsTheWidthExactlyLeavesNoEmptyLineBehind)
+TEST(LongTextTest, ALineThatFillsTheWidthExactlyLeavesNoEmptyLineAfterIt)
 {
     LongText text("abcde\r\nfghij\nk");
     text.Wrap(5);
@@ -61,7 +61,7 @@ TEST(LongTextTest, EveryLineOfAHugeTextIsFoundFromARememberedPlace)
     EXPECT_EQ(text.Line(999), u"line 999");
 }
 
-TEST(MessageBoxTest, AShortTextStandsInAPlainBoxWithItsIconTitleAndButtons)
+TEST(MessageBoxTest, AShortTextIsShownInAPlainBoxWithItsIconTitleAndButtons)
 {
     const auto box = MessageBoxPort::Build("Are you sure?", box_style::YesNo | box_style::Question,
                                            "Corvane Ledgerbook");
@@ -87,16 +87,16 @@ TEST(MessageBoxTest, EachKindOfMessageHasAnIconOfItsOwn)
     }
 }
 
-TEST(MessageBoxTest, MarkupInATextIsShownAsItStands)
+TEST(MessageBoxTest, MarkupInATextIsShownAsText)
 {
     const auto box = MessageBoxPort::Build("<OFX>", box_style::Exclamation, "Title");
 
     EXPECT_EQ(qobject_cast<QMessageBox*>(box.get())->textFormat(), Qt::PlainText);
 }
 
-TEST(MessageBoxTest, AWholeFileStandsInAScrollingViewNoHigherThanTheScreen)
+TEST(MessageBoxTest, AWholeFileIsShownInAScrollingViewNoHigherThanTheScreen)
 {
-    const std::string file(25u << 20, 'x');
+    const std::string file(25U << 20, 'x');
 
     const auto box = MessageBoxPort::Build(file, box_style::Exclamation, "Corvane Ledgerbook");
     box->show();

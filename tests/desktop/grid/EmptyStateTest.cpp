@@ -62,7 +62,7 @@ TEST_F(EmptyStateTest, WithoutAnAccountTheWindowSaysHowToGetOne)
     EXPECT_FALSE(Hint().isVisible());
 }
 
-TEST_F(EmptyStateTest, ANewAccountIsNoWayWhileItsCommandIsDisabled)
+TEST_F(EmptyStateTest, TheHintOffersNoNewAccountWhileThatCommandIsDisabled)
 {
     DeleteAccounts();
     ASSERT_TRUE(Link("New account"));
@@ -120,7 +120,7 @@ TEST_F(EmptyStateTest, TheLinksAreReachedAndPressedByKeys)
     EXPECT_TRUE(GridWidget(window_).hasFocus());
 }
 
-TEST_F(EmptyStateTest, TheHintStandsBelowTheRowsAndGoesWhereThereIsNoRoom)
+TEST_F(EmptyStateTest, TheHintIsBelowTheRowsAndHidesIfThereIsNoRoom)
 {
     ClickNode("Purse");
     ASSERT_TRUE(Hint().isVisible());

@@ -74,7 +74,7 @@ TEST_F(GridEditingTest, ADoubleClickEditsTheCellWithItsTextSelected)
         GridWidget(window_).Layout().CellRect(2, kDescription).center()));
 }
 
-TEST_F(GridEditingTest, F2EditsWithTheCaretBehindTheText)
+TEST_F(GridEditingTest, F2EditsWithTheCaretAfterTheText)
 {
     ClickCell(1, kDescription);
     const std::string before = Text(1, kDescription);
@@ -141,7 +141,7 @@ TEST_F(GridEditingTest, EnterOnTheNewRowsLineIsReadyForAnother)
     EXPECT_EQ(
         books_.Rows("SELECT PostDate, Description, Amount FROM Trans WHERE Description = 'Mill'"),
         std::vector<std::string>{"2006-03-09|Mill|-12.5"});
-    EXPECT_EQ(Grid().Rows().Count(), 6u);
+    EXPECT_EQ(Grid().Rows().Count(), 6U);
     EXPECT_EQ(Current(), Cell(6, kDate));
 }
 
@@ -157,7 +157,7 @@ TEST_F(GridEditingTest, TabOnTheLastCellOfANewRowKeepsItAndBeginsAnother)
 
     Press(Qt::Key_Tab);
 
-    EXPECT_EQ(Grid().Rows().Count(), 6u);
+    EXPECT_EQ(Grid().Rows().Count(), 6U);
     EXPECT_EQ(Current(), Cell(6, kDate));
     EXPECT_EQ(Model().window.Focus(), &Grid());
 }
@@ -224,7 +224,7 @@ TEST_F(GridEditingTest, EscapeGivesUpTheCellAndAgainTheRow)
     EXPECT_FALSE(Grid().Dirty());
 }
 
-TEST_F(GridEditingTest, WhatIsNoNumberIsRefusedInPlaceWithAWord)
+TEST_F(GridEditingTest, TextThatIsNotANumberIsRefusedInItsCellWithAReason)
 {
     ClickCell(1, kAmount);
     Type("cheap");
@@ -248,7 +248,7 @@ TEST_F(GridEditingTest, WhatIsNoNumberIsRefusedInPlaceWithAWord)
     EXPECT_EQ(Text(1, kAmount), "8.00");
 }
 
-TEST_F(GridEditingTest, ATextBeyondItsColumnIsRefusedNotCut)
+TEST_F(GridEditingTest, ATextThatIsTooLongForItsColumnIsRefusedNotCut)
 {
     const std::string fifty(50, 'x');
     ClickCell(1, kCategory);
@@ -273,7 +273,7 @@ TEST_F(GridEditingTest, ARefusedRowBringsTheUserToTheCellToCorrect)
     Press(Qt::Key_Down, Qt::ControlModifier);
     Press(Qt::Key_Up);
 
-    ASSERT_EQ(books_.messages.boxes.size(), 1u);
+    ASSERT_EQ(books_.messages.boxes.size(), 1U);
     EXPECT_EQ(books_.messages.boxes[0].text, "Please enter an account #.");
     EXPECT_EQ(Current(), Cell(4, 3));
     EXPECT_TRUE(Grid().Editing());
@@ -503,7 +503,7 @@ TEST_F(ColumnWidthTest, DraggingAHeadersLineMakesTheColumnWider)
     EXPECT_EQ(Width(kNotes), notes - 40) << "the last column takes what is left";
 }
 
-TEST_F(ColumnWidthTest, AWidthByHandHoldsInItsViewOnly)
+TEST_F(ColumnWidthTest, AWidthSetByHandAppliesToItsViewOnly)
 {
     ClickNode("Net Worth");
     const int netWorth = Width(2);

@@ -73,7 +73,7 @@ TEST_F(GridViewTest, HomeAndEndGoAlongTheRowAndWithControlToTheCorners)
     EXPECT_EQ(Current(), Cell(1, 1));
 }
 
-TEST_F(GridViewTest, TabWalksTheShownCellsFromRowToRow)
+TEST_F(GridViewTest, TabGoesThroughTheShownCellsRowByRow)
 {
     ClickCell(1, 5);
 
@@ -95,7 +95,7 @@ TEST_F(GridViewTest, TabOnTheLastCellLeavesTheGrid)
     EXPECT_FALSE(GridWidget(window_).hasFocus());
 }
 
-TEST_F(GridViewTest, TheGridScrollsSoThatTheCurrentCellIsInSight)
+TEST_F(GridViewTest, TheGridScrollsSoThatTheCurrentCellIsVisible)
 {
     for (int row = 0; row < 200; ++row)
         books_.Execute(
@@ -107,13 +107,13 @@ TEST_F(GridViewTest, TheGridScrollsSoThatTheCurrentCellIsInSight)
 
     Press(Qt::Key_End, Qt::ControlModifier);
 
-    EXPECT_EQ(Grid().Row(), 205u);
+    EXPECT_EQ(Grid().Row(), 205U);
     const GridLayout& layout = GridWidget(window_).Layout();
     EXPECT_TRUE(GridWidget(window_).viewport()->rect().contains(layout.CellRect(205, 6)));
     EXPECT_LT(layout.RowTop(1), 0);
 }
 
-TEST_F(GridViewTest, DrawingReadsOnlyTheRowsInSight)
+TEST_F(GridViewTest, DrawingReadsOnlyTheVisibleRows)
 {
     for (int row = 0; row < 3000; ++row)
         books_.Execute(

@@ -110,7 +110,7 @@ TEST_F(ScreenReaderTest, EveryChildOfTheTableKnowsItsParentAndNumber)
     EXPECT_FALSE(Table()->child(-1));
 }
 
-TEST_F(ScreenReaderTest, TheLinesSayWhatTheyAre)
+TEST_F(ScreenReaderTest, TheRowHeadersSayWhatTheirRowsAre)
 {
     const auto line = [this](int row) {
         return ToUtf8(Table()->tableInterface()->rowDescription(row - 1));
@@ -170,7 +170,7 @@ TEST_F(ScreenReaderTest, WhatWasTypedIsReportedAsTheCellsNewValue)
     EXPECT_EQ(ToUtf8(Table()->tableInterface()->rowDescription(1)), "Row 2, changed");
 }
 
-TEST_F(ScreenReaderTest, OtherRowsAreToldAndOldCellsAreGone)
+TEST_F(ScreenReaderTest, OtherRowsAreReportedAndOldCellsAreGone)
 {
     QAccessibleInterface* old = Cell(4, 3);
     const QAccessible::Id id = QAccessible::uniqueId(old);
@@ -187,7 +187,7 @@ TEST_F(ScreenReaderTest, OtherRowsAreToldAndOldCellsAreGone)
 TEST_F(ScreenReaderTest, AScreenReaderMovesToACellAndOpensIt)
 {
     Cell(3, 2)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
-    EXPECT_EQ(Grid().Row(), 3u);
+    EXPECT_EQ(Grid().Row(), 3U);
     EXPECT_EQ(Grid().Col(), 2);
     EXPECT_TRUE(GridWidget(window_).hasFocus());
 

@@ -32,7 +32,7 @@ protected:
     UserEvents events_;
 };
 
-// Half of an import stood in the file with the balances of before.
+// Symptom: the file had half of an import, with the balances of before.
 TEST_F(UserEventsTest, ACommandWithoutMemoryIsTakenBackAndSaysSo)
 {
     const bool done = events_.Run([this] {
@@ -46,8 +46,8 @@ TEST_F(UserEventsTest, ACommandWithoutMemoryIsTakenBackAndSaysSo)
     EXPECT_TRUE(books_.window.window.Enabled());
 }
 
-/// The row that it was meant for may not be the current one any more.
-TEST_F(UserEventsTest, IfTheLookBeforehandFailsAnActionOnTheRowIsLeftOut)
+/// The row that the action was meant for may no longer be the current one.
+TEST_F(UserEventsTest, IfTheCheckBeforehandFailsAnActionOnTheRowDoesNotRun)
 {
     events_.Before([]() -> bool { throw RuntimeError(errors::InvalidCall, "No"); });
     bool onRow = false;

@@ -26,7 +26,7 @@ QPalette Dark()
     return palette;
 }
 
-/// The application in the desktop's light or dark colours for the time of a test.
+/// Gives the application the desktop's light or dark colours during a test.
 class Colors {
 public:
     explicit Colors(bool dark) : before_(QApplication::palette())
@@ -39,7 +39,7 @@ private:
     QPalette before_;
 };
 
-/// How well the picture's best pixel stands out from the ground.
+/// The contrast of the picture's most visible pixel with the background.
 double BestContrast(const QImage& picture, const QColor& ground)
 {
     double best = 1;
@@ -63,7 +63,7 @@ protected:
     }
 };
 
-TEST_P(LooksTest, EveryCommandHasAPictureThatStandsOutFromItsGround)
+TEST_P(LooksTest, EveryCommandHasAPictureThatStandsOutFromItsBackground)
 {
     int commands = 0;
     for (const QAction* menu : window_.menuBar()->actions())
@@ -114,7 +114,7 @@ TEST_P(LooksTest, PicturesAreDrawnInTheDevicesOwnPixels)
     EXPECT_LE(soft, 2);
 }
 
-TEST_P(LooksTest, TextsOfTheGridStandOutFromEveryGroundThatTheyStandOn)
+TEST_P(LooksTest, TextsOfTheGridStandOutFromEveryBackground)
 {
     const GridColors colors(QApplication::palette());
 
@@ -138,7 +138,7 @@ TEST_P(LooksTest, LinksAndTipsFollowTheDesktop)
     EXPECT_EQ(Contrast(tips.color(QPalette::ToolTipBase), Qt::white) > 4.5, GetParam());
 }
 
-TEST_P(LooksTest, TheGridIsPaintedAnewWhenTheDesktopChangesItsColours)
+TEST_P(LooksTest, TheGridIsPaintedAgainWhenTheDesktopChangesItsColours)
 {
     ClickNode("Checking");
     const auto corner = [this] {

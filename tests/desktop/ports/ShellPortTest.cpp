@@ -11,7 +11,7 @@
 namespace clb {
 namespace {
 
-/// Stands in for the desktop's viewer of files and keeps what it was to show.
+/// Replaces the desktop's viewer of files and keeps what it was asked to show.
 class ShellPortTest : public testing::Test {
 protected:
     ShellPortTest()
@@ -78,7 +78,7 @@ TEST_F(ShellPortTest, ANamedHelpFileThatIsThereOpensItself)
     EXPECT_EQ(Shown(), folder.Path("Help/clb.chm"));
 }
 
-TEST_F(ShellPortTest, AFolderWithSpacesAndAccentsIsNoTrouble)
+TEST_F(ShellPortTest, AFolderWithSpacesAndAccentsWorks)
 {
     folder.Write("Geld & Ä/Help/index.html", "<p>help</p>");
 

@@ -1,4 +1,4 @@
-// The notice in the status bar's second panel, and the day's backup that is its first cause.
+// The notices in the status bar's second panel, and the day's backup, which causes most of them.
 #include <QAccessible>
 #include <QProgressBar>
 #include <QStatusBar>
@@ -92,14 +92,14 @@ TEST_F(DailyBackupTest, ADayWithItsBackupSettlesTheNotice)
         window_, Folder(), books_.clock, [&](const auto& failure) { reported.push_back(failure); },
         QStringLiteral("/bin/false"));
     window_.repaint();
-    // Once at once, and again after the helper has looked at the balances.
+    // Reported at the start, and again after the helper has checked the balances.
     QTRY_COMPARE(reported.size(), 2U);
 
     EXPECT_EQ(reported[0], std::nullopt);
     EXPECT_EQ(reported[1], std::nullopt);
 }
 
-/// Symptom: a start said nothing of a balance that did not fit its rows.
+/// Symptom: a start did not report a balance that did not fit its rows.
 TEST_F(DailyBackupTest, TheHelperListsBalancesThatDoNotFitTheirRows)
 {
     Model().Data().Execute("UPDATE Account SET CurrentBalance = 3 WHERE AccountID = 'P1'");
@@ -111,7 +111,7 @@ TEST_F(DailyBackupTest, TheHelperListsBalancesThatDoNotFitTheirRows)
               (std::vector<std::string>{"C1|0|-18|start", "P1|3|0|start"}));
 }
 
-/// The test program is the helper here, and knows nothing of backups.
+/// The test program itself is the helper here. It makes no backup.
 TEST_F(DailyBackupTest, AHelperThatMakesNoneIsReportedAndKept)
 {
     std::filesystem::create_directory(books_.folder.Path("db/backup"));

@@ -13,7 +13,7 @@ namespace {
 
 class PrintWindowTest : public testing::Test {
 protected:
-    /// Prints the grid to paper and reads what stands on one of its pages, counted from 1.
+    /// Prints the grid and reads the text of one of its pages, counted from 1.
     QString PageOf(GridComponent& grid, int page)
     {
         folder_.Write("print.html", GridHtml(grid, {"Shop", "March 2006", "Sum:", {}}));
@@ -44,7 +44,7 @@ TEST_F(PrintWindowTest, ThePaperShowsTitleCaptionsAndRows)
     EXPECT_LT(page.indexOf(QStringLiteral("Apples")), page.indexOf(QStringLiteral("Cheese")));
 }
 
-TEST_F(PrintWindowTest, TheCaptionsStandOnEveryPage)
+TEST_F(PrintWindowTest, TheCaptionsAreOnEveryPage)
 {
     GridComponent grid("Grid", dates_);
     FillShop(grid.Array());

@@ -40,7 +40,7 @@ protected:
             QTest::qWait(1);
         return later.get();
     }
-    /// What a start says that is not served.
+    /// The message of a start that gets no answer.
     std::string Refusal(milliseconds patience = milliseconds(200))
     {
         try {
@@ -50,7 +50,8 @@ protected:
         }
         return "";
     }
-    /// A program that has the book open, as a user's if one is given; it does not answer.
+    /// A program that has the book open and does not answer. `user` is whose program it is, if
+    /// given.
     pid_t OpenElsewhere(uid_t user = geteuid())
     {
         int ready[2];
@@ -169,15 +170,15 @@ TEST_F(RunningProgramTest, AfterACrashTheNextStartIsFirstAtOnce)
     EXPECT_FALSE(StartAgain());
 }
 
-TEST_F(RunningProgramTest, ALockThatAPowerCutLeftEmptyIsNoLock)
+TEST_F(RunningProgramTest, ALockThatAPowerCutLeftEmptyDoesNotCount)
 {
     home_.Write("db/clb.lock", "");
 
     EXPECT_TRUE(RunningProgram(home_.Path()).BecomeFirst({}));
 }
 
-/// The number of a program that crashed may be that of another one now.
-TEST_F(RunningProgramTest, ALockWhoseNumberAnotherProgramHasIsNoLock)
+/// Another program may now have the number of the one that crashed.
+TEST_F(RunningProgramTest, ALockWhoseNumberAnotherProgramHasDoesNotCount)
 {
     const QByteArray here = QSysInfo::machineHostName().toUtf8();
     const std::string self = std::filesystem::read_symlink("/proc/self/exe").filename();
@@ -187,7 +188,7 @@ TEST_F(RunningProgramTest, ALockWhoseNumberAnotherProgramHasIsNoLock)
     EXPECT_TRUE(RunningProgram(home_.Path()).BecomeFirst({}));
 }
 
-/// It once opened a second window on the same book.
+/// Symptom: a second window opened on the same book.
 TEST_F(RunningProgramTest, AFirstStartThatDoesNotAnswerIsReported)
 {
     const pid_t first = OpenElsewhere();
@@ -200,7 +201,7 @@ TEST_F(RunningProgramTest, AFirstStartThatDoesNotAnswerIsReported)
     EXPECT_TRUE(RunningProgram(home_.Path()).BecomeFirst({}));
 }
 
-/// The place where starts met once lay there, and without one each start opened a window.
+/// Symptom: the socket was in that folder, and without it each start opened a window.
 TEST_F(RunningProgramTest, NoFolderOfTheSessionIsNeeded)
 {
     const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
@@ -230,10 +231,10 @@ TEST_F(RunningProgramTest, ABookThatAnotherUserHasOpenIsReported)
 {
     if (geteuid() != 0)
         GTEST_SKIP() << "only root may become another user";
-    constexpr uid_t daemon = 1;
+    constexpr uid_t kDaemon = 1;
     std::filesystem::permissions(home_.Path(), std::filesystem::perms::all);
     std::filesystem::permissions(home_.Path("db"), std::filesystem::perms::all);
-    const pid_t first = OpenElsewhere(daemon);
+    const pid_t first = OpenElsewhere(kDaemon);
 
     EXPECT_EQ(Refusal(), "The book in " + home_.Path() +
                              " is open in a window of the user daemon. Close that window first.");
@@ -242,7 +243,7 @@ TEST_F(RunningProgramTest, ABookThatAnotherUserHasOpenIsReported)
     EXPECT_TRUE(RunningProgram(home_.Path()).BecomeFirst({}));
 }
 
-TEST_F(RunningProgramTest, AnyUserOfTheBookMayTakeTheLockOfACrashAway)
+TEST_F(RunningProgramTest, AnyUserOfTheBookCanRemoveTheLockOfACrash)
 {
     RunningProgram first(home_.Path());
     first.BecomeFirst({});

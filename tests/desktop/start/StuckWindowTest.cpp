@@ -21,7 +21,7 @@ protected:
     }
     ~StuckWindowTest() override { events_.WhenIdle({}); }
 
-    /// The user imports a file that is no statement.
+    /// The user imports a file that is not a statement.
     std::string ImportNonsense()
     {
         const std::string file = books_.folder.Write("letter.txt", "Dear bank\r\n");
@@ -36,7 +36,7 @@ protected:
         QTest::qWait(1);
     }
     QPushButton& Button(const char* name) { return *stuck_.findChild<QPushButton*>(name); }
-    /// As the system's button in the title bar does.
+    /// Closes the window as the button in its title bar does.
     void CloseBySystem(QWidget& window)
     {
         window.windowHandle()->close();
@@ -187,7 +187,7 @@ TEST_F(StuckWindowTest, AfterAStoppedCommandDamageIsReportedInItsPlace)
     EXPECT_TRUE(Button("again").isHidden());
 }
 
-TEST_F(StuckWindowTest, DataThatCannotBeOpenedIsOfferedToBeRestored)
+TEST_F(StuckWindowTest, ABackupIsOfferedForDataThatCannotBeOpened)
 {
     const auto box = BuildRestoreOffer({true, "2026-11-20", "The file is damaged."});
 
@@ -198,7 +198,7 @@ TEST_F(StuckWindowTest, DataThatCannotBeOpenedIsOfferedToBeRestored)
     EXPECT_EQ(box->escapeButton(), box->findChild<QPushButton*>("quit"));
 }
 
-/// Symptom: the window showed the error and ended; no start could do better.
+/// Symptom: the window showed the error and ended, at every start.
 TEST_F(StuckWindowTest, ABookWithAWrongCellIsOfferedTheNewestBackupWithoutIt)
 {
     Backups backups(books_.folder.Path());

@@ -15,7 +15,7 @@ namespace {
 class CommandsTest : public WindowTest {
 protected:
     CommandsTest() { Activate(); }
-    /// The offscreen platform does not give the window back what its menus took.
+    /// The offscreen platform does not give the focus back to the window after a menu.
     void Activate()
     {
         while (QWidget* popup = QApplication::activePopupWidget())
@@ -59,7 +59,7 @@ TEST_F(CommandsTest, NewRecordEditsTheFirstColumnOfANewRow)
     ClickNode("Checking");
     ClickLine("mnuEdit", "mnuE_New");
 
-    EXPECT_EQ(Grid().Row(), 5u);
+    EXPECT_EQ(Grid().Row(), 5U);
     EXPECT_EQ(Grid().Col(), 1);
     EXPECT_TRUE(Grid().Editing());
     EXPECT_TRUE(GridWidget(window_).Editor().Line().hasFocus());
@@ -70,13 +70,13 @@ TEST_F(CommandsTest, TheNewButtonAndItsKeysDoTheSame)
     ClickNode("Checking");
     ClickButton("New");
     EXPECT_TRUE(Grid().Editing());
-    EXPECT_EQ(Grid().Row(), 5u);
+    EXPECT_EQ(Grid().Row(), 5U);
 
     ClickNode("Checking");
     ClickCell(2, 2);
     Press(Qt::Key_N, Qt::ControlModifier);
     EXPECT_TRUE(Grid().Editing());
-    EXPECT_EQ(Grid().Row(), 5u);
+    EXPECT_EQ(Grid().Row(), 5U);
 }
 
 TEST_F(CommandsTest, DeleteAsksAndTakesTheCurrentRow)
@@ -115,9 +115,9 @@ TEST_F(CommandsTest, ATransactionMovesToTheNeighbouringMonths)
     ClickCell(1, 2);
 
     ClickLine("mnuEdit", "mnuE_MoveNext");
-    EXPECT_EQ(Grid().Rows().Count(), 4u);
+    EXPECT_EQ(Grid().Rows().Count(), 4U);
     ClickLine("mnuEdit", "mnuE_MovePrev");
-    EXPECT_EQ(Grid().Rows().Count(), 3u);
+    EXPECT_EQ(Grid().Rows().Count(), 3U);
 
     EXPECT_EQ(books_.Rows("SELECT COUNT(*) FROM Trans GROUP BY Period ORDER BY Period"),
               (std::vector<std::string>{"1", "2", "1"}));
@@ -133,7 +133,7 @@ TEST_F(CommandsTest, ATransactionIsSplit)
     ClickLine("mnuEdit", "mnuE_Split");
 
     EXPECT_EQ(Count("Trans"), "5");
-    EXPECT_EQ(Grid().Rows().Count(), 6u);
+    EXPECT_EQ(Grid().Rows().Count(), 6U);
 }
 
 TEST_F(CommandsTest, TheBudgetIsCopiedFromThePreviousMonth)
@@ -155,7 +155,7 @@ TEST_F(CommandsTest, PrintingTakesThePageFromTheGrid)
     ClickLine("mnuFile", "mnuF_Print");
     Press(Qt::Key_P, Qt::ControlModifier);
 
-    ASSERT_EQ(books_.printing.documents.size(), 2u);
+    ASSERT_EQ(books_.printing.documents.size(), 2U);
     EXPECT_NE(books_.printing.documents[1].find("Checking"), std::string::npos);
 }
 
@@ -168,7 +168,7 @@ TEST_F(CommandsTest, ImportAndExportAskForAFile)
     Press(Qt::Key_I, Qt::ControlModifier);
     Press(Qt::Key_E, Qt::ControlModifier);
 
-    ASSERT_EQ(books_.files.questions.size(), 4u);
+    ASSERT_EQ(books_.files.questions.size(), 4U);
     EXPECT_FALSE(books_.files.questions[0].save);
     EXPECT_TRUE(books_.files.questions[1].save);
 }
@@ -187,7 +187,7 @@ TEST_F(CommandsTest, TheWebPagesOpen)
     ClickLine("mnuHelp", "mnuH_OnTheWeb");
     ClickLine("mnuHelp", "mnuH_OnlineTutorial");
 
-    ASSERT_EQ(books_.shell.opened.size(), 2u);
+    ASSERT_EQ(books_.shell.opened.size(), 2U);
     EXPECT_NE(books_.shell.opened[0], books_.shell.opened[1]);
 }
 
@@ -203,7 +203,7 @@ TEST_F(CommandsTest, TheBankLinkSaysWhereToSetItsAddress)
 {
     ClickButton("Link");
 
-    ASSERT_EQ(books_.messages.boxes.size(), 1u);
+    ASSERT_EQ(books_.messages.boxes.size(), 1U);
     EXPECT_EQ(books_.messages.boxes[0].text,
               "You have not yet set your bank's URL, please do so from Tools|Options...");
 }
@@ -241,11 +241,11 @@ TEST_F(CommandsTest, ARefusedRowKeepsTheMonth)
     Press(Qt::Key_Right, Qt::AltModifier);
 
     EXPECT_EQ(Model().cmbPeriod.Index(), 2);
-    ASSERT_EQ(books_.messages.boxes.size(), 1u);
+    ASSERT_EQ(books_.messages.boxes.size(), 1U);
     EXPECT_EQ(books_.messages.boxes[0].text, "Please enter a category.");
 }
 
-/// A command of the menus that reads the rows, or reads them anew.
+/// A menu command that reads the rows, or reads them again.
 struct Line {
     std::string menu;
     std::string item;
@@ -334,7 +334,7 @@ TEST_F(CommandsTest, TheKeyOfImportSavesTheRowInEditFirst)
 
     Press(Qt::Key_I, Qt::ControlModifier);
 
-    EXPECT_EQ(books_.files.questions.size(), 1u);
+    EXPECT_EQ(books_.files.questions.size(), 1U);
     EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans WHERE Description = 'm'"), "1");
 }
 
@@ -375,7 +375,7 @@ TEST_F(CommandsTest, TheRightButtonShowsTheEditMenuForItsRow)
     QApplication::sendEvent(&view, &asked);
     QTest::qWait(1);
 
-    EXPECT_EQ(Grid().Row(), 3u);
+    EXPECT_EQ(Grid().Row(), 3U);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_TRUE(menu);
     EXPECT_EQ(menu->objectName(), QStringLiteral("mnuEdit"));

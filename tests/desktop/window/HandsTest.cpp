@@ -62,7 +62,7 @@ TEST_F(HandsTest, AKeyThatComesBeforeTheTreeWasDrawnAgainStepsOnFromTheOneBefore
     TreeBinder& tree = TreeWidget(window_);
     ClickNode("Bank");
     QTest::keyClick(&tree, Qt::Key_Down);
-    // The press of the first step is done, the drawing after it still waits.
+    // The first step's press is done, but its drawing still waits.
     QCoreApplication::sendPostedEvents();
     QTest::keyClick(&tree, Qt::Key_Down);
     QTest::qWait(1);
@@ -126,7 +126,7 @@ TEST_F(HandsTest, AChangedRowIsSavedBeforeTheMonthIsLeft)
     EXPECT_EQ(Month(), "April 2006");
     EXPECT_EQ(books_.Rows("SELECT Amount FROM Trans WHERE Description = 'Miller'").size() +
                   books_.Rows("SELECT Amount FROM Trans WHERE PayeeName = 'Miller'").size(),
-              1u);
+              1U);
 }
 
 TEST_F(HandsTest, TabGoesThroughEveryControlOfTheWindowAndRound)
@@ -210,7 +210,7 @@ TEST_F(HandsTest, AKeyShowsTheCurrentCellsTip)
     QToolTip::hideText();
 }
 
-/// Letters of a dialog's captions; none may stand there twice.
+/// The letters of a dialog's captions. None may occur twice.
 void ExpectLettersOfItsOwn(Form& form, UserEvents& events, int least)
 {
     FormDialog dialog(form, events, nullptr);

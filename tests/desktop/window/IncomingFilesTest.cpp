@@ -24,7 +24,7 @@ protected:
                       "</ACCTID><STMTTRN><DTPOSTED>20060305<TRNAMT>-1<FITID>" + fitid +
                       "<NAME>Shop</STMTTRN></OFX>\r\n");
     }
-    /// Drags files over the window; whether it takes them.
+    /// Drags files over the window. Returns whether it accepts them.
     bool Drop(const std::vector<std::string>& paths)
     {
         QMimeData data;
@@ -67,7 +67,7 @@ TEST_F(IncomingFilesTest, DroppedStatementsAreImportedOneAfterTheOther)
     EXPECT_TRUE(Model().window.Enabled());
 }
 
-TEST_F(IncomingFilesTest, WhatIsNoStatementIsReportedAndTheNextOneImported)
+TEST_F(IncomingFilesTest, AFileThatIsNotAStatementIsReportedAndTheNextOneImported)
 {
     const std::string photo = books_.folder.Write("photo.jpg", "\xff\xd8");
 

@@ -14,7 +14,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST_F(WindowTest, AClickOnATreeNodeShowsItsViewAndStandsInTheCaption)
+TEST_F(WindowTest, AClickOnATreeNodeShowsItsViewAndItsNameInTheCaption)
 {
     ClickNode("Checking");
 
@@ -35,7 +35,7 @@ TEST_F(WindowTest, AClickOnTheSelectedNodeShowsItOnceMore)
     EXPECT_EQ(reloads, 1);
 }
 
-TEST_F(WindowTest, TheArrowKeysWalkTheTreeAndShowEachNode)
+TEST_F(WindowTest, TheArrowKeysMoveThroughTheTreeAndShowEachNode)
 {
     ClickNode("Net Worth");
 
@@ -117,14 +117,14 @@ TEST_F(WindowTest, TheSpinnersArrowsStepTheYear)
     EXPECT_EQ(Model().View().Year(), 2006);
 }
 
-TEST_F(WindowTest, AYearThatIsNoNumberIsReportedAndTheProgramGoesOn)
+TEST_F(WindowTest, AYearThatIsNotANumberIsReportedAndTheProgramGoesOn)
 {
     YearWidget(window_).selectAll();
     QTest::keyClicks(YearWidget(window_).Line(), "soon");
 
     Key(YearWidget(window_), Qt::Key_Return);
 
-    ASSERT_EQ(books_.messages.boxes.size(), 1u);
+    ASSERT_EQ(books_.messages.boxes.size(), 1U);
     EXPECT_EQ(books_.messages.boxes[0],
               (FakeMessageBox::Box{"Type mismatch", box_style::Critical, "Corvane Ledgerbook"}));
     ClickNode("Budget");
@@ -165,7 +165,7 @@ TEST_F(WindowTest, TheMenusShowWhatTheModelEnables)
     EXPECT_FALSE(MenuAction("mnuF_Export")->isEnabled());
 }
 
-TEST_F(WindowTest, TheMenusStandInOrderWithAccessKeysAndSeparators)
+TEST_F(WindowTest, TheMenusAreInOrderWithAccessKeysAndSeparators)
 {
     QStringList titles;
     for (const QAction* menu : window_.menuBar()->actions())
@@ -200,7 +200,7 @@ TEST_F(WindowTest, TheStatusBarShowsItsFirstPanel)
     EXPECT_EQ(status(), "Double click or press F2 to edit cell content.");
 }
 
-TEST_F(WindowTest, TheTotalsStandUnderTheirColumnsAndASecondOneOnlyWhereThereIsOne)
+TEST_F(WindowTest, TheTotalsAreBelowTheirColumnsAndASecondOneOnlyIfTheViewHasOne)
 {
     ClickNode("Net Worth");
     EXPECT_TRUE(SecondTotal(window_)->isVisible());
@@ -214,7 +214,7 @@ TEST_F(WindowTest, TheTotalsStandUnderTheirColumnsAndASecondOneOnlyWhereThereIsO
     EXPECT_TRUE(FirstTotal(window_)->isReadOnly());
 }
 
-TEST_F(WindowTest, ATotalWithoutRoomShowsNoOtherAmount)
+TEST_F(WindowTest, ATotalThatDoesNotFitShowsNoWrongAmount)
 {
     books_.Execute("UPDATE Account SET OpeningBalance = 1234567.89");
     ClickNode("Net Worth");
@@ -283,7 +283,7 @@ TEST_F(WindowTest, ClosingTheWindowUnloadsTheProgramUnlessTheGridRefuses)
 }
 
 /// Symptom: a box opened although nothing was pressed.
-TEST_F(WindowTest, ATipThatCannotBeReadIsNoError)
+TEST_F(WindowTest, ATipThatCannotBeReadIsNotAnError)
 {
     Model().Data().Execute(
         "INSERT INTO Budget ([Year], Period, Category, CategoryGroup) VALUES (2006, 3, '(none)', "

@@ -87,7 +87,7 @@ TEST_F(WindowMemoryTest, SizePlaceBorderAndColumnsComeBackAtTheNextStart)
     EXPECT_EQ(second.Width(2), column);
 }
 
-TEST_F(WindowMemoryTest, AMaximisedWindowComesBackMaximisedWithItsOwnSizeBehind)
+TEST_F(WindowMemoryTest, AMaximisedWindowComesBackMaximisedAndKeepsItsNormalSize)
 {
     {
         Start first(File());
@@ -163,7 +163,7 @@ TEST_F(WindowMemoryTest, OnlyItsUserMayReadTheFile)
               mine | QFile::ExeOwner | QFile::ExeUser);
 }
 
-TEST_F(WindowMemoryTest, ABrokenFileIsPassedOver)
+TEST_F(WindowMemoryTest, ABrokenFileIsIgnored)
 {
     for (const char* text :
          {"\xff\xfe\x00 no settings at all [[[",
@@ -177,11 +177,11 @@ TEST_F(WindowMemoryTest, ABrokenFileIsPassedOver)
         EXPECT_TRUE(start.books.messages.boxes.empty());
         EXPECT_FALSE(start.window.isMaximized()) << text;
         EXPECT_GT(GridWidget(start.window).width(), 100) << text;
-        EXPECT_GE(start.Width(1), GridComponent::LeastWidth) << text;
+        EXPECT_GE(start.Width(1), GridComponent::kLeastWidth) << text;
     }
 }
 
-TEST_F(WindowMemoryTest, AFolderInPlaceOfTheFileIsNoError)
+TEST_F(WindowMemoryTest, AFolderInPlaceOfTheFileIsNotAnError)
 {
     QDir().mkpath(File());
     Start start(File());
@@ -193,7 +193,7 @@ TEST_F(WindowMemoryTest, AFolderInPlaceOfTheFileIsNoError)
     EXPECT_TRUE(QFileInfo(File()).isDir());
 }
 
-TEST_F(WindowMemoryTest, AFileInTheWayOfTheFolderIsNoError)
+TEST_F(WindowMemoryTest, AFileInTheWayOfTheFolderIsNotAnError)
 {
     folder_.Write("config", "in the way");
     Start start(File());
