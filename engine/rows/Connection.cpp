@@ -12,7 +12,7 @@
 namespace clb {
 namespace {
 
-void RunWrite(Connection::State& state, const StatementCache::Entry& entry)
+void RunWrite(Connection::State& state, const PlanCache::Entry& entry)
 {
     state.BeginWrite();
     Query& query = entry.plan->query;

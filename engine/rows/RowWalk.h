@@ -18,7 +18,7 @@ class Query;
 /// The row that a walk has come to. Fields are addressed by 0-based position.
 class WalkedRow {
 public:
-    WalkedRow(const Plan& plan, const Query& statement) : plan_(plan), statement_(statement) {}
+    WalkedRow(const Plan& plan, const Query& query) : plan_(plan), query_(query) {}
 
     [[nodiscard]] const std::vector<Field>& Fields() const;
     /// 0-based position of the field, without regard to case. Throws EngineError when there is none
@@ -35,7 +35,7 @@ public:
 
 private:
     const Plan& plan_;
-    const Query& statement_;
+    const Query& query_;
 };
 
 /// Runs the SELECT and hands each of its rows to take, in order. All rows are of one state of the

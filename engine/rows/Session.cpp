@@ -36,7 +36,7 @@ void Connection::State::RequireOpen() const
         throw refuse::Closed();
 }
 
-StatementCache::Entry Connection::State::Prepare(std::string_view sql)
+PlanCache::Entry Connection::State::Prepare(std::string_view sql)
 {
     Interruption::CheckAnywhere();
     RequireOpen();
@@ -46,7 +46,7 @@ StatementCache::Entry Connection::State::Prepare(std::string_view sql)
 
     const LexedSql lexed = Lex(sql);
     std::string shape = ShapeOf(lexed);
-    StatementCache::Entry entry;
+    PlanCache::Entry entry;
     entry.plan = cache.FindShape(shape);
     if (!entry.plan) {
         entry.plan = Compile(lexed, catalogue, database);
@@ -63,9 +63,9 @@ StatementCache::Entry Connection::State::Prepare(std::string_view sql)
     return entry;
 }
 
-StatementCache::Entry Connection::State::PrepareSelect(std::string_view sql)
+PlanCache::Entry Connection::State::PrepareSelect(std::string_view sql)
 {
-    StatementCache::Entry entry = Prepare(sql);
+    PlanCache::Entry entry = Prepare(sql);
     if (entry.plan->kind != Plan::Kind::Select)
         throw refuse::WrongSql("Only a SELECT can be opened as a result set.");
     return entry;
@@ -107,10 +107,10 @@ void Connection::State::BeginWrite()
     pending = true;
 }
 
-void Connection::State::StepWrite(Query& statement)
+void Connection::State::StepWrite(Query& query)
 {
     try {
-        database.Step(statement);
+        database.Step(query);
     } catch (const EngineError& error) {
         if (whole && error.Trouble() != FileTrouble::None && database.InTransaction())
             TakeBack();
@@ -118,12 +118,12 @@ void Connection::State::StepWrite(Query& statement)
     }
 }
 
-void Connection::State::StepInsert(Query& statement, const std::string& table)
+void Connection::State::StepInsert(Query& query, const std::string& table)
 {
     const std::int64_t left = kLargestNumber - LastNumber(table);
     if (left <= 0)
         throw refuse::NoNumberLeft(table);
-    StepWrite(statement);
+    StepWrite(query);
     if (database.ChangedRows() <= left)
         return;
     database.Run("DELETE FROM " + QuoteName(table) + " WHERE rowid > " +

@@ -7,7 +7,7 @@
 
 #include "engine/rows/Connection.h"
 #include "engine/sql/Plan.h"
-#include "engine/sql/StatementCache.h"
+#include "engine/sql/PlanCache.h"
 #include "engine/storage/Catalogue.h"
 #include "engine/storage/Database.h"
 
@@ -17,7 +17,7 @@ namespace clb {
 struct Connection::State {
     Database database;
     Catalogue catalogue{database};
-    StatementCache cache;
+    PlanCache cache;
     std::function<void(std::string_view)> trace;
     std::int64_t schemaVersion = -1;  ///< of the catalogue and the cache; -1: not known
     bool reading = false;             ///< a ReadGroup lives
@@ -36,20 +36,20 @@ struct Connection::State {
 
     /// Opens the file and prepares what begins and ends groups. Throws EngineError.
     void Open(const std::string& path);
-    /// The compiled statement and its values. Notices first when another program has changed the
+    /// The compiled query and its values. Notices first when another program has changed the
     /// schema. Throws EngineError.
-    StatementCache::Entry Prepare(std::string_view sql);
-    /// The same for a statement whose rows are to be read. Throws EngineError for any but a SELECT.
-    StatementCache::Entry PrepareSelect(std::string_view sql);
+    PlanCache::Entry Prepare(std::string_view sql);
+    /// The same for a query whose rows are to be read. Throws EngineError for any but a SELECT.
+    PlanCache::Entry PrepareSelect(std::string_view sql);
     /// Opens the pending group unless it is open. Throws the error that made the storage give up
     /// the group, where it did.
     void BeginWrite();
-    /// Runs a statement that writes, behind BeginWrite. Trouble with the file gives up a group that
+    /// Runs a query that writes, behind BeginWrite. Trouble with the file gives up a group that
     /// is kept whole or not at all. Throws EngineError.
-    void StepWrite(Query& statement);
+    void StepWrite(Query& query);
     /// Runs an INSERT into a table whose counter numbers the new rows. Throws EngineError, with
     /// nothing changed, when the counter has too few numbers left.
-    void StepInsert(Query& statement, const std::string& table);
+    void StepInsert(Query& query, const std::string& table);
     /// Whether the pending group was given up with all that was in it.
     [[nodiscard]] bool LostGroup() const { return pending && !database.InTransaction(); }
     void Settle();

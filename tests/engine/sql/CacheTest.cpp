@@ -1,6 +1,6 @@
 // Queries that are built by concatenation share their plan, but nothing else.
 #include "engine/sql/Lexer.h"
-#include "engine/sql/StatementCache.h"
+#include "engine/sql/PlanCache.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace clb {
@@ -32,9 +32,9 @@ TEST_F(CacheTest, QueriesThatDifferInLiteralsOfOneKindHaveOneShape)
     EXPECT_FALSE(SameShape("[a b]", "[a] b"));
 }
 
-TEST(StatementCacheTest, TheLongestUnusedGoesFirst)
+TEST(PlanCacheTest, TheLongestUnusedGoesFirst)
 {
-    StatementCache cache;
+    PlanCache cache;
     for (int i = 0; i < 256; ++i)
         cache.AddText(std::to_string(i), {});
     EXPECT_NE(cache.FindText("0"), nullptr);

@@ -1,9 +1,9 @@
-#include "engine/sql/StatementCache.h"
+#include "engine/sql/PlanCache.h"
 
 namespace clb {
 
 template <typename T>
-T* StatementCache::Recent<T>::Find(std::string_view key)
+T* PlanCache::Recent<T>::Find(std::string_view key)
 {
     const auto found = index_.find(key);
     if (found == index_.end())
@@ -13,7 +13,7 @@ T* StatementCache::Recent<T>::Find(std::string_view key)
 }
 
 template <typename T>
-void StatementCache::Recent<T>::Add(std::string key, T value)
+void PlanCache::Recent<T>::Add(std::string key, T value)
 {
     if (nodes_.size() == limit_) {
         index_.erase(nodes_.back().key);
@@ -29,34 +29,34 @@ void StatementCache::Recent<T>::Add(std::string key, T value)
 }
 
 template <typename T>
-void StatementCache::Recent<T>::Clear()
+void PlanCache::Recent<T>::Clear()
 {
     index_.clear();
     nodes_.clear();
 }
 
-const StatementCache::Entry* StatementCache::FindText(std::string_view sql)
+const PlanCache::Entry* PlanCache::FindText(std::string_view sql)
 {
     return texts_.Find(sql);
 }
 
-void StatementCache::AddText(std::string_view sql, Entry entry)
+void PlanCache::AddText(std::string_view sql, Entry entry)
 {
     texts_.Add(std::string(sql), std::move(entry));
 }
 
-std::shared_ptr<Plan> StatementCache::FindShape(const std::string& shape)
+std::shared_ptr<Plan> PlanCache::FindShape(const std::string& shape)
 {
     const auto* found = shapes_.Find(shape);
     return found ? *found : nullptr;
 }
 
-void StatementCache::AddShape(std::string shape, std::shared_ptr<Plan> plan)
+void PlanCache::AddShape(std::string shape, std::shared_ptr<Plan> plan)
 {
     shapes_.Add(std::move(shape), std::move(plan));
 }
 
-void StatementCache::Clear()
+void PlanCache::Clear()
 {
     texts_.Clear();
     shapes_.Clear();

@@ -9,9 +9,9 @@
 
 namespace clb {
 
-/// Compiled statements, found by their exact text and else by their shape, so that texts that
+/// Compiled queries, found by their exact text and else by their shape, so that texts that
 /// differ in literals only are compiled once. Both stores are bounded; the longest unused go first.
-class StatementCache {
+class PlanCache {
 public:
     struct Entry {
         std::shared_ptr<Plan> plan;
