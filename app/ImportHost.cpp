@@ -3,6 +3,7 @@
 #include "app/clsOpenSave.h"
 #include "app/frmController.h"
 #include "base/Interruption.h"
+#include "base/Product.h"
 #include "data/Backups.h"
 #include "import/frmSelectAccount.h"
 
@@ -81,7 +82,7 @@ bool ImportHost::StillHasAccount(const std::string& accountID)
         return true;
     window_.GivenPorts().messages.Show(
         "Another program has deleted the chosen account meanwhile. Nothing was imported.",
-        box_style::Exclamation, frmController::Title);
+        box_style::Exclamation, product::kTitle);
     return false;
 }
 

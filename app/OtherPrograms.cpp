@@ -5,6 +5,7 @@
 #include "app/RowFate.h"
 #include "app/TreePlaces.h"
 #include "app/frmController.h"
+#include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "data/ViewColumns.h"
 
@@ -158,7 +159,7 @@ bool OtherPrograms::AgreeOnRow()
         if (disputed.empty())
             return true;
         const BoxAnswer answer = messages_.Show(
-            Question(disputed), box_style::YesNo + box_style::Question, frmController::Title);
+            Question(disputed), box_style::YesNo + box_style::Question, product::kTitle);
         if (answer != BoxAnswer::Yes)
             for (const std::int32_t column : disputed)
                 grid.TakeStored(column);
@@ -168,7 +169,7 @@ bool OtherPrograms::AgreeOnRow()
 
 bool OtherPrograms::Refuse(const char* why)
 {
-    messages_.Show(why, box_style::Exclamation, frmController::Title);
+    messages_.Show(why, box_style::Exclamation, product::kTitle);
     return false;
 }
 

@@ -1,6 +1,7 @@
 #include "app/PrintedPage.h"
 
 #include "app/frmController.h"
+#include "base/Product.h"
 
 namespace clb {
 
@@ -9,7 +10,7 @@ GridPage PrintedPage(frmController& window)
     GridPage page;
     // The caption begins with the name of what is shown.
     const std::string caption = window.window.Caption();
-    page.title = caption.substr(0, caption.rfind(std::string(" - ") + frmController::Title));
+    page.title = caption.substr(0, caption.rfind(std::string(" - ") + product::kTitle));
     const ViewDefinition& view = window.View().Definition();
     if (view.ofMonth)
         page.subtitle = window.cmbPeriod.Text() + " " + window.txtYear.Text();

@@ -2,6 +2,7 @@
 
 #include "app/OtherPrograms.h"
 #include "app/frmController.h"
+#include "base/Product.h"
 #include "data/NoticedBalances.h"
 #include "data/ViewColumns.h"
 #include "views/NodeTag.h"
@@ -73,7 +74,7 @@ bool RowEvents::IsValid()
     std::string message;
     if (window_.Data().ValidRow(refusedColumn_, message))
         return true;
-    window_.GivenPorts().messages.Show(message, box_style::Critical, frmController::Title);
+    window_.GivenPorts().messages.Show(message, box_style::Critical, product::kTitle);
     return false;
 }
 

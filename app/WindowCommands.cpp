@@ -9,6 +9,7 @@
 #include "app/frmOptions.h"
 #include "app/frmSplit.h"
 #include "base/Numeric.h"
+#include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/ViewColumns.h"
@@ -130,7 +131,7 @@ void UpdateAllQuotes(frmController& window)
     QuoteHost host(window);
     const Ports& ports = window.GivenPorts();
     UpdateQuotes(window.Data(), host, ports.messages, ports.http, window.QuoteService(),
-                 frmController::Title);
+                 product::kTitle);
 }
 
 void ChangeOptions(frmController& window)
@@ -173,7 +174,7 @@ void OpenBankSite(frmController& window)
         ports.messages.Show(
             "You have not yet set your bank's URL, please do so from "
             "Tools|Options...",
-            box_style::Exclamation, frmController::Title);
+            box_style::Exclamation, product::kTitle);
 }
 
 void ShowPreviousMonth(frmController& window)

@@ -26,7 +26,7 @@ std::int64_t YearNumber(const std::string& text)
 
 frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
     : unlocked_(ports, [this] { ReleaseLock(); }),
-      window("frmController", std::string("Net Worth - ") + Title),
+      window("frmController", std::string("Net Worth - ") + product::kTitle),
       menus("menus"),
       toolbar("Toolbar"),
       cmbPeriod("cmbPeriod"),
@@ -62,9 +62,10 @@ frmController::~frmController() = default;
 
 void frmController::OpenGlobals()
 {
-    globals_.view = std::make_unique<clsView>(ViewTargets{
-        window, Grid, TreeView, lblTotal, txtTotal, txtTotal2, cmbPeriod, txtYear,
-        [this](const EnabledNow& now) { bars_.Enable(now); }, statusBar, ports_.messages, Title});
+    globals_.view = std::make_unique<clsView>(
+        ViewTargets{window, Grid, TreeView, lblTotal, txtTotal, txtTotal2, cmbPeriod, txtYear,
+                    [this](const EnabledNow& now) { bars_.Enable(now); }, statusBar,
+                    ports_.messages, product::kTitle});
     globals_.database = std::make_unique<clsDatabase>(ports_.folder, *globals_.view, Grid);
     globals_.view->Use(*globals_.database);
     import_ =
@@ -213,7 +214,7 @@ void frmController::ShowSelected()
 void frmController::NodeClicked(std::int32_t node)
 {
     const std::string text = TreeView.Node(node).text;
-    window.Caption(text + " - " + Title);
+    window.Caption(text + " - " + product::kTitle);
     const std::string kind = View().GetTreeNodeAccountInfo(0);
     const ViewDefinition& definition = DefinitionOf(ParseLong(kind));
     if (definition.ofType)

@@ -31,9 +31,6 @@ class OtherPrograms;
 /// parts of the program. Does not catch errors of handlers; the front end reports them.
 class frmController {
 public:
-    /// The name of the program in captions and message boxes.
-    static constexpr const char* Title = product::kTitle;
-
     frmController(const Ports& ports, const WindowMetrics& metrics);
     ~frmController();
     frmController(const frmController&) = delete;

@@ -5,6 +5,7 @@
 
 #include "app/frmController.h"
 #include "base/Interruption.h"
+#include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "data/ErrorText.h"
 
@@ -115,7 +116,7 @@ void UserEvents::TellBroken()
 void UserEvents::Tell(const char* text) noexcept
 {
     try {
-        messages_.Show(text, box_style::Critical, frmController::Title);
+        messages_.Show(text, box_style::Critical, product::kTitle);
     } catch (...) {
         return;  // not even a box can be shown
     }

@@ -8,6 +8,7 @@
 
 #include "app/OtherPrograms.h"
 #include "base/Interruption.h"
+#include "base/Product.h"
 #include "data/Backups.h"
 #include "data/EmptyDatabase.h"
 #include "data/ErrorText.h"
@@ -276,7 +277,7 @@ int Run(const StartOptions& options, IClock& clock)
 int ReportFailure(const StartOptions& options, const std::exception& error)
 {
     if (ShowsWindow(options))
-        MessageBoxPort().Show(ErrorText(error), box_style::Critical, frmController::Title);
+        MessageBoxPort().Show(ErrorText(error), box_style::Critical, product::kTitle);
     else
         std::cerr << ErrorText(error) << '\n';
     return 1;

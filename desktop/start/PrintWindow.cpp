@@ -9,6 +9,7 @@
 #include <iostream>
 
 #include "app/frmController.h"
+#include "base/Product.h"
 #include "desktop/look/TextConvert.h"
 #include "desktop/ports/MessageBoxPort.h"
 #include "files/FileError.h"
@@ -24,7 +25,7 @@ constexpr qreal kMarginMillimetres = 5;
 int Fail(const std::string& what, bool asks)
 {
     if (asks)
-        MessageBoxPort().Show(what, box_style::Critical, frmController::Title);
+        MessageBoxPort().Show(what, box_style::Critical, product::kTitle);
     else
         std::cerr << what << '\n';
     return 1;
@@ -52,7 +53,7 @@ int Preview(const QTextDocument& document)
     QPrinter printer(QPrinter::HighResolution);
     Prepare(printer, document);
     QPrintPreviewDialog preview(&printer);
-    preview.setWindowTitle(QStringLiteral("Print - ") + QLatin1String(frmController::Title));
+    preview.setWindowTitle(QStringLiteral("Print - ") + QLatin1String(product::kTitle));
     preview.resize(preview.screen()->availableSize() * 3 / 4);
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested,
                      [&document](QPrinter* paper) { document.print(paper); });

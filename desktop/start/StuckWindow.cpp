@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "app/frmController.h"
+#include "base/Product.h"
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/TextConvert.h"
 #include "desktop/ports/PointerPort.h"
@@ -35,7 +36,7 @@ StuckWindow::StuckWindow(frmController& controller, UserEvents& events, QWidget&
       text_(new QLabel(this)),
       buttons_(new QDialogButtonBox(this))
 {
-    setWindowTitle(ToQString(frmController::Title));
+    setWindowTitle(ToQString(product::kTitle));
     text_->setTextFormat(Qt::PlainText);
     text_->setWordWrap(true);
     text_->setMinimumWidth(fontMetrics().averageCharWidth() * 60);

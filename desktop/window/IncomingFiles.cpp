@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "app/frmController.h"
+#include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/TextConvert.h"
@@ -71,7 +72,7 @@ bool IncomingFiles::IsStatement(const std::string& path)
     } catch (const RuntimeError& error) {
         reason = error.what();
     }
-    messages_.Show(reason + "\n\n" + path, box_style::Critical, frmController::Title);
+    messages_.Show(reason + "\n\n" + path, box_style::Critical, product::kTitle);
     return false;
 }
 
