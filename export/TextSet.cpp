@@ -29,8 +29,8 @@ std::string_view TextSet::Text(std::uint32_t number) const
 
 void TextSet::Grow()
 {
-    constexpr std::size_t smallest = 64;
-    std::vector<Entry> grown(std::max(smallest, 2 * table_.size()));
+    constexpr std::size_t kSmallest = 64;
+    std::vector<Entry> grown(std::max(kSmallest, 2 * table_.size()));
     const std::size_t mask = grown.size() - 1;
     for (const Entry& entry : table_) {
         if (entry.number == 0)

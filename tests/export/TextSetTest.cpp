@@ -45,14 +45,14 @@ TEST(TextSetTest, EachTextEndsWhereItEnded)
 
 TEST(TextSetTest, AHundredThousandTextsAreAllFoundAgain)
 {
-    constexpr int count = 100'000;
+    constexpr int kCount = 100'000;
     TextSet texts;
-    for (int number = 0; number < count; ++number)
+    for (int number = 0; number < kCount; ++number)
         ASSERT_TRUE(texts.Insert("FIT" + std::to_string(number))) << number;
 
-    for (int number = 0; number < count; ++number)
+    for (int number = 0; number < kCount; ++number)
         ASSERT_FALSE(texts.Insert("FIT" + std::to_string(number))) << number;
-    EXPECT_TRUE(texts.Insert("FIT" + std::to_string(count)));
+    EXPECT_TRUE(texts.Insert("FIT" + std::to_string(kCount)));
 }
 
 }  // namespace

@@ -358,7 +358,7 @@ TEST_F(CommandsTest, EachCommandHasItsKeyAndPicture)
             EXPECT_EQ(ToUtf8(action.shortcut().toString(QKeySequence::PortableText)), command.key);
         }
     for (const WindowButton& button : WindowButtons()) {
-        const QAction& action = *window_.ToolbarWidget().Action(button.key);
+        const QAction& action = *ToolbarWidget(window_).Action(button.key);
         EXPECT_FALSE(action.icon().isNull()) << button.key;
         EXPECT_EQ(ToUtf8(action.shortcut().toString(QKeySequence::PortableText)), button.shortcut);
     }
