@@ -220,7 +220,7 @@ void BackupFolder::WriteList(const Listed& list) const
     std::string text;
     for (const auto& [name, mark] : list)
         text.append(name).append("\t").append(mark).append("\n");
-    WriteWhole(kList, text);
+    static_cast<void>(WriteWhole(kList, text));
 }
 
 bool BackupFolder::WriteWhole(const std::string& file, const std::string& text) const
@@ -272,7 +272,7 @@ void BackupFolder::Failure(const std::optional<BackupFailure>& failure) const no
 {
     try {
         if (failure)
-            WriteWhole(kFailure, failure->Lines());
+            static_cast<void>(WriteWhole(kFailure, failure->Lines()));
         else
             unlink((path_ + "/" + kFailure).c_str());
     } catch (const std::exception&) {

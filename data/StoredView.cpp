@@ -21,17 +21,17 @@ constexpr Activity kHoldings{"Investment", "sum( Total )", kOfHolding};
 constexpr Activity kLoans{"Loan", "sum( OriginalAmount - PaidAmount )", kOfLoan};
 
 constexpr StoredView kViews[] = {
-    {vwNetWorth, "Account", NetWorth::Rows, &RowRules::CheckAccount, nullptr,
+    {vwNetWorth, "Account", NetWorth::kRows, &RowRules::CheckAccount, nullptr,
      &ViewTotals::OfAllAccounts, nullptr},
-    {vwBudget, "Budget", Budget::Rows, &RowRules::CheckBudgetLine, &RowRules::ReleaseCategory,
+    {vwBudget, "Budget", Budget::kRows, &RowRules::CheckBudgetLine, &RowRules::ReleaseCategory,
      &ViewTotals::OfBudget, nullptr},
-    {vwAccountType, "Account", AccountType::Rows, &RowRules::CheckAccountOfType, nullptr,
+    {vwAccountType, "Account", AccountType::kRows, &RowRules::CheckAccountOfType, nullptr,
      &ViewTotals::OfAccountType, nullptr},
-    {vwAccount, "Trans", Register::Rows, &RowRules::CompleteTransaction, nullptr,
+    {vwAccount, "Trans", Register::kRows, &RowRules::CompleteTransaction, nullptr,
      &ViewTotals::OfRegister, &kTransactions},
-    {vwInvestment, "Investment", Holdings::Rows, &RowRules::CompleteHolding, nullptr,
+    {vwInvestment, "Investment", Holdings::kRows, &RowRules::CompleteHolding, nullptr,
      &ViewTotals::OfHoldings, &kHoldings},
-    {vwLoan, "Loan", Loans::Rows, &RowRules::CompleteLoan, nullptr, &ViewTotals::OfAllLoans,
+    {vwLoan, "Loan", Loans::kRows, &RowRules::CompleteLoan, nullptr, &ViewTotals::OfAllLoans,
      &kLoans},
 };
 

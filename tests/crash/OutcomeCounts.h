@@ -16,10 +16,10 @@ inline int Runs(const char* variable, int few)
 }
 
 /// Counts outcomes for each kind of run and prints a line for each kind at the end.
-class Figures {
+class OutcomeCounts {
 public:
-    explicit Figures(std::string title) : title_(std::move(title)) {}
-    ~Figures()
+    explicit OutcomeCounts(std::string title) : title_(std::move(title)) {}
+    ~OutcomeCounts()
     {
         const std::chrono::duration<double> took = std::chrono::steady_clock::now() - from_;
         for (const auto& [kind, outcomes] : kinds_) {
@@ -33,8 +33,8 @@ public:
         }
         std::printf("%s: %.1f s\n", title_.c_str(), took.count());
     }
-    Figures(const Figures&) = delete;
-    Figures& operator=(const Figures&) = delete;
+    OutcomeCounts(const OutcomeCounts&) = delete;
+    OutcomeCounts& operator=(const OutcomeCounts&) = delete;
 
     /// An outcome that begins with "+" is counted beside the others.
     void Count(const std::string& kind, const std::string& outcome) { ++kinds_[kind][outcome]; }
