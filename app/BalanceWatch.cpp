@@ -8,7 +8,7 @@
 namespace clb {
 namespace {
 
-/// Nothing either if a cell is not an amount: the sum that follows the change reports it.
+/// Returns nothing if a cell is not an amount. The sum that follows the change reports that error.
 std::vector<OddBalance> IfOdd(Connection& connection, const std::string& accountID)
 {
     try {
@@ -23,7 +23,7 @@ std::vector<OddBalance> IfOdd(Connection& connection, const std::string& account
 
 }  // namespace
 
-bool BalanceWatch::Look(clsDatabase& database, const std::string& accountID, const Date& now)
+bool BalanceWatch::Check(clsDatabase& database, const std::string& accountID, const Date& now)
 {
     const std::uint64_t writes = database.WritesElsewhere();
     if (looked_ && account_ == accountID && writes_ == writes)
@@ -40,7 +40,7 @@ void NoteOddBalances(const std::string& folder, const Date& now)
 {
     Connection connection;
     connection.Open("Data Source=" + folder + "/db/clb.mdb");
-    // A program that saved a row between two reads makes an account look odd that is not.
+    // If another program saves a row between two reads, a correct balance may seem not to fit.
     const std::vector<OddBalance> suspects = OddBalances(connection);
     if (suspects.empty())
         return;

@@ -1,3 +1,4 @@
+// Finds balances that do not fit their rows.
 #pragma once
 #include <cstdint>
 #include <string>
@@ -8,16 +9,16 @@ namespace clb {
 
 class clsDatabase;
 
-/// Notices balances that do not fit their rows before a change of a row stores them anew: the
-/// stored figure is the only trace of rows that something else has changed or deleted.
+/// Finds balances that do not fit their rows before a change of a row recomputes them. The stored
+/// balance is the only trace of rows that another program has changed or deleted.
 class BalanceWatch {
 public:
-    /// Before a row of the account is written, with the write lock taken: adds the account to the
-    /// list of noticed balances if its balance is not the sum of its rows. Reads the rows once, and
-    /// again only if another program has written or another account was looked at since. Returns
-    /// whether it has added something. No statement is traced. Throws EngineError.
-    bool Look(clsDatabase& database, const std::string& accountID, const Date& now);
-    /// What was read and noticed may have been taken back.
+    /// Called before a row of the account is written, with the write lock held. Adds the account to
+    /// the list of noticed balances if its balance is not the sum of its rows. Reads the rows again
+    /// only if another program has written or another account was checked since the last call.
+    /// Returns whether it has added the account. Traces no statement. Throws EngineError.
+    bool Check(clsDatabase& database, const std::string& accountID, const Date& now);
+    /// Makes the next check read the rows again: what was noticed may have been taken back.
     void Forget() { looked_ = false; }
 
 private:
@@ -26,8 +27,8 @@ private:
     std::uint64_t writes_ = 0;
 };
 
-/// Adds to the list whatever balance of the book in the folder does not fit its rows. The book is
-/// locked only while one that does not is looked at again. Throws EngineError.
+/// Adds all balances of the book in the folder that do not fit their rows to the list of noticed
+/// balances. Locks the book only while it checks such a balance again. Throws EngineError.
 void NoteOddBalances(const std::string& folder, const Date& now);
 
 }  // namespace clb

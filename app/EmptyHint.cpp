@@ -17,7 +17,7 @@ EmptyHint HintFrom(const EmptyText& empty, const std::string& month)
 bool IsEmpty(CVGrid& grid)
 {
     const GridRows& rows = grid.Rows();
-    return rows.Count() == (rows.NewRow() == 0 ? 0u : 1u) && !grid.Dirty() && !grid.Editing();
+    return rows.Count() == (rows.NewRow() == 0 ? 0U : 1U) && !grid.Dirty() && !grid.Editing();
 }
 
 }  // namespace

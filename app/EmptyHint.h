@@ -1,3 +1,4 @@
+// The hint in an empty grid.
 #pragma once
 #include <optional>
 #include <string>
@@ -7,7 +8,7 @@ namespace clb {
 
 class frmController;
 
-/// What the window says where the grid has nothing to show, and the commands that lead on.
+/// The text that the window shows in an empty grid, and commands that help further.
 struct EmptyHint {
     /// A command by its menu item.
     struct Way {
@@ -21,8 +22,8 @@ struct EmptyHint {
     bool operator==(const EmptyHint&) const = default;
 };
 
-/// The hint for what the window shows now, with those ways whose commands are enabled. Nothing
-/// while there are rows, or while the user is entering the first one.
+/// Returns the hint for what the window shows now, with the commands that are enabled. Returns
+/// nothing if there are rows, or if the user is entering the first one.
 std::optional<EmptyHint> HintFor(frmController& window);
 
 }  // namespace clb

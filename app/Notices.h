@@ -1,23 +1,24 @@
+// The notices in the status bar.
 #pragma once
-#include <sigc++/signal.h>
-
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "controls/Event.h"
+
 namespace clb {
 
-/// What the window tells the user in its status bar's second panel until it is settled: at most one
-/// notice of each kind.
+/// The notices that the status bar's second panel shows until they are settled. There is at most
+/// one of each kind.
 class Notices {
 public:
-    /// Sets the notice of a kind ("backup"), a sentence or two; an empty text removes it. One that
-    /// is there keeps its place.
+    /// Sets the notice of a kind, such as "backup", to a sentence or two. An empty text removes it.
+    /// A notice that is there already keeps its place.
     void Set(const std::string& kind, const std::string& text);
-    /// All notices, one a line, in the order in which they came; empty when there is none.
+    /// All notices, one on each line, in the order in which they were set first.
     [[nodiscard]] std::string Text() const;
-    /// Raised when Text() has become another one.
-    sigc::signal<void()>& Changed() { return changed_; }
+    /// Raised when Text() has changed.
+    Event<void()> Changed() { return changed_; }
 
 private:
     std::vector<std::pair<std::string, std::string>> notices_;

@@ -5,6 +5,7 @@
 #include "app/RowFate.h"
 #include "app/TreePlaces.h"
 #include "app/frmController.h"
+#include "base/Product.h"
 #include "base/RuntimeError.h"
 #include "data/ViewColumns.h"
 
@@ -29,7 +30,7 @@ constexpr const char* kAccountGone =
     "Another program has deleted this account or given it another number. What you typed is not "
     "saved. Press Escape to give it up, then open the account again.";
 
-/// Sets a flag while it lives.
+/// Sets a flag to true until it is destroyed.
 class Raised {
 public:
     explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
@@ -41,7 +42,7 @@ private:
     bool& flag_;
 };
 
-/// False if it ends with an error that a command would report.
+/// Runs the work. Returns false if it throws an error that a command would report.
 template <class Work>
 bool Succeeds(const Work& work)
 {
@@ -70,14 +71,14 @@ bool OtherPrograms::HaveWritten()
 bool OtherPrograms::Follow()
 {
     const GridComponent& grid = window_.Grid;
-    if ((!HaveWritten() && !treeBehind_) || grid.Dirty() || grid.Editing())
+    if ((!HaveWritten() && !treeOutdated_) || grid.Dirty() || grid.Editing())
         return true;
     const bool inGrid = window_.window.Focus() == &grid;
     const GridSpot current = grid.CurrentSpot();
     const std::uint64_t written = window_.Data().WritesElsewhere();
     const Connection::Untraced untraced(window_.Data().Database());
     const Raised following(following_);
-    treeBehind_ = !Succeeds([this] { FollowTree(); });
+    treeOutdated_ = !Succeeds([this] { FollowTree(); });
     Succeeds([this] { window_.View().ReadAnew(); });
     Succeeds([this] { window_.ShowBalanceNotice(); });
     followed_ = written;
@@ -103,7 +104,7 @@ std::string OtherPrograms::WhyRowGone(std::size_t row) const
                              window_.Data(), window_.View());
 }
 
-void OtherPrograms::RowNumbersTold()
+void OtherPrograms::RowNumbersReported()
 {
     window_.Grid.NumbersReported();
 }
@@ -123,7 +124,7 @@ void OtherPrograms::FollowTree()
     const std::int32_t now = NodeLike(tree, before, selected);
     if (now != 0)
         tree.Select(now);
-    // The shown account is gone, or has another number now.
+    // The shown account is gone or has another number now.
     if (now == 0 || tree.Node(now).tag != before.tag)
         window_.ShowSelected();
 }
@@ -147,7 +148,7 @@ bool OtherPrograms::AgreeOnRow()
         window_.Data().Lock();
         if (!window_.Data().RowsOutdated())
             return true;
-        if (!HasShownAccount())
+        if (!ShownAccountExists())
             return Refuse(kAccountGone);
         const GridComponent::Meanwhile found = grid.RereadRow();
         if (found.gone)
@@ -158,7 +159,7 @@ bool OtherPrograms::AgreeOnRow()
         if (disputed.empty())
             return true;
         const BoxAnswer answer = messages_.Show(
-            Question(disputed), box_style::YesNo + box_style::Question, frmController::Title);
+            Question(disputed), box_style::YesNo + box_style::Question, product::kTitle);
         if (answer != BoxAnswer::Yes)
             for (const std::int32_t column : disputed)
                 grid.TakeStored(column);
@@ -168,12 +169,12 @@ bool OtherPrograms::AgreeOnRow()
 
 bool OtherPrograms::Refuse(const char* why)
 {
-    messages_.Show(why, box_style::Exclamation, frmController::Title);
+    messages_.Show(why, box_style::Exclamation, product::kTitle);
     return false;
 }
 
-/// True in the views that show no single account.
-bool OtherPrograms::HasShownAccount() const
+/// True in views that do not show a single account.
+bool OtherPrograms::ShownAccountExists() const
 {
     if (!window_.View().Definition().ofAccount)
         return true;
@@ -192,8 +193,9 @@ std::vector<std::int32_t> OtherPrograms::Disputed(const std::vector<std::int32_t
     return disputed;
 }
 
-/// Numbers of deleted transactions are given again, and so are the places where they were stored.
-/// Null if it is the same row, changed or not.
+/// Decides whether the stored row is another transaction than the one in edit: the numbers of
+/// deleted transactions and their places in the file are used again. Returns nullptr if it is the
+/// same transaction, changed or not.
 const char* OtherPrograms::WhyAnotherRow(const std::vector<std::int32_t>& columns) const
 {
     if (!window_.View().Definition().transactions)

@@ -1,3 +1,4 @@
+// The ports that the main window is made with.
 #pragma once
 #include <string>
 
@@ -13,7 +14,7 @@
 
 namespace clb {
 
-/// Everything that the program needs from outside. All borrowed; they outlive the main window.
+/// Everything that the program needs from outside. Borrowed; they outlive the main window.
 struct Ports {
     std::string folder;  ///< the program folder: holds db/clb.mdb, cvlb.ini and Help/
     IClock& clock;
@@ -25,9 +26,9 @@ struct Ports {
     IModalHost& modal;
     IPrintJob& printing;
     IHttpClient& http;
-    std::string quoteService;  ///< scheme, host and port; empty: the settings file's
-    /// Whether the data is a person's own: a command that puts something right keeps a copy of the
-    /// file first, and the window says so. Never under automation or in a trial.
+    std::string quoteService;  ///< scheme, host and port; empty: that of the settings file
+    /// Whether a command that corrects something copies the database first, and whether the window
+    /// shows notices about it. False under automation and in a trial.
     bool keepsCopies = false;
 };
 

@@ -1,53 +1,41 @@
 #include "app/RowFate.h"
 
+#include "data/StoredView.h"
 #include "data/clsDatabase.h"
 #include "engine/rows/RawSql.h"
+#include "views/clsView.h"
 
 namespace clb {
 namespace {
 
-const char* TableOf(std::int32_t view)
+/// What was done to a row that is still stored with its number. `accountID` is the account that it
+/// has now.
+std::string Moved(std::string_view accountID, const std::string& row, const clsView& view)
 {
-    switch (view) {
-        case vwBudget: return "Budget";
-        case vwAccount: return "Trans";
-        case vwInvestment: return "Investment";
-        case vwLoan: return "Loan";
-        default: return "Account";
-    }
-}
-
-/// The column by which the view chooses the row and that is looked at first; the other one of a
-/// register is the month.
-const char* PlaceOf(std::int32_t view)
-{
-    switch (view) {
-        case vwBudget: return "NULL";
-        case vwNetWorth:
-        case vwAccountType: return "Type";
-        default: return "AccountID";
-    }
+    if (view.Definition().accounts)
+        return "given " + row + " another type";
+    if (view.Definition().ofAccount && accountID != view.AccountID())
+        return "moved " + row + " to another account";
+    return "moved " + row + " to another month";
 }
 
 }  // namespace
 
 std::string FateOf(const GridSpot& spot, const std::string& row, clsDatabase& database,
-                   const IShownState& shown)
+                   const clsView& view)
 {
-    const std::int32_t view = shown.View();
     std::string fate = "deleted " + row;
+    const StoredView* const stored = StoredViewOf(view.View());
+    if (!stored)
+        return fate;
+    const char* const account = view.Definition().ofAccount ? "AccountID" : "NULL";
     RawSql(database.Database())
-        .Select(std::string("SELECT Sequence, ") + PlaceOf(view) + " FROM " + TableOf(view) +
+        .Select(std::string("SELECT Sequence, ") + account + " FROM " + stored->table +
                     " WHERE rowid = " + std::to_string(spot.identity),
-                [&](const RawSql::Row& stored) {
-                    if (std::string(stored.Text(0)) != ToText(spot.key))
-                        fate = "deleted " + row + " or given it another number";
-                    else if (view == vwNetWorth || view == vwAccountType)
-                        fate = "given " + row + " another type";
-                    else if (view != vwBudget && stored.Text(1) != shown.AccountID())
-                        fate = "moved " + row + " to another account";
-                    else
-                        fate = "moved " + row + " to another month";
+                [&](const RawSql::Row& now) {
+                    fate = now.Text(0) == ToText(spot.key)
+                               ? Moved(now.Text(1), row, view)
+                               : "deleted " + row + " or given it another number";
                 });
     return fate;
 }

@@ -1,3 +1,4 @@
+// What another program has done to a row that is no longer shown.
 #pragma once
 #include <string>
 
@@ -6,13 +7,13 @@
 namespace clb {
 
 class clsDatabase;
-class IShownState;
+class clsView;
 
-/// What another program has done to a row that the view showed and no longer shows, as the middle
-/// of a sentence after "Another program has": "deleted row 3", "moved row 3 to another month". Of a
-/// row that is stored with another number it cannot be known whether it is the same one. `row`
-/// names it: "row 3", "the current row". No statement is traced. Throws EngineError.
-std::string FateOf(const GridSpot& spot, const std::string& row, clsDatabase& database,
-                   const IShownState& shown);
+/// Describes what another program has done to a row that the view showed and no longer shows, as
+/// the middle of a sentence after "Another program has": "deleted row 3", "moved row 3 to another
+/// month". A stored row with another number may or may not be the same one, and is described so.
+/// `row` names the row: "row 3", "the current row". Traces no statement. Throws EngineError.
+[[nodiscard]] std::string FateOf(const GridSpot& spot, const std::string& row,
+                                 clsDatabase& database, const clsView& view);
 
 }  // namespace clb

@@ -20,7 +20,7 @@ std::int32_t NodeLike(const Tree& tree, const TreeNode& sought, std::int32_t pla
         return place;
     if (const std::int32_t node = find(same); node != 0)
         return node;
-    // An account's own type or number may be what was saved.
+    // The type or the number of the account itself may have changed.
     const std::string number = node_tag::AccountID(sought.tag);
     if (number.empty())
         return 0;

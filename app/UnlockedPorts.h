@@ -1,3 +1,4 @@
+// Ports that give up the lock on the book before they wait.
 #pragma once
 #include <functional>
 
@@ -5,16 +6,16 @@
 
 namespace clb {
 
-/// The ports that wait for a person or a server, made so that the book is never locked meanwhile:
-/// each calls `release` before it asks.
+/// Wraps the ports that wait for a person or a server. Each calls `release` first, so that the book
+/// is not locked while the program waits.
 class UnlockedPorts {
 public:
-    /// The ports are borrowed and outlive this. release may throw; then nothing is asked.
+    /// Borrows the ports, which outlive it. If release throws, the port is not called.
     UnlockedPorts(const Ports& ports, std::function<void()> release);
     UnlockedPorts(const UnlockedPorts&) = delete;
     UnlockedPorts& operator=(const UnlockedPorts&) = delete;
-    /// The ports given, with these in place of message box, file dialog, modal host, printing and
-    /// network. This outlives them.
+    /// Returns the ports with message box, file dialog, modal host, printing and network replaced
+    /// by the wrapping ones. This object must outlive them.
     Ports Around(const Ports& ports);
 
 private:

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kMostCharacters = 99;
 
-/// Without blanks and tabs around it.
+/// Trims spaces and tabs from both ends.
 std::string_view Stripped(std::string_view text)
 {
     const auto from = text.find_first_not_of(" \t");
@@ -27,7 +27,7 @@ std::string_view Stripped(std::string_view text)
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// The file's bytes; empty when there is none. Throws FileError when it cannot be read.
+/// Reads the bytes of the file; empty if it does not exist. Throws FileError if it cannot be read.
 std::string BytesOf(const std::string& path)
 {
     std::error_code unknown;
@@ -39,12 +39,12 @@ std::string BytesOf(const std::string& path)
     return ReadFile(path);
 }
 
-/// The file's lines, without their ends, and whether a byte-order mark stands before them.
+/// The lines of the file without their line ends, and whether it begins with a byte-order mark.
 struct IniText {
     std::vector<std::string> lines;
     bool marked = false;
 
-    /// A file that is not UTF-8 is Windows-1252. Throws FileError.
+    /// Reads a file in UTF-8 or, if it is not valid UTF-8, in Windows-1252. Throws FileError.
     static IniText Read(const std::string& path)
     {
         IniText ini;
@@ -61,7 +61,7 @@ struct IniText {
         }
         return ini;
     }
-    std::string Bytes() const
+    [[nodiscard]] std::string Bytes() const
     {
         std::string bytes(marked ? kByteOrderMark : std::string_view());
         for (const std::string& line : lines)
@@ -87,10 +87,10 @@ bool IsKey(std::string_view line, std::string_view key)
     return EqualsIgnoringCase(Stripped(line.substr(0, equals)), Stripped(key));
 }
 
-/// Where a section's lines begin and end, and where its key stands.
+/// Where a section and a key of it are.
 struct Place {
     bool section = false;
-    std::size_t end = 0;  ///< behind the last line of the section that holds anything
+    std::size_t end = 0;  ///< after the last line of the section that is not blank
     std::optional<std::size_t> key;
 };
 
@@ -170,7 +170,8 @@ void clsIni::WriteString(const std::string& section, const std::string& key,
         SetLine(ini, section, key, key + "=" + OneLine(value));
         ReplaceFile(file_, ini.Bytes());
     } catch (const FileError&) {
-        // Not reported, on purpose. The former file is whole, also one that could not be read.
+        // Not reported, on purpose. The existing file stays as it was, even if it could not be
+        // read.
     }
 }
 
@@ -191,7 +192,7 @@ std::int32_t clsIni::GetLong(const std::string& section, const std::string& key,
     const auto value = ValueOf(file_, section, key);
     if (!value)
         return fallback;
-    // Digits as far as they go; what does not fit wraps, as it always did.
+    // Reads digits up to the first other character. A number that is too large wraps around.
     std::uint32_t number = 0;
     std::size_t at = value->starts_with('-') || value->starts_with('+') ? 1 : 0;
     for (; at < value->size() && (*value)[at] >= '0' && (*value)[at] <= '9'; ++at)

@@ -1,3 +1,4 @@
+// The dialogs for opening and saving a file.
 #pragma once
 #include <cstdint>
 #include <string>
@@ -6,38 +7,39 @@
 
 namespace clb {
 
-/// The system's dialogs for opening and saving a file. Set the properties, ask, read them again.
+/// Asks for a file with the system's dialogs. Set the properties, ask, then read the properties.
 class clsOpenSave {
 public:
-    /// The dialogs are borrowed; they outlive the object.
+    /// Borrows the dialogs, which outlive it.
     explicit clsOpenSave(IFileDialog& dialogs) : dialogs_(dialogs) {}
 
-    /// Extension of the chosen file, without its period; set after a dialog.
+    /// Extension of the chosen file, without the period. Set by a dialog.
     std::string FileExt;
     /// Owner window; 0 for none.
     std::int32_t hWnd = 0;
-    /// Most characters of a file name.
+    /// The longest file name, in characters.
     std::int32_t MaxFileSize = 260;
     /// Folder that the dialog opens in.
     std::string InitDir;
     /// Sum of file_flags.
     std::int32_t Flags = 0;
-    /// 1-based pair of the filter that is chosen.
+    /// 1-based number of the chosen pair of the filter.
     std::int32_t FilterIndex = 1;
-    /// File name without its folder; set after a dialog.
+    /// File name without its folder. Set by a dialog.
     std::string FileTitle;
-    /// Before a dialog the name it opens with, then the full path of the chosen file.
+    /// Before a dialog the proposed name; after it the full path of the chosen file.
     std::string FileName;
     std::string DialogTitle;
-    /// Added to a name typed without an extension.
+    /// Added to a name that is typed without an extension.
     std::string DefaultExt;
 
-    /// Pairs of description and pattern, divided by "|"; an end without "|" gets one.
+    /// Pairs of description and pattern, separated by "|". A "|" is added at the end if it is
+    /// missing.
     [[nodiscard]] std::string Filter() const;
     void Filter(const std::string& pairs);
 
-    /// Asks for a file to open, or to save to. False when the user cancels; nothing has changed
-    /// then.
+    /// Asks for a file to open, or to save to. Returns false and changes nothing if the user
+    /// cancels.
     bool GetFileName();
     bool ShowSave();
 
@@ -45,7 +47,7 @@ private:
     bool Ask(bool save);
 
     IFileDialog& dialogs_;
-    std::string filter_{"All Files (*.*)\0*.*", 19};  // each divider a NUL
+    std::string filter_{"All Files (*.*)\0*.*", 19};  // each separator is a NUL
 };
 
 }  // namespace clb

@@ -18,12 +18,12 @@ std::string LaterSchema(std::int16_t version)
 
 frmAbout::frmAbout(IModalHost& host, IShell& shell, std::int16_t schemaVersion)
     : host_(host),
-      form_("frmAbout", std::string("About ") + product::Title),
+      form_("frmAbout", std::string("About ") + product::kTitle),
       picAppIcon("picAppIcon"),
       lblAppName("lblAppName", product::TitleAndVersion()),
-      lblLegal("lblLegal", product::LegalNotice),
+      lblLegal("lblLegal", product::kLegalNotice),
       lblSchema("lblSchema", LaterSchema(schemaVersion)),
-      lblWebSite("lblWebSite", product::HomePage),
+      lblWebSite("lblWebSite", product::kHomePage),
       cmdOK("cmdOK", "OK")
 {
     for (Control* control :
@@ -34,7 +34,7 @@ frmAbout::frmAbout(IModalHost& host, IShell& shell, std::int16_t schemaVersion)
     form_.DefaultButton(cmdOK);
     form_.CancelButton(cmdOK);
     cmdOK.Click().connect([this] { form_.Hide(); });
-    lblWebSite.Click().connect([&shell] { shell.Open(product::HomePage); });
+    lblWebSite.Click().connect([&shell] { shell.Open(product::kHomePage); });
 }
 
 void frmAbout::ShowDialog()

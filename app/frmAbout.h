@@ -1,3 +1,4 @@
+// The about box.
 #pragma once
 #include <cstdint>
 
@@ -8,11 +9,11 @@ namespace clb {
 
 class IShell;
 
-/// The about box.
+/// Shows name, version and licence of the program.
 class frmAbout {
 public:
-    /// Both borrowed; they outlive the box. A data file of a later schema version than the
-    /// program's has a line of its own.
+    /// Borrows both; they outlive the box. If the database has a later schema version than the
+    /// program knows, the box says so.
     frmAbout(IModalHost& host, IShell& shell, std::int16_t schemaVersion = 0);
     void ShowDialog();
 

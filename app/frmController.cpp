@@ -1,15 +1,12 @@
 #include "app/frmController.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "app/OtherPrograms.h"
+#include "app/PrintedPage.h"
 #include "app/TreePlaces.h"
-#include "app/clsOpenSave.h"
+#include "app/clsIni.h"
 #include "base/Numeric.h"
 #include "base/Quietly.h"
-#include "engine/storage/EngineError.h"
-#include "import/frmSelectAccount.h"
+#include "data/NoticedBalances.h"
 
 namespace clb {
 namespace {
@@ -18,8 +15,8 @@ constexpr const char* kMonths[] = {"January",   "February", "March",    "April",
                                    "May",       "June",     "July",     "August",
                                    "September", "October",  "November", "December"};
 
-/// The number that a year's text stands for; 0 when it is none. Wide, so that the year box refuses
-/// the one behind the last as any text that is no year.
+/// Parses a year. Returns 0 if the text is not a number. 64 bits, so that the year after the last
+/// one is rejected like any other bad year instead of overflowing.
 std::int64_t YearNumber(const std::string& text)
 {
     return IsNumeric(text) ? ParseLong(text) : 0;
@@ -29,7 +26,7 @@ std::int64_t YearNumber(const std::string& text)
 
 frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
     : unlocked_(ports, [this] { ReleaseLock(); }),
-      window("frmController", std::string("Net Worth - ") + Title),
+      window("frmController", std::string("Net Worth - ") + product::kTitle),
       menus("menus"),
       toolbar("Toolbar"),
       cmbPeriod("cmbPeriod"),
@@ -42,7 +39,11 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
       txtTotal2("txtTotal2", "0.00"),
       statusBar("StatusBar", 2),
       ports_(unlocked_.Around(ports)),
-      metrics_(metrics),
+      layout_(*this, metrics),
+      bars_(*this),
+      rows_(*this),
+      importHost_(*this),
+      exportHost_(ports_.files),
       others_(std::make_unique<OtherPrograms>(*this, ports_.messages))
 {
     for (Control* control :
@@ -54,8 +55,6 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
     UpDown.Attach(txtYear);
     txtTotal.Locked(true);
     txtTotal2.Locked(true);
-    BuildMenus();
-    BuildToolbar();
     Resize(900, 600);
 }
 
@@ -65,11 +64,13 @@ void frmController::OpenGlobals()
 {
     globals_.view = std::make_unique<clsView>(
         ViewTargets{window, Grid, TreeView, lblTotal, txtTotal, txtTotal2, cmbPeriod, txtYear,
-                    menus, toolbar, statusBar, ports_.messages, Title});
+                    [this](const EnabledNow& now) { bars_.Enable(now); }, statusBar,
+                    ports_.messages, product::kTitle});
     globals_.database = std::make_unique<clsDatabase>(ports_.folder, *globals_.view, Grid);
     globals_.view->Use(*globals_.database);
-    import_ = std::make_unique<modImport>(Data(), View(), *this, ports_.messages, ports_.clock);
-    export_ = std::make_unique<modExport>(Data(), View(), *this, ports_.clock);
+    import_ =
+        std::make_unique<modImport>(Data(), View(), importHost_, ports_.messages, ports_.clock);
+    export_ = std::make_unique<modExport>(Data(), View(), exportHost_, ports_.clock);
 }
 
 void frmController::ShowPresentMonth()
@@ -77,14 +78,14 @@ void frmController::ShowPresentMonth()
     const Date now = ports_.clock.Now();
     cmbPeriod.Index(now.Month() - 1);
     txtYear.Text(std::to_string(now.Year()));
-    // The box tells of no change when it shows this year already.
+    // The box does not report a change if it shows this year already.
     View().Year(now.Year());
 }
 
 void frmController::Load()
 {
     OpenGlobals();
-    Wire();
+    Connect();
     opened_.emit();
     View().HoldRefresh(true);
     ShowPresentMonth();
@@ -121,16 +122,16 @@ void frmController::Abandon() noexcept
     if (!loaded_)
         return;
     stale_ = true;
-    pendingTreeNode_ = 0;
-    // What the command had locked, it cannot unlock any more.
+    rows_.BreakOff();
+    // The command cannot enable the window itself any more.
     Quietly([this] { window.Enabled(true); });
-    Quietly([this] { Pointer(pointer::Default); });
+    Quietly([this] { ports_.pointer.Pointer(pointer::Default); });
     if (View().HoldRefresh())
         Quietly([this] { View().HoldRefresh(false); });
     ShowStored();
 }
 
-/// A person or a server may take their time: nobody else waits for that.
+/// Called before waiting for a person or a server, so that other programs do not have to wait too.
 void frmController::ReleaseLock()
 {
     if (!globals_.database || !Data().Database().Locked())
@@ -143,17 +144,17 @@ void frmController::ReleaseLock()
     }
 }
 
-/// What could not be saved is neither in the file nor any longer in the window.
+/// Shows the contents of the file again after an error took back what was written.
 void frmController::ShowStored() noexcept
 {
     if (!stale_)
         return;
-    balances_.Forget();
+    rows_.ForgetBalances();
     try {
         ReloadWindow();
         stale_ = false;
     } catch (...) {
-        // The file cannot be read either, or there is no memory: the next command tries again.
+        // The file cannot be read, or there is too little memory. The next command tries again.
     }
 }
 
@@ -191,7 +192,7 @@ bool frmController::Close()
     return true;
 }
 
-void frmController::Wire()
+void frmController::Connect()
 {
     cmbPeriod.Click().connect([this] { View().Period(cmbPeriod.ItemData()); });
     txtYear.TextChanged().connect([this] {
@@ -199,11 +200,10 @@ void frmController::Wire()
         View().EnableDisable();
     });
     TreeView.NodeClick().connect([this](std::int32_t node) { NodeClicked(node); });
-    toolbar.ButtonClick().connect([this](const std::string& key) { ToolbarPressed(key); });
     Grid.OnRefetch([this] { View().EnableDisable(); });
-    Grid.OnPrint([this] { return PrintedPage(); });
-    WireGrid();
-    WireMenus();
+    Grid.OnPrint([this] { return PrintedPage(*this); });
+    rows_.Connect();
+    bars_.Connect();
 }
 
 void frmController::ShowSelected()
@@ -214,7 +214,7 @@ void frmController::ShowSelected()
 void frmController::NodeClicked(std::int32_t node)
 {
     const std::string text = TreeView.Node(node).text;
-    window.Caption(text + " - " + Title);
+    window.Caption(text + " - " + product::kTitle);
     const std::string kind = View().GetTreeNodeAccountInfo(0);
     const ViewDefinition& definition = DefinitionOf(ParseLong(kind));
     if (definition.ofType)
@@ -229,7 +229,8 @@ bool frmController::PressNode(std::int32_t node)
     const TreeNode pressed = TreeView.Node(node);
     if (!window.Focus(TreeView))
         return false;
-    // Leaving the grid may have saved an account: the tree is new then and its nodes have moved.
+    // Leaving the grid may have saved an account. Then the tree is rebuilt and its nodes have
+    // moved.
     const std::int32_t now = NodeLike(TreeView, pressed, node);
     if (now != 0)
         TreeView.ClickNode(now);
@@ -238,14 +239,14 @@ bool frmController::PressNode(std::int32_t node)
 
 void frmController::StepMonth(std::int32_t direction)
 {
-    constexpr std::int32_t december = 11;
+    constexpr std::int32_t kDecember = 11;
     View().HoldRefresh(true);
     const std::int32_t index = cmbPeriod.Index();
-    if (direction > 0 && index == december) {
+    if (direction > 0 && index == kDecember) {
         cmbPeriod.Index(0);
         txtYear.Text(std::to_string(YearNumber(txtYear.Text()) + 1));
     } else if (direction <= 0 && index == 0) {
-        cmbPeriod.Index(december);
+        cmbPeriod.Index(kDecember);
         txtYear.Text(std::to_string(YearNumber(txtYear.Text()) - 1));
     } else {
         cmbPeriod.Index(index + (direction > 0 ? 1 : -1));
@@ -255,107 +256,40 @@ void frmController::StepMonth(std::int32_t direction)
 
 void frmController::TreeWidth(std::int32_t pixels)
 {
-    metrics_.treeWidth = std::max(0, pixels);
-    Resize(width_, height_);
-}
-
-void frmController::Resize(std::int32_t width, std::int32_t height)
-{
-    width_ = width;
-    height_ = height;
-    constexpr std::int32_t pixel = 1;
-    const auto atLeastZero = [](std::int32_t size) { return std::max(0, size); };
-    const std::int32_t top = metrics_.toolbarHeight;
-    toolbar.Place({0, 0, atLeastZero(width), metrics_.toolbarHeight});
-    statusBar.Place(
-        {0, height - metrics_.statusBarHeight, atLeastZero(width), metrics_.statusBarHeight});
-
-    const std::int32_t treeHeight =
-        atLeastZero(height - metrics_.statusBarHeight - metrics_.toolbarHeight - pixel);
-    TreeView.Place({0, top, metrics_.treeWidth, treeHeight});
-    const std::int32_t gridHeight = atLeastZero(treeHeight - metrics_.totalsHeight);
-    const std::int32_t gridWidth = atLeastZero(width - metrics_.treeWidth - 4 * pixel);
-    const std::int32_t gridLeft = metrics_.treeWidth + 2 * pixel;
-    Grid.Place({gridLeft, top, gridWidth, gridHeight});
-    for (Control* control : std::initializer_list<Control*>{&lblTotal, &txtTotal, &txtTotal2}) {
-        Bounds place = control->Place();
-        place.top = top + gridHeight;
-        place.height = metrics_.totalsHeight;
-        control->Place(place);
-    }
+    layout_.TreeWidth(pixels);
     if (globals_.view)
         View().SetColWidths();
 }
 
-std::string frmController::AskForFile(std::int32_t flags, const std::string& filter)
+void frmController::Resize(std::int32_t width, std::int32_t height)
 {
-    clsOpenSave dialog(ports_.files);
-    dialog.Flags = flags;
-    dialog.Filter(filter);
-    return dialog.GetFileName() ? dialog.FileName : std::string();
+    layout_.Resize(width, height);
+    if (globals_.view)
+        View().SetColWidths();
 }
 
-std::string frmController::AskForSaveFile(std::int32_t flags, const std::string& filter,
-                                          const std::string& title)
+std::string frmController::BalanceNotice()
 {
-    clsOpenSave dialog(ports_.files);
-    dialog.Flags = flags;
-    dialog.Filter(filter);
-    dialog.DialogTitle = title;
-    return dialog.ShowSave() ? dialog.FileName : std::string();
+    const std::int32_t odd =
+        ports_.keepsCopies ? noticed_balances::CountOpen(Data().Database()) : 0;
+    if (odd == 0)
+        return {};
+    return (odd == 1 ? "A balance did not fit its rows"
+                     : std::to_string(odd) + " balances did not fit their rows") +
+           std::string(": see clb check");
 }
 
-std::string frmController::StatusText() const
+std::string frmController::QuoteService() const
 {
-    return statusBar.Panel(1);
-}
-void frmController::StatusText(const std::string& text)
-{
-    statusBar.Panel(1, text);
-}
-void frmController::Repaint()
-{
-    window.Refresh();
-}
-void frmController::WindowEnabled(bool enabled)
-{
-    window.Enabled(enabled);
-}
-void frmController::Pointer(std::int32_t code)
-{
-    ports_.pointer.Pointer(code);
-}
-
-/// Other programs could write while the account was asked for.
-bool frmController::KeepsAccount(const std::string& accountID)
-{
-    Data().Lock();
-    const Connection::Untraced untraced(Data().Database());
-    if (Data().RowExists("Account", "AccountID = '" + clsDatabase::ToSqlString(accountID) + "'"))
-        return true;
-    ports_.messages.Show(
-        "Another program has deleted the chosen account meanwhile. Nothing was imported.",
-        box_style::Exclamation, Title);
-    return false;
-}
-
-bool frmController::CheckImportAccount(std::string& accountID)
-{
-    Data().Lock();
-    const std::string criteria = "AccountID = '" + clsDatabase::ToSqlString(accountID) + "'";
-    const bool exists = Data().RowExists("Account", criteria);
-    if (!accountID.empty() && exists)
-        return true;
-    const std::string remembered = StatusText();
-    StatusText("Ready");
-    Repaint();
-    Pointer(pointer::Default);
-    frmSelectAccount dialog(Data(), View(), TreeView, ports_.modal, ports_.messages);
-    const bool chosen = dialog.ShowDialog(accountID) && KeepsAccount(accountID);
-    Pointer(pointer::Hourglass);
-    StatusText(remembered);
-    Repaint();
-    return chosen;
+    std::string service = ports_.quoteService;
+    if (service.empty()) {
+        clsIni ini;
+        ini.INIFile(SettingsFile());
+        service = ini.GetString("Settings", "QuoteService");
+    }
+    // The path that follows begins with a slash.
+    service.erase(service.find_last_not_of('/') + 1);
+    return service.empty() ? product::kQuoteService : service;
 }
 
 }  // namespace clb

@@ -9,6 +9,14 @@ namespace {
 constexpr const char* kSection = "Settings";
 constexpr const char* kBankUrl = "BankUrl";
 
+/// The statement that sets an account's flag. It writes only a row whose flag changes.
+std::string Inclusion(const std::string& accountID, bool included)
+{
+    const std::string include = included ? "TRUE" : "FALSE";
+    return "UPDATE Account SET BudgetInclude = " + include + " WHERE AccountID = '" +
+           clsDatabase::ToSqlString(accountID) + "' AND NOT BudgetInclude = " + include;
+}
+
 }  // namespace
 
 frmOptions::frmOptions(clsDatabase& database, IModalHost& host, std::string settings)
@@ -65,21 +73,18 @@ void frmOptions::Store()
 {
     StoreBankUrl();
     database_.Lock();
-    // All of them are decided by what is stored before the first one is written.
+    // All flags are decided before the first one is written.
     std::vector<bool> includes;
     for (std::size_t at = 0; at < grdAccounts.Rows().size(); ++at)
         includes.push_back(Include(at));
     for (std::size_t at = 0; at < grdAccounts.Rows().size(); ++at) {
         const auto& row = grdAccounts.Rows()[at];
-        const std::string include = includes[at] ? "TRUE" : "FALSE";
-        // Only rows whose flag really changes are touched.
-        database_.Execute("UPDATE Account SET BudgetInclude = " + include + " WHERE AccountID = '" +
-                          clsDatabase::ToSqlString(ToText(row[2])) +
-                          "' AND NOT BudgetInclude = " + include);
+        database_.Execute(Inclusion(ToText(row[2]), includes[at]));
     }
 }
 
-/// What the user left alone stays as another program may have set it meanwhile.
+/// If the user did not change the address, keeps the one that another program may have set
+/// meanwhile.
 void frmOptions::StoreBankUrl()
 {
     clsIni ini;
@@ -89,7 +94,7 @@ void frmOptions::StoreBankUrl()
                     typed ? txtBankUrl.Text() : ini.GetString(kSection, kBankUrl));
 }
 
-/// The flag that the row's account is to have.
+/// The flag to store for the account in the row.
 bool frmOptions::Include(std::size_t row)
 {
     const Value& wanted = grdAccounts.Rows()[row][0];

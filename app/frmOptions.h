@@ -1,3 +1,4 @@
+// The dialog Options.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -12,14 +13,15 @@ namespace clb {
 
 class clsDatabase;
 
-/// The dialog "Options": the address of the bank's web site, and which accounts count in the
-/// budget.
+/// The dialog "Options". It sets the address of the bank's web site, and which accounts count in
+/// the budget.
 class frmOptions {
 public:
-    /// settings: path of the settings file. Store and host are borrowed; they outlive the dialog.
+    /// `settings` is the path of the settings file. Borrows the store and the host; they outlive
+    /// the dialog.
     frmOptions(clsDatabase& database, IModalHost& host, std::string settings);
 
-    /// Shows the dialog; OK stores what was set.
+    /// Shows the dialog. OK stores the settings.
     void ShowDialog();
 
 private:
@@ -32,8 +34,8 @@ private:
     IModalHost& host_;
     std::string settings_;
     std::string loadedUrl_;
-    std::vector<Value> loaded_;   ///< the flags as they were listed
-    std::uint64_t loadedAt_ = 0;  ///< clsDatabase::WritesElsewhere at that time
+    std::vector<Value> loaded_;   // the flags when they were listed
+    std::uint64_t loadedAt_ = 0;  // clsDatabase::WritesElsewhere at that time
     Form form_;
     Label lblBankUrl;
     TextBox txtBankUrl;

@@ -1,3 +1,4 @@
+// The dialog Split Transaction.
 #pragma once
 #include <string>
 
@@ -7,14 +8,15 @@
 
 namespace clb {
 
-/// The dialog "Split Transaction": the user types the second amount, the first is what remains.
+/// The dialog "Split Transaction". The user types the second amount; the first is the remainder.
 class frmSplit {
 public:
-    /// The host is borrowed; it outlives the dialog.
+    /// Borrows the host, which outlives the dialog.
     explicit frmSplit(IModalHost& host);
 
-    /// Proposes half of the amount. True when the user accepted; the two amounts then add up to the
-    /// whole. Any number is accepted, also one beyond the whole or negative.
+    /// Proposes half of the amount. Returns true if the user accepts; the two amounts then add up
+    /// to the whole. Any number is accepted, including negative ones and ones larger than the
+    /// whole.
     bool Split(Money amount, const std::string& description, Money& first, Money& second);
 
 private:

@@ -1,3 +1,4 @@
+// The two objects that live as long as the main window.
 #pragma once
 #include <memory>
 
@@ -6,8 +7,7 @@
 
 namespace clb {
 
-/// The two objects that live for as long as the main window: what is shown, and the data store. The
-/// view is released first.
+/// The view and the data store. The view is released first.
 struct modGlobals {
     std::unique_ptr<clsView> view;
     std::unique_ptr<clsDatabase> database;

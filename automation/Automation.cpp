@@ -9,7 +9,7 @@
 #include "automation/Verbs.h"
 #include "base/Interruption.h"
 #include "base/RuntimeError.h"
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 #include "json/Reply.h"
 #include "platform/CurlHttpClient.h"
 
@@ -30,7 +30,7 @@ public:
           shell_(log_),
           printing_(log_),
           pointer_(log_),
-          http_({product::Title,
+          http_({product::kTitle,
                  !options.quoteService.empty(),
                  {},
                  [this](const std::string& url) {

@@ -36,7 +36,7 @@ void ShowToolTips(CVGrid& grid, bool show)
 
 std::int32_t TimeZoneOffset(frmController& controller)
 {
-    return modCommon::TimeZoneOffset(controller.Outside().clock.Zone());
+    return modCommon::TimeZoneOffset(controller.GivenPorts().clock.Zone());
 }
 
 Operations StoreOperations()

@@ -103,7 +103,7 @@ Json ViewProperty(clsView& view, const std::string& property)
 
 Json AskForFile(frmController& controller, const std::string& kind, const Json& properties)
 {
-    clsOpenSave dialog(controller.Outside().files);
+    clsOpenSave dialog(controller.GivenPorts().files);
     for (const auto& property : properties.items())
         SetProperty(dialog, property.key(), Request(properties));
     if (kind != "open" && kind != "save")
@@ -115,14 +115,14 @@ Json AskForFile(frmController& controller, const std::string& kind, const Json& 
 
 std::string FilterReadBack(frmController& controller, const std::string& filter)
 {
-    clsOpenSave dialog(controller.Outside().files);
+    clsOpenSave dialog(controller.GivenPorts().files);
     dialog.Filter(filter);
     return dialog.Filter();
 }
 
 Json QuoteProperties(frmController& controller, const std::string& symbol)
 {
-    clsStockQuote quote(controller.Outside().http, controller.QuoteService());
+    clsStockQuote quote(controller.GivenPorts().http, controller.QuoteService());
     quote.Symbol(symbol);
     return {{"Symbol", quote.Symbol()},
             {"Quote", quote.Quote()},

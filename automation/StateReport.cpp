@@ -113,7 +113,7 @@ Json DescribeWindow(frmController& controller)
     const Control* focus = controller.window.Focus();
     return {{"caption", controller.window.Caption()},
             {"enabled", controller.window.Enabled()},
-            {"pointer", controller.Outside().pointer.Pointer()},
+            {"pointer", controller.GivenPorts().pointer.Pointer()},
             {"status", controller.statusBar.Panel(1)},
             {"totals",
              {{"label", controller.lblTotal.Caption()},

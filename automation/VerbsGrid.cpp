@@ -103,7 +103,7 @@ Json Tip(Session& session, const Request& request)
 
 Json State(Session& session, const Request&)
 {
-    session.controller.Others().RowNumbersTold();
+    session.controller.Others().RowNumbersReported();
     return DescribeGrid(session.controller.Grid);
 }
 

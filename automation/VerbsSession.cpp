@@ -14,7 +14,7 @@ Json Window(Session& session, const Request&)
 
 Json TreeNodes(Session& session, const Request&)
 {
-    session.controller.Others().NodeNumbersTold();
+    session.controller.Others().NodeNumbersReported();
     return DescribeTree(session.controller.TreeView);
 }
 

@@ -19,7 +19,7 @@ year_month_day Calendar(std::int32_t days)
     return kZero + std::chrono::days{days};
 }
 
-/// One number with blanks around it; its digits as written, or nothing.
+/// Takes one number with optional spaces around it. Returns its digits as written, or nothing.
 std::optional<std::string_view> Number(std::string_view piece)
 {
     while (!piece.empty() && piece.front() == ' ')
@@ -39,7 +39,7 @@ int Value(std::string_view digits)
     return value;
 }
 
-/// The three numbers of a date text, or nothing when it is not made of three.
+/// Returns the three numbers of a date text, or nothing if it does not consist of three.
 std::optional<std::array<std::string_view, 3>> ThreeNumbers(std::string_view text,
                                                             const char* dividers = "/-")
 {
@@ -66,7 +66,7 @@ int FullYear(std::string_view digits)
     return year < 30 ? 2000 + year : 1900 + year;
 }
 
-/// Digits only, exactly as many as asked for.
+/// Reads exactly this many digits.
 bool Fixed(std::string_view text, std::size_t at, std::size_t count, int& value)
 {
     if (text.size() < at + count)
@@ -80,7 +80,7 @@ bool Fixed(std::string_view text, std::size_t at, std::size_t count, int& value)
     return true;
 }
 
-/// At least so many digits, zeros in front.
+/// Writes at least this many digits, with leading zeros.
 void AppendDigits(std::string& text, unsigned number, std::size_t count)
 {
     std::array<char, 10> digits{};

@@ -1,3 +1,4 @@
+// Dates, and months of the budget.
 #pragma once
 #include <compare>
 #include <cstdint>
@@ -12,7 +13,7 @@ namespace clb {
 class Date {
 public:
     constexpr Date() = default;
-    /// Nothing when there is no such day or time.
+    /// Returns nothing if there is no such day or time.
     static std::optional<Date> Of(int year, int month, int day, int hour = 0, int minute = 0,
                                   int second = 0);
     /// Days since the zero date (negative before it) and seconds since midnight, 0 to 86399.
@@ -23,7 +24,8 @@ public:
         date.seconds_ = seconds;
         return date;
     }
-    /// "yyyy-mm-dd", or "yyyy-mm-dd hh:mm:ss" ("T" for the blank too); nothing for other texts.
+    /// "yyyy-mm-dd", or "yyyy-mm-dd hh:mm:ss" ("T" instead of the space, too). Returns nothing for
+    /// other texts.
     static std::optional<Date> FromIso(std::string_view text);
 
     [[nodiscard]] std::int32_t Days() const { return days_; }
@@ -35,9 +37,10 @@ public:
     [[nodiscard]] int Minute() const { return seconds_ / 60 % 60; }
     [[nodiscard]] int Second() const { return seconds_ % 60; }
 
-    /// "yyyy-mm-dd", with " hh:mm:ss" only when it is not midnight.
+    /// "yyyy-mm-dd", followed by " hh:mm:ss" unless it is midnight.
     [[nodiscard]] std::string ToIso() const;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): a wrong report for a defaulted operator
     friend constexpr auto operator<=>(const Date&, const Date&) = default;
 
 private:
@@ -45,18 +48,19 @@ private:
     std::int32_t seconds_ = 0;
 };
 
-/// Reads the date texts of statements: three whole numbers divided by "/" or "-", blanks allowed
-/// around each. Nothing is guessed or swapped: what does not fit its order is no date.
+/// Reads the date texts of bank statements: three whole numbers separated by "/" or "-", each with
+/// optional spaces around it. Never guesses or swaps day and month. Text that does not match the
+/// order is not a date.
 namespace DateText {
-/// year/month/day; nothing when the text is no such date.
+/// Reads year/month/day. Returns nothing if the text is not such a date.
 std::optional<Date> YearMonthDay(std::string_view text);
-/// month/day/year; a first number of three or four digits means year/month/day. Years written with
+/// Reads month/day/year, or year/month/day if the first number has three or four digits. Years of
 /// one or two digits: 0 to 29 are 20xx, 30 to 99 are 19xx.
 std::optional<Date> MonthDayYear(std::string_view text);
-/// The order of the three numbers, where a file's writer is known.
+/// The order of the three numbers in files of a known writer.
 enum class Order { MonthDayYear, DayMonthYear, YearMonthDay };
-/// By the rule above for month/day/year; the other two take no other order than their own, years of
-/// one or two digits as above, and dots between the numbers too.
+/// MonthDayYear follows the rule above. The other two accept only their own order, years of one or
+/// two digits as above, and also dots between the numbers.
 std::optional<Date> InOrder(std::string_view text, Order order);
 }  // namespace DateText
 
@@ -65,10 +69,11 @@ struct Month {
     std::int32_t year = 0;
     std::int32_t period = 0;
 
-    /// The month before; before January comes December of the year before. Throws Overflow() where
-    /// there is no such year.
+    /// Returns the month before. January is preceded by December of the year before. Throws
+    /// Overflow() if there is no such year.
     [[nodiscard]] Month Previous() const;
-    /// The month after; after December comes January of the next year. Throws as Previous.
+    /// Returns the month after. December is followed by January of the next year. Throws like
+    /// Previous.
     [[nodiscard]] Month Next() const;
     friend constexpr auto operator<=>(const Month&, const Month&) = default;
 };

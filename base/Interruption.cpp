@@ -37,14 +37,14 @@ void Interruption::Check()
         throw Interrupted();
 }
 
-bool Interruption::BreaksStatements() noexcept
+bool Interruption::BreaksQueries() noexcept
 {
     return Asked() && used == BreakOff::Anywhere;
 }
 
 void Interruption::CheckAnywhere()
 {
-    if (BreaksStatements())
+    if (BreaksQueries())
         throw Interrupted();
 }
 

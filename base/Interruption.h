@@ -1,10 +1,11 @@
+// Tells long work that the program has been told to end.
 #pragma once
 #include <exception>
 
 namespace clb {
 
-/// Thrown out of a command because the program has been told to end. No RuntimeError, so no command
-/// takes it for a failure of its own: what it wrote is taken back on the way out.
+/// Ends a command because the program has been told to end. It is not a RuntimeError, so no command
+/// handles it as a failure of its own. What the command wrote is rolled back.
 class Interrupted : public std::exception {
 public:
     [[nodiscard]] const char* what() const noexcept override
@@ -13,15 +14,15 @@ public:
     }
 };
 
-/// How soon a command is broken off. Anywhere: also in the middle of a statement. AtMarks: only
-/// where a command looks by itself, between two rows or while it waits for the network. That is for
-/// windows, which read while they paint and must not be left by an exception then.
+/// Where a command may be interrupted. Anywhere: also in the middle of a query. AtMarks: only where
+/// a command calls Check, between two rows or while it waits for the network. Windows use AtMarks,
+/// because they read while they paint and an exception must not end that.
 enum class BreakOff { Anywhere, AtMarks };
 
-/// Whether the program has been told to end. Long work looks at it where it can be broken off.
+/// Whether the program has been told to end. Long work checks this where it can stop.
 class Interruption {
 public:
-    /// Remembers the signal. May be called from a signal handler.
+    /// Records the signal. May be called from a signal handler.
     static void Ask(int signal) noexcept;
     /// The signal that told the program to end; 0 if none did.
     static int Signal() noexcept;
@@ -30,11 +31,11 @@ public:
     static void Forget() noexcept;
     static void Use(BreakOff where) noexcept;
 
-    /// Throws Interrupted if the program has been told to end: a mark.
+    /// Throws Interrupted if the program has been told to end. Each call is a mark.
     static void Check();
-    /// Whether a statement is to be broken off in its middle.
-    static bool BreaksStatements() noexcept;
-    /// The same as Check, for places that are no marks.
+    /// Whether a running query must stop.
+    static bool BreaksQueries() noexcept;
+    /// The same as Check, for places that are not marks.
     static void CheckAnywhere();
 };
 

@@ -89,7 +89,7 @@ std::string Money::Dollars() const
 
 Money Money::HalfToCents() const
 {
-    // Half an amount in cents is scaled / 200; ties sit exactly between two cents.
+    // Half an amount in cents is scaled / 200; a tie is exactly between two cents.
     const std::uint64_t magnitude = Magnitude(scaled_);
     std::uint64_t cents = magnitude / 200;
     const std::uint64_t rest = magnitude % 200;

@@ -1,3 +1,4 @@
+// Amounts of money.
 #pragma once
 #include <compare>
 #include <cstdint>
@@ -8,7 +9,7 @@
 namespace clb {
 
 /// An amount of money: a whole number of 1/10000 units in 64 bits, so about +-922 trillion units.
-/// All arithmetic is exact; a result out of range throws Overflow(), never wraps.
+/// All arithmetic is exact. A result out of range throws Overflow() and never wraps.
 class Money {
 public:
     constexpr Money() = default;
@@ -18,14 +19,15 @@ public:
         m.scaled_ = tenThousandths;
         return m;
     }
-    /// Whole units. Throws Overflow() beyond the range.
+    /// Converts whole units. Throws Overflow() beyond the range.
     static Money FromUnits(std::int64_t units);
-    /// Half to even at the fourth decimal. Throws Overflow() beyond the range and for NaN.
+    /// Rounds half to even at the fourth decimal. Throws Overflow() beyond the range and for NaN.
     static Money FromDouble(double units);
-    /// Reads a numeric text (see Numeric.h), half to even at the fourth decimal.
-    /// Throws TypeMismatch() for other texts, Overflow() beyond the range.
+    /// Reads a numeric text (see Numeric.h). Rounds half to even at the fourth decimal. Throws
+    /// TypeMismatch() for other texts, Overflow() beyond the range.
     static Money Parse(std::string_view text);
-    /// As Parse; nothing when the text is not numeric. Throws Overflow() beyond the range.
+    /// Like Parse, but returns nothing if the text is not numeric. Throws Overflow() beyond the
+    /// range.
     static std::optional<Money> TryParse(std::string_view text);
 
     [[nodiscard]] constexpr std::int64_t Scaled() const { return scaled_; }
@@ -35,8 +37,8 @@ public:
 
     /// Plain decimal without grouping or trailing zeros: "-45.5", "100", "0".
     [[nodiscard]] std::string ToText() const;
-    /// Two decimals with digit grouping, half away from zero: "1,234.50", "-0.01".
-    /// What rounds to nothing has no sign.
+    /// Two decimals with digit grouping, half away from zero: "1,234.50", "-0.01". An amount that
+    /// rounds to zero has no sign.
     [[nodiscard]] std::string Grouped() const;
     /// "$" and two decimals without grouping, half away from zero: "$45.50", "-$45.50".
     [[nodiscard]] std::string Dollars() const;

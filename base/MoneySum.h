@@ -7,7 +7,7 @@
 
 namespace clb {
 
-/// A sum of amounts whose running total may pass the range of Money, as long as the whole fits.
+/// A sum of amounts. The running total may exceed the range of Money if the final total fits.
 class MoneySum {
 public:
     constexpr MoneySum() = default;

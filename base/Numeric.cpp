@@ -14,13 +14,13 @@ bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-/// Reads a numeric text from left to right; each member consumes what it names.
+/// Reads a numeric text from left to right. Each member consumes what it names.
 class Scanner {
 public:
     explicit Scanner(std::string_view text) : rest_(text) {}
 
-    bool AtEnd() const { return rest_.empty(); }
-    char Peek() const { return rest_.empty() ? '\0' : rest_.front(); }
+    [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
+    [[nodiscard]] char Peek() const { return rest_.empty() ? '\0' : rest_.front(); }
     bool Take(char c)
     {
         if (Peek() != c || rest_.empty())
@@ -47,7 +47,7 @@ private:
     std::string_view rest_;
 };
 
-/// The digits before the period. False when a comma stands elsewhere than between thousands.
+/// Consumes the digits before the period. Returns false if a comma is not between thousands.
 bool TakeWhole(Scanner& in, std::string& digits)
 {
     const auto first = in.Digits();
@@ -75,7 +75,7 @@ bool TakeExponent(Scanner& in, std::int64_t& exponent)
     const auto digits = in.Digits();
     if (digits.empty())
         return false;
-    // Beyond this every value is out of any range or zero; the bound keeps the sum in 64 bits.
+    // Beyond this every value is zero or out of range. The bound keeps the sum in 64 bits.
     constexpr std::int64_t kBound = 1'000'000'000;
     for (const char c : digits)
         exponent = std::min(kBound, exponent * 10 + (c - '0'));
@@ -84,14 +84,14 @@ bool TakeExponent(Scanner& in, std::int64_t& exponent)
     return true;
 }
 
-/// Signs, currency mark and parenthesis in front, in any order, each at most once.
-struct Front {
+/// Sign, currency mark and parenthesis around the number, in any order, each at most once.
+struct Affixes {
     bool sign = false;
     bool negative = false;
     bool dollar = false;
     bool parenthesis = false;
 
-    void Take(Scanner& in)
+    void TakePrefix(Scanner& in)
     {
         for (;;) {
             in.SkipBlanks();
@@ -108,8 +108,8 @@ struct Front {
             }
         }
     }
-    /// What may stand behind the number; false when a parenthesis stays open.
-    bool TakeBehind(Scanner& in)
+    /// Consumes the suffix after the number. Returns false if a parenthesis is not closed.
+    bool TakeSuffix(Scanner& in)
     {
         bool closed = false;
         for (;;) {
@@ -134,8 +134,8 @@ struct Front {
 std::optional<Numeric> Numeric::Read(std::string_view text)
 {
     Scanner in(text);
-    Front front;
-    front.Take(in);
+    Affixes affixes;
+    affixes.TakePrefix(in);
 
     std::string whole;
     if (!TakeWhole(in, whole))
@@ -146,11 +146,11 @@ std::optional<Numeric> Numeric::Read(std::string_view text)
     if (whole.empty() && fraction.empty())
         return std::nullopt;
     std::int64_t exponent = 0;
-    if (!TakeExponent(in, exponent) || !front.TakeBehind(in) || !in.AtEnd())
+    if (!TakeExponent(in, exponent) || !affixes.TakeSuffix(in) || !in.AtEnd())
         return std::nullopt;
 
     Numeric number;
-    number.negative_ = front.negative || front.parenthesis;
+    number.negative_ = affixes.negative || affixes.parenthesis;
     number.digits_ = whole;
     number.digits_ += fraction;
     number.exponent_ = exponent + static_cast<std::int64_t>(whole.size());
@@ -161,35 +161,57 @@ std::optional<Numeric> Numeric::Read(std::string_view text)
     return number;
 }
 
+std::optional<std::uint64_t> Numeric::Leading(std::int64_t digits) const
+{
+    if (digits > 19)
+        return std::nullopt;
+    std::uint64_t value = 0;
+    for (std::size_t i = 0; std::cmp_less(i, digits); ++i)
+        value = value * 10 + static_cast<std::uint64_t>(i < digits_.size() ? digits_[i] - '0' : 0);
+    return value;
+}
+
+std::optional<std::int64_t> Numeric::Signed(std::uint64_t magnitude) const
+{
+    const std::uint64_t limit =
+        static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + (negative_ ? 1 : 0);
+    if (magnitude > limit)
+        return std::nullopt;
+    return static_cast<std::int64_t>(negative_ ? ~magnitude + 1 : magnitude);
+}
+
 std::int64_t Numeric::Scaled(int decimals) const
 {
     if (digits_.empty())
         return 0;
     const std::int64_t places = exponent_ + decimals;  // digits kept before rounding
-    if (places > 19)
-        throw Overflow();
     if (places < 0)
         return 0;
-    const auto kept = static_cast<std::size_t>(places);
-    std::uint64_t value = 0;
-    for (std::size_t i = 0; i < kept; ++i) {
-        const auto digit = static_cast<std::uint64_t>(i < digits_.size() ? digits_[i] - '0' : 0);
-        if (__builtin_mul_overflow(value, std::uint64_t{10}, &value) ||
-            __builtin_add_overflow(value, digit, &value))
-            throw Overflow();
-    }
-    if (kept < digits_.size()) {
-        const bool above =
-            digits_[kept] > '5' ||
-            (digits_[kept] == '5' && digits_.find_first_not_of('0', kept + 1) != std::string::npos);
-        if (above || (digits_[kept] == '5' && value % 2 == 1))
-            ++value;
-    }
-    const std::uint64_t limit =
-        static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + (negative_ ? 1 : 0);
-    if (value > limit)
+    auto value = Leading(places);
+    if (!value)
         throw Overflow();
-    return static_cast<std::int64_t>(negative_ ? ~value + 1 : value);
+    const auto kept = static_cast<std::size_t>(places);
+    if (kept < digits_.size()) {
+        const bool above = digits_[kept] > '5' || (digits_[kept] == '5' && HasMore(kept + 1));
+        if (above || (digits_[kept] == '5' && *value % 2 == 1))
+            ++*value;
+    }
+    const auto scaled = Signed(*value);
+    if (!scaled)
+        throw Overflow();
+    return *scaled;
+}
+
+std::optional<Numeric::Truncated> Numeric::Truncate(int decimals) const
+{
+    if (digits_.empty())
+        return Truncated();
+    const std::int64_t places = std::max<std::int64_t>(exponent_ + decimals, 0);
+    const auto value = Leading(places);
+    const auto whole = value ? Signed(*value) : std::nullopt;
+    if (!whole)
+        return std::nullopt;
+    return Truncated{*whole, !HasMore(static_cast<std::size_t>(places))};
 }
 
 double Numeric::ToDouble() const

@@ -4,7 +4,7 @@ namespace clb::product {
 
 std::string TitleAndVersion()
 {
-    return std::string(Title) + " " CLB_VERSION;
+    return std::string(kTitle) + " " CLB_VERSION;
 }
 
 }  // namespace clb::product

@@ -1,9 +1,10 @@
+// Runs work whose errors do not matter.
 #pragma once
 
 namespace clb {
 
-/// Does the work as far as it goes; an exception ends it and is dropped. For putting things right
-/// after an error that is reported already.
+/// Does the work and drops an exception that ends it. For cleaning up after an error that is
+/// reported already.
 template <class Work>
 void Quietly(const Work& work) noexcept
 {

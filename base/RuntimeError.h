@@ -1,3 +1,4 @@
+// The exceptions that a user sees, and their numbers.
 #pragma once
 #include <cstdint>
 #include <stdexcept>
@@ -5,7 +6,7 @@
 
 namespace clb {
 
-/// A failure that ends the running command. The number tells the kind; 0 is never used.
+/// A failure that ends the running command. The number is the kind of error and never 0.
 class RuntimeError : public std::runtime_error {
 public:
     RuntimeError(std::int32_t number, const std::string& message)
@@ -18,7 +19,7 @@ private:
     std::int32_t number_;
 };
 
-/// A call into the machine outside the program (network, files, desktop) that could not be made.
+/// A failed call to something outside the program: network, files, desktop.
 class PortError : public RuntimeError {
 public:
     using RuntimeError::RuntimeError;
@@ -26,26 +27,28 @@ public:
 
 /// Numbers of the runtime errors that the program itself raises.
 namespace errors {
-inline constexpr std::int32_t InvalidCall = 5;
-inline constexpr std::int32_t Overflow = 6;
-inline constexpr std::int32_t OutOfMemory = 7;
-inline constexpr std::int32_t SubscriptOutOfRange = 9;
-inline constexpr std::int32_t TypeMismatch = 13;
-inline constexpr std::int32_t FileNotFound = 53;
-inline constexpr std::int32_t FileAlreadyExists = 58;
-inline constexpr std::int32_t PathAccess = 75;
-inline constexpr std::int32_t InvalidNull = 94;
-inline constexpr std::int32_t NetworkFailure = 12007;
-inline constexpr std::int32_t ElementNotFound = 35601;
-inline constexpr std::int32_t KeyNotUnique = 35602;
+enum Number : std::int32_t {
+    InvalidCall = 5,
+    Overflow = 6,
+    OutOfMemory = 7,
+    SubscriptOutOfRange = 9,
+    TypeMismatch = 13,
+    FileNotFound = 53,
+    FileAlreadyExists = 58,
+    PathAccess = 75,
+    InvalidNull = 94,
+    NetworkFailure = 12007,
+    ElementNotFound = 35601,
+    KeyNotUnique = 35602,
+};
 }  // namespace errors
 
-/// The error that a conversion raises for a text or value of another kind.
+/// The error of a conversion for a text or value of another kind.
 inline RuntimeError TypeMismatch()
 {
     return {errors::TypeMismatch, "Type mismatch"};
 }
-/// The error that arithmetic and conversions raise for a result out of range.
+/// The error of arithmetic and conversions for a result out of range.
 inline RuntimeError Overflow()
 {
     return {errors::Overflow, "Overflow"};

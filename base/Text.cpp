@@ -6,11 +6,13 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 
 namespace clb {
 namespace {
 
-/// The next character from offset at, which is moved past it; an invalid byte stands for itself.
+/// Returns the character at offset `at` and moves `at` past it. An invalid byte is returned as it
+/// is.
 std::int32_t NextCharacter(std::string_view text, std::size_t& at)
 {
     utf8proc_int32_t character = 0;
@@ -32,13 +34,22 @@ void Append(std::string& text, std::int32_t character)
     text.append(reinterpret_cast<const char*>(buffer), static_cast<std::size_t>(length));
 }
 
-bool IsAscii(std::string_view text)
+/// Where the next byte beyond ASCII is; the text's size if there is none. Statements have millions
+/// of bytes, so eight are looked at together.
+std::size_t SkipAscii(std::string_view text, std::size_t at)
 {
-    return std::none_of(text.begin(), text.end(),
-                        [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    constexpr std::uint64_t kHighBits = 0x8080808080808080;
+    for (std::uint64_t eight = 0; at + sizeof(eight) <= text.size(); at += sizeof(eight)) {
+        std::memcpy(&eight, text.data() + at, sizeof(eight));
+        if ((eight & kHighBits) != 0)
+            break;
+    }
+    while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80)
+        ++at;
+    return at;
 }
 
-/// Windows-1252 from 0x80 to 0x9F; the five unused codes keep their numbers.
+/// Windows-1252 from 0x80 to 0x9F. The five unused codes keep their numbers.
 constexpr std::array<std::int32_t, 32> kUpperHalf = {
     0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -59,7 +70,7 @@ char LowerAscii(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
 }
 
-/// The text without case and accents, for comparing.
+/// Removes case and accents, for comparisons.
 std::string FoldedForSorting(std::string_view text)
 {
     utf8proc_uint8_t* folded = nullptr;
@@ -88,6 +99,11 @@ int CompareAsciiAlphabetical(std::string_view a, std::string_view b)
 }
 
 }  // namespace
+
+bool IsAscii(std::string_view text)
+{
+    return SkipAscii(text, 0) == text.size();
+}
 
 std::size_t Length(std::string_view text)
 {
@@ -183,11 +199,7 @@ int CompareAlphabetical(std::string_view a, std::string_view b)
 bool IsValidUtf8(std::string_view bytes)
 {
     const auto* data = reinterpret_cast<const utf8proc_uint8_t*>(bytes.data());
-    for (std::size_t at = 0; at < bytes.size();) {
-        if (data[at] < 0x80) {
-            ++at;
-            continue;
-        }
+    for (std::size_t at = SkipAscii(bytes, 0); at < bytes.size(); at = SkipAscii(bytes, at)) {
         utf8proc_int32_t character = 0;
         const auto used = utf8proc_iterate(
             data + at, static_cast<utf8proc_ssize_t>(bytes.size() - at), &character);

@@ -4,18 +4,12 @@
 #include <limits>
 
 #include "base/Numeric.h"
+#include "base/Overloaded.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 
 namespace clb {
 namespace {
-
-template <class... Ts>
-struct Overloaded : Ts... {
-    using Ts::operator()...;
-};
-template <class... Ts>
-Overloaded(Ts...) -> Overloaded<Ts...>;
 
 std::int32_t RoundToLong(double number)
 {
@@ -83,7 +77,7 @@ const char* TypeName(FieldType type)
 bool IsEmpty(const Value& value)
 {
     const auto* text = std::get_if<std::string>(&value);
-    return IsNull(value) || (text && text->empty());
+    return IsNull(value) || (text != nullptr && text->empty());
 }
 
 std::string ToText(const Value& value)

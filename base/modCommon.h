@@ -1,3 +1,4 @@
+// Small functions of general use.
 #pragma once
 #include <cstdint>
 
@@ -7,11 +8,11 @@ namespace clb::modCommon {
 std::int32_t Max(std::int32_t a, std::int32_t b);
 std::int32_t Min(std::int32_t a, std::int32_t b);
 
-/// Which time is in force where the program runs.
+/// Which time is in effect where the program runs.
 enum class ZoneState { Unknown, Standard, Daylight };
 
-/// What the system says of its time zone. All in minutes; local time = UTC - (bias + the bias of
-/// the time in force).
+/// The time zone of the system. All in minutes: local time = UTC - (bias + the bias of the time in
+/// effect).
 struct ZoneInformation {
     std::int32_t bias = 0;
     std::int32_t standardBias = 0;
@@ -19,7 +20,7 @@ struct ZoneInformation {
     ZoneState state = ZoneState::Unknown;
 };
 
-/// Offset from UTC in whole hours, negative west of it; half hours go to the even neighbour.
+/// Offset from UTC in whole hours, negative to the west. Half hours are rounded to even.
 std::int32_t TimeZoneOffset(const ZoneInformation& zone);
 
 }  // namespace clb::modCommon

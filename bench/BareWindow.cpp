@@ -1,4 +1,4 @@
-// The reference of the start: a window with the same controls and nothing behind them, ended once
+// The reference of the start: a window with the same controls that do nothing, ended once
 // it is painted.
 
 #include <QApplication>

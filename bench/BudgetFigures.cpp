@@ -10,9 +10,6 @@
 namespace clb {
 namespace {
 
-/// What sixty pictures a second leave for one, in milliseconds.
-constexpr double kOnePicture = 16.7;
-
 /// All that the grid shows, row by row, and the totals line.
 using Texts = std::vector<std::string>;
 
@@ -152,8 +149,7 @@ std::vector<Figure> MeasureBudget(const WorkFolder& work, int rounds)
                   .title = "a month's budget among 1,000,000 / one bare statement",
                   .unit = "ms",
                   .wallRatio = {},
-                  .limit = 3,
-                  .enough = kOnePicture};
+                  .limit = 2};
     CompareTimes(budget, MeasureBudgetReloads(large, kLargeLedger, rounds),
                  {kBudgetReloads, kBudgetReloads});
     return {budget};

@@ -16,7 +16,7 @@ struct Cost {
     Cost& operator+=(const Cost& more);
 };
 
-/// Runs a program to its end, its standard output thrown away, and tells what the whole process
+/// Runs a program to its end, its standard output thrown away, and reports what the whole process
 /// took. Throws std::runtime_error when it cannot be run or its exit code is not 0. The peak cannot
 /// be smaller than what this process holds itself at that moment.
 Cost RunProgram(const std::vector<std::string>& command);

@@ -67,10 +67,7 @@ void PrintTable(std::ostream& out, const std::vector<Figure>& figures)
         line(figure.name, figure.title, Number(figure.ours, 2) + ' ' + figure.unit,
              Number(figure.reference, 2) + ' ' + figure.unit, Number(figure.ratio, 2),
              figure.wallRatio ? Number(*figure.wallRatio, 2) : "-", Number(figure.limit, 1))
-            << (figure.Over() ? "  OVER" : "  ok")
-            << (figure.enough != 0 ? ", enough: " + Number(figure.enough, 2) + ' ' + figure.unit
-                                   : std::string())
-            << '\n';
+            << (figure.Over() ? "  OVER" : "  ok") << '\n';
 }
 
 void PrintJson(std::ostream& out, const std::vector<Figure>& figures)
@@ -86,7 +83,6 @@ void PrintJson(std::ostream& out, const std::vector<Figure>& figures)
                         {"wallRatio", figure.wallRatio ? nlohmann::ordered_json(*figure.wallRatio)
                                                        : nlohmann::ordered_json()},
                         {"limit", figure.limit},
-                        {"enough", figure.enough},
                         {"over", figure.Over()}});
     out << list.dump(2) << '\n';
 }

@@ -16,12 +16,10 @@ struct Figure {
     double ours = 0;
     double reference = 0;
     double ratio = 0;                 ///< of processor times, or of sizes
-    std::optional<double> wallRatio;  ///< told for information
+    std::optional<double> wallRatio;  ///< for information only
     double limit = 0;
-    /// Ours up to here is good enough whatever the ratio, in units; 0: the ratio alone counts.
-    double enough = 0;
 
-    [[nodiscard]] bool Over() const { return ratio > limit && (enough == 0 || ours > enough); }
+    [[nodiscard]] bool Over() const { return ratio > limit; }
 };
 
 /// Costs measured alternately: ours and the reference of one round belong together.

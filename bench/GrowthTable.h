@@ -13,7 +13,7 @@ namespace clb {
 enum class Growth {
     WithRows,  ///< it reads all: as much for each row as before
     None,      ///< it reads a month: as much as before
-    Free       ///< told for information
+    Free       ///< for information only
 };
 
 /// One step at one size of the books.

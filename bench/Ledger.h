@@ -25,7 +25,7 @@ std::string LedgerAccount(std::int32_t account);
 /// The number of the purse.
 std::string LedgerPurse();
 /// A month of the ledger's last year, the whole ledger if it is shorter: turn 0 is the first of
-/// them, and behind the last one the first comes again.
+/// them, and after the last one the first comes again.
 Month LateLedgerMonth(LedgerSize size, std::int32_t turn);
 /// The last month with transactions of the purse.
 Month LastPurseMonth(LedgerSize size);

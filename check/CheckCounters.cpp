@@ -2,14 +2,14 @@
 
 #include <limits>
 
-#include "engine/sql/Writer.h"
+#include "engine/storage/Catalogue.h"
 
 namespace clb {
 namespace {
 
 const std::string kLargest = std::to_string(std::numeric_limits<std::int32_t>::max());
 
-/// The storage's number of the first row with the largest number.
+/// Returns the storage's number of the first row with the largest number.
 std::optional<std::int64_t> RowWithLargest(RawSql& raw, const std::string& table)
 {
     std::optional<std::int64_t> found;
@@ -20,7 +20,7 @@ std::optional<std::int64_t> RowWithLargest(RawSql& raw, const std::string& table
     return found;
 }
 
-/// Whether the table's counter has given the largest number.
+/// Whether the table's counter has used the largest number.
 bool HasGivenLargest(RawSql& raw, const std::string& table)
 {
     bool given = false;

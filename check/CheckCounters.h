@@ -1,3 +1,4 @@
+// Finds tables whose numbers are used up.
 #pragma once
 #include <string>
 
@@ -6,10 +7,10 @@
 
 namespace clb {
 
-/// Finds out whether the largest number that a row can have is given already, so that the table
-/// takes no new row. A counter also keeps the numbers of rows that are gone. A table that the file
-/// lacks, or whose rows have no numbers, is passed over. Throws EngineError when the table cannot
-/// be read.
+/// Adds a finding if the largest number that a row can have is already used, so that the table
+/// accepts no new row. A counter also remembers the numbers of deleted rows. Skips a table that the
+/// file does not have, or whose rows have no numbers. Throws EngineError if the table cannot be
+/// read.
 void FindUsedUpNumbers(RawSql& raw, const std::string& table, FindingList& findings);
 
 }  // namespace clb

@@ -95,7 +95,7 @@ std::vector<Finding> FindingList::Take()
         Finding more = *last;
         more.row.reset();
         more.sequence.reset();
-        more.statement.clear();
+        more.query.clear();
         more.rows = count - kMostOfAKind;
         const std::string place =
             more.table.empty() || more.column.empty() ? more.table : more.table + "." + more.column;

@@ -1,3 +1,4 @@
+// The findings of a check.
 #pragma once
 #include <cstdint>
 #include <map>
@@ -8,31 +9,31 @@
 
 namespace clb {
 
-/// One thing that is wrong in a database, or several rows with the same.
+/// One problem of a database, or several rows with the same problem.
 struct Finding {
     /// "damage", "table", "column", "cell", "text", "number", "counter", "account", "orphan",
     /// "balance", "noticed", "category", "month", "index", "trigger" or "view"; "clb check" adds
     /// "backup".
     std::string kind{};
     std::string table{};  ///< empty for damage and backup
-    std::string text{};   ///< what and where, a sentence
+    std::string text{};   ///< the problem and its place, a sentence
     std::int32_t rows = 0;
     std::optional<std::int64_t> row{};       ///< the storage's number of the (first) row
     std::optional<std::int64_t> sequence{};  ///< its field Sequence
     std::string column{};
-    std::string meaning{};  ///< what that does to the user; filled in when it is empty
-    /// A statement of the program's SQL that puts another value in; empty: none. CheckDatabase adds
+    std::string meaning{};  ///< what it means for the user; filled in if it is empty
+    /// A query of the program's dialect that stores another value; empty: none. CheckDatabase adds
     /// it to the meaning, as a command.
-    std::string statement{};
-    bool repairable = false;  ///< whether a repair mends it
+    std::string query{};
+    bool repairable = false;  ///< whether a repair can fix it
 };
 
-/// Findings in order. Of the same kind in the same column at most a hundred are kept; one more
-/// says how many there were.
+/// Findings in order. Keeps at most a hundred of the same kind in the same column. One more finding
+/// gives their number.
 class FindingList {
 public:
     void Add(Finding finding);
-    /// Adds the other list's at the end; it is empty afterwards.
+    /// Moves the other list's findings to the end of this one.
     void Append(FindingList& other);
     [[nodiscard]] bool Has(const std::string& kind, const std::string& table) const;
     std::vector<Finding> Take();

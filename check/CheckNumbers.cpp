@@ -10,10 +10,10 @@
 namespace clb {
 namespace {
 
-/// A description loses at most this much of its end when a split appends its text to it.
+/// A split appends its text to a description and may cut at most this much of its end.
 constexpr std::size_t kComparedLength = 38;
 
-/// The description that a piece was split from, as far as it is kept.
+/// Returns the description that a piece was split from, as far as it is kept.
 std::string Origin(std::string_view description)
 {
     const std::size_t split = description.find(" (split #");
@@ -28,10 +28,10 @@ struct Piece {
     std::string origin;
 };
 
-/// The transactions among the pieces that share one number and one account.
+/// Divides the pieces with one number and one account into transactions.
 class Transactions {
 public:
-    /// Pieces that share a SubSequence, in the order of their rows; each SubSequence once.
+    /// Pieces with the same SubSequence, in the order of their rows. Each SubSequence occurs once.
     void Take(const std::vector<const Piece*>& pieces)
     {
         ++round_;
@@ -56,8 +56,7 @@ public:
 private:
     enum class Likeness { Same, Date, Account };
 
-    /// Transactions that are alike, from the earliest; those before `at` have this round's
-    /// SubSequence.
+    /// Similar transactions, the earliest first. Those before `at` have this round's SubSequence.
     struct Alike {
         std::vector<std::size_t> transactions;
         std::size_t at = 0;
@@ -100,7 +99,7 @@ private:
     }
 
     std::vector<std::vector<std::int64_t>> rows_;  // of each transaction
-    std::vector<std::int64_t> joined_;             // the round in which it last got a piece
+    std::vector<std::int64_t> joined_;  // the round in which the transaction last got a piece
     std::map<std::string, Alike> alike_;
     std::int64_t round_ = 0;
 };
@@ -112,8 +111,8 @@ struct CheckNumbers::Group {
     std::int64_t number = 0;
     std::vector<Piece> pieces;
 
-    /// The rows of each transaction; the one with the earliest row first.
-    std::vector<std::vector<std::int64_t>> ByTransaction() const
+    /// Returns the rows of each transaction. The one with the earliest row is first.
+    [[nodiscard]] std::vector<std::vector<std::int64_t>> ByTransaction() const
     {
         std::map<std::string, Transactions> accounts;
         std::map<std::string, std::vector<const Piece*>> same;

@@ -1,3 +1,4 @@
+// Finds transaction numbers that are used twice.
 #pragma once
 #include <cstdint>
 #include <vector>
@@ -13,23 +14,23 @@ struct NewNumber {
     std::int32_t number = 0;
 };
 
-/// Finds transaction numbers (Trans.Sequence) that stand for more than one transaction, and works
-/// out new ones.
+/// Finds transaction numbers (Trans.Sequence) that several transactions share, and chooses new
+/// ones.
 ///
-/// The pieces of one transaction share its number and its account and differ in SubSequence. Rows
-/// that share a number in several accounts, or number and SubSequence, are several transactions:
-/// older versions gave a number twice when two programs wrote at the same time. A piece goes to the
-/// transaction of its account that does not have its SubSequence yet and whose date and description
-/// are the same (a split appends " (split #2)" to it), failing that to one of its date, failing
-/// that to the earliest; with nowhere to go it begins a transaction. The transaction with the
-/// earliest row keeps the number, the others get new ones, in the order of their earliest rows,
-/// above the largest number there is. Rows without a number get one each.
+/// The pieces of one transaction have the same number and account and different SubSequences. Rows
+/// with the same number in several accounts, or with the same number and SubSequence, belong to
+/// several transactions: older versions used a number twice if two programs wrote at the same time.
+/// A piece is assigned to a transaction of its account that does not have its SubSequence yet: to
+/// one with the same date and description (a split appends " (split #2)" to it), else to one with
+/// the same date, else to the earliest. If there is none, the piece begins a transaction. The
+/// transaction with the earliest row keeps the number. The others get new numbers above the largest
+/// one, in the order of their earliest rows. Each row without a number gets one.
 class CheckNumbers {
 public:
-    /// Borrows the database. Throws EngineError when Trans cannot be read.
+    /// Borrows the database. Throws EngineError if Trans cannot be read.
     CheckNumbers(RawSql& raw, FindingList& findings);
 
-    /// In the order of the rows. Empty also when there are not enough numbers left.
+    /// The new numbers in the order of the rows. Also empty if there are not enough numbers left.
     [[nodiscard]] const std::vector<NewNumber>& NewNumbers() const { return newNumbers_; }
 
 private:

@@ -23,7 +23,7 @@ std::string NotA(const RawSql::Row& row, int at, const char* what)
     return row.Describe(at) + ", which is not " + what;
 }
 
-/// What is wrong with a text; empty when nothing is.
+/// Returns what is wrong with a text. Empty if it is valid.
 std::string TextFault(std::string_view text, std::size_t width)
 {
     if (!IsValidUtf8(text))
@@ -34,7 +34,7 @@ std::string TextFault(std::string_view text, std::size_t width)
     return {};
 }
 
-/// What is wrong with a cell that is not empty; empty when nothing is.
+/// Returns what is wrong with a cell that is not empty. Empty if it is valid.
 std::string Fault(const RawSql::Row& row, int at, const ColumnType& type)
 {
     const Kind kind = row.KindOf(at);
@@ -63,7 +63,7 @@ std::string Fault(const RawSql::Row& row, int at, const ColumnType& type)
     }
 }
 
-/// A value of the type, in the program's SQL.
+/// Returns a value of the type, in the program's dialect.
 const char* ExampleOf(FieldType type)
 {
     switch (type) {
@@ -184,11 +184,11 @@ std::optional<std::int64_t> CheckRows::Sequence(const RawSql::Row& row) const
     return sequence_ == 0 ? std::nullopt : WholeNumber(row, sequence_);
 }
 
-/// "row 17 (number 5)"; the number alone where it is the row's.
+/// "row 17 (number 5)", or only the number if it is also the row's.
 std::string CheckRows::Name(const RawSql::Row& row) const
 {
     const auto number = Sequence(row);
-    const std::string rowText = "row " + std::to_string(row.Integer(0));
+    std::string rowText = "row " + std::to_string(row.Integer(0));
     if (!number)
         return rowText;
     return *number == row.Integer(0) ? "number " + std::to_string(*number)
@@ -213,11 +213,11 @@ void CheckRows::CheckCell(const RawSql::Row& row, int at, const ColumnInfo& colu
          .row = row.Integer(0),
          .sequence = Sequence(row),
          .column = column.name,
-         .statement = text ? std::string() : StatementFor(row, at)});
+         .query = text ? std::string() : QueryFor(row, at)});
 }
 
-/// Every row has a number from 1 on, every piece one from 0 on. A transaction without a number is
-/// found with those that share one.
+/// Numbers of rows start at 1, those of pieces at 0. A transaction without a number is found
+/// together with those that share one.
 void CheckRows::CheckNumber(const RawSql::Row& row)
 {
     const auto add = [&](int at, const std::string& what) {
@@ -231,7 +231,7 @@ void CheckRows::CheckNumber(const RawSql::Row& row)
                        .column = Column(at).name,
                        .meaning = "The program never gives such a number. Commands on this row may "
                                   "fail or change another one.",
-                       .statement = StatementFor(row, at)});
+                       .query = QueryFor(row, at)});
     };
     if (sequence_ != 0 && row.KindOf(sequence_) == Kind::Integer && row.Integer(sequence_) < 1)
         add(sequence_, row.Describe(sequence_) + ", where numbers begin at 1");
@@ -241,11 +241,12 @@ void CheckRows::CheckNumber(const RawSql::Row& row)
         add(piece_, row.Describe(piece_) + ", where numbers begin at 0");
 }
 
-/// What puts another value into the cell; empty if the row cannot be named by its number.
-std::string CheckRows::StatementFor(const RawSql::Row& row, int at) const
+/// Returns the query that stores another value in the cell. Empty if the number does not identify
+/// the row.
+std::string CheckRows::QueryFor(const RawSql::Row& row, int at) const
 {
     const auto number = Sequence(row);
-    // A balance is worked out again by a repair.
+    // A repair computes a balance again.
     if (!number || at == sequence_ || Column(at).name == "CurrentBalance")
         return {};
     std::string piece;
@@ -294,7 +295,7 @@ void CheckRows::AddToPlace(const RawSql::Row& row)
 {
     for (const int at : {year_, period_})
         if (!row.IsNull(at) && row.KindOf(at) != Kind::Integer)
-            return;  // told as a cell
+            return;  // reported with the cell already
     BudgetPlace place{WholeNumber(row, year_), WholeNumber(row, period_), std::nullopt};
     if (!row.IsNull(category_))
         std::get<2>(place) = std::string(row.Text(category_));

@@ -1,3 +1,4 @@
+// Checks the rows of a table.
 #pragma once
 #include <cstdint>
 #include <map>
@@ -24,16 +25,16 @@ struct RowGroup {
     [[nodiscard]] std::string Numbers() const;
 };
 
-/// The sum of one account's rows, without limits while it is made.
+/// The sum of one account's rows. The running total has no limit.
 class RowSum {
 public:
     /// In 1/10000 units.
     void Add(std::int64_t scaled) { sum_ += scaled; }
     void Subtract(std::int64_t scaled) { sum_ -= scaled; }
-    /// One of the rows holds something that is not an amount.
+    /// Whether one of the rows contains something that is not an amount.
     void Spoil() { spoilt_ = true; }
     [[nodiscard]] bool Spoilt() const { return spoilt_; }
-    /// Nothing when it is more than an amount can be.
+    /// Returns nothing if the sum does not fit in an amount.
     [[nodiscard]] std::optional<Money> Total() const;
 
 private:
@@ -47,27 +48,26 @@ struct AccountRows : RowGroup {
     RowSum sum;
 };
 
-/// Year, month and category; nothing where the cell is empty.
+/// Year, month and category. Nothing for an empty cell.
 using BudgetPlace = std::tuple<std::optional<std::int64_t>, std::optional<std::int64_t>,
                                std::optional<std::string>>;
 
-/// Reads one table from its first row to its last, once: looks at every cell, and gathers what the
-/// other checks need of the rows. Throws EngineError when the table cannot be read to its end; what
-/// was found so far stays.
+/// Reads one table once: checks every cell, and collects what the other checks need of the rows.
+/// Throws EngineError if the table cannot be read to its end. Findings up to there remain.
 class CheckRows {
 public:
-    /// expected: the table as the program delivers it; of its columns those are read that the file
-    /// has. All borrowed.
+    /// expected: the table as the program delivers it. Reads those of its columns that the file
+    /// has. Borrows all arguments.
     CheckRows(RawSql& raw, const TableInfo& expected, FindingList& findings);
 
     void Run();
 
-    /// The rows by account number; the rows without one under nothing.
+    /// The rows by account number. Rows without one are under nothing.
     [[nodiscard]] const std::map<std::optional<std::string>, AccountRows>& ByAccount() const
     {
         return accounts_;
     }
-    /// The rows by month and category, where the table has these.
+    /// The rows by month and category, if the table has these.
     [[nodiscard]] const std::map<BudgetPlace, RowGroup>& ByPlace() const { return places_; }
     /// Rows booked to months that do not exist.
     FindingList& Months() { return months_; }
@@ -78,7 +78,7 @@ private:
     void TakeRow(const RawSql::Row& row);
     void CheckCell(const RawSql::Row& row, int at, const ColumnInfo& column);
     void CheckNumber(const RawSql::Row& row);
-    [[nodiscard]] std::string StatementFor(const RawSql::Row& row, int at) const;
+    [[nodiscard]] std::string QueryFor(const RawSql::Row& row, int at) const;
     [[nodiscard]] const ColumnInfo& Column(int at) const;
     void AddToAccount(const RawSql::Row& row);
     void AddAmount(const RawSql::Row& row, RowSum& sum) const;
@@ -90,26 +90,26 @@ private:
     const TableInfo& expected_;
     FindingList& findings_;
     FindingList months_;
-    std::vector<const ColumnInfo*> columns_;  ///< column n of the rows read is number n - 1 here
-    int sequence_;                            ///< places in the rows read; 0: none
+    std::vector<const ColumnInfo*> columns_;  ///< column n of the query has index n - 1 here
+    int sequence_;                            ///< columns of the query; 0: none
     int piece_;
     int account_;
     int year_;
     int period_;
     int category_;
     int amount_;
-    int paid_;  ///< taken off the amount
+    int paid_;  ///< subtracted from the amount
     std::map<std::optional<std::string>, AccountRows> accounts_;
     AccountRows* lastAccount_ = nullptr;
     std::string lastNumber_;
     std::map<BudgetPlace, RowGroup> places_;
 };
 
-/// "2006-03", and "2006-13" for a month that does not exist; "month 3 of an empty year" and the
-/// like for what cannot be written so.
+/// Returns "2006-03", also "2006-13" for a month that does not exist, or words such as "month 3 of
+/// an empty year" if it cannot be written that way.
 std::string MonthText(const BudgetPlace& place);
 
-/// Whether the month is one that the program can show.
+/// Whether the program can show the month.
 bool IsMonth(const BudgetPlace& place);
 
 }  // namespace clb

@@ -8,22 +8,22 @@
 #include "base/Text.h"
 #include "data/EmptyDatabase.h"
 #include "data/SchemaVersion.h"
-#include "engine/sql/Writer.h"
+#include "engine/storage/Catalogue.h"
 
 namespace clb {
 namespace {
 
-/// A declaration without what does not matter: blanks, and quotes around names.
+/// Removes spaces and quotes around names from a declaration, because they do not matter.
 std::string Condensed(const std::string& sql)
 {
     std::string condensed;
     for (const char c : sql)
-        if (!std::isspace(static_cast<unsigned char>(c)) && c != '"')
+        if (std::isspace(static_cast<unsigned char>(c)) == 0 && c != '"')
             condensed += c;
     return ToUpperAscii(condensed);
 }
 
-/// What the next start changes by itself: BudgetInclude is added, InterestRate becomes a SINGLE.
+/// What the next start changes itself: it adds BudgetInclude and makes InterestRate a SINGLE.
 bool IsUpgraded(const std::string& column, bool missing, std::int16_t version)
 {
     return missing ? column == "BudgetInclude" && version < 2
@@ -46,7 +46,7 @@ const std::vector<std::string>& OwnTables()
 
 CheckSchema::CheckSchema(RawSql& raw) : raw_(raw), delivered_(RawSql::OfImage(EmptyDatabase())) {}
 
-/// Data of an older version, or that was never versioned, lacks what an upgrade adds.
+/// Data of an older version, or without a version, does not have what an upgrade adds.
 void CheckSchema::FindLostVersion(const std::string& text, FindingList& findings)
 {
     const TableInfo* accounts = raw_.Find("Account");
@@ -79,7 +79,7 @@ std::int16_t CheckSchema::Version(FindingList& findings)
             return version;
         }
     } catch (const RuntimeError&) {
-        // Told below.
+        // Reported below.
     }
     findings.Add({.kind = "table",
                   .table = "_SchemaVersion",
@@ -105,7 +105,7 @@ void CheckSchema::CompareTable(const TableInfo& expected, std::int16_t version,
     const TableInfo& actual = *raw_.Find(expected.name);
     for (const ColumnInfo& column : expected.columns) {
         const ColumnInfo* found = actual.Find(column.name);
-        if (IsUpgraded(column.name, !found, version))
+        if (IsUpgraded(column.name, found == nullptr, version))
             continue;
         const auto add = [&](const std::string& what) {
             findings.Add({.kind = "column",
@@ -178,7 +178,7 @@ void CheckSchema::FindIndexes(FindingList& findings)
         const TableInfo* table = raw_.Find(index.table);
         if (!table || IsIndexed(index.table, columns))
             continue;
-        // Somebody else's index of that name, over other columns, stays as it is.
+        // Another program's index of that name over other columns stays as it is.
         const bool repairable =
             !IsTaken(index.name) &&
             std::ranges::all_of(Split(Replace(columns, ", ", ","), ','),
@@ -198,7 +198,7 @@ void CheckSchema::FindUniqueIndexes(const std::string& table, FindingList& findi
 {
     struct Unique {
         std::string name;
-        bool declared;  ///< with the table itself
+        bool declared;  ///< in the table's own declaration
     };
     std::vector<Unique> indexes;
     raw_.Select("SELECT name, origin FROM pragma_index_list(" + QuoteText(table) +
@@ -208,15 +208,27 @@ void CheckSchema::FindUniqueIndexes(const std::string& table, FindingList& findi
                 });
     for (const Unique& index : indexes) {
         const std::string columns = ColumnsOf(raw_, index.name);
-        findings.Add(
-            {.kind = "index",
-             .table = table,
-             .text = index.declared ? "The table " + table + ", which takes no values of " +
-                                          columns + " twice, is not declared so by this program."
-                                    : "The index " + index.name + " on " + table + " (" + columns +
-                                          "), which takes no values twice, is not this program's.",
-             .meaning = "A new row with values that are there already is refused, also by an "
-                        "import. Another program made it."});
+        std::string text;
+        if (index.declared)
+            text.append("The table ")
+                .append(table)
+                .append(", which takes no values of ")
+                .append(columns)
+                .append(" twice, is not declared so by this program.");
+        else
+            text.append("The index ")
+                .append(index.name)
+                .append(" on ")
+                .append(table)
+                .append(" (")
+                .append(columns)
+                .append("), which takes no values twice, is not this program's.");
+        findings.Add({.kind = "index",
+                      .table = table,
+                      .text = text,
+                      .meaning =
+                          "A new row with values that are there already is refused, also by an "
+                          "import. Another program made it."});
     }
 }
 

@@ -1,3 +1,4 @@
+// Checks what a database file declares.
 #pragma once
 #include <cstdint>
 #include <string>
@@ -15,18 +16,20 @@ public:
     /// Borrows the database.
     explicit CheckSchema(RawSql& raw);
 
-    /// The schema version that the file names; 0: none. Adds a finding for one that is not a
-    /// number, or that is older than the tables.
+    /// Returns the schema version of the file; 0: none. Adds a finding if it is not a number or is
+    /// older than the tables.
     std::int16_t Version(FindingList& findings);
-    /// Missing tables and columns, and columns of another type. An older version's file lacks what
-    /// its upgrade adds, which is not a finding.
+    /// Finds missing tables and columns, and columns of another type. What the upgrade of an older
+    /// file adds may be missing.
     void FindColumns(std::int16_t version, FindingList& findings);
-    /// Missing indexes and triggers, and unique indexes, triggers and views of somebody else.
+    /// Finds missing indexes and triggers, and unique indexes, triggers and views of other
+    /// programs.
     void FindHelpers(FindingList& findings);
 
-    /// The delivered declaration of a table; null when the program has no such table.
+    /// Returns the delivered declaration of a table, or null if the program has no such table.
     const TableInfo* Expected(const std::string& table) { return delivered_.Find(table); }
-    /// What would make the missing indexes and triggers, in the storage's SQL; after FindHelpers.
+    /// The queries that make the missing indexes and triggers, in the storage's SQL. Call
+    /// FindHelpers first.
     [[nodiscard]] const std::vector<std::string>& Missing() const { return missing_; }
 
 private:

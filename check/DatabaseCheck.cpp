@@ -8,7 +8,7 @@
 #include "data/AccountKind.h"
 #include "data/StoredView.h"
 #include "engine/rows/RawSql.h"
-#include "engine/storage/Backup.h"
+#include "engine/storage/DatabaseCopy.h"
 #include "engine/storage/EngineError.h"
 
 namespace clb {
@@ -28,7 +28,7 @@ std::int32_t Count(std::int64_t rows)
     return static_cast<std::int32_t>(rows);
 }
 
-/// Whether a budget line can be made of it just as saving a row makes one.
+/// Whether a budget line can be made for it, as saving a row does.
 bool CanHaveLine(const BudgetPlace& place)
 {
     constexpr std::size_t kWidth = 50;
@@ -37,7 +37,7 @@ bool CanHaveLine(const BudgetPlace& place)
            Length(*category) <= kWidth;
 }
 
-/// The list of the balances that did not fit their rows, as the program makes it.
+/// The declaration of the list of balances that did not fit their rows, as the program makes it.
 const TableInfo& NoticedList()
 {
     static const TableInfo list = [] {
@@ -74,7 +74,7 @@ void FindDamage(RawSql& raw, FindingList& findings)
     } catch (const EngineError& error) {
         if (error.Trouble() == FileTrouble::Locked)
             throw;
-        // So much is wrong that the storage gives up.
+        // The file is so damaged that the storage gives up.
         faults.emplace_back("it cannot be read to its end");
     }
     if (faults == std::vector<std::string>{"ok"})
@@ -85,7 +85,7 @@ void FindDamage(RawSql& raw, FindingList& findings)
 
 }  // namespace
 
-/// One step that cannot be done must not keep the others from being done.
+/// A step that fails must not prevent the others.
 template <typename Step>
 void DatabaseCheck::Try(const std::string& table, Step step)
 {
@@ -94,10 +94,10 @@ void DatabaseCheck::Try(const std::string& table, Step step)
     } catch (const EngineError& error) {
         if (error.Trouble() == FileTrouble::Locked)
             throw;
-        // A missing column is told already.
+        // A missing column is reported already.
         const std::string text = table + " cannot be read to its end: " + error.what();
         if ((error.Trouble() != FileTrouble::None || !findings_.Has("column", table)) &&
-            told_.insert(text).second)
+            reported_.insert(text).second)
             findings_.Add(Damage(text));
     }
 }
@@ -200,7 +200,7 @@ void DatabaseCheck::FindOrphans(const std::string& table)
     for (const Account& account : accounts_)
         known.insert(account.number);
     const auto read = rows_.find(table);
-    // With an unreadable list of accounts every row would seem to be one.
+    // If the list of accounts cannot be read, every row would be reported.
     if (read == rows_.end() || !rows_.contains("Account"))
         return;
     for (const auto& [number, rows] : read->second)
@@ -219,7 +219,7 @@ void DatabaseCheck::FindBalances()
 {
     std::set<std::string_view> seen;
     for (const Account& account : accounts_)
-        // Of two accounts with one number the first one's balance is kept.
+        // If two accounts have the same number, the balance of the first is kept.
         if (account.view != 0 && seen.insert(account.number).second)
             CompareBalance(account);
 }
@@ -232,7 +232,7 @@ void DatabaseCheck::CompareBalance(const Account& account)
     const auto rows = table->second.find(account.number);
     const RowSum sum = rows == table->second.end() ? RowSum() : rows->second.sum;
     if (sum.Spoilt())
-        return;  // told as cells
+        return;  // reported with the cells already
     const auto stored =
         account.stored ? std::optional(Money::FromScaled(account.balance)) : std::nullopt;
     const auto total = sum.Total();
@@ -257,22 +257,24 @@ void DatabaseCheck::CompareBalance(const Account& account)
             {account.row, {account.number, account.description, stored, total, account.instead}});
 }
 
-/// Adds a finding for what the list lacks.
+/// Adds a finding for what is missing in the list.
 bool DatabaseCheck::IsNoticedList(const TableInfo& list)
 {
-    for (const ColumnInfo& column : NoticedList().columns) {
-        // It was added later.
-        if (column.name == "StoredInstead" || list.Find(column.name))
-            continue;
-        findings_.Add({.kind = "column",
-                       .table = list.name,
-                       .text = "The column " + list.name + "." + column.name + " is missing.",
-                       .column = column.name,
-                       .meaning = "Balances that do not fit their rows cannot be listed. Another "
-                                  "program has made or changed this table."});
-        return false;
-    }
-    return true;
+    const TableInfo& expected = NoticedList();
+    const auto missing = std::find_if(
+        expected.columns.begin(), expected.columns.end(), [&](const ColumnInfo& column) {
+            // StoredInstead was added later.
+            return column.name != "StoredInstead" && list.Find(column.name) == nullptr;
+        });
+    if (missing == expected.columns.end())
+        return true;
+    findings_.Add({.kind = "column",
+                   .table = list.name,
+                   .text = "The column " + list.name + "." + missing->name + " is missing.",
+                   .column = missing->name,
+                   .meaning = "Balances that do not fit their rows cannot be listed. Another "
+                              "program has made or changed this table."});
+    return false;
 }
 
 std::string DatabaseCheck::DescriptionOf(const std::string& number) const
@@ -351,7 +353,7 @@ void DatabaseCheck::AddCategory(const BudgetPlace& place, const RowGroup& rows)
 
 namespace {
 
-/// For a shell.
+/// Quotes a text for a shell.
 std::string ShellWord(const std::string& text)
 {
     return "'" + Replace(text, "'", "'\\''") + "'";
@@ -360,9 +362,9 @@ std::string ShellWord(const std::string& text)
 void AddAdvice(std::vector<Finding>& findings, const std::string& folder)
 {
     for (Finding& finding : findings)
-        if (!finding.statement.empty())
+        if (!finding.query.empty())
             finding.meaning += " Put in the right value: clb sql " + ShellWord(folder) + " \"" +
-                               finding.statement + "\"";
+                               finding.query + "\"";
 }
 
 }  // namespace
@@ -386,7 +388,7 @@ DatabaseReport CheckDatabase(const std::string& folder)
             for (Finding& finding : report.findings)
                 finding.repairable = false;
     } catch (const EngineError& error) {
-        // A file of a later storage's format is none of the storage's troubles with files.
+        // The storage does not report a newer file format as an error of the file.
         if (error.Trouble() != FileTrouble::Damaged && error.Trouble() != FileTrouble::None)
             throw;
         findings.Add(Damage("The file is damaged: it is no database, or cannot be read at all."));

@@ -1,3 +1,4 @@
+// Checks a database.
 #pragma once
 #include <cstdint>
 #include <map>
@@ -18,7 +19,7 @@ struct DatabaseReport {
     std::vector<Finding> findings;
 };
 
-/// What a repair has to do, as a check finds it.
+/// What a repair has to do, as found by a check.
 struct RepairPlan {
     struct Balance {
         std::int64_t row = 0;  ///< the storage's number of the account's row
@@ -41,12 +42,12 @@ struct RepairPlan {
     }
 };
 
-/// Looks at everything in a database that the program relies on: every cell, numbers, accounts,
-/// balances, categories, months, the noticed balances that nobody has taken note of, and what the
-/// file declares. A million rows take a few seconds. What cannot be read is a finding too.
+/// Checks everything in a database that the program relies on: every cell, numbers, accounts,
+/// balances, categories, months, the noticed balances that the user has not acknowledged, and what
+/// the file declares. A million rows take a few seconds. What cannot be read is also a finding.
 class DatabaseCheck {
 public:
-    /// Borrows the database. Throws EngineError only when another program locks it.
+    /// Borrows the database. Throws EngineError only if another program locks it.
     explicit DatabaseCheck(RawSql& raw);
 
     /// 0: the file has never had one.
@@ -60,9 +61,9 @@ private:
         std::string number;
         std::string description;
         std::int32_t view = 0;
-        bool stored = false;  ///< has a balance
+        bool stored = false;  ///< whether it has a balance
         std::int64_t balance = 0;
-        std::string instead{};  ///< what it has in a balance's place, in words
+        std::string instead{};  ///< what it has instead of a balance, in words
     };
     using Rows = std::map<std::optional<std::string>, AccountRows>;
 
@@ -82,17 +83,17 @@ private:
     RawSql& raw_;
     std::int16_t version_ = 0;
     FindingList findings_;
-    std::set<std::string> told_;  ///< what cannot be read, each once
+    std::set<std::string> reported_;  ///< errors in reading, each once
     FindingList months_;
     RepairPlan plan_;
     std::vector<Account> accounts_;
-    std::map<std::string, Rows> rows_;  ///< by table; of those that were read to their end
+    std::map<std::string, Rows> rows_;  ///< by table; only tables that were read to their end
     std::map<std::string, std::map<BudgetPlace, RowGroup>> places_;
 };
 
-/// Looks whether a program folder's database is in order, without changing anything. Also a file
-/// that may not be written, and a damaged one as far as it can be read. Throws EngineError when the
-/// file cannot be opened (missing, locked, not allowed).
+/// Checks a program folder's database without changing it. The file may be read-only. A damaged
+/// file is checked as far as it can be read. Throws EngineError if the file cannot be opened
+/// (missing, locked, no permission).
 DatabaseReport CheckDatabase(const std::string& folder);
 
 }  // namespace clb

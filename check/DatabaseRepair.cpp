@@ -11,7 +11,7 @@
 namespace clb {
 namespace {
 
-/// Takes back what was not settled.
+/// Rolls back what was not settled.
 class Undivided {
 public:
     explicit Undivided(Connection& connection) : connection_(connection) { connection.Lock(); }
@@ -55,7 +55,8 @@ void MakeBudgetLines(RawSql& raw, const std::vector<RepairPlan::BudgetLine>& lin
 RepairReport Apply(Connection& connection, const Date& now)
 {
     RawSql raw(connection);
-    // Anew inside the lock: another program may have written since the first look.
+    // Checked again inside the lock, because another program may have written since the first
+    // check.
     DatabaseCheck check(raw);
     if (check.Findings().Has("damage", ""))
         return {};

@@ -28,13 +28,6 @@ int Automate(const AutomateOptions& options)
                          {OpenFolder(options.home), *clock, options.quoteService}, nullptr);
 }
 
-std::string CheckMoment(const std::string& text)
-{
-    constexpr std::size_t length = std::char_traits<char>::length("YYYY-MM-DDThh:mm:ss");
-    const bool good = text.size() == length && text[10] == 'T' && Date::FromIso(text);
-    return good ? "" : "\"" + text + "\" is not of the form YYYY-MM-DDThh:mm:ss";
-}
-
 }  // namespace
 
 void AddAutomate(CLI::App& app, int& exitCode)

@@ -6,6 +6,7 @@
 #include "cli/FolderOptions.h"
 #include "cli/Program.h"
 #include "json/ValueJson.h"
+#include "views/MenuNames.h"
 #include "views/NodeTag.h"
 
 namespace clb {
@@ -46,7 +47,7 @@ void CopyBudget(const CopyBudgetOptions& options)
                            "There is no budget to copy in " + MonthText(source) + ".");
     program.ChooseMonth(target);
     program.PressNode(node_tag::OfView(vwBudget));
-    program.Press("mnuE_Copy");
+    program.Press(command_name::kCopy);
     const std::string report = Report(options, source, target, lines);
     program.Finish();
     std::cout << report << '\n';

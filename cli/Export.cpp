@@ -8,8 +8,9 @@
 #include "cli/Program.h"
 #include "cli/Table.h"
 #include "data/AccountKind.h"
-#include "export/NotReturned.h"
+#include "export/ExportLosses.h"
 #include "json/ValueJson.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 namespace {
@@ -49,11 +50,11 @@ void ExportFile(const ExportOptions& options)
         throw RuntimeError(errors::FileAlreadyExists, "File already exists: " + options.file);
     program.PressAccount(account);
     program.Files().Choose(options.file);
-    NotReturned notReturned(account.id);
-    program.Window().Export().Watch(&notReturned);
-    program.Press("mnuF_Export");
+    ExportLosses losses(account.id);
+    program.Window().Export().Watch(&losses);
+    program.Press(command_name::kExport);
 
-    for (const std::string& line : notReturned.Lines())
+    for (const std::string& line : losses.Lines())
         std::cerr << "Not coming back: " << Printable(line) << '\n';
     const std::int32_t exported = CountTransactions(data, account);
     if (options.json)

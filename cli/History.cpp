@@ -25,7 +25,9 @@ struct UndoOptions : FolderOptions {
 std::string TextOf(const RowStory& row)
 {
     std::string text;
-    const auto add = [&text](const std::string& part) { text += (text.empty() ? "" : ", ") + part; };
+    const auto add = [&text](const std::string& part) {
+        text += (text.empty() ? "" : ", ") + part;
+    };
     const NamedValues& cells = row.is ? *row.is : *row.was;
     for (std::size_t i = 0; i < cells.size(); ++i) {
         const auto& [column, value] = cells[i];
@@ -103,8 +105,7 @@ int TakeSteps(const UndoOptions& options, bool undo)
     NoForms forms;
     Program program(OpenFolder(options.home), forms);
     History& history = program.Window().Steps();
-    const HistoryOutcome outcome =
-        undo ? history.Undo(options.steps) : history.Redo(options.steps);
+    const HistoryOutcome outcome = undo ? history.Undo(options.steps) : history.Redo(options.steps);
     const std::string ended = undo && outcome.steps.empty() ? history.EndedAt() : std::string();
     program.Finish();
     const char* const done = undo ? "undone" : "redone";

@@ -15,9 +15,10 @@
 #include "cli/Program.h"
 #include "cli/Progress.h"
 #include "data/AccountKind.h"
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 #include "import/StatementFile.h"
 #include "user/FormUser.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 namespace {
@@ -194,17 +195,17 @@ void ImportRun::Remember(const std::string& file, const AccountChoice& choice)
 void ImportRun::CountLeft(const std::string& path, ImportedFile& result)
 {
     const std::string text = ReadStatement(path);
-    result.leftOut = CountLeftOut(text, !IsQif(result.file));
-    const std::string original = KeptStatement(result.file);
+    result.leftOut = CountOmissions(text, !IsQif(result.file));
+    const std::string original = BackupOfStatement(result.file);
     std::error_code ignored;
-    if (result.leftOut.linesBehindRepair > 0 || !fs::is_regular_file(original, ignored))
+    if (result.leftOut.linesAfterRepair > 0 || !fs::is_regular_file(original, ignored))
         return;
     try {
-        result.leftOut.linesBehindRepair = LinesRepairedAway(text, ReadStatement(original));
+        result.leftOut.linesAfterRepair = LinesDroppedByRepair(text, ReadStatement(original));
     } catch (const RuntimeError&) {
         return;  // The import does not need the kept file.
     }
-    if (result.leftOut.linesBehindRepair > 0)
+    if (result.leftOut.linesAfterRepair > 0)
         result.original = original;
 }
 
@@ -224,7 +225,7 @@ void ImportRun::Load(const std::string& file, const std::string& path, ImportedF
     try {
         CountLeft(path, result);
         program.Files().Choose(path);
-        program.Press("mnuF_Import");
+        program.Press(command_name::kImport);
     } catch (const RuntimeError& error) {
         result.failed = true;
         std::cerr << error.what() << '\n';
@@ -245,7 +246,7 @@ ImportedFile ImportRun::Import(const std::string& file)
     result.file = file;
     const std::string path = trial_ ? trial_->CopyStatement(file) : file;
     std::error_code ignored;
-    const bool kept = fs::exists(KeptStatement(path), ignored);
+    const bool kept = fs::exists(BackupOfStatement(path), ignored);
     const CapturedStream captured(std::cerr);
     try {
         Load(file, path, result);
@@ -254,18 +255,18 @@ ImportedFile ImportRun::Import(const std::string& file)
         result = ImportedFile();
         result.file = file;
         result.failed = result.refused = true;
-        std::cerr << TroubleText(error) << '\n';
+        std::cerr << ErrorText(error) << '\n';
     }
     // Messages of a trial name the file, not its copy.
     result.messages = Replace(captured.Text(), path, file);
-    const bool repaired = !kept && fs::exists(KeptStatement(path), ignored);
+    const bool repaired = !kept && fs::exists(BackupOfStatement(path), ignored);
     if (repaired && !trial_)
-        result.original = KeptStatement(path);
+        result.original = BackupOfStatement(path);
     // If the file was not read, the only loss is what the line-ending repair dropped.
     if (result.added + result.skipped == 0 && result.refused)
-        result.leftOut = {.linesBehindRepair = repaired || !result.original.empty()
-                                                   ? result.leftOut.linesBehindRepair
-                                                   : 0};
+        result.leftOut = {.linesAfterRepair = repaired || !result.original.empty()
+                                                  ? result.leftOut.linesAfterRepair
+                                                  : 0};
     return result;
 }
 

@@ -109,8 +109,8 @@ std::string TrialFolder::CopyStatement(const std::string& path) const
         return path;
     fs::permissions(copy, fs::perms::owner_read | fs::perms::owner_write, failure);
     // A kept first version prevents the repair. It must prevent it in the trial too.
-    if (fs::exists(fs::symlink_status(KeptStatement(path), failure)))
-        CreateFile(KeptStatement(copy), "");
+    if (fs::exists(fs::symlink_status(BackupOfStatement(path), failure)))
+        CreateFile(BackupOfStatement(copy), "");
     return copy;
 }
 

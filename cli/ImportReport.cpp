@@ -33,16 +33,16 @@ void WarnOfBalances(const ImportedFile& file, std::vector<std::string>& lines)
 
 std::vector<std::string> Warnings(const ImportedFile& file)
 {
-    const LeftOut& leftOut = file.leftOut;
+    const Omissions& leftOut = file.leftOut;
     std::vector<std::string> lines;
     WarnOfBalances(file, lines);
-    if (leftOut.linesBehindRepair > 0)
-        lines.push_back(Counted(leftOut.linesBehindRepair, "line", "lines") +
+    if (leftOut.linesAfterRepair > 0)
+        lines.push_back(Counted(leftOut.linesAfterRepair, "line", "lines") +
                         " left out: mixed line ends, the repair keeps the file up to its first "
                         "carriage return" +
                         (file.original.empty() ? "" : "; all of it is in " + file.original));
-    if (leftOut.behindEmptyTransaction > 0)
-        lines.push_back(Counted(leftOut.behindEmptyTransaction, "transaction", "transactions") +
+    if (leftOut.afterEmptyTransaction > 0)
+        lines.push_back(Counted(leftOut.afterEmptyTransaction, "transaction", "transactions") +
                         " left out after an empty transaction, where reading stops");
     if (leftOut.beforeAccount > 0)
         lines.push_back(Counted(leftOut.beforeAccount, "transaction", "transactions") +
@@ -88,8 +88,8 @@ Json ToJson(const ImportedFile& file)
 {
     Json json = {{"file", file.file}, {"imported", file.added}, {"skipped", file.skipped}};
     json["refused"] = file.refused ? Json(Reason(file)) : Json();
-    json["leftOut"] = {{"linesBehindRepair", file.leftOut.linesBehindRepair},
-                       {"behindEmptyTransaction", file.leftOut.behindEmptyTransaction},
+    json["leftOut"] = {{"linesBehindRepair", file.leftOut.linesAfterRepair},
+                       {"behindEmptyTransaction", file.leftOut.afterEmptyTransaction},
                        {"beforeAccount", file.leftOut.beforeAccount},
                        {"notClosed", file.leftOut.notClosed},
                        {"furtherAccounts", file.leftOut.furtherAccounts},

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "data/NoticedBalances.h"
-#include "import/LeftOut.h"
+#include "import/Omissions.h"
 
 namespace clb {
 
@@ -21,7 +21,7 @@ struct ImportedFile {
     /// Balances that did not match their rows before the import recomputed them.
     std::vector<OddBalance> balances;
     std::string backup;  ///< the copy of the database that was made because of them
-    LeftOut leftOut;
+    Omissions leftOut;
     std::string original;  ///< the file before the repair of its line ends; empty if unknown
 };
 

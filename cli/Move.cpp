@@ -6,6 +6,7 @@
 #include "cli/Piece.h"
 #include "cli/Program.h"
 #include "json/ValueJson.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 namespace {
@@ -30,7 +31,7 @@ void MoveTransaction(const MoveOptions& options)
     Program program(OpenFolder(options.home), forms);
     const bool back = options.by == "-1";
     const Piece piece = ShowPiece(program, options);
-    program.Press(back ? "mnuE_MovePrev" : "mnuE_MoveNext");
+    program.Press(back ? command_name::kMovePrevious : command_name::kMoveNext);
     const std::string report =
         Report(options, piece, back ? piece.month.Previous() : piece.month.Next());
     program.Finish();

@@ -15,6 +15,7 @@
 #include "data/AccountKind.h"
 #include "json/ValueJson.h"
 #include "user/FormUser.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 namespace {
@@ -150,7 +151,7 @@ void ShowOptions(const OptionsToSet& options)
     OptionsDialog dialog;
     Program program(OpenFolder(options.home), dialog);
     Prepare(dialog, program.Window().Data(), options);
-    program.Press("mnuT_Options");
+    program.Press(command_name::kOptions);
     std::ostringstream report;
     report.exceptions(std::ostream::badbit);  // too little memory must not cut it short
     if (options.json)

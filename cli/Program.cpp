@@ -13,7 +13,7 @@ namespace clb {
 
 Program::Program(const std::string& folder, IModalHost& forms, bool trial)
     : messages_(std::cerr),
-      http_({product::Title, false, {}, {}}),
+      http_({product::kTitle, false, {}, {}}),
       controller_({folder, clock_, messages_, files_, shell_, pointer_, dates_, forms, printing_,
                    http_, "", !trial},
                   WindowMetrics())

@@ -7,6 +7,7 @@
 #include "cli/Program.h"
 #include "cli/Table.h"
 #include "json/ValueJson.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 namespace {
@@ -77,7 +78,7 @@ int Update(const FolderOptions& options)
     Program program(OpenFolder(options.home), forms);
     clsDatabase& data = program.Window().Data();
     const std::vector<Holding> first = Holdings(data);
-    program.Window().menus.Find("mnuT_UpdateQuotes")->Press();
+    program.Window().menus.Find(command_name::kUpdateQuotes)->Press();
     const std::vector<Holding> after = Holdings(data);
     const std::vector<Holding> before = AsBefore(first, after);
     std::ostringstream report;

@@ -8,6 +8,7 @@
 #include "cli/Program.h"
 #include "json/ValueJson.h"
 #include "user/FormUser.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 namespace {
@@ -76,7 +77,7 @@ void SplitTransaction(const SplitOptions& options)
     AmountChoice choice(options.amount);
     Program program(OpenFolder(options.home), choice);
     const Piece piece = ShowPiece(program, options);
-    program.Press("mnuE_Split");
+    program.Press(command_name::kSplit);
     if (!choice.Accepted())
         throw RuntimeError(errors::TypeMismatch,
                            "This is not an amount: " + options.amount.value_or(""));

@@ -8,7 +8,7 @@
 #include "base/Interruption.h"
 #include "base/Product.h"
 #include "cli/Commands.h"
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 #include "platform/Signals.h"
 #include "platform/StandardStreams.h"
 
@@ -20,7 +20,7 @@ constexpr int wrongUsage = 2;
 int Run(int argc, char** argv)
 {
     CLI::App app(
-        std::string(clb::product::Title) + ", the personal-finance program, on the command line",
+        std::string(clb::product::kTitle) + ", the personal-finance program, on the command line",
         "clb");
     app.require_subcommand(1);
     app.set_version_flag("--version", clb::product::TitleAndVersion());
@@ -70,7 +70,7 @@ int RunReported(int argc, char** argv)
         std::cerr << noMemory;  // no std::string here: it may need memory
         return refused;
     } catch (const std::exception& error) {
-        Report(clb::TroubleText(error));
+        Report(clb::ErrorText(error));
         return refused;
     }
 }

@@ -17,12 +17,12 @@ bool IsFigure(FieldType type)
 
 bool GridColumn::StandsRight() const
 {
-    return alignment == grid_align::Right || IsFigure(dataType);
+    return alignment == grid_align::kRight || IsFigure(dataType);
 }
 
 bool GridColumn::HeadingStandsRight() const
 {
-    return headingAlignment == grid_align::Right || IsFigure(dataType);
+    return headingAlignment == grid_align::kRight || IsFigure(dataType);
 }
 
 const GridColumn& GridColumns::Item(std::int32_t index) const

@@ -16,21 +16,21 @@ inline constexpr std::int32_t kFirstColumn = 1;
 
 /// The alignment of texts in their cells.
 namespace grid_align {
-inline constexpr std::int32_t General = 0;  ///< texts left, numbers and amounts right
-inline constexpr std::int32_t Right = 6;
+inline constexpr std::int32_t kGeneral = 0;  ///< texts left, numbers and amounts right
+inline constexpr std::int32_t kRight = 6;
 }  // namespace grid_align
 
 /// Parts of the grid's width that no column takes, in pixels: the row selectors on the left and the
 /// scroll bar on the right.
 namespace grid_metrics {
-inline constexpr std::int32_t Selector = 20;
-inline constexpr std::int32_t ScrollBar = 16;
+inline constexpr std::int32_t kSelector = 20;
+inline constexpr std::int32_t kScrollBar = 16;
 }  // namespace grid_metrics
 
 /// How a cell is edited besides typing.
 namespace cell_control {
-inline constexpr std::int32_t ComboBox = 3;  ///< a list that completes and takes new texts
-inline constexpr std::int32_t DropDown = 4;  ///< a list to choose from
+inline constexpr std::int32_t kComboBox = 3;  ///< a list that completes and takes new texts
+inline constexpr std::int32_t kDropDown = 4;  ///< a list to choose from
 }  // namespace cell_control
 
 /// One entry of a column's value list: what is stored and what is shown.
@@ -41,7 +41,7 @@ struct GridValueItem {
 
 /// The drop-down of a column's cells.
 struct GridPopup {
-    std::int32_t type = cell_control::ComboBox;
+    std::int32_t type = cell_control::kComboBox;
     std::int32_t rows = 5;   ///< entries shown at once
     std::int32_t width = 0;  ///< in twentieths of a point; 0: as wide as the column
 };
@@ -58,8 +58,8 @@ struct GridColumn {
     bool updatable = false;  ///< its field takes values
     bool fetchCellStyle = false;
     std::int32_t width = 100;  ///< in pixels
-    std::int32_t alignment = grid_align::General;
-    std::int32_t headingAlignment = grid_align::General;
+    std::int32_t alignment = grid_align::kGeneral;
+    std::int32_t headingAlignment = grid_align::kGeneral;
     std::optional<GridPopup> popup;
     std::vector<GridValueItem> valueItems;
 
@@ -108,7 +108,7 @@ struct GridGroup {
 
 /// Colours that follow the desktop.
 namespace system_color {
-inline constexpr std::int32_t ButtonFace = static_cast<std::int32_t>(0x8000000F);
+inline constexpr std::int32_t kButtonFace = static_cast<std::int32_t>(0x8000000F);
 }
 
 /// A named look of some of the grid's cells.

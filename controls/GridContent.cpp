@@ -13,7 +13,7 @@ GridColumn ColumnOf(const Field& field)
     column.textWidth = field.width;
     column.updatable = field.updatable && !field.counter;
     if (field.type == FieldType::Money)
-        column.alignment = column.headingAlignment = grid_align::Right;
+        column.alignment = column.headingAlignment = grid_align::kRight;
     return column;
 }
 
@@ -70,7 +70,7 @@ void GridContent::Regroup()
 void GridContent::ResizeColumn(std::int32_t column, std::int32_t pixels)
 {
     GridColumn& target = columns_.Item(column);
-    target.width = std::max(pixels, LeastWidth);
+    target.width = std::max(pixels, kLeastWidth);
     columnResized_.emit(column, target.width);
     Touch();
 }

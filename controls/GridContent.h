@@ -34,16 +34,16 @@ public:
     /// groups; the first data row and column 1 current. nullptr leaves the grid empty.
     void DataSource(Recordset* records);
     /// Whether it is bound to rows that can be read.
-    [[nodiscard]] bool Bound() const { return source_ && source_->IsOpen(); }
+    [[nodiscard]] bool Bound() const { return source_ != nullptr && source_->IsOpen(); }
     /// Rows in memory to show instead of a result set.
     GridArray& Array() { return array_; }
     /// Applies groups that were added after binding to the displayed rows.
     void Regroup();
     /// To be called after columns, widths or styles were changed: the grid is drawn again.
     void LayoutChanged() { Touch(); }
-    /// Sets a column's width as the user does by hand. No less than LeastWidth.
+    /// Sets a column's width as the user does by hand. No less than kLeastWidth.
     void ResizeColumn(std::int32_t column, std::int32_t pixels);
-    static constexpr std::int32_t LeastWidth = 24;
+    static constexpr std::int32_t kLeastWidth = 24;
 
     [[nodiscard]] bool Redraw() const { return redraw_; }
     void Redraw(bool on);

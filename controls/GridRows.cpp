@@ -246,7 +246,7 @@ std::size_t GridRows::OfIdentity(std::size_t identity) const
 
 bool GridRows::Stale() const
 {
-    return source_ && (!source_->IsOpen() || source_->Generation() != generation_);
+    return source_ != nullptr && (!source_->IsOpen() || source_->Generation() != generation_);
 }
 
 }  // namespace clb

@@ -21,7 +21,7 @@ std::string Grouped(double amount)
 /// Whether only the entries of the column's list may be entered.
 bool ListOnly(const GridColumn& column)
 {
-    return column.popup && column.popup->type == cell_control::DropDown;
+    return column.popup && column.popup->type == cell_control::kDropDown;
 }
 
 const GridValueItem* Listed(const std::string& text, const GridColumn& column)
@@ -31,6 +31,14 @@ const GridValueItem* Listed(const std::string& text, const GridColumn& column)
             (ListOnly(column) && CompareAlphabetical(item.text, Trim(text)) == 0))
             return &item;
     return nullptr;
+}
+
+GridText::Reading ReadText(const std::string& text, const GridColumn& column)
+{
+    if (column.textWidth != 0 && Length(text) > column.textWidth)
+        return {std::nullopt,
+                "Please enter at most " + std::to_string(column.textWidth) + " characters."};
+    return {ListOnly(column) ? std::string() : text, {}};
 }
 
 }  // namespace
@@ -70,14 +78,6 @@ GridText::Reading GridText::Read(const std::string& text, const GridColumn& colu
     if (blank)
         return {Null{}, {}};
     return ReadOther(text, column.dataType);
-}
-
-GridText::Reading GridText::ReadText(const std::string& text, const GridColumn& column) const
-{
-    if (column.textWidth != 0 && Length(text) > column.textWidth)
-        return {std::nullopt,
-                "Please enter at most " + std::to_string(column.textWidth) + " characters."};
-    return {ListOnly(column) ? std::string() : text, {}};
 }
 
 GridText::Reading GridText::ReadOther(const std::string& text, FieldType type) const

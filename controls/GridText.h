@@ -33,7 +33,6 @@ public:
     }
 
 private:
-    [[nodiscard]] Reading ReadText(const std::string& text, const GridColumn& column) const;
     [[nodiscard]] Reading ReadOther(const std::string& text, FieldType type) const;
 
     const IDateForm& dates_;

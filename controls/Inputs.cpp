@@ -140,7 +140,7 @@ void OptionButton::Drop()
     NotifyChanged();
 }
 
-void OptionButton::Group(std::vector<OptionButton*> options)
+void OptionButton::Group(const std::vector<OptionButton*>& options)
 {
     for (OptionButton* option : options)
         option->group_ = options;

@@ -106,7 +106,7 @@ public:
     Event<void()> Click() { return click_; }
 
     /// Makes the options one group.
-    static void Group(std::vector<OptionButton*> options);
+    static void Group(const std::vector<OptionButton*>& options);
 
 private:
     void Drop();

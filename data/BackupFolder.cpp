@@ -19,7 +19,7 @@
 #include <tuple>
 
 #include "base/Date.h"
-#include "engine/storage/Backup.h"
+#include "engine/storage/DatabaseCopy.h"
 #include "engine/storage/EngineError.h"
 #include "files/FileError.h"
 #include "files/Folders.h"
@@ -43,7 +43,7 @@ bool IsDay(const std::string& name)
     return name.size() == kDayLength && Date::FromIso(name);
 }
 
-EngineError Trouble(const std::string& path, const std::string& what)
+EngineError FolderError(const std::string& path, const std::string& what)
 {
     return {engine_errors::Unavailable, "The file '" + path + "' " + what,
             FileTrouble::FolderReadOnly};
@@ -109,9 +109,9 @@ void BackupFolder::Make() const
         return FlushToDisk(path_);
     const int error = errno;
     if (error != EEXIST)
-        throw Trouble(path_, std::string("cannot be made: ") + std::strerror(error) + ".");
+        throw FolderError(path_, std::string("cannot be made: ") + std::strerror(error) + ".");
     if (!IsFolder(path_))
-        throw Trouble(path_, "is not a folder.");
+        throw FolderError(path_, "is not a folder.");
 }
 
 std::string BackupFolder::Obstacle(std::uintmax_t bytes) const
@@ -119,9 +119,9 @@ std::string BackupFolder::Obstacle(std::uintmax_t bytes) const
     if (!IsThere(path_))
         return {};
     if (!IsFolder(path_))
-        return Trouble(path_, "is not a folder.").what();
+        return FolderError(path_, "is not a folder.").what();
     if (faccessat(AT_FDCWD, path_.c_str(), W_OK | X_OK, AT_EACCESS) != 0)
-        return Trouble(path_, std::string("cannot be written: ") + std::strerror(errno) + ".")
+        return FolderError(path_, std::string("cannot be written: ") + std::strerror(errno) + ".")
             .what();
     struct statvfs disk {};
     if (statvfs(path_.c_str(), &disk) == 0 && disk.f_bavail < bytes / disk.f_frsize)
@@ -220,7 +220,7 @@ void BackupFolder::WriteList(const Listed& list) const
     std::string text;
     for (const auto& [name, mark] : list)
         text.append(name).append("\t").append(mark).append("\n");
-    WriteWhole(kList, text);
+    static_cast<void>(WriteWhole(kList, text));
 }
 
 bool BackupFolder::WriteWhole(const std::string& file, const std::string& text) const
@@ -248,7 +248,7 @@ void BackupFolder::PutAside(const std::string& name) const
     if (mark && mark->first == 0 && unlink(path.c_str()) == 0)
         return;
     if (rename(path.c_str(), NameAside(path).c_str()) != 0)
-        throw Trouble(path, std::string("cannot be renamed: ") + std::strerror(errno) + ".");
+        throw FolderError(path, std::string("cannot be renamed: ") + std::strerror(errno) + ".");
 }
 
 void BackupFolder::DropOld() const
@@ -272,7 +272,7 @@ void BackupFolder::Failure(const std::optional<BackupFailure>& failure) const no
 {
     try {
         if (failure)
-            WriteWhole(kFailure, failure->Lines());
+            static_cast<void>(WriteWhole(kFailure, failure->Lines()));
         else
             unlink((path_ + "/" + kFailure).c_str());
     } catch (const std::exception&) {

@@ -83,7 +83,7 @@ private:
     [[nodiscard]] std::map<std::string, Mark> Present() const;
     [[nodiscard]] Listed List() const;
     void WriteList(const Listed& list) const;
-    bool WriteWhole(const std::string& file, const std::string& text) const;
+    [[nodiscard]] bool WriteWhole(const std::string& file, const std::string& text) const;
 
     std::string path_;
 };

@@ -13,7 +13,7 @@
 #include "data/SchemaVersion.h"
 #include "data/WholeBook.h"
 #include "engine/rows/Connection.h"
-#include "engine/storage/Backup.h"
+#include "engine/storage/DatabaseCopy.h"
 #include "engine/storage/EngineError.h"
 #include "files/Folders.h"
 #include "files/Leftovers.h"

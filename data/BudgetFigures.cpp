@@ -1,5 +1,6 @@
 #include "data/BudgetFigures.h"
 
+#include "data/MonthBudget.h"
 #include "data/WrongAmount.h"
 #include "data/clsDatabase.h"
 
@@ -25,8 +26,15 @@ std::string BudgetFigures::InMonth(const std::string& table) const
            "Period = " + std::to_string(shown_.Period());
 }
 
+const MonthBudget* BudgetFigures::AllSums()
+{
+    return store_.BudgetOf({shown_.Year(), shown_.Period()});
+}
+
 Money BudgetFigures::ActualOf(const std::string& category)
 {
+    if (const MonthBudget* all = AllSums())
+        return all->SpentOn(category);
     return store_.Sum(
         "SELECT SUM( Amount ) AS TotActual FROM Account INNER JOIN Trans ON "
         "Account.AccountID = Trans.AccountID WHERE Account.BudgetInclude = TRUE AND " +
@@ -47,6 +55,10 @@ Recordset BudgetFigures::TransactionsOf(const std::string& category)
 
 BudgetFigures::GroupSums BudgetFigures::SumsOf(const std::string& group)
 {
+    if (const MonthBudget* all = AllSums()) {
+        const MonthBudget::Sums sums = all->OfGroup(group);
+        return {sums.budgeted, sums.spent};
+    }
     const std::string inGroup = " AND CategoryGroup = " + Quoted(group);
     GroupSums sums;
     sums.budgeted =

@@ -8,6 +8,7 @@
 
 namespace clb {
 
+class MonthBudget;
 class clsDatabase;
 
 /// What was spent in the shown month on the categories of the budget. Only transactions of accounts
@@ -30,6 +31,8 @@ public:
     GroupSums SumsOf(const std::string& group);
 
 private:
+    /// Null if a sum is to be asked for by its own statement.
+    const MonthBudget* AllSums();
     [[nodiscard]] std::string InMonth(const std::string& table) const;
 
     clsDatabase& store_;

@@ -21,17 +21,18 @@ constexpr Activity kHoldings{"Investment", "sum( Total )", kOfHolding};
 constexpr Activity kLoans{"Loan", "sum( OriginalAmount - PaidAmount )", kOfLoan};
 
 constexpr StoredView kViews[] = {
-    {vwNetWorth, NetWorth::Rows, &RowRules::CheckAccount, nullptr, &ViewTotals::OfAllAccounts,
-     nullptr},
-    {vwBudget, Budget::Rows, &RowRules::CheckBudgetLine, &RowRules::ReleaseCategory,
+    {vwNetWorth, "Account", NetWorth::kRows, &RowRules::CheckAccount, nullptr,
+     &ViewTotals::OfAllAccounts, nullptr},
+    {vwBudget, "Budget", Budget::kRows, &RowRules::CheckBudgetLine, &RowRules::ReleaseCategory,
      &ViewTotals::OfBudget, nullptr},
-    {vwAccountType, AccountType::Rows, &RowRules::CheckAccountOfType, nullptr,
+    {vwAccountType, "Account", AccountType::kRows, &RowRules::CheckAccountOfType, nullptr,
      &ViewTotals::OfAccountType, nullptr},
-    {vwAccount, Register::Rows, &RowRules::CompleteTransaction, nullptr, &ViewTotals::OfRegister,
-     &kTransactions},
-    {vwInvestment, Holdings::Rows, &RowRules::CompleteHolding, nullptr, &ViewTotals::OfHoldings,
-     &kHoldings},
-    {vwLoan, Loans::Rows, &RowRules::CompleteLoan, nullptr, &ViewTotals::OfAllLoans, &kLoans},
+    {vwAccount, "Trans", Register::kRows, &RowRules::CompleteTransaction, nullptr,
+     &ViewTotals::OfRegister, &kTransactions},
+    {vwInvestment, "Investment", Holdings::kRows, &RowRules::CompleteHolding, nullptr,
+     &ViewTotals::OfHoldings, &kHoldings},
+    {vwLoan, "Loan", Loans::kRows, &RowRules::CompleteLoan, nullptr, &ViewTotals::OfAllLoans,
+     &kLoans},
 };
 
 std::string ShownValue(std::string_view name, const IShownState& shown)

@@ -23,7 +23,8 @@ struct Activity {
 /// A view as the data store sees it. A null member means that there is nothing to do.
 struct StoredView {
     std::int32_t view;
-    const char* rows;  ///< SELECT with what is shown in braces; see ViewColumns.h
+    const char* table;  ///< that its rows are stored in
+    const char* rows;   ///< SELECT with what is shown in braces; see ViewColumns.h
     bool (RowRules::*complete)();
     void (RowRules::*followDeletion)();
     void (ViewTotals::*totals)(Money& first, Money& second);

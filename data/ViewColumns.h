@@ -17,7 +17,7 @@ struct NetWorth {
         TotalBalance,
         Sequence
     };
-    static constexpr const char* Rows =
+    static constexpr const char* kRows =
         "SELECT Description, Type, AccountID, OpeningBalance, (OpeningBalance + CurrentBalance) as "
         "TotBalance, Sequence FROM Account ORDER BY Type, Description";
 };
@@ -34,7 +34,7 @@ struct Budget {
         Actual,
         Difference
     };
-    static constexpr const char* Rows =
+    static constexpr const char* kRows =
         "SELECT Budget.Category, Budget.Amount, Budget.Sequence, Budget.Year, Budget.Period, "
         "Budget.CategoryGroup FROM Budget WHERE Budget.Year = {year} AND Budget.Period = {period} "
         "ORDER BY Budget.CategoryGroup, Budget.Category";
@@ -50,7 +50,7 @@ struct AccountType {
         Sequence,
         Type
     };
-    static constexpr const char* Rows =
+    static constexpr const char* kRows =
         "SELECT Description, AccountID, OpeningBalance, (OpeningBalance + CurrentBalance) as "
         "TotBalance, Sequence, Type FROM Account WHERE Type = '{type}' ORDER BY Description";
 };
@@ -71,7 +71,7 @@ struct Register {
         Sequence,
         SubSequence
     };
-    static constexpr const char* Rows =
+    static constexpr const char* kRows =
         "SELECT PostDate, Description, Amount, CheckID, Category, PayeeName AS Notes, AccountID, "
         "Year, Period, FITID, Sequence, SubSequence FROM Trans WHERE AccountID = '{account}' AND "
         "Period = {period} AND Year = {year} ORDER BY PostDate DESC, Sequence DESC, SubSequence";
@@ -90,7 +90,7 @@ struct Holdings {
         AccountID,
         Sequence
     };
-    static constexpr const char* Rows =
+    static constexpr const char* kRows =
         "SELECT StockSymbol, StockName, PurchaseDate, Quantity, PurchasePrice, LastPrice, Total, "
         "AccountID, Sequence FROM Investment WHERE AccountID = '{account}' ORDER BY PurchaseDate";
 };
@@ -106,7 +106,7 @@ struct Loans {
         Sequence,
         Balance
     };
-    static constexpr const char* Rows =
+    static constexpr const char* kRows =
         "SELECT Description, OriginalAmount, PaidAmount, InterestRate, AccountID, Sequence FROM "
         "Loan WHERE AccountID = '{account}' ORDER BY Description";
 };

@@ -1,6 +1,7 @@
 #include "data/ViewTotals.h"
 
 #include "base/RuntimeError.h"
+#include "data/MonthBudget.h"
 #include "data/WrongAmount.h"
 #include "data/clsDatabase.h"
 
@@ -41,6 +42,11 @@ void ViewTotals::OfAccountType(Money& first, Money& second)
 
 void ViewTotals::OfBudget(Money& first, Money& second)
 {
+    if (const MonthBudget* all = store_.BudgetOf({shown_.Year(), shown_.Period()})) {
+        first = all->OfMonth().budgeted;
+        second = all->OfMonth().spent;
+        return;
+    }
     const std::string month = " Year = " + std::to_string(shown_.Year()) +
                               " AND Period = " + std::to_string(shown_.Period());
     first = Sum("SELECT SUM( Amount ) AS TotAmount FROM Budget WHERE" + month,

@@ -4,6 +4,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "data/MonthBudget.h"
 #include "data/SchemaVersion.h"
 #include "data/WrongAmount.h"
 #include "engine/storage/EngineError.h"
@@ -11,7 +12,7 @@
 namespace clb {
 
 clsDatabase::clsDatabase(const std::string& folder, const IShownState& shown, ICurrentRow& row)
-    : shown_(shown), row_(row)
+    : shown_(shown), row_(row), monthBudget_(std::make_unique<MonthBudget>(connection_))
 {
     connection_.Open("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + folder +
                      "\\db\\clb.mdb;Persist Security Info=False");
@@ -25,6 +26,8 @@ clsDatabase::clsDatabase(const std::string& folder, const IShownState& shown, IC
     }
     connection_.Settle();
 }
+
+clsDatabase::~clsDatabase() = default;
 
 void clsDatabase::Execute(const std::string& sql)
 {
@@ -123,6 +126,11 @@ Value clsDatabase::Total(const std::string& sql, const std::string& column,
     } catch (const EngineError& error) {
         ThrowWithPlace(connection_, amounts, error);
     }
+}
+
+const MonthBudget* clsDatabase::BudgetOf(Month month)
+{
+    return monthBudget_->Read(month) ? monthBudget_.get() : nullptr;
 }
 
 Money clsDatabase::Sum(const std::string& sql, const std::string& column,

@@ -1,6 +1,7 @@
 // The data store: the program's one connection, and what it reads and writes through it.
 #pragma once
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,7 @@
 
 namespace clb {
 
+class MonthBudget;
 struct SummedAmounts;
 
 /// A transaction or a piece of one has the largest number already, so that no more can be made
@@ -35,6 +37,7 @@ public:
     /// Opens folder/db/clb.mdb and brings an older schema up to date. shown and row are borrowed
     /// and outlive the store; they are not called during construction. Throws EngineError.
     clsDatabase(const std::string& folder, const IShownState& shown, ICurrentRow& row);
+    ~clsDatabase();
 
     /// Runs one statement.
     void Execute(const std::string& sql);
@@ -97,6 +100,10 @@ public:
     /// The same as an amount; 0 if nothing was added up.
     Money Sum(const std::string& sql, const std::string& column, const SummedAmounts& amounts);
 
+    /// The month's sums, read at once. Null if each is to be asked for by its own statement; see
+    /// MonthBudget::Read. Good until the next call. Throws EngineError.
+    const MonthBudget* BudgetOf(Month month);
+
     /// Takes the write lock for a command that will write, before its first read; it is kept until
     /// the connection settles. Waits for another program for a short time, then throws
     /// EngineError.
@@ -132,6 +139,7 @@ private:
     Connection connection_;
     std::int16_t schemaVersion_ = 0;
     Recordset rows_;
+    std::unique_ptr<MonthBudget> monthBudget_;
     std::uint64_t writesElsewhere_ = 0;
     std::uint64_t rowsReadAt_ = 0;  ///< WritesElsewhere when the rows of the view were read
 };

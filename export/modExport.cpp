@@ -13,7 +13,7 @@
 #include "base/Text.h"
 #include "data/clsDatabase.h"
 #include "engine/rows/RowWalk.h"
-#include "export/NotReturned.h"
+#include "export/ExportLosses.h"
 #include "files/FileError.h"
 #include "files/WholeFile.h"
 #include "ports/IClock.h"
@@ -42,13 +42,13 @@ RuntimeError CannotExport(const std::string& path)
     return {errors::PathAccess, "Path/File access error: " + path};
 }
 
-/// What is left of a statement whose rows cannot be read: its header, unless there is a file.
+/// Leaves only the header of a statement whose rows cannot be read, unless the file exists.
 void LeaveHeader(const std::string& path)
 {
     try {
         CreateFile(path, Header());
     } catch (const FileError&) {
-        // The rows' own error is the one to report.
+        // The error of the rows is reported instead.
     }
 }
 
@@ -61,16 +61,16 @@ std::string Stamp(const Date& date)
     return stamp;
 }
 
-/// A text of the database, in the file's characters.
+/// Appends a text of the database in the encoding of the file.
 void AppendText(std::string& to, std::string_view text)
 {
-    if (std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+    if (IsAscii(text))
         to += text;
     else
         to += ToWindows1252(text);
 }
 
-/// What the writer needs of one row. The texts are the database's own, good until the next row.
+/// The fields of a row that the writer needs. The texts are valid until the next row is read.
 struct SourceRow {
     std::optional<Date> postDate;
     std::optional<Money> amount;
@@ -87,7 +87,7 @@ std::optional<Type> IfThere(const Value& value)
     return held ? std::optional(*held) : std::nullopt;
 }
 
-/// Where the fields of a transaction stand among those of the rows.
+/// Finds a transaction's fields in the rows.
 class Source {
 public:
     explicit Source(const WalkedRow& any)
@@ -96,7 +96,7 @@ public:
             fields_[n] = any.FieldIndex(kNames[n]);
     }
 
-    SourceRow Read(const WalkedRow& row) const
+    [[nodiscard]] SourceRow Read(const WalkedRow& row) const
     {
         return {IfThere<Date>(row.Get(fields_[0])),
                 IfThere<Money>(row.Get(fields_[1])),
@@ -105,8 +105,8 @@ public:
                 Text(row, 4),
                 Text(row, 5)};
     }
-    ExportedRow Whole(const WalkedRow& from, const SourceRow& row,
-                      std::string_view identifier) const
+    [[nodiscard]] ExportedRow Whole(const WalkedRow& from, const SourceRow& row,
+                                    std::string_view identifier) const
     {
         return {identifier,
                 row.postDate,
@@ -123,7 +123,7 @@ private:
                                                           "CheckID",  "Description", "PayeeName",
                                                           "Category", "Year",        "Period"};
 
-    std::string_view Text(const WalkedRow& row, std::size_t name) const
+    [[nodiscard]] std::string_view Text(const WalkedRow& row, std::size_t name) const
     {
         return row.Text(fields_[name]);
     }
@@ -131,8 +131,8 @@ private:
     std::array<std::size_t, kNames.size()> fields_{};
 };
 
-/// Writes the statement while its rows are read, so that no more than one of them is held. The
-/// statement's first and last day stand before the rows and are filled in behind them.
+/// Writes the statement while its rows are read, so that only one row is in memory. The statement's
+/// first and last day are before the rows in the file, so they are filled in after them.
 class StatementWriter {
 public:
     StatementWriter(std::ostream& out, const std::string& zone, const Date& now)
@@ -156,7 +156,7 @@ public:
         out_ << Stamp(Date()) << zone_;
     }
 
-    /// The identifier that the row gets in the file.
+    /// Writes a row. Returns the identifier that it gets in the file.
     const std::string& Add(const SourceRow& row)
     {
         ++count_;
@@ -197,7 +197,7 @@ public:
     }
 
 private:
-    /// Every debit without a cheque number is a fee, on purpose.
+    /// On purpose: every debit without a check number is a fee.
     static const char* Type(std::string_view checkID, Money amount)
     {
         if (!checkID.empty())
@@ -208,7 +208,7 @@ private:
     {
         first_ = dated_ ? std::min(first_, date) : date;
         last_ = dated_ ? std::max(last_, date) : date;
-        // Rows of a day are mostly together.
+        // Rows of one day mostly follow each other.
         if (!dated_ || date != posted_)
             stamp_ = Stamp(date);
         posted_ = date;
@@ -241,9 +241,10 @@ modExport::modExport(clsDatabase& database, clsView& view, IExportHost& host, co
 
 void modExport::ExportOFX()
 {
-    constexpr std::int32_t flags =
+    constexpr std::int32_t kFlags =
         file_flags::OverwritePrompt + file_flags::HideReadOnly + file_flags::PathMustExist;
-    const std::string path = host_.AskForSaveFile(flags, "Open Financial Exchange|*.ofx", "Export");
+    const std::string path =
+        host_.AskForSaveFile(kFlags, "Open Financial Exchange|*.ofx", "Export");
     if (!path.empty())
         WriteOFX(path);
 }
@@ -273,7 +274,7 @@ void modExport::WriteTo(const std::string& path, const std::string& account)
     file.open(path, std::ios::binary | std::ios::trunc);
     if (file.tellp() >= 0) {
         Write(file, account);
-    } else {  // a pipe, which takes its text from front to back only
+    } else {  // a pipe, in which no position can be set
         std::ostringstream text;
         Write(text, account);
         file << text.view();

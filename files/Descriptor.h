@@ -1,3 +1,4 @@
+// A file descriptor that closes itself.
 #pragma once
 #include <unistd.h>
 
@@ -19,14 +20,15 @@ public:
 
     [[nodiscard]] int Number() const { return number_; }
     [[nodiscard]] bool IsOpen() const { return number_ >= 0; }
-    /// False when the system reports an error that it had not told before. Errno says which.
+    /// Returns false if the system reports an error only now. errno is the reason.
     bool Close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
 
 private:
     int number_;
 };
 
-/// fsync(). File systems that cannot do it count as done. Errno says what went wrong.
+/// Calls fsync(). Succeeds on file systems that do not support it. errno is the reason of a
+/// failure.
 bool Sync(const Descriptor& file);
 
 }  // namespace clb

@@ -1,3 +1,4 @@
+// The exception of files and folders.
 #pragma once
 #include <string>
 
@@ -5,10 +6,10 @@
 
 namespace clb {
 
-/// The error of a file or folder that the system would not read or write.
+/// The error of a file or folder that could not be read or written.
 class FileError : public PortError {
 public:
-    /// number is one of clb::errors; reason is what errno said.
+    /// number: one of clb::errors. reason: errno.
     FileError(std::int32_t number, const std::string& message, int reason)
         : PortError(number, message), reason_(reason)
     {

@@ -20,8 +20,8 @@ struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
 };
 
-/// For file systems that cannot refuse a taken name while renaming; not every one can link either.
-/// Returns 0 or what errno said.
+/// Renames on file systems that cannot check for an existing name while renaming. Some of them
+/// cannot link either. Returns 0 or errno.
 int LinkOrRename(const std::string& from, const std::string& to)
 {
     if (::link(from.c_str(), to.c_str()) == 0) {
@@ -75,7 +75,7 @@ bool Sync(const Descriptor& file)
 void SyncFolder(const std::string& folder)
 {
     const Descriptor open(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    // A folder that may be written but not read cannot be opened; the system writes it in time.
+    // A folder that may be written but not read cannot be opened. The system writes it later.
     if (open.IsOpen() && !Sync(open))
         throw CannotWrite(folder, errno);
 }

@@ -1,30 +1,32 @@
+// Makes, reads and synchronises folders.
 #pragma once
 #include <string>
 #include <vector>
 
 namespace clb {
 
-/// Makes a folder for the user alone (mode 0700). One that is there already stays as it is. Throws
-/// FileError.
+/// Makes a folder that only the user can read (mode 0700). An existing folder stays as it is.
+/// Throws FileError.
 void MakePrivateFolder(const std::string& path);
-/// The same with all folders on the way that are missing.
+/// The same, including all missing parent folders.
 void MakePrivateFolders(const std::string& path);
 
-/// The folder that holds the file; "." for a name without one.
+/// Returns the folder of the file, or "." for a name without a folder.
 std::string FolderOf(const std::string& path);
-/// The names of what is in a folder, "." and ".." too; none when it cannot be read. The standard
-/// library's iterator ends the program when it has no memory and an error code is asked for.
+/// Returns all names in a folder, including "." and "..", or none if it cannot be read. The
+/// standard library's iterator is not used: with an error code it ends the program if there is no
+/// memory.
 std::vector<std::string> NamesIn(const std::string& folder);
-/// Makes the names in a folder durable: call it after a file has been made, renamed or removed.
-/// Throws FileError when the disk reports an error.
+/// Synchronises the names in a folder to the disk. Call it after a file was made, renamed or
+/// removed. Throws FileError if the disk reports an error.
 void SyncFolder(const std::string& folder);
-/// Whether something has the name. A link counts, wherever it leads.
+/// Whether the name exists. A link counts even if it leads nowhere.
 bool IsThere(const std::string& path);
-/// Makes the bytes of a file, or the names in a folder, durable. Throws FileError when it cannot be
-/// opened or the disk reports an error.
+/// Synchronises the bytes of a file, or the names in a folder, to the disk. Throws FileError if it
+/// cannot be opened or the disk reports an error.
 void SyncFile(const std::string& path);
-/// Gives a file another name in its folder. Replaces nothing: throws FileError (FileAlreadyExists)
-/// when something has the name.
+/// Renames a file within its folder. Never replaces a file: throws FileError (FileAlreadyExists) if
+/// the name exists.
 void RenameToNew(const std::string& from, const std::string& to);
 
 }  // namespace clb

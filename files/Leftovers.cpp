@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kUnfinished = ".clb-";
 constexpr std::string_view kTemporary = "clb-";
-constexpr std::string_view kUnchecked = ".new-";  // the number of the process follows
+constexpr std::string_view kUnchecked = ".new-";  // the process number follows
 constexpr std::string_view kDatabase = ".mdb";
 constexpr std::string_view kJournal = "-journal";
 constexpr std::size_t kRandom = std::char_traits<char>::length("XXXXXX");
@@ -36,7 +36,7 @@ pid_t TakeProcess(std::string_view& text)
     return read.ec == std::errc() ? process : 0;
 }
 
-/// Parses the process number out of a name of ours. Returns 0 if it is not one.
+/// Parses the process number in a name of ours. Returns 0 if the name is not ours.
 pid_t ProcessOf(std::string_view name, std::string_view front)
 {
     if (!name.starts_with(front))
@@ -71,8 +71,8 @@ bool IsOwnFile(const std::string& path)
            S_ISREG(status.st_mode);
 }
 
-/// Removes the unfinished copies of ended processes, and their journals, from a folder. ours: takes
-/// the file name that the copy was for.
+/// Removes the unfinished copies of ended processes, and their journals, from a folder. ours:
+/// decides by the file name that the copy was for.
 void RemoveEnded(const std::string& folder, const std::function<bool(std::string_view)>& ours)
 {
     for (const std::string& name : NamesIn(folder)) {
@@ -81,13 +81,13 @@ void RemoveEnded(const std::string& folder, const std::function<bool(std::string
             continue;
         std::string_view rest = std::string_view(name).substr(mark + kUnchecked.size());
         const pid_t process = TakeProcess(rest);
-        const std::string path = folder + "/" + name;
+        const std::string path = std::string(folder).append("/").append(name);
         if ((rest.empty() || rest == kJournal) && HasEnded(process) && IsOwnFile(path))
             ::unlink(path.c_str());
     }
 }
 
-/// Looks at the name alone, before the file itself is asked.
+/// Checks only the name, before the file itself is examined.
 bool MayBeOurs(std::string_view name)
 {
     return name.starts_with(kTemporary) || name.starts_with(kUnfinished);

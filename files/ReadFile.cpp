@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kPiece = std::size_t{1} << 16;
 
-/// Bytes that the file says it has; 0 for a pipe.
+/// The size of the file; 0 for a pipe.
 std::size_t SizeOf(const Descriptor& file)
 {
     struct stat status {};
@@ -35,7 +35,7 @@ std::string ReadFile(const std::string& path)
         Interruption::Check();
         throw CannotRead(path, reason);
     }
-    // One byte more than there is, so that the end is found without growing.
+    // One byte more than the size, so that the end is found without growing.
     std::string bytes(std::max(SizeOf(file) + 1, kPiece), '\0');
     std::size_t filled = 0;
     for (;;) {

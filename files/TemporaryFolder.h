@@ -1,10 +1,11 @@
+// A temporary folder.
 #pragma once
 #include <string>
 
 namespace clb {
 
-/// A folder for the user alone where the system keeps temporary files. Removes itself and all that
-/// is in it on destruction.
+/// A folder in the system's folder of temporary files, which only the user can read. Removed with
+/// its contents on destruction.
 class TemporaryFolder {
 public:
     /// Also removes what ended programs have left there. Throws FileError.
@@ -14,7 +15,7 @@ public:
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     [[nodiscard]] const std::string& Path() const { return path_; }
-    /// Path of a file or folder in it.
+    /// Returns the path of a file or folder in it.
     [[nodiscard]] std::string Path(const std::string& name) const { return path_ + "/" + name; }
 
 private:

@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 constexpr int kMostLinks = 40;
 
-/// What the path leads to. The last link may lead to a file that is not there yet.
+/// Resolves links in the path. The last link may lead to a file that does not exist yet.
 std::string Resolved(const std::string& path)
 {
     fs::path target = path;
@@ -43,7 +43,7 @@ bool IsSpecial(const std::string& path)
     return fs::exists(status) && !fs::is_regular_file(status);
 }
 
-/// Refuses what the program may not write, although its folder would let it be replaced.
+/// Rejects a file that the program may not write, although its folder permits replacing it.
 void RequireWritable(const std::string& path)
 {
     if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0 && errno != ENOENT)
@@ -79,7 +79,7 @@ WholeFile::~WholeFile()
         ::unlink(path_.c_str());
 }
 
-/// A pipe is opened when it is written first: opening waits for who reads it.
+/// A pipe is opened at the first write, because opening waits for its reader.
 void WholeFile::Open()
 {
     if (file_.IsOpen())
@@ -111,7 +111,7 @@ void WholeFile::TakeOverRights() const
     struct stat former {};
     if (::stat(target_.c_str(), &former) != 0)
         return;
-    // Only some may give a file away; the group is worth a try of its own.
+    // Only some users may change the owner, so the group is tried separately.
     const auto nobody = static_cast<uid_t>(-1);
     [[maybe_unused]] const bool given =
         ::fchown(file_.Number(), former.st_uid, former.st_gid) == 0 ||

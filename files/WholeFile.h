@@ -1,3 +1,4 @@
+// Writes files completely or not at all.
 #pragma once
 #include <sys/types.h>
 
@@ -9,38 +10,37 @@
 
 namespace clb {
 
-/// What to do with a file that has the name already.
+/// What to do if the name already exists.
 enum class Existing {
-    Replace,      ///< the new file takes over its rights; of a link, the file that it leads to
-    ReplaceName,  ///< the new file has a new file's rights; of a link, the link itself
+    Replace,  ///< the new file gets its permissions; for a link, replaces the file that it leads to
+    ReplaceName,  ///< the new file gets default permissions; for a link, replaces the link itself
     Refuse
 };
 
-/// A file that is written beside its name and gets the name only when it is whole and on the disk.
-/// Whatever fails before leaves the former file as it was and nothing else behind.
+/// A file that is written under a temporary name and renamed only when it is complete and on the
+/// disk. If anything fails before, the old file is unchanged and nothing else is left.
 ///
-/// A new file is for the user alone (mode 0600). A pipe or device that is to be replaced is written
-/// as it is.
-/// All members throw FileError when the system refuses.
+/// Only the user can read a new file (mode 0600). A pipe or device is written directly. All members
+/// throw FileError if a system call fails.
 class WholeFile {
 public:
-    /// Also removes from the folder what ended programs have left unfinished. Throws
-    /// FileAlreadyExists where something has the name that is not to be replaced.
+    /// Also removes unfinished files of ended programs from the folder. Throws FileAlreadyExists if
+    /// the name exists and must not be replaced.
     explicit WholeFile(const std::string& path, Existing existing = Existing::Replace);
-    /// Removes the file unless it has got its name.
+    /// Removes the file unless it was renamed.
     ~WholeFile();
     WholeFile(const WholeFile&) = delete;
     WholeFile& operator=(const WholeFile&) = delete;
 
-    /// Where the bytes are until the file gets its name, for those who open it themselves.
+    /// The temporary name, for callers that open the file themselves.
     [[nodiscard]] const std::string& Path() const { return path_; }
-    /// Appends to it.
+    /// Appends bytes.
     void Write(std::string_view bytes);
 
-    /// Brings the bytes to the disk and gives the file its name, in one step. The name itself may
-    /// be lost in a power loss until its folder is synchronised.
+    /// Synchronises the bytes to the disk, then renames the file in one step. A power loss can
+    /// still undo the renaming until the folder is synchronised.
     void TakePlace();
-    /// The same, and the name is on the disk as well.
+    /// The same, and synchronises the folder.
     void Keep();
 
 private:
@@ -54,9 +54,9 @@ private:
     Descriptor file_;
 };
 
-/// Writes a whole file under a name, replacing the former one. Throws FileError.
+/// Writes a whole file and replaces an existing one. Throws FileError.
 void ReplaceFile(const std::string& path, std::string_view bytes);
-/// Writes a whole file under a name that nothing has yet. Throws FileError.
+/// Writes a whole file under a name that must not exist. Throws FileError.
 void CreateFile(const std::string& path, std::string_view bytes);
 
 }  // namespace clb

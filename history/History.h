@@ -22,8 +22,8 @@ struct HistoryOutcome {
     std::vector<TouchedRow> touched;  ///< by the last of them, some rows
 };
 
-/// Records every row that statements of a connection change, in the same commit: one step a
-/// command, however many statements and commits it takes. Steps can be undone, the newest first,
+/// Records every row that queries of a connection change, in the same commit: one step a
+/// command, however many queries and commits it takes. Steps can be undone, the newest first,
 /// and redone until a new command changes something. Programs that write to the same file have one
 /// history.
 ///

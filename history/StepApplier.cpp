@@ -79,13 +79,13 @@ void StepApplier::PutBack(const TableShape& shape, const RowChanged& row, Pass p
 }
 
 /// The row is looked at while it is changed: the log has just hashed what it held.
-void StepApplier::Run(const TableShape& shape, const RowChanged& row, Statement& statement)
+void StepApplier::Run(const TableShape& shape, const RowChanged& row, Query& query)
 {
     for (std::size_t i = 0; i < row.before.size(); ++i)
-        statement.BindCell(static_cast<int>(i) + 2, packed::Reader(row.before[i].second).Cell());
-    statement.BindInteger(1, row.row);
+        query.BindCell(static_cast<int>(i) + 2, packed::Reader(row.before[i].second).Cell());
+    query.BindInteger(1, row.row);
     try {
-        database_->Step(statement);
+        database_->Step(query);
     } catch (const EngineError& error) {
         if (error.Number() == engine_errors::Constraint)
             Refuse(shape, row);
@@ -98,8 +98,8 @@ void StepApplier::Run(const TableShape& shape, const RowChanged& row, Statement&
 void StepApplier::Refuse(const TableShape& shape, const RowChanged& row) const
 {
     NamedValues cells;
-    Statement find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
-                                        shape.identity + " = ?1");
+    Query find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
+                                    shape.identity + " = ?1");
     find.BindInteger(1, row.row);
     const bool there = database_->Step(find);
     for (std::size_t i = 0; there && i < shape.columns.size(); ++i)
@@ -116,17 +116,17 @@ void StepApplier::Refuse(const TableShape& shape, const RowChanged& row) const
     throw HistoryRefusal("there is another row in the place of " + name);
 }
 
-Statement& StepApplier::Removal(const TableShape& shape)
+Query& StepApplier::Removal(const TableShape& shape)
 {
     const std::string sql =
         "DELETE FROM " + QuoteName(shape.name) + " WHERE " + shape.identity + " = ?1";
-    Statement& statement = statements_[sql];
-    if (!statement)
-        statement = database_->Prepare(sql, true);
-    return statement;
+    Query& query = queries_[sql];
+    if (!query)
+        query = database_->Prepare(sql, true);
+    return query;
 }
 
-Statement& StepApplier::Writing(const TableShape& shape, const RowChanged& row)
+Query& StepApplier::Writing(const TableShape& shape, const RowChanged& row)
 {
     std::string sql = "UPDATE " + QuoteName(shape.name) + " SET ";
     for (std::size_t i = 0; i < row.before.size(); ++i)
@@ -134,13 +134,13 @@ Statement& StepApplier::Writing(const TableShape& shape, const RowChanged& row)
                QuoteName(shape.columns[static_cast<std::size_t>(row.before[i].first)]) + " = ?" +
                std::to_string(i + 2);
     sql += " WHERE " + shape.identity + " = ?1";
-    Statement& statement = statements_[sql];
-    if (!statement)
-        statement = database_->Prepare(sql, true);
-    return statement;
+    Query& query = queries_[sql];
+    if (!query)
+        query = database_->Prepare(sql, true);
+    return query;
 }
 
-Statement& StepApplier::Insertion(const TableShape& shape, const RowChanged& row)
+Query& StepApplier::Insertion(const TableShape& shape, const RowChanged& row)
 {
     std::string columns = shape.identity;
     std::string values = "?1";
@@ -150,10 +150,10 @@ Statement& StepApplier::Insertion(const TableShape& shape, const RowChanged& row
     }
     const std::string sql =
         "INSERT INTO " + QuoteName(shape.name) + " (" + columns + ") VALUES (" + values + ")";
-    Statement& statement = statements_[sql];
-    if (!statement)
-        statement = database_->Prepare(sql, true);
-    return statement;
+    Query& query = queries_[sql];
+    if (!query)
+        query = database_->Prepare(sql, true);
+    return query;
 }
 
 void StepApplier::Touch(const TableShape& shape, const RowChanged& row)

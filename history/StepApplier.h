@@ -49,16 +49,16 @@ private:
     void PutBack(const TableShape& shape, const RowChanged& row, Pass pass);
     static bool IsThere(const TableShape& shape, const StepReader& reader);
     [[noreturn]] void Refuse(const TableShape& shape, const RowChanged& row) const;
-    void Run(const TableShape& shape, const RowChanged& row, Statement& statement);
-    Statement& Removal(const TableShape& shape);
-    Statement& Writing(const TableShape& shape, const RowChanged& row);
-    Statement& Insertion(const TableShape& shape, const RowChanged& row);
+    void Run(const TableShape& shape, const RowChanged& row, Query& query);
+    Query& Removal(const TableShape& shape);
+    Query& Writing(const TableShape& shape, const RowChanged& row);
+    Query& Insertion(const TableShape& shape, const RowChanged& row);
     void Touch(const TableShape& shape, const RowChanged& row);
 
     Database* database_;
     TableShapes* shapes_;
     ChangeLog* log_;
-    std::map<std::string, Statement> statements_;  // by their text
+    std::map<std::string, Query> queries_;  // by their text
     std::vector<TouchedRow> touched_;
 };
 

@@ -21,7 +21,7 @@ std::string Steps(const std::string& rest)
     return "SELECT Step, At, What, \"Rows\", Undone, Program FROM CvStep " + rest;
 }
 
-Step StepOf(const Statement& row)
+Step StepOf(const Query& row)
 {
     return {row.Integer(0), row.Text(1), row.Text(2), row.Integer(3), row.Integer(4) == kUndone,
             row.Text(5)};
@@ -34,18 +34,18 @@ bool StepStore::Owns(std::string_view table)
     return EqualsIgnoringCase(table, "CvStep") || EqualsIgnoringCase(table, "CvChange");
 }
 
-Statement& StepStore::Prepared(Statement& statement, const std::string& sql)
+Query& StepStore::Prepared(Query& query, const std::string& sql)
 {
-    if (!statement)
-        statement = database_->Prepare(sql, true);
-    return statement;
+    if (!query)
+        query = database_->Prepare(sql, true);
+    return query;
 }
 
 bool StepStore::Exists()
 {
-    Statement& count = Prepared(exists_,
-                                "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name "
-                                "IN ('CvStep', 'CvChange')");
+    Query& count = Prepared(exists_,
+                            "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name "
+                            "IN ('CvStep', 'CvChange')");
     const ResetAtExit reset(count);
     return database_->Step(count) && count.Integer(0) == 2;
 }
@@ -64,12 +64,12 @@ void StepStore::Provide()
     known_ = -1;
 }
 
-std::optional<Step> StepStore::One(Statement& statement)
+std::optional<Step> StepStore::One(Query& query)
 {
-    const ResetAtExit reset(statement);
-    if (!database_->Step(statement))
+    const ResetAtExit reset(query);
+    if (!database_->Step(query))
         return std::nullopt;
-    return StepOf(statement);
+    return StepOf(query);
 }
 
 std::optional<Step> StepStore::Newest()
@@ -91,14 +91,14 @@ std::optional<Step> StepStore::NextToRedo()
 
 std::optional<Step> StepStore::Find(std::int64_t number)
 {
-    Statement& find = Prepared(find_, Steps("WHERE Step = ?1 AND Undone <> 2"));
+    Query& find = Prepared(find_, Steps("WHERE Step = ?1 AND Undone <> 2"));
     find.BindInteger(1, number);
     return One(find);
 }
 
 void StepStore::Visit(const std::function<bool(const Step&)>& visit)
 {
-    Statement rows = database_->Prepare(Steps("WHERE Undone <> 2 ORDER BY Step DESC"));
+    Query rows = database_->Prepare(Steps("WHERE Undone <> 2 ORDER BY Step DESC"));
     while (database_->Step(rows))
         if (!visit(StepOf(rows)))
             return;
@@ -106,17 +106,16 @@ void StepStore::Visit(const std::function<bool(const Step&)>& visit)
 
 std::string StepStore::EndedAt()
 {
-    Statement find =
-        database_->Prepare("SELECT At FROM CvStep WHERE Undone = 2 ORDER BY Step DESC");
+    Query find = database_->Prepare("SELECT At FROM CvStep WHERE Undone = 2 ORDER BY Step DESC");
     const ResetAtExit reset(find);
     return database_->Step(find) ? find.Text(0) : std::string();
 }
 
 std::int64_t StepStore::Number(const char* sql)
 {
-    Statement statement = database_->Prepare(sql);
-    const ResetAtExit reset(statement);
-    return database_->Step(statement) ? statement.Integer(0) : 0;
+    Query query = database_->Prepare(sql);
+    const ResetAtExit reset(query);
+    return database_->Step(query) ? query.Integer(0) : 0;
 }
 
 std::int64_t StepStore::Add(const Step& step)
@@ -132,9 +131,9 @@ std::int64_t StepStore::Add(const Step& step)
         total_ = Number("SELECT ifnull(sum(Bytes), 0) FROM CvStep");
     known_ = number;
     total_ += kStepBytes;
-    Statement& add = Prepared(add_,
-                              "INSERT INTO CvStep (Step, At, What, \"Rows\", Undone, Bytes, "
-                              "Program) VALUES (?1, ?2, ?3, 0, 0, ?4, ?5)");
+    Query& add = Prepared(add_,
+                          "INSERT INTO CvStep (Step, At, What, \"Rows\", Undone, Bytes, "
+                          "Program) VALUES (?1, ?2, ?3, 0, 0, ?4, ?5)");
     add.BindInteger(1, number);
     add.BindText(2, step.at);
     add.BindText(3, step.what);
@@ -146,14 +145,14 @@ std::int64_t StepStore::Add(const Step& step)
 
 void StepStore::AppendPart(std::int64_t step, std::string_view bytes, std::int64_t rows)
 {
-    Statement& append =
+    Query& append =
         Prepared(appendPart_,
                  "INSERT INTO CvChange (Step, Part, Data) SELECT ?1, ifnull(max(Part), 0) + 1, ?2 "
                  "FROM CvChange WHERE Step = ?1");
     append.BindInteger(1, step);
     append.BindBlob(2, bytes);
     database_->Step(append);
-    Statement& count =
+    Query& count =
         Prepared(countPart_,
                  "UPDATE CvStep SET \"Rows\" = \"Rows\" + ?2, Bytes = Bytes + ?3 WHERE Step = ?1");
     count.BindInteger(1, step);
@@ -166,7 +165,7 @@ void StepStore::AppendPart(std::int64_t step, std::string_view bytes, std::int64
 std::vector<std::string> StepStore::Parts(std::int64_t step)
 {
     std::vector<std::string> found;
-    Statement& parts = Prepared(parts_, "SELECT Data FROM CvChange WHERE Step = ?1 ORDER BY Part");
+    Query& parts = Prepared(parts_, "SELECT Data FROM CvChange WHERE Step = ?1 ORDER BY Part");
     const ResetAtExit reset(parts);
     parts.BindInteger(1, step);
     while (database_->Step(parts))
@@ -192,7 +191,7 @@ void StepStore::End(const std::string& at)
     if (!newest)
         return;
     database_->Run("DELETE FROM CvChange; DELETE FROM CvStep");
-    Statement mark = database_->Prepare(
+    Query mark = database_->Prepare(
         "INSERT INTO CvStep (Step, At, \"Rows\", Undone, Bytes) VALUES (?1, ?2, 0, 2, 0)");
     mark.BindInteger(1, newest->number + 1);
     mark.BindText(2, at);
@@ -215,7 +214,7 @@ void StepStore::KeepRoom()
     const std::int64_t room = std::max(kLeastRoom, file / kPartOfFile);
     const std::optional<Step> newest = NextToUndo();
     std::vector<std::pair<std::int64_t, std::int64_t>> oldest;
-    Statement rows =
+    Query rows =
         database_->Prepare("SELECT Step, Bytes FROM CvStep WHERE Undone = 0 ORDER BY Step");
     for (std::int64_t left = total_; left > room && database_->Step(rows);) {
         oldest.emplace_back(rows.Integer(0), rows.Integer(1));

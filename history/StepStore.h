@@ -59,14 +59,13 @@ public:
     void KeepRoom();
 
 private:
-    Statement& Prepared(Statement& statement, const std::string& sql);
-    std::optional<Step> One(Statement& statement);
+    Query& Prepared(Query& query, const std::string& sql);
+    std::optional<Step> One(Query& query);
     std::int64_t Number(const char* sql);
     void Drop(std::int64_t step);
 
     Database* database_;
-    Statement exists_, newest_, nextToUndo_, nextToRedo_, find_, add_, appendPart_, countPart_,
-        parts_;
+    Query exists_, newest_, nextToUndo_, nextToRedo_, find_, add_, appendPart_, countPart_, parts_;
     std::int64_t known_ = -1;  ///< newest step when total_ was right
     std::int64_t total_ = 0;   ///< bytes of all steps
 };

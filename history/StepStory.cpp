@@ -65,8 +65,8 @@ StepStoryteller::Cells StepStoryteller::Present(const Place& place)
     const TableShape& shape = shapes_->Of(place.first);
     if (shape.identity.empty())
         return std::nullopt;
-    Statement find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
-                                        shape.identity + " = ?1");
+    Query find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
+                                    shape.identity + " = ?1");
     const ResetAtExit reset(find);
     find.BindInteger(1, place.second);
     if (!database_->Step(find))

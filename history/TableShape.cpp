@@ -21,7 +21,7 @@ std::string IdentityOf(const TableShape& shape)
 /// Whether the table is an ordinary one, whose rows have identities.
 bool HasIdentities(Database& database, const std::string& table)
 {
-    Statement find = database.Prepare(
+    Query find = database.Prepare(
         "SELECT 1 FROM pragma_table_list WHERE schema = 'main' AND name = ?1 COLLATE NOCASE "
         "AND type = 'table' AND wr = 0");
     find.BindText(1, table);
@@ -34,7 +34,7 @@ TableShape Read(Database& database, const std::string& table)
     TableShape shape{table, {}, {}, 0};
     std::string names;
     bool computed = false;
-    Statement columns =
+    Query columns =
         database.Prepare("SELECT name, hidden FROM pragma_table_xinfo(?1) ORDER BY cid");
     columns.BindText(1, table);
     while (database.Step(columns)) {

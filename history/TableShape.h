@@ -14,7 +14,7 @@ class Database;
 struct TableShape {
     std::string name;
     std::vector<std::string> columns;  ///< in their order; empty: there is no such table
-    /// Name by which statements reach a row's identity; empty if they cannot: the table has no
+    /// Name by which queries reach a row's identity; empty if they cannot: the table has no
     /// identities, or columns that are computed.
     std::string identity;
     /// A number for the names and order of the columns.

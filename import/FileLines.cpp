@@ -33,7 +33,7 @@ std::string_view FileLines::ReadTo(std::size_t end)
     return piece;
 }
 
-/// Leaves the place at the delimiter behind the second quote.
+/// Stops at the delimiter after the second quote.
 std::string_view FileLines::ReadQuoted()
 {
     ++at_;

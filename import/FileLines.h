@@ -1,12 +1,13 @@
+// Lines and items of a text file.
 #pragma once
 #include <cstddef>
 #include <string_view>
 
 namespace clb {
 
-/// Reads a text from front to back. A line ends at a carriage return, with the line feed that may
-/// follow it; a bare line feed is part of the line. What is read refers to the text, which must
-/// outlive it.
+/// Reads a text from start to end. A line ends at a carriage return and the line feed after it, if
+/// there is one. A bare line feed is part of the line. The results refer to the text, which must
+/// outlive them.
 class FileLines {
 public:
     explicit FileLines(std::string_view text) : text_(text) {}
@@ -14,11 +15,11 @@ public:
     [[nodiscard]] bool AtEnd() const { return at_ >= text_.size(); }
     /// Bytes read so far.
     [[nodiscard]] std::size_t At() const { return at_; }
-    /// The next line without its end; empty at the end of the text.
+    /// Returns the next line without its line end. Returns an empty line at the end of the text.
     std::string_view ReadLine();
-    /// The next comma-delimited item: up to the next comma or the line's end, which is consumed.
-    /// Blanks in front of it are skipped. An item in double quotes goes up to the second of them,
-    /// whatever stands between.
+    /// Returns the next item of a comma-separated list. It ends at the next comma or line end,
+    /// which is consumed. Spaces before it are skipped. An item in double quotes ends at the second
+    /// quote and may contain anything else.
     std::string_view ReadItem();
 
 private:

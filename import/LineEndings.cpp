@@ -13,19 +13,19 @@
 #include "files/FileError.h"
 #include "files/Folders.h"
 #include "files/WholeFile.h"
-#include "import/FileErrors.h"
+#include "import/PathErrors.h"
 #include "import/StatementFile.h"
 #include "import/modImport.h"
 
-// The path always has a file, the former or the repaired one. Only where a file cannot have two
-// names is it without one for a moment, between two renames.
+// There is always a file at the path, the original or the repaired one. Only on a file system
+// without hard links is there none for a moment, between two renames.
 
 namespace clb {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// The first line of a file, up to the first carriage return, read piece by piece.
+/// Reads the first line of a file, up to the first carriage return, piece by piece.
 class FirstLine {
 public:
     explicit FirstLine(const std::string& path)
@@ -35,7 +35,7 @@ public:
             throw PathAccessError(path_);
     }
 
-    /// The next piece; empty at the line's end.
+    /// Returns the next piece, or an empty one at the end of the line.
     std::string_view Next()
     {
         if (ended_)
@@ -56,7 +56,7 @@ private:
     bool ended_ = false;
 };
 
-bool HoldsLineFeed(const std::string& path)
+bool HasLineFeed(const std::string& path)
 {
     FirstLine line(path);
     for (std::string_view piece = line.Next(); !piece.empty(); piece = line.Next())
@@ -65,7 +65,7 @@ bool HoldsLineFeed(const std::string& path)
     return false;
 }
 
-/// The piece with a carriage return before every line feed.
+/// Adds a carriage return before every line feed.
 std::string Repaired(std::string_view piece)
 {
     std::string repaired;
@@ -85,11 +85,11 @@ void WriteRepairedCopy(const std::string& path, WholeFile& copy)
     for (std::string_view piece = line.Next(); !piece.empty(); piece = line.Next())
         copy.Write(Repaired(piece));
     copy.Write("\r\n");
-    std::error_code ignored;  // With other permissions the file is still the user's own.
+    std::error_code ignored;  // with default permissions the file is still the user's
     fs::permissions(copy.Path(), fs::status(path, ignored).permissions(), ignored);
 }
 
-/// Gives the file a second name where the file system can do that, else another one.
+/// Gives the file a second name, or renames it if the file system has no hard links.
 void KeepAs(const std::string& path, const std::string& kept)
 {
     if (::link(path.c_str(), kept.c_str()) == 0)
@@ -99,7 +99,7 @@ void KeepAs(const std::string& path, const std::string& kept)
     fs::rename(path, kept);
 }
 
-/// Takes KeepAs back.
+/// Reverses KeepAs.
 void Restore(const std::string& kept, const std::string& path) noexcept
 {
     const bool hasBothNames = ::faccessat(AT_FDCWD, path.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
@@ -111,7 +111,7 @@ void Restore(const std::string& kept, const std::string& path) noexcept
 
 void RewriteFirstLine(const std::string& path)
 {
-    const std::string kept = KeptStatement(path);
+    const std::string kept = BackupOfStatement(path);
     std::error_code failure;
     if (fs::exists(fs::symlink_status(kept, failure)))
         throw FileAlreadyExists();
@@ -132,7 +132,7 @@ void RewriteFirstLine(const std::string& path)
 void modImport::FixLineEndings(const std::string& path)
 {
     RequireRegularFile(path);
-    if (!HoldsLineFeed(path))
+    if (!HasLineFeed(path))
         return;
     try {
         RewriteFirstLine(path);

@@ -6,7 +6,7 @@
 #include "base/Text.h"
 #include "files/FileError.h"
 #include "files/ReadFile.h"
-#include "import/FileErrors.h"
+#include "import/PathErrors.h"
 
 namespace clb {
 
@@ -37,7 +37,7 @@ std::string ReadStatement(const std::string& path)
     return DecodeFile(ReadBytes(path));
 }
 
-std::string KeptStatement(const std::string& path)
+std::string BackupOfStatement(const std::string& path)
 {
     return path + ".org";
 }

@@ -1,16 +1,17 @@
+// Reading statement files.
 #pragma once
 #include <string>
 
 namespace clb {
 
-/// The bytes of a regular file. Throws RuntimeError: FileNotFound when there is none, PathAccess
-/// for folders, pipes and devices, and for a file that cannot be read.
-std::string ReadBytes(const std::string& path);
+/// Reads the bytes of a regular file. Throws RuntimeError: FileNotFound if the file does not exist,
+/// PathAccess if it is a folder, pipe or device or cannot be read.
+[[nodiscard]] std::string ReadBytes(const std::string& path);
 
-/// A statement file's whole text (see DecodeFile for its encoding). Throws as ReadBytes.
-std::string ReadStatement(const std::string& path);
+/// Reads a statement file's whole text. DecodeFile describes the encoding. Throws as ReadBytes.
+[[nodiscard]] std::string ReadStatement(const std::string& path);
 
-/// Where the repair of line ends keeps the file as it was.
-std::string KeptStatement(const std::string& path);
+/// The path at which the repair of line ends keeps the original file.
+[[nodiscard]] std::string BackupOfStatement(const std::string& path);
 
 }  // namespace clb

@@ -4,7 +4,7 @@
 
 #include "files/FileError.h"
 #include "files/TemporaryFolder.h"
-#include "import/FileErrors.h"
+#include "import/PathErrors.h"
 #include "import/StatementFile.h"
 #include "import/modImport.h"
 
@@ -15,7 +15,7 @@ std::int32_t StatementKind(const std::string& path)
 {
     RequireRegularFile(path);
     const TemporaryFolder folder;
-    // The name's end tells a QIF file.
+    // A QIF file is recognised by its extension.
     const std::string copy = folder.Path(fs::path(path).filename().string());
     std::error_code failure;
     if (!fs::copy_file(path, copy, failure))

@@ -1,12 +1,13 @@
+// The format of a statement file that is not imported yet.
 #pragma once
 #include <cstdint>
 #include <string>
 
 namespace clb {
 
-/// What modImport::DetectFileFormat will say of a file once an import has repaired its line ends:
-/// 2 = OFX, QFX or OFC, 3 = QIF, 0 = none of these. The file stays as it is. Throws RuntimeError
-/// when it cannot be read.
-std::int32_t StatementKind(const std::string& path);
+/// Returns what modImport::DetectFileFormat would return after an import has repaired the file's
+/// line ends: 2 = OFX, QFX or OFC, 3 = QIF, 0 = none of these. Does not change the file. Throws
+/// RuntimeError if it cannot be read.
+[[nodiscard]] std::int32_t StatementKind(const std::string& path);
 
 }  // namespace clb

@@ -1,21 +1,23 @@
+// Searching a statement's text by byte offset.
 #pragma once
 #include <cstddef>
 #include <string_view>
 
 namespace clb::statement_scan {
 
-/// The searches of statement_tags by 0-based byte offset, and without copies: what they return
-/// refers to the text. In UTF-8 a piece of valid text is never found inside a character, so both
-/// ways of counting find the same places.
+// These do the same as statement_tags, but with 0-based byte offsets and without copies: their
+// results refer to the text. UTF-8 text is never found inside a character, so counting bytes and
+// counting characters lead to the same places.
 
-inline constexpr std::size_t None = std::string_view::npos;
+inline constexpr std::size_t kNone = std::string_view::npos;
 
-/// Offset of the next occurrence at or after from; None when there is none.
-std::size_t Find(std::string_view text, std::string_view what, std::size_t from);
-/// Value behind the next such tag at or after from, without outer blanks; empty when it is absent.
-std::string_view Value(std::string_view text, std::string_view tag, std::size_t from);
-/// What stands between <name> and </name>; from is moved past the closing tag. Empty, and from as
-/// it was, when either is absent.
+/// Offset of the next occurrence at or after `from`; kNone if there is none.
+[[nodiscard]] std::size_t Find(std::string_view text, std::string_view what, std::size_t from);
+/// The value after the next such tag at or after `from`, without spaces at its ends. Empty if the
+/// tag is absent.
+[[nodiscard]] std::string_view Value(std::string_view text, std::string_view tag, std::size_t from);
+/// Returns the text between <name> and </name> and moves `from` past the closing tag. If either tag
+/// is absent, returns an empty text and leaves `from` unchanged.
 std::string_view Block(std::string_view text, std::string_view name, std::size_t& from);
 
 }  // namespace clb::statement_scan

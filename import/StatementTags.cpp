@@ -6,7 +6,7 @@
 namespace clb::statement_tags {
 namespace {
 
-/// Byte offset of a 1-based character position. Throws RuntimeError for positions before the first.
+/// Byte offset of a 1-based character position. Throws RuntimeError for a position below 1.
 std::size_t OffsetOf(std::int32_t pos, std::string_view text)
 {
     if (pos < 1)
@@ -14,7 +14,7 @@ std::size_t OffsetOf(std::int32_t pos, std::string_view text)
     return ByteOffset(text, static_cast<std::size_t>(pos) - 1);
 }
 
-/// Moves pos as far as the offset went from one place to the other.
+/// Moves pos by the number of characters between two byte offsets.
 void Advance(std::int32_t& pos, std::string_view text, std::size_t from, std::size_t to)
 {
     pos += static_cast<std::int32_t>(Length(text.substr(from, to - from)));
@@ -26,7 +26,7 @@ bool FindTag(std::int32_t& pos, std::string_view text, std::string_view what)
 {
     const std::size_t from = OffsetOf(pos, text);
     const std::size_t found = statement_scan::Find(text, what, from);
-    if (found == statement_scan::None)
+    if (found == statement_scan::kNone)
         return false;
     Advance(pos, text, from, found);
     return true;

@@ -105,7 +105,7 @@ bool frmSelectAccount::CreateAccount()
 {
     if (txtDescription.Text().empty()) {
         messages_.Show("You must enter an account description.", box_style::Critical,
-                       product::Title);
+                       product::kTitle);
         return false;
     }
     database_.Lock();
@@ -147,11 +147,11 @@ bool frmSelectAccount::MapAccount()
 
 bool frmSelectAccount::Refuse(const std::string& why)
 {
-    messages_.Show(why, box_style::Exclamation, product::Title);
+    messages_.Show(why, box_style::Exclamation, product::kTitle);
     return false;
 }
 
-/// Whether an account has the statement's number after all.
+/// Whether another program has meanwhile added an account with the statement's number.
 bool frmSelectAccount::NumberTaken()
 {
     const Connection::Untraced untraced(database_.Database());
@@ -166,7 +166,7 @@ bool frmSelectAccount::ListedAccountIsThere()
         "Account", "Description = '" + clsDatabase::ToSqlString(cmbAccountID.Text()) + "'");
 }
 
-/// The numbers that the mapping changes.
+/// The account numbers that the mapping changes.
 std::vector<std::string> frmSelectAccount::FormerNumbers()
 {
     Connection& connection = database_.Database();
@@ -222,8 +222,8 @@ void frmSelectAccount::ShowInTree()
     }
 }
 
-/// The shown account had its number changed when it is gone from the new tree and the mapped one is
-/// of its kind: then the view goes on under the new number.
+/// If the shown account is no longer in the tree and the mapped account has the same kind, the
+/// mapping changed the number of the shown account. The view then continues with the new number.
 void frmSelectAccount::FollowShownAccount()
 {
     if (!view_.Definition().ofAccount)

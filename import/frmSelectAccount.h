@@ -1,3 +1,4 @@
+// The dialog Select Account.
 #pragma once
 #include <string>
 #include <vector>
@@ -12,15 +13,16 @@ class clsDatabase;
 class clsView;
 class Tree;
 
-/// The dialog "Select Account": into which account a statement goes when its own is not known.
+/// The dialog "Select Account". It asks for the account of a statement whose own account is not
+/// known.
 class frmSelectAccount {
 public:
-    /// All borrowed; they outlive the dialog.
+    /// Borrows all of them; they outlive the dialog.
     frmSelectAccount(clsDatabase& database, clsView& view, Tree& tree, IModalHost& host,
                      IMessageBox& messages);
 
-    /// True when an account now exists for the import. An empty accountID is then set to the chosen
-    /// or created account's; another stays.
+    /// Returns true if an account for the import exists now. An empty accountID is then set to the
+    /// number of the chosen or created account.
     bool ShowDialog(std::string& accountID);
 
     Form& Window() { return form_; }

@@ -35,7 +35,8 @@ bool EndsWithQif(std::string_view path)
     return path.size() >= 4 && EqualsIgnoringCase(path.substr(path.size() - 4), ".QIF");
 }
 
-/// What follows the first line of the header: one item, normally the kind of data, and the version.
+/// Reads what follows the first line of the header: one item, normally the kind of data, and the
+/// version.
 bool IsKnownVersion(FileLines& lines)
 {
     if (!lines.AtEnd())
@@ -56,7 +57,7 @@ void modImport::ImportFile()
     const std::string path = host_.AskForFile(kDialogFlags, kDialogFilter);
     if (path.empty())
         return;
-    // A book that another program holds refuses the import before the window is disabled for it.
+    // If another program has locked the book, the import fails here, before the window is disabled.
     database_.Lock();
     const std::string statusBefore = host_.StatusText();
     host_.StatusText("Importing " + path + "...");
@@ -69,7 +70,7 @@ void modImport::ImportFile()
     FixLineEndings(path);
     if (!ImportByFormat(path))
         return;  // On purpose: status text, pointer and the disabled window stay as they are.
-    // A file that added no row did not come so far.
+    // An import that was cancelled or found no account has not noted them yet.
     if (!balancesNoted_)
         NoteFormerBalances();
     UpdateBalances(database_);
@@ -86,7 +87,7 @@ void modImport::StoreBalances()
     try {
         UpdateBalances(database_);
     } catch (const RuntimeError&) {
-        // The import's own update of the balances reports it.
+        // The import's own update of the balances reports the error.
     }
 }
 
@@ -97,8 +98,8 @@ void modImport::ForgetBalances()
     balancesNoted_ = false;
 }
 
-/// Mapping gives an account's rows another number. So many of them may be written that a copy made
-/// after it would wait for our own lock.
+/// Mapping changes the account number of all rows of an account. After so many writes a copy of the
+/// file might wait for our own lock.
 void modImport::KeepFileBeforeMapping(const std::string& accountID)
 {
     Connection& connection = database_.Database();
@@ -124,18 +125,26 @@ void modImport::NoteFormerBalances()
 
 bool modImport::ImportByFormat(const std::string& path)
 {
-    switch (DetectFileFormat(path)) {
-        case kMarkup: ImportOFX(path); return true;
-        case kQif: ImportQIF(path); return true;
+    std::string text = ReadStatement(path);
+    switch (FormatOf(path, text)) {
+        case kMarkup: ImportMarkup([&] { return std::move(text); }); return true;
+        case kQif:
+            std::string().swap(text);  // it reads the lines by itself
+            ImportQIF(path);
+            return true;
         default:
-            messages_.Show("Invalid file format.", box_style::Critical, product::Title);
+            messages_.Show("Invalid file format.", box_style::Critical, product::kTitle);
             return false;
     }
 }
 
 std::int32_t modImport::DetectFileFormat(const std::string& path)
 {
-    const std::string text = ReadStatement(path);
+    return FormatOf(path, ReadStatement(path));
+}
+
+std::int32_t modImport::FormatOf(const std::string& path, const std::string& text)
+{
     FileLines lines(text);
     const std::string_view line = FirstNonEmptyLine(lines);
     if (EndsWithQif(path))

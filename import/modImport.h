@@ -1,5 +1,7 @@
+// The import of statement files.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,56 +17,61 @@ class clsDatabase;
 class clsView;
 class IClock;
 
-/// What became of the transactions of one file.
+/// How many transactions of a file were added and skipped.
 struct ImportCounts {
     std::int32_t added = 0;
-    std::int32_t duplicates = 0;  ///< left out: the account holds them
+    std::int32_t duplicates = 0;  ///< skipped because the account has them already
 };
 
-/// Reads statement files into accounts. All members borrowed; they outlive the import.
+/// Reads statement files into accounts. Borrows the objects that it is made with; they outlive it.
 class modImport {
 public:
     modImport(clsDatabase& database, clsView& view, IImportHost& host, IMessageBox& messages,
               const IClock& clock);
 
     /// The import command: asks for a file and reads it into its account, then recomputes every
-    /// account's balance and reloads the view. A file of no known kind is told, and the window
-    /// stays as it is at that moment. Throws RuntimeError when the file cannot be opened or
+    /// account's balance and reloads the view. If the format is unknown, shows a message and leaves
+    /// the window as it is at that moment. Throws RuntimeError if the file cannot be opened or
     /// repaired.
     void ImportFile();
 
-    /// Repairs a file whose first line, up to the first carriage return, holds bare line feeds:
-    /// that part is written anew with carriage return and line feed, the former file stays as
-    /// path + ".org". Throws RuntimeError when path + ".org" exists or a file cannot be written.
+    /// Repairs a file whose first line, up to the first carriage return, contains bare line feeds.
+    /// The repaired file is that line with carriage returns and line feeds. The original is kept as
+    /// path + ".org". Throws RuntimeError if path + ".org" exists or a file cannot be written.
     static void FixLineEndings(const std::string& path);
-    /// 2 = OFX, QFX or OFC, 3 = QIF, 0 = none of these. Throws RuntimeError when it cannot be read.
+    /// 2 = OFX, QFX or OFC, 3 = QIF, 0 = none of these. Throws RuntimeError if it cannot be read.
     static std::int32_t DetectFileFormat(const std::string& path);
-    /// Reads an OFX, QFX or OFC file; tells its own errors.
+    /// Reads an OFX, QFX or OFC file. Shows errors in the file to the user.
     void ImportOFX(const std::string& path);
-    /// Reads a QIF file into the account that the user picks; ends by telling the lines that could
-    /// not be used. Throws RuntimeError when the file cannot be read.
+    /// Reads a QIF file into the account that the user chooses, then shows the lines that could not
+    /// be used. Throws RuntimeError if the file cannot be read.
     void ImportQIF(const std::string& path);
 
-    /// How the next QIF files order the numbers of their dates: month/day/year unless it is set.
-    /// The window never sets it.
+    /// Sets the order of day, month and year in the dates of the next QIF files. The default is
+    /// month/day/year. The window never sets it.
     void QifDateOrder(DateText::Order order) { dateOrder_ = order; }
-    /// Of the last file, as far as it was read.
+    /// The counts of the last file, as far as it was read.
     [[nodiscard]] const ImportCounts& Counts() const { return counts_; }
     /// The balances that did not fit their rows before the last file was read. They are on the list
-    /// of noticed balances; the import command has stored them anew.
+    /// of noticed balances. The import command has recomputed them.
     [[nodiscard]] const std::vector<OddBalance>& FormerBalances() const { return formerBalances_; }
-    /// The copy of the file that was made before they were stored anew; empty when none was.
+    /// The path of the database copy that was made before they were recomputed; empty if none was
+    /// made.
     [[nodiscard]] const std::string& FormerFile() const { return formerFile_; }
 
 private:
-    /// To be called before a message of an import that has stored rows: the message may wait long,
-    /// and the rows are made durable before it.
+    /// Called before an import that has added rows shows a message. The rows are made durable
+    /// before the message, which may stay open for long.
     void StoreBalances();
     bool ImportByFormat(const std::string& path);
+    /// DetectFileFormat of a file whose text is known.
+    static std::int32_t FormatOf(const std::string& path, const std::string& text);
+    /// ImportOFX of the text that readText gives; tells its errors too.
+    void ImportMarkup(const std::function<std::string()>& readText);
     std::string NewRun();
     void ForgetBalances();
     void KeepFileBeforeMapping(const std::string& accountID);
-    /// To be called inside the write lock, before the first new row.
+    /// Called with the write lock held, before the first new row.
     void NoteFormerBalances();
 
     clsDatabase& database_;
@@ -83,13 +90,14 @@ private:
 
 /// The texts between the tags of a statement file. Positions are 1-based and count characters.
 namespace statement_tags {
-/// Moves pos to the next occurrence at or after it; false, and pos as it was, when there is none.
+/// Moves pos to the next occurrence at or after it. Returns false and leaves pos unchanged if there
+/// is none.
 bool FindTag(std::int32_t& pos, std::string_view text, std::string_view what);
-/// Value behind the next such tag, up to the next "<" or carriage return, without outer blanks;
-/// empty when the tag is absent.
+/// The value after the next such tag, up to the next "<" or carriage return, without spaces at its
+/// ends. Empty if the tag is absent.
 std::string GetTagValue(std::int32_t pos, std::string_view text, std::string_view tag);
-/// What stands between <name> and </name>; pos is moved past the closing tag. Empty, and pos as it
-/// was, when either is absent.
+/// Returns the text between <name> and </name> and moves pos past the closing tag. If either tag is
+/// absent, returns an empty text and leaves pos unchanged.
 std::string GetTagBlock(std::int32_t& pos, std::string_view text, std::string_view name);
 }  // namespace statement_tags
 

@@ -17,11 +17,11 @@ namespace {
 
 namespace scan = statement_scan;
 
-/// The account is searched behind the first five characters, the length of "<OFC>".
+/// The search for the account begins after the first five characters, the length of "<OFC>".
 constexpr std::size_t kSearchStart = 5;
 constexpr std::size_t kMemoLength = 50;
 
-/// What a statement says of one transaction.
+/// One transaction of a statement.
 struct StatementTransaction {
     std::string fitid;
     std::string checkID;
@@ -32,14 +32,13 @@ struct StatementTransaction {
     std::string memo;
 };
 
-/// Characters of a text by 0-based position; fewer, or none, when the text is shorter.
+/// Characters of a text from a 0-based position; fewer, or none, if the text is shorter.
 std::string Characters(std::string_view text, std::size_t first, std::size_t count)
 {
     return Left(text.substr(ByteOffset(text, first)), count);
 }
 
-/// One run over one statement file. What it holds when an error leaves it tells the user where the
-/// reading stood.
+/// Reads one statement file. After an error, its members say which part of the file was being read.
 class OfxReader {
 public:
     OfxReader(clsDatabase& database, IImportHost& host, ImportCounts& counts)
@@ -47,16 +46,17 @@ public:
     {
     }
 
-    /// Reads the file up to its account. False when it names none.
-    bool FindAccount(const std::string& path);
-    const std::string& AccountID() const { return accountID_; }
-    /// False when the user cancels.
+    /// Takes the text of the file and reads it up to its account number. Returns false if it has
+    /// none.
+    bool FindAccount(std::string text);
+    [[nodiscard]] const std::string& AccountID() const { return accountID_; }
+    /// Returns false if the user cancels.
     bool CheckAccount() { return host_.CheckImportAccount(accountID_); }
     void ReadRows();
 
-    const std::string& Text() const { return text_; }
-    /// The piece that was being converted; empty when it was none.
-    const std::string& WorkingText() const { return working_; }
+    [[nodiscard]] const std::string& Text() const { return text_; }
+    /// The text that was being converted when an error occurred; empty if none was.
+    [[nodiscard]] const std::string& WorkingText() const { return working_; }
 
 private:
     void ReadTransactions();
@@ -74,21 +74,38 @@ private:
     ImportCounts& counts_;
     std::string text_;
     std::string working_;
-    std::size_t account_ = scan::None;  ///< where the file names it
+    std::size_t account_ = scan::kNone;  // offset of its number in the file
     std::string accountID_;
     Recordset rows_;
     Month last_;
 };
 
-bool OfxReader::FindAccount(const std::string& path)
+bool OfxReader::FindAccount(std::string text)
 {
-    text_ = ReadStatement(path);
+    text_ = std::move(text);
     account_ = scan::Find(text_, "<ACCTID>", ByteOffset(text_, kSearchStart));
-    if (account_ == scan::None)
+    if (account_ == scan::kNone)
         return false;
     accountID_ = scan::Value(text_, "<ACCTID>", account_);
     return true;
 }
+
+/// The fields of the rows, in the order of the statement below.
+struct Row {
+    enum Field : std::size_t {
+        AccountID,
+        PostDate,
+        Amount,
+        Description,
+        Fitid,
+        CheckID,
+        Period,
+        Year,
+        Category,
+        Notes,
+        Sequence
+    };
+};
 
 void OfxReader::ReadRows()
 {
@@ -101,8 +118,8 @@ void OfxReader::ReadRows()
     rows_.Close();
 }
 
-/// Every transaction behind the first account's number goes into that account, whichever statement
-/// of the file it stands in.
+/// Every transaction after the first account number goes into that account, in whichever statement
+/// of the file it is.
 void OfxReader::ReadTransactions()
 {
     std::size_t from = account_;
@@ -118,7 +135,7 @@ void OfxReader::ReadTransactions()
     }
 }
 
-/// On purpose the identifier is not doubled: a quote in it makes the criterion an error.
+/// On purpose, quotes in the identifier are not doubled: a quote makes the criterion an error.
 bool OfxReader::IsKnown(std::string_view fitid)
 {
     return clsDatabase::CanFind(rows_, "FITID = '" + std::string(fitid) + "'");
@@ -139,7 +156,7 @@ StatementTransaction OfxReader::Convert(std::string_view block)
     return transaction;
 }
 
-/// yyyymmdd and what may follow; time of day and zone are ignored.
+/// The stamp begins with yyyymmdd. Time of day and zone are ignored.
 void OfxReader::ConvertDate(std::string_view stamp, StatementTransaction& transaction)
 {
     transaction.month.year = ConvertLong(Characters(stamp, 0, 4));
@@ -180,20 +197,21 @@ void OfxReader::Add(const StatementTransaction& transaction)
 
 void OfxReader::SetFields(const StatementTransaction& transaction)
 {
-    rows_.Set("AccountID", accountID_);
-    rows_.Set("FITID", transaction.fitid);
-    rows_.Set("CheckID", transaction.checkID);
-    rows_.Set("Year", transaction.month.year);
-    rows_.Set("Period", transaction.month.period);
-    rows_.Set("PostDate", transaction.postDate);
-    rows_.Set("Amount", transaction.amount);
-    rows_.Set("Description", transaction.name);
-    rows_.Set("Notes", transaction.memo);
-    rows_.Set("Category", kNoCategory);
-    rows_.Set("Sequence", database_.GetNextSequence());
+    rows_.Set(Row::AccountID, accountID_);
+    rows_.Set(Row::Fitid, transaction.fitid);
+    rows_.Set(Row::CheckID, transaction.checkID);
+    rows_.Set(Row::Year, transaction.month.year);
+    rows_.Set(Row::Period, transaction.month.period);
+    rows_.Set(Row::PostDate, transaction.postDate);
+    rows_.Set(Row::Amount, transaction.amount);
+    rows_.Set(Row::Description, transaction.name);
+    rows_.Set(Row::Notes, transaction.memo);
+    rows_.Set(Row::Category, kNoCategory);
+    rows_.Set(Row::Sequence, database_.GetNextSequence());
 }
 
-/// Asked for at each change of month only: a statement's rows are mostly in order of date.
+/// Creates a month's budget line at each change of month only, because the rows of a statement are
+/// mostly in order of date.
 void OfxReader::ProvideBudgetLine(Month month)
 {
     if (month == last_)
@@ -202,13 +220,13 @@ void OfxReader::ProvideBudgetLine(Month month)
     database_.CreateBudgetEntry(kNoCategory, month.year, month.period, kNoCategory, Money());
 }
 
-/// The piece that was being converted. If the book takes no more rows, the reason: it is not in the
-/// file.
+/// The text to show for an error: the text that was being converted or, if the book cannot take
+/// more rows, the error's own message.
 std::string WorkingText(const OfxReader& reader, const RuntimeError& error)
 {
     const auto* const engine = dynamic_cast<const EngineError*>(&error);
-    const bool refused = dynamic_cast<const NumbersUsedUp*>(&error) ||
-                         (engine && engine->Number() == engine_errors::Constraint);
+    const bool refused = dynamic_cast<const NumbersUsedUp*>(&error) != nullptr ||
+                         (engine != nullptr && engine->Number() == engine_errors::Constraint);
     return refused ? error.what() : reader.WorkingText();
 }
 
@@ -216,29 +234,34 @@ std::string WorkingText(const OfxReader& reader, const RuntimeError& error)
 
 void modImport::ImportOFX(const std::string& path)
 {
+    ImportMarkup([&] { return ReadStatement(path); });
+}
+
+void modImport::ImportMarkup(const std::function<std::string()>& readText)
+{
     counts_ = {};
     ForgetBalances();
     OfxReader reader(database_, host_, counts_);
-    const auto told = [&](const auto& read) {
+    const auto succeeds = [&](const auto& read) {
         try {
             return read();
         } catch (const RuntimeError& error) {
             StoreBalances();
             messages_.Show("Invalid data was found while importing:\n" +
                                WorkingText(reader, error) + "\n" + reader.Text(),
-                           box_style::Exclamation, product::Title);
+                           box_style::Exclamation, product::kTitle);
             return false;
         }
     };
-    // What is not told so is not about the statement's data: it ends the command.
-    if (!told([&] { return reader.FindAccount(path); }))
+    // Any other error is not about the data of the statement and ends the command.
+    if (!succeeds([&] { return reader.FindAccount(readText()); }))
         return;
     KeepFileBeforeMapping(reader.AccountID());
-    if (!told([&] { return reader.CheckAccount(); }))
+    if (!succeeds([&] { return reader.CheckAccount(); }))
         return;
     database_.Lock();
     NoteFormerBalances();
-    told([&] {
+    succeeds([&] {
         reader.ReadRows();
         return true;
     });

@@ -1,6 +1,6 @@
 // Reading QIF files:
 //
-//   "!Type:Bank" ... -> transactions: D T N M P L, "^" adds the row unless the account holds it
+//   "!Type:Bank" ... -> transactions: D T N M P L, "^" adds the row unless the account has it
 //   any other "!"    -> categories:   N B, "^" makes a budget line of the month shown
 
 #include <cmath>
@@ -13,8 +13,8 @@
 #include "base/Text.h"
 #include "data/NoCategory.h"
 #include "data/clsDatabase.h"
+#include "import/EarlierRecords.h"
 #include "import/FileLines.h"
-#include "import/HeldRecords.h"
 #include "import/Messages.h"
 #include "import/StatementFile.h"
 #include "import/modImport.h"
@@ -25,12 +25,12 @@ namespace clb {
 namespace {
 
 constexpr std::int32_t kTextLength = 50;
-/// From so many on, a file is taken for one that repeats much of its account.
+/// After so many duplicates, the file probably repeats much of its account.
 constexpr std::int32_t kManyDuplicates = 200;
 
 enum class Section { Ignored, Transactions, Categories };
 
-/// Compared with the whole line: a header with anything behind it is one of another kind.
+/// Compares the whole line. A header with anything after it has another kind.
 Section SectionOf(std::string_view header)
 {
     for (const char* known : {"!Type:Bank", "!Type:Cash", "!Type:CCard", "!Type:Oth L",
@@ -41,8 +41,8 @@ Section SectionOf(std::string_view header)
 }
 
 struct QifRecord {
-    MoneySum sum;  ///< of the amounts so far
-    Money amount;  ///< the sum, once the record has ended
+    MoneySum sum;  ///< of the amounts read so far
+    Money amount;  ///< the sum, after the record has ended
     std::string checkID;
     std::string memo;
     std::string payee;
@@ -50,32 +50,32 @@ struct QifRecord {
     std::string group;
 };
 
-/// Where the rows of a run go and how its dates are read.
-struct QifRun {
+/// The account of an import, the identifier of its rows, and the format of its dates.
+struct QifImport {
     std::string accountID;
-    std::string identifier;  ///< tells its rows from those that were there before
+    std::string identifier;  ///< differs from those of all earlier imports
     DateText::Order dateOrder = DateText::Order::MonthDayYear;
 };
 
-/// One run over one QIF file.
+/// Reads one QIF file.
 class QifReader {
 public:
-    QifReader(clsDatabase& database, const clsView& view, IImportHost& host, QifRun run,
+    QifReader(clsDatabase& database, const clsView& view, IImportHost& host, QifImport target,
               ImportCounts& counts)
         : database_(database),
           view_(view),
           host_(host),
-          run_(std::move(run)),
+          target_(std::move(target)),
           counts_(counts),
-          held_(database, run_.accountID, run_.identifier)
+          earlier_(database, target_.accountID, target_.identifier)
     {
     }
 
     void Read(std::string_view text);
-    /// The lines that could not be used, each after a line feed.
-    const std::string& Skipped() const { return skipped_; }
-    /// Why the book took no more rows; empty if it took all.
-    const std::string& UsedUp() const { return usedUp_; }
+    /// The lines that could not be used, each with a line feed before it.
+    [[nodiscard]] const std::string& Skipped() const { return skipped_; }
+    /// Why the book could not take more rows; empty if it took all.
+    [[nodiscard]] const std::string& UsedUp() const { return usedUp_; }
 
 private:
     void HandleLine(std::string_view line);
@@ -84,16 +84,16 @@ private:
     void EndRecord();
     void EndTransaction();
     void EndCategory();
-    bool IsHeld();
-    std::string DuplicateQuery() const;
+    bool IsKnownDuplicate();
+    [[nodiscard]] std::string DuplicateQuery() const;
     void AddRow(Recordset& rows, Month month);
 
     clsDatabase& database_;
     const clsView& view_;
     IImportHost& host_;
-    QifRun run_;
+    QifImport target_;
     ImportCounts& counts_;
-    HeldRecords held_;
+    EarlierRecords earlier_;
     Section section_ = Section::Ignored;
     QifRecord record_;
     Date postDate_;  // kept from record to record
@@ -143,7 +143,7 @@ void QifReader::HandleField(char letter, std::string_view value)
 {
     switch (letter) {
         case 'D': {
-            const auto date = DateText::InOrder(Replace(value, "'", "/"), run_.dateOrder);
+            const auto date = DateText::InOrder(Replace(value, "'", "/"), target_.dateOrder);
             if (!date)
                 throw TypeMismatch();
             postDate_ = *date;
@@ -187,17 +187,17 @@ void QifReader::EndRecord()
         EndCategory();
 }
 
-/// Sure of what is there only. On purpose a check number stands undoubled in the query: a quote in
-/// it is left to that.
-bool QifReader::IsHeld()
+/// A quick check: true only if the account certainly has the record. A check number with a quote is
+/// left to DuplicateQuery, where on purpose the quote is not doubled.
+bool QifReader::IsKnownDuplicate()
 {
     return counts_.duplicates >= kManyDuplicates &&
            record_.checkID.find('\'') == std::string::npos &&
-           held_.Hold({postDate_, record_.amount, record_.memo, record_.checkID});
+           earlier_.Contains({postDate_, record_.amount, record_.memo, record_.checkID});
 }
 
-/// The account's rows that are this record, but for those of this run: one file may hold two equal
-/// records.
+/// Selects the account's rows that equal this record. Rows of this import do not count, because one
+/// file may contain two equal records.
 std::string QifReader::DuplicateQuery() const
 {
     const auto quoted = [](const std::string& text) {
@@ -207,20 +207,21 @@ std::string QifReader::DuplicateQuery() const
         record_.checkID.empty() ? "" : " AND CheckID = '" + record_.checkID + "'";
     return "SELECT AccountID, FITID, PostDate, Amount, Description, CheckID, Period, Year, "
            "Category, PayeeName AS Notes, Sequence FROM Trans WHERE AccountID = " +
-           quoted(run_.accountID) + " AND PostDate = #" + postDate_.ToIso() +
+           quoted(target_.accountID) + " AND PostDate = #" + postDate_.ToIso() +
            "# AND Amount = " + record_.amount.ToText() + check +
-           " AND PayeeName = " + quoted(record_.memo) + " AND FITID <> '" + run_.identifier + "'";
+           " AND PayeeName = " + quoted(record_.memo) + " AND FITID <> '" + target_.identifier +
+           "'";
 }
 
 void QifReader::EndTransaction()
 {
     Recordset rows;
-    bool held = IsHeld();
-    if (!held) {
+    bool known = IsKnownDuplicate();
+    if (!known) {
         database_.Fill(rows, DuplicateQuery(), false);
-        held = !rows.Empty();
+        known = !rows.Empty();
     }
-    if (held) {
+    if (known) {
         ++counts_.duplicates;
         return;
     }
@@ -233,8 +234,8 @@ void QifReader::EndTransaction()
 void QifReader::AddRow(Recordset& rows, Month month)
 {
     rows.AddNew();
-    rows.Set("AccountID", run_.accountID);
-    rows.Set("FITID", run_.identifier);
+    rows.Set("AccountID", target_.accountID);
+    rows.Set("FITID", target_.identifier);
     rows.Set("Year", month.year);
     rows.Set("Period", month.period);
     rows.Set("PostDate", postDate_);
@@ -247,7 +248,7 @@ void QifReader::AddRow(Recordset& rows, Month month)
     rows.Update();
 }
 
-/// Always into the month that is shown, whatever the file says.
+/// The budget line always goes into the month that is shown, even if the file names another one.
 void QifReader::EndCategory()
 {
     if (record_.category == kNoCategory && record_.amount == Money())
@@ -258,7 +259,8 @@ void QifReader::EndCategory()
 
 }  // namespace
 
-/// Date, time and tick count; numbered where it is the last one's tick: small files take less.
+/// Date, time and tick count. Imports in the same tick also get a number, because a small file
+/// takes less than a tick.
 std::string modImport::NewRun()
 {
     std::string run = clock_.Now().ToIso() + " " + std::to_string(clock_.TickCount());
@@ -276,17 +278,17 @@ void modImport::ImportQIF(const std::string& path)
         return;
     QifReader reader(database_, view_, host_, {accountID, NewRun(), dateOrder_}, counts_);
     const std::string text = ReadStatement(path);
-    // The file is kept whole or not at all.
+    // Either all rows of the file are stored or none.
     database_.Database().Group();
     NoteFormerBalances();
     reader.Read(text);
     if (reader.Skipped().empty())
         return;
     StoreBalances();
-    messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, product::Title);
-    // The lines alone do not say that nothing is wrong with them.
+    messages_.Show(kLinesSkipped + reader.Skipped(), box_style::Exclamation, product::kTitle);
+    // The lines may be correct, so the reason is shown as well.
     if (!reader.UsedUp().empty())
-        messages_.Show(reader.UsedUp(), box_style::Exclamation, product::Title);
+        messages_.Show(reader.UsedUp(), box_style::Exclamation, product::kTitle);
 }
 
 }  // namespace clb

@@ -2,6 +2,7 @@
 #pragma once
 #include <cstdint>
 #include <ctime>
+#include <string>
 
 #include "ports/IClock.h"
 
@@ -28,6 +29,10 @@ private:
     Date now_;
     SystemClock system_;
 };
+
+/// Checks the moment at which a clock is to be stopped: a message if the text is not of the form
+/// YYYY-MM-DDThh:mm:ss, else empty.
+[[nodiscard]] std::string CheckMoment(const std::string& text);
 
 /// The machine's time zone at a moment, from the C library. If the zone has no daylight time in
 /// that year, its state is Unknown and both extra biases are 0.

@@ -8,10 +8,12 @@ namespace clb {
 
 /// The flags of a file dialog that the program uses.
 namespace file_flags {
-inline constexpr std::int32_t OverwritePrompt = 2;
-inline constexpr std::int32_t HideReadOnly = 4;
-inline constexpr std::int32_t PathMustExist = 2048;
-inline constexpr std::int32_t FileMustExist = 4096;
+enum : std::int32_t {
+    OverwritePrompt = 2,
+    HideReadOnly = 4,
+    PathMustExist = 2048,
+    FileMustExist = 4096
+};
 }  // namespace file_flags
 
 /// How a file dialog opens.

@@ -10,12 +10,14 @@ enum class BoxAnswer { OK, Cancel, Yes, No };
 
 /// The style of a message box: one icon plus one set of buttons.
 namespace box_style {
-inline constexpr std::int32_t OkOnly = 0;
-inline constexpr std::int32_t YesNo = 4;
-inline constexpr std::int32_t Critical = 16;
-inline constexpr std::int32_t Question = 32;
-inline constexpr std::int32_t Exclamation = 48;
-inline constexpr std::int32_t Information = 64;
+enum : std::int32_t {
+    OkOnly = 0,
+    YesNo = 4,
+    Critical = 16,
+    Question = 32,
+    Exclamation = 48,
+    Information = 64
+};
 
 /// The part of a style that names the buttons.
 constexpr std::int32_t Buttons(std::int32_t style)

@@ -11,15 +11,15 @@
 namespace clb {
 namespace {
 
-/// A price that came for a row of the holdings.
-struct CameIn {
+/// The price that was fetched for a row of the holdings.
+struct FetchedPrice {
     std::size_t row = 0;
     std::string symbol;
     Money price;
 };
 
-/// The command Update Quotes, from the first request to the last stored price. The requests may
-/// take long, so the book is locked only when the last answer is there.
+/// The command from the first request to the last stored price. The requests may take long, so the
+/// book is not locked until the last answer has come.
 class Update {
 public:
     Update(clsDatabase& database, IQuoteHost& host, IHttpClient& http, const std::string& service)
@@ -28,22 +28,22 @@ public:
         database_.Fill(holdings_, "SELECT StockSymbol, LastPrice FROM Investment", false);
     }
 
-    /// Asks for every holding. Throws RuntimeError for the first one that fails; the answers before
-    /// it are kept.
+    /// Requests the price of every holding. Throws RuntimeError at the first failure. The prices
+    /// fetched before it are kept.
     void Ask()
     {
         const auto whole = static_cast<std::size_t>(holdings_.RecordCount());
         for (std::size_t row = 0; row < whole; ++row)
             AskFor(row, whole);
     }
-    /// Stores what came. A holding that another program has deleted meanwhile, or given another
-    /// symbol, is left alone.
+    /// Stores the fetched prices. Skips a holding that another program has meanwhile deleted or
+    /// given another symbol.
     void Store()
     {
-        if (cameIn_.empty())
+        if (fetched_.empty())
             return;
         database_.Lock();
-        for (const CameIn& answer : cameIn_)
+        for (const FetchedPrice& answer : fetched_)
             if (IsStillThere(answer)) {
                 holdings_.MoveTo(answer.row);
                 holdings_.Set("LastPrice", answer.price);
@@ -59,9 +59,9 @@ private:
         quote_.Symbol(symbol);
         // A price that is not a number ends the command.
         if (quote_.Change() != "N/A")
-            cameIn_.push_back({row, symbol, ToMoney(quote_.Quote())});
+            fetched_.push_back({row, symbol, ToMoney(quote_.Quote())});
     }
-    bool IsStillThere(const CameIn& answer)
+    bool IsStillThere(const FetchedPrice& answer)
     {
         try {
             holdings_.Reread(answer.row);
@@ -79,26 +79,26 @@ private:
     IQuoteHost& host_;
     clsStockQuote quote_;
     Recordset holdings_;
-    std::vector<CameIn> cameIn_;
+    std::vector<FetchedPrice> fetched_;
 };
 
-/// Whether all of it went well. Prices that came before a failure are stored.
+/// Returns whether every price was fetched and stored. Stores those fetched before a failure.
 bool StoreLastPrices(clsDatabase& database, IQuoteHost& host, IHttpClient& http,
                      const std::string& service)
 {
-    bool answered = true;
+    bool allFetched = true;
     try {
         Update update(database, host, http, service);
         try {
             update.Ask();
         } catch (const RuntimeError&) {
-            answered = false;
+            allFetched = false;
         }
         update.Store();
     } catch (const RuntimeError&) {
         return false;
     }
-    return answered;
+    return allFetched;
 }
 
 }  // namespace

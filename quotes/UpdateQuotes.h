@@ -1,3 +1,4 @@
+// The command Update Quotes.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -10,23 +11,24 @@ namespace clb {
 class clsDatabase;
 class IHttpClient;
 
-/// The main window, as the quotes see it.
+/// The main window as the command uses it.
 class IQuoteHost {
 public:
     virtual ~IQuoteHost() = default;
     /// First panel of the status bar.
     [[nodiscard]] virtual std::string StatusText() const = 0;
     virtual void StatusText(const std::string& text) = 0;
-    /// Draws at once what has changed: the requests leave no time for it.
+    /// Draws what has changed at once, because the requests block.
     virtual void Repaint() = 0;
     virtual void Pointer(std::int32_t code) = 0;
-    /// The symbol is asked for; so many of the whole were asked for before.
+    /// Called before the request for a symbol. `part` of `whole` symbols have been requested
+    /// before.
     virtual void QuoteProgress(std::size_t part, std::size_t whole, const std::string& symbol) = 0;
 };
 
-/// The command Update Quotes: fetches one quote for each holding and stores its last price. A
-/// holding without a proper quote keeps its price. A failure is told to the user and ends the
-/// command; prices stored before stay, status text and pointer are put back.
+/// Fetches a quote for each holding and stores its last price. A holding without a valid quote
+/// keeps its price. A failure is reported to the user and ends the command: the prices fetched
+/// before it are stored, and status text and pointer are restored.
 void UpdateQuotes(clsDatabase& database, IQuoteHost& host, IMessageBox& messages, IHttpClient& http,
                   const std::string& service, const std::string& title);
 

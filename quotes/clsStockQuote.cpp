@@ -10,7 +10,8 @@
 namespace clb {
 namespace {
 
-/// Whole number with digit grouping; another text as it stands, and so a number too large to count.
+/// Rounds a number and groups its digits. Returns any other text, and a number that is too large,
+/// unchanged.
 std::string GroupedVolume(const std::string& field)
 {
     const auto number = Numeric::Read(field);
@@ -53,7 +54,7 @@ void clsStockQuote::Symbol(const std::string& symbol)
 std::string clsStockQuote::FetchUrl(const std::string& url)
 {
     std::string answer = http_.Get(url).value_or("");
-    // The answer is one line; its end belongs to no field.
+    // The answer is one line. Its line end is not part of a field.
     answer.erase(answer.find_last_not_of("\r\n") + 1);
     return answer;
 }

@@ -1,3 +1,4 @@
+// A stock's quote from the quote service.
 #pragma once
 #include <string>
 #include <vector>
@@ -6,15 +7,15 @@ namespace clb {
 
 class IHttpClient;
 
-/// One stock's quote, as texts of the quote service. Writing the symbol fetches it; a fetch without
-/// a proper answer leaves the cleared state: Quote "0.00", everything else "N/A".
+/// A stock's quote, in the texts of the quote service. Setting the symbol fetches the quote. If the
+/// answer is not valid, Quote is "0.00" and everything else "N/A".
 class clsStockQuote {
 public:
     /// service: scheme, host and port, e.g. "http://127.0.0.1:8271". The client is borrowed.
     clsStockQuote(IHttpClient& http, std::string service);
 
     [[nodiscard]] const std::string& Symbol() const { return symbol_; }
-    /// Stores the symbol and fetches its quote. Throws PortError when the request cannot be made.
+    /// Stores the symbol and fetches its quote. Throws PortError if the request cannot be made.
     void Symbol(const std::string& symbol);
 
     [[nodiscard]] const std::string& Quote() const { return quote_; }
@@ -26,7 +27,7 @@ public:
     [[nodiscard]] const std::string& DayLow() const { return dayLow_; }
     [[nodiscard]] const std::string& Bid() const { return bid_; }
     [[nodiscard]] const std::string& Ask() const { return ask_; }
-    /// With digit grouping when it is a number.
+    /// With digit grouping if it is a number.
     [[nodiscard]] const std::string& Volume() const { return volume_; }
     [[nodiscard]] const std::string& PercentageChange() const { return percentageChange_; }
 

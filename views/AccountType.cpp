@@ -1,6 +1,7 @@
 // The view of the accounts of one type.
 
 #include "data/ViewColumns.h"
+#include "views/MenuNames.h"
 #include "views/ViewDefinition.h"
 
 namespace clb {
@@ -18,7 +19,7 @@ constexpr ViewColumn kColumns[] = {
     {.column = AccountType::Type, .hidden = true},
 };
 
-constexpr EmptyText::Way kWays[] = {{"New account", "mnuE_New"}};
+constexpr EmptyText::Way kWays[] = {{"New account", command_name::kNew}};
 
 constexpr EmptyText kEmpty{"No accounts of this type", "Enter one in the line above.", kWays};
 

@@ -4,6 +4,7 @@
 
 #include "data/BudgetFigures.h"
 #include "data/ViewColumns.h"
+#include "views/MenuNames.h"
 #include "views/ViewDefinition.h"
 
 namespace clb {
@@ -80,8 +81,8 @@ constexpr ViewColumn kColumns[] = {
 constexpr GroupDefinition kByGroup{Budget::CategoryGroup,
                                    "GroupingValue & ' (' & TotalChildCount & ' items)'"};
 
-constexpr EmptyText::Way kWays[] = {{"Copy the previous month's budget", "mnuE_Copy"},
-                                    {"New category", "mnuE_New"}};
+constexpr EmptyText::Way kWays[] = {{"Copy the previous month's budget", command_name::kCopy},
+                                    {"New category", command_name::kNew}};
 
 constexpr EmptyText kEmpty{"No budget for {month}",
                            "Enter a category and its amount in the line above, or start from the "

@@ -2,6 +2,7 @@
 
 #include "data/AccountKind.h"
 #include "data/ViewColumns.h"
+#include "views/MenuNames.h"
 #include "views/ViewDefinition.h"
 
 namespace clb {
@@ -19,7 +20,7 @@ constexpr ViewColumn kColumns[] = {
     {.column = Holdings::Sequence, .hidden = true},
 };
 
-constexpr EmptyText::Way kWays[] = {{"New holding", "mnuE_New"}};
+constexpr EmptyText::Way kWays[] = {{"New holding", command_name::kNew}};
 
 constexpr EmptyText kEmpty{"No holdings yet", "Enter one in the line above.", kWays};
 

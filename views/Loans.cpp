@@ -2,6 +2,7 @@
 
 #include "data/AccountKind.h"
 #include "data/ViewColumns.h"
+#include "views/MenuNames.h"
 #include "views/ViewDefinition.h"
 
 namespace clb {
@@ -24,7 +25,7 @@ constexpr ViewColumn kColumns[] = {
     {.column = Loans::Balance, .caption = "Balance", .fillsRest = true, .calculated = true},
 };
 
-constexpr EmptyText::Way kWays[] = {{"New loan", "mnuE_New"}};
+constexpr EmptyText::Way kWays[] = {{"New loan", command_name::kNew}};
 
 constexpr EmptyText kEmpty{"No loans yet", "Enter one in the line above.", kWays};
 

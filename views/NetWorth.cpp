@@ -2,6 +2,7 @@
 
 #include "data/AccountKind.h"
 #include "data/ViewColumns.h"
+#include "views/MenuNames.h"
 #include "views/ViewDefinition.h"
 
 namespace clb {
@@ -15,7 +16,7 @@ std::vector<GridValueItem> AccountTypes(clsDatabase& /*data*/, const ShownMonth&
     return types;
 }
 
-constexpr ColumnList kTypes{{cell_control::DropDown, 5, 0}, AccountTypes};
+constexpr ColumnList kTypes{{cell_control::kDropDown, 5, 0}, AccountTypes};
 
 constexpr ViewColumn kColumns[] = {
     {.column = NetWorth::Description, .caption = "Description", .part = 0.3},
@@ -29,8 +30,8 @@ constexpr ViewColumn kColumns[] = {
     {.column = NetWorth::Sequence, .hidden = true},
 };
 
-constexpr EmptyText::Way kWays[] = {{"New account", "mnuE_New"},
-                                    {"Import a statement", "mnuF_Import"}};
+constexpr EmptyText::Way kWays[] = {{"New account", command_name::kNew},
+                                    {"Import a statement", command_name::kImport}};
 
 constexpr EmptyText kEmpty{"No accounts yet",
                            "Enter your first account in the line above, or import a statement of "

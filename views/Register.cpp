@@ -2,6 +2,7 @@
 
 #include "data/ViewColumns.h"
 #include "data/clsDatabase.h"
+#include "views/MenuNames.h"
 #include "views/ViewDefinition.h"
 
 namespace clb {
@@ -22,7 +23,7 @@ std::vector<GridValueItem> Categories(clsDatabase& data, const ShownMonth& month
     return categories;
 }
 
-constexpr ColumnList kCategories{{cell_control::ComboBox, 5, 2000}, Categories};
+constexpr ColumnList kCategories{{cell_control::kComboBox, 5, 2000}, Categories};
 
 constexpr ViewColumn kColumns[] = {
     {.column = Register::PostDate, .caption = "Date", .part = 0.12},
@@ -39,8 +40,8 @@ constexpr ViewColumn kColumns[] = {
     {.column = Register::SubSequence, .hidden = true},
 };
 
-constexpr EmptyText::Way kWays[] = {{"New transaction", "mnuE_New"},
-                                    {"Import a statement", "mnuF_Import"}};
+constexpr EmptyText::Way kWays[] = {{"New transaction", command_name::kNew},
+                                    {"Import a statement", command_name::kImport}};
 
 constexpr EmptyText kEmpty{"No transactions in {month}",
                            "Enter one in the line above, import a statement, or go to another "

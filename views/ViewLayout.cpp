@@ -60,7 +60,7 @@ void ViewLayout::SetColumn(const ViewColumn& column)
 void ViewLayout::AddCalculated(const ViewColumn& column)
 {
     GridColumn added;
-    added.alignment = added.headingAlignment = grid_align::Right;
+    added.alignment = added.headingAlignment = grid_align::kRight;
     added.dataType = FieldType::Double;
     added.fetchCellStyle = true;
     GridColumns& columns = targets_.grid.Columns();
@@ -73,7 +73,7 @@ void ViewLayout::GroupBy(const GroupDefinition& group)
 {
     targets_.grid.Groups().push_back(
         {group.column, group.heading, kHeadingAndFooter, kFooterFetched});
-    targets_.grid.Styles()["GroupFooter"].backColor = system_color::ButtonFace;
+    targets_.grid.Styles()["GroupFooter"].backColor = system_color::kButtonFace;
     targets_.grid.Regroup();
 }
 
@@ -92,7 +92,7 @@ void ViewLayout::WidthsByHand(const HandWidths& widths)
     handWidths_ = widths;
     for (auto& [view, columns] : handWidths_)
         for (auto& [column, pixels] : columns)
-            pixels = std::clamp(pixels, GridComponent::LeastWidth, kMostByHand);
+            pixels = std::clamp(pixels, GridComponent::kLeastWidth, kMostByHand);
 }
 
 void ViewLayout::SetColWidths(const ViewDefinition& view)
@@ -101,7 +101,7 @@ void ViewLayout::SetColWidths(const ViewDefinition& view)
     if (view.columns.empty() || columns.Count() == 0)
         return;
     const std::int32_t usable =
-        std::max(0, targets_.grid.Width() - grid_metrics::Selector - grid_metrics::ScrollBar);
+        std::max(0, targets_.grid.Width() - grid_metrics::kSelector - grid_metrics::kScrollBar);
     for (const ViewColumn& column : view.columns)
         if (column.part > 0)
             columns.Item(column.column).width =
@@ -134,7 +134,7 @@ void ViewLayout::PlaceBelow(TextBox& box, std::int32_t column, std::int32_t leas
     const GridColumns& columns = grid.Columns();
     const std::int32_t width = std::max(columns.Item(column).width - kMargin, leastWidth);
     const std::int32_t end =
-        grid.Left() + grid_metrics::Selector + columns.Left(column) + columns.Item(column).width;
+        grid.Left() + grid_metrics::kSelector + columns.Left(column) + columns.Item(column).width;
     // Columns that were made wider by hand may reach beyond the grid's edge.
     const std::int32_t right = std::min(end, grid.Left() + grid.Width()) - kMargin;
     SetLeftAndWidth(box, std::max(grid.Left(), right - width), width);

@@ -1,17 +1,18 @@
 // The controls of the main window that a view sets.
 #pragma once
+#include <functional>
 #include <string>
 
-#include "controls/Commands.h"
 #include "controls/Form.h"
 #include "controls/Inputs.h"
 #include "controls/Tree.h"
 #include "grid/CVGrid.h"
 #include "ports/IMessageBox.h"
+#include "views/Enabled.h"
 
 namespace clb {
 
-/// All borrowed; they outlive the view.
+/// All are borrowed and outlive the view.
 struct ViewTargets {
     Form& window;
     CVGrid& grid;
@@ -21,8 +22,7 @@ struct ViewTargets {
     TextBox& txtTotal2;
     ListBox& cmbPeriod;
     TextBox& txtYear;
-    MenuBar& menus;
-    Toolbar& toolbar;
+    std::function<void(const EnabledNow&)> enable;  ///< enables the commands that fit
     StatusBar& statusBar;
     IMessageBox& messages;
     std::string title;  ///< of message boxes

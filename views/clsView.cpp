@@ -92,7 +92,7 @@ void clsView::ShowNothing(const char* why) noexcept
     Quietly([&] { grid.DataSource(nullptr); });
     Quietly([&] { whyEmpty_ = why; });
     // Without a view there are no totals that could be others, and those shown stay.
-    if (view_ >= vwNetWorth && view_ <= vwLoan) {
+    if (Definition().view != 0) {
         Quietly([this] { targets_.lblTotal.Caption(""); });
         Quietly([this] { targets_.txtTotal.Text(""); });
         Quietly([this] { targets_.txtTotal2.Text(""); });
@@ -202,12 +202,6 @@ void clsView::DecideExport()
     accountType_ = ToText(targets_.grid.ColumnValue(view.accounts->type));
 }
 
-void clsView::EnableItem(const char* item, bool enabled)
-{
-    if (MenuItem* line = targets_.menus.Find(item))
-        line->Enabled(enabled);
-}
-
 bool clsView::GridHasFocus() const
 {
     return targets_.window.Focus() == &targets_.grid;
@@ -227,19 +221,12 @@ void clsView::EnableDisable()
     const bool editing = targets_.grid.Editing();
     const bool inGrid = GridHasFocus();
     const bool hasRow = OnStoredRow();
-    const bool canNew = !inGrid || hasRow;
-    const bool canDelete = inGrid && hasRow && !editing;
-    const bool onTransaction = inGrid && hasRow && Definition().transactions;
-
-    EnableItem("mnuE_New", canNew);
-    EnableItem("mnuE_Delete", canDelete);
-    for (const char* item : {"mnuE_MovePrev", "mnuE_MoveNext", "mnuE_Split"})
-        EnableItem(item, onTransaction);
+    targets_.enable({.offNewRow = !inGrid || hasRow,
+                     .onStoredRow = inGrid && hasRow && !editing,
+                     .onTransaction = inGrid && hasRow && Definition().transactions,
+                     .onExportable = HasTransactions(accountType_) && exportAllowed_ && !editing});
     targets_.statusBar.Panel(1, inGrid ? "Double click or press F2 to edit cell content."
                                        : "Select an item to work with.");
-    targets_.toolbar.ButtonEnabled("New", canNew);
-    targets_.toolbar.ButtonEnabled("Delete", canDelete);
-    EnableItem("mnuF_Export", HasTransactions(accountType_) && exportAllowed_ && !editing);
 }
 
 }  // namespace clb

@@ -118,7 +118,6 @@ private:
     void DecideExport();
     bool OnStoredRow();
     [[nodiscard]] bool GridHasFocus() const;
-    void EnableItem(const char* item, bool enabled);
 
     ViewTargets targets_;
     AccountTree accountTree_;

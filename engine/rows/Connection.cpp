@@ -5,41 +5,41 @@
 #include "engine/rows/Session.h"
 #include "engine/sql/Schema.h"
 #include "engine/storage/ConnectionString.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 #include "files/FileError.h"
 #include "files/WholeFile.h"
 
 namespace clb {
 namespace {
 
-void RunWrite(Connection::State& state, const StatementCache::Entry& entry)
+void RunWrite(Connection::State& state, const PlanCache::Entry& entry)
 {
     state.BeginWrite();
-    Statement& statement = entry.plan->statement;
+    Query& query = entry.plan->query;
     for (std::size_t i = 0; i < entry.values->size(); ++i)
-        statement.Bind(static_cast<int>(i) + 1, (*entry.values)[i]);
+        query.Bind(static_cast<int>(i) + 1, (*entry.values)[i]);
     if (entry.plan->numberedTable.empty())
-        state.StepWrite(statement);
+        state.StepWrite(query);
     else
-        state.StepInsert(statement, entry.plan->numberedTable);
+        state.StepInsert(query, entry.plan->numberedTable);
 }
 
-/// The table that a statement makes, changes or removes; null for an index.
-const std::string* TableOf(const DdlStatement& ddl)
+/// The table that a query makes, changes or removes; null for an index.
+const std::string* TableOf(const DdlQuery& ddl)
 {
     return std::visit(
-        [](const auto& statement) -> const std::string* {
-            using Kind = std::decay_t<decltype(statement)>;
-            if constexpr (std::is_same_v<Kind, CreateIndexStatement> ||
-                          std::is_same_v<Kind, DropIndexStatement>)
+        [](const auto& query) -> const std::string* {
+            using Kind = std::decay_t<decltype(query)>;
+            if constexpr (std::is_same_v<Kind, CreateIndexQuery> ||
+                          std::is_same_v<Kind, DropIndexQuery>)
                 return nullptr;
             else
-                return &statement.table;
+                return &query.table;
         },
         ddl);
 }
 
-void RunDdl(Connection::State& state, const DdlStatement& ddl)
+void RunDdl(Connection::State& state, const DdlQuery& ddl)
 {
     state.BeginWrite();
     const std::size_t seen = state.watch != nullptr ? state.watch->Seen() : 0;
@@ -119,6 +119,26 @@ bool Connection::ChangedElsewhere()
     return state_->ChangedElsewhere();
 }
 
+Connection::Contents Connection::ContentsNow()
+{
+    state_->RequireOpen();
+    Contents contents;
+    contents.groups = state_->groups;
+    // First, so that what is written in between changes it.
+    contents.header = state_->database.HeaderUnlocked();
+    contents.elsewhere = state_->DataVersion();
+    return contents;
+}
+
+bool Connection::IsUnchanged(const Contents& since)
+{
+    state_->RequireOpen();
+    if (state_->groups != since.groups)
+        return false;
+    const std::string header = state_->database.HeaderUnlocked();
+    return (!header.empty() && header == since.header) || state_->DataVersion() == since.elsewhere;
+}
+
 void Connection::Settle()
 {
     state_->Settle();
@@ -133,6 +153,11 @@ void Connection::Watch(IChangeWatch* watch)
 bool Connection::LostGroup() const
 {
     return state_->LostGroup();
+}
+
+bool Connection::Traced() const
+{
+    return static_cast<bool>(state_->trace);
 }
 
 void Connection::Trace(std::function<void(std::string_view)> sink)

@@ -1,4 +1,6 @@
+// The connection to a database file.
 #pragma once
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -10,13 +12,13 @@ namespace clb {
 
 class IChangeWatch;
 
-/// The connection to one database file. One thread; other programs may read and write the same
-/// file.
+/// The connection to one database file. For one thread only. Other programs may read and write the
+/// same file.
 ///
-/// Every statement takes effect by itself. What was written is kept in one pending group until
-/// Settle(), which makes it durable; a program that is killed before leaves the file as it was at
-/// the last Settle(). An error in writing the file loses the whole group; until the next Settle()
-/// nothing more is written then, every attempt throws that error again.
+/// Each query takes effect by itself. What it writes stays in one pending group until Settle()
+/// makes it durable. If the program is killed before that, the file is as it was at the last
+/// Settle(). An error in writing the file loses the whole group. After such an error every attempt
+/// to write throws the same error until the next Settle().
 class Connection {
 public:
     Connection();
@@ -26,46 +28,58 @@ public:
 
     /// Opens the existing file named by "Data Source=" in a connection string such as
     /// "Provider=...;Data Source=/home/me/books\db\clb.mdb;Persist Security Info=False". Both kinds
-    /// of slashes divide folders. Throws EngineError, also when the file is missing, locked or
+    /// of slashes separate folders. Throws EngineError, also if the file is missing, locked or
     /// damaged.
     void Open(std::string_view connectionString);
     [[nodiscard]] bool IsOpen() const;
 
-    /// Runs one statement of the dialect. The result holds the rows of a SELECT, read-only; it is
-    /// closed for other statements. Throws EngineError, with nothing changed.
+    /// Runs one query of the dialect. Returns the rows of a SELECT, read-only, or a closed result
+    /// set for other queries. Throws EngineError and changes nothing then.
     Recordset Execute(std::string_view sql);
 
-    /// Opens the pending group now instead of at the first write, for a command that reads and
-    /// writes a great many times: the file is locked once for all of it. It is kept whole or not at
-    /// all: trouble with the file loses it. Throws EngineError when the file is locked or
-    /// read-only.
+    /// Opens the pending group now instead of at the first write. For a command that reads and
+    /// writes very often: the file is locked only once. The group is kept completely or not at all;
+    /// an error of the file loses it. Throws EngineError if the file is locked or read-only.
     void Group();
-    /// Takes the write lock before the first read of a command that will write by what it reads,
-    /// and keeps it until Settle() or Abandon(): nobody else writes in between. Waits for a program
-    /// that is soon done. Does nothing while the pending group is open. Throws EngineError
-    /// (FileTrouble::Locked) when the other program is not done in time.
+    /// Takes the write lock until Settle() or Abandon(), so that no other program writes in
+    /// between. Call it before the first read of a command that writes depending on what it reads.
+    /// Waits for another program for some time. Does nothing while the pending group is open.
+    /// Throws EngineError (FileTrouble::Locked) if the other program takes too long.
     void Lock();
-    /// Whether the pending group is open: nobody else can write now.
+    /// Whether the pending group is open. No other program can write then.
     [[nodiscard]] bool Locked() const;
-    /// Makes everything written so far durable. Throws EngineError when that fails (disk full, file
-    /// locked); what was pending is then lost and the file as before.
+    /// Makes everything written so far durable. Throws EngineError if that fails (disk full, file
+    /// locked). The pending group is lost then, and the file is unchanged.
     void Settle();
-    /// Takes back what was written since the last Settle(), and gives the write lock up. For a
-    /// command that was broken off in the middle. Never throws.
+    /// Rolls back what was written since the last Settle(), and releases the write lock. For a
+    /// command that was interrupted. Never throws.
     void Abandon() noexcept;
     /// Whether another program has written to the file since the last call, or since opening. Never
-    /// waits: while another program is writing the answer is false, and the next call reports it.
-    /// Right after Lock() it knows of everything that was written before.
+    /// waits: returns false while another program is writing, and the next call reports it.
+    /// Directly after Lock() the result includes everything written before.
     bool ChangedElsewhere();
-    /// Whether an error in writing has lost what was pending, and Settle() was not called since.
+    /// A state of the file, for telling whether it was written since.
+    struct Contents {
+        std::int64_t elsewhere = -1;  ///< a number that another program's writing changes
+        std::uint64_t groups = 0;     ///< how many pending groups were opened here before
+        std::string header;           ///< see Database::HeaderUnlocked
+    };
+    /// The state that the file has now. Waits for another program that is writing; throws
+    /// EngineError if it is not done in time.
+    [[nodiscard]] Contents ContentsNow();
+    /// Whether nothing was written since, here or elsewhere. For use without a pending group. Much
+    /// quicker than a query, and waits and throws where one would.
+    [[nodiscard]] bool IsUnchanged(const Contents& since);
+    /// Whether an error in writing has lost the pending group, and Settle() was not called since.
     [[nodiscard]] bool LostGroup() const;
 
-    /// From now on each statement text sent (Execute, Open and Requery of result sets) is handed on
-    /// before it runs; an empty function ends it.
+    [[nodiscard]] bool Traced() const;
+    /// Passes the text of each query (Execute, and Open and Requery of result sets) to the sink
+    /// before the query runs. An empty function ends this.
     void Trace(std::function<void(std::string_view)> sink);
 
-    /// While it lives, statements are not handed to the sink of Trace: for reads that belong to no
-    /// command.
+    /// While this object lives, queries are not passed to the sink of Trace. For reads that do not
+    /// belong to a command.
     class Untraced {
     public:
         explicit Untraced(Connection& connection);
@@ -83,12 +97,12 @@ public:
     /// is.
     void Watch(IChangeWatch* watch);
 
-    /// Creates a new database file by a script of the storage's own SQL. Throws EngineError, also
-    /// when the file exists.
+    /// Creates a new database file with a script in the storage's own SQL. Throws EngineError, also
+    /// if the file exists.
     static void CreateFile(const std::string& path, const std::string& script);
 
     struct State;
-    [[nodiscard]] State& Internals() const;  ///< For the engine's own result sets.
+    [[nodiscard]] State& Internals() const;  ///< for the engine's own result sets
 
 private:
     std::unique_ptr<State> state_;

@@ -7,7 +7,7 @@
 namespace clb {
 namespace {
 
-/// Spreads neighbouring numbers over the whole table.
+/// Distributes neighbouring numbers over the whole table.
 std::uint64_t Mixed(std::uint64_t x)
 {
     x ^= x >> 32;
@@ -53,9 +53,15 @@ std::size_t FindIndex::Locate(std::uint64_t hash) const
     return at;
 }
 
-void FindIndex::Grow()
+void FindIndex::Reserve(std::size_t count)
 {
-    std::vector<Entry> old(std::max<std::size_t>(64, table_.size() * 2));
+    if (const std::size_t size = std::bit_ceil(2 * count); size > table_.size())
+        Grow(size);
+}
+
+void FindIndex::Grow(std::size_t size)
+{
+    std::vector<Entry> old(std::max<std::size_t>(64, size));
     old.swap(table_);
     for (const Entry& entry : old)
         if (entry.list != kFree)
@@ -65,7 +71,7 @@ void FindIndex::Grow()
 void FindIndex::Add(std::uint64_t hash, std::size_t slot)
 {
     if (2 * (used_ + 1) > table_.size())
-        Grow();
+        Grow(table_.size() * 2);
     Entry& entry = table_[Locate(hash)];
     const auto place = static_cast<std::uint32_t>(slot);
     if (entry.list == kFree) {
@@ -106,12 +112,13 @@ std::size_t FindIndex::Find(std::uint64_t hash, std::size_t from,
                             const std::function<bool(std::size_t)>& accept) const
 {
     if (table_.empty())
-        return npos;
+        return kNotFound;
     const Entry& entry = table_[Locate(hash)];
     if (entry.list == kFree)
-        return npos;
+        return kNotFound;
     if (entry.list == kSingle)
-        return entry.slot != kNone && entry.slot >= from && accept(entry.slot) ? entry.slot : npos;
+        return entry.slot != kNone && entry.slot >= from && accept(entry.slot) ? entry.slot
+                                                                               : kNotFound;
     const Slots& slots = lists_[entry.list];
     auto at = from > kNone
                   ? slots.end()
@@ -119,7 +126,7 @@ std::size_t FindIndex::Find(std::uint64_t hash, std::size_t from,
     for (; at != slots.end(); ++at)
         if (accept(*at))
             return *at;
-    return npos;
+    return kNotFound;
 }
 
 }  // namespace clb

@@ -1,28 +1,29 @@
+// The numbering of the rows of a result set.
 #pragma once
 #include <cstddef>
 #include <vector>
 
 namespace clb {
 
-/// Which rows of a result set are still there. A row keeps its slot, its place in the order of
-/// opening and adding, for good; its number counts only the rows that are left. Every operation is
-/// at most logarithmic; nothing is stored until a row is removed.
+/// Which rows of a result set still exist. A row keeps its slot, which is its place in the order of
+/// reading and adding. Its number counts only the existing rows. Every operation takes logarithmic
+/// time at most. Nothing is stored until a row is removed.
 class LiveRows {
 public:
     void Clear();
     void Append();
-    /// Takes the last Append back.
+    /// Undoes the last Append.
     void DropLast();
     void Remove(std::size_t slot);
 
     [[nodiscard]] std::size_t Slots() const { return slots_; }
     [[nodiscard]] std::size_t Count() const { return count_; }
     [[nodiscard]] bool IsLive(std::size_t slot) const;
-    /// The slot of the row with this 0-based number; Slots() when there are fewer.
+    /// Returns the slot of the row with this 0-based number, or Slots() if there are fewer rows.
     [[nodiscard]] std::size_t SlotOf(std::size_t number) const;
-    /// How many rows are left in front of the slot.
+    /// Returns the number of existing rows before the slot.
     [[nodiscard]] std::size_t NumberOf(std::size_t slot) const;
-    /// The slot itself or the next one with a row; Slots() when there is none.
+    /// Returns the slot itself if its row exists, else the next one with a row, or Slots().
     [[nodiscard]] std::size_t NextLive(std::size_t slot) const { return SlotOf(NumberOf(slot)); }
 
 private:

@@ -5,13 +5,13 @@
 #include <new>
 
 #include "engine/rows/Session.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 
 struct RawSql::State {
     Database own;
-    Connection::State* session = nullptr;  ///< null: the database is our own
+    Connection::State* session = nullptr;  ///< null: this object owns the database
     Database& database;
     Catalogue catalogue;
 
@@ -24,7 +24,7 @@ struct RawSql::State {
 
 RawSql::Kind RawSql::Row::KindOf(int column) const
 {
-    switch (sqlite3_column_type(statement_->Raw(), column)) {
+    switch (sqlite3_column_type(query_->Raw(), column)) {
         case SQLITE_INTEGER: return Kind::Integer;
         case SQLITE_FLOAT: return Kind::Real;
         case SQLITE_TEXT: return Kind::Text;
@@ -35,26 +35,26 @@ RawSql::Kind RawSql::Row::KindOf(int column) const
 
 std::int64_t RawSql::Row::Integer(int column) const
 {
-    return KindOf(column) == Kind::Integer ? statement_->Integer(column) : 0;
+    return KindOf(column) == Kind::Integer ? query_->Integer(column) : 0;
 }
 
 double RawSql::Row::Real(int column) const
 {
-    return sqlite3_column_double(statement_->Raw(), column);
+    return sqlite3_column_double(query_->Raw(), column);
 }
 
 std::string_view RawSql::Row::Text(int column) const
 {
-    const auto* text = sqlite3_column_text(statement_->Raw(), column);
-    if (!text && sqlite3_errcode(sqlite3_db_handle(statement_->Raw())) == SQLITE_NOMEM)
+    const auto* text = sqlite3_column_text(query_->Raw(), column);
+    if (!text && sqlite3_errcode(sqlite3_db_handle(query_->Raw())) == SQLITE_NOMEM)
         throw std::bad_alloc();
-    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_->Raw(), column));
+    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(query_->Raw(), column));
     return {reinterpret_cast<const char*>(text), text ? size : 0};
 }
 
 std::string RawSql::Row::Describe(int column) const
 {
-    return statement_->Describe(column);
+    return query_->Describe(column);
 }
 
 RawSql::RawSql() : state_(std::make_unique<State>()) {}
@@ -86,9 +86,9 @@ void RawSql::Hold()
 
 void RawSql::Select(const std::string& sql, const std::function<void(const Row&)>& take)
 {
-    Statement statement = state_->database.Prepare(sql);
-    const Row row(statement);
-    while (state_->database.Step(statement))
+    Query query = state_->database.Prepare(sql);
+    const Row row(query);
+    while (state_->database.Step(query))
         take(row);
 }
 
@@ -97,9 +97,9 @@ std::int64_t RawSql::Write(const std::string& sql, const std::vector<Value>& val
     if (!state_->session)
         throw refuse::SetNotUpdatable();
     state_->session->BeginWrite();
-    Statement statement = state_->database.Prepare(sql);
-    statement.BindAll(values);
-    state_->session->StepWrite(statement);
+    Query query = state_->database.Prepare(sql);
+    query.BindAll(values);
+    state_->session->StepWrite(query);
     return state_->database.ChangedRows();
 }
 

@@ -6,7 +6,7 @@
 #include "base/Text.h"
 #include "engine/rows/RecordsetState.h"
 #include "engine/storage/Convert.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 
@@ -45,7 +45,7 @@ void Recordset::Close()
 
 bool Recordset::IsOpen() const
 {
-    return state_ && state_->session;
+    return state_ && state_->session != nullptr;
 }
 
 void Recordset::Requery()

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {
 
-/// What it reads; null when the row is gone.
+/// Runs the read. Returns null if the row no longer exists.
 template <typename Read>
 const Value* IfThere(const Read& read)
 {
@@ -63,7 +63,7 @@ void Recordset::State::Run()
     Load();
 }
 
-/// None where rows carry no identity to be read again by.
+/// Returns nothing if the rows have no identity by which they could be read again.
 RowStore::Fetch Recordset::State::Fetcher(FieldRange range) const
 {
     if (!plan->carriesRowId)
@@ -74,7 +74,7 @@ RowStore::Fetch Recordset::State::Fetcher(FieldRange range) const
     };
 }
 
-/// Putting many whole rows in order takes longer than reading each by its identity.
+/// Sorting many whole rows takes longer than reading each by its identity.
 bool Recordset::State::LoadIdentities()
 {
     if (plan->identitiesSql.empty())
@@ -93,14 +93,14 @@ void Recordset::State::Load()
 {
     if (LoadIdentities())
         return;
-    Statement& statement = plan->statement;
-    const ResetAtExit reset(statement);
-    statement.BindAll(*values);
+    Query& query = plan->query;
+    const ResetAtExit reset(query);
+    query.BindAll(*values);
     const int identity = static_cast<int>(plan->fields.size());
-    while (session->database.Step(statement)) {
-        const std::int64_t rowId = plan->carriesRowId ? statement.Integer(identity) : 0;
+    while (session->database.Step(query)) {
+        const std::int64_t rowId = plan->carriesRowId ? query.Integer(identity) : 0;
         if (rows.KeepsMore())
-            TakeFields(*plan, statement, {0, plan->fields.size()}, rowId, rows.AppendFilled(rowId));
+            TakeFields(*plan, query, {0, plan->fields.size()}, rowId, rows.AppendFilled(rowId));
         else
             rows.Append(rowId);
         live.Append();
@@ -144,7 +144,7 @@ void Recordset::State::SaveNew()
     edit = Edit::None;
     live.Append();
     try {
-        // What was set in every field, is what a table without triggers holds.
+        // If every field was set and there are no triggers, the table holds exactly these values.
         if (plan->plain && change.All() && !plan->triggers)
             std::move(change.values.begin(), change.values.end(), rows.AppendFilled(rowId));
         else
@@ -199,9 +199,9 @@ std::size_t Recordset::State::FindEqual(std::size_t from, const Value& sought, s
     Searched& in = SearchedField(field);
     const std::size_t found = in.index.Find(HashOf(sought), from, [&](std::size_t at) {
         const Value* value = live.IsLive(at) ? ValueIfThere(at, in) : nullptr;
-        return value && *value == sought;
+        return value != nullptr && *value == sought;
     });
-    return found == FindIndex::npos ? live.Slots() : found;
+    return found == FindIndex::kNotFound ? live.Slots() : found;
 }
 
 const Value* Recordset::State::ValuesIfThere(std::size_t at)
@@ -225,6 +225,7 @@ Recordset::State::Searched& Recordset::State::SearchedField(std::size_t field)
     auto made = std::make_unique<Searched>();
     made->field = field;
     made->column.Start(1, Fetcher({field, 1}));
+    made->index.Reserve(live.Count());
     for (std::size_t at = 0; at < rows.Slots(); ++at)
         made->column.Append(rows.RowId(at));
     for (std::size_t at = live.NextLive(0); at < live.Slots(); at = live.NextLive(at + 1))
@@ -243,7 +244,7 @@ void Recordset::State::AddToSearched(std::size_t at)
     } catch (const EngineError&) {
         throw;
     } catch (...) {
-        searched.clear();  // made anew by the next search
+        searched.clear();  // the next search makes them again
         throw;
     }
 }

@@ -1,3 +1,4 @@
+// The state of an open result set.
 #pragma once
 #include <memory>
 #include <string>
@@ -13,7 +14,7 @@
 
 namespace clb {
 
-/// What an open result set is made of.
+/// The state of an open result set.
 struct Recordset::State {
     enum class Edit { None, Changing, Adding };
 
@@ -27,19 +28,19 @@ struct Recordset::State {
     std::size_t slot = 0;  // current row; live.Slots() is the place past the end
     Edit edit = Edit::None;
     RowChange change;
-    /// A field that was searched: where its values stand, and the values alone, so that a search
-    /// need not read the rows whole. Deleted rows stay in both.
+    /// A field that was searched: an index of its values, and the values, so that a search does not
+    /// read whole rows. Both keep deleted rows.
     struct Searched {
         std::size_t field = 0;
         FindIndex index;
         RowStore column;
     };
-    std::vector<std::unique_ptr<Searched>> searched;  // per field, made when first searched
+    std::vector<std::unique_ptr<Searched>> searched;  // one per field, made by the first search
     std::uint64_t generation = 0;
 
     void RequireOpen() const;
     void RequireWritable() const;
-    /// The current row is there and is no deleted one.
+    /// Whether the current row exists and is not deleted.
     void RequireRow() const;
     [[nodiscard]] const std::vector<Field>& Fields() const;
 
@@ -58,12 +59,13 @@ struct Recordset::State {
 
 private:
     void Load();
-    /// Whether there are none, or so many that only their identities were put in order and loaded.
+    /// Whether there are no rows, or so many that only their identities were sorted and loaded.
     bool LoadIdentities();
     std::size_t FindEqual(std::size_t from, const Value& sought, std::size_t field);
-    /// Null for a row that another statement has deleted.
+    /// Returns null for a row that another query has deleted.
     const Value* ValuesIfThere(std::size_t at);
-    /// The row's value of a searched field; null for a row that another statement has deleted.
+    /// Returns the row's value of a searched field, or null for a row that another query has
+    /// deleted.
     const Value* ValueIfThere(std::size_t at, Searched& in);
     Searched& SearchedField(std::size_t field);
     void AddToSearched(std::size_t at);

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <utility>
 
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 
 void RowStore::Start(std::size_t fields, Fetch fetch)
 {
     fields_ = fields;
+    mostBlocks_ = fields == 1 ? kMostBlocksOfOneField : kMostBlocks;
     fetch_ = std::move(fetch);
     rowIds_.clear();
     blocks_.clear();
@@ -60,7 +61,7 @@ RowStore::Block& RowStore::BlockOf(std::size_t slot)
     if (number >= blocks_.size())
         blocks_.resize(number + 1);
     if (!blocks_[number]) {
-        if (fetch_ && resident_.size() == kMostBlocks)
+        if (fetch_ && resident_.size() == mostBlocks_)
             Evict();
         blocks_[number] = std::make_unique<Block>();
         if (fetch_)
@@ -78,8 +79,8 @@ Value* RowStore::Place(Block& block, std::size_t slot)
     return block.values.data() + at;
 }
 
-/// A row behind its neighbour, or the first of a block, begins a walk: the block's other rows are
-/// read with it.
+/// A row after its neighbour, or the first of a block, starts a walk: the other rows of the block
+/// are read with it.
 std::size_t RowStore::RowsToLoad(const Block& block, std::size_t slot) const
 {
     const std::size_t first = slot % kBlockRows;
@@ -97,7 +98,7 @@ void RowStore::Load(Block& block, std::size_t slot, std::size_t count)
     Place(block, slot + count - 1);
     const Rows asked = ~Rows() >> (kBlockRows - count) << slot % kBlockRows;
     const Rows before = block.loaded;
-    block.loaded &= ~asked;  // an exception may leave a row half read
+    block.loaded &= ~asked;  // after an exception a row may be half read
     const Rows found = fetch_(std::span(rowIds_).subspan(slot, count), Place(block, slot));
     block.loaded = before | found << slot % kBlockRows;
     if (!found.test(0))

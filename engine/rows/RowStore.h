@@ -1,3 +1,4 @@
+// The values of a result set's rows.
 #pragma once
 #include <bitset>
 #include <cstddef>
@@ -11,43 +12,46 @@
 
 namespace clb {
 
-/// The values of a result set's rows, by slot. Where rows carry their identity only some blocks of
-/// values are held; the others are fetched again when asked for, so that a walk over a million rows
-/// stays small.
+/// The values of a result set's rows, by slot. If the rows have identities, only some blocks of
+/// values are kept. Other blocks are fetched again when needed, so that a million rows need little
+/// memory.
 class RowStore {
 public:
     static constexpr std::size_t kBlockRows = 256;
 
-    /// Which rows of a block, or of those asked for, are there.
+    /// Which rows of a block, or of the requested ones, exist.
     using Rows = std::bitset<kBlockRows>;
-    /// Fills the values of the rows with these identities, at most a block of them, one row behind
-    /// the other; a row that is gone is left out.
+    /// Fills in the values of the rows with these identities, at most one block, one row after the
+    /// other. Skips a row that no longer exists.
     using Fetch = std::function<Rows(std::span<const std::int64_t> rowIds, Value* values)>;
 
-    /// Forgets all rows. Without a fetch every row's values are kept.
+    /// Removes all rows. Without a fetch function the values of every row are kept.
     void Start(std::size_t fields, Fetch fetch);
-    /// Adds a row and gives the place for its values, for the caller to fill.
+    /// Adds a row and returns the place for its values, which the caller must fill.
     Value* AppendFilled(std::int64_t rowId);
-    /// Adds a row whose values are fetched when asked for.
+    /// Adds a row whose values are fetched when needed.
     void Append(std::int64_t rowId);
 
-    /// Whether the row's values are held, so that asking for them reads nothing.
+    /// Whether the row's values are in memory, so that nothing has to be read.
     [[nodiscard]] bool Holds(std::size_t slot) const;
 
     [[nodiscard]] std::size_t Slots() const { return rowIds_.size(); }
     [[nodiscard]] std::int64_t RowId(std::size_t slot) const { return rowIds_[slot]; }
-    /// The row's values; they stay in place until another row is asked for, added or read again.
-    /// Throws EngineError when the row is gone.
+    /// Returns the row's values. They are valid until another row is requested, added or read
+    /// again. Throws EngineError if the row no longer exists.
     const Value* Values(std::size_t slot);
-    /// Reads the row again. Throws EngineError when it is gone.
+    /// Reads the row again. Throws EngineError if it no longer exists.
     const Value* Refresh(std::size_t slot);
-    /// Whether a row added at opening still gets its values kept.
+    /// Whether the values of another row may be kept while the set is opened.
     [[nodiscard]] bool KeepsMore() const { return !fetch_ || Slots() < kKeptAtOpening; }
 
     static constexpr std::size_t kKeptAtOpening = 16 * kBlockRows;
 
 private:
+    /// How many blocks are held if rows can be fetched again: more of them for a single field,
+    /// whose rows are small.
     static constexpr std::size_t kMostBlocks = 32;
+    static constexpr std::size_t kMostBlocksOfOneField = 512;
 
     struct Block {
         std::vector<Value> values;
@@ -62,10 +66,11 @@ private:
     void Evict();
 
     std::size_t fields_ = 0;
+    std::size_t mostBlocks_ = kMostBlocks;
     Fetch fetch_;
     std::vector<std::int64_t> rowIds_;
     std::vector<std::unique_ptr<Block>> blocks_;
-    std::vector<std::size_t> resident_;  // blocks held, kept only where rows can be fetched
+    std::vector<std::size_t> resident_;  // the blocks in memory, if rows can be fetched
     std::uint64_t clock_ = 0;
 };
 

@@ -1,5 +1,7 @@
 #include "engine/rows/RowWalk.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <span>
@@ -24,8 +26,8 @@ Value WalkedRow::Get(std::size_t field) const
 {
     Value value;
     const std::int64_t rowId =
-        plan_.carriesRowId ? statement_.Integer(static_cast<int>(plan_.fields.size())) : 0;
-    TakeFields(plan_, statement_, {field, 1}, rowId, &value);
+        plan_.carriesRowId ? query_.Integer(static_cast<int>(plan_.fields.size())) : 0;
+    TakeFields(plan_, query_, {field, 1}, rowId, &value);
     return value;
 }
 
@@ -33,7 +35,17 @@ std::string_view WalkedRow::Text(std::size_t field) const
 {
     if (plan_.fields[field].type != FieldType::Text)
         return {};
-    return statement_.TextView(static_cast<int>(field));
+    return query_.TextView(static_cast<int>(field));
+}
+
+bool WalkedRow::IsNull(std::size_t field) const
+{
+    return sqlite3_column_type(query_.Raw(), static_cast<int>(field)) == SQLITE_NULL;
+}
+
+bool WalkedRow::HoldsText(std::size_t field) const
+{
+    return sqlite3_column_type(query_.Raw(), static_cast<int>(field)) == SQLITE_TEXT;
 }
 
 namespace {
@@ -47,9 +59,8 @@ void WalkIdentities(Connection::State& session, Plan& plan, const BoundValues& v
     std::span<const std::int64_t> left(identities);
     while (!left.empty()) {
         const auto block = left.first(std::min(left.size(), RowStore::kBlockRows));
-        reader.Visit(block, values, [&](std::size_t, const Statement& statement) {
-            take(WalkedRow(plan, statement));
-        });
+        reader.Visit(block, values,
+                     [&](std::size_t, const Query& query) { take(WalkedRow(plan, query)); });
         left = left.subspan(block.size());
     }
 }
@@ -57,10 +68,10 @@ void WalkIdentities(Connection::State& session, Plan& plan, const BoundValues& v
 void WalkStatement(Connection::State& session, Plan& plan, const BoundValues& values,
                    const std::function<void(const WalkedRow&)>& take)
 {
-    const ResetAtExit reset(plan.statement);
-    plan.statement.BindAll(values);
-    const WalkedRow row(plan, plan.statement);
-    while (session.database.Step(plan.statement))
+    const ResetAtExit reset(plan.query);
+    plan.query.BindAll(values);
+    const WalkedRow row(plan, plan.query);
+    while (session.database.Step(plan.query))
         take(row);
 }
 

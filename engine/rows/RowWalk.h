@@ -13,12 +13,12 @@
 namespace clb {
 
 struct Plan;
-class Statement;
+class Query;
 
 /// The row that a walk has come to. Fields are addressed by 0-based position.
 class WalkedRow {
 public:
-    WalkedRow(const Plan& plan, const Statement& statement) : plan_(plan), statement_(statement) {}
+    WalkedRow(const Plan& plan, const Query& query) : plan_(plan), query_(query) {}
 
     [[nodiscard]] const std::vector<Field>& Fields() const;
     /// 0-based position of the field, without regard to case. Throws EngineError when there is none
@@ -28,10 +28,14 @@ public:
     [[nodiscard]] Value Get(std::size_t field) const;
     /// A text field without a copy, good until the next row; empty for null and other types.
     [[nodiscard]] std::string_view Text(std::size_t field) const;
+    [[nodiscard]] bool IsNull(std::size_t field) const;
+    /// Whether the cell holds a text. In a text field another program may have stored bytes, which
+    /// are read as a text but are equal to none.
+    [[nodiscard]] bool HoldsText(std::size_t field) const;
 
 private:
     const Plan& plan_;
-    const Statement& statement_;
+    const Query& query_;
 };
 
 /// Runs the SELECT and hands each of its rows to take, in order. All rows are of one state of the

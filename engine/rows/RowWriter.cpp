@@ -4,19 +4,19 @@
 #include <functional>
 #include <string>
 
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {
 
-/// Whether reading from the first row to the last is less work than reading each by itself.
+/// Whether reading all rows from the first to the last is less work than reading each by itself.
 bool IsStretch(std::span<const std::int64_t> rowIds)
 {
     return rowIds.size() > 1 && std::ranges::is_sorted(rowIds, std::less_equal<>()) &&
            rowIds.back() - rowIds.front() < 2 * static_cast<std::int64_t>(rowIds.size());
 }
 
-/// "Trans.Amount in row 17"; the field's name alone where the rows are not one table's.
+/// "Trans.Amount in row 17", or only the field's name if the rows are not from one table.
 std::string PlaceOf(const Plan& plan, std::size_t field, std::int64_t rowId)
 {
     if (!plan.carriesRowId || plan.columns[field].name.empty())
@@ -44,12 +44,12 @@ bool RowChange::All() const
 std::int64_t RowWriter::Insert(const RowChange& change)
 {
     session_->BeginWrite();
-    Statement& statement = InsertFor(change.set);
-    BindChange(statement, change);
+    Query& query = InsertFor(change.set);
+    BindChange(query, change);
     if (IsNumbered(change))
-        session_->StepInsert(statement, plan_->table);
+        session_->StepInsert(query, plan_->table);
     else
-        session_->StepWrite(statement);
+        session_->StepWrite(query);
     return session_->database.LastRowId();
 }
 
@@ -64,10 +64,10 @@ bool RowWriter::IsNumbered(const RowChange& change) const
 void RowWriter::Update(std::int64_t rowId, const RowChange& change)
 {
     session_->BeginWrite();
-    Statement& statement = UpdateFor(change.set);
-    const int last = BindChange(statement, change);
-    statement.BindInteger(last + 1, rowId);
-    session_->StepWrite(statement);
+    Query& query = UpdateFor(change.set);
+    const int last = BindChange(query, change);
+    query.BindInteger(last + 1, rowId);
+    session_->StepWrite(query);
     if (session_->database.ChangedRows() == 0)
         throw refuse::RowVanished();
 }
@@ -88,12 +88,12 @@ std::vector<std::int64_t> RowWriter::Identities(const BoundValues& values)
 {
     if (!plan_->identities)
         plan_->identities = session_->database.Prepare(plan_->identitiesSql, true);
-    Statement& statement = plan_->identities;
-    const ResetAtExit reset(statement);
-    statement.BindAll(values);
+    Query& query = plan_->identities;
+    const ResetAtExit reset(query);
+    query.BindAll(values);
     std::vector<std::int64_t> found;
-    while (session_->database.Step(statement))
-        found.push_back(statement.Integer(0));
+    while (session_->database.Step(query))
+        found.push_back(query.Integer(0));
     return found;
 }
 
@@ -101,9 +101,9 @@ RowStore::Rows RowWriter::Read(std::span<const std::int64_t> rowIds, const Bound
                                FieldRange range, Value* fields)
 {
     RowStore::Rows found;
-    Visit(rowIds, values, [&](std::size_t row, const Statement& statement) {
+    Visit(rowIds, values, [&](std::size_t row, const Query& query) {
         found.set(row);
-        TakeFields(*plan_, statement, range, rowIds[row], fields + row * range.count);
+        TakeFields(*plan_, query, range, rowIds[row], fields + row * range.count);
     });
     return found;
 }
@@ -114,7 +114,7 @@ void RowWriter::Visit(std::span<const std::int64_t> rowIds, const BoundValues& v
     const ReadGroup group(*session_);
     if (IsStretch(rowIds))
         return VisitStretch(rowIds, values, visit);
-    Statement& reader = Reader(plan_->reader, plan_->readerSql, values);
+    Query& reader = Reader(plan_->reader, plan_->readerSql, values);
     for (std::size_t row = 0; row < rowIds.size(); ++row) {
         const ResetAtExit reset(reader);
         reader.BindInteger(plan_->readerRowParameter, rowIds[row]);
@@ -126,7 +126,7 @@ void RowWriter::Visit(std::span<const std::int64_t> rowIds, const BoundValues& v
 void RowWriter::VisitStretch(std::span<const std::int64_t> rowIds, const BoundValues& values,
                              const Visitor& visit)
 {
-    Statement& reader = Reader(plan_->stretch, plan_->stretchSql, values);
+    Query& reader = Reader(plan_->stretch, plan_->stretchSql, values);
     const ResetAtExit reset(reader);
     reader.BindInteger(plan_->readerRowParameter, rowIds.front());
     reader.BindInteger(plan_->readerRowParameter + 1, rowIds.back());
@@ -140,7 +140,7 @@ void RowWriter::VisitStretch(std::span<const std::int64_t> rowIds, const BoundVa
     }
 }
 
-Statement& RowWriter::Reader(Statement& reader, const std::string& sql, const BoundValues& values)
+Query& RowWriter::Reader(Query& reader, const std::string& sql, const BoundValues& values)
 {
     if (!reader)
         reader = session_->database.Prepare(sql, true);
@@ -149,7 +149,7 @@ Statement& RowWriter::Reader(Statement& reader, const std::string& sql, const Bo
     return reader;
 }
 
-void TakeFields(const Plan& plan, const Statement& row, FieldRange range, std::int64_t rowId,
+void TakeFields(const Plan& plan, const Query& row, FieldRange range, std::int64_t rowId,
                 Value* fields)
 {
     std::size_t field = range.first;
@@ -161,11 +161,11 @@ void TakeFields(const Plan& plan, const Statement& row, FieldRange range, std::i
     }
 }
 
-Statement& RowWriter::InsertFor(const std::vector<bool>& set)
+Query& RowWriter::InsertFor(const std::vector<bool>& set)
 {
-    Statement& statement = plan_->inserts[set];
-    if (statement)
-        return statement;
+    Query& query = plan_->inserts[set];
+    if (query)
+        return query;
     std::string columns;
     std::string places;
     for (std::size_t i = 0; i < set.size(); ++i)
@@ -174,34 +174,34 @@ Statement& RowWriter::InsertFor(const std::vector<bool>& set)
             places += places.empty() ? "?" : ", ?";
         }
     const std::string table = QuoteName(plan_->table);
-    statement = session_->database.Prepare(
+    query = session_->database.Prepare(
         columns.empty() ? "INSERT INTO " + table + " DEFAULT VALUES"
                         : "INSERT INTO " + table + " (" + columns + ") VALUES (" + places + ")",
         true);
-    return statement;
+    return query;
 }
 
-Statement& RowWriter::UpdateFor(const std::vector<bool>& set)
+Query& RowWriter::UpdateFor(const std::vector<bool>& set)
 {
-    Statement& statement = plan_->updates[set];
-    if (statement)
-        return statement;
+    Query& query = plan_->updates[set];
+    if (query)
+        return query;
     std::string assignments;
     for (std::size_t i = 0; i < set.size(); ++i)
         if (set[i])
             assignments +=
                 (assignments.empty() ? "" : ", ") + QuoteName(plan_->columns[i].name) + " = ?";
-    statement = session_->database.Prepare(
+    query = session_->database.Prepare(
         "UPDATE " + QuoteName(plan_->table) + " SET " + assignments + " WHERE rowid = ?", true);
-    return statement;
+    return query;
 }
 
-int RowWriter::BindChange(Statement& statement, const RowChange& change)
+int RowWriter::BindChange(Query& query, const RowChange& change)
 {
     int parameter = 0;
     for (std::size_t i = 0; i < change.set.size(); ++i)
         if (change.set[i])
-            statement.Bind(++parameter, change.values[i]);
+            query.Bind(++parameter, change.values[i]);
     return parameter;
 }
 

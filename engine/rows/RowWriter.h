@@ -1,3 +1,4 @@
+// Saves and reads single rows of a result set.
 #pragma once
 #include <cstdint>
 #include <functional>
@@ -25,43 +26,43 @@ struct FieldRange {
     std::size_t count = 0;
 };
 
-/// The fields of the row that the statement gave. Throws EngineError, with the cell's place, for a
-/// cell that does not hold what its type says. rowId is asked for where the rows are one table's.
-void TakeFields(const Plan& plan, const Statement& row, FieldRange range, std::int64_t rowId,
+/// Reads the fields of the query's current row. Throws EngineError with the cell's place if a cell
+/// does not hold a value of its type. rowId is used for the place if the rows are from one table.
+void TakeFields(const Plan& plan, const Query& row, FieldRange range, std::int64_t rowId,
                 Value* fields);
 
-/// Saves and reads single rows of a result set's one table. The statements are kept in the plan,
-/// one for each set of fields that was written.
+/// Saves and reads single rows of a result set's only table. The queries are kept in the plan, one
+/// for each set of fields that was written.
 class RowWriter {
 public:
     RowWriter(Connection::State& session, Plan& plan) : session_(&session), plan_(&plan) {}
 
-    /// Gives the new row's identity.
+    /// Returns the new row's identity.
     std::int64_t Insert(const RowChange& change);
-    /// Throws EngineError when the row is gone.
+    /// Throws EngineError if the row no longer exists.
     void Update(std::int64_t rowId, const RowChange& change);
     void Delete(std::int64_t rowId);
-    /// Fills these fields of the rows, one row behind the other, those that are gone left out.
+    /// Fills in these fields of the rows, one row after the other. Skips rows that no longer exist.
     RowStore::Rows Read(std::span<const std::int64_t> rowIds, const BoundValues& values,
                         FieldRange range, Value* fields);
 
-    /// The identities of the result set's rows in order, where the plan can ask for them alone.
+    /// Reads the identities of the result set's rows in order, if the plan has a query for them.
     std::vector<std::int64_t> Identities(const BoundValues& values);
-    /// Hands each of the rows that is there to visit, with its place among the identities and the
-    /// statement that stands on it.
-    using Visitor = std::function<void(std::size_t row, const Statement& statement)>;
+    /// Passes each existing row to `visit`, with its index among the identities and the query that
+    /// is at the row.
+    using Visitor = std::function<void(std::size_t row, const Query& query)>;
     void Visit(std::span<const std::int64_t> rowIds, const BoundValues& values,
                const Visitor& visit);
 
 private:
     /// Whether the database's counter numbers the new row.
     [[nodiscard]] bool IsNumbered(const RowChange& change) const;
-    Statement& InsertFor(const std::vector<bool>& set);
-    Statement& UpdateFor(const std::vector<bool>& set);
+    Query& InsertFor(const std::vector<bool>& set);
+    Query& UpdateFor(const std::vector<bool>& set);
     void VisitStretch(std::span<const std::int64_t> rowIds, const BoundValues& values,
                       const Visitor& visit);
-    Statement& Reader(Statement& reader, const std::string& sql, const BoundValues& values);
-    int BindChange(Statement& statement, const RowChange& change);
+    Query& Reader(Query& reader, const std::string& sql, const BoundValues& values);
+    static int BindChange(Query& query, const RowChange& change);
 
     Connection::State* session_;
     Plan* plan_;

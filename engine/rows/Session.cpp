@@ -5,8 +5,7 @@
 
 #include "base/Interruption.h"
 #include "engine/sql/Compiler.h"
-#include "engine/sql/Writer.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {
@@ -37,7 +36,7 @@ void Connection::State::RequireOpen() const
         throw refuse::Closed();
 }
 
-StatementCache::Entry Connection::State::Prepare(std::string_view sql)
+PlanCache::Entry Connection::State::Prepare(std::string_view sql)
 {
     Interruption::CheckAnywhere();
     RequireOpen();
@@ -45,9 +44,9 @@ StatementCache::Entry Connection::State::Prepare(std::string_view sql)
     if (const auto* known = cache.FindText(sql))
         return *known;
 
-    const LexedStatement lexed = Lex(sql);
+    const LexedSql lexed = Lex(sql);
     std::string shape = ShapeOf(lexed);
-    StatementCache::Entry entry;
+    PlanCache::Entry entry;
     entry.plan = cache.FindShape(shape);
     if (!entry.plan) {
         entry.plan = Compile(lexed, catalogue, database);
@@ -64,11 +63,11 @@ StatementCache::Entry Connection::State::Prepare(std::string_view sql)
     return entry;
 }
 
-StatementCache::Entry Connection::State::PrepareSelect(std::string_view sql)
+PlanCache::Entry Connection::State::PrepareSelect(std::string_view sql)
 {
-    StatementCache::Entry entry = Prepare(sql);
+    PlanCache::Entry entry = Prepare(sql);
     if (entry.plan->kind != Plan::Kind::Select)
-        throw refuse::Statement("Only a SELECT can be opened as a result set.");
+        throw refuse::WrongSql("Only a SELECT can be opened as a result set.");
     return entry;
 }
 
@@ -104,14 +103,15 @@ void Connection::State::BeginWrite()
     if (LostGroup())
         database.ThrowLastTrouble();
     database.Step(begin);
+    ++groups;
     pending = true;
 }
 
-void Connection::State::StepWrite(Statement& statement)
+void Connection::State::StepWrite(Query& query)
 {
     const std::size_t seen = watch != nullptr ? watch->Seen() : 0;
     try {
-        database.Step(statement);
+        database.Step(query);
     } catch (const EngineError& error) {
         if (watch != nullptr)
             watch->TakenBackTo(seen);
@@ -125,12 +125,12 @@ void Connection::State::StepWrite(Statement& statement)
     }
 }
 
-void Connection::State::StepInsert(Statement& statement, const std::string& table)
+void Connection::State::StepInsert(Query& query, const std::string& table)
 {
     const std::int64_t left = kLargestNumber - LastNumber(table);
     if (left <= 0)
         throw refuse::NoNumberLeft(table);
-    StepWrite(statement);
+    StepWrite(query);
     if (database.ChangedRows() <= left)
         return;
     database.Run("DELETE FROM " + QuoteName(table) + " WHERE rowid > " +
@@ -141,10 +141,10 @@ void Connection::State::StepInsert(Statement& statement, const std::string& tabl
 /// The largest number that the table's counter has given, 0 before the first.
 std::int64_t Connection::State::LastNumber(const std::string& table)
 {
-    Statement& find = lastNumbers_[table];
+    Query& find = lastNumbers_[table];
     if (!find) {
         std::string sql = "SELECT ifnull(max(rowid), 0) AS n FROM " + QuoteName(table);
-        Statement keeps =
+        Query keeps =
             database.Prepare("SELECT 1 FROM sqlite_master WHERE name = 'sqlite_sequence'");
         const ResetAtExit reset(keeps);
         // It also keeps numbers whose rows are gone.
@@ -225,11 +225,7 @@ bool Connection::State::ChangedElsewhere()
         return false;
     const Database::Impatient now(database);
     try {
-        if (!readDataVersion)
-            readDataVersion = database.Prepare("PRAGMA data_version", true);
-        const ResetAtExit reset(readDataVersion);
-        database.Step(readDataVersion);
-        const std::int64_t version = readDataVersion.Integer(0);
+        const std::int64_t version = DataVersion();
         const bool changed = version != dataVersion;
         dataVersion = version;
         return changed;
@@ -238,6 +234,15 @@ bool Connection::State::ChangedElsewhere()
             return false;
         throw;
     }
+}
+
+std::int64_t Connection::State::DataVersion()
+{
+    if (!readDataVersion)
+        readDataVersion = database.Prepare("PRAGMA data_version", true);
+    const ResetAtExit reset(readDataVersion);
+    database.Step(readDataVersion);
+    return readDataVersion.Integer(0);
 }
 
 ReadGroup::ReadGroup(Connection::State& session)

@@ -1,3 +1,4 @@
+// The syntax tree of a query.
 #pragma once
 #include <cstddef>
 #include <memory>
@@ -63,11 +64,11 @@ inline bool IsAggregate(Function function)
 }
 
 enum class ExpressionKind {
-    Literal,  ///< literal, negated: with a minus in front
+    Literal,  ///< literal; negated: after a minus
     Truth,    ///< TRUE and FALSE: truth
     NullValue,
-    Column,  ///< name, qualifier where one is written
-    Negate,  ///< minus in front of operands[0]
+    Column,  ///< name; qualifier, empty if none is written
+    Negate,  ///< minus before operands[0]
     Not,
     Binary,    ///< operands[0] operation operands[1]
     NullTest,  ///< negated: IS NOT NULL
@@ -92,12 +93,12 @@ struct Expression {
     std::string qualifier;
     std::string name;
     std::vector<ExpressionPtr> operands;
-    int depth = 1;  ///< longest way down to a leaf
+    int depth = 1;  ///< of the tree below it; 1: a leaf
 
-    FieldType type = FieldType::Text;  ///< of a null: text, but it goes with every type
+    FieldType type = FieldType::Text;  ///< a null has Text, but fits every type
     std::size_t source = 0;            ///< Column: index of its table in the FROM clause
     const ColumnInfo* column = nullptr;
-    bool aggregates = false;  ///< an aggregate function stands in it
+    bool aggregates = false;  ///< contains an aggregate function
 };
 
 inline bool IsNumberLiteral(const Expression& e)
@@ -111,7 +112,7 @@ enum class JoinKind { Inner, Left };
 /// One table of FROM, or two joined ones.
 struct TableExpression {
     std::string table;
-    std::string alias;       ///< the table's name where none is written
+    std::string alias;       ///< the table's name if none is written
     std::size_t source = 0;  ///< index of the table, counted from the left
     JoinKind join = JoinKind::Inner;
     std::unique_ptr<TableExpression> left;  ///< set for a join, with right and on
@@ -127,12 +128,12 @@ struct SelectItem {
 };
 
 struct OrderItem {
-    ExpressionPtr expression;  ///< null where position says which field
+    ExpressionPtr expression;  ///< null if position gives the field
     std::size_t position = 0;  ///< 1-based
     bool descending = false;
 };
 
-struct SelectStatement {
+struct SelectQuery {
     bool distinct = false;
     std::optional<std::int32_t> top;
     std::vector<SelectItem> items;
@@ -143,14 +144,14 @@ struct SelectStatement {
     std::vector<OrderItem> orderBy;
 };
 
-struct InsertStatement {
+struct InsertQuery {
     std::string table;
     std::vector<std::string> columns;  ///< empty: all, in the table's order
     std::vector<ExpressionPtr> values;
-    std::unique_ptr<SelectStatement> select;  ///< in place of the values
+    std::unique_ptr<SelectQuery> select;  ///< in place of the values
 };
 
-struct UpdateStatement {
+struct UpdateQuery {
     std::string table;
     struct Assignment {
         std::string qualifier;
@@ -161,12 +162,12 @@ struct UpdateStatement {
     ExpressionPtr where;
 };
 
-struct DeleteStatement {
+struct DeleteQuery {
     std::string table;
     ExpressionPtr where;
 };
 
-/// A column as CREATE TABLE and ALTER TABLE describe it.
+/// A column as CREATE TABLE or ALTER TABLE defines it.
 struct ColumnDefinition {
     std::string name;
     ColumnType type;
@@ -176,7 +177,7 @@ struct ColumnDefinition {
     std::optional<Value> defaultValue;
 };
 
-struct CreateTableStatement {
+struct CreateTableQuery {
     std::string table;
     std::vector<ColumnDefinition> columns;
     struct Key {
@@ -186,7 +187,7 @@ struct CreateTableStatement {
     std::vector<Key> keys;
 };
 
-struct CreateIndexStatement {
+struct CreateIndexQuery {
     std::string index;
     std::string table;
     bool unique = false;
@@ -197,35 +198,33 @@ struct CreateIndexStatement {
     std::vector<Part> parts;
 };
 
-struct DropTableStatement {
+struct DropTableQuery {
     std::string table;
 };
 
-struct DropIndexStatement {
+struct DropIndexQuery {
     std::string index;
     std::string table;
 };
 
-struct AddColumnStatement {
+struct AddColumnQuery {
     std::string table;
     ColumnDefinition column;
 };
 
-struct AlterColumnStatement {
+struct AlterColumnQuery {
     std::string table;
     ColumnDefinition column;
 };
 
-struct DropColumnStatement {
+struct DropColumnQuery {
     std::string table;
     std::string column;
 };
 
-using DdlStatement =
-    std::variant<CreateTableStatement, CreateIndexStatement, DropTableStatement, DropIndexStatement,
-                 AddColumnStatement, AlterColumnStatement, DropColumnStatement>;
+using DdlQuery = std::variant<CreateTableQuery, CreateIndexQuery, DropTableQuery, DropIndexQuery,
+                              AddColumnQuery, AlterColumnQuery, DropColumnQuery>;
 
-using ParsedStatement =
-    std::variant<SelectStatement, InsertStatement, UpdateStatement, DeleteStatement, DdlStatement>;
+using ParsedQuery = std::variant<SelectQuery, InsertQuery, UpdateQuery, DeleteQuery, DdlQuery>;
 
 }  // namespace clb

@@ -2,7 +2,7 @@
 
 #include "base/Text.h"
 #include "engine/sql/Typing.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {
@@ -132,7 +132,7 @@ void Checker::CheckCall(Expression& e)
     const bool allowed = aggregatesAllowed_;
     const bool aggregate = IsAggregate(e.function);
     if (aggregate && !allowed)
-        throw refuse::Statement("Cannot have an aggregate function here: '" + e.name + "'.");
+        throw refuse::WrongSql("Cannot have an aggregate function here: '" + e.name + "'.");
     for (const ExpressionPtr& operand : e.operands) {
         Check(*operand, allowed && !aggregate);
         e.aggregates = e.aggregates || operand->aggregates;

@@ -1,3 +1,4 @@
+// Resolves the names of a query and checks its types.
 #pragma once
 #include <string_view>
 #include <vector>
@@ -7,33 +8,33 @@
 
 namespace clb {
 
-/// A table of the statement under the name by which its columns may be called.
+/// A table of the query, with the name that qualifies its columns.
 struct Source {
     const TableInfo* table = nullptr;
     std::string alias;
 };
 
-/// Resolves a statement's names against the catalogue and gives every expression its type. All
-/// refusals (unknown or ambiguous name, types that do not go together, misplaced aggregate) are
-/// thrown as EngineError before anything runs.
+/// Resolves the names of a query against the catalogue and gives every expression its type. Throws
+/// EngineError, before anything runs, for an unknown or ambiguous name, types that do not fit
+/// together, or a misplaced aggregate function.
 class Checker {
 public:
     explicit Checker(std::vector<Source> sources) : sources_(std::move(sources)) {}
 
-    /// A value; aggregate functions only where allowed.
+    /// Checks a value. Aggregate functions only if allowed.
     void Check(Expression& expression, bool aggregatesAllowed);
-    /// A condition: a truth value, or a number, of which all but 0 are true.
+    /// Checks a condition: a truth value or a number, which is true unless it is 0.
     void CheckCondition(Expression& expression, bool aggregatesAllowed);
     [[nodiscard]] const std::vector<Source>& Sources() const { return sources_; }
-    /// Tables that the name stands for; all of them where it is empty. Throws when there is none.
+    /// Returns the tables of this name, or all tables if it is empty. Throws if there is none.
     [[nodiscard]] std::vector<std::size_t> SourcesNamed(std::string_view qualifier) const;
 
 private:
     void CheckColumn(Expression& e) const;
-    void CheckBinary(Expression& e);
+    static void CheckBinary(Expression& e);
     void CheckCall(Expression& e);
-    void CheckAggregate(Expression& e);
-    void CheckScalar(Expression& e);
+    static void CheckAggregate(Expression& e);
+    static void CheckScalar(Expression& e);
     static FieldType ScalarType(const Expression& e);
     static void RequireText(const Expression& e);
     static void RequireNumber(const Expression& e);

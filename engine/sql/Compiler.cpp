@@ -6,33 +6,33 @@
 #include "engine/sql/Checker.h"
 #include "engine/sql/CompilerSelect.h"
 #include "engine/sql/Parser.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {
 
-class StatementCompiler {
+class QueryCompiler {
 public:
-    StatementCompiler(Catalogue& catalogue, Database& database)
+    QueryCompiler(Catalogue& catalogue, Database& database)
         : catalogue_(catalogue), database_(database)
     {
     }
 
-    std::unique_ptr<Plan> operator()(SelectStatement& select)
+    std::unique_ptr<Plan> operator()(SelectQuery& select)
     {
         auto compiled = CompileSelect(select, catalogue_);
-        compiled.plan->statement = database_.Prepare(compiled.sql, true);
+        compiled.plan->query = database_.Prepare(compiled.sql, true);
         return std::move(compiled.plan);
     }
 
-    std::unique_ptr<Plan> operator()(InsertStatement& insert)
+    std::unique_ptr<Plan> operator()(InsertQuery& insert)
     {
         const TableInfo& table = catalogue_.Table(insert.table);
         const auto columns = InsertColumns(table, insert);
-        Writer writer;
+        ExpressionWriter writer;
         writer.Text("INSERT INTO ").Name(table.name).Text(" (");
         for (std::size_t i = 0; i < columns.size(); ++i)
-            writer.Text(i ? ", " : "").Name(columns[i]->name);
+            writer.Text(i > 0 ? ", " : "").Name(columns[i]->name);
         writer.Text(") ");
         const bool numbered = table.HasCounter() && std::ranges::none_of(columns, IsCounter);
         if (insert.select)
@@ -44,11 +44,11 @@ public:
         return plan;
     }
 
-    std::unique_ptr<Plan> operator()(UpdateStatement& update)
+    std::unique_ptr<Plan> operator()(UpdateQuery& update)
     {
         const TableInfo& table = catalogue_.Table(update.table);
         Checker checker({{&table, table.name}});
-        Writer writer;
+        ExpressionWriter writer;
         writer.Text("UPDATE ").Name(table.name).Text(" AS t0 SET ");
         for (std::size_t i = 0; i < update.assignments.size(); ++i) {
             auto& assignment = update.assignments[i];
@@ -58,28 +58,28 @@ public:
                 throw refuse::FieldNotUpdatable(column.name);
             checker.Check(*assignment.value, false);
             RequireStorable(*assignment.value, column);
-            writer.Text(i ? ", " : "").Name(column.name).Text(" = ");
+            writer.Text(i > 0 ? ", " : "").Name(column.name).Text(" = ");
             writer.WriteForColumn(*assignment.value, column);
         }
         WriteWhere(writer, checker, update.where.get());
         return Finish(writer);
     }
 
-    std::unique_ptr<Plan> operator()(DeleteStatement& remove)
+    std::unique_ptr<Plan> operator()(DeleteQuery& remove)
     {
         const TableInfo& table = catalogue_.Table(remove.table);
         Checker checker({{&table, table.name}});
-        Writer writer;
+        ExpressionWriter writer;
         writer.Text("DELETE FROM ").Name(table.name).Text(" AS t0");
         WriteWhere(writer, checker, remove.where.get());
         return Finish(writer);
     }
 
-    std::unique_ptr<Plan> operator()(DdlStatement& ddl)
+    std::unique_ptr<Plan> operator()(DdlQuery& ddl)
     {
         auto plan = std::make_unique<Plan>();
         plan->kind = Plan::Kind::Ddl;
-        plan->ddl = std::make_unique<DdlStatement>(std::move(ddl));
+        plan->ddl = std::make_unique<DdlQuery>(std::move(ddl));
         return plan;
     }
 
@@ -93,7 +93,7 @@ private:
     }
 
     static std::vector<const ColumnInfo*> InsertColumns(const TableInfo& table,
-                                                        const InsertStatement& insert)
+                                                        const InsertQuery& insert)
     {
         std::vector<const ColumnInfo*> columns;
         for (const std::string& name : insert.columns)
@@ -104,29 +104,29 @@ private:
         for (std::size_t i = 0; i < columns.size(); ++i)
             for (std::size_t k = 0; k < i; ++k)
                 if (columns[i] == columns[k])
-                    throw refuse::Statement("Duplicate output destination '" + columns[i]->name +
-                                            "'.");
+                    throw refuse::WrongSql("Duplicate output destination '" + columns[i]->name +
+                                           "'.");
         return columns;
     }
 
     static bool IsCounter(const ColumnInfo* column) { return column->type.counter; }
 
-    static void WriteValues(InsertStatement& insert, const std::vector<const ColumnInfo*>& columns,
-                            Writer& writer)
+    static void WriteValues(InsertQuery& insert, const std::vector<const ColumnInfo*>& columns,
+                            ExpressionWriter& writer)
     {
         if (insert.values.size() != columns.size())
-            throw refuse::Statement(
+            throw refuse::WrongSql(
                 "Number of query values and destination fields are not the same.");
         Checker checker({});
         writer.Text("VALUES (");
         for (std::size_t i = 0; i < columns.size(); ++i) {
             checker.Check(*insert.values[i], false);
-            writer.Text(i ? ", " : "").WriteForColumn(*insert.values[i], *columns[i]);
+            writer.Text(i > 0 ? ", " : "").WriteForColumn(*insert.values[i], *columns[i]);
         }
         writer.Text(")");
     }
 
-    static void WriteWhere(Writer& writer, Checker& checker, Expression* where)
+    static void WriteWhere(ExpressionWriter& writer, Checker& checker, Expression* where)
     {
         if (!where)
             return;
@@ -134,11 +134,11 @@ private:
         writer.Text(" WHERE ").WriteCondition(*where);
     }
 
-    std::unique_ptr<Plan> Finish(const Writer& writer)
+    std::unique_ptr<Plan> Finish(const ExpressionWriter& writer)
     {
         auto plan = std::make_unique<Plan>();
         plan->parameters = writer.Parameters();
-        plan->statement = database_.Prepare(writer.Sql(), true);
+        plan->query = database_.Prepare(writer.Sql(), true);
         return plan;
     }
 
@@ -148,10 +148,10 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Plan> Compile(const LexedStatement& lexed, Catalogue& catalogue, Database& database)
+std::unique_ptr<Plan> Compile(const LexedSql& lexed, Catalogue& catalogue, Database& database)
 {
-    ParsedStatement parsed = Parse(lexed);
-    return std::visit(StatementCompiler(catalogue, database), parsed);
+    ParsedQuery parsed = Parse(lexed);
+    return std::visit(QueryCompiler(catalogue, database), parsed);
 }
 
 }  // namespace clb

@@ -1,3 +1,4 @@
+// From an SQL text to a prepared query.
 #pragma once
 #include <memory>
 
@@ -5,8 +6,7 @@
 
 namespace clb {
 
-/// Parses, checks, writes and prepares one statement. Throws EngineError; nothing has run then.
-std::unique_ptr<Plan> Compile(const LexedStatement& lexed, Catalogue& catalogue,
-                              Database& database);
+/// Parses, checks, translates and prepares one query. Throws EngineError before anything has run.
+std::unique_ptr<Plan> Compile(const LexedSql& lexed, Catalogue& catalogue, Database& database);
 
 }  // namespace clb

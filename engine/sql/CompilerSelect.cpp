@@ -6,7 +6,7 @@
 #include "engine/sql/Checker.h"
 #include "engine/sql/Grouping.h"
 #include "engine/sql/Typing.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {
@@ -14,7 +14,7 @@ namespace {
 /// One field of the result.
 struct Output {
     const Expression* expression = nullptr;
-    ExpressionPtr owned;  ///< of a column that "*" stands for
+    ExpressionPtr owned;  ///< set for a column that "*" includes
     std::string name;
     bool alias = false;
 };
@@ -28,8 +28,8 @@ void CollectSources(const TableExpression& from, Catalogue& catalogue, std::vect
     }
     for (const Source& other : sources)
         if (EqualsIgnoringCase(other.alias, from.alias))
-            throw refuse::Statement("The table name '" + from.alias +
-                                    "' stands more than once in the FROM clause.");
+            throw refuse::WrongSql("The table name '" + from.alias +
+                                   "' stands more than once in the FROM clause.");
     sources.push_back({&catalogue.Table(from.table), from.alias});
 }
 
@@ -48,7 +48,7 @@ std::vector<Source> SourcesOf(const TableExpression& from, Catalogue& catalogue)
 
 class SelectCompiler {
 public:
-    SelectCompiler(SelectStatement& select, Catalogue& catalogue)
+    SelectCompiler(SelectQuery& select, Catalogue& catalogue)
         : select_(select), checker_(SourcesOf(*select.from, catalogue))
     {
         CheckJoins(*select_.from);
@@ -66,9 +66,9 @@ public:
         CheckGrouping();
     }
 
-    const std::vector<Output>& Outputs() const { return outputs_; }
+    [[nodiscard]] const std::vector<Output>& Outputs() const { return outputs_; }
 
-    void WriteTo(Writer& writer, const std::vector<const ColumnInfo*>* columns)
+    void WriteTo(ExpressionWriter& writer, const std::vector<const ColumnInfo*>* columns)
     {
         writer.Text(select_.distinct ? "SELECT DISTINCT " : "SELECT ");
         WriteItems(writer, columns);
@@ -142,8 +142,8 @@ private:
             }
     }
 
-    /// A column keeps its name, with its table's where two tables have it; an expression without an
-    /// alias is numbered.
+    /// A column keeps its name, qualified if two tables have it. An expression without an alias
+    /// gets a number.
     void NameOutputs()
     {
         int unnamed = 1000;
@@ -161,10 +161,10 @@ private:
     {
         for (const Output& other : outputs_)
             if (&other != &output && other.alias && EqualsIgnoringCase(other.name, output.name))
-                throw refuse::Statement("Duplicate output alias '" + output.name + "'.");
+                throw refuse::WrongSql("Duplicate output alias '" + output.name + "'.");
     }
 
-    std::string ColumnOutputName(const Expression& column) const
+    [[nodiscard]] std::string ColumnOutputName(const Expression& column) const
     {
         const bool shared = std::any_of(outputs_.begin(), outputs_.end(), [&](const Output& other) {
             const Expression& e = *other.expression;
@@ -179,8 +179,8 @@ private:
     {
         if (!item.expression) {
             if (item.position == 0 || item.position > outputs_.size())
-                throw refuse::Statement("There is no field number " +
-                                        std::to_string(item.position) + " to order by.");
+                throw refuse::WrongSql("There is no field number " + std::to_string(item.position) +
+                                       " to order by.");
             order_.push_back(outputs_[item.position - 1].expression);
             return;
         }
@@ -195,7 +195,7 @@ private:
         checker_.Check(key, true);
     }
 
-    bool IsColumn(const std::string& name) const
+    [[nodiscard]] bool IsColumn(const std::string& name) const
     {
         return std::any_of(checker_.Sources().begin(), checker_.Sources().end(),
                            [&](const Source& source) { return source.table->Find(name); });
@@ -209,7 +209,7 @@ private:
             if (std::none_of(outputs_.begin(), outputs_.end(), [&](const Output& output) {
                     return output.expression == key || SameExpression(*output.expression, *key);
                 }))
-                throw refuse::Statement("ORDER BY conflicts with DISTINCT: it names no field.");
+                throw refuse::WrongSql("ORDER BY conflicts with DISTINCT: it names no field.");
     }
 
     void CheckGrouping()
@@ -229,15 +229,15 @@ private:
             RequireGrouped(*select_.having, select_.groupBy);
     }
 
-    bool CarriesRowId() const
+    [[nodiscard]] bool CarriesRowId() const
     {
         return checker_.Sources().size() == 1 && !grouped_ && !select_.distinct;
     }
 
-    void WriteItems(Writer& writer, const std::vector<const ColumnInfo*>* columns)
+    void WriteItems(ExpressionWriter& writer, const std::vector<const ColumnInfo*>* columns)
     {
         for (std::size_t i = 0; i < outputs_.size(); ++i) {
-            writer.Text(i ? ", " : "");
+            writer.Text(i > 0 ? ", " : "");
             if (columns)
                 writer.WriteForColumn(*outputs_[i].expression, *(*columns)[i]);
             else
@@ -246,16 +246,16 @@ private:
         if (CarriesRowId() && !columns)
             writer.Text(outputs_.empty() ? "t0.rowid" : ", t0.rowid");
         else if (outputs_.empty())
-            throw refuse::Statement("The tables have no columns.");
+            throw refuse::WrongSql("The tables have no columns.");
     }
 
-    void WriteTable(Writer& writer, const TableExpression& from)
+    void WriteTable(ExpressionWriter& writer, const TableExpression& from)
     {
         writer.Name(checker_.Sources()[from.source].table->name);
         writer.Text(" AS t" + std::to_string(from.source));
     }
 
-    void WriteFlat(Writer& writer, const TableExpression& from)
+    void WriteFlat(ExpressionWriter& writer, const TableExpression& from)
     {
         if (!from.left)
             return WriteTable(writer, from);
@@ -264,7 +264,7 @@ private:
         WriteFlat(writer, *from.right);
     }
 
-    void WriteNested(Writer& writer, const TableExpression& from)
+    void WriteNested(ExpressionWriter& writer, const TableExpression& from)
     {
         if (!from.left) {
             visible_.push_back(from.source);
@@ -277,13 +277,13 @@ private:
         WriteNested(writer, *from.right);
         if (from.right->left) {
             writer.Text(")");
-            visible_.resize(before);  // a row's identity is not seen through brackets
+            visible_.resize(before);  // the identities of rows are not visible outside a subquery
         }
         if (from.on)
             writer.Text(" ON ").WriteCondition(*from.on);
     }
 
-    void WriteWhere(Writer& writer, bool flat)
+    void WriteWhere(ExpressionWriter& writer, bool flat)
     {
         std::vector<const Expression*> conditions;
         if (flat)
@@ -291,7 +291,7 @@ private:
         if (select_.where)
             conditions.push_back(select_.where.get());
         for (std::size_t i = 0; i < conditions.size(); ++i)
-            writer.Text(i ? " AND " : " WHERE ").WriteCondition(*conditions[i]);
+            writer.Text(i > 0 ? " AND " : " WHERE ").WriteCondition(*conditions[i]);
     }
 
     static void CollectConditions(const TableExpression& from,
@@ -305,16 +305,16 @@ private:
             conditions.push_back(from.on.get());
     }
 
-    void WriteGroups(Writer& writer)
+    void WriteGroups(ExpressionWriter& writer)
     {
         for (std::size_t i = 0; i < select_.groupBy.size(); ++i)
-            writer.Text(i ? ", " : " GROUP BY ").Write(*select_.groupBy[i]);
+            writer.Text(i > 0 ? ", " : " GROUP BY ").Write(*select_.groupBy[i]);
         if (select_.having)
             writer.Text(" HAVING ").WriteCondition(*select_.having);
     }
 
-    /// Rows that are equal in all keys come in order of insertion, of the last table first.
-    void WriteOrder(Writer& writer, bool flat)
+    /// Rows with equal keys come in the order of insertion, that of the last table first.
+    void WriteOrder(ExpressionWriter& writer, bool flat)
     {
         std::string_view divider = " ORDER BY ";
         for (std::size_t i = 0; i < order_.size(); ++i) {
@@ -353,14 +353,14 @@ private:
         plan.table = table.name;
         plan.numberedTable = table.HasCounter() ? table.name : std::string();
         plan.triggers = table.triggers;
-        Writer reader;
+        ExpressionWriter reader;
         reader.Text("SELECT ");
         WriteItems(reader, nullptr);
         const int row = static_cast<int>(reader.Parameters().size()) + 1;
         plan.readerRowParameter = row;
         const std::string items = reader.TakeSql();
         const std::string from =
-            Writer().Text(" FROM ").Name(table.name).TakeSql() + " AS t0 WHERE ";
+            ExpressionWriter().Text(" FROM ").Name(table.name).TakeSql() + " AS t0 WHERE ";
         plan.readerSql = items + from + "t0.rowid = ?" + std::to_string(row);
         plan.stretchSql = items + ", t0.rowid" + from + "t0.rowid BETWEEN ?" + std::to_string(row) +
                           " AND ?" + std::to_string(row + 1) + " ORDER BY t0.rowid";
@@ -368,29 +368,29 @@ private:
             DescribeIdentities(table.name, plan);
     }
 
-    /// Only the condition has parameters in these statements.
+    /// In these queries only the condition has parameters.
     void DescribeIdentities(const std::string& table, Plan& plan)
     {
-        Writer identities;
+        ExpressionWriter identities;
         identities.Text("SELECT t0.rowid FROM ").Name(table).Text(" AS t0");
         WriteWhere(identities, true);
         plan.identitiesSql = identities.Text(" ORDER BY t0.rowid").TakeSql();
     }
 
-    SelectStatement& select_;
+    SelectQuery& select_;
     Checker checker_;
     std::vector<Output> outputs_;
-    std::vector<const Expression*> order_;  // per item of ORDER BY
-    std::vector<std::size_t> visible_;      // tables whose row identity can be named
+    std::vector<const Expression*> order_;  // one per item of ORDER BY
+    std::vector<std::size_t> visible_;      // tables whose row identities can be selected
     bool grouped_ = false;
 };
 
 }  // namespace
 
-CompiledSelect CompileSelect(SelectStatement& select, Catalogue& catalogue)
+CompiledSelect CompileSelect(SelectQuery& select, Catalogue& catalogue)
 {
     SelectCompiler compiler(select, catalogue);
-    Writer writer;
+    ExpressionWriter writer;
     compiler.WriteTo(writer, nullptr);
     CompiledSelect compiled;
     compiled.plan = compiler.Describe();
@@ -399,13 +399,13 @@ CompiledSelect CompileSelect(SelectStatement& select, Catalogue& catalogue)
     return compiled;
 }
 
-void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectStatement& select,
-                    Catalogue& catalogue, Writer& writer)
+void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectQuery& select,
+                    Catalogue& catalogue, ExpressionWriter& writer)
 {
     SelectCompiler compiler(select, catalogue);
     const auto& outputs = compiler.Outputs();
     if (outputs.size() != columns.size())
-        throw refuse::Statement("Number of query values and destination fields are not the same.");
+        throw refuse::WrongSql("Number of query values and destination fields are not the same.");
     for (std::size_t i = 0; i < columns.size(); ++i)
         RequireStorable(*outputs[i].expression, *columns[i]);
     compiler.WriteTo(writer, &columns);
@@ -413,7 +413,7 @@ void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectStateme
 
 void RequireStorable(const Expression& value, const ColumnInfo& column)
 {
-    // A text is converted when it runs, and so is NULL.
+    // A text is converted when the query runs, and so is NULL.
     if (value.type == FieldType::Text || column.type.type == FieldType::Text)
         return;
     if ((value.type == FieldType::Date) != (column.type.type == FieldType::Date))

@@ -1,28 +1,30 @@
+// Translates SELECT into the storage's SQL.
 #pragma once
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "engine/sql/Ast.h"
+#include "engine/sql/ExpressionWriter.h"
 #include "engine/sql/Plan.h"
-#include "engine/sql/Writer.h"
 
 namespace clb {
 
-/// A checked SELECT and its text, not yet prepared.
+/// A checked SELECT and its translation, not yet prepared.
 struct CompiledSelect {
     std::unique_ptr<Plan> plan;
     std::string sql;
 };
 
-CompiledSelect CompileSelect(SelectStatement& select, Catalogue& catalogue);
+CompiledSelect CompileSelect(SelectQuery& select, Catalogue& catalogue);
 
-/// Writes the SELECT behind what stands in the writer; its fields are converted for the columns,
-/// one each. Throws EngineError when their number differs.
-void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectStatement& select,
-                    Catalogue& catalogue, Writer& writer);
+/// Appends the SELECT to the writer. Its fields are converted for the columns, in order. Throws
+/// EngineError if their numbers differ.
+void WriteSelectFor(const std::vector<const ColumnInfo*>& columns, SelectQuery& select,
+                    Catalogue& catalogue, ExpressionWriter& writer);
 
-/// Throws EngineError when no value of this kind can be stored in the column: a date is no number.
+/// Throws EngineError if the column can store no value of this kind, such as a date in a number
+/// column.
 void RequireStorable(const Expression& value, const ColumnInfo& column);
 
 }  // namespace clb

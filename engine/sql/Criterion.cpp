@@ -4,30 +4,11 @@
 
 #include <cmath>
 
-#include "engine/sql/Typing.h"
-#include "engine/storage/Errors.h"
+#include "engine/sql/TokenReader.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {
-
-std::optional<Operator> ComparisonOf(const Token& token)
-{
-    if (token.kind != TokenKind::Symbol)
-        return std::nullopt;
-    if (token.text == "=")
-        return Operator::Equal;
-    if (token.text == "<>")
-        return Operator::NotEqual;
-    if (token.text == "<")
-        return Operator::Less;
-    if (token.text == "<=")
-        return Operator::LessEqual;
-    if (token.text == ">")
-        return Operator::Greater;
-    if (token.text == ">=")
-        return Operator::GreaterEqual;
-    return std::nullopt;
-}
 
 int Sign(double difference)
 {
@@ -41,78 +22,53 @@ int CompareMoney(Money money, const Literal& literal, bool negated)
     const std::int64_t scaled = negated ? -literal.scaled : literal.scaled;
     if (money.Scaled() != scaled || literal.kind != LiteralKind::Fine)
         return money.Scaled() < scaled ? -1 : money.Scaled() > scaled ? 1 : 0;
-    return negated ? 1 : -1;  // what was cut off lies beyond
+    return negated ? 1 : -1;  // the part that was cut off makes the literal larger
 }
 
-class CriterionParser {
-public:
-    explicit CriterionParser(const LexedStatement& lexed) : tokens_(lexed.tokens), lexed_(lexed) {}
+bool TakeField(TokenReader& in, Criterion& criterion)
+{
+    const Token& token = in.Next();
+    if (token.kind != TokenKind::Name && token.kind != TokenKind::QuotedName)
+        return false;
+    criterion.field = token.text;
+    return true;
+}
 
-    bool Read(Criterion& criterion)
-    {
-        return ReadField(criterion) && ReadOperator(criterion) && ReadLiteral(criterion) &&
-               tokens_[at_].kind == TokenKind::End;
-    }
+bool TakeOperator(TokenReader& in, Criterion& criterion)
+{
+    const auto operation = in.TakeComparison();
+    criterion.like = !operation && in.TakeWord("LIKE");
+    criterion.operation = operation.value_or(Operator::Equal);
+    return operation || criterion.like;
+}
 
-private:
-    bool ReadField(Criterion& criterion)
-    {
-        const Token& token = tokens_[at_];
-        if (token.kind != TokenKind::Name && token.kind != TokenKind::QuotedName)
-            return false;
-        criterion.field = token.text;
-        ++at_;
-        return true;
-    }
-
-    bool ReadOperator(Criterion& criterion)
-    {
-        const auto operation = ComparisonOf(tokens_[at_]);
-        criterion.like = IsWord(tokens_[at_], "LIKE");
-        if (!operation && !criterion.like)
-            return false;
-        criterion.operation = operation.value_or(Operator::Equal);
-        ++at_;
-        return true;
-    }
-
-    bool ReadLiteral(Criterion& criterion)
-    {
-        if (tokens_[at_].kind == TokenKind::Symbol && tokens_[at_].text == "-") {
-            criterion.negated = true;
-            ++at_;
-        }
-        const Token& token = tokens_[at_];
-        if (IsWord(token, "TRUE") || IsWord(token, "YES"))
-            criterion.truth = true;
-        else if (IsWord(token, "FALSE") || IsWord(token, "NO"))
-            criterion.truth = false;
-        else if (token.kind == TokenKind::Number || token.kind == TokenKind::Text ||
-                 token.kind == TokenKind::Date)
-            criterion.literal = lexed_.literals[token.literal];
-        else
-            return false;
-        ++at_;
-        return !criterion.negated || token.kind == TokenKind::Number;
-    }
-
-    const std::vector<Token>& tokens_;
-    const LexedStatement& lexed_;
-    std::size_t at_ = 0;
-};
+bool TakeLiteral(TokenReader& in, Criterion& criterion)
+{
+    criterion.negated = in.TakeSymbol("-");
+    criterion.truth = in.TakeTruth();
+    if (criterion.truth)
+        return !criterion.negated;
+    const Token& token = in.Next();
+    if (!IsLiteral(token))
+        return false;
+    criterion.literal = in.LiteralOf(token);
+    return !criterion.negated || token.kind == TokenKind::Number;
+}
 
 }  // namespace
 
 Criterion Criterion::Parse(std::string_view text)
 {
     Criterion criterion;
-    LexedStatement lexed;
+    LexedSql lexed;
     try {
         lexed = Lex(text);
     } catch (const EngineError&) {
         throw refuse::Criterion(text);
     }
-    if (!CriterionParser(lexed).Read(criterion))
+    TokenReader in(lexed);
+    if (!TakeField(in, criterion) || !TakeOperator(in, criterion) || !TakeLiteral(in, criterion) ||
+        in.Peek().kind != TokenKind::End)
         throw refuse::Criterion(text);
     return criterion;
 }

@@ -1,3 +1,4 @@
+// The search criterion of a result set.
 #pragma once
 #include <optional>
 #include <string>
@@ -9,23 +10,23 @@
 
 namespace clb {
 
-/// What Find searches for: "Field operator literal".
+/// The criterion of Recordset::Find: "Field operator literal".
 struct Criterion {
     std::string field;
     bool like = false;
     Operator operation = Operator::Equal;
-    bool negated = false;       ///< a minus in front of the number
-    std::optional<bool> truth;  ///< TRUE and FALSE in place of a literal
+    bool negated = false;       ///< a minus before the number
+    std::optional<bool> truth;  ///< TRUE or FALSE instead of a literal
     Literal literal;
 
-    /// Throws EngineError for any other form, lone quotes included.
+    /// Throws EngineError for any other form, including unclosed quotes.
     static Criterion Parse(std::string_view text);
 
-    /// Throws EngineError when the literal cannot be compared with a field of the type.
+    /// Throws EngineError if the literal cannot be compared with a field of the type.
     void RequireType(FieldType type) const;
-    /// For "=": the value of the field's type that is equal to the literal; nothing when none is.
+    /// For "=": the value of the field's type that equals the literal, or nothing if there is none.
     [[nodiscard]] std::optional<Value> Sought(FieldType type) const;
-    /// Whether the value fulfils the criterion; null never does.
+    /// Whether the value meets the criterion. Null never does.
     [[nodiscard]] bool Matches(const Value& value) const;
 
 private:

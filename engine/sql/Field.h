@@ -1,3 +1,4 @@
+// A column of a result set.
 #pragma once
 #include <cstddef>
 #include <string>
@@ -10,9 +11,9 @@ namespace clb {
 struct Field {
     std::string name;
     FieldType type = FieldType::Text;
-    std::size_t width = 0;   ///< most characters that the column takes; 0 = unlimited or no text
-    bool updatable = false;  ///< a column of the one table, not an expression
-    bool counter = false;    ///< numbered by the database when a row is added
+    std::size_t width = 0;   ///< largest number of characters; 0: unlimited, or not a text
+    bool updatable = false;  ///< a column of the only table, not an expression
+    bool counter = false;    ///< the database numbers it when a row is added
 };
 
 }  // namespace clb

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 

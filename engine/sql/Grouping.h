@@ -1,3 +1,4 @@
+// The rules of GROUP BY.
 #pragma once
 #include <vector>
 
@@ -5,12 +6,12 @@
 
 namespace clb {
 
-/// Whether the expressions are the same whatever the statement's literals, which never count as the
-/// same, since they are no part of a plan.
+/// Whether two expressions are the same for every value of the query's literals. Two literals never
+/// count as the same, because a plan does not include their values.
 bool SameExpression(const Expression& a, const Expression& b);
 
-/// Throws EngineError when a checked expression of a grouped statement uses a column that is
-/// neither inside an aggregate function nor in GROUP BY.
+/// Throws EngineError if a checked expression of a grouped query uses a column that is neither
+/// inside an aggregate function nor in GROUP BY.
 void RequireGrouped(const Expression& e, const std::vector<ExpressionPtr>& groupBy);
 
 }  // namespace clb

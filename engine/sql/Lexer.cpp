@@ -6,7 +6,7 @@
 
 #include "base/Numeric.h"
 #include "base/Text.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {
@@ -25,7 +25,7 @@ constexpr bool IsNameStart(char c)
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-/// Most of a statement is names: one look tells whether a character goes on in one.
+/// Most of a query is names, so the characters of names are looked up in a table.
 constexpr auto kInName = [] {
     std::array<bool, 256> inName{};
     for (std::size_t c = 0; c < inName.size(); ++c)
@@ -37,7 +37,7 @@ class Scanner {
 public:
     explicit Scanner(std::string_view sql) : sql_(sql) {}
 
-    LexedStatement Run()
+    LexedSql Run()
     {
         lexed_.tokens.reserve(sql_.size() / 4 + 4);
         lexed_.literals.reserve(8);
@@ -53,7 +53,7 @@ public:
     }
 
 private:
-    char Peek(std::size_t ahead = 0) const
+    [[nodiscard]] char Peek(std::size_t ahead = 0) const
     {
         return at_ + ahead < sql_.size() ? sql_[at_ + ahead] : '\0';
     }
@@ -75,8 +75,8 @@ private:
             TakeSymbol();
     }
 
-    /// "Table.5" is no number behind a name.
-    bool AfterName() const
+    /// In "Table.5" the ".5" after a name is not a number.
+    [[nodiscard]] bool AfterName() const
     {
         return !lexed_.tokens.empty() && (lexed_.tokens.back().kind == TokenKind::Name ||
                                           lexed_.tokens.back().kind == TokenKind::QuotedName);
@@ -150,7 +150,7 @@ private:
         if (!date)
             date = DateText::MonthDayYear(inner);
         if (!date)
-            throw refuse::Statement("Syntax error in date '" + std::string(text) + "'.");
+            throw refuse::WrongSql("Syntax error in date '" + std::string(text) + "'.");
         Add(TokenKind::Date, at_ + 1, text.size() - 2);
         Literal literal;
         literal.kind = LiteralKind::Date;
@@ -183,42 +183,8 @@ private:
 
     std::string_view sql_;
     std::size_t at_ = 0;
-    LexedStatement lexed_;
+    LexedSql lexed_;
 };
-
-/// A number's digits without zeros in front and behind, and how many stand before the period.
-struct Decimal {
-    std::string digits;
-    std::int64_t point = 0;
-};
-
-Decimal ReadDecimal(std::string_view text)
-{
-    Decimal decimal;
-    bool fraction = false;
-    std::size_t at = 0;
-    for (; at < text.size() && (IsDigit(text[at]) || text[at] == '.'); ++at) {
-        if (text[at] == '.') {
-            fraction = true;
-            continue;
-        }
-        if (!(decimal.digits.empty() && text[at] == '0'))
-            decimal.digits.push_back(text[at]);
-        if (!decimal.digits.empty() && !fraction)
-            ++decimal.point;
-        if (decimal.digits.empty() && fraction)
-            --decimal.point;
-    }
-    if (at < text.size()) {
-        std::int64_t exponent = 0;
-        for (std::size_t i = at + 1; i < text.size(); ++i)
-            if (IsDigit(text[i]))
-                exponent = std::min<std::int64_t>(100000, exponent * 10 + (text[i] - '0'));
-        decimal.point += text[at + 1] == '-' ? -exponent : exponent;
-    }
-    decimal.digits.erase(decimal.digits.find_last_not_of('0') + 1);
-    return decimal;
-}
 
 bool IsInteger32(std::string_view text)
 {
@@ -245,49 +211,35 @@ Literal ReadNumber(std::string_view text)
 {
     Literal literal;
     literal.text = text;
-    const Decimal decimal = ReadDecimal(text);
-    const std::int64_t places = decimal.digits.empty() ? 0 : decimal.point + 4;
-    if (places > 19) {
-        literal.tooLarge = true;
-    } else {
-        std::uint64_t value = 0;
-        for (std::int64_t i = 0; i < places; ++i) {
-            const auto digit = static_cast<std::size_t>(i) < decimal.digits.size()
-                                   ? decimal.digits[static_cast<std::size_t>(i)] - '0'
-                                   : 0;
-            value = value * 10 + static_cast<std::uint64_t>(digit);
-        }
-        literal.tooLarge = value > static_cast<std::uint64_t>(INT64_MAX);
-        literal.scaled = literal.tooLarge ? 0 : static_cast<std::int64_t>(value);
-    }
+    const auto number = Numeric::Read(text);
     try {
-        literal.number = ParseDouble(text);
+        literal.number = number.value().ToDouble();
     } catch (const RuntimeError&) {
         throw refuse::Overflow();
     }
-    const bool finer =
-        static_cast<std::int64_t>(decimal.digits.size()) > std::max<std::int64_t>(places, 0);
+    const auto money = number->Truncate(4);
+    literal.tooLarge = !money;
+    literal.scaled = money ? money->whole : 0;
     if (IsInteger32(text))
         literal.kind = LiteralKind::Whole;
     else
-        literal.kind = finer || literal.tooLarge ? LiteralKind::Fine : LiteralKind::Exact;
+        literal.kind = money && money->exact ? LiteralKind::Exact : LiteralKind::Fine;
     return literal;
 }
 
-LexedStatement Lex(std::string_view sql)
+LexedSql Lex(std::string_view sql)
 {
     return Scanner(sql).Run();
 }
 
-std::string ShapeOf(const LexedStatement& lexed)
+std::string ShapeOf(const LexedSql& lexed)
 {
     std::string shape;
     shape.reserve(lexed.tokens.size() * 8);
     bool verbatim = false;
     for (std::size_t i = 0; i < lexed.tokens.size(); ++i) {
         const Token& token = lexed.tokens[i];
-        const bool literal = token.kind == TokenKind::Number || token.kind == TokenKind::Text ||
-                             token.kind == TokenKind::Date;
+        const bool literal = IsLiteral(token);
         const bool top = literal && i > 0 && IsWord(lexed.tokens[i - 1], "TOP");
         if (literal) {
             shape.push_back('?');

@@ -1,14 +1,15 @@
-#include "engine/sql/Writer.h"
+#include "engine/sql/Parameter.h"
+
 #include "engine/storage/Convert.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {
 
-/// Far beyond every amount, and exact as a double.
+/// Larger than every amount, and exact as a double.
 constexpr double kBeyondMoney = 1e19;
 
-/// The largest amount that is not above the literal.
+/// Returns the largest amount that is not greater than the literal.
 Value CutToMoney(const Literal& literal, bool negated)
 {
     if (literal.tooLarge)

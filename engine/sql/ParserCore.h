@@ -1,53 +1,19 @@
+// The parsers of the parts of a query.
 #pragma once
-#include <string>
-#include <string_view>
-
 #include "engine/sql/Ast.h"
-#include "engine/sql/Lexer.h"
-#include "engine/storage/Errors.h"
+#include "engine/sql/TokenReader.h"
 
 namespace clb {
 
-/// Moves along the tokens; the parsers of the parts of a statement share one.
-class TokenReader {
-public:
-    explicit TokenReader(const LexedStatement& lexed) : lexed_(&lexed) {}
-
-    [[nodiscard]] const Token& Peek(std::size_t ahead = 0) const;
-    const Token& Next();
-    [[nodiscard]] const Literal& LiteralOf(const Token& token) const
-    {
-        return lexed_->literals[token.literal];
-    }
-
-    /// Without regard to case; words are given in capitals.
-    [[nodiscard]] bool AtWord(std::string_view word) const { return IsWord(Peek(), word); }
-    [[nodiscard]] bool AtSymbol(std::string_view symbol, std::size_t ahead = 0) const;
-    bool TakeWord(std::string_view word);
-    bool TakeSymbol(std::string_view symbol);
-    void ExpectWord(std::string_view word);
-    void ExpectSymbol(std::string_view symbol);
-    /// A name, in brackets or not a word of the language.
-    [[nodiscard]] bool AtName(std::size_t ahead = 0) const;
-    std::string ExpectName();
-    /// A whole number from 0.
-    std::int32_t ExpectCount();
-    [[noreturn]] void Fail() const { throw refuse::Syntax(Peek().text); }
-
-private:
-    const LexedStatement* lexed_;
-    std::size_t at_ = 0;
-};
-
-/// Expressions: OR, AND, NOT, comparison, "&", plus and minus, times and divided by, sign, operand;
-/// each binds closer than the one before.
+/// Parses an expression. From the loosest to the tightest binding: OR, AND, NOT, comparison, "&",
+/// plus and minus, times and divided by, sign, operand.
 ExpressionPtr ParseExpression(TokenReader& in);
 
-SelectStatement ParseSelect(TokenReader& in);
-InsertStatement ParseInsert(TokenReader& in);
-UpdateStatement ParseUpdate(TokenReader& in);
-DeleteStatement ParseDelete(TokenReader& in);
+SelectQuery ParseSelect(TokenReader& in);
+InsertQuery ParseInsert(TokenReader& in);
+UpdateQuery ParseUpdate(TokenReader& in);
+DeleteQuery ParseDelete(TokenReader& in);
 /// CREATE, DROP and ALTER.
-DdlStatement ParseDdl(TokenReader& in);
+DdlQuery ParseDdl(TokenReader& in);
 
 }  // namespace clb

@@ -6,7 +6,7 @@
 namespace clb {
 namespace {
 
-/// A column's name; a whole number is one too.
+/// Takes a column's name, which may be a whole number.
 std::string ExpectColumnName(TokenReader& in)
 {
     const Token& token = in.Peek();
@@ -79,11 +79,11 @@ ColumnDefinition ExpectColumn(TokenReader& in)
 }
 
 /// [CONSTRAINT name] PRIMARY KEY (columns), or UNIQUE (columns).
-CreateTableStatement::Key ExpectKey(TokenReader& in)
+CreateTableQuery::Key ExpectKey(TokenReader& in)
 {
     if (in.TakeWord("CONSTRAINT"))
         in.ExpectName();
-    CreateTableStatement::Key key;
+    CreateTableQuery::Key key;
     key.primary = in.TakeWord("PRIMARY");
     in.ExpectWord(key.primary ? "KEY" : "UNIQUE");
     in.ExpectSymbol("(");
@@ -94,9 +94,9 @@ CreateTableStatement::Key ExpectKey(TokenReader& in)
     return key;
 }
 
-CreateTableStatement ParseCreateTable(TokenReader& in)
+CreateTableQuery ParseCreateTable(TokenReader& in)
 {
-    CreateTableStatement create;
+    CreateTableQuery create;
     create.table = in.ExpectName();
     in.ExpectSymbol("(");
     do {
@@ -114,16 +114,16 @@ CreateTableStatement ParseCreateTable(TokenReader& in)
     return create;
 }
 
-CreateIndexStatement ParseCreateIndex(TokenReader& in, bool unique)
+CreateIndexQuery ParseCreateIndex(TokenReader& in, bool unique)
 {
-    CreateIndexStatement create;
+    CreateIndexQuery create;
     create.unique = unique;
     create.index = in.ExpectName();
     in.ExpectWord("ON");
     create.table = in.ExpectName();
     in.ExpectSymbol("(");
     do {
-        CreateIndexStatement::Part part;
+        CreateIndexQuery::Part part;
         part.column = ExpectColumnName(in);
         part.descending = in.TakeWord("DESC");
         if (!part.descending)
@@ -134,7 +134,7 @@ CreateIndexStatement ParseCreateIndex(TokenReader& in, bool unique)
     return create;
 }
 
-DdlStatement ParseCreate(TokenReader& in)
+DdlQuery ParseCreate(TokenReader& in)
 {
     if (in.TakeWord("TABLE"))
         return ParseCreateTable(in);
@@ -143,38 +143,38 @@ DdlStatement ParseCreate(TokenReader& in)
     return ParseCreateIndex(in, unique);
 }
 
-DdlStatement ParseDrop(TokenReader& in)
+DdlQuery ParseDrop(TokenReader& in)
 {
     if (in.TakeWord("TABLE"))
-        return DropTableStatement{in.ExpectName()};
+        return DropTableQuery{in.ExpectName()};
     in.ExpectWord("INDEX");
-    DropIndexStatement drop;
+    DropIndexQuery drop;
     drop.index = in.ExpectName();
     in.ExpectWord("ON");
     drop.table = in.ExpectName();
     return drop;
 }
 
-DdlStatement ParseAlter(TokenReader& in)
+DdlQuery ParseAlter(TokenReader& in)
 {
     in.ExpectWord("TABLE");
     std::string table = in.ExpectName();
     if (in.TakeWord("ADD")) {
         in.TakeWord("COLUMN");
-        return AddColumnStatement{std::move(table), ExpectColumn(in)};
+        return AddColumnQuery{std::move(table), ExpectColumn(in)};
     }
     if (in.TakeWord("ALTER")) {
         in.TakeWord("COLUMN");
-        return AlterColumnStatement{std::move(table), ExpectColumn(in)};
+        return AlterColumnQuery{std::move(table), ExpectColumn(in)};
     }
     in.ExpectWord("DROP");
     in.TakeWord("COLUMN");
-    return DropColumnStatement{std::move(table), ExpectColumnName(in)};
+    return DropColumnQuery{std::move(table), ExpectColumnName(in)};
 }
 
 }  // namespace
 
-DdlStatement ParseDdl(TokenReader& in)
+DdlQuery ParseDdl(TokenReader& in)
 {
     if (in.TakeWord("CREATE"))
         return ParseCreate(in);

@@ -8,7 +8,7 @@
 namespace clb {
 namespace {
 
-/// Deeper expressions are refused, so that no statement can exhaust the stack.
+/// Deeper expressions are rejected, so that no query can exhaust the stack.
 constexpr int kDeepest = 400;
 
 ExpressionPtr Make(ExpressionKind kind)
@@ -22,7 +22,7 @@ void Adopt(Expression& parent, ExpressionPtr operand)
 {
     parent.depth = std::max(parent.depth, operand->depth + 1);
     if (parent.depth > kDeepest)
-        throw refuse::Statement("The expression is too complex.");
+        throw refuse::WrongSql("The expression is too complex.");
     parent.operands.push_back(std::move(operand));
 }
 
@@ -58,16 +58,6 @@ constexpr FunctionName kFunctionNames[] = {
     {"CCUR", Function::CCur, 1, 1},     {"CDBL", Function::CDbl, 1, 1},
 };
 
-struct OperatorSymbol {
-    std::string_view symbol;
-    Operator operation;
-};
-
-constexpr OperatorSymbol kComparisons[] = {
-    {"=", Operator::Equal},      {"<>", Operator::NotEqual}, {"<", Operator::Less},
-    {"<=", Operator::LessEqual}, {">", Operator::Greater},   {">=", Operator::GreaterEqual},
-};
-
 class ExpressionParser {
 public:
     explicit ExpressionParser(TokenReader& in) : in_(in) {}
@@ -82,13 +72,13 @@ public:
     }
 
 private:
-    /// Counts how deep the parser calls itself.
+    /// Counts how deeply the parser has called itself.
     class Nesting {
     public:
         explicit Nesting(ExpressionParser& parser) : parser_(parser)
         {
             if (++parser_.nesting_ > kDeepest)
-                throw refuse::Statement("The expression is too complex.");
+                throw refuse::WrongSql("The expression is too complex.");
         }
         ~Nesting() { --parser_.nesting_; }
         Nesting(const Nesting&) = delete;
@@ -120,7 +110,7 @@ private:
     {
         ExpressionPtr left = Concatenation();
         for (;;) {
-            if (const auto operation = TakeOneOf(kComparisons))
+            if (const auto operation = in_.TakeComparison())
                 left = MakeBinary(*operation, std::move(left), Concatenation());
             else if (AtPredicate())
                 left = Predicate(std::move(left));
@@ -129,7 +119,7 @@ private:
         }
     }
 
-    bool AtPredicate() const
+    [[nodiscard]] bool AtPredicate() const
     {
         const Token& token = in_.Peek(in_.AtWord("NOT") ? 1 : 0);
         return in_.AtWord("IS") || IsWord(token, "IN") || IsWord(token, "LIKE") ||
@@ -185,7 +175,7 @@ private:
         static constexpr OperatorSymbol kSigns[] = {{"+", Operator::Add},
                                                     {"-", Operator::Subtract}};
         ExpressionPtr left = Product();
-        while (const auto operation = TakeOneOf(kSigns))
+        while (const auto operation = in_.TakeOneOf(kSigns))
             left = MakeBinary(*operation, std::move(left), Product());
         return left;
     }
@@ -195,7 +185,7 @@ private:
         static constexpr OperatorSymbol kSigns[] = {{"*", Operator::Multiply},
                                                     {"/", Operator::Divide}};
         ExpressionPtr left = Signed();
-        while (const auto operation = TakeOneOf(kSigns))
+        while (const auto operation = in_.TakeOneOf(kSigns))
             left = MakeBinary(*operation, std::move(left), Signed());
         return left;
     }
@@ -225,8 +215,7 @@ private:
             in_.ExpectSymbol(")");
             return inner;
         }
-        if (token.kind == TokenKind::Number || token.kind == TokenKind::Text ||
-            token.kind == TokenKind::Date)
+        if (IsLiteral(token))
             return TakeLiteral();
         if (AtCall())
             return TakeCall();
@@ -235,8 +224,8 @@ private:
         return TakeWordValue();
     }
 
-    /// LEFT and RIGHT are words of the language and functions.
-    bool AtCall() const
+    /// LEFT and RIGHT are reserved words and functions.
+    [[nodiscard]] bool AtCall() const
     {
         const bool name = in_.AtName() || in_.AtWord("LEFT") || in_.AtWord("RIGHT");
         return name && in_.Peek().kind == TokenKind::Name && in_.AtSymbol("(", 1);
@@ -255,12 +244,11 @@ private:
     {
         if (in_.TakeWord("NULL"))
             return Make(ExpressionKind::NullValue);
-        const bool yes = in_.AtWord("TRUE") || in_.AtWord("YES");
-        if (!yes && !in_.AtWord("FALSE") && !in_.AtWord("NO"))
+        const auto truth = in_.TakeTruth();
+        if (!truth)
             in_.Fail();
-        in_.Next();
         auto expression = Make(ExpressionKind::Truth);
-        expression->truth = yes;
+        expression->truth = *truth;
         return expression;
     }
 
@@ -299,15 +287,6 @@ private:
             expression->operands.size() > entry->most)
             throw refuse::NoSuchFunction(name);
         return expression;
-    }
-
-    template <std::size_t Count>
-    std::optional<Operator> TakeOneOf(const OperatorSymbol (&symbols)[Count])
-    {
-        for (const OperatorSymbol& entry : symbols)
-            if (in_.TakeSymbol(entry.symbol))
-                return entry.operation;
-        return std::nullopt;
     }
 
     TokenReader& in_;

@@ -5,7 +5,7 @@
 namespace clb {
 namespace {
 
-/// FROM may nest brackets this deep.
+/// How deeply FROM may nest parentheses.
 constexpr int kDeepestJoin = 32;
 
 std::unique_ptr<TableExpression> ParseJoins(TokenReader& in, std::size_t& sources, int depth);
@@ -14,7 +14,7 @@ std::unique_ptr<TableExpression> ParseTable(TokenReader& in, std::size_t& source
 {
     if (in.TakeSymbol("(")) {
         if (depth > kDeepestJoin)
-            throw refuse::Statement("The expression is too complex.");
+            throw refuse::WrongSql("The expression is too complex.");
         auto inner = ParseJoins(in, sources, depth + 1);
         in.ExpectSymbol(")");
         return inner;
@@ -49,7 +49,7 @@ std::unique_ptr<TableExpression> ParseJoins(TokenReader& in, std::size_t& source
     return left;
 }
 
-/// Tables divided by commas are joined without a condition.
+/// Tables separated by commas are joined without a condition.
 std::unique_ptr<TableExpression> ParseFrom(TokenReader& in)
 {
     std::size_t sources = 0;
@@ -102,9 +102,9 @@ OrderItem ParseOrderItem(TokenReader& in)
 
 }  // namespace
 
-SelectStatement ParseSelect(TokenReader& in)
+SelectQuery ParseSelect(TokenReader& in)
 {
-    SelectStatement select;
+    SelectQuery select;
     in.ExpectWord("SELECT");
     select.distinct = in.TakeWord("DISTINCT");
     if (!select.distinct)

@@ -4,9 +4,9 @@
 
 namespace clb {
 
-InsertStatement ParseInsert(TokenReader& in)
+InsertQuery ParseInsert(TokenReader& in)
 {
-    InsertStatement insert;
+    InsertQuery insert;
     in.ExpectWord("INSERT");
     in.ExpectWord("INTO");
     insert.table = in.ExpectName();
@@ -17,7 +17,7 @@ InsertStatement ParseInsert(TokenReader& in)
         in.ExpectSymbol(")");
     }
     if (in.AtWord("SELECT")) {
-        insert.select = std::make_unique<SelectStatement>(ParseSelect(in));
+        insert.select = std::make_unique<SelectQuery>(ParseSelect(in));
         return insert;
     }
     in.ExpectWord("VALUES");
@@ -29,14 +29,14 @@ InsertStatement ParseInsert(TokenReader& in)
     return insert;
 }
 
-UpdateStatement ParseUpdate(TokenReader& in)
+UpdateQuery ParseUpdate(TokenReader& in)
 {
-    UpdateStatement update;
+    UpdateQuery update;
     in.ExpectWord("UPDATE");
     update.table = in.ExpectName();
     in.ExpectWord("SET");
     do {
-        UpdateStatement::Assignment assignment;
+        UpdateQuery::Assignment assignment;
         assignment.column = in.ExpectName();
         if (in.TakeSymbol(".")) {
             assignment.qualifier = std::move(assignment.column);
@@ -51,9 +51,9 @@ UpdateStatement ParseUpdate(TokenReader& in)
     return update;
 }
 
-DeleteStatement ParseDelete(TokenReader& in)
+DeleteQuery ParseDelete(TokenReader& in)
 {
-    DeleteStatement remove;
+    DeleteQuery remove;
     in.ExpectWord("DELETE");
     in.TakeSymbol("*");
     in.ExpectWord("FROM");

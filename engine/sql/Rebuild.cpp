@@ -4,17 +4,19 @@
 
 #include <algorithm>
 
+#include "base/Numeric.h"
 #include "base/Text.h"
-#include "engine/sql/Writer.h"
+#include "engine/sql/ExpressionWriter.h"
 #include "engine/storage/Convert.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
+#include "engine/storage/StoredForm.h"
 
 namespace clb {
 namespace {
 
 constexpr std::string_view kNewTable = "clb_rebuilt";
 
-/// While it lives, renaming a table leaves what other tables' triggers say about it alone.
+/// While this object lives, renaming a table does not change other tables' triggers.
 class PlainRenaming {
 public:
     explicit PlainRenaming(Database& database) : raw_(database.Raw())
@@ -53,27 +55,27 @@ public:
     }
 
 private:
-    const ColumnInfo& Wanted(const ColumnInfo& column) const
+    [[nodiscard]] const ColumnInfo& Wanted(const ColumnInfo& column) const
     {
         return column.name == changed_.name ? changed_ : column;
     }
 
-    /// A rebuilt table has what the catalogue knows; other clauses would be lost.
+    /// A rebuilt table has only what the catalogue knows. Other clauses would be lost.
     void RequireKnownClauses()
     {
-        Statement find =
+        Query find =
             database_.Prepare("SELECT sql FROM sqlite_master WHERE type = 'table' AND name = ?1");
         find.BindText(1, table_.name);
         database_.Step(find);
         const std::string sql = ToUpperAscii(find.Text(0));
         for (const std::string_view clause : {"CHECK", "REFERENCES", "COLLATE", "GENERATED"})
             if (sql.find(clause) != std::string::npos)
-                throw refuse::Statement("The table '" + table_.name + "' has a " +
-                                        std::string(clause) +
-                                        " clause; its columns keep their types.");
+                throw refuse::WrongSql("The table '" + table_.name + "' has a " +
+                                       std::string(clause) +
+                                       " clause; its columns keep their types.");
     }
 
-    std::string Columns() const
+    [[nodiscard]] std::string Columns() const
     {
         std::string text;
         for (const ColumnInfo& old : table_.columns) {
@@ -90,11 +92,11 @@ private:
         return text;
     }
 
-    /// Keys that the storage made indices for by itself: PRIMARY KEY and UNIQUE.
-    std::string Keys() const
+    /// The keys for which the storage itself made indices: PRIMARY KEY and UNIQUE.
+    [[nodiscard]] std::string Keys() const
     {
         std::string text;
-        Statement keys = database_.Prepare(
+        Query keys = database_.Prepare(
             "SELECT name, origin FROM pragma_index_list(?1) WHERE origin <> 'c' ORDER BY seq DESC");
         keys.BindText(1, table_.name);
         while (database_.Step(keys))
@@ -103,21 +105,20 @@ private:
         return text;
     }
 
-    std::string IndexColumns(const std::string& index) const
+    [[nodiscard]] std::string IndexColumns(const std::string& index) const
     {
         std::string text;
-        Statement columns =
-            database_.Prepare("SELECT name FROM pragma_index_info(?1) ORDER BY seqno");
+        Query columns = database_.Prepare("SELECT name FROM pragma_index_info(?1) ORDER BY seqno");
         columns.BindText(1, index);
         while (database_.Step(columns))
             text += (text.empty() ? "" : ", ") + QuoteName(columns.Text(0));
         return text;
     }
 
-    std::vector<std::string> DependentSchema() const
+    [[nodiscard]] std::vector<std::string> DependentSchema() const
     {
         std::vector<std::string> found;
-        Statement find = database_.Prepare(
+        Query find = database_.Prepare(
             "SELECT sql FROM sqlite_master WHERE tbl_name = ?1 COLLATE NOCASE AND "
             "type IN ('index', 'trigger') AND sql IS NOT NULL ORDER BY rowid");
         find.BindText(1, table_.name);
@@ -126,20 +127,20 @@ private:
         return found;
     }
 
-    bool HasCounterState() const
+    [[nodiscard]] bool HasCounterState() const
     {
-        Statement find = database_.Prepare(
+        Query find = database_.Prepare(
             "SELECT instr(upper(sql), 'AUTOINCREMENT') FROM sqlite_master "
             "WHERE type = 'table' AND name = ?1");
         find.BindText(1, table_.name);
         return database_.Step(find) && find.Integer(0) != 0;
     }
 
-    std::optional<std::int64_t> CounterState() const
+    [[nodiscard]] std::optional<std::int64_t> CounterState() const
     {
         if (!HasCounterState())
             return std::nullopt;
-        Statement find = database_.Prepare("SELECT seq FROM sqlite_sequence WHERE name = ?1");
+        Query find = database_.Prepare("SELECT seq FROM sqlite_sequence WHERE name = ?1");
         find.BindText(1, table_.name);
         if (!database_.Step(find))
             return std::nullopt;
@@ -158,7 +159,7 @@ private:
 
     void CopyRows()
     {
-        Writer writer;
+        ExpressionWriter writer;
         writer.Text("INSERT INTO ").Name(kNewTable).Text(" (rowid");
         std::string values = "rowid";
         for (const ColumnInfo& column : table_.columns) {
@@ -171,9 +172,9 @@ private:
         database_.Run(writer.Sql());
     }
 
-    std::string CopiedValue(const ColumnInfo& column) const
+    [[nodiscard]] std::string CopiedValue(const ColumnInfo& column) const
     {
-        const std::string name = QuoteName(column.name);
+        std::string name = QuoteName(column.name);
         if (column.name != changed_.name)
             return name;
         return "clb_convert(" + name + ", " + std::to_string(static_cast<int>(column.type.type)) +
@@ -191,22 +192,20 @@ private:
 std::string StoredLiteral(const Value& value, const ColumnType& type, std::string_view column)
 {
     const Value stored = ConvertForColumn(value, type, column);
-    if (IsNull(stored))
-        return "NULL";
-    if (const auto* money = std::get_if<Money>(&stored))
-        return std::to_string(money->Scaled());
-    if (const auto* yes = std::get_if<bool>(&stored))
-        return *yes ? "1" : "0";
-    const std::string text = ToText(stored);
-    const bool quoted = type.type == FieldType::Text || type.type == FieldType::Date;
-    return quoted ? QuoteText(text) : text;
+    return WithStoredForm(stored, Overloaded{
+                                      [](Null) { return std::string("NULL"); },
+                                      [](std::int64_t number) { return std::to_string(number); },
+                                      [](double number) { return ToText(number); },
+                                      [](float number) { return ToText(number); },
+                                      [](const std::string& text) { return QuoteText(text); },
+                                  });
 }
 
 std::string ConvertedDefault(const ColumnInfo& column, const ColumnType& type, Database& database)
 {
     if (column.defaultSql.empty())
         return {};
-    Statement read = database.Prepare("SELECT " + column.defaultSql);
+    Query read = database.Prepare("SELECT " + column.defaultSql);
     database.Step(read);
     return StoredLiteral(read.Get(0, column.type.type), type, column.name);
 }

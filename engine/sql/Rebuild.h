@@ -1,3 +1,4 @@
+// Changes the type of a column by rebuilding its table.
 #pragma once
 #include "engine/sql/Ast.h"
 #include "engine/storage/Catalogue.h"
@@ -5,16 +6,17 @@
 
 namespace clb {
 
-/// A value as a literal of the storage's SQL, in the form in which a column of the type holds it.
-/// Throws EngineError when the column does not take it.
+/// Returns a value as a literal of the storage's SQL, as a column of the type stores it. Throws
+/// EngineError if the value does not fit the column.
 std::string StoredLiteral(const Value& value, const ColumnType& type, std::string_view column);
 
-/// The column's default in the form of another type, as the storage's SQL; empty where it has none.
+/// Returns the column's default converted to another type, as the storage's SQL. Empty if it has
+/// none.
 std::string ConvertedDefault(const ColumnInfo& column, const ColumnType& type, Database& database);
 
-/// Gives one column another type, converting every row's value; rows keep their identity and order,
-/// the table its indices, triggers, defaults, keys and the counter's state. Throws EngineError when
-/// a value does not fit; the caller restores what was.
+/// Changes the type of one column and converts the value in every row. The rows keep their
+/// identities and order. The table keeps its indices, triggers, defaults, keys and the state of its
+/// counter. Throws EngineError if a value does not fit; the caller must roll back then.
 void RebuildWithColumn(const TableInfo& table, const ColumnInfo& column, Database& database);
 
 }  // namespace clb

@@ -4,7 +4,7 @@
 
 #include "base/Text.h"
 #include "engine/sql/Rebuild.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {
@@ -40,7 +40,7 @@ public:
     {
     }
 
-    void operator()(const CreateTableStatement& create)
+    void operator()(const CreateTableQuery& create)
     {
         if (catalogue_.Find(create.table))
             throw refuse::TableExists(create.table);
@@ -53,7 +53,7 @@ public:
         database_.Run("CREATE TABLE " + QuoteName(create.table) + " (" + parts + ")");
     }
 
-    void operator()(const CreateIndexStatement& create)
+    void operator()(const CreateIndexQuery& create)
     {
         const TableInfo& table = catalogue_.Table(create.table);
         std::string parts;
@@ -67,47 +67,47 @@ public:
                       ")");
     }
 
-    void operator()(const DropTableStatement& drop)
+    void operator()(const DropTableQuery& drop)
     {
         database_.Run("DROP TABLE " + QuoteName(catalogue_.Table(drop.table).name));
     }
 
-    void operator()(const DropIndexStatement& drop)
+    void operator()(const DropIndexQuery& drop)
     {
         const TableInfo& table = catalogue_.Table(drop.table);
-        Statement find = database_.Prepare(
+        Query find = database_.Prepare(
             "SELECT name FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL AND "
             "tbl_name = ?1 AND name = ?2 COLLATE NOCASE");
         find.BindText(1, table.name);
         find.BindText(2, drop.index);
         if (!database_.Step(find))
-            throw refuse::Statement("No such index '" + drop.index + "' on table '" + table.name +
-                                    "'.");
+            throw refuse::WrongSql("No such index '" + drop.index + "' on table '" + table.name +
+                                   "'.");
         const std::string name = find.Text(0);
         find.Reset();
         database_.Run("DROP INDEX " + QuoteName(name));
     }
 
-    void operator()(const AddColumnStatement& add)
+    void operator()(const AddColumnQuery& add)
     {
         const TableInfo& table = catalogue_.Table(add.table);
         if (table.Find(add.column.name))
-            throw refuse::Statement("Field '" + add.column.name + "' already exists in table '" +
-                                    table.name + "'.");
+            throw refuse::WrongSql("Field '" + add.column.name + "' already exists in table '" +
+                                   table.name + "'.");
         if (add.column.type.counter)
-            throw refuse::Statement("A counter can only be made together with its table.");
+            throw refuse::WrongSql("A counter can only be made together with its table.");
         database_.Run("ALTER TABLE " + QuoteName(table.name) + " ADD COLUMN " +
                       Definition(add.column));
         if (table.placeholder)
             DropFromStorage(table, kPlaceholder);
     }
 
-    void operator()(const AlterColumnStatement& alter)
+    void operator()(const AlterColumnQuery& alter)
     {
         const TableInfo& table = catalogue_.Table(alter.table);
         ColumnInfo column = RequireColumn(table, alter.column.name);
         if (column.type.counter || alter.column.type.counter)
-            throw refuse::Statement("The type of a counter cannot be changed.");
+            throw refuse::WrongSql("The type of a counter cannot be changed.");
         column.defaultSql =
             alter.column.defaultValue
                 ? StoredLiteral(*alter.column.defaultValue, alter.column.type, column.name)
@@ -117,7 +117,7 @@ public:
         RebuildWithColumn(table, column, database_);
     }
 
-    void operator()(const DropColumnStatement& drop)
+    void operator()(const DropColumnQuery& drop)
     {
         const TableInfo& table = catalogue_.Table(drop.table);
         const ColumnInfo& column = RequireColumn(table, drop.column);
@@ -147,15 +147,15 @@ private:
 
 }  // namespace
 
-void ApplyDdl(const DdlStatement& ddl, Catalogue& catalogue, Database& database)
+void ApplyDdl(const DdlQuery& ddl, Catalogue& catalogue, Database& database)
 {
     database.Run("SAVEPOINT clb_schema");
     try {
         std::visit(SchemaChange(catalogue, database), ddl);
         database.Run("RELEASE clb_schema");
     } catch (const RuntimeError&) {
-        // After a failure of the disk the storage may have undone everything by itself. After any
-        // other exception the whole command is taken back.
+        // After a disk error the storage may already have rolled back. After any other exception
+        // the whole command is rolled back.
         if (database.InTransaction())
             database.Run("ROLLBACK TO clb_schema; RELEASE clb_schema");
         throw;

@@ -1,3 +1,4 @@
+// Changes of tables and indices.
 #pragma once
 #include "engine/sql/Ast.h"
 #include "engine/storage/Catalogue.h"
@@ -5,8 +6,8 @@
 
 namespace clb {
 
-/// Changes the schema: the new one or, when it throws EngineError, the old one, never a part. Must
-/// run inside the pending group; the catalogue is out of date afterwards.
-void ApplyDdl(const DdlStatement& ddl, Catalogue& catalogue, Database& database);
+/// Changes the schema completely or, if it throws EngineError, not at all. Must run inside the
+/// pending group. Afterwards the catalogue is out of date.
+void ApplyDdl(const DdlQuery& ddl, Catalogue& catalogue, Database& database);
 
 }  // namespace clb

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {
 
-/// The type in which a number literal meets a value of the type.
+/// Returns the type in which a number literal is compared with a value of the type.
 FieldType TypeForLiteral(const Expression& literal, FieldType other)
 {
     if (other == FieldType::Long)
@@ -37,7 +37,7 @@ void RequireNumbers(const Expression& a, const Expression& b)
         throw refuse::TypeMismatch();
 }
 
-/// The type that an operand brings into arithmetic; an exact constant goes with money.
+/// Returns the type that an operand has in arithmetic. An exact constant can count as money.
 FieldType OperandType(const Expression& e, const Expression& other)
 {
     if (IsNullLiteral(e))

@@ -1,17 +1,19 @@
+// The rules of the dialect's types.
 #pragma once
 #include "engine/sql/Ast.h"
 
 namespace clb {
 
-/// Rules of the dialect's types; the expressions given have been checked.
+/// The expressions below must have been checked.
 
-/// The type in which two values are compared, or in which one of the two is the answer. A literal
-/// takes the other side's type where that is a number of its kind. Throws EngineError for a text or
-/// a date together with anything else.
+/// Returns the type in which two values are compared, or the type of a result that is one of the
+/// two. A literal takes the type of the other side if that is a number of its kind. Throws
+/// EngineError for a text or a date together with another type.
 FieldType CommonType(const Expression& a, const Expression& b);
 
-/// The type of a sum, difference, product or quotient: money stays money but for quotients and sums
-/// with a number that is no whole one; quotients are double. Throws as CommonType.
+/// Returns the type of a sum, difference, product or quotient. Money stays money, except in
+/// quotients and in sums with a number that is not whole. Quotients are double. Throws like
+/// CommonType.
 FieldType ArithmeticType(Operator operation, const Expression& a, const Expression& b);
 
 inline bool IsNullLiteral(const Expression& e)
@@ -22,8 +24,8 @@ inline bool IsKind(const Expression& e, LiteralKind kind)
 {
     return e.kind == ExpressionKind::Literal && e.literalKind == kind;
 }
-/// Whether it is made of literals that money holds exactly, added and subtracted: beside money it
-/// is money, to the last decimal.
+/// Whether the expression consists of added and subtracted literals that money holds exactly.
+/// Together with money it counts as money and stays exact.
 bool IsExactConstant(const Expression& e);
 /// Long, Money, Double, Single and Boolean, which counts as -1 and 0.
 inline bool IsNumber(FieldType type)

@@ -5,7 +5,7 @@
 
 #include "base/Text.h"
 #include "engine/storage/Database.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {
@@ -32,7 +32,8 @@ constexpr TypeWord kTypeWords[] = {
     {"MEMO", FieldType::Text},       {"LONGTEXT", FieldType::Text},
 };
 
-/// The type of a stored declaration such as "TEXT(50)"; a text for one that is not the dialect's.
+/// Returns the type of a stored declaration such as "TEXT(50)". A type that the dialect does not
+/// know counts as Text.
 ColumnType TypeOfDeclaration(std::string_view declared)
 {
     const std::size_t bracket = declared.find('(');
@@ -113,8 +114,8 @@ const TableInfo* Catalogue::Find(std::string_view name)
 
 std::unique_ptr<TableInfo> Catalogue::Load(std::string_view name)
 {
-    // A table that a module of the storage makes up has no page of its own.
-    Statement find = database_->Prepare(
+    // A virtual table has no page of its own.
+    Query find = database_->Prepare(
         "SELECT m.name, EXISTS(SELECT 1 FROM sqlite_master t WHERE t.type = 'trigger' AND "
         "t.tbl_name = m.name COLLATE NOCASE) FROM sqlite_master m WHERE m.type = 'table' AND "
         "m.rootpage > 0 AND m.name = ?1 COLLATE NOCASE");
@@ -125,7 +126,7 @@ std::unique_ptr<TableInfo> Catalogue::Load(std::string_view name)
     table->name = find.Text(0);
     table->triggers = find.Integer(1) != 0;
 
-    Statement columns = database_->Prepare(
+    Query columns = database_->Prepare(
         "SELECT name, type, \"notnull\", dflt_value, pk FROM pragma_table_info(?1)");
     columns.BindText(1, table->name);
     while (database_->Step(columns)) {
@@ -135,7 +136,7 @@ std::unique_ptr<TableInfo> Catalogue::Load(std::string_view name)
         column.notNull = columns.Integer(2) != 0;
         column.defaultSql = columns.Text(3);
         column.keyPosition = static_cast<int>(columns.Integer(4));
-        // The storage numbers a column by itself when it is declared just so.
+        // The storage numbers a column by itself only if it is declared exactly like this.
         column.type.counter =
             column.keyPosition == 1 && EqualsIgnoringCase(columns.Text(1), "INTEGER");
         table->columns.push_back(std::move(column));
@@ -154,6 +155,11 @@ std::unique_ptr<TableInfo> Catalogue::Load(std::string_view name)
 std::string QuoteName(std::string_view name)
 {
     return "\"" + Replace(name, "\"", "\"\"") + "\"";
+}
+
+std::string QuoteText(std::string_view text)
+{
+    return "'" + Replace(text, "'", "''") + "'";
 }
 
 }  // namespace clb

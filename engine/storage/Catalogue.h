@@ -1,3 +1,4 @@
+// The tables and columns of a database, as its own schema declares them.
 #pragma once
 #include <cstddef>
 #include <memory>
@@ -13,16 +14,17 @@ namespace clb {
 
 class Database;
 
-/// A column's type in the dialect. A counter is a Long that the database numbers by itself.
+/// A column's type in the dialect. The database itself numbers a counter, which is a Long.
 struct ColumnType {
     FieldType type = FieldType::Text;
     std::size_t width = 0;  ///< characters of a Text; 0 = unlimited
     bool counter = false;
 };
 
-/// The type that a word such as "MONEY" or "TEXT" (any case) names; nothing for other words.
+/// Returns the type that a word such as "MONEY" or "TEXT" (any case) names, or nothing for other
+/// words.
 std::optional<ColumnType> TypeOfWord(std::string_view word);
-/// The type as the stored schema declares it; "LONG", "TEXT(50)".
+/// Returns the type as the stored schema declares it: "LONG", "TEXT(50)".
 std::string DeclaredType(const ColumnType& type);
 
 struct ColumnInfo {
@@ -37,15 +39,15 @@ struct TableInfo {
     std::string name;
     std::vector<ColumnInfo> columns;
     bool triggers = false;     ///< some trigger runs when its rows change
-    bool placeholder = false;  ///< has no columns of its own, only the hidden one
+    bool placeholder = false;  ///< has no columns but the hidden one
 
-    /// Null when there is none of that name (without regard to case).
+    /// Finds a column by its name in any case. Returns null if there is none.
     [[nodiscard]] const ColumnInfo* Find(std::string_view column) const;
     [[nodiscard]] bool HasCounter() const;
 };
 
-/// A table without columns keeps this one in the storage, which does not do without; the catalogue
-/// leaves it out.
+/// A table without columns has this one in the file, because the storage allows no empty table. The
+/// catalogue leaves it out.
 inline constexpr std::string_view kPlaceholder = "clb_placeholder";
 
 /// The tables of the database as its own schema declares them, read when first asked for.
@@ -53,11 +55,11 @@ class Catalogue {
 public:
     explicit Catalogue(Database& database) : database_(&database) {}
 
-    /// Throws EngineError when there is no such table. The result lives until Forget.
+    /// Throws EngineError if there is no such table. The result lives until Forget.
     const TableInfo& Table(std::string_view name);
-    /// Null when there is no such table.
+    /// Returns null if there is no such table.
     const TableInfo* Find(std::string_view name);
-    /// To be called when the schema has changed.
+    /// Call this after the schema has changed.
     void Forget() { tables_.clear(); }
 
 private:
@@ -67,7 +69,9 @@ private:
     std::unordered_map<std::string, std::unique_ptr<TableInfo>> tables_;  // by name in capitals
 };
 
-/// The name between double quotes, as the storage's SQL takes any name.
+/// Puts a name between double quotes, so that the storage's SQL accepts any name.
 std::string QuoteName(std::string_view name);
+/// Puts a text between single quotes, as a literal of the storage's SQL.
+std::string QuoteText(std::string_view text);
 
 }  // namespace clb

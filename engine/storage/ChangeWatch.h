@@ -1,4 +1,4 @@
-// Lets somebody see each row before a statement changes it.
+// Lets somebody see each row before a query changes it.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -9,7 +9,7 @@ struct sqlite3;
 
 namespace clb {
 
-/// A row that a statement is about to insert, update or delete. Valid during the call that hands it
+/// A row that a query is about to insert, update or delete. Valid during the call that hands it
 /// out.
 class ChangingRow {
 public:
@@ -40,17 +40,17 @@ private:
     std::int64_t after_;
 };
 
-/// Sees every row that statements of one connection change, those of triggers included, and the end
-/// of each group of statements. Must not run a statement except in BeforeCommit.
+/// Sees every row that queries of one connection change, those of triggers included, and the end
+/// of each group of queries. Must not run a query except in BeforeCommit.
 class IChangeWatch {
 public:
     virtual ~IChangeWatch() = default;
-    /// Called for each row. An error of memory breaks the statement off.
+    /// Called for each row. An error of memory breaks the query off.
     virtual void Changing(const ChangingRow& row) = 0;
-    /// How many rows were seen; and the statements after that many have been taken back.
+    /// How many rows were seen; and the queries after that many have been taken back.
     [[nodiscard]] virtual std::size_t Seen() const = 0;
     virtual void TakenBackTo(std::size_t seen) noexcept = 0;
-    /// A statement has made, changed or removed a table with this name.
+    /// A query has made, changed or removed a table with this name.
     virtual void TableChanged(std::string_view table) = 0;
     /// The group is about to become durable. What is written now belongs to it; an error loses the
     /// group.

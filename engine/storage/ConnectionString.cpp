@@ -13,22 +13,22 @@ namespace {
 bool IsKey(std::string_view text)
 {
     return !Trim(text).empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
-        return std::isalnum(c) || c == ' ' || c == ':' || c == '_';
+        return std::isalnum(c) != 0 || c == ' ' || c == ':' || c == '_';
     });
 }
 
-/// The setting from here up to the ";" before the next one.
+/// The setting from here to the ";" before the next setting.
 std::string_view TakeSetting(std::string_view& rest)
 {
     for (std::size_t at = rest.find(';'); at != std::string_view::npos;
          at = rest.find(';', at + 1)) {
-        const auto behind = rest.substr(at + 1);
-        const std::size_t sign = behind.find('=');
-        const bool next = sign != std::string_view::npos && IsKey(behind.substr(0, sign));
-        if (!next && !Trim(behind).empty())
+        const auto after = rest.substr(at + 1);
+        const std::size_t sign = after.find('=');
+        const bool next = sign != std::string_view::npos && IsKey(after.substr(0, sign));
+        if (!next && !Trim(after).empty())
             continue;
         const auto setting = rest.substr(0, at);
-        rest = behind;
+        rest = after;
         return setting;
     }
     return std::exchange(rest, {});

@@ -1,7 +1,7 @@
 #include "engine/storage/Convert.h"
 
 #include "base/Text.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
 
 namespace clb {
 namespace {

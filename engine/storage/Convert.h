@@ -1,3 +1,4 @@
+// Converts values for the columns that store them.
 #pragma once
 #include <string_view>
 
@@ -6,8 +7,8 @@
 
 namespace clb {
 
-/// The value as a column of the type stores it. Throws EngineError for a value of another kind, out
-/// of range, or a text longer than the column, whose name goes into the message.
+/// Converts a value to the type of a column. Throws EngineError if the value is of another kind,
+/// out of range, or a text longer than the column. The message names the column.
 Value ConvertForColumn(Value value, const ColumnType& type, std::string_view column);
 
 }  // namespace clb

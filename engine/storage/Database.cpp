@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <limits>
@@ -14,8 +15,9 @@
 
 #include "base/Interruption.h"
 #include "base/Text.h"
-#include "engine/storage/Errors.h"
 #include "engine/storage/Functions.h"
+#include "engine/storage/Refusals.h"
+#include "engine/storage/StoredForm.h"
 #include "engine/storage/Waiting.h"
 
 namespace clb {
@@ -23,8 +25,8 @@ namespace {
 
 constexpr const char* kNoDatabase = "is damaged or is no database.";
 
-/// What follows the last colon and blank: "NOT NULL constraint failed: Account.Type" names the
-/// field.
+/// Returns the text after the last colon and space. "NOT NULL constraint failed: Account.Type" ends
+/// with the field.
 std::string Subject(const std::string& message)
 {
     const std::size_t colon = message.rfind(": ");
@@ -51,7 +53,7 @@ EngineError JournalError(const std::string& path)
                         FileTrouble::Unreadable);
 }
 
-/// What the system call that failed says itself; nothing where it leaves that open.
+/// The reason of the failed system call, or nothing if errno does not tell it.
 std::optional<EngineError> SystemErrorOf(int system, const std::string& path)
 {
     switch (system) {
@@ -87,7 +89,7 @@ EngineError ReadOnlyErrorOf(int extended, const std::string& path)
     }
 }
 
-/// The file is open, so it is the journal beside it that cannot be opened.
+/// The file itself is open, so the journal next to it is what cannot be opened.
 EngineError JournalErrorOf(int system, const std::string& path)
 {
     if (system == ENOENT)
@@ -95,7 +97,7 @@ EngineError JournalErrorOf(int system, const std::string& path)
     return SystemErrorOf(system, path).value_or(JournalError(path));
 }
 
-/// system: errno of the system call that failed, where one did.
+/// system: errno of the failed system call, or 0.
 EngineError FileErrorOf(int extended, int system, const std::string& path)
 {
     switch (extended & 0xFF) {
@@ -119,23 +121,23 @@ EngineError FileErrorOf(int extended, int system, const std::string& path)
 
 EngineError TooBig()
 {
-    return refuse::Statement("The statement or one of its values is too big.");
+    return refuse::WrongSql("The statement or one of its values is too big.");
 }
 
-EngineError ErrorOf(int code, int extended, const std::string& message)
+EngineError ErrorOf(int kind, int extended, const std::string& message)
 {
-    switch (code) {
+    switch (kind) {
         case SQLITE_CONSTRAINT: return ConstraintError(extended, message);
-        case SQLITE_AUTH: return refuse::Statement("The statement is not allowed.");
+        case SQLITE_AUTH: return refuse::WrongSql("The statement is not allowed.");
         case SQLITE_TOOBIG: return TooBig();
         default: break;
     }
     if (message == kIntegerOverflow)
         return refuse::Overflow();
-    return refuse::Statement(message);
+    return refuse::WrongSql(message);
 }
 
-/// Whether an error of this kind is about the file, not about the statement.
+/// Whether an error of this kind is about the file and not about the query.
 bool IsAboutFile(int code)
 {
     switch (code) {
@@ -157,17 +159,18 @@ bool IsOutOfMemory(int code)
     return (code & 0xFF) == SQLITE_NOMEM || code == SQLITE_IOERR_NOMEM;
 }
 
-/// Throws when a value could not be bound: the statement would run with null in its place.
+/// Throws if a value could not be bound. Otherwise the query would run with null in its place.
 void RequireBound(int code)
 {
     if (code == SQLITE_OK)
         return;
     if (IsOutOfMemory(code))
         throw std::bad_alloc();
-    throw code == SQLITE_TOOBIG ? TooBig() : refuse::Statement(sqlite3_errstr(code));
+    throw code == SQLITE_TOOBIG ? TooBig() : refuse::WrongSql(sqlite3_errstr(code));
 }
 
-/// Asked about everything that a statement is going to do, the triggers of the file included.
+/// The storage calls this for everything that a query is going to do, including the triggers of the
+/// file.
 int Authorize(void*, int action, const char*, const char* second, const char*, const char*)
 {
     switch (action) {
@@ -185,77 +188,70 @@ int Authorize(void*, int action, const char*, const char* second, const char*, c
     }
 }
 
-/// Returns the storage's code.
+/// Returns the result code of the storage.
 int BindValue(sqlite3_stmt* raw, int parameter, const Value& value)
 {
-    switch (value.index()) {
-        case 0: return sqlite3_bind_null(raw, parameter);
-        case 1: {
-            const auto& text = std::get<std::string>(value);
-            return sqlite3_bind_text64(raw, parameter, text.data(), text.size(), SQLITE_STATIC,
-                                       SQLITE_UTF8);
-        }
-        case 2: return sqlite3_bind_int(raw, parameter, std::get<std::int32_t>(value));
-        case 3: return sqlite3_bind_int64(raw, parameter, std::get<Money>(value).Scaled());
-        case 4: return sqlite3_bind_double(raw, parameter, std::get<double>(value));
-        case 5:
-            return sqlite3_bind_double(raw, parameter, static_cast<double>(std::get<float>(value)));
-        case 6: {
-            const std::string iso = std::get<Date>(value).ToIso();
-            return sqlite3_bind_text64(raw, parameter, iso.data(), iso.size(), SQLITE_TRANSIENT,
-                                       SQLITE_UTF8);
-        }
-        default: return sqlite3_bind_int(raw, parameter, std::get<bool>(value) ? 1 : 0);
-    }
+    const auto text = [&](const std::string& bytes, sqlite3_destructor_type lifetime) {
+        return sqlite3_bind_text64(raw, parameter, bytes.data(), bytes.size(), lifetime,
+                                   SQLITE_UTF8);
+    };
+    return WithStoredForm(
+        value, Overloaded{
+                   [&](Null) { return sqlite3_bind_null(raw, parameter); },
+                   [&](std::int64_t number) { return sqlite3_bind_int64(raw, parameter, number); },
+                   [&](double number) { return sqlite3_bind_double(raw, parameter, number); },
+                   [&](const std::string& kept) { return text(kept, SQLITE_STATIC); },
+                   [&](std::string&& iso) { return text(iso, SQLITE_TRANSIENT); },
+               });
 }
 
-std::string_view ColumnText(sqlite3_stmt* statement, int column)
+std::string_view ColumnText(sqlite3_stmt* query, int column)
 {
-    const auto* text = sqlite3_column_text(statement, column);
-    if (!text && sqlite3_errcode(sqlite3_db_handle(statement)) == SQLITE_NOMEM)
+    const auto* text = sqlite3_column_text(query, column);
+    if (!text && sqlite3_errcode(sqlite3_db_handle(query)) == SQLITE_NOMEM)
         throw std::bad_alloc();
     if (!text)
         return {};
     return {reinterpret_cast<const char*>(text),
-            static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+            static_cast<std::size_t>(sqlite3_column_bytes(query, column))};
 }
 
 }  // namespace
 
-void Statement::Finalize::operator()(sqlite3_stmt* raw) const
+void Query::Finalize::operator()(sqlite3_stmt* raw) const
 {
     sqlite3_finalize(raw);
 }
 
-void Statement::Bind(int parameter, const Value& value)
+void Query::Bind(int parameter, const Value& value)
 {
     RequireBound(BindValue(raw_.get(), parameter, value));
 }
 
-void Statement::BindAll(std::span<const Value> values)
+void Query::BindAll(std::span<const Value> values)
 {
     for (std::size_t i = 0; i < values.size(); ++i)
         Bind(static_cast<int>(i) + 1, values[i]);
 }
 
-void Statement::BindText(int parameter, std::string_view text)
+void Query::BindText(int parameter, std::string_view text)
 {
     RequireBound(sqlite3_bind_text64(raw_.get(), parameter, text.data(), text.size(),
                                      SQLITE_TRANSIENT, SQLITE_UTF8));
 }
 
-void Statement::BindBlob(int parameter, std::string_view bytes)
+void Query::BindBlob(int parameter, std::string_view bytes)
 {
     RequireBound(
         sqlite3_bind_blob64(raw_.get(), parameter, bytes.data(), bytes.size(), SQLITE_STATIC));
 }
 
-void Statement::BindInteger(int parameter, std::int64_t value)
+void Query::BindInteger(int parameter, std::int64_t value)
 {
     RequireBound(sqlite3_bind_int64(raw_.get(), parameter, value));
 }
 
-void Statement::BindCell(int parameter, const StoredCell& cell)
+void Query::BindCell(int parameter, const StoredCell& cell)
 {
     sqlite3_stmt* const raw = raw_.get();
     if (const auto* integer = std::get_if<std::int64_t>(&cell))
@@ -271,12 +267,12 @@ void Statement::BindCell(int parameter, const StoredCell& cell)
         RequireBound(sqlite3_bind_null(raw, parameter));
 }
 
-int Statement::ParameterCount() const
+int Query::ParameterCount() const
 {
     return sqlite3_bind_parameter_count(raw_.get());
 }
 
-Value Statement::Get(int column, FieldType type) const
+Value Query::Get(int column, FieldType type) const
 {
     sqlite3_stmt* const raw = raw_.get();
     const int stored = sqlite3_column_type(raw, column);
@@ -291,7 +287,7 @@ Value Statement::Get(int column, FieldType type) const
         throw refuse::WrongCell(Describe(column), type);
     }
     const bool real = type == FieldType::Double || type == FieldType::Single;
-    // The storage would make some number of anything.
+    // The storage would convert anything to some number.
     if (stored != SQLITE_INTEGER && !(real && stored == SQLITE_FLOAT))
         throw refuse::WrongCell(Describe(column), type);
     switch (type) {
@@ -309,7 +305,7 @@ Value Statement::Get(int column, FieldType type) const
     }
 }
 
-std::string Statement::Describe(int column) const
+std::string Query::Describe(int column) const
 {
     constexpr std::size_t kMostShown = 40;
     sqlite3_stmt* const raw = raw_.get();
@@ -327,22 +323,22 @@ std::string Statement::Describe(int column) const
     return "the text '" + std::string(shown) + (shown.size() < text.size() ? "...'" : "'");
 }
 
-std::string Statement::Text(int column) const
+std::string Query::Text(int column) const
 {
     return std::string(TextView(column));
 }
 
-std::string_view Statement::TextView(int column) const
+std::string_view Query::TextView(int column) const
 {
     return ColumnText(raw_.get(), column);
 }
 
-std::int64_t Statement::Integer(int column) const
+std::int64_t Query::Integer(int column) const
 {
     return sqlite3_column_int64(raw_.get(), column);
 }
 
-StoredCell Statement::Cell(int column) const
+StoredCell Query::Cell(int column) const
 {
     sqlite3_stmt* const raw = raw_.get();
     switch (sqlite3_column_type(raw, column)) {
@@ -354,7 +350,7 @@ StoredCell Statement::Cell(int column) const
     }
 }
 
-void Statement::Reset() noexcept
+void Query::Reset() noexcept
 {
     sqlite3_reset(raw_.get());
 }
@@ -368,7 +364,7 @@ void Database::Close()
 {
     if (raw_ && InTransaction())
         sqlite3_exec(raw_, "ROLLBACK", nullptr, nullptr, nullptr);
-    // Statements that outlive the database keep it half alive; the last one ends it.
+    // Queries that outlive the database keep the handle alive. The last one frees it.
     sqlite3_close_v2(raw_);
     raw_ = nullptr;
 }
@@ -478,7 +474,7 @@ void Database::Distrust()
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
-    // A name that is no column is an error, never a text.
+    // A name that is not a column is an error. It is never read as a text.
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(raw_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_limit(raw_, SQLITE_LIMIT_ATTACHED, 0);
@@ -488,8 +484,8 @@ void Database::Distrust()
 void Database::Configure()
 {
     RegisterFunctions(*this);
-    // EXTRA: removing the journal is what saves, so the folder is brought to the disk after it.
-    // With FULL a power loss soon after could bring the journal back, and with it the state before.
+    // EXTRA: removing the journal is what commits, so the folder is synchronised after it. With
+    // FULL, a power loss soon after could bring back the journal and with it the old state.
     Run("PRAGMA synchronous = EXTRA; PRAGMA cache_size = -16384; PRAGMA mmap_size = 0");
     Run("PRAGMA cell_size_check = ON");
     Run("PRAGMA journal_mode = DELETE");
@@ -505,22 +501,22 @@ Database::Impatient::~Impatient()
     WaitForOthers(database_.raw_);
 }
 
-Statement Database::Prepare(std::string_view sql, bool lasting)
+Query Database::Prepare(std::string_view sql, bool lasting)
 {
     sqlite3_stmt* raw = nullptr;
     const int code = sqlite3_prepare_v3(raw_, sql.data(), static_cast<int>(sql.size()),
                                         lasting ? SQLITE_PREPARE_PERSISTENT : 0U, &raw, nullptr);
     if (code != SQLITE_OK)
         Throw(code, sqlite3_errmsg(raw_));
-    return Statement(raw);
+    return Query(raw);
 }
 
-bool Database::Step(Statement& statement)
+bool Database::Step(Query& query)
 {
-    const int code = sqlite3_step(statement.Raw());
+    const int code = sqlite3_step(query.Raw());
     if (code == SQLITE_ROW && !noMemory_)
         return true;
-    const ResetAtExit reset(statement);
+    const ResetAtExit reset(query);
     if (std::exchange(noMemory_, false))
         Throw(SQLITE_NOMEM, "");
     if (code == SQLITE_DONE)
@@ -537,7 +533,7 @@ void Database::Run(const std::string& script)
 
 void Database::Throw(int code, const char* message)
 {
-    // Some of the storage's calls give a general code for it.
+    // Some calls of the storage return a general code for this.
     if (IsOutOfMemory(code) || IsOutOfMemory(sqlite3_errcode(raw_))) {
         failure_.reset();
         troubleIsMemory_ = true;
@@ -587,8 +583,29 @@ bool Database::InTransaction() const
     return sqlite3_get_autocommit(raw_) == 0;
 }
 
-void Database::RollBack(Statement& rollback) noexcept
+std::string Database::HeaderUnlocked() const
 {
+    // The file's format: how it is written, at 18, and what a writer counts up, from 24 on.
+    constexpr std::size_t kWrittenHow = 18;
+    constexpr char kByJournal = 1;
+    constexpr std::size_t kCounters = 24;
+    std::array<char, 40> header{};
+    sqlite3_file* file = nullptr;
+    int writing = 0;
+    if (sqlite3_file_control(raw_, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK ||
+        !file || !file->pMethods ||
+        file->pMethods->xCheckReservedLock(file, &writing) != SQLITE_OK || writing != 0 ||
+        file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0) !=
+            SQLITE_OK ||
+        header[kWrittenHow] != kByJournal)
+        return {};
+    return {header.data() + kCounters, header.size() - kCounters};
+}
+
+void Database::RollBack(Query& rollback) noexcept
+{
+    if (!InTransaction())
+        return;
     sqlite3_step(rollback.Raw());
     rollback.Reset();
 }

@@ -1,3 +1,4 @@
+// One SQLite database file and its prepared queries.
 #pragma once
 #include <cstdint>
 #include <memory>
@@ -17,21 +18,21 @@ namespace clb {
 
 class IChangeWatch;
 
-/// One prepared statement of the storage. May outlive its Database, but not run then.
-class Statement {
+/// One prepared query of the storage. It may outlive its Database, but must not run after that.
+class Query {
 public:
-    Statement() = default;
-    explicit Statement(sqlite3_stmt* raw) : raw_(raw) {}
+    Query() = default;
+    explicit Query(sqlite3_stmt* raw) : raw_(raw) {}
 
     explicit operator bool() const { return raw_ != nullptr; }
     [[nodiscard]] sqlite3_stmt* Raw() const { return raw_.get(); }
 
-    /// 1-based parameter. The value is not copied: it must live until the statement has been reset.
-    /// Money is bound scaled, dates as ISO text, booleans as 0 or 1. Throws EngineError when the
-    /// value is too big; so do the next two.
+    /// Binds a value to a 1-based parameter. The value is not copied: it must live until the query
+    /// is reset. Money is bound scaled, dates as ISO text, booleans as 0 or 1. This and the next
+    /// two functions throw EngineError if the value is too big.
     void Bind(int parameter, const Value& value);
     void Bind(int parameter, const Value&& value) = delete;
-    /// Binds the values from the first parameter on; they must live as long.
+    /// Binds the values to the first parameters. They must live as long.
     void BindAll(std::span<const Value> values);
     void BindText(int parameter, std::string_view text);   ///< copied
     void BindBlob(int parameter, std::string_view bytes);  ///< not copied: as a value
@@ -40,14 +41,14 @@ public:
     void BindCell(int parameter, const StoredCell& cell);
     [[nodiscard]] int ParameterCount() const;
 
-    /// 0-based column of the row that Step gave. Throws EngineError (TypeMismatch) when the cell
-    /// holds something else than the type's values: other programs can put anything into any
-    /// column, and an amount is never made of a text or a binary fraction.
+    /// Returns the cell of a 0-based column in the row that Step reached. Throws EngineError
+    /// (TypeMismatch) if the cell does not hold a value of the type. Other programs can put
+    /// anything into any column, and a text or a binary fraction is never converted to an amount.
     [[nodiscard]] Value Get(int column, FieldType type) const;
-    /// What the cell holds in words, such as "the text '12,50'"; the beginning of a long text.
+    /// Describes the contents of the cell in words, such as "the text '12,50'". A long text is cut.
     [[nodiscard]] std::string Describe(int column) const;
     [[nodiscard]] std::string Text(int column) const;
-    /// The same without a copy: good until the statement moves on or is reset.
+    /// The same without a copy. Valid until the query moves on or is reset.
     [[nodiscard]] std::string_view TextView(int column) const;
     [[nodiscard]] std::int64_t Integer(int column) const;
     /// The cell as it is, whatever its column declares.
@@ -61,20 +62,20 @@ private:
     std::unique_ptr<sqlite3_stmt, Finalize> raw_;
 };
 
-/// Resets a statement when the block is left, so that none stays open.
+/// Resets a query at the end of a block, so that it does not stay open.
 class ResetAtExit {
 public:
-    explicit ResetAtExit(Statement& statement) : statement_(&statement) {}
-    ~ResetAtExit() { statement_->Reset(); }
+    explicit ResetAtExit(Query& query) : query_(&query) {}
+    ~ResetAtExit() { query_->Reset(); }
     ResetAtExit(const ResetAtExit&) = delete;
     ResetAtExit& operator=(const ResetAtExit&) = delete;
 
 private:
-    Statement* statement_;
+    Query* query_;
 };
 
-/// The storage's file. Its errors leave as EngineError, with the file's name where the file is the
-/// matter. If the storage has run out of memory, std::bad_alloc leaves instead.
+/// One open SQLite file. Throws EngineError, which names the file if the problem is with the file,
+/// or std::bad_alloc if the storage is out of memory.
 class Database {
 public:
     Database() = default;
@@ -82,34 +83,39 @@ public:
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    /// Opens an existing file for reading and writing; never creates one. Refuses a file that could
-    /// not be written.
+    /// Opens an existing file for reading and writing. Never creates one. Rejects a file that
+    /// cannot be written.
     void OpenExisting(const std::string& path);
-    /// Opens an existing file to look at it: one that may not be written will do, and nothing is
-    /// written but what an interrupted program left undone.
+    /// Opens an existing file for reading. The file may be read-only. Nothing is written, except
+    /// that the journal of an interrupted program is rolled back.
     void OpenToRead(const std::string& path);
-    /// Opens the bytes of a database file, in memory and to be read only.
+    /// Opens the bytes of a database file in memory, for reading.
     void OpenImage(std::string_view bytes);
-    /// Creates a file and keeps writes to it unsynchronised: for filling it.
+    /// Creates a file. Writes to it are not synchronised to the disk.
     void Create(const std::string& path);
     void Close();
     [[nodiscard]] bool IsOpen() const { return raw_ != nullptr; }
 
-    /// One statement of the storage's own SQL. lasting: it will be run many times.
-    Statement Prepare(std::string_view sql, bool lasting = false);
-    /// True with a row, false at the end; the statement is reset at the end and before throwing.
-    bool Step(Statement& statement);
-    /// Runs all statements of a script, without results.
+    /// Prepares one query in the storage's own SQL. lasting: it will run many times.
+    Query Prepare(std::string_view sql, bool lasting = false);
+    /// Returns true if there is a row, false at the end. Resets the query at the end and before it
+    /// throws.
+    bool Step(Query& query);
+    /// Runs all queries of a script and drops their rows.
     void Run(const std::string& script);
 
     [[nodiscard]] std::int64_t LastRowId() const;
+    /// The bytes of the file's header that every program changes when it writes, read without a
+    /// lock. Empty if another program is writing now, and for a file that is written in another
+    /// way.
+    [[nodiscard]] std::string HeaderUnlocked() const;
     [[nodiscard]] std::int64_t ChangedRows() const;
     [[nodiscard]] bool InTransaction() const;
-    /// Takes back the open transaction by a statement that was prepared for it, so that even a
-    /// program without memory can. InTransaction() says whether it worked.
-    void RollBack(Statement& rollback) noexcept;
+    /// Rolls back the open transaction, if any, with a query that was prepared earlier, so that it
+    /// works even without memory. InTransaction() shows whether it worked.
+    void RollBack(Query& rollback) noexcept;
 
-    /// While it lives, a statement that meets another program's lock fails at once.
+    /// While this object lives, a query that meets another program's lock fails at once.
     class Impatient {
     public:
         explicit Impatient(Database& database);
@@ -121,16 +127,16 @@ public:
         Database& database_;
     };
 
-    /// An error that a function of ours raises inside a running statement; Step and Run throw it.
+    /// Records an error of one of our functions inside a running query. Step and Run throw it.
     void Fail(const EngineError& error) { failure_ = error; }
-    /// A collation of ours or the watch has no memory and cannot say so to the storage; Step throws
-    /// for it.
+    /// Records that our collation or the watch ran out of memory. The storage has no way to take
+    /// such an error, so Step throws it.
     void FailForMemory() noexcept { noMemory_ = true; }
 
-    /// Throws the error for a code that the storage gave elsewhere.
+    /// Throws the error for a code that the storage returned elsewhere.
     [[noreturn]] void Refuse(int code);
 
-    /// Throws the latest error that was about the file or about memory: what made the storage give
+    /// Throws the latest error about the file or about memory. Such an error makes the storage give
     /// up a transaction.
     [[noreturn]] void ThrowLastTrouble() const;
 
@@ -145,10 +151,10 @@ private:
     static void Changing(void* self, sqlite3* raw, int operation, const char* database,
                          const char* table, std::int64_t before, std::int64_t after);
     void Connect(const std::string& path, int flags);
-    /// Refuses what cannot be a database; an empty file would be taken for a new one.
+    /// Rejects what cannot be a database. The storage would take an empty file for a new database.
     static void RequireFile(const std::string& path);
     void RequireWritable();
-    /// Closes what a file of somebody else's making could use against the user.
+    /// Disables the features that a hostile file could use against the user.
     void Distrust();
     void Configure();
     void ReadFirst();
@@ -160,7 +166,7 @@ private:
     EngineError fileError_{engine_errors::Unavailable, ""};
     IChangeWatch* watch_ = nullptr;
     bool noMemory_ = false;        ///< a collation or the watch has run out of memory
-    bool troubleIsMemory_ = true;  ///< the latest trouble was memory, not fileError_
+    bool troubleIsMemory_ = true;  ///< the latest error was about memory, not fileError_
 };
 
 }  // namespace clb

@@ -1,24 +1,25 @@
+// The exception of the engine, its numbers, and what can be wrong with the file.
 #pragma once
 #include "base/RuntimeError.h"
 
 namespace clb {
 
-/// What is the matter with the database file, where that is what an error is about.
+/// What is wrong with the database file, if the error is about the file.
 enum class FileTrouble {
     None,
     Missing,
-    Folder,          ///< a folder has its name
-    Locked,          ///< another program has it
+    Folder,          ///< the path is a folder
+    Locked,          ///< another program has locked it
     ReadOnly,        ///< the file may not be written
-    FolderReadOnly,  ///< its folder takes no new files, and writing needs one for a moment
-    Damaged,         ///< or no database at all
+    FolderReadOnly,  ///< its folder is read-only, but writing needs a journal there
+    Damaged,         ///< or not a database at all
     Full,            ///< no room on the disk
-    Replaced,        ///< another file has its name now, or none
+    Replaced,        ///< the path now names another file, or none
     Unreadable
 };
 
-/// A statement or result-set operation that the engine refused; number and message as shown to the
-/// user. Nothing was changed by the refused statement.
+/// The error of a query or of an operation on a result set, with the number and message shown to
+/// the user. The failed query has changed nothing.
 class EngineError : public RuntimeError {
 public:
     using RuntimeError::RuntimeError;
@@ -34,21 +35,23 @@ private:
 
 /// Numbers of engine errors, as signed 32-bit values.
 namespace engine_errors {
-inline constexpr std::int32_t Syntax = static_cast<std::int32_t>(0x80040E14);
-inline constexpr std::int32_t NoSuchTable = static_cast<std::int32_t>(0x80040E37);
-inline constexpr std::int32_t NoSuchColumn = static_cast<std::int32_t>(0x80040E10);
-inline constexpr std::int32_t TypeMismatch = static_cast<std::int32_t>(0x80040E07);
-inline constexpr std::int32_t TextTooLong = static_cast<std::int32_t>(0x80040E57);
-inline constexpr std::int32_t Overflow = static_cast<std::int32_t>(0x80040E1D);
-inline constexpr std::int32_t Constraint = static_cast<std::int32_t>(0x80040E2F);
-inline constexpr std::int32_t Unavailable = static_cast<std::int32_t>(0x80004005);
-inline constexpr std::int32_t NoCurrentRow = static_cast<std::int32_t>(0x800A0BCD);
-inline constexpr std::int32_t ItemNotFound = static_cast<std::int32_t>(0x800A0CC1);
-inline constexpr std::int32_t WrongArguments = static_cast<std::int32_t>(0x800A0BB9);
-inline constexpr std::int32_t NotUpdatable = static_cast<std::int32_t>(0x800A0CB3);
-inline constexpr std::int32_t Closed = static_cast<std::int32_t>(0x800A0E78);
-inline constexpr std::int32_t AlreadyOpen = static_cast<std::int32_t>(0x800A0E79);
-inline constexpr std::int32_t RowVanished = static_cast<std::int32_t>(0x80040E23);
+enum Number : std::int32_t {
+    Syntax = static_cast<std::int32_t>(0x80040E14),
+    NoSuchTable = static_cast<std::int32_t>(0x80040E37),
+    NoSuchColumn = static_cast<std::int32_t>(0x80040E10),
+    TypeMismatch = static_cast<std::int32_t>(0x80040E07),
+    TextTooLong = static_cast<std::int32_t>(0x80040E57),
+    Overflow = static_cast<std::int32_t>(0x80040E1D),
+    Constraint = static_cast<std::int32_t>(0x80040E2F),
+    Unavailable = static_cast<std::int32_t>(0x80004005),
+    NoCurrentRow = static_cast<std::int32_t>(0x800A0BCD),
+    ItemNotFound = static_cast<std::int32_t>(0x800A0CC1),
+    WrongArguments = static_cast<std::int32_t>(0x800A0BB9),
+    NotUpdatable = static_cast<std::int32_t>(0x800A0CB3),
+    Closed = static_cast<std::int32_t>(0x800A0E78),
+    AlreadyOpen = static_cast<std::int32_t>(0x800A0E79),
+    RowVanished = static_cast<std::int32_t>(0x80040E23),
+};
 }  // namespace engine_errors
 
 }  // namespace clb

@@ -16,12 +16,13 @@
 #include "base/Value.h"
 #include "engine/storage/Convert.h"
 #include "engine/storage/Database.h"
-#include "engine/storage/Errors.h"
+#include "engine/storage/Refusals.h"
+#include "engine/storage/StoredForm.h"
 
 namespace clb {
 namespace {
 
-/// The arguments of one call and its answer.
+/// The arguments and the result of one call.
 class Call {
 public:
     Call(sqlite3_context* context, sqlite3_value** arguments)
@@ -29,24 +30,33 @@ public:
     {
     }
 
-    bool IsNull(int i) const { return sqlite3_value_type(arguments_[i]) == SQLITE_NULL; }
-    bool IsWhole(int i) const { return sqlite3_value_type(arguments_[i]) == SQLITE_INTEGER; }
-    bool IsReal(int i) const { return sqlite3_value_type(arguments_[i]) == SQLITE_FLOAT; }
-    /// A whole number or an amount. Throws when it is anything else: the storage would make some
-    /// number of a text.
-    std::int64_t Integer(int i) const
+    [[nodiscard]] bool IsNull(int i) const
+    {
+        return sqlite3_value_type(arguments_[i]) == SQLITE_NULL;
+    }
+    [[nodiscard]] bool IsWhole(int i) const
+    {
+        return sqlite3_value_type(arguments_[i]) == SQLITE_INTEGER;
+    }
+    [[nodiscard]] bool IsReal(int i) const
+    {
+        return sqlite3_value_type(arguments_[i]) == SQLITE_FLOAT;
+    }
+    /// Returns a whole number or an amount. Throws for anything else, because the storage would
+    /// convert a text to some number.
+    [[nodiscard]] std::int64_t Integer(int i) const
     {
         if (!IsWhole(i))
             throw refuse::WrongOperand();
         return sqlite3_value_int64(arguments_[i]);
     }
-    double Real(int i) const
+    [[nodiscard]] double Real(int i) const
     {
         if (!IsWhole(i) && !IsReal(i))
             throw refuse::WrongOperand();
         return sqlite3_value_double(arguments_[i]);
     }
-    std::string_view Text(int i) const
+    [[nodiscard]] std::string_view Text(int i) const
     {
         const bool null = IsNull(i);
         const auto* text = sqlite3_value_text(arguments_[i]);
@@ -112,7 +122,7 @@ void Multiply(Call& call)
 void Times(Call& call)
 {
     const double number = call.Real(1);
-    constexpr double kExact = 9007199254740992.0;  // beyond, a double's digits are not all its own
+    constexpr double kExact = 9007199254740992.0;  // a double is exact for whole numbers up to here
     if (call.IsWhole(1) || (number == std::trunc(number) && std::abs(number) < kExact)) {
         call.Answer(Whole(Wide{call.Integer(0)} * static_cast<std::int64_t>(number)));
         return;
@@ -126,7 +136,7 @@ void Times(Call& call)
 
 void Long(Call& call)
 {
-    // What is beyond 64 bits the storage has made a binary fraction of.
+    // The storage turns a result beyond 64 bits into a binary fraction.
     if (call.IsReal(0))
         throw refuse::Overflow();
     const std::int64_t value = call.Integer(0);
@@ -173,20 +183,12 @@ Value Argument(const Call& call, FieldType type)
 
 void AnswerValue(Call& call, const Value& value)
 {
-    if (const auto* text = std::get_if<std::string>(&value))
-        call.Answer(std::string_view(*text));
-    else if (const auto* number = std::get_if<std::int32_t>(&value))
-        call.Answer(std::int64_t{*number});
-    else if (const auto* money = std::get_if<Money>(&value))
-        call.Answer(money->Scaled());
-    else if (const auto* real = std::get_if<double>(&value))
-        call.Answer(*real);
-    else if (const auto* single = std::get_if<float>(&value))
-        call.Answer(static_cast<double>(*single));
-    else if (const auto* date = std::get_if<Date>(&value))
-        call.Answer(std::string_view(date->ToIso()));
-    else if (const auto* yes = std::get_if<bool>(&value))
-        call.Answer(std::int64_t{*yes ? 1 : 0});
+    WithStoredForm(value, Overloaded{
+                              [](Null) {},  // without an answer the result is null
+                              [&](std::int64_t number) { call.Answer(number); },
+                              [&](double number) { call.Answer(number); },
+                              [&](const std::string& text) { call.Answer(std::string_view(text)); },
+                          });
 }
 
 void ConvertCall(Call& call)
@@ -201,7 +203,7 @@ std::size_t CountArgument(const Call& call, int i)
 {
     const std::int64_t count = call.Integer(i);
     if (count < 0)
-        throw refuse::Statement("Invalid procedure call: a length or position is negative.");
+        throw refuse::WrongSql("Invalid procedure call: a length or position is negative.");
     return static_cast<std::size_t>(count);
 }
 
@@ -222,7 +224,7 @@ void MidCall(Call& call)
 {
     const std::size_t from = CountArgument(call, 1);
     if (from == 0)
-        throw refuse::Statement("Invalid procedure call: positions count from 1.");
+        throw refuse::WrongSql("Invalid procedure call: positions count from 1.");
     auto text = call.Text(0);
     text.remove_prefix(ByteOffset(text, from - 1));
     call.Answer(text.substr(0, ByteOffset(text, CountArgument(call, 2))));
@@ -232,7 +234,7 @@ void RoundCall(Call& call)
 {
     const std::int64_t decimals = call.Integer(1);
     if (decimals < 0 || decimals > 15)
-        throw refuse::Statement("Invalid procedure call: Round takes 0 to 15 decimals.");
+        throw refuse::WrongSql("Invalid procedure call: Round takes 0 to 15 decimals.");
     if (static_cast<FieldType>(call.Integer(2)) == FieldType::Money) {
         Wide unit = 1;
         for (std::int64_t i = decimals; i < 4; ++i)
@@ -256,7 +258,7 @@ std::optional<EngineError> ErrorOf(Call& call)
     }
 }
 
-/// Null in, null out; an error goes to the database as it is, which throws it from Step.
+/// A null argument gives null. An error is passed to the database unchanged, and Step throws it.
 template <void (*Body)(Call&), int NullableFrom>
 void Entry(sqlite3_context* context, int count, sqlite3_value** arguments)
 {
@@ -264,7 +266,7 @@ void Entry(sqlite3_context* context, int count, sqlite3_value** arguments)
     for (int i = 0; i < std::min(count, NullableFrom); ++i)
         if (call.IsNull(i))
             return;
-    // No exception may pass through the storage, not even one from telling the error.
+    // No exception may pass through the storage, not even one raised while reporting the error.
     try {
         if (const auto error = ErrorOf<Body>(call)) {
             static_cast<Database*>(sqlite3_user_data(context))->Fail(*error);
@@ -275,8 +277,8 @@ void Entry(sqlite3_context* context, int count, sqlite3_value** arguments)
     }
 }
 
-/// The storage takes no error from a comparison. One without memory answers anything: the
-/// statement ends with the error.
+/// A comparison cannot report an error to the storage. Without memory it returns any order, and the
+/// query ends with the error.
 int Alphabetical(void* database, int sizeA, const void* a, int sizeB, const void* b)
 {
     try {
@@ -288,13 +290,13 @@ int Alphabetical(void* database, int sizeA, const void* a, int sizeB, const void
     }
 }
 
-/// A sum modulo 2^64 and how often it has passed the range, so that only the whole must fit.
+/// A sum modulo 2^64 and the number of overflows, so that only the total must fit.
 struct ExactTotal {
     std::int64_t sum;
     std::int64_t passes;
 };
 
-/// The storage hands out zeroed memory. Null cells do not count.
+/// The storage provides zeroed memory. Null cells do not count.
 void AddToSum(sqlite3_context* context, int, sqlite3_value** arguments)
 {
     const int kind = sqlite3_value_type(arguments[0]);
@@ -318,12 +320,13 @@ void AddToSum(sqlite3_context* context, int, sqlite3_value** arguments)
     }
 }
 
-/// Also called for a sum that was given up, so its error must not go to the database by itself.
+/// The storage calls this for an abandoned sum too, so the error must not be recorded in the
+/// database.
 void AnswerSum(sqlite3_context* context)
 {
     const auto* const total = static_cast<ExactTotal*>(sqlite3_aggregate_context(context, 0));
     if (!total)
-        return;  // no row with a value: null
+        return;  // no value: null
     if (total->passes != 0)
         sqlite3_result_error(context, kIntegerOverflow, -1);
     else

@@ -9,7 +9,7 @@ struct sqlite3_value;
 
 namespace clb {
 
-class Statement;
+class Query;
 
 /// Bytes that are not a text.
 struct Blob {

@@ -12,9 +12,9 @@ namespace {
 
 constexpr int kLongestMilliseconds = 10000;
 constexpr int kPauses[] = {1, 2, 5, 10, 15, 20, 25, 25, 25, 50, 50, 100};
-constexpr int kInstructions = 10000;  // of a statement, between two looks
+constexpr int kInstructions = 10000;  // of a query, between two checks
 
-/// Milliseconds that the first so many pauses take.
+/// Lengths of the first pauses, in milliseconds.
 int PassedAfter(int count)
 {
     const int listed = static_cast<int>(std::size(kPauses));
@@ -24,7 +24,7 @@ int PassedAfter(int count)
     return passed;
 }
 
-/// 0: do not wait any longer.
+/// Returns 0 to stop waiting.
 int Wait(void*, int count)
 {
     if (Interruption::Asked() || PassedAfter(count) >= kLongestMilliseconds)
@@ -35,7 +35,7 @@ int Wait(void*, int count)
 
 int BreaksOff(void*)
 {
-    return Interruption::BreaksStatements() ? 1 : 0;
+    return Interruption::BreaksQueries() ? 1 : 0;
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "app/frmController.h"
-#include "desktop/UserEvents.h"
+#include "desktop/input/UserEvents.h"
 #include "tests/allocation/Tries.h"
 #include "tests/support/CheckingBook.h"
 #include "tests/support/FakeOutside.h"

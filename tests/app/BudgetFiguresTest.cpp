@@ -1,4 +1,4 @@
-// The figures of the budget view that are worked out while it is drawn.
+// The figures of the budget view that are calculated while it is drawn.
 
 #include <gtest/gtest.h>
 
@@ -42,17 +42,17 @@ TEST(BudgetFiguresTest, ACellThatIsNotAnAmountIsNamed)
         another.Run("UPDATE Trans SET Amount = '12,50 EUR'");
     }
     CVGrid& grid = books.window.Grid;
-    const std::string told =
+    const std::string message =
         "Trans.Amount of number 5, piece 0 (account 'B-1') holds the text '12,50 EUR', which is "
         "not an amount.";
 
     int looked = 0;
     for (std::size_t row = 1; row <= grid.Rows().Count(); ++row) {
         if (grid.Rows().Kind(row) == GridRowKind::Data) {
-            EXPECT_EQ(ErrorOf([&] { grid.CellValue(row, Budget::Actual); }), told);
+            EXPECT_EQ(ErrorOf([&] { grid.CellValue(row, Budget::Actual); }), message);
             ++looked;
         } else if (grid.Rows().Kind(row) == GridRowKind::GroupFooter) {
-            EXPECT_EQ(ErrorOf([&] { grid.FooterText(row); }), told);
+            EXPECT_EQ(ErrorOf([&] { grid.FooterText(row); }), message);
             ++looked;
         }
     }

@@ -64,7 +64,7 @@ TEST_F(SplitDialogTest, TheFirstAmountIsWhatRemains)
     EXPECT_EQ(second_, Money::Parse("30"));
 }
 
-TEST_F(SplitDialogTest, ATextThatIsNoNumberCannotBeAccepted)
+TEST_F(SplitDialogTest, ATextThatIsNotANumberCannotBeAccepted)
 {
     Split("100", [&](Form& form) {
         In<TextBox>(form, "txtNew").Text("abc");

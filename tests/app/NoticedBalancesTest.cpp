@@ -1,4 +1,4 @@
-// Balances that did not fit their rows when an import stored them anew: what the window says, and
+// Balances that did not fit their rows when an import recomputed them: what the window shows, and
 // what stays in the file.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -85,7 +85,7 @@ TEST_F(NoticedBalancesTest, TheWindowSaysSoUntilAPersonHasTakenNote)
     EXPECT_EQ(books_->window.notices.Text(), "");
 }
 
-TEST_F(NoticedBalancesTest, WhenAllFitNothingIsListedOrSaid)
+TEST_F(NoticedBalancesTest, WhenAllFitNothingIsListedOrShown)
 {
     Begin(true);
     books_->Execute("UPDATE Account SET CurrentBalance = 5 WHERE AccountID = 'C1'");
@@ -97,8 +97,8 @@ TEST_F(NoticedBalancesTest, WhenAllFitNothingIsListedOrSaid)
     EXPECT_THROW(books_->Rows(kList), EngineError);
 }
 
-/// A driver sees the window and the statements as ever; only the list is kept.
-TEST_F(NoticedBalancesTest, UnderAutomationNothingIsSaidTracedOrCopied)
+/// Under automation the window and the traced statements stay the same. Only the list is written.
+TEST_F(NoticedBalancesTest, UnderAutomationNothingIsShownTracedOrCopied)
 {
     Begin(false);
     std::vector<std::string> traced;
@@ -148,7 +148,7 @@ protected:
     }
 };
 
-/// Symptom: the balance was stored from the rows, and the trace of the lost ones with it.
+/// Symptom: the balance was recomputed, which removed the only trace of the lost rows.
 TEST_F(ChangedRowsTest, AChangedRowListsTheBalanceAndTheWindowSaysSo)
 {
     Show(true);
@@ -207,7 +207,7 @@ TEST_F(ChangedRowsTest, ALookIsNotTraced)
               2);  // the balance, and the total below the rows
 }
 
-/// What the program stored itself fits until another program has written.
+/// A balance that the program has stored itself fits until another program writes.
 TEST_F(ChangedRowsTest, WhatOthersDeleteMeanwhileIsNoticedAtTheNextChange)
 {
     Show(false);
@@ -228,7 +228,7 @@ TEST_F(ChangedRowsTest, WhatOthersDeleteMeanwhileIsNoticedAtTheNextChange)
     EXPECT_THAT(books_->Rows(kList), ElementsAre("C1|7|5|window|"));
 }
 
-/// As when another program changes a holding's total or a loan's payment.
+/// For example if another program changes a holding's total or a loan's payment.
 TEST_F(ChangedRowsTest, HoldingsAndLoansCountAsWell)
 {
     Begin(false);
@@ -243,7 +243,7 @@ TEST_F(ChangedRowsTest, HoldingsAndLoansCountAsWell)
     EXPECT_THAT(books_->Rows(kList), ElementsAre("H1|0|30|window|"));
 }
 
-/// What a person has settled with another program goes from the panel by itself.
+/// A notice that a person has settled with another program disappears from the panel.
 TEST_F(ChangedRowsTest, ThePanelFollowsWhatOtherProgramsSettle)
 {
     Show(true);
@@ -286,7 +286,7 @@ TEST_F(NoticedBalancesTest, AStartWritesNothingWhenAllFit)
     EXPECT_THROW(books_->Rows(kList), EngineError);
 }
 
-/// So many that their sums are read together.
+/// There are so many that their sums are read together.
 TEST_F(NoticedBalancesTest, OfManyAccountsThoseThatDoNotFitAreFound)
 {
     Begin(false);
@@ -302,8 +302,8 @@ TEST_F(NoticedBalancesTest, OfManyAccountsThoseThatDoNotFitAreFound)
                 ElementsAre("C1|7|5|import|", "C60|0|7|import|", "C61|0|4|import|"));
 }
 
-/// Else the rows would be there, and the balances not.
-TEST_F(NoticedBalancesTest, ACellThatIsNoAmountEndsTheImportBeforeItsFirstRow)
+/// Otherwise the rows would be stored without their balances.
+TEST_F(NoticedBalancesTest, ACellThatIsNotAnAmountEndsTheImportBeforeItsFirstRow)
 {
     Begin(false);
     {

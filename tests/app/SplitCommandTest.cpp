@@ -8,7 +8,8 @@
 namespace clb {
 namespace {
 
-// The dialog shows the amount before the one that is being typed; its two amounts are stored.
+// The dialog shows the stored amount, not the one in edit. The two amounts of the dialog are
+// stored.
 TEST(SplitCommandTest, AnAmountInEditIsSavedAndReplacedByTheSplit)
 {
     Books books;
@@ -51,14 +52,14 @@ TEST(SplitCommandTest, APieceWithTheLargestNumberCannotBeSplit)
     books.window.Grid.MoveTo(1, 1);
     books.modal.steps.push_back([](Form& form) { form.DefaultButton()->Press(); });
 
-    std::string told;
+    std::string message;
     try {
         books.window.menus.Find("mnuE_Split")->Press();
     } catch (const RuntimeError& error) {
-        told = error.what();
+        message = error.what();
     }
 
-    EXPECT_EQ(told,
+    EXPECT_EQ(message,
               "No number is left for a new piece of transaction 7: one of its pieces has the "
               "largest already.");
     EXPECT_EQ(books.Rows("SELECT Amount FROM Trans"), std::vector<std::string>{"100"});

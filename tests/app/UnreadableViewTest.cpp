@@ -1,4 +1,4 @@
-// A view that cannot be read: the grid is empty and says why, and nothing stays half shown.
+// If a view cannot be read, the grid is empty and says why, and nothing is half shown.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -60,7 +60,7 @@ TEST_F(UnreadableViewTest, TheGridIsEmptyIsPaintedAndSaysWhy)
     EXPECT_TRUE(hint->ways.empty());
 }
 
-/// Symptom: a box once a second, for as long as the window was open.
+/// Symptom: a message box every second as long as the window was open.
 TEST_F(UnreadableViewTest, WhatOthersWriteIsFollowedWithoutAnError)
 {
     ShowChecking();
@@ -77,7 +77,7 @@ TEST_F(UnreadableViewTest, WhatOthersWriteIsFollowedWithoutAnError)
     EXPECT_EQ(HintFor(books_.window), std::nullopt);
 }
 
-/// A cell that another program spoils between a command's look and its reading of the rows.
+/// Another program spoils a cell after a command has checked the rows and before it reads them.
 TEST_F(UnreadableViewTest, ACommandThatCannotReadTheRowsAgainLeavesTheGridEmpty)
 {
     ShowChecking();

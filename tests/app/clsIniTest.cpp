@@ -85,7 +85,7 @@ TEST_F(clsIniTest, OnAFullDiskTheFormerFileStays)
 
 TEST_F(clsIniTest, AFileThatCannotBeReadIsNotReplaced)
 {
-    // Symptom: the file was replaced by one that held nothing but the new key.
+    // Symptom: the file was replaced by one with only the new key.
     const std::string path = folder_.Write("cvlb.ini", "[S]\r\nkept=1\r\n");
     std::filesystem::permissions(path, std::filesystem::perms(0200));
     {

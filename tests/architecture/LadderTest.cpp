@@ -51,6 +51,7 @@ const std::map<std::string, std::set<std::string>> kLadder = {
 /// The wings of a folder. A wing includes only itself and those named before it.
 const std::map<std::string, std::vector<std::string>> kWings = {
     {"engine", {"storage", "sql", "rows"}},
+    {"desktop", {"look", "input", "grid", "forms", "ports", "window", "start"}},
 };
 
 bool IsSource(const fs::path& path)

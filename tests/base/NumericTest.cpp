@@ -74,9 +74,38 @@ TEST(NumericTest, ShortestTextsReadBack)
 {
     EXPECT_EQ(ToText(0.1), "0.1");
     EXPECT_EQ(ToText(10.0), "10");
-    EXPECT_EQ(ToText(4.75f), "4.75");
+    EXPECT_EQ(ToText(4.75F), "4.75");
     EXPECT_EQ(ToText(-0.0), "0");
     EXPECT_EQ(ParseDouble(ToText(1.0 / 3.0)), 1.0 / 3.0);
+}
+
+TEST(NumericTest, TruncatingCutsOffAndSaysWhetherAnythingWasLost)
+{
+    const auto truncated = [](const char* text) {
+        return Numeric::Read(text)->Truncate(4).value();
+    };
+
+    EXPECT_EQ(truncated("1.23456").whole, 12345);
+    EXPECT_FALSE(truncated("1.23456").exact);
+    EXPECT_EQ(truncated("-1.23456").whole, -12345);
+    EXPECT_EQ(truncated("1.234500").whole, 12345);
+    EXPECT_TRUE(truncated("1.234500").exact);
+    EXPECT_EQ(truncated("0.00009").whole, 0);
+    EXPECT_FALSE(truncated("0.00009").exact);
+    EXPECT_FALSE(truncated("1e-30").exact);
+    EXPECT_TRUE(truncated("0.00000").exact);
+    EXPECT_EQ(truncated("2e3").whole, 20'000'000);
+}
+
+TEST(NumericTest, TruncatingGivesNothingBeyond64Bits)
+{
+    const auto fits = [](const char* text) { return Numeric::Read(text)->Truncate(4).has_value(); };
+
+    EXPECT_TRUE(fits("922337203685477.5807"));
+    EXPECT_TRUE(fits("922337203685477.58079"));
+    EXPECT_FALSE(fits("922337203685477.5808"));
+    EXPECT_TRUE(fits("-922337203685477.5808"));
+    EXPECT_FALSE(fits("1e300"));
 }
 
 }  // namespace

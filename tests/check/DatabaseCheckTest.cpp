@@ -1,4 +1,4 @@
-// What the check finds in files that other programs have changed, and what a repair mends.
+// What the check finds in files that other programs have changed, and what a repair fixes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -51,7 +51,7 @@ protected:
             date + "', '" + description + "', " + std::to_string(amount * 10000) +
             ", 'Food', 2006, 3)");
     }
-    /// Makes the stored balances right, so that only what a test is about is found.
+    /// Corrects the stored balances, so that only the subject of a test is found.
     void Settle()
     {
         Foreign(
@@ -73,7 +73,7 @@ protected:
     {
         Database storage;
         storage.OpenExisting(folder_.Path("db/clb.mdb"));
-        Statement rows = storage.Prepare(
+        Query rows = storage.Prepare(
             "SELECT coalesce(Sequence, 'none') || '/' || SubSequence || ' ' || Description FROM "
             "Trans ORDER BY rowid");
         std::vector<std::string> texts;
@@ -92,7 +92,7 @@ TEST_F(DatabaseCheckTest, AnOrdinaryFileIsInOrder)
     EXPECT_THAT(Texts(), IsEmpty());
 }
 
-TEST_F(DatabaseCheckTest, EveryCellThatIsNotWhatItsColumnIsForIsTold)
+TEST_F(DatabaseCheckTest, ReportsEveryCellThatDoesNotFitItsColumn)
 {
     Foreign(
         "UPDATE Trans SET Amount = '12,50 EUR' WHERE Sequence = 1;"
@@ -121,7 +121,7 @@ TEST_F(DatabaseCheckTest, EveryCellThatIsNotWhatItsColumnIsForIsTold)
         EXPECT_TRUE(finding.kind != "cell" || !finding.repairable) << finding.text;
 }
 
-TEST_F(DatabaseCheckTest, TextsThatCannotBeKeptAgainAreTold)
+TEST_F(DatabaseCheckTest, ReportsTextsThatCannotBeStoredAgain)
 {
     const std::string longName(51, 'x');
     Foreign("UPDATE Budget SET CategoryGroup = '" + longName +
@@ -151,8 +151,8 @@ TEST_F(DatabaseCheckTest, TheRowOfACellIsNamed)
     EXPECT_EQ(found[0].sequence, 17);
 }
 
-// Symptom: "Put in the right value", and no command that could.
-TEST_F(DatabaseCheckTest, ACellIsToldWithTheCommandThatMendsIt)
+// Symptom: the advice was "Put in the right value", but no command could.
+TEST_F(DatabaseCheckTest, ReportsACellWithTheCommandThatFixesIt)
 {
     Foreign("UPDATE Account SET OpeningBalance = '12,50 EUR'");
 
@@ -165,12 +165,12 @@ TEST_F(DatabaseCheckTest, ACellIsToldWithTheCommandThatMendsIt)
                           "' \"UPDATE Account SET OpeningBalance = 0 WHERE Sequence = 1\""));
     Connection connection;
     connection.Open("Data Source=" + folder_.Path("db/clb.mdb"));
-    connection.Execute(found[0].statement);
+    connection.Execute(found[0].query);
     connection.Settle();
     EXPECT_THAT(Texts(), IsEmpty());
 }
 
-TEST_F(DatabaseCheckTest, NumbersThatTheProgramNeverGivesAreTold)
+TEST_F(DatabaseCheckTest, ReportsNumbersThatTheProgramNeverUses)
 {
     AddRow(8, 0, "C1", "2006-03-01", "x", 0);
     AddRow(9, -1, "C1", "2006-03-01", "x", 0);
@@ -214,7 +214,7 @@ TEST_F(DatabaseCheckTest, TheListOfNoticedBalancesIsLookedAtToo)
     EXPECT_THAT(Texts(), ElementsAre("column: The column CvBalance.At is missing."));
 }
 
-TEST_F(DatabaseCheckTest, AMonthThatCannotBeWrittenIsToldInWords)
+TEST_F(DatabaseCheckTest, ReportsAnInvalidMonthInWords)
 {
     Foreign(
         "UPDATE Trans SET Period = NULL WHERE Sequence = 1;"
@@ -242,7 +242,7 @@ TEST_F(DatabaseCheckTest, ManyFindingsOfAKindAreCounted)
     EXPECT_EQ(found.back().rows, 19);
 }
 
-/// A balance beside a row that cannot be read is not told: nobody knows the sum.
+/// A balance is not reported if one of its rows cannot be read, because the sum is unknown.
 TEST_F(DatabaseCheckTest, AnAccountWithARowThatIsNoAmountIsNotRepaired)
 {
     Foreign(
@@ -255,7 +255,7 @@ TEST_F(DatabaseCheckTest, AnAccountWithARowThatIsNoAmountIsNotRepaired)
                                      "not an amount."));
 }
 
-TEST_F(DatabaseCheckTest, AccountsThatShareANumberAreTold)
+TEST_F(DatabaseCheckTest, ReportsAccountsWithTheSameNumber)
 {
     Foreign(
         "INSERT INTO Account (AccountID, Description, Type) VALUES ('C1', 'Twin', 'Bank');"
@@ -300,7 +300,7 @@ TEST_F(DatabaseCheckTest, ABalanceWithATextThatEndsEarlyIsStoredAnew)
     EXPECT_THAT(Texts(), IsEmpty());
 }
 
-/// Lists that were begun before had no place for it.
+/// Older lists had no column for it.
 TEST_F(DatabaseCheckTest, AnOlderListOfBalancesIsReadAndGoneOnWith)
 {
     Foreign(
@@ -317,7 +317,7 @@ TEST_F(DatabaseCheckTest, AnOlderListOfBalancesIsReadAndGoneOnWith)
                                      HasSubstr("the stored balance was the binary fraction 12.5")));
 }
 
-TEST_F(DatabaseCheckTest, WhatTheFileDoesNotDeclareIsTold)
+TEST_F(DatabaseCheckTest, ReportsMissingDeclarations)
 {
     Foreign(
         "DROP TRIGGER RowsFollowAccount;"
@@ -337,8 +337,8 @@ TEST_F(DatabaseCheckTest, WhatTheFileDoesNotDeclareIsTold)
                             "view: The view Sums is not this program's."));
 }
 
-// Everything was called in order, and then no start could open the data.
-TEST_F(DatabaseCheckTest, ALostVersionIsTold)
+// Symptom: no finding was reported, but no start could open the data.
+TEST_F(DatabaseCheckTest, ReportsALostVersion)
 {
     Foreign("DROP TABLE _SchemaVersion");
 
@@ -346,7 +346,7 @@ TEST_F(DatabaseCheckTest, ALostVersionIsTold)
                                      "version of the data."));
 }
 
-TEST_F(DatabaseCheckTest, AnAccountOfAnUnknownTypeIsTold)
+TEST_F(DatabaseCheckTest, ReportsAnAccountOfAnUnknownType)
 {
     Foreign("UPDATE Account SET Type = 'bank' WHERE AccountID = 'C1'");
 
@@ -364,8 +364,8 @@ TEST_F(DatabaseCheckTest, MissingIndexesAndTriggersAreMadeAgain)
     EXPECT_THAT(Texts(), IsEmpty());
 }
 
-// Symptom: the file was called in order, and the next start failed for ever.
-TEST_F(DatabaseCheckTest, AVersionThatIsOlderThanTheTablesIsTold)
+// Symptom: no finding was reported, but every start failed.
+TEST_F(DatabaseCheckTest, ReportsAVersionThatIsOlderThanTheTables)
 {
     Foreign("ALTER TABLE _SchemaVersion RENAME COLUMN \"2\" TO \"1\"");
 
@@ -373,8 +373,8 @@ TEST_F(DatabaseCheckTest, AVersionThatIsOlderThanTheTablesIsTold)
                                      "table Account is of version 2."));
 }
 
-/// Older versions gave a number twice when two programs wrote at the same time.
-TEST_F(DatabaseCheckTest, ANumberThatStandsTwiceIsToldAndTheLaterOneRenumbered)
+/// Older versions used a number twice if two programs wrote at the same time.
+TEST_F(DatabaseCheckTest, ReportsANumberThatIsUsedTwiceAndRenumbersTheLaterOne)
 {
     AddRow(2, 0, "C1", "2006-03-05", "Grocer", -3);
     Settle();
@@ -433,8 +433,8 @@ TEST_F(DatabaseCheckTest, WithoutNumbersLeftNothingIsRenumbered)
     EXPECT_EQ(RepairDatabase(folder_.Path(), kNow).numbers, 0);
 }
 
-/// Such a file was called in order, and then no new row could be stored.
-TEST_F(DatabaseCheckTest, UsedUpNumbersAreTold)
+/// Symptom: no finding was reported, but no new row could be stored.
+TEST_F(DatabaseCheckTest, ReportsUsedUpNumbers)
 {
     AddRow(2147483647, 0, "C1", "2006-03-05", "Last", 0);
     Foreign(
@@ -471,8 +471,8 @@ TEST_F(DatabaseCheckTest, TheLastNumberButOneIsInOrder)
     EXPECT_THAT(Texts(), IsEmpty());
 }
 
-/// They make the storage refuse rows, and were called in order.
-TEST_F(DatabaseCheckTest, UniqueIndexesOfAnotherProgramAreToldAndLeft)
+/// They make the storage reject rows, but were not reported.
+TEST_F(DatabaseCheckTest, ReportsAndKeepsUniqueIndexesOfAnotherProgram)
 {
     Foreign(
         "CREATE UNIQUE INDEX OneADay ON Trans (AccountID, PostDate);"
@@ -492,7 +492,7 @@ TEST_F(DatabaseCheckTest, UniqueIndexesOfAnotherProgramAreToldAndLeft)
     EXPECT_EQ(Texts().size(), 2U);
 }
 
-TEST_F(DatabaseCheckTest, ATableThatTakesNoValuesTwiceIsTold)
+TEST_F(DatabaseCheckTest, ReportsATableWithAUniqueColumn)
 {
     Foreign(
         "CREATE TABLE Copy (Sequence INTEGER PRIMARY KEY AUTOINCREMENT, Year LONG DEFAULT 0, "
@@ -507,7 +507,8 @@ TEST_F(DatabaseCheckTest, ATableThatTakesNoValuesTwiceIsTold)
                                      "twice, is not declared so by this program."));
 }
 
-/// All rows with one number would take years if every piece looked at every transaction.
+/// If every piece were compared with every transaction, a table of rows with one number would take
+/// years.
 TEST_F(DatabaseCheckTest, AVeryCommonNumberIsNoTrouble)
 {
     Foreign(
@@ -539,7 +540,7 @@ TEST_F(DatabaseCheckTest, AMissingFileIsAnError)
     EXPECT_THROW(CheckDatabase(folder_.Path("nowhere")), EngineError);
 }
 
-/// Whatever was done to the bytes of a file, the check ends with findings or without.
+/// The check ends for any damage to the bytes of a file.
 TEST_F(DatabaseCheckTest, FlippedBytesNeverEndTheCheck)
 {
     for (int number = 3; number < 60; ++number)
@@ -565,8 +566,7 @@ TEST_F(DatabaseCheckTest, FlippedBytesNeverEndTheCheck)
     EXPECT_GT(found, 100);
 }
 
-/// Whatever stands in the cells, a repair leaves nothing that it could have mended, and no row
-/// goes.
+/// For any contents of the cells, a repair fixes all that it can, and no row is lost.
 TEST_F(DatabaseCheckTest, ARepairOfAnyCellsMendsAllThatIsMendable)
 {
     for (int number = 3; number < 20; ++number)

@@ -7,8 +7,8 @@
 #include "CommandFixture.h"
 #include "data/Backups.h"
 #include "engine/rows/Connection.h"
-#include "engine/storage/Backup.h"
 #include "engine/storage/Database.h"
+#include "engine/storage/DatabaseCopy.h"
 
 namespace clb {
 namespace {

@@ -33,11 +33,11 @@ TEST_F(GridComponentTest, EveryFieldIsAColumnAndTheNewRowIsLast)
     ASSERT_EQ(grid_.Columns().Count(), 7);
     EXPECT_EQ(grid_.Columns().Item(shop::Price).caption, "Price");
     EXPECT_EQ(grid_.Columns().Item(shop::Price).dataType, FieldType::Money);
-    EXPECT_EQ(grid_.Columns().Item(shop::Price).alignment, grid_align::Right);
-    ASSERT_EQ(grid_.Rows().Count(), 4u);
+    EXPECT_EQ(grid_.Columns().Item(shop::Price).alignment, grid_align::kRight);
+    ASSERT_EQ(grid_.Rows().Count(), 4U);
     EXPECT_EQ(Kind(3), GridRowKind::Data);
     EXPECT_EQ(Kind(4), GridRowKind::NewRow);
-    EXPECT_EQ(grid_.Row(), 1u);
+    EXPECT_EQ(grid_.Row(), 1U);
     EXPECT_EQ(grid_.Col(), 1);
     EXPECT_EQ(grid_.Position(), 0);
 }
@@ -47,11 +47,11 @@ TEST_F(GridComponentTest, AResultSetTakesTheArraysPlace)
     grid_.DataSource(nullptr);
 
     EXPECT_EQ(grid_.Columns().Count(), 0);
-    EXPECT_EQ(grid_.Rows().Count(), 0u);
-    EXPECT_EQ(grid_.Row(), 0u);
+    EXPECT_EQ(grid_.Rows().Count(), 0U);
+    EXPECT_EQ(grid_.Row(), 0U);
 
     grid_.Array().Show();
-    EXPECT_EQ(grid_.Rows().Count(), 4u);
+    EXPECT_EQ(grid_.Rows().Count(), 4U);
 }
 
 TEST_F(GridComponentTest, MovingRaisesRowColChangeOnceWithTheNewCell)
@@ -67,21 +67,21 @@ TEST_F(GridComponentTest, ThereIsNoRowAndNoColumnBeyondTheEnds)
     EXPECT_EQ(RuntimeErrorOf([this] { grid_.MoveTo(0, 1); }), errors::SubscriptOutOfRange);
     EXPECT_EQ(RuntimeErrorOf([this] { grid_.MoveTo(1, 8); }), errors::SubscriptOutOfRange);
     EXPECT_EQ(RuntimeErrorOf([this] { grid_.Col(0); }), errors::SubscriptOutOfRange);
-    EXPECT_EQ(grid_.Row(), 1u);
+    EXPECT_EQ(grid_.Row(), 1U);
     EXPECT_TRUE(events_.Take().empty());
 }
 
 TEST_F(GridComponentTest, AKeyLeadsToItsRowAndNullToTheNewOne)
 {
     grid_.MoveToRowKey(13);
-    EXPECT_EQ(grid_.Row(), 3u);
+    EXPECT_EQ(grid_.Row(), 3U);
 
     grid_.MoveToRowKey(Null{});
-    EXPECT_EQ(grid_.Row(), 4u);
+    EXPECT_EQ(grid_.Row(), 4U);
     EXPECT_EQ(grid_.Position(), 1);
 
     EXPECT_EQ(RuntimeErrorOf([this] { grid_.MoveToRowKey(99); }), errors::ElementNotFound);
-    EXPECT_EQ(grid_.Row(), 4u);
+    EXPECT_EQ(grid_.Row(), 4U);
 }
 
 TEST_F(GridComponentTest, AMovedColumnPushesThoseBetweenByOne)
@@ -125,7 +125,7 @@ TEST_F(GridComponentTest, RowsOfAGroupAreShownBetweenHeadingAndFooter)
     grid_.Array().Add({14, std::string("Dill"), Money(), 5});
     GroupByCount();
 
-    ASSERT_EQ(grid_.Rows().Count(), 11u);
+    ASSERT_EQ(grid_.Rows().Count(), 11U);
     EXPECT_EQ(grid_.Rows().HeadingText(1), "5 (2)");
     EXPECT_EQ(Name(2), "Apples");
     EXPECT_EQ(Name(3), "Dill");
@@ -133,7 +133,7 @@ TEST_F(GridComponentTest, RowsOfAGroupAreShownBetweenHeadingAndFooter)
     EXPECT_EQ(grid_.Rows().GroupValue(4), "5");
     EXPECT_EQ(grid_.Rows().HeadingText(5), "1 (1)");
     EXPECT_EQ(Kind(11), GridRowKind::NewRow);
-    EXPECT_EQ(grid_.Row(), 2u) << "the first data row, not the heading";
+    EXPECT_EQ(grid_.Row(), 2U) << "the first data row, not the heading";
 }
 
 TEST_F(GridComponentTest, AFoldedGroupHidesItsRowsAndFooter)
@@ -142,7 +142,7 @@ TEST_F(GridComponentTest, AFoldedGroupHidesItsRowsAndFooter)
 
     EXPECT_TRUE(grid_.Fold(1, true));
 
-    EXPECT_EQ(grid_.Rows().Count(), 8u);
+    EXPECT_EQ(grid_.Rows().Count(), 8U);
     EXPECT_TRUE(grid_.Rows().Folded(1));
     EXPECT_EQ(grid_.Rows().HeadingText(2), "1 (1)");
 }
@@ -155,7 +155,7 @@ TEST_F(GridComponentTest, TheHeadingBecomesCurrentWhenTheCurrentRowIsFoldedAway)
 
     grid_.Fold(4, true);
 
-    EXPECT_EQ(grid_.Row(), 4u);
+    EXPECT_EQ(grid_.Row(), 4U);
     EXPECT_EQ(events_.Take(), std::vector<std::string>{"RowColChange 4 2"});
 }
 
@@ -163,14 +163,14 @@ TEST_F(GridComponentTest, FoldingAboveKeepsTheCurrentRow)
 {
     GroupByCount();
     grid_.MoveToRowKey(13);
-    ASSERT_EQ(grid_.Row(), 8u);
+    ASSERT_EQ(grid_.Row(), 8U);
 
     grid_.Fold(1, true);
-    EXPECT_EQ(grid_.Row(), 6u);
+    EXPECT_EQ(grid_.Row(), 6U);
     EXPECT_EQ(ToText(grid_.ColumnValue(shop::Name)), "Cheese");
 
     grid_.Fold(1, false);
-    EXPECT_EQ(grid_.Row(), 8u);
+    EXPECT_EQ(grid_.Row(), 8U);
     EXPECT_EQ(ToText(grid_.ColumnValue(shop::Name)), "Cheese");
 }
 
@@ -180,7 +180,7 @@ TEST_F(GridComponentTest, OnlyHeadingsFold)
 
     EXPECT_TRUE(grid_.Fold(2, true));
 
-    EXPECT_EQ(grid_.Rows().Count(), 10u);
+    EXPECT_EQ(grid_.Rows().Count(), 10U);
 }
 
 TEST_F(GridComponentTest, ReadingTheRowsAgainKeepsGroupsFolded)
@@ -206,7 +206,7 @@ TEST_F(GridComponentTest, ARememberedPlaceFollowsItsRow)
     EXPECT_EQ(grid_.Col(), shop::Price);
 }
 
-TEST_F(GridComponentTest, ARememberedRowThatIsGoneLeavesThePlaceWhereItStood)
+TEST_F(GridComponentTest, ARememberedRowThatIsGoneLeavesItsPlace)
 {
     grid_.MoveTo(2, shop::Name);
     const auto spot = grid_.CurrentSpot();

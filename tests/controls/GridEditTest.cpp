@@ -237,7 +237,7 @@ TEST_F(GridEditTest, AnEmptyTextEmptiesTheCell)
 TEST_F(GridEditTest, AChoiceTakesOnlyEntriesOfItsList)
 {
     GridColumn& name = grid_.Columns().Item(shop::Name);
-    name.popup = GridPopup{cell_control::DropDown, 5, 0};
+    name.popup = GridPopup{cell_control::kDropDown, 5, 0};
     name.valueItems = {{std::string("Bank"), "Bank"}, {std::string("Cash"), "Cash"}};
 
     EXPECT_TRUE(Type(shop::Name, "cash"));
@@ -255,7 +255,7 @@ TEST_F(GridEditTest, AChoiceTakesOnlyEntriesOfItsList)
 TEST_F(GridEditTest, BlanksInAChoiceEmptyTheCell)
 {
     GridColumn& name = grid_.Columns().Item(shop::Name);
-    name.popup = GridPopup{cell_control::DropDown, 5, 0};
+    name.popup = GridPopup{cell_control::kDropDown, 5, 0};
     name.valueItems = {{std::string("Bank"), "Bank"}};
 
     EXPECT_TRUE(Type(shop::Name, "  "));
@@ -266,7 +266,7 @@ TEST_F(GridEditTest, BlanksInAChoiceEmptyTheCell)
 TEST_F(GridEditTest, ACompletingListTakesNewTexts)
 {
     GridColumn& name = grid_.Columns().Item(shop::Name);
-    name.popup = GridPopup{cell_control::ComboBox, 5, 0};
+    name.popup = GridPopup{cell_control::kComboBox, 5, 0};
     name.valueItems = {{std::string("Bank"), "Bank"}};
 
     EXPECT_TRUE(Type(shop::Name, "bank"));
@@ -281,8 +281,8 @@ TEST_F(GridEditTest, ANewRowJoinsAndTheNewRowsLineMovesOn)
 
     EXPECT_TRUE(grid_.Update());
 
-    EXPECT_EQ(grid_.Rows().Count(), 5u);
-    EXPECT_EQ(grid_.Row(), 4u);
+    EXPECT_EQ(grid_.Rows().Count(), 5U);
+    EXPECT_EQ(grid_.Row(), 4U);
     EXPECT_EQ(Stored(3, shop::Name), "Dates");
     EXPECT_EQ(grid_.Position(), 0);
 }
@@ -311,7 +311,7 @@ TEST_F(GridEditTest, ARefusedRowKeepsItsChangesAndThePlace)
     EXPECT_FALSE(grid_.MoveTo(2, shop::Name));
 
     EXPECT_EQ(events_.Take(), (Lines{"BeforeUpdate", "UpdateRefused"}));
-    EXPECT_EQ(grid_.Row(), 1u);
+    EXPECT_EQ(grid_.Row(), 1U);
     EXPECT_TRUE(grid_.Dirty());
     EXPECT_EQ(Stored(0, shop::Name), "Apples");
 }
@@ -332,7 +332,7 @@ TEST_F(GridEditTest, FoldingSavesTheChangedRowFirst)
 }
 
 // Symptom: the heading that was now at the old place was folded.
-TEST_F(GridEditTest, TheHeadingIsMeantThoughTheSavedRowMovedIt)
+TEST_F(GridEditTest, TheHeadingIsFoundAlthoughTheSavedRowMovedIt)
 {
     grid_.Groups().push_back({shop::Count});
     grid_.Regroup();
@@ -372,7 +372,7 @@ TEST_F(GridEditTest, AHandlerCanForbidTheDeletion)
 
     EXPECT_FALSE(grid_.Delete());
 
-    EXPECT_EQ(grid_.Array().Count(), 3u);
+    EXPECT_EQ(grid_.Array().Count(), 3U);
 }
 
 TEST_F(GridEditTest, TheNewRowCannotBeDeleted)
@@ -385,7 +385,7 @@ TEST_F(GridEditTest, TheNewRowCannotBeDeleted)
     EXPECT_TRUE(events_.Take().empty());
 }
 
-TEST_F(GridEditTest, TheRowThatIsMeantIsReachedThoughSavingMovedIt)
+TEST_F(GridEditTest, TheWantedRowIsReachedAlthoughSavingMovedIt)
 {
     // Symptom: a row that moved to another group moved the others, and the next one was hit.
     grid_.Groups().push_back({shop::Count});
@@ -399,7 +399,7 @@ TEST_F(GridEditTest, TheRowThatIsMeantIsReachedThoughSavingMovedIt)
     EXPECT_EQ(ToText(grid_.ColumnValue(shop::Name)), "Bread");
 }
 
-TEST_F(GridEditTest, TheNewRowsLineIsReachedThoughSavingMovedIt)
+TEST_F(GridEditTest, TheNewRowsLineIsReachedAlthoughSavingMovedIt)
 {
     grid_.Groups().push_back({shop::Count});
     grid_.Regroup();

@@ -35,12 +35,12 @@ TEST_F(GridArrayTest, ARowWithTooManyOrWrongValuesIsRefusedWhole)
                   array_.Add({1, std::string("x"), std::string("cheap")});
               }),
               errors::TypeMismatch);
-    EXPECT_EQ(array_.Count(), 3u);
+    EXPECT_EQ(array_.Count(), 3U);
 }
 
 TEST_F(GridArrayTest, SavingWritesTheChangedFieldsOnly)
 {
-    EXPECT_EQ(array_.Save(1, {{3, 9}}), 1u);
+    EXPECT_EQ(array_.Save(1, {{3, 9}}), 1U);
 
     EXPECT_EQ(ToText(array_.At(1, 1)), "Bread");
     EXPECT_EQ(array_.At(1, 3), Value(9));
@@ -48,9 +48,9 @@ TEST_F(GridArrayTest, SavingWritesTheChangedFieldsOnly)
 
 TEST_F(GridArrayTest, SavingAfterTheLastRowAddsARow)
 {
-    EXPECT_EQ(array_.Save(3, {{1, std::string("Dates")}}), 3u);
+    EXPECT_EQ(array_.Save(3, {{1, std::string("Dates")}}), 3U);
 
-    EXPECT_EQ(array_.Count(), 4u);
+    EXPECT_EQ(array_.Count(), 4U);
     EXPECT_NE(array_.Identity(3), array_.Identity(2));
 }
 
@@ -70,7 +70,7 @@ TEST_F(GridArrayTest, DeletingARowKeepsTheIdentityOfTheOthers)
 
     array_.Delete(1);
 
-    EXPECT_EQ(array_.Count(), 2u);
+    EXPECT_EQ(array_.Count(), 2U);
     EXPECT_EQ(array_.Identity(1), cheese);
     EXPECT_EQ(RuntimeErrorOf([this] { array_.Delete(2); }), errors::SubscriptOutOfRange);
 }

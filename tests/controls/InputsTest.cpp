@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
-#include "controls/Commands.h"
 #include "controls/Form.h"
 #include "controls/Inputs.h"
+#include "controls/Menus.h"
 
 namespace clb {
 namespace {
@@ -47,7 +47,7 @@ TEST(ListBoxTest, ChoosingRaisesTheClickEvenForTheSameItem)
     EXPECT_THROW(list.Index(2), RuntimeError);
 }
 
-TEST(OptionButtonTest, ChoosingOneDropsTheOthers)
+TEST(OptionButtonTest, ChoosingOneUnchoosesTheOthers)
 {
     OptionButton create("optAccount(0)", "Create");
     OptionButton map("optAccount(1)", "Map");

@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "tests/crash/FaultyFiles.h"
-#include "tests/crash/Figures.h"
 #include "tests/crash/InProcessProgram.h"
+#include "tests/crash/OutcomeCounts.h"
 #include "tests/crash/Undisturbed.h"
 #include "tests/support/TempFolder.h"
 

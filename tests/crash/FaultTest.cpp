@@ -12,7 +12,7 @@ class FaultTest : public FaultSessions {
 protected:
     void Run(Fault fault, const std::string& title)
     {
-        Figures figures(title);
+        OutcomeCounts figures(title);
         figures_ = &figures;
         const int wanted = Runs("CLB_CRASH_RUNS", 30);
         const int each = wanted > 60 ? 20 : 6;
@@ -200,7 +200,7 @@ protected:
                ", seed " + std::to_string(seed_) + "\n";
     }
 
-    Figures* figures_ = nullptr;
+    OutcomeCounts* figures_ = nullptr;
     int run_ = 0;
 };
 

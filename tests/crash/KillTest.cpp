@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/crash/Figures.h"
 #include "tests/crash/KilledProgram.h"
+#include "tests/crash/OutcomeCounts.h"
 #include "tests/crash/Undisturbed.h"
 #include "tests/support/TempFolder.h"
 
@@ -160,7 +160,7 @@ protected:
     Starter start_ = [this](const std::string& folder) {
         return std::make_unique<KilledProgram>(folder, quotes_.Address());
     };
-    std::unique_ptr<Figures> figures_ = std::make_unique<Figures>("Killed");
+    std::unique_ptr<OutcomeCounts> figures_ = std::make_unique<OutcomeCounts>("Killed");
     int killed_ = 0;
 };
 

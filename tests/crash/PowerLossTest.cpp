@@ -15,7 +15,7 @@ enum class Sabotage { None, SyncsDoNothing, JournalIsThrownAway };
 class PowerLossTest : public FaultSessions {
 protected:
     /// What was wrong in the first run that left something wrong; empty when none did.
-    std::string RunAll(int wanted, Sabotage sabotage, Figures& figures)
+    std::string RunAll(int wanted, Sabotage sabotage, OutcomeCounts& figures)
     {
         const int each = wanted > 60 ? 20 : 6;
         for (run_ = 0; run_ < wanted;) {
@@ -29,7 +29,7 @@ protected:
         }
         return "";
     }
-    std::string RunOnce(const CountedSitting& sitting, Sabotage sabotage, Figures& figures)
+    std::string RunOnce(const CountedSitting& sitting, Sabotage sabotage, OutcomeCounts& figures)
     {
         DiskModel disk;
         const TempFolder folder(parent_);
@@ -118,19 +118,19 @@ protected:
 
 TEST_F(PowerLossTest, WhatWasReportedSavedSurvivesThePowerLoss)
 {
-    Figures figures("Power loss");
+    OutcomeCounts figures("Power loss");
     EXPECT_EQ(RunAll(Runs("CLB_CRASH_RUNS", 60), Sabotage::None, figures), "");
 }
 
 TEST_F(PowerLossTest, ADiskThatOnlySaysItSynchronisedIsNoticed)
 {
-    Figures figures("Power loss without synchronising");
+    OutcomeCounts figures("Power loss without synchronising");
     EXPECT_NE(RunAll(300, Sabotage::SyncsDoNothing, figures), "");
 }
 
 TEST_F(PowerLossTest, AJournalThatIsThrownAwayIsNoticed)
 {
-    Figures figures("Power loss without journal");
+    OutcomeCounts figures("Power loss without journal");
     EXPECT_NE(RunAll(300, Sabotage::JournalIsThrownAway, figures), "");
 }
 

@@ -3,7 +3,7 @@
 #include <sys/stat.h>
 
 #include "data/Backups.h"
-#include "data/Trouble.h"
+#include "data/ErrorText.h"
 #include "engine/storage/EngineError.h"
 #include "tests/data/StoreFixture.h"
 
@@ -31,7 +31,7 @@ protected:
         try {
             backups_.Restore(file, Day("2026-11-21"));
         } catch (const EngineError& error) {
-            refusal = TroubleText(error);
+            refusal = ErrorText(error);
         }
         EXPECT_TRUE(folder_.Read("db/clb.mdb") == before);
         EXPECT_THAT(backups_.Names(), testing::IsEmpty());

@@ -2,21 +2,71 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QTest>
+#include <stdexcept>
 #include <string>
 
-#include "desktop/GridView.h"
-#include "desktop/ListBinder.h"
-#include "desktop/MainWindow.h"
-#include "desktop/TextConvert.h"
-#include "desktop/ToolbarBinder.h"
-#include "desktop/TreeBinder.h"
-#include "desktop/UserEvents.h"
-#include "desktop/YearBox.h"
+#include "desktop/forms/ListBinder.h"
+#include "desktop/grid/GridView.h"
+#include "desktop/input/UserEvents.h"
+#include "desktop/look/TextConvert.h"
+#include "desktop/window/MainWindow.h"
+#include "desktop/window/SplitHandle.h"
+#include "desktop/window/ToolbarBinder.h"
+#include "desktop/window/TreeBinder.h"
+#include "desktop/window/YearBox.h"
 #include "tests/support/Books.h"
 
 namespace clb {
+
+/// Finds a part of the window by its object name.
+template <class Part>
+Part& Find(const QWidget& window, const char* name)
+{
+    auto* part = dynamic_cast<Part*>(window.findChild<QWidget*>(QString::fromLatin1(name)));
+    if (!part)
+        throw std::runtime_error(std::string("The window has no ") + name);
+    return *part;
+}
+
+inline TreeBinder& TreeWidget(const QWidget& window)
+{
+    return Find<TreeBinder>(window, "TreeView");
+}
+inline GridView& GridWidget(const QWidget& window)
+{
+    return Find<GridView>(window, "Grid");
+}
+inline ListBinder& MonthWidget(const QWidget& window)
+{
+    return Find<ListBinder>(window, "cmbPeriod");
+}
+inline YearBox& YearWidget(const QWidget& window)
+{
+    return Find<YearBox>(window, "txtYear");
+}
+inline ToolbarBinder& ToolbarWidget(const QWidget& window)
+{
+    return Find<ToolbarBinder>(window, "Toolbar");
+}
+inline SplitHandle& BorderWidget(const QWidget& window)
+{
+    return Find<SplitHandle>(window, "SplitHandle");
+}
+inline QLineEdit* FirstTotal(const QWidget& window)
+{
+    return &Find<QLineEdit>(window, "txtTotal");
+}
+inline QLineEdit* SecondTotal(const QWidget& window)
+{
+    return &Find<QLineEdit>(window, "txtTotal2");
+}
+inline QLabel* TotalsCaption(const QWidget& window)
+{
+    return &Find<QLabel>(window, "lblTotal");
+}
 
 /// The window over a small household: the accounts Checking (bank), Purse (cash) and Car (loan),
 /// four transactions in Checking in March 2006, the net worth shown.
@@ -37,13 +87,13 @@ protected:
     {
         for (std::int32_t node = 1; node <= Model().TreeView.Count(); ++node)
             if (Model().TreeView.Node(node).text == text)
-                ClickAt(*window_.TreeWidget().viewport(),
-                        window_.TreeWidget().visualItemRect(window_.TreeWidget().ItemOf(node)));
+                ClickAt(*TreeWidget(window_).viewport(),
+                        TreeWidget(window_).visualItemRect(TreeWidget(window_).ItemOf(node)));
     }
     void ClickCell(std::size_t row, std::int32_t column)
     {
-        ClickAt(*window_.GridWidget().viewport(),
-                window_.GridWidget().Layout().CellRect(row, column));
+        ClickAt(*GridWidget(window_).viewport(),
+                GridWidget(window_).Layout().CellRect(row, column));
     }
     void ClickAt(QWidget& widget, const QRect& place)
     {

@@ -73,10 +73,10 @@ void EngineTest::KillAndReopen()
     connection_.Open(ConnectionText());
 }
 
-void EngineTest::RunAll(const std::vector<std::string>& statements)
+void EngineTest::RunAll(const std::vector<std::string>& queries)
 {
-    for (const std::string& statement : statements)
-        Run(statement);
+    for (const std::string& query : queries)
+        Run(query);
 }
 
 Recordset EngineTest::Opened(std::string_view sql, LockKind lock)
@@ -114,7 +114,7 @@ std::vector<std::string> RowsOf(Recordset& rows)
         std::string line;
         for (std::size_t i = 0; i < rows.Fields().size(); ++i) {
             const Value& value = rows.Get(i);
-            line += (i ? "|" : "") + (IsNull(value) ? std::string("-") : ToText(value));
+            line += (i > 0 ? "|" : "") + (IsNull(value) ? std::string("-") : ToText(value));
         }
         lines.push_back(std::move(line));
     }

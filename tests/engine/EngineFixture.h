@@ -1,3 +1,4 @@
+// A database file for the tests of the engine.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -10,10 +11,10 @@
 
 namespace clb {
 
-/// The tables of a delivered database, as the storage declares them.
+/// The tables of a delivered database, in the storage's SQL.
 extern const char* const kTestSchema;
 
-/// A fresh database file in a folder of its own, opened as the program opens it.
+/// A new database file in a folder of its own, opened as the program opens it.
 class EngineTest : public ::testing::Test {
 protected:
     EngineTest();
@@ -21,19 +22,19 @@ protected:
 
     /// "Provider=...;Data Source=..." for this file.
     [[nodiscard]] std::string ConnectionText() const;
-    /// A second connection to the same file, as another program would have it.
+    /// Opens a second connection to the same file, as another program would.
     [[nodiscard]] Connection Another() const;
-    /// Ends the connection as a killed program would, and opens the file again.
+    /// Ends the connection like a killed program, and opens the file again.
     void KillAndReopen();
 
     void Run(std::string_view sql) { connection_.Execute(sql); }
-    void RunAll(const std::vector<std::string>& statements);
+    void RunAll(const std::vector<std::string>& queries);
     Recordset Opened(std::string_view sql, LockKind lock = LockKind::Optimistic);
-    /// All rows as text: fields divided by "|", nulls as "-".
+    /// Returns all rows as text: fields separated by "|", null as "-".
     std::vector<std::string> Rows(std::string_view sql);
-    /// The one value that the statement gives.
+    /// Returns the only value of the query.
     Value Single(std::string_view sql);
-    /// Names and types of the fields: "Name:type,...".
+    /// Returns the names and types of the fields: "Name:type,...".
     std::string FieldsOf(std::string_view sql);
 
     std::string path_;
@@ -43,10 +44,10 @@ private:
     std::string folder_;
 };
 
-/// All rows of an open result set from the current one on, as Rows gives them.
+/// Returns the rows of an open result set from the current one on, in the form of EngineTest::Rows.
 std::vector<std::string> RowsOf(Recordset& rows);
 
-/// The error that the action raises, for its number and its message; fails when it raises none.
+/// Returns the error that the action throws. Fails the test if it throws none.
 template <typename Action>
 EngineError ErrorOf(Action action)
 {

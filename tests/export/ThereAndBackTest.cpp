@@ -1,5 +1,5 @@
-// What is exported comes back: into the same books without a further row, into others as it was,
-// and through a reader of OFX files that others wrote.
+// What is exported comes back: the same books get no new rows, other books get the same rows, and
+// another program's OFX reader finds the same transactions.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,18 +10,17 @@
 
 #include "base/Numeric.h"
 #include "base/Text.h"
-#include "export/NotReturned.h"
+#include "export/ExportLosses.h"
 #include "tests/support/Books.h"
 
 namespace clb {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-/// Values of a row by column; what is left out is as a new row has it.
+/// Values of a row by column. A column that is not given has the value of a new row.
 struct Row {
     std::string fitid{};  ///< empty: entered by hand
     std::string date = "2006-03-05";
@@ -52,7 +51,7 @@ protected:
             text(row.checkID) + ", " + row.date.substr(0, 4) + ", " +
             std::to_string(std::stoi(row.date.substr(5, 2))) + ", '(none)')");
     }
-    /// The program's own import command, after its own export.
+    /// Runs the export and then the import command.
     void Return(Books& books)
     {
         const std::string path = books_.folder.Path("out.ofx");
@@ -61,15 +60,15 @@ protected:
         books.files.answers.push_back(path);
         books.window.menus.Find("mnuF_Import")->Press();
     }
-    /// What the export tells of its rows.
-    std::vector<std::string> Told()
+    /// The losses that the export reports.
+    std::vector<std::string> Losses()
     {
-        NotReturned told("10-1");
+        ExportLosses losses("10-1");
         books_.window.View().AccountID("10-1");
-        books_.window.Export().Watch(&told);
-        books_.window.Export().WriteOFX(books_.folder.Path("told.ofx"));
+        books_.window.Export().Watch(&losses);
+        books_.window.Export().WriteOFX(books_.folder.Path("watched.ofx"));
         books_.window.Export().Watch(nullptr);
-        return told.Lines();
+        return losses.Lines();
     }
     static std::vector<std::string> Identifiers(Books& books)
     {
@@ -93,7 +92,7 @@ private:
     int sequence_ = 0;
 };
 
-TEST_F(ThereAndBackTest, RowsWithAnIdentifierGoOutWithItAndAddNothing)
+TEST_F(ThereAndBackTest, RowsWithAnIdentifierKeepItAndAddNothing)
 {
     Add({.fitid = "2006.1"});
     Add({.fitid = "2006 2", .amount = "-45.5", .checkID = "17"});
@@ -107,9 +106,9 @@ TEST_F(ThereAndBackTest, RowsWithAnIdentifierGoOutWithItAndAddNothing)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-/// In the books that wrote the file these rows have no identifier, so the file's numbered ones are
-/// new to them, once.
-TEST_F(ThereAndBackTest, RowsEnteredByHandComeInOnceUnderTheirNumbers)
+/// In the books that wrote the file these rows have no identifier, so the numbered identifiers in
+/// the file are new to the books once.
+TEST_F(ThereAndBackTest, RowsEnteredByHandAreImportedOnceUnderTheirNumbers)
 {
     Add({.amount = "-1"});
     Add({.fitid = "F2", .amount = "-2"});
@@ -142,10 +141,10 @@ TEST_F(ThereAndBackTest, OtherBooksGetTheSameDatesAmountsAndTexts)
     EXPECT_EQ(Sum(others_), Sum(books_));
     EXPECT_THAT(Identifiers(others_), ElementsAre("F1", "CVLB2", "F3", "CVLB4", "CVLB5"));
     EXPECT_THAT(others_.messages.boxes, IsEmpty());
-    EXPECT_THAT(Told(), IsEmpty());
+    EXPECT_THAT(Losses(), IsEmpty());
 }
 
-TEST_F(ThereAndBackTest, WhatDoesNotComeBackIsTold)
+TEST_F(ThereAndBackTest, LossesAreReported)
 {
     Add({.fitid = "F1", .description = "a<b", .notes = std::string(51, 'n')});
     Add({.fitid = "F2", .description = " Shop", .notes = "\xCE\xA9", .checkID = "1\r2"});
@@ -154,7 +153,7 @@ TEST_F(ThereAndBackTest, WhatDoesNotComeBackIsTold)
     books_.Execute("UPDATE Trans SET PostDate = #2006-03-05 12:30:00# WHERE FITID = 'F2'");
 
     EXPECT_THAT(
-        Told(),
+        Losses(),
         ElementsAre(
             "Transaction 1 (2006-03-05, a<b): \"a\" comes back for its description",
             "Transaction 1 (2006-03-05, a<b): \"" + std::string(50, 'n') +
@@ -170,7 +169,7 @@ TEST_F(ThereAndBackTest, WhatDoesNotComeBackIsTold)
             "transaction"));
 }
 
-TEST_F(ThereAndBackTest, WhatEndsTheReadingIsTold)
+TEST_F(ThereAndBackTest, RowsThatEndTheImportAreReported)
 {
     Add({.fitid = "F1"});
     Add({.fitid = "it's"});
@@ -178,7 +177,7 @@ TEST_F(ThereAndBackTest, WhatEndsTheReadingIsTold)
     books_.Execute("UPDATE Trans SET PostDate = NULL, Amount = NULL WHERE FITID = 'F3'");
 
     EXPECT_THAT(
-        Told(),
+        Losses(),
         ElementsAre("Transaction 2 (2006-03-05, Shop): an apostrophe in its identifier ends the "
                     "reading there",
                     "Transaction 3 (Shop): it has no date, and the reading ends there",
@@ -188,13 +187,13 @@ TEST_F(ThereAndBackTest, WhatEndsTheReadingIsTold)
     EXPECT_THAT(others_.messages.boxes, SizeIs(1));
 }
 
-TEST_F(ThereAndBackTest, AnApostropheThatIsNotReadAloneIsToldAsWhatItDoes)
+TEST_F(ThereAndBackTest, TheEffectOfAnApostropheInAnIdentifierIsReported)
 {
     Add({.fitid = "it's", .amount = "7"});
     Add({.fitid = "a''b"});
 
     EXPECT_THAT(
-        Told(),
+        Losses(),
         ElementsAre("Transaction 1 (2006-03-05, Shop): an apostrophe in its identifier ends "
                     "the reading there, unless the account is empty",
                     "Transaction 2 (2006-03-05, Shop): an apostrophe in its identifier adds "
@@ -207,11 +206,11 @@ TEST_F(ThereAndBackTest, AnApostropheThatIsNotReadAloneIsToldAsWhatItDoes)
     EXPECT_THAT(Identifiers(others_), ElementsAre("a''b", "a''b"));
 }
 
-TEST_F(ThereAndBackTest, ATagWithinATextIsTold)
+TEST_F(ThereAndBackTest, ATagWithinATextIsReported)
 {
     Add({.description = "a<MEMO>b", .notes = "c"});
 
-    EXPECT_THAT(Told(),
+    EXPECT_THAT(Losses(),
                 ElementsAre("Transaction 1 (2006-03-05, a<MEMO>b): \"a\" comes back for its "
                             "description",
                             "Transaction 1 (2006-03-05, a<MEMO>b): a tag within its texts "
@@ -220,15 +219,15 @@ TEST_F(ThereAndBackTest, ATagWithinATextIsTold)
     EXPECT_THAT(others_.Rows("SELECT PayeeName FROM Trans"), ElementsAre("b"));
 }
 
-/// "CafÃ©", which is "Café" in UTF-8: a reader cannot know better, unless the file holds other
-/// characters too.
-TEST_F(ThereAndBackTest, TextsThatLookLikeUtf8AreTold)
+/// "CafÃ©" in Windows-1252 is "Café" in UTF-8. A reader cannot tell them apart unless the file has
+/// other characters too.
+TEST_F(ThereAndBackTest, TextsThatLookLikeUtf8AreReported)
 {
     const std::string garbled = "Caf\xC3\x83\xC2\xA9";
     Add({.fitid = "F1", .description = garbled});
     Add({.fitid = "F2"});
 
-    EXPECT_THAT(Told(),
+    EXPECT_THAT(Losses(),
                 ElementsAre("All characters of the file could be UTF-8 and are read as such, "
                             "which changes them: 1 transaction"));
     Return(others_);
@@ -236,15 +235,15 @@ TEST_F(ThereAndBackTest, TextsThatLookLikeUtf8AreTold)
                 ElementsAre("Caf\xC3\xA9", "Shop"));
 
     Add({.fitid = "F3", .description = "\xC3\xA9"});
-    EXPECT_THAT(Told(), IsEmpty());
+    EXPECT_THAT(Losses(), IsEmpty());
     others_.Execute("DELETE FROM Trans");
     Return(others_);
     EXPECT_THAT(others_.Rows("SELECT Description FROM Trans ORDER BY Sequence"),
                 ElementsAre(garbled, "Shop", "\xC3\xA9"));
 }
 
-/// Random texts: a row comes back as it was exactly when nothing is told of it.
-TEST_F(ThereAndBackTest, ARowOfWhichNothingIsToldComesBackAsItWas)
+/// With random texts, a row comes back unchanged if and only if no loss is reported for it.
+TEST_F(ThereAndBackTest, ARowWithoutAReportedLossComesBackAsItWas)
 {
     std::mt19937 random(6);
     const std::vector<std::string> pieces = {"a", "B",        " ",        "<",  "\r", "\n",
@@ -255,7 +254,7 @@ TEST_F(ThereAndBackTest, ARowOfWhichNothingIsToldComesBackAsItWas)
             result += random() % 4 == 0 ? pieces[random() % pieces.size()] : "x";
         return result;
     };
-    NotReturned told("10-1");
+    ExportLosses losses("10-1");
     std::vector<Row> rows;
     for (int n = 1; n <= 400; ++n) {
         Row row;
@@ -267,14 +266,14 @@ TEST_F(ThereAndBackTest, ARowOfWhichNothingIsToldComesBackAsItWas)
         Add(row);
         rows.push_back(row);
         const std::string identifier = row.fitid.empty() ? "CVLB" + std::to_string(n) : row.fitid;
-        told.Add({identifier,
-                  Date::FromIso(row.date),
-                  true,
-                  row.description,
-                  row.notes,
-                  row.checkID,
-                  "(none)",
-                  {2006, 3}});
+        losses.Add({identifier,
+                    Date::FromIso(row.date),
+                    true,
+                    row.description,
+                    row.notes,
+                    row.checkID,
+                    "(none)",
+                    {2006, 3}});
     }
 
     Return(others_);
@@ -285,23 +284,23 @@ TEST_F(ThereAndBackTest, ARowOfWhichNothingIsToldComesBackAsItWas)
             "Trans WHERE Amount = " +
             std::to_string(amount));
     };
-    int untold = 0;
+    int unchanged = 0;
     for (std::int32_t n = 1; n <= 400; ++n) {
-        // The identifier of a row entered by hand is the file's.
+        // A row entered by hand has the identifier that was made for the file.
         const bool same =
             of(others_, n) == of(books_, n) &&
             others_.Rows("SELECT FITID FROM Trans WHERE Amount = " + std::to_string(n)).at(0) ==
                 (rows[static_cast<std::size_t>(n - 1)].fitid.empty()
                      ? "CVLB" + std::to_string(n)
                      : rows[static_cast<std::size_t>(n - 1)].fitid);
-        EXPECT_EQ(same, !told.Rows().contains(n)) << n;
-        untold += same ? 1 : 0;
+        EXPECT_EQ(same, !losses.Rows().contains(n)) << n;
+        unchanged += same ? 1 : 0;
     }
-    EXPECT_GT(untold, 20);
-    EXPECT_LT(untold, 380);
+    EXPECT_GT(unchanged, 20);
+    EXPECT_LT(unchanged, 380);
 }
 
-/// The peer is a library of its own; it takes "&" and "<" as SGML does, so there are none here.
+/// The other reader is a library. It reads "&" and "<" as SGML does, so the texts have none.
 TEST_F(ThereAndBackTest, AnotherReaderFindsTheSameCountAndSum)
 {
     std::mt19937 random(7);

@@ -50,7 +50,7 @@ TEST_F(modExportTest, EveryRowHasItsOwnDay)
     EXPECT_TRUE(Holds(text, "<DTEND>20060305000000["));
 }
 
-TEST_F(modExportTest, OfAStatementThatCannotBeEndedOnlyTheHeaderStays)
+TEST_F(modExportTest, AStatementThatCannotBeFinishedLeavesOnlyTheHeader)
 {
     for (int row = 0; row < 2; ++row)
         books_.Execute(
@@ -64,7 +64,7 @@ TEST_F(modExportTest, OfAStatementThatCannotBeEndedOnlyTheHeaderStays)
     EXPECT_TRUE(text.ends_with("\r\nNEWFILEUID:NONE\r\n\r\n"));
 }
 
-TEST_F(modExportTest, AStatementThatCannotBeEndedLeavesTheFormerFile)
+TEST_F(modExportTest, AStatementThatCannotBeFinishedLeavesTheExistingFile)
 {
     const std::string former = Written("10");
     for (int row = 0; row < 2; ++row)

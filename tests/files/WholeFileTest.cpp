@@ -93,10 +93,10 @@ TEST_F(WholeFileTest, OnAFullDiskTheFormerFileStaysWhole)
         GTEST_SKIP() << "no disk of its own";
     ReplaceFile(disk.Path("kept"), "former");
 
-    const std::string told = ErrorOf([&] { ReplaceFile(disk.Path("kept"), kBig); }, 75);
+    const std::string reason = ErrorOf([&] { ReplaceFile(disk.Path("kept"), kBig); }, 75);
     ErrorOf([&] { CreateFile(disk.Path("fresh"), kBig); }, 75);
 
-    EXPECT_EQ(told, "Cannot write " + disk.Path("kept") + ": No space left on device");
+    EXPECT_EQ(reason, "Cannot write " + disk.Path("kept") + ": No space left on device");
     EXPECT_EQ(disk.Read("kept"), "former");
     EXPECT_EQ(CountOf(disk.Path()), 1U);
 }
@@ -122,15 +122,15 @@ TEST_F(WholeFileTest, AFolderThatTakesNoMoreFilesIsTheReasonForARefusedName)
     const std::string path = folder.Path("closing/fresh");
     folder.Write("closing/other", "");
     const AsOrdinaryUser nobody({folder.Path(), folder.Path("closing")});
-    std::string told;
+    std::string reason;
     {
         WholeFile file(path, Existing::Refuse);
         fs::permissions(folder.Path("closing"), fs::perms(0500));
-        told = ErrorOf([&] { file.Keep(); }, 75);
+        reason = ErrorOf([&] { file.Keep(); }, 75);
         fs::permissions(folder.Path("closing"), fs::perms(0700));
     }
 
-    EXPECT_EQ(told, "Cannot write " + path + ": Permission denied");
+    EXPECT_EQ(reason, "Cannot write " + path + ": Permission denied");
     EXPECT_EQ(CountOf(folder.Path("closing")), 1U);
 }
 

@@ -69,7 +69,7 @@ TEST_F(CVGridTest, ACancelledSaveWritesNoDefaultsAndStaysInEdit)
 
     EXPECT_TRUE(grid_.Editing());
     EXPECT_TRUE(IsNull(grid_.ColumnValue(shop::Price)));
-    EXPECT_EQ(grid_.DBArray().Count(), 3u);
+    EXPECT_EQ(grid_.DBArray().Count(), 3U);
 }
 
 TEST_F(CVGridTest, TheContainersAnswerIsAskedBeforeTheDefaultsAreFilledIn)
@@ -151,7 +151,7 @@ TEST_F(CVGridTest, RefetchShowsTheNewRowsAndReturnsToItsCellUnderASwitchedOffPai
 
     EXPECT_EQ(steps, (std::vector<std::string>{"hold", "edit ended", "enable on row 1", "cell 3 3",
                                                "paint"}));
-    EXPECT_EQ(grid_.Rows().Count(), 5u);
+    EXPECT_EQ(grid_.Rows().Count(), 5U);
     EXPECT_FALSE(grid_.Editing());
 }
 

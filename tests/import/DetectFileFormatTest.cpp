@@ -45,7 +45,7 @@ TEST_F(DetectFileFormatTest, TheHeaderMayEndItsLinesInCarriageReturnsOnly)
     EXPECT_EQ(KindOf("OFXHEADER:100\rDATA:OFXSGML\rVERSION:102\r"), 2);
 }
 
-TEST_F(DetectFileFormatTest, AByteOrderMarkIsNoPartOfTheFirstLine)
+TEST_F(DetectFileFormatTest, AByteOrderMarkIsNotPartOfTheFirstLine)
 {
     EXPECT_EQ(KindOf("\xEF\xBB\xBFOFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n"), 2);
 }
@@ -65,7 +65,7 @@ TEST_F(DetectFileFormatTest, TheFirstLineIsComparedWholeAndWithCase)
     EXPECT_EQ(KindOf("OFXHEADER:200\r\nDATA:OFXSGML\r\nVERSION:102\r\n"), 0);
 }
 
-TEST_F(DetectFileFormatTest, ABlankFirstLineIsNoEmptyLine)
+TEST_F(DetectFileFormatTest, ALineOfSpacesIsNotAnEmptyLine)
 {
     EXPECT_EQ(KindOf(" \r\nOFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n"), 0);
 }
@@ -105,7 +105,7 @@ TEST_F(DetectFileFormatTest, TheOlderMarkupIsKnownByItsFirstTagInUpperCase)
     EXPECT_EQ(KindOf("<OFC"), 0);
 }
 
-TEST_F(DetectFileFormatTest, TheNameDecidesForQifWhateverTheFileHolds)
+TEST_F(DetectFileFormatTest, TheNameDecidesForQifWhateverTheFileContains)
 {
     EXPECT_EQ(KindOf("<OFC>", "a.qif"), 3);
     EXPECT_EQ(KindOf("", "b.QIF"), 3);
@@ -119,7 +119,7 @@ TEST_F(DetectFileFormatTest, QifTextUnderAnotherNameIsNotKnown)
     EXPECT_EQ(KindOf("!Type:Bank\r\n", "bank.qif.txt"), 0);
 }
 
-TEST_F(DetectFileFormatTest, OtherNamesPlayNoPart)
+TEST_F(DetectFileFormatTest, OtherNamesDoNotMatter)
 {
     EXPECT_EQ(KindOf("<OFC>", "a.txt"), 2);
     EXPECT_EQ(KindOf("<OFC>", "x"), 2);
@@ -134,7 +134,7 @@ TEST_F(DetectFileFormatTest, AMissingFileIsAnError)
     EXPECT_EQ(message_, "File not found");
 }
 
-TEST_F(DetectFileFormatTest, WhatIsNoFileIsAnError)
+TEST_F(DetectFileFormatTest, AFolderOrPipeIsAnError)
 {
     const std::string pipe = folder_.Path("pipe.ofx");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);

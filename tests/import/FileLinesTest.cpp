@@ -59,7 +59,7 @@ TEST(FileLinesTest, ZeroBytesAreOrdinaryCharacters)
     EXPECT_EQ(lines.ReadLine(), "c");
 }
 
-TEST(FileLinesTest, AnItemGoesToTheLineEndWhenItHoldsNoComma)
+TEST(FileLinesTest, AnItemWithoutACommaEndsAtTheLineEnd)
 {
     FileLines lines("DATA:OFXSGML\r\nVERSION:102");
 
@@ -84,7 +84,7 @@ TEST(FileLinesTest, AnItemOfAnEmptyLineIsThatLine)
     EXPECT_EQ(lines.ReadLine(), "next");
 }
 
-TEST(FileLinesTest, AQuotedItemMayHoldCommasAndLineEnds)
+TEST(FileLinesTest, AQuotedItemMayContainCommasAndLineEnds)
 {
     FileLines lines("\"one,\r\ntwo\" ,three\r\nfour");
 
@@ -94,7 +94,7 @@ TEST(FileLinesTest, AQuotedItemMayHoldCommasAndLineEnds)
     EXPECT_TRUE(lines.AtEnd());
 }
 
-TEST(FileLinesTest, AnUnclosedQuoteGoesToTheEnd)
+TEST(FileLinesTest, AnUnclosedQuoteEndsAtTheEndOfTheText)
 {
     FileLines lines("\"one\r\ntwo");
 

@@ -46,8 +46,8 @@ protected:
     std::string message_;
 };
 
-/// A name may have 255 bytes: that of the kept file is the longest one.
-TEST_F(FixLineEndingsTest, ALongNameIsRepairedAsLongAsTheKeptFilesNameFits)
+/// A name may have 255 bytes, and the name of the backup is the longest one.
+TEST_F(FixLineEndingsTest, ALongNameIsRepairedIfTheBackupsNameFits)
 {
     const std::string name = std::string(247, 'n') + ".ofx";
 
@@ -113,7 +113,7 @@ TEST_F(FixLineEndingsTest, ARepairedFileNeedsNoSecondRepair)
     EXPECT_EQ(Kept(), "one\ntwo\n");
 }
 
-TEST_F(FixLineEndingsTest, BytesPassAsTheyAre)
+TEST_F(FixLineEndingsTest, OtherBytesStayAsTheyAre)
 {
     using namespace std::string_view_literals;
     Repair(
@@ -140,7 +140,7 @@ TEST_F(FixLineEndingsTest, ALongFileIsRepairedWhole)
     EXPECT_EQ(Kept(), lines);
 }
 
-TEST_F(FixLineEndingsTest, AFirstCarriageReturnFarBehindStillEndsTheLine)
+TEST_F(FixLineEndingsTest, ALateFirstCarriageReturnStillEndsTheLine)
 {
     const std::string first = "\n" + std::string(std::size_t{1} << 16, 'x');
 
@@ -149,7 +149,7 @@ TEST_F(FixLineEndingsTest, AFirstCarriageReturnFarBehindStillEndsTheLine)
     EXPECT_EQ(Repaired(), "\r" + first + "\r\n");
 }
 
-TEST_F(FixLineEndingsTest, AnEarlierFirstVersionIsNeverReplaced)
+TEST_F(FixLineEndingsTest, AnExistingBackupIsNeverReplaced)
 {
     folder_.Write("s.ofx.org", "precious");
     const std::string path = folder_.Write("s.ofx", "one\ntwo\n");
@@ -162,7 +162,7 @@ TEST_F(FixLineEndingsTest, AnEarlierFirstVersionIsNeverReplaced)
     EXPECT_EQ(Files(), 2U);
 }
 
-TEST_F(FixLineEndingsTest, AnEarlierFirstVersionIsNoErrorWhereNothingIsToDo)
+TEST_F(FixLineEndingsTest, AnExistingBackupIsNotAnErrorIfThereIsNothingToRepair)
 {
     folder_.Write("s.ofx.org", "precious");
 
@@ -196,7 +196,7 @@ TEST_F(FixLineEndingsTest, ThePermissionsStay)
     EXPECT_EQ(Repaired(), "one\r\ntwo\r\n\r\n");
 }
 
-TEST_F(FixLineEndingsTest, ANameTooLongForTheFirstVersionChangesNothing)
+TEST_F(FixLineEndingsTest, ANameTooLongForTheBackupChangesNothing)
 {
     const std::string path = folder_.Write(std::string(252, 'n'), "one\ntwo\n");
 
@@ -206,7 +206,7 @@ TEST_F(FixLineEndingsTest, ANameTooLongForTheFirstVersionChangesNothing)
     EXPECT_EQ(Files(), 1U);
 }
 
-/// A limit to the size of files stands for the full disk.
+/// A limit to the size of files simulates the full disk.
 TEST_F(FixLineEndingsTest, AFullDiskChangesNothing)
 {
     for (const std::size_t size : {200U, 100000U}) {

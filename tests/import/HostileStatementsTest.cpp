@@ -1,5 +1,5 @@
-// Files that are broken or want to do harm: each gives the message that it must, leaves the rows
-// before the fault, and touches no other row of any table.
+// Broken and malicious files. Each must lead to its message, add the rows before the fault, and
+// change no other row of any table.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -60,7 +60,7 @@ class HostileStatementsTest : public ::testing::Test {
 protected:
     HostileStatementsTest() : untouched_(books_.Everything()) {}
 
-    /// The lines of all tables that were not there in the beginning; all others must be.
+    /// The rows of all tables that were not there at the start. All other rows must still be there.
     std::vector<std::string> Added()
     {
         const std::vector<std::string> now = books_.Everything();
@@ -70,7 +70,7 @@ protected:
     void ExpectBox(const std::string& text, std::int32_t style)
     {
         const FakeMessageBox::Box box = {text, style, "Corvane Ledgerbook"};
-        // No gmock matcher: it would print files of a hundred lines.
+        // A gmock matcher would print files of a hundred lines.
         EXPECT_TRUE(books_.messages.boxes == std::vector{box})
             << (books_.messages.boxes.empty() ? "none"
                                               : books_.messages.boxes[0].text.substr(0, 200));
@@ -96,8 +96,9 @@ protected:
         return 0;
     }
 
-    /// A file spoilt from one byte on: the transactions that end before it are as in the good file,
-    /// there is one message at most, and it is one of those for bad data.
+    /// Imports a file that is damaged from one byte on. Checks that the transactions before that
+    /// byte are as in the good file, and that there is at most one message, one of those for bad
+    /// data.
     void ExpectRowsBefore(std::size_t spoilt, const std::string& name, const std::string& good,
                           const std::string& bad, const std::string& end)
     {
@@ -126,7 +127,7 @@ protected:
     std::vector<std::string> untouched_;
 
 private:
-    /// Rows without their second field: it is another one with each QIF file.
+    /// Rows without their second field, which differs with each QIF file.
     static std::vector<std::string> WithoutRun(std::vector<std::string> rows)
     {
         for (std::string& row : rows)
@@ -198,7 +199,7 @@ TEST_F(HostileStatementsTest, ATextWithAZeroByteIsOneTextAndADuplicateTheNextTim
                 ElementsAre("-1|a\0b"s, "-1|a\0c"s, "-2|", "-3|"));
 }
 
-TEST_F(HostileStatementsTest, WhatIsNoTextIsNoStatement)
+TEST_F(HostileStatementsTest, BinaryDataIsNotAStatement)
 {
     std::mt19937 random(4);
     std::string noise(100'000, '\0');
@@ -228,7 +229,7 @@ TEST_F(HostileStatementsTest, NoiseInAQifFileAddsNothing)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-TEST_F(HostileStatementsTest, AMillionEmptyTagsAreNoTransactions)
+TEST_F(HostileStatementsTest, AMillionEmptyTagsAddNothing)
 {
     const auto times = [](const std::string& text) {
         std::string many;
@@ -254,7 +255,7 @@ TEST_F(HostileStatementsTest, AMillionEmptyTagsAreNoTransactions)
     EXPECT_THAT(Added(), SizeIs(4));  // and the month's budget line
 }
 
-TEST_F(HostileStatementsTest, AFolderAPipeAndADeviceAreNoFiles)
+TEST_F(HostileStatementsTest, AFolderAPipeAndADeviceAreRefused)
 {
     TempFolder place;
     const std::string pipe = place.Path("pipe.qif");
@@ -374,8 +375,8 @@ TEST_F(HostileStatementsTest, ACheckNumberThatIsSqlListsItsRecord)
     EXPECT_THAT(Added(), SizeIs(3));
 }
 
-/// Compared as it stands, this check number makes any row with that memo a duplicate, here another
-/// account's: the record is left out, nothing else happens.
+/// The check number is not quoted in the comparison, so any row with that memo is a duplicate, here
+/// one of another account. The record is skipped, and nothing else happens.
 TEST_F(HostileStatementsTest, ACheckNumberThatWidensTheComparisonLeavesOutItsOwnRecordOnly)
 {
     books_.Import("s.qif", "!Type:Bank\r\nD3/5/06\r\nT-2\r\nMfare\r\nN" + kOtherHarm +

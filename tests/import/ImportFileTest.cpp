@@ -55,7 +55,7 @@ TEST_F(ImportFileTest, TheWindowShowsThatItIsBusyAndGoesBackToItsState)
                                           "pointer 0", "status Ready to go", "enabled"));
 }
 
-TEST_F(ImportFileTest, AFileOfNoKnownKindIsToldAndTheWindowStaysAsItIs)
+TEST_F(ImportFileTest, AnUnknownFormatIsReportedAndTheWindowStaysAsItIs)
 {
     books_.Execute("UPDATE Account SET CurrentBalance = 7");
     Choose("s.ofx", "!Type:Bank\r\n");
@@ -146,7 +146,7 @@ TEST_F(ImportFileTest, ARefusedFileCountsNothing)
     EXPECT_EQ(import_.Counts().added, 0);
 }
 
-TEST_F(ImportFileTest, BareLineFeedsAreRepairedBeforeTheKindIsTold)
+TEST_F(ImportFileTest, BareLineFeedsAreRepairedBeforeTheFormatIsDetected)
 {
     const std::string bare =
         "<OFC>\n<ACCTID>1\n<STMTTRN>\n<FITID>F1\n<DTPOSTED>20060305\n"

@@ -12,7 +12,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// A statement for account 1 is read into books that hold this account.
+/// Reads a statement for account 1 into books that have this account.
 class ImportOfxTest : public ::testing::Test {
 protected:
     ImportOfxTest() { books_.AddAccount("1", "Bank", "Checking"); }
@@ -21,7 +21,7 @@ protected:
     {
         import_.ImportOFX(books_.folder.Write("statement.ofx", text));
     }
-    /// A statement with these elements in place of those of an ordinary transaction.
+    /// A statement whose one transaction has these elements.
     static std::string Statement(const std::string& transactions)
     {
         return "<OFC>\r\n<ACCTID>1\r\n" + transactions + "</OFC>\r\n";
@@ -83,7 +83,7 @@ TEST_F(ImportOfxTest, ABookThatTakesNoMoreRowsSaysWhy)
     EXPECT_THAT(Column("Sequence"), ElementsAre("2147483647"));
 }
 
-TEST_F(ImportOfxTest, OnlyAChequeHasACheckNumber)
+TEST_F(ImportOfxTest, OnlyACheckHasACheckNumber)
 {
     Import(Statement(Transaction("F1", "20060301", "-1", "<TRNTYPE>DEBIT\r\n<CHECKNUM>77\r\n") +
                      Transaction("F2", "20060301", "-1", "<TRNTYPE>check\r\n<CHECKNUM>78\r\n") +
@@ -128,7 +128,7 @@ TEST_F(ImportOfxTest, AmountsAreReadToTheFourthDecimalWithTheirSign)
     EXPECT_THAT(Column("Amount"), ElementsAre("200", "-1234.5678", "0", "0.5"));
 }
 
-TEST_F(ImportOfxTest, ATransactionThatTheAccountHoldsIsSkippedInSilence)
+TEST_F(ImportOfxTest, ATransactionThatTheAccountHasIsSkippedSilently)
 {
     books_.Execute("INSERT INTO Trans (Sequence, AccountID, FITID) VALUES (1, '1', 'F1')");
 
@@ -138,7 +138,7 @@ TEST_F(ImportOfxTest, ATransactionThatTheAccountHoldsIsSkippedInSilence)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-TEST_F(ImportOfxTest, TellsHowManyTransactionsWereAddedAndHowManyWereThere)
+TEST_F(ImportOfxTest, CountsAddedAndSkippedTransactions)
 {
     Import(Statement(Transaction("F1", "20060305", "1") + Transaction("F1", "20060305", "1") +
                      Transaction("F2", "20060305", "1") + Transaction("F3", "20061305", "1")));
@@ -150,7 +150,7 @@ TEST_F(ImportOfxTest, TellsHowManyTransactionsWereAddedAndHowManyWereThere)
     EXPECT_EQ(import_.Counts().duplicates, 1);
 }
 
-TEST_F(ImportOfxTest, AnotherAccountsTransactionIsNoDuplicate)
+TEST_F(ImportOfxTest, AnotherAccountsTransactionIsNotADuplicate)
 {
     books_.Execute("INSERT INTO Trans (Sequence, AccountID, FITID) VALUES (1, '2', 'F1')");
 
@@ -207,7 +207,7 @@ TEST_F(ImportOfxTest, AnExistingBudgetLineStaysAsItIs)
                 ElementsAre("(none)|Home|12.5"));
 }
 
-TEST_F(ImportOfxTest, BudgetLinesAreAskedForOnlyWhenTheMonthChanges)
+TEST_F(ImportOfxTest, BudgetLinesAreCreatedOnlyWhenTheMonthChanges)
 {
     std::vector<std::string> asked;
     books_.window.Data().Database().Trace([&asked](std::string_view sql) {
@@ -310,7 +310,7 @@ struct BadPiece {
 
 class BadDataTest : public ImportOfxTest, public ::testing::WithParamInterface<BadPiece> {};
 
-TEST_P(BadDataTest, EndsTheImportAndIsTold)
+TEST_P(BadDataTest, EndsTheImportAndIsReported)
 {
     const BadPiece& bad = GetParam();
     const std::string file =
@@ -349,7 +349,7 @@ TEST_F(ImportOfxTest, ARowThatFailsHasNoBudgetLineBefore)
     EXPECT_THAT(books_.Rows("SELECT Year, Period FROM Budget"), ElementsAre("2006|3"));
 }
 
-TEST_F(ImportOfxTest, AnErrorOfTheDatabaseIsToldWithTheWholeFile)
+TEST_F(ImportOfxTest, AnErrorOfTheDatabaseIsReportedWithTheWholeFile)
 {
     const std::string file = Statement(Transaction("F1", "20060301", "-1"));
     books_.Execute("DROP TABLE Budget");
@@ -360,7 +360,7 @@ TEST_F(ImportOfxTest, AnErrorOfTheDatabaseIsToldWithTheWholeFile)
     EXPECT_THAT(Column("FITID"), IsEmpty());
 }
 
-TEST_F(ImportOfxTest, AFileThatIsGoneIsToldWithoutText)
+TEST_F(ImportOfxTest, AMissingFileIsReportedWithoutText)
 {
     import_.ImportOFX(books_.folder.Path("none.ofx"));
 

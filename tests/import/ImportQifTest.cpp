@@ -13,7 +13,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// QIF files are read into account 1, which the user picks.
+/// Reads QIF files into account 1, which the user chooses.
 class ImportQifTest : public ::testing::Test {
 protected:
     ImportQifTest()
@@ -104,7 +104,7 @@ TEST_F(ImportQifTest, TextsAreCutAtFiftyCharactersWithoutOuterBlanks)
     EXPECT_THAT(Column("PayeeName"), ElementsAre(wide));
 }
 
-TEST_F(ImportQifTest, AnAmountThatIsNoNumberIsIgnoredSilently)
+TEST_F(ImportQifTest, AnAmountThatIsNotANumberIsIgnoredSilently)
 {
     Import("!Type:Bank\nD1/1/06\nT-530,86\n^\nT1,234.50\nTcheap\n^\nT5\nT6\n^\n");
 
@@ -121,7 +121,7 @@ TEST_F(ImportQifTest, ARecordWithoutADateTakesTheOneBefore)
     EXPECT_THAT(Column("Period"), ElementsAre("12", "2", "2"));
 }
 
-TEST_F(ImportQifTest, ADateThatIsNoneIsListedAndTheRecordTakesTheOneBefore)
+TEST_F(ImportQifTest, AnInvalidDateIsListedAndTheRecordTakesTheOneBefore)
 {
     Import("!Type:Bank\nD2/3/06\nT1\n^\nD23/10/2013\nT2\n^\nDsoon\nT3\n^\n");
 
@@ -155,19 +155,18 @@ TEST_F(ImportQifTest, ARowDiffersByDayAmountMemoOrCheckNumber)
 
     Import("!Type:Bank\nD1/2/06\nT-1\nMfare\nN5\n^\nD1/1/06\nT-2\nMfare\nN5\n^\n");
     Import("!Type:Bank\nD1/1/06\nT-1\nMfares\nN5\n^\nT-1\nMfare\nN6\n^\n");
-    // The payee does not tell rows apart, and without a check number any will do.
+    // The payee does not matter. Without a check number any check number matches.
     Import("!Type:Bank\nD1/1/06\nT-1\nMfare\nN5\nPOther\n^\nT-1\nMfare\n^\n");
 
     EXPECT_THAT(Column("Amount"), ElementsAre("-1", "-1", "-2", "-1", "-1"));
 }
 
-/// A long file, most of which the account holds already.
+/// A long file, most of which the account has already.
 class RepeatedQifTest : public ImportQifTest {
 protected:
     RepeatedQifTest() { Import(Known()); }
 
-    /// 1,000 records on 250 days of 2006, some with a memo, some with a check number, each of them
-    /// another one.
+    /// 1,000 different records on 250 days of 2006, some with a memo, some with a check number.
     static std::string Known()
     {
         std::string file = "!Type:Bank\n";
@@ -225,7 +224,7 @@ TEST_F(RepeatedQifTest, SeesRowsThatWereEnteredByHand)
     books_.Execute(
         "INSERT INTO Trans (AccountID, FITID, PostDate, Amount, PayeeName, [Year], Period, "
         "[Sequence]) VALUES ('1', '', #2006-01-01#, -2000, '', 2006, 1, 5000)");
-    // Without an identifier a row is like no other.
+    // A row without an identifier never equals a record.
     books_.Execute(
         "INSERT INTO Trans (AccountID, PostDate, Amount, PayeeName, [Year], Period, [Sequence]) "
         "VALUES ('1', #2006-01-01#, -3000, '', 2006, 1, 5001)");
@@ -243,7 +242,7 @@ TEST_F(RepeatedQifTest, ListsACheckNumberWithAQuote)
     ExpectSkipped("\n^");
 }
 
-TEST_F(ImportQifTest, RowsOfOneRunShareAnIdentifierOfTheirOwn)
+TEST_F(ImportQifTest, RowsOfOneImportShareAnIdentifier)
 {
     Import("!Type:Bank\nD1/1/06\nT-1\n^\nT-2\n^\n");
     Import("!Type:Bank\nD1/1/06\nT-3\n^\n");
@@ -255,9 +254,9 @@ TEST_F(ImportQifTest, RowsOfOneRunShareAnIdentifierOfTheirOwn)
     EXPECT_NE(runs[0], "");
 }
 
-/// Two files read within one tick gave their rows one identifier, and the second file's records
-/// were no duplicates of the first one's.
-TEST_F(ImportQifTest, RunsWithinOneTickAreDifferentRuns)
+/// Symptom: the rows of two files that were read within one tick got the same identifier, so the
+/// second file's records did not count as duplicates of the first one's.
+TEST_F(ImportQifTest, ImportsWithinOneTickHaveDifferentIdentifiers)
 {
     const std::string file = "!Type:Bank\nD1/1/06\nT-1\n^\n";
     for (int time = 0; time < 3; ++time)
@@ -280,7 +279,7 @@ TEST_F(ImportQifTest, TheOrderOfItsDatesMayBeGiven)
     EXPECT_THAT(Column("PostDate"), ElementsAre("2006-10-23", "2006-10-23", "2006-10-24"));
 }
 
-TEST_F(ImportQifTest, TellsHowManyRecordsWereAddedAndHowManyWereThere)
+TEST_F(ImportQifTest, CountsAddedAndSkippedRecords)
 {
     Import("!Type:Bank\nD1/1/06\nT-1\n^\nT-2\n^\nT-3\nNit's\n^\n");
     EXPECT_EQ(import_.Counts().added, 2);
@@ -333,8 +332,8 @@ TEST_F(ImportQifTest, ACategoryBecomesALineOfTheMonthShown)
     EXPECT_THAT(BudgetLines(), ElementsAre("2006|3|Food|Groceries|250"));
 }
 
-/// The running sum once had to fit at every line, so the second line was dropped.
-TEST_F(ImportQifTest, BudgetAmountsMayPassTheRangeOnTheWayToTheirSum)
+/// Symptom: the second line was dropped, because the running sum had to fit after every line.
+TEST_F(ImportQifTest, BudgetAmountsMayExceedTheRangeBeforeTheLastOne)
 {
     const std::string most = "B922337203685477.5807\n";
     Import("!Type:Cat\nNFood:Groceries\n" + most + "B50\nB-50\n^\n");
@@ -369,7 +368,7 @@ TEST_F(ImportQifTest, ALineThatTheStoreRefusesIsListedAndTheReadingGoesOn)
     ExpectSkipped("\n^\n^");
 }
 
-TEST_F(ImportQifTest, ACancelledAccountDialogAddsNothingAndTellsNothing)
+TEST_F(ImportQifTest, ACancelledAccountDialogAddsNothingAndShowsNothing)
 {
     host_.accepts = false;
 
@@ -380,7 +379,7 @@ TEST_F(ImportQifTest, ACancelledAccountDialogAddsNothingAndTellsNothing)
     EXPECT_THAT(host_.events, ElementsAre("account "));
 }
 
-TEST_F(ImportQifTest, AFileWithoutItsLastEndAddsWhatWasEnded)
+TEST_F(ImportQifTest, AFileWithoutItsLastEndAddsTheRecordsThatEnded)
 {
     Import("!Type:Bank\nD1/1/06\nT-1\n^\nD1/2/06\nT-2");
 

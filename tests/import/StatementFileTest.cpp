@@ -11,14 +11,14 @@ namespace {
 std::int32_t ErrorOf(const std::string& path)
 {
     try {
-        ReadStatement(path);
+        static_cast<void>(ReadStatement(path));
     } catch (const RuntimeError& error) {
         return error.Number();
     }
     return 0;
 }
 
-/// While it lives no file can be opened.
+/// No file can be opened while it exists.
 class NoMoreFiles {
 public:
     NoMoreFiles()

@@ -12,7 +12,7 @@ using statement_tags::FindTag;
 using statement_tags::GetTagBlock;
 using statement_tags::GetTagValue;
 
-TEST(FindTagTest, MovesToTheFirstMatchAtOrAfterThePlace)
+TEST(FindTagTest, MovesToTheFirstMatchAtOrAfterThePosition)
 {
     std::int32_t pos = 3;
 
@@ -21,7 +21,7 @@ TEST(FindTagTest, MovesToTheFirstMatchAtOrAfterThePlace)
     EXPECT_EQ(pos, 5);
 }
 
-TEST(FindTagTest, FindsTheTagOnWhichItStands)
+TEST(FindTagTest, FindsTheTagAtThePosition)
 {
     std::int32_t pos = 5;
 
@@ -39,7 +39,7 @@ TEST(FindTagTest, StaysWhereItIsWithoutAMatch)
     EXPECT_EQ(pos, 2);
 }
 
-TEST(FindTagTest, MindsTheCaseOfTags)
+TEST(FindTagTest, ComparesTheCaseOfTags)
 {
     std::int32_t pos = 1;
 
@@ -65,7 +65,7 @@ TEST(FindTagTest, CountsCharactersNotBytes)
     EXPECT_EQ(pos, 7);
 }
 
-TEST(FindTagTest, RefusesAPlaceBeforeTheFirstCharacter)
+TEST(FindTagTest, RefusesAPositionBeforeTheFirstCharacter)
 {
     std::int32_t pos = 0;
 
@@ -82,12 +82,12 @@ TEST(GetTagValueTest, EndsAtACarriageReturnBeforeTheNextTag)
     EXPECT_EQ(GetTagValue(1, "<NAME>Kiosk\r\n<MEMO>paper", "<NAME>"), "Kiosk");
 }
 
-TEST(GetTagValueTest, EndsAtACarriageReturnWhereNoTagFollows)
+TEST(GetTagValueTest, EndsAtACarriageReturnIfNoTagFollows)
 {
     EXPECT_EQ(GetTagValue(1, "<NAME>Kiosk\r\nrest", "<NAME>"), "Kiosk");
 }
 
-TEST(GetTagValueTest, GoesToTheEndOfTheTextWhereNothingEndsIt)
+TEST(GetTagValueTest, EndsAtTheEndOfTheTextIfNothingEndsItBefore)
 {
     EXPECT_EQ(GetTagValue(1, "<NAME>Kiosk", "<NAME>"), "Kiosk");
 }
@@ -97,7 +97,7 @@ TEST(GetTagValueTest, DoesNotEndAtALineFeed)
     EXPECT_EQ(GetTagValue(1, "<NAME>Kiosk\nat the corner<MEMO>", "<NAME>"), "Kiosk\nat the corner");
 }
 
-TEST(GetTagValueTest, HasNoOuterBlanksButKeepsTabs)
+TEST(GetTagValueTest, HasNoOuterSpacesButKeepsTabs)
 {
     EXPECT_EQ(GetTagValue(1, "<NAME>  \tKiosk 2   <MEMO>", "<NAME>"), "\tKiosk 2");
 }
@@ -107,7 +107,7 @@ TEST(GetTagValueTest, IsEmptyForAnAbsentTag)
     EXPECT_EQ(GetTagValue(1, "<NAME>Kiosk", "<MEMO>"), "");
 }
 
-TEST(GetTagValueTest, LooksOnlyAtOrAfterThePlace)
+TEST(GetTagValueTest, SearchesOnlyAtOrAfterThePosition)
 {
     EXPECT_EQ(GetTagValue(2, "<A>1<A>2", "<A>"), "2");
     EXPECT_EQ(GetTagValue(6, "<A>1<A>2", "<A>"), "");
@@ -120,7 +120,7 @@ TEST(GetTagValueTest, CountsCharactersNotBytes)
     EXPECT_EQ(GetTagValue(2, "é<A>1<A>2", "<A>"), "1");
 }
 
-TEST(GetTagBlockTest, GivesWhatStandsBetweenAndMovesPastTheClosingTag)
+TEST(GetTagBlockTest, ReturnsTheTextBetweenAndMovesPastTheClosingTag)
 {
     const std::string text = "..<T>one</T><T>two</T>";
     std::int32_t pos = 1;

@@ -13,7 +13,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
-/// Whole files, imported by the menu command into a new account "Mine".
+/// Imports whole files by the menu command into a new account "Mine".
 class StatementsTest : public ::testing::Test {
 protected:
     void Import(const std::string& name)
@@ -68,7 +68,7 @@ TEST_F(StatementsTest, ABankStatementAddsItsTransactions)
     EXPECT_FALSE(books_.folder.Holds("bank-crlf.ofx.org"));
 }
 
-TEST_F(StatementsTest, ASecondImportAsksNothingAndAddsNothing)
+TEST_F(StatementsTest, ASecondImportAsksAndAddsNothing)
 {
     Import("bank-crlf.ofx");
     const std::vector<std::string> rows = Rows();
@@ -84,11 +84,11 @@ TEST_F(StatementsTest, ASecondImportAsksNothingAndAddsNothing)
 
 TEST_F(StatementsTest, TheWindowIsAsBeforeAfterwards)
 {
-    const std::string status = books_.window.StatusText();
+    const std::string status = books_.window.statusBar.Panel(1);
 
     Import("bank-crlf.ofx");
 
-    EXPECT_EQ(books_.window.StatusText(), status);
+    EXPECT_EQ(books_.window.statusBar.Panel(1), status);
     EXPECT_EQ(books_.pointer.code, pointer::Default);
     EXPECT_TRUE(books_.window.window.Enabled());
 }
@@ -121,7 +121,7 @@ TEST_F(StatementsTest, ARepairedFileIsImportedAgainWithoutRepair)
     EXPECT_EQ(Rows().size(), 2U);
 }
 
-TEST_F(StatementsTest, ClosingTagsOfValuesAreNoPartOfThem)
+TEST_F(StatementsTest, ClosingTagsAreNotPartOfTheirValues)
 {
     Import("end-tags.qfx");
 
@@ -154,7 +154,7 @@ TEST_F(StatementsTest, OfcFilesAreReadTheSameWay)
     EXPECT_THAT(Accounts(), ElementsAre("7-314-15|120"));
 }
 
-TEST_F(StatementsTest, TextOfTheOldCodePageIsRead)
+TEST_F(StatementsTest, Windows1252TextIsRead)
 {
     Import("windows-1252.ofx");
 
@@ -171,7 +171,7 @@ TEST_F(StatementsTest, Utf8IsReadAndCountedInCharacters)
     EXPECT_THAT(Rows(), ElementsAre("2006-03-07|-15|W1||Café Münster|" + fifty));
 }
 
-TEST_F(StatementsTest, AByteOrderMarkDoesNotDisturb)
+TEST_F(StatementsTest, AByteOrderMarkIsIgnored)
 {
     Import("utf-8-with-mark.ofx");
 
@@ -208,7 +208,7 @@ TEST_F(StatementsTest, TwoAccountsInAFileGoIntoTheFirst)
     EXPECT_THAT(Accounts(), ElementsAre("400-A|-3"));
 }
 
-TEST_F(StatementsTest, ATruncatedTransactionIsLeftOut)
+TEST_F(StatementsTest, ATruncatedTransactionIsOmitted)
 {
     Import("truncated-block.ofx");
 
@@ -216,7 +216,7 @@ TEST_F(StatementsTest, ATruncatedTransactionIsLeftOut)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-TEST_F(StatementsTest, AnEmptyTransactionEndsTheReading)
+TEST_F(StatementsTest, AnEmptyTransactionEndsTheImport)
 {
     Import("empty-block.ofx");
 
@@ -279,7 +279,7 @@ struct BadStatement {
 class BadStatementsTest : public StatementsTest,
                           public ::testing::WithParamInterface<BadStatement> {};
 
-TEST_P(BadStatementsTest, KeepTheRowsBeforeTheErrorAndTellTheFile)
+TEST_P(BadStatementsTest, KeepTheRowsBeforeTheErrorAndShowTheFile)
 {
     const auto& [name, workingText] = GetParam();
 

@@ -13,7 +13,7 @@ using ::testing::IsEmpty;
 
 class SelectAccountTest : public ::testing::Test {
 protected:
-    /// Shows the dialog for the identifier and works it as told.
+    /// Shows the dialog for the identifier and runs `work` on it.
     bool Ask(const std::string& identifier, const std::function<void(Form&)>& work)
     {
         identifier_ = identifier;

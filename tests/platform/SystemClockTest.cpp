@@ -108,5 +108,13 @@ TEST(SystemClockTest, AZoneWithoutDaylightTimeHasTheStateUnknown)
     EXPECT_EQ(zone.state, modCommon::ZoneState::Unknown);
 }
 
+TEST(CheckMomentTest, OnlyADateWithATimeIsTaken)
+{
+    EXPECT_EQ(CheckMoment("2006-03-15T12:00:00"), "");
+    for (const char* text : {"", "2006-03-15", "2006-03-15 12:00:00", "2006-02-30T12:00:00"})
+        EXPECT_EQ(CheckMoment(text),
+                  "\"" + std::string(text) + "\" is not of the form YYYY-MM-DDThh:mm:ss");
+}
+
 }  // namespace
 }  // namespace clb

@@ -18,7 +18,7 @@ constexpr const char* kAcme =
 
 class FakeQuoteHost : public IQuoteHost {
 public:
-    std::string StatusText() const override { return texts.back(); }
+    [[nodiscard]] std::string StatusText() const override { return texts.back(); }
     void StatusText(const std::string& text) override { texts.push_back(text); }
     void Repaint() override { drawn.push_back(texts.back()); }
     void Pointer(std::int32_t code) override { pointers.push_back(code); }
@@ -49,7 +49,7 @@ private:
 
 class UpdateQuotesTest : public testing::Test {
 protected:
-    /// LastPrice of a holding at 7.25 after the command.
+    /// LastPrice of a holding with the price 7.25 after the command.
     std::string PriceAfter(std::optional<std::string> answer)
     {
         books_.Execute("INSERT INTO Investment (StockSymbol, LastPrice) VALUES ('ACME', 7.25)");
@@ -67,7 +67,7 @@ protected:
     FakeQuoteHost host_;
 };
 
-TEST_F(UpdateQuotesTest, AProperAnswerSetsTheLastPrice)
+TEST_F(UpdateQuotesTest, AValidAnswerSetsTheLastPrice)
 {
     EXPECT_EQ(PriceAfter(kAcme), "12.5");
     EXPECT_EQ(
@@ -88,7 +88,7 @@ TEST_F(UpdateQuotesTest, ElevenFieldsKeepThePrice)
     EXPECT_EQ(PriceAfter("ACME,1,2,3,4,5,6,7,8,9,10"), "7.25");
 }
 
-/// Such a price was once passed over without a word.
+/// Symptom: such a price was skipped without a message.
 TEST_F(UpdateQuotesTest, APriceThatIsNotANumberIsReportedAndKeepsThePrice)
 {
     for (const char* price : {"soon", "", "N/A"}) {
@@ -120,13 +120,13 @@ TEST_F(UpdateQuotesTest, ThePricesBeforeOneThatIsNotANumberStay)
               (std::vector<std::string>{"ACME|12.5", "BOLT|1", "CORK|1"}));
 }
 
-TEST_F(UpdateQuotesTest, ASymbolWithoutLegalAddressKeepsThePrice)
+TEST_F(UpdateQuotesTest, ASymbolWithoutAValidAddressKeepsThePrice)
 {
     EXPECT_EQ(PriceAfter(std::nullopt), "7.25");
     EXPECT_TRUE(books_.messages.boxes.empty());
 }
 
-TEST_F(UpdateQuotesTest, AFailedRequestIsToldAndTextAndPointerAreBack)
+TEST_F(UpdateQuotesTest, AFailedRequestIsReportedAndTextAndPointerAreRestored)
 {
     http_.fails = true;
 
@@ -138,7 +138,7 @@ TEST_F(UpdateQuotesTest, AFailedRequestIsToldAndTextAndPointerAreBack)
     EXPECT_EQ(host_.pointers.back(), 0);
 }
 
-TEST_F(UpdateQuotesTest, EachHoldingIsAnnouncedBeforeItIsAskedFor)
+TEST_F(UpdateQuotesTest, EachHoldingIsReportedBeforeItsRequest)
 {
     books_.Execute("INSERT INTO Investment (StockSymbol, LastPrice) VALUES ('BOLT', 1)");
 
@@ -147,7 +147,7 @@ TEST_F(UpdateQuotesTest, EachHoldingIsAnnouncedBeforeItIsAskedFor)
     EXPECT_EQ(host_.asked, (std::vector<std::string>{"0/2 BOLT", "1/2 ACME"}));
 }
 
-TEST_F(UpdateQuotesTest, WithoutHoldingsNothingIsAsked)
+TEST_F(UpdateQuotesTest, WithoutHoldingsNothingIsRequested)
 {
     Update();
 
@@ -167,8 +167,8 @@ TEST(clsStockQuoteTest, FieldsLoseTheirQuotesAndTheVolumeIsGrouped)
     EXPECT_EQ(quote.Volume(), "1,234,567");
 }
 
-/// A volume beyond all numbers ended the whole update with an overflow.
-TEST(clsStockQuoteTest, AVolumeIsGroupedAsLongAsItIsANumber)
+/// Symptom: a volume that is too large for a number ended the whole update with an overflow.
+TEST(clsStockQuoteTest, AVolumeIsGroupedIfItIsANumber)
 {
     for (const auto& [field, volume] :
          {std::pair("-2e18", "-2,000,000,000,000,000,000"), std::pair("1e400", "1e400")}) {

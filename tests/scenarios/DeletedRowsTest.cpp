@@ -22,21 +22,7 @@ protected:
         AnswerBox(answer);
         Menu("mnuE_Delete");
     }
-    std::string TreeTexts()
-    {
-        std::string texts;
-        for (const Json& node : Tree()) {
-            const std::string text = node["text"];
-            texts +=
-                (texts.empty() ? "" : ", ") + (node["selected"] == true ? "[" + text + "]" : text);
-        }
-        return texts;
-    }
     std::string Accounts() { return Rows("SELECT AccountID FROM Account ORDER BY Sequence"); }
-    std::string Balance(const std::string& account)
-    {
-        return Rows("SELECT CurrentBalance FROM Account WHERE AccountID = '" + account + "'");
-    }
 };
 
 TEST_F(DeletedRowsTest, TheQuestionHasYesAndNoUnderTheProgramsName)

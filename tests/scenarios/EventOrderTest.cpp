@@ -23,19 +23,6 @@ protected:
         ShowAll();
     }
 
-    /// The story without the fetching of figures and footers, which follows every look at the rows.
-    std::vector<std::string> Deeds()
-    {
-        std::vector<std::string> deeds;
-        for (const std::string& event : Story())
-            if (event.rfind("Fetch", 0) != 0)
-                deeds.push_back(event);
-        return deeds;
-    }
-    static std::size_t Count(const std::vector<std::string>& story, const std::string& event)
-    {
-        return static_cast<std::size_t>(std::count(story.begin(), story.end(), event));
-    }
     /// Place of the first such event; behind the end when there is none.
     static std::size_t Place(const std::vector<std::string>& story, const std::string& event)
     {

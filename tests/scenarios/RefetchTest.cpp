@@ -20,20 +20,6 @@ protected:
         AddBudget("2006-3", "Food", "300", "Household");
         ShowAll();
     }
-
-    /// The story without the fetching of figures and footers, which follows every look at the rows.
-    std::vector<std::string> Deeds()
-    {
-        std::vector<std::string> deeds;
-        for (const std::string& event : Story())
-            if (event.rfind("Fetch", 0) != 0)
-                deeds.push_back(event);
-        return deeds;
-    }
-    static std::size_t Count(const std::vector<std::string>& story, const std::string& event)
-    {
-        return static_cast<std::size_t>(std::count(story.begin(), story.end(), event));
-    }
 };
 
 TEST_F(RefetchTest, ARefetchStopsPaintingAndComesBackToItsCell)

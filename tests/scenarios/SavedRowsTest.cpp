@@ -15,25 +15,10 @@ protected:
         ShowAll();
     }
 
-    std::string Balance(const std::string& account)
-    {
-        return Rows("SELECT CurrentBalance FROM Account WHERE AccountID = '" + account + "'");
-    }
     std::string Totals()
     {
         const Json totals = Window()["totals"];
         return totals["first"].get<std::string>() + " | " + totals["second"].get<std::string>();
-    }
-    /// Texts of the tree in order, the selected one in brackets.
-    std::string TreeTexts()
-    {
-        std::string texts;
-        for (const Json& node : Tree()) {
-            const std::string text = node["text"];
-            texts +=
-                (texts.empty() ? "" : ", ") + (node["selected"] == true ? "[" + text + "]" : text);
-        }
-        return texts;
     }
 };
 

@@ -1,5 +1,7 @@
 #include "tests/scenarios/Scenario.h"
 
+#include <algorithm>
+
 #include "base/Text.h"
 #include "data/EmptyDatabase.h"
 
@@ -112,6 +114,35 @@ std::vector<std::string> Scenario::Story()
     for (const Json& event : Events())
         story.push_back(InShort(event));
     return story;
+}
+
+std::vector<std::string> Scenario::Deeds()
+{
+    std::vector<std::string> deeds;
+    for (const std::string& event : Story())
+        if (event.rfind("Fetch", 0) != 0)
+            deeds.push_back(event);
+    return deeds;
+}
+
+std::size_t Scenario::Count(const std::vector<std::string>& story, const std::string& event)
+{
+    return static_cast<std::size_t>(std::count(story.begin(), story.end(), event));
+}
+
+std::string Scenario::TreeTexts()
+{
+    std::string texts;
+    for (const Json& node : Tree()) {
+        const std::string text = node["text"];
+        texts += (texts.empty() ? "" : ", ") + (node["selected"] == true ? "[" + text + "]" : text);
+    }
+    return texts;
+}
+
+std::string Scenario::Balance(const std::string& account)
+{
+    return Rows("SELECT CurrentBalance FROM Account WHERE AccountID = '" + account + "'");
 }
 
 void Scenario::Click(const std::string& node)

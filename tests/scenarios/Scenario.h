@@ -44,6 +44,14 @@ protected:
     /// What happened since the last look, in order and in short: "BeforeEdit(1,2,0,false)",
     /// "box(the text)", "redraw(false)", "tree".
     std::vector<std::string> Story();
+    /// The story without the fetching of figures and footers, which follows every look at the rows.
+    std::vector<std::string> Deeds();
+    /// How often the event is in the story.
+    static std::size_t Count(const std::vector<std::string>& story, const std::string& event);
+    /// Texts of the tree in order, the selected one in brackets.
+    std::string TreeTexts();
+    /// The account's stored balance.
+    std::string Balance(const std::string& account);
     void Click(const std::string& node);
     /// Moves the focus; the name of the control that has it then.
     std::string Focus(const std::string& control);

@@ -29,7 +29,7 @@ inline void FillShop(GridArray& array)
 }
 
 namespace shop {
-constexpr std::int32_t Key = 1, Name = 2, Price = 3, Count = 4, Day = 5, Open = 6, Weight = 7;
+enum Column : std::int32_t { Key = 1, Name, Price, Count, Day, Open, Weight };
 }
 
 /// Records the events that were raised, in order, as texts like "BeforeEdit 1 2 0".

@@ -16,7 +16,7 @@ std::int32_t Right(const Control& control)
 /// Right edge of a column in the window.
 std::int32_t RightOf(frmController& window, std::int32_t column)
 {
-    return window.Grid.Left() + grid_metrics::Selector + window.Grid.Columns().Left(column) +
+    return window.Grid.Left() + grid_metrics::kSelector + window.Grid.Columns().Left(column) +
            window.Grid.Columns().Item(column).width;
 }
 
@@ -52,7 +52,7 @@ TEST(TotalsPlaceTest, WidthsOfAnEarlierStartStayWithinReason)
         {{vwNetWorth, {{NetWorth::Description, 2000000000}, {NetWorth::Type, -7}}}});
 
     EXPECT_EQ(books.window.Grid.Columns().Item(NetWorth::Description).width, 4000);
-    EXPECT_EQ(books.window.Grid.Columns().Item(NetWorth::Type).width, GridComponent::LeastWidth);
+    EXPECT_EQ(books.window.Grid.Columns().Item(NetWorth::Type).width, GridComponent::kLeastWidth);
 }
 
 TEST(TotalsPlaceTest, TheColumnsFollowTheGridsWidthInTheirFractions)
@@ -62,7 +62,7 @@ TEST(TotalsPlaceTest, TheColumnsFollowTheGridsWidthInTheirFractions)
     GridColumns& columns = books.window.Grid.Columns();
 
     const std::int32_t usable =
-        books.window.Grid.Width() - grid_metrics::Selector - grid_metrics::ScrollBar;
+        books.window.Grid.Width() - grid_metrics::kSelector - grid_metrics::kScrollBar;
     EXPECT_EQ(usable, 800);
     EXPECT_EQ(columns.Item(NetWorth::Description).width, 240);
     EXPECT_EQ(columns.Item(NetWorth::Type).width, 80);

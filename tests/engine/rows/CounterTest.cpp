@@ -10,7 +10,7 @@ using Texts = std::vector<std::string>;
 
 class CounterTest : public EngineTest {
 protected:
-    void ExpectNoNumber(const EngineError& error)
+    static void ExpectNoNumber(const EngineError& error)
     {
         EXPECT_EQ(error.Number(), engine_errors::Overflow);
         EXPECT_STREQ(error.what(), "No number is left for a new row of the table 'Budget'.");
@@ -18,7 +18,7 @@ protected:
     }
 };
 
-/// The row once took a number that no program could read, and with it the whole table.
+/// Symptom: the row got a number that no program could read, and the table became unreadable.
 TEST_F(CounterTest, ARowBeyondTheLargestNumberIsRefused)
 {
     Run("INSERT INTO Budget (Sequence, Category) VALUES (2147483646, 'a')");
@@ -60,7 +60,7 @@ TEST_F(CounterTest, ManyRowsFindNumbersOrNoneIsAdded)
               (Texts{"2147483643|a", "2147483644|b", "2147483645|a", "2147483646|b"}));
 }
 
-/// The storage calls its own last number a full disk.
+/// The storage reports its own last number as a full disk.
 TEST_F(CounterTest, TheStoragesLastNumberIsNotAFullDisk)
 {
     Run("INSERT INTO Budget (Category) VALUES ('a')");

@@ -1,4 +1,4 @@
-// Programs that end in the middle, and groups that cannot be kept.
+// Programs that are killed, and groups that cannot be committed.
 #include <signal.h>
 #include <sqlite3.h>
 #include <sys/wait.h>
@@ -13,7 +13,7 @@ using Lines = std::vector<std::string>;
 
 class CrashTest : public EngineTest {
 protected:
-    /// Runs the action in a process of its own, which is killed behind it.
+    /// Runs the action in a process of its own, which is killed after it.
     template <typename Action>
     void InAKilledProcess(Action action)
     {
@@ -29,18 +29,18 @@ protected:
     }
 };
 
-/// Another program in the middle of reading, which keeps a group from being settled.
+/// Another program that is reading, so that a group cannot be settled.
 class LongReader {
 public:
     explicit LongReader(const std::string& path)
     {
         sqlite3_open(path.c_str(), &database_);
-        sqlite3_prepare_v2(database_, "SELECT name FROM sqlite_master", -1, &statement_, nullptr);
-        sqlite3_step(statement_);
+        sqlite3_prepare_v2(database_, "SELECT name FROM sqlite_master", -1, &query_, nullptr);
+        sqlite3_step(query_);
     }
     ~LongReader()
     {
-        sqlite3_finalize(statement_);
+        sqlite3_finalize(query_);
         sqlite3_close(database_);
     }
     LongReader(const LongReader&) = delete;
@@ -48,7 +48,7 @@ public:
 
 private:
     sqlite3* database_ = nullptr;
-    sqlite3_stmt* statement_ = nullptr;
+    sqlite3_stmt* query_ = nullptr;
 };
 
 TEST_F(CrashTest, AKilledProgramLeavesTheFileAsItWasSettled)

@@ -1,4 +1,4 @@
-// What is kept when, and files that cannot be used.
+// When changes become durable, and files that cannot be used.
 #include <filesystem>
 #include <fstream>
 #include <future>
@@ -13,7 +13,7 @@ using Lines = std::vector<std::string>;
 
 class DurabilityTest : public EngineTest {
 protected:
-    std::string Failure(const std::string& text)
+    static std::string Failure(const std::string& text)
     {
         Connection connection;
         const auto error = ErrorOf([&] { connection.Open(text); });
@@ -21,7 +21,7 @@ protected:
         EXPECT_FALSE(connection.IsOpen());
         return error.what();
     }
-    std::string Sibling(const std::string& name) const
+    [[nodiscard]] std::string Sibling(const std::string& name) const
     {
         return (std::filesystem::path(path_).parent_path() / name).string();
     }

@@ -1,4 +1,4 @@
-// What is said about the file when it cannot be written any more.
+// Errors of a file that can no longer be written.
 
 #include <sys/resource.h>
 
@@ -20,13 +20,13 @@ protected:
             connection_.Settle();
         });
     }
-    std::string Named(const std::string& what) const
+    [[nodiscard]] std::string Named(const std::string& what) const
     {
         return "The database file '" + path_ + "' " + what;
     }
 };
 
-/// It was once called read-only.
+/// Symptom: it was reported as read-only.
 TEST_F(FileTroubleTest, AFileThatWasReplacedIsNotReadOnly)
 {
     Rows("SELECT * FROM Budget");
@@ -71,8 +71,8 @@ TEST_F(FileTroubleTest, TooManyOpenFilesAreNamed)
     rlimit before{};
     getrlimit(RLIMIT_NOFILE, &before);
     const rlimit none{0, before.rlim_max};
-    // The sanitizers open a pipe to look at an object with virtual functions, as the test itself
-    // is.
+    // The sanitizers open a pipe to examine an object with virtual functions, such as the test
+    // itself.
     Connection& connection = connection_;
     setrlimit(RLIMIT_NOFILE, &none);
 

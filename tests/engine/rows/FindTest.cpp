@@ -18,7 +18,7 @@ protected:
         rows_ = Opened("SELECT * FROM T");
     }
 
-    /// The ids of all rows that a search from the top finds one after the other.
+    /// Returns the ids of all rows that repeated searches from the top find.
     std::string Found(const std::string& criterion)
     {
         std::string ids;

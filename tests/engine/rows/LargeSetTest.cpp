@@ -1,4 +1,4 @@
-// Sets of more rows than are kept at a time.
+// Result sets with more rows than are kept in memory.
 #include "tests/engine/EngineFixture.h"
 
 namespace clb {
@@ -60,7 +60,7 @@ TEST_F(LargeSetTest, RowsAreReachedByNumberInAnyOrder)
         ASSERT_EQ(rows.At(static_cast<std::size_t>(row), 0), Value(std::int32_t{row}));
 }
 
-TEST_F(LargeSetTest, ChangesFarBehindAreSavedFoundAndDeleted)
+TEST_F(LargeSetTest, ChangesFarFromTheStartAreSavedFoundAndDeleted)
 {
     Recordset rows = Opened("SELECT Sequence, Description FROM Trans");
 
@@ -89,7 +89,7 @@ TEST_F(LargeSetTest, ARowAddedAfterASearchIsFound)
     rows.Set("Description", std::string("added"));
     rows.Update();
     rows.MoveFirst();
-    for (int i = 0; i < kRows / 2; ++i, rows.MoveNext())  // far enough for the row to be let go
+    for (int i = 0; i < kRows / 2; ++i, rows.MoveNext())  // far enough for the row to leave memory
         static_cast<void>(rows.Get(0));
 
     rows.MoveFirst();

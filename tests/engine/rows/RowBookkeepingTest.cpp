@@ -1,4 +1,4 @@
-// The numbering of rows and the index of values, apart from any database.
+// The numbering of rows and the index of values, without a database.
 #include <gtest/gtest.h>
 
 #include "engine/rows/FindIndex.h"
@@ -52,20 +52,20 @@ TEST(FindIndexTest, TheFirstAcceptedSlotFromAPlaceOnIsFound)
 {
     FindIndex index;
     const auto all = [](std::size_t) { return true; };
-    EXPECT_EQ(index.Find(7, 0, all), FindIndex::npos);
+    EXPECT_EQ(index.Find(7, 0, all), FindIndex::kNotFound);
     for (const std::size_t slot : {5U, 1U, 9U})
         index.Add(7, slot);
     index.Add(8, 3);
 
     EXPECT_EQ(index.Find(7, 0, all), 1U);
     EXPECT_EQ(index.Find(7, 2, all), 5U);
-    EXPECT_EQ(index.Find(7, 10, all), FindIndex::npos);
-    EXPECT_EQ(index.Find(8, 4, all), FindIndex::npos);
+    EXPECT_EQ(index.Find(7, 10, all), FindIndex::kNotFound);
+    EXPECT_EQ(index.Find(8, 4, all), FindIndex::kNotFound);
     EXPECT_EQ(index.Find(7, 0, [](std::size_t slot) { return slot > 5; }), 9U);
     index.Remove(7, 1);
     index.Remove(8, 3);
     EXPECT_EQ(index.Find(7, 0, all), 5U);
-    EXPECT_EQ(index.Find(8, 0, all), FindIndex::npos);
+    EXPECT_EQ(index.Find(8, 0, all), FindIndex::kNotFound);
     index.Add(8, 4);
     EXPECT_EQ(index.Find(8, 0, all), 4U);
 }

@@ -1,4 +1,4 @@
-// Cells that another program has filled with what their column is not for.
+// Cells in which another program has stored values of another type.
 #include "engine/storage/Database.h"
 #include "tests/engine/EngineFixture.h"
 
@@ -15,7 +15,7 @@ protected:
             "2006, #2006-03-02#, 2)");
         connection_.Settle();
     }
-    /// Writes as another program would, past the dialect.
+    /// Writes without the dialect, as another program would.
     void Foreign(const std::string& sql)
     {
         Database storage;
@@ -28,7 +28,7 @@ protected:
     }
 };
 
-/// Symptom: the text read as 0.0012.
+/// Symptom: the text was read as 0.0012.
 TEST_F(StrictCellsTest, ATextIsNoAmountAndItsPlaceIsNamed)
 {
     Foreign("UPDATE Trans SET Amount = '12,50 EUR' WHERE Sequence = 2");
@@ -41,7 +41,7 @@ TEST_F(StrictCellsTest, ATextIsNoAmountAndItsPlaceIsNamed)
                  "amount.");
 }
 
-/// Symptom: 12.5 put there by a tool that knows nothing of the scale read as 0.0012.
+/// Symptom: 12.5, written by a tool that does not know the scale, was read as 0.0012.
 TEST_F(StrictCellsTest, ABinaryFractionAndRawBytesAreNoAmount)
 {
     Foreign("UPDATE Trans SET Amount = 12.5 WHERE Sequence = 1");
@@ -54,7 +54,7 @@ TEST_F(StrictCellsTest, ABinaryFractionAndRawBytesAreNoAmount)
                  "Trans.Amount in row 2: The cell holds 2 raw bytes, which is not an amount.");
 }
 
-/// Symptom: a sum took 12 ten-thousandths from the text and said nothing.
+/// Symptom: a sum silently counted the text as 12 ten-thousandths.
 TEST_F(StrictCellsTest, NoSumTakesInWhatIsNoAmount)
 {
     for (const char* cell : {"'12,50 EUR'", "12.5", "x'3132'", "''"}) {

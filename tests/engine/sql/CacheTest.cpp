@@ -1,6 +1,6 @@
-// Statements built anew by concatenation share their plan; nothing else of them may be shared.
+// Queries that are built by concatenation share their plan, but nothing else.
 #include "engine/sql/Lexer.h"
-#include "engine/sql/StatementCache.h"
+#include "engine/sql/PlanCache.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace clb {
@@ -16,7 +16,7 @@ protected:
     }
 };
 
-TEST_F(CacheTest, StatementsThatDifferInLiteralsOfOneKindHaveOneShape)
+TEST_F(CacheTest, QueriesThatDifferInLiteralsOfOneKindHaveOneShape)
 {
     EXPECT_TRUE(SameShape("SELECT a FROM t WHERE b = 'x' AND c = 1",
                           "SELECT a  FROM t WHERE b = 'it''s' AND c = 222"));
@@ -32,9 +32,9 @@ TEST_F(CacheTest, StatementsThatDifferInLiteralsOfOneKindHaveOneShape)
     EXPECT_FALSE(SameShape("[a b]", "[a] b"));
 }
 
-TEST(StatementCacheTest, TheLongestUnusedGoesFirst)
+TEST(PlanCacheTest, TheLongestUnusedGoesFirst)
 {
-    StatementCache cache;
+    PlanCache cache;
     for (int i = 0; i < 256; ++i)
         cache.AddText(std::to_string(i), {});
     EXPECT_NE(cache.FindText("0"), nullptr);
@@ -48,7 +48,7 @@ TEST(StatementCacheTest, TheLongestUnusedGoesFirst)
     EXPECT_EQ(cache.FindText("0"), nullptr);
 }
 
-TEST_F(CacheTest, EveryStatementHasItsOwnValues)
+TEST_F(CacheTest, EveryQueryHasItsOwnValues)
 {
     for (int i = 0; i < 1000; ++i)
         Run("INSERT INTO Trans (Sequence, Description, Amount) VALUES (" + std::to_string(i) +
@@ -56,10 +56,10 @@ TEST_F(CacheTest, EveryStatementHasItsOwnValues)
 
     for (const int i : {0, 1, 500, 999, 0, 1}) {
         const std::string number = std::to_string(i);
+        const std::string amount = number + ".25";
         EXPECT_EQ(Rows("SELECT Description, Amount FROM Trans WHERE Sequence = " + number),
-                  Lines{"row '" + number + "|" + number + ".25"});
-        EXPECT_EQ(Rows("SELECT Sequence FROM Trans WHERE Amount = " + number + ".25"),
-                  Lines{number});
+                  Lines{std::string("row '").append(number).append("|").append(amount)});
+        EXPECT_EQ(Rows("SELECT Sequence FROM Trans WHERE Amount = " + amount), Lines{number});
     }
 }
 
@@ -99,7 +99,7 @@ TEST_F(CacheTest, AChangedSchemaMakesNewPlans)
     EXPECT_EQ(ErrorOf([&] { Run(sql); }).Number(), engine_errors::NoSuchTable);
 }
 
-TEST_F(CacheTest, ManyDifferentStatementsDoNotHarmEachOther)
+TEST_F(CacheTest, ManyDifferentQueriesDoNotHarmEachOther)
 {
     Run("INSERT INTO Trans (Sequence, Year) VALUES (1, 2006)");
 

@@ -16,7 +16,7 @@ protected:
                 "INSERT INTO T VALUES (4, '50% off', 5, NO, #2005-12-31 12:00:00#)"});
     }
 
-    /// The ids of the rows that fulfil the condition.
+    /// Returns the ids of the rows that meet the condition.
     std::string Ids(const std::string& condition)
     {
         std::string ids;

@@ -1,4 +1,4 @@
-// Money is exact from the statement's text to the value, and overflow is an error.
+// Money is exact from the text of a query to the value, and overflow is an error.
 #include "tests/engine/EngineFixture.h"
 
 namespace clb {
@@ -13,7 +13,7 @@ protected:
     MoneyTest() { Run("CREATE TABLE M (a MONEY, b MONEY, n LONG, d DOUBLE)"); }
 
     void Add(const std::string& a) { Run("INSERT INTO M (a) VALUES (" + a + ")"); }
-    /// How many rows fulfil the condition.
+    /// Returns how many rows meet the condition.
     std::string CountOf(const std::string& condition)
     {
         return ToText(Single("SELECT COUNT(*) FROM M WHERE " + condition));
@@ -117,7 +117,7 @@ TEST_F(MoneyTest, AnOverflowIsAnErrorAndNeverAWrongSum)
               engine_errors::Overflow);
 }
 
-// A sum was refused when the total of the rows before had passed the range, whatever came after.
+// Symptom: a sum failed if a partial total exceeded the range, even if the final total did not.
 TEST_F(MoneyTest, OnlyTheWholeOfASumMustFit)
 {
     for (const char* amount : {kLargest, kLargest, kLargest, "-922337203685477.5807",
@@ -133,7 +133,7 @@ TEST_F(MoneyTest, OnlyTheWholeOfASumMustFit)
     EXPECT_EQ(ErrorOf([&] { Run("SELECT SUM(a) FROM M WHERE a > 0"); }).Number(),
               engine_errors::Overflow);
     EXPECT_EQ(ErrorOf([&] { Run("SELECT SUM(n) FROM M"); }).Number(), engine_errors::Overflow);
-    // A sum that was refused leaves nothing behind that a later error could be taken for.
+    // A failed sum does not change a later error.
     EXPECT_EQ(ErrorOf([&] { Run("SELECT a FROM Missing"); }).Number(), engine_errors::NoSuchTable);
 }
 
@@ -146,7 +146,7 @@ TEST_F(MoneyTest, ProductsAreExactOrRoundedHalfToEven)
     EXPECT_EQ(Rows("SELECT a * n, a * 0.5, a * d, 2 * a FROM M"),
               (Lines{"0.0003|0|0.0002|0.0002", "-0.0021|0.0002|0.0002|0.0006",
                      "123456789012345.6|61728394506.1728|123456789012.3456|246913578024.6912"}));
-    // As a binary fraction a tenth is too large by a little.
+    // As a binary fraction, a tenth is slightly too large.
     Run("INSERT INTO M (a) VALUES (0.0005)");
     EXPECT_EQ(Rows("SELECT a * 0.1, 0.1 * a FROM M WHERE a = 0.0005"), Lines{"0|0"});
     EXPECT_EQ(

@@ -142,7 +142,7 @@ TEST_F(SchemaTest, AnAlteredTableKeepsItsPrimaryKeyAndItsOtherKeys)
 
     Database stored;
     stored.OpenToRead(path_);
-    Statement keys = stored.Prepare(
+    Query keys = stored.Prepare(
         "SELECT group_concat(origin), (SELECT group_concat(name) FROM pragma_table_info('T') WHERE "
         "pk > 0) FROM (SELECT origin FROM pragma_index_list('T') ORDER BY origin)");
     ASSERT_TRUE(stored.Step(keys));

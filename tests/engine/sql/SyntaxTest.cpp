@@ -1,4 +1,4 @@
-// What the dialect takes and what it refuses, with the message.
+// What the dialect accepts and what it rejects, with the message.
 #include "tests/engine/EngineFixture.h"
 
 namespace clb {
@@ -14,7 +14,7 @@ struct Refusal {
     const char* message;
 };
 
-TEST_F(SyntaxTest, ABrokenStatementIsRefusedWhereItBreaks)
+TEST_F(SyntaxTest, ABrokenQueryIsRefusedWhereItBreaks)
 {
     const Refusal refusals[] = {
         {"", engine_errors::Syntax, "Syntax error: the statement ends too early."},

@@ -1,4 +1,4 @@
-// Column types: what they hold, how values get into them, and which kinds do not go together.
+// Column types: their values, conversions, and kinds that do not fit together.
 #include "tests/engine/EngineFixture.h"
 
 namespace clb {

@@ -1,4 +1,4 @@
-// INSERT, UPDATE and DELETE as statements.
+// INSERT, UPDATE and DELETE.
 #include "tests/engine/EngineFixture.h"
 
 namespace clb {
@@ -8,7 +8,7 @@ using Lines = std::vector<std::string>;
 
 class WriteTest : public EngineTest {};
 
-TEST_F(WriteTest, AStatementWithoutRowsGivesAClosedResult)
+TEST_F(WriteTest, AQueryWithoutRowsGivesAClosedResult)
 {
     const Recordset result = connection_.Execute("UPDATE Trans SET Year = 1");
 
@@ -65,7 +65,7 @@ TEST_F(WriteTest, AnUpdateMayComputeFromTheRow)
     EXPECT_EQ(Rows("SELECT Amount, Category FROM Trans"), (Lines{"21|a1", "-3|b"}));
 }
 
-TEST_F(WriteTest, AFailingStatementChangesNoRowAndLeavesWhatRanBefore)
+TEST_F(WriteTest, AFailingQueryChangesNoRowAndLeavesWhatRanBefore)
 {
     RunAll({"INSERT INTO Trans (Sequence, Category) VALUES (1, 'short')",
             "INSERT INTO Trans (Sequence, Category) VALUES (2, '" + std::string(50, 'x') + "')"});
@@ -116,7 +116,7 @@ TEST_F(WriteTest, RowsFollowTheirAccountsNumberUnlessAnotherAccountHasIt)
     EXPECT_EQ(Rows("SELECT AccountID FROM Trans"), Lines{"3"});
 }
 
-TEST_F(WriteTest, EveryStatementTextIsTraced)
+TEST_F(WriteTest, EveryQueryTextIsTraced)
 {
     Lines traced;
     connection_.Trace([&](std::string_view sql) { traced.emplace_back(sql); });

@@ -1,4 +1,4 @@
-// Files that somebody made to harm whoever opens them.
+// Files that were made to harm the user who opens them.
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -19,7 +19,7 @@ protected:
         hostile_.Open("Data Source=" + Beside("hostile.mdb"));
         return hostile_;
     }
-    std::string Beside(const std::string& name) const
+    [[nodiscard]] std::string Beside(const std::string& name) const
     {
         return (std::filesystem::path(path_).parent_path() / name).string();
     }
@@ -31,7 +31,7 @@ protected:
     Connection hostile_;
 };
 
-/// Else a misspelt column of the file's own schema, or of a statement, would be a text.
+/// Otherwise a misspelt column of the file's own schema, or of a query, would be a text.
 TEST_F(HostileDatabaseTest, ANameInQuotesThatIsNoColumnIsNoText)
 {
     Database storage;
@@ -41,7 +41,7 @@ TEST_F(HostileDatabaseTest, ANameInQuotesThatIsNoColumnIsNoText)
     EXPECT_THROW(storage.Run("DELETE FROM Trans WHERE \"no column\" = 1"), EngineError);
 }
 
-/// A copy that is only looked at may have come from anywhere, too.
+/// A copy that is only read may come from anywhere, too.
 TEST_F(HostileDatabaseTest, AFileOpenedToBeReadIsTrustedAsLittle)
 {
     Database storage;
@@ -101,7 +101,7 @@ TEST_F(HostileDatabaseTest, ATriggerCannotRunForEver)
     EXPECT_TRUE(hostile_.Execute("SELECT AccountID FROM Account").Empty());
 }
 
-/// Whatever stands in a file, it is read, written to or refused, and nothing else happens.
+/// Any file is read, written or rejected, and nothing else happens.
 TEST_F(HostileDatabaseTest, FlippedBytesAreReadOrRefused)
 {
     for (int number = 0; number < 60; ++number)

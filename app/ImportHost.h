@@ -1,0 +1,37 @@
+// The main window as the import uses it.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "import/IImportHost.h"
+
+namespace clb {
+
+class frmController;
+
+class ImportHost : public IImportHost {
+public:
+    /// Borrows the window, which outlives it.
+    explicit ImportHost(frmController& window) : window_(window) {}
+
+    std::string AskForFile(std::int32_t flags, const std::string& filter) override;
+    [[nodiscard]] std::string StatusText() const override;
+    void StatusText(const std::string& text) override;
+    void Repaint() override;
+    void WindowEnabled(bool enabled) override;
+    void Pointer(std::int32_t code) override;
+    bool CheckImportAccount(std::string& accountID) override;
+    std::string KeepFormerFile() override;
+    /// Shows the progress. Throws Interrupted if the program was asked to end.
+    void ImportProgress(std::size_t part, std::size_t whole) override;
+
+private:
+    bool AskForAccount(std::string& accountID);
+    bool HasAccount(const std::string& accountID);
+    bool StillHasAccount(const std::string& accountID);
+
+    frmController& window_;
+};
+
+}  // namespace clb

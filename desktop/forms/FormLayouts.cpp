@@ -1,0 +1,186 @@
+#include "desktop/forms/FormLayouts.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <map>
+#include <string>
+
+#include "desktop/forms/FormDialog.h"
+#include "desktop/look/TextConvert.h"
+
+namespace clb {
+
+namespace {
+
+/// Width of an option's circle and gap. What belongs to the option is indented to its caption.
+constexpr int kOptionIndent = 24;
+
+int Characters(const QWidget& widget, int count)
+{
+    return widget.fontMetrics().averageCharWidth() * count;
+}
+
+QLayout* ButtonRow(FormDialog& dialog)
+{
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    for (Control* control : dialog.Model().Controls())
+        if (auto* button = qobject_cast<QPushButton*>(dialog.WidgetOf(control->Name()))) {
+            button->setMinimumWidth(Characters(dialog, 14));
+            row->addWidget(button);
+        }
+    return row;
+}
+
+QVBoxLayout* Frame(FormDialog& dialog)
+{
+    auto* all = new QVBoxLayout(&dialog);
+    all->setContentsMargins(18, 16, 18, 14);
+    all->setSpacing(14);
+    return all;
+}
+
+/// Adds the buttons at the bottom, with the remaining room above them.
+void Finish(FormDialog& dialog, QVBoxLayout& all)
+{
+    all.addStretch(0);
+    all.addLayout(ButtonRow(dialog));
+}
+
+void AddPair(QGridLayout& grid, int row, FormDialog& dialog, const char* label, const char* field)
+{
+    dialog.Describe(label, field);
+    grid.addWidget(dialog.WidgetOf(label), row, 1);
+    grid.addWidget(dialog.WidgetOf(field), row, 2);
+}
+
+void ArrangeSelectAccount(FormDialog& dialog)
+{
+    auto* question = qobject_cast<QLabel*>(dialog.WidgetOf("Label1"));
+    question->setWordWrap(true);
+    question->setMinimumWidth(Characters(dialog, 66));
+    auto* grid = new QGridLayout;
+    grid->setColumnMinimumWidth(0, kOptionIndent);
+    grid->setColumnStretch(2, 1);
+    grid->setHorizontalSpacing(10);
+    grid->setVerticalSpacing(8);
+    grid->addWidget(dialog.WidgetOf("optAccount(0)"), 0, 0, 1, 3);
+    AddPair(*grid, 1, dialog, "Label4", "txtDescription");
+    AddPair(*grid, 2, dialog, "Label2", "cmbAccountType");
+    grid->setRowMinimumHeight(3, 6);
+    grid->addWidget(dialog.WidgetOf("optAccount(1)"), 4, 0, 1, 3);
+    AddPair(*grid, 5, dialog, "Label3", "cmbAccountID");
+    QVBoxLayout* all = Frame(dialog);
+    all->addWidget(question);
+    all->addLayout(grid);
+    Finish(dialog, *all);
+}
+
+void ArrangeSplit(FormDialog& dialog)
+{
+    QWidget* description = dialog.WidgetOf("txtDescription");
+    description->setAccessibleName(QStringLiteral("Description"));
+    description->setMinimumWidth(Characters(dialog, 44));
+    auto* grid = new QGridLayout;
+    grid->setColumnStretch(2, 1);
+    grid->setHorizontalSpacing(10);
+    grid->setVerticalSpacing(8);
+    AddPair(*grid, 0, dialog, "Label2", "txtOriginal");
+    AddPair(*grid, 1, dialog, "Label4", "txtNew");
+    grid->addWidget(dialog.WidgetOf("upDown"), 1, 3);
+    AddPair(*grid, 2, dialog, "Label8", "txtTotal");
+    for (const char* amount : {"txtOriginal", "txtNew", "txtTotal"})
+        if (auto* box = qobject_cast<QLineEdit*>(dialog.WidgetOf(amount)))
+            box->setAlignment(Qt::AlignRight);
+    QVBoxLayout* all = Frame(dialog);
+    all->addWidget(description);
+    all->addLayout(grid);
+    Finish(dialog, *all);
+}
+
+void ArrangeOptions(FormDialog& dialog)
+{
+    QWidget* accounts = dialog.WidgetOf("grdAccounts");
+    accounts->setMinimumSize(Characters(dialog, 62), Characters(dialog, 26));
+    dialog.Describe("lblBankUrl", "txtBankUrl");
+    dialog.Describe("lblAccounts", "grdAccounts");
+    QVBoxLayout* all = Frame(dialog);
+    all->setSpacing(8);
+    all->addWidget(dialog.WidgetOf("lblBankUrl"));
+    all->addWidget(dialog.WidgetOf("txtBankUrl"));
+    all->addSpacing(8);
+    all->addWidget(dialog.WidgetOf("lblAccounts"));
+    all->addWidget(accounts, 1);
+    Finish(dialog, *all);
+}
+
+void ArrangeAbout(FormDialog& dialog)
+{
+    auto* name = qobject_cast<QLabel*>(dialog.WidgetOf("lblAppName"));
+    QFont large = name->font();
+    large.setPointSizeF(large.pointSizeF() * 1.5);
+    large.setWeight(QFont::DemiBold);
+    name->setFont(large);
+    auto* legal = qobject_cast<QLabel*>(dialog.WidgetOf("lblLegal"));
+    legal->setWordWrap(true);
+    legal->setMinimumWidth(Characters(dialog, 60));
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(12);
+    if (auto* schema = qobject_cast<QLabel*>(dialog.WidgetOf("lblSchema")))
+        schema->setWordWrap(true);
+    for (const char* text : {"lblAppName", "lblSchema", "lblLegal", "lblWebSite"})
+        if (QWidget* label = dialog.WidgetOf(text))
+            texts->addWidget(label);
+    texts->addStretch(1);
+    auto* content = new QHBoxLayout;
+    content->setSpacing(18);
+    content->addWidget(dialog.WidgetOf("picAppIcon"), 0, Qt::AlignTop);
+    content->addLayout(texts, 1);
+    QVBoxLayout* all = Frame(dialog);
+    all->addLayout(content);
+    Finish(dialog, *all);
+}
+
+void ArrangeInLines(FormDialog& dialog)
+{
+    auto* grid = new QGridLayout;
+    int line = 0;
+    const QLabel* before = nullptr;
+    for (Control* control : dialog.Model().Controls()) {
+        QWidget* widget = dialog.WidgetOf(control->Name());
+        if (!widget || qobject_cast<QPushButton*>(widget))
+            continue;
+        const auto* label = qobject_cast<QLabel*>(widget);
+        if (label || !before)
+            ++line;
+        else
+            dialog.Describe(ToUtf8(before->objectName()), control->Name());
+        grid->addWidget(widget, line, label ? 0 : 1);
+        before = label;
+    }
+    QVBoxLayout* all = Frame(dialog);
+    all->addLayout(grid);
+    Finish(dialog, *all);
+}
+
+}  // namespace
+
+void ArrangeForm(FormDialog& dialog)
+{
+    static const std::map<std::string, void (*)(FormDialog&)> known = {
+        {"frmSelectAccount", ArrangeSelectAccount},
+        {"frmSplit", ArrangeSplit},
+        {"frmOptions", ArrangeOptions},
+        {"frmAbout", ArrangeAbout}};
+    const auto found = known.find(dialog.Model().Name());
+    if (found != known.end())
+        found->second(dialog);
+    else
+        ArrangeInLines(dialog);
+}
+
+}  // namespace clb

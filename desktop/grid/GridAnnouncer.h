@@ -1,0 +1,39 @@
+// What the grid reports to screen readers.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+namespace clb {
+
+class GridComponent;
+class GridView;
+class UserEvents;
+
+/// Reports changes of a grid to screen readers. Does nothing while none is running.
+class GridAnnouncer {
+public:
+    /// All borrowed; they outlive the announcer.
+    GridAnnouncer(GridView& view, GridComponent& grid, UserEvents& events)
+        : view_(view), grid_(grid), events_(events)
+    {
+    }
+
+    /// Reports other rows or columns, if their numbers have changed since the last call; otherwise
+    /// the current cell, if it has moved.
+    void Drawn(std::size_t rows, std::size_t columns, bool moved);
+    /// Reports that the rows are others, and the current cell.
+    void RowsChanged();
+    /// Reports the current cell, if the grid has the focus and no cell is in edit.
+    void FocusMoved();
+    /// Reports the value of a cell of the current row.
+    void ValueChanged(std::int32_t column);
+
+private:
+    GridView& view_;
+    GridComponent& grid_;
+    UserEvents& events_;
+    std::size_t rows_ = 0;
+    std::size_t columns_ = 0;
+};
+
+}  // namespace clb

@@ -1,0 +1,62 @@
+#include "desktop/grid/GridTips.h"
+
+#include <QTimerEvent>
+#include <QWidget>
+
+#include "base/RuntimeError.h"
+#include "desktop/grid/CellTip.h"
+#include "desktop/grid/GridPainter.h"
+#include "desktop/input/UserEvents.h"
+#include "desktop/look/TextConvert.h"
+
+namespace clb {
+
+void GridTips::PointerMoved(const QPoint& place, bool rests)
+{
+    place_ = place;
+    cell_tip::Hide();
+    if (grid_.CellTips() != 0 && rests)
+        timer_.start(grid_.TipDelay(), this);
+}
+
+void GridTips::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != timer_.timerId())
+        return QObject::timerEvent(event);
+    timer_.stop();
+    ShowAt(place_);
+}
+
+void GridTips::ShowAt(const QPoint& place)
+{
+    const std::size_t row = layout_.RowAt(place.y());
+    const std::int32_t column = layout_.ColumnAt(place.x());
+    if (row == 0 || column == 0 || !grid_.Redraw())
+        return;
+    events_.Run([&] {
+        const std::size_t now = grid_.RowNow(row);
+        if (now == 0)
+            return;
+        // Resting the pointer is not a command, so an error shows no tip and no message box either.
+        try {
+            if (const std::string text = TipOf(now, column); !text.empty())
+                cell_tip::Show(viewport_, place, layout_.CellRect(now, column), text);
+        } catch (const RuntimeError&) {
+            return;
+        }
+    });
+}
+
+std::string GridTips::TipOf(std::size_t row, std::int32_t column)
+{
+    if (const auto text = grid_.CellTip(row, column))
+        return *text;
+    if (grid_.Rows().Kind(row) != GridRowKind::Data)
+        return {};
+    // The cell's text, if the cell has no room for it.
+    const std::string text = grid_.CellText(row, column);
+    const int room = layout_.CellRect(row, column).width() - 2 * GridPainter::kPadding;
+    return viewport_.fontMetrics().horizontalAdvance(ToQString(text)) > room ? text : std::string();
+}
+
+}  // namespace clb

@@ -1,0 +1,48 @@
+// The tip of the cell below the pointer.
+#pragma once
+#include <QBasicTimer>
+#include <QObject>
+#include <QPoint>
+#include <string>
+
+#include "controls/GridComponent.h"
+#include "desktop/grid/GridLayout.h"
+
+class QWidget;
+
+namespace clb {
+
+class UserEvents;
+
+/// Shows the tip of a cell after the pointer has rested on it, or at once when a key asks for it:
+/// the component's tip, else the cell's text if it does not fit.
+class GridTips : public QObject {
+public:
+    /// All borrowed; they outlive this.
+    GridTips(GridComponent& grid, const GridLayout& layout, UserEvents& events, QWidget& viewport)
+        : grid_(grid), layout_(layout), events_(events), viewport_(viewport)
+    {
+    }
+
+    /// Hides the tip. If the pointer `rests` from here on, the tip of this place shows after the
+    /// component's delay. Places are in the viewport.
+    void PointerMoved(const QPoint& place, bool rests);
+    void PointerLeft() { timer_.stop(); }
+    /// Shows the tip of the cell at the place now. A cell that cannot be read has none.
+    void ShowAt(const QPoint& place);
+
+protected:
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    std::string TipOf(std::size_t row, std::int32_t column);
+
+    GridComponent& grid_;
+    const GridLayout& layout_;
+    UserEvents& events_;
+    QWidget& viewport_;
+    QBasicTimer timer_;
+    QPoint place_;
+};
+
+}  // namespace clb

@@ -1,0 +1,20 @@
+// Follows the desktop when its colours change.
+#pragma once
+#include <QObject>
+
+namespace clb {
+
+/// Updates the colours of tips and links when the desktop's colours change, which the toolkit does
+/// not do. Lives as long as the application.
+class Appearance : public QObject {
+public:
+    Appearance();
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Follow();
+
+    bool following_ = false;
+};
+
+}  // namespace clb

@@ -1,0 +1,24 @@
+// The program's pictures.
+#pragma once
+#include <QIcon>
+#include <cstdint>
+
+namespace clb {
+
+/// The program's pictures: one set, drawn from vectors so that they stay crisp at any scale, in
+/// colours that follow the desktop's light and dark.
+namespace icons {
+/// The program itself.
+QIcon Application();
+/// A command's drawing by its name, such as "import"; empty if there is none of that name.
+QIcon Command(const char* name);
+/// An image of the tree's list: 6 a closed book, 7 an open one; empty for others.
+QIcon TreeImage(std::int32_t image);
+/// The buttons of a cell in edit.
+QIcon Calendar();
+QIcon DropDown();
+/// A message box's icon by its style; empty for styles without.
+QIcon Message(std::int32_t style);
+}  // namespace icons
+
+}  // namespace clb

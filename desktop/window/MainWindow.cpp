@@ -1,0 +1,242 @@
+#include "desktop/window/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QWheelEvent>
+#include <QWindow>
+
+#include "app/OtherPrograms.h"
+#include "desktop/forms/ListBinder.h"
+#include "desktop/grid/GridView.h"
+#include "desktop/input/InputEvents.h"
+#include "desktop/input/UserEvents.h"
+#include "desktop/look/Icons.h"
+#include "desktop/look/TextConvert.h"
+#include "desktop/window/NoticeLabel.h"
+#include "desktop/window/SplitHandle.h"
+#include "desktop/window/ToolbarBinder.h"
+#include "desktop/window/TreeBinder.h"
+#include "desktop/window/WorkDisplay.h"
+#include "desktop/window/YearBox.h"
+
+namespace clb {
+
+namespace {
+
+constexpr int kFirstWidth = 1160;
+constexpr int kFirstHeight = 700;
+
+}  // namespace
+
+WindowMetrics MainWindow::Metrics()
+{
+    const QLineEdit line;
+    const QComboBox list;
+    const QFontMetrics font = line.fontMetrics();
+    WindowMetrics metrics;
+    metrics.toolbarHeight = std::max(font.height() + 22, list.sizeHint().height() + 10);
+    metrics.statusBarHeight = font.height() + 10;
+    metrics.treeWidth = font.averageCharWidth() * 36;
+    metrics.totalsHeight = line.sizeHint().height();
+    return metrics;
+}
+
+MainWindow::MainWindow(frmController& controller, UserEvents& events)
+    : controller_(controller), events_(events), inner_(new QWidget(this))
+{
+    setWindowIcon(icons::Application());
+    setCentralWidget(inner_);
+    BuildParts();
+    BuildToolbarSide();
+    BuildStatusBar();
+    menus_ = std::make_unique<MenuBinder>(controller_.menus, *menuBar(), events_,
+                                          [this](MenuItem& item) { Choose(item); });
+    BindKeys();
+    BindFocus();
+    FollowModels();
+    inner_->installEventFilter(this);
+    InnerSize(kFirstWidth, kFirstHeight);
+    Sync();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::BuildParts()
+{
+    toolbar_ = new ToolbarBinder(controller_.toolbar, events_, inner_);
+    toolbar_->setObjectName(ToQString(controller_.toolbar.Name()));
+    tree_ = new TreeBinder(
+        controller_.TreeView, events_,
+        [this](std::int32_t shown) {
+            if (const std::int32_t node = controller_.Others().NodeNow(shown); node != 0)
+                controller_.PressNode(node);
+        },
+        inner_);
+    grid_ = new GridView(
+        controller_.Grid, events_, [this] { return controller_.window.Focus(controller_.Grid); },
+        inner_);
+    tree_->setObjectName(ToQString(controller_.TreeView.Name()));
+    tree_->setAccessibleName(QStringLiteral("Views and accounts"));
+    grid_->setObjectName(ToQString(controller_.Grid.Name()));
+    grid_->WhenEmpty([this] { return HintFor(controller_); },
+                     [this](const std::string& item) {
+                         events_.Run([&] { Choose(*controller_.menus.Find(item)); });
+                     });
+    border_ = new SplitHandle(
+        {[this] { return controller_.TreeWidth(); }, [this](int place) { TreeWidth(place); }},
+        inner_);
+    totals_ = std::make_unique<TotalsLine>(controller_.lblTotal, controller_.txtTotal,
+                                           controller_.txtTotal2, inner_);
+}
+
+void MainWindow::BuildToolbarSide()
+{
+    month_ = new ListBinder(controller_.cmbPeriod, events_);
+    month_->setObjectName(ToQString(controller_.cmbPeriod.Name()));
+    month_->setMaxVisibleItems(12);
+    month_->setToolTip(QStringLiteral("Month shown"));
+    month_->installEventFilter(this);
+    year_ = new YearBox(controller_.txtYear, controller_.UpDown, events_);
+    year_->setObjectName(ToQString(controller_.txtYear.Name()));
+    year_->setToolTip(QStringLiteral("Year shown"));
+    year_->installEventFilter(this);
+    toolbar_->AddAtRight(QStringLiteral("&Month:"), month_);
+    toolbar_->AddAtRight(QStringLiteral("&Year:"), year_);
+}
+
+void MainWindow::BuildStatusBar()
+{
+    status_ = new QStatusBar(inner_);
+    statusText_ = new QLabel(status_);
+    statusText_->setTextFormat(Qt::PlainText);
+    statusText_->setContentsMargins(4, 0, 0, 0);
+    status_->setAccessibleName(QStringLiteral("Status"));
+    status_->addWidget(statusText_, 1);
+    status_->addPermanentWidget(
+        new NoticeLabel(controller_.notices, controller_.progress, status_));
+    work_ = std::make_unique<WorkDisplay>(controller_.progress, *status_);
+}
+
+void MainWindow::FollowModels()
+{
+    const auto follow = [this](Event<void()> signal, void (MainWindow::*handler)()) {
+        signal.connect(sigc::track_obj([this, handler] { (this->*handler)(); }, *this));
+    };
+    follow(controller_.window.Changed(), &MainWindow::Sync);
+    follow(controller_.statusBar.Changed(), &MainWindow::Sync);
+    follow(controller_.window.Repaint(), &MainWindow::RepaintNow);
+    controller_.Unloading().connect(sigc::track_obj([this] { hide(); }, *this));
+}
+
+void MainWindow::Sync()
+{
+    setWindowTitle(ToQString(controller_.window.Caption()));
+    statusText_->setText(ToQString(controller_.statusBar.Panel(1)));
+    const std::int32_t shown = controller_.TreeView.Selected();
+    grid_->setAccessibleName(shown == 0 ? QString()
+                                        : ToQString(controller_.TreeView.Node(shown).text));
+    NameTotals();
+    // The commands that the hint links to may have been enabled or disabled.
+    grid_->FollowHint();
+}
+
+void MainWindow::NameTotals()
+{
+    if (!controller_.Loaded())
+        return;
+    const ViewDefinition& view = controller_.View().Definition();
+    const GridColumns& columns = controller_.Grid.Columns();
+    const auto name = [&](std::int32_t column) {
+        const bool shown = column >= 1 && column <= columns.Count();
+        return totals_->Caption()->text() + QStringLiteral(" ") +
+               ToQString(shown ? columns.Item(column).caption : std::string());
+    };
+    totals_->First()->setAccessibleName(name(view.firstTotal));
+    totals_->Second()->setAccessibleName(name(view.secondTotal));
+}
+
+void MainWindow::RepaintNow()
+{
+    Sync();
+    tree_->Sync();
+    repaint();
+}
+
+void MainWindow::InnerSize(int width, int height)
+{
+    resize(width, height + menuBar()->heightForWidth(width));
+    layout()->activate();
+    // If the style puts more around the inner area, the window grows by that much.
+    resize(size() + QSize(width, height) - inner_->size());
+    layout()->activate();
+    InnerResized();
+}
+
+void MainWindow::InnerResized()
+{
+    events_.Run([this] { controller_.Resize(inner_->width(), inner_->height()); });
+    PlaceParts();
+}
+
+void MainWindow::PlaceParts()
+{
+    ApplyPlace(controller_.toolbar, *toolbar_);
+    ApplyPlace(controller_.statusBar, *status_);
+    ApplyPlace(controller_.TreeView, *tree_);
+    ApplyPlace(controller_.Grid, *grid_);
+    border_->Place(tree_->geometry());
+}
+
+void MainWindow::TreeWidth(int pixels)
+{
+    const int character = fontMetrics().averageCharWidth();
+    const int least = character * 10;
+    const int most = std::max(least, width() - character * 40);
+    events_.Run([&] { controller_.TreeWidth(std::clamp(pixels, least, most)); });
+    PlaceParts();
+}
+
+void MainWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (event->spontaneous())
+        return;
+    windowHandle()->installEventFilter(this);
+    focus_->Sync();
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == inner_ && event->type() == QEvent::Resize)
+        InnerResized();
+    // A disabled window takes no input, but does not look disabled. If a command has left it
+    // disabled, it can still be closed.
+    if (watched == windowHandle() && IsInput(*event))
+        return !controller_.window.Enabled() &&
+               (events_.Running() || event->type() != QEvent::Close);
+    // Turning the wheel over the month or year changes them without taking the focus.
+    if (watched == month_ && event->type() == QEvent::Wheel)
+        return TurnMonth(static_cast<QWheelEvent*>(event)->angleDelta().y());
+    if (watched == year_ && event->type() == QEvent::Wheel)
+        return !GridAgrees();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (controller_.Loaded())
+        events_.Run([this] {
+            // The grid of a disabled window is not asked, because the user could not correct what
+            // it refuses.
+            if (controller_.window.Enabled())
+                controller_.Close();
+            else
+                controller_.Unload();
+        });
+    event->setAccepted(!controller_.Loaded());
+}
+
+}  // namespace clb

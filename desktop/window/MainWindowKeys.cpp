@@ -1,0 +1,97 @@
+// The window by keys and wheel: shortcuts, the way of the focus, the steps of the month.
+#include <QMenu>
+#include <QMenuBar>
+#include <QShortcut>
+#include <QWheelEvent>
+
+#include "app/WindowCommands.h"
+#include "desktop/forms/ListBinder.h"
+#include "desktop/grid/GridView.h"
+#include "desktop/input/UserEvents.h"
+#include "desktop/window/MainWindow.h"
+#include "desktop/window/SplitHandle.h"
+#include "desktop/window/ToolbarBinder.h"
+#include "desktop/window/TreeBinder.h"
+#include "desktop/window/YearBox.h"
+#include "views/MenuNames.h"
+
+namespace clb {
+
+void MainWindow::BindKeys()
+{
+    // What these keys show or change follows the row in edit, so that is saved first.
+    const auto bind = [this](const QKeySequence& key, std::function<void()> action) {
+        auto* shortcut = new QShortcut(key, this);
+        connect(shortcut, &QShortcut::activated, this, [this, action = std::move(action)] {
+            if (GridAgrees())
+                events_.RunOnRow(action);
+        });
+    };
+    bind(Qt::CTRL | Qt::Key_R, [this] { controller_.View().Refresh(); });
+    bind(Qt::CTRL | Qt::Key_PageUp, [this] { controller_.StepMonth(-1); });
+    bind(Qt::CTRL | Qt::Key_PageDown, [this] { controller_.StepMonth(1); });
+    connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, border_,
+            &SplitHandle::TakeFocus);
+    grid_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(grid_, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
+        menuBar()
+            ->findChild<QMenu*>(QLatin1String(menu_name::kEdit))
+            ->popup(grid_->mapToGlobal(place));
+    });
+}
+
+void MainWindow::BindFocus()
+{
+    focus_ = std::make_unique<FocusBinder>(controller_.window, events_);
+    focus_->Add(controller_.TreeView, *tree_);
+    focus_->Add(controller_.Grid, *grid_);
+    focus_->Add(controller_.txtTotal, *totals_->First());
+    focus_->Add(controller_.txtTotal2, *totals_->Second());
+    focus_->Add(controller_.cmbPeriod, *month_);
+    focus_->Add(controller_.txtYear, *year_, {year_->Line()});
+    OrderTabs();
+}
+
+void MainWindow::OrderTabs()
+{
+    // As the eye goes: along the toolbar, then the tree, the grid and what it adds up to.
+    std::vector<QWidget*> stops;
+    for (const Toolbar::Button& button : controller_.toolbar.Buttons())
+        stops.push_back(toolbar_->ButtonOf(button.key));
+    stops.insert(stops.end(), {month_, year_, tree_, grid_, totals_->First(), totals_->Second()});
+    for (std::size_t stop = 1; stop < stops.size(); ++stop)
+        setTabOrder(stops[stop - 1], stops[stop]);
+}
+
+bool MainWindow::GridAgrees()
+{
+    bool agrees = false;
+    return events_.Run([&] { agrees = controller_.Grid.MayLoseFocus(); }) && agrees;
+}
+
+void MainWindow::Choose(MenuItem& item)
+{
+    const WindowCommand* const command = FindCommand(item.Name());
+    if (item.Name() == command_name::kExit)
+        controller_.Close();  // asks the grid itself
+    else if ((command && !command->savesRow) || GridAgrees())
+        item.Press();
+}
+
+bool MainWindow::TurnMonth(int angle)
+{
+    // A wheel of fine steps makes one of the month when it has turned as far as a coarse one.
+    turned_ += angle;
+    for (; std::abs(turned_) >= QWheelEvent::DefaultDeltasPerStep;
+         turned_ -=
+         turned_ > 0 ? QWheelEvent::DefaultDeltasPerStep : -QWheelEvent::DefaultDeltasPerStep) {
+        if (!GridAgrees()) {
+            turned_ = 0;
+            break;
+        }
+        events_.Run([this] { controller_.StepMonth(turned_ > 0 ? -1 : 1); });
+    }
+    return true;
+}
+
+}  // namespace clb

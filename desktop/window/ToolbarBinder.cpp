@@ -1,0 +1,101 @@
+#include "desktop/window/ToolbarBinder.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolBar>
+
+#include "app/WindowCommands.h"
+#include "desktop/input/UserEvents.h"
+#include "desktop/look/Icons.h"
+#include "desktop/look/TextConvert.h"
+
+namespace clb {
+
+ToolbarBinder::ToolbarBinder(Toolbar& toolbar, UserEvents& events, QWidget* parent)
+    : QWidget(parent),
+      toolbar_(toolbar),
+      events_(events),
+      bar_(new QToolBar(this)),
+      row_(new QHBoxLayout(this))
+{
+    row_->setContentsMargins(4, 2, 6, 2);
+    row_->addWidget(bar_, 1);
+    for (const Toolbar::Button& button : toolbar_.Buttons())
+        AddButton(button);
+    toolbar_.Changed().connect(sigc::track_obj([this] { Sync(); }, *this));
+}
+
+void ToolbarBinder::AddButton(const Toolbar::Button& button)
+{
+    const WindowButton& command = *FindButton(button.key);
+    if (command.separated)
+        bar_->addSeparator();
+    QAction* action = bar_->addAction(icons::Command(command.icon), ToQString(button.key));
+    action->setObjectName(ToQString(button.key));
+    action->setEnabled(button.enabled);
+    const QKeySequence shortcut(QLatin1String(command.shortcut), QKeySequence::PortableText);
+    action->setShortcut(shortcut);
+    QString tip = ToQString(button.tip);
+    if (!shortcut.isEmpty())
+        tip += QStringLiteral(" (%1)").arg(shortcut.toString(QKeySequence::NativeText));
+    action->setToolTip(tip);
+    bar_->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
+    const std::string key = button.key;
+    connect(action, &QAction::triggered, this,
+            [this, key] { events_.RunOnRow([&] { toolbar_.Press(key); }); });
+    actions_[key] = action;
+}
+
+void ToolbarBinder::AddAtRight(const QString& caption, QWidget* widget)
+{
+    auto* label = new QLabel(caption, this);
+    label->setBuddy(widget);
+    row_->addWidget(label);
+    row_->addWidget(widget);
+    Measure();
+}
+
+void ToolbarBinder::Measure()
+{
+    const int icon = fontMetrics().height() + 6;
+    bar_->setIconSize(QSize(icon, icon));
+    bar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar_->layout()->invalidate();
+    row_->invalidate();
+    fullWidth_ = row_->sizeHint().width();
+    Fit();
+}
+
+void ToolbarBinder::Fit()
+{
+    bar_->setToolButtonStyle(width() < fullWidth_ ? Qt::ToolButtonIconOnly
+                                                  : Qt::ToolButtonTextBesideIcon);
+}
+
+void ToolbarBinder::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    Fit();
+}
+
+void ToolbarBinder::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        Measure();
+}
+
+QWidget* ToolbarBinder::ButtonOf(const std::string& key) const
+{
+    return bar_->widgetForAction(Action(key));
+}
+
+void ToolbarBinder::Sync()
+{
+    for (const Toolbar::Button& button : toolbar_.Buttons())
+        actions_.at(button.key)->setEnabled(button.enabled);
+}
+
+}  // namespace clb

@@ -1,0 +1,51 @@
+// Draws the toolbar.
+#pragma once
+#include <sigc++/trackable.h>
+
+#include <QWidget>
+#include <map>
+#include <string>
+
+#include "controls/Menus.h"
+
+class QAction;
+class QHBoxLayout;
+class QToolBar;
+
+namespace clb {
+
+class UserEvents;
+
+/// Draws the toolbar, with its buttons on the left and other widgets on the right. If there is no
+/// room for the buttons' texts, only their pictures are shown.
+class ToolbarBinder : public QWidget, public sigc::trackable {
+public:
+    /// Draws the buttons that WindowButtons() lists. toolbar and events are borrowed and outlive
+    /// the binder.
+    ToolbarBinder(Toolbar& toolbar, UserEvents& events, QWidget* parent = nullptr);
+
+    /// With a caption before it, whose letter leads to it.
+    void AddAtRight(const QString& caption, QWidget* widget);
+    /// The button of a key.
+    [[nodiscard]] QWidget* ButtonOf(const std::string& key) const;
+    [[nodiscard]] QAction* Action(const std::string& key) const { return actions_.at(key); }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void Measure();
+    void Fit();
+    void AddButton(const Toolbar::Button& button);
+    void Sync();
+
+    Toolbar& toolbar_;
+    UserEvents& events_;
+    QToolBar* bar_;
+    QHBoxLayout* row_;
+    int fullWidth_ = 0;  // with the buttons' texts
+    std::map<std::string, QAction*> actions_;
+};
+
+}  // namespace clb

@@ -1,0 +1,82 @@
+// The manual names the commands' keys as they are.
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <regex>
+#include <string>
+
+#include "app/WindowCommands.h"
+#include "base/Text.h"
+#include "platform/HelpFiles.h"
+
+namespace clb {
+namespace {
+
+/// Keys by the caption of their command, without the ampersand of the access key.
+using Keys = std::map<std::string, std::string>;
+
+Keys KeysOfCommands()
+{
+    Keys keys;
+    for (const WindowMenu& menu : WindowMenus())
+        for (const WindowCommand& command : menu.commands)
+            if (*command.key != '\0')
+                keys[Replace(CaptionOf(command), "&", "")] = command.key;
+    for (const WindowButton& button : WindowButtons())
+        if (*button.shortcut != '\0')
+            keys[button.key] = button.shortcut;
+    return keys;
+}
+
+std::string WithoutTags(const std::string& html)
+{
+    static const std::regex tag("<[^>]*>");
+    return std::regex_replace(html, tag, "");
+}
+
+std::string PageOf(const std::string& name)
+{
+    for (const EmbeddedFile& page : HelpFiles().files)
+        if (page.name == name)
+            return std::string(page.bytes);
+    return {};
+}
+
+/// The keys that the matches of the pattern name: the first group has a key, the second a caption.
+Keys FirstKeys(const std::string& page, const std::regex& pattern, std::size_t key,
+               std::size_t caption)
+{
+    Keys keys;
+    for (std::sregex_iterator at(page.begin(), page.end(), pattern), end; at != end; ++at)
+        keys[(*at)[caption]] = WithoutTags((*at)[key]);
+    return keys;
+}
+
+TEST(HelpKeysTest, ThePageOfAllKeysHasThoseOfEachCommand)
+{
+    static const std::regex row("<tr><td>([^ \n]+)(?: or [^\n]+)?</td><td><b>([^<]+)</b>");
+    EXPECT_EQ(FirstKeys(PageOf("keys.html"), row, 1, 2), KeysOfCommands());
+}
+
+TEST(HelpKeysTest, NoPageNamesAnotherKeyForACommand)
+{
+    static const std::regex mention(
+        "<b>([^<]+)</b>(?: \\(| or | or press |, or press )((?:<kbd>[^<]+</kbd>\\+?)+)");
+    const Keys keys = KeysOfCommands();
+    std::size_t mentions = 0;
+    for (const EmbeddedFile& page : HelpFiles().files) {
+        if (!page.name.ends_with(".html"))
+            continue;
+        for (const auto& [caption, key] : FirstKeys(std::string(page.bytes), mention, 2, 1)) {
+            ++mentions;
+            const auto command = keys.find(caption == "New" ? "New Record" : caption);
+            ASSERT_NE(command, keys.end()) << page.name << ": " << caption;
+            EXPECT_EQ(key, command->second) << page.name << ": " << caption;
+        }
+    }
+    EXPECT_GE(mentions, 5u);
+}
+
+}  // namespace
+}  // namespace clb

@@ -1,0 +1,130 @@
+// Statements that are dropped on the window, or named at a start.
+
+#include <QDialog>
+#include <QDropEvent>
+#include <QMimeData>
+
+#include "desktop/window/IncomingFiles.h"
+#include "tests/desktop/WindowFixture.h"
+
+namespace clb {
+namespace {
+
+class IncomingFilesTest : public WindowTest {
+protected:
+    IncomingFilesTest()
+    {
+        window_.OnDrop([this](const QStringList& paths) { incoming_.Take(paths); });
+    }
+    std::string Statement(const std::string& name, const std::string& account,
+                          const std::string& fitid)
+    {
+        return books_.folder.Write(
+            name, "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n\r\n<OFX><ACCTID>" + account +
+                      "</ACCTID><STMTTRN><DTPOSTED>20060305<TRNAMT>-1<FITID>" + fitid +
+                      "<NAME>Shop</STMTTRN></OFX>\r\n");
+    }
+    /// Drags files over the window. Returns whether it accepts them.
+    bool Drop(const std::vector<std::string>& paths)
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const std::string& path : paths)
+            urls << QUrl::fromLocalFile(ToQString(path));
+        data.setUrls(urls);
+        return Drop(data);
+    }
+    bool Drop(const QMimeData& data)
+    {
+        const QPoint place = window_.rect().center();
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window_, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window_, &drop);
+        return drop.isAccepted();
+    }
+    std::vector<std::string> Imported()
+    {
+        return books_.Rows("SELECT FITID FROM Trans WHERE FITID <> '' ORDER BY [Sequence]");
+    }
+
+    IncomingFiles incoming_{
+        Model(), window_, events_, books_.messages,
+        [this](const std::string& path) { books_.files.answers.push_back(path); }};
+};
+
+TEST_F(IncomingFilesTest, DroppedStatementsAreImportedOneAfterTheOther)
+{
+    const std::string before = Model().statusBar.Panel(1);
+
+    EXPECT_TRUE(Drop({Statement("a.ofx", "C1", "A"), Statement("b.ofx", "C1", "B")}));
+
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 2; }));
+    EXPECT_EQ(Imported(), (std::vector<std::string>{"A", "B"}));
+    EXPECT_EQ(Model().statusBar.Panel(1), before);
+    EXPECT_TRUE(Model().window.Enabled());
+}
+
+TEST_F(IncomingFilesTest, AFileThatIsNotAStatementIsReportedAndTheNextOneImported)
+{
+    const std::string photo = books_.folder.Write("photo.jpg", "\xff\xd8");
+
+    Drop({photo, Statement("a.ofx", "C1", "A")});
+
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 1; }));
+    ASSERT_EQ(books_.messages.boxes.size(), 1U);
+    EXPECT_EQ(books_.messages.boxes[0].text, "Invalid file format.\n\n" + photo);
+    EXPECT_TRUE(Model().window.Enabled());
+}
+
+TEST_F(IncomingFilesTest, AFileThatIsGoneIsReported)
+{
+    incoming_.Take({ToQString(books_.folder.Path("gone.ofx"))});
+
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !books_.messages.boxes.empty(); }));
+    EXPECT_EQ(books_.messages.boxes[0].text, "File not found\n\n" + books_.folder.Path("gone.ofx"));
+    EXPECT_TRUE(Model().window.Enabled());
+}
+
+TEST_F(IncomingFilesTest, ARowThatCannotBeSavedComesFirst)
+{
+    ClickNode("Checking");
+    Model().menus.Find("mnuE_New")->Press();
+    Grid().EditText("x");
+
+    Drop({Statement("a.ofx", "C1", "A")});
+    QTest::qWait(300);
+
+    EXPECT_TRUE(Imported().empty());
+    EXPECT_TRUE(Grid().Editing());
+}
+
+TEST_F(IncomingFilesTest, FilesWaitForAnOpenDialog)
+{
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+
+    incoming_.Take({ToQString(Statement("a.ofx", "C1", "A"))});
+    QTest::qWait(250);
+    EXPECT_TRUE(Imported().empty());
+    dialog.close();
+
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 1; }));
+}
+
+TEST_F(IncomingFilesTest, TextsAndAddressesOfTheWebAreNotTaken)
+{
+    QMimeData text;
+    text.setText(QStringLiteral("statement"));
+    QMimeData web;
+    web.setUrls({QUrl(QStringLiteral("https://bank.example/a.ofx"))});
+
+    EXPECT_FALSE(Drop(text));
+    EXPECT_FALSE(Drop(web));
+}
+
+}  // namespace
+}  // namespace clb
