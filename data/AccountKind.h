@@ -17,7 +17,7 @@ inline constexpr const char* Investment = "Investment";
 inline constexpr const char* Loan = "Loan";
 }  // namespace account_type
 
-/// A type of account as it is stored, and the view of its rows.
+/// A type of account as it is stored, and the view that shows its rows.
 struct AccountKind {
     const char* type;
     std::int32_t view;

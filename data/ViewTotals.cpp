@@ -65,7 +65,7 @@ void ViewTotals::OfRegister(Money& first, Money& /*second*/)
     Recordset account;
     store_.Fill(account, "SELECT OpeningBalance FROM Account WHERE AccountID = '" + number + "'",
                 true);
-    // A missing opening balance is an error even if it would not count below.
+    // A missing opening balance is an error even if it does not count below.
     if (!account.Empty() && IsNull(account.Get("OpeningBalance")))
         throw RuntimeError(errors::InvalidNull, "Invalid use of Null");
     const std::string past = "AccountID = '" + number + "' AND ( Year < " + year +

@@ -44,7 +44,7 @@ public:
     /// Draws the component's present state.
     void Sync();
     [[nodiscard]] const GridLayout& Layout() const { return layout_; }
-    /// What screen readers know of the grid; the toolkit owns it.
+    /// Describes the grid to screen readers; the toolkit owns it.
     QAccessibleInterface* MakeAccessible();
     /// Takes the focus and makes the cell current, as a click does. Returns false if that was
     /// refused.

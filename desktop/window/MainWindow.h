@@ -88,7 +88,7 @@ private:
     ListBinder* month_ = nullptr;
     YearBox* year_ = nullptr;
     ToolbarBinder* toolbar_ = nullptr;
-    int turned_ = 0;  // of the wheel over the month list, not yet a step
+    int turned_ = 0;  // how far the wheel over the month list has turned since its last step
     QStatusBar* status_ = nullptr;
     QLabel* statusText_ = nullptr;
     std::unique_ptr<TotalsLine> totals_;
