@@ -1,3 +1,4 @@
+// Starts threads, and reports if the system cannot give one.
 #pragma once
 #include <functional>
 #include <thread>

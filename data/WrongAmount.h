@@ -1,3 +1,4 @@
+// Finds the cell that keeps a sum from being made.
 #pragma once
 #include <string>
 #include <vector>

@@ -1,3 +1,4 @@
+// Shows and prints an HTML document.
 #pragma once
 #include <string>
 

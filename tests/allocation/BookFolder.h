@@ -1,3 +1,4 @@
+// A book in memory for tests in which allocations fail.
 #pragma once
 #include <map>
 #include <string>

@@ -1,3 +1,4 @@
+// Lets chosen allocations fail.
 #pragma once
 #include <cstdint>
 

@@ -1,3 +1,4 @@
+// Sends a request to the driven program while allocations fail.
 #pragma once
 #include <string>
 #include <vector>

@@ -1,3 +1,4 @@
+// Repeats an action while one allocation after the other fails.
 #pragma once
 #include <cstdint>
 #include <string>

@@ -1,3 +1,4 @@
+// A model of a disk that loses power.
 #pragma once
 #include <cstdint>
 #include <map>

@@ -1,3 +1,4 @@
+// The interface of the program under automation for the crash tests.
 #pragma once
 #include <string>
 

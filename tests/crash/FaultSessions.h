@@ -1,3 +1,4 @@
+// A fixture that runs sessions of the program on a failing file system.
 #pragma once
 #include <gtest/gtest.h>
 

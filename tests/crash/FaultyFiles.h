@@ -1,3 +1,4 @@
+// A file system for the storage whose operations can fail.
 #pragma once
 #include <sqlite3.h>
 

@@ -1,3 +1,4 @@
+// Counts and prints the outcomes of many crash runs.
 #pragma once
 #include <chrono>
 #include <cstdio>

@@ -1,3 +1,4 @@
+// The local time of every crash run.
 #pragma once
 
 namespace clb {

@@ -1,3 +1,4 @@
+// Runs the driven program in the test's process.
 #pragma once
 #include <condition_variable>
 #include <deque>

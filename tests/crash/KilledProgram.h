@@ -1,3 +1,4 @@
+// Runs the driven program in a process that can be killed.
 #pragma once
 #include <chrono>
 #include <string>

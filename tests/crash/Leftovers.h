@@ -1,3 +1,4 @@
+// Checks the files that an interrupted program has left.
 #pragma once
 #include <functional>
 #include <memory>

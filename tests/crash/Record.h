@@ -1,3 +1,4 @@
+// Records of undisturbed runs, to compare interrupted runs with.
 #pragma once
 #include <memory>
 #include <string>

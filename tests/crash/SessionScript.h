@@ -1,3 +1,4 @@
+// Generates random sessions of a user.
 #pragma once
 #include <cstdint>
 #include <random>

@@ -1,3 +1,4 @@
+// Generates statement files for random sessions.
 #pragma once
 #include <random>
 #include <string>

@@ -1,3 +1,4 @@
+// Reads and compares everything that a database file holds.
 #pragma once
 #include <string>
 #include <vector>

@@ -1,3 +1,4 @@
+// Runs a session without disturbance and records it.
 #pragma once
 #include <mutex>
 #include <string>

@@ -1,3 +1,4 @@
+// A fixture with a data store over a fresh database.
 #pragma once
 #include <gtest/gtest.h>
 

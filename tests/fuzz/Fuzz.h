@@ -1,3 +1,4 @@
+// What the fuzzing programs share.
 #pragma once
 #include <cstddef>
 #include <cstdint>

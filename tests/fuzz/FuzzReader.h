@@ -1,3 +1,4 @@
+// Feeds random statement files to the import.
 #pragma once
 #include "import/modImport.h"
 #include "tests/fuzz/Fuzz.h"

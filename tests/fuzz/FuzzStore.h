@@ -1,3 +1,4 @@
+// A small database for random statements.
 #pragma once
 #include <memory>
 

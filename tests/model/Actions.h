@@ -1,3 +1,4 @@
+// The actions of a random user, for the program and for its model.
 #pragma once
 #include <cstddef>
 #include <cstdint>

@@ -1,3 +1,4 @@
+// The tables of the model, independent of the program's code.
 #pragma once
 #include <cstdint>
 #include <map>

@@ -1,3 +1,4 @@
+// The main window of the model.
 #pragma once
 #include <cstddef>
 #include <map>

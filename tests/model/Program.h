@@ -1,3 +1,4 @@
+// Runs the actions of a random user in the program without its window.
 #pragma once
 #include <memory>
 #include <string>

@@ -1,3 +1,4 @@
+// Runs actions in the program and in the model, and compares both.
 #pragma once
 #include <array>
 #include <optional>

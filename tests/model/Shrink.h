@@ -1,3 +1,4 @@
+// Shortens a failing sequence.
 #pragma once
 #include <algorithm>
 #include <cstddef>

@@ -1,3 +1,4 @@
+// Generates small statement files.
 #pragma once
 #include <string>
 #include <utility>

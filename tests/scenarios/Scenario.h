@@ -1,3 +1,4 @@
+// A fixture that drives the whole program by requests.
 #pragma once
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// The smallest book that tests use.
 #pragma once
 #include <string>
 #include <vector>

@@ -1,3 +1,4 @@
+// Fakes for everything outside the program, in one object.
 #pragma once
 #include <string>
 
