@@ -34,7 +34,7 @@ void Silence()
 
 }  // namespace
 
-/// What the process of a try tells the test's.
+/// What the process of a try reports to the test's process.
 struct Tries::Told {
     std::array<char, 4096> text;
 };
@@ -54,7 +54,7 @@ Tries::~Tries()
 
 bool Tries::Next()
 {
-    // One try in this process, for a debugger.
+    // Runs one try in this process, for a debugger.
     if (const char* const only = std::getenv("CLB_ALLOCATION_AT")) {
         n_ = std::atoll(only);
         return true;
@@ -97,7 +97,7 @@ void Tries::End(const std::string& wrong) const
 {
     std::strncpy(told_->text.data(), wrong.c_str(), told_->text.size() - 1);
     const int fine = FailingAllocations::Reached() ? kFailed : kRanThrough;
-    std::cout << wrong << std::endl;  // for who looks at a single try
+    std::cout << wrong << std::endl;  // for a person who looks at a single try
     ::_exit(wrong.empty() ? fine : kWrong);
 }
 

@@ -88,7 +88,7 @@ TEST_F(BudgetTest, TheTargetsOwnSetAsideLineStays)
 
 /// Symptom: a category with two quotes turned the statement into another one, which booked all
 /// transactions of the month, or those of another category, to "(none)".
-TEST_F(BudgetTest, AGoneCategoryWithAQuoteIsTheEnginesErrorAndChangesNothing)
+TEST_F(BudgetTest, ARemovedCategoryWithAQuoteIsTheEnginesErrorAndChangesNothing)
 {
     for (const char* gone : {"Kid's", "Kids''", "a''b", "x' OR 'a'='a", "'"}) {
         SCOPED_TRACE(gone);

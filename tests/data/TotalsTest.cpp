@@ -34,7 +34,7 @@ TEST_F(TotalsTest, NetWorthSumsEveryAccount)
     EXPECT_EQ(Totals(), "0 / 0");
 }
 
-TEST_F(TotalsTest, AMissingSumMakesTheSecondTotalNothing)
+TEST_F(TotalsTest, AMissingSumMakesTheSecondTotalZero)
 {
     AddAccount("10", "Bank", "100", "NULL");
     shown_.view = vwNetWorth;
@@ -174,7 +174,7 @@ TEST_F(TotalsTest, NoActivityStoresZero)
     EXPECT_EQ(BalanceOf("10"), "0");
 }
 
-TEST_F(TotalsTest, WhatIsShownIsHandedBack)
+TEST_F(TotalsTest, TheShownViewAndAccountAreReturned)
 {
     AddAccount("10", "Bank");
     AddTransaction(1, "10", "5", 2006, 3);
@@ -196,8 +196,8 @@ TEST_F(TotalsTest, AMissingAccountIsAnErrorOfTheEngine)
     EXPECT_NO_THROW(Update(vwNetWorth, "nobody"));
 }
 
-// Three deposits of which the last takes the first back were stored without their balance.
-TEST_F(TotalsTest, ABalanceIsExactHoweverFarItsRowsGoBetween)
+// Symptom: of three deposits, the last of which cancels the first, no balance was stored.
+TEST_F(TotalsTest, ABalanceIsExactEvenIfAPartialSumIsTooLarge)
 {
     AddAccount("10", "Bank");
     AddTransaction(1, "10", "900000000000000", 2006, 3);
