@@ -6,8 +6,8 @@
 
 namespace clb::model {
 
-/// The shortest list found by leaving out items, halves first and single ones last, that still
-/// fails. The whole list must fail.
+/// Shortens a list that fails by leaving out items, halves first and single ones last. Returns the
+/// shortest list found that still fails. The whole list must fail.
 template <class Item, class Fails>
 std::vector<Item> Shrink(std::vector<Item> items, const Fails& fails)
 {
@@ -26,7 +26,7 @@ std::vector<Item> Shrink(std::vector<Item> items, const Fails& fails)
                 from += size;
             }
         }
-        // Single items are tried until none can go; larger pieces once.
+        // Single items are tried until none can be left out; larger pieces once.
         if (size > 1)
             size /= 2;
         else if (!shorter)

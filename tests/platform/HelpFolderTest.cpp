@@ -91,7 +91,7 @@ TEST_F(HelpFolderTest, AFolderThatCannotBeWrittenIsIgnored)
     EXPECT_FALSE(folder.Holds("nowhere"));
 }
 
-TEST_F(HelpFolderTest, AProgramFolderIsMadeWithoutItsManualWhenThatCannotBeWritten)
+TEST_F(HelpFolderTest, AProgramFolderIsMadeEvenIfTheManualCannotBeWritten)
 {
     folder.Write("Help", "a file where the folder should be");
 

@@ -1,4 +1,4 @@
-// Reading the rows again: by the grid alone, by the view, and figure by figure.
+// Reading the rows again: by the grid alone, by the view, and each figure by itself.
 
 #include <gmock/gmock.h>
 
@@ -21,7 +21,7 @@ protected:
         ShowAll();
     }
 
-    /// The story without the fetching of figures and footers, which follows every look at the rows.
+    /// The story without the reading of figures and footers, which follows every look at the rows.
     std::vector<std::string> Deeds()
     {
         std::vector<std::string> deeds;
@@ -52,7 +52,7 @@ TEST_F(RefetchTest, ARefetchStopsPaintingAndComesBackToItsCell)
     EXPECT_EQ(Current(), "2/3");
 }
 
-TEST_F(RefetchTest, ARefetchGivesTheOpenEditUp)
+TEST_F(RefetchTest, ARefetchDiscardsTheOpenEdit)
 {
     Click("Checking");
     Begin(2, 2);
@@ -63,7 +63,7 @@ TEST_F(RefetchTest, ARefetchGivesTheOpenEditUp)
     EXPECT_EQ(Window()["menus"]["mnuE_Delete"]["enabled"], true);
 }
 
-TEST_F(RefetchTest, ARefetchFindsItsRowWhereverItStandsThen)
+TEST_F(RefetchTest, ARefetchFindsItsRowAtItsNewPlace)
 {
     Click("Checking");
     Move(1, 2);
@@ -125,7 +125,7 @@ TEST_F(RefetchTest, EveryRowsActualIsFetchedJustBeforeItsDifference)
     }
 }
 
-TEST_F(RefetchTest, AReloadStandsOnTheFirstDataRowAndColumn)
+TEST_F(RefetchTest, AReloadMakesTheFirstDataCellCurrent)
 {
     for (const char* node : {"Net Worth", "Bank", "Checking"}) {
         Click(node);
@@ -137,7 +137,7 @@ TEST_F(RefetchTest, AReloadStandsOnTheFirstDataRowAndColumn)
     EXPECT_EQ(Current(), "2/1");
 }
 
-TEST_F(RefetchTest, AReloadWithoutRowsStandsOnTheNewRowLine)
+TEST_F(RefetchTest, AReloadWithoutRowsMakesTheNewRowLineCurrent)
 {
     Click("Savings");
 

@@ -1,5 +1,5 @@
-// Another program deletes rows without storing the balance anew: the next change of a row lists the
-// balance that no longer fits before it is worked out again.
+// Another program deletes rows without updating the stored balance. The next change of a row lists
+// the wrong balance before it is recomputed.
 
 #include "tests/stress/TwoPrograms.h"
 
