@@ -25,11 +25,12 @@ WORK = ROOT / "build" / "mutation"
 TREE = WORK / "tree"
 BUILD = TREE / "build" / "mutation"
 RESULTS = WORK / "results.jsonl"
-# Files in memory: a test spends most of its time waiting for the disk.
+# Files are in memory, because a test spends most of its time waiting for the disk.
 ENVIRONMENT = {**os.environ, "TMPDIR": "/dev/shm"} if os.access("/dev/shm", os.W_OK) else os.environ
 FOLDERS = ["data", "import", "export", "views", "engine"]
 
-# Nearest first: a mutant is dead at the first failure. Others would find a few more, and take long.
+# The nearest tests come first: a mutant is dead at the first failure. Other tests would find a few more, and
+# take long.
 TESTS = {
     "engine": ["engine", "crash", "data", "scenarios"],
     "data": ["data", "check", "app", "scenarios", "cli"],
@@ -37,10 +38,10 @@ TESTS = {
     "export": ["export", "app", "scenarios", "cli"],
     "views": ["views", "app", "scenarios"],
 }
-# They wait for a lock, or read 100 MB, and would double the time.
+# These tests wait for a lock or read 100 MB. They would double the time.
 SLOW = ["EndlessLineTest.*", "*Test.AFileThatAnotherProgramHolds*", "DurabilityTest.*AnotherProgramWrites*",
         "CrashTest.AGroupThatCannotBeSettled*"]
-# The rest of these takes long, and is about the disk.
+# The other tests of these programs take long, and are about the disk.
 ONLY = {"crash": "LostGroupTest*"}
 TURNED = {
     " == ": " != ", " != ": " == ", " < ": " <= ", " > ": " >= ", " <= ": " < ", " >= ": " > ",

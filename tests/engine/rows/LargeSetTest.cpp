@@ -115,7 +115,7 @@ TEST_F(LargeSetTest, AChangedRowIsFoundByItsNewValueAfterALongWalk)
     EXPECT_EQ(rows.Get(0), Value(std::int32_t{100}));
 }
 
-TEST_F(LargeSetTest, ASetReadAgainMayHaveBecomeSmaller)
+TEST_F(LargeSetTest, ASetThatIsReadAgainMayBeSmaller)
 {
     Recordset rows = Opened("SELECT Sequence FROM Trans");
     for (; !rows.AtEnd(); rows.MoveNext())
@@ -155,7 +155,7 @@ TEST_F(LargeSetTest, ARowThatVanishedIsAnErrorWhenItIsRead)
     EXPECT_TRUE(rows.AtEnd());
 }
 
-TEST_F(LargeSetTest, AJoinOfManyRowsIsHeldWhole)
+TEST_F(LargeSetTest, AJoinOfManyRowsIsKeptInMemory)
 {
     Run("INSERT INTO Account (AccountID) VALUES ('1')");
     Recordset rows = Opened("SELECT Trans.Sequence FROM Trans, Account");

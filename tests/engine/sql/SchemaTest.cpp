@@ -166,7 +166,7 @@ TEST_F(SchemaTest, ATableWithClausesThatWouldBeLostIsNotAltered)
     }
 }
 
-TEST_F(SchemaTest, ACounterStaysOneAndNoColumnBecomesOne)
+TEST_F(SchemaTest, ACounterStaysACounterAndNoColumnBecomesOne)
 {
     for (const char* column : {"Sequence LONG", "Description COUNTER"})
         EXPECT_STREQ(

@@ -76,7 +76,7 @@ TEST_F(SelectTest, AnOrderMayNameAnAliasAnExpressionOrAPosition)
     EXPECT_EQ(Rows("SELECT Category, Amount FROM Trans ORDER BY 2"), (Lines{"x|-5", "x|1", "x|3"}));
 }
 
-TEST_F(SelectTest, ATruthValueIsNoPosition)
+TEST_F(SelectTest, ATruthValueIsNotAPosition)
 {
     AddTrans("1", "b", "1");
     AddTrans("1", "a", "2");

@@ -92,7 +92,7 @@ TEST_F(WriteTest, ARequiredFieldAndAUniqueOneAreGuarded)
     EXPECT_EQ(Rows("SELECT * FROM T"), Lines{"1|x"});
 }
 
-TEST_F(WriteTest, DeletionTakesTheRowsOfTheCondition)
+TEST_F(WriteTest, DeleteRemovesTheRowsThatMeetTheCondition)
 {
     RunAll({"INSERT INTO Trans (Sequence) VALUES (1)", "INSERT INTO Trans (Sequence) VALUES (2)",
             "DELETE FROM Trans WHERE Trans.Sequence = 1"});
