@@ -50,7 +50,7 @@ private:
     /// Returns false if no allocation failed any more.
     bool Evaluate(int status);
 
-    struct Told;
+    struct Outcome;
     BookFolder& books_;
     Refusal refusal_;
     std::int64_t stride_;
@@ -59,7 +59,7 @@ private:
     TableDump after_;
     std::map<std::string, std::string> afterFiles_;
     std::vector<std::string> problems_;
-    Told* told_;  // shared by the processes
+    Outcome* outcome_;  // shared by the processes
 };
 
 }  // namespace clb

@@ -115,7 +115,7 @@ private:
     std::string Trouble(const Tries& tries, bool done)
     {
         std::string wrong = tries.WrongInBook(done);
-        if (!done && GetParam() == Refusal::One && !Told())
+        if (!done && GetParam() == Refusal::One && !ReportsIt())
             wrong += " not told";
         if (!window_->controller.window.Enabled())
             wrong += " disabled";
@@ -123,7 +123,7 @@ private:
             wrong += " busy";
         return wrong + NextCommand(tries, done);
     }
-    bool Told() const
+    bool ReportsIt() const
     {
         const auto& boxes = window_->messages.boxes;
         return !boxes.empty() &&

@@ -86,9 +86,9 @@ protected:
     void CheckFailed(InProcessProgram& program, const RecordedRequest& request,
                      const MomentPtr& last, const Json& reply, const TempFolder& folder)
     {
-        const bool told = reply["ok"] == false || BoxIn(program.Ask({{"do", "log"}}));
+        const bool reported = reply["ok"] == false || BoxIn(program.Ask({{"do", "log"}}));
         figures_->Count(request.kind, "+ " + files_.FirstFailure());
-        Allowed allowed{told ? last : request.after, request.after};
+        Allowed allowed{reported ? last : request.after, request.after};
         // Examines a copy of the file: reading the file itself would repair it before the program
         // does.
         const TempFolder copy(parent_);
@@ -99,7 +99,7 @@ protected:
                                start_, outcome);
         });
         EXPECT_EQ(wrong, "") << ToLine(reply) << Where(request.kind) << ToLine(request.request);
-        figures_->Count(request.kind, told ? "told, " + outcome : "no effect, " + outcome);
+        figures_->Count(request.kind, reported ? "told, " + outcome : "no effect, " + outcome);
     }
     /// Runs the work with no faults.
     template <class Work>
@@ -178,7 +178,7 @@ protected:
         EXPECT_EQ(findings.find("balance: "), std::string::npos) << findings << Where("afterwards");
     }
     void Inspect(const std::string& kind, const TempFolder& folder, const Allowed& allowed,
-                 const std::string& told)
+                 const std::string& report)
     {
         // What follows runs with no faults; afterwards the program itself goes on.
         files_.Pause();
@@ -187,7 +187,7 @@ protected:
         const TableDump found = DumpOf(copy.Path("db/clb.mdb"));
         EXPECT_TRUE(found == allowed.before->dump || found == allowed.after->dump)
             << Difference(allowed.before->dump, found) << Where(kind);
-        figures_->Count(kind, told + (found == allowed.before->dump ? ", before" : ", after"));
+        figures_->Count(kind, report + (found == allowed.before->dump ? ", before" : ", after"));
         figures_->Count(kind, "+ " + files_.FirstFailure());
         EXPECT_TRUE(start_(copy.Path())->FirstLine()["ok"] == true) << Where(kind);
         std::string outcome;

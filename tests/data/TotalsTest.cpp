@@ -217,7 +217,7 @@ TEST_F(TotalsTest, ASumThatDoesNotFitNamesItsAccount)
     shown_.view = vwAccount;
     shown_.account = "10";
 
-    const std::string told = "The rows of the account '10' add up to more than an amount can be.";
+    const std::string message = "The rows of the account '10' add up to more than an amount can be.";
     const auto textOf = [](auto failing) -> std::string {
         try {
             failing();
@@ -227,8 +227,8 @@ TEST_F(TotalsTest, ASumThatDoesNotFitNamesItsAccount)
         }
         return "no error";
     };
-    EXPECT_EQ(textOf([&] { Update(vwAccount, "10"); }), told);
-    EXPECT_EQ(textOf([&] { Totals(); }), told);
+    EXPECT_EQ(textOf([&] { Update(vwAccount, "10"); }), message);
+    EXPECT_EQ(textOf([&] { Totals(); }), message);
     EXPECT_EQ(BalanceOf("10"), "7");
 }
 

@@ -275,9 +275,9 @@ void Program::Export()
     if (!folder_.Holds(name))
         return;
     const std::string file = folder_.Read(name);
-    const auto between = [&file](const std::string& before, const std::string& behind) {
+    const auto between = [&file](const std::string& before, const std::string& after) {
         const std::size_t from = file.find(before) + before.size();
-        return file.substr(from, file.find(behind, from) - from);
+        return file.substr(from, file.find(after, from) - from);
     };
     std::string text = between("<ACCTID>", "<ACCTTYPE>") + " ";
     const std::size_t first = std::min(file.find("<STMTTRN>"), file.find("</BANKTRANLIST>"));

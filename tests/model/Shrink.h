@@ -16,8 +16,8 @@ std::vector<Item> Shrink(std::vector<Item> items, const Fails& fails)
         for (std::size_t from = 0; from < items.size();) {
             std::vector<Item> rest(items.begin(),
                                    items.begin() + static_cast<std::ptrdiff_t>(from));
-            const std::size_t behind = std::min(from + size, items.size());
-            rest.insert(rest.end(), items.begin() + static_cast<std::ptrdiff_t>(behind),
+            const std::size_t next = std::min(from + size, items.size());
+            rest.insert(rest.end(), items.begin() + static_cast<std::ptrdiff_t>(next),
                         items.end());
             if (fails(rest)) {
                 items = rest;

@@ -71,8 +71,8 @@ grep -q 'could not connect to display' <<<"$said" || fail "no plugin for a displ
 
 # Checks the integration with the desktop.
 silent "desktop entry" desktop-file-validate /usr/share/applications/ledgerbook.desktop
-told=$(appstreamcli validate --no-net --no-color /usr/share/metainfo/example.corvane.ledgerbook.metainfo.xml 2>&1) ||
-    fail "metainfo: $told"
+complaints=$(appstreamcli validate --no-net --no-color /usr/share/metainfo/example.corvane.ledgerbook.metainfo.xml 2>&1) ||
+    fail "metainfo: $complaints"
 same "type of an .ofx file" application/x-ofx "$(type_of bank-crlf.ofx)"
 same "type of a .QIF file" application/x-qif "$(type_of bank.QIF)"
 for type in ofx qfx ofc qif; do

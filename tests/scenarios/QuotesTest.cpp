@@ -75,11 +75,11 @@ protected:
     /// The events of an update that fails, in order.
     void ExpectFailure()
     {
-        std::string told;
+        std::string logged;
         for (const Json& event : Events())
             if (event["event"] != "request")
-                told += ToLine(event) + "\n";
-        EXPECT_EQ(told, R"({"event":"status","text":"Updating quotes..."})"
+                logged += ToLine(event) + "\n";
+        EXPECT_EQ(logged, R"({"event":"status","text":"Updating quotes..."})"
                         "\n"
                         R"({"event":"pointer","value":11})"
                         "\n"
@@ -108,10 +108,10 @@ TEST_F(QuotesTest, EachHoldingIsAskedForOnceAndGetsItsPrice)
     Update();
 
     EXPECT_EQ(Prices(), R"(["12.5"] ["0.1234"])");
-    std::string told;
+    std::string logged;
     for (const Json& event : Events())
-        told += ToLine(event) + "\n";
-    EXPECT_EQ(told, R"({"event":"status","text":"Updating quotes..."})"
+        logged += ToLine(event) + "\n";
+    EXPECT_EQ(logged, R"({"event":"status","text":"Updating quotes..."})"
                     "\n"
                     R"({"event":"pointer","value":11})"
                     "\n"

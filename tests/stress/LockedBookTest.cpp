@@ -98,10 +98,10 @@ TEST_F(LockedBookTest, ACommandThatWaitedTooLongSaysSoAndChangesNothing)
 
     const Json reply = Try({{"do", "save"}});
 
-    std::string told = ToLine(reply);
+    std::string answers = ToLine(reply);
     for (const Json& box : EventsOf("box"))
-        told += ToLine(box);
-    EXPECT_THAT(told, testing::HasSubstr(kLocked));
+        answers += ToLine(box);
+    EXPECT_THAT(answers, testing::HasSubstr(kLocked));
     for (const auto* process : {&import, &split, &move}) {
         EXPECT_EQ((*process)->Wait(), 1) << (*process)->Story();
         EXPECT_THAT((*process)->Err(), testing::HasSubstr(kLocked));

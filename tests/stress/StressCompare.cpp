@@ -8,16 +8,16 @@ namespace clb {
 namespace {
 
 /// Whether a command says that the transaction does not exist, or no longer exists.
-bool SaysMissing(const std::string& told)
+bool SaysMissing(const std::string& message)
 {
-    return told.find("There is no transaction") != std::string::npos ||
-           told.find("deleted") != std::string::npos;
+    return message.find("There is no transaction") != std::string::npos ||
+           message.find("deleted") != std::string::npos;
 }
 
 /// Whether a command says that another program has changed the transaction.
-bool SaysChanged(const std::string& told)
+bool SaysChanged(const std::string& message)
 {
-    return told.find("has changed") != std::string::npos;
+    return message.find("has changed") != std::string::npos;
 }
 
 }  // namespace
