@@ -18,7 +18,8 @@ public:
     struct Result {
         std::int32_t rows = 0;
         std::int64_t balance = 0;  ///< at the end of the month, in 1/10000 units
-        std::uint64_t read = 0;    ///< made from all values, so that the compiler cannot leave out reading them
+        std::uint64_t read =
+            0;  ///< made from all values, so that the compiler cannot leave out reading them
     };
     Result Read(const std::string& account, Month month);
 

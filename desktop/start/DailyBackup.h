@@ -44,8 +44,9 @@ private:
     QString program_;
     QTimer again_;
     std::unique_ptr<QProcess> helper_;
-    std::unique_ptr<QProcess> ended_;  ///< the last process: it must not be deleted in its own signal
-    bool looked_ = false;              ///< the helper was started at least once
+    std::unique_ptr<QProcess>
+        ended_;            ///< the last process: it must not be deleted in its own signal
+    bool looked_ = false;  ///< the helper was started at least once
 };
 
 /// Does the work of that process, at low priority: makes the backup, and checks whether the

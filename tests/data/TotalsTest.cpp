@@ -217,7 +217,8 @@ TEST_F(TotalsTest, ASumThatDoesNotFitNamesItsAccount)
     shown_.view = vwAccount;
     shown_.account = "10";
 
-    const std::string message = "The rows of the account '10' add up to more than an amount can be.";
+    const std::string message =
+        "The rows of the account '10' add up to more than an amount can be.";
     const auto textOf = [](auto failing) -> std::string {
         try {
             failing();

@@ -17,8 +17,7 @@ std::vector<Item> Shrink(std::vector<Item> items, const Fails& fails)
             std::vector<Item> rest(items.begin(),
                                    items.begin() + static_cast<std::ptrdiff_t>(from));
             const std::size_t next = std::min(from + size, items.size());
-            rest.insert(rest.end(), items.begin() + static_cast<std::ptrdiff_t>(next),
-                        items.end());
+            rest.insert(rest.end(), items.begin() + static_cast<std::ptrdiff_t>(next), items.end());
             if (fails(rest)) {
                 items = rest;
                 shorter = true;

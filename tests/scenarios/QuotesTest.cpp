@@ -80,16 +80,16 @@ protected:
             if (event["event"] != "request")
                 logged += ToLine(event) + "\n";
         EXPECT_EQ(logged, R"({"event":"status","text":"Updating quotes..."})"
-                        "\n"
-                        R"({"event":"pointer","value":11})"
-                        "\n"
-                        R"({"event":"pointer","value":0})"
-                        "\n"
-                        R"({"event":"status","text":"Select an item to work with."})"
-                        "\n"
-                        R"({"event":"box","text":"Unable to update quotes.","style":48,)"
-                        R"("title":"Corvane Ledgerbook","answer":"OK","unanswered":true})"
-                        "\n");
+                          "\n"
+                          R"({"event":"pointer","value":11})"
+                          "\n"
+                          R"({"event":"pointer","value":0})"
+                          "\n"
+                          R"({"event":"status","text":"Select an item to work with."})"
+                          "\n"
+                          R"({"event":"box","text":"Unable to update quotes.","style":48,)"
+                          R"("title":"Corvane Ledgerbook","answer":"OK","unanswered":true})"
+                          "\n");
         EXPECT_EQ(Window()["status"], "Select an item to work with.");
         EXPECT_EQ(Window()["pointer"], 0);
     }
@@ -112,18 +112,18 @@ TEST_F(QuotesTest, EachHoldingIsAskedForOnceAndGetsItsPrice)
     for (const Json& event : Events())
         logged += ToLine(event) + "\n";
     EXPECT_EQ(logged, R"({"event":"status","text":"Updating quotes..."})"
-                    "\n"
-                    R"({"event":"pointer","value":11})"
-                    "\n"
-                    R"({"event":"request","url":")" +
-                        Url("ACME") + R"("})" + "\n" + R"({"event":"request","url":")" +
-                        Url("XYZ") +
-                        R"("})"
-                        "\n"
-                        R"({"event":"pointer","value":0})"
-                        "\n"
-                        R"({"event":"status","text":"Select an item to work with."})"
-                        "\n");
+                      "\n"
+                      R"({"event":"pointer","value":11})"
+                      "\n"
+                      R"({"event":"request","url":")" +
+                          Url("ACME") + R"("})" + "\n" + R"({"event":"request","url":")" +
+                          Url("XYZ") +
+                          R"("})"
+                          "\n"
+                          R"({"event":"pointer","value":0})"
+                          "\n"
+                          R"({"event":"status","text":"Select an item to work with."})"
+                          "\n");
     EXPECT_EQ(
         server.FirstLines(),
         (std::vector<std::string>{"GET /d/quotes.csv?s=ACME&f=sl1d1t1c1p2ohgbav&e=.csv HTTP/1.1",
