@@ -24,7 +24,7 @@ struct AccountKind {
     bool importable;  ///< an import may make an account of it
 };
 
-/// In the order in which the user is offered them.
+/// All types, in the order in which the user sees them.
 inline constexpr AccountKind kAccountKinds[] = {{account_type::Bank, vwAccount, true},
                                                 {account_type::Cash, vwAccount, true},
                                                 {account_type::CreditCard, vwAccount, true},

@@ -32,7 +32,7 @@ public:
     // These are sums of the month that was read last.
 
     [[nodiscard]] Money SpentOn(const std::string& category) const;
-    /// Over the lines of a group; a category with two lines counts twice.
+    /// The sums of a group's lines; a category with two lines counts twice.
     [[nodiscard]] Sums OfGroup(const std::string& group) const;
     /// Everything budgeted and everything spent in the month, with or without a budget line.
     [[nodiscard]] const Sums& OfMonth() const { return sums_.month; }

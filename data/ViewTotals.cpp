@@ -73,7 +73,7 @@ void ViewTotals::OfRegister(Money& first, Money& /*second*/)
                              " AND Period <= " + std::to_string(shown_.Period()) + ") )";
     const Value amount = store_.Total("SELECT SUM( Amount ) AS TotAmount FROM Trans WHERE " + past,
                                       "TotAmount", {"Trans", {"Amount"}, past, shown_.AccountID()});
-    // On purpose: before the first transaction the balance is 0, not the opening balance.
+    // This is on purpose: before the first transaction the balance is 0, not the opening balance.
     first = IsNull(amount) ? Money() : ToMoney(amount) + ToMoney(account.Get("OpeningBalance"));
 }
 

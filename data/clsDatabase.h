@@ -115,7 +115,7 @@ public:
     std::uint64_t WritesElsewhere();
     /// Whether another program has written since the rows of the shown view were read.
     bool RowsOutdated() { return WritesElsewhere() != rowsReadAt_; }
-    /// To be called after the rows of the shown view were read again.
+    /// Call this after reading the rows of the shown view again.
     void RowsRead() { rowsReadAt_ = WritesElsewhere(); }
 
     /// The file's schema version, at least 2 here; a later program's file has a later one.

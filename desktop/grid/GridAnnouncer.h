@@ -12,7 +12,7 @@ class UserEvents;
 /// Reports changes of a grid to screen readers. Does nothing while none is running.
 class GridAnnouncer {
 public:
-    /// All borrowed; they outlive the announcer.
+    /// All are borrowed and outlive the announcer.
     GridAnnouncer(GridView& view, GridComponent& grid, UserEvents& events)
         : view_(view), grid_(grid), events_(events)
     {

@@ -16,7 +16,7 @@ class UserEvents;
 /// saves the row that is left; if that is refused, the current cell stays where it is.
 class GridCursor {
 public:
-    /// All borrowed; they outlive the cursor. The viewport's height is a page.
+    /// All are borrowed and outlive the cursor. The viewport's height is a page.
     GridCursor(GridComponent& grid, const GridLayout& layout, UserEvents& events,
                const QWidget& viewport)
         : grid_(grid), layout_(layout), events_(events), viewport_(viewport)

@@ -16,7 +16,7 @@ class UserEvents;
 /// Begins, fills and ends the edit of a grid's current cell by the user's keys.
 class GridEditing {
 public:
-    /// All borrowed; they outlive this.
+    /// All are borrowed and outlive this.
     GridEditing(GridComponent& grid, GridCursor& cursor, CellEditor& editor, UserEvents& events)
         : grid_(grid), cursor_(cursor), editor_(editor), events_(events)
     {

@@ -18,7 +18,7 @@ class UserEvents;
 /// The text is the component's tip or, without one, the cell's text if it does not fit.
 class GridTips : public QObject {
 public:
-    /// All borrowed; they outlive this.
+    /// All are borrowed and outlive this.
     GridTips(GridComponent& grid, const GridLayout& layout, UserEvents& events, QWidget& viewport)
         : grid_(grid), layout_(layout), events_(events), viewport_(viewport)
     {

@@ -114,7 +114,7 @@ bool RunningProgram::Lock()
 {
     if (!lock_.tryLock())
         return false;
-    // After a crash, another user of the book can remove it.
+    // Lets another user of the book remove the lock after a crash.
     QFile::setPermissions(lockFile_, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup |
                                          QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther);
     Listen();

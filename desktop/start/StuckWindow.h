@@ -26,7 +26,7 @@ class UserEvents;
 /// on, or to quit.
 class StuckWindow : public QDialog {
 public:
-    /// All arguments are borrowed; they outlive the window.
+    /// All arguments are borrowed and outlive the window.
     StuckWindow(frmController& controller, UserEvents& events, QWidget& above);
     ~StuckWindow() override;
 

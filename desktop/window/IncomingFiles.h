@@ -20,7 +20,7 @@ class IncomingFiles : public QObject {
 public:
     using Answer = std::function<void(const std::string& path)>;
 
-    /// All arguments are borrowed; they outlive this. `answer` sets the file that answers the next
+    /// All arguments are borrowed and outlive this. `answer` sets the file that answers the next
     /// file dialog.
     IncomingFiles(frmController& controller, MainWindow& window, UserEvents& events,
                   IMessageBox& messages, Answer answer);

@@ -32,7 +32,7 @@ public:
     /// The sizes that depend on the fonts and the toolkit's style.
     static WindowMetrics Metrics();
 
-    /// Both borrowed; they outlive the window. The controller need not be loaded yet.
+    /// Both are borrowed and outlive the window. The controller need not be loaded yet.
     MainWindow(frmController& controller, UserEvents& events);
     ~MainWindow() override;
 

@@ -73,7 +73,7 @@ TEST_F(BackupTest, WhatACheckFindsInARestoredBookIsReported)
 }
 
 // Symptom: half a book, as large as the book, stayed until a backup was restored again.
-TEST_F(BackupTest, WhatKilledProgramsLeftBesideTheBookIsRemovedByTheNextCommand)
+TEST_F(BackupTest, TheNextCommandRemovesFilesThatKilledProgramsLeft)
 {
     const std::string ended = "4194305";  // larger than any process number
     const std::string names[] = {"books/db/clb.mdb.new-" + ended,

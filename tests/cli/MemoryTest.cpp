@@ -79,7 +79,7 @@ TEST_F(MemoryTest, AnImportThatCannotStartAThreadSaysSoAndStoresNothing)
 }
 
 // Symptom: "terminate called without an active exception", and a core file.
-TEST_F(MemoryTest, WithHardlyMoreThanTheLoaderTakesItSaysSoAndStoresNothing)
+TEST_F(MemoryTest, WithTooLittleAddressSpaceItSaysSoAndStoresNothing)
 {
     if (!kLimited)
         GTEST_SKIP();

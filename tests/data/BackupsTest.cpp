@@ -206,7 +206,7 @@ TEST_F(BackupsTest, ASoundCopyOfTodayThatAnotherVersionMadeStays)
     EXPECT_FALSE(folder_.Holds("db/backup/clb-2026-11-21.mdb.damaged"));
 }
 
-TEST_F(BackupsTest, ABrokenCopyTakesNoPlaceOfASoundOne)
+TEST_F(BackupsTest, ABrokenCopyDoesNotReplaceASoundOne)
 {
     for (int day = 10; day < 20; ++day)
         AddCopies({"2026-10-" + std::to_string(day)});
@@ -269,7 +269,7 @@ TEST_F(BackupsTest, AFolderThatMayNotBeWrittenIsReported)
     chmod(folder_.Path("db/backup").c_str(), 0700);
 }
 
-TEST_F(BackupsTest, AFullDiskIsReportedAndLeavesNothingHalf)
+TEST_F(BackupsTest, AFullDiskIsReportedAndLeavesNoHalfCopy)
 {
     const SmallDisk disk;
     if (!disk.Mounted())
@@ -298,7 +298,7 @@ TEST_F(BackupsTest, AFullDiskIsReportedAndLeavesNothingHalf)
     EXPECT_EQ(backups.Failure(), std::nullopt);
 }
 
-TEST_F(BackupsTest, ManyAtOnceMakeOne)
+TEST_F(BackupsTest, ManyProgramsAtOnceMakeOneCopy)
 {
     std::vector<std::future<std::optional<BackupFailure>>> all;
     for (int program = 0; program < 8; ++program)
@@ -315,7 +315,7 @@ TEST_F(BackupsTest, ManyAtOnceMakeOne)
     EXPECT_EQ(files, 2U) << "the copy and the list";
 }
 
-TEST_F(BackupsTest, BeforeSomethingRiskyEachCopyHasANameOfItsOwn)
+TEST_F(BackupsTest, EachCopyBeforeSomethingRiskyHasItsOwnName)
 {
     EXPECT_EQ(backups_.Before("repair", Day("2026-11-22 10:00:00")),
               backups_.PathOf("2026-11-22-before-repair"));
@@ -343,7 +343,7 @@ TEST_F(BackupsTest, CopiesMadeOnPurposeAndOtherFilesStay)
     EXPECT_FALSE(folder_.Holds("db/backup/clb-2026-10-11.mdb"));
 }
 
-TEST_F(BackupsTest, WhatAProgramThatIsGoneLeftUnfinishedIsRemoved)
+TEST_F(BackupsTest, UnfinishedFilesOfAnEndedProgramAreRemoved)
 {
     const std::string front = "db/backup/clb-2026-11-20.mdb.new-";
     const std::string gone = front + "4194305";  // larger than any process number

@@ -127,7 +127,7 @@ TEST_F(BudgetTest, CategoriesWithQuotesThatStayAreCopied)
     EXPECT_EQ(BudgetOf(2006, 3), (Texts{"(none)|(none)|0", "Dad's|Family|7", "Kid's|Family|5"}));
 }
 
-TEST_F(BudgetTest, AnEmptySourceMonthLeavesACategoryWithAQuoteAlone)
+TEST_F(BudgetTest, AnEmptySourceMonthKeepsACategoryWithAQuote)
 {
     AddBudget("Kid''s", "Family", "5", 2006, 3);
 

@@ -285,7 +285,7 @@ TEST_F(MonthBudgetTest, BytesAreNotEqualToATextThatReadsTheSame)
     ExpectFiguresOfSingleStatements();
 }
 
-TEST_F(MonthBudgetTest, AColumnThatComparesWhateverTheCaseIsComparedByTheDatabase)
+TEST_F(MonthBudgetTest, AColumnThatIgnoresCaseIsComparedByTheDatabase)
 {
     EXPECT_EQ(Spent("TOYS"), "0");
     WriteRaw(

@@ -154,7 +154,7 @@ TEST_F(RestoreTest, AFileThatIsNotADatabaseIsRefusedWithItsOwnMessage)
               "The file '" + folder_.Path() + "' is a folder, not a backup.");
 }
 
-TEST_F(RestoreTest, ADatabaseThatIsGoneIsRestoredToItsPlace)
+TEST_F(RestoreTest, AMissingDatabaseIsRestoredToItsPlace)
 {
     const std::string backup = folder_.Write("stick/clb.mdb", EmptyDatabase());
     std::filesystem::remove_all(folder_.Path("db"));

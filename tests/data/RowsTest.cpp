@@ -293,7 +293,7 @@ TEST_F(RowsTest, AnUnusedCategoryIsDeletedWithoutFurtherChanges)
     EXPECT_TRUE(Rows("SELECT Category FROM Budget").empty());
 }
 
-TEST_F(RowsTest, DeletingAnAccountLeavesItsTransactions)
+TEST_F(RowsTest, DeletingAnAccountKeepsItsTransactions)
 {
     AddAccount("10", "Bank");
     AddAccount("20", "Bank");

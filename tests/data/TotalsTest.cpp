@@ -67,7 +67,7 @@ TEST_F(TotalsTest, BudgetActualsCountOnlyIncludedAccountsOfTheMonth)
     EXPECT_EQ(Totals(), "900.5 / -35.25");
 }
 
-TEST_F(TotalsTest, TheRegisterBalanceGoesByTheBookedMonth)
+TEST_F(TotalsTest, TheRegisterBalanceUsesTheBookedMonth)
 {
     AddAccount("10", "Bank", "1000");
     AddTransaction(1, "10", "5", 2005, 12);

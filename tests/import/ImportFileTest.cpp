@@ -44,7 +44,7 @@ TEST_F(ImportFileTest, ACancelledDialogDoesNothing)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-TEST_F(ImportFileTest, TheWindowShowsThatItIsBusyAndGoesBackToItsState)
+TEST_F(ImportFileTest, TheWindowShowsThatItIsBusyAndReturnsToItsState)
 {
     Choose("s.ofx", kStatement);
 

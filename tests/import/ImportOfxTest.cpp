@@ -72,7 +72,7 @@ TEST_F(ImportOfxTest, SequencesContinueAfterTheLargest)
 }
 
 // Symptom: a message without a reason.
-TEST_F(ImportOfxTest, ABookThatTakesNoMoreRowsSaysWhy)
+TEST_F(ImportOfxTest, TheReasonIsShownIfABookCannotTakeMoreRows)
 {
     books_.Execute("INSERT INTO Trans (Sequence, AccountID) VALUES (2147483647, 'other')");
     const std::string file = Statement(Transaction("F1", "20060301", "-1"));

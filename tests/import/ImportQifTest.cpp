@@ -64,7 +64,7 @@ TEST_F(ImportQifTest, ARecordBecomesARowInTheMonthOfItsDate)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-TEST_F(ImportQifTest, ABookThatTakesNoMoreRowsSaysWhy)
+TEST_F(ImportQifTest, TheReasonIsShownIfABookCannotTakeMoreRows)
 {
     books_.Execute("INSERT INTO Trans (Sequence, AccountID) VALUES (2147483647, 'other')");
 
@@ -359,7 +359,7 @@ TEST_F(ImportQifTest, ACategoryNeedsAGroupOrAnAmount)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-TEST_F(ImportQifTest, ALineThatTheStoreRefusesIsListedAndTheReadingGoesOn)
+TEST_F(ImportQifTest, ALineThatTheStoreRefusesIsListedAndReadingContinues)
 {
     const std::string tooLong(51, 'c');
     Import("!Type:Bank\nD1/1/06\nT-1\nL" + tooLong + "\n^\nT-2\nNit's\n^\nT-3\n^\n");

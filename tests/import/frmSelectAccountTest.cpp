@@ -135,7 +135,7 @@ TEST_F(SelectAccountTest, CancelChangesNothing)
     EXPECT_THAT(Accounts(), IsEmpty());
 }
 
-TEST_F(SelectAccountTest, ANewAccountTakesTheStatementsNumber)
+TEST_F(SelectAccountTest, ANewAccountGetsTheStatementsNumber)
 {
     const bool result = Ask("4111'2", [](Form& form) {
         Describe(form, "Visa's own");

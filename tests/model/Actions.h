@@ -38,7 +38,7 @@ enum class Deed {
     ImportOther,  ///< a file that is not a statement; the window stays disabled, so the program is
                   ///< ended and started again
     Reopen,       ///< closes the window and starts the program again; first: in which month
-    Look,         ///< gives up or saves the row in edit and walks through all nodes of the tree
+    Look,         ///< discards or saves the row in edit and visits all nodes of the tree
     Count
 };
 

@@ -229,7 +229,7 @@ bool ModelWindow::HasRecord(const StatementRecord& entry, const std::string& dat
                        });
 }
 
-/// From the first transaction to the last, and the balance.
+/// The exported statement: its transactions from the first to the last, and the balance.
 std::string ModelWindow::Exported() const
 {
     std::string text;

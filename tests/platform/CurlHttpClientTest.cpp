@@ -67,7 +67,7 @@ protected:
     std::vector<std::string> sent_;
 };
 
-TEST_P(CurlHttpClientTest, TheBodyComesByteForByte)
+TEST_P(CurlHttpClientTest, TheBodyArrivesByteForByte)
 {
     const std::string bytes("a\0b\xFF\r\n,", 7);
     server.On("/x", answers::Ok(bytes));

@@ -116,7 +116,7 @@ TEST_F(CategoriesTest, ARowWithoutCategoryIsBookedToNone)
     EXPECT_EQ(Offered(), R"json(["(none)"])json");
 }
 
-TEST_F(CategoriesTest, TheBudgetLineBelongsToTheViewedMonthWhateverTheDate)
+TEST_F(CategoriesTest, TheBudgetLineBelongsToTheViewedMonthForAnyDate)
 {
     AddTransaction("B-1", "2006-3", "-9", "Food");
     ShowChecking();

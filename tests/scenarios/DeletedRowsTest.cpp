@@ -93,7 +93,7 @@ TEST_F(DeletedRowsTest, AmongAccountsOfATypeTheTypeIsShownAgain)
     EXPECT_EQ(Column(2), R"("B-2")");
 }
 
-TEST_F(DeletedRowsTest, WhenTheShownTypeIsGoneTheNetWorthIsShown)
+TEST_F(DeletedRowsTest, IfTheShownTypeDisappearsTheNetWorthIsShown)
 {
     ShowAll();
     Click("Loan");
@@ -205,7 +205,7 @@ TEST_F(DeletedRowsTest, DeletingAnUnusedBudgetLineChangesNothingElse)
     EXPECT_EQ(RowsOf("footer").size(), 0u);
 }
 
-TEST_F(DeletedRowsTest, ADeclinedBudgetDeletionLeavesTheTransactions)
+TEST_F(DeletedRowsTest, ADeclinedBudgetDeletionDoesNotChangeTheTransactions)
 {
     AddBudget("2006-3", "Food", "5");
     AddTransaction("B-1", "2006-3", "-9", "Food");

@@ -234,7 +234,7 @@ TEST_F(EventOrderTest, EscapeCancelsTheCellAndAgainTheRow)
     EXPECT_EQ(Rows("SELECT Description FROM Account WHERE AccountID = 'B-1'"), R"(["Checking"])");
 }
 
-TEST_F(EventOrderTest, EscapeOnARowAtRestDoesNothing)
+TEST_F(EventOrderTest, EscapeOnARowThatIsNotInEditDoesNothing)
 {
     Move(1, 2);
     Events();

@@ -261,7 +261,7 @@ TEST_F(ExportTest, AnUnsavedRowIsExportedAsItIsStored)
     EXPECT_EQ(Grid()["dirty"], true);
 }
 
-TEST_F(ExportTest, AFileThatCannotBeMadeIsARuntimeErrorAndTheProgramGoesOn)
+TEST_F(ExportTest, AFileThatCannotBeMadeIsARuntimeErrorAndTheProgramContinues)
 {
     AddAccount("B-1", "Bank", "Checking");
     ShowAll();

@@ -116,7 +116,7 @@ TEST_F(OptionsTest, CancelWritesNothing)
     EXPECT_FALSE(folder.Holds("cvlb.ini"));
 }
 
-TEST_F(OptionsTest, TheViewIsRefreshedOnceWhicheverButtonIsPressed)
+TEST_F(OptionsTest, TheViewIsRefreshedOnceForEitherButton)
 {
     for (const char* steps : {R"([{"press":"btnOK"}])", R"([{"press":"btnCancel"}])"}) {
         Events();
@@ -125,7 +125,7 @@ TEST_F(OptionsTest, TheViewIsRefreshedOnceWhicheverButtonIsPressed)
     }
 }
 
-TEST_F(OptionsTest, AnUntickedAccountIsGoneFromActualsTipsFootersAndTotalsAtOnce)
+TEST_F(OptionsTest, AnUntickedAccountDisappearsFromActualsTipsFootersAndTotalsAtOnce)
 {
     AddBudget("2006-3", "Food", "-100", "Household");
     AddTransaction("V-1", "2006-3", "-9", "Food");

@@ -36,7 +36,7 @@ protected:
     }
 };
 
-TEST_F(RefetchTest, ARefetchStopsPaintingAndComesBackToItsCell)
+TEST_F(RefetchTest, ARefetchStopsPaintingAndReturnsToItsCell)
 {
     Click("Checking");
     Move(2, 3);

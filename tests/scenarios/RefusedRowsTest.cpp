@@ -185,7 +185,7 @@ TEST_F(RefusedRowsTest, TransactionsHoldingsAndLoansAreNeverRefused)
     EXPECT_EQ(EventsOf("box").size(), 0u);
 }
 
-TEST_F(RefusedRowsTest, EveryAttemptToLeaveReportsOnceMore)
+TEST_F(RefusedRowsTest, EveryAttemptToLeaveReportsAgain)
 {
     Edit(1, 1, "");
     Events();

@@ -17,7 +17,7 @@ protected:
     }
 };
 
-TEST_F(RequestsTest, AnInvalidRequestIsAnErrorAndTheSessionGoesOn)
+TEST_F(RequestsTest, AnInvalidRequestIsAnErrorAndTheSessionContinues)
 {
     for (const char* line : {"", "quit", "[]", "7", "null", "{", R"({"do":})", R"({"verb":"log"})",
                              R"({"do":7})", R"({"do":"dance"})", "{\"do\":\"\xFF\"}"})

@@ -126,7 +126,7 @@ TEST_F(RowsTest, DeletingAnUnusedCategoryChangesNothingElse)
     EXPECT_EQ(Rows("SELECT Category FROM Budget"), R"json(["Food"])json");
 }
 
-TEST_F(RowsTest, ADeletedAccountLeavesItsTransactions)
+TEST_F(RowsTest, DeletingAnAccountKeepsItsTransactions)
 {
     AddAccount("B-1", "Bank", "Checking");
     AddTransaction("B-1", "2006-3", "-9");

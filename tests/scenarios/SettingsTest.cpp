@@ -45,7 +45,7 @@ TEST_F(SettingsTest, ReadingMakesNoFile)
     EXPECT_FALSE(folder.Holds("cvlb.ini"));
 }
 
-TEST_F(SettingsTest, NamesAreFoundWhateverTheirCaseAndTheBlanksAroundThem)
+TEST_F(SettingsTest, NamesAreFoundIgnoringCaseAndOuterBlanks)
 {
     File("  [ SeTTings ]  \r\n  bankURL \t=  x  \r\n");
 

@@ -70,7 +70,7 @@ TEST_F(SplitTest, TheDialogShowsTheDescriptionAndItsThreeAmounts)
     EXPECT_TRUE(controls.contains("upDown"));
 }
 
-TEST_F(SplitTest, WhateverIsTypedTheAmountsAddUpToTheWhole)
+TEST_F(SplitTest, TheAmountsAddUpToTheWholeForAnyText)
 {
     ShowTransaction("100");
     Events();

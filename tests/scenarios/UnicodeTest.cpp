@@ -119,7 +119,7 @@ protected:
     }
 };
 
-TEST_P(LongestTextTest, FiftyCharactersAreTakenWhateverTheirBytes)
+TEST_P(LongestTextTest, FiftyCharactersAreAcceptedForAnyNumberOfBytes)
 {
     for (const char* character : {"x", "\u00e9", "\u8d85", "\U0001F600"}) {
         const std::string text = Repeated(character, 50);

@@ -26,7 +26,7 @@ protected:
 
 // Symptom: the saved account moved the nodes below it, and the node above the clicked one was
 // shown.
-TEST_F(UnsavedRowsTest, AClickShowsItsNodeThoughTheSavedAccountMovedTheNodes)
+TEST_F(UnsavedRowsTest, AClickShowsItsNodeEvenIfTheSavedAccountMovedTheNodes)
 {
     TypeAccount("Abroad", "Bank", "B-0");
 
@@ -39,7 +39,7 @@ TEST_F(UnsavedRowsTest, AClickShowsItsNodeThoughTheSavedAccountMovedTheNodes)
         EXPECT_EQ(node["selected"], node["text"] == "House") << ToLine(node);
 }
 
-TEST_F(UnsavedRowsTest, AClickOnATypeShowsItThoughTheNodesMoved)
+TEST_F(UnsavedRowsTest, AClickOnATypeShowsItEvenIfTheNodesMoved)
 {
     TypeAccount("Abroad", "Bank", "B-0");
 
@@ -161,7 +161,7 @@ TEST_F(UnsavedRowsTest, TheOtherMonthsButtonSavesTheRowFirst)
 }
 
 // Symptom: what was typed for a new line overwrote a stored one.
-TEST_F(UnsavedRowsTest, TheNewRowLineIsMeantThoughTheSavedLineChangedItsGroup)
+TEST_F(UnsavedRowsTest, TheNewRowLineIsMeantEvenIfTheSavedLineChangedItsGroup)
 {
     AddBudget("2006-3", "Bus", "1", "A");
     AddBudget("2006-3", "Food", "1", "A");
@@ -176,7 +176,7 @@ TEST_F(UnsavedRowsTest, TheNewRowLineIsMeantThoughTheSavedLineChangedItsGroup)
               R"(["Bus"] ["Food"] ["Rent"] ["Water"])");
 }
 
-TEST_F(UnsavedRowsTest, TheClickedLineIsMeantThoughTheSavedOneMovedTheLines)
+TEST_F(UnsavedRowsTest, TheClickedLineIsMeantEvenIfTheSavedLineMovedTheLines)
 {
     AddBudget("2006-3", "Food", "1", "A");
     AddBudget("2006-3", "Rent", "1", "B");
@@ -190,7 +190,7 @@ TEST_F(UnsavedRowsTest, TheClickedLineIsMeantThoughTheSavedOneMovedTheLines)
     EXPECT_EQ(Current(), "6/2");
 }
 
-TEST_F(UnsavedRowsTest, ANewRecordOpensTheNewRowLineThoughTheSavedLineMovedIt)
+TEST_F(UnsavedRowsTest, ANewRecordOpensTheNewRowLineEvenIfTheSavedLineMovedIt)
 {
     AddBudget("2006-3", "Bus", "1", "A");
     AddBudget("2006-3", "Food", "1", "A");

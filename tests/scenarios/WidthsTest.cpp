@@ -74,7 +74,7 @@ TEST_P(WidthsTest, ColumnsAreFractionsOfTheUsableWidth)
     }
 }
 
-TEST_P(WidthsTest, TheLastColumnTakesWhatTheOthersLeave)
+TEST_P(WidthsTest, TheLastColumnGetsTheRemainingWidth)
 {
     const int rest = GetParam().rest;
     if (rest == 0)

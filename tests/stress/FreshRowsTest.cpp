@@ -18,7 +18,7 @@ TEST_F(FreshRowsTest, ARowThatAnotherProgramAddedIsShownFromTheNextCommandOn)
     EXPECT_EQ(Window()["totals"]["first"], "-100.00");
 }
 
-TEST_F(FreshRowsTest, ADeletedRowIsGoneFromTheNextCommandOn)
+TEST_F(FreshRowsTest, ADeletedRowIsMissingFromTheNextCommandOn)
 {
     OtherSql("DELETE FROM Trans WHERE Sequence = 2");
 
@@ -201,7 +201,7 @@ TEST_F(FreshRowsTest, ANewRowGetsItsOwnNumberDuringAnImport)
     EXPECT_EQ(StoredBalance(), "-85");
 }
 
-TEST_F(FreshRowsTest, ANewRowGoesToItsAccountUnderTheNewNumber)
+TEST_F(FreshRowsTest, ANewRowIsStoredInItsAccountUnderTheNewNumber)
 {
     OtherSql("UPDATE Account SET AccountID = 'B-9' WHERE AccountID = 'B-1'");
 

@@ -23,7 +23,7 @@ protected:
 constexpr int kAmount = 3;
 constexpr const char* kNoticed = "B-1|-60|-40|window";
 
-TEST_F(LostRowsTest, AnEditedRowLeavesTheTraceAndACheckReportsIt)
+TEST_F(LostRowsTest, AnEditedRowListsTheBalanceAndACheckReportsIt)
 {
     Edit(1, kAmount, "-35");
     Save();

@@ -163,7 +163,7 @@ TEST_F(SameRowTest, WhatWasTypedIntoADeletedRowStaysTyped)
     EXPECT_EQ(Stored(), "1:-10 2:-20");
 }
 
-TEST_F(SameRowTest, WhatWasTypedIntoADeletedRowCanBeGivenUp)
+TEST_F(SameRowTest, WhatWasTypedIntoADeletedRowCanBeDiscarded)
 {
     Type(kAmount, "-35");
     OtherSql("DELETE FROM Trans WHERE Sequence = 3");

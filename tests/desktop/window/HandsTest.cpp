@@ -129,7 +129,7 @@ TEST_F(HandsTest, AChangedRowIsSavedBeforeTheMonthIsLeft)
               1U);
 }
 
-TEST_F(HandsTest, TabGoesThroughEveryControlOfTheWindowAndRound)
+TEST_F(HandsTest, TabGoesThroughEveryControlOfTheWindowAndBackToTheFirst)
 {
     ClickNode("Car");
     std::vector<QWidget*> missing = {&MonthWidget(window_), &GridWidget(window_),

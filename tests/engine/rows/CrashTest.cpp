@@ -75,7 +75,7 @@ TEST_F(CrashTest, AKilledProgramLeavesTheFileInItsSettledState)
     EXPECT_EQ(Rows("SELECT Sequence, Description FROM Trans"), Lines{"1|settled"});
 }
 
-TEST_F(CrashTest, AKilledChangeOfTheSchemaLeavesTheOldOne)
+TEST_F(CrashTest, AKilledChangeOfTheSchemaKeepsTheOldSchema)
 {
     Run("INSERT INTO Loan (Description, InterestRate) VALUES ('Car', 5)");
     connection_.Settle();

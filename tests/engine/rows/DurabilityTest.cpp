@@ -27,7 +27,7 @@ protected:
     }
 };
 
-TEST_F(DurabilityTest, WhatWasSettledSurvivesAndWhatWasNotIsGone)
+TEST_F(DurabilityTest, WhatWasSettledSurvivesAndTheRestIsLost)
 {
     Run("INSERT INTO Trans (Sequence) VALUES (1)");
     connection_.Settle();
@@ -52,7 +52,7 @@ TEST_F(DurabilityTest, ChangesOfTheSchemaSettleLikeRows)
     EXPECT_EQ(FieldsOf("SELECT InterestRate FROM Loan"), "InterestRate:double");
 }
 
-TEST_F(DurabilityTest, AnErrorLeavesWhatRanBeforeIt)
+TEST_F(DurabilityTest, AnErrorKeepsWhatRanBeforeIt)
 {
     Run("INSERT INTO Trans (Sequence) VALUES (1)");
     EXPECT_THROW(Run("INSERT INTO Trans (Sequence) VALUES ('x')"), EngineError);

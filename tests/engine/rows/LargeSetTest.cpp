@@ -35,7 +35,7 @@ TEST_F(LargeSetTest, AWalkGivesEveryRowOnce)
     EXPECT_EQ(expected, 0);
 }
 
-TEST_F(LargeSetTest, AWalkOverMostRowsLeavesTheOthersOut)
+TEST_F(LargeSetTest, AWalkOverMostRowsSkipsTheOthers)
 {
     for (const char* fields : {"Sequence", "Sequence + 0 AS n, Description & '!' AS d"}) {
         const std::string sql = std::string("SELECT ") + fields + " FROM Trans WHERE Amount < 75";

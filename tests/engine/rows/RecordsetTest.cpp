@@ -121,7 +121,7 @@ TEST_F(RecordsetTest, AnAddedRowIsSavedWithItsNumberAndBecomesCurrent)
     EXPECT_EQ(Rows("SELECT AccountID, Sequence FROM Account"), Lines{"100|1"});
 }
 
-TEST_F(RecordsetTest, AnAddedRowJoinsAtTheEndWhateverTheConditionSays)
+TEST_F(RecordsetTest, AnAddedRowIsLastEvenIfItDoesNotMeetTheCondition)
 {
     AddBudget("m");
     Recordset none = Opened("SELECT * FROM Budget WHERE false");
@@ -243,7 +243,7 @@ TEST_F(RecordsetTest, AddingWhileARowIsAddedSavesTheFirst)
     EXPECT_EQ(Rows("SELECT Category FROM Budget"), (Lines{"a", "b"}));
 }
 
-TEST_F(RecordsetTest, ARefusedValueOrRowLeavesTheUnsavedValues)
+TEST_F(RecordsetTest, ARefusedValueOrRowKeepsTheUnsavedValues)
 {
     Recordset rows = Opened("SELECT Category, Amount, Year FROM Budget");
     rows.AddNew();

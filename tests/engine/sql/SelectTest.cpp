@@ -21,7 +21,7 @@ protected:
     }
 };
 
-TEST_F(SelectTest, TextsAreOrderedAlphabeticallyWhateverTheCase)
+TEST_F(SelectTest, TextsAreOrderedAlphabeticallyIgnoringCase)
 {
     AddAccounts({"b", "A", "a", "é", "B", "f", "Z", "a b"});
 

@@ -100,7 +100,7 @@ TEST_F(SyntaxTest, ABrokenQueryIsRefusedWhereItBreaks)
     }
 }
 
-TEST_F(SyntaxTest, AResultSetTakesQueriesOnly)
+TEST_F(SyntaxTest, AResultSetAcceptsOnlyQueries)
 {
     const auto error = ErrorOf([&] { Opened("DELETE FROM Trans"); });
 

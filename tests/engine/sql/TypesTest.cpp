@@ -45,7 +45,7 @@ TEST_F(TypesTest, ValuesComeBackInTheirColumnsType)
     EXPECT_EQ(rows.Get("x"), Value(std::string()));
 }
 
-TEST_F(TypesTest, AYesNoColumnTakesYesNoTrueFalseAndNumbers)
+TEST_F(TypesTest, AYesNoColumnAcceptsYesNoTrueFalseAndNumbers)
 {
     Run("CREATE TABLE T (y YESNO)");
     for (const char* value : {"YES", "NO", "TRUE", "FALSE", "-1", "0", "1", "'Yes'"})
