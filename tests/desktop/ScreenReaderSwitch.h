@@ -1,3 +1,4 @@
+// Makes the toolkit believe that a screen reader is running.
 #pragma once
 
 // The toolkit sends its events for screen readers only while one is running, and offers no public

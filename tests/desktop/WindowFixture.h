@@ -1,3 +1,4 @@
+// A fixture with the window over the books of a small household.
 #pragma once
 #include <gtest/gtest.h>
 
