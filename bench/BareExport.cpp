@@ -1,5 +1,7 @@
 // The reference of the export: writes the same rows into the same file, without the program.
+//
 //   clb_bench_bare_export DATABASE ACCOUNT FILE NOW
+//
 // NOW is the present time as a stamp with its zone: 20060305120000[0].
 
 #include <exception>

@@ -1,5 +1,7 @@
 // The reference of the import: reads the same file and adds the same rows, without the program.
+//
 //   clb_bench_bare_import FILE DATABASE NAME
+//
 // DATABASE is the delivered empty database; the new account gets the description NAME.
 
 #include <array>

@@ -1,6 +1,8 @@
 // The reference of the QIF import: reads the same file, makes the same look-ups and adds the same
 // rows, without the program.
+//
 //   clb_bench_bare_qif FILE DATABASE NAME RUN
+//
 // The rows go into the account with the description NAME, which is made if there is none. RUN is
 // the identifier that all rows get.
 

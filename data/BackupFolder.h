@@ -13,12 +13,14 @@ namespace clb {
 
 /// The folder db/backup: the names of its copies, the order in which they were made, and which of
 /// them may be removed.
+///
 /// Neither the names nor the times of the files show that order reliably: the clock may once have
 /// been ahead, and copying the folder gives all files the same time. So the file "order" lists the
 /// copies, oldest first, each with its size and time as they were when the copy was checked. A copy
 /// that is not in the list (of an earlier version, or put there by hand) counts as newer than the
 /// listed ones. Several such copies are ordered by their times, then by their names. Those with a
 /// time in the future come first, because their clock was wrong.
+///
 /// The file "failed" says why the last daily backup was not made. Both files may be lost without
 /// harm, and broken lines in them are skipped. A folder, pipe or link with one of these names gives
 /// way to the file when it is written next; a folder is kept with ".damaged" after its name.

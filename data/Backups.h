@@ -15,6 +15,7 @@ namespace clb {
 /// ("clb-2026-11-21-153012.mdb"). Each copy is written under a temporary name and checked. Only
 /// then is it renamed to its own name, which no copy had before, and synchronised to the disk. Only
 /// the user can read the files and the folder. Several programs may make copies at the same time.
+///
 /// Every failure is an EngineError and leaves the database and all other copies as they were.
 class Backups {
 public:

@@ -12,6 +12,7 @@ struct SummedAmounts;
 
 /// Sums the rows of what is shown. The database makes every sum, so it is exact. The store and the
 /// shown state are borrowed.
+///
 /// Each operation is for one view. An operation that has a single sum leaves the second argument as
 /// passed. Throws EngineError, also for a sum that an amount cannot hold and for a cell that is not
 /// an amount; the text then names the cell.

@@ -1,5 +1,6 @@
 // Writing fails below the storage. The program reports it and goes on, the file keeps what was
 // reported saved, and everything works again after the fault is gone.
+//
 // CLB_CRASH_RUNS=1000 sets the number of runs of each kind of fault, CLB_CRASH_SEED=7 generates
 // other sessions.
 

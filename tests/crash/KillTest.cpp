@@ -1,5 +1,6 @@
 // The program is killed while it works. What it had reported saved is there, and what it was doing
 // is there completely or not at all.
+//
 // CLB_CRASH_RUNS=2000 sets the number of kills, CLB_CRASH_SEED=7 generates other sessions.
 
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 // The power fails while the program works. Everything that was synchronised is on the disk, and any
 // part of the rest. What the program had reported saved is there.
+//
 // CLB_CRASH_RUNS=1000 sets the number of power losses, CLB_CRASH_SEED=7 generates other sessions.
 
 #include "tests/crash/DiskModel.h"

@@ -2,6 +2,7 @@
 // model in memory. After each action the shown view and every row of every table are compared.
 // Every ten actions, and at the end of each run, all views of the month are compared too (Replay.h
 // says why not after each action).
+//
 // A long run:  CLB_MODEL_ACTIONS=200000 CLB_MODEL_SEED=1 clb_test_model
 // CLB_MODEL_RUN is the number of actions from one start to the next.
 
