@@ -6,10 +6,7 @@ namespace clb {
 
 /// Codes of the mouse pointer.
 namespace pointer {
-enum : std::int32_t {
-    Default = 0,
-    Hourglass = 11
-};
+enum : std::int32_t { Default = 0, Hourglass = 11 };
 }  // namespace pointer
 
 /// The mouse pointer over the whole screen.
