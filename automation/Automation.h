@@ -46,7 +46,7 @@ public:
 /// writes one reply, also a JSON object on a line, at once. presenter: nullptr without a window.
 /// Returns the exit code of the process: 0 after quit or the end of input, 1 if loading failed, a
 /// request could not be read or a reply could not be written. Throws std::bad_alloc if there is no
-/// memory for a reply. Throws Interrupted if the program is told to end; the running command is
+/// memory for a reply. Throws Interrupted if the program is asked to end; the running command is
 /// then taken back.
 int RunAutomation(std::istream& requests, std::ostream& replies, const AutomationOptions& options,
                   IPresenter* presenter);

@@ -20,7 +20,7 @@ using VerbTable = std::map<std::string_view, Verb>;
 const VerbTable& WindowVerbs();
 /// Work in the grid.
 const VerbTable& GridVerbs();
-/// What no user does: state, answers, log, SQL, calls.
+/// What a driver does and a user does not: state, answers, log, SQL, calls.
 const VerbTable& SessionVerbs();
 
 }  // namespace clb

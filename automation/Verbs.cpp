@@ -22,7 +22,7 @@ Json PerformVerb(Session& session, const Request& request)
     if (verb.users && !session.controller.window.Enabled())
         throw RequestError("The main window is disabled");
     OtherPrograms& others = session.controller.Others();
-    // As in the window, a user's command begins by showing what other programs have written.
+    // As in the window, a user's command first shows what other programs have written.
     if (verb.users && !others.Follow() && verb.onCurrentRow)
         throw RequestError(others.WhyRowGone());
     return verb.perform(session, request);

@@ -1,3 +1,4 @@
+// Uses the storage library without the program, as the reference of the benchmarks.
 #pragma once
 #include <sqlite3.h>
 
@@ -8,13 +9,13 @@
 
 namespace clb {
 
-/// One prepared statement, used bare. Parameters count from 1, columns from 0. Errors throw
-/// std::runtime_error with the storage's message.
+/// One prepared statement of the storage library, used without the program. Parameters count from
+/// 1, columns from 0. Errors throw std::runtime_error with the storage's message.
 class BareStatement {
 public:
     BareStatement(sqlite3* database, std::string_view sql);
 
-    /// The text is not copied: it must live until the statement has run.
+    /// Does not copy the text: it must live until the statement has run.
     void Bind(int parameter, std::string_view text)
     {
         sqlite3_bind_text(raw_.get(), parameter, text.data(), static_cast<int>(text.size()),
@@ -24,7 +25,7 @@ public:
     {
         sqlite3_bind_int64(raw_.get(), parameter, value);
     }
-    /// True with a row, false at the end; the statement can then be run again.
+    /// Returns true for a row, false at the end; the statement can then be run again.
     bool Step()
     {
         const int code = sqlite3_step(raw_.get());
@@ -35,7 +36,7 @@ public:
             Throw();
         return false;
     }
-    /// Steps to the one row of a statement such as SELECT MAX(...) and gives its first column.
+    /// Steps to the only row of a statement such as SELECT MAX(...) and returns its first column.
     std::int64_t One()
     {
         const std::int64_t value = Step() ? Integer(0) : 0;
@@ -48,7 +49,7 @@ public:
     {
         return sqlite3_column_int64(raw_.get(), column);
     }
-    /// Holds until the next step.
+    /// Valid until the next step.
     [[nodiscard]] std::string_view Text(int column) const
     {
         const auto* text = sqlite3_column_text(raw_.get(), column);
@@ -67,8 +68,8 @@ private:
     std::unique_ptr<sqlite3_stmt, Finalize> raw_;
 };
 
-/// The storage without the program: an existing file, opened with the program's own settings
-/// (rollback journal, extra synchronous, 16 MiB of cache). Errors throw std::runtime_error.
+/// An existing database file without the program, opened with the program's own settings (rollback
+/// journal, extra synchronous, 16 MiB of cache). Errors throw std::runtime_error.
 class BareDatabase {
 public:
     explicit BareDatabase(const std::string& path);

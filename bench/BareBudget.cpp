@@ -2,7 +2,7 @@
 
 namespace clb {
 
-// The sums are made first, in the order of the index; joining line by line is slower.
+// The sums are made first, in the order of the index; a join line by line is slower.
 BareBudget::BareBudget(BareDatabase& database)
     : lines_(database.Prepare(
           "SELECT CategoryGroup, Budget.Category, Amount, Spent FROM Budget LEFT JOIN (SELECT "

@@ -1,3 +1,4 @@
+// Reads a month's budget without the program.
 #pragma once
 #include <cstdint>
 #include <string>
@@ -8,14 +9,14 @@
 
 namespace clb {
 
-/// The reference of a budget: one grouped statement, prepared once, that gives every line of a
-/// month with what was spent on it; groups and totals are added up from its rows.
+/// The reference of a budget: one grouped statement, prepared once, that returns every line of a
+/// month with what was spent on it. Groups and totals are added up from its rows.
 class BareBudget {
 public:
     /// Borrows the database.
     explicit BareBudget(BareDatabase& database);
 
-    /// Amounts in 1/10000 units.
+    /// Amounts are in 1/10000 of a unit.
     struct Line {
         std::string group;
         std::string category;

@@ -1,8 +1,8 @@
-// The reference of the export: the same rows into the same file, without the program.
+// The reference of the export: writes the same rows into the same file, without the program.
 //
 //   clb_bench_bare_export DATABASE ACCOUNT FILE NOW
 //
-// NOW is the present date stamp with its zone: 20060305120000[0].
+// NOW is the present time as a stamp with its zone: 20060305120000[0].
 
 #include <exception>
 #include <fstream>
@@ -81,7 +81,7 @@ private:
         text_.append("</STMTTRN>");
     }
 
-    /// 1/10000 units, without trailing zeros.
+    /// Writes 1/10000 units without trailing zeros.
     static std::string Plain(std::int64_t amount)
     {
         std::string text = std::to_string((amount < 0 ? -amount : amount) / 10000);

@@ -1,5 +1,4 @@
-// The reference of the import: the same file, the same fields and the same rows, without the
-// program.
+// The reference of the import: reads the same file and adds the same rows, without the program.
 //
 //   clb_bench_bare_import FILE DATABASE NAME
 //
@@ -22,7 +21,7 @@ namespace {
 constexpr std::size_t kMemoLength = 50;
 constexpr std::string_view kNone = "(none)";
 
-/// What follows the tag, up to "<" or a carriage return, without outer blanks.
+/// Returns the text after the tag, up to "<" or a carriage return, without outer blanks.
 std::string_view ValueOf(std::string_view text, std::string_view tag)
 {
     const std::size_t found = text.find(tag);
@@ -36,7 +35,7 @@ std::string_view ValueOf(std::string_view text, std::string_view tag)
     return value.substr(first, value.find_last_not_of(' ') - first + 1);
 }
 
-/// The first characters of a UTF-8 text.
+/// Returns the first characters of a UTF-8 text.
 std::string_view Cut(std::string_view text, std::size_t characters)
 {
     if (text.size() <= characters)
@@ -84,7 +83,7 @@ private:
     void ReadIdentifiers()
     {
         constexpr std::size_t bytesARecord =
-            128;  // a guess that makes room for all of them at once
+            128;  // an estimate that makes room for all of them at once
         known_.reserve(text_.size() / bytesARecord);
         BareStatement read = database_.Prepare("SELECT FITID FROM Trans WHERE AccountID = ?");
         read.Bind(1, account_);
@@ -127,7 +126,7 @@ private:
                    Present(Cut(ValueOf(block, "<MEMO>"), kMemoLength)), kNone});
     }
 
-    /// An empty text, not null.
+    /// Turns null into an empty text.
     static std::string_view Present(std::string_view text)
     {
         return text.empty() ? std::string_view("") : text;

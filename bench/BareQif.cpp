@@ -1,10 +1,10 @@
-// The reference of the QIF import: the same file, the same look-ups and the same rows, without the
-// program.
+// The reference of the QIF import: reads the same file, makes the same look-ups and adds the same
+// rows, without the program.
 //
 //   clb_bench_bare_qif FILE DATABASE NAME RUN
 //
-// The rows go into the account described as NAME, which is made where there is none; RUN is the
-// identifier that they all get.
+// The rows go into the account with the description NAME, which is made if there is none. RUN is
+// the identifier that all rows get.
 
 #include <array>
 #include <cstdio>
@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::string_view kNone = "(none)";
 
-/// The lines between two ends of records; texts refer to the file.
+/// The lines between two record ends. The texts refer to the file.
 struct Record {
     std::int64_t amount = 0;
     std::string_view check = "";
@@ -95,7 +95,7 @@ private:
     }
     static std::string_view Kept(std::string_view text) { return text.substr(0, 50); }
 
-    /// month/day/year of four digits
+    /// Reads month/day/year with a year of four digits.
     void SetDate(std::string_view text)
     {
         const std::size_t first = text.find('/');

@@ -8,7 +8,7 @@ constexpr int kNumbers[] = {2, 7, 8, 10, 11};
 
 }  // namespace
 
-// The plus keeps the order of the rows from choosing the index: the month is looked up first,
+// The plus prevents the order of the rows from choosing the index: the month is looked up first,
 // whatever indices there are.
 BareRegister::BareRegister(BareDatabase& database)
     : rows_(database.Prepare(

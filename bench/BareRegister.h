@@ -1,3 +1,4 @@
+// Reads a month's register without the program.
 #pragma once
 #include <cstdint>
 #include <string>
@@ -7,8 +8,8 @@
 
 namespace clb {
 
-/// The reference of a register: the statements of one account's month, prepared once, every value
-/// read out and none kept.
+/// The reference of a register: the statements of one account's month, prepared once. Every value
+/// is read and none is kept.
 class BareRegister {
 public:
     /// Borrows the database.
@@ -16,8 +17,9 @@ public:
 
     struct Result {
         std::int32_t rows = 0;
-        std::int64_t balance = 0;  ///< at the month's end, 1/10000 units
-        std::uint64_t read = 0;    ///< made of all values, so that reading them is not left out
+        std::int64_t balance = 0;  ///< at the end of the month, in 1/10000 units
+        std::uint64_t read =
+            0;  ///< made from all values, so that the compiler cannot leave out reading them
     };
     Result Read(const std::string& account, Month month);
 

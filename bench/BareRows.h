@@ -1,3 +1,4 @@
+// Adds transactions and budget lines without the program.
 #pragma once
 #include <cstdint>
 #include <string_view>
@@ -20,18 +21,18 @@ struct BareTransaction {
     std::string_view category;
 };
 
-/// The rows that an import adds, by statements prepared once.
+/// Adds the rows of an import, with statements prepared once.
 class BareRows {
 public:
     /// Borrows the database.
     explicit BareRows(BareDatabase& database);
 
-    /// Adds it with the next number; the largest is asked for each time, as the program has to.
+    /// Adds it with the next number. Reads the largest number each time, as the program must.
     void Add(const BareTransaction& transaction);
-    /// Adds the category's line in the group to the month's budget unless it is there.
+    /// Adds the category's line in the group to the month's budget, unless the line exists.
     void ProvideBudgetLine(std::int64_t year, std::int64_t period, std::string_view category,
                            std::string_view group);
-    /// Stores every account's balance anew.
+    /// Recomputes and stores the balance of every account.
     void Rebalance();
 
 private:

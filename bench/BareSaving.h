@@ -1,3 +1,4 @@
+// Saves an edited row without the program.
 #pragma once
 #include <cstdint>
 #include <string>
@@ -12,18 +13,18 @@ namespace clb {
 /// storage.
 class BareSaving {
 public:
-    /// Borrows the database. The register is that of one account's month.
+    /// Borrows the database. The register is that of the account and month.
     BareSaving(BareDatabase& database, std::string account, Month month);
 
     [[nodiscard]] std::size_t Rows() const { return rows_.size(); }
-    /// Gives a row, from 0 in the register's order, another amount and makes that durable: the
-    /// account's balance and the balance at the month's end follow. Returns the latter; amounts in
-    /// 1/10000 units.
+    /// Changes the amount of a row, counted from 0 in the register's order, and makes that durable.
+    /// The account's balance and the balance at the end of the month follow. Returns the latter.
+    /// Amounts are in 1/10000 units.
     std::int64_t Save(std::size_t row, std::int64_t amount);
 
 private:
     std::string account_;
-    std::vector<std::int64_t> rows_;  // identities
+    std::vector<std::int64_t> rows_;  // row ids
     BareStatement begin_;
     BareStatement update_;
     BareStatement sum_;

@@ -1,3 +1,4 @@
+// Reads files, numbers and amounts without the program.
 #pragma once
 #include <cstdint>
 #include <string>
@@ -5,13 +6,13 @@
 
 namespace clb {
 
-/// Reading without the program: plain ASCII files of good numbers only. All throw
-/// std::runtime_error.
+/// These functions read text without the program. They take plain ASCII and valid numbers only, and
+/// throw std::runtime_error for anything else.
 
 std::string ReadFile(const std::string& path);
-/// A whole number without a sign.
+/// Reads a whole number without a sign.
 std::int64_t Digits(std::string_view text);
-/// An amount in 1/10000 units.
+/// Reads an amount in 1/10000 units.
 std::int64_t Amount(std::string_view text);
 
 }  // namespace clb

@@ -1,5 +1,5 @@
-// The reference of the start: a window with the same controls that do nothing, ended once
-// it is painted.
+// The reference of the start: opens a window with the same controls, which do nothing, and ends
+// after it has been painted.
 
 #include <QApplication>
 #include <QComboBox>
@@ -64,7 +64,7 @@ QTableWidget* MakeTable()
     return table;
 }
 
-/// Ends the program once the window is painted.
+/// Ends the program after the window has been painted.
 class EndWhenPainted : public QObject {
 public:
     using QObject::QObject;

@@ -10,10 +10,10 @@
 namespace clb {
 namespace {
 
-/// All that the grid shows, row by row, and the totals line.
+/// Everything that the grid shows, row by row, and the totals line.
 using Texts = std::vector<std::string>;
 
-/// The program's window on the books, showing the budget.
+/// The program's window, showing the budget.
 class ShownBudget {
 public:
     ShownBudget(const std::string& folder, LedgerSize size) : program_(folder, forms_)
@@ -56,7 +56,7 @@ private:
     Program program_;
 };
 
-/// What the grid must show, made of the reference's lines.
+/// What the grid must show, made from the reference's lines.
 class ExpectedTexts {
 public:
     explicit ExpectedTexts(const std::vector<BareBudget::Line>& lines)

@@ -1,3 +1,4 @@
+// Measures time and memory of a piece of work or of a whole process.
 #pragma once
 #include <chrono>
 #include <cstdint>
@@ -6,22 +7,22 @@
 
 namespace clb {
 
-/// What something took.
+/// What a piece of work cost.
 struct Cost {
-    double wall = 0;             ///< seconds by the clock
-    double processor = 0;        ///< seconds of the processor, user and system
-    std::int64_t peakBytes = 0;  ///< largest resident memory; 0 where it was not measured
+    double wall = 0;             ///< seconds of elapsed time
+    double processor = 0;        ///< seconds of processor time, user and system
+    std::int64_t peakBytes = 0;  ///< largest resident memory; 0 if it was not measured
 
     /// Adds the times of another piece of work; the peak stays.
     Cost& operator+=(const Cost& more);
 };
 
-/// Runs a program to its end, its standard output thrown away, and reports what the whole process
-/// took. Throws std::runtime_error when it cannot be run or its exit code is not 0. The peak cannot
-/// be smaller than what this process holds itself at that moment.
+/// Runs a program to its end, discards its standard output, and returns the cost of the whole
+/// process. Throws std::runtime_error if it cannot be run or its exit code is not 0. The peak
+/// cannot be smaller than what this process itself holds at that moment.
 Cost RunProgram(const std::vector<std::string>& command);
 
-/// Measures this process from its making on.
+/// Measures this process from the stopwatch's construction on.
 class Stopwatch {
 public:
     Stopwatch();

@@ -1,5 +1,5 @@
-// The figures of the program, as ratios, in one run. Exit code: 0 all within their limits, 1 one is
-// over it, 2 nothing was measured.
+// Measures all figures of the program as ratios, in one run. Exit code: 0 if all are within their
+// limits, 1 if one exceeds its limit, 2 if nothing was measured.
 
 #include <CLI/CLI.hpp>
 #include <exception>
@@ -21,8 +21,8 @@ struct Options {
     bool json = false;
 };
 
-/// Figures that come out of one measurement. Whole processes are measured before this one grows;
-/// the books are changed last.
+/// Figures that one measurement yields. Whole processes are measured before this process grows; the
+/// measurements that change the books come last.
 struct Measurement {
     std::vector<std::string> names;
     std::vector<clb::Figure> (*run)(const clb::WorkFolder& work, int rounds);

@@ -18,7 +18,7 @@ namespace {
 
 constexpr double kMilli = 1e-3;
 
-/// What the net worth shows, every value read.
+/// What the net worth shows. Every value is read.
 struct AccountsRead {
     std::int64_t worth = 0;  ///< in 1/10000 units
     std::size_t letters = 0;
@@ -38,7 +38,7 @@ AccountsRead ReadAccounts(BareDatabase& database)
     return result;
 }
 
-/// Opening the books and showing the net worth, as each start of the program does.
+/// Opens the books and shows the net worth, as each start of the program does.
 GrowthCell MeasureOpening(const std::string& folder, int rounds)
 {
     Rounds costs;
@@ -84,7 +84,7 @@ GrowthCell MeasureNetWorth(const std::string& folder, int rounds)
     return {figure.ours, figure.reference};
 }
 
-/// Recomputes all balances; the reference does it in its copy.
+/// Recomputes all balances; the reference does so in its copy.
 GrowthCell MeasureBalances(const std::string& folder, const std::string& copy, int rounds)
 {
     NoForms forms;

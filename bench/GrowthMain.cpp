@@ -1,5 +1,5 @@
-// What the program's steps cost in books of 10,000 to 5,000,000 transactions, beside the storage
-// used bare, as one table.
+// Prints what the program's steps cost in books of 10,000 to 5,000,000 transactions, compared with
+// the bare storage, as one table.
 
 #include <CLI/CLI.hpp>
 #include <exception>
@@ -11,7 +11,7 @@ namespace {
 
 struct Size {
     std::int64_t transactions;
-    clb::LedgerSize books;  ///< about as many, the purse left out
+    clb::LedgerSize books;  ///< about this many transactions, without the purse
 };
 const Size kSizes[] = {{10'000, {16, 3}},
                        {100'000, {20, 24}},
@@ -33,7 +33,7 @@ std::vector<clb::GrowthLine> Filled(std::vector<clb::GrowthLine> lines,
     return lines;
 }
 
-/// Whole processes are measured before this one grows.
+/// Whole processes are measured before this process grows.
 void Measure(std::int64_t largest, int rounds)
 {
     const clb::WorkFolder work;

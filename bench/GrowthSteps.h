@@ -1,3 +1,4 @@
+// Measures the program's steps in books of one size.
 #pragma once
 #include <cstdint>
 #include <vector>
@@ -8,16 +9,15 @@
 
 namespace clb {
 
-/// What statements cost: import into fresh books, import once more, memory and file size, and the
-/// export of one account. One statement of at most 250,000 transactions an account. One cell for
-/// each line, in the order of StatementLines(). Throws std::runtime_error where ours and the
-/// reference's books differ.
+/// Measures statements: the import into fresh books, a second import, memory and file size, and the
+/// export of one account. One statement has at most 250,000 transactions, for one account. The
+/// cells are in the order of StatementLines(). Throws std::runtime_error if our books differ from
+/// the reference's.
 std::vector<GrowthLine> StatementLines();
 std::vector<GrowthCell> MeasureStatements(const WorkFolder& work, std::int64_t transactions);
 
-/// What the program does in books of the size: open them, show the net worth, a month's register
-/// and budget, save an edited row, store all balances anew. One cell for each line, in the order of
-/// BooksLines().
+/// Measures books of the size: opens them, shows the net worth, a month's register and budget,
+/// saves an edited row, and recomputes all balances. The cells are in the order of BooksLines().
 std::vector<GrowthLine> BooksLines();
 std::vector<GrowthCell> MeasureBooks(const WorkFolder& work, LedgerSize size, int rounds);
 

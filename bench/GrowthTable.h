@@ -1,3 +1,4 @@
+// A table of what the program's steps cost as the books grow.
 #pragma once
 #include <cstdint>
 #include <iosfwd>
@@ -9,10 +10,10 @@
 
 namespace clb {
 
-/// What a step may cost in larger books.
+/// How much a step may cost in larger books.
 enum class Growth {
-    WithRows,  ///< it reads all: as much for each row as before
-    None,      ///< it reads a month: as much as before
+    WithRows,  ///< it reads all rows: the same cost for each row
+    None,      ///< it reads a month: the same cost in total
     Free       ///< for information only
 };
 
@@ -22,7 +23,7 @@ struct GrowthCell {
     std::optional<double> reference;
 };
 
-/// One step at every size, from the smallest on.
+/// One step at every size, the smallest first.
 struct GrowthLine {
     std::string title;
     std::string unit;
@@ -30,8 +31,9 @@ struct GrowthLine {
     std::vector<GrowthCell> cells;
 };
 
-/// The lines' figures, ours and the reference's and their ratio for each size, and what the largest
-/// books cost against the smallest: for each row, or as a whole where nothing may grow.
+/// Prints the figures of the lines: ours, the reference's and their ratio for each size. Then
+/// prints what the largest books cost compared with the smallest: for each row or, if the cost must
+/// not grow, in total.
 void PrintGrowth(std::ostream& out, const std::vector<std::int64_t>& sizes,
                  const std::vector<GrowthLine>& lines);
 

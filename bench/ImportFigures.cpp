@@ -32,10 +32,10 @@ Cost ImportAfresh(const WorkFolder& work, const std::string& file)
     return Import(file, folder);
 }
 
-/// What the rounds of one statement of 100,000 gave.
+/// Results of the rounds with one statement of 100,000 transactions.
 struct ImportRounds {
-    Rounds first;  ///< ours and the reference
-    Rounds again;  ///< ours for the second time and for the first
+    Rounds first;  ///< our import and the reference
+    Rounds again;  ///< our second import and our first
     double peakBytes = 0;
     double fileBytes = 0;
 };

@@ -1,3 +1,4 @@
+// Measures the import of OFX statements.
 #pragma once
 #include <vector>
 
@@ -6,11 +7,11 @@
 
 namespace clb {
 
-/// "import", "memory" and "again": 100,000 transactions into a fresh folder, whole processes, ours
-/// and the reference in turn; then the same file once more.
+/// Measures "import", "memory" and "again": 100,000 transactions into a fresh folder, as whole
+/// processes, ours and the reference in turn; then the same file once more.
 std::vector<Figure> MeasureImport(const WorkFolder& work, int rounds);
 
-/// "scaling": what a row takes in a statement of 200,000 and in one of 20,000.
+/// Measures "scaling": the time for a row in a statement of 200,000 and in one of 20,000.
 std::vector<Figure> MeasureScaling(const WorkFolder& work, int rounds);
 
 }  // namespace clb

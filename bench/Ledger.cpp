@@ -16,7 +16,7 @@ namespace {
 constexpr std::int32_t kRowsAMonth = 208;
 constexpr std::int32_t kDaysUsed = 28;
 constexpr std::int32_t kPurseMonths = 24;
-constexpr std::int32_t kOutOfBudget = 5;  ///< each of so many accounts
+constexpr std::int32_t kOutOfBudget = 5;  ///< one in this many accounts
 constexpr std::array<std::string_view, 20> kGroups = {
     "Living", "House",   "Garden", "Car",       "Travel",  "Health", "Children",
     "School", "Clothes", "Sport",  "Hobbies",   "Books",   "Music",  "Pets",
@@ -28,13 +28,14 @@ constexpr std::array<std::string_view, 6> kShops = {"Corner Grocery",    "Rivers
                                                     "City Water Works",  "Harbour Books",
                                                     "Green Lane Garage", "Station Cafe"};
 
-/// From January 1990 on.
+/// Counted from January 1990.
 Month LedgerMonth(std::int32_t number)
 {
     return {1990 + number / 12, 1 + number % 12};
 }
 
-/// The indices of Trans, dropped while rows are added and made anew at the end: much faster.
+/// The indices of Trans. They are dropped while rows are added and made again at the end, which is
+/// much faster.
 class TransIndices {
 public:
     explicit TransIndices(BareDatabase& database) : database_(database)
@@ -138,7 +139,7 @@ private:
 
     BareDatabase& database_;
     LedgerSize size_;
-    std::vector<std::string> accounts_;  // the purse last, while it is used
+    std::vector<std::string> accounts_;  // the purse is last while it is used
     std::vector<std::string> categories_;
     std::int64_t sequence_ = 0;
     std::mt19937 random_{19990117};

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::int32_t kReadings = 240;
 
-/// The program's window on the books, showing an account's register.
+/// The program's window, showing an account's register.
 class ShownRegister {
 public:
     ShownRegister(const std::string& folder, LedgerSize size) : program_(folder, forms_)
@@ -83,7 +83,7 @@ Rounds MeasureRegisterReloads(const std::string& folder, LedgerSize size, int ro
 
 namespace {
 
-/// A data store that reads months of registers; nothing is edited.
+/// A data store that only reads months of registers.
 class RowReader : private IShownState, private ICurrentRow {
 public:
     RowReader(const std::string& folder, LedgerSize size)
@@ -91,7 +91,7 @@ public:
     {
     }
 
-    /// Reads every value of as many months; adds up the rows.
+    /// Reads every value of this many months and adds up the number of rows.
     Cost Read(std::int64_t& rows)
     {
         const Stopwatch watch;

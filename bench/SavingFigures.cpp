@@ -14,14 +14,14 @@
 namespace clb {
 namespace {
 
-/// Another amount each time.
+/// Returns another amount each time.
 Money AmountOf(std::int32_t turn)
 {
     return Money::FromScaled(-(std::int64_t{turn} % 30'000 + 1) * 100);
 }
 
-/// The program's window on the books, showing the purse's register. An account with more
-/// transactions would only add to the sums, which both sides make alike.
+/// The program's window, showing the purse's register. An account with more transactions would only
+/// add to the sums, which both sides make in the same way.
 class ShownPurse {
 public:
     ShownPurse(const std::string& folder, LedgerSize size) : program_(folder, forms_)
@@ -32,7 +32,8 @@ public:
 
     std::size_t Rows() { return Grid().Rows().NewRow() - 1; }
 
-    /// Types another amount into a row, from 0, leaves the row and waits until it is durable.
+    /// Types another amount into a row, counted from 0, leaves the row and waits until it is
+    /// durable.
     Cost Save(std::size_t row, Money amount)
     {
         const std::string text = amount.Grouped();

@@ -12,7 +12,7 @@ namespace {
 constexpr double kLimit = 1.6;
 constexpr double kMemoryLimit = 1.5;
 
-/// No display needed, and nothing of the user's touched.
+/// Needs no display and touches none of the user's files.
 void KeepToItself(const WorkFolder& work)
 {
     for (const char* place : {"XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"}) {
@@ -31,7 +31,7 @@ Rounds MeasureStarts(const std::string& folder, int rounds)
     const auto start = [&] {
         return RunProgram({CLB_WINDOW, "--until-painted", "--home", folder});
     };
-    start();  // The first one unpacks the manual.
+    start();  // The first start unpacks the manual.
     RunProgram({CLB_BARE_WINDOW});
     for (int round = 0; round < rounds; ++round) {
         starts.ours.push_back(start());
@@ -67,7 +67,7 @@ double PeakOf(const std::vector<Cost>& costs)
 std::vector<Figure> MeasureStart(const WorkFolder& work, int rounds)
 {
     KeepToItself(work);
-    // A start takes so little that single ones differ much.
+    // A start is so short that single ones differ much.
     const int starts = 4 * rounds;
     const Rounds empty = MeasureStarts(work.Deliver("start"), starts);
     const Rounds large = MeasureStarts(DeliverLedger(work, kLargeLedger), starts);

@@ -1,3 +1,4 @@
+// Measures the start of the program with its window.
 #pragma once
 #include <vector>
 
@@ -7,8 +8,9 @@ namespace clb {
 
 class WorkFolder;
 
-/// From the start of the process to the painted window, against a bare window: over the delivered
-/// database, over large books, and the memory then. Without a display both paint into memory.
+/// Measures the time from the start of the process to the painted window, compared with a bare
+/// window: with the delivered database and with large books, and the memory then. Without a display
+/// both paint into memory.
 std::vector<Figure> MeasureStart(const WorkFolder& work, int rounds);
 
 }  // namespace clb

@@ -130,7 +130,7 @@ private:
         const auto days = std::int64_t{number} * kDays / count_;
         const Date day =
             Date::FromDays(Date::FromIso(kFirstDay)->Days() + static_cast<std::int32_t>(days));
-        // No two of a day are equal: each has cents of its own.
+        // No two transactions of a day are equal: their cents differ.
         out_ << 'D' << day.Month() << '/' << day.Day() << '/' << day.Year() << "\r\nT-"
              << Below(300) << '.' << 1000 + number % 9000 << "\r\n";
         if (Below(10) == 0)

@@ -29,7 +29,7 @@ Cost ImportBare(const std::string& file, const std::string& folder, const std::s
     return RunProgram({CLB_BARE_QIF, file, DatabasePath(folder), kAccount, run});
 }
 
-/// The identifier that the program gave its rows, so that the reference's are the same.
+/// The identifier that the program gave its rows. The reference uses the same.
 std::string RunOf(const std::string& folder)
 {
     BareDatabase database(DatabasePath(folder));
@@ -50,14 +50,14 @@ Cost Export(const std::string& folder, const std::string& account, const std::st
     return RunProgram({CLB_PROGRAM, "export", account, file, "--replace", "--home", folder});
 }
 
-/// The text after the tag, up to the next one.
+/// Returns the text after the tag, up to the next tag.
 std::string Element(const std::string& text, const std::string& tag)
 {
     const std::size_t start = text.find(tag) + tag.size();
     return text.substr(start, text.find('<', start) - start);
 }
 
-/// The reference writes what the program has written, to the second.
+/// The reference writes what the program has written, with the same second in the stamp.
 Cost ExportBare(const std::string& folder, const std::string& ours, const std::string& reference)
 {
     const std::string text = ReadFile(ours);

@@ -1,3 +1,4 @@
+// Measures the import of QIF files and the export of statements.
 #pragma once
 #include <string>
 #include <vector>
@@ -8,17 +9,17 @@ namespace clb {
 
 class WorkFolder;
 
-/// QIF files in, for the first and for a second time, and exported statements out, with what the
-/// export takes of memory.
+/// Measures a first and a second import of QIF files, and the export of statements with the memory
+/// that it takes.
 std::vector<Figure> MeasureQif(const WorkFolder& work, int rounds);
 std::vector<Figure> MeasureExport(const WorkFolder& work, int rounds);
 
-/// One account exported by the program and by the bare storage, as whole processes. Throws
-/// std::runtime_error where the files differ.
+/// Costs of exporting one account by the program and by the bare storage, as whole processes.
 struct Exports {
     Cost ours;
     Cost reference;
 };
+/// Throws std::runtime_error if the files differ.
 Exports MeasureExports(const WorkFolder& work, const std::string& folder,
                        const std::string& account);
 

@@ -1,11 +1,12 @@
+// The temporary folder of a benchmark run.
 #pragma once
 #include <filesystem>
 #include <string>
 
 namespace clb {
 
-/// A folder of this run below $TMPDIR, else below /var/tmp; gone with everything in it afterwards.
-/// Throws std::runtime_error when none can be made.
+/// A folder for this run below $TMPDIR, or else below /var/tmp. Removes it with everything in it on
+/// destruction. Throws std::runtime_error if none can be made.
 class WorkFolder {
 public:
     WorkFolder();
@@ -17,12 +18,13 @@ public:
     {
         return (path_ / name).string();
     }
-    /// Makes a program folder of that name with the delivered database, in place of an earlier one;
+    /// Makes a program folder of that name with the delivered database, replacing an earlier one;
     /// returns its path.
     [[nodiscard]] std::string Deliver(const std::string& name) const;
-    /// Waits until everything written is on the disk, so that it does not weigh on what comes next.
+    /// Waits until everything written is on the disk, so that it does not slow down the next step.
     void Flush() const;
-    /// Where it is and on what: "/var/tmp/clb-bench-Xy12 (ext4)". Memory is pointed out.
+    /// Its path and kind of file system: "/var/tmp/clb-bench-Xy12 (ext4)". Says so if it is in
+    /// memory.
     [[nodiscard]] std::string Description() const;
 
 private:

@@ -34,7 +34,7 @@ bool Has(const DatabaseReport& report, const char* kind)
                        [kind](const Finding& finding) { return finding.kind == kind; });
 }
 
-/// Whether the next start can bring the data up to date, as far as the version tells.
+/// Whether the next start can bring the data up to date, judging by its version.
 bool HasTrueVersion(const DatabaseReport& report)
 {
     return std::none_of(report.findings.begin(), report.findings.end(),

@@ -70,7 +70,7 @@ constexpr std::array<DemoLine, 12> kBudget{{
     {"Fun", "Travel", -150},
 }};
 
-/// A transaction of every month.
+/// A transaction that comes every month.
 struct DemoHabit {
     const char* account;
     const char* payee;

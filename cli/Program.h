@@ -35,9 +35,9 @@ public:
     ConsoleFileDialog& Files() { return files_; }
     [[nodiscard]] Month PresentMonth() const;
 
-    /// Makes durable what was written and unloads the program. Each command does this last, before
+    /// Makes what was written durable and unloads the program. Each command does this last, before
     /// it prints what it did. Throws EngineError if that fails, and Interrupted if the program was
-    /// told to end; nothing is kept then.
+    /// asked to end; nothing is kept then.
     void Finish();
 
     /// Chooses the month that the next PressNode or PressAccount shows.

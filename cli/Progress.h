@@ -10,9 +10,9 @@
 
 namespace clb {
 
-/// Writes to a stream how far a long command is: nothing during the first pause, then at most one
-/// line per pause, and only if there is progress. Writes to the buffer that the stream has when the
-/// object is made.
+/// Writes to a stream how far a long command has got: nothing during the first pause, then at most
+/// one line per pause, and only if there is progress. Writes to the buffer that the stream has when
+/// the object is made.
 class Progress {
 public:
     /// Throws RuntimeError (OutOfMemory) if the thread that reports it cannot be started.

@@ -49,7 +49,7 @@ struct Release {
 template <class Thing>
 using Owned = std::unique_ptr<Thing, Release>;
 
-/// Throws std::bad_alloc if the library had no memory for the thing.
+/// Throws std::bad_alloc if the library had no memory for the object.
 template <class Thing>
 Owned<Thing> Own(Thing* made)
 {
@@ -111,7 +111,7 @@ void EndLoop(evutil_socket_t, short, void* loop)
     event_base_loopbreak(static_cast<event_base*>(loop));
 }
 
-/// Serves until the program is told to end.
+/// Serves until the program is asked to end.
 void Serve(const ServerOptions& options)
 {
     PriceFile prices(options.prices, std::cerr);

@@ -57,7 +57,8 @@ std::string FindBackup(const Backups& backups, const std::string& word)
                            ".");
 }
 
-/// The general advice on a damaged file is to restore a backup, which this one is.
+/// The general advice on a damaged file is to restore a backup. Here the damaged file is itself a
+/// backup, so the advice is left out.
 std::optional<std::string> Restore(Backups& backups, const std::string& file)
 {
     try {
@@ -71,7 +72,7 @@ std::optional<std::string> Restore(Backups& backups, const std::string& file)
     }
 }
 
-/// What the check finds in the restored database: it may be a file of somebody else's.
+/// What the check finds in the restored database. The file may come from somebody else.
 std::vector<std::string> FaultsIn(const std::string& folder)
 {
     std::vector<std::string> faults;

@@ -10,7 +10,7 @@ namespace clb {
 
 namespace {
 
-/// With a question mark in place of each byte that is not UTF-8.
+/// Puts a question mark in place of each byte that is not UTF-8.
 std::string ValidText(std::string_view text)
 {
     constexpr std::size_t kLongest = 4;
@@ -32,7 +32,7 @@ std::string Printable(std::string text)
 {
     if (!IsValidUtf8(text))
         text = ValidText(text);
-    // Two bytes each, U+0080 to U+009F.
+    // Control characters of two bytes each, U+0080 to U+009F.
     for (std::size_t at = text.find('\xC2'); at != std::string::npos;
          at = text.find('\xC2', at + 1))
         if (static_cast<unsigned char>(text[at + 1]) < 0xA0)

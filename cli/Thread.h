@@ -1,3 +1,4 @@
+// Starts threads, and reports if the system cannot give one.
 #pragma once
 #include <functional>
 #include <thread>
@@ -10,7 +11,7 @@ namespace clb {
 /// memory, or too many threads are running.
 RuntimeError NoThread();
 
-/// Starts a thread. Throws NoThread() if there is none to be had. The work must not throw.
+/// Starts a thread. Throws NoThread() if the system cannot give one. The work must not throw.
 std::thread StartThread(std::function<void()> work);
 
 }  // namespace clb

@@ -48,8 +48,8 @@ constexpr char noMemory[] = "clb: There is not enough memory.\n";
     ::_exit(refused);
 }
 
-/// Before main nobody catches what a global object's constructor throws, and without memory not
-/// even the exception can be made: the program would be aborted. Runs ahead of those constructors.
+/// Runs before the constructors of global objects. Nobody catches what they throw, and without
+/// memory not even the exception can be made, so the program would be aborted.
 [[gnu::constructor(101)]] void EndForMemoryUntilMain()
 {
     std::set_new_handler(&EndForMemory);

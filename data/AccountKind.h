@@ -17,14 +17,14 @@ inline constexpr const char* Investment = "Investment";
 inline constexpr const char* Loan = "Loan";
 }  // namespace account_type
 
-/// A type of account as it is stored, and the view of its rows.
+/// A type of account as it is stored, and the view that shows its rows.
 struct AccountKind {
     const char* type;
     std::int32_t view;
     bool importable;  ///< an import may make an account of it
 };
 
-/// In the order in which the user is offered them.
+/// All types, in the order in which the user sees them.
 inline constexpr AccountKind kAccountKinds[] = {{account_type::Bank, vwAccount, true},
                                                 {account_type::Cash, vwAccount, true},
                                                 {account_type::CreditCard, vwAccount, true},

@@ -5,7 +5,7 @@
 
 namespace clb {
 
-/// Why the last daily backup was not made, as it is shown to the user.
+/// Why the last daily backup was not made, in the form in which the user sees it.
 struct BackupFailure {
     bool damaged = false;  ///< the database itself is damaged
     std::string lastGood;  ///< name of the newest copy that is sound; empty: there is none

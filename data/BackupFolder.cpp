@@ -65,8 +65,9 @@ std::string NameIn(const std::string& file)
     return IsDay(name.substr(0, kDayLength)) ? name : std::string();
 }
 
-/// What one of the folder's own files holds. One that is missing, is not a file or cannot be read
-/// counts as empty. A pipe of its name would let the program wait for ever.
+/// The contents of one of the folder's own files. A file counts as empty if it is missing, is not a
+/// regular file or cannot be read. Reading a pipe of that name would make the program wait for
+/// ever.
 std::string BytesOf(const std::string& path)
 {
     std::error_code unknown;
@@ -79,7 +80,7 @@ std::string BytesOf(const std::string& path)
     }
 }
 
-/// A name that is free, for what has the path's name but is not what it should be.
+/// A free name for something that has the path's name but is not what it should be.
 std::string NameAside(const std::string& path)
 {
     std::string kept = path + ".damaged";
@@ -226,7 +227,7 @@ void BackupFolder::WriteList(const Listed& list) const
 bool BackupFolder::WriteWhole(const std::string& file, const std::string& text) const
 {
     const std::string path = path_ + "/" + file;
-    // A pipe or a link gives way to the file, a folder does not.
+    // A pipe or a link is replaced by the file; a folder is not.
     if (IsFolder(path))
         ::rename(path.c_str(), NameAside(path).c_str());
     try {

@@ -17,13 +17,13 @@ namespace clb {
 /// Neither the names nor the times of the files show that order reliably: the clock may once have
 /// been ahead, and copying the folder gives all files the same time. So the file "order" lists the
 /// copies, oldest first, each with its size and time as they were when the copy was checked. A copy
-/// that is not in the list (of an earlier version, or put there by hand) counts as newer than those
-/// that are. Several of these are in the order of their times, then of their names. Those with a
+/// that is not in the list (of an earlier version, or put there by hand) counts as newer than the
+/// listed ones. Several such copies are ordered by their times, then by their names. Those with a
 /// time in the future come first, because their clock was wrong.
 ///
 /// The file "failed" says why the last daily backup was not made. Both files may be lost without
-/// harm, and broken lines in them are skipped. A folder, pipe or link of their name gives way to
-/// the file when it is written next; a folder is kept with ".damaged" after its name.
+/// harm, and broken lines in them are skipped. A folder, pipe or link with one of these names gives
+/// way to the file when it is written next; a folder is kept with ".damaged" after its name.
 class BackupFolder {
 public:
     explicit BackupFolder(std::string path) : path_(std::move(path)) {}

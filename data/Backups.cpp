@@ -242,7 +242,7 @@ std::optional<std::string> Backups::BeforeUpgrade(const Date& now)
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const EngineError& error) {
-        // Opening the database reports the problem itself; here it would only wait for another
+        // Opening the database reports the problem itself; trying here would only wait for another
         // program a second time.
         if (error.Trouble() == FileTrouble::Locked)
             throw;

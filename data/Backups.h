@@ -10,26 +10,26 @@
 
 namespace clb {
 
-/// The copies of a program folder's database, in its folder db/backup: one a day,
-/// "clb-2026-11-21.mdb", and those made on purpose, with more after the day
-/// ("clb-2026-11-21-153012.mdb"). Each is written under a temporary name and checked. Only then is
-/// it renamed to its own name, which no copy had before, and synchronised to the disk. Only the
-/// user can read the files and the folder. Several programs may make copies at the same time.
+/// The copies of a program folder's database, in its folder db/backup. There is one a day,
+/// "clb-2026-11-21.mdb". Copies made on purpose have more text after the day
+/// ("clb-2026-11-21-153012.mdb"). Each copy is written under a temporary name and checked. Only
+/// then is it renamed to its own name, which no copy had before, and synchronised to the disk. Only
+/// the user can read the files and the folder. Several programs may make copies at the same time.
 ///
 /// Every failure is an EngineError and leaves the database and all other copies as they were.
 class Backups {
 public:
     explicit Backups(const std::string& programFolder);
 
-    /// Whether the day has its copy, and that copy was checked and has not changed since. Cheap.
+    /// Whether the day has a copy that was checked and has not changed since. Cheap.
     [[nodiscard]] bool HasDay(const Date& day) const;
     /// Makes the day's copy unless there is a sound one, then removes old daily copies (see
     /// BackupFolder::DropOld). A damaged file with the day's name is put aside. Returns why it
     /// failed; KeptFailure() then returns the same, if the folder can be written.
     std::optional<BackupFailure> Daily(const Date& now);
     /// Makes a copy on purpose and returns its path: the day's copy, or one with the time in its
-    /// name if the day has one already. If another program makes one at the same time, and the
-    /// database has not changed since, it is that one.
+    /// name if the day has one already. If another program makes a copy at the same time and the
+    /// database has not changed since, returns that copy.
     std::string Make(const Date& now);
     /// Makes a copy before something that may spoil the database, and returns its path:
     /// Before("repair", now) makes "clb-2026-11-22-before-repair.mdb", with a number if that name
@@ -46,7 +46,8 @@ public:
 
     /// Why the last daily copy was not made, as it was kept; nothing once a copy was made. Cheap.
     [[nodiscard]] std::optional<BackupFailure> KeptFailure() const { return folder_.Failure(); }
-    /// The same, or else what prevents one from being made now. Slow: not for frequent calls.
+    /// The same or, if no failure was kept, what prevents a copy from being made now. Slow: not for
+    /// frequent calls.
     [[nodiscard]] std::optional<BackupFailure> Failure() const;
     /// Records the failure on behalf of a helper process that could not.
     void Keep(const BackupFailure& failure) const { folder_.Failure(failure); }

@@ -1,4 +1,4 @@
-// The stored balances of all accounts against the rows that they are the sums of.
+// Compares the stored balances of all accounts with the sums of their rows, and recomputes them.
 #pragma once
 #include <optional>
 #include <string>
@@ -21,7 +21,7 @@ void UpdateBalances(clsDatabase& database);
 /// EngineError, also for a cell that is not an amount.
 std::vector<OddBalance> OddBalances(Connection& connection);
 
-/// The same of one account: nothing if its balance is the sum of its rows, if there is no such
+/// The same for one account: nothing if its balance is the sum of its rows, if there is no such
 /// account, or if its type has no rows.
 std::optional<OddBalance> OddBalanceOf(Connection& connection, const std::string& accountID);
 

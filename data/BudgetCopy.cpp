@@ -18,8 +18,9 @@ std::string CategoryIs(const std::string& category)
     return "Category = '" + clsDatabase::ToSqlString(category) + "'";
 }
 
-/// A category that goes is put into a statement unchanged (see RemoveOtherLines), so a quote in its
-/// name would be a syntax error there, or another statement. It is refused before the first write.
+/// The name of a removed category goes into an SQL statement unescaped (see RemoveOtherLines). A
+/// quote in it would be a syntax error there, or start another statement. So such names are refused
+/// before the first write.
 void RefuseQuotes(Recordset& source, Recordset& target)
 {
     for (; !target.AtEnd(); target.MoveNext()) {

@@ -13,7 +13,7 @@ class clsDatabase;
 
 /// What was spent in the shown month on the categories of the budget. Only transactions of accounts
 /// that take part in the budget count. The store and the shown state are borrowed. All operations
-/// throw EngineError; its text names a cell that is not an amount and keeps a sum from being made.
+/// throw EngineError; if a cell that is not an amount prevents a sum, its text names that cell.
 class BudgetFigures {
 public:
     BudgetFigures(clsDatabase& store, const IShownState& shown);
@@ -31,7 +31,7 @@ public:
     GroupSums SumsOf(const std::string& group);
 
 private:
-    /// Null if a sum is to be asked for by its own statement.
+    /// Null if each sum must be read by its own statement.
     const MonthBudget* AllSums();
     [[nodiscard]] std::string InMonth(const std::string& table) const;
 

@@ -15,8 +15,8 @@ std::string InMonth(Month month)
     return "Year = " + std::to_string(month.year) + " AND Period = " + std::to_string(month.period);
 }
 
-/// A cell that a text can be compared with. Another program may have stored something else there,
-/// which reads like a text and is equal to none.
+/// Whether the cell can be compared with a text. Another program may have stored another type
+/// there. Such a cell reads like a text but is equal to none.
 bool IsComparable(const WalkedRow& row, std::size_t field)
 {
     if (row.IsNull(field))
@@ -26,13 +26,14 @@ bool IsComparable(const WalkedRow& row, std::size_t field)
     return true;
 }
 
-/// Null adds nothing.
+/// Null counts as 0.
 Money AmountOf(const WalkedRow& row, std::size_t field)
 {
     return ToMoney(row.Get(field));
 }
 
-/// Another program may have declared the columns otherwise.
+/// Checks the declared types of the columns, because another program may have declared them
+/// differently.
 bool AreTexts(RawSql& raw)
 {
     const auto isText = [&](const char* table, const char* column) {
@@ -71,7 +72,7 @@ bool MonthBudget::Read(Month month)
         return usable_;
     held_ = false;
     usable_ = false;
-    // Asked before reading: what is written meanwhile is read the next time.
+    // Asked before reading, so that anything written meanwhile is read the next time.
     contents_ = connection_.ContentsNow();
     try {
         if (ComparesByLetter()) {

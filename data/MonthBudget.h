@@ -1,4 +1,4 @@
-// All sums of a month's budget, read by two statements instead of one for each line and group.
+// All sums of a month's budget. Two statements read them, instead of one for each line and group.
 #pragma once
 #include <cstdint>
 #include <map>
@@ -19,22 +19,22 @@ class MonthBudget {
 public:
     explicit MonthBudget(Connection& connection) : connection_(connection) {}
 
-    /// Reads the month's sums unless they are held and still what the file says. False if each sum
-    /// is to be asked for by itself: while statements are traced or a group is pending, and if one
-    /// of the sums cannot be made, so that its own statement reports the error. Throws EngineError
-    /// if the file cannot be read.
+    /// Reads the month's sums unless they are held and the file has not changed since. Returns
+    /// false if each sum must be read by its own statement: while statements are traced or a group
+    /// is pending, and if one of the sums cannot be made, so that its own statement reports the
+    /// error. Throws EngineError if the file cannot be read.
     bool Read(Month month);
 
     struct Sums {
         Money budgeted;
         Money spent;
     };
-    // Of the month that was read last.
+    // These are sums of the month that was read last.
 
     [[nodiscard]] Money SpentOn(const std::string& category) const;
-    /// Over the lines of a group; a category with two lines counts twice.
+    /// The sums of a group's lines; a category with two lines counts twice.
     [[nodiscard]] Sums OfGroup(const std::string& group) const;
-    /// All that is budgeted, and all that was spent, with or without a line.
+    /// Everything budgeted and everything spent in the month, with or without a budget line.
     [[nodiscard]] const Sums& OfMonth() const { return sums_.month; }
 
 private:
@@ -50,10 +50,10 @@ private:
     Connection& connection_;
     Month month_;
     Connection::Contents contents_;
-    bool held_ = false;    ///< month_ and contents_ are those of a reading
-    bool usable_ = false;  ///< which gave all sums
+    bool held_ = false;    ///< month_ and contents_ belong to a completed reading
+    bool usable_ = false;  ///< that reading gave all sums
     MonthSums sums_;
-    std::int64_t schemaVersion_ = -1;  ///< of byLetter_; -1: not looked at yet
+    std::int64_t schemaVersion_ = -1;  ///< the version that byLetter_ was read at; -1: not read yet
     bool byLetter_ = false;
 };
 

@@ -3,7 +3,7 @@
 
 namespace clb {
 
-/// Also the group of budget lines that have none.
+/// It is also the group of budget lines without a group.
 inline constexpr const char* kNoCategory = "(none)";
 
 }  // namespace clb

@@ -41,7 +41,7 @@ constexpr Column kColumns[] = {{"At", "DATETIME"},       {"AccountID", "TEXT"},
                                {"NoticedBy", "TEXT"},    {"TakenNoteOf", "DATETIME"},
                                {"StoredInstead", "TEXT"}};
 
-/// Whether the list is there and has these columns.
+/// Whether the list exists and has these columns.
 bool HasList(Connection& connection, const std::string& columns)
 {
     try {
@@ -55,7 +55,7 @@ bool HasList(Connection& connection, const std::string& columns)
     }
 }
 
-/// Whether there is a list that can be read; one without the column that came last can be.
+/// Whether there is a list that can be read. The column that was added last may be missing.
 bool HasList(Connection& connection)
 {
     return HasList(connection, "At, AccountID, Stored, Total, NoticedBy, TakenNoteOf");

@@ -33,7 +33,7 @@ struct OddBalance {
 /// throw EngineError.
 namespace noticed_balances {
 
-/// What was done when somebody noticed a balance, by what NoticedBy holds: "a repair worked the
+/// What was done when somebody noticed a balance, from the text in NoticedBy: "a repair worked the
 /// balances out again".
 std::string OccasionOf(std::string_view by);
 
@@ -49,8 +49,8 @@ std::int32_t CountOpen(Connection& connection);
 std::int32_t TakeNote(Connection& connection, const Date& now);
 
 /// Changes the account number in an account's entries after the account's own number was changed,
-/// as its rows do; not while another account still has the old number. To be called in the same
-/// group.
+/// as happens to its rows. Does nothing while another account still has the old number. Call it in
+/// the same group.
 void FollowAccount(Connection& connection, const std::string& from, const std::string& to);
 
 }  // namespace noticed_balances

@@ -21,13 +21,13 @@ public:
 
     /// An account needs a description, a number that no other account has, and a type.
     bool CheckAccount();
-    /// The same where the type is the one shown; it is filled in.
+    /// The same in a view of one type of account; the type is filled in.
     bool CheckAccountOfType();
     /// A budget line needs a category. Its group and its month are filled in.
     bool CheckBudgetLine();
     /// Fills in number, account, month and category, and makes the category's budget line.
     bool CompleteTransaction();
-    /// These two fill in the account.
+    /// These two fill in the account number.
     bool CompleteHolding();
     bool CompleteLoan();
 

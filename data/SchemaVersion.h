@@ -1,4 +1,4 @@
-// The schema version of a database file, and bringing an older file up to date.
+// The schema version of a database file, and the update of older files.
 #pragma once
 #include <cstdint>
 #include <optional>

@@ -1,4 +1,4 @@
-// What the data store does differently from view to view: one line of a table each.
+// What the data store does differently from view to view. Each view is one line of a table.
 #pragma once
 #include <cstdint>
 #include <span>
@@ -23,8 +23,8 @@ struct Activity {
 /// A view as the data store sees it. A null member means that there is nothing to do.
 struct StoredView {
     std::int32_t view;
-    const char* table;  ///< that its rows are stored in
-    const char* rows;   ///< SELECT with what is shown in braces; see ViewColumns.h
+    const char* table;  ///< the table that its rows are stored in
+    const char* rows;   ///< SELECT for the rows, with what is shown in braces; see ViewColumns.h
     bool (RowRules::*complete)();
     void (RowRules::*followDeletion)();
     void (ViewTotals::*totals)(Money& first, Money& second);
@@ -37,12 +37,12 @@ const StoredView* StoredViewOf(std::int32_t view);
 /// nullptr for views that show no single account.
 const Activity* ActivityOf(std::int32_t view);
 
-/// The amounts of the rows that meet the condition, to name the one that keeps a sum from being
-/// made.
+/// The amounts of the rows that meet the condition. They serve to name the amount that prevents a
+/// sum.
 SummedAmounts AmountsOf(const Activity& activity, const std::string& condition,
                         const std::string& account = {});
 
-/// The SELECT for the rows of what is shown. Where no view is shown it is one that the engine
+/// The SELECT for the rows of what is shown. If no view is shown, it is one that the engine
 /// refuses.
 std::string RowsStatement(const IShownState& shown);
 

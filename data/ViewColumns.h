@@ -111,7 +111,7 @@ struct Loans {
         "Loan WHERE AccountID = '{account}' ORDER BY Description";
 };
 
-/// Where a view that lists accounts has an account's cells.
+/// The columns of an account's cells in a view that lists accounts.
 struct AccountColumns {
     std::int32_t description;
     std::int32_t accountID;

@@ -65,7 +65,7 @@ void ViewTotals::OfRegister(Money& first, Money& /*second*/)
     Recordset account;
     store_.Fill(account, "SELECT OpeningBalance FROM Account WHERE AccountID = '" + number + "'",
                 true);
-    // A missing opening balance is an error even if it would not count below.
+    // A missing opening balance is an error even if it does not count below.
     if (!account.Empty() && IsNull(account.Get("OpeningBalance")))
         throw RuntimeError(errors::InvalidNull, "Invalid use of Null");
     const std::string past = "AccountID = '" + number + "' AND ( Year < " + year +
@@ -73,7 +73,7 @@ void ViewTotals::OfRegister(Money& first, Money& /*second*/)
                              " AND Period <= " + std::to_string(shown_.Period()) + ") )";
     const Value amount = store_.Total("SELECT SUM( Amount ) AS TotAmount FROM Trans WHERE " + past,
                                       "TotAmount", {"Trans", {"Amount"}, past, shown_.AccountID()});
-    // On purpose: before the first transaction the balance is 0, not the opening balance.
+    // This is on purpose: before the first transaction the balance is 0, not the opening balance.
     first = IsNull(amount) ? Money() : ToMoney(amount) + ToMoney(account.Get("OpeningBalance"));
 }
 

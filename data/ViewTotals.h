@@ -13,9 +13,9 @@ struct SummedAmounts;
 /// Sums the rows of what is shown. The database makes every sum, so it is exact. The store and the
 /// shown state are borrowed.
 ///
-/// Each operation is for one view. One that shows a single sum leaves the second as passed. Throws
-/// EngineError, also for a sum that an amount cannot hold and for a cell that is not an amount,
-/// which its text names.
+/// Each operation is for one view. An operation that has a single sum leaves the second argument as
+/// passed. Throws EngineError, also for a sum that an amount cannot hold and for a cell that is not
+/// an amount; the text then names the cell.
 class ViewTotals {
 public:
     ViewTotals(clsDatabase& store, const IShownState& shown);
@@ -28,7 +28,7 @@ public:
     /// The account's balance at the end of the month.
     void OfRegister(Money& first, Money& second);
     void OfHoldings(Money& first, Money& second);
-    /// What is still owed on the loans of every account, not only of the shown one.
+    /// What is still owed on the loans of every account, not only of the shown account.
     void OfAllLoans(Money& first, Money& second);
 
 private:

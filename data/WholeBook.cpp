@@ -71,10 +71,10 @@ std::string Sentence(const std::string& what, const Names& names)
            (names.size() == 1 ? " is missing" : " are missing");
 }
 
-/// The version that a book is brought up to date from.
+/// The version of a book before its update.
 struct Version {
     std::int16_t number = 0;
-    bool named = false;  ///< by the table of the version
+    bool named = false;  ///< whether the version table names it
 };
 
 /// Nothing if the table of the version does not name a number.
@@ -87,13 +87,13 @@ std::optional<Version> VersionOf(Connection& book)
         if (error.Number() != engine_errors::ItemNotFound)
             throw;
     } catch (const RuntimeError&) {
-        // The name is not a number, or too large a one.
+        // The name is not a number, or the number is too large.
     }
     return std::nullopt;
 }
 
-/// What makes the update of the schema fail, as it adds a column that is there; empty if nothing
-/// does.
+/// Why the update of the schema would fail: it adds a column that already exists. Empty if it would
+/// not fail.
 std::string HalfUpdate(Connection& book, const Version& version)
 {
     if (version.number < 0 || version.number >= kSchemaVersion)

@@ -19,7 +19,7 @@ clsDatabase::clsDatabase(const std::string& folder, const IShownState& shown, IC
     try {
         schemaVersion_ = UpgradeSchema(connection_);
     } catch (const EngineError& error) {
-        // Each step is complete in itself: those before the refused one stay.
+        // Each step is complete in itself. The steps before the refused one are kept.
         if (error.Trouble() == FileTrouble::None)
             connection_.Settle();
         throw;

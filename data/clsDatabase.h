@@ -17,7 +17,7 @@ namespace clb {
 class MonthBudget;
 struct SummedAmounts;
 
-/// A transaction or a piece of one has the largest number already, so that no more can be made
+/// Thrown if a transaction or a piece already has the largest number, so that no more can be made
 /// (errors::Overflow).
 class NumbersUsedUp : public RuntimeError {
 public:
@@ -41,22 +41,24 @@ public:
 
     /// Runs one statement.
     void Execute(const std::string& sql);
-    /// Follow-up of a deletion, before the row goes. gridRow true: the grid's current row is being
-    /// deleted; in the budget view the month's transactions of its category become "(none)".
-    /// gridRow false: in views 4 to 6 the shown account's row is deleted, its other rows stay.
-    /// Always true.
+    /// Removes what belongs to the row that is about to be deleted. gridRow true: the grid's
+    /// current row is being deleted; in the budget view the month's transactions of its category
+    /// become "(none)". gridRow false: in views 4 to 6 the shown account's row is deleted, its
+    /// other rows stay. Always returns true.
     bool DeleteRow(bool gridRow);
-    /// Checks the grid's current row and completes it: account, month, number, category. False if
-    /// it may not be saved, with the offending column (from 1) and the message for the user.
+    /// Checks the grid's current row and completes it: account, month, number, category. Returns
+    /// false if the row may not be saved, with the offending column (from 1) and the message for
+    /// the user.
     bool ValidRow(std::int32_t& errorColumn, std::string& errorMessage);
 
     /// Makes the target month hold the source month's categories, groups and amounts, and "(none)".
-    /// Transactions of categories that go become "(none)". An empty source month changes nothing.
-    /// Throws EngineError, with nothing changed, if a category that goes has a single quote in it.
+    /// Transactions of removed categories become "(none)". An empty source month changes nothing.
+    /// Throws EngineError, with nothing changed, if a removed category has a single quote in its
+    /// name.
     void CopyBudget(std::int32_t sourceYear, std::int32_t sourcePeriod, std::int32_t targetYear,
                     std::int32_t targetPeriod);
-    /// Books one piece of a transaction to the next month (direction 1) or the one before (any
-    /// other direction), with a budget line there for the category of the grid's current row, and
+    /// Moves one piece of a transaction to the next month (direction 1) or the previous month (any
+    /// other direction). Makes a budget line there for the category of the grid's current row, and
     /// reads the grid's rows again. Throws EngineError if there is no such piece.
     void MoveMonth(std::int32_t sequence, std::int32_t subSequence, std::int32_t direction);
     /// Makes sure that the category has a budget line in the month; an existing line stays as it
@@ -66,7 +68,7 @@ public:
 
     /// The rows of the shown view, in the one shared result set: an earlier result is closed.
     Recordset& GetRows();
-    /// The shown view's totals; one that the view does not use stays as passed.
+    /// The shown view's totals. A total that the view does not use stays as passed.
     void CalcTotals(Money& first, Money& second);
     /// Stores the sum of one account's activity in Account.CurrentBalance; no activity stores 0,
     /// the opening balance is not in it. view -1 and an empty accountID mean the ones shown now;
@@ -90,7 +92,7 @@ public:
     std::int32_t GetNextSequence();
     /// Opens a closed result set on the SELECT.
     void Fill(Recordset& records, const std::string& sql, bool readOnly);
-    /// Moves to the first row that meets the criterion; false if none does.
+    /// Moves to the first row that meets the criterion. Returns false if none does.
     static bool CanFind(Recordset& records, const std::string& criterion);
     /// Whether a row of the table meets the condition.
     bool RowExists(const std::string& table, const std::string& condition);
@@ -100,20 +102,20 @@ public:
     /// The same as an amount; 0 if nothing was added up.
     Money Sum(const std::string& sql, const std::string& column, const SummedAmounts& amounts);
 
-    /// The month's sums, read at once. Null if each is to be asked for by its own statement; see
-    /// MonthBudget::Read. Good until the next call. Throws EngineError.
+    /// The month's sums, read at once. Null if each sum must be read by its own statement; see
+    /// MonthBudget::Read. Valid until the next call. Throws EngineError.
     const MonthBudget* BudgetOf(Month month);
 
     /// Takes the write lock for a command that will write, before its first read; it is kept until
     /// the connection settles. Waits for another program for a short time, then throws
     /// EngineError.
     void Lock();
-    /// A number that grows when another program writes to the file. Never waits for one that is
-    /// writing at the moment.
+    /// A number that grows when another program writes to the file. Never waits for a program that
+    /// is writing at the moment.
     std::uint64_t WritesElsewhere();
     /// Whether another program has written since the rows of the shown view were read.
     bool RowsOutdated() { return WritesElsewhere() != rowsReadAt_; }
-    /// To be called after the rows of the shown view were read again.
+    /// Call this after reading the rows of the shown view again.
     void RowsRead() { rowsReadAt_ = WritesElsewhere(); }
 
     /// The file's schema version, at least 2 here; a later program's file has a later one.
@@ -124,7 +126,7 @@ public:
 
 private:
     /// Throws RuntimeError if another program has changed or deleted the grid's current row since
-    /// it was shown: what the user decided was about another row.
+    /// it was shown: the user's decision was about the row as shown.
     void RequireShownRow();
     /// Opens one piece of a transaction for writing. Throws RuntimeError if an older program gave
     /// the number to two transactions.

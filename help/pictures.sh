@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Makes the manual's pictures: works the built program on a demonstration household, on an X server
-# of its own, and keeps what the window shows.
-#   help/pictures.sh LEDGERBOOK CLB [FOLDER]     FOLDER takes the pictures (default: where this is)
-# Needs Xvfb, xdotool and ImageMagick. The household and so the pictures are of the present month;
-# after the 21st it has bought enough to look at.
+# Makes the manual's pictures: uses the built program with a demonstration household, on a separate X
+# server, and saves what the window shows.
+#   help/pictures.sh LEDGERBOOK CLB [FOLDER]     the pictures go to FOLDER (default: this script's folder)
+# Needs Xvfb, xdotool and ImageMagick. The household and the pictures show the present month. After the
+# 21st it has enough transactions for good pictures.
 set -euo pipefail
 ledgerbook=$1
 clb=$2
@@ -34,7 +34,7 @@ export DISPLAY
 unset XDG_CURRENT_DESKTOP WAYLAND_DISPLAY QT_QPA_PLATFORMTHEME
 export QT_QPA_PLATFORM=xcb QT_IM_MODULE=compose HOME=$work LC_ALL=C.UTF-8
 
-# Without a window manager nobody gives a window the keyboard.
+# A window gets the keyboard focus only from a window manager.
 window() {
     local id
     for _ in $(seq 100); do
@@ -54,7 +54,7 @@ type_text() { xdotool type --delay 30 -- "$1"; sleep 0.3; }
 click() { xdotool mousemove "$1" "$2" click --repeat "${3:-1}" --delay 80 1; sleep 0.4; }
 aside() { xdotool mousemove 1390 890; sleep 0.3; }
 hover() { for step in 0 1 2 3; do xdotool mousemove $(($1 + step)) "$2"; sleep 0.1; done; sleep 1.5; }
-# keep NAME [WINDOW]: the main window's place on the screen with all that lies over it, or one window.
+# keep NAME [WINDOW]: saves a picture of the main window with everything over it, or of one window.
 keep() {
     if [ $# -gt 1 ]; then
         import -window "$2" "$work/shot.png"
@@ -74,7 +74,7 @@ xdotool windowmove "$main" 0 0 windowsize "$main" "$width" "$height"
 aside
 keep net-worth
 
-# The register of the credit card, then a row of it being corrected with the list of categories open.
+# The register of the credit card, then one of its rows in edit with the list of categories open.
 click 110 241
 window '^Harbour Visa - Corvane Ledgerbook$' >/dev/null
 # A double click on a heading's right-hand line fits the column.

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# The Debian packages of the project by what needs them, and a function that installs those that are
-# missing. Sourced by the scripts beside the README and by packaging/test-package.
+# The Debian packages that the project needs, grouped by purpose, and a function that installs the missing
+# ones. Sourced by the scripts beside the README and by packaging/test-package.
 # shellcheck disable=SC2034  # the lists are for the scripts that source this
 
 # Building and running the programs. Installing these alone is enough for ./run.
@@ -11,7 +11,7 @@ clb_packages=(
     qt6-base-dev qt6-svg-dev libgl1-mesa-dev
 )
 
-# Reading the sources: layout and static analysis.
+# Checks of the sources: layout and static analysis.
 clb_lint_packages=(git clang-format clang-tidy libgtest-dev libgmock-dev)
 
 clb_test_packages=(
@@ -22,7 +22,7 @@ clb_test_packages=(
     xvfb xdotool openbox imagemagick poppler-utils fonts-dejavu-core
     # another reader of statement files
     ofx
-    # what is installed beside the programs
+    # files that are installed beside the programs
     desktop-file-utils appstream shared-mime-info libglib2.0-bin man-db bash-completion zsh
 )
 
@@ -30,7 +30,7 @@ clb_coverage_packages=(gcovr)
 
 clb_packing_packages=(dpkg-dev debhelper lintian librsvg2-bin)
 
-# Trying the package on a clean system.
+# Tests of the package on a clean system.
 clb_trial_packages=(lintian mmdebstrap)
 
 # clb_install_missing PACKAGE ...: installs those of the packages that are not installed.

@@ -165,7 +165,7 @@ private:
     bool good_ = false;
 };
 
-/// Ends the command when the program is told to end.
+/// Ends the command when the program is asked to end.
 void CheckInterruption(CURL* request)
 {
     // A lookup of a host name cannot be cancelled. Do not wait for it.

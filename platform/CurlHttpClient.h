@@ -35,7 +35,7 @@ public:
     /// Sends the address as it is, without its fragment ("#..."). If the connection ends early,
     /// returns what has arrived. Throws PortError (NetworkFailure) if scheme, host or port are not
     /// valid, the host cannot be reached, or the time is up. Throws Interrupted if the program is
-    /// told to end.
+    /// asked to end.
     std::optional<std::string> Get(const std::string& url) override;
 
 private:

@@ -93,7 +93,7 @@ void EndBySignal()
     const int signal = Interruption::Signal();
     ::signal(signal, SIG_DFL);
     ::raise(signal);
-    // Not reached unless the signal is blocked.
+    // This is reached only if the signal is blocked.
     ::_exit(128 + signal);
 }
 

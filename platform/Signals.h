@@ -1,4 +1,4 @@
-// What the program does when a signal tells it to end.
+// What the program does when a signal asks it to end.
 #pragma once
 #include "base/Interruption.h"
 
@@ -8,7 +8,7 @@ namespace clb {
 /// ends the program, and no opened file gets the number of a closed standard stream.
 void PrepareProcess();
 
-/// While an object exists, the signals that tell the program to end (SIGTERM, SIGINT, SIGHUP) are
+/// While an object exists, the signals that ask the program to end (SIGTERM, SIGINT, SIGHUP) are
 /// only recorded (base/Interruption.h), so that commands can take back what they wrote and remove
 /// their temporary files. A second signal ends the program at once. A signal that the program was
 /// started to ignore (nohup does that) stays ignored. Make one object only, on the main thread.

@@ -24,7 +24,7 @@ int ReasonOfLostOutput()
 
 }  // namespace
 
-/// Returns false if the program is told to end.
+/// Returns false if the program is asked to end.
 bool StandardInput::WaitForInput() const
 {
     pollfd waiting[] = {{STDIN_FILENO, POLLIN, 0}, {wake_, POLLIN, 0}};

@@ -6,10 +6,10 @@
 
 namespace clb {
 
-/// Standard input for a std::istream. It ends when the input ends or the program is told to end.
+/// Standard input for a std::istream. It ends when the input ends or the program is asked to end.
 class StandardInput : public std::streambuf {
 public:
-    /// wake: a descriptor that becomes readable when the program is told to end; -1 for none.
+    /// wake: a descriptor that becomes readable when the program is asked to end; -1 for none.
     explicit StandardInput(int wake) : wake_(wake) {}
 
 protected:

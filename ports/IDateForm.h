@@ -1,4 +1,4 @@
-// How dates are written for the user.
+// How dates are written for the user and read from the user.
 #pragma once
 #include <optional>
 #include <string>

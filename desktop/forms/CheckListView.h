@@ -13,7 +13,7 @@ class UserEvents;
 /// Draws a check list: each row has a check box in the first column and its other values beside it.
 class CheckListView : public QTreeWidget, public sigc::trackable {
 public:
-    /// Both borrowed; they outlive the view.
+    /// Both are borrowed and outlive the view.
     CheckListView(CheckList& list, UserEvents& events, QWidget* parent = nullptr);
 
 private:

@@ -165,7 +165,7 @@ QWidget* FormDialog::DrawOption(OptionButton& option)
     connect(drawn, &QRadioButton::clicked, this,
             [this, &option] { events_.Run([&] { option.Choose(); }); });
     Follow(option, [drawn, &option] {
-        // The toolkit unchooses the other options of the group.
+        // The toolkit clears the other options of the group.
         if (option.Value())
             drawn->setChecked(true);
         drawn->setEnabled(option.Enabled());

@@ -11,7 +11,7 @@ class UserEvents;
 /// Draws a spinner beside its text box, as an arrow up and an arrow down.
 class StepArrows : public QWidget {
 public:
-    /// Both borrowed; they outlive the arrows.
+    /// Both are borrowed and outlive the arrows.
     StepArrows(Spinner& spinner, UserEvents& events, QWidget* parent = nullptr);
 };
 

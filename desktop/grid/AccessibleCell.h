@@ -14,7 +14,7 @@ class AccessibleCell : public QAccessibleInterface,
                        public QAccessibleTableCellInterface,
                        public QAccessibleActionInterface {
 public:
-    /// row from 1; place from 1 among the shown columns. All borrowed.
+    /// row counts from 1; place counts from 1 among the shown columns. All arguments are borrowed.
     AccessibleCell(const AccessibleGrid& table, GridView& view, GridComponent& grid,
                    std::size_t row, std::size_t place)
         : table_(table), view_(view), grid_(grid), row_(row), place_(place)

@@ -22,7 +22,7 @@ public:
     /// headers, and place 0 the row header; cells are numbered from 1, columns as they are shown.
     static int ChildOf(const GridView& view, std::size_t row, std::size_t place);
 
-    /// Both borrowed; they outlive this.
+    /// Both are borrowed and outlive this.
     AccessibleGrid(GridView& view, GridComponent& grid);
     ~AccessibleGrid() override;
 

@@ -12,16 +12,16 @@ class UserEvents;
 /// Reports changes of a grid to screen readers. Does nothing while none is running.
 class GridAnnouncer {
 public:
-    /// All borrowed; they outlive the announcer.
+    /// All are borrowed and outlive the announcer.
     GridAnnouncer(GridView& view, GridComponent& grid, UserEvents& events)
         : view_(view), grid_(grid), events_(events)
     {
     }
 
-    /// Reports other rows or columns, if their numbers have changed since the last call; otherwise
-    /// the current cell, if it has moved.
+    /// Reports a new number of rows or columns, if it has changed since the last call. Otherwise
+    /// reports the current cell, if it has moved.
     void Drawn(std::size_t rows, std::size_t columns, bool moved);
-    /// Reports that the rows are others, and the current cell.
+    /// Reports that the rows were replaced, and the current cell.
     void RowsChanged();
     /// Reports the current cell, if the grid has the focus and no cell is in edit.
     void FocusMoved();

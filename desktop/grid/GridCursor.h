@@ -16,15 +16,15 @@ class UserEvents;
 /// saves the row that is left; if that is refused, the current cell stays where it is.
 class GridCursor {
 public:
-    /// All borrowed; they outlive the cursor. The viewport's height is a page.
+    /// All are borrowed and outlive the cursor. The viewport's height is a page.
     GridCursor(GridComponent& grid, const GridLayout& layout, UserEvents& events,
                const QWidget& viewport)
         : grid_(grid), layout_(layout), events_(events), viewport_(viewport)
     {
     }
 
-    /// Moves as a key says; toEnds moves to the ends of the grid. Returns false if the key moves
-    /// nothing.
+    /// Moves according to a key; toEnds moves to the ends of the grid. Returns false if the key
+    /// does not move anything.
     bool Navigate(int key, bool toEnds);
     /// Moves to the next cell (1) or the one before it (-1), from row to row. Returns false past
     /// the first and the last cell.
@@ -37,8 +37,8 @@ public:
 
     /// Whether the row is a group's heading. Row 0 is not.
     [[nodiscard]] bool OnHeading(std::size_t row) const;
-    /// Folds or opens the current row's group. Returns false if the key does not, or if the current
-    /// row is not a heading.
+    /// Folds or opens the current row's group. Returns false for other keys, and if the current row
+    /// is not a heading.
     bool FoldByKey(int key);
     /// Folds the heading's group if it is open, opens it if it is folded. Row 0 does nothing.
     void ToggleFold(std::size_t row);

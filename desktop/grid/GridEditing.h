@@ -1,4 +1,4 @@
-// Editing the current cell: how an edit begins, and the keys that end it.
+// Editing of the current cell: how an edit begins, and the keys that end it.
 #pragma once
 #include <QString>
 
@@ -16,7 +16,7 @@ class UserEvents;
 /// Begins, fills and ends the edit of a grid's current cell by the user's keys.
 class GridEditing {
 public:
-    /// All borrowed; they outlive this.
+    /// All are borrowed and outlive this.
     GridEditing(GridComponent& grid, GridCursor& cursor, CellEditor& editor, UserEvents& events)
         : grid_(grid), cursor_(cursor), editor_(editor), events_(events)
     {
@@ -33,7 +33,7 @@ public:
     /// Takes a key that writes a character: it replaces the cell's text. Returns false for other
     /// keys.
     bool ByTyping(QKeyEvent& event);
-    /// Takes what an input method composes or commits.
+    /// Takes text that an input method composes or commits.
     void ByInputMethod(QInputMethodEvent& event);
     /// Takes a key that ends the open edit: Enter, Escape, or up and down. Returns false for keys
     /// with a modifier.

@@ -16,7 +16,7 @@ class GridComponent;
 /// Draws only the rows of the grid that intersect a rectangle of its viewport.
 class GridPainter {
 public:
-    /// focused: whether the grid has the focus. All borrowed for the painting.
+    /// focused: whether the grid has the focus. All arguments are borrowed while painting.
     GridPainter(QPainter& painter, GridComponent& grid, const GridLayout& layout,
                 const QPalette& palette, bool focused);
     void Draw(const QRect& area);

@@ -14,11 +14,11 @@ namespace clb {
 
 class UserEvents;
 
-/// Shows the tip of a cell after the pointer has rested on it, or at once when a key asks for it:
-/// the component's tip, else the cell's text if it does not fit.
+/// Shows the tip of a cell after the pointer has rested on it, or at once when a key asks for it.
+/// The text is the component's tip or, without one, the cell's text if it does not fit.
 class GridTips : public QObject {
 public:
-    /// All borrowed; they outlive this.
+    /// All are borrowed and outlive this.
     GridTips(GridComponent& grid, const GridLayout& layout, UserEvents& events, QWidget& viewport)
         : grid_(grid), layout_(layout), events_(events), viewport_(viewport)
     {
@@ -28,7 +28,7 @@ public:
     /// component's delay. Places are in the viewport.
     void PointerMoved(const QPoint& place, bool rests);
     void PointerLeft() { timer_.stop(); }
-    /// Shows the tip of the cell at the place now. A cell that cannot be read has none.
+    /// Shows the tip of the cell at the place at once. A cell that cannot be read has no tip.
     void ShowAt(const QPoint& place);
 
 protected:

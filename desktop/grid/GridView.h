@@ -32,7 +32,7 @@ class UserEvents;
 /// Enter and a double click toggle it. Control+Shift+Left and Control+Shift+Right make the current
 /// column narrower and wider, and Control+Shift+F fits it to its contents. Control+F1 shows the
 /// current cell's tip. A double click, F2, F4 or typing edits a cell. Enter saves the row and goes
-/// to the next one, from a new row to another new row. Escape gives up the cell's edit, then the
+/// to the next one, from a new row to another new row. Escape discards the cell's edit, then the
 /// row's changes.
 class GridView : public QAbstractScrollArea, public sigc::trackable {
 public:
@@ -44,7 +44,7 @@ public:
     /// Draws the component's present state.
     void Sync();
     [[nodiscard]] const GridLayout& Layout() const { return layout_; }
-    /// What screen readers know of the grid; the toolkit owns it.
+    /// Describes the grid to screen readers; the toolkit owns it.
     QAccessibleInterface* MakeAccessible();
     /// Takes the focus and makes the cell current, as a click does. Returns false if that was
     /// refused.

@@ -19,7 +19,7 @@ class UserEvents;
 /// focus back.
 class FocusBinder : public QObject, public sigc::trackable {
 public:
-    /// Both borrowed; they outlive the binder.
+    /// Both are borrowed and outlive the binder.
     FocusBinder(Form& form, UserEvents& events);
 
     /// Adds the widget that takes the focus for a control, and other widgets that belong to the

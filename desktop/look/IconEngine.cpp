@@ -13,7 +13,7 @@ namespace clb {
 
 namespace {
 
-// The colours that the drawings are made of. Others, as those of the program's own icon, stay.
+// The colours of the drawings. Other colours, such as those of the program's own icon, stay.
 constexpr const char* kInk = "#404a52";
 constexpr const char* kBlue = "#2b78b8";
 constexpr const char* kGreen = "#2c8f5c";

@@ -4,9 +4,9 @@
 
 namespace clb {
 
-/// Draws one of the program's pictures in the colours of the desktop: the drawings' own few colours
-/// are replaced by ones that stand out from the palette's background, so that one drawing serves
-/// light and dark. It always draws from the vectors, in device pixels.
+/// Draws one of the program's pictures in the colours of the desktop. The few colours of the
+/// drawing are replaced by ones that stand out from the palette's background, so that one drawing
+/// serves light and dark. It always draws from the vectors, in device pixels.
 class IconEngine : public QIconEngine {
 public:
     /// Name of a drawing below :/icons, without its extension.

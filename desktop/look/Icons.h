@@ -10,14 +10,14 @@ namespace clb {
 namespace icons {
 /// The program itself.
 QIcon Application();
-/// A command's drawing by its name, such as "import"; empty if there is none of that name.
+/// A command's drawing by its name, such as "import"; empty for an unknown name.
 QIcon Command(const char* name);
-/// An image of the tree's list: 6 a closed book, 7 an open one; empty for others.
+/// An image of the tree's list: 6 is a closed book, 7 an open one; empty for other numbers.
 QIcon TreeImage(std::int32_t image);
 /// The buttons of a cell in edit.
 QIcon Calendar();
 QIcon DropDown();
-/// A message box's icon by its style; empty for styles without.
+/// A message box's icon by its style; empty for styles without an icon.
 QIcon Message(std::int32_t style);
 }  // namespace icons
 

@@ -1,4 +1,4 @@
-// Items of lists and trees.
+// Draws the items of lists and trees.
 #pragma once
 #include <QStyledItemDelegate>
 

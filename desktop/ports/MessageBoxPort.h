@@ -18,7 +18,7 @@ public:
     /// Makes the box without showing it.
     static std::unique_ptr<QDialog> Build(const std::string& text, std::int32_t style,
                                           const std::string& title);
-    /// Whether the text fits into a plain box: some lines, some paragraphs of words.
+    /// Whether the text fits into a plain box, which holds a few lines and paragraphs.
     static bool FitsBox(const std::string& text);
 };
 

@@ -33,7 +33,7 @@ std::unique_ptr<QProcess> HelperFor(const QString& program, const std::string& f
                           QStringLiteral("--home"), ToQString(folder)});
     helper->setStandardInputFile(QProcess::nullDevice());
     helper->setStandardErrorFile(QProcess::nullDevice());
-    // The backup does not end with the window's session.
+    // The backup continues when the window's session ends.
     helper->setChildProcessModifier([] { setsid(); });
     return helper;
 }
@@ -63,7 +63,7 @@ DailyBackup::~DailyBackup()
     if (!helper_)
         return;
     helper_->disconnect(this);
-    // Its destructor would kill the process, so the object is kept until the program has ended.
+    // The destructor would kill the process, so the object is kept until the program has ended.
     static auto& goOn = *new std::vector<QProcess*>;
     goOn.push_back(helper_.release());
 }

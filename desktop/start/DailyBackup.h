@@ -1,4 +1,4 @@
-// Makes the day's backup in a process of its own.
+// Makes the day's backup in a separate process.
 #pragma once
 #include <QObject>
 #include <QTimer>
@@ -24,12 +24,12 @@ public:
     using Report = std::function<void(const std::optional<BackupFailure>&)>;
 
     /// Begins when the window has been painted for the first time. Tries again every ten minutes,
-    /// if it failed before or if the window is open for days. Reports the failure of an earlier
-    /// start at once. Window and clock are borrowed and outlive this. The helper is the program to
-    /// run; empty: this one.
+    /// in case the backup failed before or the window stays open for days. Reports the failure of
+    /// an earlier start at once. Window and clock are borrowed and outlive this. The helper is the
+    /// program to run; empty: this program.
     DailyBackup(QWidget& window, std::string folder, IClock& clock, Report report,
                 QString helper = {});
-    /// The process continues without this.
+    /// The process continues after this object is gone.
     ~DailyBackup() override;
 
 private:
@@ -44,14 +44,15 @@ private:
     QString program_;
     QTimer again_;
     std::unique_ptr<QProcess> helper_;
-    std::unique_ptr<QProcess> ended_;  ///< the last one: it must not be deleted in its own signal
-    bool looked_ = false;              ///< the helper was started once
+    std::unique_ptr<QProcess>
+        ended_;            ///< the last process: it must not be deleted in its own signal
+    bool looked_ = false;  ///< the helper was started at least once
 };
 
 /// Does the work of that process, at low priority: makes the backup, and checks whether the
-/// balances fit their rows. Balances that do not are added to the list of noticed ones, where the
-/// window sees them. Returns the exit code: 1 if there is no backup; the reason is then printed in
-/// the lines of BackupFailure.
+/// balances fit their rows. Balances that do not fit are added to the list of noticed ones, where
+/// the window sees them. Returns the exit code: 1 if there is no backup; the reason is then printed
+/// in the lines of BackupFailure.
 int MakeDailyBackup(const std::optional<std::string>& home, const Date& day);
 
 }  // namespace clb

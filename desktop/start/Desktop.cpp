@@ -64,7 +64,7 @@ std::unique_ptr<IClock> MakeClock(const StartOptions& options)
     return std::make_unique<SystemClock>();
 }
 
-/// The program of one user: its ports, the controller and the window.
+/// One run of the program: its ports, the controller and the window.
 class Program {
 public:
     Program(const std::string& folder, IClock& clock)
@@ -93,9 +93,9 @@ public:
     void Load() { controller_.Load(); }
     MainWindow& Window() { return window_; }
     frmController& Controller() { return controller_; }
-    /// Whether the user ended it to start again.
+    /// Whether the user ended the program to start it again.
     bool StartsAgain() const { return stuck_.StartsAgain(); }
-    /// Closes it because of a signal. A row that is being typed is not saved.
+    /// Closes the program because of a signal. A row that is being typed is not saved.
     void Close()
     {
         Interruption::Forget();
@@ -105,7 +105,7 @@ public:
         controller_.Grid.CancelEdit();
         controller_.Unload();
     }
-    /// Name of the backup to restore before it starts again; empty: none.
+    /// Name of the backup to restore before the program starts again; empty: none.
     const std::string& Restores() const { return stuck_.Restores(); }
     void Report(const std::optional<BackupFailure>& failure)
     {
@@ -116,7 +116,7 @@ public:
     IncomingFiles& Incoming() { return incoming_; }
 
 private:
-    /// Runs before each action. The action's row and node numbers are those that were drawn last.
+    /// Runs before each action. The action uses the row and node numbers that were drawn last.
     bool FollowOthers()
     {
         if (!controller_.Loaded())
@@ -186,12 +186,12 @@ int Picture(MainWindow& window, const std::string& file)
 
 /// How a run of the program ended.
 struct Ending {
-    std::optional<int> exitCode;  ///< nothing: it is to start again
-    std::string restores;         ///< name of the backup to restore before; empty: none
-    bool opened = true;           ///< and the files were taken
+    std::optional<int> exitCode;  ///< nothing: the program is to start again
+    std::string restores;         ///< name of the backup to restore first; empty: none
+    bool opened = true;           ///< the data was opened and the files were taken
 };
 
-/// Begins the day's backup, if this start is to make one.
+/// Begins the day's backup, if this start makes one.
 std::unique_ptr<DailyBackup> BeginBackup(Program& program, const std::string& folder,
                                          const StartOptions& options, IClock& clock)
 {
@@ -203,7 +203,7 @@ std::unique_ptr<DailyBackup> BeginBackup(Program& program, const std::string& fo
     return nullptr;
 }
 
-/// Runs the program once, with these files to import.
+/// Runs the program once and imports these files.
 Ending RunOnce(const std::string& folder, const StartOptions& options, IClock& clock,
                RunningProgram& running, const QStringList& files)
 {

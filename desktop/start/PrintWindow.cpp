@@ -19,7 +19,7 @@ namespace clb {
 
 namespace {
 
-// The document has margins of two centimetres of its own.
+// The document itself has margins of two centimetres.
 constexpr qreal kMarginMillimetres = 5;
 
 int Fail(const std::string& what, bool asks)

@@ -21,15 +21,16 @@ QString RestoreCaption(const BackupFailure& failure);
 /// The box that says that the data cannot be opened and offers to restore the last good backup
 /// (button "restore") or to quit (button "quit", also by closing it).
 std::unique_ptr<QMessageBox> BuildRestoreOffer(const BackupFailure& failure);
-/// Name of the backup that helps when the data cannot be opened for this error: of a damaged or
-/// missing file the last good one, of a cell that its column is not for the newest one in which all
-/// accounts can be read. Empty if there is none, and for other errors.
+/// Name of the backup that helps when the data cannot be opened because of this error. For a
+/// damaged or missing file it is the last good backup. For a cell with a value that its column does
+/// not allow, it is the newest backup in which all accounts can be read. Empty if there is none,
+/// and for other errors.
 std::string BackupAgainst(const Backups& backups, const EngineError& error);
-/// Shows that box if there is such a backup. Returns the name of the backup
-/// to restore; empty: the user quits. Nothing when there is nothing to offer.
+/// Shows that box if there is such a backup. Returns the name of the backup to restore, or an empty
+/// text if the user quits. Returns nothing if there is no backup to offer.
 std::optional<std::string> OfferRestore(const Backups& backups, const EngineError& error);
-/// Restores the backup of that name and shows a box that says so, or what kept it from being
-/// restored. No program may have the database open.
+/// Restores the backup of that name and reports the result, or why it failed, in a box. No program
+/// may have the database open.
 void RestoreBackup(Backups& backups, const std::string& name, const Date& now);
 
 }  // namespace clb

@@ -19,7 +19,7 @@
 #include "base/RuntimeError.h"
 #include "desktop/look/TextConvert.h"
 
-// A request is one line of JSON; the first start answers with the line below.
+// A request is one line of JSON. The first start answers with the line below.
 
 namespace clb {
 
@@ -103,7 +103,8 @@ bool RunningProgram::BecomeFirst(const StartRequest& request)
         }
         if (const std::string others = HeldByOthers(); !others.empty())
             Refuse(others);
-        // It belongs to a program that is gone. A running program keeps it.
+        // Removes the lock only if it belongs to a program that is gone. A running program keeps
+        // it.
         lock_.removeStaleLockFile();
         QThread::msleep(kBetweenTries);
     }
@@ -113,7 +114,7 @@ bool RunningProgram::Lock()
 {
     if (!lock_.tryLock())
         return false;
-    // After a crash, another user of the book can remove it.
+    // Lets another user of the book remove the lock after a crash.
     QFile::setPermissions(lockFile_, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup |
                                          QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther);
     Listen();

@@ -32,15 +32,15 @@ public:
     explicit RunningProgram(const std::string& folder,
                             std::chrono::milliseconds patience = kPatience);
 
-    /// True: this is the first start; it holds the book and answers later starts for as long as
-    /// this lives. False: the first start has taken the request. Waits for an answer as long as
-    /// its patience. Throws RuntimeError, which says who has the book open, when that window does
-    /// not answer, or is another user's or another computer's. Where no lock can be made, any start
-    /// that no other answers is a first one.
+    /// Returns true if this is the first start; it holds the book and answers later starts for as
+    /// long as this lives. Returns false if the first start has taken the request. Waits for an
+    /// answer no longer than its patience. Throws RuntimeError, which says who has the book open,
+    /// if that window does not answer or belongs to another user or another computer. If no lock
+    /// can be made, any start that gets no answer from another counts as a first one.
     bool BecomeFirst(const StartRequest& request);
 
-    /// From now on each request of a later start is handed on, first those that came before. An
-    /// empty function makes them wait.
+    /// Hands on each request of a later start from now on, beginning with those that came before.
+    /// An empty function makes them wait.
     void Serve(std::function<void(const StartRequest&)> taken);
 
 private:
@@ -49,15 +49,15 @@ private:
     void Greet();
     void Read(QLocalSocket& later);
     void HandOn();
-    /// False when nobody is there, or when no answer has come in time.
+    /// Returns false if nobody answers, or not in time.
     [[nodiscard]] bool HandOver(const StartRequest& request, const QDeadlineTimer& late) const;
-    /// Who else has the book open; empty when the lock is of this user on this computer.
+    /// Who else has the book open; empty if the lock belongs to this user on this computer.
     [[nodiscard]] std::string HeldByOthers() const;
     [[noreturn]] void Refuse(const std::string& why) const;
 
     QString folder_;
     QString lockFile_;
-    QString name_;  ///< of the socket
+    QString name_;  ///< name of the socket
     std::chrono::milliseconds patience_;
     QLockFile lock_;
     QLocalServer server_;

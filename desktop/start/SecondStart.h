@@ -11,8 +11,8 @@ namespace clb {
 class IncomingFiles;
 class MainWindow;
 
-/// The request of this start: its files as absolute paths, and the desktop's token that lets a
-/// window come to the front.
+/// Makes the request of this start: its files as absolute paths, and the desktop's token that lets
+/// a window come to the front.
 StartRequest RequestFor(const std::vector<std::string>& files);
 
 /// Brings the window to the front and imports the files.

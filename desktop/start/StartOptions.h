@@ -1,4 +1,4 @@
-// The command line.
+// Reads the command line of the program with the window.
 #pragma once
 #include <optional>
 #include <string>
@@ -11,14 +11,14 @@ namespace clb {
 /// The options of the command line.
 struct StartOptions {
     std::optional<std::string> home;  ///< program folder
-    std::optional<Date> now;          ///< the clock stands at this local time
+    std::optional<Date> now;          ///< the clock is stopped at this local time
     std::string quoteService;         ///< scheme, host and port; empty: the settings file's
     std::string picture;              ///< file for a picture of the window; empty: none
-    std::string print;                ///< HTML file to print, and nothing else; empty: none
+    std::string print;                ///< HTML file to print, doing nothing else; empty: none
     std::string pdf;                  ///< with print: the file to print to without asking
-    std::optional<Date> dailyBackup;  ///< make this day's backup, and nothing else
+    std::optional<Date> dailyBackup;  ///< make this day's backup and do nothing else
     bool automate = false;
-    bool untilPainted = false;       ///< end once the window is painted: what a start takes
+    bool untilPainted = false;       ///< end after the window is painted, to measure a start
     std::vector<std::string> files;  ///< statements to import
 };
 

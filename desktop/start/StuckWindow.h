@@ -26,14 +26,14 @@ class UserEvents;
 /// on, or to quit.
 class StuckWindow : public QDialog {
 public:
-    /// All borrowed; they outlive it.
+    /// All arguments are borrowed and outlive the window.
     StuckWindow(frmController& controller, UserEvents& events, QWidget& above);
     ~StuckWindow() override;
 
-    /// Shows this window if the main window is disabled, hides it if not. To be called while no
+    /// Shows this window if the main window is disabled, otherwise hides it. Call it only while no
     /// command runs.
     void Follow();
-    /// Whether the program was ended to be started again.
+    /// Whether the user ended the program to start it again.
     [[nodiscard]] bool StartsAgain() const { return startsAgain_; }
 
     /// Shows that the data file is damaged, as soon as no command runs. It is not shown again after

@@ -13,20 +13,20 @@ class IMessageBox;
 class MainWindow;
 class UserEvents;
 
-/// Statement files that come without the import command being chosen: dropped on the window, named
-/// at the start or by a second start. Each is imported by that command, one after the other, as
-/// soon as no other command runs and no dialog is open.
+/// Takes statement files that arrive without the import command being chosen: dropped on the
+/// window, or named at the start or by a second start. Imports them with that command, one after
+/// the other, as soon as no other command runs and no dialog is open.
 class IncomingFiles : public QObject {
 public:
     using Answer = std::function<void(const std::string& path)>;
 
-    /// All borrowed; they outlive this. The answer makes the next question for a file have this one
-    /// for its answer.
+    /// All arguments are borrowed and outlive this. `answer` sets the file that answers the next
+    /// file dialog.
     IncomingFiles(frmController& controller, MainWindow& window, UserEvents& events,
                   IMessageBox& messages, Answer answer);
 
-    /// Paths; each is looked at when its turn comes. One that is no statement is told and passed
-    /// over; when the row in edit cannot be saved, the rest is given up.
+    /// Takes paths; each is examined when its turn comes. A file that is not a statement is
+    /// reported and skipped. If the row in edit cannot be saved, the rest is dropped.
     void Take(const QStringList& paths);
 
 private:

@@ -32,7 +32,7 @@ public:
     /// The sizes that depend on the fonts and the toolkit's style.
     static WindowMetrics Metrics();
 
-    /// Both borrowed; they outlive the window. The controller need not be loaded yet.
+    /// Both are borrowed and outlive the window. The controller need not be loaded yet.
     MainWindow(frmController& controller, UserEvents& events);
     ~MainWindow() override;
 
@@ -88,7 +88,7 @@ private:
     ListBinder* month_ = nullptr;
     YearBox* year_ = nullptr;
     ToolbarBinder* toolbar_ = nullptr;
-    int turned_ = 0;  // of the wheel over the month list, not yet a step
+    int turned_ = 0;  // how far the wheel over the month list has turned since its last step
     QStatusBar* status_ = nullptr;
     QLabel* statusText_ = nullptr;
     std::unique_ptr<TotalsLine> totals_;

@@ -1,4 +1,4 @@
-// Files that are dropped on the window, and bringing it to the front.
+// Handles files that are dropped on the window, and brings it to the front.
 
 #include <QApplication>
 #include <QDragEnterEvent>

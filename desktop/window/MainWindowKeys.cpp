@@ -1,4 +1,5 @@
-// The window by keys and wheel: shortcuts, the way of the focus, the steps of the month.
+// Handles keys and the wheel in the main window: shortcuts, the order of the focus, the steps of
+// the month.
 #include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
@@ -19,7 +20,8 @@ namespace clb {
 
 void MainWindow::BindKeys()
 {
-    // What these keys show or change follows the row in edit, so that is saved first.
+    // These keys show or change something that depends on the row in edit, so that row is saved
+    // first.
     const auto bind = [this](const QKeySequence& key, std::function<void()> action) {
         auto* shortcut = new QShortcut(key, this);
         connect(shortcut, &QShortcut::activated, this, [this, action = std::move(action)] {
@@ -54,7 +56,7 @@ void MainWindow::BindFocus()
 
 void MainWindow::OrderTabs()
 {
-    // As the eye goes: along the toolbar, then the tree, the grid and what it adds up to.
+    // The order in which the eye reads: the toolbar, then the tree, the grid and its totals.
     std::vector<QWidget*> stops;
     for (const Toolbar::Button& button : controller_.toolbar.Buttons())
         stops.push_back(toolbar_->ButtonOf(button.key));
@@ -80,7 +82,7 @@ void MainWindow::Choose(MenuItem& item)
 
 bool MainWindow::TurnMonth(int angle)
 {
-    // A wheel of fine steps makes one of the month when it has turned as far as a coarse one.
+    // A wheel with fine steps changes the month after it has turned as far as one coarse step.
     turned_ += angle;
     for (; std::abs(turned_) >= QWheelEvent::DefaultDeltasPerStep;
          turned_ -=

@@ -16,7 +16,7 @@ class UserEvents;
 class MenuBinder : public sigc::trackable {
 public:
     using Command = std::function<void(MenuItem& item)>;
-    /// All borrowed; they outlive the binder. press runs a chosen item.
+    /// All are borrowed and outlive the binder. press runs a chosen item.
     MenuBinder(MenuBar& menus, QMenuBar& bar, UserEvents& events, const Command& press);
 };
 

@@ -34,7 +34,7 @@ protected:
 private:
     Border border_;
     QPointer<QWidget> before_;
-    int grip_ = 0;  // from the border to where the mouse took it
+    int grip_ = 0;  // distance from the border to where the mouse took it
 };
 
 }  // namespace clb

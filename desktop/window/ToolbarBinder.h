@@ -24,7 +24,7 @@ public:
     /// the binder.
     ToolbarBinder(Toolbar& toolbar, UserEvents& events, QWidget* parent = nullptr);
 
-    /// With a caption before it, whose letter leads to it.
+    /// Adds a widget with a caption before it. The caption's letter leads to the widget.
     void AddAtRight(const QString& caption, QWidget* widget);
     /// The button of a key.
     [[nodiscard]] QWidget* ButtonOf(const std::string& key) const;

@@ -10,7 +10,7 @@ namespace clb {
 
 namespace {
 
-constexpr int kFrame = 12;  // pixels that a box's frame and margins take of its width
+constexpr int kFrame = 12;  // pixels of a box's width that its frame and margins take
 
 }  // namespace
 

@@ -137,8 +137,8 @@ void TreeBinder::FollowSelection()
         ItemOf(node)->setIcon(
             0, icons::TreeImage(node == selected ? model.selectedImage : model.image));
     }
-    // A key that is not yet handed to the model has already moved the selection. The model's answer
-    // comes later.
+    // A key that is not yet handed to the model has already moved the selection. The model answers
+    // later.
     if (pressesPending_ == 0)
         setCurrentItem(selected == 0 ? nullptr : ItemOf(selected));
 }
@@ -186,7 +186,7 @@ void TreeBinder::mousePressEvent(QMouseEvent* event)
 
 void TreeBinder::mouseMoveEvent(QMouseEvent* event)
 {
-    // Dragging selects nothing.
+    // Dragging must not select anything.
     event->accept();
 }
 

@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kLeastWidth = 320;
 constexpr int kLeastHeight = 200;
-constexpr double kPartOfScreen = 0.92;  // that a first window takes at most
+constexpr double kPartOfScreen = 0.92;  // part of the screen that a first window takes at most
 
 /// Whether enough of the title is visible to drag the window with the mouse.
 bool TitleInSight(const QRect& place)

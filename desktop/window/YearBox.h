@@ -15,7 +15,7 @@ class UserEvents;
 /// digits, on Enter, or when the box loses the focus.
 class YearBox : public QAbstractSpinBox, public sigc::trackable {
 public:
-    /// All borrowed; they outlive the box.
+    /// All are borrowed and outlive the box.
     YearBox(TextBox& year, Spinner& spinner, UserEvents& events, QWidget* parent = nullptr);
 
     [[nodiscard]] QLineEdit* Line() const { return lineEdit(); }

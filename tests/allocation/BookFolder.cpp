@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kDatabase = "db/clb.mdb";
 
-/// In one piece: files are read thousands of times.
+/// Reads the file in one piece, because files are read thousands of times.
 std::string BytesOf(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary | std::ios::ate);
@@ -25,7 +25,7 @@ std::string BytesOf(const std::string& path)
     return bytes;
 }
 
-/// The list of balances tells when each was noticed, by the system's clock.
+/// Leaves out the time at which a balance was noticed, which comes from the system's clock.
 std::string WithoutTime(std::string line)
 {
     const std::size_t time = line.find("|t19:");
@@ -33,7 +33,7 @@ std::string WithoutTime(std::string line)
                                      : line.erase(time, std::strlen("|t19:2026-11-22 11:04:31"));
 }
 
-/// The storage's own judgement: "ok" for a sound file.
+/// What the storage itself reports: "ok" for a sound file.
 std::string IntegrityOf(const std::string& path)
 {
     std::string found;

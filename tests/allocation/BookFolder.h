@@ -1,3 +1,4 @@
+// A book in memory for tests in which allocations fail.
 #pragma once
 #include <map>
 #include <string>
@@ -7,30 +8,30 @@
 
 namespace clb {
 
-/// A small book in memory, which can be put back as it was after each try, and what is found in it.
+/// A small book in memory. It can be restored after each try, and its contents can be examined.
 class BookFolder {
 public:
-    /// A book with the delivered tables and these statements run on it.
+    /// Makes a book with the delivered tables and runs these statements on it.
     explicit BookFolder(const std::vector<std::string>& statements);
 
     [[nodiscard]] std::string Path() const { return folder_.Path(); }
     [[nodiscard]] std::string Path(const std::string& name) const { return folder_.Path(name); }
-    /// Adds a file to what is put back.
+    /// Adds a file to those that are restored.
     std::string Write(const std::string& name, const std::string& bytes);
 
-    /// Takes what stands there now as the state to put back.
+    /// Takes the present state as the one to restore.
     void Keep();
-    /// Puts everything back; files are written in place, for a program that has them open.
+    /// Restores everything. Files are written in place, for a program that has them open.
     void PutBack() const;
 
     /// Names of all files below the folder, with their bytes.
     [[nodiscard]] std::map<std::string, std::string> Files() const;
     [[nodiscard]] std::vector<std::string> FileNames() const;
-    /// What the tables hold. Throws std::runtime_error when the file is damaged.
+    /// What the tables hold. Throws std::runtime_error if the file is damaged.
     [[nodiscard]] TableDump Tables() const;
-    /// Whether the database file is byte by byte as it was kept, and no journal beside it.
+    /// Whether the database file is byte by byte as it was kept, without a journal beside it.
     [[nodiscard]] bool Untouched() const;
-    /// Whether the database file and no journal beside it holds the text.
+    /// Whether the database file contains the text and has no journal beside it.
     [[nodiscard]] bool Holds(const std::string& text) const;
     [[nodiscard]] const TableDump& KeptTables() const { return tables_; }
     [[nodiscard]] bool WasKept(const std::string& name) const { return kept_.contains(name); }

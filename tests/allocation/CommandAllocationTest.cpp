@@ -1,4 +1,4 @@
-// Memory runs out in the middle of a command of clb, its start included.
+// Memory runs out in the middle of a command of clb, including its start.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,8 +15,8 @@ namespace {
 
 using testing::IsEmpty;
 
-/// As the program clb runs it; gives its exit code. begin: run once the words are parsed, which is
-/// a library's work.
+/// Runs the command as the program clb does; returns its exit code. begin: called after the
+/// arguments are parsed, which is the work of a library.
 int RunCommand(
     const std::vector<std::string>& words, const std::function<void()>& begin = [] {})
 {
@@ -50,8 +50,8 @@ protected:
         words.insert(words.end(), {"--home", books_.Path()});
         return TryWords(words, mayBeDone);
     }
-    /// mayBeDone: it is also right to report a failure when all was done but could not be told,
-    /// because doing it once more changes nothing.
+    /// mayBeDone: a reported failure is also right if everything was done and only the report
+    /// failed, because repeating the command changes nothing.
     std::vector<std::string> TryWords(const std::vector<std::string>& words, bool mayBeDone,
                                       Counted counted = Counted::All)
     {
@@ -73,7 +73,7 @@ protected:
     static int ExitCode(const Tries& tries, const std::vector<std::string>& words)
     {
         try {
-            // 2 is no failure: a check has found something.
+            // 2 is not a failure: a check has found something.
             const int exitCode = RunCommand(words, [&] { tries.Begin(); });
             return exitCode == 2 ? 0 : exitCode;
         } catch (const std::exception&) {
@@ -135,7 +135,7 @@ TEST_P(CommandAllocationTest, InACheckThatRepairs)
     EXPECT_THAT(Try("check", {"--repair"}, true), IsEmpty());
 }
 
-/// Its reply is JSON, which takes memory in destructors.
+/// Its reply is JSON, which allocates memory in destructors.
 TEST_P(CommandAllocationTest, InAStatement)
 {
     EXPECT_THAT(TryWords({"sql", books_.Path(), "UPDATE Trans SET Category = 'Fun'"}, false,

@@ -1,5 +1,5 @@
-// The storage below the driven program runs out of memory. The program's own memory does not: its
-// JSON takes some in destructors.
+// The storage below the driven program runs out of memory. The program's own memory does not,
+// because its JSON allocates in destructors.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ protected:
     BookFolder books_{CheckingBook()};
 };
 
-// It was taken for "Invalid data" in the statement, and the rows before it were kept.
+// Symptom: it was reported as "Invalid data" in the statement, and the rows before it were kept.
 TEST_F(DrivenAllocationTest, InAnImport)
 {
     const std::string file =

@@ -35,8 +35,8 @@ void* Reallocate(void* block, int bytes)
                                                                   : storage.xRealloc(block, bytes);
 }
 
-/// The library of the signals takes memory for a connection in functions that may not throw: there
-/// the program would end, with the file as it was.
+/// The library of the signals allocates memory for a connection in functions that may not throw. A
+/// failure there would end the program, with the file as it was.
 bool CannotReport(const void* caller)
 {
     Dl_info place{};
@@ -47,7 +47,7 @@ bool CannotReport(const void* caller)
            name.find("sigc8internal23trackable_callback_list") != std::string_view::npos;
 }
 
-/// Before main: the storage takes another allocator only before its first use.
+/// Runs before main, because the storage takes another allocator only before its first use.
 bool ReplaceStorageAllocator()
 {
     sqlite3_config(SQLITE_CONFIG_GETMALLOC, &storage);
@@ -55,8 +55,8 @@ bool ReplaceStorageAllocator()
     counted.xMalloc = Allocate;
     counted.xRealloc = Reallocate;
     sqlite3_config(SQLITE_CONFIG_MALLOC, &counted);
-    // The storage takes small pieces from a store made ahead, which cannot fail. For long they come
-    // from the allocator too.
+    // The storage takes small pieces from a pool made in advance, which cannot fail. In the long
+    // run they come from the allocator too.
     if (std::getenv("CLB_ALLOCATION_ALL"))
         sqlite3_config(SQLITE_CONFIG_LOOKASIDE, 0, 0);
     return true;

@@ -1,3 +1,4 @@
+// Sends a request to the driven program while allocations fail.
 #pragma once
 #include <string>
 #include <vector>
@@ -7,19 +8,19 @@
 
 namespace clb {
 
-/// A request to the driven program in whose handling allocations of the storage fail. After each
-/// failure the program must go on: show what the file holds, and do another command.
+/// Sends a request to the driven program while allocations of the storage fail. After each failure
+/// the program must go on: it must show what the file holds, and carry out another command.
 class TriedRequest {
 public:
-    /// shown: requests that bring up the view. made: what is done in it before the request, such as
-    /// typing into a row.
+    /// shown: requests that bring up the view. made: requests that come before the tried one, such
+    /// as typing into a row.
     TriedRequest(BookFolder& books, std::vector<Json> shown, std::vector<Json> made, Json request);
 
-    /// Tries all allocations. Returns what was wrong.
+    /// Tries all allocations. Returns a list of what was wrong.
     std::vector<std::string> Run();
 
 private:
-    /// The next line for the program; nothing at the end.
+    /// Sets the next line for the program. Returns false at the end.
     bool Give(std::string& line);
     void Take(const std::string& reply);
     void Judge(const Json& reply);

@@ -34,8 +34,8 @@ void Silence()
 
 }  // namespace
 
-/// What the process of a try tells the test's.
-struct Tries::Told {
+/// What the process of a try reports to the test's process.
+struct Tries::Outcome {
     std::array<char, 4096> text;
 };
 
@@ -43,25 +43,25 @@ Tries::Tries(BookFolder& books, Refusal refusal, std::int64_t stride, Counted co
     : books_(books), refusal_(refusal), stride_(Thorough() ? 1 : stride), counted_(counted)
 {
     void* const shared =
-        ::mmap(nullptr, sizeof(Told), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    told_ = static_cast<Told*>(shared);
+        ::mmap(nullptr, sizeof(Outcome), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    outcome_ = static_cast<Outcome*>(shared);
 }
 
 Tries::~Tries()
 {
-    ::munmap(told_, sizeof(Told));
+    ::munmap(outcome_, sizeof(Outcome));
 }
 
 bool Tries::Next()
 {
-    // One try in this process, for a debugger.
+    // Runs one try in this process, for a debugger.
     if (const char* const only = std::getenv("CLB_ALLOCATION_AT")) {
         n_ = std::atoll(only);
         return true;
     }
     for (bool more = true; more;) {
         n_ += n_ < 1 ? 1 : stride_;
-        told_->text[0] = '\0';
+        outcome_->text[0] = '\0';
         const pid_t process = ::fork();
         if (process == 0) {
             ::alarm(kSeconds);
@@ -89,15 +89,15 @@ bool Tries::Evaluate(int status)
     }
     const int code = WEXITSTATUS(status);
     if (code != kFailed && code != kRanThrough)
-        problems_.push_back(place + told_->text.data());
+        problems_.push_back(place + outcome_->text.data());
     return Undisturbed() || code == kFailed || code == kWrong;
 }
 
 void Tries::End(const std::string& wrong) const
 {
-    std::strncpy(told_->text.data(), wrong.c_str(), told_->text.size() - 1);
+    std::strncpy(outcome_->text.data(), wrong.c_str(), outcome_->text.size() - 1);
     const int fine = FailingAllocations::Reached() ? kFailed : kRanThrough;
-    std::cout << wrong << std::endl;  // for who looks at a single try
+    std::cout << wrong << std::endl;  // for a person who looks at a single try
     ::_exit(wrong.empty() ? fine : kWrong);
 }
 

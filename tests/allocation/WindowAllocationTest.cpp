@@ -1,5 +1,5 @@
-// Memory runs out in the middle of a command of the window: the models with all their behaviour,
-// and the events that run the user's actions.
+// Memory runs out in the middle of a command of the window: in the models with all their behaviour,
+// and in the events that run the user's actions.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ namespace {
 
 using testing::IsEmpty;
 
-/// The program over a book, with fakes for what is outside.
+/// The program with a book, and fakes for everything outside.
 struct Window : FakeOutside {
     explicit Window(const std::string& folder)
         : controller(PortsOver(folder), WindowMetrics()), events(messages)
@@ -44,7 +44,7 @@ protected:
     {
     }
 
-    /// The program, once the book is complete.
+    /// Opens the program after the book is complete.
     frmController& Open()
     {
         books_.Keep();
@@ -93,7 +93,7 @@ protected:
                                  std::int64_t stride = 1)
     {
         shown_.push_back(Shown());
-        // Without any memory from there on, places near one another end alike.
+        // If all later allocations fail, neighbouring tries end alike.
         Tries tries(books_, GetParam(), GetParam() == Refusal::One ? stride : 7);
         if (tries.Next()) {
             tries.Begin();
@@ -115,7 +115,7 @@ private:
     std::string Trouble(const Tries& tries, bool done)
     {
         std::string wrong = tries.WrongInBook(done);
-        if (!done && GetParam() == Refusal::One && !Told())
+        if (!done && GetParam() == Refusal::One && !ReportsIt())
             wrong += " not told";
         if (!window_->controller.window.Enabled())
             wrong += " disabled";
@@ -123,14 +123,15 @@ private:
             wrong += " busy";
         return wrong + NextCommand(tries, done);
     }
-    bool Told() const
+    bool ReportsIt() const
     {
         const auto& boxes = window_->messages.boxes;
         return !boxes.empty() &&
                boxes.back().text ==
                    "There is not enough memory. Nothing of the last command was kept.";
     }
-    /// The window shows what the file holds at the latest after the next command, which works.
+    /// After the next command at the latest, which succeeds, the window must show what the file
+    /// holds.
     std::string NextCommand(const Tries& tries, bool done)
     {
         std::string wrong;

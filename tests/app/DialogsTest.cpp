@@ -198,7 +198,7 @@ TEST(clsOpenSaveTest, AChoiceSetsNameTitleAndExtension)
     EXPECT_EQ(dialog.FileExt, "OFX");
 }
 
-TEST(AboutTest, OnlyALaterProgramsDataFileHasALineOfItsOwn)
+TEST(AboutTest, OnlyALaterProgramsDataFileHasASeparateLine)
 {
     FakeModalHost host;
     FakeShell shell;

@@ -1,4 +1,4 @@
-// The manual names the commands' keys as they are.
+// The keys that the manual names are the commands' keys.
 
 #include <gtest/gtest.h>
 
@@ -43,7 +43,7 @@ std::string PageOf(const std::string& name)
     return {};
 }
 
-/// The keys that the matches of the pattern name: the first group has a key, the second a caption.
+/// The keys that the matches of the pattern name: the first group is a key, the second a caption.
 Keys FirstKeys(const std::string& page, const std::regex& pattern, std::size_t key,
                std::size_t caption)
 {

@@ -187,7 +187,7 @@ TEST_F(ChangedRowsTest, ADeletedRowListsTheBalance)
     EXPECT_THAT(books_->Rows(kList), ElementsAre("C1|7|5|window|"));
 }
 
-TEST_F(ChangedRowsTest, ALookIsNotTraced)
+TEST_F(ChangedRowsTest, ReadingTheBalancesIsNotTraced)
 {
     Show(false);
     std::vector<std::string> traced;
@@ -228,7 +228,7 @@ TEST_F(ChangedRowsTest, WhatOthersDeleteMeanwhileIsNoticedAtTheNextChange)
     EXPECT_THAT(books_->Rows(kList), ElementsAre("C1|7|5|window|"));
 }
 
-/// For example if another program changes a holding's total or a loan's payment.
+/// For example, another program changes a holding's total or a loan's payment.
 TEST_F(ChangedRowsTest, HoldingsAndLoansCountAsWell)
 {
     Begin(false);
@@ -262,7 +262,7 @@ TEST_F(ChangedRowsTest, ThePanelFollowsWhatOtherProgramsSettle)
     EXPECT_EQ(books_->window.notices.Text(), "");
 }
 
-TEST_F(NoticedBalancesTest, AStartListsThemOnceUntilAPersonHasTakenNote)
+TEST_F(NoticedBalancesTest, AStartListsThemOnlyOnceUntilAPersonHasTakenNote)
 {
     Begin(true);
 
@@ -287,7 +287,7 @@ TEST_F(NoticedBalancesTest, AStartWritesNothingWhenAllFit)
 }
 
 /// There are so many that their sums are read together.
-TEST_F(NoticedBalancesTest, OfManyAccountsThoseThatDoNotFitAreFound)
+TEST_F(NoticedBalancesTest, AmongManyAccountsThoseThatDoNotFitAreFound)
 {
     Begin(false);
     for (int number = 3; number < 80; ++number)

@@ -78,7 +78,7 @@ TEST_F(UnreadableViewTest, WhatOthersWriteIsFollowedWithoutAnError)
 }
 
 /// Another program spoils a cell after a command has checked the rows and before it reads them.
-TEST_F(UnreadableViewTest, ACommandThatCannotReadTheRowsAgainLeavesTheGridEmpty)
+TEST_F(UnreadableViewTest, AfterACommandThatCannotReadTheRowsAgainTheGridIsEmpty)
 {
     ShowChecking();
     books_.window.window.Focus(Grid());

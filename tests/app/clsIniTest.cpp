@@ -69,7 +69,7 @@ TEST_F(clsIniTest, OtherLinesKeepTheirPlace)
         "; mine\r\n[Other]\r\na=1\r\n\r\n[Settings]\r\n;x\r\nBankUrl=u\r\n\r\n[Last]\r\nb=2\r\n");
 }
 
-TEST_F(clsIniTest, OnAFullDiskTheFormerFileStays)
+TEST_F(clsIniTest, OnAFullDiskTheOldFileStays)
 {
     const SmallDisk disk;
     if (!disk.Mounted())

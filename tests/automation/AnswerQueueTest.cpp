@@ -38,7 +38,7 @@ TEST(AnswerQueueTest, AButtonThatTheBoxLacksDoesNotFit)
     EXPECT_TRUE(answers.TakeForBox(yesNo));
 }
 
-TEST(AnswerQueueTest, AFormTakesOnlyAnAnswerOfItsName)
+TEST(AnswerQueueTest, AFormTakesOnlyAnAnswerWithItsName)
 {
     AnswerQueue answers;
     answers.Add(FormReply{"frmSelectAccount", {}});

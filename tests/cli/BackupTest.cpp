@@ -53,7 +53,7 @@ TEST_F(BackupTest, ABackupOfTodayIsRestoredByItsDay)
     EXPECT_EQ(Accounts(), R"([["1"],["2"]])");
 }
 
-TEST_F(BackupTest, WhatACheckFindsInARestoredBookIsTold)
+TEST_F(BackupTest, WhatACheckFindsInARestoredBookIsReported)
 {
     Run("backup '" + folder.Path("stick.mdb") + "'" + Home());
     {
@@ -72,10 +72,10 @@ TEST_F(BackupTest, WhatACheckFindsInARestoredBookIsTold)
               Json::array({"The trigger Eater on Trans is not this program's."}));
 }
 
-// Half a book, as large as the book, stayed until somebody restored a backup again.
-TEST_F(BackupTest, WhatKilledProgramsLeftBesideTheBookGoesWithTheNextCommand)
+// Symptom: half a book, as large as the book, stayed until a backup was restored again.
+TEST_F(BackupTest, TheNextCommandRemovesFilesThatKilledProgramsLeft)
 {
-    const std::string ended = "4194305";  // no process has so large a number
+    const std::string ended = "4194305";  // larger than any process number
     const std::string names[] = {"books/db/clb.mdb.new-" + ended,
                                  "books/db/backup/clb-2026-11-21.mdb.new-" + ended + "-journal"};
     const std::string commands[] = {"accounts" + Home(), "check" + Home(), "backup" + Home(),
@@ -148,9 +148,9 @@ TEST_F(BackupTest, WhatIsNotAWholeBookIsNotRestored)
     EXPECT_TRUE(folder.Read("books/db/clb.mdb") == before);
 }
 
-/// Symptoms: a folder that does not exist was named below the folder of backups, and a link to
+/// Symptoms: a folder that does not exist was reported below the folder of backups, and a link to
 /// itself was reported as "filesystem error: status".
-TEST_F(BackupTest, WhyAFileCannotBeRestoredIsToldInASentence)
+TEST_F(BackupTest, WhyAFileCannotBeRestoredIsReportedInASentence)
 {
     const std::string before = folder.Read("books/db/clb.mdb");
     const auto refusal = [&](const std::string& path) {
@@ -172,8 +172,8 @@ TEST_F(BackupTest, WhyAFileCannotBeRestoredIsToldInASentence)
     EXPECT_TRUE(folder.Read("books/db/clb.mdb") == before);
 }
 
-/// Symptom: the advice was to keep the file and to bring a backup back.
-TEST_F(BackupTest, OfADamagedBackupAnotherOneIsAdvised)
+/// Symptom: the advice was to keep the file and to restore a backup.
+TEST_F(BackupTest, ForADamagedBackupAnotherOneIsAdvised)
 {
     const std::string whole = folder.Read("books/db/clb.mdb");
     const std::string half = folder.Write("half.mdb", whole.substr(0, whole.size() / 2));
@@ -231,7 +231,7 @@ TEST_F(BackupTest, SeveralAtOnceMakeOrShareSoundCopies)
     for (auto& one : all)
         made.insert(one.get());
 
-    // How many wait for each other depends on the machine.
+    // How many of them wait for each other depends on the machine.
     const Backups backups(folder.Path("books"));
     EXPECT_EQ(backups.Names().size(), made.size());
     for (const std::string& name : backups.Names())

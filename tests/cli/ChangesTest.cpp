@@ -57,7 +57,7 @@ TEST_F(ChangesTest, ARegisterPrintsTheNumbersThatSplitAndMoveTake)
     EXPECT_EQ(Out().find("Sequence"), std::string::npos);
 }
 
-TEST_F(ChangesTest, ASplitTakesHalfOrTheAmountThatIsGiven)
+TEST_F(ChangesTest, ASplitUsesHalfOrTheGivenAmount)
 {
     EXPECT_EQ(Run("split 7 -30" + Home()), 0);
     EXPECT_EQ(Out(), "Split transaction 7: -70 stays in piece 0, -30 goes to piece 1\n");
@@ -111,7 +111,7 @@ TEST_F(ChangesTest, OnlyTheNamedPieceMoves)
               "[[0,1],[1,2]]");
 }
 
-TEST_F(ChangesTest, AMoveGoesOneMonthAndNeedsATransaction)
+TEST_F(ChangesTest, AMoveIsByOneMonthAndNeedsATransaction)
 {
     EXPECT_EQ(Run("move 7" + Home()), 2);
     EXPECT_EQ(Run("move 7 --by 2" + Home()), 2);

@@ -206,7 +206,7 @@ TEST_F(CheckTest, ANoticedBalanceFollowsItsAccountsNumber)
     EXPECT_EQ(Sql("SELECT AccountID FROM CvBalance"), R"([["4711"]])");
 }
 
-/// The table may be another program's, or an older one's of ours.
+/// The table may belong to another program or to an older version of this one.
 TEST_F(CheckTest, AListThatLacksColumnsGetsThem)
 {
     Sql("CREATE TABLE CvBalance (AccountID TEXT)");

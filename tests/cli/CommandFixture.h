@@ -1,3 +1,4 @@
+// A fixture that runs the program clb in a shell.
 #pragma once
 #include <gtest/gtest.h>
 #include <sys/wait.h>

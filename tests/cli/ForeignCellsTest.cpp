@@ -1,4 +1,4 @@
-// Cells that another program has filled with something that is not an amount: clb says which.
+// Cells in which another program has stored something that is not an amount: clb names the cell.
 
 #include "CommandFixture.h"
 #include "engine/storage/Database.h"
@@ -26,7 +26,7 @@ protected:
         storage.OpenExisting(folder.Path("books/db/clb.mdb"));
         storage.Run(script);
     }
-    /// What the import of a statement of the account C1 ends with. It must store nothing.
+    /// The error of importing a statement of the account C1. The import must store nothing.
     std::string Refusal()
     {
         const std::string before = folder.Read("books/db/clb.mdb");
@@ -91,7 +91,7 @@ TEST_F(ForeignCellsTest, AmongManyAccountsTheCellIsNamedToo)
               "which is not an amount.\n");
 }
 
-/// One such account must not leave all balances as they were.
+/// One such account must not keep the other balances from being recomputed.
 TEST_F(ForeignCellsTest, AnAccountWhoseRowsAddUpToTooMuchKeepsItsBalanceAndTheOthersAreStored)
 {
     Foreign(

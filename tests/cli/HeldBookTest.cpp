@@ -1,4 +1,4 @@
-// Another program holds the book: a command waits for it once, not once more for each step.
+// Another program holds the book: a command waits for it only once, not again for each step.
 
 #include <gmock/gmock.h>
 #include <sqlite3.h>
@@ -15,7 +15,7 @@
 namespace clb {
 namespace {
 
-/// While it lives, the storage's pauses are counted and take no time.
+/// Counts the storage's pauses while it exists; they take no time.
 class CountedPauses {
 public:
     CountedPauses() : files_(*sqlite3_vfs_find(nullptr))
@@ -46,7 +46,8 @@ protected:
         EXPECT_EQ(Run("new " + Books()), 0);
         Sql("INSERT INTO Account (AccountID, Description, Type) VALUES ('C1', 'Checking', 'Bank')");
     }
-    /// Runs a command in this process, which must refuse the locked book; how long it waited.
+    /// Runs a command in this process, which must refuse the locked book. Returns how long it
+    /// waited.
     std::int64_t WaitOf(void (*add)(CLI::App&, int&), std::vector<std::string> words)
     {
         CLI::App app;

@@ -384,9 +384,9 @@ protected:
     static constexpr std::int64_t kMebi = 1 << 20;
 
     /// Returns the exit code. Expects at most 8 times the file's size plus 64 MiB.
-    int ImportLine(const std::string& name, const std::string& before, const std::string& behind)
+    int ImportLine(const std::string& name, const std::string& before, const std::string& after)
     {
-        const std::string path = folder.Write(name, before + std::string(kLine, 'x') + behind);
+        const std::string path = folder.Write(name, before + std::string(kLine, 'x') + after);
         const std::string command =
             std::string("'") + CLB_PROGRAM + "' import '" + path + "' --qif-account B-1" + Home();
         const auto size = static_cast<std::int64_t>(fs::file_size(path));

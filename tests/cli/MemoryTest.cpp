@@ -1,4 +1,4 @@
-// Too little address space for the program: it says so and stores nothing.
+// Too little address space for the program: it reports that and stores nothing.
 
 #include <gmock/gmock.h>
 
@@ -17,7 +17,7 @@ constexpr bool kLimited = false;  // the sanitizers take more address space than
 constexpr bool kLimited = true;
 #endif
 
-constexpr int kNotLoaded = 127;  // the loader's own exit code: there is no program yet
+constexpr int kNotLoaded = 127;  // the loader's own exit code: the program was not loaded
 constexpr int kAborted = 128 + SIGABRT;
 
 class MemoryTest : public CommandFixture {
@@ -30,7 +30,7 @@ protected:
         Sql("INSERT INTO Account (AccountID, Description, Type) VALUES ('C1', 'Checking', 'Bank')");
         statement_ = Statement("C1", "-2");
     }
-    /// Runs clb under limits, as words for the shell; returns the exit code.
+    /// Runs clb under limits, given as shell words; returns the exit code.
     int RunLimited(const std::string& limits, const std::string& words)
     {
         const std::string command = "ulimit -c 0; " + limits + " || exit 77; '" CLB_PROGRAM "' " +
@@ -42,7 +42,7 @@ protected:
     {
         return RunLimited("ulimit -v " + std::to_string(kilobytes), words);
     }
-    /// The least address space with which the loader starts the program, to 16 kB.
+    /// The smallest address space with which the loader starts the program, to 16 kB.
     int LeastForLoading()
     {
         int tooLittle = 1000;
@@ -64,7 +64,7 @@ TEST_F(MemoryTest, AnImportThatCannotStartAThreadSaysSoAndStoresNothing)
         GTEST_SKIP();
     const std::string before = folder.Read("books/db/clb.mdb");
 
-    // A thread's stack is as large as the limit of stacks: this one does not fit.
+    // A thread's stack is as large as the limit for stacks, so this one does not fit.
     const int code =
         RunLimited("ulimit -s 4000000 && ulimit -v 3000000", "import " + statement_ + Home());
     if (code == 77)
@@ -79,14 +79,15 @@ TEST_F(MemoryTest, AnImportThatCannotStartAThreadSaysSoAndStoresNothing)
 }
 
 // Symptom: "terminate called without an active exception", and a core file.
-TEST_F(MemoryTest, WithHardlyMoreThanTheLoaderTakesItSaysSoAndStoresNothing)
+TEST_F(MemoryTest, WithTooLittleAddressSpaceItSaysSoAndStoresNothing)
 {
     if (!kLimited)
         GTEST_SKIP();
     const std::string before = folder.Read("books/db/clb.mdb");
     const int least = LeastForLoading();
     for (int more = -32; more < 1024; more += 16) {
-        // A command without the main window: libsigc++ ends the program when it cannot connect.
+        // Runs a command without the main window: libsigc++ ends the program when it cannot
+        // connect.
         const int code = RunWithin(least + more, "check --repair" + Home());
 
         ASSERT_NE(code, kAborted) << least << " + " << more << ": " << Err();

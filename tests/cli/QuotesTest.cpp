@@ -18,7 +18,7 @@ extern char** environ;
 namespace clb {
 namespace {
 
-/// "clb quote-server" as a process of its own, listening.
+/// "clb quote-server" in its own process, listening.
 class QuoteServer {
 public:
     explicit QuoteServer(const std::string& prices)
@@ -51,7 +51,7 @@ public:
     QuoteServer(const QuoteServer&) = delete;
     QuoteServer& operator=(const QuoteServer&) = delete;
 
-    /// What it prints once it listens.
+    /// What it prints when it starts to listen.
     const std::string& Line() const { return line_; }
     std::string Address() const
     {

@@ -51,7 +51,7 @@ TEST(TableTest, AStatementCannotSendCommandsToTheTerminal)
     EXPECT_EQ(Printed(table), "A\n------------------\nred  [31m  alarm !\n");
 }
 
-// A terminal obeys what is in a book of somebody else's.
+// A terminal obeys control characters, and a book may come from somebody else.
 TEST(TableTest, WhatATerminalWouldObeyIsNotPrinted)
 {
     EXPECT_EQ(Printable("a\x1b[2Jb\xC2\x9B"

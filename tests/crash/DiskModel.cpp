@@ -5,10 +5,11 @@
 namespace clb {
 namespace {
 
-/// What a disk writes whole or not at all.
+/// The bytes that a disk writes either completely or not at all.
 constexpr std::size_t kSector = 512;
 
-/// All, nothing or about half of what is pending: the first two are the likeliest on real disks.
+/// Keeps all, nothing or about half of what is pending. The first two are the likeliest on real
+/// disks.
 unsigned Percent(std::mt19937& random)
 {
     switch (random() % 4) {
@@ -23,7 +24,7 @@ bool Happens(unsigned percent, std::mt19937& random)
     return random() % 100 < percent;
 }
 
-/// A file that has grown holds what the disk held there before: zeros or anything.
+/// A file that has grown holds what was on the disk there before: zeros or anything else.
 void Grow(std::string& bytes, std::size_t size, std::mt19937& random)
 {
     const bool garbage = random() % 2 == 0;
@@ -92,7 +93,7 @@ void DiskModel::Delete(const std::string& path, bool syncFolder)
 std::map<std::string, std::string> DiskModel::AfterPowerLoss(std::mt19937& random) const
 {
     auto names = syncedNames_;
-    // Names change in their order.
+    // Changes of names reach the disk in their order.
     const std::size_t done = random() % (pendingNames_.size() + 1);
     for (std::size_t at = 0; at < done; ++at) {
         if (pendingNames_[at].content)
@@ -129,7 +130,7 @@ void DiskModel::Apply(const Written& written, unsigned percent, std::mt19937& ra
             Grow(bytes, to, random);
             bytes.replace(from, to - from, written.bytes, from - written.offset, to - from);
         } else if (bytes.size() < to && random() % 4 == 0) {
-            // The size is on the disk and the bytes are not.
+            // The size has reached the disk and the bytes have not.
             Grow(bytes, to, random);
         }
         from = to;

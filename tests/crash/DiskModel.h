@@ -1,3 +1,4 @@
+// A model of a disk that loses power.
 #pragma once
 #include <cstdint>
 #include <map>
@@ -9,22 +10,23 @@
 
 namespace clb {
 
-/// What a disk holds for certain, and what has only been handed to it: the bytes of each file and
+/// Models what is surely on a disk, and what has only been handed to it: the bytes of each file and
 /// the names in the folder. A power loss keeps the former and any part of the latter.
 class DiskModel {
 public:
-    /// A file that was there before; whole on the disk.
+    /// Adds a file that existed before; all of it is on the disk.
     void Existing(const std::string& path, std::string bytes);
     [[nodiscard]] bool Knows(const std::string& path) const { return names_.contains(path); }
 
     void Create(const std::string& path);
     void Write(const std::string& path, const void* bytes, std::size_t count, std::size_t offset);
     void Truncate(const std::string& path, std::size_t size);
-    /// The file's bytes are on the disk, and with folder the names in the folder too.
+    /// From now on the file's bytes are surely on the disk, and with `folder` also the names in the
+    /// folder.
     void Sync(const std::string& path, bool folder);
     void Delete(const std::string& path, bool syncFolder);
 
-    /// The files as they may be found after a power loss now.
+    /// The files as they may be found after a power loss at this moment.
     std::map<std::string, std::string> AfterPowerLoss(std::mt19937& random) const;
 
 private:
@@ -43,7 +45,7 @@ private:
     using ContentPtr = std::shared_ptr<Content>;
     struct Renaming {
         std::string path;
-        ContentPtr content;  ///< null: the name goes
+        ContentPtr content;  ///< null: the name is removed
     };
 
     static std::string Survivor(const Content& content, std::mt19937& random);
@@ -51,7 +53,7 @@ private:
                       std::string& bytes);
 
     std::map<std::string, ContentPtr> names_;        ///< as the program sees them
-    std::map<std::string, ContentPtr> syncedNames_;  ///< as they are on the disk for certain
+    std::map<std::string, ContentPtr> syncedNames_;  ///< as they surely are on the disk
     std::vector<Renaming> pendingNames_;
 };
 

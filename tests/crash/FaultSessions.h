@@ -1,3 +1,4 @@
+// A fixture that runs sessions of the program on a failing file system.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -11,17 +12,17 @@
 
 namespace clb {
 
-/// An undisturbed sitting and how many operations it took.
+/// An undisturbed sitting and the number of its file operations.
 struct CountedSitting {
     RecordedSitting record;
     std::int64_t operations = 0;
-    std::string startKind;  ///< "start", or "upgrade 0" where the file is an old one
+    std::string startKind;  ///< "start", or "upgrade 0" if the file is an old one
 };
 
-/// Runs of the program in this process above a file system that fails.
+/// Runs the program in this process on a file system that fails.
 class FaultSessions : public testing::Test {
 protected:
-    /// The next sitting: in the file that the last one left, a fresh one, or one of an older
+    /// The next sitting: in the file that the last one left, in a fresh one, or in one of an older
     /// schema.
     CountedSitting NextSitting()
     {
@@ -50,7 +51,8 @@ protected:
         counted.operations = files_.Operations();
         return counted;
     }
-    /// A place in it; in old files half of them in the start, so that the upgrade is hit.
+    /// A random operation of the sitting. In old files half of them are in the start, so that the
+    /// upgrade is hit.
     std::int64_t SomeOperation(const CountedSitting& sitting)
     {
         std::int64_t limit = sitting.operations + 1;

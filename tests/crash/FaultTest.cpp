@@ -1,7 +1,8 @@
-// Writing fails below the storage: the program says so and goes on, the file keeps what was
-// reported saved, and when the fault is gone all works again.
+// Writing fails below the storage. The program reports it and goes on, the file keeps what was
+// reported saved, and everything works again after the fault is gone.
 //
-// CLB_CRASH_RUNS=1000 runs each kind of fault so often, CLB_CRASH_SEED=7 makes up other sessions.
+// CLB_CRASH_RUNS=1000 sets the number of runs of each kind of fault, CLB_CRASH_SEED=7 generates
+// other sessions.
 
 #include "tests/crash/FaultSessions.h"
 
@@ -31,7 +32,7 @@ protected:
         }
         return plan;
     }
-    /// False when the sitting was over before anything failed.
+    /// Returns false if the sitting ended before anything failed.
     bool RunOnce(const CountedSitting& sitting, const FaultPlan& plan)
     {
         const TempFolder folder(parent_);
@@ -63,7 +64,8 @@ protected:
         if (files_.Failures() > 0)
             GoOn(program, record, failed, folder);
     }
-    /// The request in which it failed; what follows is as in the undisturbed run until then.
+    /// Returns the request in which an operation failed. Up to there all is as in the undisturbed
+    /// run.
     std::size_t RunUntilFailure(InProcessProgram& program, const RecordedSitting& record,
                                 const TempFolder& folder)
     {
@@ -81,14 +83,15 @@ protected:
         }
         return record.requests.size();
     }
-    /// What the user is told agrees with what is in the file.
+    /// What the user is shown must agree with what is in the file.
     void CheckFailed(InProcessProgram& program, const RecordedRequest& request,
                      const MomentPtr& last, const Json& reply, const TempFolder& folder)
     {
-        const bool told = reply["ok"] == false || BoxIn(program.Ask({{"do", "log"}}));
+        const bool reported = reply["ok"] == false || BoxIn(program.Ask({{"do", "log"}}));
         figures_->Count(request.kind, "+ " + files_.FirstFailure());
-        Allowed allowed{told ? last : request.after, request.after};
-        // The file is looked at on a copy: here it would be mended ahead of the program.
+        Allowed allowed{reported ? last : request.after, request.after};
+        // Examines a copy of the file: reading the file itself would repair it before the program
+        // does.
         const TempFolder copy(parent_);
         std::filesystem::copy(folder.Path("db"), copy.Path("db"));
         std::string outcome = "wrong";
@@ -97,9 +100,9 @@ protected:
                                start_, outcome);
         });
         EXPECT_EQ(wrong, "") << ToLine(reply) << Where(request.kind) << ToLine(request.request);
-        figures_->Count(request.kind, told ? "told, " + outcome : "no effect, " + outcome);
+        figures_->Count(request.kind, reported ? "told, " + outcome : "no effect, " + outcome);
     }
-    /// With nothing failing meanwhile.
+    /// Runs the work with no faults.
     template <class Work>
     std::string WithNothingFailing(Work work)
     {
@@ -117,7 +120,7 @@ protected:
                 return true;
         return false;
     }
-    /// The fault stays for a while and goes; then all must work.
+    /// The fault lasts for a while and ends; then everything must work.
     void GoOn(InProcessProgram& program, const RecordedSitting& record, std::size_t failed,
               const TempFolder& folder)
     {
@@ -129,7 +132,7 @@ protected:
         }
         files_.Lift();
         if (!IsEnabled(program)) {
-            // A failed import leaves the window locked; the user is offered a new start.
+            // A failed import leaves the window disabled, and the user is offered a new start.
             EXPECT_EQ(program.End(), "");
             figures_->Count("afterwards", "+ locked by a failed import");
         } else {
@@ -151,7 +154,7 @@ protected:
                good({{"do", "edit"}, {"row", "new"}, {"col", 2}, {"text", "after the fault"}}) &&
                program.Ask({{"do", "save"}})["saved"] == true;
     }
-    /// The same row is added by the program that met the fault and by a fresh one.
+    /// The program that met the fault and a fresh one add the same row.
     void WorksAgain(InProcessProgram& program, const TempFolder& folder)
     {
         const TempFolder copy(parent_);
@@ -176,16 +179,16 @@ protected:
         EXPECT_EQ(findings.find("balance: "), std::string::npos) << findings << Where("afterwards");
     }
     void Inspect(const std::string& kind, const TempFolder& folder, const Allowed& allowed,
-                 const std::string& told)
+                 const std::string& report)
     {
-        // What follows is done with nothing failing; the program itself goes on afterwards.
+        // What follows runs with no faults; afterwards the program itself goes on.
         files_.Pause();
         const TempFolder copy(parent_);
         std::filesystem::copy(folder.Path("db"), copy.Path("db"));
         const TableDump found = DumpOf(copy.Path("db/clb.mdb"));
         EXPECT_TRUE(found == allowed.before->dump || found == allowed.after->dump)
             << Difference(allowed.before->dump, found) << Where(kind);
-        figures_->Count(kind, told + (found == allowed.before->dump ? ", before" : ", after"));
+        figures_->Count(kind, report + (found == allowed.before->dump ? ", before" : ", after"));
         figures_->Count(kind, "+ " + files_.FirstFailure());
         EXPECT_TRUE(start_(copy.Path())->FirstLine()["ok"] == true) << Where(kind);
         std::string outcome;
@@ -204,17 +207,17 @@ protected:
     int run_ = 0;
 };
 
-TEST_F(FaultTest, AnErrorIsToldAndWhatWasSavedStays)
+TEST_F(FaultTest, AnErrorIsReportedAndWhatWasSavedStays)
 {
     Run(Fault::Error, "Error");
 }
 
-TEST_F(FaultTest, AWriteThatEndsHalfWayIsToldAndWhatWasSavedStays)
+TEST_F(FaultTest, AWriteThatEndsHalfWayIsReportedAndWhatWasSavedStays)
 {
     Run(Fault::ShortWrite, "Short write");
 }
 
-TEST_F(FaultTest, AFullDiskIsToldAndWhatWasSavedStays)
+TEST_F(FaultTest, AFullDiskIsReportedAndWhatWasSavedStays)
 {
     Run(Fault::Full, "Full disk");
 }

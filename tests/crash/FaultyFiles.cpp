@@ -9,13 +9,13 @@
 
 namespace clb {
 
-/// An open file: the storage's part first, then ours, then the system's own behind it.
+/// An open file: the storage's part first, then ours, then the system's own after it.
 struct FaultyFiles::File {
     sqlite3_file base;
     FaultyFiles* owner;
-    std::string* path;  // null: a file without a name, gone when closed
-    bool unsyncedName;  // a new journal, whose name the first sync brings to the disk
-    bool lasting;       // the database or its journal: counted and kept in the model
+    std::string* path;  // null: a file without a name, removed when closed
+    bool unsyncedName;  // a new journal; the first sync brings its name to the disk
+    bool lasting;       // the database or its journal: counted, and kept in the model
 
     sqlite3_file* Real() { return reinterpret_cast<sqlite3_file*>(this + 1); }
     std::string Name() const { return path ? *path : std::string("temporary"); }
@@ -207,7 +207,7 @@ int FaultyFiles::Calls::Delete(sqlite3_vfs* vfs, const char* name, int syncFolde
     if (const int failure = files.Fails("delete", name, SQLITE_IOERR_DELETE)) {
         if (files.Dark() || files.operations_ % 2 == 0)
             return failure;
-        // The file is gone, and the folder could not be brought to the disk.
+        // The file is removed, but the change of the folder could not be brought to the disk.
         files.real_->xDelete(files.real_, name, 0);
         return SQLITE_IOERR_DIR_FSYNC;
     }
@@ -276,12 +276,12 @@ int FaultyFiles::Fails(const char* what, const std::string& path, int code)
 {
     if (!IsTime())
         return SQLITE_OK;
-    // On a full disk only what needs room fails.
+    // On a full disk, only operations that need room fail.
     if (plan_.fault == Fault::Full && std::strcmp(what, "create") != 0)
         return SQLITE_OK;
     if (plan_.fault == Fault::Full && plan_.room > 0)
         return SQLITE_OK;
-    // Only a write can be done in part.
+    // Only a write can be done partly.
     if (plan_.fault == Fault::ShortWrite && !plan_.once)
         return SQLITE_OK;
     Note(what, path);
@@ -302,7 +302,7 @@ int FaultyFiles::WriteFails(File& file, const void* bytes, int count, sqlite3_in
                                                                     : SQLITE_IOERR_WRITE;
 }
 
-/// What does not grow the file is done; what does is done as far as there is room.
+/// A write that does not grow the file is done. One that does is done as far as there is room.
 int FaultyFiles::Grows(File& file, const void* bytes, int count, sqlite3_int64 offset)
 {
     sqlite3_int64 size = 0;

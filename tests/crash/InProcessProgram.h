@@ -1,3 +1,4 @@
+// Runs the driven program in the test's process.
 #pragma once
 #include <condition_variable>
 #include <deque>
@@ -10,20 +11,21 @@
 
 namespace clb {
 
-/// The program in this process, on a thread of its own that waits between requests, so that what
-/// lies below it can be exchanged.
+/// Runs the program in this process, on its own thread that waits between requests, so that the
+/// file system below it can be exchanged.
 class InProcessProgram : public DrivenProgram {
 public:
-    /// Loads the program folder; the clock stands at kMoment.
+    /// Loads the program folder; the clock is stopped at kMoment.
     InProcessProgram(const std::string& folder, const std::string& quoteService);
-    /// Ends the input and waits for the end.
+    /// Ends the input and waits until the program has ended.
     ~InProcessProgram() override;
     InProcessProgram(const InProcessProgram&) = delete;
     InProcessProgram& operator=(const InProcessProgram&) = delete;
 
     Json FirstLine() override { return firstLine_; }
     Json Ask(const Json& request) override;
-    /// Ends the input and waits; the message of an error that left the program, else empty.
+    /// Ends the input and waits. Returns the message of an error that left the program, else an
+    /// empty text.
     std::string End();
 
 private:

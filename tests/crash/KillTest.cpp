@@ -1,7 +1,7 @@
-// The program is killed while it works: what it had reported saved is there, and what it was at is
-// there as a whole or not at all.
+// The program is killed while it works. What it had reported saved is there, and what it was doing
+// is there completely or not at all.
 //
-// CLB_CRASH_RUNS=2000 kills so often, CLB_CRASH_SEED=7 makes up other sessions.
+// CLB_CRASH_RUNS=2000 sets the number of kills, CLB_CRASH_SEED=7 generates other sessions.
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ class KillTest : public testing::Test {
 protected:
     using Clock = KilledProgram::Clock;
 
-    /// Kills a share of the wanted runs in sittings from the moment on.
+    /// Kills the program this many times, in sittings that begin at the moment.
     void KillInSittings(const MomentPtr& first, int kills, int killsEach)
     {
         MomentPtr moment = first;
@@ -29,7 +29,7 @@ protected:
             ASSERT_EQ(findings.find("balance: "), std::string::npos) << findings;
             for (int kill = 0; kill < killsEach && killed_ < kills; ++kill, ++killed_)
                 KillIn(record);
-            // Not for ever: sessions would wear out in a file whose rows have all moved.
+            // Begins again now and then: sessions wear out in a file whose rows have all moved.
             moment = random_() % 12 == 0 ? first : record.Last();
         }
     }
@@ -54,7 +54,7 @@ protected:
         }
         Inspect(kind, folder, allowed);
     }
-    /// Which request is killed: mostly one that writes; their number stands for the start.
+    /// Which request is killed: mostly one that writes. The number of requests means the start.
     std::size_t Target(const RecordedSitting& record)
     {
         std::vector<std::size_t> writing;
@@ -65,7 +65,7 @@ protected:
             return writing[random_() % writing.size()];
         return random_() % (record.requests.size() + 1);
     }
-    /// Does what comes ahead of the request, and sends it.
+    /// Performs the requests before this one, and sends it.
     Allowed RunUpTo(KilledProgram& program, const RecordedSitting& record, std::size_t target,
                     const std::string& folder)
     {
@@ -81,8 +81,8 @@ protected:
         program.Send(InFolder(record.requests[target].request, folder));
         return {last, record.requests[target].after};
     }
-    /// A random part of the time that it takes undisturbed; every other time counted from the
-    /// moment at which the journal shows that writing has begun.
+    /// Waits for a random part of the time that the request takes undisturbed. Every second time
+    /// this counts from the moment at which the journal shows that writing has begun.
     void WaitSomewhere(KilledProgram& program, const std::string& journal, double seconds)
     {
         const auto part = [seconds](double fraction) {
@@ -102,7 +102,7 @@ protected:
             << settings;
         if (folder.Holds("db/clb.mdb-journal"))
             figures_->Count(kind, "+ left a journal");
-        // A file of an older schema must not be brought up to date before it is looked at.
+        // A file of an older schema must not be brought up to date before it is examined.
         const bool old = allowed.before->dump != allowed.after->dump && kind == "start";
         const auto first = old ? FirstOpener::Reader : static_cast<FirstOpener>(random_() % 3);
         std::string outcome = "wrong";
@@ -142,7 +142,7 @@ protected:
         figures_->Count(kind, allowed.before == allowed.after ? "saved"
                               : isOld                         ? "before"
                                                               : "after");
-        // The next start brings it up to date, where that is still to be done.
+        // The next start brings it up to date, if that is still to be done.
         start_(folder.Path())->FirstLine();
         std::string outcome;
         EXPECT_EQ(WhatIsWrong(folder.Path(), {record.started, record.started}, FirstOpener::Program,
@@ -155,7 +155,7 @@ protected:
     std::mt19937 random_{seed_};
     SessionScript script_{seed_};
     OnePrice quotes_;
-    // On a real disk, where writing takes its time.
+    // The test uses a real disk, on which writing takes time.
     std::string parent_ = std::filesystem::temp_directory_path().string();
     Starter start_ = [this](const std::string& folder) {
         return std::make_unique<KilledProgram>(folder, quotes_.Address());
@@ -164,7 +164,7 @@ protected:
     int killed_ = 0;
 };
 
-TEST_F(KillTest, WhatWasReportedSavedSurvivesAndWhatWasUnderWayIsWholeOrNotThere)
+TEST_F(KillTest, WhatWasReportedSavedSurvivesAndTheRestIsWholeOrNotThere)
 {
     KillInSittings(FirstMoment(2), wanted_, wanted_ > 60 ? 20 : 6);
 }

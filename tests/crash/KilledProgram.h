@@ -1,3 +1,4 @@
+// Runs the driven program in a process that can be killed.
 #pragma once
 #include <chrono>
 #include <string>
@@ -8,23 +9,24 @@
 
 namespace clb {
 
-/// The program "clb automate" as a process that can be killed at any moment. The clock stands at
-/// kMoment.
+/// The program "clb automate" in a process that can be killed at any moment. The clock is stopped
+/// at kMoment.
 class KilledProgram : public DrivenProgram {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// Starts it and waits for nothing.
+    /// Starts the program without waiting for it.
     KilledProgram(const std::string& folder, const std::string& quoteService);
     Json FirstLine() override;
     Json Ask(const Json& request) override;
-    /// Sends a request and waits for nothing.
+    /// Sends a request without waiting for the reply.
     void Send(const Json& request);
-    /// Waits for the moment, or a reply; true when one came.
+    /// Waits until the moment or until a reply. Returns true if a reply came.
     bool RepliesBefore(Clock::time_point moment);
-    /// Waits for the file, a reply or the moment; true when the file came first.
+    /// Waits for the file, a reply or the moment. Returns true if the file came first.
     bool CreatesBefore(const std::string& file, Clock::time_point moment);
-    /// Kills it and waits for its end; the replies that came out and were not read yet.
+    /// Kills the program and waits for its end. Returns the replies that it had written and that
+    /// were not read yet.
     std::vector<Json> Kill();
 
 private:

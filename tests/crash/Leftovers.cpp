@@ -76,7 +76,7 @@ private:
         const std::string& expected = PortraitOf(*found_);
         return portrait_ == expected ? "" : "the views show something else:\n" + portrait_;
     }
-    /// An account whose sum is wrong, and the other things that the program keeps in order.
+    /// Compares the accounts with wrong sums and the other things that the program keeps in order.
     static std::string Compare(const std::string& findings, const Moment& moment)
     {
         const std::string& expected = FindingsOf(moment);

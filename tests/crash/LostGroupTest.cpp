@@ -1,4 +1,4 @@
-// What the connection does when an error of the file takes the whole pending group with it.
+// What the connection does if an error of the file rolls back the whole pending group.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ protected:
     {
         connection_.Execute("INSERT INTO Account (AccountID) VALUES ('" + account + "')");
     }
-    /// The error of the statement whose first change of the file fails.
+    /// Returns the error of the statement, of which the first change of the file fails.
     EngineError FailingOnce(const std::string& statement)
     {
         FaultPlan plan;
@@ -57,9 +57,9 @@ protected:
     Connection connection_;
 };
 
-// An import that passed over the failing record stored the records behind it, and those before it
-// were gone.
-TEST_F(LostGroupTest, TheRestOfACommandDoesNotStandWithoutWhatCameBefore)
+// Symptom: an import skipped the failing record and stored the records after it, but those before
+// it were lost.
+TEST_F(LostGroupTest, TheRestOfACommandIsNotStoredWithoutWhatCameBefore)
 {
     Add("1");
     const EngineError failure = FailingOnce("INSERT INTO Budget (Category) VALUES ('Food')");
@@ -79,8 +79,8 @@ TEST_F(LostGroupTest, TheRestOfACommandDoesNotStandWithoutWhatCameBefore)
     EXPECT_EQ(std::string(refusal.what()), failure.what());
 }
 
-// An import whose first write alone failed stored all but its first record.
-TEST_F(LostGroupTest, AGroupThatWasOpenedAheadIsKeptWholeOrNotAtAll)
+// Symptom: an import of which only the first write failed stored all but its first record.
+TEST_F(LostGroupTest, AGroupThatWasOpenedInAdvanceIsKeptWholeOrNotAtAll)
 {
     connection_.Group();
     const EngineError failure = FailingOnce("INSERT INTO Budget (Category) VALUES ('Food')");
@@ -117,7 +117,7 @@ TEST_F(LostGroupTest, TheNextCommandWorks)
     EXPECT_EQ(Accounts(), "2 ");
 }
 
-TEST_F(LostGroupTest, AChangedSchemaIsTheFormerOneAgain)
+TEST_F(LostGroupTest, AChangeOfTheSchemaIsTakenBack)
 {
     connection_.Execute("ALTER TABLE Loan ADD COLUMN Note TEXT");
     FailingOnce("INSERT INTO Budget (Category) VALUES ('Food')");
@@ -127,7 +127,7 @@ TEST_F(LostGroupTest, AChangedSchemaIsTheFormerOneAgain)
     EXPECT_EQ(ErrorOf("SELECT Note FROM Loan").Number(), engine_errors::NoSuchColumn);
 }
 
-TEST_F(LostGroupTest, AStatementThatIsRefusedForItselfLosesNothing)
+TEST_F(LostGroupTest, AStatementThatIsInvalidByItselfLosesNothing)
 {
     Add("1");
     ErrorOf("INSERT INTO Trans (Sequence) VALUES ('x')");

@@ -1,3 +1,4 @@
+// Counts and prints the outcomes of many crash runs.
 #pragma once
 #include <chrono>
 #include <cstdio>
@@ -7,7 +8,8 @@
 
 namespace clb {
 
-/// Runs that the environment asks for, else the short version's number.
+/// The number of runs that the environment variable asks for, or else the number of the short
+/// version.
 inline int Runs(const char* variable, int few)
 {
     const char* const text = std::getenv(variable);
@@ -15,7 +17,7 @@ inline int Runs(const char* variable, int few)
     return wanted > 0 ? wanted : few;
 }
 
-/// Counts outcomes for each kind of run and prints a line for each kind at the end.
+/// Counts the outcomes for each kind of run and prints a line for each kind at the end.
 class OutcomeCounts {
 public:
     explicit OutcomeCounts(std::string title) : title_(std::move(title)) {}
@@ -36,7 +38,7 @@ public:
     OutcomeCounts(const OutcomeCounts&) = delete;
     OutcomeCounts& operator=(const OutcomeCounts&) = delete;
 
-    /// An outcome that begins with "+" is counted beside the others.
+    /// An outcome that begins with "+" is counted in addition to the others.
     void Count(const std::string& kind, const std::string& outcome) { ++kinds_[kind][outcome]; }
     [[nodiscard]] int Of(const std::string& kind, const std::string& outcome) const
     {

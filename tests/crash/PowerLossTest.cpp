@@ -1,7 +1,7 @@
-// The power goes while the program works: of what was not synchronised any part may be on the disk,
-// of what was all. What the program had reported saved is there.
+// The power fails while the program works. Everything that was synchronised is on the disk, and any
+// part of the rest. What the program had reported saved is there.
 //
-// CLB_CRASH_RUNS=1000 cuts the power so often, CLB_CRASH_SEED=7 makes up other sessions.
+// CLB_CRASH_RUNS=1000 sets the number of power losses, CLB_CRASH_SEED=7 generates other sessions.
 
 #include "tests/crash/DiskModel.h"
 #include "tests/crash/FaultSessions.h"
@@ -9,12 +9,12 @@
 namespace clb {
 namespace {
 
-/// What is done to the disk beyond the power loss, to see that it is noticed.
+/// Additional harm to the disk, to prove that the test notices it.
 enum class Sabotage { None, SyncsDoNothing, JournalIsThrownAway };
 
 class PowerLossTest : public FaultSessions {
 protected:
-    /// What was wrong in the first run that left something wrong; empty when none did.
+    /// Returns what was wrong in the first run that left something wrong; empty if none did.
     std::string RunAll(int wanted, Sabotage sabotage, OutcomeCounts& figures)
     {
         const int each = wanted > 60 ? 20 : 6;
@@ -58,7 +58,7 @@ protected:
             figures.Count(kind_, "+ left a journal");
         return wrong;
     }
-    /// Drives the sitting until the power is gone, or to its end.
+    /// Drives the sitting until the power fails, or to its end.
     Allowed RunUntilDark(const CountedSitting& sitting, const std::string& folder)
     {
         const RecordedSitting& record = sitting.record;
@@ -77,7 +77,7 @@ protected:
         }
         return allowed;
     }
-    /// Writes what is left into a fresh folder; true when a journal is among it.
+    /// Writes what is left into a fresh folder. Returns true if a journal is among it.
     bool Restore(const DiskModel& disk, const std::string& from, const TempFolder& to,
                  Sabotage sabotage)
     {
@@ -98,7 +98,7 @@ protected:
         if (allowed.before != old || old == sitting.record.started)
             return WhatIsWrong(left.Path(), allowed, static_cast<FirstOpener>(random_() % 3),
                                start_, outcome);
-        // It may be the file of an older schema, which the next start brings up to date.
+        // The file may have an older schema, which the next start brings up to date.
         const TableDump found = DumpOf(left.Path("db/clb.mdb"));
         const bool before = found == old->dump;
         if (!before && found != allowed.after->dump)

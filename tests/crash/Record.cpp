@@ -13,7 +13,7 @@
 namespace clb {
 namespace {
 
-/// Bytes of a file; nothing when it is missing.
+/// Bytes of a file; empty if it is missing.
 std::string Bytes(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);

@@ -1,3 +1,4 @@
+// Records of undisturbed runs, to compare interrupted runs with.
 #pragma once
 #include <memory>
 #include <string>
@@ -14,13 +15,13 @@ struct Moment {
     std::string database;  ///< bytes of the file
     std::string settings;  ///< bytes of cvlb.ini
     TableDump dump;
-    // What the ordinary program finds and shows in it; made when first asked for.
+    // What an undisturbed program finds and shows in it. Determined when it is first needed.
     mutable std::string findings;
     mutable std::string portrait;
 };
 using MomentPtr = std::shared_ptr<const Moment>;
 
-/// One request of an undisturbed sitting, and what was stored behind it.
+/// One request of an undisturbed sitting, and what was stored after it.
 struct RecordedRequest {
     Json request;
     std::string kind;   ///< of its action
@@ -35,7 +36,7 @@ struct RecordedRequest {
 struct RecordedSitting {
     Sitting sitting;
     MomentPtr before;
-    MomentPtr started;  ///< behind the start: an older schema is a new one then
+    MomentPtr started;  ///< after the start, which has updated an older schema
     double startSeconds = 0;
     std::vector<RecordedRequest> requests;
 
@@ -45,20 +46,20 @@ struct RecordedSitting {
     }
 };
 
-/// A request with the folder in the place of "%HOME%".
+/// Replaces "%HOME%" in a request by the folder.
 Json InFolder(const Json& request, const std::string& folder);
 /// Puts database, settings and the statement files into an empty folder.
 void Unpack(const Moment& moment, const Sitting& sitting, const std::string& folder);
-/// What is in the folder now; the same moment when nothing has changed.
+/// What is in the folder now. Returns the same moment if nothing has changed.
 MomentPtr Look(const std::string& folder, const MomentPtr& last);
 
-/// The database that sessions begin with: the rows of SessionScript::FirstStatements with their
-/// balances, in schema version 0, 1 or 2.
+/// The database that sessions begin with, in schema version 0, 1 or 2: the rows of
+/// SessionScript::FirstStatements with their balances.
 MomentPtr FirstMoment(int schemaVersion);
 
-/// "damage: ..." and so on, a line each, as the program's own check tells them.
+/// One line for each finding of the program's own check: "damage: ..." and so on.
 std::string FindingsIn(const std::string& folder);
-/// Made with the ordinary program, once for each moment.
+/// Found with an undisturbed program, once for each moment.
 const std::string& FindingsOf(const Moment& moment);
 const std::string& PortraitOf(const Moment& moment);
 

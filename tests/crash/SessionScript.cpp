@@ -196,7 +196,7 @@ Action SessionScript::Account()
             ""};
 }
 
-/// The number that rows follow, the opening balance, or the whole account.
+/// Changes the number, which the rows follow, or the opening balance, or the whole account.
 Action SessionScript::EditAccount()
 {
     Action action{"account", {Click("Net Worth")}, ""};
@@ -306,7 +306,7 @@ Sitting SessionScript::NextSitting()
     Sitting sitting;
     for (int actions = Number(1, 3); actions > 0; --actions) {
         sitting.actions.push_back(NextAction(sitting));
-        // What was refused is given up, so that the next action does not begin in it.
+        // Drops a refused row, so that the next action does not begin in it.
         sitting.actions.back().requests.insert(sitting.actions.back().requests.end(),
                                                {kEscape, kEscape});
     }

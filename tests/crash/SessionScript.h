@@ -1,3 +1,4 @@
+// Generates random sessions of a user.
 #pragma once
 #include <cstdint>
 #include <random>
@@ -9,33 +10,33 @@
 
 namespace clb {
 
-/// One thing that a user does: the requests for it, of which mostly one writes.
+/// One thing that a user does: its requests, of which usually one writes.
 struct Action {
     std::string kind;  ///< "add", "edit", "delete", "split", "import", ...
     std::vector<Json> requests;
-    std::string price;  ///< what the quote service answers meanwhile
+    std::string price;  ///< what the quote service answers during it
 };
 
-/// Actions between a start of the program and its end.
+/// The actions between a start of the program and its end.
 struct Sitting {
     std::vector<Action> actions;
-    /// Statement files that it imports: name in the program folder and bytes.
+    /// Statement files that it imports: name in the program folder, and bytes.
     std::vector<std::pair<std::string, std::string>> files;
 };
 
-/// Makes up sessions over the accounts of FirstStatements. The same seed gives the same session.
-/// "%HOME%" in a request stands for the program folder. Each action shows the view that it needs
-/// first, so that sittings do not depend on what was shown before.
+/// Generates sessions over the accounts of FirstStatements. The same seed gives the same session.
+/// "%HOME%" in a request means the program folder. Each action shows the view that it needs first,
+/// so that sittings do not depend on what was shown before.
 class SessionScript {
 public:
     explicit SessionScript(std::uint32_t seed) : random_(seed) {}
 
-    /// With up to three actions.
+    /// Returns a sitting with up to three actions.
     Sitting NextSitting();
 
     /// Statements that fill the delivered database with five accounts and their rows.
     static std::vector<std::string> FirstStatements();
-    /// Statements that take a file of schema version 2 back to version 0 or 1.
+    /// Statements that convert a file of schema version 2 back to version 0 or 1.
     static std::vector<std::string> StatementsBackTo(int version);
 
 private:

@@ -14,7 +14,8 @@ protected:
         for (std::size_t cell = 0; cell < cells.size(); ++cell)
             program.Ask({{"do", "edit"}, {"row", "new"}, {"col", cell + 1}, {"text", cells[cell]}});
     }
-    /// Saves the row, and the operation at that place fails; false when there is none any more.
+    /// Saves the row while the operation at that place fails. Returns false if there is no such
+    /// operation.
     bool FailToSave(DrivenProgram& program, std::int64_t at)
     {
         FaultPlan plan;
@@ -23,7 +24,7 @@ protected:
         files_.Begin(plan);
         const Json reply = program.Ask({{"do", "save"}});
         files_.Lift();
-        // With the fault the file could not be read again.
+        // During the fault the file could not be read again.
         program.Ask({{"do", "window"}});
         return reply["ok"] == false;
     }
@@ -31,7 +32,7 @@ protected:
     TempFolder folder_{parent_};
 };
 
-/// More places than saving a row has.
+/// More operations than saving a row takes.
 constexpr std::int64_t kPlaces = 60;
 
 TEST_F(ShownAfterFaultTest, AnAccountThatCouldNotBeSavedIsNotInTheTree)
@@ -43,7 +44,7 @@ TEST_F(ShownAfterFaultTest, AnAccountThatCouldNotBeSavedIsNotInTheTree)
         Fill(program, {"Savings", "Bank", "S-1"});
         if (!FailToSave(program, at))
             break;
-        // The storage tells an error then, but what was written may stand.
+        // The storage reports an error then, but what was written may stay.
         if (files_.FirstFailure() == "delete journal")
             continue;
         bool shown = false;
@@ -66,7 +67,7 @@ TEST_F(ShownAfterFaultTest, ATransactionThatCouldNotBeSavedIsNotShownAsAStoredRo
         program.Ask({{"do", "edit"}, {"row", "new"}, {"col", 3}, {"text", "-7.77"}});
         if (!FailToSave(program, at))
             break;
-        // The storage tells an error then, but what was written may stand.
+        // The storage reports an error then, but what was written may stay.
         if (files_.FirstFailure() == "delete journal")
             continue;
         const Json grid = program.Ask({{"do", "grid"}});

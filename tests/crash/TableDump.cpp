@@ -20,7 +20,7 @@ struct Close {
 };
 using File = std::unique_ptr<sqlite3, Close>;
 
-/// A column with its kind, so that 1, 1.0 and "1" differ.
+/// Writes a value with its type, so that 1, 1.0 and "1" differ.
 std::string Cell(sqlite3_stmt* row, int column)
 {
     switch (sqlite3_column_type(row, column)) {
@@ -92,10 +92,10 @@ std::string WithoutTicks(std::string text)
     const std::string moment = std::string(kMomentInRows) + " ";
     for (std::size_t at = text.find(moment); at != std::string::npos; at = text.find(moment, at)) {
         at += moment.size();
-        // The tick and, where a file was read in the tick of the one before, its number in it.
+        // The tick and, if the file before was read in the same tick, the file's number in it.
         text.erase(at, std::min(text.find_first_not_of("0123456789 ()", at), text.size()) - at);
     }
-    // What stands ahead is the length, which the digits change.
+    // The length is before it, and the digits change the length.
     for (std::size_t at = text.find(":" + moment); at != std::string::npos;
          at = text.find(":" + moment, at + 1)) {
         const std::size_t bar = text.rfind('|', at);

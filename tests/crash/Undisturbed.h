@@ -1,3 +1,4 @@
+// Runs a session without disturbance and records it.
 #pragma once
 #include <mutex>
 #include <string>
@@ -20,7 +21,7 @@ private:
     HttpServer server_;
 };
 
-/// Runs the sitting from the moment on to its end, and keeps what was stored behind each request.
+/// Runs the sitting from the moment to its end, and records what was stored after each request.
 RecordedSitting RecordUndisturbed(const Sitting& sitting, const MomentPtr& before,
                                   const Starter& start, OnePrice& quotes,
                                   const std::string& parentFolder);

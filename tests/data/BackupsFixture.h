@@ -1,3 +1,4 @@
+// A fixture for the tests of backups.
 #pragma once
 #include <gmock/gmock.h>
 #include <sys/stat.h>

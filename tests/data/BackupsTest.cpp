@@ -64,7 +64,7 @@ TEST_F(BackupsTest, TenDaysStayAndTheFirstOfEachMonth)
                             "2026-11-19", "2026-11-20", "2026-11-21"));
 }
 
-TEST_F(BackupsTest, AClockThatWasOnceAheadCostsNoCopy)
+TEST_F(BackupsTest, AClockThatWasOnceAheadRemovesNoCopy)
 {
     // Symptom: copies of 2030 stayed the newest forever, and each new copy was removed at once.
     for (int day = 10; day < 22; ++day)
@@ -80,11 +80,11 @@ TEST_F(BackupsTest, AClockThatWasOnceAheadCostsNoCopy)
                             "2026-11-20", "2026-11-21"));
 }
 
-TEST_F(BackupsTest, TheOrderOutlivesACopyOfTheFolder)
+TEST_F(BackupsTest, TheOrderSurvivesACopyOfTheFolder)
 {
     for (const char* day : {"2030-01-10", "2026-11-20", "2026-11-21"})
         backups_.Daily(Day(day));
-    // All times are the same then.
+    // All files have the same time then.
     for (const std::string& name : backups_.Names())
         std::filesystem::last_write_time(backups_.PathOf(name),
                                          std::filesystem::file_time_type::clock::now());
@@ -108,8 +108,8 @@ TEST_F(BackupsTest, WithoutTheListTheTimesOfTheFilesGiveTheOrder)
                 ElementsAre("2030-01-10", "2027-01-01", "2026-11-20", "2026-11-21"));
 }
 
-// A folder in the list's place ended the window, and a pipe let the backup wait for ever.
-TEST_F(BackupsTest, WhatIsInTheListsPlaceIsTakenForNoList)
+// Symptom: a folder in the list's place ended the window, and a pipe made the backup wait for ever.
+TEST_F(BackupsTest, AnythingElseInTheListsPlaceCountsAsNoList)
 {
     namespace fs = std::filesystem;
     const std::string list = folder_.Path("db/backup/order");
@@ -137,7 +137,7 @@ TEST_F(BackupsTest, WhatIsInTheListsPlaceIsTakenForNoList)
     EXPECT_TRUE(folder_.Holds("db/backup/failed.damaged/kept"));
 }
 
-// Symptom: two at once made two copies of the same.
+// Symptom: two backups at the same time made two equal copies.
 TEST_F(BackupsTest, BackupsMadeAtTheSameTimeAreOne)
 {
     AddAccount("1", "Bank");
@@ -153,7 +153,7 @@ TEST_F(BackupsTest, BackupsMadeAtTheSameTimeAreOne)
         other = std::async(std::launch::async, [this] {
             return Backups(folder_.Path()).Make(Day("2026-11-21 10:00:01"));
         });
-        // Until it waits for its turn.
+        // Gives the other backup time to wait for its turn.
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
         AddCopies({"2026-11-21"});
         folder.Add("2026-11-21");
@@ -206,7 +206,7 @@ TEST_F(BackupsTest, ASoundCopyOfTodayThatAnotherVersionMadeStays)
     EXPECT_FALSE(folder_.Holds("db/backup/clb-2026-11-21.mdb.damaged"));
 }
 
-TEST_F(BackupsTest, ABrokenCopyTakesNoPlaceOfASoundOne)
+TEST_F(BackupsTest, ABrokenCopyDoesNotReplaceASoundOne)
 {
     for (int day = 10; day < 20; ++day)
         AddCopies({"2026-10-" + std::to_string(day)});
@@ -269,7 +269,7 @@ TEST_F(BackupsTest, AFolderThatMayNotBeWrittenIsReported)
     chmod(folder_.Path("db/backup").c_str(), 0700);
 }
 
-TEST_F(BackupsTest, AFullDiskIsReportedAndLeavesNothingHalf)
+TEST_F(BackupsTest, AFullDiskIsReportedAndLeavesNoHalfCopy)
 {
     const SmallDisk disk;
     if (!disk.Mounted())
@@ -288,7 +288,7 @@ TEST_F(BackupsTest, AFullDiskIsReportedAndLeavesNothingHalf)
               "database file '" +
                   disk.Path("db/backup/clb-2026-11-21.mdb") + "' cannot grow: the disk is full.");
     EXPECT_THAT(backups.Names(), ElementsAre("2026-11-20"));
-    // The failure could not be written either.
+    // The folder had no room to keep the failure either.
     EXPECT_EQ(backups.KeptFailure(), std::nullopt);
     ASSERT_TRUE(backups.Failure().has_value());
     EXPECT_EQ(backups.Failure()->reason, "The disk of '" + disk.Path("db/backup") +
@@ -298,7 +298,7 @@ TEST_F(BackupsTest, AFullDiskIsReportedAndLeavesNothingHalf)
     EXPECT_EQ(backups.Failure(), std::nullopt);
 }
 
-TEST_F(BackupsTest, ManyAtOnceMakeOne)
+TEST_F(BackupsTest, ManyProgramsAtOnceMakeOneCopy)
 {
     std::vector<std::future<std::optional<BackupFailure>>> all;
     for (int program = 0; program < 8; ++program)
@@ -315,7 +315,7 @@ TEST_F(BackupsTest, ManyAtOnceMakeOne)
     EXPECT_EQ(files, 2U) << "the copy and the list";
 }
 
-TEST_F(BackupsTest, BeforeSomethingRiskyEachCopyHasANameOfItsOwn)
+TEST_F(BackupsTest, EachCopyBeforeSomethingRiskyHasItsOwnName)
 {
     EXPECT_EQ(backups_.Before("repair", Day("2026-11-22 10:00:00")),
               backups_.PathOf("2026-11-22-before-repair"));
@@ -343,7 +343,7 @@ TEST_F(BackupsTest, CopiesMadeOnPurposeAndOtherFilesStay)
     EXPECT_FALSE(folder_.Holds("db/backup/clb-2026-10-11.mdb"));
 }
 
-TEST_F(BackupsTest, WhatAProgramThatIsGoneLeftUnfinishedIsRemoved)
+TEST_F(BackupsTest, UnfinishedFilesOfAnEndedProgramAreRemoved)
 {
     const std::string front = "db/backup/clb-2026-11-20.mdb.new-";
     const std::string gone = front + "4194305";  // larger than any process number

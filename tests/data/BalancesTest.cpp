@@ -9,7 +9,7 @@ namespace {
 
 class BalancesTest : public StoreTest {};
 
-TEST_F(BalancesTest, AnAccountWithTooLargeASumKeepsNoOtherFromItsBalance)
+TEST_F(BalancesTest, AnAccountWithTooLargeASumDoesNotPreventOtherBalances)
 {
     AddAccount("1", "Bank");
     AddAccount("2", "Bank");

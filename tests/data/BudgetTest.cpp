@@ -88,7 +88,7 @@ TEST_F(BudgetTest, TheTargetsOwnSetAsideLineStays)
 
 /// Symptom: a category with two quotes turned the statement into another one, which booked all
 /// transactions of the month, or those of another category, to "(none)".
-TEST_F(BudgetTest, AGoneCategoryWithAQuoteIsTheEnginesErrorAndChangesNothing)
+TEST_F(BudgetTest, ARemovedCategoryWithAQuoteIsTheEnginesErrorAndChangesNothing)
 {
     for (const char* gone : {"Kid's", "Kids''", "a''b", "x' OR 'a'='a", "'"}) {
         SCOPED_TRACE(gone);
@@ -127,7 +127,7 @@ TEST_F(BudgetTest, CategoriesWithQuotesThatStayAreCopied)
     EXPECT_EQ(BudgetOf(2006, 3), (Texts{"(none)|(none)|0", "Dad's|Family|7", "Kid's|Family|5"}));
 }
 
-TEST_F(BudgetTest, AnEmptySourceMonthLeavesACategoryWithAQuoteAlone)
+TEST_F(BudgetTest, AnEmptySourceMonthKeepsACategoryWithAQuote)
 {
     AddBudget("Kid''s", "Family", "5", 2006, 3);
 

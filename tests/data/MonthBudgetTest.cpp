@@ -1,4 +1,4 @@
-// The sums of a month's budget that are read at once: they are those of the single statements.
+// The sums of a month's budget that are read together equal those of the single statements.
 
 #include <functional>
 
@@ -65,7 +65,7 @@ protected:
             figures.push_back(group + (": " + GroupSums(group)));
         return figures;
     }
-    /// The same, each by its own statement.
+    /// The same figures, each by its own statement.
     std::vector<std::string> SingleFigures()
     {
         Store().Database().Trace([](std::string_view) {});
@@ -75,7 +75,7 @@ protected:
     }
     void ExpectFiguresOfSingleStatements() { EXPECT_EQ(Figures(), SingleFigures()); }
 
-    /// Another program's write.
+    /// Writes as another program would.
     void ExecuteElsewhere(const std::string& sql)
     {
         Connection other;
@@ -109,12 +109,12 @@ TEST_F(MonthBudgetTest, GivesTheSumsOfTheMonth)
     ExpectFiguresOfSingleStatements();
 }
 
-TEST_F(MonthBudgetTest, AReadSumFollowsAWriteOfItsOwn)
+TEST_F(MonthBudgetTest, AReadSumFollowsTheProgramsOwnWrite)
 {
     EXPECT_EQ(Spent("Toys"), "-30");
 
     AddTransaction(4, "in", "-5", 2006, 3, "Toys");
-    EXPECT_EQ(Spent("Toys"), "-35");  // while it is pending
+    EXPECT_EQ(Spent("Toys"), "-35");  // while the change is pending
     Settle();
 
     EXPECT_EQ(Spent("Toys"), "-35");
@@ -285,7 +285,7 @@ TEST_F(MonthBudgetTest, BytesAreNotEqualToATextThatReadsTheSame)
     ExpectFiguresOfSingleStatements();
 }
 
-TEST_F(MonthBudgetTest, AColumnThatComparesWhateverTheCaseIsComparedByTheDatabase)
+TEST_F(MonthBudgetTest, AColumnThatIgnoresCaseIsComparedByTheDatabase)
 {
     EXPECT_EQ(Spent("TOYS"), "0");
     WriteRaw(
@@ -305,7 +305,7 @@ TEST_F(MonthBudgetTest, AColumnThatComparesWhateverTheCaseIsComparedByTheDatabas
 
 TEST_F(MonthBudgetTest, EachSumIsAStatementWhileStatementsAreTraced)
 {
-    EXPECT_EQ(Spent("Toys"), "-30");  // held from here on
+    EXPECT_EQ(Spent("Toys"), "-30");  // the sums are held from here on
     std::vector<std::string> sent;
     Store().Database().Trace([&](std::string_view sql) { sent.emplace_back(sql); });
 

@@ -1,4 +1,4 @@
-// Replacing the database by a backup, and files that are refused as one.
+// Replacing the database by a backup, and files that are refused as backups.
 #include <sqlite3.h>
 
 #include "tests/data/BackupsFixture.h"
@@ -11,7 +11,7 @@ using testing::IsEmpty;
 
 class RestoreTest : public BackupsTest {};
 
-TEST_F(RestoreTest, ARestoredBackupTakesThePlaceOfTheDatabaseWhichIsKept)
+TEST_F(RestoreTest, ARestoredBackupReplacesTheDatabaseWhichIsKept)
 {
     AddAccount("1", "Bank");
     Store().Database().Settle();
@@ -70,7 +70,7 @@ TEST_F(RestoreTest, ABookThatLacksATableOrAColumnIsRefused)
 }
 
 /// Symptom: "Type mismatch".
-TEST_F(RestoreTest, ABookWithoutAVersionIsRefusedForWhatItLacks)
+TEST_F(RestoreTest, ABookWithoutAVersionIsRefusedAndTheMessageSaysWhatItLacks)
 {
     const std::string tables =
         "CREATE TABLE Account (AccountID TEXT, Description TEXT, Type TEXT, OpeningBalance MONEY, "
@@ -142,7 +142,7 @@ TEST_F(RestoreTest, AnOlderBookAndALaterOneAreRestored)
     }
 }
 
-TEST_F(RestoreTest, WhatIsNotADatabaseIsRefusedInItsOwnWords)
+TEST_F(RestoreTest, AFileThatIsNotADatabaseIsRefusedWithItsOwnMessage)
 {
     const std::string empty = folder_.Write("empty.mdb", "");
     const std::string letter = folder_.Write("letter.txt", "Dear bank");
@@ -154,7 +154,7 @@ TEST_F(RestoreTest, WhatIsNotADatabaseIsRefusedInItsOwnWords)
               "The file '" + folder_.Path() + "' is a folder, not a backup.");
 }
 
-TEST_F(RestoreTest, ADatabaseThatIsGoneIsRestoredToItsPlace)
+TEST_F(RestoreTest, AMissingDatabaseIsRestoredToItsPlace)
 {
     const std::string backup = folder_.Write("stick/clb.mdb", EmptyDatabase());
     std::filesystem::remove_all(folder_.Path("db"));

@@ -42,7 +42,7 @@ TEST_F(RowsTest, EveryViewHasItsColumnsInOrder)
         EXPECT_EQ(FieldNames(), names[static_cast<std::size_t>(shown_.view - 1)]);
 }
 
-TEST_F(RowsTest, NoViewIsForTheEngineToRefuse)
+TEST_F(RowsTest, WithoutAViewTheEngineReportsAnError)
 {
     shown_.view = 0;
 
@@ -164,7 +164,7 @@ TEST_F(RowsTest, RowsExistWhenTheConditionMatchesOne)
     EXPECT_THROW(Store().RowExists("Nothing", "AccountID = 'x'"), EngineError);
 }
 
-TEST_F(RowsTest, ANetWorthRowLacksInOrder)
+TEST_F(RowsTest, ANetWorthRowIsCheckedInOrder)
 {
     shown_.view = vwNetWorth;
     AddAccount("10", "Bank");
@@ -266,7 +266,7 @@ TEST_F(RowsTest, HoldingsAndLoansGetTheShownAccount)
     EXPECT_EQ(row_.cells[Loans::AccountID], Value{std::string("50")});
 }
 
-TEST_F(RowsTest, TransactionsOfADeletedCategoryFallBackInThatMonthOnly)
+TEST_F(RowsTest, TransactionsLoseADeletedCategoryInThatMonthOnly)
 {
     AddTransaction(1, "10", "1", 2006, 3, "Kid''s");
     AddTransaction(2, "10", "1", 2006, 4, "Kid''s");
@@ -281,7 +281,7 @@ TEST_F(RowsTest, TransactionsOfADeletedCategoryFallBackInThatMonthOnly)
               (std::vector<std::string>{"(none)|2006|3"}));
 }
 
-TEST_F(RowsTest, AnUnusedCategoryIsDeletedWithoutATrace)
+TEST_F(RowsTest, AnUnusedCategoryIsDeletedWithoutFurtherChanges)
 {
     AddTransaction(1, "10", "1", 2006, 4, "Food");
     shown_.view = vwBudget;
@@ -293,7 +293,7 @@ TEST_F(RowsTest, AnUnusedCategoryIsDeletedWithoutATrace)
     EXPECT_TRUE(Rows("SELECT Category FROM Budget").empty());
 }
 
-TEST_F(RowsTest, DeletingAnAccountLeavesItsTransactions)
+TEST_F(RowsTest, DeletingAnAccountKeepsItsTransactions)
 {
     AddAccount("10", "Bank");
     AddAccount("20", "Bank");
@@ -307,7 +307,7 @@ TEST_F(RowsTest, DeletingAnAccountLeavesItsTransactions)
     EXPECT_EQ(Rows("SELECT Sequence FROM Trans").size(), 1U);
 }
 
-TEST_F(RowsTest, NothingFollowsADeletionElsewhere)
+TEST_F(RowsTest, DeletionsInOtherViewsChangeNothingElse)
 {
     AddAccount("10", "Bank");
     AddTransaction(1, "10", "1", 2006, 3, "Food");

@@ -1,3 +1,4 @@
+// A fixture with a data store over a fresh database.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -48,7 +49,7 @@ protected:
     }
     void Execute(const std::string& sql) { Store().Execute(sql); }
 
-    /// The rows of a SELECT, fields divided by "|".
+    /// The rows of a SELECT, fields separated by "|".
     std::vector<std::string> Rows(const std::string& sql)
     {
         Recordset records;

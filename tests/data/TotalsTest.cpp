@@ -34,7 +34,7 @@ TEST_F(TotalsTest, NetWorthSumsEveryAccount)
     EXPECT_EQ(Totals(), "0 / 0");
 }
 
-TEST_F(TotalsTest, AMissingSumMakesTheSecondTotalNothing)
+TEST_F(TotalsTest, AMissingSumMakesTheSecondTotalZero)
 {
     AddAccount("10", "Bank", "100", "NULL");
     shown_.view = vwNetWorth;
@@ -67,7 +67,7 @@ TEST_F(TotalsTest, BudgetActualsCountOnlyIncludedAccountsOfTheMonth)
     EXPECT_EQ(Totals(), "900.5 / -35.25");
 }
 
-TEST_F(TotalsTest, TheRegisterBalanceGoesByTheBookedMonth)
+TEST_F(TotalsTest, TheRegisterBalanceUsesTheBookedMonth)
 {
     AddAccount("10", "Bank", "1000");
     AddTransaction(1, "10", "5", 2005, 12);
@@ -174,7 +174,7 @@ TEST_F(TotalsTest, NoActivityStoresZero)
     EXPECT_EQ(BalanceOf("10"), "0");
 }
 
-TEST_F(TotalsTest, WhatIsShownIsHandedBack)
+TEST_F(TotalsTest, TheShownViewAndAccountAreReturned)
 {
     AddAccount("10", "Bank");
     AddTransaction(1, "10", "5", 2006, 3);
@@ -196,8 +196,8 @@ TEST_F(TotalsTest, AMissingAccountIsAnErrorOfTheEngine)
     EXPECT_NO_THROW(Update(vwNetWorth, "nobody"));
 }
 
-// Three deposits of which the last takes the first back were stored without their balance.
-TEST_F(TotalsTest, ABalanceIsExactHoweverFarItsRowsGoBetween)
+// Symptom: of three deposits, the last of which cancels the first, no balance was stored.
+TEST_F(TotalsTest, ABalanceIsExactEvenIfAPartialSumIsTooLarge)
 {
     AddAccount("10", "Bank");
     AddTransaction(1, "10", "900000000000000", 2006, 3);
@@ -217,7 +217,8 @@ TEST_F(TotalsTest, ASumThatDoesNotFitNamesItsAccount)
     shown_.view = vwAccount;
     shown_.account = "10";
 
-    const std::string told = "The rows of the account '10' add up to more than an amount can be.";
+    const std::string message =
+        "The rows of the account '10' add up to more than an amount can be.";
     const auto textOf = [](auto failing) -> std::string {
         try {
             failing();
@@ -227,8 +228,8 @@ TEST_F(TotalsTest, ASumThatDoesNotFitNamesItsAccount)
         }
         return "no error";
     };
-    EXPECT_EQ(textOf([&] { Update(vwAccount, "10"); }), told);
-    EXPECT_EQ(textOf([&] { Totals(); }), told);
+    EXPECT_EQ(textOf([&] { Update(vwAccount, "10"); }), message);
+    EXPECT_EQ(textOf([&] { Totals(); }), message);
     EXPECT_EQ(BalanceOf("10"), "7");
 }
 

@@ -1,7 +1,9 @@
+// Makes the toolkit believe that a screen reader is running.
 #pragma once
 
-// The toolkit sends its events for screen readers only while one is there, and offers no public
-// switch for that. Its base class does: these are as much of two classes as calling it takes.
+// The toolkit sends its events for screen readers only while one is running, and offers no public
+// switch for that. Its base class has one. The declarations here are the parts of two classes that
+// a call needs.
 class QPlatformAccessibility {
 public:
     void setActive(bool active);

@@ -1,3 +1,4 @@
+// A fixture with the window over the books of a small household.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -68,8 +69,8 @@ inline QLabel* TotalsCaption(const QWidget& window)
     return &Find<QLabel>(window, "lblTotal");
 }
 
-/// The window over a small household: the accounts Checking (bank), Purse (cash) and Car (loan),
-/// four transactions in Checking in March 2006, the net worth shown.
+/// The window over the books of a small household: the accounts Checking (bank), Purse (cash) and
+/// Car (loan), and four transactions in Checking in March 2006. The net worth is shown.
 class WindowTest : public testing::Test {
 protected:
     WindowTest() : events_(books_.messages), window_(Fill(books_), events_)

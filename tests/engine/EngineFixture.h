@@ -14,7 +14,7 @@ namespace clb {
 /// The tables of a delivered database, in the storage's SQL.
 extern const char* const kTestSchema;
 
-/// A new database file in a folder of its own, opened as the program opens it.
+/// A new database file in a separate folder, opened as the program opens it.
 class EngineTest : public ::testing::Test {
 protected:
     EngineTest();

@@ -1,3 +1,4 @@
+// What the fuzzing programs share.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -15,8 +16,8 @@ inline std::string_view TextOf(const std::uint8_t* data, std::size_t size)
     return {reinterpret_cast<const char*>(data), size};
 }
 
-/// A folder in memory for the files of one run, gone when the run ends. Runs by the million would
-/// wear a disk out.
+/// A folder in memory for the files of one run. It is removed when the run ends. Millions of runs
+/// would wear a disk out.
 class FuzzFolder {
 public:
     FuzzFolder()
@@ -53,7 +54,7 @@ private:
     std::string path_;
 };
 
-/// What must hold for every input.
+/// Checks a condition that must hold for every input.
 inline void Require(bool holds)
 {
     if (!holds)

@@ -1,4 +1,5 @@
-// Any text as a criterion of Find: it stands on a row, past the end, or is refused.
+// Any text as a criterion of Find: the set is then at a row or past the end, or the text is
+// refused.
 
 #include "base/RuntimeError.h"
 #include "tests/fuzz/FuzzStore.h"

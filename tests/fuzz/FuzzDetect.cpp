@@ -1,4 +1,4 @@
-// Any file: the repair of its line ends loses nothing of what it keeps, and what it is can be told.
+// Any file: the repair of its line ends loses nothing of what it keeps, and its format is detected.
 
 #include <iterator>
 
@@ -14,7 +14,8 @@ std::string Read(const std::string& path)
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
-/// What the file held stands in it or beside it, and a file that was repaired needs no repair.
+/// The file's content must be in it or in the backup beside it, and a repaired file needs no
+/// repair.
 void RequireRepaired(const clb::FuzzFolder& folder, const std::string& path, std::string_view held)
 {
     const std::string kept = path + ".org";
@@ -36,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string path = folder.Write("file.ofx", bytes);
     try {
         modImport::FixLineEndings(path);
-        // Looking at the files takes many times as long as all else.
+        // Examining the files takes many times as long as everything else.
         if (size % 8 == 0)
             RequireRepaired(folder, path, bytes);
         const std::int32_t kind = modImport::DetectFileFormat(path);

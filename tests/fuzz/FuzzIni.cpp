@@ -9,7 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const FuzzFolder folder;
     clsIni ini;
     ini.INIFile(folder.Write("cvlb.ini", TextOf(data, size)));
-    // Every call reads the file anew, and writing takes many times as long as reading.
+    // Every call reads the file again, and writing takes many times as long as reading.
     if (size % 2 != 0)
         static_cast<void>(ini.GetString("Settings", "BankUrl"));
     else

@@ -1,3 +1,4 @@
+// Feeds random statement files to the import.
 #pragma once
 #include "import/modImport.h"
 #include "tests/fuzz/Fuzz.h"
@@ -6,7 +7,8 @@
 
 namespace clb {
 
-/// Books with one account and a stranger's row, into which files are read one after the other.
+/// Books with one account and a row of another account. Files are read into them one after the
+/// other.
 class ReaderRun {
 public:
     ReaderRun()
@@ -18,7 +20,7 @@ public:
         before_ = Stranger();
     }
 
-    /// What was there before stays as it was, whatever the file holds.
+    /// What was there before must stay as it was, whatever the file contains.
     template <typename Reader>
     void Run(const Reader& read)
     {

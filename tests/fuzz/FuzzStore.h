@@ -1,3 +1,4 @@
+// A small database for random statements.
 #pragma once
 #include <memory>
 
@@ -7,8 +8,8 @@
 
 namespace clb {
 
-/// A small database that statements may do anything to; made anew every thousand uses, and before
-/// it has grown so much that a product of its tables takes long.
+/// A small database in which statements may do anything. It is made again after a thousand uses,
+/// and before it has grown so much that a product of its tables takes long.
 class FuzzStore {
 public:
     Connection& Open()

@@ -81,7 +81,7 @@ TEST_F(FixLineEndingsTest, WhatFollowsTheFirstCarriageReturnIsLost)
     EXPECT_EQ(Kept(), "one\ntwo\r\nthree\r\n");
 }
 
-TEST_F(FixLineEndingsTest, AFirstLineWithoutLineFeedLeavesTheFileAlone)
+TEST_F(FixLineEndingsTest, AFileWhoseFirstLineHasNoLineFeedIsNotChanged)
 {
     Repair("one\r\ntwo\nthree\n");
 
@@ -228,7 +228,7 @@ TEST_F(FixLineEndingsTest, AFullDiskChangesNothing)
     }
 }
 
-TEST_F(FixLineEndingsTest, AFolderThatTakesNoFilesChangesNothing)
+TEST_F(FixLineEndingsTest, AFolderThatCannotHoldNewFilesChangesNothing)
 {
     const std::string path = folder_.Write("s.ofx", "one\ntwo\n");
     fs::permissions(folder_.Path(), fs::perms::owner_read | fs::perms::owner_exec);

@@ -377,7 +377,7 @@ TEST_F(HostileStatementsTest, ACheckNumberThatIsSqlListsItsRecord)
 
 /// The check number is not quoted in the comparison, so any row with that memo is a duplicate, here
 /// one of another account. The record is skipped, and nothing else happens.
-TEST_F(HostileStatementsTest, ACheckNumberThatWidensTheComparisonLeavesOutItsOwnRecordOnly)
+TEST_F(HostileStatementsTest, ACheckNumberThatWidensTheComparisonSkipsOnlyItsOwnRecord)
 {
     books_.Import("s.qif", "!Type:Bank\r\nD3/5/06\r\nT-2\r\nMfare\r\nN" + kOtherHarm +
                                "\r\n^\r\nT-3\r\n^\r\n");

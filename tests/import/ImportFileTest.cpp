@@ -44,7 +44,7 @@ TEST_F(ImportFileTest, ACancelledDialogDoesNothing)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-TEST_F(ImportFileTest, TheWindowShowsThatItIsBusyAndGoesBackToItsState)
+TEST_F(ImportFileTest, TheWindowShowsThatItIsBusyAndReturnsToItsState)
 {
     Choose("s.ofx", kStatement);
 
@@ -160,7 +160,7 @@ TEST_F(ImportFileTest, BareLineFeedsAreRepairedBeforeTheFormatIsDetected)
     EXPECT_EQ(books_.One("SELECT Amount FROM Trans"), "-45.5");
 }
 
-TEST_F(ImportFileTest, AFailedRepairEndsTheCommandAsItStands)
+TEST_F(ImportFileTest, AFailedRepairEndsTheCommandAtOnce)
 {
     Choose("s.ofx", "<OFC>\n<ACCTID>1\n");
     books_.folder.Write("s.ofx.org", "precious");
@@ -172,7 +172,7 @@ TEST_F(ImportFileTest, AFailedRepairEndsTheCommandAsItStands)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-TEST_F(ImportFileTest, AMissingFileEndsTheCommandAsItStands)
+TEST_F(ImportFileTest, AMissingFileEndsTheCommandAtOnce)
 {
     host_.file = books_.folder.Path("none.ofx");
 
@@ -181,7 +181,7 @@ TEST_F(ImportFileTest, AMissingFileEndsTheCommandAsItStands)
     EXPECT_EQ(host_.events.back(), "pointer 11");
 }
 
-TEST_F(ImportFileTest, AQifFileIsReadForItsNameAlone)
+TEST_F(ImportFileTest, AQifFileIsRecognisedByItsNameAlone)
 {
     host_.fallback = "1";
     Choose("bank.QIF", "!Type:Bank\r\nD3/5'06\r\nT-45.00\r\n^\r\n");

@@ -62,7 +62,7 @@ TEST_F(ImportOfxTest, EveryFieldIsFilledFromTheStatement)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-TEST_F(ImportOfxTest, SequencesGoOnFromTheLargest)
+TEST_F(ImportOfxTest, SequencesContinueAfterTheLargest)
 {
     books_.Execute("INSERT INTO Trans (Sequence, AccountID) VALUES (41, 'other')");
 
@@ -72,7 +72,7 @@ TEST_F(ImportOfxTest, SequencesGoOnFromTheLargest)
 }
 
 // Symptom: a message without a reason.
-TEST_F(ImportOfxTest, ABookThatTakesNoMoreRowsSaysWhy)
+TEST_F(ImportOfxTest, TheReasonIsShownIfABookCannotTakeMoreRows)
 {
     books_.Execute("INSERT INTO Trans (Sequence, AccountID) VALUES (2147483647, 'other')");
     const std::string file = Statement(Transaction("F1", "20060301", "-1"));
@@ -93,7 +93,7 @@ TEST_F(ImportOfxTest, OnlyACheckHasACheckNumber)
     EXPECT_THAT(Column("CheckID"), ElementsAre("", "", "", "0012"));
 }
 
-TEST_F(ImportOfxTest, AMissingOrEmptyNameIsBlankInSmallLetters)
+TEST_F(ImportOfxTest, AMissingOrEmptyNameBecomesBlankInSmallLetters)
 {
     Import(Statement(Transaction("F1", "20060301", "-1") +
                      Transaction("F2", "20060301", "-1", "<NAME>   \r\n") +
@@ -112,7 +112,7 @@ TEST_F(ImportOfxTest, AMemoIsKeptToFiftyCharacters)
     EXPECT_THAT(Column("PayeeName"), ElementsAre(fifty));
 }
 
-TEST_F(ImportOfxTest, TheRowsMonthIsThatOfThePostingDate)
+TEST_F(ImportOfxTest, TheRowsMonthIsTheMonthOfThePostingDate)
 {
     Import(Statement(Transaction("F1", "20061231", "-1")));
 

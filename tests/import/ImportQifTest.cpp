@@ -64,7 +64,7 @@ TEST_F(ImportQifTest, ARecordBecomesARowInTheMonthOfItsDate)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-TEST_F(ImportQifTest, ABookThatTakesNoMoreRowsSaysWhy)
+TEST_F(ImportQifTest, TheReasonIsShownIfABookCannotTakeMoreRows)
 {
     books_.Execute("INSERT INTO Trans (Sequence, AccountID) VALUES (2147483647, 'other')");
 
@@ -77,7 +77,7 @@ TEST_F(ImportQifTest, ABookThatTakesNoMoreRowsSaysWhy)
               "No number is left for a new transaction: one has the largest already.");
 }
 
-TEST_F(ImportQifTest, WithoutPayeeTheDescriptionIsBlankWithACapital)
+TEST_F(ImportQifTest, WithoutPayeeTheDescriptionBecomesBlankWithACapital)
 {
     Import("!Type:Cash\nD1/15/2006\nT1\n^\n");
 
@@ -112,7 +112,7 @@ TEST_F(ImportQifTest, AnAmountThatIsNotANumberIsIgnoredSilently)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-TEST_F(ImportQifTest, ARecordWithoutADateTakesTheOneBefore)
+TEST_F(ImportQifTest, ARecordWithoutADateGetsTheDateBefore)
 {
     Import("!Type:Bank\nT1\n^\nD2/3/06\nT2\n^\nT3\n^\n");
 
@@ -121,7 +121,7 @@ TEST_F(ImportQifTest, ARecordWithoutADateTakesTheOneBefore)
     EXPECT_THAT(Column("Period"), ElementsAre("12", "2", "2"));
 }
 
-TEST_F(ImportQifTest, AnInvalidDateIsListedAndTheRecordTakesTheOneBefore)
+TEST_F(ImportQifTest, AnInvalidDateIsListedAndTheRecordGetsTheDateBefore)
 {
     Import("!Type:Bank\nD2/3/06\nT1\n^\nD23/10/2013\nT2\n^\nDsoon\nT3\n^\n");
 
@@ -359,7 +359,7 @@ TEST_F(ImportQifTest, ACategoryNeedsAGroupOrAnAmount)
     EXPECT_THAT(books_.messages.boxes, IsEmpty());
 }
 
-TEST_F(ImportQifTest, ALineThatTheStoreRefusesIsListedAndTheReadingGoesOn)
+TEST_F(ImportQifTest, ALineThatTheStoreRefusesIsListedAndReadingContinues)
 {
     const std::string tooLong(51, 'c');
     Import("!Type:Bank\nD1/1/06\nT-1\nL" + tooLong + "\n^\nT-2\nNit's\n^\nT-3\n^\n");

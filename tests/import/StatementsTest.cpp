@@ -178,7 +178,7 @@ TEST_F(StatementsTest, AByteOrderMarkIsIgnored)
     EXPECT_THAT(Rows(), ElementsAre("2006-03-07|-15|W1||Café Münster|"));
 }
 
-TEST_F(StatementsTest, MissingNamesAreBlank)
+TEST_F(StatementsTest, MissingNamesBecomeBlank)
 {
     Import("missing-names.ofx");
 

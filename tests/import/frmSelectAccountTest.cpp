@@ -135,7 +135,7 @@ TEST_F(SelectAccountTest, CancelChangesNothing)
     EXPECT_THAT(Accounts(), IsEmpty());
 }
 
-TEST_F(SelectAccountTest, ANewAccountTakesTheStatementsNumber)
+TEST_F(SelectAccountTest, ANewAccountGetsTheStatementsNumber)
 {
     const bool result = Ask("4111'2", [](Form& form) {
         Describe(form, "Visa's own");
@@ -202,7 +202,7 @@ TEST_F(SelectAccountTest, ADescriptionMayRepeatAnother)
     EXPECT_THAT(Accounts(), ElementsAre("1|Visa|Bank", "99|Visa|Bank"));
 }
 
-TEST_F(SelectAccountTest, NewAccountsWithoutNumberAreNumberedOn)
+TEST_F(SelectAccountTest, NewAccountsWithoutNumberGetTheNextNumber)
 {
     for (const std::string expected : {"New Account", "New Account (2)", "New Account (3)"}) {
         EXPECT_TRUE(Ask("", [](Form& form) {
@@ -272,7 +272,7 @@ TEST_F(SelectAccountTest, CancelKeepsAnEmptyNumberEmpty)
     EXPECT_EQ(identifier_, "");
 }
 
-TEST_F(SelectAccountTest, TheShownAccountIsFollowedToItsNewNumber)
+TEST_F(SelectAccountTest, TheShownAccountStaysShownUnderItsNewNumber)
 {
     books_.AddAccount("1", "Bank", "Checking");
     books_.window.View().AccountID("1");

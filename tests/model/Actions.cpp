@@ -204,10 +204,10 @@ const char* NameOf(Deed deed)
 namespace {
 
 constexpr int kMarch = 2;
-constexpr int kBudget = 1;        // node
-constexpr int kFirstAccount = 3;  // node
+constexpr int kBudget = 1;        // a node of the tree
+constexpr int kFirstAccount = 3;  // a node of the tree
 
-/// Deeds and how often they come, and runs of deeds that belong together.
+/// Generates single deeds with given frequencies, and sequences of deeds that belong together.
 class Generator {
 public:
     explicit Generator(std::uint64_t seed) : engine_(seed) {}
@@ -276,7 +276,7 @@ private:
             return {deed, Any(), Below(5), 0};
         if (deed == Deed::Quotes)
             return {deed, Any(), Below(4) == 0 ? 1 + Below(2) : 0, 0};
-        // Mostly the month in which most is.
+        // Mostly the month that has the most rows.
         if (deed == Deed::Month && Below(2) == 0)
             return {deed, kMarch, 0, 0};
         return {deed, Any(), Any(), Any()};
@@ -292,7 +292,7 @@ private:
             actions.push_back({Deed::Save, 0, 0, 0});
     }
 
-    /// Gives up what is unsaved, mostly: a refused row would keep everything else from being done.
+    /// Mostly discards unsaved changes: a refused row would prevent everything else.
     void Begin(std::vector<Action>& actions)
     {
         for (int count = Below(4) == 0 ? 0 : 2; count > 0; --count)
@@ -353,7 +353,7 @@ private:
         actions.push_back(Of(Below(2) == 0 ? Deed::DeleteByMenu : Deed::DeleteByButton));
     }
 
-    /// The same file again later, so that it holds what the account holds.
+    /// Imports the same file again later, when the account already has its rows.
     void ImportTwice(std::vector<Action>& actions)
     {
         Begin(actions);
@@ -361,7 +361,7 @@ private:
         actions.push_back(import);
         for (int count = Below(3); count > 0; --count)
             actions.push_back(One());
-        import.second = 2;  // mapped
+        import.second = 2;  // maps the account
         actions.push_back(import);
     }
 

@@ -1,3 +1,4 @@
+// The actions of a random user, for the program and for its model.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -6,8 +7,8 @@
 
 namespace clb::model {
 
-/// What a user does. Numbers say what it is done to, always by counting on from the front and
-/// around again, so that an action can be done whatever came before it.
+/// What a user does. Its numbers choose the target. They count from the first item and wrap around,
+/// so that an action is possible whatever came before it.
 enum class Deed {
     Press,  ///< first: the tree's node
     Month,  ///< first: 0 = January
@@ -17,7 +18,7 @@ enum class Deed {
     Forward,
     Click,  ///< first: row, second: column
     Type,   ///< first: row, second: column, third: the text
-    Begin,  ///< the same, but the cell stays in edit
+    Begin,  ///< the same as Type, but the cell stays in edit
     Fold,   ///< first: row; a heading's group is folded or opened
     Save,
     Escape,
@@ -27,17 +28,17 @@ enum class Deed {
     DeleteByButton,
     MoveBack,
     MoveForward,
-    Split,  ///< first: the second amount (0 leaves the one proposed), second: 0 = Cancel
+    Split,  ///< first: the second amount (0 keeps the proposed one), second: 0 = Cancel
     CopyBudget,
     Options,       ///< first: row, second: ticked, third: 0 = Cancel
-    ImportMarkup,  ///< first: the file, second: what is answered about the account, third: which
+    ImportMarkup,  ///< first: the file, second: the answer about the account, third: which account
     ImportRecords,
-    Quotes,  ///< first: the prices of the day, second: request that fails, 0 = none
+    Quotes,  ///< first: the day's prices, second: the request that fails, 0 = none
     Export,
-    ImportOther,  ///< a file that is no statement; the window stays disabled, so the program is
+    ImportOther,  ///< a file that is not a statement; the window stays disabled, so the program is
                   ///< ended and started again
     Reopen,       ///< closes the window and starts the program again; first: in which month
-    Look,         ///< gives up or saves the row in edit and walks through all nodes of the tree
+    Look,         ///< discards or saves the row in edit and visits all nodes of the tree
     Count
 };
 
@@ -54,37 +55,37 @@ struct Action {
 
 const char* NameOf(Deed deed);
 
-/// A text to type and what it means in its column: whether it is taken, and the value, amounts and
-/// numbers in plain decimal. An empty value of an amount, a number or a date is null.
+/// A text to type and what it means in its column: whether it is accepted, and its value, with
+/// amounts and numbers in plain decimal. For an amount, a number or a date, an empty value is null.
 struct Typed {
     std::string text;
     bool taken = true;
     std::string value;
 };
 
-/// What stands in a column.
+/// The kind of content of a column.
 enum class Content { Text, Type, Amount, Number, Date };
 
 /// One column of a view's rows.
 struct Column {
     Content content = Content::Text;
-    bool typed = false;  ///< takes what is typed
+    bool typed = false;  ///< accepts typed text
     bool calculated = false;
-    const std::vector<Typed>* texts = nullptr;  ///< to type into it
+    const std::vector<Typed>* texts = nullptr;  ///< texts to type into it
 };
 
 /// The columns of a view, 1 to 6, in order.
 const std::vector<Column>& ColumnsOf(int view);
-/// Second amounts of a split; the first stands for the proposed one.
+/// Second amounts of a split. The first one means the proposed amount.
 const std::vector<Typed>& SplitAmounts();
 const std::vector<std::string>& Years();
 /// Days on which the program is started.
 const std::vector<std::string>& PresentDays();
 
-/// Counts around: -1 is the last.
+/// Wraps a number around: -1 is the last.
 std::size_t Around(int number, std::size_t count);
 
-/// About so many actions; the same ones for the same seed.
+/// Generates about this many actions. The same seed gives the same actions.
 std::vector<Action> RandomActions(std::uint64_t seed, std::size_t count);
 
 }  // namespace clb::model

@@ -1,4 +1,4 @@
-// Actions in words, with what they mean where they are done.
+// Describes actions in words, with what they mean at their place.
 
 #include "tests/model/ModelWindow.h"
 

@@ -8,7 +8,7 @@ namespace {
 
 constexpr Amount kUnit = 10000;
 
-/// Whole cents, half away from zero.
+/// Rounds to whole cents, half away from zero.
 std::int64_t Cents(Amount amount)
 {
     const std::int64_t size = (std::abs(amount) + 50) / 100;

@@ -1,3 +1,4 @@
+// The tables of the model, independent of the program's code.
 #pragma once
 #include <cstdint>
 #include <map>
@@ -7,24 +8,26 @@
 
 namespace clb::model {
 
-// What the books hold, in plain structs and without any of the program's own code: the yardstick
-// that the program is held against.
+// What the books hold, in plain structs and without any of the program's own code. The program is
+// compared with this.
 
 /// Money in 1/10000 units.
 using Amount = std::int64_t;
-/// "-1234.5" and the like: no grouping, at most four decimals.
+/// Reads "-1234.5" and the like: no grouping, at most four decimals.
 Amount ParseAmount(const std::string& plain);
 std::string Plain(Amount amount);    ///< "-1234.5"
 std::string Grouped(Amount amount);  ///< "-1,234.50", half away from zero
 std::string Dollars(Amount amount);  ///< "-$1234.50", half away from zero
 
-/// Alphabetical whatever the case, else exact; plain ASCII only.
+/// Whether a comes before b alphabetically, ignoring case, or by exact text if they are equal then.
+/// Plain ASCII only.
 bool Before(const std::string& a, const std::string& b);
-/// The first characters of a UTF-8 text.
+/// Returns the first characters of a UTF-8 text.
 std::string First(const std::string& text, std::size_t characters);
 
-/// Imports of record files mark their rows with a text of their own making, unlike the statements'
-/// identifiers, which begin with F here. The names stand for them, by first appearance.
+/// Replaces the identifiers of record imports by names, in order of their first appearance. Each
+/// such import marks its rows with a new text. Identifiers of statements begin with F here and
+/// stay.
 class RunNames {
 public:
     std::string Of(const std::string& fitid);
@@ -33,12 +36,12 @@ private:
     std::map<std::string, std::size_t> known_;
 };
 
-/// A command that ends in the runtime's report.
+/// A command that ends with the report of a runtime error.
 struct Failure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Deliberate mistakes, to see that they are noticed.
+/// Deliberate mistakes in the model, to check that they are noticed.
 enum class Flaw {
     None,
     ForgetsBudgetLine,
@@ -55,7 +58,8 @@ struct BudgetMonth {
     bool operator==(const BudgetMonth&) const = default;
 };
 
-// Dates are ISO texts and numbers with fractions plain decimal texts; empty is null.
+// In the rows, dates are ISO texts, and numbers with fractions are plain decimal texts. Empty means
+// null.
 
 struct Account {
     long sequence = 0;
@@ -97,10 +101,10 @@ struct Loan {
 
 /// The order of accounts in lists: by type, then by description.
 bool BeforeInList(const Account& a, const Account& b);
-/// 4, 5 or 6: the view that shows an account of the type.
+/// The view that shows an account of the type: 4, 5 or 6.
 int ViewOfType(const std::string& type);
 
-/// The tables, rows in the order in which they were added, and what is done to them as a whole.
+/// The tables, with rows in the order in which they were added, and operations on whole tables.
 struct Books {
     std::vector<Account> accounts;
     std::vector<Transaction> transactions;
@@ -113,7 +117,7 @@ struct Books {
 
     /// The small books that every run begins with.
     static Books AtStart();
-    /// The same as SQL.
+    /// The same books as SQL.
     static std::vector<std::string> StartStatements();
 
     Account& Add(Account account);
@@ -125,7 +129,7 @@ struct Books {
     [[nodiscard]] long NextSequence() const;
     [[nodiscard]] bool HasAccount(const std::string& id) const;
     [[nodiscard]] const Account* FirstWithDescription(const std::string& description) const;
-    /// The account's rows follow, unless another account still has the old number.
+    /// The account's rows get the new number too, unless another account still has the old one.
     void Renumber(Account& account, const std::string& id);
 
     void EnsureLine(const std::string& category, BudgetMonth month, const std::string& group,
@@ -137,9 +141,9 @@ struct Books {
     void UpdateBalance(int view, const std::string& id);
     void UpdateBalances();
 
-    /// How many times an account's transactions count: once for each account with the number.
+    /// How often an account's transactions count: once for each account with that number.
     [[nodiscard]] int Counts(const std::string& account) const;
-    /// What the accounts that count spent in a month: on one category, and on all.
+    /// What the accounts that count spent in a month: on one category, or on all.
     [[nodiscard]] Amount Spent(BudgetMonth month, const std::string* category) const;
     [[nodiscard]] Amount SpentOnGroup(BudgetMonth month, const std::string& group) const;
     [[nodiscard]] Amount Budgeted(BudgetMonth month, const std::string* group) const;

@@ -177,7 +177,8 @@ void ModelWindow::CopyBudget()
     }
 }
 
-/// What the user does after the runtime's report: gives up the row and shows the view again.
+/// What the user does after the report of a runtime error: discards the row and shows the view
+/// again.
 void ModelWindow::Recover()
 {
     boxes_.push_back("failed");
@@ -211,7 +212,7 @@ void ModelWindow::Quotes(const Action& action)
                     oldPrices_.emplace(row, holding.last);
     int request = 0;
     for (Holding& holding : books_.holdings) {
-        // A price that is not a number ends the command as a failed request does.
+        // A price that is not a number ends the command, as a failed request does.
         if (++request == action.second || holding.symbol == "ODD") {
             boxes_.push_back("Unable to update quotes.");
             return;
@@ -237,7 +238,7 @@ std::string QuoteLine(const std::string& symbol, int day)
         return "\"GONE\",0.00,N/A,N/A,N/A,N/A,N/A,N/A,N/A,N/A,N/A,N/A\r\n";
     if (symbol == "ODD")
         return "\"ODD\",some" + rest + ",100\r\n";
-    // One field short, when there is no price.
+    // If there is no price, one field is missing.
     return "\"" + symbol + "\"," + (price.empty() ? "9.99" + rest : price + rest + ",1000") +
            "\r\n";
 }

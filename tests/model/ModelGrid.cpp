@@ -1,4 +1,4 @@
-// The grid of the model: moving about, typing, saving and deleting rows.
+// The grid of the model: moving around, typing, saving and deleting rows.
 
 #include <algorithm>
 
@@ -80,7 +80,7 @@ void ModelWindow::CancelEdit()
     text_.reset();
 }
 
-/// What stands in the cell in edit: as shown, but an amount with fractions of a cent as it is.
+/// The text of the cell in edit: as shown, but amounts keep their fractions of a cent.
 std::string ModelWindow::EditText() const
 {
     if (text_)
@@ -108,7 +108,7 @@ bool ModelWindow::MoveTo(std::size_t row, int column)
     return true;
 }
 
-/// Opens a cell and types; false when it takes nothing or the one in edit is kept.
+/// Opens a cell and types. Returns false if the cell accepts nothing or another cell stays in edit.
 bool ModelWindow::Begin(const Action& action)
 {
     const std::vector<Column>& columns = ColumnsOf(view_);
@@ -137,7 +137,7 @@ void ModelWindow::Fold(int number)
         folded_.insert(group);
 }
 
-/// A group that is gone is open when it comes back.
+/// A group that disappeared is open when it comes back.
 void ModelWindow::ForgetFolded()
 {
     std::set<std::string> left;
@@ -183,7 +183,7 @@ bool ModelWindow::Save()
     Balance();
     Choose();
     if (ListsAccounts()) {
-        // The node at the same place is selected again, whichever that is now.
+        // Selects the node at the same place again, whichever node that is now.
         const int selected = selected_;
         BuildTree();
         if (selected <= static_cast<int>(tree_.size()))
@@ -368,7 +368,7 @@ void ModelWindow::Delete(bool yes)
         return;
     std::size_t node = 0;
     if (view_ == 2) {
-        // As it stands in the grid, though it may not be saved.
+        // As the grid shows it, even if it may not be saved.
         const std::string category = Cell(1);
         const bool used = std::any_of(books_.transactions.begin(), books_.transactions.end(),
                                       [&](const Transaction& row) {

@@ -1,4 +1,4 @@
-// Statements of the model: reading them into an account, and writing one.
+// Statements of the model: imports them into an account, and exports one.
 
 #include <algorithm>
 
@@ -15,7 +15,8 @@ BudgetMonth MonthOf(const std::string& date)
     return {std::stoi(date.substr(0, 4)), std::stoi(date.substr(5, 2))};
 }
 
-/// What of the text is in the first 256 characters, one byte each, as exported files are.
+/// Keeps the characters of the text that are among the first 256, one byte each, as in exported
+/// files.
 std::string OneByteEach(const std::string& text)
 {
     std::string bytes;
@@ -27,7 +28,7 @@ std::string OneByteEach(const std::string& text)
     return bytes;
 }
 
-/// "20060305123000[0]"; no date leaves the zone.
+/// "20060305123000[0]"; without a date only the zone remains.
 std::string Stamp(const std::string& date)
 {
     std::string digits;
@@ -132,8 +133,8 @@ void ModelWindow::ReadMarkup(const Statement& statement, const std::string& id)
             searched = searched || row.account == id;
             known = known || (row.account == id && row.fitid == entry.fitid);
         }
-        // Settled: the identifier stands in the criterion as it is. Among no rows nothing is
-        // looked for.
+        // On purpose: the identifier is put into the criterion unchanged. If there are no rows,
+        // nothing is searched.
         const bool readable = !searched || entry.fitid.find('\'') == std::string::npos;
         if (readable && known)
             continue;
@@ -190,7 +191,7 @@ void ModelWindow::ReadEntry(const StatementRecord& entry, const std::string& dat
 {
     const std::string check = entry.check == "0" ? "" : entry.check;
     const Amount amount = entry.amount.second.empty() ? 0 : ParseAmount(entry.amount.second);
-    // Settled: the check number stands in the query as it is.
+    // On purpose: the check number is put into the query unchanged.
     if (check.find('\'') != std::string::npos) {
         skipped += "\n^";
         return;
@@ -228,7 +229,7 @@ bool ModelWindow::HasRecord(const StatementRecord& entry, const std::string& dat
                        });
 }
 
-/// From the first transaction to the last, and the balance.
+/// The exported statement: its transactions from the first to the last, and the balance.
 std::string ModelWindow::Exported() const
 {
     std::string text;

@@ -1,9 +1,9 @@
-// Random sequences of user actions on the whole program without its window, held against a simple
-// model in memory. After each action the shown view and every row of every table are compared;
-// every ten actions and at the end of each run all views of the month are (see Replay.h why not
-// after each).
+// Random sequences of user actions on the whole program without its window, compared with a simple
+// model in memory. After each action the shown view and every row of every table are compared.
+// Every ten actions, and at the end of each run, all views of the month are compared too (Replay.h
+// says why not after each action).
 //
-// For long:  CLB_MODEL_ACTIONS=200000 CLB_MODEL_SEED=1 clb_test_model
+// A long run:  CLB_MODEL_ACTIONS=200000 CLB_MODEL_SEED=1 clb_test_model
 // CLB_MODEL_RUN is the number of actions from one start to the next.
 
 #include <gtest/gtest.h>
@@ -64,7 +64,7 @@ TEST(ModelTest, TheProgramShowsAndStoresWhatTheModelDoes)
         Print(tally, firstSeed, seeds, took.count());
 }
 
-/// The first report of runs against a model with the flaw; empty when no run noticed it.
+/// The first report of runs against a model with the flaw; empty if no run noticed it.
 std::string ReportOf(Flaw flaw)
 {
     for (std::uint64_t seed = 1; seed <= 40; ++seed)

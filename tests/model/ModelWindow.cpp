@@ -10,8 +10,8 @@ std::string Number(long number)
     return std::to_string(number);
 }
 
-/// Rows of a table that belong to the view, sorted; rows that are alike stay in the order in which
-/// they were added.
+/// Rows of a table that belong to the view, sorted. Equal rows stay in the order in which they were
+/// added.
 template <class Row, class Belongs, class Less>
 std::vector<long> Sorted(const std::vector<Row>& table, const Belongs& belongs, const Less& less,
                          long Row::*identity)
@@ -294,7 +294,7 @@ std::string ModelWindow::Totals() const
         const auto opening =
             std::find_if(books_.accounts.begin(), books_.accounts.end(),
                          [this](const Account& one) { return one.id == account_; });
-        // Settled: without a transaction so far not even the opening balance.
+        // On purpose: without any transaction so far, not even the opening balance counts.
         return two("Balance:", any ? first + opening->opening : 0, 0);
     }
     if (view_ == 5) {
@@ -302,7 +302,7 @@ std::string ModelWindow::Totals() const
             first += row.account == account_ ? row.total : 0;
         return two("Total Investment:", first, 0);
     }
-    // Settled: the loans of every account.
+    // On purpose: the loans of every account.
     for (const Loan& row : books_.loans)
         if (books_.flaw != Flaw::OnlyShownLoans || row.account == account_)
             first += row.original - row.paid;

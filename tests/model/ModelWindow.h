@@ -1,3 +1,4 @@
+// The main window of the model.
 #pragma once
 #include <cstddef>
 #include <map>
@@ -12,23 +13,23 @@
 
 namespace clb::model {
 
-/// The main window as its user knows it, over the books: what is shown, the row in edit, and what
-/// each deed does.
+/// The main window of the model, as its user sees it: what is shown, the row in edit, and what each
+/// deed does to the books.
 class ModelWindow {
 public:
     explicit ModelWindow(Flaw flaw = Flaw::None);
 
-    /// Closes the window, whatever is unsaved, starts the program again and shows the month.
+    /// Closes the window with whatever is unsaved, starts the program again and shows the month.
     void OpenAt(BudgetMonth month);
     [[nodiscard]] BudgetMonth Month() const { return month_; }
-    /// Does anything but a Look.
+    /// Performs any deed except Look.
     void Do(const Action& action);
-    /// Everything that is shown, line by line; the message boxes since the last time included.
+    /// Everything that is shown, line by line, including the message boxes since the last call.
     std::vector<std::string> Shown();
     [[nodiscard]] std::vector<std::string> Stored() const { return books_.Lines(); }
     [[nodiscard]] std::size_t Nodes() const { return tree_.size(); }
     [[nodiscard]] int SelectedNode() const { return selected_; }
-    /// The deed in words, with the texts that it means now.
+    /// Describes the deed in words, with the texts that it means now.
     [[nodiscard]] std::string Describe(const Action& action) const;
 
 private:
@@ -39,19 +40,19 @@ private:
     enum class Kind { Data, Heading, Footer, New };
     struct Line {
         Kind kind = Kind::Data;
-        long row = 0;  ///< of a data row
+        long row = 0;  ///< number of a data row
         std::string group;
     };
-    /// A row to come back to: its place is what is left when it is gone.
+    /// A row to come back to. If the row is gone, its place counts.
     struct Spot {
         std::size_t place = 0;
         Line line;
         long sequence = 0;
     };
-    using Value = std::string;  ///< empty for null and the empty text alike
+    using Value = std::string;  ///< empty means both null and the empty text
 
     // What is shown
-    /// On one of the days on which the program is started.
+    /// Opens the program on one of the days on which it is started.
     void Open(int day);
     void Refresh();
     [[nodiscard]] std::vector<long> Query() const;
@@ -80,8 +81,8 @@ private:
     [[nodiscard]] bool CanNew() const { return !inGrid_ || HasRow(); }
     [[nodiscard]] bool CanDelete() const { return inGrid_ && HasRow() && !editing_; }
     [[nodiscard]] bool CanExport() const;
-    /// What the window takes for the chosen account follows the current row where accounts are
-    /// listed.
+    /// In views that list accounts, the account that the window counts as chosen follows the
+    /// current row.
     void Choose();
     [[nodiscard]] bool OnTransaction() const { return inGrid_ && HasRow() && view_ == 4; }
     [[nodiscard]] std::size_t RowOf(int number) const;
@@ -95,7 +96,7 @@ private:
     void Fold(int row);
     void ForgetFolded();
     bool Save();
-    bool Leave();  ///< the grid for another control
+    bool Leave();  ///< leaves the grid for another control
     std::string Refusal(int& column) const;
     [[nodiscard]] bool NumberTaken(const std::string& id) const;
     long StoreRow();
@@ -107,7 +108,7 @@ private:
     void Escape();
     void Delete(bool yes);
     void RemoveRow(long row);
-    /// Value of a cell of the current row, what was typed into it included.
+    /// Value of a cell of the current row, including what was typed into it.
     [[nodiscard]] Value Cell(int column) const;
     void Take(int column, std::string& text) const;
     void Take(int column, Amount& amount) const;
@@ -153,13 +154,13 @@ private:
     std::size_t row_ = 1;
     int column_ = 1;
     bool editing_ = false;
-    std::optional<Typed> text_;  ///< typed into the cell in edit and not taken yet
+    std::optional<Typed> text_;  ///< typed into the cell in edit and not accepted yet
     bool marked_ = false;        ///< the cell in edit is the one to correct
     std::map<int, Value> typed_;
     std::vector<std::string> boxes_;
 };
 
-/// What the quote service answers on a day, as a line; and the price that it means, empty for none.
+/// The quote service's answer on a day, as a line; and the price that it means, empty for none.
 std::string QuoteLine(const std::string& symbol, int day);
 std::string QuotedPrice(const std::string& symbol, int day);
 

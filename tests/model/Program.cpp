@@ -90,7 +90,7 @@ void Program::Do(const Action& action)
     window_->Data().Database().Settle();
 }
 
-/// After the runtime's report: gives up the row and shows the view again.
+/// After the report of a runtime error: discards the row and shows the view again.
 void Program::Recover()
 {
     messages_.Show("failed", 0, "");
@@ -170,13 +170,13 @@ void Program::Type(const Action& action, bool end)
         return;
     const auto column = static_cast<std::size_t>(Grid().Col() - 1);
     const std::vector<Typed>* texts = ColumnsOf(window_->View().View()).at(column).texts;
-    // Where nothing should be taken, something is tried.
+    // Types something even where nothing should be accepted.
     Grid().EditText(texts ? (*texts)[Around(action.third, texts->size())].text : "7");
     if (end && !Grid().EndEdit())
         Grid().CancelEdit();
 }
 
-/// As a click on the arrow of a heading.
+/// Does what a click on the arrow of a heading does.
 void Program::Fold(int number)
 {
     const std::size_t row = RowOf(number);
@@ -266,7 +266,7 @@ void Program::Quotes(const Action& action)
     Menu("mnuT_UpdateQuotes");
 }
 
-/// Notes what the file says of the account, its transactions and the balance.
+/// Records what the exported file says about the account, its transactions and the balance.
 void Program::Export()
 {
     const std::string name = "export" + std::to_string(++statements_) + ".ofx";
@@ -275,9 +275,9 @@ void Program::Export()
     if (!folder_.Holds(name))
         return;
     const std::string file = folder_.Read(name);
-    const auto between = [&file](const std::string& before, const std::string& behind) {
+    const auto between = [&file](const std::string& before, const std::string& after) {
         const std::size_t from = file.find(before) + before.size();
-        return file.substr(from, file.find(behind, from) - from);
+        return file.substr(from, file.find(after, from) - from);
     };
     std::string text = between("<ACCTID>", "<ACCTTYPE>") + " ";
     const std::size_t first = std::min(file.find("<STMTTRN>"), file.find("</BANKTRANLIST>"));

@@ -1,3 +1,4 @@
+// Runs the actions of a random user in the program without its window.
 #pragma once
 #include <memory>
 #include <string>
@@ -11,7 +12,7 @@
 
 namespace clb::model {
 
-/// Answers each symbol with the line of the day; the request with the given number fails, 0 for
+/// Answers each symbol with the line of the day. The request with the given number fails; 0 means
 /// none.
 class QuoteScript : public IHttpClient {
 public:
@@ -22,17 +23,18 @@ public:
     int requests = 0;
 };
 
-/// The whole program without its window, in a folder of its own with the small books that every run
-/// begins with, and a user who does what the actions say.
+/// The whole program without its window, in a new folder with the small books that every run begins
+/// with, and a user who does what the actions say.
 class Program {
 public:
     Program();
-    /// A second program on a copy of what another has stored, in the month that it shows.
+    /// A second program on a copy of what another one has stored. It shows the same month.
     explicit Program(Program& original);
 
-    /// Does anything but a Look, as a user would; what a front end does after each command is done.
+    /// Performs any deed except Look, as a user would, with the work of a front end after each
+    /// command.
     void Do(const Action& action);
-    /// Everything that is shown, line by line; the message boxes since the last time included.
+    /// Everything that is shown, line by line, including the message boxes since the last call.
     std::vector<std::string> Shown();
     /// Every row of every table as a line.
     std::vector<std::string> Stored();

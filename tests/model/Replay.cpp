@@ -12,7 +12,8 @@ namespace {
 
 constexpr std::size_t kActionsOfAWalk = 10;
 
-/// Lines that only one side has, in order; the place where both part when none is.
+/// Lines that only one side has, in order. If there are none, the first place where the order
+/// differs.
 std::string Compare(const std::vector<std::string>& program, const std::vector<std::string>& model)
 {
     if (program == model)
@@ -43,7 +44,7 @@ public:
     {
     }
 
-    /// What differs after it; empty when all is alike.
+    /// Performs the action. Returns what differs afterwards; empty if nothing does.
     std::string Do(const Action& action)
     {
         const std::string lines =
@@ -61,7 +62,7 @@ public:
         return lines.empty() ? Compare(program_.Stored(), stored_) : lines;
     }
 
-    /// All views, seen by a second program in a copy of the file.
+    /// All views, as a second program shows them with a copy of the file.
     std::string Walk()
     {
         if (tally_)
@@ -108,7 +109,7 @@ private:
     std::vector<std::string> shown_;
 };
 
-/// As the comparison looks, without a program.
+/// Looks through all views as the comparison does, without a program.
 void Look(ModelWindow& model)
 {
     for (const Deed deed : {Deed::Save, Deed::Escape, Deed::Escape})

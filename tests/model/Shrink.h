@@ -1,3 +1,4 @@
+// Shortens a failing sequence.
 #pragma once
 #include <algorithm>
 #include <cstddef>
@@ -5,8 +6,8 @@
 
 namespace clb::model {
 
-/// The shortest list found by leaving out items, halves first and single ones last, that still
-/// fails. The whole list must fail.
+/// Shortens a list that fails by leaving out items, halves first and single ones last. Returns the
+/// shortest list found that still fails. The whole list must fail.
 template <class Item, class Fails>
 std::vector<Item> Shrink(std::vector<Item> items, const Fails& fails)
 {
@@ -15,9 +16,8 @@ std::vector<Item> Shrink(std::vector<Item> items, const Fails& fails)
         for (std::size_t from = 0; from < items.size();) {
             std::vector<Item> rest(items.begin(),
                                    items.begin() + static_cast<std::ptrdiff_t>(from));
-            const std::size_t behind = std::min(from + size, items.size());
-            rest.insert(rest.end(), items.begin() + static_cast<std::ptrdiff_t>(behind),
-                        items.end());
+            const std::size_t next = std::min(from + size, items.size());
+            rest.insert(rest.end(), items.begin() + static_cast<std::ptrdiff_t>(next), items.end());
             if (fails(rest)) {
                 items = rest;
                 shorter = true;
@@ -25,7 +25,7 @@ std::vector<Item> Shrink(std::vector<Item> items, const Fails& fails)
                 from += size;
             }
         }
-        // Single items are tried until none can go; larger pieces once.
+        // Single items are tried until none can be left out; larger pieces once.
         if (size > 1)
             size /= 2;
         else if (!shorter)

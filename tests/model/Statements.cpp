@@ -5,7 +5,8 @@
 namespace clb::model {
 namespace {
 
-/// Draws that are the same everywhere, which those of the standard's distributions are not.
+/// Random draws that are the same on every system. Those of the standard library's distributions
+/// are not.
 class Dice {
 public:
     explicit Dice(int seed) : engine_(static_cast<std::mt19937::result_type>(seed)) {}

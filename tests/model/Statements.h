@@ -1,3 +1,4 @@
+// Generates small statement files.
 #pragma once
 #include <string>
 #include <utility>
@@ -5,8 +6,8 @@
 
 namespace clb::model {
 
-/// One record of a statement file. Texts as they are written; the second of the two-part ones says
-/// what they mean, and an empty meaning that they cannot be read.
+/// One record of a statement file, as texts. Of the pairs, the first is what the file contains and
+/// the second what it means; an empty meaning says that it cannot be read.
 struct StatementRecord {
     std::pair<std::string, std::string> date;    ///< as written, and ISO
     std::pair<std::string, std::string> amount;  ///< as written, and plain decimal
@@ -20,15 +21,16 @@ struct StatementCategory {
     std::vector<std::string> amounts;
 };
 
-/// A small statement file: markup with an account number, or records of one letter a line.
+/// A small statement file: markup with an account number, or records with one letter for each line.
 struct Statement {
     bool records = false;    ///< the second form
-    bool bareLines = false;  ///< ended by a line feed alone
+    bool bareLines = false;  ///< lines end with a line feed alone
     std::string account;
     std::vector<StatementRecord> entries;
     std::vector<StatementCategory> categories;
 
-    /// The same for the same seed. The few names, identifiers and days make duplicates likely.
+    /// Generates a statement; the same seed gives the same one. It has few names, identifiers and
+    /// days, so duplicates are likely.
     static Statement Markup(int seed);
     static Statement Records(int seed);
     [[nodiscard]] std::string Text() const;

@@ -1,14 +1,14 @@
 #!/usr/bin/env python3
-"""Changes the program in small ways, one at a time, and sees whether the tests notice.
+"""Changes the program in small ways, one at a time, and checks whether the tests notice.
 
     tests/mutation/mutate.py [--count 400] [--seed 1] [--only FOLDER ...] [--fresh]
-    tests/mutation/mutate.py --again             the survivors once more, after tests were added
-    tests/mutation/mutate.py --report            what the run so far has found
+    tests/mutation/mutate.py --again             tries the survivors again, after tests were added
+    tests/mutation/mutate.py --report            prints what the run has found so far
 
-A mutant is one changed place: an operator turned, a statement dropped, a constant shifted. The sample is
-random but the same for the same seed and source; a change elsewhere hardly changes it. Each mutant is
-built and tested in a clone of its own in build/mutation, never in the working tree; a run that was stopped
-goes on where it was. What does not compile is no mutant and another one is drawn.
+A mutant is one changed place: a swapped operator, a dropped statement or a shifted constant. The sample is
+random but the same for the same seed and source; a change elsewhere hardly changes it. Mutants are built and
+tested in a separate clone in build/mutation, never in the working tree. A run that was stopped continues
+where it stopped. A change that does not compile is not a mutant, and another one is drawn.
 """
 import argparse
 import hashlib
@@ -25,11 +25,12 @@ WORK = ROOT / "build" / "mutation"
 TREE = WORK / "tree"
 BUILD = TREE / "build" / "mutation"
 RESULTS = WORK / "results.jsonl"
-# Files in memory: a test spends most of its time waiting for the disk.
+# Files are in memory, because a test spends most of its time waiting for the disk.
 ENVIRONMENT = {**os.environ, "TMPDIR": "/dev/shm"} if os.access("/dev/shm", os.W_OK) else os.environ
 FOLDERS = ["data", "import", "export", "views", "engine"]
 
-# Nearest first: a mutant is dead at the first failure. Others would find a few more, and take long.
+# The nearest tests come first: a mutant is dead at the first failure. Other tests would find a few more, and
+# take long.
 TESTS = {
     "engine": ["engine", "crash", "data", "scenarios"],
     "data": ["data", "check", "app", "scenarios", "cli"],
@@ -37,10 +38,10 @@ TESTS = {
     "export": ["export", "app", "scenarios", "cli"],
     "views": ["views", "app", "scenarios"],
 }
-# They wait for a lock, or read 100 MB, and would double the time.
+# These tests wait for a lock or read 100 MB. They would double the time.
 SLOW = ["EndlessLineTest.*", "*Test.AFileThatAnotherProgramHolds*", "DurabilityTest.*AnotherProgramWrites*",
         "CrashTest.AGroupThatCannotBeSettled*"]
-# The rest of these takes long, and is about the disk.
+# The other tests of these programs take long, and are about the disk.
 ONLY = {"crash": "LostGroupTest*"}
 TURNED = {
     " == ": " != ", " != ": " == ", " < ": " <= ", " > ": " >= ", " <= ": " < ", " >= ": " > ",
@@ -56,7 +57,7 @@ TRUTH = re.compile(r"\b(true|false)\b")
 
 
 def masked(line):
-    """The line with texts and what follows // blanked out, as long as before."""
+    """Replaces string literals and // comments by blanks, so that the length stays the same."""
     out, quote, skip = [], "", False
     for at, character in enumerate(line):
         if quote:
@@ -79,7 +80,7 @@ def masked(line):
 
 
 def places(path):
-    """(line number, column, length, new text, kind) of each change that the file allows."""
+    """Returns (line number, column, length, new text, kind) for each change that the file allows."""
     found = []
     raw = False
     for number, line in enumerate(path.read_text().split("\n"), 1):
@@ -127,7 +128,7 @@ def changed(text, mutant):
 
 
 def small():
-    """A mutant may ask for memory without end."""
+    """Limits the memory, because a mutant may allocate without end."""
     resource.setrlimit(resource.RLIMIT_AS, (3 << 30, 3 << 30))
 
 
@@ -146,8 +147,8 @@ def build():
 
 
 def prepare():
-    """The committed source in a clone, built with one shared library a folder, so that a mutant costs one
-    object and one link."""
+    """Clones the committed source and builds it with one shared library for each folder, so that a mutant
+    costs one object and one link."""
     head = subprocess.check_output(["git", "-C", str(ROOT), "rev-parse", "HEAD"], text=True).strip()
     if not TREE.exists():
         WORK.mkdir(parents=True, exist_ok=True)
@@ -163,7 +164,7 @@ def prepare():
 
 
 def verdict(mutant):
-    """killed by a test, survived, or no mutant."""
+    """Returns whether the mutant was killed by a test, survived, or is not a mutant."""
     path = TREE / mutant["file"]
     text = path.read_text()
     path.write_text(changed(text, mutant))
@@ -190,7 +191,7 @@ def key(mutant):
 
 
 def first_of_equal(mutants):
-    """Of changes in equal lines of a file the first."""
+    """Keeps only the first of the changes in equal lines of a file."""
     return list({key(mutant): mutant for mutant in reversed(mutants)}.values())
 
 
@@ -212,7 +213,7 @@ def judged(mutant):
 
 
 def try_survivors(mutants):
-    """A survivor whose line is gone is forgotten."""
+    """Drops survivors whose line no longer exists."""
     present = {key(mutant): mutant for mutant in first_of_equal(mutants)}
     kept = [result for result in results() if result["verdict"] != "survived" or key(result) in present]
     for at, result in enumerate(kept):

@@ -7,7 +7,7 @@ fail() {
     failures=$((failures + 1))
 }
 
-# silent WHAT COMMAND...: the command says nothing and succeeds.
+# silent WHAT COMMAND...: the command must print nothing and succeed.
 silent() {
     local what=$1 said
     shift
@@ -15,7 +15,7 @@ silent() {
     [ -z "$said" ] || fail "$what: $said"
 }
 
-# same WHAT EXPECTED ACTUAL
+# same WHAT EXPECTED ACTUAL: both texts must be equal.
 same() {
     [ "$2" = "$3" ] || fail "$1: instead of"$'\n'"$2"$'\n'"there is"$'\n'"$3"
 }

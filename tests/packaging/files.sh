@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# The files that are installed beside the programs: the desktop takes them without complaint, statement
-# files get their types and open with the program, and man pages and completions know every command and
-# option that the programs know.
+# Checks the files that are installed beside the programs. The desktop must accept them without complaint,
+# statement files must get their types and open with the program, and man pages and completions must have every
+# command and option of the programs.
 #   files.sh VERSION CLB LEDGERBOOK
 set -euo pipefail
 version=$1
@@ -15,7 +15,7 @@ export LC_ALL=C.UTF-8
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# The desktop entry and what software centres show.
+# The desktop entry and the page for software centres.
 desktop=$packaging/desktop/ledgerbook.desktop
 types=$packaging/desktop/corvane-ledgerbook.xml
 metainfo=$packaging/desktop/example.corvane.ledgerbook.metainfo.xml
@@ -27,7 +27,7 @@ same "types of the desktop entry" "$declared" \
 same "types of the metainfo" "$declared" \
     "$(sed -n 's,.*<mediatype>\(.*\)</mediatype>.*,\1,p' "$metainfo" | sort)"
 
-# A desktop of our own: the types of the system, ours, and our entry.
+# Makes a desktop with the system's types, the program's types, and the program's entry.
 mkdir -p "$work/share/mime/packages" "$work/share/applications" "$work/home"
 cp /usr/share/mime/packages/freedesktop.org.xml "$types" "$work/share/mime/packages"
 cp "$desktop" "$work/share/applications"
@@ -43,15 +43,15 @@ for pair in bank-crlf.ofx=ofx xml.ofx=ofx utf-8-with-mark.ofx=ofx end-tags.qfx=q
     old-bank.ofc=ofc old-bank-lower-case.ofc=ofc bank.QIF=qif; do
     file=${pair%=*} type=application/x-${pair#*=}
     same "type of $file" "$type" "$(type_of "$statements/$file")"
-    # The same by its content alone. QFX is OFX there.
+    # The type must be found by the content alone. QFX is OFX there.
     cp "$statements/$file" "$work/download"
     same "type of $file without its name" "${type/qfx/ofx}" "$(type_of "$work/download")"
 done
-# Pictures have this ending too; of all that have it, ours weighs most, not only as much.
+# Pictures have this ending too. Of all types with it, the program's must have a greater weight than the others.
 same "types of the ending .qif that weigh most" application/x-qif \
     "$(sed -n 's/:\*\.qif$//p' "$work/share/mime/globs2" |
         awk -F: '$1 > most { most = $1; names = "" } $1 == most { names = names $2 } END { print names }')"
-# A program that is not to be found opens nothing.
+# A program that cannot be found opens nothing.
 for type in $declared; do
     opening=$(PATH="$(dirname "$ledgerbook"):$PATH" gio mime "$type" 2>&1)
     grep -q 'ledgerbook\.desktop' <<<"$opening" || fail "$type is not opened: $opening"
@@ -73,7 +73,7 @@ for command in $(commands_of "$clb"); do
     [ -n "$part" ] || fail "clb(1) does not tell clb $command"
     for option in $(options_of "$clb" "$command"); do
         case $option in
-        --help | --home | --json) continue ;; # told once for all
+        --help | --home | --json) continue ;; # described once for all commands
         esac
         grep -q -- "$option\b" <<<"$part" || fail "clb(1) does not tell $option of clb $command"
     done
@@ -87,7 +87,7 @@ for option in $(options_of "$ledgerbook"); do
         fail "ledgerbook(1) does not tell $option"
 done
 
-# Completions for bash, as after the tab key behind the words.
+# What bash completes when the tab key is pressed after the words.
 completed() {
     (
         set +eu
@@ -116,7 +116,7 @@ same "files of ledgerbook" $'a.ofx\nb.QIF\nfolder' "$(completed ledgerbook '')"
 same "folders of --home" folder "$(completed clb accounts --home '')"
 same "days of clb restore" 2026-11-21 "$(completed clb restore --home ../books 2026)"
 
-# And for zsh.
+# The completions for zsh.
 for program in clb ledgerbook; do
     silent "completion of zsh" zsh -n "$packaging/completions/zsh/_$program"
 done
@@ -133,7 +133,7 @@ for program in "$clb" "$ledgerbook"; do
     same "options of $name that zsh does not know" "" "$(cat "$work/missing")"
 done
 
-# One version everywhere.
+# The version must be the same everywhere.
 same "clb --version" "Corvane Ledgerbook $version" "$("$clb" --version)"
 same "ledgerbook --version" "Corvane Ledgerbook $version" "$("$ledgerbook" --version)"
 same "version of the package" "$version" \

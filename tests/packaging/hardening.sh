@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The release programs are built as a system wants programs that read files of strangers: at a random
-# place, linked for good at the start, with guarded stacks and checked copies.
+# Checks that the release programs are built like programs that read untrusted files: at a random address, with
+# all symbols bound at the start, with protected stacks and checked copies.
 #   hardening.sh PROGRAM...
 set -euo pipefail
 # shellcheck source=tests/packaging/common.sh

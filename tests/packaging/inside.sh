@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# Runs as root of a clean system, with the package and statement files in its folder: installs the
-# package, uses it as a user would, and removes it. Not for a system that is in use.
+# Runs as root of a clean system, with the package and statement files in its folder: installs the package, uses
+# it as a user would, and removes it. Do not run it on a system that is in use.
 set -euo pipefail
 cd "$(dirname "$0")"
 # shellcheck source=tests/packaging/common.sh
 . ./common.sh
 export LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive
 
-# Every path of the system outside what changes by itself, and of no user.
+# Lists every path of the system, without those that change by themselves and those of users.
 everything() {
     find / -xdev \( -path /proc -o -path /sys -o -path /dev -o -path /try -o -path /tmp -o -path /home \
         -o -path /var/cache -o -path /var/log -o -path /var/lib/apt -o -path /var/lib/dpkg \) \
@@ -22,7 +22,7 @@ type_of() {
 
 useradd --create-home someone
 
-# Installed by apt, with all that it needs and nothing that it only recommends.
+# Installs the package with apt, with everything that it needs and nothing that it only recommends.
 apt-get update -qq
 apt-get install -y -qq --no-install-recommends ./corvane-ledgerbook_*.deb >/try/apt.log 2>&1 || {
     cat /try/apt.log
@@ -41,7 +41,7 @@ for file in bin/clb bin/ledgerbook share/applications/ledgerbook.desktop share/m
 done
 for size in 16 22 24 32 48 64 128 256 512; do
     picture=/usr/share/icons/hicolor/${size}x$size/apps/ledgerbook.png
-    # Width and height stand in the bytes 16 to 23.
+    # Width and height are in the bytes 16 to 23.
     same "size of $picture" "$size $size" \
         "$(od -An -j16 -N8 -tu4 --endian=big "$picture" | tr -s ' ' | sed 's/^ //')"
 done
@@ -49,7 +49,7 @@ for program in clb ledgerbook; do
     ! ldd "/usr/bin/$program" | grep 'not found' || fail "$program lacks a library"
 done
 
-# The work of a user.
+# Does what a user does.
 version=$(dpkg-query -W -f '${Version}' corvane-ledgerbook)
 same "clb --version" "Corvane Ledgerbook $version" "$(as_user 'clb --version')"
 same "ledgerbook --version" "Corvane Ledgerbook $version" "$(as_user 'ledgerbook --version')"
@@ -65,14 +65,14 @@ as_user 'clb accounts' >/dev/null || fail "the user's own folder"
 as_user 'QT_QPA_PLATFORM=offscreen ledgerbook --picture window.png --home books' 2>/dev/null || fail "ledgerbook --picture"
 same "picture of the window" 'PNG' "$(head -c 4 /home/someone/window.png | tail -c 3)"
 [ "$(stat -c %s /home/someone/window.png)" -gt 10000 ] || fail "the picture of the window is empty"
-# The plugin of a real display loads as well: it finds no display instead of no plugin.
+# The plugin of a real display must load as well: it must report a missing display and not a missing plugin.
 said=$(as_user 'DISPLAY=:9999 timeout 20 ledgerbook --home books 2>&1' 2>/dev/null || true)
 grep -q 'could not connect to display' <<<"$said" || fail "no plugin for a display: $said"
 
-# The desktop.
+# Checks the integration with the desktop.
 silent "desktop entry" desktop-file-validate /usr/share/applications/ledgerbook.desktop
-told=$(appstreamcli validate --no-net --no-color /usr/share/metainfo/example.corvane.ledgerbook.metainfo.xml 2>&1) ||
-    fail "metainfo: $told"
+complaints=$(appstreamcli validate --no-net --no-color /usr/share/metainfo/example.corvane.ledgerbook.metainfo.xml 2>&1) ||
+    fail "metainfo: $complaints"
 same "type of an .ofx file" application/x-ofx "$(type_of bank-crlf.ofx)"
 same "type of a .QIF file" application/x-qif "$(type_of bank.QIF)"
 for type in ofx qfx ofc qif; do
@@ -82,7 +82,7 @@ done
 
 silent "database of types" update-mime-database /usr/share/mime
 
-# Man pages and completion.
+# Checks man pages and completions.
 for program in clb ledgerbook; do
     page=/usr/share/man/man1/$program.1.gz
     said=$(man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null) || fail "man $program"
@@ -91,7 +91,7 @@ for program in clb ledgerbook; do
     silent "completion of $program" bash -n "/usr/share/bash-completion/completions/$program"
 done
 
-# Purged: nothing of it stays, and everything of the user.
+# After purging, nothing of the package is left, and everything of the user is.
 mine() { (cd /home/someone && find . -type f -exec sha256sum {} + | sort -k2); }
 mine >/try/mine-before
 everything >/try/before

@@ -67,7 +67,7 @@ protected:
     std::vector<std::string> sent_;
 };
 
-TEST_P(CurlHttpClientTest, TheBodyComesByteForByte)
+TEST_P(CurlHttpClientTest, TheBodyArrivesByteForByte)
 {
     const std::string bytes("a\0b\xFF\r\n,", 7);
     server.On("/x", answers::Ok(bytes));
@@ -75,7 +75,7 @@ TEST_P(CurlHttpClientTest, TheBodyComesByteForByte)
     EXPECT_EQ(GetPath("/x"), bytes);
 }
 
-TEST_P(CurlHttpClientTest, OneGetNamesTheProgramAndBypassesCaches)
+TEST_P(CurlHttpClientTest, AGetRequestNamesTheProgramAndBypassesCaches)
 {
     server.On("/x", answers::Ok("fresh"));
 
@@ -207,7 +207,7 @@ TEST_P(CurlHttpClientTest, TheLimitHoldsForAllRedirectsTogether)
     EXPECT_LE(server.Heads().size(), 4u);
 }
 
-TEST_P(CurlHttpClientTest, OnlyAWebAddressIsAsked)
+TEST_P(CurlHttpClientTest, OnlyAWebAddressIsRequested)
 {
     for (const char* url :
          {"file:///etc/passwd", "ftp://127.0.0.1/x", "gopher://127.0.0.1/x", "127.0.0.1/x", "",
@@ -248,13 +248,13 @@ TEST_P(CurlHttpClientTest, RedirectsInACircleEnd)
     EXPECT_EQ(server.Heads().size(), 11u);
 }
 
-TEST_P(CurlHttpClientTest, TheSystemsProxyIsUsedUnlessToldOtherwise)
+TEST_P(CurlHttpClientTest, TheSystemsProxyIsUsedUnlessItIsSwitchedOff)
 {
     HttpServer proxy;
     proxy.On("http://0.0.0.0:", answers::Ok("by the proxy"));
     server.On("/x", answers::Ok("directly"));
     const Proxy named(proxy.Port());
-    // This address is this machine too, but does not look like it.
+    // This address is also this machine, but does not look like it.
     const std::string url = "http://0.0.0.0:" + std::to_string(server.Port()) + "/x";
 
     EXPECT_EQ(Get(url), "by the proxy");

@@ -57,7 +57,7 @@ TEST_F(HelpFolderTest, AnOlderManualIsReplacedAndOtherFilesStay)
     EXPECT_EQ(folder.Read("Help/my notes.txt"), "mine");
 }
 
-TEST_F(HelpFolderTest, APageThatIsMissingOrCutComesBack)
+TEST_F(HelpFolderTest, APageThatIsMissingOrCutIsWrittenAgain)
 {
     DeliverHelp(folder.Path());
     fs::remove(folder.Path("Help/keys.html"));
@@ -91,7 +91,7 @@ TEST_F(HelpFolderTest, AFolderThatCannotBeWrittenIsIgnored)
     EXPECT_FALSE(folder.Holds("nowhere"));
 }
 
-TEST_F(HelpFolderTest, AProgramFolderIsMadeWithoutItsManualWhenThatCannotBeWritten)
+TEST_F(HelpFolderTest, AProgramFolderIsMadeEvenIfTheManualCannotBeWritten)
 {
     folder.Write("Help", "a file where the folder should be");
 

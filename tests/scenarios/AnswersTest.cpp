@@ -1,4 +1,4 @@
-// What the program asks, how answers meet questions, and what the log tells of it.
+// What the program asks, how answers are matched to questions, and what the log records of it.
 
 #include "tests/scenarios/Scenario.h"
 
@@ -127,7 +127,7 @@ TEST_F(AnswersTest, ADisabledControlRefusesItsStep)
                                 R"json("step":{"option":"optAccount(1)"},"refused":true})json");
 }
 
-TEST_F(AnswersTest, WhatIsAskedWhileAFormIsOpenTakesTheThenHead)
+TEST_F(AnswersTest, AQuestionDuringAFormTakesTheAnswerThatIsFirstThen)
 {
     AnswerFile(Statement("12-34"));
     AnswerForm(Json::parse(R"([{"press":"btnOK"},{"set":"txtDescription","to":"Visa"},)"
@@ -159,7 +159,7 @@ TEST_F(AnswersTest, AnAnswerOfAnotherKindStaysForAQuestionThatItFits)
     EXPECT_EQ(asked[0]["answer"], "");
 }
 
-TEST_F(AnswersTest, AFileOfNoKnownKindLeavesTheWindowDisabled)
+TEST_F(AnswersTest, AFileOfUnknownKindLeavesTheWindowDisabled)
 {
     const std::string path = folder.Write("notes.ofx", "no statement\r\n");
     AnswerFile(path);
@@ -185,7 +185,7 @@ TEST_F(AnswersTest, AFileOfNoKnownKindLeavesTheWindowDisabled)
     EXPECT_EQ(Window()["view"], 1);
 }
 
-TEST_F(AnswersTest, ADeletionAsksAndNoIsTheAnswerOfNobody)
+TEST_F(AnswersTest, ADeletionAsksAndNoAnswerMeansNo)
 {
     AddAccount("B-1", "Bank", "Checking");
     ShowAll();
@@ -205,7 +205,7 @@ TEST_F(AnswersTest, ADeletionAsksAndNoIsTheAnswerOfNobody)
     EXPECT_FALSE(boxes[1].contains("unanswered"));
 }
 
-TEST_F(AnswersTest, TheImportedAccountIsShownWhenARegisterWas)
+TEST_F(AnswersTest, TheImportedAccountIsShownIfARegisterWasShown)
 {
     AddAccount("B-1", "Bank", "Checking");
     ShowAll();

@@ -17,7 +17,7 @@ protected:
         Sql("UPDATE Account SET BudgetInclude = FALSE WHERE AccountID = 'C-1'");
     }
 
-    /// Category, budgeted, actual and difference of every line.
+    /// Category, budgeted amount, actual amount and difference of every line.
     std::string Lines()
     {
         std::string text;
@@ -45,7 +45,7 @@ protected:
     }
 };
 
-TEST_F(BudgetFiguresTest, ACategoryWithoutTransactionsIsShortByItsBudget)
+TEST_F(BudgetFiguresTest, ACategoryWithoutTransactionsDiffersByItsBudget)
 {
     AddBudget("2006-3", "Food", "300");
     Click("Budget");
@@ -102,7 +102,7 @@ TEST_F(BudgetFiguresTest, TheBookedMonthCountsNotTheDate)
     EXPECT_EQ(Lines(), "Food 10 -1 -11");
 }
 
-TEST_F(BudgetFiguresTest, NamesWithApostrophesAreFoundAsTheyStand)
+TEST_F(BudgetFiguresTest, NamesWithApostrophesAreFoundUnchanged)
 {
     AddBudget("2006-3", "Kids' toys", "10", "O'Neil's");
     AddTransaction("B-1", "2006-3", "-1", "Kids' toys");
@@ -174,7 +174,7 @@ TEST_F(BudgetFiguresTest, FooterAmountsAreRoundedAwayFromZeroWithoutGrouping)
     EXPECT_EQ(Texts("footer"), "Total (budgeted/actual): $1234567.01 / -$1234.57");
 }
 
-TEST_F(BudgetFiguresTest, FiguresAreAskedAnewEveryTime)
+TEST_F(BudgetFiguresTest, FiguresAreReadAgainEveryTime)
 {
     AddBudget("2006-3", "Food", "300");
     Click("Budget");
@@ -228,7 +228,7 @@ TEST_F(BudgetFiguresTest, ALineOfAnotherGroupMovesBelowItsHeading)
     EXPECT_EQ(Texts("group"), "Daily (1 items); Travel (1 items)");
 }
 
-TEST_F(BudgetFiguresTest, TheNewRowLineStandsLastAndHasNoFigures)
+TEST_F(BudgetFiguresTest, TheNewRowLineIsLastAndHasNoFigures)
 {
     AddBudget("2006-3", "Food", "300");
     Click("Budget");

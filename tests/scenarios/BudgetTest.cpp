@@ -82,7 +82,7 @@ TEST_F(BudgetTest, MovingATransactionCrossesTheYearsEndBothWays)
     EXPECT_EQ(Rows("SELECT Year, Period FROM Trans"), "[2006,1]");
 }
 
-TEST_F(BudgetTest, TheMoveCommandTakesTheRowOutOfTheRegisterAndMakesABudgetLine)
+TEST_F(BudgetTest, TheMoveCommandRemovesTheRowFromTheRegisterAndMakesABudgetLine)
 {
     AddAccount("B-1", "Bank", "Checking");
     AddTransaction("B-1", "2006-3", "-9", "Food");

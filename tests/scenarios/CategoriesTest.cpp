@@ -116,7 +116,7 @@ TEST_F(CategoriesTest, ARowWithoutCategoryIsBookedToNone)
     EXPECT_EQ(Offered(), R"json(["(none)"])json");
 }
 
-TEST_F(CategoriesTest, TheBudgetLineBelongsToTheViewedMonthWhateverTheDate)
+TEST_F(CategoriesTest, TheBudgetLineBelongsToTheViewedMonthForAnyDate)
 {
     AddTransaction("B-1", "2006-3", "-9", "Food");
     ShowChecking();
@@ -128,7 +128,7 @@ TEST_F(CategoriesTest, TheBudgetLineBelongsToTheViewedMonthWhateverTheDate)
     EXPECT_EQ(Rows("SELECT PostDate, Year, Period FROM Trans"), R"json(["2006-07-01",2006,3])json");
 }
 
-TEST_F(CategoriesTest, ARefreshReadsTheListAnew)
+TEST_F(CategoriesTest, ARefreshReadsTheListAgain)
 {
     AddBudget("2006-3", "Food", "300");
     ShowChecking();

@@ -1,16 +1,17 @@
-// The columns of every view: order, captions, types, what is hidden, locked or chosen from a list.
+// The columns of every view: order, captions and types, and which are hidden, locked or chosen from
+// a list.
 
 #include "tests/scenarios/Scenario.h"
 
 namespace clb {
 namespace {
 
-/// What one column must be. Its number is its place in the list.
+/// What one column must be like. Its number is its place in the list.
 struct Expected {
     const char* key;
     const char* caption;
     const char* type;
-    const char* marks = "";  ///< of "hidden", "locked", "calculated"
+    const char* marks = "";  ///< from "hidden", "locked", "calculated"
     int position = 0;        ///< where it is shown; 0: at its number
 };
 
@@ -208,7 +209,7 @@ TEST_F(ColumnListsTest, AccountTypesAreAListOfFiveToChooseFrom)
     EXPECT_EQ(type["popup"]["rows"], 5);
 }
 
-TEST_F(ColumnListsTest, WithoutAViewTheGridIsLeftAndTheEnginesErrorArrives)
+TEST_F(ColumnListsTest, WithoutAViewTheGridStaysAndTheEnginesErrorIsReported)
 {
     EXPECT_NE(ErrorOf({{"do", "call"}, {"op", "ViewSet"}, {"args", {"View", 7}}}), 0);
     EXPECT_EQ(Window()["totals"]["label"], "Total Net Worth:");

@@ -28,7 +28,7 @@ protected:
             state += Rows(std::string("SELECT * FROM ") + table);
         return state;
     }
-    /// Targets of the addresses opened since the last look.
+    /// Targets of the addresses opened since the last call.
     std::string Opened()
     {
         std::string targets;
@@ -129,7 +129,7 @@ TEST_F(CommandsTest, TheAboutBoxesWebSiteOpensTheHomePageAndTheBoxStays)
     EXPECT_EQ(story, "open https://corvane.example/ read close ");
 }
 
-TEST_F(CommandsTest, ExitGivesAnUnsavedRowUp)
+TEST_F(CommandsTest, ExitDiscardsAnUnsavedRow)
 {
     Click("Checking");
     Edit(1, 2, "Never saved");
@@ -142,7 +142,7 @@ TEST_F(CommandsTest, ExitGivesAnUnsavedRowUp)
               R"([["Shop"]])");
 }
 
-TEST_F(CommandsTest, TheLinkSavesAChangedRowAheadOfOpeningTheBank)
+TEST_F(CommandsTest, TheLinkSavesAChangedRowBeforeOpeningTheBank)
 {
     Call("IniWriteString", {"Settings", "BankUrl", "https://bank.example/"});
     Click("Checking");
@@ -192,10 +192,10 @@ TEST_F(CommandsTest, TheLinkOpensTheFirstNinetyNineCharactersOfALongAddress)
     EXPECT_EQ(Opened(), Left(address, 99) + "\n");
 }
 
-/// In each of the six views.
+/// Runs in each of the six views.
 class CommandsInViewTest : public CommandsTest, public testing::WithParamInterface<const char*> {
 protected:
-    /// Presses what is disabled at the place; how many there were.
+    /// Presses every command that is disabled at this place. Returns how many there were.
     int PressDisabled()
     {
         const Json window = Window();
@@ -231,7 +231,7 @@ TEST_P(CommandsInViewTest, WhatIsDisabledIsAnErrorAndChangesNothing)
     EXPECT_GE(PressDisabled(), 8);
 }
 
-TEST_P(CommandsInViewTest, HelpTheWebAndTheAboutBoxLeaveEverything)
+TEST_P(CommandsInViewTest, HelpTheWebAndTheAboutBoxChangeNothing)
 {
     Click(GetParam());
     Move(RowsOf("data").at(0)["row"], 1);

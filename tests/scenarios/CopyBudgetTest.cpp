@@ -31,7 +31,7 @@ TEST_F(CopyBudgetTest, TheMonthBeforeIsCopiedWithItsGroupsAndAmounts)
     EXPECT_EQ(RowsOf("data").size(), 3u);
 }
 
-TEST_F(CopyBudgetTest, ALineThatIsThereTakesTheCopiedGroupAndAmount)
+TEST_F(CopyBudgetTest, AnExistingLineGetsTheCopiedGroupAndAmount)
 {
     AddBudget("2006-2", "Food", "0", "(none)");
     AddBudget("2006-3", "Food", "300", "Household");
@@ -61,7 +61,7 @@ TEST_F(CopyBudgetTest, TheLineOfNoCategoryIsCopiedToo)
     EXPECT_EQ(Budget("2006-3"), R"json(["(none)","Rest","5"])json");
 }
 
-TEST_F(CopyBudgetTest, CopyingOnceMoreChangesNothing)
+TEST_F(CopyBudgetTest, CopyingAgainChangesNothing)
 {
     AddBudget("2006-2", "Food", "300", "Household");
     AddBudget("2006-2", "Kids' toys", "20", "Kids'");
@@ -93,7 +93,7 @@ TEST_F(CopyBudgetTest, CategoriesThatDifferInCaseAreTwo)
     EXPECT_EQ(Budget("2006-3"), R"json(["(none)","(none)","0"] ["Food","(none)","1"])json");
 }
 
-TEST_F(CopyBudgetTest, TransactionsOfACategoryThatGoesAreBookedToNoneInThatMonthOnly)
+TEST_F(CopyBudgetTest, TransactionsOfARemovedCategoryAreBookedToNoneInThatMonthOnly)
 {
     AddAccount("B-1", "Bank", "Checking");
     AddAccount("V-1", "Credit Card", "Visa");
@@ -113,7 +113,7 @@ TEST_F(CopyBudgetTest, TransactionsOfACategoryThatGoesAreBookedToNoneInThatMonth
               R"json(["-5","Travel"])json");
 }
 
-TEST_F(CopyBudgetTest, ACategoryWithAnApostropheThatGoesFailsAndCopiesNothing)
+TEST_F(CopyBudgetTest, ARemovedCategoryWithAnApostropheFailsAndCopiesNothing)
 {
     AddAccount("B-1", "Bank", "Checking");
     AddBudget("2006-2", "Food", "300");
@@ -140,7 +140,7 @@ TEST_F(CopyBudgetTest, TheMonthOfTheControlsCounts)
               R"json([2005,12,"Food"] [2006,1,"Food"] [2006,1,"(none)"])json");
 }
 
-TEST_F(CopyBudgetTest, AYearThatIsNoNumberFailsAndCopiesNothing)
+TEST_F(CopyBudgetTest, AYearThatIsNotANumberFailsAndCopiesNothing)
 {
     AddBudget("2006-2", "Food", "300");
     ErrorOf({{"do", "set"}, {"control", "txtYear"}, {"to", "soon"}});
@@ -167,7 +167,7 @@ TEST_F(CopyBudgetTest, ARegisterShowsTheNewBookingsAndOffersTheCopiedCategories)
     EXPECT_EQ(ToLine(Columns()[4]["values"]), R"json(["Food","(none)"])json");
 }
 
-TEST_F(CopyBudgetTest, AnUnsavedRowIsGivenUp)
+TEST_F(CopyBudgetTest, AnUnsavedRowIsDiscarded)
 {
     AddBudget("2006-2", "Food", "300");
     AddBudget("2006-3", "Food", "1");
@@ -193,7 +193,7 @@ TEST_F(CopyBudgetTest, HeldRefreshesAreReleased)
     EXPECT_EQ(EventsOf("refresh").size(), 1u);
 }
 
-TEST_F(CopyBudgetTest, ItsStatementsNameTheMonthsAndTheCategoryAsItStands)
+TEST_F(CopyBudgetTest, ItsStatementsNameTheMonthsAndTheCategoryUnchanged)
 {
     AddBudget("2006-2", "Food", "300");
     AddBudget("2006-3", "Travel", "50");

@@ -49,7 +49,7 @@ TEST_F(DefaultsTest, UntouchedCellsOfANewTransactionGet0AndNoTextButNoDate)
               R"json([null,"","-5","","(none)","","B-1",2006,3,"",1,0])json");
 }
 
-TEST_F(DefaultsTest, UntouchedCellsOfANewHoldingStayEmptyWhereTheyAreDateOrQuantity)
+TEST_F(DefaultsTest, UntouchedDateAndQuantityOfANewHoldingStayEmpty)
 {
     Click("Broker");
     Edit("new", 1, "ACME");
@@ -60,7 +60,7 @@ TEST_F(DefaultsTest, UntouchedCellsOfANewHoldingStayEmptyWhereTheyAreDateOrQuant
               R"json(["ACME","",null,null,"0","0","0","I-1",1])json");
 }
 
-TEST_F(DefaultsTest, UntouchedCellsOfANewLoanStayEmptyWhereTheyAreTheRate)
+TEST_F(DefaultsTest, AnUntouchedRateOfANewLoanStaysEmpty)
 {
     Click("House");
     Edit("new", 2, "1000");

@@ -41,7 +41,7 @@ TEST_F(DeletedRowsTest, TheQuestionHasYesAndNoUnderTheProgramsName)
     EXPECT_EQ(RowsOf("data").size(), 4u);
 }
 
-TEST_F(DeletedRowsTest, AnAccountsNodeGoesWithItAndTheNetWorthIsShownAgain)
+TEST_F(DeletedRowsTest, AnAccountsNodeIsRemovedAndTheNetWorthIsShownAgain)
 {
     ShowAll();
     AddTransaction("B-2", "2006-3", "-9");
@@ -56,7 +56,7 @@ TEST_F(DeletedRowsTest, AnAccountsNodeGoesWithItAndTheNetWorthIsShownAgain)
     EXPECT_EQ(Rows("SELECT AccountID FROM Trans"), R"(["B-2"])");
 }
 
-TEST_F(DeletedRowsTest, TheLastAccountOfATypeTakesTheTypesNodeAlong)
+TEST_F(DeletedRowsTest, WithTheLastAccountOfATypeTheTypesNodeIsRemoved)
 {
     ShowAll();
 
@@ -79,7 +79,7 @@ TEST_F(DeletedRowsTest, AmongAccountsOfATypeTheTypeIsShownAgain)
     EXPECT_EQ(Column(2), R"("B-2")");
 }
 
-TEST_F(DeletedRowsTest, WhenTheShownTypeIsGoneTheNetWorthIsShown)
+TEST_F(DeletedRowsTest, IfTheShownTypeDisappearsTheNetWorthIsShown)
 {
     ShowAll();
     Click("Loan");
@@ -93,7 +93,7 @@ TEST_F(DeletedRowsTest, WhenTheShownTypeIsGoneTheNetWorthIsShown)
     EXPECT_EQ(Column(3), R"("B-1" "B-2" "I-1")");
 }
 
-TEST_F(DeletedRowsTest, ADeclinedDeletionLeavesTheTree)
+TEST_F(DeletedRowsTest, ADeclinedDeletionDoesNotChangeTheTree)
 {
     ShowAll();
     const std::string before = TreeTexts();
@@ -105,7 +105,7 @@ TEST_F(DeletedRowsTest, ADeclinedDeletionLeavesTheTree)
     EXPECT_EQ(EventsOf("refresh").size(), 0u);
 }
 
-TEST_F(DeletedRowsTest, ADeletedTransactionLeavesTheTreeAndTheBalanceFollows)
+TEST_F(DeletedRowsTest, ADeletedTransactionChangesTheBalanceButNotTheTree)
 {
     AddTransaction("B-1", "2006-3", "-9");
     AddTransaction("B-1", "2006-3", "-1");
@@ -143,7 +143,7 @@ TEST_F(DeletedRowsTest, OfPiecesThatShareANumberOnlyTheCurrentOneIsDeleted)
     EXPECT_EQ(Balance("B-1"), R"(["-130"])");
 }
 
-TEST_F(DeletedRowsTest, TheLargestNumberIsGivenOutAgain)
+TEST_F(DeletedRowsTest, TheLargestNumberIsUsedAgain)
 {
     AddTransaction("B-1", "2006-3", "-9");
     AddTransaction("B-1", "2006-3", "-1");
@@ -176,7 +176,7 @@ TEST_F(DeletedRowsTest, ADeletedBudgetLineFreesTheMonthsTransactionsOnly)
     EXPECT_EQ(Window()["totals"]["second"], "-9.00");
 }
 
-TEST_F(DeletedRowsTest, ABudgetLineThatIsNotUsedGoesAlone)
+TEST_F(DeletedRowsTest, DeletingAnUnusedBudgetLineChangesNothingElse)
 {
     AddBudget("2006-3", "Food", "5");
     AddTransaction("B-1", "2006-4", "-9", "Food");
@@ -191,7 +191,7 @@ TEST_F(DeletedRowsTest, ABudgetLineThatIsNotUsedGoesAlone)
     EXPECT_EQ(RowsOf("footer").size(), 0u);
 }
 
-TEST_F(DeletedRowsTest, ADeclinedBudgetDeletionLeavesTheTransactions)
+TEST_F(DeletedRowsTest, ADeclinedBudgetDeletionDoesNotChangeTheTransactions)
 {
     AddBudget("2006-3", "Food", "5");
     AddTransaction("B-1", "2006-3", "-9", "Food");
@@ -204,7 +204,7 @@ TEST_F(DeletedRowsTest, ADeclinedBudgetDeletionLeavesTheTransactions)
     EXPECT_EQ(Rows("SELECT Category FROM Budget"), R"(["Food"])");
 }
 
-TEST_F(DeletedRowsTest, DeletedHoldingsAndLoansLeaveTheBalanceOfTheOthers)
+TEST_F(DeletedRowsTest, AfterDeletingHoldingsAndLoansTheBalanceIsThatOfTheOthers)
 {
     AddHolding("I-1", "ACME", "10");
     AddHolding("I-1", "OTHER", "5");
@@ -225,7 +225,7 @@ TEST_F(DeletedRowsTest, DeletedHoldingsAndLoansLeaveTheBalanceOfTheOthers)
     EXPECT_EQ(Window()["totals"]["first"], "900.00");
 }
 
-TEST_F(DeletedRowsTest, TheToolbarSavesTheRowAheadOfTheQuestion)
+TEST_F(DeletedRowsTest, TheToolbarSavesTheRowBeforeTheQuestion)
 {
     AddTransaction("B-1", "2006-3", "-9");
     ShowAll();
@@ -239,7 +239,7 @@ TEST_F(DeletedRowsTest, TheToolbarSavesTheRowAheadOfTheQuestion)
     EXPECT_EQ(Balance("B-1"), R"(["-10"])");
 }
 
-TEST_F(DeletedRowsTest, TheRowThatFollowedIsCurrent)
+TEST_F(DeletedRowsTest, TheNextRowBecomesCurrent)
 {
     ShowAll();
     Click("Bank");

@@ -60,7 +60,7 @@ TEST_F(EditTest, ACellStaysInEditModeBetweenBeginAndEnd)
     EXPECT_EQ(Grid()["editing"], false);
 }
 
-TEST_F(EditTest, EscapeGivesTheRowsChangesUp)
+TEST_F(EditTest, EscapeDiscardsTheRowsChanges)
 {
     Edit(1, 1, "Current");
 
@@ -84,7 +84,7 @@ TEST_F(EditTest, ANewAccountIsSavedAndShownInTheTree)
     EXPECT_EQ(Tree().back()["text"], "Wallet");
 }
 
-TEST_F(EditTest, EventsAreLoggedAsRaisedAheadOfWhatFollows)
+TEST_F(EditTest, EventsAreLoggedAsRaisedBeforeTheirConsequences)
 {
     Edit(1, 1, "");
     Events();

@@ -1,4 +1,4 @@
-// Which commands are enabled in every view, for every place the user can be in.
+// Which commands are enabled in every view, for every place where the user can be.
 
 #include <set>
 

@@ -18,7 +18,7 @@ protected:
         Call("Refresh");
     }
 
-    /// Short names of the enabled ones among the commands that depend on what is selected.
+    /// Short names of the enabled commands, among those that depend on the selection.
     std::string Enabled()
     {
         const Json menus = Window()["menus"];

@@ -1,4 +1,4 @@
-// What the grid raises while rows are edited and deleted, and what the window does about it.
+// What the grid raises while rows are edited and deleted, and how the window reacts.
 
 #include <gmock/gmock.h>
 
@@ -23,7 +23,7 @@ protected:
         ShowAll();
     }
 
-    /// Place of the first such event; behind the end when there is none.
+    /// Place of the first such event; past the end if there is none.
     static std::size_t Place(const std::vector<std::string>& story, const std::string& event)
     {
         return static_cast<std::size_t>(std::find(story.begin(), story.end(), event) -
@@ -52,7 +52,7 @@ TEST_F(EventOrderTest, ASavedAccountIsFollowedByTheTree)
     EXPECT_THAT(Story(), ElementsAre("BeforeUpdate(false)", "AfterUpdate()", "tree"));
 }
 
-TEST_F(EventOrderTest, ASavedTransactionLeavesTheTree)
+TEST_F(EventOrderTest, ASavedTransactionDoesNotRebuildTheTree)
 {
     Click("Checking");
     Edit(1, 2, "Baker");
@@ -93,7 +93,7 @@ TEST_F(EventOrderTest, ARefusedRowIsReportedOnceAndThenItsCellIsInEdit)
     EXPECT_EQ(Current(), "1/3 editing dirty");
 }
 
-TEST_F(EventOrderTest, InsideTheCheckTheColumnStaysWhereTheUserWas)
+TEST_F(EventOrderTest, DuringTheCheckTheColumnStaysWhereTheUserWas)
 {
     Edit(1, 3, "");
     Move(1, 1);
@@ -101,7 +101,8 @@ TEST_F(EventOrderTest, InsideTheCheckTheColumnStaysWhereTheUserWas)
 
     Save();
 
-    // The refused row goes back into edit where the user was; only then its cell becomes current.
+    // The refused row first goes back into edit where the user was; only then the cell to correct
+    // becomes current.
     const std::vector<std::string> story = Story();
     const std::size_t box = Place(story, "box(Please enter an account #.)");
     const std::size_t edit = Place(story, "BeforeEdit(1,1,0,false)");
@@ -133,7 +134,7 @@ TEST_F(EventOrderTest, MovingWithinARowSavesNothing)
     EXPECT_EQ(Current(), "1/4 dirty");
 }
 
-TEST_F(EventOrderTest, LeavingTheGridSavesTheRowAndThenTellsTheNewPlace)
+TEST_F(EventOrderTest, LeavingTheGridSavesTheRowAndThenReportsTheNewPlace)
 {
     Edit(1, 1, "Current");
     Events();
@@ -144,7 +145,7 @@ TEST_F(EventOrderTest, LeavingTheGridSavesTheRowAndThenTellsTheNewPlace)
                                      "status(Select an item to work with.)"));
 }
 
-TEST_F(EventOrderTest, TheGridTellsItsCellWhenItGetsTheFocus)
+TEST_F(EventOrderTest, TheGridReportsItsCellWhenItGetsTheFocus)
 {
     Events();
 
@@ -220,7 +221,7 @@ TEST_F(EventOrderTest, EscapeCancelsTheCellAndAgainTheRow)
     EXPECT_EQ(Rows("SELECT Description FROM Account WHERE AccountID = 'B-1'"), R"(["Checking"])");
 }
 
-TEST_F(EventOrderTest, EscapeOnARowAtRestDoesNothing)
+TEST_F(EventOrderTest, EscapeOnARowThatIsNotInEditDoesNothing)
 {
     Move(1, 2);
     Events();

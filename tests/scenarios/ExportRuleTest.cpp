@@ -1,4 +1,4 @@
-// Which account a view hands to the export, and whether it may be exported.
+// Which account a view gives to the export, and whether it may be exported.
 
 #include "tests/scenarios/Scenario.h"
 
@@ -83,7 +83,7 @@ TEST_F(ExportRuleTest, HoldingsAndLoansSetTheirTypeAndAreNotExported)
     EXPECT_EQ(Chosen(), "L-1 Loan");
 }
 
-TEST_F(ExportRuleTest, TheBudgetLeavesTheAccountAndIsNotExported)
+TEST_F(ExportRuleTest, TheBudgetKeepsTheAccountAndIsNotExported)
 {
     Move(2, 1);
     Click("Budget");

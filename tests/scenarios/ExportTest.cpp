@@ -76,7 +76,7 @@ TEST_F(ExportTest, AnAccountWithoutTransactionsHasTheZeroDateAndNoBalance)
             "</STMTTRNRS></BANKMSGSRSV1></OFX>\r\n");
 }
 
-TEST_F(ExportTest, ACheckNumberDecidesTheTypeAheadOfTheSign)
+TEST_F(ExportTest, ACheckNumberDecidesTheTypeBeforeTheSignDoes)
 {
     AddRow("1", "#2006-03-05#, (-50), '1001', 'a', 'x', ''");
     AddRow("1", "#2006-03-05#, 50, '1002', 'b', 'x', ''");
@@ -261,7 +261,7 @@ TEST_F(ExportTest, AnUnsavedRowIsExportedAsItIsStored)
     EXPECT_EQ(Grid()["dirty"], true);
 }
 
-TEST_F(ExportTest, AFileThatCannotBeMadeIsARuntimeErrorAndTheProgramGoesOn)
+TEST_F(ExportTest, AFileThatCannotBeMadeIsARuntimeErrorAndTheProgramContinues)
 {
     AddAccount("B-1", "Bank", "Checking");
     ShowAll();
@@ -274,7 +274,7 @@ TEST_F(ExportTest, AFileThatCannotBeMadeIsARuntimeErrorAndTheProgramGoesOn)
     EXPECT_EQ(Window()["pointer"], 0);
 }
 
-TEST_F(ExportTest, WhatWasExportedIsNotImportedASecondTime)
+TEST_F(ExportTest, ExportedTransactionsAreNotImportedAgain)
 {
     AddAccount("B-1", "Bank", "Checking");
     ShowAll();
@@ -338,7 +338,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Zone{"NewYorkInSummer", "America/New_York", "2006-07-15T20:05:03", -4},
                     Zone{"BerlinInWinter", "Europe/Berlin", "2006-12-31T23:59:59", 1},
                     Zone{"BerlinInSummer", "Europe/Berlin", "2006-07-01T00:00:00", 2},
-                    // Half hours go to the even neighbour.
+                    // Half hours are rounded to the even hour.
                     Zone{"Kolkata", "Asia/Kolkata", "2006-03-05T10:00:00", 6},
                     Zone{"Kathmandu", "Asia/Kathmandu", "2006-03-05T10:00:00", 6},
                     Zone{"Marquesas", "Pacific/Marquesas", "2006-03-05T10:00:00", -10},

@@ -11,7 +11,7 @@ protected:
     {
         return Call("OpenSave", Json::array({kind, properties}));
     }
-    /// In the order of the names.
+    /// Writes the object with its names sorted.
     static std::string Sorted(const Json& json)
     {
         return nlohmann::json::parse(json.dump()).dump();

@@ -1,4 +1,4 @@
-// Where the window's controls stand, and how wide the columns are.
+// The places of the window's controls, and the widths of the columns.
 
 #include "tests/scenarios/Scenario.h"
 
@@ -17,7 +17,7 @@ protected:
     }
 };
 
-TEST_F(LayoutTest, TreeAndGridFillWhatTheBarsLeave)
+TEST_F(LayoutTest, TreeAndGridFillTheRoomBetweenTheBars)
 {
     const Json layout = Resize(1000, 700);
 
@@ -66,7 +66,7 @@ TEST_F(LayoutTest, TheColumnsFollowTheWidth)
     EXPECT_LT(narrow[0]["width"].get<int>(), description);
 }
 
-TEST_F(LayoutTest, ASizeThatIsNoneIsRefused)
+TEST_F(LayoutTest, AnInvalidSizeIsRefused)
 {
     EXPECT_EQ(ErrorOf({{"do", "resize"}, {"width", -1}, {"height", 100}}), 0);
     EXPECT_EQ(ErrorOf({{"do", "resize"}, {"width", 100}}), 0);

@@ -7,7 +7,7 @@ namespace {
 
 class MonthTest : public Scenario {
 protected:
-    /// Month list and year box, and what the view made of them.
+    /// Month list and year box, and the month that the view shows.
     std::string Shown()
     {
         const Json window = Window();
@@ -81,7 +81,7 @@ TEST_F(MonthTest, TheSpinnerStepsTheYear)
     EXPECT_EQ(Shown(), R"json([3,"2006",3,2006])json");
 }
 
-TEST_F(MonthTest, AYearThatIsNoNumberIsARuntimeErrorAndTheTextStays)
+TEST_F(MonthTest, AYearThatIsNotANumberIsARuntimeErrorAndTheTextStays)
 {
     EXPECT_EQ(ErrorOf({{"do", "set"}, {"control", "txtYear"}, {"to", "next"}}), 13);
 
@@ -91,19 +91,19 @@ TEST_F(MonthTest, AYearThatIsNoNumberIsARuntimeErrorAndTheTextStays)
     EXPECT_EQ(Shown(), R"json([3,"2007",3,2007])json");
 }
 
-TEST_F(MonthTest, BehindTheLastYearThereIsNone)
+TEST_F(MonthTest, NoYearFollowsTheLastOne)
 {
     Do({{"do", "set"}, {"control", "cmbPeriod"}, {"to", 12}});
     Do({{"do", "set"}, {"control", "txtYear"}, {"to", "2147483647"}});
 
-    // It once showed January of the first year of all.
+    // Symptom: it showed January of the very first year.
     EXPECT_EQ(ErrorOf({{"do", "toolbar"}, {"button", "Forward"}}), 6);
 
     EXPECT_EQ(Window()["period"], 1);
     EXPECT_EQ(Call("ViewGet", {"Year"}), 2147483647);
 }
 
-TEST_F(MonthTest, AYearThatIsNoNumberCountsAsNoneWhenItIsStepped)
+TEST_F(MonthTest, AYearThatIsNotANumberCountsAsZeroWhenItIsStepped)
 {
     Do({{"do", "set"}, {"control", "cmbPeriod"}, {"to", 12}});
     ErrorOf({{"do", "set"}, {"control", "txtYear"}, {"to", "next"}});

@@ -24,7 +24,7 @@ protected:
     std::string Months() { return Rows("SELECT Year, Period FROM Trans ORDER BY Sequence"); }
 };
 
-TEST_F(MoveTransactionTest, AheadOfJanuaryIsDecemberOfTheYearBefore)
+TEST_F(MoveTransactionTest, BeforeJanuaryIsDecemberOfTheYearBefore)
 {
     now = "2006-01-20T00:00:00";
     AddTransaction("B-1", "2006-1", "-9", "Food");
@@ -40,7 +40,7 @@ TEST_F(MoveTransactionTest, AheadOfJanuaryIsDecemberOfTheYearBefore)
     EXPECT_EQ(Window()["totals"]["first"], "-9.00");
 }
 
-TEST_F(MoveTransactionTest, BehindDecemberIsJanuaryOfTheNextYear)
+TEST_F(MoveTransactionTest, AfterDecemberIsJanuaryOfTheNextYear)
 {
     now = "2005-12-20T00:00:00";
     AddTransaction("B-1", "2005-12", "-9", "Food");
@@ -71,7 +71,7 @@ TEST_F(MoveTransactionTest, TheBalanceToTheEndOfTheMonthFollowsAndTheRowsAreRead
     EXPECT_TRUE(EventsOf("refresh").empty());
 }
 
-TEST_F(MoveTransactionTest, TheRowThatFollowedIsCurrentInTheSameColumn)
+TEST_F(MoveTransactionTest, TheNextRowBecomesCurrentInTheSameColumn)
 {
     for (const char* amount : {"-1", "-2", "-3"})
         AddTransaction("B-1", "2006-3", amount);
@@ -96,7 +96,7 @@ TEST_F(MoveTransactionTest, WithoutAnotherRowTheMovesAreDisabled)
         EXPECT_EQ(Window()["menus"][item]["enabled"], false) << item;
 }
 
-TEST_F(MoveTransactionTest, ABudgetLineOfTheOtherMonthIsKept)
+TEST_F(MoveTransactionTest, AnExistingBudgetLineOfTheOtherMonthIsKept)
 {
     AddTransaction("B-1", "2006-3", "-1", "Kids' toys");
     AddBudget("2006-4", "Kids' toys", "50", "Kids'");

@@ -18,7 +18,7 @@ protected:
         ShowAll();
     }
 
-    /// Gives the command and works the dialog.
+    /// Runs the command and works the dialog.
     void Options(const std::string& steps)
     {
         AnswerForm("frmOptions", steps);
@@ -73,7 +73,7 @@ TEST_F(OptionsTest, OkStoresTheAddressAndEachTickOnce)
     EXPECT_EQ(folder.Read("cvlb.ini"), "[Settings]\r\nBankUrl=https://bank.example/\r\n");
 }
 
-TEST_F(OptionsTest, OkRunsOneUpdateAnAccountThoughNothingChanged)
+TEST_F(OptionsTest, OkRunsOneUpdateForEachAccountEvenIfNothingChanged)
 {
     Sql("UPDATE Account SET BudgetInclude = FALSE WHERE AccountID = 'C-1'");
     const std::string before = Rows("SELECT * FROM Account");
@@ -95,7 +95,7 @@ TEST_F(OptionsTest, OkRunsOneUpdateAnAccountThoughNothingChanged)
     EXPECT_EQ(Rows("SELECT * FROM Account"), before);
 }
 
-// The tick of the second account was once taken from what the first one's had just stored.
+// Symptom: the tick of the second account was the one just stored for the first.
 TEST_F(OptionsTest, OfTwoAccountsWithOneNumberTheLastTickCounts)
 {
     Sql("UPDATE Account SET AccountID = 'V-1' WHERE AccountID = 'C-1'");
@@ -116,7 +116,7 @@ TEST_F(OptionsTest, CancelWritesNothing)
     EXPECT_FALSE(folder.Holds("cvlb.ini"));
 }
 
-TEST_F(OptionsTest, TheViewIsRefreshedOnceWhicheverButtonIsPressed)
+TEST_F(OptionsTest, TheViewIsRefreshedOnceForEitherButton)
 {
     for (const char* steps : {R"([{"press":"btnOK"}])", R"([{"press":"btnCancel"}])"}) {
         Events();
@@ -125,7 +125,7 @@ TEST_F(OptionsTest, TheViewIsRefreshedOnceWhicheverButtonIsPressed)
     }
 }
 
-TEST_F(OptionsTest, AnUntickedAccountIsGoneFromActualsTipsFootersAndTotalsAtOnce)
+TEST_F(OptionsTest, AnUntickedAccountDisappearsFromActualsTipsFootersAndTotalsAtOnce)
 {
     AddBudget("2006-3", "Food", "-100", "Household");
     AddTransaction("V-1", "2006-3", "-9", "Food");
@@ -192,7 +192,7 @@ TEST_F(OptionsTest, WithoutAccountsThereIsNothingToTick)
     EXPECT_TRUE(folder.Holds("cvlb.ini"));
 }
 
-TEST_F(OptionsTest, AnUnsavedRowIsGivenUpByTheRefresh)
+TEST_F(OptionsTest, TheRefreshDiscardsAnUnsavedRow)
 {
     Edit(1, 1, "Never saved");
 

@@ -73,7 +73,7 @@ TEST_F(PrintTest, TheNetWorthHasNoMonthAndBothTotals)
                                 "</td><td class=\"total\" align=\"right\">100.00</td>"));
 }
 
-TEST_F(PrintTest, AFolderThatTakesNoFileIsAnError)
+TEST_F(PrintTest, AFolderThatCannotHoldTheFileIsAnError)
 {
     Window();
     std::filesystem::create_directory(folder.Path() + "/print.html");

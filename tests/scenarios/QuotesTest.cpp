@@ -22,7 +22,7 @@ class QuotesTest : public Scenario {
 protected:
     QuotesTest() { options = {"--quote-service", server.Address()}; }
 
-    /// A holding at 7.25; its symbol as SQL writes it, without the quotes around.
+    /// Adds a holding with the price 7.25; its symbol is given as in SQL, without the quotes.
     void Hold(const std::string& symbol)
     {
         Sql("INSERT INTO Investment (StockSymbol, LastPrice) VALUES ('" + symbol + "', 7.25)");
@@ -33,7 +33,8 @@ protected:
     }
     void Update() { Do({{"do", "menu"}, {"item", "mnuT_UpdateQuotes"}}); }
     std::string Prices() { return Rows("SELECT LastPrice FROM Investment"); }
-    /// Price of one holding at 7.25 after an update; the next holding must get its quote.
+    /// Returns the price of one holding after an update, 7.25 before it; the next holding must get
+    /// its quote.
     std::string PriceAfter(const HttpServer::Answer& answer)
     {
         Hold("ACME");
@@ -46,7 +47,7 @@ protected:
         EXPECT_EQ(Rows("SELECT LastPrice FROM Investment WHERE StockSymbol = 'NEXT'"), R"(["99"])");
         return Rows("SELECT LastPrice FROM Investment WHERE StockSymbol = 'ACME'");
     }
-    /// The answer ends the update, after the holding before it has got its price.
+    /// The answer must end the update, after the holding before it has got its price.
     void ExpectRefused(const HttpServer::Answer& answer)
     {
         Hold("FIRST");
@@ -74,21 +75,21 @@ protected:
     /// The events of an update that fails, in order.
     void ExpectFailure()
     {
-        std::string told;
+        std::string logged;
         for (const Json& event : Events())
             if (event["event"] != "request")
-                told += ToLine(event) + "\n";
-        EXPECT_EQ(told, R"({"event":"status","text":"Updating quotes..."})"
-                        "\n"
-                        R"({"event":"pointer","value":11})"
-                        "\n"
-                        R"({"event":"pointer","value":0})"
-                        "\n"
-                        R"({"event":"status","text":"Select an item to work with."})"
-                        "\n"
-                        R"({"event":"box","text":"Unable to update quotes.","style":48,)"
-                        R"("title":"Corvane Ledgerbook","answer":"OK","unanswered":true})"
-                        "\n");
+                logged += ToLine(event) + "\n";
+        EXPECT_EQ(logged, R"({"event":"status","text":"Updating quotes..."})"
+                          "\n"
+                          R"({"event":"pointer","value":11})"
+                          "\n"
+                          R"({"event":"pointer","value":0})"
+                          "\n"
+                          R"({"event":"status","text":"Select an item to work with."})"
+                          "\n"
+                          R"({"event":"box","text":"Unable to update quotes.","style":48,)"
+                          R"("title":"Corvane Ledgerbook","answer":"OK","unanswered":true})"
+                          "\n");
         EXPECT_EQ(Window()["status"], "Select an item to work with.");
         EXPECT_EQ(Window()["pointer"], 0);
     }
@@ -107,22 +108,22 @@ TEST_F(QuotesTest, EachHoldingIsAskedForOnceAndGetsItsPrice)
     Update();
 
     EXPECT_EQ(Prices(), R"(["12.5"] ["0.1234"])");
-    std::string told;
+    std::string logged;
     for (const Json& event : Events())
-        told += ToLine(event) + "\n";
-    EXPECT_EQ(told, R"({"event":"status","text":"Updating quotes..."})"
-                    "\n"
-                    R"({"event":"pointer","value":11})"
-                    "\n"
-                    R"({"event":"request","url":")" +
-                        Url("ACME") + R"("})" + "\n" + R"({"event":"request","url":")" +
-                        Url("XYZ") +
-                        R"("})"
-                        "\n"
-                        R"({"event":"pointer","value":0})"
-                        "\n"
-                        R"({"event":"status","text":"Select an item to work with."})"
-                        "\n");
+        logged += ToLine(event) + "\n";
+    EXPECT_EQ(logged, R"({"event":"status","text":"Updating quotes..."})"
+                      "\n"
+                      R"({"event":"pointer","value":11})"
+                      "\n"
+                      R"({"event":"request","url":")" +
+                          Url("ACME") + R"("})" + "\n" + R"({"event":"request","url":")" +
+                          Url("XYZ") +
+                          R"("})"
+                          "\n"
+                          R"({"event":"pointer","value":0})"
+                          "\n"
+                          R"({"event":"status","text":"Select an item to work with."})"
+                          "\n");
     EXPECT_EQ(
         server.FirstLines(),
         (std::vector<std::string>{"GET /d/quotes.csv?s=ACME&f=sl1d1t1c1p2ohgbav&e=.csv HTTP/1.1",
@@ -196,7 +197,7 @@ TEST_F(QuotesTest, QuotesAroundFieldsDoNotCount)
 
 TEST_F(QuotesTest, QuotesDoNotProtectCommas)
 {
-    // The price is the field behind the first comma.
+    // The price is the field after the first comma.
     ExpectRefused(answers::Ok("\"ACME, Inc.\"," + Line("ACME", "12.50")));
 }
 
@@ -235,7 +236,7 @@ TEST_F(QuotesTest, ARedirectIsFollowed)
     EXPECT_EQ(PriceAfter(answers::Redirect("/elsewhere")), R"(["12.5"])");
 }
 
-TEST_F(QuotesTest, ASymbolThatMakesNoAddressIsNotAskedForAndTheNextIs)
+TEST_F(QuotesTest, ASymbolThatMakesAnInvalidAddressIsSkipped)
 {
     for (const char* symbol : {"A B", "A\rB", "A\nB", "A\r\nX-More: 1", "A\tB"})
         Hold(symbol);
@@ -252,7 +253,7 @@ TEST_F(QuotesTest, ASymbolThatMakesNoAddressIsNotAskedForAndTheNextIs)
     EXPECT_EQ(server.Heads().size(), 1u);
 }
 
-TEST_F(QuotesTest, OtherSymbolsStandInTheAddressAsTheyAre)
+TEST_F(QuotesTest, OtherSymbolsAreInTheAddressUnchanged)
 {
     for (const char* symbol : {"^DJI", "A&B", "A%B", "A%20B", "A+B", "A#B", "O''K", "\xC3\x84"})
         Hold(symbol);
@@ -288,7 +289,7 @@ TEST_F(QuotesTest, AFailureInTheMiddleKeepsWhatCameBeforeAndEndsTheCommand)
     EXPECT_EQ(server.Heads().size(), 2u);
 }
 
-TEST_F(QuotesTest, WhereNobodyListensTheUpdateFails)
+TEST_F(QuotesTest, WithoutAServerTheUpdateFails)
 {
     options[1] = "http://127.0.0.1:" + std::to_string(HttpServer::FreePort());
     Hold("ACME");
@@ -300,7 +301,7 @@ TEST_F(QuotesTest, WhereNobodyListensTheUpdateFails)
     EXPECT_EQ(Prices(), R"(["7.25"])");
 }
 
-TEST_F(QuotesTest, AServiceThatIsNoWebAddressFails)
+TEST_F(QuotesTest, AServiceThatIsNotAWebAddressFails)
 {
     options[1] = "ftp://127.0.0.1";
     Hold("ACME");
@@ -350,7 +351,7 @@ TEST_F(QuotesTest, TheOptionWinsOverTheSettingsFile)
 
 TEST_F(QuotesTest, AServiceGivenByOptionIsReachedWithoutTheProxy)
 {
-    // Another name of this machine, for which a proxy would be asked.
+    // Another name of this machine. A proxy would be used for it.
     options[1] = "http://0.0.0.0:" + std::to_string(server.Port());
     const std::string nobody = "http://127.0.0.1:" + std::to_string(HttpServer::FreePort());
     setenv("http_proxy", nobody.c_str(), 1);
@@ -376,7 +377,7 @@ TEST_F(QuotesTest, ACallGivesTheTwelveProperties)
     EXPECT_EQ(Requested(), std::vector<std::string>{Url("acme")});
 }
 
-TEST_F(QuotesTest, AVolumeThatIsNoNumberStaysAsItIs)
+TEST_F(QuotesTest, AVolumeThatIsNotANumberStaysAsItIs)
 {
     Answer("ACME", answers::Ok("\"ACME\",1,2,3,4,5,6,7,8,9,10,\"N/A\"\r\n"));
 

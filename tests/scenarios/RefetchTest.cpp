@@ -1,4 +1,4 @@
-// Reading the rows again: by the grid alone, by the view, and figure by figure.
+// Reading the rows again: by the grid alone, by the view, and each figure by itself.
 
 #include <gmock/gmock.h>
 
@@ -22,7 +22,7 @@ protected:
     }
 };
 
-TEST_F(RefetchTest, ARefetchStopsPaintingAndComesBackToItsCell)
+TEST_F(RefetchTest, ARefetchStopsPaintingAndReturnsToItsCell)
 {
     Click("Checking");
     Move(2, 3);
@@ -38,7 +38,7 @@ TEST_F(RefetchTest, ARefetchStopsPaintingAndComesBackToItsCell)
     EXPECT_EQ(Current(), "2/3");
 }
 
-TEST_F(RefetchTest, ARefetchGivesTheOpenEditUp)
+TEST_F(RefetchTest, ARefetchDiscardsTheOpenEdit)
 {
     Click("Checking");
     Begin(2, 2);
@@ -49,7 +49,7 @@ TEST_F(RefetchTest, ARefetchGivesTheOpenEditUp)
     EXPECT_EQ(Window()["menus"]["mnuE_Delete"]["enabled"], true);
 }
 
-TEST_F(RefetchTest, ARefetchFindsItsRowWhereverItStandsThen)
+TEST_F(RefetchTest, ARefetchFindsItsRowAtItsNewPlace)
 {
     Click("Checking");
     Move(1, 2);
@@ -111,7 +111,7 @@ TEST_F(RefetchTest, EveryRowsActualIsFetchedJustBeforeItsDifference)
     }
 }
 
-TEST_F(RefetchTest, AReloadStandsOnTheFirstDataRowAndColumn)
+TEST_F(RefetchTest, AReloadMakesTheFirstDataCellCurrent)
 {
     for (const char* node : {"Net Worth", "Bank", "Checking"}) {
         Click(node);
@@ -123,7 +123,7 @@ TEST_F(RefetchTest, AReloadStandsOnTheFirstDataRowAndColumn)
     EXPECT_EQ(Current(), "2/1");
 }
 
-TEST_F(RefetchTest, AReloadWithoutRowsStandsOnTheNewRowLine)
+TEST_F(RefetchTest, AReloadWithoutRowsMakesTheNewRowLineCurrent)
 {
     Click("Savings");
 

@@ -1,4 +1,4 @@
-// Rows that may not be saved: what the user is told and where the cursor is left.
+// Rows that may not be saved: the message to the user, and the current cell afterwards.
 
 #include "tests/scenarios/Scenario.h"
 
@@ -25,7 +25,8 @@ protected:
                Rows("SELECT Category, Amount FROM Budget ORDER BY Sequence");
     }
     Json NewRow() { return RowsOf("new").at(0)["row"]; }
-    /// Saves, expecting to be refused with the message, the cursor then in the column of the row.
+    /// Saves the row. Expects a refusal with the message, with the current cell in the column of
+    /// the row.
     void ExpectRefused(const Json& row, int column, const std::string& message)
     {
         SCOPED_TRACE(message);
@@ -102,7 +103,7 @@ TEST_F(RefusedRowsTest, AnAccountKeepsItsOwnNumber)
     EXPECT_EQ(Rows("SELECT Description FROM Account WHERE AccountID = 'B-1'"), R"(["Current"])");
 }
 
-TEST_F(RefusedRowsTest, ANumberWithAnApostropheIsComparedAsItStands)
+TEST_F(RefusedRowsTest, ANumberWithAnApostropheIsComparedUnchanged)
 {
     Edit("new", 1, "Son's");
     Edit("new", 2, "Cash");
@@ -116,7 +117,7 @@ TEST_F(RefusedRowsTest, ANumberWithAnApostropheIsComparedAsItStands)
     ExpectRefused(row, 3, "That account already exists.");
 }
 
-TEST_F(RefusedRowsTest, AmongAccountsOfOneTypeTheNumberStandsInColumn2)
+TEST_F(RefusedRowsTest, AmongAccountsOfOneTypeTheNumberIsInColumn2)
 {
     Click("Bank");
     const Json row = NewRow();
@@ -133,7 +134,7 @@ TEST_F(RefusedRowsTest, AmongAccountsOfOneTypeTheNumberStandsInColumn2)
     EXPECT_EQ(Rows("SELECT Type FROM Account WHERE AccountID = 'B-3'"), R"(["Bank"])");
 }
 
-TEST_F(RefusedRowsTest, ANumberOfAnotherTypesAccountIsTakenToo)
+TEST_F(RefusedRowsTest, TheNumberOfAnAccountOfAnotherTypeIsRefusedToo)
 {
     AddAccount("C-1", "Cash", "Wallet");
     stored_ = Stored();
@@ -184,7 +185,7 @@ TEST_F(RefusedRowsTest, TransactionsHoldingsAndLoansAreNeverRefused)
     EXPECT_EQ(EventsOf("box").size(), 0u);
 }
 
-TEST_F(RefusedRowsTest, EveryAttemptToLeaveReportsOnceMore)
+TEST_F(RefusedRowsTest, EveryAttemptToLeaveReportsAgain)
 {
     Edit(1, 1, "");
     Events();
@@ -214,7 +215,7 @@ TEST_F(RefusedRowsTest, AToolbarButtonRunsNoCommandOnARefusedRow)
     EXPECT_EQ(Current(), "1/1 editing dirty");
 }
 
-TEST_F(RefusedRowsTest, AGivenUpNewRowIsEmptyAgain)
+TEST_F(RefusedRowsTest, ADiscardedNewRowIsEmptyAgain)
 {
     Edit("new", 1, "Wallet");
     EXPECT_FALSE(Save());

@@ -7,7 +7,7 @@ namespace {
 
 class RequestsTest : public Scenario {
 protected:
-    /// The error's number for a line that need not be JSON.
+    /// The error number of a line that need not be JSON.
     int ErrorOfLine(const std::string& line)
     {
         const Json reply = Program().AskLine(line);
@@ -17,7 +17,7 @@ protected:
     }
 };
 
-TEST_F(RequestsTest, WhatIsNoRequestIsAnErrorAndTheSessionGoesOn)
+TEST_F(RequestsTest, AnInvalidRequestIsAnErrorAndTheSessionContinues)
 {
     for (const char* line : {"", "quit", "[]", "7", "null", "{", R"({"do":})", R"({"verb":"log"})",
                              R"({"do":7})", R"({"do":"dance"})", "{\"do\":\"\xFF\"}"})
@@ -94,7 +94,7 @@ TEST_F(RequestsTest, TheEnginesErrorsKeepTheirNumber)
     EXPECT_EQ(Window()["view"], 1);
 }
 
-TEST_F(RequestsTest, TheLogForgetsWhatItHasTold)
+TEST_F(RequestsTest, TheLogForgetsWhatItHasReturned)
 {
     Call("Refresh");
 
@@ -102,7 +102,7 @@ TEST_F(RequestsTest, TheLogForgetsWhatItHasTold)
     EXPECT_TRUE(Events().empty());
 }
 
-TEST_F(RequestsTest, WhileTracedEachStatementIsLogged)
+TEST_F(RequestsTest, WhileTracingIsOnEachStatementIsLogged)
 {
     Do({{"do", "trace"}, {"statements", true}});
     Events();
@@ -130,7 +130,7 @@ TEST_F(RequestsTest, AReloadRunsInItsOrder)
     EXPECT_EQ(kinds, "redraw=false redraw=true refresh ");
 }
 
-TEST_F(RequestsTest, StatementFilesAreLookedAt)
+TEST_F(RequestsTest, StatementFilesAreExamined)
 {
     EXPECT_EQ(Call("DetectFileFormat", {folder.Write("a.QiF", "anything")}), 3);
     EXPECT_EQ(Call("DetectFileFormat", {folder.Write("a.ofx", "<OFC>")}), 2);
@@ -155,7 +155,7 @@ TEST_F(RequestsTest, TagsAreFoundFromAPosition)
               R"(<A>in</A>out","A"]})");
 }
 
-TEST_F(RequestsTest, TheZoneIsThatOfTheStandingClock)
+TEST_F(RequestsTest, TheZoneIsThatOfTheStoppedClock)
 {
     setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1);
     now = "2006-07-01T00:00:00";

@@ -1,4 +1,4 @@
-// The grid's rows: what they hold, which may be saved, and what a deletion leaves.
+// The grid's rows: what they hold, which may be saved, and what remains after a deletion.
 
 #include "tests/scenarios/Scenario.h"
 
@@ -7,13 +7,13 @@ namespace {
 
 class RowsTest : public Scenario {
 protected:
-    /// Writes cells of the current row, column and value by turns.
+    /// Writes cells of the current row; `cells` has columns and values in turn.
     void Write(const Json& cells)
     {
         for (std::size_t at = 0; at + 1 < cells.size(); at += 2)
             Call("ColumnValueSet", Json::array({cells[at], cells[at + 1]}));
     }
-    /// Answer, column and message of the check.
+    /// Result, column and message of the check.
     std::string Check()
     {
         const Json reply = CallReply("ValidRow", {0, ""});
@@ -36,7 +36,7 @@ TEST_F(RowsTest, AnAccountNeedsDescriptionNumberAndType)
     EXPECT_EQ(ToLine(CallReply("ValidRow", Json::array())["result"]), "true");
 }
 
-TEST_F(RowsTest, AnAccountNumberIsUniqueButForTheRowItself)
+TEST_F(RowsTest, AnAccountNumberMustDifferFromThoseOfOtherRows)
 {
     AddAccount("O'Neil's", "Bank", "Checking");
     AddAccount("B-2", "Bank", "Savings");
@@ -49,7 +49,7 @@ TEST_F(RowsTest, AnAccountNumberIsUniqueButForTheRowItself)
     EXPECT_EQ(Check(), R"json([false,3,"That account already exists."])json");
 }
 
-TEST_F(RowsTest, InTheViewOfOneTypeTheNumberStandsInColumn2AndTheTypeIsFilledIn)
+TEST_F(RowsTest, InTheViewOfOneTypeTheNumberIsInColumn2AndTheTypeIsFilledIn)
 {
     AddAccount("C-1", "Cash", "Wallet");
     ShowAll();
@@ -98,7 +98,7 @@ TEST_F(RowsTest, ANewTransactionGetsTheAccountAndMonthShownNeverThatOfItsDate)
     EXPECT_EQ(Rows("SELECT Category, Year, Period FROM Budget"), R"json(["(none)",2006,3])json");
 }
 
-TEST_F(RowsTest, ADeletedBudgetCategoryIsTakenFromTheMonthsTransactions)
+TEST_F(RowsTest, ADeletedBudgetCategoryIsRemovedFromTheMonthsTransactions)
 {
     AddAccount("B-1", "Bank", "Checking");
     AddBudget("2006-3", "Kids' toys", "5");
@@ -115,7 +115,7 @@ TEST_F(RowsTest, ADeletedBudgetCategoryIsTakenFromTheMonthsTransactions)
               R"json(["(none)"])json");
 }
 
-TEST_F(RowsTest, ADeletedCategoryThatNoTransactionUsesLeavesEverything)
+TEST_F(RowsTest, DeletingAnUnusedCategoryChangesNothingElse)
 {
     AddBudget("2006-3", "Food", "5");
     Click("Budget");
@@ -126,7 +126,7 @@ TEST_F(RowsTest, ADeletedCategoryThatNoTransactionUsesLeavesEverything)
     EXPECT_EQ(Rows("SELECT Category FROM Budget"), R"json(["Food"])json");
 }
 
-TEST_F(RowsTest, ADeletedAccountLeavesItsTransactions)
+TEST_F(RowsTest, DeletingAnAccountKeepsItsTransactions)
 {
     AddAccount("B-1", "Bank", "Checking");
     AddTransaction("B-1", "2006-3", "-9");
@@ -172,7 +172,7 @@ TEST_F(RowsTest, RowsAreFoundByConditionAndByCriterion)
     EXPECT_EQ(Call("CanFind", {"SELECT * FROM Trans", "Description = 'Wallet'"}), false);
 }
 
-TEST_F(RowsTest, AGridTellsItsColumnsAndRows)
+TEST_F(RowsTest, AGridDescribesItsColumnsAndRows)
 {
     AddAccount("B-1", "Bank", "Checking", "12.5");
     ShowAll();
@@ -199,7 +199,7 @@ TEST_F(RowsTest, AGridTellsItsColumnsAndRows)
     EXPECT_EQ(grid["showToolTips"], true);
 }
 
-TEST_F(RowsTest, AValueThatTheColumnDoesNotHoldIsARuntimeError)
+TEST_F(RowsTest, AValueOfAnotherTypeIsARuntimeError)
 {
     AddAccount("B-1", "Bank", "Checking");
     ShowAll();

@@ -35,8 +35,8 @@ TEST_F(SavedRowsTest, ASavedNewRowIsCurrentAndTheLineBelowIsEmptyAgain)
     EXPECT_EQ(ToLine(line["values"][2]), "null");
 }
 
-// Delete stayed disabled, as on the line for a new row, until the user moved.
-TEST_F(SavedRowsTest, CommandsFitASavedNewRowAtOnce)
+// Symptom: Delete stayed disabled, as on the line for a new row, until the user moved.
+TEST_F(SavedRowsTest, CommandsAreEnabledForASavedNewRowAtOnce)
 {
     Click("Checking");
     Edit("new", 3, "-5");
@@ -183,7 +183,7 @@ TEST_F(SavedRowsTest, ARenamedAccountIsRenamedInTheTree)
     EXPECT_EQ(TreeTexts(), "[Net Worth], Budget, Bank, Current, Investment, Broker, Loan, House");
 }
 
-TEST_F(SavedRowsTest, AChangedNumberTakesTheAccountsRowsAlong)
+TEST_F(SavedRowsTest, AChangedNumberIsChangedInTheAccountsRowsToo)
 {
     AddTransaction("B-1", "2006-3", "-9");
 

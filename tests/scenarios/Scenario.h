@@ -1,3 +1,4 @@
+// A fixture that drives the whole program by requests.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -11,40 +12,40 @@
 
 namespace clb {
 
-/// The whole program on a fresh folder, driven from outside. It starts with the first request, on
-/// 5 March 2006 unless told otherwise.
+/// Drives the whole program from outside, on a fresh folder. It starts with the first request, on 5
+/// March 2006 unless the test sets another date.
 class Scenario : public testing::Test {
 protected:
     Scenario();
 
     AutomationClient& Program();
 
-    /// A request that must go well.
+    /// Sends a request that must succeed.
     Json Do(const Json& request);
-    /// Number of the error that the request must give.
+    /// Sends a request that must fail; returns the error's number.
     std::int64_t ErrorOf(const Json& request);
 
     /// Result of a call.
     Json Call(const std::string& operation, const Json& arguments = Json::array());
     Json CallReply(const std::string& operation, const Json& arguments);
     void Sql(const std::string& statement);
-    /// Rows of a SELECT as one text: values in JSON, rows divided by blanks.
+    /// Rows of a SELECT as one text: values in JSON, rows separated by blanks.
     std::string Rows(const std::string& select);
     Json Window();
     Json Grid();
     Json Columns();
     Json Tree();
     Json Events();
-    /// Logs the statements that follow; what was logged before is forgotten.
+    /// Starts logging statements and forgets what was logged before.
     void Trace();
-    /// Texts of the statements sent since the last look, one a line.
+    /// Texts of the statements sent since the last call, one on each line.
     std::string Statements();
-    /// Those of one kind; the others are forgotten too.
+    /// Events of one kind since the last call; the others are forgotten too.
     std::vector<Json> EventsOf(const std::string& kind);
-    /// What happened since the last look, in order and in short: "BeforeEdit(1,2,0,false)",
+    /// Short texts for what happened since the last call, in order: "BeforeEdit(1,2,0,false)",
     /// "box(the text)", "redraw(false)", "tree".
     std::vector<std::string> Story();
-    /// The story without the fetching of figures and footers, which follows every look at the rows.
+    /// The story without the reading of figures and footers, which follows every look at the rows.
     std::vector<std::string> Deeds();
     /// How often the event is in the story.
     static std::size_t Count(const std::vector<std::string>& story, const std::string& event);
@@ -53,7 +54,7 @@ protected:
     /// The account's stored balance.
     std::string Balance(const std::string& account);
     void Click(const std::string& node);
-    /// Moves the focus; the name of the control that has it then.
+    /// Moves the focus; returns the name of the control that has it afterwards.
     std::string Focus(const std::string& control);
     void Menu(const std::string& item);
     void Press(const std::string& button);
@@ -62,7 +63,7 @@ protected:
     /// steps: a JSON array.
     void AnswerForm(const std::string& form, const std::string& steps);
 
-    // As by hand in the grid; a row is its number or "new".
+    // These do what a user does in the grid; a row is its number or "new".
     bool Move(const Json& row, int column);
     bool Edit(const Json& row, int column, const std::string& text);
     void Begin(const Json& row, int column);
@@ -87,12 +88,12 @@ protected:
                     const std::string& total);
     void AddLoan(const std::string& account, const std::string& description,
                  const std::string& original, const std::string& paid);
-    /// Shows what statements changed behind the window's back.
+    /// Shows changes that statements made without the window.
     void ShowAll();
 
     TempFolder folder;
     std::string now = "2006-03-05T10:00:00";
-    std::vector<std::string> options;  ///< further ones of the program
+    std::vector<std::string> options;  ///< further options of the program
 
 private:
     static std::string InShort(const Json& event);

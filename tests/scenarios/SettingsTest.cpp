@@ -23,7 +23,7 @@ protected:
     std::int32_t Number(const std::string& key) { return Call("IniGetLong", {"S", key, -77}); }
 };
 
-TEST_F(SettingsTest, TheDefaultStandsForAMissingFileSectionOrKey)
+TEST_F(SettingsTest, TheDefaultReplacesAMissingFileSectionOrKey)
 {
     EXPECT_EQ(Call("IniGetString", {"S", "a"}), "");
     EXPECT_EQ(Call("IniGetString", {"S", "a", "d"}), "d");
@@ -45,7 +45,7 @@ TEST_F(SettingsTest, ReadingMakesNoFile)
     EXPECT_FALSE(folder.Holds("cvlb.ini"));
 }
 
-TEST_F(SettingsTest, NamesAreFoundWhateverTheirCaseAndTheBlanksAroundThem)
+TEST_F(SettingsTest, NamesAreFoundIgnoringCaseAndOuterBlanks)
 {
     File("  [ SeTTings ]  \r\n  bankURL \t=  x  \r\n");
 
@@ -69,7 +69,7 @@ TEST_F(SettingsTest, EveryOtherLineKeepsItsPlace)
               "k=3\r\n[C]\r\nk=6\r\n");
 }
 
-TEST_F(SettingsTest, AFileWithoutALastLineEndIsContinuedOnALineOfItsOwn)
+TEST_F(SettingsTest, AFileWithoutALastLineEndIsContinuedOnANewLine)
 {
     File("[S]\r\na=1");
     Write("S", "b", "2");
@@ -80,7 +80,7 @@ TEST_F(SettingsTest, AFileWithoutALastLineEndIsContinuedOnALineOfItsOwn)
     EXPECT_EQ(File(), "[S]\r\na=1\r\n[T]\r\nb=2\r\n");
 }
 
-TEST_F(SettingsTest, ACommentIsNoKeyAndAKeyAheadOfAnySectionBelongsToNone)
+TEST_F(SettingsTest, ACommentIsNotAKeyAndAKeyBeforeAllSectionsBelongsToNone)
 {
     File("a=0\r\n[S]\r\n;a=1\r\n ; a=2\r\nb=3\r\n");
 
@@ -89,7 +89,7 @@ TEST_F(SettingsTest, ACommentIsNoKeyAndAKeyAheadOfAnySectionBelongsToNone)
     EXPECT_EQ(Text("S", "b"), "3");
 }
 
-TEST_F(SettingsTest, OfSectionsAndKeysThatStandTwiceTheFirstCounts)
+TEST_F(SettingsTest, OfSectionsAndKeysThatOccurTwiceTheFirstCounts)
 {
     File("[S]\r\na=1\r\nA=2\r\n[T]\r\nx=0\r\n[s]\r\na=3\r\nb=4\r\n");
 
@@ -117,7 +117,7 @@ TEST_F(SettingsTest, NamesMayBeOfAnyScript)
     EXPECT_EQ(Text("R\u00e9glages", "cl\u00e9 \u8d85"), "1");
 }
 
-TEST_F(SettingsTest, BlanksAndOnePairOfQuotesAroundAValueAreNoPartOfIt)
+TEST_F(SettingsTest, BlanksAndOnePairOfQuotesAroundAValueAreRemoved)
 {
     File(
         "[S]\r\na= \t x y \t\r\nb=\" x \"\r\nc='x'\r\nd=\"\"x\"\"\r\ne=\"\r\nf=\"x'\r\n"
@@ -184,7 +184,7 @@ TEST_F(SettingsTest, ANumberIsTheDigitsThatAValueBeginsWith)
     EXPECT_EQ(Number("k"), -77);
 }
 
-TEST_F(SettingsTest, ANumberBeyondAllNumbersIsNoFailure)
+TEST_F(SettingsTest, ANumberThatIsTooLargeIsNotAnError)
 {
     File("[S]\r\na=99999999999999999999999999\r\nb=4294967297\r\n");
 
@@ -201,7 +201,7 @@ TEST_F(SettingsTest, LinesMayEndAnyWay)
     EXPECT_EQ(Text("S", "a") + Text("S", "b") + Text("S", "c"), "193");
 }
 
-TEST_F(SettingsTest, AByteOrderMarkIsNoPartOfTheFirstSection)
+TEST_F(SettingsTest, AByteOrderMarkIsNotPartOfTheFirstSection)
 {
     File("\xEF\xBB\xBF[S]\r\na=1\r\n");
 
@@ -217,9 +217,9 @@ TEST_F(SettingsTest, AnOldFileOfWindowsCharactersIsReadAsSuch)
     EXPECT_EQ(Text("S", "a"), "caf\u00e9 \u20ac");
 }
 
-TEST_F(SettingsTest, AFileThatCannotBeWrittenIsNoFailureAndLeavesNothingBehind)
+TEST_F(SettingsTest, AFileThatCannotBeWrittenIsNotAnErrorAndLeavesNoOtherFile)
 {
-    // A folder stands where the file would be.
+    // A folder is in the place of the file.
     std::filesystem::create_directories(folder.Path("cvlb.ini/inside"));
 
     Write("S", "a", "1");

@@ -18,13 +18,14 @@ protected:
         Click("Checking");
         Move(1, 3);
     }
-    /// Gives the command and works the dialog.
+    /// Runs the command and works the dialog.
     void Split(const std::string& steps)
     {
         AnswerForm("frmSplit", steps);
         Menu("mnuE_Split");
     }
-    /// First, second and total at each reading of the dialog, "!" behind what cannot be accepted.
+    /// First, second and total at each reading of the dialog, with "!" after what cannot be
+    /// accepted.
     std::vector<std::string> Readings()
     {
         std::vector<std::string> readings;
@@ -69,7 +70,7 @@ TEST_F(SplitTest, TheDialogShowsTheDescriptionAndItsThreeAmounts)
     EXPECT_TRUE(controls.contains("upDown"));
 }
 
-TEST_F(SplitTest, WhateverIsTypedTheAmountsAddUpToTheWhole)
+TEST_F(SplitTest, TheAmountsAddUpToTheWholeForAnyText)
 {
     ShowTransaction("100");
     Events();
@@ -85,11 +86,11 @@ TEST_F(SplitTest, WhateverIsTypedTheAmountsAddUpToTheWhole)
               (std::vector<std::string>{"50 + 50 = 100", "70 + 30 = 100", "-150 + 250 = 100",
                                         "120 + -20 = 100", "105 + (5) = 100",
                                         "-900.5 +  $1,000.5  = 100", "100 + 0 = 100",
-                                        // The fifth decimal goes to the even neighbour.
+                                        // The fifth decimal is rounded to the even neighbour.
                                         "66.6666 + 33.33335 = 100"}));
 }
 
-TEST_F(SplitTest, WhatIsNoNumberCannotBeAcceptedAndTheOtherAmountsStay)
+TEST_F(SplitTest, ATextThatIsNotANumberCannotBeAcceptedAndTheOtherAmountsStay)
 {
     ShowTransaction("100");
     Events();
@@ -115,7 +116,7 @@ TEST_F(SplitTest, WhatIsNoNumberCannotBeAcceptedAndTheOtherAmountsStay)
     EXPECT_EQ(Pieces(), R"json([0,"60","Shop"] [1,"40","Shop (split #1)"])json");
 }
 
-TEST_F(SplitTest, ANegativeOrTooLargeAmountTurnsTheSignOfTheFirst)
+TEST_F(SplitTest, ANegativeOrTooLargeAmountReversesTheSignOfTheFirst)
 {
     ShowTransaction("-100");
 
@@ -165,7 +166,7 @@ TEST_F(SplitTest, OnlyTheSecondAmountCanBeTyped)
     EXPECT_EQ(Readings().back(), "50 + 50 = 100");
 }
 
-TEST_F(SplitTest, CancelLeavesEverything)
+TEST_F(SplitTest, CancelChangesNothing)
 {
     ShowTransaction("100");
     Edit(1, 2, "Baker");
@@ -185,7 +186,7 @@ TEST_F(SplitTest, BothPiecesAreShownAndTheFirstStaysCurrent)
     ShowTransaction("-100");
     AddTransaction("B-1", "2006-3", "-1");
     Call("Refresh");
-    // The later number stands first.
+    // The later number is first.
     Move(2, 3);
     Events();
 
@@ -201,7 +202,7 @@ TEST_F(SplitTest, BothPiecesAreShownAndTheFirstStaysCurrent)
     EXPECT_EQ(Window()["menus"]["mnuE_Split"]["enabled"], true);
 }
 
-TEST_F(SplitTest, ANewPieceIsACopyButForAmountNumberAndDescription)
+TEST_F(SplitTest, ANewPieceIsACopyExceptForAmountNumberAndDescription)
 {
     ShowTransaction("-100");
     Sql("UPDATE Trans SET CheckID = '1001', PayeeName = 'a note', FITID = 'bank-7', Category = "
@@ -245,7 +246,7 @@ TEST_F(SplitTest, AfterAPieceWasDeletedTheLargestThatIsLeftCounts)
     EXPECT_EQ(Pieces(), R"json([7,"-50","Shop"] [8,"-50","Shop (split #8)"])json");
 }
 
-TEST_F(SplitTest, AChangedRowIsSavedAheadOfTheSplit)
+TEST_F(SplitTest, AChangedRowIsSavedBeforeTheSplit)
 {
     ShowTransaction("-100");
     Edit(1, 3, "-80");
@@ -324,7 +325,7 @@ struct Name {
 
 class PieceNameTest : public SplitTest, public testing::WithParamInterface<Name> {};
 
-TEST_P(PieceNameTest, IsCutAtFiftyCharactersBehindItsNumber)
+TEST_P(PieceNameTest, IsCutAtFiftyCharactersAfterItsNumberIsAdded)
 {
     const auto name = [](std::size_t length) {
         std::string text;

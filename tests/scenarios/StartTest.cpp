@@ -52,7 +52,7 @@ TEST_F(StartTest, LoadingReloadsTheGridOnceAndBuildsTheTreeOnce)
     EXPECT_EQ(trees, 1);
 }
 
-TEST_F(StartTest, MenusStandInTheirOrderWithTheirCaptions)
+TEST_F(StartTest, MenusAreInTheirOrderWithTheirCaptions)
 {
     const Json window = Window();
 
@@ -82,7 +82,7 @@ TEST_F(StartTest, WithoutADatabaseLoadingFailsAndTheExitCodeIs1)
 
 TEST_F(StartTest, AFailureOfTheFirstReloadIsAFailureOfLoading)
 {
-    // Symptom: the first line told the error, but the process stayed and waited for requests.
+    // Symptom: the first line reported the error, but the process stayed and waited for requests.
     Sql("DROP TABLE Account");
     Sql("CREATE TABLE Account (AccountID TEXT, Description TEXT, Type TEXT, BudgetInclude YESNO)");
 
@@ -115,7 +115,7 @@ TEST_F(StartTest, ExitUnloadsTheWindowAndEndsTheProgram)
     EXPECT_EQ(Program().ExitCode(), 0);
 }
 
-TEST_F(StartTest, WhatWasWrittenIsThereAtTheNextStart)
+TEST_F(StartTest, WrittenDataIsThereAtTheNextStart)
 {
     AddAccount("1", "Cash", "Wallet");
 

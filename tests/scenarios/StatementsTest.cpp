@@ -29,7 +29,8 @@ protected:
             texts.push_back(event["text"]);
         return texts;
     }
-    /// Without those for the budget's figures, which a window asks for whenever it paints.
+    /// The statements without those for the budget's figures, which a window reads whenever it
+    /// paints.
     std::vector<std::string> SentForRows()
     {
         std::vector<std::string> texts;

@@ -17,7 +17,7 @@ protected:
         AddBudget("2006-3", "Food", "300");
     }
 
-    /// How often a tip was asked for since the last look.
+    /// How often a tip was requested since the last call.
     std::size_t Asked()
     {
         std::size_t count = 0;

@@ -140,7 +140,7 @@ TEST_F(TotalsTest, ATotalThatTheViewDoesNotUseStaysAsPassed)
     EXPECT_EQ(ToLine(CallReply("CalcTotals", {"7", "8"})["args"]), R"json(["7","8"])json");
 }
 
-TEST_F(TotalsTest, UpdateBalanceOnTheShownAccountHandsItsNamesBack)
+TEST_F(TotalsTest, UpdateBalanceOnTheShownAccountReturnsViewAndNumber)
 {
     AddAccount("B-1", "Bank", "Checking", "100");
     AddTransaction("B-1", "2006-3", "-1.25");

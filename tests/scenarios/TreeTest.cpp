@@ -27,7 +27,7 @@ TEST_F(TreeTest, WithoutAccountsThereAreTwoNodes)
     EXPECT_EQ(nodes[0]["selectedImage"], 7);
 }
 
-TEST_F(TreeTest, AccountsStandBelowTheirTypesInTheOrderOfTheTexts)
+TEST_F(TreeTest, AccountsAreBelowTheirTypesInTheOrderOfTheTexts)
 {
     AddAccount("L-1", "Loan", "House");
     AddAccount("B-2", "Bank", "Savings");

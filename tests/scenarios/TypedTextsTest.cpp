@@ -1,4 +1,4 @@
-// Which texts a cell takes, by the type of its column, and what they become.
+// Which texts a cell accepts, by the type of its column, and which values they become.
 
 #include "tests/scenarios/Scenario.h"
 
@@ -20,7 +20,7 @@ protected:
         ShowAll();
     }
 
-    /// Types each text into the new row's cell; one that is refused leaves what was there.
+    /// Types each text into the new row's cell; a refused text must leave what was there.
     void ExpectTyped(int column, const std::vector<Typed>& texts)
     {
         std::string before = "null";
@@ -98,7 +98,7 @@ TEST_F(TypedTextsTest, TextsKeepTheirBlanksAndLineBreaks)
     ExpectTyped(2, {{"  a  b  ", R"("  a  b  ")"}, {"one\ntwo", R"("one\ntwo")"}, {"", R"("")"}});
 }
 
-TEST_F(TypedTextsTest, ARefusedTextLeavesARowAtRestAtRest)
+TEST_F(TypedTextsTest, ARefusedTextDoesNotChangeARowThatIsNotInEdit)
 {
     AddTransaction("B-1", "2006-3", "-9");
     Click("Checking");

@@ -1,4 +1,4 @@
-// Texts of all scripts, from the typed cell to the database and back on every way out.
+// Texts of all scripts, from the typed cell to the database and back by every output.
 
 #include "tests/scenarios/Scenario.h"
 
@@ -69,7 +69,7 @@ TEST_P(UnicodeTest, AnAccountKeepsItsNameAndNumber)
     EXPECT_EQ(Rows("SELECT CurrentBalance FROM Account WHERE Type = 'Cash'"), R"(["-5"])");
 }
 
-TEST_P(UnicodeTest, ABudgetLineIsFoundByItsNamesAndToldInItsTip)
+TEST_P(UnicodeTest, ABudgetLineIsFoundByItsNamesAndShownInItsTip)
 {
     const std::string text = GetParam();
     Click("Budget");
@@ -119,7 +119,7 @@ protected:
     }
 };
 
-TEST_P(LongestTextTest, FiftyCharactersAreTakenWhateverTheirBytes)
+TEST_P(LongestTextTest, FiftyCharactersAreAcceptedForAnyNumberOfBytes)
 {
     for (const char* character : {"x", "\u00e9", "\u8d85", "\U0001F600"}) {
         const std::string text = Repeated(character, 50);

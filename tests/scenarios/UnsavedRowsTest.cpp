@@ -1,4 +1,4 @@
-// Going on to something else while the row holds changes that are not saved yet.
+// What happens when the user goes on to something else while the row has unsaved changes.
 
 #include "tests/scenarios/Scenario.h"
 
@@ -24,8 +24,9 @@ protected:
     std::string Caption() { return Window()["caption"]; }
 };
 
-// The saved account moved the nodes below it, and the one above the clicked node was shown.
-TEST_F(UnsavedRowsTest, AClickShowsItsNodeThoughTheSavedAccountMovedTheNodes)
+// Symptom: the saved account moved the nodes below it, and the node above the clicked one was
+// shown.
+TEST_F(UnsavedRowsTest, AClickShowsItsNodeEvenIfTheSavedAccountMovedTheNodes)
 {
     TypeAccount("Abroad", "Bank", "B-0");
 
@@ -38,7 +39,7 @@ TEST_F(UnsavedRowsTest, AClickShowsItsNodeThoughTheSavedAccountMovedTheNodes)
         EXPECT_EQ(node["selected"], node["text"] == "House") << ToLine(node);
 }
 
-TEST_F(UnsavedRowsTest, AClickOnATypeShowsItThoughTheNodesMoved)
+TEST_F(UnsavedRowsTest, AClickOnATypeShowsItEvenIfTheNodesMoved)
 {
     TypeAccount("Abroad", "Bank", "B-0");
 
@@ -70,7 +71,7 @@ TEST_F(UnsavedRowsTest, AClickOnTheAccountWhoseTypeWasChangedShowsIt)
     EXPECT_EQ(Window()["view"], 6);
 }
 
-TEST_F(UnsavedRowsTest, AClickOnATypeThatGoesWithItsLastAccountShowsNothingElse)
+TEST_F(UnsavedRowsTest, AClickOnATypeThatDisappearsWithItsLastAccountShowsNothingElse)
 {
     Edit(3, 2, "Bank");
 
@@ -91,7 +92,7 @@ TEST_F(UnsavedRowsTest, ANewRecordSavesTheRowFirst)
     EXPECT_EQ(Current(), "4/1 editing");
 }
 
-// The cursor was put into column 1, away from the cell to correct.
+// Symptom: the current cell moved to column 1, away from the cell to correct.
 TEST_F(UnsavedRowsTest, ANewRecordIsNotBegunWhenTheRowIsRefused)
 {
     Edit(1, 3, "");
@@ -105,8 +106,8 @@ TEST_F(UnsavedRowsTest, ANewRecordIsNotBegunWhenTheRowIsRefused)
     EXPECT_EQ(Current(), "1/3 editing dirty");
 }
 
-// The node was looked up by the number that had been typed, and stayed in the tree.
-TEST_F(UnsavedRowsTest, ADeletedAccountsNodeGoesThoughItsNumberWasTypedOver)
+// Symptom: the node was looked up by the typed number, and stayed in the tree.
+TEST_F(UnsavedRowsTest, ADeletedAccountsNodeIsRemovedEvenIfItsNumberWasTypedOver)
 {
     Edit(1, 3, "B-2");
     AnswerBox("Yes");
@@ -120,7 +121,7 @@ TEST_F(UnsavedRowsTest, ADeletedAccountsNodeGoesThoughItsNumberWasTypedOver)
     EXPECT_EQ(texts, "Net Worth Budget Bank Savings Loan House ");
 }
 
-TEST_F(UnsavedRowsTest, ADeletedAccountsNodeGoesThoughChangesWereGivenUp)
+TEST_F(UnsavedRowsTest, ADeletedAccountsNodeIsRemovedEvenIfChangesWereDiscarded)
 {
     Click("Bank");
     Edit(1, 2, "B-9");
@@ -159,8 +160,8 @@ TEST_F(UnsavedRowsTest, TheOtherMonthsButtonSavesTheRowFirst)
     EXPECT_EQ(Window()["period"], 4);
 }
 
-// A stored line was overwritten by what was typed for a new one.
-TEST_F(UnsavedRowsTest, TheNewRowLineIsMeantThoughTheSavedLineChangedItsGroup)
+// Symptom: what was typed for a new line overwrote a stored one.
+TEST_F(UnsavedRowsTest, TheNewRowLineIsMeantEvenIfTheSavedLineChangedItsGroup)
 {
     AddBudget("2006-3", "Bus", "1", "A");
     AddBudget("2006-3", "Food", "1", "A");
@@ -175,7 +176,7 @@ TEST_F(UnsavedRowsTest, TheNewRowLineIsMeantThoughTheSavedLineChangedItsGroup)
               R"(["Bus"] ["Food"] ["Rent"] ["Water"])");
 }
 
-TEST_F(UnsavedRowsTest, TheClickedLineIsMeantThoughTheSavedOneMovedTheLines)
+TEST_F(UnsavedRowsTest, TheClickedLineIsMeantEvenIfTheSavedLineMovedTheLines)
 {
     AddBudget("2006-3", "Food", "1", "A");
     AddBudget("2006-3", "Rent", "1", "B");
@@ -189,7 +190,7 @@ TEST_F(UnsavedRowsTest, TheClickedLineIsMeantThoughTheSavedOneMovedTheLines)
     EXPECT_EQ(Current(), "6/2");
 }
 
-TEST_F(UnsavedRowsTest, ANewRecordOpensTheNewRowLineThoughTheSavedLineMovedIt)
+TEST_F(UnsavedRowsTest, ANewRecordOpensTheNewRowLineEvenIfTheSavedLineMovedIt)
 {
     AddBudget("2006-3", "Bus", "1", "A");
     AddBudget("2006-3", "Food", "1", "A");
@@ -201,7 +202,7 @@ TEST_F(UnsavedRowsTest, ANewRecordOpensTheNewRowLineThoughTheSavedLineMovedIt)
     EXPECT_EQ(Current(), RowsOf("new").at(0)["row"].dump() + "/1 editing");
 }
 
-TEST_F(UnsavedRowsTest, ARowGivenUpIsTheViewsAccountAsItIsStored)
+TEST_F(UnsavedRowsTest, ADiscardedRowIsTheViewsAccountAsItIsStored)
 {
     Edit(1, 3, "B-9");
     Edit(1, 2, "Loan");

@@ -1,4 +1,4 @@
-// How wide the columns are, and how the totals line stands below them.
+// The widths of the columns, and the place of the totals line below them.
 
 #include <cmath>
 #include <map>
@@ -12,7 +12,7 @@ struct ViewWidths {
     const char* node;
     std::map<int, double> fractions;  ///< by column
     int rest;                         ///< column that takes what remains; 0: none
-    int firstTotal = 0;               ///< column above the first amount; 0: not settled
+    int firstTotal = 0;               ///< column above the first amount; 0: not fixed
     int secondTotal = 0;
 };
 
@@ -74,7 +74,7 @@ TEST_P(WidthsTest, ColumnsAreFractionsOfTheUsableWidth)
     }
 }
 
-TEST_P(WidthsTest, TheLastColumnTakesWhatTheOthersLeave)
+TEST_P(WidthsTest, TheLastColumnGetsTheRemainingWidth)
 {
     const int rest = GetParam().rest;
     if (rest == 0)
@@ -99,7 +99,7 @@ TEST_P(WidthsTest, AWindowTooSmallForAnyColumnHasNoNegativeWidth)
     EXPECT_GE(Of("txtTotal2", "width"), 0);
 }
 
-TEST_P(WidthsTest, TheAmountsStandUnderTheirColumnsWithTheLabelLeftOfThem)
+TEST_P(WidthsTest, TheAmountsAreUnderTheirColumnsWithTheLabelLeftOfThem)
 {
     Resize(1000, 700);
 
@@ -124,7 +124,7 @@ INSTANTIATE_TEST_SUITE_P(EveryView, WidthsTest, testing::ValuesIn(kViews),
 
 class WidthsOfNoViewTest : public Scenario {};
 
-TEST_F(WidthsOfNoViewTest, AnyOtherViewLeavesTheWidths)
+TEST_F(WidthsOfNoViewTest, AnyOtherViewKeepsTheWidths)
 {
     const Json before = Columns();
     SetView("HoldRefresh", true);

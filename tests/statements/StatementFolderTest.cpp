@@ -12,8 +12,8 @@
 #include "tests/support/Books.h"
 #include "tests/support/TestNames.h"
 
-// Imports every statement of the folder named by CLB_STATEMENTS into fresh books, with a new
-// account for each, and compares what is there afterwards with the folder's expected.json.
+// Imports every statement of the folder named by CLB_STATEMENTS into fresh books, each with a new
+// account, and compares the result with the folder's expected.json.
 
 namespace clb {
 
@@ -62,7 +62,8 @@ class StatementFolderTest : public ::testing::TestWithParam<std::string> {
 protected:
     StatementFolderTest()
     {
-        // Whoever imported from the folder has left the file repaired and its original beside it.
+        // A person who imported from the folder has left the file repaired and its original beside
+        // it.
         const fs::path original = Folder() / (GetParam() + ".org");
         fs::copy_file(fs::exists(original) ? original : Folder() / GetParam(), path_);
         fs::permissions(path_, fs::perms::owner_all);
@@ -82,7 +83,7 @@ protected:
     }
     json Number(const std::string& select) { return json(std::stoi(books_.One(select))); }
 
-    /// The first or last row by the order given, in the fields of the file's description.
+    /// The first or last row in the given order, with the fields of the file's description.
     json Row(const std::string& order)
     {
         Recordset row;
@@ -105,7 +106,7 @@ protected:
         return fields;
     }
 
-    /// The description's row with its amount written as ours.
+    /// The description's row with its amount written in the program's way.
     static json Plain(json row)
     {
         if (row.is_object())
@@ -117,7 +118,7 @@ protected:
         const json& kind = Expected().at(GetParam()).at("kind");
         return kind == "OFX" ? 2 : kind == "QIF" ? 3 : 0;
     }
-    /// The first or last row, in the fields that the description has.
+    /// The first or last row, with the fields that the description has.
     json RowLike(const json& described, const std::string& order)
     {
         json row = Row(order);
@@ -127,7 +128,7 @@ protected:
     }
     static Money Amount(const json& text) { return Money::Parse(text.get<std::string>()); }
 
-    /// The message that the description stands for, as a list of the boxes shown.
+    /// The message that the description requires, as a list of the boxes shown.
     std::vector<FakeMessageBox::Box> ExpectedBoxes()
     {
         const json& expected = Expected().at(GetParam());
@@ -189,7 +190,7 @@ TEST_P(StatementFolderTest, YieldsWhatItsDescriptionSays)
     EXPECT_EQ(sum, Amount(expected.at("sum")));
 }
 
-TEST_P(StatementFolderTest, GoesIntoTheAccountThatItNames)
+TEST_P(StatementFolderTest, IsImportedIntoTheAccountThatItNames)
 {
     const json& expected = Expected().at(GetParam());
 

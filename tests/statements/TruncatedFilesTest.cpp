@@ -25,7 +25,8 @@ TEST_P(TruncatedFilesTest, AddOnlyWholeTransactionsWhereverTheyAreCut)
         GTEST_SKIP() << "the folder has no such file";
     CutStatement statement(GetParam(), bytes);
 
-    // Every offset of a small file; a large one's in steps that meet every place within a line.
+    // Tries every offset of a small file; in a large one, steps that reach every place within a
+    // line.
     const std::size_t step = bytes.size() <= 4096 ? 1 : 13;
     for (std::size_t length = 0; length < statement.Size(); length += step)
         statement.ExpectWholeTransactionsOnly(length);

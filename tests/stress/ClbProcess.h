@@ -8,7 +8,7 @@
 
 namespace clb {
 
-/// One run of clb, in a process of its own.
+/// One run of clb, in its own process.
 class ClbProcess {
 public:
     /// Starts clb and does not wait for it. Throws std::runtime_error if it cannot be started.

@@ -1,5 +1,5 @@
-// Another program writes while a register is shown: the next command works on what is stored, and
-// a row's number means the row that was shown under it.
+// Another program writes while a register is shown. The next command works on what is stored, and a
+// row's number means the row that was shown with it.
 
 #include "tests/stress/TwoPrograms.h"
 
@@ -18,7 +18,7 @@ TEST_F(FreshRowsTest, ARowThatAnotherProgramAddedIsShownFromTheNextCommandOn)
     EXPECT_EQ(Window()["totals"]["first"], "-100.00");
 }
 
-TEST_F(FreshRowsTest, ADeletedRowIsGoneFromTheNextCommandOn)
+TEST_F(FreshRowsTest, ADeletedRowIsMissingFromTheNextCommandOn)
 {
     OtherSql("DELETE FROM Trans WHERE Sequence = 2");
 
@@ -50,7 +50,7 @@ TEST_F(FreshRowsTest, AClickShowsWhatAnotherProgramHasImported)
     EXPECT_EQ(RowsOf("data").size(), 4u);
 }
 
-TEST_F(FreshRowsTest, WritingOfOtherProgramsIsNoReloadOfTheView)
+TEST_F(FreshRowsTest, WritesOfOtherProgramsDoNotReloadTheView)
 {
     OtherAdds(4, "-40");
     Grid();
@@ -90,7 +90,7 @@ TEST_F(FreshRowsTest, ARowsNumberMeansTheRowThatWasShownUnderIt)
     EXPECT_EQ(StoredBalance(), "-105");
 }
 
-TEST_F(FreshRowsTest, ItMeansThatUntilTheGridIsAskedAgain)
+TEST_F(FreshRowsTest, ARowsNumberKeepsItsMeaningUntilTheGridIsReadAgain)
 {
     Grid();
     OtherAdds(4, "-40");
@@ -147,7 +147,7 @@ TEST_F(FreshRowsTest, ACommandDoesNotReachTheRowAfterADeletedOne)
     }
 }
 
-TEST_F(FreshRowsTest, ASplitIsMadeOfTheStoredAmountOrRefused)
+TEST_F(FreshRowsTest, ASplitUsesTheStoredAmountOrIsRefused)
 {
     Grid();
     Move(1, 1);
@@ -173,7 +173,7 @@ TEST_F(FreshRowsTest, ASplitGetsAPieceNumberThatNoOtherProgramHasGiven)
               "[0] [1] [2]");
 }
 
-TEST_F(FreshRowsTest, AMovedRowMovesOnFromTheMonthWhereItIsNow)
+TEST_F(FreshRowsTest, ASecondMoveStartsFromTheMonthWhereTheRowIsNow)
 {
     Grid();
     Move(1, 1);
@@ -186,7 +186,7 @@ TEST_F(FreshRowsTest, AMovedRowMovesOnFromTheMonthWhereItIsNow)
     EXPECT_EQ(Rows("SELECT Sequence FROM Trans WHERE Period = 3 ORDER BY Sequence"), "[1] [2]");
 }
 
-TEST_F(FreshRowsTest, ANewRowGetsANumberOfItsOwnBesideAnImport)
+TEST_F(FreshRowsTest, ANewRowGetsItsOwnNumberDuringAnImport)
 {
     Edit("new", 2, "Entered");
     Edit("new", 3, "-5");
@@ -201,7 +201,7 @@ TEST_F(FreshRowsTest, ANewRowGetsANumberOfItsOwnBesideAnImport)
     EXPECT_EQ(StoredBalance(), "-85");
 }
 
-TEST_F(FreshRowsTest, ANewRowGoesToItsAccountUnderTheNewNumber)
+TEST_F(FreshRowsTest, ANewRowIsStoredInItsAccountUnderTheNewNumber)
 {
     OtherSql("UPDATE Account SET AccountID = 'B-9' WHERE AccountID = 'B-1'");
 
@@ -227,7 +227,7 @@ TEST_F(FreshRowsTest, ATypedRowIsNotStoredUnderANumberThatNoAccountHas)
     EXPECT_EQ(Dirty(), !saved);
 }
 
-TEST_F(FreshRowsTest, ADeletedAccountTakesNoNewRows)
+TEST_F(FreshRowsTest, ADeletedAccountGetsNoNewRows)
 {
     OtherSql("DELETE FROM Trans WHERE AccountID = 'B-1'");
     OtherSql("DELETE FROM Account WHERE AccountID = 'B-1'");

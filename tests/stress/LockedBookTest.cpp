@@ -1,4 +1,4 @@
-// Another program holds the book: commands wait for it, and say so if it is not done in time.
+// Another program holds the book: commands wait for it, and report if it takes too long.
 
 #include <atomic>
 #include <chrono>
@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* kLocked = "is locked by another program.";
 
-/// Holds the write lock of the book until told, or for a time.
+/// Holds the write lock of the book until it is released, or for a time.
 class Holder {
 public:
     explicit Holder(const std::string& folder) : book_(folder) { book_.Run("BEGIN IMMEDIATE"); }
@@ -86,7 +86,7 @@ TEST_F(LockedBookTest, CommandsOfTheCommandLineWaitAsWell)
     EXPECT_EQ(RawBook(folder.Path()).Faults(), std::vector<std::string>());
 }
 
-TEST_F(LockedBookTest, WhatCannotWaitLongerSaysSoAndChangesNothing)
+TEST_F(LockedBookTest, ACommandThatWaitedTooLongSaysSoAndChangesNothing)
 {
     Grid();
     Edit(1, 3, "-35");
@@ -98,10 +98,10 @@ TEST_F(LockedBookTest, WhatCannotWaitLongerSaysSoAndChangesNothing)
 
     const Json reply = Try({{"do", "save"}});
 
-    std::string told = ToLine(reply);
+    std::string answers = ToLine(reply);
     for (const Json& box : EventsOf("box"))
-        told += ToLine(box);
-    EXPECT_THAT(told, testing::HasSubstr(kLocked));
+        answers += ToLine(box);
+    EXPECT_THAT(answers, testing::HasSubstr(kLocked));
     for (const auto* process : {&import, &split, &move}) {
         EXPECT_EQ((*process)->Wait(), 1) << (*process)->Story();
         EXPECT_THAT((*process)->Err(), testing::HasSubstr(kLocked));

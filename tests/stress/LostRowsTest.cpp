@@ -1,5 +1,5 @@
-// Another program deletes rows without storing the balance anew: the next change of a row lists the
-// balance that no longer fits before it is worked out again.
+// Another program deletes rows without updating the stored balance. The next change of a row lists
+// the wrong balance before it is recomputed.
 
 #include "tests/stress/TwoPrograms.h"
 
@@ -23,7 +23,7 @@ protected:
 constexpr int kAmount = 3;
 constexpr const char* kNoticed = "B-1|-60|-40|window";
 
-TEST_F(LostRowsTest, AnEditedRowLeavesTheTraceAndACheckReportsIt)
+TEST_F(LostRowsTest, AnEditedRowListsTheBalanceAndACheckReportsIt)
 {
     Edit(1, kAmount, "-35");
     Save();

@@ -14,7 +14,8 @@ class QuotesMeanwhileTest : private QuoteService, public TwoPrograms {
 protected:
     QuotesMeanwhileTest() : TwoPrograms({"--quote-service", server.Address()}) {}
 
-    /// A holding at 7. While the service works on its request, another program runs the statement.
+    /// Adds a holding with the price 7. While the service works on its request, another program
+    /// runs the statement.
     void Hold(const std::string& symbol, const std::string& meanwhile)
     {
         OtherSql("INSERT INTO Investment (StockSymbol, LastPrice) VALUES ('" + symbol + "', 7)");
@@ -101,8 +102,8 @@ TEST_F(QuotesMeanwhileTest, AHoldingThatWasAddedMeanwhileWaitsForTheNextUpdate)
     EXPECT_EQ(Prices(), R"(["ACME","12"] ["NEW","7"])");
 }
 
-// Rows were matched by their place: a price of another holding, or none at all, stood as the one
-// before.
+// Symptom: rows were matched by their place, so the old price shown was that of another holding, or
+// none.
 TEST_F(QuotesMeanwhileTest, TheCommandLineMatchesHoldingsThatCameAndWentMeanwhile)
 {
     folder.Write("cvlb.ini", "[Settings]\r\nQuoteService=" + ServiceAddress() + "\r\n");

@@ -12,7 +12,7 @@ struct sqlite3;
 
 namespace clb {
 
-/// An own connection to the file of a book.
+/// A separate connection to the file of a book.
 class RawBook {
 public:
     /// Opens DIR/db/clb.mdb. Throws std::runtime_error if that fails.
@@ -27,8 +27,8 @@ public:
 
     /// The transactions by their number.
     std::map<std::int32_t, Transaction> Transactions();
-    /// Sentences about everything that no order of commands can lead to: numbers and identifiers
-    /// given twice, balances that are not the sums of their rows, categories without a budget line.
+    /// Describes everything that no order of commands can lead to: numbers and identifiers that
+    /// occur twice, balances that are not the sums of their rows, categories without a budget line.
     std::vector<std::string> Faults();
 
 private:

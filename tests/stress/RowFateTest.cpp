@@ -1,4 +1,4 @@
-// A row that is gone from the view: what the program says another one has done to it.
+// A row has disappeared from the view: what the program reports about the other program's change.
 
 #include "tests/stress/TwoPrograms.h"
 
@@ -22,7 +22,7 @@ protected:
     }
 };
 
-/// All of these were said to have deleted the row.
+/// Symptom: in all these cases the program said that the row was deleted.
 TEST_F(RowFateTest, ARowThatWasMovedIsNotCalledDeleted)
 {
     EXPECT_EQ(AfterOther("UPDATE Trans SET AccountID = 'B-2' WHERE Sequence = 3"),

@@ -1,5 +1,5 @@
-// A row is typed into while another program changes or deletes the same row: nothing is
-// overwritten or lost in silence.
+// The user types into a row while another program changes or deletes the same row. Nothing is
+// overwritten or lost silently.
 
 #include "tests/stress/TwoPrograms.h"
 
@@ -112,7 +112,7 @@ TEST_F(SameRowTest, CellsThatOnlyOneSideChangedAreMergedWithoutAQuestion)
     EXPECT_EQ(Column(kNotes), R"("theirs" null null)");
 }
 
-TEST_F(SameRowTest, AChangeOfAnotherRowIsNoQuestion)
+TEST_F(SameRowTest, AChangeOfAnotherRowAsksNoQuestion)
 {
     Type(kAmount, "-35");
     OtherSql("UPDATE Trans SET Amount = -25 WHERE Sequence = 2");
@@ -163,7 +163,7 @@ TEST_F(SameRowTest, WhatWasTypedIntoADeletedRowStaysTyped)
     EXPECT_EQ(Stored(), "1:-10 2:-20");
 }
 
-TEST_F(SameRowTest, WhatWasTypedIntoADeletedRowCanBeGivenUp)
+TEST_F(SameRowTest, WhatWasTypedIntoADeletedRowCanBeDiscarded)
 {
     Type(kAmount, "-35");
     OtherSql("DELETE FROM Trans WHERE Sequence = 3");
@@ -181,8 +181,8 @@ TEST_F(SameRowTest, WhatWasTypedIntoADeletedRowCanBeGivenUp)
     EXPECT_EQ(Stored(), "1:-10 2:-25");
 }
 
-// The storage gives the place of the last row, and the program its number, to the next new row.
-TEST_F(SameRowTest, TheRowThatTookThePlaceOfTheDeletedOneIsNotWritten)
+// The storage reuses the row id of the last row, and the program its number, for the next new row.
+TEST_F(SameRowTest, TheRowThatReplacedTheDeletedOneIsNotWritten)
 {
     Type(kAmount, "-35");
     OtherSql("DELETE FROM Trans WHERE Sequence = 3");
@@ -223,7 +223,7 @@ TEST_F(SameRowTest, ABudgetedAmountOfTwoProgramsIsAskedAbout)
     EXPECT_EQ(Rows("SELECT Amount FROM Budget WHERE Category = 'Food'"), R"(["120"])");
 }
 
-// The view has a column that is calculated; comparing the row read past its stored fields.
+// Symptom: the view has a calculated column, and comparing the row read past its stored fields.
 TEST_F(SameRowTest, ALoanIsAskedAboutAsWell)
 {
     OtherSql("INSERT INTO Account (AccountID, Type, Description) VALUES ('L-1', 'Loan', 'House')");

@@ -45,10 +45,10 @@ Json Session::Ask(const Json& request)
 {
     const std::string line = ToLine(request);
     Json reply = program_.AskLine(line);
-    const std::string told = ToLine(reply);
+    const std::string answer = ToLine(reply);
     if (reply["ok"] == false)
-        Hear(told);
-    story_ += line + " -> " + told.substr(0, 300) + "\n";
+        Hear(answer);
+    story_ += line + " -> " + answer.substr(0, 300) + "\n";
     return reply;
 }
 

@@ -12,7 +12,7 @@
 
 namespace clb {
 
-/// Works in one register as a user does. Each action is recorded as steps of its transaction.
+/// Works in one register as a user does, and records each action as steps of its transaction.
 class Session {
 public:
     /// Starts the program. Calls `pause` between the requests of an action.
@@ -45,7 +45,7 @@ public:
 
 private:
     Json Ask(const Json& request);
-    /// Takes note of an error or the text of a box.
+    /// Evaluates an error or the text of a box.
     void Hear(const std::string& text);
     /// The events since the last call.
     Json Log();

@@ -1,4 +1,4 @@
-// What the programs of a round reported, held against the book.
+// Compares what the programs of a round reported with the book.
 
 #include "base/Money.h"
 #include "json/ValueJson.h"
@@ -7,17 +7,17 @@
 namespace clb {
 namespace {
 
-/// Whether a command says that the transaction is not there, or not any more.
-bool SaysMissing(const std::string& told)
+/// Whether a command says that the transaction does not exist, or no longer exists.
+bool SaysMissing(const std::string& message)
 {
-    return told.find("There is no transaction") != std::string::npos ||
-           told.find("deleted") != std::string::npos;
+    return message.find("There is no transaction") != std::string::npos ||
+           message.find("deleted") != std::string::npos;
 }
 
-/// Whether a command says that another program has changed the transaction meanwhile.
-bool SaysChanged(const std::string& told)
+/// Whether a command says that another program has changed the transaction.
+bool SaysChanged(const std::string& message)
 {
-    return told.find("has changed") != std::string::npos;
+    return message.find("has changed") != std::string::npos;
 }
 
 }  // namespace

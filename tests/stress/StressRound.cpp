@@ -54,7 +54,7 @@ void StressRound::Run()
     Compare();
 }
 
-/// A few pieces of the shown register, which all programs work on, so that they meet.
+/// Chooses a few pieces of the shown register for all programs, so that they meet.
 void StressRound::ChooseTargets()
 {
     for (const auto& [number, transaction] : before_)
@@ -194,7 +194,7 @@ std::string StressRound::Story() const
     return story + sessionStory_;
 }
 
-/// Only who has waited long may say that the file is locked.
+/// Only a program that has waited long may say that the file is locked.
 bool StressRound::FileWasLocked()
 {
     bool locked = sessionLocked_;

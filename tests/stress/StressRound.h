@@ -1,4 +1,5 @@
-// One round of the stress test: several programs change one book at once, then all is compared.
+// One round of the stress test: several programs change one book at once, then everything is
+// compared.
 #pragma once
 #include <cstdint>
 #include <map>
@@ -15,7 +16,7 @@
 
 namespace clb {
 
-/// Starts the programs, waits for them and holds what they reported against the book.
+/// Starts the programs, waits for them, and compares what they reported with the book.
 class StressRound {
 public:
     /// `book` is the program folder. `name` must differ between rounds.
@@ -29,7 +30,7 @@ public:
     [[nodiscard]] const std::string& Faults() const { return faults_; }
     /// Whether a program waited for the file longer than programs must wait. Nothing was compared.
     [[nodiscard]] bool Overloaded() const { return overloaded_; }
-    /// All that the programs were told and what they answered.
+    /// All commands and requests of the programs, and their answers.
     [[nodiscard]] std::string Story() const;
 
 private:
@@ -42,7 +43,7 @@ private:
     struct Command {
         std::int32_t number = 0;
         std::int32_t piece = 0;
-        bool split = false;  ///< else a move
+        bool split = false;  ///< false: a move
         std::int64_t amount = 0;
         std::int32_t direction = 0;
         ClbProcess* process = nullptr;

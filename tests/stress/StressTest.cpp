@@ -1,7 +1,7 @@
-// Several programs change one book at once: nothing is lost, doubled or put elsewhere.
-// CLB_STRESS_ROUNDS and CLB_STRESS_SEED choose how many rounds there are and how they are made up.
-// CLB_STRESS_FAILURES: how many may fail before the test stops. CLB_STRESS_IN_TURN=1 lets the
-// programs run one after the other: what fails then as well has nothing to do with other programs.
+// Several programs change one book at once: nothing is lost, doubled or misplaced.
+// CLB_STRESS_ROUNDS sets the number of rounds, CLB_STRESS_SEED what they do. CLB_STRESS_FAILURES is
+// the number of failures after which the test stops. CLB_STRESS_IN_TURN=1 runs the programs one
+// after the other: a round that still fails then does not fail because of other programs.
 
 #include <gtest/gtest.h>
 

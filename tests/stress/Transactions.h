@@ -45,19 +45,19 @@ struct Step {
     Kind kind = Kind::Missing;
     std::string program;  ///< its own steps happened in the order of the list
     std::int32_t piece = 0;
-    // Of a split. What was not reported is not checked.
+    // These describe a split. Values that were not reported are not checked.
     std::int64_t amount = 0;
     std::optional<std::int64_t> reportedFirst = std::nullopt;
     std::optional<std::int32_t> reportedPiece = std::nullopt;
-    // Of a move.
+    // These describe a move.
     std::int32_t direction = 0;
     std::optional<Month> reportedMonth = std::nullopt;
-    // Of typing and saving.
+    // These describe typing and saving.
     Cell cell = Cell::Amount;
     std::string text = {};  ///< an amount as its number of 1/10000
     std::optional<bool> mine =
         std::nullopt;  ///< the answer, if the program asked whose change to keep
-    /// Of a missing piece: the month in which it was looked for. Empty means any.
+    /// The month in which a missing piece was looked for. Empty means any.
     std::optional<Month> shown = std::nullopt;
 };
 

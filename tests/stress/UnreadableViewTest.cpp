@@ -1,5 +1,5 @@
-// A view that cannot be read, for a lock or for a cell, is empty until it can be; the rest of the
-// window goes on.
+// A view that cannot be read, because of a lock or a cell, is empty until it can be read; the rest
+// of the window goes on.
 
 #include "tests/stress/TwoPrograms.h"
 
@@ -48,7 +48,8 @@ TEST_F(UnreadableViewTest, TheViewThatFailsIsEmptyAndTheNextOneShows)
     EXPECT_EQ(Column(kAmount), R"("-4")");
 }
 
-/// Every later click was answered with "Operation is not allowed when the object is closed."
+/// Symptom: every later click was answered with "Operation is not allowed when the object is
+/// closed."
 TEST_F(UnreadableViewTest, WhatOthersWriteThenIsReadAgain)
 {
     Click("Savings");
@@ -79,7 +80,7 @@ TEST_F(UnreadableViewTest, ANewRecordReadsItAgainOrSaysWhyNot)
     EXPECT_EQ(Column(kAmount), R"("-30" "-20" "-10")");
 }
 
-/// What others write into the shown view itself.
+/// Another program writes into the shown view itself.
 TEST_F(UnreadableViewTest, ACellThatSpoilsTheShownViewKeepsNobodyFromLeavingIt)
 {
     Move(1, 1);
@@ -111,7 +112,7 @@ TEST_F(UnreadableViewTest, AfterALockTheNextClickShowsTheView)
     EXPECT_EQ(Column(kAmount), R"("-30" "-20" "-10")");
 }
 
-/// An account's cell spoils the tree's accounts as well.
+/// A cell of an account spoils the accounts in the tree as well.
 TEST_F(UnreadableViewTest, ATreeThatCannotBeReadStaysUntilItCan)
 {
     RawBook(folder.Path())

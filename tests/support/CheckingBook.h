@@ -1,3 +1,4 @@
+// The smallest book that tests use.
 #pragma once
 #include <string>
 #include <vector>
@@ -5,7 +6,7 @@
 namespace clb {
 
 /// Statements that make the smallest book: the account "Checking" with one row, -12.50 for Food at
-/// the Deli on 4 March 2006, its balance not stored yet. more: statements to run after them.
+/// the Deli on 4 March 2006. Its balance is not stored yet. more: statements to run afterwards.
 inline std::vector<std::string> CheckingBook(const std::vector<std::string>& more = {})
 {
     std::vector<std::string> statements = {

@@ -1,3 +1,4 @@
+// Fakes for everything outside the program, in one object.
 #pragma once
 #include <string>
 
@@ -8,8 +9,8 @@ namespace clb {
 
 /// A fake for everything that the program needs from outside.
 struct FakeOutside {
-    /// The ports of a program over this folder. They borrow the fakes. keepsCopies: as a person's
-    /// own books, not as under automation.
+    /// Returns the ports of a program over this folder. They borrow the fakes. keepsCopies: makes
+    /// backups, as for a person's own books and not as under automation.
     Ports PortsOver(const std::string& folder, bool keepsCopies = false)
     {
         return {folder, clock, messages, files, shell, pointer,

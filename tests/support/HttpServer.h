@@ -44,10 +44,10 @@ public:
     void On(const std::string& text, Answer answer);
     /// The heads of all requests so far, as received.
     [[nodiscard]] std::vector<std::string> Heads() const;
-    /// Their first lines: "GET /path HTTP/1.1".
+    /// The first lines of these heads: "GET /path HTTP/1.1".
     [[nodiscard]] std::vector<std::string> FirstLines() const;
 
-    /// Returns a port of this machine on which nobody listens.
+    /// Returns a port of this machine on which no program listens.
     static int FreePort();
 
 private:

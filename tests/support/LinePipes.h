@@ -1,4 +1,4 @@
-// A child process that is talked to in lines.
+// A child process that exchanges lines with a test.
 #pragma once
 #include <sys/types.h>
 
@@ -24,7 +24,8 @@ public:
     std::string Read();
 
     [[nodiscard]] bool HasLine() const { return received_.find('\n') != std::string::npos; }
-    /// Receives what is there, without waiting. Returns false at the end of the output.
+    /// Receives the output that is available, without waiting. Returns false at the end of the
+    /// output.
     bool Poll();
 
     /// Closes its input, receives the remaining output and waits for it to exit. Returns the exit

@@ -28,7 +28,7 @@ private:
     std::string line_;
 };
 
-/// Hands a line over each time it is flushed.
+/// Passes a line on each time it is flushed.
 class Output : public std::streambuf {
 public:
     explicit Output(const TakeLine& take) : take_(take) { line_.reserve(kLongestLine); }

@@ -44,7 +44,7 @@ TEST(TotalsPlaceTest, ALoneAmountHasRoomBelowANarrowColumn)
     EXPECT_LE(Right(books.window.lblTotal), books.window.txtTotal.Place().left);
 }
 
-TEST(TotalsPlaceTest, WidthsOfAnEarlierStartStayWithinReason)
+TEST(TotalsPlaceTest, WidthsFromAnEarlierStartAreLimited)
 {
     Books books;
 

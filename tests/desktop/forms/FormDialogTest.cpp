@@ -256,7 +256,7 @@ TEST_F(OptionsDialogTest, CancelKeepsNothing)
     EXPECT_EQ(Counted(), before);
 }
 
-TEST(OtherFormTest, AFormWithoutAnArrangementOfItsOwnShowsAllItsControls)
+TEST(OtherFormTest, AFormWithoutItsOwnArrangementShowsAllItsControls)
 {
     FakeMessageBox messages;
     UserEvents events(messages);

@@ -74,7 +74,7 @@ TEST(MessageBoxTest, AShortTextIsShownInAPlainBoxWithItsIconTitleAndButtons)
     EXPECT_EQ(plain->standardButtons(), QMessageBox::Yes | QMessageBox::No);
 }
 
-TEST(MessageBoxTest, EachKindOfMessageHasAnIconOfItsOwn)
+TEST(MessageBoxTest, EachKindOfMessageHasItsOwnIcon)
 {
     std::vector<QImage> seen;
     for (const std::int32_t style : {box_style::Critical, box_style::Question,

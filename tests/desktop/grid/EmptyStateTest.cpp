@@ -110,7 +110,7 @@ TEST_F(EmptyStateTest, TheLinksAreReachedAndPressedByKeys)
     QWidget* link = Link("Copy the previous month's budget");
     ASSERT_TRUE(link);
 
-    // Through the tree and the grid's cells.
+    // Tab goes through the tree and the grid's cells first.
     for (int step = 0; step < 12 && QApplication::focusWidget() != link; ++step)
         Key(*QApplication::focusWidget(), Qt::Key_Tab);
     ASSERT_EQ(QApplication::focusWidget(), link);

@@ -127,7 +127,7 @@ TEST_F(GridEditingTest, EnterSavesTheRowAndGoesToTheNext)
     EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans WHERE Description = 'Mill'"), "1");
 }
 
-TEST_F(GridEditingTest, EnterOnTheNewRowsLineIsReadyForAnother)
+TEST_F(GridEditingTest, EnterOnANewRowBeginsAnother)
 {
     ClickCell(5, kDate);
     Type("2006-03-09");
@@ -204,7 +204,7 @@ TEST_F(GridEditingTest, HomeAndEndStayInTheTextWhileEditing)
     EXPECT_EQ(Current(), Cell(2, kDescription));
 }
 
-TEST_F(GridEditingTest, EscapeGivesUpTheCellAndAgainTheRow)
+TEST_F(GridEditingTest, EscapeDiscardsTheCellAndAgainTheRow)
 {
     const std::string before = Text(1, kDescription);
     ClickCell(1, kAmount);
@@ -324,7 +324,7 @@ TEST_F(GridEditingTest, ACategoryCompletesAsItIsTyped)
     EXPECT_EQ(Text(1, kCategory), "Groceries");
 }
 
-TEST_F(GridEditingTest, DeletingTheCompletionLeavesWhatWasTyped)
+TEST_F(GridEditingTest, DeletingTheCompletionKeepsWhatWasTyped)
 {
     ClickCell(1, kCategory);
     Type("Gr");

@@ -26,7 +26,7 @@ TEST_F(GridViewTest, AClickMakesTheCellCurrentAndGivesTheGridTheFocus)
     EXPECT_TRUE(GridWidget(window_).hasFocus());
 }
 
-TEST_F(GridViewTest, AClickBesideTheRowsOnlyGivesTheFocus)
+TEST_F(GridViewTest, AClickOutsideTheRowsOnlySetsTheFocus)
 {
     const QRect last = GridWidget(window_).Layout().CellRect(5, 1);
     ClickAt(*GridWidget(window_).viewport(), last.translated(0, 3 * last.height()));

@@ -14,7 +14,7 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 
-/// What was announced while a test ran: kind, and name of what it is about.
+/// What was announced while a test ran: the kind of event and the name of the object.
 std::vector<std::pair<QAccessible::Event, std::string>>& Announced()
 {
     static std::vector<std::pair<QAccessible::Event, std::string>> announced;
@@ -170,7 +170,7 @@ TEST_F(ScreenReaderTest, WhatWasTypedIsReportedAsTheCellsNewValue)
     EXPECT_EQ(ToUtf8(Table()->tableInterface()->rowDescription(1)), "Row 2, changed");
 }
 
-TEST_F(ScreenReaderTest, OtherRowsAreReportedAndOldCellsAreGone)
+TEST_F(ScreenReaderTest, ReplacedRowsAreReportedAndOldCellsAreGone)
 {
     QAccessibleInterface* old = Cell(4, 3);
     const QAccessible::Id id = QAccessible::uniqueId(old);
@@ -256,7 +256,7 @@ TEST_F(ScreenReaderTest, TheTreesNodesHaveTheirTextsAndTheSelectedOneIsReported)
                                    "Loan", "Car"));
 }
 
-TEST_F(ScreenReaderTest, AnotherYearIsReported)
+TEST_F(ScreenReaderTest, AChangedYearIsReported)
 {
     MenuAction("Back")->trigger();
     Announced().clear();

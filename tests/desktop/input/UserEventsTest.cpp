@@ -32,7 +32,7 @@ protected:
     UserEvents events_;
 };
 
-// Symptom: the file had half of an import, with the balances of before.
+// Symptom: the file had half of an import, with the old balances.
 TEST_F(UserEventsTest, ACommandWithoutMemoryIsTakenBackAndSaysSo)
 {
     const bool done = events_.Run([this] {

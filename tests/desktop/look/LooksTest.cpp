@@ -104,7 +104,8 @@ TEST_P(LooksTest, PicturesAreDrawnInTheDevicesOwnPixels)
 
     EXPECT_EQ(picture.size(), QSize(60, 60));
     EXPECT_EQ(picture.deviceIndependentSize(), QSizeF(20, 20));
-    // A picture made larger afterwards would be soft: the page's straight left edge is not.
+    // A picture that is enlarged afterwards has soft edges. The page's straight left edge must be
+    // sharp.
     const QImage image = picture.toImage();
     int soft = 0;
     for (int x = 0; x < 30; ++x) {

@@ -59,7 +59,7 @@ TEST_F(ShellPortTest, NothingButAWebAddressOpens)
     EXPECT_EQ(OpenedFor("help:harm"), "");
 }
 
-TEST_F(ShellPortTest, WithoutTheNamedHelpFileThePagesBesideItOpen)
+TEST_F(ShellPortTest, WithoutTheNamedHelpFileThePagesInItsFolderOpen)
 {
     folder.Write("Help/index.html", "<p>help</p>");
 

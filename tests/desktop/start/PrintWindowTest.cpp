@@ -58,7 +58,7 @@ TEST_F(PrintWindowTest, TheCaptionsAreOnEveryPage)
     EXPECT_TRUE(second.contains(QStringLiteral("Pear")));
 }
 
-TEST_F(PrintWindowTest, WhatCannotBeReadOrWrittenFails)
+TEST_F(PrintWindowTest, AFileThatCannotBeReadOrWrittenIsAnError)
 {
     EXPECT_EQ(PrintDocument(folder_.Path("missing.html"), folder_.Path("paper.pdf")), 1);
 

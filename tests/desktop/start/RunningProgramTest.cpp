@@ -144,7 +144,7 @@ TEST_F(RunningProgramTest, StartsOverOtherFoldersDoNotMeet)
     EXPECT_TRUE(second.BecomeFirst({}));
 }
 
-TEST_F(RunningProgramTest, TheNextStartIsFirstOnceTheFirstHasEnded)
+TEST_F(RunningProgramTest, TheNextStartIsFirstAfterTheFirstHasEnded)
 {
     {
         RunningProgram first(home_.Path());
@@ -177,7 +177,7 @@ TEST_F(RunningProgramTest, ALockThatAPowerCutLeftEmptyDoesNotCount)
     EXPECT_TRUE(RunningProgram(home_.Path()).BecomeFirst({}));
 }
 
-/// Another program may now have the number of the one that crashed.
+/// Another program may now have the number of the crashed one.
 TEST_F(RunningProgramTest, ALockWhoseNumberAnotherProgramHasDoesNotCount)
 {
     const QByteArray here = QSysInfo::machineHostName().toUtf8();

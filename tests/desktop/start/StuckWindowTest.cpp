@@ -46,7 +46,7 @@ protected:
     StuckWindow stuck_{books_.window, events_, window_};
 };
 
-TEST_F(StuckWindowTest, AnImportThatGoesThroughShowsNothing)
+TEST_F(StuckWindowTest, ASuccessfulImportShowsNothing)
 {
     const std::string file = books_.folder.Write("empty.qif", "!Type:Bank\r\n^\r\n");
     books_.files.answers.push_back(file);

@@ -79,7 +79,7 @@ TEST_F(CommandsTest, TheNewButtonAndItsKeysDoTheSame)
     EXPECT_EQ(Grid().Row(), 5U);
 }
 
-TEST_F(CommandsTest, DeleteAsksAndTakesTheCurrentRow)
+TEST_F(CommandsTest, DeleteAsksAndDeletesTheCurrentRow)
 {
     ClickNode("Checking");
     ClickCell(2, 2);
@@ -109,7 +109,7 @@ TEST_F(CommandsTest, TheDeleteKeyDeletesTextWhileEditing)
     EXPECT_EQ(GridWidget(window_).Editor().Line().text(), QStringLiteral("4.50"));
 }
 
-TEST_F(CommandsTest, ATransactionMovesToTheNeighbouringMonths)
+TEST_F(CommandsTest, ATransactionMovesToTheNextAndPreviousMonth)
 {
     ClickNode("Checking");
     ClickCell(1, 2);
@@ -265,7 +265,7 @@ protected:
     }
 };
 
-/// Moving, copying the budget, the options and an import once dropped what was typed.
+/// Symptom: moving, copying the budget, the options and an import dropped what was typed.
 TEST_P(RowInEditTest, IsSavedBeforeACommandReadsTheRows)
 {
     ClickNode("Checking");
@@ -325,7 +325,7 @@ INSTANTIATE_TEST_SUITE_P(Menus, NewRowInEditTest,
                                          Line{"mnuTools", "mnuT_Options"}),
                          [](const auto& test) { return test.param.item; });
 
-/// The key once read the rows without the one that was being typed.
+/// Symptom: the key read the rows without the one that was being typed.
 TEST_F(CommandsTest, TheKeyOfImportSavesTheRowInEditFirst)
 {
     ClickNode("Checking");

@@ -47,7 +47,7 @@ TEST_F(HandsTest, ControlWithPageDownAndUpStepsTheMonthFromAnywhere)
     EXPECT_EQ(Month(), "March 2006");
 }
 
-TEST_F(HandsTest, TheMonthsKeysRollTheYearAcrossDecember)
+TEST_F(HandsTest, TheMonthsKeysChangeTheYearAfterDecember)
 {
     for (int month = 3; month <= 12; ++month)
         Press(Qt::Key_PageDown, Qt::ControlModifier);
@@ -57,7 +57,7 @@ TEST_F(HandsTest, TheMonthsKeysRollTheYearAcrossDecember)
     EXPECT_EQ(Month(), "December 2006");
 }
 
-TEST_F(HandsTest, AKeyThatComesBeforeTheTreeWasDrawnAgainStepsOnFromTheOneBefore)
+TEST_F(HandsTest, AKeyBeforeTheTreeIsDrawnAgainContinuesFromTheKeyBefore)
 {
     TreeBinder& tree = TreeWidget(window_);
     ClickNode("Bank");
@@ -71,7 +71,7 @@ TEST_F(HandsTest, AKeyThatComesBeforeTheTreeWasDrawnAgainStepsOnFromTheOneBefore
     EXPECT_EQ(ToUtf8(tree.currentItem()->text(0)), "Cash");
 }
 
-TEST_F(HandsTest, TheWheelOverTheMonthRollsTheYearToo)
+TEST_F(HandsTest, TheWheelOverTheMonthChangesTheYearToo)
 {
     for (int month = 3; month > 0; --month)
         Turn(MonthWidget(window_), 120);
@@ -81,7 +81,7 @@ TEST_F(HandsTest, TheWheelOverTheMonthRollsTheYearToo)
     EXPECT_EQ(Month(), "February 2006");
 }
 
-TEST_F(HandsTest, AWheelOfFineStepsStepsTheMonthAfterAWholeOne)
+TEST_F(HandsTest, AWheelOfFineStepsChangesTheMonthAfterAWholeStep)
 {
     for (int part = 0; part < 3; ++part)
         Turn(MonthWidget(window_), -30);
@@ -98,7 +98,7 @@ TEST_F(HandsTest, TheWheelOverTheYearStepsIt)
     EXPECT_EQ(Month(), "March 2007");
 }
 
-TEST_F(HandsTest, ARefusedRowKeepsTheMonthWhateverTheHandDoes)
+TEST_F(HandsTest, ARefusedRowKeepsTheMonthForAnyKeyAndTheWheel)
 {
     ClickNode("Checking");
     ClickCell(1, 3);
@@ -129,7 +129,7 @@ TEST_F(HandsTest, AChangedRowIsSavedBeforeTheMonthIsLeft)
               1U);
 }
 
-TEST_F(HandsTest, TabGoesThroughEveryControlOfTheWindowAndRound)
+TEST_F(HandsTest, TabGoesThroughEveryControlOfTheWindowAndBackToTheFirst)
 {
     ClickNode("Car");
     std::vector<QWidget*> missing = {&MonthWidget(window_), &GridWidget(window_),
@@ -148,7 +148,7 @@ TEST_F(HandsTest, TabGoesThroughEveryControlOfTheWindowAndRound)
     EXPECT_TRUE(year);
 }
 
-TEST_F(HandsTest, AToolbarButtonWithTheFocusIsPressedBySpaceAndShowsTheFocus)
+TEST_F(HandsTest, AToolbarButtonShowsTheFocusAndIsPressedBySpace)
 {
     QWidget* forward = ToolbarWidget(window_).ButtonOf("Forward");
     const QImage without = forward->grab().toImage();

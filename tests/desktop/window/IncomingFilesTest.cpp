@@ -79,7 +79,7 @@ TEST_F(IncomingFilesTest, AFileThatIsNotAStatementIsReportedAndTheNextOneImporte
     EXPECT_TRUE(Model().window.Enabled());
 }
 
-TEST_F(IncomingFilesTest, AFileThatIsGoneIsReported)
+TEST_F(IncomingFilesTest, AMissingFileIsReported)
 {
     incoming_.Take({ToQString(books_.folder.Path("gone.ofx"))});
 
@@ -88,7 +88,7 @@ TEST_F(IncomingFilesTest, AFileThatIsGoneIsReported)
     EXPECT_TRUE(Model().window.Enabled());
 }
 
-TEST_F(IncomingFilesTest, ARowThatCannotBeSavedComesFirst)
+TEST_F(IncomingFilesTest, ARowThatCannotBeSavedStopsTheImport)
 {
     ClickNode("Checking");
     Model().menus.Find("mnuE_New")->Press();

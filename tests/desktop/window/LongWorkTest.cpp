@@ -1,4 +1,4 @@
-// What a window shows, and does not do, while a long command runs.
+// What a window shows and refuses while a long command runs.
 
 #include <QApplication>
 #include <QProgressBar>

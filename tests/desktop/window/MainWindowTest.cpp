@@ -24,7 +24,7 @@ TEST_F(WindowTest, AClickOnATreeNodeShowsItsViewAndItsNameInTheCaption)
     EXPECT_TRUE(TreeWidget(window_).hasFocus());
 }
 
-TEST_F(WindowTest, AClickOnTheSelectedNodeShowsItOnceMore)
+TEST_F(WindowTest, AClickOnTheSelectedNodeShowsItAgain)
 {
     ClickNode("Checking");
     int reloads = 0;
@@ -117,7 +117,7 @@ TEST_F(WindowTest, TheSpinnersArrowsStepTheYear)
     EXPECT_EQ(Model().View().Year(), 2006);
 }
 
-TEST_F(WindowTest, AYearThatIsNotANumberIsReportedAndTheProgramGoesOn)
+TEST_F(WindowTest, AYearThatIsNotANumberIsReportedAndTheProgramContinues)
 {
     YearWidget(window_).selectAll();
     QTest::keyClicks(YearWidget(window_).Line(), "soon");

@@ -13,7 +13,7 @@
 namespace clb {
 namespace {
 
-/// A start of the program with its window, over books of its own.
+/// A start of the program with its window and new books.
 struct Start {
     explicit Start(const QString& file)
         : events(books.messages), window(books.window, events), memory(file, window, books.window)

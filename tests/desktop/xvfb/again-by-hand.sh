@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Works the built program as a person would: an import of a file that is no statement leaves the main
-# window disabled; the small window beside it starts the program again, which then works. The day's
-# backup was made meanwhile.
+# Uses the built program as a person would, after a file that is not a statement. Importing it leaves the main
+# window disabled. The small window beside it starts the program again, which then works. The day's backup is
+# made in the meantime.
 #   again-by-hand.sh LEDGERBOOK CLB [PICTURE]     PICTURE keeps what the screen showed
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
@@ -21,7 +21,7 @@ xdotool key i
 window '^Open' >/dev/null
 xdotool type --delay 20 "$work/letter.txt"
 xdotool key Return
-# First the message, then the small window, under the same title.
+# First the message appears, then the small window, with the same title.
 window '^Corvane Ledgerbook$' >/dev/null
 xdotool key Return
 sleep 0.5
@@ -29,7 +29,7 @@ window '^Corvane Ledgerbook$' >/dev/null
 import -window root "$picture"
 xdotool key alt+s
 
-# A new main window stands in the place of the first.
+# A new main window replaces the first.
 for _ in $(seq 100); do
     xdotool getwindowname "$first" >/dev/null 2>&1 || break
     sleep 0.1

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Works the built program as a person would: the day's backup finds the data file damaged, the small
-# window restores the last good backup. Then the file cannot be opened at all, and is restored the same
-# way. At last no backup can be made, which the status bar says.
+# Uses the built program as a person would, with a damaged data file. The day's backup finds the damage, and the
+# small window restores the last good backup. Then the file cannot be opened at all, and is restored in the same
+# way. At last no backup can be made, and the status bar says so.
 #   damaged-by-hand.sh LEDGERBOOK CLB [PICTURE]     PICTURE keeps what the screen showed at the end, and
 #                                                  PICTURE.1.png and .2.png what it showed before
 set -euo pipefail
@@ -15,7 +15,7 @@ rows="SELECT COUNT(*) AS Found FROM Trans"
 before=$("$clb" sql "$work/books" "$rows")
 database=$work/books/db/clb.mdb
 damage() { head -c 4096 /dev/zero | tr '\0' U | dd of="$database" bs=4096 seek="$1" conv=notrunc status=none; }
-# The box that says what was done goes by Enter, then the main window is there again.
+# Enter closes the box that says what was done; then the main window is there again.
 restore() {
     window '^Corvane Ledgerbook$' >/dev/null
     import -window root "$1"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Works the register as a person would, on an X server of its own: enters, corrects and gives up
-# transactions with keys and mouse, and finds exactly those that were kept in the database.
+# Uses the register as a person would, on a separate X server: enters, corrects and discards transactions with
+# keys and mouse. The database must contain exactly those that were kept.
 #   edit-by-hand.sh LEDGERBOOK CLB [PICTURE]     PICTURE keeps what the screen showed
 set -euo pipefail
 # shellcheck source=tests/desktop/xvfb/screen.sh
@@ -18,20 +18,20 @@ window '^Net Worth - Corvane Ledgerbook$' >/dev/null
 keys Home Down Down Down
 main=$(window '^Household - Corvane Ledgerbook$')
 
-# The first line of the grid is the new row's: a double click edits it.
+# The first line of the grid is for a new row. A double click edits it.
 xdotool mousemove --window "$main" 260 90 click --repeat 2 --delay 80 1
 sleep 0.3
 type_text '2006-03-09'
 keys Tab
 type_text 'Mill & Sons'
 keys Tab
-# Refused in place, then corrected.
+# A text that is refused in its cell and then corrected.
 type_text 'cheap'
 keys Return
 keys ctrl+a
 type_text '-12.50'
 keys Tab Tab
-# Completes as it is typed; Enter keeps the row and is ready for another.
+# The text is completed as it is typed. Enter keeps the row and begins another one.
 type_text 'gro'
 keys Return
 type_text '2006-03-10'
@@ -41,12 +41,12 @@ keys Tab
 type_text '7'
 keys Return
 
-# Dairy, of the later day, stays above or below: both rows are reached from the top.
+# Dairy has a later day and may be above or below, so both rows are reached from the top.
 xdotool mousemove --window "$main" 420 90 click 1
 keys F2 End
 type_text ' Ltd'
 keys Return
-# Given up: the cell, then the row.
+# Discards the cell, then the row.
 xdotool mousemove --window "$main" 420 112 click --repeat 2 --delay 80 1
 sleep 0.3
 type_text 'Nobody'

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Asks the built program for help as a person would, on an X server of its own: a folder whose manual
-# is lost has it again, and Help Topics hands its first page to the browser. Driven by requests, the
-# program leaves the folder as it is.
+# Asks the built program for help as a person would, on a separate X server. A folder whose manual is lost gets
+# it again, and Help Topics opens its first page in the browser. A program driven by requests must leave the
+# folder as it is.
 #   help-by-hand.sh LEDGERBOOK CLB [PICTURE]     PICTURE keeps what the screen showed
 set -euo pipefail
 # shellcheck source=tests/desktop/xvfb/screen.sh
@@ -12,7 +12,7 @@ rm -r "$work/books/Help"
 echo '{"do":"quit"}' | QT_QPA_PLATFORM=offscreen "$ledgerbook" --automate --home "$work/books" >/dev/null
 [ ! -e "$work/books/Help" ] || fail "a manual was written under automation"
 
-# The browser: keeps what it was to open.
+# A browser that records what it is asked to open.
 mkdir "$work/bin"
 printf '#!/bin/sh\necho "$1" >"%s"\n' "$work/opened" >"$work/bin/xdg-open"
 chmod +x "$work/bin/xdg-open"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Works the built program as a person would, on an X server of its own: imports a statement with keys
-# and mouse, looks at the screen, ends the program, and finds the rows in the database.
+# Uses the built program as a person would, on a separate X server: imports a statement with keys and mouse,
+# looks at the screen, ends the program, and finds the rows in the database.
 #   import-by-hand.sh LEDGERBOOK CLB [PICTURE]     PICTURE keeps what the screen showed
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Gives the window another size on an X server of its own and finds it so at the next start; a driven
-# program and one that only takes a picture leave what is remembered alone.
+# Gives the window another size on a separate X server; the next start must open it with that size. A driven
+# program and one that only takes a picture must not change what is remembered.
 #   remember-by-hand.sh LEDGERBOOK CLB [PICTURE]     PICTURE keeps what the screen showed
 set -euo pipefail
 # shellcheck source=tests/desktop/xvfb/screen.sh

@@ -1,9 +1,9 @@
 # shellcheck shell=bash
-# A screen of its own for a script that works the built program as a person would. Sourced with
-# LEDGERBOOK CLB [PICTURE] as arguments; $SCREEN_DARK gives the desktop dark colours, $QT_SCALE_FACTOR
-# more pixels; PICTURE keeps what the screen showed at the end or at a
-# failure. Gives $ledgerbook, $clb, $work (a folder that goes away), $picture, fail, window, start
-# and finish.
+# Makes a separate screen for a script that uses the built program as a person would.
+# Sourced with the arguments LEDGERBOOK CLB [PICTURE]. PICTURE keeps what the screen showed at the end or at a
+# failure. $SCREEN_DARK gives the desktop dark colours, $QT_SCALE_FACTOR gives it more pixels.
+# Sets $ledgerbook, $clb, $work (a folder that is removed at the end) and $picture, and defines fail, window,
+# start and finish.
 ledgerbook=$1
 clb=$2
 work=$(mktemp -d)
@@ -26,19 +26,19 @@ fail() {
 
 screen=1280x800x24
 [ "${QT_SCALE_FACTOR:-1}" = 1 ] || screen=2560x1600x24
-# The X server chooses a free number itself and tells it. It must not begin anew when a client leaves:
-# a program that connects in that moment is turned away.
+# The X server chooses a free number and reports it. It must not start again when a client leaves, because a
+# program that connects at that moment is turned away.
 Xvfb -noreset -displayfd 3 -screen 0 "$screen" -nolisten tcp 3>"$work/display" 2>"$work/xvfb.log" &
 server=$!
 for _ in $(seq 100); do [ -s "$work/display" ] && break; sleep 0.1; done
 [ -s "$work/display" ] || fail "no X server: $(cat "$work/xvfb.log")"
 DISPLAY=:$(tr -d '[:space:]' <"$work/display")
 export DISPLAY
-# No desktop's own dialogs, no input method: keys go to the program alone.
+# Uses no dialogs of a desktop and no input method: keys go to the program alone.
 unset XDG_CURRENT_DESKTOP WAYLAND_DISPLAY QT_QPA_PLATFORMTHEME
 export QT_QPA_PLATFORM=xcb QT_IM_MODULE=compose HOME=$work LC_ALL=C.UTF-8
 
-# The colours of a desktop that keeps them where the toolkit looks by itself.
+# The colours of a desktop, stored where the toolkit looks for them.
 if [ -n "${SCREEN_DARK:-}" ]; then
     mkdir -p "$HOME/.config"
     for part in View Window Button Tooltip; do
@@ -47,14 +47,14 @@ if [ -n "${SCREEN_DARK:-}" ]; then
     export XDG_CURRENT_DESKTOP=KDE KDE_SESSION_VERSION=5
 fi
 
-# A window manager, as on every desktop; it answers questions like this one only when it is ready.
+# A window manager, as on every desktop. It answers a question like this one only when it is ready.
 openbox --sm-disable 2>"$work/openbox.log" &
 manager=$!
 for _ in $(seq 100); do xdotool get_num_desktops >/dev/null 2>&1 && break; sleep 0.1; done
 xdotool get_num_desktops >/dev/null 2>&1 || fail "no window manager: $(cat "$work/openbox.log")"
 
-# An error dialog on the way would never take another's name, so a missing window ends the test with
-# what is on the screen.
+# An error dialog never has the name of the expected window, so a missing window ends the test and the picture
+# shows what is on the screen.
 window() {
     local id
     for _ in $(seq 150); do
@@ -76,13 +76,13 @@ start() {
     "$ledgerbook" --home "$work/books" --now 2006-03-15T12:00:00 2>"$work/program.log" &
     program=$!
 }
-# Keeps a picture of the screen, which must show something, and leaves by the menu.
+# Takes a picture of the screen, which must show something, and leaves by the menu.
 finish() {
     sleep 0.5
     import -window root "$picture"
     colours=$(identify -format '%k' "$picture")
     [ "$colours" -gt 50 ] || fail "the screen shows only $colours colours"
-    # How bright the window is, black 0 to white 100.
+    # Prints how bright the window is: black is 0, white is 100.
     import -window "$(xdotool getactivewindow)" "$work/window.png"
     bright=$(convert "$work/window.png" -colorspace gray -format '%[fx:round(100*mean)]' info:)
     if [ -n "${SCREEN_DARK:-}" ]; then

@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
-# Works the built program as a person would: while it runs, a statement is opened with it once more.
-# The second start ends at once, the first window asks for the account and imports the file. A start
-# beside a window that hangs says so and ends; after a crash the next start opens at once.
+# Uses the built program as a person would: opens a statement with it while it runs. The second start ends at
+# once, and the first window asks for the account and imports the file. A start beside a window that hangs
+# reports that and ends. After a crash the next start opens at once.
 #   second-start.sh LEDGERBOOK CLB [PICTURE]     PICTURE keeps what the screen showed
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=tests/desktop/xvfb/screen.sh
 . "$here/screen.sh"
 
-# The starts meet without the session's own folder.
+# The starts must meet without the session's own folder.
 export XDG_RUNTIME_DIR=$work/nowhere
 "$clb" demo "$work/books" >/dev/null
 printf '%s\r\n' 'OFXHEADER:100' 'DATA:OFXSGML' 'VERSION:102' '' \

@@ -1,20 +1,20 @@
 #!/usr/bin/env bash
-# Ends the built program by signals: while a row is being typed, while a dialog asks, and in the
-# middle of an import. It leaves orderly each time, keeps nothing half done and leaves no file behind.
+# Ends the built program by signals: while a row is being typed, while a dialog is open, and in the middle of an
+# import. Each time it must exit in order, keep nothing half done and leave no file.
 #   signals.sh LEDGERBOOK CLB [PICTURE]     PICTURE keeps what the screen showed at a failure
 set -euo pipefail
 # shellcheck source=tests/desktop/xvfb/screen.sh
 . "$(cd "$(dirname "$0")" && pwd)/screen.sh"
 
 sql() { "$clb" sql "$work/books" "$1"; }
-# Sends the signal and waits: the exit code is that of a closed window.
+# Sends the signal and waits. The exit code must be that of a closed window.
 end() {
     kill -"$1" "$program"
     timeout 20 tail --pid="$program" -f /dev/null || fail "$2: it goes on after SIG$1"
     wait "$program" || fail "$2: exit code $?: $(cat "$work/program.log")"
     program=
 }
-# A statement of so many rows for an account.
+# Writes a statement with this many rows for an account.
 statement() {
     printf '%s\r\n' 'OFXHEADER:100' 'DATA:OFXSGML' 'VERSION:102' '' "<OFX><ACCTID>$1"
     seq "$2" | sed 's|.*|<STMTTRN><DTPOSTED>20060315<TRNAMT>-1<FITID>&<NAME>Shop</STMTTRN>|'

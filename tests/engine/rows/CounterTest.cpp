@@ -1,4 +1,4 @@
-// Counters that have no number left.
+// Counters that have used up their last number.
 
 #include "engine/storage/Database.h"
 #include "tests/engine/EngineFixture.h"
@@ -36,7 +36,7 @@ TEST_F(CounterTest, ARowBeyondTheLargestNumberIsRefused)
               (Texts{"2147483646|a", "2147483647|b"}));
 }
 
-TEST_F(CounterTest, TheLastNumberStaysUsedUpWhenItsRowIsGone)
+TEST_F(CounterTest, TheLastNumberStaysUsedUpAfterItsRowIsDeleted)
 {
     Run("INSERT INTO Budget (Sequence, Category) VALUES (2147483647, 'a')");
     Run("DELETE FROM Budget");
@@ -47,7 +47,7 @@ TEST_F(CounterTest, TheLastNumberStaysUsedUpWhenItsRowIsGone)
     EXPECT_EQ(Rows("SELECT Sequence, Category FROM Budget"), Texts{"7|given"});
 }
 
-TEST_F(CounterTest, ManyRowsFindNumbersOrNoneIsAdded)
+TEST_F(CounterTest, ManyRowsAllGetNumbersOrNoneIsAdded)
 {
     Run("INSERT INTO Budget (Sequence, Category) VALUES (2147483643, 'a')");
     Run("INSERT INTO Budget (Sequence, Category) VALUES (2147483644, 'b')");

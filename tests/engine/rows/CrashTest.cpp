@@ -13,7 +13,7 @@ using Lines = std::vector<std::string>;
 
 class CrashTest : public EngineTest {
 protected:
-    /// Runs the action in a process of its own, which is killed after it.
+    /// Runs the action in its own process, which is killed afterwards.
     template <typename Action>
     void InAKilledProcess(Action action)
     {
@@ -51,14 +51,15 @@ private:
     sqlite3_stmt* query_ = nullptr;
 };
 
-TEST_F(CrashTest, AKilledProgramLeavesTheFileAsItWasSettled)
+TEST_F(CrashTest, AKilledProgramLeavesTheFileInItsSettledState)
 {
     InAKilledProcess([&] {
         Connection connection;
         connection.Open(ConnectionText());
         connection.Execute("INSERT INTO Trans (Sequence, Description) VALUES (1, 'settled')");
         connection.Settle();
-        // More than the storage keeps in memory, so that the file itself has been written to.
+        // There is more data than the storage keeps in memory, so that the file itself has been
+        // written to.
         Recordset rows;
         rows.Open("SELECT Sequence, Description FROM Trans", connection, CursorKind::Keyset,
                   LockKind::Optimistic);
@@ -74,7 +75,7 @@ TEST_F(CrashTest, AKilledProgramLeavesTheFileAsItWasSettled)
     EXPECT_EQ(Rows("SELECT Sequence, Description FROM Trans"), Lines{"1|settled"});
 }
 
-TEST_F(CrashTest, AKilledChangeOfTheSchemaLeavesTheOldOne)
+TEST_F(CrashTest, AKilledChangeOfTheSchemaKeepsTheOldSchema)
 {
     Run("INSERT INTO Loan (Description, InterestRate) VALUES ('Car', 5)");
     connection_.Settle();
@@ -89,7 +90,7 @@ TEST_F(CrashTest, AKilledChangeOfTheSchemaLeavesTheOldOne)
     EXPECT_EQ(Rows("SELECT Description, InterestRate FROM Loan"), Lines{"Car|5"});
 }
 
-TEST_F(CrashTest, AGroupThatCannotBeSettledIsLostAndTheFileAsBefore)
+TEST_F(CrashTest, AGroupThatCannotBeSettledIsLostAndTheFileIsAsBefore)
 {
     Run("INSERT INTO Trans (Sequence) VALUES (1)");
     connection_.Settle();

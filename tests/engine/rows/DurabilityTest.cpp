@@ -27,7 +27,7 @@ protected:
     }
 };
 
-TEST_F(DurabilityTest, WhatWasSettledSurvivesAndWhatWasNotIsGone)
+TEST_F(DurabilityTest, WhatWasSettledSurvivesAndTheRestIsLost)
 {
     Run("INSERT INTO Trans (Sequence) VALUES (1)");
     connection_.Settle();
@@ -52,7 +52,7 @@ TEST_F(DurabilityTest, ChangesOfTheSchemaSettleLikeRows)
     EXPECT_EQ(FieldsOf("SELECT InterestRate FROM Loan"), "InterestRate:double");
 }
 
-TEST_F(DurabilityTest, AnErrorLeavesWhatRanBeforeIt)
+TEST_F(DurabilityTest, AnErrorKeepsWhatRanBeforeIt)
 {
     Run("INSERT INTO Trans (Sequence) VALUES (1)");
     EXPECT_THROW(Run("INSERT INTO Trans (Sequence) VALUES ('x')"), EngineError);
@@ -139,7 +139,7 @@ TEST_F(DurabilityTest, TheDataIsOneFile)
     EXPECT_EQ(files, 1);
 }
 
-TEST_F(DurabilityTest, BothKindsOfSlashesDivideFolders)
+TEST_F(DurabilityTest, BothKindsOfSlashesSeparateFolders)
 {
     const auto folder = std::filesystem::path(path_).parent_path().parent_path().string();
     for (const std::string& text :
@@ -195,7 +195,7 @@ TEST_F(DurabilityTest, AConnectionIsOpenedOnce)
     EXPECT_EQ(ErrorOf([&] { closed.Group(); }).Number(), engine_errors::Closed);
 }
 
-TEST_F(DurabilityTest, ARefusedRowLosesNothingOfAGroupThatWasOpenedAhead)
+TEST_F(DurabilityTest, ARefusedRowLosesNothingOfAGroupThatWasOpenedInAdvance)
 {
     Run("CREATE TABLE Once (a LONG, PRIMARY KEY (a))");
     connection_.Group();

@@ -35,7 +35,7 @@ TEST_F(LargeSetTest, AWalkGivesEveryRowOnce)
     EXPECT_EQ(expected, 0);
 }
 
-TEST_F(LargeSetTest, AWalkOverMostRowsLeavesTheOthersOut)
+TEST_F(LargeSetTest, AWalkOverMostRowsSkipsTheOthers)
 {
     for (const char* fields : {"Sequence", "Sequence + 0 AS n, Description & '!' AS d"}) {
         const std::string sql = std::string("SELECT ") + fields + " FROM Trans WHERE Amount < 75";
@@ -115,7 +115,7 @@ TEST_F(LargeSetTest, AChangedRowIsFoundByItsNewValueAfterALongWalk)
     EXPECT_EQ(rows.Get(0), Value(std::int32_t{100}));
 }
 
-TEST_F(LargeSetTest, ASetReadAgainMayHaveBecomeSmaller)
+TEST_F(LargeSetTest, ASetThatIsReadAgainMayBeSmaller)
 {
     Recordset rows = Opened("SELECT Sequence FROM Trans");
     for (; !rows.AtEnd(); rows.MoveNext())
@@ -155,7 +155,7 @@ TEST_F(LargeSetTest, ARowThatVanishedIsAnErrorWhenItIsRead)
     EXPECT_TRUE(rows.AtEnd());
 }
 
-TEST_F(LargeSetTest, AJoinOfManyRowsIsHeldWhole)
+TEST_F(LargeSetTest, AJoinOfManyRowsIsKeptInMemory)
 {
     Run("INSERT INTO Account (AccountID) VALUES ('1')");
     Recordset rows = Opened("SELECT Trans.Sequence FROM Trans, Account");

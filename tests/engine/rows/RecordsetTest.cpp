@@ -21,7 +21,7 @@ protected:
     static std::string Text(const Recordset& rows) { return ToText(rows.Get(0)); }
 };
 
-TEST_F(RecordsetTest, AFreshSetStandsOnItsFirstRow)
+TEST_F(RecordsetTest, AnOpenedSetIsAtItsFirstRow)
 {
     AddBudgets({"a", "b"});
 
@@ -121,7 +121,7 @@ TEST_F(RecordsetTest, AnAddedRowIsSavedWithItsNumberAndBecomesCurrent)
     EXPECT_EQ(Rows("SELECT AccountID, Sequence FROM Account"), Lines{"100|1"});
 }
 
-TEST_F(RecordsetTest, AnAddedRowJoinsAtTheEndWhateverTheConditionSays)
+TEST_F(RecordsetTest, AnAddedRowIsLastEvenIfItDoesNotMeetTheCondition)
 {
     AddBudget("m");
     Recordset none = Opened("SELECT * FROM Budget WHERE false");
@@ -201,7 +201,7 @@ TEST_F(RecordsetTest, AChangedRowIsSavedByMovingOn)
     EXPECT_EQ(Text(rows), "Food");
 }
 
-TEST_F(RecordsetTest, UnsavedValuesAreSeenAndCanBeForgotten)
+TEST_F(RecordsetTest, UnsavedValuesAreSeenAndCanBeDiscarded)
 {
     AddBudgets({"a", "b"});
     Recordset rows = Opened("SELECT Category FROM Budget");
@@ -243,7 +243,7 @@ TEST_F(RecordsetTest, AddingWhileARowIsAddedSavesTheFirst)
     EXPECT_EQ(Rows("SELECT Category FROM Budget"), (Lines{"a", "b"}));
 }
 
-TEST_F(RecordsetTest, ARefusedValueOrRowLeavesTheUnsavedValues)
+TEST_F(RecordsetTest, ARefusedValueOrRowKeepsTheUnsavedValues)
 {
     Recordset rows = Opened("SELECT Category, Amount, Year FROM Budget");
     rows.AddNew();
@@ -267,7 +267,7 @@ TEST_F(RecordsetTest, ARefusedValueOrRowLeavesTheUnsavedValues)
     EXPECT_EQ(Rows("SELECT Category FROM Budget"), (Lines{"Food", "Rent"}));
 }
 
-TEST_F(RecordsetTest, ACounterIsNotChangedInASavedRow)
+TEST_F(RecordsetTest, TheCounterOfASavedRowCannotBeChanged)
 {
     AddBudget("a");
     Recordset rows = Opened("SELECT * FROM Budget");
@@ -308,7 +308,7 @@ TEST_F(RecordsetTest, AllRowsCanBeDeletedInOneWalk)
     EXPECT_EQ(Rows("SELECT COUNT(*) FROM Budget"), Lines{"0"});
 }
 
-TEST_F(RecordsetTest, RowsAreReadAndStoodOnByNumber)
+TEST_F(RecordsetTest, RowsAreReadAndMadeCurrentByNumber)
 {
     AddBudgets({"a", "b", "c"});
     Recordset rows = Opened("SELECT Category FROM Budget");
@@ -336,7 +336,7 @@ TEST_F(RecordsetTest, MembershipIsFixedAtOpening)
     EXPECT_EQ(rows.RecordCount(), 3);
 }
 
-TEST_F(RecordsetTest, RequeryGivesAnUnsavedChangeUp)
+TEST_F(RecordsetTest, RequeryDiscardsAnUnsavedChange)
 {
     AddBudgets({"a", "b"});
     Recordset rows = Opened("SELECT Category FROM Budget");

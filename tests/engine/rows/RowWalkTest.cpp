@@ -59,7 +59,7 @@ TEST_F(RowWalkTest, GroupsAreWalkedToo)
               (std::vector<std::string>{"C1|59700", "C2|120000"}));
 }
 
-TEST_F(RowWalkTest, OnlyATextIsGivenAsOne)
+TEST_F(RowWalkTest, OnlyATextIsGivenAsAText)
 {
     WalkRows(connection_, "SELECT Amount, Description FROM Trans WHERE Sequence = 300",
              [](const WalkedRow& row) {
@@ -81,7 +81,7 @@ TEST_F(RowWalkTest, ABadCellIsNamed)
                  "Trans.Amount in row 3: The cell holds the text '12,50', which is not an amount.");
 }
 
-TEST_F(RowWalkTest, WhatTheTakerThrowsEndsTheWalkAndNothingStaysOpen)
+TEST_F(RowWalkTest, AnExceptionOfTheReceiverEndsTheWalkAndNothingStaysOpen)
 {
     int taken = 0;
     EXPECT_THROW(WalkRows(connection_, "SELECT * FROM Trans",

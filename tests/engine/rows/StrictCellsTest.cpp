@@ -29,7 +29,7 @@ protected:
 };
 
 /// Symptom: the text was read as 0.0012.
-TEST_F(StrictCellsTest, ATextIsNoAmountAndItsPlaceIsNamed)
+TEST_F(StrictCellsTest, ATextIsNotAnAmountAndItsPlaceIsNamed)
 {
     Foreign("UPDATE Trans SET Amount = '12,50 EUR' WHERE Sequence = 2");
 
@@ -42,7 +42,7 @@ TEST_F(StrictCellsTest, ATextIsNoAmountAndItsPlaceIsNamed)
 }
 
 /// Symptom: 12.5, written by a tool that does not know the scale, was read as 0.0012.
-TEST_F(StrictCellsTest, ABinaryFractionAndRawBytesAreNoAmount)
+TEST_F(StrictCellsTest, ABinaryFractionAndRawBytesAreNotAmounts)
 {
     Foreign("UPDATE Trans SET Amount = 12.5 WHERE Sequence = 1");
     Foreign("UPDATE Trans SET Amount = x'3132' WHERE Sequence = 2");
@@ -55,7 +55,7 @@ TEST_F(StrictCellsTest, ABinaryFractionAndRawBytesAreNoAmount)
 }
 
 /// Symptom: a sum silently counted the text as 12 ten-thousandths.
-TEST_F(StrictCellsTest, NoSumTakesInWhatIsNoAmount)
+TEST_F(StrictCellsTest, NoSumIncludesACellThatIsNotAnAmount)
 {
     for (const char* cell : {"'12,50 EUR'", "12.5", "x'3132'", "''"}) {
         Foreign(std::string("UPDATE Trans SET Amount = ") + cell + " WHERE Sequence = 2");
@@ -72,7 +72,7 @@ TEST_F(StrictCellsTest, NoSumTakesInWhatIsNoAmount)
               std::vector<std::string>{"1"});
 }
 
-TEST_F(StrictCellsTest, AnUpdateDoesNotCalculateWithWhatIsNoAmount)
+TEST_F(StrictCellsTest, AnUpdateDoesNotCalculateWithACellThatIsNotAnAmount)
 {
     Foreign("UPDATE Trans SET Amount = '12,50 EUR' WHERE Sequence = 2");
 

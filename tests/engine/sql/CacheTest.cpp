@@ -32,7 +32,7 @@ TEST_F(CacheTest, QueriesThatDifferInLiteralsOfOneKindHaveOneShape)
     EXPECT_FALSE(SameShape("[a b]", "[a] b"));
 }
 
-TEST(PlanCacheTest, TheLongestUnusedGoesFirst)
+TEST(PlanCacheTest, TheLeastRecentlyUsedPlanIsRemovedFirst)
 {
     PlanCache cache;
     for (int i = 0; i < 256; ++i)
@@ -63,7 +63,7 @@ TEST_F(CacheTest, EveryQueryHasItsOwnValues)
     }
 }
 
-TEST_F(CacheTest, LiteralsOfAnotherKindAreCheckedAnew)
+TEST_F(CacheTest, LiteralsOfAnotherKindAreCheckedAgain)
 {
     Run("INSERT INTO Trans (Sequence, Amount) VALUES (1, 1.5)");
 
@@ -110,7 +110,7 @@ TEST_F(CacheTest, ManyDifferentQueriesDoNotHarmEachOther)
     EXPECT_EQ(FieldsOf("SELECT Year AS A1 FROM Trans"), "A1:long");
 }
 
-TEST_F(CacheTest, TwoSetsOfOneShapeKeepApart)
+TEST_F(CacheTest, TwoSetsOfOneShapeAreIndependent)
 {
     RunAll({"INSERT INTO Budget (Year, Category) VALUES (1, 'a')",
             "INSERT INTO Budget (Year, Category) VALUES (2, 'b')"});

@@ -73,7 +73,7 @@ TEST_F(ExpressionTest, TextsAreComparedExactly)
     EXPECT_EQ(Ids("x < 'a'"), "14");
 }
 
-TEST_F(ExpressionTest, LikeTakesWildcardsWhateverTheCase)
+TEST_F(ExpressionTest, LikeTakesWildcardsAndIgnoresCase)
 {
     EXPECT_EQ(Ids("x LIKE 'GROCER'"), "1");
     EXPECT_EQ(Ids("x LIKE 'gro%'"), "12");

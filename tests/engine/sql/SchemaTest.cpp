@@ -97,7 +97,7 @@ TEST_F(SchemaTest, AnAlteredColumnConvertsEveryRow)
     EXPECT_EQ(Rows("SELECT * FROM T"), (Lines{"12.5|2.25|0.1", "-|-3|1E+10", "1|1.5|-"}));
 }
 
-TEST_F(SchemaTest, AValueThatDoesNotConvertLeavesTheTableAsItWas)
+TEST_F(SchemaTest, AValueThatDoesNotConvertDoesNotChangeTheTable)
 {
     RunAll(
         {"CREATE TABLE T (a TEXT)", "INSERT INTO T VALUES ('1')", "INSERT INTO T VALUES ('one')"});
@@ -166,7 +166,7 @@ TEST_F(SchemaTest, ATableWithClausesThatWouldBeLostIsNotAltered)
     }
 }
 
-TEST_F(SchemaTest, ACounterStaysOneAndNoColumnBecomesOne)
+TEST_F(SchemaTest, ACounterStaysACounterAndNoColumnBecomesOne)
 {
     for (const char* column : {"Sequence LONG", "Description COUNTER"})
         EXPECT_STREQ(

@@ -21,7 +21,7 @@ protected:
     }
 };
 
-TEST_F(SelectTest, TextsAreOrderedAlphabeticallyWhateverTheCase)
+TEST_F(SelectTest, TextsAreOrderedAlphabeticallyIgnoringCase)
 {
     AddAccounts({"b", "A", "a", "é", "B", "f", "Z", "a b"});
 
@@ -76,7 +76,7 @@ TEST_F(SelectTest, AnOrderMayNameAnAliasAnExpressionOrAPosition)
     EXPECT_EQ(Rows("SELECT Category, Amount FROM Trans ORDER BY 2"), (Lines{"x|-5", "x|1", "x|3"}));
 }
 
-TEST_F(SelectTest, ATruthValueIsNoPosition)
+TEST_F(SelectTest, ATruthValueIsNotAPosition)
 {
     AddTrans("1", "b", "1");
     AddTrans("1", "a", "2");

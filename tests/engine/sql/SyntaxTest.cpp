@@ -100,7 +100,7 @@ TEST_F(SyntaxTest, ABrokenQueryIsRefusedWhereItBreaks)
     }
 }
 
-TEST_F(SyntaxTest, AResultSetTakesQueriesOnly)
+TEST_F(SyntaxTest, AResultSetAcceptsOnlyQueries)
 {
     const auto error = ErrorOf([&] { Opened("DELETE FROM Trans"); });
 
@@ -143,7 +143,7 @@ TEST_F(SyntaxTest, UnnamedExpressionsAreNumbered)
     EXPECT_EQ(FieldsOf("SELECT COUNT(*) FROM Trans"), "Expr1000:long");
 }
 
-TEST_F(SyntaxTest, ATextMayHoldDoubledQuotesAndStandInEitherKindOfThem)
+TEST_F(SyntaxTest, ATextMayContainDoubledQuotesAndUseEitherKind)
 {
     Run("INSERT INTO Trans (Description, PayeeName) VALUES ('It''s', \"a \"\"b\"\"\")");
 

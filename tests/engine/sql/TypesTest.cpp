@@ -45,7 +45,7 @@ TEST_F(TypesTest, ValuesComeBackInTheirColumnsType)
     EXPECT_EQ(rows.Get("x"), Value(std::string()));
 }
 
-TEST_F(TypesTest, AYesNoColumnTakesYesNoTrueFalseAndNumbers)
+TEST_F(TypesTest, AYesNoColumnAcceptsYesNoTrueFalseAndNumbers)
 {
     Run("CREATE TABLE T (y YESNO)");
     for (const char* value : {"YES", "NO", "TRUE", "FALSE", "-1", "0", "1", "'Yes'"})
@@ -143,7 +143,7 @@ TEST_F(TypesTest, AWidthCountsCharactersNotBytes)
               engine_errors::TextTooLong);
 }
 
-TEST_F(TypesTest, KindsThatDoNotGoTogetherAreRefusedBeforeAnythingRuns)
+TEST_F(TypesTest, KindsThatDoNotFitTogetherAreRefusedBeforeAnythingRuns)
 {
     Run("INSERT INTO Trans (Year) VALUES (2006)");
     for (const char* condition :
@@ -162,7 +162,7 @@ TEST_F(TypesTest, KindsThatDoNotGoTogetherAreRefusedBeforeAnythingRuns)
     EXPECT_EQ(Rows("SELECT Year FROM Trans"), Lines{"2006"});
 }
 
-TEST_F(TypesTest, WholeAndBrokenNumbersMeetByValue)
+TEST_F(TypesTest, WholeNumbersAndFractionsAreComparedByValue)
 {
     RunAll({"CREATE TABLE T (l LONG, d DOUBLE, s SINGLE, m MONEY)",
             "INSERT INTO T VALUES (2, 2, 2, 2)", "INSERT INTO T VALUES (3, 2.5, 0.1, 2.5)"});

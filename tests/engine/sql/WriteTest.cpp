@@ -65,7 +65,7 @@ TEST_F(WriteTest, AnUpdateMayComputeFromTheRow)
     EXPECT_EQ(Rows("SELECT Amount, Category FROM Trans"), (Lines{"21|a1", "-3|b"}));
 }
 
-TEST_F(WriteTest, AFailingQueryChangesNoRowAndLeavesWhatRanBefore)
+TEST_F(WriteTest, AFailingQueryChangesNoRowAndKeepsWhatRanBefore)
 {
     RunAll({"INSERT INTO Trans (Sequence, Category) VALUES (1, 'short')",
             "INSERT INTO Trans (Sequence, Category) VALUES (2, '" + std::string(50, 'x') + "')"});
@@ -92,7 +92,7 @@ TEST_F(WriteTest, ARequiredFieldAndAUniqueOneAreGuarded)
     EXPECT_EQ(Rows("SELECT * FROM T"), Lines{"1|x"});
 }
 
-TEST_F(WriteTest, DeletionTakesTheRowsOfTheCondition)
+TEST_F(WriteTest, DeleteRemovesTheRowsThatMeetTheCondition)
 {
     RunAll({"INSERT INTO Trans (Sequence) VALUES (1)", "INSERT INTO Trans (Sequence) VALUES (2)",
             "DELETE FROM Trans WHERE Trans.Sequence = 1"});

@@ -54,7 +54,7 @@ protected:
     }
 };
 
-TEST_F(DatabaseCopyTest, ACopyHoldsWhatIsSettledAndNothingOfACommandOnItsWay)
+TEST_F(DatabaseCopyTest, ACopyHoldsWhatIsSettledAndNothingOfAnUnfinishedCommand)
 {
     Run("INSERT INTO Trans (Sequence) VALUES (1)");
     connection_.Settle();
@@ -86,7 +86,7 @@ TEST_F(DatabaseCopyTest, ACopyReplacesNoFile)
     EXPECT_EQ(Bytes(Sibling("copy.mdb")), "mine");
 }
 
-TEST_F(DatabaseCopyTest, WhatIsNoDatabaseIsNotCopied)
+TEST_F(DatabaseCopyTest, AFileThatIsNotADatabaseIsNotCopied)
 {
     Write(Sibling("letter.txt"), std::string(5000, 'x'));
 
@@ -126,7 +126,7 @@ TEST_F(DatabaseCopyTest, AFileThatIsCutShortDoesNotLookWhole)
     EXPECT_FALSE(LooksWhole(Sibling("gone.mdb")));
 }
 
-TEST_F(DatabaseCopyTest, AFinishedFileReplacesNone)
+TEST_F(DatabaseCopyTest, AFinishedFileReplacesNoOtherFile)
 {
     Write(Sibling("fresh"), "fresh");
     Write(Sibling("taken"), "mine");
@@ -199,7 +199,7 @@ TEST_F(DatabaseCopyTest, ADamagedDatabaseIsKeptByteForByteAndItsJournalSpoilsNot
     EXPECT_EQ(RowsIn(path_, "SELECT COUNT(*) FROM Trans"), Lines{"0"});
 }
 
-/// Files that cannot be used, by what is wrong with them.
+/// Files that cannot be used, grouped by what is wrong with them.
 class TroubleTest : public DatabaseCopyTest {
 protected:
     /// Returns the error of opening the file, which must not change the file.
@@ -230,7 +230,7 @@ TEST_F(TroubleTest, AFolderInItsPlaceIsNamed)
     EXPECT_EQ(error.Trouble(), FileTrouble::Folder);
 }
 
-TEST_F(TroubleTest, AnEmptyFileIsNoNewDatabase)
+TEST_F(TroubleTest, AnEmptyFileIsNotANewDatabase)
 {
     // Symptom: an empty file was accepted as a database, and the error was that a table was
     // missing.

@@ -31,8 +31,8 @@ protected:
     Connection hostile_;
 };
 
-/// Otherwise a misspelt column of the file's own schema, or of a query, would be a text.
-TEST_F(HostileDatabaseTest, ANameInQuotesThatIsNoColumnIsNoText)
+/// Otherwise a misspelt column in the file's own schema, or in a query, would count as a text.
+TEST_F(HostileDatabaseTest, ANameInQuotesThatIsNotAColumnIsNotAText)
 {
     Database storage;
     storage.OpenExisting(path_);
@@ -41,8 +41,8 @@ TEST_F(HostileDatabaseTest, ANameInQuotesThatIsNoColumnIsNoText)
     EXPECT_THROW(storage.Run("DELETE FROM Trans WHERE \"no column\" = 1"), EngineError);
 }
 
-/// A copy that is only read may come from anywhere, too.
-TEST_F(HostileDatabaseTest, AFileOpenedToBeReadIsTrustedAsLittle)
+/// A copy that is only read may also come from anywhere.
+TEST_F(HostileDatabaseTest, AFileOpenedForReadingIsNotTrustedEither)
 {
     Database storage;
     storage.OpenToRead(path_);
@@ -52,7 +52,7 @@ TEST_F(HostileDatabaseTest, AFileOpenedToBeReadIsTrustedAsLittle)
     EXPECT_THROW(storage.Run("SELECT load_extension('/tmp/x.so')"), EngineError);
 }
 
-TEST_F(HostileDatabaseTest, AViewIsNoTable)
+TEST_F(HostileDatabaseTest, AViewIsNotATable)
 {
     Hostile("CREATE VIEW Account AS SELECT load_extension('/tmp/x.so') AS AccountID;");
 
@@ -60,7 +60,7 @@ TEST_F(HostileDatabaseTest, AViewIsNoTable)
               engine_errors::NoSuchTable);
 }
 
-TEST_F(HostileDatabaseTest, ATableOfAModuleIsNoTable)
+TEST_F(HostileDatabaseTest, ATableOfAModuleIsNotATable)
 {
     Hostile("CREATE VIRTUAL TABLE Account USING fts5(AccountID);");
 

@@ -1,4 +1,4 @@
-// How a value gets into the storage: as a parameter, by a conversion, or in a literal.
+// How a value reaches the storage: as a parameter, by a conversion, or in a literal.
 #include <gtest/gtest.h>
 
 #include "engine/storage/Database.h"
