@@ -24,8 +24,9 @@ void CommandBars::Connect()
     for (const WindowMenu& menu : WindowMenus())
         for (const WindowCommand& command : menu.commands)
             if (command.run)
-                window_.menus.Find(command.name)->Click().connect([this, run = command.run] {
-                    run(window_);
+                window_.menus.Find(command.name)->Click().connect([this, &command] {
+                    window_.Steps().Begin(PlainCaptionOf(command));
+                    command.run(window_);
                 });
     window_.toolbar.ButtonClick().connect([this](const std::string& key) { ButtonPressed(key); });
 }
@@ -33,8 +34,10 @@ void CommandBars::Connect()
 void CommandBars::ButtonPressed(const std::string& key)
 {
     const WindowButton* const button = FindButton(key);
-    if (button && window_.Grid.MayLoseFocus())
-        button->run(window_);
+    if (!button || !window_.Grid.MayLoseFocus())
+        return;
+    window_.Steps().Begin(button->tip);
+    button->run(window_);
 }
 
 void CommandBars::Enable(const EnabledNow& now)

@@ -288,6 +288,11 @@ const WindowButton* FindButton(std::string_view key)
     return found == std::end(kButtons) ? nullptr : found;
 }
 
+std::string PlainCaptionOf(const WindowCommand& command)
+{
+    return Replace(Replace(CaptionOf(command), "&", ""), "...", "");
+}
+
 std::string CaptionOf(const WindowCommand& command)
 {
     if (!command.caption)

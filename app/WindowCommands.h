@@ -56,6 +56,8 @@ struct WindowButton {
 /// nullptr if no button has the key.
 [[nodiscard]] const WindowButton* FindButton(std::string_view key);
 
+/// The caption as a text: without the letter's mark and without "...".
+[[nodiscard]] std::string PlainCaptionOf(const WindowCommand& command);
 /// The caption as a menu item has it: "&" precedes the access key; "-" is a separator.
 [[nodiscard]] std::string CaptionOf(const WindowCommand& command);
 

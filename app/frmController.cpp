@@ -1,5 +1,7 @@
 #include "app/frmController.h"
 
+#include <unistd.h>
+
 #include "app/OtherPrograms.h"
 #include "app/PrintedPage.h"
 #include "app/TreePlaces.h"
@@ -68,6 +70,8 @@ void frmController::OpenGlobals()
                     ports_.messages, product::kTitle});
     globals_.database = std::make_unique<clsDatabase>(ports_.folder, *globals_.view, Grid);
     globals_.view->Use(*globals_.database);
+    history_ = std::make_unique<History>(
+        Data().Database(), [this] { return ports_.clock.Now(); }, std::to_string(getpid()));
     import_ =
         std::make_unique<modImport>(Data(), View(), importHost_, ports_.messages, ports_.clock);
     export_ = std::make_unique<modExport>(Data(), View(), exportHost_, ports_.clock);
@@ -111,6 +115,7 @@ void frmController::Settle()
         ShowStored();
         throw;
     }
+    history_->End();
     ShowStored();
 }
 
@@ -119,6 +124,8 @@ void frmController::Abandon() noexcept
     if (!globals_.database)
         return;
     Data().Database().Abandon();
+    if (history_)
+        history_->End();
     if (!loaded_)
         return;
     stale_ = true;
@@ -181,6 +188,7 @@ void frmController::Unload()
     Data().Database().Settle();
     export_.reset();
     import_.reset();
+    history_.reset();
     globals_.Release();
 }
 

@@ -21,6 +21,7 @@
 #include "controls/WorkProgress.h"
 #include "export/modExport.h"
 #include "grid/CVGrid.h"
+#include "history/History.h"
 #include "import/modImport.h"
 
 namespace clb {
@@ -73,6 +74,12 @@ public:
     /// Saves the grid's row in edit and unloads. Returns false if the row cannot be saved.
     bool Close();
 
+    /// The steps that commands have made. Only while the window is loaded.
+    History& Steps() { return *history_; }
+    /// Shows the contents of the file again after rows were changed in another way than through the
+    /// grid.
+    void ReloadWindow();
+
     clsView& View() { return *globals_.view; }
     clsDatabase& Data() { return *globals_.database; }
     modImport& Import() { return *import_; }
@@ -124,7 +131,6 @@ private:
     void ShowPresentMonth();
     void NodeClicked(std::int32_t node);
     void ShowStored() noexcept;
-    void ReloadWindow();
     void ReleaseLock();
 
     Ports ports_;  // with those of unlocked_
@@ -136,6 +142,7 @@ private:
     bool loaded_ = false;
     bool stale_ = false;  // the window shows data that an error in writing has taken back
     modGlobals globals_;
+    std::unique_ptr<History> history_;
     std::unique_ptr<OtherPrograms> others_;
     std::unique_ptr<modImport> import_;
     std::unique_ptr<modExport> export_;

@@ -94,6 +94,22 @@ void History::Begin(const std::string& what)
     Write();
     step_ = 0;
     what_ = what;
+    outer_.clear();
+}
+
+void History::BeginInner(const std::string& what)
+{
+    if (outer_.empty())
+        outer_ = what_;
+    Write();
+    step_ = 0;
+    what_ = what;
+}
+
+void History::EndInner()
+{
+    if (!outer_.empty())
+        Begin(std::string(outer_));
 }
 
 void History::End()
@@ -101,6 +117,7 @@ void History::End()
     step_ = 0;
     committedStep_ = 0;
     what_ = kUnnamed;
+    outer_.clear();
 }
 
 /// The number of the step at hand. Another program may have made one after its first part.

@@ -41,6 +41,10 @@ public:
 
     /// What is changed from now on is a step of its own with this name. Throws EngineError.
     void Begin(const std::string& what);
+    /// What is changed from now on is a step of its own inside the command, such as the saving of a
+    /// row before the command goes on; EndInner ends it. Throw EngineError.
+    void BeginInner(const std::string& what);
+    void EndInner();
     /// The command has ended and is settled: the next change belongs to another step.
     void End();
 
@@ -91,6 +95,7 @@ private:
     ChangeLog log_;
     bool writing_ = false;            ///< the history's own tables
     std::string what_;                ///< name of the step at hand
+    std::string outer_;               ///< name of the command around it; empty: there is none
     std::int64_t step_ = 0;           ///< its number; 0: nothing of it is stored
     std::int64_t committedStep_ = 0;  ///< step_ as of the last commit
     std::int64_t committedNext_ = 0;  ///< and as of the one that is under way

@@ -94,6 +94,7 @@ constexpr EmptyText kEmpty{"No budget for {month}",
 extern constexpr ViewDefinition kBudgetView{
     .view = vwBudget,
     .columns = kColumns,
+    .rowName = "Budget Line",
     .totalLabel = "Month to date:",
     .firstTotal = Budget::Amount,
     .secondTotal = Budget::Actual,

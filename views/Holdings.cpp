@@ -29,6 +29,7 @@ constexpr EmptyText kEmpty{"No holdings yet", "Enter one in the line above.", kW
 extern constexpr ViewDefinition kHoldingsView{
     .view = vwInvestment,
     .columns = kColumns,
+    .rowName = "Holding",
     .totalLabel = "Total Investment:",
     .firstTotal = Holdings::Total,
     .ofAccount = true,

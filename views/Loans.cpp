@@ -34,6 +34,7 @@ constexpr EmptyText kEmpty{"No loans yet", "Enter one in the line above.", kWays
 extern constexpr ViewDefinition kLoansView{
     .view = vwLoan,
     .columns = kColumns,
+    .rowName = "Loan",
     .totalLabel = "Total Loans:",
     .firstTotal = Loans::Balance,
     .ofAccount = true,
