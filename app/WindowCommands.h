@@ -20,7 +20,7 @@ using CommandAction = void (*)(frmController& window);
 struct WindowCommand {
     const char* name;               ///< the menu item's name
     const char* caption = nullptr;  ///< use CaptionOf; nullptr: a separator
-    const char* key = "";           ///< such as "Ctrl+I", "Del" or "F5"; empty: none
+    const char* key = "";           ///< such as "Ctrl+I", "Del" or "F5; F6"; empty: none
     const char* icon = "";          ///< file name of the drawing, without ".svg"; empty: none
     Enabled enabled = Enabled::Always;
     /// A row in edit is saved first. If it cannot be saved, the command does not run.
@@ -33,6 +33,7 @@ struct WindowMenu {
     const char* name;
     const char* caption;
     std::span<const WindowCommand> commands;
+    bool added = false;  ///< see Menu::Added
 };
 
 /// One button of the toolbar. A row in edit is always saved first.

@@ -117,6 +117,8 @@ void frmController::Settle()
     }
     history_->End();
     ShowStored();
+    if (history_->TakeChanged())
+        bars_.FollowHistory();
 }
 
 void frmController::Abandon() noexcept

@@ -76,6 +76,8 @@ public:
 
     /// The steps that commands have made. Only while the window is loaded.
     History& Steps() { return *history_; }
+    /// Shows what Undo and Redo would do now. Throws EngineError.
+    void FollowHistory() { bars_.FollowHistory(); }
     /// Shows the contents of the file again after rows were changed in another way than through the
     /// grid.
     void ReloadWindow();

@@ -99,6 +99,15 @@ void PrintHistory(const HistoryOptions& options)
         PrintSteps(steps);
 }
 
+std::string NothingTo(bool undo, const std::string& ended)
+{
+    if (!undo)
+        return "There is nothing to redo.";
+    return ended.empty() ? "There is nothing to undo."
+                         : "Tables were changed at " + ended +
+                               ". What was done before that cannot be undone.";
+}
+
 /// Undoes or redoes. Exit code 1 if nothing could be done.
 int TakeSteps(const UndoOptions& options, bool undo)
 {

@@ -27,10 +27,12 @@ int Run(int argc, char** argv)
     app.failure_message(CLI::FailureMessage::simple);
     int exitCode = 0;
     for (const auto add :
-         {clb::AddNew, clb::AddDemo, clb::AddAccounts, clb::AddNetWorth, clb::AddRegister,
-          clb::AddBudget, clb::AddCopyBudget, clb::AddImport, clb::AddExport, clb::AddSplit,
-          clb::AddMove, clb::AddOptions, clb::AddQuotes, clb::AddQuoteServer, clb::AddBackup,
-          clb::AddRestore, clb::AddCheck, clb::AddSql, clb::AddAutomate})
+         {clb::AddNew,      clb::AddDemo,        clb::AddAccounts,   clb::AddNetWorth,
+          clb::AddRegister, clb::AddBudget,      clb::AddCopyBudget, clb::AddImport,
+          clb::AddExport,   clb::AddSplit,       clb::AddMove,       clb::AddOptions,
+          clb::AddQuotes,   clb::AddQuoteServer, clb::AddBackup,     clb::AddRestore,
+          clb::AddCheck,    clb::AddHistory,     clb::AddUndo,       clb::AddRedo,
+          clb::AddSql,      clb::AddAutomate})
         add(app, exitCode);
     try {
         app.parse(argc, argv);

@@ -61,6 +61,7 @@ void History::Changing(const ChangingRow& row)
 
 void History::Lost() noexcept
 {
+    changed_ = true;
     log_.Clear();
     shapes_.Forget();
     step_ = committedStep_;
@@ -74,6 +75,7 @@ void History::TableChanged(std::string_view table)
         return;
     log_.Clear();
     step_ = 0;
+    changed_ = true;
     const Own own(writing_);
     store_.End(now_().ToIso());
 }
@@ -149,6 +151,7 @@ void History::Write()
 {
     if (log_.Empty())
         return;
+    changed_ = true;
     const Own own(writing_);
     std::int64_t rows = 0;
     const std::string bytes = Packed(rows);
@@ -253,6 +256,7 @@ void History::Apply(const Step& step, Way way, HistoryOutcome& outcome)
     } catch (const packed::BrokenBytes&) {
         throw HistoryRefusal(Sentence(step, undo, "its record in the history is damaged"));
     }
+    changed_ = true;
     std::int64_t rows = 0;
     store_.Replace(step.number, Packed(rows), undo);
     outcome.steps.push_back(step);

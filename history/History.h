@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Date.h"
@@ -66,6 +67,8 @@ public:
     std::vector<RowStory> Rows(const Step& step, std::size_t most);
     /// When a change of tables ended the history before; empty if none did. Throws EngineError.
     std::string EndedAt();
+    /// Whether steps were made, undone or lost here since the last call.
+    bool TakeChanged() { return std::exchange(changed_, false); }
     [[nodiscard]] const std::string& Program() const { return program_; }
 
     // IChangeWatch
@@ -93,6 +96,7 @@ private:
     TableShapes shapes_;
     StepStore store_;
     ChangeLog log_;
+    bool changed_ = true;
     bool writing_ = false;            ///< the history's own tables
     std::string what_;                ///< name of the step at hand
     std::string outer_;               ///< name of the command around it; empty: there is none
