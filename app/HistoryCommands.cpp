@@ -47,7 +47,7 @@ void MoveToRow(CVGrid& grid, const Place& place)
         if (grid.Rows().Kind(row) == GridRowKind::Data &&
             grid.Rows().Stored(row, Register::Sequence) == place.sequence &&
             grid.Rows().Stored(row, Register::SubSequence) == place.subSequence) {
-            grid.Row(row);
+            grid.MoveTo(row, grid.Col());
             return;
         }
 }
