@@ -62,7 +62,8 @@ TEST_F(StartTest, MenusAreInTheirOrderWithTheirCaptions)
         R"json("mnuE_New","mnuE_Delete","mnuE_Separator1","mnuE_Copy","mnuE_Separator2",)json"
         R"json("mnuE_MovePrev","mnuE_MoveNext","mnuE_Split","mnuT_UpdateQuotes","mnuT_Rule",)json"
         R"json("mnuT_Options","mnuH_HelpTopics","mnuH_Rule","mnuH_OnTheWeb",)json"
-        R"json("mnuH_OnlineTutorial","mnuH_Rule2","mnuH_About"])json");
+        R"json("mnuH_OnlineTutorial","mnuH_Rule2","mnuH_About",)json"
+        R"json("mnuY_Undo","mnuY_Redo","mnuY_Rule","mnuY_Show"])json");
     EXPECT_EQ(window["menus"]["mnuE_Copy"]["caption"], "&Copy Budget From Previous Month");
     EXPECT_EQ(window["menus"]["mnuF_Exit"]["caption"], "E&xit");
     EXPECT_FALSE(window["menus"].contains("mnuF_Rule"));
