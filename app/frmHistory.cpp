@@ -88,10 +88,16 @@ bool frmHistory::Matches(const Step& step) const
 std::string frmHistory::DayHeading(const std::string& day) const
 {
     const std::optional<Date> date = Date::FromIso(day);
-    if (!date)
-        return day;
-    const std::int32_t ago = today_.Days() - date->Days();
-    return (ago == 0 ? "Today, " : ago == 1 ? "Yesterday, " : "") + dates_.Format(*date);
+    const std::int32_t ago = date ? today_.Days() - date->Days() : -1;
+    const char* const near = ago == 0 ? "Today, " : ago == 1 ? "Yesterday, " : "";
+    return near + ShownDay(day);
+}
+
+/// The day as the grid shows dates.
+std::string frmHistory::ShownDay(const std::string& day) const
+{
+    const std::optional<Date> date = Date::FromIso(day);
+    return date ? dates_.Format(*date) : day;
 }
 
 /// Lists the steps that match; the one that was chosen stays chosen if it is among them.
@@ -127,8 +133,7 @@ std::vector<RowList::Line> frmHistory::StepLines()
 
 RowList::Line frmHistory::EndLine() const
 {
-    const std::optional<Date> day = Date::FromIso(endedAt_.substr(0, 10));
-    return {"Tables were changed on " + (day ? dates_.Format(*day) : endedAt_) +
+    return {"Tables were changed on " + ShownDay(endedAt_.substr(0, 10)) +
             ". What was done before cannot be undone."};
 }
 
@@ -209,15 +214,15 @@ std::vector<RowList::Line> frmHistory::LinesOf(const RowStory& row) const
     const NamedValues none;
     const NamedValues& cells = row.is ? *row.is : row.was ? *row.was : none;
     const char* const what = !row.was ? "Added: " : !row.is ? "Deleted: " : "Changed: ";
-    std::vector<RowList::Line> lines{{what + RowName(row.table, row.row, cells)}};
+    std::vector<RowList::Line> lines{
+        {what + RowName(row.table, row.row, cells,
+                        [this](const std::string& day) { return ShownDay(day); })}};
     for (std::size_t i = 0; i < cells.size(); ++i) {
-        const Value was = row.was && i < row.was->size() ? (*row.was)[i].second : Value();
-        const Value is = row.is ? cells[i].second : Value();
+        const std::string was =
+            row.was && i < row.was->size() ? ShownCell((*row.was)[i].second, dates_) : "";
+        const std::string is = row.is ? ShownCell(cells[i].second, dates_) : "";
         if (was != is)
-            lines.push_back({"",
-                             {{FieldWord(row.table, cells[i].first), ShownCell(was, dates_),
-                               ShownCell(is, dates_)},
-                              false}});
+            lines.push_back({"", {{FieldWord(row.table, cells[i].first), was, is}, false}});
     }
     return lines;
 }

@@ -31,6 +31,7 @@ private:
     [[nodiscard]] std::vector<RowList::Line> StepLines();
     [[nodiscard]] RowList::Line EndLine() const;
     [[nodiscard]] std::string DayHeading(const std::string& day) const;
+    [[nodiscard]] std::string ShownDay(const std::string& day) const;
     void ChooseStep(std::int64_t number);
     void ShowStep();
     [[nodiscard]] std::vector<RowList::Line> ChangesOf(const Step& step) const;

@@ -18,6 +18,18 @@ namespace {
 
 constexpr int kMeasured = 100;  // rows whose texts decide how wide a column is
 
+/// Keeps the texts of neighbouring columns apart.
+class ApartDelegate : public PaddedItemDelegate {
+public:
+    using PaddedItemDelegate::PaddedItemDelegate;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override
+    {
+        return PaddedItemDelegate::sizeHint(option, index) +
+               QSize(option.fontMetrics.averageCharWidth(), 0);
+    }
+};
+
 }  // namespace
 
 /// The lines of a row list as the toolkit reads them. A heading's text is in the first column.
@@ -121,7 +133,7 @@ RowListView::RowListView(RowList& list, UserEvents& events, QWidget* parent)
     setItemsExpandable(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
-    setItemDelegate(new PaddedItemDelegate(this));
+    setItemDelegate(new ApartDelegate(this));
     setHorizontalScrollMode(ScrollPerPixel);
     setModel(lines_);
     header()->setSectionsMovable(false);
@@ -196,7 +208,8 @@ bool RowListView::IsCut(const QModelIndex& index) const
 {
     if (LineAt(index).IsHeading())
         return fontMetrics().horizontalAdvance(index.data().toString()) > viewport()->width();
-    return sizeHintForIndex(index).width() > header()->sectionSize(index.column());
+    return sizeHintForIndex(index).width() - fontMetrics().averageCharWidth() >
+           header()->sectionSize(index.column());
 }
 
 bool RowListView::viewportEvent(QEvent* event)

@@ -107,7 +107,7 @@ void MainWindow::BuildToolbarSide()
     year_->setToolTip(QStringLiteral("Year shown"));
     year_->installEventFilter(this);
     toolbar_->AddAtRight(QStringLiteral("&Month:"), month_);
-    toolbar_->AddAtRight(QStringLiteral("&Year:"), year_);
+    toolbar_->AddAtRight(QStringLiteral("Ye&ar:"), year_);
 }
 
 void MainWindow::BuildStatusBar()
