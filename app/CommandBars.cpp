@@ -56,9 +56,11 @@ void CommandBars::FollowHistory()
 /// The caption says what the command would do: "&Undo Delete Record".
 void CommandBars::Name(const char* command, const std::optional<Step>& step)
 {
-    const std::string caption = CaptionOf(*FindCommand(command));
-    window_.menus.Find(command)->Caption(step ? caption + " " + Replace(step->what, "&", "&&")
-                                              : caption);
+    std::string caption = CaptionOf(*FindCommand(command));
+    if (step)
+        caption += " " + Replace(step->what, "&", "&&") +
+                   (window_.Steps().IsOfAnother(*step) ? " (another program)" : "");
+    window_.menus.Find(command)->Caption(caption);
 }
 
 void CommandBars::Enable(const EnabledNow& now)

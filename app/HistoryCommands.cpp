@@ -1,87 +1,30 @@
 #include "app/HistoryCommands.h"
 
-#include <optional>
-
+#include "app/StepPlaces.h"
 #include "app/frmController.h"
 #include "app/frmHistory.h"
 #include "base/Product.h"
-#include "data/ViewColumns.h"
-#include "engine/rows/RawSql.h"
-#include "views/NodeTag.h"
 
 namespace clb {
 namespace {
 
-/// Where a transaction is shown.
-struct Place {
-    std::string account;
-    std::string type;
-    std::int32_t year = 0;
-    std::int32_t period = 0;
-    Value sequence;
-    Value subSequence;
-};
-
-/// Nothing if the row is not a transaction of an account that is there.
-std::optional<Place> PlaceOf(frmController& window, const TouchedRow& row)
-{
-    std::optional<Place> place;
-    if (row.table != "Trans")
-        return place;
-    RawSql(window.Data().Database())
-        .Select("SELECT a.AccountID, a.Type, t.Year, t.Period, t.Sequence, t.SubSequence FROM Trans t JOIN "
-                "Account a ON a.AccountID = t.AccountID WHERE t.rowid = " + std::to_string(row.row),
-                [&place](const RawSql::Row& found) {
-                    const auto number = [&found](int column) {
-                        return static_cast<std::int32_t>(found.Integer(column));
-                    };
-                    place = Place{std::string(found.Text(0)), std::string(found.Text(1)), number(2),
-                                  number(3), number(4), number(5)};
-                });
-    return place;
-}
-
-void MoveToRow(CVGrid& grid, const Place& place)
-{
-    for (std::size_t row = 1; row <= grid.Rows().Count(); ++row)
-        if (grid.Rows().Kind(row) == GridRowKind::Data &&
-            grid.Rows().Stored(row, Register::Sequence) == place.sequence &&
-            grid.Rows().Stored(row, Register::SubSequence) == place.subSequence) {
-            grid.MoveTo(row, grid.Col());
-            return;
-        }
-}
-
-void Show(frmController& window, const Place& place)
-{
-    const std::int32_t node = window.View().FindTreeNodeByTag(
-        node_tag::OfAccount(clsView::ViewFromAccountType(place.type), place.account));
-    if (node == 0 || place.period < 1 || place.period > 12)
-        return;
-    window.View().HoldRefresh(true);
-    window.ChooseMonth(place.period - 1);
-    window.EnterYear(std::to_string(place.year));
-    window.PressNode(node);
-    window.View().HoldRefresh(false);
-    MoveToRow(window.Grid, place);
-}
-
-void ShowOutcome(frmController& window, const HistoryOutcome& outcome)
+void ShowOutcome(frmController& window, const HistoryOutcome& outcome, bool undone)
 {
     if (outcome.steps.empty())
         return;
+    const TreeNode shown = window.View().ShownNode();
+    const GridSpot current = window.Grid.CurrentSpot();
     window.ReloadWindow();
-    for (const TouchedRow& row : outcome.touched)
-        if (const auto place = PlaceOf(window, row)) {
-            Show(window, *place);
-            return;
-        }
+    const bool found = ShowTouched(window, outcome.touched);
+    if (!found && window.View().ShownNode().tag == shown.tag && window.Grid.Bound())
+        window.Grid.ReturnTo(current);
+    window.Results().Show(outcome, undone);
 }
 
 void TakeSteps(frmController& window, std::int64_t steps, bool undo)
 {
     try {
-        ShowOutcome(window, undo ? window.Steps().Undo(steps) : window.Steps().Redo(steps));
+        ShowOutcome(window, undo ? window.Steps().Undo(steps) : window.Steps().Redo(steps), undo);
     } catch (const HistoryRefusal& refusal) {
         window.GivenPorts().messages.Show(refusal.what(), box_style::Exclamation, product::kTitle);
     }
@@ -101,9 +44,10 @@ void RedoSteps(frmController& window, std::int64_t steps)
 
 void ShowHistory(frmController& window)
 {
-    frmHistory(window.Steps(), window.GivenPorts().modal, [&window](bool undo, std::int64_t steps) {
-        TakeSteps(window, steps, undo);
-    }).ShowDialog();
+    const Ports& ports = window.GivenPorts();
+    frmHistory(window.Steps(), ports.modal, ports.dates, ports.clock.Now(),
+               [&window](bool undo, std::int64_t steps) { TakeSteps(window, steps, undo); })
+        .ShowDialog();
 }
 
 }  // namespace clb

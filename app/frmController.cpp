@@ -40,9 +40,11 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
       txtTotal("txtTotal", "0.00"),
       txtTotal2("txtTotal2", "0.00"),
       statusBar("StatusBar", 2),
+      result("ResultBar"),
       ports_(unlocked_.Around(ports)),
       layout_(*this, metrics),
       bars_(*this),
+      results_(*this),
       rows_(*this),
       importHost_(*this),
       exportHost_(ports_.files),
@@ -57,6 +59,7 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
     UpDown.Attach(txtYear);
     txtTotal.Locked(true);
     txtTotal2.Locked(true);
+    result.Changed().connect([this] { layout_.PlaceAgain(); });
     Resize(900, 600);
 }
 
@@ -119,6 +122,7 @@ void frmController::Settle()
     ShowStored();
     if (history_->TakeChanged())
         bars_.FollowHistory();
+    results_.Follow();
 }
 
 void frmController::Abandon() noexcept

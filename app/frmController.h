@@ -10,6 +10,7 @@
 #include "app/Notices.h"
 #include "app/Ports.h"
 #include "app/RowEvents.h"
+#include "app/StepResult.h"
 #include "app/UnlockedPorts.h"
 #include "app/WindowLayout.h"
 #include "app/modGlobals.h"
@@ -17,6 +18,7 @@
 #include "controls/Form.h"
 #include "controls/Inputs.h"
 #include "controls/Menus.h"
+#include "controls/ResultBar.h"
 #include "controls/Tree.h"
 #include "controls/WorkProgress.h"
 #include "export/modExport.h"
@@ -78,6 +80,8 @@ public:
     History& Steps() { return *history_; }
     /// Shows what Undo and Redo would do now. Throws EngineError.
     void FollowHistory() { bars_.FollowHistory(); }
+    /// Says in the result bar what Undo and Redo have done.
+    StepResult& Results() { return results_; }
     /// Shows the contents of the file again after rows were changed in another way than through the
     /// grid.
     void ReloadWindow();
@@ -122,6 +126,7 @@ public:
     TextBox txtTotal;
     TextBox txtTotal2;
     StatusBar statusBar;
+    ResultBar result;
     /// The progress of a long command.
     WorkProgress progress;
     /// The texts of the status bar's second panel while no long command runs.
@@ -138,6 +143,7 @@ private:
     Ports ports_;  // with those of unlocked_
     WindowLayout layout_;
     CommandBars bars_;
+    StepResult results_;
     RowEvents rows_;
     ImportHost importHost_;
     ExportHost exportHost_;

@@ -26,6 +26,7 @@ void RowList::Fill(std::vector<Line> lines)
 {
     lines_ = std::move(lines);
     chosen_ = 0;
+    filled_.emit();
     NotifyChanged();
 }
 

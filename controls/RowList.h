@@ -43,6 +43,8 @@ public:
     /// Chooses the row and raises Activated, as a double click does.
     void Activate(std::size_t line);
 
+    /// Raised after the lines were replaced.
+    Event<void()> Filled() { return filled_; }
     Event<void()> Choice() { return choice_; }
     Event<void()> Activated() { return activated_; }
 
@@ -51,6 +53,7 @@ private:
     std::vector<std::size_t> right_;
     std::vector<Line> lines_;
     std::size_t chosen_ = 0;
+    sigc::signal<void()> filled_;
     sigc::signal<void()> choice_;
     sigc::signal<void()> activated_;
 };

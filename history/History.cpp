@@ -45,6 +45,8 @@ History::History(Connection& connection, Clock now, std::string program)
       store_(*database_),
       what_(kUnnamed)
 {
+    const std::optional<Step> newest = store_.Exists() ? store_.Newest() : std::nullopt;
+    newestAtOpening_ = newest ? newest->number : 0;
     connection_->Watch(this);
 }
 

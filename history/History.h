@@ -34,7 +34,7 @@ class History : public IChangeWatch {
 public:
     using Clock = std::function<Date()>;
     /// The connection is borrowed, open, and outlives the history. program names the running
-    /// program: steps of others can be told apart by it.
+    /// program: steps of others can be told apart by it. Throws EngineError.
     History(Connection& connection, Clock now, std::string program);
     ~History() override;
     History(const History&) = delete;
@@ -48,6 +48,15 @@ public:
     void EndInner();
     /// The command has ended and is settled: the next change belongs to another step.
     void End();
+
+    /// Keeps other programs from writing, and so from making steps, until the group is settled.
+    /// Throws EngineError if another one is writing.
+    void Lock() { connection_->Lock(); }
+    /// Whether another program has made the step since this history was opened.
+    [[nodiscard]] bool IsOfAnother(const Step& step) const
+    {
+        return step.number > newestAtOpening_ && step.program != program_;
+    }
 
     /// What Undo would take back and Redo bring back next; nothing if there is none. Throw
     /// EngineError.
@@ -103,7 +112,8 @@ private:
     std::int64_t step_ = 0;           ///< its number; 0: nothing of it is stored
     std::int64_t committedStep_ = 0;  ///< step_ as of the last commit
     std::int64_t committedNext_ = 0;  ///< and as of the one that is under way
-    std::string unfit_;               ///< table that was written and whose rows cannot be put back
+    std::int64_t newestAtOpening_ = 0;
+    std::string unfit_;  ///< table that was written and whose rows cannot be put back
 };
 
 }  // namespace clb

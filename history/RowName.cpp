@@ -21,11 +21,15 @@ std::string Quoted(const std::string& text)
 
 }  // namespace
 
-std::string RowName(const std::string& table, std::int64_t row, const NamedValues& cells)
+std::string RowName(const std::string& table, std::int64_t row, const NamedValues& cells,
+                    const std::function<std::string(const std::string& day)>& shownDay)
 {
     const auto text = [&cells](std::string_view column) { return TextOf(cells, column); };
-    if (EqualsIgnoringCase(table, "Trans") && !text("PostDate").empty())
-        return "the transaction of " + text("PostDate").substr(0, 10) + Quoted(text("Description"));
+    if (EqualsIgnoringCase(table, "Trans") && !text("PostDate").empty()) {
+        const std::string day = text("PostDate").substr(0, 10);
+        return "the transaction of " + (shownDay ? shownDay(day) : day) +
+               Quoted(text("Description"));
+    }
     if (EqualsIgnoringCase(table, "Account") && !text("AccountID").empty())
         return "the account" +
                Quoted(text("Description").empty() ? text("AccountID") : text("Description"));

@@ -8,7 +8,7 @@
 namespace clb {
 namespace {
 
-constexpr std::size_t kMostTouched = 16;
+constexpr std::ptrdiff_t kMostTouched = 8;  // rows of each table
 
 /// Triggers would change rows that the step puts back by itself.
 class WithoutTriggers {
@@ -67,15 +67,13 @@ bool StepApplier::IsThere(const TableShape& shape, const StepReader& reader)
 
 void StepApplier::PutBack(const TableShape& shape, const RowChanged& row, Pass pass)
 {
-    if (pass == Pass::Remove && IsOf(row, false, true))
-        Run(shape, row, Removal(shape));
-    else if (pass == Pass::Write && IsOf(row, true, true))
-        Run(shape, row, Writing(shape, row));
-    else if (pass == Pass::Insert && IsOf(row, true, false))
-        Run(shape, row, Insertion(shape, row));
-    else
+    if (!IsOf(row, pass != Pass::Remove, pass != Pass::Insert))
         return;
-    Touch(shape, row);
+    Touch(shape, row, pass);
+    Run(shape, row,
+        pass == Pass::Remove  ? Removal(shape)
+        : pass == Pass::Write ? Writing(shape, row)
+                              : Insertion(shape, row));
 }
 
 /// The row is looked at while it is changed: the log has just hashed what it held.
@@ -97,15 +95,8 @@ void StepApplier::Run(const TableShape& shape, const RowChanged& row, Query& que
 
 void StepApplier::Refuse(const TableShape& shape, const RowChanged& row) const
 {
-    NamedValues cells;
-    Query find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
-                                    shape.identity + " = ?1");
-    find.BindInteger(1, row.row);
-    const bool there = database_->Step(find);
-    for (std::size_t i = 0; there && i < shape.columns.size(); ++i)
-        cells.emplace_back(shape.columns[i],
-                           ValueOf(find.Cell(static_cast<int>(i)), FieldType::Text));
-    find.Reset();
+    NamedValues cells = CellsOf(shape, row.row);
+    const bool there = !cells.empty();
     for (const auto& [column, cell] : row.before)
         if (!there)
             cells.emplace_back(shape.columns[static_cast<std::size_t>(column)],
@@ -156,10 +147,29 @@ Query& StepApplier::Insertion(const TableShape& shape, const RowChanged& row)
     return query;
 }
 
-void StepApplier::Touch(const TableShape& shape, const RowChanged& row)
+/// As texts; nothing if there is no such row.
+NamedValues StepApplier::CellsOf(const TableShape& shape, std::int64_t row) const
 {
-    if (touched_.size() < kMostTouched)
-        touched_.push_back({shape.name, row.row});
+    NamedValues cells;
+    Query find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
+                                    shape.identity + " = ?1");
+    find.BindInteger(1, row);
+    const bool there = database_->Step(find);
+    for (std::size_t i = 0; there && i < shape.columns.size(); ++i)
+        cells.emplace_back(shape.columns[i],
+                           ValueOf(find.Cell(static_cast<int>(i)), FieldType::Text));
+    find.Reset();
+    return cells;
+}
+
+void StepApplier::Touch(const TableShape& shape, const RowChanged& row, Pass pass)
+{
+    const auto ofTable = std::count_if(touched_.begin(), touched_.end(), [&](const auto& other) {
+        return other.table == shape.name;
+    });
+    if (ofTable < kMostTouched)
+        touched_.push_back({shape.name, row.row, pass == Pass::Insert,
+                            pass == Pass::Remove ? CellsOf(shape, row.row) : NamedValues()});
 }
 
 }  // namespace clb

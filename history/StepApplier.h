@@ -8,6 +8,7 @@
 
 #include "engine/storage/Database.h"
 #include "history/ChangeLog.h"
+#include "history/RowName.h"
 #include "history/StepBytes.h"
 #include "history/TableShape.h"
 
@@ -22,7 +23,9 @@ public:
 /// A row that a step has touched.
 struct TouchedRow {
     std::string table;
-    std::int64_t row = 0;
+    std::int64_t row = 0;    ///< identity
+    bool came = false;       ///< it was not there before
+    NamedValues cells = {};  ///< of a row that is gone; empty: it is there
 };
 
 /// Puts back the rows of one part of a step, if each of them stands as the part left it. Runs in
@@ -39,7 +42,7 @@ public:
     /// Throws HistoryRefusal if a row is not what the part left, EngineError, and
     /// packed::BrokenBytes.
     void PutBack(std::string_view part);
-    /// The rows that were put back: those that are there again or still first, at most a few.
+    /// The rows that were put back, a few of each table. Rows of a table that are gone come first.
     [[nodiscard]] const std::vector<TouchedRow>& Touched() const { return touched_; }
 
 private:
@@ -53,7 +56,8 @@ private:
     Query& Removal(const TableShape& shape);
     Query& Writing(const TableShape& shape, const RowChanged& row);
     Query& Insertion(const TableShape& shape, const RowChanged& row);
-    void Touch(const TableShape& shape, const RowChanged& row);
+    [[nodiscard]] NamedValues CellsOf(const TableShape& shape, std::int64_t row) const;
+    void Touch(const TableShape& shape, const RowChanged& row, Pass pass);
 
     Database* database_;
     TableShapes* shapes_;

@@ -135,7 +135,7 @@ private:
     void Settle()
     {
         if (Model().Loaded())
-            Model().Data().Database().Settle();
+            Model().Settle();
     }
 };
 

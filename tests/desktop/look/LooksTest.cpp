@@ -75,7 +75,7 @@ TEST_P(LooksTest, EveryCommandHasAPictureThatStandsOutFromItsBackground)
             EXPECT_GE(BestContrast(Picture(line->icon()), Ground()), 3.0)
                 << line->text().toStdString();
         }
-    EXPECT_EQ(commands, 16);
+    EXPECT_EQ(commands, 19);
     for (const char* key : {"New", "Delete", "Link", "Back", "Forward"})
         EXPECT_GE(BestContrast(Picture(ToolbarWidget(window_).Action(key)->icon()), Ground()), 3.0)
             << key;
