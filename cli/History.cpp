@@ -13,12 +13,12 @@ namespace clb {
 namespace {
 
 struct HistoryOptions : FolderOptions {
-    std::int32_t limit = 100;
-    std::optional<std::int32_t> step;
+    std::int64_t limit = 100;
+    std::optional<std::int64_t> step;
 };
 
 struct UndoOptions : FolderOptions {
-    std::int32_t steps = 1;
+    std::int64_t steps = 1;
 };
 
 /// Cells whose content the step changed, or all that hold something of a row that came or went.
@@ -65,12 +65,14 @@ void PrintSteps(const std::vector<Step>& steps)
 
 void PrintStep(History& history, const Step& step)
 {
+    // A damaged record ends the command before it prints anything.
+    const std::vector<RowStory> rows = history.Rows(step, std::numeric_limits<std::size_t>::max());
     PrintSteps({step});
     std::cout << '\n';
     Table table;
     for (const char* caption : {"Table", "Row", "", "Cells"})
         table.AddColumn(caption, false);
-    for (const RowStory& row : history.Rows(step, std::numeric_limits<std::size_t>::max()))
+    for (const RowStory& row : rows)
         table.AddRow({row.table, std::to_string(row.row), KindOf(row), TextOf(row)});
     table.Print(std::cout);
 }
@@ -123,7 +125,7 @@ int TakeSteps(const UndoOptions& options, bool undo)
     else
         for (const Step& step : outcome.steps)
             std::cout << (undo ? "Undone: " : "Redone: ") << Printable(step.what) << " of "
-                      << step.at << '\n';
+                      << Printable(step.at) << '\n';
     if (outcome.steps.empty())
         std::cerr << NothingTo(undo, ended) << '\n';
     return outcome.steps.empty() ? 1 : 0;
@@ -138,7 +140,7 @@ void AddTakeSteps(CLI::App& app, int& exitCode, bool undo)
     command
         .Take("--steps", options->steps,
               undo ? "How many commands" : "How many of the commands that were undone")
-        .Between(1, std::numeric_limits<std::int32_t>::max())
+        .Positive()
         .ShowDefault();
     AddHome(command, *options);
     AddJson(command, *options);
@@ -151,11 +153,8 @@ void AddHistory(CLI::App& app, int&)
 {
     auto options = std::make_shared<HistoryOptions>();
     Command command(app, "history", "List what commands have changed, the newest first");
-    command.Take("--limit", options->limit, "How many steps")
-        .Between(1, std::numeric_limits<std::int32_t>::max())
-        .ShowDefault();
-    command.Take("--step", options->step, "Show what this step has changed")
-        .Between(1, std::numeric_limits<std::int32_t>::max());
+    command.Take("--limit", options->limit, "How many steps").Positive().ShowDefault();
+    command.Take("--step", options->step, "Show what this step has changed").Positive();
     AddHome(command, *options);
     AddJson(command, *options);
     command.Run([options] { PrintHistory(*options); });

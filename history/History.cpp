@@ -225,7 +225,8 @@ HistoryOutcome History::Apply(std::int64_t most, Way way)
         return outcome;
     shapes_.Forget();
     const Own own(writing_);
-    database_->Run("SAVEPOINT CvApply");
+    const std::string savepoint = StepApplier::kSavepoint;
+    database_->Run("SAVEPOINT " + savepoint);
     try {
         for (; most > 0; --most) {
             const auto step = way == Way::Undo ? store_.NextToUndo() : store_.NextToRedo();
@@ -236,19 +237,19 @@ HistoryOutcome History::Apply(std::int64_t most, Way way)
     } catch (...) {
         log_.Clear();
         if (database_->InTransaction())
-            database_->Run("ROLLBACK TO CvApply; RELEASE CvApply");
+            database_->Run("ROLLBACK TO " + savepoint + "; RELEASE " + savepoint);
         throw;
     }
-    database_->Run("RELEASE CvApply");
+    database_->Run("RELEASE " + savepoint);
     return outcome;
 }
 
 void History::Apply(const Step& step, Way way, HistoryOutcome& outcome)
 {
     const bool undo = way == Way::Undo;
-    std::vector<std::string> parts = store_.Parts(step.number);
     StepApplier applier(*database_, shapes_, log_);
     try {
+        const std::vector<std::string> parts = store_.Parts(step.number);
         writing_ = false;
         for (auto part = parts.rbegin(); part != parts.rend(); ++part)
             applier.PutBack(*part);
@@ -262,6 +263,7 @@ void History::Apply(const Step& step, Way way, HistoryOutcome& outcome)
     std::int64_t rows = 0;
     store_.Replace(step.number, Packed(rows), undo);
     outcome.steps.push_back(step);
+    outcome.steps.back().undone = undo;
     outcome.touched = applier.Touched();
 }
 

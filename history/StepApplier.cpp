@@ -3,7 +3,6 @@
 #include "engine/storage/Catalogue.h"
 #include "engine/storage/EngineError.h"
 #include "history/CellValue.h"
-#include "history/RowName.h"
 
 namespace clb {
 namespace {
@@ -60,7 +59,8 @@ bool StepApplier::IsThere(const TableShape& shape, const StepReader& reader)
         return false;
     if (shape.columns.empty())
         throw HistoryRefusal("the table " + reader.Table() + " is no longer there");
-    if (shape.identity.empty() || shape.fingerprint != reader.Fingerprint())
+    if (shape.identity.empty() || shape.fingerprint != reader.Fingerprint() ||
+        static_cast<int>(shape.columns.size()) != reader.Columns())
         throw HistoryRefusal("the columns of the table " + reader.Table() + " were changed since");
     return true;
 }
@@ -93,18 +93,37 @@ void StepApplier::Run(const TableShape& shape, const RowChanged& row, Query& que
         Refuse(shape, row);
 }
 
-void StepApplier::Refuse(const TableShape& shape, const RowChanged& row) const
+/// The row's cells as texts; nothing if there is no such row.
+NamedValues StepApplier::Stored(const TableShape& shape, std::int64_t row)
 {
-    NamedValues cells = CellsOf(shape, row.row);
-    const bool there = !cells.empty();
+    NamedValues cells;
+    Query find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
+                                    shape.identity + " = ?1");
+    const ResetAtExit reset(find);
+    find.BindInteger(1, row);
+    if (database_->Step(find))
+        for (std::size_t i = 0; i < shape.columns.size(); ++i)
+            cells.emplace_back(shape.columns[i],
+                               ValueOf(find.Cell(static_cast<int>(i)), FieldType::Text));
+    return cells;
+}
+
+/// Names the row as it was before anything was put back: that is what the user sees.
+void StepApplier::Refuse(const TableShape& shape, const RowChanged& row)
+{
+    if (database_->InTransaction())
+        database_->Run(std::string("ROLLBACK TO ") + kSavepoint);
+    NamedValues before;
     for (const auto& [column, cell] : row.before)
-        if (!there)
-            cells.emplace_back(shape.columns[static_cast<std::size_t>(column)],
-                               ValueOf(packed::Reader(cell).Cell(), FieldType::Text));
-    const std::string name = RowName(shape.name, row.row, cells);
-    if (row.is)
-        throw HistoryRefusal(name + (there ? " was changed since" : " was deleted since"));
-    throw HistoryRefusal("there is another row in the place of " + name);
+        before.emplace_back(shape.columns[static_cast<std::size_t>(column)],
+                            ValueOf(packed::Reader(cell).Cell(), FieldType::Text));
+    if (!row.is)
+        throw HistoryRefusal("there is another row in the place of " +
+                             RowName(shape.name, row.row, before));
+    const NamedValues stored = Stored(shape, row.row);
+    const bool there = !stored.empty();
+    throw HistoryRefusal(RowName(shape.name, row.row, there ? stored : before) +
+                         (there ? " was changed since" : " was deleted since"));
 }
 
 Query& StepApplier::Removal(const TableShape& shape)
@@ -147,21 +166,6 @@ Query& StepApplier::Insertion(const TableShape& shape, const RowChanged& row)
     return query;
 }
 
-/// As texts; nothing if there is no such row.
-NamedValues StepApplier::CellsOf(const TableShape& shape, std::int64_t row) const
-{
-    NamedValues cells;
-    Query find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
-                                    shape.identity + " = ?1");
-    find.BindInteger(1, row);
-    const bool there = database_->Step(find);
-    for (std::size_t i = 0; there && i < shape.columns.size(); ++i)
-        cells.emplace_back(shape.columns[i],
-                           ValueOf(find.Cell(static_cast<int>(i)), FieldType::Text));
-    find.Reset();
-    return cells;
-}
-
 void StepApplier::Touch(const TableShape& shape, const RowChanged& row, Pass pass)
 {
     const auto ofTable = std::count_if(touched_.begin(), touched_.end(), [&](const auto& other) {
@@ -169,7 +173,7 @@ void StepApplier::Touch(const TableShape& shape, const RowChanged& row, Pass pas
     });
     if (ofTable < kMostTouched)
         touched_.push_back({shape.name, row.row, pass == Pass::Insert,
-                            pass == Pass::Remove ? CellsOf(shape, row.row) : NamedValues()});
+                            pass == Pass::Remove ? Stored(shape, row.row) : NamedValues()});
 }
 
 }  // namespace clb

@@ -29,10 +29,12 @@ struct TouchedRow {
 };
 
 /// Puts back the rows of one part of a step, if each of them stands as the part left it. Runs in
-/// the pending group; triggers are off meanwhile. After an error the group must be taken back to
-/// where it was before.
+/// the pending group, inside kSavepoint; triggers are off meanwhile. After an error the group must
+/// be taken back to the savepoint.
 class StepApplier {
 public:
+    static constexpr const char* kSavepoint = "CvApply";
+
     /// All borrowed. log is the one that notes the changes of the database.
     StepApplier(Database& database, TableShapes& shapes, ChangeLog& log)
         : database_(&database), shapes_(&shapes), log_(&log)
@@ -51,12 +53,12 @@ private:
     void PutBack(std::string_view part, Pass pass);
     void PutBack(const TableShape& shape, const RowChanged& row, Pass pass);
     static bool IsThere(const TableShape& shape, const StepReader& reader);
-    [[noreturn]] void Refuse(const TableShape& shape, const RowChanged& row) const;
+    [[noreturn]] void Refuse(const TableShape& shape, const RowChanged& row);
+    NamedValues Stored(const TableShape& shape, std::int64_t row);
     void Run(const TableShape& shape, const RowChanged& row, Query& query);
     Query& Removal(const TableShape& shape);
     Query& Writing(const TableShape& shape, const RowChanged& row);
     Query& Insertion(const TableShape& shape, const RowChanged& row);
-    [[nodiscard]] NamedValues CellsOf(const TableShape& shape, std::int64_t row) const;
     void Touch(const TableShape& shape, const RowChanged& row, Pass pass);
 
     Database* database_;

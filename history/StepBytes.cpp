@@ -1,7 +1,12 @@
 #include "history/StepBytes.h"
 
+#include "history/StepStore.h"
+
 namespace clb {
 namespace {
+
+/// More columns than a table of the storage can have.
+constexpr std::uint64_t kTooManyColumns = 32768;
 
 enum RowKind : std::uint8_t { kEnd = 0, kNew = 1, kWritten = 2, kGone = 3 };
 
@@ -88,7 +93,11 @@ bool StepReader::NextTable()
     if (reader_.AtEnd())
         return false;
     table_ = reader_.Text();
-    columns_ = static_cast<int>(reader_.Number());
+    const std::uint64_t columns = reader_.Number();
+    // No step changes these; a crafted file could say so.
+    if (columns >= kTooManyColumns || StepStore::Owns(table_) || table_.starts_with("sqlite_"))
+        throw packed::BrokenBytes();
+    columns_ = static_cast<int>(columns);
     fingerprint_ = reader_.Fixed();
     last_ = 0;
     return true;
@@ -125,9 +134,15 @@ bool StepReader::NextRow(RowChanged& row)
 
 void StepReader::ReadCells(RowChanged& row)
 {
-    for (std::uint64_t left = reader_.Number(); left > 0; --left) {
+    const auto columns = static_cast<std::uint64_t>(columns_);
+    const std::uint64_t cells = reader_.Number();
+    // Some cells of a row that was written, all of a row that is gone.
+    if (cells == 0 || cells > columns || (!row.is && cells < columns))
+        throw packed::BrokenBytes();
+    for (std::uint64_t i = 0; i < cells; ++i) {
         const std::uint64_t column = reader_.Number();
-        if (column >= static_cast<std::uint64_t>(columns_))
+        if (column >= columns ||
+            (i > 0 && column <= static_cast<std::uint64_t>(row.before.back().first)))
             throw packed::BrokenBytes();
         row.before.emplace_back(static_cast<int>(column), reader_.CellBytes());
     }

@@ -3,17 +3,26 @@
 #include <algorithm>
 
 #include "base/Text.h"
+#include "engine/storage/Catalogue.h"
 
 namespace clb {
 namespace {
 
-/// Undone in CvStep.
-enum State : std::uint8_t { kDone = 0, kUndone = 1, kHistoryEnded = 2 };
-
 constexpr std::int64_t kLeastRoom = std::int64_t{64} << 20;
 constexpr std::int64_t kPartOfFile = 5;
-/// What a step takes besides its changes.
-constexpr std::int64_t kStepBytes = 100;
+/// The size of a step; another program may have stored any number.
+constexpr const char* kSize = "max(0, min(Bytes, 1099511627776))";
+
+struct OwnTable {
+    const char* name;
+    const char* columns;
+};
+
+constexpr OwnTable kTables[] = {
+    {"CvStep",
+     "(Step INTEGER PRIMARY KEY, At DATETIME, What TEXT, \"Rows\" LONG, Undone LONG, Bytes LONG, "
+     "Program TEXT)"},
+    {"CvChange", "(Step LONG, Part LONG, Data BLOB, PRIMARY KEY (Step, Part)) WITHOUT ROWID"}};
 
 /// SELECT of whole steps.
 std::string Steps(const std::string& rest)
@@ -41,26 +50,62 @@ Query& StepStore::Prepared(Query& query, const std::string& sql)
     return query;
 }
 
+const char* StepStore::SoundTables()
+{
+    return "SELECT m.name FROM sqlite_master m JOIN pragma_table_info(m.name) c WHERE m.type = "
+           "'table' AND m.rootpage > 0 AND m.name IN ('CvStep', 'CvChange') AND (m.name = 'CvStep' "
+           "AND c.name || c.pk IN ('Step1', "
+           "'At0', 'What0', 'Rows0', 'Undone0', 'Bytes0', 'Program0') OR m.name = 'CvChange' AND "
+           "c.name || c.pk IN ('Step1', 'Part2', 'Data0')) GROUP BY m.name HAVING count(*) = "
+           "iif(m.name = 'CvStep', 7, 3)";
+}
+
 bool StepStore::Exists()
 {
-    Query& count = Prepared(exists_,
-                            "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name "
-                            "IN ('CvStep', 'CvChange')");
-    const ResetAtExit reset(count);
-    return database_->Step(count) && count.Integer(0) == 2;
+    Query& sound = Prepared(exists_, SoundTables());
+    const ResetAtExit reset(sound);
+    return database_->Step(sound) && database_->Step(sound);
+}
+
+bool StepStore::IsSound(const std::string& table)
+{
+    Query& sound = Prepared(exists_, SoundTables());
+    const ResetAtExit reset(sound);
+    while (database_->Step(sound))
+        if (sound.TextView(0) == table)
+            return true;
+    return false;
+}
+
+/// Removes whatever has the table's name.
+void StepStore::Remove(const std::string& table)
+{
+    std::string drop;
+    {
+        Query found = database_->Prepare(
+            "SELECT type, name FROM sqlite_master WHERE name = ?1 COLLATE NOCASE AND type <> "
+            "'trigger'");
+        found.BindText(1, table);
+        while (database_->Step(found))
+            drop += "DROP " + found.Text(0) + " " + QuoteName(found.Text(1)) + ";";
+    }
+    database_->Run(drop);
 }
 
 void StepStore::Provide()
 {
     if (Exists())
         return;
-    database_->Run(
-        "CREATE TABLE IF NOT EXISTS CvStep (Step INTEGER PRIMARY KEY, At DATETIME, What TEXT, "
-        "\"Rows\" LONG, "
-        "Undone LONG, Bytes LONG, Program TEXT);"
-        "CREATE TABLE IF NOT EXISTS CvChange (Step LONG, Part LONG, Data BLOB, PRIMARY KEY (Step, "
-        "Part)) "
-        "WITHOUT ROWID;");
+    // Steps without changes, or changes without steps, are worth nothing.
+    for (const OwnTable& table : kTables) {
+        const std::string name = table.name;
+        if (IsSound(name)) {
+            database_->Run("DELETE FROM " + name);
+            continue;
+        }
+        Remove(name);
+        database_->Run("CREATE TABLE " + name + " " + table.columns);
+    }
     known_ = -1;
 }
 
@@ -111,7 +156,7 @@ std::string StepStore::EndedAt()
     return database_->Step(find) ? find.Text(0) : std::string();
 }
 
-std::int64_t StepStore::Number(const char* sql)
+std::int64_t StepStore::Number(const std::string& sql)
 {
     Query query = database_->Prepare(sql);
     const ResetAtExit reset(query);
@@ -120,7 +165,11 @@ std::int64_t StepStore::Number(const char* sql)
 
 std::int64_t StepStore::Add(const Step& step)
 {
-    const std::optional<Step> newest = Newest();
+    std::optional<Step> newest = Newest();
+    if (newest && newest->number >= kLastStep) {
+        database_->Run("DELETE FROM CvChange; DELETE FROM CvStep");
+        newest.reset();
+    }
     if (newest && newest->undone)
         database_->Run(
             "DELETE FROM CvChange WHERE Step IN (SELECT Step FROM CvStep WHERE Undone = 1);"
@@ -128,9 +177,12 @@ std::int64_t StepStore::Add(const Step& step)
     // The number of a step that is gone is not given again: another program may remember it.
     const std::int64_t number = newest ? newest->number + 1 : 1;
     if (!newest || newest->undone || newest->number != known_)
-        total_ = Number("SELECT ifnull(sum(Bytes), 0) FROM CvStep");
+        total_ = Number("SELECT ifnull(sum(" + std::string(kSize) + "), 0) FROM CvStep");
     known_ = number;
     total_ += kStepBytes;
+    Query& stray = Prepared(stray_, "DELETE FROM CvChange WHERE Step >= ?1");
+    stray.BindInteger(1, number);
+    database_->Step(stray);
     Query& add = Prepared(add_,
                           "INSERT INTO CvStep (Step, At, What, \"Rows\", Undone, Bytes, "
                           "Program) VALUES (?1, ?2, ?3, 0, 0, ?4, ?5)");
@@ -165,11 +217,19 @@ void StepStore::AppendPart(std::int64_t step, std::string_view bytes, std::int64
 std::vector<std::string> StepStore::Parts(std::int64_t step)
 {
     std::vector<std::string> found;
+    Query& bytes = Prepared(bytes_, "SELECT Bytes FROM CvStep WHERE Step = ?1");
+    const ResetAtExit resetBytes(bytes);
+    bytes.BindInteger(1, step);
+    std::int64_t left = database_->Step(bytes) ? bytes.Integer(0) - kStepBytes : 0;
     Query& parts = Prepared(parts_, "SELECT Data FROM CvChange WHERE Step = ?1 ORDER BY Part");
     const ResetAtExit reset(parts);
     parts.BindInteger(1, step);
-    while (database_->Step(parts))
+    while (database_->Step(parts)) {
         found.push_back(parts.Text(0));
+        left -= static_cast<std::int64_t>(found.back().size());
+    }
+    if (found.empty() || left != 0)
+        throw packed::BrokenBytes();
     return found;
 }
 
@@ -193,7 +253,7 @@ void StepStore::End(const std::string& at)
     database_->Run("DELETE FROM CvChange; DELETE FROM CvStep");
     Query mark = database_->Prepare(
         "INSERT INTO CvStep (Step, At, \"Rows\", Undone, Bytes) VALUES (?1, ?2, 0, 2, 0)");
-    mark.BindInteger(1, newest->number + 1);
+    mark.BindInteger(1, newest->number < kLastStep ? newest->number + 1 : 1);
     mark.BindText(2, at);
     database_->Step(mark);
     known_ = -1;
@@ -214,8 +274,8 @@ void StepStore::KeepRoom()
     const std::int64_t room = std::max(kLeastRoom, file / kPartOfFile);
     const std::optional<Step> newest = NextToUndo();
     std::vector<std::pair<std::int64_t, std::int64_t>> oldest;
-    Query rows =
-        database_->Prepare("SELECT Step, Bytes FROM CvStep WHERE Undone = 0 ORDER BY Step");
+    Query rows = database_->Prepare("SELECT Step, " + std::string(kSize) +
+                                    " FROM CvStep WHERE Undone = 0 ORDER BY Step");
     for (std::int64_t left = total_; left > room && database_->Step(rows);) {
         oldest.emplace_back(rows.Integer(0), rows.Integer(1));
         left -= rows.Integer(1);
