@@ -29,15 +29,21 @@ std::optional<Place> PlaceOf(frmController& window, const TouchedRow& row)
     if (row.table != "Trans")
         return place;
     RawSql(window.Data().Database())
-        .Select("SELECT a.AccountID, a.Type, t.Year, t.Period, t.Sequence, t.SubSequence FROM Trans t JOIN "
-                "Account a ON a.AccountID = t.AccountID WHERE t.rowid = " + std::to_string(row.row),
-                [&place](const RawSql::Row& found) {
-                    const auto number = [&found](int column) {
-                        return static_cast<std::int32_t>(found.Integer(column));
-                    };
-                    place = Place{std::string(found.Text(0)), std::string(found.Text(1)), number(2),
-                                  number(3), number(4), number(5)};
-                });
+        .Select(
+            "SELECT a.AccountID, a.Type, t.Year, t.Period, t.Sequence, t.SubSequence "
+            "FROM Trans t JOIN Account a ON a.AccountID = t.AccountID WHERE t.rowid = " +
+                std::to_string(row.row) + " ORDER BY a.Sequence LIMIT 1",
+            [&place](const RawSql::Row& found) {
+                const auto number = [&found](int column) {
+                    return static_cast<std::int32_t>(found.Integer(column));
+                };
+                place = Place{std::string(found.Text(0)),
+                              std::string(found.Text(1)),
+                              number(2),
+                              number(3),
+                              number(4),
+                              number(5)};
+            });
     return place;
 }
 
@@ -63,7 +69,9 @@ void Show(frmController& window, const Place& place)
     window.EnterYear(std::to_string(place.year));
     window.PressNode(node);
     window.View().HoldRefresh(false);
-    MoveToRow(window.Grid, place);
+    // An import may have put transactions into an account that shows holdings.
+    if (window.View().Definition().transactions)
+        MoveToRow(window.Grid, place);
 }
 
 void ShowOutcome(frmController& window, const HistoryOutcome& outcome)
