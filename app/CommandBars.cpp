@@ -38,7 +38,7 @@ void CommandBars::ButtonPressed(const std::string& key)
     const WindowButton* const button = FindButton(key);
     if (!button || !window_.Grid.MayLoseFocus())
         return;
-    window_.Steps().Begin(button->tip);
+    window_.Steps().Begin(PlainCaptionOf(*button));
     button->run(window_);
 }
 

@@ -68,9 +68,10 @@ std::optional<Clues> CluesOf(frmController& window, const TouchedRow& row)
 std::string TagOfAccount(frmController& window, const std::string& account)
 {
     std::string tag;
+    // Two accounts may have one number. The tree has the rows of both at either.
     RawSql(window.Data().Database())
         .Select("SELECT Type FROM Account WHERE AccountID = '" + clsDatabase::ToSqlString(account) +
-                    "'",
+                    "' ORDER BY Sequence LIMIT 1",
                 [&](const RawSql::Row& found) {
                     tag = node_tag::OfAccount(
                         clsView::ViewFromAccountType(std::string(found.Text(0))), account);
@@ -152,8 +153,12 @@ std::size_t Reveal(CVGrid& grid, std::size_t identity)
     return found;
 }
 
-bool MoveToRow(CVGrid& grid, const TouchedRow& touched)
+bool MoveToRow(frmController& window, const TouchedRow& touched)
 {
+    // An import may have put transactions into an account that shows holdings.
+    if (IsIn(touched, "Trans") && !window.View().Definition().transactions)
+        return false;
+    CVGrid& grid = window.Grid;
     const std::size_t row =
         touched.cells.empty() ? Reveal(grid, static_cast<std::size_t>(touched.row)) : 0;
     if (row != 0)
@@ -173,7 +178,7 @@ bool ShowTouched(frmController& window, std::vector<TouchedRow> touched)
         if (!place)
             continue;
         Show(window, *place);
-        return MoveToRow(window.Grid, row);
+        return MoveToRow(window, row);
     }
     return false;
 }

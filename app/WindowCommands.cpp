@@ -314,6 +314,15 @@ std::string PlainCaptionOf(const WindowCommand& command)
     return Replace(Replace(CaptionOf(command), "&", ""), "...", "");
 }
 
+std::string PlainCaptionOf(const WindowButton& button)
+{
+    for (const WindowMenu& menu : kMenus)
+        for (const WindowCommand& command : menu.commands)
+            if (command.run == button.run)
+                return PlainCaptionOf(command);
+    return button.tip;
+}
+
 std::string CaptionOf(const WindowCommand& command)
 {
     if (!command.caption)

@@ -59,6 +59,8 @@ struct WindowButton {
 
 /// The caption as a text: without the letter's mark and without "...".
 [[nodiscard]] std::string PlainCaptionOf(const WindowCommand& command);
+/// The same of the command that the button runs; the tip of a button that runs no command.
+[[nodiscard]] std::string PlainCaptionOf(const WindowButton& button);
 /// The caption as a menu item has it: "&" precedes the access key; "-" is a separator.
 [[nodiscard]] std::string CaptionOf(const WindowCommand& command);
 

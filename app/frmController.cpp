@@ -179,10 +179,13 @@ void frmController::ReloadWindow()
     View().BuildTree();
     const std::int32_t node = NodeLike(TreeView, shown, selected);
     TreeView.Select(node != 0 ? node : TreeView.Selected());
-    if (node != 0)
+    // The shown account may have another number now.
+    const bool same =
+        !View().Definition().ofAccount || TreeView.Node(TreeView.Selected()).tag == shown.tag;
+    if (node != 0 && same)
         View().Refresh();
     else
-        NodeClicked(TreeView.Selected());
+        ShowSelected();
 }
 
 void frmController::Unload()

@@ -5,6 +5,7 @@
 // other sessions.
 
 #include "tests/crash/FaultSessions.h"
+#include "tests/support/BackAndForth.h"
 
 namespace clb {
 namespace {
@@ -139,6 +140,8 @@ protected:
             WorksAgain(program, folder);
         }
         SoundNow(folder);
+        const WayBack back = GoBackAndForth(folder.Path("db/clb.mdb"), record.started->start);
+        EXPECT_EQ(back.past, Past::Whole) << back.why << Where("history");
     }
     static bool AddsRow(DrivenProgram& program)
     {

@@ -25,6 +25,16 @@ Amount HalfToCents(Amount amount)
 
 void ModelWindow::Do(const Action& action)
 {
+    if (action.deed == Deed::ImportMarkup || action.deed == Deed::ImportRecords ||
+        action.deed == Deed::Export)
+        ++files_;
+    command_ = StepName(action);
+    Perform(action);
+    history_.Note(books_, command_);
+}
+
+void ModelWindow::Perform(const Action& action)
+{
     switch (action.deed) {
         case Deed::Press: return PressNode(Around(action.first, tree_.size()) + 1);
         case Deed::Month:
@@ -85,6 +95,10 @@ void ModelWindow::Do(const Action& action)
             if (Save())
                 Open(action.first);
             return;
+        case Deed::Kill: return Open(action.first);
+        case Deed::Undo: return TakeOneByOne(true, action);
+        case Deed::Redo: return TakeOneByOne(false, action);
+        case Deed::GoBackTo: return GoBackTo(action.first);
         case Deed::ImportOther: boxes_.push_back("Invalid file format."); return Open(0);
         default: return;
     }

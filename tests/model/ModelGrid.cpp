@@ -1,6 +1,7 @@
 // The grid of the model: moving around, typing, saving and deleting rows.
 
 #include <algorithm>
+#include <array>
 
 #include "tests/model/ModelWindow.h"
 
@@ -168,6 +169,11 @@ bool ModelWindow::Save()
         editing_ = marked_ = inGrid_ = true;
         return false;
     }
+    static const std::array<const char*, 6> names = {"Account",     "Budget Line", "Account",
+                                                     "Transaction", "Holding",     "Loan"};
+    const std::string step =
+        (HasRow() ? "Edit " : "New ") + std::string(names.at(static_cast<std::size_t>(view_ - 1)));
+    history_.Note(books_, command_);
     const long row = StoreRow();
     typed_.clear();
     oldPrices_.erase(row);
@@ -181,6 +187,7 @@ bool ModelWindow::Save()
         if (lines[at].kind == Kind::Data && lines[at].row == row)
             row_ = at + 1;
     Balance();
+    history_.Note(books_, step);
     Choose();
     if (ListsAccounts()) {
         // Selects the node at the same place again, whichever node that is now.

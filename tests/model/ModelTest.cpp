@@ -92,7 +92,8 @@ TEST_P(FlawTest, AWrongModelIsNoticedAndTheSequenceShrunk)
 
 INSTANTIATE_TEST_SUITE_P(All, FlawTest,
                          testing::Values(Flaw::ForgetsBudgetLine, Flaw::RowsStayWithOldNumber,
-                                         Flaw::SplitKeepsWholeAmount, Flaw::OnlyShownLoans));
+                                         Flaw::SplitKeepsWholeAmount, Flaw::OnlyShownLoans,
+                                         Flaw::UndoKeepsBudget));
 
 TEST(ShrinkTest, WhatFailsTogetherIsLeftAlone)
 {

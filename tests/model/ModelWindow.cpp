@@ -42,7 +42,7 @@ std::string Joined(const std::vector<std::string>& texts)
 
 }  // namespace
 
-ModelWindow::ModelWindow(Flaw flaw) : books_(Books::AtStart())
+ModelWindow::ModelWindow(Flaw flaw) : books_(Books::AtStart()), history_(books_)
 {
     books_.flaw = flaw;
     Open(0);
@@ -373,7 +373,7 @@ std::vector<std::string> ModelWindow::Shown()
     all.push_back(Position());
     all.push_back(std::string("commands") + (CanNew() ? "|New" : "") +
                   (CanDelete() ? "|Delete" : "") + (OnTransaction() ? "|Transaction" : "") +
-                  (CanExport() ? "|Export" : ""));
+                  (CanExport() ? "|Export" : "") + history_.Captions());
     all.push_back("account|" + account_ + "|" + type_);
     all.push_back("offered" + Joined(offered_));
     return all;

@@ -63,6 +63,38 @@ TEST_F(HistoryTest, ASavedRowWithItsBalanceIsOneStep)
     EXPECT_EQ(RowsOf("data").size(), 2U);
 }
 
+TEST_F(HistoryTest, ACommandHasOneNameInMenuAndToolbar)
+{
+    Click("Checking");
+    Move(1, 1);
+    AnswerBox("Yes");
+    Press("Delete");
+    EXPECT_EQ(Line("mnuY_Undo")["caption"], "&Undo Delete Record");
+}
+
+// Symptom: the tree selected the account, but the grid showed the rows of its later number.
+TEST_F(HistoryTest, TheShownAccountGetsItsFormerNumberBack)
+{
+    Click("Net Worth");
+    Edit(2, 3, "B-3");
+    EXPECT_TRUE(Save());
+    Click("Savings");
+    Menu("mnuY_Undo");
+    EXPECT_EQ(Window()["accountID"], "B-2");
+    EXPECT_EQ(TreeTexts().find("[Savings]") != std::string::npos, true);
+}
+
+// Symptom: the row was brought back, but its column in the register was sought in the holdings.
+TEST_F(HistoryTest, ATransactionOfAnAccountThatShowsHoldingsComesBack)
+{
+    AddAccount("I-1", "Investment", "Depot");
+    AddTransaction("I-1", "2006-3", "-4");
+    ShowAll();
+    Menu("mnuY_Undo");
+    Menu("mnuY_Redo");
+    EXPECT_EQ(Window()["accountID"], "I-1");
+}
+
 TEST_F(HistoryTest, TheRowThatASplitSavesFirstIsAStepOfItsOwn)
 {
     Click("Checking");
