@@ -66,7 +66,7 @@ SummedAmounts AmountsOf(const Activity& activity, const std::string& condition,
     return {activity.table, {activity.columns.begin(), activity.columns.end()}, condition, account};
 }
 
-std::string RowsStatement(const IShownState& shown)
+std::string RowsQuery(const IShownState& shown)
 {
     const StoredView* stored = StoredViewOf(shown.View());
     if (!stored)

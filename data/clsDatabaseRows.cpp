@@ -9,7 +9,7 @@ namespace clb {
 
 Recordset& clsDatabase::GetRows()
 {
-    const std::string sql = RowsStatement(shown_);
+    const std::string sql = RowsQuery(shown_);
     if (rows_.IsOpen())
         rows_.Close();
     RowsRead();
