@@ -75,12 +75,13 @@ bool MonthBudget::Read(Month month)
     // Asked before reading, so that anything written meanwhile is read the next time.
     contents_ = connection_.ContentsNow();
     try {
+        const ReadGroup group(connection_);
         if (ComparesByLetter()) {
             sums_ = ReadSums(month);
             usable_ = true;
         }
     } catch (const RuntimeError&) {
-        // The sum's own statement will report it.
+        // The sum's own query will report it.
     }
     month_ = month;
     held_ = true;
