@@ -25,7 +25,7 @@ TEST_F(RestoreTest, ARestoredBackupReplacesTheDatabaseWhichIsKept)
     ASSERT_EQ(kept, backups_.PathOf("2026-11-21-before-restore"));
     EXPECT_THAT(AccountsIn(*kept), ElementsAre("1", "2"));
     EXPECT_THAT(AccountsIn(backup), ElementsAre("1"));
-    EXPECT_EQ(ModeOf("db/clb.mdb"), 0600u);
+    EXPECT_EQ(ModeOf("db/clb.mdb"), 0600U);
 }
 
 TEST_F(RestoreTest, ADamagedBackupIsRefusedAndTheDatabaseStays)

@@ -46,7 +46,7 @@ TEST_F(FileDialogTest, TheQuestionShowsWhatWasSet)
     Ask("open");
 
     const std::vector<Json> asked = EventsOf("file");
-    ASSERT_EQ(asked.size(), 2u);
+    ASSERT_EQ(asked.size(), 2U);
     EXPECT_EQ(asked[0], Json::parse(R"({"event":"file","kind":"save",
         "filter":"Statements|*.ofx;*.qfx|All|*.*|","flags":2054,"title":"Export café",
         "name":"/home/me/march.ofx","answer":"","unanswered":true})"));
