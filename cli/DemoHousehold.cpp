@@ -41,12 +41,12 @@ constexpr const char* kFund = "INV-7781";
 constexpr const char* kCarLoan = "LN-2210";
 
 constexpr std::array<DemoAccount, 6> kAccounts{{
-    {kChecking, "Everyday Checking", account_type::Bank, 2150},
-    {kSavings, "Rainy Day Savings", account_type::Bank, 6400},
-    {kWallet, "Wallet", account_type::Cash, 80},
-    {kCard, "Harbour Visa", account_type::CreditCard, -310},
-    {kFund, "Retirement Fund", account_type::Investment, 0},
-    {kCarLoan, "Car Loan", account_type::Loan, 0},
+    {kChecking, "Everyday Checking", account_type::kBank, 2150},
+    {kSavings, "Rainy Day Savings", account_type::kBank, 6400},
+    {kWallet, "Wallet", account_type::kCash, 80},
+    {kCard, "Harbour Visa", account_type::kCreditCard, -310},
+    {kFund, "Retirement Fund", account_type::kInvestment, 0},
+    {kCarLoan, "Car Loan", account_type::kLoan, 0},
 }};
 
 struct DemoLine {

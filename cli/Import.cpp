@@ -28,7 +28,7 @@ namespace fs = std::filesystem;
 struct ImportOptions : FolderOptions {
     std::vector<std::string> words;
     std::optional<std::string> create;
-    std::string type = account_type::Bank;
+    std::string type = account_type::kBank;
     std::optional<std::string> map;
     std::optional<std::string> qifAccount;
     std::string dateOrder = "mdy";

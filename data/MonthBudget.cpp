@@ -39,7 +39,7 @@ bool AreTexts(RawSql& raw)
     const auto isText = [&](const char* table, const char* column) {
         const TableInfo* const found = raw.Find(table);
         const ColumnInfo* const info = found ? found->Find(column) : nullptr;
-        return info && info->type.type == FieldType::Text;
+        return info != nullptr && info->type.type == FieldType::Text;
     };
     return isText("Trans", "Category") && isText("Budget", "Category") &&
            isText("Budget", "CategoryGroup");

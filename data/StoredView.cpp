@@ -73,7 +73,7 @@ std::string RowsQuery(const IShownState& shown)
         return "SELECT  FROM  ORDER BY ";
     std::string query;
     std::string_view left = stored->rows;
-    for (std::size_t open = left.find('{'); open != left.npos; open = left.find('{')) {
+    for (std::size_t open = left.find('{'); open != std::string_view::npos; open = left.find('{')) {
         const std::size_t close = left.find('}', open);
         query += left.substr(0, open);
         query += ShownValue(left.substr(open + 1, close - open - 1), shown);
