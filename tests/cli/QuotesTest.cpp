@@ -13,8 +13,6 @@
 #include "tests/cli/CommandFixture.h"
 #include "tests/support/HttpServer.h"
 
-extern char** environ;
-
 namespace clb {
 namespace {
 

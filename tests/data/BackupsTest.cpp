@@ -301,6 +301,7 @@ TEST_F(BackupsTest, AFullDiskIsReportedAndLeavesNoHalfCopy)
 TEST_F(BackupsTest, ManyProgramsAtOnceMakeOneCopy)
 {
     std::vector<std::future<std::optional<BackupFailure>>> all;
+    all.reserve(8);
     for (int program = 0; program < 8; ++program)
         all.push_back(std::async(std::launch::async,
                                  [&] { return Backups(folder_.Path()).Daily(Day("2026-11-21")); }));

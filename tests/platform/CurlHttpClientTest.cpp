@@ -141,7 +141,7 @@ TEST_P(CurlHttpClientTest, AnAnswerOfAnyStatusIsAnAnswer)
 
 TEST_P(CurlHttpClientTest, AnAnswerOfOneMebibyteIsTheLongest)
 {
-    const std::string whole(1024 * 1024, 'x');
+    const std::string whole(std::size_t{1024} * 1024, 'x');
     server.On("/most", answers::Ok(whole));
     server.On("/more", answers::Ok(whole + "x"));
 

@@ -23,7 +23,7 @@ protected:
     }
     void Import() { Do({{"do", "menu"}, {"item", "mnuF_Import"}}); }
     /// Kinds of the events that are not the grid's own.
-    std::string Kinds(const Json& events)
+    static std::string Kinds(const Json& events)
     {
         std::string kinds;
         for (const Json& event : events)

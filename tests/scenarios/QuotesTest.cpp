@@ -220,8 +220,9 @@ TEST_F(QuotesTest, AnErrorPageKeepsThePrice)
 
 TEST_F(QuotesTest, AnAnswerOverOneMebibyteKeepsThePrice)
 {
-    EXPECT_EQ(PriceAfter(answers::Ok(Line("ACME", "12.50") + std::string(1024 * 1024, ','))),
-              R"(["7.25"])");
+    EXPECT_EQ(
+        PriceAfter(answers::Ok(Line("ACME", "12.50") + std::string(std::size_t{1024} * 1024, ','))),
+        R"(["7.25"])");
 }
 
 TEST_F(QuotesTest, AnAnswerWithoutAnEndKeepsThePrice)

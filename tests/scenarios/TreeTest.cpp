@@ -7,7 +7,7 @@ namespace {
 
 class TreeTest : public Scenario {
 protected:
-    std::string Line(const Json& node)
+    static std::string Line(const Json& node)
     {
         return ToLine(Json::array({node["text"], node["key"], node["tag"], node["parent"]}));
     }
