@@ -28,7 +28,7 @@ protected:
             "', 'Bank')");
     }
     std::string Accounts() { return Sql("SELECT AccountID FROM Account"); }
-    mode_t ModeOf(const std::string& name) const
+    [[nodiscard]] mode_t ModeOf(const std::string& name) const
     {
         struct stat status {};
         stat(folder.Path(name).c_str(), &status);
@@ -219,6 +219,7 @@ TEST_F(BackupTest, CheckReportsAFailedDailyBackupUntilOneIsMade)
 TEST_F(BackupTest, SeveralAtOnceMakeOrShareSoundCopies)
 {
     std::vector<std::future<std::string>> all;
+    all.reserve(4);
     for (int program = 0; program < 4; ++program)
         all.push_back(std::async(std::launch::async, [&, program] {
             const std::string out = folder.Path("out" + std::to_string(program));

@@ -23,7 +23,8 @@ std::vector<StatementRow> FirstRows(const std::string& account)
     rows.reserve(kRows);
     for (int n = 0; n < kRows; ++n)
         rows.push_back({account + "-first-" + std::to_string(n),
-                        std::to_string(20060101 + n % 3 * 100 + n % 28), (std::int64_t{n} * 37 - 2000) * 100});
+                        std::to_string(20060101 + n % 3 * 100 + n % 28),
+                        (std::int64_t{n} * 37 - 2000) * 100});
     return rows;
 }
 
