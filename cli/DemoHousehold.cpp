@@ -145,13 +145,14 @@ private:
             std::int32_t bought;
             std::int32_t last;
         };
-        constexpr std::array<Holding, 3> holdings{{{"NWND", "Northwind Traders", 40, 2210, 3145},
-                                                   {"HRBR", "Harbour Shipping", 120, 880, 1012},
-                                                   {"MPLE", "Maple Index Fund", 65.5, 5120, 6388}}};
+        constexpr std::array<Holding, 3> kHoldings{
+            {{"NWND", "Northwind Traders", 40, 2210, 3145},
+             {"HRBR", "Harbour Shipping", 120, 880, 1012},
+             {"MPLE", "Maple Index Fund", 65.5, 5120, 6388}}};
         Recordset rows;
         data_.Fill(rows, "SELECT * FROM Investment", false);
         std::int32_t age = 700;
-        for (const Holding& holding : holdings) {
+        for (const Holding& holding : kHoldings) {
             rows.AddNew();
             rows.Set("StockSymbol", std::string(holding.symbol));
             rows.Set("StockName", std::string(holding.name));
