@@ -72,7 +72,7 @@ std::string BooksOf(const WorkFolder& work, const std::string& name, std::int32_
 {
     const std::string statement = work.Path(name + ".ofx");
     WriteStatement(statement, rows);
-    const std::string folder = work.Deliver(name);
+    std::string folder = work.Deliver(name);
     RunProgram({CLB_PROGRAM, "import", statement, "--create", kAccount, "--home", folder});
     return folder;
 }
