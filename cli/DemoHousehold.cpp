@@ -14,11 +14,11 @@ namespace {
 /// The data store needs a view and a row. The household is made without either.
 class NothingShown : public IShownState, public ICurrentRow {
 public:
-    std::int32_t View() const override { return 0; }
-    std::int32_t Period() const override { return 0; }
-    std::int32_t Year() const override { return 0; }
-    const std::string& AccountType() const override { return none_; }
-    const std::string& AccountID() const override { return none_; }
+    [[nodiscard]] std::int32_t View() const override { return 0; }
+    [[nodiscard]] std::int32_t Period() const override { return 0; }
+    [[nodiscard]] std::int32_t Year() const override { return 0; }
+    [[nodiscard]] const std::string& AccountType() const override { return none_; }
+    [[nodiscard]] const std::string& AccountID() const override { return none_; }
     Value ColumnValue(std::int32_t) override { return Null{}; }
     void ColumnValue(std::int32_t, const Value&) override {}
 

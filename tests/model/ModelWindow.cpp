@@ -20,6 +20,7 @@ std::vector<long> Sorted(const std::vector<Row>& table, const Belongs& belongs, 
     std::copy_if(table.begin(), table.end(), std::back_inserter(rows), belongs);
     std::stable_sort(rows.begin(), rows.end(), less);
     std::vector<long> all;
+    all.reserve(rows.size());
     for (const Row& row : rows)
         all.push_back(row.*identity);
     return all;
