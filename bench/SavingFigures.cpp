@@ -12,7 +12,7 @@
 namespace clb {
 std::string CopyBooks(const WorkFolder& work, const std::string& folder)
 {
-    const std::string copy = work.Deliver("copy");
+    std::string copy = work.Deliver("copy");
     std::filesystem::copy_file(DatabasePath(folder), DatabasePath(copy),
                                std::filesystem::copy_options::overwrite_existing);
     work.Flush();

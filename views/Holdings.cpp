@@ -35,7 +35,7 @@ extern constexpr ViewDefinition kHoldingsView{
     .ofAccount = true,
     // Allowed for the account; its type then rules it out.
     .exports = ExportOf::ShownAccount,
-    .accountType = account_type::Investment,
+    .accountType = account_type::kInvestment,
     .empty = &kEmpty,
 };
 

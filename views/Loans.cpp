@@ -40,7 +40,7 @@ extern constexpr ViewDefinition kLoansView{
     .ofAccount = true,
     // Allowed for the account; its type then rules it out.
     .exports = ExportOf::ShownAccount,
-    .accountType = account_type::Loan,
+    .accountType = account_type::kLoan,
     .empty = &kEmpty,
     .cell = Calculate,
 };

@@ -96,10 +96,10 @@ void FormDialog::BuildWidgets()
     }
 }
 
-void FormDialog::Follow(Control& control, std::function<void()> sync)
+void FormDialog::Follow(Control& control, const std::function<void()>& sync)
 {
     sync();
-    control.Changed().connect(sigc::track_obj(std::move(sync), *this));
+    control.Changed().connect(sigc::track_obj(sync, *this));
 }
 
 QWidget* FormDialog::DrawLabel(Label& label)

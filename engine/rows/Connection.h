@@ -108,4 +108,18 @@ private:
     std::unique_ptr<State> state_;
 };
 
+/// Several reads in one block see one state of the file and lock it once. Does nothing inside the
+/// pending group or another ReadGroup. Nothing may be written while it lives.
+class ReadGroup {
+public:
+    explicit ReadGroup(const Connection& connection);
+    explicit ReadGroup(Connection::State& session);
+    ~ReadGroup();
+    ReadGroup(const ReadGroup&) = delete;
+    ReadGroup& operator=(const ReadGroup&) = delete;
+
+private:
+    Connection::State* session_ = nullptr;  // null: somebody else's group goes on
+};
+
 }  // namespace clb

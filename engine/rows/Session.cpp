@@ -245,6 +245,8 @@ std::int64_t Connection::State::DataVersion()
     return readDataVersion.Integer(0);
 }
 
+ReadGroup::ReadGroup(const Connection& connection) : ReadGroup(connection.Internals()) {}
+
 ReadGroup::ReadGroup(Connection::State& session)
 {
     if (session.database.InTransaction())

@@ -77,17 +77,4 @@ private:
     std::map<std::string, Query> lastNumbers_;  ///< by table
 };
 
-/// Several reads in one block see one state of the file and lock it once. Does nothing inside the
-/// pending group. Nothing may be written while it lives.
-class ReadGroup {
-public:
-    explicit ReadGroup(Connection::State& session);
-    ~ReadGroup();
-    ReadGroup(const ReadGroup&) = delete;
-    ReadGroup& operator=(const ReadGroup&) = delete;
-
-private:
-    Connection::State* session_ = nullptr;  // null: somebody else's group goes on
-};
-
 }  // namespace clb

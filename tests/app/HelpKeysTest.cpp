@@ -100,7 +100,7 @@ TEST(HelpKeysTest, NoPageNamesAnotherKeyForACommand)
             EXPECT_EQ(key, command->second) << page.name << ": " << caption;
         }
     }
-    EXPECT_GE(mentions, 5u);
+    EXPECT_GE(mentions, 5U);
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 // CLB_CRASH_RUNS=1000 sets the number of runs of each kind of fault, CLB_CRASH_SEED=7 generates
 // other sessions.
 
+#include <algorithm>
+
 #include "tests/crash/FaultSessions.h"
 #include "tests/support/BackAndForth.h"
 
@@ -114,12 +116,11 @@ protected:
     }
     static bool BoxIn(const Json& log)
     {
-        for (const Json& event : log["events"])
-            if (event["event"] == "box" && (event["text"] == "Unable to update quotes." ||
-                                            event["text"].get<std::string>().starts_with(
-                                                "Invalid data was found while importing")))
-                return true;
-        return false;
+        return std::ranges::any_of(log["events"], [](const Json& event) {
+            return event["event"] == "box" && (event["text"] == "Unable to update quotes." ||
+                                               event["text"].get<std::string>().starts_with(
+                                                   "Invalid data was found while importing"));
+        });
     }
     /// The fault lasts for a while and ends; then everything must work.
     void GoOn(InProcessProgram& program, const RecordedSitting& record, std::size_t failed,

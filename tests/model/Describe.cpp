@@ -19,7 +19,7 @@ std::string Quoted(const std::string& text)
 
 std::string ModelWindow::Describe(const Action& action) const
 {
-    const std::string name = NameOf(action.deed);
+    std::string name = NameOf(action.deed);
     const auto cell = [&] {
         return " (row " + Number(RowOf(action.first)) + ", column " +
                Number(Around(action.second, ColumnsOf(view_).size()) + 1) + ")";

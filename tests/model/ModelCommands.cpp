@@ -12,11 +12,11 @@ constexpr std::size_t kTextWidth = 50;
 /// Half of the amount in whole cents, half to even.
 Amount HalfToCents(Amount amount)
 {
-    constexpr Amount twoCents = 200;
+    constexpr Amount kTwoCents = 200;
     const Amount size = std::abs(amount);
-    Amount cents = size / twoCents;
-    const Amount rest = size % twoCents;
-    if (2 * rest > twoCents || (2 * rest == twoCents && cents % 2 == 1))
+    Amount cents = size / kTwoCents;
+    const Amount rest = size % kTwoCents;
+    if (2 * rest > kTwoCents || (2 * rest == kTwoCents && cents % 2 == 1))
         ++cents;
     return (amount < 0 ? -cents : cents) * 100;
 }

@@ -86,7 +86,7 @@ std::string ModelWindow::EditText() const
 {
     if (text_)
         return text_->text;
-    const Value value = Cell(column_);
+    Value value = Cell(column_);
     const bool isAmount =
         ColumnsOf(view_)[static_cast<std::size_t>(column_ - 1)].content == Content::Amount;
     if (!isAmount || value.empty())
@@ -143,7 +143,7 @@ void ModelWindow::ForgetFolded()
 {
     std::set<std::string> left;
     for (const Line& line : Lines())
-        if (line.kind == Kind::Heading && folded_.count(line.group) != 0)
+        if (line.kind == Kind::Heading && folded_.contains(line.group))
             left.insert(line.group);
     folded_ = left;
 }

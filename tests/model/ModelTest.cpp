@@ -86,8 +86,8 @@ TEST_P(FlawTest, AWrongModelIsNoticedAndTheSequenceShrunk)
 {
     const std::string report = ReportOf(GetParam());
 
-    EXPECT_GT(LengthOf(report), 0u) << report;
-    EXPECT_LE(LengthOf(report), 6u) << report;
+    EXPECT_GT(LengthOf(report), 0U) << report;
+    EXPECT_LE(LengthOf(report), 6U) << report;
 }
 
 INSTANTIATE_TEST_SUITE_P(All, FlawTest,

@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/model/Actions.h"
@@ -65,6 +66,8 @@ private:
     void Calculate(const std::vector<Value>& values, std::vector<std::string>& texts) const;
     [[nodiscard]] std::string TextOf(const Line& line, bool current) const;
     [[nodiscard]] std::string Totals() const;
+    [[nodiscard]] std::pair<Amount, Amount> AccountTotals() const;
+    [[nodiscard]] Amount BalanceSoFar() const;
     [[nodiscard]] std::string Position() const;
     [[nodiscard]] std::string Tip(const Line& line, bool current) const;
 
@@ -95,7 +98,7 @@ private:
     bool EndEdit();
     void CancelEdit();
     [[nodiscard]] std::string EditText() const;
-    void Fold(int row);
+    void Fold(int number);
     void ForgetFolded();
     bool Save();
     bool Leave();  ///< leaves the grid for another control

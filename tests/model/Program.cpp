@@ -224,7 +224,7 @@ void Program::Import(const Statement& statement, const Action& action)
     const std::string name =
         "statement" + std::to_string(++statements_) + (statement.records ? ".qif" : ".ofx");
     files_.answers = {folder_.Write(name, statement.Text())};
-    modal_.steps.push_back([this, &action](Form& form) { AnswerAccountQuestion(form, action); });
+    modal_.steps.push_back([&action](Form& form) { AnswerAccountQuestion(form, action); });
     Menu("mnuF_Import");
 }
 

@@ -56,13 +56,13 @@ private:
     std::size_t RowOf(int number);
     bool GoTo(const Action& action);
     void Type(const Action& action, bool end);
-    void Fold(int row);
+    void Fold(int number);
     std::string Position();
     void Menu(const char* item) { window_->menus.Find(item)->Press(); }
     void Split(const Action& action);
     void Options(const Action& action);
     void Import(const Statement& statement, const Action& action);
-    void AnswerAccountQuestion(Form& form, const Action& action);
+    static void AnswerAccountQuestion(Form& form, const Action& action);
     void Quotes(const Action& action);
     void Export();
     void ImportOther();

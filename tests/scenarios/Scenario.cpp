@@ -300,7 +300,7 @@ void Scenario::ShowAll()
 
 std::string Scenario::InShort(const Json& event)
 {
-    const std::string kind = event["event"];
+    std::string kind = event["event"];
     if (kind == "grid") {
         const std::string arguments = event["args"].dump();
         return event["name"].get<std::string>() + "(" + arguments.substr(1, arguments.size() - 2) +

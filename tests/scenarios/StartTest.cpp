@@ -26,7 +26,7 @@ TEST_F(StartTest, TheWindowShowsTheNetWorthOfThePresentMonth)
     EXPECT_EQ(window["status"], "Select an item to work with.");
     EXPECT_EQ(ToLine(window["totals"]),
               R"json({"label":"Total Net Worth:","first":"0.00","second":"0.00"})json");
-    EXPECT_EQ(window["months"].size(), 12u);
+    EXPECT_EQ(window["months"].size(), 12U);
     EXPECT_EQ(window["months"][0], "January");
     EXPECT_EQ(window["months"][11], "December");
 }

@@ -110,7 +110,7 @@ TEST_P(LooksTest, PicturesAreDrawnInTheDevicesOwnPixels)
     int soft = 0;
     for (int x = 0; x < 30; ++x) {
         const int alpha = image.pixelColor(x, 30).alpha();
-        soft += alpha != 0 && alpha != 255;
+        soft += alpha != 0 && alpha != 255 ? 1 : 0;
     }
     EXPECT_LE(soft, 2);
 }

@@ -22,7 +22,7 @@ protected:
         return ToUtf8(MonthWidget(window_).currentText() + " " +
                       YearWidget(window_).Line()->text());
     }
-    void Turn(QWidget& widget, int angle)
+    static void Turn(QWidget& widget, int angle)
     {
         const QPointF middle = widget.rect().center();
         QWheelEvent event(middle, widget.mapToGlobal(middle), QPoint(), QPoint(0, angle),
