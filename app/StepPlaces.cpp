@@ -68,7 +68,7 @@ std::optional<Clues> CluesOf(frmController& window, const TouchedRow& row)
 std::string TagOfAccount(frmController& window, const std::string& account)
 {
     std::string tag;
-    // Two accounts may have one number. The tree has the rows of both at either.
+    // Two accounts may have one number: the rows belong to both.
     RawSql(window.Data().Database())
         .Select("SELECT Type FROM Account WHERE AccountID = '" + clsDatabase::ToSqlString(account) +
                     "' ORDER BY Sequence LIMIT 1",
