@@ -38,7 +38,7 @@ bool HasTrueVersion(const DatabaseReport& report)
 std::string VersionText(const DatabaseReport& report)
 {
     const std::int16_t version = report.schemaVersion;
-    const std::string text = "Schema version " + std::to_string(version);
+    std::string text = "Schema version " + std::to_string(version);
     if (version > kSchemaVersion)
         return text + ": a later program's; this one knows version " +
                std::to_string(kSchemaVersion) + " and takes the file as it is";
