@@ -95,8 +95,22 @@ void StepApplier::Run(const TableShape& shape, const RowChanged& row, Query& que
         Refuse(shape, row);
 }
 
+NamedValues StepApplier::Stored(const TableShape& shape, std::int64_t row)
+{
+    NamedValues cells;
+    Query find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
+                                    shape.identity + " = ?1");
+    const ResetAtExit reset(find);
+    find.BindInteger(1, row);
+    if (database_->Step(find))
+        for (std::size_t i = 0; i < shape.columns.size(); ++i)
+            cells.emplace_back(shape.columns[i],
+                               ValueOf(find.Cell(static_cast<int>(i)), FieldType::Text));
+    return cells;
+}
+
 /// Names the row as it was before anything was put back: that is what the user sees.
-void StepApplier::Refuse(const TableShape& shape, const RowChanged& row) const
+void StepApplier::Refuse(const TableShape& shape, const RowChanged& row)
 {
     if (database_->InTransaction())
         database_->Run(std::string("ROLLBACK TO ") + kSavepoint);
@@ -107,7 +121,7 @@ void StepApplier::Refuse(const TableShape& shape, const RowChanged& row) const
     if (!row.is)
         throw HistoryRefusal("there is another row in the place of " +
                              RowName(shape.name, row.row, before));
-    const NamedValues stored = CellsOf(shape, row.row);
+    const NamedValues stored = Stored(shape, row.row);
     const bool there = !stored.empty();
     throw HistoryRefusal(RowName(shape.name, row.row, there ? stored : before) +
                          (there ? " was changed since" : " was deleted since"));
@@ -151,21 +165,6 @@ Query& StepApplier::Insertion(const TableShape& shape, const RowChanged& row)
     if (!query)
         query = database_->Prepare(sql, true);
     return query;
-}
-
-/// As texts; nothing if there is no such row.
-NamedValues StepApplier::CellsOf(const TableShape& shape, std::int64_t row) const
-{
-    NamedValues cells;
-    Query find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
-                                    shape.identity + " = ?1");
-    find.BindInteger(1, row);
-    const bool there = database_->Step(find);
-    for (std::size_t i = 0; there && i < shape.columns.size(); ++i)
-        cells.emplace_back(shape.columns[i],
-                           ValueOf(find.Cell(static_cast<int>(i)), FieldType::Text));
-    find.Reset();
-    return cells;
 }
 
 void StepApplier::Touch(const TableShape& shape, const RowChanged& row)

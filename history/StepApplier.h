@@ -51,12 +51,12 @@ private:
     void PutBack(std::string_view part, Pass pass);
     void PutBack(const TableShape& shape, const RowChanged& row, Pass pass);
     static bool IsThere(const TableShape& shape, const StepReader& reader);
-    [[noreturn]] void Refuse(const TableShape& shape, const RowChanged& row) const;
+    [[noreturn]] void Refuse(const TableShape& shape, const RowChanged& row);
+    NamedValues Stored(const TableShape& shape, std::int64_t row);
     void Run(const TableShape& shape, const RowChanged& row, Query& query);
     Query& Removal(const TableShape& shape);
     Query& Writing(const TableShape& shape, const RowChanged& row);
     Query& Insertion(const TableShape& shape, const RowChanged& row);
-    [[nodiscard]] NamedValues CellsOf(const TableShape& shape, std::int64_t row) const;
     void Touch(const TableShape& shape, const RowChanged& row);
 
     Database* database_;
