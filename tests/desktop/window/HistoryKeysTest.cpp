@@ -42,7 +42,7 @@ protected:
         QWidget* focused = QApplication::focusWidget();
         Key(focused ? *focused : window_, key, held);
     }
-    void Type(const char* text)
+    static void Type(const char* text)
     {
         QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text));
     }
