@@ -1,4 +1,6 @@
 // The dialog "History" and the table of texts in it, by mouse and keys.
+#include <gtest/gtest.h>
+
 #include <QAccessible>
 #include <QApplication>
 #include <QHeaderView>
@@ -6,6 +8,8 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <functional>
+#include <memory>
 
 #include "app/frmHistory.h"
 #include "desktop/forms/FormDialog.h"
@@ -113,7 +117,7 @@ TEST_F(RowListViewTest, NumbersStandRightAndUndoneStepsAreFaded)
 TEST_F(RowListViewTest, ScreenReadersReadCellsAndHeadings)
 {
     QAccessibleInterface* table = QAccessible::queryAccessibleInterface(view_.get());
-    ASSERT_TRUE(table && table->tableInterface());
+    ASSERT_TRUE(table != nullptr && table->tableInterface() != nullptr);
     const auto text = [table](int line, int column, QAccessible::Text what) {
         return ToUtf8(table->tableInterface()->cellAt(line - 1, column)->text(what));
     };
@@ -127,6 +131,7 @@ TEST_F(RowListViewTest, ScreenReadersReadCellsAndHeadings)
 TEST_F(RowListViewTest, ManyLinesAreThereAtOnce)
 {
     std::vector<RowList::Line> lines;
+    lines.reserve(200000);
     for (int line = 0; line < 200000; ++line)
         lines.push_back(line % 50 == 0 ? RowList::Line{"Day"}
                                        : RowList::Line{"", {{"10:00", "Edit", "1"}, false}});

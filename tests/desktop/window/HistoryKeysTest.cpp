@@ -42,7 +42,7 @@ protected:
         QWidget* focused = QApplication::focusWidget();
         Key(focused ? *focused : window_, key, held);
     }
-    void Type(const char* text)
+    static void Type(const char* text)
     {
         QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text));
     }
@@ -176,6 +176,28 @@ TEST_F(HistoryKeysTest, EscapeClosesTheBarUnlessACellIsInEdit)
     QTest::qWait(1);
     Press(Qt::Key_Escape);
     EXPECT_FALSE(Bar().isVisible());
+}
+
+TEST_F(HistoryKeysTest, TheBarDoesNotCoverTheRowThatItIsAbout)
+{
+    for (int row = 10; row < 100; ++row)
+        books_.Execute(
+            "INSERT INTO Trans (AccountID, PostDate, PayeeName, Amount, [Year], Period, Category, "
+            "[Sequence]) VALUES ('C1', #2006-03-05#, 'x', 1, 2006, 3, '(none)', " +
+            std::to_string(row) + ")");
+    events_.Run([this] { Model().View().Refresh(); });
+    GridView& grid = GridWidget(window_);
+    std::size_t last = 1;
+    while (grid.viewport()->rect().contains(grid.Layout().CellRect(last + 1, kNotes)))
+        ++last;
+    ClickCell(last, kNotes);
+    Type("typed");
+    Press(Qt::Key_Return);
+
+    Press(Qt::Key_Z, Qt::ControlModifier);
+
+    EXPECT_EQ(Grid().Row(), last);
+    EXPECT_TRUE(grid.viewport()->rect().contains(grid.Layout().CellRect(last, kNotes)));
 }
 
 TEST_F(HistoryKeysTest, TheBarGoesWhenAnotherAccountIsShown)
