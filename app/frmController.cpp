@@ -117,8 +117,19 @@ void frmController::Settle()
     }
     history_->End();
     ShowStored();
-    if (history_->TakeChanged())
+    ShowHistory();
+}
+
+/// What was written is durable already, so no error may be reported here. If there is too little
+/// memory, the next command shows it.
+void frmController::ShowHistory() noexcept
+{
+    if (!history_->Changed())
+        return;
+    Quietly([this] {
         bars_.FollowHistory();
+        history_->ChangesShown();
+    });
 }
 
 void frmController::Abandon() noexcept
