@@ -452,6 +452,21 @@ std::vector<std::string> Program::Shown()
     return all;
 }
 
+Standing Program::Stands()
+{
+    Standing standing;
+    standing.node = window_->TreeView.Selected();
+    standing.month = {window_->View().Year(), window_->View().Period()};
+    standing.type = window_->View().AccountType();
+    for (std::size_t row = 1; row <= Grid().Rows().Count(); ++row)
+        if (Grid().Rows().Kind(row) == GridRowKind::GroupHeading)
+            standing.folded.push_back(Grid().Rows().Folded(row));
+    standing.row = Grid().Row();
+    standing.column = Grid().Col();
+    standing.inGrid = window_->window.Focus() == &Grid();
+    return standing;
+}
+
 std::string Program::Position()
 {
     const bool inGrid = window_->window.Focus() == &Grid();

@@ -7,6 +7,7 @@
 #include "app/frmController.h"
 #include "controls/RowList.h"
 #include "tests/model/Actions.h"
+#include "tests/model/ModelBooks.h"
 #include "tests/model/Statements.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/TempFolder.h"
@@ -35,6 +36,7 @@ public:
     /// Performs any deed except Look, as a user would, with the work of a front end after each
     /// command.
     void Do(const Action& action);
+    [[nodiscard]] Standing Stands();
     /// Everything that is shown, line by line, including the message boxes since the last call.
     std::vector<std::string> Shown();
     /// Every row of every table as a line.

@@ -103,6 +103,8 @@ private:
     {
         program.Do(action);
         model.Do(action);
+        if (action.deed == Deed::Undo || action.deed == Deed::Redo || action.deed == Deed::GoBackTo)
+            model.StandAt(program.Stands());
         if (tally_)
             ++tally_->comparisons;
         return Compare(program.Shown(), model.Shown());

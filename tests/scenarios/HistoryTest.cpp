@@ -76,6 +76,8 @@ TEST_F(HistoryTest, ACommandHasOneNameInMenuAndToolbar)
 // Symptom: the tree selected the account, but the grid showed the rows of its later number.
 TEST_F(HistoryTest, TheShownAccountGetsItsFormerNumberBack)
 {
+    AddTransaction("B-2", "2006-3", "-4");
+    ShowAll();
     Click("Net Worth");
     Edit(2, 3, "B-3");
     EXPECT_TRUE(Save());
