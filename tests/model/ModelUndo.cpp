@@ -91,6 +91,7 @@ void ModelWindow::StandAt(const Standing& standing)
     column_ = standing.column;
     inGrid_ = standing.inGrid;
     Choose();
+    account_ = standing.account;
     type_ = standing.type;
 }
 

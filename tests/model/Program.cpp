@@ -457,6 +457,7 @@ Standing Program::Stands()
     Standing standing;
     standing.node = window_->TreeView.Selected();
     standing.month = {window_->View().Year(), window_->View().Period()};
+    standing.account = window_->View().AccountID();
     standing.type = window_->View().AccountType();
     for (std::size_t row = 1; row <= Grid().Rows().Count(); ++row)
         if (Grid().Rows().Kind(row) == GridRowKind::GroupHeading)
