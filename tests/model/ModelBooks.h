@@ -62,6 +62,7 @@ struct BudgetMonth {
 /// What the window shows, and where its user is.
 struct Standing {
     int node = 1;  ///< of the tree, from 1
+    int view = 1;
     BudgetMonth month;
     std::string account;  ///< the one that the window counts as chosen, and its type
     std::string type;
