@@ -21,7 +21,8 @@ const fs::path kSource = CLB_SOURCE;
 const std::map<std::string, std::set<std::string>> kLadder = {
     {"base", {}},
     {"files", {"base"}},
-    {"ports", {"base"}},
+    {"typed", {"base"}},
+    {"ports", {"base", "typed"}},
     {"engine", {"base", "files"}},
     {"json", {"base", "engine"}},
     {"controls", {"base", "ports", "engine"}},
