@@ -20,6 +20,12 @@ void RowEvents::Connect()
     grid.BeforeDelete().connect([this](bool& cancel) { CheckDeletion(cancel); });
     grid.AfterDelete().connect([this] { RowDeleted(); });
     grid.UpdateRefused().connect([this] { ToCellToCorrect(); });
+    grid.TypeDates(
+        [this] {
+            const clsView& view = window_.View();
+            return DateContext{window_.GivenPorts().clock.Now(), {view.Year(), view.Period()}};
+        },
+        window_.GivenPorts().showsResults);
     ConnectEnabling();
     ConnectDrawing();
 }

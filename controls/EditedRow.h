@@ -1,5 +1,6 @@
 // The grid's current row as a copy that can be changed before it is saved.
 #pragma once
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -27,6 +28,11 @@ public:
     void Write(std::int32_t column, Value value);
     /// Whether the cell was changed.
     [[nodiscard]] bool Typed(std::int32_t column) const { return changed_.at(Index(column)); }
+    /// Whether that cell was changed and no other.
+    [[nodiscard]] bool OnlyTyped(std::int32_t column) const
+    {
+        return Typed(column) && std::count(changed_.begin(), changed_.end(), true) == 1;
+    }
     /// The value that is stored, as far as it was read.
     [[nodiscard]] const Value& Stored(std::int32_t column) const
     {

@@ -1,6 +1,7 @@
 // A data grid with a current cell and one row in edit.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -104,7 +105,16 @@ public:
     [[nodiscard]] const std::string& EditText() const { return editText_; }
     void EditText(const std::string& text);
     /// The typed text as a date; nothing if it is not one.
-    [[nodiscard]] std::optional<Date> TypedDate() const { return Texts().ReadDate(editText_); }
+    [[nodiscard]] std::optional<Date> TypedDate() const;
+    /// The day that dates are typed on.
+    [[nodiscard]] Date Today() const { return Date::FromDays(dateContext_().today.Days()); }
+    /// What the typed text would be, if that is not what it says already; see GridText. For a date
+    /// that is offered, nothing.
+    [[nodiscard]] std::string Understood() const;
+    /// From now on typed dates refer to what context returns. offer: a new row's empty date cell
+    /// begins with the date that was typed last, else with today. A new row in which nothing but
+    /// that was entered is not saved.
+    void TypeDates(std::function<DateContext()> context, bool offer);
     /// Takes the typed text into the row. False if the column's type does not hold it: Refusal then
     /// says why, and the cell stays in edit.
     bool EndEdit();
@@ -156,11 +166,17 @@ private:
     void ColumnsGo() override;
     void RowsBound() override;
     void Freshen() override;
-    void LoadRow() { edited_.Load(BoundRows(), row_, Columns()); }
+    void LoadRow()
+    {
+        edited_.Load(BoundRows(), row_, Columns());
+        offeredColumn_ = 0;
+    }
     void TakeRows();
     void StandOn(std::size_t row, std::int32_t column);
     void FinishEdit();
     void SaveRow();
+    void OfferDate();
+    [[nodiscard]] bool OnlyOffered() const;
 
     ReportedRows reported_;
     std::size_t row_ = 0;
@@ -171,6 +187,10 @@ private:
     bool editTouched_ = false;
     bool marked_ = false;
     std::string refusal_;
+    std::function<DateContext()> dateContext_ = [] { return DateContext(); };
+    bool offersDates_ = false;
+    std::optional<Date> lastDate_;    ///< typed last
+    std::int32_t offeredColumn_ = 0;  ///< whose date was offered and not typed; 0 if none
 
     sigc::signal<void()> afterDelete_;
     sigc::signal<void(std::int32_t, std::int32_t)> afterEdit_;

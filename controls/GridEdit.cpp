@@ -67,14 +67,51 @@ bool GridComponent::BeginEdit(std::int16_t key)
         editing_ = false;
         return false;
     }
+    OfferDate();
     Touch();
     return true;
+}
+
+void GridComponent::TypeDates(std::function<DateContext()> context, bool offer)
+{
+    dateContext_ = std::move(context);
+    offersDates_ = offer;
+}
+
+void GridComponent::OfferDate()
+{
+    const GridColumn& column = Columns().Item(col_);
+    if (!offersDates_ || column.dataType != FieldType::Date || !IsNull(edited_.Cell(col_)) ||
+        Rows().Kind(row_) != GridRowKind::NewRow)
+        return;
+    editText_ = Texts().ToEdit(lastDate_.value_or(Today()), column);
+    editTouched_ = true;
+    offeredColumn_ = col_;
+}
+
+bool GridComponent::OnlyOffered() const
+{
+    return offeredColumn_ != 0 && edited_.OnlyTyped(offeredColumn_);
+}
+
+std::optional<Date> GridComponent::TypedDate() const
+{
+    return Texts().ReadDate(editText_, dateContext_());
+}
+
+std::string GridComponent::Understood() const
+{
+    if (!editing_ || !editTouched_ || marked_)
+        return {};
+    return Texts().Understood(editText_, Columns().Item(col_), dateContext_());
 }
 
 void GridComponent::EditText(const std::string& text)
 {
     editText_ = text;
     editTouched_ = true;
+    if (col_ == offeredColumn_)
+        offeredColumn_ = 0;
     if (!marked_)
         return;
     marked_ = false;
@@ -87,7 +124,8 @@ bool GridComponent::EndEdit()
     if (!editing_)
         return true;
     if (editTouched_) {
-        const GridText::Reading typed = Texts().Read(editText_, Columns().Item(col_));
+        const GridText::Reading typed =
+            Texts().Read(editText_, Columns().Item(col_), dateContext_());
         refusal_ = typed.refusal;
         if (!typed.value) {
             marked_ = true;
@@ -95,6 +133,8 @@ bool GridComponent::EndEdit()
             return false;
         }
         ColumnValue(col_, *typed.value);
+        if (const auto* date = std::get_if<Date>(&*typed.value); date && offeredColumn_ != col_)
+            lastDate_ = *date;
     }
     FinishEdit();
     return true;
@@ -138,6 +178,8 @@ bool GridComponent::Update()
     Freshen();
     if (editing_ && !EndEdit())
         return false;
+    if (OnlyOffered())
+        LoadRow();
     if (!Dirty())
         return true;
     if (!MayUpdate()) {

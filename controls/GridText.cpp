@@ -41,6 +41,17 @@ GridText::Reading ReadText(const std::string& text, const GridColumn& column)
     return {ListOnly(column) ? std::string() : text, {}};
 }
 
+GridText::Reading ReadNumber(const std::string& text, FieldType type)
+{
+    try {
+        return {Convert(text, type), {}};
+    } catch (const RuntimeError& error) {
+        return {std::nullopt, error.Number() == errors::Overflow
+                                  ? "This number is too large for the column."
+                                  : "Please enter a number, for example 1,234.50."};
+    }
+}
+
 }  // namespace
 
 std::string GridText::Shown(const Value& value, const GridColumn& column) const
@@ -66,7 +77,8 @@ std::string GridText::ToEdit(const Value& value, const GridColumn& column) const
     return amount && ToMoney(shown) != *amount ? ToText(value) : shown;
 }
 
-GridText::Reading GridText::Read(const std::string& text, const GridColumn& column) const
+GridText::Reading GridText::Read(const std::string& text, const GridColumn& column,
+                                 const DateContext& context) const
 {
     if (const GridValueItem* item = Listed(text, column))
         return {item->value, {}};
@@ -77,24 +89,54 @@ GridText::Reading GridText::Read(const std::string& text, const GridColumn& colu
         return ReadText(text, column);
     if (blank)
         return {Null{}, {}};
-    return ReadOther(text, column.dataType);
+    switch (column.dataType) {
+        case FieldType::Date: return ReadDay(text, context);
+        case FieldType::Money:
+        case FieldType::Double:
+        case FieldType::Single: return ReadAmount(text, column.dataType);
+        default: return ReadNumber(text, column.dataType);
+    }
 }
 
-GridText::Reading GridText::ReadOther(const std::string& text, FieldType type) const
+std::optional<Date> GridText::ReadDate(const std::string& text, const DateContext& context) const
 {
-    if (type == FieldType::Date) {
-        if (const auto date = dates_.Read(text))
-            return {*date, {}};
-        return {std::nullopt,
-                "Please enter a date, for example " + dates_.Format(Date::FromDays(46000)) + "."};
+    const auto exact = dates_.Read(text);
+    return exact ? exact : ReadTypedDate(text, context, dates_.Dates());
+}
+
+GridText::Reading GridText::ReadDay(const std::string& text, const DateContext& context) const
+{
+    if (const auto date = ReadDate(text, context))
+        return {*date, {}};
+    const auto day = Date::Of(2026, 11, 3);
+    return {std::nullopt, "Please enter a date, for example " + dates_.Format(*day) + " or Nov 3."};
+}
+
+/// The fixed rule keeps all decimals of a number that is not money.
+GridText::Reading GridText::ReadAmount(const std::string& text, FieldType type) const
+{
+    const TypedAmount amount = ReadTypedAmount(text, dates_.Amounts());
+    Reading number = type == FieldType::Money ? Reading() : ReadNumber(text, type);
+    if (number.value && (amount.value || !amount.ambiguous))
+        return number;
+    if (!amount.value)
+        return {std::nullopt, amount.refusal};
+    return {Convert(*amount.value, type), {}};
+}
+
+std::string GridText::Understood(const std::string& text, const GridColumn& column,
+                                 const DateContext& context) const
+{
+    if (Trim(text).empty())
+        return {};
+    if (column.dataType == FieldType::Date) {
+        const auto date = ReadDate(text, context);
+        return date && dates_.Format(*date) != Trim(text) ? dates_.Format(*date) : std::string();
     }
-    try {
-        return {Convert(text, type), {}};
-    } catch (const RuntimeError& error) {
-        return {std::nullopt, error.Number() == errors::Overflow
-                                  ? "This number is too large for the column."
-                                  : "Please enter a number, for example 1,234.50."};
-    }
+    if (column.dataType != FieldType::Money)
+        return {};
+    const TypedAmount amount = ReadTypedAmount(text, dates_.Amounts());
+    return amount.value && !Numeric::Read(text) ? Shown(*amount.value, column) : std::string();
 }
 
 }  // namespace clb

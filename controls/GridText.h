@@ -25,15 +25,20 @@ public:
         std::optional<Value> value;
         std::string refusal;
     };
-    [[nodiscard]] Reading Read(const std::string& text, const GridColumn& column) const;
+    /// context: what a typed date refers to.
+    [[nodiscard]] Reading Read(const std::string& text, const GridColumn& column,
+                               const DateContext& context) const;
     /// Nothing if the text is not a date.
-    [[nodiscard]] std::optional<Date> ReadDate(const std::string& text) const
-    {
-        return dates_.Read(text);
-    }
+    [[nodiscard]] std::optional<Date> ReadDate(const std::string& text,
+                                               const DateContext& context) const;
+    /// What a text that is being typed would be, if that is not what it says already: the whole
+    /// date, or the amount of a calculation. Empty otherwise.
+    [[nodiscard]] std::string Understood(const std::string& text, const GridColumn& column,
+                                         const DateContext& context) const;
 
 private:
-    [[nodiscard]] Reading ReadOther(const std::string& text, FieldType type) const;
+    [[nodiscard]] Reading ReadDay(const std::string& text, const DateContext& context) const;
+    [[nodiscard]] Reading ReadAmount(const std::string& text, FieldType type) const;
 
     const IDateForm& dates_;
 };

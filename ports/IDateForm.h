@@ -1,23 +1,27 @@
-// How dates are written for the user and read from the user.
+// How dates are written for the user, and dates and amounts read from the user.
 #pragma once
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "base/Date.h"
+#include "typed/TypedAmount.h"
+#include "typed/TypedDate.h"
 
 namespace clb {
 
-/// The format in which grid cells show and take dates.
+/// The format in which grid cells show dates, and the habits by which they take dates and amounts.
 class IDateForm {
 public:
     virtual ~IDateForm() = default;
     [[nodiscard]] virtual std::string Format(const Date& date) const = 0;
     /// Reads a date in the format of Format or as yyyy-mm-dd. Returns nothing for any other text.
     [[nodiscard]] virtual std::optional<Date> Read(std::string_view text) const = 0;
+    [[nodiscard]] virtual const DateHabits& Dates() const = 0;
+    [[nodiscard]] virtual const AmountHabits& Amounts() const = 0;
 };
 
-/// Dates as yyyy-mm-dd.
+/// Dates as yyyy-mm-dd. Typed ones may have the month before the day; amounts have a point.
 class IsoDateForm : public IDateForm {
 public:
     [[nodiscard]] std::string Format(const Date& date) const override { return date.ToIso(); }
@@ -25,6 +29,12 @@ public:
     {
         return Date::FromIso(text);
     }
+    [[nodiscard]] const DateHabits& Dates() const override { return dates_; }
+    [[nodiscard]] const AmountHabits& Amounts() const override { return amounts_; }
+
+private:
+    DateHabits dates_;
+    AmountHabits amounts_;
 };
 
 }  // namespace clb

@@ -102,9 +102,9 @@ std::string Unmistakable(Money amount)
     return text;
 }
 
-TypedAmount Refused(std::string sentence)
+TypedAmount Refused(std::string sentence, bool ambiguous = false)
 {
-    return {std::nullopt, false, std::move(sentence)};
+    return {std::nullopt, ambiguous, std::move(sentence)};
 }
 
 /// Returns neither a value nor a refusal if the text is not one number.
@@ -114,8 +114,9 @@ TypedAmount ReadNumber(const std::string& text, const AmountHabits& habits)
     const auto own = ReadOwn(text, habits);
     if (fixed && own && *fixed != *own)
         return Refused("\"" + text + "\" can mean " + own->ToText() + " or " + fixed->ToText() +
-                       ". Please enter " + Unmistakable(*own) + " or " + Unmistakable(*fixed) +
-                       ".");
+                           ". Please enter " + Unmistakable(*own) + " or " + Unmistakable(*fixed) +
+                           ".",
+                       true);
     return {fixed ? fixed : own, false, {}};
 }
 
@@ -147,10 +148,10 @@ public:
             const Fraction sum = Sum();
             Skip();
             if (!refusal_.empty())
-                return Refused(refusal_);
+                return Refused(refusal_, ambiguous_);
             if (at_ != text_.size())
                 return Refused(kNoNumber);
-            return {sum.ToCents(), true, {}};
+            return {sum.ToCents(), false, {}};
         } catch (const RuntimeError&) {
             return Refused(kTooLarge);
         }
@@ -244,6 +245,7 @@ private:
                                number.front() != habits_.decimal))
             return Refuse(kNoNumber);
         const TypedAmount read = ReadNumber(number, habits_);
+        ambiguous_ = ambiguous_ || read.ambiguous;
         if (!read.value)
             return Refuse(read.refusal.empty() ? kNoNumber : read.refusal);
         return Fraction::Of(*read.value);
@@ -253,6 +255,7 @@ private:
     const AmountHabits& habits_;
     std::size_t at_ = 0;
     int depth_ = 0;
+    bool ambiguous_ = false;
     std::string refusal_;
 };
 

@@ -19,8 +19,8 @@ struct AmountHabits {
 /// A typed amount, or why it is none.
 struct TypedAmount {
     std::optional<Money> value;
-    /// Whether the text was more than a number, so that its value is worth showing.
-    bool calculated = false;
+    /// Whether it was refused because it can mean two amounts.
+    bool ambiguous = false;
     /// A sentence. Empty if there is a value.
     std::string refusal;
 };

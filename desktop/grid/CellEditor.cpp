@@ -53,7 +53,7 @@ CellEditor::CellEditor(GridComponent& grid, QAbstractScrollArea& view,
       leave_(std::move(leave)),
       line_(new QLineEdit(this)),
       button_(new QToolButton(this)),
-      refusal_(new QLabel(view.viewport()))
+      hint_(new QLabel(view.viewport()))
 {
     setObjectName(QStringLiteral("CellEditor"));
     setAutoFillBackground(true);
@@ -64,17 +64,17 @@ CellEditor::CellEditor(GridComponent& grid, QAbstractScrollArea& view,
     button_->setFocusPolicy(Qt::NoFocus);
     button_->setAutoRaise(true);
     button_->setArrowType(Qt::NoArrow);
-    refusal_->setObjectName(QStringLiteral("Refusal"));
-    refusal_->setTextFormat(Qt::PlainText);
-    refusal_->setMargin(4);
-    refusal_->setBackgroundRole(QPalette::Window);
-    refusal_->setForegroundRole(QPalette::WindowText);
-    refusal_->setAutoFillBackground(true);
-    refusal_->setFrameShape(QFrame::Box);
+    hint_->setObjectName(QStringLiteral("CellHint"));
+    hint_->setTextFormat(Qt::PlainText);
+    hint_->setMargin(4);
+    hint_->setBackgroundRole(QPalette::Window);
+    hint_->setForegroundRole(QPalette::WindowText);
+    hint_->setAutoFillBackground(true);
+    hint_->setFrameShape(QFrame::Box);
     connect(line_, &QLineEdit::textEdited, this, [this](const QString& text) { Typed(text); });
     connect(button_, &QToolButton::clicked, this, [this] { DropDown(); });
     hide();
-    refusal_->hide();
+    hint_->hide();
 }
 
 const GridColumn& CellEditor::Column() const
@@ -96,7 +96,7 @@ void CellEditor::Follow(const QRect& cell)
         Open();
     else if (line_->text() != ToQString(grid_.EditText()))
         line_->setText(ToQString(grid_.EditText()));
-    ShowRefusal();
+    ShowHint();
     update();
 }
 
@@ -130,7 +130,7 @@ void CellEditor::Close()
     if (focused)
         view_.setFocus(Qt::OtherFocusReason);
     hide();
-    refusal_->hide();
+    hint_->hide();
 }
 
 void CellEditor::Place(const QRect& cell)
@@ -171,32 +171,34 @@ void CellEditor::changeEvent(QEvent* event)
 {
     QFrame::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && open_)
-        ShowRefusal();
+        ShowHint();
 }
 
-void CellEditor::ShowRefusal()
+void CellEditor::ShowHint()
 {
-    const QString why = grid_.Marked() ? ToQString(grid_.Refusal()) : QString();
-    if (why.isEmpty()) {
-        refusal_->hide();
+    const bool refused = grid_.Marked() && !grid_.Refusal().empty();
+    const QString text = ToQString(refused ? grid_.Refusal() : grid_.Understood());
+    if (text.isEmpty()) {
+        hint_->hide();
         return;
     }
     const GridColors colors(palette());
     QPalette look = palette();
-    look.setColor(QPalette::Window, Mix(colors.negative, colors.base, 0.15));
+    look.setColor(QPalette::Window,
+                  Mix(refused ? colors.negative : colors.accent, colors.base, 0.15));
     look.setColor(QPalette::WindowText, colors.text);
-    refusal_->setPalette(look);
-    const bool news = refusal_->isHidden() || refusal_->text() != why;
-    refusal_->setText(why);
-    refusal_->adjustSize();
+    hint_->setPalette(look);
+    const bool news = hint_->isHidden() || hint_->text() != text;
+    hint_->setText(text);
+    hint_->adjustSize();
     const QWidget& room = *parentWidget();
-    const bool below = geometry().bottom() + refusal_->height() < room.height();
-    const int left = std::clamp(x(), 0, std::max(0, room.width() - refusal_->width()));
-    refusal_->move(left, below ? geometry().bottom() + 1 : y() - refusal_->height());
-    refusal_->show();
-    refusal_->raise();
-    if (news) {
-        QAccessibleEvent alert(refusal_, QAccessible::Alert);
+    const bool below = geometry().bottom() + hint_->height() < room.height();
+    const int left = std::clamp(x(), 0, std::max(0, room.width() - hint_->width()));
+    hint_->move(left, below ? geometry().bottom() + 1 : y() - hint_->height());
+    hint_->show();
+    hint_->raise();
+    if (news && refused) {
+        QAccessibleEvent alert(hint_, QAccessible::Alert);
         QAccessible::updateAccessibility(&alert);
     }
 }
@@ -206,6 +208,7 @@ void CellEditor::Typed(const QString& text)
     const bool longer = text.size() > typedLength_;
     typedLength_ = text.size();
     grid_.EditText(ToUtf8(text));
+    ShowHint();
     if (longer && HasList() && line_->cursorPosition() == text.size())
         Complete(text);
 }
@@ -228,6 +231,7 @@ void CellEditor::Take(const QString& text)
 {
     line_->setText(text);
     grid_.EditText(ToUtf8(text));
+    ShowHint();
 }
 
 void CellEditor::CaretToEnd()
@@ -254,10 +258,9 @@ void CellEditor::DropDown()
         popup_ = CellPopup::List(this, texts, line_->text(), Column().popup->rows, pick);
         width = Column().popup->width * logicalDpiX() / kTwipsPerInch;
     } else {
-        const auto day = grid_.TypedDate();
+        const Date day = grid_.TypedDate().value_or(grid_.Today());
         popup_ = CellPopup::Calendar(
-            this, day ? QDate(day->Year(), day->Month(), day->Day()) : QDate::currentDate(),
-            [this, pick](const QDate& chosen) {
+            this, QDate(day.Year(), day.Month(), day.Day()), [this, pick](const QDate& chosen) {
                 if (const auto date = Date::Of(chosen.year(), chosen.month(), chosen.day()))
                     pick(ToQString(grid_.ShownText(*date, column_)));
             });
@@ -265,15 +268,22 @@ void CellEditor::DropDown()
     popup_->ShowAt(QRect(mapToGlobal(QPoint(0, 0)), size()), width);
 }
 
+/// Whether the text is a date that + and - can step from. "3" may become "3-11".
+bool CellEditor::ShowsWholeDate() const
+{
+    return grid_.TypedDate() &&
+           (line_->selectedText() == line_->text() || grid_.Understood().empty());
+}
+
 bool CellEditor::StepDay(const QKeyEvent& key)
 {
     const int days = key.text() == QStringLiteral("+")   ? 1
                      : key.text() == QStringLiteral("-") ? -1
                                                          : 0;
-    const auto day = days != 0 && HasCalendar() ? grid_.TypedDate() : std::nullopt;
-    if (!day)
+    const bool empty = line_->text().trimmed().isEmpty();
+    if (days == 0 || !HasCalendar() || !(empty || ShowsWholeDate()))
         return false;
-    const Value value = Date::FromDays(day->Days() + days);
+    const Value value = empty ? grid_.Today() : Date::FromDays(grid_.TypedDate()->Days() + days);
     Take(ToQString(grid_.ShownText(value, column_)));
     line_->selectAll();
     return true;

@@ -17,8 +17,9 @@ namespace clb {
 
 /// The line in which the user types while the grid's current cell is in edit. It lies over the
 /// cell. Texts of a column's list are completed as they are typed. The list or a calendar drops
-/// down with the button, F4 or Alt+Down. On a date, + and - go to the next and the previous day. A
-/// refused text stays, framed in red, with the reason beside it.
+/// down with the button, F4 or Alt+Down. On a date, + and - go to the next and the previous day, or
+/// begin with today in an empty cell. What a typed date or calculation will be is shown beside it.
+/// A refused text stays, framed in red, with the reason beside it.
 ///
 /// What is typed goes into the component at once. The component decides whether to accept it.
 class CellEditor : public QFrame {
@@ -34,8 +35,9 @@ public:
     [[nodiscard]] bool IsOpen() const { return open_; }
     /// The line edit that takes the typed text.
     QLineEdit& Line() { return *line_; }
-    /// The reason beside a refused text. Hidden if nothing was refused.
-    QLabel& Refusal() { return *refusal_; }
+    /// What the typed text will be, or the reason beside a refused text. Hidden if there is
+    /// neither.
+    QLabel& Hint() { return *hint_; }
     /// Puts the caret after the text, instead of selecting all of it.
     void CaretToEnd();
     /// Drops down the list or the calendar, if the column has one.
@@ -53,10 +55,11 @@ private:
     void Open();
     void Close();
     void Place(const QRect& cell);
-    void ShowRefusal();
+    void ShowHint();
     void Typed(const QString& text);
     void Complete(const QString& text);
     void Take(const QString& text);
+    [[nodiscard]] bool ShowsWholeDate() const;
     bool StepDay(const QKeyEvent& key);
     [[nodiscard]] const GridColumn& Column() const;
     [[nodiscard]] bool HasList() const { return Column().popup.has_value(); }
@@ -67,7 +70,7 @@ private:
     std::function<bool(const QKeyEvent&)> leave_;
     QLineEdit* line_;
     QToolButton* button_;
-    QLabel* refusal_;
+    QLabel* hint_;
     QPointer<CellPopup> popup_;
     bool open_ = false;
     std::size_t row_ = 0;

@@ -14,6 +14,38 @@ QDate ToQDate(const Date& date)
     return QDate(date.Year(), date.Month(), date.Day());
 }
 
+DateText::Order OrderOf(const QString& form)
+{
+    const qsizetype year = form.indexOf(QLatin1Char('y'));
+    const qsizetype month = form.indexOf(QLatin1Char('M'));
+    const qsizetype day = form.indexOf(QLatin1Char('d'));
+    if (year < month && year < day)
+        return DateText::Order::YearMonthDay;
+    return day < month ? DateText::Order::DayMonthYear : DateText::Order::MonthDayYear;
+}
+
+DateHabits DatesOf(const QLocale& locale, const QString& form)
+{
+    DateHabits habits{OrderOf(form), {}};
+    for (int month = 1; month <= 12; ++month)
+        for (const auto length : {QLocale::LongFormat, QLocale::ShortFormat})
+            for (const QString& name :
+                 {locale.monthName(month, length), locale.standaloneMonthName(month, length)})
+                habits.months.push_back({ToUtf8(name), month});
+    return habits;
+}
+
+AmountHabits AmountsOf(const QLocale& locale)
+{
+    AmountHabits habits;
+    if (locale.decimalPoint() == QLatin1String(","))
+        habits.decimal = ',';
+    habits.group = ToUtf8(locale.groupSeparator());
+    if (habits.group.empty() || habits.group == std::string(1, habits.decimal))
+        habits.group = habits.decimal == ',' ? "." : ",";
+    return habits;
+}
+
 }  // namespace
 
 DateFormPort::DateFormPort(const QLocale& locale)
@@ -22,6 +54,8 @@ DateFormPort::DateFormPort(const QLocale& locale)
     // With two digits, 1926 and 2026 would look the same.
     if (!form_.contains(QStringLiteral("yyyy")))
         form_.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+    dates_ = DatesOf(locale, form_);
+    amounts_ = AmountsOf(locale);
 }
 
 std::string DateFormPort::Format(const Date& date) const

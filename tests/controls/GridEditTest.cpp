@@ -196,8 +196,109 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{shop::Price, "99999999999999999999", "This number is too large for the column."},
         Refused{shop::Count, "4000000000", "This number is too large for the column."},
         Refused{shop::Weight, "light", "Please enter a number, for example 1,234.50."},
-        Refused{shop::Day, "2006-02-30", "Please enter a date, for example 2025-12-09."},
+        Refused{shop::Day, "2006-02-30", "Please enter a date, for example 2026-11-03 or Nov 3."},
         Refused{shop::Name, "elevenchars", "Please enter at most 10 characters."}));
+
+TEST_F(GridEditTest, TypedDatesReferToTheShownMonth)
+{
+    grid_.TypeDates([] { return DateContext{*Date::Of(2026, 3, 14, 9), {2026, 2}}; }, false);
+
+    EXPECT_TRUE(Type(shop::Day, "3"));
+    EXPECT_EQ(grid_.CellText(1, shop::Day), "2026-02-03");
+    EXPECT_TRUE(Type(shop::Day, "t"));
+    EXPECT_EQ(grid_.CellText(1, shop::Day), "2026-03-14");
+}
+
+TEST_F(GridEditTest, ACalculationBecomesItsResult)
+{
+    EXPECT_TRUE(Type(shop::Price, "12.50+3*2"));
+    EXPECT_EQ(grid_.CellText(1, shop::Price), "18.50");
+    EXPECT_FALSE(Type(shop::Price, "1/0"));
+    EXPECT_EQ(grid_.Refusal(), "This divides by zero.");
+}
+
+TEST_F(GridEditTest, WhatATextWillBeIsKnownWhileItIsTyped)
+{
+    grid_.TypeDates([] { return DateContext{*Date::Of(2026, 3, 14), {2026, 2}}; }, false);
+    const auto understood = [this](std::int32_t column, const char* text) {
+        grid_.Col(column);
+        grid_.Editing(true);
+        grid_.EditText(text);
+        const std::string shown = grid_.Understood();
+        grid_.CancelEdit();
+        return shown;
+    };
+
+    EXPECT_EQ(understood(shop::Day, "3"), "2026-02-03");
+    EXPECT_EQ(understood(shop::Day, "2026-02-03"), "") << "it says so already";
+    EXPECT_EQ(understood(shop::Day, "soon"), "");
+    EXPECT_EQ(understood(shop::Price, "12.50+3*2"), "18.50");
+    EXPECT_EQ(understood(shop::Price, "12.5"), "");
+    EXPECT_EQ(understood(shop::Name, "1+1"), "");
+}
+
+class OfferedDateTest : public GridEditTest {
+protected:
+    OfferedDateTest()
+    {
+        grid_.TypeDates([] { return DateContext{*Date::Of(2026, 3, 14, 9), {2026, 2}}; }, true);
+    }
+    /// Begins a row and returns the text of its date cell in edit.
+    std::string NewDate()
+    {
+        grid_.MoveToRowKey(Null());
+        grid_.Col(shop::Day);
+        grid_.Editing(true);
+        return grid_.EditText();
+    }
+};
+
+TEST_F(OfferedDateTest, ANewRowBeginsWithToday)
+{
+    EXPECT_EQ(NewDate(), "2026-03-14");
+    EXPECT_TRUE(grid_.EndEdit());
+    Type(shop::Name, "Plums");
+    EXPECT_TRUE(grid_.Update());
+    EXPECT_EQ(grid_.Array().Count(), 4U);
+    EXPECT_EQ(Stored(3, shop::Day), "2026-03-14");
+}
+
+TEST_F(OfferedDateTest, TheDateTypedLastIsOfferedNext)
+{
+    NewDate();
+    grid_.EditText("17");
+    EXPECT_TRUE(grid_.Update());
+
+    EXPECT_EQ(NewDate(), "2026-02-17");
+}
+
+TEST_F(OfferedDateTest, ARowWithNothingButAnOfferedDateIsNotSaved)
+{
+    const std::size_t before = grid_.Array().Count();
+    NewDate();
+    EXPECT_TRUE(grid_.MoveTo(1, shop::Name));
+
+    EXPECT_EQ(grid_.Array().Count(), before);
+    EXPECT_FALSE(grid_.Dirty());
+}
+
+TEST_F(OfferedDateTest, TheOfferTypedByHandIsAnEntry)
+{
+    const std::size_t before = grid_.Array().Count();
+    NewDate();
+    grid_.EditText("2026-03-14");
+    EXPECT_TRUE(grid_.MoveTo(1, shop::Name));
+
+    EXPECT_EQ(grid_.Array().Count(), before + 1);
+}
+
+TEST_F(OfferedDateTest, StoredRowsAreOfferedNothing)
+{
+    grid_.MoveTo(1, shop::Day);
+    grid_.ColumnValue(shop::Day, Null());
+    grid_.Editing(true);
+    EXPECT_EQ(grid_.EditText(), "");
+}
 
 TEST_F(GridEditTest, TypingOnTakesTheMarkAway)
 {

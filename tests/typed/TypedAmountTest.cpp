@@ -83,11 +83,12 @@ TEST(TypedAmountTest, AResultHasTwoDecimals)
     EXPECT_EQ(Read("1/1000"), "0");
 }
 
-TEST(TypedAmountTest, OnlyACalculationIsMarkedAsOne)
+TEST(TypedAmountTest, OnlyTwoMeaningsAreAmbiguous)
 {
-    EXPECT_FALSE(ReadTypedAmount("12.50", kFixed).calculated);
-    EXPECT_FALSE(ReadTypedAmount("-12.50", kFixed).calculated);
-    EXPECT_TRUE(ReadTypedAmount("12.50+1", kFixed).calculated);
+    EXPECT_TRUE(ReadTypedAmount("1,234", kGerman).ambiguous);
+    EXPECT_TRUE(ReadTypedAmount("2*1,234", kGerman).ambiguous);
+    EXPECT_FALSE(ReadTypedAmount("x", kGerman).ambiguous);
+    EXPECT_FALSE(ReadTypedAmount("1,23", kGerman).ambiguous);
 }
 
 TEST(TypedAmountTest, DatesAreNoCalculations)

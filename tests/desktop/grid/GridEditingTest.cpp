@@ -233,8 +233,8 @@ TEST_F(GridEditingTest, TextThatIsNotANumberIsRefusedInItsCellWithAReason)
 
     EXPECT_TRUE(Editor().Line().hasFocus());
     EXPECT_EQ(Typed(), "cheap");
-    EXPECT_TRUE(Editor().Refusal().isVisible());
-    EXPECT_EQ(Editor().Refusal().text(), "Please enter a number, for example 1,234.50.");
+    EXPECT_TRUE(Editor().Hint().isVisible());
+    EXPECT_EQ(Editor().Hint().text(), "Please enter a number, for example 1,234.50.");
     EXPECT_TRUE(books_.messages.boxes.empty());
 
     ClickCell(3, kDescription);
@@ -243,7 +243,7 @@ TEST_F(GridEditingTest, TextThatIsNotANumberIsRefusedInItsCellWithAReason)
 
     Editor().Line().selectAll();
     Type("8");
-    EXPECT_FALSE(Editor().Refusal().isVisible());
+    EXPECT_FALSE(Editor().Hint().isVisible());
     Press(Qt::Key_Return);
     EXPECT_EQ(Text(1, kAmount), "8.00");
 }
@@ -255,7 +255,7 @@ TEST_F(GridEditingTest, ATextThatIsTooLongForItsColumnIsRefusedNotCut)
     Type((fifty + "y").c_str());
 
     Press(Qt::Key_Tab);
-    EXPECT_EQ(Editor().Refusal().text(), "Please enter at most 50 characters.");
+    EXPECT_EQ(Editor().Hint().text(), "Please enter at most 50 characters.");
     EXPECT_EQ(Typed(), fifty + "y");
 
     Press(Qt::Key_Backspace);

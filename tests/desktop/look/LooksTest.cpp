@@ -160,7 +160,7 @@ TEST_P(LooksTest, TheReasonOfARefusalIsReadableAfterTheDesktopChangesItsColours)
     ClickCell(1, 3);
     QTest::keyClicks(&GridWidget(window_), "much");
     QTest::keyClick(&GridWidget(window_).Editor().Line(), Qt::Key_Return);
-    const QLabel& reason = GridWidget(window_).Editor().Refusal();
+    const QLabel& reason = GridWidget(window_).Editor().Hint();
     ASSERT_TRUE(reason.isVisible());
     const auto contrast = [&reason] {
         return Contrast(reason.palette().color(QPalette::WindowText),
