@@ -72,6 +72,15 @@ int GridHeader::CaptionWidth(std::int32_t column) const
     return QFontMetrics(CaptionFont()).horizontalAdvance(caption) + 2 * GridPainter::kPadding + 1;
 }
 
+int GridHeader::LeastWidth(std::int32_t column) const
+{
+    const QFontMetrics metrics(CaptionFont());
+    int widest = 0;
+    for (const QString& word : ToQString(grid_.Columns().Item(column).caption).split(u' '))
+        widest = std::max(widest, metrics.horizontalAdvance(word));
+    return widest + 2 * GridPainter::kPadding + 1;
+}
+
 QFont GridHeader::CaptionFont() const
 {
     QFont bold = font();

@@ -24,6 +24,8 @@ public:
                QWidget* parent);
 
     [[nodiscard]] QSize sizeHint() const override;
+    /// The width in pixels in which no word of the caption is cut.
+    [[nodiscard]] int LeastWidth(std::int32_t column) const;
     /// The width in pixels that the caption needs.
     [[nodiscard]] int CaptionWidth(std::int32_t column) const;
 

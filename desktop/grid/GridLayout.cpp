@@ -7,7 +7,7 @@
 
 namespace clb {
 
-void GridLayout::Take(const GridComponent& grid)
+void GridLayout::Take(const GridComponent& grid, const Widths& widths)
 {
     spans_.clear();
     totalWidth_ = 0;
@@ -15,8 +15,10 @@ void GridLayout::Take(const GridComponent& grid)
         const GridColumn& item = grid.Columns().Item(column);
         if (item.hidden || item.width <= 0)
             continue;
-        spans_.push_back({column, totalWidth_, item.width});
-        totalWidth_ += item.width;
+        const auto drawn = widths.find(column);
+        const int width = drawn == widths.end() ? item.width : drawn->second;
+        spans_.push_back({column, totalWidth_, width});
+        totalWidth_ += width;
     }
     rowCount_ = grid.Rows().Count();
 }

@@ -3,6 +3,7 @@
 #include <QRect>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <vector>
 
 namespace clb {
@@ -25,8 +26,12 @@ public:
         int width = 0;
     };
 
-    /// Reads the shown columns and the number of rows.
-    void Take(const GridComponent& grid);
+    /// Widths of shown columns in pixels, by the number of the column.
+    using Widths = std::map<std::int32_t, int>;
+
+    /// Reads the shown columns and the number of rows. A column without an entry in `widths` has
+    /// the component's width.
+    void Take(const GridComponent& grid, const Widths& widths = {});
     void RowHeight(int pixels) { rowHeight_ = pixels; }
     [[nodiscard]] int RowHeight() const { return rowHeight_; }
     void SelectorWidth(int pixels) { selectorWidth_ = pixels; }

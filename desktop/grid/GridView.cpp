@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/grid/AccessibleGrid.h"
 #include "desktop/grid/CellEditor.h"
@@ -27,6 +28,7 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
       grid_(grid),
       events_(events),
       takeFocus_(std::move(takeFocus)),
+      fit_(grid, [this](std::int32_t column) { return header_->LeastWidth(column); }),
       header_(new GridHeader(grid, layout_,
                              {[this](std::int32_t column, int width) {
                                   events_.Run([&] { grid_.ResizeColumn(column, width); });
@@ -75,6 +77,7 @@ void GridView::RedrawChanged(bool on)
     header_->setUpdatesEnabled(on);
     if (!on)
         return;
+    fit_.Forget();
     Sync();
     announcer_.RowsChanged();
 }
@@ -83,7 +86,8 @@ void GridView::Sync()
 {
     if (!grid_.Redraw())
         return;
-    layout_.Take(grid_);
+    TakeLayout();
+    FitLater();
     PlaceHeader();
     UpdateScrollBars();
     const bool moved = shownRow_ != grid_.Row() || shownColumn_ != grid_.Col();
@@ -95,6 +99,34 @@ void GridView::Sync()
     FollowEdit();
     announcer_.Drawn(layout_.RowCount(), layout_.Spans().size(), moved);
     FollowHint();
+    header_->update();
+    viewport()->update();
+}
+
+void GridView::TakeLayout()
+{
+    const int room = viewport()->width() - layout_.SelectorWidth();
+    layout_.Take(grid_, fit_.In(room, fontMetrics()));
+}
+
+/// The cells are measured once before the next painting, however often the grid changes until then.
+void GridView::FitLater()
+{
+    if (std::exchange(fitsSoon_, true))
+        return;
+    QMetaObject::invokeMethod(
+        this, [this] { FitToCells(); }, Qt::QueuedConnection);
+}
+
+void GridView::FitToCells()
+{
+    fitsSoon_ = false;
+    if (!grid_.Redraw() || !fit_.Measure(layout_, viewport()->height(), fontMetrics()))
+        return;
+    TakeLayout();
+    PlaceHeader();
+    UpdateScrollBars();
+    FollowEdit();
     header_->update();
     viewport()->update();
 }
@@ -157,6 +189,7 @@ void GridView::ShowCurrentCell()
 void GridView::scrollContentsBy(int /*dx*/, int /*dy*/)
 {
     layout_.Scroll(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    FitLater();
     FollowEdit();
     header_->update();
     viewport()->update();
@@ -167,6 +200,8 @@ void GridView::resizeEvent(QResizeEvent* event)
     QAbstractScrollArea::resizeEvent(event);
     const int below = layout_.RowTop(grid_.Row()) + layout_.RowHeight();
     const bool wasShown = grid_.Row() != 0 && below <= event->oldSize().height();
+    TakeLayout();
+    FitLater();
     PlaceHeader();
     UpdateScrollBars();
     // A bar that comes below the grid does not cover the current row.
@@ -190,7 +225,7 @@ void GridView::paintEvent(QPaintEvent* event)
         painter.fillRect(event->rect(), GridColors(palette()).base);
         return;
     }
-    layout_.Take(grid_);
+    TakeLayout();
     GridPainter(painter, grid_, layout_, palette(), hasFocus()).Draw(event->rect());
 }
 
@@ -211,6 +246,7 @@ void GridView::changeEvent(QEvent* event)
 {
     QAbstractScrollArea::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        fit_.Forget();
         MeasureFonts();
         Sync();
     }

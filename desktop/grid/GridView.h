@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "controls/GridComponent.h"
+#include "desktop/grid/ColumnFit.h"
 #include "desktop/grid/EmptyState.h"
 #include "desktop/grid/GridAnnouncer.h"
 #include "desktop/grid/GridCursor.h"
@@ -80,6 +81,9 @@ protected:
 private:
     void MeasureFonts();
     void PlaceHeader();
+    void TakeLayout();
+    void FitLater();
+    void FitToCells();
     void UpdateScrollBars();
     void RedrawChanged(bool on);
     bool ColumnByKey(const QKeyEvent& event);
@@ -91,6 +95,8 @@ private:
     UserEvents& events_;
     std::function<bool()> takeFocus_;
     GridLayout layout_;
+    ColumnFit fit_;
+    bool fitsSoon_ = false;
     GridHeader* header_;
     CellEditor* editor_;
     EmptyState* empty_;

@@ -79,7 +79,14 @@ void MainWindow::BuildParts()
         },
         inner_);
     grid_ = new GridView(
-        controller_.Grid, events_, [this] { return controller_.window.Focus(controller_.Grid); },
+        controller_.Grid, events_,
+        [this] {
+            const bool focused = controller_.window.Focus(controller_.Grid);
+            // The menu bar may have the toolkit's focus while the form's has not moved.
+            if (focus_)
+                focus_->Sync();
+            return focused;
+        },
         inner_);
     tree_->setObjectName(ToQString(controller_.TreeView.Name()));
     tree_->setAccessibleName(QStringLiteral("Views and accounts"));

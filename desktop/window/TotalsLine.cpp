@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <algorithm>
+#include <climits>
 
 #include "desktop/look/TextConvert.h"
 
@@ -11,6 +12,7 @@ namespace clb {
 namespace {
 
 constexpr int kFrame = 12;  // pixels of a box's width that its frame and margins take
+constexpr int kGap = 4;     // pixels between the boxes
 
 }  // namespace
 
@@ -22,7 +24,12 @@ void ApplyPlace(const Control& control, QWidget& widget)
 }
 
 TotalsLine::TotalsLine(Label& label, TextBox& first, TextBox& second, QWidget* parent)
-    : label_(new QLabel(parent)), first_(new QLineEdit(parent)), second_(new QLineEdit(parent))
+    : labelModel_(label),
+      firstModel_(first),
+      secondModel_(second),
+      label_(new QLabel(parent)),
+      first_(new QLineEdit(parent)),
+      second_(new QLineEdit(parent))
 {
     label_->setObjectName(ToQString(label.Name()));
     first_->setObjectName(ToQString(first.Name()));
@@ -36,36 +43,47 @@ TotalsLine::TotalsLine(Label& label, TextBox& first, TextBox& second, QWidget* p
         box->setAlignment(Qt::AlignRight);
         box->setFont(bold);
     }
-    Follow(label);
-    Follow(first, first_);
-    Follow(second, second_);
+    for (Control* control : {static_cast<Control*>(&label), static_cast<Control*>(&first),
+                             static_cast<Control*>(&second)})
+        Follow(*control);
+    Arrange();
 }
 
-void TotalsLine::Follow(Label& box)
+void TotalsLine::Follow(Control& control)
 {
-    const auto sync = [this, &box] {
-        label_->setText(ToQString(box.Caption()));
-        ApplyPlace(box, *label_);
-    };
-    box.Changed().connect(sigc::track_obj(sync, *this));
-    sync();
+    control.Changed().connect(sigc::track_obj([this] { Arrange(); }, *this));
 }
 
-void TotalsLine::Follow(TextBox& box, QLineEdit* drawn)
+void TotalsLine::Arrange()
 {
-    const auto sync = [&box, drawn] {
-        ApplyPlace(box, *drawn);
-        const QString amount = ToQString(box.Text());
-        const int room = drawn->width() - kFrame;
-        const QFontMetrics metrics = drawn->fontMetrics();
-        const bool fits = metrics.horizontalAdvance(amount) <= room;
-        // An amount without its first digits would be a wrong amount.
-        drawn->setText(fits ? amount
-                            : QString(std::max(1, room / metrics.horizontalAdvance(u'#')), u'#'));
-        drawn->setToolTip(fits ? QString() : amount);
-    };
-    box.Changed().connect(sigc::track_obj(sync, *this));
-    sync();
+    const int second = Show(secondModel_, *second_, INT_MAX);
+    const int first = Show(firstModel_, *first_, second - kGap);
+    ApplyPlace(labelModel_, *label_);
+    const QString caption = ToQString(labelModel_.Caption());
+    const Bounds& place = labelModel_.Place();
+    const int right = std::min(place.left + place.width, first - kGap);
+    const int width = std::min(right, label_->fontMetrics().horizontalAdvance(caption));
+    const int left = std::min(place.left, right - width);
+    label_->setGeometry(std::max(0, left), place.top, right - std::max(0, left), place.height);
+    const QString shown =
+        label_->fontMetrics().elidedText(caption, Qt::ElideRight, label_->width());
+    label_->setText(shown);
+    label_->setToolTip(shown == caption ? QString() : caption);
+}
+
+int TotalsLine::Show(const TextBox& box, QLineEdit& drawn, int limit)
+{
+    ApplyPlace(box, drawn);
+    const Bounds& place = box.Place();
+    if (place.width <= 0)
+        return limit;
+    const QString amount = ToQString(box.Text());
+    const int right = std::min(place.left + place.width, limit);
+    const int needed = drawn.fontMetrics().horizontalAdvance(amount) + kFrame;
+    const int left = std::max(0, std::min(place.left, right - needed));
+    drawn.setGeometry(left, place.top, right - left, place.height);
+    drawn.setText(amount);
+    return left;
 }
 
 }  // namespace clb

@@ -10,7 +10,8 @@ class QWidget;
 
 namespace clb {
 
-/// Draws the line below the grid: a label and the amounts, each in the place of its control.
+/// Draws the line below the grid: a label and the amounts, each in the place of its control. A box
+/// that is too narrow for its amount grows to the left, over the room of what is before it.
 class TotalsLine : public sigc::trackable {
 public:
     /// The widgets become children of parent.
@@ -21,9 +22,14 @@ public:
     [[nodiscard]] QLabel* Caption() const { return label_; }
 
 private:
-    void Follow(TextBox& box, QLineEdit* drawn);
-    void Follow(Label& box);
+    void Follow(Control& control);
+    void Arrange();
+    /// Draws an amount; `limit` is where the next box begins. Returns where this one begins.
+    static int Show(const TextBox& box, QLineEdit& drawn, int limit);
 
+    Label& labelModel_;
+    TextBox& firstModel_;
+    TextBox& secondModel_;
     QLabel* label_;
     QLineEdit* first_;
     QLineEdit* second_;

@@ -36,6 +36,36 @@ protected:
     }
 };
 
+TEST_F(HandsTest, EscapeInAnOpenMenuGivesTheKeysBackAtOnce)
+{
+    ClickNode("Checking");
+    ClickCell(1, 1);
+    for (QAction* menu : window_.menuBar()->actions()) {
+        ClickAt(*window_.menuBar(), window_.menuBar()->actionGeometry(menu));
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr) << ToUtf8(menu->text());
+        Key(*QApplication::activePopupWidget(), Qt::Key_Escape);
+
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+        EXPECT_EQ(window_.menuBar()->activeAction(), nullptr);
+        const std::size_t row = Grid().Row();
+        Press(row == 1 ? Qt::Key_Down : Qt::Key_Up, Qt::NoModifier);
+        EXPECT_EQ(Grid().Row(), row == 1 ? 2U : 1U) << ToUtf8(menu->text());
+    }
+}
+
+TEST_F(HandsTest, AClickIntoTheGridTakesTheKeysFromTheMenuBar)
+{
+    ClickNode("Checking");
+    ClickCell(1, 1);
+    Key(window_, Qt::Key_E, Qt::AltModifier);
+    window_.menuBar()->setFocus(Qt::MenuBarFocusReason);
+
+    ClickCell(2, 1);
+    EXPECT_TRUE(GridWidget(window_).hasFocus());
+    Press(Qt::Key_Down, Qt::NoModifier);
+    EXPECT_EQ(Grid().Row(), 3U);
+}
+
 TEST_F(HandsTest, ControlWithPageDownAndUpStepsTheMonthFromAnywhere)
 {
     ClickNode("Checking");

@@ -1,0 +1,45 @@
+// How wide the grid's columns are drawn.
+#pragma once
+#include <QFontMetrics>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+
+#include "desktop/grid/GridLayout.h"
+
+namespace clb {
+
+class GridComponent;
+
+/// Decides how wide the grid's columns are drawn, so that no figure and no date is cut.
+///
+/// A column of figures or dates is at least as wide as the widest cell that was shown since the
+/// rows were read, and every column as the longest word of its heading. The other columns give way
+/// for that, the widest first, down to a few characters. What still does not fit is scrolled to.
+/// The widths of the component stay as they are.
+class ColumnFit {
+public:
+    /// heading returns the least width of a column's heading in pixels. grid is borrowed.
+    ColumnFit(GridComponent& grid, std::function<int(std::int32_t column)> heading)
+        : grid_(grid), heading_(std::move(heading))
+    {
+    }
+
+    /// Forgets the cells that were measured: other rows are shown.
+    void Forget() { widest_.clear(); }
+    /// Measures the cells of the rows in a part of the viewport. Returns whether a column needs
+    /// more room than before.
+    bool Measure(const GridLayout& layout, int height, const QFontMetrics& metrics);
+    /// The columns' widths in a viewport in which `room` pixels are free for them.
+    [[nodiscard]] GridLayout::Widths In(int room, const QFontMetrics& metrics) const;
+
+private:
+    [[nodiscard]] bool IsFigure(std::int32_t column) const;
+
+    GridComponent& grid_;
+    std::function<int(std::int32_t)> heading_;
+    std::map<std::int32_t, int> widest_;
+};
+
+}  // namespace clb
