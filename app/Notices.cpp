@@ -4,26 +4,32 @@
 
 namespace clb {
 
-void Notices::Set(const std::string& kind, const std::string& text)
+void Notices::Put(const Notice& notice)
 {
     const std::string before = Text();
     const auto place = std::find_if(notices_.begin(), notices_.end(),
-                                    [&](const auto& notice) { return notice.first == kind; });
-    if (place != notices_.end() && text.empty())
+                                    [&](const Notice& other) { return other.kind == notice.kind; });
+    if (place != notices_.end() && notice.text.empty())
         notices_.erase(place);
     else if (place != notices_.end())
-        place->second = text;
-    else if (!text.empty())
-        notices_.emplace_back(kind, text);
+        *place = notice;
+    else if (!notice.text.empty())
+        notices_.push_back(notice);
     if (Text() != before)
         changed_.emit();
+}
+
+bool Notices::Warns() const
+{
+    return std::any_of(notices_.begin(), notices_.end(),
+                       [](const Notice& notice) { return notice.warns; });
 }
 
 std::string Notices::Text() const
 {
     std::string all;
-    for (const auto& [kind, text] : notices_)
-        all += (all.empty() ? "" : "\n") + text;
+    for (const Notice& notice : notices_)
+        all += (all.empty() ? "" : "\n") + notice.text;
     return all;
 }
 

@@ -26,6 +26,8 @@ void RowEvents::Connect()
             return DateContext{window_.GivenPorts().clock.Now(), {view.Year(), view.Period()}};
         },
         window_.GivenPorts().showsResults);
+    grid.KeepFolds(window_.GivenPorts().showsResults);
+    grid.PassFooters(window_.GivenPorts().showsResults);
     ConnectEnabling();
     ConnectDrawing();
 }
@@ -46,6 +48,8 @@ void RowEvents::ConnectEnabling()
 void RowEvents::ConnectDrawing()
 {
     CVGrid& grid = window_.Grid;
+    grid.JudgeFigures(
+        [this](std::size_t row, std::int32_t column) { return window_.View().Warns(row, column); });
     grid.FetchColumnData().connect(
         [this](std::int32_t row, std::int32_t column, const Value&, Value& value) {
             window_.View().FetchCell(row, column, value);

@@ -46,6 +46,7 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
       bars_(*this),
       results_(*this),
       rows_(*this),
+      marked_(*this),
       importHost_(*this),
       exportHost_(ports_.files),
       others_(std::make_unique<OtherPrograms>(*this, ports_.messages))
@@ -70,7 +71,7 @@ void frmController::OpenGlobals()
     globals_.view = std::make_unique<clsView>(
         ViewTargets{window, Grid, TreeView, lblTotal, txtTotal, txtTotal2, cmbPeriod, txtYear,
                     [this](const EnabledNow& now) { bars_.Enable(now); }, statusBar,
-                    ports_.messages, product::kTitle});
+                    ports_.messages, product::kTitle, ports_.showsResults});
     globals_.database = std::make_unique<clsDatabase>(ports_.folder, *globals_.view, Grid);
     globals_.view->Use(*globals_.database);
     history_ = std::make_unique<History>(
@@ -231,6 +232,7 @@ void frmController::Connect()
     Grid.OnRefetch([this] { View().EnableDisable(); });
     Grid.OnPrint([this] { return PrintedPage(*this); });
     rows_.Connect();
+    marked_.Connect();
     bars_.Connect();
 }
 

@@ -7,6 +7,7 @@
 #include "app/CommandBars.h"
 #include "app/ExportHost.h"
 #include "app/ImportHost.h"
+#include "app/MarkedSum.h"
 #include "app/Notices.h"
 #include "app/Ports.h"
 #include "app/RowEvents.h"
@@ -146,6 +147,7 @@ private:
     CommandBars bars_;
     StepResult results_;
     RowEvents rows_;
+    MarkedSum marked_;
     ImportHost importHost_;
     ExportHost exportHost_;
     bool loaded_ = false;

@@ -11,6 +11,7 @@ namespace clb {
 void GridComponent::ColumnsGo()
 {
     NumbersReported();
+    marks_.Clear();
     // There is no current row until its cells are those of the new columns.
     row_ = 0;
     edited_.Clear();
@@ -26,7 +27,24 @@ void GridComponent::RowsBound()
 void GridComponent::TakeRows()
 {
     NumbersReported();
+    const NoRow none(row_);
     BoundRows().Rebuild();
+}
+
+bool GridComponent::SortBy(GridSort sort)
+{
+    if (!Update())
+        return false;
+    NumbersReported();
+    const GridSpot spot = CurrentSpot();
+    {
+        const NoRow none(row_);
+        BoundRows().SortBy(sort, [this, sort](std::size_t row) { return Fetch(row, sort.column); });
+    }
+    row_ = PastFooter(FindSpot(BoundRows(), spot));
+    LoadRow();
+    Touch();
+    return true;
 }
 
 void GridComponent::RefetchRows()
@@ -56,7 +74,7 @@ void GridComponent::Freshen()
     const GridSpot spot = CurrentSpot();
     editing_ = false;
     TakeRows();
-    row_ = FindSpot(BoundRows(), spot);
+    row_ = PastFooter(FindSpot(BoundRows(), spot));
     LoadRow();
 }
 
@@ -108,10 +126,18 @@ bool GridComponent::Fold(std::size_t row, bool folded)
 
 void GridComponent::StandOn(std::size_t row, std::int32_t column)
 {
-    row_ = std::min(row, BoundRows().Count());
+    row_ = PastFooter(std::min(row, BoundRows().Count()));
     col_ = column;
     LoadRow();
     Touch();
+}
+
+/// The new-row line is below every footer.
+std::size_t GridComponent::PastFooter(std::size_t row) const
+{
+    const GridRows& rows = Rows();
+    const bool footer = passesFooters_ && row != 0 && rows.Kind(row) == GridRowKind::GroupFooter;
+    return footer ? row + 1 : row;
 }
 
 void GridComponent::ReportPlace()

@@ -4,10 +4,12 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "controls/EditedRow.h"
 #include "controls/GridContent.h"
+#include "controls/GridMarks.h"
 #include "controls/GridSpot.h"
 
 namespace clb {
@@ -23,6 +25,8 @@ class GridComponent : public GridContent {
 public:
     using GridContent::GridContent;
 
+    /// Whether a group's footer never becomes current by itself: the row after it does.
+    void PassFooters(bool pass) { passesFooters_ = pass; }
     /// Reads the source again (Requery) and makes the first row current. A source that cannot be
     /// read leaves the grid empty and unbound; its error is thrown.
     void RefetchRows();
@@ -61,6 +65,13 @@ public:
     /// Folds the group of a heading row, or opens it. A changed row is saved first; false if that
     /// was refused. If the current row is folded away, the heading becomes current.
     bool Fold(std::size_t row, bool folded);
+
+    /// Shows the rows in another order; only the view changes. A changed row is saved first; false
+    /// if that was refused. The current cell stays on its row.
+    bool SortBy(GridSort sort);
+    /// The rows that the user has marked. Other rows, and a deletion, unmark them.
+    GridMarks& Marks() { return marks_; }
+    [[nodiscard]] const GridMarks& Marks() const { return marks_; }
 
     /// Displayed row and column of the current cell; row 0 if there are no rows at all.
     [[nodiscard]] std::size_t Row() const { return row_; }
@@ -163,6 +174,18 @@ protected:
     void ReportPlace();
 
 private:
+    /// While it lives no row is current, so that all cells are the stored ones while rows move.
+    class NoRow {
+    public:
+        explicit NoRow(std::size_t& row) : row_(row), before_(std::exchange(row, 0)) {}
+        ~NoRow() { row_ = before_; }
+        NoRow(const NoRow&) = delete;
+        NoRow& operator=(const NoRow&) = delete;
+
+    private:
+        std::size_t& row_;
+        std::size_t before_;
+    };
     void ColumnsGo() override;
     void RowsBound() override;
     void Freshen() override;
@@ -173,15 +196,18 @@ private:
     }
     void TakeRows();
     void StandOn(std::size_t row, std::int32_t column);
+    [[nodiscard]] std::size_t PastFooter(std::size_t row) const;
     void FinishEdit();
     void SaveRow();
     void OfferDate();
     [[nodiscard]] bool OnlyOffered() const;
 
     ReportedRows reported_;
+    GridMarks marks_;
     std::size_t row_ = 0;
     std::int32_t col_ = kFirstColumn;
     EditedRow edited_;
+    bool passesFooters_ = false;
     bool editing_ = false;
     std::string editText_;
     bool editTouched_ = false;

@@ -112,6 +112,12 @@ std::string GridContent::CellText(std::size_t row, std::int32_t column)
     return ShownText(CellValue(row, column), column);
 }
 
+bool GridContent::Warns(std::size_t row, std::int32_t column, const std::string& text) const
+{
+    const std::optional<bool> judged = judge_ ? judge_(row, column) : std::nullopt;
+    return judged.value_or(columns_.Item(column).StandsRight() && text.starts_with('-'));
+}
+
 std::string GridContent::FooterText(std::size_t row)
 {
     std::string text;

@@ -1,6 +1,7 @@
 // What a data grid shows, without a current cell: columns, rows, groups, and the texts of cells.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -37,6 +38,8 @@ public:
     [[nodiscard]] bool Bound() const { return source_ != nullptr && source_->IsOpen(); }
     /// Rows in memory to show instead of a result set.
     GridArray& Array() { return array_; }
+    /// Whether a folded group stays folded when other rows are bound, until it is opened.
+    void KeepFolds(bool keep) { rows_.KeepFolds(keep); }
     /// Applies groups that were added after binding to the displayed rows.
     void Regroup();
     /// To be called after columns, widths or styles were changed: the grid is drawn again.
@@ -60,6 +63,25 @@ public:
     /// The cell as shown; see GridText.
     std::string CellText(std::size_t row, std::int32_t column);
     [[nodiscard]] std::string ShownText(const Value& value, std::int32_t column) const;
+    /// Figures beside the rows that no column holds, such as a running balance.
+    struct SideFigures {
+        std::string caption;
+        std::int32_t column = 0;  ///< column that they add up
+        /// The figure of a displayed row; empty if it has none. Raises no event.
+        std::function<std::string(std::size_t row)> text;
+    };
+    void Beside(std::optional<SideFigures> figures) { beside_ = std::move(figures); }
+    [[nodiscard]] const std::optional<SideFigures>& Beside() const { return beside_; }
+    /// The column of dates in which today is shown; 0: none.
+    void DayColumn(std::int32_t column) { dayColumn_ = column; }
+    [[nodiscard]] std::int32_t DayColumn() const { return dayColumn_; }
+    /// A date as the cells show it.
+    [[nodiscard]] std::string DateText(const Value& date) const { return texts_.Shown(date, {}); }
+    /// Decides whether a figure is drawn as a warning. Nothing: if it is below 0.
+    using Judge = std::function<std::optional<bool>(std::size_t row, std::int32_t column)>;
+    void JudgeFigures(Judge judge) { judge_ = std::move(judge); }
+    /// Whether a figure with this text is drawn as a warning. Raises no event.
+    [[nodiscard]] bool Warns(std::size_t row, std::int32_t column, const std::string& text) const;
     /// Text of a group's footer row.
     std::string FooterText(std::size_t row);
     /// Tip of a cell; nothing if tips are off, the row is not a data row, or there is no text.
@@ -118,6 +140,9 @@ private:
     bool redraw_ = true;
     std::int32_t cellTips_ = 0;
     std::int32_t tipDelay_ = 0;
+    Judge judge_;
+    std::optional<SideFigures> beside_;
+    std::int32_t dayColumn_ = 0;
 
     sigc::signal<void(std::int32_t, std::int32_t, const Value&, Value&)> fetchColumnData_;
     sigc::signal<void(std::int32_t, std::int32_t, std::int32_t, std::string&)> fetchCellTip_;

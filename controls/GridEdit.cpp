@@ -201,7 +201,10 @@ void GridComponent::SaveRow()
         Source()->Save(added ? Source()->Count() : rows.Record(row_), edited_.Changes(Columns()));
     if (added || !Groups().empty())
         NumbersReported();
-    rows.Rebuild();
+    {
+        const NoRow none(row_);
+        rows.Rebuild();
+    }
     row_ = rows.Reveal(record);
     LoadRow();
     Touch();
@@ -218,6 +221,7 @@ bool GridComponent::Delete()
     if (cancel)
         return false;
     Source()->Delete(BoundRows().Record(row_));
+    marks_.Clear();
     TakeRows();
     StandOn(row_, col_);
     afterDelete_.emit();

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
+#include <numeric>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -48,6 +49,7 @@ void GridRows::Bind(IGridSource* source, const GridColumns& columns, const GridG
     columns_ = &columns;
     groupings_ = &groups;
     groups_.clear();
+    sort_ = {};
     Rebuild();
 }
 
@@ -71,7 +73,7 @@ std::vector<GridRows::Group> GridRows::CollectGroups() const
     std::vector<Group> groups;
     if (groupings_->empty())
         return groups;
-    std::set<std::string> folded;
+    std::set<std::string> folded = folds_;
     for (const Group& group : groups_)
         if (group.folded)
             folded.insert(group.value);
@@ -89,23 +91,78 @@ std::vector<GridRows::Group> GridRows::CollectGroups() const
 
 void GridRows::Display()
 {
+    const bool sorts = sort_.column != 0 && sort_.column <= columns_->Count();
+    rows_ = Lines(sorts ? SortKeys() : std::vector<Value>(), true);
+}
+
+std::vector<GridRows::Row> GridRows::Lines(const std::vector<Value>& keys, bool folds) const
+{
     std::vector<Row> rows;
+    const auto add = [&](std::vector<std::size_t> records, std::size_t group) {
+        if (!keys.empty())
+            SortRecords(records, keys, sort_.descending);
+        for (const std::size_t record : records)
+            rows.push_back({GridRowKind::Data, record, group});
+    };
     if (groupings_->empty()) {
-        const auto count = source_->Count();
-        rows.reserve(count + 1);
-        for (std::size_t record = 0; record < count; ++record)
-            rows.push_back({GridRowKind::Data, record, 0});
+        std::vector<std::size_t> records(source_->Count());
+        std::iota(records.begin(), records.end(), std::size_t{0});
+        rows.reserve(records.size() + 1);
+        add(std::move(records), 0);
     }
     for (std::size_t group = 0; group < groups_.size(); ++group) {
         rows.push_back({GridRowKind::GroupHeading, 0, group});
-        if (groups_[group].folded)
+        if (folds && groups_[group].folded)
             continue;
-        for (const std::size_t record : groups_[group].records)
-            rows.push_back({GridRowKind::Data, record, group});
+        add(groups_[group].records, group);
         rows.push_back({GridRowKind::GroupFooter, 0, group});
     }
     rows.push_back({GridRowKind::NewRow, 0, 0});
-    rows_ = std::move(rows);
+    return rows;
+}
+
+/// The calculated cell that the rows are shown by; nothing if it cannot be calculated.
+Value GridRows::OrNothing(std::size_t row) const
+{
+    try {
+        return sortKey_(row);
+    } catch (const RuntimeError&) {
+        return Null{};
+    }
+}
+
+std::vector<Value> GridRows::SortKeys()
+{
+    std::vector<Value> keys(source_->Count());
+    if (!columns_->Item(sort_.column).Calculated()) {
+        for (std::size_t record = 0; record < keys.size(); ++record)
+            keys[record] = OfSource(record, sort_.column);
+        return keys;
+    }
+    std::vector<Row> before = std::exchange(rows_, Lines({}, false));
+    try {
+        for (std::size_t row = 1; row <= rows_.size(); ++row)
+            if (Kind(row) == GridRowKind::Data)
+                keys[Record(row)] = OrNothing(row);
+    } catch (...) {
+        rows_ = std::move(before);
+        throw;
+    }
+    return keys;
+}
+
+void GridRows::SortBy(GridSort sort, SortKey key)
+{
+    const GridSort before = std::exchange(sort_, sort);
+    sortKey_ = std::move(key);
+    if (!source_ || !source_->IsOpen())
+        return;
+    try {
+        Display();
+    } catch (...) {
+        sort_ = before;
+        throw;
+    }
 }
 
 const GridRows::Row& GridRows::At(std::size_t row) const
@@ -137,6 +194,16 @@ Value GridRows::Key(std::size_t row) const
     if (shown.kind != GridRowKind::Data || column == 0)
         return Null{};
     return source_->At(shown.record, static_cast<std::size_t>(column - 1));
+}
+
+std::size_t GridRows::Records() const
+{
+    return source_ && source_->IsOpen() ? source_->Count() : 0;
+}
+
+const Value& GridRows::OfSource(std::size_t record, std::int32_t column) const
+{
+    return source_->At(record, static_cast<std::size_t>(column - 1));
 }
 
 Value GridRows::Stored(std::size_t row, std::int32_t column) const
@@ -183,8 +250,17 @@ void GridRows::Fold(std::size_t row, bool folded)
     const Row& shown = At(row);
     if (shown.kind != GridRowKind::GroupHeading || groups_[shown.group].folded == folded)
         return;
-    groups_[shown.group].folded = folded;
+    SetFolded(groups_[shown.group], folded);
     Display();
+}
+
+void GridRows::SetFolded(Group& group, bool folded)
+{
+    group.folded = folded;
+    if (folded && keepsFolds_)
+        folds_.insert(group.value);
+    else
+        folds_.erase(group.value);
 }
 
 std::size_t GridRows::NewRow() const
@@ -212,7 +288,7 @@ std::size_t GridRows::Reveal(std::size_t record)
     for (Group& group : groups_)
         if (group.folded &&
             std::find(group.records.begin(), group.records.end(), record) != group.records.end()) {
-            group.folded = false;
+            SetFolded(group, false);
             Display();
         }
     return OfRecord(record);

@@ -2,11 +2,14 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "base/Value.h"
 #include "controls/GridColumn.h"
+#include "controls/GridSort.h"
 
 namespace clb {
 
@@ -19,7 +22,8 @@ enum class GridRowKind { Data = 0, GroupHeading = 1, GroupFooter = 2, NewRow = 3
 /// and the new-row line at the end.
 class GridRows {
 public:
-    /// Data rows of the source, grouped; all groups open. nullptr: no rows at all.
+    /// Data rows of the source, grouped; all groups open, unless folded ones are kept. nullptr: no
+    /// rows at all.
     void Bind(IGridSource* source, const GridColumns& columns, const GridGroups& groups);
     /// Reads the rows from the source again; folded groups stay folded.
     void Rebuild();
@@ -33,6 +37,11 @@ public:
     [[nodiscard]] std::size_t Record(std::size_t row) const;
     /// Value of the row key's field; null on other rows than data, the new-row line included.
     [[nodiscard]] Value Key(std::size_t row) const;
+    /// Number of the source's rows, and the value of a bound column in one of them, from 0.
+    [[nodiscard]] std::size_t Records() const;
+    [[nodiscard]] const Value& OfSource(std::size_t record, std::int32_t column) const;
+    /// Grows whenever the source's rows were read again.
+    [[nodiscard]] std::uint64_t Generation() const { return generation_; }
     /// Stored value of a bound column in a data row; null elsewhere.
     [[nodiscard]] Value Stored(std::size_t row, std::int32_t column) const;
     /// Text of the group that the row belongs to; empty when rows are not grouped.
@@ -43,6 +52,15 @@ public:
     [[nodiscard]] std::string HeadingText(std::size_t row) const;
     [[nodiscard]] bool Folded(std::size_t row) const;
     void Fold(std::size_t row, bool folded);
+    /// Shows the rows in another order, those of a group among themselves; the new-row line stays
+    /// last. `key` returns a calculated cell of a displayed row while all rows are displayed in the
+    /// source's order; a cell for which it throws RuntimeError counts as nothing. Binding other
+    /// rows ends it.
+    using SortKey = std::function<Value(std::size_t row)>;
+    void SortBy(GridSort sort, SortKey key);
+    [[nodiscard]] const GridSort& Sort() const { return sort_; }
+    /// Whether a folded group stays folded when other rows are bound, and when it comes back.
+    void KeepFolds(bool keep) { keepsFolds_ = keep; }
 
     /// Displayed number of the new-row line, of the first data row, of a row of the source, and
     /// of the first data row with the key; 0 if there is none (or it is folded away).
@@ -73,15 +91,24 @@ private:
     };
     [[nodiscard]] const Row& At(std::size_t row) const;
     [[nodiscard]] std::vector<Group> CollectGroups() const;
+    void SetFolded(Group& group, bool folded);
     /// An exception leaves the displayed rows as they were.
     void Display();
+    /// The displayed rows, in the order of the keys if there are any.
+    [[nodiscard]] std::vector<Row> Lines(const std::vector<Value>& keys, bool folds) const;
+    [[nodiscard]] std::vector<Value> SortKeys();
+    [[nodiscard]] Value OrNothing(std::size_t row) const;
 
     IGridSource* source_ = nullptr;
     const GridColumns* columns_ = nullptr;
     const GridGroups* groupings_ = nullptr;
     std::uint64_t generation_ = 0;
+    bool keepsFolds_ = false;
+    std::set<std::string> folds_;  ///< values of the groups to fold when they come back
     std::vector<Group> groups_;
     std::vector<Row> rows_;
+    GridSort sort_;
+    SortKey sortKey_;
 };
 
 }  // namespace clb

@@ -33,9 +33,24 @@ void Calculate(const DrawnRow& row, std::int32_t column, Value& value)
         row.lastActual = actual.ToDouble();
         value = actual;
     } else if (column == Budget::Difference) {
-        // A positive difference is what was spent beyond the budget.
+        // Spending is negative, so a negative difference is what was spent beyond the budget.
         value = WithoutNoise(row.lastActual - ToMoney(Cell(row, Budget::Amount)).ToDouble());
     }
+}
+
+/// Whether more money went out than was planned. Income that has not come yet is no warning.
+bool Overspent(const DrawnRow& row)
+{
+    if (row.grid.Rows().Kind(row.row) != GridRowKind::Data)
+        return false;
+    const Money actual =
+        BudgetFigures(row.data, row.shown).ActualOf(ToText(Cell(row, Budget::Category)));
+    return actual < Money() && actual < ToMoney(Cell(row, Budget::Amount));
+}
+
+bool Warns(const DrawnRow& row, std::int32_t column)
+{
+    return (column == Budget::Actual || column == Budget::Difference) && Overspent(row);
 }
 
 std::string Tip(const DrawnRow& row)
@@ -46,8 +61,9 @@ std::string Tip(const DrawnRow& row)
         BudgetFigures(row.data, row.shown).TransactionsOf(ToText(Cell(row, Budget::Category)));
     std::string tip = "Number of transactions: " + std::to_string(spent.RecordCount());
     for (; !spent.AtEnd(); spent.MoveNext())
-        tip += std::string(kLineBreak) + kLineBreak + "Date: " + ToText(spent.Get("PostDate")) +
-               kLineBreak + "Description: " + ToText(spent.Get("Description")) + kLineBreak +
+        tip += std::string(kLineBreak) + kLineBreak +
+               "Date: " + row.grid.DateText(spent.Get("PostDate")) + kLineBreak +
+               "Description: " + ToText(spent.Get("Description")) + kLineBreak +
                "Amount: " + ToMoney(spent.Get("Amount")).Dollars();
     return tip;
 }
@@ -103,6 +119,7 @@ extern constexpr ViewDefinition kBudgetView{
     .exports = ExportOf::Nothing,
     .empty = &kEmpty,
     .cell = Calculate,
+    .warns = Warns,
     .tip = Tip,
     .footer = Footer,
 };

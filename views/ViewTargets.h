@@ -26,6 +26,9 @@ struct ViewTargets {
     StatusBar& statusBar;
     IMessageBox& messages;
     std::string title;  ///< of message boxes
+    /// Whether a person looks at the window, and the grid shows what helps them only: today and a
+    /// running balance.
+    bool forPerson = false;
 };
 
 }  // namespace clb

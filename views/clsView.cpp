@@ -1,5 +1,7 @@
 #include "views/clsView.h"
 
+#include <utility>
+
 #include "base/Quietly.h"
 #include "base/RuntimeError.h"
 #include "data/AccountKind.h"
@@ -55,17 +57,47 @@ void clsView::Refresh()
 {
     if (hold_)
         return;
+    const CVGrid& shown = targets_.grid;  // is not to read its rows again
+    const GridSort sort =
+        std::exchange(sortedView_, view_) == view_ ? shown.Rows().Sort() : GridSort();
     targets_.grid.RedrawEnabled(false);
-    OrShowNothing([this] {
+    OrShowNothing([&] {
         targets_.grid.CancelEdit();
         targets_.grid.DataSource(database_->GetRows());
         RefreshTotals();
         layout_.LayOut(Definition(), *database_);
+        ShowSights();
+        SortAgain(sort);
         EnableDisable();
         whyEmpty_.clear();
     });
     targets_.grid.RedrawEnabled(true);
     refreshed_.emit();
+}
+
+/// What only a person sees.
+void clsView::ShowSights()
+{
+    CVGrid& grid = targets_.grid;
+    const bool shows = targets_.forPerson && Definition().transactions;
+    grid.DayColumn(shows ? Register::PostDate : 0);
+    if (!shows)
+        return grid.Beside(std::nullopt);
+    grid.Beside(GridContent::SideFigures{"Balance", Register::Amount, [this](std::size_t row) {
+                                             const auto balance =
+                                                 running_.After(targets_.grid.Rows(), row);
+                                             return balance ? balance->Grouped() : std::string();
+                                         }});
+}
+
+/// A reload of the same view keeps the order that the user has chosen, and begins at its top.
+void clsView::SortAgain(const GridSort& sort)
+{
+    CVGrid& grid = targets_.grid;
+    if (sort.column == 0 || !grid.SortBy(sort))
+        return;
+    if (const std::size_t first = grid.Rows().FirstData(); first != 0)
+        grid.MoveTo(first, kFirstColumn);
 }
 
 template <class Work>
@@ -90,6 +122,7 @@ void clsView::ShowNothing(const char* why) noexcept
             grid.RedrawEnabled(false);
     });
     Quietly([&] { grid.DataSource(nullptr); });
+    Quietly([&] { grid.Beside(std::nullopt); });
     Quietly([&] { whyEmpty_ = why; });
     // Without a view there are no totals that could be others, and those shown stay.
     if (Definition().view != 0) {
@@ -155,6 +188,7 @@ void clsView::RefreshTotals()
     Money first;
     Money second;
     database_->CalcTotals(first, second);
+    running_.EndsWith(first);
     targets_.txtTotal.Text(first.Grouped());
     targets_.txtTotal2.Text(second.Grouped());
 }
@@ -180,6 +214,13 @@ void clsView::FetchFooter(std::int32_t row, std::string& text)
 {
     if (Definition().footer)
         text = Definition().footer(Drawn(row));
+}
+
+std::optional<bool> clsView::Warns(std::size_t row, std::int32_t column)
+{
+    if (!Definition().warns)
+        return std::nullopt;
+    return Definition().warns(Drawn(static_cast<std::int32_t>(row)), column);
 }
 
 bool clsView::OnStoredRow()

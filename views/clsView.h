@@ -3,11 +3,13 @@
 #include <sigc++/sigc++.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "data/IShownState.h"
 #include "views/AccountTree.h"
+#include "views/RunningBalance.h"
 #include "views/ViewDefinition.h"
 #include "views/ViewLayout.h"
 #include "views/ViewTargets.h"
@@ -97,6 +99,9 @@ public:
     void FetchCell(std::int32_t row, std::int32_t column, Value& value);
     void FetchTip(std::int32_t row, std::string& tip);
     void FetchFooter(std::int32_t row, std::string& text);
+    /// Whether the view draws a figure as a warning. Nothing if it leaves that to the figure's
+    /// sign.
+    [[nodiscard]] std::optional<bool> Warns(std::size_t row, std::int32_t column);
 
     /// Enables the commands that make sense for the current row and the focus, and shows a hint for
     /// them in the status bar.
@@ -114,6 +119,8 @@ private:
     template <class Work>
     void OrShowNothing(const Work& work);
     void ShowNothing(const char* why) noexcept;
+    void ShowSights();
+    void SortAgain(const GridSort& sort);
     DrawnRow Drawn(std::int32_t row);
     void DecideExport();
     bool OnStoredRow();
@@ -132,6 +139,8 @@ private:
     std::string whyEmpty_;
     bool exportAllowed_ = false;
     double lastActual_ = 0;
+    RunningBalance running_;
+    std::int32_t sortedView_ = 0;  // that was shown last, whose order is kept
     sigc::signal<void()> refreshed_;
     sigc::signal<void()> treeBuilt_;
 };

@@ -27,19 +27,32 @@ public:
     }
 
     /// Forgets the cells that were measured: other rows are shown.
-    void Forget() { widest_.clear(); }
+    void Forget()
+    {
+        widest_.clear();
+        widestBeside_ = 0;
+    }
     /// Measures the cells of the rows in a part of the viewport. Returns whether a column needs
     /// more room than before.
     bool Measure(const GridLayout& layout, int height, const QFontMetrics& metrics);
-    /// The columns' widths in a viewport in which `room` pixels are free for them.
-    [[nodiscard]] GridLayout::Widths In(int room, const QFontMetrics& metrics) const;
+    /// How wide columns and figures beside them are drawn.
+    struct Drawn {
+        GridLayout::Widths columns;
+        int beside = 0;  ///< 0: the figures are not drawn
+    };
+    /// The widths in a viewport in which `room` pixels are free. The figures beside the columns
+    /// take their room from the last column of texts, if enough of that is left.
+    [[nodiscard]] Drawn In(int room, const QFontMetrics& metrics) const;
 
 private:
     [[nodiscard]] bool IsFigure(std::int32_t column) const;
+    [[nodiscard]] int BesideWidth(const QFontMetrics& metrics) const;
+    bool MeasureBeside(std::size_t row, const QFontMetrics& metrics);
 
     GridComponent& grid_;
     std::function<int(std::int32_t)> heading_;
     std::map<std::int32_t, int> widest_;
+    int widestBeside_ = 0;
 };
 
 }  // namespace clb

@@ -49,8 +49,16 @@ std::size_t GridCursor::RowFromCurrent(int rows) const
 {
     const auto wanted = static_cast<std::ptrdiff_t>(grid_.Row()) + rows;
     const auto last = static_cast<std::ptrdiff_t>(layout_.RowCount());
-    return static_cast<std::size_t>(
+    const auto row = static_cast<std::size_t>(
         std::clamp<std::ptrdiff_t>(wanted, std::min<std::ptrdiff_t>(1, last), last));
+    // A footer is between two rows that can become current, or between a heading and the new row.
+    return OnFooter(row) ? (rows < 0 ? row - 1 : row + 1) : row;
+}
+
+bool GridCursor::OnFooter(std::size_t row) const
+{
+    return row != 0 && row <= grid_.Rows().Count() &&
+           grid_.Rows().Kind(row) == GridRowKind::GroupFooter;
 }
 
 bool GridCursor::MoveRows(int rows)
@@ -85,7 +93,7 @@ void GridCursor::KeepRow()
         if (fresh)
             grid_.MoveTo(grid_.Rows().NewRow(), layout_.FirstColumn());
         else
-            grid_.MoveTo(std::min(grid_.Row() + 1, grid_.Rows().Count()), grid_.Col());
+            grid_.MoveTo(RowFromCurrent(1), grid_.Col());
     });
 }
 

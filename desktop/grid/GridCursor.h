@@ -32,11 +32,16 @@ public:
     /// Moves to the row that was drawn with this number, within an action of the user. Returns
     /// false if the row is gone, or if the move was refused.
     bool MoveToShown(std::size_t row, std::int32_t column);
+    /// The row that many rows below the current one, or above, as the keys go; footers do not
+    /// count.
+    [[nodiscard]] std::size_t Beside(int rows) const { return RowFromCurrent(rows); }
     /// Saves the row and goes to the next one; from a new row to another new one.
     void KeepRow();
 
     /// Whether the row is a group's heading. Row 0 is not.
     [[nodiscard]] bool OnHeading(std::size_t row) const;
+    /// Whether the row is a group's footer, which never becomes current. Row 0 is not.
+    [[nodiscard]] bool OnFooter(std::size_t row) const;
     /// Folds or opens the current row's group. Returns false for other keys, and if the current row
     /// is not a heading.
     bool FoldByKey(int key);

@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/grid/GridPainter.h"
 #include "desktop/look/TextConvert.h"
@@ -43,6 +44,7 @@ void GridHeader::mousePressEvent(QMouseEvent* event)
     dragged_ = event->button() == Qt::LeftButton ? layout_.LineAt(place) : 0;
     if (dragged_ != 0)
         dragOffset_ = place - layout_.CellRect(1, dragged_).width();
+    pressed_ = dragged_ == 0 && event->button() == Qt::LeftButton ? layout_.ColumnAt(place) : 0;
 }
 
 void GridHeader::mouseMoveEvent(QMouseEvent* event)
@@ -54,9 +56,13 @@ void GridHeader::mouseMoveEvent(QMouseEvent* event)
         setCursor(layout_.LineAt(place) != 0 ? Qt::SplitHCursor : Qt::ArrowCursor);
 }
 
-void GridHeader::mouseReleaseEvent(QMouseEvent* /*event*/)
+void GridHeader::mouseReleaseEvent(QMouseEvent* event)
 {
     dragged_ = 0;
+    const std::int32_t pressed = std::exchange(pressed_, 0);
+    const QPoint place = event->position().toPoint();
+    if (pressed != 0 && rect().contains(place) && layout_.ColumnAt(place.x()) == pressed)
+        actions_.sort(pressed);
 }
 
 void GridHeader::mouseDoubleClickEvent(QMouseEvent* event)
@@ -112,7 +118,37 @@ void GridHeader::paintEvent(QPaintEvent* /*event*/)
     painter.setFont(CaptionFont());
     for (const GridLayout::Span& span : layout_.Spans())
         DrawCaption(painter, span);
+    DrawBeside(painter);
     DrawCorner(painter);
+}
+
+void GridHeader::DrawBeside(QPainter& painter) const
+{
+    if (layout_.SideWidth() == 0 || !grid_.Beside())
+        return;
+    QRect cell = layout_.SideRect(1);
+    cell.setTop(0);
+    cell.setBottom(height() - 1);
+    painter.setPen(GridColors(palette()).dimText);
+    painter.drawText(cell.adjusted(0, 0, -GridPainter::kPadding, 0), CellAlignment(true),
+                     ToQString(grid_.Beside()->caption));
+}
+
+/// A small arrow at the top of the column by which the rows are shown. It points up if the first
+/// row has the least value.
+void GridHeader::DrawSort(QPainter& painter, const QRect& cell) const
+{
+    const qreal half = 4;
+    const qreal middle = cell.center().x();
+    const qreal base = grid_.Rows().Sort().descending ? 2 : 2 + half;
+    const qreal tip = grid_.Rows().Sort().descending ? 2 + half : 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(GridColors(palette()).accent);
+    painter.drawPolygon(QPolygonF(
+        {QPointF(middle - half, base), QPointF(middle + half, base), QPointF(middle, tip)}));
+    painter.restore();
 }
 
 void GridHeader::DrawCaption(QPainter& painter, const GridLayout::Span& span) const
@@ -125,6 +161,8 @@ void GridHeader::DrawCaption(QPainter& painter, const GridLayout::Span& span) co
     cell.setBottom(height() - 1);
     painter.setPen(colors.frame);
     painter.drawLine(cell.topRight(), cell.bottomRight());
+    if (grid_.Rows().Sort().column == span.column)
+        DrawSort(painter, cell);
     const QRect inner = cell.adjusted(GridPainter::kPadding, 0, -GridPainter::kPadding, 0);
     const bool wraps = Wraps(caption, painter.fontMetrics(), inner.width());
     painter.setPen(colors.text);

@@ -14,10 +14,11 @@ namespace clb {
 /// contents.
 class GridHeader : public QWidget {
 public:
-    /// Called when the user drags or double clicks the line of a column.
+    /// Called when the user drags or double clicks the line of a column, or clicks its caption.
     struct Actions {
         std::function<void(std::int32_t column, int width)> resize;
         std::function<void(std::int32_t column)> fit;
+        std::function<void(std::int32_t column)> sort;
     };
     /// grid and layout are borrowed and outlive the header.
     GridHeader(const GridComponent& grid, const GridLayout& layout, Actions actions,
@@ -40,6 +41,8 @@ private:
     [[nodiscard]] QFont CaptionFont() const;
     [[nodiscard]] bool NeedsTwoLines() const;
     void DrawCaption(QPainter& painter, const GridLayout::Span& span) const;
+    void DrawBeside(QPainter& painter) const;
+    void DrawSort(QPainter& painter, const QRect& cell) const;
     void DrawCorner(QPainter& painter) const;
 
     const GridComponent& grid_;
@@ -47,6 +50,7 @@ private:
     Actions actions_;
     std::int32_t dragged_ = 0;  // column whose line is dragged; 0: none
     int dragOffset_ = 0;
+    std::int32_t pressed_ = 0;  // column whose caption is pressed; 0: none
 };
 
 }  // namespace clb

@@ -82,7 +82,12 @@ QRect GridLayout::CellRect(std::size_t row, std::int32_t column) const
 
 QRect GridLayout::RowRect(std::size_t row) const
 {
-    return {selectorWidth_ - scrollLeft_, RowTop(row), totalWidth_, rowHeight_};
+    return {selectorWidth_ - scrollLeft_, RowTop(row), totalWidth_ + sideWidth_, rowHeight_};
+}
+
+QRect GridLayout::SideRect(std::size_t row) const
+{
+    return {selectorWidth_ - scrollLeft_ + totalWidth_, RowTop(row), sideWidth_, rowHeight_};
 }
 
 QRect GridLayout::SelectorRect(std::size_t row) const

@@ -39,6 +39,10 @@ public:
     /// Sets how many pixels are scrolled out at the left and at the top.
     void Scroll(int left, int top);
 
+    /// Width of the figures to the right of the columns; 0: there are none.
+    void SideWidth(int pixels) { sideWidth_ = pixels; }
+    [[nodiscard]] int SideWidth() const { return sideWidth_; }
+
     [[nodiscard]] const std::vector<Span>& Spans() const { return spans_; }
     /// Width of all columns, without the selector, and height of all rows.
     [[nodiscard]] int TotalWidth() const { return totalWidth_; }
@@ -58,6 +62,8 @@ public:
     [[nodiscard]] QRect CellRect(std::size_t row, std::int32_t column) const;
     /// The whole row without its selector.
     [[nodiscard]] QRect RowRect(std::size_t row) const;
+    /// Where the figure beside the row's cells is.
+    [[nodiscard]] QRect SideRect(std::size_t row) const;
     [[nodiscard]] QRect SelectorRect(std::size_t row) const;
     /// The shown column `steps` to the right (negative: left) of a column; 0 when there is none.
     /// A column that is not shown counts as the first.
@@ -73,6 +79,7 @@ private:
     int totalWidth_ = 0;
     int rowHeight_ = 22;
     int selectorWidth_ = 22;
+    int sideWidth_ = 0;
     int scrollLeft_ = 0;
     int scrollTop_ = 0;
 };

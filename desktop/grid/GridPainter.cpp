@@ -69,7 +69,7 @@ void GridPainter::Draw(const QRect& area)
 
 QColor GridPainter::RowColor(std::size_t row) const
 {
-    if (row == grid_.Row())
+    if (row == grid_.Row() || grid_.Marks().Contains(grid_.Rows().Identity(row)))
         return colors_.currentRow;
     return row % 2 == 0 ? colors_.alternate : colors_.base;
 }
@@ -79,11 +79,15 @@ void GridPainter::DrawRow(std::size_t row)
     switch (grid_.Rows().Kind(row)) {
         case GridRowKind::GroupHeading: DrawHeading(row); break;
         case GridRowKind::GroupFooter: DrawFooter(row); break;
-        default: painter_.fillRect(layout_.RowRect(row), RowColor(row)); DrawCells(row);
+        default:
+            painter_.fillRect(layout_.RowRect(row), RowColor(row));
+            DrawCells(row);
+            DrawBeside(row);
     }
     const QRect line = layout_.RowRect(row);
     painter_.setPen(colors_.line);
     painter_.drawLine(line.bottomLeft(), line.bottomRight());
+    DrawToday(row);
     DrawSelector(row);
 }
 
@@ -101,14 +105,48 @@ void GridPainter::DrawCell(std::size_t row, const GridLayout::Span& span)
     if (row == grid_.Row() && span.column == grid_.Col())
         painter_.fillRect(cell, colors_.currentCell);
     const GridColumn& column = grid_.Columns().Item(span.column);
-    const QString text = ToQString(Readable([&] { return grid_.CellText(row, span.column); }));
-    const bool right = column.StandsRight();
-    DrawCellText(cell, text, right, right && text.startsWith(u'-'));
+    const std::string text = Readable([&] { return grid_.CellText(row, span.column); });
+    const bool warns = Readable([&] { return grid_.Warns(row, span.column, text); });
+    DrawCellText(cell, ToQString(text), column.StandsRight(),
+                 warns ? colors_.negative : colors_.text);
     painter_.setPen(colors_.line);
     painter_.drawLine(cell.topRight(), cell.bottomRight());
 }
 
-void GridPainter::DrawCellText(const QRect& cell, const QString& text, bool right, bool negative)
+void GridPainter::DrawBeside(std::size_t row)
+{
+    if (layout_.SideWidth() == 0 || !grid_.Beside())
+        return;
+    const std::string text = Readable([&] { return grid_.Beside()->text(row); });
+    DrawCellText(layout_.SideRect(row), ToQString(text), true, colors_.dimText);
+}
+
+/// Negative in the past, 0 today; 0 as well if the row has no date.
+int GridPainter::DaysFromToday(std::size_t row) const
+{
+    if (grid_.Rows().Kind(row) != GridRowKind::Data)
+        return 0;
+    const Value value = grid_.Rows().Stored(row, grid_.DayColumn());
+    const auto* date = std::get_if<Date>(&value);
+    return date ? date->Days() - grid_.Today().Days() : 0;
+}
+
+/// A bar before the rows of today, and a line between what is to come and the rest.
+void GridPainter::DrawToday(std::size_t row)
+{
+    if (grid_.DayColumn() == 0 || grid_.Rows().Kind(row) != GridRowKind::Data)
+        return;
+    const QRect line = layout_.RowRect(row);
+    const Value value = grid_.Rows().Stored(row, grid_.DayColumn());
+    const int days = DaysFromToday(row);
+    if (days == 0 && !IsNull(value))
+        painter_.fillRect(QRect(line.left(), line.top(), 3, line.height() - 1), colors_.accent);
+    if (grid_.Rows().Sort().column == 0 && days <= 0 && row > 1 && DaysFromToday(row - 1) > 0)
+        painter_.fillRect(QRect(line.left(), line.top() - 1, line.width(), 2), colors_.accent);
+}
+
+void GridPainter::DrawCellText(const QRect& cell, const QString& text, bool right,
+                               const QColor& color)
 {
     const QRect inner = cell.adjusted(kPadding, 0, -kPadding, -1);
     if (text.isEmpty() || inner.width() <= 0)
@@ -121,7 +159,7 @@ void GridPainter::DrawCellText(const QRect& cell, const QString& text, bool righ
         shown = right ? QString(inner.width() / std::max(1, metrics.horizontalAdvance(u'#')), u'#')
                       : metrics.elidedText(shown, Qt::ElideRight, inner.width());
     }
-    painter_.setPen(negative ? colors_.negative : colors_.text);
+    painter_.setPen(color);
     painter_.drawText(inner, CellAlignment(right), shown);
 }
 

@@ -28,7 +28,10 @@ private:
     void DrawRow(std::size_t row);
     void DrawCells(std::size_t row);
     void DrawCell(std::size_t row, const GridLayout::Span& span);
-    void DrawCellText(const QRect& cell, const QString& text, bool right, bool negative);
+    void DrawCellText(const QRect& cell, const QString& text, bool right, const QColor& color);
+    void DrawBeside(std::size_t row);
+    void DrawToday(std::size_t row);
+    [[nodiscard]] int DaysFromToday(std::size_t row) const;
     void DrawHeading(std::size_t row);
     void DrawFooter(std::size_t row);
     void DrawSelector(std::size_t row);

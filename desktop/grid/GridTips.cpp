@@ -14,7 +14,7 @@ namespace clb {
 void GridTips::PointerMoved(const QPoint& place, bool rests)
 {
     place_ = place;
-    cell_tip::Hide();
+    Hide();
     if (grid_.CellTips() != 0 && rests)
         timer_.start(grid_.TipDelay(), this);
 }
@@ -39,18 +39,42 @@ void GridTips::ShowAt(const QPoint& place)
             return;
         // Resting the pointer is not a command, so an error shows no tip and no message box either.
         try {
-            if (const std::string text = TipOf(now, column); !text.empty())
-                cell_tip::Show(viewport_, place, layout_.CellRect(now, column), text);
+            if (const std::string text = TipOf(now, column); !text.empty()) {
+                cell_ = layout_.CellRect(now, column);
+                row_ = SpotOf(grid_.Rows(), now, column);
+                cell_tip::Show(viewport_, place, cell_, text);
+            }
         } catch (const RuntimeError&) {
             return;
         }
     });
 }
 
+void GridTips::RowsDrawn()
+{
+    if (row_.row == 0)
+        return;
+    const bool there =
+        row_.row <= grid_.Rows().Count() && grid_.Rows().Identity(row_.row) == row_.identity &&
+        grid_.Rows().Key(row_.row) == row_.key && layout_.CellRect(row_.row, row_.column) == cell_;
+    if (!there)
+        Hide();
+}
+
+void GridTips::Hide()
+{
+    row_ = {};
+    cell_tip::Hide();
+}
+
 std::string GridTips::TipOf(std::size_t row, std::int32_t column)
 {
     if (const auto text = grid_.CellTip(row, column))
         return *text;
+    const auto& beside = grid_.Beside();
+    if (beside && beside->column == column)
+        if (const std::string figure = beside->text(row); !figure.empty())
+            return beside->caption + " after this row: " + figure;
     if (grid_.Rows().Kind(row) != GridRowKind::Data)
         return {};
     // The cell's text, if the cell has no room for it.

@@ -28,6 +28,8 @@ public:
     /// component's delay. Places are in the viewport.
     void PointerMoved(const QPoint& place, bool rests);
     void PointerLeft() { timer_.stop(); }
+    /// Hides the tip if its row is not at its place any more.
+    void RowsDrawn();
     /// Shows the tip of the cell at the place at once. A cell that cannot be read has no tip.
     void ShowAt(const QPoint& place);
 
@@ -35,6 +37,7 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    void Hide();
     std::string TipOf(std::size_t row, std::int32_t column);
 
     GridComponent& grid_;
@@ -43,6 +46,8 @@ private:
     QWidget& viewport_;
     QBasicTimer timer_;
     QPoint place_;
+    QRect cell_;  // that the shown tip is about
+    GridSpot row_;
 };
 
 }  // namespace clb

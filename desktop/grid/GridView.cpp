@@ -33,12 +33,14 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
                              {[this](std::int32_t column, int width) {
                                   events_.Run([&] { grid_.ResizeColumn(column, width); });
                               },
-                              [this](std::int32_t column) { FitColumn(column); }},
+                              [this](std::int32_t column) { FitColumn(column); },
+                              [this](std::int32_t column) { SortBy(column); }},
                              this)),
       editor_(new CellEditor(grid, *this, [this](const QKeyEvent& key) { return LeaveEdit(key); })),
       empty_(new EmptyState(*this)),
       cursor_(grid, layout_, events, *viewport()),
       editing_(grid, cursor_, *editor_, events),
+      marking_(grid, cursor_, events, takeFocus_),
       tips_(grid, layout_, events, *viewport()),
       announcer_(*this, grid, events)
 {
@@ -51,6 +53,7 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
     MeasureFonts();
     grid_.Changed().connect(sigc::track_obj([this] { Sync(); }, *this));
     grid_.RedrawChanged().connect(sigc::track_obj([this](bool on) { RedrawChanged(on); }, *this));
+    grid_.Marks().Changed().connect(sigc::track_obj([this] { viewport()->update(); }, *this));
     AccessibleGrid::Install();
     grid_.AfterEdit().connect(sigc::track_obj(
         [this](std::int32_t /*row*/, std::int32_t column) { announcer_.ValueChanged(column); },
@@ -98,6 +101,7 @@ void GridView::Sync()
     }
     FollowEdit();
     announcer_.Drawn(layout_.RowCount(), layout_.Spans().size(), moved);
+    tips_.RowsDrawn();
     FollowHint();
     header_->update();
     viewport()->update();
@@ -106,7 +110,9 @@ void GridView::Sync()
 void GridView::TakeLayout()
 {
     const int room = viewport()->width() - layout_.SelectorWidth();
-    layout_.Take(grid_, fit_.In(room, fontMetrics()));
+    const ColumnFit::Drawn drawn = fit_.In(room, fontMetrics());
+    layout_.Take(grid_, drawn.columns);
+    layout_.SideWidth(drawn.beside);
 }
 
 /// The cells are measured once before the next painting, however often the grid changes until then.
@@ -189,6 +195,7 @@ void GridView::ShowCurrentCell()
 void GridView::scrollContentsBy(int /*dx*/, int /*dy*/)
 {
     layout_.Scroll(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    tips_.RowsDrawn();
     FitLater();
     FollowEdit();
     header_->update();
@@ -261,8 +268,10 @@ void GridView::mousePressEvent(QMouseEvent* event)
     const QPoint place = event->position().toPoint();
     const std::size_t row = layout_.RowAt(place.y());
     std::int32_t column = layout_.ColumnAt(place.x());
+    if (marking_.ByClick(*event, row, column))
+        return;
     events_.Run([&] {
-        if (!takeFocus_() || row == 0)
+        if (!takeFocus_() || row == 0 || cursor_.OnFooter(row))
             return;
         if (column == 0)
             column = std::max(grid_.Col(), 1);
@@ -291,6 +300,16 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event)
         editing_.Begin();
 }
 
+void GridView::SortBy(std::int32_t column)
+{
+    const GridSort now = grid_.Rows().Sort();
+    GridSort next{column, false};
+    if (now.column == column)
+        next = now.descending ? GridSort() : GridSort{column, true};
+    events_.Run([&] { grid_.SortBy(next); });
+    ShowCurrentCell();
+}
+
 void GridView::FitColumn(std::int32_t column)
 {
     events_.Run([&] {
@@ -312,6 +331,8 @@ void GridView::FitColumn(std::int32_t column)
 void GridView::keyPressEvent(QKeyEvent* event)
 {
     const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
+    if (marking_.ByKey(*event))
+        return;
     if (held == Qt::NoModifier && cursor_.FoldByKey(event->key()))
         return;
     if (ColumnByKey(*event) || editing_.ByKey(*event) || editing_.ByTyping(*event))
@@ -395,7 +416,9 @@ bool GridView::viewportEvent(QEvent* event)
 bool GridView::GoTo(std::size_t row, std::int32_t column)
 {
     bool there = false;
-    events_.Run([&] { there = takeFocus_() && cursor_.MoveToShown(row, column); });
+    events_.Run([&] {
+        there = takeFocus_() && !cursor_.OnFooter(row) && cursor_.MoveToShown(row, column);
+    });
     return there;
 }
 

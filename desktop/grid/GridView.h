@@ -15,6 +15,7 @@
 #include "desktop/grid/GridCursor.h"
 #include "desktop/grid/GridEditing.h"
 #include "desktop/grid/GridLayout.h"
+#include "desktop/grid/GridMarking.h"
 #include "desktop/grid/GridTips.h"
 
 class QAccessibleInterface;
@@ -35,6 +36,9 @@ class UserEvents;
 /// current cell's tip. A double click, F2, F4 or typing edits a cell. Enter saves the row and goes
 /// to the next one, from a new row to another new row. Escape discards the cell's edit, then the
 /// row's changes.
+///
+/// Control and Shift with a click, or Shift with Up and Down, mark rows. A click on a heading shows
+/// the rows by its column, a second one in the opposite order, a third one as before.
 class GridView : public QAbstractScrollArea, public sigc::trackable {
 public:
     /// takeFocus asks for the focus when the user clicks. If it returns false, the click does
@@ -88,6 +92,7 @@ private:
     void RedrawChanged(bool on);
     bool ColumnByKey(const QKeyEvent& event);
     void FitColumn(std::int32_t column);
+    void SortBy(std::int32_t column);
     void FollowEdit();
     bool LeaveEdit(const QKeyEvent& event);
 
@@ -105,6 +110,7 @@ private:
     std::int32_t shownColumn_ = 0;
     GridCursor cursor_;
     GridEditing editing_;
+    GridMarking marking_;
     GridTips tips_;
     GridAnnouncer announcer_;
 };

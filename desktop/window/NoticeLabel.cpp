@@ -55,7 +55,7 @@ QString NoticeLabel::Line() const
 
 int NoticeLabel::PictureWidth() const
 {
-    return fontMetrics().height() + kGap;
+    return notices_.Warns() ? fontMetrics().height() + kGap : kGap;
 }
 
 QSize NoticeLabel::sizeHint() const
@@ -74,8 +74,9 @@ void NoticeLabel::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     const int side = fontMetrics().height();
-    icons::Message(box_style::Exclamation)
-        .paint(&painter, QRect(0, (height() - side) / 2, side, side));
+    if (notices_.Warns())
+        icons::Message(box_style::Exclamation)
+            .paint(&painter, QRect(0, (height() - side) / 2, side, side));
     const QRect room = rect().adjusted(PictureWidth(), 0, -kGap, 0);
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,

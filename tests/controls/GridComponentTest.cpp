@@ -42,6 +42,174 @@ TEST_F(GridComponentTest, EveryFieldIsAColumnAndTheNewRowIsLast)
     EXPECT_EQ(grid_.Position(), 0);
 }
 
+TEST_F(GridComponentTest, KeptFoldsSurviveNewRowsAndTheGroupsAbsence)
+{
+    grid_.KeepFolds(true);
+    GroupByCount();
+    ASSERT_EQ(grid_.Rows().HeadingText(1), "5 (1)");
+    ASSERT_TRUE(grid_.Fold(1, true));
+
+    grid_.Array().Clear();
+    grid_.Array().Show();
+    GroupByCount();
+    grid_.Array().Add({21, std::string("Dates"), Money::FromUnits(4), 5});
+    grid_.Array().Add({22, std::string("Eggs"), Money::FromUnits(4), 1});
+    grid_.Array().Show();
+    GroupByCount();
+
+    EXPECT_TRUE(grid_.Rows().Folded(1));
+    EXPECT_FALSE(grid_.Rows().Folded(2));
+}
+
+TEST_F(GridComponentTest, WithoutKeptFoldsNewRowsAreOpen)
+{
+    GroupByCount();
+    ASSERT_TRUE(grid_.Fold(1, true));
+
+    grid_.Array().Show();
+    GroupByCount();
+
+    EXPECT_FALSE(grid_.Rows().Folded(1));
+}
+
+TEST_F(GridComponentTest, AFooterIsPassedWhenTheLastRowOfAGroupIsDeleted)
+{
+    grid_.PassFooters(true);
+    grid_.Array().Add({14, std::string("Dates"), Money::FromUnits(4), 5});
+    grid_.Array().Show();
+    GroupByCount();
+    ASSERT_EQ(Name(3), "Dates");
+    ASSERT_TRUE(grid_.MoveTo(3, shop::Name));
+
+    ASSERT_TRUE(grid_.Delete());
+
+    EXPECT_EQ(grid_.Rows().Kind(3), GridRowKind::GroupFooter);
+    EXPECT_EQ(grid_.Row(), 4U);
+}
+
+TEST_F(GridComponentTest, SortingMovesTheRowsAndKeepsTheCurrentOneAndTheNewRowLast)
+{
+    ASSERT_TRUE(grid_.MoveTo(3, shop::Price));
+
+    ASSERT_TRUE(grid_.SortBy({shop::Count, false}));
+    EXPECT_EQ(Name(1) + Name(2) + Name(3), "BreadCheeseApples");
+    EXPECT_EQ(Kind(4), GridRowKind::NewRow);
+    EXPECT_EQ(grid_.Row(), 2U);
+
+    ASSERT_TRUE(grid_.SortBy({shop::Name, true}));
+    EXPECT_EQ(Name(1) + Name(2) + Name(3), "CheeseBreadApples");
+    EXPECT_EQ(grid_.Row(), 1U);
+
+    ASSERT_TRUE(grid_.SortBy({}));
+    EXPECT_EQ(Name(1) + Name(2) + Name(3), "ApplesBreadCheese");
+    EXPECT_EQ(grid_.Row(), 3U);
+}
+
+TEST_F(GridComponentTest, ASavedRowTakesItsPlaceInTheShownOrder)
+{
+    ASSERT_TRUE(grid_.SortBy({shop::Count, false}));
+    ASSERT_TRUE(grid_.MoveTo(1, shop::Count));
+
+    grid_.ColumnValue(shop::Count, std::int32_t{9});
+    ASSERT_TRUE(grid_.Update());
+
+    EXPECT_EQ(Name(1) + Name(2) + Name(3), "CheeseApplesBread");
+    EXPECT_EQ(grid_.Row(), 3U);
+    EXPECT_EQ(ToText(grid_.ColumnValue(shop::Name)), "Bread");
+}
+
+TEST_F(GridComponentTest, RowsOfAGroupAreSortedAmongThemselves)
+{
+    grid_.Array().Add({14, std::string("Dates"), Money::FromUnits(1), 5});
+    grid_.Array().Show();
+    GroupByCount();
+
+    ASSERT_TRUE(grid_.SortBy({shop::Price, false}));
+
+    EXPECT_EQ(grid_.Rows().HeadingText(1), "5 (2)");
+    EXPECT_EQ(Name(2) + Name(3), "DatesApples");
+}
+
+TEST_F(GridComponentTest, CalculatedCellsAreSortedByTheirValuesThoughARowIsCurrent)
+{
+    GridColumn column;
+    column.caption = "Twice";
+    column.dataType = FieldType::Double;
+    const std::int32_t twice = grid_.Columns().Add(column);
+    grid_.FetchColumnData().connect(
+        [this](std::int32_t row, std::int32_t, const Value&, Value& value) {
+            value = 2 * ToDouble(grid_.CellValue(static_cast<std::size_t>(row), shop::Count));
+        });
+    grid_.MoveTo(2, shop::Name);
+
+    ASSERT_TRUE(grid_.SortBy({twice, true}));
+    EXPECT_EQ(Name(1) + Name(2) + Name(3), "ApplesCheeseBread");
+    EXPECT_EQ(grid_.Row(), 3U);
+}
+
+TEST_F(GridComponentTest, ARefusedRowIsNotSortedAway)
+{
+    grid_.BeforeUpdate().connect([](bool& cancel) { cancel = true; });
+    grid_.ColumnValue(shop::Count, std::int32_t{9});
+
+    EXPECT_FALSE(grid_.SortBy({shop::Count, false}));
+    EXPECT_EQ(Name(2) + Name(3), "BreadCheese");
+}
+
+TEST_F(GridComponentTest, TogglingMarksTheRowOneComesFromToo)
+{
+    GridMarks& marks = grid_.Marks();
+    const auto identity = [this](std::size_t row) { return grid_.Rows().Identity(row); };
+
+    marks.Toggle(grid_.Rows(), 3, identity(1));
+    EXPECT_EQ(marks.Count(), 2U);
+    EXPECT_FALSE(marks.Contains(identity(2)));
+    marks.Toggle(grid_.Rows(), 1, identity(3));
+    EXPECT_EQ(marks.Count(), 1U);
+    EXPECT_TRUE(marks.Contains(identity(3)));
+    marks.Toggle(grid_.Rows(), 4, identity(3));
+    EXPECT_EQ(marks.Count(), 1U);
+}
+
+TEST_F(GridComponentTest, ExtendingMarksARangeFromWhereItBeganOverOtherLines)
+{
+    GroupByCount();
+    GridMarks& marks = grid_.Marks();
+    const std::size_t first = grid_.Rows().Identity(2);
+
+    marks.Extend(grid_.Rows(), 8, first);
+    EXPECT_EQ(marks.Count(), 3U);
+    marks.Extend(grid_.Rows(), 5, grid_.Rows().Identity(8));
+    EXPECT_EQ(marks.Count(), 2U);
+    EXPECT_TRUE(marks.Contains(first));
+}
+
+TEST_F(GridComponentTest, MarksFollowTheirRowsAndGoWithOtherRows)
+{
+    int changes = 0;
+    grid_.Marks().Changed().connect([&changes] { ++changes; });
+    grid_.Marks().Toggle(grid_.Rows(), 1, 0);
+    grid_.SortBy({shop::Name, true});
+    EXPECT_TRUE(grid_.Marks().Contains(grid_.Rows().Identity(3)));
+
+    grid_.Array().Show();
+
+    EXPECT_EQ(grid_.Marks().Count(), 0U);
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(GridComponentTest, AFigureBelowZeroWarnsUnlessItIsJudgedOtherwise)
+{
+    EXPECT_TRUE(grid_.Warns(1, shop::Price, "-2.00"));
+    EXPECT_FALSE(grid_.Warns(1, shop::Price, "2.00"));
+    EXPECT_FALSE(grid_.Warns(1, shop::Name, "-2.00"));
+
+    grid_.JudgeFigures([](std::size_t row, std::int32_t) { return row == 2; });
+
+    EXPECT_FALSE(grid_.Warns(1, shop::Price, "-2.00"));
+    EXPECT_TRUE(grid_.Warns(2, shop::Price, "2.00"));
+}
+
 TEST_F(GridComponentTest, AResultSetTakesTheArraysPlace)
 {
     grid_.DataSource(nullptr);
