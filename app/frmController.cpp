@@ -47,6 +47,7 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
       results_(*this),
       rows_(*this),
       marked_(*this),
+      balances_(*this),
       importHost_(*this),
       exportHost_(ports_.files),
       others_(std::make_unique<OtherPrograms>(*this, ports_.messages))
@@ -135,6 +136,7 @@ void frmController::ShowHistory() noexcept
         }
         results_.Follow();
     });
+    Quietly([this] { balances_.Follow(); });
 }
 
 void frmController::Abandon() noexcept

@@ -12,6 +12,7 @@
 #include "app/Ports.h"
 #include "app/RowEvents.h"
 #include "app/StepResult.h"
+#include "app/TreeBalances.h"
 #include "app/UnlockedPorts.h"
 #include "app/WindowLayout.h"
 #include "app/modGlobals.h"
@@ -148,6 +149,7 @@ private:
     StepResult results_;
     RowEvents rows_;
     MarkedSum marked_;
+    TreeBalances balances_;
     ImportHost importHost_;
     ExportHost exportHost_;
     bool loaded_ = false;

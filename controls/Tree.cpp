@@ -37,7 +37,7 @@ std::int32_t Tree::Add(std::int32_t parent, const std::string& key, const std::s
     const auto taken = [&key](const TreeNode& node) { return node.key == key; };
     if (!key.empty() && std::any_of(nodes_.begin(), nodes_.end(), taken))
         throw RuntimeError(errors::KeyNotUnique, "Key is not unique in collection");
-    nodes_.push_back({parent, key, text, "", image, selectedImage, false});
+    nodes_.push_back({parent, key, text, "", image, selectedImage, false, ""});
     if (selected_ == 0)
         selected_ = 1;
     Touch();
@@ -55,6 +55,14 @@ void Tree::Tag(std::int32_t index, const std::string& tag)
 {
     static_cast<void>(Node(index));
     nodes_[static_cast<std::size_t>(index - 1)].tag = tag;
+    Touch();
+}
+
+void Tree::Figure(std::int32_t index, const std::string& figure)
+{
+    if (Node(index).figure == figure)
+        return;
+    nodes_[static_cast<std::size_t>(index - 1)].figure = figure;
     Touch();
 }
 

@@ -16,6 +16,7 @@ struct TreeNode {
     std::int32_t image = 0;
     std::int32_t selectedImage = 0;
     bool expanded = false;
+    std::string figure = {};  ///< drawn at the right of the line; empty: none
 };
 
 /// A tree whose nodes form one collection, numbered from 1 in the order of their addition; removing
@@ -34,6 +35,7 @@ public:
     [[nodiscard]] const TreeNode& Node(std::int32_t index) const;
     void Tag(std::int32_t index, const std::string& tag);
     void Expand(std::int32_t index, bool expanded);
+    void Figure(std::int32_t index, const std::string& figure);
     /// Number of nodes directly below.
     [[nodiscard]] std::int32_t Children(std::int32_t index) const;
     /// Removes the node and everything below it. If the selected node goes, the first root is

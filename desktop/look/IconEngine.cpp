@@ -18,7 +18,8 @@ constexpr const char* kInk = "#404a52";
 constexpr const char* kBlue = "#2b78b8";
 constexpr const char* kGreen = "#2c8f5c";
 constexpr const char* kRed = "#c6443a";
-constexpr double kLeastContrast = 4.0;
+constexpr const char* kViolet = "#7a5bb5";
+constexpr double kLeastContrast = 4.5;
 
 QByteArray Recolored(QByteArray drawing, QIcon::Mode mode)
 {
@@ -33,8 +34,10 @@ QByteArray Recolored(QByteArray drawing, QIcon::Mode mode)
         drawing.replace(own, shown.name().toLatin1());
     };
     put(kInk, Mix(text, ground, 0.8));
-    for (const char* own : {kBlue, kGreen, kRed})
-        put(own, Readable(QColor(own), ground, kLeastContrast));
+    // The tree and the lists draw them on the ground of texts.
+    const QColor base = palette.color(QPalette::Active, QPalette::Base);
+    for (const char* own : {kBlue, kGreen, kRed, kViolet})
+        put(own, Readable(Readable(QColor(own), ground, kLeastContrast), base, kLeastContrast));
     return drawing;
 }
 

@@ -47,6 +47,12 @@ QIcon TreeImage(std::int32_t image)
     }
 }
 
+QIcon Account(const std::string& type)
+{
+    QString name = QString::fromStdString(type).toLower();
+    return Load(QStringLiteral("account-") + name.replace(u' ', u'-'));
+}
+
 QIcon Calendar()
 {
     return Load(QStringLiteral("calendar"));

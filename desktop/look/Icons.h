@@ -2,6 +2,7 @@
 #pragma once
 #include <QIcon>
 #include <cstdint>
+#include <string>
 
 namespace clb {
 
@@ -14,6 +15,8 @@ QIcon Application();
 QIcon Command(const char* name);
 /// An image of the tree's list: 6 is a closed book, 7 an open one; empty for other numbers.
 QIcon TreeImage(std::int32_t image);
+/// A type of account, such as "Credit Card"; empty for other texts.
+QIcon Account(const std::string& type);
 /// The buttons of a cell in edit.
 QIcon Calendar();
 QIcon DropDown();

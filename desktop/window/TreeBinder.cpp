@@ -8,31 +8,25 @@
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/GridColors.h"
 #include "desktop/look/Icons.h"
-#include "desktop/look/PaddedItemDelegate.h"
 #include "desktop/look/TextConvert.h"
+#include "desktop/window/TreeLines.h"
+#include "views/NodeTag.h"
 
 namespace clb {
 
 namespace {
 
-/// Draws the tree's items. A selected one shows whether the tree has the focus.
-class TreeLines : public PaddedItemDelegate {
-public:
-    using PaddedItemDelegate::PaddedItemDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
-    {
-        PaddedItemDelegate::initStyleOption(option, index);
-        if (!option->widget || option->widget->hasFocus())
-            return;
-        // The background is pale then, so the picture keeps its own colours.
-        const QPixmap picture = option->icon.pixmap(
-            option->decorationSize, option->widget->devicePixelRatioF(), QIcon::Normal);
-        option->icon = QIcon(picture);
-        option->icon.addPixmap(picture, QIcon::Selected);
-    }
-};
+/// The picture of a node: that of the account's type, else that of the tree's list.
+QIcon PictureOf(const Tree& tree, std::int32_t node, bool selected)
+{
+    const TreeNode& model = tree.Node(node);
+    const std::string& type = node_tag::IsAccount(model.tag) && model.parent != 0
+                                  ? tree.Node(model.parent).text
+                                  : model.key;
+    const QIcon picture = icons::Account(type);
+    return picture.isNull() ? icons::TreeImage(selected ? model.selectedImage : model.image)
+                            : picture;
+}
 
 }  // namespace
 
@@ -73,8 +67,13 @@ void TreeBinder::changeEvent(QEvent* event)
 void TreeBinder::initViewItemOption(QStyleOptionViewItem* option) const
 {
     QTreeWidget::initViewItemOption(option);
-    if (hasFocus())
+    if (hasFocus()) {
+        // Not every desktop's selection is dark enough for its text.
+        option->palette.setColor(QPalette::Highlight,
+                                 Readable(option->palette.color(QPalette::Highlight),
+                                          option->palette.color(QPalette::HighlightedText)));
         return;
+    }
     const GridColors colors(palette());
     option->palette.setColor(QPalette::Highlight, colors.currentCell);
     option->palette.setColor(QPalette::HighlightedText, colors.text);
@@ -123,7 +122,7 @@ void TreeBinder::Rebuild()
         auto* item = model.parent == 0 ? new QTreeWidgetItem(this)
                                        : new QTreeWidgetItem(ItemOf(model.parent));
         item->setText(0, ToQString(model.text));
-        item->setIcon(0, icons::TreeImage(model.image));
+        item->setIcon(0, PictureOf(tree_, node, false));
         items_.push_back(item);
         parents_.push_back(model.parent);
     }
@@ -133,9 +132,12 @@ void TreeBinder::FollowSelection()
 {
     const std::int32_t selected = tree_.Selected();
     for (std::int32_t node = 1; node <= tree_.Count(); ++node) {
-        const TreeNode& model = tree_.Node(node);
-        ItemOf(node)->setIcon(
-            0, icons::TreeImage(node == selected ? model.selectedImage : model.image));
+        ItemOf(node)->setIcon(0, PictureOf(tree_, node, node == selected));
+        const QString figure = ToQString(tree_.Node(node).figure);
+        if (ItemOf(node)->data(0, TreeLines::kFigure).toString() == figure)
+            continue;
+        ItemOf(node)->setData(0, TreeLines::kFigure, figure);
+        ItemOf(node)->setData(0, Qt::AccessibleDescriptionRole, figure);
     }
     // A key that is not yet handed to the model has already moved the selection. The model answers
     // later.

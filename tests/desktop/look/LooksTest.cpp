@@ -79,8 +79,32 @@ TEST_P(LooksTest, EveryCommandHasAPictureThatStandsOutFromItsBackground)
     for (const char* key : {"New", "Delete", "Link", "Back", "Forward"})
         EXPECT_GE(BestContrast(Picture(ToolbarWidget(window_).Action(key)->icon()), Ground()), 3.0)
             << key;
+}
+
+TEST_P(LooksTest, ThePicturesOfTheTreeStandOutFromItsGround)
+{
+    const QColor ground = QApplication::palette().color(QPalette::Base);
     for (const int image : {6, 7})
-        EXPECT_GE(BestContrast(Picture(icons::TreeImage(image)), Ground()), 3.0) << image;
+        EXPECT_GE(BestContrast(Picture(icons::TreeImage(image)), ground), 4.5) << image;
+    for (const char* type : {"Bank", "Cash", "Credit Card", "Investment", "Loan"}) {
+        ASSERT_FALSE(icons::Account(type).isNull()) << type;
+        EXPECT_GE(BestContrast(Picture(icons::Account(type)), ground), 4.5) << type;
+    }
+    EXPECT_TRUE(icons::Account("Savings").isNull());
+}
+
+TEST_P(LooksTest, ASelectedLineOfTheTreeIsLegible)
+{
+    TreeBinder& tree = TreeWidget(window_);
+    tree.setFocus();
+    const QImage picture = tree.viewport()->grab().toImage();
+    const QRect line = tree.visualItemRect(tree.currentItem());
+    const QPoint free = (QPointF(line.center().x(), line.top() + 2) * picture.devicePixelRatio())
+                            .toPoint();
+
+    EXPECT_GE(Contrast(picture.pixelColor(free),
+                       QApplication::palette().color(QPalette::HighlightedText)),
+              4.5);
 }
 
 TEST_P(LooksTest, TheFourKindsOfMessageHaveAPictureEach)
