@@ -8,6 +8,7 @@ namespace clb {
 namespace {
 
 constexpr std::int32_t kPixel = 1;
+constexpr std::int32_t kFoldedBelow = 700;  // width in pixels
 
 std::int32_t AtLeastZero(std::int32_t size)
 {
@@ -27,6 +28,19 @@ void WindowLayout::TreeWidth(std::int32_t pixels)
     Resize(width_, height_);
 }
 
+bool WindowLayout::TreeFolded() const
+{
+    return window_.GivenPorts().showsResults && width_ < kFoldedBelow;
+}
+
+std::int32_t WindowLayout::ShownTreeWidth() const
+{
+    if (!TreeFolded())
+        return metrics_.treeWidth;
+    const bool open = window_.window.Focus() == &window_.TreeView;
+    return open ? std::min(metrics_.treeWidth, width_ * 3 / 4) : 0;
+}
+
 void WindowLayout::Resize(std::int32_t width, std::int32_t height)
 {
     width_ = width;
@@ -38,11 +52,12 @@ void WindowLayout::Resize(std::int32_t width, std::int32_t height)
 
     const std::int32_t treeHeight =
         AtLeastZero(height - metrics_.statusBarHeight - metrics_.toolbarHeight - kPixel);
-    window_.TreeView.Place({0, top, metrics_.treeWidth, treeHeight});
+    const std::int32_t beside = TreeFolded() ? 0 : metrics_.treeWidth;
+    window_.TreeView.Place({0, top, ShownTreeWidth(), treeHeight});
     const std::int32_t resultHeight = window_.result.Shown() ? metrics_.resultHeight : 0;
     const std::int32_t gridHeight = AtLeastZero(treeHeight - metrics_.totalsHeight - resultHeight);
-    const std::int32_t gridWidth = AtLeastZero(width - metrics_.treeWidth - 4 * kPixel);
-    const std::int32_t gridLeft = metrics_.treeWidth + 2 * kPixel;
+    const std::int32_t gridWidth = AtLeastZero(width - beside - 4 * kPixel);
+    const std::int32_t gridLeft = beside + 2 * kPixel;
     window_.Grid.Place({gridLeft, top, gridWidth, gridHeight});
     PlaceTotals(top + gridHeight);
     window_.result.Place({gridLeft, top + gridHeight + metrics_.totalsHeight,

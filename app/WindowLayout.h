@@ -18,6 +18,9 @@ struct WindowMetrics {
 
 /// Places the controls of the main window: toolbar on top, tree on the left, grid with the totals
 /// and the result bar, if it is shown, below it, status bar at the bottom.
+///
+/// In a narrow window that a person looks at the tree is folded: the grid has its room, and the
+/// tree lies over the grid while it has the focus.
 class WindowLayout {
 public:
     /// Borrows the window, which outlives it.
@@ -27,11 +30,14 @@ public:
     void Resize(std::int32_t width, std::int32_t height);
     /// Places them for the same size after the result bar has come or gone.
     void PlaceAgain() { Resize(width_, height_); }
+    /// Whether the window is too narrow for tree and grid side by side.
+    [[nodiscard]] bool TreeFolded() const;
     /// Width of the tree in pixels. Writing gives the grid the rest; negative widths count as 0.
     [[nodiscard]] std::int32_t TreeWidth() const { return metrics_.treeWidth; }
     void TreeWidth(std::int32_t pixels);
 
 private:
+    [[nodiscard]] std::int32_t ShownTreeWidth() const;
     void PlaceTotals(std::int32_t top);
 
     frmController& window_;

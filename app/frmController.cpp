@@ -233,6 +233,8 @@ void frmController::Connect()
     TreeView.NodeClick().connect([this](std::int32_t node) { NodeClicked(node); });
     Grid.OnRefetch([this] { View().EnableDisable(); });
     Grid.OnPrint([this] { return PrintedPage(*this); });
+    for (Event<void()> moved : {TreeView.GotFocus(), TreeView.LostFocus()})
+        moved.connect([this] { layout_.PlaceAgain(); });
     rows_.Connect();
     marked_.Connect();
     bars_.Connect();

@@ -61,6 +61,8 @@ public:
     /// Width of the tree in pixels; resizing keeps it. Writing gives the grid the rest.
     [[nodiscard]] std::int32_t TreeWidth() const { return layout_.TreeWidth(); }
     void TreeWidth(std::int32_t pixels);
+    /// Whether the tree is folded because the window is narrow. It is shown while it has the focus.
+    [[nodiscard]] bool TreeFolded() const { return layout_.TreeFolded(); }
     /// Shows the next month (+1) or the one before (-1).
     void StepMonth(std::int32_t direction);
     /// Chooses a month in the month list, 0 = January to 11.

@@ -20,6 +20,7 @@
 #include "desktop/window/SplitHandle.h"
 #include "desktop/window/ToolbarBinder.h"
 #include "desktop/window/TreeBinder.h"
+#include "desktop/window/TreeFold.h"
 #include "desktop/window/WorkDisplay.h"
 #include "desktop/window/YearBox.h"
 
@@ -113,6 +114,8 @@ void MainWindow::BuildToolbarSide()
     year_->setObjectName(ToQString(controller_.txtYear.Name()));
     year_->setToolTip(QStringLiteral("Year shown"));
     year_->installEventFilter(this);
+    fold_ = new TreeFold(controller_, events_, *tree_, toolbar_);
+    toolbar_->AddAtLeft(fold_);
     toolbar_->AddAtRight(QStringLiteral("&Month:"), month_);
     toolbar_->AddAtRight(QStringLiteral("Ye&ar:"), year_);
 }
@@ -150,6 +153,7 @@ void MainWindow::FollowModels()
     follow(controller_.statusBar.Changed(), &MainWindow::Sync);
     follow(controller_.window.Repaint(), &MainWindow::RepaintNow);
     follow(controller_.result.Changed(), &MainWindow::ResultChanged);
+    follow(controller_.TreeView.Changed(), &MainWindow::TreeChanged);
     controller_.Unloading().connect(sigc::track_obj([this] { hide(); }, *this));
 }
 
@@ -211,6 +215,8 @@ void MainWindow::PlaceParts()
     ApplyPlace(controller_.Grid, *grid_);
     ApplyPlace(controller_.result, *result_);
     border_->Place(tree_->geometry());
+    border_->setHidden(controller_.TreeFolded());
+    fold_->Follow();
 }
 
 void MainWindow::ResultChanged()
@@ -218,6 +224,18 @@ void MainWindow::ResultChanged()
     const bool focused = result_->isAncestorOf(focusWidget());
     PlaceParts();
     if (focused && !controller_.result.Shown())
+        focus_->Sync();
+}
+
+/// In a narrow window the tree comes when it gets the focus.
+void MainWindow::TreeChanged()
+{
+    const bool comes = controller_.TreeView.Place().width > 0;
+    if (comes == tree_->isVisibleTo(inner_))
+        return;
+    ApplyPlace(controller_.TreeView, *tree_);
+    fold_->Follow();
+    if (comes)
         focus_->Sync();
 }
 

@@ -22,6 +22,7 @@ class ResultBarView;
 class SplitHandle;
 class ToolbarBinder;
 class TreeBinder;
+class TreeFold;
 class UserEvents;
 class WorkDisplay;
 class YearBox;
@@ -76,6 +77,7 @@ private:
     void FollowModels();
     void PlaceParts();
     void ResultChanged();
+    void TreeChanged();
     void InnerResized();
     void NameTotals();
     void RepaintNow();
@@ -88,6 +90,7 @@ private:
     QWidget* inner_ = nullptr;
     TreeBinder* tree_ = nullptr;
     GridView* grid_ = nullptr;
+    TreeFold* fold_ = nullptr;
     SplitHandle* border_ = nullptr;
     ResultBarView* result_ = nullptr;
     ListBinder* month_ = nullptr;

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolBar>
+#include <QToolButton>
 
 #include "app/WindowCommands.h"
 #include "desktop/input/UserEvents.h"
@@ -46,6 +47,12 @@ void ToolbarBinder::AddButton(const Toolbar::Button& button)
     connect(action, &QAction::triggered, this,
             [this, key] { events_.RunOnRow([&] { toolbar_.Press(key); }); });
     actions_[key] = action;
+}
+
+void ToolbarBinder::AddAtLeft(QToolButton* button)
+{
+    row_->insertWidget(0, button);
+    button->setIconSize(bar_->iconSize());
 }
 
 void ToolbarBinder::AddAtRight(const QString& caption, QWidget* widget)

@@ -11,6 +11,7 @@
 class QAction;
 class QHBoxLayout;
 class QToolBar;
+class QToolButton;
 
 namespace clb {
 
@@ -24,6 +25,8 @@ public:
     /// the binder.
     ToolbarBinder(Toolbar& toolbar, UserEvents& events, QWidget* parent = nullptr);
 
+    /// Adds a button before the others.
+    void AddAtLeft(QToolButton* button);
     /// Adds a widget with a caption before it. The caption's letter leads to the widget.
     void AddAtRight(const QString& caption, QWidget* widget);
     /// The button of a key.

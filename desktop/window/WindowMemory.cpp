@@ -37,6 +37,16 @@ bool TitleInSight(const QRect& place)
     });
 }
 
+/// The place nearest to a remembered one at which the whole window is on the screen.
+QPoint Fitted(const QPoint& place, const QSize& size, const QRect& screen)
+{
+    const auto fit = [](int at, int length, int least, int room) {
+        return std::max(least, std::min(at, least + room - length));
+    };
+    return {fit(place.x(), size.width(), screen.left(), screen.width()),
+            fit(place.y(), size.height(), screen.top(), screen.height())};
+}
+
 /// Makes a folder that only its user can read, and the missing folders above it.
 bool MakeFolder(const QString& folder)
 {
@@ -68,8 +78,8 @@ void WindowMemory::Restore()
     RestorePlace(settings);
     if (const int width = settings.value(QStringLiteral("Tree/width")).toInt(); width > 0)
         window_.TreeWidth(width);
-    else if (const int most = window_.width() / 3; controller_.TreeWidth() > most)
-        window_.TreeWidth(most);
+    else  // room for names and balances
+        window_.TreeWidth(std::min(window_.width() / 3, controller_.TreeWidth() * 4 / 3));
     RestoreColumns(settings);
 }
 
@@ -90,7 +100,7 @@ void WindowMemory::RestorePlace(const QSettings& settings)
     window_.resize(place.size().boundedTo(known ? screen->availableSize()
                                                 : screen->availableSize() * kPartOfScreen));
     if (inSight)
-        window_.move(place.topLeft());
+        window_.move(Fitted(place.topLeft(), window_.size(), screen->availableGeometry()));
     if (settings.value(QStringLiteral("Window/maximized")) == QStringLiteral("true"))
         window_.setWindowState(Qt::WindowMaximized);
 }

@@ -25,8 +25,8 @@ public:
     /// window and controller are borrowed and outlive this; the controller is loaded.
     WindowMemory(QString file, MainWindow& window, frmController& controller);
 
-    /// Restores what was remembered, before the window is shown. A size must fit the screen. A
-    /// place is not used if no screen would show the title there.
+    /// Restores what was remembered, before the window is shown. Size and place are fitted to the
+    /// screen. A place is not used if no screen would show the title there.
     void Restore();
     void Save() const;
 

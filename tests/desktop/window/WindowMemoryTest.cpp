@@ -66,7 +66,7 @@ TEST_F(WindowMemoryTest, SizePlaceBorderAndColumnsComeBackAtTheNextStart)
     {
         Start first(File());
         first.Show();
-        first.window.resize(640, 420);
+        first.window.resize(740, 420);
         first.window.move(70, 50);
         tree = first.books.window.TreeWidth() + 33;
         Drag(BorderWidget(first.window), QPoint(2, 40), 33);
@@ -80,7 +80,7 @@ TEST_F(WindowMemoryTest, SizePlaceBorderAndColumnsComeBackAtTheNextStart)
     Start second(File());
     second.Show();
 
-    EXPECT_EQ(second.window.size(), QSize(640, 420));
+    EXPECT_EQ(second.window.size(), QSize(740, 420));
     EXPECT_EQ(second.window.pos(), QPoint(70, 50));
     EXPECT_EQ(second.books.window.TreeWidth(), tree);
     EXPECT_EQ(TreeWidget(second.window).width(), tree);
@@ -124,6 +124,21 @@ TEST_F(WindowMemoryTest, APlaceOffEveryScreenIsNotUsed)
                   QSize(600, 400).boundedTo(start.window.screen()->availableSize()))
             << place;
         EXPECT_EQ(start.window.pos(), usual) << place;
+    }
+}
+
+TEST_F(WindowMemoryTest, AWindowThatIsPartlyOffTheScreenIsMovedOntoIt)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    for (const QPoint place :
+         {QPoint(screen.right() - 200, 20), QPoint(-300, 20), QPoint(20, screen.bottom() - 60)}) {
+        Write(QByteArray("[Window]\nwidth=600\nheight=400\nleft=") + QByteArray::number(place.x()) +
+              "\ntop=" + QByteArray::number(place.y()) + "\n");
+        Start start(File());
+        start.Show();
+
+        EXPECT_TRUE(screen.contains(QRect(start.window.pos(), start.window.size())))
+            << place.x() << ' ' << place.y();
     }
 }
 
