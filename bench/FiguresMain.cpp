@@ -9,6 +9,7 @@
 #include "bench/BudgetFigures.h"
 #include "bench/HistoryFigures.h"
 #include "bench/ImportFigures.h"
+#include "bench/MonthStepFigures.h"
 #include "bench/RegisterFigures.h"
 #include "bench/SavingFigures.h"
 #include "bench/StartFigures.h"
@@ -35,6 +36,7 @@ const Measurement kMeasurements[] = {
     {{"qif", "qifagain"}, clb::MeasureQif},
     {{"export", "exportmemory"}, clb::MeasureExport},
     {{"start", "startmillion", "startpeak"}, clb::MeasureStart},
+    {{"monthstep"}, clb::MeasureMonthStep},
     {{"register", "rows"}, clb::MeasureRegister},
     {{"budget"}, clb::MeasureBudget},
     {{"historylist"}, clb::MeasureHistoryList},
