@@ -35,7 +35,7 @@ void Paint()
     QCoreApplication::processEvents();
 }
 
-void Step(const std::string& folder, int steps)
+void GoThrough(const std::string& folder, int steps)
 {
     MessageBoxPort boxes;
     FileDialogPort files;
@@ -80,7 +80,7 @@ int main(int argc, char** argv)
         const std::span arguments(argv, static_cast<std::size_t>(argc));
         if (arguments.size() != 3)
             throw std::runtime_error("usage: clb_bench_month_step FOLDER STEPS");
-        clb::Step(arguments[1], std::atoi(arguments[2]));
+        clb::GoThrough(arguments[1], std::atoi(arguments[2]));
         return 0;
     } catch (const std::exception& error) {
         std::cerr << "clb_bench_month_step: " << error.what() << '\n';

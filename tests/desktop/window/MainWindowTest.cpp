@@ -44,17 +44,29 @@ TEST_F(WindowTest, TheArrowKeysMoveThroughTheTreeAndShowEachNode)
     EXPECT_EQ(Model().View().View(), vwBudget);
 }
 
-TEST_F(WindowTest, TheTreeShowsAClosedBookForANodeAndAnOpenOneForTheSelected)
+QImage PictureOf(const QWidget& window, const char* text)
+{
+    const auto items = TreeWidget(window).findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
+    return items.first()->icon(0).pixmap(16, 16).toImage();
+}
+
+TEST_F(WindowTest, TheTreeShowsAClosedBookForAViewAndAnOpenOneForTheSelected)
 {
     ClickNode("Purse");
+    const QImage closed = PictureOf(window_, "Budget");
+    EXPECT_EQ(PictureOf(window_, "Net Worth"), closed);
 
-    const auto picture = [this](const char* text) {
-        const auto items =
-            TreeWidget(window_).findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
-        return items.first()->icon(0).pixmap(16, 16).toImage();
-    };
-    EXPECT_NE(picture("Purse"), picture("Checking"));
-    EXPECT_EQ(picture("Car"), picture("Checking"));
+    ClickNode("Budget");
+
+    EXPECT_NE(PictureOf(window_, "Budget"), closed);
+    EXPECT_EQ(PictureOf(window_, "Net Worth"), closed);
+}
+
+TEST_F(WindowTest, TheTreeShowsThePictureOfItsTypeForAnAccount)
+{
+    EXPECT_EQ(PictureOf(window_, "Checking"), PictureOf(window_, "Bank"));
+    EXPECT_NE(PictureOf(window_, "Checking"), PictureOf(window_, "Purse"));
+    EXPECT_NE(PictureOf(window_, "Car"), PictureOf(window_, "Purse"));
 }
 
 TEST_F(WindowTest, FoldingANodeIsReportedToTheModel)
