@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <cstdlib>
 
 #include "base/Text.h"
@@ -143,8 +142,8 @@ private:
         if (first.text.size() > 2 || second.text.size() > 2)
             return std::nullopt;
         const bool dayFirst = habits_.order == DateText::Order::DayMonthYear || second.marks == ".";
-        return dayFirst ? Nearest(ValueOf(second), ValueOf(first))
-                        : Nearest(ValueOf(first), ValueOf(second));
+        return dayFirst ? InYear(ValueOf(second), ValueOf(first))
+                        : InYear(ValueOf(first), ValueOf(second));
     }
 
     [[nodiscard]] std::optional<Date> Whole(const Piece& first, const Piece& second,
@@ -172,7 +171,7 @@ private:
         const Piece& day = pieces[1 - named];
         if (month == 0 || day.text.size() > 2)
             return std::nullopt;
-        return pieces.size() == 2 ? Nearest(month, ValueOf(day))
+        return pieces.size() == 2 ? InYear(month, ValueOf(day))
                                   : Date::Of(YearOf(pieces[2]), month, ValueOf(day));
     }
 
@@ -183,23 +182,13 @@ private:
         return Date::Of(year, ValueOf(month), ValueOf(day));
     }
 
-    /// The day in the year in which it is nearest to the middle of the shown month.
-    [[nodiscard]] std::optional<Date> Nearest(int month, int day) const
+    [[nodiscard]] std::optional<Date> InYear(int month, int day) const
     {
-        constexpr int kMiddle = 15;
-        const auto shown = Date::Of(context_.shown.year, context_.shown.period, kMiddle);
-        std::optional<Date> nearest;
-        if (!shown)
-            return nearest;
-        const auto distance = [&](const Date& date) {
-            return std::abs(static_cast<std::int64_t>(date.Days()) - shown->Days());
-        };
-        for (const int years : {0, -1, 1}) {
-            const auto date = Date::Of(context_.shown.year + years, month, day);
-            if (date && (!nearest || distance(*date) < distance(*nearest)))
-                nearest = date;
-        }
-        return nearest;
+        constexpr int kLater = 10;
+        constexpr int kEarlier = -11;
+        const int months = month - context_.shown.period;
+        const int years = months >= kLater ? -1 : months <= kEarlier ? 1 : 0;
+        return Date::Of(context_.shown.year + years, month, day);
     }
 
     DateContext context_;

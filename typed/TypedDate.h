@@ -33,8 +33,9 @@ struct DateHabits {
 /// - "t" or "today": today.
 /// - "3" or "3.": the day of the shown month.
 /// - "11/3", "11-3", "11.3": month and day in the user's order. With a dot at the end ("3.11.") the
-///   day comes first everywhere. The year is the one in which the date is nearest to the shown
-///   month.
+///   day comes first everywhere. The year is the shown one. Around the turn of the year it is
+///   the neighbouring one: for a month ten or eleven months after the shown one the year before,
+///   for one eleven months before it the year after.
 /// - "11/3/26", "3.11.2026": in the user's order. Years of two digits: 00 to 29 are 20xx, 30 to 99
 ///   are 19xx.
 /// - "2026-3-1", "2026/11/03": the year first, in any order of the user.

@@ -46,13 +46,17 @@ TEST(TypedDateTest, TwoNumbersFollowTheUsersOrder)
     EXPECT_EQ(Read("3/13", Order::DayMonthYear), "none");
 }
 
-TEST(TypedDateTest, AMissingYearIsTheOneNearestToTheShownMonth)
+TEST(TypedDateTest, AMissingYearIsTheShownOneButForTheTurnOfTheYear)
 {
     const DateContext january = {kMarch.today, {2026, 1}};
+    const DateContext november = {kMarch.today, {2026, 11}};
     const DateContext december = {kMarch.today, {2025, 12}};
     EXPECT_EQ(Read("12/30", Order::MonthDayYear, january), "2025-12-30");
+    EXPECT_EQ(Read("11/30", Order::MonthDayYear, january), "2025-11-30");
+    EXPECT_EQ(Read("10/30", Order::MonthDayYear, january), "2026-10-30");
     EXPECT_EQ(Read("1/2", Order::MonthDayYear, december), "2026-01-02");
-    EXPECT_EQ(Read("6/30", Order::MonthDayYear, january), "2026-06-30");
+    EXPECT_EQ(Read("2/2", Order::MonthDayYear, december), "2025-02-02");
+    EXPECT_EQ(Read("3/11", Order::MonthDayYear, november), "2026-03-11");
     EXPECT_EQ(Read("2/29", Order::MonthDayYear, {kMarch.today, {2028, 3}}), "2028-02-29");
     EXPECT_EQ(Read("2/29", Order::MonthDayYear, {kMarch.today, {2026, 3}}), "none");
 }
