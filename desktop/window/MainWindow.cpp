@@ -22,6 +22,7 @@
 #include "desktop/window/TreeBinder.h"
 #include "desktop/window/WorkDisplay.h"
 #include "desktop/window/YearBox.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 
@@ -58,6 +59,7 @@ MainWindow::MainWindow(frmController& controller, UserEvents& events)
     menus_ = std::make_unique<MenuBinder>(controller_.menus, *menuBar(), events_,
                                           [this](MenuItem& item) { Choose(item); });
     BindKeys();
+    BindWays();
     BindFocus();
     FollowModels();
     inner_->installEventFilter(this);
@@ -93,7 +95,10 @@ void MainWindow::BuildParts()
     grid_->setObjectName(ToQString(controller_.Grid.Name()));
     grid_->WhenEmpty([this] { return HintFor(controller_); },
                      [this](const std::string& item) {
-                         events_.Run([&] { Choose(*controller_.menus.Find(item)); });
+                         if (item == command_name::kNew)
+                             NewRecord();
+                         else
+                             events_.Run([&] { Choose(*controller_.menus.Find(item)); });
                      });
     border_ = new SplitHandle(
         {[this] { return controller_.TreeWidth(); }, [this](int place) { TreeWidth(place); }},

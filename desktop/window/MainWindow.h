@@ -12,6 +12,7 @@
 #include "desktop/window/TotalsLine.h"
 
 class QLabel;
+class QMenu;
 class QStatusBar;
 
 namespace clb {
@@ -42,6 +43,9 @@ public:
     /// Sets the distance of the border between tree and grid from the left, in pixels. Tree and
     /// grid each keep some room.
     void TreeWidth(int pixels);
+    /// The size at which the grid's text is drawn, in percent of the ordinary one.
+    [[nodiscard]] int GridZoomPercent() const;
+    void GridZoomPercent(int percent);
     /// Draws the present state of the models.
     void Sync();
 
@@ -73,11 +77,23 @@ private:
     void BuildResultBar();
     void BindFocus();
     void BindKeys();
+    void BindWays();
+    void GoTo(Control& control);
+    void GoRound(int steps);
+    [[nodiscard]] bool OpensAccount(const QKeyEvent& event) const;
+    /// Shows the account in the grid's current row. Returns false if it is none.
+    bool OpenAccount();
+    void AskMonth();
+    void ShowRowMenu(const QPoint& place);
+    void ShowNodeMenu(const QPoint& place);
+    static void OpenMenu(QMenu& menu, const QPoint& place);
     void FollowModels();
     void PlaceParts();
     void ResultChanged();
     void InnerResized();
     void NameTotals();
+    /// Begins a new row, also while the grid is on its empty line, where the command is disabled.
+    void NewRecord();
     void RepaintNow();
     void OrderTabs();
     bool TurnMonth(int angle);

@@ -1,8 +1,6 @@
 // Handles keys and the wheel in the main window: shortcuts, the order of the focus, the steps of
 // the month.
 #include <QKeyEvent>
-#include <QMenu>
-#include <QMenuBar>
 #include <QShortcut>
 #include <QToolButton>
 #include <QWheelEvent>
@@ -37,12 +35,6 @@ void MainWindow::BindKeys()
     bind(Qt::CTRL | Qt::Key_PageDown, [this] { controller_.StepMonth(1); });
     connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, border_,
             &SplitHandle::TakeFocus);
-    grid_->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(grid_, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
-        menuBar()
-            ->findChild<QMenu*>(QLatin1String(menu_name::kEdit))
-            ->popup(grid_->mapToGlobal(place));
-    });
 }
 
 void MainWindow::BindFocus()
@@ -69,11 +61,24 @@ void MainWindow::OrderTabs()
         setTabOrder(stops[stop - 1], stops[stop]);
 }
 
-/// Escape comes here if the part of the window that has the focus has no use for it.
+bool MainWindow::OpensAccount(const QKeyEvent& event) const
+{
+    return (event.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier &&
+           (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) &&
+           controller_.window.Focus() == &controller_.Grid;
+}
+
+/// Keys come here if the part of the window that has the focus has no use for them.
 void MainWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier &&
-        controller_.result.Shown() && !controller_.Grid.Editing())
+    // While the command is enabled, its menu item takes the key.
+    if (QKeySequence(event->keyCombination()) ==
+        QKeySequence(QLatin1String(FindCommand(command_name::kNew)->key)))
+        NewRecord();
+    else if (OpensAccount(*event) && OpenAccount())
+        return;
+    else if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier &&
+             controller_.result.Shown() && !controller_.Grid.Editing())
         events_.Run([this] { controller_.result.Close(); });
     else
         QMainWindow::keyPressEvent(event);
@@ -83,6 +88,11 @@ bool MainWindow::GridAgrees()
 {
     bool agrees = false;
     return events_.Run([&] { agrees = controller_.Grid.MayLoseFocus(); }) && agrees;
+}
+
+void MainWindow::NewRecord()
+{
+    events_.RunOnRow([this] { FindCommand(command_name::kNew)->run(controller_); });
 }
 
 void MainWindow::Choose(MenuItem& item)
