@@ -5,7 +5,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QWheelEvent>
 #include <algorithm>
 #include <utility>
 
@@ -42,7 +41,8 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
       cursor_(grid, layout_, events, *viewport()),
       editing_(grid, cursor_, *editor_, events),
       tips_(grid, layout_, events, *viewport()),
-      announcer_(*this, grid, events)
+      announcer_(*this, grid, events),
+      zoom_(*this, *viewport())
 {
     // A click asks the model for the focus, which may refuse it.
     setFocusPolicy(Qt::TabFocus);
@@ -271,8 +271,6 @@ void GridView::changeEvent(QEvent* event)
 
 void GridView::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::MiddleButton)
-        return zoom_.Toggle();
     // The right button's menu is about the row below the pointer.
     const bool left = event->button() == Qt::LeftButton;
     if (!left && event->button() != Qt::RightButton)
@@ -317,14 +315,6 @@ void GridView::contextMenuEvent(QContextMenuEvent* event)
 {
     if (menu_)
         menu_(event->globalPos());
-}
-
-void GridView::wheelEvent(QWheelEvent* event)
-{
-    if (event->modifiers().testFlag(Qt::ControlModifier))
-        zoom_.Turn(event->angleDelta().y());
-    else
-        QAbstractScrollArea::wheelEvent(event);
 }
 
 void GridView::FitColumn(std::int32_t column)

@@ -76,7 +76,6 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -122,7 +121,7 @@ private:
     GridEditing editing_;
     GridTips tips_;
     GridAnnouncer announcer_;
-    GridZoom zoom_{*this};
+    GridZoom zoom_;
 };
 
 }  // namespace clb

@@ -14,6 +14,27 @@ constexpr int kStep = 10;
 
 }  // namespace
 
+GridZoom::GridZoom(QWidget& zoomed, QWidget& viewport) : zoomed_(zoomed)
+{
+    viewport.installEventFilter(this);
+}
+
+bool GridZoom::eventFilter(QObject* /*watched*/, QEvent* event)
+{
+    if (event->type() == QEvent::Wheel) {
+        const auto& wheel = *static_cast<QWheelEvent*>(event);
+        if (!wheel.modifiers().testFlag(Qt::ControlModifier))
+            return false;
+        Turn(wheel.angleDelta().y());
+        return true;
+    }
+    const bool pressed = event->type() == QEvent::MouseButtonPress &&
+                         static_cast<QMouseEvent*>(event)->button() == Qt::MiddleButton;
+    if (pressed)
+        Toggle();
+    return pressed;
+}
+
 void GridZoom::Percent(int percent)
 {
     percent = std::clamp(percent, kLeast, kMost);
@@ -38,6 +59,7 @@ void GridZoom::Step(int steps)
     Percent(percent_ + steps * kStep);
 }
 
+/// A whole notch of the wheel is a step; a fine wheel turns by parts of it.
 void GridZoom::Turn(int angle)
 {
     turned_ += angle;

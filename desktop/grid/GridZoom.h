@@ -1,5 +1,6 @@
 // How large the grid is drawn.
 #pragma once
+#include <QObject>
 
 class QWidget;
 
@@ -7,14 +8,15 @@ namespace clb {
 
 /// Draws a widget's text at a part of its ordinary size. Zooming never changes what is shown, only
 /// how large it is.
-class GridZoom {
+class GridZoom : public QObject {
 public:
     static constexpr int kLeast = 50;
     static constexpr int kOrdinary = 100;
     static constexpr int kMost = 300;
 
-    /// The widget takes the font of its parent, which it has. Borrowed.
-    explicit GridZoom(QWidget& zoomed) : zoomed_(zoomed) {}
+    /// The widget takes the font of its parent, which it has. The wheel with Control over its
+    /// viewport zooms it, the middle button toggles. Both are borrowed.
+    GridZoom(QWidget& zoomed, QWidget& viewport);
 
     /// In percent of the ordinary size.
     [[nodiscard]] int Percent() const { return percent_; }
@@ -22,12 +24,14 @@ public:
     void Percent(int percent);
     /// Makes the text larger (positive) or smaller by so many steps.
     void Step(int steps);
-    /// Adds what the wheel has turned, in eighths of a degree; a whole notch is a step.
-    void Turn(int angle);
     /// Changes between the ordinary size and the one before it.
     void Toggle();
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    void Turn(int angle);
+
     QWidget& zoomed_;
     int percent_ = kOrdinary;
     int other_ = 150;  // that Toggle goes to from the ordinary size

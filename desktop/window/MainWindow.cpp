@@ -20,6 +20,7 @@
 #include "desktop/window/SplitHandle.h"
 #include "desktop/window/ToolbarBinder.h"
 #include "desktop/window/TreeBinder.h"
+#include "desktop/window/WindowWays.h"
 #include "desktop/window/WorkDisplay.h"
 #include "desktop/window/YearBox.h"
 #include "views/MenuNames.h"
@@ -59,8 +60,8 @@ MainWindow::MainWindow(frmController& controller, UserEvents& events)
     menus_ = std::make_unique<MenuBinder>(controller_.menus, *menuBar(), events_,
                                           [this](MenuItem& item) { Choose(item); });
     BindKeys();
-    BindWays();
     BindFocus();
+    BindWays();
     FollowModels();
     inner_->installEventFilter(this);
     InnerSize(kFirstWidth, kFirstHeight);
@@ -183,6 +184,16 @@ void MainWindow::NameTotals()
     };
     totals_->First()->setAccessibleName(name(view.firstTotal));
     totals_->Second()->setAccessibleName(name(view.secondTotal));
+}
+
+int MainWindow::GridZoomPercent() const
+{
+    return grid_->Zoom().Percent();
+}
+
+void MainWindow::GridZoomPercent(int percent)
+{
+    grid_->Zoom().Percent(percent);
 }
 
 void MainWindow::RepaintNow()

@@ -12,7 +12,6 @@
 #include "desktop/window/TotalsLine.h"
 
 class QLabel;
-class QMenu;
 class QStatusBar;
 
 namespace clb {
@@ -24,6 +23,7 @@ class SplitHandle;
 class ToolbarBinder;
 class TreeBinder;
 class UserEvents;
+class WindowWays;
 class WorkDisplay;
 class YearBox;
 
@@ -78,15 +78,6 @@ private:
     void BindFocus();
     void BindKeys();
     void BindWays();
-    void GoTo(Control& control);
-    void GoRound(int steps);
-    [[nodiscard]] bool OpensAccount(const QKeyEvent& event) const;
-    /// Shows the account in the grid's current row. Returns false if it is none.
-    bool OpenAccount();
-    void AskMonth();
-    void ShowRowMenu(const QPoint& place);
-    void ShowNodeMenu(const QPoint& place);
-    static void OpenMenu(QMenu& menu, const QPoint& place);
     void FollowModels();
     void PlaceParts();
     void ResultChanged();
@@ -115,6 +106,7 @@ private:
     std::unique_ptr<TotalsLine> totals_;
     std::unique_ptr<MenuBinder> menus_;
     std::unique_ptr<FocusBinder> focus_;
+    std::unique_ptr<WindowWays> ways_;
     std::unique_ptr<WorkDisplay> work_;
 };
 

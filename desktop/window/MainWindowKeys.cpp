@@ -14,6 +14,7 @@
 #include "desktop/window/SplitHandle.h"
 #include "desktop/window/ToolbarBinder.h"
 #include "desktop/window/TreeBinder.h"
+#include "desktop/window/WindowWays.h"
 #include "desktop/window/YearBox.h"
 #include "views/MenuNames.h"
 
@@ -35,6 +36,13 @@ void MainWindow::BindKeys()
     bind(Qt::CTRL | Qt::Key_PageDown, [this] { controller_.StepMonth(1); });
     connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, border_,
             &SplitHandle::TakeFocus);
+}
+
+void MainWindow::BindWays()
+{
+    ways_ = std::make_unique<WindowWays>(
+        WindowWays::Parts{*this, controller_, events_, *focus_, *tree_, *grid_, *month_,
+                          [this] { return GridAgrees(); }, [this] { NewRecord(); }});
 }
 
 void MainWindow::BindFocus()
@@ -61,13 +69,6 @@ void MainWindow::OrderTabs()
         setTabOrder(stops[stop - 1], stops[stop]);
 }
 
-bool MainWindow::OpensAccount(const QKeyEvent& event) const
-{
-    return (event.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier &&
-           (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) &&
-           controller_.window.Focus() == &controller_.Grid;
-}
-
 /// Keys come here if the part of the window that has the focus has no use for them.
 void MainWindow::keyPressEvent(QKeyEvent* event)
 {
@@ -75,7 +76,7 @@ void MainWindow::keyPressEvent(QKeyEvent* event)
     if (QKeySequence(event->keyCombination()) ==
         QKeySequence(QLatin1String(FindCommand(command_name::kNew)->key)))
         NewRecord();
-    else if (OpensAccount(*event) && OpenAccount())
+    else if (ways_->ByKey(*event))
         return;
     else if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier &&
              controller_.result.Shown() && !controller_.Grid.Editing())
