@@ -2,6 +2,7 @@
 
 #include "app/frmController.h"
 #include "base/Text.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 namespace {
@@ -33,7 +34,8 @@ std::optional<EmptyHint> HintFor(frmController& window)
     EmptyHint hint = HintFrom(*window.View().Definition().empty,
                               window.cmbPeriod.Text() + " " + window.txtYear.Text());
     std::erase_if(hint.ways, [&window](const EmptyHint::Way& way) {
-        return !window.menus.Find(way.item)->Enabled();
+        // A new row can also be begun while the grid is on its empty line.
+        return way.item != command_name::kNew && !window.menus.Find(way.item)->Enabled();
     });
     return hint;
 }

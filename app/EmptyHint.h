@@ -22,8 +22,9 @@ struct EmptyHint {
     bool operator==(const EmptyHint&) const = default;
 };
 
-/// Returns the hint for what the window shows now, with the commands that are enabled. Returns
-/// nothing if there are rows, or if the user is entering the first one.
+/// Returns the hint for what the window shows now, with the commands that are enabled. New Record
+/// is always among them: the window also runs it on the empty line. Returns nothing if there are
+/// rows, or if the user is entering the first one.
 std::optional<EmptyHint> HintFor(frmController& window);
 
 }  // namespace clb

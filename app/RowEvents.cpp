@@ -1,11 +1,11 @@
 #include "app/RowEvents.h"
 
 #include "app/OtherPrograms.h"
+#include "app/RowAccount.h"
 #include "app/frmController.h"
 #include "base/Product.h"
 #include "data/NoticedBalances.h"
 #include "data/ViewColumns.h"
-#include "views/NodeTag.h"
 
 namespace clb {
 
@@ -28,6 +28,8 @@ void RowEvents::Connect()
         window_.GivenPorts().showsResults);
     grid.KeepFolds(window_.GivenPorts().showsResults);
     grid.PassFooters(window_.GivenPorts().showsResults);
+    if (window_.GivenPorts().showsResults)
+        grid.PlaceNewRows();
     ConnectEnabling();
     ConnectDrawing();
 }
@@ -171,15 +173,8 @@ void RowEvents::CheckDeletion(bool& cancel)
     cancel = !window_.View().DeleteRow();
     if (!cancel)
         WatchShownBalance();
-    pendingTreeNode_ = ListsAccounts() ? window_.View().FindTreeNodeByTag(StoredAccountTag()) : 0;
-}
-
-std::string RowEvents::StoredAccountTag() const
-{
-    // The view's account follows what is typed, which may never have been saved.
-    const Value type =
-        window_.Grid.Rows().Stored(window_.Grid.Row(), window_.View().Definition().accounts->type);
-    return node_tag::OfAccount(clsView::ViewFromAccountType(ToText(type)), StoredAccountNumber());
+    pendingTreeNode_ =
+        ListsAccounts() ? window_.View().FindTreeNodeByTag(TagOfRowAccount(window_)) : 0;
 }
 
 std::string RowEvents::StoredAccountNumber() const

@@ -46,7 +46,6 @@ private:
     /// Number and tag of the account in the grid's current row as it is stored, whatever was typed
     /// over it.
     [[nodiscard]] std::string StoredAccountNumber() const;
-    [[nodiscard]] std::string StoredAccountTag() const;
 
     frmController& window_;
     BalanceWatch balances_;

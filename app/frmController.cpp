@@ -288,6 +288,14 @@ void frmController::StepMonth(std::int32_t direction)
     View().HoldRefresh(false);
 }
 
+void frmController::ShowMonth(const Month& month)
+{
+    View().HoldRefresh(true);
+    ChooseMonth(month.period - 1);
+    EnterYear(std::to_string(month.year));
+    View().HoldRefresh(false);
+}
+
 void frmController::TreeWidth(std::int32_t pixels)
 {
     layout_.TreeWidth(pixels);

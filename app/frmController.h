@@ -65,6 +65,8 @@ public:
     [[nodiscard]] bool TreeFolded() const { return layout_.TreeFolded(); }
     /// Shows the next month (+1) or the one before (-1).
     void StepMonth(std::int32_t direction);
+    /// Shows a month. Loads it once.
+    void ShowMonth(const Month& month);
     /// Chooses a month in the month list, 0 = January to 11.
     void ChooseMonth(std::int32_t index) { cmbPeriod.Index(index); }
     /// Enters a text into the year box. Throws TypeMismatch() if it is not a whole number.

@@ -17,6 +17,7 @@
 #include "data/AccountKind.h"
 #include "data/ErrorText.h"
 #include "import/StatementFile.h"
+#include "platform/ProgramFolder.h"
 #include "user/FormUser.h"
 #include "views/MenuNames.h"
 
@@ -270,6 +271,21 @@ ImportedFile ImportRun::Import(const std::string& file)
     return result;
 }
 
+/// A program folder holds a book and no statements. Most likely it was meant as --home.
+TextCheck IsNoBook()
+{
+    return {[](const std::string& text) {
+                return HoldsDatabase(text)
+                           ? "\"" + text +
+                                 "\" is a program folder, not a folder of statements. To import "
+                                 "into its book, name it with --home and the files besides: "
+                                 "clb import FILE --home \"" +
+                                 text + "\""
+                           : std::string();
+            },
+            ""};
+}
+
 int Import(const ImportOptions& options)
 {
     const std::vector<std::string> files = FindStatements(options.words);
@@ -301,7 +317,8 @@ void AddImport(CLI::App& app, int& exitCode)
         "statement files in it and its subfolders");
     command.Take("FILE", options->words, "Statement files, or folders of them")
         .Required()
-        .Check(IsFileName());
+        .Check(IsFileName())
+        .Check(IsNoBook());
     const Argument create =
         command
             .Take("--create", options->create,

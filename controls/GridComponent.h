@@ -126,6 +126,9 @@ public:
     /// begins with the date that was typed last, else with today. A new row in which nothing but
     /// that was entered is not saved.
     void TypeDates(std::function<DateContext()> context, bool offer);
+    /// From now on a new row goes to its place among the others as soon as it is saved. Otherwise
+    /// it stays the last one until the rows are read again.
+    void PlaceNewRows() { placesNewRows_ = true; }
     /// Takes the typed text into the row. False if the column's type does not hold it: Refusal then
     /// says why, and the cell stays in edit.
     bool EndEdit();
@@ -160,6 +163,8 @@ public:
     }
     Event<void(bool&)> BeforeUpdate() { return beforeUpdate_; }
     Event<void(std::int32_t, std::int32_t)> RowColChange() { return rowColChange_; }
+    /// A new row was saved and has this number now.
+    Event<void(std::size_t)> RowAdded() { return rowAdded_; }
     /// The row's unsaved changes were given up.
     Event<void()> RowRestored() { return rowRestored_; }
     /// A handler of BeforeUpdate refused the row and the update has ended.
@@ -198,7 +203,9 @@ private:
     void StandOn(std::size_t row, std::int32_t column);
     [[nodiscard]] std::size_t PastFooter(std::size_t row) const;
     void FinishEdit();
-    void SaveRow();
+    /// Returns whether the row is a new one.
+    bool SaveRow();
+    void ShowAdded();
     void OfferDate();
     [[nodiscard]] bool OnlyOffered() const;
 
@@ -215,6 +222,7 @@ private:
     std::string refusal_;
     std::function<DateContext()> dateContext_ = [] { return DateContext(); };
     bool offersDates_ = false;
+    bool placesNewRows_ = false;
     std::optional<Date> lastDate_;    ///< typed last
     std::int32_t offeredColumn_ = 0;  ///< whose date was offered and not typed; 0 if none
 
@@ -225,6 +233,7 @@ private:
     sigc::signal<void(std::int32_t, std::int32_t, std::int16_t, bool&)> beforeEdit_;
     sigc::signal<void(bool&)> beforeUpdate_;
     sigc::signal<void(std::int32_t, std::int32_t)> rowColChange_;
+    sigc::signal<void(std::size_t)> rowAdded_;
     sigc::signal<void()> rowRestored_;
     sigc::signal<void()> updateRefused_;
     sigc::signal<void()> focusWanted_;

@@ -188,12 +188,24 @@ bool GridComponent::Update()
         Touch();
         return false;
     }
-    SaveRow();
+    const bool added = SaveRow();
     afterUpdate_.emit();
+    if (added)
+        ShowAdded();
     return true;
 }
 
-void GridComponent::SaveRow()
+void GridComponent::ShowAdded()
+{
+    if (placesNewRows_ && Source()) {
+        RequeryOrUnbind();
+        Freshen();
+        Touch();
+    }
+    rowAdded_.emit(row_);
+}
+
+bool GridComponent::SaveRow()
 {
     GridRows& rows = BoundRows();
     const bool added = rows.Kind(row_) == GridRowKind::NewRow;
@@ -208,6 +220,7 @@ void GridComponent::SaveRow()
     row_ = rows.Reveal(record);
     LoadRow();
     Touch();
+    return added;
 }
 
 bool GridComponent::Delete()

@@ -1,96 +1,16 @@
 #include "typed/TypedDate.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdlib>
 
 #include "base/Text.h"
+#include "typed/DatePieces.h"
 
 namespace clb {
 namespace {
 
-constexpr std::array<std::string_view, 12> kEnglish = {
-    "january", "february", "march",     "april",   "may",      "june",
-    "july",    "august",   "september", "october", "november", "december"};
-constexpr std::size_t kLeastLetters = 3;
-constexpr std::size_t kMostDigits = 4;
-/// Years of two digits below this one are 20xx.
-constexpr int kCentury = 30;
-
-/// A number or a word of the text, and the marks after it.
-struct Piece {
-    std::string_view text;
-    bool number = false;
-    std::string marks;  ///< without spaces
-};
-
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-bool IsMark(char c)
-{
-    return c == ' ' || c == '/' || c == '-' || c == '.' || c == ',';
-}
-
-/// Returns at most four pieces. Four are more than any date has.
-std::vector<Piece> PiecesOf(std::string_view text)
-{
-    std::vector<Piece> pieces;
-    std::size_t at = 0;
-    while (at < text.size() && pieces.size() < 4) {
-        const bool number = IsDigit(text[at]);
-        std::size_t end = at;
-        while (end < text.size() && !IsMark(text[end]) && IsDigit(text[end]) == number)
-            ++end;
-        Piece piece{text.substr(at, end - at), number, {}};
-        for (at = end; at < text.size() && IsMark(text[at]); ++at)
-            if (text[at] != ' ')
-                piece.marks += text[at];
-        pieces.push_back(piece);
-        if (end == at && end < text.size() && pieces.back().text.empty())
-            return {};
-    }
-    return at < text.size() ? std::vector<Piece>{} : pieces;
-}
-
-int ValueOf(const Piece& piece)
-{
-    return piece.text.size() > kMostDigits ? -1 : std::atoi(std::string(piece.text).c_str());
-}
-
-int YearOf(const Piece& piece)
-{
-    const int year = ValueOf(piece);
-    if (piece.text.size() > 2)
-        return piece.text.size() == kMostDigits ? year : -1;
-    return year + (year < kCentury ? 2000 : 1900);
-}
-
-bool Begins(std::string_view name, std::string_view word)
-{
-    return Length(word) >= kLeastLetters && Length(name) >= Length(word) &&
-           CompareAlphabetical(Left(name, Length(word)), word) == 0;
-}
-
-/// Returns the month's number, or 0 if the word is the beginning of no month's name, or of several.
-int MonthOf(std::string_view word, const DateHabits& habits)
-{
-    int found = 0;
-    const auto take = [&](std::string_view name, int month) {
-        if (Begins(name, word))
-            found = found == 0 || found == month ? month : -1;
-    };
-    for (const DateHabits::Name& name : habits.months)
-        take(name.text, name.month);
-    if (found != 0)
-        return std::max(found, 0);
-    for (std::size_t i = 0; i < kEnglish.size(); ++i)
-        take(kEnglish[i], static_cast<int>(i) + 1);
-    return std::max(found, 0);
-}
+using date_piece::Piece;
 
 class Reader {
 public:
@@ -151,7 +71,7 @@ private:
     {
         if (!third.marks.empty())
             return std::nullopt;
-        if (first.text.size() == kMostDigits)
+        if (first.text.size() == date_piece::kMostDigits)
             return Of(ValueOf(first), second, third);
         switch (habits_.order) {
             case DateText::Order::DayMonthYear: return Of(YearOf(third), second, first);
@@ -167,7 +87,7 @@ private:
         const std::size_t named = pieces[0].number ? 1 : 0;
         if (pieces[named].number)
             return std::nullopt;
-        const int month = MonthOf(pieces[named].text, habits_);
+        const int month = date_piece::MonthOf(pieces[named].text, habits_);
         const Piece& day = pieces[1 - named];
         if (month == 0 || day.text.size() > 2)
             return std::nullopt;
@@ -203,7 +123,7 @@ std::optional<Date> ReadTypedDate(std::string_view text, const DateContext& cont
     const std::string_view typed = Trim(text);
     if (EqualsIgnoringCase(typed, "t") || EqualsIgnoringCase(typed, "today"))
         return Date::FromDays(context.today.Days());
-    return Reader(context, habits).Read(PiecesOf(typed));
+    return Reader(context, habits).Read(date_piece::PiecesOf(typed));
 }
 
 }  // namespace clb

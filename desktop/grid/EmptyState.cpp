@@ -66,6 +66,16 @@ int PictureSide(const QWidget& widget)
     return widget.fontMetrics().height() * 5 / 2;
 }
 
+/// Fits the title and the room for the picture to the font of the hint.
+void MeasureFonts(QWidget& hint, QLabel& title)
+{
+    QFont large = hint.font();
+    large.setPointSizeF(large.pointSizeF() * 1.25);
+    large.setWeight(QFont::DemiBold);
+    title.setFont(large);
+    hint.layout()->setContentsMargins(0, PictureSide(hint) + kGap, 0, 0);
+}
+
 }  // namespace
 
 EmptyState::EmptyState(QAbstractScrollArea& grid)
@@ -76,10 +86,6 @@ EmptyState::EmptyState(QAbstractScrollArea& grid)
       row_(new QHBoxLayout)
 {
     setObjectName(QStringLiteral("EmptyState"));
-    QFont large = title_->font();
-    large.setPointSizeF(large.pointSizeF() * 1.25);
-    large.setWeight(QFont::DemiBold);
-    title_->setFont(large);
     text_->setWordWrap(true);
     for (QLabel* label : {title_, text_}) {
         label->setTextFormat(Qt::PlainText);
@@ -88,10 +94,10 @@ EmptyState::EmptyState(QAbstractScrollArea& grid)
     }
     auto* all = new QVBoxLayout(this);
     all->setSpacing(kGap);
-    all->setContentsMargins(0, PictureSide(*this) + kGap, 0, 0);
     all->addWidget(title_);
     all->addWidget(text_);
     all->addLayout(row_);
+    MeasureFonts(*this, *title_);
     TakeColors();
     hide();
 }
@@ -111,6 +117,8 @@ void EmptyState::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         TakeColors();
+    if (event->type() == QEvent::FontChange && layout())
+        MeasureFonts(*this, *title_);
 }
 
 void EmptyState::Follow(const std::optional<EmptyHint>& hint, const QRect& room)

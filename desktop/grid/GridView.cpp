@@ -1,5 +1,6 @@
 #include "desktop/grid/GridView.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -42,7 +43,8 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
       editing_(grid, cursor_, *editor_, events),
       marking_(grid, cursor_, events, takeFocus_),
       tips_(grid, layout_, events, *viewport()),
-      announcer_(*this, grid, events)
+      announcer_(*this, grid, events),
+      zoom_(*this, *viewport())
 {
     // A click asks the model for the focus, which may refuse it.
     setFocusPolicy(Qt::TabFocus);
@@ -58,6 +60,7 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
     grid_.AfterEdit().connect(sigc::track_obj(
         [this](std::int32_t /*row*/, std::int32_t column) { announcer_.ValueChanged(column); },
         *this));
+    grid_.RowAdded().connect(sigc::track_obj([this](std::size_t row) { addedRow_ = row; }, *this));
     Sync();
 }
 
@@ -94,17 +97,25 @@ void GridView::Sync()
     PlaceHeader();
     UpdateScrollBars();
     const bool moved = shownRow_ != grid_.Row() || shownColumn_ != grid_.Col();
-    if (moved) {
-        shownRow_ = grid_.Row();
-        shownColumn_ = grid_.Col();
-        ShowCurrentCell();
-    }
+    if (moved)
+        FollowMove();
     FollowEdit();
     announcer_.Drawn(layout_.RowCount(), layout_.Spans().size(), moved);
     tips_.RowsDrawn();
     FollowHint();
     header_->update();
     viewport()->update();
+}
+
+void GridView::FollowMove()
+{
+    shownRow_ = grid_.Row();
+    shownColumn_ = grid_.Col();
+    ShowCurrentCell();
+    // The row that was saved stays in sight while the next new row is not typed into yet.
+    const std::size_t added = std::exchange(addedRow_, 0);
+    if (added != 0 && grid_.Position() == 1)
+        ShowRow(added);
 }
 
 void GridView::TakeLayout()
@@ -177,19 +188,24 @@ void GridView::ShowCurrentCell()
 {
     if (grid_.Row() == 0)
         return;
-    const int top = layout_.RowTop(grid_.Row());
-    const int below = top + layout_.RowHeight() - viewport()->height();
-    QScrollBar& down = *verticalScrollBar();
-    if (top < 0)
-        down.setValue(down.value() + top);
-    else if (below > 0)
-        down.setValue(down.value() + below);
+    ShowRow(grid_.Row());
     const QRect cell = layout_.CellRect(grid_.Row(), grid_.Col());
     QScrollBar& across = *horizontalScrollBar();
     if (cell.left() < layout_.SelectorWidth())
         across.setValue(across.value() + cell.left() - layout_.SelectorWidth());
     else if (cell.right() > viewport()->width())
         across.setValue(across.value() + cell.right() + 1 - viewport()->width());
+}
+
+void GridView::ShowRow(std::size_t row)
+{
+    const int top = layout_.RowTop(row);
+    const int below = top + layout_.RowHeight() - viewport()->height();
+    QScrollBar& down = *verticalScrollBar();
+    if (top < 0)
+        down.setValue(down.value() + top);
+    else if (below > 0)
+        down.setValue(down.value() + below);
 }
 
 void GridView::scrollContentsBy(int /*dx*/, int /*dy*/)
@@ -256,6 +272,7 @@ void GridView::changeEvent(QEvent* event)
         fit_.Forget();
         MeasureFonts();
         Sync();
+        ShowCurrentCell();
     }
 }
 
@@ -289,12 +306,15 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event)
     const QPoint place = event->position().toPoint();
     const std::size_t row = layout_.RowAt(place.y());
     const std::int32_t column = layout_.ColumnAt(place.x());
-    if (event->button() != Qt::LeftButton || row == 0 || column == 0)
+    if (event->button() != Qt::LeftButton || row == 0)
         return;
     // The first click made the cell current, unless a refused row kept the user where he was.
     if (grid_.Row() != row)
         return;
-    if (cursor_.OnHeading(row))
+    if (column == 0) {
+        if (openRow_ && layout_.SelectorRect(row).contains(place))
+            openRow_();
+    } else if (cursor_.OnHeading(row))
         events_.Run([&] { cursor_.ToggleFold(grid_.RowNow(row)); });
     else if (grid_.Col() == column)
         editing_.Begin();
@@ -308,6 +328,12 @@ void GridView::SortBy(std::int32_t column)
         next = now.descending ? GridSort() : GridSort{column, true};
     events_.Run([&] { grid_.SortBy(next); });
     ShowCurrentCell();
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (menu_)
+        menu_(event->globalPos());
 }
 
 void GridView::FitColumn(std::int32_t column)

@@ -17,6 +17,7 @@
 #include "desktop/grid/GridLayout.h"
 #include "desktop/grid/GridMarking.h"
 #include "desktop/grid/GridTips.h"
+#include "desktop/grid/GridZoom.h"
 
 class QAccessibleInterface;
 
@@ -63,6 +64,13 @@ public:
     void WhenEmpty(std::function<std::optional<EmptyHint>()> hint, EmptyState::Press press);
     void FollowHint();
     EmptyState& Empty() { return *empty_; }
+    /// Sets what opens the menu of the current row, at a place of the screen.
+    void OnMenu(std::function<void(const QPoint&)> open) { menu_ = std::move(open); }
+    /// Sets what a double click on the head of the current row does.
+    void OnOpenRow(std::function<void()> open) { openRow_ = std::move(open); }
+    /// How large the grid is drawn. The wheel changes it with Control, the middle button toggles
+    /// it.
+    GridZoom& Zoom() { return zoom_; }
     /// Scrolls until the current cell is visible.
     void ShowCurrentCell();
 
@@ -71,6 +79,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -86,6 +95,8 @@ private:
     void MeasureFonts();
     void PlaceHeader();
     void TakeLayout();
+    void FollowMove();
+    void ShowRow(std::size_t row);
     void FitLater();
     void FitToCells();
     void UpdateScrollBars();
@@ -99,6 +110,8 @@ private:
     GridComponent& grid_;
     UserEvents& events_;
     std::function<bool()> takeFocus_;
+    std::function<void(const QPoint&)> menu_;
+    std::function<void()> openRow_;
     GridLayout layout_;
     ColumnFit fit_;
     bool fitsSoon_ = false;
@@ -108,11 +121,13 @@ private:
     std::function<std::optional<EmptyHint>()> hint_;
     std::size_t shownRow_ = 0;
     std::int32_t shownColumn_ = 0;
+    std::size_t addedRow_ = 0;  // saved as a new row since the current cell last moved
     GridCursor cursor_;
     GridEditing editing_;
     GridMarking marking_;
     GridTips tips_;
     GridAnnouncer announcer_;
+    GridZoom zoom_;
 };
 
 }  // namespace clb

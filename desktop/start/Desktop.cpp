@@ -24,6 +24,7 @@
 #include "desktop/ports/ShellPort.h"
 #include "desktop/start/DailyBackup.h"
 #include "desktop/start/FirstPaint.h"
+#include "desktop/start/NewBookOffer.h"
 #include "desktop/start/PrintWindow.h"
 #include "desktop/start/RestoreOffer.h"
 #include "desktop/start/RunningProgram.h"
@@ -257,6 +258,8 @@ int Run(const StartOptions& options, IClock& clock)
         program.Load();
         return Picture(program.Window(), options.picture);
     }
+    if (options.home && IsUnused(folder) && !OfferNewBook(folder))
+        return 1;
     StartRequest request = RequestFor(options.files);
     RunningProgram running(folder);
     if (!running.BecomeFirst(request))

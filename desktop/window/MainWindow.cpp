@@ -21,8 +21,10 @@
 #include "desktop/window/ToolbarBinder.h"
 #include "desktop/window/TreeBinder.h"
 #include "desktop/window/TreeFold.h"
+#include "desktop/window/WindowWays.h"
 #include "desktop/window/WorkDisplay.h"
 #include "desktop/window/YearBox.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 
@@ -60,6 +62,7 @@ MainWindow::MainWindow(frmController& controller, UserEvents& events)
                                           [this](MenuItem& item) { Choose(item); });
     BindKeys();
     BindFocus();
+    BindWays();
     FollowModels();
     inner_->installEventFilter(this);
     InnerSize(kFirstWidth, kFirstHeight);
@@ -94,7 +97,10 @@ void MainWindow::BuildParts()
     grid_->setObjectName(ToQString(controller_.Grid.Name()));
     grid_->WhenEmpty([this] { return HintFor(controller_); },
                      [this](const std::string& item) {
-                         events_.Run([&] { Choose(*controller_.menus.Find(item)); });
+                         if (item == command_name::kNew)
+                             NewRecord();
+                         else
+                             events_.Run([&] { Choose(*controller_.menus.Find(item)); });
                      });
     border_ = new SplitHandle(
         {[this] { return controller_.TreeWidth(); }, [this](int place) { TreeWidth(place); }},
@@ -182,6 +188,16 @@ void MainWindow::NameTotals()
     };
     totals_->First()->setAccessibleName(name(view.firstTotal));
     totals_->Second()->setAccessibleName(name(view.secondTotal));
+}
+
+int MainWindow::GridZoomPercent() const
+{
+    return grid_->Zoom().Percent();
+}
+
+void MainWindow::GridZoomPercent(int percent)
+{
+    grid_->Zoom().Percent(percent);
 }
 
 void MainWindow::RepaintNow()

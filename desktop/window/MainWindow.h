@@ -24,6 +24,7 @@ class ToolbarBinder;
 class TreeBinder;
 class TreeFold;
 class UserEvents;
+class WindowWays;
 class WorkDisplay;
 class YearBox;
 
@@ -43,6 +44,9 @@ public:
     /// Sets the distance of the border between tree and grid from the left, in pixels. Tree and
     /// grid each keep some room.
     void TreeWidth(int pixels);
+    /// The size at which the grid's text is drawn, in percent of the ordinary one.
+    [[nodiscard]] int GridZoomPercent() const;
+    void GridZoomPercent(int percent);
     /// Draws the present state of the models.
     void Sync();
 
@@ -74,12 +78,15 @@ private:
     void BuildResultBar();
     void BindFocus();
     void BindKeys();
+    void BindWays();
     void FollowModels();
     void PlaceParts();
     void ResultChanged();
     void TreeChanged();
     void InnerResized();
     void NameTotals();
+    /// Begins a new row, also while the grid is on its empty line, where the command is disabled.
+    void NewRecord();
     void RepaintNow();
     void OrderTabs();
     bool TurnMonth(int angle);
@@ -102,6 +109,7 @@ private:
     std::unique_ptr<TotalsLine> totals_;
     std::unique_ptr<MenuBinder> menus_;
     std::unique_ptr<FocusBinder> focus_;
+    std::unique_ptr<WindowWays> ways_;
     std::unique_ptr<WorkDisplay> work_;
 };
 

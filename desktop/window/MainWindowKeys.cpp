@@ -1,8 +1,6 @@
 // Handles keys and the wheel in the main window: shortcuts, the order of the focus, the steps of
 // the month.
 #include <QKeyEvent>
-#include <QMenu>
-#include <QMenuBar>
 #include <QShortcut>
 #include <QToolButton>
 #include <QWheelEvent>
@@ -16,6 +14,7 @@
 #include "desktop/window/SplitHandle.h"
 #include "desktop/window/ToolbarBinder.h"
 #include "desktop/window/TreeBinder.h"
+#include "desktop/window/WindowWays.h"
 #include "desktop/window/YearBox.h"
 #include "views/MenuNames.h"
 
@@ -37,12 +36,13 @@ void MainWindow::BindKeys()
     bind(Qt::CTRL | Qt::Key_PageDown, [this] { controller_.StepMonth(1); });
     connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, border_,
             &SplitHandle::TakeFocus);
-    grid_->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(grid_, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
-        menuBar()
-            ->findChild<QMenu*>(QLatin1String(menu_name::kEdit))
-            ->popup(grid_->mapToGlobal(place));
-    });
+}
+
+void MainWindow::BindWays()
+{
+    ways_ = std::make_unique<WindowWays>(
+        WindowWays::Parts{*this, controller_, events_, *focus_, *tree_, *grid_, *month_,
+                          [this] { return GridAgrees(); }, [this] { NewRecord(); }});
 }
 
 void MainWindow::BindFocus()
@@ -69,11 +69,17 @@ void MainWindow::OrderTabs()
         setTabOrder(stops[stop - 1], stops[stop]);
 }
 
-/// Escape comes here if the part of the window that has the focus has no use for it.
+/// Keys come here if the part of the window that has the focus has no use for them.
 void MainWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier &&
-        controller_.result.Shown() && !controller_.Grid.Editing())
+    // While the command is enabled, its menu item takes the key.
+    if (QKeySequence(event->keyCombination()) ==
+        QKeySequence(QLatin1String(FindCommand(command_name::kNew)->key)))
+        NewRecord();
+    else if (ways_->ByKey(*event))
+        return;
+    else if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier &&
+             controller_.result.Shown() && !controller_.Grid.Editing())
         events_.Run([this] { controller_.result.Close(); });
     else
         QMainWindow::keyPressEvent(event);
@@ -83,6 +89,11 @@ bool MainWindow::GridAgrees()
 {
     bool agrees = false;
     return events_.Run([&] { agrees = controller_.Grid.MayLoseFocus(); }) && agrees;
+}
+
+void MainWindow::NewRecord()
+{
+    events_.RunOnRow([this] { FindCommand(command_name::kNew)->run(controller_); });
 }
 
 void MainWindow::Choose(MenuItem& item)

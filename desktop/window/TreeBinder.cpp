@@ -1,5 +1,6 @@
 #include "desktop/window/TreeBinder.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
@@ -182,9 +183,37 @@ void TreeBinder::mousePressEvent(QMouseEvent* event)
     const QTreeWidgetItem* item = itemAt(event->position().toPoint());
     const bool onText =
         item != nullptr && visualItemRect(item).contains(event->position().toPoint());
-    if (event->button() != Qt::LeftButton || !onText)
+    if (event->button() == Qt::RightButton ? !onText : event->button() != Qt::LeftButton || !onText)
         return QTreeWidget::mousePressEvent(event);
+    // The right button's menu is about the node, so that is shown first.
     Press(NodeOf(item));
+}
+
+void TreeBinder::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || (event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
+        return QTreeWidget::keyPressEvent(event);
+    // The keys before it may still be waiting to be handed to the model.
+    QMetaObject::invokeMethod(
+        this, [this] { Enter(); }, Qt::QueuedConnection);
+}
+
+void TreeBinder::Enter()
+{
+    const std::int32_t node = NodeOf(currentItem());
+    if (node == 0)
+        return;
+    if (node != tree_.Selected())
+        Press(node);
+    if (entered_)
+        entered_();
+}
+
+void TreeBinder::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (menu_)
+        menu_(event->globalPos());
 }
 
 void TreeBinder::mouseMoveEvent(QMouseEvent* event)

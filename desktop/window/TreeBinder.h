@@ -21,6 +21,10 @@ public:
     /// tree and events are borrowed and outlive the binder.
     TreeBinder(Tree& tree, UserEvents& events, PressNode press, QWidget* parent = nullptr);
 
+    /// Sets what follows when Enter has shown the current node.
+    void OnEnter(std::function<void()> follow) { entered_ = std::move(follow); }
+    /// Sets what opens the menu of the selected node, at a place of the screen.
+    void OnMenu(std::function<void(const QPoint&)> open) { menu_ = std::move(open); }
     /// Draws the present state of the model.
     void Sync();
     /// The item of a node, numbered as in the model.
@@ -31,6 +35,8 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -47,11 +53,14 @@ private:
     [[nodiscard]] std::int32_t NodeOf(const QTreeWidgetItem* item) const;
     void Press(std::int32_t node);
     void PressLater(std::int32_t node);
+    void Enter();
     void UserExpanded(QTreeWidgetItem* item, bool expanded);
 
     Tree& tree_;
     UserEvents& events_;
     PressNode press_;
+    std::function<void()> entered_;
+    std::function<void(const QPoint&)> menu_;
     std::vector<QTreeWidgetItem*> items_;
     std::vector<std::int32_t> parents_;
     bool syncing_ = false;

@@ -81,6 +81,8 @@ void WindowMemory::Restore()
     else  // room for names and balances
         window_.TreeWidth(std::min(window_.width() / 3, controller_.TreeWidth() * 4 / 3));
     RestoreColumns(settings);
+    if (const int zoom = settings.value(QStringLiteral("Grid/zoom")).toInt(); zoom > 0)
+        window_.GridZoomPercent(zoom);
 }
 
 void WindowMemory::RestorePlace(const QSettings& settings)
@@ -149,6 +151,7 @@ void WindowMemory::Save() const
     }
     put("Window/maximized", maximized_);
     put("Tree/width", controller_.TreeWidth());
+    put("Grid/zoom", window_.GridZoomPercent());
     for (const auto& [view, columns] : controller_.View().WidthsByHand())
         for (const auto& [column, pixels] : columns)
             settings.setValue(QStringLiteral("Columns/%1-%2").arg(view).arg(column), pixels);

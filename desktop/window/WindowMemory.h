@@ -14,9 +14,9 @@ class MainWindow;
 class frmController;
 
 /// Remembers from one start to the next the window's size and place, whether it was maximised, the
-/// border between tree and grid, and the widths that the user gave to columns. They are kept in a
-/// separate file that only the user can read. A file that cannot be read or written is not an
-/// error: the window then opens as at its first start.
+/// border between tree and grid, the grid's zoom, and the widths that the user gave to columns.
+/// They are kept in a separate file that only the user can read. A file that cannot be read or
+/// written is not an error: the window then opens as at its first start.
 class WindowMemory : public QObject, public sigc::trackable {
 public:
     /// The path of the file, in the user's folder for settings.

@@ -5,6 +5,7 @@
 #include <QStyleOptionSpinBox>
 #include <algorithm>
 
+#include "base/Text.h"
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/TextConvert.h"
 
@@ -62,8 +63,15 @@ void YearBox::Sync()
 void YearBox::HandOn()
 {
     const std::string text = ToUtf8(lineEdit()->text());
-    if (text != year_.Text())
-        events_.Run([&] { year_.Text(text); });
+    const std::string shown = year_.Text();
+    if (text == shown)
+        return;
+    if (Trim(text).empty())
+        return Sync();
+    // A text that is no year has been reported; the box must not keep it above another year's
+    // figures.
+    if (!events_.Run([&] { year_.Text(text); }))
+        events_.Run([&] { year_.Text(shown); });
 }
 
 void YearBox::stepBy(int steps)
@@ -76,6 +84,11 @@ void YearBox::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         HandOn();
+        lineEdit()->selectAll();
+        return;
+    }
+    if (event->key() == Qt::Key_Escape && ToUtf8(lineEdit()->text()) != year_.Text()) {
+        Sync();
         lineEdit()->selectAll();
         return;
     }

@@ -57,6 +57,17 @@ protected:
     }
 };
 
+TEST_F(ImportFilesTest, AProgramFolderIsNoFolderOfStatements)
+{
+    folder.Write("books/march.ofx", Ofx("B-1", Transaction("F1")));
+
+    EXPECT_EQ(Run("import " + Books()), 2);
+    EXPECT_THAT(Err(), HasSubstr("is a program folder"));
+    EXPECT_THAT(Err(), HasSubstr("--home"));
+    EXPECT_EQ(Run("import" + File("books/march.ofx") + " " + Books() + Home()), 2);
+    EXPECT_EQ(Rows(), "[]");
+}
+
 TEST_F(ImportFilesTest, FoldersAreReadInOrderOfNameAndReportedInATable)
 {
     folder.Write("in/a.OFX", Ofx("B-1", Transaction("F1") + Transaction("F2")));

@@ -367,23 +367,5 @@ TEST_F(CommandsTest, EachCommandHasItsKeyAndPicture)
     }
 }
 
-TEST_F(CommandsTest, TheRightButtonShowsTheEditMenuForItsRow)
-{
-    ClickNode("Checking");
-    QWidget& view = *GridWidget(window_).viewport();
-    const QPoint place = GridWidget(window_).Layout().CellRect(3, 2).center();
-
-    QTest::mouseClick(&view, Qt::RightButton, Qt::NoModifier, place);
-    QContextMenuEvent asked(QContextMenuEvent::Mouse, place, view.mapToGlobal(place));
-    QApplication::sendEvent(&view, &asked);
-    QTest::qWait(1);
-
-    EXPECT_EQ(Grid().Row(), 3U);
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_TRUE(menu);
-    EXPECT_EQ(menu->objectName(), QStringLiteral("mnuEdit"));
-    menu->close();
-}
-
 }  // namespace
 }  // namespace clb

@@ -138,8 +138,56 @@ TEST_F(WindowTest, AYearThatIsNotANumberIsReportedAndTheProgramContinues)
     ASSERT_EQ(books_.messages.boxes.size(), 1U);
     EXPECT_EQ(books_.messages.boxes[0],
               (FakeMessageBox::Box{"Type mismatch", box_style::Critical, "Corvane Ledgerbook"}));
+    EXPECT_EQ(YearWidget(window_).Line()->text(), "2006");
+    EXPECT_EQ(Model().txtYear.Text(), "2006");
     ClickNode("Budget");
     EXPECT_EQ(Model().View().View(), vwBudget);
+}
+
+TEST_F(WindowTest, AYearBoxLeftEmptyTakesTheShownYearBack)
+{
+    ClickNode("Checking");
+    YearWidget(window_).setFocus(Qt::TabFocusReason);
+    YearWidget(window_).selectAll();
+    Key(*YearWidget(window_).Line(), Qt::Key_Delete);
+    ASSERT_TRUE(YearWidget(window_).Line()->text().isEmpty());
+
+    ClickCell(1, 1);
+
+    EXPECT_TRUE(books_.messages.boxes.empty());
+    EXPECT_EQ(YearWidget(window_).Line()->text(), "2006");
+    EXPECT_EQ(Grid().CellText(1, 1), "2006-03-04");
+}
+
+TEST_F(WindowTest, AnEmptyYearBoxStepsFromTheShownYear)
+{
+    YearWidget(window_).Line()->clear();
+    Key(YearWidget(window_), Qt::Key_Up);
+
+    EXPECT_EQ(YearWidget(window_).Line()->text(), "2007");
+    EXPECT_TRUE(books_.messages.boxes.empty());
+}
+
+TEST_F(WindowTest, EscapeInTheYearBoxTakesTheShownYearBack)
+{
+    YearWidget(window_).selectAll();
+    QTest::keyClicks(YearWidget(window_).Line(), "19");
+
+    Key(YearWidget(window_), Qt::Key_Escape);
+
+    EXPECT_EQ(YearWidget(window_).Line()->text(), "2006");
+}
+
+TEST_F(WindowTest, AYearThatCannotBeShownIsReportedAndTheShownOneStays)
+{
+    ClickNode("Checking");
+    YearWidget(window_).selectAll();
+    QTest::keyClicks(YearWidget(window_).Line(), "20065");
+
+    Key(YearWidget(window_), Qt::Key_Return);
+
+    EXPECT_EQ(std::to_string(Model().View().Year()), Model().txtYear.Text());
+    EXPECT_EQ(YearWidget(window_).Line()->text(), ToQString(Model().txtYear.Text()));
 }
 
 TEST_F(WindowTest, BackAndForwardStepTheMonthAcrossTheYearsEnd)

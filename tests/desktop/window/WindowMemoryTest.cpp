@@ -87,6 +87,33 @@ TEST_F(WindowMemoryTest, SizePlaceBorderAndColumnsComeBackAtTheNextStart)
     EXPECT_EQ(second.Width(2), column);
 }
 
+TEST_F(WindowMemoryTest, TheGridsZoomComesBackAtTheNextStart)
+{
+    {
+        Start first(File());
+        first.Show();
+        EXPECT_EQ(first.window.GridZoomPercent(), 100);
+        first.window.GridZoomPercent(140);
+        first.window.close();
+    }
+
+    Start second(File());
+    second.Show();
+
+    EXPECT_EQ(second.window.GridZoomPercent(), 140);
+}
+
+TEST_F(WindowMemoryTest, AZoomOutOfRangeBecomesTheNearest)
+{
+    Write("[Grid]\nzoom=9000\n");
+    Start large(File());
+    EXPECT_EQ(large.window.GridZoomPercent(), 300);
+
+    Write("[Grid]\nzoom=nonsense\n");
+    Start odd(File());
+    EXPECT_EQ(odd.window.GridZoomPercent(), 100);
+}
+
 TEST_F(WindowMemoryTest, AMaximisedWindowComesBackMaximisedAndKeepsItsNormalSize)
 {
     {

@@ -41,13 +41,13 @@ keys Tab
 type_text '7'
 keys Return
 
-# Dairy has a later day and may be above or below, so both rows are reached from the top.
-xdotool mousemove --window "$main" 420 90 click 1
+# Dairy has a later day, so it has gone to the first row.
+xdotool mousemove --window "$main" 420 112 click 1
 keys F2 End
 type_text ' Ltd'
 keys Return
 # Discards the cell, then the row.
-xdotool mousemove --window "$main" 420 112 click --repeat 2 --delay 80 1
+xdotool mousemove --window "$main" 420 90 click --repeat 2 --delay 80 1
 sleep 0.3
 type_text 'Nobody'
 keys Escape Escape
