@@ -21,6 +21,7 @@ const fs::path kSource = CLB_SOURCE;
 const std::map<std::string, std::set<std::string>> kLadder = {
     {"base", {}},
     {"files", {"base"}},
+    {"statements", {"base", "files"}},
     {"ports", {"base"}},
     {"engine", {"base", "files"}},
     {"json", {"base", "engine"}},
@@ -50,6 +51,7 @@ const std::map<std::string, std::set<std::string>> kLadder = {
 
 /// The wings of a folder. A wing includes only itself and those named before it.
 const std::map<std::string, std::vector<std::string>> kWings = {
+    {"statements", {"form", "source", "ofx", "qif", "csv", "messages", "kinds"}},
     {"engine", {"storage", "sql", "rows"}},
     {"desktop", {"look", "input", "grid", "forms", "ports", "window", "start"}},
 };

@@ -1,0 +1,37 @@
+// Amounts as banks write them.
+#pragma once
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "base/Money.h"
+
+namespace clb {
+
+/// Reads an amount with this decimal mark, '.' or ','. Marks of thousands are those that the
+/// decimal mark leaves: the other of '.' and ',', spaces of every kind, apostrophes; only between
+/// groups of thousands (or of lakhs: "1,23,456.00"). A sign before or after the number ("-5", "5-",
+/// a minus of typography), or parentheses for a negative one; currency signs and codes around it
+/// ("EUR 5,00", "5.00 kr"). Returns nothing for other texts, and for an amount that has more
+/// decimals than money can hold exactly (4, zeros after them aside) or is out of range.
+[[nodiscard]] std::optional<Money> ReadAmount(std::string_view text, char decimal);
+
+/// Settles the decimal mark from all amounts of a file.
+class DecimalMarks {
+public:
+    /// Takes an amount's text.
+    void Add(std::string_view text);
+    /// The marks under which all amounts that were added can be read: none, one or both. Both with
+    /// Same() true if they mean the same amounts.
+    [[nodiscard]] std::vector<char> Possible() const;
+    /// Whether every amount means the same under both marks, as "5" does.
+    [[nodiscard]] bool Same() const;
+
+private:
+    std::size_t point_ = 0;  ///< amounts that can be read with a point only
+    std::size_t comma_ = 0;
+    std::size_t differ_ = 0;  ///< that mean something else under each
+    std::size_t neither_ = 0;
+};
+
+}  // namespace clb

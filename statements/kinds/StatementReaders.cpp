@@ -1,0 +1,24 @@
+#include "statements/kinds/StatementReaders.h"
+
+#include "statements/csv/CsvReader.h"
+#include "statements/messages/CamtReader.h"
+#include "statements/messages/Mt940Reader.h"
+#include "statements/ofx/OfxReader.h"
+#include "statements/qif/QifReader.h"
+
+namespace clb {
+
+std::unique_ptr<IStatementReader> OpenStatement(std::string_view text)
+{
+    if (IsCamt(text))
+        return ReadCamt(text);
+    if (IsOfx(text))
+        return ReadOfx(text);
+    if (IsMt940(text))
+        return ReadMt940(text);
+    if (IsQifText(text))
+        return ReadQif(text);
+    return ReadCsv(text);
+}
+
+}  // namespace clb
