@@ -81,6 +81,26 @@ void modImport::ImportFile()
     host_.WindowEnabled(true);
 }
 
+void modImport::BeginTexts()
+{
+    counts_ = {};
+    ForgetBalances();
+}
+
+bool modImport::FindAccount(std::string& accountID)
+{
+    KeepFileBeforeMapping(accountID);
+    return host_.CheckImportAccount(accountID);
+}
+
+void modImport::EndTexts()
+{
+    if (!balancesNoted_)
+        NoteFormerBalances();
+    UpdateBalances(database_);
+    view_.Refresh();
+}
+
 void modImport::StoreBalances()
 {
     const Connection::Untraced untraced(database_.Database());

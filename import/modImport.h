@@ -35,6 +35,17 @@ public:
     /// repaired.
     void ImportFile();
 
+    /// Begins a command that imports texts of OFX files one after the other: the counts begin anew.
+    void BeginTexts();
+    /// As the import of a file finds its account: asks the user for an account if the number is
+    /// unknown or empty; an empty number is set to that of the chosen account. Returns false if the
+    /// user cancels.
+    bool FindAccount(std::string& accountID);
+    /// Reads the text of an OFX file whose account is there. Shows errors in the text to the user.
+    void ImportText(const std::string& text);
+    /// Ends the command: recomputes every account's balance and reloads the view.
+    void EndTexts();
+
     /// Repairs a file whose first line, up to the first carriage return, contains bare line feeds.
     /// The repaired file is that line with carriage returns and line feeds. The original is kept as
     /// path + ".org". Throws RuntimeError if path + ".org" exists or a file cannot be written.
@@ -68,6 +79,7 @@ private:
     static std::int32_t FormatOf(const std::string& path, const std::string& text);
     /// ImportOFX of the text that readText gives; tells its errors too.
     void ImportMarkup(const std::function<std::string()>& readText);
+    void ReadMarkup(const std::function<std::string()>& readText);
     std::string NewRun();
     void ForgetBalances();
     void KeepFileBeforeMapping(const std::string& accountID);

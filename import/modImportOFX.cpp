@@ -239,8 +239,17 @@ void modImport::ImportOFX(const std::string& path)
 
 void modImport::ImportMarkup(const std::function<std::string()>& readText)
 {
-    counts_ = {};
-    ForgetBalances();
+    BeginTexts();
+    ReadMarkup(readText);
+}
+
+void modImport::ImportText(const std::string& text)
+{
+    ReadMarkup([&text] { return text; });
+}
+
+void modImport::ReadMarkup(const std::function<std::string()>& readText)
+{
     OfxReader reader(database_, host_, counts_);
     const auto succeeds = [&](const auto& read) {
         try {
@@ -260,7 +269,8 @@ void modImport::ImportMarkup(const std::function<std::string()>& readText)
     if (!succeeds([&] { return reader.CheckAccount(); }))
         return;
     database_.Lock();
-    NoteFormerBalances();
+    if (!balancesNoted_)
+        NoteFormerBalances();
     succeeds([&] {
         reader.ReadRows();
         return true;

@@ -1,0 +1,122 @@
+#include "intake/KnownRows.h"
+
+#include <algorithm>
+#include <functional>
+#include <string_view>
+
+#include "data/clsDatabase.h"
+#include "intake/RowIdentifiers.h"
+
+namespace clb {
+namespace {
+
+constexpr std::int32_t kDaysApart = 5;
+
+std::uint64_t HashOf(const std::string& identifier)
+{
+    return std::hash<std::string>()(identifier);
+}
+
+/// Whether the identifier is that of the run of a QIF import, which begins with date and time:
+/// "2026-03-01 12:00:00 4711", or without the time at midnight.
+bool IsRun(const std::string& identifier)
+{
+    return identifier.size() > 11 && identifier[10] == ' ' &&
+           Date::FromIso(std::string_view(identifier).substr(0, 10)).has_value();
+}
+
+}  // namespace
+
+KnownRows::KnownRows(clsDatabase& database, std::string accountID)
+    : database_(database), accountID_(std::move(accountID))
+{
+    Recordset rows;
+    database_.Fill(rows,
+                   "SELECT FITID FROM Trans WHERE AccountID = '" +
+                       clsDatabase::ToSqlString(accountID_) + "' AND NOT FITID IS NULL",
+                   true);
+    for (; !rows.AtEnd(); rows.MoveNext())
+        identifiers_.insert(HashOf(ToText(rows.Get(0))));
+}
+
+bool KnownRows::HasIdentifier(const std::string& identifier) const
+{
+    return identifiers_.contains(HashOf(identifier));
+}
+
+bool KnownRows::HasIdentified(const StatementRow& row, const std::vector<std::string>& identifiers)
+{
+    if (std::none_of(identifiers.begin(), identifiers.end(),
+                     [this](const std::string& one) { return HasIdentifier(one); }))
+        return false;
+    const std::int32_t day = row.date.Days();
+    for (std::int32_t at = day - kDaysApart; at <= day + kDaysApart; ++at) {
+        Rows& rows = MonthOf(Date::FromDays(at));
+        const auto [first, last] = rows.equal_range({at, row.amount});
+        for (auto known = first; known != last; ++known)
+            if (std::find(identifiers.begin(), identifiers.end(), known->second.identifier) !=
+                identifiers.end())
+                return true;
+    }
+    return false;
+}
+
+bool KnownRows::TakeUnidentified(const StatementRow& row)
+{
+    Rows& rows = MonthOf(row.date);
+    const auto [first, last] = rows.equal_range({row.date.Days(), row.amount});
+    const std::string name = Comparable(row.name);
+    const std::string text = Comparable(row.text);
+    const auto has = [](const Known& known, const std::string& wanted) {
+        return !wanted.empty() &&
+               std::find(known.texts.begin(), known.texts.end(), wanted) != known.texts.end();
+    };
+    for (auto at = first; at != last; ++at) {
+        Known& known = at->second;
+        const bool none = !known.identifier.empty() && !IsRun(known.identifier);
+        if (none || known.taken || known.checkNumber != row.checkNumber ||
+            !(has(known, name) || has(known, text)))
+            continue;
+        known.taken = true;
+        return true;
+    }
+    return false;
+}
+
+KnownRows::Rows& KnownRows::MonthOf(const Date& day)
+{
+    const Month month{day.Year(), day.Month()};
+    const auto known = months_.find(month);
+    return known != months_.end() ? known->second
+                                  : months_.emplace(month, Read(month)).first->second;
+}
+
+KnownRows::Rows KnownRows::Read(Month month)
+{
+    const auto firstDay = [](Month of) { return Date::Of(of.year, of.period, 1); };
+    std::string days = " AND PostDate >= #" + firstDay(month).value_or(Date()).ToIso() + "#";
+    if (const auto end = firstDay(month.Next()))
+        days += " AND PostDate < #" + end->ToIso() + "#";
+    Recordset found;
+    database_.Fill(found,
+                   "SELECT PostDate, Amount, FITID, CheckID, Description, PayeeName FROM Trans "
+                   "WHERE AccountID = '" +
+                       clsDatabase::ToSqlString(accountID_) + "'" + days +
+                       " AND NOT Amount IS NULL",
+                   true);
+    Rows rows;
+    for (; !found.AtEnd(); found.MoveNext()) {
+        Known known{std::get<Date>(found.Get(0)),
+                    ToMoney(found.Get(1)),
+                    ToText(found.Get(2)),
+                    ToText(found.Get(3)),
+                    {}};
+        for (const std::size_t text : {4U, 5U})
+            known.texts.push_back(Comparable(ToText(found.Get(text))));
+        const std::pair key(known.date.Days(), known.amount);
+        rows.emplace(key, std::move(known));
+    }
+    return rows;
+}
+
+}  // namespace clb

@@ -1,0 +1,54 @@
+// The transactions that an account had before an import.
+#pragma once
+#include <cstdint>
+#include <map>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "base/Date.h"
+#include "base/Money.h"
+#include "statements/form/Statement.h"
+
+namespace clb {
+
+class clsDatabase;
+
+/// What an account had before an import, for finding out which rows of a statement it has already.
+/// A month is read when a row of it is looked up.
+class KnownRows {
+public:
+    /// Borrows the database. Reads the account's identifiers. Throws EngineError.
+    KnownRows(clsDatabase& database, std::string accountID);
+
+    /// Whether the account has a row of this amount within five days whose identifier is one of
+    /// these. Throws EngineError.
+    bool HasIdentified(const StatementRow& row, const std::vector<std::string>& identifiers);
+    /// Whether a row of the account has this identifier, whatever its amount and date.
+    [[nodiscard]] bool HasIdentifier(const std::string& identifier) const;
+    /// Whether the account has a row that no bank gave an identifier, from a QIF file or typed by
+    /// hand, of equal date, amount, cheque number and text. Such a row counts for one row of the
+    /// statement only. Throws EngineError.
+    bool TakeUnidentified(const StatementRow& row);
+
+private:
+    struct Known {
+        Date date;
+        Money amount;
+        std::string identifier;
+        std::string checkNumber;
+        std::vector<std::string> texts;  ///< comparable
+        bool taken = false;
+    };
+    using Rows = std::multimap<std::pair<std::int32_t, Money>, Known>;  ///< by day and amount
+
+    Rows& MonthOf(const Date& day);
+    [[nodiscard]] Rows Read(Month month);
+
+    clsDatabase& database_;
+    std::string accountID_;
+    std::unordered_set<std::uint64_t> identifiers_;  ///< hashes
+    std::map<Month, Rows> months_;
+};
+
+}  // namespace clb

@@ -1,0 +1,105 @@
+#include "intake/SpecifiedText.h"
+
+#include <functional>
+#include <optional>
+#include <unordered_set>
+#include <vector>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "files/TemporaryFolder.h"
+#include "files/WholeFile.h"
+#include "import/Omissions.h"
+#include "import/StatementFile.h"
+#include "import/StatementKind.h"
+#include "import/StatementScan.h"
+#include "import/modImport.h"
+#include "intake/OfxText.h"
+
+namespace clb {
+namespace {
+
+namespace scan = statement_scan;
+
+constexpr std::int32_t kMarkup = 2;
+/// What the import keeps of a memo.
+constexpr std::size_t kMemoLength = 50;
+
+/// What a row has in common on both ways, as one number. Rows are many, so they are not kept.
+std::size_t HashOf(const std::string& identifier, const std::string& day, const Money& amount,
+                   std::string_view name, std::string_view memo)
+{
+    return std::hash<std::string>()(identifier + '\n' + day + '\n' + amount.ToText() + '\n' +
+                                    std::string(Trim(name)) + '\n' +
+                                    std::string(Trim(Left(memo, kMemoLength))));
+}
+
+/// The rows as the reader finds them.
+class ReadRows : public IStatementSink {
+public:
+    void BeginAccount(const StatementAccount&) override {}
+    void EndAccount(const StatementBalances&) override {}
+    void LeftOut(const LeftOutPart&) override {}
+    void Row(const StatementRow& row) override
+    {
+        identified_ = identified_ && !row.identifier.empty();
+        hashes_.push_back(HashOf(row.identifier, Replace(row.date.ToIso().substr(0, 10), "-", ""),
+                                 row.amount, row.name, row.text));
+    }
+    [[nodiscard]] bool Identified() const { return identified_; }
+    [[nodiscard]] const std::vector<std::size_t>& Hashes() const { return hashes_; }
+
+private:
+    std::vector<std::size_t> hashes_;
+    bool identified_ = true;
+};
+
+/// The file as it is after the repair of its line ends; nothing if the import knows no such file.
+std::optional<std::string> Repaired(const SourceFile& file)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.Path("statement.ofx");
+    CreateFile(path, file.bytes);
+    modImport::FixLineEndings(path);
+    if (modImport::DetectFileFormat(path) != kMarkup)
+        return std::nullopt;
+    return ReadStatement(path);
+}
+
+/// The rows as the import finds them; nothing if it would stop at one.
+std::optional<std::vector<std::size_t>> Scanned(const std::string& text)
+{
+    std::vector<std::size_t> hashes;
+    std::size_t from = scan::Find(text, "<ACCTID>", 0);
+    if (from == scan::kNone)
+        return std::nullopt;
+    for (std::string_view block = scan::Block(text, "STMTTRN", from); !block.empty();
+         block = scan::Block(text, "STMTTRN", from)) {
+        const auto amount = Money::TryParse(scan::Value(block, "<TRNAMT>", 0));
+        if (!amount)
+            return std::nullopt;
+        hashes.push_back(HashOf(std::string(scan::Value(block, "<FITID>", 0)),
+                                Left(scan::Value(block, "<DTPOSTED>", 0), 8), *amount,
+                                scan::Value(block, "<NAME>", 0), scan::Value(block, "<MEMO>", 0)));
+    }
+    return hashes;
+}
+
+}  // namespace
+
+std::string SpecifiedText(const SourceFile& file, const StatementAnswers& answers,
+                          const IStatementReader& reader, const StatementSurvey& survey)
+{
+    if (reader.Kind() != "ofx" || survey.Accounts().size() != 1 || !survey.LeftOut().empty())
+        return {};
+    ReadRows read;
+    reader.Read(answers, read);
+    if (!read.Identified())
+        return {};
+    std::optional<std::string> text = Repaired(file);
+    if (!text || !CountOmissions(*text, true).None() || Scanned(*text) != read.Hashes())
+        return {};
+    return std::move(*text);
+}
+
+}  // namespace clb
