@@ -2,13 +2,15 @@
 
 #include "app/WindowCommands.h"
 #include "app/frmController.h"
+#include "base/Text.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 
 CommandBars::CommandBars(frmController& window) : window_(window)
 {
     for (const WindowMenu& menu : WindowMenus()) {
-        Menu& lines = window_.menus.Add(menu.name, menu.caption);
+        Menu& lines = window_.menus.Add(menu.name, menu.caption, menu.added);
         for (const WindowCommand& command : menu.commands) {
             MenuItem& line = lines.Add(command.name, CaptionOf(command));
             if (command.enabled != Enabled::Always)
@@ -24,8 +26,9 @@ void CommandBars::Connect()
     for (const WindowMenu& menu : WindowMenus())
         for (const WindowCommand& command : menu.commands)
             if (command.run)
-                window_.menus.Find(command.name)->Click().connect([this, run = command.run] {
-                    run(window_);
+                window_.menus.Find(command.name)->Click().connect([this, &command] {
+                    window_.Steps().Begin(PlainCaptionOf(command));
+                    command.run(window_);
                 });
     window_.toolbar.ButtonClick().connect([this](const std::string& key) { ButtonPressed(key); });
 }
@@ -33,17 +36,50 @@ void CommandBars::Connect()
 void CommandBars::ButtonPressed(const std::string& key)
 {
     const WindowButton* const button = FindButton(key);
-    if (button && window_.Grid.MayLoseFocus())
-        button->run(window_);
+    if (!button || !window_.Grid.MayLoseFocus())
+        return;
+    window_.Steps().Begin(PlainCaptionOf(*button));
+    button->run(window_);
+}
+
+void CommandBars::FollowHistory()
+{
+    const std::optional<Step> undo = window_.Steps().NextToUndo();
+    const std::optional<Step> redo = window_.Steps().NextToRedo();
+    Name(command_name::kUndo, undo);
+    Name(command_name::kRedo, redo);
+    now_.forUndo = undo.has_value();
+    now_.forRedo = redo.has_value();
+    Enable();
+}
+
+/// The caption says what the command would do: "&Undo Delete Record".
+void CommandBars::Name(const char* command, const std::optional<Step>& step)
+{
+    std::string caption = CaptionOf(*FindCommand(command));
+    if (step)
+        caption += " " + Replace(step->what, "&", "&&") +
+                   (window_.Steps().IsOfAnother(*step) ? " (another program)" : "");
+    window_.menus.Find(command)->Caption(caption);
 }
 
 void CommandBars::Enable(const EnabledNow& now)
 {
+    const bool undo = now_.forUndo;
+    const bool redo = now_.forRedo;
+    now_ = now;
+    now_.forUndo = undo;
+    now_.forRedo = redo;
+    Enable();
+}
+
+void CommandBars::Enable()
+{
     for (const auto& [line, place] : lines_)
-        line->Enabled(now.Has(place));
+        line->Enabled(now_.Has(place));
     for (const WindowButton& button : WindowButtons())
         if (button.enabled != Enabled::Always)
-            window_.toolbar.ButtonEnabled(button.key, now.Has(button.enabled));
+            window_.toolbar.ButtonEnabled(button.key, now_.Has(button.enabled));
 }
 
 }  // namespace clb

@@ -1,9 +1,11 @@
 // The menus and the toolbar of the main window, made from the table of its commands.
 #pragma once
+#include <optional>
 #include <utility>
 #include <vector>
 
 #include "controls/Menus.h"
+#include "history/StepStore.h"
 #include "views/Enabled.h"
 
 namespace clb {
@@ -20,11 +22,17 @@ public:
     void Connect();
     /// Enables and disables the lines and buttons.
     void Enable(const EnabledNow& now);
+    /// Says in the captions what Undo and Redo would do, and enables them if there is something.
+    /// Throws EngineError.
+    void FollowHistory();
 
 private:
     void ButtonPressed(const std::string& key);
+    void Enable();
+    void Name(const char* command, const std::optional<Step>& step);
 
     frmController& window_;
+    EnabledNow now_;
     std::vector<std::pair<MenuItem*, Enabled>> lines_;  // those that are not always enabled
 };
 

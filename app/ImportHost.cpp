@@ -1,5 +1,7 @@
 #include "app/ImportHost.h"
 
+#include <filesystem>
+
 #include "app/clsOpenSave.h"
 #include "app/frmController.h"
 #include "base/Interruption.h"
@@ -14,7 +16,11 @@ std::string ImportHost::AskForFile(std::int32_t flags, const std::string& filter
     clsOpenSave dialog(window_.GivenPorts().files);
     dialog.Flags = flags;
     dialog.Filter(filter);
-    return dialog.GetFileName() ? dialog.FileName : std::string();
+    if (!dialog.GetFileName())
+        return {};
+    window_.Steps().Begin("Import of " +
+                          std::filesystem::path(dialog.FileName).filename().string());
+    return dialog.FileName;
 }
 
 std::string ImportHost::StatusText() const

@@ -53,6 +53,7 @@ void RowEvents::ConnectDrawing()
 
 void RowEvents::CheckRow(bool& cancel)
 {
+    window_.Steps().BeginInner(StepName());
     if (!window_.Others().AgreeOnRow()) {
         refusedColumn_ = window_.Grid.Col();
         cancel = true;
@@ -132,6 +133,13 @@ void RowEvents::RowSaved()
     window_.View().RefreshTotals();
     // A new row is a stored one now.
     window_.View().EnableDisable();
+    ShowSavedAccount();
+    window_.Steps().EndInner();
+}
+
+/// The tree lists the accounts, one of which may have another name or number now.
+void RowEvents::ShowSavedAccount()
+{
     if (!ListsAccounts())
         return;
     Tree& tree = window_.TreeView;
@@ -139,6 +147,13 @@ void RowEvents::RowSaved()
     window_.View().BuildTree();
     if (selected <= tree.Count())
         tree.Select(selected);
+}
+
+/// What the history calls the saving of the row.
+std::string RowEvents::StepName() const
+{
+    const bool isNew = window_.Grid.Row() == window_.Grid.Rows().NewRow();
+    return std::string(isNew ? "New " : "Edit ") + window_.View().Definition().rowName;
 }
 
 void RowEvents::CheckDeletion(bool& cancel)

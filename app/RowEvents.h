@@ -35,6 +35,8 @@ private:
     void OfferCategory(const Value& category);
     void ToCellToCorrect();
     void RowSaved();
+    void ShowSavedAccount();
+    [[nodiscard]] std::string StepName() const;
     void RenameNoticedBalances();
     void CheckDeletion(bool& cancel);
     void RowDeleted();

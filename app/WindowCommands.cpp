@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/HistoryCommands.h"
 #include "app/QuoteHost.h"
 #include "app/clsIni.h"
 #include "app/frmAbout.h"
@@ -140,6 +141,16 @@ void ChangeOptions(frmController& window)
     window.View().Refresh();
 }
 
+void Undo(frmController& window)
+{
+    UndoSteps(window, 1);
+}
+
+void Redo(frmController& window)
+{
+    RedoSteps(window, 1);
+}
+
 void ShowHelp(frmController& window)
 {
     const Ports& ports = window.GivenPorts();
@@ -222,6 +233,13 @@ constexpr WindowCommand kTools[] = {
     {command_name::kOptions, "&Options...", "", "options", Always, kSavesRow, ChangeOptions},
 };
 
+constexpr WindowCommand kHistory[] = {
+    {command_name::kUndo, "&Undo", "Ctrl+Z", "undo", ForUndo, kSavesRow, Undo},
+    {command_name::kRedo, "&Redo", "Ctrl+Shift+Z; Ctrl+Y", "redo", ForRedo, kSavesRow, Redo},
+    {"mnuY_Rule"},
+    {"mnuY_Show", "&Show History...", "", "history", Always, kSavesRow, ShowHistory},
+};
+
 constexpr WindowCommand kHelp[] = {
     {"mnuH_HelpTopics", "&Help Topics", "F1", "help", Always, kLeavesRow, ShowHelp},
     {"mnuH_Rule"},
@@ -231,10 +249,13 @@ constexpr WindowCommand kHelp[] = {
     {"mnuH_About", "&About {product}", "", "about", Always, kLeavesRow, ShowAbout},
 };
 
+constexpr bool kAdded = true;
+
 constexpr WindowMenu kMenus[] = {
     {"mnuFile", "&File", kFile},
     {menu_name::kEdit, "&Edit", kEdit},
     {"mnuTools", "&Tools", kTools},
+    {"mnuHistory", "Histor&y", kHistory, kAdded},
     {"mnuHelp", "&Help", kHelp},
 };
 
@@ -286,6 +307,20 @@ const WindowButton* FindButton(std::string_view key)
         std::find_if(std::begin(kButtons), std::end(kButtons),
                      [key](const WindowButton& button) { return button.key == key; });
     return found == std::end(kButtons) ? nullptr : found;
+}
+
+std::string PlainCaptionOf(const WindowCommand& command)
+{
+    return Replace(Replace(CaptionOf(command), "&", ""), "...", "");
+}
+
+std::string PlainCaptionOf(const WindowButton& button)
+{
+    for (const WindowMenu& menu : kMenus)
+        for (const WindowCommand& command : menu.commands)
+            if (command.run == button.run)
+                return PlainCaptionOf(command);
+    return button.tip;
 }
 
 std::string CaptionOf(const WindowCommand& command)

@@ -20,7 +20,7 @@ using CommandAction = void (*)(frmController& window);
 struct WindowCommand {
     const char* name;               ///< the menu item's name
     const char* caption = nullptr;  ///< use CaptionOf; nullptr: a separator
-    const char* key = "";           ///< such as "Ctrl+I", "Del" or "F5"; empty: none
+    const char* key = "";           ///< such as "Ctrl+I", "Del" or "F5; F6"; empty: none
     const char* icon = "";          ///< file name of the drawing, without ".svg"; empty: none
     Enabled enabled = Enabled::Always;
     /// A row in edit is saved first. If it cannot be saved, the command does not run.
@@ -33,6 +33,7 @@ struct WindowMenu {
     const char* name;
     const char* caption;
     std::span<const WindowCommand> commands;
+    bool added = false;  ///< see Menu::Added
 };
 
 /// One button of the toolbar. A row in edit is always saved first.
@@ -56,6 +57,10 @@ struct WindowButton {
 /// nullptr if no button has the key.
 [[nodiscard]] const WindowButton* FindButton(std::string_view key);
 
+/// The caption as a text: without the letter's mark and without "...".
+[[nodiscard]] std::string PlainCaptionOf(const WindowCommand& command);
+/// The same of the command that the button runs; the tip of a button that runs no command.
+[[nodiscard]] std::string PlainCaptionOf(const WindowButton& button);
 /// The caption as a menu item has it: "&" precedes the access key; "-" is a separator.
 [[nodiscard]] std::string CaptionOf(const WindowCommand& command);
 

@@ -39,11 +39,14 @@ void WindowLayout::Resize(std::int32_t width, std::int32_t height)
     const std::int32_t treeHeight =
         AtLeastZero(height - metrics_.statusBarHeight - metrics_.toolbarHeight - kPixel);
     window_.TreeView.Place({0, top, metrics_.treeWidth, treeHeight});
-    const std::int32_t gridHeight = AtLeastZero(treeHeight - metrics_.totalsHeight);
+    const std::int32_t resultHeight = window_.result.Shown() ? metrics_.resultHeight : 0;
+    const std::int32_t gridHeight = AtLeastZero(treeHeight - metrics_.totalsHeight - resultHeight);
     const std::int32_t gridWidth = AtLeastZero(width - metrics_.treeWidth - 4 * kPixel);
     const std::int32_t gridLeft = metrics_.treeWidth + 2 * kPixel;
     window_.Grid.Place({gridLeft, top, gridWidth, gridHeight});
     PlaceTotals(top + gridHeight);
+    window_.result.Place({gridLeft, top + gridHeight + metrics_.totalsHeight,
+                          resultHeight == 0 ? 0 : gridWidth, resultHeight});
 }
 
 /// Their left edges and widths follow the grid's columns.

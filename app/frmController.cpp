@@ -1,5 +1,7 @@
 #include "app/frmController.h"
 
+#include <unistd.h>
+
 #include "app/OtherPrograms.h"
 #include "app/PrintedPage.h"
 #include "app/TreePlaces.h"
@@ -38,9 +40,11 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
       txtTotal("txtTotal", "0.00"),
       txtTotal2("txtTotal2", "0.00"),
       statusBar("StatusBar", 2),
+      result("ResultBar"),
       ports_(unlocked_.Around(ports)),
       layout_(*this, metrics),
       bars_(*this),
+      results_(*this),
       rows_(*this),
       importHost_(*this),
       exportHost_(ports_.files),
@@ -55,6 +59,7 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
     UpDown.Attach(txtYear);
     txtTotal.Locked(true);
     txtTotal2.Locked(true);
+    result.Changed().connect([this] { layout_.PlaceAgain(); });
     Resize(900, 600);
 }
 
@@ -68,6 +73,8 @@ void frmController::OpenGlobals()
                     ports_.messages, product::kTitle});
     globals_.database = std::make_unique<clsDatabase>(ports_.folder, *globals_.view, Grid);
     globals_.view->Use(*globals_.database);
+    history_ = std::make_unique<History>(
+        Data().Database(), [this] { return ports_.clock.Now(); }, std::to_string(getpid()));
     import_ =
         std::make_unique<modImport>(Data(), View(), importHost_, ports_.messages, ports_.clock);
     export_ = std::make_unique<modExport>(Data(), View(), exportHost_, ports_.clock);
@@ -111,7 +118,11 @@ void frmController::Settle()
         ShowStored();
         throw;
     }
+    history_->End();
     ShowStored();
+    if (history_->TakeChanged())
+        bars_.FollowHistory();
+    results_.Follow();
 }
 
 void frmController::Abandon() noexcept
@@ -119,6 +130,8 @@ void frmController::Abandon() noexcept
     if (!globals_.database)
         return;
     Data().Database().Abandon();
+    if (history_)
+        history_->End();
     if (!loaded_)
         return;
     stale_ = true;
@@ -166,10 +179,13 @@ void frmController::ReloadWindow()
     View().BuildTree();
     const std::int32_t node = NodeLike(TreeView, shown, selected);
     TreeView.Select(node != 0 ? node : TreeView.Selected());
-    if (node != 0)
+    // The shown account may have another number now.
+    const bool same =
+        !View().Definition().ofAccount || TreeView.Node(TreeView.Selected()).tag == shown.tag;
+    if (node != 0 && same)
         View().Refresh();
     else
-        NodeClicked(TreeView.Selected());
+        ShowSelected();
 }
 
 void frmController::Unload()
@@ -181,6 +197,7 @@ void frmController::Unload()
     Data().Database().Settle();
     export_.reset();
     import_.reset();
+    history_.reset();
     globals_.Release();
 }
 

@@ -10,6 +10,7 @@
 #include "app/Notices.h"
 #include "app/Ports.h"
 #include "app/RowEvents.h"
+#include "app/StepResult.h"
 #include "app/UnlockedPorts.h"
 #include "app/WindowLayout.h"
 #include "app/modGlobals.h"
@@ -17,10 +18,12 @@
 #include "controls/Form.h"
 #include "controls/Inputs.h"
 #include "controls/Menus.h"
+#include "controls/ResultBar.h"
 #include "controls/Tree.h"
 #include "controls/WorkProgress.h"
 #include "export/modExport.h"
 #include "grid/CVGrid.h"
+#include "history/History.h"
 #include "import/modImport.h"
 
 namespace clb {
@@ -73,6 +76,16 @@ public:
     /// Saves the grid's row in edit and unloads. Returns false if the row cannot be saved.
     bool Close();
 
+    /// The steps that commands have made. Only while the window is loaded.
+    History& Steps() { return *history_; }
+    /// Shows what Undo and Redo would do now. Throws EngineError.
+    void FollowHistory() { bars_.FollowHistory(); }
+    /// Says in the result bar what Undo and Redo have done.
+    StepResult& Results() { return results_; }
+    /// Shows the contents of the file again after rows were changed in another way than through the
+    /// grid.
+    void ReloadWindow();
+
     clsView& View() { return *globals_.view; }
     clsDatabase& Data() { return *globals_.database; }
     modImport& Import() { return *import_; }
@@ -113,6 +126,7 @@ public:
     TextBox txtTotal;
     TextBox txtTotal2;
     StatusBar statusBar;
+    ResultBar result;
     /// The progress of a long command.
     WorkProgress progress;
     /// The texts of the status bar's second panel while no long command runs.
@@ -124,18 +138,19 @@ private:
     void ShowPresentMonth();
     void NodeClicked(std::int32_t node);
     void ShowStored() noexcept;
-    void ReloadWindow();
     void ReleaseLock();
 
     Ports ports_;  // with those of unlocked_
     WindowLayout layout_;
     CommandBars bars_;
+    StepResult results_;
     RowEvents rows_;
     ImportHost importHost_;
     ExportHost exportHost_;
     bool loaded_ = false;
     bool stale_ = false;  // the window shows data that an error in writing has taken back
     modGlobals globals_;
+    std::unique_ptr<History> history_;
     std::unique_ptr<OtherPrograms> others_;
     std::unique_ptr<modImport> import_;
     std::unique_ptr<modExport> export_;

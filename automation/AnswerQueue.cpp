@@ -5,7 +5,7 @@
 namespace clb {
 namespace {
 
-constexpr std::array buttons = {BoxAnswer::OK, BoxAnswer::Cancel, BoxAnswer::Yes, BoxAnswer::No};
+constexpr std::array kButtons = {BoxAnswer::OK, BoxAnswer::Cancel, BoxAnswer::Yes, BoxAnswer::No};
 
 template <class Reply>
 std::optional<Reply> TakeHead(std::deque<AnswerQueue::Answer>& answers)
@@ -53,7 +53,7 @@ const char* NameOf(BoxAnswer button)
 
 std::optional<BoxAnswer> ButtonOf(const std::string& name)
 {
-    for (const BoxAnswer button : buttons)
+    for (const BoxAnswer button : kButtons)
         if (name == NameOf(button))
             return button;
     return std::nullopt;

@@ -20,7 +20,7 @@ struct TextProperty {
     const char* name;
     std::string clsOpenSave::*member;
 };
-constexpr TextProperty textProperties[] = {
+constexpr TextProperty kTextProperties[] = {
     {"FileExt", &clsOpenSave::FileExt},         {"InitDir", &clsOpenSave::InitDir},
     {"FileTitle", &clsOpenSave::FileTitle},     {"FileName", &clsOpenSave::FileName},
     {"DialogTitle", &clsOpenSave::DialogTitle}, {"DefaultExt", &clsOpenSave::DefaultExt},
@@ -30,7 +30,7 @@ struct LongProperty {
     const char* name;
     std::int32_t clsOpenSave::*member;
 };
-constexpr LongProperty longProperties[] = {
+constexpr LongProperty kLongProperties[] = {
     {"hWnd", &clsOpenSave::hWnd},
     {"MaxFileSize", &clsOpenSave::MaxFileSize},
     {"Flags", &clsOpenSave::Flags},
@@ -41,12 +41,12 @@ void SetProperty(clsOpenSave& dialog, const std::string& name, const Request& va
 {
     if (name == "Filter")
         return dialog.Filter(values.Text("Filter"));
-    for (const TextProperty& property : textProperties)
+    for (const TextProperty& property : kTextProperties)
         if (name == property.name) {
             dialog.*property.member = values.Text(property.name);
             return;
         }
-    for (const LongProperty& property : longProperties)
+    for (const LongProperty& property : kLongProperties)
         if (name == property.name) {
             dialog.*property.member = values.Long(property.name);
             return;
@@ -57,9 +57,9 @@ void SetProperty(clsOpenSave& dialog, const std::string& name, const Request& va
 Json Properties(const clsOpenSave& dialog)
 {
     Json values{{"Filter", dialog.Filter()}};
-    for (const TextProperty& property : textProperties)
+    for (const TextProperty& property : kTextProperties)
         values[property.name] = dialog.*property.member;
-    for (const LongProperty& property : longProperties)
+    for (const LongProperty& property : kLongProperties)
         values[property.name] = dialog.*property.member;
     return values;
 }
@@ -68,18 +68,18 @@ Json Properties(const clsOpenSave& dialog)
 
 void SetViewProperty(clsView& view, const std::string& property, const Value& value)
 {
-    constexpr const char* text = "a text";
-    constexpr const char* number = "a whole number";
+    constexpr const char* kText = "a text";
+    constexpr const char* kNumber = "a whole number";
     if (property == "View")
-        view.View(ReadAs<std::int32_t>(value, number));
+        view.View(ReadAs<std::int32_t>(value, kNumber));
     else if (property == "Period")
-        view.Period(ReadAs<std::int32_t>(value, number));
+        view.Period(ReadAs<std::int32_t>(value, kNumber));
     else if (property == "Year")
-        view.Year(ReadAs<std::int32_t>(value, number));
+        view.Year(ReadAs<std::int32_t>(value, kNumber));
     else if (property == "AccountType")
-        view.AccountType(ReadAs<std::string>(value, text));
+        view.AccountType(ReadAs<std::string>(value, kText));
     else if (property == "AccountID")
-        view.AccountID(ReadAs<std::string>(value, text));
+        view.AccountID(ReadAs<std::string>(value, kText));
     else if (property == "HoldRefresh")
         view.HoldRefresh(ReadAs<bool>(value, "true or false"));
     else

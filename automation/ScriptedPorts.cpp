@@ -121,7 +121,7 @@ void ScriptedModalHost::Perform(Form& form, const FormStep& step)
     switch (step.kind) {
         case FormStep::Kind::Read: Log(form, "read", false); break;
         case FormStep::Kind::Screenshot:
-            done = presenter_ && presenter_->Screenshot(step.file);
+            done = presenter_ != nullptr && presenter_->Screenshot(step.file);
             break;
         case FormStep::Kind::Work: {
             FormUser user(form);

@@ -3,22 +3,34 @@
 namespace clb {
 namespace {
 
+/// The lines of all menus, those of added menus last.
+std::vector<const MenuItem*> Lines(MenuBar& menus)
+{
+    std::vector<const MenuItem*> lines;
+    for (const bool added : {false, true})
+        for (const Menu& menu : menus.Menus())
+            if (menu.Added() == added)
+                for (const MenuItem& item : menu.Items())
+                    lines.push_back(&item);
+    return lines;
+}
+
 Json DescribeMenus(MenuBar& menus)
 {
     Json items = Json::object();
-    for (const Menu& menu : menus.Menus())
-        for (const MenuItem& item : menu.Items())
-            if (!item.Separator())
-                items[item.Name()] = {{"caption", item.Caption()}, {"enabled", item.Enabled()}};
+    for (const MenuItem* const line : Lines(menus)) {
+        const MenuItem& item = *line;
+        if (!item.Separator())
+            items[item.Name()] = {{"caption", item.Caption()}, {"enabled", item.Enabled()}};
+    }
     return items;
 }
 
 Json MenuOrder(MenuBar& menus)
 {
     Json names = Json::array();
-    for (const Menu& menu : menus.Menus())
-        for (const MenuItem& item : menu.Items())
-            names.push_back(item.Name());
+    for (const MenuItem* const line : Lines(menus))
+        names.push_back(line->Name());
     return names;
 }
 

@@ -1,11 +1,16 @@
+#include <limits>
+
 #include "app/OtherPrograms.h"
 #include "automation/CallOperations.h"
 #include "automation/StateReport.h"
 #include "automation/VerbTable.h"
+#include "history/HistoryJson.h"
 #include "json/RunSql.h"
 
 namespace clb {
 namespace {
+
+constexpr std::int64_t kAllSteps = std::numeric_limits<std::int64_t>::max();
 
 Json Window(Session& session, const Request&)
 {
@@ -42,8 +47,14 @@ Json Log(Session& session, const Request&)
     return {{"events", session.log.Take()}};
 }
 
+Json ListSteps(Session& session, const Request&)
+{
+    return {{"steps", ToJson(NewestSteps(session.controller.Steps(), kAllSteps))}};
+}
+
 Json Sql(Session& session, const Request& request)
 {
+    session.controller.Steps().Begin("SQL");
     return RunSql(session.controller.Data().Database(), request.Text("text"));
 }
 
@@ -51,6 +62,7 @@ Json Call(Session& session, const Request& request)
 {
     const Json none = Json::array();
     const Json& arguments = request.Has("args") ? request.Array("args") : none;
+    session.controller.Steps().Begin(request.Text("op"));
     return CallOperation(session.controller, request.Text("op"), arguments);
 }
 
@@ -82,10 +94,11 @@ Json Screenshot(Session& session, const Request& request)
 const VerbTable& SessionVerbs()
 {
     static const VerbTable verbs = {
-        {"window", {Window, false}}, {"tree", {TreeNodes, false}},
-        {"answer", {Answer, false}}, {"log", {Log, false}},
-        {"sql", {Sql, false}},       {"call", {Call, false}},
-        {"trace", {Trace, false}},   {"screenshot", {Screenshot, false}},
+        {"window", {Window, false}},     {"tree", {TreeNodes, false}},
+        {"answer", {Answer, false}},     {"log", {Log, false}},
+        {"sql", {Sql, false}},           {"call", {Call, false}},
+        {"trace", {Trace, false}},       {"screenshot", {Screenshot, false}},
+        {"history", {ListSteps, false}},
     };
     return verbs;
 }

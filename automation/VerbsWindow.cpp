@@ -104,10 +104,10 @@ Json PressToolbar(Session& session, const Request& request)
 
 Json Resize(Session& session, const Request& request)
 {
-    constexpr std::int32_t largest = 32767;
+    constexpr std::int32_t kLargest = 32767;
     const std::int32_t width = request.Long("width");
     const std::int32_t height = request.Long("height");
-    if (width < 0 || width > largest || height < 0 || height > largest)
+    if (width < 0 || width > kLargest || height < 0 || height > kLargest)
         throw RequestError("Wrong argument: a size must be from 0 to 32767");
     if (session.presenter)
         session.presenter->Resize(width, height);

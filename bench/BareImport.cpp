@@ -82,9 +82,9 @@ private:
 
     void ReadIdentifiers()
     {
-        constexpr std::size_t bytesARecord =
+        constexpr std::size_t kBytesARecord =
             128;  // an estimate that makes room for all of them at once
-        known_.reserve(text_.size() / bytesARecord);
+        known_.reserve(text_.size() / kBytesARecord);
         BareStatement read = database_.Prepare("SELECT FITID FROM Trans WHERE AccountID = ?");
         read.Bind(1, account_);
         while (read.Step())
@@ -93,16 +93,16 @@ private:
 
     std::string_view Next()
     {
-        constexpr std::string_view open = "<STMTTRN>";
-        constexpr std::string_view close = "</STMTTRN>";
-        const std::size_t found = text_.find(open, at_);
+        constexpr std::string_view kOpen = "<STMTTRN>";
+        constexpr std::string_view kClose = "</STMTTRN>";
+        const std::size_t found = text_.find(kOpen, at_);
         if (found == std::string_view::npos)
             return {};
-        const std::size_t start = found + open.size();
-        const std::size_t end = text_.find(close, start);
+        const std::size_t start = found + kOpen.size();
+        const std::size_t end = text_.find(kClose, start);
         if (end == std::string_view::npos)
             return {};
-        at_ = end + close.size();
+        at_ = end + kClose.size();
         return text_.substr(start, end - start);
     }
 

@@ -20,13 +20,15 @@ namespace clb {
 namespace {
 
 constexpr std::string_view kNone = "(none)";
+/// Has an address, unlike a default text, which would be stored as null.
+constexpr std::string_view kEmpty{"", 0};
 
 /// The lines between two record ends. The texts refer to the file.
 struct Record {
     std::int64_t amount = 0;
-    std::string_view check = "";
-    std::string_view memo = "";
-    std::string_view payee = "";
+    std::string_view check = kEmpty;
+    std::string_view memo = kEmpty;
+    std::string_view payee = kEmpty;
     std::string_view category = kNone;
 };
 
@@ -108,7 +110,7 @@ private:
         std::snprintf(date_.data(), date_.size(), "%04d-%02d-%02d", static_cast<int>(year_),
                       static_cast<int>(period_), static_cast<int>(day));
     }
-    std::string_view Date() const { return date_.data(); }
+    [[nodiscard]] std::string_view Date() const { return date_.data(); }
 
     bool Known()
     {

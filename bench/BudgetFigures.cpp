@@ -73,7 +73,7 @@ public:
         texts_.push_back(Money::FromScaled(actual_).Grouped());
     }
 
-    const Texts& Get() const { return texts_; }
+    [[nodiscard]] const Texts& Get() const { return texts_; }
 
 private:
     static constexpr std::size_t kShownColumns = 5;

@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "bench/BudgetFigures.h"
+#include "bench/HistoryFigures.h"
 #include "bench/ImportFigures.h"
 #include "bench/RegisterFigures.h"
 #include "bench/SavingFigures.h"
@@ -27,14 +28,18 @@ struct Measurement {
     std::vector<std::string> names;
     std::vector<clb::Figure> (*run)(const clb::WorkFolder& work, int rounds);
 };
-const Measurement kMeasurements[] = {{{"import", "memory", "again"}, clb::MeasureImport},
-                                     {{"scaling"}, clb::MeasureScaling},
-                                     {{"qif", "qifagain"}, clb::MeasureQif},
-                                     {{"export", "exportmemory"}, clb::MeasureExport},
-                                     {{"start", "startmillion", "startpeak"}, clb::MeasureStart},
-                                     {{"register", "rows"}, clb::MeasureRegister},
-                                     {{"budget"}, clb::MeasureBudget},
-                                     {{"saving", "others"}, clb::MeasureSaving}};
+const Measurement kMeasurements[] = {
+    {{"import", "memory", "again"}, clb::MeasureImport},
+    {{"scaling"}, clb::MeasureScaling},
+    {{"historyimport", "undo", "importbytes"}, clb::MeasureHistoryOfImport},
+    {{"qif", "qifagain"}, clb::MeasureQif},
+    {{"export", "exportmemory"}, clb::MeasureExport},
+    {{"start", "startmillion", "startpeak"}, clb::MeasureStart},
+    {{"register", "rows"}, clb::MeasureRegister},
+    {{"budget"}, clb::MeasureBudget},
+    {{"historylist"}, clb::MeasureHistoryList},
+    {{"saving", "others"}, clb::MeasureSaving},
+    {{"historysaving", "editbytes"}, clb::MeasureHistoryOfSaving}};
 
 std::vector<std::string> Names()
 {

@@ -61,26 +61,26 @@ GrowthCell MeasureOpening(const std::string& folder, int rounds)
 
 GrowthCell MeasureNetWorth(const std::string& folder, int rounds)
 {
-    constexpr int shows = 100;
+    constexpr int kShows = 100;
     NoForms forms;
     Program program(folder, forms);
     BareDatabase database(DatabasePath(folder));
     Rounds costs;
     for (int round = 0; round < rounds; ++round) {
         const Stopwatch watch;
-        for (int show = 0; show < shows; ++show)
+        for (int show = 0; show < kShows; ++show)
             program.Window().View().Refresh();
         costs.ours.push_back(watch.Elapsed());
         const Stopwatch bareWatch;
         AccountsRead read;
-        for (int show = 0; show < shows; ++show)
+        for (int show = 0; show < kShows; ++show)
             read = ReadAccounts(database);
         costs.reference.push_back(bareWatch.Elapsed());
         if (program.Window().txtTotal2.Text() != Money::FromScaled(read.worth).Grouped())
             throw std::runtime_error("the net worth and its reference differ");
     }
     Figure figure;
-    CompareTimes(figure, costs, {shows, shows, kMilli});
+    CompareTimes(figure, costs, {kShows, kShows, kMilli});
     return {figure.ours, figure.reference};
 }
 

@@ -90,7 +90,7 @@ std::vector<GrowthCell> MeasureStatements(const WorkFolder& work, std::int64_t t
     const Cost againBare = ImportAll(work, statements, reference, ImportBare);
     RequireSameLedger(DatabasePath(ours), DatabasePath(reference));
     const Exports exports = MeasureExports(work, ours, statements.front().account);
-    const std::vector<GrowthCell> cells = {
+    std::vector<GrowthCell> cells = {
         {first.processor, firstBare.processor},
         {again.processor, againBare.processor},
         {MebiBytes(first.peakBytes), MebiBytes(firstBare.peakBytes)},

@@ -64,13 +64,13 @@ Figure MemoryFigure(const ImportRounds& result)
     std::vector<double> peaks;
     for (const Cost& cost : result.first.ours)
         peaks.push_back(static_cast<double>(cost.peakBytes));
-    constexpr double mebi = 1024.0 * 1024.0;
+    constexpr double kMebi = 1024.0 * 1024.0;
     const double peak = Median(peaks);
     Figure figure{.name = "memory",
                   .title = "peak memory of that import / the file's size",
                   .unit = "MiB",
-                  .ours = peak / mebi,
-                  .reference = result.fileBytes / mebi,
+                  .ours = peak / kMebi,
+                  .reference = result.fileBytes / kMebi,
                   .ratio = peak / result.fileBytes,
                   .wallRatio = {},
                   .limit = 6};

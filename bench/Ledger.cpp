@@ -96,7 +96,7 @@ private:
     void AddAccount(const std::string& account, bool inBudget)
     {
         addAccount_.Bind(1, account);
-        addAccount_.Bind(2, std::int64_t{inBudget});
+        addAccount_.Bind(2, std::int64_t{inBudget ? 1 : 0});
         addAccount_.Step();
     }
 
@@ -197,7 +197,7 @@ std::string DeliverLedger(const WorkFolder& work, LedgerSize size)
         "books-" + std::to_string(size.accounts) + '-' + std::to_string(size.months);
     if (HoldsDatabase(work.Path(name)))
         return work.Path(name);
-    const std::string folder = work.Deliver(name);
+    std::string folder = work.Deliver(name);
     FillLedger(DatabasePath(folder), size);
     work.Flush();
     return folder;

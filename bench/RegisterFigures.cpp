@@ -115,11 +115,11 @@ private:
         return rows;
     }
 
-    std::int32_t View() const override { return vwAccount; }
-    std::int32_t Period() const override { return month_.period; }
-    std::int32_t Year() const override { return month_.year; }
-    const std::string& AccountType() const override { return type_; }
-    const std::string& AccountID() const override { return account_; }
+    [[nodiscard]] std::int32_t View() const override { return vwAccount; }
+    [[nodiscard]] std::int32_t Period() const override { return month_.period; }
+    [[nodiscard]] std::int32_t Year() const override { return month_.year; }
+    [[nodiscard]] const std::string& AccountType() const override { return type_; }
+    [[nodiscard]] const std::string& AccountID() const override { return account_; }
     Value ColumnValue(std::int32_t) override { return Null(); }
     void ColumnValue(std::int32_t, const Value&) override {}
 

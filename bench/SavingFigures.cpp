@@ -6,62 +6,13 @@
 #include "bench/BareSaving.h"
 #include "bench/Ledger.h"
 #include "bench/SameLedger.h"
-#include "cli/Program.h"
-#include "data/ViewColumns.h"
+#include "bench/ShownPurse.h"
 #include "platform/ProgramFolder.h"
-#include "views/NodeTag.h"
 
 namespace clb {
-namespace {
-
-/// Returns another amount each time.
-Money AmountOf(std::int32_t turn)
-{
-    return Money::FromScaled(-(std::int64_t{turn} % 30'000 + 1) * 100);
-}
-
-/// The program's window, showing the purse's register. An account with more transactions would only
-/// add to the sums, which both sides make in the same way.
-class ShownPurse {
-public:
-    ShownPurse(const std::string& folder, LedgerSize size) : program_(folder, forms_)
-    {
-        program_.ChooseMonth(LastPurseMonth(size));
-        program_.PressNode(node_tag::OfAccount(vwAccount, LedgerPurse()));
-    }
-
-    std::size_t Rows() { return Grid().Rows().NewRow() - 1; }
-
-    /// Types another amount into a row, counted from 0, leaves the row and waits until it is
-    /// durable.
-    Cost Save(std::size_t row, Money amount)
-    {
-        const std::string text = amount.Grouped();
-        const Stopwatch watch;
-        GridComponent& grid = Grid();
-        grid.MoveTo(row + 1, Register::Amount);
-        grid.Editing(true);
-        grid.EditText(text);
-        if (!grid.Update())
-            throw std::runtime_error("the row was refused");
-        program_.Window().Data().Database().Settle();
-        return watch.Elapsed();
-    }
-
-    const std::string& Balance() { return program_.Window().txtTotal.Text(); }
-
-private:
-    GridComponent& Grid() { return program_.Window().Grid; }
-
-    NoForms forms_;
-    Program program_;
-};
-
-}  // namespace
-
 std::string CopyBooks(const WorkFolder& work, const std::string& folder)
 {
-    const std::string copy = work.Deliver("copy");
+    std::string copy = work.Deliver("copy");
     std::filesystem::copy_file(DatabasePath(folder), DatabasePath(copy),
                                std::filesystem::copy_options::overwrite_existing);
     work.Flush();

@@ -62,7 +62,7 @@ private:
         return texts[Below(static_cast<std::uint32_t>(texts.size()))];
     }
 
-    std::string Day(std::int32_t number) const
+    [[nodiscard]] std::string Day(std::int32_t number) const
     {
         const auto days = std::int64_t{number} * kDays / count_;
         const Date day =

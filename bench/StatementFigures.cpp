@@ -72,7 +72,7 @@ std::string BooksOf(const WorkFolder& work, const std::string& name, std::int32_
 {
     const std::string statement = work.Path(name + ".ofx");
     WriteStatement(statement, rows);
-    const std::string folder = work.Deliver(name);
+    std::string folder = work.Deliver(name);
     RunProgram({CLB_PROGRAM, "import", statement, "--create", kAccount, "--home", folder});
     return folder;
 }
@@ -134,13 +134,13 @@ std::vector<Figure> MeasureExport(const WorkFolder& work, int rounds)
         const Cost most = Export(more, kAccount, large);
         growth.push_back(static_cast<double>(most.peakBytes - times.ours.back().peakBytes));
     }
-    constexpr double mebi = 1024.0 * 1024.0;
+    constexpr double kMebi = 1024.0 * 1024.0;
     const double text = Bytes(large) - Bytes(ours);
     const Figure memory{.name = "exportmemory",
                         .title = "memory of exporting 100,000 rows more / their text",
                         .unit = "MiB",
-                        .ours = Median(growth) / mebi,
-                        .reference = text / mebi,
+                        .ours = Median(growth) / kMebi,
+                        .reference = text / kMebi,
                         .ratio = Median(growth) / text,
                         .wallRatio = {},
                         .limit = 1};

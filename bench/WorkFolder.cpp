@@ -37,7 +37,8 @@ std::string FileSystemName(const fs::path& path)
 WorkFolder::WorkFolder()
 {
     const char* parent = getenv("TMPDIR");
-    std::string name = std::string(parent && *parent ? parent : "/var/tmp") + "/clb-bench-XXXXXX";
+    std::string name =
+        std::string(parent && *parent != 0 ? parent : "/var/tmp") + "/clb-bench-XXXXXX";
     if (!mkdtemp(name.data()))
         throw std::runtime_error("cannot make a folder " + name);
     path_ = name;
@@ -51,7 +52,7 @@ WorkFolder::~WorkFolder()
 
 std::string WorkFolder::Deliver(const std::string& name) const
 {
-    const std::string folder = Path(name);
+    std::string folder = Path(name);
     fs::remove_all(folder);
     DeliverFolder(folder, EmptyDatabase());
     return folder;

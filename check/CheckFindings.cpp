@@ -46,6 +46,9 @@ constexpr Meaning kMeanings[] = {
     {"trigger",
      "It does something by itself whenever the program writes. Another program made it."},
     {"view", "This program does not read it. Another program made it."},
+    {"history",
+     "Undo and redo stop at this step. A repair drops it from the history, with the steps that can "
+     "only be reached through it. Nothing else is lost."},
 };
 
 const char* MeaningOf(const std::string& kind)

@@ -12,8 +12,8 @@ namespace clb {
 /// One problem of a database, or several rows with the same problem.
 struct Finding {
     /// "damage", "table", "column", "cell", "text", "number", "counter", "account", "orphan",
-    /// "balance", "noticed", "category", "month", "index", "trigger" or "view"; "clb check" adds
-    /// "backup".
+    /// "balance", "noticed", "category", "month", "index", "trigger", "view" or "history"; "clb
+    /// check" adds "backup".
     std::string kind{};
     std::string table{};  ///< empty for damage and backup
     std::string text{};   ///< the problem and its place, a sentence

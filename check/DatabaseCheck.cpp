@@ -122,6 +122,7 @@ DatabaseCheck::DatabaseCheck(RawSql& raw) : raw_(raw)
     findings_.Append(months_);
     Try("The schema", [&] { schema.FindHelpers(findings_); });
     plan_.schema = schema.Missing();
+    Try("The history", [&] { plan_.history = CheckHistory(raw_, findings_).Repair(); });
 }
 
 void DatabaseCheck::Scan(const std::string& table, const TableInfo& expected)

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "check/CheckFindings.h"
+#include "check/CheckHistory.h"
 #include "check/CheckNumbers.h"
 #include "check/CheckRows.h"
 #include "data/NoticedBalances.h"
@@ -35,16 +36,13 @@ struct RepairPlan {
     std::vector<NewNumber> numbers;
     std::vector<std::string> schema;  ///< makes missing indexes and triggers, in the storage's SQL
     std::vector<BudgetLine> budgetLines;
-
-    [[nodiscard]] bool Empty() const
-    {
-        return balances.empty() && numbers.empty() && schema.empty() && budgetLines.empty();
-    }
+    HistoryRepair history;
 };
 
 /// Checks everything in a database that the program relies on: every cell, numbers, accounts,
-/// balances, categories, months, the noticed balances that the user has not acknowledged, and what
-/// the file declares. A million rows take a few seconds. What cannot be read is also a finding.
+/// balances, categories, months, the noticed balances that the user has not acknowledged, what the
+/// file declares, and the history. A million rows take a few seconds. What cannot be read is also a
+/// finding.
 class DatabaseCheck {
 public:
     /// Borrows the database. Throws EngineError only if another program locks it.

@@ -1,26 +1,41 @@
 #include "check/DatabaseRepair.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <optional>
 
 #include "check/DatabaseCheck.h"
 #include "data/Backups.h"
 #include "engine/rows/Connection.h"
 #include "engine/rows/RawSql.h"
 #include "engine/storage/EngineError.h"
+#include "history/History.h"
 
 namespace clb {
 namespace {
 
-/// Rolls back what was not settled.
-class Undivided {
+/// One command on a database, which is a step of its history. Rolled back unless it is finished.
+class OneCommand {
 public:
-    explicit Undivided(Connection& connection) : connection_(connection) { connection.Lock(); }
-    ~Undivided() { connection_.Abandon(); }
-    Undivided(const Undivided&) = delete;
-    Undivided& operator=(const Undivided&) = delete;
+    OneCommand(const std::string& folder, const Date& now, const std::string& name)
+    {
+        connection_.Open("Data Source=" + folder + "/db/clb.mdb");
+        history_.emplace(
+            connection_, [now] { return now; }, std::to_string(getpid()));
+        history_->Begin(name);
+        connection_.Lock();
+    }
+    ~OneCommand() { connection_.Abandon(); }
+    OneCommand(const OneCommand&) = delete;
+    OneCommand& operator=(const OneCommand&) = delete;
+
+    Connection& Database() { return connection_; }
+    void Finish() { connection_.Settle(); }
 
 private:
-    Connection& connection_;
+    Connection connection_;
+    std::optional<History> history_;
 };
 
 bool IsRepairable(const DatabaseReport& report)
@@ -70,35 +85,42 @@ RepairReport Apply(Connection& connection, const Date& now)
     MakeBudgetLines(raw, plan.budgetLines);
     for (const std::string& sql : plan.schema)
         raw.Write(sql);
-    return {.balances = static_cast<std::int32_t>(plan.balances.size()),
-            .numbers = static_cast<std::int32_t>(plan.numbers.size()),
-            .schema = static_cast<std::int32_t>(plan.schema.size()),
-            .budgetLines = static_cast<std::int32_t>(plan.budgetLines.size())};
+    // The step of this repair is written after this, when the command is settled.
+    for (const std::string& sql : plan.history.sql)
+        raw.Write(sql);
+    RepairReport report{.balances = static_cast<std::int32_t>(plan.balances.size()),
+                        .numbers = static_cast<std::int32_t>(plan.numbers.size()),
+                        .schema = static_cast<std::int32_t>(plan.schema.size()),
+                        .budgetLines = static_cast<std::int32_t>(plan.budgetLines.size())};
+    if (!plan.history.sql.empty())
+        report.steps = plan.history.steps;
+    return report;
 }
 
 }  // namespace
 
-RepairReport RepairDatabase(const std::string& folder, const Date& now)
+RepairReport RepairDatabase(const std::string& folder, const Date& now, Noticed noticed)
 {
-    if (!IsRepairable(CheckDatabase(folder)))
-        return {};
-    const std::string backup = Backups(folder).Before("repair", now);
-    Connection connection;
-    connection.Open("Data Source=" + folder + "/db/clb.mdb");
-    const Undivided command(connection);
-    RepairReport report = Apply(connection, now);
-    report.backup = backup;
-    connection.Settle();
+    RepairReport report;
+    if (IsRepairable(CheckDatabase(folder))) {
+        const std::string backup = Backups(folder).Before("repair", now);
+        OneCommand command(folder, now, "Repair");
+        report = Apply(command.Database(), now);
+        report.backup = backup;
+        if (noticed == Noticed::Accept)
+            report.accepted = noticed_balances::TakeNote(command.Database(), now);
+        command.Finish();
+    } else if (noticed == Noticed::Accept) {
+        report.accepted = AcceptBalances(folder, now);
+    }
     return report;
 }
 
 std::int32_t AcceptBalances(const std::string& folder, const Date& now)
 {
-    Connection connection;
-    connection.Open("Data Source=" + folder + "/db/clb.mdb");
-    const Undivided command(connection);
-    const std::int32_t accepted = noticed_balances::TakeNote(connection, now);
-    connection.Settle();
+    OneCommand command(folder, now, "Accept Balances");
+    const std::int32_t accepted = noticed_balances::TakeNote(command.Database(), now);
+    command.Finish();
     return accepted;
 }
 

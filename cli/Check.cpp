@@ -22,12 +22,6 @@ struct CheckOptions : FolderOptions {
     bool accept = false;
 };
 
-/// What the command changed.
-struct Changes {
-    RepairReport repair;
-    std::int32_t accepted = 0;
-};
-
 bool Has(const DatabaseReport& report, const char* kind)
 {
     return std::any_of(report.findings.begin(), report.findings.end(),
@@ -44,7 +38,7 @@ bool HasTrueVersion(const DatabaseReport& report)
 std::string VersionText(const DatabaseReport& report)
 {
     const std::int16_t version = report.schemaVersion;
-    const std::string text = "Schema version " + std::to_string(version);
+    std::string text = "Schema version " + std::to_string(version);
     if (version > kSchemaVersion)
         return text + ": a later program's; this one knows version " +
                std::to_string(kSchemaVersion) + " and takes the file as it is";
@@ -73,13 +67,17 @@ Json ToJson(const Finding& finding)
 
 Json ToJson(const RepairReport& repair)
 {
-    return {{"balances", repair.balances},
-            {"numbers", repair.numbers},
-            {"schema", repair.schema},
-            {"budgetLines", repair.budgetLines}};
+    Json printed{{"balances", repair.balances},
+                 {"numbers", repair.numbers},
+                 {"schema", repair.schema},
+                 {"budgetLines", repair.budgetLines}};
+    if (repair.steps)
+        printed["historySteps"] = *repair.steps;
+    return printed;
 }
 
-void PrintJson(const DatabaseReport& report, const CheckOptions& options, const Changes& changes)
+void PrintJson(const DatabaseReport& report, const CheckOptions& options,
+               const RepairReport& repair)
 {
     Json findings = Json::array();
     for (const Finding& finding : report.findings)
@@ -89,12 +87,12 @@ void PrintJson(const DatabaseReport& report, const CheckOptions& options, const 
                  {"programVersion", kSchemaVersion},
                  {"findings", findings}};
     if (options.repair) {
-        printed["repaired"] = changes.repair.balances;
-        printed["repairs"] = ToJson(changes.repair);
-        printed["backup"] = changes.repair.backup.empty() ? Json() : Json(changes.repair.backup);
+        printed["repaired"] = repair.balances;
+        printed["repairs"] = ToJson(repair);
+        printed["backup"] = repair.backup.empty() ? Json() : Json(repair.backup);
     }
     if (options.accept)
-        printed["accepted"] = changes.accepted;
+        printed["accepted"] = repair.accepted;
     std::cout << ToLine(printed) << '\n';
 }
 
@@ -109,17 +107,19 @@ void PrintRepair(const RepairReport& repair)
         std::cout << "Budget lines made: " << repair.budgetLines << '\n';
     if (repair.schema > 0)
         std::cout << "Indexes and triggers made: " << repair.schema << '\n';
+    if (repair.steps)
+        std::cout << "Steps dropped from the history: " << *repair.steps << '\n';
 }
 
-void Print(const DatabaseReport& report, const CheckOptions& options, const Changes& changes)
+void Print(const DatabaseReport& report, const CheckOptions& options, const RepairReport& repair)
 {
     std::cout << report.file << '\n';
     if (!Has(report, "damage"))
         std::cout << VersionText(report) << '\n';
     if (options.repair)
-        PrintRepair(changes.repair);
+        PrintRepair(repair);
     if (options.accept)
-        std::cout << "Noticed balances taken note of: " << changes.accepted << '\n';
+        std::cout << "Noticed balances taken note of: " << repair.accepted << '\n';
     std::size_t number = 0;
     for (const Finding& finding : report.findings) {
         std::cout << ++number << ". " << Printable(finding.text) << '\n'
@@ -149,17 +149,17 @@ int RunCheck(const CheckOptions& options)
 {
     const std::string folder = OpenFolder(options.home);
     const Date now = SystemClock().Now();
-    Changes changes;
+    RepairReport repair;
     if (options.repair)
-        changes.repair = RepairDatabase(folder, now);
-    if (options.accept)
-        changes.accepted = AcceptBalances(folder, now);
+        repair = RepairDatabase(folder, now, options.accept ? Noticed::Accept : Noticed::Keep);
+    else if (options.accept)
+        repair.accepted = AcceptBalances(folder, now);
     DatabaseReport report = CheckDatabase(folder);
     FindBackup(report, folder);
     if (options.json)
-        PrintJson(report, options, changes);
+        PrintJson(report, options, repair);
     else
-        Print(report, options, changes);
+        Print(report, options, repair);
     return report.findings.empty() ? 0 : kFound;
 }
 
@@ -174,7 +174,7 @@ void AddCheck(CLI::App& app, int& exitCode)
         "--repair", options->repair,
         "Repair what can be repaired exactly, after a backup: balances that differ from the "
         "sums of their rows, transaction numbers that occur twice, missing indexes and "
-        "budget lines");
+        "budget lines, a broken history");
     command.Flag(
         "--accept", options->accept,
         "Take note of the balances that did not fit their rows when they were stored anew; "

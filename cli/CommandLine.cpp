@@ -41,6 +41,12 @@ Argument& Argument::OneOf(const std::vector<std::string>& texts)
     return *this;
 }
 
+Argument& Argument::Positive()
+{
+    option_->check(CLI::PositiveNumber);
+    return *this;
+}
+
 Argument& Argument::Between(std::int32_t least, std::int32_t most)
 {
     option_->check(CLI::Range(least, most));
@@ -81,6 +87,17 @@ Argument Command::Take(const std::string& name, std::int32_t& value, const std::
 }
 
 Argument Command::Take(const std::string& name, std::optional<std::int32_t>& value,
+                       const std::string& help)
+{
+    return Argument(*command_->add_option(name, value, help));
+}
+
+Argument Command::Take(const std::string& name, std::int64_t& value, const std::string& help)
+{
+    return Argument(*command_->add_option(name, value, help));
+}
+
+Argument Command::Take(const std::string& name, std::optional<std::int64_t>& value,
                        const std::string& help)
 {
     return Argument(*command_->add_option(name, value, help));

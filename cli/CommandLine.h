@@ -39,6 +39,7 @@ public:
 
     Argument& Check(const TextCheck& check);
     Argument& OneOf(const std::vector<std::string>& texts);
+    Argument& Positive();
     /// Both ends are allowed.
     Argument& Between(std::int32_t least, std::int32_t most);
 
@@ -65,6 +66,9 @@ public:
                   const std::string& help);
     Argument Take(const std::string& name, std::int32_t& value, const std::string& help);
     Argument Take(const std::string& name, std::optional<std::int32_t>& value,
+                  const std::string& help);
+    Argument Take(const std::string& name, std::int64_t& value, const std::string& help);
+    Argument Take(const std::string& name, std::optional<std::int64_t>& value,
                   const std::string& help);
     Argument Take(const std::string& name, std::vector<std::string>& values,
                   const std::string& help);

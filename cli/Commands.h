@@ -30,5 +30,8 @@ void AddQuoteServer(CLI::App& app, int& exitCode);
 void AddBackup(CLI::App& app, int& exitCode);
 void AddRestore(CLI::App& app, int& exitCode);
 void AddCheck(CLI::App& app, int& exitCode);
+void AddHistory(CLI::App& app, int& exitCode);
+void AddUndo(CLI::App& app, int& exitCode);
+void AddRedo(CLI::App& app, int& exitCode);
 
 }  // namespace clb

@@ -22,12 +22,12 @@ std::string FirstLines(const std::string& text, int count)
 /// skipped lines is printed whole, but each of its lines is cut: a line can be as long as a file.
 std::string Shortened(const std::string& text)
 {
-    constexpr std::size_t longest = 200;
+    constexpr std::size_t kLongest = 200;
     if (!text.starts_with(kLinesSkipped))
         return FirstLines(text, 2);
     std::string shortened;
     for (const std::string& line : Split(text, '\n')) {
-        const std::string start = Left(line, longest);
+        const std::string start = Left(line, kLongest);
         shortened +=
             (shortened.empty() ? "" : "\n") + start + (start.size() < line.size() ? "..." : "");
     }

@@ -14,11 +14,11 @@ namespace {
 /// The data store needs a view and a row. The household is made without either.
 class NothingShown : public IShownState, public ICurrentRow {
 public:
-    std::int32_t View() const override { return 0; }
-    std::int32_t Period() const override { return 0; }
-    std::int32_t Year() const override { return 0; }
-    const std::string& AccountType() const override { return none_; }
-    const std::string& AccountID() const override { return none_; }
+    [[nodiscard]] std::int32_t View() const override { return 0; }
+    [[nodiscard]] std::int32_t Period() const override { return 0; }
+    [[nodiscard]] std::int32_t Year() const override { return 0; }
+    [[nodiscard]] const std::string& AccountType() const override { return none_; }
+    [[nodiscard]] const std::string& AccountID() const override { return none_; }
     Value ColumnValue(std::int32_t) override { return Null{}; }
     void ColumnValue(std::int32_t, const Value&) override {}
 
@@ -41,12 +41,12 @@ constexpr const char* kFund = "INV-7781";
 constexpr const char* kCarLoan = "LN-2210";
 
 constexpr std::array<DemoAccount, 6> kAccounts{{
-    {kChecking, "Everyday Checking", account_type::Bank, 2150},
-    {kSavings, "Rainy Day Savings", account_type::Bank, 6400},
-    {kWallet, "Wallet", account_type::Cash, 80},
-    {kCard, "Harbour Visa", account_type::CreditCard, -310},
-    {kFund, "Retirement Fund", account_type::Investment, 0},
-    {kCarLoan, "Car Loan", account_type::Loan, 0},
+    {kChecking, "Everyday Checking", account_type::kBank, 2150},
+    {kSavings, "Rainy Day Savings", account_type::kBank, 6400},
+    {kWallet, "Wallet", account_type::kCash, 80},
+    {kCard, "Harbour Visa", account_type::kCreditCard, -310},
+    {kFund, "Retirement Fund", account_type::kInvestment, 0},
+    {kCarLoan, "Car Loan", account_type::kLoan, 0},
 }};
 
 struct DemoLine {
@@ -145,13 +145,14 @@ private:
             std::int32_t bought;
             std::int32_t last;
         };
-        constexpr std::array<Holding, 3> holdings{{{"NWND", "Northwind Traders", 40, 2210, 3145},
-                                                   {"HRBR", "Harbour Shipping", 120, 880, 1012},
-                                                   {"MPLE", "Maple Index Fund", 65.5, 5120, 6388}}};
+        constexpr std::array<Holding, 3> kHoldings{
+            {{"NWND", "Northwind Traders", 40, 2210, 3145},
+             {"HRBR", "Harbour Shipping", 120, 880, 1012},
+             {"MPLE", "Maple Index Fund", 65.5, 5120, 6388}}};
         Recordset rows;
         data_.Fill(rows, "SELECT * FROM Investment", false);
         std::int32_t age = 700;
-        for (const Holding& holding : holdings) {
+        for (const Holding& holding : kHoldings) {
             rows.AddNew();
             rows.Set("StockSymbol", std::string(holding.symbol));
             rows.Set("StockName", std::string(holding.name));

@@ -28,7 +28,7 @@ namespace fs = std::filesystem;
 struct ImportOptions : FolderOptions {
     std::vector<std::string> words;
     std::optional<std::string> create;
-    std::string type = account_type::Bank;
+    std::string type = account_type::kBank;
     std::optional<std::string> map;
     std::optional<std::string> qifAccount;
     std::string dateOrder = "mdy";
@@ -50,10 +50,10 @@ public:
     /// answer is called when the dialog opens. The book is locked then, so what answer finds in the
     /// book stays true.
     void AnswerWith(std::function<Answer()> answer) { ask_ = std::move(answer); }
-    const Answer& Given() const { return answer_; }
-    bool Asked() const { return asked_; }
+    [[nodiscard]] const Answer& Given() const { return answer_; }
+    [[nodiscard]] bool Asked() const { return asked_; }
     /// Whether the dialog opened and no account was given.
-    bool Missing() const { return missing_; }
+    [[nodiscard]] bool Missing() const { return missing_; }
 
     void Run(Form& form) override
     {

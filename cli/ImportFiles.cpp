@@ -104,7 +104,7 @@ std::string TrialFolder::CopyStatement(const std::string& path) const
     const fs::path place = folder_.Path("statement");
     fs::remove_all(place, failure);
     fs::create_directory(place, failure);
-    const std::string copy = (place / fs::path(path).filename()).string();
+    std::string copy = (place / fs::path(path).filename()).string();
     if (!fs::is_regular_file(path, failure) || !fs::copy_file(path, copy, failure))
         return path;
     fs::permissions(copy, fs::perms::owner_read | fs::perms::owner_write, failure);

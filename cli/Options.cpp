@@ -27,7 +27,7 @@ struct OptionsToSet : FolderOptions {
     std::vector<std::string> count;
     std::vector<std::string> noCount;
 
-    bool Change() const { return bankUrl || !count.empty() || !noCount.empty(); }
+    [[nodiscard]] bool Change() const { return bankUrl || !count.empty() || !noCount.empty(); }
 };
 
 /// The columns of the dialog's list.

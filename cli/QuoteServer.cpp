@@ -31,13 +31,13 @@ struct ServerOptions {
 /// request.
 std::optional<std::string> SymbolOf(std::string_view target)
 {
-    constexpr std::string_view before = "/d/quotes.csv?s=";
-    constexpr std::string_view after = "&f=sl1d1t1c1p2ohgbav&e=.csv";
-    if (target.size() < before.size() + after.size() || !target.starts_with(before) ||
-        !target.ends_with(after))
+    constexpr std::string_view kBefore = "/d/quotes.csv?s=";
+    constexpr std::string_view kAfter = "&f=sl1d1t1c1p2ohgbav&e=.csv";
+    if (target.size() < kBefore.size() + kAfter.size() || !target.starts_with(kBefore) ||
+        !target.ends_with(kAfter))
         return std::nullopt;
-    target.remove_prefix(before.size());
-    target.remove_suffix(after.size());
+    target.remove_prefix(kBefore.size());
+    target.remove_suffix(kAfter.size());
     return std::string(target);
 }
 

@@ -23,7 +23,7 @@ class AmountChoice : public IModalHost {
 public:
     explicit AmountChoice(const std::optional<std::string>& amount) : amount_(amount) {}
     /// Whether the dialog accepted the amount.
-    bool Accepted() const { return accepted_; }
+    [[nodiscard]] bool Accepted() const { return accepted_; }
 
     void Run(Form& form) override
     {

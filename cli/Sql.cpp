@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <iostream>
 #include <memory>
 
@@ -6,9 +8,11 @@
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
 #include "engine/rows/Connection.h"
+#include "history/History.h"
 #include "json/Reply.h"
 #include "json/RunSql.h"
 #include "platform/ProgramFolder.h"
+#include "platform/SystemClock.h"
 
 namespace clb {
 namespace {
@@ -26,6 +30,9 @@ std::string Reply(const SqlOptions& options, int& exitCode)
     try {
         Connection connection;
         connection.Open("Data Source=" + options.folder + "/db/clb.mdb");
+        History history(
+            connection, [] { return SystemClock().Now(); }, std::to_string(getpid()));
+        history.Begin("SQL");
         std::string reply = ToLine(GoodReply(RunSql(connection, options.statement)));
         Interruption::Check();
         connection.Settle();

@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr int refused = 1;
-constexpr int wrongUsage = 2;
+constexpr int kRefused = 1;
+constexpr int kWrongUsage = 2;
 
 int Run(int argc, char** argv)
 {
@@ -27,25 +27,28 @@ int Run(int argc, char** argv)
     app.failure_message(CLI::FailureMessage::simple);
     int exitCode = 0;
     for (const auto add :
-         {clb::AddNew, clb::AddDemo, clb::AddAccounts, clb::AddNetWorth, clb::AddRegister,
-          clb::AddBudget, clb::AddCopyBudget, clb::AddImport, clb::AddExport, clb::AddSplit,
-          clb::AddMove, clb::AddOptions, clb::AddQuotes, clb::AddQuoteServer, clb::AddBackup,
-          clb::AddRestore, clb::AddCheck, clb::AddSql, clb::AddAutomate})
+         {clb::AddNew,      clb::AddDemo,        clb::AddAccounts,   clb::AddNetWorth,
+          clb::AddRegister, clb::AddBudget,      clb::AddCopyBudget, clb::AddImport,
+          clb::AddExport,   clb::AddSplit,       clb::AddMove,       clb::AddOptions,
+          clb::AddQuotes,   clb::AddQuoteServer, clb::AddBackup,     clb::AddRestore,
+          clb::AddCheck,    clb::AddHistory,     clb::AddUndo,       clb::AddRedo,
+          clb::AddSql,      clb::AddAutomate})
         add(app, exitCode);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : wrongUsage;
+        return app.exit(error) == 0 ? 0 : kWrongUsage;
     }
     return exitCode;
 }
 
-constexpr char noMemory[] = "clb: There is not enough memory.\n";
+constexpr char kNoMemory[] = "clb: There is not enough memory.\n";
 
 [[noreturn]] void EndForMemory()
 {
-    [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, noMemory, sizeof noMemory - 1);
-    ::_exit(refused);
+    [[maybe_unused]] const ssize_t written =
+        ::write(STDERR_FILENO, kNoMemory, sizeof kNoMemory - 1);
+    ::_exit(kRefused);
 }
 
 /// Runs before the constructors of global objects. Nobody catches what they throw, and without
@@ -67,11 +70,11 @@ int RunReported(int argc, char** argv)
     } catch (const clb::Interrupted&) {
         clb::EndBySignal();
     } catch (const std::bad_alloc&) {
-        std::cerr << noMemory;  // no std::string here: it may need memory
-        return refused;
+        std::cerr << kNoMemory;  // no std::string here: it may need memory
+        return kRefused;
     } catch (const std::exception& error) {
         Report(clb::ErrorText(error));
-        return refused;
+        return kRefused;
     }
 }
 
@@ -89,5 +92,5 @@ int main(int argc, char** argv)
         Report(unwritten);
     if (clb::Interruption::Asked())
         clb::EndBySignal();
-    return exitCode == 0 && !unwritten.empty() ? refused : exitCode;
+    return exitCode == 0 && !unwritten.empty() ? kRefused : exitCode;
 }

@@ -2,6 +2,7 @@
 
 #include "controls/CheckList.h"
 #include "controls/Inputs.h"
+#include "controls/RowList.h"
 
 namespace clb {
 
@@ -28,6 +29,11 @@ void ControlVisitor::Visit(ListBox& list)
 void ControlVisitor::Visit(OptionButton& option)
 {
     Other(option);
+}
+
+void ControlVisitor::Visit(RowList& list)
+{
+    Other(list);
 }
 
 void ControlVisitor::Visit(Spinner& spinner)

@@ -9,6 +9,7 @@ class CheckList;
 class Label;
 class ListBox;
 class OptionButton;
+class RowList;
 class Spinner;
 class TextBox;
 
@@ -22,6 +23,7 @@ public:
     virtual void Visit(Label& label);
     virtual void Visit(ListBox& list);
     virtual void Visit(OptionButton& option);
+    virtual void Visit(RowList& list);
     virtual void Visit(Spinner& spinner);
     virtual void Visit(TextBox& box);
     virtual void Other(Control&) {}

@@ -17,8 +17,16 @@ void MenuItem::Press()
         click_.emit();
 }
 
-Menu::Menu(std::string name, std::string caption)
-    : Control(std::move(name)), caption_(std::move(caption))
+void MenuItem::Caption(const std::string& caption)
+{
+    if (caption_ == caption)
+        return;
+    caption_ = caption;
+    NotifyChanged();
+}
+
+Menu::Menu(std::string name, std::string caption, bool added)
+    : Control(std::move(name)), caption_(std::move(caption)), added_(added)
 {
 }
 
@@ -27,9 +35,9 @@ MenuItem& Menu::Add(const std::string& name, const std::string& caption)
     return items_.emplace_back(name, caption);
 }
 
-Menu& MenuBar::Add(const std::string& name, const std::string& caption)
+Menu& MenuBar::Add(const std::string& name, const std::string& caption, bool added)
 {
-    return menus_.emplace_back(name, caption);
+    return menus_.emplace_back(name, caption, added);
 }
 
 MenuItem* MenuBar::Find(const std::string& item)

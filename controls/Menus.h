@@ -14,6 +14,7 @@ public:
     /// A command; a caption "-" makes a separator.
     MenuItem(std::string name, std::string caption);
     [[nodiscard]] const std::string& Caption() const { return caption_; }
+    void Caption(const std::string& caption);
     [[nodiscard]] bool Separator() const { return caption_ == "-"; }
     /// Runs the command, if it is enabled.
     void Press();
@@ -27,7 +28,11 @@ private:
 /// One menu of the menu bar with its lines in order.
 class Menu : public Control {
 public:
-    Menu(std::string name, std::string caption);
+    /// added: see Added.
+    Menu(std::string name, std::string caption, bool added = false);
+    /// Whether the menu was added to those that the program has always had. Drivers list it after
+    /// them, wherever it is shown.
+    [[nodiscard]] bool Added() const { return added_; }
     [[nodiscard]] const std::string& Caption() const { return caption_; }
     MenuItem& Add(const std::string& name, const std::string& caption);
     [[nodiscard]] const std::deque<MenuItem>& Items() const { return items_; }
@@ -35,6 +40,7 @@ public:
 
 private:
     std::string caption_;
+    bool added_;
     std::deque<MenuItem> items_;
 };
 
@@ -43,7 +49,7 @@ class MenuBar : public Control {
 public:
     using Control::Control;
     [[nodiscard]] bool TakesFocus() const override { return false; }
-    Menu& Add(const std::string& name, const std::string& caption);
+    Menu& Add(const std::string& name, const std::string& caption, bool added = false);
     std::deque<Menu>& Menus() { return menus_; }
     /// nullptr if no menu has such an item.
     MenuItem* Find(const std::string& item);

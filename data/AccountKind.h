@@ -10,11 +10,11 @@
 namespace clb {
 
 namespace account_type {
-inline constexpr const char* Bank = "Bank";
-inline constexpr const char* Cash = "Cash";
-inline constexpr const char* CreditCard = "Credit Card";
-inline constexpr const char* Investment = "Investment";
-inline constexpr const char* Loan = "Loan";
+inline constexpr const char* kBank = "Bank";
+inline constexpr const char* kCash = "Cash";
+inline constexpr const char* kCreditCard = "Credit Card";
+inline constexpr const char* kInvestment = "Investment";
+inline constexpr const char* kLoan = "Loan";
 }  // namespace account_type
 
 /// A type of account as it is stored, and the view that shows its rows.
@@ -25,11 +25,11 @@ struct AccountKind {
 };
 
 /// All types, in the order in which the user sees them.
-inline constexpr AccountKind kAccountKinds[] = {{account_type::Bank, vwAccount, true},
-                                                {account_type::Cash, vwAccount, true},
-                                                {account_type::CreditCard, vwAccount, true},
-                                                {account_type::Investment, vwInvestment, true},
-                                                {account_type::Loan, vwLoan, false}};
+inline constexpr AccountKind kAccountKinds[] = {{account_type::kBank, vwAccount, true},
+                                                {account_type::kCash, vwAccount, true},
+                                                {account_type::kCreditCard, vwAccount, true},
+                                                {account_type::kInvestment, vwInvestment, true},
+                                                {account_type::kLoan, vwLoan, false}};
 
 /// The view of an account's rows by the account's type, compared exactly; 0 for any other text.
 constexpr std::int32_t ViewFromAccountType(std::string_view type)

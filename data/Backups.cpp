@@ -84,7 +84,7 @@ public:
     UnfinishedCopy(const UnfinishedCopy&) = delete;
     UnfinishedCopy& operator=(const UnfinishedCopy&) = delete;
 
-    const std::string& Path() const { return path_; }
+    [[nodiscard]] const std::string& Path() const { return path_; }
     void Name(const std::string& to) const { NameFinished(path_, to); }
 
 private:

@@ -133,7 +133,7 @@ std::vector<OddBalance> OddBalances(Connection& connection)
         const Activity* const activity = CurrentActivity(accounts);
         const Value& number = accounts.Get("AccountID");
         // Of two accounts with the same number only the first is recomputed.
-        if (!activity || IsNull(number) || !seen.insert(ToText(number)).second)
+        if (activity == nullptr || IsNull(number) || !seen.insert(ToText(number)).second)
             continue;
         TableSums& sums =
             tables.try_emplace(activity, accounts.RecordCount() > kFewAccounts).first->second;

@@ -17,7 +17,7 @@ class clsDatabase;
 void UpdateBalances(clsDatabase& database);
 
 /// Finds the accounts whose stored balance is not the sum of their rows: those that UpdateBalances
-/// would change. Reads every table once if there are many accounts. No statement is traced. Throws
+/// would change. Reads every table once if there are many accounts. No query is traced. Throws
 /// EngineError, also for a cell that is not an amount.
 std::vector<OddBalance> OddBalances(Connection& connection);
 

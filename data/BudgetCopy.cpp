@@ -18,8 +18,8 @@ std::string CategoryIs(const std::string& category)
     return "Category = '" + clsDatabase::ToSqlString(category) + "'";
 }
 
-/// The name of a removed category goes into an SQL statement unescaped (see RemoveOtherLines). A
-/// quote in it would be a syntax error there, or start another statement. So such names are refused
+/// The name of a removed category goes into a query unescaped (see RemoveOtherLines). A
+/// quote in it would be a syntax error there, or start another query. So such names are refused
 /// before the first write.
 void RefuseQuotes(Recordset& source, Recordset& target)
 {
@@ -55,7 +55,7 @@ void RemoveOtherLines(clsDatabase& store, Recordset& source, Recordset& target, 
         if (category == kNoCategory || clsDatabase::CanFind(source, CategoryIs(category)))
             continue;
         Recordset transactions;
-        // On purpose the category is not escaped in this statement; see RefuseQuotes.
+        // On purpose the category is not escaped in this query; see RefuseQuotes.
         transactions.Open(
             "SELECT Category FROM Trans" + InMonth(to) + " AND Category = '" + category + "'",
             store.Database(), CursorKind::Keyset, LockKind::Pessimistic);

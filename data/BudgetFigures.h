@@ -31,7 +31,7 @@ public:
     GroupSums SumsOf(const std::string& group);
 
 private:
-    /// Null if each sum must be read by its own statement.
+    /// Null if each sum must be read by its own query.
     const MonthBudget* AllSums();
     [[nodiscard]] std::string InMonth(const std::string& table) const;
 

@@ -39,7 +39,7 @@ bool AreTexts(RawSql& raw)
     const auto isText = [&](const char* table, const char* column) {
         const TableInfo* const found = raw.Find(table);
         const ColumnInfo* const info = found ? found->Find(column) : nullptr;
-        return info && info->type.type == FieldType::Text;
+        return info != nullptr && info->type.type == FieldType::Text;
     };
     return isText("Trans", "Category") && isText("Budget", "Category") &&
            isText("Budget", "CategoryGroup");
@@ -75,12 +75,13 @@ bool MonthBudget::Read(Month month)
     // Asked before reading, so that anything written meanwhile is read the next time.
     contents_ = connection_.ContentsNow();
     try {
+        const ReadGroup group(connection_);
         if (ComparesByLetter()) {
             sums_ = ReadSums(month);
             usable_ = true;
         }
     } catch (const RuntimeError&) {
-        // The sum's own statement will report it.
+        // The sum's own query will report it.
     }
     month_ = month;
     held_ = true;

@@ -1,4 +1,4 @@
-// All sums of a month's budget. Two statements read them, instead of one for each line and group.
+// All sums of a month's budget. Two queries read them, instead of one for each line and group.
 #pragma once
 #include <cstdint>
 #include <map>
@@ -20,8 +20,8 @@ public:
     explicit MonthBudget(Connection& connection) : connection_(connection) {}
 
     /// Reads the month's sums unless they are held and the file has not changed since. Returns
-    /// false if each sum must be read by its own statement: while statements are traced or a group
-    /// is pending, and if one of the sums cannot be made, so that its own statement reports the
+    /// false if each sum must be read by its own query: while queries are traced or a group
+    /// is pending, and if one of the sums cannot be made, so that its own query reports the
     /// error. Throws EngineError if the file cannot be read.
     bool Read(Month month);
 

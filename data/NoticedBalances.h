@@ -29,7 +29,7 @@ struct OddBalance {
 ///
 /// The table CvBalance is made with the first entry: At, AccountID, Stored, Total (both amounts may
 /// be missing), NoticedBy ("import", "repair", "window" or "start"), TakenNoteOf (null until then),
-/// StoredInstead (added to an older list that lacks it). No statement is traced. All functions
+/// StoredInstead (added to an older list that lacks it). No query is traced. All functions
 /// throw EngineError.
 namespace noticed_balances {
 

@@ -66,20 +66,20 @@ SummedAmounts AmountsOf(const Activity& activity, const std::string& condition,
     return {activity.table, {activity.columns.begin(), activity.columns.end()}, condition, account};
 }
 
-std::string RowsStatement(const IShownState& shown)
+std::string RowsQuery(const IShownState& shown)
 {
     const StoredView* stored = StoredViewOf(shown.View());
     if (!stored)
         return "SELECT  FROM  ORDER BY ";
-    std::string statement;
+    std::string query;
     std::string_view left = stored->rows;
-    for (std::size_t open = left.find('{'); open != left.npos; open = left.find('{')) {
+    for (std::size_t open = left.find('{'); open != std::string_view::npos; open = left.find('{')) {
         const std::size_t close = left.find('}', open);
-        statement += left.substr(0, open);
-        statement += ShownValue(left.substr(open + 1, close - open - 1), shown);
+        query += left.substr(0, open);
+        query += ShownValue(left.substr(open + 1, close - open - 1), shown);
         left.remove_prefix(close + 1);
     }
-    return statement += left;
+    return query += left;
 }
 
 }  // namespace clb

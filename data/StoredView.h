@@ -44,6 +44,6 @@ SummedAmounts AmountsOf(const Activity& activity, const std::string& condition,
 
 /// The SELECT for the rows of what is shown. If no view is shown, it is one that the engine
 /// refuses.
-std::string RowsStatement(const IShownState& shown);
+std::string RowsQuery(const IShownState& shown);
 
 }  // namespace clb

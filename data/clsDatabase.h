@@ -39,7 +39,7 @@ public:
     clsDatabase(const std::string& folder, const IShownState& shown, ICurrentRow& row);
     ~clsDatabase();
 
-    /// Runs one statement.
+    /// Runs one query.
     void Execute(const std::string& sql);
     /// Removes what belongs to the row that is about to be deleted. gridRow true: the grid's
     /// current row is being deleted; in the budget view the month's transactions of its category
@@ -102,7 +102,7 @@ public:
     /// The same as an amount; 0 if nothing was added up.
     Money Sum(const std::string& sql, const std::string& column, const SummedAmounts& amounts);
 
-    /// The month's sums, read at once. Null if each sum must be read by its own statement; see
+    /// The month's sums, read at once. Null if each sum must be read by its own query; see
     /// MonthBudget::Read. Valid until the next call. Throws EngineError.
     const MonthBudget* BudgetOf(Month month);
 
@@ -121,7 +121,7 @@ public:
     /// The file's schema version, at least 2 here; a later program's file has a later one.
     [[nodiscard]] std::int16_t SchemaVersion() const { return schemaVersion_; }
 
-    /// The connection: for settling, tracing, and statements from outside.
+    /// The connection: for settling, tracing, and queries from outside.
     Connection& Database() { return connection_; }
 
 private:

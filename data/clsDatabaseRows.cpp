@@ -9,7 +9,7 @@ namespace clb {
 
 Recordset& clsDatabase::GetRows()
 {
-    const std::string sql = RowsStatement(shown_);
+    const std::string sql = RowsQuery(shown_);
     if (rows_.IsOpen())
         rows_.Close();
     RowsRead();
@@ -61,12 +61,12 @@ void clsDatabase::UpdateBalance(std::int32_t& view, std::string& accountID)
     if (!activity)
         return;
     Lock();
-    const std::string ofAccount = "AccountID = '" + ToSqlString(accountID) + "'";
+    const std::string condition = "AccountID = '" + ToSqlString(accountID) + "'";
     const Money sum = Sum(std::string("SELECT ") + activity->sum + " AS TotAmount FROM " +
-                              activity->table + " WHERE " + ofAccount,
-                          "TotAmount", AmountsOf(*activity, ofAccount, accountID));
+                              activity->table + " WHERE " + condition,
+                          "TotAmount", AmountsOf(*activity, condition, accountID));
     Recordset balance;
-    balance.Open("SELECT CurrentBalance FROM Account WHERE " + ofAccount, connection_,
+    balance.Open("SELECT CurrentBalance FROM Account WHERE " + condition, connection_,
                  CursorKind::Keyset, LockKind::Pessimistic);
     balance.Set("CurrentBalance", sum);
     balance.Update();

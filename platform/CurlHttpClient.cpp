@@ -16,8 +16,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-constexpr std::size_t kLongest = 1024 * 1024;     // bytes of a body
-constexpr std::size_t kLongestHead = 256 * 1024;  // libcurl itself gives up later
+constexpr std::size_t kLongest = std::size_t{1024} * 1024;     // bytes of a body
+constexpr std::size_t kLongestHead = std::size_t{256} * 1024;  // libcurl itself gives up later
 constexpr int kMostRedirects = 10;
 constexpr int kStep = 100;  // milliseconds between two calls of the caller's function
 
@@ -131,7 +131,7 @@ class Steps {
 public:
     explicit Steps(CURL* request) : request_(request), all_(Curl().multi_init())
     {
-        good_ = all_ && Curl().multi_add_handle(all_, request_) == CURLM_OK;
+        good_ = all_ != nullptr && Curl().multi_add_handle(all_, request_) == CURLM_OK;
     }
     ~Steps()
     {
@@ -142,9 +142,9 @@ public:
     Steps(const Steps&) = delete;
     Steps& operator=(const Steps&) = delete;
 
-    bool Good() const { return good_; }
+    [[nodiscard]] bool Good() const { return good_; }
     /// Waits for the next step. Returns false once the request is over.
-    bool Next() const
+    [[nodiscard]] bool Next() const
     {
         int running = 0;
         if (Curl().multi_perform(all_, &running) != CURLM_OK || running == 0)
@@ -152,7 +152,7 @@ public:
         Curl().multi_poll(all_, nullptr, 0, kStep, nullptr);
         return true;
     }
-    CURLcode Result() const
+    [[nodiscard]] CURLcode Result() const
     {
         int left = 0;
         const CURLMsg* message = Curl().multi_info_read(all_, &left);
@@ -200,7 +200,7 @@ void Perform(CURL* request, const std::string& url, Answer& answer,
     const bool cutOff =
         result == CURLE_PARTIAL_FILE || (result == CURLE_RECV_ERROR && !answer.body.empty());
     if (result != CURLE_OK && !answer.tooLong && !cutOff)
-        throw Failure(url, reason[0] ? reason.data() : Curl().easy_strerror(result));
+        throw Failure(url, reason[0] != 0 ? reason.data() : Curl().easy_strerror(result));
     char* elsewhere = nullptr;
     if (Curl().easy_getinfo(request, CURLINFO_REDIRECT_URL, &elsewhere) == CURLE_OK && elsewhere)
         answer.elsewhere = elsewhere;

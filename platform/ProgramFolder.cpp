@@ -25,7 +25,7 @@ std::string Environment(const char* name)
 
 std::string UserHome()
 {
-    const std::string home = Environment("HOME");
+    std::string home = Environment("HOME");
     if (!home.empty())
         return home;
     const passwd* user = getpwuid(getuid());

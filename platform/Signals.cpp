@@ -23,7 +23,7 @@ sigset_t recorded;
 void Record(int signal)
 {
     const int before = errno;
-    if (!pthread_equal(pthread_self(), mainThread)) {
+    if (pthread_equal(pthread_self(), mainThread) == 0) {
         pthread_kill(mainThread, signal);
     } else if (!Interruption::Asked()) {
         Interruption::Ask(signal);

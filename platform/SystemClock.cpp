@@ -35,9 +35,9 @@ std::time_t MomentOf(const Date& date)
 /// library reports one moment's offset only, so this looks at six months before and after.
 std::optional<std::int32_t> OffsetNear(std::time_t moment, bool daylight)
 {
-    constexpr std::time_t month = 30 * 24 * 3600;
+    constexpr std::time_t kMonth = std::time_t{30} * 24 * 3600;
     for (std::time_t distance = 0; distance <= 6; ++distance) {
-        for (const std::time_t at : {moment + distance * month, moment - distance * month}) {
+        for (const std::time_t at : {moment + distance * kMonth, moment - distance * kMonth}) {
             const std::tm local = LocalTime(at);
             if ((local.tm_isdst > 0) == daylight)
                 return MinutesEastOfUtc(local);
@@ -92,8 +92,8 @@ modCommon::ZoneInformation FixedClock::Zone() const
 
 std::string CheckMoment(const std::string& text)
 {
-    constexpr std::size_t length = std::char_traits<char>::length("YYYY-MM-DDThh:mm:ss");
-    const bool good = text.size() == length && text[10] == 'T' && Date::FromIso(text);
+    constexpr std::size_t kLength = std::char_traits<char>::length("YYYY-MM-DDThh:mm:ss");
+    const bool good = text.size() == kLength && text[10] == 'T' && Date::FromIso(text);
     return good ? "" : "\"" + text + "\" is not of the form YYYY-MM-DDThh:mm:ss";
 }
 

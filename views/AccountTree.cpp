@@ -80,7 +80,7 @@ std::int32_t AccountTree::Find(const std::string& tag) const
 
 std::string AccountTree::SelectedTagPiece(std::int32_t index) const
 {
-    const auto pieces = Split(tree_.Node(tree_.Selected()).tag, node_tag::Divider);
+    const auto pieces = Split(tree_.Node(tree_.Selected()).tag, node_tag::kDivider);
     if (index < 0 || index >= static_cast<std::int32_t>(pieces.size()))
         throw RuntimeError(errors::SubscriptOutOfRange, "Subscript out of range");
     return pieces[static_cast<std::size_t>(index)];

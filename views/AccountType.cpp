@@ -28,6 +28,7 @@ constexpr EmptyText kEmpty{"No accounts of this type", "Enter one in the line ab
 extern constexpr ViewDefinition kAccountTypeView{
     .view = vwAccountType,
     .columns = kColumns,
+    .rowName = "Account",
     .totalLabel = "Totals:",
     .firstTotal = AccountType::OpeningBalance,
     .secondTotal = AccountType::TotalBalance,

@@ -15,9 +15,9 @@ constexpr const char* kLineBreak = "\r\n";
 /// The difference of two amounts without the error of binary fractions, if an amount can hold it.
 double WithoutNoise(double difference)
 {
-    constexpr double mostAmount = 9e14;
-    return std::abs(difference) < mostAmount ? Money::FromDouble(difference).ToDouble()
-                                             : difference;
+    constexpr double kMostAmount = 9e14;
+    return std::abs(difference) < kMostAmount ? Money::FromDouble(difference).ToDouble()
+                                              : difference;
 }
 
 Value Cell(const DrawnRow& row, std::int32_t column)
@@ -94,6 +94,7 @@ constexpr EmptyText kEmpty{"No budget for {month}",
 extern constexpr ViewDefinition kBudgetView{
     .view = vwBudget,
     .columns = kColumns,
+    .rowName = "Budget Line",
     .totalLabel = "Month to date:",
     .firstTotal = Budget::Amount,
     .secondTotal = Budget::Actual,

@@ -9,6 +9,8 @@ enum class Enabled {
     OffNewRow,      ///< except while the grid has the focus on its new row
     OnStoredRow,    ///< the grid has the focus on a stored row, and no cell is in edit
     OnTransaction,  ///< the grid has the focus on a stored transaction
+    ForUndo,        ///< there is a step to undo
+    ForRedo,        ///< there is a step to redo
     OnExportable    ///< an account that can be exported is shown or current; no cell is in edit
 };
 
@@ -18,6 +20,8 @@ struct EnabledNow {
     bool onStoredRow = false;
     bool onTransaction = false;
     bool onExportable = false;
+    bool forUndo = false;
+    bool forRedo = false;
 
     /// Whether a command with this place is enabled.
     [[nodiscard]] constexpr bool Has(Enabled place) const
@@ -27,6 +31,8 @@ struct EnabledNow {
             case Enabled::OnStoredRow: return onStoredRow;
             case Enabled::OnTransaction: return onTransaction;
             case Enabled::OnExportable: return onExportable;
+            case Enabled::ForUndo: return forUndo;
+            case Enabled::ForRedo: return forRedo;
             case Enabled::Always: break;
         }
         return true;

@@ -29,12 +29,13 @@ constexpr EmptyText kEmpty{"No holdings yet", "Enter one in the line above.", kW
 extern constexpr ViewDefinition kHoldingsView{
     .view = vwInvestment,
     .columns = kColumns,
+    .rowName = "Holding",
     .totalLabel = "Total Investment:",
     .firstTotal = Holdings::Total,
     .ofAccount = true,
     // Allowed for the account; its type then rules it out.
     .exports = ExportOf::ShownAccount,
-    .accountType = account_type::Investment,
+    .accountType = account_type::kInvestment,
     .empty = &kEmpty,
 };
 

@@ -34,12 +34,13 @@ constexpr EmptyText kEmpty{"No loans yet", "Enter one in the line above.", kWays
 extern constexpr ViewDefinition kLoansView{
     .view = vwLoan,
     .columns = kColumns,
+    .rowName = "Loan",
     .totalLabel = "Total Loans:",
     .firstTotal = Loans::Balance,
     .ofAccount = true,
     // Allowed for the account; its type then rules it out.
     .exports = ExportOf::ShownAccount,
-    .accountType = account_type::Loan,
+    .accountType = account_type::kLoan,
     .empty = &kEmpty,
     .cell = Calculate,
 };

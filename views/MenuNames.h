@@ -21,6 +21,8 @@ inline constexpr const char* kMoveNext = "mnuE_MoveNext";
 inline constexpr const char* kSplit = "mnuE_Split";
 inline constexpr const char* kUpdateQuotes = "mnuT_UpdateQuotes";
 inline constexpr const char* kOptions = "mnuT_Options";
+inline constexpr const char* kUndo = "mnuY_Undo";
+inline constexpr const char* kRedo = "mnuY_Redo";
 }  // namespace command_name
 
 }  // namespace clb

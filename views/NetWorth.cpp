@@ -43,6 +43,7 @@ constexpr EmptyText kEmpty{"No accounts yet",
 extern constexpr ViewDefinition kNetWorthView{
     .view = vwNetWorth,
     .columns = kColumns,
+    .rowName = "Account",
     .totalLabel = "Total Net Worth:",
     .firstTotal = NetWorth::OpeningBalance,
     .secondTotal = NetWorth::TotalBalance,

@@ -9,17 +9,17 @@ std::string OfView(std::int32_t view)
 
 std::string OfAccount(std::int32_t view, const std::string& accountID)
 {
-    return OfView(view) + Divider + accountID;
+    return OfView(view) + kDivider + accountID;
 }
 
 bool IsAccount(const std::string& tag)
 {
-    return tag.find(Divider) != tag.npos;
+    return tag.find(kDivider) != std::string::npos;
 }
 
 std::string AccountID(const std::string& tag)
 {
-    return IsAccount(tag) ? tag.substr(tag.find(Divider) + 1) : std::string();
+    return IsAccount(tag) ? tag.substr(tag.find(kDivider) + 1) : std::string();
 }
 
 }  // namespace clb::node_tag

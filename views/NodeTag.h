@@ -6,7 +6,7 @@
 namespace clb::node_tag {
 
 /// Stands between the view identifier and the account number.
-inline constexpr char Divider = '\x01';
+inline constexpr char kDivider = '\x01';
 
 /// Tag of a node that shows a view.
 std::string OfView(std::int32_t view);

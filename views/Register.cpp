@@ -53,6 +53,7 @@ constexpr EmptyText kEmpty{"No transactions in {month}",
 extern constexpr ViewDefinition kRegisterView{
     .view = vwAccount,
     .columns = kColumns,
+    .rowName = "Transaction",
     .totalLabel = "Balance:",
     .firstTotal = Register::Amount,
     .ofAccount = true,

@@ -7,12 +7,12 @@ extern const ViewDefinition kNetWorthView, kBudgetView, kAccountTypeView, kRegis
 
 const ViewDefinition& DefinitionOf(std::int32_t view)
 {
-    static constexpr ViewDefinition none{.view = 0, .columns = {}};
+    static constexpr ViewDefinition kNone{.view = 0, .columns = {}};
     for (const ViewDefinition* definition : {&kNetWorthView, &kBudgetView, &kAccountTypeView,
                                              &kRegisterView, &kHoldingsView, &kLoansView})
         if (definition->view == view)
             return *definition;
-    return none;
+    return kNone;
 }
 
 }  // namespace clb

@@ -82,6 +82,7 @@ struct DrawnRow {
 struct ViewDefinition {
     std::int32_t view;
     std::span<const ViewColumn> columns;  ///< calculated ones in the order of their numbers
+    const char* rowName = "Row";          ///< what one of its rows is, as a word of a caption
     const char* totalLabel = nullptr;
     /// Columns below which the two totals stand; 0: the view has no such total.
     std::int32_t firstTotal = 0;

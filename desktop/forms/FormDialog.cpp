@@ -1,5 +1,6 @@
 #include "desktop/forms/FormDialog.h"
 
+#include <QAbstractScrollArea>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -9,6 +10,7 @@
 #include "desktop/forms/CheckListView.h"
 #include "desktop/forms/FormLayouts.h"
 #include "desktop/forms/ListBinder.h"
+#include "desktop/forms/RowListView.h"
 #include "desktop/forms/StepArrows.h"
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/Icons.h"
@@ -30,6 +32,7 @@ public:
     void Visit(Label& label) override { drawn = dialog_.DrawLabel(label); }
     void Visit(ListBox& list) override { drawn = new ListBinder(list, dialog_.events_, &dialog_); }
     void Visit(OptionButton& option) override { drawn = dialog_.DrawOption(option); }
+    void Visit(RowList& list) override { drawn = new RowListView(list, dialog_.events_, &dialog_); }
     void Visit(Spinner& spinner) override
     {
         drawn = new StepArrows(spinner, dialog_.events_, &dialog_);
@@ -86,14 +89,17 @@ void FormDialog::BuildWidgets()
             continue;
         widget->setObjectName(ToQString(control->Name()));
         widgets_[control->Name()] = widget;
-        focus_->Add(*control, *widget);
+        // A click on the contents of a list reaches its viewport only.
+        const auto* const list = qobject_cast<QAbstractScrollArea*>(widget);
+        focus_->Add(*control, *widget,
+                    list ? std::vector<QWidget*>{list->viewport()} : std::vector<QWidget*>());
     }
 }
 
-void FormDialog::Follow(Control& control, std::function<void()> sync)
+void FormDialog::Follow(Control& control, const std::function<void()>& sync)
 {
     sync();
-    control.Changed().connect(sigc::track_obj(std::move(sync), *this));
+    control.Changed().connect(sigc::track_obj(sync, *this));
 }
 
 QWidget* FormDialog::DrawLabel(Label& label)

@@ -49,7 +49,7 @@ private:
     QWidget* DrawText(TextBox& box);
     QWidget* DrawButton(Button& button);
     QWidget* DrawOption(OptionButton& option);
-    void Follow(Control& control, std::function<void()> sync);
+    void Follow(Control& control, const std::function<void()>& sync);
 
     Form& form_;
     UserEvents& events_;

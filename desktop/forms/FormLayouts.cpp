@@ -5,11 +5,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <QSplitter>
 #include <QVBoxLayout>
 #include <map>
 #include <string>
 
 #include "desktop/forms/FormDialog.h"
+#include "desktop/forms/RowListView.h"
 #include "desktop/look/TextConvert.h"
 
 namespace clb {
@@ -145,6 +148,59 @@ void ArrangeAbout(FormDialog& dialog)
     Finish(dialog, *all);
 }
 
+/// A list with its caption above it.
+QWidget* Captioned(FormDialog& dialog, const char* label, const char* list)
+{
+    dialog.Describe(label, list);
+    auto* part = new QWidget(&dialog);
+    auto* lines = new QVBoxLayout(part);
+    lines->setContentsMargins(0, 0, 0, 0);
+    lines->setSpacing(4);
+    lines->addWidget(dialog.WidgetOf(label));
+    lines->addWidget(dialog.WidgetOf(list), 1);
+    return part;
+}
+
+QLayout* HistoryButtons(FormDialog& dialog)
+{
+    auto* row = new QHBoxLayout;
+    for (const char* button : {"btnBack", "btnForward", "btnClose"}) {
+        dialog.WidgetOf(button)->setMinimumWidth(Characters(dialog, 14));
+        row->addWidget(dialog.WidgetOf(button));
+    }
+    row->insertStretch(2, 1);
+    return row;
+}
+
+void ArrangeHistory(FormDialog& dialog)
+{
+    dialog.Describe("lblFilter", "txtFilter");
+    auto* filter = new QHBoxLayout;
+    filter->setSpacing(10);
+    filter->addWidget(dialog.WidgetOf("lblFilter"));
+    filter->addWidget(dialog.WidgetOf("txtFilter"), 1);
+    auto* lists = new QSplitter(Qt::Horizontal, &dialog);
+    lists->addWidget(Captioned(dialog, "lblSteps", "lstSteps"));
+    lists->addWidget(Captioned(dialog, "lblChanges", "lstChanges"));
+    lists->setChildrenCollapsible(false);
+    lists->setHandleWidth(10);
+    lists->setSizes({Characters(dialog, 58), Characters(dialog, 74)});
+    for (int part : {0, 1})
+        lists->setStretchFactor(part, 1);
+    dynamic_cast<RowListView&>(*dialog.WidgetOf("lstSteps")).Stretch({1});
+    dynamic_cast<RowListView&>(*dialog.WidgetOf("lstChanges")).Stretch({1, 2});
+    for (const char* list : {"lstSteps", "lstChanges"})
+        dialog.WidgetOf(list)->setMinimumSize(Characters(dialog, 36), Characters(dialog, 20));
+    qobject_cast<QLabel*>(dialog.WidgetOf("lblTakes"))->setWordWrap(true);
+    QVBoxLayout* all = Frame(dialog);
+    all->addLayout(filter);
+    all->addWidget(lists, 1);
+    all->addWidget(dialog.WidgetOf("lblTakes"));
+    all->addLayout(HistoryButtons(dialog));
+    dialog.resize(QSize(Characters(dialog, 138), Characters(dialog, 86))
+                      .boundedTo(dialog.screen()->availableSize() * 0.92));
+}
+
 void ArrangeInLines(FormDialog& dialog)
 {
     auto* grid = new QGridLayout;
@@ -175,6 +231,7 @@ void ArrangeForm(FormDialog& dialog)
         {"frmSelectAccount", ArrangeSelectAccount},
         {"frmSplit", ArrangeSplit},
         {"frmOptions", ArrangeOptions},
+        {"frmHistory", ArrangeHistory},
         {"frmAbout", ArrangeAbout}};
     const auto found = known.find(dialog.Model().Name());
     if (found != known.end())

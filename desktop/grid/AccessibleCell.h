@@ -28,13 +28,16 @@ public:
     [[nodiscard]] QObject* object() const override { return nullptr; }
     [[nodiscard]] QWindow* window() const override;
     [[nodiscard]] QAccessibleInterface* parent() const override;
-    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
     [[nodiscard]] int childCount() const override { return 0; }
     [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override
     {
         return -1;
     }
-    QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    [[nodiscard]] QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override
+    {
+        return nullptr;
+    }
     [[nodiscard]] QString text(QAccessible::Text kind) const override;
     void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
     [[nodiscard]] QRect rect() const override;

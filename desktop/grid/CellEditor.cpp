@@ -37,6 +37,12 @@ bool EndsTheEdit(int key)
     }
 }
 
+/// The toolkit's own key for it is Ctrl+Shift+Z, and it would leave this one to the window.
+bool RedoesTyping(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Y && key.modifiers() == Qt::ControlModifier;
+}
+
 }  // namespace
 
 CellEditor::CellEditor(GridComponent& grid, QAbstractScrollArea& view,
@@ -275,9 +281,18 @@ bool CellEditor::StepDay(const QKeyEvent& key)
 
 bool CellEditor::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched != line_ || event->type() != QEvent::KeyPress)
+    const bool offered = event->type() == QEvent::ShortcutOverride;
+    if (watched != line_ || (event->type() != QEvent::KeyPress && !offered))
         return QFrame::eventFilter(watched, event);
     auto& key = *static_cast<QKeyEvent*>(event);
+    if (RedoesTyping(key)) {
+        event->accept();
+        if (!offered)
+            line_->redo();
+        return true;
+    }
+    if (offered)
+        return false;
     const bool opensList = key.key() == Qt::Key_F4 ||
                            (key.key() == Qt::Key_Down && key.modifiers() == Qt::AltModifier);
     if (opensList) {

@@ -31,7 +31,7 @@ public:
         setFocusPolicy(Qt::TabFocus);
         setCursor(Qt::PointingHandCursor);
     }
-    QSize sizeHint() const override
+    [[nodiscard]] QSize sizeHint() const override
     {
         return {fontMetrics().horizontalAdvance(text()) + 2 * kGap, fontMetrics().height() + kGap};
     }

@@ -43,7 +43,8 @@ bool GridEditing::Begin(char32_t key)
     // The event has 16 bits. A character that does not fit counts as no key.
     const bool fits = key <= static_cast<char32_t>(std::numeric_limits<std::int16_t>::max());
     bool begun = false;
-    events_.RunOnRow([&] { begun = grid_.BeginEdit(fits ? static_cast<std::int16_t>(key) : 0); });
+    events_.RunOnRow(
+        [&] { begun = grid_.BeginEdit(fits ? static_cast<std::int16_t>(key) : std::int16_t{0}); });
     return begun && editor_.IsOpen();
 }
 

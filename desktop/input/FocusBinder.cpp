@@ -31,7 +31,7 @@ void FocusBinder::Watch(QWidget& widget, Control& control)
 void FocusBinder::Sync()
 {
     const auto found = widgets_.find(form_.Focus());
-    if (found == widgets_.end() || !found->second || found->second->hasFocus())
+    if (found == widgets_.end() || found->second == nullptr || found->second->hasFocus())
         return;
     found->second->setFocus(Qt::OtherFocusReason);
 }

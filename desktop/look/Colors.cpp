@@ -23,7 +23,7 @@ double Luminance(const QColor& color)
 QColor Mix(const QColor& first, const QColor& second, double part)
 {
     const auto blend = [part](int one, int other) {
-        return static_cast<int>(one * part + other * (1.0 - part) + 0.5);
+        return static_cast<int>(std::lround(one * part + other * (1.0 - part)));
     };
     return {blend(first.red(), second.red()), blend(first.green(), second.green()),
             blend(first.blue(), second.blue())};

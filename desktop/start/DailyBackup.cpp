@@ -38,6 +38,13 @@ std::unique_ptr<QProcess> HelperFor(const QString& program, const std::string& f
     return helper;
 }
 
+/// Keeps the object until the program has ended, because its destructor would kill the process.
+void LetGoOn(QProcess* helper)
+{
+    static auto& goOn = *new std::vector<QProcess*>;
+    goOn.push_back(helper);
+}
+
 }  // namespace
 
 DailyBackup::DailyBackup(QWidget& window, std::string folder, IClock& clock, Report report,
@@ -63,9 +70,7 @@ DailyBackup::~DailyBackup()
     if (!helper_)
         return;
     helper_->disconnect(this);
-    // The destructor would kill the process, so the object is kept until the program has ended.
-    static auto& goOn = *new std::vector<QProcess*>;
-    goOn.push_back(helper_.release());
+    LetGoOn(helper_.release());
 }
 
 void DailyBackup::Look()

@@ -69,7 +69,7 @@ class Program {
 public:
     Program(const std::string& folder, IClock& clock)
         : controller_({folder, clock, boxes_, files_, shell_, pointer_, dates_, forms_, printing_,
-                       http_, "", true},
+                       http_, "", true, true},
                       MainWindow::Metrics()),
           window_(controller_, events_)
     {

@@ -26,7 +26,7 @@ namespace clb {
 namespace {
 
 constexpr const char* kDone = "done\n";
-constexpr qint64 kLongestRequest = 16 * 1024 * 1024;
+constexpr qint64 kLongestRequest = qint64{16} * 1024 * 1024;
 constexpr unsigned long kBetweenTries = 50;  // milliseconds
 
 /// The name is the same for each path of a folder, and differs for each user.
@@ -64,7 +64,7 @@ std::optional<StartRequest> ReadRequest(const QByteArray& line)
     if (!read.value(QStringLiteral("files")).isArray())
         return std::nullopt;
     StartRequest request;
-    for (const QJsonValue& file : read.value(QStringLiteral("files")).toArray())
+    for (const QJsonValue file : read.value(QStringLiteral("files")).toArray())
         request.files << file.toString();
     request.activation = read.value(QStringLiteral("activation")).toString().toUtf8();
     return request;

@@ -60,7 +60,8 @@ void IncomingFiles::Next()
 bool IncomingFiles::CanBegin() const
 {
     return !importing_ && !events_.Running() && controller_.window.Enabled() &&
-           !QApplication::activeModalWidget() && !QApplication::activePopupWidget();
+           QApplication::activeModalWidget() == nullptr &&
+           QApplication::activePopupWidget() == nullptr;
 }
 
 bool IncomingFiles::IsStatement(const std::string& path)

@@ -16,6 +16,7 @@
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
 #include "desktop/window/NoticeLabel.h"
+#include "desktop/window/ResultBarView.h"
 #include "desktop/window/SplitHandle.h"
 #include "desktop/window/ToolbarBinder.h"
 #include "desktop/window/TreeBinder.h"
@@ -41,6 +42,7 @@ WindowMetrics MainWindow::Metrics()
     metrics.statusBarHeight = font.height() + 10;
     metrics.treeWidth = font.averageCharWidth() * 36;
     metrics.totalsHeight = line.sizeHint().height();
+    metrics.resultHeight = font.height() + 16;
     return metrics;
 }
 
@@ -52,6 +54,7 @@ MainWindow::MainWindow(frmController& controller, UserEvents& events)
     BuildParts();
     BuildToolbarSide();
     BuildStatusBar();
+    BuildResultBar();
     menus_ = std::make_unique<MenuBinder>(controller_.menus, *menuBar(), events_,
                                           [this](MenuItem& item) { Choose(item); });
     BindKeys();
@@ -104,7 +107,7 @@ void MainWindow::BuildToolbarSide()
     year_->setToolTip(QStringLiteral("Year shown"));
     year_->installEventFilter(this);
     toolbar_->AddAtRight(QStringLiteral("&Month:"), month_);
-    toolbar_->AddAtRight(QStringLiteral("&Year:"), year_);
+    toolbar_->AddAtRight(QStringLiteral("Ye&ar:"), year_);
 }
 
 void MainWindow::BuildStatusBar()
@@ -120,6 +123,17 @@ void MainWindow::BuildStatusBar()
     work_ = std::make_unique<WorkDisplay>(controller_.progress, *status_);
 }
 
+void MainWindow::BuildResultBar()
+{
+    result_ = new ResultBarView(
+        controller_.result,
+        [this] {
+            if (GridAgrees())
+                events_.Run([this] { controller_.result.Press(); });
+        },
+        [this] { events_.Run([this] { controller_.result.Close(); }); }, inner_);
+}
+
 void MainWindow::FollowModels()
 {
     const auto follow = [this](Event<void()> signal, void (MainWindow::*handler)()) {
@@ -128,6 +142,7 @@ void MainWindow::FollowModels()
     follow(controller_.window.Changed(), &MainWindow::Sync);
     follow(controller_.statusBar.Changed(), &MainWindow::Sync);
     follow(controller_.window.Repaint(), &MainWindow::RepaintNow);
+    follow(controller_.result.Changed(), &MainWindow::ResultChanged);
     controller_.Unloading().connect(sigc::track_obj([this] { hide(); }, *this));
 }
 
@@ -187,7 +202,16 @@ void MainWindow::PlaceParts()
     ApplyPlace(controller_.statusBar, *status_);
     ApplyPlace(controller_.TreeView, *tree_);
     ApplyPlace(controller_.Grid, *grid_);
+    ApplyPlace(controller_.result, *result_);
     border_->Place(tree_->geometry());
+}
+
+void MainWindow::ResultChanged()
+{
+    const bool focused = result_->isAncestorOf(focusWidget());
+    PlaceParts();
+    if (focused && !controller_.result.Shown())
+        focus_->Sync();
 }
 
 void MainWindow::TreeWidth(int pixels)

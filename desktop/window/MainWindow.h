@@ -18,6 +18,7 @@ namespace clb {
 
 class GridView;
 class ListBinder;
+class ResultBarView;
 class SplitHandle;
 class ToolbarBinder;
 class TreeBinder;
@@ -60,6 +61,7 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -68,10 +70,12 @@ private:
     void BuildParts();
     void BuildToolbarSide();
     void BuildStatusBar();
+    void BuildResultBar();
     void BindFocus();
     void BindKeys();
     void FollowModels();
     void PlaceParts();
+    void ResultChanged();
     void InnerResized();
     void NameTotals();
     void RepaintNow();
@@ -85,6 +89,7 @@ private:
     TreeBinder* tree_ = nullptr;
     GridView* grid_ = nullptr;
     SplitHandle* border_ = nullptr;
+    ResultBarView* result_ = nullptr;
     ListBinder* month_ = nullptr;
     YearBox* year_ = nullptr;
     ToolbarBinder* toolbar_ = nullptr;

@@ -1,8 +1,10 @@
 // Handles keys and the wheel in the main window: shortcuts, the order of the focus, the steps of
 // the month.
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
+#include <QToolButton>
 #include <QWheelEvent>
 
 #include "app/WindowCommands.h"
@@ -10,6 +12,7 @@
 #include "desktop/grid/GridView.h"
 #include "desktop/input/UserEvents.h"
 #include "desktop/window/MainWindow.h"
+#include "desktop/window/ResultBarView.h"
 #include "desktop/window/SplitHandle.h"
 #include "desktop/window/ToolbarBinder.h"
 #include "desktop/window/TreeBinder.h"
@@ -60,9 +63,20 @@ void MainWindow::OrderTabs()
     std::vector<QWidget*> stops;
     for (const Toolbar::Button& button : controller_.toolbar.Buttons())
         stops.push_back(toolbar_->ButtonOf(button.key));
-    stops.insert(stops.end(), {month_, year_, tree_, grid_, totals_->First(), totals_->Second()});
+    stops.insert(stops.end(), {month_, year_, tree_, grid_, totals_->First(), totals_->Second(),
+                               result_->Reverse(), result_->Closing()});
     for (std::size_t stop = 1; stop < stops.size(); ++stop)
         setTabOrder(stops[stop - 1], stops[stop]);
+}
+
+/// Escape comes here if the part of the window that has the focus has no use for it.
+void MainWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier &&
+        controller_.result.Shown() && !controller_.Grid.Editing())
+        events_.Run([this] { controller_.result.Close(); });
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 bool MainWindow::GridAgrees()

@@ -15,7 +15,8 @@ void Dress(QAction& action, const std::string& item)
     if (!command)
         return;
     action.setIcon(icons::Command(command->icon));
-    action.setShortcut(QKeySequence(QLatin1String(command->key), QKeySequence::PortableText));
+    action.setShortcuts(
+        QKeySequence::listFromString(QLatin1String(command->key), QKeySequence::PortableText));
 }
 
 }  // namespace
@@ -36,8 +37,12 @@ MenuBinder::MenuBinder(MenuBar& menus, QMenuBar& bar, UserEvents& events, const 
             Dress(*action, item.Name());
             QObject::connect(action, &QAction::triggered, &bar,
                              [&item, &events, press] { events.RunOnRow([&] { press(item); }); });
-            item.Changed().connect(
-                sigc::track_obj([action, &item] { action->setEnabled(item.Enabled()); }, *this));
+            item.Changed().connect(sigc::track_obj(
+                [action, &item] {
+                    action->setEnabled(item.Enabled());
+                    action->setText(ToQString(item.Caption()));
+                },
+                *this));
         }
     }
 }

@@ -178,7 +178,8 @@ void TreeBinder::resizeEvent(QResizeEvent* event)
 void TreeBinder::mousePressEvent(QMouseEvent* event)
 {
     const QTreeWidgetItem* item = itemAt(event->position().toPoint());
-    const bool onText = item && visualItemRect(item).contains(event->position().toPoint());
+    const bool onText =
+        item != nullptr && visualItemRect(item).contains(event->position().toPoint());
     if (event->button() != Qt::LeftButton || !onText)
         return QTreeWidget::mousePressEvent(event);
     Press(NodeOf(item));

@@ -80,7 +80,7 @@ bool WindowPresenter::Screenshot(const std::string& file)
     QWidget* foremost = window_.get();
     if (!forms_.empty())
         foremost = forms_.back().get();
-    return foremost && WritePicture(*foremost, file);
+    return foremost != nullptr && WritePicture(*foremost, file);
 }
 
 bool WritePicture(QWidget& window, const std::string& file)

@@ -24,16 +24,36 @@ void RunWrite(Connection::State& state, const PlanCache::Entry& entry)
         state.StepInsert(query, entry.plan->numberedTable);
 }
 
+/// The table that a query makes, changes or removes; null for an index.
+const std::string* TableOf(const DdlQuery& ddl)
+{
+    return std::visit(
+        [](const auto& query) -> const std::string* {
+            using Kind = std::decay_t<decltype(query)>;
+            if constexpr (std::is_same_v<Kind, CreateIndexQuery> ||
+                          std::is_same_v<Kind, DropIndexQuery>)
+                return nullptr;
+            else
+                return &query.table;
+        },
+        ddl);
+}
+
 void RunDdl(Connection::State& state, const DdlQuery& ddl)
 {
     state.BeginWrite();
+    const std::size_t seen = state.watch != nullptr ? state.watch->Seen() : 0;
     try {
         ApplyDdl(ddl, state.catalogue, state.database);
     } catch (...) {
+        if (state.watch != nullptr)
+            state.watch->TakenBackTo(seen);
         state.ForgetSchema();
         throw;
     }
     state.ForgetSchema();
+    if (const std::string* table = TableOf(ddl); table != nullptr && state.watch != nullptr)
+        state.watch->TableChanged(*table);
 }
 
 }  // namespace
@@ -122,6 +142,12 @@ bool Connection::IsUnchanged(const Contents& since)
 void Connection::Settle()
 {
     state_->Settle();
+}
+
+void Connection::Watch(IChangeWatch* watch)
+{
+    state_->database.Watch(watch);
+    state_->watch = watch;
 }
 
 bool Connection::LostGroup() const

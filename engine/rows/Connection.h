@@ -10,6 +10,8 @@
 
 namespace clb {
 
+class IChangeWatch;
+
 /// The connection to one database file. For one thread only. Other programs may read and write the
 /// same file.
 ///
@@ -90,6 +92,11 @@ public:
         std::function<void(std::string_view)> sink_;
     };
 
+    /// From now on the watch sees each row that changes, and the end of each group. Borrowed; it
+    /// outlives the connection, or is ended by nullptr. The connection is open and stays where it
+    /// is.
+    void Watch(IChangeWatch* watch);
+
     /// Creates a new database file with a script in the storage's own SQL. Throws EngineError, also
     /// if the file exists.
     static void CreateFile(const std::string& path, const std::string& script);
@@ -99,6 +106,20 @@ public:
 
 private:
     std::unique_ptr<State> state_;
+};
+
+/// Several reads in one block see one state of the file and lock it once. Does nothing inside the
+/// pending group or another ReadGroup. Nothing may be written while it lives.
+class ReadGroup {
+public:
+    explicit ReadGroup(const Connection& connection);
+    explicit ReadGroup(Connection::State& session);
+    ~ReadGroup();
+    ReadGroup(const ReadGroup&) = delete;
+    ReadGroup& operator=(const ReadGroup&) = delete;
+
+private:
+    Connection::State* session_ = nullptr;  // null: somebody else's group goes on
 };
 
 }  // namespace clb

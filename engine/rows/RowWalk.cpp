@@ -65,8 +65,8 @@ void WalkIdentities(Connection::State& session, Plan& plan, const BoundValues& v
     }
 }
 
-void WalkStatement(Connection::State& session, Plan& plan, const BoundValues& values,
-                   const std::function<void(const WalkedRow&)>& take)
+void WalkQuery(Connection::State& session, Plan& plan, const BoundValues& values,
+               const std::function<void(const WalkedRow&)>& take)
 {
     const ResetAtExit reset(plan.query);
     plan.query.BindAll(values);
@@ -86,7 +86,7 @@ void WalkRows(Connection& connection, std::string_view sql,
     const ReadGroup group(session);
     const auto entry = session.PrepareSelect(sql);
     if (entry.plan->identitiesSql.empty())
-        WalkStatement(session, *entry.plan, *entry.values, take);
+        WalkQuery(session, *entry.plan, *entry.values, take);
     else
         WalkIdentities(session, *entry.plan, *entry.values, take);
 }

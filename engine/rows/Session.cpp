@@ -109,11 +109,18 @@ void Connection::State::BeginWrite()
 
 void Connection::State::StepWrite(Query& query)
 {
+    const std::size_t seen = watch != nullptr ? watch->Seen() : 0;
     try {
         database.Step(query);
     } catch (const EngineError& error) {
+        if (watch != nullptr)
+            watch->TakenBackTo(seen);
         if (whole && error.Trouble() != FileTrouble::None && database.InTransaction())
             TakeBack();
+        throw;
+    } catch (...) {
+        if (watch != nullptr)
+            watch->TakenBackTo(seen);
         throw;
     }
 }
@@ -150,6 +157,15 @@ std::int64_t Connection::State::LastNumber(const std::string& table)
     return database.Step(find) ? find.Integer(0) : 0;
 }
 
+void Connection::State::Commit()
+{
+    if (watch != nullptr)
+        watch->BeforeCommit();
+    database.Step(commit);
+    if (watch != nullptr)
+        watch->Committed();
+}
+
 void Connection::State::Settle()
 {
     pending = false;
@@ -180,6 +196,8 @@ void Connection::State::TakeBack() noexcept
     if (database.InTransaction())
         database.RollBack(rollback);
     abandoned = database.InTransaction();
+    if (watch != nullptr)
+        watch->Lost();
     ForgetSchema();
 }
 
@@ -195,7 +213,7 @@ void Connection::State::EndReading() noexcept
 {
     reading = false;
     try {
-        Commit();
+        database.Step(commit);
     } catch (...) {
         TakeBack();
     }
@@ -226,6 +244,8 @@ std::int64_t Connection::State::DataVersion()
     database.Step(readDataVersion);
     return readDataVersion.Integer(0);
 }
+
+ReadGroup::ReadGroup(const Connection& connection) : ReadGroup(connection.Internals()) {}
 
 ReadGroup::ReadGroup(Connection::State& session)
 {

@@ -9,6 +9,7 @@
 #include "engine/sql/Plan.h"
 #include "engine/sql/PlanCache.h"
 #include "engine/storage/Catalogue.h"
+#include "engine/storage/ChangeWatch.h"
 #include "engine/storage/Database.h"
 
 namespace clb {
@@ -19,6 +20,7 @@ struct Connection::State {
     Catalogue catalogue{database};
     PlanCache cache;
     std::function<void(std::string_view)> trace;
+    IChangeWatch* watch = nullptr;    ///< of the rows that change; borrowed
     std::int64_t schemaVersion = -1;  ///< of the catalogue and the cache; -1: not known
     bool reading = false;             ///< a ReadGroup lives
     bool pending = false;             ///< the pending group was opened and not settled
@@ -57,7 +59,7 @@ struct Connection::State {
     bool ChangedElsewhere();
     /// A number that another program's writing changes. Throws EngineError.
     std::int64_t DataVersion();
-    void Commit() { database.Step(commit); }
+    void Commit();
     /// Ends the transaction of a ReadGroup, in which nothing was written.
     void EndReading() noexcept;
     /// To be called after each change of the schema.
@@ -73,19 +75,6 @@ private:
     std::int64_t LastNumber(const std::string& table);
 
     std::map<std::string, Query> lastNumbers_;  ///< by table
-};
-
-/// Several reads in one block see one state of the file and lock it once. Does nothing inside the
-/// pending group. Nothing may be written while it lives.
-class ReadGroup {
-public:
-    explicit ReadGroup(Connection::State& session);
-    ~ReadGroup();
-    ReadGroup(const ReadGroup&) = delete;
-    ReadGroup& operator=(const ReadGroup&) = delete;
-
-private:
-    Connection::State* session_ = nullptr;  // null: somebody else's group goes on
 };
 
 }  // namespace clb

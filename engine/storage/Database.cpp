@@ -240,9 +240,31 @@ void Query::BindText(int parameter, std::string_view text)
                                      SQLITE_TRANSIENT, SQLITE_UTF8));
 }
 
+void Query::BindBlob(int parameter, std::string_view bytes)
+{
+    RequireBound(
+        sqlite3_bind_blob64(raw_.get(), parameter, bytes.data(), bytes.size(), SQLITE_STATIC));
+}
+
 void Query::BindInteger(int parameter, std::int64_t value)
 {
     RequireBound(sqlite3_bind_int64(raw_.get(), parameter, value));
+}
+
+void Query::BindCell(int parameter, const StoredCell& cell)
+{
+    sqlite3_stmt* const raw = raw_.get();
+    if (const auto* integer = std::get_if<std::int64_t>(&cell))
+        RequireBound(sqlite3_bind_int64(raw, parameter, *integer));
+    else if (const auto* real = std::get_if<double>(&cell))
+        RequireBound(sqlite3_bind_double(raw, parameter, *real));
+    else if (const auto* text = std::get_if<std::string>(&cell))
+        BindText(parameter, *text);
+    else if (const auto* blob = std::get_if<Blob>(&cell))
+        RequireBound(sqlite3_bind_blob64(raw, parameter, blob->bytes.data(), blob->bytes.size(),
+                                         SQLITE_TRANSIENT));
+    else
+        RequireBound(sqlite3_bind_null(raw, parameter));
 }
 
 int Query::ParameterCount() const
@@ -314,6 +336,18 @@ std::string_view Query::TextView(int column) const
 std::int64_t Query::Integer(int column) const
 {
     return sqlite3_column_int64(raw_.get(), column);
+}
+
+StoredCell Query::Cell(int column) const
+{
+    sqlite3_stmt* const raw = raw_.get();
+    switch (sqlite3_column_type(raw, column)) {
+        case SQLITE_INTEGER: return Integer(column);
+        case SQLITE_FLOAT: return sqlite3_column_double(raw, column);
+        case SQLITE_TEXT: return Text(column);
+        case SQLITE_BLOB: return Blob{Text(column)};
+        default: return std::monostate();
+    }
 }
 
 void Query::Reset() noexcept
@@ -529,6 +563,11 @@ void Database::ThrowLastTrouble() const
 void Database::Refuse(int code)
 {
     Throw(code, sqlite3_errmsg(raw_));
+}
+
+void Database::Triggers(bool run)
+{
+    sqlite3_db_config(raw_, SQLITE_DBCONFIG_ENABLE_TRIGGER, run ? 1 : 0, nullptr);
 }
 
 std::int64_t Database::LastRowId() const

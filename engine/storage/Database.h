@@ -9,11 +9,14 @@
 
 #include "base/Value.h"
 #include "engine/storage/EngineError.h"
+#include "engine/storage/PackedCells.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace clb {
+
+class IChangeWatch;
 
 /// One prepared query of the storage. It may outlive its Database, but must not run after that.
 class Query {
@@ -31,8 +34,11 @@ public:
     void Bind(int parameter, const Value&& value) = delete;
     /// Binds the values to the first parameters. They must live as long.
     void BindAll(std::span<const Value> values);
-    void BindText(int parameter, std::string_view text);  ///< copied
+    void BindText(int parameter, std::string_view text);   ///< copied
+    void BindBlob(int parameter, std::string_view bytes);  ///< not copied: as a value
     void BindInteger(int parameter, std::int64_t value);
+    /// A cell that was taken from the storage before; copied.
+    void BindCell(int parameter, const StoredCell& cell);
     [[nodiscard]] int ParameterCount() const;
 
     /// Returns the cell of a 0-based column in the row that Step reached. Throws EngineError
@@ -45,6 +51,8 @@ public:
     /// The same without a copy. Valid until the query moves on or is reset.
     [[nodiscard]] std::string_view TextView(int column) const;
     [[nodiscard]] std::int64_t Integer(int column) const;
+    /// The cell as it is, whatever its column declares.
+    [[nodiscard]] StoredCell Cell(int column) const;
     void Reset() noexcept;
 
 private:
@@ -121,8 +129,8 @@ public:
 
     /// Records an error of one of our functions inside a running query. Step and Run throw it.
     void Fail(const EngineError& error) { failure_ = error; }
-    /// Records that our collation ran out of memory. The storage has no way to take such an error,
-    /// so Step throws it.
+    /// Records that our collation or the watch ran out of memory. The storage has no way to take
+    /// such an error, so Step throws it.
     void FailForMemory() noexcept { noMemory_ = true; }
 
     /// Throws the error for a code that the storage returned elsewhere.
@@ -132,9 +140,16 @@ public:
     /// up a transaction.
     [[noreturn]] void ThrowLastTrouble() const;
 
+    /// From now on the watch sees each row that a statement changes. Borrowed; nullptr ends it.
+    void Watch(IChangeWatch* watch);
+    /// Whether triggers run when rows change; they do at first.
+    void Triggers(bool run);
+
     [[nodiscard]] sqlite3* Raw() const { return raw_; }
 
 private:
+    static void Changing(void* self, sqlite3* raw, int operation, const char* database,
+                         const char* table, std::int64_t before, std::int64_t after);
     void Connect(const std::string& path, int flags);
     /// Rejects what cannot be a database. The storage would take an empty file for a new database.
     static void RequireFile(const std::string& path);
@@ -149,7 +164,8 @@ private:
     std::string path_;
     std::optional<EngineError> failure_;
     EngineError fileError_{engine_errors::Unavailable, ""};
-    bool noMemory_ = false;        ///< a collation has run out of memory
+    IChangeWatch* watch_ = nullptr;
+    bool noMemory_ = false;        ///< a collation or the watch has run out of memory
     bool troubleIsMemory_ = true;  ///< the latest error was about memory, not fileError_
 };
 

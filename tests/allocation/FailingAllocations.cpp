@@ -62,13 +62,13 @@ bool ReplaceStorageAllocator()
     return true;
 }
 
-const bool replaced = ReplaceStorageAllocator();
+const bool kReplaced = ReplaceStorageAllocator();
 
 }  // namespace
 
 void FailingAllocations::Begin(std::int64_t n, Refusal refusal, Counted counted)
 {
-    if (!replaced)
+    if (!kReplaced)
         std::abort();
     plan = {true, false, refusal, counted, n, 0};
 }

@@ -123,7 +123,7 @@ private:
             wrong += " busy";
         return wrong + NextCommand(tries, done);
     }
-    bool ReportsIt() const
+    [[nodiscard]] bool ReportsIt() const
     {
         const auto& boxes = window_->messages.boxes;
         return !boxes.empty() &&

@@ -22,6 +22,43 @@ constexpr int kMostLines = 350;
 /// Classes that are still longer. Each entry goes when its class is split.
 const std::set<std::string> kStillLonger = {};
 
+bool IsAlphanumeric(char c)
+{
+    return std::isalnum(static_cast<unsigned char>(c)) != 0;
+}
+
+std::size_t EndOfRawString(const std::string& text, std::size_t at)
+{
+    const std::size_t open = text.find('(', at);
+    const std::string close = ")" + text.substr(at + 2, open - at - 2) + "\"";
+    return text.find(close, open) + close.size();
+}
+
+std::size_t EndOfLiteral(const std::string& text, std::size_t at)
+{
+    std::size_t end = at + 1;
+    while (end < text.size() && text[end] != text[at])
+        end += text[end] == '\\' ? 2U : 1U;
+    return end + 1;
+}
+
+/// The end of the comment, preprocessor line or literal that begins here; `at` if none does.
+std::size_t EndOfBlank(const std::string& text, std::size_t at, bool lineStart)
+{
+    const char c = text[at];
+    const char before = at > 0 ? text[at - 1] : ' ';
+    if (text.compare(at, 2, "//") == 0 || (c == '#' && lineStart))
+        return std::min(text.find('\n', at), text.size());
+    if (text.compare(at, 2, "/*") == 0)
+        return std::min(text.find("*/", at + 2), text.size() - 2) + 2;
+    if (text.compare(at, 2, "R\"") == 0 && !IsAlphanumeric(before))
+        return EndOfRawString(text, at);
+    // After a digit it separates digits.
+    if (c == '"' || (c == '\'' && std::isdigit(static_cast<unsigned char>(before)) == 0))
+        return EndOfLiteral(text, at);
+    return at;
+}
+
 /// The text with comments, preprocessor lines and the contents of literals blanked out. Line breaks
 /// stay.
 std::string CodeOnly(const std::string& text)
@@ -29,32 +66,14 @@ std::string CodeOnly(const std::string& text)
     std::string code;
     bool lineStart = true;
     for (std::size_t at = 0; at < text.size();) {
-        std::size_t end = at + 1;
-        const char c = text[at];
-        const bool rawString =
-            text.compare(at, 2, "R\"") == 0 &&
-            (at == 0 || std::isalnum(static_cast<unsigned char>(text[at - 1])) == 0);
-        if (text.compare(at, 2, "//") == 0 || (c == '#' && lineStart)) {
-            end = std::min(text.find('\n', at), text.size());
-        } else if (text.compare(at, 2, "/*") == 0) {
-            end = std::min(text.find("*/", at + 2), text.size() - 2) + 2;
-        } else if (rawString) {
-            const std::size_t open = text.find('(', at);
-            const std::string close = ")" + text.substr(at + 2, open - at - 2) + "\"";
-            end = text.find(close, open) + close.size();
-        } else if (c == '"' ||
-                   (c == '\'' &&
-                    !(at > 0 && std::isdigit(static_cast<unsigned char>(text[at - 1])) != 0))) {
-            while (end < text.size() && text[end] != c)
-                end += text[end] == '\\' ? 2U : 1U;
-            ++end;
-        } else {
+        const std::size_t end = EndOfBlank(text, at, lineStart);
+        if (end == at) {
+            const char c = text[at++];
             code += c;
             if (c == '\n')
                 lineStart = true;
             else if (std::isspace(static_cast<unsigned char>(c)) == 0)
                 lineStart = false;
-            at = end;
             continue;
         }
         for (; at < end && at < text.size(); ++at)
@@ -65,7 +84,7 @@ std::string CodeOnly(const std::string& text)
 
 bool IsName(char c)
 {
-    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
+    return IsAlphanumeric(c) || c == '_';
 }
 
 std::vector<std::string> Words(const std::string& text)
@@ -146,7 +165,7 @@ private:
     /// The name of the class whose body begins; empty if something else begins.
     static std::string ClassIn(const std::string& head)
     {
-        if (head.find('(') != head.npos || head.find('=') != head.npos)
+        if (head.find('(') != std::string::npos || head.find('=') != std::string::npos)
             return {};
         const auto words = Words(head);
         for (std::size_t at = 0; at + 1 < words.size(); ++at) {
@@ -164,7 +183,7 @@ private:
     /// Whether a brace after this text begins a function's body, and not a member's initial value.
     static bool IsFunction(const std::string& head)
     {
-        if (head.find('(') == head.npos)
+        if (head.find('(') == std::string::npos)
             return false;
         const std::size_t last = head.find_last_not_of(" \n");
         if (head[last] == '=' || head[last] == ',' || head[last] == '(')
@@ -182,7 +201,7 @@ private:
             const auto words = Words(head.substr(0, head.find('(')));
             const std::string name = words.empty() ? std::string() : words.back();
             const std::size_t last = name.rfind("::");
-            if (last == name.npos || last == 0)
+            if (last == std::string::npos || last == 0)
                 return;
             owner = name.substr(0, last);
         }

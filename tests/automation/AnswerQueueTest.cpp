@@ -5,7 +5,7 @@
 namespace clb {
 namespace {
 
-constexpr std::int32_t yesNo = box_style::YesNo + box_style::Question;
+constexpr std::int32_t kYesNo = box_style::YesNo + box_style::Question;
 
 TEST(AnswerQueueTest, AQuestionTakesTheFirstAnswerIfItFits)
 {
@@ -13,9 +13,9 @@ TEST(AnswerQueueTest, AQuestionTakesTheFirstAnswerIfItFits)
     answers.Add(BoxReply{BoxAnswer::Yes});
     answers.Add(FileReply{"/home/me/march.ofx"});
 
-    EXPECT_EQ(answers.TakeForBox(yesNo).value().button, BoxAnswer::Yes);
+    EXPECT_EQ(answers.TakeForBox(kYesNo).value().button, BoxAnswer::Yes);
     EXPECT_EQ(answers.TakeForFile().value().path, "/home/me/march.ofx");
-    EXPECT_FALSE(answers.TakeForBox(yesNo));
+    EXPECT_FALSE(answers.TakeForBox(kYesNo));
 }
 
 TEST(AnswerQueueTest, AnAnswerOfAnotherKindStaysFirstAndBlocksTheOthers)
@@ -24,9 +24,9 @@ TEST(AnswerQueueTest, AnAnswerOfAnotherKindStaysFirstAndBlocksTheOthers)
     answers.Add(FileReply{"/home/me/march.ofx"});
     answers.Add(BoxReply{BoxAnswer::Yes});
 
-    EXPECT_FALSE(answers.TakeForBox(yesNo));
+    EXPECT_FALSE(answers.TakeForBox(kYesNo));
     EXPECT_TRUE(answers.TakeForFile());
-    EXPECT_TRUE(answers.TakeForBox(yesNo));
+    EXPECT_TRUE(answers.TakeForBox(kYesNo));
 }
 
 TEST(AnswerQueueTest, AButtonThatTheBoxLacksDoesNotFit)
@@ -35,7 +35,7 @@ TEST(AnswerQueueTest, AButtonThatTheBoxLacksDoesNotFit)
     answers.Add(BoxReply{BoxAnswer::Yes});
 
     EXPECT_FALSE(answers.TakeForBox(box_style::Critical));
-    EXPECT_TRUE(answers.TakeForBox(yesNo));
+    EXPECT_TRUE(answers.TakeForBox(kYesNo));
 }
 
 TEST(AnswerQueueTest, AFormTakesOnlyAnAnswerWithItsName)

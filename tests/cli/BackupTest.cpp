@@ -28,7 +28,7 @@ protected:
             "', 'Bank')");
     }
     std::string Accounts() { return Sql("SELECT AccountID FROM Account"); }
-    mode_t ModeOf(const std::string& name) const
+    [[nodiscard]] mode_t ModeOf(const std::string& name) const
     {
         struct stat status {};
         stat(folder.Path(name).c_str(), &status);
@@ -106,7 +106,7 @@ TEST_F(BackupTest, ABackupNeedsAFileThatDoesNotExist)
 
     EXPECT_EQ(Err(), "clb: File already exists: " + folder.Path("stick.mdb") + "\n");
     EXPECT_TRUE(folder.Read("stick.mdb") == before);
-    EXPECT_EQ(ModeOf("stick.mdb"), 0600u);
+    EXPECT_EQ(ModeOf("stick.mdb"), 0600U);
     EXPECT_FALSE(folder.Holds("books/db/backup"));
 }
 
@@ -219,6 +219,7 @@ TEST_F(BackupTest, CheckReportsAFailedDailyBackupUntilOneIsMade)
 TEST_F(BackupTest, SeveralAtOnceMakeOrShareSoundCopies)
 {
     std::vector<std::future<std::string>> all;
+    all.reserve(4);
     for (int program = 0; program < 4; ++program)
         all.push_back(std::async(std::launch::async, [&, program] {
             const std::string out = folder.Path("out" + std::to_string(program));
@@ -257,10 +258,10 @@ TEST_F(BackupTest, OnlyTheUserCanReadTheProgramsFiles)
     ASSERT_EQ(Run("export 3 '" + folder.Path("out.ofx") + "'" + Home()), 0) << Err();
     ASSERT_EQ(Run("options --bank-url https://bank.example" + Home()), 0) << Err();
 
-    EXPECT_EQ(ModeOf("out.ofx"), 0600u);
-    EXPECT_EQ(ModeOf("books/cvlb.ini"), 0600u);
-    EXPECT_EQ(ModeOf("books/db/clb.mdb"), 0600u);
-    EXPECT_EQ(ModeOf("books/db"), 0700u);
+    EXPECT_EQ(ModeOf("out.ofx"), 0600U);
+    EXPECT_EQ(ModeOf("books/cvlb.ini"), 0600U);
+    EXPECT_EQ(ModeOf("books/db/clb.mdb"), 0600U);
+    EXPECT_EQ(ModeOf("books/db"), 0700U);
 }
 
 }  // namespace

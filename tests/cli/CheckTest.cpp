@@ -39,7 +39,7 @@ protected:
                 findings += line + "\n";
         return findings;
     }
-    std::string Today() { return SystemClock().Now().ToIso().substr(0, 10); }
+    static std::string Today() { return SystemClock().Now().ToIso().substr(0, 10); }
     /// The balances in a backup of today.
     std::string BalancesBefore(const std::string& what)
     {

@@ -80,6 +80,9 @@ TEST_F(HeldBookTest, ACommandWaitsOnlyOnceForTheBook)
     EXPECT_THAT(WaitOf(AddNetWorth, {"networth"}), once);
     EXPECT_THAT(WaitOf(AddCopyBudget, {"copy-budget", "2006-04"}), once);
     EXPECT_THAT(WaitOf(AddImport, {"import", statement}), once);
+    EXPECT_THAT(WaitOf(AddHistory, {"history"}), once);
+    EXPECT_THAT(WaitOf(AddUndo, {"undo"}), once);
+    EXPECT_THAT(WaitOf(AddRedo, {"redo"}), once);
     EXPECT_THAT(WaitOf(AddCheck, {"check"}), once);
     EXPECT_THAT(WaitOf(AddCheck, {"check", "--repair"}), once);
 }

@@ -13,8 +13,6 @@
 #include "tests/cli/CommandFixture.h"
 #include "tests/support/HttpServer.h"
 
-extern char** environ;
-
 namespace clb {
 namespace {
 
@@ -52,13 +50,13 @@ public:
     QuoteServer& operator=(const QuoteServer&) = delete;
 
     /// What it prints when it starts to listen.
-    const std::string& Line() const { return line_; }
-    std::string Address() const
+    [[nodiscard]] const std::string& Line() const { return line_; }
+    [[nodiscard]] std::string Address() const
     {
         const auto from = line_.find("http://");
         return line_.substr(from, line_.find(' ', from) - from);
     }
-    std::string Port() const { return Address().substr(Address().rfind(':') + 1); }
+    [[nodiscard]] std::string Port() const { return Address().substr(Address().rfind(':') + 1); }
     /// The exit code; -1 if the signal killed it.
     int EndBy(int signal)
     {

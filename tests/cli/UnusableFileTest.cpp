@@ -16,8 +16,8 @@ class UnusableFileTest : public CommandFixture {
 protected:
     UnusableFileTest() { EXPECT_EQ(Run("new " + Books()), 0); }
 
-    std::string File() const { return folder.Path("books/db/clb.mdb"); }
-    std::string Bytes() const
+    [[nodiscard]] std::string File() const { return folder.Path("books/db/clb.mdb"); }
+    [[nodiscard]] std::string Bytes() const
     {
         return std::filesystem::is_regular_file(File()) ? folder.Read("books/db/clb.mdb") : "";
     }

@@ -113,7 +113,7 @@ protected:
             row["Amount"] = Money::Parse(row.at("Amount").get<std::string>()).ToText();
         return row;
     }
-    std::int32_t Kind()
+    static std::int32_t Kind()
     {
         const json& kind = Expected().at(GetParam()).at("kind");
         return kind == "OFX" ? 2 : kind == "QIF" ? 3 : 0;

@@ -4,7 +4,10 @@
 // CLB_CRASH_RUNS=1000 sets the number of runs of each kind of fault, CLB_CRASH_SEED=7 generates
 // other sessions.
 
+#include <algorithm>
+
 #include "tests/crash/FaultSessions.h"
+#include "tests/support/BackAndForth.h"
 
 namespace clb {
 namespace {
@@ -113,12 +116,11 @@ protected:
     }
     static bool BoxIn(const Json& log)
     {
-        for (const Json& event : log["events"])
-            if (event["event"] == "box" && (event["text"] == "Unable to update quotes." ||
-                                            event["text"].get<std::string>().starts_with(
-                                                "Invalid data was found while importing")))
-                return true;
-        return false;
+        return std::ranges::any_of(log["events"], [](const Json& event) {
+            return event["event"] == "box" && (event["text"] == "Unable to update quotes." ||
+                                               event["text"].get<std::string>().starts_with(
+                                                   "Invalid data was found while importing"));
+        });
     }
     /// The fault lasts for a while and ends; then everything must work.
     void GoOn(InProcessProgram& program, const RecordedSitting& record, std::size_t failed,
@@ -139,6 +141,8 @@ protected:
             WorksAgain(program, folder);
         }
         SoundNow(folder);
+        const WayBack back = GoBackAndForth(folder.Path("db/clb.mdb"), record.started->start);
+        EXPECT_EQ(back.past, Past::Whole) << back.why << Where("history");
     }
     static bool AddsRow(DrivenProgram& program)
     {

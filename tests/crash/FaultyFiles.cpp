@@ -18,7 +18,7 @@ struct FaultyFiles::File {
     bool lasting;       // the database or its journal: counted, and kept in the model
 
     sqlite3_file* Real() { return reinterpret_cast<sqlite3_file*>(this + 1); }
-    std::string Name() const { return path ? *path : std::string("temporary"); }
+    [[nodiscard]] std::string Name() const { return path ? *path : std::string("temporary"); }
 };
 
 namespace {
@@ -178,7 +178,7 @@ int FaultyFiles::Calls::Open(sqlite3_vfs* vfs, sqlite3_filename name, sqlite3_fi
     if (files.Dark())
         return SQLITE_CANTOPEN;
     const std::string path = name ? name : "";
-    const bool lasting = name && (flags & kLasting) != 0;
+    const bool lasting = name != nullptr && (flags & kLasting) != 0;
     int there = 0;
     if (lasting)
         files.real_->xAccess(files.real_, name, SQLITE_ACCESS_EXISTS, &there);

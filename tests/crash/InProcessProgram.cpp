@@ -60,7 +60,7 @@ Json InProcessProgram::Await()
     changed_.wait(lock, [this] { return !replies_.empty() || programEnded_; });
     if (replies_.empty())
         throw std::runtime_error("the program ended without a reply: " + escaped_);
-    const Json reply = Json::parse(replies_.front());
+    Json reply = Json::parse(replies_.front());
     replies_.pop_front();
     return reply;
 }

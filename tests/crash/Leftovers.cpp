@@ -1,5 +1,10 @@
 #include "tests/crash/Leftovers.h"
 
+#include <filesystem>
+
+#include "tests/support/BackAndForth.h"
+#include "tests/support/TempFolder.h"
+
 namespace clb {
 namespace {
 
@@ -21,7 +26,7 @@ public:
             wrong = Rows(outcome);
         if (wrong.empty())
             wrong = first == FirstOpener::Check ? Compare(findings_, *found_) : LookAgain();
-        return wrong;
+        return wrong.empty() ? BackAndForth() : wrong;
     }
 
 private:
@@ -83,6 +88,15 @@ private:
         if (findings != expected)
             return "the check finds:\n" + findings + "and should find:\n" + expected;
         return findings.find("balance: ") == std::string::npos ? "" : findings;
+    }
+
+    /// The history must fit the tables, whatever was interrupted.
+    std::string BackAndForth()
+    {
+        const TempFolder folder(TempFolder::Memory());
+        std::filesystem::copy_file(folder_ + "/db/clb.mdb", folder.Path("clb.mdb"));
+        const WayBack back = GoBackAndForth(folder.Path("clb.mdb"), allowed_.before->start);
+        return back.past == Past::Whole ? "" : "the history does not lead back: " + back.why;
     }
 
     const std::string& folder_;

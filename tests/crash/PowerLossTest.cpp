@@ -105,7 +105,7 @@ protected:
             return "neither the old schema nor the new one:\n" + Difference(old->dump, found);
         start_(left.Path())->FirstLine();
         const MomentPtr fresh = before ? sitting.record.started : allowed.after;
-        const std::string wrong =
+        std::string wrong =
             WhatIsWrong(left.Path(), {fresh, fresh}, FirstOpener::Program, start_, outcome);
         outcome = before ? "before" : "after";
         return wrong;

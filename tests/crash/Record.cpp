@@ -51,6 +51,7 @@ MomentPtr Look(const std::string& folder, const MomentPtr& last)
     if (last && now.database == last->database && now.settings == last->settings)
         return last;
     now.dump = DumpOf(folder + "/db/clb.mdb");
+    now.start = last ? last->start : WithoutHistory(now.dump);
     return std::make_shared<const Moment>(std::move(now));
 }
 

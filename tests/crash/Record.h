@@ -15,6 +15,7 @@ struct Moment {
     std::string database;  ///< bytes of the file
     std::string settings;  ///< bytes of cvlb.ini
     TableDump dump;
+    TableDump start;  ///< the tables that the history leads back to
     // What an undisturbed program finds and shows in it. Determined when it is first needed.
     mutable std::string findings;
     mutable std::string portrait;
@@ -50,7 +51,8 @@ struct RecordedSitting {
 Json InFolder(const Json& request, const std::string& folder);
 /// Puts database, settings and the statement files into an empty folder.
 void Unpack(const Moment& moment, const Sitting& sitting, const std::string& folder);
-/// What is in the folder now. Returns the same moment if nothing has changed.
+/// What is in the folder now. Returns the same moment if nothing has changed. The history begins
+/// where that of the last moment begins; without a last moment it begins now.
 MomentPtr Look(const std::string& folder, const MomentPtr& last);
 
 /// The database that sessions begin with, in schema version 0, 1 or 2: the rows of

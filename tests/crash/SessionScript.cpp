@@ -271,9 +271,18 @@ Action SessionScript::Options()
     return {"options", {AnswerForm("frmOptions", steps), Menu("mnuT_Options")}, ""};
 }
 
+/// Undoes or redoes a few steps, one by one.
+Action SessionScript::TakeSteps(const std::string& kind)
+{
+    Action action{kind, {}, ""};
+    for (int steps = Number(1, 3); steps > 0; --steps)
+        action.requests.push_back(Menu(kind == "undo" ? "mnuY_Undo" : "mnuY_Redo"));
+    return action;
+}
+
 Action SessionScript::NextAction(Sitting& sitting)
 {
-    switch (Number(0, 23)) {
+    switch (Number(0, 29)) {
         case 0:
         case 1:
         case 2: return AddTransaction();
@@ -297,6 +306,12 @@ Action SessionScript::NextAction(Sitting& sitting)
         case 20: return ImportQif(sitting);
         case 21: return Quotes();
         case 22: return Options();
+        case 23:
+        case 24:
+        case 25:
+        case 26: return TakeSteps("undo");
+        case 27:
+        case 28: return TakeSteps("redo");
         default: return Export();
     }
 }

@@ -57,6 +57,7 @@ private:
     Action Export();
     Action Options();
     Action LeaveRow();
+    Action TakeSteps(const std::string& kind);
 
     int Number(int from, int to);
     std::string Money();

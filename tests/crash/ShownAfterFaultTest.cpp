@@ -73,7 +73,7 @@ TEST_F(ShownAfterFaultTest, ATransactionThatCouldNotBeSavedIsNotShownAsAStoredRo
         const Json grid = program.Ask({{"do", "grid"}});
         std::size_t stored = 0;
         for (const Json& row : grid["rows"])
-            stored += row["kind"] == "data" ? 1u : 0u;
+            stored += row["kind"] == "data" ? 1U : 0U;
         EXPECT_EQ(stored, rows - 1) << at << files_.FirstFailure();
         EXPECT_EQ(program.Ask({{"do", "window"}})["totals"], totals);
     }

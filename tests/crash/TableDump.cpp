@@ -65,6 +65,18 @@ std::vector<std::string> Tables(sqlite3* file)
     return lines;
 }
 
+/// SELECT of the rows in a fixed order. Of the history's own tables it leaves out what differs from
+/// run to run: the number of the process, and the recorded changes with their hashes, because they
+/// depend on the ticks.
+std::string SelectOf(const std::string& table)
+{
+    if (table == "CvStep")
+        return "SELECT Step, At, What, \"Rows\", Undone FROM CvStep ORDER BY Step";
+    if (table == "CvChange")
+        return "SELECT Step, Part FROM CvChange ORDER BY Step, Part";
+    return "SELECT rowid, * FROM \"" + table + "\" ORDER BY rowid";
+}
+
 bool IsRow(const std::string& line)
 {
     return !line.starts_with("sqlite_");
@@ -83,7 +95,18 @@ TableDump DumpOf(const std::string& path)
     Read(raw, "SELECT type, name, tbl_name, sql FROM sqlite_master ORDER BY type, name",
          "sqlite_master", dump.lines);
     for (const std::string& table : Tables(raw))
-        Read(raw, "SELECT rowid, * FROM \"" + table + "\" ORDER BY rowid", table, dump.lines);
+        Read(raw, SelectOf(table), table, dump.lines);
+    return dump;
+}
+
+TableDump WithoutHistory(TableDump dump)
+{
+    std::erase_if(dump.lines, [](const std::string& line) {
+        return line.starts_with("CvStep") || line.starts_with("CvChange") ||
+               line.starts_with("sqlite_sequence|") ||
+               (line.starts_with("sqlite_master|") && (line.find("CvStep") != std::string::npos ||
+                                                       line.find("CvChange") != std::string::npos));
+    });
     return dump;
 }
 

@@ -44,6 +44,9 @@ RecordedSitting RecordUndisturbed(const Sitting& sitting, const MomentPtr& befor
     program->FirstLine();
     record.startSeconds = SecondsSince(from);
     record.started = Look(folder.Path(), before);
+    // What updates an older schema is no step.
+    if (record.started != before)
+        record.started = Look(folder.Path(), nullptr);
     MomentPtr last = record.started;
     for (const Action& action : sitting.actions) {
         quotes.Price(action.price);

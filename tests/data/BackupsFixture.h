@@ -44,7 +44,7 @@ protected:
         stat(folder_.Path(name).c_str(), &status);
         return status.st_mode & 0777;
     }
-    std::vector<std::string> AccountsIn(const std::string& path)
+    static std::vector<std::string> AccountsIn(const std::string& path)
     {
         Connection connection;
         connection.Open("Data Source=" + path);

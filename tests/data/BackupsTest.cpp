@@ -30,8 +30,8 @@ TEST_F(BackupsTest, ADayGetsOneCopyForTheUserAlone)
 
     EXPECT_THAT(backups_.Names(), ElementsAre("2026-11-21"));
     EXPECT_THAT(AccountsIn(folder_.Path("db/backup/clb-2026-11-21.mdb")), ElementsAre("1"));
-    EXPECT_EQ(ModeOf("db/backup/clb-2026-11-21.mdb"), 0600u);
-    EXPECT_EQ(ModeOf("db/backup"), 0700u);
+    EXPECT_EQ(ModeOf("db/backup/clb-2026-11-21.mdb"), 0600U);
+    EXPECT_EQ(ModeOf("db/backup"), 0700U);
 }
 
 TEST_F(BackupsTest, TheNextCopyRemovesWhatAKilledProgramLeft)
@@ -301,6 +301,7 @@ TEST_F(BackupsTest, AFullDiskIsReportedAndLeavesNoHalfCopy)
 TEST_F(BackupsTest, ManyProgramsAtOnceMakeOneCopy)
 {
     std::vector<std::future<std::optional<BackupFailure>>> all;
+    all.reserve(8);
     for (int program = 0; program < 8; ++program)
         all.push_back(std::async(std::launch::async,
                                  [&] { return Backups(folder_.Path()).Daily(Day("2026-11-21")); }));

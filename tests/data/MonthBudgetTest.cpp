@@ -1,6 +1,10 @@
 // The sums of a month's budget that are read together equal those of the single statements.
 
+#include <gmock/gmock.h>
+#include <sqlite3.h>
+
 #include <functional>
+#include <utility>
 
 #include "data/BudgetFigures.h"
 #include "engine/rows/RawSql.h"
@@ -11,6 +15,59 @@ namespace clb {
 namespace {
 
 constexpr const char* kMostAmount = "922337203685477.5807";
+
+/// Runs an action once, in the moment after a file was unlocked for the n-th time. Affects files
+/// that are opened while it lives.
+class AfterUnlock {
+public:
+    AfterUnlock() : files_(*sqlite3_vfs_find(nullptr))
+    {
+        real_ = sqlite3_vfs_find(nullptr);
+        files_.zName = "after-unlock";
+        files_.xOpen = [](sqlite3_vfs*, sqlite3_filename name, sqlite3_file* file, int flags,
+                          int* opened) {
+            const int result = real_->xOpen(real_, name, file, flags, opened);
+            if (result == SQLITE_OK && (flags & SQLITE_OPEN_MAIN_DB) != 0) {
+                methods_ = *file->pMethods;
+                unlock_ = std::exchange(methods_.xUnlock, Unlock);
+                file->pMethods = &methods_;
+            }
+            return result;
+        };
+        sqlite3_vfs_register(&files_, 1);
+    }
+    ~AfterUnlock()
+    {
+        sqlite3_vfs_unregister(&files_);
+        sqlite3_vfs_register(real_, 1);
+    }
+    AfterUnlock(const AfterUnlock&) = delete;
+    AfterUnlock& operator=(const AfterUnlock&) = delete;
+
+    static void Arm(int count, std::function<void()> action)
+    {
+        left_ = count;
+        action_ = std::move(action);
+    }
+    /// Disarms it. Returns whether the action was run.
+    static bool Disarm() { return std::exchange(left_, 0) <= 0; }
+
+private:
+    static int Unlock(sqlite3_file* file, int level)
+    {
+        const int result = unlock_(file, level);
+        if (level == SQLITE_LOCK_NONE && left_ > 0 && --left_ == 0)
+            action_();
+        return result;
+    }
+
+    sqlite3_vfs files_;
+    inline static sqlite3_vfs* real_ = nullptr;
+    inline static sqlite3_io_methods methods_{};
+    inline static int (*unlock_)(sqlite3_file*, int) = nullptr;
+    inline static int left_ = 0;
+    inline static std::function<void()> action_;
+};
 
 /// March 2006 is shown. The account "out" takes no part in the budget.
 class MonthBudgetTest : public StoreTest {
@@ -162,6 +219,39 @@ TEST_F(MonthBudgetTest, WhatAnotherProgramHasNotSettledDoesNotCount)
     other.Settle();
     EXPECT_EQ(Spent("Toys"), "-31");
     EXPECT_EQ(Totals(), "570/-38.5");
+}
+
+// Symptom: what was spent was read before another program's change, what is budgeted after it.
+TEST_F(MonthBudgetTest, SumsAreOfOneStateIfAnotherProgramWritesWhileTheyAreRead)
+{
+    store_.reset();
+    const AfterUnlock files;
+    int count = 0;
+    for (bool wrote = true; wrote;) {
+        ++count;
+        const std::string rent = std::to_string(1000 + count);
+        const std::string before = Totals();
+        shown_.period = 4;
+        Totals();  // the sums of March are no longer held
+        shown_.period = 3;
+        AfterUnlock::Arm(count, [&] {
+            Connection other;
+            other.Open("Data Source=" + folder_.Path() + "/db/clb.mdb");
+            other.Group();
+            static_cast<void>(
+                other.Execute("UPDATE Budget SET Amount = " + rent + " WHERE Category = 'Rent'"));
+            static_cast<void>(other.Execute("UPDATE Trans SET Amount = -" + rent +
+                                            " WHERE Category = 'Toys' AND AccountID = 'in'"));
+            other.Settle();
+        });
+
+        const std::string read = Totals();
+
+        wrote = AfterUnlock::Disarm();
+        EXPECT_THAT(read, testing::AnyOf(before, Totals())) << count;
+    }
+    EXPECT_GT(count, 1);  // otherwise the other program never wrote
+    store_.reset();
 }
 
 TEST_F(MonthBudgetTest, HoldsOneMonthAtATime)

@@ -25,7 +25,7 @@ TEST_F(RestoreTest, ARestoredBackupReplacesTheDatabaseWhichIsKept)
     ASSERT_EQ(kept, backups_.PathOf("2026-11-21-before-restore"));
     EXPECT_THAT(AccountsIn(*kept), ElementsAre("1", "2"));
     EXPECT_THAT(AccountsIn(backup), ElementsAre("1"));
-    EXPECT_EQ(ModeOf("db/clb.mdb"), 0600u);
+    EXPECT_EQ(ModeOf("db/clb.mdb"), 0600U);
 }
 
 TEST_F(RestoreTest, ADamagedBackupIsRefusedAndTheDatabaseStays)
@@ -50,7 +50,7 @@ TEST_F(RestoreTest, ABookThatLacksATableOrAColumnIsRefused)
 {
     // Symptom: a file without the table Budget took the place of a whole book.
     const auto book = [&](const std::string& name, const std::string& statement) {
-        const std::string path = folder_.Write(name, EmptyDatabase());
+        std::string path = folder_.Write(name, EmptyDatabase());
         Connection connection;
         connection.Open("Data Source=" + path);
         connection.Execute(statement);
@@ -107,7 +107,7 @@ TEST_F(RestoreTest, ABookWithoutAVersionIsRefusedAndTheMessageSaysWhatItLacks)
 TEST_F(RestoreTest, ABookThatCannotBeBroughtUpToDateIsRefused)
 {
     const auto book = [&](const std::string& name, const std::string& change) {
-        const std::string path = folder_.Write(name, EmptyDatabase());
+        std::string path = folder_.Write(name, EmptyDatabase());
         sqlite3* raw = nullptr;
         EXPECT_EQ(sqlite3_open(path.c_str(), &raw), SQLITE_OK);
         EXPECT_EQ(sqlite3_exec(raw, change.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);

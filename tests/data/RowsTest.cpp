@@ -33,8 +33,8 @@ TEST_F(RowsTest, EveryViewHasItsColumnsInOrder)
         "Description Type AccountID OpeningBalance TotBalance Sequence ",
         "Category Amount Sequence Year Period CategoryGroup ",
         "Description AccountID OpeningBalance TotBalance Sequence Type ",
-        "PostDate Description Amount CheckID Category Notes AccountID Year Period FITID Sequence "
-        "SubSequence ",
+        std::string("PostDate Description Amount CheckID Category Notes AccountID Year Period ") +
+            "FITID Sequence SubSequence ",
         "StockSymbol StockName PurchaseDate Quantity PurchasePrice LastPrice Total AccountID "
         "Sequence ",
         "Description OriginalAmount PaidAmount InterestRate AccountID Sequence "};

@@ -35,7 +35,7 @@ TEST_F(ViewColumnsTest, NetWorth)
     EXPECT_EQ(At(fields, NetWorth::OpeningBalance), "OpeningBalance");
     EXPECT_EQ(At(fields, NetWorth::TotalBalance), "TotBalance");
     EXPECT_EQ(At(fields, NetWorth::Sequence), "Sequence");
-    EXPECT_EQ(fields.size(), 6u);
+    EXPECT_EQ(fields.size(), 6U);
 }
 
 TEST_F(ViewColumnsTest, Budget)
@@ -48,7 +48,7 @@ TEST_F(ViewColumnsTest, Budget)
     EXPECT_EQ(At(fields, Budget::Year), "Year");
     EXPECT_EQ(At(fields, Budget::Period), "Period");
     EXPECT_EQ(At(fields, Budget::CategoryGroup), "CategoryGroup");
-    EXPECT_EQ(fields.size(), 6u);
+    EXPECT_EQ(fields.size(), 6U);
 }
 
 TEST_F(ViewColumnsTest, AccountType)
@@ -61,7 +61,7 @@ TEST_F(ViewColumnsTest, AccountType)
     EXPECT_EQ(At(fields, AccountType::TotalBalance), "TotBalance");
     EXPECT_EQ(At(fields, AccountType::Sequence), "Sequence");
     EXPECT_EQ(At(fields, AccountType::Type), "Type");
-    EXPECT_EQ(fields.size(), 6u);
+    EXPECT_EQ(fields.size(), 6U);
 }
 
 TEST_F(ViewColumnsTest, Register)
@@ -80,7 +80,7 @@ TEST_F(ViewColumnsTest, Register)
     EXPECT_EQ(At(fields, Register::Fitid), "FITID");
     EXPECT_EQ(At(fields, Register::Sequence), "Sequence");
     EXPECT_EQ(At(fields, Register::SubSequence), "SubSequence");
-    EXPECT_EQ(fields.size(), 12u);
+    EXPECT_EQ(fields.size(), 12U);
 }
 
 TEST_F(ViewColumnsTest, Holdings)
@@ -96,7 +96,7 @@ TEST_F(ViewColumnsTest, Holdings)
     EXPECT_EQ(At(fields, Holdings::Total), "Total");
     EXPECT_EQ(At(fields, Holdings::AccountID), "AccountID");
     EXPECT_EQ(At(fields, Holdings::Sequence), "Sequence");
-    EXPECT_EQ(fields.size(), 9u);
+    EXPECT_EQ(fields.size(), 9U);
 }
 
 TEST_F(ViewColumnsTest, Loans)
@@ -109,7 +109,7 @@ TEST_F(ViewColumnsTest, Loans)
     EXPECT_EQ(At(fields, Loans::InterestRate), "InterestRate");
     EXPECT_EQ(At(fields, Loans::AccountID), "AccountID");
     EXPECT_EQ(At(fields, Loans::Sequence), "Sequence");
-    EXPECT_EQ(fields.size(), 6u);
+    EXPECT_EQ(fields.size(), 6U);
 }
 
 }  // namespace

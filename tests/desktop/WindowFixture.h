@@ -96,12 +96,12 @@ protected:
         ClickAt(*GridWidget(window_).viewport(),
                 GridWidget(window_).Layout().CellRect(row, column));
     }
-    void ClickAt(QWidget& widget, const QRect& place)
+    static void ClickAt(QWidget& widget, const QRect& place)
     {
         QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, place.center());
         QTest::qWait(1);
     }
-    void Key(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
+    static void Key(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
     {
         QTest::keyClick(&widget, key, held);
         QTest::qWait(1);
@@ -135,7 +135,7 @@ private:
     void Settle()
     {
         if (Model().Loaded())
-            Model().Data().Database().Settle();
+            Model().Settle();
     }
 };
 

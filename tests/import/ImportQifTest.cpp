@@ -70,7 +70,7 @@ TEST_F(ImportQifTest, TheReasonIsShownIfABookCannotTakeMoreRows)
 
     Import("!Type:Bank\nD1/15/2006\nT1\n^\n");
 
-    ASSERT_EQ(books_.messages.boxes.size(), 2u);
+    ASSERT_EQ(books_.messages.boxes.size(), 2U);
     EXPECT_EQ(books_.messages.boxes[0].text,
               "Invalid data was found while importing. The following lines were skipped:\n^");
     EXPECT_EQ(books_.messages.boxes[1].text,
@@ -189,7 +189,7 @@ TEST_F(RepeatedQifTest, AddsNothing)
     Import(Known());
 
     EXPECT_EQ(Column("AccountID, PostDate, Amount, PayeeName, CheckID, FITID"), before);
-    EXPECT_EQ(before.size(), 1000u);
+    EXPECT_EQ(before.size(), 1000U);
     EXPECT_EQ(import_.Counts().duplicates, 1000);
 }
 
@@ -206,17 +206,17 @@ TEST_F(RepeatedQifTest, AddsWhatDiffersByDayAmountMemoOrCheckNumber)
            "T-499.25\n^\n"
            "T-499.25\nN1000\n^\n");
 
-    EXPECT_EQ(Rows(), 1005u);
+    EXPECT_EQ(Rows(), 1005U);
     EXPECT_EQ(import_.Counts().duplicates, 1003);
 }
 
 TEST_F(RepeatedQifTest, AddsBothOfTwoEqualRecords)
 {
     Import(Known() + "D1/1/2006\nT-1000\n^\nT-1000\n^\n");
-    EXPECT_EQ(Rows(), 1002u);
+    EXPECT_EQ(Rows(), 1002U);
 
     Import(Known() + "D1/1/2006\nT-1000\n^\nT-1000\n^\n");
-    EXPECT_EQ(Rows(), 1002u);
+    EXPECT_EQ(Rows(), 1002U);
 }
 
 TEST_F(RepeatedQifTest, SeesRowsThatWereEnteredByHand)
@@ -231,14 +231,14 @@ TEST_F(RepeatedQifTest, SeesRowsThatWereEnteredByHand)
 
     Import(Known() + "D1/1/2006\nT-2000\n^\nT-3000\n^\n");
 
-    EXPECT_EQ(Rows(), 1003u);
+    EXPECT_EQ(Rows(), 1003U);
 }
 
 TEST_F(RepeatedQifTest, ListsACheckNumberWithAQuote)
 {
     Import(Known() + "D1/1/2006\nT-0.25\nN1'\n^\n");
 
-    EXPECT_EQ(Rows(), 1000u);
+    EXPECT_EQ(Rows(), 1000U);
     ExpectSkipped("\n^");
 }
 
@@ -248,7 +248,7 @@ TEST_F(ImportQifTest, RowsOfOneImportShareAnIdentifier)
     Import("!Type:Bank\nD1/1/06\nT-3\n^\n");
 
     const auto runs = Column("FITID");
-    ASSERT_EQ(runs.size(), 3u);
+    ASSERT_EQ(runs.size(), 3U);
     EXPECT_EQ(runs[0], runs[1]);
     EXPECT_NE(runs[0], runs[2]);
     EXPECT_NE(runs[0], "");
@@ -301,7 +301,7 @@ TEST_P(HeaderTest, DecidesWhatItsRecordsAre)
 {
     Import(std::string(GetParam().line) + "\nD1/1/06\nT-1\nNHome:Rent\nB5\n^\n");
 
-    EXPECT_EQ(Column("Amount").size(), GetParam().transactions ? 1u : 0u);
+    EXPECT_EQ(Column("Amount").size(), GetParam().transactions ? 1U : 0U);
     EXPECT_EQ(BudgetLines().back(),
               GetParam().transactions ? "2006|1|(none)|(none)|0" : "2006|3|Home|Rent|5");
 }

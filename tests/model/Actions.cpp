@@ -197,6 +197,10 @@ const char* NameOf(Deed deed)
         "export",
         "import another file",
         "close and open again",
+        "kill and open again",
+        "undo",
+        "redo",
+        "go to a step of the history",
         "look at everything"};
     return names.at(static_cast<std::size_t>(deed));
 }
@@ -255,7 +259,8 @@ private:
             {Deed::CopyBudget, 4},    {Deed::Options, 4},      {Deed::ImportMarkup, 4},
             {Deed::ImportRecords, 4}, {Deed::Quotes, 4},       {Deed::Export, 5},
             {Deed::Reopen, 1},        {Deed::ImportOther, 1},  {Deed::Look, 4},
-            {Deed::Fold, 3}};
+            {Deed::Fold, 3},          {Deed::Kill, 1},         {Deed::Undo, 8},
+            {Deed::Redo, 5},          {Deed::GoBackTo, 2}};
         int total = 0;
         for (const auto& one : odds)
             total += one.second;

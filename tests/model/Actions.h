@@ -38,7 +38,11 @@ enum class Deed {
     ImportOther,  ///< a file that is not a statement; the window stays disabled, so the program is
                   ///< ended and started again
     Reopen,       ///< closes the window and starts the program again; first: in which month
-    Look,         ///< discards or saves the row in edit and visits all nodes of the tree
+    Kill,         ///< the program is killed and started again; first: in which month
+    Undo,         ///< first: how often; second: saves the row in edit first, as the window does
+    Redo,
+    GoBackTo,  ///< goes before or after a step in the dialog; first: the step
+    Look,      ///< discards or saves the row in edit and visits all nodes of the tree
     Count
 };
 

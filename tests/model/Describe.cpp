@@ -19,7 +19,7 @@ std::string Quoted(const std::string& text)
 
 std::string ModelWindow::Describe(const Action& action) const
 {
-    const std::string name = NameOf(action.deed);
+    std::string name = NameOf(action.deed);
     const auto cell = [&] {
         return " (row " + Number(RowOf(action.first)) + ", column " +
                Number(Around(action.second, ColumnsOf(view_).size()) + 1) + ")";
@@ -64,6 +64,12 @@ std::string ModelWindow::Describe(const Action& action) const
             return name + " of day " + std::to_string(action.first) +
                    (action.second != 0 ? ", request " + std::to_string(action.second) + " fails"
                                        : std::string());
+        case Deed::Undo:
+        case Deed::Redo:
+            return name + " " + std::to_string(action.first % 4 + 1) + " times" +
+                   (action.second % 2 == 1 ? " after saving the row" : "");
+        case Deed::GoBackTo: return name + ": " + std::to_string(action.first);
+        case Deed::Kill:
         case Deed::Reopen:
             return name + " on " + PresentDays()[Around(action.first, PresentDays().size())];
         case Deed::Spin: return name + (action.first % 2 == 1 ? " up" : " down");

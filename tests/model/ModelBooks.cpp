@@ -362,7 +362,7 @@ Amount Books::Budgeted(BudgetMonth month, const std::string* group) const
     return sum;
 }
 
-std::vector<std::string> Books::Lines() const
+std::vector<std::string> Tables::Lines() const
 {
     const auto number = [](long value) { return "|" + std::to_string(value); };
     RunNames names;

@@ -47,7 +47,8 @@ enum class Flaw {
     ForgetsBudgetLine,
     RowsStayWithOldNumber,
     SplitKeepsWholeAmount,
-    OnlyShownLoans
+    OnlyShownLoans,
+    UndoKeepsBudget
 };
 
 struct BudgetMonth {
@@ -66,6 +67,7 @@ struct Account {
     std::string id, description, type;
     Amount opening = 0, current = 0;
     bool include = true;
+    bool operator==(const Account&) const = default;
 };
 
 struct Transaction {
@@ -76,6 +78,7 @@ struct Transaction {
     std::string check, category, notes;
     BudgetMonth month;
     std::string fitid;
+    bool operator==(const Transaction&) const = default;
 };
 
 struct BudgetLine {
@@ -83,6 +86,7 @@ struct BudgetLine {
     BudgetMonth month;
     std::string group, category;
     Amount amount = 0;
+    bool operator==(const BudgetLine&) const = default;
 };
 
 struct Holding {
@@ -90,6 +94,7 @@ struct Holding {
     std::string symbol, name, date, quantity;
     Amount purchase = 0, last = 0, total = 0;
     std::string account;
+    bool operator==(const Holding&) const = default;
 };
 
 struct Loan {
@@ -97,6 +102,7 @@ struct Loan {
     std::string description;
     Amount original = 0, paid = 0;
     std::string rate, account;
+    bool operator==(const Loan&) const = default;
 };
 
 /// The order of accounts in lists: by type, then by description.
@@ -104,13 +110,21 @@ bool BeforeInList(const Account& a, const Account& b);
 /// The view that shows an account of the type: 4, 5 or 6.
 int ViewOfType(const std::string& type);
 
-/// The tables, with rows in the order in which they were added, and operations on whole tables.
-struct Books {
+/// The tables, with rows in the order in which they were added.
+struct Tables {
     std::vector<Account> accounts;
     std::vector<Transaction> transactions;
     std::vector<BudgetLine> lines;
     std::vector<Holding> holdings;
     std::vector<Loan> loans;
+
+    /// Every row of every table as a line.
+    [[nodiscard]] std::vector<std::string> Lines() const;
+    bool operator==(const Tables&) const = default;
+};
+
+/// The tables, the last numbers given to their rows, and operations on whole tables.
+struct Books : Tables {
     long lastAccount = 0, lastRow = 0, lastLine = 0, lastHolding = 0, lastLoan = 0;
     int runs = 0;  ///< imports of record files so far
     Flaw flaw = Flaw::None;
@@ -147,9 +161,6 @@ struct Books {
     [[nodiscard]] Amount Spent(BudgetMonth month, const std::string* category) const;
     [[nodiscard]] Amount SpentOnGroup(BudgetMonth month, const std::string& group) const;
     [[nodiscard]] Amount Budgeted(BudgetMonth month, const std::string* group) const;
-
-    /// Every row of every table as a line.
-    [[nodiscard]] std::vector<std::string> Lines() const;
 };
 
 }  // namespace clb::model

@@ -12,11 +12,11 @@ constexpr std::size_t kTextWidth = 50;
 /// Half of the amount in whole cents, half to even.
 Amount HalfToCents(Amount amount)
 {
-    constexpr Amount twoCents = 200;
+    constexpr Amount kTwoCents = 200;
     const Amount size = std::abs(amount);
-    Amount cents = size / twoCents;
-    const Amount rest = size % twoCents;
-    if (2 * rest > twoCents || (2 * rest == twoCents && cents % 2 == 1))
+    Amount cents = size / kTwoCents;
+    const Amount rest = size % kTwoCents;
+    if (2 * rest > kTwoCents || (2 * rest == kTwoCents && cents % 2 == 1))
         ++cents;
     return (amount < 0 ? -cents : cents) * 100;
 }
@@ -24,6 +24,16 @@ Amount HalfToCents(Amount amount)
 }  // namespace
 
 void ModelWindow::Do(const Action& action)
+{
+    if (action.deed == Deed::ImportMarkup || action.deed == Deed::ImportRecords ||
+        action.deed == Deed::Export)
+        ++files_;
+    command_ = StepName(action);
+    Perform(action);
+    history_.Note(books_, command_);
+}
+
+void ModelWindow::Perform(const Action& action)
 {
     switch (action.deed) {
         case Deed::Press: return PressNode(Around(action.first, tree_.size()) + 1);
@@ -85,6 +95,10 @@ void ModelWindow::Do(const Action& action)
             if (Save())
                 Open(action.first);
             return;
+        case Deed::Kill: return Open(action.first);
+        case Deed::Undo: return TakeOneByOne(true, action);
+        case Deed::Redo: return TakeOneByOne(false, action);
+        case Deed::GoBackTo: return GoBackTo(action.first);
         case Deed::ImportOther: boxes_.push_back("Invalid file format."); return Open(0);
         default: return;
     }

@@ -1,6 +1,7 @@
 // The grid of the model: moving around, typing, saving and deleting rows.
 
 #include <algorithm>
+#include <array>
 
 #include "tests/model/ModelWindow.h"
 
@@ -85,7 +86,7 @@ std::string ModelWindow::EditText() const
 {
     if (text_)
         return text_->text;
-    const Value value = Cell(column_);
+    Value value = Cell(column_);
     const bool isAmount =
         ColumnsOf(view_)[static_cast<std::size_t>(column_ - 1)].content == Content::Amount;
     if (!isAmount || value.empty())
@@ -142,7 +143,7 @@ void ModelWindow::ForgetFolded()
 {
     std::set<std::string> left;
     for (const Line& line : Lines())
-        if (line.kind == Kind::Heading && folded_.count(line.group) != 0)
+        if (line.kind == Kind::Heading && folded_.contains(line.group))
             left.insert(line.group);
     folded_ = left;
 }
@@ -168,6 +169,11 @@ bool ModelWindow::Save()
         editing_ = marked_ = inGrid_ = true;
         return false;
     }
+    static const std::array<const char*, 6> names = {"Account",     "Budget Line", "Account",
+                                                     "Transaction", "Holding",     "Loan"};
+    const std::string step =
+        (HasRow() ? "Edit " : "New ") + std::string(names.at(static_cast<std::size_t>(view_ - 1)));
+    history_.Note(books_, command_);
     const long row = StoreRow();
     typed_.clear();
     oldPrices_.erase(row);
@@ -181,6 +187,7 @@ bool ModelWindow::Save()
         if (lines[at].kind == Kind::Data && lines[at].row == row)
             row_ = at + 1;
     Balance();
+    history_.Note(books_, step);
     Choose();
     if (ListsAccounts()) {
         // Selects the node at the same place again, whichever node that is now.

@@ -86,13 +86,14 @@ TEST_P(FlawTest, AWrongModelIsNoticedAndTheSequenceShrunk)
 {
     const std::string report = ReportOf(GetParam());
 
-    EXPECT_GT(LengthOf(report), 0u) << report;
-    EXPECT_LE(LengthOf(report), 6u) << report;
+    EXPECT_GT(LengthOf(report), 0U) << report;
+    EXPECT_LE(LengthOf(report), 6U) << report;
 }
 
 INSTANTIATE_TEST_SUITE_P(All, FlawTest,
                          testing::Values(Flaw::ForgetsBudgetLine, Flaw::RowsStayWithOldNumber,
-                                         Flaw::SplitKeepsWholeAmount, Flaw::OnlyShownLoans));
+                                         Flaw::SplitKeepsWholeAmount, Flaw::OnlyShownLoans,
+                                         Flaw::UndoKeepsBudget));
 
 TEST(ShrinkTest, WhatFailsTogetherIsLeftAlone)
 {

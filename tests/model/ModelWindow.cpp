@@ -20,6 +20,7 @@ std::vector<long> Sorted(const std::vector<Row>& table, const Belongs& belongs, 
     std::copy_if(table.begin(), table.end(), std::back_inserter(rows), belongs);
     std::stable_sort(rows.begin(), rows.end(), less);
     std::vector<long> all;
+    all.reserve(rows.size());
     for (const Row& row : rows)
         all.push_back(row.*identity);
     return all;
@@ -42,7 +43,7 @@ std::string Joined(const std::vector<std::string>& texts)
 
 }  // namespace
 
-ModelWindow::ModelWindow(Flaw flaw) : books_(Books::AtStart())
+ModelWindow::ModelWindow(Flaw flaw) : books_(Books::AtStart()), history_(books_)
 {
     books_.flaw = flaw;
     Open(0);
@@ -145,7 +146,7 @@ std::vector<ModelWindow::Line> ModelWindow::Lines() const
                 groups.push_back(groupOf(row));
         for (const std::string& group : groups) {
             lines.push_back({Kind::Heading, 0, group});
-            if (folded_.count(group) != 0)
+            if (folded_.contains(group))
                 continue;
             for (const long row : rows_)
                 if (groupOf(row) == group)
@@ -237,7 +238,7 @@ void ModelWindow::Calculate(const std::vector<Value>& values, std::vector<std::s
         return values[at].empty() ? 0 : ParseAmount(values[at]);
     };
     if (view_ == 2) {
-        const Amount spent = books_.Spent(month_, &values[0]);
+        const Amount spent = books_.Spent(month_, values.data());
         texts[6] = Grouped(spent);
         texts[7] = Grouped(spent - amount(1));
     } else if (view_ == 6) {
@@ -268,35 +269,16 @@ std::string ModelWindow::Totals() const
     const auto two = [](const std::string& label, Amount first, Amount second) {
         return label + "|" + Grouped(first) + "|" + Grouped(second);
     };
-    Amount first = 0;
-    Amount second = 0;
     if (ListsAccounts()) {
-        for (const Account& account : books_.accounts) {
-            const bool counts = view_ == 1 || account.type == type_;
-            first += counts ? account.opening : 0;
-            second += counts ? account.opening + account.current : 0;
-        }
-        return two(view_ == 1 ? "Total Net Worth:" : "Totals:", first, second);
+        const auto [opening, current] = AccountTotals();
+        return two(view_ == 1 ? "Total Net Worth:" : "Totals:", opening, current);
     }
     if (view_ == 2)
         return two("Month to date:", books_.Budgeted(month_, nullptr),
                    books_.Spent(month_, nullptr));
-    if (view_ == 4) {
-        bool any = false;
-        for (const Transaction& row : books_.transactions) {
-            const bool counts =
-                row.account == account_ &&
-                (row.month.year < month_.year ||
-                 (row.month.year == month_.year && row.month.period <= month_.period));
-            any = any || counts;
-            first += counts ? row.amount : 0;
-        }
-        const auto opening =
-            std::find_if(books_.accounts.begin(), books_.accounts.end(),
-                         [this](const Account& one) { return one.id == account_; });
-        // On purpose: without any transaction so far, not even the opening balance counts.
-        return two("Balance:", any ? first + opening->opening : 0, 0);
-    }
+    if (view_ == 4)
+        return two("Balance:", BalanceSoFar(), 0);
+    Amount first = 0;
     if (view_ == 5) {
         for (const Holding& row : books_.holdings)
             first += row.account == account_ ? row.total : 0;
@@ -307,6 +289,37 @@ std::string ModelWindow::Totals() const
         if (books_.flaw != Flaw::OnlyShownLoans || row.account == account_)
             first += row.original - row.paid;
     return two("Total Loans:", first, 0);
+}
+
+/// The opening and the current balances of the accounts shown.
+std::pair<Amount, Amount> ModelWindow::AccountTotals() const
+{
+    Amount opening = 0;
+    Amount current = 0;
+    for (const Account& account : books_.accounts)
+        if (view_ == 1 || account.type == type_) {
+            opening += account.opening;
+            current += account.opening + account.current;
+        }
+    return {opening, current};
+}
+
+/// The account's balance at the end of the month.
+Amount ModelWindow::BalanceSoFar() const
+{
+    bool any = false;
+    Amount sum = 0;
+    for (const Transaction& row : books_.transactions) {
+        const bool counts = row.account == account_ &&
+                            (row.month.year < month_.year ||
+                             (row.month.year == month_.year && row.month.period <= month_.period));
+        any = any || counts;
+        sum += counts ? row.amount : 0;
+    }
+    const auto opening = std::find_if(books_.accounts.begin(), books_.accounts.end(),
+                                      [this](const Account& one) { return one.id == account_; });
+    // On purpose: without any transaction so far, not even the opening balance counts.
+    return any ? sum + opening->opening : 0;
 }
 
 std::string ModelWindow::Position() const
@@ -373,7 +386,7 @@ std::vector<std::string> ModelWindow::Shown()
     all.push_back(Position());
     all.push_back(std::string("commands") + (CanNew() ? "|New" : "") +
                   (CanDelete() ? "|Delete" : "") + (OnTransaction() ? "|Transaction" : "") +
-                  (CanExport() ? "|Export" : ""));
+                  (CanExport() ? "|Export" : "") + history_.Captions());
     all.push_back("account|" + account_ + "|" + type_);
     all.push_back("offered" + Joined(offered_));
     return all;

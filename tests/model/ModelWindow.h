@@ -5,10 +5,12 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/model/Actions.h"
 #include "tests/model/ModelBooks.h"
+#include "tests/model/ModelHistory.h"
 #include "tests/model/Statements.h"
 
 namespace clb::model {
@@ -27,6 +29,7 @@ public:
     /// Everything that is shown, line by line, including the message boxes since the last call.
     std::vector<std::string> Shown();
     [[nodiscard]] std::vector<std::string> Stored() const { return books_.Lines(); }
+    [[nodiscard]] const ModelHistory& History() const { return history_; }
     [[nodiscard]] std::size_t Nodes() const { return tree_.size(); }
     [[nodiscard]] int SelectedNode() const { return selected_; }
     /// Describes the deed in words, with the texts that it means now.
@@ -63,6 +66,8 @@ private:
     void Calculate(const std::vector<Value>& values, std::vector<std::string>& texts) const;
     [[nodiscard]] std::string TextOf(const Line& line, bool current) const;
     [[nodiscard]] std::string Totals() const;
+    [[nodiscard]] std::pair<Amount, Amount> AccountTotals() const;
+    [[nodiscard]] Amount BalanceSoFar() const;
     [[nodiscard]] std::string Position() const;
     [[nodiscard]] std::string Tip(const Line& line, bool current) const;
 
@@ -93,7 +98,7 @@ private:
     bool EndEdit();
     void CancelEdit();
     [[nodiscard]] std::string EditText() const;
-    void Fold(int row);
+    void Fold(int number);
     void ForgetFolded();
     bool Save();
     bool Leave();  ///< leaves the grid for another control
@@ -114,7 +119,17 @@ private:
     void Take(int column, Amount& amount) const;
     void Balance() { books_.UpdateBalance(view_, account_); }
 
+    // The history
+    [[nodiscard]] std::string StepName(const Action& action) const;
+    bool TakeSteps(bool undo, std::size_t count);
+    void TakeOneByOne(bool undo, const Action& action);
+    void GoBackTo(int step);
+    void Reload();
+    void ShowPlace(const Tables& before);
+    void ShowRow(const Transaction& row);
+
     // Commands
+    void Perform(const Action& action);
     void StepMonth(int direction);
     void ShowMonth(BudgetMonth month);
     void NewRecord();
@@ -140,6 +155,9 @@ private:
     void Recover();
 
     Books books_;
+    ModelHistory history_;
+    std::string command_;  ///< what a step of the running command is called
+    int files_ = 0;        ///< imported and exported so far
     std::vector<Node> tree_;
     int selected_ = 1;
     std::string caption_;

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
 #include "controls/CheckList.h"
+#include "controls/RowList.h"
 #include "data/EmptyDatabase.h"
 #include "engine/rows/Connection.h"
+#include "engine/rows/RawSql.h"
 #include "tests/model/ModelBooks.h"
 #include "tests/model/ModelWindow.h"
 
@@ -87,7 +90,7 @@ void Program::Do(const Action& action)
     modal_.steps.clear();
     messages_.answers.clear();
     files_.answers.clear();
-    window_->Data().Database().Settle();
+    window_->Settle();
 }
 
 /// After the report of a runtime error: discards the row and shows the view again.
@@ -144,6 +147,10 @@ void Program::Perform(const Action& action)
         case Deed::Export: return Export();
         case Deed::ImportOther: return ImportOther();
         case Deed::Reopen: return Reopen(action);
+        case Deed::Kill: return Kill(action);
+        case Deed::Undo: return TakeSteps("mnuY_Undo", action);
+        case Deed::Redo: return TakeSteps("mnuY_Redo", action);
+        case Deed::GoBackTo: return GoBackTo(action);
         default: return;
     }
 }
@@ -217,7 +224,7 @@ void Program::Import(const Statement& statement, const Action& action)
     const std::string name =
         "statement" + std::to_string(++statements_) + (statement.records ? ".qif" : ".ofx");
     files_.answers = {folder_.Write(name, statement.Text())};
-    modal_.steps.push_back([this, &action](Form& form) { AnswerAccountQuestion(form, action); });
+    modal_.steps.push_back([&action](Form& form) { AnswerAccountQuestion(form, action); });
     Menu("mnuF_Import");
 }
 
@@ -301,6 +308,81 @@ void Program::Reopen(const Action& action)
         Open(action.first);
 }
 
+/// What the program would still write at its end does not reach the file.
+void Program::Kill(const Action& action)
+{
+    const std::string file = folder_.Read("db/clb.mdb");
+    window_.reset();
+    folder_.Write("db/clb.mdb", file);
+    Open(action.first);
+}
+
+void Program::TakeSteps(const char* item, const Action& action)
+{
+    if (action.second % 2 == 1 && !Grid().MayLoseFocus())
+        return;
+    window_->Settle();
+    for (int count = action.first % 4; count >= 0; --count) {
+        Menu(item);
+        window_->Settle();
+    }
+}
+
+void Program::GoBackTo(const Action& action)
+{
+    modal_.steps.push_back([this, &action](Form& form) {
+        RowList& list = Part<RowList>(form, "lstSteps");
+        std::string text = "history";
+        std::vector<std::size_t> steps;
+        for (std::size_t line = 1; line <= list.Lines().size(); ++line) {
+            const RowList::Line& one = list.Lines()[line - 1];
+            if (one.IsHeading())
+                continue;
+            steps.push_back(line);
+            text += "|" + one.row.cells.at(1) + ", " + one.row.cells.at(2) +
+                    (one.row.cells.at(3).empty() ? "" : ", " + one.row.cells.at(3));
+        }
+        messages_.Show(text, 0, "");
+        if (steps.empty())
+            return;
+        list.Choose(steps[Around(action.first, steps.size())]);
+        Button& back = Part<Button>(form, "btnBack");
+        (back.Enabled() ? back : Part<Button>(form, "btnForward")).Press();
+    });
+    Menu("mnuY_Show");
+}
+
+std::size_t Program::Take(bool undo, std::size_t most)
+{
+    const auto steps = static_cast<std::int64_t>(most);
+    History& history = window_->Steps();
+    const std::size_t taken = (undo ? history.Undo(steps) : history.Redo(steps)).steps.size();
+    window_->Settle();
+    return taken;
+}
+
+std::vector<std::string> Program::Dump()
+{
+    std::vector<std::string> lines;
+    RawSql book(window_->Data().Database());
+    for (const char* table :
+         {"Account", "Trans", "Budget", "Investment", "Loan", "_SchemaVersion"}) {
+        int columns = 0;
+        book.Select(
+            "SELECT count(*) FROM pragma_table_info('" + std::string(table) + "')",
+            [&columns](const RawSql::Row& row) { columns = static_cast<int>(row.Integer(0)); });
+        book.Select("SELECT rowid, * FROM " + std::string(table) + " ORDER BY rowid",
+                    [&](const RawSql::Row& row) {
+                        std::string line = table;
+                        for (int column = 0; column <= columns; ++column)
+                            line += "|" + std::to_string(static_cast<int>(row.KindOf(column))) +
+                                    ":" + std::string(row.Text(column));
+                        lines.push_back(std::move(line));
+                    });
+    }
+    return lines;
+}
+
 std::vector<std::string> Program::Shown()
 {
     frmController& window = *window_;
@@ -377,7 +459,17 @@ std::string Program::Commands()
     const bool transaction = enabled("mnuE_MovePrev");
     if (enabled("mnuE_MoveNext") != transaction || enabled("mnuE_Split") != transaction)
         text += "|some of";
-    return text + (transaction ? "|Transaction" : "") + (enabled("mnuF_Export") ? "|Export" : "");
+    return text + (transaction ? "|Transaction" : "") + (enabled("mnuF_Export") ? "|Export" : "") +
+           HistoryCaptions();
+}
+
+std::string Program::HistoryCaptions()
+{
+    std::string text;
+    for (const char* item : {"mnuY_Undo", "mnuY_Redo"})
+        if (const MenuItem* const line = window_->menus.Find(item); line->Enabled())
+            text += "|" + Replace(line->Caption(), "&", "");
+    return text;
 }
 
 void Program::AddRows(std::vector<std::string>& all, const std::string& name,

@@ -38,6 +38,11 @@ public:
     std::vector<std::string> Shown();
     /// Every row of every table as a line.
     std::vector<std::string> Stored();
+    /// Every cell of every table as it is stored, and the identities of the rows; without the
+    /// history itself.
+    std::vector<std::string> Dump();
+    /// Undoes or redoes without the window. Returns how many steps.
+    std::size_t Take(bool undo, std::size_t most);
     [[nodiscard]] std::size_t Nodes() const
     {
         return static_cast<std::size_t>(window_->TreeView.Count());
@@ -51,19 +56,23 @@ private:
     std::size_t RowOf(int number);
     bool GoTo(const Action& action);
     void Type(const Action& action, bool end);
-    void Fold(int row);
+    void Fold(int number);
     std::string Position();
     void Menu(const char* item) { window_->menus.Find(item)->Press(); }
     void Split(const Action& action);
     void Options(const Action& action);
     void Import(const Statement& statement, const Action& action);
-    void AnswerAccountQuestion(Form& form, const Action& action);
+    static void AnswerAccountQuestion(Form& form, const Action& action);
     void Quotes(const Action& action);
     void Export();
     void ImportOther();
     void Reopen(const Action& action);
+    void Kill(const Action& action);
+    void TakeSteps(const char* item, const Action& action);
+    void GoBackTo(const Action& action);
     std::string RowText(std::size_t row);
     std::string Commands();
+    std::string HistoryCaptions();
     void AddRows(std::vector<std::string>& all, const std::string& name, const std::string& select);
 
     TempFolder folder_{TempFolder::Memory()};

@@ -11,6 +11,7 @@ namespace clb::model {
 namespace {
 
 constexpr std::size_t kActionsOfAWalk = 10;
+constexpr std::size_t kEverything = 1'000'000;
 
 /// Lines that only one side has, in order. If there are none, the first place where the order
 /// differs.
@@ -71,6 +72,26 @@ public:
         ModelWindow model = model_;
         model.OpenAt(model_.Month());
         return PressAll(program, model);
+    }
+
+    /// Undoes everything in a copy, and redoes it.
+    std::string GoBackAndForth()
+    {
+        static const std::vector<std::string> start = Program().Dump();
+        Program program(program_);
+        const std::vector<std::string> now = program.Dump();
+        const ModelHistory& history = model_.History();
+        if (program.Take(true, kEverything) != history.Done())
+            return "  another number of steps was undone\n";
+        if (const std::string lines = Compare(program.Dump(), start); !lines.empty())
+            return "  everything undone:\n" + lines;
+        if (program.Take(false, history.Done()) != history.Done())
+            return "  another number of steps was redone\n";
+        if (const std::string lines = Compare(program.Dump(), now); !lines.empty())
+            return "  everything redone:\n" + lines;
+        if (program.Take(false, kEverything) != history.Undone())
+            return "  another number of undone steps was redone\n";
+        return Compare(program.Stored(), history.Newest().Lines());
     }
 
 private:
@@ -146,6 +167,8 @@ std::optional<Difference> Replay(const std::vector<Action>& actions, Flaw flaw, 
             lines = comparison.Do(actions[at]);
             if (lines.empty() && walks)
                 lines = comparison.Walk();
+            if (lines.empty() && at + 1 == actions.size())
+                lines = comparison.GoBackAndForth();
         } catch (const std::exception& error) {
             lines = std::string("  threw: ") + error.what() + "\n";
         }

@@ -29,8 +29,7 @@ const std::vector<std::string> kNames = {
     "",
     "Rent",
     std::string(20, 'n') + "\xC3\xA4\xC3\xB6\xC3\xBC of the long names",
-    "B\xC3\xA4"
-    "cker"};
+    std::string("B\xC3\xA4") + "cker"};
 const std::vector<std::string> kMemos = {
     "", "card 7", "it's due", "a memo that is longer than the fifty characters of it", "cash"};
 const std::vector<std::string> kCategories = {

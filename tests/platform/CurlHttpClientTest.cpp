@@ -81,11 +81,11 @@ TEST_P(CurlHttpClientTest, AGetRequestNamesTheProgramAndBypassesCaches)
 
     GetPath("/x?s=A");
 
-    ASSERT_EQ(server.Heads().size(), 1u);
+    ASSERT_EQ(server.Heads().size(), 1U);
     EXPECT_TRUE(server.Heads()[0].starts_with("GET /x?s=A HTTP/1.1\r\n"));
-    EXPECT_EQ(Count("\r\nUser-Agent: The Agent\r\n"), 1u);
-    EXPECT_EQ(Count("\r\nCache-Control: no-cache\r\n"), 1u);
-    EXPECT_EQ(Count("Accept-Encoding"), 0u);
+    EXPECT_EQ(Count("\r\nUser-Agent: The Agent\r\n"), 1U);
+    EXPECT_EQ(Count("\r\nCache-Control: no-cache\r\n"), 1U);
+    EXPECT_EQ(Count("Accept-Encoding"), 0U);
     EXPECT_EQ(sent_, std::vector<std::string>{server.Address() + "/x?s=A"});
 }
 
@@ -141,7 +141,7 @@ TEST_P(CurlHttpClientTest, AnAnswerOfAnyStatusIsAnAnswer)
 
 TEST_P(CurlHttpClientTest, AnAnswerOfOneMebibyteIsTheLongest)
 {
-    const std::string whole(1024 * 1024, 'x');
+    const std::string whole(std::size_t{1024} * 1024, 'x');
     server.On("/most", answers::Ok(whole));
     server.On("/more", answers::Ok(whole + "x"));
 
@@ -204,7 +204,7 @@ TEST_P(CurlHttpClientTest, TheLimitHoldsForAllRedirectsTogether)
 
     FailureOf(server.Address() + "/round");
 
-    EXPECT_LE(server.Heads().size(), 4u);
+    EXPECT_LE(server.Heads().size(), 4U);
 }
 
 TEST_P(CurlHttpClientTest, OnlyAWebAddressIsRequested)
@@ -245,7 +245,7 @@ TEST_P(CurlHttpClientTest, RedirectsInACircleEnd)
 
     EXPECT_EQ(GetPath("/round"), "again");
 
-    EXPECT_EQ(server.Heads().size(), 11u);
+    EXPECT_EQ(server.Heads().size(), 11U);
 }
 
 TEST_P(CurlHttpClientTest, TheSystemsProxyIsUsedUnlessItIsSwitchedOff)

@@ -35,12 +35,12 @@ TEST_F(HelpFolderTest, ANewFolderHoldsTheManualForTheUserAlone)
 {
     DeliverFolder(folder.Path("books"), "the bytes");
 
-    EXPECT_EQ(ModeOf(folder.Path("books/Help")), 0700u);
+    EXPECT_EQ(ModeOf(folder.Path("books/Help")), 0700U);
     EXPECT_TRUE(folder.Read("books/Help/index.html").starts_with("<!DOCTYPE html>"));
     for (const EmbeddedFile& file : HelpFiles().files) {
         const std::string name = "books/Help/" + std::string(file.name);
         EXPECT_EQ(folder.Read(name), file.bytes) << name;
-        EXPECT_EQ(ModeOf(folder.Path(name)), 0600u) << name;
+        EXPECT_EQ(ModeOf(folder.Path(name)), 0600U) << name;
     }
 }
 
@@ -53,7 +53,7 @@ TEST_F(HelpFolderTest, AnOlderManualIsReplacedAndOtherFilesStay)
     EXPECT_TRUE(DeliverHelp(folder.Path()));
 
     ExpectWholeManual();
-    EXPECT_EQ(ModeOf(folder.Path("Help/index.html")), 0600u);
+    EXPECT_EQ(ModeOf(folder.Path("Help/index.html")), 0600U);
     EXPECT_EQ(folder.Read("Help/my notes.txt"), "mine");
 }
 

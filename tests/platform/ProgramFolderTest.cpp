@@ -63,9 +63,9 @@ TEST(ProgramFolderTest, ANewFolderHoldsTheDatabaseForTheUserAlone)
 
     EXPECT_TRUE(HoldsDatabase(folder));
     EXPECT_EQ(around.Read("some/where/books/db/clb.mdb"), "the bytes");
-    EXPECT_EQ(ModeOf(DatabasePath(folder)), 0600u);
-    EXPECT_EQ(ModeOf(folder + "/db"), 0700u);
-    EXPECT_EQ(ModeOf(folder), 0700u);
+    EXPECT_EQ(ModeOf(DatabasePath(folder)), 0600U);
+    EXPECT_EQ(ModeOf(folder + "/db"), 0700U);
+    EXPECT_EQ(ModeOf(folder), 0700U);
 }
 
 TEST(ProgramFolderTest, AnExistingDatabaseIsNeverOverwritten)

@@ -48,7 +48,7 @@ TEST(SystemClockTest, AFixedClockIsStoppedButItsTickCountRunsOn)
     nanosleep(&pause, nullptr);
 
     EXPECT_EQ(clock.Now().ToIso(), "2006-03-05 12:30:15");
-    EXPECT_GE(clock.TickCount() - first, 5u);
+    EXPECT_GE(clock.TickCount() - first, 5U);
 }
 
 TEST(SystemClockTest, TheSystemClockShowsTheLocalTimeOfTheZone)

@@ -23,7 +23,7 @@ protected:
     }
     void Import() { Do({{"do", "menu"}, {"item", "mnuF_Import"}}); }
     /// Kinds of the events that are not the grid's own.
-    std::string Kinds(const Json& events)
+    static std::string Kinds(const Json& events)
     {
         std::string kinds;
         for (const Json& event : events)
@@ -64,7 +64,7 @@ TEST_F(AnswersTest, TheFileQuestionIsLoggedWithItsAnswer)
     Import();
 
     const std::vector<Json> asked = EventsOf("file");
-    ASSERT_EQ(asked.size(), 1u);
+    ASSERT_EQ(asked.size(), 1U);
     EXPECT_EQ(asked[0]["kind"], "open");
     EXPECT_EQ(asked[0]["flags"], 4100);
     EXPECT_EQ(asked[0]["filter"], "All Financial Files|*.ofx;*.qfx;*.ofc;*.qif|All Files|*.*|");
@@ -80,7 +80,7 @@ TEST_F(AnswersTest, AnOpenedFormShowsItsControls)
     Import();
 
     const std::vector<Json> forms = EventsOf("form");
-    ASSERT_EQ(forms.size(), 2u);
+    ASSERT_EQ(forms.size(), 2U);
     EXPECT_EQ(forms[0]["name"], "frmSelectAccount");
     EXPECT_EQ(forms[0]["moment"], "open");
     EXPECT_EQ(forms[0]["caption"], "Select Account");
@@ -106,7 +106,7 @@ TEST_F(AnswersTest, AFormLeftOpenByItsStepsIsCancelled)
     Import();
 
     const std::vector<Json> forms = EventsOf("form");
-    ASSERT_EQ(forms.size(), 2u);
+    ASSERT_EQ(forms.size(), 2U);
     EXPECT_FALSE(forms[0].contains("unanswered"));
     EXPECT_EQ(forms[1]["unanswered"], true);
     EXPECT_EQ(forms[1]["controls"]["txtDescription"]["text"], "Visa");
@@ -122,7 +122,7 @@ TEST_F(AnswersTest, ADisabledControlRefusesItsStep)
     Import();
 
     const std::vector<Json> steps = EventsOf("step");
-    ASSERT_EQ(steps.size(), 1u);
+    ASSERT_EQ(steps.size(), 1U);
     EXPECT_EQ(ToLine(steps[0]), R"json({"event":"step","name":"frmSelectAccount",)json"
                                 R"json("step":{"option":"optAccount(1)"},"refused":true})json");
 }
@@ -138,7 +138,7 @@ TEST_F(AnswersTest, AQuestionDuringAFormTakesTheAnswerThatIsFirstThen)
     Import();
 
     const std::vector<Json> boxes = EventsOf("box");
-    ASSERT_EQ(boxes.size(), 1u);
+    ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(ToLine(boxes[0]),
               R"({"event":"box","text":"You must enter an account description.","style":16,)"
               R"("title":"Corvane Ledgerbook","answer":"OK"})");
@@ -154,7 +154,7 @@ TEST_F(AnswersTest, AnAnswerOfAnotherKindStaysForAQuestionThatItFits)
     Import();
 
     std::vector<Json> asked = EventsOf("file");
-    ASSERT_EQ(asked.size(), 1u);
+    ASSERT_EQ(asked.size(), 1U);
     EXPECT_EQ(asked[0]["unanswered"], true);
     EXPECT_EQ(asked[0]["answer"], "");
 }
@@ -168,7 +168,7 @@ TEST_F(AnswersTest, AFileOfUnknownKindLeavesTheWindowDisabled)
     Import();
 
     const std::vector<Json> boxes = EventsOf("box");
-    ASSERT_EQ(boxes.size(), 1u);
+    ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0]["text"], "Invalid file format.");
     EXPECT_EQ(boxes[0]["style"], 16);
     EXPECT_EQ(boxes[0]["unanswered"], true);
@@ -197,7 +197,7 @@ TEST_F(AnswersTest, ADeletionAsksAndNoAnswerMeansNo)
     EXPECT_EQ(Call("ViewDeleteRow"), true);
 
     const std::vector<Json> boxes = EventsOf("box");
-    ASSERT_EQ(boxes.size(), 2u);
+    ASSERT_EQ(boxes.size(), 2U);
     EXPECT_EQ(ToLine(boxes[0]),
               R"({"event":"box","text":"Are you sure you want to delete this record?",)"
               R"("style":36,"title":"Corvane Ledgerbook","answer":"No","unanswered":true})");

@@ -247,7 +247,7 @@ TEST_F(BudgetFiguresTest, OtherViewsFetchNoFigures)
         Click(node);
         Grid();
         for (const std::string& event : Story())
-            EXPECT_NE(event.rfind("Fetch", 0), 0u) << node << ": " << event;
+            EXPECT_NE(event.rfind("Fetch", 0), 0U) << node << ": " << event;
     }
 }
 

@@ -63,7 +63,7 @@ TEST_F(BudgetTest, TheCommandCopiesTheMonthBeforeTheOneShownAcrossTheYearsEnd)
     Do({{"do", "menu"}, {"item", "mnuE_Copy"}});
 
     EXPECT_EQ(Budget("2006-1"), R"json(["(none)","(none)","0"] ["Food","Household","300"])json");
-    EXPECT_EQ(EventsOf("refresh").size(), 1u);
+    EXPECT_EQ(EventsOf("refresh").size(), 1U);
     EXPECT_EQ(Window()["totals"]["first"], "300.00");
 }
 
@@ -96,7 +96,7 @@ TEST_F(BudgetTest, TheMoveCommandRemovesTheRowFromTheRegisterAndMakesABudgetLine
 
     EXPECT_EQ(Rows("SELECT Sequence, Period FROM Trans ORDER BY Sequence"), "[1,4] [2,3]");
     EXPECT_EQ(Budget("2006-4"), R"json(["Food","(none)","0"])json");
-    EXPECT_EQ(Grid()["rows"].size(), 2u);
+    EXPECT_EQ(Grid()["rows"].size(), 2U);
     EXPECT_EQ(Window()["totals"]["first"], "-1.00");
 }
 
@@ -113,7 +113,7 @@ TEST_F(BudgetTest, TheGridGroupsTheLinesAndCountsThem)
 
     const Json rows = Grid()["rows"];
 
-    ASSERT_GE(rows.size(), 4u);
+    ASSERT_GE(rows.size(), 4U);
     EXPECT_EQ(ToLine(rows[0]), R"json({"row":1,"kind":"group","text":"Household (2 items)"})json");
     EXPECT_EQ(rows[1]["kind"], "data");
     EXPECT_EQ(rows[1]["values"][0], "Food");

@@ -49,7 +49,7 @@ TEST_F(CommandsTest, EveryMenuItemHasItsCaptionAndAccessKey)
           "mnuT_Options", "mnuH_HelpTopics", "mnuH_OnTheWeb", "mnuH_OnlineTutorial", "mnuH_About"})
         captions += menus[item]["caption"].get<std::string>() + "\n";
 
-    EXPECT_EQ(menus.size(), 16u);
+    EXPECT_EQ(menus.size(), 16U);
     EXPECT_EQ(captions,
               "&Import...\n&Export...\n&Print...\nE&xit\n"
               "&New Record\n&Delete Record\n&Copy Budget From Previous Month\n"
@@ -76,7 +76,7 @@ TEST_F(CommandsTest, HelpTopicsOpenTheHelpFileOfTheProgramsFolder)
     Menu("mnuH_HelpTopics");
 
     const Json events = Events();
-    ASSERT_EQ(events.size(), 1u);
+    ASSERT_EQ(events.size(), 1U);
     EXPECT_EQ(ToLine(events[0]),
               ToLine({{"event", "help"}, {"file", folder.Path("Help/clb.chm")}}));
 }
@@ -103,7 +103,7 @@ TEST_F(CommandsTest, TheAboutBoxNamesTheProgramItsVersionAndItsTerms)
     Menu("mnuH_About");
 
     const std::vector<Json> forms = EventsOf("form");
-    ASSERT_EQ(forms.size(), 2u);
+    ASSERT_EQ(forms.size(), 2U);
     EXPECT_EQ(forms[0]["caption"], "About Corvane Ledgerbook");
     const Json& controls = forms[0]["controls"];
     EXPECT_EQ(controls["lblAppName"]["caption"], "Corvane Ledgerbook 1.0.0");
@@ -173,7 +173,7 @@ TEST_F(CommandsTest, WithoutAnAddressTheLinkWarnsUnderTheProgramsNameAndOpensNot
     Press("Link");
 
     const Json events = Events();
-    ASSERT_EQ(events.size(), 1u);
+    ASSERT_EQ(events.size(), 1U);
     EXPECT_EQ(ToLine(events[0]),
               R"({"event":"box","text":"You have not yet set your bank's URL, please do so from )"
               R"(Tools|Options...","style":48,"title":"Corvane Ledgerbook","answer":"OK",)"
@@ -254,10 +254,10 @@ TEST_P(CommandsInViewTest, BackAndForwardShowTheOtherMonthOfTheSameViewOnce)
     Events();
 
     Press("Back");
-    EXPECT_EQ(EventsOf("refresh").size(), 1u);
+    EXPECT_EQ(EventsOf("refresh").size(), 1U);
     EXPECT_EQ(Window()["period"], 2);
     Press("Forward");
-    EXPECT_EQ(EventsOf("refresh").size(), 1u);
+    EXPECT_EQ(EventsOf("refresh").size(), 1U);
 
     EXPECT_EQ(State(), before);
 }

@@ -28,7 +28,7 @@ TEST_F(CopyBudgetTest, TheMonthBeforeIsCopiedWithItsGroupsAndAmounts)
                                 R"json(["Wages","Income","-2000.1234"])json");
     EXPECT_EQ(Budget("2006-2"),
               R"json(["Food","Household","300"] ["Wages","Income","-2000.1234"])json");
-    EXPECT_EQ(RowsOf("data").size(), 3u);
+    EXPECT_EQ(RowsOf("data").size(), 3U);
 }
 
 TEST_F(CopyBudgetTest, AnExistingLineGetsTheCopiedGroupAndAmount)
@@ -125,7 +125,7 @@ TEST_F(CopyBudgetTest, ARemovedCategoryWithAnApostropheFailsAndCopiesNothing)
     EXPECT_EQ(Budget("2006-3"), R"json(["Kids' toys","(none)","50"])json");
     EXPECT_EQ(Rows("SELECT Category FROM Trans"), R"(["Kids' toys"])");
     Click("Budget");
-    EXPECT_EQ(RowsOf("data").size(), 1u);
+    EXPECT_EQ(RowsOf("data").size(), 1U);
 }
 
 TEST_F(CopyBudgetTest, TheMonthOfTheControlsCounts)
@@ -162,7 +162,7 @@ TEST_F(CopyBudgetTest, ARegisterShowsTheNewBookingsAndOffersTheCopiedCategories)
 
     Copy();
 
-    EXPECT_EQ(EventsOf("refresh").size(), 1u);
+    EXPECT_EQ(EventsOf("refresh").size(), 1U);
     EXPECT_EQ(Column(5), R"json("(none)")json");
     EXPECT_EQ(ToLine(Columns()[4]["values"]), R"json(["Food","(none)"])json");
 }
@@ -187,10 +187,10 @@ TEST_F(CopyBudgetTest, HeldRefreshesAreReleased)
     Events();
 
     Copy();
-    EXPECT_EQ(EventsOf("refresh").size(), 1u);
+    EXPECT_EQ(EventsOf("refresh").size(), 1U);
 
     SetView("Period", 4);
-    EXPECT_EQ(EventsOf("refresh").size(), 1u);
+    EXPECT_EQ(EventsOf("refresh").size(), 1U);
 }
 
 TEST_F(CopyBudgetTest, ItsStatementsNameTheMonthsAndTheCategoryUnchanged)

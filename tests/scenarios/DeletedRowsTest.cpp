@@ -33,12 +33,12 @@ TEST_F(DeletedRowsTest, TheQuestionHasYesAndNoUnderTheProgramsName)
     Delete(1, "No");
 
     const std::vector<Json> boxes = EventsOf("box");
-    ASSERT_EQ(boxes.size(), 1u);
+    ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(ToLine(boxes[0]),
               R"({"event":"box","text":"Are you sure you want to delete this record?",)"
               R"("style":36,"title":"Corvane Ledgerbook","answer":"No"})");
     EXPECT_EQ(Accounts(), R"(["B-1"] ["B-2"] ["I-1"] ["L-1"])");
-    EXPECT_EQ(RowsOf("data").size(), 4u);
+    EXPECT_EQ(RowsOf("data").size(), 4U);
 }
 
 TEST_F(DeletedRowsTest, AnAccountsNodeIsRemovedAndTheNetWorthIsShownAgain)
@@ -102,7 +102,7 @@ TEST_F(DeletedRowsTest, ADeclinedDeletionDoesNotChangeTheTree)
     Delete(3, "No");
 
     EXPECT_EQ(TreeTexts(), before);
-    EXPECT_EQ(EventsOf("refresh").size(), 0u);
+    EXPECT_EQ(EventsOf("refresh").size(), 0U);
 }
 
 TEST_F(DeletedRowsTest, ADeletedTransactionChangesTheBalanceButNotTheTree)
@@ -187,8 +187,8 @@ TEST_F(DeletedRowsTest, DeletingAnUnusedBudgetLineChangesNothingElse)
 
     EXPECT_EQ(Rows("SELECT Category FROM Budget"), "");
     EXPECT_EQ(Rows("SELECT Category FROM Trans"), R"(["Food"])");
-    EXPECT_EQ(RowsOf("group").size(), 0u);
-    EXPECT_EQ(RowsOf("footer").size(), 0u);
+    EXPECT_EQ(RowsOf("group").size(), 0U);
+    EXPECT_EQ(RowsOf("footer").size(), 0U);
 }
 
 TEST_F(DeletedRowsTest, ADeclinedBudgetDeletionDoesNotChangeTheTransactions)

@@ -92,7 +92,7 @@ TEST_F(EditTest, EventsAreLoggedAsRaisedBeforeTheirConsequences)
     EXPECT_FALSE(Save());
 
     const Json events = Events();
-    ASSERT_GE(events.size(), 2u);
+    ASSERT_GE(events.size(), 2U);
     EXPECT_EQ(ToLine(events[0]), R"({"event":"grid","name":"BeforeUpdate","args":[false]})");
     EXPECT_EQ(events[1]["event"], "box");
     EXPECT_EQ(events[1]["text"], "Please enter an account description.");
@@ -127,11 +127,11 @@ TEST_F(EditTest, TipsShowOnDataRowsWhileTheyAreSwitchedOn)
               "Number of transactions: 1\r\n\r\nDate: 2006-03-15\r\nDescription: Shop\r\n"
               "Amount: -$45.50");
     EXPECT_EQ(Do({{"do", "tip"}, {"row", 1}, {"col", 1}})["text"], nullptr);
-    EXPECT_EQ(EventsOf("grid").size(), 1u);
+    EXPECT_EQ(EventsOf("grid").size(), 1U);
 
     Call("ShowToolTips", {false});
     EXPECT_EQ(Do({{"do", "tip"}, {"row", 2}, {"col", 1}})["text"], nullptr);
-    EXPECT_EQ(EventsOf("grid").size(), 0u);
+    EXPECT_EQ(EventsOf("grid").size(), 0U);
 }
 
 }  // namespace

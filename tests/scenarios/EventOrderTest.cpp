@@ -82,14 +82,14 @@ TEST_F(EventOrderTest, ARefusedRowIsReportedOnceAndThenItsCellIsInEdit)
     EXPECT_FALSE(Save());
 
     const std::vector<std::string> story = Story();
-    ASSERT_GE(story.size(), 3u);
+    ASSERT_GE(story.size(), 3U);
     EXPECT_EQ(story[0], "BeforeUpdate(false)");
     EXPECT_EQ(story[1], "box(Please enter an account #.)");
     EXPECT_EQ(story.back(), "BeforeEdit(1,3,0,false)");
-    EXPECT_EQ(Count(story, "box(Please enter an account #.)"), 1u);
-    EXPECT_EQ(Count(story, "BeforeUpdate(false)"), 1u);
-    EXPECT_EQ(Count(story, "AfterUpdate()"), 0u);
-    EXPECT_EQ(Count(story, "tree"), 0u);
+    EXPECT_EQ(Count(story, "box(Please enter an account #.)"), 1U);
+    EXPECT_EQ(Count(story, "BeforeUpdate(false)"), 1U);
+    EXPECT_EQ(Count(story, "AfterUpdate()"), 0U);
+    EXPECT_EQ(Count(story, "tree"), 0U);
     EXPECT_EQ(Current(), "1/3 editing dirty");
 }
 
@@ -165,11 +165,11 @@ TEST_F(EventOrderTest, AConfirmedDeletionAsksThenDeletesThenShowsTheNode)
     Menu("mnuE_Delete");
 
     const std::vector<std::string> story = Deeds();
-    ASSERT_GE(story.size(), 3u);
+    ASSERT_GE(story.size(), 3U);
     EXPECT_EQ(story[0], "BeforeDelete(false)");
     EXPECT_EQ(story[1], "box(Are you sure you want to delete this record?)");
     EXPECT_EQ(story[2], "AfterDelete()");
-    EXPECT_EQ(Count(story, "refresh"), 1u);
+    EXPECT_EQ(Count(story, "refresh"), 1U);
     EXPECT_LT(Place(story, "AfterDelete()"), Place(story, "redraw(false)"));
     EXPECT_LT(Place(story, "redraw(false)"), Place(story, "redraw(true)"));
 }
@@ -198,9 +198,9 @@ TEST_F(EventOrderTest, ADeletedTransactionReloadsNothing)
     Press("Delete");
 
     const std::vector<std::string> story = Story();
-    EXPECT_EQ(Count(story, "AfterDelete()"), 1u);
-    EXPECT_EQ(Count(story, "refresh"), 0u);
-    EXPECT_EQ(Count(story, "tree"), 0u);
+    EXPECT_EQ(Count(story, "AfterDelete()"), 1U);
+    EXPECT_EQ(Count(story, "refresh"), 0U);
+    EXPECT_EQ(Count(story, "tree"), 0U);
 }
 
 TEST_F(EventOrderTest, EscapeCancelsTheCellAndAgainTheRow)

@@ -196,7 +196,7 @@ TEST_F(ExportTest, TheCommandAsksForAFileAndWritesIt)
     Menu("mnuF_Export");
 
     const Json events = Events();
-    ASSERT_EQ(events.size(), 1u) << ToLine(events);
+    ASSERT_EQ(events.size(), 1U) << ToLine(events);
     EXPECT_EQ(events[0], (Json{{"event", "file"},
                                {"kind", "save"},
                                {"filter", "Open Financial Exchange|*.ofx|"},
@@ -220,7 +220,7 @@ TEST_F(ExportTest, CancellingWritesNothing)
     Menu("mnuF_Export");
 
     const Json events = Events();
-    ASSERT_EQ(events.size(), 1u);
+    ASSERT_EQ(events.size(), 1U);
     EXPECT_EQ(events[0]["event"], "file");
 }
 
@@ -325,7 +325,7 @@ TEST_P(ExportZoneTest, EveryStampEndsWithTheOffsetInWholeHours)
         EXPECT_EQ(text.substr(at + 14, suffix.size() + 1), suffix + "<") << tag;
         ++stamps;
     }
-    EXPECT_EQ(stamps, 5u);
+    EXPECT_EQ(stamps, 5U);
     const std::string present = Replace(Replace(Replace(now, "-", ""), ":", ""), "T", "");
     EXPECT_NE(text.find("<DTSERVER>" + present + suffix), std::string::npos);
     EXPECT_NE(text.find("<DTASOF>" + present + suffix), std::string::npos);

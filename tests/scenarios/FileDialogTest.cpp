@@ -46,7 +46,7 @@ TEST_F(FileDialogTest, TheQuestionShowsWhatWasSet)
     Ask("open");
 
     const std::vector<Json> asked = EventsOf("file");
-    ASSERT_EQ(asked.size(), 2u);
+    ASSERT_EQ(asked.size(), 2U);
     EXPECT_EQ(asked[0], Json::parse(R"({"event":"file","kind":"save",
         "filter":"Statements|*.ofx;*.qfx|All|*.*|","flags":2054,"title":"Export café",
         "name":"/home/me/march.ofx","answer":"","unanswered":true})"));
@@ -142,13 +142,13 @@ TEST_F(FileDialogTest, AnotherKindOrAWrongValueIsAnErrorAndAsksNothing)
 
 TEST_F(FileDialogTest, TheLargerAndTheSmallerOfTwo)
 {
-    constexpr std::int32_t least = -2147483647 - 1;
+    constexpr std::int32_t kLeast = -2147483647 - 1;
     EXPECT_EQ(Call("Max", {1, 2}), 2);
     EXPECT_EQ(Call("Max", {-1, -2}), -1);
-    EXPECT_EQ(Call("Max", {least, 2147483647}), 2147483647);
+    EXPECT_EQ(Call("Max", {kLeast, 2147483647}), 2147483647);
     EXPECT_EQ(Call("Min", {1, 2}), 1);
     EXPECT_EQ(Call("Min", {-1, -2}), -2);
-    EXPECT_EQ(Call("Min", {least, 2147483647}), least);
+    EXPECT_EQ(Call("Min", {kLeast, 2147483647}), kLeast);
     EXPECT_EQ(Call("Min", {5, 5}), 5);
 }
 

@@ -25,7 +25,7 @@ TEST_F(MonthTest, ForwardFromDecemberShowsJanuaryOfTheNextYear)
     Press("Forward");
 
     EXPECT_EQ(Shown(), R"json([1,"2006",1,2006])json");
-    EXPECT_EQ(Refreshes(), 1u);
+    EXPECT_EQ(Refreshes(), 1U);
 }
 
 TEST_F(MonthTest, BackFromJanuaryShowsDecemberOfTheYearBefore)
@@ -36,7 +36,7 @@ TEST_F(MonthTest, BackFromJanuaryShowsDecemberOfTheYearBefore)
     Press("Back");
 
     EXPECT_EQ(Shown(), R"json([12,"2005",12,2005])json");
-    EXPECT_EQ(Refreshes(), 1u);
+    EXPECT_EQ(Refreshes(), 1U);
 }
 
 TEST_F(MonthTest, StepsWithinAYearLeaveTheYear)
@@ -54,9 +54,9 @@ TEST_F(MonthTest, TheMonthListAndTheYearBoxChooseTheMonth)
     Events();
 
     Do({{"do", "set"}, {"control", "cmbPeriod"}, {"to", 11}});
-    EXPECT_EQ(Refreshes(), 1u);
+    EXPECT_EQ(Refreshes(), 1U);
     Do({{"do", "set"}, {"control", "txtYear"}, {"to", "2004"}});
-    EXPECT_EQ(Refreshes(), 1u);
+    EXPECT_EQ(Refreshes(), 1U);
 
     EXPECT_EQ(Shown(), R"json([11,"2004",11,2004])json");
 }
@@ -66,10 +66,10 @@ TEST_F(MonthTest, TheSameMonthAgainStillReloads)
     Events();
 
     Do({{"do", "set"}, {"control", "cmbPeriod"}, {"to", 3}});
-    EXPECT_EQ(Refreshes(), 1u);
+    EXPECT_EQ(Refreshes(), 1U);
 
     SetView("Period", 3);
-    EXPECT_EQ(Refreshes(), 1u);
+    EXPECT_EQ(Refreshes(), 1U);
 }
 
 TEST_F(MonthTest, TheSpinnerStepsTheYear)
@@ -121,12 +121,12 @@ TEST_F(MonthTest, WhileRefreshesAreHeldNothingReloads)
     SetView("View", 2);
     SetView("Period", 5);
     SetView("Year", 2001);
-    EXPECT_EQ(Refreshes(), 0u);
+    EXPECT_EQ(Refreshes(), 0U);
 
     SetView("HoldRefresh", false);
-    EXPECT_EQ(Refreshes(), 1u);
+    EXPECT_EQ(Refreshes(), 1U);
     SetView("HoldRefresh", false);
-    EXPECT_EQ(Refreshes(), 1u);
+    EXPECT_EQ(Refreshes(), 1U);
 }
 
 TEST_F(MonthTest, WritingAccountAndTypeDoesNotReload)
@@ -136,7 +136,7 @@ TEST_F(MonthTest, WritingAccountAndTypeDoesNotReload)
     SetView("AccountType", "Cash");
     SetView("AccountID", "12-34");
 
-    EXPECT_EQ(Refreshes(), 0u);
+    EXPECT_EQ(Refreshes(), 0U);
     EXPECT_EQ(Call("ViewGet", {"AccountType"}), "Cash");
     EXPECT_EQ(Call("ViewGet", {"AccountID"}), "12-34");
 }

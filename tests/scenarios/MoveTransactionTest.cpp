@@ -34,9 +34,9 @@ TEST_F(MoveTransactionTest, BeforeJanuaryIsDecemberOfTheYearBefore)
 
     EXPECT_EQ(Rows("SELECT Year, Period, PostDate FROM Trans"), R"([2005,12,"2006-01-15"])");
     EXPECT_EQ(Budget(), R"json([2005,12,"Food","(none)","0"])json");
-    EXPECT_EQ(RowsOf("data").size(), 0u);
+    EXPECT_EQ(RowsOf("data").size(), 0U);
     Press("Back");
-    EXPECT_EQ(RowsOf("data").size(), 1u);
+    EXPECT_EQ(RowsOf("data").size(), 1U);
     EXPECT_EQ(Window()["totals"]["first"], "-9.00");
 }
 
@@ -67,7 +67,7 @@ TEST_F(MoveTransactionTest, TheBalanceToTheEndOfTheMonthFollowsAndTheRowsAreRead
 
     Menu("mnuE_MoveNext");
     EXPECT_EQ(Window()["totals"]["first"], "-1.00");
-    EXPECT_EQ(RowsOf("data").size(), 0u);
+    EXPECT_EQ(RowsOf("data").size(), 0U);
     EXPECT_TRUE(EventsOf("refresh").empty());
 }
 

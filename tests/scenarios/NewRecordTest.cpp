@@ -52,7 +52,7 @@ TEST_P(NewRecordTest, NothingIsStoredUntilSomethingIsTyped)
 
     EXPECT_TRUE(Save());
 
-    EXPECT_EQ(RowsOf("data").size(), GetParam() == std::string("Net Worth") ? 3u : 1u);
+    EXPECT_EQ(RowsOf("data").size(), GetParam() == std::string("Net Worth") ? 3U : 1U);
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryView, NewRecordTest,

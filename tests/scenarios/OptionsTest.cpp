@@ -121,7 +121,7 @@ TEST_F(OptionsTest, TheViewIsRefreshedOnceForEitherButton)
     for (const char* steps : {R"([{"press":"btnOK"}])", R"([{"press":"btnCancel"}])"}) {
         Events();
         Options(steps);
-        EXPECT_EQ(EventsOf("refresh").size(), 1u) << steps;
+        EXPECT_EQ(EventsOf("refresh").size(), 1U) << steps;
     }
 }
 
@@ -155,7 +155,7 @@ TEST_F(OptionsTest, AnEmptyAddressIsStoredAndTheLinkAsksForOne)
     Press("Link");
 
     EXPECT_EQ(folder.Read("cvlb.ini"), "[Settings]\r\nBankUrl=\r\n");
-    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(EventsOf("box").size(), 1U);
 }
 
 TEST_F(OptionsTest, ALongAddressIsCutWhenItIsReadAgain)
@@ -188,7 +188,7 @@ TEST_F(OptionsTest, WithoutAccountsThereIsNothingToTick)
 
     Options(R"([{"check":{"row":1},"to":false},{"press":"btnOK"}])");
 
-    EXPECT_EQ(EventsOf("step").size(), 1u);
+    EXPECT_EQ(EventsOf("step").size(), 1U);
     EXPECT_TRUE(folder.Holds("cvlb.ini"));
 }
 

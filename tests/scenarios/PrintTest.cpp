@@ -19,7 +19,7 @@ protected:
         Events();
         Do({{"do", "menu"}, {"item", "mnuF_Print"}});
         const auto events = EventsOf("print");
-        EXPECT_EQ(events.size(), 1u);
+        EXPECT_EQ(events.size(), 1U);
         if (events.empty())
             return {};
         EXPECT_EQ(events[0]["file"], folder.Path() + "/print.html");

@@ -220,8 +220,9 @@ TEST_F(QuotesTest, AnErrorPageKeepsThePrice)
 
 TEST_F(QuotesTest, AnAnswerOverOneMebibyteKeepsThePrice)
 {
-    EXPECT_EQ(PriceAfter(answers::Ok(Line("ACME", "12.50") + std::string(1024 * 1024, ','))),
-              R"(["7.25"])");
+    EXPECT_EQ(
+        PriceAfter(answers::Ok(Line("ACME", "12.50") + std::string(std::size_t{1024} * 1024, ','))),
+        R"(["7.25"])");
 }
 
 TEST_F(QuotesTest, AnAnswerWithoutAnEndKeepsThePrice)
@@ -249,8 +250,8 @@ TEST_F(QuotesTest, ASymbolThatMakesAnInvalidAddressIsSkipped)
     EXPECT_EQ(Prices(), R"(["7.25"] ["7.25"] ["7.25"] ["7.25"] ["7.25"] ["99"])");
     const Json events = Events();
     EXPECT_EQ(ToLine(events[2]), R"({"event":"request","url":")" + Url("NEXT") + R"("})");
-    EXPECT_EQ(events.size(), 5u) << ToLine(events);
-    EXPECT_EQ(server.Heads().size(), 1u);
+    EXPECT_EQ(events.size(), 5U) << ToLine(events);
+    EXPECT_EQ(server.Heads().size(), 1U);
 }
 
 TEST_F(QuotesTest, OtherSymbolsAreInTheAddressUnchanged)
@@ -286,7 +287,7 @@ TEST_F(QuotesTest, AFailureInTheMiddleKeepsWhatCameBeforeAndEndsTheCommand)
 
     ExpectFailure();
     EXPECT_EQ(Prices(), R"(["12.5"] ["7.25"] ["7.25"])");
-    EXPECT_EQ(server.Heads().size(), 2u);
+    EXPECT_EQ(server.Heads().size(), 2U);
 }
 
 TEST_F(QuotesTest, WithoutAServerTheUpdateFails)

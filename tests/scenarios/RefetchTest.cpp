@@ -31,10 +31,10 @@ TEST_F(RefetchTest, ARefetchStopsPaintingAndReturnsToItsCell)
     Call("Refetch");
 
     const std::vector<std::string> story = Story();
-    ASSERT_GE(story.size(), 2u);
+    ASSERT_GE(story.size(), 2U);
     EXPECT_EQ(story.front(), "redraw(false)");
     EXPECT_EQ(story.back(), "redraw(true)");
-    EXPECT_EQ(Count(story, "refresh"), 0u);
+    EXPECT_EQ(Count(story, "refresh"), 0U);
     EXPECT_EQ(Current(), "2/3");
 }
 
@@ -71,7 +71,7 @@ TEST_F(RefetchTest, ARefetchOfAVanishedRowStaysAtItsPlace)
 
     Call("Refetch");
 
-    EXPECT_EQ(RowsOf("data").size(), 2u);
+    EXPECT_EQ(RowsOf("data").size(), 2U);
     EXPECT_EQ(Current(), "2/2");
 }
 
@@ -84,10 +84,10 @@ TEST_F(RefetchTest, ARefreshStopsPaintingReloadsAndPaintsAgain)
     Call("Refresh");
 
     const std::vector<std::string> story = Deeds();
-    ASSERT_GE(story.size(), 3u);
+    ASSERT_GE(story.size(), 3U);
     EXPECT_EQ(story.front(), "redraw(false)");
-    EXPECT_EQ(Count(story, "redraw(true)"), 1u);
-    EXPECT_EQ(Count(story, "refresh"), 1u);
+    EXPECT_EQ(Count(story, "redraw(true)"), 1U);
+    EXPECT_EQ(Count(story, "refresh"), 1U);
     EXPECT_EQ(story[1], "AfterEdit(1,2)");
     EXPECT_EQ(Current(), "1/1");
 }
@@ -127,13 +127,13 @@ TEST_F(RefetchTest, AReloadWithoutRowsMakesTheNewRowLineCurrent)
 {
     Click("Savings");
 
-    EXPECT_EQ(RowsOf("data").size(), 0u);
+    EXPECT_EQ(RowsOf("data").size(), 0U);
     EXPECT_EQ(RowsOf("new").at(0)["row"], 1);
     EXPECT_EQ(Current(), "1/1");
 
     Press("Forward");
     Click("Budget");
-    EXPECT_EQ(Grid()["rows"].size(), 1u);
+    EXPECT_EQ(Grid()["rows"].size(), 1U);
     EXPECT_EQ(Current(), "1/1");
 }
 

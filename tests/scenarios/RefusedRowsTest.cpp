@@ -33,7 +33,7 @@ protected:
         Events();
         EXPECT_FALSE(Save());
         const std::vector<Json> boxes = EventsOf("box");
-        ASSERT_EQ(boxes.size(), 1u);
+        ASSERT_EQ(boxes.size(), 1U);
         EXPECT_EQ(boxes[0]["text"], message);
         EXPECT_EQ(boxes[0]["style"], 16);
         EXPECT_EQ(boxes[0]["title"], "Corvane Ledgerbook");
@@ -182,7 +182,7 @@ TEST_F(RefusedRowsTest, TransactionsHoldingsAndLoansAreNeverRefused)
         EXPECT_TRUE(Edit("new", one.column, "5")) << one.node;
         EXPECT_TRUE(Save()) << one.node;
     }
-    EXPECT_EQ(EventsOf("box").size(), 0u);
+    EXPECT_EQ(EventsOf("box").size(), 0U);
 }
 
 TEST_F(RefusedRowsTest, EveryAttemptToLeaveReportsAgain)
@@ -191,11 +191,11 @@ TEST_F(RefusedRowsTest, EveryAttemptToLeaveReportsAgain)
     Events();
 
     EXPECT_FALSE(Move(2, 1));
-    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(EventsOf("box").size(), 1U);
     EXPECT_EQ(Focus("TreeView"), "Grid");
-    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(EventsOf("box").size(), 1U);
     EXPECT_EQ(Do({{"do", "click"}, {"text", "Budget"}})["clicked"], false);
-    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(EventsOf("box").size(), 1U);
     EXPECT_EQ(Current(), "1/1 editing dirty");
 }
 
@@ -207,7 +207,7 @@ TEST_F(RefusedRowsTest, AToolbarButtonRunsNoCommandOnARefusedRow)
     for (const char* button : {"Back", "Forward", "Link", "New"}) {
         Press(button);
         const std::vector<Json> boxes = EventsOf("box");
-        ASSERT_EQ(boxes.size(), 1u) << button;
+        ASSERT_EQ(boxes.size(), 1U) << button;
         EXPECT_EQ(boxes[0]["text"], "Please enter an account description.") << button;
     }
 

@@ -112,7 +112,7 @@ TEST_F(RequestsTest, WhileTracingIsOnEachStatementIsLogged)
     Do({{"do", "trace"}, {"statements", false}});
     Call("GetNextSequence");
 
-    ASSERT_EQ(traced.size(), 1u);
+    ASSERT_EQ(traced.size(), 1U);
     EXPECT_EQ(traced[0]["text"], "SELECT MAX( Sequence ) AS NextSequence FROM Trans");
     EXPECT_TRUE(EventsOf("execute").empty());
 }

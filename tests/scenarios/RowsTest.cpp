@@ -179,7 +179,7 @@ TEST_F(RowsTest, AGridDescribesItsColumnsAndRows)
 
     const Json grid = Grid();
 
-    EXPECT_EQ(grid["columns"].size(), 6u);
+    EXPECT_EQ(grid["columns"].size(), 6U);
     EXPECT_EQ(grid["columns"][1]["caption"], "Type");
     EXPECT_EQ(ToLine(grid["columns"][1]["values"]),
               R"json(["Bank","Cash","Credit Card","Investment","Loan"])json");

@@ -170,7 +170,7 @@ TEST_F(SavedRowsTest, ANewAccountOfTheTypeJoinsItsNodeWhichStaysSelected)
 
     EXPECT_EQ(TreeTexts(),
               "Net Worth, Budget, Bank, Checking, Investment, Broker, [Loan], Boat, House");
-    EXPECT_EQ(EventsOf("refresh").size(), 0u);
+    EXPECT_EQ(EventsOf("refresh").size(), 0U);
     EXPECT_EQ(Window()["view"], 3);
     EXPECT_EQ(Window()["caption"], "Loan - Corvane Ledgerbook");
 }
@@ -193,7 +193,7 @@ TEST_F(SavedRowsTest, AChangedNumberIsChangedInTheAccountsRowsToo)
     EXPECT_EQ(Rows("SELECT AccountID FROM Trans"), R"(["B-9"])");
     Click("Checking");
     EXPECT_EQ(Window()["accountID"], "B-9");
-    EXPECT_EQ(RowsOf("data").size(), 1u);
+    EXPECT_EQ(RowsOf("data").size(), 1U);
 }
 
 TEST_F(SavedRowsTest, OfPiecesThatShareANumberOnlyTheCurrentOneIsChanged)

@@ -12,12 +12,23 @@ Scenario::Scenario()
     folder.Write("db/clb.mdb", EmptyDatabase());
 }
 
+void Scenario::TearDown()
+{
+    if (!client_ || past == Past::Wrong)
+        return;
+    client_.reset();
+    const WayBack back = GoBackAndForth(folder.Path("db/clb.mdb"), start_);
+    EXPECT_EQ(back.past, past) << back.why;
+}
+
 AutomationClient& Scenario::Program()
 {
     if (!client_) {
         std::vector<std::string> arguments{"--home", folder.Path(), "--now", now};
         arguments.insert(arguments.end(), options.begin(), options.end());
         client_ = std::make_unique<AutomationClient>(arguments);
+        if (past != Past::Wrong)
+            start_ = WithoutHistory(DumpOf(folder.Path("db/clb.mdb")));
     }
     return *client_;
 }
@@ -289,7 +300,7 @@ void Scenario::ShowAll()
 
 std::string Scenario::InShort(const Json& event)
 {
-    const std::string kind = event["event"];
+    std::string kind = event["event"];
     if (kind == "grid") {
         const std::string arguments = event["args"].dump();
         return event["name"].get<std::string>() + "(" + arguments.substr(1, arguments.size() - 2) +

@@ -8,15 +8,18 @@
 #include <vector>
 
 #include "tests/support/AutomationClient.h"
+#include "tests/support/BackAndForth.h"
 #include "tests/support/TempFolder.h"
 
 namespace clb {
 
 /// Drives the whole program from outside, on a fresh folder. It starts with the first request, on 5
-/// March 2006 unless the test sets another date.
+/// March 2006 unless the test sets another date. At the end, undoing the whole history must lead to
+/// the tables that the program found at its start, and redoing to those that the test has left.
 class Scenario : public testing::Test {
 protected:
     Scenario();
+    void TearDown() override;
 
     AutomationClient& Program();
 
@@ -94,6 +97,8 @@ protected:
     TempFolder folder;
     std::string now = "2006-03-05T10:00:00";
     std::vector<std::string> options;  ///< further options of the program
+    /// What must come of undoing everything at the end; nothing is undone if it is Wrong.
+    Past past = Past::Whole;
 
 private:
     static std::string InShort(const Json& event);
@@ -102,6 +107,7 @@ private:
     static std::string DayIn(const std::string& month);
 
     std::unique_ptr<AutomationClient> client_;
+    TableDump start_;
     int lastTransaction_ = 0;
 };
 

@@ -104,7 +104,7 @@ TEST_F(SplitTest, ATextThatIsNotANumberCannotBeAcceptedAndTheOtherAmountsStay)
     std::vector<std::string> readings;
     std::size_t refused = 0;
     for (const Json& event : events) {
-        refused += event["event"] == "step" ? 1u : 0u;
+        refused += event["event"] == "step" ? 1U : 0U;
         if (event["event"] == "form" && event["moment"] == "read")
             readings.push_back(event["controls"]["txtOriginal"]["text"].get<std::string>() + " " +
                                event["controls"]["txtTotal"]["text"].get<std::string>() + " " +
@@ -112,7 +112,7 @@ TEST_F(SplitTest, ATextThatIsNotANumberCannotBeAcceptedAndTheOtherAmountsStay)
     }
     EXPECT_EQ(readings, (std::vector<std::string>{"70 100 false", "70 100 false", "70 100 false",
                                                   "70 100 false", "60 100 true"}));
-    EXPECT_EQ(refused, 1u);
+    EXPECT_EQ(refused, 1U);
     EXPECT_EQ(Pieces(), R"json([0,"60","Shop"] [1,"40","Shop (split #1)"])json");
 }
 
@@ -175,7 +175,7 @@ TEST_F(SplitTest, CancelChangesNothing)
     Split(R"([{"set":"txtNew","to":"30"},{"press":"btnCancel"}])");
 
     const Json events = Events();
-    ASSERT_EQ(events.size(), 2u) << ToLine(events);
+    ASSERT_EQ(events.size(), 2U) << ToLine(events);
     EXPECT_FALSE(events[1].contains("unanswered"));
     EXPECT_EQ(Pieces(), R"([0,"100","Shop"])");
     EXPECT_EQ(Current(), "1/2 dirty");
@@ -193,7 +193,7 @@ TEST_F(SplitTest, BothPiecesAreShownAndTheFirstStaysCurrent)
     Split(R"([{"set":"txtNew","to":"-30"},{"press":"btnOK"}])");
 
     EXPECT_TRUE(EventsOf("refresh").empty());
-    EXPECT_EQ(RowsOf("data").size(), 3u);
+    EXPECT_EQ(RowsOf("data").size(), 3U);
     EXPECT_EQ(Call("ColumnValue", {3}), "-70");
     EXPECT_EQ(Call("ColumnValue", {12}), 0);
     EXPECT_EQ(Current(), "2/3");

@@ -26,7 +26,7 @@ TEST_F(StartTest, TheWindowShowsTheNetWorthOfThePresentMonth)
     EXPECT_EQ(window["status"], "Select an item to work with.");
     EXPECT_EQ(ToLine(window["totals"]),
               R"json({"label":"Total Net Worth:","first":"0.00","second":"0.00"})json");
-    EXPECT_EQ(window["months"].size(), 12u);
+    EXPECT_EQ(window["months"].size(), 12U);
     EXPECT_EQ(window["months"][0], "January");
     EXPECT_EQ(window["months"][11], "December");
 }
@@ -62,7 +62,8 @@ TEST_F(StartTest, MenusAreInTheirOrderWithTheirCaptions)
         R"json("mnuE_New","mnuE_Delete","mnuE_Separator1","mnuE_Copy","mnuE_Separator2",)json"
         R"json("mnuE_MovePrev","mnuE_MoveNext","mnuE_Split","mnuT_UpdateQuotes","mnuT_Rule",)json"
         R"json("mnuT_Options","mnuH_HelpTopics","mnuH_Rule","mnuH_OnTheWeb",)json"
-        R"json("mnuH_OnlineTutorial","mnuH_Rule2","mnuH_About"])json");
+        R"json("mnuH_OnlineTutorial","mnuH_Rule2","mnuH_About",)json"
+        R"json("mnuY_Undo","mnuY_Redo","mnuY_Rule","mnuY_Show"])json");
     EXPECT_EQ(window["menus"]["mnuE_Copy"]["caption"], "&Copy Budget From Previous Month");
     EXPECT_EQ(window["menus"]["mnuF_Exit"]["caption"], "E&xit");
     EXPECT_FALSE(window["menus"].contains("mnuF_Rule"));

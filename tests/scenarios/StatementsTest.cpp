@@ -156,7 +156,7 @@ TEST_F(StatementsTest, ASavedTransactionIsNumberedBudgetedAndSummedUp)
     EXPECT_TRUE(Save());
 
     const std::vector<std::string> sent = Sent();
-    ASSERT_GE(sent.size(), 3u);
+    ASSERT_GE(sent.size(), 3U);
     EXPECT_EQ(sent[0], "SELECT MAX( Sequence ) AS NextSequence FROM Trans");
     EXPECT_EQ(sent[1],
               "SELECT Year, Period, Category, CategoryGroup, Amount FROM Budget WHERE "
@@ -177,7 +177,7 @@ TEST_F(StatementsTest, ADeletedBudgetLineFreesItsTransactions)
 
     const std::string condition = "Trans.Category = 'Kids'' toys' AND Year = 2006 AND Period = 3";
     const std::vector<std::string> sent = SentForRows();
-    ASSERT_GE(sent.size(), 3u);
+    ASSERT_GE(sent.size(), 3U);
     EXPECT_EQ(sent[0], "SELECT COUNT( 1 ) AS [Count] FROM Trans WHERE " + condition);
     EXPECT_EQ(sent[1],
               "SELECT Year, Period, Category, CategoryGroup, Amount FROM Budget WHERE "

@@ -97,7 +97,7 @@ TEST_F(TipsTest, HeadingsFootersAndTheNewRowLineHaveNone)
     EXPECT_EQ(Tip(1, 1), nullptr);
     EXPECT_EQ(Tip(3, 1), nullptr);
     EXPECT_EQ(Tip("new", 1), nullptr);
-    EXPECT_EQ(Asked(), 0u);
+    EXPECT_EQ(Asked(), 0U);
 }
 
 TEST_F(TipsTest, OtherViewsHaveNone)
@@ -121,12 +121,12 @@ TEST_F(TipsTest, SwitchedOffNothingIsFetchedUntilTheNextRefresh)
     Events();
 
     EXPECT_EQ(Tip(2, 1), nullptr);
-    EXPECT_EQ(Asked(), 0u);
+    EXPECT_EQ(Asked(), 0U);
 
     Call("Refresh");
     Events();
     EXPECT_EQ(Tip(2, 1), "Number of transactions: 0");
-    EXPECT_EQ(Asked(), 1u);
+    EXPECT_EQ(Asked(), 1U);
 }
 
 TEST_F(TipsTest, ATipMovesNothing)

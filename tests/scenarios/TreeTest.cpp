@@ -7,7 +7,7 @@ namespace {
 
 class TreeTest : public Scenario {
 protected:
-    std::string Line(const Json& node)
+    static std::string Line(const Json& node)
     {
         return ToLine(Json::array({node["text"], node["key"], node["tag"], node["parent"]}));
     }
@@ -18,7 +18,7 @@ TEST_F(TreeTest, WithoutAccountsThereAreTwoNodes)
 {
     const Json nodes = Tree();
 
-    ASSERT_EQ(nodes.size(), 2u);
+    ASSERT_EQ(nodes.size(), 2U);
     EXPECT_EQ(Line(nodes[0]), R"json(["Net Worth","","1",0])json");
     EXPECT_EQ(Line(nodes[1]), R"json(["Budget","","2",1])json");
     EXPECT_EQ(nodes[0]["expanded"], true);
@@ -38,7 +38,7 @@ TEST_F(TreeTest, AccountsAreBelowTheirTypesInTheOrderOfTheTexts)
     Call("BuildTree");
 
     const Json nodes = Tree();
-    ASSERT_EQ(nodes.size(), 11u);
+    ASSERT_EQ(nodes.size(), 11U);
     EXPECT_EQ(Line(nodes[2]), R"json(["Bank","Bank","3",1])json");
     EXPECT_EQ(Line(nodes[3]), R"json(["Checking","","4\u0001B-1",3])json");
     EXPECT_EQ(Line(nodes[4]), R"json(["Savings","","4\u0001B-2",3])json");
@@ -56,14 +56,14 @@ TEST_F(TreeTest, AClickShowsTheViewOfTheNode)
     Events();
 
     Click("Bank");
-    EXPECT_EQ(Refreshes(), 1u);
+    EXPECT_EQ(Refreshes(), 1U);
     Json window = Window();
     EXPECT_EQ(window["caption"], "Bank - Corvane Ledgerbook");
     EXPECT_EQ(window["view"], 3);
     EXPECT_EQ(window["accountType"], "Bank");
 
     Click("Checking");
-    EXPECT_EQ(Refreshes(), 1u);
+    EXPECT_EQ(Refreshes(), 1U);
     window = Window();
     EXPECT_EQ(window["view"], 4);
     EXPECT_EQ(window["accountID"], "B-1");
@@ -96,10 +96,10 @@ TEST_F(TreeTest, AClickOnTheSelectedNodeShowsItsViewAgain)
     Events();
 
     Click("Budget");
-    EXPECT_EQ(Refreshes(), 1u);
+    EXPECT_EQ(Refreshes(), 1U);
 
     Do({{"do", "click"}, {"index", 2}});
-    EXPECT_EQ(Refreshes(), 1u);
+    EXPECT_EQ(Refreshes(), 1U);
 }
 
 TEST_F(TreeTest, NodesAreFoundByTheirTag)

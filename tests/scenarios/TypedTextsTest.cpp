@@ -108,7 +108,7 @@ TEST_F(TypedTextsTest, ARefusedTextDoesNotChangeARowThatIsNotInEdit)
 
     EXPECT_EQ(Current(), "1/3");
     EXPECT_EQ(Column(3), R"("-9")");
-    EXPECT_EQ(EventsOf("box").size(), 0u);
+    EXPECT_EQ(EventsOf("box").size(), 0U);
     EXPECT_TRUE(Save());
     EXPECT_EQ(Rows("SELECT Amount FROM Trans"), R"(["-9"])");
 }

@@ -113,7 +113,7 @@ protected:
         Click(GetParam().node);
         Edit("new", 1, GetParam().column == 1 ? "" : ToStart());
     }
-    std::string ToStart() const
+    static std::string ToStart()
     {
         return std::string(GetParam().node) == "Budget" ? "Food" : "2006-03-01";
     }

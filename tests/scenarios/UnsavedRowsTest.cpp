@@ -101,7 +101,7 @@ TEST_F(UnsavedRowsTest, ANewRecordIsNotBegunWhenTheRowIsRefused)
     Menu("mnuE_New");
 
     const std::vector<Json> boxes = EventsOf("box");
-    ASSERT_EQ(boxes.size(), 1u);
+    ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0]["text"], "Please enter an account #.");
     EXPECT_EQ(Current(), "1/3 editing dirty");
 }

@@ -46,12 +46,15 @@ protected:
         layout = Do({{"do", "resize"}, {"width", width}, {"height", height}});
         columns = Columns();
     }
-    int Usable() const { return Of("Grid", "width") - 20 - 16; }
+    [[nodiscard]] int Usable() const { return Of("Grid", "width") - 20 - 16; }
     int Of(const char* control, const char* side) const { return layout[control][side]; }
     int Right(const char* control) const { return Of(control, "left") + Of(control, "width"); }
-    int Width(int column) const { return columns[static_cast<std::size_t>(column - 1)]["width"]; }
+    [[nodiscard]] int Width(int column) const
+    {
+        return columns[static_cast<std::size_t>(column - 1)]["width"];
+    }
     /// Right end of a column in the window.
-    int RightOf(int column) const
+    [[nodiscard]] int RightOf(int column) const
     {
         const int position = columns[static_cast<std::size_t>(column - 1)]["position"];
         int right = Of("Grid", "left") + 20;

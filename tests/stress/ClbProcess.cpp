@@ -9,8 +9,6 @@
 #include <cerrno>
 #include <stdexcept>
 
-extern char** environ;
-
 namespace clb {
 namespace {
 
@@ -45,6 +43,7 @@ ClbProcess::ClbProcess(const std::vector<std::string>& arguments)
     std::vector<std::string> words{CLB_PROGRAM};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);

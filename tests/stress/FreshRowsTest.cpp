@@ -47,7 +47,7 @@ TEST_F(FreshRowsTest, AClickShowsWhatAnotherProgramHasImported)
     Click("Checking");
 
     EXPECT_EQ(Window()["totals"]["first"], "-67.00");
-    EXPECT_EQ(RowsOf("data").size(), 4u);
+    EXPECT_EQ(RowsOf("data").size(), 4U);
 }
 
 TEST_F(FreshRowsTest, WritesOfOtherProgramsDoNotReloadTheView)

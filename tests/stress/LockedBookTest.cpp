@@ -37,7 +37,7 @@ public:
         if (!released_.exchange(true))
             book_.Run("ROLLBACK");
     }
-    bool Released() const { return released_; }
+    [[nodiscard]] bool Released() const { return released_; }
 
 private:
     RawBook book_;

@@ -112,7 +112,7 @@ TEST_F(QuotesMeanwhileTest, TheCommandLineMatchesHoldingsThatCameAndWentMeanwhil
 
     const Json report = Json::parse(Other({"quotes", "--json"}));
 
-    ASSERT_EQ(report["holdings"].size(), 2u);
+    ASSERT_EQ(report["holdings"].size(), 2U);
     EXPECT_EQ(report["holdings"][0]["before"], "7");
     EXPECT_EQ(report["holdings"][0]["LastPrice"], "12");
     EXPECT_EQ(report["holdings"][1]["StockSymbol"], "NEW");

@@ -76,7 +76,7 @@ TEST_F(RowFateTest, WhatIsTypedIntoARowThatWasMovedIsNotSaved)
     Save();
 
     const std::vector<Json> boxes = EventsOf("box");
-    ASSERT_EQ(boxes.size(), 1u);
+    ASSERT_EQ(boxes.size(), 1U);
     EXPECT_THAT(boxes[0]["text"].get<std::string>(),
                 testing::HasSubstr("moved this record to another account"));
     EXPECT_EQ(Stored(), "1:-10 2:-20 3:-30");

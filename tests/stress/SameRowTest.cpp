@@ -30,7 +30,7 @@ TEST_F(SameRowTest, AQuestionNamesTheColumnAndBothValues)
     Save();
 
     const std::vector<Json> boxes = EventsOf("box");
-    ASSERT_EQ(boxes.size(), 1u);
+    ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0]["style"], kQuestion);
     const std::string text = boxes[0]["text"];
     const std::string caption = Columns()[kAmount - 1]["caption"];
@@ -60,7 +60,7 @@ TEST_F(SameRowTest, NoKeepsWhatTheOtherProgramStored)
 
     Save();
 
-    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(EventsOf("box").size(), 1U);
     EXPECT_EQ(Stored(), "1:-10 2:-20 3:-60");
 }
 
@@ -72,7 +72,7 @@ TEST_F(SameRowTest, WithoutAnAnswerTheOtherProgramsValueStays)
     Save();
 
     const std::vector<Json> boxes = EventsOf("box");
-    ASSERT_EQ(boxes.size(), 1u);
+    ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0]["answer"], "No");
     EXPECT_EQ(boxes[0]["unanswered"], true);
     EXPECT_EQ(Stored(), "1:-10 2:-20 3:-60");
@@ -145,7 +145,7 @@ TEST_F(SameRowTest, LeavingTheRowAsksAsWell)
 
     Move(2, 1);
 
-    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(EventsOf("box").size(), 1U);
     EXPECT_EQ(Stored(), "1:-10 2:-20 3:-35");
 }
 
@@ -157,7 +157,7 @@ TEST_F(SameRowTest, WhatWasTypedIntoADeletedRowStaysTyped)
     const Json reply = Try({{"do", "save"}});
 
     EXPECT_FALSE(reply["ok"] == true && reply["saved"] == true);
-    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(EventsOf("box").size(), 1U);
     EXPECT_TRUE(Dirty());
     EXPECT_EQ(Column(kAmount), R"("-35" "-20" "-10")");
     EXPECT_EQ(Stored(), "1:-10 2:-20");
@@ -219,7 +219,7 @@ TEST_F(SameRowTest, ABudgetedAmountOfTwoProgramsIsAskedAbout)
 
     Save();
 
-    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(EventsOf("box").size(), 1U);
     EXPECT_EQ(Rows("SELECT Amount FROM Budget WHERE Category = 'Food'"), R"(["120"])");
 }
 
@@ -237,7 +237,7 @@ TEST_F(SameRowTest, ALoanIsAskedAboutAsWell)
 
     EXPECT_TRUE(Save());
 
-    EXPECT_EQ(EventsOf("box").size(), 1u);
+    EXPECT_EQ(EventsOf("box").size(), 1U);
     EXPECT_EQ(Rows("SELECT PaidAmount FROM Loan"), R"(["12"])");
 }
 

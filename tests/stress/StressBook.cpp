@@ -20,9 +20,11 @@ void RunClb(const std::vector<std::string>& arguments)
 std::vector<StatementRow> FirstRows(const std::string& account)
 {
     std::vector<StatementRow> rows;
+    rows.reserve(kRows);
     for (int n = 0; n < kRows; ++n)
         rows.push_back({account + "-first-" + std::to_string(n),
-                        std::to_string(20060101 + n % 3 * 100 + n % 28), (n * 37 - 2000) * 100});
+                        std::to_string(20060101 + n % 3 * 100 + n % 28),
+                        (std::int64_t{n} * 37 - 2000) * 100});
     return rows;
 }
 

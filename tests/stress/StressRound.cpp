@@ -79,10 +79,11 @@ std::vector<StatementRow> StressRound::NewRows(const std::string& file)
 {
     std::vector<StatementRow> rows;
     const int count = OneIn(4) ? 40 : Random(1, 8);
+    rows.reserve(static_cast<std::size_t>(count));
     for (int n = 0; n < count; ++n)
         rows.push_back({name_ + "-" + file + "-" + std::to_string(n),
                         std::to_string(20060000 + Random(1, 4) * 100 + Random(1, 28)),
-                        Random(-5000, 5000) * 100});
+                        std::int64_t{Random(-5000, 5000)} * 100});
     return rows;
 }
 
@@ -112,7 +113,7 @@ void StressRound::PlanCommands()
         commands_.push_back({.number = target.number,
                              .piece = target.piece,
                              .split = n < 2,
-                             .amount = Random(-300, 300) * 100,
+                             .amount = std::int64_t{Random(-300, 300)} * 100,
                              .direction = OneIn(2) ? 1 : -1});
     }
     if (OneIn(2))
@@ -170,7 +171,7 @@ void StressRound::UseSession()
 void StressRound::Act(Target target)
 {
     const std::string own = name_ + "-" + std::to_string(target.number);
-    const int amount = Random(-5000, 5000) * 100 + target.number % 100;
+    const int amount = std::int64_t{Random(-5000, 5000)} * 100 + target.number % 100;
     switch (Random(1, 8)) {
         case 1:
         case 2:

@@ -13,8 +13,8 @@ struct FakeOutside {
     /// backups, as for a person's own books and not as under automation.
     Ports PortsOver(const std::string& folder, bool keepsCopies = false)
     {
-        return {folder, clock, messages, files, shell, pointer,
-                dates,  modal, printing, http,  "",    keepsCopies};
+        return {folder, clock,    messages, files, shell,       pointer, dates,
+                modal,  printing, http,     "",    keepsCopies, true};
     }
 
     FakeClock clock;

@@ -78,7 +78,7 @@ protected:
         kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
     }
-    std::string LockFile() const { return home_.Path("db/clb.lock"); }
+    [[nodiscard]] std::string LockFile() const { return home_.Path("db/clb.lock"); }
 
     TempFolder home_;
     TempFolder other_;

@@ -24,7 +24,7 @@ protected:
     /// The user imports a file that is not a statement.
     std::string ImportNonsense()
     {
-        const std::string file = books_.folder.Write("letter.txt", "Dear bank\r\n");
+        std::string file = books_.folder.Write("letter.txt", "Dear bank\r\n");
         books_.files.answers.push_back(file);
         MenuAction("mnuF_Import")->trigger();
         QTest::qWait(1);
@@ -37,7 +37,7 @@ protected:
     }
     QPushButton& Button(const char* name) { return *stuck_.findChild<QPushButton*>(name); }
     /// Closes the window as the button in its title bar does.
-    void CloseBySystem(QWidget& window)
+    static void CloseBySystem(QWidget& window)
     {
         window.windowHandle()->close();
         QTest::qWait(1);

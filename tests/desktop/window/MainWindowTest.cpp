@@ -12,8 +12,6 @@
 namespace clb {
 namespace {
 
-using testing::ElementsAre;
-
 TEST_F(WindowTest, AClickOnATreeNodeShowsItsViewAndItsNameInTheCaption)
 {
     ClickNode("Checking");

@@ -38,7 +38,7 @@ struct Start {
 
 class WindowMemoryTest : public testing::Test {
 protected:
-    QString File() const
+    [[nodiscard]] QString File() const
     {
         return ToQString(folder_.Path()) + "/config/corvane-ledgerbook/window.ini";
     }

@@ -3,8 +3,6 @@
 namespace clb {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 class ExpressionTest : public EngineTest {
 protected:
     ExpressionTest()

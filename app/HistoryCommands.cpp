@@ -1,0 +1,53 @@
+#include "app/HistoryCommands.h"
+
+#include "app/StepPlaces.h"
+#include "app/frmController.h"
+#include "app/frmHistory.h"
+#include "base/Product.h"
+
+namespace clb {
+namespace {
+
+void ShowOutcome(frmController& window, const HistoryOutcome& outcome, bool undone)
+{
+    if (outcome.steps.empty())
+        return;
+    const TreeNode shown = window.View().ShownNode();
+    const GridSpot current = window.Grid.CurrentSpot();
+    window.ReloadWindow();
+    const bool found = ShowTouched(window, outcome.touched);
+    if (!found && window.View().ShownNode().tag == shown.tag && window.Grid.Bound())
+        window.Grid.ReturnTo(current);
+    window.Results().Show(outcome, undone);
+}
+
+void TakeSteps(frmController& window, std::int64_t steps, bool undo)
+{
+    try {
+        ShowOutcome(window, undo ? window.Steps().Undo(steps) : window.Steps().Redo(steps), undo);
+    } catch (const HistoryRefusal& refusal) {
+        window.GivenPorts().messages.Show(refusal.what(), box_style::Exclamation, product::kTitle);
+    }
+}
+
+}  // namespace
+
+void UndoSteps(frmController& window, std::int64_t steps)
+{
+    TakeSteps(window, steps, true);
+}
+
+void RedoSteps(frmController& window, std::int64_t steps)
+{
+    TakeSteps(window, steps, false);
+}
+
+void ShowHistory(frmController& window)
+{
+    const Ports& ports = window.GivenPorts();
+    frmHistory(window.Steps(), ports.modal, ports.dates, ports.clock.Now(),
+               [&window](bool undo, std::int64_t steps) { TakeSteps(window, steps, undo); })
+        .ShowDialog();
+}
+
+}  // namespace clb

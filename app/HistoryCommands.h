@@ -1,0 +1,16 @@
+// The commands of the menu History.
+#pragma once
+#include <cstdint>
+
+namespace clb {
+
+class frmController;
+
+/// Undoes or redoes steps and shows the place that the last of them has touched. A step that cannot
+/// be undone is reported in a box; nothing is changed then. Throws EngineError.
+void UndoSteps(frmController& window, std::int64_t steps);
+void RedoSteps(frmController& window, std::int64_t steps);
+/// Shows the dialog History.
+void ShowHistory(frmController& window);
+
+}  // namespace clb

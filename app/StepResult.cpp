@@ -1,0 +1,59 @@
+#include "app/StepResult.h"
+
+#include "app/HistoryCommands.h"
+#include "app/frmController.h"
+
+namespace clb {
+namespace {
+
+std::string Counted(std::int64_t number, const std::string& one)
+{
+    return std::to_string(number) + " " + one + (number == 1 ? "" : "s");
+}
+
+}  // namespace
+
+void StepResult::Show(const HistoryOutcome& outcome, bool undone)
+{
+    if (!window_.GivenPorts().showsResults)
+        return;
+    const auto steps = static_cast<std::int64_t>(outcome.steps.size());
+    shownAt_ = Present();
+    window_.result.Show(Sentence(outcome, undone), undone ? "Redo" : "Undo",
+                        [&window = window_, steps, undone] {
+                            if (undone)
+                                RedoSteps(window, steps);
+                            else
+                                UndoSteps(window, steps);
+                        });
+}
+
+void StepResult::Follow()
+{
+    if (window_.result.Shown() && Present() != shownAt_)
+        window_.result.Close();
+}
+
+StepResult::Situation StepResult::Present() const
+{
+    const auto number = [](const std::optional<Step>& step) { return step ? step->number : 0; };
+    const clsView& view = window_.View();
+    const TreeNode node = view.ShownNode();
+    return {number(window_.Steps().NextToUndo()), number(window_.Steps().NextToRedo()),
+            node.tag + node.text, view.Year(), view.Period()};
+}
+
+std::string StepResult::Sentence(const HistoryOutcome& outcome, bool undone) const
+{
+    std::int64_t rows = 0;
+    for (const Step& step : outcome.steps)
+        rows += step.rows;
+    const Step& first = outcome.steps.front();
+    const std::string what =
+        outcome.steps.size() > 1
+            ? Counted(static_cast<std::int64_t>(outcome.steps.size()), "step")
+            : first.what + (window_.Steps().IsOfAnother(first) ? " of another program" : "");
+    return (undone ? "Undone: " : "Redone: ") + what + " (" + Counted(rows, "row") + ")";
+}
+
+}  // namespace clb

@@ -1,0 +1,43 @@
+// Says in the result bar what Undo and Redo have done.
+#pragma once
+#include <cstdint>
+#include <string>
+
+#include "history/History.h"
+
+namespace clb {
+
+class frmController;
+
+/// Says in the result bar what Undo and Redo have done, and offers the reverse there. The bar goes
+/// with the next change of the book, by whatever program, and when another place is shown.
+class StepResult {
+public:
+    /// Borrows the window, which outlives it.
+    explicit StepResult(frmController& window) : window_(window) {}
+
+    /// Says what was undone or redone, if the window shows results. The steps are at least one.
+    /// Throws EngineError.
+    void Show(const HistoryOutcome& outcome, bool undone);
+    /// Closes the bar if what it offers no longer fits the book or the place. Called after each
+    /// command. Throws EngineError.
+    void Follow();
+
+private:
+    /// What the bar fits.
+    struct Situation {
+        std::int64_t nextToUndo = 0;
+        std::int64_t nextToRedo = 0;
+        std::string node;  ///< tag and text of what is shown
+        std::int32_t year = 0;
+        std::int32_t period = 0;
+        bool operator==(const Situation&) const = default;
+    };
+    [[nodiscard]] Situation Present() const;
+    [[nodiscard]] std::string Sentence(const HistoryOutcome& outcome, bool undone) const;
+
+    frmController& window_;
+    Situation shownAt_;
+};
+
+}  // namespace clb

@@ -1,0 +1,270 @@
+#include "history/History.h"
+
+#include <utility>
+
+#include "engine/rows/Session.h"
+#include "history/StepBytes.h"
+
+namespace clb {
+namespace {
+
+/// A step that no command has named.
+constexpr const char* kUnnamed = "Change";
+
+/// While it lives, what is written is not part of a step.
+class Own {
+public:
+    explicit Own(bool& writing) : writing_(&writing) { *writing_ = true; }
+    ~Own() { *writing_ = false; }
+    Own(const Own&) = delete;
+    Own& operator=(const Own&) = delete;
+
+private:
+    bool* writing_;
+};
+
+std::string Sentence(const Step& step, bool undo, const std::string& why)
+{
+    return "'" + step.what + "' cannot be " + (undo ? "undone" : "redone") + ": " + why +
+           ". Nothing was changed.";
+}
+
+bool IsAdded(std::string_view table)
+{
+    return table.size() > 2 && table.starts_with("Cv");
+}
+
+}  // namespace
+
+History::History(Connection& connection, Clock now, std::string program)
+    : connection_(&connection),
+      database_(&connection.Internals().database),
+      now_(std::move(now)),
+      program_(std::move(program)),
+      shapes_(*database_),
+      store_(*database_),
+      what_(kUnnamed)
+{
+    const std::optional<Step> newest = store_.Exists() ? store_.Newest() : std::nullopt;
+    newestAtOpening_ = newest ? newest->number : 0;
+    connection_->Watch(this);
+}
+
+History::~History()
+{
+    connection_->Watch(nullptr);
+}
+
+void History::Changing(const ChangingRow& row)
+{
+    if (!writing_ && !StepStore::Owns(row.Table()) && !row.Table().starts_with("sqlite_"))
+        log_.Add(row);
+}
+
+void History::Lost() noexcept
+{
+    changed_ = true;
+    log_.Clear();
+    shapes_.Forget();
+    step_ = committedStep_;
+}
+
+void History::TableChanged(std::string_view table)
+{
+    shapes_.Forget();
+    // The program's own additions lie beside what the history keeps.
+    if (IsAdded(table))
+        return;
+    log_.Clear();
+    step_ = 0;
+    changed_ = true;
+    const Own own(writing_);
+    store_.End(now_().ToIso());
+}
+
+void History::BeforeCommit()
+{
+    Write();
+    committedNext_ = step_;
+}
+
+void History::Committed() noexcept
+{
+    committedStep_ = committedNext_;
+}
+
+void History::Begin(const std::string& what)
+{
+    Write();
+    step_ = 0;
+    what_ = what;
+    outer_.clear();
+}
+
+void History::BeginInner(const std::string& what)
+{
+    if (outer_.empty())
+        outer_ = what_;
+    Write();
+    step_ = 0;
+    what_ = what;
+}
+
+void History::EndInner()
+{
+    if (!outer_.empty())
+        Begin(std::string(outer_));
+}
+
+void History::End()
+{
+    step_ = 0;
+    committedStep_ = 0;
+    what_ = kUnnamed;
+    outer_.clear();
+}
+
+/// The number of the step at hand. Another program may have made one after its first part.
+std::int64_t History::OpenStep()
+{
+    store_.Provide();
+    if (step_ != 0) {
+        const std::optional<Step> newest = store_.Newest();
+        if (newest && newest->number == step_)
+            return step_;
+    }
+    return store_.Add({0, now_().ToIso(), what_, 0, false, program_});
+}
+
+std::string History::Packed(std::int64_t& rows)
+{
+    // Another program may have changed tables since the last group.
+    shapes_.Forget();
+    StepWriter writer(shapes_);
+    log_.Visit(writer);
+    rows = writer.Rows();
+    unfit_ = writer.Unfit();
+    std::string bytes = writer.Finish();
+    log_.Clear();
+    return bytes;
+}
+
+void History::Write()
+{
+    if (log_.Empty())
+        return;
+    changed_ = true;
+    const Own own(writing_);
+    std::int64_t rows = 0;
+    const std::string bytes = Packed(rows);
+    if (!unfit_.empty()) {
+        store_.End(now_().ToIso());
+        step_ = 0;
+        return;
+    }
+    if (rows == 0)
+        return;
+    step_ = OpenStep();
+    store_.AppendPart(step_, bytes, rows);
+    store_.KeepRoom();
+}
+
+std::optional<Step> History::NextToUndo()
+{
+    return store_.Exists() ? store_.NextToUndo() : std::nullopt;
+}
+
+std::optional<Step> History::NextToRedo()
+{
+    return store_.Exists() ? store_.NextToRedo() : std::nullopt;
+}
+
+void History::Visit(const std::function<bool(const Step&)>& visit)
+{
+    if (store_.Exists())
+        store_.Visit(visit);
+}
+
+std::optional<Step> History::Find(std::int64_t number)
+{
+    return store_.Exists() ? store_.Find(number) : std::nullopt;
+}
+
+std::vector<RowStory> History::Rows(const Step& step, std::size_t most)
+{
+    shapes_.Forget();
+    try {
+        return StepStoryteller(*database_, shapes_, store_).Of(step, most);
+    } catch (const packed::BrokenBytes&) {
+        throw HistoryRefusal("The record of '" + step.what + "' in the history is damaged.");
+    }
+}
+
+std::string History::EndedAt()
+{
+    return store_.Exists() ? store_.EndedAt() : std::string();
+}
+
+HistoryOutcome History::Undo(std::int64_t most)
+{
+    return Apply(most, Way::Undo);
+}
+
+HistoryOutcome History::Redo(std::int64_t most)
+{
+    return Apply(most, Way::Redo);
+}
+
+HistoryOutcome History::Apply(std::int64_t most, Way way)
+{
+    connection_->Lock();
+    Write();
+    step_ = 0;
+    HistoryOutcome outcome;
+    if (!store_.Exists())
+        return outcome;
+    shapes_.Forget();
+    const Own own(writing_);
+    const std::string savepoint = StepApplier::kSavepoint;
+    database_->Run("SAVEPOINT " + savepoint);
+    try {
+        for (; most > 0; --most) {
+            const auto step = way == Way::Undo ? store_.NextToUndo() : store_.NextToRedo();
+            if (!step)
+                break;
+            Apply(*step, way, outcome);
+        }
+    } catch (...) {
+        log_.Clear();
+        if (database_->InTransaction())
+            database_->Run("ROLLBACK TO " + savepoint + "; RELEASE " + savepoint);
+        throw;
+    }
+    database_->Run("RELEASE " + savepoint);
+    return outcome;
+}
+
+void History::Apply(const Step& step, Way way, HistoryOutcome& outcome)
+{
+    const bool undo = way == Way::Undo;
+    StepApplier applier(*database_, shapes_, log_);
+    try {
+        const std::vector<std::string> parts = store_.Parts(step.number);
+        writing_ = false;
+        for (auto part = parts.rbegin(); part != parts.rend(); ++part)
+            applier.PutBack(*part);
+        writing_ = true;
+    } catch (const HistoryRefusal& refusal) {
+        throw HistoryRefusal(Sentence(step, undo, refusal.what()));
+    } catch (const packed::BrokenBytes&) {
+        throw HistoryRefusal(Sentence(step, undo, "its record in the history is damaged"));
+    }
+    changed_ = true;
+    std::int64_t rows = 0;
+    store_.Replace(step.number, Packed(rows), undo);
+    outcome.steps.push_back(step);
+    outcome.steps.back().undone = undo;
+    outcome.touched = applier.Touched();
+}
+
+}  // namespace clb

@@ -1,0 +1,21 @@
+// The history as JSON, for clb and the automation.
+#pragma once
+#include <cstdint>
+#include <optional>
+
+#include "history/History.h"
+#include "json/ValueJson.h"
+
+namespace clb {
+
+/// The step's "step", "at", "what", "rows" and "undone".
+[[nodiscard]] Json ToJson(const Step& step);
+/// An array of such objects.
+[[nodiscard]] Json ToJson(const std::vector<Step>& steps);
+/// The steps, the newest first, at most so many. Throws EngineError.
+[[nodiscard]] std::vector<Step> NewestSteps(History& history, std::int64_t most);
+/// An array of the changes of a step: "table", "row" (the identity), "was" and "is", each an object
+/// of all cells or null. Throws EngineError and HistoryRefusal.
+[[nodiscard]] Json ChangesJson(History& history, const Step& step);
+
+}  // namespace clb

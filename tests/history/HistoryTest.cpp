@@ -1,0 +1,298 @@
+#include <random>
+
+#include "tests/history/HistoryFixture.h"
+
+namespace clb {
+namespace {
+
+const char* const kCoffee =
+    "INSERT INTO Trans (Sequence, AccountID, PostDate, Description, Amount, Year, Period) "
+    "VALUES (1, 'A', #2026-03-04#, 'Coffee', -3.5, 2026, 3)";
+const char* const kChecking =
+    "INSERT INTO Account (AccountID, Description, Type) VALUES ('A', 'Checking', 'Bank')";
+
+using HistoryTest = HistoryFixture;
+
+TEST_F(HistoryTest, UndoBringsBackWhatWasAndRedoWhatBecame)
+{
+    const std::string empty = Everything();
+    Command("New Record", {kChecking, kCoffee});
+    const std::string first = Everything();
+    Command("Edit", {"UPDATE Trans SET Amount = 7, Category = 'Food' WHERE Sequence = 1"});
+    const std::string second = Everything();
+    Command("Delete Record", {"DELETE FROM Trans WHERE Sequence = 1", "DELETE FROM Account"});
+    const std::string third = Everything();
+
+    EXPECT_EQ(Undo().steps.front().what, "Delete Record");
+    EXPECT_EQ(Everything(), second);
+    EXPECT_EQ(Undo().steps.front().what, "Edit");
+    EXPECT_EQ(Everything(), first);
+    EXPECT_EQ(Undo().steps.front().what, "New Record");
+    EXPECT_EQ(Everything(), empty);
+    EXPECT_TRUE(Undo().steps.empty());
+
+    Redo();
+    EXPECT_EQ(Everything(), first);
+    Redo();
+    EXPECT_EQ(Everything(), second);
+    Redo();
+    EXPECT_EQ(Everything(), third);
+    EXPECT_TRUE(Redo().steps.empty());
+}
+
+TEST_F(HistoryTest, ANewCommandEndsWhatCouldBeRedone)
+{
+    Command("New Record", {kCoffee});
+    Undo();
+    Command("New Record", {kChecking});
+    EXPECT_FALSE(history_->NextToRedo());
+    EXPECT_EQ(history_->NextToUndo()->rows, 1);
+}
+
+TEST_F(HistoryTest, OneCommandIsOneStepHoweverOftenItSettles)
+{
+    const std::string empty = Everything();
+    history_->Begin("Import");
+    connection_.Execute(kCoffee);
+    connection_.Settle();
+    connection_.Execute(kChecking);
+    connection_.Execute("UPDATE Trans SET Amount = 7");
+    End();
+    EXPECT_EQ(history_->NextToUndo()->rows, 3);
+    EXPECT_EQ(Undo(100).steps.size(), 1U);
+    EXPECT_EQ(Everything(), empty);
+}
+
+TEST_F(HistoryTest, TwoCommandsInOneCommitAreTwoSteps)
+{
+    history_->Begin("One");
+    connection_.Execute(kCoffee);
+    history_->Begin("Two");
+    connection_.Execute(kChecking);
+    End();
+    EXPECT_EQ(history_->NextToUndo()->what, "Two");
+    Undo();
+    EXPECT_EQ(history_->NextToUndo()->what, "One");
+}
+
+TEST_F(HistoryTest, AStatementThatFailsAndACommandTakenBackLeaveNoStep)
+{
+    Command("New Record", {kChecking});
+    EXPECT_THROW(connection_.Execute("UPDATE Account SET BudgetInclude = NULL"), EngineError);
+    End();
+    EXPECT_EQ(history_->NextToUndo()->what, "New Record");
+    connection_.Execute(kCoffee);
+    connection_.Abandon();
+    End();
+    EXPECT_EQ(history_->NextToUndo()->what, "New Record");
+}
+
+TEST_F(HistoryTest, RowsThatFollowTheirAccountGoBackWithIt)
+{
+    Command("New Record", {kChecking, kCoffee});
+    const std::string before = Everything();
+    Command("Edit", {"UPDATE Account SET AccountID = 'B'"});
+    EXPECT_NE(Everything().find("|3:B|"), std::string::npos);
+    Undo();
+    EXPECT_EQ(Everything(), before);
+}
+
+TEST_F(HistoryTest, RefusesWhereAnotherProgramHasChangedTheRow)
+{
+    Command("New Record", {kChecking, kCoffee});
+    Command("Edit", {"UPDATE Account SET Description = 'Savings'", "UPDATE Trans SET Amount = 7"});
+    Elsewhere("UPDATE Trans SET Amount = 1");
+    const std::string changed = Everything();
+    try {
+        Undo();
+        FAIL() << "undone";
+    } catch (const HistoryRefusal& refusal) {
+        EXPECT_STREQ(refusal.what(),
+                     "'Edit' cannot be undone: the transaction of 2026-03-04 'Coffee' was "
+                     "changed since. Nothing was changed.");
+    }
+    End();
+    EXPECT_EQ(Everything(), changed);
+    Elsewhere("UPDATE Trans SET Amount = 70000");
+    EXPECT_EQ(Undo().steps.size(), 1U);
+}
+
+TEST_F(HistoryTest, ARefusedStepAmongSeveralLeavesAllAsItWas)
+{
+    Command("One", {kCoffee});
+    Command("Two", {kChecking});
+    Elsewhere("DELETE FROM Trans");
+    const std::string changed = Everything();
+    EXPECT_THROW(Undo(2), HistoryRefusal);
+    End();
+    EXPECT_EQ(Everything(), changed);
+    EXPECT_EQ(Undo(1).steps.front().what, "Two");
+}
+
+TEST_F(HistoryTest, RefusesWhereAnotherRowHasTakenThePlace)
+{
+    Command("New Record", {kChecking});
+    Command("Delete Record", {"DELETE FROM Account"});
+    Elsewhere("INSERT INTO Account (AccountID, Sequence) VALUES ('C', 1)");
+    try {
+        Undo();
+        FAIL() << "undone";
+    } catch (const HistoryRefusal& refusal) {
+        EXPECT_STREQ(refusal.what(),
+                     "'Delete Record' cannot be undone: there is another row in the place of the "
+                     "account 'Checking'. Nothing was changed.");
+    }
+    End();
+}
+
+TEST_F(HistoryTest, OutlivesTheProgramAVacuumAndACopy)
+{
+    const std::string empty = Everything();
+    Command("New Record", {kCoffee, kChecking});
+    Command("Delete Record", {"DELETE FROM Trans"});
+    history_.reset();
+    connection_ = Connection();
+    Elsewhere("VACUUM");
+    const std::string copy = folder_.Path() + "/copy.mdb";
+    Elsewhere("VACUUM INTO '" + copy + "'");
+    path_ = copy;
+    connection_.Open("Data Source=" + path_);
+    history_ = std::make_unique<History>(
+        connection_, [] { return *Date::Of(2026, 3, 5); }, "another");
+    EXPECT_EQ(Undo(5).steps.size(), 2U);
+    EXPECT_EQ(Everything(), empty);
+}
+
+TEST_F(HistoryTest, AChangeOfTablesEndsTheHistory)
+{
+    Command("New Record", {kCoffee});
+    Command("SQL", {"ALTER TABLE Trans ADD COLUMN Colour TEXT"});
+    EXPECT_FALSE(history_->NextToUndo());
+    EXPECT_EQ(history_->EndedAt().substr(0, 10), "2026-03-04");
+    Command("New Record", {kChecking});
+    EXPECT_EQ(Undo(5).steps.size(), 1U);
+}
+
+TEST_F(HistoryTest, WithoutItsTablesThereIsOnlyNoHistory)
+{
+    Command("New Record", {kCoffee});
+    Elsewhere("DROP TABLE CvStep; DROP TABLE CvChange");
+    EXPECT_FALSE(history_->NextToUndo());
+    Command("New Record", {kChecking});
+    EXPECT_EQ(Undo(5).steps.size(), 1U);
+    EXPECT_EQ(Column("PRAGMA integrity_check"), std::vector<std::string>{"ok"});
+}
+
+/// Two programs at one file have one history, in the order of their commits.
+TEST_F(HistoryTest, StepsOfTwoProgramsLieInOneOrder)
+{
+    Connection other;
+    other.Open("Data Source=" + path_);
+    History elsewhere(
+        other, [] { return *Date::Of(2026, 3, 5); }, "the other");
+    history_->Begin("Import");
+    connection_.Execute(kCoffee);
+    connection_.Settle();
+    elsewhere.Begin("New Record");
+    other.Execute(kChecking);
+    other.Settle();
+    elsewhere.End();
+    connection_.Execute("UPDATE Account SET Description = 'Savings'");
+    End();
+    std::vector<std::string> steps;
+    history_->Visit([&steps](const Step& step) {
+        steps.push_back(step.what + " of " + step.program);
+        return true;
+    });
+    EXPECT_EQ(steps, (std::vector<std::string>{"Import of this one", "New Record of the other",
+                                               "Import of this one"}));
+    EXPECT_EQ(Undo(5).steps.size(), 3U);
+}
+
+std::string CellOf(const std::optional<NamedValues>& cells, std::string_view column)
+{
+    if (!cells)
+        return "none";
+    for (const auto& [name, value] : *cells)
+        if (name == column)
+            return ToText(value);
+    return "no such column";
+}
+
+TEST_F(HistoryTest, ShowsWhatARowWasAndBecameInEachStep)
+{
+    Command("One", {kCoffee});
+    Command("Two", {"UPDATE Trans SET Description = 'Tea'"});
+    Command("Three", {"UPDATE Trans SET Description = 'Milk', Amount = 2", kChecking});
+    Command("Four", {"DELETE FROM Trans"});
+    const std::vector<std::string> expected = {"none>Coffee", "Coffee>Tea", "Tea>Milk",
+                                               "Milk>none"};
+    for (int undone = 0; undone <= 4; ++undone) {
+        std::vector<std::string> found;
+        history_->Visit([&](const Step& step) {
+            for (const RowStory& row : history_->Rows(step, 100))
+                if (row.table == "Trans")
+                    found.insert(found.begin(), CellOf(row.was, "Description") + ">" +
+                                                    CellOf(row.is, "Description"));
+            return true;
+        });
+        EXPECT_EQ(found, expected) << undone << " undone";
+        Undo();
+    }
+    EXPECT_EQ(history_->Rows(*history_->Find(3), 1).size(), 1U);
+    EXPECT_EQ(CellOf(history_->Rows(*history_->Find(1), 1).front().is, "Amount"), "-3.5");
+}
+
+/// Random commands of many statements, with undo and redo among them, against copies of all rows.
+TEST_F(HistoryTest, ManyRandomStepsGoBackAndForth)
+{
+    std::mt19937 random(4711);
+    const auto below = [&random](int limit) {
+        return static_cast<int>(random() % static_cast<unsigned>(limit));
+    };
+    std::vector<std::string> states{Everything()};
+    std::size_t at = 0;
+    for (int round = 0; round < 300; ++round) {
+        const int deed = below(10);
+        if (deed < 3 && at > 0) {
+            const auto steps = std::min<std::size_t>(at, static_cast<std::size_t>(below(4)) + 1);
+            ASSERT_EQ(Undo(static_cast<std::int64_t>(steps)).steps.size(), steps);
+            at -= steps;
+        } else if (deed < 5 && at + 1 < states.size()) {
+            Redo();
+            ++at;
+        } else {
+            std::vector<std::string> statements;
+            for (int i = below(5); i >= 0; --i) {
+                const std::string number = std::to_string(below(40));
+                const std::vector<std::string> choices = {
+                    "INSERT INTO Trans (Sequence, Description, Amount) VALUES (" + number + ", 'x" +
+                        number + "', 1)",
+                    "INSERT INTO Account (AccountID, Type) VALUES ('" + number + "', 'Bank')",
+                    "UPDATE Trans SET Amount = Amount + 1, Category = 'c" + number +
+                        "' WHERE Sequence < " + number,
+                    "UPDATE Account SET AccountID = '" + number +
+                        "' WHERE Sequence = " + std::to_string(below(9)),
+                    "DELETE FROM Trans WHERE Sequence = " + number,
+                    "DELETE FROM Account WHERE Sequence = " + number,
+                    "INSERT INTO Investment (StockSymbol, Quantity) VALUES ('s', " + number + ".5)",
+                    "UPDATE Investment SET Quantity = " + number + ", PurchaseDate = #2026-01-02#"};
+                statements.push_back(choices[static_cast<std::size_t>(below(8))]);
+            }
+            Command("Command", statements);
+            if (Everything() == states[at])
+                continue;
+            states.resize(at + 1);
+            states.push_back(Everything());
+            ++at;
+        }
+        ASSERT_EQ(Everything(), states[at]) << "round " << round;
+    }
+    Undo(1000);
+    EXPECT_EQ(Everything(), states.front());
+    Redo(1000);
+    EXPECT_EQ(Everything(), states.back());
+}
+
+}  // namespace
+}  // namespace clb

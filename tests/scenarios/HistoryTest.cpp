@@ -1,0 +1,117 @@
+#include "tests/scenarios/Scenario.h"
+
+namespace clb {
+namespace {
+
+class HistoryTest : public Scenario {
+protected:
+    HistoryTest()
+    {
+        AddAccount("B-1", "Bank", "Checking", "100");
+        AddAccount("B-2", "Bank", "Savings");
+        AddTransaction("B-1", "2006-3", "-9", "Food");
+        AddTransaction("B-1", "2006-3", "-1", "Food");
+        AddBudget("2006-3", "Food", "300", "Household");
+        ShowAll();
+    }
+
+    /// What the newest steps were, the newest first.
+    std::string Steps()
+    {
+        std::string steps;
+        for (const Json& step : Do({{"do", "history"}})["steps"])
+            steps += (steps.empty() ? "" : ", ") + step["what"].get<std::string>() +
+                     (step["undone"] == true ? " (undone)" : "");
+        return steps;
+    }
+    std::string All() { return Rows("SELECT * FROM Trans ORDER BY Sequence, SubSequence"); }
+    Json Line(const std::string& item) { return Window()["menus"][item]; }
+};
+
+TEST_F(HistoryTest, ADeletedRowComesBackAndGoesAgain)
+{
+    Click("Checking");
+    const std::string before = All();
+    Move(1, 1);
+    AnswerBox("Yes");
+    Menu("mnuE_Delete");
+    const std::string after = All();
+    EXPECT_EQ(Line("mnuY_Undo")["caption"], "&Undo Delete Record");
+    EXPECT_EQ(Line("mnuY_Redo")["enabled"], false);
+
+    Menu("mnuY_Undo");
+
+    EXPECT_EQ(All(), before);
+    EXPECT_EQ(RowsOf("data").size(), 2U);
+    EXPECT_EQ(Line("mnuY_Redo")["caption"], "&Redo Delete Record");
+    Menu("mnuY_Redo");
+    EXPECT_EQ(All(), after);
+    EXPECT_EQ(RowsOf("data").size(), 1U);
+    EXPECT_EQ(Steps().substr(0, 13), "Delete Record");
+}
+
+TEST_F(HistoryTest, ASavedRowWithItsBalanceIsOneStep)
+{
+    Click("Checking");
+    const std::string balance = Balance("B-1");
+    Edit("new", 3, "-5");
+    EXPECT_TRUE(Save());
+    EXPECT_NE(Balance("B-1"), balance);
+    EXPECT_EQ(Line("mnuY_Undo")["caption"], "&Undo New Transaction");
+    Menu("mnuY_Undo");
+    EXPECT_EQ(Balance("B-1"), balance);
+    EXPECT_EQ(RowsOf("data").size(), 2U);
+}
+
+TEST_F(HistoryTest, ACommandHasOneNameInMenuAndToolbar)
+{
+    Click("Checking");
+    Move(1, 1);
+    AnswerBox("Yes");
+    Press("Delete");
+    EXPECT_EQ(Line("mnuY_Undo")["caption"], "&Undo Delete Record");
+}
+
+// Symptom: the tree selected the account, but the grid showed the rows of its later number.
+TEST_F(HistoryTest, TheShownAccountGetsItsFormerNumberBack)
+{
+    Click("Net Worth");
+    Edit(2, 3, "B-3");
+    EXPECT_TRUE(Save());
+    Click("Savings");
+    Menu("mnuY_Undo");
+    EXPECT_EQ(Window()["accountID"], "B-2");
+    EXPECT_EQ(TreeTexts().find("[Savings]") != std::string::npos, true);
+}
+
+// Symptom: the row was brought back, but its column in the register was sought in the holdings.
+TEST_F(HistoryTest, ATransactionOfAnAccountThatShowsHoldingsComesBack)
+{
+    AddAccount("I-1", "Investment", "Depot");
+    AddTransaction("I-1", "2006-3", "-4");
+    ShowAll();
+    Menu("mnuY_Undo");
+    Menu("mnuY_Redo");
+    EXPECT_EQ(Window()["accountID"], "I-1");
+}
+
+TEST_F(HistoryTest, TheRowThatASplitSavesFirstIsAStepOfItsOwn)
+{
+    Click("Checking");
+    Edit(1, 2, "Shop");
+    AnswerForm("frmSplit", R"([{"set":"txtNew","text":"-2"},{"press":"btnOK"}])");
+    Menu("mnuE_Split");
+    EXPECT_EQ(Steps().substr(0, 35), "Split Transaction, Edit Transaction");
+}
+
+TEST_F(HistoryTest, SqlAndOperationsAreStepsToo)
+{
+    Rows("SELECT * FROM Trans");
+    const std::string before = Steps();
+    Do({{"do", "sql"}, {"text", "UPDATE Trans SET CheckID = '7'"}});
+    Do({{"do", "call"}, {"op", "CreateBudgetEntry"}, {"args", {"Fun", 2006, 5, "Household", "7"}}});
+    EXPECT_EQ(Steps(), "CreateBudgetEntry, SQL" + (before.empty() ? before : ", " + before));
+}
+
+}  // namespace
+}  // namespace clb
