@@ -12,8 +12,9 @@ constexpr std::size_t kRowsAtOnce = 50'000;
 }  // namespace
 
 AccountFeed::AccountFeed(clsDatabase& database, modImport& import, std::string accountID,
-                         const StatementAccount& account)
+                         const StatementAccount& account, RowWatch watch)
     : import_(import),
+      watch_(std::move(watch)),
       identifiers_(account.number),
       knownRows_(database, accountID),
       text_(accountID, account),
@@ -23,8 +24,11 @@ AccountFeed::AccountFeed(clsDatabase& database, modImport& import, std::string a
 
 void AccountFeed::Add(const StatementRow& row)
 {
-    const std::string identifier = NewIdentifier(row);
-    if (identifier.empty()) {
+    std::string identifier;
+    const bool known = IsKnown(row, identifier);
+    if (watch_)
+        watch_(row, identifier, known ? RowState::Known : RowState::Added);
+    if (known) {
         ++known_;
         return;
     }
@@ -35,27 +39,27 @@ void AccountFeed::Add(const StatementRow& row)
         Pass();
 }
 
-std::string AccountFeed::NewIdentifier(const StatementRow& row)
+bool AccountFeed::IsKnown(const StatementRow& row, std::string& identifier)
 {
     if (!row.identifier.empty())
-        return NewIdentifierOfBank(row);
-    const std::string made = identifiers_.Make(row);
-    const bool known = knownRows_.HasIdentified(row, {made}) || knownRows_.TakeUnidentified(row);
-    return known ? std::string() : made;
+        return IsKnownToBank(row, identifier);
+    identifier = identifiers_.Make(row);
+    return knownRows_.HasIdentified(row, {identifier}) || knownRows_.TakeUnidentified(row);
 }
 
 /// Banks use identifiers again for other rows. Such a row gets one of its own.
-std::string AccountFeed::NewIdentifierOfBank(const StatementRow& row)
+bool AccountFeed::IsKnownToBank(const StatementRow& row, std::string& identifier)
 {
-    const std::string stored = RowIdentifiers::OfBank(row.identifier);
+    identifier = RowIdentifiers::OfBank(row.identifier);
     const std::string further = identifiers_.Further(row);
-    if (knownRows_.HasIdentified(row, {stored, row.identifier, further}))
-        return {};
-    if (!knownRows_.HasIdentifier(stored) && !knownRows_.HasIdentifier(row.identifier))
-        return stored;
+    if (knownRows_.HasIdentified(row, {identifier, row.identifier, further}))
+        return true;
+    if (!knownRows_.HasIdentifier(identifier) && !knownRows_.HasIdentifier(row.identifier))
+        return false;
+    identifier = further;
     reused_.push_back({row.line, LeftOutReason::NotARow,
                        row.date.ToIso() + " " + row.amount.ToText() + " " + row.name});
-    return further;
+    return false;
 }
 
 void AccountFeed::Pass()

@@ -1,6 +1,7 @@
 // The rows of one account of a statement on their way into the book.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,13 +16,19 @@ namespace clb {
 class clsDatabase;
 class modImport;
 
+enum class RowState : std::uint8_t { Added, Known };
+/// Takes a row that was read, the identifier under which it is or would be stored, and what came of
+/// it.
+using RowWatch =
+    std::function<void(const StatementRow& row, const std::string& identifier, RowState state)>;
+
 /// Passes the rows that the account does not have yet to the import of OFX files, in parts, and
 /// completes them afterwards.
 class AccountFeed {
 public:
     /// accountID: of the account in the book, which is there. Borrows database and import.
     AccountFeed(clsDatabase& database, modImport& import, std::string accountID,
-                const StatementAccount& account);
+                const StatementAccount& account, RowWatch watch = {});
 
     /// Throws EngineError.
     void Add(const StatementRow& row);
@@ -36,12 +43,13 @@ public:
     [[nodiscard]] const std::vector<LeftOutPart>& Reused() const { return reused_; }
 
 private:
-    /// Empty if the account has the row.
-    std::string NewIdentifier(const StatementRow& row);
-    std::string NewIdentifierOfBank(const StatementRow& row);
+    /// Whether the account has the row; identifier becomes the one under which it is stored.
+    bool IsKnown(const StatementRow& row, std::string& identifier);
+    bool IsKnownToBank(const StatementRow& row, std::string& identifier);
     void Pass();
 
     modImport& import_;
+    RowWatch watch_;
     RowIdentifiers identifiers_;
     KnownRows knownRows_;
     OfxText text_;

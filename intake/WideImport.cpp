@@ -148,17 +148,33 @@ std::string WideImport::FindAccount(const StatementSurvey& survey, std::size_t p
     return accountID;
 }
 
+/// The book was not locked while the user chose.
+void WideImport::RequireAccounts(const std::vector<std::string>& found)
+{
+    database_.Lock();
+    for (const std::string& accountID : found)
+        if (!database_.RowExists("Account",
+                                 "AccountID = '" + clsDatabase::ToSqlString(accountID) + "'"))
+            throw Refused(
+                "Another program has deleted an account of the statement meanwhile. "
+                "Nothing was imported.");
+}
+
 void WideImport::Store(Source& source, const StatementSurvey& survey)
 {
     std::vector<std::string> found;
-    for (std::size_t place = 0; place < survey.Accounts().size(); ++place)
+    for (std::size_t place = 0; place < survey.Accounts().size(); ++place) {
+        asker_.Choosing(survey.Accounts()[place].account, place);
         found.push_back(FindAccount(survey, place, found));
+    }
+    RequireAccounts(found);
     const std::string text = SpecifiedText(source.file, source.answers, *source.reader, survey);
     Distribution distribution;
     std::vector<std::unique_ptr<AccountFeed>> feeds;
     for (std::size_t place = 0; place < found.size(); ++place) {
         const StatementAccount& account = survey.Accounts()[place].account;
-        feeds.push_back(std::make_unique<AccountFeed>(database_, import_, found[place], account));
+        feeds.push_back(
+            std::make_unique<AccountFeed>(database_, import_, found[place], account, watch_));
         distribution.Add(account, *feeds.back());
     }
     if (!text.empty())

@@ -1,18 +1,19 @@
 // The import of statements of every kind.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "intake/AccountFeed.h"
 #include "intake/StatementSurvey.h"
 #include "ports/IClock.h"
 #include "statements/form/StatementReader.h"
 
 namespace clb {
 
-class AccountFeed;
 class clsDatabase;
 class modImport;
 
@@ -52,6 +53,9 @@ public:
                                                 const IStatementReader& reader,
                                                 const std::vector<OpenQuestion>& questions,
                                                 const StatementAnswers& given) = 0;
+    /// The account of the book for this one of the file is about to be found; the user may be asked
+    /// for it. place: among the accounts of the file, from 0.
+    virtual void Choosing(const StatementAccount& account, std::size_t place) = 0;
 };
 
 /// Imports statements of every kind. Each account's rows go through the specified import of OFX
@@ -65,6 +69,8 @@ public:
     /// Encoding of the next files instead of the likeliest, such as "windows-1252".
     void Encoding(std::optional<std::string> encoding) { encoding_ = std::move(encoding); }
     void Answers(StatementAnswers answers) { given_ = std::move(answers); }
+    /// Called for each row that is read, with the identifier under which it is stored.
+    void Watch(RowWatch watch) { watch_ = std::move(watch); }
 
     /// Imports a file, or the files inside an archive. A statement that is refused adds nothing.
     /// Throws RuntimeError if the file cannot be read, and EngineError.
@@ -78,6 +84,7 @@ private:
     void Store(Source& source, const StatementSurvey& survey);
     std::string FindAccount(const StatementSurvey& survey, std::size_t place,
                             const std::vector<std::string>& found);
+    void RequireAccounts(const std::vector<std::string>& found);
     void Report(const SurveyedAccount& account, const std::string& accountID,
                 const AccountFeed& feed, ImportedStatement& result);
     void Record(const Source& source);
@@ -88,6 +95,7 @@ private:
     const IClock& clock_;
     std::optional<std::string> encoding_;
     StatementAnswers given_;
+    RowWatch watch_;
 };
 
 }  // namespace clb
