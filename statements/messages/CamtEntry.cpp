@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "statements/messages/CamtNodes.h"
+#include "statements/messages/Mt940Subfields.h"
 #include "statements/messages/RowText.h"
 
 namespace clb {
@@ -141,11 +142,20 @@ std::vector<StatementPiece> PiecesOf(const Nodes& details, const CamtEntry& entr
     return sum == *entry.amount ? pieces : std::vector<StatementPiece>();
 }
 
+/// Dutch banks write codes between slashes here as well.
+std::string Readable(const std::string& information)
+{
+    if (!HasCodes(information))
+        return information;
+    const Mt940Description coded = ReadCodes(information);
+    return coded.name + (coded.name.empty() || coded.text.empty() ? "" : "; ") + coded.text;
+}
+
 /// Name and text of the row.
 void Describe(pugi::xml_node node, const Nodes& details, CamtEntry& entry, const CamtOwner& owner)
 {
     StatementRow& row = entry.row;
-    const std::string additional = TextAt(node, "AddtlNtryInf");
+    const std::string additional = Readable(TextAt(node, "AddtlNtryInf"));
     RowText text;
     const bool credit = entry.amount ? !entry.amount->IsNegative() : true;
     if (details.size() > 1) {

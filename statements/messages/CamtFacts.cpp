@@ -11,10 +11,10 @@ namespace {
 /// is fit for that.
 std::string_view ReferenceOf(const CamtEntryPart& entry)
 {
-    for (const std::string_view reference : {entry.serviceReference, entry.entryReference})
-        if (IsIdentifying(reference))
-            return reference;
-    return {};
+    if (IsIdentifying(entry.serviceReference, 6))
+        return entry.serviceReference;
+    // Banks put running numbers and account numbers here.
+    return IsIdentifying(entry.entryReference, 8) ? entry.entryReference : std::string_view();
 }
 
 std::string CurrencyOf(const CamtEntryPart& entry)

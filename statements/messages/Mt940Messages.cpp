@@ -8,8 +8,8 @@ namespace {
 /// The bank's reference of a line; empty if it is not fit to recognise the row.
 std::string_view ReferenceOf(const Mt940Line& line)
 {
-    return IsIdentifying(line.bankReference) ? std::string_view(line.bankReference)
-                                             : std::string_view();
+    return IsIdentifying(line.bankReference, 8) ? std::string_view(line.bankReference)
+                                                : std::string_view();
 }
 
 }  // namespace

@@ -258,8 +258,7 @@ Mt940Description ReadCodes(std::string_view text)
             AddCounterparty(value, described, rest);
         else if (code == "REMI" || code == "USTD" || code == "STRD" || code.empty())
             purpose.Add(value);
-        else if (code == "NAME" || code == "ADDR" || code == "IBAN" || code == "BIC" ||
-                 code == "ORDP" || code == "BENM")
+        else if (code == "NAME" || code == "ORDP" || code == "BENM")
             rest.Add(value);
         else
             rest.Add(code, value);

@@ -10,7 +10,6 @@ namespace {
 
 constexpr std::size_t kNameLength = 100;
 constexpr std::size_t kSearched = 4096;  // longer texts are not searched for repeated parts
-constexpr std::size_t kIdentifying = 8;
 
 bool IsSpace(char c)
 {
@@ -72,9 +71,9 @@ bool IsIban(std::string_view text)
            std::all_of(head.begin(), head.end(), take) && rest == 1;
 }
 
-bool IsIdentifying(std::string_view reference)
+bool IsIdentifying(std::string_view reference, std::size_t length)
 {
-    return reference.size() >= kIdentifying && !IsNoReference(reference) &&
+    return reference.size() >= length && !IsNoReference(reference) &&
            std::any_of(reference.begin(), reference.end(), IsDigit) && !IsIban(reference);
 }
 

@@ -11,9 +11,10 @@ namespace clb {
 /// Whether the text is what banks write where there is no reference, such as "NOTPROVIDED".
 [[nodiscard]] bool IsNoReference(std::string_view text);
 
-/// Whether a reference is fit to recognise the same row in another file: long enough to be unlike a
-/// running number, with a digit, and neither an account number (IBAN) nor zeros only.
-[[nodiscard]] bool IsIdentifying(std::string_view reference);
+/// Whether a reference is fit to recognise the same row in another file: so many characters long
+/// that it is not a running number, with a digit, and neither an account number (IBAN) nor zeros
+/// only.
+[[nodiscard]] bool IsIdentifying(std::string_view reference, std::size_t length);
 
 /// Whether the text is an IBAN whose check digits are right.
 [[nodiscard]] bool IsIban(std::string_view text);
