@@ -52,9 +52,7 @@ std::string TextAt(pugi::xml_node node, std::string_view path, std::string_view 
 
 CamtAmount AmountOf(pugi::xml_node amount)
 {
-    const std::string text = TextOf(amount);
-    const bool pointOnly = text.find(',') == std::string::npos;
-    return {ExactAmount(text, pointOnly), Squeezed(amount.attribute("Ccy").value())};
+    return {ExactAmount(TextOf(amount), '.'), Squeezed(amount.attribute("Ccy").value())};
 }
 
 std::optional<bool> IsCredit(std::string_view text)

@@ -44,7 +44,7 @@ std::optional<Money> Scaled(std::string_view whole, std::string_view decimals)
 
 }  // namespace
 
-std::optional<Money> ExactAmount(std::string_view text, bool threeDecimals)
+std::optional<Money> ExactAmount(std::string_view text, char markOfFormat)
 {
     const std::size_t mark = text.find_last_of(".,");
     const std::string_view whole = text.substr(0, mark);
@@ -56,7 +56,7 @@ std::optional<Money> ExactAmount(std::string_view text, bool threeDecimals)
         decimals = text.substr(mark + 1);
         if (!Ungroup(whole, text[mark] == '.' ? ',' : '.', digits))
             return {};
-        if (decimals.size() == 3 && !threeDecimals && digits.size() == whole.size())
+        if (decimals.size() == 3 && text[mark] != markOfFormat && digits.size() == whole.size())
             return {};
     }
     if (digits.empty() && decimals.empty())

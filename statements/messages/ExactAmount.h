@@ -10,8 +10,8 @@ namespace clb {
 /// Reads an amount without a sign, with a point or a comma before the decimals: "12.50", "12,",
 /// ",5", "00012,50". One of the two marks may group the thousands if the other one follows. Returns
 /// nothing for other texts, for an amount that money cannot hold exactly (more than four decimals,
-/// zeros after them aside) or that is out of range, and for a mark with three digits after it if
-/// threeDecimals is false, because it may group thousands.
-[[nodiscard]] std::optional<Money> ExactAmount(std::string_view text, bool threeDecimals);
+/// zeros after them aside) or that is out of range, and if the mark is not the one of the format
+/// and three digits follow it: it may group thousands.
+[[nodiscard]] std::optional<Money> ExactAmount(std::string_view text, char markOfFormat);
 
 }  // namespace clb

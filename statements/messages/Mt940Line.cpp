@@ -171,7 +171,7 @@ Mt940Line ReadMt940Line(std::string_view content)
     Cursor cursor(content.substr(0, end));
     ReadDates(cursor.Digits(), line);
     const auto mark = ReadMark(ToUpperAscii(cursor.Letters(4)));
-    const auto amount = ExactAmount(cursor.Amount(), false);
+    const auto amount = ExactAmount(cursor.Amount(), ',');
     if (mark && amount)
         line.amount = mark->credit ? *amount : -*amount;
     line.expected = mark && mark->expected;
@@ -190,10 +190,10 @@ std::optional<Mt940Balance> ReadMt940Balance(std::string_view content)
         // Without a currency the digits of the amount follow those of the date.
         amount = ExactAmount(content.substr(std::min<std::size_t>(7, content.size()),
                                             content.find_first_of(" \r\n", 7) - 7),
-                             false);
+                             ',');
     } else {
         balance.currency = ToUpperAscii(cursor.Letters(3));
-        amount = ExactAmount(cursor.Amount(), false);
+        amount = ExactAmount(cursor.Amount(), ',');
     }
     if ((mark != "C" && mark != "D") || !amount)
         return {};

@@ -97,6 +97,7 @@ TEST(Mt940ReaderTest, AmountsAreExactOrListed)
     EXPECT_EQ(LineOf("260305C000000001147,9500NTRF").amount, Money::Parse("1147.95"));
     EXPECT_EQ(LineOf("260305C52.58NTRF").amount, Money::Parse("52.58"));
     EXPECT_EQ(LineOf("260305C1.234,56NTRF").amount, Money::Parse("1234.56"));
+    EXPECT_EQ(LineOf("260305C1,234NTRF").amount, Money::Parse("1.234"));
     EXPECT_EQ(LineOf("260305C100NTRF").amount, Money::FromUnits(100));
     for (const char* const amount : {"", ",", "1.234", "1,23456", "1,2,3", "999999999999999999,"})
         EXPECT_EQ(ReasonOf("260305C" + std::string(amount) + "NTRF"), LeftOutReason::NoAmount)
