@@ -168,8 +168,8 @@ std::optional<std::size_t> CamtFacts::AccountOf(std::size_t statement,
     const std::string& wanted = currency.empty() ? in.currency : currency;
     const auto& held = holders_[in.holder].currencies;
     const auto at = byCurrency_.find(std::pair(in.holder, wanted));
-    return held.count(wanted) != 0 && at != byCurrency_.end() ? std::optional(at->second)
-                                                              : std::nullopt;
+    return held.contains(wanted) && at != byCurrency_.end() ? std::optional(at->second)
+                                                            : std::nullopt;
 }
 
 std::string_view CamtFacts::SingleReference(std::size_t statement, const CamtEntryPart& entry) const

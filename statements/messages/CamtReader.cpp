@@ -22,11 +22,12 @@ bool IsStatementMessage(const std::string& element)
 std::string MessageName(std::string_view text)
 {
     const std::string_view head = text.substr(0, kLooked);
-    for (const std::string_view before : {"tech:xsd:", "swift:xsd:", "swift:xsd$"}) {
-        const std::size_t at = head.find(before);
-        if (at == std::string_view::npos)
-            continue;
-        const std::string_view rest = head.substr(at + before.size());
+    constexpr std::string_view kBefore = ":xsd:";
+    for (std::size_t at = head.find(kBefore); at != std::string_view::npos;
+         at = head.find(kBefore, at + 1)) {
+        const std::string_view rest = head.substr(at + kBefore.size());
+        if (rest.starts_with("head."))
+            continue;  // of the header before the document
         return std::string(
             rest.substr(0, std::min<std::size_t>(rest.find_first_of("\"' \r\n"), 40)));
     }

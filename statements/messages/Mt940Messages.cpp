@@ -75,7 +75,9 @@ Mt940Facts::Mt940Facts(std::string_view text)
         Take(field);
     }
     if (open_.any) {
-        broken_ = open_.isBegun && !open_.isClosed && !open_.isInterim && !fields.Ended();
+        // Some banks close no message at all.
+        const bool closes = anyClosed_ || messages_.empty();
+        broken_ = open_.isBegun && !open_.isClosed && !open_.isInterim && !fields.Ended() && closes;
         Finish();
     }
     CountReferences(text);
@@ -143,6 +145,7 @@ void Mt940Facts::Finish()
     }
     if (open_.isBegun || open_.isClosed || open_.hasAccount)
         accounts_[number].chain.Add(open_.balances);
+    anyClosed_ = anyClosed_ || open_.isClosed;
     messages_.push_back(number);
     textsFirst_.push_back(open_.textsFirst && open_.lastIsLine);
     open_ = {};

@@ -102,6 +102,7 @@ private:
     References references_;
     Mt940WrapCount wraps_;
     Message open_;
+    bool anyClosed_ = false;
     bool broken_ = false;
     bool hasStatement_ = false;
 };

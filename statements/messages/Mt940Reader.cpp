@@ -1,6 +1,7 @@
 #include "statements/messages/Mt940Reader.h"
 
 #include <algorithm>
+#include <array>
 
 #include "statements/messages/AccountSwitch.h"
 #include "statements/messages/LineCount.h"
@@ -16,11 +17,9 @@ constexpr std::size_t kLooked = 65536;
 /// References that only say in which field the reference is.
 bool PointsElsewhere(const std::string& reference)
 {
-    for (const char* const code :
-         {"EREF", "KREF", "PREF", "MREF", "MARF", "CREF", "EREF+", "KREF+"})
-        if (reference == code)
-            return true;
-    return false;
+    static constexpr std::array<std::string_view, 8> kCodes = {"EREF", "KREF", "PREF",  "MREF",
+                                                               "MARF", "CREF", "EREF+", "KREF+"};
+    return std::find(kCodes.begin(), kCodes.end(), reference) != kCodes.end();
 }
 
 bool IsNumber(const std::string& text)

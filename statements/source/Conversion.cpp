@@ -22,7 +22,7 @@ public:
     }
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
-    // The library reports an error by a pointer of -1.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the library reports an error by this pointer
     [[nodiscard]] bool IsKnown() const { return open_ != reinterpret_cast<iconv_t>(-1); }
 
     /// Converts up to the next invalid place or the end. Takes what it converts off the bytes.

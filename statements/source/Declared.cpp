@@ -78,7 +78,7 @@ std::string DeclaredEncoding(std::string_view bytes)
 {
     std::string_view head = bytes.substr(0, kLooked);
     head.remove_prefix(std::min(head.find_first_not_of(kSpaces), head.size()));
-    const std::string name = SystemName(head.starts_with("<?xml") ? OfXml(head) : OfOfx(head));
+    std::string name = SystemName(head.starts_with("<?xml") ? OfXml(head) : OfOfx(head));
     if (name == "NONE" || name == "UNICODE" || name.size() > 40)
         return {};
     return name;
@@ -86,11 +86,10 @@ std::string DeclaredEncoding(std::string_view bytes)
 
 bool HasWideCharacters(const std::string& encoding)
 {
-    for (const char* const wide : {"GB18030", "GBK", "BIG5", "BIG5-HKSCS", "CP932", "UHC", "EUC-KR",
-                                   "EUC-JP", "EUC-TW", "ISO-2022-JP", "ISO-2022-KR", "HZ"})
-        if (encoding == wide)
-            return true;
-    return false;
+    static constexpr std::array<std::string_view, 12> kWide = {
+        "GB18030", "GBK",    "BIG5",   "BIG5-HKSCS",  "CP932",       "UHC",
+        "EUC-KR",  "EUC-JP", "EUC-TW", "ISO-2022-JP", "ISO-2022-KR", "HZ"};
+    return std::find(kWide.begin(), kWide.end(), encoding) != kWide.end();
 }
 
 }  // namespace clb

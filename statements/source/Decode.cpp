@@ -108,6 +108,18 @@ std::optional<std::string> DeclaredText(std::string_view bytes, const std::strin
     return std::move(converted->text);
 }
 
+/// A text in UTF-8 in which some characters are cut, as by a field's width.
+std::optional<std::string> NearlyUtf8(std::string_view bytes)
+{
+    auto converted = Convert(bytes, "UTF-8");
+    const auto leads = std::count_if(bytes.begin(), bytes.end(),
+                                     [](char c) { return static_cast<unsigned char>(c) >= 0xC2; });
+    const auto wide = static_cast<std::size_t>(leads);
+    if (!converted || wide < 3 * converted->invalid)
+        return {};
+    return std::move(converted->text);
+}
+
 std::string WithoutMark(std::string text)
 {
     if (text.starts_with(kMark))
@@ -123,6 +135,8 @@ std::string TextOf(std::string bytes)
             return *text;
     if (IsValidUtf8(bytes))
         return bytes;
+    if (auto text = NearlyUtf8(bytes))
+        return *text;
     if (auto text = DeclaredText(bytes, declared))
         return *text;
     const auto converted = TextIn(bytes, LikeliestEncoding(bytes));

@@ -74,7 +74,7 @@ std::string KnownName(const std::string& detected)
 std::string LikeliestEncoding(std::string_view bytes)
 {
     const HighBytes high(bytes);
-    const std::string name = KnownName(Detected(bytes));
+    std::string name = KnownName(Detected(bytes));
     if (HasWideCharacters(name) && LooksWide(high, name) && IsValid(bytes, name))
         return name;
     if (IsOfOtherScript(name) && high.Beside() * 2 > high.All() && IsValid(bytes, name))

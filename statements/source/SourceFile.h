@@ -23,11 +23,11 @@ struct SourceFile {
 
 /// Text of a file as UTF-8 without a mark at its start. The encoding is: the one given; else that
 /// of a byte-order mark; UTF-16 without one, seen by its zeros; one of several bytes a character
-/// that an XML declaration or an OFX header says, if the text is valid in it; UTF-8 if it is valid;
-/// the one declared, if the text is valid in it; else the likeliest for the whole file. ISO 8859-1
-/// and ASCII are read as Windows-1252, which banks mean by them. Bytes that the encoding does not
-/// have become U+FFFD. Throws NotAStatement for an encoding given that is not known, and for a
-/// binary file.
+/// that an XML declaration or an OFX header says, if the text is valid in it; UTF-8 if it is valid,
+/// but for single characters that are cut; the one declared, if the text is valid in it; else the
+/// likeliest for the whole file. ISO 8859-1 and ASCII are read as Windows-1252, which banks mean by
+/// them. Bytes that the encoding does not have become U+FFFD. Throws NotAStatement for an encoding
+/// given that is not known, and for a binary file.
 [[nodiscard]] std::string DecodeStatement(std::string bytes,
                                           const std::optional<std::string>& encoding = {});
 

@@ -468,6 +468,9 @@ TEST(CamtReaderTest, OtherMessagesAreRefusedByTheirNames)
         EXPECT_STREQ(refused.what(),
                      "The file is a message of another kind (pain.001.001.03), not a statement.");
     }
+    EXPECT_THROW((void)ReadCamt("<M><AppHdr xmlns=\"urn:iso:std:iso:20022:tech:xsd:head.001\"/>" +
+                                text.substr(text.find("<Doc")) + "</M>"),
+                 NotAStatement);
     EXPECT_THROW((void)ReadCamt(Document("AcctRptgReq", "", "camt.060.001.03")), NotAStatement);
 }
 

@@ -385,6 +385,15 @@ TEST(Mt940ReaderTest, AFileThatBreaksOffIsAskedAbout)
     EXPECT_TRUE(reader->Open({.takeWholeRows = true}).empty());
 }
 
+TEST(Mt940ReaderTest, ABankMayCloseNoMessage)
+{
+    const std::string message = ":20:A\n:25:1\n:60F:C260301EUR5,\n:61:260301C1,NTRF\n:86:a\n";
+    const std::string text = message + message;
+
+    EXPECT_TRUE(ReadMt940(text)->Open({}).empty());
+    EXPECT_EQ(Amounts(ReadText(text)), (std::vector<std::string>{"1", "1"}));
+}
+
 TEST(Mt940ReaderTest, OnlyWholeRowsComeWhereverTheFileIsCut)
 {
     const std::string whole =

@@ -94,6 +94,13 @@ TEST(DecodeTest, AWrongDeclarationIsNotBelieved)
     EXPECT_EQ(DecodeStatement(In("CP1252", unknown)), unknown);
 }
 
+// Some banks cut texts after so many bytes.
+TEST(DecodeTest, Utf8MayHaveCutCharacters)
+{
+    EXPECT_EQ(DecodeStatement("Zażółć gęślą ja\xC5;Köln\n"), "Zażółć gęślą ja\xEF\xBF\xBD;Köln\n");
+    EXPECT_EQ(DecodeStatement("Größe für M\xC3"), "Größe für M\xEF\xBF\xBD");
+}
+
 TEST(DecodeTest, WesternTextsAreWindows1252)
 {
     for (const char* const text :
