@@ -91,6 +91,19 @@ std::optional<Date> Nearest(std::string_view monthAndDay, int year, const std::o
     return nearest;
 }
 
+/// The value date. Banks that count 30 days in every month write 29 and 30 February for its last
+/// day.
+std::optional<Date> ValueDate(std::string_view digits)
+{
+    const std::string_view monthAndDay = digits.substr(2);
+    const bool isLast = monthAndDay == "0229" || monthAndDay == "0230";
+    const auto date = ReadMt940Date(digits);
+    if (date || !isLast)
+        return date;
+    const auto march = Date::Of(YearOf(digits.substr(0, 2)), 3, 1);
+    return march ? std::optional(Date::FromDays(march->Days() - 1)) : std::nullopt;
+}
+
 /// Value date and entry date. Some banks write years of four digits.
 void ReadDates(std::string_view digits, Mt940Line& line)
 {
@@ -105,7 +118,7 @@ void ReadDates(std::string_view digits, Mt940Line& line)
     }
     if (digits.size() != 6 && digits.size() != 10)
         return;
-    line.value = ReadMt940Date(digits.substr(0, 6));
+    line.value = ValueDate(digits.substr(0, 6));
     const std::string_view entry = digits.substr(6);
     if (entry.empty() || entry == "0000")
         line.booked = line.value;

@@ -1,7 +1,9 @@
 #include "statements/messages/Mt940Text.h"
 
 #include <algorithm>
+#include <array>
 
+#include "base/Text.h"
 #include "statements/messages/Mt940Fields.h"
 #include "statements/messages/Mt940Subfields.h"
 #include "statements/messages/RowText.h"
@@ -57,11 +59,32 @@ bool IsAccountNumber(std::string_view word)
            (iban || std::all_of(digits.begin(), digits.end(), isDigit));
 }
 
+/// The name in a text of labels, as Dutch banks write it: "IBAN: ... NAAM: ... OMSCHRIJVING: ...".
+/// Empty if the text has no such label.
+std::string LabelledName(const std::string& text)
+{
+    static constexpr std::array<std::string_view, 8> kLabels = {
+        "OMSCHRIJVING:", "KENMERK:", "MACHTIGING:",     "INCASSANT:",
+        "IBAN:",         "BIC:",     "BETALINGSKENM.:", "EREF:"};
+    constexpr std::string_view kName = "NAAM: ";
+    const std::string upper = ToUpperAscii(text);
+    std::size_t begin = upper.find(kName);
+    if (begin == std::string::npos || (begin > 0 && text[begin - 1] != ' '))
+        return {};
+    begin += kName.size();
+    std::size_t end = upper.size();
+    for (const std::string_view label : kLabels)
+        end = std::min(end, upper.find(label, begin));
+    return Squeezed(text.substr(begin, end - begin));
+}
+
 /// A text without any layout. A first line of its own is the name.
 Mt940Description ReadPlain(const Lines& lines, const std::string& joined)
 {
     const auto never = [](std::string_view, std::string_view) { return false; };
     std::string first = Squeezed(joined);
+    if (std::string name = LabelledName(first); !name.empty())
+        return {FirstWords(name), first};
     RowText text;
     if (lines.size() > 1 && !lines.front().isFull) {
         const bool number = !HasLetter(lines[0].text) && !lines[1].isFull;

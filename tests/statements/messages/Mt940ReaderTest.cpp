@@ -117,17 +117,18 @@ TEST(Mt940ReaderTest, EntryDatesAroundNewYearAreInTheNearestYear)
 }
 
 // Interest of banks that count 30 days a month has such value dates.
-TEST(Mt940ReaderTest, ThirtiethOfFebruaryLeavesTheEntryDate)
+TEST(Mt940ReaderTest, ThirtiethOfFebruaryIsItsLastDay)
 {
     const StatementRow row = LineOf("2602300301C1,NTRF");
 
     EXPECT_EQ(row.date, Date::Of(2026, 3, 1));
-    EXPECT_EQ(row.valueDate, std::nullopt);
+    EXPECT_EQ(row.valueDate, Date::Of(2026, 2, 28));
+    EXPECT_EQ(LineOf("240230C1,NTRF").date, Date::Of(2024, 2, 29));
 }
 
 TEST(Mt940ReaderTest, DaysThatDoNotExistAreListed)
 {
-    for (const char* const date : {"260230", "261301", "", "26030", "2603050230", "26030503"})
+    for (const char* const date : {"260231", "261301", "", "26030", "2603050230", "26030503"})
         EXPECT_EQ(ReasonOf(std::string(date) + "C1,NTRF"), LeftOutReason::NoDate) << date;
 }
 
@@ -331,6 +332,14 @@ TEST(Mt940ReaderTest, CodesBetweenSlashesAreNameAndPurpose)
               "J. Doe | Nr. 1/2 of; TRTP SEPA; IBAN NL91ABNA0417164300; BIC ABNANL2A");
     EXPECT_EQ(Texts("/CNTP/NL91ABNA0417164300/ABNANL2A/J. Doe/Delft//REMI/USTD//rent/"),
               "J. Doe | rent; NL91ABNA0417164300; ABNANL2A; Delft");
+}
+
+TEST(Mt940ReaderTest, LabelsOfDutchBanksSayTheName)
+{
+    EXPECT_EQ(Texts("SEPA OVERBOEKING                 IBAN: NL91ABNA0417164300\r\n"
+                    "BIC: ABNANL2A                    NAAM: J. DOE\r\nEN ZOON  OMSCHRIJVING: RENT"),
+              "J. DOE EN ZOON | SEPA OVERBOEKING IBAN: NL91ABNA0417164300 BIC: ABNANL2A "
+              "NAAM: J. DOE EN ZOON OMSCHRIJVING: RENT");
 }
 
 TEST(Mt940ReaderTest, FullLinesGoOnWithoutASpace)
