@@ -1,4 +1,4 @@
-// The reader of Mt940 files.
+// The reader of MT940 and MT942 messages.
 #pragma once
 #include <memory>
 #include <string>
@@ -10,7 +10,8 @@ namespace clb {
 
 /// Whether the text holds MT940 or MT942 messages, with or without SWIFT's envelope.
 [[nodiscard]] bool IsMt940(std::string_view text);
-/// Reads MT940 and MT942. The text is borrowed and outlives the reader. Throws NotAStatement.
+/// Reads MT940 and MT942. The text is borrowed and outlives the reader. Throws NotAStatement if it
+/// has no account, balance or statement line.
 [[nodiscard]] std::unique_ptr<IStatementReader> ReadMt940(std::string_view text);
 
 }  // namespace clb

@@ -1,0 +1,53 @@
+#include "statements/messages/CamtParty.h"
+
+#include "base/Text.h"
+#include "statements/messages/CamtNodes.h"
+
+namespace clb {
+namespace {
+
+std::string PartyName(pugi::xml_node party)
+{
+    std::string name = TextAt(party, "Nm", "Pty/Nm");
+    return name.empty() ? TextAt(party, "Agt/FinInstnId/Nm") : name;
+}
+
+CamtParty Side(pugi::xml_node parties, const std::string& side)
+{
+    CamtParty party;
+    party.name = PartyName(Child(parties, side));
+    const pugi::xml_node account = At(parties, side + "Acct/Id");
+    party.account = TextAt(account, "IBAN", "Othr/Id");
+    if (party.account.empty())
+        party.account = TextAt(account, "PrtryAcct/Id", "BBAN");
+    party.ultimate = PartyName(Child(parties, "Ultmt" + side));
+    if (party.name.empty())
+        party.name.swap(party.ultimate);
+    return party;
+}
+
+bool IsOwner(const CamtParty& party, const CamtOwner& owner)
+{
+    if (!party.account.empty())
+        return party.account == owner.account;
+    return !party.name.empty() && EqualsIgnoringCase(party.name, owner.name);
+}
+
+}  // namespace
+
+CamtParty OtherParty(pugi::xml_node details, bool credit, const CamtOwner& owner)
+{
+    const pugi::xml_node parties = Child(details, "RltdPties");
+    CamtParty usual = Side(parties, credit ? "Dbtr" : "Cdtr");
+    CamtParty opposite = Side(parties, credit ? "Cdtr" : "Dbtr");
+    const bool isOpposite = !opposite.name.empty() && !IsOwner(opposite, owner) &&
+                            (usual.name.empty() || IsOwner(usual, owner));
+    CamtParty& other = isOpposite ? opposite : usual;
+    if (other.name.empty())
+        other.name = TextAt(parties, "TradgPty/Nm", "TradgPty/Pty/Nm");
+    if (other.ultimate == other.name)
+        other.ultimate.clear();
+    return other;
+}
+
+}  // namespace clb

@@ -1,0 +1,24 @@
+// The other party of an entry.
+#pragma once
+#include <pugixml.hpp>
+#include <string>
+
+namespace clb {
+
+/// Whose statement an entry is in.
+struct CamtOwner {
+    std::string account;  ///< IBAN or number
+    std::string name;
+};
+
+struct CamtParty {
+    std::string name;
+    std::string account;
+    std::string ultimate;  ///< name of the party behind it, if it is another one
+};
+
+/// The other party by the details of a transaction. Usually the debtor of a credit and the creditor
+/// of a debit; the other one if that is the owner, or missing, as in returned payments.
+[[nodiscard]] CamtParty OtherParty(pugi::xml_node details, bool credit, const CamtOwner& owner);
+
+}  // namespace clb
