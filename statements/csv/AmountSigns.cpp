@@ -150,6 +150,10 @@ AmountSigns::Verdict AmountSigns::Judge() const
     if (source_.negated)
         return {};
     if (!source_.amount) {
+        const bool signedPair = inPositive_ == 0 ? outNegative_ == 0 && inNegative_ > 0
+                                                 : outPositive_ == 0 && inNegative_ == 0;
+        if (source_.unnamed && !(signedPair && inNegative_ + outNegative_ > 0))
+            return {Sign::Open, false, "Nothing says which column comes in and which goes out."};
         if (outNegative_ > 0 && outPositive_ > 0 && outNegative_ >= outPositive_)
             return {Sign::Open, false, "The column of what goes out has both signs."};
         if (inNegative_ > 0 && inPositive_ > 0 && inNegative_ >= inPositive_)

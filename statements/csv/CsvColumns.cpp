@@ -96,17 +96,35 @@ private:
     {
         NamedRole& role = roles_[i];
         const ColumnFacts& facts = facts_[i];
-        if (facts.dates == facts.filled)
+        // Six digits can be many things; days are in every row.
+        const bool sixDigits = facts.digits == facts.filled && facts.longest == 6;
+        if (facts.dates == facts.filled && (!sixDigits || facts.filled == MostFilled()))
             role = {ColumnRole::Date, 6};
         else if (facts.currencies == facts.filled && facts.letters == facts.filled)
             role = {ColumnRole::Currency, 6};
         else if (facts.amounts == facts.filled && facts.plainAmounts > 0)
             role = {ColumnRole::Amount, 8};
         else if (facts.AreMarks() &&
-                 ((facts.marksIn > 0 && facts.marksOut > 0) || facts.shortest > 3))
+                 ((facts.marksIn > 0 && facts.marksOut > 0) || facts.shortest > 1))
             role = {ColumnRole::Mark, 6};
         else if (facts.ibans == facts.filled && facts.values.size() == 1)
             role = {ColumnRole::Account, 6};
+    }
+
+    /// Columns of whole numbers without a name. They are amounts only if no column has decimals.
+    [[nodiscard]] std::vector<std::size_t> WholeNumbers() const
+    {
+        std::vector<std::size_t> found;
+        for (std::size_t i = 0; i < facts_.size(); ++i) {
+            if (roles_[i].role == ColumnRole::Amount &&
+                (roles_[i].rank < 8 || facts_[i].fractions > 0))
+                return {};
+            if (roles_[i].role == ColumnRole::Unknown && facts_[i].filled > 0 &&
+                facts_[i].amounts == facts_[i].filled &&
+                (facts_[i].values.size() > 1 || facts_[i].filled == 1))
+                found.push_back(i);
+        }
+        return found;
     }
 
     [[nodiscard]] std::vector<std::size_t> With(ColumnRole role) const
@@ -133,6 +151,9 @@ private:
 
     void Amounts()
     {
+        if (!InOut().in && !InOut().out)
+            for (const std::size_t whole : WholeNumbers())
+                roles_[whole] = {ColumnRole::Amount, 8};
         const auto amounts = With(ColumnRole::Amount);
         std::vector<std::size_t> marks = With(ColumnRole::Mark);
         std::erase_if(marks, [this](std::size_t i) {
@@ -140,7 +161,9 @@ private:
         });
         if (marks.empty())
             marks = WordMarks();
-        const AmountSource pair = InOut();
+        AmountSource pair = InOut();
+        if (!pair.in && !pair.out)
+            pair = UnnamedInOut(amounts);
         const auto fees = With(ColumnRole::Fee);
         for (const std::size_t amount : amounts) {
             AmountSource source;
@@ -187,9 +210,36 @@ private:
         std::vector<std::size_t> found;
         for (std::size_t i = 0; i < roles_.size(); ++i)
             if ((roles_[i].role == ColumnRole::Text || roles_[i].role == ColumnRole::Status) &&
-                facts_[i].AreMarks() && facts_[i].shortest > 1)
+                facts_[i].AreMarks() &&
+                (facts_[i].shortest > 1 || (facts_[i].marksIn > 0 && facts_[i].marksOut > 0)))
                 found.push_back(i);
         return found;
+    }
+
+    /// Two columns without names of which each row fills one.
+    [[nodiscard]] AmountSource UnnamedInOut(const std::vector<std::size_t>& amounts) const
+    {
+        AmountSource pair;
+        const std::size_t rows = MostFilled();
+        for (const std::size_t out : amounts)
+            for (const std::size_t in : amounts)
+                if (out < in && roles_[out].rank >= 8 && roles_[in].rank >= 8 && !pair.in &&
+                    facts_[out].filled < rows && facts_[in].filled < rows &&
+                    facts_[out].filled + facts_[in].filled == rows) {
+                    pair.out = out;
+                    pair.in = in;
+                    pair.unnamed = true;
+                }
+        return pair;
+    }
+
+    /// Number of rows, as far as a column is filled in all of them.
+    [[nodiscard]] std::size_t MostFilled() const
+    {
+        std::size_t most = 0;
+        for (const ColumnFacts& facts : facts_)
+            most = std::max(most, facts.filled);
+        return most;
     }
 
     [[nodiscard]] AmountSource InOut() const
@@ -251,9 +301,7 @@ private:
     void Account()
     {
         const bool others = !With(ColumnRole::OtherAccount).empty();
-        std::size_t rows = 0;
-        for (const ColumnFacts& facts : facts_)
-            rows = std::max(rows, facts.filled);
+        const std::size_t rows = MostFilled();
         for (const std::size_t i : With(ColumnRole::Account)) {
             const ColumnFacts& facts = facts_[i];
             // Several numbers in a column of doubtful name may be those of the other parties.

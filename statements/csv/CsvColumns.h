@@ -16,6 +16,7 @@ struct ColumnFacts {
     std::size_t dates = 0;
     std::size_t amounts = 0;
     std::size_t plainAmounts = 0;  ///< with decimals, a sign or a currency
+    std::size_t fractions = 0;     ///< with decimals
     std::size_t nonzero = 0;       ///< amounts other than zero
     std::size_t marksIn = 0;
     std::size_t marksOut = 0;
@@ -27,7 +28,11 @@ struct ColumnFacts {
     std::size_t shortest = 0;
     std::set<std::string, std::less<>> values;  ///< different ones, up to a limit
 
+    std::size_t dashes = 0;  ///< cells of one dash: empty, or a mark if others are "+"
+
     void Add(std::string_view cell);
+    /// Counts the dashes as marks if the other cells are plus signs.
+    void SettleDashes();
     [[nodiscard]] bool Mostly(std::size_t count) const
     {
         return count > 0 && count * 5 >= filled * 4;
@@ -47,6 +52,7 @@ struct AmountSource {
     std::optional<std::size_t> fee{};
     bool feeAdds = false;  ///< the fee is added as it is written, else its size is taken off
     bool negated = false;
+    bool unnamed = false;  ///< nothing says which of the two columns comes in
     friend bool operator==(const AmountSource&, const AmountSource&) = default;
 };
 
@@ -56,7 +62,6 @@ struct CsvColumns {
     std::vector<AmountSource> sources;  ///< the likeliest first
     std::size_t equals = 1;             ///< of the sources from the first on: equal in merit
     bool sourceGiven = false;
-    bool uncertain = false;  ///< nothing but the place of the columns says which is which
     std::vector<std::size_t> balances;
     bool balanceGiven = false;
     std::optional<std::size_t> currency{};

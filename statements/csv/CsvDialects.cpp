@@ -18,7 +18,7 @@ constexpr std::size_t kSampleRecords = 600;
 constexpr std::size_t kSampleBytes = 1U << 18U;
 
 /// How well a delimiter fits; compared from the first figure on.
-using Fit = std::tuple<std::size_t, std::size_t, std::size_t, std::size_t>;
+using Fit = std::tuple<std::size_t, std::size_t, std::size_t, std::size_t, std::size_t>;
 
 Fit FitOf(std::string_view text, CsvDialect dialect)
 {
@@ -38,7 +38,8 @@ Fit FitOf(std::string_view text, CsvDialect dialect)
         widths.begin(), widths.end(),
         [](const auto& one, const auto& other) { return one.second < other.second; });
     const std::size_t alike = widest == widths.end() ? 0 : widest->second;
-    return {rows, header, alike, dialect.wrapped ? 0U : 1U};
+    const std::size_t width = widest == widths.end() ? 0 : widest->first;
+    return {rows, header, alike, dialect.wrapped ? 0U : 1U, width};
 }
 
 /// Takes a first line "sep=;", with quotes around it or without.

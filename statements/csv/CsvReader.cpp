@@ -17,19 +17,18 @@ public:
 
     [[nodiscard]] std::vector<OpenQuestion> Open(const StatementAnswers& answers) const override
     {
-        return Solve(CsvTable(text_, answers), answers).questions;
+        return Under(answers).solution.questions;
     }
 
     void Read(const StatementAnswers& answers, IStatementSink& sink) const override
     {
-        const CsvTable table(text_, answers);
-        const CsvSolution solution = Solve(table, answers);
-        StatementRows(table, solution, sink).Read();
+        const Solved& solved = Under(answers);
+        StatementRows(solved.table, solved.solution, sink).Read();
     }
 
     [[nodiscard]] std::string Shape() const override
     {
-        const CsvTable table(text_, {});
+        const CsvTable& table = Under({}).table;
         std::string shape(1, table.Dialect().delimiter);
         for (const std::string& name : table.Names())
             shape += PlainName(name) + '|';
@@ -44,7 +43,27 @@ public:
     }
 
 private:
+    /// The file as it is read under some answers.
+    struct Solved {
+        Solved(std::string_view text, const StatementAnswers& given)
+            : answers(given), table(text, answers), solution(Solve(table, answers))
+        {
+        }
+        StatementAnswers answers;
+        CsvTable table;
+        CsvSolution solution;
+    };
+
+    /// Keeps the last one: a file is opened and read under the same answers.
+    const Solved& Under(const StatementAnswers& answers) const
+    {
+        if (!solved_ || !(solved_->answers == answers))
+            solved_ = std::make_unique<Solved>(text_, answers);
+        return *solved_;
+    }
+
     std::string_view text_;
+    mutable std::unique_ptr<Solved> solved_;
 };
 
 }  // namespace

@@ -157,10 +157,11 @@ std::string_view CsvRecords::Unquoted(std::string_view inside)
 
 bool CsvRecords::TakeApostrophes(std::string_view& field)
 {
-    if (text_[at_] != '\'')
+    if (text_[at_] != '\'' || at_ < openApostrophe_)
         return false;
     const std::size_t end = std::min(text_.size(), at_ + kLongestApostrophes);
-    for (std::size_t at = at_ + 1; at < end && !IsLineEnd(at); ++at) {
+    std::size_t at = at_ + 1;
+    for (; at < end && !IsLineEnd(at); ++at) {
         if (text_[at] != '\'')
             continue;
         if (AtEndOfField(at + 1)) {
@@ -169,8 +170,9 @@ bool CsvRecords::TakeApostrophes(std::string_view& field)
             return true;
         }
         if (text_[at - 1] == dialect_.delimiter)
-            return false;
+            break;
     }
+    openApostrophe_ = at;
     return false;
 }
 

@@ -61,6 +61,7 @@ private:
     std::size_t at_ = 0;
     std::size_t line_ = 1;
     std::size_t open_ = 0;  ///< quotes before this place close nothing and are not searched again
+    std::size_t openApostrophe_ = 0;    ///< the same for apostrophes
     std::deque<std::string> unquoted_;  ///< fields of the record that held doubled quotes
 };
 

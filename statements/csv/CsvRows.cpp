@@ -67,12 +67,13 @@ bool CsvRows::IsTooLong(const CsvRecord& record) const
     return false;
 }
 
-void CsvRows::ForEach(const std::function<void(CsvRecord&)>& take) const
+void CsvRows::ForEach(const std::function<void(const CsvRecord&)>& take) const
 {
     table_.ForEachRecord([&](const CsvRecord& record) {
+        if (!IsTooLong(record))
+            return take(record);
         CsvRecord row = record;
-        if (IsTooLong(row))
-            Fit(row);
+        Fit(row);
         take(row);
     });
 }

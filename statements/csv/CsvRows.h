@@ -18,7 +18,7 @@ public:
     /// Calls for every record. One with more fields than columns, because a delimiter stands in a
     /// text without quotes, is put right if that can be done in one way only; else it comes without
     /// its fields.
-    void ForEach(const std::function<void(CsvRecord&)>& take) const;
+    void ForEach(const std::function<void(const CsvRecord&)>& take) const;
 
     /// The text of the row's date: that of the first date column that has one.
     [[nodiscard]] static std::string_view DateOf(const CsvColumns& columns,

@@ -48,22 +48,16 @@ class RowDates {
 public:
     void Add(std::string_view date, std::string_view other)
     {
-        orders_.Add(date);
-        for (const Order order : kOrders) {
-            const auto day = ReadDate(date, order);
-            if (!day)
-                continue;
-            Counts& counts = counts_[IndexOf(order)];
-            if (counts.last && day->Days() != counts.last->Days())
-                (day->Days() > counts.last->Days() ? counts.rises : counts.falls) += 1;
-            counts.last = day;
-            ++counts.readable;
-            if (other.empty())
-                continue;
-            const auto second = ReadDate(other, order);
-            const std::int32_t apart = second ? std::abs(second->Days() - day->Days()) : kFar + 1;
-            counts.farthest = std::max(counts.farthest, apart);
-        }
+        if (started_ && date == date_ && other == other_)
+            return;
+        started_ = true;
+        if (date != date_)
+            orders_.Add(date);
+        date_ = date;
+        other_ = other;
+        for (const Order order : kOrders)
+            Count(counts_[IndexOf(order)], ReadDate(date, order),
+                  other.empty() ? std::nullopt : ReadDate(other, order), !other.empty());
     }
 
     /// The orders that remain, the likeliest first.
@@ -112,6 +106,20 @@ private:
         std::int32_t farthest = 0;
         std::optional<Date> last{};
     };
+    static void Count(Counts& counts, std::optional<Date> day, std::optional<Date> second,
+                      bool hasSecond)
+    {
+        if (!day)
+            return;
+        if (counts.last && day->Days() != counts.last->Days())
+            (day->Days() > counts.last->Days() ? counts.rises : counts.falls) += 1;
+        counts.last = day;
+        ++counts.readable;
+        if (!hasSecond)
+            return;
+        const std::int32_t apart = second ? std::abs(second->Days() - day->Days()) : kFar + 1;
+        counts.farthest = std::max(counts.farthest, apart);
+    }
     static void Keep(std::vector<Order>& orders, const std::function<bool(Order)>& wanted)
     {
         std::vector<Order> kept;
@@ -120,6 +128,10 @@ private:
             orders = kept;
     }
 
+    // A row with the dates of the row before says nothing new.
+    bool started_ = false;
+    std::string date_;
+    std::string other_;
     DateOrders orders_;
     std::array<Counts, 3> counts_;
 };
@@ -139,6 +151,7 @@ public:
         : table_(table), answers_(answers)
     {
         solution_.columns = ChooseColumns(table, FactsOf(table), answers);
+        status_.emplace(Columns());
         for (const AmountSource& source : Columns().sources)
             signs_.emplace_back(source);
     }
@@ -215,10 +228,9 @@ private:
         currencies_.erase("");
     }
 
-    [[nodiscard]] bool IsLeftOut(const CsvRecord& record) const
+    [[nodiscard]] bool IsLeftOut(const CsvRecord& record)
     {
-        const CellStatus status = StatusOfRow(Columns(), record);
-        return status == CellStatus::Pending || status == CellStatus::Void;
+        return status_->Of(record) != CellStatus::None;
     }
 
     [[nodiscard]] std::string_view SecondDate(const CsvRecord& record) const
@@ -298,8 +310,26 @@ private:
             decimals_ = {'.', ','};
         if (marks_.Same() && decimals_.size() > 1)
             decimals_.resize(1);
+        else if (decimals_.size() > 1 && !contradict_)
+            ThreeDecimals();
         if (answers_.decimal)
             decimals_ = {*answers_.decimal};
+    }
+
+    /// Amounts that can be read both ways have three digits after their mark. Few currencies have
+    /// three decimals; in the others the mark is one of thousands.
+    void ThreeDecimals()
+    {
+        const std::string& currency = solution_.currency;
+        if (currency.empty() || currencies_.size() > 1)
+            return;
+        const bool three = currency == "JOD" || currency == "KWD" || currency == "BHD" ||
+                           currency == "OMR" || currency == "TND" || currency == "IQD" ||
+                           currency == "LYD";
+        const char mark = marks_.Mark();
+        if (mark == '\0')
+            return;
+        decimals_ = {three == (mark == '.') ? '.' : ','};
     }
 
     /// Follows the balances in every way that is still possible.
@@ -321,7 +351,8 @@ private:
         if (attempts_.empty())
             attempts_.push_back({0, std::nullopt, decimals_.front(), true, {}});
         values_.assign(signs_.size(), {});
-        if (Columns().balances.empty() && signs_.size() == 1 && decimals_.size() == 1)
+        if (table_.HasHeader() && Columns().balances.empty() && signs_.size() == 1 &&
+            decimals_.size() == 1)
             return;
         CsvRows(table_, Columns()).ForEach([this](const CsvRecord& record) { FollowRow(record); });
     }
@@ -337,6 +368,7 @@ private:
             for (const AmountSigns& signs : signs_)
                 values.push_back(signs.Read(record, decimal));
         Compare(values);
+        ++rows_;
         for (Attempt& attempt : attempts_) {
             if (!attempt.balance)
                 continue;
@@ -379,6 +411,10 @@ private:
             solution_.balance = best->balance;
             steps_ = fitting;
         }
+        // Without names, a row whose amount is in another column says that this is the wrong one.
+        if (!table_.HasHeader() && !Columns().sourceGiven && values_[best->source].filled < rows_ &&
+            solution_.questions.empty())
+            AskColumns(signs_.size(), best->source);
         solution_.decimal = best->decimal;
         solution_.byCurrency = best->byCurrency;
         solution_.amounts = signs_[best->source];
@@ -532,6 +568,7 @@ private:
     const CsvTable& table_;
     const StatementAnswers& answers_;
     CsvSolution solution_;
+    std::optional<RowStatus> status_;
     std::vector<AmountSigns> signs_;
     RowDates dates_;
     DecimalMarks marks_;
@@ -541,6 +578,7 @@ private:
     bool contradict_ = false;
     std::vector<Attempt> attempts_;
     std::vector<Values> values_;
+    std::size_t rows_ = 0;
     std::vector<BalanceStep> steps_;
     std::vector<DateText::Order> orders_;
 };
@@ -552,12 +590,16 @@ std::uint64_t HashOf(std::string_view text)
     return std::hash<std::string_view>()(text);
 }
 
-CellStatus StatusOfRow(const CsvColumns& columns, const CsvRecord& record)
+CellStatus RowStatus::Of(const CsvRecord& record)
 {
-    for (const std::size_t column : columns.statuses) {
-        const CellStatus status = StatusOf(record.Field(column));
-        if (status == CellStatus::Pending || status == CellStatus::Void)
-            return status;
+    for (Column& column : columns_) {
+        const std::string_view cell = record.Field(column.index);
+        if (cell != column.cell) {
+            column.cell = cell;
+            column.status = StatusOf(cell);
+        }
+        if (column.status == CellStatus::Pending || column.status == CellStatus::Void)
+            return column.status;
     }
     return CellStatus::None;
 }

@@ -33,8 +33,26 @@ struct CsvSolution {
 /// Goes through the table. What it leaves open is asked, and set as proposed.
 [[nodiscard]] CsvSolution Solve(const CsvTable& table, const StatementAnswers& answers);
 
-/// Whether a row of the table is to be left out by its status, and why.
-[[nodiscard]] CellStatus StatusOfRow(const CsvColumns& columns, const CsvRecord& record);
+/// Reads the status of rows. Remembers the last cell of each column: most rows have the same.
+class RowStatus {
+public:
+    explicit RowStatus(const CsvColumns& columns)
+        : columns_(columns.statuses.begin(), columns.statuses.end())
+    {
+    }
+    /// Pending or Void if a column says so, else None.
+    [[nodiscard]] CellStatus Of(const CsvRecord& record);
+
+private:
+    struct Column {
+        explicit Column(std::size_t at) : index(at) {}
+        std::size_t index;
+        std::string cell{};
+        CellStatus status = CellStatus::None;
+    };
+    std::vector<Column> columns_;
+};
+
 /// The currency that a row names: in its own column or beside its amount. Empty if it names none.
 [[nodiscard]] std::string CurrencyOfRow(const CsvSolution& solution, const CsvRecord& record);
 /// The account and the currency of a row as one text, for telling accounts apart.

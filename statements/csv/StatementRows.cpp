@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::size_t kShownText = 200;
 constexpr std::size_t kMostTexts = 50;
+constexpr std::size_t kLongestBalanceWord = 60;
 constexpr std::size_t kLongestText = 20'000;
 
 /// Lines that state a balance, in the form of PlainName.
@@ -152,7 +153,7 @@ bool IsBefore(const CsvSolution& solution)
 
 StatementRows::StatementRows(const CsvTable& table, const CsvSolution& solution,
                              IStatementSink& sink)
-    : table_(table), solution_(solution), sink_(sink)
+    : table_(table), solution_(solution), sink_(sink), status_(solution.columns)
 {
 }
 
@@ -177,7 +178,7 @@ void StatementRows::Read()
 
 void StatementRows::Take(const CsvRecord& record)
 {
-    const CellStatus status = StatusOfRow(solution_.columns, record);
+    const CellStatus status = status_.Of(record);
     const auto date = DateOf(record);
     if (record.fields.empty())
         return LeaveOut(record, LeftOutReason::NoAmount);
@@ -258,7 +259,8 @@ bool StatementRows::IsBalanceLine(const CsvRecord& record) const
     const auto& columns = solution_.columns;
     for (const auto* list : {&columns.names, &columns.texts})
         for (const std::size_t column : *list)
-            if (!record.Field(column).empty() &&
+            if (record.Field(column).size() - 1 < kLongestBalanceWord &&
+                !HasDigit(record.Field(column)) &&
                 BalanceWords().contains(PlainName(record.Field(column))))
                 return true;
     return false;

@@ -47,6 +47,7 @@ private:
     const CsvTable& table_;
     const CsvSolution& solution_;
     IStatementSink& sink_;
+    RowStatus status_;
     std::map<std::string, Account, std::less<>> accounts_;
     std::vector<std::string> order_;  ///< keys of the accounts as they came
     std::string current_;
