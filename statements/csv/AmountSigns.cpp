@@ -37,15 +37,15 @@ bool AmountSigns::IsFilled(const CsvRecord& record) const
     return false;
 }
 
-void AmountSigns::Count(const CsvRecord& record, CellSide side)
+void AmountSigns::Count(const CsvRecord& record, CellSide side, std::size_t weight)
 {
     if (source_.amount)
-        CountAmount(record, side);
+        CountAmount(record, side, weight);
     else
         CountPair(record);
 }
 
-void AmountSigns::CountAmount(const CsvRecord& record, CellSide side)
+void AmountSigns::CountAmount(const CsvRecord& record, CellSide side, std::size_t weight)
 {
     const auto written = Written(record.Field(*source_.amount));
     if (!written || written->amount.IsZero())
@@ -56,7 +56,7 @@ void AmountSigns::CountAmount(const CsvRecord& record, CellSide side)
     credit_ += written->mark == AmountMark::Credit ? 1U : 0U;
     debit_ += written->mark == AmountMark::Debit ? 1U : 0U;
     if (side != CellSide::None)
-        ((side == CellSide::Out) == negative ? agree_ : disagree_) += 1;
+        ((side == CellSide::Out) == negative ? agree_ : disagree_) += weight;
     if (!source_.mark)
         return;
     switch (SideOfMark(record.Field(*source_.mark))) {
@@ -201,9 +201,9 @@ AmountSigns::Verdict AmountSigns::JudgeUnsigned() const
 {
     if (positive_ == 0 || plus_ == positive_)
         return {};
-    if (disagree_ == positive_ && disagree_ >= kSureWords)
+    if (disagree_ >= positive_ && agree_ == 0 && disagree_ >= kSureWords)
         return {Sign::Inverted, true, ""};
-    if (agree_ == positive_ && agree_ >= kSureWords)
+    if (agree_ >= positive_ && disagree_ == 0 && agree_ >= kSureWords)
         return {};
     return {Sign::Open, agree_ == 0,
             "All amounts are positive; nothing says whether they come in or go out."};

@@ -14,8 +14,8 @@ class AmountSigns {
 public:
     explicit AmountSigns(const AmountSource& source) : source_(source) {}
 
-    /// Counts a row. The side is what its description says.
-    void Count(const CsvRecord& record, CellSide side);
+    /// Counts a row. The side is what its description says, and the weight how surely.
+    void Count(const CsvRecord& record, CellSide side, std::size_t weight);
     /// The amount of a row; positive comes in, as far as the source says. Nothing if the row has no
     /// amount that can be read, or if its sign cannot be known.
     [[nodiscard]] std::optional<Money> Read(const CsvRecord& record, char decimal) const;
@@ -38,7 +38,7 @@ public:
     [[nodiscard]] bool HasSides() const { return !source_.amount || source_.mark; }
 
 private:
-    void CountAmount(const CsvRecord& record, CellSide side);
+    void CountAmount(const CsvRecord& record, CellSide side, std::size_t weight);
     void CountPair(const CsvRecord& record);
     [[nodiscard]] Verdict JudgeMarked() const;
     [[nodiscard]] Verdict JudgeSigned() const;

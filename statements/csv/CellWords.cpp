@@ -33,10 +33,14 @@ constexpr std::string_view kInText =
     "возврат|cashback|direct deposit|habenzinsen|interest paid to you|credit interest|"
     "interest received|merci de votre paiement|paiement recu|lon inbetalning|";
 constexpr std::string_view kOutText =
-    "purchase|withdrawal|atm|pos|card payment|kartenzahlung|lastschrift|folgelastschrift|"
+    "purchase|sale|withdrawal|atm|pos|card payment|kartenzahlung|lastschrift|folgelastschrift|"
     "direct debit|achat|retrait|prelevement|compra|retiro|reintegro|prelievo|kortkob|kortkop|uttag|"
     "korttiosto|zakup|wyplata|vyber|saque|fee|entgelt|消费|支取|покупка|"
     "bill payment|debit card|monthly charge|service charge|dauerauftrag|geldautomat|bankomat|";
+
+constexpr std::string_view kCardPayment =
+    "payment thank you|payment received|autopay payment|autopay pymt|paiement merci|"
+    "merci de votre paiement|online payment thank you|";
 
 constexpr std::string_view kPending =
     "pending|pending transaction|vorgemerkt|vorgemerkte umsatze|nicht gebucht|"
@@ -126,6 +130,11 @@ CellSide SideOfText(std::string_view text)
     if (in == out)
         return CellSide::None;
     return in ? CellSide::In : CellSide::Out;
+}
+
+bool IsCardPayment(std::string_view text)
+{
+    return HasWord(PlainText(text.substr(0, kLongestText)), kCardPayment);
 }
 
 CellStatus StatusOf(std::string_view cell)

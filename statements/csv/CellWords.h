@@ -15,6 +15,9 @@ enum class CellSide : std::uint8_t { None, In, Out };
 /// says nothing, or both.
 [[nodiscard]] CellSide SideOfText(std::string_view text);
 
+/// Whether the text is a payment to a card: it comes in, whatever else the file holds.
+[[nodiscard]] bool IsCardPayment(std::string_view text);
+
 /// What a status says about its row.
 enum class CellStatus : std::uint8_t {
     None,  ///< no known status

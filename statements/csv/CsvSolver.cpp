@@ -20,6 +20,8 @@ using DateText::Order;
 
 constexpr std::array kOrders = {Order::DayMonthYear, Order::MonthDayYear, Order::YearMonthDay};
 constexpr std::size_t kRowsWithWords = 3000;
+/// A payment to a card says as much as several other descriptions.
+constexpr std::size_t kCardPaymentWeight = 3;
 constexpr std::size_t kMostCurrencies = 20;
 /// Days between the dates of one row; more than the latter says that their order is wrong.
 constexpr std::int32_t kNear = 15;
@@ -210,9 +212,11 @@ private:
                 return;
             ++rows;
             dates_.Add(date, SecondDate(record));
-            const CellSide side = rows <= kRowsWithWords ? SideOfWords(record) : CellSide::None;
+            std::size_t weight = 1;
+            const CellSide side =
+                rows <= kRowsWithWords ? SideOfWords(record, weight) : CellSide::None;
             for (AmountSigns& signs : signs_) {
-                signs.Count(record, side);
+                signs.Count(record, side, weight);
                 AddMarks(signs.Source(), record);
             }
             for (const std::size_t balance : Columns().balances)
@@ -240,13 +244,15 @@ private:
         return Columns().dates.size() > 1 ? record.Field(Columns().dates[1]) : std::string_view();
     }
 
-    [[nodiscard]] CellSide SideOfWords(const CsvRecord& record) const
+    [[nodiscard]] CellSide SideOfWords(const CsvRecord& record, std::size_t& weight) const
     {
         bool in = false;
         bool out = false;
         for (const auto* list : {&Columns().names, &Columns().texts})
             for (const std::size_t column : *list) {
                 const CellSide side = SideOfText(record.Field(column));
+                if (IsCardPayment(record.Field(column)))
+                    weight = kCardPaymentWeight;
                 in = in || side == CellSide::In;
                 out = out || side == CellSide::Out;
             }
