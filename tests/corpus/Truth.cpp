@@ -33,6 +33,13 @@ bool HasDate(const nlohmann::json& row, const std::string& date)
            std::find(others.begin(), others.end(), date) != others.end();
 }
 
+/// A row may be there: "optional" is a reason or true.
+bool IsOptional(const nlohmann::json& row)
+{
+    const auto optional = row.find("optional");
+    return optional != row.end() && !optional->is_null() && *optional != false;
+}
+
 std::string Described(const StatementRow& row)
 {
     return row.date.ToIso().substr(0, 10) + " " + row.amount.ToText() + " " + row.name + " | " +
@@ -88,7 +95,7 @@ std::vector<std::string> Differences(const nlohmann::json& truth, const ReadStat
         for (const auto& row : account["rows"])
             wanted.push_back(row);
     std::stable_sort(wanted.begin(), wanted.end(), [](const auto& one, const auto& other) {
-        return !one.value("optional", false) && other.value("optional", false);
+        return !IsOptional(one) && IsOptional(other);
     });
     std::vector<std::string> differences;
     for (const auto& row : wanted) {
@@ -100,7 +107,7 @@ std::vector<std::string> Differences(const nlohmann::json& truth, const ReadStat
                 (found == left.end() || (!HasWords(row, *found) && HasWords(row, *got))))
                 found = got;
         if (found == left.end()) {
-            if (!row.value("optional", false))
+            if (!IsOptional(row))
                 differences.push_back("missing: " + row.dump());
             continue;
         }
