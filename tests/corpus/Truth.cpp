@@ -33,6 +33,13 @@ bool HasDate(const nlohmann::json& row, const std::string& date)
            std::find(others.begin(), others.end(), date) != others.end();
 }
 
+/// The truth says why a row may be missing, or only that it may.
+bool IsOptional(const nlohmann::json& row)
+{
+    const auto found = row.find("optional");
+    return found != row.end() && *found != false;
+}
+
 std::string Described(const StatementRow& row)
 {
     return row.date.ToIso().substr(0, 10) + " " + row.amount.ToText() + " " + row.name + " | " +
@@ -43,10 +50,12 @@ std::string Described(const StatementRow& row)
 
 void ReadStatement::BeginAccount(const StatementAccount& account)
 {
-    for (current_ = 0; current_ < accounts.size(); ++current_)
-        if (accounts[current_].account.number == account.number &&
-            accounts[current_].account.currency == account.currency)
+    for (current_ = 0; current_ < accounts.size(); ++current_) {
+        const StatementAccount& known = accounts[current_].account;
+        if (known.number == account.number && known.name == account.name &&
+            known.currency == account.currency)
             return;
+    }
     accounts.push_back({account, {}, {}});
 }
 
@@ -88,7 +97,7 @@ std::vector<std::string> Differences(const nlohmann::json& truth, const ReadStat
         for (const auto& row : account["rows"])
             wanted.push_back(row);
     std::stable_sort(wanted.begin(), wanted.end(), [](const auto& one, const auto& other) {
-        return !one.value("optional", false) && other.value("optional", false);
+        return !IsOptional(one) && IsOptional(other);
     });
     std::vector<std::string> differences;
     for (const auto& row : wanted) {
@@ -100,7 +109,7 @@ std::vector<std::string> Differences(const nlohmann::json& truth, const ReadStat
                 (found == left.end() || (!HasWords(row, *found) && HasWords(row, *got))))
                 found = got;
         if (found == left.end()) {
-            if (!row.value("optional", false))
+            if (!IsOptional(row))
                 differences.push_back("missing: " + row.dump());
             continue;
         }
