@@ -36,6 +36,11 @@ void FileAmounts::Add(std::string_view text)
         open_ = text;
 }
 
+bool FileAmounts::HasCommas() const
+{
+    return amounts_.Possible() == std::vector<char>{','};
+}
+
 std::optional<char> FileAmounts::Settled() const
 {
     for (const DecimalMarks* const marks : {&amounts_, &others_}) {

@@ -18,6 +18,8 @@ public:
     /// Takes another number of the file. It settles the mark if the amounts do not.
     void AddOther(std::string_view text) { others_.Add(text); }
 
+    /// Whether amounts can only be read with a comma as decimal mark.
+    [[nodiscard]] bool HasCommas() const;
     /// The question that remains under an answer, or nothing.
     [[nodiscard]] std::optional<OpenQuestion> Open(std::optional<char> answer) const;
     /// Reads an amount with the mark of the answer; without one, with the file's, or the proposed
