@@ -109,18 +109,21 @@ void QifWalk::Line(std::string_view line)
 }
 
 /// Whether a line begins another record although no '^' ended this one: a whole record begins with
-/// the same letter.
+/// the same letter. A piece may have a date of its own.
 bool QifWalk::BeginsNext(char letter) const
 {
     return letter == firstLetter_ && std::string_view("DTUPN").find(letter) != std::string::npos &&
-           !record_.date.empty() && record_.HasAmount();
+           record_.pieces.empty() && !record_.date.empty() && record_.HasAmount();
 }
 
 void QifWalk::Field(char letter, std::string_view value)
 {
     record_.letters |= BitOf(letter);
     switch (letter) {
-        case 'D': SetCounted(record_.date, record_.dates, value); break;
+        case 'D':
+            if (record_.pieces.empty() || record_.date.empty())
+                SetCounted(record_.date, record_.dates, value);
+            break;
         case 'T': SetCounted(record_.amount, record_.amounts, value); break;
         case 'U': KeepFirst(record_.otherAmount, value); break;
         case 'N': KeepFirst(record_.number, value); break;
