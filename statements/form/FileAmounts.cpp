@@ -41,6 +41,11 @@ bool FileAmounts::HasCommas() const
     return amounts_.Possible() == std::vector<char>{','};
 }
 
+bool FileAmounts::IsMixed() const
+{
+    return amounts_.Possible().empty();
+}
+
 std::optional<char> FileAmounts::Settled() const
 {
     for (const DecimalMarks* const marks : {&amounts_, &others_}) {
@@ -73,12 +78,12 @@ std::optional<OpenQuestion> FileAmounts::Open(std::optional<char> answer) const
 
 std::optional<Money> FileAmounts::Read(std::string_view text, std::optional<char> answer) const
 {
-    if (answer)
+    if (answer && !IsMixed())
         return ReadAmount(text, *answer);
     const auto point = ReadAmount(text, '.');
     const auto comma = ReadAmount(text, ',');
     if (point && comma && *point != *comma)
-        return Settled().value_or(Proposed()) == '.' ? point : comma;
+        return answer.value_or(Settled().value_or(Proposed())) == '.' ? point : comma;
     return point ? point : comma;
 }
 

@@ -23,11 +23,14 @@ public:
     /// The question that remains under an answer, or nothing.
     [[nodiscard]] std::optional<OpenQuestion> Open(std::optional<char> answer) const;
     /// Reads an amount with the mark of the answer; without one, with the file's, or the proposed
-    /// one if that is open. Returns nothing for what ReadAmount does not read.
+    /// one if that is open. In a file that surely has both marks the answer is only for amounts
+    /// that both fit. Returns nothing for what ReadAmount does not read.
     [[nodiscard]] std::optional<Money> Read(std::string_view text,
                                             std::optional<char> answer) const;
 
 private:
+    /// Whether some amounts can only be read with a point and others only with a comma.
+    [[nodiscard]] bool IsMixed() const;
     [[nodiscard]] std::optional<char> Settled() const;
     [[nodiscard]] char Proposed() const;
 

@@ -56,8 +56,9 @@ void SetPieces(const std::vector<QifPiece>& written, const FileAmounts& amounts,
     }
     try {
         Balance(row, open < row.pieces.size() ? &row.pieces[open] : nullptr);
+        (void)SumOf(row.pieces);
     } catch (const RuntimeError&) {
-        // The pieces are out of any range, so they say nothing.
+        // A sum of the pieces is out of range, so they say nothing.
         row.pieces.clear();
     }
 }
