@@ -84,13 +84,13 @@ void OfxWalk::OpenAggregate(const OfxToken& token)
     if (tag == OfxTag::BankStatement && Inside(OfxTag::OfcStatement))
         return;
     if (IsStatement(tag)) {
+        CloseRow();
         for (const OfxTag statement : {OfxTag::BankStatement, OfxTag::CardStatement,
                                        OfxTag::InvestmentStatement, OfxTag::OfcStatement})
             Close(statement, false);
         BeginStatement(tag);
     } else if (tag == OfxTag::Row || tag == OfxTag::PendingRow) {
-        Close(OfxTag::Row, false);
-        Close(OfxTag::PendingRow, false);
+        CloseRow();
         BeginRow(tag, token.offset);
     } else if (tag == OfxTag::Trade || tag == OfxTag::Position || tag == OfxTag::Order) {
         if (inStatement_ && !InsideRow() && !Inside(tag))
@@ -129,6 +129,12 @@ void OfxWalk::BeginRow(OfxTag tag, std::size_t offset)
     entry_ = {};
     entry_.offset = offset;
     entry_.pending = tag == OfxTag::PendingRow || Inside(OfxTag::PendingList);
+}
+
+void OfxWalk::CloseRow()
+{
+    Close(OfxTag::Row, false);
+    Close(OfxTag::PendingRow, false);
 }
 
 void OfxWalk::Close(OfxTag tag, bool byTag)

@@ -88,6 +88,7 @@ private:
     void PlainRowValue(OfxTag tag, std::string_view value);
     void StatementValue(OfxTag tag, std::string_view value);
     void Close(OfxTag tag, bool byTag);
+    void CloseRow();
     void Pop(bool byTag);
     void Ended(OfxTag tag, bool byTag);
     void BeginStatement(OfxTag kind);

@@ -121,6 +121,21 @@ TEST(OfxStructure, ARowWithoutEndTagAmongOthersIsDamaged)
     EXPECT_EQ(read.Omissions(), Texts{"line 11: the file breaks off in it (20240102 -1)"});
 }
 
+// The row was taken for one of the statement that began in it.
+TEST(OfxStructure, ARowOutsideAStatementEndsWhereOneBegins)
+{
+    const std::string text =
+        "<OFX><STMTTRN><DTPOSTED>20240102<TRNAMT>1<NAME>a<INVSTMTRS>"
+        "<INVACCTFROM><ACCTID>7</INVACCTFROM></INVSTMTRS></STMTTRN></OFX>";
+
+    const CollectedStatement read = Collect(*ReadOfx(text));
+
+    ASSERT_EQ(read.accounts.size(), 2U);
+    EXPECT_EQ(read.accounts[0].account.number, "");
+    EXPECT_EQ(read.accounts[0].rows.size(), 1U);
+    EXPECT_EQ(read.accounts[1].account.number, "7");
+}
+
 TEST(OfxStructure, EmptyElementsHideNothing)
 {
     EXPECT_EQ(RowsOf(OfxOfRows("<STMTTRN><TRNTYPE><CHECKNUM><CURRENCY><PAYEE><PENDING>"
