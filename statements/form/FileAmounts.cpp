@@ -9,7 +9,8 @@ namespace {
 bool LooksOpen(std::string_view text)
 {
     const std::size_t mark = text.find_first_of(".,");
-    if (mark == std::string_view::npos || text.find_first_of(".,", mark + 1) != text.npos)
+    if (mark == std::string_view::npos ||
+        text.find_first_of(".,", mark + 1) != std::string_view::npos)
         return false;
     std::size_t digits = 0;
     while (mark + 1 + digits < text.size() &&

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 
 #include "base/Text.h"
 #include "statements/form/TextScan.h"
@@ -73,11 +74,10 @@ bool IsWebPage(const std::string& upper, const std::string& element)
     if (Holds(upper, "<!DOCTYPE HTML"))
         return true;
     const std::string name = ToUpperAscii(element);
-    for (const char* const known : {"HTML", "HEAD", "BODY", "TABLE", "META", "DIV", "STYLE",
-                                    "SCRIPT", "TITLE", "CENTER", "P", "SPAN"})
-        if (name == known)
-            return true;
-    return false;
+    constexpr std::string_view kElements[] = {"HTML",  "HEAD",   "BODY",  "TABLE",  "META", "DIV",
+                                              "STYLE", "SCRIPT", "TITLE", "CENTER", "P",    "SPAN"};
+    return std::any_of(std::begin(kElements), std::end(kElements),
+                       [&name](std::string_view known) { return known == name; });
 }
 
 /// A text that begins with '<'.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <string_view>
 
 #include "base/Text.h"
@@ -27,10 +28,9 @@ bool IsPlaceholder(std::string_view text)
 {
     if (text.find_first_not_of("0-") == std::string_view::npos)
         return true;
-    for (const char* const word : {"NONE", "N/A", "NULL", "NONREF"})
-        if (EqualsIgnoringCase(text, word))
-            return true;
-    return false;
+    constexpr std::string_view kWords[] = {"NONE", "N/A", "NULL", "NONREF"};
+    return std::any_of(std::begin(kWords), std::end(kWords),
+                       [text](std::string_view word) { return EqualsIgnoringCase(text, word); });
 }
 
 std::size_t ContentOf(const OfxEntry& entry)

@@ -20,6 +20,22 @@ bool IsNameCharacter(char c)
     return IsNameStart(c) || (c >= '0' && c <= '9') || c == '.' || c == ':' || c == '-';
 }
 
+/// Finds the first '>' that is in no quotes; npos if a '<' comes before it.
+std::size_t FindTagEnd(std::string_view text)
+{
+    for (std::size_t at = text.find_first_of("<>\"'"); at != std::string_view::npos;
+         at = text.find_first_of("<>\"'", at + 1)) {
+        if (text[at] == '<')
+            return std::string_view::npos;
+        if (text[at] == '>')
+            return at;
+        at = text.find(text[at], at + 1);
+        if (at == std::string_view::npos)
+            return at;
+    }
+    return std::string_view::npos;
+}
+
 std::string_view WithoutPrefix(std::string_view name)
 {
     const std::size_t colon = name.rfind(':');
@@ -108,30 +124,17 @@ bool OfxScanner::ReadTag(std::size_t at, Tag& tag) const
 /// Returns the offset of the '>' after a name and its attributes, or npos if what follows is text.
 std::size_t OfxScanner::EndOfAttributes(std::size_t at) const
 {
-    if (at < text_.size() && text_[at] == '>')
-        return at;
-    const std::size_t limit = std::min(text_.size(), at + kLongestAttributes);
-    bool assigned = false;
-    char quote = 0;
-    for (std::size_t i = at; i < limit; ++i) {
-        const char c = text_[i];
-        if (quote != 0) {
-            quote = c == quote ? '\0' : quote;
-        } else if (c == '>') {
-            // Words without '=' are no attributes: "<b and c>" is text.
-            const std::string_view inside = TrimBlanks(text_.substr(at, i - at));
-            return assigned || inside.empty() || inside == "/" ? i : std::string_view::npos;
-        } else if (c == '<') {
-            return std::string_view::npos;
-        } else if (c == '=') {
-            assigned = true;
-        } else if (assigned && (c == '"' || c == '\'')) {
-            quote = c;
-        } else if (i == at && c != '/' && !IsBlank(c)) {
-            return std::string_view::npos;
-        }
-    }
-    return std::string_view::npos;
+    const std::string_view rest = text_.substr(at, kLongestAttributes);
+    if (rest.empty() || (rest.front() != '>' && rest.front() != '/' && !IsBlank(rest.front())))
+        return std::string_view::npos;
+    const std::size_t end = FindTagEnd(rest);
+    if (end == std::string_view::npos)
+        return end;
+    // Words without '=' are no attributes: "<b and c>" is text.
+    const std::string_view inside = TrimBlanks(rest.substr(0, end));
+    const bool isTag =
+        inside.empty() || inside == "/" || inside.find('=') != std::string_view::npos;
+    return isTag ? at + end : std::string_view::npos;
 }
 
 }  // namespace clb
