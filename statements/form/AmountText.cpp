@@ -22,6 +22,15 @@ AmountMark SideOf(std::string_view word)
     return AmountMark::None;
 }
 
+bool HasBetweenDigits(std::string_view text, char mark)
+{
+    for (std::size_t i = 1; i + 1 < text.size(); ++i)
+        if (text[i] == mark && IsDigit(static_cast<unsigned char>(text[i - 1])) &&
+            IsDigit(static_cast<unsigned char>(text[i + 1])))
+            return true;
+    return false;
+}
+
 /// Goes through an amount's text from left to right.
 class AmountScanner {
 public:
@@ -293,8 +302,10 @@ void DecimalMarks::Add(std::string_view text)
 {
     const auto point = ReadAmount(text, '.');
     const auto comma = ReadAmount(text, ',');
-    if (point && comma)
-        differ_ += *point == *comma ? 0U : 1U;
+    if (point && comma && *point != *comma)
+        ++(HasBetweenDigits(text, '.') ? differPoint_ : differComma_);
+    else if (point && comma)
+        return;
     else if (point)
         ++point_;
     else if (comma)
@@ -313,7 +324,14 @@ std::vector<char> DecimalMarks::Possible() const
 
 bool DecimalMarks::Same() const
 {
-    return point_ == 0 && comma_ == 0 && differ_ == 0;
+    return point_ == 0 && comma_ == 0 && differPoint_ == 0 && differComma_ == 0;
+}
+
+char DecimalMarks::Mark() const
+{
+    if ((differPoint_ == 0) == (differComma_ == 0))
+        return '\0';
+    return differPoint_ > 0 ? '.' : ',';
 }
 
 }  // namespace clb

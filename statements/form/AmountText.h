@@ -48,11 +48,15 @@ public:
     [[nodiscard]] std::vector<char> Possible() const;
     /// Whether every amount means the same under both marks, as "5" does.
     [[nodiscard]] bool Same() const;
+    /// The mark in the amounts that mean something else under each: '.' or ','; 0 if there are none
+    /// or both marks occur.
+    [[nodiscard]] char Mark() const;
 
 private:
     std::size_t point_ = 0;  ///< amounts that can be read with a point only
     std::size_t comma_ = 0;
-    std::size_t differ_ = 0;  ///< that mean something else under each
+    std::size_t differPoint_ = 0;  ///< with a point, that mean something else under each
+    std::size_t differComma_ = 0;
 };
 
 }  // namespace clb

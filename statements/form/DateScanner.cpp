@@ -244,6 +244,7 @@ bool DateScanner::Divider()
         if (mark && next.code == last)
             return false;
         marks += mark ? 1 : 0;
+        date_.points_ += next.code == U'.' ? 1 : 0;
         last = mark ? next.code : last;
         date_.shortestYears_ =
             date_.shortestYears_ || next.code == U'/' || next.code == U'\'' || next.code == 0x2019;
@@ -257,7 +258,7 @@ bool DateScanner::Rest()
     while (!rest_.empty())
         if (!RestPart())
             return false;
-    return true;
+    return time_ || !wantsTime_;
 }
 
 bool DateScanner::RestPart()
@@ -365,9 +366,13 @@ bool DateScanner::Bracket()
 bool DateScanner::RestWord()
 {
     const std::string_view word = Letters();
-    if (IsOneOf(word, {"日", "일", "号", "г",    "года", "р", "Uhr", "uhr", "h", "分", "秒", "kl",
-                       "at", "um", "à",  "alle", "ore",  "o", "a",   "las", "T", "Z",  "m"}))
+    if (IsOneOf(word,
+                {"日", "일", "号", "г", "года", "р", "Uhr", "uhr", "h", "分", "秒", "Z", "m"}))
         return true;
+    if (IsOneOf(word, {"kl", "at", "um", "à", "alle", "ore", "o", "a", "las", "T"})) {
+        wantsTime_ = true;
+        return true;
+    }
     if (Weekday(word))
         return true;
     if (!time_)

@@ -21,6 +21,9 @@ public:
         return months_ == 0 && count_ == 3 && numbers_[0].size() <= 2 && !yearFirst_;
     }
 
+    /// Whether points stand between the numbers. Nobody writes the month first that way.
+    [[nodiscard]] bool HasPoints() const { return months_ == 0 && count_ == 3 && points_ == 2; }
+
 private:
     friend class DateScanner;
     [[nodiscard]] std::optional<Date> Named() const;
@@ -33,6 +36,7 @@ private:
     std::size_t count_ = 0;
     std::uint16_t months_ = 0;
     std::uint8_t weekdays_ = 0;
+    int points_ = 0;  ///< between the numbers
     bool hasWeekday_ = false;
     bool yearFirst_ = false;      ///< 年 after the first number
     bool shortestYears_ = false;  ///< '/' or ' between the numbers: years of one digit
@@ -67,6 +71,7 @@ private:
     WrittenDate date_;
     std::string_view earlier_;  ///< a word that may be a month or a weekday
     bool time_ = false;
+    bool wantsTime_ = false;  ///< a word such as "at" has come
     bool zone_ = false;
 };
 

@@ -63,6 +63,7 @@ void DateOrders::Add(std::string_view text)
         return;
     }
     ++added_;
+    points_ += scanned->HasPoints() ? 1U : 0U;
     shortYear_ = shortYear_ || scanned->HasShortYearFirst();
     for (const Order order : kOrders)
         if (read[IndexOf(order)])
@@ -86,6 +87,11 @@ std::vector<Order> DateOrders::Possible() const
     std::vector<Order> fitting = Fitting();
     if (fitting.size() > 1 && !differ_)
         fitting.resize(1);
+    const auto has = [&fitting](Order order) {
+        return std::find(fitting.begin(), fitting.end(), order) != fitting.end();
+    };
+    if (points_ == added_ && has(Order::DayMonthYear))
+        std::erase(fitting, Order::MonthDayYear);
     if (fitting.size() < 2)
         return fitting;
     const auto span = [this](Order order) { return tried_[IndexOf(order)].Span(); };

@@ -29,9 +29,10 @@ public:
     /// The orders under which all readable texts are dates and weekdays are right, the likeliest
     /// first: the one whose days lie closest together. If the days of the file rise or fall
     /// throughout under some orders and jump under the others, only the former; it takes several
-    /// different days for that. A year of two digits in front counts only if the days lie closer
-    /// together that way. One alone if all mean the same days. Empty if none was added or no order
-    /// fits all.
+    /// different days for that. Points between the numbers of all texts rule out the
+    /// month in front if the day can be there. A year of two digits in front counts only if the
+    /// days lie closer together that way. One alone if all mean the same days. Empty if none was
+    /// added or no order fits all.
     [[nodiscard]] std::vector<DateText::Order> Possible() const;
 
 private:
@@ -52,6 +53,7 @@ private:
     Tried tried_[3];  ///< by DateText::Order
     std::size_t added_ = 0;
     std::size_t unreadable_ = 0;
+    std::size_t points_ = 0;  ///< texts with points between the numbers
     bool differ_ = false;     ///< a text means different days under two orders
     bool shortYear_ = false;  ///< one begins with a year of two digits, if the year is in front
 };

@@ -65,41 +65,6 @@ constexpr std::array<std::string_view, 7> kWeekdays = {
     "lauantai la sobota sob so суббота сб 土 土曜日 星期六 周六",
 };
 
-/// Letters of Latin scripts from U+00C0 to U+017F without their accents; '?' for others.
-constexpr std::string_view kPlain =
-    "aaaaaaaceeeeiiiidnooooo?ouuuuytsaaaaaaaceeeeiiiidnooooo?ouuuuyty"
-    "aaaaaaccccccccddddeeeeeeeeeegggggggghhhhiiiiiiiiiiiijjkkklllllll"
-    "lllnnnnnnnnnoooooooorrrrrrssssssssttttttuuuuuuuuuuuuwwyyyzzzzzzs";
-
-char32_t Small(char32_t code)
-{
-    if (code >= U'A' && code <= U'Z')
-        return code + 0x20;
-    if (code >= 0x410 && code <= 0x42F)
-        return code + 0x20;
-    if (code >= 0xC0 && code < 0xC0 + kPlain.size())
-        return static_cast<unsigned char>(kPlain[code - 0xC0]);
-    return code;
-}
-
-std::string Folded(std::string_view word)
-{
-    std::string folded;
-    while (!word.empty()) {
-        const ScannedChar next = FirstChar(word);
-        const char32_t small = Small(next.code);
-        if (small < 0x80)
-            folded += static_cast<char>(small);
-        else if (small >= 0x430 && small <= 0x44F) {
-            folded += static_cast<char>(0xC0U | (small >> 6U));
-            folded += static_cast<char>(0x80U | (small & 0x3FU));
-        } else
-            folded += word.substr(0, next.size);
-        word.remove_prefix(next.size);
-    }
-    return folded;
-}
-
 using Words = std::map<std::string, unsigned, std::less<>>;
 
 template <std::size_t Count>
@@ -119,7 +84,7 @@ unsigned Find(const Words& words, std::string_view word)
 {
     if (word.empty() || word.size() > kLongestWord)
         return 0;
-    const auto found = words.find(Folded(word));
+    const auto found = words.find(FoldText(word));
     return found == words.end() ? 0 : found->second;
 }
 

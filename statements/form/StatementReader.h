@@ -44,6 +44,8 @@ struct StatementAnswers {
     std::optional<std::size_t> skip{};  ///< lines before the header row or the first row
     std::optional<char> delimiter{};
     bool takeWholeRows = false;  ///< of a file that breaks off
+
+    friend bool operator==(const StatementAnswers&, const StatementAnswers&) = default;
 };
 
 /// The file holds no statement, or cannot be read at all. The message is a sentence for the user

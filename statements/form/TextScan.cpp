@@ -14,6 +14,23 @@ std::size_t LengthByLead(unsigned char lead)
     return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
 }
 
+/// Letters of Latin scripts from U+00C0 to U+017F without their accents; '?' for others.
+constexpr std::string_view kPlain =
+    "aaaaaaaceeeeiiiidnooooo?ouuuuytsaaaaaaaceeeeiiiidnooooo?ouuuuyty"
+    "aaaaaaccccccccddddeeeeeeeeeegggggggghhhhiiiiiiiiiiiijjkkklllllll"
+    "lllnnnnnnnnnoooooooorrrrrrssssssssttttttuuuuuuuuuuuuwwyyyzzzzzzs";
+
+char32_t Small(char32_t code)
+{
+    if (code >= U'A' && code <= U'Z')
+        return code + 0x20;
+    if (code >= 0x410 && code <= 0x42F)
+        return code + 0x20;
+    if (code >= 0xC0 && code < 0xC0 + kPlain.size())
+        return static_cast<unsigned char>(kPlain[code - 0xC0]);
+    return code;
+}
+
 }  // namespace
 
 ScannedChar FirstChar(std::string_view text)
@@ -69,14 +86,35 @@ std::string_view TrimSpaces(std::string_view text)
             break;
         text.remove_prefix(first.size);
     }
-    std::size_t end = 0;
-    for (std::size_t at = 0; at < text.size();) {
-        const ScannedChar next = FirstChar(text.substr(at));
-        at += next.size;
-        if (!IsSpace(next.code))
-            end = at;
+    while (!text.empty()) {
+        std::size_t last = text.size() - 1;
+        while (last > 0 && text.size() - last < 4 &&
+               (static_cast<unsigned char>(text[last]) & 0xC0U) == 0x80U)
+            --last;
+        const ScannedChar end = FirstChar(text.substr(last));
+        if (last + end.size != text.size() || !IsSpace(end.code))
+            break;
+        text.remove_suffix(end.size);
     }
-    return text.substr(0, end);
+    return text;
+}
+
+std::string FoldText(std::string_view text)
+{
+    std::string folded;
+    while (!text.empty()) {
+        const ScannedChar next = FirstChar(text);
+        const char32_t small = Small(next.code);
+        if (small < 0x80)
+            folded += static_cast<char>(small);
+        else if (small >= 0x430 && small <= 0x44F) {
+            folded += static_cast<char>(0xC0U | (small >> 6U));
+            folded += static_cast<char>(0x80U | (small & 0x3FU));
+        } else
+            folded += text.substr(0, next.size);
+        text.remove_prefix(next.size);
+    }
+    return folded;
 }
 
 }  // namespace clb

@@ -2,6 +2,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace clb {
@@ -33,5 +34,9 @@ struct ScannedChar {
 
 /// Removes the spaces of any kind at both ends.
 [[nodiscard]] std::string_view TrimSpaces(std::string_view text);
+
+/// Text in small letters and without accents, of Latin and Cyrillic scripts ("Größe" is "grose");
+/// for comparisons of words.
+[[nodiscard]] std::string FoldText(std::string_view text);
 
 }  // namespace clb

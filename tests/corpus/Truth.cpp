@@ -33,11 +33,11 @@ bool HasDate(const nlohmann::json& row, const std::string& date)
            std::find(others.begin(), others.end(), date) != others.end();
 }
 
-/// The truth says why a row may be missing, or only that it may.
+/// A row may be there: "optional" is a reason or true.
 bool IsOptional(const nlohmann::json& row)
 {
-    const auto found = row.find("optional");
-    return found != row.end() && *found != false;
+    const auto optional = row.find("optional");
+    return optional != row.end() && !optional->is_null() && *optional != false;
 }
 
 std::string Described(const StatementRow& row)

@@ -188,6 +188,17 @@ TEST(DecimalMarksTest, AmountsOfThreeDecimalsLeaveItOpen)
     EXPECT_EQ(Marks({"1.234", "500"}), ".,");
 }
 
+TEST(DecimalMarksTest, KnowsTheMarkThatIsOpen)
+{
+    DecimalMarks marks;
+    marks.Add("kr.1,234");
+    EXPECT_EQ(marks.Mark(), ',');
+    marks.Add("500");
+    EXPECT_EQ(marks.Mark(), ',');
+    marks.Add("1.234");
+    EXPECT_EQ(marks.Mark(), '\0');
+}
+
 TEST(DecimalMarksTest, WholeAmountsMeanTheSame)
 {
     EXPECT_EQ(Marks({"5", "100", "text", ""}), "same .,");

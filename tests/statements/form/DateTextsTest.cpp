@@ -185,6 +185,7 @@ TEST(DateTextsTest, TimesAndZonesDoNotChangeTheDay)
     EXPECT_EQ(Read("03.03.2021 / 12:05 Uhr"), "2021-03-03");
     EXPECT_EQ(Read("03/03/2021 11:59:59 PM"), "2021-03-03");
     EXPECT_EQ(Read("03/03/2021 12:05:00 p.m."), "2021-03-03");
+    EXPECT_EQ(Read("03/03/2021 a las 12:05"), "2021-03-03");
     EXPECT_EQ(Read("03.03.2021 kl. 12.05"), "2021-03-03");
     EXPECT_EQ(Read("03.03.2021 23:30:00 America/New_York"), "2021-03-03");
 }
@@ -221,7 +222,9 @@ TEST(DateTextsTest, RefusesOtherTexts)
                              "3.3.2021 - 31.3.2021",
                              "\xFF",
                              "3.3.\xFF",
-                             "192.168.100.1"})
+                             "192.168.100.1",
+                             "3.3.2021 a",
+                             "3.3.2021 at"})
         for (const Order order : {Order::DayMonthYear, Order::MonthDayYear, Order::YearMonthDay})
             EXPECT_EQ(Read(text, order), "none") << text;
     EXPECT_EQ(Read(std::string(1'000'000, '1')), "none");
@@ -281,6 +284,13 @@ TEST(DateOrdersTest, AShortYearInFrontNeedsDaysThatLieCloserTogether)
     EXPECT_EQ(Orders({"21-05-13", "21-05-14", "21-05-28"}), "ymd ");
     EXPECT_EQ(Orders({"210513", "210514", "210528"}), "ymd ");
     EXPECT_EQ(Orders({"130521", "140521", "280521"}), "dmy ");
+}
+
+TEST(DateOrdersTest, PointsRuleOutTheMonthInFront)
+{
+    EXPECT_EQ(Orders({"01.02.2021", "03.02.2021"}), "dmy ");
+    EXPECT_EQ(Orders({"01.02.2021", "03/02/2021"}), "dmy mdy ");
+    EXPECT_EQ(Orders({"01.02.2021", "01.13.2021"}), "mdy ");
 }
 
 TEST(DateOrdersTest, WeekdaysSettleTheOrder)

@@ -1,0 +1,143 @@
+#include "statements/csv/CsvRows.h"
+
+#include <algorithm>
+
+#include "statements/csv/CellWords.h"
+#include "statements/csv/CsvCells.h"
+#include "statements/form/CurrencyMarks.h"
+
+namespace clb {
+namespace {
+
+constexpr std::size_t kMostExtra = 12;
+
+/// The record with the fields from `at` on, one more than `extra`, as one.
+CsvRecord Joined(const CsvRecord& record, std::size_t at, std::size_t extra)
+{
+    CsvRecord joined = record;
+    const std::string_view last = record.fields[at + extra];
+    const std::string_view first = record.fields[at];
+    const char* const begin = first.data();
+    const char* const end = last.data() + last.size();
+    const char* const rawBegin = record.raw.data();
+    const char* const rawEnd = rawBegin + record.raw.size();
+    const bool inside = !first.empty() && std::less_equal<>()(rawBegin, begin) &&
+                        std::less_equal<>()(end, rawEnd) && std::less<>()(begin, end);
+    joined.fields[at] =
+        inside ? std::string_view(begin, static_cast<std::size_t>(end - begin)) : first;
+    const auto from = joined.fields.begin() + static_cast<std::ptrdiff_t>(at) + 1;
+    joined.fields.erase(from, from + static_cast<std::ptrdiff_t>(extra));
+    return joined;
+}
+
+}  // namespace
+
+CsvRows::CsvRows(const CsvTable& table, const CsvColumns& columns)
+    : table_(table), columns_(columns), isTyped_(table.Width(), false)
+{
+    const auto typed = [this](const std::optional<std::size_t>& column) {
+        if (column && *column < isTyped_.size())
+            isTyped_[*column] = true;
+    };
+    for (const std::size_t date : columns.dates)
+        typed(date);
+    for (const AmountSource& source : columns.sources)
+        for (const auto& column : {source.amount, source.mark, source.in, source.out, source.fee})
+            typed(column);
+    for (const std::size_t balance : columns.balances)
+        typed(balance);
+    typed(columns.currency);
+    typed(columns.account);
+    typed(columns.valueDate);
+}
+
+std::string_view CsvRows::DateOf(const CsvColumns& columns, const CsvRecord& record)
+{
+    for (const std::size_t column : columns.dates)
+        if (IsDateCell(record.Field(column)))
+            return record.Field(column);
+    return {};
+}
+
+bool CsvRows::IsTooLong(const CsvRecord& record) const
+{
+    for (std::size_t i = table_.Width(); i < record.fields.size(); ++i)
+        if (!record.fields[i].empty())
+            return true;
+    return false;
+}
+
+void CsvRows::ForEach(const std::function<void(const CsvRecord&)>& take) const
+{
+    table_.ForEachRecord([&](const CsvRecord& record) {
+        if (!IsTooLong(record))
+            return take(record);
+        CsvRecord row = record;
+        Fit(row);
+        take(row);
+    });
+}
+
+std::optional<std::string> CsvRows::Typed(const CsvRecord& record) const
+{
+    std::string typed;
+    bool dated = false;
+    bool amount = false;
+    for (std::size_t i = 0; i < isTyped_.size(); ++i) {
+        if (!isTyped_[i])
+            continue;
+        const std::string_view cell = record.Field(i);
+        const bool isDate =
+            std::find(columns_.dates.begin(), columns_.dates.end(), i) != columns_.dates.end() ||
+            columns_.valueDate == i;
+        if (cell.empty()) {
+        } else if (isDate) {
+            if (!IsDateCell(cell))
+                return std::nullopt;
+            dated = true;
+        } else if (columns_.currency == i) {
+            if (!IsCurrencyMark(cell))
+                return std::nullopt;
+        } else if (columns_.account == i) {
+        } else if (std::any_of(columns_.sources.begin(), columns_.sources.end(),
+                               [i](const AmountSource& source) { return source.mark == i; })) {
+            if (SideOfMark(cell) == CellSide::None)
+                return std::nullopt;
+        } else if (!IsAmountCell(cell))
+            return std::nullopt;
+        else
+            amount = true;
+        typed.append(cell).append(1, '\n');
+    }
+    return dated && amount ? std::optional(typed) : std::nullopt;
+}
+
+void CsvRows::Fit(CsvRecord& record) const
+{
+    std::size_t last = record.fields.size();
+    while (last > 0 && record.fields[last - 1].empty())
+        --last;
+    const std::size_t extra = last - table_.Width();
+    CsvRecord best;
+    std::optional<std::string> typed = extra > kMostExtra ? std::nullopt : Typed(record);
+    bool several = false;
+    if (typed)
+        best = record;
+    for (std::size_t at = 0; extra <= kMostExtra && at < table_.Width(); ++at) {
+        if (isTyped_[at] || at + extra >= record.fields.size())
+            continue;
+        const CsvRecord joined = Joined(record, at, extra);
+        const auto fits = Typed(joined);
+        if (!fits)
+            continue;
+        several = several || (typed && *typed != *fits);
+        typed = fits;
+        best = joined;
+    }
+    if (typed && !several)
+        record = best;
+    else
+        record.fields.clear();
+}
+
+}  // namespace clb
