@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "statements/form/TextScan.h"
+
 namespace clb {
 
 using DateText::Order;
@@ -21,6 +23,17 @@ void FileDates::Add(std::string_view text)
     orders_.Add(text);
     if (added_++ == 0)
         first_ = text;
+}
+
+std::string FileDates::Pattern() const
+{
+    std::string pattern;
+    for (const char c : first_) {
+        const char shown = IsDigit(static_cast<unsigned char>(c)) ? '9' : c;
+        if (shown != ' ' && (pattern.empty() || shown != '9' || pattern.back() != '9'))
+            pattern += shown;
+    }
+    return pattern;
 }
 
 /// The orders to choose from: one if the file settles it, none if it has no date. All if no order

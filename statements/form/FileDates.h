@@ -24,6 +24,9 @@ public:
     [[nodiscard]] DateText::Order Settled(std::optional<DateText::Order> answer,
                                           DateText::Order preferred) const;
 
+    /// How the first date is written: "9/9/9" for "12/31/2024". Empty if there is none.
+    [[nodiscard]] std::string Pattern() const;
+
 private:
     [[nodiscard]] std::vector<DateText::Order> Options() const;
 

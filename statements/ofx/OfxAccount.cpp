@@ -1,9 +1,11 @@
 #include "statements/ofx/OfxAccount.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
 
 #include "base/Text.h"
+#include "statements/form/CurrencyMarks.h"
 #include "statements/ofx/OfxDate.h"
 #include "statements/ofx/OfxText.h"
 
@@ -34,6 +36,16 @@ std::string Distinction(const OfxFacts& facts)
 
 }  // namespace
 
+std::string OfxCurrency(std::string_view raw)
+{
+    const std::string text = OfxText(raw);
+    std::string code = ToUpperAscii(text);
+    const bool letters = code.size() == 3 && std::all_of(code.begin(), code.end(), [](char c) {
+                             return c >= 'A' && c <= 'Z';
+                         });
+    return letters ? code : CurrencyOf(text);
+}
+
 StatementAccount OfxAccountOf(const OfxFacts& facts)
 {
     StatementAccount account;
@@ -43,7 +55,7 @@ StatementAccount OfxAccountOf(const OfxFacts& facts)
     if (!branch.empty())
         account.bank += account.bank.empty() ? branch : "/" + branch;
     account.type = IsCredit(facts) ? "Credit Card" : "Bank";
-    account.currency = ToUpperAscii(OfxText(facts.currency));
+    account.currency = OfxCurrency(facts.currency);
     return account;
 }
 

@@ -49,6 +49,12 @@ public:
         OfxWalk(text_, rows).Run();
     }
 
+    /// Banks differ in what they leave open, and their files name them.
+    [[nodiscard]] std::string Shape() const override
+    {
+        return "ofx " + survey_.Accounts().front().bank + " " + survey_.Dates().Pattern();
+    }
+
 private:
     std::string_view text_;
     OfxSurvey survey_;

@@ -11,6 +11,7 @@ namespace clb {
 namespace {
 
 constexpr std::size_t kShownLength = 100;
+constexpr std::size_t kLongestSought = 256;
 
 /// Puts texts together that are not empty, with a space between them.
 std::string Joined(std::initializer_list<std::string> texts)
@@ -25,9 +26,11 @@ std::string Joined(std::initializer_list<std::string> texts)
     return joined;
 }
 
+/// Whether a text says the other already. A longer one is not looked for, which would take long.
 bool Holds(std::string_view text, std::string_view part)
 {
-    return text.find(part) != std::string_view::npos;
+    return text == part ||
+           (part.size() <= kLongestSought && text.find(part) != std::string_view::npos);
 }
 
 bool IsZeros(std::string_view text)
@@ -160,7 +163,7 @@ void OfxRows::EnterAccount(const OfxEntry& entry)
 {
     StatementAccount account = Account();
     if (!entry.currency.empty())
-        account.currency = ToUpperAscii(OfxText(entry.currency));
+        account.currency = OfxCurrency(entry.currency);
     if (account.currency == currency_)
         return;
     currency_ = account.currency;

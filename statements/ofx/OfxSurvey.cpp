@@ -10,6 +10,8 @@
 namespace clb {
 namespace {
 
+constexpr std::size_t kMostStatements = 100000;
+
 const char* Described(OfxTag content)
 {
     switch (content) {
@@ -53,6 +55,8 @@ bool DeletesAnother(const OfxEntry& entry)
 
 void OfxSurvey::EndStatement(const OfxFacts& facts)
 {
+    if (statements_.size() == kMostStatements)
+        throw NotAStatement("The file holds more than 100,000 statements.");
     statements_.push_back(facts);
     if (facts.currency.empty())
         statements_.back().currency = currency_;

@@ -41,6 +41,8 @@ public:
         rows.Finish();
     }
 
+    [[nodiscard]] std::string Shape() const override { return "qif " + survey_.Dates().Pattern(); }
+
 private:
     std::string_view text_;
     QifSurvey survey_;

@@ -1,7 +1,5 @@
 #include "statements/qif/QifRows.h"
 
-#include <algorithm>
-
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "statements/qif/QifPieces.h"
@@ -58,8 +56,8 @@ void QifRows::BeginList(const QifList& list)
 
 void QifRows::EndList()
 {
-    for (const Trades& trades : trades_)
-        sink_.LeftOut({trades.line, LeftOutReason::Investment, trades.action, trades.count});
+    for (const auto& [action, trades] : trades_)
+        sink_.LeftOut({trades.line, LeftOutReason::Investment, action, trades.count});
     trades_.clear();
     if (inAccount_)
         sink_.EndAccount({});
@@ -78,14 +76,9 @@ void QifRows::Record(const QifRecord& record)
 
 void QifRows::Trade(const QifRecord& record)
 {
-    const std::string action = Left(record.number, kShownLength);
-    const auto found =
-        std::find_if(trades_.begin(), trades_.end(),
-                     [&action](const Trades& trades) { return trades.action == action; });
-    if (found == trades_.end())
-        trades_.push_back({action, record.line, 1});
-    else
-        ++found->count;
+    Trades& trades = trades_[Left(record.number, kShownLength)];
+    if (trades.count++ == 0)
+        trades.line = record.line;
 }
 
 void QifRows::Transaction(const QifRecord& record)

@@ -1,6 +1,7 @@
 // The rows of a QIF file.
 #pragma once
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,7 +26,6 @@ public:
 private:
     /// Investments of one action.
     struct Trades {
-        std::string action;
         std::size_t line = 0;
         std::size_t count = 0;
     };
@@ -43,8 +43,8 @@ private:
     DateText::Order order_;
     std::size_t lists_ = 0;
     bool investment_ = false;
-    bool inAccount_ = false;  ///< between BeginAccount and EndAccount
-    std::vector<Trades> trades_;
+    bool inAccount_ = false;                ///< between BeginAccount and EndAccount
+    std::map<std::string, Trades> trades_;  ///< by action
 };
 
 }  // namespace clb

@@ -30,7 +30,6 @@ void QifSurvey::Record(const QifRecord& record)
         last_ = record;
     if (!accounts_.empty() && accounts_.back().empty())
         accounts_.back() = NamedByOpening(record);
-    points_ = points_ || record.date.find('.') != std::string::npos;
     if (!record.date.empty())
         dates_.Add(record.date);
     amounts_.Add(record.amount);
@@ -39,11 +38,10 @@ void QifSurvey::Record(const QifRecord& record)
         amounts_.Add(piece.amount);
 }
 
-/// The format comes from America. Who writes points or decimal commas puts the day first.
+/// The format comes from America. Who writes decimal commas puts the day first.
 DateText::Order QifSurvey::Preferred() const
 {
-    return points_ || amounts_.HasCommas() ? DateText::Order::DayMonthYear
-                                           : DateText::Order::MonthDayYear;
+    return amounts_.HasCommas() ? DateText::Order::DayMonthYear : DateText::Order::MonthDayYear;
 }
 
 bool QifSurvey::IsWhole(const QifRecord& record) const

@@ -37,7 +37,6 @@ private:
     std::vector<std::string> accounts_;
     std::uint32_t common_ = UINT32_MAX;  ///< letters of every record that has ended
     std::optional<QifRecord> last_;      ///< if it has not ended
-    bool points_ = false;                ///< a date has points
 };
 
 }  // namespace clb

@@ -141,6 +141,16 @@ TEST(OfxAccounts, TheRowsCurrencyIsTheStatementsIfThatNamesNone)
     EXPECT_EQ(read.accounts[0].rows.size(), 2U);
 }
 
+TEST(OfxAccounts, ACurrencyIsACode)
+{
+    const std::pair<const char*, const char*> currencies[] = {
+        {"brl", "BRL"}, {"EUR", "EUR"}, {"$$", ""}, {"", ""}};
+    for (const auto& [written, code] : currencies) {
+        const CollectedStatement read = ReadText(OfxFile(OfxStatement("", written)));
+        EXPECT_EQ(read.accounts.at(0).account.currency, code) << written;
+    }
+}
+
 TEST(OfxAccounts, InvestmentsGiveTheirCashRowsAndListTheRest)
 {
     const CollectedStatement read = ReadText(

@@ -162,6 +162,15 @@ TEST(OfxRows, TheNameIsTheBestThatTheRowHas)
     }
 }
 
+TEST(OfxRows, HugeTextsAreReadInATimeThatGrowsWithThem)
+{
+    const std::string memo(1000000, 'a');
+    const StatementRow row = ReadRow(
+        OfxRow("20240103", "1", "<NAME>x<MEMO>" + memo + "<EXTDNAME>" + memo.substr(500000) + "b"));
+
+    EXPECT_EQ(row.text.size(), memo.size() + 500002);
+}
+
 TEST(OfxRows, TextsAreDecoded)
 {
     const std::pair<const char*, const char*> texts[] = {

@@ -79,9 +79,7 @@ TEST(QifReader, AnOrderThatTheFileLeavesOpenIsAsked)
 
 TEST(QifReader, ProposesTheDayFirstToWhoWritesDecimalCommas)
 {
-    for (const char* const text :
-         {"!Type:Bank\nD03/02/2024\nT1,00\n^\n", "!Type:Bank\nD03.02.2024\nT1.00\n^\n"})
-        EXPECT_EQ(ReadQif(text)->Open({}).at(0).proposed, "dmy") << text;
+    EXPECT_EQ(ReadQif("!Type:Bank\nD03/02/2024\nT1,00\n^\n")->Open({}).at(0).proposed, "dmy");
 }
 
 TEST(QifReader, AnAnswerAgainstTheFileLeavesOutWhatItDoesNotFit)
@@ -318,6 +316,14 @@ TEST(QifReader, AFileThatBreaksOffGivesItsWholeRowsOnly)
         EXPECT_EQ(read.Rows(), Texts{"2023-12-31 1 z"}) << rest;
         EXPECT_EQ(read.leftOut.at(0).reason, LeftOutReason::Incomplete) << rest;
     }
+}
+
+TEST(QifReader, FilesWithDatesOfOneShapeHaveTheSameShape)
+{
+    EXPECT_EQ(ReadQif("!Type:Bank\nD1/ 2'24\nT1\n^\n")->Shape(),
+              ReadQif("!Type:Bank\nD12/31'23\nT1\n^\n")->Shape());
+    EXPECT_NE(ReadQif("!Type:Bank\nD1.2.2024\nT1\n^\n")->Shape(),
+              ReadQif("!Type:Bank\nD1/2/2024\nT1\n^\n")->Shape());
 }
 
 TEST(QifReader, AFileWithoutRowsHasNone)
