@@ -7,6 +7,9 @@ namespace {
 
 constexpr std::size_t kDayDigits = 8;
 constexpr std::size_t kStampDigits = 14;
+// Beyond them the digits are something else, such as seconds since 1970.
+constexpr int kFirstYear = 1900;
+constexpr int kLastYear = 2199;
 
 bool IsDigit(char c)
 {
@@ -34,10 +37,13 @@ std::optional<Date> ReadOfxDay(std::string_view text)
 {
     const auto end = std::find_if_not(text.begin(), text.end(), IsDigit);
     const auto digits = static_cast<std::size_t>(end - text.begin());
-    if (digits < kDayDigits || digits > kStampDigits || !IsTimeOrZone(text.substr(digits)))
+    if (digits < kDayDigits || digits > kStampDigits || digits % 2 != 0 ||
+        !IsTimeOrZone(text.substr(digits)))
         return std::nullopt;
-    return Date::Of(Number(text.substr(0, 4)), Number(text.substr(4, 2)),
-                    Number(text.substr(6, 2)));
+    const int year = Number(text.substr(0, 4));
+    if (year < kFirstYear || year > kLastYear)
+        return std::nullopt;
+    return Date::Of(year, Number(text.substr(4, 2)), Number(text.substr(6, 2)));
 }
 
 bool IsNoStamp(std::string_view text)

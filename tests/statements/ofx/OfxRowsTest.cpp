@@ -37,7 +37,8 @@ TEST(OfxRows, TheDayIsTheOneWritten)
           "20240229 12:00:00", "20240229000000.000[-3:BRT]", "20240229T120000", "20240229120000Z",
           "20240229000000-0300"})
         EXPECT_EQ(DateOf(stamp), "2024-02-29") << stamp;
-    for (const char* const stamp : {"20240230", "2024", "00000000", "20241301", "abc"})
+    for (const char* const stamp : {"20240230", "2024", "00000000", "20241301", "abc", "1712012345",
+                                    "202402291", "00010101", "20240229x"})
         EXPECT_EQ(DateOf(stamp), "") << stamp;
 }
 
