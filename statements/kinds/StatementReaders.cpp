@@ -1,6 +1,7 @@
 #include "statements/kinds/StatementReaders.h"
 
 #include "statements/csv/CsvReader.h"
+#include "statements/kinds/ForeignFile.h"
 #include "statements/messages/CamtReader.h"
 #include "statements/messages/Mt940Reader.h"
 #include "statements/ofx/OfxReader.h"
@@ -14,6 +15,8 @@ std::unique_ptr<IStatementReader> OpenStatement(std::string_view text)
         return ReadCamt(text);
     if (IsOfx(text))
         return ReadOfx(text);
+    if (const std::string foreign = DescribeForeignFile(text); !foreign.empty())
+        throw NotAStatement(foreign);
     if (IsMt940(text))
         return ReadMt940(text);
     if (IsQifText(text))

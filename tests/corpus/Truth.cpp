@@ -50,10 +50,12 @@ std::string Described(const StatementRow& row)
 
 void ReadStatement::BeginAccount(const StatementAccount& account)
 {
-    for (current_ = 0; current_ < accounts.size(); ++current_)
-        if (accounts[current_].account.number == account.number &&
-            accounts[current_].account.currency == account.currency)
+    for (current_ = 0; current_ < accounts.size(); ++current_) {
+        const StatementAccount& known = accounts[current_].account;
+        if (known.number == account.number && known.name == account.name &&
+            known.currency == account.currency)
             return;
+    }
     accounts.push_back({account, {}, {}});
 }
 
