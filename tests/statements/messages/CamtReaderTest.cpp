@@ -157,6 +157,9 @@ TEST(CamtReaderTest, TheOtherPartyIsNamedInEveryVersion)
     EXPECT_EQ(name("5", Tag("Dbtr", Tag("Pty", Tag("Nm", "Payer")))), "Payer");
     EXPECT_EQ(name("5", Tag("Dbtr", Tag("Agt", Tag("FinInstnId", Tag("Nm", "A Bank"))))), "A Bank");
     EXPECT_EQ(name("5", Tag("UltmtDbtr", Tag("Nm", "Behind"))), "Behind");
+    EXPECT_EQ(
+        name("5", Tag("Dbtr", Tag("Nm", "NOTPROVIDED")) + Tag("UltmtDbtr", Tag("Nm", "Behind"))),
+        "Behind");
 }
 
 TEST(CamtReaderTest, TheOwnerIsNotTheOtherParty)
