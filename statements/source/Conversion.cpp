@@ -32,15 +32,14 @@ public:
     /// Returns false at an invalid place.
     bool Next(std::string_view& bytes, std::string& text)
     {
-        std::array<char, 65536> block{};
         char* in = const_cast<char*>(bytes.data());  // not written to
         std::size_t left = bytes.size();
         for (;;) {
-            char* out = block.data();
-            std::size_t room = block.size();
+            char* out = block_.data();
+            std::size_t room = block_.size();
             const std::size_t result = iconv(open_, &in, &left, &out, &room);
             const int error = errno;
-            text.append(block.data(), block.size() - room);
+            text.append(block_.data(), block_.size() - room);
             bytes.remove_prefix(bytes.size() - left);
             if (result != static_cast<std::size_t>(-1))
                 return true;
@@ -51,6 +50,7 @@ public:
 
 private:
     iconv_t open_;
+    std::array<char, 65536> block_{};
 };
 
 /// Bytes of the valid character at the text's start; 0 if there is none.
