@@ -181,6 +181,10 @@ void Describe(pugi::xml_node node, const Nodes& details, CamtEntry& entry, const
     if (row.name.empty())
         row.name =
             FirstWords(additional.empty() ? row.text.substr(0, row.text.find("; ")) : additional);
+    if (row.name.empty() && !row.pieces.empty())
+        row.name = std::to_string(row.pieces.size()) + " transactions";
+    if (row.name.empty())
+        row.name = TextAt(node, "BkTxCd/Prtry/Cd");
     if (row.text == row.name)
         row.text.clear();
 }

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "statements/messages/CamtNodes.h"
+#include "statements/messages/RowText.h"
 
 namespace clb {
 namespace {
@@ -9,7 +10,9 @@ namespace {
 std::string PartyName(pugi::xml_node party)
 {
     std::string name = TextAt(party, "Nm", "Pty/Nm");
-    return name.empty() ? TextAt(party, "Agt/FinInstnId/Nm") : name;
+    if (name.empty())
+        name = TextAt(party, "Agt/FinInstnId/Nm");
+    return IsNoReference(name) ? std::string() : name;
 }
 
 CamtParty Side(pugi::xml_node parties, const std::string& side)

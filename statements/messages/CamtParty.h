@@ -14,7 +14,7 @@ struct CamtOwner {
 struct CamtParty {
     std::string name;
     std::string account;
-    std::string ultimate;  ///< name of the party behind it, if it is another one
+    std::string ultimate;  ///< name of the party that it acts for, if it says so
 };
 
 /// The other party by the details of a transaction. Usually the debtor of a credit and the creditor

@@ -23,6 +23,11 @@ bool IsUpper(char c)
 {
     return c >= 'A' && c <= 'Z';
 }
+bool IsOfWord(char c)
+{
+    return IsDigit(c) || IsUpper(c) || (c >= 'a' && c <= 'z') ||
+           static_cast<unsigned char>(c) >= 0x80;
+}
 
 }  // namespace
 
@@ -77,9 +82,18 @@ bool IsIdentifying(std::string_view reference, std::size_t length)
            std::any_of(reference.begin(), reference.end(), IsDigit) && !IsIban(reference);
 }
 
+/// Whether the text has the part as words of its own.
 bool RowText::Has(const std::string& part) const
 {
-    return text_.size() < kSearched && text_.find(part) != std::string::npos;
+    if (text_.size() >= kSearched)
+        return false;
+    for (std::size_t at = text_.find(part); at != std::string::npos;
+         at = text_.find(part, at + 1)) {
+        const std::size_t end = at + part.size();
+        if ((at == 0 || !IsOfWord(text_[at - 1])) && (end == text_.size() || !IsOfWord(text_[end])))
+            return true;
+    }
+    return false;
 }
 
 void RowText::Append(const std::string& part)

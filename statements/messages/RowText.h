@@ -8,7 +8,8 @@ namespace clb {
 /// The text with every run of white space as one space, and none at its ends.
 [[nodiscard]] std::string Squeezed(std::string_view text);
 
-/// Whether the text is what banks write where there is no reference, such as "NOTPROVIDED".
+/// Whether the text is what banks write where they have no reference or name, such as
+/// "NOTPROVIDED".
 [[nodiscard]] bool IsNoReference(std::string_view text);
 
 /// Whether a reference is fit to recognise the same row in another file: so many characters long

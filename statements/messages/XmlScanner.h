@@ -19,13 +19,13 @@ struct XmlTag {
 /// characters. Takes time in proportion to the text, whatever it holds. The text is borrowed.
 class XmlScanner {
 public:
-    /// Sections of characters that hold markup themselves are read as markup if openSections is
-    /// true: some envelopes carry a message as text.
     explicit XmlScanner(std::string_view text) : text_(text) {}
     /// Returns false at the end of the text, or where it breaks off inside a tag.
     bool Next(XmlTag& tag);
     /// Whether the text ended inside a tag, a comment or a section.
     [[nodiscard]] bool BrokeOff() const { return brokeOff_; }
+    /// Whether sections of characters that hold markup themselves are read as markup, from here on.
+    /// Some envelopes carry a message as text.
     void OpenSections(bool open) { openSections_ = open; }
 
 private:

@@ -157,6 +157,9 @@ TEST(CamtReaderTest, TheOtherPartyIsNamedInEveryVersion)
     EXPECT_EQ(name("5", Tag("Dbtr", Tag("Pty", Tag("Nm", "Payer")))), "Payer");
     EXPECT_EQ(name("5", Tag("Dbtr", Tag("Agt", Tag("FinInstnId", Tag("Nm", "A Bank"))))), "A Bank");
     EXPECT_EQ(name("5", Tag("UltmtDbtr", Tag("Nm", "Behind"))), "Behind");
+    EXPECT_EQ(
+        name("5", Tag("Dbtr", Tag("Nm", "NOTPROVIDED")) + Tag("UltmtDbtr", Tag("Nm", "Behind"))),
+        "Behind");
 }
 
 TEST(CamtReaderTest, TheOwnerIsNotTheOtherParty)
@@ -210,6 +213,16 @@ TEST(CamtReaderTest, ALineOf140CharactersGoesOnInTheNext)
               line + "y");
 }
 
+TEST(CamtReaderTest, APartOfAWordIsNotTheSameText)
+{
+    EXPECT_EQ(
+        RowOf({.more = Details(Tag("RltdPties", Tag("Dbtr", Tag("Nm", "A"))) +
+                               Tag("RmtInf", Tag("Ustrd", "Invoice 17")) + Tag("AddtlTxInf", "7")) +
+                       Tag("AddtlNtryInf", "invoice; 17")})
+            .text,
+        "Invoice 17; 7; invoice; 17");
+}
+
 TEST(CamtReaderTest, WithoutAPartyTheDescriptionIsTheName)
 {
     EXPECT_EQ(RowOf({.more = Tag("AddtlNtryInf", "Account fee\n March")}).name,
@@ -235,6 +248,7 @@ TEST(CamtReaderTest, ABatchIsSplitIfItsPartsSumToIt)
     EXPECT_EQ(row.pieces[0].amount, Money::Parse("4.5"));
     EXPECT_EQ(row.pieces[1].amount, Money::Parse("5.5"));
     EXPECT_EQ(row.pieces[1].text, "N5.5");
+    EXPECT_EQ(row.name, "2 transactions");
 }
 
 TEST(CamtReaderTest, PartsOfABatchHaveSignsOfTheirOwn)

@@ -173,6 +173,16 @@ TEST(DecodeTest, TheEncodingGivenWins)
     EXPECT_THROW((void)DecodeStatement("x", "no-such-encoding"), NotAStatement);
 }
 
+TEST(DecodeTest, CodesBeyondUnicodeAreReplaced)
+{
+    EXPECT_EQ(DecodeStatement("\xEF\xBB\xBF"
+                              "a\xF5\xBC\xB7\x91"
+                              "b"),
+              "a\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"
+              "b");
+    EXPECT_EQ(DecodeStatement("\xED\xA0\x80", "utf-8"), "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD");
+}
+
 TEST(DecodeTest, ABinaryFileIsRefused)
 {
     const auto refusal = [](const std::string& bytes) -> std::string {
