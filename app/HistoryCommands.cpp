@@ -1,5 +1,7 @@
 #include "app/HistoryCommands.h"
 
+#include <algorithm>
+
 #include "app/StepPlaces.h"
 #include "app/frmController.h"
 #include "app/frmHistory.h"
@@ -16,8 +18,11 @@ void ShowOutcome(frmController& window, const HistoryOutcome& outcome, bool undo
     const GridSpot current = window.Grid.CurrentSpot();
     window.ReloadWindow();
     const bool found = ShowTouched(window, outcome.touched);
-    if (!found && window.View().ShownNode().tag == shown.tag && window.Grid.Bound())
+    const bool sameColumns = window.View().ShownNode().tag == shown.tag && window.Grid.Bound();
+    if (sameColumns && !found)
         window.Grid.ReturnTo(current);
+    else if (sameColumns)
+        window.Grid.Col(std::max(current.column, kFirstColumn));
     window.Results().Show(outcome, undone);
 }
 

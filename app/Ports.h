@@ -30,7 +30,8 @@ struct Ports {
     /// Whether a command that corrects something copies the database first, and whether the window
     /// shows notices about it. False under automation and in a trial.
     bool keepsCopies = false;
-    /// Whether a bar in the window says what Undo and Redo have done. False like keepsCopies.
+    /// Whether a bar in the window says what Undo and Redo have done. False under automation and in
+    /// a trial.
     bool showsResults = false;
 };
 

@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::string_view kNone = "(none)";
 /// Has an address, unlike a default text, which would be stored as null.
-constexpr std::string_view kEmpty{"", 0};
+constexpr std::string_view kEmpty = kNone.substr(0, 0);
 
 /// The lines between two record ends. The texts refer to the file.
 struct Record {

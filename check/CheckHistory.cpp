@@ -153,7 +153,7 @@ void CheckHistory::FindSteps()
         Close(*step);
 }
 
-void CheckHistory::TakePart(Step& step, const RawSql::Row& row) const
+void CheckHistory::TakePart(Step& step, const RawSql::Row& row)
 {
     if (row.IsNull(6))
         return;

@@ -35,7 +35,7 @@ private:
     void FindTables();
     void FindUnsoundTable(const std::string& table);
     void FindSteps();
-    void TakePart(Step& step, const RawSql::Row& row) const;
+    static void TakePart(Step& step, const RawSql::Row& row);
     void Close(const Step& step);
     void FindOrder(const Step& step);
     void FindStray();

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
 #include "cli/Program.h"
@@ -13,7 +14,7 @@ namespace clb {
 namespace {
 
 struct HistoryOptions : FolderOptions {
-    std::int64_t limit = 100;
+    std::int64_t limit = std::numeric_limits<std::int64_t>::max();
     std::optional<std::int64_t> step;
 };
 
@@ -89,9 +90,10 @@ void PrintHistory(const HistoryOptions& options)
                                "The history has no step " + std::to_string(*options.step) + ".");
         if (!options.json)
             return PrintStep(history, *step);
+        const Json changes = ChangesJson(history, *step);
         Json printed = ToJson(*step);
-        printed["changes"] = ChangesJson(history, *step);
-        std::cout << ToLine({{"steps", Json::array({printed})}}) << '\n';
+        printed["changes"] = changes;
+        std::cout << ToLine({{"steps", Json::array({printed})}, {"changes", changes}}) << '\n';
         return;
     }
     const std::vector<Step> steps = NewestSteps(history, options.limit);
@@ -124,8 +126,8 @@ int TakeSteps(const UndoOptions& options, bool undo)
         std::cout << ToLine({{done, ToJson(outcome.steps)}}) << '\n';
     else
         for (const Step& step : outcome.steps)
-            std::cout << (undo ? "Undone: " : "Redone: ") << Printable(step.what) << " of "
-                      << Printable(step.at) << '\n';
+            std::cout << (undo ? "Undone: " : "Redone: ")
+                      << Replace(Printable(step.what + " of " + step.at), "\n", " ") << '\n';
     if (outcome.steps.empty())
         std::cerr << NothingTo(undo, ended) << '\n';
     return outcome.steps.empty() ? 1 : 0;
@@ -153,7 +155,7 @@ void AddHistory(CLI::App& app, int&)
 {
     auto options = std::make_shared<HistoryOptions>();
     Command command(app, "history", "List what commands have changed, the newest first");
-    command.Take("--limit", options->limit, "How many steps").Positive().ShowDefault();
+    command.Take("--limit", options->limit, "How many steps (default: all)").Positive();
     command.Take("--step", options->step, "Show what this step has changed").Positive();
     AddHome(command, *options);
     AddJson(command, *options);

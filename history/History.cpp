@@ -66,6 +66,7 @@ void History::Lost() noexcept
     changed_ = true;
     log_.Clear();
     shapes_.Forget();
+    store_.Forget();
     step_ = committedStep_;
 }
 
@@ -149,12 +150,24 @@ std::string History::Packed(std::int64_t& rows)
     return bytes;
 }
 
+/// Stores what was noted. Rows must not become durable without their step: if it cannot be stored,
+/// the whole group is given up.
 void History::Write()
 {
     if (log_.Empty())
         return;
     changed_ = true;
     const Own own(writing_);
+    try {
+        Store();
+    } catch (...) {
+        connection_->Internals().GiveUp();
+        throw;
+    }
+}
+
+void History::Store()
+{
     std::int64_t rows = 0;
     const std::string bytes = Packed(rows);
     if (!unfit_.empty()) {
@@ -164,7 +177,10 @@ void History::Write()
     }
     if (rows == 0)
         return;
+    const std::int64_t before = step_;
     step_ = OpenStep();
+    if (step_ == before)
+        rows -= KnownRows(store_.Parts(step_), bytes);
     store_.AppendPart(step_, bytes, rows);
     store_.KeepRoom();
 }

@@ -95,6 +95,7 @@ private:
     HistoryOutcome Apply(std::int64_t most, Way way);
     void Apply(const Step& step, Way way, HistoryOutcome& outcome);
     void Write();
+    void Store();
     std::string Packed(std::int64_t& rows);
     std::int64_t OpenStep();
 

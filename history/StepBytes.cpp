@@ -1,5 +1,8 @@
 #include "history/StepBytes.h"
 
+#include <algorithm>
+#include <map>
+
 #include "history/StepStore.h"
 
 namespace clb {
@@ -146,6 +149,23 @@ void StepReader::ReadCells(RowChanged& row)
             throw packed::BrokenBytes();
         row.before.emplace_back(static_cast<int>(column), reader_.CellBytes());
     }
+}
+
+std::int64_t KnownRows(const std::vector<std::string>& earlier, std::string_view part)
+{
+    std::map<std::string, std::vector<std::int64_t>> known;
+    RowChanged row;
+    for (const std::string& bytes : earlier)
+        for (StepReader reader(bytes); reader.NextTable();)
+            while (reader.NextRow(row))
+                known[reader.Table()].push_back(row.row);
+    for (auto& [table, rows] : known)
+        std::sort(rows.begin(), rows.end());
+    std::int64_t found = 0;
+    for (StepReader reader(part); reader.NextTable();)
+        for (const std::vector<std::int64_t>& rows = known[reader.Table()]; reader.NextRow(row);)
+            found += std::binary_search(rows.begin(), rows.end(), row.row) ? 1 : 0;
+    return found;
 }
 
 }  // namespace clb

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "engine/storage/PackedCells.h"
 #include "history/ChangeLog.h"
@@ -68,5 +69,8 @@ private:
     std::int64_t last_ = 0;
     std::uint64_t runLeft_ = 0;
 };
+
+/// How many rows of a part are also in earlier parts of its step. Throws packed::BrokenBytes.
+std::int64_t KnownRows(const std::vector<std::string>& earlier, std::string_view part);
 
 }  // namespace clb

@@ -75,6 +75,8 @@ public:
     /// Drops the oldest steps while the history takes more room than it may: a fifth of the file,
     /// or 64 MiB if that is more. The newest step that is not undone and all that are undone stay.
     void KeepRoom();
+    /// To be called after a group was lost.
+    void Forget() noexcept { known_ = -1; }
 
 private:
     bool IsSound(const std::string& table);

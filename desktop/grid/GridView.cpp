@@ -165,8 +165,13 @@ void GridView::scrollContentsBy(int /*dx*/, int /*dy*/)
 void GridView::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
+    const int below = layout_.RowTop(grid_.Row()) + layout_.RowHeight();
+    const bool wasShown = grid_.Row() != 0 && below <= event->oldSize().height();
     PlaceHeader();
     UpdateScrollBars();
+    // A bar that comes below the grid does not cover the current row.
+    if (wasShown && below > viewport()->height())
+        ShowCurrentCell();
     FollowEdit();
     FollowHint();
 }

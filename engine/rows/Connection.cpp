@@ -46,8 +46,7 @@ void RunDdl(Connection::State& state, const DdlQuery& ddl)
     try {
         ApplyDdl(ddl, state.catalogue, state.database);
     } catch (...) {
-        if (state.watch != nullptr)
-            state.watch->TakenBackTo(seen);
+        state.TellTakenBack(seen);
         state.ForgetSchema();
         throw;
     }

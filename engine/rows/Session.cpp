@@ -113,16 +113,24 @@ void Connection::State::StepWrite(Query& query)
     try {
         database.Step(query);
     } catch (const EngineError& error) {
-        if (watch != nullptr)
-            watch->TakenBackTo(seen);
+        TellTakenBack(seen);
         if (whole && error.Trouble() != FileTrouble::None && database.InTransaction())
             TakeBack();
         throw;
     } catch (...) {
-        if (watch != nullptr)
-            watch->TakenBackTo(seen);
+        TellTakenBack(seen);
         throw;
     }
+}
+
+void Connection::State::TellTakenBack(std::size_t seen) noexcept
+{
+    if (watch == nullptr)
+        return;
+    if (database.InTransaction())
+        watch->TakenBackTo(seen);
+    else
+        watch->Lost();
 }
 
 void Connection::State::StepInsert(Query& query, const std::string& table)

@@ -56,6 +56,11 @@ struct Connection::State {
     [[nodiscard]] bool LostGroup() const { return pending && !database.InTransaction(); }
     void Settle();
     void Abandon() noexcept;
+    /// Takes the pending group back. What else the command writes until Settle is refused.
+    void GiveUp() noexcept { TakeBack(); }
+    /// Tells the watch what the storage has taken back after a query that failed: the query, or the
+    /// whole group. seen: how many changes the watch had seen before the query.
+    void TellTakenBack(std::size_t seen) noexcept;
     bool ChangedElsewhere();
     /// A number that another program's writing changes. Throws EngineError.
     std::int64_t DataVersion();

@@ -231,7 +231,8 @@ private:
 
     [[nodiscard]] bool CarriesRowId() const
     {
-        return checker_.Sources().size() == 1 && !grouped_ && !select_.distinct;
+        return checker_.Sources().size() == 1 && !grouped_ && !select_.distinct &&
+               checker_.Sources()[0].table->identities;
     }
 
     void WriteItems(ExpressionWriter& writer, const std::vector<const ColumnInfo*>* columns)
@@ -327,6 +328,8 @@ private:
             for (std::size_t i = 0; i < checker_.Sources().size(); ++i)
                 visible_.push_back(i);
         for (auto source = visible_.rbegin(); source != visible_.rend(); ++source) {
+            if (!checker_.Sources()[*source].table->identities)
+                continue;
             writer.Text(divider).Text("t" + std::to_string(*source) + ".rowid");
             divider = ", ";
         }

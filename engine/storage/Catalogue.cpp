@@ -117,7 +117,8 @@ std::unique_ptr<TableInfo> Catalogue::Load(std::string_view name)
     // A virtual table has no page of its own.
     Query find = database_->Prepare(
         "SELECT m.name, EXISTS(SELECT 1 FROM sqlite_master t WHERE t.type = 'trigger' AND "
-        "t.tbl_name = m.name COLLATE NOCASE) FROM sqlite_master m WHERE m.type = 'table' AND "
+        "t.tbl_name = m.name COLLATE NOCASE), (SELECT wr FROM pragma_table_list(m.name) "
+        "WHERE schema = 'main') FROM sqlite_master m WHERE m.type = 'table' AND "
         "m.rootpage > 0 AND m.name = ?1 COLLATE NOCASE");
     find.BindText(1, name);
     if (!database_->Step(find))
@@ -125,6 +126,7 @@ std::unique_ptr<TableInfo> Catalogue::Load(std::string_view name)
     auto table = std::make_unique<TableInfo>();
     table->name = find.Text(0);
     table->triggers = find.Integer(1) != 0;
+    table->identities = find.Integer(2) == 0;
 
     Query columns = database_->Prepare(
         "SELECT name, type, \"notnull\", dflt_value, pk FROM pragma_table_info(?1)");

@@ -40,6 +40,7 @@ struct TableInfo {
     std::vector<ColumnInfo> columns;
     bool triggers = false;     ///< some trigger runs when its rows change
     bool placeholder = false;  ///< has no columns but the hidden one
+    bool identities = true;    ///< its rows have one; a table WITHOUT ROWID has none
 
     /// Finds a column by its name in any case. Returns null if there is none.
     [[nodiscard]] const ColumnInfo* Find(std::string_view column) const;

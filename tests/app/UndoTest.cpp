@@ -73,6 +73,19 @@ TEST_F(UndoTest, KeepsThePlaceInAViewThatShowsTheRowAlready)
     EXPECT_EQ(Window().Grid.Col(), Register::Amount);
 }
 
+TEST_F(UndoTest, KeepsTheColumnOnTheWayToAnotherRow)
+{
+    Click("Checking");
+    Window().StepMonth(2);
+    Window().Grid.MoveTo(1, Register::Amount);
+    EditTailor();
+
+    Press("mnuY_Undo");
+
+    EXPECT_EQ(Shown(), "Checking 5/2006|2006-05-10|Tailor");
+    EXPECT_EQ(Window().Grid.Col(), Register::Amount);
+}
+
 TEST_F(UndoTest, ShowsABudgetLineInItsMonth)
 {
     Command("Edit Budget Line", "UPDATE Budget SET Amount = 5 WHERE Period = 5");

@@ -23,7 +23,7 @@ protected:
     HistoryCheckTest()
     {
         folder_.Write("db/clb.mdb", EmptyDatabase());
-        WithHistory([this](Connection& connection, History& history) {
+        WithHistory([](Connection& connection, History& history) {
             for (const char* name : {"One", "Two", "Three", "Four", "Five"}) {
                 history.Begin(name);
                 connection.Execute(

@@ -132,6 +132,10 @@ TEST_F(QuotesCommandTest, QuotesAreFetchedFromTheLocalServiceAndPrinted)
               R"("LastPrice":"11"},{"StockSymbol":"NOPE","StockName":"Nowhere","before":"3",)"
               R"("LastPrice":"3"}]})"
               "\n");
+
+    EXPECT_EQ(Run("undo --json" + Home()), 0);
+    EXPECT_EQ(Json::parse(Out())["undone"][0]["what"], "Update Quotes");
+    EXPECT_EQ(Prices(), R"([["12.5"],["3"]])");
 }
 
 TEST_F(QuotesCommandTest, AFailedUpdateSaysSoAndShowsWhatWasSaved)

@@ -5,6 +5,7 @@
 #include "data/EmptyDatabase.h"
 #include "engine/rows/Connection.h"
 #include "engine/storage/EngineError.h"
+#include "history/History.h"
 #include "tests/crash/FaultyFiles.h"
 #include "tests/support/TempFolder.h"
 
@@ -135,6 +136,61 @@ TEST_F(LostGroupTest, AStatementThatIsInvalidByItselfLosesNothing)
     connection_.Settle();
 
     EXPECT_EQ(Accounts(), "1 2 ");
+}
+
+TEST_F(LostGroupTest, TheHistoryKnowsOnlyWhatWasKept)
+{
+    History history(
+        connection_, [] { return *Date::Of(2006, 3, 5); }, "this one");
+    const auto command = [&](const std::string& name, bool fails) {
+        history.Begin(name);
+        Add(name);
+        if (fails)
+            FailingOnce("INSERT INTO Budget (Category) VALUES ('Food')");
+        connection_.Settle();
+        history.End();
+    };
+    command("One", false);
+    command("Two", true);
+    EXPECT_EQ(history.NextToUndo()->what, "One");
+    command("Three", false);
+
+    EXPECT_EQ(Accounts(), "One Three ");
+    EXPECT_EQ(history.Undo(5).steps.size(), 2U);
+    connection_.Settle();
+    EXPECT_EQ(Accounts(), "");
+}
+
+TEST_F(LostGroupTest, AnUndoWhoseWritingFailsIsWhollyThereOrNotAtAll)
+{
+    History history(
+        connection_, [] { return *Date::Of(2006, 3, 5); }, "this one");
+    history.Begin("One");
+    Add("1");
+    connection_.Settle();
+    history.End();
+    FaultPlan plan;
+    plan.fault = Fault::Error;
+    plan.once = true;
+    plan.at = 1;
+    int taken = 0;
+    for (bool failed = true; failed; ++plan.at) {
+        files_.Begin(plan);
+        const bool undoes = history.NextToUndo().has_value();
+        try {
+            (undoes ? history.Undo(1) : history.Redo(1));
+            connection_.Settle();
+        } catch (const EngineError&) {
+            ++taken;
+        }
+        failed = files_.Failures() > 0;
+        files_.Begin({});
+        connection_.Settle();
+        history.End();
+        EXPECT_EQ(Accounts(), history.NextToUndo() ? "1 " : "") << "operation " << plan.at;
+        EXPECT_NE(history.NextToUndo().has_value(), history.NextToRedo().has_value());
+    }
+    EXPECT_GT(taken, 3);
 }
 
 }  // namespace

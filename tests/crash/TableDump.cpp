@@ -102,10 +102,9 @@ TableDump DumpOf(const std::string& path)
 TableDump WithoutHistory(TableDump dump)
 {
     std::erase_if(dump.lines, [](const std::string& line) {
-        return line.starts_with("CvStep") || line.starts_with("CvChange") ||
+        return line.starts_with("CvStep|") || line.starts_with("CvChange|") ||
                line.starts_with("sqlite_sequence|") ||
-               (line.starts_with("sqlite_master|") && (line.find("CvStep") != std::string::npos ||
-                                                       line.find("CvChange") != std::string::npos));
+               (line.starts_with("sqlite_master|") && line.find(":Cv") != std::string::npos);
     });
     return dump;
 }

@@ -58,9 +58,21 @@ TEST_F(HistoryTest, OneCommandIsOneStepHoweverOftenItSettles)
     connection_.Execute(kChecking);
     connection_.Execute("UPDATE Trans SET Amount = 7");
     End();
-    EXPECT_EQ(history_->NextToUndo()->rows, 3);
+    EXPECT_EQ(history_->NextToUndo()->rows, 2);
     EXPECT_EQ(Undo(100).steps.size(), 1U);
     EXPECT_EQ(Everything(), empty);
+}
+
+// Symptom: an import into a new account listed one row more than it had changed.
+TEST_F(HistoryTest, ARowThatAStepChangesAgainAfterASettleCountsOnce)
+{
+    history_->Begin("Import");
+    connection_.Execute(kChecking);
+    connection_.Settle();
+    connection_.Execute("UPDATE Account SET CurrentBalance = 7");
+    connection_.Execute(kCoffee);
+    End();
+    EXPECT_EQ(history_->NextToUndo()->rows, 2);
 }
 
 TEST_F(HistoryTest, TwoCommandsInOneCommitAreTwoSteps)
@@ -85,6 +97,22 @@ TEST_F(HistoryTest, AStatementThatFailsAndACommandTakenBackLeaveNoStep)
     connection_.Abandon();
     End();
     EXPECT_EQ(history_->NextToUndo()->what, "New Record");
+}
+
+// Symptom: what could not be recorded was kept all the same, and could not be undone.
+TEST_F(HistoryTest, WhatCannotBeRecordedIsNotKept)
+{
+    Command("New Record", {kChecking});
+    const std::string before = Everything();
+    Elsewhere("CREATE TRIGGER Refuse BEFORE INSERT ON CvStep BEGIN SELECT RAISE(ABORT, 'no'); END");
+    history_->Begin("Two");
+    connection_.Execute(kCoffee);
+    EXPECT_THROW(history_->Begin("Three"), EngineError);
+    EXPECT_ANY_THROW(connection_.Execute(kCoffee));
+    End();
+    EXPECT_EQ(Everything(), before);
+    Elsewhere("DROP TRIGGER Refuse");
+    EXPECT_EQ(Undo(5).steps.size(), 1U);
 }
 
 TEST_F(HistoryTest, RowsThatFollowTheirAccountGoBackWithIt)

@@ -60,6 +60,7 @@ as_user 'clb import bank-crlf.ofx --home books --create Checking --type Bank' ||
 as_user 'clb import bank.QIF --home books --map Checking' || fail "clb import of QIF"
 same "transactions imported" true \
     "$(as_user 'clb register Checking --month 2006-03 --home books' | grep -q Landlord && echo true)"
+same "clb undo" 'Undone: Import of bank.QIF' "$(as_user 'clb undo --home books' | sed 's/ of [-0-9: ]*$//')"
 same "clb check" "Everything is in order" "$(as_user 'clb check --home books' | tail -1)"
 as_user 'clb accounts' >/dev/null || fail "the user's own folder"
 as_user 'QT_QPA_PLATFORM=offscreen ledgerbook --picture window.png --home books' 2>/dev/null || fail "ledgerbook --picture"

@@ -46,16 +46,18 @@ TEST_F(CommandsTest, EveryMenuItemHasItsCaptionAndAccessKey)
     for (const char* item :
          {"mnuF_Import", "mnuF_Export", "mnuF_Print", "mnuF_Exit", "mnuE_New", "mnuE_Delete",
           "mnuE_Copy", "mnuE_MovePrev", "mnuE_MoveNext", "mnuE_Split", "mnuT_UpdateQuotes",
-          "mnuT_Options", "mnuH_HelpTopics", "mnuH_OnTheWeb", "mnuH_OnlineTutorial", "mnuH_About"})
+          "mnuT_Options", "mnuH_HelpTopics", "mnuH_OnTheWeb", "mnuH_OnlineTutorial", "mnuH_About",
+          "mnuY_Undo", "mnuY_Redo", "mnuY_Show"})
         captions += menus[item]["caption"].get<std::string>() + "\n";
 
-    EXPECT_EQ(menus.size(), 16U);
+    EXPECT_EQ(menus.size(), 19U);
     EXPECT_EQ(captions,
               "&Import...\n&Export...\n&Print...\nE&xit\n"
               "&New Record\n&Delete Record\n&Copy Budget From Previous Month\n"
               "Move To &Previous Month\nMove To N&ext Month\n&Split Transaction\n"
               "&Update Quotes\n&Options...\n"
-              "&Help Topics\nCorvane on the &Web\n&Online Tutorial\n&About Corvane Ledgerbook\n");
+              "&Help Topics\nCorvane on the &Web\n&Online Tutorial\n&About Corvane Ledgerbook\n"
+              "&Undo\n&Redo\n&Show History...\n");
 }
 
 TEST_F(CommandsTest, TheToolbarHasItsFiveButtons)

@@ -19,7 +19,8 @@ protected:
     std::string Steps()
     {
         std::string steps;
-        for (const Json& step : Do({{"do", "history"}})["steps"])
+        const Json reply = Do({{"do", "history"}});
+        for (const Json& step : reply["steps"])
             steps += (steps.empty() ? "" : ", ") + step["what"].get<std::string>() +
                      (step["undone"] == true ? " (undone)" : "");
         return steps;
@@ -99,7 +100,7 @@ TEST_F(HistoryTest, TheRowThatASplitSavesFirstIsAStepOfItsOwn)
 {
     Click("Checking");
     Edit(1, 2, "Shop");
-    AnswerForm("frmSplit", R"([{"set":"txtNew","text":"-2"},{"press":"btnOK"}])");
+    AnswerForm("frmSplit", R"([{"set":"txtNew","to":"-2"},{"press":"btnOK"}])");
     Menu("mnuE_Split");
     EXPECT_EQ(Steps().substr(0, 35), "Split Transaction, Edit Transaction");
 }

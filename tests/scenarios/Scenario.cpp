@@ -14,7 +14,7 @@ Scenario::Scenario()
 
 void Scenario::TearDown()
 {
-    if (!client_ || past == Past::Wrong)
+    if (!client_)
         return;
     client_.reset();
     const WayBack back = GoBackAndForth(folder.Path("db/clb.mdb"), start_);
@@ -27,8 +27,7 @@ AutomationClient& Scenario::Program()
         std::vector<std::string> arguments{"--home", folder.Path(), "--now", now};
         arguments.insert(arguments.end(), options.begin(), options.end());
         client_ = std::make_unique<AutomationClient>(arguments);
-        if (past != Past::Wrong)
-            start_ = WithoutHistory(DumpOf(folder.Path("db/clb.mdb")));
+        start_ = WithoutHistory(DumpOf(folder.Path("db/clb.mdb")));
     }
     return *client_;
 }

@@ -97,7 +97,7 @@ protected:
     TempFolder folder;
     std::string now = "2006-03-05T10:00:00";
     std::vector<std::string> options;  ///< further options of the program
-    /// What must come of undoing everything at the end; nothing is undone if it is Wrong.
+    /// What must come of undoing everything at the end.
     Past past = Past::Whole;
 
 private:

@@ -264,6 +264,7 @@ TEST_F(SplitTest, ARowThatCannotBeSavedIsNotSplit)
     ShowTransaction("-100");
     Edit(1, 2, "Baker");
     Sql("DROP TABLE Budget");
+    past = Past::Ended;
     AnswerForm("frmSplit", R"([{"press":"btnOK"}])");
 
     EXPECT_EQ(ErrorOf({{"do", "menu"}, {"item", "mnuE_Split"}}),

@@ -84,6 +84,7 @@ TEST_F(StartTest, WithoutADatabaseLoadingFailsAndTheExitCodeIs1)
 TEST_F(StartTest, AFailureOfTheFirstReloadIsAFailureOfLoading)
 {
     // Symptom: the first line reported the error, but the process stayed and waited for requests.
+    past = Past::Ended;
     Sql("DROP TABLE Account");
     Sql("CREATE TABLE Account (AccountID TEXT, Description TEXT, Type TEXT, BudgetInclude YESNO)");
 

@@ -171,7 +171,7 @@ void StressRound::UseSession()
 void StressRound::Act(Target target)
 {
     const std::string own = name_ + "-" + std::to_string(target.number);
-    const int amount = std::int64_t{Random(-5000, 5000)} * 100 + target.number % 100;
+    const int amount = Random(-5000, 5000) * 100 + target.number % 100;
     switch (Random(1, 8)) {
         case 1:
         case 2:

@@ -9,7 +9,7 @@ namespace clb {
 /// How the history of a book ended a way back to its beginning.
 enum class Past {
     Whole,    ///< every change was undone and redone
-    Ended,    ///< a change of tables has ended the history before
+    Ended,    ///< a change of tables has ended what history lay before it
     Refused,  ///< rows were changed without the program; nothing was undone, and a sentence says so
     Wrong
 };

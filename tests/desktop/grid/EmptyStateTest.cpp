@@ -29,7 +29,7 @@ protected:
                 return link;
         return nullptr;
     }
-    void Click(QWidget* link)
+    static void Click(QWidget* link)
     {
         ASSERT_TRUE(link);
         ClickAt(*link, link->rect());

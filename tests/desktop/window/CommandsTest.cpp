@@ -344,6 +344,7 @@ TEST_F(CommandsTest, CommandsHaveTheUsualKeys)
     EXPECT_EQ(MenuAction("mnuE_Delete")->shortcut(), QKeySequence(QKeySequence::Delete));
     EXPECT_EQ(MenuAction("mnuF_Print")->shortcut(), QKeySequence(QKeySequence::Print));
     EXPECT_EQ(MenuAction("mnuH_HelpTopics")->shortcut(), QKeySequence(Qt::Key_F1));
+    EXPECT_EQ(MenuAction("mnuY_Undo")->shortcut(), QKeySequence(QKeySequence::Undo));
 }
 
 /// A misspelt key or name of a drawing would leave a command without it.
@@ -355,7 +356,9 @@ TEST_F(CommandsTest, EachCommandHasItsKeyAndPicture)
                 continue;
             const QAction& action = *MenuAction(command.name);
             EXPECT_FALSE(action.icon().isNull()) << command.name;
-            EXPECT_EQ(ToUtf8(action.shortcut().toString(QKeySequence::PortableText)), command.key);
+            EXPECT_EQ(
+                ToUtf8(QKeySequence::listToString(action.shortcuts(), QKeySequence::PortableText)),
+                command.key);
         }
     for (const WindowButton& button : WindowButtons()) {
         const QAction& action = *ToolbarWidget(window_).Action(button.key);

@@ -30,7 +30,7 @@ protected:
         QApplication::sendEvent(&widget, &event);
         QTest::qWait(1);
     }
-    void Press(Qt::Key key, Qt::KeyboardModifiers held)
+    static void Press(Qt::Key key, Qt::KeyboardModifiers held)
     {
         Key(*QApplication::focusWidget(), key, held);
     }

@@ -168,7 +168,7 @@ TEST_F(WindowTest, TheMenusAreInOrderWithAccessKeysAndSeparators)
     QStringList titles;
     for (const QAction* menu : window_.menuBar()->actions())
         titles << menu->text();
-    EXPECT_EQ(titles, (QStringList{"&File", "&Edit", "&Tools", "&Help"}));
+    EXPECT_EQ(titles, (QStringList{"&File", "&Edit", "&Tools", "Histor&y", "&Help"}));
 
     QStringList lines;
     for (const QAction* line : window_.menuBar()->actions().first()->menu()->actions())

@@ -1,0 +1,241 @@
+// Undo, Redo, the result bar and the history by mouse and keys.
+#include <QAccessible>
+#include <QApplication>
+#include <QStatusBar>
+#include <QToolButton>
+
+#include "desktop/grid/CellEditor.h"
+#include "desktop/window/ResultBarView.h"
+#include "tests/desktop/ScreenReaderSwitch.h"
+#include "tests/desktop/WindowFixture.h"
+
+namespace clb {
+namespace {
+
+constexpr std::int32_t kNotes = 6;
+
+/// What the bar announced last to screen readers.
+std::string& Announced()
+{
+    static std::string text;
+    return text;
+}
+
+void Listen(QAccessibleEvent* event)
+{
+    if (event->type() == QAccessible::Alert && event->accessibleInterface())
+        Announced() = ToUtf8(event->accessibleInterface()->text(QAccessible::Name));
+}
+
+class HistoryKeysTest : public WindowTest {
+protected:
+    HistoryKeysTest()
+    {
+        QApplication::setActiveWindow(&window_);
+        QTest::qWait(1);
+        ClickNode("Checking");
+        ClickCell(2, kNotes);
+    }
+
+    void Press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
+    {
+        QWidget* focused = QApplication::focusWidget();
+        Key(focused ? *focused : window_, key, held);
+    }
+    static void Type(const char* text)
+    {
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text));
+    }
+    /// Saves the notes of the second row.
+    void EditNotes(const char* text)
+    {
+        ClickCell(2, kNotes);
+        Type(text);
+        Press(Qt::Key_Return);
+    }
+    std::string Notes() { return Grid().CellText(2, kNotes); }
+    ResultBarView& Bar() { return Find<ResultBarView>(window_, "ResultBar"); }
+    std::string BarText() { return Model().result.Text(); }
+};
+
+TEST_F(HistoryKeysTest, TheKeysUndoAndRedo)
+{
+    EditNotes("first");
+    EditNotes("second");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Notes(), "first");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Notes(), "Baker 03");
+
+    Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Notes(), "first");
+    Press(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Notes(), "second");
+}
+
+TEST_F(HistoryKeysTest, WhileACellIsInEditTheKeysBelongToItsText)
+{
+    EditNotes("first");
+    ClickCell(2, kNotes);
+    Press(Qt::Key_F2);
+    Press(Qt::Key_End);
+    Type("!");
+    QLineEdit& line = GridWidget(window_).Editor().Line();
+    ASSERT_EQ(line.text(), QStringLiteral("first!"));
+
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(line.text(), QStringLiteral("first"));
+    EXPECT_TRUE(Grid().Editing());
+    Press(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(line.text(), QStringLiteral("first!"));
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(line.text(), QStringLiteral("first!"));
+    EXPECT_TRUE(Grid().Editing());
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Notes(), "first!");
+}
+
+TEST_F(HistoryKeysTest, TheCaptionsSayWhatTheKeysWouldDo)
+{
+    EXPECT_FALSE(MenuAction("mnuY_Redo")->isEnabled());
+    EditNotes("first");
+    EXPECT_EQ(MenuAction("mnuY_Undo")->text(), QStringLiteral("&Undo Edit Transaction"));
+    EXPECT_TRUE(MenuAction("mnuY_Undo")->isEnabled());
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(MenuAction("mnuY_Redo")->text(), QStringLiteral("&Redo Edit Transaction"));
+}
+
+TEST_F(HistoryKeysTest, TheBarTakesRoomOnlyWhileItIsShown)
+{
+    EditNotes("first");
+    EXPECT_FALSE(Bar().isVisible());
+    const QRect grid = GridWidget(window_).geometry();
+
+    Press(Qt::Key_Z, Qt::ControlModifier);
+
+    EXPECT_TRUE(Bar().isVisible());
+    EXPECT_EQ(GridWidget(window_).geometry().topLeft(), grid.topLeft());
+    EXPECT_LT(GridWidget(window_).height(), grid.height());
+    EXPECT_GE(Bar().height(), Bar().minimumSizeHint().height());
+    EXPECT_GE(Bar().y(), FirstTotal(window_)->geometry().bottom());
+    EXPECT_FALSE(Bar().geometry().intersects(window_.findChild<QStatusBar*>()->geometry()));
+    QTest::mouseClick(Bar().Closing(), Qt::LeftButton);
+    EXPECT_FALSE(Bar().isVisible());
+    EXPECT_EQ(GridWidget(window_).geometry(), grid);
+}
+
+TEST_F(HistoryKeysTest, TheBarsButtonDoesTheReverseAndLeavesTheFocusInTheGrid)
+{
+    EditNotes("first");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Bar().Reverse()->text(), QStringLiteral("Redo"));
+
+    QTest::mouseClick(Bar().Reverse(), Qt::LeftButton);
+
+    EXPECT_EQ(Notes(), "first");
+    EXPECT_EQ(Bar().Reverse()->text(), QStringLiteral("Undo"));
+    EXPECT_TRUE(GridWidget(window_).hasFocus());
+}
+
+TEST_F(HistoryKeysTest, TheBarIsReachedAndUsedByKeysAlone)
+{
+    EditNotes("first");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    SecondTotal(window_)->isVisible() ? SecondTotal(window_)->setFocus(Qt::TabFocusReason)
+                                      : FirstTotal(window_)->setFocus(Qt::TabFocusReason);
+    QTest::qWait(1);
+    Press(Qt::Key_Tab);
+    ASSERT_TRUE(Bar().Reverse()->hasFocus());
+
+    Press(Qt::Key_Space);
+
+    EXPECT_EQ(Notes(), "first");
+    EXPECT_TRUE(Bar().Reverse()->hasFocus());
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(Bar().isVisible());
+    EXPECT_TRUE(window_.focusWidget() && window_.focusWidget()->isVisible());
+    EXPECT_FALSE(Bar().isAncestorOf(window_.focusWidget()));
+}
+
+TEST_F(HistoryKeysTest, EscapeClosesTheBarUnlessACellIsInEdit)
+{
+    EditNotes("first");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    Press(Qt::Key_F2);
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(Grid().Editing());
+    EXPECT_TRUE(Bar().isVisible());
+
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(Bar().isVisible());
+
+    Press(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_TRUE(Bar().isVisible());
+    TreeWidget(window_).setFocus(Qt::TabFocusReason);
+    QTest::qWait(1);
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(Bar().isVisible());
+}
+
+TEST_F(HistoryKeysTest, TheBarDoesNotCoverTheRowThatItIsAbout)
+{
+    for (int row = 10; row < 100; ++row)
+        books_.Execute(
+            "INSERT INTO Trans (AccountID, PostDate, PayeeName, Amount, [Year], Period, Category, "
+            "[Sequence]) VALUES ('C1', #2006-03-05#, 'x', 1, 2006, 3, '(none)', " +
+            std::to_string(row) + ")");
+    events_.Run([this] { Model().View().Refresh(); });
+    GridView& grid = GridWidget(window_);
+    std::size_t last = 1;
+    while (grid.viewport()->rect().contains(grid.Layout().CellRect(last + 1, kNotes)))
+        ++last;
+    ClickCell(last, kNotes);
+    Type("typed");
+    Press(Qt::Key_Return);
+
+    Press(Qt::Key_Z, Qt::ControlModifier);
+
+    EXPECT_EQ(Grid().Row(), last);
+    EXPECT_TRUE(grid.viewport()->rect().contains(grid.Layout().CellRect(last, kNotes)));
+}
+
+TEST_F(HistoryKeysTest, TheBarGoesWhenAnotherAccountIsShown)
+{
+    EditNotes("first");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+
+    ClickNode("Purse");
+
+    EXPECT_FALSE(Bar().isVisible());
+}
+
+TEST_F(HistoryKeysTest, ALongTextLeavesRoomForTheButtons)
+{
+    Model().Steps().Begin(std::string(400, 'w'));
+    books_.Execute("UPDATE Trans SET PayeeName = 'x'");
+    events_.Run([] {});
+    window_.InnerSize(640, 400);
+
+    Press(Qt::Key_Z, Qt::ControlModifier);
+
+    const QRect bar = Bar().rect();
+    EXPECT_TRUE(bar.contains(Bar().Reverse()->geometry()));
+    EXPECT_TRUE(bar.contains(Bar().Closing()->geometry()));
+}
+
+TEST_F(HistoryKeysTest, ScreenReadersHearTheBar)
+{
+    ScreenReaderListens(true);
+    const auto before = QAccessible::installUpdateHandler(Listen);
+    EditNotes("first");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    QAccessible::installUpdateHandler(before);
+    ScreenReaderListens(false);
+
+    EXPECT_EQ(Announced(), BarText());
+    EXPECT_NE(Announced().find("Undone: Edit Transaction"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace clb
