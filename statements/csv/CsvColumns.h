@@ -35,7 +35,7 @@ struct ColumnFacts {
     void SettleDashes();
     [[nodiscard]] bool Mostly(std::size_t count) const
     {
-        return count > 0 && count * 5 >= filled * 4;
+        return count > 0 && count * 5 >= filled * 3;
     }
     [[nodiscard]] bool AreDates() const { return Mostly(dates); }
     [[nodiscard]] bool AreAmounts() const { return Mostly(amounts); }
