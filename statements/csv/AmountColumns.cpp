@@ -28,7 +28,10 @@ void AmountColumns::Find()
     columns_.equals = pairs.size();
     const std::size_t rows = roles_.Rows();
     for (const std::size_t amount : amounts) {
-        columns_.sources.push_back(AmountSource{.amount = amount, .mark = mark});
+        columns_.sources.push_back(
+            AmountSource{.amount = amount,
+                         .mark = mark,
+                         .unnamed = roles_[amount].rank >= ColumnRoles::kUnnamed});
         const int rank = roles_[amounts.front()].rank;
         const bool everywhere = roles_.Facts(amount).filled == rows;
         if (roles_[amount].rank == rank &&

@@ -171,7 +171,7 @@ AmountSigns::Verdict AmountSigns::Judge() const
 
 AmountSigns::Verdict AmountSigns::JudgeMarked() const
 {
-    if (unmarked_ > 0 && !SignsAgree())
+    if (HasUnmarked())
         return {Sign::Open, false,
                 "Some rows have no mark that says whether they come in or go out."};
     if (negative_ == 0 || SignsAgree() || SignsDiffer())

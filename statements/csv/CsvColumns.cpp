@@ -88,8 +88,7 @@ private:
             // Running numbers and words begin anew in the next file.
             if (!columns_.id && roles_.Facts(i).shortest >= 6 &&
                 roles_.Facts(i).values.size() * 5 >=
-                    std::min<std::size_t>(roles_.Facts(i).filled, 40) * 3 &&
-                roles_.Facts(i).filled * 2 > roles_.Facts(i).letters)
+                    std::min<std::size_t>(roles_.Facts(i).filled, 40) * 3)
                 columns_.id = i;
             else
                 roles_[i] = {ColumnRole::Text, 3};

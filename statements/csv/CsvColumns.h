@@ -52,7 +52,7 @@ struct AmountSource {
     std::optional<std::size_t> fee{};
     bool feeAdds = false;  ///< the fee is added as it is written, else its size is taken off
     bool negated = false;
-    bool unnamed = false;  ///< nothing says which of the two columns comes in
+    bool unnamed = false;  ///< no name says that this is the amount, or which column comes in
     friend bool operator==(const AmountSource&, const AmountSource&) = default;
 };
 

@@ -202,6 +202,20 @@ TEST(CsvReaderTest, RowsThatNoMarkSettlesAreAskedAbout)
               "sign ");
 }
 
+TEST(CsvReaderTest, ABalanceOfADebtDoesNotTurnNamedColumns)
+{
+    const std::string text =
+        "Date,Text,Debit,Credit,Balance\n2021-03-01,a,5.00,,105.00\n2021-03-02,b,,10.00,95.00\n"
+        "2021-03-03,c,2.00,,97.00\n";
+    EXPECT_EQ(Asked(text), "sign ");
+    EXPECT_EQ(ReadCsv(text)->Open({})[0].proposed, "normal");
+}
+
+TEST(CsvReaderTest, ARateIsNoAmount)
+{
+    EXPECT_EQ(Asked("Date,Text,Currency,Exchange rate\n2021-03-13,a,EUR,1.12\n"), "columns ");
+}
+
 TEST(CsvReaderTest, WordsSettleTheSignsOfACard)
 {
     EXPECT_EQ(Rows("Date,Description,Amount\n01/15/2021,COFFEE,5.25\n"
