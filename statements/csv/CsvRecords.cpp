@@ -1,6 +1,7 @@
 #include "statements/csv/CsvRecords.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "statements/form/TextScan.h"
 
@@ -20,6 +21,28 @@ constexpr auto npos = std::string_view::npos;
 bool CsvRecord::IsBlank() const
 {
     return std::all_of(fields.begin(), fields.end(), [](std::string_view f) { return f.empty(); });
+}
+
+std::size_t CsvRecord::Filled() const
+{
+    std::size_t filled = fields.size();
+    while (filled > 0 && fields[filled - 1].empty())
+        --filled;
+    return filled;
+}
+
+void CsvRecord::Join(std::size_t at, std::size_t extra)
+{
+    const std::string_view first = fields[at];
+    const std::string_view last = fields[at + extra];
+    const char* const end = last.data() + last.size();
+    const bool inside =
+        !first.empty() && !last.empty() && std::less_equal<>()(raw.data(), first.data()) &&
+        std::less_equal<>()(end, raw.data() + raw.size()) && std::less<>()(first.data(), end);
+    if (inside)
+        fields[at] = std::string_view(first.data(), static_cast<std::size_t>(end - first.data()));
+    const auto from = fields.begin() + static_cast<std::ptrdiff_t>(at) + 1;
+    fields.erase(from, from + static_cast<std::ptrdiff_t>(extra));
 }
 
 bool CsvRecords::Next(CsvRecord& record)

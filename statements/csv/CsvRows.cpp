@@ -11,25 +11,6 @@ namespace {
 
 constexpr std::size_t kMostExtra = 12;
 
-/// The record with the fields from `at` on, one more than `extra`, as one.
-CsvRecord Joined(const CsvRecord& record, std::size_t at, std::size_t extra)
-{
-    CsvRecord joined = record;
-    const std::string_view last = record.fields[at + extra];
-    const std::string_view first = record.fields[at];
-    const char* const begin = first.data();
-    const char* const end = last.data() + last.size();
-    const char* const rawBegin = record.raw.data();
-    const char* const rawEnd = rawBegin + record.raw.size();
-    const bool inside = !first.empty() && std::less_equal<>()(rawBegin, begin) &&
-                        std::less_equal<>()(end, rawEnd) && std::less<>()(begin, end);
-    joined.fields[at] =
-        inside ? std::string_view(begin, static_cast<std::size_t>(end - begin)) : first;
-    const auto from = joined.fields.begin() + static_cast<std::ptrdiff_t>(at) + 1;
-    joined.fields.erase(from, from + static_cast<std::ptrdiff_t>(extra));
-    return joined;
-}
-
 }  // namespace
 
 CsvRows::CsvRows(const CsvTable& table, const CsvColumns& columns)
@@ -126,7 +107,8 @@ void CsvRows::Fit(CsvRecord& record) const
     for (std::size_t at = 0; extra <= kMostExtra && at < table_.Width(); ++at) {
         if (isTyped_[at] || at + extra >= record.fields.size())
             continue;
-        const CsvRecord joined = Joined(record, at, extra);
+        CsvRecord joined = record;
+        joined.Join(at, extra);
         const auto fits = Typed(joined);
         if (!fits)
             continue;

@@ -235,6 +235,17 @@ TEST(CsvReaderTest, ADelimiterInATextMovesNoAmount)
         EXPECT_NE(row.amount.ToText(), "1");
 }
 
+TEST(CsvReaderTest, DecimalCommasWithoutQuotesAreJoinedOrRefused)
+{
+    EXPECT_EQ(Rows("Datum,Text,Betrag,Waehrung\n13.02.2021,Foo,-5,00,EUR\n14.02.2021,Bar,7,50,EUR\n"
+                   "15.02.2021,Baz,-1,20,EUR\n"),
+              "2021-02-13 -5\n2021-02-14 7.5\n2021-02-15 -1.2\n");
+    EXPECT_THROW(Rows("Datum,Text,Soll,Haben,Saldo\n13.02.2021,Foo,5,00,,95,00\n"
+                      "14.02.2021,Bar,,7,50,102,50\n"),
+                 NotAStatement);
+    EXPECT_EQ(Rows("13.02.2021,Foo,-5,00\n14.02.2021,Bar,7,50\n"), "asked columns ");
+}
+
 TEST(CsvReaderTest, TheShapeIsThatOfTheLayout)
 {
     const auto shape = [](std::string_view text) { return ReadCsv(text)->Shape(); };

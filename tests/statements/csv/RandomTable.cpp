@@ -138,6 +138,9 @@ void RandomTable::MakeRows()
     }
     if (newestFirst_)
         std::reverse(rows_.begin(), rows_.end());
+    // Sorted by something else. Balances follow the order of time.
+    if (!balance_ && Chance(10))
+        std::shuffle(rows_.begin(), rows_.end(), random_);
 }
 
 std::string RandomTable::DateText(Date date)
