@@ -14,7 +14,7 @@ constexpr std::size_t kLongestField = 1U << 16U;
 constexpr std::size_t kLongestApostrophes = 1000;
 /// Fields beyond these are left out of their record.
 constexpr std::size_t kMostFields = 500;
-constexpr auto npos = std::string_view::npos;
+constexpr auto kNone = std::string_view::npos;
 
 }  // namespace
 
@@ -126,7 +126,7 @@ bool CsvRecords::TakeQuoted(std::string_view& field)
     if (text_[quote] != '"')
         return false;
     const std::size_t close = Closing(quote + 1);
-    if (close == npos)
+    if (close == kNone)
         return false;
     const std::string_view inside = text_.substr(quote + 1, close - quote - 1);
     for (std::size_t i = 0; i < inside.size(); ++i)
@@ -141,7 +141,7 @@ bool CsvRecords::TakeQuoted(std::string_view& field)
 std::size_t CsvRecords::Closing(std::size_t begin)
 {
     if (begin <= open_)
-        return npos;
+        return kNone;
     const std::size_t end = std::min(text_.size(), begin + kLongestField);
     bool lines = false;
     std::size_t at = begin;
@@ -161,12 +161,12 @@ std::size_t CsvRecords::Closing(std::size_t begin)
             break;
     }
     open_ = at;
-    return npos;
+    return kNone;
 }
 
 std::string_view CsvRecords::Unquoted(std::string_view inside)
 {
-    if (inside.find("\"\"") == npos)
+    if (inside.find("\"\"") == kNone)
         return inside;
     std::string& plain = unquoted_.emplace_back();
     plain.reserve(inside.size());

@@ -59,6 +59,30 @@ void CsvRows::ForEach(const std::function<void(const CsvRecord&)>& take) const
     });
 }
 
+bool CsvRows::IsMark(std::size_t column) const
+{
+    return std::any_of(columns_.sources.begin(), columns_.sources.end(),
+                       [column](const AmountSource& source) { return source.mark == column; });
+}
+
+bool CsvRows::IsAmount(std::size_t column) const
+{
+    return std::any_of(
+        columns_.sources.begin(), columns_.sources.end(), [column](const AmountSource& source) {
+            return source.amount == column || source.in == column || source.out == column;
+        });
+}
+
+/// Whether the cell is what its column holds.
+bool CsvRows::Fits(std::size_t column, std::string_view cell, bool isDate) const
+{
+    if (isDate)
+        return IsDateCell(cell);
+    if (columns_.currency == column)
+        return IsCurrencyMark(cell);
+    return IsMark(column) ? SideOfMark(cell) != CellSide::None : IsAmountCell(cell);
+}
+
 std::optional<std::string> CsvRows::Typed(const CsvRecord& record) const
 {
     std::string typed;
@@ -71,24 +95,13 @@ std::optional<std::string> CsvRows::Typed(const CsvRecord& record) const
         const bool isDate =
             std::find(columns_.dates.begin(), columns_.dates.end(), i) != columns_.dates.end() ||
             columns_.valueDate == i;
-        if (cell.empty()) {
-        } else if (isDate) {
-            if (!IsDateCell(cell))
-                return std::nullopt;
-            dated = true;
-        } else if (columns_.currency == i) {
-            if (!IsCurrencyMark(cell))
-                return std::nullopt;
-        } else if (columns_.account == i) {
-        } else if (std::any_of(columns_.sources.begin(), columns_.sources.end(),
-                               [i](const AmountSource& source) { return source.mark == i; })) {
-            if (SideOfMark(cell) == CellSide::None)
-                return std::nullopt;
-        } else if (!IsAmountCell(cell))
-            return std::nullopt;
-        else
-            amount = true;
         typed.append(cell).append(1, '\n');
+        if (cell.empty() || columns_.account == i)
+            continue;
+        if (!Fits(i, cell, isDate))
+            return std::nullopt;
+        dated = dated || isDate;
+        amount = amount || IsAmount(i);
     }
     return dated && amount ? std::optional(typed) : std::nullopt;
 }

@@ -303,7 +303,8 @@ void RandomTable::AddMore(const RandomRow& row, std::vector<std::string>& cells)
     if (currency_)
         cells.emplace_back(decimals_ == 3 ? "KWD" : "EUR");
     if (original_)
-        cells.push_back(Chance(70) ? "" : Plain(Money::FromScaled(100 * Number(1, 99'999))));
+        cells.push_back(
+            Chance(70) ? "" : Plain(Money::FromScaled(100 * std::int64_t{Number(1, 99'999)})));
     if (status_)
         cells.emplace_back("Booked");
     if (identifier_)

@@ -64,8 +64,8 @@ private:
     void WriteAfter();
     void AddMore(const RandomRow& row, std::vector<std::string>& cells);
     std::string DateText(Date date);
-    std::string Plain(Money size) const;
-    std::string Signed(Money amount) const;
+    [[nodiscard]] std::string Plain(Money size) const;
+    [[nodiscard]] std::string Signed(Money amount) const;
     std::vector<std::string> AmountCells(Money amount);
     void WriteRow(const std::vector<std::string>& cells);
     std::string Quoted(const std::string& cell);
