@@ -40,6 +40,9 @@ void AmountColumns::Find()
     }
     if (hasPair && pairs.empty())
         columns_.sources.push_back(named);
+    // Words such as "Debit" in a column of texts may be no marks; the balance tells.
+    if (mark && !amounts.empty() && roles_[*mark].role != ColumnRole::Mark)
+        columns_.sources.push_back(AmountSource{.amount = amounts.front()});
     if (columns_.sources.empty())
         for (const std::size_t original : roles_.With(ColumnRole::OriginalAmount)) {
             columns_.sources.push_back(AmountSource{.amount = original, .mark = mark});

@@ -298,8 +298,14 @@ private:
     void Source()
     {
         const Attempt* best = &attempts_.front();
+        const auto fit = [](const Attempt& attempt) {
+            const auto steps = attempt.chain.Fitting();
+            const bool usual = !steps.empty() && (steps.front() == BalanceStep::PlusOwn ||
+                                                  steps.front() == BalanceStep::MinusEarlier);
+            return std::pair(attempt.chain.Most(), usual);
+        };
         for (const Attempt& attempt : attempts_)
-            if (attempt.chain.Most() > best->chain.Most())
+            if (fit(attempt) > fit(*best))
                 best = &attempt;
         const auto fitting = best->chain.Fitting();
         if (fitting.empty()) {

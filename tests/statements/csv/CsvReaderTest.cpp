@@ -211,6 +211,13 @@ TEST(CsvReaderTest, ABalanceOfADebtDoesNotTurnNamedColumns)
     EXPECT_EQ(ReadCsv(text)->Open({})[0].proposed, "normal");
 }
 
+TEST(CsvReaderTest, WordsInATextAreNoMarksIfTheBalanceSaysSo)
+{
+    EXPECT_EQ(Rows("Date,Type,Amount,Balance\n2021-03-01,DEBIT,-5.00,95.00\n"
+                   "2021-03-02,DEBIT,3.00,98.00\n2021-03-03,DEBIT,-2.00,96.00\n"),
+              "2021-03-01 -5\n2021-03-02 3\n2021-03-03 -2\n");
+}
+
 TEST(CsvReaderTest, ARateIsNoAmount)
 {
     EXPECT_EQ(Asked("Date,Text,Currency,Exchange rate\n2021-03-13,a,EUR,1.12\n"), "columns ");
