@@ -4,10 +4,10 @@
 #include <functional>
 #include <set>
 
-#include "statements/csv/ColumnNames.h"
 #include "statements/csv/CsvCells.h"
 #include "statements/csv/CsvRows.h"
 #include "statements/csv/RowDates.h"
+#include "statements/csv/TableSurroundings.h"
 #include "statements/form/AmountText.h"
 #include "statements/form/CurrencyMarks.h"
 
@@ -29,6 +29,22 @@ const char* KeyOf(Order order)
         case Order::YearMonthDay: return "ymd";
     }
     return "";
+}
+
+/// What the descriptions of a row say about the side, and how surely.
+CellSide SideOfWords(const CsvColumns& columns, const CsvRecord& record, std::size_t& weight)
+{
+    bool in = false;
+    bool out = false;
+    for (const auto* list : {&columns.names, &columns.texts})
+        for (const std::size_t column : *list) {
+            const CellSide side = SideOfText(record.Field(column));
+            if (IsCardPayment(record.Field(column)))
+                weight = kCardPaymentWeight;
+            in = in || side == CellSide::In;
+            out = out || side == CellSide::Out;
+        }
+    return in == out ? CellSide::None : in ? CellSide::In : CellSide::Out;
 }
 
 /// One way to read amounts and balances, with how well they fit.
@@ -54,9 +70,11 @@ public:
     CsvSolution Solve()
     {
         if (Columns().sources.empty() || Columns().dates.empty())
-            return IsEmpty() ? std::move(solution_) : WithoutColumns();
+            return HasNoRows(table_) ? std::move(solution_) : WithoutColumns();
         Survey();
-        Surroundings();
+        if (currencies_.size() == 1)
+            solution_.currency = *currencies_.begin();
+        TakeSurroundings(table_, solution_);
         Decimal();
         Follow();
         Source();
@@ -67,16 +85,6 @@ public:
 
 private:
     [[nodiscard]] const CsvColumns& Columns() const { return solution_.columns; }
-
-    /// Whether nothing but the names of the columns is there: a period without transactions.
-    [[nodiscard]] bool IsEmpty() const
-    {
-        bool empty = true;
-        table_.ForEachRecord([&empty](const CsvRecord& record) {
-            empty = empty && std::none_of(record.fields.begin(), record.fields.end(), IsAmountCell);
-        });
-        return empty && table_.HasHeader();
-    }
 
     /// A table that lacks a date or an amount: the user may know its columns.
     CsvSolution WithoutColumns()
@@ -107,7 +115,7 @@ private:
             dates_.Add(date, SecondDate(record));
             std::size_t weight = 1;
             const CellSide side =
-                rows <= kRowsWithWords ? SideOfWords(record, weight) : CellSide::None;
+                rows <= kRowsWithWords ? SideOfWords(Columns(), record, weight) : CellSide::None;
             for (AmountSigns& signs : signs_) {
                 signs.Count(record, side, weight);
                 AddMarks(signs.Source(), record);
@@ -137,61 +145,11 @@ private:
         return Columns().dates.size() > 1 ? record.Field(Columns().dates[1]) : std::string_view();
     }
 
-    [[nodiscard]] CellSide SideOfWords(const CsvRecord& record, std::size_t& weight) const
-    {
-        bool in = false;
-        bool out = false;
-        for (const auto* list : {&Columns().names, &Columns().texts})
-            for (const std::size_t column : *list) {
-                const CellSide side = SideOfText(record.Field(column));
-                if (IsCardPayment(record.Field(column)))
-                    weight = kCardPaymentWeight;
-                in = in || side == CellSide::In;
-                out = out || side == CellSide::Out;
-            }
-        return in == out ? CellSide::None : in ? CellSide::In : CellSide::Out;
-    }
-
     void AddMarks(const AmountSource& source, const CsvRecord& record)
     {
         for (const auto& column : {source.amount, source.in, source.out})
             if (column)
                 marks_.Add(record.Field(*column));
-    }
-
-    /// Account and currency of the whole file, from the header row and what stands above it.
-    void Surroundings()
-    {
-        if (currencies_.size() == 1)
-            solution_.currency = *currencies_.begin();
-        for (const AmountSource& source : Columns().sources)
-            for (const auto& column : {source.amount, source.in, source.out})
-                if (column && solution_.currency.empty() && *column < table_.Names().size())
-                    solution_.currency = CurrencyIn(table_.Names()[*column]);
-        for (const auto& record : table_.Preamble())
-            for (std::size_t i = 0; i + 1 < record.size(); ++i) {
-                const ColumnRole role = RoleOf(record[i]).role;
-                if (role == ColumnRole::Currency && solution_.currency.empty())
-                    solution_.currency = CurrencyOf(record[i + 1]);
-                if (role == ColumnRole::Account && solution_.account.empty() &&
-                    record[i + 1].find_first_of("0123456789") != std::string::npos &&
-                    record[i + 1].size() <= 40)
-                    solution_.account = record[i + 1];
-            }
-    }
-
-    /// A code of ISO 4217 in a column's name, as in "Amount (EUR)".
-    [[nodiscard]] static std::string CurrencyIn(std::string_view name)
-    {
-        for (std::size_t i = 0; i + 3 <= name.size(); ++i) {
-            const auto isLetter = [&](std::size_t at) {
-                return at < name.size() && ((name[at] | 0x20) >= 'a' && (name[at] | 0x20) <= 'z');
-            };
-            if (!isLetter(i + 3) && (i == 0 || !isLetter(i - 1)) &&
-                IsCurrencyCode(name.substr(i, 3)))
-                return CurrencyOf(name.substr(i, 3));
-        }
-        return {};
     }
 
     void Decimal()
