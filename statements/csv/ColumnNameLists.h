@@ -167,9 +167,9 @@ inline constexpr std::array kColumnNames = std::to_array<ColumnNameList>({
     {ColumnRole::Ignored, 0,
      "exchange rate|wechselkurs|kurs|umrechnungskurs|kurz|taux de change|koers|wisselkoers|"
      "rate|exchange to amount|tipo de cambio|cambio|valutakurs|vaxelkurs|курс|cashback|бонусы|"
-     "бонусы включая кэшбэк|кэшбэк|rewards|points|сумма операции с округлением|"
-     "округление на инвесткопилку|quantity|qty|price|shares|stuck|anzahl|units|"
-     "shipping and handling amount|insurance amount|sales tax|total fee amount|"},
+     "бонусы включая кэшбэк|кэшбэк|rewards|points|сумма операции с округлением|quantity|qty|"
+     "price|shares|stuck|anzahl|units|shipping and handling amount|insurance amount|sales tax|"
+     "total fee amount|"},
     {ColumnRole::Mark, 0,
      "debit credit|credit debit|d c|dc|c d|cd|cr dr|dr cr|drcr|crdr|s h|sh|soll haben|"
      "haben soll|soll haben kennzeichen|soll haben kz|s h kennzeichen|sollhaben|af bij|bij af|"
