@@ -28,7 +28,10 @@ void AmountColumns::Find()
     columns_.equals = pairs.size();
     const std::size_t rows = roles_.Rows();
     for (const std::size_t amount : amounts) {
-        columns_.sources.push_back(AmountSource{.amount = amount, .mark = mark});
+        columns_.sources.push_back(
+            AmountSource{.amount = amount,
+                         .mark = mark,
+                         .unnamed = roles_[amount].rank >= ColumnRoles::kUnnamed});
         const int rank = roles_[amounts.front()].rank;
         const bool everywhere = roles_.Facts(amount).filled == rows;
         if (roles_[amount].rank == rank &&
@@ -37,6 +40,9 @@ void AmountColumns::Find()
     }
     if (hasPair && pairs.empty())
         columns_.sources.push_back(named);
+    // Words such as "Debit" in a column of texts may be no marks; the balance tells.
+    if (mark && !amounts.empty() && roles_[*mark].role != ColumnRole::Mark)
+        columns_.sources.push_back(AmountSource{.amount = amounts.front()});
     if (columns_.sources.empty())
         for (const std::size_t original : roles_.With(ColumnRole::OriginalAmount)) {
             columns_.sources.push_back(AmountSource{.amount = original, .mark = mark});

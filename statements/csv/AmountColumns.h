@@ -31,6 +31,7 @@ private:
     void FitToCells(std::size_t column);
     void FitName(std::size_t column);
     void ByCells(std::size_t column);
+    void DropDoubtfulDates();
 
     const std::vector<ColumnFacts>& facts_;
     std::vector<NamedRole> roles_;

@@ -29,12 +29,11 @@ bool IsMin(Money amount)
 
 bool AmountSigns::IsFilled(const CsvRecord& record) const
 {
-    for (const auto& column : {source_.amount, source_.in, source_.out}) {
+    const auto isFilled = [&record](const std::optional<std::size_t>& column) {
         const std::string_view cell = column ? record.Field(*column) : std::string_view();
-        if (!cell.empty() && cell != "-" && cell != "--")
-            return true;
-    }
-    return false;
+        return !cell.empty() && cell != "-" && cell != "--";
+    };
+    return isFilled(source_.amount) || isFilled(source_.in) || isFilled(source_.out);
 }
 
 void AmountSigns::Count(const CsvRecord& record, CellSide side, std::size_t weight)
@@ -171,7 +170,7 @@ AmountSigns::Verdict AmountSigns::Judge() const
 
 AmountSigns::Verdict AmountSigns::JudgeMarked() const
 {
-    if (unmarked_ > 0 && !SignsAgree())
+    if (HasUnmarked())
         return {Sign::Open, false,
                 "Some rows have no mark that says whether they come in or go out."};
     if (negative_ == 0 || SignsAgree() || SignsDiffer())

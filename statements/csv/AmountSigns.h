@@ -35,7 +35,12 @@ public:
     /// they are not.
     [[nodiscard]] bool WordsContradict(bool inverted) const;
     /// Whether columns or marks of their own say which way the money went.
-    [[nodiscard]] bool HasSides() const { return !source_.amount || source_.mark; }
+    [[nodiscard]] bool HasSides() const
+    {
+        return source_.amount ? source_.mark.has_value() : !source_.unnamed;
+    }
+    /// Whether some rows lack the mark that would say which way their money went.
+    [[nodiscard]] bool HasUnmarked() const { return unmarked_ > 0 && !SignsAgree(); }
 
 private:
     void CountAmount(const CsvRecord& record, CellSide side, std::size_t weight);

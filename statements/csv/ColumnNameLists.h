@@ -144,9 +144,9 @@ inline constexpr std::array kColumnNames = std::to_array<ColumnNameList>({
      "avgift|gebyr|prowizja|oplata|poplatek|poplatky|taxa|amount fee|transaction fee|"
      "fee amount|手续费|комиссия|kosten|spesen|total fees|fee currency amount|service fee|"
      "komisyon|tax|amount tax|tip|amount tip|tax rate|tax exempt|vat|mwst|moms|iva|"},
+    {ColumnRole::Ignored, 0, "amount refunded|converted amount refunded|latitude|longitude|"},
     {ColumnRole::OriginalAmount, 0,
-     "订单金额|amount refunded|converted amount refunded|latitude|longitude|sous montant|"
-     "einzelbetrag|original amount|foreign amount|foreign currency amount|"
+     "订单金额|sous montant|einzelbetrag|original amount|foreign amount|foreign currency amount|"
      "transaction currency amount|originalbetrag|betrag in fremdwahrung|fremdwahrungsbetrag|"
      "ursprungsbetrag|originalwahrungsbetrag|orig amount|amount foreign currency|"
      "montant d origine|montant en devise|montant devise|montant original|montant initial|"
@@ -162,12 +162,13 @@ inline constexpr std::array kColumnNames = std::to_array<ColumnNameList>({
      "amount foreign|transaction amount foreign|betrag fremdwahrung|betrag originalwahrung|"
      "betrag original|betrag in originalwahrung|orig betrag|valuta belopp|valutabelopp|"
      "valutabelop|belob i valuta|belop i valuta|target amount|target amount after fees|"
-     "foreign spend amount|original currency amount|סכום עסקה|סכום מקורי|现地通貨額|exchange rate|"
-     "wechselkurs|kurs|umrechnungskurs|kurz|taux de change|koers|wisselkoers|rate|"
-     "exchange to amount|tipo de cambio|cambio|valutakurs|vaxelkurs|курс|cashback|бонусы|"
-     "бонусы включая кэшбэк|кэшбэк|rewards|points|сумма операции с округлением|"
-     "округление на инвесткопилку|quantity|qty|price|shares|stuck|anzahl|units|"
-     "shipping and handling amount|insurance amount|sales tax|maksun maara valuutassa|"
+     "foreign spend amount|original currency amount|סכום עסקה|סכום מקורי|现地通貨額|"
+     "maksun maara valuutassa|"},
+    {ColumnRole::Ignored, 0,
+     "exchange rate|wechselkurs|kurs|umrechnungskurs|kurz|taux de change|koers|wisselkoers|"
+     "rate|exchange to amount|tipo de cambio|cambio|valutakurs|vaxelkurs|курс|cashback|бонусы|"
+     "бонусы включая кэшбэк|кэшбэк|rewards|points|сумма операции с округлением|quantity|qty|"
+     "price|shares|stuck|anzahl|units|shipping and handling amount|insurance amount|sales tax|"
      "total fee amount|"},
     {ColumnRole::Mark, 0,
      "debit credit|credit debit|d c|dc|c d|cd|cr dr|dr cr|drcr|crdr|s h|sh|soll haben|"

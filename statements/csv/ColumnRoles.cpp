@@ -11,6 +11,20 @@ ColumnRoles::ColumnRoles(const CsvTable& table, const std::vector<ColumnFacts>& 
         roles_.push_back(i < table.Names().size() ? RoleOf(table.Names()[i]) : NamedRole{});
         FitToCells(i);
     }
+    DropDoubtfulDates();
+}
+
+/// Six digits can be many things. They are days if no other column is.
+void ColumnRoles::DropDoubtfulDates()
+{
+    const auto isSure = [this](std::size_t i) {
+        return roles_[i].rank < 6 || facts_[i].digits < facts_[i].filled || facts_[i].longest != 6;
+    };
+    const auto dates = With(ColumnRole::Date);
+    if (std::any_of(dates.begin(), dates.end(), isSure))
+        for (const std::size_t i : dates)
+            if (!isSure(i))
+                roles_[i] = {};
 }
 
 std::vector<std::size_t> ColumnRoles::With(ColumnRole role) const
@@ -99,7 +113,6 @@ void ColumnRoles::ByCells(std::size_t column)
 {
     NamedRole& role = roles_[column];
     const ColumnFacts& facts = facts_[column];
-    // Six digits can be many things; days are in every row.
     const bool sixDigits = facts.digits == facts.filled && facts.longest == 6;
     if (facts.dates == facts.filled && (!sixDigits || facts.filled == Rows()))
         role = {ColumnRole::Date, 6};

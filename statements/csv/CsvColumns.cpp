@@ -87,9 +87,8 @@ private:
         for (const std::size_t i : roles_.With(ColumnRole::Id)) {
             // Running numbers and words begin anew in the next file.
             if (!columns_.id && roles_.Facts(i).shortest >= 6 &&
-                roles_.Facts(i).values.size() >=
-                    std::min<std::size_t>(roles_.Facts(i).filled, 20) &&
-                roles_.Facts(i).filled * 2 > roles_.Facts(i).letters)
+                roles_.Facts(i).values.size() * 5 >=
+                    std::min<std::size_t>(roles_.Facts(i).filled, 40) * 3)
                 columns_.id = i;
             else
                 roles_[i] = {ColumnRole::Text, 3};

@@ -35,7 +35,7 @@ struct ColumnFacts {
     void SettleDashes();
     [[nodiscard]] bool Mostly(std::size_t count) const
     {
-        return count > 0 && count * 5 >= filled * 4;
+        return count > 0 && count * 5 >= filled * 3;
     }
     [[nodiscard]] bool AreDates() const { return Mostly(dates); }
     [[nodiscard]] bool AreAmounts() const { return Mostly(amounts); }
@@ -52,7 +52,7 @@ struct AmountSource {
     std::optional<std::size_t> fee{};
     bool feeAdds = false;  ///< the fee is added as it is written, else its size is taken off
     bool negated = false;
-    bool unnamed = false;  ///< nothing says which of the two columns comes in
+    bool unnamed = false;  ///< no name says that this is the amount, or which column comes in
     friend bool operator==(const AmountSource&, const AmountSource&) = default;
 };
 

@@ -1,6 +1,7 @@
 #include "statements/csv/CsvRecords.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "statements/form/TextScan.h"
 
@@ -13,13 +14,35 @@ constexpr std::size_t kLongestField = 1U << 16U;
 constexpr std::size_t kLongestApostrophes = 1000;
 /// Fields beyond these are left out of their record.
 constexpr std::size_t kMostFields = 500;
-constexpr auto npos = std::string_view::npos;
+constexpr auto kNone = std::string_view::npos;
 
 }  // namespace
 
 bool CsvRecord::IsBlank() const
 {
     return std::all_of(fields.begin(), fields.end(), [](std::string_view f) { return f.empty(); });
+}
+
+std::size_t CsvRecord::Filled() const
+{
+    std::size_t filled = fields.size();
+    while (filled > 0 && fields[filled - 1].empty())
+        --filled;
+    return filled;
+}
+
+void CsvRecord::Join(std::size_t at, std::size_t extra)
+{
+    const std::string_view first = fields[at];
+    const std::string_view last = fields[at + extra];
+    const char* const end = last.data() + last.size();
+    const bool inside =
+        !first.empty() && !last.empty() && std::less_equal<>()(raw.data(), first.data()) &&
+        std::less_equal<>()(end, raw.data() + raw.size()) && std::less<>()(first.data(), end);
+    if (inside)
+        fields[at] = std::string_view(first.data(), static_cast<std::size_t>(end - first.data()));
+    const auto from = fields.begin() + static_cast<std::ptrdiff_t>(at) + 1;
+    fields.erase(from, from + static_cast<std::ptrdiff_t>(extra));
 }
 
 bool CsvRecords::Next(CsvRecord& record)
@@ -103,7 +126,7 @@ bool CsvRecords::TakeQuoted(std::string_view& field)
     if (text_[quote] != '"')
         return false;
     const std::size_t close = Closing(quote + 1);
-    if (close == npos)
+    if (close == kNone)
         return false;
     const std::string_view inside = text_.substr(quote + 1, close - quote - 1);
     for (std::size_t i = 0; i < inside.size(); ++i)
@@ -118,7 +141,7 @@ bool CsvRecords::TakeQuoted(std::string_view& field)
 std::size_t CsvRecords::Closing(std::size_t begin)
 {
     if (begin <= open_)
-        return npos;
+        return kNone;
     const std::size_t end = std::min(text_.size(), begin + kLongestField);
     bool lines = false;
     std::size_t at = begin;
@@ -138,12 +161,12 @@ std::size_t CsvRecords::Closing(std::size_t begin)
             break;
     }
     open_ = at;
-    return npos;
+    return kNone;
 }
 
 std::string_view CsvRecords::Unquoted(std::string_view inside)
 {
-    if (inside.find("\"\"") == npos)
+    if (inside.find("\"\"") == kNone)
         return inside;
     std::string& plain = unquoted_.emplace_back();
     plain.reserve(inside.size());

@@ -28,6 +28,10 @@ struct CsvRecord {
         return index < fields.size() ? fields[index] : std::string_view();
     }
     [[nodiscard]] bool IsBlank() const;
+    /// Number of fields up to the last one that is not empty.
+    [[nodiscard]] std::size_t Filled() const;
+    /// Makes one field of this one and so many after it, with the delimiters between them.
+    void Join(std::size_t at, std::size_t extra);
 };
 
 /// Goes through the records of a text once, from the beginning. Follows RFC 4180: a quoted field

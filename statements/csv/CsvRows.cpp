@@ -11,25 +11,6 @@ namespace {
 
 constexpr std::size_t kMostExtra = 12;
 
-/// The record with the fields from `at` on, one more than `extra`, as one.
-CsvRecord Joined(const CsvRecord& record, std::size_t at, std::size_t extra)
-{
-    CsvRecord joined = record;
-    const std::string_view last = record.fields[at + extra];
-    const std::string_view first = record.fields[at];
-    const char* const begin = first.data();
-    const char* const end = last.data() + last.size();
-    const char* const rawBegin = record.raw.data();
-    const char* const rawEnd = rawBegin + record.raw.size();
-    const bool inside = !first.empty() && std::less_equal<>()(rawBegin, begin) &&
-                        std::less_equal<>()(end, rawEnd) && std::less<>()(begin, end);
-    joined.fields[at] =
-        inside ? std::string_view(begin, static_cast<std::size_t>(end - begin)) : first;
-    const auto from = joined.fields.begin() + static_cast<std::ptrdiff_t>(at) + 1;
-    joined.fields.erase(from, from + static_cast<std::ptrdiff_t>(extra));
-    return joined;
-}
-
 }  // namespace
 
 CsvRows::CsvRows(const CsvTable& table, const CsvColumns& columns)
@@ -78,6 +59,30 @@ void CsvRows::ForEach(const std::function<void(const CsvRecord&)>& take) const
     });
 }
 
+bool CsvRows::IsMark(std::size_t column) const
+{
+    return std::any_of(columns_.sources.begin(), columns_.sources.end(),
+                       [column](const AmountSource& source) { return source.mark == column; });
+}
+
+bool CsvRows::IsAmount(std::size_t column) const
+{
+    return std::any_of(
+        columns_.sources.begin(), columns_.sources.end(), [column](const AmountSource& source) {
+            return source.amount == column || source.in == column || source.out == column;
+        });
+}
+
+/// Whether the cell is what its column holds.
+bool CsvRows::Fits(std::size_t column, std::string_view cell, bool isDate) const
+{
+    if (isDate)
+        return IsDateCell(cell);
+    if (columns_.currency == column)
+        return IsCurrencyMark(cell);
+    return IsMark(column) ? SideOfMark(cell) != CellSide::None : IsAmountCell(cell);
+}
+
 std::optional<std::string> CsvRows::Typed(const CsvRecord& record) const
 {
     std::string typed;
@@ -90,24 +95,13 @@ std::optional<std::string> CsvRows::Typed(const CsvRecord& record) const
         const bool isDate =
             std::find(columns_.dates.begin(), columns_.dates.end(), i) != columns_.dates.end() ||
             columns_.valueDate == i;
-        if (cell.empty()) {
-        } else if (isDate) {
-            if (!IsDateCell(cell))
-                return std::nullopt;
-            dated = true;
-        } else if (columns_.currency == i) {
-            if (!IsCurrencyMark(cell))
-                return std::nullopt;
-        } else if (columns_.account == i) {
-        } else if (std::any_of(columns_.sources.begin(), columns_.sources.end(),
-                               [i](const AmountSource& source) { return source.mark == i; })) {
-            if (SideOfMark(cell) == CellSide::None)
-                return std::nullopt;
-        } else if (!IsAmountCell(cell))
-            return std::nullopt;
-        else
-            amount = true;
         typed.append(cell).append(1, '\n');
+        if (cell.empty() || columns_.account == i)
+            continue;
+        if (!Fits(i, cell, isDate))
+            return std::nullopt;
+        dated = dated || isDate;
+        amount = amount || IsAmount(i);
     }
     return dated && amount ? std::optional(typed) : std::nullopt;
 }
@@ -126,7 +120,8 @@ void CsvRows::Fit(CsvRecord& record) const
     for (std::size_t at = 0; extra <= kMostExtra && at < table_.Width(); ++at) {
         if (isTyped_[at] || at + extra >= record.fields.size())
             continue;
-        const CsvRecord joined = Joined(record, at, extra);
+        CsvRecord joined = record;
+        joined.Join(at, extra);
         const auto fits = Typed(joined);
         if (!fits)
             continue;

@@ -25,6 +25,9 @@ public:
                                                  const CsvRecord& record);
 
 private:
+    [[nodiscard]] bool IsMark(std::size_t column) const;
+    [[nodiscard]] bool IsAmount(std::size_t column) const;
+    [[nodiscard]] bool Fits(std::size_t column, std::string_view cell, bool isDate) const;
     [[nodiscard]] bool IsTooLong(const CsvRecord& record) const;
     void Fit(CsvRecord& record) const;
     /// The cells that are not mere text, as one text, if all of them can be read; else nothing.

@@ -1,31 +1,25 @@
 #include "statements/csv/CsvSolver.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdlib>
 #include <functional>
 #include <set>
 
-#include "statements/csv/ColumnNames.h"
 #include "statements/csv/CsvCells.h"
 #include "statements/csv/CsvRows.h"
+#include "statements/csv/RowDates.h"
+#include "statements/csv/TableSurroundings.h"
 #include "statements/form/AmountText.h"
 #include "statements/form/CurrencyMarks.h"
-#include "statements/form/DateTexts.h"
 
 namespace clb {
 namespace {
 
 using DateText::Order;
 
-constexpr std::array kOrders = {Order::DayMonthYear, Order::MonthDayYear, Order::YearMonthDay};
 constexpr std::size_t kRowsWithWords = 3000;
 /// A payment to a card says as much as several other descriptions.
 constexpr std::size_t kCardPaymentWeight = 3;
 constexpr std::size_t kMostCurrencies = 20;
-/// Days between the dates of one row; more than the latter says that their order is wrong.
-constexpr std::int32_t kNear = 15;
-constexpr std::int32_t kFar = 25;
 
 const char* KeyOf(Order order)
 {
@@ -37,106 +31,21 @@ const char* KeyOf(Order order)
     return "";
 }
 
-std::size_t IndexOf(Order order)
+/// What the descriptions of a row say about the side, and how surely.
+CellSide SideOfWords(const CsvColumns& columns, const CsvRecord& record, std::size_t& weight)
 {
-    return static_cast<std::size_t>(order);
+    bool in = false;
+    bool out = false;
+    for (const auto* list : {&columns.names, &columns.texts})
+        for (const std::size_t column : *list) {
+            const CellSide side = SideOfText(record.Field(column));
+            if (IsCardPayment(record.Field(column)))
+                weight = kCardPaymentWeight;
+            in = in || side == CellSide::In;
+            out = out || side == CellSide::Out;
+        }
+    return in == out ? CellSide::None : in ? CellSide::In : CellSide::Out;
 }
-
-/// Which way the days of a file go.
-enum class Direction { None, Rising, Falling };
-
-/// What the dates of the rows say of their order.
-class RowDates {
-public:
-    void Add(std::string_view date, std::string_view other)
-    {
-        if (started_ && date == date_ && other == other_)
-            return;
-        started_ = true;
-        if (date != date_)
-            orders_.Add(date);
-        date_ = date;
-        other_ = other;
-        for (const Order order : kOrders)
-            Count(counts_[IndexOf(order)], ReadDate(date, order),
-                  other.empty() ? std::nullopt : ReadDate(other, order), !other.empty());
-    }
-
-    /// The orders that remain, the likeliest first.
-    [[nodiscard]] std::vector<Order> Possible(const std::vector<BalanceStep>& steps) const
-    {
-        std::vector<Order> possible = orders_.Possible();
-        const bool near = std::any_of(possible.begin(), possible.end(), [this](Order order) {
-            return counts_[IndexOf(order)].farthest <= kNear;
-        });
-        if (near)
-            Keep(possible,
-                 [this](Order order) { return counts_[IndexOf(order)].farthest <= kFar; });
-        if (steps.size() == 1 && steps.front() == BalanceStep::PlusOwn)
-            Keep(possible, [this](Order order) { return counts_[IndexOf(order)].falls == 0; });
-        if (steps.size() == 1 && steps.front() == BalanceStep::MinusEarlier)
-            Keep(possible, [this](Order order) { return counts_[IndexOf(order)].rises == 0; });
-        return possible;
-    }
-
-    /// The orders that read any date, those that read most first. For dates that contradict.
-    [[nodiscard]] std::vector<Order> Readable() const
-    {
-        std::vector<Order> readable;
-        for (const Order order : kOrders)
-            if (counts_[IndexOf(order)].readable > 0)
-                readable.push_back(order);
-        std::stable_sort(readable.begin(), readable.end(), [this](Order one, Order other) {
-            return counts_[IndexOf(one)].readable > counts_[IndexOf(other)].readable;
-        });
-        return readable;
-    }
-
-    [[nodiscard]] Direction DirectionOf(Order order) const
-    {
-        const Counts& counts = counts_[IndexOf(order)];
-        if (counts.rises > 4 * counts.falls)
-            return Direction::Rising;
-        return counts.falls > 4 * counts.rises ? Direction::Falling : Direction::None;
-    }
-
-private:
-    struct Counts {
-        std::size_t readable = 0;
-        std::size_t rises = 0;
-        std::size_t falls = 0;
-        std::int32_t farthest = 0;
-        std::optional<Date> last{};
-    };
-    static void Count(Counts& counts, std::optional<Date> day, std::optional<Date> second,
-                      bool hasSecond)
-    {
-        if (!day)
-            return;
-        if (counts.last && day->Days() != counts.last->Days())
-            (day->Days() > counts.last->Days() ? counts.rises : counts.falls) += 1;
-        counts.last = day;
-        ++counts.readable;
-        if (!hasSecond)
-            return;
-        const std::int32_t apart = second ? std::abs(second->Days() - day->Days()) : kFar + 1;
-        counts.farthest = std::max(counts.farthest, apart);
-    }
-    static void Keep(std::vector<Order>& orders, const std::function<bool(Order)>& wanted)
-    {
-        std::vector<Order> kept;
-        std::copy_if(orders.begin(), orders.end(), std::back_inserter(kept), wanted);
-        if (!kept.empty())
-            orders = kept;
-    }
-
-    // A row with the dates of the row before says nothing new.
-    bool started_ = false;
-    std::string date_;
-    std::string other_;
-    DateOrders orders_;
-    std::array<Counts, 3> counts_;
-};
 
 /// One way to read amounts and balances, with how well they fit.
 struct Attempt {
@@ -161,9 +70,11 @@ public:
     CsvSolution Solve()
     {
         if (Columns().sources.empty() || Columns().dates.empty())
-            return IsEmpty() ? std::move(solution_) : WithoutColumns();
+            return HasNoRows(table_) ? std::move(solution_) : WithoutColumns();
         Survey();
-        Surroundings();
+        if (currencies_.size() == 1)
+            solution_.currency = *currencies_.begin();
+        TakeSurroundings(table_, solution_);
         Decimal();
         Follow();
         Source();
@@ -174,16 +85,6 @@ public:
 
 private:
     [[nodiscard]] const CsvColumns& Columns() const { return solution_.columns; }
-
-    /// Whether nothing but the names of the columns is there: a period without transactions.
-    [[nodiscard]] bool IsEmpty() const
-    {
-        bool empty = true;
-        table_.ForEachRecord([&empty](const CsvRecord& record) {
-            empty = empty && std::none_of(record.fields.begin(), record.fields.end(), IsAmountCell);
-        });
-        return empty && table_.HasHeader();
-    }
 
     /// A table that lacks a date or an amount: the user may know its columns.
     CsvSolution WithoutColumns()
@@ -214,7 +115,7 @@ private:
             dates_.Add(date, SecondDate(record));
             std::size_t weight = 1;
             const CellSide side =
-                rows <= kRowsWithWords ? SideOfWords(record, weight) : CellSide::None;
+                rows <= kRowsWithWords ? SideOfWords(Columns(), record, weight) : CellSide::None;
             for (AmountSigns& signs : signs_) {
                 signs.Count(record, side, weight);
                 AddMarks(signs.Source(), record);
@@ -244,61 +145,11 @@ private:
         return Columns().dates.size() > 1 ? record.Field(Columns().dates[1]) : std::string_view();
     }
 
-    [[nodiscard]] CellSide SideOfWords(const CsvRecord& record, std::size_t& weight) const
-    {
-        bool in = false;
-        bool out = false;
-        for (const auto* list : {&Columns().names, &Columns().texts})
-            for (const std::size_t column : *list) {
-                const CellSide side = SideOfText(record.Field(column));
-                if (IsCardPayment(record.Field(column)))
-                    weight = kCardPaymentWeight;
-                in = in || side == CellSide::In;
-                out = out || side == CellSide::Out;
-            }
-        return in == out ? CellSide::None : in ? CellSide::In : CellSide::Out;
-    }
-
     void AddMarks(const AmountSource& source, const CsvRecord& record)
     {
         for (const auto& column : {source.amount, source.in, source.out})
             if (column)
                 marks_.Add(record.Field(*column));
-    }
-
-    /// Account and currency of the whole file, from the header row and what stands above it.
-    void Surroundings()
-    {
-        if (currencies_.size() == 1)
-            solution_.currency = *currencies_.begin();
-        for (const AmountSource& source : Columns().sources)
-            for (const auto& column : {source.amount, source.in, source.out})
-                if (column && solution_.currency.empty() && *column < table_.Names().size())
-                    solution_.currency = CurrencyIn(table_.Names()[*column]);
-        for (const auto& record : table_.Preamble())
-            for (std::size_t i = 0; i + 1 < record.size(); ++i) {
-                const ColumnRole role = RoleOf(record[i]).role;
-                if (role == ColumnRole::Currency && solution_.currency.empty())
-                    solution_.currency = CurrencyOf(record[i + 1]);
-                if (role == ColumnRole::Account && solution_.account.empty() &&
-                    record[i + 1].find_first_of("0123456789") != std::string::npos &&
-                    record[i + 1].size() <= 40)
-                    solution_.account = record[i + 1];
-            }
-    }
-
-    /// A code of ISO 4217 in a column's name, as in "Amount (EUR)".
-    [[nodiscard]] static std::string CurrencyIn(std::string_view name)
-    {
-        for (std::size_t i = 0; i + 3 <= name.size(); ++i) {
-            const auto isLetter = [&](std::size_t at) {
-                return at < name.size() && ((name[at] | 0x20) >= 'a' && (name[at] | 0x20) <= 'z');
-            };
-            if (!isLetter(i + 3) && (i == 0 || !isLetter(i - 1)) &&
-                IsCurrencyCode(name.substr(i, 3)))
-                return CurrencyOf(name.substr(i, 3));
-        }
-        return {};
     }
 
     void Decimal()
@@ -357,8 +208,8 @@ private:
         if (attempts_.empty())
             attempts_.push_back({0, std::nullopt, decimals_.front(), true, {}});
         values_.assign(signs_.size(), {});
-        if (table_.HasHeader() && Columns().balances.empty() && signs_.size() == 1 &&
-            decimals_.size() == 1)
+        if (!Columns().sources.front().unnamed && Columns().balances.empty() &&
+            signs_.size() == 1 && decimals_.size() == 1)
             return;
         CsvRows(table_, Columns()).ForEach([this](const CsvRecord& record) { FollowRow(record); });
     }
@@ -405,8 +256,14 @@ private:
     void Source()
     {
         const Attempt* best = &attempts_.front();
+        const auto fit = [](const Attempt& attempt) {
+            const auto steps = attempt.chain.Fitting();
+            const bool usual = !steps.empty() && (steps.front() == BalanceStep::PlusOwn ||
+                                                  steps.front() == BalanceStep::MinusEarlier);
+            return std::pair(attempt.chain.Most(), usual);
+        };
         for (const Attempt& attempt : attempts_)
-            if (attempt.chain.Most() > best->chain.Most())
+            if (fit(attempt) > fit(*best))
                 best = &attempt;
         const auto fitting = best->chain.Fitting();
         if (fitting.empty()) {
@@ -418,8 +275,8 @@ private:
             steps_ = fitting;
         }
         // Without names, a row whose amount is in another column says that this is the wrong one.
-        if (!table_.HasHeader() && !Columns().sourceGiven && values_[best->source].filled < rows_ &&
-            solution_.questions.empty())
+        if (Columns().sources[best->source].unnamed && !Columns().sourceGiven &&
+            values_[best->source].filled < rows_ && solution_.questions.empty())
             AskColumns(signs_.size(), best->source);
         solution_.decimal = best->decimal;
         solution_.byCurrency = best->byCurrency;
@@ -526,7 +383,7 @@ private:
     {
         using Sign = AmountSigns::Sign;
         const AmountSigns& amounts = *solution_.amounts;
-        if (steps_.empty())
+        if (steps_.empty() || amounts.HasUnmarked())
             return amounts.Judge();
         Sign sign = SignBy(steps_.front());
         for (const BalanceStep step : steps_)
@@ -541,6 +398,8 @@ private:
                        : own;
         }
         const bool inverted = sign == Sign::Inverted;
+        if (amounts.HasSides() && inverted)
+            return {Sign::Open, false, "The balance rises with what goes out, as a debt does."};
         if (!amounts.HasSides() && amounts.WordsContradict(inverted))
             return {Sign::Open, !inverted, "The descriptions do not fit the balance."};
         return {sign, inverted, ""};
@@ -549,12 +408,12 @@ private:
     [[nodiscard]] AmountSigns::Sign SignBy(BalanceStep step) const
     {
         using Sign = AmountSigns::Sign;
-        Direction direction = dates_.DirectionOf(orders_.front());
+        RowDates::Direction direction = dates_.DirectionIn(orders_.front());
         for (const DateText::Order order : orders_)
-            if (dates_.DirectionOf(order) != direction)
-                direction = Direction::None;
-        const bool rising = direction == Direction::Rising;
-        const bool falling = direction == Direction::Falling;
+            if (dates_.DirectionIn(order) != direction)
+                direction = RowDates::Direction::None;
+        const bool rising = direction == RowDates::Direction::Rising;
+        const bool falling = direction == RowDates::Direction::Falling;
         switch (step) {
             case BalanceStep::PlusOwn: return falling ? Sign::Open : Sign::Normal;
             case BalanceStep::MinusEarlier: return rising ? Sign::Open : Sign::Normal;

@@ -15,6 +15,17 @@ constexpr std::size_t kHeaderRecords = 300;
 constexpr std::size_t kKeptPreamble = 60;
 constexpr std::size_t kMeasured = 2000;
 
+/// Whether the fields are the whole part and the decimals of an amount.
+bool IsTorn(std::string_view whole, std::string_view decimals)
+{
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    if (whole.starts_with('-') || whole.starts_with('+'))
+        whole.remove_prefix(1);
+    return !whole.empty() && whole.size() <= 9 && decimals.size() == 2 &&
+           std::all_of(whole.begin(), whole.end(), isDigit) &&
+           std::all_of(decimals.begin(), decimals.end(), isDigit);
+}
+
 }  // namespace
 
 CsvTable::CsvTable(std::string_view text, const StatementAnswers& answers) : text_(text)
@@ -24,6 +35,7 @@ CsvTable::CsvTable(std::string_view text, const StatementAnswers& answers) : tex
     if (!HasHeader())
         FindFirstRow(answers.skip.value_or(0));
     MeasureWidth();
+    FindTornAmounts();
     KeepPreamble();
 }
 
@@ -108,6 +120,45 @@ void CsvTable::MeasureWidth()
         }
 }
 
+/// Some banks divide fields by commas and write decimal commas without quotes. Then most rows have
+/// more fields than names, and two digits follow each whole amount.
+void CsvTable::FindTornAmounts()
+{
+    if (dialect_.delimiter != ',' || !HasHeader())
+        return;
+    std::size_t rows = 0;
+    std::size_t tooLong = 0;
+    std::map<std::size_t, std::size_t> torn;
+    std::size_t extra = 0;
+    ForEachRecord([&](const CsvRecord& record) {
+        if (rows >= kMeasured || !IsDataRow(record))
+            return;
+        ++rows;
+        if (record.Filled() <= names_.size())
+            return;
+        ++tooLong;
+        extra = std::max(extra, record.Filled() - names_.size());
+        for (std::size_t i = 0; i + 1 < record.fields.size(); ++i)
+            if (IsTorn(record.fields[i], record.fields[i + 1]))
+                ++torn[i];
+    });
+    if (tooLong == 0 || tooLong * 2 < rows)
+        return;
+    for (const auto& [field, count] : torn)
+        if (count == tooLong)
+            torn_.insert(torn_.begin(), field);
+    const bool fits = torn_.size() == extra && tooLong == rows;
+    const bool some = std::any_of(torn.begin(), torn.end(), [tooLong](const auto& field) {
+        return field.second * 3 >= tooLong;
+    });
+    if (!fits && some)
+        throw NotAStatement(
+            "Commas divide the fields and stand in the amounts, so that the "
+            "amounts cannot be told.");
+    if (!fits)
+        torn_.clear();
+}
+
 void CsvTable::KeepPreamble()
 {
     CsvRecords records(text_, dialect_);
@@ -133,9 +184,14 @@ void CsvTable::ForEachRecord(const std::function<void(const CsvRecord&)>& take) 
 {
     CsvRecords records(text_, dialect_);
     CsvRecord record;
-    for (std::size_t i = 0; records.Next(record); ++i)
-        if (i >= first_ && !record.IsBlank() && !IsHeaderAgain(record))
-            take(record);
+    for (std::size_t i = 0; records.Next(record); ++i) {
+        if (i < first_ || record.IsBlank() || IsHeaderAgain(record))
+            continue;
+        if (record.Filled() == names_.size() + torn_.size())
+            for (const std::size_t field : torn_)
+                record.Join(field, 1);
+        take(record);
+    }
 }
 
 }  // namespace clb

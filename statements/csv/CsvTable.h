@@ -39,6 +39,7 @@ private:
     void FindFirstRow(std::size_t skip);
     void TakeHeader(const CsvRecord& record);
     void MeasureWidth();
+    void FindTornAmounts();
     void KeepPreamble();
     [[nodiscard]] bool IsHeaderAgain(const CsvRecord& record) const;
 
@@ -48,6 +49,8 @@ private:
     std::size_t first_ = 0;  ///< index of the first record after the header row
     std::size_t width_ = 0;
     std::vector<std::vector<std::string>> preamble_;
+    /// Fields that the comma of their decimals has torn apart, from the last on.
+    std::vector<std::size_t> torn_;
 };
 
 }  // namespace clb

@@ -192,7 +192,7 @@ Giro;DE11;XX;Bank;04.03.2021;04.03.2021;Firma;DE33;ZZ;Gutschrift;Lohn;500,00;EUR
         Layout{
             "GermanMobileBank",
             R"csv("Datum","Empfänger","Kontonummer","Transaktionstyp","Verwendungszweck","Betrag (EUR)","Betrag (Fremdwährung)","Fremdwährung","Wechselkurs"
-"2021-03-13","Cafe","","MasterCard Zahlung","","-4.5","-4.5","EUR","1.0"
+"2021-03-13","Cafe","","Kartenzahlung","","-4.5","-4.5","EUR","1.0"
 "2021-03-14","Anna","DE12","Gutschrift","Danke","20.0","","",""
 )csv",
             R"(2021-03-13 -4.5
@@ -302,8 +302,8 @@ Solde en début de période : 0,00
         Layout{
             "DutchWithSequenceNumber",
             R"csv("IBAN/BBAN","Munt","BIC","Volgnr","Datum","Rentedatum","Bedrag","Saldo na trn","Tegenrekening IBAN/BBAN","Naam tegenpartij","Code","Omschrijving-1"
-"NL11RABO0123456789","EUR","RABONL2U","000000000000001234","2021-03-30","2021-03-30","+500,00","+500,00","NL33","Werkgever","cb","Loon"
-"NL11RABO0123456789","EUR","RABONL2U","000000000000001235","2021-03-31","2021-03-31","-4,50","+495,50","NL22","Bakker","bc","Pas"
+"NL11TEST0123456789","EUR","TESTNL2U","000000000000001234","2021-03-30","2021-03-30","+500,00","+500,00","NL33","Werkgever","cb","Loon"
+"NL11TEST0123456789","EUR","TESTNL2U","000000000000001235","2021-03-31","2021-03-31","-4,50","+495,50","NL22","Bakker","bc","Pas"
 )csv",
             R"(2021-03-30 500
 2021-03-31 -4.5
@@ -345,7 +345,7 @@ BE11;ZICHT;JAN;EUR; 02021001;30/03/2021;LOON;30/03/2021;500,00;500,00;500,00;
 )"},
         Layout{"SwedishWithPreamble",
                R"csv(Clearingnummer,Kontonummer,Datum,Text,Belopp,Saldo
-8327,1234567,2021-03-31,ICA,-45.00,955.00
+8327,1234567,2021-03-31,BUTIK,-45.00,955.00
 8327,1234567,2021-03-30,Lön,1000.00,1000.00
 )csv",
                R"(2021-03-31 -45
@@ -353,7 +353,7 @@ BE11;ZICHT;JAN;EUR; 02021001;30/03/2021;LOON;30/03/2021;500,00;500,00;500,00;
 )"},
         Layout{"SwedishBookingDays",
                R"csv(Bokföringsdag;Belopp;Avsändare;Mottagare;Namn;Rubrik;Saldo;Valuta
-2021/03/31;-45,00;12;34;ICA;Kortköp;955,00;SEK
+2021/03/31;-45,00;12;34;BUTIK;Kortköp;955,00;SEK
 2021/03/30;1000,00;;;;Lön;1000,00;SEK
 )csv",
                R"(2021-03-31 -45
@@ -366,7 +366,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Layout{"DanishWithStates",
                R"csv("Dato";"Tekst";"Beløb";"Saldo";"Status";"Afstemt"
-"31.03.2021";"Dankort-køb Bager";"-45,00";"955,00";"Udført";"Nej"
+"31.03.2021";"Kortkøb Bager";"-45,00";"955,00";"Udført";"Nej"
 "30.03.2021";"Løn";"1.000,00";"1.000,00";"Udført";"Nej"
 )csv",
                R"(2021-03-31 -45
@@ -374,7 +374,7 @@ INSTANTIATE_TEST_SUITE_P(
 )"},
         Layout{"NorwegianInAndOut",
                R"csv("Dato";"Forklaring";"Rentedato";"Ut fra konto";"Inn på konto"
-"31.03.2021";"VARER KIWI";"31.03.2021";"45,00";""
+"31.03.2021";"VARER BUTIK";"31.03.2021";"45,00";""
 "30.03.2021";"LØNN";"30.03.2021";"";"1000,00"
 )csv",
                R"(2021-03-31 -45
@@ -531,9 +531,9 @@ INSTANTIATE_TEST_SUITE_P(
 2021-03-31 -4.5
 )"},
         Layout{"ChinesePaymentApp",
-               R"csv(微信支付账单明细,,,,,,,,,,
+               R"csv(支付账单明细,,,,,,,,,,
 起始时间：[2021-03-01 00:00:00] 终止时间：[2021-03-31 23:59:59],,,,,,,,,,
-----------------------微信支付账单明细列表--------------------,,,,,,,,,,
+----------------------支付账单明细列表--------------------,,,,,,,,,,
 交易时间,交易类型,交易对方,商品,收/支,金额(元),支付方式,当前状态,交易单号,商户单号,备注
 2021-03-31 12:00:00,商户消费,面包店,"面包",支出,¥4.50,零钱,支付成功,"100000001	","200000001	","/"
 2021-03-30 12:00:00,转账,朋友,"转账",收入,¥50.00,/,已存入零钱,"100000002	","200000002	","/"

@@ -77,6 +77,11 @@ void RandomTable::MakeDialect()
     header_ = Chance(80);
     balance_ = Chance(50);
     newestFirst_ = Chance(50);
+    valueDate_ = Chance(30);
+    original_ = header_ && Chance(20);
+    currency_ = Chance(30);
+    status_ = header_ && Chance(20);
+    identifier_ = Chance(20);
 }
 
 Money RandomTable::MakeAmount()
@@ -133,6 +138,9 @@ void RandomTable::MakeRows()
     }
     if (newestFirst_)
         std::reverse(rows_.begin(), rows_.end());
+    // Sorted by something else. Balances follow the order of time.
+    if (!balance_ && Chance(10))
+        std::shuffle(rows_.begin(), rows_.end(), random_);
 }
 
 std::string RandomTable::DateText(Date date)
@@ -186,11 +194,10 @@ std::string RandomTable::Signed(Money amount) const
     }
 }
 
-std::vector<std::string> RandomTable::AmountCells(Money amount, std::size_t& filled)
+std::vector<std::string> RandomTable::AmountCells(Money amount)
 {
     const bool out = amount.IsNegative();
     const Money size = out ? -amount : amount;
-    filled = 1;
     switch (style_) {
         case Style::InOut:
             return out ? std::vector<std::string>{Plain(size), ""}
@@ -251,24 +258,61 @@ void RandomTable::Write()
         {"交易日期", "摘要", "金额", "收入", "支出", "收/支", "余额", "起息日", "对方户名"}};
     const Language& words = OneOf(languages);
     const bool names = Chance(50);
-    const bool pair = style_ == Style::InOut || style_ == Style::InOutSigned;
-    const bool marked = style_ == Style::Marked;
     if (header_ && Chance(30))
         WriteRow({"Account statement", "", ""});
-    if (header_) {
-        std::vector<std::string> header = {words.date};
-        if (names)
-            header.emplace_back(words.name);
-        header.emplace_back(words.text);
-        header.emplace_back(pair ? words.out : words.amount);
-        if (pair)
-            header.emplace_back(words.in);
-        if (marked)
-            header.emplace_back(words.mark);
-        if (balance_)
-            header.emplace_back(words.balance);
-        WriteRow(header);
-    }
+    if (header_ && Chance(30))
+        WriteRow({"From", DateText(rows_.front().date), "To", DateText(rows_.back().date)});
+    if (header_)
+        WriteHeader(words, names);
+    WriteRows(names);
+    WriteAfter();
+}
+
+void RandomTable::WriteHeader(const Language& words, bool names)
+{
+    const bool pair = style_ == Style::InOut || style_ == Style::InOutSigned;
+    std::vector<std::string> header = {words.date};
+    if (names)
+        header.emplace_back(words.name);
+    header.emplace_back(words.text);
+    header.emplace_back(pair ? words.out : words.amount);
+    if (pair)
+        header.emplace_back(words.in);
+    if (style_ == Style::Marked)
+        header.emplace_back(words.mark);
+    if (balance_)
+        header.emplace_back(words.balance);
+    if (valueDate_)
+        header.emplace_back(words.valueDate);
+    if (currency_)
+        header.emplace_back("Currency");
+    if (original_)
+        header.emplace_back("Original amount");
+    if (status_)
+        header.emplace_back("Status");
+    if (identifier_)
+        header.emplace_back("Transaction ID");
+    WriteRow(header);
+}
+
+/// The cells of the columns that only some banks have.
+void RandomTable::AddMore(const RandomRow& row, std::vector<std::string>& cells)
+{
+    if (valueDate_)
+        cells.push_back(DateText(Date::FromDays(row.date.Days() + Number(-1, 3))));
+    if (currency_)
+        cells.emplace_back(decimals_ == 3 ? "KWD" : "EUR");
+    if (original_)
+        cells.push_back(
+            Chance(70) ? "" : Plain(Money::FromScaled(100 * std::int64_t{Number(1, 99'999)})));
+    if (status_)
+        cells.emplace_back("Booked");
+    if (identifier_)
+        cells.push_back("TX" + std::to_string(Number(100'000, 999'999)));
+}
+
+void RandomTable::WriteRows(bool names)
+{
     Money balance = Money::FromScaled(100 * std::int64_t{Number(-99'999, 999'999)});
     if (newestFirst_)
         for (const RandomRow& row : rows_)
@@ -280,16 +324,23 @@ void RandomTable::Write()
         if (names)
             cells.push_back("Someone " + std::to_string(Number(1, 9)));
         cells.push_back(row.text);
-        std::size_t filled = 0;
-        for (const std::string& cell : AmountCells(row.amount, filled))
+        for (const std::string& cell : AmountCells(row.amount))
             cells.push_back(cell);
         if (balance_)
             cells.push_back((balance.IsNegative() ? "-" : "") +
                             Plain(balance.IsNegative() ? -balance : balance));
+        AddMore(row, cells);
         WriteRow(cells);
         if (newestFirst_)
             balance = balance - row.amount;
     }
+}
+
+void RandomTable::WriteAfter()
+{
+    if (header_ && Chance(20))
+        WriteRow(
+            {"Total", "", Plain(Money::FromScaled(123'400)), Plain(Money::FromScaled(567'800))});
     if (Chance(20))
         text_ += "This is no invoice." + eol_;
 }

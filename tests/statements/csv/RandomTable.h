@@ -59,10 +59,14 @@ private:
     std::string MakeText(bool out);
     void MakeDialect();
     void Write();
+    void WriteHeader(const Language& words, bool names);
+    void WriteRows(bool names);
+    void WriteAfter();
+    void AddMore(const RandomRow& row, std::vector<std::string>& cells);
     std::string DateText(Date date);
-    std::string Plain(Money size) const;
-    std::string Signed(Money amount) const;
-    std::vector<std::string> AmountCells(Money amount, std::size_t& filled);
+    [[nodiscard]] std::string Plain(Money size) const;
+    [[nodiscard]] std::string Signed(Money amount) const;
+    std::vector<std::string> AmountCells(Money amount);
     void WriteRow(const std::vector<std::string>& cells);
     std::string Quoted(const std::string& cell);
 
@@ -81,6 +85,12 @@ private:
     bool header_ = true;
     bool balance_ = false;
     bool newestFirst_ = false;
+    // Columns that only some banks add.
+    bool valueDate_ = false;
+    bool original_ = false;
+    bool currency_ = false;
+    bool status_ = false;
+    bool identifier_ = false;
 };
 
 }  // namespace clb

@@ -28,6 +28,7 @@ std::vector<std::string> RowsOf(const KeptStatement& kept)
 std::vector<std::string> RowsOf(const std::vector<RandomRow>& truth)
 {
     std::vector<std::string> rows;
+    rows.reserve(truth.size());
     for (const RandomRow& row : truth)
         rows.push_back(row.date.ToIso() + " " + row.amount.ToText());
     return Sorted(rows);
