@@ -15,6 +15,7 @@ constexpr std::size_t kMostStatements = 100000;
 const char* Described(OfxTag content)
 {
     switch (content) {
+        case OfxTag::SignOn: return "only a bank's answer to the sign-on";
         case OfxTag::Profile: return "a bank's profile, which lists its services";
         case OfxTag::AccountList: return "a list of accounts";
         case OfxTag::Transfers: return "a bank's confirmation of transfers";
@@ -86,7 +87,7 @@ void OfxSurvey::Failure(const OfxFailure& failure)
 
 void OfxSurvey::Other(OfxTag content)
 {
-    if (other_ == OfxTag::Unknown)
+    if (other_ == OfxTag::Unknown || other_ == OfxTag::SignOn)
         other_ = content;
 }
 
@@ -108,10 +109,10 @@ std::string OfxSurvey::WhyNoStatement(bool breaksOff) const
 {
     if (!failure_.empty())
         return "The bank answered with an error instead of a statement (" + failure_ + ").";
+    if (breaksOff && (other_ == OfxTag::Unknown || other_ == OfxTag::SignOn))
+        return "The file ends before the statement in it begins.";
     if (const char* const described = Described(other_))
         return std::string("The file holds ") + described + ", not a statement of an account.";
-    if (breaksOff)
-        return "The file ends before the statement in it begins.";
     return "The file is in the format OFX but holds no statement of an account.";
 }
 

@@ -98,7 +98,7 @@ void OfxWalk::OpenAggregate(const OfxToken& token)
     } else if (tag == OfxTag::Status) {
         status_ = {token.offset, {}, {}};
         severity_ = {};
-    } else if (IsOtherContent(tag)) {
+    } else if (IsOtherContent(tag) || tag == OfxTag::SignOn) {
         visitor_.Other(tag);
     }
     path_.push_back(tag);

@@ -65,7 +65,7 @@ public:
     /// A trade, position or order, between BeginStatement and EndStatement. The name is its tag's.
     virtual void Security(std::string_view name, std::size_t offset) = 0;
     virtual void Failure(const OfxFailure& failure) = 0;
-    /// Something that is no statement.
+    /// Something that is no statement, such as the answer to the sign-on.
     virtual void Other(OfxTag content) = 0;
     /// A number that is no transaction's amount.
     virtual void OtherAmount(std::string_view raw) = 0;

@@ -236,7 +236,7 @@ TEST(OfxAccounts, FilesThatHoldNoStatementSaySo)
     EXPECT_EQ(WhyNot(signOn + "<SECLIST></SECLIST></OFX>"),
               "The file holds a list of securities, not a statement of an account.");
     EXPECT_EQ(WhyNot(signOn + "</OFX>"),
-              "The file is in the format OFX but holds no statement of an account.");
+              "The file holds only a bank's answer to the sign-on, not a statement of an account.");
     EXPECT_EQ(WhyNot("<OFX></OFX>"),
               "The file is in the format OFX but holds no statement of an account.");
     EXPECT_EQ(WhyNot(signOn), "The file ends before the statement in it begins.");
