@@ -120,9 +120,20 @@ void frmController::Settle()
     }
     history_->End();
     ShowStored();
-    if (history_->TakeChanged())
-        bars_.FollowHistory();
-    results_.Follow();
+    ShowHistory();
+}
+
+/// What was written is durable already, so no error may be reported here. If there is too little
+/// memory, the next command shows it.
+void frmController::ShowHistory() noexcept
+{
+    Quietly([this] {
+        if (history_->Changed()) {
+            bars_.FollowHistory();
+            history_->ChangesShown();
+        }
+        results_.Follow();
+    });
 }
 
 void frmController::Abandon() noexcept

@@ -138,6 +138,7 @@ private:
     void ShowPresentMonth();
     void NodeClicked(std::int32_t node);
     void ShowStored() noexcept;
+    void ShowHistory() noexcept;
     void ReleaseLock();
 
     Ports ports_;  // with those of unlocked_

@@ -3,6 +3,7 @@
 #include "automation/Request.h"
 #include "controls/CheckList.h"
 #include "controls/ControlVisitor.h"
+#include "controls/RowList.h"
 #include "user/FormUser.h"
 
 namespace clb {
@@ -41,6 +42,11 @@ Work ReadCheck(const Request& step)
     return [row, ticked](FormUser& user) { return user.Check(row, ticked); };
 }
 
+Work ChooseLine(std::string list, std::int32_t line)
+{
+    return [list = std::move(list), line](FormUser& user) { return user.Line(list, line); };
+}
+
 /// Returns an empty function if the step is not something that a user does.
 Work ReadWork(const Request& step)
 {
@@ -48,6 +54,8 @@ Work ReadWork(const Request& step)
         return WithText(&FormUser::Set, step.Text("set"), step.Text("to"));
     if (step.Has("choose"))
         return WithText(&FormUser::Choose, step.Text("choose"), step.Text("to"));
+    if (step.Has("line"))
+        return ChooseLine(step.Text("line"), step.Long("to"));
     if (step.Has("option"))
         return OnControl(&FormUser::Option, step.Text("option"));
     if (step.Has("check"))
@@ -95,6 +103,7 @@ public:
                 {"value", option.Value()},
                 {"enabled", option.Enabled()}};
     }
+    void Visit(RowList& list) override;
     void Visit(TextBox& box) override
     {
         json = {{"text", box.Text()}, {"enabled", box.Enabled()}, {"selected", box.SelectedText()}};
@@ -114,6 +123,17 @@ void ControlDescription::Visit(CheckList& list)
         rows.push_back(std::move(values));
     }
     json = {{"columns", list.Columns()}, {"rows", std::move(rows)}};
+}
+
+void ControlDescription::Visit(RowList& list)
+{
+    Json lines = Json::array();
+    for (const RowList::Line& line : list.Lines())
+        lines.push_back(line.IsHeading() ? Json(line.heading) : Json(line.row.cells));
+    json = {{"columns", list.Columns()},
+            {"lines", std::move(lines)},
+            {"chosen", list.Chosen()},
+            {"enabled", list.Enabled()}};
 }
 
 void ControlDescription::Visit(ListBox& list)

@@ -50,7 +50,7 @@ void ChangeLog::AddGone(const ChangingRow& row, std::uint32_t table)
         cells_.append(before_, from);
     }
     lastBefore_ = packed::HashOfCells(before_);
-    entries_.push_back({row.IdBefore(), 0, start, table, true, false});
+    entries_.push_back({row.IdBefore(), lastBefore_, 0, start, table, true, false});
 }
 
 void ChangeLog::AddNew(const ChangingRow& row, std::uint32_t table)
@@ -61,7 +61,7 @@ void ChangeLog::AddNew(const ChangingRow& row, std::uint32_t table)
     if (row.What() == ChangingRow::Kind::Insert)
         lastBefore_ = 0;
     entries_.push_back(
-        {row.IdAfter(), packed::HashOfCells(after_), cells_.size(), table, false, true});
+        {row.IdAfter(), 0, packed::HashOfCells(after_), cells_.size(), table, false, true});
 }
 
 void ChangeLog::AddWritten(const ChangingRow& row, std::uint32_t table)
@@ -81,7 +81,8 @@ void ChangeLog::AddWritten(const ChangingRow& row, std::uint32_t table)
         cells_ += was;
     }
     lastBefore_ = packed::HashOfCells(before_);
-    entries_.push_back({row.IdBefore(), packed::HashOfCells(after_), start, table, true, true});
+    entries_.push_back(
+        {row.IdBefore(), lastBefore_, packed::HashOfCells(after_), start, table, true, true});
 }
 
 void ChangeLog::CutTo(std::size_t size) noexcept
@@ -145,7 +146,7 @@ void ChangeLog::Visit(IChangesVisitor& visitor) const
             RowChanged row{first.row, first.was, first.is, first.hash};
             for (; i < entries.size() && entries_[entries[i]].row == row.row; ++i)
                 Fold(entries[i], row, tables_[table].columns);
-            if (row.was ? row.is && row.before.empty() : !row.is)
+            if (row.was ? row.is && row.hash == first.hashBefore : !row.is)
                 continue;
             if (!std::exchange(named, true))
                 visitor.Table(tables_[table].name, tables_[table].columns);

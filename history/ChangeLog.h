@@ -52,6 +52,7 @@ public:
 private:
     struct Entry {
         std::int64_t row;
+        std::uint64_t hashBefore;  ///< of its cells before; 0: it was not there
         std::uint64_t hash;
         std::size_t cells;  ///< where the cells begin; they end where those of the next entry begin
         std::uint32_t table;

@@ -76,8 +76,9 @@ public:
     std::vector<RowStory> Rows(const Step& step, std::size_t most);
     /// When a change of tables ended the history before; empty if none did. Throws EngineError.
     std::string EndedAt();
-    /// Whether steps were made, undone or lost here since the last call.
-    bool TakeChanged() { return std::exchange(changed_, false); }
+    /// Whether steps were made, undone or lost here since ChangesShown was called.
+    [[nodiscard]] bool Changed() const { return changed_; }
+    void ChangesShown() { changed_ = false; }
     [[nodiscard]] const std::string& Program() const { return program_; }
 
     // IChangeWatch

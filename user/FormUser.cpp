@@ -4,6 +4,7 @@
 
 #include "controls/CheckList.h"
 #include "controls/ControlVisitor.h"
+#include "controls/RowList.h"
 
 namespace clb {
 namespace {
@@ -63,6 +64,18 @@ bool FormUser::Option(const std::string& option)
     if (!found || !form_.Focus(*found))
         return false;
     found->Choose();
+    return true;
+}
+
+bool FormUser::Line(const std::string& list, std::int32_t line)
+{
+    auto* const rows = Find<RowList>(list);
+    if (!rows || line < 1)
+        return false;
+    const auto place = static_cast<std::size_t>(line);
+    if (place > rows->Lines().size() || rows->Lines()[place - 1].IsHeading() || !form_.Focus(*rows))
+        return false;
+    rows->Choose(place);
     return true;
 }
 

@@ -19,6 +19,9 @@ public:
     bool Set(const std::string& textBox, const std::string& text);
     /// Chooses a drop-down list's item by its text. Returns false if there is no such item.
     bool Choose(const std::string& list, const std::string& item);
+    /// Chooses a row of a list of rows by the number of its line, from 1. Returns false for a
+    /// heading and if there is no such line.
+    bool Line(const std::string& list, std::int32_t line);
     bool Option(const std::string& option);
     /// Ticks or unticks a row of the form's list of checks. Rows are numbered from 1; returns false
     /// if there is no such row.

@@ -7,6 +7,8 @@
 
 #include "data/EmptyDatabase.h"
 #include "engine/rows/Connection.h"
+#include "history/History.h"
+#include "tests/support/BackAndForth.h"
 
 namespace clb {
 namespace {
@@ -25,7 +27,7 @@ std::string BytesOf(const std::string& path)
     return bytes;
 }
 
-/// Leaves out the time at which a balance was noticed, which comes from the system's clock.
+/// Leaves out the time of a step, or at which a balance was noticed: the system's clock.
 std::string WithoutTime(std::string line)
 {
     const std::size_t time = line.find("|t19:");
@@ -59,6 +61,38 @@ BookFolder::BookFolder(const std::vector<std::string>& statements)
     for (const std::string& statement : statements)
         connection.Execute(statement);
     connection.Settle();
+    start_ = WithoutHistory(Tables());
+}
+
+void BookFolder::Command(const std::string& statement)
+{
+    Run([&statement](Connection& connection, History& history) {
+        history.Begin("SQL");
+        connection.Execute(statement);
+    });
+}
+
+void BookFolder::UndoCommand()
+{
+    Run([](Connection&, History& history) { history.Undo(1); });
+}
+
+void BookFolder::Run(const std::function<void(Connection&, History&)>& work)
+{
+    Connection connection;
+    connection.Open("Data Source=" + Path(kDatabase));
+    History history(
+        connection, [] { return *Date::Of(2006, 3, 5); }, "earlier");
+    work(connection, history);
+    connection.Settle();
+}
+
+std::string BookFolder::WrongInHistory() const
+{
+    const TempFolder copy(TempFolder::Memory());
+    fs::copy_file(Path(kDatabase), copy.Path("clb.mdb"));
+    const WayBack back = GoBackAndForth(copy.Path("clb.mdb"), start_);
+    return back.past == Past::Whole ? "" : "the history does not lead back: " + back.why;
 }
 
 std::string BookFolder::Write(const std::string& name, const std::string& bytes)
@@ -113,7 +147,7 @@ TableDump BookFolder::Tables() const
         throw std::runtime_error("damaged: " + integrity);
     TableDump dump = DumpOf(Path(kDatabase));
     for (std::string& line : dump.lines)
-        if (line.starts_with("CvBalance|"))
+        if (line.starts_with("CvBalance|") || line.starts_with("CvStep|"))
             line = WithoutTime(std::move(line));
     return dump;
 }

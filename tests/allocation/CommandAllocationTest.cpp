@@ -23,7 +23,7 @@ int RunCommand(
     int exitCode = 0;
     CLI::App app("clb", "clb");
     for (const auto add : {AddAccounts, AddImport, AddExport, AddMove, AddBackup, AddRestore,
-                           AddCheck, AddSql, AddCopyBudget})
+                           AddCheck, AddSql, AddCopyBudget, AddHistory, AddUndo, AddRedo})
         add(app, exitCode);
     app.parse_complete_callback(begin);
     std::vector<std::string> reversed(words.rbegin(), words.rend());
@@ -133,6 +133,25 @@ TEST_P(CommandAllocationTest, InACheckThatRepairs)
 {
     RunCommand({"sql", books_.Path(), "UPDATE Account SET CurrentBalance = 1"});
     EXPECT_THAT(Try("check", {"--repair"}, true), IsEmpty());
+}
+
+TEST_P(CommandAllocationTest, InAnUndo)
+{
+    books_.Command("UPDATE Trans SET Category = 'Fun'");
+    EXPECT_THAT(Try("undo"), IsEmpty());
+}
+
+TEST_P(CommandAllocationTest, InARedo)
+{
+    books_.Command("DELETE FROM Trans");
+    books_.UndoCommand();
+    EXPECT_THAT(Try("redo"), IsEmpty());
+}
+
+TEST_P(CommandAllocationTest, InListingTheHistory)
+{
+    books_.Command("UPDATE Trans SET Category = 'Fun'");
+    EXPECT_THAT(Try("history", {"--step", "1"}), IsEmpty());
 }
 
 /// Its reply is JSON, which allocates memory in destructors.

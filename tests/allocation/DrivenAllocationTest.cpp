@@ -43,5 +43,26 @@ TEST_F(DrivenAllocationTest, InSavingARow)
                 IsEmpty());
 }
 
+TEST_F(DrivenAllocationTest, InAnUndo)
+{
+    books_.Command(
+        "INSERT INTO Trans (Sequence, AccountID, PostDate, Amount, Year, Period) VALUES "
+        "(2, 'C-1', #2006-03-04#, -5, 2006, 3)");
+    EXPECT_THAT(Try({}, {{"do", "menu"}, {"item", "mnuY_Undo"}}), IsEmpty());
+}
+
+TEST_F(DrivenAllocationTest, InARedo)
+{
+    books_.Command("DELETE FROM Trans");
+    books_.UndoCommand();
+    EXPECT_THAT(Try({}, {{"do", "menu"}, {"item", "mnuY_Redo"}}), IsEmpty());
+}
+
+TEST_F(DrivenAllocationTest, InListingTheHistory)
+{
+    books_.Command("UPDATE Trans SET Category = 'Fun'");
+    EXPECT_THAT(Try({}, {{"do", "history"}}), IsEmpty());
+}
+
 }  // namespace
 }  // namespace clb

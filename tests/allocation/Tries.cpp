@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -119,16 +120,26 @@ std::string Tries::WrongInBook(bool succeeded) const
                 return "left: " + name;
         if (succeeded) {
             const TableDump found = books_.Tables();
-            return found == after_ ? "" : "not as after it:\n" + Difference(after_, found);
+            return found == after_ ? WrongInHistory()
+                                   : "not as after it:\n" + Difference(after_, found);
         }
         if (IsAsBefore())
-            return "";
+            return WrongInHistory();
         const TableDump found = books_.Tables();
         return (found == after_ ? "kept, but told as a failure:\n" : "half kept:\n") +
                Difference(books_.KeptTables(), found);
     } catch (const std::exception& error) {
         return error.what();
     }
+}
+
+/// Of a command that records a step. What updates an older schema records none.
+std::string Tries::WrongInHistory() const
+{
+    const bool records =
+        std::any_of(after_.lines.begin(), after_.lines.end(),
+                    [](const std::string& line) { return line.starts_with("CvStep|"); });
+    return records && LooksFurther() ? books_.WrongInHistory() : "";
 }
 
 }  // namespace clb

@@ -49,6 +49,7 @@ public:
 private:
     /// Returns false if no allocation failed any more.
     bool Evaluate(int status);
+    [[nodiscard]] std::string WrongInHistory() const;
 
     struct Outcome;
     BookFolder& books_;

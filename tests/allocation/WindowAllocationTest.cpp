@@ -271,6 +271,37 @@ TEST_P(WindowAllocationTest, InShowingAnotherView)
     EXPECT_THAT(Try([this] { ClickOn("Checking"); }, false), IsEmpty());
 }
 
+TEST_P(WindowAllocationTest, InShowingTheHistory)
+{
+    books_.Command("UPDATE Trans SET Category = 'Fun'");
+    Open();
+    EXPECT_THAT(Try(Press("mnuY_Show"), false, 12), IsEmpty());
+}
+
+/// Without any memory left, an undo is only taken back when the next command begins: the storage
+/// must prepare the query for it anew, because triggers were switched.
+class UndoAllocationTest : public WindowAllocationTest {};
+
+TEST_P(UndoAllocationTest, InAnUndo)
+{
+    books_.Command("UPDATE Trans SET Category = 'Fun'");
+    Open();
+    // The register of the row is shown before all is done.
+    ClickOn("Checking");
+    shown_ = {Shown()};
+    ClickOn("Budget");
+    EXPECT_THAT(Try(Press("mnuY_Undo"), true, 6), IsEmpty());
+}
+
+TEST_P(UndoAllocationTest, InARedo)
+{
+    books_.Command("DELETE FROM Trans");
+    books_.UndoCommand();
+    Open();
+    EXPECT_THAT(Try(Press("mnuY_Redo"), true, 6), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Once, UndoAllocationTest, testing::Values(Refusal::One));
 INSTANTIATE_TEST_SUITE_P(Once, WindowAllocationTest, testing::Values(Refusal::One));
 INSTANTIATE_TEST_SUITE_P(ForGood, WindowAllocationTest, testing::Values(Refusal::All));
 

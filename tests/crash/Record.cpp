@@ -68,6 +68,8 @@ MomentPtr FirstMoment(int schemaVersion)
     };
     run(SessionScript::FirstStatements());
     RepairDatabase(folder.Path(), Date::FromDays(46000));
+    // The sessions begin here, so no step leads to before.
+    run({"DROP TABLE CvStep", "DROP TABLE CvChange"});
     if (schemaVersion < 2)
         run(SessionScript::StatementsBackTo(schemaVersion));
     return Look(folder.Path(), nullptr);

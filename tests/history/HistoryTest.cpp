@@ -75,6 +75,16 @@ TEST_F(HistoryTest, ARowThatAStepChangesAgainAfterASettleCountsOnce)
     EXPECT_EQ(history_->NextToUndo()->rows, 2);
 }
 
+// Symptom: an import that added nothing was a step, which Undo took back without any effect.
+TEST_F(HistoryTest, WhatIsAsBeforeInTheEndIsNoStep)
+{
+    Command("New Record", {kChecking, kCoffee});
+    Command("Import",
+            {"UPDATE Account SET CurrentBalance = 7", "UPDATE Trans SET Category = 'Food'",
+             "UPDATE Account SET CurrentBalance = 0", "UPDATE Trans SET Category = NULL"});
+    EXPECT_EQ(history_->NextToUndo()->what, "New Record");
+}
+
 TEST_F(HistoryTest, TwoCommandsInOneCommitAreTwoSteps)
 {
     history_->Begin("One");
@@ -171,6 +181,21 @@ TEST_F(HistoryTest, RefusesWhereAnotherRowHasTakenThePlace)
                      "account 'Checking'. Nothing was changed.");
     }
     End();
+}
+
+TEST_F(HistoryTest, ATriggerOfTheBookDoesNotRunWhenItsRowsArePutBack)
+{
+    Command("New Record", {kChecking});
+    Elsewhere(
+        "CREATE TRIGGER Counts AFTER INSERT ON Trans BEGIN UPDATE Account SET CurrentBalance = "
+        "CurrentBalance + 1; END");
+    const std::string before = Everything();
+    Command("New Record", {kCoffee});
+    const std::string after = Everything();
+    Undo();
+    EXPECT_EQ(Everything(), before);
+    Redo();
+    EXPECT_EQ(Everything(), after);
 }
 
 TEST_F(HistoryTest, OutlivesTheProgramAVacuumAndACopy)

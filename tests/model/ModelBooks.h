@@ -59,6 +59,17 @@ struct BudgetMonth {
     bool operator==(const BudgetMonth&) const = default;
 };
 
+/// What the window shows, and where its user is.
+struct Standing {
+    int node = 1;  ///< of the tree, from 1
+    BudgetMonth month;
+    std::string type;          ///< of the account; two accounts may have one number
+    std::vector<bool> folded;  ///< the group headings of the grid
+    std::size_t row = 1;
+    int column = 1;
+    bool inGrid = false;
+};
+
 // In the rows, dates are ISO texts, and numbers with fractions are plain decimal texts. Empty means
 // null.
 

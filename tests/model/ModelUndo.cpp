@@ -1,7 +1,5 @@
 // The history's commands of the model.
 
-#include <algorithm>
-
 #include "tests/model/ModelWindow.h"
 
 namespace clb::model {
@@ -27,22 +25,20 @@ std::string ModelWindow::StepName(const Action& action) const
 /// Returns false if there is no step.
 bool ModelWindow::TakeSteps(bool undo, std::size_t count)
 {
-    Tables before;
     bool any = false;
     for (; count > 0; --count) {
         const Tables* const now = undo ? history_.Back() : history_.Forward();
         if (!now)
             break;
-        before = books_;
+        const auto lines = books_.lines;
         static_cast<Tables&>(books_) = *now;
         if (books_.flaw == Flaw::UndoKeepsBudget)
-            books_.lines = before.lines;
+            books_.lines = lines;
         any = true;
     }
     if (!any)
         return false;
     Reload();
-    ShowPlace(before);
     return true;
 }
 
@@ -81,32 +77,21 @@ void ModelWindow::Reload()
     Refresh();
 }
 
-/// Shows the first transaction that the step wrote, or else the first that it brought back.
-void ModelWindow::ShowPlace(const Tables& before)
+void ModelWindow::StandAt(const Standing& standing)
 {
-    for (const bool written : {true, false})
-        for (const Transaction& row : books_.transactions) {
-            const auto was =
-                std::find_if(before.transactions.begin(), before.transactions.end(),
-                             [&row](const Transaction& one) { return one.row == row.row; });
-            const bool there = was != before.transactions.end();
-            if (there == written && (!there || !(*was == row)) && books_.HasAccount(row.account))
-                return ShowRow(row);
-        }
-}
-
-void ModelWindow::ShowRow(const Transaction& row)
-{
-    const auto account = std::find_if(books_.accounts.begin(), books_.accounts.end(),
-                                      [&row](const Account& one) { return one.id == row.account; });
-    month_ = row.month;
-    inGrid_ = false;
-    ClickNode(FindTag(std::to_string(ViewOfType(account->type)) + '\x01' + account->id));
-    const std::vector<Line> lines = Lines();
-    for (std::size_t at = 0; view_ == 4 && at < lines.size(); ++at)
-        if (lines[at].kind == Kind::Data && lines[at].row == row.row)
-            row_ = at + 1;
+    if (standing.node != selected_ || !(standing.month == month_)) {
+        month_ = standing.month;
+        ClickNode(static_cast<std::size_t>(standing.node));
+    }
+    std::size_t heading = 0;
+    for (const Line& line : Lines())
+        if (line.kind == Kind::Heading && !standing.folded.at(heading++))
+            folded_.erase(line.group);
+    row_ = standing.row;
+    column_ = standing.column;
+    inGrid_ = standing.inGrid;
     Choose();
+    type_ = standing.type;
 }
 
 }  // namespace clb::model

@@ -26,6 +26,9 @@ public:
     [[nodiscard]] BudgetMonth Month() const { return month_; }
     /// Performs any deed except Look.
     void Do(const Action& action);
+    /// Goes where the program went after Undo or Redo. Which of the touched rows it shows is tested
+    /// elsewhere; here, everything that is shown there is compared.
+    void StandAt(const Standing& standing);
     /// Everything that is shown, line by line, including the message boxes since the last call.
     std::vector<std::string> Shown();
     [[nodiscard]] std::vector<std::string> Stored() const { return books_.Lines(); }
@@ -125,8 +128,6 @@ private:
     void TakeOneByOne(bool undo, const Action& action);
     void GoBackTo(int step);
     void Reload();
-    void ShowPlace(const Tables& before);
-    void ShowRow(const Transaction& row);
 
     // Commands
     void Perform(const Action& action);

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kRegister = 4;
 constexpr int kFitid = 10;  // column of the register
+constexpr std::size_t kAllRows = 1'000'000;
 
 template <class T>
 T& Part(Form& form, const char* name)
@@ -45,6 +46,14 @@ const std::string& StartDatabase()
         return folder.Read("db/clb.mdb");
     }();
     return bytes;
+}
+
+/// Rows of the books, without the notes that the program makes for itself.
+std::size_t CountOwn(const std::vector<RowStory>& rows)
+{
+    return static_cast<std::size_t>(
+        std::count_if(rows.begin(), rows.end(),
+                      [](const RowStory& row) { return !row.table.starts_with("Cv"); }));
 }
 
 }  // namespace
@@ -328,28 +337,51 @@ void Program::TakeSteps(const char* item, const Action& action)
     }
 }
 
+/// "Delete Record, 2" and ", undone" for each step, the newest first. Counts the rows of the books;
+/// the number in the dialog also counts notes of the program's own.
+std::vector<std::string> Program::StepTexts(const RowList& list)
+{
+    std::vector<std::string> texts;
+    std::vector<const std::vector<std::string>*> shown;
+    for (const RowList::Line& line : list.Lines())
+        if (!line.IsHeading())
+            shown.push_back(&line.row.cells);
+    window_->Steps().Visit([&](const Step& step) {
+        const std::vector<RowStory> rows = window_->Steps().Rows(step, kAllRows);
+        const std::vector<std::string>& cells = *shown.at(texts.size());
+        texts.push_back(cells.at(1) + ", " + std::to_string(CountOwn(rows)) +
+                        (cells.at(2) == std::to_string(rows.size()) ? "" : " but " + cells.at(2)) +
+                        (cells.at(3).empty() ? "" : ", " + cells.at(3)));
+        return true;
+    });
+    return texts;
+}
+
 void Program::GoBackTo(const Action& action)
 {
     modal_.steps.push_back([this, &action](Form& form) {
         RowList& list = Part<RowList>(form, "lstSteps");
         std::string text = "history";
-        std::vector<std::size_t> steps;
-        for (std::size_t line = 1; line <= list.Lines().size(); ++line) {
-            const RowList::Line& one = list.Lines()[line - 1];
-            if (one.IsHeading())
-                continue;
-            steps.push_back(line);
-            text += "|" + one.row.cells.at(1) + ", " + one.row.cells.at(2) +
-                    (one.row.cells.at(3).empty() ? "" : ", " + one.row.cells.at(3));
-        }
+        for (const std::string& step : StepTexts(list))
+            text += "|" + step;
         messages_.Show(text, 0, "");
-        if (steps.empty())
+        std::vector<std::size_t> lines;
+        for (std::size_t line = 1; line <= list.Lines().size(); ++line)
+            if (!list.Lines()[line - 1].IsHeading())
+                lines.push_back(line);
+        if (lines.empty())
             return;
-        list.Choose(steps[Around(action.first, steps.size())]);
+        list.Choose(lines[Around(action.first, lines.size())]);
         Button& back = Part<Button>(form, "btnBack");
         (back.Enabled() ? back : Part<Button>(form, "btnForward")).Press();
     });
     Menu("mnuY_Show");
+}
+
+bool Program::OnlyNotes()
+{
+    const std::optional<Step> newest = window_->Steps().NextToUndo();
+    return newest && CountOwn(window_->Steps().Rows(*newest, kAllRows)) == 0;
 }
 
 std::size_t Program::Take(bool undo, std::size_t most)
@@ -418,6 +450,21 @@ std::vector<std::string> Program::Shown()
             offered += "|" + item.text;
     all.push_back(offered);
     return all;
+}
+
+Standing Program::Stands()
+{
+    Standing standing;
+    standing.node = window_->TreeView.Selected();
+    standing.month = {window_->View().Year(), window_->View().Period()};
+    standing.type = window_->View().AccountType();
+    for (std::size_t row = 1; row <= Grid().Rows().Count(); ++row)
+        if (Grid().Rows().Kind(row) == GridRowKind::GroupHeading)
+            standing.folded.push_back(Grid().Rows().Folded(row));
+    standing.row = Grid().Row();
+    standing.column = Grid().Col();
+    standing.inGrid = window_->window.Focus() == &Grid();
+    return standing;
 }
 
 std::string Program::Position()

@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "app/frmController.h"
+#include "controls/RowList.h"
 #include "tests/model/Actions.h"
+#include "tests/model/ModelBooks.h"
 #include "tests/model/Statements.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/TempFolder.h"
@@ -34,6 +36,7 @@ public:
     /// Performs any deed except Look, as a user would, with the work of a front end after each
     /// command.
     void Do(const Action& action);
+    [[nodiscard]] Standing Stands();
     /// Everything that is shown, line by line, including the message boxes since the last call.
     std::vector<std::string> Shown();
     /// Every row of every table as a line.
@@ -43,6 +46,8 @@ public:
     std::vector<std::string> Dump();
     /// Undoes or redoes without the window. Returns how many steps.
     std::size_t Take(bool undo, std::size_t most);
+    /// Whether the newest step holds nothing but notes of the program's own.
+    bool OnlyNotes();
     [[nodiscard]] std::size_t Nodes() const
     {
         return static_cast<std::size_t>(window_->TreeView.Count());
@@ -69,6 +74,7 @@ private:
     void Reopen(const Action& action);
     void Kill(const Action& action);
     void TakeSteps(const char* item, const Action& action);
+    std::vector<std::string> StepTexts(const RowList& list);
     void GoBackTo(const Action& action);
     std::string RowText(std::size_t row);
     std::string Commands();

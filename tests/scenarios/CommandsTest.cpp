@@ -57,7 +57,7 @@ TEST_F(CommandsTest, EveryMenuItemHasItsCaptionAndAccessKey)
               "Move To &Previous Month\nMove To N&ext Month\n&Split Transaction\n"
               "&Update Quotes\n&Options...\n"
               "&Help Topics\nCorvane on the &Web\n&Online Tutorial\n&About Corvane Ledgerbook\n"
-              "&Undo\n&Redo\n&Show History...\n");
+              "&Undo SQL\n&Redo\n&Show History...\n");
 }
 
 TEST_F(CommandsTest, TheToolbarHasItsFiveButtons)

@@ -76,6 +76,8 @@ TEST_F(HistoryTest, ACommandHasOneNameInMenuAndToolbar)
 // Symptom: the tree selected the account, but the grid showed the rows of its later number.
 TEST_F(HistoryTest, TheShownAccountGetsItsFormerNumberBack)
 {
+    AddTransaction("B-2", "2006-3", "-4");
+    ShowAll();
     Click("Net Worth");
     Edit(2, 3, "B-3");
     EXPECT_TRUE(Save());
@@ -112,6 +114,30 @@ TEST_F(HistoryTest, SqlAndOperationsAreStepsToo)
     Do({{"do", "sql"}, {"text", "UPDATE Trans SET CheckID = '7'"}});
     Do({{"do", "call"}, {"op", "CreateBudgetEntry"}, {"args", {"Fun", 2006, 5, "Household", "7"}}});
     EXPECT_EQ(Steps(), "CreateBudgetEntry, SQL" + (before.empty() ? before : ", " + before));
+}
+
+// The dialog is driven like the others: its steps stand under their day, the newest first.
+TEST_F(HistoryTest, TheDialogGoesBackToBeforeAChosenStep)
+{
+    Click("Checking");
+    const std::string before = All();
+    Move(1, 1);
+    AnswerBox("Yes");
+    Menu("mnuE_Delete");
+    AnswerForm("frmHistory", R"([{"line":"lstSteps","to":2},{"read":true},{"press":"btnBack"},
+                                 {"press":"btnClose"}])");
+
+    Events();
+    Menu("mnuY_Show");
+
+    EXPECT_EQ(All(), before);
+    Json read;
+    for (const Json& event : EventsOf("form"))
+        if (event["moment"] == "read")
+            read = event["controls"];
+    EXPECT_EQ(read["lstSteps"]["chosen"], 2);
+    EXPECT_EQ(read["lstSteps"]["lines"][1][1], "Delete Record");
+    EXPECT_EQ(read["lblTakes"]["caption"], "Going back to before this takes back 1 step.");
 }
 
 }  // namespace

@@ -110,15 +110,17 @@ bool Session::GoTo(std::int32_t row)
     return reply["ok"] == true && reply["moved"] == true;
 }
 
-Step& Session::Record(std::int32_t number, std::int32_t piece, Step::Kind kind)
+ReportedStep& Session::Record(std::int32_t number, std::int32_t piece, ReportedStep::Kind kind)
 {
-    return steps_[number].emplace_back(Step{.kind = kind, .program = kProgram, .piece = piece});
+    return steps_[number].emplace_back(
+        ReportedStep{.kind = kind, .program = kProgram, .piece = piece});
 }
 
 void Session::RecordRefusal(std::int32_t number, std::int32_t piece)
 {
     const bool changed = said_.find("has changed") != std::string::npos;
-    Record(number, piece, changed ? Step::Kind::Refused : Step::Kind::Missing).shown = shown_;
+    Record(number, piece, changed ? ReportedStep::Kind::Refused : ReportedStep::Kind::Missing)
+        .shown = shown_;
 }
 
 void Session::Escape()
@@ -145,7 +147,7 @@ void Session::Edit(std::int32_t number, std::int32_t piece, Cell cell, const std
         RecordRefusal(number, piece);
         return Escape();
     }
-    Record(number, piece, Step::Kind::Type).cell = cell;
+    Record(number, piece, ReportedStep::Kind::Type).cell = cell;
     pause_();
     const Json reply = Ask({{"do", "save"}});
     std::optional<bool> mine;
@@ -156,7 +158,7 @@ void Session::Edit(std::int32_t number, std::int32_t piece, Cell cell, const std
         RecordRefusal(number, piece);
         return Escape();
     }
-    Step& step = Record(number, piece, Step::Kind::Save);
+    ReportedStep& step = Record(number, piece, ReportedStep::Kind::Save);
     step.cell = cell;
     step.text = text;
     step.mine = mine;
@@ -178,7 +180,7 @@ void Session::Move(std::int32_t number, std::int32_t piece, std::int32_t directi
     for (const Json& event : Log())
         done = done && event["event"] != "box";
     if (done)
-        Record(number, piece, Step::Kind::Move).direction = direction;
+        Record(number, piece, ReportedStep::Kind::Move).direction = direction;
     else
         RecordRefusal(number, piece);
 }
@@ -207,7 +209,7 @@ void Session::Split(std::int32_t number, std::int32_t piece, std::int64_t amount
     if (asked)
         splitWaits_.reset();
     if (done && asked)
-        Record(number, piece, Step::Kind::Split).amount = amount;
+        Record(number, piece, ReportedStep::Kind::Split).amount = amount;
     else
         RecordRefusal(number, piece);
 }
@@ -229,9 +231,15 @@ void Session::Delete(std::int32_t number, std::int32_t piece)
     for (const Json& event : Log())
         boxes += event["event"] == "box" ? 1U : 0U;
     if (done && boxes == 1)
-        Record(number, piece, Step::Kind::Delete);
+        Record(number, piece, ReportedStep::Kind::Delete);
     else
         RecordRefusal(number, piece);
+}
+
+void Session::TakeStep(bool undo)
+{
+    Ask({{"do", "menu"}, {"item", undo ? "mnuY_Undo" : "mnuY_Redo"}});
+    Log();
 }
 
 void Session::Add(const std::string& description, std::int64_t amount)

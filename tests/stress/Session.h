@@ -31,8 +31,14 @@ public:
     /// Enters a new row.
     void Add(const std::string& description, std::int64_t amount);
 
+    /// Undoes or redoes the newest step, whichever program has made it. Records nothing.
+    void TakeStep(bool undo);
+
     /// What was recorded since the last call, by the number of the transaction.
-    std::map<std::int32_t, std::vector<Step>> TakeSteps() { return std::exchange(steps_, {}); }
+    std::map<std::int32_t, std::vector<ReportedStep>> TakeSteps()
+    {
+        return std::exchange(steps_, {});
+    }
     /// Descriptions and amounts of the rows that were added since the last call.
     std::map<std::string, std::int64_t> TakeAdded() { return std::exchange(added_, {}); }
     /// Requests and replies since the last call, for messages.
@@ -52,7 +58,7 @@ private:
     /// The number under which the grid shows the piece; 0 if it does not.
     std::int32_t RowOf(std::int32_t number, std::int32_t piece);
     bool GoTo(std::int32_t row);
-    Step& Record(std::int32_t number, std::int32_t piece, Step::Kind kind);
+    ReportedStep& Record(std::int32_t number, std::int32_t piece, ReportedStep::Kind kind);
     /// Records that the program did nothing, and why.
     void RecordRefusal(std::int32_t number, std::int32_t piece);
     /// Drops what was typed and not stored.
@@ -63,7 +69,7 @@ private:
     AutomationClient program_;
     std::function<void()> pause_;
     Month shown_;
-    std::map<std::int32_t, std::vector<Step>> steps_;
+    std::map<std::int32_t, std::vector<ReportedStep>> steps_;
     std::map<std::string, std::int64_t> added_;
     std::string story_;
     std::string said_;  ///< the last error or box

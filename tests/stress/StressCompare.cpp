@@ -62,24 +62,24 @@ void StressRound::CompareImport(const Import& import, std::set<std::string>& fit
 
 void StressRound::ReadReport(const Command& command)
 {
-    Step step{.kind = Step::Kind::Missing,
-              .program = command.process->Story(),
-              .piece = command.piece,
-              .amount = command.amount,
-              .direction = command.direction};
+    ReportedStep step{.kind = ReportedStep::Kind::Missing,
+                      .program = command.process->Story(),
+                      .piece = command.piece,
+                      .amount = command.amount,
+                      .direction = command.direction};
     step.program = step.program.substr(0, step.program.find(" ->")) + " (" +
                    std::to_string(&command - commands_.data()) + ")";
     const Json report = Json::parse(command.process->Out(), nullptr, false);
     if (command.process->Wait() == 0 && report.is_object() && command.split) {
-        step.kind = Step::Kind::Split;
+        step.kind = ReportedStep::Kind::Split;
         step.reportedFirst =
             Money::Parse(report["pieces"][0]["Amount"].get<std::string>()).Scaled();
         step.reportedPiece = report["pieces"][1]["piece"].get<std::int32_t>();
     } else if (command.process->Wait() == 0 && report.is_object()) {
-        step.kind = Step::Kind::Move;
+        step.kind = ReportedStep::Kind::Move;
         step.reportedMonth = Month{report["year"], report["period"]};
     } else if (SaysChanged(command.process->Err())) {
-        step.kind = Step::Kind::Refused;
+        step.kind = ReportedStep::Kind::Refused;
     } else if (!SaysMissing(command.process->Err())) {
         Fault("a command failed without a reason: " + command.process->Story());
     }
@@ -93,7 +93,7 @@ void StressRound::CompareTransaction(std::int32_t number, const Transaction& aft
     if (Explains(steps_[number], before, after))
         return;
     std::string text = "transaction " + std::to_string(number) + " was\n" + Describe(before);
-    for (const Step& step : steps_[number])
+    for (const ReportedStep& step : steps_[number])
         text += Describe(step);
     Fault(text + "and is\n" + Describe(after));
 }

@@ -95,7 +95,7 @@ private:
     std::vector<Command> commands_;
     std::vector<std::unique_ptr<ClbProcess>> processes_;
 
-    std::map<std::int32_t, std::vector<Step>> steps_;
+    std::map<std::int32_t, std::vector<ReportedStep>> steps_;
     std::map<std::string, std::int64_t> added_;      ///< by the session: description and amount
     std::map<std::string, StatementRow> statement_;  ///< imported: by account, blank, FITID
     int newRows_ = 0;

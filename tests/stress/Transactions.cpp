@@ -32,7 +32,7 @@ struct Trial {
     std::string typedOver;  ///< what the cell showed when it was typed into
 };
 
-bool Split(const Step& step, Trial& trial)
+bool Split(const ReportedStep& step, Trial& trial)
 {
     Piece& first = trial.transaction[step.piece];
     first.amount -= step.amount;
@@ -46,14 +46,14 @@ bool Split(const Step& step, Trial& trial)
            step.reportedPiece.value_or(number) == number;
 }
 
-bool Move(const Step& step, Piece& piece)
+bool Move(const ReportedStep& step, Piece& piece)
 {
     piece.month = step.direction > 0 ? piece.month.Next() : piece.month.Previous();
     return step.reportedMonth.value_or(piece.month) == piece.month;
 }
 
 /// The program must ask exactly if somebody else has changed the cell that was typed into.
-bool Save(const Step& step, Piece& piece, const std::string& typedOver)
+bool Save(const ReportedStep& step, Piece& piece, const std::string& typedOver)
 {
     const bool changed = CellText(piece, step.cell) != typedOver;
     if (changed != step.mine.has_value())
@@ -64,25 +64,27 @@ bool Save(const Step& step, Piece& piece, const std::string& typedOver)
 }
 
 /// Performs the step. Returns false if its report does not fit.
-bool Perform(const Step& step, Trial& trial)
+bool Perform(const ReportedStep& step, Trial& trial)
 {
     const auto found = trial.transaction.find(step.piece);
     const bool there = found != trial.transaction.end();
-    if (step.kind == Step::Kind::Missing)
+    if (step.kind == ReportedStep::Kind::Missing)
         return !there || (step.shown && *step.shown != found->second.month);
-    if (step.kind == Step::Kind::Refused || !there)
-        return step.kind == Step::Kind::Refused;
+    if (step.kind == ReportedStep::Kind::Refused || !there)
+        return step.kind == ReportedStep::Kind::Refused;
     switch (step.kind) {
-        case Step::Kind::Split: return Split(step, trial);
-        case Step::Kind::Move: return Move(step, found->second);
-        case Step::Kind::Type: trial.typedOver = CellText(found->second, step.cell); return true;
-        case Step::Kind::Save: return Save(step, found->second, trial.typedOver);
+        case ReportedStep::Kind::Split: return Split(step, trial);
+        case ReportedStep::Kind::Move: return Move(step, found->second);
+        case ReportedStep::Kind::Type:
+            trial.typedOver = CellText(found->second, step.cell);
+            return true;
+        case ReportedStep::Kind::Save: return Save(step, found->second, trial.typedOver);
         default: trial.transaction.erase(found); return true;
     }
 }
 
 /// Each program's steps that are still to be performed.
-using Rest = std::map<std::string, std::vector<Step>>;
+using Rest = std::map<std::string, std::vector<ReportedStep>>;
 
 bool AnyOrder(const Rest& rest, const Trial& trial, const Transaction& after)
 {
@@ -93,7 +95,7 @@ bool AnyOrder(const Rest& rest, const Trial& trial, const Transaction& after)
         if (!Perform(steps.front(), next))
             continue;
         Rest further = rest;
-        std::vector<Step>& own = further[program];
+        std::vector<ReportedStep>& own = further[program];
         own.erase(own.begin());
         if (own.empty())
             further.erase(program);
@@ -103,15 +105,15 @@ bool AnyOrder(const Rest& rest, const Trial& trial, const Transaction& after)
     return false;
 }
 
-std::string NameOf(Step::Kind kind)
+std::string NameOf(ReportedStep::Kind kind)
 {
     switch (kind) {
-        case Step::Kind::Split: return "split";
-        case Step::Kind::Move: return "moved";
-        case Step::Kind::Type: return "typed into";
-        case Step::Kind::Save: return "saved";
-        case Step::Kind::Delete: return "deleted";
-        case Step::Kind::Missing: return "did not find";
+        case ReportedStep::Kind::Split: return "split";
+        case ReportedStep::Kind::Move: return "moved";
+        case ReportedStep::Kind::Type: return "typed into";
+        case ReportedStep::Kind::Save: return "saved";
+        case ReportedStep::Kind::Delete: return "deleted";
+        case ReportedStep::Kind::Missing: return "did not find";
         default: return "refused to change";
     }
 }
@@ -129,31 +131,32 @@ std::string Describe(const Transaction& transaction)
     return text.empty() ? "  no pieces\n" : text;
 }
 
-std::string Describe(const Step& step)
+std::string Describe(const ReportedStep& step)
 {
     std::string text =
         "  " + step.program + " " + NameOf(step.kind) + " piece " + std::to_string(step.piece);
-    if (step.kind == Step::Kind::Split)
+    if (step.kind == ReportedStep::Kind::Split)
         text += ", " + std::to_string(step.amount) + " to a new piece";
     if (step.reportedFirst)
         text += ", left " + std::to_string(*step.reportedFirst);
     if (step.reportedPiece)
         text += ", new piece " + std::to_string(*step.reportedPiece);
-    if (step.kind == Step::Kind::Move)
+    if (step.kind == ReportedStep::Kind::Move)
         text += " by " + std::to_string(step.direction);
     if (step.reportedMonth)
         text += " to " + TextOf(*step.reportedMonth);
-    if (step.kind == Step::Kind::Save)
+    if (step.kind == ReportedStep::Kind::Save)
         text += ": " + step.text;
     if (step.mine)
         text += *step.mine ? ", asked: mine" : ", asked: theirs";
     return text + "\n";
 }
 
-bool Explains(const std::vector<Step>& steps, const Transaction& before, const Transaction& after)
+bool Explains(const std::vector<ReportedStep>& steps, const Transaction& before,
+              const Transaction& after)
 {
     Rest rest;
-    for (const Step& step : steps)
+    for (const ReportedStep& step : steps)
         rest[step.program].push_back(step);
     return AnyOrder(rest, {before, ""}, after);
 }

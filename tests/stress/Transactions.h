@@ -32,7 +32,7 @@ std::string Describe(const Transaction& transaction);
 enum class Cell { Amount, Category, Notes };
 
 /// What one program reported about one piece of a transaction.
-struct Step {
+struct ReportedStep {
     enum class Kind {
         Split,    ///< `amount` went to a new piece
         Move,     ///< booked `direction` months later
@@ -61,10 +61,11 @@ struct Step {
     std::optional<Month> shown = std::nullopt;
 };
 
-std::string Describe(const Step& step);
+std::string Describe(const ReportedStep& step);
 
 /// Whether some order of the steps leads from `before` to `after` and fits all that was reported.
 /// The steps of one program keep their order.
-bool Explains(const std::vector<Step>& steps, const Transaction& before, const Transaction& after);
+bool Explains(const std::vector<ReportedStep>& steps, const Transaction& before,
+              const Transaction& after);
 
 }  // namespace clb

@@ -22,10 +22,12 @@ protected:
     std::string Caption() { return Window()["caption"]; }
     void SpoilChecking()
     {
+        past = Past::Refused;
         RawBook(folder.Path()).Run("UPDATE Trans SET Amount = 'x' WHERE Sequence = 1");
     }
     void MendChecking()
     {
+        past = Past::Whole;
         RawBook(folder.Path()).Run("UPDATE Trans SET Amount = -100000 WHERE Sequence = 1");
     }
 };
@@ -115,6 +117,7 @@ TEST_F(UnreadableViewTest, AfterALockTheNextClickShowsTheView)
 /// A cell of an account spoils the accounts in the tree as well.
 TEST_F(UnreadableViewTest, ATreeThatCannotBeReadStaysUntilItCan)
 {
+    past = Past::Refused;
     RawBook(folder.Path())
         .Run(
             "UPDATE Account SET OpeningBalance = 'x', Description = 'Other' WHERE AccountID = "
