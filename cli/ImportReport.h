@@ -18,14 +18,14 @@ struct ShownRow {
 
 /// The result of importing one statement.
 struct ImportedFile {
-    ImportedStatement statement;
+    ImportedStatement statement{};
     bool failed = false;          ///< an error ended the command
     bool accountMissing = false;  ///< its account is unknown and the options name none
-    std::string messages;         ///< what the program printed, in lines
+    std::string messages{};       ///< what the program printed, in lines
     /// Balances that did not match their rows before the import recomputed them.
-    std::vector<OddBalance> balances;
-    std::string backup;  ///< the copy of the database that was made because of them
-    std::vector<ShownRow> rows;
+    std::vector<OddBalance> balances{};
+    std::string backup{};  ///< the copy of the database that was made because of them
+    std::vector<ShownRow> rows{};
 
     [[nodiscard]] std::int64_t Added() const;
     [[nodiscard]] std::int64_t Known() const;

@@ -16,7 +16,7 @@ AccountFeed::AccountFeed(clsDatabase& database, modImport& import, std::string a
     : import_(import),
       watch_(std::move(watch)),
       identifiers_(account.number),
-      knownRows_(database, accountID),
+      earlier_(database, accountID),
       text_(accountID, account),
       additions_(database, accountID)
 {
@@ -44,7 +44,7 @@ bool AccountFeed::IsKnown(const StatementRow& row, std::string& identifier)
     if (!row.identifier.empty())
         return IsKnownToBank(row, identifier);
     identifier = identifiers_.Make(row);
-    return knownRows_.HasIdentified(row, {identifier}) || knownRows_.TakeUnidentified(row);
+    return earlier_.HasIdentifier(identifier) || earlier_.TakeUnidentified(row);
 }
 
 /// Banks use identifiers again for other rows. Such a row gets one of its own.
@@ -52,9 +52,10 @@ bool AccountFeed::IsKnownToBank(const StatementRow& row, std::string& identifier
 {
     identifier = RowIdentifiers::OfBank(row.identifier);
     const std::string further = identifiers_.Further(row);
-    if (knownRows_.HasIdentified(row, {identifier, row.identifier, further}))
+    if (earlier_.HasIdentified(row, {identifier, row.identifier}) ||
+        earlier_.HasIdentifier(further))
         return true;
-    if (!knownRows_.HasIdentifier(identifier) && !knownRows_.HasIdentifier(row.identifier))
+    if (!earlier_.HasIdentifier(identifier) && !earlier_.HasIdentifier(row.identifier))
         return false;
     identifier = further;
     reused_.push_back({row.line, LeftOutReason::NotARow,

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "intake/KnownRows.h"
+#include "intake/EarlierRows.h"
 #include "intake/OfxText.h"
 #include "intake/RowAdditions.h"
 #include "intake/RowIdentifiers.h"
@@ -51,7 +51,7 @@ private:
     modImport& import_;
     RowWatch watch_;
     RowIdentifiers identifiers_;
-    KnownRows knownRows_;
+    EarlierRows earlier_;
     OfxText text_;
     RowAdditions additions_;
     std::int64_t added_ = 0;

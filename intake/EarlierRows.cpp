@@ -1,9 +1,10 @@
-#include "intake/KnownRows.h"
+#include "intake/EarlierRows.h"
 
 #include <algorithm>
 #include <functional>
 #include <string_view>
 
+#include "base/MoneySum.h"
 #include "data/clsDatabase.h"
 #include "intake/RowIdentifiers.h"
 
@@ -27,7 +28,7 @@ bool IsRun(const std::string& identifier)
 
 }  // namespace
 
-KnownRows::KnownRows(clsDatabase& database, std::string accountID)
+EarlierRows::EarlierRows(clsDatabase& database, std::string accountID)
     : database_(database), accountID_(std::move(accountID))
 {
     Recordset rows;
@@ -39,12 +40,13 @@ KnownRows::KnownRows(clsDatabase& database, std::string accountID)
         identifiers_.insert(HashOf(ToText(rows.Get(0))));
 }
 
-bool KnownRows::HasIdentifier(const std::string& identifier) const
+bool EarlierRows::HasIdentifier(const std::string& identifier) const
 {
     return identifiers_.contains(HashOf(identifier));
 }
 
-bool KnownRows::HasIdentified(const StatementRow& row, const std::vector<std::string>& identifiers)
+bool EarlierRows::HasIdentified(const StatementRow& row,
+                                const std::vector<std::string>& identifiers)
 {
     if (std::none_of(identifiers.begin(), identifiers.end(),
                      [this](const std::string& one) { return HasIdentifier(one); }))
@@ -61,7 +63,7 @@ bool KnownRows::HasIdentified(const StatementRow& row, const std::vector<std::st
     return false;
 }
 
-bool KnownRows::TakeUnidentified(const StatementRow& row)
+bool EarlierRows::TakeUnidentified(const StatementRow& row)
 {
     Rows& rows = MonthOf(row.date);
     const auto [first, last] = rows.equal_range({row.date.Days(), row.amount});
@@ -83,7 +85,7 @@ bool KnownRows::TakeUnidentified(const StatementRow& row)
     return false;
 }
 
-KnownRows::Rows& KnownRows::MonthOf(const Date& day)
+EarlierRows::Rows& EarlierRows::MonthOf(const Date& day)
 {
     const Month month{day.Year(), day.Month()};
     const auto known = months_.find(month);
@@ -91,7 +93,7 @@ KnownRows::Rows& KnownRows::MonthOf(const Date& day)
                                   : months_.emplace(month, Read(month)).first->second;
 }
 
-KnownRows::Rows KnownRows::Read(Month month)
+EarlierRows::Rows EarlierRows::Read(Month month)
 {
     const auto firstDay = [](Month of) { return Date::Of(of.year, of.period, 1); };
     std::string days = " AND PostDate >= #" + firstDay(month).value_or(Date()).ToIso() + "#";
@@ -105,6 +107,7 @@ KnownRows::Rows KnownRows::Read(Month month)
                        " AND NOT Amount IS NULL",
                    true);
     Rows rows;
+    std::map<std::pair<std::int32_t, std::string>, std::vector<Known>> pieces;
     for (; !found.AtEnd(); found.MoveNext()) {
         Known known{std::get<Date>(found.Get(0)),
                     ToMoney(found.Get(1)),
@@ -113,10 +116,31 @@ KnownRows::Rows KnownRows::Read(Month month)
                     {}};
         for (const std::size_t text : {4U, 5U})
             known.texts.push_back(Comparable(ToText(found.Get(text))));
+        if (!known.identifier.empty() && !IsRun(known.identifier))
+            pieces[{known.date.Days(), known.identifier}].push_back(known);
         const std::pair key(known.date.Days(), known.amount);
         rows.emplace(key, std::move(known));
     }
+    for (auto& [place, parts] : pieces)
+        if (parts.size() > 1)
+            AddWhole(parts, rows);
     return rows;
+}
+
+/// A transaction in pieces has the identifier in each of them; the bank knows it as a whole.
+void EarlierRows::AddWhole(const std::vector<Known>& parts, Rows& rows)
+{
+    MoneySum sum;
+    for (const Known& part : parts)
+        sum += part.amount;
+    Known whole = parts.front();
+    try {
+        whole.amount = sum.Total();
+    } catch (const RuntimeError&) {
+        return;  // No statement has such an amount.
+    }
+    const std::pair key(whole.date.Days(), whole.amount);
+    rows.emplace(key, std::move(whole));
 }
 
 }  // namespace clb

@@ -16,10 +16,10 @@ class clsDatabase;
 
 /// What an account had before an import, for finding out which rows of a statement it has already.
 /// A month is read when a row of it is looked up.
-class KnownRows {
+class EarlierRows {
 public:
     /// Borrows the database. Reads the account's identifiers. Throws EngineError.
-    KnownRows(clsDatabase& database, std::string accountID);
+    EarlierRows(clsDatabase& database, std::string accountID);
 
     /// Whether the account has a row of this amount within five days whose identifier is one of
     /// these. Throws EngineError.
@@ -44,6 +44,7 @@ private:
 
     Rows& MonthOf(const Date& day);
     [[nodiscard]] Rows Read(Month month);
+    static void AddWhole(const std::vector<Known>& parts, Rows& rows);
 
     clsDatabase& database_;
     std::string accountID_;
