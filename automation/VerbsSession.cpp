@@ -1,8 +1,11 @@
 #include <limits>
 
 #include "app/OtherPrograms.h"
+#include "app/StatementImport.h"
+#include "app/StatementQuestions.h"
 #include "automation/CallOperations.h"
 #include "automation/StateReport.h"
+#include "automation/StatementJson.h"
 #include "automation/VerbTable.h"
 #include "history/HistoryJson.h"
 #include "json/RunSql.h"
@@ -52,6 +55,20 @@ Json ListSteps(Session& session, const Request&)
     return {{"steps", ToJson(NewestSteps(session.controller.Steps(), kAllSteps))}};
 }
 
+/// Imports a statement of any kind. The statement's keys stand at the top too if there is one only.
+Json Open(Session& session, const Request& request)
+{
+    StatementQuestions questions(session.controller);
+    Json files = Json::array();
+    for (const ImportedStatement& statement :
+         StatementImport(session.controller, questions).Import(request.Text("file")))
+        files.push_back(ToJson(statement));
+    Json reply = files.size() == 1 ? files.front() : Json::object();
+    reply["files"] = std::move(files);
+    reply["dryRun"] = false;
+    return reply;
+}
+
 Json Sql(Session& session, const Request& request)
 {
     session.controller.Steps().Begin("SQL");
@@ -98,7 +115,7 @@ const VerbTable& SessionVerbs()
         {"answer", {Answer, false}},     {"log", {Log, false}},
         {"sql", {Sql, false}},           {"call", {Call, false}},
         {"trace", {Trace, false}},       {"screenshot", {Screenshot, false}},
-        {"history", {ListSteps, false}},
+        {"history", {ListSteps, false}}, {"open", {Open, false}},
     };
     return verbs;
 }
