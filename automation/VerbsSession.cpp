@@ -5,9 +5,9 @@
 #include "app/StatementQuestions.h"
 #include "automation/CallOperations.h"
 #include "automation/StateReport.h"
-#include "automation/StatementJson.h"
 #include "automation/VerbTable.h"
 #include "history/HistoryJson.h"
+#include "intake/StatementJson.h"
 #include "json/RunSql.h"
 
 namespace clb {

@@ -1,6 +1,6 @@
 #include "cli/ImportJson.h"
 
-#include "automation/StatementJson.h"
+#include "intake/StatementJson.h"
 
 namespace clb {
 namespace {

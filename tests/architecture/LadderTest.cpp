@@ -33,7 +33,7 @@ const std::map<std::string, std::set<std::string>> kLadder = {
     {"views", {"base", "ports", "engine", "controls", "data", "grid"}},
     {"import", {"base", "files", "ports", "engine", "controls", "data", "grid", "views"}},
     {"intake",
-     {"base", "files", "statements", "ports", "engine", "controls", "data", "grid", "views",
+     {"base", "files", "statements", "ports", "engine", "json", "controls", "data", "grid", "views",
       "import"}},
     {"export", {"base", "files", "ports", "engine", "controls", "data", "grid", "views"}},
     {"quotes", {"base", "ports", "engine", "controls", "data", "grid", "views"}},
@@ -45,12 +45,12 @@ const std::map<std::string, std::set<std::string>> kLadder = {
     {"automation",
      {"base", "files", "ports", "engine", "json", "controls", "user", "data", "history", "grid",
       "views", "import", "intake", "statements", "export", "quotes", "app", "platform"}},
-    {"cli",
-     {"base", "files", "ports", "engine", "json", "controls", "user", "data", "history", "grid",
-      "views", "import", "intake", "statements", "export", "quotes", "app", "check", "platform", "automation"}},
+    {"cli", {"base",   "files",   "ports", "engine", "json",     "controls",  "user",
+             "data",   "history", "grid",  "views",  "import",   "intake",    "statements",
+             "export", "quotes",  "app",   "check",  "platform", "automation"}},
     {"desktop",
-     {"base", "files", "ports", "engine", "controls", "data", "grid", "views", "import", "intake", "statements", "export",
-      "quotes", "app", "platform", "automation"}},
+     {"base", "files", "ports", "engine", "controls", "data", "grid", "views", "import", "intake",
+      "statements", "export", "quotes", "app", "platform", "automation"}},
 };
 
 /// The wings of a folder. A wing includes only itself and those named before it.

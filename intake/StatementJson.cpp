@@ -1,4 +1,4 @@
-#include "automation/StatementJson.h"
+#include "intake/StatementJson.h"
 
 #include <map>
 
