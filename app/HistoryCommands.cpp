@@ -26,8 +26,11 @@ void ShowOutcome(frmController& window, const HistoryOutcome& outcome, bool undo
     window.Results().Show(outcome, undone);
 }
 
+/// What the user has typed becomes a step of its own first, so nothing typed is lost.
 void TakeSteps(frmController& window, std::int64_t steps, bool undo)
 {
+    if (!window.Grid.MayLoseFocus())
+        return;
     try {
         ShowOutcome(window, undo ? window.Steps().Undo(steps) : window.Steps().Redo(steps), undo);
     } catch (const HistoryRefusal& refusal) {
@@ -49,6 +52,8 @@ void RedoSteps(frmController& window, std::int64_t steps)
 
 void ShowHistory(frmController& window)
 {
+    if (!window.Grid.MayLoseFocus())
+        return;
     const Ports& ports = window.GivenPorts();
     frmHistory(window.Steps(), ports.modal, ports.dates, ports.clock.Now(),
                [&window](bool undo, std::int64_t steps) { TakeSteps(window, steps, undo); })

@@ -12,6 +12,7 @@ namespace {
 std::vector<double> Each(const std::vector<Cost>& costs, double Cost::*part)
 {
     std::vector<double> values;
+    values.reserve(costs.size());
     for (const Cost& cost : costs)
         values.push_back(cost.*part);
     return values;
@@ -58,7 +59,7 @@ void PrintTable(std::ostream& out, const std::vector<Figure>& figures)
     const auto line = [&](const auto& name, const auto& title, const auto& ours,
                           const auto& reference, const auto& ratio, const auto& wall,
                           const auto& limit) -> std::ostream& {
-        return out << std::left << std::setw(10) << name << std::setw(56) << title << std::right
+        return out << std::left << std::setw(15) << name << std::setw(56) << title << std::right
                    << std::setw(14) << ours << std::setw(14) << reference << std::setw(7) << ratio
                    << std::setw(7) << wall << std::setw(7) << limit;
     };

@@ -20,19 +20,19 @@ constexpr double kMostWhole = 9007199254740992.0;
 
 void AppendReal(std::string& bytes, double number)
 {
-    bytes += kReal;
+    bytes.push_back(kReal);
     AppendFixed(bytes, std::bit_cast<std::uint64_t>(number));
 }
 
 void AppendInteger(std::string& bytes, std::int64_t number)
 {
-    bytes += kInteger;
+    bytes.push_back(kInteger);
     AppendSigned(bytes, number);
 }
 
 void AppendBytes(std::string& bytes, Kind kind, std::string_view content)
 {
-    bytes += kind;
+    bytes.push_back(kind);
     AppendText(bytes, content);
 }
 
@@ -88,7 +88,7 @@ void AppendCell(std::string& bytes, const StoredCell& cell)
     else if (const auto* blob = std::get_if<Blob>(&cell))
         AppendBytes(bytes, kBlob, blob->bytes);
     else
-        bytes += kNull;
+        bytes.push_back(kNull);
 }
 
 void AppendCell(std::string& bytes, sqlite3_value* value)
@@ -109,7 +109,7 @@ void AppendCell(std::string& bytes, sqlite3_value* value)
                         {static_cast<const char*>(content), size});
             break;
         }
-        default: bytes += kNull;
+        default: bytes.push_back(kNull);
     }
 }
 

@@ -12,6 +12,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <iostream>
+#include <numeric>
 
 #include "tests/model/Replay.h"
 #include "tests/model/Shrink.h"
@@ -97,9 +98,8 @@ INSTANTIATE_TEST_SUITE_P(All, FlawTest,
 
 TEST(ShrinkTest, WhatFailsTogetherIsLeftAlone)
 {
-    std::vector<int> items;
-    for (int item = 0; item < 100; ++item)
-        items.push_back(item);
+    std::vector<int> items(100);
+    std::iota(items.begin(), items.end(), 0);
 
     const auto fails = [](const std::vector<int>& some) {
         const auto has = [&some](int item) {

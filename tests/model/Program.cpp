@@ -328,9 +328,6 @@ void Program::Kill(const Action& action)
 
 void Program::TakeSteps(const char* item, const Action& action)
 {
-    if (action.second % 2 == 1 && !Grid().MayLoseFocus())
-        return;
-    window_->Settle();
     for (int count = action.first % 4; count >= 0; --count) {
         Menu(item);
         window_->Settle();
@@ -456,7 +453,9 @@ Standing Program::Stands()
 {
     Standing standing;
     standing.node = window_->TreeView.Selected();
+    standing.view = window_->View().View();
     standing.month = {window_->View().Year(), window_->View().Period()};
+    standing.account = window_->View().AccountID();
     standing.type = window_->View().AccountType();
     for (std::size_t row = 1; row <= Grid().Rows().Count(); ++row)
         if (Grid().Rows().Kind(row) == GridRowKind::GroupHeading)

@@ -140,5 +140,21 @@ TEST_F(HistoryTest, TheDialogGoesBackToBeforeAChosenStep)
     EXPECT_EQ(read["lblTakes"]["caption"], "Going back to before this takes back 1 step.");
 }
 
+// Symptom: what was typed was gone, and an older step was undone as well.
+TEST_F(HistoryTest, WhatIsTypedIsSavedBeforeUndoTakesItBack)
+{
+    Rows("SELECT * FROM Trans");
+    Do({{"do", "sql"}, {"text", "UPDATE Account SET OpeningBalance = 7 WHERE AccountID = 'B-2'"}});
+    Click("Checking");
+    const std::string before = All();
+    Edit(1, 2, "Shop");
+
+    Menu("mnuY_Undo");
+
+    EXPECT_EQ(All(), before);
+    EXPECT_EQ(Line("mnuY_Undo")["caption"], "&Undo SQL");
+    EXPECT_EQ(Line("mnuY_Redo")["caption"], "&Redo Edit Transaction");
+}
+
 }  // namespace
 }  // namespace clb

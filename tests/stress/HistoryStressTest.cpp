@@ -38,7 +38,7 @@ protected:
         session_ = std::make_unique<Session>(Book(), [this] { Pause(); });
     }
 
-    std::string Book() const { return folder_.Path("book"); }
+    [[nodiscard]] std::string Book() const { return folder_.Path("book"); }
     int Random(int least, int most)
     {
         return std::uniform_int_distribution<int>(least, most)(random_);
@@ -77,7 +77,8 @@ protected:
             default: {
                 std::vector<StatementRow> rows;
                 for (int n = Random(1, 8); n > 0; --n)
-                    rows.push_back({file + "-" + std::to_string(n), "20060210", n * 100});
+                    rows.push_back(
+                        {file + "-" + std::to_string(n), "20060210", std::int64_t{n} * 100});
                 return Run({"import", "--home", Book(),
                             folder_.Write(file + ".ofx", StatementText(account_.number, rows))});
             }
