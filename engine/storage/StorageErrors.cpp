@@ -131,9 +131,9 @@ EngineError OfQuery(int kind, int extended, const std::string& message)
     return refuse::WrongSql(message);
 }
 
-bool IsAboutFile(int code)
+bool IsAboutFile(int kind)
 {
-    switch (code) {
+    switch (kind) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
         case SQLITE_READONLY:
