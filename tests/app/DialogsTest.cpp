@@ -144,8 +144,8 @@ TEST_F(SplitDialogTest, HalvesAreProposedInWholeCents)
         {"-45.55", "-22.77 + -22.78 = -45.55"}, {"0.01", "0.01 + 0 = 0.01"},
         {"0.03", "0.01 + 0.02 = 0.03"},         {"0.05", "0.03 + 0.02 = 0.05"},
         {"10.0001", "5.0001 + 5 = 10.0001"},    {"0", "0 + 0 = 0"}};
-    for (const auto& [whole, amounts] : kProposals)
-        Split(whole, [&](Form& form) { EXPECT_EQ(Amounts(form), amounts); });
+    for (const auto& proposal : kProposals)
+        Split(proposal.first, [&](Form& form) { EXPECT_EQ(Amounts(form), proposal.second); });
 }
 
 TEST(OptionsTest, ListsTheAccountsThatMayCountAndStoresWhatChanged)

@@ -35,8 +35,8 @@ TEST_F(RowsTest, EveryViewHasItsColumnsInOrder)
         "Description AccountID OpeningBalance TotBalance Sequence Type ",
         std::string("PostDate Description Amount CheckID Category Notes AccountID Year Period ") +
             "FITID Sequence SubSequence ",
-        "StockSymbol StockName PurchaseDate Quantity PurchasePrice LastPrice Total AccountID "
-        "Sequence ",
+        std::string("StockSymbol StockName PurchaseDate Quantity PurchasePrice LastPrice ") +
+            "Total AccountID Sequence ",
         "Description OriginalAmount PaidAmount InterestRate AccountID Sequence "};
     for (shown_.view = 1; shown_.view <= 6; ++shown_.view)
         EXPECT_EQ(FieldNames(), names[static_cast<std::size_t>(shown_.view - 1)]);
