@@ -74,7 +74,7 @@ void History::TableChanged(std::string_view table)
 {
     shapes_.Forget();
     // The program's own additions lie beside what the history keeps.
-    if (IsAdded(table))
+    if (IsAdded(table) && !sent_)
         return;
     log_.Clear();
     step_ = 0;

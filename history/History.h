@@ -49,6 +49,20 @@ public:
     /// The command has ended and is settled: the next change belongs to another step.
     void End();
 
+    /// While it lives, queries are ones that a person has sent: one that makes, changes or removes
+    /// a table or an index always ends the history. The program's own queries end nothing if the
+    /// table is one of its additions, whose names begin with Cv.
+    class Sent {
+    public:
+        explicit Sent(History& history) : history_(&history) { history_->sent_ = true; }
+        ~Sent() { history_->sent_ = false; }
+        Sent(const Sent&) = delete;
+        Sent& operator=(const Sent&) = delete;
+
+    private:
+        History* history_;
+    };
+
     /// Keeps other programs from writing, and so from making steps, until the group is settled.
     /// Throws EngineError if another one is writing.
     void Lock() { connection_->Lock(); }
@@ -109,6 +123,7 @@ private:
     ChangeLog log_;
     bool changed_ = true;
     bool writing_ = false;            ///< the history's own tables
+    bool sent_ = false;               ///< the query at hand is a person's
     std::string what_;                ///< name of the step at hand
     std::string outer_;               ///< name of the command around it; empty: there is none
     std::int64_t step_ = 0;           ///< its number; 0: nothing of it is stored

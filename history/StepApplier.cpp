@@ -86,7 +86,7 @@ void StepApplier::Run(const TableShape& shape, const RowChanged& row, Query& que
         database_->Step(query);
     } catch (const EngineError& error) {
         if (error.Number() == engine_errors::Constraint)
-            Refuse(shape, row);
+            Refuse(shape, row, Stands(shape, row));
         throw;
     }
     if (database_->ChangedRows() != 1 || (row.is && log_->LastBefore() != row.hash))
@@ -108,8 +108,24 @@ NamedValues StepApplier::Stored(const TableShape& shape, std::int64_t row)
     return cells;
 }
 
-/// Names the row as it was before anything was put back: that is what the user sees.
-void StepApplier::Refuse(const TableShape& shape, const RowChanged& row)
+/// Whether the row is what the step left.
+bool StepApplier::Stands(const TableShape& shape, const RowChanged& row)
+{
+    Query find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
+                                    shape.identity + " = ?1");
+    const ResetAtExit reset(find);
+    find.BindInteger(1, row.row);
+    if (!database_->Step(find))
+        return !row.is;
+    std::string cells;
+    for (std::size_t i = 0; i < shape.columns.size(); ++i)
+        packed::AppendCell(cells, find.Cell(static_cast<int>(i)));
+    return row.is && packed::HashOfCells(cells) == row.hash;
+}
+
+/// Names the row as it was before anything was put back: that is what the user sees. A row that
+/// stands as the step left it is refused by the table, for example by a new unique index.
+void StepApplier::Refuse(const TableShape& shape, const RowChanged& row, bool stands)
 {
     if (database_->InTransaction())
         database_->Run(std::string("ROLLBACK TO ") + kSavepoint);
@@ -117,13 +133,14 @@ void StepApplier::Refuse(const TableShape& shape, const RowChanged& row)
     for (const auto& [column, cell] : row.before)
         before.emplace_back(shape.columns[static_cast<std::size_t>(column)],
                             ValueOf(packed::Reader(cell).Cell(), FieldType::Text));
-    if (!row.is)
-        throw HistoryRefusal("there is another row in the place of " +
-                             RowName(shape.name, row.row, before));
-    const NamedValues stored = Stored(shape, row.row);
+    const NamedValues stored = row.is ? Stored(shape, row.row) : NamedValues();
     const bool there = !stored.empty();
-    throw HistoryRefusal(RowName(shape.name, row.row, there ? stored : before) +
-                         (there ? " was changed since" : " was deleted since"));
+    const std::string name = RowName(shape.name, row.row, there ? stored : before);
+    if (stands)
+        throw HistoryRefusal("the table " + shape.name + " no longer takes " + name + " as it was");
+    if (!row.is)
+        throw HistoryRefusal("there is another row in the place of " + name);
+    throw HistoryRefusal(name + (there ? " was changed since" : " was deleted since"));
 }
 
 Query& StepApplier::Removal(const TableShape& shape)

@@ -53,7 +53,8 @@ private:
     void PutBack(std::string_view part, Pass pass);
     void PutBack(const TableShape& shape, const RowChanged& row, Pass pass);
     static bool IsThere(const TableShape& shape, const StepReader& reader);
-    [[noreturn]] void Refuse(const TableShape& shape, const RowChanged& row);
+    bool Stands(const TableShape& shape, const RowChanged& row);
+    [[noreturn]] void Refuse(const TableShape& shape, const RowChanged& row, bool stands = false);
     NamedValues Stored(const TableShape& shape, std::int64_t row);
     void Run(const TableShape& shape, const RowChanged& row, Query& query);
     Query& Removal(const TableShape& shape);

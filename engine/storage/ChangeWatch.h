@@ -50,7 +50,7 @@ public:
     /// How many rows were seen; and the queries after that many have been taken back.
     [[nodiscard]] virtual std::size_t Seen() const = 0;
     virtual void TakenBackTo(std::size_t seen) noexcept = 0;
-    /// A query has made, changed or removed a table with this name.
+    /// A query has made, changed or removed a table with this name, or an index of it.
     virtual void TableChanged(std::string_view table) = 0;
     /// The group is about to become durable. What is written now belongs to it; an error loses the
     /// group.

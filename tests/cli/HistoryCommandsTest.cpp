@@ -217,8 +217,11 @@ TEST_F(HistoryCommandsTest, ARowThatAnotherProgramHasChangedIsRefused)
 
 TEST_F(HistoryCommandsTest, AChangeOfTablesEndsTheHistoryAndUndoSaysSo)
 {
-    for (const char* statement : {"CREATE TABLE Notes (Text TEXT)",
-                                  "ALTER TABLE Notes ADD COLUMN More TEXT", "DROP TABLE Notes"}) {
+    for (const char* statement :
+         {"CREATE TABLE Notes (Text TEXT)", "ALTER TABLE Notes ADD COLUMN More TEXT",
+          "CREATE UNIQUE INDEX ByText ON Notes (Text)", "DROP INDEX ByText ON Notes",
+          "DROP TABLE Notes", "CREATE TABLE CvNotes (Text TEXT)",
+          "ALTER TABLE CvNotes ADD COLUMN More TEXT", "DROP TABLE CvNotes"}) {
         Sql("INSERT INTO Account (AccountID, Description, Type) VALUES ('C', 'C', 'Bank')");
         Sql(statement);
 

@@ -13,17 +13,6 @@ protected:
                                "'One', 'Bank')"});
         Command("Edit", {"UPDATE Account SET Description = 'Two'"});
     }
-    /// What Undo says; "undone" if it does not refuse.
-    std::string Refusal(std::int64_t most = 1)
-    {
-        try {
-            Undo(most);
-            return "undone";
-        } catch (const HistoryRefusal& refusal) {
-            End();
-            return refusal.what();
-        }
-    }
     /// The names of the steps, the newest first.
     std::string Steps()
     {

@@ -226,6 +226,51 @@ TEST_F(HistoryTest, AChangeOfTablesEndsTheHistory)
     EXPECT_EQ(Undo(5).steps.size(), 1U);
 }
 
+// Symptom: after CREATE UNIQUE INDEX, Undo said that a row had been changed, which it had not.
+TEST_F(HistoryTest, AnIndexEndsTheHistory)
+{
+    for (const char* statement :
+         {"CREATE INDEX ByPayee ON Trans (PayeeName)", "DROP INDEX ByPayee ON Trans"}) {
+        Command("New Record", {kCoffee});
+        Command("SQL", {statement});
+        EXPECT_FALSE(history_->NextToUndo()) << statement;
+        EXPECT_EQ(history_->EndedAt().substr(0, 10), "2026-03-04") << statement;
+    }
+}
+
+TEST_F(HistoryTest, AnAdditionOfTheProgramEndsTheHistoryOnlyIfAPersonMakesIt)
+{
+    Command("New Record", {kCoffee});
+    for (const char* statement :
+         {"CREATE TABLE CvNotes (Text TEXT)", "CREATE INDEX ByText ON CvNotes (Text)",
+          "ALTER TABLE CvNotes ADD COLUMN More TEXT"})
+        Command("Import", {statement});
+    EXPECT_TRUE(history_->NextToUndo());
+    RunSent(connection_, *history_, "DROP TABLE CvNotes");
+    End();
+    EXPECT_FALSE(history_->NextToUndo());
+}
+
+// Symptom: "the account 'Two' was changed since", where only an index had come.
+TEST_F(HistoryTest, RefusesWhereATableNoLongerTakesTheRow)
+{
+    Command("New Records",
+            {"INSERT INTO Account (AccountID, Description, Type) VALUES ('A', 'Same', 'Bank')",
+             "INSERT INTO Account (AccountID, Description, Type) VALUES ('B', 'Same', 'Bank')"});
+    Command("Edit", {"UPDATE Account SET Description = 'Two' WHERE AccountID = 'B'"});
+    Elsewhere("CREATE UNIQUE INDEX NoSecond ON Account (Description)");
+    EXPECT_EQ(Refusal(),
+              "'Edit' cannot be undone: the table Account no longer takes the account 'Two' as it "
+              "was. Nothing was changed.");
+
+    Elsewhere("DROP INDEX NoSecond");
+    Command("Delete Record", {"DELETE FROM Account WHERE AccountID = 'B'"});
+    Elsewhere("CREATE UNIQUE INDEX NoSecond ON Account (Type)");
+    EXPECT_EQ(Refusal(),
+              "'Delete Record' cannot be undone: the table Account no longer takes the account "
+              "'Two' as it was. Nothing was changed.");
+}
+
 TEST_F(HistoryTest, WithoutItsTablesThereIsOnlyNoHistory)
 {
     Command("New Record", {kCoffee});
