@@ -1,5 +1,6 @@
 #include "history/History.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "engine/rows/Session.h"
@@ -137,14 +138,21 @@ std::int64_t History::OpenStep()
     return store_.Add({0, now_().ToIso(), what_, 0, false, program_});
 }
 
+/// Whether queries can reach the identities of all rows that were written. Rows without identities
+/// are noted under any number, so that nothing of them is right but the name of their table.
+bool History::CanBePutBack()
+{
+    return std::ranges::all_of(log_.Tables(), [this](const ChangeLog::Table& table) {
+        const TableShape& shape = shapes_.Of(table.name);
+        return !shape.identity.empty() && static_cast<int>(shape.columns.size()) == table.columns;
+    });
+}
+
 std::string History::Packed(std::int64_t& rows)
 {
-    // Another program may have changed tables since the last group.
-    shapes_.Forget();
     StepWriter writer(shapes_);
     log_.Visit(writer);
     rows = writer.Rows();
-    unfit_ = writer.Unfit();
     std::string bytes = writer.Finish();
     log_.Clear();
     return bytes;
@@ -168,13 +176,16 @@ void History::Write()
 
 void History::Store()
 {
-    std::int64_t rows = 0;
-    const std::string bytes = Packed(rows);
-    if (!unfit_.empty()) {
+    // Another program may have changed tables since the last group.
+    shapes_.Forget();
+    if (!CanBePutBack()) {
+        log_.Clear();
         store_.End(now_().ToIso());
         step_ = 0;
         return;
     }
+    std::int64_t rows = 0;
+    const std::string bytes = Packed(rows);
     if (rows == 0)
         return;
     const std::int64_t before = step_;

@@ -111,6 +111,7 @@ private:
     void Apply(const Step& step, Way way, HistoryOutcome& outcome);
     void Write();
     void Store();
+    bool CanBePutBack();
     std::string Packed(std::int64_t& rows);
     std::int64_t OpenStep();
 
@@ -130,7 +131,6 @@ private:
     std::int64_t committedStep_ = 0;  ///< step_ as of the last commit
     std::int64_t committedNext_ = 0;  ///< and as of the one that is under way
     std::int64_t newestAtOpening_ = 0;
-    std::string unfit_;  ///< table that was written and whose rows cannot be put back
 };
 
 }  // namespace clb

@@ -24,8 +24,6 @@ void StepWriter::Table(const std::string& name, int columns)
 {
     EndTable();
     const TableShape& shape = shapes_->Of(name);
-    if (shape.identity.empty() || static_cast<int>(shape.columns.size()) != columns)
-        unfit_ = name;
     packed::AppendText(bytes_, name);
     packed::AppendNumber(bytes_, static_cast<std::uint64_t>(columns));
     packed::AppendFixed(bytes_, shape.fingerprint);

@@ -27,8 +27,6 @@ public:
     /// The bytes of all tables; empty without rows. To be called once.
     std::string Finish();
     [[nodiscard]] std::int64_t Rows() const { return rows_; }
-    /// Name of a table whose rows cannot be put back; empty: there is none.
-    [[nodiscard]] const std::string& Unfit() const { return unfit_; }
 
 private:
     void EndRun();
@@ -43,7 +41,6 @@ private:
     std::int64_t last_ = 0;
     std::int64_t rows_ = 0;
     bool inTable_ = false;
-    std::string unfit_;
 };
 
 /// Reads such bytes. All functions throw packed::BrokenBytes if they are not.

@@ -24,11 +24,12 @@ public:
     [[nodiscard]] Kind What() const { return kind_; }
     [[nodiscard]] std::string_view Table() const { return table_; }
     /// The row's identity before the change (not for an insertion) and after it (not for a
-    /// deletion).
+    /// deletion). Any number if the table's rows have no identities.
     [[nodiscard]] std::int64_t IdBefore() const { return before_; }
     [[nodiscard]] std::int64_t IdAfter() const { return after_; }
     [[nodiscard]] int Columns() const;
-    /// Appends a cell as it is before or after the change, packed. Throws std::bad_alloc.
+    /// Appends a cell as it is before or after the change, packed. A cell that is computed and not
+    /// stored may come as nothing. Throws std::bad_alloc.
     void AppendBefore(std::string& cells, int column) const;
     void AppendAfter(std::string& cells, int column) const;
 
