@@ -1,5 +1,6 @@
 #include "history/StepApplier.h"
 
+#include "base/Text.h"
 #include "engine/storage/Catalogue.h"
 #include "engine/storage/EngineError.h"
 #include "history/CellValue.h"
@@ -30,6 +31,11 @@ bool IsOf(const RowChanged& row, bool was, bool is)
 }
 
 }  // namespace
+
+HistoryRefusal::HistoryRefusal(const std::string& why)
+    : std::runtime_error(Replace(why, std::string_view("\0", 1), "\\0"))
+{
+}
 
 void StepApplier::PutBack(std::string_view part)
 {

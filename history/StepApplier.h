@@ -14,10 +14,11 @@
 
 namespace clb {
 
-/// A step cannot be undone or redone; says why, in a sentence that names the row.
+/// A step cannot be undone or redone; says why, in a sentence that names the row. A byte 0 in a
+/// text is written as "\0", because it would end the sentence.
 class HistoryRefusal : public std::runtime_error {
 public:
-    using std::runtime_error::runtime_error;
+    explicit HistoryRefusal(const std::string& why);
 };
 
 /// A row that a step has touched.

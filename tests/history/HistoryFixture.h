@@ -9,6 +9,7 @@
 
 #include "data/EmptyDatabase.h"
 #include "history/History.h"
+#include "history/HistoryJson.h"
 #include "history/SentSql.h"
 #include "tests/support/TempFolder.h"
 

@@ -155,6 +155,30 @@ TEST_F(HistoryTest, RefusesWhereAnotherProgramHasChangedTheRow)
     EXPECT_EQ(Undo().steps.size(), 1U);
 }
 
+// Symptom: the sentence ended at the byte 0.
+TEST_F(HistoryTest, ARefusalIsWholeWhateverTheTextsContain)
+{
+    Command("New Record", {kChecking});
+    Command("Edit", {"UPDATE Account SET Description = 'Savings'"});
+    Elsewhere("UPDATE Account SET Description = 'a' || char(0) || 'b'");
+    EXPECT_EQ(Refusal(),
+              "'Edit' cannot be undone: the account 'a\\0b' was changed since. Nothing was "
+              "changed.");
+}
+
+// Symptom: "Type mismatch".
+TEST_F(HistoryTest, ShowsAmountsWithoutEnd)
+{
+    Elsewhere("CREATE TABLE Rates (A SINGLE, B SINGLE, C DOUBLE, D SINGLE)");
+    Command("One", {"INSERT INTO Rates (A) VALUES (1)"});
+    Elsewhere(
+        "DELETE FROM CvStep; DELETE FROM CvChange; UPDATE Rates SET A = 9e999, B = -9e999, "
+        "C = 9e999, D = 1e300");
+    Command("Two", {"DELETE FROM Rates"});
+    EXPECT_EQ(ToLine(ChangesJson(*history_, *history_->NextToUndo())[0]["was"]),
+              R"({"A":"Infinity","B":"-Infinity","C":"Infinity","D":"1E+300"})");
+}
+
 TEST_F(HistoryTest, ARefusedStepAmongSeveralLeavesAllAsItWas)
 {
     Command("One", {kCoffee});
