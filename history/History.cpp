@@ -30,6 +30,11 @@ std::string Sentence(const Step& step, bool undo, const std::string& why)
            ". Nothing was changed.";
 }
 
+std::string Damaged(std::int64_t step)
+{
+    return "the history's step " + std::to_string(step) + " is damaged";
+}
+
 bool IsAdded(std::string_view table)
 {
     return table.size() > 2 && table.starts_with("Cv");
@@ -38,12 +43,10 @@ bool IsAdded(std::string_view table)
 }  // namespace
 
 History::History(Connection& connection, Clock now, std::string program)
-    : connection_(&connection),
-      database_(&connection.Internals().database),
+    : HistoryReader(connection.Internals().database),
+      connection_(&connection),
       now_(std::move(now)),
       program_(std::move(program)),
-      shapes_(*database_),
-      store_(*database_),
       what_(kUnnamed)
 {
     const std::optional<Step> newest = store_.Exists() ? store_.Newest() : std::nullopt;
@@ -174,6 +177,18 @@ void History::Write()
     }
 }
 
+/// How many rows of the bytes are in earlier parts of the step at hand.
+std::int64_t History::RowsKnown(std::string_view bytes)
+{
+    try {
+        return KnownRows(store_.Parts(step_), bytes);
+    } catch (const DamagedStep&) {
+        return 0;
+    } catch (const packed::BrokenBytes&) {
+        return 0;
+    }
+}
+
 void History::Store()
 {
     // Another program may have changed tables since the last group.
@@ -191,45 +206,9 @@ void History::Store()
     const std::int64_t before = step_;
     step_ = OpenStep();
     if (step_ == before)
-        rows -= KnownRows(store_.Parts(step_), bytes);
+        rows -= RowsKnown(bytes);
     store_.AppendPart(step_, bytes, rows);
     store_.KeepRoom();
-}
-
-std::optional<Step> History::NextToUndo()
-{
-    return store_.Exists() ? store_.NextToUndo() : std::nullopt;
-}
-
-std::optional<Step> History::NextToRedo()
-{
-    return store_.Exists() ? store_.NextToRedo() : std::nullopt;
-}
-
-void History::Visit(const std::function<bool(const Step&)>& visit)
-{
-    if (store_.Exists())
-        store_.Visit(visit);
-}
-
-std::optional<Step> History::Find(std::int64_t number)
-{
-    return store_.Exists() ? store_.Find(number) : std::nullopt;
-}
-
-std::vector<RowStory> History::Rows(const Step& step, std::size_t most)
-{
-    shapes_.Forget();
-    try {
-        return StepStoryteller(*database_, shapes_, store_).Of(step, most);
-    } catch (const packed::BrokenBytes&) {
-        throw HistoryRefusal("The record of '" + step.what + "' in the history is damaged.");
-    }
-}
-
-std::string History::EndedAt()
-{
-    return store_.Exists() ? store_.EndedAt() : std::string();
 }
 
 HistoryOutcome History::Undo(std::int64_t most)
@@ -252,6 +231,7 @@ HistoryOutcome History::Apply(std::int64_t most, Way way)
         return outcome;
     shapes_.Forget();
     const Own own(writing_);
+    store_.Provide();
     const std::string savepoint = StepApplier::kSavepoint;
     database_->Run("SAVEPOINT " + savepoint);
     try {
@@ -283,8 +263,10 @@ void History::Apply(const Step& step, Way way, HistoryOutcome& outcome)
         writing_ = true;
     } catch (const HistoryRefusal& refusal) {
         throw HistoryRefusal(Sentence(step, undo, refusal.what()));
+    } catch (const DamagedStep&) {
+        throw HistoryRefusal(Sentence(step, undo, Damaged(step.number)));
     } catch (const packed::BrokenBytes&) {
-        throw HistoryRefusal(Sentence(step, undo, "its record in the history is damaged"));
+        throw HistoryRefusal(Sentence(step, undo, Damaged(step.number)));
     }
     changed_ = true;
     std::int64_t rows = 0;

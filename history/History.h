@@ -11,9 +11,8 @@
 #include "engine/rows/Connection.h"
 #include "engine/storage/ChangeWatch.h"
 #include "history/ChangeLog.h"
+#include "history/HistoryReader.h"
 #include "history/StepApplier.h"
-#include "history/StepStore.h"
-#include "history/StepStory.h"
 
 namespace clb {
 
@@ -30,7 +29,7 @@ struct HistoryOutcome {
 ///
 /// Rows are put back exactly, their identities included, and only if they stand as the step left
 /// them.
-class History : public IChangeWatch {
+class History : public IChangeWatch, public HistoryReader {
 public:
     using Clock = std::function<Date()>;
     /// The connection is borrowed, open, and outlives the history. program names the running
@@ -72,24 +71,11 @@ public:
         return step.number > newestAtOpening_ && step.program != program_;
     }
 
-    /// What Undo would take back and Redo bring back next; nothing if there is none. Throw
-    /// EngineError.
-    std::optional<Step> NextToUndo();
-    std::optional<Step> NextToRedo();
     /// Takes back the newest steps in the pending group, at most so many. Throws HistoryRefusal,
     /// with nothing changed, and EngineError.
     HistoryOutcome Undo(std::int64_t most);
     /// Brings back what was undone last, in the same way.
     HistoryOutcome Redo(std::int64_t most);
-    /// Hands out the steps, the newest first, until visit returns false. Throws EngineError.
-    void Visit(const std::function<bool(const Step&)>& visit);
-    /// The step with this number; nothing if there is none. Throws EngineError.
-    std::optional<Step> Find(std::int64_t number);
-    /// The first rows of a step, at most so many, before and after it. Throws EngineError, and
-    /// HistoryRefusal if the record of the step is damaged.
-    std::vector<RowStory> Rows(const Step& step, std::size_t most);
-    /// When a change of tables ended the history before; empty if none did. Throws EngineError.
-    std::string EndedAt();
     /// Whether steps were made, undone or lost here since ChangesShown was called.
     [[nodiscard]] bool Changed() const { return changed_; }
     void ChangesShown() { changed_ = false; }
@@ -112,15 +98,13 @@ private:
     void Write();
     void Store();
     bool CanBePutBack();
+    std::int64_t RowsKnown(std::string_view bytes);
     std::string Packed(std::int64_t& rows);
     std::int64_t OpenStep();
 
     Connection* connection_;
-    Database* database_;
     Clock now_;
     std::string program_;
-    TableShapes shapes_;
-    StepStore store_;
     ChangeLog log_;
     bool changed_ = true;
     bool writing_ = false;            ///< the history's own tables

@@ -130,6 +130,24 @@ TEST_F(HistoryCheckTest, ARecordThatCannotBeReadIsFound)
     EXPECT_EQ(Repaired(), "4 dropped: Five");
 }
 
+TEST_F(HistoryCheckTest, ARecordWithAnotherTextIsFound)
+{
+    Elsewhere("UPDATE CvChange SET Data = replace(Data, 'Account', 'Accomnt') WHERE Step = 2");
+
+    EXPECT_THAT(Findings(), ElementsAre("history: The history is damaged: step 2 ('Two') has a "
+                                        "record that is not what was stored."));
+    EXPECT_EQ(Repaired(), "2 dropped: Five Four Three");
+}
+
+TEST_F(HistoryCheckTest, AHistoryWithoutChecksumsIsInOrder)
+{
+    Elsewhere("ALTER TABLE CvStep DROP COLUMN Checksum");
+
+    EXPECT_THAT(Findings(), IsEmpty());
+    Undo(2);
+    EXPECT_THAT(Findings(), IsEmpty());
+}
+
 TEST_F(HistoryCheckTest, ABrokenStepThatWasUndoneGoesWithAllAfterIt)
 {
     Undo(3);
