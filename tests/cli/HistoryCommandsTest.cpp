@@ -191,9 +191,13 @@ TEST_F(HistoryCommandsTest, MoreStepsThanThereAreTakeAll)
 
 TEST_F(HistoryCommandsTest, WrongNumbersAreWrongUsageAndAMissingStepIsRefused)
 {
-    for (const char* words : {"undo --steps 0", "undo --steps -1", "redo --steps x",
-                              "history --limit 0", "history --step 0", "history --step 1.5"})
+    for (const char* words :
+         {"undo --steps 0", "undo --steps -1", "redo --steps x", "history --limit 0",
+          "history --step 0", "history --step 1.5", "history --limit 99999999999999999999"}) {
         EXPECT_EQ(Run(words + Home()), 2) << words;
+        // Symptom: the range was a number of 300 digits.
+        EXPECT_THAT(Err(), HasSubstr("is not a whole number from 1 to 1000000000000")) << words;
+    }
     EXPECT_EQ(Run("history --step 7" + Home()), 1);
     EXPECT_EQ(Out(), "");
     EXPECT_EQ(Err(), "clb: The history has no step 7.\n");
@@ -281,7 +285,7 @@ TEST_F(HistoryCommandsTest, ADamagedHistoryIsReportedAndRepaired)
 
     EXPECT_EQ(Run("history --step 1" + Home()), 1);
     EXPECT_EQ(Out(), "");
-    EXPECT_EQ(Err(), "clb: The record of 'SQL' in the history is damaged.\n");
+    EXPECT_EQ(Err(), "clb: The history's step 1 ('SQL') is damaged.\n");
     EXPECT_EQ(Run("check --json" + Home()), 2);
     EXPECT_EQ(Json::parse(Out())["findings"][0]["kind"], "history");
     EXPECT_EQ(Json::parse(Out())["findings"][0]["row"], 1);
