@@ -151,11 +151,9 @@ bool History::CanBePutBack()
     });
 }
 
-std::string History::Packed(std::int64_t& rows)
+std::string History::Packed(StepWriter& writer)
 {
-    StepWriter writer(shapes_);
     log_.Visit(writer);
-    rows = writer.Rows();
     std::string bytes = writer.Finish();
     log_.Clear();
     return bytes;
@@ -199,10 +197,12 @@ void History::Store()
         step_ = 0;
         return;
     }
-    std::int64_t rows = 0;
-    const std::string bytes = Packed(rows);
-    if (rows == 0)
+    StepWriter writer(shapes_);
+    const std::string bytes = Packed(writer);
+    // Bookkeeping alone makes no step, but belongs to the one that the command has begun.
+    if (writer.Rows() == 0 || (writer.RowsOfBook() == 0 && step_ == 0))
         return;
+    std::int64_t rows = writer.Rows();
     const std::int64_t before = step_;
     step_ = OpenStep();
     if (step_ == before)
@@ -269,8 +269,8 @@ void History::Apply(const Step& step, Way way, HistoryOutcome& outcome)
         throw HistoryRefusal(Sentence(step, undo, Damaged(step.number)));
     }
     changed_ = true;
-    std::int64_t rows = 0;
-    store_.Replace(step.number, Packed(rows), undo);
+    StepWriter writer(shapes_);
+    store_.Replace(step.number, Packed(writer), undo);
     outcome.steps.push_back(step);
     outcome.steps.back().undone = undo;
     outcome.touched = applier.Touched();

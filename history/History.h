@@ -13,6 +13,7 @@
 #include "history/ChangeLog.h"
 #include "history/HistoryReader.h"
 #include "history/StepApplier.h"
+#include "history/StepBytes.h"
 
 namespace clb {
 
@@ -24,7 +25,8 @@ struct HistoryOutcome {
 
 /// Records every row that queries of a connection change, in the same commit: one step a
 /// command, however many queries and commits it takes. Steps can be undone, the newest first,
-/// and redone until a new command changes something. Programs that write to the same file have one
+/// and redone until a new command changes something. What changes only bookkeeping (see
+/// history/Bookkeeping.h) is no step, and leaves what can be redone. Programs that write to the same file have one
 /// history.
 ///
 /// Rows are put back exactly, their identities included, and only if they stand as the step left
@@ -99,7 +101,7 @@ private:
     void Store();
     bool CanBePutBack();
     std::int64_t RowsKnown(std::string_view bytes);
-    std::string Packed(std::int64_t& rows);
+    std::string Packed(StepWriter& writer);
     std::int64_t OpenStep();
 
     Connection* connection_;

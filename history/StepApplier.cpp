@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "engine/storage/Catalogue.h"
 #include "engine/storage/EngineError.h"
+#include "history/Bookkeeping.h"
 #include "history/CellValue.h"
 
 namespace clb {
@@ -61,12 +62,15 @@ void StepApplier::PutBack(std::string_view part, Pass pass)
 /// A table that was added to the book's own may be gone: the rest of the step does not need it.
 bool StepApplier::IsThere(const TableShape& shape, const StepReader& reader)
 {
+    const bool same = !shape.identity.empty() && shape.fingerprint == reader.Fingerprint() &&
+                      static_cast<int>(shape.columns.size()) == reader.Columns();
+    if (!same && IsBookkeeping(reader.Table()))
+        return false;
     if (shape.columns.empty() && reader.Table().starts_with("Cv"))
         return false;
     if (shape.columns.empty())
         throw HistoryRefusal("the table " + reader.Table() + " is no longer there");
-    if (shape.identity.empty() || shape.fingerprint != reader.Fingerprint() ||
-        static_cast<int>(shape.columns.size()) != reader.Columns())
+    if (!same)
         throw HistoryRefusal("the columns of the table " + reader.Table() + " were changed since");
     return true;
 }
@@ -74,6 +78,8 @@ bool StepApplier::IsThere(const TableShape& shape, const StepReader& reader)
 void StepApplier::PutBack(const TableShape& shape, const RowChanged& row, Pass pass)
 {
     if (!IsOf(row, pass != Pass::Remove, pass != Pass::Insert))
+        return;
+    if (IsBookkeeping(shape.name) && !Stands(shape, row))
         return;
     Touch(shape, row, pass);
     Run(shape, row,

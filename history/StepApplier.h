@@ -29,8 +29,9 @@ struct TouchedRow {
     NamedValues cells = {};  ///< of a row that is gone; empty: it is there
 };
 
-/// Puts back the rows of one part of a step, if each of them stands as the part left it. Runs in
-/// the pending group, inside kSavepoint; triggers are off meanwhile. After an error the group must
+/// Puts back the rows of one part of a step, if each of them stands as the part left it. A row of
+/// the program's bookkeeping that does not, or whose table has other columns by now, is left out.
+/// Runs in the pending group, inside kSavepoint; triggers are off meanwhile. After an error the group must
 /// be taken back to the savepoint.
 class StepApplier {
 public:

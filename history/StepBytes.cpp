@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "history/Bookkeeping.h"
 #include "history/StepStore.h"
 
 namespace clb {
@@ -28,6 +29,7 @@ void StepWriter::Table(const std::string& name, int columns)
     packed::AppendNumber(bytes_, static_cast<std::uint64_t>(columns));
     packed::AppendFixed(bytes_, shape.fingerprint);
     inTable_ = true;
+    ofBook_ = !IsBookkeeping(name);
     last_ = 0;
 }
 
@@ -63,6 +65,7 @@ void StepWriter::EndRun()
 void StepWriter::Row(const RowChanged& row)
 {
     ++rows_;
+    rowsOfBook_ += ofBook_ ? 1 : 0;
     if (!row.was) {
         if (runLength_ > 0 && row.row != runStart_ + static_cast<std::int64_t>(runLength_))
             EndRun();

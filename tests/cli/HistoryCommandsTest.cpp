@@ -1,6 +1,10 @@
 // clb history, undo and redo, and the steps that the other commands make.
 #include <gmock/gmock.h>
 #include <sqlite3.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
 
 #include "CommandFixture.h"
 #include "base/Text.h"
@@ -171,6 +175,28 @@ TEST_F(HistoryCommandsTest, TheRepliesHaveTheirKeys)
     EXPECT_EQ(Run("redo --json" + Home()), 0);
     EXPECT_EQ(Json::parse(Out())["redone"][0]["step"], 2);
     EXPECT_EQ(Json::parse(Out())["redone"][0]["undone"], false);
+}
+
+// Symptom: the list was refused because the file could not be written.
+TEST_F(HistoryCommandsTest, ABookThatCannotBeWrittenIsListed)
+{
+    AddChecking();
+    const std::string db = folder.Path("books/db");
+    std::filesystem::permissions(folder.Path(""), std::filesystem::perms(0755));
+    std::filesystem::permissions(folder.Path("books"), std::filesystem::perms(0755));
+    std::filesystem::permissions(db + "/clb.mdb", std::filesystem::perms(0444));
+    std::filesystem::permissions(db, std::filesystem::perms(0555));
+    // The superuser may write everywhere.
+    const std::string user =
+        geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
+    const std::string out = folder.Write("listed", "");
+    const std::string program = user + "'" CLB_PROGRAM "' ";
+    EXPECT_EQ(std::system((program + "history --json" + Home() + " >" + out).c_str()), 0);
+    EXPECT_EQ(Json::parse(folder.Read("listed"))["steps"].size(), 1U);
+    EXPECT_EQ(std::system((program + "history --step 1" + Home() + " >" + out).c_str()), 0);
+    EXPECT_THAT(folder.Read("listed"), HasSubstr("Description: Checking"));
+    EXPECT_NE(std::system((program + "undo" + Home() + " 2>" + out).c_str()), 0);
+    std::filesystem::permissions(db, std::filesystem::perms(0755));
 }
 
 TEST_F(HistoryCommandsTest, MoreStepsThanThereAreTakeAll)

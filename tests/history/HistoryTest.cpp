@@ -85,6 +85,93 @@ TEST_F(HistoryTest, WhatIsAsBeforeInTheEndIsNoStep)
     EXPECT_EQ(history_->NextToUndo()->what, "New Record");
 }
 
+/// What the program notes for itself, beside the rows of the book.
+class BookkeepingTest : public HistoryFixture {
+protected:
+    void SetUp() override
+    {
+        HistoryFixture::SetUp();
+        Elsewhere("CREATE TABLE CvBalance (At DATETIME, AccountID TEXT)");
+    }
+    const std::string kNote = "INSERT INTO CvBalance (AccountID) VALUES ('A')";
+};
+
+// Symptom: Undo offered a step with nothing to see.
+TEST_F(BookkeepingTest, AloneIsNoStepAndLeavesWhatCanBeRedone)
+{
+    Command("New Record", {kChecking});
+    Command("New Record", {kCoffee});
+    const std::string after = Everything();
+    Undo();
+    for (const std::string& statement :
+         {kNote, std::string("UPDATE CvBalance SET AccountID = 'B'"),
+          std::string("DELETE FROM CvBalance")})
+        Command("Import", {statement});
+    EXPECT_EQ(history_->NextToUndo()->number, 1);
+    EXPECT_EQ(history_->NextToRedo()->number, 2);
+    Redo();
+    EXPECT_EQ(Everything(), after);
+}
+
+TEST_F(BookkeepingTest, GoesBackWithTheRowsOfItsStep)
+{
+    const std::string before = Everything();
+    Command("Import", {kChecking, kNote});
+    const std::string after = Everything();
+    EXPECT_EQ(history_->NextToUndo()->rows, 2);
+    Undo();
+    EXPECT_EQ(Everything(), before);
+    Redo();
+    EXPECT_EQ(Everything(), after);
+}
+
+TEST_F(BookkeepingTest, AfterASettleItBelongsToTheStepThatTheCommandHasBegun)
+{
+    const std::string before = Everything();
+    history_->Begin("Import");
+    connection_.Execute(kChecking);
+    connection_.Settle();
+    connection_.Execute(kNote);
+    End();
+    Undo();
+    EXPECT_EQ(Everything(), before);
+}
+
+TEST_F(BookkeepingTest, ThatSaysSomethingNewerIsLeftAsItIs)
+{
+    Command("Import", {kChecking, kNote});
+    Command("Accept Balances", {"UPDATE CvBalance SET At = #2026-03-05#"});
+    EXPECT_EQ(Undo().steps.size(), 1U);
+    EXPECT_EQ(Column("SELECT At FROM CvBalance").size(), 1U);
+    EXPECT_TRUE(Column("SELECT * FROM Account").empty());
+    EXPECT_EQ(Redo().steps.size(), 1U);
+    EXPECT_EQ(Column("SELECT At FROM CvBalance").size(), 1U);
+    EXPECT_EQ(Undo().steps.size(), 1U);
+}
+
+TEST_F(BookkeepingTest, WhosePlaceIsTakenOrTableChangedIsLeftOut)
+{
+    Command("Import", {kChecking, kNote});
+    Undo();
+    Command("Import", {"INSERT INTO CvBalance (AccountID) VALUES ('Other')"});
+    EXPECT_EQ(Redo().steps.size(), 1U);
+    EXPECT_EQ(Column("SELECT AccountID FROM CvBalance"), std::vector<std::string>{"Other"});
+    EXPECT_EQ(Undo().steps.size(), 1U);
+
+    Command("Edit", {kChecking, "UPDATE CvBalance SET AccountID = 'B'"});
+    Elsewhere("ALTER TABLE CvBalance ADD COLUMN NoticedBy TEXT");
+    EXPECT_EQ(Undo().steps.size(), 1U);
+    EXPECT_EQ(Column("SELECT AccountID FROM CvBalance"), std::vector<std::string>{"B"});
+}
+
+// Rules, links and guesses are shown to the user.
+TEST_F(BookkeepingTest, OtherAdditionsAreSteps)
+{
+    Elsewhere("CREATE TABLE CvRule (Place LONG)");
+    Command("Rules", {"INSERT INTO CvRule (Place) VALUES (1)"});
+    EXPECT_EQ(Undo().steps.size(), 1U);
+}
+
 TEST_F(HistoryTest, TwoCommandsInOneCommitAreTwoSteps)
 {
     history_->Begin("One");
