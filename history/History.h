@@ -26,8 +26,8 @@ struct HistoryOutcome {
 /// Records every row that queries of a connection change, in the same commit: one step a
 /// command, however many queries and commits it takes. Steps can be undone, the newest first,
 /// and redone until a new command changes something. What changes only bookkeeping (see
-/// history/Bookkeeping.h) is no step, and leaves what can be redone. Programs that write to the same file have one
-/// history.
+/// history/Bookkeeping.h) is no step, and leaves what can be redone. Programs that write to the
+/// same file have one history.
 ///
 /// Rows are put back exactly, their identities included, and only if they stand as the step left
 /// them.

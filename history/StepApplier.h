@@ -31,8 +31,8 @@ struct TouchedRow {
 
 /// Puts back the rows of one part of a step, if each of them stands as the part left it. A row of
 /// the program's bookkeeping that does not, or whose table has other columns by now, is left out.
-/// Runs in the pending group, inside kSavepoint; triggers are off meanwhile. After an error the group must
-/// be taken back to the savepoint.
+/// Runs in the pending group, inside kSavepoint; triggers are off meanwhile. After an error the
+/// group must be taken back to the savepoint.
 class StepApplier {
 public:
     static constexpr const char* kSavepoint = "CvApply";

@@ -25,7 +25,9 @@ struct RowStory {
     std::optional<NamedValues> is;   ///< nothing: it was no longer there
 };
 
-/// Works out the rows of a step from what they are now and from the steps between then and now.
+/// Works out the rows of a step from what they are now and from the steps between then and now. A
+/// row of the program's bookkeeping may have changed without a step: it is shown as if it had
+/// changed in the step before.
 class StepStoryteller {
 public:
     /// All borrowed.

@@ -103,9 +103,8 @@ TEST_F(BookkeepingTest, AloneIsNoStepAndLeavesWhatCanBeRedone)
     Command("New Record", {kCoffee});
     const std::string after = Everything();
     Undo();
-    for (const std::string& statement :
-         {kNote, std::string("UPDATE CvBalance SET AccountID = 'B'"),
-          std::string("DELETE FROM CvBalance")})
+    for (const std::string& statement : {kNote, std::string("UPDATE CvBalance SET AccountID = 'B'"),
+                                         std::string("DELETE FROM CvBalance")})
         Command("Import", {statement});
     EXPECT_EQ(history_->NextToUndo()->number, 1);
     EXPECT_EQ(history_->NextToRedo()->number, 2);
