@@ -5,7 +5,7 @@
 #include "automation/StateReport.h"
 #include "automation/VerbTable.h"
 #include "history/HistoryJson.h"
-#include "json/RunSql.h"
+#include "history/SentSql.h"
 
 namespace clb {
 namespace {
@@ -54,8 +54,8 @@ Json ListSteps(Session& session, const Request&)
 
 Json Sql(Session& session, const Request& request)
 {
-    session.controller.Steps().Begin("SQL");
-    return RunSql(session.controller.Data().Database(), request.Text("text"));
+    return RunSent(session.controller.Data().Database(), session.controller.Steps(),
+                   request.Text("text"));
 }
 
 Json Call(Session& session, const Request& request)
