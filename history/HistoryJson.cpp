@@ -56,4 +56,12 @@ Json ChangesJson(History& history, const Step& step)
     return changes;
 }
 
+Json StepReply(History& history, const Step& step)
+{
+    const Json changes = ChangesJson(history, step);
+    Json shown = ToJson(step);
+    shown["changes"] = changes;
+    return {{"steps", Json::array({shown})}, {"changes", changes}};
+}
+
 }  // namespace clb

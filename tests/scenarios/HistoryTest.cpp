@@ -116,6 +116,26 @@ TEST_F(HistoryTest, SqlAndOperationsAreStepsToo)
     EXPECT_EQ(Steps(), "CreateBudgetEntry, SQL" + (before.empty() ? before : ", " + before));
 }
 
+TEST_F(HistoryTest, ANumberOfTheNewestStepsOrOneStepIsListed)
+{
+    Do({{"do", "sql"}, {"text", "UPDATE Account SET OpeningBalance = 7 WHERE AccountID = 'B-2'"}});
+    Do({{"do", "sql"}, {"text", "UPDATE Account SET OpeningBalance = 8 WHERE AccountID = 'B-2'"}});
+    const Json all = Do({{"do", "history"}})["steps"];
+
+    const Json newest = Do({{"do", "history"}, {"limit", 2}});
+    EXPECT_EQ(ToLine(newest["steps"]), ToLine(Json::array({all[0], all[1]})));
+    EXPECT_EQ(ToLine(Do({{"do", "history"}, {"limit", 1000}})["steps"]), ToLine(all));
+
+    const Json one = Do({{"do", "history"}, {"step", all[1]["step"]}});
+    ASSERT_EQ(one["steps"].size(), 1U);
+    EXPECT_EQ(one["steps"][0]["step"], all[1]["step"]);
+    ASSERT_EQ(one["changes"].size(), 1U);
+    EXPECT_EQ(one["changes"][0]["table"], "Account");
+    EXPECT_EQ(one["changes"][0]["was"]["OpeningBalance"], "0");
+    EXPECT_EQ(one["changes"][0]["is"]["OpeningBalance"], "7");
+    EXPECT_EQ(one["steps"][0]["changes"], one["changes"]);
+}
+
 // The dialog is driven like the others: its steps stand under their day, the newest first.
 TEST_F(HistoryTest, TheDialogGoesBackToBeforeAChosenStep)
 {
