@@ -44,12 +44,15 @@ void CommandBars::ButtonPressed(const std::string& key)
 
 void CommandBars::FollowHistory()
 {
-    const std::optional<Step> undo = window_.Steps().NextToUndo();
-    const std::optional<Step> redo = window_.Steps().NextToRedo();
+    History& history = window_.Steps();
+    std::optional<Step> undo = history.NextToUndo();
+    std::optional<Step> redo = history.NextToRedo();
     Name(command_name::kUndo, undo);
     Name(command_name::kRedo, redo);
-    now_.forUndo = undo.has_value();
-    now_.forRedo = redo.has_value();
+    undo_ = std::move(undo);
+    redo_ = std::move(redo);
+    now_.forUndo = undo_.has_value();
+    now_.forRedo = redo_.has_value();
     Enable();
 }
 

@@ -15,6 +15,8 @@ constexpr std::int64_t kAllSteps = std::numeric_limits<std::int64_t>::max();
 
 Json Window(Session& session, const Request&)
 {
+    // What the captions name is what Undo and Redo do, whichever program has made it.
+    session.controller.ShowHistory();
     return DescribeWindow(session.controller);
 }
 
@@ -75,6 +77,7 @@ Json ListSteps(Session& session, const Request& request)
 {
     const std::int64_t limit = Positive(request, "limit", kAllSteps);
     const std::int64_t number = Positive(request, "step", 0);
+    session.controller.ShowHistory();
     History& history = session.controller.Steps();
     if (number != 0)
         return DescribeStep(history, number);

@@ -1,3 +1,4 @@
+#include "history/History.h"
 #include "tests/scenarios/Scenario.h"
 
 namespace clb {
@@ -26,6 +27,17 @@ protected:
         return steps;
     }
     std::string All() { return Rows("SELECT * FROM Trans ORDER BY Sequence, SubSequence"); }
+    /// Another program makes a step while this one runs.
+    void ImportElsewhere()
+    {
+        Connection connection;
+        connection.Open("Data Source=" + folder.Path() + "/db/clb.mdb");
+        History history(
+            connection, [] { return *Date::Of(2006, 3, 5); }, "another one");
+        history.Begin("SQL");
+        connection.Execute("UPDATE Account SET OpeningBalance = 5 WHERE AccountID = 'B-1'");
+        connection.Settle();
+    }
     Json Line(const std::string& item) { return Window()["menus"][item]; }
 };
 
@@ -158,6 +170,43 @@ TEST_F(HistoryTest, TheDialogGoesBackToBeforeAChosenStep)
     EXPECT_EQ(read["lstSteps"]["chosen"], 2);
     EXPECT_EQ(read["lstSteps"]["lines"][1][1], "Delete Record");
     EXPECT_EQ(read["lblTakes"]["caption"], "Going back to before this takes back 1 step.");
+}
+
+// Symptom: the captions named the program's own step until a command had looked at the file, and
+// Undo took back the step of the other program.
+TEST_F(HistoryTest, TheCaptionsNameAnotherProgramsStepAndUndoTakesWhatTheyName)
+{
+    Do({{"do", "sql"}, {"text", "UPDATE Account SET OpeningBalance = 7 WHERE AccountID = 'B-2'"}});
+    EXPECT_EQ(Line("mnuY_Undo")["caption"], "&Undo SQL");
+    Events();
+    ImportElsewhere();
+
+    const Json reply = Program().Ask({{"do", "menu"}, {"item", "mnuY_Undo"}});
+
+    EXPECT_EQ(reply["ok"], false);
+    EXPECT_EQ(reply["error"]["number"], 5);
+    EXPECT_EQ(reply["error"]["message"],
+              "Nothing was undone, because another program has changed the book meanwhile. Undo "
+              "would now take back 'SQL'.");
+    EXPECT_EQ(Rows("SELECT OpeningBalance FROM Account ORDER BY AccountID"), R"(["5"] ["7"])");
+    EXPECT_EQ(Line("mnuY_Undo")["caption"], "&Undo SQL (another program)");
+    Menu("mnuY_Undo");
+    EXPECT_EQ(Rows("SELECT OpeningBalance FROM Account ORDER BY AccountID"), R"(["100"] ["7"])");
+}
+
+TEST_F(HistoryTest, TheWindowIsReportedWithTheCaptionsOfTheMoment)
+{
+    for (const char* verb : {"window", "history"}) {
+        Window();
+        Events();
+        ImportElsewhere();
+
+        Do({{"do", verb}});
+
+        EXPECT_EQ(EventsOf("refresh").size(), 0U) << verb;
+        Menu("mnuY_Undo");
+        EXPECT_EQ(Rows("SELECT OpeningBalance FROM Account WHERE AccountID = 'B-1'"), R"(["100"])");
+    }
 }
 
 // Symptom: what was typed was gone, and an older step was undone as well.

@@ -4,6 +4,7 @@
 #include <QStatusBar>
 #include <QToolButton>
 
+#include "app/OtherPrograms.h"
 #include "desktop/grid/CellEditor.h"
 #include "desktop/window/ResultBarView.h"
 #include "tests/desktop/ScreenReaderSwitch.h"
@@ -104,6 +105,30 @@ TEST_F(HistoryKeysTest, TheCaptionsSayWhatTheKeysWouldDo)
     EXPECT_TRUE(MenuAction("mnuY_Undo")->isEnabled());
     Press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(MenuAction("mnuY_Redo")->text(), QStringLiteral("&Redo Edit Transaction"));
+}
+
+// Symptom: the key did nothing and nothing was said, because the current row was gone.
+TEST_F(HistoryKeysTest, TheKeySaysWhyItDoesNothingIfAnotherProgramHasDeletedTheRow)
+{
+    events_.Before([this] { return Model().Others().Follow(); });
+    EditNotes("first");
+    ClickCell(2, kNotes);
+    Connection connection;
+    connection.Open("Data Source=" + books_.folder.Path() + "/db/clb.mdb");
+    History another(
+        connection, [] { return *Date::Of(2006, 3, 20); }, "another one");
+    another.Begin("SQL");
+    connection.Execute("DELETE FROM Trans WHERE PayeeName = 'first'");
+    connection.Settle();
+
+    Press(Qt::Key_Z, Qt::ControlModifier);
+
+    EXPECT_EQ(BarText(),
+              "Nothing was undone, because another program has changed the book meanwhile. Undo "
+              "would now take back 'SQL'.");
+    EXPECT_EQ(Bar().Reverse()->text(), QStringLiteral("Undo"));
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Notes(), "first");
 }
 
 TEST_F(HistoryKeysTest, TheBarTakesRoomOnlyWhileItIsShown)
