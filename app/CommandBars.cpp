@@ -47,7 +47,8 @@ void CommandBars::FollowHistory()
     History& history = window_.Steps();
     std::optional<Step> undo = history.NextToUndo();
     std::optional<Step> redo = history.NextToRedo();
-    Name(command_name::kUndo, undo);
+    const bool ended = !undo && !history.EndedAt().empty();
+    Name(command_name::kUndo, undo, ended ? " (not possible: tables were changed)" : "");
     Name(command_name::kRedo, redo);
     undo_ = std::move(undo);
     redo_ = std::move(redo);
@@ -56,11 +57,15 @@ void CommandBars::FollowHistory()
     Enable();
 }
 
-/// The caption says what the command would do: "&Undo Delete Record".
-void CommandBars::Name(const char* command, const std::optional<Step>& step)
+/// The caption says what the command would do: "&Undo Delete Record". none is added if there is
+/// nothing to do.
+void CommandBars::Name(const char* command, const std::optional<Step>& step,
+                       const std::string& none)
 {
     std::string caption = CaptionOf(*FindCommand(command));
-    if (step)
+    if (!step)
+        caption += none;
+    else
         caption += " " + Replace(step->what, "&", "&&") +
                    (window_.Steps().IsOfAnother(*step) ? " (another program)" : "");
     window_.menus.Find(command)->Caption(caption);

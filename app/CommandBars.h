@@ -32,7 +32,7 @@ public:
 private:
     void ButtonPressed(const std::string& key);
     void Enable();
-    void Name(const char* command, const std::optional<Step>& step);
+    void Name(const char* command, const std::optional<Step>& step, const std::string& none = "");
 
     frmController& window_;
     EnabledNow now_;

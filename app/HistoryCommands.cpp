@@ -61,7 +61,11 @@ std::string WhatComesNext(frmController& window, bool undo)
     if (const std::optional<Step>& next = undo ? bars.NamedUndo() : bars.NamedRedo())
         return (undo ? "Undo would now take back '" : "Redo would now bring back '") + next->what +
                "'.";
-    return undo ? "There is nothing left to undo." : "There is nothing left to redo.";
+    if (!undo)
+        return "There is nothing left to redo.";
+    return window.Steps().EndedAt().empty()
+               ? "There is nothing left to undo."
+               : "There is nothing left to undo since tables were changed.";
 }
 
 void ReportOvertaken(frmController& window, bool undo)

@@ -353,6 +353,34 @@ TEST_F(UndoTest, WithoutStepsThereIsNothingToChoose)
     EXPECT_EQ(Caption("mnuY_Undo"), "&Undo");
 }
 
+// Symptom: Undo was gray after a change of tables, and nothing said why.
+TEST_F(UndoTest, TheCaptionSaysThatAChangeOfTablesEndedTheHistory)
+{
+    EditTailor();
+    Command("SQL", "CREATE TABLE Extra (Name TEXT(10))");
+
+    EXPECT_EQ(Caption("mnuY_Undo"), "&Undo (not possible: tables were changed)");
+    EXPECT_FALSE(Window().menus.Find("mnuY_Undo")->Enabled());
+    EXPECT_EQ(Caption("mnuY_Redo"), "&Redo");
+
+    Command("Edit Transaction", "UPDATE Trans SET Amount = -1");
+    EXPECT_EQ(Caption("mnuY_Undo"), "&Undo Edit Transaction");
+    Press("mnuY_Undo");
+    EXPECT_EQ(Caption("mnuY_Undo"), "&Undo (not possible: tables were changed)");
+}
+
+TEST_F(UndoTest, SaysThatAnotherProgramHasChangedTables)
+{
+    EditTailor();
+    Elsewhere("SQL", "CREATE TABLE Extra (Name TEXT(10))");
+
+    PressInWindow("mnuY_Undo");
+
+    EXPECT_EQ(Bar(),
+              "Nothing was undone, because another program has changed the book meanwhile. There "
+              "is nothing left to undo since tables were changed.");
+}
+
 TEST_F(UndoTest, ARefusalIsABoxAndNoResult)
 {
     EditTailor();
