@@ -93,10 +93,7 @@ void PrintHistory(const HistoryOptions& options)
                                "The history has no step " + std::to_string(*options.step) + ".");
         if (!options.json)
             return PrintStep(history, *step);
-        const Json changes = ChangesJson(history, *step);
-        Json printed = ToJson(*step);
-        printed["changes"] = changes;
-        std::cout << ToLine({{"steps", Json::array({printed})}, {"changes", changes}}) << '\n';
+        std::cout << ToLine(StepReply(history, *step)) << '\n';
         return;
     }
     const std::vector<Step> steps = NewestSteps(history, options.limit);

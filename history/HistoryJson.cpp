@@ -56,4 +56,12 @@ Json ChangesJson(HistoryReader& history, const Step& step)
     return changes;
 }
 
+Json StepReply(HistoryReader& history, const Step& step)
+{
+    const Json changes = ChangesJson(history, step);
+    Json shown = ToJson(step);
+    shown["changes"] = changes;
+    return {{"steps", Json::array({shown})}, {"changes", changes}};
+}
+
 }  // namespace clb

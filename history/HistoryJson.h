@@ -17,5 +17,8 @@ namespace clb {
 /// An array of the changes of a step: "table", "row" (the identity), "was" and "is", each an object
 /// of all cells or null. Throws EngineError and HistoryRefusal.
 [[nodiscard]] Json ChangesJson(HistoryReader& history, const Step& step);
+/// The reply that shows one step: "steps" with the step alone, its "changes" in it and beside it.
+/// Throws EngineError and HistoryRefusal.
+[[nodiscard]] Json StepReply(HistoryReader& history, const Step& step);
 
 }  // namespace clb
