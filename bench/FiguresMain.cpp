@@ -13,6 +13,7 @@
 #include "bench/SavingFigures.h"
 #include "bench/StartFigures.h"
 #include "bench/StatementFigures.h"
+#include "bench/WideFigures.h"
 
 namespace {
 
@@ -31,6 +32,8 @@ struct Measurement {
 const Measurement kMeasurements[] = {
     {{"import", "memory", "again"}, clb::MeasureImport},
     {{"scaling"}, clb::MeasureScaling},
+    {{"wideofx", "widecsv", "widecamt", "widemt940"}, clb::MeasureWide},
+    {{"wideofxpeak", "widecsvpeak", "widecamtpeak", "widemt940peak"}, clb::MeasureWidePeaks},
     {{"historyimport", "undo", "importbytes"}, clb::MeasureHistoryOfImport},
     {{"qif", "qifagain"}, clb::MeasureQif},
     {{"export", "exportmemory"}, clb::MeasureExport},

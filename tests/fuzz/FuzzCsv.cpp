@@ -16,6 +16,11 @@ struct CountedStatement : IStatementSink {
     std::uint64_t sum = 0;
     bool begun = false;
 
+    [[nodiscard]] bool IsEqual(const CountedStatement& other) const
+    {
+        return rows == other.rows && sum == other.sum && leftOut == other.leftOut;
+    }
+
     void BeginAccount(const StatementAccount&) override
     {
         ++accounts;
@@ -75,17 +80,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const auto reader = ReadCsv(text);
         const auto questions = reader->Open({});
         const CountedStatement first = Counted(*reader, {});
-        const CountedStatement again = Counted(*ReadCsv(text), {});
-        Require(first.rows == again.rows && first.sum == again.sum &&
-                first.leftOut == again.leftOut);
+        static_cast<void>(reader->Shape());
         // What is proposed is what is shown.
         const CountedStatement proposed = Counted(*reader, Proposed(questions));
         Require(questions.size() != 1 || proposed.rows == first.rows);
-        static_cast<void>(reader->Shape());
-        StatementAnswers columns;
-        columns.columns = "date=1,amount=2-,text=3+1";
-        columns.skip = 1;
-        static_cast<void>(Counted(*reader, columns));
+        // Settling how a table is read takes most of the time, so each input is read in one more
+        // way.
+        if (size % 2 == 0) {
+            Require(Counted(*ReadCsv(text), {}).IsEqual(first));
+        } else {
+            StatementAnswers columns;
+            columns.columns = "date=1,amount=2-,text=3+1";
+            columns.skip = 1;
+            static_cast<void>(Counted(*reader, columns));
+        }
     } catch (const NotAStatement&) {
     }
     return 0;
