@@ -34,11 +34,20 @@ public:
     {
         feed_ = feeds_.at(StatementSurvey::KeyOf(account));
     }
+    /// Rows are only shown to the watch of their feed from now on.
+    void ShowOnly() { showOnly_ = true; }
     void EndAccount(const StatementBalances&) override {}
-    void Row(const StatementRow& row) override { feed_->Add(row); }
+    void Row(const StatementRow& row) override
+    {
+        if (showOnly_)
+            feed_->Show(row);
+        else
+            feed_->Add(row);
+    }
     void LeftOut(const LeftOutPart&) override {}
 
 private:
+    bool showOnly_ = false;
     std::map<StatementSurvey::Key, AccountFeed*> feeds_;
     AccountFeed* feed_ = nullptr;
 };
@@ -82,8 +91,10 @@ std::vector<ImportedStatement> WideImport::Import(const std::string& path)
             Import(source);
             results.push_back(std::move(source.result));
         }
+        if (results.empty())
+            throw NotAStatement("There is no file in it.");
     } catch (const NotAStatement& error) {
-        results.push_back({.source = name, .refused = error.what()});
+        results.push_back({.source = name, .refused = error.what(), .notAStatement = true});
     }
     return results;
 }
@@ -104,8 +115,11 @@ void WideImport::Import(Source& source)
         Record(source);
     } catch (const NotAStatement& error) {
         source.result.refused = error.what();
+        source.result.notAStatement = true;
+        source.result.unknownFormat = dynamic_cast<const UnknownFormat*>(&error) != nullptr;
     } catch (const Refused& error) {
         source.result.refused = error.what();
+        ShowRows(source);
     }
 }
 
@@ -123,6 +137,26 @@ bool WideImport::Settle(Source& source)
     }
     source.result.asked = questions;
     return questions.empty();
+}
+
+/// Shows the rows of a statement that is not stored.
+void WideImport::ShowRows(const Source& source) const
+{
+    if (!watch_)
+        return;
+    class Shown : public IStatementSink {
+    public:
+        explicit Shown(FeedWatch watch) : watch_(std::move(watch)) {}
+        void BeginAccount(const StatementAccount&) override {}
+        void EndAccount(const StatementBalances&) override {}
+        void Row(const StatementRow& row) override { watch_(row, row.identifier, RowState::Read); }
+        void LeftOut(const LeftOutPart&) override {}
+
+    private:
+        FeedWatch watch_;
+    };
+    Shown shown(WatchOf(source));
+    source.reader->Read(source.answers, shown);
 }
 
 /// The number under which the book has an account of the file. Further currencies of one number
@@ -173,18 +207,29 @@ void WideImport::Store(Source& source, const StatementSurvey& survey)
     std::vector<std::unique_ptr<AccountFeed>> feeds;
     for (std::size_t place = 0; place < found.size(); ++place) {
         const StatementAccount& account = survey.Accounts()[place].account;
-        feeds.push_back(
-            std::make_unique<AccountFeed>(database_, import_, found[place], account, watch_));
+        feeds.push_back(std::make_unique<AccountFeed>(database_, import_, found[place], account,
+                                                      WatchOf(source)));
         distribution.Add(account, *feeds.back());
     }
     if (!text.empty())
-        feeds.front()->PassWhole(text);
-    else
+        distribution.ShowOnly();
+    if (text.empty() || watch_)
         source.reader->Read(source.answers, distribution);
+    if (!text.empty())
+        feeds.front()->PassWhole(text);
     for (std::size_t place = 0; place < found.size(); ++place) {
         feeds[place]->Finish();
         Report(survey.Accounts()[place], found[place], *feeds[place], source.result);
     }
+}
+
+FeedWatch WideImport::WatchOf(const Source& source) const
+{
+    if (!watch_)
+        return {};
+    return [this, &source](const StatementRow& row, const std::string& identifier, RowState state) {
+        watch_(source.result.source, row, identifier, state);
+    };
 }
 
 void WideImport::Report(const SurveyedAccount& account, const std::string& accountID,
