@@ -89,6 +89,15 @@ void AccountFeed::Pass()
     additions_.Write();
 }
 
+bool AccountFeed::ImportAgrees(const StatementRow& row)
+{
+    const std::string identifier = RowIdentifiers::OfBank(row.identifier);
+    if (earlier_.HasIdentifier(row.identifier))
+        return earlier_.HasIdentified(row, {identifier, row.identifier});
+    return !earlier_.HasIdentifier(identifier) &&
+           (!earlier_.HasFurther() || !earlier_.HasIdentifier(identifiers_.Further(row)));
+}
+
 void AccountFeed::PassWhole(const std::string& text)
 {
     const ImportCounts before = import_.Counts();

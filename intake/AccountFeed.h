@@ -36,6 +36,9 @@ public:
 
     /// Throws EngineError.
     void Add(const StatementRow& row);
+    /// Whether the import of OFX files, which knows rows by their identifier only, finds out the
+    /// same about a row with an identifier as Add does. Throws EngineError.
+    [[nodiscard]] bool ImportAgrees(const StatementRow& row);
     /// Passes on a file that the import takes as it is, instead of single rows.
     void PassWhole(const std::string& text);
     /// To be called for each row of such a file before it is passed on, for the watch only.

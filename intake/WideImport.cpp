@@ -34,22 +34,26 @@ public:
     {
         feed_ = feeds_.at(StatementSurvey::KeyOf(account));
     }
-    /// Rows are only shown to the watch of their feed from now on.
-    void ShowOnly() { showOnly_ = true; }
     void EndAccount(const StatementBalances&) override {}
-    void Row(const StatementRow& row) override
-    {
-        if (showOnly_)
-            feed_->Show(row);
-        else
-            feed_->Add(row);
-    }
+    void Row(const StatementRow& row) override { feed_->Add(row); }
     void LeftOut(const LeftOutPart&) override {}
 
 private:
-    bool showOnly_ = false;
     std::map<StatementSurvey::Key, AccountFeed*> feeds_;
     AccountFeed* feed_ = nullptr;
+};
+
+/// Hands the rows of a statement to a function.
+class EachRow : public IStatementSink {
+public:
+    explicit EachRow(std::function<void(const StatementRow&)> take) : take_(std::move(take)) {}
+    void BeginAccount(const StatementAccount&) override {}
+    void EndAccount(const StatementBalances&) override {}
+    void Row(const StatementRow& row) override { take_(row); }
+    void LeftOut(const LeftOutPart&) override {}
+
+private:
+    std::function<void(const StatementRow&)> take_;
 };
 
 std::string DescriptionOf(clsDatabase& database, const std::string& accountID)
@@ -144,18 +148,9 @@ void WideImport::ShowRows(const Source& source) const
 {
     if (!watch_)
         return;
-    class Shown : public IStatementSink {
-    public:
-        explicit Shown(FeedWatch watch) : watch_(std::move(watch)) {}
-        void BeginAccount(const StatementAccount&) override {}
-        void EndAccount(const StatementBalances&) override {}
-        void Row(const StatementRow& row) override { watch_(row, row.identifier, RowState::Read); }
-        void LeftOut(const LeftOutPart&) override {}
-
-    private:
-        FeedWatch watch_;
-    };
-    Shown shown(WatchOf(source));
+    const FeedWatch watch = WatchOf(source);
+    EachRow shown(
+        [&watch](const StatementRow& row) { watch(row, row.identifier, RowState::Read); });
     source.reader->Read(source.answers, shown);
 }
 
@@ -194,6 +189,22 @@ void WideImport::RequireAccounts(const std::vector<std::string>& found)
                 "Nothing was imported.");
 }
 
+/// Passes on a file that the import of OFX files takes as it is. Returns false, and does nothing,
+/// if the import would take a row for another one of the account.
+bool WideImport::PassWhole(const Source& source, const std::string& text, AccountFeed& feed) const
+{
+    bool agrees = true;
+    EachRow compared([&](const StatementRow& row) { agrees = agrees && feed.ImportAgrees(row); });
+    source.reader->Read(source.answers, compared);
+    if (!agrees)
+        return false;
+    EachRow shown([&feed](const StatementRow& row) { feed.Show(row); });
+    if (watch_)
+        source.reader->Read(source.answers, shown);
+    feed.PassWhole(text);
+    return true;
+}
+
 void WideImport::Store(Source& source, const StatementSurvey& survey)
 {
     std::vector<std::string> found;
@@ -202,7 +213,6 @@ void WideImport::Store(Source& source, const StatementSurvey& survey)
         found.push_back(FindAccount(survey, place, found));
     }
     RequireAccounts(found);
-    const std::string text = SpecifiedText(source.file, source.answers, *source.reader, survey);
     Distribution distribution;
     std::vector<std::unique_ptr<AccountFeed>> feeds;
     for (std::size_t place = 0; place < found.size(); ++place) {
@@ -211,12 +221,9 @@ void WideImport::Store(Source& source, const StatementSurvey& survey)
                                                       WatchOf(source)));
         distribution.Add(account, *feeds.back());
     }
-    if (!text.empty())
-        distribution.ShowOnly();
-    if (text.empty() || watch_)
+    const std::string text = SpecifiedText(source.file, source.answers, *source.reader, survey);
+    if (text.empty() || !PassWhole(source, text, *feeds.front()))
         source.reader->Read(source.answers, distribution);
-    if (!text.empty())
-        feeds.front()->PassWhole(text);
     for (std::size_t place = 0; place < found.size(); ++place) {
         feeds[place]->Finish();
         Report(survey.Accounts()[place], found[place], *feeds[place], source.result);

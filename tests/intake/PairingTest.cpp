@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "tests/intake/ImportedBooks.h"
 
 namespace clb {
@@ -119,6 +120,22 @@ TEST_F(PairingTest, AReferenceThatAShorterFileGivesOnceAddsNothing)
     EXPECT_EQ(books_.Added(Ofx(one + other)), 2);
     EXPECT_EQ(books_.Added(Ofx(other)), 0);
     EXPECT_EQ(books_.Added(Ofx(one)), 0);
+}
+
+// Symptom: of a file that the import of OFX files takes as it is, rows with an identifier that an
+// earlier row has were lost, and rows stored under another one were added again.
+TEST_F(PairingTest, AFileThatIsTakenAsItIsLosesAndDoublesNothing)
+{
+    const auto file = [](const std::string& rows) {
+        return Replace("OFXHEADER:100\nDATA:OFXSGML\nVERSION:102\n\n" + Ofx(rows), "\n", "\r\n");
+    };
+    const std::string one = Row("20240115", "-5", "<FITID>R1<NAME>Shop");
+    const std::string other = Row("20240125", "-6", "<FITID>R1<NAME>Inn");
+
+    EXPECT_EQ(books_.Added(file(one)), 1);
+    EXPECT_EQ(books_.Added(file(other)), 1);
+    EXPECT_EQ(books_.Added(file(one)), 0);
+    EXPECT_EQ(books_.Added(file(other)), 0);
 }
 
 TEST_F(PairingTest, AReferenceUsedAgainInALaterFileIsKnownInOneOfBoth)
