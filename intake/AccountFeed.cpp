@@ -98,10 +98,10 @@ bool AccountFeed::ImportAgrees(const StatementRow& row)
            (!earlier_.HasFurther() || !earlier_.HasIdentifier(identifiers_.Further(row)));
 }
 
-void AccountFeed::PassWhole(const std::string& text)
+void AccountFeed::PassWhole(std::string text)
 {
     const ImportCounts before = import_.Counts();
-    import_.ImportText(text);
+    import_.ImportText(std::move(text));
     added_ = import_.Counts().added - before.added;
     known_ = import_.Counts().duplicates - before.duplicates;
 }

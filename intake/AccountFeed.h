@@ -40,7 +40,7 @@ public:
     /// same about a row with an identifier as Add does. Throws EngineError.
     [[nodiscard]] bool ImportAgrees(const StatementRow& row);
     /// Passes on a file that the import takes as it is, instead of single rows.
-    void PassWhole(const std::string& text);
+    void PassWhole(std::string text);
     /// To be called for each row of such a file before it is passed on, for the watch only.
     void Show(const StatementRow& row);
     /// Passes on what is left. To be called once, after the last row. Throws EngineError.

@@ -191,7 +191,7 @@ void WideImport::RequireAccounts(const std::vector<std::string>& found)
 
 /// Passes on a file that the import of OFX files takes as it is. Returns false, and does nothing,
 /// if the import would take a row for another one of the account.
-bool WideImport::PassWhole(const Source& source, const std::string& text, AccountFeed& feed) const
+bool WideImport::PassWhole(const Source& source, std::string text, AccountFeed& feed) const
 {
     bool agrees = true;
     EachRow compared([&](const StatementRow& row) { agrees = agrees && feed.ImportAgrees(row); });
@@ -201,7 +201,7 @@ bool WideImport::PassWhole(const Source& source, const std::string& text, Accoun
     EachRow shown([&feed](const StatementRow& row) { feed.Show(row); });
     if (watch_)
         source.reader->Read(source.answers, shown);
-    feed.PassWhole(text);
+    feed.PassWhole(std::move(text));
     return true;
 }
 
@@ -221,8 +221,9 @@ void WideImport::Store(Source& source, const StatementSurvey& survey)
                                                       WatchOf(source)));
         distribution.Add(account, *feeds.back());
     }
-    const std::string text = SpecifiedText(source.file, source.answers, *source.reader, survey);
-    if (text.empty() || !PassWhole(source, text, *feeds.front()))
+    std::string text = SpecifiedText(source.file, source.answers, *source.reader, survey);
+    std::string().swap(source.file.bytes);  // The text is enough from here on.
+    if (text.empty() || !PassWhole(source, std::move(text), *feeds.front()))
         source.reader->Read(source.answers, distribution);
     for (std::size_t place = 0; place < found.size(); ++place) {
         feeds[place]->Finish();

@@ -88,7 +88,7 @@ private:
 
     void Import(Source& source);
     bool Settle(Source& source);
-    bool PassWhole(const Source& source, const std::string& text, AccountFeed& feed) const;
+    bool PassWhole(const Source& source, std::string text, AccountFeed& feed) const;
     void Store(Source& source, const StatementSurvey& survey);
     std::string FindAccount(const StatementSurvey& survey, std::size_t place,
                             const std::vector<std::string>& found);
