@@ -40,8 +40,9 @@ StatementImport::StatementImport(frmController& window, IStatementAsker& asker,
 {
 }
 
-std::vector<ImportedStatement> StatementImport::Import(const std::string& path)
+const std::vector<ImportedStatement>& StatementImport::Import(const std::string& path)
 {
+    imported_.clear();
     window_.Steps().Begin("Import of " + std::filesystem::path(path).filename().string());
     // If another program has locked the book, the import fails here.
     window_.Data().Lock();
@@ -51,9 +52,9 @@ std::vector<ImportedStatement> StatementImport::Import(const std::string& path)
     wide.Answers(options_.answers);
     wide.Watch(watch_);
     window_.Import().BeginTexts();
-    std::vector<ImportedStatement> imported = wide.Import(path);
+    imported_ = wide.Import(path);
     window_.Import().EndTexts();
-    return imported;
+    return imported_;
 }
 
 }  // namespace clb

@@ -27,13 +27,18 @@ public:
     /// See WideImport::Watch.
     void Watch(RowWatch watch) { watch_ = std::move(watch); }
     /// Throws RuntimeError if the file cannot be read, and EngineError.
-    std::vector<ImportedStatement> Import(const std::string& path);
+    const std::vector<ImportedStatement>& Import(const std::string& path);
+
+    /// What the last import has stored, also if an error in other rows kept it from recomputing the
+    /// balances.
+    [[nodiscard]] const std::vector<ImportedStatement>& Imported() const { return imported_; }
 
 private:
     frmController& window_;
     IStatementAsker& asker_;
     StatementOptions options_;
     RowWatch watch_;
+    std::vector<ImportedStatement> imported_;
 };
 
 }  // namespace clb

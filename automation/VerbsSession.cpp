@@ -91,9 +91,9 @@ Json ListSteps(Session& session, const Request& request)
 Json Open(Session& session, const Request& request)
 {
     StatementQuestions questions(session.controller);
+    StatementImport command(session.controller, questions);
     Json files = Json::array();
-    for (const ImportedStatement& statement :
-         StatementImport(session.controller, questions).Import(request.Text("file")))
+    for (const ImportedStatement& statement : command.Import(request.Text("file")))
         files.push_back(ToJson(statement));
     Json reply = files.size() == 1 ? files.front() : Json::object();
     reply["files"] = std::move(files);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <iostream>
 #include <limits>
 #include <map>
@@ -16,6 +17,7 @@
 #include "cli/Progress.h"
 #include "data/AccountKind.h"
 #include "data/ErrorText.h"
+#include "intake/StatementJson.h"
 
 namespace clb {
 namespace {
@@ -78,6 +80,7 @@ public:
         FindAccounts();
     }
 
+    /// One result for each statement in the file.
     std::vector<ImportedFile> Import(const std::string& file);
 
 private:
@@ -114,27 +117,36 @@ std::vector<ImportedFile> ImportRun::Load(const std::string& file)
     Program program(folder_, answers, trial_.has_value());
     answers.Use(program.Window().Data());
     StatementImport command(program.Window(), answers, said_);
-    std::vector<ShownRow> rows;
+    std::map<std::string, std::vector<ShownRow>> rows;
     if (options_.show)
-        command.Watch(
-            [&rows](const StatementRow& row, const std::string& identifier, RowState state) {
-                rows.push_back({row, identifier, state == RowState::Added ? "added" : "known"});
-            });
-    std::vector<ImportedFile> results;
-    for (ImportedStatement& statement : command.Import(file))
-        results.push_back({.statement = std::move(statement)});
-    modImport& import = program.Window().Import();
-    if (!results.empty()) {
-        results.front().rows = std::move(rows);
-        results.back().balances = import.FormerBalances();
-        results.back().backup = import.FormerFile();
+        command.Watch([&rows](const std::string& source, const StatementRow& row,
+                              const std::string& identifier, RowState state) {
+            rows[source].push_back({row, identifier, state});
+        });
+    bool failed = false;
+    try {
+        (void)command.Import(file);
+    } catch (const RuntimeError& error) {
+        failed = true;
+        std::cerr << error.what() << '\n';
+        // Then nothing of the file is kept.
+        if (command.Imported().empty())
+            return {};
     }
-    const bool refused = program.Messages().Refused();
-    for (ImportedFile& result : results)
-        result.accountMissing = result.statement.refused == kAccountMissing;
-    if (refused)
-        for (ImportedFile& result : results)
-            result.failed = true;
+    std::vector<ImportedFile> results;
+    for (const ImportedStatement& statement : command.Imported()) {
+        std::vector<ShownRow>& shown = rows[statement.source];
+        for (const StatementRow& row : answers.Proposed(statement.source))
+            shown.push_back({row, row.identifier, RowState::Read});
+        results.push_back({.statement = statement,
+                           .failed = failed,
+                           .refused = program.Messages().Refused(),
+                           .accountMissing = statement.refused == kAccountMissing,
+                           .rows = std::move(shown)});
+    }
+    modImport& import = program.Window().Import();
+    results.back().balances = import.FormerBalances();
+    results.back().backup = import.FormerFile();
     program.Finish();
     return results;
 }
@@ -145,39 +157,60 @@ std::vector<ImportedFile> ImportRun::Import(const std::string& file)
     std::vector<ImportedFile> results;
     try {
         results = Load(file);
-    } catch (const RuntimeError& error) {
-        std::cerr << error.what() << '\n';
     } catch (const std::bad_alloc& error) {
         // Nothing of this file was kept. The next one may be smaller.
         std::cerr << ErrorText(error) << '\n';
     }
-    if (results.empty()) {
-        results.emplace_back();
-        results.front().failed = true;
-    }
+    if (results.empty())
+        results.push_back({.failed = true});
     results.front().messages = captured.Text();
-    if (results.size() == 1)
-        results.front().statement.source = file;
+    // Statements in an archive are named after it, without its folder.
+    const std::size_t folder = file.rfind('/') + 1;
+    for (ImportedFile& result : results)
+        result.statement.source =
+            results.size() == 1 ? file : file.substr(0, folder) + result.statement.source;
     return results;
+}
+
+/// Whether the file is something else than a statement, such as a list of addresses.
+bool IsOther(const ImportedFile& file)
+{
+    const bool noTable = file.rows.empty() &&
+                         std::ranges::any_of(file.statement.asked, [](const OpenQuestion& open) {
+                             return open.question == StatementQuestion::Columns;
+                         });
+    return file.statement.notAStatement || noTable;
+}
+
+/// Reports the statements of a file. What is none is only listed if nobody said that it is one, or
+/// if there are statements beside it in an archive.
+void Add(std::vector<ImportedFile> results, const FoundFile& file, ImportReport& report)
+{
+    const bool list =
+        !file.isNamed || (results.size() > 1 && !std::ranges::all_of(results, IsOther));
+    for (ImportedFile& imported : results)
+        if (list && IsOther(imported))
+            report.AddOther({imported.statement.source, ReasonOf(imported.statement)});
+        else
+            report.Add(std::move(imported));
 }
 
 int Import(const ImportOptions& options)
 {
-    const std::vector<std::string> files = FindStatements(options.words);
+    FoundFiles found = FindStatements(options.words);
     ImportReport report(options.dryRun, options.show);
     ImportRun run(options);
-    std::size_t statements = 0;
     {
-        Progress progress(std::cerr, files.size());
-        for (const std::string& file : files) {
-            progress.Next(file);
-            for (ImportedFile& imported : run.Import(file)) {
-                report.Add(std::move(imported));
-                ++statements;
-            }
+        Progress progress(std::cerr, found.files.size());
+        for (const FoundFile& file : found.files) {
+            progress.Next(file.path);
+            Add(run.Import(file.path), file, report);
         }
     }
-    if (statements == 1 && files == options.words)
+    for (OtherFile& other : found.others)
+        report.AddOther(std::move(other));
+    if (report.Statements() == 1 && found.files.size() == 1 && options.words.size() == 1 &&
+        found.files.front().path == options.words.front())
         report.PrintOne(options.json);
     else
         report.PrintAll(options.json);
@@ -244,8 +277,7 @@ void AddImport(CLI::App& app, int& exitCode)
         .Placeholder("ACCOUNT");
     AddFileOptions(command, *options);
     command.Flag("--show", options->show, "Print the rows as they are read");
-    command.Flag("--dry-run", options->dryRun,
-                 "Try it on a copy of the data and of the files; nothing is changed");
+    command.Flag("--dry-run", options->dryRun, "Try it on a copy of the data; nothing is changed");
     AddHome(command, *options);
     AddJson(command, *options);
     command.Run([options, &exitCode] { exitCode = Import(*options); });

@@ -7,6 +7,24 @@
 namespace clb {
 namespace {
 
+/// Keeps the first rows of a statement.
+class FirstRows : public IStatementSink {
+public:
+    void BeginAccount(const StatementAccount&) override {}
+    void EndAccount(const StatementBalances&) override {}
+    void Row(const StatementRow& row) override
+    {
+        constexpr std::size_t kShown = 20;
+        if (rows_.size() < kShown)
+            rows_.push_back(row);
+    }
+    void LeftOut(const LeftOutPart&) override {}
+    [[nodiscard]] const std::vector<StatementRow>& Rows() const { return rows_; }
+
+private:
+    std::vector<StatementRow> rows_;
+};
+
 std::int32_t Count(clsDatabase& data, const std::string& description)
 {
     Recordset found;
@@ -33,20 +51,27 @@ void ImportAnswers::Choosing(const StatementAccount& account, std::size_t place)
     first_ = place == 0;
 }
 
-std::optional<StatementAnswers> ImportAnswers::Ask(const std::string&, const IStatementReader&,
+std::optional<StatementAnswers> ImportAnswers::Ask(const std::string& source,
+                                                   const IStatementReader& reader,
                                                    const std::vector<OpenQuestion>&,
-                                                   const StatementAnswers&)
+                                                   const StatementAnswers& given)
 {
+    FirstRows first;
+    reader.Read(given, first);
+    proposed_[source] = first.Rows();
     return std::nullopt;
+}
+
+const std::vector<StatementRow>& ImportAnswers::Proposed(const std::string& source)
+{
+    return proposed_[source];
 }
 
 void ImportAnswers::Run(Form& form)
 {
     data_->Lock();
-    if (Answer(form))
-        return;
-    missing_ = true;
-    FormUser(form).Cancel();
+    if (!Answer(form))
+        FormUser(form).Cancel();
 }
 
 /// A mapped account gets the number from its file. The next unknown number belongs to another

@@ -1,8 +1,9 @@
 // Answers what an import asks, from the options of the command line.
 #pragma once
-#include <functional>
+#include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "controls/Form.h"
 #include "intake/WideImport.h"
@@ -27,8 +28,9 @@ public:
 
     /// The book in which accounts are looked up; borrowed until the next call.
     void Use(clsDatabase& data) { data_ = &data; }
-    /// Whether a dialog opened and no account was given.
-    [[nodiscard]] bool Missing() const { return missing_; }
+    /// The first rows of a statement that leaves questions open, as they would be read with the
+    /// answers that are proposed. Empty for other statements.
+    [[nodiscard]] const std::vector<StatementRow>& Proposed(const std::string& source);
 
     // IModalHost
     void Run(Form& form) override;
@@ -48,8 +50,8 @@ private:
     AccountOptions& options_;
     clsDatabase* data_ = nullptr;
     StatementAccount account_;
-    bool first_ = true;  ///< of its file
-    bool missing_ = false;
+    bool first_ = true;                                          ///< of its file
+    std::map<std::string, std::vector<StatementRow>> proposed_;  ///< by source
 };
 
 /// The only account of this description. Throws RuntimeError (InvalidCall) if there are several:

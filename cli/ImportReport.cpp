@@ -8,6 +8,7 @@
 #include "cli/ImportJson.h"
 #include "cli/Program.h"
 #include "cli/Table.h"
+#include "intake/StatementJson.h"
 
 namespace clb {
 namespace {
@@ -33,15 +34,9 @@ void WarnOfBalances(const ImportedFile& file, std::vector<std::string>& lines)
         lines.push_back("the database as it was before is kept as " + file.backup);
 }
 
-std::string LineOf(const LeftOutPart& part)
+std::string LineOf(const OtherFile& other)
 {
-    std::string line = "line " + std::to_string(part.line) + " left out: ";
-    if (part.count > 1)
-        line = Counted(part.count, "part", "parts") + " left out: ";
-    line += ToText(part.reason);
-    if (!part.text.empty())
-        line += ": " + Printable(part.text);
-    return line;
+    return Printable(other.path + ": " + other.why);
 }
 
 std::vector<std::string> Warnings(const ImportedFile& file)
@@ -49,7 +44,8 @@ std::vector<std::string> Warnings(const ImportedFile& file)
     std::vector<std::string> lines;
     WarnOfBalances(file, lines);
     for (const LeftOutPart& part : file.statement.leftOut)
-        lines.push_back(LineOf(part));
+        if (!IsUnreadable(part))
+            lines.push_back(LineOf(part));
     for (const std::string& note : file.statement.notes)
         lines.push_back(Printable(note));
     return lines;
@@ -62,9 +58,34 @@ void PrintRows(const ImportedFile& file)
         table.AddColumn(caption, caption == std::string_view("Amount"));
     for (const ShownRow& shown : file.rows)
         table.AddRow({std::to_string(shown.row.line), shown.row.date.ToIso(),
-                      shown.row.amount.ToText(), Printable(TextOf(shown.row)), shown.identifier,
-                      shown.state});
+                      shown.row.amount.ToText(), Printable(TextOf(shown.row)),
+                      Printable(shown.identifier), StateOf(shown)});
     table.Print(std::cout);
+}
+
+/// What the file leaves open, how its rows are shown, and which option of the command answers it.
+void PrintQuestions(const ImportedFile& file)
+{
+    if (file.statement.asked.empty())
+        return;
+    Table table;
+    for (const char* caption : {"Question", "Options", "Shown as", "Answer with"})
+        table.AddColumn(caption, false);
+    for (const OpenQuestion& open : file.statement.asked) {
+        std::string options;
+        for (const std::string& option : open.options)
+            options += (options.empty() ? "" : ", ") + option;
+        table.AddRow({KeyOf(open.question), Printable(options), Printable(open.proposed),
+                      OptionOf(open.question)});
+    }
+    std::cout << '\n';
+    table.Print(std::cout);
+}
+
+void PrintShown(const ImportedFile& file)
+{
+    PrintRows(file);
+    PrintQuestions(file);
 }
 
 }  // namespace
@@ -85,9 +106,15 @@ std::int64_t ImportedFile::Known() const
     return known;
 }
 
+bool ImportedFile::Unreadable() const
+{
+    return std::ranges::any_of(statement.leftOut, IsUnreadable);
+}
+
 bool ImportedFile::Refused() const
 {
-    return failed || accountMissing || !statement.refused.empty() || !statement.asked.empty();
+    return failed || refused || accountMissing || !statement.refused.empty() ||
+           !statement.asked.empty() || Unreadable();
 }
 
 bool ImportReport::AnyRefused() const
@@ -98,25 +125,29 @@ bool ImportReport::AnyRefused() const
 void ImportReport::PrintOne(bool json) const
 {
     const ImportedFile& file = files_.front();
+    const bool imported = !file.statement.accounts.empty();
     std::cerr << (file.failed ? "clb: " : "") << file.messages;
     if (file.accountMissing)
         std::cerr << "The file's account is not known. Say which it is:\n"
                      "  --create NAME --type TYPE   makes a new account\n"
                      "  --map ACCOUNT               takes an existing one\n";
-    else if (!file.failed && file.Refused())
-        std::cerr << ReasonOf(file) << '\n';
+    else if (const std::string reason = ReasonInFile(file); !reason.empty())
+        std::cerr << reason << '\n';
     for (const std::string& warning : Warnings(file))
         std::cerr << "Warning: " << warning << '\n';
+    for (const OtherFile& other : others_)
+        std::cerr << "Warning: " << LineOf(other) << '\n';
     if (json) {
         Json printed = ToJson(file, show_);
         printed["files"] = Json::array({printed});
+        printed["others"] = ToJson(others_);
         printed["dryRun"] = dryRun_;
         std::cout << ToLine(printed) << '\n';
         return;
     }
     if (show_)
-        PrintRows(file);
-    if (!file.Refused())
+        PrintShown(file);
+    if (imported && !file.failed)
         std::cout << (dryRun_ ? "Would import " : "Imported ")
                   << Counted(static_cast<std::size_t>(file.Added()), "transaction", "transactions")
                   << '\n';
@@ -129,7 +160,8 @@ void ImportReport::PrintAll(bool json) const
     Json list = Json::array();
     for (const ImportedFile& file : files_)
         list.push_back(ToJson(file, show_));
-    std::cout << ToLine({{"files", list}, {"dryRun", dryRun_}}) << '\n';
+    std::cout << ToLine({{"files", list}, {"others", ToJson(others_)}, {"dryRun", dryRun_}})
+              << '\n';
 }
 
 void ImportReport::PrintTable() const
@@ -157,8 +189,10 @@ void ImportReport::PrintTable() const
     if (show_)
         for (const ImportedFile& file : files_) {
             std::cout << '\n' << Printable(file.statement.source) << '\n';
-            PrintRows(file);
+            PrintShown(file);
         }
+    for (const OtherFile& other : others_)
+        std::cout << "Not a statement: " << LineOf(other) << '\n';
     const auto refused = std::ranges::count_if(files_, &ImportedFile::Refused);
     std::cout << Counted(files_.size(), "file", "files") << ": " << added << " added, " << skipped
               << " skipped, " << refused << " refused"

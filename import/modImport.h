@@ -42,7 +42,7 @@ public:
     /// user cancels.
     bool FindAccount(std::string& accountID);
     /// Reads the text of an OFX file whose account is there. Shows errors in the text to the user.
-    void ImportText(const std::string& text);
+    void ImportText(std::string text);
     /// Ends the command: recomputes every account's balance and reloads the view.
     void EndTexts();
 

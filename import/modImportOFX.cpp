@@ -243,9 +243,9 @@ void modImport::ImportMarkup(const std::function<std::string()>& readText)
     ReadMarkup(readText);
 }
 
-void modImport::ImportText(const std::string& text)
+void modImport::ImportText(std::string text)
 {
-    ReadMarkup([&text] { return text; });
+    ReadMarkup([&text] { return std::move(text); });
 }
 
 void modImport::ReadMarkup(const std::function<std::string()>& readText)

@@ -12,7 +12,7 @@ constexpr std::size_t kRowsAtOnce = 50'000;
 }  // namespace
 
 AccountFeed::AccountFeed(clsDatabase& database, modImport& import, std::string accountID,
-                         const StatementAccount& account, RowWatch watch)
+                         const StatementAccount& account, FeedWatch watch)
     : import_(import),
       watch_(std::move(watch)),
       identifiers_(account.number),
@@ -44,18 +44,29 @@ bool AccountFeed::IsKnown(const StatementRow& row, std::string& identifier)
     if (!row.identifier.empty())
         return IsKnownToBank(row, identifier);
     identifier = identifiers_.Make(row);
-    return earlier_.HasIdentifier(identifier) || earlier_.TakeUnidentified(row);
+    if (earlier_.HasIdentifier(identifier))
+        return true;
+    // A shorter file may have given the row's identifier to no other row.
+    const std::string& shared = row.sharedIdentifier;
+    if (!shared.empty() && earlier_.TakeIdentified(row, {RowIdentifiers::OfBank(shared), shared}))
+        return true;
+    return earlier_.TakeUnidentified(row);
 }
 
 /// Banks use identifiers again for other rows. Such a row gets one of its own.
 bool AccountFeed::IsKnownToBank(const StatementRow& row, std::string& identifier)
 {
     identifier = RowIdentifiers::OfBank(row.identifier);
-    const std::string further = identifiers_.Further(row);
-    if (earlier_.HasIdentified(row, {identifier, row.identifier}) ||
-        earlier_.HasIdentifier(further))
+    if (earlier_.HasIdentified(row, {identifier, row.identifier}))
         return true;
-    if (!earlier_.HasIdentifier(identifier) && !earlier_.HasIdentifier(row.identifier))
+    const bool reused =
+        earlier_.HasIdentifier(identifier) || earlier_.HasIdentifier(row.identifier);
+    if (!reused && !earlier_.HasFurther())
+        return false;
+    const std::string further = identifiers_.Further(row);
+    if (earlier_.HasIdentifier(further))
+        return true;
+    if (!reused)
         return false;
     identifier = further;
     reused_.push_back({row.line, LeftOutReason::NotARow,
@@ -78,12 +89,28 @@ void AccountFeed::Pass()
     additions_.Write();
 }
 
-void AccountFeed::PassWhole(const std::string& text)
+bool AccountFeed::ImportAgrees(const StatementRow& row)
+{
+    const std::string identifier = RowIdentifiers::OfBank(row.identifier);
+    if (earlier_.HasIdentifier(row.identifier))
+        return earlier_.HasIdentified(row, {identifier, row.identifier});
+    return !earlier_.HasIdentifier(identifier) &&
+           (!earlier_.HasFurther() || !earlier_.HasIdentifier(identifiers_.Further(row)));
+}
+
+void AccountFeed::PassWhole(std::string text)
 {
     const ImportCounts before = import_.Counts();
-    import_.ImportText(text);
+    import_.ImportText(std::move(text));
     added_ = import_.Counts().added - before.added;
     known_ = import_.Counts().duplicates - before.duplicates;
+}
+
+void AccountFeed::Show(const StatementRow& row)
+{
+    if (watch_)
+        watch_(row, row.identifier,
+               earlier_.HasIdentifier(row.identifier) ? RowState::Known : RowState::Added);
 }
 
 void AccountFeed::Finish()

@@ -16,10 +16,14 @@ namespace clb {
 class clsDatabase;
 class modImport;
 
-enum class RowState : std::uint8_t { Added, Known };
+enum class RowState : std::uint8_t {
+    Added,
+    Known,
+    Read  ///< not stored
+};
 /// Takes a row that was read, the identifier under which it is or would be stored, and what came of
 /// it.
-using RowWatch =
+using FeedWatch =
     std::function<void(const StatementRow& row, const std::string& identifier, RowState state)>;
 
 /// Passes the rows that the account does not have yet to the import of OFX files, in parts, and
@@ -28,12 +32,17 @@ class AccountFeed {
 public:
     /// accountID: of the account in the book, which is there. Borrows database and import.
     AccountFeed(clsDatabase& database, modImport& import, std::string accountID,
-                const StatementAccount& account, RowWatch watch = {});
+                const StatementAccount& account, FeedWatch watch = {});
 
     /// Throws EngineError.
     void Add(const StatementRow& row);
+    /// Whether the import of OFX files, which knows rows by their identifier only, finds out the
+    /// same about a row with an identifier as Add does. Throws EngineError.
+    [[nodiscard]] bool ImportAgrees(const StatementRow& row);
     /// Passes on a file that the import takes as it is, instead of single rows.
-    void PassWhole(const std::string& text);
+    void PassWhole(std::string text);
+    /// To be called for each row of such a file before it is passed on, for the watch only.
+    void Show(const StatementRow& row);
     /// Passes on what is left. To be called once, after the last row. Throws EngineError.
     void Finish();
 
@@ -49,7 +58,7 @@ private:
     void Pass();
 
     modImport& import_;
-    RowWatch watch_;
+    FeedWatch watch_;
     RowIdentifiers identifiers_;
     EarlierRows earlier_;
     OfxText text_;

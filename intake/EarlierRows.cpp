@@ -6,7 +6,6 @@
 
 #include "base/MoneySum.h"
 #include "data/clsDatabase.h"
-#include "intake/RowIdentifiers.h"
 
 namespace clb {
 namespace {
@@ -36,8 +35,11 @@ EarlierRows::EarlierRows(clsDatabase& database, std::string accountID)
                    "SELECT FITID FROM Trans WHERE AccountID = '" +
                        clsDatabase::ToSqlString(accountID_) + "' AND NOT FITID IS NULL",
                    true);
-    for (; !rows.AtEnd(); rows.MoveNext())
-        identifiers_.insert(HashOf(ToText(rows.Get(0))));
+    for (; !rows.AtEnd(); rows.MoveNext()) {
+        const std::string identifier = ToText(rows.Get(0));
+        hasFurther_ = hasFurther_ || identifier.ends_with("-0");
+        identifiers_.insert(HashOf(identifier));
+    }
 }
 
 bool EarlierRows::HasIdentifier(const std::string& identifier) const
@@ -65,24 +67,44 @@ bool EarlierRows::HasIdentified(const StatementRow& row,
 
 bool EarlierRows::TakeUnidentified(const StatementRow& row)
 {
+    return Take(row, [&row](const Known& known) {
+        return (known.identifier.empty() || IsRun(known.identifier)) &&
+               known.checkNumber == row.checkNumber;
+    });
+}
+
+bool EarlierRows::TakeIdentified(const StatementRow& row,
+                                 const std::vector<std::string>& identifiers)
+{
+    return Take(row, [&identifiers](const Known& known) {
+        return std::find(identifiers.begin(), identifiers.end(), known.identifier) !=
+               identifiers.end();
+    });
+}
+
+/// Takes a row of equal date, amount and text that fits; one whose texts agree as a whole rather
+/// than one that lacks a text.
+bool EarlierRows::Take(const StatementRow& row, const std::function<bool(const Known&)>& fits)
+{
     Rows& rows = MonthOf(row.date);
     const auto [first, last] = rows.equal_range({row.date.Days(), row.amount});
-    const std::string name = Comparable(row.name);
-    const std::string text = Comparable(row.text);
-    const auto has = [](const Known& known, const std::string& wanted) {
-        return !wanted.empty() &&
-               std::find(known.texts.begin(), known.texts.end(), wanted) != known.texts.end();
-    };
+    if (first == last)
+        return false;
+    const RowTexts texts(row);
+    Known* part = nullptr;
     for (auto at = first; at != last; ++at) {
         Known& known = at->second;
-        const bool none = !known.identifier.empty() && !IsRun(known.identifier);
-        if (none || known.taken || known.checkNumber != row.checkNumber ||
-            !(has(known, name) || has(known, text)))
+        if (known.taken || !fits(known))
             continue;
-        known.taken = true;
-        return true;
+        const TextAgreement agreement = texts.With(known.texts);
+        if (agreement == TextAgreement::Whole)
+            return known.taken = true;
+        if (agreement == TextAgreement::Part && part == nullptr)
+            part = &known;
     }
-    return false;
+    if (part != nullptr)
+        part->taken = true;
+    return part != nullptr;
 }
 
 EarlierRows::Rows& EarlierRows::MonthOf(const Date& day)
@@ -109,13 +131,8 @@ EarlierRows::Rows EarlierRows::Read(Month month)
     Rows rows;
     std::map<std::pair<std::int32_t, std::string>, std::vector<Known>> pieces;
     for (; !found.AtEnd(); found.MoveNext()) {
-        Known known{std::get<Date>(found.Get(0)),
-                    ToMoney(found.Get(1)),
-                    ToText(found.Get(2)),
-                    ToText(found.Get(3)),
-                    {}};
-        for (const std::size_t text : {4U, 5U})
-            known.texts.push_back(Comparable(ToText(found.Get(text))));
+        Known known{std::get<Date>(found.Get(0)), ToMoney(found.Get(1)), ToText(found.Get(2)),
+                    ToText(found.Get(3)), StoredTexts(ToText(found.Get(4)), ToText(found.Get(5)))};
         if (!known.identifier.empty() && !IsRun(known.identifier))
             pieces[{known.date.Days(), known.identifier}].push_back(known);
         const std::pair key(known.date.Days(), known.amount);

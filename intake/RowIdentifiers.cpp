@@ -4,6 +4,7 @@
 
 #include "base/Text.h"
 #include "intake/Digest.h"
+#include "intake/RowTexts.h"
 
 namespace clb {
 namespace {
@@ -24,31 +25,25 @@ std::string Hashed(std::string_view content)
 
 }  // namespace
 
-std::string Comparable(std::string_view text)
-{
-    std::string folded;
-    for (const char c : text) {
-        const bool blank = c == ' ' || c == '\t' || c == '\r' || c == '\n';
-        if (!blank)
-            folded += c;
-        else if (!folded.empty() && folded.back() != ' ')
-            folded += ' ';
-    }
-    if (!folded.empty() && folded.back() == ' ')
-        folded.pop_back();
-    return ToUpperAscii(folded);
-}
-
 std::string RowIdentifiers::Content(const StatementRow& row) const
 {
     return account_ + '\n' + row.date.ToIso() + '\n' + row.amount.ToText() + '\n' +
            row.checkNumber + '\n' + Comparable(row.name) + '\n' + Comparable(row.text);
 }
 
+std::string RowIdentifiers::Digest(const StatementRow& row, const std::string& identifier) const
+{
+    return Hashed(identifier.empty() ? Content(row) : identifier + '\n' + Content(row));
+}
+
 std::string RowIdentifiers::Make(const StatementRow& row)
 {
-    const std::string digest = Hashed(Content(row));
-    return digest + "-" + std::to_string(++equals_[digest]);
+    const std::string digest = Digest(row, row.sharedIdentifier);
+    std::uint32_t place = ++equals_[digest];
+    // The first has the number that Further gives if the row is in a file without the others.
+    if (!row.sharedIdentifier.empty())
+        --place;
+    return digest + "-" + std::to_string(place);
 }
 
 std::string RowIdentifiers::OfBank(const std::string& identifier)
@@ -58,7 +53,7 @@ std::string RowIdentifiers::OfBank(const std::string& identifier)
 
 std::string RowIdentifiers::Further(const StatementRow& row) const
 {
-    return Hashed(row.identifier + '\n' + Content(row)) + "-0";
+    return Digest(row, row.identifier) + "-0";
 }
 
 }  // namespace clb

@@ -24,13 +24,11 @@ public:
     [[nodiscard]] std::string Further(const StatementRow& row) const;
 
 private:
+    [[nodiscard]] std::string Digest(const StatementRow& row, const std::string& identifier) const;
     [[nodiscard]] std::string Content(const StatementRow& row) const;
 
     std::string account_;
     std::unordered_map<std::string, std::uint32_t> equals_;  ///< by a short digest of the content
 };
-
-/// A text for comparisons: without blanks at its ends, single blanks inside, and case folded.
-[[nodiscard]] std::string Comparable(std::string_view text);
 
 }  // namespace clb

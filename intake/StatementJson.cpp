@@ -5,18 +5,6 @@
 namespace clb {
 namespace {
 
-const char* OptionOf(StatementQuestion question)
-{
-    switch (question) {
-        case StatementQuestion::DateOrder: return "--date-order";
-        case StatementQuestion::Decimal: return "--decimal";
-        case StatementQuestion::Sign: return "--sign";
-        case StatementQuestion::Columns: return "--columns";
-        case StatementQuestion::Truncated: return "--take-whole-rows";
-    }
-    return "";
-}
-
 const char* SubjectOf(StatementQuestion question)
 {
     switch (question) {
@@ -48,7 +36,11 @@ Json CountsOf(const std::vector<LeftOutPart>& parts)
         {LeftOutReason::Pending, "pending"},       {LeftOutReason::OtherCurrency, "otherCurrency"},
         {LeftOutReason::Investment, "investment"}, {LeftOutReason::Incomplete, "incomplete"},
         {LeftOutReason::NotARow, "notARow"},       {LeftOutReason::TwiceInFile, "twiceInFile"}};
-    Json counts = Json::object();
+    // What the import of OFX and QIF files as they are may leave out. Nothing of it is left out
+    // here.
+    Json counts = {{"linesBehindRepair", 0}, {"behindEmptyTransaction", 0},
+                   {"beforeAccount", 0},     {"notClosed", 0},
+                   {"furtherAccounts", 0},   {"withoutIdentifier", 0}};
     for (const auto& [reason, key] : keys)
         counts[key] = 0;
     for (const LeftOutPart& part : parts)
@@ -109,6 +101,18 @@ std::int64_t Sum(const ImportedStatement& statement, std::int64_t ImportedAccoun
 }
 
 }  // namespace
+
+const char* OptionOf(StatementQuestion question)
+{
+    switch (question) {
+        case StatementQuestion::DateOrder: return "--date-order";
+        case StatementQuestion::Decimal: return "--decimal";
+        case StatementQuestion::Sign: return "--sign";
+        case StatementQuestion::Columns: return "--columns";
+        case StatementQuestion::Truncated: return "--take-whole-rows";
+    }
+    return "";
+}
 
 std::string ReasonOf(const ImportedStatement& statement)
 {

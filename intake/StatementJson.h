@@ -7,6 +7,8 @@
 
 namespace clb {
 
+/// The option of clb import that answers a question, such as "--date-order".
+[[nodiscard]] const char* OptionOf(StatementQuestion question);
 /// Why the statement was not imported, in lines; empty if it was.
 [[nodiscard]] std::string ReasonOf(const ImportedStatement& statement);
 /// The object of one statement: "file", "kind", "imported", "skipped", "refused", "leftOut",

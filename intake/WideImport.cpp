@@ -43,6 +43,19 @@ private:
     AccountFeed* feed_ = nullptr;
 };
 
+/// Hands the rows of a statement to a function.
+class EachRow : public IStatementSink {
+public:
+    explicit EachRow(std::function<void(const StatementRow&)> take) : take_(std::move(take)) {}
+    void BeginAccount(const StatementAccount&) override {}
+    void EndAccount(const StatementBalances&) override {}
+    void Row(const StatementRow& row) override { take_(row); }
+    void LeftOut(const LeftOutPart&) override {}
+
+private:
+    std::function<void(const StatementRow&)> take_;
+};
+
 std::string DescriptionOf(clsDatabase& database, const std::string& accountID)
 {
     Recordset found;
@@ -82,8 +95,10 @@ std::vector<ImportedStatement> WideImport::Import(const std::string& path)
             Import(source);
             results.push_back(std::move(source.result));
         }
+        if (results.empty())
+            throw NotAStatement("There is no file in it.");
     } catch (const NotAStatement& error) {
-        results.push_back({.source = name, .refused = error.what()});
+        results.push_back({.source = name, .refused = error.what(), .notAStatement = true});
     }
     return results;
 }
@@ -104,8 +119,11 @@ void WideImport::Import(Source& source)
         Record(source);
     } catch (const NotAStatement& error) {
         source.result.refused = error.what();
+        source.result.notAStatement = true;
+        source.result.unknownFormat = dynamic_cast<const UnknownFormat*>(&error) != nullptr;
     } catch (const Refused& error) {
         source.result.refused = error.what();
+        ShowRows(source);
     }
 }
 
@@ -123,6 +141,17 @@ bool WideImport::Settle(Source& source)
     }
     source.result.asked = questions;
     return questions.empty();
+}
+
+/// Shows the rows of a statement that is not stored.
+void WideImport::ShowRows(const Source& source) const
+{
+    if (!watch_)
+        return;
+    const FeedWatch watch = WatchOf(source);
+    EachRow shown(
+        [&watch](const StatementRow& row) { watch(row, row.identifier, RowState::Read); });
+    source.reader->Read(source.answers, shown);
 }
 
 /// The number under which the book has an account of the file. Further currencies of one number
@@ -160,6 +189,22 @@ void WideImport::RequireAccounts(const std::vector<std::string>& found)
                 "Nothing was imported.");
 }
 
+/// Passes on a file that the import of OFX files takes as it is. Returns false, and does nothing,
+/// if the import would take a row for another one of the account.
+bool WideImport::PassWhole(const Source& source, std::string text, AccountFeed& feed) const
+{
+    bool agrees = true;
+    EachRow compared([&](const StatementRow& row) { agrees = agrees && feed.ImportAgrees(row); });
+    source.reader->Read(source.answers, compared);
+    if (!agrees)
+        return false;
+    EachRow shown([&feed](const StatementRow& row) { feed.Show(row); });
+    if (watch_)
+        source.reader->Read(source.answers, shown);
+    feed.PassWhole(std::move(text));
+    return true;
+}
+
 void WideImport::Store(Source& source, const StatementSurvey& survey)
 {
     std::vector<std::string> found;
@@ -168,23 +213,31 @@ void WideImport::Store(Source& source, const StatementSurvey& survey)
         found.push_back(FindAccount(survey, place, found));
     }
     RequireAccounts(found);
-    const std::string text = SpecifiedText(source.file, source.answers, *source.reader, survey);
     Distribution distribution;
     std::vector<std::unique_ptr<AccountFeed>> feeds;
     for (std::size_t place = 0; place < found.size(); ++place) {
         const StatementAccount& account = survey.Accounts()[place].account;
-        feeds.push_back(
-            std::make_unique<AccountFeed>(database_, import_, found[place], account, watch_));
+        feeds.push_back(std::make_unique<AccountFeed>(database_, import_, found[place], account,
+                                                      WatchOf(source)));
         distribution.Add(account, *feeds.back());
     }
-    if (!text.empty())
-        feeds.front()->PassWhole(text);
-    else
+    std::string text = SpecifiedText(source.file, source.answers, *source.reader, survey);
+    std::string().swap(source.file.bytes);  // The text is enough from here on.
+    if (text.empty() || !PassWhole(source, std::move(text), *feeds.front()))
         source.reader->Read(source.answers, distribution);
     for (std::size_t place = 0; place < found.size(); ++place) {
         feeds[place]->Finish();
         Report(survey.Accounts()[place], found[place], *feeds[place], source.result);
     }
+}
+
+FeedWatch WideImport::WatchOf(const Source& source) const
+{
+    if (!watch_)
+        return {};
+    return [this, &source](const StatementRow& row, const std::string& identifier, RowState state) {
+        watch_(source.result.source, row, identifier, state);
+    };
 }
 
 void WideImport::Report(const SurveyedAccount& account, const std::string& accountID,

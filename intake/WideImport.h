@@ -42,7 +42,14 @@ struct ImportedStatement {
     std::vector<std::string> notes{};   ///< sentences for the user
     std::vector<OpenQuestion> asked{};  ///< left without an answer: nothing was added
     std::string refused{};              ///< why, a sentence; empty: it was not
+    bool notAStatement = false;         ///< refused because it is something else
+    bool unknownFormat = false;         ///< and is in no format of statements
 };
+
+/// Takes a row that was read from a statement, the identifier under which it is or would be stored,
+/// and what came of it. source: see ImportedStatement.
+using RowWatch = std::function<void(const std::string& source, const StatementRow& row,
+                                    const std::string& identifier, RowState state)>;
 
 /// Who answers what a file leaves open.
 class IStatementAsker {
@@ -69,7 +76,7 @@ public:
     /// Encoding of the next files instead of the likeliest, such as "windows-1252".
     void Encoding(std::optional<std::string> encoding) { encoding_ = std::move(encoding); }
     void Answers(StatementAnswers answers) { given_ = std::move(answers); }
-    /// Called for each row that is read, with the identifier under which it is stored.
+    /// Called for each row that is read.
     void Watch(RowWatch watch) { watch_ = std::move(watch); }
 
     /// Imports a file, or the files inside an archive. A statement that is refused adds nothing.
@@ -81,6 +88,7 @@ private:
 
     void Import(Source& source);
     bool Settle(Source& source);
+    bool PassWhole(const Source& source, std::string text, AccountFeed& feed) const;
     void Store(Source& source, const StatementSurvey& survey);
     std::string FindAccount(const StatementSurvey& survey, std::size_t place,
                             const std::vector<std::string>& found);
@@ -88,6 +96,8 @@ private:
     void Report(const SurveyedAccount& account, const std::string& accountID,
                 const AccountFeed& feed, ImportedStatement& result);
     void Record(const Source& source);
+    void ShowRows(const Source& source) const;
+    [[nodiscard]] FeedWatch WatchOf(const Source& source) const;
 
     clsDatabase& database_;
     modImport& import_;

@@ -71,7 +71,7 @@ private:
 std::unique_ptr<IStatementReader> ReadCsv(std::string_view text)
 {
     if (TrimSpaces(text).empty())
-        throw NotAStatement("The file is empty.");
+        throw UnknownFormat("The file is empty.");
     return std::make_unique<CsvReader>(text);
 }
 

@@ -85,7 +85,7 @@ void CsvTable::FindFirstRow(std::size_t skip)
         if (i > kHeaderRecords)
             break;
     }
-    throw NotAStatement("The file holds no table with dates and amounts.");
+    throw UnknownFormat("The file holds no table with dates and amounts.");
 }
 
 void CsvTable::TakeHeader(const CsvRecord& record)
@@ -110,7 +110,7 @@ void CsvTable::MeasureWidth()
         }
     }
     if (!HasHeader() && rows * 3 < measured)
-        throw NotAStatement("The file holds no table with dates and amounts.");
+        throw UnknownFormat("The file holds no table with dates and amounts.");
     width_ = names_.size();
     std::size_t most = 0;
     for (const auto& [width, count] : widths)

@@ -288,8 +288,8 @@ StatementRow StatementRows::RowOf(const CsvRecord& record, Date date, Money amou
     }
     if (columns.id) {
         const std::string_view id = record.Field(*columns.id);
-        if (!id.empty() && !solution_.identifiersGivenTwice.contains(HashOf(id)))
-            row.identifier = Cleaned(id);
+        const bool shared = solution_.identifiersGivenTwice.contains(HashOf(id));
+        (shared ? row.sharedIdentifier : row.identifier) = Cleaned(id);
     }
     Describe(record, row);
     return row;

@@ -30,6 +30,7 @@ struct StatementRow {
     std::string checkNumber{};  ///< of a paper cheque
     std::string
         identifier{};  ///< the bank's own; empty if it gives none or gives it twice in the file
+    std::string sharedIdentifier{};  ///< the bank's own if it gives it twice in the file
     std::optional<Money> balance{};  ///< of the account after the row
     std::vector<StatementPiece> pieces{};
 };

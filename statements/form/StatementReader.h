@@ -57,6 +57,12 @@ public:
     }
 };
 
+/// The file is in no format of statements.
+class UnknownFormat : public NotAStatement {
+public:
+    using NotAStatement::NotAStatement;
+};
+
 /// A statement file whose text is known. It goes through the text as often as it needs to and keeps
 /// no rows.
 class IStatementReader {

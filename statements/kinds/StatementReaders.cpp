@@ -9,6 +9,13 @@
 
 namespace clb {
 
+bool BeginsAsStatement(std::string_view text)
+{
+    if (IsCamt(text) || IsOfx(text))
+        return true;
+    return DescribeForeignFile(text).empty() && (IsMt940(text) || IsQifText(text));
+}
+
 std::unique_ptr<IStatementReader> OpenStatement(std::string_view text)
 {
     if (IsCamt(text))
@@ -16,7 +23,7 @@ std::unique_ptr<IStatementReader> OpenStatement(std::string_view text)
     if (IsOfx(text))
         return ReadOfx(text);
     if (const std::string foreign = DescribeForeignFile(text); !foreign.empty())
-        throw NotAStatement(foreign);
+        throw UnknownFormat(foreign);
     if (IsMt940(text))
         return ReadMt940(text);
     if (IsQifText(text))

@@ -12,4 +12,8 @@ namespace clb {
 /// known (a PDF, a spreadsheet, a web page, ...).
 [[nodiscard]] std::unique_ptr<IStatementReader> OpenStatement(std::string_view text);
 
+/// Whether a file that begins with this text is surely a statement in one of the formats for it. A
+/// table (CSV) may hold anything.
+[[nodiscard]] bool BeginsAsStatement(std::string_view text);
+
 }  // namespace clb

@@ -172,11 +172,11 @@ std::optional<std::size_t> CamtFacts::AccountOf(std::size_t statement,
                                                             : std::nullopt;
 }
 
-std::string_view CamtFacts::SingleReference(std::size_t statement, const CamtEntryPart& entry) const
+void CamtFacts::Identify(std::size_t statement, const CamtEntryPart& entry, StatementRow& row) const
 {
     const std::string_view reference = ReferenceOf(entry);
-    return references_.IsSingle(statements_[statement].holder, reference) ? reference
-                                                                          : std::string_view();
+    const bool single = references_.IsSingle(statements_[statement].holder, reference);
+    (single ? row.identifier : row.sharedIdentifier) = Squeezed(reference);
 }
 
 bool CamtRepeats::IsRepeated(std::size_t statement, CamtKind kind, const CamtOwner& owner,

@@ -36,9 +36,9 @@ public:
     {
         return holders_[statements_[statement].holder].owner;
     }
-    /// The bank's reference of an entry if no other row of its account has it; else empty.
-    [[nodiscard]] std::string_view SingleReference(std::size_t statement,
-                                                   const CamtEntryPart& entry) const;
+    /// Sets the bank's reference of an entry: as the row's identifier if no other row of its
+    /// account has it.
+    void Identify(std::size_t statement, const CamtEntryPart& entry, StatementRow& row) const;
     [[nodiscard]] bool IsBroken() const { return broken_; }
 
 private:

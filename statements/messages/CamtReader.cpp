@@ -101,7 +101,7 @@ private:
     void Add(CamtEntry& entry, const CamtEntryPart& part, std::size_t line)
     {
         entry.row.line = line;
-        entry.row.identifier = Squeezed(facts_.SingleReference(statement_, part));
+        facts_.Identify(statement_, part, entry.row);
         sink_.Row(entry.row);
     }
     void LeaveOut(std::size_t line, LeftOutReason reason, const std::string& text)

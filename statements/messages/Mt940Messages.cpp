@@ -170,11 +170,11 @@ void Mt940Facts::CountReferences(std::string_view text)
     }
 }
 
-std::string Mt940Facts::SingleReference(std::size_t message, const Mt940Line& line) const
+void Mt940Facts::Identify(std::size_t message, const Mt940Line& line, StatementRow& row) const
 {
     const std::string_view reference = ReferenceOf(line);
-    return references_.IsSingle(messages_[message], reference) ? std::string(reference)
-                                                               : std::string();
+    const bool single = references_.IsSingle(messages_[message], reference);
+    (single ? row.identifier : row.sharedIdentifier) = reference;
 }
 
 }  // namespace clb

@@ -61,8 +61,9 @@ public:
     }
     /// Whether each message has its texts before the statement lines that they belong to.
     [[nodiscard]] const std::vector<bool>& TextsFirst() const { return textsFirst_; }
-    /// The bank's reference of a line if no other row of its account has it; else empty.
-    [[nodiscard]] std::string SingleReference(std::size_t message, const Mt940Line& line) const;
+    /// Sets the bank's reference of a line: as the row's identifier if no other row of its account
+    /// has it.
+    void Identify(std::size_t message, const Mt940Line& line, StatementRow& row) const;
     [[nodiscard]] Mt940Wrap Wrap() const { return wraps_.Found(); }
     /// Whether the last message has no end: neither closing balance nor end mark.
     [[nodiscard]] bool IsBroken() const { return broken_; }

@@ -110,7 +110,7 @@ private:
         row.date = *line.booked;
         row.valueDate = line.value;
         row.amount = *line.amount;
-        row.identifier = facts_.SingleReference(source.message, line);
+        facts_.Identify(source.message, line, row);
         Describe(source, line, facts_.Wrap(), row);
         sink_.Row(row);
     }

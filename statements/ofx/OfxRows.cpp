@@ -182,6 +182,8 @@ StatementRow OfxRows::RowOf(const OfxEntry& entry) const
         survey_.Identifiers().UseOf(entry, survey_.AccountKeys().at(statement_));
     if (use == IdentifierUse::Once || use == IdentifierUse::Again)
         row.identifier = OfxText(entry.identifier);
+    if (use == IdentifierUse::Reused)
+        row.sharedIdentifier = OfxText(entry.identifier);
     return row;
 }
 

@@ -60,7 +60,9 @@ void OfxWalk::Run()
         else
             Close(token.tag, true);
     }
-    breaksOff_ = !path_.empty();
+    const bool onlyRows =
+        looseRows_ && !structured_ && path_.size() == 1 && Innermost() == OfxTag::Root;
+    breaksOff_ = !path_.empty() && !onlyRows;
     atEnd_ = true;
     while (!path_.empty())
         Pop(false);
@@ -108,24 +110,39 @@ void OfxWalk::OpenAggregate(const OfxToken& token)
 void OfxWalk::BeginStatement(OfxTag kind)
 {
     EndStatement();
-    facts_ = {};
+    if (kind != OfxTag::Unknown)
+        facts_ = {};
     facts_.kind = kind;
     periodEnd_ = {};
     inStatement_ = true;
+    structured_ = structured_ || kind != OfxTag::Unknown;
     visitor_.BeginStatement();
+}
+
+/// The account of rows that are in no statement: each number is one of the rows after it.
+void OfxWalk::LooseAccount(std::string_view number)
+{
+    if (structured_ || (inStatement_ && number == facts_.account))
+        return;
+    EndStatement();
+    facts_.account = number;
 }
 
 void OfxWalk::EndStatement()
 {
-    if (inStatement_)
-        visitor_.EndStatement(facts_);
+    if (!inStatement_)
+        return;
+    visitor_.EndStatement(facts_);
     inStatement_ = false;
+    facts_ = {};
 }
 
 void OfxWalk::BeginRow(OfxTag tag, std::size_t offset)
 {
-    if (!inStatement_)
+    if (!inStatement_) {
         BeginStatement(OfxTag::Unknown);
+        looseRows_ = true;
+    }
     entry_ = {};
     entry_.offset = offset;
     entry_.pending = tag == OfxTag::PendingRow || Inside(OfxTag::PendingList);
@@ -177,6 +194,8 @@ void OfxWalk::Value(const OfxToken& token)
 {
     if (InsideRow())
         RowValue(token.tag, token.value);
+    else if (token.tag == OfxTag::AccountId && path_.size() == 1)
+        LooseAccount(token.value);
     else if (inStatement_ || Innermost() == OfxTag::Status)
         StatementValue(token.tag, token.value);
     if (token.tag == OfxTag::OtherAmount || token.tag == OfxTag::BalanceAmount ||

@@ -77,7 +77,8 @@ class OfxWalk {
 public:
     OfxWalk(std::string_view text, IOfxVisitor& visitor) : scanner_(text), visitor_(visitor) {}
     void Run();
-    /// After Run: whether the file ends inside of something that it began.
+    /// After Run: whether the file ends inside of something that it began. Files that consist of an
+    /// account's number and rows, without a statement around them, need no end.
     [[nodiscard]] bool BreaksOff() const { return breaksOff_; }
 
 private:
@@ -92,6 +93,7 @@ private:
     void Pop(bool byTag);
     void Ended(OfxTag tag, bool byTag);
     void BeginStatement(OfxTag kind);
+    void LooseAccount(std::string_view number);
     void EndStatement();
     void BeginRow(OfxTag tag, std::size_t offset);
     void EndOfStatus();
@@ -115,6 +117,8 @@ private:
     std::string_view severity_;
     std::string_view periodEnd_;
     bool inStatement_ = false;
+    bool structured_ = false;  ///< a statement has begun with its tag
+    bool looseRows_ = false;   ///< a row was in no statement
     bool atEnd_ = false;
     bool breaksOff_ = false;
 };

@@ -94,7 +94,8 @@ void QifRows::Transaction(const QifRecord& record)
     row.date = *date;
     row.amount = *amount;
     Describe(record, row);
-    if (!IsSplitMark(record.category))
+    // An opening balance names its own account, which is neither a category nor a transfer.
+    if (!IsSplitMark(record.category) && NamedByOpening(record).empty())
         row.category = record.category;
     if (!IsZeros(record.number))
         row.checkNumber = record.number;

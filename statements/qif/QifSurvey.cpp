@@ -3,9 +3,7 @@
 #include "base/Text.h"
 
 namespace clb {
-namespace {
 
-/// The account's name in a record such as POpening Balance, L[Savings].
 std::string NamedByOpening(const QifRecord& record)
 {
     const std::string_view category = record.category;
@@ -14,8 +12,6 @@ std::string NamedByOpening(const QifRecord& record)
         return {};
     return std::string(category.substr(1, category.size() - 2));
 }
-
-}  // namespace
 
 void QifSurvey::BeginList(const QifList& list)
 {

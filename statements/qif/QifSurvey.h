@@ -13,6 +13,10 @@
 
 namespace clb {
 
+/// The account's name in an opening balance, a record such as POpening Balance, L[Savings]; empty
+/// for other records.
+[[nodiscard]] std::string NamedByOpening(const QifRecord& record);
+
 /// Takes one pass of a file and keeps what concerns all of it.
 class QifSurvey : public IQifVisitor {
 public:

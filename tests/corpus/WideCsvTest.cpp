@@ -69,8 +69,9 @@ TEST_P(WideCsvTest, AllRowsAreReadRightOrAskedAbout)
     if (truth.contains("accounts"))
         for (const std::string& difference : Differences(truth, read))
             ADD_FAILURE() << difference;
-    if (truth.value("need_accounts", false))
+    if (truth.value("need_accounts", false)) {
         EXPECT_EQ(read.accounts.size(), truth["accounts"].size());
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, WideCsvTest, testing::ValuesIn(Files()),

@@ -105,13 +105,15 @@ TEST_P(WideOfxTest, YieldsTheAccountsOfItsTruth)
             std::find_if(read.accounts.begin(), read.accounts.end(),
                          [&number](const auto& got) { return got.account.number == number; });
         ASSERT_NE(found, read.accounts.end()) << number;
-        if (!account["currency"].is_null())
+        if (!account["currency"].is_null()) {
             EXPECT_EQ(found->account.currency, account["currency"]);
+        }
         const std::string closing = account["closing"].is_null() ? "" : account["closing"];
-        if (closing.empty() || closing.size() - std::min(closing.find('.'), closing.size()) > 5)
+        if (closing.empty() || closing.size() - std::min(closing.find('.'), closing.size()) > 5) {
             EXPECT_FALSE(found->balances.closing);
-        else
+        } else {
             EXPECT_EQ(found->balances.closing, Money::Parse(closing));
+        }
     }
 }
 

@@ -267,5 +267,24 @@ TEST(OfxAccounts, AFileThatBreaksOffGivesItsWholeRowsOnly)
     EXPECT_EQ(Asked(*ReadOfx(whole)), Texts());
 }
 
+TEST(OfxAccounts, RowsWithoutAStatementBelongToTheNumberBeforeThemAndNeedNoEnd)
+{
+    const std::string text =
+        "OFXHEADER:100\r\n<OFX>\r\n<ACCTID>B-1\r\n" + OfxRow("20240103", "1", "<NAME>a") +
+        OfxRow("20240104", "2", "<NAME>b") + "<ACCTID>C-1\r\n" + OfxRow("20240105", "3", "<NAME>c");
+    const auto reader = ReadOfx(text);
+
+    EXPECT_EQ(Asked(*reader), Texts());
+    const CollectedStatement read = Collect(*reader);
+    ASSERT_EQ(read.accounts.size(), 2U);
+    EXPECT_EQ(read.accounts[0].account.number, "B-1");
+    EXPECT_EQ(read.accounts[0].rows.size(), 2U);
+    EXPECT_EQ(read.accounts[1].account.number, "C-1");
+    EXPECT_EQ(read.accounts[1].rows.size(), 1U);
+
+    const std::string cut = text.substr(0, text.size() - 11);
+    EXPECT_EQ(Asked(*ReadOfx(cut)), Texts{"truncated"});
+}
+
 }  // namespace
 }  // namespace clb

@@ -228,7 +228,7 @@ TEST(QifReader, AnOpeningBalanceIsARowThatNamesItsAccount)
     EXPECT_EQ(read.accounts.at(0).account.name, "Purse");
     EXPECT_EQ(read.accounts[0].account.type, "Cash");
     EXPECT_EQ(read.Rows(), Texts{"2023-12-31 10 Opening Balance"});
-    EXPECT_EQ(read.accounts[0].rows[0].category, "[Purse]");
+    EXPECT_EQ(read.accounts.at(0).rows.at(0).category, "");
 }
 
 TEST(QifReader, ListsAreNoRows)
