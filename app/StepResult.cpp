@@ -1,5 +1,7 @@
 #include "app/StepResult.h"
 
+#include <utility>
+
 #include "app/HistoryCommands.h"
 #include "app/frmController.h"
 
@@ -18,14 +20,21 @@ void StepResult::Show(const HistoryOutcome& outcome, bool undone)
     if (!window_.GivenPorts().showsResults)
         return;
     const auto steps = static_cast<std::int64_t>(outcome.steps.size());
+    Say(Sentence(outcome, undone), undone ? "Redo" : "Undo", [&window = window_, steps, undone] {
+        if (undone)
+            RedoSteps(window, steps);
+        else
+            UndoSteps(window, steps);
+    });
+}
+
+void StepResult::Say(const std::string& text, const std::string& caption,
+                     std::function<void()> action)
+{
+    if (!window_.GivenPorts().showsResults)
+        return;
     shownAt_ = Present();
-    window_.result.Show(Sentence(outcome, undone), undone ? "Redo" : "Undo",
-                        [&window = window_, steps, undone] {
-                            if (undone)
-                                RedoSteps(window, steps);
-                            else
-                                UndoSteps(window, steps);
-                        });
+    window_.result.Show(text, caption, std::move(action));
 }
 
 void StepResult::Follow()

@@ -80,7 +80,7 @@ public:
     History& Steps() { return *history_; }
     /// Shows what Undo and Redo would do now. Throws EngineError.
     void FollowHistory() { bars_.FollowHistory(); }
-    /// Says in the result bar what Undo and Redo have done.
+    /// Says in the result bar what a command has done.
     StepResult& Results() { return results_; }
     /// Shows the contents of the file again after rows were changed in another way than through the
     /// grid.
@@ -89,6 +89,8 @@ public:
     clsView& View() { return *globals_.view; }
     clsDatabase& Data() { return *globals_.database; }
     modImport& Import() { return *import_; }
+    /// See ImportHost::Propose.
+    void ProposeAccount(AccountProposal proposal) { importHost_.Propose(std::move(proposal)); }
     modExport& Export() { return *export_; }
     /// The notice about balances that did not fit their rows, until a person has confirmed it.
     /// Empty if there are none, and under automation.

@@ -69,7 +69,7 @@ class Program {
 public:
     Program(const std::string& folder, IClock& clock)
         : controller_({folder, clock, boxes_, files_, shell_, pointer_, dates_, forms_, printing_,
-                       http_, "", true, true},
+                       http_, "", true, true, true},
                       MainWindow::Metrics()),
           window_(controller_, events_)
     {
@@ -154,8 +154,7 @@ private:
     MainWindow window_;
     QTimer watch_;
     StuckWindow stuck_{controller_, events_, window_};
-    IncomingFiles incoming_{controller_, window_, events_, boxes_,
-                            [this](const std::string& path) { files_.AnswerNext(path); }};
+    IncomingFiles incoming_{controller_, window_, events_};
 };
 
 bool ShowsWindow(const StartOptions& options)
