@@ -7,6 +7,9 @@
 namespace clb {
 namespace {
 
+/// Of one file. Each time answers what was open, so more are never needed.
+constexpr int kMostTimes = 4;
+
 /// The number of the first account that the file names; empty if it names none.
 std::string AccountIn(const IStatementReader& reader, const StatementAnswers& answers)
 {
@@ -47,21 +50,34 @@ void StatementQuestions::Begin(const std::string& source, const IStatementReader
     unnamed_ = false;
 }
 
+/// An answer may bring up a question that was settled before; it is asked in turn.
 std::optional<StatementAnswers> StatementQuestions::Ask(const std::string& source,
                                                         const IStatementReader& reader,
                                                         const std::vector<OpenQuestion>& questions,
                                                         const StatementAnswers& given)
 {
-    std::optional<StatementAnswers> remembered;
-    if (const auto found = memory_.Find(shape_, AccountIn(reader, given)))
-        remembered = found->answers;
+    const std::optional<StatementAnswers> remembered = RememberedFor(reader, given);
     const Ports& ports = window_.GivenPorts();
     ports.pointer.Pointer(pointer::Default);
-    auto answers =
-        frmStatement(source, reader, questions, given, remembered).ShowDialog(ports.modal);
+    std::optional<StatementAnswers> answers = given;
+    std::vector<OpenQuestion> open = questions;
+    for (int times = 0; answers && !open.empty() && times < kMostTimes; ++times) {
+        answers = frmStatement(source, reader, open, *answers, remembered).ShowDialog(ports.modal);
+        if (answers)
+            open = reader.Open(*answers);
+    }
     ports.pointer.Pointer(pointer::Hourglass);
     asked_ = answers.has_value();
     return answers;
+}
+
+std::optional<StatementAnswers> StatementQuestions::RememberedFor(const IStatementReader& reader,
+                                                                  const StatementAnswers& given)
+{
+    auto found = memory_.Find(shape_, {});
+    if (found)
+        found = memory_.Find(shape_, AccountIn(reader, given));
+    return found ? std::optional(found->answers) : std::nullopt;
 }
 
 void StatementQuestions::Choosing(const StatementAccount& account, std::size_t place)

@@ -26,6 +26,8 @@ public:
     void Stored(const ImportedStatement& statement, const StatementAnswers& answers) override;
 
 private:
+    [[nodiscard]] std::optional<StatementAnswers> RememberedFor(const IStatementReader& reader,
+                                                                const StatementAnswers& given);
     [[nodiscard]] std::string QuestionFor(const StatementAccount& account) const;
     [[nodiscard]] std::string ExistingFor(const StatementAccount& account, std::size_t place);
 

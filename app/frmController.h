@@ -49,6 +49,8 @@ public:
     /// command. If writing fails, the window shows the contents of the file again. Throws
     /// EngineError.
     void Settle();
+    /// The same after an action in a dialog that a command has opened. The command's step goes on.
+    void SettleDialog();
     /// Takes back what a command has written after an error that no command reports, such as too
     /// little memory. The window then takes input and shows the contents of the file. Never throws:
     /// if there is too little memory to show something, it is shown after the next command.
@@ -136,6 +138,7 @@ public:
 
 private:
     void OpenGlobals();
+    void MakeDurable();
     void Connect();
     void ShowPresentMonth();
     void NodeClicked(std::int32_t node);

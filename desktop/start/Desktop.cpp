@@ -73,7 +73,7 @@ public:
                       MainWindow::Metrics()),
           window_(controller_, events_)
     {
-        events_.Attach([this] { controller_.Settle(); }, [this] { window_.Sync(); },
+        events_.Attach([this] { Settle(); }, [this] { window_.Sync(); },
                        [this] { controller_.Abandon(); });
         events_.Before([this] { return FollowOthers(); });
         watch_.start(kWatchMilliseconds);
@@ -116,6 +116,13 @@ public:
     IncomingFiles& Incoming() { return incoming_; }
 
 private:
+    void Settle()
+    {
+        if (events_.Nested())
+            controller_.SettleDialog();
+        else
+            controller_.Settle();
+    }
     /// Runs before each action. The action uses the row and node numbers that were drawn last.
     bool FollowOthers()
     {

@@ -227,6 +227,26 @@ TEST_F(ImportCommandTest, BalancesThatDoNotFitAreSaid)
     EXPECT_NE(DetailsOf().find("|note|The rows of 'Checking' do not add up"), std::string::npos);
 }
 
+/// What was done in the dialog for the account used to end the step of the import, so that the rows
+/// became a step without a name.
+TEST_F(ImportCommandTest, AnAccountThatIsMadeBelongsToTheStepOfTheImport)
+{
+    AnswerForm([this](Form& form) {
+        FormUser(form).Set("txtDescription", "Savings");
+        FormUser(form).Press("btnOK");
+        Window().SettleDialog();
+    });
+
+    Import({Csv("march.csv", "2006-03-14,Shop,-1.50\n2006-03-15,Work,20.00\n")});
+
+    EXPECT_EQ(Bar().Text(), "Savings: 2 added");
+    EXPECT_EQ(Window().Steps().NextToUndo()->what, "Import of march.csv");
+    Bar().Press();
+    Window().Settle();
+    EXPECT_EQ(CountRows(), 0);
+    EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Account"), "2");
+}
+
 TEST_F(ImportCommandTest, TheBarGoesWhenAnotherPlaceIsShown)
 {
     AnswerAccount("Checking");

@@ -30,7 +30,7 @@ protected:
 TEST_F(OpenStatementTest, AQueuedAnswerSettlesWhatIsOpen)
 {
     AnswerForm("frmStatement",
-               R"([{"read":true},{"choose":"cmbDateOrder","to":"day, month, year"},{"read":true},)"
+               R"([{"read":true},{"choose":"cmbDateOrder","to":"month, day, year"},{"read":true},)"
                R"({"press":"btnOK"}])");
     Map();
     Events();
@@ -39,11 +39,11 @@ TEST_F(OpenStatementTest, AQueuedAnswerSettlesWhatIsOpen)
         Open("a.csv", "Date,Text,Amount\n03/04/2006,Shop,-1.00\n05/04/2006,b,2.00\n");
 
     EXPECT_EQ(reply["imported"], 2);
-    EXPECT_EQ(Posted(), R"(["2006-04-03","-1"] ["2006-04-05","2"])");
+    EXPECT_EQ(Posted(), R"(["2006-03-04","-1"] ["2006-05-04","2"])");
     const std::vector<Json> forms = EventsOf("form");
     ASSERT_GE(forms.size(), 3U);
-    EXPECT_EQ(forms[1]["controls"]["lstRows"]["lines"][0][1], "4 Mar 2006");
-    EXPECT_EQ(forms[2]["controls"]["lstRows"]["lines"][0][1], "3 Apr 2006");
+    EXPECT_EQ(forms[1]["controls"]["lstRows"]["lines"][0][1], "3 Apr 2006");
+    EXPECT_EQ(forms[2]["controls"]["lstRows"]["lines"][0][1], "4 Mar 2006");
     EXPECT_FALSE(forms[1]["controls"].contains("cmbSign"));
 }
 
@@ -63,8 +63,8 @@ TEST_F(OpenStatementTest, ColumnsAreChosenInLists)
                                R"({"choose":"cmbSign","to":"goes out"},{"press":"btnOK"}])");
     Map();
 
-    const Json reply =
-        Open("a.csv", "a,b,\"c + d\",\"c, d=e\"\n2006-02-13,a,1.00,5.00\n2006-02-14,b,2.00,9.00\n");
+    const Json reply = Open(
+        "a.csv", "when,who,\"c + d\",\"c, d=e\"\n2006-02-13,a,1.00,5.00\n2006-02-14,b,2.00,9.00\n");
 
     EXPECT_EQ(reply["imported"], 2) << reply;
     EXPECT_EQ(Posted(), R"(["2006-02-13","-5"] ["2006-02-14","-9"])");
@@ -73,7 +73,7 @@ TEST_F(OpenStatementTest, ColumnsAreChosenInLists)
 TEST_F(OpenStatementTest, TheAnswerIsRememberedInTheSameStep)
 {
     for (const char* form :
-         {R"([{"choose":"cmbDateOrder","to":"day, month, year"},{"press":"btnOK"}])",
+         {R"([{"choose":"cmbDateOrder","to":"month, day, year"},{"press":"btnOK"}])",
           R"([{"read":true},{"press":"btnOK"}])"}) {
         AnswerForm("frmStatement", form);
         Map();
@@ -81,8 +81,8 @@ TEST_F(OpenStatementTest, TheAnswerIsRememberedInTheSameStep)
         Open("a.csv", "Date,Text,Amount\n03/04/2006,Shop,-1.00\n05/04/2006,b,2.00\n");
     }
 
-    EXPECT_EQ(EventsOf("form")[1]["controls"]["cmbDateOrder"]["text"], "day, month, year");
-    EXPECT_EQ(Rows("SELECT DateOrder FROM CvFormat"), R"(["dmy"])");
+    EXPECT_EQ(EventsOf("form")[1]["controls"]["cmbDateOrder"]["text"], "month, day, year");
+    EXPECT_EQ(Rows("SELECT DateOrder FROM CvFormat"), R"(["mdy"])");
 }
 
 TEST_F(OpenStatementTest, TheImportCommandStaysStrict)

@@ -98,7 +98,10 @@ TEST_F(StatementDrawingTest, TheResultListsWhatWasLeftOut)
 {
     ImportSummary summary;
     ImportedStatement statement{.source = "march.csv"};
-    statement.accounts.push_back({.accountID = "C1", .name = "Checking", .added = 2});
+    ImportedAccount account;
+    account.name = "Checking";
+    account.added = 2;
+    statement.accounts.push_back(account);
     statement.leftOut.push_back({7, LeftOutReason::Pending, "Shop", 1});
     summary.Add(statement);
     QTimer::singleShot(0, [] {
