@@ -20,6 +20,7 @@ public:
     }
     ~Importing()
     {
+        window_.ProposeAccount({});
         window_.GivenPorts().pointer.Pointer(pointer::Default);
         window_.statusBar.Panel(1, status_);
         window_.window.Enabled(true);

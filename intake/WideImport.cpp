@@ -110,6 +110,7 @@ void WideImport::Import(Source& source)
         source.text = DecodeStatement(source.file.bytes, encoding_);
         source.reader = OpenStatement(source.text);
         source.result.kind = source.reader->Kind();
+        asker_.Begin(source.result.source, *source.reader);
         if (!Settle(source))
             return;
         StatementSurvey survey;
@@ -117,6 +118,7 @@ void WideImport::Import(Source& source)
         source.result.leftOut = survey.LeftOut();
         Store(source, survey);
         Record(source);
+        asker_.Stored(source.result, source.answers);
     } catch (const NotAStatement& error) {
         source.result.refused = error.what();
         source.result.notAStatement = true;

@@ -60,9 +60,16 @@ public:
                                                 const IStatementReader& reader,
                                                 const std::vector<OpenQuestion>& questions,
                                                 const StatementAnswers& given) = 0;
+    /// The statement of this name begins. The reader lives until the next one begins.
+    virtual void Begin(const std::string& /*source*/, const IStatementReader& /*reader*/) {}
     /// The account of the book for this one of the file is about to be found; the user may be asked
     /// for it. place: among the accounts of the file, from 0.
     virtual void Choosing(const StatementAccount& account, std::size_t place) = 0;
+    /// The statement was stored, read under these answers. What is written now belongs to the same
+    /// command.
+    virtual void Stored(const ImportedStatement& /*statement*/, const StatementAnswers& /*answers*/)
+    {
+    }
 };
 
 /// Imports statements of every kind. Each account's rows go through the specified import of OFX

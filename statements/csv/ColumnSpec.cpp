@@ -10,21 +10,29 @@
 namespace clb {
 namespace {
 
+std::optional<std::size_t> ByNumber(std::string_view digits, const CsvTable& table)
+{
+    std::size_t number = 0;
+    const char* const last = digits.data() + digits.size();
+    const auto [end, error] = std::from_chars(digits.data(), last, number);
+    if (error != std::errc() || end != last || number < 1 ||
+        number > std::max(table.Width(), table.Names().size()))
+        return std::nullopt;
+    return number - 1;
+}
+
 std::optional<std::size_t> Find(std::string_view column, const CsvTable& table)
 {
     for (std::size_t i = 0; i < table.Names().size(); ++i)
         if (table.Names()[i] == column)
             return i;
+    if (column.starts_with('#'))
+        return ByNumber(column.substr(1), table);
     for (std::size_t i = 0; i < table.Names().size(); ++i)
         if (!column.empty() && PlainName(table.Names()[i]) == PlainName(column) &&
             !PlainName(column).empty())
             return i;
-    std::size_t number = 0;
-    const auto [end, error] = std::from_chars(column.data(), column.data() + column.size(), number);
-    if (error != std::errc() || end != column.data() + column.size() || number < 1 ||
-        number > std::max(table.Width(), table.Names().size()))
-        return std::nullopt;
-    return number - 1;
+    return ByNumber(column, table);
 }
 
 std::size_t Column(std::string_view column, const CsvTable& table)
@@ -110,6 +118,8 @@ private:
     std::vector<std::size_t> Several(std::string_view value)
     {
         std::vector<std::size_t> columns;
+        if (value.empty())
+            return columns;
         if (const auto whole = Find(value, table_))
             return {*whole};
         while (!value.empty()) {

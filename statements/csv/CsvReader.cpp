@@ -4,6 +4,7 @@
 #include "statements/csv/CsvSolver.h"
 #include "statements/csv/CsvTable.h"
 #include "statements/csv/StatementRows.h"
+#include "statements/csv/TableDescription.h"
 #include "statements/form/TextScan.h"
 
 namespace clb {
@@ -40,6 +41,13 @@ public:
                      : facts.AreMarks()   ? 'm'
                                           : 't';
         return shape;
+    }
+
+    [[nodiscard]] std::optional<StatementTable> Table(
+        const StatementAnswers& answers) const override
+    {
+        const Solved& solved = Under(answers);
+        return Describe(solved.table, solved.solution);
     }
 
 private:

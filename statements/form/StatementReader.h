@@ -9,6 +9,7 @@
 #include "base/Date.h"
 #include "base/RuntimeError.h"
 #include "statements/form/Statement.h"
+#include "statements/form/StatementTable.h"
 
 namespace clb {
 
@@ -37,7 +38,8 @@ struct StatementAnswers {
     std::optional<DateText::Order> dateOrder{};
     std::optional<char> decimal{};  ///< '.' or ','
     std::optional<bool> inverted{};
-    /// As "date=1,amount=4,text=3+5": what a column holds, by its name or its number from 1.
+    /// As "date=1,amount=4,text=3+5": what a column holds, by its name or its number from 1; "#4"
+    /// is column 4 whatever the names are.
     /// Of CSV only. Fields: date, valuedate, amount, in, out, mark, name, text, category,
     /// check, id, balance, currency, account. "amount-" turns the sign.
     std::string columns{};
@@ -78,6 +80,13 @@ public:
     /// Text that is equal for files of the same layout: by it the answers are remembered. Empty if
     /// the kind has no layouts.
     [[nodiscard]] virtual std::string Shape() const { return {}; }
+    /// The table that the file is, as it would be read. Nothing for other files. Throws
+    /// NotAStatement.
+    [[nodiscard]] virtual std::optional<StatementTable> Table(
+        const StatementAnswers& /*answers*/) const
+    {
+        return std::nullopt;
+    }
 };
 
 }  // namespace clb

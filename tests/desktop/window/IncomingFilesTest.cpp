@@ -6,6 +6,7 @@
 
 #include "desktop/window/IncomingFiles.h"
 #include "tests/desktop/WindowFixture.h"
+#include "user/FormUser.h"
 
 namespace clb {
 namespace {
@@ -50,10 +51,23 @@ protected:
         return books_.Rows("SELECT FITID FROM Trans WHERE FITID <> '' ORDER BY [Sequence]");
     }
 
-    IncomingFiles incoming_{
-        Model(), window_, events_, books_.messages,
-        [this](const std::string& path) { books_.files.answers.push_back(path); }};
+    IncomingFiles incoming_{Model(), window_, events_};
 };
+
+TEST_F(IncomingFilesTest, StatementsOfEveryKindAreTaken)
+{
+    books_.modal.steps.emplace_back([](Form& form) {
+        FormUser user(form);
+        user.Option("optAccount(1)");
+        user.Choose("cmbAccountID", "Purse");
+        user.Press("btnOK");
+    });
+
+    Drop({books_.folder.Write("list.csv", "Date,Description,Amount\n2006-03-15,Shop,-1.50\n")});
+
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 1; }));
+    EXPECT_EQ(books_.One("SELECT AccountID FROM Trans WHERE FITID <> ''"), "P1");
+}
 
 TEST_F(IncomingFilesTest, DroppedStatementsAreImportedOneAfterTheOther)
 {
@@ -69,13 +83,13 @@ TEST_F(IncomingFilesTest, DroppedStatementsAreImportedOneAfterTheOther)
 
 TEST_F(IncomingFilesTest, AFileThatIsNotAStatementIsReportedAndTheNextOneImported)
 {
-    const std::string photo = books_.folder.Write("photo.jpg", "\xff\xd8");
-
-    Drop({photo, Statement("a.ofx", "C1", "A")});
+    Drop({books_.folder.Write("page.html", "<html><body>Hello</body></html>"),
+          Statement("a.ofx", "C1", "A")});
 
     ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 1; }));
-    ASSERT_EQ(books_.messages.boxes.size(), 1U);
-    EXPECT_EQ(books_.messages.boxes[0].text, "Invalid file format.\n\n" + photo);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Model().result.Shown(); }));
+    EXPECT_EQ(Model().result.Text(), "2 files: Checking: 1 added; 1 file not imported");
+    EXPECT_EQ(Model().result.ButtonCaption(), "Details...");
     EXPECT_TRUE(Model().window.Enabled());
 }
 
@@ -84,7 +98,7 @@ TEST_F(IncomingFilesTest, AMissingFileIsReported)
     incoming_.Take({ToQString(books_.folder.Path("gone.ofx"))});
 
     ASSERT_TRUE(QTest::qWaitFor([this] { return !books_.messages.boxes.empty(); }));
-    EXPECT_EQ(books_.messages.boxes[0].text, "File not found\n\n" + books_.folder.Path("gone.ofx"));
+    EXPECT_EQ(books_.messages.boxes[0].text, "gone.ofx\nFile not found");
     EXPECT_TRUE(Model().window.Enabled());
 }
 

@@ -175,6 +175,48 @@ TEST(CsvReaderTest, ColumnsCanBeGivenByNameAndNumber)
     EXPECT_THROW(Rows(text, answers), NotAStatement);
 }
 
+TEST(CsvReaderTest, AColumnIsMeantByItsNumberWhateverTheNamesAre)
+{
+    StatementAnswers answers;
+    answers.columns = "date=#1,amount=#3,text=#2,balance=";
+    const std::string text =
+        "Date,\"3\",\"Amount, net=a+b\"\n2021-02-13,a,1.00\n2021-02-14,b,2.00\n";
+
+    EXPECT_EQ(Rows(text, answers), "2021-02-13 1\n2021-02-14 2\n");
+
+    answers.columns = "amount=#4";
+    EXPECT_THROW(Rows(text, answers), NotAStatement);
+}
+
+TEST(CsvReaderTest, TheTableSaysWhatItsColumnsHold)
+{
+    const auto table = ReadCsv(
+                           "Date,Payee,Purpose,Amount,Balance\n"
+                           "2021-02-13,,x,-1.00,9.00\n2021-02-14,Shop,y,-2.00,7.00\n")
+                           ->Table({});
+
+    using Columns = StatementTable::Columns;
+    EXPECT_EQ(table->columns.at(1).name, "Payee");
+    EXPECT_EQ(table->columns.at(1).sample, "Shop");
+    EXPECT_EQ(table->date, Columns{0});
+    EXPECT_EQ(table->amount, Columns{3});
+    EXPECT_EQ(table->in, Columns());
+    EXPECT_EQ(table->name, Columns{1});
+    EXPECT_EQ(table->text, Columns{2});
+    EXPECT_EQ(table->balance, Columns{4});
+    EXPECT_FALSE(table->inverted);
+}
+
+TEST(CsvReaderTest, ATableWhoseColumnsAreUnknownIsDescribedToo)
+{
+    const auto table =
+        ReadCsv("Date,Text,Currency,Exchange rate\n2021-03-13,a,EUR,1.12\n")->Table({});
+
+    EXPECT_EQ(table->columns.size(), 4U);
+    EXPECT_EQ(table->columns.at(3).sample, "1.12");
+    EXPECT_EQ(table->amount, StatementTable::Columns());
+}
+
 TEST(CsvReaderTest, LinesAndDelimiterCanBeGiven)
 {
     StatementAnswers answers;
