@@ -75,7 +75,8 @@ TEST_F(IncomingFilesTest, DroppedStatementsAreImportedOneAfterTheOther)
 
     EXPECT_TRUE(Drop({Statement("a.ofx", "C1", "A"), Statement("b.ofx", "C1", "B")}));
 
-    ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 2; }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 2; }))
+        << testing::PrintToString(books_.modal.names);
     EXPECT_EQ(Imported(), (std::vector<std::string>{"A", "B"}));
     EXPECT_EQ(Model().statusBar.Panel(1), before);
     EXPECT_TRUE(Model().window.Enabled());
