@@ -21,9 +21,13 @@ protected:
                           const std::string& fitid)
     {
         return books_.folder.Write(
-            name, "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n\r\n<OFX><ACCTID>" + account +
-                      "</ACCTID><STMTTRN><DTPOSTED>20060305<TRNAMT>-1<FITID>" + fitid +
-                      "<NAME>Shop</STMTTRN></OFX>\r\n");
+            name,
+            "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n\r\n<OFX><STMTRS><BANKACCTFROM><"
+            "ACCTID>" +
+                account +
+                "</ACCTID></"
+                "BANKACCTFROM><BANKTRANLIST><STMTTRN><DTPOSTED>20060305<TRNAMT>-1<FITID>" +
+                fitid + "<NAME>Shop</STMTTRN></BANKTRANLIST></STMTRS></OFX>\r\n");
     }
     /// Drags files over the window. Returns whether it accepts them.
     bool Drop(const std::vector<std::string>& paths)
