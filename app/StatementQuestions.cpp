@@ -91,22 +91,22 @@ void StatementQuestions::Choosing(const StatementAccount& account, std::size_t p
 
 std::string StatementQuestions::QuestionFor(const StatementAccount& account) const
 {
-    std::string which = account.number.empty() ? account.name : account.number;
-    if (!account.number.empty() && !account.name.empty())
-        which += " (" + account.name + ")";
+    const char* const end = ". What would you like to do?";
+    if (StatementSurvey::KeyOf(account).first.empty())
+        return source_ + " does not say which account it is for" + end;
+    const bool numbered = !account.number.empty();
+    std::string more = numbered ? account.name : "";
     if (!account.currency.empty())
-        which += (which.empty() ? "" : ", ") + account.currency;
-    const std::string said = which.empty() || StatementSurvey::KeyOf(account).first.empty()
-                                 ? source_ + " does not say which account it is for"
-                                 : "The account " + which + " of " + source_ + " is not known yet";
-    return said + ". What would you like to do?";
+        more += (more.empty() ? "" : ", ") + account.currency;
+    return source_ + " is for the account " + (numbered ? account.number : account.name) +
+           (more.empty() ? "" : " (" + more + ")") + ", which is not known yet" + end;
 }
 
 /// The account that the dialog proposes to map to.
 std::string StatementQuestions::ExistingFor(const StatementAccount& account, std::size_t place)
 {
     clsDatabase& data = window_.Data();
-    if (const std::string same = DescriptionOf(data, "Description", account.name); !same.empty())
+    if (std::string same = DescriptionOf(data, "Description", account.name); !same.empty())
         return same;
     if (!StatementSurvey::KeyOf(account).first.empty())
         return {};

@@ -244,6 +244,7 @@ void ArrangeStatement(FormDialog& dialog)
     qobject_cast<QLabel*>(dialog.WidgetOf("lblFile"))->setWordWrap(true);
     auto& rows = dynamic_cast<RowListView&>(*dialog.WidgetOf("lstRows"));
     rows.Stretch({3, 4});
+    rows.setAccessibleName(QStringLiteral("The first rows"));
     rows.setMinimumSize(Characters(dialog, 50), Characters(dialog, 24));
     auto* left = new QWidget(&dialog);
     left->setLayout(Questions(dialog));
@@ -266,6 +267,7 @@ void ArrangeImported(FormDialog& dialog)
     qobject_cast<QLabel*>(dialog.WidgetOf("lblResult"))->setWordWrap(true);
     auto& list = dynamic_cast<RowListView&>(*dialog.WidgetOf("lstLeftOut"));
     list.Stretch({2});
+    list.setAccessibleName(QStringLiteral("Left out and refused"));
     list.setMinimumSize(Characters(dialog, 50), Characters(dialog, 20));
     dialog.Describe("lblResult", "lstLeftOut");
     QVBoxLayout* all = Frame(dialog);

@@ -178,7 +178,8 @@ TEST_F(ImportCommandTest, TheDialogForTheAccountSaysWhichFileAsks)
 
     AnswerForm([](Form& form) {
         EXPECT_EQ(As<Label>(form.Find("Label1"))->Caption(),
-                  "The account 12-34, EUR of a.ofx is not known yet. What would you like to do?");
+                  "a.ofx is for the account 12-34 (EUR), which is not known yet. What would you "
+                  "like to do?");
     });
     Import({books_.folder.Write(
         "a.ofx",

@@ -59,12 +59,13 @@ TEST_F(OpenStatementTest, WithoutAnAnswerNothingIsAdded)
 
 TEST_F(OpenStatementTest, ColumnsAreChosenInLists)
 {
-    AnswerForm("frmStatement", R"([{"choose":"cmbAmount","to":"c, d=e  –  5.00"},)"
+    AnswerForm("frmStatement", R"([{"choose":"cmbAmount","to":"amount=4,  –  5.00"},)"
                                R"({"choose":"cmbSign","to":"goes out"},{"press":"btnOK"}])");
     Map();
 
-    const Json reply = Open(
-        "a.csv", "when,who,\"c + d\",\"c, d=e\"\n2006-02-13,a,1.00,5.00\n2006-02-14,b,2.00,9.00\n");
+    const Json reply = Open("a.csv",
+                            "\"When, exactly\",\"a=b+c\",\"1\",\"amount=4,\"\n"
+                            "2006-02-13,a,1.00,5.00\n2006-02-14,b,2.00,9.00\n");
 
     EXPECT_EQ(reply["imported"], 2) << reply;
     EXPECT_EQ(Posted(), R"(["2006-02-13","-5"] ["2006-02-14","-9"])");

@@ -44,10 +44,12 @@ protected:
     {
         return dynamic_cast<QComboBox&>(*dialog.WidgetOf(name));
     }
-    static std::string NameOf(QWidget& widget)
+    /// What a screen reader reads before the widget.
+    static std::string LabelOf(QWidget& widget)
     {
         QAccessibleInterface* const read = QAccessible::queryAccessibleInterface(&widget);
-        return read ? ToUtf8(read->text(QAccessible::Name)) : std::string();
+        const auto labels = read->relations(QAccessible::Label);
+        return labels.isEmpty() ? "" : ToUtf8(labels.front().first->text(QAccessible::Name));
     }
 
     FakeMessageBox messages_;
@@ -61,7 +63,7 @@ TEST_F(StatementDrawingTest, KeysChooseAndEnterImports)
         QComboBox& orders = List(dialog, "cmbDateOrder");
         const auto& rows = dynamic_cast<RowListView&>(*dialog.WidgetOf("lstRows"));
         EXPECT_EQ(ToUtf8(dialog.windowTitle()), "Import march.csv");
-        EXPECT_TRUE(orders.hasFocus());
+        EXPECT_EQ(dialog.focusWidget(), &orders);
         QTest::keyClick(&orders, Qt::Key_Down);
         EXPECT_EQ(rows.model()->index(0, 1).data().toString(), "4 Mar 2026");
         QTest::keyClick(&orders, Qt::Key_Return);
@@ -81,9 +83,9 @@ TEST_F(StatementDrawingTest, EscapeImportsNothing)
 TEST_F(StatementDrawingTest, ListsHaveNamesAndOnlyThoseWithItemsAreShown)
 {
     Ask(kOpenColumns, [](FormDialog& dialog) {
-        EXPECT_EQ(NameOf(List(dialog, "cmbDate")), "Date:");
-        EXPECT_EQ(NameOf(List(dialog, "cmbSign")), "A positive amount:");
-        EXPECT_NE(NameOf(*dialog.WidgetOf("lstRows")), "");
+        EXPECT_EQ(LabelOf(List(dialog, "cmbDate")), "Date:");
+        EXPECT_EQ(LabelOf(List(dialog, "cmbSign")), "A positive amount:");
+        EXPECT_EQ(ToUtf8(dialog.WidgetOf("lstRows")->accessibleName()), "The first rows");
         EXPECT_FALSE(List(dialog, "cmbDateOrder").isVisible());
         EXPECT_FALSE(dialog.WidgetOf("lblDateOrder")->isVisible());
         EXPECT_TRUE(List(dialog, "cmbSign").isVisible());
@@ -106,7 +108,7 @@ TEST_F(StatementDrawingTest, TheResultListsWhatWasLeftOut)
     summary.Add(statement);
     QTimer::singleShot(0, [] {
         const auto& list = dynamic_cast<RowListView&>(*Dialog().WidgetOf("lstLeftOut"));
-        EXPECT_TRUE(list.hasFocus());
+        EXPECT_EQ(Dialog().focusWidget(), &list);
         EXPECT_EQ(list.model()->index(1, 0).data().toString(), "7");
         EXPECT_EQ(list.model()->index(1, 2).data().toString(), "Shop");
         QTest::keyClick(&Dialog(), Qt::Key_Escape);

@@ -21,9 +21,13 @@ protected:
                           const std::string& fitid)
     {
         return books_.folder.Write(
-            name, "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n\r\n<OFX><ACCTID>" + account +
-                      "</ACCTID><STMTTRN><DTPOSTED>20060305<TRNAMT>-1<FITID>" + fitid +
-                      "<NAME>Shop</STMTTRN></OFX>\r\n");
+            name,
+            "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n\r\n<OFX><STMTRS><BANKACCTFROM><"
+            "ACCTID>" +
+                account +
+                "</ACCTID></"
+                "BANKACCTFROM><BANKTRANLIST><STMTTRN><DTPOSTED>20060305<TRNAMT>-1<FITID>" +
+                fitid + "<NAME>Shop</STMTTRN></BANKTRANLIST></STMTRS></OFX>\r\n");
     }
     /// Drags files over the window. Returns whether it accepts them.
     bool Drop(const std::vector<std::string>& paths)
@@ -75,7 +79,8 @@ TEST_F(IncomingFilesTest, DroppedStatementsAreImportedOneAfterTheOther)
 
     EXPECT_TRUE(Drop({Statement("a.ofx", "C1", "A"), Statement("b.ofx", "C1", "B")}));
 
-    ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 2; }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 2; }))
+        << testing::PrintToString(books_.modal.names);
     EXPECT_EQ(Imported(), (std::vector<std::string>{"A", "B"}));
     EXPECT_EQ(Model().statusBar.Panel(1), before);
     EXPECT_TRUE(Model().window.Enabled());
