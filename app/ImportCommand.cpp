@@ -61,8 +61,9 @@ public:
     {
         window_.progress.Step(0, 0, "Reading " + NameOf(path));
         try {
-            for (ImportedStatement& statement : StatementImport(window_, questions_).Import(path))
-                summary_->Add(std::move(statement));
+            StatementImport import(window_, questions_);
+            for (const ImportedStatement& statement : import.Import(path))
+                summary_->Add(statement);
         } catch (const RuntimeError& error) {
             if (error.Number() != errors::FileNotFound && error.Number() != errors::PathAccess)
                 throw;
