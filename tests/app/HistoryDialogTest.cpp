@@ -126,7 +126,7 @@ TEST_F(HistoryDialogTest, ADamagedRecordIsReportedBelowTheLists)
 {
     Raw("UPDATE CvChange SET Data = x'FFFFFFFF' WHERE Step = (SELECT max(Step) FROM CvStep)");
     Show([](Form& form) {
-        EXPECT_EQ(Takes(form), "The record of 'Delete Record' in the history is damaged.");
+        EXPECT_EQ(Takes(form), "The history's step 3 ('Delete Record') is damaged.");
         EXPECT_EQ(List(form, "lstChanges").Lines().size(), 0U);
         List(form, "lstSteps").Choose(6);
         EXPECT_TRUE(form.Find("btnBack")->Enabled());
