@@ -7,7 +7,7 @@ namespace clb {
 namespace {
 
 /// Rows that are passed on at once. The import keeps the text of all of them in memory.
-constexpr std::size_t kRowsAtOnce = 50'000;
+constexpr std::size_t kRowsAtOnce = 5'000;
 
 }  // namespace
 
@@ -51,11 +51,16 @@ bool AccountFeed::IsKnown(const StatementRow& row, std::string& identifier)
 bool AccountFeed::IsKnownToBank(const StatementRow& row, std::string& identifier)
 {
     identifier = RowIdentifiers::OfBank(row.identifier);
-    const std::string further = identifiers_.Further(row);
-    if (earlier_.HasIdentified(row, {identifier, row.identifier}) ||
-        earlier_.HasIdentifier(further))
+    if (earlier_.HasIdentified(row, {identifier, row.identifier}))
         return true;
-    if (!earlier_.HasIdentifier(identifier) && !earlier_.HasIdentifier(row.identifier))
+    const bool reused =
+        earlier_.HasIdentifier(identifier) || earlier_.HasIdentifier(row.identifier);
+    if (!reused && !earlier_.HasFurther())
+        return false;
+    const std::string further = identifiers_.Further(row);
+    if (earlier_.HasIdentifier(further))
+        return true;
+    if (!reused)
         return false;
     identifier = further;
     reused_.push_back({row.line, LeftOutReason::NotARow,
@@ -69,7 +74,7 @@ void AccountFeed::Pass()
         return;
     const auto rows = static_cast<std::int64_t>(text_.Rows());
     const std::int32_t before = import_.Counts().added;
-    import_.ImportText(text_.Take());
+    import_.ImportText(text_.Take(), modImport::Memos::Whole);
     const std::int64_t stored = import_.Counts().added - before;
     added_ += stored;
     // The import has told the user of its error.
@@ -78,10 +83,10 @@ void AccountFeed::Pass()
     additions_.Write();
 }
 
-void AccountFeed::PassWhole(const std::string& text)
+void AccountFeed::PassWhole(std::string text)
 {
     const ImportCounts before = import_.Counts();
-    import_.ImportText(text);
+    import_.ImportText(std::move(text), modImport::Memos::Short);
     added_ = import_.Counts().added - before.added;
     known_ = import_.Counts().duplicates - before.duplicates;
 }

@@ -33,7 +33,7 @@ public:
     /// Throws EngineError.
     void Add(const StatementRow& row);
     /// Passes on a file that the import takes as it is, instead of single rows.
-    void PassWhole(const std::string& text);
+    void PassWhole(std::string text);
     /// Passes on what is left. To be called once, after the last row. Throws EngineError.
     void Finish();
 

@@ -1,8 +1,10 @@
 // The transactions that an account had before an import.
 #pragma once
 #include <cstdint>
+#include <initializer_list>
 #include <map>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -23,9 +25,12 @@ public:
 
     /// Whether the account has a row of this amount within five days whose identifier is one of
     /// these. Throws EngineError.
-    bool HasIdentified(const StatementRow& row, const std::vector<std::string>& identifiers);
+    bool HasIdentified(const StatementRow& row,
+                       std::initializer_list<std::string_view> identifiers);
     /// Whether a row of the account has this identifier, whatever its amount and date.
-    [[nodiscard]] bool HasIdentifier(const std::string& identifier) const;
+    [[nodiscard]] bool HasIdentifier(std::string_view identifier) const;
+    /// Whether a row of the account has an identifier as RowIdentifiers::Further makes it.
+    [[nodiscard]] bool HasFurther() const { return hasFurther_; }
     /// Whether the account has a row that no bank gave an identifier, from a QIF file or typed by
     /// hand, of equal date, amount, cheque number and text. Such a row counts for one row of the
     /// statement only. Throws EngineError.
@@ -49,6 +54,7 @@ private:
     clsDatabase& database_;
     std::string accountID_;
     std::unordered_set<std::uint64_t> identifiers_;  ///< hashes
+    bool hasFurther_ = false;
     std::map<Month, Rows> months_;
 };
 

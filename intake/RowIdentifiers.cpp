@@ -1,6 +1,7 @@
 #include "intake/RowIdentifiers.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "base/Text.h"
 #include "intake/Digest.h"
@@ -27,6 +28,7 @@ std::string Hashed(std::string_view content)
 std::string Comparable(std::string_view text)
 {
     std::string folded;
+    folded.reserve(text.size());
     for (const char c : text) {
         const bool blank = c == ' ' || c == '\t' || c == '\r' || c == '\n';
         if (!blank)
@@ -48,7 +50,7 @@ std::string RowIdentifiers::Content(const StatementRow& row) const
 std::string RowIdentifiers::Make(const StatementRow& row)
 {
     const std::string digest = Hashed(Content(row));
-    return digest + "-" + std::to_string(++equals_[digest]);
+    return digest + "-" + std::to_string(++equals_[std::hash<std::string>()(digest)]);
 }
 
 std::string RowIdentifiers::OfBank(const std::string& identifier)

@@ -27,7 +27,7 @@ private:
     [[nodiscard]] std::string Content(const StatementRow& row) const;
 
     std::string account_;
-    std::unordered_map<std::string, std::uint32_t> equals_;  ///< by a short digest of the content
+    std::unordered_map<std::uint64_t, std::uint32_t> equals_;  ///< by a hash of the content
 };
 
 /// A text for comparisons: without blanks at its ends, single blanks inside, and case folded.

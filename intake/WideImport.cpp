@@ -1,7 +1,6 @@
 #include "intake/WideImport.h"
 
 #include <filesystem>
-#include <map>
 
 #include "data/clsDatabase.h"
 #include "import/StatementFile.h"
@@ -9,6 +8,7 @@
 #include "intake/AccountFeed.h"
 #include "intake/Digest.h"
 #include "intake/ImportRecords.h"
+#include "intake/KeptRows.h"
 #include "intake/SpecifiedText.h"
 #include "statements/kinds/StatementReaders.h"
 #include "statements/source/SourceFile.h"
@@ -20,27 +20,6 @@ namespace {
 class Refused : public RuntimeError {
 public:
     explicit Refused(const std::string& message) : RuntimeError(errors::InvalidCall, message) {}
-};
-
-/// Passes the rows of a statement to their accounts' feeds.
-class Distribution : public IStatementSink {
-public:
-    void Add(const StatementAccount& account, AccountFeed& feed)
-    {
-        feeds_[StatementSurvey::KeyOf(account)] = &feed;
-    }
-
-    void BeginAccount(const StatementAccount& account) override
-    {
-        feed_ = feeds_.at(StatementSurvey::KeyOf(account));
-    }
-    void EndAccount(const StatementBalances&) override {}
-    void Row(const StatementRow& row) override { feed_->Add(row); }
-    void LeftOut(const LeftOutPart&) override {}
-
-private:
-    std::map<StatementSurvey::Key, AccountFeed*> feeds_;
-    AccountFeed* feed_ = nullptr;
 };
 
 std::string DescriptionOf(clsDatabase& database, const std::string& accountID)
@@ -62,6 +41,14 @@ struct WideImport::Source {
     std::unique_ptr<IStatementReader> reader;
     StatementAnswers answers;
     ImportedStatement result;
+
+    /// Frees what is needed for reading only.
+    void Forget()
+    {
+        reader.reset();
+        std::string().swap(text);
+        std::string().swap(file.bytes);
+    }
 };
 
 WideImport::WideImport(clsDatabase& database, modImport& import, IStatementAsker& asker,
@@ -92,15 +79,17 @@ void WideImport::Import(Source& source)
 {
     source.result.source = source.file.name;
     try {
-        source.text = DecodeStatement(source.file.bytes, encoding_);
+        source.text = MayBeSpecified(source.file)
+                          ? DecodeStatement(source.file.bytes, encoding_)
+                          : DecodeStatement(std::move(source.file.bytes), encoding_);
         source.reader = OpenStatement(source.text);
         source.result.kind = source.reader->Kind();
         if (!Settle(source))
             return;
-        StatementSurvey survey;
-        source.reader->Read(source.answers, survey);
-        source.result.leftOut = survey.LeftOut();
-        Store(source, survey);
+        KeptRows rows;
+        source.reader->Read(source.answers, rows);
+        source.result.leftOut = rows.Survey().LeftOut();
+        Store(source, rows);
         Record(source);
     } catch (const NotAStatement& error) {
         source.result.refused = error.what();
@@ -160,27 +149,26 @@ void WideImport::RequireAccounts(const std::vector<std::string>& found)
                 "Nothing was imported.");
 }
 
-void WideImport::Store(Source& source, const StatementSurvey& survey)
+void WideImport::Store(Source& source, KeptRows& rows)
 {
+    const StatementSurvey& survey = rows.Survey();
     std::vector<std::string> found;
     for (std::size_t place = 0; place < survey.Accounts().size(); ++place) {
         asker_.Choosing(survey.Accounts()[place].account, place);
         found.push_back(FindAccount(survey, place, found));
     }
     RequireAccounts(found);
-    const std::string text = SpecifiedText(source.file, source.answers, *source.reader, survey);
-    Distribution distribution;
+    std::string text = SpecifiedText(source.file, source.reader->Kind(), rows);
+    source.Forget();
     std::vector<std::unique_ptr<AccountFeed>> feeds;
-    for (std::size_t place = 0; place < found.size(); ++place) {
-        const StatementAccount& account = survey.Accounts()[place].account;
-        feeds.push_back(
-            std::make_unique<AccountFeed>(database_, import_, found[place], account, watch_));
-        distribution.Add(account, *feeds.back());
-    }
+    for (std::size_t place = 0; place < found.size(); ++place)
+        feeds.push_back(std::make_unique<AccountFeed>(database_, import_, found[place],
+                                                      survey.Accounts()[place].account, watch_));
     if (!text.empty())
-        feeds.front()->PassWhole(text);
+        feeds.front()->PassWhole(std::move(text));
     else
-        source.reader->Read(source.answers, distribution);
+        rows.HandOver(
+            [&feeds](std::size_t place, const StatementRow& row) { feeds[place]->Add(row); });
     for (std::size_t place = 0; place < found.size(); ++place) {
         feeds[place]->Finish();
         Report(survey.Accounts()[place], found[place], *feeds[place], source.result);

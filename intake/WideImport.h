@@ -15,6 +15,7 @@
 namespace clb {
 
 class clsDatabase;
+class KeptRows;
 class modImport;
 
 /// Why a statement was refused whose account the user did not choose.
@@ -81,7 +82,7 @@ private:
 
     void Import(Source& source);
     bool Settle(Source& source);
-    void Store(Source& source, const StatementSurvey& survey);
+    void Store(Source& source, KeptRows& rows);
     std::string FindAccount(const StatementSurvey& survey, std::size_t place,
                             const std::vector<std::string>& found);
     void RequireAccounts(const std::vector<std::string>& found);

@@ -189,18 +189,22 @@ void Describe(pugi::xml_node node, const Nodes& details, CamtEntry& entry, const
         row.text.clear();
 }
 
-std::string SummaryOf(pugi::xml_node node, const CamtEntry& entry)
+}  // namespace
+
+std::string SummaryOf(const CamtPart& part, const CamtEntry& entry)
 {
+    pugi::xml_document document;
+    (void)document.load_buffer(part.text.data(), part.text.size(), pugi::parse_default,
+                               pugi::encoding_utf8);
+    const pugi::xml_node node = document.first_child();
     std::string summary;
-    for (const std::string& part :
+    for (const std::string& text :
          {TextAt(node, "BookgDt/Dt", "BookgDt/DtTm"), TextAt(node, "CdtDbtInd"),
           TextAt(node, "Amt"), entry.currency, entry.row.name})
-        if (!part.empty())
-            summary += (summary.empty() ? "" : " ") + part;
+        if (!text.empty())
+            summary += (summary.empty() ? "" : " ") + text;
     return FirstWords(summary);
 }
-
-}  // namespace
 
 bool IsBooked(std::string_view state)
 {
@@ -229,7 +233,6 @@ std::optional<CamtEntry> ReadCamtEntry(const CamtPart& part, const CamtOwner& ow
     Describe(node, DetailsOf(node), entry, owner);
     entry.row.date = entry.date.value_or(Date());
     entry.row.amount = entry.amount.value_or(Money());
-    entry.summary = SummaryOf(node, entry);
     return entry;
 }
 

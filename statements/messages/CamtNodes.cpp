@@ -1,21 +1,24 @@
 #include "statements/messages/CamtNodes.h"
 
+#include <cstring>
+
 #include "statements/messages/ExactAmount.h"
 #include "statements/messages/RowText.h"
 
 namespace clb {
-
-std::string_view NameOf(pugi::xml_node node)
+bool IsNamed(pugi::xml_node node, std::string_view name)
 {
-    const std::string_view name = node.name();
-    const std::size_t colon = name.find(':');
-    return colon == std::string_view::npos ? name : name.substr(colon + 1);
+    const char* const own = node.name();
+    if (std::strncmp(own, name.data(), name.size()) == 0 && own[name.size()] == '\0')
+        return true;
+    const char* const colon = std::strchr(own, ':');
+    return colon != nullptr && name == colon + 1;
 }
 
 pugi::xml_node Child(pugi::xml_node node, std::string_view name)
 {
-    for (const pugi::xml_node child : node.children())
-        if (NameOf(child) == name)
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling())
+        if (IsNamed(child, name))
             return child;
     return {};
 }
@@ -33,7 +36,7 @@ pugi::xml_node At(pugi::xml_node node, std::string_view path)
 std::string TextOf(pugi::xml_node node)
 {
     std::string text;
-    for (const pugi::xml_node child : node.children())
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling())
         if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
             text += child.value();
     return Squeezed(text);

@@ -42,7 +42,9 @@ CamtParty OtherParty(pugi::xml_node details, bool credit, const CamtOwner& owner
 {
     const pugi::xml_node parties = Child(details, "RltdPties");
     CamtParty usual = Side(parties, credit ? "Dbtr" : "Cdtr");
-    CamtParty opposite = Side(parties, credit ? "Cdtr" : "Dbtr");
+    const std::string side = credit ? "Cdtr" : "Dbtr";
+    const bool named = Child(parties, side) || Child(parties, "Ultmt" + side);
+    CamtParty opposite = named ? Side(parties, side) : CamtParty();
     const bool isOpposite = !opposite.name.empty() && !IsOwner(opposite, owner) &&
                             (usual.name.empty() || IsOwner(usual, owner));
     CamtParty& other = isOpposite ? opposite : usual;

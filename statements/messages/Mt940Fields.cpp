@@ -67,7 +67,9 @@ bool TextLines::Next(std::string_view& line)
 {
     if (at_ >= text_.size())
         return false;
-    const std::size_t end = std::min(text_.find_first_of("\r\n", at_), text_.size());
+    std::size_t end = at_;
+    while (end < text_.size() && text_[end] != '\r' && text_[end] != '\n')
+        ++end;
     line = text_.substr(at_, end - at_);
     at_ = end + (text_.substr(end, 2) == "\r\n" ? 2 : 1);
     at_ = std::min(at_, text_.size());
