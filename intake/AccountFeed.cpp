@@ -7,7 +7,7 @@ namespace clb {
 namespace {
 
 /// Rows that are passed on at once. The import keeps the text of all of them in memory.
-constexpr std::size_t kRowsAtOnce = 5'000;
+constexpr std::size_t kRowsAtOnce = 2'000;
 
 }  // namespace
 

@@ -50,7 +50,7 @@ std::string RowIdentifiers::Content(const StatementRow& row) const
 std::string RowIdentifiers::Make(const StatementRow& row)
 {
     const std::string digest = Hashed(Content(row));
-    return digest + "-" + std::to_string(++equals_[std::hash<std::string>()(digest)]);
+    return digest + "-" + std::to_string(equals_.Add(std::hash<std::string>()(digest)));
 }
 
 std::string RowIdentifiers::OfBank(const std::string& identifier)

@@ -1,9 +1,8 @@
 // The identifiers under which the rows of a statement are stored.
 #pragma once
-#include <cstdint>
 #include <string>
-#include <unordered_map>
 
+#include "base/HashCounts.h"
 #include "statements/form/Statement.h"
 
 namespace clb {
@@ -27,7 +26,7 @@ private:
     [[nodiscard]] std::string Content(const StatementRow& row) const;
 
     std::string account_;
-    std::unordered_map<std::uint64_t, std::uint32_t> equals_;  ///< by a hash of the content
+    HashCounts equals_;  ///< by a hash of the content
 };
 
 /// A text for comparisons: without blanks at its ends, single blanks inside, and case folded.

@@ -44,9 +44,8 @@ void AddStructured(RowText& text, CamtNode details)
 {
     ForEach(Child(details, "RmtInf"), "Strd", [&text](CamtNode part) {
         text.Add(TextAt(part, "CdtrRefInf/Ref", "CdtrRefInf/CdtrRef"));
-        ForEach(part, "RfrdDocInf", [&text](CamtNode document) {
-            text.Add(TextAt(document, "Nb", "RfrdDocNb"));
-        });
+        ForEach(part, "RfrdDocInf",
+                [&text](CamtNode document) { text.Add(TextAt(document, "Nb", "RfrdDocNb")); });
         ForEach(part, "AddtlRmtInf", [&text](CamtNode line) { text.Add(TextOf(line)); });
     });
 }

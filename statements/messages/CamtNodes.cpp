@@ -9,8 +9,8 @@ namespace clb {
 
 CamtTree::CamtTree(std::string_view text)
 {
-    whole_ = document_.load_buffer(text.data(), text.size(), pugi::parse_default,
-                                   pugi::encoding_utf8);
+    whole_ =
+        document_.load_buffer(text.data(), text.size(), pugi::parse_default, pugi::encoding_utf8);
     // Elements point to each other, so there is room for all of them from the start.
     elements_.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '<')));
     if (const pugi::xml_node root = document_.first_child())

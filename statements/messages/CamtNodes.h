@@ -11,7 +11,8 @@
 
 namespace clb {
 
-/// An element of a CamtTree; valid as long as the tree is. An empty one has no children and no text.
+/// An element of a CamtTree; valid as long as the tree is. An empty one has no children and no
+/// text.
 class CamtNode {
 public:
     struct Element {

@@ -63,7 +63,7 @@ std::string_view Mt940Tag(std::string_view line)
     return std::find(kTags.begin(), kTags.end(), tag) != kTags.end() ? tag : std::string_view();
 }
 
-bool TextLines::Next(std::string_view& line)
+bool LineCutter::Next(std::string_view& line)
 {
     if (at_ >= text_.size())
         return false;
@@ -84,7 +84,7 @@ bool Mt940Fields::EndsMessage(std::string_view line, std::size_t next) const
         return false;
     if (hasClosing_)
         return true;
-    TextLines lines(text_, next);
+    LineCutter lines(text_, next);
     for (std::string_view following; lines.Next(following);)
         if (following.find_first_not_of(" \t\x03") != std::string_view::npos)
             return !Mt940Tag(following).empty() || IsEnvelope(following);
@@ -113,7 +113,7 @@ void Mt940Fields::Number(Mt940Field& field)
 
 bool Mt940Fields::Next(Mt940Field& field)
 {
-    TextLines lines(text_, at_);
+    LineCutter lines(text_, at_);
     std::string_view line;
     std::string_view before;
     bool inField = false;
