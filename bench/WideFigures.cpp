@@ -16,7 +16,7 @@ namespace clb {
 namespace {
 
 constexpr std::int32_t kRows = 100'000;
-constexpr std::int32_t kSampleRows = 1000;
+constexpr std::int32_t kSampleRows = kRows;
 constexpr double kMebi = 1024.0 * 1024.0;
 constexpr double kLargeFile = 50e6;
 constexpr double kAllowedMemory = 32 * kMebi;

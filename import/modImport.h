@@ -8,6 +8,7 @@
 
 #include "base/Date.h"
 #include "data/NoticedBalances.h"
+#include "engine/rows/Recordset.h"
 #include "import/IImportHost.h"
 #include "ports/IMessageBox.h"
 
@@ -23,6 +24,12 @@ struct ImportCounts {
     std::int32_t duplicates = 0;  ///< skipped because the account has them already
 };
 
+/// The rows of the account of the last text. They stay open from one text of a command to the next.
+struct ImportedRows {
+    std::string accountID;
+    Recordset rows;
+};
+
 /// Reads statement files into accounts. Borrows the objects that it is made with; they outlive it.
 class modImport {
 public:
@@ -36,13 +43,16 @@ public:
     void ImportFile();
 
     /// Begins a command that imports texts of OFX files one after the other: the counts begin anew.
+    /// Until its end nothing else may remove transactions or change their identifiers.
     void BeginTexts();
     /// As the import of a file finds its account: asks the user for an account if the number is
     /// unknown or empty; an empty number is set to that of the chosen account. Returns false if the
     /// user cancels.
     bool FindAccount(std::string& accountID);
+    /// How much of a memo is stored: as of a file, its first 50 characters, or all of it.
+    enum class Memos : std::uint8_t { Short, Whole };
     /// Reads the text of an OFX file whose account is there. Shows errors in the text to the user.
-    void ImportText(std::string text);
+    void ImportText(std::string text, Memos memos);
     /// Ends the command: recomputes every account's balance and reloads the view.
     void EndTexts();
 
@@ -79,7 +89,7 @@ private:
     static std::int32_t FormatOf(const std::string& path, const std::string& text);
     /// ImportOFX of the text that readText gives; tells its errors too.
     void ImportMarkup(const std::function<std::string()>& readText);
-    void ReadMarkup(const std::function<std::string()>& readText);
+    void ReadMarkup(const std::function<std::string()>& readText, Memos memos);
     std::string NewRun();
     void ForgetBalances();
     void KeepFileBeforeMapping(const std::string& accountID);
@@ -96,6 +106,7 @@ private:
     std::vector<OddBalance> formerBalances_;
     std::string formerFile_;
     bool balancesNoted_ = false;
+    ImportedRows rows_;
     std::string lastTick_;
     std::int32_t runsInTick_ = 0;
 };

@@ -41,8 +41,14 @@ std::string Characters(std::string_view text, std::size_t first, std::size_t cou
 /// Reads one statement file. After an error, its members say which part of the file was being read.
 class OfxReader {
 public:
-    OfxReader(clsDatabase& database, IImportHost& host, ImportCounts& counts)
-        : database_(database), host_(host), counts_(counts)
+    OfxReader(clsDatabase& database, IImportHost& host, ImportCounts& counts,
+              modImport::Memos memos, ImportedRows& open)
+        : database_(database),
+          host_(host),
+          counts_(counts),
+          memos_(memos),
+          open_(open),
+          rows_(open.rows)
     {
     }
 
@@ -72,11 +78,13 @@ private:
     clsDatabase& database_;
     IImportHost& host_;
     ImportCounts& counts_;
+    modImport::Memos memos_;
+    ImportedRows& open_;
+    Recordset& rows_;
     std::string text_;
     std::string working_;
     std::size_t account_ = scan::kNone;  // offset of its number in the file
     std::string accountID_;
-    Recordset rows_;
     Month last_;
 };
 
@@ -109,13 +117,17 @@ struct Row {
 
 void OfxReader::ReadRows()
 {
-    database_.Fill(rows_,
-                   "SELECT AccountID, PostDate, Amount, Description, FITID, CheckID, Period, Year, "
-                   "Category, PayeeName AS Notes, Sequence FROM Trans WHERE AccountID = '" +
-                       clsDatabase::ToSqlString(accountID_) + "'",
-                   false);
+    if (!rows_.IsOpen() || open_.accountID != accountID_) {
+        rows_.Close();
+        open_.accountID = accountID_;
+        database_.Fill(
+            rows_,
+            "SELECT AccountID, PostDate, Amount, Description, FITID, CheckID, Period, Year, "
+            "Category, PayeeName AS Notes, Sequence FROM Trans WHERE AccountID = '" +
+                clsDatabase::ToSqlString(accountID_) + "'",
+            false);
+    }
     ReadTransactions();
-    rows_.Close();
 }
 
 /// Every transaction after the first account number goes into that account, in whichever statement
@@ -152,7 +164,9 @@ StatementTransaction OfxReader::Convert(std::string_view block)
     transaction.name = scan::Value(block, "<NAME>", 0);
     if (transaction.name.empty())
         transaction.name = "(blank)";
-    transaction.memo = Left(scan::Value(block, "<MEMO>", 0), kMemoLength);
+    const std::string_view memo = scan::Value(block, "<MEMO>", 0);
+    transaction.memo =
+        memos_ == modImport::Memos::Short ? Left(memo, kMemoLength) : std::string(memo);
     return transaction;
 }
 
@@ -240,21 +254,23 @@ void modImport::ImportOFX(const std::string& path)
 void modImport::ImportMarkup(const std::function<std::string()>& readText)
 {
     BeginTexts();
-    ReadMarkup(readText);
+    ReadMarkup(readText, Memos::Short);
+    rows_.rows.Close();
 }
 
-void modImport::ImportText(std::string text)
+void modImport::ImportText(std::string text, Memos memos)
 {
-    ReadMarkup([&text] { return std::move(text); });
+    ReadMarkup([&text] { return std::move(text); }, memos);
 }
 
-void modImport::ReadMarkup(const std::function<std::string()>& readText)
+void modImport::ReadMarkup(const std::function<std::string()>& readText, Memos memos)
 {
-    OfxReader reader(database_, host_, counts_);
+    OfxReader reader(database_, host_, counts_, memos, rows_);
     const auto succeeds = [&](const auto& read) {
         try {
             return read();
         } catch (const RuntimeError& error) {
+            rows_.rows.Close();
             StoreBalances();
             messages_.Show("Invalid data was found while importing:\n" +
                                WorkingText(reader, error) + "\n" + reader.Text(),

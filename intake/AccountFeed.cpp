@@ -7,7 +7,7 @@ namespace clb {
 namespace {
 
 /// Rows that are passed on at once. The import keeps the text of all of them in memory.
-constexpr std::size_t kRowsAtOnce = 50'000;
+constexpr std::size_t kRowsAtOnce = 2'000;
 
 }  // namespace
 
@@ -80,7 +80,7 @@ void AccountFeed::Pass()
         return;
     const auto rows = static_cast<std::int64_t>(text_.Rows());
     const std::int32_t before = import_.Counts().added;
-    import_.ImportText(text_.Take());
+    import_.ImportText(text_.Take(), modImport::Memos::Whole);
     const std::int64_t stored = import_.Counts().added - before;
     added_ += stored;
     // The import has told the user of its error.
@@ -101,7 +101,7 @@ bool AccountFeed::ImportAgrees(const StatementRow& row)
 void AccountFeed::PassWhole(std::string text)
 {
     const ImportCounts before = import_.Counts();
-    import_.ImportText(std::move(text));
+    import_.ImportText(std::move(text), modImport::Memos::Short);
     added_ = import_.Counts().added - before.added;
     known_ = import_.Counts().duplicates - before.duplicates;
 }

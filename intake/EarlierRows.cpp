@@ -12,9 +12,9 @@ namespace {
 
 constexpr std::int32_t kDaysApart = 5;
 
-std::uint64_t HashOf(const std::string& identifier)
+std::uint64_t HashOf(std::string_view identifier)
 {
-    return std::hash<std::string>()(identifier);
+    return std::hash<std::string_view>()(identifier);
 }
 
 /// Whether the identifier is that of the run of a QIF import, which begins with date and time:
@@ -42,16 +42,16 @@ EarlierRows::EarlierRows(clsDatabase& database, std::string accountID)
     }
 }
 
-bool EarlierRows::HasIdentifier(const std::string& identifier) const
+bool EarlierRows::HasIdentifier(std::string_view identifier) const
 {
     return identifiers_.contains(HashOf(identifier));
 }
 
 bool EarlierRows::HasIdentified(const StatementRow& row,
-                                const std::vector<std::string>& identifiers)
+                                std::initializer_list<std::string_view> identifiers)
 {
     if (std::none_of(identifiers.begin(), identifiers.end(),
-                     [this](const std::string& one) { return HasIdentifier(one); }))
+                     [this](std::string_view one) { return HasIdentifier(one); }))
         return false;
     const std::int32_t day = row.date.Days();
     for (std::int32_t at = day - kDaysApart; at <= day + kDaysApart; ++at) {

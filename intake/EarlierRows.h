@@ -2,8 +2,10 @@
 #pragma once
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -25,11 +27,12 @@ public:
 
     /// Whether the account has a row of this amount within five days whose identifier is one of
     /// these. Throws EngineError.
-    bool HasIdentified(const StatementRow& row, const std::vector<std::string>& identifiers);
+    bool HasIdentified(const StatementRow& row,
+                       std::initializer_list<std::string_view> identifiers);
+    /// Whether a row of the account has this identifier, whatever its amount and date.
+    [[nodiscard]] bool HasIdentifier(std::string_view identifier) const;
     /// Whether a row of the account has an identifier as RowIdentifiers::Further makes it.
     [[nodiscard]] bool HasFurther() const { return hasFurther_; }
-    /// Whether a row of the account has this identifier, whatever its amount and date.
-    [[nodiscard]] bool HasIdentifier(const std::string& identifier) const;
     /// Whether the account has a row that no bank gave an identifier, from a QIF file or typed by
     /// hand, of equal date, amount, cheque number and text. Such a row counts for one row of the
     /// statement only. Throws EngineError.

@@ -1,7 +1,7 @@
 #include "intake/OfxText.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <cstddef>
 #include <utility>
 
 #include "base/Text.h"
@@ -13,28 +13,37 @@ constexpr const char* kHeader =
     "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\nSECURITY:NONE\r\nENCODING:UTF-8\r\n"
     "COMPRESSION:NONE\r\nOLDFILEUID:NONE\r\nNEWFILEUID:NONE\r\n\r\n";
 constexpr const char* kEnd = "</BANKTRANLIST></STMTRS></STMTTRNRS></BANKMSGSRSV1></OFX>\r\n";
-/// What the import keeps of a memo.
-constexpr std::size_t kMemoLength = 50;
 
-/// A value ends at the next tag or line end.
+bool EndsValue(char c)
+{
+    return c == '<' || c == '\r' || c == '\n';
+}
+
+/// Appends a value, which ends at the next tag or line end.
+void AppendValue(std::string& text, std::string_view value)
+{
+    const std::size_t begin = text.size();
+    text += value;
+    std::replace_if(text.begin() + static_cast<std::ptrdiff_t>(begin), text.end(), EndsValue, ' ');
+}
+
 std::string Value(std::string_view text)
 {
-    std::string value(text);
-    std::replace_if(
-        value.begin(), value.end(), [](char c) { return c == '<' || c == '\r' || c == '\n'; }, ' ');
+    std::string value;
+    AppendValue(value, text);
     return value;
 }
 
 bool IsCarried(const std::string& text)
 {
-    return text.find_first_of("<\r\n") == std::string::npos;
+    return std::none_of(text.begin(), text.end(), EndsValue);
 }
 
-std::string Day(const Date& date)
+void AppendDay(std::string& text, const Date& date)
 {
-    char text[16];
-    std::snprintf(text, sizeof text, "%04d%02d%02d", date.Year(), date.Month(), date.Day());
-    return text;
+    for (const char c : date.ToIso().substr(0, 10))
+        if (c != '-')
+            text += c;
 }
 
 }  // namespace
@@ -61,12 +70,22 @@ OfxText::OfxText(const std::string& accountID, const StatementAccount& account)
 void OfxText::Add(const StatementRow& row, const std::string& identifier)
 {
     text_ += row.checkNumber.empty() ? "<STMTTRN><TRNTYPE>OTHER" : "<STMTTRN><TRNTYPE>CHECK";
-    text_ += "\r\n<DTPOSTED>" + Day(row.date) + "\r\n<TRNAMT>" + row.amount.ToText() +
-             "\r\n<FITID>" + identifier;
-    if (!row.checkNumber.empty())
-        text_ += "\r\n<CHECKNUM>" + Value(row.checkNumber);
-    text_ += "\r\n<NAME>" + Value(DescriptionOf(row)) + "\r\n<MEMO>" + Value(NotesOf(row)) +
-             "\r\n</STMTTRN>\r\n";
+    text_ += "\r\n<DTPOSTED>";
+    AppendDay(text_, row.date);
+    text_ += "\r\n<TRNAMT>";
+    text_ += row.amount.ToText();
+    text_ += "\r\n<FITID>";
+    text_ += identifier;
+    if (!row.checkNumber.empty()) {
+        text_ += "\r\n<CHECKNUM>";
+        AppendValue(text_, row.checkNumber);
+    }
+    text_ += "\r\n<NAME>";
+    AppendValue(text_, Trim(row.name.empty() ? row.text : row.name));
+    text_ += "\r\n<MEMO>";
+    if (!row.name.empty())
+        AppendValue(text_, Trim(row.text));
+    text_ += "\r\n</STMTTRN>\r\n";
     ++rows_;
 }
 
@@ -80,7 +99,7 @@ std::string OfxText::Take()
 bool OfxText::CanCarry(const StatementRow& row)
 {
     return row.category.empty() && row.pieces.empty() && IsCarried(row.name) &&
-           IsCarried(row.text) && IsCarried(row.checkNumber) && Length(NotesOf(row)) <= kMemoLength;
+           IsCarried(row.text) && IsCarried(row.checkNumber);
 }
 
 }  // namespace clb

@@ -1,6 +1,7 @@
 #include "intake/RowIdentifiers.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "base/Text.h"
 #include "intake/Digest.h"
@@ -39,7 +40,7 @@ std::string RowIdentifiers::Digest(const StatementRow& row, const std::string& i
 std::string RowIdentifiers::Make(const StatementRow& row)
 {
     const std::string digest = Digest(row, row.sharedIdentifier);
-    std::uint32_t place = ++equals_[digest];
+    std::uint32_t place = equals_.Add(std::hash<std::string>()(digest));
     // The first has the number that Further gives if the row is in a file without the others.
     if (!row.sharedIdentifier.empty())
         --place;

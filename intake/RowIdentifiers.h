@@ -1,9 +1,8 @@
 // The identifiers under which the rows of a statement are stored.
 #pragma once
-#include <cstdint>
 #include <string>
-#include <unordered_map>
 
+#include "base/HashCounts.h"
 #include "statements/form/Statement.h"
 
 namespace clb {
@@ -28,7 +27,7 @@ private:
     [[nodiscard]] std::string Content(const StatementRow& row) const;
 
     std::string account_;
-    std::unordered_map<std::string, std::uint32_t> equals_;  ///< by a short digest of the content
+    HashCounts equals_;  ///< by a hash of the content
 };
 
 }  // namespace clb

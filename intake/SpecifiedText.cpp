@@ -34,25 +34,20 @@ std::size_t HashOf(const std::string& identifier, const std::string& day, const 
                                     std::string(Trim(Left(memo, kMemoLength))));
 }
 
-/// The rows as the reader finds them.
-class ReadRows : public IStatementSink {
-public:
-    void BeginAccount(const StatementAccount&) override {}
-    void EndAccount(const StatementBalances&) override {}
-    void LeftOut(const LeftOutPart&) override {}
-    void Row(const StatementRow& row) override
-    {
-        identified_ = identified_ && !row.identifier.empty();
-        hashes_.push_back(HashOf(row.identifier, Replace(row.date.ToIso().substr(0, 10), "-", ""),
-                                 row.amount, row.name, row.text));
-    }
-    [[nodiscard]] bool Identified() const { return identified_; }
-    [[nodiscard]] const std::vector<std::size_t>& Hashes() const { return hashes_; }
-
-private:
-    std::vector<std::size_t> hashes_;
-    bool identified_ = true;
-};
+/// The rows as the reader found them; nothing if one has no identifier.
+std::optional<std::vector<std::size_t>> Hashes(const KeptRows& rows)
+{
+    std::vector<std::size_t> hashes;
+    bool identified = true;
+    rows.ForEach([&](std::size_t, const StatementRow& row) {
+        identified = identified && !row.identifier.empty();
+        if (identified)
+            hashes.push_back(HashOf(row.identifier,
+                                    Replace(row.date.ToIso().substr(0, 10), "-", ""), row.amount,
+                                    row.name, row.text));
+    });
+    return identified ? std::optional(std::move(hashes)) : std::nullopt;
+}
 
 /// The file as it is after the repair of its line ends; nothing if the import knows no such file.
 std::optional<std::string> Repaired(const SourceFile& file)
@@ -87,17 +82,27 @@ std::optional<std::vector<std::size_t>> Scanned(const std::string& text)
 
 }  // namespace
 
-std::string SpecifiedText(const SourceFile& file, const StatementAnswers& answers,
-                          const IStatementReader& reader, const StatementSurvey& survey)
+bool MayBeSpecified(const SourceFile& file)
 {
-    if (reader.Kind() != "ofx" || survey.Accounts().size() != 1 || !survey.LeftOut().empty())
+    const std::string_view bytes = file.bytes;
+    const std::size_t start = bytes.find_first_not_of("\r\n");
+    const std::string_view head =
+        start == std::string_view::npos ? std::string_view() : bytes.substr(start, 40);
+    return head.find("OFXHEADER:100") != std::string_view::npos ||
+           head.find("<OFC>") != std::string_view::npos;
+}
+
+std::string SpecifiedText(const SourceFile& file, const std::string& kind, const KeptRows& rows)
+{
+    const StatementSurvey& survey = rows.Survey();
+    if (kind != "ofx" || survey.Accounts().size() != 1 || !survey.LeftOut().empty() ||
+        !MayBeSpecified(file))
         return {};
-    ReadRows read;
-    reader.Read(answers, read);
-    if (!read.Identified())
+    const auto read = Hashes(rows);
+    if (!read)
         return {};
     std::optional<std::string> text = Repaired(file);
-    if (!text || !CountOmissions(*text, true).None() || Scanned(*text) != read.Hashes())
+    if (!text || !CountOmissions(*text, true).None() || Scanned(*text) != read)
         return {};
     return std::move(*text);
 }

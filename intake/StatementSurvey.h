@@ -29,6 +29,8 @@ public:
 
     [[nodiscard]] const std::vector<SurveyedAccount>& Accounts() const { return accounts_; }
     [[nodiscard]] const std::vector<LeftOutPart>& LeftOut() const { return leftOut_; }
+    /// The account that rows belong to at the moment, among Accounts().
+    [[nodiscard]] std::size_t Place() const { return current_; }
     /// Whether opening balance and rows make the closing balance. Nothing if the file lacks one of
     /// them.
     static std::optional<bool> Balanced(const SurveyedAccount& account);

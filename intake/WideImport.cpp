@@ -1,7 +1,6 @@
 #include "intake/WideImport.h"
 
 #include <filesystem>
-#include <map>
 
 #include "data/clsDatabase.h"
 #include "import/StatementFile.h"
@@ -9,6 +8,7 @@
 #include "intake/AccountFeed.h"
 #include "intake/Digest.h"
 #include "intake/ImportRecords.h"
+#include "intake/KeptRows.h"
 #include "intake/SpecifiedText.h"
 #include "statements/kinds/StatementReaders.h"
 #include "statements/source/SourceFile.h"
@@ -20,27 +20,6 @@ namespace {
 class Refused : public RuntimeError {
 public:
     explicit Refused(const std::string& message) : RuntimeError(errors::InvalidCall, message) {}
-};
-
-/// Passes the rows of a statement to their accounts' feeds.
-class Distribution : public IStatementSink {
-public:
-    void Add(const StatementAccount& account, AccountFeed& feed)
-    {
-        feeds_[StatementSurvey::KeyOf(account)] = &feed;
-    }
-
-    void BeginAccount(const StatementAccount& account) override
-    {
-        feed_ = feeds_.at(StatementSurvey::KeyOf(account));
-    }
-    void EndAccount(const StatementBalances&) override {}
-    void Row(const StatementRow& row) override { feed_->Add(row); }
-    void LeftOut(const LeftOutPart&) override {}
-
-private:
-    std::map<StatementSurvey::Key, AccountFeed*> feeds_;
-    AccountFeed* feed_ = nullptr;
 };
 
 /// Hands the rows of a statement to a function.
@@ -75,6 +54,14 @@ struct WideImport::Source {
     std::unique_ptr<IStatementReader> reader;
     StatementAnswers answers;
     ImportedStatement result;
+
+    /// Frees what is needed for reading only.
+    void Forget()
+    {
+        reader.reset();
+        std::string().swap(text);
+        std::string().swap(file.bytes);
+    }
 };
 
 WideImport::WideImport(clsDatabase& database, modImport& import, IStatementAsker& asker,
@@ -107,16 +94,18 @@ void WideImport::Import(Source& source)
 {
     source.result.source = source.file.name;
     try {
-        source.text = DecodeStatement(source.file.bytes, encoding_);
+        source.text = MayBeSpecified(source.file)
+                          ? DecodeStatement(source.file.bytes, encoding_)
+                          : DecodeStatement(std::move(source.file.bytes), encoding_);
         source.reader = OpenStatement(source.text);
         source.result.kind = source.reader->Kind();
         asker_.Begin(source.result.source, *source.reader);
         if (!Settle(source))
             return;
-        StatementSurvey survey;
-        source.reader->Read(source.answers, survey);
-        source.result.leftOut = survey.LeftOut();
-        Store(source, survey);
+        KeptRows rows;
+        source.reader->Read(source.answers, rows);
+        source.result.leftOut = rows.Survey().LeftOut();
+        Store(source, rows);
         Record(source);
         asker_.Stored(source.result, source.answers);
     } catch (const NotAStatement& error) {
@@ -193,40 +182,37 @@ void WideImport::RequireAccounts(const std::vector<std::string>& found)
 
 /// Passes on a file that the import of OFX files takes as it is. Returns false, and does nothing,
 /// if the import would take a row for another one of the account.
-bool WideImport::PassWhole(const Source& source, std::string text, AccountFeed& feed) const
+bool WideImport::PassWhole(const KeptRows& rows, std::string text, AccountFeed& feed) const
 {
     bool agrees = true;
-    EachRow compared([&](const StatementRow& row) { agrees = agrees && feed.ImportAgrees(row); });
-    source.reader->Read(source.answers, compared);
+    rows.ForEach(
+        [&](std::size_t, const StatementRow& row) { agrees = agrees && feed.ImportAgrees(row); });
     if (!agrees)
         return false;
-    EachRow shown([&feed](const StatementRow& row) { feed.Show(row); });
     if (watch_)
-        source.reader->Read(source.answers, shown);
+        rows.ForEach([&feed](std::size_t, const StatementRow& row) { feed.Show(row); });
     feed.PassWhole(std::move(text));
     return true;
 }
 
-void WideImport::Store(Source& source, const StatementSurvey& survey)
+void WideImport::Store(Source& source, KeptRows& rows)
 {
+    const StatementSurvey& survey = rows.Survey();
     std::vector<std::string> found;
     for (std::size_t place = 0; place < survey.Accounts().size(); ++place) {
         asker_.Choosing(survey.Accounts()[place].account, place);
         found.push_back(FindAccount(survey, place, found));
     }
     RequireAccounts(found);
-    Distribution distribution;
+    std::string text = SpecifiedText(source.file, source.answers, *source.reader, rows);
+    source.Forget();
     std::vector<std::unique_ptr<AccountFeed>> feeds;
-    for (std::size_t place = 0; place < found.size(); ++place) {
-        const StatementAccount& account = survey.Accounts()[place].account;
-        feeds.push_back(std::make_unique<AccountFeed>(database_, import_, found[place], account,
-                                                      WatchOf(source)));
-        distribution.Add(account, *feeds.back());
-    }
-    std::string text = SpecifiedText(source.file, source.answers, *source.reader, survey);
-    std::string().swap(source.file.bytes);  // The text is enough from here on.
-    if (text.empty() || !PassWhole(source, std::move(text), *feeds.front()))
-        source.reader->Read(source.answers, distribution);
+    for (std::size_t place = 0; place < found.size(); ++place)
+        feeds.push_back(std::make_unique<AccountFeed>(
+            database_, import_, found[place], survey.Accounts()[place].account, WatchOf(source)));
+    if (text.empty() || !PassWhole(rows, std::move(text), *feeds.front()))
+        rows.HandOver(
+            [&feeds](std::size_t place, const StatementRow& row) { feeds[place]->Add(row); });
     for (std::size_t place = 0; place < found.size(); ++place) {
         feeds[place]->Finish();
         Report(survey.Accounts()[place], found[place], *feeds[place], source.result);

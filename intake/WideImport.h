@@ -15,6 +15,7 @@
 namespace clb {
 
 class clsDatabase;
+class KeptRows;
 class modImport;
 
 /// Why a statement was refused whose account the user did not choose.
@@ -95,8 +96,8 @@ private:
 
     void Import(Source& source);
     bool Settle(Source& source);
-    bool PassWhole(const Source& source, std::string text, AccountFeed& feed) const;
-    void Store(Source& source, const StatementSurvey& survey);
+    bool PassWhole(const KeptRows& rows, std::string text, AccountFeed& feed) const;
+    void Store(Source& source, KeptRows& rows);
     std::string FindAccount(const StatementSurvey& survey, std::size_t place,
                             const std::vector<std::string>& found);
     void RequireAccounts(const std::vector<std::string>& found);

@@ -61,6 +61,9 @@ std::optional<char> TakeStatedDelimiter(std::string_view& text)
 
 std::size_t HeaderScore(const CsvRecord& record)
 {
+    // Under a wrong delimiter most records are one long field, which would be folded for nothing.
+    if (record.fields.size() < 2)
+        return 0;
     std::set<ColumnRole> roles;
     std::size_t unknown = 0;
     for (const std::string_view field : record.fields) {

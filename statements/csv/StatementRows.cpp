@@ -90,12 +90,27 @@ const std::set<std::string, std::less<>>& BalanceWords()
     return words;
 }
 
+/// Whether the cell is printable ASCII without two spaces in a row, as most are.
+bool IsClean(std::string_view cell)
+{
+    char before = ' ';
+    for (const char c : cell) {
+        if (c < ' ' || c == 0x7F || (c == ' ' && before == ' '))
+            return false;
+        before = c;
+    }
+    return before != ' ';
+}
+
 /// The cell with single spaces, and without characters that no text holds.
 std::string Cleaned(std::string_view cell)
 {
+    cell = cell.substr(0, kLongestText);
+    if (IsClean(cell))
+        return std::string(cell);
     std::string clean;
     bool space = false;
-    for (cell = cell.substr(0, kLongestText); !cell.empty();) {
+    while (!cell.empty()) {
         const ScannedChar next = FirstChar(cell);
         if (IsSpace(next.code) || next.code == 0x7F)
             space = !clean.empty();

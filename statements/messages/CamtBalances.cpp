@@ -6,11 +6,10 @@ namespace clb {
 
 void CamtBalances::Add(const CamtPart& part)
 {
-    pugi::xml_document document;
-    if (!document.load_buffer(part.text.data(), part.text.size(), pugi::parse_default,
-                              pugi::encoding_utf8))
+    const CamtTree tree(part.text);
+    if (!tree.IsWhole())
         return;
-    const pugi::xml_node node = document.first_child();
+    const CamtNode node = tree.Root();
     const CamtAmount amount = AmountOf(Child(node, "Amt"));
     const auto credit = IsCredit(TextAt(node, "CdtDbtInd"));
     if (currency_.empty())

@@ -13,24 +13,24 @@ namespace {
 
 constexpr std::size_t kUnstructured = 140;  // characters that a line of remittance holds
 
-using Nodes = std::vector<pugi::xml_node>;
+using Nodes = std::vector<CamtNode>;
 
 /// The transactions of an entry. The first version has them in the entry itself.
-Nodes DetailsOf(pugi::xml_node entry)
+Nodes DetailsOf(CamtNode entry)
 {
     Nodes details;
-    const auto add = [&details](pugi::xml_node node) { details.push_back(node); };
+    const auto add = [&details](CamtNode node) { details.push_back(node); };
     ForEach(entry, "TxDtls", add);
-    ForEach(entry, "NtryDtls", [&add](pugi::xml_node node) { ForEach(node, "TxDtls", add); });
+    ForEach(entry, "NtryDtls", [&add](CamtNode node) { ForEach(node, "TxDtls", add); });
     return details;
 }
 
 /// The lines of remittance, joined as one text where a line is full.
-std::string Unstructured(pugi::xml_node details)
+std::string Unstructured(CamtNode details)
 {
     std::string all;
     bool full = false;
-    ForEach(Child(details, "RmtInf"), "Ustrd", [&](pugi::xml_node line) {
+    ForEach(Child(details, "RmtInf"), "Ustrd", [&](CamtNode line) {
         const std::string text = TextOf(line);
         if (!all.empty() && !full)
             all += ' ';
@@ -40,21 +40,20 @@ std::string Unstructured(pugi::xml_node details)
     return all;
 }
 
-void AddStructured(RowText& text, pugi::xml_node details)
+void AddStructured(RowText& text, CamtNode details)
 {
-    ForEach(Child(details, "RmtInf"), "Strd", [&text](pugi::xml_node part) {
+    ForEach(Child(details, "RmtInf"), "Strd", [&text](CamtNode part) {
         text.Add(TextAt(part, "CdtrRefInf/Ref", "CdtrRefInf/CdtrRef"));
-        ForEach(part, "RfrdDocInf", [&text](pugi::xml_node document) {
-            text.Add(TextAt(document, "Nb", "RfrdDocNb"));
-        });
-        ForEach(part, "AddtlRmtInf", [&text](pugi::xml_node line) { text.Add(TextOf(line)); });
+        ForEach(part, "RfrdDocInf",
+                [&text](CamtNode document) { text.Add(TextAt(document, "Nb", "RfrdDocNb")); });
+        ForEach(part, "AddtlRmtInf", [&text](CamtNode line) { text.Add(TextOf(line)); });
     });
 }
 
 /// An amount in the currency of the order, if that is another one.
-void AddOriginalAmount(RowText& text, pugi::xml_node details, const std::string& currency)
+void AddOriginalAmount(RowText& text, CamtNode details, const std::string& currency)
 {
-    const pugi::xml_node amounts = Child(details, "AmtDtls");
+    const CamtNode amounts = Child(details, "AmtDtls");
     for (const char* const path : {"InstdAmt/Amt", "TxAmt/Amt"}) {
         const CamtAmount original = AmountOf(At(amounts, path));
         if (original.amount && !original.currency.empty() && original.currency != currency) {
@@ -64,11 +63,11 @@ void AddOriginalAmount(RowText& text, pugi::xml_node details, const std::string&
     }
 }
 
-void AddCharges(RowText& text, pugi::xml_node node)
+void AddCharges(RowText& text, CamtNode node)
 {
-    ForEach(node, "Chrgs", [&text](pugi::xml_node charges) {
-        const pugi::xml_node total = Child(charges, "TtlChrgsAndTaxAmt");
-        const pugi::xml_node single = Child(charges, "Amt");
+    ForEach(node, "Chrgs", [&text](CamtNode charges) {
+        const CamtNode total = Child(charges, "TtlChrgsAndTaxAmt");
+        const CamtNode single = Child(charges, "Amt");
         const CamtAmount amount = AmountOf(total    ? total
                                            : single ? single
                                                     : At(charges, "Rcrd/Amt"));
@@ -77,9 +76,9 @@ void AddCharges(RowText& text, pugi::xml_node node)
     });
 }
 
-void AddReferences(RowText& text, pugi::xml_node details)
+void AddReferences(RowText& text, CamtNode details)
 {
-    const pugi::xml_node references = Child(details, "Refs");
+    const CamtNode references = Child(details, "Refs");
     text.Add("End-to-end", TextAt(references, "EndToEndId"));
     text.Add("Mandate", TextAt(references, "MndtId"));
     text.Add("Creditor", TextAt(details, "RltdPties/Cdtr/Id/PrvtId/Othr/Id",
@@ -89,15 +88,15 @@ void AddReferences(RowText& text, pugi::xml_node details)
 }
 
 /// All that a transaction says but the other party's name.
-void AddDetails(RowText& text, pugi::xml_node details, const CamtParty& party,
+void AddDetails(RowText& text, CamtNode details, const CamtParty& party,
                 const std::string& currency)
 {
     text.Add(Unstructured(details));
     AddStructured(text, details);
     text.Add(TextAt(details, "AddtlTxInf"));
-    const pugi::xml_node back = Child(details, "RtrInf");
+    const CamtNode back = Child(details, "RtrInf");
     text.Add("Return", TextAt(back, "Rsn/Cd", "Rsn/Prtry"));
-    ForEach(back, "AddtlInf", [&text](pugi::xml_node line) { text.Add(TextOf(line)); });
+    ForEach(back, "AddtlInf", [&text](CamtNode line) { text.Add(TextOf(line)); });
     text.Add("For", party.ultimate);
     AddOriginalAmount(text, details, currency);
     AddCharges(text, details);
@@ -106,9 +105,9 @@ void AddDetails(RowText& text, pugi::xml_node details, const CamtParty& party,
 }
 
 /// The amount of a transaction in an entry. Nothing if it has none in the entry's currency.
-std::optional<Money> DetailAmount(pugi::xml_node details, const std::string& currency, bool credit)
+std::optional<Money> DetailAmount(CamtNode details, const std::string& currency, bool credit)
 {
-    pugi::xml_node node = Child(details, "Amt");
+    CamtNode node = Child(details, "Amt");
     if (!node)
         node = At(details, "AmtDtls/TxAmt/Amt");
     const CamtAmount amount = AmountOf(node);
@@ -125,7 +124,7 @@ std::vector<StatementPiece> PiecesOf(const Nodes& details, const CamtEntry& entr
     std::vector<StatementPiece> pieces;
     Money sum;
     try {
-        for (const pugi::xml_node node : details) {
+        for (const CamtNode node : details) {
             const auto amount = DetailAmount(node, entry.currency, !entry.amount->IsNegative());
             if (!amount)
                 return {};
@@ -152,7 +151,7 @@ std::string Readable(const std::string& information)
 }
 
 /// Name and text of the row.
-void Describe(pugi::xml_node node, const Nodes& details, CamtEntry& entry, const CamtOwner& owner)
+void Describe(CamtNode node, const Nodes& details, CamtEntry& entry, const CamtOwner& owner)
 {
     StatementRow& row = entry.row;
     const std::string additional = Readable(TextAt(node, "AddtlNtryInf"));
@@ -165,7 +164,7 @@ void Describe(pugi::xml_node node, const Nodes& details, CamtEntry& entry, const
             row.pieces = PiecesOf(details, entry, owner);
     }
     if (row.pieces.empty())
-        for (const pugi::xml_node detail : details) {
+        for (const CamtNode detail : details) {
             const CamtParty party = OtherParty(detail, credit, owner);
             if (row.name.empty())
                 row.name = party.name;
@@ -189,18 +188,20 @@ void Describe(pugi::xml_node node, const Nodes& details, CamtEntry& entry, const
         row.text.clear();
 }
 
-std::string SummaryOf(pugi::xml_node node, const CamtEntry& entry)
+}  // namespace
+
+std::string SummaryOf(const CamtPart& part, const CamtEntry& entry)
 {
+    const CamtTree tree(part.text);
+    const CamtNode node = tree.Root();
     std::string summary;
-    for (const std::string& part :
+    for (const std::string& text :
          {TextAt(node, "BookgDt/Dt", "BookgDt/DtTm"), TextAt(node, "CdtDbtInd"),
           TextAt(node, "Amt"), entry.currency, entry.row.name})
-        if (!part.empty())
-            summary += (summary.empty() ? "" : " ") + part;
+        if (!text.empty())
+            summary += (summary.empty() ? "" : " ") + text;
     return FirstWords(summary);
 }
-
-}  // namespace
 
 bool IsBooked(std::string_view state)
 {
@@ -209,11 +210,10 @@ bool IsBooked(std::string_view state)
 
 std::optional<CamtEntry> ReadCamtEntry(const CamtPart& part, const CamtOwner& owner)
 {
-    pugi::xml_document document;
-    if (!document.load_buffer(part.text.data(), part.text.size(), pugi::parse_default,
-                              pugi::encoding_utf8))
+    const CamtTree tree(part.text);
+    if (!tree.IsWhole())
         return {};
-    const pugi::xml_node node = document.first_child();
+    const CamtNode node = tree.Root();
     CamtEntry entry;
     entry.state = IsBooked(TextAt(node, "Sts/Cd") + TextAt(node, "Sts/Prtry") + TextAt(node, "Sts"))
                       ? CamtState::Booked
@@ -224,12 +224,11 @@ std::optional<CamtEntry> ReadCamtEntry(const CamtPart& part, const CamtOwner& ow
     if (amount.amount && credit)
         entry.amount = *credit ? *amount.amount : -*amount.amount;
     entry.row.valueDate = DayOf(Child(node, "ValDt"));
-    const pugi::xml_node booked = Child(node, "BookgDt");
+    const CamtNode booked = Child(node, "BookgDt");
     entry.date = TextAt(booked, "Dt", "DtTm").empty() ? entry.row.valueDate : DayOf(booked);
     Describe(node, DetailsOf(node), entry, owner);
     entry.row.date = entry.date.value_or(Date());
     entry.row.amount = entry.amount.value_or(Money());
-    entry.summary = SummaryOf(node, entry);
     return entry;
 }
 

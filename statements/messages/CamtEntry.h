@@ -18,11 +18,13 @@ struct CamtEntry {
     std::optional<Date> date{};
     std::optional<Money> amount{};  ///< with its sign
     StatementRow row{};
-    std::string summary{};  ///< for a list of what was left out
 };
 
 /// Reads an entry; nothing if its text is not XML after all.
 [[nodiscard]] std::optional<CamtEntry> ReadCamtEntry(const CamtPart& part, const CamtOwner& owner);
+
+/// What an entry that was read says, for a list of what was left out.
+[[nodiscard]] std::string SummaryOf(const CamtPart& part, const CamtEntry& entry);
 
 /// Whether the text between the tags of an entry's state says that it is booked. An entry without
 /// a state is.

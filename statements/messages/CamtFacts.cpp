@@ -19,10 +19,8 @@ std::string_view ReferenceOf(const CamtEntryPart& entry)
 
 std::string CurrencyOf(const CamtEntryPart& entry)
 {
-    pugi::xml_document document;
-    (void)document.load_buffer(entry.amount.data(), entry.amount.size(), pugi::parse_default,
-                               pugi::encoding_utf8);
-    return AmountOf(document.first_child()).currency;
+    const CamtTree tree(entry.amount);
+    return AmountOf(tree.Root()).currency;
 }
 
 std::string TypeOf(const std::string& code)
@@ -32,10 +30,10 @@ std::string TypeOf(const std::string& code)
     return code == "CACC" || code == "SVGS" || code == "TRAN" ? "Bank" : "";
 }
 
-StatementAccount ReadAccount(pugi::xml_node node)
+StatementAccount ReadAccount(CamtNode node)
 {
-    const pugi::xml_node id = Child(node, "Id");
-    const pugi::xml_node bank = At(node, "Svcr/FinInstnId");
+    const CamtNode id = Child(node, "Id");
+    const CamtNode bank = At(node, "Svcr/FinInstnId");
     StatementAccount account;
     account.number = TextAt(id, "IBAN", "Othr/Id");
     if (account.number.empty())
@@ -68,18 +66,16 @@ public:
     }
     void Account(const CamtPart& part) override
     {
-        pugi::xml_document document;
-        (void)document.load_buffer(part.text.data(), part.text.size(), pugi::parse_default,
-                                   pugi::encoding_utf8);
-        account_ = ReadAccount(document.first_child());
-        owner_ = {account_.number, TextAt(document.first_child(), "Ownr/Nm", "Ownr/Pty/Nm")};
+        const CamtTree tree(part.text);
+        account_ = ReadAccount(tree.Root());
+        owner_ = {account_.number, TextAt(tree.Root(), "Ownr/Nm", "Ownr/Pty/Nm")};
     }
     void Balance(const CamtPart& part) override { balances_.Add(part); }
     void Entry(const CamtEntryPart& part) override
     {
-        if (part.amount != lastAmount_) {
+        if (part.amountTag != lastAmountTag_) {
             lastCurrency_ = CurrencyOf(part);
-            lastAmount_ = part.amount;
+            lastAmountTag_ = part.amountTag;
         }
         if (entryCurrency_.empty())
             entryCurrency_ = lastCurrency_;
@@ -151,7 +147,7 @@ private:
     CamtBalances balances_;
     std::set<std::string> currencies_;
     std::string entryCurrency_;
-    std::string_view lastAmount_;
+    std::string_view lastAmountTag_;
     std::string lastCurrency_;
 };
 

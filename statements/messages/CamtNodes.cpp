@@ -1,26 +1,71 @@
 #include "statements/messages/CamtNodes.h"
 
+#include <algorithm>
+
 #include "statements/messages/ExactAmount.h"
 #include "statements/messages/RowText.h"
 
 namespace clb {
 
-std::string_view NameOf(pugi::xml_node node)
+CamtTree::CamtTree(std::string_view text)
+{
+    whole_ =
+        document_.load_buffer(text.data(), text.size(), pugi::parse_default, pugi::encoding_utf8);
+    // Elements point to each other, so there is room for all of them from the start.
+    elements_.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '<')));
+    if (const pugi::xml_node root = document_.first_child())
+        (void)Add(root);
+}
+
+CamtNode::Element* CamtTree::Add(pugi::xml_node node)
 {
     const std::string_view name = node.name();
     const std::size_t colon = name.find(':');
-    return colon == std::string_view::npos ? name : name.substr(colon + 1);
+    CamtNode::Element& element = elements_.emplace_back();
+    element.name = colon == std::string_view::npos ? name : name.substr(colon + 1);
+    element.node = node;
+    const CamtNode::Element** place = &element.child;
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
+        if (child.type() == pugi::node_element) {
+            CamtNode::Element* const added = Add(child);
+            *place = added;
+            place = &added->next;
+        } else if (element.text == nullptr) {
+            element.text = child.value();
+        } else {
+            element.hasMoreText = true;
+        }
+    }
+    return &element;
 }
 
-pugi::xml_node Child(pugi::xml_node node, std::string_view name)
+std::string CamtNode::Attribute(const char* name) const
 {
-    for (const pugi::xml_node child : node.children())
-        if (NameOf(child) == name)
+    return element_ == nullptr ? std::string() : Squeezed(element_->node.attribute(name).value());
+}
+
+std::string CamtNode::Text() const
+{
+    if (element_ == nullptr || element_->text == nullptr)
+        return {};
+    if (!element_->hasMoreText)
+        return Squeezed(element_->text);
+    std::string text;
+    for (pugi::xml_node child = element_->node.first_child(); child; child = child.next_sibling())
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
+            text += child.value();
+    return Squeezed(text);
+}
+
+CamtNode Child(CamtNode node, std::string_view name)
+{
+    for (CamtNode child = node.First(); child; child = child.Next())
+        if (child.IsNamed(name))
             return child;
     return {};
 }
 
-pugi::xml_node At(pugi::xml_node node, std::string_view path)
+CamtNode At(CamtNode node, std::string_view path)
 {
     while (node && !path.empty()) {
         const std::size_t slash = path.find('/');
@@ -30,29 +75,25 @@ pugi::xml_node At(pugi::xml_node node, std::string_view path)
     return node;
 }
 
-std::string TextOf(pugi::xml_node node)
+std::string TextOf(CamtNode node)
 {
-    std::string text;
-    for (const pugi::xml_node child : node.children())
-        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
-            text += child.value();
-    return Squeezed(text);
+    return node.Text();
 }
 
-std::string TextAt(pugi::xml_node node, std::string_view path)
+std::string TextAt(CamtNode node, std::string_view path)
 {
     return TextOf(At(node, path));
 }
 
-std::string TextAt(pugi::xml_node node, std::string_view path, std::string_view other)
+std::string TextAt(CamtNode node, std::string_view path, std::string_view other)
 {
     std::string text = TextAt(node, path);
     return text.empty() ? TextAt(node, other) : text;
 }
 
-CamtAmount AmountOf(pugi::xml_node amount)
+CamtAmount AmountOf(CamtNode amount)
 {
-    return {ExactAmount(TextOf(amount), '.'), Squeezed(amount.attribute("Ccy").value())};
+    return {ExactAmount(TextOf(amount), '.'), amount.Attribute("Ccy")};
 }
 
 std::optional<bool> IsCredit(std::string_view text)
@@ -62,7 +103,7 @@ std::optional<bool> IsCredit(std::string_view text)
     return text == "DBIT" ? std::optional(false) : std::nullopt;
 }
 
-std::optional<Date> DayOf(pugi::xml_node date)
+std::optional<Date> DayOf(CamtNode date)
 {
     const std::string text = TextAt(date, "Dt", "DtTm");
     if (text.size() < 10 || (text.size() > 10 && text.find_first_of("TtZz+- ", 10) != 10))

@@ -122,9 +122,10 @@ private:
         const bool empty = tag.kind == XmlTag::Kind::Empty;
         const std::string_view inside =
             empty ? std::string_view() : text_.substr(element.inside, tag.begin - element.inside);
-        if (element.name == "Amt")
+        if (element.name == "Amt") {
             entry_.amount = text_.substr(element.begin, tag.end - element.begin);
-        else if (element.name == "CdtDbtInd")
+            entry_.amountTag = text_.substr(element.begin, element.inside - element.begin);
+        } else if (element.name == "CdtDbtInd")
             entry_.direction = inside;
         else if (element.name == "Sts")
             entry_.state = inside;

@@ -25,7 +25,8 @@ struct CamtPart {
 
 /// An entry, with those of its direct children that recognise it, as the file has them.
 struct CamtEntryPart : CamtPart {
-    std::string_view amount{};  ///< with its tags
+    std::string_view amount{};     ///< with its tags
+    std::string_view amountTag{};  ///< its opening tag
     std::string_view direction{};
     std::string_view state{};  ///< with the tags in it
     std::string_view bookingDate{};

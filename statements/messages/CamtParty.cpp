@@ -7,7 +7,7 @@
 namespace clb {
 namespace {
 
-std::string PartyName(pugi::xml_node party)
+std::string PartyName(CamtNode party)
 {
     std::string name = TextAt(party, "Nm", "Pty/Nm");
     if (name.empty())
@@ -15,11 +15,11 @@ std::string PartyName(pugi::xml_node party)
     return IsNoReference(name) ? std::string() : name;
 }
 
-CamtParty Side(pugi::xml_node parties, const std::string& side)
+CamtParty Side(CamtNode parties, const std::string& side)
 {
     CamtParty party;
     party.name = PartyName(Child(parties, side));
-    const pugi::xml_node account = At(parties, side + "Acct/Id");
+    const CamtNode account = At(parties, side + "Acct/Id");
     party.account = TextAt(account, "IBAN", "Othr/Id");
     if (party.account.empty())
         party.account = TextAt(account, "PrtryAcct/Id", "BBAN");
@@ -38,11 +38,13 @@ bool IsOwner(const CamtParty& party, const CamtOwner& owner)
 
 }  // namespace
 
-CamtParty OtherParty(pugi::xml_node details, bool credit, const CamtOwner& owner)
+CamtParty OtherParty(CamtNode details, bool credit, const CamtOwner& owner)
 {
-    const pugi::xml_node parties = Child(details, "RltdPties");
+    const CamtNode parties = Child(details, "RltdPties");
     CamtParty usual = Side(parties, credit ? "Dbtr" : "Cdtr");
-    CamtParty opposite = Side(parties, credit ? "Cdtr" : "Dbtr");
+    const std::string side = credit ? "Cdtr" : "Dbtr";
+    const bool named = Child(parties, side) || Child(parties, "Ultmt" + side);
+    CamtParty opposite = named ? Side(parties, side) : CamtParty();
     const bool isOpposite = !opposite.name.empty() && !IsOwner(opposite, owner) &&
                             (usual.name.empty() || IsOwner(usual, owner));
     CamtParty& other = isOpposite ? opposite : usual;

@@ -1,7 +1,8 @@
 // The other party of an entry.
 #pragma once
-#include <pugixml.hpp>
 #include <string>
+
+#include "statements/messages/CamtNodes.h"
 
 namespace clb {
 
@@ -19,6 +20,6 @@ struct CamtParty {
 
 /// The other party by the details of a transaction. Usually the debtor of a credit and the creditor
 /// of a debit; the other one if that is the owner, or missing, as in returned payments.
-[[nodiscard]] CamtParty OtherParty(pugi::xml_node details, bool credit, const CamtOwner& owner);
+[[nodiscard]] CamtParty OtherParty(CamtNode details, bool credit, const CamtOwner& owner);
 
 }  // namespace clb

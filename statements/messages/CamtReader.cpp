@@ -68,7 +68,7 @@ public:
         // Entries without an account of theirs are listed under that of the statement.
         accounts_.To(account ? *account : *facts_.AccountOf(statement_, {}));
         if (const auto reason = WhyNot(*entry, part, account.has_value()))
-            LeaveOut(line, *reason, entry->summary);
+            LeaveOut(line, *reason, SummaryOf(part, *entry));
         else
             Add(*entry, part, line);
     }

@@ -63,11 +63,13 @@ std::string_view Mt940Tag(std::string_view line)
     return std::find(kTags.begin(), kTags.end(), tag) != kTags.end() ? tag : std::string_view();
 }
 
-bool TextLines::Next(std::string_view& line)
+bool LineCutter::Next(std::string_view& line)
 {
     if (at_ >= text_.size())
         return false;
-    const std::size_t end = std::min(text_.find_first_of("\r\n", at_), text_.size());
+    std::size_t end = at_;
+    while (end < text_.size() && text_[end] != '\r' && text_[end] != '\n')
+        ++end;
     line = text_.substr(at_, end - at_);
     at_ = end + (text_.substr(end, 2) == "\r\n" ? 2 : 1);
     at_ = std::min(at_, text_.size());
@@ -82,7 +84,7 @@ bool Mt940Fields::EndsMessage(std::string_view line, std::size_t next) const
         return false;
     if (hasClosing_)
         return true;
-    TextLines lines(text_, next);
+    LineCutter lines(text_, next);
     for (std::string_view following; lines.Next(following);)
         if (following.find_first_not_of(" \t\x03") != std::string_view::npos)
             return !Mt940Tag(following).empty() || IsEnvelope(following);
@@ -111,7 +113,7 @@ void Mt940Fields::Number(Mt940Field& field)
 
 bool Mt940Fields::Next(Mt940Field& field)
 {
-    TextLines lines(text_, at_);
+    LineCutter lines(text_, at_);
     std::string_view line;
     std::string_view before;
     bool inField = false;

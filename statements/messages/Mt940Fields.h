@@ -15,9 +15,9 @@ struct Mt940Field {
 };
 
 /// Cuts a text into lines that end with LF, CR or both.
-class TextLines {
+class LineCutter {
 public:
-    explicit TextLines(std::string_view text, std::size_t at = 0) : text_(text), at_(at) {}
+    explicit LineCutter(std::string_view text, std::size_t at = 0) : text_(text), at_(at) {}
     /// Returns false at the end of the text.
     bool Next(std::string_view& line);
     /// Offset after the last line and its end.

@@ -130,7 +130,7 @@ Mt940Description ReadMt940Ns(std::string_view content)
 {
     RowText purpose;
     RowText name;
-    TextLines lines(content);
+    LineCutter lines(content);
     for (std::string_view line; lines.Next(line);) {
         if (line.size() < 3 || line[0] < '0' || line[0] > '9' || line[1] < '0' || line[1] > '9')
             continue;

@@ -16,7 +16,7 @@ constexpr std::size_t kLong = 55;  // lines below it are not broken because they
 std::vector<std::string_view> LinesOf(std::string_view content)
 {
     std::vector<std::string_view> lines;
-    TextLines cut(content);
+    LineCutter cut(content);
     for (std::string_view line; cut.Next(line);)
         if (line.find_first_not_of(' ') != std::string_view::npos)
             lines.push_back(line);

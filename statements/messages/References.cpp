@@ -22,15 +22,12 @@ std::uint64_t Start(std::size_t number)
 
 void References::Add(std::size_t account, std::string_view reference)
 {
-    const auto [at, added] = single_.emplace(Hashed(Start(account), reference), true);
-    if (!added)
-        at->second = false;
+    (void)rows_.Add(Hashed(Start(account), reference));
 }
 
 bool References::IsSingle(std::size_t account, std::string_view reference) const
 {
-    const auto at = single_.find(Hashed(Start(account), reference));
-    return at != single_.end() && at->second;
+    return rows_.Count(Hashed(Start(account), reference)) == 1;
 }
 
 bool RepeatedRows::Add(std::size_t statement, std::initializer_list<std::string_view> parts)

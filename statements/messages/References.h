@@ -6,6 +6,8 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "base/HashCounts.h"
+
 namespace clb {
 
 /// Counts the rows that have the same reference in the same account. Keeps a hash of each.
@@ -15,7 +17,7 @@ public:
     [[nodiscard]] bool IsSingle(std::size_t account, std::string_view reference) const;
 
 private:
-    std::unordered_map<std::uint64_t, bool> single_;
+    HashCounts rows_;
 };
 
 /// Recognises rows that one statement of a file repeats from an earlier one. Rows within one

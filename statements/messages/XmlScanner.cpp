@@ -8,6 +8,11 @@ namespace {
 constexpr std::string_view kSection = "<![CDATA[";
 constexpr std::string_view kSpaces = " \t\r\n";
 
+bool IsSpace(char c)
+{
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
 }  // namespace
 
 bool XmlScanner::Fail()
@@ -54,30 +59,41 @@ bool XmlScanner::SkipMarkup()
     return SkipTo("]]>");
 }
 
+/// Where the '>' of an opening tag is, or npos. Quoted attributes may hold others.
+std::size_t XmlScanner::EndOfTag(std::size_t at) const
+{
+    for (; at < text_.size(); ++at) {
+        const char c = text_[at];
+        if (c == '>')
+            return at;
+        if (c != '"' && c != '\'')
+            continue;
+        at = text_.find(c, at + 1);
+        if (at == std::string_view::npos)
+            return at;
+    }
+    return std::string_view::npos;
+}
+
 bool XmlScanner::ReadTag(XmlTag& tag)
 {
     tag.begin = at_;
     const bool closes = text_.substr(at_, 2) == "</";
     const std::size_t name = at_ + (closes ? 2 : 1);
-    std::size_t end = name;
-    // Quoted attributes may hold ">".
-    for (char quote = 0; end < text_.size() && (quote != 0 || text_[end] != '>'); ++end) {
-        const char c = text_[end];
-        if (quote == 0 && (c == '"' || c == '\'') && !closes)
-            quote = c;
-        else if (c == quote)
-            quote = 0;
-    }
-    if (end == text_.size())
+    const std::size_t end = closes ? text_.find('>', name) : EndOfTag(name);
+    if (end == std::string_view::npos)
         return Fail();
     at_ = tag.end = end + 1;
     const bool empty = !closes && text_[end - 1] == '/' && end > name;
     tag.kind = closes ? XmlTag::Kind::Close : empty ? XmlTag::Kind::Empty : XmlTag::Kind::Open;
     const std::string_view inside = text_.substr(name, end - name - (empty ? 1 : 0));
-    const std::string_view full = inside.substr(0, inside.find_first_of(kSpaces));
-    const std::size_t colon = full.find(':');
-    tag.prefix = colon == std::string_view::npos ? std::string_view() : full.substr(0, colon);
-    tag.name = colon == std::string_view::npos ? full : full.substr(colon + 1);
+    std::size_t length = 0;
+    std::size_t colon = 0;  // offset after it
+    for (; length < inside.size() && !IsSpace(inside[length]); ++length)
+        if (inside[length] == ':' && colon == 0)
+            colon = length + 1;
+    tag.prefix = inside.substr(0, colon == 0 ? 0 : colon - 1);
+    tag.name = inside.substr(colon, length - colon);
     return true;
 }
 

@@ -33,6 +33,7 @@ private:
     bool SkipMarkup();
     bool SkipDocumentType();
     bool ReadTag(XmlTag& tag);
+    [[nodiscard]] std::size_t EndOfTag(std::size_t at) const;
     bool Fail();
 
     std::string_view text_;

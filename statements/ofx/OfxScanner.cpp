@@ -127,6 +127,8 @@ std::size_t OfxScanner::EndOfAttributes(std::size_t at) const
     const std::string_view rest = text_.substr(at, kLongestAttributes);
     if (rest.empty() || (rest.front() != '>' && rest.front() != '/' && !IsBlank(rest.front())))
         return std::string_view::npos;
+    if (rest.front() == '>')
+        return at;
     const std::size_t end = FindTagEnd(rest);
     if (end == std::string_view::npos)
         return end;
