@@ -204,7 +204,7 @@ void WideImport::Store(Source& source, KeptRows& rows)
         found.push_back(FindAccount(survey, place, found));
     }
     RequireAccounts(found);
-    std::string text = SpecifiedText(source.file, source.answers, *source.reader, rows);
+    std::string text = SpecifiedText(source.file, source.reader->Kind(), rows);
     source.Forget();
     std::vector<std::unique_ptr<AccountFeed>> feeds;
     for (std::size_t place = 0; place < found.size(); ++place)

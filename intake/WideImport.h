@@ -61,7 +61,7 @@ public:
                                                 const IStatementReader& reader,
                                                 const std::vector<OpenQuestion>& questions,
                                                 const StatementAnswers& given) = 0;
-    /// The statement of this name begins. The reader lives until the next one begins.
+    /// The statement of this name begins. The reader lives until its accounts are chosen.
     virtual void Begin(const std::string& /*source*/, const IStatementReader& /*reader*/) {}
     /// The account of the book for this one of the file is about to be found; the user may be asked
     /// for it. place: among the accounts of the file, from 0.
