@@ -12,6 +12,7 @@ namespace {
 std::vector<double> Each(const std::vector<Cost>& costs, double Cost::*part)
 {
     std::vector<double> values;
+    values.reserve(costs.size());
     for (const Cost& cost : costs)
         values.push_back(cost.*part);
     return values;

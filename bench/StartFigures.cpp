@@ -57,6 +57,7 @@ Figure StartFigure(const std::string& name, const std::string& title, const Roun
 double PeakOf(const std::vector<Cost>& costs)
 {
     std::vector<double> peaks;
+    peaks.reserve(costs.size());
     for (const Cost& cost : costs)
         peaks.push_back(static_cast<double>(cost.peakBytes) / (1024.0 * 1024.0));
     return Median(peaks);

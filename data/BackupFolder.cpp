@@ -169,6 +169,7 @@ BackupFolder::Listed BackupFolder::List() const
         throw std::bad_alloc();
     const std::int64_t now = std::int64_t{std::time(nullptr)} * 1000000000;
     std::vector<std::tuple<bool, std::int64_t, std::string>> found;
+    found.reserve(unlisted.size());
     for (const auto& [name, mark] : unlisted)
         found.emplace_back(mark.second <= now + 1000000000, mark.second, name);
     std::sort(found.begin(), found.end());
