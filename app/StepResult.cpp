@@ -17,14 +17,31 @@ void StepResult::Show(const HistoryOutcome& outcome, bool undone)
 {
     if (!window_.GivenPorts().showsResults)
         return;
-    const auto steps = static_cast<std::int64_t>(outcome.steps.size());
+    Show(Sentence(outcome, undone), !undone, static_cast<std::int64_t>(outcome.steps.size()));
+}
+
+bool StepResult::ShowRefusal(const std::string& why, bool undo)
+{
+    if (!window_.GivenPorts().showsResults)
+        return false;
+    const CommandBars& bars = window_.Bars();
+    Show(why, undo, (undo ? bars.NamedUndo() : bars.NamedRedo()) ? 1 : 0);
+    return true;
+}
+
+/// No steps: there is nothing to offer.
+void StepResult::Show(const std::string& text, bool offersUndo, std::int64_t steps)
+{
     shownAt_ = Present();
-    window_.result.Show(Sentence(outcome, undone), undone ? "Redo" : "Undo",
-                        [&window = window_, steps, undone] {
-                            if (undone)
-                                RedoSteps(window, steps);
-                            else
+    window_.result.Show(text,
+                        steps == 0   ? ""
+                        : offersUndo ? "Undo"
+                                     : "Redo",
+                        [&window = window_, steps, offersUndo] {
+                            if (offersUndo)
                                 UndoSteps(window, steps);
+                            else
+                                RedoSteps(window, steps);
                         });
 }
 

@@ -19,6 +19,9 @@ public:
     /// Says what was undone or redone, if the window shows results. The steps are at least one.
     /// Throws EngineError.
     void Show(const HistoryOutcome& outcome, bool undone);
+    /// Says why nothing was undone or redone, and offers to do now what comes next, if there is
+    /// something. Returns false if the window shows no results. Throws EngineError.
+    bool ShowRefusal(const std::string& why, bool undo);
     /// Closes the bar if what it offers no longer fits the book or the place. Called after each
     /// command. Throws EngineError.
     void Follow();
@@ -34,6 +37,7 @@ private:
         bool operator==(const Situation&) const = default;
     };
     [[nodiscard]] Situation Present() const;
+    void Show(const std::string& text, bool offersUndo, std::int64_t steps);
     [[nodiscard]] std::string Sentence(const HistoryOutcome& outcome, bool undone) const;
 
     frmController& window_;

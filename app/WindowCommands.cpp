@@ -202,6 +202,7 @@ using enum Enabled;
 
 constexpr bool kSavesRow = true;
 // New Record leaves the row, which saves it. Delete Record may delete a row that cannot be saved.
+// Undo and Redo save it themselves, before they compare what comes next with their captions.
 // The help does not need the rows.
 constexpr bool kLeavesRow = false;
 
@@ -234,8 +235,8 @@ constexpr WindowCommand kTools[] = {
 };
 
 constexpr WindowCommand kHistory[] = {
-    {command_name::kUndo, "&Undo", "Ctrl+Z", "undo", ForUndo, kSavesRow, Undo},
-    {command_name::kRedo, "&Redo", "Ctrl+Shift+Z; Ctrl+Y", "redo", ForRedo, kSavesRow, Redo},
+    {command_name::kUndo, "&Undo", "Ctrl+Z", "undo", ForUndo, kLeavesRow, Undo},
+    {command_name::kRedo, "&Redo", "Ctrl+Shift+Z; Ctrl+Y", "redo", ForRedo, kLeavesRow, Redo},
     {"mnuY_Rule"},
     {"mnuY_Show", "&Show History...", "", "history", Always, kSavesRow, ShowHistory},
 };

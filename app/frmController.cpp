@@ -123,14 +123,15 @@ void frmController::Settle()
     ShowHistory();
 }
 
-/// What was written is durable already, so no error may be reported here. If there is too little
-/// memory, the next command shows it.
+// Also called after what was written is durable, when no error may be reported any more.
 void frmController::ShowHistory() noexcept
 {
     Quietly([this] {
-        if (history_->Changed()) {
+        const std::uint64_t written = Data().WritesElsewhere();
+        if (history_->Changed() || written != historyShownAt_) {
             bars_.FollowHistory();
             history_->ChangesShown();
+            historyShownAt_ = written;
         }
         results_.Follow();
     });

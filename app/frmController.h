@@ -80,6 +80,11 @@ public:
     History& Steps() { return *history_; }
     /// Shows what Undo and Redo would do now. Throws EngineError.
     void FollowHistory() { bars_.FollowHistory(); }
+    /// The same if a program, this one or another, has changed the history since it was shown. If
+    /// the file cannot be read, the next command shows it.
+    void ShowHistory() noexcept;
+    /// The menus and the toolbar.
+    [[nodiscard]] const CommandBars& Bars() const { return bars_; }
     /// Says in the result bar what Undo and Redo have done.
     StepResult& Results() { return results_; }
     /// Shows the contents of the file again after rows were changed in another way than through the
@@ -138,7 +143,6 @@ private:
     void ShowPresentMonth();
     void NodeClicked(std::int32_t node);
     void ShowStored() noexcept;
-    void ShowHistory() noexcept;
     void ReleaseLock();
 
     Ports ports_;  // with those of unlocked_
@@ -150,6 +154,7 @@ private:
     ExportHost exportHost_;
     bool loaded_ = false;
     bool stale_ = false;  // the window shows data that an error in writing has taken back
+    std::uint64_t historyShownAt_ = 0;  // WritesElsewhere when the history was shown last
     modGlobals globals_;
     std::unique_ptr<History> history_;
     std::unique_ptr<OtherPrograms> others_;

@@ -14,7 +14,8 @@ public:
     using Control::Control;
     [[nodiscard]] bool TakesFocus() const override { return false; }
 
-    /// Says this now. caption is the button's; reverse is what it does.
+    /// Says this now. caption is the button's, which is not there if it is empty; reverse is what
+    /// it does.
     void Show(std::string text, std::string caption, std::function<void()> reverse);
     void Close();
     [[nodiscard]] bool Shown() const { return !text_.empty(); }

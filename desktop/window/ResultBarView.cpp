@@ -82,6 +82,7 @@ void ResultBarView::Follow()
     text_->setToolTip(text);
     setAccessibleName(text);
     reverse_->setText(ToQString(bar_.ButtonCaption()));
+    reverse_->setVisible(!bar_.ButtonCaption().empty());
     reverse_->setIcon(icons::Command(bar_.ButtonCaption() == "Undo" ? "undo" : "redo"));
     if (text.isEmpty())
         return;

@@ -5,6 +5,7 @@
 #include <QStyleOptionSpinBox>
 #include <algorithm>
 
+#include "desktop/input/UndoKeys.h"
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/TextConvert.h"
 
@@ -28,9 +29,10 @@ YearBox::YearBox(TextBox& year, Spinner& spinner, UserEvents& events, QWidget* p
 {
     setAlignment(Qt::AlignRight);
     connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
-        if (IsFourDigits(text))
+        if (IsFourDigits(text) && Edited())
             HandOn();
     });
+    new UndoKeys(*this, *lineEdit(), [this] { return Edited(); });
     year_.Changed().connect(sigc::track_obj([this] { Sync(); }, *this));
     Sync();
 }
@@ -59,11 +61,20 @@ void YearBox::Sync()
     QAccessible::updateAccessibility(&value);
 }
 
+bool YearBox::Edited() const
+{
+    return ToUtf8(lineEdit()->text()) != year_.Text();
+}
+
+/// Ends the edit of the text.
 void YearBox::HandOn()
 {
-    const std::string text = ToUtf8(lineEdit()->text());
-    if (text != year_.Text())
-        events_.Run([&] { year_.Text(text); });
+    if (Edited())
+        events_.Run([this] { year_.Text(ToUtf8(lineEdit()->text())); });
+    // The line forgets what was typed, and Ctrl+Z is the window's command again.
+    const int cursor = lineEdit()->cursorPosition();
+    lineEdit()->setText(lineEdit()->text());
+    lineEdit()->setCursorPosition(cursor);
 }
 
 void YearBox::stepBy(int steps)

@@ -62,8 +62,10 @@ struct BudgetMonth {
 /// What the window shows, and where its user is.
 struct Standing {
     int node = 1;  ///< of the tree, from 1
+    int view = 1;
     BudgetMonth month;
-    std::string type;          ///< of the account; two accounts may have one number
+    std::string account;  ///< the one that the window counts as chosen, and its type
+    std::string type;
     std::vector<bool> folded;  ///< the group headings of the grid
     std::size_t row = 1;
     int column = 1;

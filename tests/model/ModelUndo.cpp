@@ -42,16 +42,18 @@ bool ModelWindow::TakeSteps(bool undo, std::size_t count)
     return true;
 }
 
+/// A disabled command does nothing. The others save the row first.
 void ModelWindow::TakeOneByOne(bool undo, const Action& action)
 {
-    if (action.second % 2 == 1 && !Save())
-        return;
     for (int count = action.first % 4; count >= 0; --count)
-        TakeSteps(undo, 1);
+        if ((undo ? history_.Done() : history_.Undone()) > 0 && Save())
+            TakeSteps(undo, 1);
 }
 
 void ModelWindow::GoBackTo(int step)
 {
+    if (!Save())
+        return;
     boxes_.push_back("history" + history_.List());
     const std::size_t count = history_.Done() + history_.Undone();
     if (count == 0)
@@ -79,7 +81,10 @@ void ModelWindow::Reload()
 
 void ModelWindow::StandAt(const Standing& standing)
 {
-    if (standing.node != selected_ || !(standing.month == month_)) {
+    const int view = tree_[static_cast<std::size_t>(standing.node) - 1].tag[0] - '0';
+    // The tree may select another node than the one that is shown.
+    if (view == standing.view &&
+        (standing.node != selected_ || view != view_ || !(standing.month == month_))) {
         month_ = standing.month;
         ClickNode(static_cast<std::size_t>(standing.node));
     }
@@ -91,6 +96,7 @@ void ModelWindow::StandAt(const Standing& standing)
     column_ = standing.column;
     inGrid_ = standing.inGrid;
     Choose();
+    account_ = standing.account;
     type_ = standing.type;
 }
 

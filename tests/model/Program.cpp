@@ -328,9 +328,6 @@ void Program::Kill(const Action& action)
 
 void Program::TakeSteps(const char* item, const Action& action)
 {
-    if (action.second % 2 == 1 && !Grid().MayLoseFocus())
-        return;
-    window_->Settle();
     for (int count = action.first % 4; count >= 0; --count) {
         Menu(item);
         window_->Settle();
@@ -376,12 +373,6 @@ void Program::GoBackTo(const Action& action)
         (back.Enabled() ? back : Part<Button>(form, "btnForward")).Press();
     });
     Menu("mnuY_Show");
-}
-
-bool Program::OnlyNotes()
-{
-    const std::optional<Step> newest = window_->Steps().NextToUndo();
-    return newest && CountOwn(window_->Steps().Rows(*newest, kAllRows)) == 0;
 }
 
 std::size_t Program::Take(bool undo, std::size_t most)
@@ -456,7 +447,9 @@ Standing Program::Stands()
 {
     Standing standing;
     standing.node = window_->TreeView.Selected();
+    standing.view = window_->View().View();
     standing.month = {window_->View().Year(), window_->View().Period()};
+    standing.account = window_->View().AccountID();
     standing.type = window_->View().AccountType();
     for (std::size_t row = 1; row <= Grid().Rows().Count(); ++row)
         if (Grid().Rows().Kind(row) == GridRowKind::GroupHeading)
