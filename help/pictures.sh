@@ -129,6 +129,7 @@ sleep 0.5
     printf '%s\n' '17/04/2026;18/04/2026;Fibrelink;Internet;61,95;1.992,15'
 } >"$work/bare.csv"
 for table in april:tables bare:columns; do
+    window '^Budget - Corvane Ledgerbook$' >/dev/null
     keys alt+f i
     window '^Import$' >/dev/null
     type_text "$work/${table%:*}.csv"
