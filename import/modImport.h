@@ -2,6 +2,7 @@
 #pragma once
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,8 +52,9 @@ public:
     bool FindAccount(std::string& accountID);
     /// How much of a memo is stored: as of a file, its first 50 characters, or all of it.
     enum class Memos : std::uint8_t { Short, Whole };
-    /// Reads the text of an OFX file whose account is there. Shows errors in the text to the user.
-    void ImportText(std::string text, Memos memos);
+    /// Reads the text of an OFX file into an account that is there, whichever account it names.
+    /// Shows errors in the text to the user.
+    void ImportText(const std::string& accountID, std::string text, Memos memos);
     /// Ends the command: recomputes every account's balance and reloads the view.
     void EndTexts();
 
@@ -89,7 +91,9 @@ private:
     static std::int32_t FormatOf(const std::string& path, const std::string& text);
     /// ImportOFX of the text that readText gives; tells its errors too.
     void ImportMarkup(const std::function<std::string()>& readText);
-    void ReadMarkup(const std::function<std::string()>& readText, Memos memos);
+    /// accountID: absent if the text's own is to be found
+    void ReadMarkup(const std::function<std::string()>& readText, Memos memos,
+                    const std::optional<std::string>& accountID);
     std::string NewRun();
     void ForgetBalances();
     void KeepFileBeforeMapping(const std::string& accountID);

@@ -56,6 +56,8 @@ public:
     /// none.
     bool FindAccount(std::string text);
     [[nodiscard]] const std::string& AccountID() const { return accountID_; }
+    /// Takes an account that is there instead of the one that the file names.
+    void AccountID(const std::string& accountID) { accountID_ = accountID; }
     /// Returns false if the user cancels.
     bool CheckAccount() { return host_.CheckImportAccount(accountID_); }
     void ReadRows();
@@ -254,16 +256,17 @@ void modImport::ImportOFX(const std::string& path)
 void modImport::ImportMarkup(const std::function<std::string()>& readText)
 {
     BeginTexts();
-    ReadMarkup(readText, Memos::Short);
+    ReadMarkup(readText, Memos::Short, {});
     rows_.rows.Close();
 }
 
-void modImport::ImportText(std::string text, Memos memos)
+void modImport::ImportText(const std::string& accountID, std::string text, Memos memos)
 {
-    ReadMarkup([&text] { return std::move(text); }, memos);
+    ReadMarkup([&text] { return std::move(text); }, memos, accountID);
 }
 
-void modImport::ReadMarkup(const std::function<std::string()>& readText, Memos memos)
+void modImport::ReadMarkup(const std::function<std::string()>& readText, Memos memos,
+                           const std::optional<std::string>& accountID)
 {
     OfxReader reader(database_, host_, counts_, memos, rows_);
     const auto succeeds = [&](const auto& read) {
@@ -281,8 +284,11 @@ void modImport::ReadMarkup(const std::function<std::string()>& readText, Memos m
     // Any other error is not about the data of the statement and ends the command.
     if (!succeeds([&] { return reader.FindAccount(readText()); }))
         return;
-    KeepFileBeforeMapping(reader.AccountID());
-    if (!succeeds([&] { return reader.CheckAccount(); }))
+    if (accountID)
+        reader.AccountID(*accountID);
+    else
+        KeepFileBeforeMapping(reader.AccountID());
+    if (!accountID && !succeeds([&] { return reader.CheckAccount(); }))
         return;
     database_.Lock();
     if (!balancesNoted_)

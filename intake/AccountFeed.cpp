@@ -14,11 +14,12 @@ constexpr std::size_t kRowsAtOnce = 2'000;
 AccountFeed::AccountFeed(clsDatabase& database, modImport& import, std::string accountID,
                          const StatementAccount& account, FeedWatch watch)
     : import_(import),
+      accountID_(std::move(accountID)),
       watch_(std::move(watch)),
       identifiers_(account.number),
-      earlier_(database, accountID),
-      text_(accountID, account),
-      additions_(database, accountID)
+      earlier_(database, accountID_),
+      text_(accountID_, account),
+      additions_(database, accountID_)
 {
 }
 
@@ -80,7 +81,7 @@ void AccountFeed::Pass()
         return;
     const auto rows = static_cast<std::int64_t>(text_.Rows());
     const std::int32_t before = import_.Counts().added;
-    import_.ImportText(text_.Take(), modImport::Memos::Whole);
+    import_.ImportText(accountID_, text_.Take(), modImport::Memos::Whole);
     const std::int64_t stored = import_.Counts().added - before;
     added_ += stored;
     // The import has told the user of its error.
@@ -101,7 +102,7 @@ bool AccountFeed::ImportAgrees(const StatementRow& row)
 void AccountFeed::PassWhole(std::string text)
 {
     const ImportCounts before = import_.Counts();
-    import_.ImportText(std::move(text), modImport::Memos::Short);
+    import_.ImportText(accountID_, std::move(text), modImport::Memos::Short);
     added_ = import_.Counts().added - before.added;
     known_ = import_.Counts().duplicates - before.duplicates;
 }

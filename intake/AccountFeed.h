@@ -58,6 +58,7 @@ private:
     void Pass();
 
     modImport& import_;
+    std::string accountID_;
     FeedWatch watch_;
     RowIdentifiers identifiers_;
     EarlierRows earlier_;
