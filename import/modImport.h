@@ -64,6 +64,8 @@ public:
     static void FixLineEndings(const std::string& path);
     /// 2 = OFX, QFX or OFC, 3 = QIF, 0 = none of these. Throws RuntimeError if it cannot be read.
     static std::int32_t DetectFileFormat(const std::string& path);
+    /// DetectFileFormat of a file whose decoded text is known.
+    static std::int32_t FormatOf(const std::string& path, const std::string& text);
     /// Reads an OFX, QFX or OFC file. Shows errors in the file to the user.
     void ImportOFX(const std::string& path);
     /// Reads a QIF file into the account that the user chooses, then shows the lines that could not
@@ -87,8 +89,6 @@ private:
     /// before the message, which may stay open for long.
     void StoreBalances();
     bool ImportByFormat(const std::string& path);
-    /// DetectFileFormat of a file whose text is known.
-    static std::int32_t FormatOf(const std::string& path, const std::string& text);
     /// ImportOFX of the text that readText gives; tells its errors too.
     void ImportMarkup(const std::function<std::string()>& readText);
     /// accountID: absent if the text's own is to be found

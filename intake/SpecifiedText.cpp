@@ -7,11 +7,8 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "files/TemporaryFolder.h"
-#include "files/WholeFile.h"
+#include "import/LineEndings.h"
 #include "import/Omissions.h"
-#include "import/StatementFile.h"
-#include "import/StatementKind.h"
 #include "import/StatementScan.h"
 #include "import/modImport.h"
 #include "intake/OfxText.h"
@@ -52,13 +49,10 @@ std::optional<std::vector<std::size_t>> Hashes(const KeptRows& rows)
 /// The file as it is after the repair of its line ends; nothing if the import knows no such file.
 std::optional<std::string> Repaired(const SourceFile& file)
 {
-    const TemporaryFolder folder;
-    const std::string path = folder.Path("statement.ofx");
-    CreateFile(path, file.bytes);
-    modImport::FixLineEndings(path);
-    if (modImport::DetectFileFormat(path) != kMarkup)
+    std::string text = DecodeFile(WithRepairedLineEnds(file.bytes));
+    if (modImport::FormatOf({}, text) != kMarkup)
         return std::nullopt;
-    return ReadStatement(path);
+    return text;
 }
 
 /// The rows as the import finds them; nothing if it would stop at one.

@@ -53,9 +53,8 @@ TEST_F(QifIntakeTest, RowsGoIntoAnAccountWhateverItsName)
     const std::string name = "Max & <Moritz>  'joint'";
     books_.AddAccount(name, "Bank", "Joint");
 
-    EXPECT_EQ(books_.Added("!Account\nN" + name +
-                           "\n^\n!Type:Bank\nD1/15/2024\nT250.00\nPPay\n^\n"),
-              1);
+    EXPECT_EQ(
+        books_.Added("!Account\nN" + name + "\n^\n!Type:Bank\nD1/15/2024\nT250.00\nPPay\n^\n"), 1);
 
     EXPECT_EQ(books_.RowsOf("Max & <Moritz>  ''joint''").size(), 1U);
 }
