@@ -44,20 +44,28 @@ void CommandBars::ButtonPressed(const std::string& key)
 
 void CommandBars::FollowHistory()
 {
-    const std::optional<Step> undo = window_.Steps().NextToUndo();
-    const std::optional<Step> redo = window_.Steps().NextToRedo();
-    Name(command_name::kUndo, undo);
+    History& history = window_.Steps();
+    std::optional<Step> undo = history.NextToUndo();
+    std::optional<Step> redo = history.NextToRedo();
+    const bool ended = !undo && !history.EndedAt().empty();
+    Name(command_name::kUndo, undo, ended ? " (not possible: tables were changed)" : "");
     Name(command_name::kRedo, redo);
-    now_.forUndo = undo.has_value();
-    now_.forRedo = redo.has_value();
+    undo_ = std::move(undo);
+    redo_ = std::move(redo);
+    now_.forUndo = undo_.has_value();
+    now_.forRedo = redo_.has_value();
     Enable();
 }
 
-/// The caption says what the command would do: "&Undo Delete Record".
-void CommandBars::Name(const char* command, const std::optional<Step>& step)
+/// The caption says what the command would do: "&Undo Delete Record". none is added if there is
+/// nothing to do.
+void CommandBars::Name(const char* command, const std::optional<Step>& step,
+                       const std::string& none)
 {
     std::string caption = CaptionOf(*FindCommand(command));
-    if (step)
+    if (!step)
+        caption += none;
+    else
         caption += " " + Replace(step->what, "&", "&&") +
                    (window_.Steps().IsOfAnother(*step) ? " (another program)" : "");
     window_.menus.Find(command)->Caption(caption);

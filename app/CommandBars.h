@@ -25,14 +25,19 @@ public:
     /// Says in the captions what Undo and Redo would do, and enables them if there is something.
     /// Throws EngineError.
     void FollowHistory();
+    /// The steps that the captions of Undo and Redo name; nothing if there is none.
+    [[nodiscard]] const std::optional<Step>& NamedUndo() const { return undo_; }
+    [[nodiscard]] const std::optional<Step>& NamedRedo() const { return redo_; }
 
 private:
     void ButtonPressed(const std::string& key);
     void Enable();
-    void Name(const char* command, const std::optional<Step>& step);
+    void Name(const char* command, const std::optional<Step>& step, const std::string& none = "");
 
     frmController& window_;
     EnabledNow now_;
+    std::optional<Step> undo_;
+    std::optional<Step> redo_;
     std::vector<std::pair<MenuItem*, Enabled>> lines_;  // those that are not always enabled
 };
 

@@ -81,7 +81,6 @@ bool OtherPrograms::Follow()
     treeOutdated_ = !Succeeds([this] { FollowTree(); });
     Succeeds([this] { window_.View().ReadAnew(); });
     Succeeds([this] { window_.ShowBalanceNotice(); });
-    Succeeds([this] { window_.FollowHistory(); });
     followed_ = written;
     return !inGrid || KeepsRow(current);
 }

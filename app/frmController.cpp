@@ -111,6 +111,23 @@ void frmController::Settle()
 {
     if (!loaded_)
         return;
+    MakeDurable();
+    history_->End();
+    ShowStored();
+    ShowHistory();
+}
+
+void frmController::SettleDialog()
+{
+    if (!loaded_)
+        return;
+    MakeDurable();
+    ShowStored();
+    ShowHistory();
+}
+
+void frmController::MakeDurable()
+{
     View().DropClosedRows();
     stale_ = stale_ || Data().Database().LostGroup();
     try {
@@ -120,19 +137,17 @@ void frmController::Settle()
         ShowStored();
         throw;
     }
-    history_->End();
-    ShowStored();
-    ShowHistory();
 }
 
-/// What was written is durable already, so no error may be reported here. If there is too little
-/// memory, the next command shows it.
+// Also called after what was written is durable, when no error may be reported any more.
 void frmController::ShowHistory() noexcept
 {
     Quietly([this] {
-        if (history_->Changed()) {
+        const std::uint64_t written = Data().WritesElsewhere();
+        if (history_->Changed() || written != historyShownAt_) {
             bars_.FollowHistory();
             history_->ChangesShown();
+            historyShownAt_ = written;
         }
         results_.Follow();
     });

@@ -51,6 +51,8 @@ public:
     /// command. If writing fails, the window shows the contents of the file again. Throws
     /// EngineError.
     void Settle();
+    /// The same after an action in a dialog that a command has opened. The command's step goes on.
+    void SettleDialog();
     /// Takes back what a command has written after an error that no command reports, such as too
     /// little memory. The window then takes input and shows the contents of the file. Never throws:
     /// if there is too little memory to show something, it is shown after the next command.
@@ -86,7 +88,12 @@ public:
     History& Steps() { return *history_; }
     /// Shows what Undo and Redo would do now. Throws EngineError.
     void FollowHistory() { bars_.FollowHistory(); }
-    /// Says in the result bar what Undo and Redo have done.
+    /// The same if a program, this one or another, has changed the history since it was shown. If
+    /// the file cannot be read, the next command shows it.
+    void ShowHistory() noexcept;
+    /// The menus and the toolbar.
+    [[nodiscard]] const CommandBars& Bars() const { return bars_; }
+    /// Says in the result bar what a command has done.
     StepResult& Results() { return results_; }
     /// Shows the contents of the file again after rows were changed in another way than through the
     /// grid.
@@ -95,6 +102,8 @@ public:
     clsView& View() { return *globals_.view; }
     clsDatabase& Data() { return *globals_.database; }
     modImport& Import() { return *import_; }
+    /// See ImportHost::Propose.
+    void ProposeAccount(AccountProposal proposal) { importHost_.Propose(std::move(proposal)); }
     modExport& Export() { return *export_; }
     /// The notice about balances that did not fit their rows, until a person has confirmed it.
     /// Empty if there are none, and under automation.
@@ -140,11 +149,11 @@ public:
 
 private:
     void OpenGlobals();
+    void MakeDurable();
     void Connect();
     void ShowPresentMonth();
     void NodeClicked(std::int32_t node);
     void ShowStored() noexcept;
-    void ShowHistory() noexcept;
     void ReleaseLock();
 
     Ports ports_;  // with those of unlocked_
@@ -158,6 +167,7 @@ private:
     ExportHost exportHost_;
     bool loaded_ = false;
     bool stale_ = false;  // the window shows data that an error in writing has taken back
+    std::uint64_t historyShownAt_ = 0;  // WritesElsewhere when the history was shown last
     modGlobals globals_;
     std::unique_ptr<History> history_;
     std::unique_ptr<OtherPrograms> others_;

@@ -126,15 +126,12 @@ std::vector<RowList::Line> frmHistory::StepLines()
               step.undone}});
         places_[lines.size()] = place;
     }
-    if (!endedAt_.empty())
-        lines.push_back(EndLine());
+    if (!endedAt_.empty()) {
+        // Two lines, because the list is too narrow for both sentences.
+        lines.push_back({"Tables were changed on " + ShownDay(endedAt_.substr(0, 10)) + "."});
+        lines.push_back({"Earlier steps cannot be undone."});
+    }
     return lines;
-}
-
-RowList::Line frmHistory::EndLine() const
-{
-    return {"Tables were changed on " + ShownDay(endedAt_.substr(0, 10)) +
-            ". What was done before cannot be undone."};
 }
 
 /// Chooses the step with this number; without it the newest that is not undone, else the first.
@@ -191,8 +188,11 @@ void frmHistory::ShowStep()
 std::string frmHistory::WhatItTakes() const
 {
     const Step* const step = Chosen();
+    if (step == nullptr && !steps_.empty())
+        return "No step matches.";
     if (step == nullptr)
-        return steps_.empty() ? "There is nothing to undo." : "No step matches.";
+        return endedAt_.empty() ? "There is nothing to undo."
+                                : "There is nothing to undo since tables were changed.";
     return step->undone ? "Going forward to after this brings back " + Count(StepsTo(*step)) + "."
                         : "Going back to before this takes back " + Count(StepsTo(*step)) + ".";
 }

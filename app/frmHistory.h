@@ -29,7 +29,6 @@ private:
     void Load();
     void List();
     [[nodiscard]] std::vector<RowList::Line> StepLines();
-    [[nodiscard]] RowList::Line EndLine() const;
     [[nodiscard]] std::string DayHeading(const std::string& day) const;
     [[nodiscard]] std::string ShownDay(const std::string& day) const;
     void ChooseStep(std::int64_t number);

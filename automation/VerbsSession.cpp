@@ -1,11 +1,15 @@
 #include <limits>
 
 #include "app/OtherPrograms.h"
+#include "app/StatementImport.h"
+#include "app/StatementQuestions.h"
 #include "automation/CallOperations.h"
 #include "automation/StateReport.h"
 #include "automation/VerbTable.h"
+#include "base/RuntimeError.h"
 #include "history/HistoryJson.h"
-#include "json/RunSql.h"
+#include "history/SentSql.h"
+#include "intake/StatementJson.h"
 
 namespace clb {
 namespace {
@@ -14,6 +18,8 @@ constexpr std::int64_t kAllSteps = std::numeric_limits<std::int64_t>::max();
 
 Json Window(Session& session, const Request&)
 {
+    // What the captions name is what Undo and Redo do, whichever program has made it.
+    session.controller.ShowHistory();
     return DescribeWindow(session.controller);
 }
 
@@ -47,15 +53,58 @@ Json Log(Session& session, const Request&)
     return {{"events", session.log.Take()}};
 }
 
-Json ListSteps(Session& session, const Request&)
+/// A whole number of at least 1; by default another one.
+std::int64_t Positive(const Request& request, const char* name, std::int64_t byDefault)
 {
-    return {{"steps", ToJson(NewestSteps(session.controller.Steps(), kAllSteps))}};
+    if (!request.Has(name))
+        return byDefault;
+    const std::int32_t number = request.Long(name);
+    if (number < 1)
+        throw RequestError(std::string("Wrong argument: \"") + name + "\" must be at least 1");
+    return number;
+}
+
+Json DescribeStep(History& history, std::int64_t number)
+{
+    const std::optional<Step> step = history.Find(number);
+    if (!step)
+        throw RequestError("The history has no step " + std::to_string(number));
+    try {
+        return StepReply(history, *step);
+    } catch (const HistoryRefusal& refusal) {
+        throw RuntimeError(errors::InvalidCall, refusal.what());
+    }
+}
+
+Json ListSteps(Session& session, const Request& request)
+{
+    const std::int64_t limit = Positive(request, "limit", kAllSteps);
+    const std::int64_t number = Positive(request, "step", 0);
+    session.controller.ShowHistory();
+    History& history = session.controller.Steps();
+    if (number != 0)
+        return DescribeStep(history, number);
+    return {{"steps", ToJson(NewestSteps(history, limit))}};
+}
+
+/// Imports a statement of any kind. The statement's keys stand at the top too if there is one only.
+Json Open(Session& session, const Request& request)
+{
+    StatementQuestions questions(session.controller);
+    StatementImport command(session.controller, questions);
+    Json files = Json::array();
+    for (const ImportedStatement& statement : command.Import(request.Text("file")))
+        files.push_back(ToJson(statement));
+    Json reply = files.size() == 1 ? files.front() : Json::object();
+    reply["files"] = std::move(files);
+    reply["dryRun"] = false;
+    return reply;
 }
 
 Json Sql(Session& session, const Request& request)
 {
-    session.controller.Steps().Begin("SQL");
-    return RunSql(session.controller.Data().Database(), request.Text("text"));
+    return RunSent(session.controller.Data().Database(), session.controller.Steps(),
+                   request.Text("text"));
 }
 
 Json Call(Session& session, const Request& request)
@@ -98,7 +147,7 @@ const VerbTable& SessionVerbs()
         {"answer", {Answer, false}},     {"log", {Log, false}},
         {"sql", {Sql, false}},           {"call", {Call, false}},
         {"trace", {Trace, false}},       {"screenshot", {Screenshot, false}},
-        {"history", {ListSteps, false}},
+        {"history", {ListSteps, false}}, {"open", {Open, false}},
     };
     return verbs;
 }

@@ -43,6 +43,9 @@ struct CheckHistory::Step {
     std::int64_t parts = 0;
     std::int64_t rowsFound = 0;
     std::int64_t bytesFound = 0;
+    bool summed = false;  ///< there is a checksum
+    std::optional<std::int64_t> sum{};
+    std::int64_t sumFound = 0;
     bool readable = true;
     bool numbered = true;  ///< the parts are 1, 2, 3 ...
 
@@ -57,6 +60,8 @@ struct CheckHistory::Step {
         rows = whole(3);
         state = whole(4);
         bytes = whole(5);
+        summed = !row.IsNull(8);
+        sum = whole(8);
     }
     [[nodiscard]] bool IsUndone() const { return state == kUndone; }
     [[nodiscard]] std::string Name() const
@@ -80,6 +85,8 @@ struct CheckHistory::Step {
             return "lacks a part of its record";
         if (!readable)
             return "has a record that cannot be read";
+        if (summed && sum != sumFound)
+            return "has a record that is not what was stored";
         // A step that was undone and redone describes a row once that it changed twice.
         if (!rows || *rows < rowsFound)
             return "has a record of more rows than it says";
@@ -137,9 +144,11 @@ void CheckHistory::FindUnsoundTable(const std::string& table)
 void CheckHistory::FindSteps()
 {
     std::optional<Step> step;
+    const bool summed = raw_.Find("CvStep")->Find("Checksum") != nullptr;
     raw_.Select(
-        "SELECT s.Step, s.At, s.What, s.\"Rows\", s.Undone, s.Bytes, c.Part, c.Data FROM CvStep s "
-        "LEFT JOIN CvChange c ON c.Step = s.Step ORDER BY s.Step, c.Part",
+        "SELECT s.Step, s.At, s.What, s.\"Rows\", s.Undone, s.Bytes, c.Part, c.Data, " +
+            std::string(summed ? "s.Checksum" : "NULL") +
+            " FROM CvStep s LEFT JOIN CvChange c ON c.Step = s.Step ORDER BY s.Step, c.Part",
         [&](const RawSql::Row& row) {
             if (step && step->number != row.Integer(0)) {
                 Close(*step);
@@ -160,6 +169,7 @@ void CheckHistory::TakePart(Step& step, const RawSql::Row& row)
     const std::string_view data = row.Text(7);
     step.numbered = step.numbered && row.Integer(6) == ++step.parts;
     step.bytesFound += static_cast<std::int64_t>(data.size());
+    step.sumFound = packed::Checksum(step.sumFound, data);
     const std::optional<std::int64_t> rows = RowsIn(data);
     step.readable = step.readable && rows.has_value();
     step.rowsFound += rows.value_or(0);

@@ -1,9 +1,17 @@
 #include "cli/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <charconv>
+#include <system_error>
 #include <utility>
 
 namespace clb {
+namespace {
+
+/// More than any command can use; short enough to be read.
+constexpr std::int64_t kMost = 1'000'000'000'000;
+
+}  // namespace
 
 Argument& Argument::Required()
 {
@@ -43,8 +51,16 @@ Argument& Argument::OneOf(const std::vector<std::string>& texts)
 
 Argument& Argument::Positive()
 {
-    option_->check(CLI::PositiveNumber);
-    return *this;
+    return Check({[](const std::string& text) {
+                      std::int64_t number = 0;
+                      const char* const end = text.data() + text.size();
+                      const auto [rest, error] = std::from_chars(text.data(), end, number);
+                      return error == std::errc() && rest == end && number > 0 && number <= kMost
+                                 ? std::string()
+                                 : "\"" + text + "\" is not a whole number from 1 to " +
+                                       std::to_string(kMost);
+                  },
+                  "POSITIVE"});
 }
 
 Argument& Argument::Between(std::int32_t least, std::int32_t most)

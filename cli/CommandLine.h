@@ -39,6 +39,7 @@ public:
 
     Argument& Check(const TextCheck& check);
     Argument& OneOf(const std::vector<std::string>& texts);
+    /// A whole number from 1 to 1,000,000,000,000.
     Argument& Positive();
     /// Both ends are allowed.
     Argument& Between(std::int32_t least, std::int32_t most);

@@ -8,7 +8,9 @@
 #include "cli/FolderOptions.h"
 #include "cli/Program.h"
 #include "cli/Table.h"
+#include "engine/storage/Database.h"
 #include "history/HistoryJson.h"
+#include "platform/ProgramFolder.h"
 
 namespace clb {
 namespace {
@@ -64,7 +66,7 @@ void PrintSteps(const std::vector<Step>& steps)
     table.Print(std::cout);
 }
 
-void PrintStep(History& history, const Step& step)
+void PrintStep(HistoryReader& history, const Step& step)
 {
     // A damaged record ends the command before it prints anything.
     const std::vector<RowStory> rows = history.Rows(step, std::numeric_limits<std::size_t>::max());
@@ -80,9 +82,10 @@ void PrintStep(History& history, const Step& step)
 
 void PrintHistory(const HistoryOptions& options)
 {
-    NoForms forms;
-    Program program(OpenFolder(options.home), forms);
-    History& history = program.Window().Steps();
+    Database book;
+    book.OpenToRead(DatabasePath(OpenFolder(options.home)));
+    book.Run("BEGIN");  // all that is read is of one moment
+    HistoryReader history(book);
     if (options.step) {
         const std::optional<Step> step = history.Find(*options.step);
         if (!step)
@@ -90,10 +93,7 @@ void PrintHistory(const HistoryOptions& options)
                                "The history has no step " + std::to_string(*options.step) + ".");
         if (!options.json)
             return PrintStep(history, *step);
-        const Json changes = ChangesJson(history, *step);
-        Json printed = ToJson(*step);
-        printed["changes"] = changes;
-        std::cout << ToLine({{"steps", Json::array({printed})}, {"changes", changes}}) << '\n';
+        std::cout << ToLine(StepReply(history, *step)) << '\n';
         return;
     }
     const std::vector<Step> steps = NewestSteps(history, options.limit);

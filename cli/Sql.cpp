@@ -8,9 +8,8 @@
 #include "cli/Commands.h"
 #include "cli/FolderOptions.h"
 #include "engine/rows/Connection.h"
-#include "history/History.h"
+#include "history/SentSql.h"
 #include "json/Reply.h"
-#include "json/RunSql.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
 
@@ -32,8 +31,7 @@ std::string Reply(const SqlOptions& options, int& exitCode)
         connection.Open("Data Source=" + options.folder + "/db/clb.mdb");
         History history(
             connection, [] { return SystemClock().Now(); }, std::to_string(getpid()));
-        history.Begin("SQL");
-        std::string reply = ToLine(GoodReply(RunSql(connection, options.statement)));
+        std::string reply = ToLine(GoodReply(RunSent(connection, history, options.statement)));
         Interruption::Check();
         connection.Settle();
         exitCode = 0;

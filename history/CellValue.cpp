@@ -1,5 +1,6 @@
 #include "history/CellValue.h"
 
+#include <cmath>
 #include <limits>
 #include <optional>
 
@@ -22,6 +23,11 @@ std::optional<Value> OfInteger(std::int64_t number, FieldType type)
     }
 }
 
+bool FitsSingle(double real)
+{
+    return std::abs(real) <= static_cast<double>(std::numeric_limits<float>::max());
+}
+
 }  // namespace
 
 Value ValueOf(const StoredCell& cell, FieldType type)
@@ -31,7 +37,7 @@ Value ValueOf(const StoredCell& cell, FieldType type)
     if (const auto* number = std::get_if<std::int64_t>(&cell))
         return OfInteger(*number, type).value_or(std::to_string(*number));
     if (const auto* real = std::get_if<double>(&cell)) {
-        if (type == FieldType::Single)
+        if (type == FieldType::Single && (std::isinf(*real) || FitsSingle(*real)))
             return static_cast<float>(*real);
         return type == FieldType::Double ? Value(*real) : Value(ToText(*real));
     }

@@ -136,6 +136,18 @@ void ChangeLog::Fold(std::size_t entry, RowChanged& into, int columns) const
     into.hash = entries_[entry].hash;
 }
 
+std::vector<ChangeLog::Table> ChangeLog::Tables() const
+{
+    std::vector<bool> written(tables_.size());
+    for (const Entry& entry : entries_)
+        written[entry.table] = true;
+    std::vector<Table> found;
+    for (std::size_t table = 0; table < tables_.size(); ++table)
+        if (written[table])
+            found.push_back(tables_[table]);
+    return found;
+}
+
 void ChangeLog::Visit(IChangesVisitor& visitor) const
 {
     for (std::uint32_t table = 0; table < tables_.size(); ++table) {

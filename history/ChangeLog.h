@@ -45,6 +45,12 @@ public:
     /// The hash of the last noted row's cells before its change; 0 for an insertion.
     [[nodiscard]] std::uint64_t LastBefore() const { return lastBefore_; }
 
+    struct Table {
+        std::string name;
+        int columns;
+    };
+    /// The tables of the changes noted.
+    [[nodiscard]] std::vector<Table> Tables() const;
     /// Hands out what has changed in the end, without the rows that are gone as they came and those
     /// that were written with what they held.
     void Visit(IChangesVisitor& visitor) const;
@@ -58,10 +64,6 @@ private:
         std::uint32_t table;
         bool was;
         bool is;
-    };
-    struct Table {
-        std::string name;
-        int columns;
     };
 
     std::uint32_t TableOf(const ChangingRow& row);

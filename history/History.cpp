@@ -1,5 +1,6 @@
 #include "history/History.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "engine/rows/Session.h"
@@ -29,6 +30,11 @@ std::string Sentence(const Step& step, bool undo, const std::string& why)
            ". Nothing was changed.";
 }
 
+std::string Damaged(std::int64_t step)
+{
+    return "the history's step " + std::to_string(step) + " is damaged";
+}
+
 bool IsAdded(std::string_view table)
 {
     return table.size() > 2 && table.starts_with("Cv");
@@ -37,12 +43,10 @@ bool IsAdded(std::string_view table)
 }  // namespace
 
 History::History(Connection& connection, Clock now, std::string program)
-    : connection_(&connection),
-      database_(&connection.Internals().database),
+    : HistoryReader(connection.Internals().database),
+      connection_(&connection),
       now_(std::move(now)),
       program_(std::move(program)),
-      shapes_(*database_),
-      store_(*database_),
       what_(kUnnamed)
 {
     const std::optional<Step> newest = store_.Exists() ? store_.Newest() : std::nullopt;
@@ -74,7 +78,7 @@ void History::TableChanged(std::string_view table)
 {
     shapes_.Forget();
     // The program's own additions lie beside what the history keeps.
-    if (IsAdded(table))
+    if (IsAdded(table) && !sent_)
         return;
     log_.Clear();
     step_ = 0;
@@ -137,14 +141,19 @@ std::int64_t History::OpenStep()
     return store_.Add({0, now_().ToIso(), what_, 0, false, program_});
 }
 
-std::string History::Packed(std::int64_t& rows)
+/// Whether queries can reach the identities of all rows that were written. Rows without identities
+/// are noted under any number, so that nothing of them is right but the name of their table.
+bool History::CanBePutBack()
 {
-    // Another program may have changed tables since the last group.
-    shapes_.Forget();
-    StepWriter writer(shapes_);
+    return std::ranges::all_of(log_.Tables(), [this](const ChangeLog::Table& table) {
+        const TableShape& shape = shapes_.Of(table.name);
+        return !shape.identity.empty() && static_cast<int>(shape.columns.size()) == table.columns;
+    });
+}
+
+std::string History::Packed(StepWriter& writer)
+{
     log_.Visit(writer);
-    rows = writer.Rows();
-    unfit_ = writer.Unfit();
     std::string bytes = writer.Finish();
     log_.Clear();
     return bytes;
@@ -166,59 +175,40 @@ void History::Write()
     }
 }
 
+/// How many rows of the bytes are in earlier parts of the step at hand.
+std::int64_t History::RowsKnown(std::string_view bytes)
+{
+    try {
+        return KnownRows(store_.Parts(step_), bytes);
+    } catch (const DamagedStep&) {
+        return 0;
+    } catch (const packed::BrokenBytes&) {
+        return 0;
+    }
+}
+
 void History::Store()
 {
-    std::int64_t rows = 0;
-    const std::string bytes = Packed(rows);
-    if (!unfit_.empty()) {
+    // Another program may have changed tables since the last group.
+    shapes_.Forget();
+    if (!CanBePutBack()) {
+        log_.Clear();
         store_.End(now_().ToIso());
         step_ = 0;
         return;
     }
-    if (rows == 0)
+    StepWriter writer(shapes_);
+    const std::string bytes = Packed(writer);
+    // Bookkeeping alone makes no step, but belongs to the one that the command has begun.
+    if (writer.Rows() == 0 || (writer.RowsOfBook() == 0 && step_ == 0))
         return;
+    std::int64_t rows = writer.Rows();
     const std::int64_t before = step_;
     step_ = OpenStep();
     if (step_ == before)
-        rows -= KnownRows(store_.Parts(step_), bytes);
+        rows -= RowsKnown(bytes);
     store_.AppendPart(step_, bytes, rows);
     store_.KeepRoom();
-}
-
-std::optional<Step> History::NextToUndo()
-{
-    return store_.Exists() ? store_.NextToUndo() : std::nullopt;
-}
-
-std::optional<Step> History::NextToRedo()
-{
-    return store_.Exists() ? store_.NextToRedo() : std::nullopt;
-}
-
-void History::Visit(const std::function<bool(const Step&)>& visit)
-{
-    if (store_.Exists())
-        store_.Visit(visit);
-}
-
-std::optional<Step> History::Find(std::int64_t number)
-{
-    return store_.Exists() ? store_.Find(number) : std::nullopt;
-}
-
-std::vector<RowStory> History::Rows(const Step& step, std::size_t most)
-{
-    shapes_.Forget();
-    try {
-        return StepStoryteller(*database_, shapes_, store_).Of(step, most);
-    } catch (const packed::BrokenBytes&) {
-        throw HistoryRefusal("The record of '" + step.what + "' in the history is damaged.");
-    }
-}
-
-std::string History::EndedAt()
-{
-    return store_.Exists() ? store_.EndedAt() : std::string();
 }
 
 HistoryOutcome History::Undo(std::int64_t most)
@@ -241,6 +231,7 @@ HistoryOutcome History::Apply(std::int64_t most, Way way)
         return outcome;
     shapes_.Forget();
     const Own own(writing_);
+    store_.Provide();
     const std::string savepoint = StepApplier::kSavepoint;
     database_->Run("SAVEPOINT " + savepoint);
     try {
@@ -272,12 +263,14 @@ void History::Apply(const Step& step, Way way, HistoryOutcome& outcome)
         writing_ = true;
     } catch (const HistoryRefusal& refusal) {
         throw HistoryRefusal(Sentence(step, undo, refusal.what()));
+    } catch (const DamagedStep&) {
+        throw HistoryRefusal(Sentence(step, undo, Damaged(step.number)));
     } catch (const packed::BrokenBytes&) {
-        throw HistoryRefusal(Sentence(step, undo, "its record in the history is damaged"));
+        throw HistoryRefusal(Sentence(step, undo, Damaged(step.number)));
     }
     changed_ = true;
-    std::int64_t rows = 0;
-    store_.Replace(step.number, Packed(rows), undo);
+    StepWriter writer(shapes_);
+    store_.Replace(step.number, Packed(writer), undo);
     outcome.steps.push_back(step);
     outcome.steps.back().undone = undo;
     outcome.touched = applier.Touched();

@@ -11,9 +11,9 @@
 #include "engine/rows/Connection.h"
 #include "engine/storage/ChangeWatch.h"
 #include "history/ChangeLog.h"
+#include "history/HistoryReader.h"
 #include "history/StepApplier.h"
-#include "history/StepStore.h"
-#include "history/StepStory.h"
+#include "history/StepBytes.h"
 
 namespace clb {
 
@@ -25,12 +25,13 @@ struct HistoryOutcome {
 
 /// Records every row that queries of a connection change, in the same commit: one step a
 /// command, however many queries and commits it takes. Steps can be undone, the newest first,
-/// and redone until a new command changes something. Programs that write to the same file have one
-/// history.
+/// and redone until a new command changes something. What changes only bookkeeping (see
+/// history/Bookkeeping.h) is no step, and leaves what can be redone. Programs that write to the
+/// same file have one history.
 ///
 /// Rows are put back exactly, their identities included, and only if they stand as the step left
 /// them.
-class History : public IChangeWatch {
+class History : public IChangeWatch, public HistoryReader {
 public:
     using Clock = std::function<Date()>;
     /// The connection is borrowed, open, and outlives the history. program names the running
@@ -49,6 +50,20 @@ public:
     /// The command has ended and is settled: the next change belongs to another step.
     void End();
 
+    /// While it lives, queries are ones that a person has sent: one that makes, changes or removes
+    /// a table or an index always ends the history. The program's own queries end nothing if the
+    /// table is one of its additions, whose names begin with Cv.
+    class Sent {
+    public:
+        explicit Sent(History& history) : history_(&history) { history_->sent_ = true; }
+        ~Sent() { history_->sent_ = false; }
+        Sent(const Sent&) = delete;
+        Sent& operator=(const Sent&) = delete;
+
+    private:
+        History* history_;
+    };
+
     /// Keeps other programs from writing, and so from making steps, until the group is settled.
     /// Throws EngineError if another one is writing.
     void Lock() { connection_->Lock(); }
@@ -58,24 +73,11 @@ public:
         return step.number > newestAtOpening_ && step.program != program_;
     }
 
-    /// What Undo would take back and Redo bring back next; nothing if there is none. Throw
-    /// EngineError.
-    std::optional<Step> NextToUndo();
-    std::optional<Step> NextToRedo();
     /// Takes back the newest steps in the pending group, at most so many. Throws HistoryRefusal,
     /// with nothing changed, and EngineError.
     HistoryOutcome Undo(std::int64_t most);
     /// Brings back what was undone last, in the same way.
     HistoryOutcome Redo(std::int64_t most);
-    /// Hands out the steps, the newest first, until visit returns false. Throws EngineError.
-    void Visit(const std::function<bool(const Step&)>& visit);
-    /// The step with this number; nothing if there is none. Throws EngineError.
-    std::optional<Step> Find(std::int64_t number);
-    /// The first rows of a step, at most so many, before and after it. Throws EngineError, and
-    /// HistoryRefusal if the record of the step is damaged.
-    std::vector<RowStory> Rows(const Step& step, std::size_t most);
-    /// When a change of tables ended the history before; empty if none did. Throws EngineError.
-    std::string EndedAt();
     /// Whether steps were made, undone or lost here since ChangesShown was called.
     [[nodiscard]] bool Changed() const { return changed_; }
     void ChangesShown() { changed_ = false; }
@@ -97,25 +99,24 @@ private:
     void Apply(const Step& step, Way way, HistoryOutcome& outcome);
     void Write();
     void Store();
-    std::string Packed(std::int64_t& rows);
+    bool CanBePutBack();
+    std::int64_t RowsKnown(std::string_view bytes);
+    std::string Packed(StepWriter& writer);
     std::int64_t OpenStep();
 
     Connection* connection_;
-    Database* database_;
     Clock now_;
     std::string program_;
-    TableShapes shapes_;
-    StepStore store_;
     ChangeLog log_;
     bool changed_ = true;
     bool writing_ = false;            ///< the history's own tables
+    bool sent_ = false;               ///< the query at hand is a person's
     std::string what_;                ///< name of the step at hand
     std::string outer_;               ///< name of the command around it; empty: there is none
     std::int64_t step_ = 0;           ///< its number; 0: nothing of it is stored
     std::int64_t committedStep_ = 0;  ///< step_ as of the last commit
     std::int64_t committedNext_ = 0;  ///< and as of the one that is under way
     std::int64_t newestAtOpening_ = 0;
-    std::string unfit_;  ///< table that was written and whose rows cannot be put back
 };
 
 }  // namespace clb

@@ -34,7 +34,7 @@ Json ToJson(const std::vector<Step>& steps)
     return json;
 }
 
-std::vector<Step> NewestSteps(History& history, std::int64_t most)
+std::vector<Step> NewestSteps(HistoryReader& history, std::int64_t most)
 {
     std::vector<Step> steps;
     history.Visit([&](const Step& step) {
@@ -45,7 +45,7 @@ std::vector<Step> NewestSteps(History& history, std::int64_t most)
     return steps;
 }
 
-Json ChangesJson(History& history, const Step& step)
+Json ChangesJson(HistoryReader& history, const Step& step)
 {
     Json changes = Json::array();
     for (const RowStory& row : history.Rows(step, std::numeric_limits<std::size_t>::max()))
@@ -54,6 +54,14 @@ Json ChangesJson(History& history, const Step& step)
                            {"was", CellsJson(row.was)},
                            {"is", CellsJson(row.is)}});
     return changes;
+}
+
+Json StepReply(HistoryReader& history, const Step& step)
+{
+    const Json changes = ChangesJson(history, step);
+    Json shown = ToJson(step);
+    shown["changes"] = changes;
+    return {{"steps", Json::array({shown})}, {"changes", changes}};
 }
 
 }  // namespace clb

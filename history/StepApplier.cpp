@@ -1,7 +1,9 @@
 #include "history/StepApplier.h"
 
+#include "base/Text.h"
 #include "engine/storage/Catalogue.h"
 #include "engine/storage/EngineError.h"
+#include "history/Bookkeeping.h"
 #include "history/CellValue.h"
 
 namespace clb {
@@ -31,6 +33,11 @@ bool IsOf(const RowChanged& row, bool was, bool is)
 
 }  // namespace
 
+HistoryRefusal::HistoryRefusal(const std::string& why)
+    : std::runtime_error(Replace(why, std::string_view("\0", 1), "\\0"))
+{
+}
+
 void StepApplier::PutBack(std::string_view part)
 {
     const WithoutTriggers off(*database_);
@@ -55,12 +62,15 @@ void StepApplier::PutBack(std::string_view part, Pass pass)
 /// A table that was added to the book's own may be gone: the rest of the step does not need it.
 bool StepApplier::IsThere(const TableShape& shape, const StepReader& reader)
 {
+    const bool same = !shape.identity.empty() && shape.fingerprint == reader.Fingerprint() &&
+                      static_cast<int>(shape.columns.size()) == reader.Columns();
+    if (!same && IsBookkeeping(reader.Table()))
+        return false;
     if (shape.columns.empty() && reader.Table().starts_with("Cv"))
         return false;
     if (shape.columns.empty())
         throw HistoryRefusal("the table " + reader.Table() + " is no longer there");
-    if (shape.identity.empty() || shape.fingerprint != reader.Fingerprint() ||
-        static_cast<int>(shape.columns.size()) != reader.Columns())
+    if (!same)
         throw HistoryRefusal("the columns of the table " + reader.Table() + " were changed since");
     return true;
 }
@@ -68,6 +78,8 @@ bool StepApplier::IsThere(const TableShape& shape, const StepReader& reader)
 void StepApplier::PutBack(const TableShape& shape, const RowChanged& row, Pass pass)
 {
     if (!IsOf(row, pass != Pass::Remove, pass != Pass::Insert))
+        return;
+    if (IsBookkeeping(shape.name) && !Stands(shape, row))
         return;
     Touch(shape, row, pass);
     Run(shape, row,
@@ -86,7 +98,7 @@ void StepApplier::Run(const TableShape& shape, const RowChanged& row, Query& que
         database_->Step(query);
     } catch (const EngineError& error) {
         if (error.Number() == engine_errors::Constraint)
-            Refuse(shape, row);
+            Refuse(shape, row, Stands(shape, row));
         throw;
     }
     if (database_->ChangedRows() != 1 || (row.is && log_->LastBefore() != row.hash))
@@ -108,8 +120,24 @@ NamedValues StepApplier::Stored(const TableShape& shape, std::int64_t row)
     return cells;
 }
 
-/// Names the row as it was before anything was put back: that is what the user sees.
-void StepApplier::Refuse(const TableShape& shape, const RowChanged& row)
+/// Whether the row is what the step left.
+bool StepApplier::Stands(const TableShape& shape, const RowChanged& row)
+{
+    Query find = database_->Prepare("SELECT * FROM " + QuoteName(shape.name) + " WHERE " +
+                                    shape.identity + " = ?1");
+    const ResetAtExit reset(find);
+    find.BindInteger(1, row.row);
+    if (!database_->Step(find))
+        return !row.is;
+    std::string cells;
+    for (std::size_t i = 0; i < shape.columns.size(); ++i)
+        packed::AppendCell(cells, find.Cell(static_cast<int>(i)));
+    return row.is && packed::HashOfCells(cells) == row.hash;
+}
+
+/// Names the row as it was before anything was put back: that is what the user sees. A row that
+/// stands as the step left it is refused by the table, for example by a new unique index.
+void StepApplier::Refuse(const TableShape& shape, const RowChanged& row, bool stands)
 {
     if (database_->InTransaction())
         database_->Run(std::string("ROLLBACK TO ") + kSavepoint);
@@ -117,13 +145,14 @@ void StepApplier::Refuse(const TableShape& shape, const RowChanged& row)
     for (const auto& [column, cell] : row.before)
         before.emplace_back(shape.columns[static_cast<std::size_t>(column)],
                             ValueOf(packed::Reader(cell).Cell(), FieldType::Text));
-    if (!row.is)
-        throw HistoryRefusal("there is another row in the place of " +
-                             RowName(shape.name, row.row, before));
-    const NamedValues stored = Stored(shape, row.row);
+    const NamedValues stored = row.is ? Stored(shape, row.row) : NamedValues();
     const bool there = !stored.empty();
-    throw HistoryRefusal(RowName(shape.name, row.row, there ? stored : before) +
-                         (there ? " was changed since" : " was deleted since"));
+    const std::string name = RowName(shape.name, row.row, there ? stored : before);
+    if (stands)
+        throw HistoryRefusal("the table " + shape.name + " no longer takes " + name + " as it was");
+    if (!row.is)
+        throw HistoryRefusal("there is another row in the place of " + name);
+    throw HistoryRefusal(name + (there ? " was changed since" : " was deleted since"));
 }
 
 Query& StepApplier::Removal(const TableShape& shape)

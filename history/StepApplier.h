@@ -14,10 +14,11 @@
 
 namespace clb {
 
-/// A step cannot be undone or redone; says why, in a sentence that names the row.
+/// A step cannot be undone or redone; says why, in a sentence that names the row. A byte 0 in a
+/// text is written as "\0", because it would end the sentence.
 class HistoryRefusal : public std::runtime_error {
 public:
-    using std::runtime_error::runtime_error;
+    explicit HistoryRefusal(const std::string& why);
 };
 
 /// A row that a step has touched.
@@ -28,9 +29,10 @@ struct TouchedRow {
     NamedValues cells = {};  ///< of a row that is gone; empty: it is there
 };
 
-/// Puts back the rows of one part of a step, if each of them stands as the part left it. Runs in
-/// the pending group, inside kSavepoint; triggers are off meanwhile. After an error the group must
-/// be taken back to the savepoint.
+/// Puts back the rows of one part of a step, if each of them stands as the part left it. A row of
+/// the program's bookkeeping that does not, or whose table has other columns by now, is left out.
+/// Runs in the pending group, inside kSavepoint; triggers are off meanwhile. After an error the
+/// group must be taken back to the savepoint.
 class StepApplier {
 public:
     static constexpr const char* kSavepoint = "CvApply";
@@ -53,7 +55,8 @@ private:
     void PutBack(std::string_view part, Pass pass);
     void PutBack(const TableShape& shape, const RowChanged& row, Pass pass);
     static bool IsThere(const TableShape& shape, const StepReader& reader);
-    [[noreturn]] void Refuse(const TableShape& shape, const RowChanged& row);
+    bool Stands(const TableShape& shape, const RowChanged& row);
+    [[noreturn]] void Refuse(const TableShape& shape, const RowChanged& row, bool stands = false);
     NamedValues Stored(const TableShape& shape, std::int64_t row);
     void Run(const TableShape& shape, const RowChanged& row, Query& query);
     Query& Removal(const TableShape& shape);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "history/Bookkeeping.h"
 #include "history/StepStore.h"
 
 namespace clb {
@@ -24,12 +25,11 @@ void StepWriter::Table(const std::string& name, int columns)
 {
     EndTable();
     const TableShape& shape = shapes_->Of(name);
-    if (shape.identity.empty() || static_cast<int>(shape.columns.size()) != columns)
-        unfit_ = name;
     packed::AppendText(bytes_, name);
     packed::AppendNumber(bytes_, static_cast<std::uint64_t>(columns));
     packed::AppendFixed(bytes_, shape.fingerprint);
     inTable_ = true;
+    ofBook_ = !IsBookkeeping(name);
     last_ = 0;
 }
 
@@ -65,6 +65,7 @@ void StepWriter::EndRun()
 void StepWriter::Row(const RowChanged& row)
 {
     ++rows_;
+    rowsOfBook_ += ofBook_ ? 1 : 0;
     if (!row.was) {
         if (runLength_ > 0 && row.row != runStart_ + static_cast<std::int64_t>(runLength_))
             EndRun();

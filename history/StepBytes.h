@@ -27,8 +27,8 @@ public:
     /// The bytes of all tables; empty without rows. To be called once.
     std::string Finish();
     [[nodiscard]] std::int64_t Rows() const { return rows_; }
-    /// Name of a table whose rows cannot be put back; empty: there is none.
-    [[nodiscard]] const std::string& Unfit() const { return unfit_; }
+    /// How many of the rows are of tables other than the program's own books.
+    [[nodiscard]] std::int64_t RowsOfBook() const { return rowsOfBook_; }
 
 private:
     void EndRun();
@@ -42,8 +42,9 @@ private:
     std::uint64_t runLength_ = 0;
     std::int64_t last_ = 0;
     std::int64_t rows_ = 0;
+    std::int64_t rowsOfBook_ = 0;
     bool inTable_ = false;
-    std::string unfit_;
+    bool ofBook_ = false;  ///< the table is none of the program's own books
 };
 
 /// Reads such bytes. All functions throw packed::BrokenBytes if they are not.

@@ -21,7 +21,7 @@ struct OwnTable {
 constexpr OwnTable kTables[] = {
     {"CvStep",
      "(Step INTEGER PRIMARY KEY, At DATETIME, What TEXT, \"Rows\" LONG, Undone LONG, Bytes LONG, "
-     "Program TEXT)"},
+     "Program TEXT, Checksum LONG)"},
     {"CvChange", "(Step LONG, Part LONG, Data BLOB, PRIMARY KEY (Step, Part)) WITHOUT ROWID"}};
 
 /// SELECT of whole steps.
@@ -52,19 +52,22 @@ Query& StepStore::Prepared(Query& query, const std::string& sql)
 
 const char* StepStore::SoundTables()
 {
-    return "SELECT m.name FROM sqlite_master m JOIN pragma_table_info(m.name) c WHERE m.type = "
-           "'table' AND m.rootpage > 0 AND m.name IN ('CvStep', 'CvChange') AND (m.name = 'CvStep' "
-           "AND c.name || c.pk IN ('Step1', "
-           "'At0', 'What0', 'Rows0', 'Undone0', 'Bytes0', 'Program0') OR m.name = 'CvChange' AND "
-           "c.name || c.pk IN ('Step1', 'Part2', 'Data0')) GROUP BY m.name HAVING count(*) = "
-           "iif(m.name = 'CvStep', 7, 3)";
+    return "SELECT m.name, max(c.name = 'Checksum') FROM sqlite_master m JOIN "
+           "pragma_table_info(m.name) c WHERE m.type = 'table' AND m.rootpage > 0 AND (m.name = "
+           "'CvStep' AND c.name || c.pk IN ('Step1', 'At0', 'What0', 'Rows0', 'Undone0', 'Bytes0', "
+           "'Program0', 'Checksum0') OR m.name = 'CvChange' AND c.name || c.pk IN ('Step1', "
+           "'Part2', 'Data0')) GROUP BY m.name HAVING sum(c.name <> 'Checksum') = iif(m.name = "
+           "'CvStep', 7, 3)";
 }
 
 bool StepStore::Exists()
 {
     Query& sound = Prepared(exists_, SoundTables());
     const ResetAtExit reset(sound);
-    return database_->Step(sound) && database_->Step(sound);
+    int found = 0;
+    for (sums_ = false; database_->Step(sound); ++found)
+        sums_ = sums_ || sound.Integer(1) != 0;
+    return found == 2;
 }
 
 bool StepStore::IsSound(const std::string& table)
@@ -94,8 +97,15 @@ void StepStore::Remove(const std::string& table)
 
 void StepStore::Provide()
 {
-    if (Exists())
-        return;
+    if (!Exists())
+        MakeTables();
+    if (!sums_)
+        database_->Run("ALTER TABLE CvStep ADD COLUMN Checksum LONG");
+    sums_ = true;
+}
+
+void StepStore::MakeTables()
+{
     // Steps without changes, or changes without steps, are worth nothing.
     for (const OwnTable& table : kTables) {
         const std::string name = table.name;
@@ -106,6 +116,7 @@ void StepStore::Provide()
         Remove(name);
         database_->Run("CREATE TABLE " + name + " " + table.columns);
     }
+    Exists();
     known_ = -1;
 }
 
@@ -185,7 +196,7 @@ std::int64_t StepStore::Add(const Step& step)
     database_->Step(stray);
     Query& add = Prepared(add_,
                           "INSERT INTO CvStep (Step, At, What, \"Rows\", Undone, Bytes, "
-                          "Program) VALUES (?1, ?2, ?3, 0, 0, ?4, ?5)");
+                          "Program, Checksum) VALUES (?1, ?2, ?3, 0, 0, ?4, ?5, 0)");
     add.BindInteger(1, number);
     add.BindText(2, step.at);
     add.BindText(3, step.what);
@@ -206,7 +217,9 @@ void StepStore::AppendPart(std::int64_t step, std::string_view bytes, std::int64
     database_->Step(append);
     Query& count =
         Prepared(countPart_,
-                 "UPDATE CvStep SET \"Rows\" = \"Rows\" + ?2, Bytes = Bytes + ?3 WHERE Step = ?1");
+                 "UPDATE CvStep SET \"Rows\" = \"Rows\" + ?2, Bytes = Bytes + ?3, Checksum = "
+                 "iif(Checksum IS NULL, NULL, ?4) WHERE Step = ?1");
+    count.BindInteger(4, packed::Checksum(ChecksumOf(step), bytes));
     count.BindInteger(1, step);
     count.BindInteger(2, rows);
     count.BindInteger(3, static_cast<std::int64_t>(bytes.size()));
@@ -214,22 +227,43 @@ void StepStore::AppendPart(std::int64_t step, std::string_view bytes, std::int64
     total_ += static_cast<std::int64_t>(bytes.size());
 }
 
+/// The checksum of the step's parts; 0 without parts.
+std::int64_t StepStore::ChecksumOf(std::int64_t step)
+{
+    Query& find = Prepared(checksum_, "SELECT Checksum FROM CvStep WHERE Step = ?1");
+    const ResetAtExit reset(find);
+    find.BindInteger(1, step);
+    return database_->Step(find) ? find.Integer(0) : 0;
+}
+
+/// Size and checksum of a step.
+Query& StepStore::Totals()
+{
+    return sums_ ? Prepared(totalsWithSum_, "SELECT Bytes, Checksum FROM CvStep WHERE Step = ?1")
+                 : Prepared(totals_, "SELECT Bytes, NULL FROM CvStep WHERE Step = ?1");
+}
+
 std::vector<std::string> StepStore::Parts(std::int64_t step)
 {
     std::vector<std::string> found;
-    Query& bytes = Prepared(bytes_, "SELECT Bytes FROM CvStep WHERE Step = ?1");
-    const ResetAtExit resetBytes(bytes);
-    bytes.BindInteger(1, step);
-    std::int64_t left = database_->Step(bytes) ? bytes.Integer(0) - kStepBytes : 0;
+    Query& totals = Totals();
+    const ResetAtExit resetTotals(totals);
+    totals.BindInteger(1, step);
+    std::int64_t left = database_->Step(totals) ? totals.Integer(0) - kStepBytes : 0;
+    std::int64_t sum = 0;
     Query& parts = Prepared(parts_, "SELECT Data FROM CvChange WHERE Step = ?1 ORDER BY Part");
     const ResetAtExit reset(parts);
     parts.BindInteger(1, step);
     while (database_->Step(parts)) {
         found.push_back(parts.Text(0));
         left -= static_cast<std::int64_t>(found.back().size());
+        sum = packed::Checksum(sum, found.back());
     }
     if (found.empty() || left != 0)
-        throw packed::BrokenBytes();
+        throw DamagedStep{step};
+    const StoredCell expected = totals.Cell(1);
+    if (expected != StoredCell() && expected != StoredCell(sum))
+        throw DamagedStep{step};
     return found;
 }
 
@@ -238,7 +272,7 @@ void StepStore::Replace(std::int64_t step, std::string_view bytes, bool undone)
     const std::string where = " WHERE Step = " + std::to_string(step);
     database_->Run("DELETE FROM CvChange" + where +
                    "; UPDATE CvStep SET Undone = " + std::to_string(undone ? kUndone : kDone) +
-                   ", Bytes = " + std::to_string(kStepBytes) + where);
+                   ", Checksum = 0, Bytes = " + std::to_string(kStepBytes) + where);
     AppendPart(step, bytes, 0);
     known_ = -1;  // the total is counted anew
 }

@@ -34,21 +34,27 @@ struct Step {
     std::string program;  ///< which of the running programs made it
 };
 
+/// The record of the step with this number is not what was stored.
+struct DamagedStep {
+    std::int64_t number;
+};
+
 /// Keeps the steps in the tables CvStep (one row a step) and CvChange (the changes of a step in
 /// parts, in the order in which they were made). They are made with the first step. Tables of these
-/// names with other columns are not a history; the first step replaces them. All functions throw
-/// EngineError, and the ones that write run in the connection's pending group.
+/// names with other columns are not a history; the first step replaces them. CvStep may lack the
+/// column Checksum, which the next step adds; steps without a checksum are read without a check.
+/// All functions throw EngineError, and the ones that write run in the connection's pending group.
 class StepStore {
 public:
     explicit StepStore(Database& database) : database_(&database) {}
 
     static bool Owns(std::string_view table);
     /// The query, in the storage's SQL, of the names of the tables that are there as the history
-    /// makes them.
+    /// makes them, and of whether they have checksums (0 or 1).
     static const char* SoundTables();
     /// Whether there are both tables of a history.
     bool Exists();
-    /// Makes the tables unless they are there.
+    /// Makes the tables, or what they lack, unless they are there.
     void Provide();
 
     /// The newest step, undone or not.
@@ -65,8 +71,8 @@ public:
     /// Adds a step without changes after the newest; returns its number. Steps that were undone go.
     std::int64_t Add(const Step& step);
     void AppendPart(std::int64_t step, std::string_view bytes, std::int64_t rows);
-    /// The parts of a step in the order in which they were made. Throws packed::BrokenBytes if some
-    /// are missing.
+    /// The parts of a step in the order in which they were made. Throws DamagedStep if some are
+    /// missing or not what was stored. Exists or Provide was called before.
     std::vector<std::string> Parts(std::int64_t step);
     /// Puts one part in the place of all parts.
     void Replace(std::int64_t step, std::string_view bytes, bool undone);
@@ -80,6 +86,9 @@ public:
 
 private:
     bool IsSound(const std::string& table);
+    void MakeTables();
+    Query& Totals();
+    std::int64_t ChecksumOf(std::int64_t step);
     void Remove(const std::string& table);
     Query& Prepared(Query& query, const std::string& sql);
     std::optional<Step> One(Query& query);
@@ -88,7 +97,8 @@ private:
 
     Database* database_;
     Query exists_, newest_, nextToUndo_, nextToRedo_, find_, stray_, add_, appendPart_, countPart_,
-        bytes_, parts_;
+        totals_, totalsWithSum_, checksum_, parts_;
+    bool sums_ = false;        ///< there is the column Checksum
     std::int64_t known_ = -1;  ///< newest step when total_ was right
     std::int64_t total_ = 0;   ///< bytes of all steps
 };

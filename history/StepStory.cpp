@@ -12,16 +12,16 @@ std::vector<RowStory> StepStoryteller::Of(const Step& step, std::size_t most)
     const std::vector<std::string> parts = store_->Parts(step.number);
     rows_.clear();
     order_.clear();
-    FindRows(parts, most);
+    FindRows(step.number, parts, most);
     for (auto& [place, cells] : rows_)
         cells = Present(place);
     for (const std::int64_t between : StepsBetween(step))
-        GoThrough(store_->Parts(between));
+        GoThrough(between, store_->Parts(between));
 
     std::vector<RowStory> stories;
     for (const Place& place : order_)
         stories.push_back({place.first, place.second, {}, Named(place.first, rows_[place])});
-    GoThrough(parts);
+    GoThrough(step.number, parts);
     for (RowStory& story : stories) {
         story.was = Named(story.table, rows_[{story.table, story.row}]);
         // The record of a step that was undone leads the other way.
@@ -31,8 +31,9 @@ std::vector<RowStory> StepStoryteller::Of(const Step& step, std::size_t most)
     return stories;
 }
 
-void StepStoryteller::FindRows(const std::vector<std::string>& parts, std::size_t most)
-{
+void StepStoryteller::FindRows(std::int64_t step, const std::vector<std::string>& parts,
+                               std::size_t most)
+try {
     RowChanged row;
     for (const std::string& part : parts)
         for (StepReader reader(part); reader.NextTable();)
@@ -43,6 +44,8 @@ void StepStoryteller::FindRows(const std::vector<std::string>& parts, std::size_
                 if (rows_.try_emplace(place).second)
                     order_.push_back(place);
             }
+} catch (const packed::BrokenBytes&) {
+    throw DamagedStep{step};
 }
 
 /// From the present to the step, in the order in which their records apply.
@@ -75,6 +78,15 @@ StepStoryteller::Cells StepStoryteller::Present(const Place& place)
     for (std::size_t i = 0; i < shape.columns.size(); ++i)
         cells.push_back(find.Cell(static_cast<int>(i)));
     return cells;
+}
+
+void StepStoryteller::GoThrough(std::int64_t step, const std::vector<std::string>& parts)
+{
+    try {
+        GoThrough(parts);
+    } catch (const packed::BrokenBytes&) {
+        throw DamagedStep{step};
+    }
 }
 
 void StepStoryteller::GoThrough(const std::vector<std::string>& parts)

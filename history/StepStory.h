@@ -25,7 +25,9 @@ struct RowStory {
     std::optional<NamedValues> is;   ///< nothing: it was no longer there
 };
 
-/// Works out the rows of a step from what they are now and from the steps between then and now.
+/// Works out the rows of a step from what they are now and from the steps between then and now. A
+/// row of the program's bookkeeping may have changed without a step: it is shown as if it had
+/// changed in the step before.
 class StepStoryteller {
 public:
     /// All borrowed.
@@ -34,17 +36,18 @@ public:
     {
     }
 
-    /// The first rows of the step, at most so many. Throws EngineError, and packed::BrokenBytes if
-    /// a step is damaged.
+    /// The first rows of the step, at most so many. Throws EngineError, and DamagedStep if it is
+    /// damaged or one that lies between it and the present.
     std::vector<RowStory> Of(const Step& step, std::size_t most);
 
 private:
     using Cells = std::optional<std::vector<StoredCell>>;
     using Place = std::pair<std::string, std::int64_t>;
 
-    void FindRows(const std::vector<std::string>& parts, std::size_t most);
+    void FindRows(std::int64_t step, const std::vector<std::string>& parts, std::size_t most);
     [[nodiscard]] std::vector<std::int64_t> StepsBetween(const Step& step) const;
     Cells Present(const Place& place);
+    void GoThrough(std::int64_t step, const std::vector<std::string>& parts);
     void GoThrough(const std::vector<std::string>& parts);
     std::optional<NamedValues> Named(const std::string& table, const Cells& cells);
 

@@ -68,6 +68,25 @@ void frmSelectAccount::Load()
     cmbAccountType.Index(0);
     ListAccounts();
     optCreate_.Choose();
+    ShowProposal();
+}
+
+void frmSelectAccount::ShowProposal()
+{
+    const auto choose = [](ListBox& list, const std::string& text) {
+        for (std::size_t item = 0; item < list.Items().size(); ++item)
+            if (!text.empty() && list.Items()[item].text == text) {
+                list.Index(static_cast<std::int32_t>(item));
+                return true;
+            }
+        return false;
+    };
+    if (!proposal_.question.empty())
+        Label1.Caption(proposal_.question);
+    txtDescription.Text(proposal_.description);
+    choose(cmbAccountType, proposal_.type);
+    if (choose(cmbAccountID, proposal_.existing))
+        optMap_.Choose();
 }
 
 void frmSelectAccount::ListAccounts()

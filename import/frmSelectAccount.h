@@ -1,6 +1,7 @@
 // The dialog Select Account.
 #pragma once
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "controls/Form.h"
@@ -12,6 +13,14 @@ namespace clb {
 class clsDatabase;
 class clsView;
 class Tree;
+
+/// What is known of a statement's account before the user chooses one.
+struct AccountProposal {
+    std::string question;     ///< empty: the dialog's own
+    std::string description;  ///< of a new account
+    std::string type;         ///< of a new account, if it is one that the dialog lists
+    std::string existing;     ///< description of the account to map to; empty: none is proposed
+};
 
 /// The dialog "Select Account". It asks for the account of a statement whose own account is not
 /// known.
@@ -25,11 +34,15 @@ public:
     /// number of the chosen or created account.
     bool ShowDialog(std::string& accountID);
 
+    /// What the dialog shows at first.
+    void Propose(AccountProposal proposal) { proposal_ = std::move(proposal); }
+
     Form& Window() { return form_; }
 
 private:
     void Load();
     void ListAccounts();
+    void ShowProposal();
     void EnableFields();
     void AcceptClicked();
     bool CreateAccount();
@@ -63,6 +76,7 @@ private:
     Button btnOK;
     Button btnCancel;
 
+    AccountProposal proposal_;
     std::string accountID_;
     bool hasID_ = false;
     bool result_ = false;

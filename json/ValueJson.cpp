@@ -1,5 +1,6 @@
 #include "json/ValueJson.h"
 
+#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -8,14 +9,26 @@
 namespace clb {
 namespace {
 
+/// A number, or a text for what JSON has no number for.
+Json OfReal(double number)
+{
+    if (std::isinf(number))
+        return number < 0 ? "-Infinity" : "Infinity";
+    return number;
+}
+
 struct Writer {
     Json operator()(Null) const { return nullptr; }
     Json operator()(const std::string& text) const { return text; }
     Json operator()(std::int32_t number) const { return number; }
     Json operator()(Money money) const { return money.ToText(); }
-    Json operator()(double number) const { return number; }
+    Json operator()(double number) const { return OfReal(number); }
     // Through its text, so that 0.1 in single precision stays 0.1 and not 0.10000000149011612.
-    Json operator()(float number) const { return ParseDouble(ToText(number)); }
+    Json operator()(float number) const
+    {
+        return std::isfinite(number) ? Json(ParseDouble(ToText(number)))
+                                     : OfReal(static_cast<double>(number));
+    }
     Json operator()(const Date& date) const { return date.ToIso(); }
     Json operator()(bool yes) const { return yes; }
 };

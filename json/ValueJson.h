@@ -12,7 +12,8 @@ namespace clb {
 using Json = nlohmann::ordered_json;
 
 /// Converts a value. Text, dates and money become strings (money a plain decimal); numbers, yes/no
-/// and null become their JSON counterparts.
+/// and null become their JSON counterparts, but an infinite number the text "Infinity" or
+/// "-Infinity".
 [[nodiscard]] Json ToJson(const Value& value);
 /// Converts a JSON scalar to a value. Strings become text; whole numbers that fit in 32 bits become
 /// Long, other numbers Double. Not for arrays and objects.

@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "desktop/grid/GridPainter.h"
+#include "desktop/input/UndoKeys.h"
 #include "desktop/look/GridColors.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
@@ -35,12 +36,6 @@ bool EndsTheEdit(int key)
         case Qt::Key_PageDown: return true;
         default: return false;
     }
-}
-
-/// The toolkit's own key for it is Ctrl+Shift+Z, and it would leave this one to the window.
-bool RedoesTyping(const QKeyEvent& key)
-{
-    return key.key() == Qt::Key_Y && key.modifiers() == Qt::ControlModifier;
 }
 
 }  // namespace

@@ -8,10 +8,18 @@
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
+#include "views/MenuNames.h"
 
 namespace clb {
 
 namespace {
+
+/// Undo and Redo do not depend on the current row. If another program has deleted it, they still
+/// say what they do.
+bool WorksOnRow(const std::string& item)
+{
+    return item != command_name::kUndo && item != command_name::kRedo;
+}
 
 void Dress(QAction& action, const std::string& item)
 {
@@ -67,7 +75,10 @@ MenuBinder::MenuBinder(MenuBar& menus, QMenuBar& bar, UserEvents& events, const 
             action->setEnabled(item.Enabled());
             Dress(*action, item.Name());
             QObject::connect(action, &QAction::triggered, &bar,
-                             [&item, &events, press] { events.RunOnRow([&] { press(item); }); });
+                             [&item, &events, press, onRow = WorksOnRow(item.Name())] {
+                                 const auto work = [&] { press(item); };
+                                 onRow ? events.RunOnRow(work) : events.Run(work);
+                             });
             item.Changed().connect(sigc::track_obj(
                 [action, &item] {
                     action->setEnabled(item.Enabled());

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <climits>
 
+#include "desktop/input/UndoKeys.h"
 #include "desktop/look/TextConvert.h"
 
 namespace clb {
@@ -40,6 +41,7 @@ TotalsLine::TotalsLine(Label& label, TextBox& first, TextBox& second, QWidget* p
     bold.setWeight(QFont::DemiBold);
     for (QLineEdit* box : {first_, second_}) {
         box->setReadOnly(true);
+        new UndoKeys(*box, *box, [] { return false; });
         box->setAlignment(Qt::AlignRight);
         box->setFont(bold);
     }

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "base/Text.h"
+#include "desktop/input/UndoKeys.h"
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/TextConvert.h"
 
@@ -29,9 +30,10 @@ YearBox::YearBox(TextBox& year, Spinner& spinner, UserEvents& events, QWidget* p
 {
     setAlignment(Qt::AlignRight);
     connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
-        if (IsFourDigits(text))
+        if (IsFourDigits(text) && Edited())
             HandOn();
     });
+    new UndoKeys(*this, *lineEdit(), [this] { return Edited(); });
     year_.Changed().connect(sigc::track_obj([this] { Sync(); }, *this));
     Sync();
 }
@@ -60,18 +62,26 @@ void YearBox::Sync()
     QAccessible::updateAccessibility(&value);
 }
 
+bool YearBox::Edited() const
+{
+    return ToUtf8(lineEdit()->text()) != year_.Text();
+}
+
+/// Ends the edit of the text.
 void YearBox::HandOn()
 {
     const std::string text = ToUtf8(lineEdit()->text());
     const std::string shown = year_.Text();
-    if (text == shown)
-        return;
-    if (Trim(text).empty())
-        return Sync();
     // A text that is no year has been reported; the box must not keep it above another year's
     // figures.
-    if (!events_.Run([&] { year_.Text(text); }))
+    if (Trim(text).empty())
+        Sync();
+    else if (text != shown && !events_.Run([&] { year_.Text(text); }))
         events_.Run([&] { year_.Text(shown); });
+    // The line forgets what was typed, and Ctrl+Z is the window's command again.
+    const int cursor = lineEdit()->cursorPosition();
+    lineEdit()->setText(lineEdit()->text());
+    lineEdit()->setCursorPosition(cursor);
 }
 
 void YearBox::stepBy(int steps)

@@ -32,6 +32,7 @@ protected:
 
 private:
     void Sync();
+    [[nodiscard]] bool Edited() const;
     void HandOn();
 
     TextBox& year_;

@@ -24,19 +24,10 @@ void RunWrite(Connection::State& state, const PlanCache::Entry& entry)
         state.StepInsert(query, entry.plan->numberedTable);
 }
 
-/// The table that a query makes, changes or removes; null for an index.
-const std::string* TableOf(const DdlQuery& ddl)
+/// The table that a query makes, changes or removes, or whose index it does.
+const std::string& TableOf(const DdlQuery& ddl)
 {
-    return std::visit(
-        [](const auto& query) -> const std::string* {
-            using Kind = std::decay_t<decltype(query)>;
-            if constexpr (std::is_same_v<Kind, CreateIndexQuery> ||
-                          std::is_same_v<Kind, DropIndexQuery>)
-                return nullptr;
-            else
-                return &query.table;
-        },
-        ddl);
+    return std::visit([](const auto& query) -> const std::string& { return query.table; }, ddl);
 }
 
 void RunDdl(Connection::State& state, const DdlQuery& ddl)
@@ -51,8 +42,8 @@ void RunDdl(Connection::State& state, const DdlQuery& ddl)
         throw;
     }
     state.ForgetSchema();
-    if (const std::string* table = TableOf(ddl); table != nullptr && state.watch != nullptr)
-        state.watch->TableChanged(*table);
+    if (state.watch != nullptr)
+        state.watch->TableChanged(TableOf(ddl));
 }
 
 }  // namespace

@@ -14,6 +14,8 @@ namespace {
 
 void Append(std::string& cells, int code, sqlite3_value* value)
 {
+    if (code == SQLITE_RANGE)  // a computed column, which is not stored
+        return packed::AppendCell(cells, StoredCell());
     if (code != SQLITE_OK || value == nullptr)
         throw std::bad_alloc();  // the calls have no other reason to fail
     packed::AppendCell(cells, value);

@@ -24,11 +24,12 @@ public:
     [[nodiscard]] Kind What() const { return kind_; }
     [[nodiscard]] std::string_view Table() const { return table_; }
     /// The row's identity before the change (not for an insertion) and after it (not for a
-    /// deletion).
+    /// deletion). Any number if the table's rows have no identities.
     [[nodiscard]] std::int64_t IdBefore() const { return before_; }
     [[nodiscard]] std::int64_t IdAfter() const { return after_; }
     [[nodiscard]] int Columns() const;
-    /// Appends a cell as it is before or after the change, packed. Throws std::bad_alloc.
+    /// Appends a cell as it is before or after the change, packed. A cell that is computed and not
+    /// stored may come as nothing. Throws std::bad_alloc.
     void AppendBefore(std::string& cells, int column) const;
     void AppendAfter(std::string& cells, int column) const;
 
@@ -50,7 +51,7 @@ public:
     /// How many rows were seen; and the queries after that many have been taken back.
     [[nodiscard]] virtual std::size_t Seen() const = 0;
     virtual void TakenBackTo(std::size_t seen) noexcept = 0;
-    /// A query has made, changed or removed a table with this name.
+    /// A query has made, changed or removed a table with this name, or an index of it.
     virtual void TableChanged(std::string_view table) = 0;
     /// The group is about to become durable. What is written now belongs to it; an error loses the
     /// group.

@@ -15,6 +15,9 @@ constexpr int kBitsOfByte = 7;
 constexpr std::uint64_t kLowBits = 0x7F;
 constexpr std::uint64_t kMore = 0x80;
 
+/// It fits in a Long of the dialect.
+constexpr std::uint64_t kLargestChecksum = 0x7FFFFFFF;
+
 /// Whole numbers up to here are the same as a binary fraction and as an integer.
 constexpr double kMostWhole = 9007199254740992.0;
 
@@ -200,6 +203,16 @@ std::uint64_t HashOfCells(std::string_view cells)
         hash.Add(whole);
     }
     return hash.Hash();
+}
+
+std::int64_t Checksum(std::int64_t before, std::string_view bytes)
+{
+    Fnv hash;
+    std::string start;
+    AppendFixed(start, static_cast<std::uint64_t>(before));
+    hash.Add(start);
+    hash.Add(bytes);
+    return static_cast<std::int64_t>((hash.Hash() ^ (hash.Hash() >> 32)) & kLargestChecksum);
 }
 
 }  // namespace clb::packed

@@ -63,5 +63,9 @@ struct BrokenBytes {};
 /// counts as the integer, because the storage may hand out either for the same cell.
 std::uint64_t HashOfCells(std::string_view cells);
 
+/// A number for bytes and for the ones before them, to tell whether they were damaged: 0 to
+/// 2^31 - 1. before: the number of the bytes before them; 0: there are none.
+std::int64_t Checksum(std::int64_t before, std::string_view bytes);
+
 }  // namespace packed
 }  // namespace clb

@@ -76,17 +76,76 @@ TEST_F(SplitDialogTest, ATextThatIsNotANumberCannotBeAccepted)
     });
 }
 
-TEST_F(SplitDialogTest, TheSpinnerStepsTheSecondAmount)
+TEST_F(SplitDialogTest, TheAmountsAddUpToTheWholeForAnyNumber)
 {
+    constexpr std::pair<const char*, const char*> kTyped[] = {
+        {"250", "-150 + 250 = 100"},
+        {"-20", "120 + -20 = 100"},
+        {"(5)", "105 + (5) = 100"},
+        {" $1,000.5 ", "-900.5 +  $1,000.5  = 100"},
+        {"0", "100 + 0 = 100"},
+        // The fifth decimal is rounded to the even neighbour.
+        {"33.33335", "66.6666 + 33.33335 = 100"}};
     Split("100", [&](Form& form) {
-        In<Spinner>(form, "upDown").Step(1);
-        EXPECT_EQ(Amounts(form), "49 + 51 = 100");
+        for (const auto& [typed, amounts] : kTyped) {
+            In<TextBox>(form, "txtNew").Text(typed);
+            EXPECT_EQ(Amounts(form), amounts);
+            EXPECT_TRUE(In<Button>(form, "btnOK").Enabled()) << typed;
+        }
     });
 }
 
-TEST_F(SplitDialogTest, HalfACentGoesToTheEvenCent)
+TEST_F(SplitDialogTest, AnAmountLargerThanTheWholeReversesTheSignOfTheFirst)
 {
-    Split("0.05", [&](Form& form) { EXPECT_EQ(Amounts(form), "0.03 + 0.02 = 0.05"); });
+    EXPECT_TRUE(Split("-100", [&](Form& form) {
+        In<TextBox>(form, "txtNew").Text("-130");
+        In<Button>(form, "btnOK").Press();
+    }));
+
+    EXPECT_EQ(first_, Money::Parse("30"));
+    EXPECT_EQ(second_, Money::Parse("-130"));
+}
+
+TEST_F(SplitDialogTest, TheOtherAmountsStayWhileATextIsNotANumber)
+{
+    Split("100", [&](Form& form) {
+        In<TextBox>(form, "txtNew").Text("30");
+        for (const char* text : {"", "much", "3,0", "-"}) {
+            In<TextBox>(form, "txtNew").Text(text);
+            EXPECT_FALSE(In<Button>(form, "btnOK").Enabled()) << text;
+            EXPECT_EQ(Amounts(form), std::string("70 + ") + text + " = 100");
+        }
+    });
+}
+
+TEST_F(SplitDialogTest, OnlyTheSecondAmountCanBeTyped)
+{
+    Split("100", [&](Form& form) {
+        EXPECT_TRUE(In<TextBox>(form, "txtOriginal").Locked());
+        EXPECT_TRUE(In<TextBox>(form, "txtTotal").Locked());
+        EXPECT_FALSE(In<TextBox>(form, "txtNew").Locked());
+    });
+}
+
+TEST_F(SplitDialogTest, TheSpinnerStepsTheSecondAmountByOne)
+{
+    Split("100", [&](Form& form) {
+        In<Spinner>(form, "upDown").Step(3);
+        EXPECT_EQ(Amounts(form), "47 + 53 = 100");
+        In<TextBox>(form, "txtNew").Text("0.25");
+        In<Spinner>(form, "upDown").Step(-1);
+        EXPECT_EQ(Amounts(form), "100.75 + -0.75 = 100");
+    });
+}
+
+TEST_F(SplitDialogTest, HalvesAreProposedInWholeCents)
+{
+    constexpr std::pair<const char*, const char*> kProposals[] = {
+        {"-45.55", "-22.77 + -22.78 = -45.55"}, {"0.01", "0.01 + 0 = 0.01"},
+        {"0.03", "0.01 + 0.02 = 0.03"},         {"0.05", "0.03 + 0.02 = 0.05"},
+        {"10.0001", "5.0001 + 5 = 10.0001"},    {"0", "0 + 0 = 0"}};
+    for (const auto& proposal : kProposals)
+        Split(proposal.first, [&](Form& form) { EXPECT_EQ(Amounts(form), proposal.second); });
 }
 
 TEST(OptionsTest, ListsTheAccountsThatMayCountAndStoresWhatChanged)
@@ -168,6 +227,10 @@ TEST(clsOpenSaveTest, AFilterEndsWithADividerWhetherGivenOrNot)
     EXPECT_EQ(dialog.Filter(), "Text|*.txt|");
     dialog.Filter("Text|*.txt|");
     EXPECT_EQ(dialog.Filter(), "Text|*.txt|");
+    dialog.Filter("A|*.a;*.b|All (*.*)|*.*");
+    EXPECT_EQ(dialog.Filter(), "A|*.a;*.b|All (*.*)|*.*|");
+    dialog.Filter("caf\u00e9|*.\U0001F600");
+    EXPECT_EQ(dialog.Filter(), "caf\u00e9|*.\U0001F600|");
 }
 
 TEST(clsOpenSaveTest, CancellingKeepsTheProperties)
@@ -196,6 +259,27 @@ TEST(clsOpenSaveTest, AChoiceSetsNameTitleAndExtension)
     EXPECT_EQ(dialog.FileName, "/home/me/My statement.OFX");
     EXPECT_EQ(dialog.FileTitle, "My statement.OFX");
     EXPECT_EQ(dialog.FileExt, "OFX");
+}
+
+TEST(clsOpenSaveTest, TheExtensionIsWhatFollowsTheNamesLastPeriod)
+{
+    constexpr const char* kChoices[][3] = {
+        {"/home/me/march.2006.final.ofx", "march.2006.final.ofx", "ofx"},
+        {"/home/me.d/march", "march", ""},
+        {"/home/me/march.", "march.", ""},
+        {"/\u8d85.d/caf\u00e9.qif", "caf\u00e9.qif", "qif"},
+        {"march.ofx", "march.ofx", "ofx"}};
+    for (const auto& [path, title, extension] : kChoices) {
+        FakeFileDialog dialogs;
+        dialogs.answers = {path};
+        clsOpenSave dialog(dialogs);
+
+        EXPECT_TRUE(dialog.GetFileName());
+
+        EXPECT_EQ(dialog.FileName, path);
+        EXPECT_EQ(dialog.FileTitle, title) << path;
+        EXPECT_EQ(dialog.FileExt, extension) << path;
+    }
 }
 
 TEST(AboutTest, OnlyALaterProgramsDataFileHasASeparateLine)

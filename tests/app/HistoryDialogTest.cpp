@@ -126,7 +126,7 @@ TEST_F(HistoryDialogTest, ADamagedRecordIsReportedBelowTheLists)
 {
     Raw("UPDATE CvChange SET Data = x'FFFFFFFF' WHERE Step = (SELECT max(Step) FROM CvStep)");
     Show([](Form& form) {
-        EXPECT_EQ(Takes(form), "The record of 'Delete Record' in the history is damaged.");
+        EXPECT_EQ(Takes(form), "The history's step 3 ('Delete Record') is damaged.");
         EXPECT_EQ(List(form, "lstChanges").Lines().size(), 0U);
         List(form, "lstSteps").Choose(6);
         EXPECT_TRUE(form.Find("btnBack")->Enabled());
@@ -173,15 +173,17 @@ TEST_F(HistoryDialogTest, SaysThatAChangeOfTablesEndedTheHistory)
     Command("SQL", "CREATE TABLE Extra (Name TEXT(10))");
     Show([](Form& form) {
         EXPECT_EQ(Lines(List(form, "lstSteps")),
-                  "[Tables were changed on 2006-03-20. What was done before cannot be undone.]\n");
-        EXPECT_EQ(Takes(form), "There is nothing to undo.");
+                  "[Tables were changed on 2006-03-20.]\n"
+                  "[Earlier steps cannot be undone.]\n");
+        EXPECT_EQ(Takes(form), "There is nothing to undo since tables were changed.");
     });
     Command("Edit Account", "UPDATE Account SET Description = 'Main' WHERE AccountID = 'S1'");
     Show([](Form& form) {
         EXPECT_EQ(Lines(List(form, "lstSteps")),
                   "[Today, 2006-03-20]\n"
                   "*09:05|Edit Account|1||\n"
-                  "[Tables were changed on 2006-03-20. What was done before cannot be undone.]\n");
+                  "[Tables were changed on 2006-03-20.]\n"
+                  "[Earlier steps cannot be undone.]\n");
     });
 }
 

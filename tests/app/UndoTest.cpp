@@ -1,5 +1,6 @@
 // What the window shows after Undo and Redo.
 
+#include "app/OtherPrograms.h"
 #include "controls/ResultBar.h"
 #include "data/ViewColumns.h"
 #include "tests/app/HistoryBooks.h"
@@ -20,6 +21,21 @@ protected:
         for (const std::int32_t column : {1, 2})
             text += "|" + (grid.Row() == 0 ? "" : grid.CellText(grid.Row(), column));
         return text;
+    }
+    /// As the window does it: what other programs have written is shown first.
+    void PressInWindow(const std::string& item)
+    {
+        Window().Others().Follow();
+        Press(item);
+    }
+    void UndoElsewhere()
+    {
+        Connection connection;
+        connection.Open("Data Source=" + books_.folder.Path() + "/db/clb.mdb");
+        History history(
+            connection, [] { return *Date::Of(2006, 3, 20); }, "another one");
+        history.Undo(1);
+        connection.Settle();
     }
     std::string Bar() { return Window().result.Text(); }
     void PressBar()
@@ -229,6 +245,98 @@ TEST_F(UndoTest, CaptionsAndTheBarTellStepsOfAnotherProgramApart)
     EXPECT_EQ(Caption("mnuY_Undo"), "&Undo Edit Transaction");
 }
 
+// Symptom: the caption named the user's own step, and the import of another program was undone.
+TEST_F(UndoTest, TakesBackOnlyTheStepThatTheCaptionNames)
+{
+    EditTailor();
+    Elsewhere("Import", "UPDATE Trans SET Amount = -1 WHERE Description = 'Baker'");
+
+    PressInWindow("mnuY_Undo");
+
+    EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans WHERE Amount = -1"), "1");
+    EXPECT_EQ(Bar(),
+              "Nothing was undone, because another program has changed the book meanwhile. Undo "
+              "would now take back 'Import'.");
+    EXPECT_EQ(Window().result.ButtonCaption(), "Undo");
+    EXPECT_EQ(Caption("mnuY_Undo"), "&Undo Import (another program)");
+    EXPECT_TRUE(books_.messages.boxes.empty());
+    PressInWindow("mnuY_Undo");
+    EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans WHERE Amount = -1"), "0");
+    EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans WHERE Description = 'Suit'"), "1");
+}
+
+TEST_F(UndoTest, ItsBarOffersTheStepThatComesNextNow)
+{
+    EditTailor();
+    Elsewhere("Import", "UPDATE Trans SET Amount = -1 WHERE Description = 'Baker'");
+    PressInWindow("mnuY_Undo");
+
+    PressBar();
+
+    EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans WHERE Amount = -1"), "0");
+    EXPECT_EQ(Bar(), "Undone: Import of another program (1 row)");
+}
+
+TEST_F(UndoTest, DoesNotGoOnToAnOlderStepIfAnotherProgramHasUndoneTheNamedOne)
+{
+    Command("Edit Transaction", "UPDATE Trans SET Amount = -1");
+    EditTailor();
+    UndoElsewhere();
+
+    PressInWindow("mnuY_Undo");
+
+    EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans WHERE Amount = -1"), "3");
+    EXPECT_EQ(Bar(),
+              "Nothing was undone, because another program has changed the book meanwhile. Undo "
+              "would now take back 'Edit Transaction'.");
+}
+
+TEST_F(UndoTest, SaysThatNothingIsLeftToRedoAfterAnotherProgramsStep)
+{
+    EditTailor();
+    Press("mnuY_Undo");
+    Window().result.Close();
+    Elsewhere("Import", "UPDATE Trans SET Amount = -1 WHERE Description = 'Baker'");
+
+    PressInWindow("mnuY_Redo");
+
+    EXPECT_EQ(Bar(),
+              "Nothing was redone, because another program has changed the book meanwhile. There "
+              "is nothing left to redo.");
+    EXPECT_EQ(Window().result.ButtonCaption(), "");
+    EXPECT_FALSE(Window().menus.Find("mnuY_Redo")->Enabled());
+}
+
+// What the user has typed is saved and taken back, though the caption could not name it.
+TEST_F(UndoTest, TakesBackTheTypedRowAfterAnotherProgramsStep)
+{
+    EditTailor();
+    Click("Checking");
+    Elsewhere("Import", "UPDATE Account SET Description = 'Nest' WHERE AccountID = 'S1'");
+    Window().window.Focus(Window().Grid);
+    Window().Grid.MoveTo(1, Register::Description);
+    Window().Grid.BeginEdit(0);
+    Window().Grid.EditText("Typed");
+
+    PressInWindow("mnuY_Undo");
+
+    EXPECT_EQ(Bar().substr(0, 25), "Undone: Edit Transaction ");
+    EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Trans WHERE Description = 'Typed'"), "0");
+    EXPECT_EQ(books_.One("SELECT Description FROM Account WHERE AccountID = 'S1'"), "Nest");
+    EXPECT_EQ(Caption("mnuY_Undo"), "&Undo Import (another program)");
+}
+
+TEST_F(UndoTest, CaptionsFollowOtherProgramsAfterEachAction)
+{
+    EditTailor();
+    Elsewhere("Import", "UPDATE Trans SET Amount = -1 WHERE Description = 'Baker'");
+
+    Window().Others().Follow();
+    Window().Settle();
+
+    EXPECT_EQ(Caption("mnuY_Undo"), "&Undo Import (another program)");
+}
+
 TEST_F(UndoTest, StepsFromBeforeTheStartAreNotSaidToBeOfAnotherProgram)
 {
     Elsewhere("Import", "UPDATE Trans SET Amount = -1 WHERE Description = 'Baker'");
@@ -243,6 +351,34 @@ TEST_F(UndoTest, WithoutStepsThereIsNothingToChoose)
     EXPECT_FALSE(Window().menus.Find("mnuY_Undo")->Enabled());
     EXPECT_FALSE(Window().menus.Find("mnuY_Redo")->Enabled());
     EXPECT_EQ(Caption("mnuY_Undo"), "&Undo");
+}
+
+// Symptom: Undo was gray after a change of tables, and nothing said why.
+TEST_F(UndoTest, TheCaptionSaysThatAChangeOfTablesEndedTheHistory)
+{
+    EditTailor();
+    Command("SQL", "CREATE TABLE Extra (Name TEXT(10))");
+
+    EXPECT_EQ(Caption("mnuY_Undo"), "&Undo (not possible: tables were changed)");
+    EXPECT_FALSE(Window().menus.Find("mnuY_Undo")->Enabled());
+    EXPECT_EQ(Caption("mnuY_Redo"), "&Redo");
+
+    Command("Edit Transaction", "UPDATE Trans SET Amount = -1");
+    EXPECT_EQ(Caption("mnuY_Undo"), "&Undo Edit Transaction");
+    Press("mnuY_Undo");
+    EXPECT_EQ(Caption("mnuY_Undo"), "&Undo (not possible: tables were changed)");
+}
+
+TEST_F(UndoTest, SaysThatAnotherProgramHasChangedTables)
+{
+    EditTailor();
+    Elsewhere("SQL", "CREATE TABLE Extra (Name TEXT(10))");
+
+    PressInWindow("mnuY_Undo");
+
+    EXPECT_EQ(Bar(),
+              "Nothing was undone, because another program has changed the book meanwhile. There "
+              "is nothing left to undo since tables were changed.");
 }
 
 TEST_F(UndoTest, ARefusalIsABoxAndNoResult)

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "base/modCommon.h"
 
 namespace clb::modCommon {
@@ -9,6 +11,15 @@ TEST(modCommonTest, LargerAndSmaller)
 {
     EXPECT_EQ(Max(-3, 2), 2);
     EXPECT_EQ(Min(-3, 2), -3);
+    EXPECT_EQ(Max(1, 2), 2);
+    EXPECT_EQ(Max(-1, -2), -1);
+    EXPECT_EQ(Min(1, 2), 1);
+    EXPECT_EQ(Min(-1, -2), -2);
+    EXPECT_EQ(Min(5, 5), 5);
+    constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+    constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+    EXPECT_EQ(Max(kLeast, kMost), kMost);
+    EXPECT_EQ(Min(kLeast, kMost), kLeast);
 }
 
 TEST(modCommonTest, AZoneWestOfGreenwichIsNegative)

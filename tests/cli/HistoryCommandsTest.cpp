@@ -1,6 +1,10 @@
 // clb history, undo and redo, and the steps that the other commands make.
 #include <gmock/gmock.h>
 #include <sqlite3.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
 
 #include "CommandFixture.h"
 #include "base/Text.h"
@@ -173,6 +177,28 @@ TEST_F(HistoryCommandsTest, TheRepliesHaveTheirKeys)
     EXPECT_EQ(Json::parse(Out())["redone"][0]["undone"], false);
 }
 
+// Symptom: the list was refused because the file could not be written.
+TEST_F(HistoryCommandsTest, ABookThatCannotBeWrittenIsListed)
+{
+    AddChecking();
+    const std::string db = folder.Path("books/db");
+    std::filesystem::permissions(folder.Path(""), std::filesystem::perms(0755));
+    std::filesystem::permissions(folder.Path("books"), std::filesystem::perms(0755));
+    std::filesystem::permissions(db + "/clb.mdb", std::filesystem::perms(0444));
+    std::filesystem::permissions(db, std::filesystem::perms(0555));
+    // The superuser may write everywhere.
+    const std::string user =
+        geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
+    const std::string out = folder.Write("listed", "");
+    const std::string program = user + "'" CLB_PROGRAM "' ";
+    EXPECT_EQ(std::system((program + "history --json" + Home() + " >" + out).c_str()), 0);
+    EXPECT_EQ(Json::parse(folder.Read("listed"))["steps"].size(), 1U);
+    EXPECT_EQ(std::system((program + "history --step 1" + Home() + " >" + out).c_str()), 0);
+    EXPECT_THAT(folder.Read("listed"), HasSubstr("Description: Checking"));
+    EXPECT_NE(std::system((program + "undo" + Home() + " 2>" + out).c_str()), 0);
+    std::filesystem::permissions(db, std::filesystem::perms(0755));
+}
+
 TEST_F(HistoryCommandsTest, MoreStepsThanThereAreTakeAll)
 {
     AddChecking();
@@ -191,9 +217,13 @@ TEST_F(HistoryCommandsTest, MoreStepsThanThereAreTakeAll)
 
 TEST_F(HistoryCommandsTest, WrongNumbersAreWrongUsageAndAMissingStepIsRefused)
 {
-    for (const char* words : {"undo --steps 0", "undo --steps -1", "redo --steps x",
-                              "history --limit 0", "history --step 0", "history --step 1.5"})
+    for (const char* words :
+         {"undo --steps 0", "undo --steps -1", "redo --steps x", "history --limit 0",
+          "history --step 0", "history --step 1.5", "history --limit 99999999999999999999"}) {
         EXPECT_EQ(Run(words + Home()), 2) << words;
+        // Symptom: the range was a number of 300 digits.
+        EXPECT_THAT(Err(), HasSubstr("is not a whole number from 1 to 1000000000000")) << words;
+    }
     EXPECT_EQ(Run("history --step 7" + Home()), 1);
     EXPECT_EQ(Out(), "");
     EXPECT_EQ(Err(), "clb: The history has no step 7.\n");
@@ -217,8 +247,11 @@ TEST_F(HistoryCommandsTest, ARowThatAnotherProgramHasChangedIsRefused)
 
 TEST_F(HistoryCommandsTest, AChangeOfTablesEndsTheHistoryAndUndoSaysSo)
 {
-    for (const char* statement : {"CREATE TABLE Notes (Text TEXT)",
-                                  "ALTER TABLE Notes ADD COLUMN More TEXT", "DROP TABLE Notes"}) {
+    for (const char* statement :
+         {"CREATE TABLE Notes (Text TEXT)", "ALTER TABLE Notes ADD COLUMN More TEXT",
+          "CREATE UNIQUE INDEX ByText ON Notes (Text)", "DROP INDEX ByText ON Notes",
+          "DROP TABLE Notes", "CREATE TABLE CvNotes (Text TEXT)",
+          "ALTER TABLE CvNotes ADD COLUMN More TEXT", "DROP TABLE CvNotes"}) {
         Sql("INSERT INTO Account (AccountID, Description, Type) VALUES ('C', 'C', 'Bank')");
         Sql(statement);
 
@@ -278,7 +311,7 @@ TEST_F(HistoryCommandsTest, ADamagedHistoryIsReportedAndRepaired)
 
     EXPECT_EQ(Run("history --step 1" + Home()), 1);
     EXPECT_EQ(Out(), "");
-    EXPECT_EQ(Err(), "clb: The record of 'SQL' in the history is damaged.\n");
+    EXPECT_EQ(Err(), "clb: The history's step 1 ('SQL') is damaged.\n");
     EXPECT_EQ(Run("check --json" + Home()), 2);
     EXPECT_EQ(Json::parse(Out())["findings"][0]["kind"], "history");
     EXPECT_EQ(Json::parse(Out())["findings"][0]["row"], 1);

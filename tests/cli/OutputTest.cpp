@@ -14,13 +14,20 @@ protected:
     void SetUp() override { ASSERT_EQ(Run("demo " + Books()), 0) << Err(); }
 
     /// Runs clb with its output redirected by the shell. Returns the exit code.
-    int RunInto(const std::string& words, const std::string& where)
+    int RunInto(const std::string& words, const std::string& where, const std::string& before = "")
     {
         const std::string command =
-            "'" CLB_PROGRAM "' " + words + " 2>'" + folder.Path("err") + "' " + where;
+            before + "'" CLB_PROGRAM "' " + words + " 2>'" + folder.Path("err") + "' " + where;
         const std::string script = "bash -c \"" + command + "\"";
         const int status = std::system(script.c_str());
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    /// Shell commands that open a pipe as number 4. Its reader is gone before clb starts.
+    std::string PipeWithoutReader()
+    {
+        const std::string pipe = "'" + folder.Path("pipe") + "'";
+        return "[ -p " + pipe + " ] || mkfifo " + pipe + "; exec 3<>" + pipe + " 4>" + pipe +
+               " 3>&-; ";
     }
     void ExpectRefused(const std::string& words)
     {
@@ -28,7 +35,7 @@ protected:
         EXPECT_THAT(Err(), HasSubstr("clb: Standard output cannot be written: No space left on "
                                      "device."))
             << words;
-        EXPECT_EQ(RunInto(words, "| true; exit \\${PIPESTATUS[0]}"), 1) << words;
+        EXPECT_EQ(RunInto(words, ">&4", PipeWithoutReader()), 1) << words;
         EXPECT_THAT(Err(), HasSubstr("clb: Standard output cannot be written: Broken pipe."));
         EXPECT_EQ(RunInto(words, ">&-"), 1) << words;
         EXPECT_THAT(Err(), HasSubstr("clb: Standard output cannot be written"));

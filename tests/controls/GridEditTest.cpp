@@ -193,11 +193,51 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Refused{shop::Price, "cheap", "Please enter a number, for example 1,234.50."},
         Refused{shop::Price, "12,5", "Please enter a number, for example 1,234.50."},
+        Refused{shop::Price, "1234,567.00", "Please enter a number, for example 1,234.50."},
+        Refused{shop::Price, "-530,86", "Please enter a number, for example 1,234.50."},
+        Refused{shop::Price, "-", "Please enter a number, for example 1,234.50."},
+        Refused{shop::Price, "1 2", "Please enter a number, for example 1,234.50."},
         Refused{shop::Price, "99999999999999999999", "This number is too large for the column."},
+        Refused{shop::Price, "922337203685477.5808", "This number is too large for the column."},
+        Refused{shop::Price, "1e30", "This number is too large for the column."},
         Refused{shop::Count, "4000000000", "This number is too large for the column."},
         Refused{shop::Weight, "light", "Please enter a number, for example 1,234.50."},
         Refused{shop::Day, "2006-02-30", "Please enter a date, for example 2026-11-03 or Nov 3."},
+        Refused{shop::Day, "2006-02-29", "Please enter a date, for example 2026-11-03 or Nov 3."},
+        Refused{shop::Day, "2006-13-01", "Please enter a date, for example 2026-11-03 or Nov 3."},
         Refused{shop::Name, "elevenchars", "Please enter at most 10 characters."}));
+
+struct Accepted {
+    std::int32_t column;
+    const char* text;
+    const char* value;  ///< as a plain text
+};
+
+class AcceptedTextTest : public GridEditTest, public testing::WithParamInterface<Accepted> {};
+
+TEST_P(AcceptedTextTest, BecomesItsValue)
+{
+    EXPECT_TRUE(Type(GetParam().column, GetParam().text));
+
+    EXPECT_EQ(ToText(grid_.ColumnValue(GetParam().column)), GetParam().value);
+    EXPECT_FALSE(grid_.Editing());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ByType, AcceptedTextTest,
+    testing::Values(Accepted{shop::Price, "45.5", "45.5"},
+                    Accepted{shop::Price, "1,234.50", "1234.5"}, Accepted{shop::Price, "(5)", "-5"},
+                    Accepted{shop::Price, "5-", "-5"}, Accepted{shop::Price, "$7", "7"},
+                    Accepted{shop::Price, " 8 ", "8"}, Accepted{shop::Price, "1e3", "1000"},
+                    Accepted{shop::Price, "1.00005", "1"},
+                    Accepted{shop::Price, "1.00015", "1.0002"},
+                    Accepted{shop::Price, "922337203685477.5807", "922337203685477.5807"},
+                    Accepted{shop::Day, "2006-03-05", "2006-03-05"},
+                    Accepted{shop::Day, "2004-02-29", "2004-02-29"},
+                    Accepted{shop::Weight, "0.125", "0.125"}, Accepted{shop::Weight, "-3", "-3"},
+                    Accepted{shop::Weight, "1,000.5", "1000.5"},
+                    Accepted{shop::Name, "  a  b  ", "  a  b  "},
+                    Accepted{shop::Name, "one\ntwo", "one\ntwo"}, Accepted{shop::Name, "", ""}));
 
 TEST_F(GridEditTest, TypedDatesReferToTheShownMonth)
 {
@@ -329,10 +369,14 @@ TEST_F(GridEditTest, AnEmptyTextEmptiesTheCell)
 {
     Type(shop::Price, "  ");
     Type(shop::Day, "");
+    Type(shop::Weight, "");
+    Type(shop::Name, "");
     grid_.Update();
 
+    EXPECT_EQ(grid_.Array().At(0, 1), Value(std::string()));
     EXPECT_TRUE(IsNull(grid_.Array().At(0, 2)));
     EXPECT_TRUE(IsNull(grid_.Array().At(0, 4)));
+    EXPECT_TRUE(IsNull(grid_.Array().At(0, 6)));
 }
 
 TEST_F(GridEditTest, AChoiceTakesOnlyEntriesOfItsList)

@@ -9,6 +9,8 @@
 #include <set>
 #include <stdexcept>
 
+#include "history/Bookkeeping.h"
+#include "history/StepStore.h"
 #include "tests/crash/FixedMoment.h"
 
 namespace clb {
@@ -102,8 +104,8 @@ TableDump DumpOf(const std::string& path)
 TableDump WithoutHistory(TableDump dump)
 {
     std::erase_if(dump.lines, [](const std::string& line) {
-        return line.starts_with("CvStep|") || line.starts_with("CvChange|") ||
-               line.starts_with("sqlite_sequence|") ||
+        const std::string table = line.substr(0, line.find('|'));
+        return StepStore::Owns(table) || IsBookkeeping(table) || table == "sqlite_sequence" ||
                (line.starts_with("sqlite_master|") && line.find(":Cv") != std::string::npos);
     });
     return dump;

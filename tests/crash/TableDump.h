@@ -17,8 +17,8 @@ struct TableDump {
 /// program left is rolled back first. Throws std::runtime_error if the file cannot be read.
 TableDump DumpOf(const std::string& path);
 
-/// Leaves out the history's rows and what no undo takes back: that added tables are there, and the
-/// numbers last given to rows.
+/// Leaves out the history's rows and what no undo takes back: that added tables are there, the
+/// program's bookkeeping, and the numbers last given to rows.
 TableDump WithoutHistory(TableDump dump);
 
 /// Removes the numbers that the tick count gives to a QIF import, because they differ from run to

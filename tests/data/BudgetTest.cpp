@@ -76,6 +76,77 @@ TEST_F(BudgetTest, CopyingIntoAnEmptyMonthAddsTheSetAsideLine)
     EXPECT_EQ(BudgetOf(2006, 1), (Texts{"(none)|(none)|0", "Food|Living|200"}));
 }
 
+TEST_F(BudgetTest, AnExistingLineGetsTheCopiedGroupAndAmountEvenIfTheyAreNone)
+{
+    AddBudget("Food", "(none)", "0", 2006, 2);
+    AddBudget("Food", "Household", "300", 2006, 3);
+
+    Store().CopyBudget(2006, 2, 2006, 3);
+
+    EXPECT_EQ(BudgetOf(2006, 3), (Texts{"(none)|(none)|0", "Food|(none)|0"}));
+}
+
+TEST_F(BudgetTest, TheSetAsideLineIsCopiedToo)
+{
+    AddBudget("(none)", "Rest", "5", 2006, 2);
+    AddBudget("(none)", "(none)", "12", 2006, 3);
+
+    Store().CopyBudget(2006, 2, 2006, 3);
+
+    EXPECT_EQ(BudgetOf(2006, 3), Texts{"(none)|Rest|5"});
+}
+
+TEST_F(BudgetTest, CopyingAgainChangesNothing)
+{
+    AddBudget("Food", "Household", "300", 2006, 2);
+    AddBudget("Kids'' toys", "Kids''", "20", 2006, 2);
+    Store().CopyBudget(2006, 2, 2006, 3);
+    const Texts copied = Rows("SELECT * FROM Budget");
+
+    Store().CopyBudget(2006, 2, 2006, 3);
+
+    EXPECT_EQ(Rows("SELECT * FROM Budget"), copied);
+}
+
+TEST_F(BudgetTest, ACategoryListedTwiceBecomesOneLineWithTheLastAmount)
+{
+    AddBudget("Food", "(none)", "1", 2006, 2);
+    AddBudget("Food", "(none)", "2", 2006, 2);
+
+    Store().CopyBudget(2006, 2, 2006, 3);
+
+    EXPECT_EQ(BudgetOf(2006, 3), (Texts{"(none)|(none)|0", "Food|(none)|2"}));
+}
+
+TEST_F(BudgetTest, CategoriesThatDifferInCaseAreTwo)
+{
+    AddBudget("Food", "(none)", "1", 2006, 2);
+    AddBudget("food", "(none)", "2", 2006, 3);
+
+    Store().CopyBudget(2006, 2, 2006, 3);
+
+    EXPECT_EQ(BudgetOf(2006, 3), (Texts{"(none)|(none)|0", "Food|(none)|1"}));
+}
+
+TEST_F(BudgetTest, TransactionsOfARemovedCategoryAreSetAsideInThatMonthOnly)
+{
+    AddAccount("10", "Bank");
+    AddAccount("30", "Credit Card");
+    Execute("UPDATE Account SET BudgetInclude = FALSE WHERE AccountID = '30'");
+    AddBudget("Food", "(none)", "300", 2006, 2);
+    AddBudget("Travel", "(none)", "50", 2006, 3);
+    AddTransaction(1, "10", "-1", 2006, 2, "Travel");
+    AddTransaction(2, "10", "-2", 2006, 3, "Travel");
+    AddTransaction(3, "30", "-3", 2006, 3, "Travel");
+    AddTransaction(4, "10", "-4", 2006, 3, "Food");
+    AddTransaction(5, "10", "-5", 2005, 3, "Travel");
+
+    Store().CopyBudget(2006, 2, 2006, 3);
+
+    EXPECT_EQ(Rows("SELECT Sequence, Category FROM Trans ORDER BY Sequence"),
+              (Texts{"1|Travel", "2|(none)", "3|(none)", "4|Food", "5|Travel"}));
+}
+
 TEST_F(BudgetTest, TheTargetsOwnSetAsideLineStays)
 {
     AddBudget("Food", "Living", "200", 2006, 2);
@@ -147,6 +218,42 @@ TEST_F(BudgetTest, ATransactionMovesAcrossYearEnds)
     EXPECT_EQ(BudgetOf(2005, 12), (Texts{"Food|(none)|0"}));
     Store().MoveMonth(1, 0, 1);
     EXPECT_EQ(MonthOf(1, 0), "2006|1");
+}
+
+TEST_F(BudgetTest, AnExistingLineOfTheOtherMonthIsKept)
+{
+    AddTransaction(1, "10", "-1", 2006, 3, "Kids'' toys");
+    AddBudget("Kids'' toys", "Kids''", "50", 2006, 4);
+    ShowRegister();
+    row_.cells[Register::Category] = std::string("Kids' toys");
+
+    Store().MoveMonth(1, 0, 1);
+
+    EXPECT_EQ(BudgetOf(2006, 4), Texts{"Kids' toys|Kids'|50"});
+}
+
+TEST_F(BudgetTest, AMissingCategoryCountsAsTheEmptyOne)
+{
+    AddTransaction(1, "10", "-1", 2006, 3);
+    Execute("UPDATE Trans SET Category = NULL");
+    ShowRegister();
+    row_.cells[Register::Category] = Null{};
+
+    Store().MoveMonth(1, 0, 1);
+
+    EXPECT_EQ(BudgetOf(2006, 4), Texts{"|(none)|0"});
+    EXPECT_EQ(Rows("SELECT Period FROM Trans WHERE Category IS NULL"), Texts{"4"});
+}
+
+TEST_F(BudgetTest, AnyDirectionButOneIsBackwards)
+{
+    AddTransaction(1, "10", "-1", 2006, 3);
+    ShowRegister();
+
+    for (const int direction : {0, 2, -5})
+        Store().MoveMonth(1, 0, direction);
+
+    EXPECT_EQ(MonthOf(1, 0), "2005|12");
 }
 
 TEST_F(BudgetTest, NoTransactionMovesOutOfTheLastYear)

@@ -35,8 +35,8 @@ TEST_F(RowsTest, EveryViewHasItsColumnsInOrder)
         "Description AccountID OpeningBalance TotBalance Sequence Type ",
         std::string("PostDate Description Amount CheckID Category Notes AccountID Year Period ") +
             "FITID Sequence SubSequence ",
-        "StockSymbol StockName PurchaseDate Quantity PurchasePrice LastPrice Total AccountID "
-        "Sequence ",
+        std::string("StockSymbol StockName PurchaseDate Quantity PurchasePrice LastPrice ") +
+            "Total AccountID Sequence ",
         "Description OriginalAmount PaidAmount InterestRate AccountID Sequence "};
     for (shown_.view = 1; shown_.view <= 6; ++shown_.view)
         EXPECT_EQ(FieldNames(), names[static_cast<std::size_t>(shown_.view - 1)]);
@@ -193,6 +193,40 @@ TEST_F(RowsTest, AnAccountIsNotItsOwnDuplicate)
     EXPECT_EQ(Check(), "2: That account already exists.");
 }
 
+TEST_F(RowsTest, ANetWorthAccountIsNotItsOwnDuplicateEither)
+{
+    AddAccount("10", "Bank");
+    AddAccount("O'Neil's", "Cash");
+    shown_.view = vwNetWorth;
+    row_.cells = {{NetWorth::Description, std::string("Mine")},
+                  {NetWorth::Type, std::string("Bank")},
+                  {NetWorth::AccountID, std::string("10")},
+                  {NetWorth::Sequence, std::int32_t{1}}};
+
+    EXPECT_EQ(Check(), "valid");
+    row_.cells[NetWorth::Type] = std::string("");
+    EXPECT_EQ(Check(), "2: Please enter an account type.");
+    row_.cells[NetWorth::AccountID] = std::string("O'Neil's");
+    EXPECT_EQ(Check(), "3: That account already exists.");
+    row_.cells[NetWorth::AccountID] = std::string("");
+    EXPECT_EQ(Check(), "3: Please enter an account #.");
+    row_.cells[NetWorth::Description] = std::string("");
+    EXPECT_EQ(Check(), "1: Please enter an account description.");
+}
+
+TEST_F(RowsTest, TheNumberOfAnAccountOfAnotherTypeIsADuplicate)
+{
+    AddAccount("10", "Bank");
+    AddAccount("C-1", "Cash");
+    shown_.view = vwAccountType;
+    shown_.type = "Bank";
+    row_.cells = {{AccountType::Description, std::string("Mine")},
+                  {AccountType::AccountID, std::string("C-1")},
+                  {AccountType::Sequence, std::int32_t{1}}};
+
+    EXPECT_EQ(Check(), "2: That account already exists.");
+}
+
 TEST_F(RowsTest, AnAccountOfOneTypeGetsThatType)
 {
     shown_.view = vwAccountType;
@@ -201,6 +235,9 @@ TEST_F(RowsTest, AnAccountOfOneTypeGetsThatType)
     EXPECT_EQ(Check(), "1: Please enter an account description.");
     row_.cells[AccountType::Description] = std::string("Visa");
     EXPECT_EQ(Check(), "2: Please enter an account #.");
+    AddAccount("29", "Cash");
+    row_.cells[AccountType::AccountID] = std::string("29");
+    EXPECT_EQ(Check(), "2: That account already exists.");
     row_.cells[AccountType::AccountID] = std::string("30");
     EXPECT_EQ(Check(), "valid");
     EXPECT_EQ(row_.cells[AccountType::Type], Value{std::string("Credit Card")});
@@ -211,6 +248,8 @@ TEST_F(RowsTest, ABudgetRowGetsGroupAndMonth)
     shown_.view = vwBudget;
 
     EXPECT_EQ(Check(), "1: Please enter a category.");
+    row_.cells[Budget::Category] = std::string("");
+    EXPECT_EQ(Check(), "1: Please enter a category.");
     row_.cells[Budget::Category] = std::string("Food");
     EXPECT_EQ(Check(), "valid");
     EXPECT_EQ(row_.cells[Budget::CategoryGroup], Value{std::string("(none)")});
@@ -220,7 +259,7 @@ TEST_F(RowsTest, ABudgetRowGetsGroupAndMonth)
 
 TEST_F(RowsTest, ANewTransactionIsCompletedFromWhatIsShown)
 {
-    AddTransaction(41, "10", "1", 2006, 3);
+    AddTransaction(41, "20", "1", 1999, 1);
     shown_.view = vwAccount;
     shown_.account = "10";
     row_.cells[Register::PostDate] = *Date::Of(2005, 12, 31);
@@ -283,6 +322,7 @@ TEST_F(RowsTest, TransactionsLoseADeletedCategoryInThatMonthOnly)
 
 TEST_F(RowsTest, AnUnusedCategoryIsDeletedWithoutFurtherChanges)
 {
+    AddBudget("Food", "Living", "5", 2006, 3);
     AddTransaction(1, "10", "1", 2006, 4, "Food");
     shown_.view = vwBudget;
     row_.cells[Budget::Category] = std::string("Food");
@@ -290,7 +330,7 @@ TEST_F(RowsTest, AnUnusedCategoryIsDeletedWithoutFurtherChanges)
     EXPECT_TRUE(Store().DeleteRow(true));
 
     EXPECT_EQ(Rows("SELECT Category FROM Trans"), (std::vector<std::string>{"Food"}));
-    EXPECT_TRUE(Rows("SELECT Category FROM Budget").empty());
+    EXPECT_EQ(Rows("SELECT Category FROM Budget"), (std::vector<std::string>{"Food"}));
 }
 
 TEST_F(RowsTest, DeletingAnAccountKeepsItsTransactions)

@@ -1,4 +1,7 @@
 // Histories that other programs have damaged or made up: they cost no more than themselves.
+#include <iomanip>
+#include <sstream>
+
 #include "tests/history/HistoryFixture.h"
 
 namespace clb {
@@ -13,17 +16,6 @@ protected:
                                "'One', 'Bank')"});
         Command("Edit", {"UPDATE Account SET Description = 'Two'"});
     }
-    /// What Undo says; "undone" if it does not refuse.
-    std::string Refusal(std::int64_t most = 1)
-    {
-        try {
-            Undo(most);
-            return "undone";
-        } catch (const HistoryRefusal& refusal) {
-            End();
-            return refusal.what();
-        }
-    }
     /// The names of the steps, the newest first.
     std::string Steps()
     {
@@ -34,17 +26,26 @@ protected:
         });
         return names;
     }
-    /// Puts these bytes in the place of the record of the second step.
+    /// What is said when a step's rows are to be shown, or how many there are.
+    std::string WhatShowing(std::int64_t step)
+    {
+        try {
+            return std::to_string(history_->Rows(*history_->Find(step), 9).size()) + " row";
+        } catch (const HistoryRefusal& refusal) {
+            return refusal.what();
+        }
+    }
+    /// Puts these bytes in the place of the record of the second step, with nothing that tells so.
     void ForgeRecord(const std::string& hex) const
     {
         Elsewhere("UPDATE CvChange SET Data = x'" + hex +
-                  "' WHERE Step = 2; UPDATE CvStep SET Bytes = 100 + " +
+                  "' WHERE Step = 2; UPDATE CvStep SET Checksum = NULL, Bytes = 100 + " +
                   std::to_string(hex.size() / 2) + " WHERE Step = 2");
     }
 };
 
 constexpr const char* kDamaged =
-    "'Edit' cannot be undone: its record in the history is damaged. Nothing was changed.";
+    "'Edit' cannot be undone: the history's step 2 is damaged. Nothing was changed.";
 
 // Undo reported success and changed nothing.
 TEST_F(DamagedHistoryTest, StepsThatHaveLostTheirChangesAreForgotten)
@@ -130,6 +131,52 @@ TEST_F(DamagedHistoryTest, AMadeUpRecordIsRefused)
         EXPECT_EQ(Everything(), before);
         EXPECT_THROW(history_->Rows(*history_->Find(2), 9), HistoryRefusal) << record;
     }
+}
+
+// Undo put back a text that had never been there, and the name of a table was bytes of any kind.
+TEST_F(DamagedHistoryTest, ARecordWithOneWrongBitIsRefused)
+{
+    const std::string record = Column("SELECT hex(Data) FROM CvChange WHERE Step = 2").front();
+    for (std::size_t at = 0; at + 1 < record.size(); at += 2) {
+        const int byte = std::stoi(record.substr(at, 2), nullptr, 16) ^ 1;
+        std::ostringstream forged;
+        forged << record.substr(0, at) << std::hex << std::setw(2) << std::setfill('0') << byte
+               << record.substr(at + 2);
+        Elsewhere("UPDATE CvChange SET Data = x'" + forged.str() + "' WHERE Step = 2");
+
+        EXPECT_EQ(Refusal(), kDamaged) << at;
+        EXPECT_EQ(WhatShowing(2), "The history's step 2 ('Edit') is damaged.") << at;
+    }
+    Elsewhere("UPDATE CvChange SET Data = x'" + record + "' WHERE Step = 2");
+    EXPECT_EQ(Refusal(), "undone");
+    Elsewhere("UPDATE CvStep SET Checksum = Checksum + 1 WHERE Step = 2");
+    EXPECT_THROW(history_->Redo(1), HistoryRefusal);
+}
+
+// Symptom: the step that was asked for was said to be damaged, not the one that was.
+TEST_F(DamagedHistoryTest, AnEarlierStepIsNotBlamedForALaterOne)
+{
+    Elsewhere("UPDATE CvChange SET Data = x'00' || Data WHERE Step = 2");
+
+    EXPECT_EQ(WhatShowing(1), "Step 1 cannot be shown: the history's step 2 ('Edit') is damaged.");
+}
+
+// Books of an earlier form have no checksums.
+TEST_F(DamagedHistoryTest, AHistoryWithoutChecksumsIsGoneOnWith)
+{
+    const std::string now = Everything();
+    Elsewhere("ALTER TABLE CvStep DROP COLUMN Checksum");
+    EXPECT_EQ(WhatShowing(1), "1 row");
+    EXPECT_EQ(Undo(2).steps.size(), 2U);
+    EXPECT_EQ(Redo(2).steps.size(), 2U);
+    EXPECT_EQ(Everything(), now);
+
+    Elsewhere("ALTER TABLE CvStep DROP COLUMN Checksum");
+    Command("Edit again", {"UPDATE Account SET Description = 'Three'"});
+    EXPECT_EQ(Steps(), "Edit again, Edit, New Record");
+    EXPECT_EQ(Column("SELECT Step FROM CvStep WHERE Checksum IS NULL"),
+              (std::vector<std::string>{"1", "2"}));
+    EXPECT_EQ(Undo(3).steps.size(), 3U);
 }
 
 // The row that was only changed was reported as deleted, and another by what it would have become.

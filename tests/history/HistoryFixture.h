@@ -9,6 +9,8 @@
 
 #include "data/EmptyDatabase.h"
 #include "history/History.h"
+#include "history/HistoryJson.h"
+#include "history/SentSql.h"
 #include "tests/support/TempFolder.h"
 
 namespace clb {
@@ -47,6 +49,18 @@ protected:
         HistoryOutcome outcome = history_->Redo(most);
         End();
         return outcome;
+    }
+
+    /// What Undo says; "undone" if it does not refuse.
+    std::string Refusal(std::int64_t most = 1)
+    {
+        try {
+            Undo(most);
+            return "undone";
+        } catch (const HistoryRefusal& refusal) {
+            End();
+            return refusal.what();
+        }
     }
 
     /// What another program does to the file.

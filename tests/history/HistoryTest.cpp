@@ -85,6 +85,92 @@ TEST_F(HistoryTest, WhatIsAsBeforeInTheEndIsNoStep)
     EXPECT_EQ(history_->NextToUndo()->what, "New Record");
 }
 
+/// What the program notes for itself, beside the rows of the book.
+class BookkeepingTest : public HistoryFixture {
+protected:
+    void SetUp() override
+    {
+        HistoryFixture::SetUp();
+        Elsewhere("CREATE TABLE CvBalance (At DATETIME, AccountID TEXT)");
+    }
+    const std::string kNote = "INSERT INTO CvBalance (AccountID) VALUES ('A')";
+};
+
+// Symptom: Undo offered a step with nothing to see.
+TEST_F(BookkeepingTest, AloneIsNoStepAndLeavesWhatCanBeRedone)
+{
+    Command("New Record", {kChecking});
+    Command("New Record", {kCoffee});
+    const std::string after = Everything();
+    Undo();
+    for (const std::string& statement : {kNote, std::string("UPDATE CvBalance SET AccountID = 'B'"),
+                                         std::string("DELETE FROM CvBalance")})
+        Command("Import", {statement});
+    EXPECT_EQ(history_->NextToUndo()->number, 1);
+    EXPECT_EQ(history_->NextToRedo()->number, 2);
+    Redo();
+    EXPECT_EQ(Everything(), after);
+}
+
+TEST_F(BookkeepingTest, GoesBackWithTheRowsOfItsStep)
+{
+    const std::string before = Everything();
+    Command("Import", {kChecking, kNote});
+    const std::string after = Everything();
+    EXPECT_EQ(history_->NextToUndo()->rows, 2);
+    Undo();
+    EXPECT_EQ(Everything(), before);
+    Redo();
+    EXPECT_EQ(Everything(), after);
+}
+
+TEST_F(BookkeepingTest, AfterASettleItBelongsToTheStepThatTheCommandHasBegun)
+{
+    const std::string before = Everything();
+    history_->Begin("Import");
+    connection_.Execute(kChecking);
+    connection_.Settle();
+    connection_.Execute(kNote);
+    End();
+    Undo();
+    EXPECT_EQ(Everything(), before);
+}
+
+TEST_F(BookkeepingTest, ThatSaysSomethingNewerIsLeftAsItIs)
+{
+    Command("Import", {kChecking, kNote});
+    Command("Accept Balances", {"UPDATE CvBalance SET At = #2026-03-05#"});
+    EXPECT_EQ(Undo().steps.size(), 1U);
+    EXPECT_EQ(Column("SELECT At FROM CvBalance").size(), 1U);
+    EXPECT_TRUE(Column("SELECT * FROM Account").empty());
+    EXPECT_EQ(Redo().steps.size(), 1U);
+    EXPECT_EQ(Column("SELECT At FROM CvBalance").size(), 1U);
+    EXPECT_EQ(Undo().steps.size(), 1U);
+}
+
+TEST_F(BookkeepingTest, WhosePlaceIsTakenOrTableChangedIsLeftOut)
+{
+    Command("Import", {kChecking, kNote});
+    Undo();
+    Command("Import", {"INSERT INTO CvBalance (AccountID) VALUES ('Other')"});
+    EXPECT_EQ(Redo().steps.size(), 1U);
+    EXPECT_EQ(Column("SELECT AccountID FROM CvBalance"), std::vector<std::string>{"Other"});
+    EXPECT_EQ(Undo().steps.size(), 1U);
+
+    Command("Edit", {kChecking, "UPDATE CvBalance SET AccountID = 'B'"});
+    Elsewhere("ALTER TABLE CvBalance ADD COLUMN NoticedBy TEXT");
+    EXPECT_EQ(Undo().steps.size(), 1U);
+    EXPECT_EQ(Column("SELECT AccountID FROM CvBalance"), std::vector<std::string>{"B"});
+}
+
+// Rules, links and guesses are shown to the user.
+TEST_F(BookkeepingTest, OtherAdditionsAreSteps)
+{
+    Elsewhere("CREATE TABLE CvRule (Place LONG)");
+    Command("Rules", {"INSERT INTO CvRule (Place) VALUES (1)"});
+    EXPECT_EQ(Undo().steps.size(), 1U);
+}
+
 TEST_F(HistoryTest, TwoCommandsInOneCommitAreTwoSteps)
 {
     history_->Begin("One");
@@ -153,6 +239,30 @@ TEST_F(HistoryTest, RefusesWhereAnotherProgramHasChangedTheRow)
     EXPECT_EQ(Everything(), changed);
     Elsewhere("UPDATE Trans SET Amount = 70000");
     EXPECT_EQ(Undo().steps.size(), 1U);
+}
+
+// Symptom: the sentence ended at the byte 0.
+TEST_F(HistoryTest, ARefusalIsWholeWhateverTheTextsContain)
+{
+    Command("New Record", {kChecking});
+    Command("Edit", {"UPDATE Account SET Description = 'Savings'"});
+    Elsewhere("UPDATE Account SET Description = 'a' || char(0) || 'b'");
+    EXPECT_EQ(Refusal(),
+              "'Edit' cannot be undone: the account 'a\\0b' was changed since. Nothing was "
+              "changed.");
+}
+
+// Symptom: "Type mismatch".
+TEST_F(HistoryTest, ShowsAmountsWithoutEnd)
+{
+    Elsewhere("CREATE TABLE Rates (A SINGLE, B SINGLE, C DOUBLE, D SINGLE)");
+    Command("One", {"INSERT INTO Rates (A) VALUES (1)"});
+    Elsewhere(
+        "DELETE FROM CvStep; DELETE FROM CvChange; UPDATE Rates SET A = 9e999, B = -9e999, "
+        "C = 9e999, D = 1e300");
+    Command("Two", {"DELETE FROM Rates"});
+    EXPECT_EQ(ToLine(ChangesJson(*history_, *history_->NextToUndo())[0]["was"]),
+              R"({"A":"Infinity","B":"-Infinity","C":"Infinity","D":"1E+300"})");
 }
 
 TEST_F(HistoryTest, ARefusedStepAmongSeveralLeavesAllAsItWas)
@@ -224,6 +334,91 @@ TEST_F(HistoryTest, AChangeOfTablesEndsTheHistory)
     EXPECT_EQ(history_->EndedAt().substr(0, 10), "2026-03-04");
     Command("New Record", {kChecking});
     EXPECT_EQ(Undo(5).steps.size(), 1U);
+}
+
+// Symptom: after CREATE UNIQUE INDEX, Undo said that a row had been changed, which it had not.
+TEST_F(HistoryTest, AnIndexEndsTheHistory)
+{
+    for (const char* statement :
+         {"CREATE INDEX ByPayee ON Trans (PayeeName)", "DROP INDEX ByPayee ON Trans"}) {
+        Command("New Record", {kCoffee});
+        Command("SQL", {statement});
+        EXPECT_FALSE(history_->NextToUndo()) << statement;
+        EXPECT_EQ(history_->EndedAt().substr(0, 10), "2026-03-04") << statement;
+    }
+}
+
+TEST_F(HistoryTest, AnAdditionOfTheProgramEndsTheHistoryOnlyIfAPersonMakesIt)
+{
+    Command("New Record", {kCoffee});
+    for (const char* statement :
+         {"CREATE TABLE CvNotes (Text TEXT)", "CREATE INDEX ByText ON CvNotes (Text)",
+          "ALTER TABLE CvNotes ADD COLUMN More TEXT"})
+        Command("Import", {statement});
+    EXPECT_TRUE(history_->NextToUndo());
+    RunSent(connection_, *history_, "DROP TABLE CvNotes");
+    End();
+    EXPECT_FALSE(history_->NextToUndo());
+}
+
+// Symptom: "the account 'Two' was changed since", where only an index had come.
+TEST_F(HistoryTest, RefusesWhereATableNoLongerTakesTheRow)
+{
+    Command("New Records",
+            {"INSERT INTO Account (AccountID, Description, Type) VALUES ('A', 'Same', 'Bank')",
+             "INSERT INTO Account (AccountID, Description, Type) VALUES ('B', 'Same', 'Bank')"});
+    Command("Edit", {"UPDATE Account SET Description = 'Two' WHERE AccountID = 'B'"});
+    Elsewhere("CREATE UNIQUE INDEX NoSecond ON Account (Description)");
+    EXPECT_EQ(Refusal(),
+              "'Edit' cannot be undone: the table Account no longer takes the account 'Two' as it "
+              "was. Nothing was changed.");
+
+    Elsewhere("DROP INDEX NoSecond");
+    Command("Delete Record", {"DELETE FROM Account WHERE AccountID = 'B'"});
+    Elsewhere("CREATE UNIQUE INDEX NoSecond ON Account (Type)");
+    EXPECT_EQ(Refusal(),
+              "'Delete Record' cannot be undone: the table Account no longer takes the account "
+              "'Two' as it was. Nothing was changed.");
+}
+
+// Symptom: such rows were changed for good, and Undo took back the command before.
+TEST_F(HistoryTest, AWriteToRowsThatCannotBePutBackEndsTheHistory)
+{
+    Elsewhere(
+        "CREATE TABLE Words (Word TEXT PRIMARY KEY, Hits LONG) WITHOUT ROWID;"
+        "INSERT INTO Words VALUES ('a', 1), ('b', 2);"
+        "CREATE TABLE Sums (A LONG, B LONG, C LONG AS (A + B) STORED, D LONG AS (A - B) VIRTUAL);"
+        "INSERT INTO Sums VALUES (1, 2);"
+        "CREATE TABLE Sums2 (A LONG, D LONG AS (A - 1) VIRTUAL, B LONG);"
+        "INSERT INTO Sums2 VALUES (1, 2);"
+        "CREATE TABLE Hidden (rowid TEXT, _rowid_ TEXT, oid TEXT);"
+        "INSERT INTO Hidden VALUES ('1', '2', '3'), ('4', '5', '6')");
+    for (const char* statement :
+         {"INSERT INTO Words (Word, Hits) VALUES ('c', 3)",
+          "UPDATE Words SET Hits = 9 WHERE Word = 'b'", "UPDATE Words SET Hits = 9",
+          "UPDATE Words SET Word = 'bb' WHERE Word = 'b'", "DELETE FROM Words WHERE Word = 'bb'",
+          "DELETE FROM Words", "INSERT INTO Sums (A, B) VALUES (3, 4)", "UPDATE Sums SET A = 5",
+          "UPDATE Sums SET B = 7 WHERE A = 5", "DELETE FROM Sums",
+          "INSERT INTO Sums2 (A, B) VALUES (3, 4)", "UPDATE Sums2 SET B = 7 WHERE A = 3",
+          "DELETE FROM Sums2", "INSERT INTO Hidden (oid) VALUES ('x')",
+          "UPDATE Hidden SET oid = 'y' WHERE oid = 'x'", "DELETE FROM Hidden WHERE oid = 'y'",
+          "DELETE FROM Hidden"}) {
+        Command("New Record", {kCoffee});
+        Command("SQL", {statement});
+        EXPECT_FALSE(history_->NextToUndo()) << statement;
+        EXPECT_EQ(history_->EndedAt().substr(0, 10), "2026-03-04") << statement;
+    }
+}
+
+// Symptom: rows that came and went again in one command were taken for one row.
+TEST_F(HistoryTest, RowsWithoutIdentitiesAreNotTakenForOneAnother)
+{
+    Elsewhere(
+        "CREATE TABLE Words (Word TEXT PRIMARY KEY, Hits LONG) WITHOUT ROWID;"
+        "INSERT INTO Words VALUES ('a', 1), ('b', 2)");
+    Command("New Record", {kCoffee});
+    Command("SQL", {"INSERT INTO Words (Word) VALUES ('c')", "DELETE FROM Words WHERE Word = 'a'"});
+    EXPECT_FALSE(history_->NextToUndo());
 }
 
 TEST_F(HistoryTest, WithoutItsTablesThereIsOnlyNoHistory)

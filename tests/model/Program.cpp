@@ -375,12 +375,6 @@ void Program::GoBackTo(const Action& action)
     Menu("mnuY_Show");
 }
 
-bool Program::OnlyNotes()
-{
-    const std::optional<Step> newest = window_->Steps().NextToUndo();
-    return newest && CountOwn(window_->Steps().Rows(*newest, kAllRows)) == 0;
-}
-
 std::size_t Program::Take(bool undo, std::size_t most)
 {
     const auto steps = static_cast<std::int64_t>(most);

@@ -46,8 +46,6 @@ public:
     std::vector<std::string> Dump();
     /// Undoes or redoes without the window. Returns how many steps.
     std::size_t Take(bool undo, std::size_t most);
-    /// Whether the newest step holds nothing but notes of the program's own.
-    bool OnlyNotes();
     [[nodiscard]] std::size_t Nodes() const
     {
         return static_cast<std::size_t>(window_->TreeView.Count());

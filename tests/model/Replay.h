@@ -32,8 +32,7 @@ struct Tally {
 /// row, the place in the grid and the rows as they were read, and differences hide in those. So a
 /// second program does that with a copy of the file, every few actions and at the end. A Look does
 /// it in the program itself. At the end a copy of the file goes back to the start, and forth again;
-/// every cell and every row's identity must be what it was. A step that holds only notes of the
-/// program's own ends the run.
+/// every cell and every row's identity must be what it was.
 std::optional<Difference> Replay(const std::vector<Action>& actions, Flaw flaw = Flaw::None,
                                  Tally* tally = nullptr);
 

@@ -93,14 +93,14 @@ TEST_P(CurlHttpClientTest, TheAddressIsSentUnchanged)
 {
     server.On("", answers::Ok("yes"));
 
-    for (const char* path : {"/x?s=^DJI", "/x?s=a&b", "/x?s=50%", "/x?s=%41", "/x?s=\"'<>|{}\\",
-                             "/x?s=\xC3\xA9", "/../x?s=../..", "/x?s="})
+    for (const char* path : {"/x?s=^DJI", "/x?s=a&b", "/x?s=50%", "/x?s=%41", "/x?s=a+b",
+                             "/x?s=\"'<>|{}\\", "/x?s=\xC3\xA9", "/../x?s=../..", "/x?s="})
         EXPECT_EQ(GetPath(path), "yes") << path;
 
     const std::vector<std::string> expected = {
-        "GET /x?s=^DJI HTTP/1.1",     "GET /x?s=a&b HTTP/1.1",        "GET /x?s=50% HTTP/1.1",
-        "GET /x?s=%41 HTTP/1.1",      "GET /x?s=\"'<>|{}\\ HTTP/1.1", "GET /x?s=\xC3\xA9 HTTP/1.1",
-        "GET /../x?s=../.. HTTP/1.1", "GET /x?s= HTTP/1.1",
+        "GET /x?s=^DJI HTTP/1.1",     "GET /x?s=a&b HTTP/1.1",      "GET /x?s=50% HTTP/1.1",
+        "GET /x?s=%41 HTTP/1.1",      "GET /x?s=a+b HTTP/1.1",      "GET /x?s=\"'<>|{}\\ HTTP/1.1",
+        "GET /x?s=\xC3\xA9 HTTP/1.1", "GET /../x?s=../.. HTTP/1.1", "GET /x?s= HTTP/1.1",
     };
     EXPECT_EQ(server.FirstLines(), expected);
 }

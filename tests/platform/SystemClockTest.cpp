@@ -97,6 +97,41 @@ TEST(SystemClockTest, SouthOfTheEquatorDaylightTimeIsInJanuary)
     EXPECT_EQ(modCommon::TimeZoneOffset(july), 10);
 }
 
+struct Place {
+    const char* zone;
+    const char* moment;
+    std::int32_t offset;
+};
+
+TEST(SystemClockTest, TheOffsetIsThatOfThePlaceAtTheMoment)
+{
+    constexpr Place kPlaces[] = {{"America/New_York", "2006-01-15T08:05:03", -5},
+                                 {"America/New_York", "2006-07-15T20:05:03", -4},
+                                 {"Europe/Berlin", "2006-12-31T23:59:59", 1},
+                                 {"Europe/Berlin", "2006-07-01T00:00:00", 2},
+                                 // Half hours are rounded to the even hour.
+                                 {"Asia/Kolkata", "2006-03-05T10:00:00", 6},
+                                 {"Asia/Kathmandu", "2006-03-05T10:00:00", 6},
+                                 {"Pacific/Marquesas", "2006-03-05T10:00:00", -10},
+                                 {"America/St_Johns", "2006-01-15T10:00:00", -4},
+                                 {"America/St_Johns", "2006-07-15T10:00:00", -2},
+                                 {"Australia/Adelaide", "2006-01-15T10:00:00", 10},
+                                 {"Australia/Adelaide", "2006-07-15T10:00:00", 10},
+                                 {"Australia/Lord_Howe", "2006-01-15T10:00:00", 11},
+                                 {"Australia/Lord_Howe", "2006-07-15T10:00:00", 10},
+                                 {"Asia/Tokyo", "2006-07-15T10:00:00", 9},
+                                 {"Pacific/Kiritimati", "2006-07-15T10:00:00", 14},
+                                 {"UTC", "2006-07-15T10:00:00", 0},
+                                 {"Europe/London", "2006-07-15T10:00:00", 1}};
+    for (const Place& place : kPlaces) {
+        const Zone zone(place.zone);
+        const FixedClock clock(Date::FromIso(place.moment).value());
+
+        EXPECT_EQ(modCommon::TimeZoneOffset(clock.Zone()), place.offset)
+            << place.zone << " " << place.moment;
+    }
+}
+
 TEST(SystemClockTest, AZoneWithoutDaylightTimeHasTheStateUnknown)
 {
     const Zone india("IST-5:30");

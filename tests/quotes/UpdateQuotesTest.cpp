@@ -88,10 +88,47 @@ TEST_F(UpdateQuotesTest, ElevenFieldsKeepThePrice)
     EXPECT_EQ(PriceAfter("ACME,1,2,3,4,5,6,7,8,9,10"), "7.25");
 }
 
-/// Symptom: such a price was skipped without a message.
-TEST_F(UpdateQuotesTest, APriceThatIsNotANumberIsReportedAndKeepsThePrice)
+TEST_F(UpdateQuotesTest, AnEmptyAnswerKeepsThePrice)
 {
-    for (const char* price : {"soon", "", "N/A"}) {
+    EXPECT_EQ(PriceAfter(""), "7.25");
+    EXPECT_TRUE(books_.messages.boxes.empty());
+}
+
+TEST_F(UpdateQuotesTest, AQuotedChangeThatIsNotAvailableKeepsThePrice)
+{
+    EXPECT_EQ(PriceAfter("\"ACME\",0.00,2,3,\"N/A\",5,6,7,8,9,10,11\r\n"), "7.25");
+    EXPECT_TRUE(books_.messages.boxes.empty());
+}
+
+TEST_F(UpdateQuotesTest, TheHoldingAfterOneWithoutAQuoteGetsItsPrice)
+{
+    for (const char* symbol : {"ACME", "BOLT", "CORK"})
+        books_.Execute("INSERT INTO Investment (StockSymbol, LastPrice) VALUES ('" +
+                       std::string(symbol) + "', 1)");
+    AnswersInTurn http({"", "ACME,1,2,3,4,5,6,7,8,9,10", kAcme});
+
+    UpdateQuotes(books_.window.Data(), host_, books_.messages, http, "http://q", "Title");
+
+    EXPECT_TRUE(books_.messages.boxes.empty());
+    EXPECT_EQ(books_.Rows("SELECT LastPrice FROM Investment ORDER BY LastPrice"),
+              (std::vector<std::string>{"1", "1", "12.5"}));
+}
+
+TEST_F(UpdateQuotesTest, QuotesAroundFieldsDoNotCount)
+{
+    EXPECT_EQ(PriceAfter("\"ACME\",\"12.50\",2,3,\"+0.25\",5,6,7,8,9,10,11"), "12.5");
+}
+
+TEST_F(UpdateQuotesTest, MoreThanTwelveFieldsAreAQuote)
+{
+    EXPECT_EQ(PriceAfter("ACME,12.50,2,3,4,5,6,7,8,9,10,11,12,13"), "12.5");
+}
+
+/// Symptom: such a price was skipped without a message.
+TEST_F(UpdateQuotesTest, APriceThatIsNotAnAmountIsReportedAndKeepsThePrice)
+{
+    // The price is the field after the first comma, even if quotes are around the comma.
+    for (const char* price : {"soon", "", "N/A", "1e300", " Inc.\",12.50"}) {
         SCOPED_TRACE(price);
         books_.Execute("DELETE FROM Investment");
         books_.messages.boxes.clear();
@@ -170,8 +207,8 @@ TEST(clsStockQuoteTest, FieldsLoseTheirQuotesAndTheVolumeIsGrouped)
 /// Symptom: a volume that is too large for a number ended the whole update with an overflow.
 TEST(clsStockQuoteTest, AVolumeIsGroupedIfItIsANumber)
 {
-    for (const auto& [field, volume] :
-         {std::pair("-2e18", "-2,000,000,000,000,000,000"), std::pair("1e400", "1e400")}) {
+    for (const auto& [field, volume] : {std::pair("-2e18", "-2,000,000,000,000,000,000"),
+                                        std::pair("1e400", "1e400"), std::pair("\"N/A\"", "N/A")}) {
         FakeHttp http;
         http.answer = "ACME,45.50,6/1/2006,4:00pm,+0.91,+2.04%,44.60,45.75,44.50,45.49,45.51," +
                       std::string(field);

@@ -9,13 +9,7 @@ namespace {
 
 class BudgetFiguresTest : public Scenario {
 protected:
-    BudgetFiguresTest()
-    {
-        AddAccount("B-1", "Bank", "Checking");
-        AddAccount("V-1", "Credit Card", "Visa");
-        AddAccount("C-1", "Cash", "Wallet");
-        Sql("UPDATE Account SET BudgetInclude = FALSE WHERE AccountID = 'C-1'");
-    }
+    BudgetFiguresTest() { AddAccount("B-1", "Bank", "Checking"); }
 
     /// Category, budgeted amount, actual amount and difference of every line.
     std::string Lines()
@@ -45,77 +39,6 @@ protected:
     }
 };
 
-TEST_F(BudgetFiguresTest, ACategoryWithoutTransactionsDiffersByItsBudget)
-{
-    AddBudget("2006-3", "Food", "300");
-    Click("Budget");
-
-    EXPECT_EQ(Lines(), "Food 300 0 -300");
-    EXPECT_EQ(Texts("footer"), "Total (budgeted/actual): $300.00 / $0.00");
-}
-
-TEST_F(BudgetFiguresTest, ADifferenceMayBeBeyondTheRangeOfAmounts)
-{
-    AddBudget("2006-3", "Food", "-900000000000000");
-    AddTransaction("B-1", "2006-3", "900000000000000", "Food");
-    Click("Budget");
-
-    EXPECT_EQ(Lines(), "Food -900000000000000 900000000000000 1.8e+15");
-    Menu("mnuF_Print");
-    EXPECT_NE(EventsOf("print").at(0)["html"].get<std::string>().find("1,800,000,000,000,000.00"),
-              std::string::npos);
-}
-
-TEST_F(BudgetFiguresTest, ActualsAreSummedOverTheAccountsOfTheBudget)
-{
-    AddBudget("2006-3", "Food", "300");
-    AddTransaction("B-1", "2006-3", "-45.5", "Food");
-    AddTransaction("V-1", "2006-3", "-20.25", "Food");
-    AddTransaction("C-1", "2006-3", "-7", "Food");
-    AddTransaction("gone", "2006-3", "-1000", "Food");
-    Click("Budget");
-
-    EXPECT_EQ(Lines(), "Food 300 -65.75 -365.75");
-    EXPECT_EQ(Texts("footer"), "Total (budgeted/actual): $300.00 / -$65.75");
-}
-
-TEST_F(BudgetFiguresTest, MoneySpentBeyondAnExpenseBudgetShowsAsTheExcess)
-{
-    AddBudget("2006-3", "Salary", "2000");
-    AddBudget("2006-3", "Food", "-300");
-    AddTransaction("B-1", "2006-3", "2100.01", "Salary");
-    AddTransaction("B-1", "2006-3", "-300.0001", "Food");
-    Click("Budget");
-
-    EXPECT_EQ(Lines(), "Food -300 -300.0001 -0.0001; Salary 2000 2100.01 100.01");
-}
-
-TEST_F(BudgetFiguresTest, TheBookedMonthCountsNotTheDate)
-{
-    AddBudget("2006-3", "Food", "10");
-    AddTransaction("B-1", "2006-3", "-1", "Food");
-    AddTransaction("B-1", "2006-4", "-2", "Food");
-    AddTransaction("B-1", "2005-3", "-4", "Food");
-    Sql("UPDATE Trans SET PostDate = #2006-03-20#");
-    Click("Budget");
-
-    EXPECT_EQ(Lines(), "Food 10 -1 -11");
-}
-
-TEST_F(BudgetFiguresTest, NamesWithApostrophesAreFoundUnchanged)
-{
-    AddBudget("2006-3", "Kids' toys", "10", "O'Neil's");
-    AddTransaction("B-1", "2006-3", "-1", "Kids' toys");
-    Click("Budget");
-
-    EXPECT_EQ(Lines(), "Kids' toys 10 -1 -11");
-    EXPECT_EQ(Texts("group"), "O'Neil's (1 items)");
-    EXPECT_EQ(Texts("footer"), "Total (budgeted/actual): $10.00 / -$1.00");
-    EXPECT_EQ(Tip(2, 1),
-              "Number of transactions: 1\r\n\r\nDate: 2006-03-15\r\nDescription: Shop\r\n"
-              "Amount: -$1.00");
-}
-
 TEST_F(BudgetFiguresTest, EveryGroupHasItsHeadingItsLinesAndItsFooter)
 {
     AddBudget("2006-3", "Rent", "900", "Home");
@@ -128,6 +51,7 @@ TEST_F(BudgetFiguresTest, EveryGroupHasItsHeadingItsLinesAndItsFooter)
     Click("Budget");
 
     const Json rows = Grid()["rows"];
+    EXPECT_EQ(ToLine(rows[0]), R"json({"row":1,"kind":"group","text":"(none) (1 items)"})json");
     std::string kinds;
     for (const Json& row : rows)
         kinds += row["kind"].get<std::string>() + " ";
@@ -140,38 +64,6 @@ TEST_F(BudgetFiguresTest, EveryGroupHasItsHeadingItsLinesAndItsFooter)
     EXPECT_EQ(Lines(),
               "Gifts 5 0 -5; Bus 40.5 -2 -42.5; Food 300 -45.5 -345.5; "
               "Rent 900 -950 -1850");
-}
-
-TEST_F(BudgetFiguresTest, ATransactionOutsideTheBudgetCountsInNoLineAndNoFooter)
-{
-    AddBudget("2006-3", "Food", "300");
-    AddTransaction("B-1", "2006-3", "-5", "Travel");
-    Click("Budget");
-
-    EXPECT_EQ(Lines(), "Food 300 0 -300");
-    EXPECT_EQ(Texts("footer"), "Total (budgeted/actual): $300.00 / $0.00");
-    EXPECT_EQ(Window()["totals"]["second"], "-5.00");
-}
-
-TEST_F(BudgetFiguresTest, TheSameCategoryInAnotherMonthIsNotMixedIn)
-{
-    AddBudget("2006-3", "Food", "300", "Daily");
-    AddBudget("2006-4", "Food", "999", "Daily");
-    AddTransaction("B-1", "2006-4", "-5", "Food");
-    Click("Budget");
-
-    EXPECT_EQ(Texts("footer"), "Total (budgeted/actual): $300.00 / $0.00");
-    Press("Forward");
-    EXPECT_EQ(Texts("footer"), "Total (budgeted/actual): $999.00 / -$5.00");
-}
-
-TEST_F(BudgetFiguresTest, FooterAmountsAreRoundedAwayFromZeroWithoutGrouping)
-{
-    AddBudget("2006-3", "Food", "1234567.005");
-    AddTransaction("B-1", "2006-3", "-1234.565", "Food");
-    Click("Budget");
-
-    EXPECT_EQ(Texts("footer"), "Total (budgeted/actual): $1234567.01 / -$1234.57");
 }
 
 TEST_F(BudgetFiguresTest, FiguresAreReadAgainEveryTime)

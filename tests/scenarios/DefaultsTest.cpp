@@ -84,15 +84,5 @@ TEST_F(DefaultsTest, AStoredRowsEmptyCellsAreFilledWhenItIsSaved)
               R"json([null,"","0","1001","(none)","","",7,0])json");
 }
 
-TEST_F(DefaultsTest, ANewTransactionIsNumberedAfterTheLargestOfAllAccounts)
-{
-    Sql("INSERT INTO Trans (Sequence, AccountID, Year, Period) VALUES (41, 'B-2', 1999, 1)");
-    Click("Checking");
-    Edit("new", 3, "1");
-    EXPECT_TRUE(Save());
-
-    EXPECT_EQ(Rows("SELECT Sequence FROM Trans WHERE AccountID = 'B-1'"), "[42]");
-}
-
 }  // namespace
 }  // namespace clb

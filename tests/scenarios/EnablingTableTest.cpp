@@ -118,5 +118,23 @@ INSTANTIATE_TEST_SUITE_P(EveryPlace, EnablingTableTest, testing::ValuesIn(kCases
                              return std::string(tested.param.name);
                          });
 
+class EnablingAfterEditTest : public Scenario {};
+
+TEST_F(EnablingAfterEditTest, WhatAnEditDisablesIsEnabledAgainAfterIt)
+{
+    AddAccount("B-1", "Bank", "Checking");
+    AddTransaction("B-1", "2006-3", "-9");
+    ShowAll();
+    Click("Checking");
+    Begin(1, 2);
+    EXPECT_EQ(Window()["menus"]["mnuE_Delete"]["enabled"], false);
+
+    Do({{"do", "end"}});
+
+    for (const char* item :
+         {"mnuF_Export", "mnuE_New", "mnuE_Delete", "mnuE_MovePrev", "mnuE_MoveNext", "mnuE_Split"})
+        EXPECT_EQ(Window()["menus"][item]["enabled"], true) << item;
+}
+
 }  // namespace
 }  // namespace clb

@@ -36,6 +36,8 @@ TEST_F(ExportRuleTest, TheNetWorthTakesNumberAndTypeOfItsCurrentRow)
     for (int row = 1; row <= 5; ++row) {
         Move(row, 1);
         EXPECT_EQ(Chosen(), chosen[row - 1]);
+        EXPECT_EQ(Window()["menus"]["mnuE_New"]["enabled"], true);
+        EXPECT_EQ(Window()["menus"]["mnuE_Delete"]["enabled"], true);
     }
 }
 

@@ -101,15 +101,6 @@ TEST_F(FileDialogTest, AChoiceSetsNameTitleExtensionAndFolderOnly)
     }
 }
 
-TEST_F(FileDialogTest, TheExtensionIsWhatFollowsTheNamesLastPeriod)
-{
-    EXPECT_EQ(Parts("/home/me/march.2006.final.ofx"), "march.2006.final.ofx|ofx");
-    EXPECT_EQ(Parts("/home/me.d/march"), "march|");
-    EXPECT_EQ(Parts("/home/me/march."), "march.|");
-    EXPECT_EQ(Parts("/\u8d85.d/caf\u00e9.qif"), "caf\u00e9.qif|qif");
-    EXPECT_EQ(Parts("march.ofx"), "march.ofx|ofx");
-}
-
 TEST_F(FileDialogTest, FlagsPassThroughUnchanged)
 {
     for (const std::int32_t flags : {0, 2, 2054, 4100, 524288, -1}) {
@@ -138,18 +129,6 @@ TEST_F(FileDialogTest, AnotherKindOrAWrongValueIsAnErrorAndAsksNothing)
     EXPECT_EQ(wrong(Json::array({"open", {{"Title", "x"}}})), 0);
     EXPECT_EQ(wrong(Json::array({"open", "x"})), 0);
     EXPECT_TRUE(Events().empty());
-}
-
-TEST_F(FileDialogTest, TheLargerAndTheSmallerOfTwo)
-{
-    constexpr std::int32_t kLeast = -2147483647 - 1;
-    EXPECT_EQ(Call("Max", {1, 2}), 2);
-    EXPECT_EQ(Call("Max", {-1, -2}), -1);
-    EXPECT_EQ(Call("Max", {kLeast, 2147483647}), 2147483647);
-    EXPECT_EQ(Call("Min", {1, 2}), 1);
-    EXPECT_EQ(Call("Min", {-1, -2}), -2);
-    EXPECT_EQ(Call("Min", {kLeast, 2147483647}), kLeast);
-    EXPECT_EQ(Call("Min", {5, 5}), 5);
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "history/History.h"
 #include "tests/scenarios/Scenario.h"
 
 namespace clb {
@@ -26,6 +27,17 @@ protected:
         return steps;
     }
     std::string All() { return Rows("SELECT * FROM Trans ORDER BY Sequence, SubSequence"); }
+    /// Another program makes a step while this one runs.
+    void ImportElsewhere()
+    {
+        Connection connection;
+        connection.Open("Data Source=" + folder.Path() + "/db/clb.mdb");
+        History history(
+            connection, [] { return *Date::Of(2006, 3, 5); }, "another one");
+        history.Begin("SQL");
+        connection.Execute("UPDATE Account SET OpeningBalance = 5 WHERE AccountID = 'B-1'");
+        connection.Settle();
+    }
     Json Line(const std::string& item) { return Window()["menus"][item]; }
 };
 
@@ -116,6 +128,26 @@ TEST_F(HistoryTest, SqlAndOperationsAreStepsToo)
     EXPECT_EQ(Steps(), "CreateBudgetEntry, SQL" + (before.empty() ? before : ", " + before));
 }
 
+TEST_F(HistoryTest, ANumberOfTheNewestStepsOrOneStepIsListed)
+{
+    Do({{"do", "sql"}, {"text", "UPDATE Account SET OpeningBalance = 7 WHERE AccountID = 'B-2'"}});
+    Do({{"do", "sql"}, {"text", "UPDATE Account SET OpeningBalance = 8 WHERE AccountID = 'B-2'"}});
+    const Json all = Do({{"do", "history"}})["steps"];
+
+    const Json newest = Do({{"do", "history"}, {"limit", 2}});
+    EXPECT_EQ(ToLine(newest["steps"]), ToLine(Json::array({all[0], all[1]})));
+    EXPECT_EQ(ToLine(Do({{"do", "history"}, {"limit", 1000}})["steps"]), ToLine(all));
+
+    const Json one = Do({{"do", "history"}, {"step", all[1]["step"]}});
+    ASSERT_EQ(one["steps"].size(), 1U);
+    EXPECT_EQ(one["steps"][0]["step"], all[1]["step"]);
+    ASSERT_EQ(one["changes"].size(), 1U);
+    EXPECT_EQ(one["changes"][0]["table"], "Account");
+    EXPECT_EQ(one["changes"][0]["was"]["OpeningBalance"], "0");
+    EXPECT_EQ(one["changes"][0]["is"]["OpeningBalance"], "7");
+    EXPECT_EQ(one["steps"][0]["changes"], one["changes"]);
+}
+
 // The dialog is driven like the others: its steps stand under their day, the newest first.
 TEST_F(HistoryTest, TheDialogGoesBackToBeforeAChosenStep)
 {
@@ -138,6 +170,43 @@ TEST_F(HistoryTest, TheDialogGoesBackToBeforeAChosenStep)
     EXPECT_EQ(read["lstSteps"]["chosen"], 2);
     EXPECT_EQ(read["lstSteps"]["lines"][1][1], "Delete Record");
     EXPECT_EQ(read["lblTakes"]["caption"], "Going back to before this takes back 1 step.");
+}
+
+// Symptom: the captions named the program's own step until a command had looked at the file, and
+// Undo took back the step of the other program.
+TEST_F(HistoryTest, TheCaptionsNameAnotherProgramsStepAndUndoTakesWhatTheyName)
+{
+    Do({{"do", "sql"}, {"text", "UPDATE Account SET OpeningBalance = 7 WHERE AccountID = 'B-2'"}});
+    EXPECT_EQ(Line("mnuY_Undo")["caption"], "&Undo SQL");
+    Events();
+    ImportElsewhere();
+
+    const Json reply = Program().Ask({{"do", "menu"}, {"item", "mnuY_Undo"}});
+
+    EXPECT_EQ(reply["ok"], false);
+    EXPECT_EQ(reply["error"]["number"], 5);
+    EXPECT_EQ(reply["error"]["message"],
+              "Nothing was undone, because another program has changed the book meanwhile. Undo "
+              "would now take back 'SQL'.");
+    EXPECT_EQ(Rows("SELECT OpeningBalance FROM Account ORDER BY AccountID"), R"(["5"] ["7"])");
+    EXPECT_EQ(Line("mnuY_Undo")["caption"], "&Undo SQL (another program)");
+    Menu("mnuY_Undo");
+    EXPECT_EQ(Rows("SELECT OpeningBalance FROM Account ORDER BY AccountID"), R"(["100"] ["7"])");
+}
+
+TEST_F(HistoryTest, TheWindowIsReportedWithTheCaptionsOfTheMoment)
+{
+    for (const char* verb : {"window", "history"}) {
+        Window();
+        Events();
+        ImportElsewhere();
+
+        Do({{"do", verb}});
+
+        EXPECT_EQ(EventsOf("refresh").size(), 0U) << verb;
+        Menu("mnuY_Undo");
+        EXPECT_EQ(Rows("SELECT OpeningBalance FROM Account WHERE AccountID = 'B-1'"), R"(["100"])");
+    }
 }
 
 // Symptom: what was typed was gone, and an older step was undone as well.

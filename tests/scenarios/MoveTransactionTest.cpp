@@ -96,29 +96,6 @@ TEST_F(MoveTransactionTest, WithoutAnotherRowTheMovesAreDisabled)
         EXPECT_EQ(Window()["menus"][item]["enabled"], false) << item;
 }
 
-TEST_F(MoveTransactionTest, AnExistingBudgetLineOfTheOtherMonthIsKept)
-{
-    AddTransaction("B-1", "2006-3", "-1", "Kids' toys");
-    AddBudget("2006-4", "Kids' toys", "50", "Kids'");
-    ShowRegister();
-
-    Menu("mnuE_MoveNext");
-
-    EXPECT_EQ(Budget(), R"([2006,4,"Kids' toys","Kids'","50"])");
-}
-
-TEST_F(MoveTransactionTest, AMissingCategoryCountsAsTheEmptyOne)
-{
-    AddTransaction("B-1", "2006-3", "-1");
-    Sql("UPDATE Trans SET Category = NULL");
-    ShowRegister();
-
-    Menu("mnuE_MoveNext");
-
-    EXPECT_EQ(Budget(), R"json([2006,4,"","(none)","0"])json");
-    EXPECT_EQ(Rows("SELECT Period, Category FROM Trans"), "[4,null]");
-}
-
 TEST_F(MoveTransactionTest, AnUnsavedRowIsMovedAsItIsStored)
 {
     AddTransaction("B-1", "2006-3", "-1", "Food");
@@ -129,17 +106,6 @@ TEST_F(MoveTransactionTest, AnUnsavedRowIsMovedAsItIsStored)
 
     EXPECT_EQ(Rows("SELECT Period, Amount FROM Trans"), R"([4,"-1"])");
     EXPECT_EQ(Grid()["dirty"], false);
-}
-
-TEST_F(MoveTransactionTest, AnyDirectionButOneIsBackwards)
-{
-    AddTransaction("B-1", "2006-3", "-1");
-    ShowRegister();
-
-    for (const int direction : {0, 2, -5})
-        Call("MoveMonth", {1, 0, direction});
-
-    EXPECT_EQ(Months(), "[2005,12]");
 }
 
 TEST_F(MoveTransactionTest, TheTransactionThatIsNamedMovesWithTheCurrentRowsCategory)

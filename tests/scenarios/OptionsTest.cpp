@@ -158,29 +158,6 @@ TEST_F(OptionsTest, AnEmptyAddressIsStoredAndTheLinkAsksForOne)
     EXPECT_EQ(EventsOf("box").size(), 1U);
 }
 
-TEST_F(OptionsTest, ALongAddressIsCutWhenItIsReadAgain)
-{
-    const std::string address = "https://bank.example/" + std::string(100, 'a');
-    Options(ToLine(Json::array({{{"set", "txtBankUrl"}, {"to", address}}, {{"press", "btnOK"}}})));
-
-    EXPECT_EQ(folder.Read("cvlb.ini"), "[Settings]\r\nBankUrl=" + address + "\r\n");
-    EXPECT_EQ(Opened()["txtBankUrl"]["text"], address.substr(0, 99));
-}
-
-TEST_F(OptionsTest, OtherSettingsAreKept)
-{
-    folder.Write("cvlb.ini",
-                 "; mine\r\n[Window]\r\nWidth=640\r\n\r\n[settings]\r\nbankurl=x\r\n"
-                 "QuoteService=http://127.0.0.1:1\r\n");
-
-    Options(R"([{"set":"txtBankUrl","to":"y"},{"press":"btnOK"}])");
-
-    EXPECT_EQ(Call("IniGetString", {"Settings", "BankUrl"}), "y");
-    EXPECT_EQ(Call("IniGetString", {"Settings", "QuoteService"}), "http://127.0.0.1:1");
-    EXPECT_EQ(Call("IniGetLong", {"Window", "Width", 0}), 640);
-    EXPECT_TRUE(folder.Read("cvlb.ini").starts_with("; mine\r\n[Window]\r\n"));
-}
-
 TEST_F(OptionsTest, WithoutAccountsThereIsNothingToTick)
 {
     Sql("DELETE FROM Account");

@@ -11,11 +11,9 @@ namespace {
 constexpr const char* kRest = "12.30,12.60,12.20,12.49,12.51,1234567\r\n";
 
 /// An answer of twelve fields.
-std::string Line(const std::string& symbol, const std::string& price,
-                 const std::string& change = "+0.25")
+std::string Line(const std::string& symbol, const std::string& price)
 {
-    return "\"" + symbol + "\"," + price + ",\"3/3/2006\",\"4:00pm\"," + change + ",\"+2.04%\"," +
-           kRest;
+    return "\"" + symbol + "\"," + price + ",\"3/3/2006\",\"4:00pm\",+0.25,\"+2.04%\"," + kRest;
 }
 
 class QuotesTest : public Scenario {
@@ -33,34 +31,6 @@ protected:
     }
     void Update() { Do({{"do", "menu"}, {"item", "mnuT_UpdateQuotes"}}); }
     std::string Prices() { return Rows("SELECT LastPrice FROM Investment"); }
-    /// Returns the price of one holding after an update, 7.25 before it; the next holding must get
-    /// its quote.
-    std::string PriceAfter(const HttpServer::Answer& answer)
-    {
-        Hold("ACME");
-        Hold("NEXT");
-        Answer("ACME", answer);
-        Answer("NEXT", answers::Ok(Line("NEXT", "99")));
-        Events();
-        Update();
-        EXPECT_TRUE(EventsOf("box").empty());
-        EXPECT_EQ(Rows("SELECT LastPrice FROM Investment WHERE StockSymbol = 'NEXT'"), R"(["99"])");
-        return Rows("SELECT LastPrice FROM Investment WHERE StockSymbol = 'ACME'");
-    }
-    /// The answer must end the update, after the holding before it has got its price.
-    void ExpectRefused(const HttpServer::Answer& answer)
-    {
-        Hold("FIRST");
-        Hold("ACME");
-        Hold("NEXT");
-        Answer("FIRST", answers::Ok(Line("FIRST", "99")));
-        Answer("ACME", answer);
-        Answer("NEXT", answers::Ok(Line("NEXT", "99")));
-        Events();
-        Update();
-        ExpectFailure();
-        EXPECT_EQ(Prices(), R"(["99"] ["7.25"] ["7.25"])");
-    }
     std::string Url(const std::string& symbol)
     {
         return server.Address() + "/d/quotes.csv?s=" + symbol + "&f=sl1d1t1c1p2ohgbav&e=.csv";
@@ -160,83 +130,6 @@ TEST_F(QuotesTest, TheShownRowsWaitForTheNextRefresh)
     EXPECT_NE(ToLine(Grid()["rows"]).find("\"12.5\""), std::string::npos);
 }
 
-TEST_F(QuotesTest, FewerThanTwelveFieldsKeepThePrice)
-{
-    EXPECT_EQ(PriceAfter(answers::Ok("ACME,1,2,3,4,5,6,7,8,9,10")), R"(["7.25"])");
-}
-
-TEST_F(QuotesTest, AnEmptyAnswerKeepsThePrice)
-{
-    EXPECT_EQ(PriceAfter(answers::Ok("")), R"(["7.25"])");
-}
-
-TEST_F(QuotesTest, AChangeThatIsNotAvailableKeepsThePrice)
-{
-    EXPECT_EQ(PriceAfter(answers::Ok(Line("ACME", "0.00", "N/A"))), R"(["7.25"])");
-}
-
-TEST_F(QuotesTest, AQuotedChangeThatIsNotAvailableKeepsThePrice)
-{
-    EXPECT_EQ(PriceAfter(answers::Ok(Line("ACME", "0.00", "\"N/A\""))), R"(["7.25"])");
-}
-
-TEST_F(QuotesTest, APriceThatIsNotANumberFails)
-{
-    ExpectRefused(answers::Ok(Line("ACME", "N/A")));
-}
-
-TEST_F(QuotesTest, AnEmptyPriceFails)
-{
-    ExpectRefused(answers::Ok(Line("ACME", "")));
-}
-
-TEST_F(QuotesTest, QuotesAroundFieldsDoNotCount)
-{
-    EXPECT_EQ(PriceAfter(answers::Ok(Line("ACME", "\"12.50\"", "\"+0.25\""))), R"(["12.5"])");
-}
-
-TEST_F(QuotesTest, QuotesDoNotProtectCommas)
-{
-    // The price is the field after the first comma.
-    ExpectRefused(answers::Ok("\"ACME, Inc.\"," + Line("ACME", "12.50")));
-}
-
-TEST_F(QuotesTest, MoreThanTwelveFieldsAreAQuote)
-{
-    EXPECT_EQ(PriceAfter(answers::Ok("ACME,12.50,2,3,4,5,6,7,8,9,10,11,12,13")), R"(["12.5"])");
-}
-
-TEST_F(QuotesTest, AnErrorStatusWithAQuoteInItsBodyIsAQuote)
-{
-    EXPECT_EQ(PriceAfter(answers::Status("500 Internal Server Error", Line("ACME", "12.50"))),
-              R"(["12.5"])");
-}
-
-TEST_F(QuotesTest, AnErrorPageKeepsThePrice)
-{
-    EXPECT_EQ(PriceAfter(answers::Status("404 Not Found", "<html>No such page</html>")),
-              R"(["7.25"])");
-}
-
-TEST_F(QuotesTest, AnAnswerOverOneMebibyteKeepsThePrice)
-{
-    EXPECT_EQ(
-        PriceAfter(answers::Ok(Line("ACME", "12.50") + std::string(std::size_t{1024} * 1024, ','))),
-        R"(["7.25"])");
-}
-
-TEST_F(QuotesTest, AnAnswerWithoutAnEndKeepsThePrice)
-{
-    EXPECT_EQ(PriceAfter(answers::Endless()), R"(["7.25"])");
-}
-
-TEST_F(QuotesTest, ARedirectIsFollowed)
-{
-    server.On("/elsewhere", answers::Ok(Line("ACME", "12.50")));
-
-    EXPECT_EQ(PriceAfter(answers::Redirect("/elsewhere")), R"(["12.5"])");
-}
-
 TEST_F(QuotesTest, ASymbolThatMakesAnInvalidAddressIsSkipped)
 {
     for (const char* symbol : {"A B", "A\rB", "A\nB", "A\r\nX-More: 1", "A\tB"})
@@ -302,29 +195,6 @@ TEST_F(QuotesTest, WithoutAServerTheUpdateFails)
     EXPECT_EQ(Prices(), R"(["7.25"])");
 }
 
-TEST_F(QuotesTest, AServiceThatIsNotAWebAddressFails)
-{
-    options[1] = "ftp://127.0.0.1";
-    Hold("ACME");
-    Events();
-
-    Update();
-
-    ExpectFailure();
-}
-
-TEST_F(QuotesTest, APriceThatNoAmountHoldsFails)
-{
-    Hold("ACME");
-    Answer("ACME", answers::Ok(Line("ACME", "1e300")));
-    Events();
-
-    Update();
-
-    ExpectFailure();
-    EXPECT_EQ(Prices(), R"(["7.25"])");
-}
-
 TEST_F(QuotesTest, TheSettingsFileNamesTheService)
 {
     options.clear();
@@ -376,13 +246,6 @@ TEST_F(QuotesTest, ACallGivesTheTwelveProperties)
               R"("Opening":"12.30","DayHigh":"12.60","DayLow":"12.20","Bid":"12.49",)"
               R"("Ask":"12.51","Volume":"1,234,567"})");
     EXPECT_EQ(Requested(), std::vector<std::string>{Url("acme")});
-}
-
-TEST_F(QuotesTest, AVolumeThatIsNotANumberStaysAsItIs)
-{
-    Answer("ACME", answers::Ok("\"ACME\",1,2,3,4,5,6,7,8,9,10,\"N/A\"\r\n"));
-
-    EXPECT_EQ(Call("Quote", {"ACME"})["Volume"], "N/A");
 }
 
 TEST_F(QuotesTest, ACallWithoutAQuoteGivesTheClearedState)

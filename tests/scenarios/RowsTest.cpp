@@ -36,48 +36,6 @@ TEST_F(RowsTest, AnAccountNeedsDescriptionNumberAndType)
     EXPECT_EQ(ToLine(CallReply("ValidRow", Json::array())["result"]), "true");
 }
 
-TEST_F(RowsTest, AnAccountNumberMustDifferFromThoseOfOtherRows)
-{
-    AddAccount("O'Neil's", "Bank", "Checking");
-    AddAccount("B-2", "Bank", "Savings");
-    ShowAll();
-
-    Write({1, "Changed"});
-    EXPECT_EQ(Call("ValidRow", {0, ""}), true);
-
-    Write({3, "B-2"});
-    EXPECT_EQ(Check(), R"json([false,3,"That account already exists."])json");
-}
-
-TEST_F(RowsTest, InTheViewOfOneTypeTheNumberIsInColumn2AndTheTypeIsFilledIn)
-{
-    AddAccount("C-1", "Cash", "Wallet");
-    ShowAll();
-    Click("Cash");
-    OnNewRow();
-
-    Write({1, "Purse", 2, "C-1"});
-    EXPECT_EQ(Check(), R"json([false,2,"That account already exists."])json");
-
-    Write({2, "C-2"});
-    EXPECT_EQ(Call("ValidRow", {0, ""}), true);
-    EXPECT_EQ(Cell(6), R"json("Cash")json");
-}
-
-TEST_F(RowsTest, ABudgetLineGetsItsGroupAndTheMonthShown)
-{
-    Click("Budget");
-    OnNewRow();
-    EXPECT_EQ(Check(), R"json([false,1,"Please enter a category."])json");
-
-    Write({1, "Food"});
-
-    EXPECT_EQ(Call("ValidRow", {0, ""}), true);
-    EXPECT_EQ(Cell(6), R"json("(none)")json");
-    EXPECT_EQ(Cell(4), "2006");
-    EXPECT_EQ(Cell(5), "3");
-}
-
 TEST_F(RowsTest, ANewTransactionGetsTheAccountAndMonthShownNeverThatOfItsDate)
 {
     AddAccount("B-1", "Bank", "Checking");
@@ -96,59 +54,6 @@ TEST_F(RowsTest, ANewTransactionGetsTheAccountAndMonthShownNeverThatOfItsDate)
     EXPECT_EQ(Cell(5), R"json("(none)")json");
     EXPECT_EQ(Cell(12), "null");
     EXPECT_EQ(Rows("SELECT Category, Year, Period FROM Budget"), R"json(["(none)",2006,3])json");
-}
-
-TEST_F(RowsTest, ADeletedBudgetCategoryIsRemovedFromTheMonthsTransactions)
-{
-    AddAccount("B-1", "Bank", "Checking");
-    AddBudget("2006-3", "Kids' toys", "5");
-    AddTransaction("B-1", "2006-3", "-9", "Kids' toys");
-    AddTransaction("B-1", "2006-4", "-9", "Kids' toys");
-    Click("Budget");
-    Do({{"do", "move"}, {"row", 2}, {"col", 1}});
-
-    EXPECT_EQ(Call("DeleteRow", {true}), true);
-
-    EXPECT_EQ(Rows("SELECT Period, Category FROM Trans ORDER BY Period"),
-              R"json([3,"(none)"] [4,"Kids' toys"])json");
-    EXPECT_EQ(Rows("SELECT Category FROM Budget WHERE Category = '(none)'"),
-              R"json(["(none)"])json");
-}
-
-TEST_F(RowsTest, DeletingAnUnusedCategoryChangesNothingElse)
-{
-    AddBudget("2006-3", "Food", "5");
-    Click("Budget");
-    Do({{"do", "move"}, {"row", 2}, {"col", 1}});
-
-    Call("DeleteRow", {true});
-
-    EXPECT_EQ(Rows("SELECT Category FROM Budget"), R"json(["Food"])json");
-}
-
-TEST_F(RowsTest, DeletingAnAccountKeepsItsTransactions)
-{
-    AddAccount("B-1", "Bank", "Checking");
-    AddTransaction("B-1", "2006-3", "-9");
-    ShowAll();
-
-    EXPECT_EQ(Call("DeleteRow", {false}), true);
-    EXPECT_EQ(Rows("SELECT AccountID FROM Account"), R"json(["B-1"])json");
-
-    Click("Checking");
-    EXPECT_EQ(Call("DeleteRow", {false}), true);
-    EXPECT_EQ(Rows("SELECT AccountID FROM Account"), "");
-    EXPECT_EQ(Rows("SELECT AccountID FROM Trans"), R"json(["B-1"])json");
-}
-
-TEST_F(RowsTest, TransactionNumbersStartAt1AndFollowTheLargest)
-{
-    EXPECT_EQ(Call("GetNextSequence"), 1);
-
-    AddTransaction("B-1", "2006-3", "-9");
-    Sql("UPDATE Trans SET Sequence = 41");
-
-    EXPECT_EQ(Call("GetNextSequence"), 42);
 }
 
 TEST_F(RowsTest, TextRoutinesKeepTheirRules)

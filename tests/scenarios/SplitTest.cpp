@@ -70,26 +70,6 @@ TEST_F(SplitTest, TheDialogShowsTheDescriptionAndItsThreeAmounts)
     EXPECT_TRUE(controls.contains("upDown"));
 }
 
-TEST_F(SplitTest, TheAmountsAddUpToTheWholeForAnyText)
-{
-    ShowTransaction("100");
-    Events();
-
-    Split(
-        R"json([{"set":"txtNew","to":"30"},{"read":true},{"set":"txtNew","to":"250"},{"read":true},
-              {"set":"txtNew","to":"-20"},{"read":true},{"set":"txtNew","to":"(5)"
-},{"read":true},
-              {"set":"txtNew","to":" $1,000.5 "},{"read":true},{"set":"txtNew","to":"0"},
-              {"read":true},{"set":"txtNew","to":"33.33335"},{"read":true}])json");
-
-    EXPECT_EQ(Readings(),
-              (std::vector<std::string>{"50 + 50 = 100", "70 + 30 = 100", "-150 + 250 = 100",
-                                        "120 + -20 = 100", "105 + (5) = 100",
-                                        "-900.5 +  $1,000.5  = 100", "100 + 0 = 100",
-                                        // The fifth decimal is rounded to the even neighbour.
-                                        "66.6666 + 33.33335 = 100"}));
-}
-
 TEST_F(SplitTest, ATextThatIsNotANumberCannotBeAcceptedAndTheOtherAmountsStay)
 {
     ShowTransaction("100");
@@ -114,46 +94,6 @@ TEST_F(SplitTest, ATextThatIsNotANumberCannotBeAcceptedAndTheOtherAmountsStay)
                                                   "70 100 false", "60 100 true"}));
     EXPECT_EQ(refused, 1U);
     EXPECT_EQ(Pieces(), R"json([0,"60","Shop"] [1,"40","Shop (split #1)"])json");
-}
-
-TEST_F(SplitTest, ANegativeOrTooLargeAmountReversesTheSignOfTheFirst)
-{
-    ShowTransaction("-100");
-
-    Split(R"([{"set":"txtNew","to":"-130"},{"press":"btnOK"}])");
-
-    EXPECT_EQ(Pieces(), R"json([0,"30","Shop"] [1,"-130","Shop (split #1)"])json");
-}
-
-TEST_F(SplitTest, HalvesAreProposedInWholeCents)
-{
-    ShowTransaction("-45.55");
-    Events();
-    const auto proposal = [this](const std::string& amount) {
-        Sql("UPDATE Trans SET Amount = " + amount);
-        Call("Refetch");
-        Split("[]");
-        return Readings().at(0);
-    };
-
-    EXPECT_EQ(proposal("(-45.55)"), "-22.77 + -22.78 = -45.55");
-    EXPECT_EQ(proposal("0.01"), "0.01 + 0 = 0.01");
-    EXPECT_EQ(proposal("0.03"), "0.01 + 0.02 = 0.03");
-    EXPECT_EQ(proposal("0.05"), "0.03 + 0.02 = 0.05");
-    EXPECT_EQ(proposal("10.0001"), "5.0001 + 5 = 10.0001");
-    EXPECT_EQ(proposal("0"), "0 + 0 = 0");
-}
-
-TEST_F(SplitTest, TheSpinnerStepsByOneAndTheFirstAmountFollows)
-{
-    ShowTransaction("100");
-    Events();
-
-    Split(R"([{"step":"upDown","by":3},{"read":true},{"set":"txtNew","to":"0.25"},
-              {"step":"upDown","by":-1},{"read":true}])");
-
-    EXPECT_EQ(Readings(),
-              (std::vector<std::string>{"50 + 50 = 100", "47 + 53 = 100", "100.75 + -0.75 = 100"}));
 }
 
 TEST_F(SplitTest, OnlyTheSecondAmountCanBeTyped)
@@ -202,24 +142,6 @@ TEST_F(SplitTest, BothPiecesAreShownAndTheFirstStaysCurrent)
     EXPECT_EQ(Window()["menus"]["mnuE_Split"]["enabled"], true);
 }
 
-TEST_F(SplitTest, ANewPieceIsACopyExceptForAmountNumberAndDescription)
-{
-    ShowTransaction("-100");
-    Sql("UPDATE Trans SET CheckID = '1001', PayeeName = 'a note', FITID = 'bank-7', Category = "
-        "'Kids'' toys', PostDate = #2006-02-27 12:30:00#");
-    Call("Refetch");
-
-    Split(R"([{"set":"txtNew","to":"-30"},{"press":"btnOK"}])");
-
-    const std::string first = Rows("SELECT * FROM Trans WHERE SubSequence = 0");
-    const std::string piece = Rows("SELECT * FROM Trans WHERE SubSequence = 1");
-    EXPECT_EQ(first,
-              R"([1,0,"B-1","2006-02-27 12:30:00","Shop","-70","1001","Kids' toys","a note",)"
-              R"(2006,3,"bank-7"])");
-    EXPECT_EQ(piece, R"json([1,1,"B-1","2006-02-27 12:30:00","Shop (split #1)","-30","1001",)json"
-                     R"json("Kids' toys","a note",2006,3,"bank-7"])json");
-}
-
 TEST_F(SplitTest, APieceIsSplitAgainIntoTheNumberAfterTheLargest)
 {
     ShowTransaction("-100");
@@ -233,17 +155,6 @@ TEST_F(SplitTest, APieceIsSplitAgainIntoTheNumberAfterTheLargest)
                         R"json([2,"-10","Shop (split #2)"] )json"
                         R"json([3,"-15","Shop (split #1) (split #3)"])json");
     EXPECT_EQ(Rows("SELECT SUM(Amount) AS Whole FROM Trans"), R"(["-100"])");
-}
-
-TEST_F(SplitTest, AfterAPieceWasDeletedTheLargestThatIsLeftCounts)
-{
-    ShowTransaction("-100");
-    Sql("UPDATE Trans SET SubSequence = 7");
-    Call("Refetch");
-
-    Split(R"([{"press":"btnOK"}])");
-
-    EXPECT_EQ(Pieces(), R"json([7,"-50","Shop"] [8,"-50","Shop (split #8)"])json");
 }
 
 TEST_F(SplitTest, AChangedRowIsSavedBeforeTheSplit)
@@ -284,17 +195,6 @@ TEST_F(SplitTest, AnAmountThatLeavesMoneysRangeIsAnErrorAndNothingIsSplit)
     EXPECT_EQ(Window()["view"], 4);
 }
 
-TEST_F(SplitTest, APieceWithoutDescriptionHasItsNumberOnly)
-{
-    ShowTransaction("-100");
-    Sql("UPDATE Trans SET Description = NULL");
-    Call("Refetch");
-
-    Split(R"([{"press":"btnOK"}])");
-
-    EXPECT_EQ(Pieces(), R"json([0,"-50",null] [1,"-50"," (split #1)"])json");
-}
-
 TEST_F(SplitTest, TheRegisterShowsThePieceAtOnce)
 {
     ShowTransaction("-100");
@@ -318,46 +218,6 @@ TEST_F(SplitTest, ItsStatementsCountThePiecesAndOpenTheTransaction)
         "SELECT * FROM Trans WHERE false\n"))
         << sent;
 }
-
-struct Name {
-    const char* kind;
-    const char* character;
-};
-
-class PieceNameTest : public SplitTest, public testing::WithParamInterface<Name> {};
-
-TEST_P(PieceNameTest, IsCutAtFiftyCharactersAfterItsNumberIsAdded)
-{
-    const auto name = [](std::size_t length) {
-        std::string text;
-        for (std::size_t at = 0; at < length; ++at)
-            text += GetParam().character;
-        return text;
-    };
-    ShowTransaction("-100");
-    const auto pieceOf = [&](std::size_t length) {
-        Sql("DELETE FROM Trans WHERE SubSequence > 0");
-        Sql("UPDATE Trans SET Description = '" + name(length) + "'");
-        Call("SplitTransaction", {1, 0, "-70", "-30"});
-        EXPECT_EQ(Rows("SELECT Description FROM Trans WHERE SubSequence = 0"),
-                  ToLine(Json::array({name(length)})));
-        return Rows("SELECT Description FROM Trans WHERE SubSequence = 1");
-    };
-
-    EXPECT_EQ(pieceOf(39), ToLine(Json::array({name(39) + " (split #1)"})));
-    EXPECT_EQ(pieceOf(40), ToLine(Json::array({name(40) + " (split #1"})));
-    EXPECT_EQ(pieceOf(45), ToLine(Json::array({name(45) + " (spl"})));
-    EXPECT_EQ(pieceOf(50), ToLine(Json::array({name(50)})));
-    EXPECT_EQ(pieceOf(80), ToLine(Json::array({name(50)})));
-}
-
-INSTANTIATE_TEST_SUITE_P(EveryWidth, PieceNameTest,
-                         testing::Values(Name{"Letter", "x"}, Name{"Accented", "\u00e9"},
-                                         Name{"Ideograph", "\u8d85"},
-                                         Name{"BeyondTheBasicPlane", "\U0001F600"}),
-                         [](const testing::TestParamInfo<Name>& tested) {
-                             return std::string(tested.param.kind);
-                         });
 
 }  // namespace
 }  // namespace clb

@@ -40,24 +40,7 @@ TEST_F(TypedTextsTest, Amounts)
 {
     Click("Checking");
 
-    ExpectTyped(3, {{"45.5", R"("45.5")"},
-                    {"1,234.50", R"("1234.5")"},
-                    {"1234,567.00", ""},
-                    {"-530,86", ""},
-                    {"(5)", R"("-5")"},
-                    {"5-", R"("-5")"},
-                    {"$7", R"("7")"},
-                    {" 8 ", R"("8")"},
-                    {"1e3", R"("1000")"},
-                    {"1.00005", R"("1")"},
-                    {"1.00015", R"("1.0002")"},
-                    {"922337203685477.5807", R"("922337203685477.5807")"},
-                    {"922337203685477.5808", ""},
-                    {"1e30", ""},
-                    {"much", ""},
-                    {"-", ""},
-                    {"1 2", ""},
-                    {"", "null"}});
+    ExpectTyped(3, {{"1,234.50", R"("1234.5")"}, {"(5)", R"("-5")"}, {"much", ""}, {"", "null"}});
 }
 
 TEST_F(TypedTextsTest, Dates)
@@ -73,14 +56,6 @@ TEST_F(TypedTextsTest, Dates)
                     {"", "null"}});
 }
 
-TEST_F(TypedTextsTest, Quantities)
-{
-    Click("Broker");
-
-    ExpectTyped(
-        4, {{"0.125", "0.125"}, {"-3", "-3.0"}, {"1,000.5", "1000.5"}, {"some", ""}, {"", "null"}});
-}
-
 TEST_F(TypedTextsTest, Rates)
 {
     Click("House");
@@ -89,13 +64,6 @@ TEST_F(TypedTextsTest, Rates)
     Edit("new", 4, "4.1");
     EXPECT_TRUE(Save());
     EXPECT_EQ(Rows("SELECT InterestRate FROM Loan"), "[4.1]");
-}
-
-TEST_F(TypedTextsTest, TextsKeepTheirBlanksAndLineBreaks)
-{
-    Click("Checking");
-
-    ExpectTyped(2, {{"  a  b  ", R"("  a  b  ")"}, {"one\ntwo", R"("one\ntwo")"}, {"", R"("")"}});
 }
 
 TEST_F(TypedTextsTest, ARefusedTextDoesNotChangeARowThatIsNotInEdit)

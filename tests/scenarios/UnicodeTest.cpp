@@ -168,20 +168,5 @@ TEST_F(OtherTextsTest, HaveNoLimit)
     EXPECT_EQ(Rows("SELECT Description FROM Trans"), ToLine(Json::array({text})));
 }
 
-TEST_F(OtherTextsTest, APiecesNameIsCutBetweenCharacters)
-{
-    AddAccount("B-1", "Bank", "Checking");
-    AddTransaction("B-1", "2006-3", "-100");
-    ShowAll();
-    Click("Checking");
-    Edit(1, 2, Repeated("\U0001F600", 45));
-    EXPECT_TRUE(Save());
-
-    Call("SplitTransaction", {1, 0, "-70", "-30"});
-
-    EXPECT_EQ(Rows("SELECT Description FROM Trans WHERE SubSequence = 1"),
-              ToLine(Json::array({Repeated("\U0001F600", 45) + " (spl"})));
-}
-
 }  // namespace
 }  // namespace clb

@@ -4,6 +4,7 @@
 #include <QStatusBar>
 #include <QToolButton>
 
+#include "app/OtherPrograms.h"
 #include "desktop/grid/CellEditor.h"
 #include "desktop/window/ResultBarView.h"
 #include "tests/desktop/ScreenReaderSwitch.h"
@@ -96,6 +97,69 @@ TEST_F(HistoryKeysTest, WhileACellIsInEditTheKeysBelongToItsText)
     EXPECT_EQ(Notes(), "first!");
 }
 
+// Symptom: the boxes kept the keys and did nothing.
+TEST_F(HistoryKeysTest, TheKeysUndoAndRedoInTheBoxesOfTheWindow)
+{
+    EditNotes("first");
+    for (QWidget* box : {static_cast<QWidget*>(&YearWidget(window_)),
+                         static_cast<QWidget*>(FirstTotal(window_))}) {
+        box->setFocus(Qt::TabFocusReason);
+        QTest::qWait(1);
+        ASSERT_TRUE(box->hasFocus());
+        Key(*box, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(Notes(), "Baker 03") << ToUtf8(box->objectName());
+        box->setFocus(Qt::TabFocusReason);
+        Key(*box, Qt::Key_Y, Qt::ControlModifier);
+        EXPECT_EQ(Notes(), "first") << ToUtf8(box->objectName());
+        box->setFocus(Qt::TabFocusReason);
+        Key(*box, Qt::Key_Z, Qt::ControlModifier);
+        box->setFocus(Qt::TabFocusReason);
+        Key(*box, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_EQ(Notes(), "first") << ToUtf8(box->objectName());
+    }
+}
+
+TEST_F(HistoryKeysTest, WhileAYearIsTypedTheKeysBelongToItsText)
+{
+    EditNotes("first");
+    YearBox& year = YearWidget(window_);
+    year.setFocus(Qt::TabFocusReason);
+    QTest::qWait(1);
+    Key(year, Qt::Key_End);
+    Key(year, Qt::Key_Backspace);
+    ASSERT_EQ(year.Line()->text(), QStringLiteral("200"));
+
+    Key(year, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(year.Line()->text(), QStringLiteral("2006"));
+    Key(year, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(year.Line()->text(), QStringLiteral("200"));
+    Key(year, Qt::Key_Z, Qt::ControlModifier);
+    Key(year, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(year.Line()->text(), QStringLiteral("200"));
+    EXPECT_EQ(Notes(), "first");
+
+    QTest::keyClicks(&year, QStringLiteral("6"));
+    Key(year, Qt::Key_Return);
+    Key(year, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Notes(), "Baker 03");
+    EXPECT_EQ(year.Line()->text(), QStringLiteral("2006"));
+}
+
+TEST_F(HistoryKeysTest, AfterAYearIsEnteredTheKeysAreTheWindowsAgain)
+{
+    EditNotes("first");
+    YearBox& year = YearWidget(window_);
+    year.setFocus(Qt::TabFocusReason);
+    QTest::qWait(1);
+    QTest::keyClicks(&year, QStringLiteral("2007"));
+    ASSERT_EQ(Model().View().Year(), 2007);
+
+    Key(year, Qt::Key_Z, Qt::ControlModifier);
+
+    EXPECT_EQ(Notes(), "Baker 03");
+    EXPECT_EQ(Model().View().Year(), 2006) << "the place that was touched is shown";
+}
+
 TEST_F(HistoryKeysTest, TheCaptionsSayWhatTheKeysWouldDo)
 {
     EXPECT_FALSE(MenuAction("mnuY_Redo")->isEnabled());
@@ -104,6 +168,30 @@ TEST_F(HistoryKeysTest, TheCaptionsSayWhatTheKeysWouldDo)
     EXPECT_TRUE(MenuAction("mnuY_Undo")->isEnabled());
     Press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(MenuAction("mnuY_Redo")->text(), QStringLiteral("&Redo Edit Transaction"));
+}
+
+// Symptom: the key did nothing and nothing was said, because the current row was gone.
+TEST_F(HistoryKeysTest, TheKeySaysWhyItDoesNothingIfAnotherProgramHasDeletedTheRow)
+{
+    events_.Before([this] { return Model().Others().Follow(); });
+    EditNotes("first");
+    ClickCell(2, kNotes);
+    Connection connection;
+    connection.Open("Data Source=" + books_.folder.Path() + "/db/clb.mdb");
+    History another(
+        connection, [] { return *Date::Of(2006, 3, 20); }, "another one");
+    another.Begin("SQL");
+    connection.Execute("DELETE FROM Trans WHERE PayeeName = 'first'");
+    connection.Settle();
+
+    Press(Qt::Key_Z, Qt::ControlModifier);
+
+    EXPECT_EQ(BarText(),
+              "Nothing was undone, because another program has changed the book meanwhile. Undo "
+              "would now take back 'SQL'.");
+    EXPECT_EQ(Bar().Reverse()->text(), QStringLiteral("Undo"));
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Notes(), "first");
 }
 
 TEST_F(HistoryKeysTest, TheBarTakesRoomOnlyWhileItIsShown)

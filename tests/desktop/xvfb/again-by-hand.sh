@@ -18,7 +18,7 @@ first=$(window '^Net Worth - Corvane Ledgerbook$')
 xdotool key --delay 100 alt+f
 sleep 0.3
 xdotool key i
-window '^Open' >/dev/null
+window '^Import' >/dev/null
 xdotool type --delay 20 "$work/letter.txt"
 xdotool key Return
 # First the message appears, then the small window, with the same title.

@@ -1,0 +1,30 @@
+// Words in cells that say which way money went and whether a row is booked.
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace clb {
+
+/// Which way the money of a row went.
+enum class CellSide : std::uint8_t { None, In, Out };
+
+/// What the cell of a mark column says: "D", "Credit", "Af", "贷", "+". None for other texts.
+[[nodiscard]] CellSide SideOfMark(std::string_view cell);
+/// What a description says about the side: "Card purchase" goes out, "Salary" comes in. None if it
+/// says nothing, or both.
+[[nodiscard]] CellSide SideOfText(std::string_view text);
+
+/// Whether the text is a payment to a card: it comes in, whatever else the file holds.
+[[nodiscard]] bool IsCardPayment(std::string_view text);
+
+/// What a status says about its row.
+enum class CellStatus : std::uint8_t {
+    None,  ///< no known status
+    Booked,
+    Pending,  ///< not booked yet
+    Void      ///< declined, failed or reversed before it was booked
+};
+[[nodiscard]] CellStatus StatusOf(std::string_view cell);
+
+}  // namespace clb

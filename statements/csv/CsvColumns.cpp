@@ -1,0 +1,134 @@
+#include "statements/csv/CsvColumns.h"
+
+#include <algorithm>
+
+#include "statements/csv/AmountColumns.h"
+#include "statements/csv/ColumnNames.h"
+#include "statements/csv/ColumnSpec.h"
+
+namespace clb {
+namespace {
+
+/// More different values than these are not accounts of one person.
+constexpr std::size_t kMostAccounts = 12;
+
+/// Chooses the columns of one table.
+class Chooser {
+public:
+    Chooser(const CsvTable& table, const std::vector<ColumnFacts>& facts) : roles_(table, facts) {}
+
+    CsvColumns Choose()
+    {
+        Dates();
+        AmountColumns(roles_, columns_).Find();
+        Currency();
+        Account();
+        Others();
+        Texts();
+        return std::move(columns_);
+    }
+
+private:
+    void Dates()
+    {
+        columns_.dates = roles_.With(ColumnRole::Date);
+        const auto values = roles_.With(ColumnRole::ValueDate);
+        if (columns_.dates.empty())
+            columns_.dates = values;
+        else if (!values.empty())
+            columns_.valueDate = values.front();
+    }
+
+    void Currency()
+    {
+        const auto found = roles_.With(ColumnRole::Currency);
+        if (found.empty())
+            return;
+        columns_.currency = found.front();
+        if (columns_.sources.empty() || roles_[found.front()].rank == 0)
+            return;
+        // The one next to the amount.
+        const AmountSource& source = columns_.sources.front();
+        const std::size_t amount =
+            source.amount.value_or(source.out.value_or(source.in.value_or(0)));
+        const auto distance = [amount](std::size_t i) {
+            return i > amount ? 2 * (i - amount) - 1 : 2 * (amount - i);
+        };
+        columns_.currency = *std::min_element(
+            found.begin(), found.end(),
+            [&](std::size_t one, std::size_t other) { return distance(one) < distance(other); });
+    }
+
+    void Account()
+    {
+        const bool others = !roles_.With(ColumnRole::OtherAccount).empty();
+        const std::size_t rows = roles_.Rows();
+        for (const std::size_t i : roles_.With(ColumnRole::Account)) {
+            const ColumnFacts& facts = roles_.Facts(i);
+            // Several numbers in a column of doubtful name may be those of the other parties.
+            const bool sure = roles_[i].rank == 0 || others || facts.values.size() * 3 <= rows;
+            if (!columns_.account && facts.filled == rows &&
+                (facts.values.size() == 1 || (facts.values.size() <= kMostAccounts && sure)))
+                columns_.account = i;
+            else
+                roles_[i] = {ColumnRole::OtherAccount, 1};
+        }
+    }
+
+    void Others()
+    {
+        const auto first = [this](ColumnRole role) {
+            const auto found = roles_.With(role);
+            return found.empty() ? std::nullopt : std::optional(found.front());
+        };
+        columns_.category = first(ColumnRole::Category);
+        columns_.check = first(ColumnRole::Check);
+        columns_.statuses = roles_.With(ColumnRole::Status);
+        for (const std::size_t i : roles_.With(ColumnRole::Id)) {
+            // Running numbers and words begin anew in the next file.
+            if (!columns_.id && roles_.Facts(i).shortest >= 6 &&
+                roles_.Facts(i).values.size() * 5 >=
+                    std::min<std::size_t>(roles_.Facts(i).filled, 40) * 3)
+                columns_.id = i;
+            else
+                roles_[i] = {ColumnRole::Text, 3};
+        }
+    }
+
+    void Texts()
+    {
+        columns_.names = roles_.With(ColumnRole::Name);
+        columns_.texts = roles_.With(ColumnRole::Text);
+        for (const ColumnRole role : {ColumnRole::OtherAccount, ColumnRole::Id})
+            for (const std::size_t i : roles_.With(role))
+                if (i != columns_.id)
+                    columns_.texts.push_back(i);
+        for (const std::size_t i : roles_.With(ColumnRole::Unknown))
+            if (roles_.Facts(i).letters > 0 && !IsConstant(i))
+                columns_.texts.push_back(i);
+        // The same in every row: rather of the account than of the row.
+        for (const std::size_t i : roles_.With(ColumnRole::Unknown))
+            if (roles_.Facts(i).letters > 0 && IsConstant(i))
+                columns_.texts.push_back(i);
+    }
+
+    [[nodiscard]] bool IsConstant(std::size_t i) const
+    {
+        return roles_.Facts(i).values.size() == 1 && roles_.Facts(i).filled > 1;
+    }
+
+    ColumnRoles roles_;
+    CsvColumns columns_;
+};
+
+}  // namespace
+
+CsvColumns ChooseColumns(const CsvTable& table, const std::vector<ColumnFacts>& facts,
+                         const StatementAnswers& answers)
+{
+    CsvColumns columns = Chooser(table, facts).Choose();
+    ApplyColumnSpec(answers.columns, table, columns);
+    return columns;
+}
+
+}  // namespace clb
