@@ -188,7 +188,7 @@ std::vector<std::int32_t> OtherPrograms::Disputed(const std::vector<std::int32_t
     GridComponent& grid = window_.Grid;
     std::vector<std::int32_t> disputed;
     for (const std::int32_t column : columns)
-        if (grid.Typed(column) && grid.ColumnValue(column) != grid.StoredValue(column))
+        if (grid.Typed(column) && grid.ColumnValue(column) != grid.Stored(column))
             disputed.push_back(column);
     return disputed;
 }
@@ -216,7 +216,7 @@ std::string OtherPrograms::Question(const std::vector<std::int32_t>& columns) co
     for (const std::int32_t column : columns)
         text += "\n" + grid.Columns().Item(column).caption + ": you entered " +
                 grid.ShownText(grid.ColumnValue(column), column) + ", the other program " +
-                grid.ShownText(grid.StoredValue(column), column) + ".";
+                grid.ShownText(grid.Stored(column), column) + ".";
     return text + "\n\nDo you want to keep what you entered?";
 }
 

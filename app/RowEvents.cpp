@@ -21,11 +21,11 @@ void RowEvents::Connect()
     grid.AfterDelete().connect([this] { RowDeleted(); });
     grid.UpdateRefused().connect([this] { ToCellToCorrect(); });
     grid.TypeDates(
-        [this] {
-            const clsView& view = window_.View();
-            return DateContext{window_.GivenPorts().clock.Now(), {view.Year(), view.Period()}};
-        },
-        window_.GivenPorts().showsResults);
+        {[this] {
+             const clsView& view = window_.View();
+             return DateContext{window_.GivenPorts().clock.Now(), {view.Year(), view.Period()}};
+         },
+         window_.GivenPorts().showsResults});
     grid.KeepFolds(window_.GivenPorts().showsResults);
     grid.PassFooters(window_.GivenPorts().showsResults);
     if (window_.GivenPorts().showsResults)

@@ -15,7 +15,7 @@ void GridComponent::ColumnsGo()
     // There is no current row until its cells are those of the new columns.
     row_ = 0;
     edited_.Clear();
-    editing_ = false;
+    entry_.Close();
 }
 
 void GridComponent::RowsBound()
@@ -41,7 +41,7 @@ bool GridComponent::SortBy(GridSort sort)
         const NoRow none(row_);
         BoundRows().SortBy(sort, [this, sort](std::size_t row) { return Fetch(row, sort.column); });
     }
-    row_ = PastFooter(FindSpot(BoundRows(), spot));
+    row_ = BoundRows().PastFooter(FindSpot(BoundRows(), spot));
     LoadRow();
     Touch();
     return true;
@@ -58,7 +58,7 @@ void GridComponent::RefetchRows()
 
 void GridComponent::ReadRowsAnew()
 {
-    if (!Source() || editing_ || Dirty())
+    if (!Source() || Editing() || Dirty())
         return;
     std::vector<GridSpot> reported = reported_.Take(BoundRows());
     RequeryOrUnbind();
@@ -72,9 +72,9 @@ void GridComponent::Freshen()
     if (!BoundRows().Stale())
         return;
     const GridSpot spot = CurrentSpot();
-    editing_ = false;
+    entry_.Close();
     TakeRows();
-    row_ = PastFooter(FindSpot(BoundRows(), spot));
+    row_ = BoundRows().PastFooter(FindSpot(BoundRows(), spot));
     LoadRow();
 }
 
@@ -109,16 +109,12 @@ bool GridComponent::Fold(std::size_t row, bool folded)
     row = rows.OfGroup(GridRowKind::GroupHeading, group);
     if (row == 0)
         return true;
-    const std::size_t before = rows.Count();
     NumbersReported();
-    rows.Fold(row, folded);
-    const std::size_t folding = folded ? before - rows.Count() : 0;
-    if (row_ > row && row_ <= row + folding) {
-        row_ = row;
+    const bool onHeading = row_ == row;
+    row_ = rows.Fold(row, folded, row_);
+    if (row_ == row && !onHeading) {
         LoadRow();
         ReportPlace();
-    } else if (row_ > row) {
-        row_ = row_ + rows.Count() - before;
     }
     Touch();
     return true;
@@ -126,18 +122,10 @@ bool GridComponent::Fold(std::size_t row, bool folded)
 
 void GridComponent::StandOn(std::size_t row, std::int32_t column)
 {
-    row_ = PastFooter(std::min(row, BoundRows().Count()));
+    row_ = BoundRows().PastFooter(std::min(row, BoundRows().Count()));
     col_ = column;
     LoadRow();
     Touch();
-}
-
-/// The new-row line is below every footer.
-std::size_t GridComponent::PastFooter(std::size_t row) const
-{
-    const GridRows& rows = Rows();
-    const bool footer = passesFooters_ && row != 0 && rows.Kind(row) == GridRowKind::GroupFooter;
-    return footer ? row + 1 : row;
 }
 
 void GridComponent::ReportPlace()
@@ -157,7 +145,7 @@ bool GridComponent::MoveTo(std::size_t row, std::int32_t column)
     Freshen();
     Columns().Item(column);
     static_cast<void>(BoundRows().Kind(row));
-    if (editing_ && !EndEdit())
+    if (!EndEdit())
         return false;
     if (row != row_) {
         // Saving the row that is left may move the others, so the one that is meant is found again.

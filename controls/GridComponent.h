@@ -1,15 +1,15 @@
 // A data grid with a current cell and one row in edit.
 #pragma once
 #include <cstdint>
-#include <functional>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "controls/CellEntry.h"
 #include "controls/EditedRow.h"
 #include "controls/GridContent.h"
 #include "controls/GridMarks.h"
+#include "controls/GridRowEvents.h"
 #include "controls/GridSpot.h"
 
 namespace clb {
@@ -21,12 +21,10 @@ namespace clb {
 ///
 /// The row in edit is a copy: the source is written only by Update, and only the fields that
 /// changed.
-class GridComponent : public GridContent {
+class GridComponent : public GridContent, public GridRowEvents {
 public:
     using GridContent::GridContent;
 
-    /// Whether a group's footer never becomes current by itself: the row after it does.
-    void PassFooters(bool pass) { passesFooters_ = pass; }
     /// Reads the source again (Requery) and makes the first row current. A source that cannot be
     /// read leaves the grid empty and unbound; its error is thrown.
     void RefetchRows();
@@ -55,10 +53,7 @@ public:
     /// Whether the cell of the current row holds a value that is not saved yet.
     [[nodiscard]] bool Typed(std::int32_t column) const { return edited_.Typed(column); }
     /// What is stored in the cell of the current row, as far as it was read.
-    [[nodiscard]] const Value& StoredValue(std::int32_t column) const
-    {
-        return edited_.Stored(column);
-    }
+    [[nodiscard]] const Value& Stored(std::int32_t column) const { return edited_.Stored(column); }
     /// Gives up what was typed into the cell: it holds the stored value again.
     void TakeStored(std::int32_t column);
 
@@ -105,7 +100,7 @@ public:
     void ColumnValue(std::int32_t column, const Value& value);
     Value CellValue(std::size_t row, std::int32_t column) override;
 
-    [[nodiscard]] bool Editing() const { return editing_; }
+    [[nodiscard]] bool Editing() const { return entry_.IsOpen(); }
     /// true opens the current cell for editing (false if it refuses: read-only, a heading, or a
     /// handler cancelled); false ends the edit (false if the text cannot be read as the column's
     /// type; the cell then stays in edit). Opening asks for the focus.
@@ -113,29 +108,23 @@ public:
     /// Opens the current cell; key is the character that began the edit, 0 for none.
     bool BeginEdit(std::int16_t key);
     /// The text being typed into the cell in edit.
-    [[nodiscard]] const std::string& EditText() const { return editText_; }
+    [[nodiscard]] const std::string& EditText() const { return entry_.Text(); }
     void EditText(const std::string& text);
-    /// The typed text as a date; nothing if it is not one.
-    [[nodiscard]] std::optional<Date> TypedDate() const;
-    /// The day that dates are typed on.
-    [[nodiscard]] Date Today() const { return Date::FromDays(dateContext_().today.Days()); }
-    /// What the typed text would be, if that is not what it says already; see GridText. For a date
-    /// that is offered, nothing.
-    [[nodiscard]] std::string Understood() const;
-    /// From now on typed dates refer to what context returns. offer: a new row's empty date cell
-    /// begins with the date that was typed last, else with today. A new row in which nothing but
-    /// that was entered is not saved.
-    void TypeDates(std::function<DateContext()> context, bool offer);
+    /// What is typed into the cell in edit: how it is understood, and why it is refused.
+    [[nodiscard]] const CellEntry& Entry() const { return entry_; }
+    /// From now on dates are typed and offered so. A new row in which nothing but an offered date
+    /// was entered is not saved.
+    void TypeDates(CellEntry::Dates dates) { entry_.TypeDates(std::move(dates)); }
     /// From now on a new row goes to its place among the others as soon as it is saved. Otherwise
     /// it stays the last one until the rows are read again.
     void PlaceNewRows() { placesNewRows_ = true; }
     /// Takes the typed text into the row. False if the column's type does not hold it: Refusal then
     /// says why, and the cell stays in edit.
     bool EndEdit();
-    [[nodiscard]] const std::string& Refusal() const { return refusal_; }
+    [[nodiscard]] const std::string& Refusal() const { return entry_.Refusal(); }
     /// Whether the cell in edit is the one to correct: its text or its row was refused, and it has
     /// not been typed into since.
-    [[nodiscard]] bool Marked() const { return editing_ && marked_; }
+    [[nodiscard]] bool Marked() const { return entry_.Marked(); }
     /// Forgets the typed text and ends the cell's edit.
     void CancelEdit();
     /// As the Escape key: gives up the cell's edit, and the second time the row's changes;
@@ -152,29 +141,7 @@ public:
     /// becomes current.
     bool Delete();
 
-    // The events, in the container's terms. Arguments by reference are read back.
-    Event<void()> AfterDelete() { return afterDelete_; }
-    Event<void(std::int32_t, std::int32_t)> AfterEdit() { return afterEdit_; }
-    Event<void()> AfterUpdate() { return afterUpdate_; }
-    Event<void(bool&)> BeforeDelete() { return beforeDelete_; }
-    Event<void(std::int32_t, std::int32_t, std::int16_t, bool&)> BeforeEdit()
-    {
-        return beforeEdit_;
-    }
-    Event<void(bool&)> BeforeUpdate() { return beforeUpdate_; }
-    Event<void(std::int32_t, std::int32_t)> RowColChange() { return rowColChange_; }
-    /// A new row was saved and has this number now.
-    Event<void(std::size_t)> RowAdded() { return rowAdded_; }
-    /// The row's unsaved changes were given up.
-    Event<void()> RowRestored() { return rowRestored_; }
-    /// A handler of BeforeUpdate refused the row and the update has ended.
-    Event<void()> UpdateRefused() { return updateRefused_; }
-    /// The grid asks for the focus.
-    Event<void()> FocusWanted() { return focusWanted_; }
-
 protected:
-    /// Raises BeforeUpdate; false if a handler refused the row.
-    virtual bool MayUpdate();
     /// Raises RowColChange for the current cell.
     void ReportPlace();
 
@@ -197,46 +164,22 @@ private:
     void LoadRow()
     {
         edited_.Load(BoundRows(), row_, Columns());
-        offeredColumn_ = 0;
+        entry_.ForgetOffer();
     }
     void TakeRows();
     void StandOn(std::size_t row, std::int32_t column);
-    [[nodiscard]] std::size_t PastFooter(std::size_t row) const;
     void FinishEdit();
     /// Returns whether the row is a new one.
     bool SaveRow();
     void ShowAdded();
-    void OfferDate();
-    [[nodiscard]] bool OnlyOffered() const;
 
     ReportedRows reported_;
     GridMarks marks_;
     std::size_t row_ = 0;
     std::int32_t col_ = kFirstColumn;
     EditedRow edited_;
-    bool passesFooters_ = false;
-    bool editing_ = false;
-    std::string editText_;
-    bool editTouched_ = false;
-    bool marked_ = false;
-    std::string refusal_;
-    std::function<DateContext()> dateContext_ = [] { return DateContext(); };
-    bool offersDates_ = false;
+    CellEntry entry_{Texts(), Columns()};
     bool placesNewRows_ = false;
-    std::optional<Date> lastDate_;    ///< typed last
-    std::int32_t offeredColumn_ = 0;  ///< whose date was offered and not typed; 0 if none
-
-    sigc::signal<void()> afterDelete_;
-    sigc::signal<void(std::int32_t, std::int32_t)> afterEdit_;
-    sigc::signal<void()> afterUpdate_;
-    sigc::signal<void(bool&)> beforeDelete_;
-    sigc::signal<void(std::int32_t, std::int32_t, std::int16_t, bool&)> beforeEdit_;
-    sigc::signal<void(bool&)> beforeUpdate_;
-    sigc::signal<void(std::int32_t, std::int32_t)> rowColChange_;
-    sigc::signal<void(std::size_t)> rowAdded_;
-    sigc::signal<void()> rowRestored_;
-    sigc::signal<void()> updateRefused_;
-    sigc::signal<void()> focusWanted_;
 };
 
 }  // namespace clb

@@ -40,6 +40,8 @@ public:
     GridArray& Array() { return array_; }
     /// Whether a folded group stays folded when other rows are bound, until it is opened.
     void KeepFolds(bool keep) { rows_.KeepFolds(keep); }
+    /// Whether a group's footer never becomes current by itself: the row after it does.
+    void PassFooters(bool pass) { rows_.PassFooters(pass); }
     /// Applies groups that were added after binding to the displayed rows.
     void Regroup();
     /// To be called after columns, widths or styles were changed: the grid is drawn again.

@@ -42,99 +42,46 @@ bool GridComponent::Editable(std::int32_t column) const
 
 bool GridComponent::Editing(bool edit)
 {
-    if (!edit)
-        return !editing_ || EndEdit();
-    return editing_ || BeginEdit(0);
+    return edit ? Editing() || BeginEdit(0) : EndEdit();
 }
 
 bool GridComponent::BeginEdit(std::int16_t key)
 {
     focusWanted_.emit();
     Freshen();
-    if (editing_)
+    if (Editing())
         return true;
     if (!Editable(col_))
         return false;
     // Handlers already see the cell in edit, so that they can enable commands accordingly.
-    editing_ = true;
-    editText_ = Texts().ToEdit(edited_.Cell(col_), Columns().Item(col_));
-    editTouched_ = false;
-    marked_ = false;
-    refusal_.clear();
-    bool cancel = false;
-    beforeEdit_.emit(static_cast<std::int32_t>(row_), col_, key, cancel);
-    if (cancel) {
-        editing_ = false;
+    entry_.Open(col_, edited_.Cell(col_));
+    if (!MayEdit(static_cast<std::int32_t>(row_), col_, key)) {
+        entry_.Close();
         return false;
     }
-    OfferDate();
+    if (Rows().Kind(row_) == GridRowKind::NewRow && IsNull(edited_.Cell(col_)))
+        entry_.OfferDate();
     Touch();
     return true;
 }
 
-void GridComponent::TypeDates(std::function<DateContext()> context, bool offer)
-{
-    dateContext_ = std::move(context);
-    offersDates_ = offer;
-}
-
-void GridComponent::OfferDate()
-{
-    const GridColumn& column = Columns().Item(col_);
-    if (!offersDates_ || column.dataType != FieldType::Date || !IsNull(edited_.Cell(col_)) ||
-        Rows().Kind(row_) != GridRowKind::NewRow)
-        return;
-    editText_ = Texts().ToEdit(lastDate_.value_or(Today()), column);
-    editTouched_ = true;
-    offeredColumn_ = col_;
-}
-
-bool GridComponent::OnlyOffered() const
-{
-    return offeredColumn_ != 0 && edited_.OnlyTyped(offeredColumn_);
-}
-
-std::optional<Date> GridComponent::TypedDate() const
-{
-    return Texts().ReadDate(editText_, dateContext_());
-}
-
-std::string GridComponent::Understood() const
-{
-    if (!editing_ || !editTouched_ || marked_)
-        return {};
-    return Texts().Understood(editText_, Columns().Item(col_), dateContext_());
-}
-
 void GridComponent::EditText(const std::string& text)
 {
-    editText_ = text;
-    editTouched_ = true;
-    if (col_ == offeredColumn_)
-        offeredColumn_ = 0;
-    if (!marked_)
-        return;
-    marked_ = false;
-    refusal_.clear();
-    Touch();
+    if (entry_.Text(text))
+        Touch();
 }
 
 bool GridComponent::EndEdit()
 {
-    if (!editing_)
+    if (!Editing())
         return true;
-    if (editTouched_) {
-        const GridText::Reading typed =
-            Texts().Read(editText_, Columns().Item(col_), dateContext_());
-        refusal_ = typed.refusal;
-        if (!typed.value) {
-            marked_ = true;
+    if (entry_.Touched()) {
+        const std::optional<Value> typed = entry_.Read();
+        if (!typed) {
             Touch();
             return false;
         }
-        ColumnValue(col_, *typed.value);
-        if (const auto* date = std::get_if<Date>(&*typed.value); date && offeredColumn_ != col_)
-            lastDate_ = *date;
+        ColumnValue(col_, *typed);
     }
     FinishEdit();
     return true;
@@ -142,22 +89,20 @@ bool GridComponent::EndEdit()
 
 void GridComponent::CancelEdit()
 {
-    if (editing_)
+    if (Editing())
         FinishEdit();
 }
 
 void GridComponent::FinishEdit()
 {
-    editing_ = false;
-    editTouched_ = false;
-    refusal_.clear();
+    entry_.Close();
     Touch();
     afterEdit_.emit(static_cast<std::int32_t>(row_), col_);
 }
 
 void GridComponent::Escape()
 {
-    if (editing_) {
+    if (Editing()) {
         CancelEdit();
     } else if (Dirty()) {
         LoadRow();
@@ -166,25 +111,19 @@ void GridComponent::Escape()
     }
 }
 
-bool GridComponent::MayUpdate()
-{
-    bool cancel = false;
-    beforeUpdate_.emit(cancel);
-    return !cancel;
-}
-
 bool GridComponent::Update()
 {
     Freshen();
-    if (editing_ && !EndEdit())
+    if (!EndEdit())
         return false;
-    if (OnlyOffered())
+    if (const std::int32_t offered = entry_.OfferedColumn();
+        offered != 0 && edited_.OnlyTyped(offered))
         LoadRow();
     if (!Dirty())
         return true;
     if (!MayUpdate()) {
         updateRefused_.emit();
-        marked_ = true;
+        entry_.Mark();
         Touch();
         return false;
     }
@@ -229,9 +168,7 @@ bool GridComponent::Delete()
     if (row_ == 0 || BoundRows().Kind(row_) != GridRowKind::Data)
         return false;
     CancelEdit();
-    bool cancel = false;
-    beforeDelete_.emit(cancel);
-    if (cancel)
+    if (!MayDelete())
         return false;
     Source()->Delete(BoundRows().Record(row_));
     marks_.Clear();

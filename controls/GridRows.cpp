@@ -245,13 +245,23 @@ bool GridRows::Folded(std::size_t row) const
     return shown.kind == GridRowKind::GroupHeading && groups_[shown.group].folded;
 }
 
-void GridRows::Fold(std::size_t row, bool folded)
+std::size_t GridRows::Fold(std::size_t row, bool folded, std::size_t followed)
 {
     const Row& shown = At(row);
     if (shown.kind != GridRowKind::GroupHeading || groups_[shown.group].folded == folded)
-        return;
+        return followed;
+    const std::size_t before = Count();
     SetFolded(groups_[shown.group], folded);
     Display();
+    if (followed <= row)
+        return followed;
+    const bool foldedAway = folded && followed <= row + before - Count();
+    return foldedAway ? row : followed + Count() - before;
+}
+
+std::size_t GridRows::PastFooter(std::size_t row) const
+{
+    return passesFooters_ && row != 0 && Kind(row) == GridRowKind::GroupFooter ? row + 1 : row;
 }
 
 void GridRows::SetFolded(Group& group, bool folded)

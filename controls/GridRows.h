@@ -51,7 +51,9 @@ public:
     /// Heading text of a heading row.
     [[nodiscard]] std::string HeadingText(std::size_t row) const;
     [[nodiscard]] bool Folded(std::size_t row) const;
-    void Fold(std::size_t row, bool folded);
+    /// Folds the group of a heading row, or opens it. Returns the number that the row `followed`
+    /// has then: that of the heading if it was folded away.
+    std::size_t Fold(std::size_t row, bool folded, std::size_t followed);
     /// Shows the rows in another order, those of a group among themselves; the new-row line stays
     /// last. `key` returns a calculated cell of a displayed row while all rows are displayed in the
     /// source's order; a cell for which it throws RuntimeError counts as nothing. Binding other
@@ -61,6 +63,11 @@ public:
     [[nodiscard]] const GridSort& Sort() const { return sort_; }
     /// Whether a folded group stays folded when other rows are bound, and when it comes back.
     void KeepFolds(bool keep) { keepsFolds_ = keep; }
+    /// Whether nobody is meant to stay on a group's footer.
+    void PassFooters(bool pass) { passesFooters_ = pass; }
+    /// The row itself, or the one after it if it is a footer to pass: the new-row line is below
+    /// every footer. 0 for 0.
+    [[nodiscard]] std::size_t PastFooter(std::size_t row) const;
 
     /// Displayed number of the new-row line, of the first data row, of a row of the source, and
     /// of the first data row with the key; 0 if there is none (or it is folded away).
@@ -104,6 +111,7 @@ private:
     const GridGroups* groupings_ = nullptr;
     std::uint64_t generation_ = 0;
     bool keepsFolds_ = false;
+    bool passesFooters_ = false;
     std::set<std::string> folds_;  ///< values of the groups to fold when they come back
     std::vector<Group> groups_;
     std::vector<Row> rows_;

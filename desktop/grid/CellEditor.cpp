@@ -172,7 +172,7 @@ void CellEditor::changeEvent(QEvent* event)
 void CellEditor::ShowHint()
 {
     const bool refused = grid_.Marked() && !grid_.Refusal().empty();
-    const QString text = ToQString(refused ? grid_.Refusal() : grid_.Understood());
+    const QString text = ToQString(refused ? grid_.Refusal() : grid_.Entry().Understood());
     if (text.isEmpty()) {
         hint_->hide();
         return;
@@ -253,7 +253,7 @@ void CellEditor::DropDown()
         popup_ = CellPopup::List(this, texts, line_->text(), Column().popup->rows, pick);
         width = Column().popup->width * logicalDpiX() / kTwipsPerInch;
     } else {
-        const Date day = grid_.TypedDate().value_or(grid_.Today());
+        const Date day = grid_.Entry().TypedDate().value_or(grid_.Entry().Today());
         popup_ = CellPopup::Calendar(
             this, QDate(day.Year(), day.Month(), day.Day()), [this, pick](const QDate& chosen) {
                 if (const auto date = Date::Of(chosen.year(), chosen.month(), chosen.day()))
@@ -266,8 +266,8 @@ void CellEditor::DropDown()
 /// Whether the text is a date that + and - can step from. "3" may become "3-11".
 bool CellEditor::ShowsWholeDate() const
 {
-    return grid_.TypedDate() &&
-           (line_->selectedText() == line_->text() || grid_.Understood().empty());
+    return grid_.Entry().TypedDate() &&
+           (line_->selectedText() == line_->text() || grid_.Entry().Understood().empty());
 }
 
 bool CellEditor::StepDay(const QKeyEvent& key)
@@ -278,7 +278,8 @@ bool CellEditor::StepDay(const QKeyEvent& key)
     const bool empty = line_->text().trimmed().isEmpty();
     if (days == 0 || !HasCalendar() || !(empty || ShowsWholeDate()))
         return false;
-    const Value value = empty ? grid_.Today() : Date::FromDays(grid_.TypedDate()->Days() + days);
+    const Value value =
+        empty ? grid_.Entry().Today() : Date::FromDays(grid_.Entry().TypedDate()->Days() + days);
     Take(ToQString(grid_.ShownText(value, column_)));
     line_->selectAll();
     return true;

@@ -128,7 +128,7 @@ int GridPainter::DaysFromToday(std::size_t row) const
         return 0;
     const Value value = grid_.Rows().Stored(row, grid_.DayColumn());
     const auto* date = std::get_if<Date>(&value);
-    return date ? date->Days() - grid_.Today().Days() : 0;
+    return date ? date->Days() - grid_.Entry().Today().Days() : 0;
 }
 
 /// A bar before the rows of today, and a line between what is to come and the rest.

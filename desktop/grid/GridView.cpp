@@ -17,12 +17,6 @@
 
 namespace clb {
 
-namespace {
-
-constexpr int kWidthStep = 8;  // pixels that a key makes a column wider
-
-}  // namespace
-
 GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()> takeFocus,
                    QWidget* parent)
     : QAbstractScrollArea(parent),
@@ -30,13 +24,12 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
       events_(events),
       takeFocus_(std::move(takeFocus)),
       fit_(grid, [this](std::int32_t column) { return header_->LeastWidth(column); }),
-      header_(new GridHeader(grid, layout_,
-                             {[this](std::int32_t column, int width) {
-                                  events_.Run([&] { grid_.ResizeColumn(column, width); });
-                              },
-                              [this](std::int32_t column) { FitColumn(column); },
-                              [this](std::int32_t column) { SortBy(column); }},
-                             this)),
+      header_(
+          new GridHeader(grid, layout_,
+                         {[this](std::int32_t column, int width) { widths_.Set(column, width); },
+                          [this](std::int32_t column) { widths_.Fit(column, *header_); },
+                          [this](std::int32_t column) { SortBy(column); }},
+                         this)),
       editor_(new CellEditor(grid, *this, [this](const QKeyEvent& key) { return LeaveEdit(key); })),
       empty_(new EmptyState(*this)),
       cursor_(grid, layout_, events, *viewport()),
@@ -44,7 +37,8 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
       marking_(grid, cursor_, events, takeFocus_),
       tips_(grid, layout_, events, *viewport()),
       announcer_(*this, grid, events),
-      zoom_(*this, *viewport())
+      zoom_(*this, *viewport()),
+      widths_(grid, layout_, events, *viewport())
 {
     // A click asks the model for the focus, which may refuse it.
     setFocusPolicy(Qt::TabFocus);
@@ -336,24 +330,6 @@ void GridView::contextMenuEvent(QContextMenuEvent* event)
         menu_(event->globalPos());
 }
 
-void GridView::FitColumn(std::int32_t column)
-{
-    events_.Run([&] {
-        int width = header_->CaptionWidth(column);
-        // Fitting reads only the visible rows, which are drawn anyway.
-        std::size_t row = layout_.RowAt(0);
-        for (; row != 0 && row <= layout_.RowCount() && layout_.RowTop(row) < viewport()->height();
-             ++row) {
-            if (grid_.Rows().Kind(row) != GridRowKind::Data)
-                continue;
-            const QString text = ToQString(grid_.CellText(row, column));
-            width = std::max(width,
-                             fontMetrics().horizontalAdvance(text) + 2 * GridPainter::kPadding + 2);
-        }
-        grid_.ResizeColumn(column, width);
-    });
-}
-
 void GridView::keyPressEvent(QKeyEvent* event)
 {
     const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
@@ -361,36 +337,21 @@ void GridView::keyPressEvent(QKeyEvent* event)
         return;
     if (held == Qt::NoModifier && cursor_.FoldByKey(event->key()))
         return;
-    if (ColumnByKey(*event) || editing_.ByKey(*event) || editing_.ByTyping(*event))
+    if (TipByKey(*event) || widths_.ByKey(*event, *header_) || editing_.ByKey(*event) ||
+        editing_.ByTyping(*event))
         return;
     const bool moves = held == Qt::NoModifier || held == Qt::ControlModifier;
     if (!moves || !cursor_.Navigate(event->key(), held == Qt::ControlModifier))
         event->ignore();
 }
 
-bool GridView::ColumnByKey(const QKeyEvent& event)
+bool GridView::TipByKey(const QKeyEvent& event)
 {
-    const std::int32_t column = grid_.Col();
-    const int width = layout_.CellRect(grid_.Row(), column).width();
-    if (width == 0)
+    const QRect cell = layout_.CellRect(grid_.Row(), grid_.Col());
+    if (cell.isEmpty() || event.modifiers() != Qt::ControlModifier || event.key() != Qt::Key_F1)
         return false;
-    if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_F1) {
-        tips_.ShowAt(layout_.CellRect(grid_.Row(), column).center());
-        return true;
-    }
-    if (event.modifiers() != (Qt::ControlModifier | Qt::ShiftModifier))
-        return false;
-    switch (event.key()) {
-        case Qt::Key_Left:
-        case Qt::Key_Right:
-            events_.Run([&] {
-                grid_.ResizeColumn(
-                    column, width + (event.key() == Qt::Key_Left ? -kWidthStep : kWidthStep));
-            });
-            return true;
-        case Qt::Key_F: FitColumn(column); return true;
-        default: return false;
-    }
+    tips_.ShowAt(cell.center());
+    return true;
 }
 
 bool GridView::focusNextPrevChild(bool next)

@@ -17,6 +17,7 @@
 #include "desktop/grid/GridLayout.h"
 #include "desktop/grid/GridMarking.h"
 #include "desktop/grid/GridTips.h"
+#include "desktop/grid/GridWidths.h"
 #include "desktop/grid/GridZoom.h"
 
 class QAccessibleInterface;
@@ -101,8 +102,7 @@ private:
     void FitToCells();
     void UpdateScrollBars();
     void RedrawChanged(bool on);
-    bool ColumnByKey(const QKeyEvent& event);
-    void FitColumn(std::int32_t column);
+    bool TipByKey(const QKeyEvent& event);
     void SortBy(std::int32_t column);
     void FollowEdit();
     bool LeaveEdit(const QKeyEvent& event);
@@ -128,6 +128,7 @@ private:
     GridTips tips_;
     GridAnnouncer announcer_;
     GridZoom zoom_;
+    GridWidths widths_;
 };
 
 }  // namespace clb

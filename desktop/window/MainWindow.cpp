@@ -5,7 +5,6 @@
 #include <QLayout>
 #include <QMenuBar>
 #include <QStatusBar>
-#include <QWheelEvent>
 #include <QWindow>
 
 #include "app/OtherPrograms.h"
@@ -15,6 +14,7 @@
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
+#include "desktop/window/MonthWheel.h"
 #include "desktop/window/NoticeLabel.h"
 #include "desktop/window/ResultBarView.h"
 #include "desktop/window/SplitHandle.h"
@@ -115,11 +115,12 @@ void MainWindow::BuildToolbarSide()
     month_->setObjectName(ToQString(controller_.cmbPeriod.Name()));
     month_->setMaxVisibleItems(12);
     month_->setToolTip(QStringLiteral("Month shown"));
-    month_->installEventFilter(this);
     year_ = new YearBox(controller_.txtYear, controller_.UpDown, events_);
     year_->setObjectName(ToQString(controller_.txtYear.Name()));
     year_->setToolTip(QStringLiteral("Year shown"));
-    year_->installEventFilter(this);
+    new MonthWheel(*month_, *year_,
+                   {[this] { return GridAgrees(); },
+                    [this](int months) { events_.Run([&] { controller_.StepMonth(months); }); }});
     fold_ = new TreeFold(controller_, events_, *tree_, toolbar_);
     toolbar_->AddAtLeft(fold_);
     toolbar_->AddAtRight(QStringLiteral("&Month:"), month_);
@@ -282,11 +283,6 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
     if (watched == windowHandle() && IsInput(*event))
         return !controller_.window.Enabled() &&
                (events_.Running() || event->type() != QEvent::Close);
-    // Turning the wheel over the month or year changes them without taking the focus.
-    if (watched == month_ && event->type() == QEvent::Wheel)
-        return TurnMonth(static_cast<QWheelEvent*>(event)->angleDelta().y());
-    if (watched == year_ && event->type() == QEvent::Wheel)
-        return !GridAgrees();
     return QMainWindow::eventFilter(watched, event);
 }
 

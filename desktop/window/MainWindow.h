@@ -89,7 +89,6 @@ private:
     void NewRecord();
     void RepaintNow();
     void OrderTabs();
-    bool TurnMonth(int angle);
 
     frmController& controller_;
     UserEvents& events_;
@@ -103,7 +102,6 @@ private:
     ListBinder* month_ = nullptr;
     YearBox* year_ = nullptr;
     ToolbarBinder* toolbar_ = nullptr;
-    int turned_ = 0;  // how far the wheel over the month list has turned since its last step
     QStatusBar* status_ = nullptr;
     QLabel* statusText_ = nullptr;
     std::unique_ptr<TotalsLine> totals_;

@@ -105,20 +105,4 @@ void MainWindow::Choose(MenuItem& item)
         item.Press();
 }
 
-bool MainWindow::TurnMonth(int angle)
-{
-    // A wheel with fine steps changes the month after it has turned as far as one coarse step.
-    turned_ += angle;
-    for (; std::abs(turned_) >= QWheelEvent::DefaultDeltasPerStep;
-         turned_ -=
-         turned_ > 0 ? QWheelEvent::DefaultDeltasPerStep : -QWheelEvent::DefaultDeltasPerStep) {
-        if (!GridAgrees()) {
-            turned_ = 0;
-            break;
-        }
-        events_.Run([this] { controller_.StepMonth(turned_ > 0 ? -1 : 1); });
-    }
-    return true;
-}
-
 }  // namespace clb

@@ -204,7 +204,9 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{shop::Weight, "light", "Please enter a number, for example 1,234.50."},
         Refused{shop::Day, "2006-02-30", "Please enter a date, for example 2026-11-03 or Nov 3."},
         Refused{shop::Day, "2006-02-29", "Please enter a date, for example 2026-11-03 or Nov 3."},
+        Refused{shop::Day, "15/05/2006", "Please enter a date, for example 2026-11-03 or Nov 3."},
         Refused{shop::Day, "2006-13-01", "Please enter a date, for example 2026-11-03 or Nov 3."},
+        Refused{shop::Day, "5 Marzipan", "Please enter a date, for example 2026-11-03 or Nov 3."},
         Refused{shop::Name, "elevenchars", "Please enter at most 10 characters."}));
 
 struct Accepted {
@@ -234,6 +236,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Accepted{shop::Price, "922337203685477.5807", "922337203685477.5807"},
                     Accepted{shop::Day, "2006-03-05", "2006-03-05"},
                     Accepted{shop::Day, "2004-02-29", "2004-02-29"},
+                    Accepted{shop::Day, "2006/3/5", "2006-03-05"},
+                    Accepted{shop::Day, "03/05/2006", "2006-03-05"},
+                    Accepted{shop::Day, "5 March 2006", "2006-03-05"},
                     Accepted{shop::Weight, "0.125", "0.125"}, Accepted{shop::Weight, "-3", "-3"},
                     Accepted{shop::Weight, "1,000.5", "1000.5"},
                     Accepted{shop::Name, "  a  b  ", "  a  b  "},
@@ -241,10 +246,12 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(GridEditTest, TypedDatesReferToTheShownMonth)
 {
-    grid_.TypeDates([] { return DateContext{*Date::Of(2026, 3, 14, 9), {2026, 2}}; }, false);
+    grid_.TypeDates({[] { return DateContext{*Date::Of(2026, 3, 14, 9), {2026, 2}}; }, false});
 
     EXPECT_TRUE(Type(shop::Day, "3"));
     EXPECT_EQ(grid_.CellText(1, shop::Day), "2026-02-03");
+    EXPECT_TRUE(Type(shop::Day, "5 March"));
+    EXPECT_EQ(grid_.CellText(1, shop::Day), "2026-03-05");
     EXPECT_TRUE(Type(shop::Day, "t"));
     EXPECT_EQ(grid_.CellText(1, shop::Day), "2026-03-14");
 }
@@ -259,12 +266,12 @@ TEST_F(GridEditTest, ACalculationBecomesItsResult)
 
 TEST_F(GridEditTest, WhatATextWillBeIsKnownWhileItIsTyped)
 {
-    grid_.TypeDates([] { return DateContext{*Date::Of(2026, 3, 14), {2026, 2}}; }, false);
+    grid_.TypeDates({[] { return DateContext{*Date::Of(2026, 3, 14), {2026, 2}}; }, false});
     const auto understood = [this](std::int32_t column, const char* text) {
         grid_.Col(column);
         grid_.Editing(true);
         grid_.EditText(text);
-        const std::string shown = grid_.Understood();
+        const std::string shown = grid_.Entry().Understood();
         grid_.CancelEdit();
         return shown;
     };
@@ -281,7 +288,7 @@ class OfferedDateTest : public GridEditTest {
 protected:
     OfferedDateTest()
     {
-        grid_.TypeDates([] { return DateContext{*Date::Of(2026, 3, 14, 9), {2026, 2}}; }, true);
+        grid_.TypeDates({[] { return DateContext{*Date::Of(2026, 3, 14, 9), {2026, 2}}; }, true});
     }
     /// Begins a row and returns the text of its date cell in edit.
     std::string NewDate()
