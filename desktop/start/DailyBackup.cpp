@@ -1,6 +1,5 @@
 #include "desktop/start/DailyBackup.h"
 
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -21,7 +20,6 @@ namespace clb {
 
 namespace {
 
-constexpr int kLowPriority = 15;
 constexpr int kLookEvery = 10 * 60 * 1000;  // milliseconds
 
 std::unique_ptr<QProcess> HelperFor(const QString& program, const std::string& folder,
@@ -126,7 +124,6 @@ void DailyBackup::Tell(const std::optional<BackupFailure>& failure)
 
 int MakeDailyBackup(const std::optional<std::string>& home, const Date& day)
 {
-    setpriority(PRIO_PROCESS, 0, kLowPriority);
     const std::string folder = ProgramFolder(PlacesOf(home));
     const auto failure = Backups(folder).Daily(day);
     if (failure)

@@ -49,10 +49,10 @@ private:
     bool looked_ = false;  ///< the helper was started at least once
 };
 
-/// Does the work of that process, at low priority: makes the backup, and checks whether the
-/// balances fit their rows. Balances that do not fit are added to the list of noticed ones, where
-/// the window sees them. Returns the exit code: 1 if there is no backup; the reason is then printed
-/// in the lines of BackupFailure.
+/// Does the work of that process: makes the backup, and checks whether the balances fit their rows.
+/// The caller has lowered the priority. Balances that do not fit are added to the list of noticed
+/// ones, where the window sees them. Returns the exit code: 1 if there is no backup; the reason is
+/// then printed in the lines of BackupFailure.
 int MakeDailyBackup(const std::optional<std::string>& home, const Date& day);
 
 }  // namespace clb

@@ -1,3 +1,5 @@
+#include <sys/resource.h>
+
 #include <cstdlib>
 #include <iostream>
 
@@ -8,6 +10,9 @@
 #include "platform/StandardStreams.h"
 
 namespace {
+
+/// Of the process that makes the day's backup while the user works.
+constexpr int kLowPriority = 15;
 
 bool HasDisplay()
 {
@@ -21,8 +26,10 @@ int Start(int argc, char** argv)
     const clb::StartOptions options = clb::ReadStartOptions(argc, argv, exitCode);
     if (exitCode)
         return *exitCode;
-    if (options.dailyBackup)
+    if (options.dailyBackup) {
+        setpriority(PRIO_PROCESS, 0, kLowPriority);
         return clb::MakeDailyBackup(options.home, *options.dailyBackup);
+    }
     if (!HasDisplay()) {
         if (!options.automate && options.picture.empty()) {
             std::cerr << "ledgerbook: no display (neither DISPLAY nor WAYLAND_DISPLAY is set)\n";
