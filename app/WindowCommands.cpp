@@ -186,49 +186,51 @@ constexpr bool kSavesRow = true;
 // Undo and Redo save it themselves, before they compare what comes next with their captions.
 // The help does not need the rows.
 constexpr bool kLeavesRow = false;
+constexpr bool kOnRow = true;
+constexpr bool kOnAnyRow = false;
 
 // clang-format off
 
 constexpr WindowCommand kFile[] = {
-    {command_name::kImport, "&Import...", "Ctrl+I", "import", Always, kSavesRow, ImportCommand},
-    {command_name::kExport, "&Export...", "Ctrl+E", "export", OnExportable, kSavesRow, Export},
+    {command_name::kImport, "&Import...", "Ctrl+I", "import", Always, kSavesRow, kOnAnyRow, ImportCommand},
+    {command_name::kExport, "&Export...", "Ctrl+E", "export", OnExportable, kSavesRow, kOnRow, Export},
     {"mnuF_Rule"},
-    {"mnuF_Print", "&Print...", "Ctrl+P", "print", Always, kSavesRow, Print},
+    {"mnuF_Print", "&Print...", "Ctrl+P", "print", Always, kSavesRow, kOnAnyRow, Print},
     {"mnuF_Rule2"},
-    {command_name::kExit, "E&xit", "Ctrl+Q", "exit", Always, kSavesRow, Exit},
+    {command_name::kExit, "E&xit", "Ctrl+Q", "exit", Always, kSavesRow, kOnAnyRow, Exit},
 };
 
 constexpr WindowCommand kEdit[] = {
-    {command_name::kNew, "&New Record", "Ctrl+N", "new", OffNewRow, kLeavesRow, NewRecord},
-    {command_name::kDelete, "&Delete Record", "Del", "delete", OnStoredRow, kLeavesRow, DeleteRecord},
+    {command_name::kNew, "&New Record", "Ctrl+N", "new", OffNewRow, kLeavesRow, kOnAnyRow, NewRecord},
+    {command_name::kDelete, "&Delete Record", "Del", "delete", OnStoredRow, kLeavesRow, kOnRow, DeleteRecord},
     {"mnuE_Separator1"},
-    {command_name::kCopy, "&Copy Budget From Previous Month", "", "copy", Always, kSavesRow, CopyBudget},
+    {command_name::kCopy, "&Copy Budget From Previous Month", "", "copy", Always, kSavesRow, kOnAnyRow, CopyBudget},
     {"mnuE_Separator2"},
-    {command_name::kMovePrevious, "Move To &Previous Month", "", "previous", OnTransaction, kSavesRow, MoveToPreviousMonth},
-    {command_name::kMoveNext, "Move To N&ext Month", "", "next", OnTransaction, kSavesRow, MoveToNextMonth},
-    {command_name::kSplit, "&Split Transaction", "", "split", OnTransaction, kSavesRow, SplitTransaction},
+    {command_name::kMovePrevious, "Move To &Previous Month", "", "previous", OnTransaction, kSavesRow, kOnRow, MoveToPreviousMonth},
+    {command_name::kMoveNext, "Move To N&ext Month", "", "next", OnTransaction, kSavesRow, kOnRow, MoveToNextMonth},
+    {command_name::kSplit, "&Split Transaction", "", "split", OnTransaction, kSavesRow, kOnRow, SplitTransaction},
 };
 
 constexpr WindowCommand kTools[] = {
-    {command_name::kUpdateQuotes, "&Update Quotes", "F5", "quotes", Always, kSavesRow, UpdateAllQuotes},
+    {command_name::kUpdateQuotes, "&Update Quotes", "F5", "quotes", Always, kSavesRow, kOnAnyRow, UpdateAllQuotes},
     {"mnuT_Rule"},
-    {command_name::kOptions, "&Options...", "", "options", Always, kSavesRow, ChangeOptions},
+    {command_name::kOptions, "&Options...", "", "options", Always, kSavesRow, kOnAnyRow, ChangeOptions},
 };
 
 constexpr WindowCommand kHistory[] = {
-    {command_name::kUndo, "&Undo", "Ctrl+Z", "undo", ForUndo, kLeavesRow, Undo},
-    {command_name::kRedo, "&Redo", "Ctrl+Shift+Z; Ctrl+Y", "redo", ForRedo, kLeavesRow, Redo},
+    {command_name::kUndo, "&Undo", "Ctrl+Z", "undo", ForUndo, kLeavesRow, kOnAnyRow, Undo},
+    {command_name::kRedo, "&Redo", "Ctrl+Shift+Z; Ctrl+Y", "redo", ForRedo, kLeavesRow, kOnAnyRow, Redo},
     {"mnuY_Rule"},
-    {"mnuY_Show", "&Show History...", "", "history", Always, kSavesRow, ShowHistory},
+    {"mnuY_Show", "&Show History...", "", "history", Always, kSavesRow, kOnAnyRow, ShowHistory},
 };
 
 constexpr WindowCommand kHelp[] = {
-    {"mnuH_HelpTopics", "&Help Topics", "F1", "help", Always, kLeavesRow, ShowHelp},
+    {"mnuH_HelpTopics", "&Help Topics", "F1", "help", Always, kLeavesRow, kOnAnyRow, ShowHelp},
     {"mnuH_Rule"},
-    {"mnuH_OnTheWeb", "{maker} on the &Web", "", "link", Always, kLeavesRow, OpenHomePage},
-    {"mnuH_OnlineTutorial", "&Online Tutorial", "", "tutorial", Always, kLeavesRow, OpenTutorial},
+    {"mnuH_OnTheWeb", "{maker} on the &Web", "", "link", Always, kLeavesRow, kOnAnyRow, OpenHomePage},
+    {"mnuH_OnlineTutorial", "&Online Tutorial", "", "tutorial", Always, kLeavesRow, kOnAnyRow, OpenTutorial},
     {"mnuH_Rule2"},
-    {"mnuH_About", "&About {product}", "", "about", Always, kLeavesRow, ShowAbout},
+    {"mnuH_About", "&About {product}", "", "about", Always, kLeavesRow, kOnAnyRow, ShowAbout},
 };
 
 constexpr bool kAdded = true;
@@ -249,15 +251,15 @@ constexpr WindowButton ButtonFor(std::string_view name, const char* key, const c
     const auto* command = std::begin(kEdit);
     while (command->name != name)
         ++command;
-    return {key, tip, "", command->icon, false, command->enabled, command->run};
+    return {key, tip, "", command->icon, false, command->enabled, command->onRow, command->run};
 }
 
 constexpr WindowButton kButtons[] = {
     ButtonFor(command_name::kNew, "New", "New record"),
     ButtonFor(command_name::kDelete, "Delete", "Delete record"),
-    {"Link", "Bank web site", "", "link", kSeparated, Always, OpenBankSite},
-    {"Back", "Previous month", "Alt+Left", "back", kSeparated, Always, ShowPreviousMonth},
-    {"Forward", "Next month", "Alt+Right", "forward", false, Always, ShowNextMonth},
+    {"Link", "Bank web site", "", "link", kSeparated, Always, kOnAnyRow, OpenBankSite},
+    {"Back", "Previous month", "Alt+Left", "back", kSeparated, Always, kOnAnyRow, ShowPreviousMonth},
+    {"Forward", "Next month", "Alt+Right", "forward", false, Always, kOnAnyRow, ShowNextMonth},
 };
 
 // clang-format on

@@ -25,6 +25,9 @@ struct WindowCommand {
     Enabled enabled = Enabled::Always;
     /// A row in edit is saved first. If it cannot be saved, the command does not run.
     bool savesRow = true;
+    /// Works on the grid's current row. If another program has deleted that row, the command does
+    /// not run, because another row is current then.
+    bool onRow = false;
     CommandAction run = nullptr;
 };
 
@@ -44,6 +47,7 @@ struct WindowButton {
     const char* icon = "";      ///< as of a command
     bool separated = false;     ///< a separator is before it
     Enabled enabled = Enabled::Always;
+    bool onRow = false;  ///< as of a command
     CommandAction run = nullptr;
 };
 

@@ -8,27 +8,16 @@
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
-#include "views/MenuNames.h"
 
 namespace clb {
 
 namespace {
 
-/// Undo and Redo do not depend on the current row. If another program has deleted it, they still
-/// say what they do.
-bool WorksOnRow(const std::string& item)
+void Dress(QAction& action, const WindowCommand& command)
 {
-    return item != command_name::kUndo && item != command_name::kRedo;
-}
-
-void Dress(QAction& action, const std::string& item)
-{
-    const WindowCommand* const command = FindCommand(item);
-    if (!command)
-        return;
-    action.setIcon(icons::Command(command->icon));
+    action.setIcon(icons::Command(command.icon));
     action.setShortcuts(
-        QKeySequence::listFromString(QLatin1String(command->key), QKeySequence::PortableText));
+        QKeySequence::listFromString(QLatin1String(command.key), QKeySequence::PortableText));
 }
 
 /// Lets Escape leave the menu bar at once. The toolkit would close the menu and keep the keys in
@@ -73,9 +62,11 @@ MenuBinder::MenuBinder(MenuBar& menus, QMenuBar& bar, UserEvents& events, const 
             QAction* action = drawn->addAction(ToQString(item.Caption()));
             action->setObjectName(ToQString(item.Name()));
             action->setEnabled(item.Enabled());
-            Dress(*action, item.Name());
+            const WindowCommand* const command = FindCommand(item.Name());
+            if (command)
+                Dress(*action, *command);
             QObject::connect(action, &QAction::triggered, &bar,
-                             [&item, &events, press, onRow = WorksOnRow(item.Name())] {
+                             [&item, &events, press, onRow = command && command->onRow] {
                                  const auto work = [&] { press(item); };
                                  onRow ? events.RunOnRow(work) : events.Run(work);
                              });

@@ -44,8 +44,10 @@ void ToolbarBinder::AddButton(const Toolbar::Button& button)
     action->setToolTip(tip);
     bar_->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
     const std::string key = button.key;
-    connect(action, &QAction::triggered, this,
-            [this, key] { events_.RunOnRow([&] { toolbar_.Press(key); }); });
+    connect(action, &QAction::triggered, this, [this, key, onRow = command.onRow] {
+        const auto work = [&] { toolbar_.Press(key); };
+        onRow ? events_.RunOnRow(work) : events_.Run(work);
+    });
     actions_[key] = action;
 }
 

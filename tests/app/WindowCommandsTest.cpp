@@ -72,6 +72,16 @@ TEST(WindowCommandsTest, EachLineIsACommandOrASeparator)
         EXPECT_NE(button.run, nullptr) << button.key;
 }
 
+TEST(WindowCommandsTest, CommandsWorkOnTheRowOnWhichTheyAreEnabled)
+{
+    const std::set<Enabled> onRow = {Enabled::OnStoredRow, Enabled::OnTransaction,
+                                     Enabled::OnExportable};
+    for (const WindowCommand* line : Lines())
+        EXPECT_EQ(line->onRow, onRow.contains(line->enabled)) << line->name;
+    for (const WindowButton& button : WindowButtons())
+        EXPECT_EQ(button.onRow, onRow.contains(button.enabled)) << button.key;
+}
+
 TEST(WindowCommandsTest, TheButtonsNewAndDeleteAreTheCommandsOfTheMenu)
 {
     EXPECT_EQ(FindButton("New")->run, FindCommand(command_name::kNew)->run);

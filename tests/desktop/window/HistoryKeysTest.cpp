@@ -5,6 +5,7 @@
 #include <QToolButton>
 
 #include "app/OtherPrograms.h"
+#include "data/ViewColumns.h"
 #include "desktop/grid/CellEditor.h"
 #include "desktop/window/ResultBarView.h"
 #include "tests/desktop/ScreenReaderSwitch.h"
@@ -192,6 +193,31 @@ TEST_F(HistoryKeysTest, TheKeySaysWhyItDoesNothingIfAnotherProgramHasDeletedTheR
     EXPECT_EQ(Bar().Reverse()->text(), QStringLiteral("Undo"));
     Press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(Notes(), "first");
+}
+
+// Symptom: no command did anything, and nothing was said.
+TEST_F(HistoryKeysTest, ADeletedRowStopsOnlyTheCommandsThatWorkOnIt)
+{
+    events_.Before([this] { return Model().Others().Follow(); });
+    const auto deleteCurrentRow = [this] {
+        ClickCell(2, kNotes);
+        Connection connection;
+        connection.Open("Data Source=" + books_.folder.Path() + "/db/clb.mdb");
+        connection.Execute("DELETE FROM Trans WHERE Sequence = " +
+                           ToText(Grid().ColumnValue(Register::Sequence)));
+        connection.Settle();
+    };
+
+    deleteCurrentRow();
+    const auto rows = books_.Rows("SELECT * FROM Trans");
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(books_.Rows("SELECT * FROM Trans"), rows) << "another row was deleted";
+    deleteCurrentRow();
+    Press(Qt::Key_F1);
+    EXPECT_EQ(books_.shell.helped.size(), 1U);
+    deleteCurrentRow();
+    ToolbarWidget(window_).Action("Forward")->trigger();
+    EXPECT_EQ(Model().View().Period(), 4);
 }
 
 TEST_F(HistoryKeysTest, TheBarTakesRoomOnlyWhileItIsShown)
