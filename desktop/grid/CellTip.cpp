@@ -7,6 +7,7 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "desktop/look/Colors.h"
 #include "desktop/look/TextConvert.h"
 
 namespace clb::cell_tip {
@@ -29,11 +30,23 @@ QString Prepare(const std::string& text, int mostLines)
     return shown;
 }
 
-void Show(QWidget& viewport, const QPoint& place, const QRect& cell, const std::string& text)
+QColor Grey(const QPalette& tips)
+{
+    const QColor ground = tips.color(QPalette::ToolTipBase);
+    return Readable(Mix(tips.color(QPalette::ToolTipText), ground, 0.65), ground);
+}
+
+void Show(QWidget& viewport, const QPoint& place, const QRect& cell, const std::string& text,
+          const QColor& color)
 {
     const int line = QFontMetrics(QToolTip::font()).lineSpacing();
     const int screen = viewport.screen()->availableGeometry().height();
-    const QString shown = Prepare(text, std::max(5, screen / line - 4));
+    QString shown = Prepare(text, std::max(5, screen / line - 4));
+    if (color.isValid()) {
+        const QString rich = Qt::mightBeRichText(shown) ? shown : shown.toHtmlEscaped();
+        shown = QStringLiteral("<span style='white-space:pre; color:%1'>%2</span>")
+                    .arg(color.name(), rich);
+    }
     QToolTip::showText(viewport.mapToGlobal(place), shown, &viewport, cell);
 }
 

@@ -1,5 +1,7 @@
 // Shows the tip of a cell.
 #pragma once
+#include <QColor>
+#include <QPalette>
 #include <QPoint>
 #include <QRect>
 #include <QString>
@@ -13,10 +15,14 @@ namespace clb {
 namespace cell_tip {
 /// Shows the text beside the place until the pointer leaves the cell. A text that is higher than
 /// the screen is cut, and its last line is then "...".
-void Show(QWidget& viewport, const QPoint& place, const QRect& cell, const std::string& text);
+/// The text is drawn in this colour; an invalid one is the ordinary colour of tips.
+void Show(QWidget& viewport, const QPoint& place, const QRect& cell, const std::string& text,
+          const QColor& color = {});
 void Hide();
 /// The first lines of a text, with "..." for the rest. A tool tip shows the result as plain text.
 QString Prepare(const std::string& text, int mostLines);
+/// The grey of what is not the cell's own, such as a running balance, on the ground of tips.
+QColor Grey(const QPalette& tips);
 }  // namespace cell_tip
 
 }  // namespace clb

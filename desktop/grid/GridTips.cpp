@@ -1,6 +1,7 @@
 #include "desktop/grid/GridTips.h"
 
 #include <QTimerEvent>
+#include <QToolTip>
 #include <QWidget>
 
 #include "base/RuntimeError.h"
@@ -39,15 +40,23 @@ void GridTips::ShowAt(const QPoint& place)
             return;
         // Resting the pointer is not a command, so an error shows no tip and no message box either.
         try {
-            if (const std::string text = TipOf(now, column); !text.empty()) {
-                cell_ = layout_.CellRect(now, column);
-                row_ = SpotOf(grid_.Rows(), now, column);
-                cell_tip::Show(viewport_, place, cell_, text);
-            }
+            ShowTip(place, now, column);
         } catch (const RuntimeError&) {
             return;
         }
     });
+}
+
+void GridTips::ShowTip(const QPoint& place, std::size_t row, std::int32_t column)
+{
+    const std::string own = TipOf(row, column);
+    const std::string text = own.empty() ? FigureBeside(row, column) : own;
+    if (text.empty())
+        return;
+    cell_ = layout_.CellRect(row, column);
+    row_ = SpotOf(grid_.Rows(), row, column);
+    cell_tip::Show(viewport_, place, cell_, text,
+                   own.empty() ? cell_tip::Grey(QToolTip::palette()) : QColor());
 }
 
 void GridTips::RowsDrawn()
@@ -71,16 +80,21 @@ std::string GridTips::TipOf(std::size_t row, std::int32_t column)
 {
     if (const auto text = grid_.CellTip(row, column))
         return *text;
-    const auto& beside = grid_.Beside();
-    if (beside && beside->column == column)
-        if (const std::string figure = beside->text(row); !figure.empty())
-            return beside->caption + " after this row: " + figure;
     if (grid_.Rows().Kind(row) != GridRowKind::Data)
         return {};
     // The cell's text, if the cell has no room for it.
     const std::string text = grid_.CellText(row, column);
     const int room = layout_.CellRect(row, column).width() - 2 * GridPainter::kPadding;
     return viewport_.fontMetrics().horizontalAdvance(ToQString(text)) > room ? text : std::string();
+}
+
+std::string GridTips::FigureBeside(std::size_t row, std::int32_t column) const
+{
+    const auto& beside = grid_.Beside();
+    if (!beside || beside->column != column)
+        return {};
+    const std::string figure = beside->text(row);
+    return figure.empty() ? figure : beside->caption + " after this row: " + figure;
 }
 
 }  // namespace clb

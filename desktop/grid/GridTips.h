@@ -39,6 +39,9 @@ protected:
 private:
     void Hide();
     std::string TipOf(std::size_t row, std::int32_t column);
+    /// The figure beside the row, with its name, if the column adds up to it.
+    [[nodiscard]] std::string FigureBeside(std::size_t row, std::int32_t column) const;
+    void ShowTip(const QPoint& place, std::size_t row, std::int32_t column);
 
     GridComponent& grid_;
     const GridLayout& layout_;

@@ -61,6 +61,8 @@ void ToolbarBinder::AddAtRight(const QString& caption, QWidget* widget)
 {
     auto* label = new QLabel(caption, this);
     label->setBuddy(widget);
+    captions_.push_back(label);
+    widget->setSizePolicy(QSizePolicy::Fixed, widget->sizePolicy().verticalPolicy());
     row_->addWidget(label);
     row_->addWidget(widget);
     Measure();
@@ -70,10 +72,17 @@ void ToolbarBinder::Measure()
 {
     const int icon = fontMetrics().height() + 6;
     bar_->setIconSize(QSize(icon, icon));
-    bar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    bar_->layout()->invalidate();
-    row_->invalidate();
-    fullWidth_ = row_->sizeHint().width();
+    for (QLabel* caption : captions_)
+        caption->setMaximumWidth(QWIDGETSIZE_MAX);
+    const auto widthWith = [this](Qt::ToolButtonStyle style) {
+        bar_->setToolButtonStyle(style);
+        bar_->layout()->invalidate();
+        bar_->updateGeometry();
+        row_->invalidate();
+        return row_->sizeHint().width();
+    };
+    bareWidth_ = widthWith(Qt::ToolButtonIconOnly);
+    fullWidth_ = widthWith(Qt::ToolButtonTextBesideIcon);
     Fit();
 }
 
@@ -81,6 +90,9 @@ void ToolbarBinder::Fit()
 {
     bar_->setToolButtonStyle(width() < fullWidth_ ? Qt::ToolButtonIconOnly
                                                   : Qt::ToolButtonTextBesideIcon);
+    // A hidden caption would no longer take its letter.
+    for (QLabel* caption : captions_)
+        caption->setMaximumWidth(width() < bareWidth_ ? 0 : QWIDGETSIZE_MAX);
 }
 
 void ToolbarBinder::resizeEvent(QResizeEvent* event)

@@ -5,11 +5,13 @@
 #include <QWidget>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "controls/Menus.h"
 
 class QAction;
 class QHBoxLayout;
+class QLabel;
 class QToolBar;
 class QToolButton;
 
@@ -18,7 +20,8 @@ namespace clb {
 class UserEvents;
 
 /// Draws the toolbar, with its buttons on the left and other widgets on the right. If there is no
-/// room for the buttons' texts, only their pictures are shown.
+/// room for the buttons' texts, only their pictures are shown, and if that is not enough, the other
+/// widgets have no captions. Those widgets are never narrower than their contents.
 class ToolbarBinder : public QWidget, public sigc::trackable {
 public:
     /// Draws the buttons that WindowButtons() lists. toolbar and events are borrowed and outlive
@@ -47,7 +50,9 @@ private:
     UserEvents& events_;
     QToolBar* bar_;
     QHBoxLayout* row_;
+    std::vector<QLabel*> captions_;
     int fullWidth_ = 0;  // with the buttons' texts
+    int bareWidth_ = 0;  // with their pictures only
     std::map<std::string, QAction*> actions_;
 };
 

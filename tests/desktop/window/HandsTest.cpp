@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QRadioButton>
+#include <QStyleOption>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -9,6 +10,8 @@
 #include "app/frmOptions.h"
 #include "app/frmSplit.h"
 #include "desktop/forms/FormDialog.h"
+#include "desktop/grid/CellTip.h"
+#include "desktop/look/Colors.h"
 #include "import/frmSelectAccount.h"
 #include "tests/desktop/WindowFixture.h"
 
@@ -240,6 +243,52 @@ TEST_F(HandsTest, AKeyShowsTheCurrentCellsTip)
     QToolTip::hideText();
 }
 
+TEST_F(HandsTest, TheTipOfAnAmountShowsTheBalanceInALegibleGrey)
+{
+    ClickNode("Checking");
+    ClickCell(2, 3);
+    Press(Qt::Key_F1, Qt::ControlModifier);
+    const QString tip = QToolTip::text();
+    QToolTip::hideText();
+
+    EXPECT_TRUE(tip.contains("Balance after this row: ")) << ToUtf8(tip);
+    EXPECT_TRUE(tip.contains(cell_tip::Grey(QToolTip::palette()).name())) << ToUtf8(tip);
+    // Light, dark, and tips with the colours of paper.
+    for (const auto& [text, ground] :
+         {std::pair("#000000", "#ffffff"), std::pair("#ffffff", "#2a2a2a"),
+          std::pair("#1a1a1a", "#ffffdc"), std::pair("#777777", "#ffffff")}) {
+        QPalette tips;
+        tips.setColor(QPalette::ToolTipText, QColor(text));
+        tips.setColor(QPalette::ToolTipBase, QColor(ground));
+        const QColor grey = cell_tip::Grey(tips);
+        EXPECT_GE(Contrast(grey, QColor(ground)), 4.5) << text << " on " << ground;
+        EXPECT_NE(grey, QColor(text));
+    }
+}
+
+TEST_F(HandsTest, TheMonthIsNeverCut)
+{
+    QFont large = window_.font();
+    for (const int points : {9, 18, 24})
+        for (const int width : {600, 1200}) {
+            large.setPointSize(points);
+            window_.setFont(large);
+            window_.resize(width, 400);
+            QTest::qWait(1);
+            ListBinder& month = MonthWidget(window_);
+            QStyleOptionComboBox option;
+            option.initFrom(&month);
+            const QRect room = month.style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                             QStyle::SC_ComboBoxEditField, &month);
+            for (int index = 0; index < month.count(); ++index)
+                EXPECT_GE(room.width(),
+                          month.fontMetrics().horizontalAdvance(month.itemText(index)))
+                    << ToUtf8(month.itemText(index)) << ", " << points << " points, " << width;
+            EXPECT_LE(YearWidget(window_).geometry().right(),
+                      YearWidget(window_).parentWidget()->width());
+        }
+}
+
 /// The letters of a dialog's captions. None may occur twice.
 void ExpectLettersOfItsOwn(Form& form, UserEvents& events, int least)
 {
@@ -285,10 +334,11 @@ TEST_F(HandsTest, EveryDialogHasItsLettersEachOnce)
     modal.steps.push_back(look(7));
     std::string id;
     account.ShowDialog(id);
-    modal.steps.push_back(look(5));
+    modal.steps.push_back(look(6));
     Money first;
     Money second;
-    frmSplit(modal).Split(Money::Parse("5"), "Lunch", first, second);
+    const AmountHabits habits;
+    frmSplit(modal, &habits).Split(Money::Parse("5"), "Lunch", first, second);
     modal.steps.push_back(look(4));
     MenuAction("mnuT_Options")->trigger();
     modal.steps.push_back(look(1));
