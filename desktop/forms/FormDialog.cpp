@@ -15,6 +15,7 @@
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
+#include "desktop/look/TitleRoom.h"
 
 namespace clb {
 
@@ -56,15 +57,23 @@ FormDialog::FormDialog(Form& form, UserEvents& events, QWidget* parent)
       events_(events),
       focus_(std::make_unique<FocusBinder>(form, events))
 {
-    setWindowTitle(ToQString(form_.Caption()));
     BuildWidgets();
     ArrangeForm(*this);
+    ShowTitle();
     form_.Hidden().connect(sigc::track_obj([this] { done(QDialog::Accepted); }, *this));
-    form_.Changed().connect(
-        sigc::track_obj([this] { setWindowTitle(ToQString(form_.Caption())); }, *this));
+    form_.Changed().connect(sigc::track_obj([this] { ShowTitle(); }, *this));
 }
 
 FormDialog::~FormDialog() = default;
+
+void FormDialog::ShowTitle()
+{
+    const QString title = ToQString(form_.Caption());
+    if (title == windowTitle())
+        return;
+    setWindowTitle(title);
+    MakeRoomForTitle(*this);
+}
 
 QWidget* FormDialog::WidgetOf(const std::string& control) const
 {

@@ -45,6 +45,7 @@ protected:
 private:
     class Drawing;
 
+    void ShowTitle();
     void BuildWidgets();
     QWidget* DrawLabel(Label& label);
     QWidget* DrawLink(Label& label, QLabel* drawn);

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <algorithm>
 
 #include "desktop/look/TextConvert.h"
@@ -66,12 +67,21 @@ QStringList FileDialogPort::NameFilters(const std::string& filter)
     return filters;
 }
 
+QString FileDialogPort::FolderFor(const FileQuestion& question) const
+{
+    for (const QString& folder :
+         {ToQString(question.folder), folder_,
+          QStandardPaths::writableLocation(QStandardPaths::DownloadLocation)})
+        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+            return folder;
+    return QDir::homePath();
+}
+
 std::optional<FileChoice> FileDialogPort::Ask(const FileQuestion& question)
 {
     const PlainPointer pointer;
     QFileDialog dialog(DialogParent());
-    const QString folder = question.folder.empty() ? folder_ : ToQString(question.folder);
-    dialog.setDirectory(folder.isEmpty() ? QDir::homePath() : folder);
+    dialog.setDirectory(FolderFor(question));
     Prepare(dialog, question);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;

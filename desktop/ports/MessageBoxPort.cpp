@@ -13,6 +13,7 @@
 #include "desktop/forms/LongTextView.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
+#include "desktop/look/TitleRoom.h"
 #include "desktop/ports/DialogParent.h"
 #include "desktop/ports/PointerPort.h"
 
@@ -67,6 +68,7 @@ std::unique_ptr<QDialog> MessageBoxPort::Build(const std::string& text, std::int
         box = std::make_unique<LongMessageBox>(ToQString(text), style);
     }
     box->setWindowTitle(ToQString(title));
+    MakeRoomForTitle(*box);
     return box;
 }
 

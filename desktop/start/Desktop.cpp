@@ -94,6 +94,7 @@ public:
     void Load() { controller_.Load(); }
     MainWindow& Window() { return window_; }
     frmController& Controller() { return controller_; }
+    FileDialogPort& FileDialogs() { return files_; }
     /// Whether the user ended the program to start it again.
     bool StartsAgain() const { return stuck_.StartsAgain(); }
     /// Closes the program because of a signal. A row that is being typed is not saved.
@@ -220,7 +221,8 @@ Ending RunOnce(const std::string& folder, const StartOptions& options, IClock& c
     program.Load();
     program.Controller().notices.Set("upgrade", noBackup.value_or(""));
     DeliverHelp(folder);
-    WindowMemory memory(WindowMemory::File(), program.Window(), program.Controller());
+    WindowMemory memory(WindowMemory::File(), program.Window(), program.Controller(),
+                        program.FileDialogs());
     memory.Restore();
     const auto backup = BeginBackup(program, folder, options, clock);
     program.Window().OnDrop([&](const QStringList& paths) { program.Incoming().Take(paths); });

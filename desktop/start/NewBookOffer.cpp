@@ -8,6 +8,7 @@
 #include "data/EmptyDatabase.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
+#include "desktop/look/TitleRoom.h"
 #include "desktop/ports/DialogParent.h"
 #include "desktop/ports/MessageBoxPort.h"
 #include "platform/ProgramFolder.h"
@@ -32,6 +33,7 @@ std::unique_ptr<QMessageBox> BuildNewBookOffer(const std::string& folder)
     quit->setObjectName(QStringLiteral("quit"));
     box->setDefaultButton(make);
     box->setEscapeButton(quit);
+    MakeRoomForTitle(*box);
     return box;
 }
 

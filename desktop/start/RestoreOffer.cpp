@@ -8,6 +8,7 @@
 #include "data/ErrorText.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
+#include "desktop/look/TitleRoom.h"
 #include "desktop/ports/DialogParent.h"
 #include "desktop/ports/MessageBoxPort.h"
 #include "desktop/ports/PointerPort.h"
@@ -99,6 +100,7 @@ std::unique_ptr<QMessageBox> BuildRestoreOffer(const BackupFailure& failure)
     QPushButton* quit = AddButton(*box, "quit", QStringLiteral("&Quit"), QMessageBox::RejectRole);
     box->setDefaultButton(restore);
     box->setEscapeButton(quit);
+    MakeRoomForTitle(*box);
     return box;
 }
 

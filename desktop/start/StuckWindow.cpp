@@ -10,6 +10,7 @@
 #include "base/Product.h"
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/TextConvert.h"
+#include "desktop/look/TitleRoom.h"
 #include "desktop/ports/PointerPort.h"
 #include "desktop/start/RestoreOffer.h"
 
@@ -49,6 +50,7 @@ StuckWindow::StuckWindow(frmController& controller, UserEvents& events, QWidget&
     all->setSpacing(14);
     all->addWidget(text_);
     all->addWidget(buttons_);
+    MakeRoomForTitle(*this);
     connect(buttons_, &QDialogButtonBox::clicked, this,
             [this](QAbstractButton* button) { Pressed(button); });
 }

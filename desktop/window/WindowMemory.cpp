@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "app/frmController.h"
+#include "desktop/ports/FileDialogPort.h"
 #include "desktop/window/MainWindow.h"
 
 namespace clb {
@@ -65,8 +66,9 @@ QString WindowMemory::File()
            QStringLiteral("/corvane-ledgerbook/window.ini");
 }
 
-WindowMemory::WindowMemory(QString file, MainWindow& window, frmController& controller)
-    : file_(std::move(file)), window_(window), controller_(controller)
+WindowMemory::WindowMemory(QString file, MainWindow& window, frmController& controller,
+                           FileDialogPort& dialogs)
+    : file_(std::move(file)), window_(window), controller_(controller), dialogs_(dialogs)
 {
     window_.installEventFilter(this);
     controller_.Unloading().connect(sigc::track_obj([this] { Save(); }, *this));
@@ -83,6 +85,7 @@ void WindowMemory::Restore()
     RestoreColumns(settings);
     if (const int zoom = settings.value(QStringLiteral("Grid/zoom")).toInt(); zoom > 0)
         window_.GridZoomPercent(zoom);
+    dialogs_.LastFolder(settings.value(QStringLiteral("Files/folder")).toString());
 }
 
 void WindowMemory::RestorePlace(const QSettings& settings)
@@ -152,6 +155,7 @@ void WindowMemory::Save() const
     put("Window/maximized", maximized_);
     put("Tree/width", controller_.TreeWidth());
     put("Grid/zoom", window_.GridZoomPercent());
+    put("Files/folder", dialogs_.LastFolder());
     for (const auto& [view, columns] : controller_.View().WidthsByHand())
         for (const auto& [column, pixels] : columns)
             settings.setValue(QStringLiteral("Columns/%1-%2").arg(view).arg(column), pixels);

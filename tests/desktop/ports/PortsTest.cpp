@@ -1,11 +1,17 @@
 #include <gtest/gtest.h>
 
 #include <QCursor>
+#include <QFontDatabase>
 #include <QGuiApplication>
+#include <filesystem>
 
+#include "desktop/look/TextConvert.h"
+#include "desktop/look/TitleRoom.h"
 #include "desktop/ports/DateFormPort.h"
 #include "desktop/ports/FileDialogPort.h"
+#include "desktop/ports/MessageBoxPort.h"
 #include "desktop/ports/PointerPort.h"
+#include "tests/support/TempFolder.h"
 
 namespace clb {
 namespace {
@@ -42,6 +48,40 @@ TEST(FileDialogTest, AFiltersPairsBecomeTheDialogsFiltersInBothCases)
               (QStringList{"All Files (*.*)"}));
     EXPECT_EQ(FileDialogPort::NameFilters("Money files|*.ofx;*.qif|All|*.*|"),
               (QStringList{"Money files (*.ofx *.OFX *.qif *.QIF)", "All (*.*)"}));
+}
+
+TEST(FileDialogTest, TheFirstFolderIsTheOneForDownloads)
+{
+    const TempFolder home;
+    const TempFolder last;
+    std::filesystem::create_directory(home.Path("Downloads"));
+    const QByteArray before = qgetenv("HOME");
+    qputenv("HOME", QByteArray::fromStdString(home.Path()));
+    FileDialogPort dialogs;
+    FileQuestion question;
+
+    EXPECT_EQ(ToUtf8(dialogs.FolderFor(question)), home.Path("Downloads"));
+    dialogs.LastFolder(ToQString(last.Path()));
+    EXPECT_EQ(ToUtf8(dialogs.FolderFor(question)), last.Path());
+    dialogs.LastFolder(ToQString(last.Path("gone")));
+    EXPECT_EQ(ToUtf8(dialogs.FolderFor(question)), home.Path("Downloads"));
+    question.folder = last.Path();
+    EXPECT_EQ(ToUtf8(dialogs.FolderFor(question)), last.Path()) << "the question names one";
+    question.folder.clear();
+    std::filesystem::remove(home.Path("Downloads"));
+    EXPECT_EQ(ToUtf8(dialogs.FolderFor(question)), home.Path());
+    qputenv("HOME", before);
+}
+
+TEST(MessageBoxTest, TheTitleOfAShortBoxIsNotCut)
+{
+    const std::string title = "A title that is much longer than the text of its box is";
+    const auto box = MessageBoxPort::Build("No.", box_style::Exclamation, title);
+    box->show();
+
+    EXPECT_GE(box->width(), TitleWidth(*box));
+    const QFontMetrics font(QFontDatabase::systemFont(QFontDatabase::TitleFont));
+    EXPECT_GT(TitleWidth(*box), font.horizontalAdvance(ToQString(title)) + 100);
 }
 
 TEST(PointerTest, TheHourglassIsTheWaitCursorOfTheWholeProgram)

@@ -6,6 +6,7 @@
 #include <QScreen>
 
 #include "desktop/grid/GridHeader.h"
+#include "desktop/ports/FileDialogPort.h"
 #include "desktop/window/SplitHandle.h"
 #include "desktop/window/WindowMemory.h"
 #include "tests/desktop/WindowFixture.h"
@@ -16,7 +17,9 @@ namespace {
 /// A start of the program with its window and new books.
 struct Start {
     explicit Start(const QString& file)
-        : events(books.messages), window(books.window, events), memory(file, window, books.window)
+        : events(books.messages),
+          window(books.window, events),
+          memory(file, window, books.window, dialogs)
     {
         memory.Restore();
     }
@@ -33,6 +36,7 @@ struct Start {
     Books books;
     UserEvents events;
     MainWindow window;
+    FileDialogPort dialogs;
     WindowMemory memory;
 };
 
@@ -58,6 +62,22 @@ protected:
 
     TempFolder folder_;
 };
+
+TEST_F(WindowMemoryTest, FilesAreAskedForInTheFolderOfTheLastOneAtTheNextStartToo)
+{
+    const QString folder = ToQString(folder_.Path());
+    {
+        Start first(File());
+        first.Show();
+        first.dialogs.LastFolder(folder);
+        first.window.close();
+    }
+
+    Start second(File());
+
+    EXPECT_EQ(second.dialogs.FolderFor({}), folder);
+    second.window.close();
+}
 
 TEST_F(WindowMemoryTest, SizePlaceBorderAndColumnsComeBackAtTheNextStart)
 {
