@@ -87,7 +87,8 @@ void MoveToNextMonth(frmController& window)
 void SplitTransaction(frmController& window)
 {
     CVGrid& grid = window.Grid;
-    frmSplit dialog(window.GivenPorts().modal);
+    const Ports& ports = window.GivenPorts();
+    frmSplit dialog(ports.modal, ports.showsResults ? &ports.dates.Amounts() : nullptr);
     Money first;
     Money second;
     if (!dialog.Split(ToMoney(grid.ColumnValue(Register::Amount)),
@@ -112,8 +113,12 @@ void UpdateAllQuotes(frmController& window)
     const WorkProgress::Work work(window.progress);
     QuoteHost host(window);
     const Ports& ports = window.GivenPorts();
-    UpdateQuotes(window.Data(), host, ports.messages, ports.http, window.QuoteService(),
-                 product::kTitle);
+    const QuoteOutcome outcome = UpdateQuotes(window.Data(), host, ports.messages, ports.http,
+                                              window.QuoteService(), product::kTitle);
+    if (!ports.showsResults)
+        return;
+    window.Settle();
+    window.Quotes().Say(outcome);
 }
 
 void ChangeOptions(frmController& window)

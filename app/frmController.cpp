@@ -45,6 +45,7 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
       layout_(*this, metrics),
       bars_(*this),
       results_(*this),
+      quotes_(*this),
       rows_(*this),
       marked_(*this),
       balances_(*this),
@@ -150,6 +151,7 @@ void frmController::ShowHistory() noexcept
             historyShownAt_ = written;
         }
         results_.Follow();
+        quotes_.Follow();
     });
     Quietly([this] { balances_.Follow(); });
 }

@@ -10,6 +10,7 @@
 #include "app/MarkedSum.h"
 #include "app/Notices.h"
 #include "app/Ports.h"
+#include "app/QuoteResult.h"
 #include "app/RowEvents.h"
 #include "app/StepResult.h"
 #include "app/TreeBalances.h"
@@ -95,6 +96,8 @@ public:
     [[nodiscard]] const CommandBars& Bars() const { return bars_; }
     /// Says in the result bar what a command has done.
     StepResult& Results() { return results_; }
+    /// Says what the last update of quotes has changed.
+    QuoteResult& Quotes() { return quotes_; }
     /// Shows the contents of the file again after rows were changed in another way than through the
     /// grid.
     void ReloadWindow();
@@ -160,6 +163,7 @@ private:
     WindowLayout layout_;
     CommandBars bars_;
     StepResult results_;
+    QuoteResult quotes_;
     RowEvents rows_;
     MarkedSum marked_;
     TreeBalances balances_;

@@ -1,6 +1,5 @@
 #include "controls/Inputs.h"
 
-#include "base/Money.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "controls/ControlVisitor.h"
@@ -151,12 +150,24 @@ void Spinner::Accept(ControlVisitor& visitor)
     visitor.Visit(*this);
 }
 
+Spinner::Texts Spinner::PlainTexts()
+{
+    return {[](const std::string& text) { return Money::TryParse(text); },
+            [](Money value) { return value.ToText(); }};
+}
+
+void Spinner::Attach(TextBox& buddy, Texts texts)
+{
+    buddy_ = &buddy;
+    texts_ = std::move(texts);
+}
+
 void Spinner::Step(std::int32_t by)
 {
     if (!Enabled() || !buddy_)
         return;
-    if (const auto value = Money::TryParse(buddy_->Text()))
-        buddy_->Text((*value + Money::FromUnits(by)).ToText());
+    if (const auto value = texts_.read(buddy_->Text()))
+        buddy_->Text(texts_.write(*value + Money::FromUnits(by)));
 }
 
 StatusBar::StatusBar(std::string name, std::size_t panels)

@@ -1,9 +1,13 @@
 // The simple controls: texts, lists, buttons and the status bar.
 #pragma once
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
+#include "base/Money.h"
 #include "controls/Control.h"
 
 namespace clb {
@@ -122,13 +126,22 @@ class Spinner : public Control {
 public:
     using Control::Control;
     void Accept(ControlVisitor& visitor) override;
+    /// How the box's text is read and written.
+    struct Texts {
+        /// Returns nothing for a text that is not a number.
+        std::function<std::optional<Money>(const std::string& text)> read;
+        std::function<std::string(Money value)> write;
+    };
+    /// Numbers by the fixed rule, see Money.
+    static Texts PlainTexts();
     /// Sets the text box to step; it must outlive the spinner.
-    void Attach(TextBox& buddy) { buddy_ = &buddy; }
+    void Attach(TextBox& buddy, Texts texts = PlainTexts());
     /// Adds the number to the box's value. Text that is not a number stays as it is.
     void Step(std::int32_t by);
 
 private:
     TextBox* buddy_ = nullptr;
+    Texts texts_;
 };
 
 /// The line at the bottom of the window, divided into panels.

@@ -1,5 +1,6 @@
 #include "quotes/UpdateQuotes.h"
 
+#include <variant>
 #include <vector>
 
 #include "base/RuntimeError.h"
@@ -22,10 +23,13 @@ struct FetchedPrice {
 /// book is not locked until the last answer has come.
 class Update {
 public:
-    Update(clsDatabase& database, IQuoteHost& host, IHttpClient& http, const std::string& service)
-        : database_(database), host_(host), quote_(http, service)
+    /// outcome is borrowed, and filled while prices are stored.
+    Update(clsDatabase& database, IQuoteHost& host, IHttpClient& http, const std::string& service,
+           QuoteOutcome& outcome)
+        : database_(database), host_(host), quote_(http, service), outcome_(outcome)
     {
         database_.Fill(holdings_, "SELECT StockSymbol, LastPrice FROM Investment", false);
+        outcome_.holdings = static_cast<std::size_t>(holdings_.RecordCount());
     }
 
     /// Requests the price of every holding. Throws RuntimeError at the first failure. The prices
@@ -45,9 +49,11 @@ public:
         database_.Lock();
         for (const FetchedPrice& answer : fetched_)
             if (IsStillThere(answer)) {
+                const Value before = holdings_.At(answer.row, kLastPrice);
                 holdings_.MoveTo(answer.row);
                 holdings_.Set("LastPrice", answer.price);
                 holdings_.Update();
+                NoteChange(answer, before);
             }
     }
 
@@ -60,6 +66,12 @@ private:
         // A price that is not a number ends the command.
         if (quote_.Change() != "N/A")
             fetched_.push_back({row, symbol, ToMoney(quote_.Quote())});
+    }
+    void NoteChange(const FetchedPrice& answer, const Value& stored)
+    {
+        const auto* before = std::get_if<Money>(&stored);
+        if (!before || *before != answer.price)
+            outcome_.changed.push_back({answer.symbol, before ? *before : Money(), answer.price});
     }
     bool IsStillThere(const FetchedPrice& answer)
     {
@@ -74,21 +86,23 @@ private:
     }
 
     static constexpr std::size_t kSymbol = 0;
+    static constexpr std::size_t kLastPrice = 1;
 
     clsDatabase& database_;
     IQuoteHost& host_;
     clsStockQuote quote_;
     Recordset holdings_;
     std::vector<FetchedPrice> fetched_;
+    QuoteOutcome& outcome_;
 };
 
 /// Returns whether every price was fetched and stored. Stores those fetched before a failure.
 bool StoreLastPrices(clsDatabase& database, IQuoteHost& host, IHttpClient& http,
-                     const std::string& service)
+                     const std::string& service, QuoteOutcome& outcome)
 {
     bool allFetched = true;
     try {
-        Update update(database, host, http, service);
+        Update update(database, host, http, service, outcome);
         try {
             update.Ask();
         } catch (const RuntimeError&) {
@@ -103,18 +117,20 @@ bool StoreLastPrices(clsDatabase& database, IQuoteHost& host, IHttpClient& http,
 
 }  // namespace
 
-void UpdateQuotes(clsDatabase& database, IQuoteHost& host, IMessageBox& messages, IHttpClient& http,
-                  const std::string& service, const std::string& title)
+QuoteOutcome UpdateQuotes(clsDatabase& database, IQuoteHost& host, IMessageBox& messages,
+                          IHttpClient& http, const std::string& service, const std::string& title)
 {
     const std::string remembered = host.StatusText();
     host.StatusText("Updating quotes...");
     host.Repaint();
     host.Pointer(pointer::Hourglass);
-    const bool done = StoreLastPrices(database, host, http, service);
+    QuoteOutcome outcome;
+    const bool done = StoreLastPrices(database, host, http, service, outcome);
     host.Pointer(pointer::Default);
     host.StatusText(remembered);
     if (!done)
         messages.Show("Unable to update quotes.", box_style::Exclamation, title);
+    return outcome;
 }
 
 }  // namespace clb

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
 #include <map>
@@ -38,6 +39,18 @@ QLayout* ButtonRow(FormDialog& dialog)
             button->setMinimumWidth(Characters(dialog, 14));
             row->addWidget(button);
         }
+    return row;
+}
+
+/// A row of buttons, so many of them at the left and the others at the right.
+QLayout* PartedButtons(FormDialog& dialog, std::initializer_list<const char*> buttons, int left)
+{
+    auto* row = new QHBoxLayout;
+    for (const char* button : buttons) {
+        dialog.WidgetOf(button)->setMinimumWidth(Characters(dialog, 14));
+        row->addWidget(dialog.WidgetOf(button));
+    }
+    row->insertStretch(left, 1);
     return row;
 }
 
@@ -85,6 +98,20 @@ void ArrangeSelectAccount(FormDialog& dialog)
     Finish(dialog, *all);
 }
 
+/// What the pieces will be in words, and the button that turns the sign, which has a key too.
+void ArrangePieces(FormDialog& dialog, QVBoxLayout& all, QLabel& pieces)
+{
+    pieces.setWordWrap(true);
+    pieces.setMinimumHeight(2 * pieces.fontMetrics().lineSpacing());
+    pieces.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    auto* turn = qobject_cast<QPushButton*>(dialog.WidgetOf("btnTurn"));
+    turn->setToolTip(QStringLiteral("Turn the sign of the second amount (F9)"));
+    QObject::connect(new QShortcut(Qt::Key_F9, &dialog), &QShortcut::activated, turn,
+                     &QPushButton::click);
+    all.addWidget(&pieces);
+    all.addLayout(PartedButtons(dialog, {"btnTurn", "btnOK", "btnCancel"}, 1));
+}
+
 void ArrangeSplit(FormDialog& dialog)
 {
     QWidget* description = dialog.WidgetOf("txtDescription");
@@ -104,7 +131,10 @@ void ArrangeSplit(FormDialog& dialog)
     QVBoxLayout* all = Frame(dialog);
     all->addWidget(description);
     all->addLayout(grid);
-    Finish(dialog, *all);
+    if (QWidget* pieces = dialog.WidgetOf("lblPieces"))
+        ArrangePieces(dialog, *all, *qobject_cast<QLabel*>(pieces));
+    else
+        Finish(dialog, *all);
 }
 
 void ArrangeOptions(FormDialog& dialog)
@@ -163,17 +193,6 @@ QWidget* Captioned(FormDialog& dialog, const char* label, const char* list)
     return part;
 }
 
-QLayout* HistoryButtons(FormDialog& dialog)
-{
-    auto* row = new QHBoxLayout;
-    for (const char* button : {"btnBack", "btnForward", "btnClose"}) {
-        dialog.WidgetOf(button)->setMinimumWidth(Characters(dialog, 14));
-        row->addWidget(dialog.WidgetOf(button));
-    }
-    row->insertStretch(2, 1);
-    return row;
-}
-
 QSize Bounded(const FormDialog& dialog, int width, int height)
 {
     return QSize(Characters(dialog, width), Characters(dialog, height))
@@ -204,7 +223,7 @@ void ArrangeHistory(FormDialog& dialog)
     all->addLayout(filter);
     all->addWidget(lists, 1);
     all->addWidget(dialog.WidgetOf("lblTakes"));
-    all->addLayout(HistoryButtons(dialog));
+    all->addLayout(PartedButtons(dialog, {"btnBack", "btnForward", "btnClose"}, 2));
     dialog.resize(Bounded(dialog, 138, 86));
 }
 
@@ -277,6 +296,19 @@ void ArrangeImported(FormDialog& dialog)
     dialog.resize(Bounded(dialog, 120, 58));
 }
 
+void ArrangeQuotes(FormDialog& dialog)
+{
+    auto& list = dynamic_cast<RowListView&>(*dialog.WidgetOf("lstPrices"));
+    list.Stretch({0});
+    list.setMinimumSize(Characters(dialog, 50), Characters(dialog, 20));
+    dialog.Describe("lblPrices", "lstPrices");
+    QVBoxLayout* all = Frame(dialog);
+    all->addWidget(dialog.WidgetOf("lblPrices"));
+    all->addWidget(&list, 1);
+    Finish(dialog, *all);
+    dialog.resize(Bounded(dialog, 76, 44));
+}
+
 void ArrangeInLines(FormDialog& dialog)
 {
     auto* grid = new QGridLayout;
@@ -310,6 +342,7 @@ void ArrangeForm(FormDialog& dialog)
         {"frmHistory", ArrangeHistory},
         {"frmStatement", ArrangeStatement},
         {"frmImported", ArrangeImported},
+        {"frmQuotes", ArrangeQuotes},
         {"frmAbout", ArrangeAbout}};
     const auto found = known.find(dialog.Model().Name());
     if (found != known.end())

@@ -37,6 +37,10 @@ void WindowWays::BindKeys()
     bind(Qt::Key_F6, [this] { GoRound(1); });
     bind(Qt::SHIFT | Qt::Key_F6, [this] { GoRound(-1); });
     bind(Qt::CTRL | Qt::Key_L, [this] { AskMonth(); });
+    bind(Qt::SHIFT | Qt::Key_F5, [this] {
+        if (parts_.gridAgrees())
+            parts_.events.Run([this] { parts_.controller.Quotes().Show(); });
+    });
     const auto zoom = [this](int steps) {
         return [this, steps] { parts_.grid.Zoom().Step(steps); };
     };

@@ -18,7 +18,7 @@ class UserEvents;
 class frmController;
 
 /// The ways about the main window: from part to part, from an account's row to its rows, to a
-/// month, the menus of the places, and the keys that zoom the grid.
+/// month, to the changed prices, the menus of the places, and the keys that zoom the grid.
 class WindowWays {
 public:
     /// The parts of the window. They outlive the ways.

@@ -148,6 +148,89 @@ TEST_F(SplitDialogTest, HalvesAreProposedInWholeCents)
         Split(proposal.first, [&](Form& form) { EXPECT_EQ(Amounts(form), proposal.second); });
 }
 
+/// The dialog as a person sees it.
+class SplitByHandTest : public SplitDialogTest {
+protected:
+    bool Split(const std::string& amount, std::function<void(Form&)> work)
+    {
+        host_.steps.push_back(std::move(work));
+        return frmSplit(host_, &habits_).Split(Money::Parse(amount), "Dinner", first_, second_);
+    }
+    static std::string Pieces(Form& form) { return In<Label>(form, "lblPieces").Caption(); }
+
+    AmountHabits habits_;
+};
+
+TEST_F(SplitByHandTest, AmountsHaveTwoDecimals)
+{
+    constexpr std::pair<const char*, const char*> kProposals[] = {
+        {"100", "50.00 + 50.00 = 100.00"},
+        {"-85.4", "-42.70 + -42.70 = -85.40"},
+        {"2469", "1,234.50 + 1,234.50 = 2,469.00"},
+        {"10.0001", "5.0001 + 5.00 = 10.0001"}};
+    for (const auto& proposal : kProposals)
+        Split(proposal.first, [&](Form& form) { EXPECT_EQ(Amounts(form), proposal.second); });
+    Split("100", [&](Form& form) {
+        In<Spinner>(form, "upDown").Step(1);
+        EXPECT_EQ(Amounts(form), "49.00 + 51.00 = 100.00");
+    });
+}
+
+TEST_F(SplitByHandTest, AnAmountWithoutASignIsAPieceOfThePayment)
+{
+    EXPECT_TRUE(Split("-85.40", [&](Form& form) {
+        In<TextBox>(form, "txtNew").Text("25.40");
+        EXPECT_EQ(Amounts(form), "-60.00 + 25.40 = -85.40");
+        EXPECT_EQ(Pieces(form), "Stays: a payment of 60.00. New row: a payment of 25.40.");
+        In<Button>(form, "btnOK").Press();
+    }));
+
+    EXPECT_EQ(first_, Money::Parse("-60"));
+    EXPECT_EQ(second_, Money::Parse("-25.40"));
+}
+
+TEST_F(SplitByHandTest, TheButtonTurnsTheSign)
+{
+    EXPECT_TRUE(Split("-85.40", [&](Form& form) {
+        In<TextBox>(form, "txtNew").Text("25.40");
+        In<Button>(form, "btnTurn").Press();
+        EXPECT_EQ(Amounts(form), "-110.80 + +25.40 = -85.40");
+        EXPECT_EQ(Pieces(form), "Stays: a payment of 110.80. New row: a deposit of 25.40.");
+        In<Button>(form, "btnTurn").Press();
+        EXPECT_EQ(Amounts(form), "-60.00 + -25.40 = -85.40");
+        In<Button>(form, "btnTurn").Press();
+        In<Button>(form, "btnOK").Press();
+    }));
+
+    EXPECT_EQ(first_, Money::Parse("-110.80"));
+    EXPECT_EQ(second_, Money::Parse("25.40"));
+}
+
+TEST_F(SplitByHandTest, APieceOfADepositHasTheSignThatWasTyped)
+{
+    Split("100", [&](Form& form) {
+        In<TextBox>(form, "txtNew").Text("-20");
+        EXPECT_EQ(Pieces(form), "Stays: a deposit of 120.00. New row: a payment of 20.00.");
+        In<TextBox>(form, "txtNew").Text("100");
+        EXPECT_EQ(Pieces(form), "Stays: nothing. New row: a deposit of 100.00.");
+    });
+}
+
+TEST_F(SplitByHandTest, AmountsAreTypedAsInACell)
+{
+    habits_ = {',', "."};
+    Split("-85.40", [&](Form& form) {
+        In<TextBox>(form, "txtNew").Text("20,00+5,40");
+        EXPECT_EQ(Pieces(form), "Stays: a payment of 60.00. New row: a payment of 25.40.");
+        In<TextBox>(form, "txtNew").Text("1,234");
+        EXPECT_FALSE(In<Button>(form, "btnOK").Enabled());
+        EXPECT_FALSE(In<Button>(form, "btnTurn").Enabled());
+        EXPECT_EQ(Pieces(form), "\"1,234\" can mean 1.234 or 1234. Please enter 1.2340 or 1234.");
+        In<TextBox>(form, "txtNew").Text("");
+        EXPECT_EQ(Pieces(form), "Please enter a number, for example 1,234.50.");
+    });
+}
+
 TEST(OptionsTest, ListsTheAccountsThatMayCountAndStoresWhatChanged)
 {
     Books books;

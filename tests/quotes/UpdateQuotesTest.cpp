@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <deque>
@@ -182,6 +183,23 @@ TEST_F(UpdateQuotesTest, EachHoldingIsReportedBeforeItsRequest)
     PriceAfter(kAcme);
 
     EXPECT_EQ(host_.asked, (std::vector<std::string>{"0/2 BOLT", "1/2 ACME"}));
+}
+
+TEST_F(UpdateQuotesTest, TheOutcomeListsThePricesThatChanged)
+{
+    for (const char* holding : {"('ACME', 7.25)", "('BOLT', 12.50)", "('COAL', NULL)"})
+        books_.Execute("INSERT INTO Investment (StockSymbol, LastPrice) VALUES " +
+                       std::string(holding));
+    http_.answer = kAcme;
+
+    const QuoteOutcome outcome =
+        UpdateQuotes(books_.window.Data(), host_, books_.messages, http_, "http://q", "Title");
+
+    EXPECT_EQ(outcome.holdings, 3U);
+    std::vector<std::string> changed;
+    for (const QuoteChange& change : outcome.changed)
+        changed.push_back(change.symbol + " " + change.before.ToText() + " " + change.now.ToText());
+    EXPECT_THAT(changed, testing::UnorderedElementsAre("ACME 7.25 12.5", "COAL 0 12.5"));
 }
 
 TEST_F(UpdateQuotesTest, WithoutHoldingsNothingIsRequested)

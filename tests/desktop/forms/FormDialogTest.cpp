@@ -16,6 +16,8 @@
 #include "desktop/forms/CheckListView.h"
 #include "desktop/forms/FormDialog.h"
 #include "desktop/input/UserEvents.h"
+#include "desktop/look/TextConvert.h"
+#include "desktop/look/TitleRoom.h"
 #include "desktop/ports/QtModalHost.h"
 #include "import/frmSelectAccount.h"
 #include "tests/support/Books.h"
@@ -142,6 +144,21 @@ TEST(OtherFormTest, TickingABoxOfACheckListIsReportedToTheModel)
     EXPECT_EQ(list.Rows()[1][0], Value(true));
 }
 
+TEST_F(FormDialogTest, TheTitleOfADialogIsNotCut)
+{
+    Form form("frmOther", "A title that is much longer than anything in its dialog is");
+    Button close("btnClose", "OK");
+    form.Add(close);
+    FormDialog dialog(form, events_, nullptr);
+    dialog.show();
+
+    EXPECT_GE(dialog.width(), TitleWidth(dialog));
+    form.Caption("Its title becomes longer still while the dialog is shown to the user, and so on");
+    QTest::qWait(1);
+    dialog.resize(1, 1);
+    EXPECT_GE(dialog.width(), TitleWidth(dialog));
+}
+
 TEST_F(FormDialogTest, TheSplitDialogsArrowsStepTheSecondAmount)
 {
     frmSplit form(host_);
@@ -158,6 +175,32 @@ TEST_F(FormDialogTest, TheSplitDialogsArrowsStepTheSecondAmount)
 
     EXPECT_TRUE(form.Split(Money::Parse("100"), "Groceries", first, second));
     EXPECT_EQ(second, Money::Parse("51"));
+}
+
+TEST_F(FormDialogTest, AKeyTurnsTheSignOfTheSecondAmount)
+{
+    const AmountHabits habits;
+    frmSplit form(host_, &habits);
+    QTimer::singleShot(0, [] {
+        auto& dialog = *dynamic_cast<FormDialog*>(QApplication::activeModalWidget());
+        QApplication::setActiveWindow(&dialog);
+        auto* second = qobject_cast<QLineEdit*>(dialog.WidgetOf("txtNew"));
+        QTest::keyClicks(second, "25.40");
+        const auto* pieces = qobject_cast<QLabel*>(dialog.WidgetOf("lblPieces"));
+        EXPECT_EQ(ToUtf8(pieces->text()),
+                  "Stays: a payment of 60.00. New row: a payment of 25.40.");
+        QTest::keyClick(second, Qt::Key_F9);
+        EXPECT_EQ(second->text(), "+25.40");
+        EXPECT_EQ(ToUtf8(pieces->text()),
+                  "Stays: a payment of 110.80. New row: a deposit of 25.40.");
+        QTest::keyClick(second, Qt::Key_F9);
+        QTest::keyClick(second, Qt::Key_Return);
+    });
+    Money first;
+    Money second;
+
+    EXPECT_TRUE(form.Split(Money::Parse("-85.40"), "Groceries", first, second));
+    EXPECT_EQ(second, Money::Parse("-25.40"));
 }
 
 TEST_F(FormDialogTest, TheWebSiteInTheAboutBoxIsALink)

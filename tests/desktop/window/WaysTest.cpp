@@ -416,6 +416,20 @@ TEST_F(WaysTest, KeysZoomTheGridAndNeverBeyondItsLimits)
     EXPECT_FALSE(Grid().Editing());
 }
 
+TEST_F(WaysTest, AKeyShowsTheChangedPrices)
+{
+    books_.Execute("INSERT INTO Investment (StockSymbol, LastPrice) VALUES ('ACME', 7.25)");
+    Press(Qt::Key_F5, Qt::ShiftModifier);
+    EXPECT_EQ(books_.messages.boxes.size(), 1U) << "nothing was updated yet";
+    std::vector<std::string> forms;
+    books_.modal.steps.push_back([&](Form& form) { forms.push_back(form.Name()); });
+
+    MenuAction("mnuT_UpdateQuotes")->trigger();
+    Press(Qt::Key_F5, Qt::ShiftModifier);
+
+    EXPECT_EQ(forms, std::vector<std::string>{"frmQuotes"});
+}
+
 TEST_F(WaysTest, AZoomedCellIsEditedInItsPlaceAndSize)
 {
     ClickNode("Checking");
