@@ -74,7 +74,7 @@ private:
     ScriptedShell shell_;
     ScriptedPrintJob printing_;
     ScriptedPointer pointer_;
-    IsoDateForm dates_;
+    FixedForm dates_;
     CurlHttpClient http_;
     frmController controller_;
     Recorder recorder_;

@@ -56,7 +56,7 @@ private:
     ConsoleShell shell_;
     ConsolePrintJob printing_;
     ConsolePointer pointer_;
-    IsoDateForm dates_;
+    FixedForm dates_;
     CurlHttpClient http_;
     frmController controller_;
 };

@@ -101,7 +101,7 @@ GridText::Reading GridText::Read(const std::string& text, const GridColumn& colu
 std::optional<Date> GridText::ReadDate(const std::string& text, const DateContext& context) const
 {
     const auto exact = dates_.Read(text);
-    return exact ? exact : ReadTypedDate(text, context, dates_.Dates());
+    return exact || !dates_.TakesTyped() ? exact : ReadTypedDate(text, context, dates_.Dates());
 }
 
 GridText::Reading GridText::ReadDay(const std::string& text, const DateContext& context) const
@@ -115,6 +115,8 @@ GridText::Reading GridText::ReadDay(const std::string& text, const DateContext& 
 /// The fixed rule keeps all decimals of a number that is not money.
 GridText::Reading GridText::ReadAmount(const std::string& text, FieldType type) const
 {
+    if (!dates_.TakesTyped())
+        return ReadNumber(text, type);
     const TypedAmount amount = ReadTypedAmount(text, dates_.Amounts());
     Reading number = type == FieldType::Money ? Reading() : ReadNumber(text, type);
     if (number.value && (amount.value || !amount.ambiguous))

@@ -19,6 +19,9 @@ public:
     [[nodiscard]] virtual std::optional<Date> Read(std::string_view text) const = 0;
     [[nodiscard]] virtual const DateHabits& Dates() const = 0;
     [[nodiscard]] virtual const AmountHabits& Amounts() const = 0;
+    /// Whether cells take dates and amounts as people type them. Otherwise they take dates that
+    /// Read takes, and numbers by the fixed rule (see Numeric.h).
+    [[nodiscard]] virtual bool TakesTyped() const { return true; }
 };
 
 /// Dates as yyyy-mm-dd. Typed ones may have the month before the day; amounts have a point.
@@ -35,6 +38,12 @@ public:
 private:
     DateHabits dates_;
     AmountHabits amounts_;
+};
+
+/// Only dates as yyyy-mm-dd and numbers by the fixed rule, for programs that work the window.
+class FixedForm : public IsoDateForm {
+public:
+    [[nodiscard]] bool TakesTyped() const override { return false; }
 };
 
 }  // namespace clb

@@ -284,6 +284,24 @@ TEST_F(GridEditTest, WhatATextWillBeIsKnownWhileItIsTyped)
     EXPECT_EQ(understood(shop::Name, "1+1"), "");
 }
 
+TEST(FixedFormTest, OnlyIsoDatesAndPlainNumbersAreTaken)
+{
+    const FixedForm form;
+    const GridText texts(form);
+    GridColumn column;
+    const auto takes = [&](FieldType type, const char* text) {
+        column.dataType = type;
+        return texts.Read(text, column, {*Date::Of(2026, 3, 14), {2026, 3}}).value.has_value();
+    };
+
+    EXPECT_TRUE(takes(FieldType::Date, "2026-03-05"));
+    for (const char* text : {"3", "t", "5 March", "03/05/2006"})
+        EXPECT_FALSE(takes(FieldType::Date, text)) << text;
+    EXPECT_TRUE(takes(FieldType::Money, "1,234.50"));
+    for (const char* text : {"1+1", "12,5"})
+        EXPECT_FALSE(takes(FieldType::Money, text)) << text;
+}
+
 class OfferedDateTest : public GridEditTest {
 protected:
     OfferedDateTest()
