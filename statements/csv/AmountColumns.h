@@ -32,6 +32,7 @@ private:
     void FitName(std::size_t column);
     void ByCells(std::size_t column);
     void DropDoubtfulDates();
+    void FindOnlyDates();
 
     const std::vector<ColumnFacts>& facts_;
     std::vector<NamedRole> roles_;

@@ -188,6 +188,21 @@ TEST(CsvReaderTest, AColumnIsMeantByItsNumberWhateverTheNamesAre)
     EXPECT_THROW(Rows(text, answers), NotAStatement);
 }
 
+TEST(CsvReaderTest, AColumnWithAGivenMeaningIsNoTextAnyMore)
+{
+    StatementAnswers answers;
+    answers.columns = "date=1,amount=3,text=2";
+    const std::string text = "Payee,Text,Paid\nJan 5 2026,Shop,1.00\nJan 6 2026,Bar,2.00\n";
+    EXPECT_EQ(Kept(text, answers).accounts[0].rows[0].name, "Shop");
+    EXPECT_EQ(Kept(text, answers).accounts[0].rows[0].text, "");
+}
+
+TEST(CsvReaderTest, TheOnlyColumnOfDaysIsTheDate)
+{
+    EXPECT_EQ(Rows("Payee;Text;Amount\n20260105;Shop;-1.00\n20260106;Bar;-2.00\n"),
+              "2026-01-05 -1\n2026-01-06 -2\n");
+}
+
 TEST(CsvReaderTest, TheTableSaysWhatItsColumnsHold)
 {
     const auto table = ReadCsv(
