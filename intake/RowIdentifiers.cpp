@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 
-#include "base/Text.h"
 #include "intake/Digest.h"
 #include "intake/RowTexts.h"
 
@@ -21,7 +20,11 @@ bool IsPlain(const std::string& identifier)
 
 std::string Hashed(std::string_view content)
 {
-    return ToUpperAscii(Sha256(content).substr(0, kDigits));
+    std::string digest = Sha256(content);
+    digest.resize(kDigits);
+    for (char& digit : digest)
+        digit = digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit;
+    return digest;
 }
 
 }  // namespace

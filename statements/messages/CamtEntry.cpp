@@ -208,9 +208,9 @@ bool IsBooked(std::string_view state)
     return Squeezed(state).empty() || state.find("BOOK") != std::string_view::npos;
 }
 
-std::optional<CamtEntry> ReadCamtEntry(const CamtPart& part, const CamtOwner& owner)
+std::optional<CamtEntry> ReadCamtEntry(const CamtPart& part, const CamtOwner& owner, CamtTree& tree)
 {
-    const CamtTree tree(part.text);
+    tree.Read(part.text);
     if (!tree.IsWhole())
         return {};
     const CamtNode node = tree.Root();

@@ -59,7 +59,7 @@ public:
     {
         const CamtOwner& owner = facts_.Owner(statement_);
         const std::size_t line = lines_.At(part.begin);
-        std::optional<CamtEntry> entry = ReadCamtEntry(part, owner);
+        std::optional<CamtEntry> entry = ReadCamtEntry(part, owner, tree_);
         if (!entry) {
             LeaveOut(line, LeftOutReason::NotARow, FirstWords(Squeezed(part.text)));
             return;
@@ -130,6 +130,7 @@ private:
     LineCount lines_;
     Accounts accounts_;
     CamtRepeats repeats_;
+    CamtTree tree_;
     CamtKind kind_ = CamtKind::Statement;
     std::size_t statement_ = 0;
 };
@@ -151,7 +152,7 @@ public:
     void Read(const StatementAnswers&, IStatementSink& sink) const override
     {
         Rows rows(text_, facts_, sink);
-        ReadCamtParts(text_, rows);
+        facts_.Places().Read(rows);
         rows.Finish();
     }
 
