@@ -42,12 +42,12 @@ std::string RowIdentifiers::Digest(const StatementRow& row, const std::string& i
 
 std::string RowIdentifiers::Make(const StatementRow& row)
 {
-    const std::string digest = Digest(row, row.sharedIdentifier);
+    std::string digest = Digest(row, row.sharedIdentifier);
     std::uint32_t place = equals_.Add(std::hash<std::string>()(digest));
     // The first has the number that Further gives if the row is in a file without the others.
     if (!row.sharedIdentifier.empty())
         --place;
-    return digest + "-" + std::to_string(place);
+    return digest.append("-").append(std::to_string(place));
 }
 
 std::string RowIdentifiers::OfBank(const std::string& identifier)
