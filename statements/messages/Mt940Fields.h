@@ -26,7 +26,7 @@ public:
 private:
     std::string_view text_;
     std::size_t at_;
-    std::size_t feed_ = 0;  ///< offset of the next line feed, if it is not before at_
+    std::size_t feed_ = std::string_view::npos;  ///< offset of the next line feed, once known
 };
 
 /// Goes through the fields of all messages of a text. What is between messages is skipped: SWIFT's
