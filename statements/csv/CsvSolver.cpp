@@ -31,20 +31,26 @@ const char* KeyOf(Order order)
     return "";
 }
 
-/// What the descriptions of a row say about the side, and how surely.
-CellSide SideOfWords(const CsvColumns& columns, const CsvRecord& record, std::size_t& weight)
+/// What the descriptions of a row say about its side, and how surely.
+RowWords WordsOfRow(const CsvColumns& columns, const CsvRecord& record)
 {
+    RowWords words;
     bool in = false;
     bool out = false;
     for (const auto* list : {&columns.names, &columns.texts})
         for (const std::size_t column : *list) {
-            const CellSide side = SideOfText(record.Field(column));
-            if (IsCardPayment(record.Field(column)))
-                weight = kCardPaymentWeight;
-            in = in || side == CellSide::In;
-            out = out || side == CellSide::Out;
+            if (record.Field(column).empty())
+                continue;
+            const TextWords found = WordsOfText(record.Field(column));
+            if (found.cardPayment)
+                words.weight = kCardPaymentWeight;
+            words.payment = words.payment || found.payment;
+            in = in || found.side == CellSide::In;
+            out = out || found.side == CellSide::Out;
         }
-    return in == out ? CellSide::None : in ? CellSide::In : CellSide::Out;
+    if (in != out)
+        words.side = in ? CellSide::In : CellSide::Out;
+    return words;
 }
 
 /// One way to read amounts and balances, with how well they fit.
@@ -113,11 +119,10 @@ private:
                 return;
             ++rows;
             dates_.Add(date, SecondDate(record));
-            std::size_t weight = 1;
-            const CellSide side =
-                rows <= kRowsWithWords ? SideOfWords(Columns(), record, weight) : CellSide::None;
+            const RowWords words =
+                rows <= kRowsWithWords ? WordsOfRow(Columns(), record) : RowWords();
             for (AmountSigns& signs : signs_) {
-                signs.Count(record, side, weight);
+                signs.Count(record, words);
                 AddMarks(signs.Source(), record);
             }
             for (const std::size_t balance : Columns().balances)

@@ -287,6 +287,33 @@ TEST(CsvReaderTest, WordsSettleTheSignsOfACard)
               "2021-01-15 -5.25\n2021-01-16 200\n2021-01-20 -54.1\n");
 }
 
+TEST(CsvReaderTest, ACardWhosePaymentsAloneAreNegativeIsAskedAbout)
+{
+    for (const char* payment :
+         {"Zahlung erhalten - Danke", "PAGO RECIBIDO GRACIAS", "BETALNING MOTTAGEN TACK",
+          "Pagamento ricevuto grazie", "Hartelijk dank voor uw betaling", "Pagamento recebido",
+          "ONLINE PMT CHECKING", "Betaling modtaget", "Betaling mottatt", "Kiitos maksusta",
+          "Dziękujemy za płatność", "Děkujeme za platbu", "Спасибо за платеж", "信用卡还款",
+          "Ödeme alındı", "Befizetés", "お支払い", "תשלום", "Votre règlement"})
+        EXPECT_EQ(Asked(std::string("Date,Text,Amount\n2026-04-13,ICA,23.45\n2026-04-05,") +
+                        payment + ",-500.00\n"),
+                  "sign ")
+            << payment;
+}
+
+TEST(CsvReaderTest, MostlyPositiveAmountsAreAskedAboutUnlessWordsFit)
+{
+    EXPECT_EQ(Asked("Date,Text,Amount\n2026-04-13,a,23.45\n2026-04-14,b,2.45\n"
+                    "2026-04-05,c,-500.00\n"),
+              "sign ");
+    EXPECT_EQ(Asked("Date,Text,Amount\n2026-04-13,Salary,23.45\n2026-04-14,b,2.45\n"
+                    "2026-04-05,Rent payment,-500.00\n"),
+              "");
+    EXPECT_EQ(Asked("Date,Text,Amount,Balance\n2026-04-13,a,23.45,523.45\n"
+                    "2026-04-14,Payment,-500.00,23.45\n2026-04-15,b,1.00,24.45\n"),
+              "");
+}
+
 TEST(CsvReaderTest, ADelimiterInATextMovesNoAmount)
 {
     // The text of the second row holds an amount, so two readings are possible.
