@@ -60,8 +60,17 @@ bool HasAny(std::string_view name, std::initializer_list<std::string_view> parts
 /// By parts of the name, for names that no list has.
 NamedRole ByParts(std::string_view name)
 {
-    const bool original = HasAny(name, {"original", "foreign", "fremd", "origin", "vreemd"});
-    if (HasAny(name, {"currency", "wahrung", "币种", "валюта"}))
+    const bool original = HasAny(
+        name, {"original",  "foreign",  "fremd",    "origin",   "vreemd",  "urspr",    "oorspr",
+               "puvodn",    "pierwotn", "oryginal", "alkuper",  "исходн",  "первонач", "原始",
+               "外币",      "eredeti",  "orijinal", "oprind",   "opprinn", "etranger", "extranj",
+               "estranger", "estera",   "utland",   "udenland", "ulkom"});
+    if (HasAny(name, {"currency", "wahrung", "币种", "валюта"}) ||
+        (original &&
+         HasAny(name, {"munt", "devise", "divisa", "moneda", "moeda", "walut", "mena", "valut",
+                       "deviz", "ccy", "para birimi"}) &&
+         !HasAny(name, {"amount", "bedrag", "montant", "importe", "kwota", "castka", "belopp",
+                        "belob", "belop", "summa", "datum", "date", "kurs"})))
         return {original ? ColumnRole::OriginalCurrency : ColumnRole::Currency, 4};
     if (HasAny(name, {"balance", "saldo", "kontostand", "余额", "残高", "остаток"}))
         return {ColumnRole::Balance, 3};

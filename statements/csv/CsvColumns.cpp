@@ -5,12 +5,15 @@
 #include "statements/csv/AmountColumns.h"
 #include "statements/csv/ColumnNames.h"
 #include "statements/csv/ColumnSpec.h"
+#include "statements/csv/RowCurrency.h"
 
 namespace clb {
 namespace {
 
 /// More different values than these are not accounts of one person.
 constexpr std::size_t kMostAccounts = 12;
+/// Rank of columns of currencies that only their cells show.
+constexpr int kCurrencyByCells = 6;
 
 /// Chooses the columns of one table.
 class Chooser {
@@ -41,22 +44,58 @@ private:
 
     void Currency()
     {
-        const auto found = roles_.With(ColumnRole::Currency);
+        if (NamesCurrency())
+            return;
+        auto found = roles_.With(ColumnRole::Currency);
+        DropOriginals(found);
         if (found.empty())
             return;
         columns_.currency = found.front();
         if (columns_.sources.empty() || roles_[found.front()].rank == 0)
             return;
         // The one next to the amount.
-        const AmountSource& source = columns_.sources.front();
-        const std::size_t amount =
-            source.amount.value_or(source.out.value_or(source.in.value_or(0)));
+        const std::size_t amount = AmountColumn();
         const auto distance = [amount](std::size_t i) {
             return i > amount ? 2 * (i - amount) - 1 : 2 * (amount - i);
         };
         columns_.currency = *std::min_element(
             found.begin(), found.end(),
             [&](std::size_t one, std::size_t other) { return distance(one) < distance(other); });
+    }
+
+    [[nodiscard]] std::size_t AmountColumn() const
+    {
+        const AmountSource& source = columns_.sources.front();
+        return source.amount.value_or(source.out.value_or(source.in.value_or(0)));
+    }
+
+    /// Whether the name of the amount says its currency, as "Amount (EUR)" does. Another column of
+    /// currencies is then that of other amounts.
+    [[nodiscard]] bool NamesCurrency() const
+    {
+        return !columns_.sources.empty() && AmountColumn() < roles_.Names().size() &&
+               !CurrencyInName(roles_.Names()[AmountColumn()]).empty();
+    }
+
+    /// Drops columns that belong to the original amount: those beside it, which some rows leave
+    /// empty, and those without a name if others have one.
+    void DropOriginals(std::vector<std::size_t>& found) const
+    {
+        const bool named = std::any_of(found.begin(), found.end(), [this](std::size_t i) {
+            return roles_[i].rank < kCurrencyByCells;
+        });
+        std::erase_if(found, [&](std::size_t i) {
+            return (IsBesideOriginal(i) && roles_.Facts(i).filled < roles_.Rows()) ||
+                   (named && roles_[i].rank >= kCurrencyByCells);
+        });
+    }
+
+    [[nodiscard]] bool IsBesideOriginal(std::size_t i) const
+    {
+        const auto originals = roles_.With(ColumnRole::OriginalAmount);
+        return std::any_of(originals.begin(), originals.end(), [i](std::size_t original) {
+            return original + 1 == i || original == i + 1;
+        });
     }
 
     void Account()

@@ -6,6 +6,7 @@
 
 #include "statements/csv/CsvCells.h"
 #include "statements/csv/CsvRows.h"
+#include "statements/csv/RowCurrency.h"
 #include "statements/csv/RowDates.h"
 #include "statements/csv/TableSurroundings.h"
 #include "statements/form/AmountText.h"
@@ -19,7 +20,6 @@ using DateText::Order;
 constexpr std::size_t kRowsWithWords = 3000;
 /// A payment to a card says as much as several other descriptions.
 constexpr std::size_t kCardPaymentWeight = 3;
-constexpr std::size_t kMostCurrencies = 20;
 
 const char* KeyOf(Order order)
 {
@@ -78,6 +78,8 @@ public:
         if (Columns().sources.empty() || Columns().dates.empty())
             return HasNoRows(table_) ? std::move(solution_) : WithoutColumns();
         Survey();
+        currencies_ = marksOfCurrencies_.Different();
+        solution_.severalCurrencies = currencies_.size() > 1;
         if (currencies_.size() == 1)
             solution_.currency = *currencies_.begin();
         TakeSurroundings(table_, solution_);
@@ -127,15 +129,13 @@ private:
             }
             for (const std::size_t balance : Columns().balances)
                 balanceMarks_.Add(record.Field(balance));
-            if (currencies_.size() < kMostCurrencies)
-                currencies_.insert(CurrencyOfRow(solution_, record));
+            marksOfCurrencies_.Add(CurrencyMarkOf(Columns(), Columns().sources.front(), record));
             if (Columns().id && !record.Field(*Columns().id).empty()) {
                 const std::uint64_t hash = HashOf(record.Field(*Columns().id));
                 if (!identifiers.insert(hash).second)
                     solution_.identifiersGivenTwice.insert(hash);
             }
         });
-        currencies_.erase("");
     }
 
     [[nodiscard]] bool IsLeftOut(const CsvRecord& record)
@@ -225,6 +225,7 @@ private:
             return;
         const std::string keys[2] = {AccountKey(solution_, record, false),
                                      AccountKey(solution_, record, true)};
+        const std::uint64_t currency = solution_.severalCurrencies ? HashOf(keys[1]) : 0;
         std::vector<std::optional<Money>> values;
         for (const char decimal : decimals_)
             for (const AmountSigns& signs : signs_)
@@ -237,7 +238,8 @@ private:
             const std::size_t at =
                 attempt.source + (attempt.decimal == decimals_.front() ? 0 : signs_.size());
             attempt.chain.Add(keys[attempt.byCurrency ? 1 : 0], values[at],
-                              ReadAmount(record.Field(*attempt.balance), attempt.decimal));
+                              ReadAmount(record.Field(*attempt.balance), attempt.decimal),
+                              currency);
         }
     }
 
@@ -268,7 +270,8 @@ private:
             return std::pair(attempt.chain.Most(), usual);
         };
         for (const Attempt& attempt : attempts_)
-            if (fit(attempt) > fit(*best))
+            if ((attempt.byCurrency || attempt.chain.JoinsCurrencies()) &&
+                fit(attempt) > fit(*best))
                 best = &attempt;
         const auto fitting = best->chain.Fitting();
         if (fitting.empty()) {
@@ -443,6 +446,7 @@ private:
     RowDates dates_;
     DecimalMarks marks_;
     DecimalMarks balanceMarks_;
+    FileCurrencies marksOfCurrencies_;
     std::set<std::string> currencies_;
     std::vector<char> decimals_;
     bool contradict_ = false;
@@ -476,18 +480,10 @@ CellStatus RowStatus::Of(const CsvRecord& record)
 
 std::string CurrencyOfRow(const CsvSolution& solution, const CsvRecord& record)
 {
-    const CsvColumns& columns = solution.columns;
-    if (columns.currency)
-        return CurrencyOf(record.Field(*columns.currency));
-    for (const AmountSource& source : columns.sources)
-        for (const auto& column : {source.amount, source.in, source.out}) {
-            const std::string_view cell = column ? record.Field(*column) : std::string_view();
-            const auto point = ReadWrittenAmount(cell, '.');
-            const auto written = point ? point : ReadWrittenAmount(cell, ',');
-            if (written && !written->currency.empty())
-                return CurrencyOf(written->currency);
-        }
-    return {};
+    const AmountSource& source =
+        solution.amounts ? solution.amounts->Source() : solution.columns.sources.front();
+    const std::string_view mark = CurrencyMarkOf(solution.columns, source, record);
+    return solution.severalCurrencies ? CurrencyAmongOthers(mark) : CurrencyOf(mark);
 }
 
 std::string AccountKey(const CsvSolution& solution, const CsvRecord& record, bool byCurrency)

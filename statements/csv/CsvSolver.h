@@ -24,6 +24,7 @@ struct CsvSolution {
     std::optional<std::size_t> balance{};
     std::optional<BalanceStep> step{};
     bool byCurrency = true;  ///< rows in several currencies form an account each
+    bool severalCurrencies = false;
     std::string currency{};  ///< of rows that name none
     std::string account{};   ///< of rows that name none
     std::unordered_set<std::uint64_t> identifiersGivenTwice;

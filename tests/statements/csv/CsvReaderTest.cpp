@@ -126,6 +126,74 @@ TEST(CsvReaderTest, EachAccountAndCurrencyIsAnAccount)
     EXPECT_EQ(kept.accounts[2].account.currency, "USD");
 }
 
+/// Currency and amounts of each account, one account a line.
+std::string ByCurrency(std::string_view text)
+{
+    std::string lines = Asked(text);
+    for (const auto& account : Kept(text).accounts) {
+        lines += account.account.currency;
+        for (const StatementRow& row : account.rows)
+            lines += " " + row.amount.ToText();
+        lines += "\n";
+    }
+    return lines;
+}
+
+TEST(CsvReaderTest, CurrenciesStayApartBesideARunningBalance)
+{
+    EXPECT_EQ(ByCurrency("Datum;Text;Währung;Betrag;Guthaben\n"
+                         "13.04.2026;Kauf;USD;-10,00;-10,00\n"
+                         "13.04.2026;Umrechnung;USD;10,00;0,00\n"
+                         "13.04.2026;Umrechnung;EUR;-9,45;-9,45\n"
+                         "13.04.2026;Bank;EUR;9,45;0,00\n14.04.2026;Kunde;EUR;97,15;97,15\n"),
+              "USD -10 10\nEUR -9.45 9.45 97.15\n");
+    EXPECT_EQ(ByCurrency("Datum;Text;Währung;Brutto;Entgelt;Netto;Guthaben\n"
+                         "13.04.2026;Kauf;USD;-10,00;0,00;-10,00;-10,00\n"
+                         "13.04.2026;Umrechnung;USD;10,00;0,00;10,00;0,00\n"
+                         "13.04.2026;Umrechnung;EUR;-9,45;0,00;-9,45;-9,45\n"
+                         "13.04.2026;Bank;EUR;9,45;0,00;9,45;0,00\n"
+                         "14.04.2026;Kunde;EUR;100,00;-2,85;97,15;97,15\n"),
+              "USD -10 10\nEUR -9.45 9.45 97.15\n");
+}
+
+TEST(CsvReaderTest, ABalanceThatGoesOnFromCurrencyToCurrencyIsOfOneAccount)
+{
+    EXPECT_EQ(Kept("Date;Text;Currency;Amount;Balance\n2026-04-13;a;EUR;-10.00;90.00\n"
+                   "2026-04-14;b;USD;-5.00;85.00\n2026-04-15;c;EUR;-1.00;84.00\n")
+                  .accounts.size(),
+              1U);
+}
+
+TEST(CsvReaderTest, SignsInCellsAreCurrencies)
+{
+    EXPECT_EQ(ByCurrency("Date,Text,Amount\n2026-04-13,A,£-10.00\n2026-04-14,B,$-20.00\n"),
+              "GBP -10\nUSD -20\n");
+    EXPECT_EQ(ByCurrency("Date,Text,Amount\n2026-04-13,Shop,$-10.00\n2026-04-14,Shop,€-9.00\n"
+                         "2026-04-15,Shop,-19.00 €\n"),
+              "USD -10\nEUR -9 -19\n");
+    EXPECT_EQ(ByCurrency("Date,Text,Amount\n2026-04-13,A,-10.00 kr\n2026-04-14,B,€-20.00\n"),
+              "kr -10\nEUR -20\n");
+    EXPECT_EQ(ByCurrency("Date,Text,Amount\n2026-04-13,A,$-10.00\n2026-04-14,B,$-20.00\n"),
+              " -10 -20\n");
+}
+
+TEST(CsvReaderTest, TheCurrencyOfAnOriginalAmountIsNotThatOfTheAccount)
+{
+    EXPECT_EQ(ByCurrency("Datum;Text;Betrag (EUR);Ursprünglicher Betrag\n"
+                         "13.04.2026;Hotel;-123,45;-135,00 USD\n14.04.2026;REWE;-20,00;\n"),
+              "EUR -123.45 -20\n");
+    EXPECT_EQ(ByCurrency("Munt,Naam,Datum,Bedrag,Omschrijving,Oorspr bedrag,Oorspr munt\n"
+                         "EUR,Visa,2026-04-13,\"-23,45\",AMAZON,\"-25,00\",USD\n"
+                         "EUR,Visa,2026-04-14,\"-3,45\",AH,,\n"),
+              "EUR -23.45 -3.45\n");
+    EXPECT_EQ(ByCurrency("Date,Text,Amount (EUR),Currency\n2026-04-13,a,-1.00,USD\n"
+                         "2026-04-14,b,-2.00,EUR\n"),
+              "EUR -1 -2\n");
+    EXPECT_EQ(ByCurrency("Date,Text,Amount,Foreign amount,Ccy\n2026-04-13,a,-1.00,-1.10,USD\n"
+                         "2026-04-14,b,-2.00,,\n"),
+              " -1 -2\n");
+}
+
 TEST(CsvReaderTest, TheNumberOfTheAccountMayStandAboveTheTable)
 {
     const KeptStatement kept = Kept(
