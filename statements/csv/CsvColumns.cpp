@@ -5,27 +5,29 @@
 #include "statements/csv/AmountColumns.h"
 #include "statements/csv/ColumnNames.h"
 #include "statements/csv/ColumnSpec.h"
+#include "statements/csv/OwnAccount.h"
 #include "statements/csv/RowCurrency.h"
 
 namespace clb {
 namespace {
 
-/// More different values than these are not accounts of one person.
-constexpr std::size_t kMostAccounts = 12;
 /// Rank of columns of currencies that only their cells show.
 constexpr int kCurrencyByCells = 6;
 
 /// Chooses the columns of one table.
 class Chooser {
 public:
-    Chooser(const CsvTable& table, const std::vector<ColumnFacts>& facts) : roles_(table, facts) {}
+    Chooser(const CsvTable& table, const std::vector<ColumnFacts>& facts)
+        : roles_(table, facts), numberAbove_(NumberAbove(table))
+    {
+    }
 
     CsvColumns Choose()
     {
         Dates();
         AmountColumns(roles_, columns_).Find();
         Currency();
-        Account();
+        columns_.account = ChooseAccount(roles_, numberAbove_);
         Others();
         Texts();
         return std::move(columns_);
@@ -98,22 +100,6 @@ private:
         });
     }
 
-    void Account()
-    {
-        const bool others = !roles_.With(ColumnRole::OtherAccount).empty();
-        const std::size_t rows = roles_.Rows();
-        for (const std::size_t i : roles_.With(ColumnRole::Account)) {
-            const ColumnFacts& facts = roles_.Facts(i);
-            // Several numbers in a column of doubtful name may be those of the other parties.
-            const bool sure = roles_[i].rank == 0 || others || facts.values.size() * 3 <= rows;
-            if (!columns_.account && facts.filled == rows &&
-                (facts.values.size() == 1 || (facts.values.size() <= kMostAccounts && sure)))
-                columns_.account = i;
-            else
-                roles_[i] = {ColumnRole::OtherAccount, 1};
-        }
-    }
-
     void Others()
     {
         const auto first = [this](ColumnRole role) {
@@ -157,6 +143,7 @@ private:
     }
 
     ColumnRoles roles_;
+    std::string numberAbove_;
     CsvColumns columns_;
 };
 

@@ -126,6 +126,13 @@ std::string Cleaned(std::string_view cell)
     return clean;
 }
 
+/// The number without the apostrophe by which some banks keep a spreadsheet from changing it.
+std::string AccountNumber(std::string_view cell)
+{
+    std::string number = Cleaned(cell);
+    return number.starts_with('\'') && number.size() > 1 ? number.substr(1) : number;
+}
+
 bool IsPlaceholder(std::string_view text)
 {
     return text.empty() || text == "-" || text == "--" || text == "/" || text == "NULL" ||
@@ -346,7 +353,7 @@ StatementRows::Account& StatementRows::Begin(const CsvRecord& record)
     if (found == accounts_.end()) {
         Account account;
         account.account.number = solution_.columns.account
-                                     ? Cleaned(record.Field(*solution_.columns.account))
+                                     ? AccountNumber(record.Field(*solution_.columns.account))
                                      : solution_.account;
         const std::string currency = solution_.byCurrency ? CurrencyOfRow(solution_, record) : "";
         account.account.currency = currency.empty() ? solution_.currency : currency;

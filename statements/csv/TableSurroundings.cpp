@@ -4,13 +4,12 @@
 
 #include "statements/csv/ColumnNames.h"
 #include "statements/csv/CsvCells.h"
+#include "statements/csv/OwnAccount.h"
 #include "statements/csv/RowCurrency.h"
 #include "statements/form/CurrencyMarks.h"
 
 namespace clb {
 namespace {
-
-constexpr std::size_t kLongestAccount = 40;
 
 /// Takes a cell that names something, and the cell after it.
 void TakePair(std::string_view name, const std::string& value, CsvSolution& solution)
@@ -18,9 +17,6 @@ void TakePair(std::string_view name, const std::string& value, CsvSolution& solu
     const ColumnRole role = RoleOf(name).role;
     if (role == ColumnRole::Currency && solution.currency.empty())
         solution.currency = CurrencyOf(value);
-    if (role == ColumnRole::Account && solution.account.empty() &&
-        value.find_first_of("0123456789") != std::string::npos && value.size() <= kLongestAccount)
-        solution.account = value;
 }
 
 }  // namespace
@@ -34,6 +30,7 @@ void TakeSurroundings(const CsvTable& table, CsvSolution& solution)
     for (const auto& record : table.Preamble())
         for (std::size_t i = 0; i + 1 < record.size(); ++i)
             TakePair(record[i], record[i + 1], solution);
+    solution.account = NumberAbove(table);
 }
 
 bool HasNoRows(const CsvTable& table)

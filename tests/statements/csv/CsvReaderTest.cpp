@@ -194,6 +194,76 @@ TEST(CsvReaderTest, TheCurrencyOfAnOriginalAmountIsNotThatOfTheAccount)
               " -1 -2\n");
 }
 
+/// The numbers of the accounts, each with its number of rows, and what is asked.
+std::string Numbers(std::string_view text)
+{
+    std::string numbers = Asked(text);
+    for (const auto& account : Kept(text).accounts)
+        numbers += account.account.number + ":" + std::to_string(account.rows.size()) + " ";
+    return numbers;
+}
+
+TEST(CsvReaderTest, TheNumberOfTheOtherPartyIsNotTheAccount)
+{
+    EXPECT_EQ(Numbers("Datum;Empfänger;IBAN;Betrag\n13.04.2026;A;DE89370400440532013000;-1,00\n"
+                      "14.04.2026;A;DE89370400440532013000;-1,00\n"),
+              ":2 ");
+    EXPECT_EQ(Numbers("Girokonto;DE02120300000000202051\n\nBuchungsdatum;Status;"
+                      "Zahlungsempfänger*in;Verwendungszweck;IBAN;Betrag (€)\n"
+                      "14.04.26;Gebucht;Max;Urlaub;DE12500105171234567890;-200,00\n"),
+              "DE02120300000000202051:1 ");
+    EXPECT_EQ(Numbers("Date,Payee,Account number,Payment reference,Amount (EUR)\n"
+                      "2026-04-13,Max,DE12500105171234567890,Sparen,-100.0\n"
+                      "2026-04-14,Max,DE12500105171234567890,Sparen,-110.0\n"),
+              ":2 ");
+    EXPECT_EQ(Numbers("Datum;Text;Gegenkonto;Betrag\n13.04.2026;a;DE89370400440532013000;-1,00\n"),
+              ":1 ");
+    EXPECT_EQ(Numbers("Datum;Text;Numer konta kontrahenta;Betrag\n13.04.2026;a;PL61109010140000;"
+                      "-1,00\n"),
+              ":1 ");
+    EXPECT_EQ(Numbers("IBAN;Datum;Empfänger;Betrag\nDE89370400440532013000;13.04.2026;A;-1,00\n"),
+              "DE89370400440532013000:1 ");
+}
+
+TEST(CsvReaderTest, ANumberOfTheAccountWinsOverItsName)
+{
+    EXPECT_EQ(Numbers("Date,Type,Description,Value,Balance,Account Name,Account Number\n"
+                      "13 Apr 2026,POS,TESCO,-23.45,1076.55,'SMITH J,'600001-12345678\n"
+                      "01 Apr 2026,BAC,PAY,1100.00,1100.00,'SMITH J,'600001-12345678\n"
+                      "13 Apr 2026,POS,SAVE,50,150,'SMITH J,'600001-99999999\n"
+                      "01 Apr 2026,INT,Interest,100.00,100.00,'SMITH J,'600001-99999999\n"),
+              "600001-12345678:2 600001-99999999:2 ");
+    EXPECT_EQ(Numbers("Account Name,Date,Text,Amount\nMain,2026-04-13,a,-1.00\n"
+                      "Spare,2026-04-14,b,-1.00\n"),
+              "Main:1 Spare:1 ");
+}
+
+TEST(CsvReaderTest, RowsOfSeveralAccountsAreAnAccountEach)
+{
+    EXPECT_EQ(Numbers("Bank Account,Date,Narrative,Debit Amount,Credit Amount,Balance\n"
+                      "032001123456,13/04/2026,COLES,23.45,,1076.55\n"
+                      "032001999999,03/04/2026,INT,,1.00,501.00\n"
+                      "032001123456,02/04/2026,SALARY,,1100.00,1100.00\n"
+                      "032001999999,01/04/2026,DEP,,100.00,500.00\n"),
+              "032001123456:2 032001999999:2 ");
+    EXPECT_EQ(Numbers("dateOp;label;amount;accountNum;accountLabel;accountbalance\n"
+                      "2026-04-13;AUCHAN;-23,45;00040123456;Compte;1476.55\n"
+                      "2026-04-14;INTERETS;10,00;00040999999;Livret;500.00\n"),
+              "00040123456:1 00040999999:1 ");
+    EXPECT_EQ(Numbers("Numéro de compte;Nom du compte;Compte partie adverse;Date comptable;"
+                      "Montant;Libellés\nBE68539007547034;DUPONT;BE1;13/04/2026;-23,45;COLRUYT\n"
+                      "BE68539007549999;DUPONT;BE2;14/04/2026;23,45;EPARGNE\n"),
+              "BE68539007547034:1 BE68539007549999:1 ");
+    EXPECT_EQ(Numbers("Numer rachunku/karty,Data transakcji,Opis,Obciążenia,Uznania,Saldo\n"
+                      "PL12,2026-04-13,ŻABKA,-23.45,,1076.55\n"
+                      "PL99,2026-04-14,ODSETKI,,1.00,501.00\n"),
+              "PL12:1 PL99:1 ");
+    EXPECT_EQ(Numbers("Posted Account,Posted Transactions Date,Description,Debit Amount,"
+                      "Credit Amount,Balance\n111,13/04/26,TESCO,23.45,,1000.00\n"
+                      "222,14/04/26,ALDI,6.55,,70.00\n"),
+              "111:1 222:1 ");
+}
+
 TEST(CsvReaderTest, TheNumberOfTheAccountMayStandAboveTheTable)
 {
     const KeptStatement kept = Kept(
