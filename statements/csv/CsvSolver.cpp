@@ -6,6 +6,7 @@
 
 #include "statements/csv/CsvCells.h"
 #include "statements/csv/CsvRows.h"
+#include "statements/csv/CutEnd.h"
 #include "statements/csv/RowCurrency.h"
 #include "statements/csv/RowDates.h"
 #include "statements/csv/TableSurroundings.h"
@@ -88,6 +89,7 @@ public:
         Source();
         Order();
         Sign();
+        End();
         return std::move(solution_);
     }
 
@@ -114,9 +116,11 @@ private:
     void Survey()
     {
         std::unordered_set<std::uint64_t> identifiers;
+        end_.emplace(table_, Columns());
         std::size_t rows = 0;
         CsvRows(table_, Columns()).ForEach([&](const CsvRecord& record) {
             const std::string_view date = CsvRows::DateOf(Columns(), record);
+            end_->Add(record, !date.empty());
             if (date.empty() || IsLeftOut(record))
                 return;
             ++rows;
@@ -386,6 +390,17 @@ private:
             solution_.step = steps_.front();
     }
 
+    void End()
+    {
+        solution_.cutLine = end_->Line(solution_);
+        if (solution_.cutLine && !answers_.takeWholeRows)
+            solution_.questions.push_back({.question = StatementQuestion::Truncated,
+                                           .options = {"rows", "nothing"},
+                                           .proposed = "rows",
+                                           .why = "The file breaks off in its last row, line " +
+                                                  std::to_string(*solution_.cutLine) + "."});
+    }
+
     /// The sign by the balance where there is one, else by the amounts alone.
     [[nodiscard]] AmountSigns::Verdict ByBalance() const
     {
@@ -446,6 +461,7 @@ private:
     RowDates dates_;
     DecimalMarks marks_;
     DecimalMarks balanceMarks_;
+    std::optional<CutEnd> end_;
     FileCurrencies marksOfCurrencies_;
     std::set<std::string> currencies_;
     std::vector<char> decimals_;

@@ -200,6 +200,8 @@ void StatementRows::Read()
 
 void StatementRows::Take(const CsvRecord& record)
 {
+    if (record.line == solution_.cutLine)
+        return LeaveOut(record, LeftOutReason::Incomplete);
     const CellStatus status = status_.Of(record);
     const auto date = DateOf(record);
     if (record.fields.empty())

@@ -475,6 +475,40 @@ TEST(CsvReaderTest, DecimalCommasWithoutQuotesAreJoinedOrRefused)
     EXPECT_EQ(Rows("13.02.2021,Foo,-5,00\n14.02.2021,Bar,7,50\n"), "asked columns ");
 }
 
+TEST(CsvReaderTest, AFileThatBreaksOffInItsLastRowIsAskedAbout)
+{
+    const std::string rows =
+        "Date,Text,Amount,Balance\n2026-04-13,A,-10.00,90.00\n"
+        "2026-04-14,B,-5.00,85.00\n";
+    for (const char* cut : {"2026-04-1", "2026-04-15", "2026-04-15,Re", "2026-04-15,Rent,-1",
+                            "2026-04-15,\"Rent", "2026-04-15,Rent,-1.00,8"})
+        EXPECT_EQ(Asked(rows + cut), "truncated ") << cut;
+    StatementAnswers answers;
+    answers.takeWholeRows = true;
+    EXPECT_EQ(Rows(rows + "2026-04-15,Rent,-1", answers), "2026-04-13 -10\n2026-04-14 -5\n");
+    EXPECT_EQ(Reasons(Kept(rows + "2026-04-15,Rent,-1", answers)), "4 the file breaks off in it\n");
+    EXPECT_EQ(Asked("Buchungstag;Empfänger;Betrag;Währung\n13.04.2026;A;-10,00;EUR\n"
+                    "14.04.2026;B;-1.250,00;EUR\n15.04.2026;Miete;-1"),
+              "truncated ");
+    EXPECT_EQ(Asked("Datum;Text;Betrag\n13.04.2026;A;-10,00\n15.04.2026;Miete;-1,2"), "truncated ");
+}
+
+TEST(CsvReaderTest, AWholeLastRowNeedsNoEndOfLine)
+{
+    const std::string rows =
+        "Date,Text,Amount,Balance\n2026-04-13,A,-10.00,90.00\n"
+        "2026-04-14,B,-5.00,85.00\n";
+    EXPECT_EQ(Asked(rows + "2026-04-15,Rent,-1.00,84.00"), "");
+    EXPECT_EQ(Asked(rows + "2026-04-15,Rent,-1.00,84"), "");
+    EXPECT_EQ(Asked(rows + "Total: 3 rows"), "");
+    EXPECT_EQ(Asked("Date,Text,Amount\n2026-04-13,A,-10.5\n2026-04-14,B,3\n2026-04-14,C,-1"), "");
+    EXPECT_EQ(Asked("Date,Text,Amount,\n2026-04-13,A,-10.50,\n2026-04-14,C,-1.00"), "");
+    EXPECT_EQ(Asked("Date,Amount,Text\n2026-04-13,-10.50,A\n2026-04-14,-1,C"), "");
+    EXPECT_EQ(Asked("Date,Text,Amount,Note\n2026-04-13,A,-10.50,x\n2026-04-13,A,-10.50\n"
+                    "2026-04-14,C,-1.00"),
+              "");
+}
+
 TEST(CsvReaderTest, TheShapeIsThatOfTheLayout)
 {
     const auto shape = [](std::string_view text) { return ReadCsv(text)->Shape(); };
