@@ -4,7 +4,7 @@
 
 namespace clb {
 
-void BalanceChain::Add(std::string_view account, std::optional<Money> amount,
+void RowBalanceChain::Add(std::string_view account, std::optional<Money> amount,
                        std::optional<Money> balance, std::uint64_t currency)
 {
     auto found = accounts_.find(account);
@@ -22,7 +22,7 @@ void BalanceChain::Add(std::string_view account, std::optional<Money> amount,
     at = {true, now, own, 0, currency};
 }
 
-void BalanceChain::Compare(const Account& account, std::uint64_t own, std::uint64_t balance,
+void RowBalanceChain::Compare(const Account& account, std::uint64_t own, std::uint64_t balance,
                            bool changes)
 {
     const std::uint64_t change = balance - account.balance;
@@ -42,17 +42,17 @@ void BalanceChain::Compare(const Account& account, std::uint64_t own, std::uint6
         joins_[i] += fits[i] ? 1U : 0U;
 }
 
-bool BalanceChain::JoinsCurrencies() const
+bool RowBalanceChain::JoinsCurrencies() const
 {
     return changes_ > 0 && *std::max_element(joins_.begin(), joins_.end()) * 2 > changes_;
 }
 
-std::size_t BalanceChain::Most() const
+std::size_t RowBalanceChain::Most() const
 {
     return *std::max_element(matches_.begin(), matches_.end());
 }
 
-std::vector<BalanceStep> BalanceChain::Fitting() const
+std::vector<BalanceStep> RowBalanceChain::Fitting() const
 {
     const std::size_t most = Most();
     if (most == 0 || (most < 2 && steps_ > 1) || most * 4 < steps_)

@@ -23,7 +23,7 @@ enum class BalanceStep : std::uint8_t {
 
 /// Follows the balances of a file, account by account. Rows without a balance count towards the
 /// next one.
-class BalanceChain {
+class RowBalanceChain {
 public:
     /// Takes a row. Without an amount it only sets the balance anew. currency: of the row, any
     /// number that tells currencies apart.

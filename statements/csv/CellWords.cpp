@@ -235,4 +235,12 @@ CellStatus StatusOf(std::string_view cell)
     return booked.contains(plain) ? CellStatus::Booked : CellStatus::None;
 }
 
+bool IsPlainlyStatus(std::string_view cell)
+{
+    static const Words weak = WordsOf(
+        "true|false|open|hold|held|future|ok|paid|done|issued|complete|finished|success|offen|"
+        "geplant|registrato|traite|execute|成功|完成|等待|");
+    return StatusOf(cell) != CellStatus::None && !weak.contains(PlainName(cell));
+}
+
 }  // namespace clb

@@ -30,5 +30,7 @@ enum class CellStatus : std::uint8_t {
     Void      ///< declined, failed or reversed before it was booked
 };
 [[nodiscard]] CellStatus StatusOf(std::string_view cell);
+/// Whether the cell is a status whatever the name of its column is: not so "true" or "open".
+[[nodiscard]] bool IsPlainlyStatus(std::string_view cell);
 
 }  // namespace clb

@@ -43,7 +43,8 @@ std::string WithoutCurrency(std::string_view plain)
     std::string kept;
     for (const std::string& word : Split(plain, ' ')) {
         if (IsCurrencyCode(ToUpperAscii(word)) || word == "in" || word == "en" || word == "euro" ||
-            word == "euros" || word == "i" || word == "w" || word == "v")
+            word == "euros" || word == "i" || word == "w" || word == "v" || word == "r" ||
+            word == "us" || word == "kc" || word == "zl" || word == "kr" || word == "ft")
             continue;
         kept += (kept.empty() ? "" : " ") + word;
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "statements/csv/AmountColumns.h"
+#include "statements/csv/CellWords.h"
 #include "statements/csv/ColumnNames.h"
 #include "statements/csv/ColumnSpec.h"
 #include "statements/csv/OwnAccount.h"
@@ -109,6 +110,10 @@ private:
         columns_.category = first(ColumnRole::Category);
         columns_.check = first(ColumnRole::Check);
         columns_.statuses = roles_.With(ColumnRole::Status);
+        for (const ColumnRole role : {ColumnRole::Unknown, ColumnRole::Text})
+            for (const std::size_t i : roles_.With(role))
+                if (HoldsStates(roles_.Facts(i)))
+                    columns_.statuses.push_back(i);
         for (const std::size_t i : roles_.With(ColumnRole::Id)) {
             // Running numbers and words begin anew in the next file.
             if (!columns_.id && roles_.Facts(i).shortest >= 6 &&
@@ -118,6 +123,16 @@ private:
             else
                 roles_[i] = {ColumnRole::Text, 3};
         }
+    }
+
+    /// Whether every cell says whether its row is booked, and some say that it is.
+    static bool HoldsStates(const ColumnFacts& facts)
+    {
+        const auto& values = facts.values;
+        return std::all_of(values.begin(), values.end(), IsPlainlyStatus) &&
+               std::any_of(values.begin(), values.end(), [](const std::string& value) {
+                   return StatusOf(value) == CellStatus::Booked;
+               });
     }
 
     void Texts()
@@ -147,6 +162,22 @@ private:
     CsvColumns columns_;
 };
 
+/// Refuses given columns of dates in which nothing is a date, though the table has some.
+void RequireDates(std::string_view spec, const CsvTable& table,
+                  const std::vector<ColumnFacts>& facts, const CsvColumns& columns)
+{
+    if (spec.empty() || columns.dates.empty())
+        return;
+    const bool rows = std::any_of(facts.begin(), facts.end(),
+                                  [](const ColumnFacts& column) { return column.dates > 0; });
+    const bool dates = std::any_of(columns.dates.begin(), columns.dates.end(), [&](std::size_t i) {
+        return i < facts.size() && facts[i].dates > 0;
+    });
+    if (rows && !dates)
+        throw NotAStatement("Column \"" + table.NameOf(columns.dates.front()) +
+                            "\" holds no dates, though it is given as date=.");
+}
+
 }  // namespace
 
 CsvColumns ChooseColumns(const CsvTable& table, const std::vector<ColumnFacts>& facts,
@@ -154,6 +185,7 @@ CsvColumns ChooseColumns(const CsvTable& table, const std::vector<ColumnFacts>& 
 {
     CsvColumns columns = Chooser(table, facts).Choose();
     ApplyColumnSpec(answers.columns, table, columns);
+    RequireDates(answers.columns, table, facts, columns);
     return columns;
 }
 

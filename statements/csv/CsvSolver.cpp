@@ -60,7 +60,7 @@ struct Attempt {
     std::optional<std::size_t> balance{};
     char decimal = '.';
     bool byCurrency = true;
-    BalanceChain chain;
+    RowBalanceChain chain;
 };
 
 class Solver {
@@ -326,14 +326,43 @@ private:
         OpenQuestion question{.question = StatementQuestion::Columns,
                               .options = {},
                               .why = "Several columns could hold the amount."};
-        const auto name = [this](const AmountSource& source) {
-            return table_.NameOf(source.amount ? *source.amount
-                                               : source.out.value_or(source.in.value_or(0)));
-        };
         for (std::size_t i = 0; i < equals; ++i)
-            question.options.push_back(name(Columns().sources[i]));
-        question.proposed = name(Columns().sources[chosen]);
+            question.options.push_back(NameOf(Columns().sources[i]));
+        for (const std::string& option : std::vector<std::string>(question.options))
+            if (std::count(question.options.begin(), question.options.end(), option) > 1)
+                for (std::size_t i = 0; i < equals; ++i)
+                    question.options[i] = NumberedNameOf(Columns().sources[i]);
+        question.proposed =
+            chosen < equals ? question.options[chosen] : NameOf(Columns().sources[chosen]);
         solution_.questions.push_back(question);
+    }
+
+    /// The columns of a source, of several the one of what goes out first.
+    static std::vector<std::size_t> ColumnsOf(const AmountSource& source)
+    {
+        std::vector<std::size_t> columns;
+        for (const auto& column : {source.amount, source.out, source.in})
+            if (column)
+                columns.push_back(*column);
+        return columns;
+    }
+    [[nodiscard]] std::string NameOf(const AmountSource& source) const
+    {
+        std::string name;
+        for (const std::size_t column : ColumnsOf(source))
+            name += (name.empty() ? "" : " + ") + table_.NameOf(column);
+        return name;
+    }
+    /// For names that are equal: "3: CAD$ + 4: USD$".
+    [[nodiscard]] std::string NumberedNameOf(const AmountSource& source) const
+    {
+        std::string name;
+        for (const std::size_t column : ColumnsOf(source)) {
+            const std::string number = std::to_string(column + 1);
+            const std::string own = table_.NameOf(column);
+            name += (name.empty() ? "" : " + ") + number + (own == number ? "" : ": " + own);
+        }
+        return name;
     }
 
     void AskDecimal()
