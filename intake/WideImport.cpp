@@ -241,7 +241,13 @@ void WideImport::Report(const SurveyedAccount& account, const std::string& accou
                                .closing = account.balances.closing,
                                .balanced = StatementSurvey::Balanced(account)});
     const ImportedAccount& imported = result.accounts.back();
-    if (imported.balanced == false)
+    for (const BalanceBreak& at : account.balances.breaks)
+        result.notes.push_back("Line " + std::to_string(at.line) +
+                               " does not fit the balances beside the rows of '" + imported.name +
+                               "': from " + at.before.ToText() + " its amount " +
+                               at.amount.ToText() + " does not lead to " + at.after.ToText() +
+                               ". Its amount may be wrong, or a row may be missing.");
+    if (imported.balanced == false && imported.opening && imported.closing)
         result.notes.push_back("The rows of '" + imported.name + "' do not add up: from " +
                                imported.opening->ToText() + " they do not lead to " +
                                imported.closing->ToText() + ", as the file says.");

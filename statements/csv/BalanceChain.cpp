@@ -4,8 +4,8 @@
 
 namespace clb {
 
-void BalanceChain::Add(std::string_view account, std::optional<Money> amount,
-                       std::optional<Money> balance)
+void RowBalanceChain::Add(std::string_view account, std::optional<Money> amount,
+                       std::optional<Money> balance, std::uint64_t currency)
 {
     auto found = accounts_.find(account);
     if (found == accounts_.end())
@@ -18,11 +18,12 @@ void BalanceChain::Add(std::string_view account, std::optional<Money> amount,
     }
     const auto now = static_cast<std::uint64_t>(balance->Scaled());
     if (at.started && amount)
-        Compare(at, own, now);
-    at = {true, now, own, 0};
+        Compare(at, own, now, currency != at.currency);
+    at = {true, now, own, 0, currency};
 }
 
-void BalanceChain::Compare(const Account& account, std::uint64_t own, std::uint64_t balance)
+void RowBalanceChain::Compare(const Account& account, std::uint64_t own, std::uint64_t balance,
+                           bool changes)
 {
     const std::uint64_t change = balance - account.balance;
     const std::uint64_t withOwn = account.between + own;
@@ -34,14 +35,24 @@ void BalanceChain::Compare(const Account& account, std::uint64_t own, std::uint6
     ++steps_;
     for (std::size_t i = 0; i < fits.size(); ++i)
         matches_[i] += fits[i] ? 1U : 0U;
+    if (!changes || account.balance == 0 || balance == 0)
+        return;
+    ++changes_;
+    for (std::size_t i = 0; i < fits.size(); ++i)
+        joins_[i] += fits[i] ? 1U : 0U;
 }
 
-std::size_t BalanceChain::Most() const
+bool RowBalanceChain::JoinsCurrencies() const
+{
+    return changes_ > 0 && *std::max_element(joins_.begin(), joins_.end()) * 2 > changes_;
+}
+
+std::size_t RowBalanceChain::Most() const
 {
     return *std::max_element(matches_.begin(), matches_.end());
 }
 
-std::vector<BalanceStep> BalanceChain::Fitting() const
+std::vector<BalanceStep> RowBalanceChain::Fitting() const
 {
     const std::size_t most = Most();
     if (most == 0 || (most < 2 && steps_ > 1) || most * 4 < steps_)

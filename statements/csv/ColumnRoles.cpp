@@ -5,7 +5,7 @@
 namespace clb {
 
 ColumnRoles::ColumnRoles(const CsvTable& table, const std::vector<ColumnFacts>& facts)
-    : facts_(facts)
+    : facts_(facts), names_(table.Names())
 {
     for (std::size_t i = 0; i < facts.size(); ++i) {
         roles_.push_back(i < table.Names().size() ? RoleOf(table.Names()[i]) : NamedRole{});

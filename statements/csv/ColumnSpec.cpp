@@ -94,6 +94,10 @@ private:
                     source.mark = source.amount ? mark_ : source.mark;
             return;
         }
+        if (source_.amount && (source_.in || source_.out))
+            throw NotAStatement(
+                "Columns cannot be given for amount= together with in= or out=: either one column "
+                "holds the amounts of both signs, or two do.");
         // A mark that the table itself has stays in force.
         for (const AmountSource& source : columns_.sources)
             mark_ = mark_ ? mark_ : source.mark;

@@ -394,6 +394,19 @@ TEST(Mt940ReaderTest, AFileThatBreaksOffIsAskedAbout)
     EXPECT_TRUE(reader->Open({.takeWholeRows = true}).empty());
 }
 
+TEST(Mt940ReaderTest, AnInterimMessageThatBreaksOffInALineIsAskedAbout)
+{
+    const std::string begin =
+        ":20:A\n:25:37040044/1\n:28C:1\n:34F:EURD0,00\n:13D:2604031200+0200\n"
+        ":61:2604030403D23,45NTRFX\n:86:105?20Test\n";
+
+    EXPECT_TRUE(ReadMt940(begin)->Open({}).empty());
+    const auto questions = ReadMt940(begin + ":61:2604030403D125")->Open({});
+    ASSERT_EQ(questions.size(), 1U);
+    EXPECT_EQ(questions[0].question, StatementQuestion::Truncated);
+    EXPECT_EQ(Amounts(ReadText(begin + ":61:2604030403D125")), std::vector<std::string>{"-23.45"});
+}
+
 TEST(Mt940ReaderTest, ABankMayCloseNoMessage)
 {
     const std::string message = ":20:A\n:25:1\n:60F:C260301EUR5,\n:61:260301C1,NTRF\n:86:a\n";
