@@ -65,7 +65,7 @@ public:
             return;
         }
         const auto account = facts_.AccountOf(statement_, entry->currency);
-        // Entries without an account of theirs are listed under that of the statement.
+        // A currency of entries that are left out has no account of its own.
         accounts_.To(account ? *account : *facts_.AccountOf(statement_, {}));
         if (const auto reason = WhyNot(*entry, part, account.has_value()))
             LeaveOut(line, *reason, SummaryOf(part, *entry));
