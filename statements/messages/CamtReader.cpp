@@ -103,6 +103,10 @@ private:
         entry.row.line = line;
         facts_.Identify(statement_, part, entry.row);
         sink_.Row(entry.row);
+        if (!entry.unfitPieces.empty())
+            LeaveOut(line, LeftOutReason::NotARow,
+                     FirstWords("pieces that do not add up to " + entry.row.amount.ToText() + ": " +
+                                entry.unfitPieces));
     }
     void LeaveOut(std::size_t line, LeftOutReason reason, const std::string& text)
     {

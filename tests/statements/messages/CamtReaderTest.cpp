@@ -272,6 +272,15 @@ TEST(CamtReaderTest, ABatchWhosePartsDoNotSumToItStaysWhole)
     EXPECT_EQ(row.text, "N5.51");
 }
 
+TEST(CamtReaderTest, PartsThatDoNotSumToTheBatchAreListed)
+{
+    const KeptMessages kept = ReadEntries(
+        Entry{.amount = "10", .more = Tag("NtryDtls", Part("4.5") + Part("5.51"))}.Text());
+
+    ASSERT_EQ(kept.leftOut.size(), 1U);
+    EXPECT_EQ(kept.leftOut[0].text, "pieces that do not add up to 10: 4.5, 5.51");
+}
+
 TEST(CamtReaderTest, PartsInAnotherCurrencyAreNoPieces)
 {
     const std::string foreign = Tag("TxDtls", Amount("5", "USD"));
