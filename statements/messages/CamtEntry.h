@@ -18,6 +18,7 @@ struct CamtEntry {
     std::optional<Date> date{};
     std::optional<Money> amount{};  ///< with its sign
     StatementRow row{};
+    std::string unfitPieces{};  ///< the amounts of its transactions if they do not sum to it
 };
 
 /// Reads an entry; nothing if its text is not XML after all.

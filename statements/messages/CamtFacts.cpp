@@ -81,10 +81,10 @@ public:
         }
         if (entryCurrency_.empty())
             entryCurrency_ = lastCurrency_;
-        if (!lastCurrency_.empty())
-            currencies_.insert(lastCurrency_);
         const bool counts = IsBooked(part.state) &&
                             !repeats_.IsRepeated(facts_.statements_.size(), kind_, owner_, part);
+        if (counts && !lastCurrency_.empty())
+            currencies_.insert(lastCurrency_);
         if (counts && !ReferenceOf(part).empty())
             facts_.references_.Add(HolderOf(), ReferenceOf(part));
     }
@@ -113,8 +113,7 @@ private:
         const std::string main = !account_.currency.empty()      ? account_.currency
                                  : !balances_.Currency().empty() ? balances_.Currency()
                                                                  : entryCurrency_;
-        if (account_.currency.empty())
-            held.currencies.merge(currencies_);
+        held.currencies.merge(currencies_);
         held.currencies.insert(main);
         for (const auto& [currency, chosen] : balances) {
             held.currencies.insert(currency);

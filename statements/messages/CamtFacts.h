@@ -23,7 +23,8 @@ public:
     explicit CamtFacts(std::string_view text);
 
     /// Number of the account of a statement, by its place in the file, in a currency; an entry
-    /// without a currency is in the statement's. Nothing if the account is not held in it.
+    /// without a currency is in the statement's. Nothing if no booked entry and no balance is in
+    /// it.
     [[nodiscard]] std::optional<std::size_t> AccountOf(std::size_t statement,
                                                        const std::string& currency) const;
     [[nodiscard]] const StatementAccount& Account(std::size_t number) const

@@ -65,7 +65,7 @@ public:
             return;
         }
         const auto account = facts_.AccountOf(statement_, entry->currency);
-        // Entries without an account of theirs are listed under that of the statement.
+        // A currency of entries that are left out has no account of its own.
         accounts_.To(account ? *account : *facts_.AccountOf(statement_, {}));
         if (const auto reason = WhyNot(*entry, part, account.has_value()))
             LeaveOut(line, *reason, SummaryOf(part, *entry));
@@ -103,6 +103,10 @@ private:
         entry.row.line = line;
         facts_.Identify(statement_, part, entry.row);
         sink_.Row(entry.row);
+        if (!entry.unfitPieces.empty())
+            LeaveOut(line, LeftOutReason::NotARow,
+                     FirstWords("pieces that do not add up to " + entry.row.amount.ToText() + ": " +
+                                entry.unfitPieces));
     }
     void LeaveOut(std::size_t line, LeftOutReason reason, const std::string& text)
     {

@@ -71,9 +71,9 @@ bool LineCutter::Next(std::string_view& line)
     if (at_ >= text_.size())
         return false;
     // Looked for once, however many lines end with carriage returns before it.
-    if (feed_ == std::string_view::npos || feed_ < at_)
+    if (!feed_ || *feed_ < at_)
         feed_ = std::min(text_.find('\n', at_), text_.size());
-    line = text_.substr(at_, feed_ - at_);
+    line = text_.substr(at_, *feed_ - at_);
     line = line.substr(0, line.find('\r'));
     const std::size_t end = at_ + line.size();
     at_ = end + (text_.substr(end, 2) == "\r\n" ? 2 : 1);
