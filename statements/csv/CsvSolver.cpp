@@ -4,6 +4,7 @@
 #include <functional>
 #include <set>
 
+#include "statements/csv/ColumnQuestions.h"
 #include "statements/csv/CsvCells.h"
 #include "statements/csv/CsvRows.h"
 #include "statements/csv/CutEnd.h"
@@ -99,16 +100,7 @@ private:
     /// A table that lacks a date or an amount: the user may know its columns.
     CsvSolution WithoutColumns()
     {
-        OpenQuestion question{.question = StatementQuestion::Columns,
-                              .options = {},
-                              .why = Columns().dates.empty()
-                                         ? "No column of the table holds dates."
-                                         : "No column of the table is known to hold amounts."};
-        for (std::size_t i = 0; i < table_.Width(); ++i)
-            question.options.push_back(table_.NameOf(i));
-        if (!question.options.empty())
-            question.proposed = question.options.front();
-        solution_.questions.push_back(question);
+        solution_.questions.push_back(UnknownColumns(table_, Columns()));
         return std::move(solution_);
     }
 
@@ -323,46 +315,7 @@ private:
 
     void AskColumns(std::size_t equals, std::size_t chosen)
     {
-        OpenQuestion question{.question = StatementQuestion::Columns,
-                              .options = {},
-                              .why = "Several columns could hold the amount."};
-        for (std::size_t i = 0; i < equals; ++i)
-            question.options.push_back(NameOf(Columns().sources[i]));
-        for (const std::string& option : std::vector<std::string>(question.options))
-            if (std::count(question.options.begin(), question.options.end(), option) > 1)
-                for (std::size_t i = 0; i < equals; ++i)
-                    question.options[i] = NumberedNameOf(Columns().sources[i]);
-        question.proposed =
-            chosen < equals ? question.options[chosen] : NameOf(Columns().sources[chosen]);
-        solution_.questions.push_back(question);
-    }
-
-    /// The columns of a source, of several the one of what goes out first.
-    static std::vector<std::size_t> ColumnsOf(const AmountSource& source)
-    {
-        std::vector<std::size_t> columns;
-        for (const auto& column : {source.amount, source.out, source.in})
-            if (column)
-                columns.push_back(*column);
-        return columns;
-    }
-    [[nodiscard]] std::string NameOf(const AmountSource& source) const
-    {
-        std::string name;
-        for (const std::size_t column : ColumnsOf(source))
-            name += (name.empty() ? "" : " + ") + table_.NameOf(column);
-        return name;
-    }
-    /// For names that are equal: "3: CAD$ + 4: USD$".
-    [[nodiscard]] std::string NumberedNameOf(const AmountSource& source) const
-    {
-        std::string name;
-        for (const std::size_t column : ColumnsOf(source)) {
-            const std::string number = std::to_string(column + 1);
-            const std::string own = table_.NameOf(column);
-            name += (name.empty() ? "" : " + ") + number + (own == number ? "" : ": " + own);
-        }
-        return name;
+        solution_.questions.push_back(WhichAmount(table_, Columns(), equals, chosen));
     }
 
     void AskDecimal()

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "statements/csv/AmountSigns.h"
-#include "statements/csv/BalanceChain.h"
 #include "statements/csv/CsvColumns.h"
 #include "statements/csv/CsvTable.h"
+#include "statements/csv/RowBalanceChain.h"
 
 namespace clb {
 

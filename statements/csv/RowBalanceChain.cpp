@@ -1,11 +1,11 @@
-#include "statements/csv/BalanceChain.h"
+#include "statements/csv/RowBalanceChain.h"
 
 #include <algorithm>
 
 namespace clb {
 
 void RowBalanceChain::Add(std::string_view account, std::optional<Money> amount,
-                       std::optional<Money> balance, std::uint64_t currency)
+                          std::optional<Money> balance, std::uint64_t currency)
 {
     auto found = accounts_.find(account);
     if (found == accounts_.end())
@@ -23,7 +23,7 @@ void RowBalanceChain::Add(std::string_view account, std::optional<Money> amount,
 }
 
 void RowBalanceChain::Compare(const Account& account, std::uint64_t own, std::uint64_t balance,
-                           bool changes)
+                              bool changes)
 {
     const std::uint64_t change = balance - account.balance;
     const std::uint64_t withOwn = account.between + own;
