@@ -80,6 +80,7 @@ void ColumnLists::Add(const std::string& field, const std::string& name, const s
         if (choosing_)
             return;
         Exclude(field);
+        Release(field);
         changed_.emit();
     });
     roles_.push_back(std::move(role));
@@ -104,6 +105,55 @@ void ColumnLists::Exclude(const std::string& field)
         if (amount != (std::string_view(other) == "amount"))
             Find(other).list->Index(0);
     choosing_ = false;
+}
+
+/// A column that holds something else is no description or note any more.
+void ColumnLists::Release(const std::string& field)
+{
+    if (field == "name" || field == "text")
+        return;
+    const StatementTable::Columns taken = ColumnsOf(ChosenOf(Find(field)));
+    StatementTable::Columns names = ColumnsOf(ChosenOf(Find("name")));
+    StatementTable::Columns texts = ColumnsOf(ChosenOf(Find("text")));
+    const auto isTaken = [&taken](std::size_t column) {
+        return std::find(taken.begin(), taken.end(), column) != taken.end();
+    };
+    if (std::erase_if(names, isTaken) + std::erase_if(texts, isTaken) == 0)
+        return;
+    if (names.empty() && !texts.empty()) {
+        names = {texts.front()};
+        texts.erase(texts.begin());
+    }
+    choosing_ = true;
+    Choose(Find("name"), names);
+    Choose(Find("text"), texts);
+    choosing_ = false;
+}
+
+void ColumnLists::Choose(Role& role, const StatementTable::Columns& columns)
+{
+    const std::string spec = SpecOf(columns);
+    auto item = std::find(role.items.begin(), role.items.end(), spec);
+    if (item == role.items.end()) {
+        role.list->Add(TextOf(columns));
+        item = role.items.insert(role.items.end(), spec);
+    }
+    role.list->Index(static_cast<std::int32_t>(item - role.items.begin()));
+}
+
+StatementTable::Columns ColumnLists::ColumnsOf(const std::string& spec)
+{
+    StatementTable::Columns columns;
+    for (const std::string& number : Split(spec, '+'))
+        if (number.starts_with('#'))
+            columns.push_back(std::stoul(number.substr(1)) - 1);
+    return columns;
+}
+
+ColumnLists::Role& ColumnLists::Find(const std::string& field)
+{
+    return *std::find_if(roles_.begin(), roles_.end(),
+                         [&field](const Role& role) { return role.field == field; });
 }
 
 const ColumnLists::Role& ColumnLists::Find(const std::string& field) const

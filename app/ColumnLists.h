@@ -47,8 +47,12 @@ private:
     [[nodiscard]] std::string TextOf(const StatementTable::Columns& columns) const;
     static std::string SpecOf(const StatementTable::Columns& columns);
     [[nodiscard]] const Role& Find(const std::string& field) const;
+    Role& Find(const std::string& field);
     static const std::string& ChosenOf(const Role& role);
     void Exclude(const std::string& field);
+    void Release(const std::string& field);
+    void Choose(Role& role, const StatementTable::Columns& columns);
+    static StatementTable::Columns ColumnsOf(const std::string& spec);
 
     StatementTable table_;
     std::vector<Role> roles_;

@@ -80,13 +80,15 @@ std::optional<StatementAnswers> StatementQuestions::RememberedFor(const IStateme
     return found ? std::optional(found->answers) : std::nullopt;
 }
 
-void StatementQuestions::Choosing(const StatementAccount& account, std::size_t place)
+void StatementQuestions::Choosing(const StatementAccount& account, std::size_t place,
+                                  const AccountCheck& check)
 {
     unnamed_ = unnamed_ || (place == 0 && StatementSurvey::KeyOf(account).first.empty());
     window_.ProposeAccount({.question = QuestionFor(account),
                             .description = account.name,
                             .type = account.type,
-                            .existing = ExistingFor(account, place)});
+                            .existing = ExistingFor(account, place),
+                            .refuses = check});
 }
 
 std::string StatementQuestions::QuestionFor(const StatementAccount& account) const

@@ -22,7 +22,8 @@ public:
     std::optional<StatementAnswers> Ask(const std::string& source, const IStatementReader& reader,
                                         const std::vector<OpenQuestion>& questions,
                                         const StatementAnswers& given) override;
-    void Choosing(const StatementAccount& account, std::size_t place) override;
+    void Choosing(const StatementAccount& account, std::size_t place,
+                  const AccountCheck& check) override;
     void Stored(const ImportedStatement& statement, const StatementAnswers& answers) override;
 
 private:

@@ -184,13 +184,13 @@ bool IsOther(const ImportedFile& file)
 }
 
 /// Reports the statements of a file. What is none is only listed if nobody said that it is one, or
-/// if there are statements beside it in an archive.
+/// if there are statements beside it in an archive. Its name may say so, inside an archive too.
 void Add(std::vector<ImportedFile> results, const FoundFile& file, ImportReport& report)
 {
     const bool list =
         !file.isNamed || (results.size() > 1 && !std::ranges::all_of(results, IsOther));
     for (ImportedFile& imported : results)
-        if (list && IsOther(imported))
+        if (list && IsOther(imported) && !IsNamedStatement(imported.statement.source))
             report.AddOther({imported.statement.source, ReasonOf(imported.statement)});
         else
             report.Add(std::move(imported));

@@ -45,10 +45,28 @@ std::string OnlyAccountDescribedAs(clsDatabase& data, const std::string& descrip
     return description;
 }
 
-void ImportAnswers::Choosing(const StatementAccount& account, std::size_t place)
+void ImportAnswers::Begin(const std::string& /*source*/, const IStatementReader& /*reader*/)
+{
+    refusal_.clear();
+    unknown_ = 0;
+}
+
+void ImportAnswers::Choosing(const StatementAccount& account, std::size_t place,
+                             const AccountCheck& check)
 {
     account_ = account;
     first_ = place == 0;
+    check_ = check;
+}
+
+std::string ImportAnswers::WhyNoAccount() const
+{
+    if (!refusal_.empty())
+        return refusal_;
+    return options_.map || options_.mapped
+               ? "The file's account is not known, and --map names one account only. --create "
+                 "makes a new one."
+               : kAccountMissing;
 }
 
 std::optional<StatementAnswers> ImportAnswers::Ask(const std::string& source,
@@ -82,10 +100,19 @@ bool ImportAnswers::Answer(Form& form)
     if (unnamed && first_ && options_.unnamed)
         return Map(form, *options_.unnamed);
     if (options_.map && first_) {
-        const std::string description = *options_.map;
-        if (!unnamed)
+        if (!unnamed && unknown_ > 1) {
+            refusal_ = "The file has " + std::to_string(unknown_) +
+                       " accounts that are not known, and --map names one only. Nothing of it was "
+                       "imported. --create makes new ones.";
+            return false;
+        }
+        if (!Map(form, *options_.map))
+            return false;
+        if (!unnamed) {
             options_.map.reset();
-        return Map(form, description);
+            options_.mapped = true;
+        }
+        return true;
     }
     if (!options_.create)
         return false;
@@ -105,6 +132,9 @@ bool ImportAnswers::Create(Form& form, const std::string& description) const
 
 bool ImportAnswers::Map(Form& form, const std::string& description)
 {
+    refusal_ = check_(description);
+    if (!refusal_.empty())
+        return false;
     FormUser user(form);
     return user.Option("optAccount(1)") && user.Choose("cmbAccountID", description) &&
            user.Press("btnOK");

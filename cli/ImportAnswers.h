@@ -18,6 +18,7 @@ struct AccountOptions {
     std::string type;                    ///< of the new account; empty: as the file says
     std::optional<std::string> map;      ///< description of an account that is there
     std::optional<std::string> unnamed;  ///< the same for files that name no account
+    bool mapped = false;                 ///< map has been given the number of a file
 };
 
 /// Works the dialog that asks for a statement's account, and leaves the questions about a file
@@ -38,19 +39,26 @@ public:
     std::optional<StatementAnswers> Ask(const std::string& source, const IStatementReader& reader,
                                         const std::vector<OpenQuestion>& questions,
                                         const StatementAnswers& given) override;
-    void Choosing(const StatementAccount& account, std::size_t place) override;
+    void Begin(const std::string& source, const IStatementReader& reader) override;
+    void Unknown(std::size_t accounts) override { unknown_ = accounts; }
+    void Choosing(const StatementAccount& account, std::size_t place,
+                  const AccountCheck& check) override;
+    [[nodiscard]] std::string WhyNoAccount() const override;
 
 private:
     bool Answer(Form& form);
     bool Create(Form& form, const std::string& description) const;
-    static bool Map(Form& form, const std::string& description);
+    bool Map(Form& form, const std::string& description);
     [[nodiscard]] std::int32_t CountDescribedAs(const std::string& description) const;
     [[nodiscard]] std::string NewDescription(const std::string& wanted) const;
 
     AccountOptions& options_;
     clsDatabase* data_ = nullptr;
     StatementAccount account_;
-    bool first_ = true;                                          ///< of its file
+    AccountCheck check_;
+    std::size_t unknown_ = 0;  ///< accounts of the file
+    std::string refusal_;      ///< why no account was chosen, if there is more to say
+    bool first_ = true;        ///< of its file
     std::map<std::string, std::vector<StatementRow>> proposed_;  ///< by source
 };
 

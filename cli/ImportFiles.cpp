@@ -125,6 +125,11 @@ FoundFiles StatementsIn(const std::string& folder)
 
 }  // namespace
 
+bool IsNamedStatement(const std::string& path)
+{
+    return NameOf(path) == Named::Statement;
+}
+
 FoundFiles FindStatements(const std::vector<std::string>& words)
 {
     FoundFiles all;

@@ -33,6 +33,9 @@ struct FoundFiles {
 /// Skips folders that cannot be read.
 [[nodiscard]] FoundFiles FindStatements(const std::vector<std::string>& words);
 
+/// Whether the file's name has an ending that only statements have, such as ".ofx".
+[[nodiscard]] bool IsNamedStatement(const std::string& path);
+
 /// A copy of a program folder's database, to try an import on. The destructor removes it. The
 /// original is only read.
 class TrialFolder {

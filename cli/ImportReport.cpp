@@ -125,7 +125,8 @@ bool ImportReport::AnyRefused() const
 void ImportReport::PrintOne(bool json) const
 {
     const ImportedFile& file = files_.front();
-    const bool imported = !file.statement.accounts.empty();
+    const bool imported = !file.refused && file.statement.refused.empty() &&
+                          file.statement.asked.empty() && !file.statement.kind.empty();
     std::cerr << (file.failed ? "clb: " : "") << file.messages;
     if (file.accountMissing)
         std::cerr << "The file's account is not known. Say which it is:\n"

@@ -157,6 +157,8 @@ bool frmSelectAccount::MapAccount()
     if (!ListedAccountIsThere())
         return Refuse("Another program has meanwhile deleted the account " + cmbAccountID.Text() +
                       ". Please choose another one.");
+    if (const std::string why = WhyNotMapped(); !why.empty())
+        return Refuse(why);
     if (hasID_)
         MapToStatement();
     else
@@ -183,6 +185,15 @@ bool frmSelectAccount::ListedAccountIsThere()
     const Connection::Untraced untraced(database_.Database());
     return database_.RowExists(
         "Account", "Description = '" + clsDatabase::ToSqlString(cmbAccountID.Text()) + "'");
+}
+
+/// Why the chosen account cannot take the statement; empty if it can.
+std::string frmSelectAccount::WhyNotMapped()
+{
+    if (!proposal_.refuses)
+        return {};
+    const Connection::Untraced untraced(database_.Database());
+    return proposal_.refuses(cmbAccountID.Text());
 }
 
 /// The account numbers that the mapping changes.

@@ -1,5 +1,6 @@
 // The dialog Select Account.
 #pragma once
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,6 +21,8 @@ struct AccountProposal {
     std::string description;  ///< of a new account
     std::string type;         ///< of a new account, if it is one that the dialog lists
     std::string existing;     ///< description of the account to map to; empty: none is proposed
+    /// Why the account of a description cannot be mapped to; empty texts: it can.
+    std::function<std::string(const std::string& description)> refuses{};
 };
 
 /// The dialog "Select Account". It asks for the account of a statement whose own account is not
@@ -53,6 +56,7 @@ private:
     bool Refuse(const std::string& why);
     bool NumberTaken();
     bool ListedAccountIsThere();
+    std::string WhyNotMapped();
     std::string NewIdentifier();
     void ShowInTree();
     void FollowShownAccount();

@@ -19,12 +19,20 @@ bool EndsValue(char c)
     return c == '<' || c == '\r' || c == '\n';
 }
 
+bool IsCarried(std::string_view text)
+{
+    // Three searches for one byte are quicker than one for three.
+    return text.find('<') == std::string_view::npos && text.find('\r') == std::string_view::npos &&
+           text.find('\n') == std::string_view::npos;
+}
+
 /// Appends a value, which ends at the next tag or line end.
 void AppendValue(std::string& text, std::string_view value)
 {
-    const std::size_t begin = text.size();
     text += value;
-    std::replace_if(text.begin() + static_cast<std::ptrdiff_t>(begin), text.end(), EndsValue, ' ');
+    if (!IsCarried(value))
+        std::replace_if(text.end() - static_cast<std::ptrdiff_t>(value.size()), text.end(),
+                        EndsValue, ' ');
 }
 
 std::string Value(std::string_view text)
@@ -32,11 +40,6 @@ std::string Value(std::string_view text)
     std::string value;
     AppendValue(value, text);
     return value;
-}
-
-bool IsCarried(const std::string& text)
-{
-    return std::none_of(text.begin(), text.end(), EndsValue);
 }
 
 void AppendDay(std::string& text, const Date& date)

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 
-#include "base/Text.h"
 #include "intake/Digest.h"
 #include "intake/RowTexts.h"
 
@@ -21,7 +20,11 @@ bool IsPlain(const std::string& identifier)
 
 std::string Hashed(std::string_view content)
 {
-    return ToUpperAscii(Sha256(content).substr(0, kDigits));
+    std::string digest = Sha256(content);
+    digest.resize(kDigits);
+    for (char& digit : digest)
+        digit = digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit;
+    return digest;
 }
 
 }  // namespace
@@ -39,12 +42,12 @@ std::string RowIdentifiers::Digest(const StatementRow& row, const std::string& i
 
 std::string RowIdentifiers::Make(const StatementRow& row)
 {
-    const std::string digest = Digest(row, row.sharedIdentifier);
+    std::string digest = Digest(row, row.sharedIdentifier);
     std::uint32_t place = equals_.Add(std::hash<std::string>()(digest));
     // The first has the number that Further gives if the row is in a file without the others.
     if (!row.sharedIdentifier.empty())
         --place;
-    return digest + "-" + std::to_string(place);
+    return digest.append("-").append(std::to_string(place));
 }
 
 std::string RowIdentifiers::OfBank(const std::string& identifier)

@@ -16,6 +16,7 @@ constexpr std::string_view kBlank = "(BLANK)";
 std::string Comparable(std::string_view text)
 {
     std::string folded;
+    folded.reserve(text.size());
     for (const char c : text) {
         const bool blank = c == ' ' || c == '\t' || c == '\r' || c == '\n';
         if (!blank)

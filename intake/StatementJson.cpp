@@ -24,7 +24,7 @@ std::string SentenceOf(const OpenQuestion& open)
         options += (options.empty() ? "" : ", ") + option;
     return std::string("The file leaves open ") + SubjectOf(open.question) +
            (options.empty() ? "" : " (" + options + ")") + ". " +
-           (open.why.empty() ? "" : open.why + " ") + "Say it with " + OptionOf(open.question) +
+           (open.why.empty() ? "" : open.why + " ") + "Answer with " + OptionOf(open.question) +
            ".";
 }
 

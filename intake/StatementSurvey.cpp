@@ -11,6 +11,8 @@ StatementSurvey::Key StatementSurvey::KeyOf(const StatementAccount& account)
 
 std::optional<bool> StatementSurvey::Balanced(const SurveyedAccount& account)
 {
+    if (!account.balances.breaks.empty())
+        return false;
     if (!account.balances.opening || !account.balances.closing)
         return std::nullopt;
     try {
@@ -37,6 +39,7 @@ void StatementSurvey::EndAccount(const StatementBalances& balances)
         all.closing = balances.closing;
         all.closingDate = balances.closingDate;
     }
+    all.breaks.insert(all.breaks.end(), balances.breaks.begin(), balances.breaks.end());
 }
 
 void StatementSurvey::Row(const StatementRow& row)

@@ -31,8 +31,8 @@ public:
     [[nodiscard]] const std::vector<LeftOutPart>& LeftOut() const { return leftOut_; }
     /// The account that rows belong to at the moment, among Accounts().
     [[nodiscard]] std::size_t Place() const { return current_; }
-    /// Whether opening balance and rows make the closing balance. Nothing if the file lacks one of
-    /// them.
+    /// Whether opening balance and rows make the closing balance, and no balance beside a row
+    /// breaks the chain. Nothing if the file lacks them.
     static std::optional<bool> Balanced(const SurveyedAccount& account);
 
     // IStatementSink

@@ -1,26 +1,23 @@
 #include "intake/WideImport.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "data/clsDatabase.h"
 #include "import/StatementFile.h"
 #include "import/modImport.h"
 #include "intake/AccountFeed.h"
+#include "intake/AccountFinder.h"
 #include "intake/Digest.h"
 #include "intake/ImportRecords.h"
 #include "intake/KeptRows.h"
 #include "intake/SpecifiedText.h"
 #include "statements/kinds/StatementReaders.h"
+#include "statements/source/Archive.h"
 #include "statements/source/SourceFile.h"
 
 namespace clb {
 namespace {
-
-/// Thrown to leave a statement; the message is a sentence for the user.
-class Refused : public RuntimeError {
-public:
-    explicit Refused(const std::string& message) : RuntimeError(errors::InvalidCall, message) {}
-};
 
 /// Hands the rows of a statement to a function.
 class EachRow : public IStatementSink {
@@ -34,6 +31,22 @@ public:
 private:
     std::function<void(const StatementRow&)> take_;
 };
+
+/// Refuses a file of an archive that is one itself and may hold statements. A document of an office
+/// program is not a statement.
+void RequireNoArchive(const std::string& bytes)
+{
+    if (IsZip(bytes))
+        (void)FilesInArchive(bytes);
+    if (IsZip(bytes) || IsGzip(bytes))
+        throw StatementRefused("An archive inside an archive is not unpacked. Unpack it first.");
+}
+
+bool HasRows(const StatementSurvey& survey)
+{
+    return std::ranges::any_of(survey.Accounts(),
+                               [](const SurveyedAccount& account) { return account.rows > 0; });
+}
 
 std::string DescriptionOf(clsDatabase& database, const std::string& accountID)
 {
@@ -78,8 +91,9 @@ std::vector<ImportedStatement> WideImport::Import(const std::string& path)
     std::vector<ImportedStatement> results;
     try {
         for (SourceFile& file : Unpack(name, std::move(bytes))) {
+            const bool inside = file.name != name;
             Source source{std::move(file), sha256, {}, {}, given_, {}};
-            Import(source);
+            Import(source, inside);
             results.push_back(std::move(source.result));
         }
         if (results.empty())
@@ -90,10 +104,12 @@ std::vector<ImportedStatement> WideImport::Import(const std::string& path)
     return results;
 }
 
-void WideImport::Import(Source& source)
+void WideImport::Import(Source& source, bool inside)
 {
     source.result.source = source.file.name;
     try {
+        if (inside)
+            RequireNoArchive(source.file.bytes);
         source.text = MayBeSpecified(source.file)
                           ? DecodeStatement(source.file.bytes, encoding_)
                           : DecodeStatement(std::move(source.file.bytes), encoding_);
@@ -112,7 +128,7 @@ void WideImport::Import(Source& source)
         source.result.refused = error.what();
         source.result.notAStatement = true;
         source.result.unknownFormat = dynamic_cast<const UnknownFormat*>(&error) != nullptr;
-    } catch (const Refused& error) {
+    } catch (const StatementRefused& error) {
         source.result.refused = error.what();
         ShowRows(source);
     }
@@ -137,35 +153,12 @@ bool WideImport::Settle(Source& source)
 /// Shows the rows of a statement that is not stored.
 void WideImport::ShowRows(const Source& source) const
 {
-    if (!watch_)
+    if (!watch_ || !source.reader)
         return;
     const FeedWatch watch = WatchOf(source);
     EachRow shown(
         [&watch](const StatementRow& row) { watch(row, row.identifier, RowState::Read); });
     source.reader->Read(source.answers, shown);
-}
-
-/// The number under which the book has an account of the file. Further currencies of one number
-/// have accounts of their own.
-std::string WideImport::FindAccount(const StatementSurvey& survey, std::size_t place,
-                                    const std::vector<std::string>& found)
-{
-    const std::vector<SurveyedAccount>& accounts = survey.Accounts();
-    const auto [number, currency] = StatementSurvey::KeyOf(accounts[place].account);
-    std::string accountID = number;
-    for (std::size_t other = 0; other < place; ++other)
-        if (StatementSurvey::KeyOf(accounts[other].account).first == number) {
-            accountID = found[other] + "-" + currency;
-            break;
-        }
-    if (!import_.FindAccount(accountID))
-        throw Refused(kAccountMissing);
-    const std::string earlier = ImportRecords(database_).CurrencyOf(accountID);
-    if (!earlier.empty() && !currency.empty() && earlier != currency)
-        throw Refused("The account '" + DescriptionOf(database_, accountID) + "' is kept in " +
-                      earlier + ", but the statement is in " + currency +
-                      ". Nothing of it was imported.");
-    return accountID;
 }
 
 /// The book was not locked while the user chose.
@@ -175,7 +168,7 @@ void WideImport::RequireAccounts(const std::vector<std::string>& found)
     for (const std::string& accountID : found)
         if (!database_.RowExists("Account",
                                  "AccountID = '" + clsDatabase::ToSqlString(accountID) + "'"))
-            throw Refused(
+            throw StatementRefused(
                 "Another program has deleted an account of the statement meanwhile. "
                 "Nothing was imported.");
 }
@@ -198,11 +191,12 @@ bool WideImport::PassWhole(const KeptRows& rows, std::string text, AccountFeed& 
 void WideImport::Store(Source& source, KeptRows& rows)
 {
     const StatementSurvey& survey = rows.Survey();
-    std::vector<std::string> found;
-    for (std::size_t place = 0; place < survey.Accounts().size(); ++place) {
-        asker_.Choosing(survey.Accounts()[place].account, place);
-        found.push_back(FindAccount(survey, place, found));
+    AccountFinder finder(database_, import_, asker_, survey);
+    if (!HasRows(survey)) {
+        StoreNone(survey, finder.FindKnown(), source.result);
+        return;
     }
+    const std::vector<std::string> found = finder.Find();
     RequireAccounts(found);
     std::string text = SpecifiedText(source.file, source.reader->Kind(), rows);
     source.Forget();
@@ -217,6 +211,20 @@ void WideImport::Store(Source& source, KeptRows& rows)
         feeds[place]->Finish();
         Report(survey.Accounts()[place], found[place], *feeds[place], source.result);
     }
+}
+
+/// Balances without rows make no account, but are told for one that is there.
+void WideImport::StoreNone(const StatementSurvey& survey, const std::vector<std::string>& found,
+                           ImportedStatement& result)
+{
+    for (std::size_t place = 0; place < found.size(); ++place) {
+        const SurveyedAccount& account = survey.Accounts()[place];
+        if (!found[place].empty())
+            Report(account, found[place],
+                   AccountFeed(database_, import_, found[place], account.account), result);
+    }
+    if (result.accounts.empty() && result.leftOut.empty())
+        result.notes.emplace_back("The file has no transactions. No account was made for it.");
 }
 
 FeedWatch WideImport::WatchOf(const Source& source) const
@@ -241,7 +249,13 @@ void WideImport::Report(const SurveyedAccount& account, const std::string& accou
                                .closing = account.balances.closing,
                                .balanced = StatementSurvey::Balanced(account)});
     const ImportedAccount& imported = result.accounts.back();
-    if (imported.balanced == false)
+    for (const BalanceBreak& at : account.balances.breaks)
+        result.notes.push_back("Line " + std::to_string(at.line) +
+                               " does not fit the balances beside the rows of '" + imported.name +
+                               "': from " + at.before.ToText() + " its amount " +
+                               at.amount.ToText() + " does not lead to " + at.after.ToText() +
+                               ". Its amount may be wrong, or a row may be missing.");
+    if (imported.balanced == false && imported.opening && imported.closing)
         result.notes.push_back("The rows of '" + imported.name + "' do not add up: from " +
                                imported.opening->ToText() + " they do not lead to " +
                                imported.closing->ToText() + ", as the file says.");

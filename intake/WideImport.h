@@ -52,6 +52,10 @@ struct ImportedStatement {
 using RowWatch = std::function<void(const std::string& source, const StatementRow& row,
                                     const std::string& identifier, RowState state)>;
 
+/// Why the account of this description in the book cannot take the rows of a statement, a sentence;
+/// empty if it can.
+using AccountCheck = std::function<std::string(const std::string& description)>;
+
 /// Who answers what a file leaves open.
 class IStatementAsker {
 public:
@@ -63,9 +67,15 @@ public:
                                                 const StatementAnswers& given) = 0;
     /// The statement of this name begins. The reader lives until its accounts are chosen.
     virtual void Begin(const std::string& /*source*/, const IStatementReader& /*reader*/) {}
+    /// How many accounts of the statement have a number that the book does not have. Called before
+    /// any account is chosen.
+    virtual void Unknown(std::size_t /*accounts*/) {}
     /// The account of the book for this one of the file is about to be found; the user may be asked
     /// for it. place: among the accounts of the file, from 0.
-    virtual void Choosing(const StatementAccount& account, std::size_t place) = 0;
+    virtual void Choosing(const StatementAccount& account, std::size_t place,
+                          const AccountCheck& check) = 0;
+    /// Why no account was chosen, a sentence. Called if the user has chosen none.
+    [[nodiscard]] virtual std::string WhyNoAccount() const { return kAccountMissing; }
     /// The statement was stored, read under these answers. What is written now belongs to the same
     /// command.
     virtual void Stored(const ImportedStatement& /*statement*/, const StatementAnswers& /*answers*/)
@@ -94,12 +104,13 @@ public:
 private:
     struct Source;
 
-    void Import(Source& source);
+    /// inside: of an archive
+    void Import(Source& source, bool inside);
     bool Settle(Source& source);
     bool PassWhole(const KeptRows& rows, std::string text, AccountFeed& feed) const;
     void Store(Source& source, KeptRows& rows);
-    std::string FindAccount(const StatementSurvey& survey, std::size_t place,
-                            const std::vector<std::string>& found);
+    void StoreNone(const StatementSurvey& survey, const std::vector<std::string>& found,
+                   ImportedStatement& result);
     void RequireAccounts(const std::vector<std::string>& found);
     void Report(const SurveyedAccount& account, const std::string& accountID,
                 const AccountFeed& feed, ImportedStatement& result);

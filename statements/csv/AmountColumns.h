@@ -2,6 +2,7 @@
 #pragma once
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "statements/csv/ColumnNames.h"
@@ -24,6 +25,7 @@ public:
     [[nodiscard]] const NamedRole& operator[](std::size_t column) const { return roles_[column]; }
     [[nodiscard]] const ColumnFacts& Facts(std::size_t column) const { return facts_[column]; }
     [[nodiscard]] std::size_t Size() const { return roles_.size(); }
+    [[nodiscard]] const std::vector<std::string>& Names() const { return names_; }
     /// Number of rows, as far as a column is filled in all of them.
     [[nodiscard]] std::size_t Rows() const;
 
@@ -32,8 +34,10 @@ private:
     void FitName(std::size_t column);
     void ByCells(std::size_t column);
     void DropDoubtfulDates();
+    void FindOnlyDates();
 
     const std::vector<ColumnFacts>& facts_;
+    const std::vector<std::string>& names_;
     std::vector<NamedRole> roles_;
 };
 

@@ -36,15 +36,15 @@ bool AmountSigns::IsFilled(const CsvRecord& record) const
     return isFilled(source_.amount) || isFilled(source_.in) || isFilled(source_.out);
 }
 
-void AmountSigns::Count(const CsvRecord& record, CellSide side, std::size_t weight)
+void AmountSigns::Count(const CsvRecord& record, const RowWords& words)
 {
     if (source_.amount)
-        CountAmount(record, side, weight);
+        CountAmount(record, words);
     else
         CountPair(record);
 }
 
-void AmountSigns::CountAmount(const CsvRecord& record, CellSide side, std::size_t weight)
+void AmountSigns::CountAmount(const CsvRecord& record, const RowWords& words)
 {
     const auto written = Written(record.Field(*source_.amount));
     if (!written || written->amount.IsZero())
@@ -54,8 +54,9 @@ void AmountSigns::CountAmount(const CsvRecord& record, CellSide side, std::size_
     plus_ += written->mark == AmountMark::Plus ? 1U : 0U;
     credit_ += written->mark == AmountMark::Credit ? 1U : 0U;
     debit_ += written->mark == AmountMark::Debit ? 1U : 0U;
-    if (side != CellSide::None)
-        ((side == CellSide::Out) == negative ? agree_ : disagree_) += weight;
+    paymentsOut_ += negative && words.payment ? 1U : 0U;
+    if (words.side != CellSide::None)
+        ((words.side == CellSide::Out) == negative ? agree_ : disagree_) += words.weight;
     if (!source_.mark)
         return;
     switch (SideOfMark(record.Field(*source_.mark))) {
@@ -190,7 +191,11 @@ AmountSigns::Verdict AmountSigns::JudgeSigned() const
         return {Sign::Open, true, "The descriptions do not fit the signs of the amounts."};
     if (agree_ > 0 || plus_ > 0)
         return {};
-    if (positive_ >= 2 * negative_ && positive_ > 2)
+    if (paymentsOut_ == negative_ && positive_ >= negative_)
+        return {Sign::Open, true,
+                "Only payments are negative, as in files of cards that list purchases as "
+                "positive amounts."};
+    if (positive_ >= 2 * negative_)
         return {Sign::Open, true,
                 "Most amounts are positive; nothing says whether they come in or go out."};
     return {};

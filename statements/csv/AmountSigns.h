@@ -9,13 +9,19 @@
 
 namespace clb {
 
+/// What the descriptions of a row say about the way its money went.
+struct RowWords {
+    CellSide side = CellSide::None;
+    std::size_t weight = 1;  ///< how surely
+    bool payment = false;    ///< it is a payment, maybe to a card
+};
+
 /// Counts how the amounts of one source are written, and reads them by that.
 class AmountSigns {
 public:
     explicit AmountSigns(const AmountSource& source) : source_(source) {}
 
-    /// Counts a row. The side is what its description says, and the weight how surely.
-    void Count(const CsvRecord& record, CellSide side, std::size_t weight);
+    void Count(const CsvRecord& record, const RowWords& words);
     /// The amount of a row; positive comes in, as far as the source says. Nothing if the row has no
     /// amount that can be read, or if its sign cannot be known.
     [[nodiscard]] std::optional<Money> Read(const CsvRecord& record, char decimal) const;
@@ -43,7 +49,7 @@ public:
     [[nodiscard]] bool HasUnmarked() const { return unmarked_ > 0 && !SignsAgree(); }
 
 private:
-    void CountAmount(const CsvRecord& record, CellSide side, std::size_t weight);
+    void CountAmount(const CsvRecord& record, const RowWords& words);
     void CountPair(const CsvRecord& record);
     [[nodiscard]] Verdict JudgeMarked() const;
     [[nodiscard]] Verdict JudgeSigned() const;
@@ -64,6 +70,7 @@ private:
     AmountSource source_;
     std::size_t positive_ = 0;
     std::size_t negative_ = 0;
+    std::size_t paymentsOut_ = 0;  ///< negative amounts of payments
     std::size_t plus_ = 0;
     std::size_t credit_ = 0;
     std::size_t debit_ = 0;

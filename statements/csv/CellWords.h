@@ -11,12 +11,16 @@ enum class CellSide : std::uint8_t { None, In, Out };
 
 /// What the cell of a mark column says: "D", "Credit", "Af", "贷", "+". None for other texts.
 [[nodiscard]] CellSide SideOfMark(std::string_view cell);
-/// What a description says about the side: "Card purchase" goes out, "Salary" comes in. None if it
-/// says nothing, or both.
-[[nodiscard]] CellSide SideOfText(std::string_view text);
-
-/// Whether the text is a payment to a card: it comes in, whatever else the file holds.
-[[nodiscard]] bool IsCardPayment(std::string_view text);
+/// What the words of a description say.
+struct TextWords {
+    /// "Card purchase" goes out, "Salary" comes in. None if they say nothing, or both.
+    CellSide side = CellSide::None;
+    /// It is a payment to a card: it comes in, whatever else the file holds.
+    bool cardPayment = false;
+    /// It is a payment, to a card or out of an account.
+    bool payment = false;
+};
+[[nodiscard]] TextWords WordsOfText(std::string_view text);
 
 /// What a status says about its row.
 enum class CellStatus : std::uint8_t {
@@ -26,5 +30,7 @@ enum class CellStatus : std::uint8_t {
     Void      ///< declined, failed or reversed before it was booked
 };
 [[nodiscard]] CellStatus StatusOf(std::string_view cell);
+/// Whether the cell is a status whatever the name of its column is: not so "true" or "open".
+[[nodiscard]] bool IsPlainlyStatus(std::string_view cell);
 
 }  // namespace clb

@@ -15,23 +15,6 @@ constexpr std::size_t kMostValues = 40;
 constexpr std::size_t kAllOf = 1000;
 constexpr std::size_t kOneIn = 16;
 
-bool IsIban(std::string_view cell)
-{
-    std::size_t length = 0;
-    for (const char c : cell) {
-        if (c == ' ')
-            continue;
-        const auto code = static_cast<unsigned char>(c);
-        const bool fits = length < 2   ? c >= 'A' && c <= 'Z'
-                          : length < 4 ? IsDigit(code)
-                                       : IsDigit(code) || (c >= 'A' && c <= 'Z');
-        if (!fits)
-            return false;
-        ++length;
-    }
-    return length >= 15 && length <= 34;
-}
-
 /// Whether the number has decimals for sure: other than three digits after its last mark.
 bool HasFraction(std::string_view cell)
 {
@@ -70,7 +53,7 @@ void ColumnFacts::Add(std::string_view cell)
     const CellSide side = SideOfMark(cell);
     marksIn += side == CellSide::In ? 1U : 0U;
     marksOut += side == CellSide::Out ? 1U : 0U;
-    ibans += IsIban(cell) ? 1U : 0U;
+    ibans += IsIbanCell(cell) ? 1U : 0U;
     letters += HasLetters(cell) ? 1U : 0U;
     digits += std::all_of(cell.begin(), cell.end(), [](char c) { return c >= '0' && c <= '9'; })
                   ? 1U

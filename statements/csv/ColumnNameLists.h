@@ -335,43 +335,70 @@ inline constexpr std::array kColumnNames = std::to_array<ColumnNameList>({
      "reference number|reference no|referentie|referenz nr|referenznummer|numero de reference|"
      "numero reference|bank reference|referencia|ref number|ref no|numer referencyjny|"
      "referens|referensnummer|referencenummer|referanse|reference id|receipt id|"},
+    // Numbers or names that are surely of the own account.
     {ColumnRole::Account, 0,
-     "own account|auftragskonto|iban auftragskonto|konto iban|own account number|own iban|"
-     "eigen rekening|eigen rekeningnummer|account name|accountname|account id|accountid|"
-     "source account name|card no|card number|card num|card account|kartennummer|"
-     "numero de carte|kaartnummer|номер карты|卡号|账号|referenzkonto|kontobezeichnung|"
-     "bezeichnung auftragskonto|numer karty|cislo karty|kortnummer|kortnr|numero tarjeta|"
-     "numero carta|账户|本方账号|account|acct|konto|compte|rekening|cuenta|conto|rapporto|tili|"
-     "rachunek|ucet|conta|"},
+     "own account|auftragskonto|iban auftragskonto|konto iban|own account number|"
+     "own iban|eigen rekening|eigen rekeningnummer|account id|accountid|账号|"
+     "referenzkonto|账户|本方账号|account|acct|konto|compte|rekening|cuenta|conto|"
+     "rapporto|tili|rachunek|ucet|conta|bank account|bank account number|"
+     "posted account|accountnum|own account no|my account|your account|"
+     "your account number|numer rachunku karty|eigene iban|eigenes konto|iban konto|"
+     "mon compte|compte bancaire|propre compte|cuenta propia|cuenta bancaria|"
+     "conto proprio|conto corrente|conta corrente|conta bancaria|eget konto|"
+     "egen konto|oma tili|wlasny rachunek|moj rachunek|vlastni ucet|muj ucet|"
+     "мой счет|счет списания|本人账号|kendi hesap|sajat szamlaszam|"},
+    // Numbers of the own account, or of the other party.
     {ColumnRole::Account, 1,
-     "account number|account no|account num|acct no|kontonummer|kontonr|konto nr|kontonamn|"
-     "kontonavn|numero de compte|n de compte|compte numero|numero du compte|rekeningnummer|"
-     "iban bban|numero de cuenta|n cuenta|numero conto|numero conto corrente|tilinumero|"
-     "numer rachunku|nr rachunku|numer konta|konto rachunek|cislo uctu|numero da conta|iban|"
-     "номер счета|счет|clearingnummer kontonummer|reknr|口座番号|hesap no|מספר חשבון|szamlaszam|"},
+     "account number|account no|account num|acct no|kontonummer|kontonr|konto nr|"
+     "numero de compte|n de compte|compte numero|numero du compte|rekeningnummer|"
+     "iban bban|numero de cuenta|n cuenta|numero conto|numero conto corrente|"
+     "tilinumero|numer rachunku|nr rachunku|numer konta|konto rachunek|cislo uctu|"
+     "numero da conta|iban|номер счета|счет|clearingnummer kontonummer|"
+     "reknr|口座番号|hesap no|מספר חשבון|szamlaszam|accountno|accountnumber|"
+     "account nr|"},
+    // Names of the own account.
+    {ColumnRole::Account, 2,
+     "account name|accountname|source account name|kontobezeichnung|"
+     "bezeichnung auftragskonto|accountlabel|account label|account nickname|"
+     "account alias|nom du compte|nom compte|libelle compte|libelle du compte|"
+     "intitule compte|intitule du compte|naam rekening|rekeningnaam|nombre de cuenta|"
+     "nombre cuenta|alias cuenta|nome conto|nome conta|nome da conta|kontonamn|"
+     "kontonavn|kontoname|name des kontos|name konto|tilin nimi|nazwa rachunku|"
+     "nazwa konta|nazev uctu|nazov uctu|название счета|账户名称|"
+     "账户名|hesap adi|szamla neve|bank account name|posted account name|"},
+    // Cards of the own account.
+    {ColumnRole::Account, 3,
+     "card no|card number|card num|card account|kartennummer|numero de carte|"
+     "kaartnummer|номер карты|卡号|numer karty|cislo karty|kortnummer|kortnr|"
+     "numero tarjeta|numero carta|"},
     {ColumnRole::OtherAccount, 0,
-     "counterparty account|counterparty account number|counterparty iban|counter account|"
-     "gegenkonto|gegenkonto iban|iban gegenkonto|iban zahlungsbeteiligter|kontonummer iban|"
-     "iban kontonummer|iban des partners|partner iban|partner account number|"
-     "kontonummer des partners|bic|bic swift code|swift|swift bic|bic zahlungsbeteiligter|blz|"
-     "bankleitzahl|bank code|sort code|iban beguenstigter|empfanger iban|"
-     "iban des auftraggebers|bic des partners|auftraggeberkonto|zahlungspartner iban|"
+     "counterparty account|counterparty account number|counterparty iban|"
+     "counter account|gegenkonto|gegenkonto iban|iban gegenkonto|"
+     "iban zahlungsbeteiligter|kontonummer iban|iban kontonummer|iban des partners|"
+     "partner iban|partner account number|kontonummer des partners|iban beguenstigter|"
+     "empfanger iban|iban des auftraggebers|auftraggeberkonto|zahlungspartner iban|"
      "tegenrekening|tegenrekening iban bban|tegenrekeningnummer|rekening tegenpartij|"
      "compte contrepartie|compte de contrepartie|iban contrepartie|"
-     "numero de compte contrepartie|bic contrepartie|bic tegenpartij|cuenta destino|"
-     "cuenta origen|cuenta contraparte|iban tegenpartij|conto controparte|iban controparte|"
-     "iban beneficiario|motkonto|modkonto|til konto|fra konto|til konto nr|vastatili|"
-     "saajan tilinumero|saajan tilinumero ja pankin bic|saajan tili|rachunek kontrahenta|"
+     "numero de compte contrepartie|cuenta destino|cuenta origen|cuenta contraparte|"
+     "iban tegenpartij|conto controparte|iban controparte|iban beneficiario|motkonto|"
+     "modkonto|til konto|fra konto|til konto nr|vastatili|saajan tilinumero|"
+     "saajan tilinumero ja pankin bic|saajan tili|rachunek kontrahenta|"
      "numer rachunku kontrahenta|nr rachunku kontrahenta|rachunek przeciwstawny|"
      "rachunek nadawcy|rachunek odbiorcy|nr rachunku nadawcy odbiorcy|protiucet|"
      "cislo protiuctu|protiucet a kod banky|cislo uctu protistrany|cislo protistrany|"
-     "protiucet iban|kod banky|nazev banky|nazwa "
-     "banku|对方账号|对方卡号|对方账户|对方开户行|对方帐号|to account|"
+     "protiucet iban|对方账号|对方卡号|对方账户|对方帐号|to account|"
      "from account|payee account|payee account number|payee iban|other party account|"
      "other account|beneficiary account|beneficiary iban|other party account number|"
-     "account owner|bank|bank name|recipient account|sender account|счет контрагента|"
-     "funding source|destination|tegenrekening iban|iban counterparty|account payee|"
-     "contragerekening|kontonummer gegenkonto|auftraggeber iban|"},
+     "recipient account|sender account|счет контрагента|tegenrekening iban|"
+     "iban counterparty|account payee|contragerekening|kontonummer gegenkonto|"
+     "auftraggeber iban|compte partie adverse|gegenkontonummer|gegenkonto nummer|"
+     "gegenkonto nr|counterparty account no|"},
+    // Banks, and what else goes with an account.
+    {ColumnRole::OtherAccount, 1,
+     "bic|bic swift code|swift|swift bic|bic zahlungsbeteiligter|blz|bankleitzahl|"
+     "bank code|sort code|bic des partners|bic contrepartie|bic tegenpartij|kod banky|"
+     "nazev banky|nazwa banku|对方开户行|account owner|bank|bank name|funding source|"
+     "destination|"},
     {ColumnRole::Status, 0,
      "status|state|transaction status|transactionstatus|zustand|buchungsstatus|statut|etat|"
      "estado|stato|stan|stav|tila|交易状态|статус|pending|is pending|betaalstatus|umsatzstatus|"

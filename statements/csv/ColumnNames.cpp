@@ -43,7 +43,8 @@ std::string WithoutCurrency(std::string_view plain)
     std::string kept;
     for (const std::string& word : Split(plain, ' ')) {
         if (IsCurrencyCode(ToUpperAscii(word)) || word == "in" || word == "en" || word == "euro" ||
-            word == "euros" || word == "i" || word == "w" || word == "v")
+            word == "euros" || word == "i" || word == "w" || word == "v" || word == "r" ||
+            word == "us" || word == "kc" || word == "zl" || word == "kr" || word == "ft")
             continue;
         kept += (kept.empty() ? "" : " ") + word;
     }
@@ -57,11 +58,45 @@ bool HasAny(std::string_view name, std::initializer_list<std::string_view> parts
     });
 }
 
+/// Accounts by parts of the name: those of the other party, and numbers.
+NamedRole AccountByParts(std::string_view name)
+{
+    if (!HasAny(name, {"account", "konto", "compte", "rekening", "cuenta", "conto", "conta",
+                       "rachun",  "uctu",  "ucet",   "tili",     "iban",   "счет",  "账号",
+                       "账户",    "帐号",  "口座",   "hesap",    "szamla", "חשבון", "계좌"}))
+        return {};
+    if (HasAny(name,
+               {"gegen",      "counter",     "tegen",   "payee",   "benef",        "begunst",
+                "recip",      "recei",       "send",    "other",   "partner",      "contrepart",
+                "contrapart", "controparte", "adverse", "empfang", "auftraggeber", "zahlungs",
+                "ordenante",  "ordinante",   "destin",  "kontrah", "odbior",       "nadaw",
+                "protistran", "protiuc",     "prijemc", "saaja",   "vasta",        "mottag",
+                "modtag",     "mottak",      "avsend",  "afsend",  "remit",        "контраг",
+                "получат",    "отправ",      "对方",    "相手",    "karsi",        "alici",
+                "partia"}) ||
+        name.starts_with("mot") || name.starts_with("mod"))
+        return {ColumnRole::OtherAccount, 0};
+    const std::string padded = " " + std::string(name) + " ";
+    if (HasAny(padded, {"number", "numero", "nummer", "numer", "cislo", "iban", "номер", "账号",
+                        "帐号", "番号", "번호", "szamlaszam", "מספר", " nr ", " no ", " num "}))
+        return {ColumnRole::Account, 1};
+    return {};
+}
+
 /// By parts of the name, for names that no list has.
 NamedRole ByParts(std::string_view name)
 {
-    const bool original = HasAny(name, {"original", "foreign", "fremd", "origin", "vreemd"});
-    if (HasAny(name, {"currency", "wahrung", "币种", "валюта"}))
+    const bool original = HasAny(
+        name, {"original",  "foreign",  "fremd",    "origin",   "vreemd",  "urspr",    "oorspr",
+               "puvodn",    "pierwotn", "oryginal", "alkuper",  "исходн",  "первонач", "原始",
+               "外币",      "eredeti",  "orijinal", "oprind",   "opprinn", "etranger", "extranj",
+               "estranger", "estera",   "utland",   "udenland", "ulkom"});
+    if (HasAny(name, {"currency", "wahrung", "币种", "валюта"}) ||
+        (original &&
+         HasAny(name, {"munt", "devise", "divisa", "moneda", "moeda", "walut", "mena", "valut",
+                       "deviz", "ccy", "para birimi"}) &&
+         !HasAny(name, {"amount", "bedrag", "montant", "importe", "kwota", "castka", "belopp",
+                        "belob", "belop", "summa", "datum", "date", "kurs"})))
         return {original ? ColumnRole::OriginalCurrency : ColumnRole::Currency, 4};
     if (HasAny(name, {"balance", "saldo", "kontostand", "余额", "残高", "остаток"}))
         return {ColumnRole::Balance, 3};
@@ -84,7 +119,7 @@ NamedRole ByParts(std::string_view name)
     }
     if (HasAny(name, {"description", "verwendungszweck", "libelle", "omschrijving", "memo"}))
         return {ColumnRole::Text, 2};
-    return {};
+    return AccountByParts(name);
 }
 
 }  // namespace

@@ -5,13 +5,26 @@
 namespace clb {
 
 ColumnRoles::ColumnRoles(const CsvTable& table, const std::vector<ColumnFacts>& facts)
-    : facts_(facts)
+    : facts_(facts), names_(table.Names())
 {
     for (std::size_t i = 0; i < facts.size(); ++i) {
         roles_.push_back(i < table.Names().size() ? RoleOf(table.Names()[i]) : NamedRole{});
         FitToCells(i);
     }
     DropDoubtfulDates();
+    FindOnlyDates();
+}
+
+/// A column whose name says something else holds the days if no other column can.
+void ColumnRoles::FindOnlyDates()
+{
+    if (!With(ColumnRole::Date).empty() || !With(ColumnRole::ValueDate).empty())
+        return;
+    for (std::size_t i = 0; i < facts_.size(); ++i)
+        if (facts_[i].filled > 0 && facts_[i].filled == Rows() && facts_[i].dates == Rows()) {
+            roles_[i] = {ColumnRole::Date, 6};
+            return;
+        }
 }
 
 /// Six digits can be many things. They are days if no other column is.

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <set>
+#include <string>
+#include <vector>
 
 #include "statements/csv/ColumnNames.h"
 #include "statements/form/TextScan.h"
@@ -35,14 +38,6 @@ std::optional<std::size_t> Find(std::string_view column, const CsvTable& table)
     return ByNumber(column, table);
 }
 
-std::size_t Column(std::string_view column, const CsvTable& table)
-{
-    const auto found = Find(column, table);
-    if (!found)
-        throw NotAStatement("The table has no column \"" + std::string(column) + "\".");
-    return *found;
-}
-
 /// Applies the fields of one specification.
 class Spec {
 public:
@@ -50,6 +45,7 @@ public:
 
     void Field(std::string_view field, std::string_view value)
     {
+        fields_.emplace(field);
         if (field == "date")
             columns_.dates = Several(value);
         else if (field == "valuedate")
@@ -85,12 +81,23 @@ public:
 
     void Finish()
     {
+        TakeAmounts();
+        Release();
+    }
+
+private:
+    void TakeAmounts()
+    {
         if (!source_.amount && !source_.in && !source_.out) {
             if (mark_)
                 for (AmountSource& source : columns_.sources)
                     source.mark = source.amount ? mark_ : source.mark;
             return;
         }
+        if (source_.amount && (source_.in || source_.out))
+            throw NotAStatement(
+                "Columns cannot be given for amount= together with in= or out=: either one column "
+                "holds the amounts of both signs, or two do.");
         // A mark that the table itself has stays in force.
         for (const AmountSource& source : columns_.sources)
             mark_ = mark_ ? mark_ : source.mark;
@@ -103,8 +110,17 @@ public:
                 return i == source_.amount || i == source_.in || i == source_.out;
             });
     }
-
-private:
+    /// A column with a given meaning is no description or note any more.
+    void Release()
+    {
+        const auto taken = [this](std::size_t column) {
+            return std::find(given_.begin(), given_.end(), column) != given_.end();
+        };
+        if (!fields_.contains("name"))
+            std::erase_if(columns_.names, taken);
+        if (!fields_.contains("text"))
+            std::erase_if(columns_.texts, taken);
+    }
     void Amount(std::string_view value)
     {
         const auto whole = Find(value, table_);
@@ -113,18 +129,26 @@ private:
     }
     std::optional<std::size_t> One(std::string_view value)
     {
-        return value.empty() ? std::nullopt : std::optional(Column(value, table_));
+        return value.empty() ? std::nullopt : std::optional(Column(value));
+    }
+    std::size_t Column(std::string_view column)
+    {
+        const auto found = Find(column, table_);
+        if (!found)
+            throw NotAStatement("The table has no column \"" + std::string(column) + "\".");
+        given_.push_back(*found);
+        return *found;
     }
     std::vector<std::size_t> Several(std::string_view value)
     {
         std::vector<std::size_t> columns;
         if (value.empty())
             return columns;
-        if (const auto whole = Find(value, table_))
-            return {*whole};
+        if (Find(value, table_))
+            return {Column(value)};
         while (!value.empty()) {
             const std::size_t end = std::min(value.find('+'), value.size());
-            columns.push_back(Column(TrimSpaces(value.substr(0, end)), table_));
+            columns.push_back(Column(TrimSpaces(value.substr(0, end))));
             value.remove_prefix(std::min(end + 1, value.size()));
         }
         return columns;
@@ -132,6 +156,8 @@ private:
 
     const CsvTable& table_;
     CsvColumns& columns_;
+    std::set<std::string, std::less<>> fields_;  ///< that are given
+    std::vector<std::size_t> given_;             ///< columns of any of them
     AmountSource source_;
     std::optional<std::size_t> mark_;
 };

@@ -41,6 +41,23 @@ bool IsPlainlyAmount(std::string_view cell)
            });
 }
 
+bool IsIbanCell(std::string_view cell)
+{
+    std::size_t length = 0;
+    for (const char c : cell) {
+        if (c == ' ')
+            continue;
+        const auto code = static_cast<unsigned char>(c);
+        const bool fits = length < 2   ? c >= 'A' && c <= 'Z'
+                          : length < 4 ? IsDigit(code)
+                                       : IsDigit(code) || (c >= 'A' && c <= 'Z');
+        if (!fits)
+            return false;
+        ++length;
+    }
+    return length >= 15 && length <= 34;
+}
+
 bool IsDataRow(const CsvRecord& record)
 {
     std::size_t dates = 0;

@@ -14,5 +14,7 @@ namespace clb {
 [[nodiscard]] bool IsPlainlyAmount(std::string_view cell);
 /// Whether the record has a date, and an amount in another field.
 [[nodiscard]] bool IsDataRow(const CsvRecord& record);
+/// Whether the cell has the form of an IBAN, with spaces or without.
+[[nodiscard]] bool IsIbanCell(std::string_view cell);
 
 }  // namespace clb

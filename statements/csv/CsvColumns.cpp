@@ -3,26 +3,32 @@
 #include <algorithm>
 
 #include "statements/csv/AmountColumns.h"
+#include "statements/csv/CellWords.h"
 #include "statements/csv/ColumnNames.h"
 #include "statements/csv/ColumnSpec.h"
+#include "statements/csv/OwnAccount.h"
+#include "statements/csv/RowCurrency.h"
 
 namespace clb {
 namespace {
 
-/// More different values than these are not accounts of one person.
-constexpr std::size_t kMostAccounts = 12;
+/// Rank of columns of currencies that only their cells show.
+constexpr int kCurrencyByCells = 6;
 
 /// Chooses the columns of one table.
 class Chooser {
 public:
-    Chooser(const CsvTable& table, const std::vector<ColumnFacts>& facts) : roles_(table, facts) {}
+    Chooser(const CsvTable& table, const std::vector<ColumnFacts>& facts)
+        : roles_(table, facts), numberAbove_(NumberAbove(table))
+    {
+    }
 
     CsvColumns Choose()
     {
         Dates();
         AmountColumns(roles_, columns_).Find();
         Currency();
-        Account();
+        columns_.account = ChooseAccount(roles_, numberAbove_);
         Others();
         Texts();
         return std::move(columns_);
@@ -41,16 +47,17 @@ private:
 
     void Currency()
     {
-        const auto found = roles_.With(ColumnRole::Currency);
+        if (NamesCurrency())
+            return;
+        auto found = roles_.With(ColumnRole::Currency);
+        DropOriginals(found);
         if (found.empty())
             return;
         columns_.currency = found.front();
         if (columns_.sources.empty() || roles_[found.front()].rank == 0)
             return;
         // The one next to the amount.
-        const AmountSource& source = columns_.sources.front();
-        const std::size_t amount =
-            source.amount.value_or(source.out.value_or(source.in.value_or(0)));
+        const std::size_t amount = AmountColumn();
         const auto distance = [amount](std::size_t i) {
             return i > amount ? 2 * (i - amount) - 1 : 2 * (amount - i);
         };
@@ -59,20 +66,39 @@ private:
             [&](std::size_t one, std::size_t other) { return distance(one) < distance(other); });
     }
 
-    void Account()
+    [[nodiscard]] std::size_t AmountColumn() const
     {
-        const bool others = !roles_.With(ColumnRole::OtherAccount).empty();
-        const std::size_t rows = roles_.Rows();
-        for (const std::size_t i : roles_.With(ColumnRole::Account)) {
-            const ColumnFacts& facts = roles_.Facts(i);
-            // Several numbers in a column of doubtful name may be those of the other parties.
-            const bool sure = roles_[i].rank == 0 || others || facts.values.size() * 3 <= rows;
-            if (!columns_.account && facts.filled == rows &&
-                (facts.values.size() == 1 || (facts.values.size() <= kMostAccounts && sure)))
-                columns_.account = i;
-            else
-                roles_[i] = {ColumnRole::OtherAccount, 1};
-        }
+        const AmountSource& source = columns_.sources.front();
+        return source.amount.value_or(source.out.value_or(source.in.value_or(0)));
+    }
+
+    /// Whether the name of the amount says its currency, as "Amount (EUR)" does. Another column of
+    /// currencies is then that of other amounts.
+    [[nodiscard]] bool NamesCurrency() const
+    {
+        return !columns_.sources.empty() && AmountColumn() < roles_.Names().size() &&
+               !CurrencyInName(roles_.Names()[AmountColumn()]).empty();
+    }
+
+    /// Drops columns that belong to the original amount: those beside it, which some rows leave
+    /// empty, and those without a name if others have one.
+    void DropOriginals(std::vector<std::size_t>& found) const
+    {
+        const bool named = std::any_of(found.begin(), found.end(), [this](std::size_t i) {
+            return roles_[i].rank < kCurrencyByCells;
+        });
+        std::erase_if(found, [&](std::size_t i) {
+            return (IsBesideOriginal(i) && roles_.Facts(i).filled < roles_.Rows()) ||
+                   (named && roles_[i].rank >= kCurrencyByCells);
+        });
+    }
+
+    [[nodiscard]] bool IsBesideOriginal(std::size_t i) const
+    {
+        const auto originals = roles_.With(ColumnRole::OriginalAmount);
+        return std::any_of(originals.begin(), originals.end(), [i](std::size_t original) {
+            return original + 1 == i || original == i + 1;
+        });
     }
 
     void Others()
@@ -84,6 +110,10 @@ private:
         columns_.category = first(ColumnRole::Category);
         columns_.check = first(ColumnRole::Check);
         columns_.statuses = roles_.With(ColumnRole::Status);
+        for (const ColumnRole role : {ColumnRole::Unknown, ColumnRole::Text})
+            for (const std::size_t i : roles_.With(role))
+                if (HoldsStates(roles_.Facts(i)))
+                    columns_.statuses.push_back(i);
         for (const std::size_t i : roles_.With(ColumnRole::Id)) {
             // Running numbers and words begin anew in the next file.
             if (!columns_.id && roles_.Facts(i).shortest >= 6 &&
@@ -93,6 +123,16 @@ private:
             else
                 roles_[i] = {ColumnRole::Text, 3};
         }
+    }
+
+    /// Whether every cell says whether its row is booked, and some say that it is.
+    static bool HoldsStates(const ColumnFacts& facts)
+    {
+        const auto& values = facts.values;
+        return std::all_of(values.begin(), values.end(), IsPlainlyStatus) &&
+               std::any_of(values.begin(), values.end(), [](const std::string& value) {
+                   return StatusOf(value) == CellStatus::Booked;
+               });
     }
 
     void Texts()
@@ -118,8 +158,25 @@ private:
     }
 
     ColumnRoles roles_;
+    std::string numberAbove_;
     CsvColumns columns_;
 };
+
+/// Refuses given columns of dates in which nothing is a date, though the table has some.
+void RequireDates(std::string_view spec, const CsvTable& table,
+                  const std::vector<ColumnFacts>& facts, const CsvColumns& columns)
+{
+    if (spec.empty() || columns.dates.empty())
+        return;
+    const bool rows = std::any_of(facts.begin(), facts.end(),
+                                  [](const ColumnFacts& column) { return column.dates > 0; });
+    const bool dates = std::any_of(columns.dates.begin(), columns.dates.end(), [&](std::size_t i) {
+        return i < facts.size() && facts[i].dates > 0;
+    });
+    if (rows && !dates)
+        throw NotAStatement("Column \"" + table.NameOf(columns.dates.front()) +
+                            "\" holds no dates, though it is given as date=.");
+}
 
 }  // namespace
 
@@ -128,6 +185,7 @@ CsvColumns ChooseColumns(const CsvTable& table, const std::vector<ColumnFacts>& 
 {
     CsvColumns columns = Chooser(table, facts).Choose();
     ApplyColumnSpec(answers.columns, table, columns);
+    RequireDates(answers.columns, table, facts, columns);
     return columns;
 }
 

@@ -4,8 +4,11 @@
 #include <functional>
 #include <set>
 
+#include "statements/csv/ColumnQuestions.h"
 #include "statements/csv/CsvCells.h"
 #include "statements/csv/CsvRows.h"
+#include "statements/csv/CutEnd.h"
+#include "statements/csv/RowCurrency.h"
 #include "statements/csv/RowDates.h"
 #include "statements/csv/TableSurroundings.h"
 #include "statements/form/AmountText.h"
@@ -19,7 +22,6 @@ using DateText::Order;
 constexpr std::size_t kRowsWithWords = 3000;
 /// A payment to a card says as much as several other descriptions.
 constexpr std::size_t kCardPaymentWeight = 3;
-constexpr std::size_t kMostCurrencies = 20;
 
 const char* KeyOf(Order order)
 {
@@ -31,20 +33,26 @@ const char* KeyOf(Order order)
     return "";
 }
 
-/// What the descriptions of a row say about the side, and how surely.
-CellSide SideOfWords(const CsvColumns& columns, const CsvRecord& record, std::size_t& weight)
+/// What the descriptions of a row say about its side, and how surely.
+RowWords WordsOfRow(const CsvColumns& columns, const CsvRecord& record)
 {
+    RowWords words;
     bool in = false;
     bool out = false;
     for (const auto* list : {&columns.names, &columns.texts})
         for (const std::size_t column : *list) {
-            const CellSide side = SideOfText(record.Field(column));
-            if (IsCardPayment(record.Field(column)))
-                weight = kCardPaymentWeight;
-            in = in || side == CellSide::In;
-            out = out || side == CellSide::Out;
+            if (record.Field(column).empty())
+                continue;
+            const TextWords found = WordsOfText(record.Field(column));
+            if (found.cardPayment)
+                words.weight = kCardPaymentWeight;
+            words.payment = words.payment || found.payment;
+            in = in || found.side == CellSide::In;
+            out = out || found.side == CellSide::Out;
         }
-    return in == out ? CellSide::None : in ? CellSide::In : CellSide::Out;
+    if (in != out)
+        words.side = in ? CellSide::In : CellSide::Out;
+    return words;
 }
 
 /// One way to read amounts and balances, with how well they fit.
@@ -53,7 +61,7 @@ struct Attempt {
     std::optional<std::size_t> balance{};
     char decimal = '.';
     bool byCurrency = true;
-    BalanceChain chain;
+    RowBalanceChain chain;
 };
 
 class Solver {
@@ -72,6 +80,8 @@ public:
         if (Columns().sources.empty() || Columns().dates.empty())
             return HasNoRows(table_) ? std::move(solution_) : WithoutColumns();
         Survey();
+        currencies_ = marksOfCurrencies_.Different();
+        solution_.severalCurrencies = currencies_.size() > 1;
         if (currencies_.size() == 1)
             solution_.currency = *currencies_.begin();
         TakeSurroundings(table_, solution_);
@@ -80,6 +90,7 @@ public:
         Source();
         Order();
         Sign();
+        End();
         return std::move(solution_);
     }
 
@@ -89,16 +100,7 @@ private:
     /// A table that lacks a date or an amount: the user may know its columns.
     CsvSolution WithoutColumns()
     {
-        OpenQuestion question{.question = StatementQuestion::Columns,
-                              .options = {},
-                              .why = Columns().dates.empty()
-                                         ? "No column of the table holds dates."
-                                         : "No column of the table is known to hold amounts."};
-        for (std::size_t i = 0; i < table_.Width(); ++i)
-            question.options.push_back(table_.NameOf(i));
-        if (!question.options.empty())
-            question.proposed = question.options.front();
-        solution_.questions.push_back(question);
+        solution_.questions.push_back(UnknownColumns(table_, Columns()));
         return std::move(solution_);
     }
 
@@ -106,31 +108,30 @@ private:
     void Survey()
     {
         std::unordered_set<std::uint64_t> identifiers;
+        end_.emplace(table_, Columns());
         std::size_t rows = 0;
         CsvRows(table_, Columns()).ForEach([&](const CsvRecord& record) {
             const std::string_view date = CsvRows::DateOf(Columns(), record);
+            end_->Add(record, !date.empty());
             if (date.empty() || IsLeftOut(record))
                 return;
             ++rows;
             dates_.Add(date, SecondDate(record));
-            std::size_t weight = 1;
-            const CellSide side =
-                rows <= kRowsWithWords ? SideOfWords(Columns(), record, weight) : CellSide::None;
+            const RowWords words =
+                rows <= kRowsWithWords ? WordsOfRow(Columns(), record) : RowWords();
             for (AmountSigns& signs : signs_) {
-                signs.Count(record, side, weight);
+                signs.Count(record, words);
                 AddMarks(signs.Source(), record);
             }
             for (const std::size_t balance : Columns().balances)
                 balanceMarks_.Add(record.Field(balance));
-            if (currencies_.size() < kMostCurrencies)
-                currencies_.insert(CurrencyOfRow(solution_, record));
+            marksOfCurrencies_.Add(CurrencyMarkOf(Columns(), Columns().sources.front(), record));
             if (Columns().id && !record.Field(*Columns().id).empty()) {
                 const std::uint64_t hash = HashOf(record.Field(*Columns().id));
                 if (!identifiers.insert(hash).second)
                     solution_.identifiersGivenTwice.insert(hash);
             }
         });
-        currencies_.erase("");
     }
 
     [[nodiscard]] bool IsLeftOut(const CsvRecord& record)
@@ -220,6 +221,7 @@ private:
             return;
         const std::string keys[2] = {AccountKey(solution_, record, false),
                                      AccountKey(solution_, record, true)};
+        const std::uint64_t currency = solution_.severalCurrencies ? HashOf(keys[1]) : 0;
         std::vector<std::optional<Money>> values;
         for (const char decimal : decimals_)
             for (const AmountSigns& signs : signs_)
@@ -232,7 +234,8 @@ private:
             const std::size_t at =
                 attempt.source + (attempt.decimal == decimals_.front() ? 0 : signs_.size());
             attempt.chain.Add(keys[attempt.byCurrency ? 1 : 0], values[at],
-                              ReadAmount(record.Field(*attempt.balance), attempt.decimal));
+                              ReadAmount(record.Field(*attempt.balance), attempt.decimal),
+                              currency);
         }
     }
 
@@ -263,7 +266,8 @@ private:
             return std::pair(attempt.chain.Most(), usual);
         };
         for (const Attempt& attempt : attempts_)
-            if (fit(attempt) > fit(*best))
+            if ((attempt.byCurrency || attempt.chain.JoinsCurrencies()) &&
+                fit(attempt) > fit(*best))
                 best = &attempt;
         const auto fitting = best->chain.Fitting();
         if (fitting.empty()) {
@@ -311,17 +315,7 @@ private:
 
     void AskColumns(std::size_t equals, std::size_t chosen)
     {
-        OpenQuestion question{.question = StatementQuestion::Columns,
-                              .options = {},
-                              .why = "Several columns could hold the amount."};
-        const auto name = [this](const AmountSource& source) {
-            return table_.NameOf(source.amount ? *source.amount
-                                               : source.out.value_or(source.in.value_or(0)));
-        };
-        for (std::size_t i = 0; i < equals; ++i)
-            question.options.push_back(name(Columns().sources[i]));
-        question.proposed = name(Columns().sources[chosen]);
-        solution_.questions.push_back(question);
+        solution_.questions.push_back(WhichAmount(table_, Columns(), equals, chosen));
     }
 
     void AskDecimal()
@@ -376,6 +370,17 @@ private:
                                            .why = verdict.why});
         if (!steps_.empty())
             solution_.step = steps_.front();
+    }
+
+    void End()
+    {
+        solution_.cutLine = end_->Line(solution_);
+        if (solution_.cutLine && !answers_.takeWholeRows)
+            solution_.questions.push_back({.question = StatementQuestion::Truncated,
+                                           .options = {"rows", "nothing"},
+                                           .proposed = "rows",
+                                           .why = "The file breaks off in its last row, line " +
+                                                  std::to_string(*solution_.cutLine) + "."});
     }
 
     /// The sign by the balance where there is one, else by the amounts alone.
@@ -438,6 +443,8 @@ private:
     RowDates dates_;
     DecimalMarks marks_;
     DecimalMarks balanceMarks_;
+    std::optional<CutEnd> end_;
+    FileCurrencies marksOfCurrencies_;
     std::set<std::string> currencies_;
     std::vector<char> decimals_;
     bool contradict_ = false;
@@ -471,18 +478,10 @@ CellStatus RowStatus::Of(const CsvRecord& record)
 
 std::string CurrencyOfRow(const CsvSolution& solution, const CsvRecord& record)
 {
-    const CsvColumns& columns = solution.columns;
-    if (columns.currency)
-        return CurrencyOf(record.Field(*columns.currency));
-    for (const AmountSource& source : columns.sources)
-        for (const auto& column : {source.amount, source.in, source.out}) {
-            const std::string_view cell = column ? record.Field(*column) : std::string_view();
-            const auto point = ReadWrittenAmount(cell, '.');
-            const auto written = point ? point : ReadWrittenAmount(cell, ',');
-            if (written && !written->currency.empty())
-                return CurrencyOf(written->currency);
-        }
-    return {};
+    const AmountSource& source =
+        solution.amounts ? solution.amounts->Source() : solution.columns.sources.front();
+    const std::string_view mark = CurrencyMarkOf(solution.columns, source, record);
+    return solution.severalCurrencies ? CurrencyAmongOthers(mark) : CurrencyOf(mark);
 }
 
 std::string AccountKey(const CsvSolution& solution, const CsvRecord& record, bool byCurrency)

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "statements/csv/AmountSigns.h"
-#include "statements/csv/BalanceChain.h"
 #include "statements/csv/CsvColumns.h"
 #include "statements/csv/CsvTable.h"
+#include "statements/csv/RowBalanceChain.h"
 
 namespace clb {
 
@@ -24,8 +24,10 @@ struct CsvSolution {
     std::optional<std::size_t> balance{};
     std::optional<BalanceStep> step{};
     bool byCurrency = true;  ///< rows in several currencies form an account each
-    std::string currency{};  ///< of rows that name none
-    std::string account{};   ///< of rows that name none
+    bool severalCurrencies = false;
+    std::string currency{};                ///< of rows that name none
+    std::string account{};                 ///< of rows that name none
+    std::optional<std::size_t> cutLine{};  ///< of the row in which the file breaks off
     std::unordered_set<std::uint64_t> identifiersGivenTwice;
     std::vector<OpenQuestion> questions;
 };

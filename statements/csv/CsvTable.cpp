@@ -153,8 +153,8 @@ void CsvTable::FindTornAmounts()
     });
     if (!fits && some)
         throw NotAStatement(
-            "Commas divide the fields and stand in the amounts, so that the "
-            "amounts cannot be told.");
+            "Commas divide the fields and are also in the amounts, so it is not clear "
+            "where an amount ends.");
     if (!fits)
         torn_.clear();
 }

@@ -18,6 +18,7 @@ public:
     /// NotAStatement if there is none.
     CsvTable(std::string_view text, const StatementAnswers& answers);
 
+    [[nodiscard]] std::string_view Text() const { return text_; }
     [[nodiscard]] const CsvDialect& Dialect() const { return dialect_; }
     [[nodiscard]] bool HasHeader() const { return !names_.empty(); }
     /// Names of the columns as the header row has them; empty without one.

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "statements/csv/BalanceChain.h"
+#include "statements/csv/RowBalanceChain.h"
 #include "statements/form/DateTexts.h"
 
 namespace clb {

@@ -18,6 +18,8 @@ constexpr std::size_t kShownText = 200;
 constexpr std::size_t kMostTexts = 50;
 constexpr std::size_t kLongestBalanceWord = 60;
 constexpr std::size_t kLongestText = 20'000;
+/// Rows with a wrong balance that are named one by one.
+constexpr std::size_t kMostBreaks = 5;
 
 /// Lines that state a balance, in the form of PlainName.
 const std::set<std::string, std::less<>>& BalanceWords()
@@ -126,6 +128,13 @@ std::string Cleaned(std::string_view cell)
     return clean;
 }
 
+/// The number without the apostrophe by which some banks keep a spreadsheet from changing it.
+std::string AccountNumber(std::string_view cell)
+{
+    std::string number = Cleaned(cell);
+    return number.starts_with('\'') && number.size() > 1 ? number.substr(1) : number;
+}
+
 bool IsPlaceholder(std::string_view text)
 {
     return text.empty() || text == "-" || text == "--" || text == "/" || text == "NULL" ||
@@ -135,6 +144,22 @@ bool IsPlaceholder(std::string_view text)
 bool HasDigit(std::string_view text)
 {
     return text.find_first_of("0123456789") != std::string_view::npos;
+}
+
+/// The text in the form of PlainName up to its day, without the words that lead to the day.
+std::string WithoutDay(std::string_view text)
+{
+    static const std::set<std::string, std::less<>> leading = {
+        "as", "of",  "on", "at", "from", "vom", "am", "zum", "per",   "au", "le",   "du",
+        "al", "del", "em", "op", "den",  "dne", "ke", "na",  "dzien", "z",  "dnia", "на"};
+    const std::string plain = PlainName(text);
+    std::vector<std::string> words = Split(plain.substr(0, plain.find_first_of("0123456789")), ' ');
+    while (!words.empty() && (words.back().empty() || leading.contains(words.back())))
+        words.pop_back();
+    std::string joined;
+    for (const std::string& word : words)
+        joined += (joined.empty() ? "" : " ") + word;
+    return joined;
 }
 
 /// Sums wrap round like those of the chain; they are compared and shown only if they are checked.
@@ -193,6 +218,8 @@ void StatementRows::Read()
 
 void StatementRows::Take(const CsvRecord& record)
 {
+    if (record.line == solution_.cutLine)
+        return LeaveOut(record, LeftOutReason::Incomplete);
     const CellStatus status = status_.Of(record);
     const auto date = DateOf(record);
     if (record.fields.empty())
@@ -209,7 +236,7 @@ void StatementRows::Take(const CsvRecord& record)
     FlushTexts();
     Account& account = Begin(record);
     const StatementRow row = RowOf(record, *date, *amount);
-    Follow(account, *date, *amount, row.balance);
+    Follow(account, row);
     sink_.Row(row);
 }
 
@@ -220,7 +247,7 @@ void StatementRows::TakeOther(const CsvRecord& record, bool hasDate)
     for (const std::size_t column : solution_.columns.dates)
         dateWritten = dateWritten || HasDigit(record.Field(column));
     const bool filled = solution_.amounts->IsFilled(record);
-    if (hasDate && IsBalanceLine(record))
+    if (hasDate && (IsBalanceLine(record) || (!filled && StatesBalance(record))))
         return LeaveOut(record, LeftOutReason::NotARow);
     if (hasDate)
         return LeaveOut(record, LeftOutReason::NoAmount);
@@ -277,6 +304,17 @@ bool StatementRows::IsBalanceLine(const CsvRecord& record) const
             if (record.Field(column).size() - 1 < kLongestBalanceWord &&
                 !HasDigit(record.Field(column)) &&
                 BalanceWords().contains(PlainName(record.Field(column))))
+                return true;
+    return false;
+}
+
+/// Whether a row without an amount has a text such as "Beginning balance as of 01/31/2026".
+bool StatementRows::StatesBalance(const CsvRecord& record) const
+{
+    const auto& columns = solution_.columns;
+    for (const auto* list : {&columns.names, &columns.texts})
+        for (const std::size_t column : *list)
+            if (BalanceWords().contains(WithoutDay(record.Field(column))))
                 return true;
     return false;
 }
@@ -346,7 +384,7 @@ StatementRows::Account& StatementRows::Begin(const CsvRecord& record)
     if (found == accounts_.end()) {
         Account account;
         account.account.number = solution_.columns.account
-                                     ? Cleaned(record.Field(*solution_.columns.account))
+                                     ? AccountNumber(record.Field(*solution_.columns.account))
                                      : solution_.account;
         const std::string currency = solution_.byCurrency ? CurrencyOfRow(solution_, record) : "";
         account.account.currency = currency.empty() ? solution_.currency : currency;
@@ -361,38 +399,57 @@ StatementRows::Account& StatementRows::Begin(const CsvRecord& record)
     return found->second;
 }
 
-/// Checks the balance of a row against the one of the row before it in the file.
-void StatementRows::Follow(Account& account, Date date, Money amount,
-                           std::optional<Money> balance) const
+void StatementRows::Follow(Account& account, const StatementRow& row) const
 {
-    if (!account.earliest || date < *account.earliest)
-        account.earliest = date;
-    if (!account.latest || date > *account.latest)
-        account.latest = date;
-    if (!balance) {
+    if (!account.earliest || row.date < *account.earliest)
+        account.earliest = row.date;
+    if (!account.latest || row.date > *account.latest)
+        account.latest = row.date;
+    if (!row.balance) {
         Money& sum = account.first ? account.since : account.before;
-        sum = Plus(sum, amount);
+        sum = Plus(sum, row.amount);
         return;
     }
     if (!account.first) {
-        account.first = balance;
-        account.firstAmount = amount;
-    } else {
-        const Money expected = IsNewestFirst(solution_)
-                                   ? Minus(*account.last, Plus(account.since, account.lastAmount))
-                                   : Plus(*account.last, Plus(account.since, amount));
-        account.checked = account.checked && expected == *balance;
-    }
-    account.last = balance;
-    account.lastAmount = amount;
+        account.first = row.balance;
+        account.firstAmount = row.amount;
+    } else
+        Check(account, row);
+    account.last = row.balance;
+    account.lastAmount = row.amount;
+    account.lastLine = row.line;
     account.since = Money();
+}
+
+/// Checks the balance of a row against the one of the row before it in the file.
+void StatementRows::Check(Account& account, const StatementRow& row) const
+{
+    // In a file with the newest row first, the row before is the later one.
+    const bool falling = IsNewestFirst(solution_);
+    const BalanceBreak step = {
+        .line = falling ? account.lastLine : row.line,
+        .before = falling ? *row.balance : *account.last,
+        .amount = Plus(account.since, falling ? account.lastAmount : row.amount),
+        .after = falling ? *account.last : *row.balance};
+    if (Plus(step.before, step.amount) == step.after) {
+        ++account.follows;
+        return;
+    }
+    ++account.broken;
+    if (account.breaks.size() < kMostBreaks)
+        account.breaks.push_back(step);
 }
 
 StatementBalances StatementRows::BalancesOf(const Account& account) const
 {
     StatementBalances balances;
-    if (!account.first || !account.checked || !solution_.step)
+    if (!account.first || !solution_.step)
         return balances;
+    if (account.broken > 0) {
+        if (account.follows > account.broken)
+            balances.breaks = account.breaks;
+        return balances;
+    }
     if (IsNewestFirst(solution_)) {
         balances.closing = Plus(*account.first, account.before);
         balances.opening = Minus(*account.last, Plus(account.lastAmount, account.since));

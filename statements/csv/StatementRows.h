@@ -19,13 +19,16 @@ public:
 private:
     struct Account {
         StatementAccount account;
-        bool checked = true;           ///< every balance so far follows from the one before
+        std::size_t follows = 0;  ///< balances that follow from the one before
+        std::size_t broken = 0;   ///< and that do not
+        std::vector<BalanceBreak> breaks{};
         std::optional<Money> first{};  ///< balance in the first row that has one
         std::optional<Money> last{};
         Money before;       ///< amounts of the rows before the first balance
         Money firstAmount;  ///< of the row with the first balance
         Money since;        ///< amounts of the rows after the last balance
         Money lastAmount;
+        std::size_t lastLine = 0;  ///< of the row with the last balance
         std::optional<Date> earliest{};
         std::optional<Date> latest{};
     };
@@ -37,11 +40,13 @@ private:
     [[nodiscard]] std::optional<Date> DateOf(const CsvRecord& record) const;
     [[nodiscard]] std::optional<Money> AmountOf(const CsvRecord& record) const;
     [[nodiscard]] bool IsBalanceLine(const CsvRecord& record) const;
+    [[nodiscard]] bool StatesBalance(const CsvRecord& record) const;
     [[nodiscard]] StatementRow RowOf(const CsvRecord& record, Date date, Money amount) const;
     void Describe(const CsvRecord& record, StatementRow& row) const;
     [[nodiscard]] std::optional<Money> BalanceOf(const CsvRecord& record, Money amount) const;
     Account& Begin(const CsvRecord& record);
-    void Follow(Account& account, Date date, Money amount, std::optional<Money> balance) const;
+    void Follow(Account& account, const StatementRow& row) const;
+    void Check(Account& account, const StatementRow& row) const;
     [[nodiscard]] StatementBalances BalancesOf(const Account& account) const;
 
     const CsvTable& table_;

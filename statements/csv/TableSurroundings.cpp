@@ -4,25 +4,12 @@
 
 #include "statements/csv/ColumnNames.h"
 #include "statements/csv/CsvCells.h"
+#include "statements/csv/OwnAccount.h"
+#include "statements/csv/RowCurrency.h"
 #include "statements/form/CurrencyMarks.h"
-#include "statements/form/TextScan.h"
 
 namespace clb {
 namespace {
-
-constexpr std::size_t kLongestAccount = 40;
-
-/// A code of ISO 4217 in a column's name, as in "Amount (EUR)".
-std::string CurrencyIn(std::string_view name)
-{
-    const auto isLetter = [name](std::size_t at) {
-        return at < name.size() && IsAsciiLetter(static_cast<unsigned char>(name[at]));
-    };
-    for (std::size_t i = 0; i + 3 <= name.size(); ++i)
-        if (!isLetter(i + 3) && (i == 0 || !isLetter(i - 1)) && IsCurrencyCode(name.substr(i, 3)))
-            return CurrencyOf(name.substr(i, 3));
-    return {};
-}
 
 /// Takes a cell that names something, and the cell after it.
 void TakePair(std::string_view name, const std::string& value, CsvSolution& solution)
@@ -30,9 +17,6 @@ void TakePair(std::string_view name, const std::string& value, CsvSolution& solu
     const ColumnRole role = RoleOf(name).role;
     if (role == ColumnRole::Currency && solution.currency.empty())
         solution.currency = CurrencyOf(value);
-    if (role == ColumnRole::Account && solution.account.empty() &&
-        value.find_first_of("0123456789") != std::string::npos && value.size() <= kLongestAccount)
-        solution.account = value;
 }
 
 }  // namespace
@@ -42,10 +26,11 @@ void TakeSurroundings(const CsvTable& table, CsvSolution& solution)
     for (const AmountSource& source : solution.columns.sources)
         for (const auto& column : {source.amount, source.in, source.out})
             if (column && solution.currency.empty() && *column < table.Names().size())
-                solution.currency = CurrencyIn(table.Names()[*column]);
+                solution.currency = CurrencyInName(table.Names()[*column]);
     for (const auto& record : table.Preamble())
         for (std::size_t i = 0; i + 1 < record.size(); ++i)
             TakePair(record[i], record[i + 1], solution);
+    solution.account = NumberAbove(table);
 }
 
 bool HasNoRows(const CsvTable& table)

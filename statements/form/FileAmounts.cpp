@@ -33,8 +33,12 @@ bool MeansTwo(std::string_view text)
 void FileAmounts::Add(std::string_view text)
 {
     amounts_.Add(text);
-    if (open_.empty() && MeansTwo(text))
+    if (!MeansTwo(text))
+        return;
+    if (open_.empty())
         open_ = text;
+    points_ = points_ || text.find('.') != std::string_view::npos;
+    commas_ = commas_ || text.find(',') != std::string_view::npos;
 }
 
 bool FileAmounts::HasCommas() const
@@ -53,7 +57,8 @@ std::optional<char> FileAmounts::Settled() const
         const std::vector<char> possible = marks->Possible();
         if (possible.size() == 1)
             return possible.front();
-        if (possible.empty())
+        // Amounts that are themselves written in both ways are not settled by other numbers.
+        if (possible.empty() || (points_ && commas_))
             return std::nullopt;
     }
     return std::nullopt;

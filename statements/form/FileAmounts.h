@@ -36,6 +36,8 @@ private:
 
     DecimalMarks amounts_;
     DecimalMarks others_;
+    bool points_ = false;  ///< some such amounts have a point
+    bool commas_ = false;
     std::string open_;  ///< the first amount that means something else under each mark
 };
 

@@ -44,11 +44,20 @@ struct StatementAccount {
     std::string currency{};  ///< ISO 4217
 };
 
+/// A row whose balance does not follow from the one before.
+struct BalanceBreak {
+    std::size_t line = 0;  ///< of the row, from 1
+    Money before;          ///< the balance before the row
+    Money amount;          ///< of the row, and of rows without a balance beside it
+    Money after;           ///< the balance after the row
+};
+
 /// Balances of an account before its first and after its last row of the file.
 struct StatementBalances {
     std::optional<Money> opening{};
     std::optional<Money> closing{};
     std::optional<Date> closingDate{};
+    std::vector<BalanceBreak> breaks{};  ///< the first ones, where most rows have no break
 };
 
 /// Why a part of the file is no row.

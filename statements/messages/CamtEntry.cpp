@@ -118,10 +118,10 @@ std::optional<Money> DetailAmount(CamtNode details, const std::string& currency,
 }
 
 /// The transactions of a batch as pieces; none if they do not sum to the entry.
-std::vector<StatementPiece> PiecesOf(const Nodes& details, const CamtEntry& entry,
-                                     const CamtOwner& owner)
+std::vector<StatementPiece> PiecesOf(const Nodes& details, CamtEntry& entry, const CamtOwner& owner)
 {
     std::vector<StatementPiece> pieces;
+    std::string amounts;
     Money sum;
     try {
         for (const CamtNode node : details) {
@@ -129,6 +129,7 @@ std::vector<StatementPiece> PiecesOf(const Nodes& details, const CamtEntry& entr
             if (!amount)
                 return {};
             sum += *amount;
+            amounts += (amounts.empty() ? "" : ", ") + amount->ToText();
             const CamtParty party = OtherParty(node, !amount->IsNegative(), owner);
             RowText text;
             text.Add(party.name);
@@ -138,7 +139,10 @@ std::vector<StatementPiece> PiecesOf(const Nodes& details, const CamtEntry& entr
     } catch (const RuntimeError&) {
         return {};  // the sum is out of range
     }
-    return sum == *entry.amount ? pieces : std::vector<StatementPiece>();
+    if (sum == *entry.amount)
+        return pieces;
+    entry.unfitPieces = amounts;
+    return {};
 }
 
 /// Dutch banks write codes between slashes here as well.
@@ -208,9 +212,9 @@ bool IsBooked(std::string_view state)
     return Squeezed(state).empty() || state.find("BOOK") != std::string_view::npos;
 }
 
-std::optional<CamtEntry> ReadCamtEntry(const CamtPart& part, const CamtOwner& owner)
+std::optional<CamtEntry> ReadCamtEntry(const CamtPart& part, const CamtOwner& owner, CamtTree& tree)
 {
-    const CamtTree tree(part.text);
+    tree.Read(part.text);
     if (!tree.IsWhole())
         return {};
     const CamtNode node = tree.Root();

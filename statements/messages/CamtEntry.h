@@ -18,10 +18,13 @@ struct CamtEntry {
     std::optional<Date> date{};
     std::optional<Money> amount{};  ///< with its sign
     StatementRow row{};
+    std::string unfitPieces{};  ///< the amounts of its transactions if they do not sum to it
 };
 
 /// Reads an entry; nothing if its text is not XML after all.
-[[nodiscard]] std::optional<CamtEntry> ReadCamtEntry(const CamtPart& part, const CamtOwner& owner);
+/// tree: is given the entry; its memory is used again.
+[[nodiscard]] std::optional<CamtEntry> ReadCamtEntry(const CamtPart& part, const CamtOwner& owner,
+                                                     CamtTree& tree);
 
 /// What an entry that was read says, for a list of what was left out.
 [[nodiscard]] std::string SummaryOf(const CamtPart& part, const CamtEntry& entry);

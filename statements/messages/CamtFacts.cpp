@@ -56,6 +56,7 @@ public:
 
     void Begin(CamtKind kind) override
     {
+        facts_.places_.Begin(kind);
         open_ = true;
         kind_ = kind;
         account_ = {};
@@ -73,20 +74,36 @@ public:
     void Balance(const CamtPart& part) override { balances_.Add(part); }
     void Entry(const CamtEntryPart& part) override
     {
+        facts_.places_.Entry(part);
         if (part.amountTag != lastAmountTag_) {
             lastCurrency_ = CurrencyOf(part);
             lastAmountTag_ = part.amountTag;
         }
         if (entryCurrency_.empty())
             entryCurrency_ = lastCurrency_;
-        if (!lastCurrency_.empty())
-            currencies_.insert(lastCurrency_);
         const bool counts = IsBooked(part.state) &&
                             !repeats_.IsRepeated(facts_.statements_.size(), kind_, owner_, part);
+        if (counts && !lastCurrency_.empty())
+            currencies_.insert(lastCurrency_);
         if (counts && !ReferenceOf(part).empty())
             facts_.references_.Add(HolderOf(), ReferenceOf(part));
     }
     void End() override
+    {
+        facts_.places_.End();
+        Leave();
+    }
+    void Broken(std::size_t offset, bool inEntry) override
+    {
+        facts_.places_.Broken(offset, inEntry);
+        facts_.broken_ = true;
+        if (open_)
+            Leave();
+    }
+
+private:
+    /// Adds the facts of the statement.
+    void Leave()
     {
         const std::size_t holder = HolderOf();
         Holder& held = facts_.holders_[holder];
@@ -96,8 +113,7 @@ public:
         const std::string main = !account_.currency.empty()      ? account_.currency
                                  : !balances_.Currency().empty() ? balances_.Currency()
                                                                  : entryCurrency_;
-        if (account_.currency.empty())
-            held.currencies.merge(currencies_);
+        held.currencies.merge(currencies_);
         held.currencies.insert(main);
         for (const auto& [currency, chosen] : balances) {
             held.currencies.insert(currency);
@@ -110,14 +126,6 @@ public:
         facts_.statements_.push_back({holder, main});
         open_ = false;
     }
-    void Broken(std::size_t, bool) override
-    {
-        facts_.broken_ = true;
-        if (open_)
-            End();
-    }
-
-private:
     std::size_t HolderOf()
     {
         const auto [at, added] = holders_.emplace(account_.number, facts_.holders_.size());
@@ -151,7 +159,7 @@ private:
     std::string lastCurrency_;
 };
 
-CamtFacts::CamtFacts(std::string_view text)
+CamtFacts::CamtFacts(std::string_view text) : places_(text)
 {
     Reader reader(*this);
     ReadCamtParts(text, reader);

@@ -11,17 +11,20 @@
 #include "statements/messages/CamtBalances.h"
 #include "statements/messages/CamtOutline.h"
 #include "statements/messages/CamtParty.h"
+#include "statements/messages/CamtPlaces.h"
 #include "statements/messages/References.h"
 
 namespace clb {
 
-/// Accounts, currencies, balances and references of a file, from one pass over it.
+/// Accounts, currencies, balances and references of a file, and the places of its entries, from one
+/// pass over it. The text is borrowed.
 class CamtFacts {
 public:
     explicit CamtFacts(std::string_view text);
 
     /// Number of the account of a statement, by its place in the file, in a currency; an entry
-    /// without a currency is in the statement's. Nothing if the account is not held in it.
+    /// without a currency is in the statement's. Nothing if no booked entry and no balance is in
+    /// it.
     [[nodiscard]] std::optional<std::size_t> AccountOf(std::size_t statement,
                                                        const std::string& currency) const;
     [[nodiscard]] const StatementAccount& Account(std::size_t number) const
@@ -40,6 +43,7 @@ public:
     /// account has it.
     void Identify(std::size_t statement, const CamtEntryPart& entry, StatementRow& row) const;
     [[nodiscard]] bool IsBroken() const { return broken_; }
+    [[nodiscard]] const CamtPlaces& Places() const { return places_; }
 
 private:
     class Reader;
@@ -62,6 +66,7 @@ private:
     std::vector<InCurrency> accounts_;
     std::map<std::pair<std::size_t, std::string>, std::size_t> byCurrency_;
     References references_;
+    CamtPlaces places_;
     bool broken_ = false;
 };
 

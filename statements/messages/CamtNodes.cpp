@@ -6,13 +6,24 @@
 #include "statements/messages/RowText.h"
 
 namespace clb {
+namespace {
 
-CamtTree::CamtTree(std::string_view text)
+/// Texts up to this size are not gone through to count their elements.
+constexpr std::size_t kFew = 4096;
+constexpr std::size_t kShortestElement = std::string_view("<a/>").size();
+
+}  // namespace
+
+void CamtTree::Read(std::string_view text)
 {
-    whole_ =
-        document_.load_buffer(text.data(), text.size(), pugi::parse_default, pugi::encoding_utf8);
+    elements_.clear();
+    text_ = text;
+    whole_ = document_.load_buffer_inplace(text_.data(), text_.size(), pugi::parse_default,
+                                           pugi::encoding_utf8);
     // Elements point to each other, so there is room for all of them from the start.
-    elements_.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '<')));
+    elements_.reserve(text.size() <= kFew
+                          ? text.size() / kShortestElement + 1
+                          : static_cast<std::size_t>(std::count(text.begin(), text.end(), '<')));
     if (const pugi::xml_node root = document_.first_child())
         (void)Add(root);
 }

@@ -43,7 +43,10 @@ private:
 /// The elements of a part of a message, laid out for many quick look-ups.
 class CamtTree {
 public:
-    explicit CamtTree(std::string_view text);
+    CamtTree() = default;
+    explicit CamtTree(std::string_view text) { Read(text); }
+    /// Reads another text in place of the one before. Its memory is used again.
+    void Read(std::string_view text);
     /// Whether the text is XML. What was read before an error is there all the same.
     [[nodiscard]] bool IsWhole() const { return whole_; }
     [[nodiscard]] CamtNode Root() const
@@ -54,6 +57,7 @@ public:
 private:
     CamtNode::Element* Add(pugi::xml_node node);
 
+    std::string text_;  ///< the document refers to it
     pugi::xml_document document_;
     std::vector<CamtNode::Element> elements_;
     bool whole_ = false;

@@ -59,13 +59,13 @@ public:
     {
         const CamtOwner& owner = facts_.Owner(statement_);
         const std::size_t line = lines_.At(part.begin);
-        std::optional<CamtEntry> entry = ReadCamtEntry(part, owner);
+        std::optional<CamtEntry> entry = ReadCamtEntry(part, owner, tree_);
         if (!entry) {
             LeaveOut(line, LeftOutReason::NotARow, FirstWords(Squeezed(part.text)));
             return;
         }
         const auto account = facts_.AccountOf(statement_, entry->currency);
-        // Entries without an account of theirs are listed under that of the statement.
+        // A currency of entries that are left out has no account of its own.
         accounts_.To(account ? *account : *facts_.AccountOf(statement_, {}));
         if (const auto reason = WhyNot(*entry, part, account.has_value()))
             LeaveOut(line, *reason, SummaryOf(part, *entry));
@@ -103,6 +103,10 @@ private:
         entry.row.line = line;
         facts_.Identify(statement_, part, entry.row);
         sink_.Row(entry.row);
+        if (!entry.unfitPieces.empty())
+            LeaveOut(line, LeftOutReason::NotARow,
+                     FirstWords("pieces that do not add up to " + entry.row.amount.ToText() + ": " +
+                                entry.unfitPieces));
     }
     void LeaveOut(std::size_t line, LeftOutReason reason, const std::string& text)
     {
@@ -130,6 +134,7 @@ private:
     LineCount lines_;
     Accounts accounts_;
     CamtRepeats repeats_;
+    CamtTree tree_;
     CamtKind kind_ = CamtKind::Statement;
     std::size_t statement_ = 0;
 };
@@ -151,7 +156,7 @@ public:
     void Read(const StatementAnswers&, IStatementSink& sink) const override
     {
         Rows rows(text_, facts_, sink);
-        ReadCamtParts(text_, rows);
+        facts_.Places().Read(rows);
         rows.Finish();
     }
 

@@ -60,6 +60,9 @@ std::string_view Mt940Tag(std::string_view line)
     if (end == std::string_view::npos)
         return {};
     const std::string_view tag = line.substr(1, end - 1);
+    // By far the most.
+    if (tag == "61" || tag == "86")
+        return tag;
     return std::find(kTags.begin(), kTags.end(), tag) != kTags.end() ? tag : std::string_view();
 }
 
@@ -67,10 +70,12 @@ bool LineCutter::Next(std::string_view& line)
 {
     if (at_ >= text_.size())
         return false;
-    std::size_t end = at_;
-    while (end < text_.size() && text_[end] != '\r' && text_[end] != '\n')
-        ++end;
-    line = text_.substr(at_, end - at_);
+    // Looked for once, however many lines end with carriage returns before it.
+    if (!feed_ || *feed_ < at_)
+        feed_ = std::min(text_.find('\n', at_), text_.size());
+    line = text_.substr(at_, *feed_ - at_);
+    line = line.substr(0, line.find('\r'));
+    const std::size_t end = at_ + line.size();
     at_ = end + (text_.substr(end, 2) == "\r\n" ? 2 : 1);
     at_ = std::min(at_, text_.size());
     return true;

@@ -1,6 +1,7 @@
 // The fields of MT940 and MT942 messages.
 #pragma once
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace clb {
@@ -26,6 +27,7 @@ public:
 private:
     std::string_view text_;
     std::size_t at_;
+    std::optional<std::size_t> feed_{};  ///< offset of the next line feed, once looked for
 };
 
 /// Goes through the fields of all messages of a text. What is between messages is skipped: SWIFT's

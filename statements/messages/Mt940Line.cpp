@@ -237,7 +237,9 @@ StatementAccount ReadMt940Account(std::string_view content)
     const std::size_t slash = number.find('/');
     if (slash != std::string::npos && slash + 1 < number.size()) {
         account.bank = number.substr(0, slash);
-        number = number.substr(slash + 1);
+        // Two banks may have accounts of the same number.
+        if (IsIban(std::string_view(number).substr(slash + 1)))
+            number = number.substr(slash + 1);
     } else if (after.find(' ') == std::string::npos && (after.size() == 8 || after.size() == 11)) {
         account.bank = after;
     }

@@ -33,7 +33,8 @@ struct Mt940Balance {
 /// The currency that begins the content of field 34F, or follows the number in 90C and 90D.
 [[nodiscard]] std::string Mt940Currency(std::string_view content);
 
-/// Field 25. A currency after the number is taken off it.
+/// Field 25. A currency after the number is taken off it. A bank code before the number stays part
+/// of it, as in "12345678/9876543", unless the number is an IBAN.
 [[nodiscard]] StatementAccount ReadMt940Account(std::string_view content);
 
 /// The day of six digits, YYMMDD; years 80 to 99 are 19xx. Nothing if there is no such day.

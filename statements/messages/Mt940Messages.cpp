@@ -77,7 +77,8 @@ Mt940Facts::Mt940Facts(std::string_view text)
     if (open_.any) {
         // Some banks close no message at all.
         const bool closes = anyClosed_ || messages_.empty();
-        broken_ = open_.isBegun && !open_.isClosed && !open_.isInterim && !fields.Ended() && closes;
+        broken_ = open_.isCut || (open_.isBegun && !open_.isClosed && !open_.isInterim &&
+                                  !fields.Ended() && closes);
         Finish();
     }
     CountReferences(text);
@@ -101,6 +102,8 @@ void Mt940Facts::Take(const Mt940Field& field)
     } else if (tag == "61" || tag == "86") {
         if (tag == "86")
             wraps_.Add(field.content);
+        else
+            open_.isCut = field.isLast && ReadMt940Line(field.content).type.empty();
         TakeOrder(field);
     }
 }

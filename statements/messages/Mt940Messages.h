@@ -65,7 +65,8 @@ public:
     /// has it.
     void Identify(std::size_t message, const Mt940Line& line, StatementRow& row) const;
     [[nodiscard]] Mt940Wrap Wrap() const { return wraps_.Found(); }
-    /// Whether the last message has no end: neither closing balance nor end mark.
+    /// Whether the file breaks off: the last message has neither closing balance nor end mark, or
+    /// ends within a statement line.
     [[nodiscard]] bool IsBroken() const { return broken_; }
     /// Whether the file has an account or a balance at all.
     [[nodiscard]] bool HasStatement() const { return hasStatement_; }
@@ -80,6 +81,7 @@ private:
         bool isInterim = false;  ///< MT942
         bool isBegun = false;    ///< with a reference or an opening balance
         bool isClosed = false;
+        bool isCut = false;  ///< the text ends within a statement line
         bool textsFirst = false;
         bool hasOrder = false;  ///< a line or a text has come
         bool lastIsLine = false;

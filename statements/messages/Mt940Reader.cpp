@@ -149,7 +149,8 @@ public:
         return {{StatementQuestion::Truncated,
                  {"rows", "nothing"},
                  "rows",
-                 "The last message of the file has no closing balance and no end mark."}};
+                 "The last message of the file has no closing balance and no end mark, or its last "
+                 "line is not whole."}};
     }
     void Read(const StatementAnswers&, IStatementSink& sink) const override
     {

@@ -20,6 +20,8 @@ constexpr std::array<std::string_view, 17> kTags = {
     "EREF+", "KREF+", "MREF+", "CRED+", "DEBT+", "COAM+", "OAMT+", "SVWZ+", "ABWA+",
     "ABWE+", "IBAN+", "BIC+",  "RREF+", "RTRN+", "PREF+", "PURP+", "ANAM+"};
 
+constexpr std::size_t kLongestTag = 5;
+
 bool IsDigit(char c)
 {
     return c >= '0' && c <= '9';
@@ -27,6 +29,8 @@ bool IsDigit(char c)
 
 std::string_view TagAt(std::string_view text)
 {
+    if (text.substr(0, kLongestTag).find('+') == std::string_view::npos)
+        return {};
     for (const std::string_view tag : kTags)
         if (text.starts_with(tag))
             return tag;

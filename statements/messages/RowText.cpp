@@ -33,15 +33,16 @@ bool IsOfWord(char c)
 
 std::string Squeezed(std::string_view text)
 {
-    std::string squeezed;
-    squeezed.reserve(text.size());
-    for (const char c : text)
-        if (!IsSpace(c))
-            squeezed += c;
-        else if (!squeezed.empty() && squeezed.back() != ' ')
-            squeezed += ' ';
-    if (!squeezed.empty() && squeezed.back() == ' ')
-        squeezed.pop_back();
+    std::string squeezed(text);
+    std::size_t length = 0;
+    bool space = true;  // spaces at the start are left out
+    for (const char c : text) {
+        const bool isSpace = IsSpace(c);
+        if (!isSpace || !space)
+            squeezed[length++] = isSpace ? ' ' : c;
+        space = isSpace;
+    }
+    squeezed.resize(length > 0 && space ? length - 1 : length);
     return squeezed;
 }
 
@@ -50,9 +51,11 @@ bool IsNoReference(std::string_view text)
     static constexpr std::array<std::string_view, 10> kNone = {
         "NOTPROVIDED", "NOT PROVIDED", "NONREF",       "NOREF",         "NON REF",
         "NONE",        "N/A",          "NOTAVAILABLE", "NOT AVAILABLE", "UNKNOWN"};
-    const std::string upper = ToUpperAscii(text);
-    return upper.find_first_not_of("0-. ") == std::string::npos ||
-           std::find(kNone.begin(), kNone.end(), upper) != kNone.end();
+    constexpr std::size_t kLongestNone = std::string_view("NOT AVAILABLE").size();
+    if (text.find_first_not_of("0-. ") == std::string_view::npos)
+        return true;
+    return text.size() <= kLongestNone &&
+           std::find(kNone.begin(), kNone.end(), ToUpperAscii(text)) != kNone.end();
 }
 
 bool IsIban(std::string_view text)

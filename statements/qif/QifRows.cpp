@@ -99,8 +99,23 @@ void QifRows::Transaction(const QifRecord& record)
         row.category = record.category;
     if (!IsZeros(record.number))
         row.checkNumber = record.number;
-    SetPieces(record.pieces, survey_.Amounts(), answers_.decimal, row);
+    const bool split = SetPieces(record.pieces, survey_.Amounts(), answers_.decimal, row);
     sink_.Row(row);
+    if (!split)
+        LeaveOutPieces(record);
+}
+
+/// The row is there as a whole.
+void QifRows::LeaveOutPieces(const QifRecord& record)
+{
+    std::string text = "pieces without an exact amount:";
+    for (const QifPiece& piece : record.pieces) {
+        const std::string amount =
+            piece.amount.empty() && !piece.percent.empty() ? piece.percent + "%" : piece.amount;
+        text += " " + piece.category + (amount.empty() ? "" : " " + amount) + ";";
+    }
+    text.pop_back();
+    sink_.LeftOut({record.line, LeftOutReason::NotARow, Left(text, kShownLength)});
 }
 
 std::optional<Money> QifRows::Read(const std::string& amount) const

@@ -33,6 +33,7 @@ private:
     void Trade(const QifRecord& record);
     void Transaction(const QifRecord& record);
     void LeaveOut(const QifRecord& record, LeftOutReason reason);
+    void LeaveOutPieces(const QifRecord& record);
     [[nodiscard]] std::optional<Money> Read(const std::string& amount) const;
     [[nodiscard]] std::optional<Money> AmountOf(const QifRecord& record) const;
     [[nodiscard]] std::optional<Money> SumOf(const std::vector<QifPiece>& pieces) const;

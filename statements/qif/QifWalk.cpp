@@ -134,6 +134,10 @@ void QifWalk::Field(char letter, std::string_view value)
         case 'S':
         case 'E':
         case '$': PieceField(letter, value); break;
+        case '%':
+            if (!record_.pieces.empty())
+                KeepFirst(record_.pieces.back().percent, value);
+            break;
         default: break;
     }
 }

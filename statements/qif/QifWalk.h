@@ -15,6 +15,7 @@ struct QifPiece {
     std::string category{};
     std::string memo{};
     std::string amount{};
+    std::string percent{};  ///< of the record's amount
 };
 
 /// A transaction as it is written.

@@ -165,6 +165,18 @@ TEST_F(StatementDialogTest, AnAmountExcludesColumnsOfInAndOut)
     });
 }
 
+TEST_F(StatementDialogTest, AChosenColumnIsNoDescriptionAnyMore)
+{
+    Ask("2026-02-13,a,1.00,5.00,x\n2026-02-14,b,2.00,9.00,y\n", [](Form& form) {
+        FormUser user(form);
+        user.Choose("cmbName", "Column 2  \u2013  a");
+        user.Choose("cmbText", "Column 5  \u2013  x");
+        user.Choose("cmbBalance", "Column 2  \u2013  a");
+        EXPECT_EQ(As<ListBox>(form.Find("cmbName"))->Text(), "Column 5  \u2013  x");
+        EXPECT_EQ(As<ListBox>(form.Find("cmbText"))->Text(), "(none)");
+    });
+}
+
 TEST_F(StatementDialogTest, WithoutAnAmountNothingCanBeImported)
 {
     Ask("Date,Text,Currency,Exchange rate\n2021-03-13,a,EUR,1.12\n", [](Form& form) {

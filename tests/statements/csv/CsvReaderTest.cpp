@@ -76,6 +76,36 @@ TEST(CsvReaderTest, BalancesThatDoNotFollowAreNotReported)
     EXPECT_FALSE(kept.accounts[0].balances.opening);
 }
 
+/// Lines whose balances do not follow, each as "line: before amount after".
+std::string Breaks(std::string_view text)
+{
+    std::string breaks;
+    for (const auto& account : Kept(text).accounts)
+        for (const BalanceBreak& at : account.balances.breaks)
+            breaks += std::to_string(at.line) + ": " + at.before.ToText() + " " +
+                      at.amount.ToText() + " " + at.after.ToText() + "\n";
+    return breaks;
+}
+
+TEST(CsvReaderTest, ARowThatContradictsTheBalancesIsNamed)
+{
+    EXPECT_EQ(Breaks("Date,Text,Amount,Balance\n2026-04-13,A,-10.00,90.00\n"
+                     "2026-04-14,B,-9.00,81.00\n2026-04-15,C,-50.00,76.00\n"
+                     "2026-04-16,D,-5.00,71.00\n2026-04-17,E,-5.00,66.00\n"),
+              "4: 81 -50 76\n");
+    EXPECT_EQ(Breaks("Date,Text,Amount,Balance\n2026-04-17,E,-5.00,66.00\n"
+                     "2026-04-16,D,-5.00,71.00\n2026-04-15,C,-50.00,76.00\n"
+                     "2026-04-14,B,-9.00,81.00\n2026-04-13,A,-10.00,90.00\n"),
+              "4: 81 -50 76\n");
+    EXPECT_EQ(Breaks("Date,Text,Amount,Balance\n2026-04-13,A,-10.00,90.00\n"
+                     "2026-04-14,B,-9.00,81.00\n2026-04-15,C,-5.00,76.00\n"
+                     "2026-04-16,D,-5.00,17.00\n2026-04-17,E,-5.00,12.00\n"),
+              "5: 76 -5 17\n");
+    EXPECT_EQ(Breaks("Date,Text,Amount,Balance\n2026-04-13,A,-10.00,90.00\n"
+                     "2026-04-14,B,-9.00,81.00\n"),
+              "");
+}
+
 TEST(CsvReaderTest, ABalanceOnTheLastRowOfADayIsChecked)
 {
     const KeptStatement kept = Kept(
@@ -101,6 +131,31 @@ TEST(CsvReaderTest, PendingAndDeclinedRowsAreLeftOutAndListed)
     EXPECT_EQ(Reasons(kept), "3 it is not booked yet\n4 it is no transaction\n");
 }
 
+TEST(CsvReaderTest, RowsThatAreNotBookedAreKnownInManyLanguages)
+{
+    for (const char* state :
+         {"Venter",     "Autorizzato",      "In behandeling",     "Reserviert",
+          "offen",      "Vorgemerkt",       "En attente",         "Pendiente",
+          "Reserverat", "Oczekująca",       "Čeká na zpracování", "В процессе",
+          "未入账",     "処理中",           "Beklemede",          "Függőben",
+          "ממתין",      "Em processamento", "Käsittelyssä",       "Ikke bokført"})
+        EXPECT_EQ(Reasons(Kept(std::string("Date;Text;Amount;Status\n2026-04-13;A;-10,00;\n"
+                                           "2026-04-14;B;-20,00;") +
+                               state + "\n")),
+                  "3 it is not booked yet\n")
+            << state;
+}
+
+TEST(CsvReaderTest, AColumnOfStatesNeedsNoName)
+{
+    EXPECT_EQ(Reasons(Kept("Datum;Text;Betrag;Bemerkung\n13.04.2026;A;-10,00;gebucht\n"
+                           "14.04.2026;B;-20,00;vorgemerkt\n")),
+              "3 it is not booked yet\n");
+    EXPECT_EQ(Reasons(Kept("Datum;Text;Betrag;Bemerkung\n13.04.2026;A;-10,00;Miete\n"
+                           "14.04.2026;B;-20,00;vorgemerkt\n")),
+              "");
+}
+
 TEST(CsvReaderTest, EveryLineThatIsNoRowIsListed)
 {
     const KeptStatement kept = Kept(
@@ -111,27 +166,6 @@ TEST(CsvReaderTest, EveryLineThatIsNoRowIsListed)
               "3 it has no date that can be read\n4 it has no amount that can be read exactly\n"
               "5 it is no transaction\n6 it is no transaction\n8 it is no transaction\n");
     EXPECT_EQ(kept.leftOut[0].text, "31.02.2021;b;-6,00");
-}
-
-TEST(CsvReaderTest, EachAccountAndCurrencyIsAnAccount)
-{
-    const KeptStatement kept = Kept(
-        "Account,Date,Text,Amount,Currency\nMain,2021-03-01,a,-1.00,EUR\nSpare,2021-03-02,b,2.00,"
-        "EUR\n"
-        "Main,2021-03-03,c,-3.00,USD\nMain,2021-03-04,d,-4.00,EUR\n");
-    ASSERT_EQ(kept.accounts.size(), 3U);
-    EXPECT_EQ(kept.accounts[0].account.number, "Main");
-    EXPECT_EQ(kept.accounts[0].rows.size(), 2U);
-    EXPECT_EQ(kept.accounts[1].account.number, "Spare");
-    EXPECT_EQ(kept.accounts[2].account.currency, "USD");
-}
-
-TEST(CsvReaderTest, TheNumberOfTheAccountMayStandAboveTheTable)
-{
-    const KeptStatement kept = Kept(
-        "IBAN:;DE02120300000000202051\nWährung;EUR\n\nDatum;Text;Betrag\n13.03.2021;a;-1,00\n");
-    EXPECT_EQ(kept.accounts[0].account.number, "DE02120300000000202051");
-    EXPECT_EQ(kept.accounts[0].account.currency, "EUR");
 }
 
 TEST(CsvReaderTest, OnlyWhatIsOpenIsAsked)
@@ -154,6 +188,49 @@ TEST(CsvReaderTest, AnswersSettleWhatIsOpen)
     answers.inverted = true;
     EXPECT_EQ(Rows("Date,Text,Amount\n2021-02-13,a,1.00\n2021-02-14,b,2.00\n", answers),
               "2021-02-13 -1\n2021-02-14 -2\n");
+}
+
+TEST(CsvReaderTest, GivenColumnsThatCannotBeAreRefused)
+{
+    const std::string text = "Datum;Empfänger;Betrag\n13.04.2026;REWE;-23,45\n";
+    StatementAnswers answers;
+    answers.columns = "date=2,amount=3";
+    EXPECT_THROW(Rows(text, answers), NotAStatement);
+    answers.columns = "date=1,amount=3,in=3";
+    EXPECT_THROW(Rows(text, answers), NotAStatement);
+    answers.columns = "date=1,amount=3,in=,out=";
+    EXPECT_EQ(Rows(text, answers), "2026-04-13 -23.45\n");
+}
+
+TEST(CsvReaderTest, ColumnsThatAreAskedAboutCanBeToldApart)
+{
+    const auto options = [](std::string_view text) {
+        return ReadCsv(text)->Open({}).at(0).options;
+    };
+    EXPECT_EQ(options("13/04/2026,A,10.00,\n14/04/2026,B,,20.00\n"),
+              (std::vector<std::string>{"3 + 4", "3"}));
+    const auto equal = options(
+        "Date,Text,Amount,Amount\n2026-04-13,a,-1.00,-2.00\n"
+        "2026-04-14,b,-3.00,-4.00\n");
+    EXPECT_EQ(equal, (std::vector<std::string>{"3: Amount", "4: Amount"}));
+}
+
+TEST(CsvReaderTest, ColumnsInAndOutMayNameACurrencyBySign)
+{
+    EXPECT_EQ(Rows("Data;Histórico;Docto.;Crédito (R$);Débito (R$);Saldo (R$);\n"
+                   "31/03/26;SALDO ANTERIOR;;;;\"1.000,00\";\n"
+                   "13/04/26;PADARIA;1;;\"-23,45\";\"976,55\";\n"
+                   "14/04/26;TED;2;\"100,00\";;\"1.076,55\";\n"
+                   ";;Total;\"100,00\";\"-23,45\";\"1.076,55\";\n"),
+              "2026-04-13 -23.45\n2026-04-14 100\n");
+}
+
+TEST(CsvReaderTest, ARowThatOnlyStatesABalanceIsNoRow)
+{
+    EXPECT_EQ(Reasons(Kept("Date,Description,Amount,Running Bal.\n"
+                           "03/01/2026,Beginning balance as of 03/01/2026,,\"1,000.00\"\n"
+                           "03/15/2026,Coffee,-4.50,995.50\n04/13/2026,Check,-100.00,895.50\n")),
+              "2 it is no transaction\n");
 }
 
 TEST(CsvReaderTest, ColumnsCanBeGivenByNameAndNumber)
@@ -186,6 +263,21 @@ TEST(CsvReaderTest, AColumnIsMeantByItsNumberWhateverTheNamesAre)
 
     answers.columns = "amount=#4";
     EXPECT_THROW(Rows(text, answers), NotAStatement);
+}
+
+TEST(CsvReaderTest, AColumnWithAGivenMeaningIsNoTextAnyMore)
+{
+    StatementAnswers answers;
+    answers.columns = "date=1,amount=3,text=2";
+    const std::string text = "Payee,Text,Paid\nJan 5 2026,Shop,1.00\nJan 6 2026,Bar,2.00\n";
+    EXPECT_EQ(Kept(text, answers).accounts[0].rows[0].name, "Shop");
+    EXPECT_EQ(Kept(text, answers).accounts[0].rows[0].text, "");
+}
+
+TEST(CsvReaderTest, TheOnlyColumnOfDaysIsTheDate)
+{
+    EXPECT_EQ(Rows("Payee;Text;Amount\n20260105;Shop;-1.00\n20260106;Bar;-2.00\n"),
+              "2026-01-05 -1\n2026-01-06 -2\n");
 }
 
 TEST(CsvReaderTest, TheTableSaysWhatItsColumnsHold)
@@ -272,6 +364,33 @@ TEST(CsvReaderTest, WordsSettleTheSignsOfACard)
               "2021-01-15 -5.25\n2021-01-16 200\n2021-01-20 -54.1\n");
 }
 
+TEST(CsvReaderTest, ACardWhosePaymentsAloneAreNegativeIsAskedAbout)
+{
+    for (const char* payment :
+         {"Zahlung erhalten - Danke", "PAGO RECIBIDO GRACIAS", "BETALNING MOTTAGEN TACK",
+          "Pagamento ricevuto grazie", "Hartelijk dank voor uw betaling", "Pagamento recebido",
+          "ONLINE PMT CHECKING", "Betaling modtaget", "Betaling mottatt", "Kiitos maksusta",
+          "Dziękujemy za płatność", "Děkujeme za platbu", "Спасибо за платеж", "信用卡还款",
+          "Ödeme alındı", "Befizetés", "お支払い", "תשלום", "Votre règlement"})
+        EXPECT_EQ(Asked(std::string("Date,Text,Amount\n2026-04-13,ICA,23.45\n2026-04-05,") +
+                        payment + ",-500.00\n"),
+                  "sign ")
+            << payment;
+}
+
+TEST(CsvReaderTest, MostlyPositiveAmountsAreAskedAboutUnlessWordsFit)
+{
+    EXPECT_EQ(Asked("Date,Text,Amount\n2026-04-13,a,23.45\n2026-04-14,b,2.45\n"
+                    "2026-04-05,c,-500.00\n"),
+              "sign ");
+    EXPECT_EQ(Asked("Date,Text,Amount\n2026-04-13,Salary,23.45\n2026-04-14,b,2.45\n"
+                    "2026-04-05,Rent payment,-500.00\n"),
+              "");
+    EXPECT_EQ(Asked("Date,Text,Amount,Balance\n2026-04-13,a,23.45,523.45\n"
+                    "2026-04-14,Payment,-500.00,23.45\n2026-04-15,b,1.00,24.45\n"),
+              "");
+}
+
 TEST(CsvReaderTest, ADelimiterInATextMovesNoAmount)
 {
     // The text of the second row holds an amount, so two readings are possible.
@@ -293,6 +412,40 @@ TEST(CsvReaderTest, DecimalCommasWithoutQuotesAreJoinedOrRefused)
                       "14.02.2021,Bar,,7,50,102,50\n"),
                  NotAStatement);
     EXPECT_EQ(Rows("13.02.2021,Foo,-5,00\n14.02.2021,Bar,7,50\n"), "asked columns ");
+}
+
+TEST(CsvReaderTest, AFileThatBreaksOffInItsLastRowIsAskedAbout)
+{
+    const std::string rows =
+        "Date,Text,Amount,Balance\n2026-04-13,A,-10.00,90.00\n"
+        "2026-04-14,B,-5.00,85.00\n";
+    for (const char* cut : {"2026-04-1", "2026-04-15", "2026-04-15,Re", "2026-04-15,Rent,-1",
+                            "2026-04-15,\"Rent", "2026-04-15,Rent,-1.00,8"})
+        EXPECT_EQ(Asked(rows + cut), "truncated ") << cut;
+    StatementAnswers answers;
+    answers.takeWholeRows = true;
+    EXPECT_EQ(Rows(rows + "2026-04-15,Rent,-1", answers), "2026-04-13 -10\n2026-04-14 -5\n");
+    EXPECT_EQ(Reasons(Kept(rows + "2026-04-15,Rent,-1", answers)), "4 the file breaks off in it\n");
+    EXPECT_EQ(Asked("Buchungstag;Empfänger;Betrag;Währung\n13.04.2026;A;-10,00;EUR\n"
+                    "14.04.2026;B;-1.250,00;EUR\n15.04.2026;Miete;-1"),
+              "truncated ");
+    EXPECT_EQ(Asked("Datum;Text;Betrag\n13.04.2026;A;-10,00\n15.04.2026;Miete;-1,2"), "truncated ");
+}
+
+TEST(CsvReaderTest, AWholeLastRowNeedsNoEndOfLine)
+{
+    const std::string rows =
+        "Date,Text,Amount,Balance\n2026-04-13,A,-10.00,90.00\n"
+        "2026-04-14,B,-5.00,85.00\n";
+    EXPECT_EQ(Asked(rows + "2026-04-15,Rent,-1.00,84.00"), "");
+    EXPECT_EQ(Asked(rows + "2026-04-15,Rent,-1.00,84"), "");
+    EXPECT_EQ(Asked(rows + "Total: 3 rows"), "");
+    EXPECT_EQ(Asked("Date,Text,Amount\n2026-04-13,A,-10.5\n2026-04-14,B,3\n2026-04-14,C,-1"), "");
+    EXPECT_EQ(Asked("Date,Text,Amount,\n2026-04-13,A,-10.50,\n2026-04-14,C,-1.00"), "");
+    EXPECT_EQ(Asked("Date,Amount,Text\n2026-04-13,-10.50,A\n2026-04-14,-1,C"), "");
+    EXPECT_EQ(Asked("Date,Text,Amount,Note\n2026-04-13,A,-10.50,x\n2026-04-13,A,-10.50\n"
+                    "2026-04-14,C,-1.00"),
+              "");
 }
 
 TEST(CsvReaderTest, TheShapeIsThatOfTheLayout)

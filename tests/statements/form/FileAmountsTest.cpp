@@ -53,6 +53,16 @@ TEST(FileAmounts, OtherNumbersSettleItIfTheAmountsDoNot)
     EXPECT_EQ(settled.Read("1.234", {}), Money::Parse("1.234"));
 }
 
+TEST(FileAmounts, OtherNumbersDoNotSettleAmountsWithBothMarks)
+{
+    FileAmounts amounts = Of({"-1,004", "1.000"});
+    amounts.AddOther("100.00");
+
+    EXPECT_TRUE(amounts.Open({}));
+    EXPECT_FALSE(amounts.Open('.'));
+    EXPECT_FALSE(Of({"-1,004", "1.000", "5.00"}).Open({}));
+}
+
 TEST(FileAmounts, BothMarksInOneFileAreReadEachForItself)
 {
     const FileAmounts mixed = Of({"5.00", "6,00"});

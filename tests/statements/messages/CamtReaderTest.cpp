@@ -272,6 +272,15 @@ TEST(CamtReaderTest, ABatchWhosePartsDoNotSumToItStaysWhole)
     EXPECT_EQ(row.text, "N5.51");
 }
 
+TEST(CamtReaderTest, PartsThatDoNotSumToTheBatchAreListed)
+{
+    const KeptMessages kept = ReadEntries(
+        Entry{.amount = "10", .more = Tag("NtryDtls", Part("4.5") + Part("5.51"))}.Text());
+
+    ASSERT_EQ(kept.leftOut.size(), 1U);
+    EXPECT_EQ(kept.leftOut[0].text, "pieces that do not add up to 10: 4.5, 5.51");
+}
+
 TEST(CamtReaderTest, PartsInAnotherCurrencyAreNoPieces)
 {
     const std::string foreign = Tag("TxDtls", Amount("5", "USD"));
@@ -358,13 +367,29 @@ TEST(CamtReaderTest, EachAccountOfAFileIsReadByItself)
     EXPECT_TRUE(kept.accounts[1].ended);
 }
 
-TEST(CamtReaderTest, AnEntryInAnotherCurrencyThanItsAccountIsListed)
+// Symptom: the entry was listed as left out.
+TEST(CamtReaderTest, AnEntryInAnotherCurrencyThanItsAccountIsInOneOfItsOwn)
 {
     const KeptMessages kept = ReadEntries(Entry{.currency = "USD"}.Text() + Entry{}.Text());
 
-    EXPECT_EQ(kept.Rows().size(), 1U);
+    EXPECT_TRUE(kept.leftOut.empty());
+    ASSERT_EQ(kept.accounts.size(), 2U);
+    EXPECT_EQ(kept.accounts[0].account.currency, "USD");
+    EXPECT_EQ(kept.accounts[0].account.number, "NL91ABNA0417164300");
+    EXPECT_EQ(kept.accounts[0].rows.size(), 1U);
+    EXPECT_EQ(kept.accounts[1].account.currency, "EUR");
+    EXPECT_EQ(kept.accounts[1].rows.size(), 1U);
+}
+
+TEST(CamtReaderTest, APendingEntryInAnotherCurrencyMakesNoAccount)
+{
+    const KeptMessages kept =
+        ReadEntries(Entry{.state = "PDNG", .currency = "USD"}.Text() + Entry{}.Text());
+
+    ASSERT_EQ(kept.accounts.size(), 1U);
+    EXPECT_EQ(kept.accounts[0].account.currency, "EUR");
     ASSERT_EQ(kept.leftOut.size(), 1U);
-    EXPECT_EQ(kept.leftOut[0].reason, LeftOutReason::OtherCurrency);
+    EXPECT_EQ(kept.leftOut[0].reason, LeftOutReason::Pending);
 }
 
 TEST(CamtReaderTest, AnAccountInSeveralCurrenciesIsOneEach)
@@ -509,6 +534,52 @@ TEST(CamtReaderTest, AFileThatBreaksOffIsAskedAbout)
     const KeptMessages kept = Kept(*reader);
     EXPECT_EQ(Amounts(kept), (std::vector<std::string>{"12.5", "3"}));
     EXPECT_EQ(kept.Reasons(), (Reasons{{LineOf(text, ">4<"), LeftOutReason::Incomplete}}));
+}
+
+TEST(CamtReaderTest, AFileThatBreaksOffInItsSecondStatementHasTheWholeRowsOfBoth)
+{
+    const std::string whole = Statements(
+        Statement(Entry{.amount = "8", .state = "PDNG"}.Text() + Entry{.amount = "2"}.Text() +
+                  Entry{.booked = ""}.Text()) +
+        Statement(Entry{.amount = "3"}.Text() + Entry{.amount = "4", .state = "PDNG"}.Text() +
+                      Entry{.amount = "5"}.Text() + Entry{.amount = "6"}.Text(),
+                  Account("DE02120300000000202051")));
+    const std::string text = whole.substr(0, whole.rfind("<CdtDbtInd>"));
+    const auto reader = ReadCamt(text);
+
+    EXPECT_EQ(reader->Open({}).size(), 1U);
+    const KeptMessages kept = Kept(*reader);
+    ASSERT_EQ(kept.accounts.size(), 2U);
+    EXPECT_EQ(kept.accounts[0].account.number, "NL91ABNA0417164300");
+    ASSERT_EQ(kept.accounts[0].rows.size(), 1U);
+    EXPECT_EQ(kept.accounts[0].rows[0].line, LineOf(text, ">2<"));
+    EXPECT_EQ(kept.accounts[1].account.number, "DE02120300000000202051");
+    ASSERT_EQ(kept.accounts[1].rows.size(), 2U);
+    EXPECT_EQ(kept.accounts[1].rows[1].line, LineOf(text, ">5<"));
+    EXPECT_EQ(Amounts(kept), (std::vector<std::string>{"2", "3", "5"}));
+    EXPECT_EQ(kept.Reasons(), (Reasons{{LineOf(text, ">8<"), LeftOutReason::Pending},
+                                       {LineOf(text, ">12.50<"), LeftOutReason::NoDate},
+                                       {LineOf(text, ">4<"), LeftOutReason::Pending},
+                                       {LineOf(text, ">6<"), LeftOutReason::Incomplete}}));
+}
+
+TEST(CamtReaderTest, AFileThatBreaksOffBetweenEntriesListsNoneAsIncomplete)
+{
+    const std::string whole =
+        Statements(Statement(Entry{.amount = "2"}.Text()) +
+                   Statement(Entry{.amount = "3"}.Text(), Account("DE02120300000000202051")));
+    // After the last entry, in the second account, and between the statements.
+    for (const auto& [cut, amounts] :
+         {std::pair(whole.rfind("</Stmt>"), std::vector<std::string>{"2", "3"}),
+          std::pair(whole.rfind("<Ccy>"), std::vector<std::string>{"2"}),
+          std::pair(whole.find("</Stmt>") + 8, std::vector<std::string>{"2"})}) {
+        const std::string text = whole.substr(0, cut);
+        const auto reader = ReadCamt(text);
+        EXPECT_EQ(reader->Open({}).size(), 1U) << cut;
+        const KeptMessages kept = Kept(*reader);
+        EXPECT_EQ(Amounts(kept), amounts) << cut;
+        EXPECT_TRUE(kept.leftOut.empty()) << cut;
+    }
 }
 
 TEST(CamtReaderTest, OnlyWholeRowsComeWhereverTheFileIsCut)

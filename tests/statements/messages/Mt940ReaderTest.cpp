@@ -62,7 +62,7 @@ TEST(Mt940ReaderTest, AStatementLineIsARowOfItsAccount)
     ASSERT_EQ(kept.accounts.size(), 1U);
     const auto& account = kept.accounts[0];
     EXPECT_EQ(account.account.bank, "12345678");
-    EXPECT_EQ(account.account.number, "9876543");
+    EXPECT_EQ(account.account.number, "12345678/9876543");
     EXPECT_EQ(account.account.currency, "EUR");
     EXPECT_EQ(account.balances.opening, Money::FromUnits(100));
     EXPECT_EQ(account.balances.closing, Money::FromUnits(90));
@@ -231,9 +231,25 @@ TEST(Mt940ReaderTest, AccountsAreWrittenInManyWays)
     EXPECT_EQ(account(":25:NL91ABNA0417164300").number, "NL91ABNA0417164300");
     EXPECT_EQ(account(":25:NL91ABNA0417164300EUR").number, "NL91ABNA0417164300");
     EXPECT_EQ(account(":25:0123456789 EUR").number, "0123456789");
-    EXPECT_EQ(account(":25:20041111/877321000EUR").number, "877321000");
+    EXPECT_EQ(account(":25:20041111/877321000EUR").number, "20041111/877321000");
     EXPECT_EQ(account(":25:20041111/877321000EUR").bank, "20041111");
+    EXPECT_EQ(account(":25:BANKNL2A/NL91ABNA0417164300").number, "NL91ABNA0417164300");
+    EXPECT_EQ(account(":25:BANKNL2A/NL91ABNA0417164300").bank, "BANKNL2A");
     EXPECT_EQ(account(":25P:877321000\nBANKDEFFXXX").bank, "BANKDEFFXXX");
+}
+
+// Symptom: the rows of both banks came into one account.
+TEST(Mt940ReaderTest, EqualNumbersOfTwoBanksAreTwoAccounts)
+{
+    const KeptMessages kept = ReadText(
+        ":20:A\n:25:37040044/1234567\n:60F:C260301EUR5,\n:61:260301C1,NTRF\n:62F:C260301EUR6,\n-\n"
+        ":20:B\n:25:50050201/1234567\n:60F:C260301EUR9,\n:61:260301D2,NTRF\n:62F:C260301EUR7,\n"
+        "-\n");
+
+    ASSERT_EQ(kept.accounts.size(), 2U);
+    EXPECT_EQ(kept.accounts[0].account.number, "37040044/1234567");
+    EXPECT_EQ(kept.accounts[1].account.number, "50050201/1234567");
+    EXPECT_EQ(kept.accounts[1].rows.size(), 1U);
 }
 
 TEST(Mt940ReaderTest, AnAccountInTwoCurrenciesIsTwo)
@@ -392,6 +408,19 @@ TEST(Mt940ReaderTest, AFileThatBreaksOffIsAskedAbout)
     ASSERT_EQ(questions.size(), 1U);
     EXPECT_EQ(questions[0].question, StatementQuestion::Truncated);
     EXPECT_TRUE(reader->Open({.takeWholeRows = true}).empty());
+}
+
+TEST(Mt940ReaderTest, AnInterimMessageThatBreaksOffInALineIsAskedAbout)
+{
+    const std::string begin =
+        ":20:A\n:25:37040044/1\n:28C:1\n:34F:EURD0,00\n:13D:2604031200+0200\n"
+        ":61:2604030403D23,45NTRFX\n:86:105?20Test\n";
+
+    EXPECT_TRUE(ReadMt940(begin)->Open({}).empty());
+    const auto questions = ReadMt940(begin + ":61:2604030403D125")->Open({});
+    ASSERT_EQ(questions.size(), 1U);
+    EXPECT_EQ(questions[0].question, StatementQuestion::Truncated);
+    EXPECT_EQ(Amounts(ReadText(begin + ":61:2604030403D125")), std::vector<std::string>{"-23.45"});
 }
 
 TEST(Mt940ReaderTest, ABankMayCloseNoMessage)

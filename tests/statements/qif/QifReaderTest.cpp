@@ -189,6 +189,23 @@ TEST(QifReader, PiecesAlwaysSumToTheAmount)
     EXPECT_EQ(ReadRecord(start + "SA\n$1\nSB\n$2\n").category, "");
 }
 
+// Symptom: the first piece got the whole amount.
+TEST(QifReader, PiecesInPercentAreExactOrNone)
+{
+    const auto read = ReadText(
+        "!Type:Bank\nD1/13/2024\nT-100.00\nPA\nSFood\n%60\nSHome\n%40%\n^\n"
+        "D1/14/2024\nT-0.01\nPB\nSFood\n%50\nSHome\n%50\n^\n");
+
+    ASSERT_EQ(read.accounts.at(0).rows.size(), 2U);
+    const auto& exact = read.accounts[0].rows[0].pieces;
+    ASSERT_EQ(exact.size(), 2U);
+    EXPECT_EQ(exact[0].amount, Money::FromUnits(-60));
+    EXPECT_EQ(exact[1].amount, Money::FromUnits(-40));
+    EXPECT_TRUE(read.accounts[0].rows[1].pieces.empty());
+    ASSERT_EQ(read.leftOut.size(), 1U);
+    EXPECT_EQ(read.leftOut[0].text, "pieces without an exact amount: Food 50%; Home 50%");
+}
+
 TEST(QifReader, AnAmountThatIsMissingIsTheSumOfThePieces)
 {
     EXPECT_EQ(ReadRecord("D1/2/2024\nSA\n$-30.00\nSB\n$-20.00\n").amount, Money::FromUnits(-50));
