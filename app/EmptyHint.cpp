@@ -1,7 +1,10 @@
 #include "app/EmptyHint.h"
 
+#include "app/StatementWords.h"
 #include "app/frmController.h"
 #include "base/Text.h"
+#include "engine/rows/RawSql.h"
+#include "engine/storage/EngineError.h"
 #include "views/MenuNames.h"
 
 namespace clb {
@@ -21,7 +24,34 @@ bool IsEmpty(CVGrid& grid)
     return rows.Count() == (rows.NewRow() == 0 ? 0U : 1U) && !grid.Dirty() && !grid.Editing();
 }
 
+/// The latest month in which the shown account has transactions.
+std::optional<Month> LatestMonth(frmController& window)
+{
+    std::optional<Month> latest;
+    if (!window.View().Definition().transactions)
+        return latest;
+    try {
+        RawSql(window.Data().Database())
+            .Select("SELECT Year, Period FROM Trans WHERE AccountID = '" +
+                        clsDatabase::ToSqlString(window.View().AccountID()) +
+                        "' AND Period BETWEEN 1 AND 12 ORDER BY Year DESC, Period DESC LIMIT 1",
+                    [&latest](const RawSql::Row& row) {
+                        latest = Month{static_cast<std::int32_t>(row.Integer(0)),
+                                       static_cast<std::int32_t>(row.Integer(1))};
+                    });
+    } catch (const EngineError&) {
+        return std::nullopt;  // a hint less; commands that read the rows report the error
+    }
+    return latest;
+}
+
 }  // namespace
+
+void ShowLatestMonth(frmController& window)
+{
+    if (const auto latest = LatestMonth(window))
+        window.ShowMonth(*latest);
+}
 
 std::optional<EmptyHint> HintFor(frmController& window)
 {
@@ -37,6 +67,9 @@ std::optional<EmptyHint> HintFor(frmController& window)
         // A new row can also be begun while the grid is on its empty line.
         return way.item != command_name::kNew && !window.menus.Find(way.item)->Enabled();
     });
+    if (const auto latest = LatestMonth(window))
+        hint.ways.insert(hint.ways.begin(),
+                         {"Go to " + statement_words::MonthsText(*latest, *latest), kLatestMonth});
     return hint;
 }
 

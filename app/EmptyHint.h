@@ -8,9 +8,12 @@ namespace clb {
 
 class frmController;
 
+/// Instead of a menu item: shows the latest month in which the account has transactions.
+inline constexpr const char* kLatestMonth = "latest month";
+
 /// The text that the window shows in an empty grid, and commands that help further.
 struct EmptyHint {
-    /// A command by its menu item.
+    /// A command by its menu item, or kLatestMonth.
     struct Way {
         std::string caption;
         std::string item;
@@ -26,5 +29,7 @@ struct EmptyHint {
 /// is always among them: the window also runs it on the empty line. Returns nothing if there are
 /// rows, or if the user is entering the first one.
 std::optional<EmptyHint> HintFor(frmController& window);
+/// Shows the latest month in which the shown account has transactions. Throws EngineError.
+void ShowLatestMonth(frmController& window);
 
 }  // namespace clb

@@ -5,8 +5,10 @@
 
 #include "app/HistoryCommands.h"
 #include "app/ImportSummary.h"
+#include "app/NewRows.h"
 #include "app/StatementImport.h"
 #include "app/StatementQuestions.h"
+#include "app/StepPlaces.h"
 #include "app/frmController.h"
 #include "app/frmImported.h"
 #include "base/Product.h"
@@ -38,6 +40,12 @@ void ShowImportedAccount(frmController& window)
         window.ShowSelected();
 }
 
+void ShowLatest(frmController& window, const NewRows& rows)
+{
+    if (const auto latest = rows.Latest(window.Data()))
+        ShowTouched(window, {*latest});
+}
+
 void ImportOneStatement(frmController& window)
 {
     const WorkProgress::Work work(window.progress);
@@ -64,12 +72,22 @@ public:
             StatementImport import(window_, questions_);
             for (const ImportedStatement& statement : import.Import(path))
                 summary_->Add(statement);
+            added_.Add(import.Added());
         } catch (const RuntimeError& error) {
             if (error.Number() != errors::FileNotFound && error.Number() != errors::PathAccess)
                 throw;
             summary_->Add({.source = NameOf(path), .refused = error.what()});
         }
         window_.Settle();
+    }
+
+    /// Shows the account and the month of the latest new row to a person.
+    void Show() const
+    {
+        if (!added_.Any() || !window_.GivenPorts().showsResults)
+            return ShowImportedAccount(window_);
+        window_.Unseen().Add(added_);
+        ShowLatest(window_, added_);
     }
 
     void Tell() const
@@ -101,22 +119,26 @@ private:
     }
     void ShowResult() const
     {
-        const std::int64_t steps = StepsMade();
         frmController* const window = &window_;
-        if (summary_->HasDetails() || steps == 0)
-            window_.Results().Say(summary_->Sentence(), summary_->HasDetails() ? "Details..." : "",
-                                  [window, summary = summary_] {
-                                      frmImported(*summary).ShowDialog(window->GivenPorts().modal);
-                                  });
-        else
-            window_.Results().Say(summary_->Sentence(), "Undo",
-                                  [window, steps] { UndoSteps(*window, steps); });
+        std::vector<ResultBar::Action> actions;
+        if (added_.Any())
+            actions.push_back({"Show", [window, added = added_] { ShowLatest(*window, added); }});
+        if (summary_->HasDetails())
+            actions.push_back({"What was left out", [window, summary = summary_] {
+                                   frmImported(*summary).ShowDialog(window->GivenPorts().modal);
+                               }});
+        if (const std::int64_t steps = StepsMade(); steps > 0)
+            actions.push_back({"Undo", [window, steps] { UndoSteps(*window, steps); }});
+        const std::string months = added_.Months(window_.Data());
+        window_.Results().Say(summary_->Sentence() + (months.empty() ? "" : " \u2013 " + months),
+                              std::move(actions));
     }
 
     frmController& window_;
     StatementQuestions questions_;
     std::shared_ptr<ImportSummary> summary_;  // the result bar's button outlives the run
     std::int64_t newest_;
+    NewRows added_;
 };
 
 void AskForStatements(frmController& window)
@@ -155,7 +177,7 @@ void ImportStatements(frmController& window, const std::vector<std::string>& pat
         run.Tell();
         throw;
     }
-    ShowImportedAccount(window);
+    run.Show();
     window.ShowBalanceNotice();
     run.Tell();
 }

@@ -47,6 +47,8 @@ const std::vector<ImportedStatement>& StatementImport::Import(const std::string&
     window_.Steps().Begin("Import of " + std::filesystem::path(path).filename().string());
     // If another program has locked the book, the import fails here.
     window_.Data().Lock();
+    added_ = {};
+    const std::int64_t last = NewRows::Last(window_.Data());
     const Importing importing(window_, path);
     WideImport wide(window_.Data(), window_.Import(), asker_, window_.GivenPorts().clock);
     wide.Encoding(options_.encoding);
@@ -54,6 +56,7 @@ const std::vector<ImportedStatement>& StatementImport::Import(const std::string&
     wide.Watch(watch_);
     window_.Import().BeginTexts();
     imported_ = wide.Import(path);
+    added_.AddAfter(window_.Data(), last);
     window_.Import().EndTexts();
     return imported_;
 }

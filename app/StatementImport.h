@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "app/NewRows.h"
 #include "intake/WideImport.h"
 
 namespace clb {
@@ -33,12 +34,16 @@ public:
     /// balances.
     [[nodiscard]] const std::vector<ImportedStatement>& Imported() const { return imported_; }
 
+    /// The transactions that the last import has added.
+    [[nodiscard]] const NewRows& Added() const { return added_; }
+
 private:
     frmController& window_;
     IStatementAsker& asker_;
     StatementOptions options_;
     RowWatch watch_;
     std::vector<ImportedStatement> imported_;
+    NewRows added_;
 };
 
 }  // namespace clb

@@ -1,5 +1,8 @@
 #include "app/StatementQuestions.h"
 
+#include <algorithm>
+
+#include "app/StatementWords.h"
 #include "app/frmController.h"
 #include "app/frmStatement.h"
 #include "intake/StatementSurvey.h"
@@ -9,6 +12,8 @@ namespace {
 
 /// Of one file. Each time answers what was open, so more are never needed.
 constexpr int kMostTimes = 4;
+/// Numbers that agree in so many last digits are most likely of one account.
+constexpr std::size_t kAlikeDigits = 4;
 
 /// The number of the first account that the file names; empty if it names none.
 std::string AccountIn(const IStatementReader& reader, const StatementAnswers& answers)
@@ -33,6 +38,37 @@ std::string DescriptionOf(clsDatabase& database, const char* field, const std::s
                       clsDatabase::ToSqlString(value) + "'",
                   true);
     return value.empty() || found.Empty() ? std::string() : ToText(found.Get(0));
+}
+
+Month MonthOf(const Date& day)
+{
+    return {day.Year(), day.Month()};
+}
+
+std::string DigitsOf(std::string_view text)
+{
+    std::string digits;
+    for (const char c : text)
+        if (c >= '0' && c <= '9')
+            digits += c;
+    return digits;
+}
+
+/// Description of the only account whose number has the same last digits: a bank's files write an
+/// account as an IBAN, with its bank's code, or by its last digits. Empty if there is none.
+std::string OfSimilarNumber(clsDatabase& database, const std::string& number)
+{
+    const std::string wanted = DigitsOf(number);
+    Recordset accounts;
+    database.Fill(accounts, "SELECT AccountID, Description FROM Account", true);
+    std::vector<std::string> similar;
+    for (; !accounts.AtEnd(); accounts.MoveNext()) {
+        const std::string digits = DigitsOf(ToText(accounts.Get(0)));
+        if (std::min(digits.size(), wanted.size()) >= kAlikeDigits &&
+            (digits.ends_with(wanted) || wanted.ends_with(digits)))
+            similar.push_back(ToText(accounts.Get(1)));
+    }
+    return similar.size() == 1 ? similar.front() : std::string();
 }
 
 }  // namespace
@@ -80,27 +116,36 @@ std::optional<StatementAnswers> StatementQuestions::RememberedFor(const IStateme
     return found ? std::optional(found->answers) : std::nullopt;
 }
 
-void StatementQuestions::Choosing(const StatementAccount& account, std::size_t place,
+void StatementQuestions::Choosing(const SurveyedAccount& account, std::size_t place,
                                   const AccountCheck& check)
 {
-    unnamed_ = unnamed_ || (place == 0 && StatementSurvey::KeyOf(account).first.empty());
+    const StatementAccount& named = account.account;
+    unnamed_ = unnamed_ || (place == 0 && StatementSurvey::KeyOf(named).first.empty());
     window_.ProposeAccount({.question = QuestionFor(account),
-                            .description = account.name,
-                            .type = account.type,
-                            .existing = ExistingFor(account, place),
+                            .description = named.name,
+                            .type = named.type,
+                            .existing = ExistingFor(named, place),
                             .refuses = check});
 }
 
-std::string StatementQuestions::QuestionFor(const StatementAccount& account) const
+/// Names the file, what it holds and the account.
+std::string StatementQuestions::QuestionFor(const SurveyedAccount& account) const
 {
+    const StatementAccount& named = account.account;
+    const std::string what =
+        source_ + " holds " +
+        statement_words::Counted(static_cast<std::size_t>(account.rows), "transaction") +
+        (account.first
+             ? " of " + statement_words::MonthsText(MonthOf(*account.first), MonthOf(*account.last))
+             : "");
     const char* const end = ". What would you like to do?";
-    if (StatementSurvey::KeyOf(account).first.empty())
-        return source_ + " does not say which account it is for" + end;
-    const bool numbered = !account.number.empty();
-    std::string more = numbered ? account.name : "";
-    if (!account.currency.empty())
-        more += (more.empty() ? "" : ", ") + account.currency;
-    return source_ + " is for the account " + (numbered ? account.number : account.name) +
+    if (StatementSurvey::KeyOf(named).first.empty())
+        return what + ", but does not say for which account" + end;
+    const bool numbered = !named.number.empty();
+    std::string more = numbered ? named.name : "";
+    if (!named.currency.empty())
+        more += (more.empty() ? "" : ", ") + named.currency;
+    return what + " for the account " + (numbered ? named.number : named.name) +
            (more.empty() ? "" : " (" + more + ")") + ", which is not known yet" + end;
 }
 
@@ -111,7 +156,7 @@ std::string StatementQuestions::ExistingFor(const StatementAccount& account, std
     if (std::string same = DescriptionOf(data, "Description", account.name); !same.empty())
         return same;
     if (!StatementSurvey::KeyOf(account).first.empty())
-        return {};
+        return OfSimilarNumber(data, account.number);
     const auto remembered = memory_.Find(shape_, {});
     const clsView& view = window_.View();
     if (remembered && !remembered->accountID.empty())

@@ -22,14 +22,14 @@ public:
     std::optional<StatementAnswers> Ask(const std::string& source, const IStatementReader& reader,
                                         const std::vector<OpenQuestion>& questions,
                                         const StatementAnswers& given) override;
-    void Choosing(const StatementAccount& account, std::size_t place,
+    void Choosing(const SurveyedAccount& account, std::size_t place,
                   const AccountCheck& check) override;
     void Stored(const ImportedStatement& statement, const StatementAnswers& answers) override;
 
 private:
     [[nodiscard]] std::optional<StatementAnswers> RememberedFor(const IStatementReader& reader,
                                                                 const StatementAnswers& given);
-    [[nodiscard]] std::string QuestionFor(const StatementAccount& account) const;
+    [[nodiscard]] std::string QuestionFor(const SurveyedAccount& account) const;
     [[nodiscard]] std::string ExistingFor(const StatementAccount& account, std::size_t place);
 
     frmController& window_;

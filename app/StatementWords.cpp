@@ -79,10 +79,21 @@ std::string Explain(const std::string& source, const std::vector<OpenQuestion>& 
 
 std::string DayText(const Date& date)
 {
-    static const char* const months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                         "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    return std::to_string(date.Day()) + " " + months[date.Month() - 1] + " " +
+    return std::to_string(date.Day()) + " " +
+           std::string(kMonthNames[static_cast<std::size_t>(date.Month() - 1)].substr(0, 3)) + " " +
            std::to_string(date.Year());
+}
+
+std::string MonthsText(Month first, Month last)
+{
+    const auto name = [](Month month) {
+        return std::string(kMonthNames[static_cast<std::size_t>(month.period - 1)]);
+    };
+    const std::string end = name(last) + " " + std::to_string(last.year);
+    if (first == last)
+        return end;
+    return name(first) + (first.year == last.year ? "" : " " + std::to_string(first.year)) +
+           " to " + end;
 }
 
 std::string Shortened(const std::string& text, std::size_t characters)

@@ -18,6 +18,9 @@ namespace clb::statement_words {
                                   const std::vector<OpenQuestion>& questions);
 /// A day that nobody can read in another order: "3 Apr 2026".
 [[nodiscard]] std::string DayText(const Date& date);
+/// The months from one to the other: "March 2026", "March to April 2026", "December 2025 to
+/// January 2026".
+[[nodiscard]] std::string MonthsText(Month first, Month last);
 /// The text in one line, cut to so many characters.
 [[nodiscard]] std::string Shortened(const std::string& text, std::size_t characters);
 /// "1 row", "2 rows".

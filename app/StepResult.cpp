@@ -34,25 +34,23 @@ bool StepResult::ShowRefusal(const std::string& why, bool undo)
 /// No steps: there is nothing to offer.
 void StepResult::Offer(const std::string& text, bool undo, std::int64_t steps)
 {
-    Say(text,
-        steps == 0 ? ""
-        : undo     ? "Undo"
-                   : "Redo",
-        [&window = window_, steps, undo] {
-            if (undo)
-                UndoSteps(window, steps);
-            else
-                RedoSteps(window, steps);
-        });
+    std::vector<ResultBar::Action> actions;
+    if (steps > 0)
+        actions.push_back({undo ? "Undo" : "Redo", [&window = window_, steps, undo] {
+                               if (undo)
+                                   UndoSteps(window, steps);
+                               else
+                                   RedoSteps(window, steps);
+                           }});
+    Say(text, std::move(actions));
 }
 
-void StepResult::Say(const std::string& text, const std::string& caption,
-                     std::function<void()> action)
+void StepResult::Say(const std::string& text, std::vector<ResultBar::Action> actions)
 {
     if (!window_.GivenPorts().showsResults)
         return;
     shownAt_ = Present();
-    window_.result.Show(text, caption, std::move(action));
+    window_.result.Show(text, std::move(actions));
 }
 
 void StepResult::Follow()

@@ -1,9 +1,10 @@
 // Says in the result bar what a command has done.
 #pragma once
 #include <cstdint>
-#include <functional>
 #include <string>
+#include <vector>
 
+#include "controls/ResultBar.h"
 #include "history/History.h"
 
 namespace clb {
@@ -23,9 +24,9 @@ public:
     /// Says why nothing was undone or redone, and offers to do now what comes next, if there is
     /// something. Returns false if the window shows no results. Throws EngineError.
     bool ShowRefusal(const std::string& why, bool undo);
-    /// Says what another command has done, if the window shows results. action is what the button
-    /// with the caption does. The command has settled. Throws EngineError.
-    void Say(const std::string& text, const std::string& caption, std::function<void()> action);
+    /// Says what another command has done, if the window shows results. The command has settled.
+    /// Throws EngineError.
+    void Say(const std::string& text, std::vector<ResultBar::Action> actions);
     /// Closes the bar if what it offers no longer fits the book or the place. Called after each
     /// command. Throws EngineError.
     void Follow();

@@ -13,10 +13,6 @@
 namespace clb {
 namespace {
 
-constexpr const char* kMonths[] = {"January",   "February", "March",    "April",
-                                   "May",       "June",     "July",     "August",
-                                   "September", "October",  "November", "December"};
-
 /// Parses a year. Returns 0 if the text is not a number. 64 bits, so that the year after the last
 /// one is rejected like any other bad year instead of overflowing.
 std::int64_t YearNumber(const std::string& text)
@@ -47,6 +43,7 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
       results_(*this),
       quotes_(*this),
       rows_(*this),
+      unseen_(*this),
       marked_(*this),
       balances_(*this),
       importHost_(*this),
@@ -58,7 +55,7 @@ frmController::frmController(const Ports& ports, const WindowMetrics& metrics)
                                          &txtTotal2, &lblTotal, &toolbar, &statusBar})
         window.Add(*control);
     for (std::int32_t month = 0; month < 12; ++month)
-        cmbPeriod.Add(kMonths[month], month + 1);
+        cmbPeriod.Add(std::string(kMonthNames[static_cast<std::size_t>(month)]), month + 1);
     UpDown.Attach(txtYear);
     txtTotal.Locked(true);
     txtTotal2.Locked(true);
@@ -253,6 +250,7 @@ void frmController::Connect()
     for (Event<void()> moved : {TreeView.GotFocus(), TreeView.LostFocus()})
         moved.connect([this] { layout_.PlaceAgain(); });
     rows_.Connect();
+    unseen_.Connect();
     marked_.Connect();
     bars_.Connect();
 }

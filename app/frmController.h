@@ -15,6 +15,7 @@
 #include "app/StepResult.h"
 #include "app/TreeBalances.h"
 #include "app/UnlockedPorts.h"
+#include "app/UnseenRows.h"
 #include "app/WindowLayout.h"
 #include "app/modGlobals.h"
 #include "base/Product.h"
@@ -96,6 +97,8 @@ public:
     [[nodiscard]] const CommandBars& Bars() const { return bars_; }
     /// Says in the result bar what a command has done.
     StepResult& Results() { return results_; }
+    /// Marks transactions until the user has looked at them.
+    UnseenRows& Unseen() { return unseen_; }
     /// Says what the last update of quotes has changed.
     QuoteResult& Quotes() { return quotes_; }
     /// Shows the contents of the file again after rows were changed in another way than through the
@@ -165,6 +168,7 @@ private:
     StepResult results_;
     QuoteResult quotes_;
     RowEvents rows_;
+    UnseenRows unseen_;
     MarkedSum marked_;
     TreeBalances balances_;
     ImportHost importHost_;

@@ -1,5 +1,6 @@
 // Dates, and months of the budget.
 #pragma once
+#include <array>
 #include <compare>
 #include <cstdint>
 #include <optional>
@@ -63,6 +64,11 @@ enum class Order { MonthDayYear, DayMonthYear, YearMonthDay };
 /// two digits as above, and also dots between the numbers.
 std::optional<Date> InOrder(std::string_view text, Order order);
 }  // namespace DateText
+
+/// English names of the months, January first.
+inline constexpr std::array<std::string_view, 12> kMonthNames = {
+    "January", "February", "March",     "April",   "May",      "June",
+    "July",    "August",   "September", "October", "November", "December"};
 
 /// A budget month: calendar year and period, 1 = January to 12 = December.
 struct Month {

@@ -51,10 +51,10 @@ void ImportAnswers::Begin(const std::string& /*source*/, const IStatementReader&
     unknown_ = 0;
 }
 
-void ImportAnswers::Choosing(const StatementAccount& account, std::size_t place,
+void ImportAnswers::Choosing(const SurveyedAccount& account, std::size_t place,
                              const AccountCheck& check)
 {
-    account_ = account;
+    account_ = account.account;
     first_ = place == 0;
     check_ = check;
 }

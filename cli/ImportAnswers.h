@@ -41,7 +41,7 @@ public:
                                         const StatementAnswers& given) override;
     void Begin(const std::string& source, const IStatementReader& reader) override;
     void Unknown(std::size_t accounts) override { unknown_ = accounts; }
-    void Choosing(const StatementAccount& account, std::size_t place,
+    void Choosing(const SurveyedAccount& account, std::size_t place,
                   const AccountCheck& check) override;
     [[nodiscard]] std::string WhyNoAccount() const override;
 

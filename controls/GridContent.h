@@ -84,6 +84,10 @@ public:
     void JudgeFigures(Judge judge) { judge_ = std::move(judge); }
     /// Whether a figure with this text is drawn as a warning. Raises no event.
     [[nodiscard]] bool Warns(std::size_t row, std::int32_t column, const std::string& text) const;
+    /// Decides which rows the user has not looked at yet. They are marked. Raises no event.
+    using Unseen = std::function<bool(std::size_t row)>;
+    void JudgeRows(Unseen unseen) { unseen_ = std::move(unseen); }
+    [[nodiscard]] bool IsUnseen(std::size_t row) const { return unseen_ && unseen_(row); }
     /// Text of a group's footer row.
     std::string FooterText(std::size_t row);
     /// Tip of a cell; nothing if tips are off, the row is not a data row, or there is no text.
@@ -143,6 +147,7 @@ private:
     std::int32_t cellTips_ = 0;
     std::int32_t tipDelay_ = 0;
     Judge judge_;
+    Unseen unseen_;
     std::optional<SideFigures> beside_;
     std::int32_t dayColumn_ = 0;
 

@@ -4,25 +4,26 @@
 
 namespace clb {
 
-void ResultBar::Show(std::string text, std::string caption, std::function<void()> action)
+void ResultBar::Show(std::string text, std::vector<Action> actions)
 {
     text_ = std::move(text);
-    caption_ = std::move(caption);
-    action_ = std::move(action);
+    actions_ = std::move(actions);
     NotifyChanged();
 }
 
 void ResultBar::Close()
 {
     if (Shown())
-        Show({}, {}, {});
+        Show({}, {});
 }
 
-void ResultBar::Press()
+void ResultBar::Press(std::size_t button)
 {
+    if (button >= actions_.size())
+        return;
     // The action may show another result or close the bar.
-    if (const std::function<void()> action = action_)
-        action();
+    const std::function<void()> run = actions_[button].run;
+    run();
 }
 
 }  // namespace clb

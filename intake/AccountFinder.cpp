@@ -72,7 +72,7 @@ void AccountFinder::RequireCurrencies()
 void AccountFinder::Choose(Group& group, const std::string& number)
 {
     const std::size_t first = group.places.front();
-    asker_.Choosing(accounts_[first].account, first, CheckOf(group, !number.empty()));
+    asker_.Choosing(accounts_[first], first, CheckOf(group, !number.empty()));
     std::string base = number;
     if (!import_.FindAccount(base))
         throw StatementRefused(asker_.WhyNoAccount());
@@ -88,8 +88,7 @@ std::string AccountFinder::FindOwn(const Group& group, std::size_t place)
 {
     std::string own = OwnID(*group.base, CurrencyOf(place));
     // It is a further account of the file, even if its rows come first.
-    asker_.Choosing(accounts_[place].account, std::max<std::size_t>(place, 1),
-                    CheckOf({{place}}, true));
+    asker_.Choosing(accounts_[place], std::max<std::size_t>(place, 1), CheckOf({{place}}, true));
     if (!import_.FindAccount(own))
         throw StatementRefused(asker_.WhyNoAccount());
     if (const std::string why = Clash(own, CurrencyOf(place)); !why.empty())

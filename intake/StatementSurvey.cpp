@@ -47,6 +47,10 @@ void StatementSurvey::Row(const StatementRow& row)
     SurveyedAccount& account = accounts_.at(current_);
     ++account.rows;
     account.sum += row.amount;
+    if (!account.first || row.date < *account.first)
+        account.first = row.date;
+    if (!account.last || *account.last < row.date)
+        account.last = row.date;
 }
 
 void StatementSurvey::LeftOut(const LeftOutPart& part)

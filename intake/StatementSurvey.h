@@ -2,6 +2,7 @@
 #pragma once
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,6 +18,8 @@ struct SurveyedAccount {
     StatementBalances balances;
     std::int64_t rows = 0;
     MoneySum sum;
+    std::optional<Date> first{};  ///< the earliest day of a row
+    std::optional<Date> last{};
 };
 
 /// Goes through a statement without keeping its rows: accounts in the order of the file, their

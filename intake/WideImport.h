@@ -72,7 +72,7 @@ public:
     virtual void Unknown(std::size_t /*accounts*/) {}
     /// The account of the book for this one of the file is about to be found; the user may be asked
     /// for it. place: among the accounts of the file, from 0.
-    virtual void Choosing(const StatementAccount& account, std::size_t place,
+    virtual void Choosing(const SurveyedAccount& account, std::size_t place,
                           const AccountCheck& check) = 0;
     /// Why no account was chosen, a sentence. Called if the user has chosen none.
     [[nodiscard]] virtual std::string WhyNoAccount() const { return kAccountMissing; }

@@ -213,6 +213,20 @@ void GridPainter::DrawSelector(std::size_t row)
         DrawStar(place, color);
     else if (current)
         DrawFoldArrow(painter_, place, true, color);
+    else if (grid_.IsUnseen(row))
+        DrawDot(place, colors_.accent);
+}
+
+/// The mark of a row that the user has not looked at yet.
+void GridPainter::DrawDot(const QRect& place, const QColor& color)
+{
+    const double radius = std::min(place.width(), place.height()) * 0.16;
+    painter_.save();
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(color);
+    painter_.drawEllipse(QRectF(place).center(), radius, radius);
+    painter_.restore();
 }
 
 void GridPainter::DrawPencil(const QRect& place, const QColor& color)

@@ -37,6 +37,7 @@ private:
     void DrawSelector(std::size_t row);
     void DrawPencil(const QRect& place, const QColor& color);
     void DrawStar(const QRect& place, const QColor& color);
+    void DrawDot(const QRect& place, const QColor& color);
     void DrawCurrentFrame();
     [[nodiscard]] QColor RowColor(std::size_t row) const;
     [[nodiscard]] QFont Bold() const;

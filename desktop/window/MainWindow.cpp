@@ -99,6 +99,8 @@ void MainWindow::BuildParts()
                      [this](const std::string& item) {
                          if (item == command_name::kNew)
                              NewRecord();
+                         else if (item == kLatestMonth)
+                             events_.Run([this] { ShowLatestMonth(controller_); });
                          else
                              events_.Run([&] { Choose(*controller_.menus.Find(item)); });
                      });
@@ -144,9 +146,9 @@ void MainWindow::BuildResultBar()
 {
     result_ = new ResultBarView(
         controller_.result,
-        [this] {
+        [this](std::size_t button) {
             if (GridAgrees())
-                events_.Run([this] { controller_.result.Press(); });
+                events_.Run([this, button] { controller_.result.Press(button); });
         },
         [this] { events_.Run([this] { controller_.result.Close(); }); }, inner_);
 }

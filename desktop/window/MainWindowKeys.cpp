@@ -63,8 +63,9 @@ void MainWindow::OrderTabs()
     std::vector<QWidget*> stops;
     for (const Toolbar::Button& button : controller_.toolbar.Buttons())
         stops.push_back(toolbar_->ButtonOf(button.key));
-    stops.insert(stops.end(), {month_, year_, tree_, grid_, totals_->First(), totals_->Second(),
-                               result_->Reverse(), result_->Closing()});
+    stops.insert(stops.end(), {month_, year_, tree_, grid_, totals_->First(), totals_->Second()});
+    for (QToolButton* const button : result_->Stops())
+        stops.push_back(button);
     for (std::size_t stop = 1; stop < stops.size(); ++stop)
         setTabOrder(stops[stop - 1], stops[stop]);
 }

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QToolButton>
+#include <algorithm>
 #include <utility>
 
 #include "desktop/look/GridColors.h"
@@ -16,6 +17,9 @@
 namespace clb {
 
 namespace {
+
+/// More actions than these have no button.
+constexpr std::size_t kMostActions = 3;
 
 /// A text that is cut if there is no room for it.
 class CutLabel : public QLabel {
@@ -48,30 +52,36 @@ QToolButton* MakeButton(QWidget* parent, const char* icon, std::function<void()>
 
 const char* IconOf(const std::string& caption)
 {
-    return caption == "Undo" ? "undo" : caption == "Redo" ? "redo" : "information";
+    return caption == "Undo"   ? "undo"
+           : caption == "Redo" ? "redo"
+           : caption == "Show" ? "forward"
+                               : "information";
 }
 
 }  // namespace
 
-ResultBarView::ResultBarView(ResultBar& bar, std::function<void()> press,
+ResultBarView::ResultBarView(ResultBar& bar, std::function<void(std::size_t button)> press,
                              std::function<void()> close, QWidget* parent)
     : QFrame(parent),
       bar_(bar),
       text_(new CutLabel(this)),
-      reverse_(MakeButton(this, "redo", std::move(press))),
       close_(MakeButton(this, "close", std::move(close)))
 {
+    for (std::size_t number = 0; number < kMostActions; ++number) {
+        buttons_.push_back(MakeButton(this, "information", [press, number] { press(number); }));
+        buttons_.back()->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    }
     setObjectName(ToQString(bar_.Name()));
     text_->setTextFormat(Qt::PlainText);
     text_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-    reverse_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     close_->setToolTip(QStringLiteral("Close (Escape)"));
     close_->setAccessibleName(QStringLiteral("Close"));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(8, 1, 4, 0);
     row->setSpacing(10);
     row->addWidget(text_);
-    row->addWidget(reverse_);
+    for (QToolButton* const button : buttons_)
+        row->addWidget(button);
     row->addStretch(1);
     row->addWidget(close_);
     bar_.Changed().connect(sigc::track_obj([this] { Follow(); }, *this));
@@ -86,13 +96,35 @@ void ResultBarView::Follow()
     text_->setText(text);
     text_->setToolTip(text);
     setAccessibleName(text);
-    reverse_->setText(ToQString(bar_.ButtonCaption()));
-    reverse_->setVisible(!bar_.ButtonCaption().empty());
-    reverse_->setIcon(icons::Command(IconOf(bar_.ButtonCaption())));
+    ShowButtons();
     if (text.isEmpty())
         return;
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+}
+
+void ResultBarView::ShowButtons()
+{
+    const std::vector<ResultBar::Action>& actions = bar_.Actions();
+    for (std::size_t i = 0; i < buttons_.size(); ++i) {
+        buttons_[i]->setVisible(i < actions.size());
+        if (i >= actions.size())
+            continue;
+        buttons_[i]->setText(ToQString(actions[i].caption));
+        buttons_[i]->setIcon(icons::Command(IconOf(actions[i].caption)));
+    }
+}
+
+std::vector<QToolButton*> ResultBarView::Stops() const
+{
+    std::vector<QToolButton*> stops = buttons_;
+    stops.push_back(close_);
+    return stops;
+}
+
+QToolButton* ResultBarView::Button(std::size_t action) const
+{
+    return action < std::min(bar_.Actions().size(), buttons_.size()) ? buttons_[action] : nullptr;
 }
 
 void ResultBarView::paintEvent(QPaintEvent* /*event*/)

@@ -4,7 +4,9 @@
 #include "controls/ControlVisitor.h"
 #include "controls/ResultBar.h"
 #include "controls/RowList.h"
+#include "data/ViewColumns.h"
 #include "tests/support/Books.h"
+#include "tests/support/PressedResult.h"
 #include "user/FormUser.h"
 
 namespace clb {
@@ -65,7 +67,7 @@ protected:
     {
         std::string lines;
         AnswerForm([&lines](Form& form) { lines = Lines(form); });
-        Bar().Press();
+        PressResult(Bar(), "What was left out");
         return lines;
     }
 
@@ -92,12 +94,31 @@ TEST_F(ImportCommandTest, TheResultBarSaysWhatCameInAndTakesItBack)
 
     Import({Csv("march.csv", "2006-03-14,Shop,-1.50\n2006-03-15,Work,20.00\n")});
 
-    EXPECT_EQ(Bar().Text(), "Checking: 2 added");
-    EXPECT_EQ(Bar().ButtonCaption(), "Undo");
+    EXPECT_EQ(Bar().Text(), "Checking: 2 added \u2013 March 2006");
+    EXPECT_EQ(Captions(Bar()), "Show|Undo");
     EXPECT_EQ(CountRows(), 2);
-    Bar().Press();
+    PressResult(Bar(), "Undo");
     Window().Settle();
     EXPECT_EQ(CountRows(), 0);
+}
+
+TEST_F(ImportCommandTest, TheWindowShowsAccountAndMonthOfTheLatestNewRow)
+{
+    AnswerAccount("Purse");
+
+    Import({Csv("spring.csv",
+                "2005-12-30,Inn,-3.00\n2006-04-02,Shop,-1.50\n2006-01-15,Work,20.00\n")});
+
+    EXPECT_EQ(Bar().Text(), "Purse: 3 added \u2013 December 2005 to April 2006");
+    const clsView& view = Window().View();
+    EXPECT_EQ(view.AccountID(), "P1");
+    EXPECT_EQ((Month{view.Year(), view.Period()}), (Month{2006, 4}));
+    EXPECT_EQ(Window().TreeView.Node(Window().TreeView.Selected()).text, "Purse");
+    EXPECT_EQ(Window().window.Caption(), "Purse - Corvane Ledgerbook");
+
+    Window().Grid.MoveToRowKey(Null());
+    PressResult(Bar(), "Show");
+    EXPECT_EQ(Window().Grid.CellText(Window().Grid.Row(), Register::Description), "Shop");
 }
 
 TEST_F(ImportCommandTest, KnownRowsAreCounted)
@@ -121,8 +142,8 @@ TEST_F(ImportCommandTest, EverythingLeftOutIsListedWithItsLine)
                 "2006-03-14,Shop,-1.50\n2006-03-15,Work,soon\n2006-03-15,a,2.00\n"
                 "2006-03-16,b,-3.00\n")});
 
-    EXPECT_EQ(Bar().Text(), "Checking: 3 added; 1 left out");
-    EXPECT_EQ(Bar().ButtonCaption(), "Details...");
+    EXPECT_EQ(Bar().Text(), "Checking: 3 added; 1 left out \u2013 March 2006");
+    EXPECT_EQ(Captions(Bar()), "Show|What was left out|Undo");
     EXPECT_EQ(DetailsOf(),
               "[march.csv  \u2013  Checking: 3 added]\n"
               "3|it has no amount that can be read exactly|2006-03-15,Work,soon|\n");
@@ -171,15 +192,16 @@ TEST_F(ImportCommandTest, TheDialogForTheAccountSaysWhichFileAsks)
 {
     AnswerForm([](Form& form) {
         EXPECT_EQ(As<Label>(form.Find("Label1"))->Caption(),
-                  "march.csv does not say which account it is for. What would you like to do?");
+                  "march.csv holds 2 transactions of March 2006, but does not say for which "
+                  "account. What would you like to do?");
         EXPECT_EQ(As<ListBox>(form.Find("cmbAccountID"))->Enabled(), false);
     });
     Import({Csv("march.csv", "2006-03-14,Shop,-1.50\n2006-03-15,Work,20.00\n")});
 
     AnswerForm([](Form& form) {
         EXPECT_EQ(As<Label>(form.Find("Label1"))->Caption(),
-                  "a.ofx is for the account 12-34 (EUR), which is not known yet. What would you "
-                  "like to do?");
+                  "a.ofx holds 1 transaction of March 2006 for the account 12-34 (EUR), which is "
+                  "not known yet. What would you like to do?");
     });
     Import({books_.folder.Write(
         "a.ofx",
@@ -188,6 +210,21 @@ TEST_F(ImportCommandTest, TheDialogForTheAccountSaysWhichFileAsks)
         "<TRNAMT>-1<FITID>7<NAME>Shop</STMTTRN></BANKTRANLIST></STMTRS></STMTTRNRS>"
         "</BANKMSGSRSV1></OFX>")});
     EXPECT_EQ(books_.modal.shown, 2);
+}
+
+TEST_F(ImportCommandTest, AnAccountWhoseNumberEndsAlikeIsProposed)
+{
+    books_.AddAccount("4471-0392", "Bank", "Joint");
+    AnswerForm([](Form& form) {
+        EXPECT_TRUE(As<OptionButton>(form.Find("optAccount(1)"))->Value());
+        EXPECT_EQ(As<ListBox>(form.Find("cmbAccountID"))->Text(), "Joint");
+    });
+    Import({books_.folder.Write(
+        "a.ofx",
+        "<OFX><BANKMSGSRSV1><STMTTRNRS><STMTRS><CURDEF>EUR<BANKACCTFROM><ACCTID>DE0210044710392"
+        "</BANKACCTFROM><BANKTRANLIST><STMTTRN><DTPOSTED>20060305<TRNAMT>-1<FITID>7<NAME>Shop"
+        "</STMTTRN></BANKTRANLIST></STMTRS></STMTTRNRS></BANKMSGSRSV1></OFX>")});
+    EXPECT_EQ(books_.modal.shown, 1);
 }
 
 TEST_F(ImportCommandTest, AnswersAndAccountAreProposedForTheNextFileOfTheSameLayout)
@@ -242,7 +279,7 @@ TEST_F(ImportCommandTest, AnAccountThatIsMadeBelongsToTheStepOfTheImport)
 
     EXPECT_EQ(Bar().Text(), "Savings: 2 added");
     EXPECT_EQ(Window().Steps().NextToUndo()->what, "Import of march.csv");
-    Bar().Press();
+    PressResult(Bar(), "Undo");
     Window().Settle();
     EXPECT_EQ(CountRows(), 0);
     EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Account"), "2");

@@ -4,6 +4,7 @@
 #include "controls/ResultBar.h"
 #include "data/ViewColumns.h"
 #include "tests/app/HistoryBooks.h"
+#include "tests/support/PressedResult.h"
 
 namespace clb {
 namespace {
@@ -40,7 +41,7 @@ protected:
     std::string Bar() { return Window().result.Text(); }
     void PressBar()
     {
-        Window().result.Press();
+        Window().result.Press(0);
         Window().Settle();
     }
     void EditTailor()
@@ -177,11 +178,11 @@ TEST_F(UndoTest, TheBarSaysWhatWasUndoneAndItsButtonBringsItBack)
     Press("mnuY_Undo");
 
     EXPECT_EQ(Bar(), "Undone: Edit Transaction (1 row)");
-    EXPECT_EQ(Window().result.ButtonCaption(), "Redo");
+    EXPECT_EQ(Captions(Window().result), "Redo");
     EXPECT_LT(Window().Grid.Place().height, height);
     PressBar();
     EXPECT_EQ(Bar(), "Redone: Edit Transaction (1 row)");
-    EXPECT_EQ(Window().result.ButtonCaption(), "Undo");
+    EXPECT_EQ(Captions(Window().result), "Undo");
     EXPECT_EQ(Shown(), "Checking 5/2006|2006-05-10|Suit");
     Window().result.Close();
     EXPECT_EQ(Bar(), "");
@@ -257,7 +258,7 @@ TEST_F(UndoTest, TakesBackOnlyTheStepThatTheCaptionNames)
     EXPECT_EQ(Bar(),
               "Nothing was undone, because another program has changed the book meanwhile. Undo "
               "would now take back 'Import'.");
-    EXPECT_EQ(Window().result.ButtonCaption(), "Undo");
+    EXPECT_EQ(Captions(Window().result), "Undo");
     EXPECT_EQ(Caption("mnuY_Undo"), "&Undo Import (another program)");
     EXPECT_TRUE(books_.messages.boxes.empty());
     PressInWindow("mnuY_Undo");
@@ -303,7 +304,7 @@ TEST_F(UndoTest, SaysThatNothingIsLeftToRedoAfterAnotherProgramsStep)
     EXPECT_EQ(Bar(),
               "Nothing was redone, because another program has changed the book meanwhile. There "
               "is nothing left to redo.");
-    EXPECT_EQ(Window().result.ButtonCaption(), "");
+    EXPECT_EQ(Captions(Window().result), "");
     EXPECT_FALSE(Window().menus.Find("mnuY_Redo")->Enabled());
 }
 

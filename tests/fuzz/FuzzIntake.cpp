@@ -28,7 +28,7 @@ public:
             Answer(question, answers);
         return answers;
     }
-    void Choosing(const StatementAccount&, std::size_t, const AccountCheck&) override {}
+    void Choosing(const SurveyedAccount&, std::size_t, const AccountCheck&) override {}
 
 private:
     static void Answer(const OpenQuestion& question, StatementAnswers& answers)

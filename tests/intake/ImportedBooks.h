@@ -19,7 +19,7 @@ public:
     {
         return answers;
     }
-    void Choosing(const StatementAccount&, std::size_t, const AccountCheck&) override {}
+    void Choosing(const SurveyedAccount&, std::size_t, const AccountCheck&) override {}
 };
 
 /// Imports texts into accounts that are there.

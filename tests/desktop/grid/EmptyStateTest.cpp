@@ -87,6 +87,19 @@ TEST_F(EmptyStateTest, AMonthWithoutTransactionsIsNamed)
     EXPECT_THAT(Texts(), Not(Contains("No transactions in March 2006")));
 }
 
+TEST_F(EmptyStateTest, AnEmptyMonthLinksToTheLatestOneWithTransactions)
+{
+    ClickNode("Checking");
+    for (int month = 0; month < 3; ++month)
+        MenuAction("Forward")->trigger();
+    ASSERT_TRUE(Hint().isVisible());
+
+    Click(Link("Go to March 2006"));
+
+    EXPECT_EQ((Month{Model().View().Year(), Model().View().Period()}), (Month{2006, 3}));
+    EXPECT_FALSE(Hint().isVisible());
+}
+
 TEST_F(EmptyStateTest, TheBudgetOfTheMonthBeforeIsCopiedByAClick)
 {
     books_.Execute(

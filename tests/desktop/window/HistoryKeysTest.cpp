@@ -190,7 +190,7 @@ TEST_F(HistoryKeysTest, TheKeySaysWhyItDoesNothingIfAnotherProgramHasDeletedTheR
     EXPECT_EQ(BarText(),
               "Nothing was undone, because another program has changed the book meanwhile. Undo "
               "would now take back 'SQL'.");
-    EXPECT_EQ(Bar().Reverse()->text(), QStringLiteral("Undo"));
+    EXPECT_EQ(Bar().Button(0)->text(), QStringLiteral("Undo"));
     Press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(Notes(), "first");
 }
@@ -243,12 +243,12 @@ TEST_F(HistoryKeysTest, TheBarsButtonDoesTheReverseAndLeavesTheFocusInTheGrid)
 {
     EditNotes("first");
     Press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(Bar().Reverse()->text(), QStringLiteral("Redo"));
+    EXPECT_EQ(Bar().Button(0)->text(), QStringLiteral("Redo"));
 
-    QTest::mouseClick(Bar().Reverse(), Qt::LeftButton);
+    QTest::mouseClick(Bar().Button(0), Qt::LeftButton);
 
     EXPECT_EQ(Notes(), "first");
-    EXPECT_EQ(Bar().Reverse()->text(), QStringLiteral("Undo"));
+    EXPECT_EQ(Bar().Button(0)->text(), QStringLiteral("Undo"));
     EXPECT_TRUE(GridWidget(window_).hasFocus());
 }
 
@@ -260,12 +260,12 @@ TEST_F(HistoryKeysTest, TheBarIsReachedAndUsedByKeysAlone)
                                       : FirstTotal(window_)->setFocus(Qt::TabFocusReason);
     QTest::qWait(1);
     Press(Qt::Key_Tab);
-    ASSERT_TRUE(Bar().Reverse()->hasFocus());
+    ASSERT_TRUE(Bar().Button(0)->hasFocus());
 
     Press(Qt::Key_Space);
 
     EXPECT_EQ(Notes(), "first");
-    EXPECT_TRUE(Bar().Reverse()->hasFocus());
+    EXPECT_TRUE(Bar().Button(0)->hasFocus());
     Press(Qt::Key_Escape);
     EXPECT_FALSE(Bar().isVisible());
     EXPECT_TRUE(window_.focusWidget() && window_.focusWidget()->isVisible());
@@ -334,7 +334,7 @@ TEST_F(HistoryKeysTest, ALongTextLeavesRoomForTheButtons)
     Press(Qt::Key_Z, Qt::ControlModifier);
 
     const QRect bar = Bar().rect();
-    EXPECT_TRUE(bar.contains(Bar().Reverse()->geometry()));
+    EXPECT_TRUE(bar.contains(Bar().Button(0)->geometry()));
     EXPECT_TRUE(bar.contains(Bar().Closing()->geometry()));
 }
 

@@ -6,6 +6,7 @@
 
 #include "desktop/window/IncomingFiles.h"
 #include "tests/desktop/WindowFixture.h"
+#include "tests/support/PressedResult.h"
 #include "user/FormUser.h"
 
 namespace clb {
@@ -93,8 +94,9 @@ TEST_F(IncomingFilesTest, AFileThatIsNotAStatementIsReportedAndTheNextOneImporte
 
     ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 1; }));
     ASSERT_TRUE(QTest::qWaitFor([this] { return Model().result.Shown(); }));
-    EXPECT_EQ(Model().result.Text(), "2 files: Checking: 1 added; 1 file not imported");
-    EXPECT_EQ(Model().result.ButtonCaption(), "Details...");
+    EXPECT_EQ(Model().result.Text(),
+              "2 files: Checking: 1 added; 1 file not imported \u2013 March 2006");
+    EXPECT_EQ(Captions(Model().result), "Show|What was left out|Undo");
     EXPECT_TRUE(Model().window.Enabled());
 }
 

@@ -1,0 +1,32 @@
+// The imported transactions that the user has not looked at yet.
+#pragma once
+#include <cstddef>
+#include <set>
+
+#include "app/NewRows.h"
+
+namespace clb {
+
+class frmController;
+
+/// Keeps which imported transactions were never the current row of a register, until the program
+/// ends.
+class UnseenRows {
+public:
+    /// Borrows the window, which outlives it.
+    explicit UnseenRows(frmController& window) : window_(window) {}
+
+    /// From now on the grid marks the rows, and each one until it was the current row.
+    void Connect();
+    void Add(const NewRows& rows) { rows_.Add(rows); }
+
+private:
+    [[nodiscard]] bool IsUnseen(std::size_t row) const;
+    void Visit();
+
+    frmController& window_;
+    NewRows rows_;
+    std::set<std::size_t> seen_;  ///< identities
+};
+
+}  // namespace clb
