@@ -76,7 +76,7 @@ std::string WhyOther(const fs::path& path, bool anyTable)
         const std::string text = DecodeStatement(head);
         if (BeginsAsStatement(text))
             return {};
-        const std::string foreign = DescribeForeignFile(text);
+        std::string foreign = DescribeForeignFile(text);
         if (!foreign.empty())
             return foreign;
         return anyTable ? std::string() : "The file is in no format of statements.";

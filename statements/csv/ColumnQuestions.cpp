@@ -43,6 +43,7 @@ std::string NumberedNameOf(const CsvTable& table, const Option& columns)
 std::vector<std::string> NamesOf(const CsvTable& table, const std::vector<Option>& options)
 {
     std::vector<std::string> names;
+    names.reserve(options.size());
     for (const Option& option : options)
         names.push_back(NameOf(table, option));
     if (std::set<std::string>(names.begin(), names.end()).size() < names.size())

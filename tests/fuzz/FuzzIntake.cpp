@@ -111,7 +111,8 @@ private:
         Total total;
         std::int64_t watched = 0;
         WideImport wide(books_.window.Data(), import_, asker_, books_.clock);
-        wide.Watch([&watched](const StatementRow& row, const std::string& identifier, RowState) {
+        wide.Watch([&watched](const std::string&, const StatementRow& row,
+                              const std::string& identifier, RowState) {
             Require(!identifier.empty() && row.line > 0);
             ++watched;
         });
