@@ -7,7 +7,6 @@
 #include "base/Interruption.h"
 #include "base/Product.h"
 #include "data/Backups.h"
-#include "import/frmSelectAccount.h"
 
 namespace clb {
 
@@ -70,6 +69,7 @@ bool ImportHost::AskForAccount(std::string& accountID)
     const Ports& ports = window_.GivenPorts();
     frmSelectAccount dialog(window_.Data(), window_.View(), window_.TreeView, ports.modal,
                             ports.messages);
+    dialog.Propose(std::exchange(proposal_, {}));
     return dialog.ShowDialog(accountID) && StillHasAccount(accountID);
 }
 

@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "import/IImportHost.h"
+#include "import/frmSelectAccount.h"
 
 namespace clb {
 
@@ -14,6 +16,9 @@ class ImportHost : public IImportHost {
 public:
     /// Borrows the window, which outlives it.
     explicit ImportHost(frmController& window) : window_(window) {}
+
+    /// What the dialog for an unknown account shows at first, the next time that it is asked.
+    void Propose(AccountProposal proposal) { proposal_ = std::move(proposal); }
 
     std::string AskForFile(std::int32_t flags, const std::string& filter) override;
     [[nodiscard]] std::string StatusText() const override;
@@ -32,6 +37,7 @@ private:
     bool StillHasAccount(const std::string& accountID);
 
     frmController& window_;
+    AccountProposal proposal_;
 };
 
 }  // namespace clb

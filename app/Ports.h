@@ -30,9 +30,12 @@ struct Ports {
     /// Whether a command that corrects something copies the database first, and whether the window
     /// shows notices about it. False under automation and in a trial.
     bool keepsCopies = false;
-    /// Whether a bar in the window says what Undo and Redo have done. False under automation and in
-    /// a trial.
+    /// Whether a bar in the window says what a command has done. False under automation and in a
+    /// trial.
     bool showsResults = false;
+    /// Whether File > Import takes statements of every kind, several at once. False under
+    /// automation, where it takes one OFX, OFC or QIF file.
+    bool importsEveryKind = false;
 };
 
 }  // namespace clb

@@ -1,5 +1,7 @@
 #include "app/StepResult.h"
 
+#include <utility>
+
 #include "app/HistoryCommands.h"
 #include "app/frmController.h"
 
@@ -17,7 +19,7 @@ void StepResult::Show(const HistoryOutcome& outcome, bool undone)
 {
     if (!window_.GivenPorts().showsResults)
         return;
-    Show(Sentence(outcome, undone), !undone, static_cast<std::int64_t>(outcome.steps.size()));
+    Offer(Sentence(outcome, undone), !undone, static_cast<std::int64_t>(outcome.steps.size()));
 }
 
 bool StepResult::ShowRefusal(const std::string& why, bool undo)
@@ -25,24 +27,32 @@ bool StepResult::ShowRefusal(const std::string& why, bool undo)
     if (!window_.GivenPorts().showsResults)
         return false;
     const CommandBars& bars = window_.Bars();
-    Show(why, undo, (undo ? bars.NamedUndo() : bars.NamedRedo()) ? 1 : 0);
+    Offer(why, undo, (undo ? bars.NamedUndo() : bars.NamedRedo()) ? 1 : 0);
     return true;
 }
 
 /// No steps: there is nothing to offer.
-void StepResult::Show(const std::string& text, bool offersUndo, std::int64_t steps)
+void StepResult::Offer(const std::string& text, bool undo, std::int64_t steps)
 {
+    Say(text,
+        steps == 0 ? ""
+        : undo     ? "Undo"
+                   : "Redo",
+        [&window = window_, steps, undo] {
+            if (undo)
+                UndoSteps(window, steps);
+            else
+                RedoSteps(window, steps);
+        });
+}
+
+void StepResult::Say(const std::string& text, const std::string& caption,
+                     std::function<void()> action)
+{
+    if (!window_.GivenPorts().showsResults)
+        return;
     shownAt_ = Present();
-    window_.result.Show(text,
-                        steps == 0   ? ""
-                        : offersUndo ? "Undo"
-                                     : "Redo",
-                        [&window = window_, steps, offersUndo] {
-                            if (offersUndo)
-                                UndoSteps(window, steps);
-                            else
-                                RedoSteps(window, steps);
-                        });
+    window_.result.Show(text, caption, std::move(action));
 }
 
 void StepResult::Follow()

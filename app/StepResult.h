@@ -1,6 +1,7 @@
-// Says in the result bar what Undo and Redo have done.
+// Says in the result bar what a command has done.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "history/History.h"
@@ -9,8 +10,8 @@ namespace clb {
 
 class frmController;
 
-/// Says in the result bar what Undo and Redo have done, and offers the reverse there. The bar goes
-/// with the next change of the book, by whatever program, and when another place is shown.
+/// Says in the result bar what a command has done, and offers the reverse or more there. The bar
+/// goes with the next change of the book, by whatever program, and when another place is shown.
 class StepResult {
 public:
     /// Borrows the window, which outlives it.
@@ -22,6 +23,9 @@ public:
     /// Says why nothing was undone or redone, and offers to do now what comes next, if there is
     /// something. Returns false if the window shows no results. Throws EngineError.
     bool ShowRefusal(const std::string& why, bool undo);
+    /// Says what another command has done, if the window shows results. action is what the button
+    /// with the caption does. The command has settled. Throws EngineError.
+    void Say(const std::string& text, const std::string& caption, std::function<void()> action);
     /// Closes the bar if what it offers no longer fits the book or the place. Called after each
     /// command. Throws EngineError.
     void Follow();
@@ -37,7 +41,7 @@ private:
         bool operator==(const Situation&) const = default;
     };
     [[nodiscard]] Situation Present() const;
-    void Show(const std::string& text, bool offersUndo, std::int64_t steps);
+    void Offer(const std::string& text, bool undo, std::int64_t steps);
     [[nodiscard]] std::string Sentence(const HistoryOutcome& outcome, bool undone) const;
 
     frmController& window_;

@@ -16,10 +16,13 @@ UnlockedPorts::UnlockedPorts(const Ports& ports, std::function<void()> release)
 
 Ports UnlockedPorts::Around(const Ports& ports)
 {
-    return {ports.folder,      ports.clock,   messages_,          files_,
-            ports.shell,       ports.pointer, ports.dates,        forms_,
-            printing_,         network_,      ports.quoteService, ports.keepsCopies,
-            ports.showsResults};
+    return {ports.folder,       ports.clock,
+            messages_,          files_,
+            ports.shell,        ports.pointer,
+            ports.dates,        forms_,
+            printing_,          network_,
+            ports.quoteService, ports.keepsCopies,
+            ports.showsResults, ports.importsEveryKind};
 }
 
 BoxAnswer UnlockedPorts::Messages::Show(const std::string& text, std::int32_t style,

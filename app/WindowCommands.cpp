@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/HistoryCommands.h"
+#include "app/ImportCommand.h"
 #include "app/QuoteHost.h"
 #include "app/clsIni.h"
 #include "app/frmAbout.h"
@@ -20,26 +21,6 @@
 
 namespace clb {
 namespace {
-
-/// The import selects the node of an account that it has made, while a register may still show
-/// another account. Shows the selected account, so that no new row goes into the wrong one.
-void ShowImportedAccount(frmController& window)
-{
-    const clsView& view = window.View();
-    if (!view.Definition().ofAccount)
-        return;
-    const std::string& tag = window.TreeView.Node(window.TreeView.Selected()).tag;
-    if (node_tag::IsAccount(tag) && tag != node_tag::OfAccount(view.View(), view.AccountID()))
-        window.ShowSelected();
-}
-
-void Import(frmController& window)
-{
-    const WorkProgress::Work work(window.progress);
-    window.Import().ImportFile();
-    ShowImportedAccount(window);
-    window.ShowBalanceNotice();
-}
 
 void Export(frmController& window)
 {
@@ -209,7 +190,7 @@ constexpr bool kLeavesRow = false;
 // clang-format off
 
 constexpr WindowCommand kFile[] = {
-    {command_name::kImport, "&Import...", "Ctrl+I", "import", Always, kSavesRow, Import},
+    {command_name::kImport, "&Import...", "Ctrl+I", "import", Always, kSavesRow, ImportCommand},
     {command_name::kExport, "&Export...", "Ctrl+E", "export", OnExportable, kSavesRow, Export},
     {"mnuF_Rule"},
     {"mnuF_Print", "&Print...", "Ctrl+P", "print", Always, kSavesRow, Print},

@@ -109,6 +109,23 @@ void frmController::Settle()
 {
     if (!loaded_)
         return;
+    MakeDurable();
+    history_->End();
+    ShowStored();
+    ShowHistory();
+}
+
+void frmController::SettleDialog()
+{
+    if (!loaded_)
+        return;
+    MakeDurable();
+    ShowStored();
+    ShowHistory();
+}
+
+void frmController::MakeDurable()
+{
     View().DropClosedRows();
     stale_ = stale_ || Data().Database().LostGroup();
     try {
@@ -118,9 +135,6 @@ void frmController::Settle()
         ShowStored();
         throw;
     }
-    history_->End();
-    ShowStored();
-    ShowHistory();
 }
 
 // Also called after what was written is durable, when no error may be reported any more.

@@ -49,6 +49,8 @@ public:
     /// command. If writing fails, the window shows the contents of the file again. Throws
     /// EngineError.
     void Settle();
+    /// The same after an action in a dialog that a command has opened. The command's step goes on.
+    void SettleDialog();
     /// Takes back what a command has written after an error that no command reports, such as too
     /// little memory. The window then takes input and shows the contents of the file. Never throws:
     /// if there is too little memory to show something, it is shown after the next command.
@@ -85,7 +87,7 @@ public:
     void ShowHistory() noexcept;
     /// The menus and the toolbar.
     [[nodiscard]] const CommandBars& Bars() const { return bars_; }
-    /// Says in the result bar what Undo and Redo have done.
+    /// Says in the result bar what a command has done.
     StepResult& Results() { return results_; }
     /// Shows the contents of the file again after rows were changed in another way than through the
     /// grid.
@@ -94,6 +96,8 @@ public:
     clsView& View() { return *globals_.view; }
     clsDatabase& Data() { return *globals_.database; }
     modImport& Import() { return *import_; }
+    /// See ImportHost::Propose.
+    void ProposeAccount(AccountProposal proposal) { importHost_.Propose(std::move(proposal)); }
     modExport& Export() { return *export_; }
     /// The notice about balances that did not fit their rows, until a person has confirmed it.
     /// Empty if there are none, and under automation.
@@ -139,6 +143,7 @@ public:
 
 private:
     void OpenGlobals();
+    void MakeDurable();
     void Connect();
     void ShowPresentMonth();
     void NodeClicked(std::int32_t node);

@@ -1,12 +1,15 @@
 #include <limits>
 
 #include "app/OtherPrograms.h"
+#include "app/StatementImport.h"
+#include "app/StatementQuestions.h"
 #include "automation/CallOperations.h"
 #include "automation/StateReport.h"
 #include "automation/VerbTable.h"
 #include "base/RuntimeError.h"
 #include "history/HistoryJson.h"
 #include "history/SentSql.h"
+#include "intake/StatementJson.h"
 
 namespace clb {
 namespace {
@@ -84,6 +87,20 @@ Json ListSteps(Session& session, const Request& request)
     return {{"steps", ToJson(NewestSteps(history, limit))}};
 }
 
+/// Imports a statement of any kind. The statement's keys stand at the top too if there is one only.
+Json Open(Session& session, const Request& request)
+{
+    StatementQuestions questions(session.controller);
+    StatementImport command(session.controller, questions);
+    Json files = Json::array();
+    for (const ImportedStatement& statement : command.Import(request.Text("file")))
+        files.push_back(ToJson(statement));
+    Json reply = files.size() == 1 ? files.front() : Json::object();
+    reply["files"] = std::move(files);
+    reply["dryRun"] = false;
+    return reply;
+}
+
 Json Sql(Session& session, const Request& request)
 {
     return RunSent(session.controller.Data().Database(), session.controller.Steps(),
@@ -130,7 +147,7 @@ const VerbTable& SessionVerbs()
         {"answer", {Answer, false}},     {"log", {Log, false}},
         {"sql", {Sql, false}},           {"call", {Call, false}},
         {"trace", {Trace, false}},       {"screenshot", {Screenshot, false}},
-        {"history", {ListSteps, false}},
+        {"history", {ListSteps, false}}, {"open", {Open, false}},
     };
     return verbs;
 }

@@ -13,11 +13,12 @@
 #include "bench/SavingFigures.h"
 #include "bench/StartFigures.h"
 #include "bench/StatementFigures.h"
+#include "bench/WideFigures.h"
 
 namespace {
 
 struct Options {
-    std::string only;
+    std::vector<std::string> only;
     int rounds = 5;
     bool json = false;
 };
@@ -31,6 +32,8 @@ struct Measurement {
 const Measurement kMeasurements[] = {
     {{"import", "memory", "again"}, clb::MeasureImport},
     {{"scaling"}, clb::MeasureScaling},
+    {{"wideofx", "widecsv", "widecamt", "widemt940"}, clb::MeasureWide},
+    {{"wideofxpeak", "widecsvpeak", "widecamtpeak", "widemt940peak"}, clb::MeasureWidePeaks},
     {{"historyimport", "undo", "importbytes"}, clb::MeasureHistoryOfImport},
     {{"qif", "qifagain"}, clb::MeasureQif},
     {{"export", "exportmemory"}, clb::MeasureExport},
@@ -55,7 +58,7 @@ std::vector<clb::Figure> Measure(const Options& options)
     std::cerr << "measuring in " << work.Description() << ", " << options.rounds << " rounds\n";
     std::vector<clb::Figure> figures;
     const auto wanted = [&](const std::string& name) {
-        return options.only.empty() || options.only == name;
+        return options.only.empty() || std::ranges::count(options.only, name) > 0;
     };
     for (const Measurement& measurement : kMeasurements) {
         if (std::ranges::none_of(measurement.names, wanted))
@@ -71,7 +74,7 @@ int Run(int argc, char** argv)
 {
     Options options;
     CLI::App app("Times and memory of Corvane Ledgerbook as ratios", "clb_bench_figures");
-    app.add_option("--only", options.only, "Measure this figure only")
+    app.add_option("--only", options.only, "Measure these figures only")
         ->type_name("NAME")
         ->check(CLI::IsMember(Names()));
     app.add_option("--rounds", options.rounds, "Rounds of each pair; the medians count (5)")

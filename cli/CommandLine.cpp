@@ -60,7 +60,7 @@ Argument& Argument::Positive()
                                  : "\"" + text + "\" is not a whole number from 1 to " +
                                        std::to_string(kMost);
                   },
-                  "from 1"});
+                  "POSITIVE"});
 }
 
 Argument& Argument::Between(std::int32_t least, std::int32_t most)

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <iostream>
+#include <map>
 
 #include "base/Text.h"
+#include "cli/ImportJson.h"
+#include "cli/Program.h"
 #include "cli/Table.h"
-#include "json/ValueJson.h"
+#include "intake/StatementJson.h"
 
 namespace clb {
 namespace {
@@ -31,96 +34,123 @@ void WarnOfBalances(const ImportedFile& file, std::vector<std::string>& lines)
         lines.push_back("the database as it was before is kept as " + file.backup);
 }
 
+std::string LineOf(const OtherFile& other)
+{
+    return Printable(other.path + ": " + other.why);
+}
+
 std::vector<std::string> Warnings(const ImportedFile& file)
 {
-    const Omissions& leftOut = file.leftOut;
     std::vector<std::string> lines;
     WarnOfBalances(file, lines);
-    if (leftOut.linesAfterRepair > 0)
-        lines.push_back(Counted(leftOut.linesAfterRepair, "line", "lines") +
-                        " left out: mixed line ends, the repair keeps the file up to its first "
-                        "carriage return" +
-                        (file.original.empty() ? "" : "; all of it is in " + file.original));
-    if (leftOut.afterEmptyTransaction > 0)
-        lines.push_back(Counted(leftOut.afterEmptyTransaction, "transaction", "transactions") +
-                        " left out after an empty transaction, where reading stops");
-    if (leftOut.beforeAccount > 0)
-        lines.push_back(Counted(leftOut.beforeAccount, "transaction", "transactions") +
-                        " left out before the file's first account number");
-    if (leftOut.notClosed > 0)
-        lines.push_back(Counted(leftOut.notClosed, "transaction", "transactions") +
-                        " left out: not closed, or inside one that is not");
-    if (leftOut.furtherAccounts > 0)
-        lines.push_back(Counted(leftOut.furtherAccounts, "further account", "further accounts") +
-                        ": all transactions go into the file's first account");
-    if (leftOut.withoutIdentifier > 0)
-        lines.push_back(
-            Counted(leftOut.withoutIdentifier, "transaction", "transactions") +
-            " without an identifier: all but an account's first one count as duplicates");
+    for (const LeftOutPart& part : file.statement.leftOut)
+        if (!IsUnreadable(part))
+            lines.push_back(LineOf(part));
+    for (const std::string& note : file.statement.notes)
+        lines.push_back(Printable(note));
     return lines;
 }
 
-/// Why the file was refused, in lines.
-std::string Reason(const ImportedFile& file)
+void PrintRows(const ImportedFile& file)
 {
-    if (file.accountMissing && file.messages.empty())
-        return "The file's account is not known: --create, --map or --qif-account names one.";
-    return file.messages.substr(0, file.messages.find_last_not_of('\n') + 1);
+    Table table;
+    for (const char* caption : {"Line", "Date", "Amount", "Text", "Identifier", ""})
+        table.AddColumn(caption, caption == std::string_view("Amount"));
+    for (const ShownRow& shown : file.rows)
+        table.AddRow({std::to_string(shown.row.line), shown.row.date.ToIso(),
+                      shown.row.amount.ToText(), Printable(TextOf(shown.row)),
+                      Printable(shown.identifier), StateOf(shown)});
+    table.Print(std::cout);
 }
 
-Json AmountOrNull(const std::optional<Money>& amount)
+/// What the file leaves open, how its rows are shown, and which option of the command answers it.
+void PrintQuestions(const ImportedFile& file)
 {
-    return amount ? Json(amount->ToText()) : Json();
+    if (file.statement.asked.empty())
+        return;
+    Table table;
+    for (const char* caption : {"Question", "Options", "Shown as", "Answer with"})
+        table.AddColumn(caption, false);
+    for (const OpenQuestion& open : file.statement.asked) {
+        std::string options;
+        for (const std::string& option : open.options)
+            options += (options.empty() ? "" : ", ") + option;
+        table.AddRow({KeyOf(open.question), Printable(options), Printable(open.proposed),
+                      OptionOf(open.question)});
+    }
+    std::cout << '\n';
+    table.Print(std::cout);
 }
 
-Json BalancesOf(const ImportedFile& file)
+void PrintShown(const ImportedFile& file)
 {
-    Json balances = Json::array();
-    for (const OddBalance& odd : file.balances)
-        balances.push_back({{"account", odd.accountID},
-                            {"name", odd.description},
-                            {"stored", AmountOrNull(odd.stored)},
-                            {"sum", AmountOrNull(odd.sum)}});
-    return balances;
-}
-
-Json ToJson(const ImportedFile& file)
-{
-    Json json = {{"file", file.file}, {"imported", file.added}, {"skipped", file.skipped}};
-    json["refused"] = file.refused ? Json(Reason(file)) : Json();
-    json["leftOut"] = {{"linesBehindRepair", file.leftOut.linesAfterRepair},
-                       {"behindEmptyTransaction", file.leftOut.afterEmptyTransaction},
-                       {"beforeAccount", file.leftOut.beforeAccount},
-                       {"notClosed", file.leftOut.notClosed},
-                       {"furtherAccounts", file.leftOut.furtherAccounts},
-                       {"withoutIdentifier", file.leftOut.withoutIdentifier}};
-    json["balances"] = BalancesOf(file);
-    json["backup"] = file.backup.empty() ? Json() : Json(file.backup);
-    return json;
+    PrintRows(file);
+    PrintQuestions(file);
 }
 
 }  // namespace
 
+std::int64_t ImportedFile::Added() const
+{
+    std::int64_t added = 0;
+    for (const ImportedAccount& account : statement.accounts)
+        added += account.added;
+    return added;
+}
+
+std::int64_t ImportedFile::Known() const
+{
+    std::int64_t known = 0;
+    for (const ImportedAccount& account : statement.accounts)
+        known += account.known;
+    return known;
+}
+
+bool ImportedFile::Unreadable() const
+{
+    return std::ranges::any_of(statement.leftOut, IsUnreadable);
+}
+
+bool ImportedFile::Refused() const
+{
+    return failed || refused || accountMissing || !statement.refused.empty() ||
+           !statement.asked.empty() || Unreadable();
+}
+
 bool ImportReport::AnyRefused() const
 {
-    return std::ranges::any_of(files_, &ImportedFile::refused);
+    return std::ranges::any_of(files_, &ImportedFile::Refused);
 }
 
 void ImportReport::PrintOne(bool json) const
 {
     const ImportedFile& file = files_.front();
+    const bool imported = !file.refused && file.statement.refused.empty() &&
+                          file.statement.asked.empty() && !file.statement.kind.empty();
     std::cerr << (file.failed ? "clb: " : "") << file.messages;
     if (file.accountMissing)
         std::cerr << "The file's account is not known. Say which it is:\n"
                      "  --create NAME --type TYPE   makes a new account\n"
                      "  --map ACCOUNT               takes an existing one\n";
+    else if (const std::string reason = ReasonInFile(file); !reason.empty())
+        std::cerr << reason << '\n';
     for (const std::string& warning : Warnings(file))
         std::cerr << "Warning: " << warning << '\n';
-    if (json)
-        std::cout << ToLine(ToJson(file)) << '\n';
-    else if (!file.failed && !file.accountMissing)
+    for (const OtherFile& other : others_)
+        std::cerr << "Warning: " << LineOf(other) << '\n';
+    if (json) {
+        Json printed = ToJson(file, show_);
+        printed["files"] = Json::array({printed});
+        printed["others"] = ToJson(others_);
+        printed["dryRun"] = dryRun_;
+        std::cout << ToLine(printed) << '\n';
+        return;
+    }
+    if (show_)
+        PrintShown(file);
+    if (imported && !file.failed)
         std::cout << (dryRun_ ? "Would import " : "Imported ")
-                  << Counted(static_cast<std::size_t>(file.added), "transaction", "transactions")
+                  << Counted(static_cast<std::size_t>(file.Added()), "transaction", "transactions")
                   << '\n';
 }
 
@@ -130,8 +160,9 @@ void ImportReport::PrintAll(bool json) const
         return PrintTable();
     Json list = Json::array();
     for (const ImportedFile& file : files_)
-        list.push_back(ToJson(file));
-    std::cout << ToLine({{"files", list}, {"dryRun", dryRun_}}) << '\n';
+        list.push_back(ToJson(file, show_));
+    std::cout << ToLine({{"files", list}, {"others", ToJson(others_)}, {"dryRun", dryRun_}})
+              << '\n';
 }
 
 void ImportReport::PrintTable() const
@@ -144,18 +175,26 @@ void ImportReport::PrintTable() const
     std::int64_t added = 0;
     std::int64_t skipped = 0;
     for (const ImportedFile& file : files_) {
-        added += file.added;
-        skipped += file.skipped;
-        const std::vector<std::string> reason = Split(file.refused ? Reason(file) : "", '\n');
-        table.AddRow(
-            {file.file, std::to_string(file.added), std::to_string(file.skipped), reason.front()});
+        added += file.Added();
+        skipped += file.Known();
+        const std::vector<std::string> reason =
+            Split(file.Refused() ? ReasonOf(file) : std::string(), '\n');
+        table.AddRow({file.statement.source, std::to_string(file.Added()),
+                      std::to_string(file.Known()), reason.front()});
         for (std::size_t n = 1; n < reason.size(); ++n)
             table.AddLine("  " + reason[n]);
         for (const std::string& warning : Warnings(file))
             table.AddLine("  Warning: " + warning);
     }
     table.Print(std::cout);
-    const auto refused = std::ranges::count_if(files_, &ImportedFile::refused);
+    if (show_)
+        for (const ImportedFile& file : files_) {
+            std::cout << '\n' << Printable(file.statement.source) << '\n';
+            PrintShown(file);
+        }
+    for (const OtherFile& other : others_)
+        std::cout << "Not a statement: " << LineOf(other) << '\n';
+    const auto refused = std::ranges::count_if(files_, &ImportedFile::Refused);
     std::cout << Counted(files_.size(), "file", "files") << ": " << added << " added, " << skipped
               << " skipped, " << refused << " refused"
               << (dryRun_ ? "; a dry run, nothing was changed" : "") << '\n';

@@ -4,11 +4,11 @@
 
 namespace clb {
 
-void ResultBar::Show(std::string text, std::string caption, std::function<void()> reverse)
+void ResultBar::Show(std::string text, std::string caption, std::function<void()> action)
 {
     text_ = std::move(text);
     caption_ = std::move(caption);
-    reverse_ = std::move(reverse);
+    action_ = std::move(action);
     NotifyChanged();
 }
 
@@ -20,9 +20,9 @@ void ResultBar::Close()
 
 void ResultBar::Press()
 {
-    // The reverse may show another result or close the bar.
-    if (const std::function<void()> reverse = reverse_)
-        reverse();
+    // The action may show another result or close the bar.
+    if (const std::function<void()> action = action_)
+        action();
 }
 
 }  // namespace clb

@@ -108,7 +108,7 @@ aside
     printf '%s\r\n' '<STMTTRN><TRNTYPE>DEBIT<DTPOSTED>20060305<TRNAMT>-12.50<FITID>1<NAME>Shop</STMTTRN>'
 } >"$work/statement.ofx"
 keys alt+f i
-window '^Open' >/dev/null
+window '^Import$' >/dev/null
 type_text "$work/statement.ofx"
 xdotool key Return
 dialog=$(window '^Select Account$')
@@ -117,6 +117,28 @@ type_text 'Joint Account'
 keep import "$dialog"
 keys Escape
 sleep 0.5
+
+# A table that leaves the order of its dates open, and one without a heading.
+{
+    printf '%s\n' 'Date,Details,Amount' '03/04/2026,City Bakery,-4.50' '05/04/2026,Northwind Payroll,"3,850.00"'
+    printf '%s\n' '07/04/2026,Fibrelink,-61.95' '09/04/2026,Maple Court Apartments,"-1,180.00"'
+} >"$work/april.csv"
+{
+    printf '%s\n' '03/04/2026;17/04/2026;City Bakery;Card 4421;12,50;1.204,10'
+    printf '%s\n' '15/04/2026;17/04/2026;Northwind Payroll;Salary;850,00;2.054,10'
+    printf '%s\n' '17/04/2026;18/04/2026;Fibrelink;Internet;61,95;1.992,15'
+} >"$work/bare.csv"
+for table in april:tables bare:columns; do
+    window '^Budget - Corvane Ledgerbook$' >/dev/null
+    keys alt+f i
+    window '^Import$' >/dev/null
+    type_text "$work/${table%:*}.csv"
+    xdotool key Return
+    dialog=$(window "^Import ${table%:*}.csv\$")
+    keep "${table#*:}" "$dialog"
+    keys Escape
+    sleep 0.5
+done
 
 window '^Budget - Corvane Ledgerbook$' >/dev/null
 keys alt+t o

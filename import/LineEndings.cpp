@@ -1,3 +1,5 @@
+#include "import/LineEndings.h"
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -8,6 +10,7 @@
 #include <fstream>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "files/FileError.h"
@@ -128,6 +131,12 @@ void RewriteFirstLine(const std::string& path)
 }
 
 }  // namespace
+
+std::string WithRepairedLineEnds(std::string bytes)
+{
+    const std::string_view line = std::string_view(bytes).substr(0, bytes.find('\r'));
+    return line.find('\n') == std::string_view::npos ? std::move(bytes) : Repaired(line) + "\r\n";
+}
 
 void modImport::FixLineEndings(const std::string& path)
 {

@@ -128,11 +128,4 @@ Omissions CountOmissions(std::string_view text, bool markup)
     return result;
 }
 
-std::size_t LinesDroppedByRepair(std::string_view text, std::string_view original)
-{
-    const std::string_view kept = KeptByRepair(original);
-    const bool made = Replace(text, "\r\n", "\n") == std::string(kept) + "\n";
-    return made ? FilledLines(original.substr(kept.size())) : 0;
-}
-
 }  // namespace clb

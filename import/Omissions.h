@@ -32,8 +32,4 @@ struct Omissions {
 /// `markup` is true for an OFX, QFX or OFC file; from a QIF file only lines can be omitted.
 [[nodiscard]] Omissions CountOmissions(std::string_view text, bool markup);
 
-/// Counts the lines that an earlier repair of line ends dropped when it made the text from the
-/// original. Returns 0 if the text was not made from the original.
-[[nodiscard]] std::size_t LinesDroppedByRepair(std::string_view text, std::string_view original);
-
 }  // namespace clb

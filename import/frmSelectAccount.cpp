@@ -68,6 +68,25 @@ void frmSelectAccount::Load()
     cmbAccountType.Index(0);
     ListAccounts();
     optCreate_.Choose();
+    ShowProposal();
+}
+
+void frmSelectAccount::ShowProposal()
+{
+    const auto choose = [](ListBox& list, const std::string& text) {
+        for (std::size_t item = 0; item < list.Items().size(); ++item)
+            if (!text.empty() && list.Items()[item].text == text) {
+                list.Index(static_cast<std::int32_t>(item));
+                return true;
+            }
+        return false;
+    };
+    if (!proposal_.question.empty())
+        Label1.Caption(proposal_.question);
+    txtDescription.Text(proposal_.description);
+    choose(cmbAccountType, proposal_.type);
+    if (choose(cmbAccountID, proposal_.existing))
+        optMap_.Choose();
 }
 
 void frmSelectAccount::ListAccounts()
@@ -138,6 +157,8 @@ bool frmSelectAccount::MapAccount()
     if (!ListedAccountIsThere())
         return Refuse("Another program has meanwhile deleted the account " + cmbAccountID.Text() +
                       ". Please choose another one.");
+    if (const std::string why = WhyNotMapped(); !why.empty())
+        return Refuse(why);
     if (hasID_)
         MapToStatement();
     else
@@ -164,6 +185,15 @@ bool frmSelectAccount::ListedAccountIsThere()
     const Connection::Untraced untraced(database_.Database());
     return database_.RowExists(
         "Account", "Description = '" + clsDatabase::ToSqlString(cmbAccountID.Text()) + "'");
+}
+
+/// Why the chosen account cannot take the statement; empty if it can.
+std::string frmSelectAccount::WhyNotMapped()
+{
+    if (!proposal_.refuses)
+        return {};
+    const Connection::Untraced untraced(database_.Database());
+    return proposal_.refuses(cmbAccountID.Text());
 }
 
 /// The account numbers that the mapping changes.

@@ -1,6 +1,8 @@
 // The dialog Select Account.
 #pragma once
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "controls/Form.h"
@@ -12,6 +14,16 @@ namespace clb {
 class clsDatabase;
 class clsView;
 class Tree;
+
+/// What is known of a statement's account before the user chooses one.
+struct AccountProposal {
+    std::string question;     ///< empty: the dialog's own
+    std::string description;  ///< of a new account
+    std::string type;         ///< of a new account, if it is one that the dialog lists
+    std::string existing;     ///< description of the account to map to; empty: none is proposed
+    /// Why the account of a description cannot be mapped to; empty texts: it can.
+    std::function<std::string(const std::string& description)> refuses{};
+};
 
 /// The dialog "Select Account". It asks for the account of a statement whose own account is not
 /// known.
@@ -25,11 +37,15 @@ public:
     /// number of the chosen or created account.
     bool ShowDialog(std::string& accountID);
 
+    /// What the dialog shows at first.
+    void Propose(AccountProposal proposal) { proposal_ = std::move(proposal); }
+
     Form& Window() { return form_; }
 
 private:
     void Load();
     void ListAccounts();
+    void ShowProposal();
     void EnableFields();
     void AcceptClicked();
     bool CreateAccount();
@@ -40,6 +56,7 @@ private:
     bool Refuse(const std::string& why);
     bool NumberTaken();
     bool ListedAccountIsThere();
+    std::string WhyNotMapped();
     std::string NewIdentifier();
     void ShowInTree();
     void FollowShownAccount();
@@ -63,6 +80,7 @@ private:
     Button btnOK;
     Button btnCancel;
 
+    AccountProposal proposal_;
     std::string accountID_;
     bool hasID_ = false;
     bool result_ = false;

@@ -81,6 +81,30 @@ void modImport::ImportFile()
     host_.WindowEnabled(true);
 }
 
+void modImport::BeginTexts()
+{
+    counts_ = {};
+    ForgetBalances();
+    rows_.rows.Close();
+}
+
+bool modImport::FindAccount(std::string& accountID)
+{
+    // The book is not locked while the user is asked.
+    rows_.rows.Close();
+    KeepFileBeforeMapping(accountID);
+    return host_.CheckImportAccount(accountID);
+}
+
+void modImport::EndTexts()
+{
+    rows_.rows.Close();
+    if (!balancesNoted_)
+        NoteFormerBalances();
+    UpdateBalances(database_);
+    view_.Refresh();
+}
+
 void modImport::StoreBalances()
 {
     const Connection::Untraced untraced(database_.Database());

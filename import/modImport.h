@@ -2,12 +2,14 @@
 #pragma once
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/Date.h"
 #include "data/NoticedBalances.h"
+#include "engine/rows/Recordset.h"
 #include "import/IImportHost.h"
 #include "ports/IMessageBox.h"
 
@@ -23,6 +25,12 @@ struct ImportCounts {
     std::int32_t duplicates = 0;  ///< skipped because the account has them already
 };
 
+/// The rows of the account of the last text. They stay open from one text of a command to the next.
+struct ImportedRows {
+    std::string accountID;
+    Recordset rows;
+};
+
 /// Reads statement files into accounts. Borrows the objects that it is made with; they outlive it.
 class modImport {
 public:
@@ -35,12 +43,29 @@ public:
     /// repaired.
     void ImportFile();
 
+    /// Begins a command that imports texts of OFX files one after the other: the counts begin anew.
+    /// Until its end nothing else may remove transactions or change their identifiers.
+    void BeginTexts();
+    /// As the import of a file finds its account: asks the user for an account if the number is
+    /// unknown or empty; an empty number is set to that of the chosen account. Returns false if the
+    /// user cancels.
+    bool FindAccount(std::string& accountID);
+    /// How much of a memo is stored: as of a file, its first 50 characters, or all of it.
+    enum class Memos : std::uint8_t { Short, Whole };
+    /// Reads the text of an OFX file into an account that is there, whichever account it names.
+    /// Shows errors in the text to the user.
+    void ImportText(const std::string& accountID, std::string text, Memos memos);
+    /// Ends the command: recomputes every account's balance and reloads the view.
+    void EndTexts();
+
     /// Repairs a file whose first line, up to the first carriage return, contains bare line feeds.
     /// The repaired file is that line with carriage returns and line feeds. The original is kept as
     /// path + ".org". Throws RuntimeError if path + ".org" exists or a file cannot be written.
     static void FixLineEndings(const std::string& path);
     /// 2 = OFX, QFX or OFC, 3 = QIF, 0 = none of these. Throws RuntimeError if it cannot be read.
     static std::int32_t DetectFileFormat(const std::string& path);
+    /// DetectFileFormat of a file whose decoded text is known.
+    static std::int32_t FormatOf(const std::string& path, const std::string& text);
     /// Reads an OFX, QFX or OFC file. Shows errors in the file to the user.
     void ImportOFX(const std::string& path);
     /// Reads a QIF file into the account that the user chooses, then shows the lines that could not
@@ -64,10 +89,11 @@ private:
     /// before the message, which may stay open for long.
     void StoreBalances();
     bool ImportByFormat(const std::string& path);
-    /// DetectFileFormat of a file whose text is known.
-    static std::int32_t FormatOf(const std::string& path, const std::string& text);
     /// ImportOFX of the text that readText gives; tells its errors too.
     void ImportMarkup(const std::function<std::string()>& readText);
+    /// accountID: absent if the text's own is to be found
+    void ReadMarkup(const std::function<std::string()>& readText, Memos memos,
+                    const std::optional<std::string>& accountID);
     std::string NewRun();
     void ForgetBalances();
     void KeepFileBeforeMapping(const std::string& accountID);
@@ -84,6 +110,7 @@ private:
     std::vector<OddBalance> formerBalances_;
     std::string formerFile_;
     bool balancesNoted_ = false;
+    ImportedRows rows_;
     std::string lastTick_;
     std::int32_t runsInTick_ = 0;
 };

@@ -41,8 +41,14 @@ std::string Characters(std::string_view text, std::size_t first, std::size_t cou
 /// Reads one statement file. After an error, its members say which part of the file was being read.
 class OfxReader {
 public:
-    OfxReader(clsDatabase& database, IImportHost& host, ImportCounts& counts)
-        : database_(database), host_(host), counts_(counts)
+    OfxReader(clsDatabase& database, IImportHost& host, ImportCounts& counts,
+              modImport::Memos memos, ImportedRows& open)
+        : database_(database),
+          host_(host),
+          counts_(counts),
+          memos_(memos),
+          open_(open),
+          rows_(open.rows)
     {
     }
 
@@ -50,6 +56,8 @@ public:
     /// none.
     bool FindAccount(std::string text);
     [[nodiscard]] const std::string& AccountID() const { return accountID_; }
+    /// Takes an account that is there instead of the one that the file names.
+    void AccountID(const std::string& accountID) { accountID_ = accountID; }
     /// Returns false if the user cancels.
     bool CheckAccount() { return host_.CheckImportAccount(accountID_); }
     void ReadRows();
@@ -72,11 +80,13 @@ private:
     clsDatabase& database_;
     IImportHost& host_;
     ImportCounts& counts_;
+    modImport::Memos memos_;
+    ImportedRows& open_;
+    Recordset& rows_;
     std::string text_;
     std::string working_;
     std::size_t account_ = scan::kNone;  // offset of its number in the file
     std::string accountID_;
-    Recordset rows_;
     Month last_;
 };
 
@@ -109,13 +119,17 @@ struct Row {
 
 void OfxReader::ReadRows()
 {
-    database_.Fill(rows_,
-                   "SELECT AccountID, PostDate, Amount, Description, FITID, CheckID, Period, Year, "
-                   "Category, PayeeName AS Notes, Sequence FROM Trans WHERE AccountID = '" +
-                       clsDatabase::ToSqlString(accountID_) + "'",
-                   false);
+    if (!rows_.IsOpen() || open_.accountID != accountID_) {
+        rows_.Close();
+        open_.accountID = accountID_;
+        database_.Fill(
+            rows_,
+            "SELECT AccountID, PostDate, Amount, Description, FITID, CheckID, Period, Year, "
+            "Category, PayeeName AS Notes, Sequence FROM Trans WHERE AccountID = '" +
+                clsDatabase::ToSqlString(accountID_) + "'",
+            false);
+    }
     ReadTransactions();
-    rows_.Close();
 }
 
 /// Every transaction after the first account number goes into that account, in whichever statement
@@ -152,7 +166,9 @@ StatementTransaction OfxReader::Convert(std::string_view block)
     transaction.name = scan::Value(block, "<NAME>", 0);
     if (transaction.name.empty())
         transaction.name = "(blank)";
-    transaction.memo = Left(scan::Value(block, "<MEMO>", 0), kMemoLength);
+    const std::string_view memo = scan::Value(block, "<MEMO>", 0);
+    transaction.memo =
+        memos_ == modImport::Memos::Short ? Left(memo, kMemoLength) : std::string(memo);
     return transaction;
 }
 
@@ -239,13 +255,25 @@ void modImport::ImportOFX(const std::string& path)
 
 void modImport::ImportMarkup(const std::function<std::string()>& readText)
 {
-    counts_ = {};
-    ForgetBalances();
-    OfxReader reader(database_, host_, counts_);
+    BeginTexts();
+    ReadMarkup(readText, Memos::Short, {});
+    rows_.rows.Close();
+}
+
+void modImport::ImportText(const std::string& accountID, std::string text, Memos memos)
+{
+    ReadMarkup([&text] { return std::move(text); }, memos, accountID);
+}
+
+void modImport::ReadMarkup(const std::function<std::string()>& readText, Memos memos,
+                           const std::optional<std::string>& accountID)
+{
+    OfxReader reader(database_, host_, counts_, memos, rows_);
     const auto succeeds = [&](const auto& read) {
         try {
             return read();
         } catch (const RuntimeError& error) {
+            rows_.rows.Close();
             StoreBalances();
             messages_.Show("Invalid data was found while importing:\n" +
                                WorkingText(reader, error) + "\n" + reader.Text(),
@@ -256,11 +284,15 @@ void modImport::ImportMarkup(const std::function<std::string()>& readText)
     // Any other error is not about the data of the statement and ends the command.
     if (!succeeds([&] { return reader.FindAccount(readText()); }))
         return;
-    KeepFileBeforeMapping(reader.AccountID());
-    if (!succeeds([&] { return reader.CheckAccount(); }))
+    if (accountID)
+        reader.AccountID(*accountID);
+    else
+        KeepFileBeforeMapping(reader.AccountID());
+    if (!accountID && !succeeds([&] { return reader.CheckAccount(); }))
         return;
     database_.Lock();
-    NoteFormerBalances();
+    if (!balancesNoted_)
+        NoteFormerBalances();
     succeeds([&] {
         reader.ReadRows();
         return true;

@@ -7,7 +7,8 @@
 clb_packages=(
     g++ cmake ninja-build pkg-config
     libsqlite3-dev libutf8proc-dev libsigc++-3.0-dev nlohmann-json3-dev libcli11-dev
-    libcurl4-openssl-dev libevent-dev
+    libcurl4-openssl-dev libssl-dev libevent-dev
+    libpugixml-dev libarchive-dev zlib1g-dev libuchardet-dev
     qt6-base-dev qt6-svg-dev libgl1-mesa-dev
 )
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace clb {
 
@@ -26,6 +27,7 @@ struct FileQuestion {
     std::string folder;            ///< empty: the last one used
     std::string name;              ///< the file name shown at first
     std::string defaultExtension;  ///< added to a name typed without one; empty: none
+    bool several = false;          ///< the user may choose several files to open
 };
 
 /// What the user chose.
@@ -34,6 +36,7 @@ struct FileChoice {
     std::string folder;
     std::int32_t filterIndex = 1;
     std::int32_t flags = 0;
+    std::vector<std::string> further{};  ///< paths after the first, if several may be chosen
 };
 
 /// The system's dialogs for choosing a file.

@@ -34,6 +34,9 @@ public:
     /// Makes a label describe a control, so that the label's letter leads to the control.
     void Describe(const std::string& label, const std::string& control);
 
+    /// Runs sync now and after each change of the control, as long as the dialog lives.
+    void Follow(Control& control, const std::function<void()>& sync);
+
     void reject() override;
 
 protected:
@@ -49,7 +52,6 @@ private:
     QWidget* DrawText(TextBox& box);
     QWidget* DrawButton(Button& button);
     QWidget* DrawOption(OptionButton& option);
-    void Follow(Control& control, const std::function<void()>& sync);
 
     Form& form_;
     UserEvents& events_;

@@ -1,5 +1,6 @@
 #include "desktop/forms/FormLayouts.h"
 
+#include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -11,6 +12,7 @@
 #include <map>
 #include <string>
 
+#include "controls/ControlVisitor.h"
 #include "desktop/forms/FormDialog.h"
 #include "desktop/forms/RowListView.h"
 #include "desktop/look/TextConvert.h"
@@ -172,6 +174,12 @@ QLayout* HistoryButtons(FormDialog& dialog)
     return row;
 }
 
+QSize Bounded(const FormDialog& dialog, int width, int height)
+{
+    return QSize(Characters(dialog, width), Characters(dialog, height))
+        .boundedTo(dialog.screen()->availableSize() * 0.92);
+}
+
 void ArrangeHistory(FormDialog& dialog)
 {
     dialog.Describe("lblFilter", "txtFilter");
@@ -197,8 +205,76 @@ void ArrangeHistory(FormDialog& dialog)
     all->addWidget(lists, 1);
     all->addWidget(dialog.WidgetOf("lblTakes"));
     all->addLayout(HistoryButtons(dialog));
-    dialog.resize(QSize(Characters(dialog, 138), Characters(dialog, 86))
-                      .boundedTo(dialog.screen()->availableSize() * 0.92));
+    dialog.resize(Bounded(dialog, 138, 86));
+}
+
+/// The lists of the questions, one below the other. A list without items is not shown.
+QLayout* Questions(FormDialog& dialog)
+{
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(10);
+    grid->setVerticalSpacing(8);
+    grid->setColumnStretch(1, 1);
+    Control* before = nullptr;
+    for (Control* control : dialog.Model().Controls()) {
+        if (auto* list = As<ListBox>(control)) {
+            QWidget* const label = dialog.WidgetOf(before->Name());
+            auto* const drawn = qobject_cast<QComboBox*>(dialog.WidgetOf(list->Name()));
+            dialog.Describe(before->Name(), list->Name());
+            // Long names of columns are cut; the opened list shows them whole.
+            drawn->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+            drawn->setMinimumContentsLength(26);
+            grid->addWidget(label, grid->rowCount(), 0);
+            grid->addWidget(drawn, grid->rowCount() - 1, 1);
+            dialog.Follow(*list, [list, label, drawn] {
+                label->setVisible(!list->Items().empty());
+                drawn->setVisible(!list->Items().empty());
+            });
+        }
+        before = control;
+    }
+    auto* all = new QVBoxLayout;
+    all->addLayout(grid);
+    all->addStretch(1);
+    return all;
+}
+
+void ArrangeStatement(FormDialog& dialog)
+{
+    qobject_cast<QLabel*>(dialog.WidgetOf("lblFile"))->setWordWrap(true);
+    auto& rows = dynamic_cast<RowListView&>(*dialog.WidgetOf("lstRows"));
+    rows.Stretch({3, 4});
+    rows.setAccessibleName(QStringLiteral("The first rows"));
+    rows.setMinimumSize(Characters(dialog, 50), Characters(dialog, 24));
+    auto* left = new QWidget(&dialog);
+    left->setLayout(Questions(dialog));
+    left->layout()->setContentsMargins(0, 0, 0, 0);
+    QWidget* const right = Captioned(dialog, "lblRows", "lstRows");
+    right->layout()->addWidget(dialog.WidgetOf("lblLeftOut"));
+    auto* middle = new QHBoxLayout;
+    middle->setSpacing(18);
+    middle->addWidget(left);
+    middle->addWidget(right, 1);
+    QVBoxLayout* all = Frame(dialog);
+    all->addWidget(dialog.WidgetOf("lblFile"));
+    all->addLayout(middle, 1);
+    Finish(dialog, *all);
+    dialog.resize(Bounded(dialog, 160, 66));
+}
+
+void ArrangeImported(FormDialog& dialog)
+{
+    qobject_cast<QLabel*>(dialog.WidgetOf("lblResult"))->setWordWrap(true);
+    auto& list = dynamic_cast<RowListView&>(*dialog.WidgetOf("lstLeftOut"));
+    list.Stretch({2});
+    list.setAccessibleName(QStringLiteral("Left out and refused"));
+    list.setMinimumSize(Characters(dialog, 50), Characters(dialog, 20));
+    dialog.Describe("lblResult", "lstLeftOut");
+    QVBoxLayout* all = Frame(dialog);
+    all->addWidget(dialog.WidgetOf("lblResult"));
+    all->addWidget(&list, 1);
+    Finish(dialog, *all);
+    dialog.resize(Bounded(dialog, 120, 58));
 }
 
 void ArrangeInLines(FormDialog& dialog)
@@ -232,6 +308,8 @@ void ArrangeForm(FormDialog& dialog)
         {"frmSplit", ArrangeSplit},
         {"frmOptions", ArrangeOptions},
         {"frmHistory", ArrangeHistory},
+        {"frmStatement", ArrangeStatement},
+        {"frmImported", ArrangeImported},
         {"frmAbout", ArrangeAbout}};
     const auto found = known.find(dialog.Model().Name());
     if (found != known.end())

@@ -28,6 +28,8 @@ public:
     void WhenIdle(std::function<void()> idle) { idle_ = std::move(idle); }
     /// Whether an action is running.
     [[nodiscard]] bool Running() const { return depth_ > 0; }
+    /// Whether the action runs within another one, in a dialog that it has opened.
+    [[nodiscard]] bool Nested() const { return depth_ > 1; }
     /// Returns false if the action ended with an error. An action may start others, as a dialog
     /// does.
     bool Run(const std::function<void()>& action);

@@ -1,9 +1,9 @@
 #include "desktop/ports/FileDialogPort.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <algorithm>
-#include <utility>
 
 #include "desktop/look/TextConvert.h"
 #include "desktop/ports/DialogParent.h"
@@ -32,7 +32,11 @@ void Prepare(QFileDialog& dialog, const FileQuestion& question)
     const QStringList filters = FileDialogPort::NameFilters(question.filter);
     dialog.setAcceptMode(question.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     const bool mustExist = !question.save && (question.flags & file_flags::FileMustExist) != 0;
-    dialog.setFileMode(mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setFileMode(question.several ? QFileDialog::ExistingFiles
+                       : mustExist      ? QFileDialog::ExistingFile
+                                        : QFileDialog::AnyFile);
+    // The patterns of every kind of statement have no room beside its name.
+    dialog.setOption(QFileDialog::HideNameFilterDetails, question.several);
     dialog.setOption(QFileDialog::DontConfirmOverwrite,
                      (question.flags & file_flags::OverwritePrompt) == 0);
     if (!filters.isEmpty()) {
@@ -64,24 +68,21 @@ QStringList FileDialogPort::NameFilters(const std::string& filter)
 
 std::optional<FileChoice> FileDialogPort::Ask(const FileQuestion& question)
 {
-    if (const auto dropped = std::exchange(dropped_, std::nullopt))
-        return Choice(question, ToQString(*dropped), question.filterIndex);
     const PlainPointer pointer;
     QFileDialog dialog(DialogParent());
     const QString folder = question.folder.empty() ? folder_ : ToQString(question.folder);
-    dialog.setDirectory(folder);
+    dialog.setDirectory(folder.isEmpty() ? QDir::homePath() : folder);
     Prepare(dialog, question);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const qsizetype filter = dialog.nameFilters().indexOf(dialog.selectedNameFilter());
-    return Choice(question, dialog.selectedFiles().first(), static_cast<int>(filter) + 1);
-}
-
-FileChoice FileDialogPort::Choice(const FileQuestion& question, const QString& path,
-                                  int filterIndex)
-{
-    folder_ = QFileInfo(path).absolutePath();
-    return {ToUtf8(path), ToUtf8(folder_), std::max(filterIndex, 1), question.flags};
+    const QStringList files = dialog.selectedFiles();
+    folder_ = QFileInfo(files.first()).absolutePath();
+    FileChoice choice{ToUtf8(files.first()), ToUtf8(folder_),
+                      std::max(static_cast<int>(filter) + 1, 1), question.flags};
+    for (qsizetype further = 1; further < files.size(); ++further)
+        choice.further.push_back(ToUtf8(files[further]));
+    return choice;
 }
 
 }  // namespace clb

@@ -69,11 +69,11 @@ class Program {
 public:
     Program(const std::string& folder, IClock& clock)
         : controller_({folder, clock, boxes_, files_, shell_, pointer_, dates_, forms_, printing_,
-                       http_, "", true, true},
+                       http_, "", true, true, true},
                       MainWindow::Metrics()),
           window_(controller_, events_)
     {
-        events_.Attach([this] { controller_.Settle(); }, [this] { window_.Sync(); },
+        events_.Attach([this] { Settle(); }, [this] { window_.Sync(); },
                        [this] { controller_.Abandon(); });
         events_.Before([this] { return FollowOthers(); });
         watch_.start(kWatchMilliseconds);
@@ -116,6 +116,13 @@ public:
     IncomingFiles& Incoming() { return incoming_; }
 
 private:
+    void Settle()
+    {
+        if (events_.Nested())
+            controller_.SettleDialog();
+        else
+            controller_.Settle();
+    }
     /// Runs before each action. The action uses the row and node numbers that were drawn last.
     bool FollowOthers()
     {
@@ -154,8 +161,7 @@ private:
     MainWindow window_;
     QTimer watch_;
     StuckWindow stuck_{controller_, events_, window_};
-    IncomingFiles incoming_{controller_, window_, events_, boxes_,
-                            [this](const std::string& path) { files_.AnswerNext(path); }};
+    IncomingFiles incoming_{controller_, window_, events_};
 };
 
 bool ShowsWindow(const StartOptions& options)

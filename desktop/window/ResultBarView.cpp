@@ -46,6 +46,11 @@ QToolButton* MakeButton(QWidget* parent, const char* icon, std::function<void()>
     return button;
 }
 
+const char* IconOf(const std::string& caption)
+{
+    return caption == "Undo" ? "undo" : caption == "Redo" ? "redo" : "information";
+}
+
 }  // namespace
 
 ResultBarView::ResultBarView(ResultBar& bar, std::function<void()> press,
@@ -83,7 +88,7 @@ void ResultBarView::Follow()
     setAccessibleName(text);
     reverse_->setText(ToQString(bar_.ButtonCaption()));
     reverse_->setVisible(!bar_.ButtonCaption().empty());
-    reverse_->setIcon(icons::Command(bar_.ButtonCaption() == "Undo" ? "undo" : "redo"));
+    reverse_->setIcon(icons::Command(IconOf(bar_.ButtonCaption())));
     if (text.isEmpty())
         return;
     QAccessibleEvent alert(this, QAccessible::Alert);

@@ -12,8 +12,8 @@ class QToolButton;
 
 namespace clb {
 
-/// Draws the result bar: a text, cut if there is no room, a button for the reverse and one that
-/// closes the bar. Screen readers are told the text when it comes.
+/// Draws the result bar: a text, cut if there is no room, its button if it has one, and one
+/// that closes the bar. Screen readers are told the text when it comes.
 class ResultBarView : public QFrame, public sigc::trackable {
 public:
     /// The model is borrowed and outlives the view. press and close are what the buttons do.

@@ -55,7 +55,7 @@ std::size_t FindIndex::Locate(std::uint64_t hash) const
 
 void FindIndex::Reserve(std::size_t count)
 {
-    if (const std::size_t size = std::bit_ceil(2 * count); size > table_.size())
+    if (const std::size_t size = std::bit_ceil(count + count / 2 + 1); size > table_.size())
         Grow(size);
 }
 
@@ -70,7 +70,7 @@ void FindIndex::Grow(std::size_t size)
 
 void FindIndex::Add(std::uint64_t hash, std::size_t slot)
 {
-    if (2 * (used_ + 1) > table_.size())
+    if (3 * (used_ + 1) > 2 * table_.size())
         Grow(table_.size() * 2);
     Entry& entry = table_[Locate(hash)];
     const auto place = static_cast<std::uint32_t>(slot);

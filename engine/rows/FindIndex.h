@@ -40,7 +40,7 @@ private:
     [[nodiscard]] std::size_t Locate(std::uint64_t hash) const;
     void Grow(std::size_t size);
 
-    std::vector<Entry> table_;  // its length is a power of two; at most half full
+    std::vector<Entry> table_;  // its length is a power of two; at most two thirds full
     std::size_t used_ = 0;
     std::vector<Slots> lists_;
 };

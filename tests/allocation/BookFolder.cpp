@@ -147,7 +147,8 @@ TableDump BookFolder::Tables() const
         throw std::runtime_error("damaged: " + integrity);
     TableDump dump = DumpOf(Path(kDatabase));
     for (std::string& line : dump.lines)
-        if (line.starts_with("CvBalance|") || line.starts_with("CvStep|"))
+        if (line.starts_with("CvBalance|") || line.starts_with("CvImport|") ||
+            line.starts_with("CvStep|"))
             line = WithoutTime(std::move(line));
     return dump;
 }

@@ -104,10 +104,12 @@ TEST_F(CommandsTest, BadFilesAreRefusedWithTheProgramsMessage)
     Run("new " + Books());
 
     EXPECT_EQ(Run("import '" + folder.Write("x.ofx", "no statement\r\n") + "'" + Home()), 1);
-    EXPECT_EQ(Err(), "Invalid file format.\n");
+    EXPECT_EQ(Err(), "Invalid file format.\nThe file holds no table with dates and amounts.\n");
 
     EXPECT_EQ(Run("import " + Statement("12-34", "much") + " --create Visa" + Home()), 1);
-    EXPECT_EQ(Err(), "Invalid data was found while importing:\n<TRNAMT>\n");
+    EXPECT_EQ(Err(),
+              "Invalid data was found while importing:\n"
+              "line 6 left out: it has no amount that can be read exactly: 20060305 much Shop\n");
 
     EXPECT_EQ(Run("import '" + folder.Path("none.ofx") + "'" + Home()), 1);
     EXPECT_NE(Err(), "");

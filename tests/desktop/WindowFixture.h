@@ -134,7 +134,9 @@ private:
     }
     void Settle()
     {
-        if (Model().Loaded())
+        if (events_.Nested())
+            Model().SettleDialog();
+        else if (Model().Loaded())
             Model().Settle();
     }
 };

@@ -13,6 +13,8 @@ class ReaderRun {
 public:
     ReaderRun()
     {
+        // The history would grow with every run.
+        books_.window.Data().Database().Watch(nullptr);
         books_.AddAccount("1", "Bank", "Checking");
         books_.AddAccount("2", "Cash", "Purse");
         host_.fallback = "1";

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "base/RuntimeError.h"
+#include "import/LineEndings.h"
 #include "import/modImport.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/TempFolder.h"
@@ -21,6 +22,7 @@ protected:
     void Repair(std::string_view bytes)
     {
         modImport::FixLineEndings(folder_.Write("s.ofx", bytes));
+        EXPECT_EQ(WithRepairedLineEnds(std::string(bytes)), Repaired());
     }
     std::string Repaired() { return folder_.Read("s.ofx"); }
     std::string Kept() { return folder_.Read("s.ofx.org"); }

@@ -40,15 +40,6 @@ TEST(OmissionsTest, WhatTheRepairDropsCountsAsLinesOnly)
     EXPECT_EQ(CountOmissions(text, true), Omissions{.linesAfterRepair = 8});
 }
 
-TEST(OmissionsTest, LinesOfTheOriginalThatARepairedFileLacks)
-{
-    const std::string original = "!Type:Bank\nT1\n^\r\nT2\r\n^\r\n\r\n";
-    EXPECT_EQ(LinesDroppedByRepair("!Type:Bank\r\nT1\r\n^\r\n", original), 2U);
-    EXPECT_EQ(LinesDroppedByRepair("!Type:Bank\r\nT3\r\n^\r\n", original), 0U);
-    EXPECT_EQ(LinesDroppedByRepair("!Type:Bank\r\nT1\r\n^\r\n", "!Type:Bank\nT1\n^"), 0U);
-    EXPECT_EQ(LinesDroppedByRepair(original, original), 0U);
-}
-
 TEST(OmissionsTest, TransactionsAfterAnEmptyOne)
 {
     EXPECT_EQ(CountOmissions("<OFC>\r\n<ACCTID>1\r\n" + Transaction("F1") + "<STMTTRN></STMTTRN>" +

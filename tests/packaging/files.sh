@@ -109,7 +109,7 @@ for command in $(commands_of "$clb"); do
 done
 same "options of ledgerbook completed" "$(options_of "$ledgerbook")" "$(completed ledgerbook -)"
 mkdir -p "$work/files/folder" "$work/books/db/backup"
-touch "$work"/files/{a.ofx,b.QIF,notes.txt} "$work/books/db/backup/clb-2026-11-21.mdb"
+touch "$work"/files/{a.ofx,b.QIF,notes.doc} "$work/books/db/backup/clb-2026-11-21.mdb"
 cd "$work/files"
 same "files of clb import" $'a.ofx\nb.QIF\nfolder' "$(completed clb import '')"
 same "files of ledgerbook" $'a.ofx\nb.QIF\nfolder' "$(completed ledgerbook '')"

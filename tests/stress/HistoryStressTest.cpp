@@ -75,7 +75,7 @@ protected:
             case 6: return Run({"move", "--home", Book(), "--by", "+1", "--", row});
             case 7: return Run({"split", "--home", Book(), "--", row, "1.5"});
             default: {
-                std::vector<StatementRow> rows;
+                std::vector<StressRow> rows;
                 for (int n = Random(1, 8); n > 0; --n)
                     rows.push_back(
                         {file + "-" + std::to_string(n), "20060210", std::int64_t{n} * 100});

@@ -17,9 +17,9 @@ void RunClb(const std::vector<std::string>& arguments)
         throw std::runtime_error(process.Story());
 }
 
-std::vector<StatementRow> FirstRows(const std::string& account)
+std::vector<StressRow> FirstRows(const std::string& account)
 {
-    std::vector<StatementRow> rows;
+    std::vector<StressRow> rows;
     rows.reserve(kRows);
     for (int n = 0; n < kRows; ++n)
         rows.push_back({account + "-first-" + std::to_string(n),
@@ -30,11 +30,11 @@ std::vector<StatementRow> FirstRows(const std::string& account)
 
 }  // namespace
 
-std::string StatementText(const std::string& account, const std::vector<StatementRow>& rows)
+std::string StatementText(const std::string& account, const std::vector<StressRow>& rows)
 {
     std::string text =
         "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n<OFX>\r\n<ACCTID>" + account + "\r\n";
-    for (const StatementRow& row : rows)
+    for (const StressRow& row : rows)
         text += "<STMTTRN><DTPOSTED>" + row.date + "<TRNAMT>" + AmountText(row.amount) + "<FITID>" +
                 row.fitid + "<NAME>" + DescriptionOf(row) + "</STMTTRN>\r\n";
     return text + "</OFX>\r\n";

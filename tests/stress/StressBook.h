@@ -9,20 +9,20 @@
 namespace clb {
 
 /// One transaction of a statement.
-struct StatementRow {
+struct StressRow {
     std::string fitid;
     std::string date;  ///< yyyymmdd
     std::int64_t amount = 0;
 };
 
 /// The description that an imported row gets.
-inline std::string DescriptionOf(const StatementRow& row)
+inline std::string DescriptionOf(const StressRow& row)
 {
     return "Shop " + row.fitid;
 }
 
 /// An OFX file of these transactions.
-std::string StatementText(const std::string& account, const std::vector<StatementRow>& rows);
+std::string StatementText(const std::string& account, const std::vector<StressRow>& rows);
 
 /// Numbers and names of the book's accounts.
 struct StressAccount {

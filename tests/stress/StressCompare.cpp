@@ -54,7 +54,7 @@ void StressRound::CompareImport(const Import& import, std::set<std::string>& fit
     newRows_ += imported;
     if (imported + report["skipped"].get<int>() != static_cast<int>(import.rows.size()))
         Fault("an import did not report all of its rows");
-    for (const StatementRow& row : import.rows) {
+    for (const StressRow& row : import.rows) {
         fitids.insert(row.fitid);
         statement_[std::string(import.account->number) + " " + row.fitid] = row;
     }

@@ -75,9 +75,9 @@ StressRound::Target StressRound::AnyTarget()
     return {any->first, any->second.begin()->first};
 }
 
-std::vector<StatementRow> StressRound::NewRows(const std::string& file)
+std::vector<StressRow> StressRound::NewRows(const std::string& file)
 {
-    std::vector<StatementRow> rows;
+    std::vector<StressRow> rows;
     const int count = OneIn(4) ? 40 : Random(1, 8);
     rows.reserve(static_cast<std::size_t>(count));
     for (int n = 0; n < count; ++n)

@@ -36,7 +36,7 @@ public:
 private:
     struct Import {
         const StressAccount* account = nullptr;
-        std::vector<StatementRow> rows;
+        std::vector<StressRow> rows;
         std::string file;
         ClbProcess* process = nullptr;
     };
@@ -60,7 +60,7 @@ private:
 
     void ChooseTargets();
     Target AnyTarget();
-    std::vector<StatementRow> NewRows(const std::string& file);
+    std::vector<StressRow> NewRows(const std::string& file);
     void PlanImports();
     void PlanCommands();
     [[nodiscard]] std::vector<std::string> Words(const Command& command) const;
@@ -96,8 +96,8 @@ private:
     std::vector<std::unique_ptr<ClbProcess>> processes_;
 
     std::map<std::int32_t, std::vector<ReportedStep>> steps_;
-    std::map<std::string, std::int64_t> added_;      ///< by the session: description and amount
-    std::map<std::string, StatementRow> statement_;  ///< imported: by account, blank, FITID
+    std::map<std::string, std::int64_t> added_;   ///< by the session: description and amount
+    std::map<std::string, StressRow> statement_;  ///< imported: by account, blank, FITID
     int newRows_ = 0;
     std::string sessionStory_;
     bool sessionLocked_ = false;

@@ -15,7 +15,9 @@ namespace clb {
 class Books : public FakeOutside {
 public:
     /// `keepsCopies`: makes backups, as for a person and not as under automation.
-    explicit Books(bool keepsCopies = false) : window(MakePorts(keepsCopies), WindowMetrics())
+    /// `importsEveryKind`: File > Import takes every kind of statement, as in a person's window.
+    explicit Books(bool keepsCopies = false, bool importsEveryKind = false)
+        : window(MakePorts(keepsCopies, importsEveryKind), WindowMetrics())
     {
         window.Load();
     }
@@ -54,10 +56,10 @@ private:
         return line;
     }
 
-    Ports MakePorts(bool keepsCopies)
+    Ports MakePorts(bool keepsCopies, bool importsEveryKind)
     {
         folder.Write("db/clb.mdb", EmptyDatabase());
-        return PortsOver(folder.Path(), keepsCopies);
+        return PortsOver(folder.Path(), keepsCopies, importsEveryKind);
     }
 };
 

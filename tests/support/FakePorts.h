@@ -65,7 +65,8 @@ public:
     std::vector<std::string> names;
 };
 
-/// Chooses the answers in their order, then cancels.
+/// Chooses the answers in their order, then cancels. Chooses all of them at once if several may be
+/// chosen.
 class FakeFileDialog : public IFileDialog {
 public:
     std::optional<FileChoice> Ask(const FileQuestion& question) override
@@ -76,6 +77,10 @@ public:
         FileChoice choice;
         choice.path = answers.front();
         answers.pop_front();
+        if (question.several) {
+            choice.further.assign(answers.begin(), answers.end());
+            answers.clear();
+        }
         return choice;
     }
 

@@ -44,18 +44,6 @@ TEST(FileDialogTest, AFiltersPairsBecomeTheDialogsFiltersInBothCases)
               (QStringList{"Money files (*.ofx *.OFX *.qif *.QIF)", "All (*.*)"}));
 }
 
-TEST(FileDialogTest, ADroppedFileAnswersTheNextQuestion)
-{
-    FileDialogPort port;
-    port.AnswerNext("/home/ada/march.qif");
-
-    const auto choice = port.Ask({});
-
-    ASSERT_TRUE(choice);
-    EXPECT_EQ(choice->path, "/home/ada/march.qif");
-    EXPECT_EQ(choice->folder, "/home/ada");
-}
-
 TEST(PointerTest, TheHourglassIsTheWaitCursorOfTheWholeProgram)
 {
     PointerPort port;

@@ -6,6 +6,7 @@
 
 #include "desktop/window/IncomingFiles.h"
 #include "tests/desktop/WindowFixture.h"
+#include "user/FormUser.h"
 
 namespace clb {
 namespace {
@@ -20,9 +21,13 @@ protected:
                           const std::string& fitid)
     {
         return books_.folder.Write(
-            name, "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n\r\n<OFX><ACCTID>" + account +
-                      "</ACCTID><STMTTRN><DTPOSTED>20060305<TRNAMT>-1<FITID>" + fitid +
-                      "<NAME>Shop</STMTTRN></OFX>\r\n");
+            name,
+            "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n\r\n<OFX><STMTRS><BANKACCTFROM><"
+            "ACCTID>" +
+                account +
+                "</ACCTID></"
+                "BANKACCTFROM><BANKTRANLIST><STMTTRN><DTPOSTED>20060305<TRNAMT>-1<FITID>" +
+                fitid + "<NAME>Shop</STMTTRN></BANKTRANLIST></STMTRS></OFX>\r\n");
     }
     /// Drags files over the window. Returns whether it accepts them.
     bool Drop(const std::vector<std::string>& paths)
@@ -50,10 +55,23 @@ protected:
         return books_.Rows("SELECT FITID FROM Trans WHERE FITID <> '' ORDER BY [Sequence]");
     }
 
-    IncomingFiles incoming_{
-        Model(), window_, events_, books_.messages,
-        [this](const std::string& path) { books_.files.answers.push_back(path); }};
+    IncomingFiles incoming_{Model(), window_, events_};
 };
+
+TEST_F(IncomingFilesTest, StatementsOfEveryKindAreTaken)
+{
+    books_.modal.steps.emplace_back([](Form& form) {
+        FormUser user(form);
+        user.Option("optAccount(1)");
+        user.Choose("cmbAccountID", "Purse");
+        user.Press("btnOK");
+    });
+
+    Drop({books_.folder.Write("list.csv", "Date,Description,Amount\n2006-03-15,Shop,-1.50\n")});
+
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 1; }));
+    EXPECT_EQ(books_.One("SELECT AccountID FROM Trans WHERE FITID <> ''"), "P1");
+}
 
 TEST_F(IncomingFilesTest, DroppedStatementsAreImportedOneAfterTheOther)
 {
@@ -61,7 +79,8 @@ TEST_F(IncomingFilesTest, DroppedStatementsAreImportedOneAfterTheOther)
 
     EXPECT_TRUE(Drop({Statement("a.ofx", "C1", "A"), Statement("b.ofx", "C1", "B")}));
 
-    ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 2; }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 2; }))
+        << testing::PrintToString(books_.modal.names);
     EXPECT_EQ(Imported(), (std::vector<std::string>{"A", "B"}));
     EXPECT_EQ(Model().statusBar.Panel(1), before);
     EXPECT_TRUE(Model().window.Enabled());
@@ -69,13 +88,13 @@ TEST_F(IncomingFilesTest, DroppedStatementsAreImportedOneAfterTheOther)
 
 TEST_F(IncomingFilesTest, AFileThatIsNotAStatementIsReportedAndTheNextOneImported)
 {
-    const std::string photo = books_.folder.Write("photo.jpg", "\xff\xd8");
-
-    Drop({photo, Statement("a.ofx", "C1", "A")});
+    Drop({books_.folder.Write("page.html", "<html><body>Hello</body></html>"),
+          Statement("a.ofx", "C1", "A")});
 
     ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 1; }));
-    ASSERT_EQ(books_.messages.boxes.size(), 1U);
-    EXPECT_EQ(books_.messages.boxes[0].text, "Invalid file format.\n\n" + photo);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Model().result.Shown(); }));
+    EXPECT_EQ(Model().result.Text(), "2 files: Checking: 1 added; 1 file not imported");
+    EXPECT_EQ(Model().result.ButtonCaption(), "Details...");
     EXPECT_TRUE(Model().window.Enabled());
 }
 
@@ -84,7 +103,7 @@ TEST_F(IncomingFilesTest, AMissingFileIsReported)
     incoming_.Take({ToQString(books_.folder.Path("gone.ofx"))});
 
     ASSERT_TRUE(QTest::qWaitFor([this] { return !books_.messages.boxes.empty(); }));
-    EXPECT_EQ(books_.messages.boxes[0].text, "File not found\n\n" + books_.folder.Path("gone.ofx"));
+    EXPECT_EQ(books_.messages.boxes[0].text, "gone.ofx\nFile not found");
     EXPECT_TRUE(Model().window.Enabled());
 }
 

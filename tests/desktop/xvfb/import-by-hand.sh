@@ -15,7 +15,7 @@ window '^Net Worth - Corvane Ledgerbook$' >/dev/null
 xdotool key --delay 100 alt+f
 sleep 0.3
 xdotool key i
-window '^Open' >/dev/null
+window '^Import' >/dev/null
 xdotool type --delay 20 "$statement"
 xdotool key Return
 window '^Select Account$' >/dev/null
