@@ -112,6 +112,18 @@ std::string NothingTo(bool undo, const std::string& ended)
                                ". What was done before that cannot be undone.";
 }
 
+/// What was undone or redone, in lines.
+std::string ReportOf(const std::vector<Step>& steps, bool undo, bool json)
+{
+    if (json)
+        return ToLine({{undo ? "undone" : "redone", ToJson(steps)}}) + '\n';
+    std::string report;
+    for (const Step& step : steps)
+        report += (undo ? "Undone: " : "Redone: ") +
+                  Replace(Printable(step.what + " of " + step.at), "\n", " ") + '\n';
+    return report;
+}
+
 /// Undoes or redoes. Exit code 1 if nothing could be done.
 int TakeSteps(const UndoOptions& options, bool undo)
 {
@@ -120,14 +132,10 @@ int TakeSteps(const UndoOptions& options, bool undo)
     History& history = program.Window().Steps();
     const HistoryOutcome outcome = undo ? history.Undo(options.steps) : history.Redo(options.steps);
     const std::string ended = undo && outcome.steps.empty() ? history.EndedAt() : std::string();
+    // Once the steps are kept, nothing may fail for lack of memory.
+    const std::string report = ReportOf(outcome.steps, undo, options.json);
     program.Finish();
-    const char* const done = undo ? "undone" : "redone";
-    if (options.json)
-        std::cout << ToLine({{done, ToJson(outcome.steps)}}) << '\n';
-    else
-        for (const Step& step : outcome.steps)
-            std::cout << (undo ? "Undone: " : "Redone: ")
-                      << Replace(Printable(step.what + " of " + step.at), "\n", " ") << '\n';
+    std::cout << report;
     if (outcome.steps.empty())
         std::cerr << NothingTo(undo, ended) << '\n';
     return outcome.steps.empty() ? 1 : 0;
