@@ -284,12 +284,13 @@ void modImport::ReadMarkup(const std::function<std::string()>& readText, Memos m
     // Any other error is not about the data of the statement and ends the command.
     if (!succeeds([&] { return reader.FindAccount(readText()); }))
         return;
-    if (accountID)
+    if (accountID) {
         reader.AccountID(*accountID);
-    else
+    } else {
         KeepFileBeforeMapping(reader.AccountID());
-    if (!accountID && !succeeds([&] { return reader.CheckAccount(); }))
-        return;
+        if (!succeeds([&] { return reader.CheckAccount(); }))
+            return;
+    }
     database_.Lock();
     if (!balancesNoted_)
         NoteFormerBalances();

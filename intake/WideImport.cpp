@@ -213,7 +213,7 @@ void WideImport::Store(Source& source, KeptRows& rows)
     }
 }
 
-/// Balances without rows make no account, but are told for one that is there.
+/// Balances without rows make no account, but are reported for one that is there.
 void WideImport::StoreNone(const StatementSurvey& survey, const std::vector<std::string>& found,
                            ImportedStatement& result)
 {

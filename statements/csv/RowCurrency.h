@@ -18,8 +18,8 @@ namespace clb {
 class FileCurrencies {
 public:
     void Add(std::string_view mark);
-    /// The different currencies, up to a limit. Marks that several currencies share ("kr") stand
-    /// for themselves if the file names others too.
+    /// The different currencies, up to a limit. Marks that several currencies share ("kr") are
+    /// kept as they are if the file names others too.
     [[nodiscard]] std::set<std::string> Different() const;
 
 private:

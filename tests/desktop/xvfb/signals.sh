@@ -54,7 +54,8 @@ nothing_changed "a dialog"
 statement 1 300000 >"$work/long.ofx"
 "$ledgerbook" --home "$work/books" "$work/long.ofx" 2>"$work/program.log" &
 program=$!
-for _ in $(seq 300); do [ -e "$work/books/db/clb.mdb-journal" ] && break; sleep 0.05; done
+# Built with counters, the program reads the file for half a minute before it writes.
+for _ in $(seq 2400); do [ -e "$work/books/db/clb.mdb-journal" ] && break; sleep 0.05; done
 [ -e "$work/books/db/clb.mdb-journal" ] || fail "the import does not begin"
 end TERM "an import"
 nothing_changed "an import"
