@@ -130,8 +130,10 @@ private:
         if (const std::int64_t steps = StepsMade(); steps > 0)
             actions.push_back({"Undo", [window, steps] { UndoSteps(*window, steps); }});
         const std::string months = added_.Months(window_.Data());
-        window_.Results().Say(summary_->Sentence() + (months.empty() ? "" : " \u2013 " + months),
-                              std::move(actions));
+        const std::string sentence =
+            summary_->Sentence() + (months.empty() ? "" : " \u2013 " + months);
+        window_.Results().Say(sentence, std::move(actions));
+        window_.Results().Note(sentence);
     }
 
     frmController& window_;

@@ -8,6 +8,8 @@
 namespace clb {
 namespace {
 
+constexpr const char* kNotice = "result";
+
 std::string Counted(std::int64_t number, const std::string& one)
 {
     return std::to_string(number) + " " + one + (number == 1 ? "" : "s");
@@ -53,19 +55,35 @@ void StepResult::Say(const std::string& text, std::vector<ResultBar::Action> act
     window_.result.Show(text, std::move(actions));
 }
 
+void StepResult::Note(const std::string& text)
+{
+    if (!window_.GivenPorts().showsResults)
+        return;
+    notedAt_ = PresentSteps();
+    window_.notices.Inform(kNotice, text);
+}
+
 void StepResult::Follow()
 {
+    if (notedAt_ && *notedAt_ != PresentSteps()) {
+        notedAt_.reset();
+        window_.notices.Inform(kNotice, "");
+    }
     if (window_.result.Shown() && Present() != shownAt_)
         window_.result.Close();
 }
 
-StepResult::Situation StepResult::Present() const
+StepResult::Steps StepResult::PresentSteps() const
 {
     const auto number = [](const std::optional<Step>& step) { return step ? step->number : 0; };
+    return {number(window_.Steps().NextToUndo()), number(window_.Steps().NextToRedo())};
+}
+
+StepResult::Situation StepResult::Present() const
+{
     const clsView& view = window_.View();
     const TreeNode node = view.ShownNode();
-    return {number(window_.Steps().NextToUndo()), number(window_.Steps().NextToRedo()),
-            node.tag + node.text, view.Year(), view.Period()};
+    return {PresentSteps(), node.tag + node.text, view.Year(), view.Period()};
 }
 
 std::string StepResult::Sentence(const HistoryOutcome& outcome, bool undone) const

@@ -1,7 +1,9 @@
 // Says in the result bar what a command has done.
 #pragma once
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "controls/ResultBar.h"
@@ -27,26 +29,31 @@ public:
     /// Says what another command has done, if the window shows results. The command has settled.
     /// Throws EngineError.
     void Say(const std::string& text, std::vector<ResultBar::Action> actions);
-    /// Closes the bar if what it offers no longer fits the book or the place. Called after each
-    /// command. Throws EngineError.
+    /// Says it in the status bar too, where it stays until the book changes. Throws EngineError.
+    void Note(const std::string& text);
+    /// Closes the bar if what it offers no longer fits the book or the place, and takes the note
+    /// away if it no longer fits the book. Called after each command. Throws EngineError.
     void Follow();
 
 private:
+    /// The numbers of the next steps to undo and to redo.
+    using Steps = std::pair<std::int64_t, std::int64_t>;
     /// What the bar fits.
     struct Situation {
-        std::int64_t nextToUndo = 0;
-        std::int64_t nextToRedo = 0;
+        Steps steps;
         std::string node;  ///< tag and text of what is shown
         std::int32_t year = 0;
         std::int32_t period = 0;
         bool operator==(const Situation&) const = default;
     };
+    [[nodiscard]] Steps PresentSteps() const;
     [[nodiscard]] Situation Present() const;
     void Offer(const std::string& text, bool undo, std::int64_t steps);
     [[nodiscard]] std::string Sentence(const HistoryOutcome& outcome, bool undone) const;
 
     frmController& window_;
     Situation shownAt_;
+    std::optional<Steps> notedAt_;
 };
 
 }  // namespace clb

@@ -58,10 +58,9 @@ void WindowLayout::Resize(std::int32_t width, std::int32_t height)
     const std::int32_t gridHeight = AtLeastZero(treeHeight - metrics_.totalsHeight - resultHeight);
     const std::int32_t gridWidth = AtLeastZero(width - beside - 4 * kPixel);
     const std::int32_t gridLeft = beside + 2 * kPixel;
-    window_.Grid.Place({gridLeft, top, gridWidth, gridHeight});
-    PlaceTotals(top + gridHeight);
-    window_.result.Place({gridLeft, top + gridHeight + metrics_.totalsHeight,
-                          resultHeight == 0 ? 0 : gridWidth, resultHeight});
+    window_.result.Place({gridLeft, top, resultHeight == 0 ? 0 : gridWidth, resultHeight});
+    window_.Grid.Place({gridLeft, top + resultHeight, gridWidth, gridHeight});
+    PlaceTotals(top + resultHeight + gridHeight);
 }
 
 /// Their left edges and widths follow the grid's columns.

@@ -127,9 +127,12 @@ void EmptyState::Follow(const std::optional<EmptyHint>& hint, const QRect& room)
         return Hide(*this);
     if (*hint != shown_)
         Take(*hint);
-    const int width = std::min(room.width() - 2 * kGap, fontMetrics().averageCharWidth() * 64);
+    // As wide as a text reads well, or as its links need.
+    const int least = layout()->totalMinimumSize().width();
+    const int width =
+        std::min(room.width() - 2 * kGap, std::max(fontMetrics().averageCharWidth() * 64, least));
     const int height = layout()->totalHeightForWidth(width);
-    if (width < layout()->totalMinimumSize().width() || height > room.height() - kGap)
+    if (width < least || height > room.height() - kGap)
         return Hide(*this);
     // A little above the middle, where the eye looks first.
     setGeometry(room.left() + (room.width() - width) / 2,

@@ -121,6 +121,22 @@ TEST_F(ImportCommandTest, TheWindowShowsAccountAndMonthOfTheLatestNewRow)
     EXPECT_EQ(Window().Grid.CellText(Window().Grid.Row(), Register::Description), "Shop");
 }
 
+TEST_F(ImportCommandTest, TheStatusBarSaysWhatCameInUntilTheBookChanges)
+{
+    AnswerAccount("Purse");
+    Import({Csv("march.csv", "2006-03-14,Shop,-1.50\n2006-03-15,Work,20.00\n")});
+    EXPECT_EQ(Window().notices.Text(), "Purse: 2 added \u2013 March 2006");
+
+    Window().StepMonth(+1);
+    Window().Settle();
+    EXPECT_FALSE(Bar().Shown());
+    EXPECT_EQ(Window().notices.Text(), "Purse: 2 added \u2013 March 2006");
+
+    Window().menus.Find("mnuY_Undo")->Press();
+    Window().Settle();
+    EXPECT_EQ(Window().notices.Text(), "");
+}
+
 TEST_F(ImportCommandTest, KnownRowsAreCounted)
 {
     const std::string path = Csv("march.csv", "2006-03-14,Shop,-1.50\n2006-03-15,Work,20.00\n");
@@ -159,7 +175,8 @@ TEST_F(ImportCommandTest, SeveralFilesAreSeveralStepsAndOneSummary)
 
     Import({first, page, second, books_.folder.Path("gone.csv")});
 
-    EXPECT_EQ(Bar().Text(), "4 files: Checking: 2 added; Purse: 2 added; 2 files not imported");
+    EXPECT_EQ(Bar().Text(),
+              "4 files: Checking: 2 added; Purse: 2 added; 2 files not imported \u2013 March 2006");
     const std::string details = DetailsOf();
     EXPECT_NE(details.find("[page.html]\n|refused|"), std::string::npos) << details;
     EXPECT_NE(details.find("[gone.csv]\n|refused|File not found|"), std::string::npos) << details;
@@ -261,7 +278,7 @@ TEST_F(ImportCommandTest, BalancesThatDoNotFitAreSaid)
                                 ":61:0603020302D1,00NTRFNONREF\r\n:86:Shop\r\n"
                                 ":62F:C060331EUR99,00\r\n-\r\n")});
 
-    EXPECT_EQ(Bar().Text(), "Checking: 1 added; balances do not fit the rows");
+    EXPECT_EQ(Bar().Text(), "Checking: 1 added; balances do not fit the rows \u2013 March 2006");
     EXPECT_NE(DetailsOf().find("|note|The rows of 'Checking' do not add up"), std::string::npos);
 }
 
@@ -277,7 +294,7 @@ TEST_F(ImportCommandTest, AnAccountThatIsMadeBelongsToTheStepOfTheImport)
 
     Import({Csv("march.csv", "2006-03-14,Shop,-1.50\n2006-03-15,Work,20.00\n")});
 
-    EXPECT_EQ(Bar().Text(), "Savings: 2 added");
+    EXPECT_EQ(Bar().Text(), "Savings: 2 added \u2013 March 2006");
     EXPECT_EQ(Window().Steps().NextToUndo()->what, "Import of march.csv");
     PressResult(Bar(), "Undo");
     Window().Settle();
