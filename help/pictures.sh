@@ -112,7 +112,6 @@ window '^Import$' >/dev/null
 type_text "$work/statement.ofx"
 xdotool key Return
 dialog=$(window '^Select Account$')
-keys Tab
 type_text 'Joint Account'
 keep import "$dialog"
 keys Escape

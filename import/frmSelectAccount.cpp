@@ -85,8 +85,11 @@ void frmSelectAccount::ShowProposal()
         Label1.Caption(proposal_.question);
     txtDescription.Text(proposal_.description);
     choose(cmbAccountType, proposal_.type);
-    if (choose(cmbAccountID, proposal_.existing))
+    const bool maps = choose(cmbAccountID, proposal_.existing);
+    if (maps)
         optMap_.Choose();
+    if (!proposal_.question.empty())
+        form_.Focus(maps ? static_cast<Control&>(cmbAccountID) : txtDescription);
 }
 
 void frmSelectAccount::ListAccounts()

@@ -212,6 +212,7 @@ TEST_F(ImportCommandTest, TheDialogForTheAccountSaysWhichFileAsks)
                   "march.csv holds 2 transactions of March 2006, but does not say for which "
                   "account. What would you like to do?");
         EXPECT_EQ(As<ListBox>(form.Find("cmbAccountID"))->Enabled(), false);
+        EXPECT_EQ(form.Focus(), form.Find("txtDescription"));
     });
     Import({Csv("march.csv", "2006-03-14,Shop,-1.50\n2006-03-15,Work,20.00\n")});
 
@@ -235,6 +236,7 @@ TEST_F(ImportCommandTest, AnAccountWhoseNumberEndsAlikeIsProposed)
     AnswerForm([](Form& form) {
         EXPECT_TRUE(As<OptionButton>(form.Find("optAccount(1)"))->Value());
         EXPECT_EQ(As<ListBox>(form.Find("cmbAccountID"))->Text(), "Joint");
+        EXPECT_EQ(form.Focus(), form.Find("cmbAccountID"));
     });
     Import({books_.folder.Write(
         "a.ofx",

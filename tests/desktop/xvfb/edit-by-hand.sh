@@ -19,7 +19,7 @@ keys Home Down Down Down
 main=$(window '^Household - Corvane Ledgerbook$')
 
 # The first line of the grid is for a new row. A double click edits it.
-xdotool mousemove --window "$main" 260 90 click --repeat 2 --delay 80 1
+xdotool mousemove --window "$main" 340 90 click --repeat 2 --delay 80 1
 sleep 0.3
 type_text '2006-03-09'
 keys Tab

@@ -19,16 +19,15 @@ window '^Import' >/dev/null
 xdotool type --delay 20 "$statement"
 xdotool key Return
 window '^Select Account$' >/dev/null
-xdotool key Tab
 xdotool type --delay 20 'Household'
 xdotool key Return
 
-# The tree now has the account below its type: root, Budget, Bank, Household.
-main=$(window '^Net Worth - Corvane Ledgerbook$')
+# The new rows are shown. The tree now has the account below its type: root, Budget, Bank, Household.
+main=$(window '^Household - Corvane Ledgerbook$')
 sleep 0.5
-xdotool key Home Down
+# The lines of the tree, below the menus and the toolbar.
+xdotool mousemove --window "$main" 70 90 click 1
 window '^Budget - Corvane Ledgerbook$' >/dev/null
-# The first line of the tree, below the menus and the toolbar.
 xdotool mousemove --window "$main" 70 68 click 1
 window '^Net Worth - Corvane Ledgerbook$' >/dev/null
 xdotool key Down Down Down

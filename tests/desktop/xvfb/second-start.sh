@@ -30,7 +30,7 @@ for _ in $(seq 100); do
     sleep 0.1
 done
 grep -q "Second start" <<<"$found" || fail "the statement is not imported"
-window '^Net Worth - Corvane Ledgerbook$' >/dev/null
+window '^Second account - Corvane Ledgerbook$' >/dev/null
 
 kill -STOP "$program"
 "$ledgerbook" --home "$work/books" 2>"$work/second.log" &

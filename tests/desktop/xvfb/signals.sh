@@ -36,7 +36,7 @@ start
 window '^Net Worth - Corvane Ledgerbook$' >/dev/null
 xdotool key --delay 60 Home Down Down Down
 main=$(window '^Household - Corvane Ledgerbook$')
-xdotool mousemove --window "$main" 260 90 click --repeat 2 --delay 80 1
+xdotool mousemove --window "$main" 340 90 click --repeat 2 --delay 80 1
 sleep 0.3
 xdotool type --delay 30 -- '2006-03-09'
 xdotool key --delay 60 Tab
