@@ -85,8 +85,9 @@ public:
                             !repeats_.IsRepeated(facts_.statements_.size(), kind_, owner_, part);
         if (counts && !lastCurrency_.empty())
             currencies_.insert(lastCurrency_);
-        if (counts && !ReferenceOf(part).empty())
-            facts_.references_.Add(HolderOf(), ReferenceOf(part));
+        const std::string_view reference = counts ? ReferenceOf(part) : std::string_view();
+        if (!reference.empty())
+            facts_.references_.Add(HolderOf(), reference);
     }
     void End() override
     {
@@ -186,10 +187,11 @@ void CamtFacts::Identify(std::size_t statement, const CamtEntryPart& entry, Stat
 bool CamtRepeats::IsRepeated(std::size_t statement, CamtKind kind, const CamtOwner& owner,
                              const CamtEntryPart& entry)
 {
-    const std::string_view reference = ReferenceOf(entry);
-    if (kind == CamtKind::Statement || reference.empty())
+    if (kind == CamtKind::Statement)
         return false;
-    return rows_.Add(statement, {owner.account, reference, Squeezed(entry.amount), entry.direction,
+    const std::string_view reference = ReferenceOf(entry);
+    return !reference.empty() &&
+           rows_.Add(statement, {owner.account, reference, Squeezed(entry.amount), entry.direction,
                                  Squeezed(entry.bookingDate)});
 }
 

@@ -12,6 +12,16 @@ namespace {
 constexpr std::size_t kFew = 4096;
 constexpr std::size_t kShortestElement = std::string_view("<a/>").size();
 
+/// In one pass, since names are short and many.
+std::string_view WithoutPrefix(const char* name)
+{
+    const char* end = name;
+    for (; *end != '\0'; ++end)
+        if (*end == ':')
+            name = end + 1;
+    return {name, static_cast<std::size_t>(end - name)};
+}
+
 }  // namespace
 
 void CamtTree::Read(std::string_view text)
@@ -30,10 +40,8 @@ void CamtTree::Read(std::string_view text)
 
 CamtNode::Element* CamtTree::Add(pugi::xml_node node)
 {
-    const std::string_view name = node.name();
-    const std::size_t colon = name.find(':');
     CamtNode::Element& element = elements_.emplace_back();
-    element.name = colon == std::string_view::npos ? name : name.substr(colon + 1);
+    element.name = WithoutPrefix(node.name());
     element.node = node;
     const CamtNode::Element** place = &element.child;
     for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {

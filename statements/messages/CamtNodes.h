@@ -26,7 +26,13 @@ public:
     CamtNode() = default;
     explicit CamtNode(const Element* element) : element_(element) {}
     explicit operator bool() const { return element_ != nullptr; }
-    [[nodiscard]] bool IsNamed(std::string_view name) const { return element_->name == name; }
+    /// The name is not empty.
+    [[nodiscard]] bool IsNamed(std::string_view name) const
+    {
+        // Most names differ in their first letter already.
+        return element_->name.size() == name.size() && element_->name[0] == name[0] &&
+               element_->name == name;
+    }
     [[nodiscard]] CamtNode First() const
     {
         return CamtNode(element_ != nullptr ? element_->child : nullptr);

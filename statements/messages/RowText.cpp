@@ -81,8 +81,9 @@ bool IsIban(std::string_view text)
 
 bool IsIdentifying(std::string_view reference, std::size_t length)
 {
-    return reference.size() >= length && !IsNoReference(reference) &&
-           std::any_of(reference.begin(), reference.end(), IsDigit) && !IsIban(reference);
+    // A text that means "no reference" has no digit, or zeros only.
+    return reference.size() >= length && std::any_of(reference.begin(), reference.end(), IsDigit) &&
+           reference.find_first_not_of("0-. ") != std::string_view::npos && !IsIban(reference);
 }
 
 /// Whether the text has the part as words of its own.
