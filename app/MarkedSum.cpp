@@ -1,15 +1,11 @@
 #include "app/MarkedSum.h"
 
+#include "app/StatementWords.h"
 #include "app/frmController.h"
 #include "base/RuntimeError.h"
 
 namespace clb {
 namespace {
-
-std::string Counted(std::size_t rows)
-{
-    return std::to_string(rows) + (rows == 1 ? " row" : " rows");
-}
 
 /// The sum of a column's cells in the marked rows.
 Money SumOf(CVGrid& grid, std::int32_t column)
@@ -36,7 +32,7 @@ void MarkedSum::Follow()
     const std::size_t marked = grid.Marks().Count();
     if (marked == 0)
         return window_.notices.Inform("marks", "");
-    std::string text = Counted(marked);
+    std::string text = statement_words::Counted(marked, "row");
     const ViewDefinition& view = window_.View().Definition();
     const std::int32_t column = view.secondTotal != 0 ? view.secondTotal : view.firstTotal;
     try {

@@ -3,17 +3,13 @@
 #include <utility>
 
 #include "app/HistoryCommands.h"
+#include "app/StatementWords.h"
 #include "app/frmController.h"
 
 namespace clb {
 namespace {
 
 constexpr const char* kNotice = "result";
-
-std::string Counted(std::int64_t number, const std::string& one)
-{
-    return std::to_string(number) + " " + one + (number == 1 ? "" : "s");
-}
 
 }  // namespace
 
@@ -94,9 +90,10 @@ std::string StepResult::Sentence(const HistoryOutcome& outcome, bool undone) con
     const Step& first = outcome.steps.front();
     const std::string what =
         outcome.steps.size() > 1
-            ? Counted(static_cast<std::int64_t>(outcome.steps.size()), "step")
+            ? statement_words::Counted(outcome.steps.size(), "step")
             : first.what + (window_.Steps().IsOfAnother(first) ? " of another program" : "");
-    return (undone ? "Undone: " : "Redone: ") + what + " (" + Counted(rows, "row") + ")";
+    return (undone ? "Undone: " : "Redone: ") + what + " (" +
+           statement_words::Counted(static_cast<std::size_t>(rows), "row") + ")";
 }
 
 }  // namespace clb
