@@ -103,6 +103,11 @@ void RedoSteps(frmController& window, std::int64_t steps)
     TakeNamedSteps(window, steps, false);
 }
 
+void TakeBackSteps(frmController& window, std::int64_t steps)
+{
+    TakeSteps(window, steps, true);
+}
+
 void ShowHistory(frmController& window)
 {
     if (!window.Grid.MayLoseFocus())

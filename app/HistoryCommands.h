@@ -13,6 +13,8 @@ class frmController;
 /// EngineError.
 void UndoSteps(frmController& window, std::int64_t steps);
 void RedoSteps(frmController& window, std::int64_t steps);
+/// Undoes steps that the running command has made and does not want to keep, in the same way.
+void TakeBackSteps(frmController& window, std::int64_t steps);
 /// Shows the dialog History.
 void ShowHistory(frmController& window);
 

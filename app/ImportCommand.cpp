@@ -68,10 +68,14 @@ public:
     void Import(const std::string& path)
     {
         window_.progress.Step(0, 0, "Reading " + NameOf(path));
+        const std::int64_t before = NewestStep();
+        bool kept = false;
         try {
             StatementImport import(window_, questions_);
-            for (const ImportedStatement& statement : import.Import(path))
+            for (const ImportedStatement& statement : import.Import(path)) {
                 summary_->Add(statement);
+                kept = kept || !statement.accounts.empty();
+            }
             added_.Add(import.Added());
         } catch (const RuntimeError& error) {
             if (error.Number() != errors::FileNotFound && error.Number() != errors::PathAccess)
@@ -79,6 +83,9 @@ public:
             summary_->Add({.source = NameOf(path), .refused = error.what()});
         }
         window_.Settle();
+        // The dialogs for the first accounts of a file may have made them before it was cancelled.
+        if (!kept && NewestStep() != before)
+            TakeBackSteps(window_, 1);
     }
 
     /// Shows the account and the month of the latest new row to a person.

@@ -205,6 +205,27 @@ TEST_F(ImportCommandTest, WhatTheUserCancelsIsNotReported)
     EXPECT_TRUE(Window().window.Enabled());
 }
 
+TEST_F(ImportCommandTest, AnAccountThatWasMadeIsTakenBackIfTheNextOneIsCancelled)
+{
+    const std::int32_t nodes = Window().TreeView.Count();
+    AnswerForm([this](Form& form) {
+        FormUser(form).Set("txtDescription", "Savings");
+        FormUser(form).Press("btnOK");
+        Window().SettleDialog();
+    });
+    AnswerForm([](Form& form) { FormUser(form).Press("btnCancel"); });
+
+    Import({books_.folder.Write(
+        "two.qif",
+        "!Account\nNFirst\nTBank\n^\n!Type:Bank\nD3/14/2006\nT-1.50\nPShop\n^\n"
+        "!Account\nNSecond\nTBank\n^\n!Type:Bank\nD3/15/2006\nT-2.50\nPShop\n^\n")});
+
+    EXPECT_EQ(books_.modal.shown, 2);
+    EXPECT_EQ(books_.One("SELECT COUNT(*) FROM Account"), "2");
+    EXPECT_EQ(CountRows(), 0);
+    EXPECT_EQ(Window().TreeView.Count(), nodes);
+}
+
 TEST_F(ImportCommandTest, TheDialogForTheAccountSaysWhichFileAsks)
 {
     AnswerForm([](Form& form) {
