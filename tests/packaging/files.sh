@@ -39,6 +39,16 @@ type_of() {
     gio info -a standard::content-type "$1" | sed -n 's/.*content-type: //p'
 }
 statements=$source/tests/fixtures/statements
+# Two kinds whose contents tell them apart, whatever the name.
+printf ':20:STARTUMS\r\n:25:10020030/1234567\r\n' >"$work/march.sta"
+printf '%s\n' '<?xml version="1.0" encoding="UTF-8"?>' \
+    '<Document xmlns="urn:iso:std:iso:20022:tech:xsd:camt.053.001.08"/>' >"$work/march.camt"
+for file in march.sta=mt940 march.camt=camt; do
+    type=application/x-${file#*=}
+    same "type of ${file%=*}" "$type" "$(type_of "$work/${file%=*}")"
+    cp "$work/${file%=*}" "$work/download"
+    same "type of ${file%=*} without its name" "$type" "$(type_of "$work/download")"
+done
 for pair in bank-crlf.ofx=ofx xml.ofx=ofx utf-8-with-mark.ofx=ofx end-tags.qfx=qfx \
     old-bank.ofc=ofc old-bank-lower-case.ofc=ofc bank.QIF=qif; do
     file=${pair%=*} type=application/x-${pair#*=}

@@ -76,7 +76,7 @@ complaints=$(appstreamcli validate --no-net --no-color /usr/share/metainfo/examp
     fail "metainfo: $complaints"
 same "type of an .ofx file" application/x-ofx "$(type_of bank-crlf.ofx)"
 same "type of a .QIF file" application/x-qif "$(type_of bank.QIF)"
-for type in ofx qfx ofc qif; do
+for type in ofx qfx ofc qif mt940 camt; do
     grep -q 'ledgerbook\.desktop' <<<"$(gio mime "application/x-$type" 2>&1)" ||
         fail "application/x-$type is not opened"
 done
