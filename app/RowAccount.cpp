@@ -19,7 +19,7 @@ std::string TagOfRowAccount(frmController& window)
 bool HasRowAccount(frmController& window)
 {
     const std::size_t row = window.Grid.Row();
-    return window.View().Definition().accounts && row != 0 &&
+    return window.View().Definition().accounts != nullptr && row != 0 &&
            window.Grid.Rows().Kind(row) == GridRowKind::Data;
 }
 

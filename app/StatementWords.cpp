@@ -89,7 +89,7 @@ std::string MonthsText(Month first, Month last)
     const auto name = [](Month month) {
         return std::string(kMonthNames[static_cast<std::size_t>(month.period - 1)]);
     };
-    const std::string end = name(last) + " " + std::to_string(last.year);
+    std::string end = name(last) + " " + std::to_string(last.year);
     if (first == last)
         return end;
     return name(first) + (first.year == last.year ? "" : " " + std::to_string(first.year)) +

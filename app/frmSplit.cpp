@@ -122,7 +122,7 @@ std::string frmSplit::Shown(Money amount) const
 /// As it would be typed: Read gives the amount back.
 std::string frmSplit::Typed(Money second) const
 {
-    const bool against = habits_ && amount_.IsNegative() && second > Money();
+    const bool against = habits_ != nullptr && amount_.IsNegative() && second > Money();
     return (against ? "+" : "") + Shown(second);
 }
 
