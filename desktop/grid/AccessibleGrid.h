@@ -56,11 +56,14 @@ public:
     bool unselectColumn(int /*column*/) override { return false; }
     void modelChange(QAccessibleTableModelChangeEvent* event) override;
 
+    /// Whether the user has marked the row, which is numbered from 1.
+    [[nodiscard]] bool IsMarked(std::size_t row) const;
     [[nodiscard]] QAccessibleInterface* Header(std::size_t place) const;
     [[nodiscard]] QAccessibleInterface* RowHeader(std::size_t row) const;
 
 private:
     void Forget();
+    [[nodiscard]] QString KindText(std::size_t row) const;
 
     GridView& view_;
     GridComponent& grid_;

@@ -186,11 +186,16 @@ void MainWindow::NameTotals()
     const GridColumns& columns = controller_.Grid.Columns();
     const auto name = [&](std::int32_t column) {
         const bool shown = column >= 1 && column <= columns.Count();
-        return totals_->Caption()->text() + QStringLiteral(" ") +
+        return ToQString(controller_.lblTotal.Caption()) + QStringLiteral(" ") +
                ToQString(shown ? columns.Item(column).caption : std::string());
     };
-    totals_->First()->setAccessibleName(name(view.firstTotal));
-    totals_->Second()->setAccessibleName(name(view.secondTotal));
+    const clsView& shown = controller_.View();
+    const QString subject = QStringLiteral("%1 %2 %3 %4")
+                                .arg(view.view)
+                                .arg(shown.Year())
+                                .arg(shown.Period())
+                                .arg(ToQString(shown.AccountID()));
+    totals_->Describe(subject, name(view.firstTotal), name(view.secondTotal));
 }
 
 int MainWindow::GridZoomPercent() const
