@@ -59,8 +59,10 @@ void GridAnnouncer::MarksChanged()
 
 void GridAnnouncer::HintShown()
 {
+    if (!view_.hasFocus())
+        return hint_.clear();
     const QString words = view_.Empty().isVisible() ? view_.Empty().Words() : QString();
-    if (words == hint_ || !view_.hasFocus())
+    if (words == hint_)
         return;
     hint_ = words;
     Announce(view_, words);
@@ -68,9 +70,16 @@ void GridAnnouncer::HintShown()
 
 void GridAnnouncer::FocusCame()
 {
-    FocusMoved();
-    hint_.clear();
-    HintShown();
+    if (!QAccessible::isActive())
+        return;
+    // The toolkit reports the grid itself afterwards, and the last report counts.
+    QMetaObject::invokeMethod(
+        &view_,
+        [this] {
+            FocusMoved();
+            HintShown();
+        },
+        Qt::QueuedConnection);
 }
 
 void GridAnnouncer::ValueChanged(std::int32_t column)

@@ -17,7 +17,7 @@ namespace clb {
 
 namespace {
 
-constexpr int kMostCharacters = 96;  // of a line
+constexpr int kMostCharacters = 120;  // of a line
 constexpr int kMargin = 20;
 
 QByteArray BytesOf(const QUrl& file)

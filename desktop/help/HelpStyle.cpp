@@ -53,8 +53,11 @@ QString Body(const QByteArray& page)
                                              QRegularExpression::DotMatchesEverythingOption);
     static const QRegularExpression picture(QStringLiteral("(<img\\b[^>]*>)"));
     // A picture in a paragraph of its own: the height of its line is not that of a line of text.
-    return QString::fromUtf8(page).remove(contents).replace(
-        picture, QStringLiteral("<p class=\"picture\">\\1</p>"));
+    // The toolkit would make the first column of a table as wide as its longest line.
+    return QString::fromUtf8(page)
+        .remove(contents)
+        .replace(picture, QStringLiteral("<p class=\"picture\">\\1</p>"))
+        .replace(QStringLiteral("<tr><th>"), QStringLiteral("<tr><th width=\"35%\">"));
 }
 
 }  // namespace clb::help_style

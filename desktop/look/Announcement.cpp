@@ -77,4 +77,10 @@ void Announce(QWidget& part, const QString& text)
     QAccessible::updateAccessibility(&shown);
 }
 
+void NamePart(QWidget& part, const QString& name)
+{
+    if (part.accessibleName() != name)
+        part.setAccessibleName(name);
+}
+
 }  // namespace clb

@@ -12,6 +12,7 @@
 #include "desktop/grid/GridView.h"
 #include "desktop/input/InputEvents.h"
 #include "desktop/input/UserEvents.h"
+#include "desktop/look/Announcement.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
 #include "desktop/window/MonthWheel.h"
@@ -171,8 +172,7 @@ void MainWindow::Sync()
     setWindowTitle(ToQString(controller_.window.Caption()));
     statusText_->setText(ToQString(controller_.statusBar.Panel(1)));
     const std::int32_t shown = controller_.TreeView.Selected();
-    grid_->setAccessibleName(shown == 0 ? QString()
-                                        : ToQString(controller_.TreeView.Node(shown).text));
+    NamePart(*grid_, shown == 0 ? QString() : ToQString(controller_.TreeView.Node(shown).text));
     NameTotals();
     // The commands that the hint links to may have been enabled or disabled.
     grid_->FollowHint();

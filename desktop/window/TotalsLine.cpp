@@ -76,8 +76,8 @@ void TotalsLine::Arrange()
 
 void TotalsLine::Describe(const QString& subject, const QString& first, const QString& second)
 {
-    first_->setAccessibleName(first);
-    second_->setAccessibleName(second);
+    NamePart(*first_, first);
+    NamePart(*second_, second);
     const QString amounts = Amounts();
     const bool same = subject == subject_ && amounts != read_;
     subject_ = subject;

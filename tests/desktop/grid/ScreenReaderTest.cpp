@@ -453,5 +453,21 @@ TEST_F(ScreenReaderTest, ATotalThatChangesIsReadButNotThatOfAnotherAccount)
     EXPECT_THAT(Heard(), Not(Contains(HasSubstr("Balance"))));
 }
 
+TEST_F(ScreenReaderTest, TheCurrentCellIsReportedLastWhenTheGridGetsTheFocus)
+{
+    ClickCell(2, 3);
+    Press(Qt::Key_F6, Qt::ShiftModifier);
+    ASSERT_TRUE(TreeWidget(window_).hasFocus());
+    Announced().clear();
+
+    Key(TreeWidget(window_), Qt::Key_F6);
+
+    std::string last;
+    for (const auto& [event, name] : Announced())
+        if (event == QAccessible::Focus)
+            last = name;
+    EXPECT_EQ(last, "-4.50");
+}
+
 }  // namespace
 }  // namespace clb
