@@ -87,6 +87,16 @@ void HelpContents::Follow(const QUrl& page)
     clearSelection();
 }
 
+/// Keys pass the headings.
+QModelIndex HelpContents::moveCursor(CursorAction action, Qt::KeyboardModifiers held)
+{
+    const bool up = action == MoveUp || action == MovePrevious || action == MovePageUp;
+    QModelIndex place = QTreeWidget::moveCursor(action, held);
+    while (place.isValid() && !place.flags().testFlag(Qt::ItemIsSelectable))
+        place = up ? indexAbove(place) : indexBelow(place);
+    return place.isValid() ? place : currentIndex();
+}
+
 void HelpContents::keyPressEvent(QKeyEvent* event)
 {
     // The toolkit's tree would keep the key of the window.

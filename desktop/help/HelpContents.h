@@ -20,6 +20,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers held) override;
 
 private:
     void Add(const QString& heading, const QString& page, const QString& title);

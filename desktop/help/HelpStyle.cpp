@@ -52,12 +52,14 @@ QString Body(const QByteArray& page)
     static const QRegularExpression contents(QStringLiteral("<nav\\b.*?</nav>|<link\\b[^>]*>"),
                                              QRegularExpression::DotMatchesEverythingOption);
     static const QRegularExpression picture(QStringLiteral("(<img\\b[^>]*>)"));
+    static const QRegularExpression around(QStringLiteral("(rel=\"prev\">[^<]*</a>)\\s*(?=<a\\b)"));
     // A picture in a paragraph of its own: the height of its line is not that of a line of text.
     // The toolkit would make the first column of a table as wide as its longest line.
     return QString::fromUtf8(page)
         .remove(contents)
         .replace(picture, QStringLiteral("<p class=\"picture\">\\1</p>"))
-        .replace(QStringLiteral("<tr><th>"), QStringLiteral("<tr><th width=\"35%\">"));
+        .replace(around, QStringLiteral("\\1 &nbsp; &nbsp; "))
+        .replace(QStringLiteral("<tr><th>"), QStringLiteral("<tr><th width=\"30%\">"));
 }
 
 }  // namespace clb::help_style

@@ -26,7 +26,8 @@ namespace {
 
 constexpr const char* kNav =
     "<nav><h2>Start</h2><ul><li><a href=\"index.html\">Welcome</a></li>"
-    "<li><a href=\"keys.html\" aria-current=\"page\">Keys &amp; more</a></li></ul></nav>";
+    "<li><a href=\"keys.html\" aria-current=\"page\">Keys &amp; more</a></li></ul>"
+    "<h2>More</h2><ul><li><a href=\"last.html\">Last</a></li></ul></nav>";
 
 class HelpWindowTest : public testing::Test {
 protected:
@@ -103,7 +104,7 @@ TEST_F(HelpWindowTest, ThePageIsShownWithoutItsListOfContentsWhichIsBeside)
 {
     EXPECT_EQ(Title(), "Welcome");
     EXPECT_FALSE(Text().toPlainText().contains("Keys & more"));
-    ASSERT_EQ(Contents().topLevelItemCount(), 1);
+    ASSERT_EQ(Contents().topLevelItemCount(), 2);
     EXPECT_EQ(Contents().topLevelItem(0)->text(0), "Start");
     EXPECT_EQ(Contents().topLevelItem(0)->child(1)->text(0), "Keys & more");
     EXPECT_EQ(Contents().currentItem()->text(0), "Welcome");
@@ -138,6 +139,11 @@ TEST_F(HelpWindowTest, TheListOfContentsShowsItsPagesAndCanBeHidden)
     Contents().setFocus();
     Key(Contents(), Qt::Key_Down);
     EXPECT_EQ(Title(), "Keys");
+
+    Key(Contents(), Qt::Key_Down);
+    EXPECT_EQ(Contents().currentItem()->text(0), "Last") << "the heading is passed";
+    Key(Contents(), Qt::Key_Home);
+    EXPECT_EQ(Title(), "Welcome");
 
     Key(Contents(), Qt::Key_F9);
     EXPECT_FALSE(Contents().isVisible());
