@@ -70,12 +70,19 @@ QString AccessibleCell::HeaderText(QAccessible::Text kind) const
     return kind == QAccessible::Description ? view_.Sorting().Text(Column()) : QString();
 }
 
-/// A warning that is drawn as a colour is said as a word.
+/// A warning that is drawn as a colour is said as a word. The first cell says what its row is,
+/// because a reader that reads whole rows passes over their headers.
 QString AccessibleCell::Name() const
 {
-    const QString text = CellText();
-    const QString warning = ToQString(Readable([this] { return grid_.WarningOf(row_, Column()); }));
-    return warning.isEmpty() || text.isEmpty() ? text : text + QStringLiteral(", ") + warning;
+    QStringList parts{CellText()};
+    if (!parts.first().isEmpty())
+        parts << ToQString(Readable([this] { return grid_.WarningOf(row_, Column()); }));
+    else if (place_ == 1 && grid_.Rows().Kind(row_) == GridRowKind::NewRow)
+        parts << table_.KindText(row_);
+    if (place_ == 1)
+        parts << table_.States(row_);
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
 }
 
 /// The cell's tip, the figure beside the row, and what an empty grid says.

@@ -152,14 +152,19 @@ QString AccessibleGrid::rowDescription(int row) const
     if (row < 0 || row >= rowCount())
         return {};
     const auto at = static_cast<std::size_t>(row) + 1;
-    QStringList parts{KindText(at)};
-    if (grid_.IsUnseen(at))
-        parts << QStringLiteral("new");
-    if (IsMarked(at))
-        parts << QStringLiteral("marked");
-    if (at == grid_.Row() && grid_.Dirty())
-        parts << QStringLiteral("changed");
-    return parts.join(QStringLiteral(", "));
+    return (QStringList{KindText(at)} + States(at)).join(QStringLiteral(", "));
+}
+
+QStringList AccessibleGrid::States(std::size_t row) const
+{
+    QStringList states;
+    if (grid_.IsUnseen(row))
+        states << QStringLiteral("new");
+    if (IsMarked(row))
+        states << QStringLiteral("marked");
+    if (row == grid_.Row() && grid_.Dirty())
+        states << QStringLiteral("changed");
+    return states;
 }
 
 QString AccessibleGrid::KindText(std::size_t row) const

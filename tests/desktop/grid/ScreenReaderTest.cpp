@@ -324,6 +324,8 @@ TEST_F(ScreenReaderTest, AnImportedRowIsNewUntilTheUserLeavesIt)
     imported.AddAfter(Model().Data(), 0);
     Model().Unseen().Add(imported);
     EXPECT_EQ(Line(3), "Row 3, new");
+    EXPECT_TRUE(Name(Cell(3, 1)).ends_with(", new")) << Name(Cell(3, 1));
+    EXPECT_EQ(Name(Cell(3, 3)), "-4.50");
 
     Press(Qt::Key_Down);
     Press(Qt::Key_Right);
@@ -336,11 +338,13 @@ TEST_F(ScreenReaderTest, AnImportedRowIsNewUntilTheUserLeavesIt)
 
 TEST_F(ScreenReaderTest, ANewRowThatWasTypedIntoSaysSo)
 {
+    EXPECT_EQ(Name(Cell(5, 1)), "New row");
     ClickCell(5, 2);
     QTest::keyClicks(&GridWidget(window_), "Baker");
     Key(GridWidget(window_).Editor().Line(), Qt::Key_Tab);
 
     EXPECT_EQ(Line(5), "New row, changed");
+    EXPECT_TRUE(Name(Cell(5, 1)).ends_with(", changed")) << Name(Cell(5, 1));
 }
 
 TEST_F(ScreenReaderTest, AResultIsReadAndItsButtonsAreReached)
