@@ -30,7 +30,7 @@ QSize FirstSize(const QWidget& window)
 
 }  // namespace
 
-HelpWindow::HelpWindow(HelpLook& look, OpenAddress open)
+HelpWindow::HelpWindow(HelpLook& look, const OpenAddress& open)
     : QWidget(nullptr, Qt::Window),
       look_(look),
       bar_(new QToolBar(this)),

@@ -31,7 +31,7 @@ public:
     /// Opens an address of the web, above the window that is given.
     using OpenAddress = std::function<void(QWidget& window, const QString& address)>;
     /// look is borrowed; it is kept up to date.
-    HelpWindow(HelpLook& look, OpenAddress open);
+    HelpWindow(HelpLook& look, const OpenAddress& open);
 
     /// Shows the window above the others. If it was closed, it shows this page; otherwise it stays
     /// where it is.

@@ -99,7 +99,7 @@ std::optional<Entry> EntryOf(const QString& name)
 
 bool IsSandbox(const QStringList& command)
 {
-    const QString program = command.first();
+    const QString& program = command.first();
     return QFileInfo(program).fileName() == QStringLiteral("flatpak") ||
            program.contains(QStringLiteral("/snap/"));
 }
@@ -162,9 +162,9 @@ QStringList With(QStringList command, const QUrl& page)
 
 std::optional<Browser> Browser::For(const QString& type)
 {
-    if (const auto desktops = OfDesktop(type))
+    if (auto desktops = OfDesktop(type))
         return desktops;
-    if (const auto named = OfEnvironment())
+    if (auto named = OfEnvironment())
         return named;
     return WellKnown();
 }

@@ -60,7 +60,7 @@ const char* IconOf(const std::string& caption)
 
 }  // namespace
 
-ResultBarView::ResultBarView(ResultBar& bar, std::function<void(std::size_t button)> press,
+ResultBarView::ResultBarView(ResultBar& bar, const std::function<void(std::size_t button)>& press,
                              std::function<void()> close, QWidget* parent)
     : QFrame(parent),
       bar_(bar),

@@ -19,7 +19,7 @@ namespace clb {
 class ResultBarView : public QFrame, public sigc::trackable {
 public:
     /// The model is borrowed and outlives the view. press and close are what the buttons do.
-    ResultBarView(ResultBar& bar, std::function<void(std::size_t button)> press,
+    ResultBarView(ResultBar& bar, const std::function<void(std::size_t button)>& press,
                   std::function<void()> close, QWidget* parent);
 
     /// The button of this action, from 0; null if there is no such action.
