@@ -51,7 +51,8 @@ void RowEvents::ConnectDrawing()
 {
     CVGrid& grid = window_.Grid;
     grid.JudgeFigures(
-        [this](std::size_t row, std::int32_t column) { return window_.View().Warns(row, column); });
+        [this](std::size_t row, std::int32_t column) { return window_.View().Warns(row, column); },
+        [this] { return std::string(window_.View().Definition().warning); });
     grid.FetchColumnData().connect(
         [this](std::int32_t row, std::int32_t column, const Value&, Value& value) {
             window_.View().FetchCell(row, column, value);

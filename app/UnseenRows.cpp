@@ -22,8 +22,14 @@ bool UnseenRows::IsUnseen(std::size_t row) const
 void UnseenRows::Visit()
 {
     const std::size_t row = window_.Grid.Row();
-    if (row != 0 && IsUnseen(row))
-        seen_.insert(window_.Grid.Rows().Identity(row));
+    const bool unseen = row != 0 && IsUnseen(row);
+    const std::size_t identity = unseen ? window_.Grid.Rows().Identity(row) : 0;
+    if (identity == current_)
+        return;
+    // Screen readers say that the row is new while it is the current one.
+    if (current_ != 0)
+        seen_.insert(current_);
+    current_ = identity;
 }
 
 }  // namespace clb

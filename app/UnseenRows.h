@@ -16,7 +16,8 @@ public:
     /// Borrows the window, which outlives it.
     explicit UnseenRows(frmController& window) : window_(window) {}
 
-    /// From now on the grid marks the rows, and each one until it was the current row.
+    /// From now on the grid marks the rows, and each one until it was the current row and another
+    /// one is.
     void Connect();
     void Add(const NewRows& rows) { rows_.Add(rows); }
 
@@ -27,6 +28,7 @@ private:
     frmController& window_;
     NewRows rows_;
     std::set<std::size_t> seen_;  ///< identities
+    std::size_t current_ = 0;     ///< of the current row, if it is seen for the first time
 };
 
 }  // namespace clb

@@ -118,6 +118,19 @@ bool GridContent::Warns(std::size_t row, std::int32_t column, const std::string&
     return judged.value_or(columns_.Item(column).StandsRight() && text.starts_with('-'));
 }
 
+std::string GridContent::WarningOf(std::size_t row, std::int32_t column) const
+{
+    return meaning_ && judge_ && judge_(row, column).value_or(false) ? meaning_() : std::string();
+}
+
+std::string GridContent::FigureBeside(std::size_t row, std::int32_t column) const
+{
+    if (!beside_ || beside_->column != column || rows_.Kind(row) != GridRowKind::Data)
+        return {};
+    const std::string figure = beside_->text(row);
+    return figure.empty() ? figure : beside_->caption + " after this row: " + figure;
+}
+
 std::string GridContent::FooterText(std::size_t row)
 {
     std::string text;

@@ -74,6 +74,8 @@ public:
     };
     void Beside(std::optional<SideFigures> figures) { beside_ = std::move(figures); }
     [[nodiscard]] const std::optional<SideFigures>& Beside() const { return beside_; }
+    /// The figure beside a row with its name, for the column that adds up to it; empty for others.
+    [[nodiscard]] std::string FigureBeside(std::size_t row, std::int32_t column) const;
     /// The column of dates in which today is shown; 0: none.
     void DayColumn(std::int32_t column) { dayColumn_ = column; }
     [[nodiscard]] std::int32_t DayColumn() const { return dayColumn_; }
@@ -81,9 +83,17 @@ public:
     [[nodiscard]] std::string DateText(const Value& date) const { return texts_.Shown(date, {}); }
     /// Decides whether a figure is drawn as a warning. Nothing: if it is below 0.
     using Judge = std::function<std::optional<bool>(std::size_t row, std::int32_t column)>;
-    void JudgeFigures(Judge judge) { judge_ = std::move(judge); }
+    /// `meaning` returns in a word or two what the warnings of the shown rows mean.
+    void JudgeFigures(Judge judge, std::function<std::string()> meaning = {})
+    {
+        judge_ = std::move(judge);
+        meaning_ = std::move(meaning);
+    }
     /// Whether a figure with this text is drawn as a warning. Raises no event.
     [[nodiscard]] bool Warns(std::size_t row, std::int32_t column, const std::string& text) const;
+    /// What the warning of a figure means if its sign does not say so; otherwise empty. Raises no
+    /// event.
+    [[nodiscard]] std::string WarningOf(std::size_t row, std::int32_t column) const;
     /// Decides which rows the user has not looked at yet. They are marked. Raises no event.
     using Unseen = std::function<bool(std::size_t row)>;
     void JudgeRows(Unseen unseen) { unseen_ = std::move(unseen); }
@@ -147,6 +157,7 @@ private:
     std::int32_t cellTips_ = 0;
     std::int32_t tipDelay_ = 0;
     Judge judge_;
+    std::function<std::string()> meaning_;
     Unseen unseen_;
     std::optional<SideFigures> beside_;
     std::int32_t dayColumn_ = 0;

@@ -120,6 +120,7 @@ extern constexpr ViewDefinition kBudgetView{
     .empty = &kEmpty,
     .cell = Calculate,
     .warns = Warns,
+    .warning = "overspent",
     .tip = Tip,
     .footer = Footer,
 };

@@ -106,6 +106,8 @@ struct ViewDefinition {
     void (*cell)(const DrawnRow& row, std::int32_t column, Value& value) = nullptr;
     /// Whether a cell's figure is a warning; nullptr: those below 0 are. Reads no calculated cell.
     bool (*warns)(const DrawnRow& row, std::int32_t column) = nullptr;
+    /// What such a warning means, for whoever does not see its colour.
+    const char* warning = "";
     /// Tip of the row's cells, and text of the footer of a group.
     std::string (*tip)(const DrawnRow& row) = nullptr;
     std::string (*footer)(const DrawnRow& row) = nullptr;

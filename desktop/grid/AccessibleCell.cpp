@@ -9,6 +9,21 @@
 
 namespace clb {
 
+namespace {
+
+/// A cell that cannot be read has no text.
+template <typename Read>
+auto Readable(const Read& read) -> decltype(read())
+{
+    try {
+        return read();
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+}  // namespace
+
 std::int32_t AccessibleCell::Column() const
 {
     return view_.Layout().Spans()[place_ - 1].column;
@@ -34,32 +49,64 @@ QString AccessibleCell::text(QAccessible::Text kind) const
 {
     if (!isValid())
         return {};
-    const bool name = kind == QAccessible::Name;
     if (row_ == 0)
-        return name && place_ != 0 ? ToQString(grid_.Columns().Item(Column()).caption) : QString();
+        return HeaderText(kind);
     if (place_ == 0)
-        return name ? table_.rowDescription(rowIndex()) : QString();
+        return kind == QAccessible::Name ? table_.rowDescription(rowIndex()) : QString();
     switch (kind) {
-        case QAccessible::Name:
+        case QAccessible::Name: return Name();
         case QAccessible::Value: return CellText();
-        case QAccessible::Description: return Tip();
+        case QAccessible::Description: return Description();
         default: return {};
     }
 }
 
+QString AccessibleCell::HeaderText(QAccessible::Text kind) const
+{
+    if (place_ == 0)
+        return {};
+    if (kind == QAccessible::Name)
+        return ToQString(grid_.Columns().Item(Column()).caption);
+    return kind == QAccessible::Description ? view_.Sorting().Text(Column()) : QString();
+}
+
+/// A warning that is drawn as a colour is said as a word. The first cell says what its row is,
+/// because a reader that reads whole rows passes over their headers.
+QString AccessibleCell::Name() const
+{
+    QStringList parts{CellText()};
+    if (!parts.first().isEmpty())
+        parts << ToQString(Readable([this] { return grid_.WarningOf(row_, Column()); }));
+    else if (place_ == 1 && grid_.Rows().Kind(row_) == GridRowKind::NewRow)
+        parts << table_.KindText(row_);
+    if (place_ == 1)
+        parts << table_.States(row_);
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
+}
+
+/// The cell's tip, the figure beside the row, and what an empty grid says.
+QString AccessibleCell::Description() const
+{
+    QStringList parts{Tip(),
+                      ToQString(Readable([this] { return grid_.FigureBeside(row_, Column()); }))};
+    if (row_ == grid_.Row() && view_.Empty().isVisible())
+        parts << view_.Empty().Words();
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(". "));
+}
+
 QString AccessibleCell::CellText() const
 {
-    try {
+    return ToQString(Readable([this] {
         switch (grid_.Rows().Kind(row_)) {
             case GridRowKind::GroupHeading:
-                return place_ == 1 ? ToQString(grid_.Rows().HeadingText(row_)) : QString();
+                return place_ == 1 ? grid_.Rows().HeadingText(row_) : std::string();
             case GridRowKind::GroupFooter:
-                return place_ == 1 ? ToQString(grid_.FooterText(row_)) : QString();
-            default: return ToQString(grid_.CellText(row_, Column()));
+                return place_ == 1 ? grid_.FooterText(row_) : std::string();
+            default: return grid_.CellText(row_, Column());
         }
-    } catch (const RuntimeError&) {
-        return {};
-    }
+    }));
 }
 
 QString AccessibleCell::Tip() const
@@ -67,11 +114,7 @@ QString AccessibleCell::Tip() const
     // Fetching a tip asks the data store, so only the current cell has one.
     if (row_ != grid_.Row() || Column() != grid_.Col())
         return {};
-    try {
-        return ToQString(grid_.CellTip(row_, Column()).value_or(""));
-    } catch (const RuntimeError&) {
-        return {};
-    }
+    return ToQString(Readable([this] { return grid_.CellTip(row_, Column()).value_or(""); }));
 }
 
 QRect AccessibleCell::rect() const
@@ -134,14 +177,15 @@ void* AccessibleCell::interface_cast(QAccessible::InterfaceType type)
 {
     if (type == QAccessible::TableCellInterface)
         return static_cast<QAccessibleTableCellInterface*>(this);
-    if (type == QAccessible::ActionInterface && IsCell())
+    if (type == QAccessible::ActionInterface && place_ != 0)
         return static_cast<QAccessibleActionInterface*>(this);
     return nullptr;
 }
 
 bool AccessibleCell::isSelected() const
 {
-    return IsCell() && isValid() && row_ == grid_.Row() && Column() == grid_.Col();
+    return IsCell() && isValid() &&
+           (table_.IsMarked(row_) || (row_ == grid_.Row() && Column() == grid_.Col()));
 }
 
 QList<QAccessibleInterface*> AccessibleCell::columnHeaderCells() const
@@ -156,15 +200,23 @@ QList<QAccessibleInterface*> AccessibleCell::rowHeaderCells() const
 
 QStringList AccessibleCell::actionNames() const
 {
+    if (row_ == 0)
+        return {QAccessibleActionInterface::pressAction()};
     return {QAccessibleActionInterface::setFocusAction(),
             QAccessibleActionInterface::pressAction()};
 }
 
 void AccessibleCell::doAction(const QString& name)
 {
-    if (!isValid() || !IsCell() || !view_.GoTo(row_, Column()))
+    if (!isValid() || place_ == 0)
         return;
-    if (name == QAccessibleActionInterface::pressAction())
+    const bool press = name == QAccessibleActionInterface::pressAction();
+    if (row_ == 0) {
+        if (press)
+            view_.Sorting().By(Column());
+        return;
+    }
+    if (view_.GoTo(row_, Column()) && press)
         view_.Open();
 }
 

@@ -66,6 +66,9 @@ private:
     [[nodiscard]] std::int32_t Column() const;
     [[nodiscard]] QString CellText() const;
     [[nodiscard]] QString Tip() const;
+    [[nodiscard]] QString HeaderText(QAccessible::Text kind) const;
+    [[nodiscard]] QString Name() const;
+    [[nodiscard]] QString Description() const;
     void AddFolding(QAccessible::State& state) const;
 
     const AccessibleGrid& table_;

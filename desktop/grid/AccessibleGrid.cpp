@@ -152,44 +152,75 @@ QString AccessibleGrid::rowDescription(int row) const
     if (row < 0 || row >= rowCount())
         return {};
     const auto at = static_cast<std::size_t>(row) + 1;
-    switch (grid_.Rows().Kind(at)) {
+    return (QStringList{KindText(at)} + States(at)).join(QStringLiteral(", "));
+}
+
+QStringList AccessibleGrid::States(std::size_t row) const
+{
+    QStringList states;
+    if (grid_.IsUnseen(row))
+        states << QStringLiteral("new");
+    if (IsMarked(row))
+        states << QStringLiteral("marked");
+    if (row == grid_.Row() && grid_.Dirty())
+        states << QStringLiteral("changed");
+    return states;
+}
+
+QString AccessibleGrid::KindText(std::size_t row) const
+{
+    switch (grid_.Rows().Kind(row)) {
         case GridRowKind::GroupHeading: return QStringLiteral("Group");
         case GridRowKind::GroupFooter: return QStringLiteral("Sum of the group");
         case GridRowKind::NewRow: return QStringLiteral("New row");
-        default: break;
+        default: return QStringLiteral("Row %1").arg(row);
     }
-    const bool changed = at == grid_.Row() && grid_.Dirty();
-    return QStringLiteral("Row %1%2")
-        .arg(at)
-        .arg(changed ? QStringLiteral(", changed") : QString());
+}
+
+bool AccessibleGrid::IsMarked(std::size_t row) const
+{
+    return grid_.Marks().Contains(grid_.Rows().Identity(row));
 }
 
 int AccessibleGrid::selectedCellCount() const
 {
-    return grid_.Row() == 0 ? 0 : 1;
+    return static_cast<int>(selectedCells().size());
 }
 
+/// The current cell, or the cells of all marked rows.
 QList<QAccessibleInterface*> AccessibleGrid::selectedCells() const
 {
-    if (grid_.Row() == 0)
-        return {};
-    return {child(ChildOf(view_, grid_.Row(), view_.Layout().PlaceOf(grid_.Col())))};
+    QList<QAccessibleInterface*> cells;
+    if (grid_.Marks().Count() == 0) {
+        if (grid_.Row() != 0)
+            cells << child(ChildOf(view_, grid_.Row(), view_.Layout().PlaceOf(grid_.Col())));
+        return cells;
+    }
+    for (const int row : selectedRows())
+        for (int column = 0; column < columnCount(); ++column)
+            cells << cellAt(row, column);
+    return cells;
 }
 
 int AccessibleGrid::selectedRowCount() const
 {
-    return selectedCellCount();
+    return static_cast<int>(selectedRows().size());
 }
 
 QList<int> AccessibleGrid::selectedRows() const
 {
-    const std::size_t row = grid_.Row();
-    return row == 0 ? QList<int>() : QList<int>{static_cast<int>(row) - 1};
+    QList<int> rows;
+    for (int row = 0; row < rowCount(); ++row)
+        if (isRowSelected(row))
+            rows << row;
+    return rows;
 }
 
 bool AccessibleGrid::isRowSelected(int row) const
 {
-    return static_cast<std::size_t>(row) + 1 == grid_.Row();
+    const std::size_t at = static_cast<std::size_t>(row) + 1;
+    return row >= 0 && row < rowCount() &&
+           (grid_.Marks().Count() == 0 ? at == grid_.Row() : IsMarked(at));
 }
 
 bool AccessibleGrid::selectRow(int row)

@@ -56,6 +56,12 @@ public:
     bool unselectColumn(int /*column*/) override { return false; }
     void modelChange(QAccessibleTableModelChangeEvent* event) override;
 
+    /// What a row is besides its kind: "new", "marked", "changed". Rows are numbered from 1 here.
+    [[nodiscard]] QStringList States(std::size_t row) const;
+    /// What a row is, such as "Row 3" or "New row".
+    [[nodiscard]] QString KindText(std::size_t row) const;
+    /// Whether the user has marked the row, which is numbered from 1.
+    [[nodiscard]] bool IsMarked(std::size_t row) const;
     [[nodiscard]] QAccessibleInterface* Header(std::size_t place) const;
     [[nodiscard]] QAccessibleInterface* RowHeader(std::size_t row) const;
 

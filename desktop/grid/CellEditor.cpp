@@ -173,6 +173,9 @@ void CellEditor::ShowHint()
 {
     const bool refused = grid_.Marked() && !grid_.Refusal().empty();
     const QString text = ToQString(refused ? grid_.Refusal() : grid_.Entry().Understood());
+    // Screen readers read a new description of the line that has the focus.
+    if (line_->accessibleDescription() != text)
+        line_->setAccessibleDescription(text);
     if (text.isEmpty()) {
         hint_->hide();
         return;

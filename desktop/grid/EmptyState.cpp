@@ -178,7 +178,13 @@ QPushButton* EmptyState::LinkTo(const std::string& item)
 
 QString EmptyState::Words() const
 {
-    return title_->text() + QStringLiteral(". ") + text_->text();
+    QStringList links;
+    for (const EmptyHint::Way& way : shown_.ways)
+        links << ToQString(way.caption);
+    const QString words = title_->text() + QStringLiteral(". ") + text_->text();
+    return links.isEmpty()
+               ? words
+               : words + QStringLiteral(" Links: ") + links.join(QStringLiteral(", ")) + u'.';
 }
 
 void EmptyState::Hide(QWidget& part)

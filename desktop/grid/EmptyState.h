@@ -27,7 +27,7 @@ public:
     /// Shows the hint in the middle of the room. Hides if there is no hint, or if it does not fit.
     void Follow(const std::optional<EmptyHint>& hint, const QRect& room);
 
-    /// Title and text as one text.
+    /// Title, text and the names of the links as one text.
     [[nodiscard]] QString Words() const;
 
 protected:

@@ -7,9 +7,16 @@
 #include "desktop/grid/CellEditor.h"
 #include "desktop/grid/GridView.h"
 #include "desktop/input/UserEvents.h"
+#include "desktop/look/Announcement.h"
 #include "desktop/look/TextConvert.h"
 
 namespace clb {
+
+GridAnnouncer::GridAnnouncer(GridView& view, GridComponent& grid, UserEvents& events)
+    : view_(view), grid_(grid), events_(events)
+{
+    grid_.Marks().Changed().connect(sigc::track_obj([this] { MarksChanged(); }, *this));
+}
 
 void GridAnnouncer::Drawn(std::size_t rows, std::size_t columns, bool moved)
 {
@@ -40,6 +47,39 @@ void GridAnnouncer::FocusMoved()
     QAccessibleEvent focus(&view_, QAccessible::Focus);
     focus.setChild(AccessibleGrid::ChildOf(view_, grid_.Row(), place));
     QAccessible::updateAccessibility(&focus);
+}
+
+void GridAnnouncer::MarksChanged()
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent marks(&view_, QAccessible::SelectionWithin);
+    QAccessible::updateAccessibility(&marks);
+}
+
+void GridAnnouncer::HintShown()
+{
+    if (!view_.hasFocus())
+        return hint_.clear();
+    const QString words = view_.Empty().isVisible() ? view_.Empty().Words() : QString();
+    if (words == hint_)
+        return;
+    hint_ = words;
+    Announce(view_, words);
+}
+
+void GridAnnouncer::FocusCame()
+{
+    if (!QAccessible::isActive())
+        return;
+    // The toolkit reports the grid itself afterwards, and the last report counts.
+    QMetaObject::invokeMethod(
+        &view_,
+        [this] {
+            FocusMoved();
+            HintShown();
+        },
+        Qt::QueuedConnection);
 }
 
 void GridAnnouncer::ValueChanged(std::int32_t column)

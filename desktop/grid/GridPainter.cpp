@@ -109,8 +109,23 @@ void GridPainter::DrawCell(std::size_t row, const GridLayout::Span& span)
     const bool warns = Readable([&] { return grid_.Warns(row, span.column, text); });
     DrawCellText(cell, ToQString(text), column.StandsRight(),
                  warns ? colors_.negative : colors_.text);
+    if (warns && !Readable([&] { return grid_.WarningOf(row, span.column); }).empty())
+        DrawWarning(cell);
     painter_.setPen(colors_.line);
     painter_.drawLine(cell.topRight(), cell.bottomRight());
+}
+
+/// A corner for those who do not see the colour of a warning, where the figure does not show it.
+void GridPainter::DrawWarning(const QRect& cell)
+{
+    const double side = std::min(cell.width(), cell.height()) * 0.3;
+    const QPointF corner = cell.topLeft();
+    painter_.save();
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(colors_.negative);
+    painter_.drawPolygon(QPolygonF({corner, corner + QPointF(side, 0), corner + QPointF(0, side)}));
+    painter_.restore();
 }
 
 void GridPainter::DrawBeside(std::size_t row)

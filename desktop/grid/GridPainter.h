@@ -29,6 +29,7 @@ private:
     void DrawCells(std::size_t row);
     void DrawCell(std::size_t row, const GridLayout::Span& span);
     void DrawCellText(const QRect& cell, const QString& text, bool right, const QColor& color);
+    void DrawWarning(const QRect& cell);
     void DrawBeside(std::size_t row);
     void DrawToday(std::size_t row);
     [[nodiscard]] int DaysFromToday(std::size_t row) const;

@@ -1,5 +1,6 @@
 #include "desktop/grid/GridTips.h"
 
+#include <QScopedValueRollback>
 #include <QTimerEvent>
 #include <QToolTip>
 #include <QWidget>
@@ -8,6 +9,7 @@
 #include "desktop/grid/CellTip.h"
 #include "desktop/grid/GridPainter.h"
 #include "desktop/input/UserEvents.h"
+#include "desktop/look/Announcement.h"
 #include "desktop/look/TextConvert.h"
 
 namespace clb {
@@ -47,16 +49,24 @@ void GridTips::ShowAt(const QPoint& place)
     });
 }
 
+void GridTips::ReadAt(const QPoint& place)
+{
+    const QScopedValueRollback guard(reads_, true);
+    ShowAt(place);
+}
+
 void GridTips::ShowTip(const QPoint& place, std::size_t row, std::int32_t column)
 {
     const std::string own = TipOf(row, column);
-    const std::string text = own.empty() ? FigureBeside(row, column) : own;
+    const std::string text = own.empty() ? grid_.FigureBeside(row, column) : own;
     if (text.empty())
         return;
     cell_ = layout_.CellRect(row, column);
     row_ = SpotOf(grid_.Rows(), row, column);
     cell_tip::Show(viewport_, place, cell_, text,
                    own.empty() ? cell_tip::Grey(QToolTip::palette()) : QColor());
+    if (reads_)
+        Announce(viewport_, ToQString(text));
 }
 
 void GridTips::RowsDrawn()
@@ -86,15 +96,6 @@ std::string GridTips::TipOf(std::size_t row, std::int32_t column)
     const std::string text = grid_.CellText(row, column);
     const int room = layout_.CellRect(row, column).width() - 2 * GridPainter::kPadding;
     return viewport_.fontMetrics().horizontalAdvance(ToQString(text)) > room ? text : std::string();
-}
-
-std::string GridTips::FigureBeside(std::size_t row, std::int32_t column) const
-{
-    const auto& beside = grid_.Beside();
-    if (!beside || beside->column != column)
-        return {};
-    const std::string figure = beside->text(row);
-    return figure.empty() ? figure : beside->caption + " after this row: " + figure;
 }
 
 }  // namespace clb

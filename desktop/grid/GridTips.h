@@ -32,6 +32,8 @@ public:
     void RowsDrawn();
     /// Shows the tip of the cell at the place at once. A cell that cannot be read has no tip.
     void ShowAt(const QPoint& place);
+    /// The same, because a key asks for it: screen readers read the tip.
+    void ReadAt(const QPoint& place);
 
 protected:
     void timerEvent(QTimerEvent* event) override;
@@ -39,8 +41,6 @@ protected:
 private:
     void Hide();
     std::string TipOf(std::size_t row, std::int32_t column);
-    /// The figure beside the row, with its name, if the column adds up to it.
-    [[nodiscard]] std::string FigureBeside(std::size_t row, std::int32_t column) const;
     void ShowTip(const QPoint& place, std::size_t row, std::int32_t column);
 
     GridComponent& grid_;
@@ -51,6 +51,7 @@ private:
     QPoint place_;
     QRect cell_;  // that the shown tip is about
     GridSpot row_;
+    bool reads_ = false;  // screen readers read the next tip
 };
 
 }  // namespace clb

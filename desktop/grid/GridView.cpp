@@ -13,6 +13,7 @@
 #include "desktop/grid/GridHeader.h"
 #include "desktop/grid/GridPainter.h"
 #include "desktop/input/UserEvents.h"
+#include "desktop/look/Announcement.h"
 #include "desktop/look/TextConvert.h"
 
 namespace clb {
@@ -28,7 +29,7 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
           new GridHeader(grid, layout_,
                          {[this](std::int32_t column, int width) { widths_.Set(column, width); },
                           [this](std::int32_t column) { widths_.Fit(column, *header_); },
-                          [this](std::int32_t column) { SortBy(column); }},
+                          [this](std::int32_t column) { sorting_.By(column); }},
                          this)),
       editor_(new CellEditor(grid, *this, [this](const QKeyEvent& key) { return LeaveEdit(key); })),
       empty_(new EmptyState(*this)),
@@ -38,7 +39,11 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
       tips_(grid, layout_, events, *viewport()),
       announcer_(*this, grid, events),
       zoom_(*this, *viewport()),
-      widths_(grid, layout_, events, *viewport())
+      widths_(grid, layout_, events, *viewport()),
+      sorting_(grid, events, [this](const QString& order) {
+          ShowCurrentCell();
+          Announce(*this, order);
+      })
 {
     // A click asks the model for the focus, which may refuse it.
     setFocusPolicy(Qt::TabFocus);
@@ -156,6 +161,7 @@ void GridView::FollowHint()
     QRect room = viewport()->rect();
     room.setTop(layout_.TotalHeight());
     empty_->Follow(hint_(), room);
+    announcer_.HintShown();
 }
 
 void GridView::FollowEdit()
@@ -250,7 +256,7 @@ void GridView::focusInEvent(QFocusEvent* event)
 {
     QAbstractScrollArea::focusInEvent(event);
     viewport()->update();
-    announcer_.FocusMoved();
+    announcer_.FocusCame();
 }
 
 void GridView::focusOutEvent(QFocusEvent* event)
@@ -314,16 +320,6 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event)
         editing_.Begin();
 }
 
-void GridView::SortBy(std::int32_t column)
-{
-    const GridSort now = grid_.Rows().Sort();
-    GridSort next{column, false};
-    if (now.column == column)
-        next = now.descending ? GridSort() : GridSort{column, true};
-    events_.Run([&] { grid_.SortBy(next); });
-    ShowCurrentCell();
-}
-
 void GridView::contextMenuEvent(QContextMenuEvent* event)
 {
     if (menu_)
@@ -337,8 +333,8 @@ void GridView::keyPressEvent(QKeyEvent* event)
         return;
     if (held == Qt::NoModifier && cursor_.FoldByKey(event->key()))
         return;
-    if (TipByKey(*event) || widths_.ByKey(*event, *header_) || editing_.ByKey(*event) ||
-        editing_.ByTyping(*event))
+    if (TipByKey(*event) || sorting_.ByKey(*event) || widths_.ByKey(*event, *header_) ||
+        editing_.ByKey(*event) || editing_.ByTyping(*event))
         return;
     const bool moves = held == Qt::NoModifier || held == Qt::ControlModifier;
     if (!moves || !cursor_.Navigate(event->key(), held == Qt::ControlModifier))
@@ -350,7 +346,7 @@ bool GridView::TipByKey(const QKeyEvent& event)
     const QRect cell = layout_.CellRect(grid_.Row(), grid_.Col());
     if (cell.isEmpty() || event.modifiers() != Qt::ControlModifier || event.key() != Qt::Key_F1)
         return false;
-    tips_.ShowAt(cell.center());
+    tips_.ReadAt(cell.center());
     return true;
 }
 

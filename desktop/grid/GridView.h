@@ -16,6 +16,7 @@
 #include "desktop/grid/GridEditing.h"
 #include "desktop/grid/GridLayout.h"
 #include "desktop/grid/GridMarking.h"
+#include "desktop/grid/GridSorting.h"
 #include "desktop/grid/GridTips.h"
 #include "desktop/grid/GridWidths.h"
 #include "desktop/grid/GridZoom.h"
@@ -34,10 +35,10 @@ class UserEvents;
 /// Arrows, Tab, Home, End, Page up and Page down move the current cell; with Control they move it
 /// to the ends of the grid. On a group heading, Left, Right, + and - fold or open the group; Space,
 /// Enter and a double click toggle it. Control+Shift+Left and Control+Shift+Right make the current
-/// column narrower and wider, and Control+Shift+F fits it to its contents. Control+F1 shows the
-/// current cell's tip. A double click, F2, F4 or typing edits a cell. Enter saves the row and goes
-/// to the next one, from a new row to another new row. Escape discards the cell's edit, then the
-/// row's changes.
+/// column narrower and wider, and Control+Shift+F fits it to its contents. Control+Shift+S
+/// sorts the rows by it. Control+F1 shows the current cell's tip. A double click, F2, F4 or typing
+/// edits a cell. Enter saves the row and goes to the next one, from a new row to another new row.
+/// Escape discards the cell's edit, then the row's changes.
 ///
 /// Control and Shift with a click, or Shift with Up and Down, mark rows. A click on a heading shows
 /// the rows by its column, a second one in the opposite order, a third one as before.
@@ -56,6 +57,7 @@ public:
     /// Takes the focus and makes the cell current, as a click does. Returns false if that was
     /// refused.
     bool GoTo(std::size_t row, std::int32_t column);
+    GridSorting& Sorting() { return sorting_; }
     /// Edits the current cell, or folds or opens the current group.
     void Open();
     CellEditor& Editor() { return *editor_; }
@@ -103,7 +105,6 @@ private:
     void UpdateScrollBars();
     void RedrawChanged(bool on);
     bool TipByKey(const QKeyEvent& event);
-    void SortBy(std::int32_t column);
     void FollowEdit();
     bool LeaveEdit(const QKeyEvent& event);
 
@@ -129,6 +130,7 @@ private:
     GridAnnouncer announcer_;
     GridZoom zoom_;
     GridWidths widths_;
+    GridSorting sorting_;
 };
 
 }  // namespace clb

@@ -95,6 +95,7 @@ public:
     MainWindow& Window() { return window_; }
     frmController& Controller() { return controller_; }
     FileDialogPort& FileDialogs() { return files_; }
+    ShellPort& Shell() { return shell_; }
     /// Whether the user ended the program to start it again.
     bool StartsAgain() const { return stuck_.StartsAgain(); }
     /// Closes the program because of a signal. A row that is being typed is not saved.
@@ -152,7 +153,7 @@ private:
 
     MessageBoxPort boxes_;
     FileDialogPort files_;
-    ShellPort shell_;
+    ShellPort shell_{boxes_};
     PrintJobPort printing_;
     PointerPort pointer_;
     DateFormPort dates_;
@@ -222,7 +223,7 @@ Ending RunOnce(const std::string& folder, const StartOptions& options, IClock& c
     program.Controller().notices.Set("upgrade", noBackup.value_or(""));
     DeliverHelp(folder);
     WindowMemory memory(WindowMemory::File(), program.Window(), program.Controller(),
-                        program.FileDialogs());
+                        {program.FileDialogs(), program.Shell().Look()});
     memory.Restore();
     const auto backup = BeginBackup(program, folder, options, clock);
     program.Window().OnDrop([&](const QStringList& paths) { program.Incoming().Take(paths); });

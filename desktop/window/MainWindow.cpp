@@ -12,6 +12,7 @@
 #include "desktop/grid/GridView.h"
 #include "desktop/input/InputEvents.h"
 #include "desktop/input/UserEvents.h"
+#include "desktop/look/Announcement.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
 #include "desktop/window/MonthWheel.h"
@@ -171,8 +172,7 @@ void MainWindow::Sync()
     setWindowTitle(ToQString(controller_.window.Caption()));
     statusText_->setText(ToQString(controller_.statusBar.Panel(1)));
     const std::int32_t shown = controller_.TreeView.Selected();
-    grid_->setAccessibleName(shown == 0 ? QString()
-                                        : ToQString(controller_.TreeView.Node(shown).text));
+    NamePart(*grid_, shown == 0 ? QString() : ToQString(controller_.TreeView.Node(shown).text));
     NameTotals();
     // The commands that the hint links to may have been enabled or disabled.
     grid_->FollowHint();
@@ -186,11 +186,16 @@ void MainWindow::NameTotals()
     const GridColumns& columns = controller_.Grid.Columns();
     const auto name = [&](std::int32_t column) {
         const bool shown = column >= 1 && column <= columns.Count();
-        return totals_->Caption()->text() + QStringLiteral(" ") +
+        return ToQString(controller_.lblTotal.Caption()) + QStringLiteral(" ") +
                ToQString(shown ? columns.Item(column).caption : std::string());
     };
-    totals_->First()->setAccessibleName(name(view.firstTotal));
-    totals_->Second()->setAccessibleName(name(view.secondTotal));
+    const clsView& shown = controller_.View();
+    const QString subject = QStringLiteral("%1 %2 %3 %4")
+                                .arg(view.view)
+                                .arg(shown.Year())
+                                .arg(shown.Period())
+                                .arg(ToQString(shown.AccountID()));
+    totals_->Describe(subject, name(view.firstTotal), name(view.secondTotal));
 }
 
 int MainWindow::GridZoomPercent() const

@@ -41,7 +41,7 @@ void MainWindow::BindKeys()
 void MainWindow::BindWays()
 {
     ways_ = std::make_unique<WindowWays>(
-        WindowWays::Parts{*this, controller_, events_, *focus_, *tree_, *grid_, *month_,
+        WindowWays::Parts{*this, controller_, events_, *focus_, *tree_, *grid_, *month_, *result_,
                           [this] { return GridAgrees(); }, [this] { NewRecord(); }});
 }
 

@@ -2,11 +2,11 @@
 
 #include <sigc++/adaptors/track_obj.h>
 
-#include <QAccessible>
 #include <QPainter>
 
 #include "app/Notices.h"
 #include "controls/WorkProgress.h"
+#include "desktop/look/Announcement.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
 #include "ports/IMessageBox.h"
@@ -42,10 +42,8 @@ void NoticeLabel::Follow()
         updateGeometry();
     }
     setHidden(whole.isEmpty() || progress_.Active());
-    if (!fresh || whole.isEmpty())
-        return;
-    QAccessibleEvent alert(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    if (fresh)
+        Announce(*this, whole);
 }
 
 QString NoticeLabel::Line() const

@@ -2,7 +2,6 @@
 
 #include <sigc++/adaptors/track_obj.h>
 
-#include <QAccessible>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -10,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/look/Announcement.h"
 #include "desktop/look/GridColors.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
@@ -60,7 +60,7 @@ const char* IconOf(const std::string& caption)
 
 }  // namespace
 
-ResultBarView::ResultBarView(ResultBar& bar, std::function<void(std::size_t button)> press,
+ResultBarView::ResultBarView(ResultBar& bar, const std::function<void(std::size_t button)>& press,
                              std::function<void()> close, QWidget* parent)
     : QFrame(parent),
       bar_(bar),
@@ -97,10 +97,18 @@ void ResultBarView::Follow()
     text_->setToolTip(text);
     setAccessibleName(text);
     ShowButtons();
-    if (text.isEmpty())
-        return;
-    QAccessibleEvent alert(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    Announce(*this, Words());
+}
+
+QString ResultBarView::Words() const
+{
+    QStringList captions;
+    for (const QToolButton* button : buttons_)
+        if (!button->isHidden())
+            captions << button->text();
+    if (text_->text().isEmpty() || captions.isEmpty())
+        return text_->text();
+    return text_->text() + QStringLiteral(" F6 goes to: ") + captions.join(QStringLiteral(", "));
 }
 
 void ResultBarView::ShowButtons()
@@ -113,6 +121,12 @@ void ResultBarView::ShowButtons()
         buttons_[i]->setText(ToQString(actions[i].caption));
         buttons_[i]->setIcon(icons::Command(IconOf(actions[i].caption)));
     }
+}
+
+void ResultBarView::TakeFocus()
+{
+    QToolButton* const first = Button(0);
+    (first ? first : close_)->setFocus(Qt::ShortcutFocusReason);
 }
 
 std::vector<QToolButton*> ResultBarView::Stops() const

@@ -19,12 +19,14 @@ namespace clb {
 class ResultBarView : public QFrame, public sigc::trackable {
 public:
     /// The model is borrowed and outlives the view. press and close are what the buttons do.
-    ResultBarView(ResultBar& bar, std::function<void(std::size_t button)> press,
+    ResultBarView(ResultBar& bar, const std::function<void(std::size_t button)>& press,
                   std::function<void()> close, QWidget* parent);
 
     /// The button of this action, from 0; null if there is no such action.
     [[nodiscard]] QToolButton* Button(std::size_t action) const;
     [[nodiscard]] QToolButton* Closing() const { return close_; }
+    /// Gives the focus to the first button.
+    void TakeFocus();
     /// All buttons in the order of the Tab key, shown or not.
     [[nodiscard]] std::vector<QToolButton*> Stops() const;
 
@@ -34,6 +36,8 @@ protected:
 private:
     void Follow();
     void ShowButtons();
+    /// The text, and what the buttons do.
+    [[nodiscard]] QString Words() const;
 
     ResultBar& bar_;
     QLabel* text_;

@@ -6,6 +6,7 @@
 #include <climits>
 
 #include "desktop/input/UndoKeys.h"
+#include "desktop/look/Announcement.h"
 #include "desktop/look/TextConvert.h"
 
 namespace clb {
@@ -71,6 +72,28 @@ void TotalsLine::Arrange()
         label_->fontMetrics().elidedText(caption, Qt::ElideRight, label_->width());
     label_->setText(shown);
     label_->setToolTip(shown == caption ? QString() : caption);
+}
+
+void TotalsLine::Describe(const QString& subject, const QString& first, const QString& second)
+{
+    NamePart(*first_, first);
+    NamePart(*second_, second);
+    const QString amounts = Amounts();
+    const bool same = subject == subject_ && amounts != read_;
+    subject_ = subject;
+    read_ = amounts;
+    if (same)
+        Announce(*first_, amounts);
+}
+
+/// The amounts that are shown, each with its name.
+QString TotalsLine::Amounts() const
+{
+    QStringList amounts;
+    for (const QLineEdit* box : {first_, second_})
+        if (!box->isHidden() && !box->text().isEmpty())
+            amounts << box->accessibleName() + u' ' + box->text();
+    return amounts.join(QStringLiteral(", "));
 }
 
 int TotalsLine::Show(const TextBox& box, QLineEdit& drawn, int limit)

@@ -2,6 +2,8 @@
 #pragma once
 #include <sigc++/trackable.h>
 
+#include <QString>
+
 #include "controls/Inputs.h"
 
 class QLabel;
@@ -17,6 +19,9 @@ public:
     /// The widgets become children of parent.
     TotalsLine(Label& label, TextBox& first, TextBox& second, QWidget* parent);
 
+    /// Names the amounts for screen readers. They read an amount that has changed since the last
+    /// call, if the subject, such as an account in a month, is still the same.
+    void Describe(const QString& subject, const QString& first, const QString& second);
     [[nodiscard]] QLineEdit* First() const { return first_; }
     [[nodiscard]] QLineEdit* Second() const { return second_; }
     [[nodiscard]] QLabel* Caption() const { return label_; }
@@ -25,6 +30,7 @@ private:
     void Follow(Control& control);
     void Arrange();
     /// Draws an amount; `limit` is where the next box begins. Returns where this one begins.
+    [[nodiscard]] QString Amounts() const;
     static int Show(const TextBox& box, QLineEdit& drawn, int limit);
 
     Label& labelModel_;
@@ -33,6 +39,8 @@ private:
     QLabel* label_;
     QLineEdit* first_;
     QLineEdit* second_;
+    QString subject_;
+    QString read_;  // all amounts at the last call
 };
 
 /// Puts the widget in the place of its control. A control without width or height is not shown.

@@ -29,6 +29,16 @@ QIcon PictureOf(const Tree& tree, std::int32_t node, bool selected)
                             : picture;
 }
 
+/// What a screen reader reads: the name, the type of an account, and the balance.
+QString WordsOf(const Tree& tree, std::int32_t node)
+{
+    const TreeNode& model = tree.Node(node);
+    QString words = ToQString(model.text);
+    if (node_tag::IsAccount(model.tag) && model.parent != 0)
+        words += QStringLiteral(", ") + ToQString(tree.Node(model.parent).text);
+    return model.figure.empty() ? words : words + QStringLiteral(", ") + ToQString(model.figure);
+}
+
 }  // namespace
 
 TreeBinder::TreeBinder(Tree& tree, UserEvents& events, PressNode press, QWidget* parent)
@@ -134,11 +144,13 @@ void TreeBinder::FollowSelection()
     const std::int32_t selected = tree_.Selected();
     for (std::int32_t node = 1; node <= tree_.Count(); ++node) {
         ItemOf(node)->setIcon(0, PictureOf(tree_, node, node == selected));
+        const QString words = WordsOf(tree_, node);
+        if (ItemOf(node)->data(0, Qt::AccessibleTextRole).toString() != words)
+            ItemOf(node)->setData(0, Qt::AccessibleTextRole, words);
         const QString figure = ToQString(tree_.Node(node).figure);
         if (ItemOf(node)->data(0, TreeLines::kFigure).toString() == figure)
             continue;
         ItemOf(node)->setData(0, TreeLines::kFigure, figure);
-        ItemOf(node)->setData(0, Qt::AccessibleDescriptionRole, figure);
     }
     // A key that is not yet handed to the model has already moved the selection. The model answers
     // later.

@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "app/frmController.h"
+#include "desktop/help/HelpWindow.h"
 #include "desktop/ports/FileDialogPort.h"
 #include "desktop/window/MainWindow.h"
 
@@ -67,8 +68,8 @@ QString WindowMemory::File()
 }
 
 WindowMemory::WindowMemory(QString file, MainWindow& window, frmController& controller,
-                           FileDialogPort& dialogs)
-    : file_(std::move(file)), window_(window), controller_(controller), dialogs_(dialogs)
+                           const Others& others)
+    : file_(std::move(file)), window_(window), controller_(controller), others_(others)
 {
     window_.installEventFilter(this);
     controller_.Unloading().connect(sigc::track_obj([this] { Save(); }, *this));
@@ -85,7 +86,20 @@ void WindowMemory::Restore()
     RestoreColumns(settings);
     if (const int zoom = settings.value(QStringLiteral("Grid/zoom")).toInt(); zoom > 0)
         window_.GridZoomPercent(zoom);
-    dialogs_.LastFolder(settings.value(QStringLiteral("Files/folder")).toString());
+    others_.dialogs.LastFolder(settings.value(QStringLiteral("Files/folder")).toString());
+    RestoreHelp(settings);
+}
+
+void WindowMemory::RestoreHelp(const QSettings& settings)
+{
+    const QSize size(settings.value(QStringLiteral("Help/width")).toInt(),
+                     settings.value(QStringLiteral("Help/height")).toInt());
+    if (size.width() > 0 && size.height() > 0)
+        others_.help.size = size;
+    if (const int zoom = settings.value(QStringLiteral("Help/zoom")).toInt(); zoom > 0)
+        others_.help.zoom = zoom;
+    others_.help.contents =
+        settings.value(QStringLiteral("Help/contents")) != QStringLiteral("false");
 }
 
 void WindowMemory::RestorePlace(const QSettings& settings)
@@ -155,10 +169,22 @@ void WindowMemory::Save() const
     put("Window/maximized", maximized_);
     put("Tree/width", controller_.TreeWidth());
     put("Grid/zoom", window_.GridZoomPercent());
-    put("Files/folder", dialogs_.LastFolder());
+    put("Files/folder", others_.dialogs.LastFolder());
+    SaveHelp(settings);
     for (const auto& [view, columns] : controller_.View().WidthsByHand())
         for (const auto& [column, pixels] : columns)
             settings.setValue(QStringLiteral("Columns/%1-%2").arg(view).arg(column), pixels);
+}
+
+void WindowMemory::SaveHelp(QSettings& settings) const
+{
+    const HelpLook& help = others_.help;
+    if (help.size.isValid()) {
+        settings.setValue(QStringLiteral("Help/width"), help.size.width());
+        settings.setValue(QStringLiteral("Help/height"), help.size.height());
+    }
+    settings.setValue(QStringLiteral("Help/zoom"), help.zoom);
+    settings.setValue(QStringLiteral("Help/contents"), help.contents);
 }
 
 void WindowMemory::NotePlace()

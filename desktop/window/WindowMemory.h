@@ -11,6 +11,7 @@ class QSettings;
 namespace clb {
 
 class FileDialogPort;
+struct HelpLook;
 class MainWindow;
 class frmController;
 
@@ -24,9 +25,13 @@ public:
     /// The path of the file, in the user's folder for settings.
     static QString File();
 
+    /// What else is remembered.
+    struct Others {
+        FileDialogPort& dialogs;
+        HelpLook& help;
+    };
     /// All are borrowed and outlive this; the controller is loaded.
-    WindowMemory(QString file, MainWindow& window, frmController& controller,
-                 FileDialogPort& dialogs);
+    WindowMemory(QString file, MainWindow& window, frmController& controller, const Others& others);
 
     /// Restores what was remembered, before the window is shown. Size and place are fitted to the
     /// screen. A place is not used if no screen would show the title there.
@@ -38,13 +43,15 @@ public:
 private:
     void RestorePlace(const QSettings& settings);
     void RestoreColumns(QSettings& settings);
+    void RestoreHelp(const QSettings& settings);
+    void SaveHelp(QSettings& settings) const;
     void NotePlace();
     [[nodiscard]] bool MakeFile() const;
 
     QString file_;
     MainWindow& window_;
     frmController& controller_;
-    FileDialogPort& dialogs_;
+    Others others_;
     QRect place_;  // top left of the frame and inner size, while neither maximised nor hidden
     bool maximized_ = false;
 };

@@ -14,10 +14,17 @@
 #include "desktop/input/UserEvents.h"
 #include "desktop/window/MonthPrompt.h"
 #include "desktop/window/PlaceMenus.h"
+#include "desktop/window/ResultBarView.h"
 #include "desktop/window/TreeBinder.h"
 #include "views/MenuNames.h"
 
 namespace clb {
+
+namespace {
+
+constexpr int kBar = 2;  // the part that is a bar with a result
+
+}  // namespace
 
 WindowWays::WindowWays(Parts parts) : parts_(std::move(parts))
 {
@@ -56,19 +63,33 @@ void WindowWays::GoTo(Control& control)
     parts_.focus.Sync();
 }
 
-/// F6 goes from part to part: the tree, the grid with its totals, the month with its year.
+/// F6 goes from part to part: the tree, the grid with its totals, the bar with a result if it is
+/// shown, the month with its year.
 void WindowWays::GoRound(int steps)
 {
-    const std::array<Control*, 3> parts = {&parts_.controller.TreeView, &parts_.controller.Grid,
-                                           &parts_.controller.cmbPeriod};
-    const Control* const focused = parts_.controller.window.Focus();
-    int part = 0;
-    if (focused == &parts_.controller.cmbPeriod || focused == &parts_.controller.txtYear)
-        part = 2;
-    else if (focused != &parts_.controller.TreeView)
-        part = 1;
+    const std::array<Control*, 4> parts = {&parts_.controller.TreeView, &parts_.controller.Grid,
+                                           nullptr, &parts_.controller.cmbPeriod};
     const int count = static_cast<int>(parts.size());
-    GoTo(*parts[static_cast<std::size_t>((part + steps + count) % count)]);
+    int part = (FocusedPart() + steps + count) % count;
+    if (part == kBar && !parts_.result.isHidden() && !parts_.gridAgrees())
+        return;
+    // Saving the row may have closed the bar.
+    if (part == kBar && parts_.result.isHidden())
+        part += steps;
+    if (part == kBar)
+        parts_.result.TakeFocus();
+    else
+        GoTo(*parts.at(static_cast<std::size_t>(part)));
+}
+
+int WindowWays::FocusedPart() const
+{
+    const Control* const focused = parts_.controller.window.Focus();
+    if (parts_.result.isAncestorOf(parts_.window.focusWidget()))
+        return kBar;
+    if (focused == &parts_.controller.cmbPeriod || focused == &parts_.controller.txtYear)
+        return 3;
+    return focused == &parts_.controller.TreeView ? 0 : 1;
 }
 
 bool WindowWays::ByKey(const QKeyEvent& event)

@@ -13,6 +13,7 @@ class Control;
 class FocusBinder;
 class GridView;
 class ListBinder;
+class ResultBarView;
 class TreeBinder;
 class UserEvents;
 class frmController;
@@ -30,6 +31,7 @@ public:
         TreeBinder& tree;
         GridView& grid;
         ListBinder& month;
+        ResultBarView& result;
         /// Saves the row in edit. Returns false if it was refused.
         std::function<bool()> gridAgrees;
         std::function<void()> newRecord;
@@ -45,6 +47,8 @@ private:
     void BindKeys();
     void GoTo(Control& control);
     void GoRound(int steps);
+    /// The number of the part that has the focus.
+    [[nodiscard]] int FocusedPart() const;
     bool OpenAccount();
     void AskMonth();
     void ShowRowMenu(const QPoint& place);

@@ -58,7 +58,7 @@ const std::map<std::string, std::set<std::string>> kLadder = {
 const std::map<std::string, std::vector<std::string>> kWings = {
     {"statements", {"form", "source", "ofx", "qif", "csv", "messages", "kinds"}},
     {"engine", {"storage", "sql", "rows"}},
-    {"desktop", {"look", "input", "grid", "forms", "ports", "window", "start"}},
+    {"desktop", {"look", "input", "grid", "forms", "help", "ports", "window", "start"}},
 };
 
 bool IsSource(const fs::path& path)

@@ -2,6 +2,7 @@
 #include <QToolTip>
 
 #include "data/ViewColumns.h"
+#include "desktop/look/GridColors.h"
 #include "tests/desktop/WindowFixture.h"
 
 namespace clb {
@@ -51,6 +52,22 @@ TEST_F(BudgetGridTest, OnlyWhatIsOverspentIsAWarning)
     for (const std::size_t row : {3U, 6U})
         for (const std::int32_t column : {Budget::Amount, Budget::Actual, Budget::Difference})
             EXPECT_FALSE(Warns(row, column)) << row << ' ' << column;
+}
+
+/// A corner says it to whoever does not see red from black.
+TEST_F(BudgetGridTest, AWarningIsNotOnlyAColor)
+{
+    const QImage picture = GridWidget(window_).viewport()->grab().toImage();
+    const auto corner = [&](std::size_t row, std::int32_t column) {
+        const QPoint place =
+            GridWidget(window_).Layout().CellRect(row, column).topLeft() + QPoint(2, 2);
+        return picture.pixelColor((QPointF(place) * picture.devicePixelRatio()).toPoint());
+    };
+
+    EXPECT_EQ(corner(2, Budget::Difference), GridColors(GridWidget(window_).palette()).negative);
+    EXPECT_NE(corner(2, Budget::Difference), corner(3, Budget::Difference));
+    EXPECT_EQ(Grid().WarningOf(2, Budget::Difference), "overspent");
+    EXPECT_EQ(Grid().WarningOf(3, Budget::Difference), "");
 }
 
 TEST_F(BudgetGridTest, SpendingWithinTheBudgetIsNoWarning)

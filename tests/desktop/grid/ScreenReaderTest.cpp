@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QLineEdit>
 
+#include "app/NewRows.h"
 #include "desktop/grid/CellEditor.h"
 #include "tests/desktop/ScreenReaderSwitch.h"
 #include "tests/desktop/WindowFixture.h"
@@ -13,6 +14,8 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
 
 /// What was announced while a test ran: the kind of event and the name of the object.
 std::vector<std::pair<QAccessible::Event, std::string>>& Announced()
@@ -21,10 +24,21 @@ std::vector<std::pair<QAccessible::Event, std::string>>& Announced()
     return announced;
 }
 
+/// The texts of the notifications that were shown.
+std::vector<std::string>& Notified()
+{
+    static std::vector<std::string> notified;
+    return notified;
+}
+
 void Take(QAccessibleEvent* event)
 {
-    if (QAccessibleInterface* about = event->accessibleInterface())
-        Announced().emplace_back(event->type(), ToUtf8(about->text(QAccessible::Name)));
+    QAccessibleInterface* about = event->accessibleInterface();
+    if (!about)
+        return;
+    Announced().emplace_back(event->type(), ToUtf8(about->text(QAccessible::Name)));
+    if (event->type() == QAccessible::ObjectShow && about->role() == QAccessible::Notification)
+        Notified().push_back(ToUtf8(about->text(QAccessible::Name)));
 }
 
 class ScreenReaderTest : public WindowTest {
@@ -35,6 +49,7 @@ protected:
         before_ = QAccessible::installUpdateHandler(Take);
         ClickNode("Checking");
         Announced().clear();
+        Notified().clear();
     }
     ~ScreenReaderTest() override
     {
@@ -54,6 +69,17 @@ protected:
     QAccessibleInterface* Cell(int row, int column)
     {
         return Table()->tableInterface()->cellAt(row - 1, column - 1);
+    }
+    std::string Line(int row) { return ToUtf8(Table()->tableInterface()->rowDescription(row - 1)); }
+    /// The texts that were read at once, whatever had the focus.
+    static const std::vector<std::string>& Heard() { return Notified(); }
+    static std::string Description(QAccessibleInterface* about)
+    {
+        return ToUtf8(about->text(QAccessible::Description));
+    }
+    void Press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
+    {
+        Key(GridWidget(window_), key, held);
     }
     using Event = std::pair<QAccessible::Event, std::string>;
 
@@ -252,8 +278,9 @@ TEST_F(ScreenReaderTest, TheTreesNodesHaveTheirTextsAndTheSelectedOneIsReported)
     for (int index = 0; index < tree->childCount(); ++index)
         if (tree->child(index)->role() == QAccessible::TreeItem)
             names.push_back(Name(tree->child(index)));
-    EXPECT_THAT(names, ElementsAre("Net Worth", "Budget", "Bank", "Checking", "Cash", "Purse",
-                                   "Loan", "Car"));
+    EXPECT_THAT(names,
+                ElementsAre("Net Worth, 0.00", "Budget", "Bank, 0.00", "Checking, Bank, 0.00",
+                            "Cash, 0.00", "Purse, Cash, 0.00", "Loan, 0.00", "Car, Loan, 0.00"));
 }
 
 TEST_F(ScreenReaderTest, AChangedYearIsReported)
@@ -265,6 +292,185 @@ TEST_F(ScreenReaderTest, AChangedYearIsReported)
 
     EXPECT_EQ(Of(YearWidget(window_))->valueInterface()->currentValue().toInt(), 2005);
     EXPECT_THAT(Announced(), Contains(Event(QAccessible::ValueChanged, "Year:")));
+}
+
+TEST_F(ScreenReaderTest, MarkedRowsAreSelectedAndTheirSumIsRead)
+{
+    ClickCell(1, 3);
+    Announced().clear();
+
+    Press(Qt::Key_Down, Qt::ShiftModifier);
+    Press(Qt::Key_Down, Qt::ShiftModifier);
+
+    EXPECT_THAT(Heard(), ElementsAre("2 rows, -9.00", "3 rows, -13.50"));
+    EXPECT_THAT(Announced(), Contains(Event(QAccessible::SelectionWithin, "Checking")));
+    EXPECT_TRUE(Cell(2, 1)->state().selected);
+    EXPECT_FALSE(Cell(4, 1)->state().selected);
+    EXPECT_EQ(Line(2), "Row 2, marked");
+    EXPECT_EQ(Table()->tableInterface()->selectedRows(), (QList<int>{0, 1, 2}));
+    EXPECT_TRUE(Table()->tableInterface()->isRowSelected(1));
+    EXPECT_EQ(Table()->tableInterface()->selectedCellCount(), 18);
+
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(Cell(2, 1)->state().selected);
+    EXPECT_EQ(Line(2), "Row 2");
+    EXPECT_EQ(Table()->tableInterface()->selectedRows(), (QList<int>{2}));
+}
+
+TEST_F(ScreenReaderTest, AnImportedRowIsNewUntilTheUserLeavesIt)
+{
+    ClickCell(1, 3);
+    NewRows imported;
+    imported.AddAfter(Model().Data(), 0);
+    Model().Unseen().Add(imported);
+    EXPECT_EQ(Line(3), "Row 3, new");
+    EXPECT_TRUE(Name(Cell(3, 1)).ends_with(", new")) << Name(Cell(3, 1));
+    EXPECT_EQ(Name(Cell(3, 3)), "-4.50");
+
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Right);
+    EXPECT_EQ(Line(2), "Row 2, new");
+
+    Press(Qt::Key_Down);
+    EXPECT_EQ(Line(2), "Row 2");
+    EXPECT_EQ(Line(3), "Row 3, new");
+}
+
+TEST_F(ScreenReaderTest, ANewRowThatWasTypedIntoSaysSo)
+{
+    EXPECT_EQ(Name(Cell(5, 1)), "New row");
+    ClickCell(5, 2);
+    QTest::keyClicks(&GridWidget(window_), "Baker");
+    Key(GridWidget(window_).Editor().Line(), Qt::Key_Tab);
+
+    EXPECT_EQ(Line(5), "New row, changed");
+    EXPECT_TRUE(Name(Cell(5, 1)).ends_with(", changed")) << Name(Cell(5, 1));
+}
+
+TEST_F(ScreenReaderTest, AResultIsReadAndItsButtonsAreReached)
+{
+    ClickCell(2, 6);
+    QTest::keyClicks(&GridWidget(window_), "first");
+    Key(GridWidget(window_).Editor().Line(), Qt::Key_Return);
+    const std::string before = Name(Cell(2, 6));
+    Notified().clear();
+
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_FALSE(Heard().empty());
+    EXPECT_EQ(Heard().back(), Model().result.Text() + " F6 goes to: Redo");
+
+    GridWidget(window_).setFocus();
+    Press(Qt::Key_F6);
+    EXPECT_EQ(Of(*window_.focusWidget())->role(), QAccessible::Button);
+    EXPECT_EQ(Name(Of(*window_.focusWidget())), "Redo");
+    Key(*window_.focusWidget(), Qt::Key_F6);
+    EXPECT_TRUE(MonthWidget(window_).hasFocus());
+    Key(MonthWidget(window_), Qt::Key_F6, Qt::ShiftModifier);
+    Key(*window_.focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(Name(Cell(2, 6)), before);
+}
+
+TEST_F(ScreenReaderTest, WhatAnEmptyGridSaysIsReadWhenItHasTheFocus)
+{
+    ClickNode("Purse");
+    Notified().clear();
+
+    Key(TreeWidget(window_), Qt::Key_F6);
+
+    ASSERT_EQ(Heard().size(), 1U);
+    EXPECT_EQ(Heard().front().rfind("No transactions in March 2006. ", 0), 0U);
+    EXPECT_TRUE(Heard().front().ends_with(" Links: New transaction, Import a statement."));
+    EXPECT_EQ(Description(Table()->focusChild()), Heard().front());
+
+    MenuAction("Back")->trigger();
+    QTest::qWait(1);
+    ASSERT_EQ(Heard().size(), 2U);
+    EXPECT_EQ(Heard().back().rfind("No transactions in February 2006. ", 0), 0U);
+}
+
+TEST_F(ScreenReaderTest, WhatATypedTextWillBeAndWhyItIsRefusedIsTheLinesDescription)
+{
+    ClickCell(2, 3);
+    QTest::keyClicks(&GridWidget(window_), "7+1");
+    QLineEdit& line = GridWidget(window_).Editor().Line();
+    EXPECT_EQ(Description(Of(line)), ToUtf8(GridWidget(window_).Editor().Hint().text()));
+    EXPECT_NE(Description(Of(line)).find("8.00"), std::string::npos);
+    EXPECT_THAT(Announced(), Contains(Event(QAccessible::DescriptionChanged, "Amount")));
+
+    QTest::keyClicks(&line, "much");
+    Key(line, Qt::Key_Tab);
+    EXPECT_FALSE(Grid().Refusal().empty());
+    EXPECT_EQ(Description(Of(line)), Grid().Refusal());
+}
+
+TEST_F(ScreenReaderTest, TheBalanceAfterARowDescribesItsAmount)
+{
+    // The newest row comes first.
+    EXPECT_EQ(Description(Cell(2, 3)), "Balance after this row: -13.50");
+    EXPECT_EQ(Description(Cell(2, 4)), "");
+
+    ClickCell(2, 3);
+    Press(Qt::Key_F1, Qt::ControlModifier);
+    EXPECT_THAT(Heard(), ElementsAre("Balance after this row: -13.50"));
+}
+
+TEST_F(ScreenReaderTest, TheOrderOfTheRowsIsReadAndDescribesTheHeading)
+{
+    ClickCell(2, 2);
+    QAccessibleInterface* heading = Cell(2, 2)->tableCellInterface()->columnHeaderCells().first();
+    EXPECT_EQ(Description(heading), "");
+
+    Press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    heading = Cell(2, 2)->tableCellInterface()->columnHeaderCells().first();
+    EXPECT_EQ(Description(heading), "sorted, ascending");
+    heading->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(Grid().Rows().Sort().descending, true);
+    Press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+
+    EXPECT_THAT(Heard(), ElementsAre("Description: sorted, ascending",
+                                     "Description: sorted, descending", "Usual order"));
+}
+
+TEST_F(ScreenReaderTest, WhatIsOverspentSaysSo)
+{
+    books_.Execute(
+        "INSERT INTO Budget (Category, Amount, [Year], Period, CategoryGroup) "
+        "VALUES ('(none)', -10, 2006, 3, 'Home')");
+    ClickNode("Budget");
+
+    EXPECT_EQ(Name(Cell(2, 2)), "-10.00");
+    EXPECT_EQ(Name(Cell(2, 3)), "-18.00, overspent");
+    EXPECT_EQ(Cell(2, 3)->text(QAccessible::Value), "-18.00");
+    EXPECT_EQ(Name(Cell(2, 4)), "-8.00, overspent");
+}
+
+TEST_F(ScreenReaderTest, ATotalThatChangesIsReadButNotThatOfAnotherAccount)
+{
+    ClickCell(2, 3);
+    QTest::keyClicks(&GridWidget(window_), "-7");
+    Key(GridWidget(window_).Editor().Line(), Qt::Key_Return);
+    EXPECT_THAT(Heard(), ElementsAre("Balance: Amount -20.50"));
+
+    Notified().clear();
+    ClickNode("Purse");
+    ClickNode("Checking");
+    EXPECT_THAT(Heard(), Not(Contains(HasSubstr("Balance"))));
+}
+
+TEST_F(ScreenReaderTest, TheCurrentCellIsReportedLastWhenTheGridGetsTheFocus)
+{
+    ClickCell(2, 3);
+    Press(Qt::Key_F6, Qt::ShiftModifier);
+    ASSERT_TRUE(TreeWidget(window_).hasFocus());
+    Announced().clear();
+
+    Key(TreeWidget(window_), Qt::Key_F6);
+
+    std::string last;
+    for (const auto& [event, name] : Announced())
+        if (event == QAccessible::Focus)
+            last = name;
+    EXPECT_EQ(last, "-4.50");
 }
 
 }  // namespace

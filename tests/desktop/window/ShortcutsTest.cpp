@@ -1,9 +1,11 @@
 // The manual's page of keys names the window's own keys, those that are no command's.
+#include <QAction>
 #include <QShortcut>
 #include <cctype>
 #include <regex>
 
 #include "base/Text.h"
+#include "desktop/help/HelpWindow.h"
 #include "platform/HelpFiles.h"
 #include "tests/desktop/WindowFixture.h"
 
@@ -50,9 +52,28 @@ TEST_F(WindowTest, ThePageOfAllKeysNamesTheKeysOfTheWindow)
         EXPECT_TRUE(Names(page, Written(shortcut->key()))) << Written(shortcut->key());
     }
     EXPECT_GE(keys, 11);
-    for (const char* key : {"Ctrl+Enter", "Ctrl+L", "F6", "Shift+F6"})
+    for (const char* key : {"Ctrl+Enter", "Ctrl+L", "F6", "Shift+F6", "Ctrl+Shift+S", "Alt+Up",
+                            "Ctrl+Shift+F", "Ctrl+F1", "Shift+Up", "F4"})
         EXPECT_TRUE(Names(page, key)) << key;
     EXPECT_FALSE(Names(page, "Ctrl+K"));
+}
+
+TEST(HelpKeysTest, ThePageOfAllKeysNamesTheKeysOfTheManualsWindow)
+{
+    const std::string page = PageOfKeys();
+    HelpLook look;
+    const HelpWindow window(look, [](QWidget&, const QString&) {});
+    int keys = 0;
+    for (const QAction* action : window.findChildren<QAction*>())
+        for (const QKeySequence& key : action->shortcuts()) {
+            if (key == QKeySequence(Qt::Key_Back) || key == QKeySequence(Qt::Key_Forward))
+                continue;  // named after what they do
+            ++keys;
+            EXPECT_TRUE(Names(page, Written(key))) << Written(key);
+        }
+    for (const QShortcut* shortcut : window.findChildren<QShortcut*>())
+        EXPECT_TRUE(Names(page, Written(shortcut->key()))) << Written(shortcut->key());
+    EXPECT_GE(keys, 8);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <QScreen>
 
 #include "desktop/grid/GridHeader.h"
+#include "desktop/help/HelpWindow.h"
 #include "desktop/ports/FileDialogPort.h"
 #include "desktop/window/SplitHandle.h"
 #include "desktop/window/WindowMemory.h"
@@ -19,7 +20,7 @@ struct Start {
     explicit Start(const QString& file)
         : events(books.messages),
           window(books.window, events),
-          memory(file, window, books.window, dialogs)
+          memory(file, window, books.window, {dialogs, help})
     {
         memory.Restore();
     }
@@ -37,6 +38,7 @@ struct Start {
     UserEvents events;
     MainWindow window;
     FileDialogPort dialogs;
+    HelpLook help;
     WindowMemory memory;
 };
 
@@ -62,6 +64,23 @@ protected:
 
     TempFolder folder_;
 };
+
+TEST_F(WindowMemoryTest, TheManualsWindowOpensAsItWasLeft)
+{
+    {
+        Start first(File());
+        first.Show();
+        first.help = {QSize(640, 480), 120, false};
+        first.window.close();
+    }
+
+    Start second(File());
+
+    EXPECT_EQ(second.help.size, QSize(640, 480));
+    EXPECT_EQ(second.help.zoom, 120);
+    EXPECT_FALSE(second.help.contents);
+    second.window.close();
+}
 
 TEST_F(WindowMemoryTest, FilesAreAskedForInTheFolderOfTheLastOneAtTheNextStartToo)
 {

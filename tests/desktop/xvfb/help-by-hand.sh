@@ -14,9 +14,11 @@ echo '{"do":"quit"}' | QT_QPA_PLATFORM=offscreen "$ledgerbook" --automate --home
 
 # A browser that records what it is asked to open.
 mkdir "$work/bin"
-printf '#!/bin/sh\necho "$1" >"%s"\n' "$work/opened" >"$work/bin/xdg-open"
-chmod +x "$work/bin/xdg-open"
+printf '#!/bin/sh\necho "$1" >"%s"\n' "$work/opened" >"$work/bin/recorder"
+chmod +x "$work/bin/recorder"
 PATH=$work/bin:$PATH
+mkdir "$work/empty"
+export BROWSER=recorder XDG_DATA_DIRS=$work/empty XDG_CONFIG_DIRS=$work/empty
 start
 window '^Net Worth - Corvane Ledgerbook$' >/dev/null
 xdotool key --delay 100 alt+h
