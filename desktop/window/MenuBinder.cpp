@@ -66,7 +66,7 @@ MenuBinder::MenuBinder(MenuBar& menus, QMenuBar& bar, UserEvents& events, const 
             if (command)
                 Dress(*action, *command);
             QObject::connect(action, &QAction::triggered, &bar,
-                             [&item, &events, press, onRow = command && command->onRow] {
+                             [&item, &events, press, onRow = command != nullptr && command->onRow] {
                                  const auto work = [&] { press(item); };
                                  onRow ? events.RunOnRow(work) : events.Run(work);
                              });

@@ -59,7 +59,7 @@ void TreeLines::DrawFigure(QPainter& painter, const QStyleOptionViewItem& option
     const bool selected = option.state.testFlag(QStyle::State_Selected);
     const QColor ground =
         selected ? option.palette.color(QPalette::Active, QPalette::Highlight) : colors.base;
-    const bool focused = selected && option.widget && option.widget->hasFocus();
+    const bool focused = selected && option.widget != nullptr && option.widget->hasFocus();
     const QColor color = figure.startsWith(u'-') ? colors.negative : colors.dimText;
     painter.save();
     painter.setFont(option.font);
