@@ -23,6 +23,7 @@
 #include "desktop/ports/QtModalHost.h"
 #include "desktop/ports/ShellPort.h"
 #include "desktop/start/DailyBackup.h"
+#include "desktop/start/DemoBook.h"
 #include "desktop/start/FirstPaint.h"
 #include "desktop/start/NewBookOffer.h"
 #include "desktop/start/PrintWindow.h"
@@ -199,16 +200,31 @@ struct Ending {
     bool opened = true;           ///< the data was opened and the files were taken
 };
 
-/// Begins the day's backup, if this start makes one.
+/// Begins the day's backup, if this start makes one. The demonstration has none.
 std::unique_ptr<DailyBackup> BeginBackup(Program& program, const std::string& folder,
                                          const StartOptions& options, IClock& clock)
 {
-    if (!options.untilPainted)
+    if (!options.untilPainted && !options.demo)
         return std::make_unique<DailyBackup>(
             program.Window(), folder, clock,
             [&program](const auto& failure) { program.Report(failure); });
-    AfterFirstPaint(program.Window(), [] { QCoreApplication::quit(); });
+    if (options.untilPainted)
+        AfterFirstPaint(program.Window(), [] { QCoreApplication::quit(); });
     return nullptr;
+}
+
+/// Restores the window as it was last, and remembers it. The demonstration's window comes as at a
+/// first start.
+std::unique_ptr<WindowMemory> BeginMemory(Program& program, const StartOptions& options)
+{
+    if (options.demo) {
+        program.Window().ShowAsDemo();
+        return nullptr;
+    }
+    auto memory = std::make_unique<WindowMemory>(WindowMemory::File(), program.Window(),
+                                                 program.Controller(), program.FileDialogs());
+    memory->Restore();
+    return memory;
 }
 
 /// Runs the program once and imports these files.
@@ -221,11 +237,10 @@ Ending RunOnce(const std::string& folder, const StartOptions& options, IClock& c
     program.Load();
     program.Controller().notices.Set("upgrade", noBackup.value_or(""));
     DeliverHelp(folder);
-    WindowMemory memory(WindowMemory::File(), program.Window(), program.Controller(),
-                        program.FileDialogs());
-    memory.Restore();
+    const auto memory = BeginMemory(program, options);
     const auto backup = BeginBackup(program, folder, options, clock);
     program.Window().OnDrop([&](const QStringList& paths) { program.Incoming().Take(paths); });
+    program.Window().OnDemo([&options] { OpenDemo(options.now); });
     program.Window().show();
     program.Incoming().Take(files);
     running.Serve([&](const StartRequest& request) {
@@ -259,7 +274,9 @@ Ending RunOrRestore(const std::string& folder, const StartOptions& options, IClo
 
 int Run(const StartOptions& options, IClock& clock)
 {
-    const std::string folder = OpenFolder(options.home);
+    if (options.demo)
+        PrepareDemoFolder(DemoFolder());
+    const std::string folder = options.demo ? DemoFolder() : OpenFolder(options.home);
     if (!options.picture.empty()) {
         Program program(folder, clock);
         Backups(folder).BeforeUpgrade(clock.Now());
@@ -272,6 +289,8 @@ int Run(const StartOptions& options, IClock& clock)
     RunningProgram running(folder);
     if (!running.BecomeFirst(request))
         return 0;
+    if (options.demo)
+        RenewDemoBook(folder, Date::FromDays(clock.Now().Days()));
     for (;;) {
         const Ending ending = RunOrRestore(folder, options, clock, running, request.files);
         if (ending.exitCode)

@@ -2,6 +2,8 @@
 #pragma once
 #include <sigc++/trackable.h>
 
+#include <cstdint>
+
 #include "controls/Inputs.h"
 
 class QLabel;
@@ -10,26 +12,41 @@ class QWidget;
 
 namespace clb {
 
-/// Draws the line below the grid: a label and the amounts, each in the place of its control. A box
-/// that is too narrow for its amount grows to the left, over the room of what is before it.
+class frmController;
+class GridView;
+
+/// Draws the line below the grid: a label and the amounts. An amount lies below its column as that
+/// is drawn, else in the place of its control. A box that is too narrow for its amount grows to the
+/// left, over the room of what is before it.
 class TotalsLine : public sigc::trackable {
 public:
-    /// The widgets become children of parent.
-    TotalsLine(Label& label, TextBox& first, TextBox& second, QWidget* parent);
+    /// The widgets become children of parent. The others are borrowed and outlive the line.
+    TotalsLine(frmController& controller, GridView& grid, QWidget* parent);
+
+    /// Names the amounts after their columns, for screen readers.
+    void Name();
 
     [[nodiscard]] QLineEdit* First() const { return first_; }
     [[nodiscard]] QLineEdit* Second() const { return second_; }
     [[nodiscard]] QLabel* Caption() const { return label_; }
 
 private:
+    /// The horizontal room of a box, in pixels; none if right is not after left.
+    struct Room {
+        int left = 0;
+        int right = 0;
+    };
     void Follow(Control& control);
     void Arrange();
+    [[nodiscard]] std::int32_t ColumnOf(const QLineEdit* drawn) const;
+    /// The room of a column as it is drawn.
+    [[nodiscard]] Room RoomBelow(std::int32_t column) const;
+    void NameAfter(QLineEdit& drawn);
     /// Draws an amount; `limit` is where the next box begins. Returns where this one begins.
-    static int Show(const TextBox& box, QLineEdit& drawn, int limit);
+    int Show(const TextBox& box, QLineEdit& drawn, int limit);
 
-    Label& labelModel_;
-    TextBox& firstModel_;
-    TextBox& secondModel_;
+    frmController& controller_;
+    GridView& grid_;
     QLabel* label_;
     QLineEdit* first_;
     QLineEdit* second_;
