@@ -160,6 +160,7 @@ ColumnFit::Drawn ColumnFit::In(int room, const QFontMetrics& metrics) const
     const int leastText = kLeastCharacters * metrics.averageCharWidth() + 2 * GridPainter::kPadding;
     std::vector<Column> items;
     int wanted = 0;
+    bool byHand = false;
     for (const std::int32_t column : grid_.Columns().Displayed()) {
         const GridColumn& item = grid_.Columns().Item(column);
         if (item.hidden || item.width <= 0)
@@ -171,9 +172,10 @@ ColumnFit::Drawn ColumnFit::In(int room, const QFontMetrics& metrics) const
                          std::max(heading, std::min<int>(item.width, leastText)),
                          !IsFigure(column)});
         wanted += item.width;
+        byHand = byHand || item.byHand;
     }
     // Columns that a person has made wider than the window are scrolled, not narrowed.
-    const int level = LevelFor(items, std::max(room, wanted));
+    const int level = LevelFor(items, byHand ? std::max(room, wanted) : room);
     Drawn drawn;
     for (const Column& item : items)
         drawn.columns[item.column] = Limited(item, level);

@@ -1,4 +1,6 @@
 // How the widths of the columns follow what they show.
+#include <QScrollBar>
+
 #include "data/ViewColumns.h"
 #include "tests/desktop/WindowFixture.h"
 
@@ -49,6 +51,23 @@ TEST_F(ColumnFitTest, TheColumnsDoNotMoveFromMonthToMonth)
     QTest::qWait(1);
 
     EXPECT_EQ(WidthOf(Register::Category), width);
+}
+
+/// Symptom: the budget, whose last column has no part of the width, could be scrolled by a few
+/// pixels.
+TEST_F(ColumnFitTest, NothingIsScrolledSidewaysBeforeTheUserHasSetAWidth)
+{
+    for (const char* category : {"Rent", "Fuel", "Books"})
+        books_.Execute(std::string("INSERT INTO Budget (Category, Amount, [Year], Period, "
+                                   "CategoryGroup) VALUES ('") +
+                       category + "', 500, 2006, 3, 'Getting Around')");
+    window_.InnerSize(900, 300);
+
+    for (const char* node : {"Net Worth", "Budget", "Bank", "Checking", "Car"}) {
+        ClickNode(node);
+        QTest::qWait(1);
+        EXPECT_EQ(GridWidget(window_).horizontalScrollBar()->maximum(), 0) << node;
+    }
 }
 
 TEST_F(ColumnFitTest, AWidthThatTheUserHasSetIsLeftAlone)
