@@ -15,6 +15,7 @@
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/Appearance.h"
 #include "desktop/look/Icons.h"
+#include "desktop/look/TextConvert.h"
 #include "desktop/ports/DateFormPort.h"
 #include "desktop/ports/FileDialogPort.h"
 #include "desktop/ports/MessageBoxPort.h"
@@ -213,18 +214,12 @@ std::unique_ptr<DailyBackup> BeginBackup(Program& program, const std::string& fo
     return nullptr;
 }
 
-/// Restores the window as it was last, and remembers it. The demonstration's window comes as at a
-/// first start.
-std::unique_ptr<WindowMemory> BeginMemory(Program& program, const StartOptions& options)
+/// The file that remembers the window. The demonstration's is lost with its folder, so its window
+/// comes as at a first start.
+QString MemoryFile(const StartOptions& options)
 {
-    if (options.demo) {
-        program.Window().ShowAsDemo();
-        return nullptr;
-    }
-    auto memory = std::make_unique<WindowMemory>(WindowMemory::File(), program.Window(),
-                                                 program.Controller(), program.FileDialogs());
-    memory->Restore();
-    return memory;
+    return options.demo ? ToQString(DemoFolder()) + QStringLiteral("/window.ini")
+                        : WindowMemory::File();
 }
 
 /// Runs the program once and imports these files.
@@ -237,7 +232,11 @@ Ending RunOnce(const std::string& folder, const StartOptions& options, IClock& c
     program.Load();
     program.Controller().notices.Set("upgrade", noBackup.value_or(""));
     DeliverHelp(folder);
-    const auto memory = BeginMemory(program, options);
+    WindowMemory memory(MemoryFile(options), program.Window(), program.Controller(),
+                        program.FileDialogs());
+    memory.Restore();
+    if (options.demo)
+        program.Window().ShowAsDemo();
     const auto backup = BeginBackup(program, folder, options, clock);
     program.Window().OnDrop([&](const QStringList& paths) { program.Incoming().Take(paths); });
     program.Window().OnDemo([&options] { OpenDemo(options.now); });
