@@ -121,11 +121,10 @@ void GridView::TakeLayout()
 {
     const int room = viewport()->width() - layout_.SelectorWidth();
     const ColumnFit::Drawn drawn = fit_.In(room, fontMetrics());
-    const bool moved = drawn.columns != drawnWidths_;
-    drawnWidths_ = drawn.columns;
+    const bool moved = std::exchange(drawnWidths_, drawn.columns) != drawn.columns;
     layout_.Take(grid_, drawn.columns);
     layout_.SideWidth(drawn.beside);
-    if (moved && columnsMoved_)
+    if (moved)
         columnsMoved_();
 }
 
@@ -214,8 +213,7 @@ void GridView::ShowRow(std::size_t row)
 void GridView::scrollContentsBy(int /*dx*/, int /*dy*/)
 {
     layout_.Scroll(horizontalScrollBar()->value(), verticalScrollBar()->value());
-    if (columnsMoved_)
-        columnsMoved_();
+    columnsMoved_();
     tips_.RowsDrawn();
     FitLater();
     FollowEdit();

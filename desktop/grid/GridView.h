@@ -114,7 +114,7 @@ private:
     std::function<bool()> takeFocus_;
     std::function<void(const QPoint&)> menu_;
     std::function<void()> openRow_;
-    std::function<void()> columnsMoved_;
+    std::function<void()> columnsMoved_ = [] {};
     GridLayout layout_;
     ColumnFit fit_;
     bool fitsSoon_ = false;
