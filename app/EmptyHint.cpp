@@ -1,5 +1,6 @@
 #include "app/EmptyHint.h"
 
+#include "app/Greeting.h"
 #include "app/StatementWords.h"
 #include "app/frmController.h"
 #include "base/Text.h"
@@ -16,6 +17,13 @@ EmptyHint HintFrom(const EmptyText& empty, const std::string& month)
     for (const EmptyText::Way& way : empty.ways)
         hint.ways.push_back({way.caption, way.item});
     return hint;
+}
+
+/// A driven window shows the hint of its view instead.
+bool Greets(frmController& window)
+{
+    return window.GivenPorts().showsResults && window.View().View() == vwNetWorth &&
+           IsFresh(window.Data());
 }
 
 bool IsEmpty(CVGrid& grid)
@@ -59,6 +67,8 @@ std::optional<EmptyHint> HintFor(frmController& window)
         return std::nullopt;
     if (const std::string& why = window.View().WhyEmpty(); !why.empty())
         return EmptyHint{"This view could not be read", why + " Choose it again to read it.", {}};
+    if (Greets(window))
+        return Greeting();
     if (!window.View().Definition().empty)
         return std::nullopt;
     EmptyHint hint = HintFrom(*window.View().Definition().empty,

@@ -2,13 +2,8 @@
 #include <memory>
 
 #include "cli/Commands.h"
-#include "cli/DemoHousehold.h"
 #include "cli/FolderOptions.h"
-#include "data/EmptyDatabase.h"
-#include "files/Folders.h"
-#include "files/ReadFile.h"
-#include "files/TemporaryFolder.h"
-#include "files/WholeFile.h"
+#include "data/DemoHousehold.h"
 #include "json/ValueJson.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SystemClock.h"
@@ -20,19 +15,9 @@ struct DemoOptions : FolderOptions {
     std::string folder;
 };
 
-/// The household's database. It is made elsewhere, so that a folder gets all of it or nothing.
-std::string HouseholdDatabase()
-{
-    const TemporaryFolder place;
-    MakePrivateFolder(place.Path("db"));
-    CreateFile(DatabasePath(place.Path()), EmptyDatabase());
-    MakeDemoHousehold(place.Path(), Date::FromDays(SystemClock().Now().Days()));
-    return ReadFile(DatabasePath(place.Path()));
-}
-
 void MakeDemo(const DemoOptions& options)
 {
-    DeliverFolder(options.folder, HouseholdDatabase());
+    DeliverFolder(options.folder, DemoDatabase(Date::FromDays(SystemClock().Now().Days())));
     if (options.json)
         std::cout << ToLine({{"folder", options.folder}}) << '\n';
     else

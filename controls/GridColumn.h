@@ -58,6 +58,7 @@ struct GridColumn {
     bool updatable = false;  ///< its field takes values
     bool fetchCellStyle = false;
     std::int32_t width = 100;  ///< in pixels
+    bool byHand = false;       ///< the user has set the width
     std::int32_t alignment = grid_align::kGeneral;
     std::int32_t headingAlignment = grid_align::kGeneral;
     std::optional<GridPopup> popup;

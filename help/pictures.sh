@@ -1,86 +1,32 @@
 #!/usr/bin/env bash
-# Makes the manual's pictures: uses the built program with a demonstration household, on a separate X
-# server, and saves what the window shows.
-#   help/pictures.sh LEDGERBOOK CLB [FOLDER]     the pictures go to FOLDER (default: this script's folder)
-# Needs Xvfb, xdotool and ImageMagick. The household and the pictures show the present month. After the
-# 21st it has enough transactions for good pictures.
+# Makes the pictures of the manual and of the project's first page: uses the built program with a demonstration
+# household, on a separate X server, and saves what the window shows.
+#   help/pictures.sh LEDGERBOOK CLB [FOLDER]     the pictures go to FOLDER and FOLDER/images (default: this
+#                                                script's folder and docs/images)
+# Needs Xvfb, openbox, xdotool and ImageMagick. The household and the pictures show the present month. After the
+# 21st it has enough transactions for good pictures. tests/desktop/xvfb/pictures.sh shows every view and dialog.
 set -euo pipefail
-ledgerbook=$1
-clb=$2
-folder=${3:-$(cd "$(dirname "$0")" && pwd)}
-
-width=900
-height=560
-work=$(mktemp -d)
-server=
-program=
-cleanup() {
-    [ -z "$program" ] || kill "$program" 2>/dev/null || true
-    [ -z "$server" ] || kill "$server" 2>/dev/null || true
-    rm -rf "$work"
-}
-trap cleanup EXIT
-fail() {
-    echo "pictures.sh: $*" >&2
-    exit 1
-}
-
-Xvfb -displayfd 3 -screen 0 1400x900x24 -nolisten tcp 3>"$work/display" 2>"$work/xvfb.log" &
-server=$!
-for _ in $(seq 100); do [ -s "$work/display" ] && break; sleep 0.1; done
-[ -s "$work/display" ] || fail "no X server: $(cat "$work/xvfb.log")"
-DISPLAY=:$(tr -d '[:space:]' <"$work/display")
-export DISPLAY
-unset XDG_CURRENT_DESKTOP WAYLAND_DISPLAY QT_QPA_PLATFORMTHEME
-export QT_QPA_PLATFORM=xcb QT_IM_MODULE=compose HOME=$work LC_ALL=C.UTF-8
-
-# A window gets the keyboard focus only from a window manager.
-window() {
-    local id
-    for _ in $(seq 100); do
-        id=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -n 1 || true)
-        if [ -n "$id" ]; then
-            xdotool windowfocus --sync "$id" 2>/dev/null || true
-            sleep 0.4
-            echo "$id"
-            return
-        fi
-        sleep 0.1
-    done
-    fail "no window \"$1\""
-}
-keys() { xdotool key --delay 80 "$@"; sleep 0.3; }
-type_text() { xdotool type --delay 30 -- "$1"; sleep 0.3; }
-click() { xdotool mousemove "$1" "$2" click --repeat "${3:-1}" --delay 80 1; sleep 0.4; }
-aside() { xdotool mousemove 1390 890; sleep 0.3; }
-hover() { for step in 0 1 2 3; do xdotool mousemove $(($1 + step)) "$2"; sleep 0.1; done; sleep 1.5; }
-# keep NAME [WINDOW]: saves a picture of the main window with everything over it, or of one window.
-keep() {
-    if [ $# -gt 1 ]; then
-        import -window "$2" "$work/shot.png"
-    else
-        import -window root -crop "${width}x$height+0+0" +repage "$work/shot.png"
-    fi
-    convert "$work/shot.png" -strip -dither None -colors 64 \
-        -define png:compression-level=9 "PNG8:$folder/$1.png"
-}
+here=$(cd "$(dirname "$0")" && pwd)
+folder=${3:-$here}
+images=${3:+$3/images}
+images=${images:-$here/../docs/images}
+mkdir -p "$images"
+set -- "$1" "$2"
+# shellcheck source=tests/desktop/xvfb/screen.sh
+. "$here/../tests/desktop/xvfb/screen.sh"
+# shellcheck source=tests/desktop/xvfb/camera.sh
+. "$here/../tests/desktop/xvfb/camera.sh"
 
 "$clb" demo "$work/books" >/dev/null
-LC_ALL=en_US.UTF-8 "$ledgerbook" --home "$work/books" --now "$(date +%F)T10:00:00" 2>"$work/program.log" &
-program=$!
-
-main=$(window '^Net Worth - Corvane Ledgerbook$')
-xdotool windowmove "$main" 0 0 windowsize "$main" "$width" "$height"
-aside
+open_book "$work/books"
+put 900 560
 keep net-worth
 
 # The register of the credit card, then one of its rows in edit with the list of categories open.
-click 110 241
-window '^Harbour Visa - Corvane Ledgerbook$' >/dev/null
-# A double click on a heading's right-hand line fits the column.
-click 700 75 2
-click 571 75 2
-click 315 75 2
+line 8 'Harbour Visa'
+click 500 75
+click 500 75
+click 500 75
 aside
 keep register
 click 400 134
@@ -96,8 +42,7 @@ keep split "$dialog"
 keys Escape
 
 # The budget, with the transactions of a category in a tip.
-click 110 88
-window '^Budget - Corvane Ledgerbook$' >/dev/null
+line 1 Budget
 hover 500 287
 keep budget
 aside
@@ -107,7 +52,7 @@ aside
     printf '%s\r\n' OFXHEADER:100 DATA:OFXSGML VERSION:102 '' '<OFX>' '<ACCTID>30-1188-02'
     printf '%s\r\n' '<STMTTRN><TRNTYPE>DEBIT<DTPOSTED>20060305<TRNAMT>-12.50<FITID>1<NAME>Shop</STMTTRN>'
 } >"$work/statement.ofx"
-keys alt+f i
+keys ctrl+i
 window '^Import$' >/dev/null
 type_text "$work/statement.ofx"
 xdotool key Return
@@ -129,7 +74,7 @@ sleep 0.5
 } >"$work/bare.csv"
 for table in april:tables bare:columns; do
     window '^Budget - Corvane Ledgerbook$' >/dev/null
-    keys alt+f i
+    keys ctrl+i
     window '^Import$' >/dev/null
     type_text "$work/${table%:*}.csv"
     xdotool key Return
@@ -145,3 +90,20 @@ dialog=$(window '^Options$')
 type_text 'https://bank.example/login'
 keep options "$dialog"
 keys Escape
+
+# The first page shows a register and the budget in a larger window.
+manual=$folder
+folder=$images
+put 1100 620
+keep budget
+line 8 'Harbour Visa'
+keep window
+leave
+
+# A book without anything in it.
+folder=$manual
+"$clb" new "$work/fresh" >/dev/null
+open_book "$work/fresh"
+put 900 560
+keep greeting
+leave

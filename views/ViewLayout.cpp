@@ -102,13 +102,17 @@ void ViewLayout::SetColWidths(const ViewDefinition& view)
         return;
     const std::int32_t usable =
         std::max(0, targets_.grid.Width() - grid_metrics::kSelector - grid_metrics::kScrollBar);
-    for (const ViewColumn& column : view.columns)
+    for (const ViewColumn& column : view.columns) {
+        GridColumn& shown = columns.Item(column.column);
+        shown.byHand = false;
         if (column.part > 0)
-            columns.Item(column.column).width =
-                static_cast<std::int32_t>(std::lround(column.part * usable));
+            shown.width = static_cast<std::int32_t>(std::lround(column.part * usable));
+    }
     for (const auto& [column, pixels] : handWidths_[view.view])
-        if (column >= 1 && column <= columns.Count())
+        if (column >= 1 && column <= columns.Count()) {
             columns.Item(column).width = pixels;
+            columns.Item(column).byHand = true;
+        }
     FillRest(view, usable);
     PlaceTotals(view);
     targets_.grid.LayoutChanged();

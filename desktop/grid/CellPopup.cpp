@@ -3,6 +3,7 @@
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QListWidget>
+#include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTextCharFormat>
@@ -79,6 +80,14 @@ CellPopup* CellPopup::List(QWidget* parent, const QStringList& texts, const QStr
             take(item);
     });
     return popup;
+}
+
+void CellPopup::paintEvent(QPaintEvent* /*event*/)
+{
+    // Not every style draws a frame that is seen in dark colours.
+    const GridColors colors(palette());
+    QPainter painter(this);
+    painter.fillRect(rect(), Mix(colors.text, colors.base, 0.4));
 }
 
 void CellPopup::FitRows(int rows)

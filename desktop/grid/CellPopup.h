@@ -28,6 +28,9 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     explicit CellPopup(QWidget* parent);
     void FitRows(int rows);

@@ -15,6 +15,8 @@ namespace {
 constexpr int kLeastCharacters = 7;
 /// The last column of texts stays that wide, or there are no figures beside the columns.
 constexpr int kLeastBeside = 14;
+/// A text asks for no more characters than these.
+constexpr int kMostCharacters = 34;
 /// The line at the right of a cell, and one pixel that rounding may take.
 constexpr int kEdge = 2;
 
@@ -54,7 +56,40 @@ int LevelFor(const std::vector<Column>& items, int room)
     return fits;
 }
 
+/// A column that lacks room for its texts, or has more than these need.
+struct Share {
+    std::int32_t column;
+    int pixels;
+};
+
+int Total(const std::vector<Share>& shares)
+{
+    int total = 0;
+    for (const Share& share : shares)
+        total += share.pixels;
+    return total;
+}
+
 }  // namespace
+
+void ColumnFit::Forget()
+{
+    widest_.clear();
+    widestBeside_ = 0;
+    std::string columns;
+    for (const std::int32_t column : grid_.Columns().Displayed())
+        columns += grid_.Columns().Item(column).key + '\n';
+    if (columns != columns_)
+        texts_.clear();
+    columns_ = std::move(columns);
+}
+
+void ColumnFit::ForgetAll()
+{
+    columns_.clear();
+    texts_.clear();
+    Forget();
+}
 
 bool ColumnFit::IsFigure(std::int32_t column) const
 {
@@ -72,21 +107,28 @@ bool ColumnFit::Measure(const GridLayout& layout, int height, const QFontMetrics
             continue;
         grown = MeasureBeside(row, metrics) || grown;
         // From left to right, because a calculated cell may depend on the one before it.
-        for (const GridLayout::Span& span : layout.Spans()) {
-            if (!IsFigure(span.column))
-                continue;
-            QString text;
-            try {
-                text = ToQString(grid_.CellText(row, span.column));
-            } catch (const RuntimeError&) {
-                continue;  // the painter leaves such a cell blank
-            }
-            const int width = metrics.horizontalAdvance(text) + 2 * GridPainter::kPadding + kEdge;
-            int& widest = widest_[span.column];
-            grown = grown || (width > widest && width > span.width);
-            widest = std::max(widest, width);
-        }
+        for (const GridLayout::Span& span : layout.Spans())
+            grown = MeasureCell(row, span, metrics) || grown;
     }
+    return grown;
+}
+
+bool ColumnFit::MeasureCell(std::size_t row, const GridLayout::Span& span,
+                            const QFontMetrics& metrics)
+{
+    QString text;
+    try {
+        text = ToQString(grid_.CellText(row, span.column));
+    } catch (const RuntimeError&) {
+        return false;  // the painter leaves such a cell blank
+    }
+    const bool figure = IsFigure(span.column);
+    const int inner = metrics.horizontalAdvance(text);
+    const int limited = std::min(inner, kMostCharacters * metrics.averageCharWidth());
+    const int width = (figure ? inner : limited) + 2 * GridPainter::kPadding + kEdge;
+    int& widest = (figure ? widest_ : texts_)[span.column];
+    const bool grown = width > widest && width > span.width;
+    widest = std::max(widest, width);
     return grown;
 }
 
@@ -118,20 +160,22 @@ ColumnFit::Drawn ColumnFit::In(int room, const QFontMetrics& metrics) const
     const int leastText = kLeastCharacters * metrics.averageCharWidth() + 2 * GridPainter::kPadding;
     std::vector<Column> items;
     int wanted = 0;
+    bool byHand = false;
     for (const std::int32_t column : grid_.Columns().Displayed()) {
         const GridColumn& item = grid_.Columns().Item(column);
         if (item.hidden || item.width <= 0)
             continue;
         const auto widest = widest_.find(column);
-        const int heading = heading_(column);
+        const int heading = heading_(column).least;
         const int least = std::max(widest == widest_.end() ? 0 : widest->second, heading);
         items.push_back({column, std::max<int>(item.width, least),
                          std::max(heading, std::min<int>(item.width, leastText)),
                          !IsFigure(column)});
         wanted += item.width;
+        byHand = byHand || item.byHand;
     }
     // Columns that a person has made wider than the window are scrolled, not narrowed.
-    const int level = LevelFor(items, std::max(room, wanted));
+    const int level = LevelFor(items, byHand ? std::max(room, wanted) : room);
     Drawn drawn;
     for (const Column& item : items)
         drawn.columns[item.column] = Limited(item, level);
@@ -139,12 +183,46 @@ ColumnFit::Drawn ColumnFit::In(int room, const QFontMetrics& metrics) const
     const int lacking = std::max(0, TotalAt(items, level) + beside - room);
     const auto last =
         std::find_if(items.rbegin(), items.rend(), [](const Column& item) { return item.gives; });
-    if (beside == 0 || last == items.rend() ||
-        drawn.columns[last->column] - lacking < kLeastBeside * metrics.averageCharWidth())
-        return drawn;
-    drawn.columns[last->column] -= lacking;
-    drawn.beside = beside;
+    if (beside != 0 && last != items.rend() &&
+        drawn.columns[last->column] - lacking >= kLeastBeside * metrics.averageCharWidth()) {
+        drawn.columns[last->column] -= lacking;
+        drawn.beside = beside;
+    }
+    ShareSpare(drawn.columns, leastText);
     return drawn;
+}
+
+/// The total width stays. Those that lack least come first.
+void ColumnFit::ShareSpare(GridLayout::Widths& drawn, int leastText) const
+{
+    std::vector<Share> lacking;
+    std::vector<Share> spare;
+    for (const auto& [column, width] : drawn) {
+        if (grid_.Columns().Item(column).byHand)
+            continue;
+        const auto text = texts_.find(column);
+        const int needed =
+            std::max(heading_(column).whole, text == texts_.end() ? 0 : text->second);
+        if (width < needed)
+            lacking.push_back({column, needed - width});
+        else if (!IsFigure(column) && width > std::max(needed, leastText))
+            spare.push_back({column, width - std::max(needed, leastText)});
+    }
+    const int all = Total(spare);
+    int given = 0;
+    std::sort(lacking.begin(), lacking.end(),
+              [](const Share& one, const Share& other) { return one.pixels < other.pixels; });
+    for (const Share& share : lacking) {
+        const int pixels = std::min(share.pixels, all - given);
+        drawn[share.column] += pixels;
+        given += pixels;
+    }
+    int left = given;
+    for (const Share& share : spare) {
+        const int pixels = std::min(left, (share.pixels * given + all - 1) / all);
+        drawn[share.column] -= pixels;
+        left -= pixels;
+    }
 }
 
 }  // namespace clb

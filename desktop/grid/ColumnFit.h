@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <string>
 
 #include "desktop/grid/GridLayout.h"
 
@@ -17,21 +18,26 @@ class GridComponent;
 /// A column of figures or dates is at least as wide as the widest cell that was shown since the
 /// rows were read, and every column as the longest word of its heading. The other columns give way
 /// for that, the widest first, down to a few characters. What still does not fit is scrolled to.
-/// The widths of the component stay as they are.
+/// Columns whose texts are cut then get room from those that have more than they need. A width that
+/// the user has set is left alone. The widths of the component stay as they are.
 class ColumnFit {
 public:
-    /// heading returns the least width of a column's heading in pixels. grid is borrowed.
-    ColumnFit(GridComponent& grid, std::function<int(std::int32_t column)> heading)
+    /// The widths of a column's heading in pixels.
+    struct Heading {
+        int least;  ///< in lines of one word
+        int whole;  ///< in one line
+    };
+    /// grid is borrowed.
+    ColumnFit(GridComponent& grid, std::function<Heading(std::int32_t column)> heading)
         : grid_(grid), heading_(std::move(heading))
     {
     }
 
-    /// Forgets the cells that were measured: other rows are shown.
-    void Forget()
-    {
-        widest_.clear();
-        widestBeside_ = 0;
-    }
+    /// Forgets the figures that were measured: other rows are shown. The texts are kept while the
+    /// columns are the same, so that these do not move from month to month.
+    void Forget();
+    /// Forgets everything that was measured: the font is another one.
+    void ForgetAll();
     /// Measures the cells of the rows in a part of the viewport. Returns whether a column needs
     /// more room than before.
     bool Measure(const GridLayout& layout, int height, const QFontMetrics& metrics);
@@ -48,10 +54,14 @@ private:
     [[nodiscard]] bool IsFigure(std::int32_t column) const;
     [[nodiscard]] int BesideWidth(const QFontMetrics& metrics) const;
     bool MeasureBeside(std::size_t row, const QFontMetrics& metrics);
+    bool MeasureCell(std::size_t row, const GridLayout::Span& span, const QFontMetrics& metrics);
+    void ShareSpare(GridLayout::Widths& drawn, int leastText) const;
 
     GridComponent& grid_;
-    std::function<int(std::int32_t)> heading_;
-    std::map<std::int32_t, int> widest_;
+    std::function<Heading(std::int32_t)> heading_;
+    std::map<std::int32_t, int> widest_;  // figures and dates
+    std::map<std::int32_t, int> texts_;
+    std::string columns_;  // the columns whose texts were measured
     int widestBeside_ = 0;
 };
 

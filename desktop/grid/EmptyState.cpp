@@ -2,13 +2,10 @@
 
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QBoxLayout>
 #include <QEvent>
-#include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
-#include <QPushButton>
-#include <QVBoxLayout>
 #include <algorithm>
 
 #include "desktop/look/GridColors.h"
@@ -20,70 +17,46 @@ namespace clb {
 namespace {
 
 constexpr int kGap = 8;
+constexpr int kWideGap = 14;
 constexpr int kOpenBook = 7;
 
-/// A button that looks like a link.
-class LinkButton : public QPushButton {
-public:
-    explicit LinkButton(QWidget* parent) : QPushButton(parent)
-    {
-        // A click does not move the focus away from where the user works.
-        setFocusPolicy(Qt::TabFocus);
-        setCursor(Qt::PointingHandCursor);
-    }
-    [[nodiscard]] QSize sizeHint() const override
-    {
-        return {fontMetrics().horizontalAdvance(text()) + 2 * kGap, fontMetrics().height() + kGap};
-    }
-
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override
-    {
-        const GridColors colors(palette());
-        QPainter painter(this);
-        QFont underlined = font();
-        underlined.setUnderline(true);
-        painter.setFont(underlined);
-        painter.setPen(colors.link);
-        painter.drawText(rect(), Qt::AlignCenter, text());
-        if (!hasFocus())
-            return;
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(colors.accent, 2));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
-    }
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-            click();
-        else
-            QPushButton::keyPressEvent(event);
-    }
-};
-
-int PictureSide(const QWidget& widget)
+/// The part of the window that Tab reaches before the grid.
+QWidget* StopBefore(const QWidget& grid)
 {
-    return widget.fontMetrics().height() * 5 / 2;
-}
-
-/// Fits the title and the room for the picture to the font of the hint.
-void MeasureFonts(QWidget& hint, QLabel& title)
-{
-    QFont large = hint.font();
-    large.setPointSizeF(large.pointSizeF() * 1.25);
-    large.setWeight(QFont::DemiBold);
-    title.setFont(large);
-    hint.layout()->setContentsMargins(0, PictureSide(hint) + kGap, 0, 0);
+    QWidget* stop = grid.previousInFocusChain();
+    while (stop != &grid && (stop->focusPolicy() & Qt::TabFocus) == 0)
+        stop = stop->previousInFocusChain();
+    return stop;
 }
 
 }  // namespace
+
+std::span<const EmptyState::Form> EmptyState::FormsOf(const EmptyHint& hint)
+{
+    using enum WayButton::Look;
+    static constexpr Form kHint[] = {{Link, 64}};
+    static constexpr Form kGreeting[] = {
+        {.look = Card, .characters = 120, .explains = true},
+        {.look = Line, .characters = 68, .explains = true},
+        {.look = Line, .characters = 68, .picture = false, .explains = true},
+        {.look = Card, .characters = 100},
+        {.look = Line, .characters = 52},
+        {.look = Card, .characters = 100, .picture = false, .text = false},
+        {.look = Line, .characters = 52, .picture = false, .text = false},
+        {.look = Card, .characters = 100, .picture = false, .title = false, .text = false},
+        {.look = Line, .characters = 52, .picture = false, .title = false, .text = false},
+    };
+    if (hint.greets)
+        return kGreeting;
+    return kHint;
+}
 
 EmptyState::EmptyState(QAbstractScrollArea& grid)
     : QWidget(grid.viewport()),
       grid_(grid),
       title_(new QLabel(this)),
       text_(new QLabel(this)),
-      row_(new QHBoxLayout)
+      row_(new QBoxLayout(QBoxLayout::LeftToRight))
 {
     setObjectName(QStringLiteral("EmptyState"));
     text_->setWordWrap(true);
@@ -92,14 +65,27 @@ EmptyState::EmptyState(QAbstractScrollArea& grid)
         label->setAlignment(Qt::AlignCenter);
         label->setAttribute(Qt::WA_TransparentForMouseEvents);
     }
-    auto* all = new QVBoxLayout(this);
+    auto* all = new QBoxLayout(QBoxLayout::TopToBottom, this);
     all->setSpacing(kGap);
     all->addWidget(title_);
     all->addWidget(text_);
     all->addLayout(row_);
-    MeasureFonts(*this, *title_);
+    MeasureFonts();
     TakeColors();
     hide();
+}
+
+int EmptyState::PictureSide() const
+{
+    return fontMetrics().height() * 5 / 2;
+}
+
+void EmptyState::MeasureFonts()
+{
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * (shown_.greets ? 1.5 : 1.25));
+    large.setWeight(QFont::DemiBold);
+    title_->setFont(large);
 }
 
 void EmptyState::TakeColors()
@@ -118,7 +104,7 @@ void EmptyState::changeEvent(QEvent* event)
     if (event->type() == QEvent::PaletteChange)
         TakeColors();
     if (event->type() == QEvent::FontChange && layout())
-        MeasureFonts(*this, *title_);
+        MeasureFonts();
 }
 
 void EmptyState::Follow(const std::optional<EmptyHint>& hint, const QRect& room)
@@ -127,22 +113,45 @@ void EmptyState::Follow(const std::optional<EmptyHint>& hint, const QRect& room)
         return Hide(*this);
     if (*hint != shown_)
         Take(*hint);
-    // As wide as a text reads well, or as its links need.
+    for (const Form& form : FormsOf(*hint))
+        if (Fits(form, room))
+            return show();
+    Hide(*this);
+}
+
+void EmptyState::Arrange(const Form& form)
+{
+    picture_ = form.picture;
+    title_->setVisible(form.title);
+    text_->setVisible(form.text);
+    for (const EmptyHint::Way& way : shown_.ways)
+        LinkTo(way.item)->Draw(form.look, form.explains);
+    row_->setDirection(form.look == WayButton::Look::Line ? QBoxLayout::TopToBottom
+                                                          : QBoxLayout::LeftToRight);
+    row_->setSpacing(form.look == WayButton::Look::Card ? kWideGap : kGap);
+    row_->setContentsMargins(0, form.explains ? kGap : 0, 0, 0);
+    layout()->setContentsMargins(0, form.picture ? PictureSide() + kGap : 0, 0, 0);
+}
+
+bool EmptyState::Fits(const Form& form, const QRect& room)
+{
+    Arrange(form);
     const int least = layout()->totalMinimumSize().width();
-    const int width =
-        std::min(room.width() - 2 * kGap, std::max(fontMetrics().averageCharWidth() * 64, least));
+    const int wanted = std::max(least, fontMetrics().averageCharWidth() * form.characters);
+    const int width = std::min(room.width() - 2 * kGap, wanted);
     const int height = layout()->totalHeightForWidth(width);
     if (width < least || height > room.height() - kGap)
-        return Hide(*this);
+        return false;
     // A little above the middle, where the eye looks first.
     setGeometry(room.left() + (room.width() - width) / 2,
                 room.top() + (room.height() - height) * 2 / 5, width, height);
-    show();
+    return true;
 }
 
 void EmptyState::Take(const EmptyHint& hint)
 {
     shown_ = hint;
+    MeasureFonts();
     title_->setText(ToQString(hint.title));
     text_->setText(ToQString(hint.text));
     while (QLayoutItem* item = row_->takeAt(0))
@@ -152,25 +161,29 @@ void EmptyState::Take(const EmptyHint& hint)
                 hint.ways.begin(), hint.ways.end(),
                 [&wanted = item](const EmptyHint::Way& way) { return way.item == wanted; }))
             Hide(*link);
-    row_->addStretch(1);
-    // Tab reaches the links after the grid's cells.
-    QWidget* before = &grid_;
+    // Links stand close together in the middle, large ways share the width.
+    if (!hint.greets)
+        row_->addStretch(1);
+    // Tab reaches the links after the grid's cells, and the ways to begin before them.
+    QWidget* before = hint.greets ? StopBefore(grid_) : &grid_;
     for (const EmptyHint::Way& way : hint.ways) {
-        QPushButton* link = LinkTo(way.item);
-        link->setText(ToQString(way.caption));
-        row_->addWidget(link);
+        WayButton* link = LinkTo(way.item);
+        link->Take(way);
+        row_->addWidget(link, hint.greets ? 1 : 0);
         link->show();
-        setTabOrder(before, link);
+        if (before != link)
+            setTabOrder(before, link);
         before = link;
     }
-    row_->addStretch(1);
+    if (!hint.greets)
+        row_->addStretch(1);
 }
 
-QPushButton* EmptyState::LinkTo(const std::string& item)
+WayButton* EmptyState::LinkTo(const std::string& item)
 {
-    QPushButton*& link = links_[item];
+    WayButton*& link = links_[item];
     if (!link) {
-        link = new LinkButton(this);
+        link = new WayButton(this);
         connect(link, &QPushButton::clicked, this, [this, item] { press_(item); });
     }
     return link;
@@ -198,10 +211,13 @@ void EmptyState::Hide(QWidget& part)
 
 void EmptyState::paintEvent(QPaintEvent* /*event*/)
 {
+    if (!picture_)
+        return;
     QPainter painter(this);
-    const int side = PictureSide(*this);
-    icons::TreeImage(kOpenBook).paint(&painter, QRect((width() - side) / 2, 0, side, side),
-                                      Qt::AlignCenter, QIcon::Disabled);
+    const QIcon picture = shown_.greets ? icons::Application() : icons::TreeImage(kOpenBook);
+    const int side = PictureSide();
+    picture.paint(&painter, QRect((width() - side) / 2, 0, side, side), Qt::AlignCenter,
+                  shown_.greets ? QIcon::Normal : QIcon::Disabled);
 }
 
 }  // namespace clb

@@ -4,18 +4,20 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <span>
 
 #include "app/EmptyHint.h"
+#include "desktop/grid/WayButton.h"
 
 class QAbstractScrollArea;
-class QHBoxLayout;
+class QBoxLayout;
 class QLabel;
-class QPushButton;
 
 namespace clb {
 
 /// Shows in the free room of an empty grid why there are no rows, with links to the commands that
-/// change that.
+/// change that. A greeting shows its ways as large buttons, with as many words as there is room
+/// for.
 class EmptyState : public QWidget {
 public:
     /// Runs the command of a menu item.
@@ -35,18 +37,36 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    /// One way to arrange the parts.
+    struct Form {
+        WayButton::Look look;
+        int characters;  ///< width at most, in characters
+        bool picture = true;
+        bool title = true;
+        bool text = true;
+        bool explains = false;
+    };
+    /// From the largest to the smallest.
+    static std::span<const Form> FormsOf(const EmptyHint& hint);
+
     void Take(const EmptyHint& hint);
+    void Arrange(const Form& form);
+    /// Arranges the parts and places them if they fit into the room.
+    bool Fits(const Form& form, const QRect& room);
+    void MeasureFonts();
     void TakeColors();
-    QPushButton* LinkTo(const std::string& item);
+    [[nodiscard]] int PictureSide() const;
+    WayButton* LinkTo(const std::string& item);
     void Hide(QWidget& part);
 
     QAbstractScrollArea& grid_;
     Press press_;
     EmptyHint shown_;
+    bool picture_ = true;
     QLabel* title_;
     QLabel* text_;
-    QHBoxLayout* row_;
-    std::map<std::string, QPushButton*> links_;  // by menu item
+    QBoxLayout* row_;
+    std::map<std::string, WayButton*> links_;  // by menu item
 };
 
 }  // namespace clb

@@ -1,5 +1,6 @@
 #include "desktop/grid/GridView.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -24,7 +25,11 @@ GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()
       grid_(grid),
       events_(events),
       takeFocus_(std::move(takeFocus)),
-      fit_(grid, [this](std::int32_t column) { return header_->LeastWidth(column); }),
+      fit_(
+          grid,
+          [this](std::int32_t column) {
+              return ColumnFit::Heading{header_->LeastWidth(column), header_->CaptionWidth(column)};
+          }),
       header_(
           new GridHeader(grid, layout_,
                          {[this](std::int32_t column, int width) { widths_.Set(column, width); },
@@ -121,8 +126,11 @@ void GridView::TakeLayout()
 {
     const int room = viewport()->width() - layout_.SelectorWidth();
     const ColumnFit::Drawn drawn = fit_.In(room, fontMetrics());
+    const bool moved = std::exchange(drawnWidths_, drawn.columns) != drawn.columns;
     layout_.Take(grid_, drawn.columns);
     layout_.SideWidth(drawn.beside);
+    if (moved)
+        columnsMoved_();
 }
 
 /// The cells are measured once before the next painting, however often the grid changes until then.
@@ -211,6 +219,7 @@ void GridView::ShowRow(std::size_t row)
 void GridView::scrollContentsBy(int /*dx*/, int /*dy*/)
 {
     layout_.Scroll(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    columnsMoved_();
     tips_.RowsDrawn();
     FitLater();
     FollowEdit();
@@ -269,7 +278,7 @@ void GridView::changeEvent(QEvent* event)
 {
     QAbstractScrollArea::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-        fit_.Forget();
+        fit_.ForgetAll();
         MeasureFonts();
         Sync();
         ShowCurrentCell();
@@ -352,7 +361,10 @@ bool GridView::TipByKey(const QKeyEvent& event)
 
 bool GridView::focusNextPrevChild(bool next)
 {
-    // Tab goes from cell to cell. Past the first and the last one it leaves the grid.
+    // Tab goes from cell to cell. Past the first and the last one it leaves the grid. The links of
+    // the hint ask here, too.
+    if (empty_->isAncestorOf(QApplication::focusWidget()))
+        return QAbstractScrollArea::focusNextPrevChild(next);
     if (!editing_.End() || cursor_.MoveCell(next ? 1 : -1))
         return true;
     if (next && grid_.Dirty()) {

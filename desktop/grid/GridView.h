@@ -74,6 +74,8 @@ public:
     /// How large the grid is drawn. The wheel changes it with Control, the middle button toggles
     /// it.
     GridZoom& Zoom() { return zoom_; }
+    /// Sets what is called when columns are drawn at other places.
+    void OnColumnsMoved(std::function<void()> moved) { columnsMoved_ = std::move(moved); }
     /// Scrolls until the current cell is visible.
     void ShowCurrentCell();
 
@@ -113,9 +115,11 @@ private:
     std::function<bool()> takeFocus_;
     std::function<void(const QPoint&)> menu_;
     std::function<void()> openRow_;
+    std::function<void()> columnsMoved_ = [] {};
     GridLayout layout_;
     ColumnFit fit_;
     bool fitsSoon_ = false;
+    GridLayout::Widths drawnWidths_;
     GridHeader* header_;
     CellEditor* editor_;
     EmptyState* empty_;

@@ -28,12 +28,19 @@ void Appearance::Follow()
     const QPalette now = QApplication::palette();
     const QColor base = now.color(QPalette::Base);
     const QColor text = now.color(QPalette::Text);
-    const QColor link = Readable(now.color(QPalette::Link), now.color(QPalette::Window));
-    if (link != now.color(QPalette::Link)) {
-        QPalette shown = now;
-        shown.setColor(QPalette::Link, link);
+    QPalette shown = now;
+    shown.setColor(QPalette::Link,
+                   Readable(now.color(QPalette::Link), now.color(QPalette::Window)));
+    // Not every desktop's selection is dark enough for its text.
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        shown.setColor(group, QPalette::Highlight,
+                       Readable(now.color(group, QPalette::Highlight),
+                                now.color(group, QPalette::HighlightedText)));
+    // A desktop may name dark colours and leave out that of every other row.
+    if (Contrast(text, now.color(QPalette::AlternateBase)) < 4.5)
+        shown.setColor(QPalette::AlternateBase, Mix(text, base, 0.035));
+    if (shown != now)
         QApplication::setPalette(shown);
-    }
     QPalette tips = QToolTip::palette();
     tips.setColor(QPalette::ToolTipBase, Mix(text, base, 0.08));
     tips.setColor(QPalette::ToolTipText, text);

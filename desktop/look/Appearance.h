@@ -4,8 +4,8 @@
 
 namespace clb {
 
-/// Updates the colours of tips and links when the desktop's colours change, which the toolkit does
-/// not do. Lives as long as the application.
+/// Updates the colours of tips, links and selections when the desktop's colours change, so that
+/// they are legible. Lives as long as the application.
 class Appearance : public QObject {
 public:
     Appearance();

@@ -1,9 +1,10 @@
 #include "desktop/look/IconEngine.h"
 
+#include <QApplication>
 #include <QFile>
-#include <QGuiApplication>
 #include <QPainter>
 #include <QPixmapCache>
+#include <QStyle>
 #include <QSvgRenderer>
 #include <utility>
 
@@ -23,7 +24,7 @@ constexpr double kLeastContrast = 4.5;
 
 QByteArray Recolored(QByteArray drawing, QIcon::Mode mode)
 {
-    const QPalette palette = QGuiApplication::palette();
+    const QPalette palette = QApplication::palette();
     const QColor ground = palette.color(QPalette::Active, QPalette::Window);
     const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
     const QColor onHighlight = palette.color(QPalette::Active, QPalette::HighlightedText);
@@ -39,6 +40,12 @@ QByteArray Recolored(QByteArray drawing, QIcon::Mode mode)
     for (const char* own : {kBlue, kGreen, kRed, kViolet})
         put(own, Readable(Readable(QColor(own), ground, kLeastContrast), base, kLeastContrast));
     return drawing;
+}
+
+/// Whether the style draws the current line of a menu on the highlight. Others have their own ways.
+bool HighlightsMenus()
+{
+    return QApplication::style()->name() == QLatin1String("fusion");
 }
 
 QByteArray Drawing(const QString& name, QIcon::Mode mode)
@@ -62,10 +69,12 @@ QPixmap IconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State sta
     return scaledPixmap(size, mode, state, 1);
 }
 
-QPixmap IconEngine::scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/,
+QPixmap IconEngine::scaledPixmap(const QSize& size, QIcon::Mode asked, QIcon::State /*state*/,
                                  qreal /*scale*/)
 {
-    const QPalette palette = QGuiApplication::palette();
+    const bool current = inMenu_ && asked == QIcon::Active && HighlightsMenus();
+    const QIcon::Mode mode = current ? QIcon::Selected : asked;
+    const QPalette palette = QApplication::palette();
     const QString key = QStringLiteral("ledgerbook-%1-%2x%3-%4-%5-%6-%7")
                             .arg(name_)
                             .arg(size.width())

@@ -15,7 +15,7 @@ namespace clb::icons {
 
 namespace {
 
-QIcon Load(const QString& name)
+QIcon Load(const QString& name, bool inMenu = false)
 {
     static const bool ready = [] {
         InitResources();
@@ -23,7 +23,7 @@ QIcon Load(const QString& name)
     }();
     if (!ready || !QFile::exists(QStringLiteral(":/icons/%1.svg").arg(name)))
         return {};
-    return QIcon(new IconEngine(name));
+    return QIcon(new IconEngine(name, inMenu));
 }
 
 }  // namespace
@@ -36,6 +36,11 @@ QIcon Application()
 QIcon Command(const char* name)
 {
     return Load(QLatin1String(name));
+}
+
+QIcon MenuLine(const char* name)
+{
+    return Load(QLatin1String(name), true);
 }
 
 QIcon TreeImage(std::int32_t image)

@@ -13,6 +13,8 @@ namespace icons {
 QIcon Application();
 /// A command's drawing by its name, such as "import"; empty for an unknown name.
 QIcon Command(const char* name);
+/// The same for a line of a menu.
+QIcon MenuLine(const char* name);
 /// An image of the tree's list: 6 is a closed book, 7 an open one; empty for other numbers.
 QIcon TreeImage(std::int32_t image);
 /// A type of account, such as "Credit Card"; empty for other texts.

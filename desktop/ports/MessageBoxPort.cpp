@@ -46,6 +46,13 @@ BoxAnswer AnswerOf(int button)
     }
 }
 
+/// Some desktops put pictures on the buttons of boxes, which the program's dialogs do not have.
+void RemovePictures(const QList<QAbstractButton*>& buttons)
+{
+    for (QAbstractButton* button : buttons)
+        button->setIcon(QIcon());
+}
+
 }  // namespace
 
 bool MessageBoxPort::FitsBox(const std::string& text)
@@ -63,6 +70,7 @@ std::unique_ptr<QDialog> MessageBoxPort::Build(const std::string& text, std::int
                                                    ButtonsOf(style), DialogParent());
         plain->setIconPixmap(IconOf(style, *plain));
         plain->setTextFormat(Qt::PlainText);
+        RemovePictures(plain->buttons());
         box = std::move(plain);
     } else {
         box = std::make_unique<LongMessageBox>(ToQString(text), style);
@@ -103,6 +111,7 @@ QWidget* LongMessageBox::ButtonRow(std::int32_t style)
     const QMessageBox::StandardButtons buttons = ButtonsOf(style);
     auto* row =
         new QDialogButtonBox(QDialogButtonBox::StandardButtons(static_cast<int>(buttons)), this);
+    RemovePictures(row->buttons());
     QPushButton* copy = row->addButton(QStringLiteral("&Copy"), QDialogButtonBox::ActionRole);
     copy->setAutoDefault(false);
     connect(copy, &QPushButton::clicked, this, [this] { view_->Copy(); });

@@ -15,6 +15,7 @@
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/Appearance.h"
 #include "desktop/look/Icons.h"
+#include "desktop/look/TextConvert.h"
 #include "desktop/ports/DateFormPort.h"
 #include "desktop/ports/FileDialogPort.h"
 #include "desktop/ports/MessageBoxPort.h"
@@ -23,6 +24,7 @@
 #include "desktop/ports/QtModalHost.h"
 #include "desktop/ports/ShellPort.h"
 #include "desktop/start/DailyBackup.h"
+#include "desktop/start/DemoBook.h"
 #include "desktop/start/FirstPaint.h"
 #include "desktop/start/NewBookOffer.h"
 #include "desktop/start/PrintWindow.h"
@@ -200,16 +202,25 @@ struct Ending {
     bool opened = true;           ///< the data was opened and the files were taken
 };
 
-/// Begins the day's backup, if this start makes one.
+/// Begins the day's backup, if this start makes one. The demonstration has none.
 std::unique_ptr<DailyBackup> BeginBackup(Program& program, const std::string& folder,
                                          const StartOptions& options, IClock& clock)
 {
-    if (!options.untilPainted)
+    if (!options.untilPainted && !options.demo)
         return std::make_unique<DailyBackup>(
             program.Window(), folder, clock,
             [&program](const auto& failure) { program.Report(failure); });
-    AfterFirstPaint(program.Window(), [] { QCoreApplication::quit(); });
+    if (options.untilPainted)
+        AfterFirstPaint(program.Window(), [] { QCoreApplication::quit(); });
     return nullptr;
+}
+
+/// The file that remembers the window. The demonstration's is lost with its folder, so its window
+/// comes as at a first start.
+QString MemoryFile(const StartOptions& options)
+{
+    return options.demo ? ToQString(DemoFolder()) + QStringLiteral("/window.ini")
+                        : WindowMemory::File();
 }
 
 /// Runs the program once and imports these files.
@@ -222,11 +233,14 @@ Ending RunOnce(const std::string& folder, const StartOptions& options, IClock& c
     program.Load();
     program.Controller().notices.Set("upgrade", noBackup.value_or(""));
     DeliverHelp(folder);
-    WindowMemory memory(WindowMemory::File(), program.Window(), program.Controller(),
+    WindowMemory memory(MemoryFile(options), program.Window(), program.Controller(),
                         {program.FileDialogs(), program.Shell().Look()});
     memory.Restore();
+    if (options.demo)
+        program.Window().ShowAsDemo();
     const auto backup = BeginBackup(program, folder, options, clock);
     program.Window().OnDrop([&](const QStringList& paths) { program.Incoming().Take(paths); });
+    program.Window().OnDemo([&options] { OpenDemo(options.now); });
     program.Window().show();
     program.Incoming().Take(files);
     running.Serve([&](const StartRequest& request) {
@@ -260,7 +274,9 @@ Ending RunOrRestore(const std::string& folder, const StartOptions& options, IClo
 
 int Run(const StartOptions& options, IClock& clock)
 {
-    const std::string folder = OpenFolder(options.home);
+    if (options.demo)
+        PrepareDemoFolder(DemoFolder());
+    const std::string folder = options.demo ? DemoFolder() : OpenFolder(options.home);
     if (!options.picture.empty()) {
         Program program(folder, clock);
         Backups(folder).BeforeUpgrade(clock.Now());
@@ -273,6 +289,8 @@ int Run(const StartOptions& options, IClock& clock)
     RunningProgram running(folder);
     if (!running.BecomeFirst(request))
         return 0;
+    if (options.demo)
+        RenewDemoBook(folder, Date::FromDays(clock.Now().Days()));
     for (;;) {
         const Ending ending = RunOrRestore(folder, options, clock, running, request.files);
         if (ending.exitCode)

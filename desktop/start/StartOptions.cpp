@@ -30,6 +30,9 @@ StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCod
         ->type_name("DIR");
     app.add_flag("--automate", options.automate,
                  "Driven by requests: one JSON object a line on standard input");
+    auto* demo =
+        app.add_flag("--demo", options.demo,
+                     "Show a made-up household, new at each start, instead of your own book");
     app.add_option("--now", now, "The clock stands at this local time")
         ->type_name("YYYY-MM-DDThh:mm:ss")
         ->check(CheckMoment);
@@ -47,6 +50,8 @@ StartOptions ReadStartOptions(int argc, char** argv, std::optional<int>& exitCod
     app.add_option("--pdf", options.pdf, "With --print: write a PDF file instead of asking")
         ->type_name("FILE")
         ->needs(print);
+    for (const char* other : {"--home", "--automate", "--picture", "--print"})
+        demo->excludes(app.get_option(other));
     // Only the program itself uses this option, so the help does not list it.
     app.add_option("--daily-backup", day, "Make the day's backup of the database, then exit")
         ->type_name("YYYY-MM-DD")

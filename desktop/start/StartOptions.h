@@ -17,6 +17,7 @@ struct StartOptions {
     std::string print;                ///< HTML file to print, doing nothing else; empty: none
     std::string pdf;                  ///< with print: the file to print to without asking
     std::optional<Date> dailyBackup;  ///< make this day's backup and do nothing else
+    bool demo = false;                ///< show the demonstration instead of a book
     bool automate = false;
     bool untilPainted = false;       ///< end after the window is painted, to measure a start
     std::vector<std::string> files;  ///< statements to import

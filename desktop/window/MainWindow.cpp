@@ -15,6 +15,7 @@
 #include "desktop/look/Announcement.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
+#include "desktop/window/DemoBar.h"
 #include "desktop/window/MonthWheel.h"
 #include "desktop/window/NoticeLabel.h"
 #include "desktop/window/ResultBarView.h"
@@ -97,19 +98,30 @@ void MainWindow::BuildParts()
     tree_->setAccessibleName(QStringLiteral("Views and accounts"));
     grid_->setObjectName(ToQString(controller_.Grid.Name()));
     grid_->WhenEmpty([this] { return HintFor(controller_); },
-                     [this](const std::string& item) {
-                         if (item == command_name::kNew)
-                             NewRecord();
-                         else if (item == kLatestMonth)
-                             events_.Run([this] { ShowLatestMonth(controller_); });
-                         else
-                             events_.Run([&] { Choose(*controller_.menus.Find(item)); });
-                     });
+                     [this](const std::string& item) { TakeWay(item); });
     border_ = new SplitHandle(
         {[this] { return controller_.TreeWidth(); }, [this](int place) { TreeWidth(place); }},
         inner_);
-    totals_ = std::make_unique<TotalsLine>(controller_.lblTotal, controller_.txtTotal,
-                                           controller_.txtTotal2, inner_);
+    totals_ = std::make_unique<TotalsLine>(controller_, *grid_, inner_);
+}
+
+void MainWindow::TakeWay(const std::string& item)
+{
+    if (item == command_name::kNew)
+        NewRecord();
+    else if (item == kLatestMonth)
+        events_.Run([this] { ShowLatestMonth(controller_); });
+    else if (item == kDemo)
+        events_.Run(demo_);
+    else
+        events_.Run([&] { Choose(*controller_.menus.Find(item)); });
+}
+
+void MainWindow::ShowAsDemo()
+{
+    addToolBar(new DemoBar([this] { close(); }, this));
+    titleEnd_ = QStringLiteral(" (demo)");
+    Sync();
 }
 
 void MainWindow::BuildToolbarSide()
@@ -169,33 +181,13 @@ void MainWindow::FollowModels()
 
 void MainWindow::Sync()
 {
-    setWindowTitle(ToQString(controller_.window.Caption()));
+    setWindowTitle(ToQString(controller_.window.Caption()) + titleEnd_);
     statusText_->setText(ToQString(controller_.statusBar.Panel(1)));
     const std::int32_t shown = controller_.TreeView.Selected();
     NamePart(*grid_, shown == 0 ? QString() : ToQString(controller_.TreeView.Node(shown).text));
-    NameTotals();
+    totals_->Describe();
     // The commands that the hint links to may have been enabled or disabled.
     grid_->FollowHint();
-}
-
-void MainWindow::NameTotals()
-{
-    if (!controller_.Loaded())
-        return;
-    const ViewDefinition& view = controller_.View().Definition();
-    const GridColumns& columns = controller_.Grid.Columns();
-    const auto name = [&](std::int32_t column) {
-        const bool shown = column >= 1 && column <= columns.Count();
-        return ToQString(controller_.lblTotal.Caption()) + QStringLiteral(" ") +
-               ToQString(shown ? columns.Item(column).caption : std::string());
-    };
-    const clsView& shown = controller_.View();
-    const QString subject = QStringLiteral("%1 %2 %3 %4")
-                                .arg(view.view)
-                                .arg(shown.Year())
-                                .arg(shown.Period())
-                                .arg(ToQString(shown.AccountID()));
-    totals_->Describe(subject, name(view.firstTotal), name(view.secondTotal));
 }
 
 int MainWindow::GridZoomPercent() const

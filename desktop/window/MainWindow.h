@@ -60,6 +60,10 @@ public:
     void Choose(MenuItem& item);
     /// Sets what is called with the paths of files that are dropped on the window.
     void OnDrop(std::function<void(const QStringList&)> taken);
+    /// Sets what opens the demonstration.
+    void OnDemo(std::function<void()> opened) { demo_ = std::move(opened); }
+    /// Marks the window as the one of the demonstration: in its title, and by a bar at the top.
+    void ShowAsDemo();
     /// Shows the window above the others, also if it was minimised.
     void ComeToFront();
 
@@ -76,6 +80,8 @@ private:
     void BuildToolbarSide();
     void BuildStatusBar();
     void BuildResultBar();
+    /// Follows one of the ways of the hint in the empty grid.
+    void TakeWay(const std::string& item);
     void BindFocus();
     void BindKeys();
     void BindWays();
@@ -84,7 +90,6 @@ private:
     void ResultChanged();
     void TreeChanged();
     void InnerResized();
-    void NameTotals();
     /// Begins a new row, also while the grid is on its empty line, where the command is disabled.
     void NewRecord();
     void RepaintNow();
@@ -93,6 +98,8 @@ private:
     frmController& controller_;
     UserEvents& events_;
     std::function<void(const QStringList&)> dropped_;
+    std::function<void()> demo_ = [] {};
+    QString titleEnd_;
     QWidget* inner_ = nullptr;
     TreeBinder* tree_ = nullptr;
     GridView* grid_ = nullptr;

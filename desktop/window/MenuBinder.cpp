@@ -15,7 +15,7 @@ namespace {
 
 void Dress(QAction& action, const WindowCommand& command)
 {
-    action.setIcon(icons::Command(command.icon));
+    action.setIcon(icons::MenuLine(command.icon));
     action.setShortcuts(
         QKeySequence::listFromString(QLatin1String(command.key), QKeySequence::PortableText));
 }

@@ -3,13 +3,13 @@
 #include <sigc++/adaptors/track_obj.h>
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPainter>
 #include <QToolButton>
 #include <algorithm>
 #include <utility>
 
 #include "desktop/look/Announcement.h"
+#include "desktop/look/CutLabel.h"
 #include "desktop/look/GridColors.h"
 #include "desktop/look/Icons.h"
 #include "desktop/look/TextConvert.h"
@@ -20,22 +20,6 @@ namespace {
 
 /// More actions than these have no button.
 constexpr std::size_t kMostActions = 3;
-
-/// A text that is cut if there is no room for it.
-class CutLabel : public QLabel {
-public:
-    using QLabel::QLabel;
-    [[nodiscard]] QSize minimumSizeHint() const override { return {0, fontMetrics().height()}; }
-
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override
-    {
-        QPainter painter(this);
-        painter.setPen(palette().color(QPalette::Text));
-        painter.drawText(rect(), Qt::AlignVCenter | Qt::AlignLeft,
-                         fontMetrics().elidedText(text(), Qt::ElideRight, width()));
-    }
-};
 
 QToolButton* MakeButton(QWidget* parent, const char* icon, std::function<void()> action)
 {

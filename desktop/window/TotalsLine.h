@@ -3,6 +3,7 @@
 #include <sigc++/trackable.h>
 
 #include <QString>
+#include <cstdint>
 
 #include "controls/Inputs.h"
 
@@ -12,30 +13,46 @@ class QWidget;
 
 namespace clb {
 
-/// Draws the line below the grid: a label and the amounts, each in the place of its control. A box
-/// that is too narrow for its amount grows to the left, over the room of what is before it.
+class frmController;
+class GridView;
+
+/// Draws the line below the grid: a label and the amounts. An amount lies below its column as that
+/// is drawn, else in the place of its control. A box that is too narrow for its amount grows to the
+/// left, over the room of what is before it.
 class TotalsLine : public sigc::trackable {
 public:
-    /// The widgets become children of parent.
-    TotalsLine(Label& label, TextBox& first, TextBox& second, QWidget* parent);
+    /// The widgets become children of parent. The others are borrowed and outlive the line.
+    TotalsLine(frmController& controller, GridView& grid, QWidget* parent);
 
-    /// Names the amounts for screen readers. They read an amount that has changed since the last
-    /// call, if the subject, such as an account in a month, is still the same.
-    void Describe(const QString& subject, const QString& first, const QString& second);
+    /// Names the amounts after their columns, for screen readers. They read amounts that have
+    /// changed since the last call, if the same account and month are shown.
+    void Describe();
+
     [[nodiscard]] QLineEdit* First() const { return first_; }
     [[nodiscard]] QLineEdit* Second() const { return second_; }
     [[nodiscard]] QLabel* Caption() const { return label_; }
 
 private:
+    /// The horizontal room of a box, in pixels; none if right is not after left.
+    struct Room {
+        int left = 0;
+        int right = 0;
+    };
     void Follow(Control& control);
     void Arrange();
-    /// Draws an amount; `limit` is where the next box begins. Returns where this one begins.
+    [[nodiscard]] std::int32_t ColumnOf(const QLineEdit* drawn) const;
+    /// The room of a column as it is drawn.
+    [[nodiscard]] Room RoomBelow(std::int32_t column) const;
+    void NameAfter(QLineEdit& drawn);
+    /// What is shown: view, month and account.
+    [[nodiscard]] QString Subject() const;
+    /// The names and amounts that are shown, in one text.
     [[nodiscard]] QString Amounts() const;
-    static int Show(const TextBox& box, QLineEdit& drawn, int limit);
+    /// Draws an amount; `limit` is where the next box begins. Returns where this one begins.
+    int Show(const TextBox& box, QLineEdit& drawn, int limit);
 
-    Label& labelModel_;
-    TextBox& firstModel_;
-    TextBox& secondModel_;
+    frmController& controller_;
+    GridView& grid_;
     QLabel* label_;
     QLineEdit* first_;
     QLineEdit* second_;

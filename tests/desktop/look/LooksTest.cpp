@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QPixmap>
+#include <QStyle>
 #include <QToolTip>
 
 #include "desktop/grid/CellEditor.h"
@@ -81,6 +82,42 @@ TEST_P(LooksTest, EveryCommandHasAPictureThatStandsOutFromItsBackground)
             << key;
 }
 
+TEST_P(LooksTest, SelectionsAreLegible)
+{
+    const QPalette now = QApplication::palette();
+
+    EXPECT_GE(Contrast(now.color(QPalette::Highlight), now.color(QPalette::HighlightedText)), 4.5);
+}
+
+TEST_P(LooksTest, ThePictureOfTheCurrentMenuLineStandsOutFromTheHighlight)
+{
+    ASSERT_EQ(QApplication::style()->name(), "fusion");
+    const QColor highlight = QApplication::palette().color(QPalette::Highlight);
+
+    const QImage picture = Picture(MenuAction("mnuF_Import")->icon(), QIcon::Active);
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            if (picture.pixelColor(x, y).alpha() == 255) {
+                EXPECT_GE(Contrast(picture.pixelColor(x, y), highlight), 3.0);
+            }
+    // A button of the toolbar keeps its colours below the pointer.
+    const QIcon button = icons::Command("import");
+    EXPECT_EQ(Picture(button, QIcon::Active), Picture(button));
+}
+
+/// Symptom: white text on white in every other row of lists, and in the heading of the calendar.
+TEST_P(LooksTest, EveryOtherRowIsLegibleIfTheDesktopDoesNotNameItsColour)
+{
+    QPalette unnamed = QApplication::palette();
+    unnamed.setColor(QPalette::AlternateBase, unnamed.color(QPalette::Text));
+
+    QApplication::setPalette(unnamed);
+    QTest::qWait(1);
+
+    const QPalette now = QApplication::palette();
+    EXPECT_GE(Contrast(now.color(QPalette::AlternateBase), now.color(QPalette::Text)), 4.5);
+}
+
 TEST_P(LooksTest, ThePicturesOfTheTreeStandOutFromItsGround)
 {
     const QColor ground = QApplication::palette().color(QPalette::Base);
@@ -99,8 +136,8 @@ TEST_P(LooksTest, ASelectedLineOfTheTreeIsLegible)
     tree.setFocus();
     const QImage picture = tree.viewport()->grab().toImage();
     const QRect line = tree.visualItemRect(tree.currentItem());
-    const QPoint free = (QPointF(line.center().x(), line.top() + 2) * picture.devicePixelRatio())
-                            .toPoint();
+    const QPoint free =
+        (QPointF(line.center().x(), line.top() + 2) * picture.devicePixelRatio()).toPoint();
 
     EXPECT_GE(Contrast(picture.pixelColor(free),
                        QApplication::palette().color(QPalette::HighlightedText)),

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QCursor>
 #include <QFontDatabase>
 #include <QGuiApplication>
@@ -82,6 +83,15 @@ TEST(MessageBoxTest, TheTitleOfAShortBoxIsNotCut)
     EXPECT_GE(box->width(), TitleWidth(*box));
     const QFontMetrics font(QFontDatabase::systemFont(QFontDatabase::TitleFont));
     EXPECT_GT(TitleWidth(*box), font.horizontalAdvance(ToQString(title)) + 100);
+}
+
+TEST(MessageBoxTest, ItsButtonsHaveNoPictures)
+{
+    for (const std::string& text : {std::string("Delete it?"), std::string(5000, 'x')}) {
+        const auto box = MessageBoxPort::Build(text, box_style::YesNo, "Title");
+        for (const QAbstractButton* button : box->findChildren<QAbstractButton*>())
+            EXPECT_TRUE(button->icon().isNull()) << button->text().toStdString();
+    }
 }
 
 TEST(PointerTest, TheHourglassIsTheWaitCursorOfTheWholeProgram)

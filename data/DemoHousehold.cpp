@@ -1,12 +1,17 @@
-#include "cli/DemoHousehold.h"
+#include "data/DemoHousehold.h"
 
 #include <array>
 #include <random>
 
 #include "data/AccountKind.h"
 #include "data/Balances.h"
+#include "data/EmptyDatabase.h"
 #include "data/NoCategory.h"
 #include "data/clsDatabase.h"
+#include "files/Folders.h"
+#include "files/ReadFile.h"
+#include "files/TemporaryFolder.h"
+#include "files/WholeFile.h"
 
 namespace clb {
 namespace {
@@ -247,6 +252,16 @@ private:
 void MakeDemoHousehold(const std::string& folder, const Date& today)
 {
     Household(folder, today).Make();
+}
+
+std::string DemoDatabase(const Date& today)
+{
+    const TemporaryFolder place;
+    const std::string database = place.Path("db/clb.mdb");
+    MakePrivateFolder(place.Path("db"));
+    CreateFile(database, EmptyDatabase());
+    MakeDemoHousehold(place.Path(), today);
+    return ReadFile(database);
 }
 
 }  // namespace clb
