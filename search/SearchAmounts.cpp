@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "statements/form/AmountText.h"
+#include "statements/form/CurrencyMarks.h"
 #include "statements/form/TextScan.h"
 
 namespace clb {
@@ -30,11 +31,31 @@ bool HasLetter(std::string_view text)
     return false;
 }
 
+std::size_t CurrencySigns(std::string_view text)
+{
+    std::size_t signs = 0;
+    while (!text.empty()) {
+        const ScannedChar next = FirstChar(text);
+        if (IsCurrencySign(next.code))
+            ++signs;
+        text.remove_prefix(next.size);
+    }
+    return signs;
+}
+
+/// Whether a currency is one sign and nothing else, such as the dot of an abbreviation.
+bool IsSign(std::string_view currency)
+{
+    const ScannedChar first = FirstChar(currency);
+    return IsCurrencySign(first.code) && first.size == currency.size();
+}
+
 /// The word has no letters.
 std::optional<Reading> Read(std::string_view word, char decimal)
 {
     const auto written = ReadWrittenAmount(word, decimal);
-    if (!written)
+    if (!written || (!written->currency.empty() && !IsSign(written->currency)) ||
+        CurrencySigns(word) > 1)
         return std::nullopt;
     return Reading{written->amount.Scaled(), written->mark != AmountMark::None};
 }
