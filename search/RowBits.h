@@ -16,7 +16,8 @@ public:
     /// Makes room for rows up to size; the new ones are not in the set.
     void Grow(std::size_t size)
     {
-        words_.resize((size + kBits - 1) / kBits);
+        if (size > words_.size() * kBits)
+            words_.resize((size + kBits - 1) / kBits);
         size_ = size;
     }
     void Add(std::size_t row) { words_[row / kBits] |= BitOf(row); }

@@ -30,15 +30,14 @@ public:
         read.identity = row.Integer(0);
         read.sequence = NumberAt(row, 1);
         read.piece = NumberAt(row, 2);
-        if (!row.IsNull(3))
-            read.account = row.Text(3);
+        const std::string_view account = row.Text(3);
+        if (!account.empty() || !row.IsNull(3))
+            read.account = account;
         if (row.KindOf(4) == Kind::Text)
             read.day = DayOf(row.Text(4));
         read.description = row.Text(5);
-        const Kind amount = row.KindOf(6);
-        if (amount == Kind::Integer)
-            read.amount = row.Integer(6);
-        read.wrongAmount = amount != Kind::Integer && amount != Kind::Nothing;
+        read.amount = row.WholeNumber(6);
+        read.wrongAmount = !read.amount && !row.IsNull(6);
         read.category = row.Text(7);
         read.notes = row.Text(8);
         read.checkNumber = row.Text(9);

@@ -102,7 +102,7 @@ private:
 
 void TransactionTexts::Reserve(std::size_t rows)
 {
-    constexpr std::size_t kUsualText = 48;
+    constexpr std::size_t kUsualText = 96;  // memory that is not written takes no room
     texts_.reserve(rows * kUsualText);
     ends_.reserve(rows);
     identities_.reserve(rows);
