@@ -13,6 +13,7 @@ import subprocess
 import sys
 import tempfile
 import unicodedata
+from concurrent.futures import ThreadPoolExecutor
 from datetime import date, timedelta
 
 LEAST, MOST = -(2**63), 2**63 - 1
@@ -522,31 +523,36 @@ def fault_of(answer, found):
     return ""
 
 
+def check(clb, home, rows, query):
+    """Asks clb; returns what is wrong with its answer, and how many rows there are. None: there is no condition."""
+    terms = terms_of(query)
+    done = subprocess.run([clb, "find", "--json", "--home", home, "--", query], capture_output=True, check=False)
+    if not terms:
+        return ("" if done.returncode == 2 else f"exit code {done.returncode} instead of 2"), None
+    if done.returncode != 0:
+        return f"exit code {done.returncode}: {done.stderr.decode(errors='replace')}", 0
+    found = [row for row in rows if all(holds(row) for holds in terms)]
+    return fault_of(json.loads(done.stdout), found), len(found)
+
+
 def main():
     clb, count = sys.argv[1], int(sys.argv[2]) if len(sys.argv) > 2 else 1000
     seed = int(sys.argv[3]) if len(sys.argv) > 3 else 1
     r = random.Random(seed)
     each, asked, hits, empty = 30, 0, 0, 0
-    while asked < count:
-        with tempfile.TemporaryDirectory() as folder:
-            rows = read_rows(make_book(r, clb, folder + "/book"))
-            for _ in range(min(each, count - asked)):
-                asked += 1
-                query = random_query(r, rows)
-                terms = terms_of(query)
-                done = subprocess.run([clb, "find", "--json", "--home", folder + "/book", "--", query],
-                                      capture_output=True, check=False)
-                if not terms:
-                    empty += 1
-                    fault = "" if done.returncode == 2 else f"exit code {done.returncode} instead of 2"
-                elif done.returncode != 0:
-                    fault = f"exit code {done.returncode}: {done.stderr.decode(errors='replace')}"
-                else:
-                    found = [row for row in rows if all(holds(row) for holds in terms)]
-                    hits += len(found)
-                    fault = fault_of(json.loads(done.stdout), found)
-                if fault:
-                    sys.exit(f"seed {seed}, query {asked} {query!r} ({query.decode(errors='replace')}): {fault}")
+    with ThreadPoolExecutor(2) as pool:
+        while asked < count:
+            with tempfile.TemporaryDirectory() as folder:
+                home = folder + "/book"
+                rows = read_rows(make_book(r, clb, home))
+                queries = [random_query(r, rows) for _ in range(min(each, count - asked))]
+                answers = pool.map(lambda query: check(clb, home, rows, query), queries)
+                for query, (fault, found) in zip(queries, answers):
+                    asked += 1
+                    hits += found or 0
+                    empty += found is None
+                    if fault:
+                        sys.exit(f"seed {seed}, query {asked} {query!r} ({query.decode(errors='replace')}): {fault}")
     print(f"{asked} queries, {empty} without a condition, {hits} hits: no difference")
 
 
