@@ -60,7 +60,7 @@ public:
     /// Whether there is no condition.
     [[nodiscard]] bool Empty() const { return terms_.empty(); }
     [[nodiscard]] const std::vector<SearchTerm>& Terms() const& { return terms_; }
-    const std::vector<SearchTerm>& Terms() const&& = delete;
+    [[nodiscard]] const std::vector<SearchTerm>& Terms() const&& = delete;
     /// Where the sought words are in a cell's text, from the left, without overlaps; for marking
     /// them. Terms that must not hold are not sought. field: the cell's, not Any.
     [[nodiscard]] std::vector<TextSpan> MarksIn(SearchField field, std::string_view text) const;

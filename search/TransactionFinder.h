@@ -43,8 +43,8 @@ public:
     TransactionFinder& operator=(const TransactionFinder&) = delete;
 
     /// Finds the rows that meet the query; an empty query finds none. most: how many of the rows to
-    /// return. Does not wait for another program that is writing: its rows are found by the next
-    /// search. Throws EngineError.
+    /// return. What another program is writing just now is found by the next search. Only a search
+    /// that must read rows may wait for it. Throws EngineError; the next search then reads again.
     FoundTransactions Find(const SearchQuery& query,
                            std::size_t most = std::numeric_limits<std::size_t>::max());
     /// The rows as a list shows them. Rows that are gone are left out. Throws EngineError.

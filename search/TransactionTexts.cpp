@@ -23,6 +23,24 @@ std::optional<std::size_t> PlaceOf(SearchField field)
     }
 }
 
+/// Whether a number is in a range that includes both ends, with one comparison.
+class Within {
+public:
+    Within(std::int64_t least, std::int64_t most)
+        : least_(static_cast<std::uint64_t>(least)),
+          width_(static_cast<std::uint64_t>(most) - least_)
+    {
+    }
+    bool operator()(std::int64_t number) const
+    {
+        return static_cast<std::uint64_t>(number) - least_ <= width_;
+    }
+
+private:
+    std::uint64_t least_;
+    std::uint64_t width_;
+};
+
 /// Adds the rows whose text, of those that repeat, has the word.
 void AddRepeated(RowBits& rows, const RepeatedTexts& texts,
                  const std::vector<std::uint32_t>& textOf, std::string_view word)
@@ -195,8 +213,8 @@ RowBits TransactionTexts::WithAmount(const std::vector<AmountRange>& ranges) con
 {
     RowBits found(Rows());
     for (const auto& [least, most] : ranges)
-        found.AddWhere([this, from = least, to = most](std::size_t row) {
-            return (amounts_[row] >= from) & (amounts_[row] <= to);
+        found.AddWhere([this, within = Within(least, most)](std::size_t row) {
+            return within(amounts_[row]);
         });
     found &= withAmount_;
     return found;
@@ -205,8 +223,8 @@ RowBits TransactionTexts::WithAmount(const std::vector<AmountRange>& ranges) con
 RowBits TransactionTexts::WithDay(const DayRange& days) const
 {
     RowBits found(Rows());
-    found.AddWhere([this, first = std::max(days.first, kNoDay + 1), last = days.last](
-                       std::size_t row) { return (days_[row] >= first) & (days_[row] <= last); });
+    const Within within(std::max(days.first, kNoDay + 1), days.last);
+    found.AddWhere([this, within](std::size_t row) { return within(days_[row]); });
     return found;
 }
 
