@@ -1,6 +1,7 @@
 #pragma once
 // A running total of many amounts of money that is checked for its range only once, at the end.
 #include <limits>
+#include <optional>
 
 #include "base/Money.h"
 #include "base/RuntimeError.h"
@@ -21,9 +22,17 @@ public:
     /// Throws Overflow() if Money cannot hold the sum.
     [[nodiscard]] Money Total() const
     {
+        const auto total = TotalIfItFits();
+        if (!total)
+            throw Overflow();
+        return *total;
+    }
+    /// Returns nothing if Money cannot hold the sum.
+    [[nodiscard]] constexpr std::optional<Money> TotalIfItFits() const
+    {
         using Range = std::numeric_limits<std::int64_t>;
         if (scaled_ < Range::min() || scaled_ > Range::max())
-            throw Overflow();
+            return std::nullopt;
         return Money::FromScaled(static_cast<std::int64_t>(scaled_));
     }
 

@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "bench/BudgetFigures.h"
+#include "bench/FindFigures.h"
 #include "bench/HistoryFigures.h"
 #include "bench/ImportFigures.h"
 #include "bench/MonthStepFigures.h"
@@ -42,6 +43,7 @@ const Measurement kMeasurements[] = {
     {{"monthstep"}, clb::MeasureMonthStep},
     {{"register", "rows"}, clb::MeasureRegister},
     {{"budget"}, clb::MeasureBudget},
+    {{"find", "findfirst", "findkey", "findkeysmall"}, clb::MeasureFind},
     {{"historylist"}, clb::MeasureHistoryList},
     {{"saving", "others"}, clb::MeasureSaving},
     {{"historysaving", "editbytes"}, clb::MeasureHistoryOfSaving}};

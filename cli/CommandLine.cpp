@@ -1,6 +1,7 @@
 #include "cli/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
 #include <system_error>
 #include <utility>
@@ -11,7 +12,38 @@ namespace {
 /// More than any command can use; short enough to be read.
 constexpr std::int64_t kMost = 1'000'000'000'000;
 
+/// Marks an argument after "--" that begins with a dash, so that it is not taken for an option.
+constexpr char kMark = '\x01';
+
+/// Adds an option or, if the name has no dashes, an argument, which may have the mark.
+template <typename T>
+Argument Add(CLI::App& command, const std::string& name, T& value, const std::string& help)
+{
+    CLI::Option& option = *command.add_option(name, value, help);
+    if (!name.starts_with('-'))
+        option.transform([](const std::string& text) {
+            return text.starts_with(std::string{kMark, '-'}) ? text.substr(1) : text;
+        });
+    return Argument(option);
+}
+
 }  // namespace
+
+std::vector<std::string> LastFirst(int argc, const char* const* argv)
+{
+    std::vector<std::string> arguments;
+    bool marked = false;
+    for (int at = 1; at < argc; ++at) {
+        const std::string argument = argv[at];
+        if (marked && argument.starts_with('-'))
+            arguments.push_back(kMark + argument);
+        else if (argument != "--")
+            arguments.push_back(argument);
+        marked = marked || argument == "--";
+    }
+    std::reverse(arguments.begin(), arguments.end());
+    return arguments;
+}
 
 Argument& Argument::Required()
 {
@@ -88,41 +120,41 @@ Command::Command(CLI::App& app, const std::string& name, const std::string& desc
 
 Argument Command::Take(const std::string& name, std::string& value, const std::string& help)
 {
-    return Argument(*command_->add_option(name, value, help));
+    return Add(*command_, name, value, help);
 }
 
 Argument Command::Take(const std::string& name, std::optional<std::string>& value,
                        const std::string& help)
 {
-    return Argument(*command_->add_option(name, value, help));
+    return Add(*command_, name, value, help);
 }
 
 Argument Command::Take(const std::string& name, std::int32_t& value, const std::string& help)
 {
-    return Argument(*command_->add_option(name, value, help));
+    return Add(*command_, name, value, help);
 }
 
 Argument Command::Take(const std::string& name, std::optional<std::int32_t>& value,
                        const std::string& help)
 {
-    return Argument(*command_->add_option(name, value, help));
+    return Add(*command_, name, value, help);
 }
 
 Argument Command::Take(const std::string& name, std::int64_t& value, const std::string& help)
 {
-    return Argument(*command_->add_option(name, value, help));
+    return Add(*command_, name, value, help);
 }
 
 Argument Command::Take(const std::string& name, std::optional<std::int64_t>& value,
                        const std::string& help)
 {
-    return Argument(*command_->add_option(name, value, help));
+    return Add(*command_, name, value, help);
 }
 
 Argument Command::Take(const std::string& name, std::vector<std::string>& values,
                        const std::string& help)
 {
-    return Argument(*command_->add_option(name, values, help));
+    return Add(*command_, name, values, help);
 }
 
 void Command::Flag(const std::string& name, bool& value, const std::string& help)

@@ -16,6 +16,11 @@ namespace clb {
 // The library that parses the command line takes long to compile. Only CommandLine.cpp and main.cpp
 // include it; the commands use these classes.
 
+/// The arguments of a process, without its name, in the order in which the library takes them. What
+/// follows "--" is never an option. The library itself takes no further arguments after it if the
+/// command has one already.
+[[nodiscard]] std::vector<std::string> LastFirst(int argc, const char* const* argv);
+
 /// A condition on the text of an argument. It is checked while the command line is parsed.
 struct TextCheck {
     /// Returns what is wrong with the text, or an empty text if it is valid.

@@ -8,7 +8,8 @@ class App;
 namespace clb {
 
 // Each function adds one command to the command line. If that command is called, it runs while the
-// command line is parsed, and it writes exitCode: 0 done, 1 refused or bad input. exitCode is
+// command line is parsed, and it writes exitCode: 0 done, 1 refused or bad input,
+// 2 wrong usage. exitCode is
 // borrowed until then. Results go to standard output, messages to standard error.
 
 void AddNew(CLI::App& app, int& exitCode);
@@ -18,6 +19,7 @@ void AddAutomate(CLI::App& app, int& exitCode);
 void AddAccounts(CLI::App& app, int& exitCode);
 void AddNetWorth(CLI::App& app, int& exitCode);
 void AddRegister(CLI::App& app, int& exitCode);
+void AddFind(CLI::App& app, int& exitCode);
 void AddBudget(CLI::App& app, int& exitCode);
 void AddCopyBudget(CLI::App& app, int& exitCode);
 void AddImport(CLI::App& app, int& exitCode);

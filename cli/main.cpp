@@ -7,6 +7,7 @@
 
 #include "base/Interruption.h"
 #include "base/Product.h"
+#include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "data/ErrorText.h"
 #include "platform/Signals.h"
@@ -27,15 +28,15 @@ int Run(int argc, char** argv)
     app.failure_message(CLI::FailureMessage::simple);
     int exitCode = 0;
     for (const auto add :
-         {clb::AddNew,      clb::AddDemo,        clb::AddAccounts,   clb::AddNetWorth,
-          clb::AddRegister, clb::AddBudget,      clb::AddCopyBudget, clb::AddImport,
-          clb::AddExport,   clb::AddSplit,       clb::AddMove,       clb::AddOptions,
-          clb::AddQuotes,   clb::AddQuoteServer, clb::AddBackup,     clb::AddRestore,
-          clb::AddCheck,    clb::AddHistory,     clb::AddUndo,       clb::AddRedo,
-          clb::AddSql,      clb::AddAutomate})
+         {clb::AddNew,      clb::AddDemo,   clb::AddAccounts,    clb::AddNetWorth,
+          clb::AddRegister, clb::AddFind,   clb::AddBudget,      clb::AddCopyBudget,
+          clb::AddImport,   clb::AddExport, clb::AddSplit,       clb::AddMove,
+          clb::AddOptions,  clb::AddQuotes, clb::AddQuoteServer, clb::AddBackup,
+          clb::AddRestore,  clb::AddCheck,  clb::AddHistory,     clb::AddUndo,
+          clb::AddRedo,     clb::AddSql,    clb::AddAutomate})
         add(app, exitCode);
     try {
-        app.parse(argc, argv);
+        app.parse(clb::LastFirst(argc, argv));
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : kWrongUsage;
     }

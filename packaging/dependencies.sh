@@ -23,6 +23,8 @@ clb_test_packages=(
     xvfb xdotool openbox imagemagick poppler-utils fonts-dejavu-core
     # another reader of statement files
     ofx
+    # another search
+    python3
     # files that are installed beside the programs
     desktop-file-utils appstream shared-mime-info libglib2.0-bin man-db bash-completion zsh
 )

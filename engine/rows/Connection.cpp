@@ -6,6 +6,7 @@
 #include "engine/sql/Schema.h"
 #include "engine/storage/ConnectionString.h"
 #include "engine/storage/Refusals.h"
+#include "engine/storage/RowObserver.h"
 #include "files/FileError.h"
 #include "files/WholeFile.h"
 
@@ -44,6 +45,8 @@ void RunDdl(Connection::State& state, const DdlQuery& ddl)
     state.ForgetSchema();
     if (state.watch != nullptr)
         state.watch->TableChanged(TableOf(ddl));
+    for (IRowObserver* const observer : state.database.Observers())
+        observer->TableChanged(TableOf(ddl));
 }
 
 }  // namespace
@@ -129,6 +132,22 @@ bool Connection::IsUnchanged(const Contents& since)
     return (!header.empty() && header == since.header) || state_->DataVersion() == since.elsewhere;
 }
 
+bool Connection::WrittenElsewhere(const Contents& since)
+{
+    state_->RequireOpen();
+    const std::string header = state_->database.HeaderUnlocked();
+    if (!header.empty() && header == since.header)
+        return false;
+    const Database::Impatient now(state_->database);
+    try {
+        return state_->DataVersion() != since.elsewhere;
+    } catch (const EngineError& error) {
+        if (error.Trouble() == FileTrouble::Locked)
+            return false;
+        throw;
+    }
+}
+
 void Connection::Settle()
 {
     state_->Settle();
@@ -136,8 +155,25 @@ void Connection::Settle()
 
 void Connection::Watch(IChangeWatch* watch)
 {
+    const bool saw = state_->database.SeesChanges();
     state_->database.Watch(watch);
     state_->watch = watch;
+    if (!saw)
+        state_->cache.Clear();
+}
+
+void Connection::AddObserver(IRowObserver& observer)
+{
+    const bool saw = state_->database.SeesChanges();
+    state_->database.AddObserver(observer);
+    // The storage may have compiled them to remove all rows of a table at once, without a report.
+    if (!saw)
+        state_->cache.Clear();
+}
+
+void Connection::RemoveObserver(const IRowObserver& observer) noexcept
+{
+    state_->database.RemoveObserver(observer);
 }
 
 bool Connection::LostGroup() const

@@ -11,6 +11,7 @@
 namespace clb {
 
 class IChangeWatch;
+class IRowObserver;
 
 /// The connection to one database file. For one thread only. Other programs may read and write the
 /// same file.
@@ -70,6 +71,9 @@ public:
     /// Whether nothing was written since, here or elsewhere. For use without a pending group. Much
     /// quicker than a query, and waits and throws where one would.
     [[nodiscard]] bool IsUnchanged(const Contents& since);
+    /// Whether another program has written since. Never waits: false while another program is
+    /// writing, and the next call reports it. May be called within the pending group.
+    [[nodiscard]] bool WrittenElsewhere(const Contents& since);
     /// Whether an error in writing has lost the pending group, and Settle() was not called since.
     [[nodiscard]] bool LostGroup() const;
 
@@ -96,6 +100,11 @@ public:
     /// outlives the connection, or is ended by nullptr. The connection is open and stays where it
     /// is.
     void Watch(IChangeWatch* watch);
+    /// From now on the observer is told which rows change, and the end of each group. Borrowed
+    /// until RemoveObserver, which must be called before the connection goes. The connection is
+    /// open and stays where it is.
+    void AddObserver(IRowObserver& observer);
+    void RemoveObserver(const IRowObserver& observer) noexcept;
 
     /// Creates a new database file with a script in the storage's own SQL. Throws EngineError, also
     /// if the file exists.

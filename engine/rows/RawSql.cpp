@@ -35,7 +35,14 @@ RawSql::Kind RawSql::Row::KindOf(int column) const
 
 std::int64_t RawSql::Row::Integer(int column) const
 {
-    return KindOf(column) == Kind::Integer ? query_->Integer(column) : 0;
+    return WholeNumber(column).value_or(0);
+}
+
+std::optional<std::int64_t> RawSql::Row::WholeNumber(int column) const
+{
+    if (sqlite3_column_type(query_->Raw(), column) != SQLITE_INTEGER)
+        return std::nullopt;
+    return sqlite3_column_int64(query_->Raw(), column);
 }
 
 double RawSql::Row::Real(int column) const

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +32,8 @@ public:
         [[nodiscard]] bool IsNull(int column) const { return KindOf(column) == Kind::Nothing; }
         [[nodiscard]] std::int64_t Integer(
             int column) const;  ///< 0 for a cell that is not a number
+        /// Nothing for a cell that is not a whole number.
+        [[nodiscard]] std::optional<std::int64_t> WholeNumber(int column) const;
         [[nodiscard]] double Real(int column) const;
         /// Returns a text, the bytes of a blob, or a number as text. Valid until the next row.
         [[nodiscard]] std::string_view Text(int column) const;

@@ -6,6 +6,7 @@
 #include "base/Interruption.h"
 #include "engine/sql/Compiler.h"
 #include "engine/storage/Refusals.h"
+#include "engine/storage/RowObserver.h"
 
 namespace clb {
 namespace {
@@ -125,12 +126,18 @@ void Connection::State::StepWrite(Query& query)
 
 void Connection::State::TellTakenBack(std::size_t seen) noexcept
 {
-    if (watch == nullptr)
-        return;
-    if (database.InTransaction())
+    if (!database.InTransaction())
+        TellLost();
+    else if (watch != nullptr)
         watch->TakenBackTo(seen);
-    else
+}
+
+void Connection::State::TellLost() noexcept
+{
+    if (watch != nullptr)
         watch->Lost();
+    for (IRowObserver* const observer : database.Observers())
+        observer->Lost();
 }
 
 void Connection::State::StepInsert(Query& query, const std::string& table)
@@ -172,6 +179,8 @@ void Connection::State::Commit()
     database.Step(commit);
     if (watch != nullptr)
         watch->Committed();
+    for (IRowObserver* const observer : database.Observers())
+        observer->Committed();
 }
 
 void Connection::State::Settle()
@@ -204,8 +213,7 @@ void Connection::State::TakeBack() noexcept
     if (database.InTransaction())
         database.RollBack(rollback);
     abandoned = database.InTransaction();
-    if (watch != nullptr)
-        watch->Lost();
+    TellLost();
     ForgetSchema();
 }
 

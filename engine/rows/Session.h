@@ -73,6 +73,8 @@ struct Connection::State {
 
 private:
     void NoticeForeignSchema();
+    /// Tells everyone who watches that the group is lost.
+    void TellLost() noexcept;
     /// Takes the open group back; a group that cannot be taken back is marked as abandoned.
     void TakeBack() noexcept;
     /// Tries again to take an abandoned group back. Throws std::bad_alloc when it stays.

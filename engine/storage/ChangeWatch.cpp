@@ -8,6 +8,7 @@
 
 #include "engine/storage/Database.h"
 #include "engine/storage/PackedCells.h"
+#include "engine/storage/RowObserver.h"
 
 namespace clb {
 namespace {
@@ -58,7 +59,10 @@ void Database::Changing(void* self, sqlite3* raw, int operation, const char* dat
     if (std::string_view(database) != "main")
         return;  // a temporary table of the storage's own
     try {
-        own.watch_->Changing({raw, KindOf(operation), table, before, after});
+        if (own.watch_ != nullptr)
+            own.watch_->Changing({raw, KindOf(operation), table, before, after});
+        for (IRowObserver* const observer : own.observers_)
+            observer->RowChanging(table, before, after);
     } catch (...) {
         own.FailForMemory();
     }
@@ -67,13 +71,30 @@ void Database::Changing(void* self, sqlite3* raw, int operation, const char* dat
 void Database::Watch(IChangeWatch* watch)
 {
     watch_ = watch;
+    SetHook();
+}
+
+void Database::AddObserver(IRowObserver& observer)
+{
+    observers_.push_back(&observer);
+    SetHook();
+}
+
+void Database::RemoveObserver(const IRowObserver& observer) noexcept
+{
+    std::erase(observers_, &observer);
+    SetHook();
+}
+
+void Database::SetHook() noexcept
+{
     using Hook =
         void (*)(void*, sqlite3*, int, const char*, const char*, sqlite3_int64, sqlite3_int64);
     const Hook hook = [](void* self, sqlite3* raw, int operation, const char* database,
                          const char* table, sqlite3_int64 before, sqlite3_int64 after) {
         Changing(self, raw, operation, database, table, before, after);
     };
-    sqlite3_preupdate_hook(raw_, watch == nullptr ? nullptr : hook, this);
+    sqlite3_preupdate_hook(raw_, SeesChanges() ? hook : nullptr, this);
 }
 
 }  // namespace clb

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "engine/storage/EngineError.h"
 #include "engine/storage/Query.h"
@@ -13,6 +14,7 @@ struct sqlite3;
 namespace clb {
 
 class IChangeWatch;
+class IRowObserver;
 
 /// One open SQLite file. Throws EngineError, which names the file if the problem is with the file,
 /// or std::bad_alloc if the storage is out of memory.
@@ -82,6 +84,12 @@ public:
 
     /// From now on the watch sees each row that a statement changes. Borrowed; nullptr ends it.
     void Watch(IChangeWatch* watch);
+    /// From now on the observer is told which rows statements change. Borrowed until
+    /// RemoveObserver. Statements that were prepared while SeesChanges() was false may not be seen.
+    void AddObserver(IRowObserver& observer);
+    void RemoveObserver(const IRowObserver& observer) noexcept;
+    [[nodiscard]] bool SeesChanges() const { return watch_ != nullptr || !observers_.empty(); }
+    [[nodiscard]] const std::vector<IRowObserver*>& Observers() const { return observers_; }
     /// Whether triggers run when rows change; they do at first.
     void Triggers(bool run);
 
@@ -90,6 +98,7 @@ public:
 private:
     static void Changing(void* self, sqlite3* raw, int operation, const char* database,
                          const char* table, std::int64_t before, std::int64_t after);
+    void SetHook() noexcept;
     void Connect(const std::string& path, int flags);
     /// Rejects what cannot be a database. The storage would take an empty file for a new database.
     static void RequireFile(const std::string& path);
@@ -105,6 +114,7 @@ private:
     std::optional<EngineError> failure_;
     EngineError fileError_{engine_errors::Unavailable, ""};
     IChangeWatch* watch_ = nullptr;
+    std::vector<IRowObserver*> observers_;
     bool noMemory_ = false;        ///< a collation or the watch has run out of memory
     bool troubleIsMemory_ = true;  ///< the latest error was about memory, not fileError_
 };
