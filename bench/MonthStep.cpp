@@ -39,7 +39,7 @@ void GoThrough(const std::string& folder, int steps)
 {
     MessageBoxPort boxes;
     FileDialogPort files;
-    ShellPort shell;
+    ShellPort shell(boxes);
     PrintJobPort printing;
     PointerPort pointer;
     DateFormPort dates;

@@ -1,5 +1,6 @@
 #include "desktop/grid/GridTips.h"
 
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QTimerEvent>
 #include <QToolTip>
@@ -49,10 +50,14 @@ void GridTips::ShowAt(const QPoint& place)
     });
 }
 
-void GridTips::ReadAt(const QPoint& place)
+bool GridTips::ByKey(const QKeyEvent& event)
 {
+    const QRect cell = layout_.CellRect(grid_.Row(), grid_.Col());
+    if (cell.isEmpty() || event.modifiers() != Qt::ControlModifier || event.key() != Qt::Key_F1)
+        return false;
     const QScopedValueRollback guard(reads_, true);
-    ShowAt(place);
+    ShowAt(cell.center());
+    return true;
 }
 
 void GridTips::ShowTip(const QPoint& place, std::size_t row, std::int32_t column)

@@ -8,6 +8,7 @@
 #include "controls/GridComponent.h"
 #include "desktop/grid/GridLayout.h"
 
+class QKeyEvent;
 class QWidget;
 
 namespace clb {
@@ -32,8 +33,9 @@ public:
     void RowsDrawn();
     /// Shows the tip of the cell at the place at once. A cell that cannot be read has no tip.
     void ShowAt(const QPoint& place);
-    /// The same, because a key asks for it: screen readers read the tip.
-    void ReadAt(const QPoint& place);
+    /// Takes the key that shows the tip of the current cell: screen readers read it. Returns false
+    /// for any other key, and if there is no cell.
+    bool ByKey(const QKeyEvent& event);
 
 protected:
     void timerEvent(QTimerEvent* event) override;

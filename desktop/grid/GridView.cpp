@@ -19,6 +19,27 @@
 
 namespace clb {
 
+namespace {
+
+/// all, page: pixels of everything and of what is in view.
+void SetRange(QScrollBar& bar, int all, int page)
+{
+    bar.setPageStep(page);
+    bar.setRange(0, std::max(0, all - page));
+}
+
+/// Scrolls a part into view. begin: where it begins, negative before the view. beyond: how far it
+/// reaches beyond the end of the view.
+void BringIntoView(QScrollBar& bar, int begin, int beyond)
+{
+    if (begin < 0)
+        bar.setValue(bar.value() + begin);
+    else if (beyond > 0)
+        bar.setValue(bar.value() + beyond);
+}
+
+}  // namespace
+
 GridView::GridView(GridComponent& grid, UserEvents& events, std::function<bool()> takeFocus,
                    QWidget* parent)
     : QAbstractScrollArea(parent),
@@ -182,13 +203,9 @@ void GridView::FollowEdit()
 
 void GridView::UpdateScrollBars()
 {
-    const QSize inner = viewport()->size();
-    const int across = layout_.SelectorWidth() + layout_.TotalWidth() - inner.width();
-    const int down = layout_.TotalHeight() - inner.height();
-    horizontalScrollBar()->setPageStep(inner.width());
-    horizontalScrollBar()->setRange(0, std::max(0, across));
-    verticalScrollBar()->setPageStep(inner.height());
-    verticalScrollBar()->setRange(0, std::max(0, down));
+    SetRange(*horizontalScrollBar(), layout_.SelectorWidth() + layout_.TotalWidth(),
+             viewport()->width());
+    SetRange(*verticalScrollBar(), layout_.TotalHeight(), viewport()->height());
     layout_.Scroll(horizontalScrollBar()->value(), verticalScrollBar()->value());
 }
 
@@ -198,22 +215,14 @@ void GridView::ShowCurrentCell()
         return;
     ShowRow(grid_.Row());
     const QRect cell = layout_.CellRect(grid_.Row(), grid_.Col());
-    QScrollBar& across = *horizontalScrollBar();
-    if (cell.left() < layout_.SelectorWidth())
-        across.setValue(across.value() + cell.left() - layout_.SelectorWidth());
-    else if (cell.right() > viewport()->width())
-        across.setValue(across.value() + cell.right() + 1 - viewport()->width());
+    BringIntoView(*horizontalScrollBar(), cell.left() - layout_.SelectorWidth(),
+                  cell.right() + 1 - viewport()->width());
 }
 
 void GridView::ShowRow(std::size_t row)
 {
     const int top = layout_.RowTop(row);
-    const int below = top + layout_.RowHeight() - viewport()->height();
-    QScrollBar& down = *verticalScrollBar();
-    if (top < 0)
-        down.setValue(down.value() + top);
-    else if (below > 0)
-        down.setValue(down.value() + below);
+    BringIntoView(*verticalScrollBar(), top, top + layout_.RowHeight() - viewport()->height());
 }
 
 void GridView::scrollContentsBy(int /*dx*/, int /*dy*/)
@@ -342,21 +351,12 @@ void GridView::keyPressEvent(QKeyEvent* event)
         return;
     if (held == Qt::NoModifier && cursor_.FoldByKey(event->key()))
         return;
-    if (TipByKey(*event) || sorting_.ByKey(*event) || widths_.ByKey(*event, *header_) ||
+    if (tips_.ByKey(*event) || sorting_.ByKey(*event) || widths_.ByKey(*event, *header_) ||
         editing_.ByKey(*event) || editing_.ByTyping(*event))
         return;
     const bool moves = held == Qt::NoModifier || held == Qt::ControlModifier;
     if (!moves || !cursor_.Navigate(event->key(), held == Qt::ControlModifier))
         event->ignore();
-}
-
-bool GridView::TipByKey(const QKeyEvent& event)
-{
-    const QRect cell = layout_.CellRect(grid_.Row(), grid_.Col());
-    if (cell.isEmpty() || event.modifiers() != Qt::ControlModifier || event.key() != Qt::Key_F1)
-        return false;
-    tips_.ReadAt(cell.center());
-    return true;
 }
 
 bool GridView::focusNextPrevChild(bool next)

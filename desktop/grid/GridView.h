@@ -106,7 +106,6 @@ private:
     void FitToCells();
     void UpdateScrollBars();
     void RedrawChanged(bool on);
-    bool TipByKey(const QKeyEvent& event);
     void FollowEdit();
     bool LeaveEdit(const QKeyEvent& event);
 

@@ -138,7 +138,7 @@ TEST_F(GreetingWindowTest, ScreenReadersGetCaptionAndExplanation)
               "See two years of a made-up household. Your own book stays as it is.");
     EXPECT_EQ(ToUtf8(Hint().Words()),
               "Welcome to Corvane Ledgerbook. This book is still empty. Choose how you would like "
-              "to begin.");
+              "to begin. Links: Import a statement, Make an account, Look at the demo.");
 }
 
 TEST_F(GreetingWindowTest, InASmallWindowItHasFewerWordsButAllThreeWays)
