@@ -2,7 +2,11 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 #include <optional>
+#include <string>
+#include <unordered_set>
+#include <utility>
 
 #include "base/Date.h"
 #include "engine/storage/Catalogue.h"
@@ -14,20 +18,47 @@ namespace {
 
 using Limits = std::numeric_limits<std::int64_t>;
 
-/// Rows that a part of a record describes. Nothing if it cannot be read.
-std::optional<std::int64_t> RowsIn(std::string_view part)
-{
-    std::int64_t rows = 0;
-    RowChanged row;
-    try {
+/// Counts the rows that the parts of a record describe, each once.
+class DistinctRows {
+public:
+    /// Throws packed::BrokenBytes.
+    void Add(std::string_view part)
+    {
+        if (++parts_ == 1) {
+            // Most records have one part, which has each row once.
+            first_ = part;
+            ForEach(part, [this](const std::string&, std::int64_t) { ++count_; });
+            return;
+        }
+        if (parts_ == 2) {
+            count_ = 0;
+            Collect(std::exchange(first_, {}));
+        }
+        Collect(part);
+    }
+    [[nodiscard]] std::int64_t Count() const { return count_; }
+
+private:
+    template <typename Take>
+    static void ForEach(std::string_view part, Take&& take)
+    {
+        RowChanged row;
         for (StepReader reader(part); reader.NextTable();)
             while (reader.NextRow(row))
-                ++rows;
-    } catch (const packed::BrokenBytes&) {
-        return std::nullopt;
+                take(reader.Table(), row.row);
     }
-    return rows;
-}
+    void Collect(std::string_view part)
+    {
+        ForEach(part, [this](const std::string& table, std::int64_t row) {
+            count_ += rows_[table].insert(row).second ? 1 : 0;
+        });
+    }
+
+    std::int64_t parts_ = 0;
+    std::int64_t count_ = 0;
+    std::string first_;
+    std::map<std::string, std::unordered_set<std::int64_t>> rows_;
+};
 
 }  // namespace
 
@@ -41,7 +72,7 @@ struct CheckHistory::Step {
     std::optional<std::int64_t> bytes{};
     std::optional<std::int64_t> state{};
     std::int64_t parts = 0;
-    std::int64_t rowsFound = 0;
+    DistinctRows rowsFound{};
     std::int64_t bytesFound = 0;
     bool summed = false;  ///< there is a checksum
     std::optional<std::int64_t> sum{};
@@ -87,8 +118,7 @@ struct CheckHistory::Step {
             return "has a record that cannot be read";
         if (summed && sum != sumFound)
             return "has a record that is not what was stored";
-        // A step that was undone and redone describes a row once that it changed twice.
-        if (!rows || *rows < rowsFound)
+        if (!rows || *rows < rowsFound.Count())
             return "has a record of more rows than it says";
         return {};
     }
@@ -170,9 +200,11 @@ void CheckHistory::TakePart(Step& step, const RawSql::Row& row)
     step.numbered = step.numbered && row.Integer(6) == ++step.parts;
     step.bytesFound += static_cast<std::int64_t>(data.size());
     step.sumFound = packed::Checksum(step.sumFound, data);
-    const std::optional<std::int64_t> rows = RowsIn(data);
-    step.readable = step.readable && rows.has_value();
-    step.rowsFound += rows.value_or(0);
+    try {
+        step.rowsFound.Add(data);
+    } catch (const packed::BrokenBytes&) {
+        step.readable = false;
+    }
 }
 
 void CheckHistory::Close(const Step& step)

@@ -97,6 +97,25 @@ TEST_F(HistoryCheckTest, AHistoryWithUndoneStepsIsInOrder)
     EXPECT_THAT(Findings(), IsEmpty());
 }
 
+/// A command that asks in between commits more than once and may change a row each time.
+TEST_F(HistoryCheckTest, AStepThatChangesARowTwiceIsInOrder)
+{
+    WithHistory([](Connection& connection, History& history) {
+        history.Begin("Six");
+        for (const char* name : {"a", "b", "c"}) {
+            connection.Execute(std::string("UPDATE Account SET Description = '") + name +
+                               "' WHERE AccountID <> 'One'");
+            connection.Settle();
+        }
+        history.End();
+        EXPECT_EQ(history.NextToUndo()->rows, 4);
+    });
+    EXPECT_THAT(Findings(), IsEmpty());
+
+    Undo(1);
+    EXPECT_THAT(Findings(), IsEmpty());
+}
+
 TEST_F(HistoryCheckTest, AHistoryThatAChangeOfTablesHasEndedIsInOrder)
 {
     WithHistory([](Connection& connection, History& history) {
