@@ -117,6 +117,13 @@ private:
 
 }  // namespace
 
+std::optional<int> YearOfTwoDigits(std::string_view text)
+{
+    const auto pieces = date_piece::PiecesOf(text);
+    const bool two = pieces.size() == 1 && pieces.front().number && text.size() == 2;
+    return two ? std::optional(date_piece::YearOf(pieces.front())) : std::nullopt;
+}
+
 std::optional<Date> ReadTypedDate(std::string_view text, const DateContext& context,
                                   const DateHabits& habits)
 {

@@ -27,6 +27,9 @@ struct DateHabits {
     std::vector<Name> months;
 };
 
+/// The year that two digits mean: 00 to 29 are 20xx, 30 to 99 are 19xx. Nothing for any other text.
+std::optional<int> YearOfTwoDigits(std::string_view text);
+
 /// Reads a date as a person types it. Returns nothing for any other text and for a day that does
 /// not exist: a date in another order than the user's is refused, never turned round.
 ///

@@ -61,6 +61,11 @@ bool GridCursor::OnFooter(std::size_t row) const
            grid_.Rows().Kind(row) == GridRowKind::GroupFooter;
 }
 
+bool GridCursor::MayBeCurrent(std::size_t row) const
+{
+    return row != 0 && row <= grid_.Rows().Count() && !OnFooter(row);
+}
+
 bool GridCursor::MoveRows(int rows)
 {
     return MoveTo(RowFromCurrent(rows), grid_.Col());

@@ -42,6 +42,8 @@ public:
     [[nodiscard]] bool OnHeading(std::size_t row) const;
     /// Whether the row is a group's footer, which never becomes current. Row 0 is not.
     [[nodiscard]] bool OnFooter(std::size_t row) const;
+    /// Whether the row is there and not a footer. Rows may be others once the grid has the focus.
+    [[nodiscard]] bool MayBeCurrent(std::size_t row) const;
     /// Folds or opens the current row's group. Returns false for other keys, and if the current row
     /// is not a heading.
     bool FoldByKey(int key);

@@ -47,7 +47,7 @@ bool GridMarking::ByClick(const QMouseEvent& event, std::size_t row, std::int32_
 void GridMarking::Mark(std::size_t row, std::int32_t column, bool range)
 {
     events_.Run([&] {
-        if (!takeFocus_() || row == 0 || grid_.Row() == 0 || cursor_.OnFooter(row))
+        if (!takeFocus_() || grid_.Row() == 0 || !cursor_.MayBeCurrent(row))
             return;
         const std::size_t from = grid_.Rows().Identity(grid_.Row());
         if (!cursor_.MoveToShown(row, column))

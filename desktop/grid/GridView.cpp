@@ -306,7 +306,7 @@ void GridView::mousePressEvent(QMouseEvent* event)
     if (marking_.ByClick(*event, row, column))
         return;
     events_.Run([&] {
-        if (!takeFocus_() || row == 0 || cursor_.OnFooter(row))
+        if (!takeFocus_() || !cursor_.MayBeCurrent(row))
             return;
         if (column == 0)
             column = std::max(grid_.Col(), 1);
@@ -412,7 +412,7 @@ bool GridView::GoTo(std::size_t row, std::int32_t column)
 {
     bool there = false;
     events_.Run([&] {
-        there = takeFocus_() && !cursor_.OnFooter(row) && cursor_.MoveToShown(row, column);
+        there = takeFocus_() && cursor_.MayBeCurrent(row) && cursor_.MoveToShown(row, column);
     });
     return there;
 }

@@ -4,11 +4,13 @@
 #include <QKeyEvent>
 #include <QStyleOptionSpinBox>
 #include <algorithm>
+#include <optional>
 
 #include "base/Text.h"
 #include "desktop/input/UndoKeys.h"
 #include "desktop/input/UserEvents.h"
 #include "desktop/look/TextConvert.h"
+#include "typed/TypedDate.h"
 
 namespace clb {
 
@@ -21,6 +23,13 @@ bool IsFourDigits(const QString& text)
     return text.size() == 4 && std::all_of(text.begin(), text.end(), [](QChar digit) {
                return digit >= u'0' && digit <= u'9';
            });
+}
+
+/// Two digits are a year near this one, as in a date that is typed.
+std::string WholeYear(const std::string& text)
+{
+    const std::optional<int> year = YearOfTwoDigits(Trim(text));
+    return year ? std::to_string(*year) : text;
 }
 
 }  // namespace
@@ -70,7 +79,7 @@ bool YearBox::Edited() const
 /// Ends the edit of the text.
 void YearBox::HandOn()
 {
-    const std::string text = ToUtf8(lineEdit()->text());
+    const std::string text = WholeYear(ToUtf8(lineEdit()->text()));
     const std::string shown = year_.Text();
     // A text that is no year has been reported; the box must not keep it above another year's
     // figures.

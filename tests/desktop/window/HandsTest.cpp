@@ -131,6 +131,21 @@ TEST_F(HandsTest, TheWheelOverTheYearStepsIt)
     EXPECT_EQ(Month(), "March 2007");
 }
 
+TEST_F(HandsTest, AClickIntoTheRowsKeepsATypedYearThatHasFewerRows)
+{
+    ClickNode("Checking");
+    YearBox& year = YearWidget(window_);
+    year.setFocus();
+    year.Line()->selectAll();
+    QTest::keyClicks(&year, "20");
+
+    ClickCell(4, 2);
+
+    EXPECT_EQ(Month(), "March 2020");
+    EXPECT_TRUE(books_.messages.boxes.empty());
+    EXPECT_EQ(Grid().Row(), 1U);
+}
+
 TEST_F(HandsTest, ARefusedRowKeepsTheMonthForAnyKeyAndTheWheel)
 {
     ClickNode("Checking");
