@@ -70,13 +70,14 @@ public:
         window_.progress.Step(0, 0, "Reading " + NameOf(path));
         const std::int64_t before = NewestStep();
         bool kept = false;
+        NewRows added;
         try {
             StatementImport import(window_, questions_);
             for (const ImportedStatement& statement : import.Import(path)) {
                 summary_->Add(statement);
                 kept = kept || !statement.accounts.empty();
             }
-            added_.Add(import.Added());
+            added = import.Added();
         } catch (const RuntimeError& error) {
             if (error.Number() != errors::FileNotFound && error.Number() != errors::PathAccess)
                 throw;
@@ -86,6 +87,9 @@ public:
         // The dialogs for the first accounts of a file may have made them before it was cancelled.
         if (!kept && NewestStep() != before)
             TakeBackSteps(window_, 1);
+        added_.Add(added);
+        if (added.Any() && window_.GivenPorts().showsResults)
+            window_.Unseen().Add(added, NewestStep());
     }
 
     /// Shows the account and the month of the latest new row to a person.
@@ -93,7 +97,6 @@ public:
     {
         if (!added_.Any() || !window_.GivenPorts().showsResults)
             return ShowImportedAccount(window_);
-        window_.Unseen().Add(added_);
         ShowLatest(window_, added_);
     }
 

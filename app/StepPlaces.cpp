@@ -126,8 +126,14 @@ bool IsShown(frmController& window, const Place& place)
 void Show(frmController& window, const Place& place)
 {
     const std::int32_t node = window.View().FindTreeNodeByTag(place.tag);
-    if (node == 0 || IsShown(window, place))
+    if (node == 0)
         return;
+    if (IsShown(window, place)) {
+        // An account that was just made may be selected in the tree.
+        if (window.TreeView.Selected() != node)
+            window.TreeView.Select(node);
+        return;
+    }
     window.View().HoldRefresh(true);
     if (place.month) {
         window.ChooseMonth(place.month->period - 1);

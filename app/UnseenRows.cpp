@@ -1,5 +1,7 @@
 #include "app/UnseenRows.h"
 
+#include <algorithm>
+
 #include "app/frmController.h"
 
 namespace clb {
@@ -12,11 +14,32 @@ void UnseenRows::Connect()
 
 bool UnseenRows::IsUnseen(std::size_t row) const
 {
-    if (!rows_.Any() || !window_.View().Definition().transactions)
+    if (imports_.empty() || !window_.View().Definition().transactions)
         return false;
     const std::size_t identity = window_.Grid.Rows().Identity(row);
     return identity != 0 && !seen_.contains(identity) &&
-           rows_.Has(static_cast<std::int64_t>(identity));
+           std::ranges::any_of(imports_, [identity](const Import& import) {
+               return import.rows.Has(static_cast<std::int64_t>(identity));
+           });
+}
+
+void UnseenRows::Add(const NewRows& rows, std::int64_t step)
+{
+    // A row may have the identity of one that is gone.
+    std::erase_if(seen_, [&rows](std::size_t identity) {
+        return rows.Has(static_cast<std::int64_t>(identity));
+    });
+    imports_.push_back({rows, step});
+}
+
+void UnseenRows::Follow()
+{
+    if (imports_.empty())
+        return;
+    const auto newest = window_.Steps().NextToUndo();
+    std::erase_if(imports_, [last = newest ? newest->number : 0](const Import& import) {
+        return import.step > last;
+    });
 }
 
 void UnseenRows::Visit()

@@ -149,6 +149,7 @@ void frmController::ShowHistory() noexcept
         }
         results_.Follow();
         quotes_.Follow();
+        unseen_.Follow();
     });
     Quietly([this] { balances_.Follow(); });
 }

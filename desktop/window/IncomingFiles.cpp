@@ -1,6 +1,7 @@
 #include "desktop/window/IncomingFiles.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <utility>
 
 #include "app/ImportCommand.h"
@@ -14,6 +15,14 @@ namespace clb {
 namespace {
 
 constexpr int kLookAgain = 100;  // milliseconds
+
+std::vector<std::string> PathsOf(const QStringList& files)
+{
+    std::vector<std::string> paths;
+    for (const QString& file : files)
+        paths.push_back(ToUtf8(file));
+    return paths;
+}
 
 }  // namespace
 
@@ -37,15 +46,27 @@ void IncomingFiles::Import()
         return;
     if (CanBegin()) {
         importing_ = true;
-        std::vector<std::string> paths;
-        for (const QString& path : std::exchange(waiting_, {}))
-            paths.push_back(ToUtf8(path));
+        const QStringList files = std::exchange(waiting_, {});
         if (window_.GridAgrees())
-            events_.Run([&] { ImportStatements(controller_, paths); });
+            events_.Run([&] { ImportStatements(controller_, PathsOf(files)); });
+        else
+            events_.Run([&] { OfferAgain(files); });
         importing_ = false;
     }
     if (!waiting_.isEmpty())
         timer_.start(kLookAgain);
+}
+
+/// The row in edit could not be saved.
+void IncomingFiles::OfferAgain(const QStringList& files)
+{
+    QStringList names;
+    for (const QString& file : files)
+        names << QFileInfo(file).fileName();
+    controller_.Results().Say(
+        "Not imported: " + ToUtf8(names.join(QStringLiteral(", "))) +
+            ". The row that you are editing must be completed or discarded first.",
+        {{"Import", [this, files] { Take(files); }}});
 }
 
 bool IncomingFiles::CanBegin() const

@@ -18,11 +18,13 @@ public:
     /// All arguments are borrowed and outlive this.
     IncomingFiles(frmController& controller, MainWindow& window, UserEvents& events);
 
-    /// Takes paths. If the row in edit cannot be saved, they are dropped.
+    /// Takes paths. If the row in edit cannot be saved, the result bar says that nothing was
+    /// imported, and offers to try again.
     void Take(const QStringList& paths);
 
 private:
     void Import();
+    void OfferAgain(const QStringList& files);
     [[nodiscard]] bool CanBegin() const;
 
     frmController& controller_;

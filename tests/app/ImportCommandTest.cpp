@@ -63,6 +63,16 @@ protected:
         }
         return text;
     }
+    /// Descriptions of the marked rows of the register.
+    std::string Marked()
+    {
+        std::string marked;
+        for (std::size_t row = 1; row <= Window().Grid.Rows().Count(); ++row)
+            if (Window().Grid.IsUnseen(row))
+                marked += (marked.empty() ? "" : " ") +
+                          Window().Grid.CellText(row, Register::Description);
+        return marked;
+    }
     std::string DetailsOf()
     {
         std::string lines;
@@ -135,6 +145,45 @@ TEST_F(ImportCommandTest, TheStatusBarSaysWhatCameInUntilTheBookChanges)
     Window().menus.Find("mnuY_Undo")->Press();
     Window().Settle();
     EXPECT_EQ(Window().notices.Text(), "");
+}
+
+TEST_F(ImportCommandTest, NewRowsAreMarkedUntilTheyWereCurrentOrAreTakenBack)
+{
+    const std::string path = Csv("march.csv", "2006-03-14,Shop,-1.50\n2006-03-15,Work,20.00\n");
+    AnswerAccount("Purse");
+    Import({path});
+    EXPECT_EQ(Marked(), "Work Shop");
+
+    Window().menus.Find("mnuY_Undo")->Press();
+    Window().Settle();
+    books_.Execute(
+        "INSERT INTO Trans (AccountID, PostDate, Description, Amount, [Year], Period, [Sequence]) "
+        "VALUES ('P1', #3/16/2006#, 'By hand', 1, 2006, 3, 9)");
+    Window().View().Refresh();
+    EXPECT_EQ(Marked(), "");
+
+    AnswerAccount("Purse");
+    Import({path});
+    EXPECT_EQ(Marked(), "Work Shop");
+}
+
+TEST_F(ImportCommandTest, TheTreeShowsTheAccountOfTheLatestRow)
+{
+    Window().View().BuildTree();
+    AnswerAccount("Checking");
+    Import({Csv("a.csv", "2006-03-14,Shop,-1.50\n2006-03-15,Work,20.00\n")});
+    Window().window.Focus(Window().Grid);
+    AnswerForm([](Form& form) {
+        FormUser(form).Set("txtDescription", "Savings");
+        FormUser(form).Press("btnOK");
+    });
+    AnswerAccount("Checking");
+
+    Import({Csv("b.csv", "2006-03-01,Early,-1.50\n2006-03-02,Early,2.00\n"),
+            Csv("c.csv", "2006-03-20,Late,-1.50\n2006-03-21,Late,2.00\n")});
+
+    EXPECT_EQ(Window().View().AccountID(), "C1");
+    EXPECT_EQ(Window().TreeView.Node(Window().TreeView.Selected()).text, "Checking");
 }
 
 TEST_F(ImportCommandTest, KnownRowsAreCounted)

@@ -322,7 +322,7 @@ TEST_F(ScreenReaderTest, AnImportedRowIsNewUntilTheUserLeavesIt)
     ClickCell(1, 3);
     NewRows imported;
     imported.AddAfter(Model().Data(), 0);
-    Model().Unseen().Add(imported);
+    Model().Unseen().Add(imported, 0);
     EXPECT_EQ(Line(3), "Row 3, new");
     EXPECT_TRUE(Name(Cell(3, 1)).ends_with(", new")) << Name(Cell(3, 1));
     EXPECT_EQ(Name(Cell(3, 3)), "-4.50");

@@ -147,5 +147,21 @@ TEST_F(IncomingFilesTest, TextsAndAddressesOfTheWebAreNotTaken)
     EXPECT_FALSE(Drop(web));
 }
 
+TEST_F(IncomingFilesTest, ARowThatCannotBeSavedKeepsTheFilesForLater)
+{
+    ClickNode("Checking");
+    ClickCell(1, 3);
+    QTest::keyClicks(&GridWidget(window_), "much");
+
+    Drop({Statement("march.ofx", "C1", "F1")});
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Model().result.Shown(); }));
+    EXPECT_TRUE(Imported().empty());
+    EXPECT_TRUE(Model().result.Text().starts_with("Not imported: march.ofx. "));
+
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    PressResult(Model().result, "Import");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Imported().size() == 1; }));
+}
+
 }  // namespace
 }  // namespace clb
