@@ -18,7 +18,7 @@ public:
     void paint(QPainter* painter, const QRect& place, QIcon::Mode mode,
                QIcon::State state) override;
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override;
-    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state,
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode asked, QIcon::State state,
                          qreal scale) override;
     [[nodiscard]] QIconEngine* clone() const override { return new IconEngine(name_, inMenu_); }
     [[nodiscard]] QString key() const override { return QStringLiteral("ledgerbook"); }
