@@ -84,7 +84,7 @@ TEST_F(ColumnFitTest, AWidthThatTheUserHasSetIsLeftAlone)
 TEST_F(ColumnFitTest, TotalsEndWhereTheirColumnsAreDrawnToEnd)
 {
     const GridView& grid = GridWidget(window_);
-    const auto end = [&grid, this](std::int32_t column) {
+    const auto end = [&grid](std::int32_t column) {
         return grid.x() + grid.Layout().CellRect(1, column).right();
     };
     ClickNode("Net Worth");

@@ -272,7 +272,7 @@ TEST_F(HelpWindowTest, EveryButtonHasANameAndItsKeyInItsTip)
 {
     for (const QToolButton* button :
          window_->findChild<QToolBar*>()->findChildren<QToolButton*>()) {
-        if (!button->defaultAction() || button->objectName() == "qt_toolbar_ext_button")
+        if (button->defaultAction() == nullptr || button->objectName() == "qt_toolbar_ext_button")
             continue;
         EXPECT_FALSE(button->text().isEmpty());
         EXPECT_TRUE(button->toolTip().contains('(')) << ToUtf8(button->text());
